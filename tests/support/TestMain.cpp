@@ -1,0 +1,35 @@
+#include "support/TestMain.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+#include <vector>
+
+namespace quorvane::test {
+namespace {
+
+std::vector<std::function<std::unique_ptr<QObject>()>>& TestClasses() {
+  static std::vector<std::function<std::unique_ptr<QObject>()>> classes;
+  return classes;
+}
+
+}  // namespace
+
+void AddTestClass(std::function<std::unique_ptr<QObject>()> make) {
+  TestClasses().push_back(std::move(make));
+}
+
+}  // namespace quorvane::test
+
+int main(int argc, char** argv) {
+  QCoreApplication app(argc, argv);
+  if (quorvane::test::TestClasses().empty()) {
+    qCritical("no test class is registered");
+    return 1;
+  }
+  int failures = 0;
+  for (const auto& make : quorvane::test::TestClasses()) {
+    failures += QTest::qExec(make().get(), argc, argv);
+  }
+  return failures == 0 ? 0 : 1;
+}

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "core/database/DatabaseError.h"
+#include "core/database/Recordset.h"
+#include "core/database/Value.h"
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace quorvane::database {
+
+class BulkWriter;
+class StatementCache;
+struct Statement;
+
+/// Where the database is and how to log in. Empty members are left to the driver.
+struct ConnectionSettings {
+  QString driver = QStringLiteral("MariaDB Unicode");
+  QString server;
+  int port = 0;
+  QString socket;
+  QString database;
+  QString user;
+  QString password;
+  QString tls_ca;
+  QString tls_certificate;
+  QString tls_key;
+  bool tls_verify = false;
+
+  /// The ODBC connection string; every value is quoted.
+  std::string ConnectionString() const;
+};
+
+/// One ODBC connection to a MySQL-protocol server. Used by one thread. Prepared statements are kept
+/// by their text, so the text of a statement is best a constant.
+///
+/// Outside a Transaction each statement commits by itself.
+class Connection {
+ public:
+  /// Opens the connection; throws DatabaseError.
+  explicit Connection(ConnectionSettings settings);
+  ~Connection();
+  Connection(Connection&&) = delete;
+
+  /// Runs a statement with its values bound to the "?" in order and returns the number of rows it
+  /// changed. Throws DatabaseError.
+  template <class... Values>
+  std::int64_t Execute(std::string_view sql, const Values&... values) {
+    const std::array<Value, sizeof...(Values)> list{Value(values)...};
+    return ExecuteValues(sql, list);
+  }
+  std::int64_t ExecuteValues(std::string_view sql, std::span<const Value> values);
+
+  /// Runs a query. The rows come in the order the server gives them; without "Order By" that is no
+  /// order at all.
+  template <class... Values>
+  Recordset Open(std::string_view sql, const Values&... values) {
+    const std::array<Value, sizeof...(Values)> list{Value(values)...};
+    return OpenValues(sql, list);
+  }
+  Recordset OpenValues(std::string_view sql, std::span<const Value> values);
+
+  /// "Flush Tables". To be sent after a commit, never inside a transaction: it would commit. A
+  /// server that does not grant it is not asked again.
+  void FlushTables();
+
+  /// Drops the prepared statements; to be called after a change of a table's columns.
+  void ForgetStatements();
+
+  /// False once a statement has failed because the connection was lost.
+  bool IsAlive() const;
+
+  /// Opens the connection again when it was lost; does nothing when it is alive.
+  void Reopen();
+
+  bool InTransaction() const { return in_transaction_; }
+  const ConnectionSettings& Settings() const { return settings_; }
+
+ private:
+  friend class Transaction;
+  friend class Recordset;
+  friend class BulkWriter;
+
+  void OpenHandles();
+  void CloseHandles() noexcept;
+  void ConfigureServerSession();
+  void SetAutocommit(bool on);
+  void EndTransaction(bool commit);
+  std::shared_ptr<Statement> Prepare(std::string_view sql);
+  [[noreturn]] void Fail(short handle_type, void* handle, std::string_view sql);
+
+  ConnectionSettings settings_;
+  void* environment_ = nullptr;
+  void* handle_ = nullptr;
+  std::unique_ptr<StatementCache> statements_;
+  bool alive_ = false;
+  bool in_transaction_ = false;
+  bool flush_granted_ = true;
+};
+
+}  // namespace quorvane::database

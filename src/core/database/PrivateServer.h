@@ -1,0 +1,54 @@
+#pragma once
+
+#include "core/database/Connection.h"
+#include "core/platform/FileLock.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace quorvane::database {
+
+/// The program's own MariaDB server over a folder of its own. It listens on a unix socket in a
+/// folder that only this user can enter, and on no network port; a commit is on the disk before it
+/// is reported.
+///
+/// Several programs of one user may share it: the first starts it, the last one to leave stops it.
+/// A server that a crash left behind is found and used again.
+class PrivateServer {
+ public:
+  /// Joins the folder's server; makes the folder and starts the server when need be, which takes
+  /// about a second the first time (`on_first_start` is then called). Throws std::runtime_error
+  /// with the way to the server's log when it does not come up.
+  explicit PrivateServer(const QString& folder,
+                         const std::function<void()>& on_first_start = nullptr);
+  ~PrivateServer();
+  PrivateServer(const PrivateServer&) = delete;
+
+  /// How to reach a database of this server, which is made when it is missing.
+  ConnectionSettings SettingsOf(const QString& database) const;
+
+  /// The server stays up when this object goes, for another client to use.
+  void LeaveRunning() { leave_running_ = true; }
+
+  QString Socket() const { return socket_; }
+  std::int64_t Process() const;
+
+ private:
+  void Initialise();
+  void Start();
+  void WaitUntilReady(std::int64_t process) const;
+  bool Answers() const;
+  void Stop();
+  QString File(const char* name) const;
+  [[noreturn]] void FailWithLog(const QString& what) const;
+
+  QString folder_;
+  QString socket_;
+  std::unique_ptr<platform::FileLock> users_;
+  bool leave_running_ = false;
+};
+
+}  // namespace quorvane::database

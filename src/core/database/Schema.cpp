@@ -1,0 +1,231 @@
+#include "core/database/Schema.h"
+
+#include "core/database/SchemaTables.h"
+#include "core/database/Transaction.h"
+
+#include <QString>
+
+#include <fmt/format.h>
+
+#include <map>
+#include <set>
+#include <utility>
+
+namespace quorvane::database {
+namespace {
+
+constexpr std::string_view kStorage =
+    "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci";
+constexpr std::string_view kRowKey =
+    "RowKey bigint unsigned Not Null Auto_Increment Invisible Primary Key";
+
+constexpr int kDuplicateColumn = 1060;
+constexpr int kDuplicateIndex = 1061;
+
+/// Runs the statements of a set-up and keeps what was refused, so that one refusal does not keep
+/// the rest from being done. A lost connection ends the set-up.
+class SetUp {
+ public:
+  explicit SetUp(Connection& connection) : connection_(connection) {}
+
+  bool Run(const std::string& statement) {
+    try {
+      connection_.Execute(statement);
+      changed_ = true;
+      return true;
+    } catch (const DatabaseError& error) {
+      Skip(statement, error);
+      return false;
+    }
+  }
+
+  /// For a statement whose refusal is expected and answered by another one.
+  bool Try(const std::string& statement) {
+    const std::size_t before = skipped_.size();
+    const bool done = Run(statement);
+    skipped_.resize(before);
+    return done;
+  }
+
+  void Skip(const std::string& statement, const DatabaseError& error) {
+    if (error.IsConnectionLost()) {
+      throw error;
+    }
+    if (error.Native() == kDuplicateColumn || error.Native() == kDuplicateIndex) {
+      return;
+    }
+    skipped_.push_back({statement, error.what()});
+  }
+
+  std::vector<SkippedStatement> Finish() {
+    if (changed_) {
+      connection_.ForgetStatements();
+      connection_.FlushTables();
+    }
+    return std::move(skipped_);
+  }
+
+  Connection& GetConnection() { return connection_; }
+
+ private:
+  Connection& connection_;
+  bool changed_ = false;
+  std::vector<SkippedStatement> skipped_;
+};
+
+using Names = std::set<QString>;
+
+QString Lower(std::string_view name) {
+  return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())).toLower();
+}
+
+Names LowerNames(Connection& connection, std::string_view sql) {
+  Names names;
+  for (const auto& row : connection.Open(sql)) {
+    names.insert(row.Text(std::size_t{0}).toLower());
+  }
+  return names;
+}
+
+Names ExistingTables(Connection& connection) {
+  return LowerNames(connection,
+                    "Select TABLE_NAME From information_schema.TABLES Where TABLE_SCHEMA="
+                    "Database()");
+}
+
+void CreateTable(SetUp& set_up, const TableDefinition& table) {
+  const auto statement = [&](std::string_view more) {
+    return fmt::format("Create Table if not Exists {}({}{}) {}", table.name, table.columns, more,
+                       kStorage);
+  };
+  if (!set_up.Try(statement(fmt::format(", {}", kRowKey)))) {
+    set_up.Run(statement(""));
+  }
+}
+
+/// A lookup table that is empty gets its rows. The locking read makes a second program that starts
+/// at the same time wait, or do its work again and find the rows.
+void Seed(SetUp& set_up, const TableDefinition& table) {
+  const std::string insert = fmt::format("Insert Into {} Values{}", table.name, table.seed_rows);
+  try {
+    InTransaction(set_up.GetConnection(), [&](Transaction& transaction) -> MaybeRefusal {
+      const bool empty =
+          !transaction.Open(fmt::format("Select * From {} Limit 1 For Update", table.name)).Next();
+      if (empty) {
+        transaction.Execute(insert);
+      }
+      return std::nullopt;
+    });
+  } catch (const DatabaseError& error) {
+    set_up.Skip(insert, error);
+  }
+}
+
+using ColumnCounts = std::map<QString, std::size_t>;
+
+/// The columns that a query sees. Read in one statement, because a "Select *" fails when another
+/// program changes the table between its preparation and its run.
+ColumnCounts CountColumns(Connection& connection) {
+  ColumnCounts counts;
+  for (const auto& row : connection.Open(
+           "Select TABLE_NAME,Count(*) From information_schema.COLUMNS Where "
+           "TABLE_SCHEMA=Database() And EXTRA Not Like '%INVISIBLE%' Group By TABLE_NAME")) {
+    counts[row.Text(std::size_t{0}).toLower()] = static_cast<std::size_t>(row.Int(1));
+  }
+  return counts;
+}
+
+void AddRowKeys(SetUp& set_up) {
+  const Names keyed = LowerNames(
+      set_up.GetConnection(),
+      "Select TABLE_NAME From information_schema.COLUMNS Where TABLE_SCHEMA=Database() And "
+      "COLUMN_NAME='RowKey'");
+  for (const TableDefinition& table : Tables()) {
+    if (!keyed.contains(Lower(table.name))) {
+      set_up.Run(fmt::format("Alter Table {} Add {}", table.name, kRowKey));
+    }
+  }
+}
+
+void ConvertStorage(SetUp& set_up) {
+  const Names others = LowerNames(
+      set_up.GetConnection(),
+      "Select TABLE_NAME From information_schema.TABLES Where TABLE_SCHEMA=Database() And "
+      "(Engine<>'InnoDB' Or TABLE_COLLATION Not Like 'utf8mb4%')");
+  for (const TableDefinition& table : Tables()) {
+    if (others.contains(Lower(table.name))) {
+      set_up.Run(
+          fmt::format("Alter Table {} Engine=InnoDB, Convert To Character Set utf8mb4 "
+                      "Collate utf8mb4_general_ci",
+                      table.name));
+    }
+  }
+}
+
+void AddIndexes(SetUp& set_up) {
+  const Names existing =
+      LowerNames(set_up.GetConnection(),
+                 "Select Distinct INDEX_NAME From information_schema.STATISTICS Where "
+                 "TABLE_SCHEMA=Database()");
+  for (const IndexDefinition& index : Indexes()) {
+    if (!existing.contains(Lower(index.name))) {
+      set_up.Run(fmt::format("Create Index {} On {}({})", index.name, index.table, index.columns));
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<SkippedStatement> CreateTables(Connection& connection) {
+  SetUp set_up(connection);
+  const Names existing = ExistingTables(connection);
+  for (const TableDefinition& table : Tables()) {
+    if (!existing.contains(Lower(table.name))) {
+      CreateTable(set_up, table);
+    }
+    if (!table.seed_rows.empty()) {
+      Seed(set_up, table);
+    }
+  }
+  return set_up.Finish();
+}
+
+std::vector<SkippedStatement> UpgradeTables(Connection& connection) {
+  SetUp set_up(connection);
+  ColumnCounts counts = CountColumns(connection);
+  for (const UpgradeStep& step : UpgradeSteps()) {
+    if (counts[Lower(step.table)] < step.below) {
+      set_up.Run(std::string(step.statement));
+      counts = CountColumns(connection);
+    }
+  }
+  return set_up.Finish();
+}
+
+std::vector<SkippedStatement> StrengthenTables(Connection& connection) {
+  SetUp set_up(connection);
+  ConvertStorage(set_up);
+  AddRowKeys(set_up);
+  AddIndexes(set_up);
+  return set_up.Finish();
+}
+
+std::vector<SkippedStatement> PrepareDatabase(Connection& connection) {
+  std::vector<SkippedStatement> skipped = CreateTables(connection);
+  for (const auto step : {UpgradeTables, StrengthenTables}) {
+    for (SkippedStatement& one : step(connection)) {
+      skipped.push_back(std::move(one));
+    }
+  }
+  return skipped;
+}
+
+std::vector<std::string> TableNames() {
+  std::vector<std::string> names;
+  for (const TableDefinition& table : Tables()) {
+    names.emplace_back(table.name);
+  }
+  return names;
+}
+
+}  // namespace quorvane::database

@@ -1,0 +1,137 @@
+#include "core/database/SchemaTables.h"
+
+#include <array>
+
+namespace quorvane::database {
+namespace {
+
+constexpr std::string_view kLotColumns =
+    "Cid int(11), Fyear varchar(10), Id int(11), AcId int(11), ScriptId int(11), Qty Double, "
+    "Rate double";
+
+constexpr std::string_view kMoneyColumns =
+    "Cid Int(11), Fyear varchar(10), Id int(11), BrId int(11), TMode Int(2), Amt Double, "
+    "PDate varchar(10), PMode int(2), ChqNo varchar(100), ChqDate varchar(10), "
+    "DrawOn varchar(255), Remark varchar(255)";
+
+constexpr std::array<TableDefinition, 24> kTables{{
+    {"LoginId", "id int(11), Name varchar(255)", ""},
+    {"LoginPassword", "id int(11), Password varchar(255)", ""},
+    {"ScriptClass", "Id int(11), Name varchar(255)", "(1,'A'),(2,'B'),(3,'C')"},
+    {"ClientInfo",
+     "Id int(11), Code varchar(100), GCode varchar(100), Name varchar(255), Address longtext, "
+     "City varchar(255), State varchar(255), PIN varchar(10), STD varchar(10), "
+     "Phone varchar(100), Mobile varchar(100), Fax varchar(100), EMail varchar(255), "
+     "DOB varchar(10), PAN varchar(10), Sex int(11), MStatus int(11), SignDoc longtext",
+     ""},
+    {"ClientActDet", "CId int(11), id int(11), DMATAC int(11), DPID int(11), ACNo varchar(100)",
+     ""},
+    {"DpIDs", "DepId int(11), id int(11), DPID varchar(100)", ""},
+    {"DepPart",
+     "Id int(11), Name varchar(255), Address longtext, City varchar(255), State varchar(255), "
+     "PIN varchar(11), STD varchar(10), Phone varchar(100), Mobile varchar(100), "
+     "Fax varchar(100), Email varchar(100), Person varchar(255), Designation varchar(255), "
+     "Depository int(11)",
+     ""},
+    {"Broker",
+     "Id int(11), Name varchar(255), Address longtext, City varchar(255), State varchar(255), "
+     "PIN varchar(11), STD varchar(10), Phone varchar(100), Mobile varchar(100), "
+     "Fax varchar(100), Email varchar(100)",
+     ""},
+    {"Script", "Id int(11), Code varchar(255), Name varchar(255), Type int(11), ScrCls int(11)",
+     ""},
+    {"ScriptType", "Id int(11), Type varchar(255)",
+     "(1,'EQUITY'),(2,'BOND'),(3,'DEBENTURE'),(4,'UNIT'),(5,'BSE 500 SHARE')"},
+    {"STTPer", "Id int(11), STTPer Double", "(1,0.000),(2,0.025),(3,0.125),(4,0.017)"},
+    {"Exchange", "Id int(11), ExName varchar(255)", "(1,'NSE'),(2,'BSE')"},
+    {"StkOpBal",
+     "CId Int(11), Fyear varchar(10), Id int(11), ScriptId int(11), Qty Double, Rate Double, "
+     "Total Double, AcId int(11), PDate Varchar(10)",
+     ""},
+    {"BrOpBal", "CId Int(11), Fyear varchar(10), Id int(11), BrId int(11), OpBal Double, Dr int(2)",
+     ""},
+    {"Stock", kLotColumns, ""},
+    {"Stock_Temp", kLotColumns, ""},
+    {"MarketRate", "Fyear varchar(10), Id int(11), MDate varchar(11), ScrId int(11), Rate Double",
+     ""},
+    {"SPMaster",
+     "Cid Int(11), Fyear Varchar(10), ID int(11), BillNo varchar(100), BDate varchar(10), "
+     "BrokId Int(11), ExId int(11), AcId int(11), Tot Double, OthCharge Double, STT Double, "
+     "Total Double",
+     ""},
+    {"SPTrans",
+     "Cid Int(11), Fyear Varchar(10), SID int(11), Id int(11), SP int(2), StkId Int(11), "
+     "ScriptId int(11), Qty Double, Rate Double, Brk double, Net Double, Amt Double, STax Double",
+     ""},
+    {"BrPayment", kMoneyColumns, ""},
+    {"BrRec", kMoneyColumns, ""},
+    {"ScrTransfer",
+     "Cid int(11), Fyear varchar(10), ID int(11), TDate varchar(10), FrmAcId int(11), "
+     "TransTo int(11), ToAcId int(11), ToClientID int(11), StkId int(11), ScrId int(11), "
+     "PRate double, Qty Double",
+     ""},
+    {"TransTaxPer",
+     "Id int(11), FYear varchar(11), Name varchar(100), Percent Double, Ason varchar(100)", ""},
+    {"ScriptAvgRate",
+     "Cid int(11), Fyear varchar(10), AcId int(11), ScriptId int(11), BrkId int(11), "
+     "AvgRate double",
+     ""},
+}};
+
+constexpr std::array<UpgradeStep, 8> kUpgradeSteps{{
+    {"SPTrans", 14, "Alter Table SPTrans Add(FO Int(11) Default 0)"},
+    {"stkOpBal", 10, "Alter Table stkOpBal Add(STax Double Default 0)"},
+    {"sptrans", 15, "Alter Table sptrans Add(STT Double Default 0, STTPer Double Default 0)"},
+    {"script", 6, "Alter Table script Add(NCode varchar(255) Default ' ')"},
+    {"spmaster", 13, "Alter Table spmaster Add TranChg Double Default 0 After STT "},
+    {"spmaster", 14, "Alter Table spmaster Add(SettlNo varchar(100) Default ' ')"},
+    {"sptrans", 17, "Alter Table sptrans Add(DelvType varchar(100) Default 'N.A.')"},
+    {"stkOpBal", 11,
+     "Alter Table stkOpBal Add(Brk Double Default 0,STT Double Default 0,FO Int(11) Default 0)"},
+}};
+
+constexpr std::array<IndexDefinition, 29> kIndexes{{
+    {"ClientInfo", "IxClientInfoId", "Id"},
+    {"ClientInfo", "IxClientInfoCode", "Code"},
+    {"ClientActDet", "IxClientActDetClient", "CId"},
+    {"ClientActDet", "IxClientActDetId", "id"},
+    {"DpIDs", "IxDpIDsParticipant", "DepId"},
+    {"DepPart", "IxDepPartId", "Id"},
+    {"Broker", "IxBrokerId", "Id"},
+    {"Script", "IxScriptId", "Id"},
+    {"Script", "IxScriptCode", "Code"},
+    {"StkOpBal", "IxStkOpBalClient", "CId,Fyear,ScriptId"},
+    {"StkOpBal", "IxStkOpBalId", "Id"},
+    {"BrOpBal", "IxBrOpBalClient", "CId,Fyear"},
+    {"BrOpBal", "IxBrOpBalId", "Id"},
+    {"Stock", "IxStockLot", "Cid,Fyear,AcId,ScriptId"},
+    {"Stock", "IxStockId", "Id"},
+    {"Stock_Temp", "IxStockTempLot", "Cid,Fyear,AcId,ScriptId"},
+    {"Stock_Temp", "IxStockTempId", "Id"},
+    {"MarketRate", "IxMarketRateDate", "Fyear,MDate"},
+    {"MarketRate", "IxMarketRateScrip", "ScrId"},
+    {"MarketRate", "IxMarketRateId", "Id"},
+    {"SPMaster", "IxSPMasterClient", "Cid,Fyear"},
+    {"SPMaster", "IxSPMasterId", "ID"},
+    {"SPMaster", "IxSPMasterBroker", "BrokId"},
+    {"SPTrans", "IxSPTransClient", "Cid,Fyear,ScriptId"},
+    {"SPTrans", "IxSPTransBill", "SID"},
+    {"ScrTransfer", "IxScrTransferClient", "Cid,Fyear"},
+    {"ScrTransfer", "IxScrTransferScrip", "Fyear,ScrId"},
+    {"ScrTransfer", "IxScrTransferId", "ID"},
+    {"ScriptAvgRate", "IxScriptAvgRateAccount", "Cid,Fyear,AcId"},
+}};
+
+}  // namespace
+
+std::span<const TableDefinition> Tables() {
+  return kTables;
+}
+std::span<const UpgradeStep> UpgradeSteps() {
+  return kUpgradeSteps;
+}
+std::span<const IndexDefinition> Indexes() {
+  return kIndexes;
+}
+
+}  // namespace quorvane::database

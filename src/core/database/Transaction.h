@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/database/Connection.h"
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+
+namespace quorvane::database {
+
+/// A unit of work that happens wholly or not at all: what is not committed is rolled back when the
+/// object goes. Everything that writes records takes a Transaction&, so that it cannot be called
+/// outside one. There is at most one at a time a connection.
+class Transaction {
+ public:
+  /// Opens a lost connection again first; throws DatabaseError.
+  explicit Transaction(Connection& connection);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+
+  template <class... Values>
+  std::int64_t Execute(std::string_view sql, const Values&... values) {
+    return connection_.Execute(sql, values...);
+  }
+  template <class... Values>
+  Recordset Open(std::string_view sql, const Values&... values) {
+    return connection_.Open(sql, values...);
+  }
+
+  void Commit();
+  Connection& GetConnection() { return connection_; }
+
+ private:
+  Connection& connection_;
+  bool open_ = true;
+};
+
+/// Runs `work` in a transaction, commits when it returns without a refusal and then sends "Flush
+/// Tables" once; a refusal or an exception rolls back. Work that the server gave up because of
+/// another transaction, or whose connection was lost before the commit, is done again, at most
+/// kAttempts times in all; so `work` changes nothing but the database, and sets what its caller
+/// reads afresh each time.
+MaybeRefusal InTransaction(Connection& connection,
+                           const std::function<MaybeRefusal(Transaction&)>& work);
+
+inline constexpr int kAttempts = 4;
+
+}  // namespace quorvane::database

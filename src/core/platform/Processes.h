@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+namespace quorvane::platform {
+
+/// True while a process of that number lives.
+bool IsRunning(std::int64_t process);
+
+/// Asks a process to end in good order (on POSIX: SIGTERM).
+void AskToEnd(std::int64_t process);
+
+/// True for the superuser, whom some servers refuse to serve unless told to.
+bool IsSuperuser();
+
+/// Makes a folder that nobody but this user can enter, or checks that an existing one is such a
+/// folder; throws std::runtime_error when it belongs to somebody else or cannot be made.
+void MakePrivateFolder(const QString& path);
+
+/// A folder for sockets with a short path, of this user alone.
+QString ShortPrivateFolder(const QString& name);
+
+/// Where an executable lies; empty when it is not installed. Looks into the system's folders for
+/// servers too, which are not on every user's path.
+QString FindProgram(const QString& name);
+
+}  // namespace quorvane::platform

@@ -1,0 +1,219 @@
+#include "core/database/Connection.h"
+#include "core/database/Transaction.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <fmt/format.h>
+
+#include <functional>
+
+using quorvane::database::Connection;
+using quorvane::database::ConnectionSettings;
+using quorvane::database::DatabaseError;
+using quorvane::database::Transaction;
+using quorvane::test::TestDatabase;
+using quorvane::test::TestServer;
+
+namespace {
+
+constexpr std::size_t kFirst = 0;
+
+DatabaseError ErrorOf(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const DatabaseError& error) {
+    return error;
+  }
+  return {"", 0, "no error", ""};
+}
+
+int ConnectionNumber(Connection& connection) {
+  auto rows = connection.Open("Select Connection_Id()");
+  return rows.Next() ? rows.Int(kFirst) : 0;
+}
+
+void Kill(TestDatabase& database, int connection) {
+  Connection(database.Settings()).Execute(fmt::format("Kill {}", connection));
+}
+
+}  // namespace
+
+/// Log-in, errors and lost connections.
+class ConnectionTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void PasswordOfAnyCharactersLogsIn_data() {
+    QTest::addColumn<QString>("password");
+    QTest::newRow("plain") << "secret";
+    QTest::newRow("semicolon") << "a;UID=root;b";
+    QTest::newRow("braces") << "{a}b}c{d";
+    QTest::newRow("ends in a brace") << "abc}";
+    QTest::newRow("equals sign, blanks") << "a = b";
+    QTest::newRow("quotes") << "a'b\"c\\d";
+    QTest::newRow("four-byte") << QString::fromUtf8("pass😀word");
+  }
+
+  void PasswordOfAnyCharactersLogsIn() {
+    QFETCH(QString, password);
+    TestDatabase database(TestDatabase::Tables::kNone);
+    QString quoted = password;
+    quoted.replace(QLatin1String("\\"), QLatin1String("\\\\"));
+    quoted.replace(QLatin1String("'"), QLatin1String("''"));
+    database->Execute("Create Or Replace User clerk@localhost Identified By '" +
+                      quoted.toStdString() + "'");
+    ConnectionSettings settings;
+    settings.socket = database.Settings().socket;
+    settings.user = QStringLiteral("clerk");
+    settings.password = password;
+    Connection connection(settings);
+    auto rows = connection.Open("Select Current_User()");
+    QVERIFY(rows.Next());
+    QCOMPARE(rows.Text(kFirst), QStringLiteral("clerk@localhost"));
+    settings.password += QLatin1Char('x');
+    QCOMPARE(ErrorOf([&] { Connection wrong(settings); }).Native(), 1045);
+  }
+
+  void NoServerIsALostConnection() {
+    ConnectionSettings settings;
+    settings.socket = QStringLiteral("/nowhere/mariadb.sock");
+    settings.password = QStringLiteral("secret-word");
+    const DatabaseError error = ErrorOf([&] { Connection connection(settings); });
+    QVERIFY2(error.IsConnectionLost(), error.what());
+    QVERIFY2(!QString::fromUtf8(error.what()).contains(QLatin1String("secret-word")), error.what());
+  }
+
+  void UnknownDriverSaysSo() {
+    ConnectionSettings settings;
+    settings.driver = QStringLiteral("No Such Driver");
+    const DatabaseError error = ErrorOf([&] { Connection connection(settings); });
+    QVERIFY2(QString::fromUtf8(error.what()).contains(settings.driver), error.what());
+    QVERIFY(!error.IsConnectionLost());
+  }
+
+  void ErrorHasStateNumberTextAndStatement() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    const DatabaseError error = ErrorOf([&] { database->Execute("Delete From Nowhere"); });
+    QCOMPARE(error.State(), std::string("42S02"));
+    QCOMPARE(error.Native(), 1146);
+    const QString text = QString::fromUtf8(error.what());
+    QVERIFY(text.contains(QLatin1String("Nowhere"), Qt::CaseInsensitive));
+    QVERIFY(text.contains(QLatin1String("42S02")));
+    QVERIFY(text.contains(QLatin1String("Delete From Nowhere")));
+    QVERIFY(!error.IsTransient());
+    QVERIFY(!error.IsConnectionLost());
+    QVERIFY(database->IsAlive());
+  }
+
+  void ErrorNeverShowsABoundValue_data() {
+    QTest::addColumn<QString>("sql");
+    QTest::addColumn<QString>("value");
+    const QString secret = QStringLiteral("ABCDE1234F");
+    QTest::newRow("text for a number") << "Insert Into T(Number) Values(?)" << secret;
+    QTest::newRow("text for a double") << "Insert Into T(Real_) Values(?)" << secret;
+    QTest::newRow("text for a date") << "Insert Into T(Day) Values(?)" << secret;
+    QTest::newRow("second of its key") << "Insert Into T(Key_) Values('x'),(?),(?)" << secret;
+    QTest::newRow("quotes inside") << "Insert Into T(Number) Values(?)"
+                                   << QStringLiteral("' for column 'ABCDE1234F' at row 1 'x");
+    QTest::newRow("line break inside")
+        << "Insert Into T(Number) Values(?)" << QStringLiteral("a\nABCDE1234F");
+    QTest::newRow("long text") << "Insert Into T(Number) Values(?)"
+                               << QStringLiteral("ABCDE1234F").repeated(500);
+    QTest::newRow("text too long") << "Insert Into T(Short) Values(?)" << secret;
+    QTest::newRow("not a number in a condition") << "Update T Set Number=1 Where Real_=?" << secret;
+    QTest::newRow("sum out of range") << "Update T Set Real_=1e308*10*Length(?)" << secret;
+    QTest::newRow("unknown table")
+        << "Insert Into T(Short) Select Number From Nowhere Where Short=?" << secret;
+  }
+
+  void ErrorNeverShowsABoundValue() {
+    QFETCH(QString, sql);
+    QFETCH(QString, value);
+    TestDatabase database(TestDatabase::Tables::kNone);
+    database->Execute(
+        "Create Table T(Number int, Real_ double, Day date, Key_ varchar(50) Unique, "
+        "Short varchar(5))");
+    database->Execute("Insert Into T(Number,Real_) Values(0,0)");
+    const std::vector<quorvane::database::Value> values(
+        static_cast<std::size_t>(sql.count(QLatin1Char('?'))), value);
+    const DatabaseError error =
+        ErrorOf([&] { database->ExecuteValues(sql.toStdString(), values); });
+    QVERIFY2(!error.State().empty(), error.what());
+    const QString text = QString::fromUtf8(error.what());
+    QVERIFY2(!text.contains(QLatin1String("ABCDE")), error.what());
+    QVERIFY2(text.contains(sql), error.what());
+  }
+
+  void TextThatDoesNotFitIsRefused() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    database->Execute("Create Table T(Pan varchar(10), Number int)");
+    QCOMPARE(
+        ErrorOf([&] { database->Execute("Insert Into T(Pan) Values(?)", "ABCDE1234FG"); }).Native(),
+        1406);
+    QCOMPARE(ErrorOf([&] {
+               database->Execute("Insert Into T(Number) Values(?)", std::int64_t{1} << 40);
+             }).Native(),
+             1264);
+    QVERIFY(!database->Open("Select * From T").Next());
+  }
+
+  void TextOfExactlyTheColumnsLengthFits() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    database->Execute("Create Table T(Pan varchar(10))");
+    const QString text = QString::fromUtf8("₹😀").repeated(5);
+    QCOMPARE(database->Execute("Insert Into T Values(?)", text), 1);
+    QVERIFY(database->Open("Select * From T Where Pan=?", text).Next());
+  }
+
+  void KilledConnectionIsLostAndReopens() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    Connection& connection = *database;
+    connection.Execute("Create Table T(Id int)");
+    Kill(database, ConnectionNumber(connection));
+    const DatabaseError error = ErrorOf([&] { connection.Execute("Insert Into T Values(?)", 1); });
+    QVERIFY2(error.IsConnectionLost(), error.what());
+    QVERIFY(!connection.IsAlive());
+    connection.Reopen();
+    QVERIFY(connection.IsAlive());
+    QCOMPARE(connection.Execute("Insert Into T Values(?)", 1), 1);
+    auto mode = connection.Open("Select @@sql_mode");
+    QVERIFY(mode.Next());
+    QVERIFY(mode.Text(kFirst).contains(QLatin1String("STRICT_ALL_TABLES")));
+  }
+
+  void AnOpenRecordsetSurvivesTheReopening() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    Connection& connection = *database;
+    auto rows = connection.Open("Select seq From seq_1_to_3 Order By seq");
+    QVERIFY(rows.Next());
+    Kill(database, ConnectionNumber(connection));
+    QVERIFY(ErrorOf([&] { connection.Open("Select 1"); }).IsConnectionLost());
+    connection.Reopen();
+    QCOMPARE(rows.Int(kFirst), 1);
+    QVERIFY(connection.Open("Select 1").Next());
+  }
+
+  void ReopeningAnOpenConnectionKeepsIt() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    const int number = ConnectionNumber(*database);
+    database->Reopen();
+    QCOMPARE(ConnectionNumber(*database), number);
+  }
+
+  void FlushThatIsNotGrantedIsLeftOut() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    database->Execute("Create Or Replace User guest@localhost");
+    ConnectionSettings settings;
+    settings.socket = database.Settings().socket;
+    settings.user = QStringLiteral("guest");
+    Connection connection(settings);
+    connection.FlushTables();
+    connection.FlushTables();
+    QVERIFY(connection.IsAlive());
+  }
+};
+
+static const quorvane::test::RegisterTest<ConnectionTest> kRegistered;
+#include "ConnectionTest.moc"

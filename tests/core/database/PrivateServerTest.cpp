@@ -1,0 +1,268 @@
+#include "core/database/PrivateServer.h"
+#include "core/database/Transaction.h"
+#include "core/platform/Processes.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <stdexcept>
+#include <thread>
+
+using quorvane::database::Connection;
+using quorvane::database::DatabaseError;
+using quorvane::database::PrivateServer;
+using quorvane::database::Transaction;
+using quorvane::platform::IsRunning;
+
+namespace {
+
+constexpr std::size_t kFirst = 0;
+constexpr auto kOwnerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                            QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+
+QString Answer(Connection& connection, std::string_view sql) {
+  auto rows = connection.Open(sql);
+  return rows.Next() ? rows.Text(kFirst) : QStringLiteral("no row");
+}
+
+Connection Connect(const PrivateServer& server) {
+  return Connection(server.SettingsOf(QStringLiteral("quorvane")));
+}
+
+void Crash(const PrivateServer& server) {
+  const std::int64_t process = server.Process();
+  kill(static_cast<pid_t>(process), SIGKILL);
+  while (IsRunning(process)) {
+    QTest::qSleep(5);
+  }
+}
+
+QSet<QString> SocketsOf(std::int64_t process) {
+  QSet<QString> inodes;
+  const QDir descriptors(QStringLiteral("/proc/%1/fd").arg(process));
+  for (const QString& name : descriptors.entryList(QDir::System | QDir::Files)) {
+    const QString target = QFile(descriptors.filePath(name)).symLinkTarget();
+    if (target.contains(QLatin1String("socket:["))) {
+      inodes << target.section(QLatin1Char('['), 1).chopped(1);
+    }
+  }
+  return inodes;
+}
+
+/// The inodes in a table of the system's sockets.
+QSet<QString> InodesOf(const QString& table, int column) {
+  QFile file(QStringLiteral("/proc/net/") + table);
+  QSet<QString> inodes;
+  if (file.open(QIODevice::ReadOnly)) {
+    for (const QByteArray& line : file.readAll().split('\n')) {
+      inodes << QString::fromLatin1(line.simplified().split(' ').value(column));
+    }
+  }
+  return inodes;
+}
+
+}  // namespace
+
+/// The program's own server: reachable by its user only, shared, and safe against crashes.
+class PrivateServerTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() { folder_.emplace(); }
+
+  void cleanup() { folder_.reset(); }
+
+  void OnlyItsUserCanReachIt() {
+    const PrivateServer server(Path());
+    QCOMPARE(QFileInfo(Path()).permissions(), QFile::Permissions(kOwnerOnly));
+    QCOMPARE(QFileInfo(QFileInfo(server.Socket()).path()).permissions(),
+             QFile::Permissions(kOwnerOnly));
+    const QSet<QString> sockets = SocketsOf(server.Process());
+    QVERIFY(sockets.intersects(InodesOf(QStringLiteral("unix"), 6)));
+    for (const char* table : {"tcp", "tcp6", "udp", "udp6"}) {
+      QVERIFY2(!sockets.intersects(InodesOf(QLatin1String(table), 9)), table);
+    }
+  }
+
+  void ACommitIsOnTheDiskBeforeItIsReported() {
+    const PrivateServer server(Path());
+    Connection connection = Connect(server);
+    QCOMPARE(Answer(connection, "Select @@innodb_flush_log_at_trx_commit"), QStringLiteral("1"));
+    QCOMPARE(Answer(connection, "Select @@innodb_doublewrite"), QStringLiteral("1"));
+    QCOMPARE(Answer(connection, "Select @@lower_case_table_names"), QStringLiteral("1"));
+  }
+
+  void TheFolderIsMadeOnceOnly() {
+    int first_starts = 0;
+    const auto count = [&] { ++first_starts; };
+    {
+      const PrivateServer server(Path(), count);
+      Connect(server).Execute("Create Table T(Id int)");
+      QCOMPARE(first_starts, 1);
+    }
+    const PrivateServer server(Path(), count);
+    QCOMPARE(first_starts, 1);
+    Connection connection = Connect(server);
+    QCOMPARE(Answer(connection, "Select Count(*) From T"), QStringLiteral("0"));
+  }
+
+  void AFirstStartThatWasBrokenOffIsBegunAgain() {
+    QVERIFY(QDir().mkpath(Path() + QStringLiteral("/data.new/mysql")));
+    const PrivateServer server(Path());
+    Connection connection = Connect(server);
+    QCOMPARE(Answer(connection, "Select 1"), QStringLiteral("1"));
+  }
+
+  void TheLastToLeaveStopsIt() {
+    auto first = std::make_unique<PrivateServer>(Path());
+    const std::int64_t process = first->Process();
+    QVERIFY(IsRunning(process));
+    auto second = std::make_unique<PrivateServer>(Path());
+    QCOMPARE(second->Process(), process);
+    first.reset();
+    QVERIFY(IsRunning(process));
+    {
+      Connection connection = Connect(*second);
+      QCOMPARE(Answer(connection, "Select 1"), QStringLiteral("1"));
+    }
+    second.reset();
+    QVERIFY(!IsRunning(process));
+    QVERIFY(!QFileInfo::exists(Path() + QStringLiteral("/server.pid")));
+  }
+
+  void ProgramsThatStartAtOnceShareOne() {
+    std::int64_t other_process = 0;
+    std::unique_ptr<PrivateServer> other;
+    std::thread thread([&] { other = std::make_unique<PrivateServer>(Path()); });
+    const PrivateServer server(Path());
+    thread.join();
+    other_process = other->Process();
+    QCOMPARE(other_process, server.Process());
+  }
+
+  void OneThatWasLeftRunningIsFoundAgain() {
+    std::int64_t process = 0;
+    {
+      PrivateServer server(Path());
+      server.LeaveRunning();
+      process = server.Process();
+    }
+    QVERIFY(IsRunning(process));
+    {
+      const PrivateServer server(Path());
+      QCOMPARE(server.Process(), process);
+    }
+    QVERIFY(!IsRunning(process));
+  }
+
+  void AfterACrashWhatWasCommittedIsThereAndNothingElse() {
+    const PrivateServer server(Path());
+    Connection connection = Connect(server);
+    connection.Execute("Create Table T(Id int) Engine=InnoDB");
+    {
+      Transaction transaction(connection);
+      transaction.Execute("Insert Into T Select seq From seq_1_to_1000");
+      transaction.Commit();
+    }
+    const auto crash_in_transaction = [&] {
+      Transaction transaction(connection);
+      transaction.Execute("Insert Into T Select seq From seq_2000_to_2999");
+      Crash(server);
+      transaction.Execute("Insert Into T Values(?)", 5000);
+    };
+    try {
+      crash_in_transaction();
+      QFAIL("the crash went unnoticed");
+    } catch (const DatabaseError& error) {
+      QVERIFY2(error.IsConnectionLost(), error.what());
+    }
+    QVERIFY(!connection.IsAlive());
+    QVERIFY_EXCEPTION_THROWN(connection.Reopen(), DatabaseError);
+
+    const PrivateServer next_program(Path());
+    connection.Reopen();
+    QCOMPARE(Answer(connection, "Select Count(*) From T"), QStringLiteral("1000"));
+    QCOMPARE(Answer(connection, "Select Max(Id) From T"), QStringLiteral("1000"));
+  }
+
+  /// After a crash the number in the file may be that of any program.
+  void LeavingACrashedServerEndsNoOtherProgram() {
+    QProcess bystander;
+    bystander.start(QStringLiteral("sleep"), {QStringLiteral("60")});
+    QVERIFY(bystander.waitForStarted());
+    {
+      const PrivateServer server(Path());
+      Crash(server);
+      QFile file(Path() + QStringLiteral("/server.pid"));
+      QVERIFY(file.open(QIODevice::WriteOnly));
+      file.write(QByteArray::number(bystander.processId()));
+    }
+    QVERIFY(!bystander.waitForFinished(300));
+    {
+      const PrivateServer server(Path());
+      QVERIFY(server.Process() != bystander.processId());
+    }
+    QVERIFY(!bystander.waitForFinished(300));
+    bystander.kill();
+    bystander.waitForFinished();
+  }
+
+  void AnyFolderWillDo_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("longer than a socket's path may be") << QString(150, QLatin1Char('d'));
+    QTest::newRow("blanks, quotes, other letters") << QString::fromUtf8("O'Brien \"& ₹\" Söhne");
+  }
+
+  void AnyFolderWillDo() {
+    QFETCH(QString, name);
+    const QString folder = folder_->path() + QLatin1Char('/') + name;
+    QDir socket_folder;
+    {
+      const PrivateServer server(folder);
+      QVERIFY(QFile::encodeName(server.Socket()).size() < 108);
+      socket_folder.setPath(QFileInfo(server.Socket()).path());
+      QCOMPARE(QFileInfo(socket_folder.path()).permissions(), QFile::Permissions(kOwnerOnly));
+      Connection connection = Connect(server);
+      QCOMPARE(Answer(connection, "Select @@datadir"), folder + QStringLiteral("/data/"));
+    }
+    QVERIFY(socket_folder.removeRecursively());
+  }
+
+  void AServerThatDoesNotComeUpNamesItsLog() {
+    QVERIFY(QDir().mkpath(Path() + QStringLiteral("/data")));
+    try {
+      const PrivateServer server(Path());
+      QFAIL("came up without data");
+    } catch (const std::runtime_error& error) {
+      const QString log = Path() + QStringLiteral("/server.log");
+      QVERIFY2(QString::fromUtf8(error.what()).contains(log), error.what());
+      QVERIFY(QFileInfo(log).size() > 0);
+    }
+  }
+
+  void AFolderThatCannotBeMadeIsNamed() {
+    QFile file(Path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    try {
+      const PrivateServer server(Path());
+      QFAIL("made a folder of a file");
+    } catch (const std::runtime_error& error) {
+      QVERIFY2(QString::fromUtf8(error.what()).contains(Path()), error.what());
+    }
+  }
+
+ private:
+  QString Path() const { return folder_->path() + QStringLiteral("/database"); }
+
+  std::optional<QTemporaryDir> folder_;
+};
+
+static const quorvane::test::RegisterTest<PrivateServerTest> kRegistered;
+#include "PrivateServerTest.moc"

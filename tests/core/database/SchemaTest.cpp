@@ -1,0 +1,402 @@
+#include "core/database/Connection.h"
+#include "core/database/Schema.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <fmt/format.h>
+
+#include <array>
+#include <barrier>
+#include <thread>
+
+using quorvane::database::Connection;
+using quorvane::database::ConnectionSettings;
+using quorvane::database::PrepareDatabase;
+using quorvane::database::SkippedStatement;
+using quorvane::database::TableNames;
+using quorvane::test::TestDatabase;
+
+namespace {
+
+constexpr std::size_t kFirst = 0;
+
+struct ExpectedTable {
+  const char* name;
+  const char* columns;
+};
+
+const char* const kLot =
+    "Cid int(11), Fyear varchar(10), Id int(11), AcId int(11), ScriptId int(11), Qty double, "
+    "Rate double";
+const char* const kMoney =
+    "Cid int(11), Fyear varchar(10), Id int(11), BrId int(11), TMode int(2), Amt double, "
+    "PDate varchar(10), PMode int(2), ChqNo varchar(100), ChqDate varchar(10), "
+    "DrawOn varchar(255), Remark varchar(255)";
+const char* const kOpening =
+    "CId int(11), Fyear varchar(10), Id int(11), ScriptId int(11), Qty double, Rate double, "
+    "Total double, AcId int(11), PDate varchar(10), STax double = 0, Brk double = 0, "
+    "STT double = 0, FO int(11) = 0";
+const char* const kBills =
+    "Cid int(11), Fyear varchar(10), ID int(11), BillNo varchar(100), BDate varchar(10), "
+    "BrokId int(11), ExId int(11), AcId int(11), Tot double, OthCharge double, STT double, "
+    "TranChg double = 0, Total double, SettlNo varchar(100) = ' '";
+const char* const kLines =
+    "Cid int(11), Fyear varchar(10), SID int(11), Id int(11), SP int(2), StkId int(11), "
+    "ScriptId int(11), Qty double, Rate double, Brk double, Net double, Amt double, STax double, "
+    "FO int(11) = 0, STT double = 0, STTPer double = 0, DelvType varchar(100) = 'N.A.'";
+const char* const kScrips =
+    "Id int(11), Code varchar(255), Name varchar(255), Type int(11), ScrCls int(11), "
+    "NCode varchar(255) = ' '";
+
+const std::array<ExpectedTable, 24> kExpected{{
+    {"LoginId", "id int(11), Name varchar(255)"},
+    {"LoginPassword", "id int(11), Password varchar(255)"},
+    {"ScriptClass", "Id int(11), Name varchar(255)"},
+    {"ClientInfo",
+     "Id int(11), Code varchar(100), GCode varchar(100), Name varchar(255), Address longtext, "
+     "City varchar(255), State varchar(255), PIN varchar(10), STD varchar(10), "
+     "Phone varchar(100), Mobile varchar(100), Fax varchar(100), EMail varchar(255), "
+     "DOB varchar(10), PAN varchar(10), Sex int(11), MStatus int(11), SignDoc longtext"},
+    {"ClientActDet", "CId int(11), id int(11), DMATAC int(11), DPID int(11), ACNo varchar(100)"},
+    {"DpIDs", "DepId int(11), id int(11), DPID varchar(100)"},
+    {"DepPart",
+     "Id int(11), Name varchar(255), Address longtext, City varchar(255), State varchar(255), "
+     "PIN varchar(11), STD varchar(10), Phone varchar(100), Mobile varchar(100), "
+     "Fax varchar(100), Email varchar(100), Person varchar(255), Designation varchar(255), "
+     "Depository int(11)"},
+    {"Broker",
+     "Id int(11), Name varchar(255), Address longtext, City varchar(255), State varchar(255), "
+     "PIN varchar(11), STD varchar(10), Phone varchar(100), Mobile varchar(100), "
+     "Fax varchar(100), Email varchar(100)"},
+    {"Script", kScrips},
+    {"ScriptType", "Id int(11), Type varchar(255)"},
+    {"STTPer", "Id int(11), STTPer double"},
+    {"Exchange", "Id int(11), ExName varchar(255)"},
+    {"StkOpBal", kOpening},
+    {"BrOpBal",
+     "CId int(11), Fyear varchar(10), Id int(11), BrId int(11), OpBal double, Dr int(2)"},
+    {"Stock", kLot},
+    {"Stock_Temp", kLot},
+    {"MarketRate", "Fyear varchar(10), Id int(11), MDate varchar(11), ScrId int(11), Rate double"},
+    {"SPMaster", kBills},
+    {"SPTrans", kLines},
+    {"BrPayment", kMoney},
+    {"BrRec", kMoney},
+    {"ScrTransfer",
+     "Cid int(11), Fyear varchar(10), ID int(11), TDate varchar(10), FrmAcId int(11), "
+     "TransTo int(11), ToAcId int(11), ToClientID int(11), StkId int(11), ScrId int(11), "
+     "PRate double, Qty double"},
+    {"TransTaxPer",
+     "Id int(11), FYear varchar(11), Name varchar(100), Percent double, Ason varchar(100)"},
+    {"ScriptAvgRate",
+     "Cid int(11), Fyear varchar(10), AcId int(11), ScriptId int(11), BrkId int(11), "
+     "AvgRate double"},
+}};
+
+/// The columns that a query sees, with their defaults.
+QString ColumnsOf(Connection& connection, const QString& table) {
+  QStringList columns;
+  for (const auto& row : connection.Open(
+           "Select COLUMN_NAME,COLUMN_TYPE,COLUMN_DEFAULT From information_schema.COLUMNS Where "
+           "TABLE_SCHEMA=Database() And TABLE_NAME=? And EXTRA Not Like '%INVISIBLE%' "
+           "Order By ORDINAL_POSITION",
+           table.toLower())) {
+    QString column = row.Text(kFirst) + QLatin1Char(' ') + row.Text(1);
+    if (!row.IsNull(2) && row.Text(2) != QLatin1String("NULL")) {
+      column += QStringLiteral(" = ") + row.Text(2);
+    }
+    columns << column;
+  }
+  return columns.join(QStringLiteral(", "));
+}
+
+/// Every row as "value|value|...", NULL as "-".
+QStringList RowsOf(Connection& connection, const std::string& query) {
+  QStringList lines;
+  auto rows = connection.Open(query);
+  while (rows.Next()) {
+    QStringList values;
+    for (std::size_t i = 0; i < rows.ColumnCount(); ++i) {
+      values << (rows.IsNull(i) ? QStringLiteral("-") : rows.Text(i));
+    }
+    lines << values.join(QLatin1Char('|'));
+  }
+  return lines;
+}
+
+QStringList EverythingIn(Connection& connection) {
+  QStringList all;
+  for (const std::string& table : TableNames()) {
+    all << RowsOf(connection, "Show Create Table " + table)
+        << RowsOf(connection, "Select *,RowKey From " + table);
+  }
+  return all;
+}
+
+QString Told(const std::vector<SkippedStatement>& skipped) {
+  QStringList lines;
+  for (const SkippedStatement& one : skipped) {
+    lines << QString::fromStdString(one.statement + ": " + one.reason);
+  }
+  return lines.join(QLatin1Char('\n'));
+}
+
+}  // namespace
+
+/// The tables as every other part of the program finds them, however the database came about.
+class SchemaTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void TablesAreCreatedInTheirOrder() {
+    const std::vector<std::string> names = TableNames();
+    QCOMPARE(names.size(), kExpected.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      QCOMPARE(QString::fromStdString(names[i]), QLatin1String(kExpected[i].name));
+    }
+  }
+
+  void NewDatabaseHasExactlyTheKnownColumns() {
+    TestDatabase database;
+    QCOMPARE(RowsOf(*database, "Show Tables").size(), static_cast<qsizetype>(kExpected.size()));
+    for (const ExpectedTable& table : kExpected) {
+      QCOMPARE(ColumnsOf(*database, QLatin1String(table.name)), QLatin1String(table.columns));
+    }
+  }
+
+  void QueriesSeeTheColumnsInTheirOrder() {
+    TestDatabase database;
+    for (const ExpectedTable& table : kExpected) {
+      auto rows = database->Open(fmt::format("Select * From {}", table.name));
+      const QStringList columns = QString::fromLatin1(table.columns).split(QStringLiteral(", "));
+      QCOMPARE(rows.ColumnCount(), static_cast<std::size_t>(columns.size()));
+      for (qsizetype i = 0; i < columns.size(); ++i) {
+        const QString name = columns[i].section(QLatin1Char(' '), 0, 0);
+        QCOMPARE(rows.Column(name.toStdString()), static_cast<std::size_t>(i));
+      }
+    }
+  }
+
+  void TableNamesAreTheSameInAnyCase() {
+    TestDatabase database;
+    for (const char* name : {"TranstaxPer", "sptrans", "SPTRANS", "stkOpBal", "dpids"}) {
+      QVERIFY(!database->Open(fmt::format("Select * From {}", name)).Next());
+    }
+  }
+
+  void EveryTableIsTransactionalAndHasAKey() {
+    TestDatabase database;
+    QCOMPARE(RowsOf(*database,
+                    "Select Count(*) From information_schema.TABLES Where "
+                    "TABLE_SCHEMA=Database() And Engine='InnoDB' And TABLE_COLLATION="
+                    "'utf8mb4_general_ci'"),
+             QStringList{QStringLiteral("24")});
+    QCOMPARE(RowsOf(*database,
+                    "Select Count(*) From information_schema.STATISTICS Where "
+                    "TABLE_SCHEMA=Database() And INDEX_NAME='PRIMARY' And COLUMN_NAME='RowKey'"),
+             QStringList{QStringLiteral("24")});
+  }
+
+  void LookupTablesHoldTheirFirstRows_data() {
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QStringList>("rows");
+    QTest::newRow("types") << "ScriptType"
+                           << QStringList{"1|EQUITY", "2|BOND", "3|DEBENTURE", "4|UNIT",
+                                          "5|BSE 500 SHARE"};
+    QTest::newRow("classes") << "ScriptClass" << QStringList{"1|A", "2|B", "3|C"};
+    QTest::newRow("exchanges") << "Exchange" << QStringList{"1|NSE", "2|BSE"};
+    QTest::newRow("STT") << "STTPer" << QStringList{"1|0", "2|0.025", "3|0.125", "4|0.017"};
+  }
+
+  void LookupTablesHoldTheirFirstRows() {
+    QFETCH(QString, table);
+    QFETCH(QStringList, rows);
+    TestDatabase database;
+    const std::string select = "Select * From " + table.toStdString() + " Order By Id";
+    QCOMPARE(RowsOf(*database, select), rows);
+
+    database->Execute("Delete From " + table.toStdString());
+    QCOMPARE(Told(PrepareDatabase(*database)), QString());
+    QCOMPARE(RowsOf(*database, select), rows);
+
+    database->Execute("Delete From " + table.toStdString() + " Where Id<>2");
+    QCOMPARE(Told(PrepareDatabase(*database)), QString());
+    QCOMPARE(RowsOf(*database, select), QStringList{rows.at(1)});
+  }
+
+  void NoOtherTableHoldsRows() {
+    TestDatabase database;
+    for (const ExpectedTable& table : kExpected) {
+      const QString name = QLatin1String(table.name);
+      if (name != QLatin1String("ScriptType") && name != QLatin1String("ScriptClass") &&
+          name != QLatin1String("Exchange") && name != QLatin1String("STTPer")) {
+        QVERIFY(!database->Open(fmt::format("Select * From {}", table.name)).Next());
+      }
+    }
+  }
+
+  void StartingTwiceChangesNothing() {
+    TestDatabase database;
+    database->Execute("Insert Into SPTrans(Id,DelvType) Values(1,'Delivery')");
+    database->Execute("Insert Into Exchange Values(3,'MCX')");
+    const QStringList before = EverythingIn(*database);
+    QCOMPARE(Told(PrepareDatabase(*database)), QString());
+    QCOMPARE(EverythingIn(*database), before);
+  }
+
+  void OldTablesGetTheMissingColumnsAndKeepTheirRows_data() {
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("columns");
+    QTest::addColumn<QString>("old_row");
+    QTest::addColumn<QString>("new_row");
+    QTest::addColumn<QString>("new_columns");
+    const auto first = [](const char* columns, qsizetype count) {
+      QStringList list = QString::fromLatin1(columns).split(QStringLiteral(", ")).mid(0, count);
+      list.replaceInStrings(QStringLiteral(" = "), QStringLiteral(" Default "));
+      return list.join(QLatin1Char(','));
+    };
+    const QString line = QStringLiteral("7,'2011-12',3,4,1,5,6,10,1.5,0.1,1.6,16,0.2");
+    const QString line_read = QStringLiteral("7|2011-12|3|4|1|5|6|10|1.5|0.1|1.6|16|0.2|");
+    QTest::newRow("SPTrans of 13")
+        << "SPTrans" << first(kLines, 13) << line << line_read + "0|0|0|N.A." << kLines;
+    QTest::newRow("SPTrans of 14")
+        << "SPTrans" << first(kLines, 14) << line + ",1" << line_read + "1|0|0|N.A." << kLines;
+    QTest::newRow("SPTrans of 16") << "SPTrans" << first(kLines, 16) << line + ",1,2.5,0.125"
+                                   << line_read + "1|2.5|0.125|N.A." << kLines;
+    QTest::newRow("SPTrans of 17")
+        << "SPTrans" << first(kLines, 17) << line + ",1,2.5,0.125,'Delivery'"
+        << line_read + "1|2.5|0.125|Delivery" << kLines;
+    const QString lot = QStringLiteral("7,'2011-12',3,6,10,1.5,15,9,'01/04/2011'");
+    const QString lot_read = QStringLiteral("7|2011-12|3|6|10|1.5|15|9|01/04/2011|");
+    QTest::newRow("StkOpBal of 9")
+        << "StkOpBal" << first(kOpening, 9) << lot << lot_read + "0|0|0|0" << kOpening;
+    QTest::newRow("StkOpBal of 10")
+        << "StkOpBal" << first(kOpening, 10) << lot + ",0.5" << lot_read + "0.5|0|0|0" << kOpening;
+    QTest::newRow("StkOpBal of 13") << "StkOpBal" << first(kOpening, 13) << lot + ",0.5,1,2,1"
+                                    << lot_read + "0.5|1|2|1" << kOpening;
+    QTest::newRow("Script of 5") << "Script" << first(kScrips, 5) << "1,'500325','RELIANCE',1,1"
+                                 << "1|500325|RELIANCE|1|1| " << kScrips;
+    QTest::newRow("Script of 6") << "Script" << first(kScrips, 6)
+                                 << "1,'500325','RELIANCE',1,1,'RELIANCE'"
+                                 << "1|500325|RELIANCE|1|1|RELIANCE" << kScrips;
+    const QString old_bill = QStringLiteral(
+        "Cid int,Fyear varchar(10),ID int,BillNo varchar(100),BDate varchar(10),BrokId int,"
+        "ExId int,AcId int,Tot double,OthCharge double,STT double,Total double");
+    const QString with_charge = QString(old_bill).replace(
+        QStringLiteral("STT double,"), QStringLiteral("STT double,TranChg double Default 0,"));
+    const QString bill = QStringLiteral("7,'2011-12',3,'B/1','05/04/2011',2,1,9,100,1,2");
+    const QString bill_read = QStringLiteral("7|2011-12|3|B/1|05/04/2011|2|1|9|100|1|2|");
+    QTest::newRow("SPMaster of 12")
+        << "SPMaster" << old_bill << bill + ",103" << bill_read + "0|103| " << kBills;
+    QTest::newRow("SPMaster of 13")
+        << "SPMaster" << with_charge << bill + ",4,107" << bill_read + "4|107| " << kBills;
+    QTest::newRow("SPMaster of 14")
+        << "SPMaster" << with_charge + ",SettlNo varchar(100) Default ' '" << bill + ",4,107,'S-9'"
+        << bill_read + "4|107|S-9" << kBills;
+  }
+
+  void OldTablesGetTheMissingColumnsAndKeepTheirRows() {
+    QFETCH(QString, table);
+    QFETCH(QString, columns);
+    QFETCH(QString, old_row);
+    QFETCH(QString, new_row);
+    QFETCH(QString, new_columns);
+    TestDatabase database(TestDatabase::Tables::kNone);
+    const std::string name = table.toStdString();
+    database->Execute(fmt::format("Create Table {}({}) Engine=MyISAM Default Charset=latin1", name,
+                                  columns.toStdString()));
+    database->Execute(fmt::format("Insert Into {} Values({})", name, old_row.toStdString()));
+    QCOMPARE(Told(PrepareDatabase(*database)), QString());
+    QCOMPARE(RowsOf(*database, "Select * From " + name), QStringList{new_row});
+    QCOMPARE(ColumnsOf(*database, table), new_columns);
+  }
+
+  void TablesOfAnOldReleaseBecomeTransactionalAndTakeAnyCharacter() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    database->Execute(
+        "Create Table Broker(Id int(11), Name varchar(255), Address longtext, City varchar(255), "
+        "State varchar(255), PIN varchar(11), STD varchar(10), Phone varchar(100), "
+        "Mobile varchar(100), Fax varchar(100), Email varchar(100)) Engine=MyISAM "
+        "Default Charset=latin1");
+    database->Execute("Insert Into Broker(Id,Name) Values(2,'Zo\xC3\xAB'),(1,'B'),(3,Null)");
+    QCOMPARE(Told(PrepareDatabase(*database)), QString());
+    QCOMPARE(RowsOf(*database, "Select Id,Name From Broker Order By RowKey"),
+             (QStringList{QString::fromUtf8("2|Zoë"), "1|B", "3|-"}));
+    QCOMPARE(RowsOf(*database,
+                    "Select Engine,TABLE_COLLATION From information_schema.TABLES Where "
+                    "TABLE_SCHEMA=Database() And TABLE_NAME='broker'"),
+             QStringList{"InnoDB|utf8mb4_general_ci"});
+    const QString name = QString::fromUtf8("₹😀");
+    database->Execute("Insert Into Broker(Id,Name) Values(?,?)", 4, name);
+    QVERIFY(database->Open("Select Id From Broker Where Name=?", name).Next());
+    for (const ExpectedTable& table : kExpected) {
+      QCOMPARE(ColumnsOf(*database, QLatin1String(table.name)), QLatin1String(table.columns));
+    }
+  }
+
+  void InsertsWithoutColumnNamesSkipTheInvisibleKey() {
+    TestDatabase database;
+    database->Execute("Insert Into Stock_Temp Values(?,?,?,?,?,?,?)", 1, "2011-12", 5, 2, 3, 10,
+                      1.5);
+    database->Execute("Insert Into Stock_Temp Values(1,'2011-12',6,2,3,20,2.5)");
+    database->Execute("Insert Into Stock Select * From Stock_Temp Order By Id");
+    QCOMPARE(RowsOf(*database, "Select * From Stock Order By Id"),
+             (QStringList{"1|2011-12|5|2|3|10|1.5", "1|2011-12|6|2|3|20|2.5"}));
+    QCOMPARE(RowsOf(*database, "Select RowKey From Stock Order By Id"), (QStringList{"1", "2"}));
+  }
+
+  void ProgramsThatStartAtOncePrepareItOnce() {
+    for (int round = 0; round < 3; ++round) {
+      TestDatabase database(TestDatabase::Tables::kNone);
+      constexpr std::size_t kPrograms = 3;
+      std::barrier start(kPrograms);
+      std::array<QString, kPrograms> told;
+      const auto program = [&](std::size_t number) {
+        Connection connection(database.Settings());
+        start.arrive_and_wait();
+        told[number] = Told(PrepareDatabase(connection));
+      };
+      std::vector<std::thread> others;
+      for (std::size_t i = 1; i < kPrograms; ++i) {
+        others.emplace_back(program, i);
+      }
+      program(0);
+      for (std::thread& other : others) {
+        other.join();
+      }
+      QCOMPARE(told[0] + told[1] + told[2], QString());
+      for (const ExpectedTable& table : kExpected) {
+        QCOMPARE(ColumnsOf(*database, QLatin1String(table.name)), QLatin1String(table.columns));
+      }
+      QCOMPARE(RowsOf(*database, "Select Id From ScriptType Order By Id"),
+               (QStringList{"1", "2", "3", "4", "5"}));
+      QCOMPARE(RowsOf(*database, "Select Id From Exchange Order By Id"), (QStringList{"1", "2"}));
+    }
+  }
+
+  void WhatTheServerRefusesIsToldAndTheRestIsDone() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    const std::string name = database.Settings().database.toStdString();
+    database->Execute("Create Or Replace User clerk@localhost");
+    database->Execute(
+        fmt::format("Grant Select,Insert,Update,Delete,Create On {}.* To clerk@localhost", name));
+    ConnectionSettings settings = database.Settings();
+    settings.user = QStringLiteral("clerk");
+    Connection connection(settings);
+    const QString told = Told(PrepareDatabase(connection));
+    QVERIFY2(told.contains(QLatin1String("Alter Table SPTrans Add(FO Int(11) Default 0)")),
+             qPrintable(told));
+    QVERIFY2(!told.contains(QLatin1String("Create Table")), qPrintable(told));
+    QCOMPARE(RowsOf(connection, "Show Tables").size(), qsizetype{24});
+    QCOMPARE(RowsOf(connection, "Select * From Exchange Order By Id"),
+             (QStringList{"1|NSE", "2|BSE"}));
+    // The next start with more rights makes it whole.
+    QCOMPARE(Told(PrepareDatabase(*database)), QString());
+    QCOMPARE(ColumnsOf(*database, QStringLiteral("SPTrans")), QLatin1String(kLines));
+  }
+};
+
+static const quorvane::test::RegisterTest<SchemaTest> kRegistered;
+#include "SchemaTest.moc"

@@ -1,0 +1,276 @@
+#include "core/database/Connection.h"
+#include "core/database/Transaction.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <fmt/format.h>
+
+#include <barrier>
+#include <stdexcept>
+#include <thread>
+
+using quorvane::MaybeRefusal;
+using quorvane::Refusal;
+using quorvane::database::Connection;
+using quorvane::database::DatabaseError;
+using quorvane::database::InTransaction;
+using quorvane::database::kAttempts;
+using quorvane::database::Transaction;
+using quorvane::test::TestDatabase;
+
+namespace {
+
+constexpr std::size_t kFirst = 0;
+
+int NumberOf(Connection& connection, std::string_view sql) {
+  auto rows = connection.Open(sql);
+  return rows.Next() ? rows.Int(kFirst) : -1;
+}
+
+int Count(Connection& connection) {
+  return NumberOf(connection, "Select Count(*) From T");
+}
+
+/// What another program sees.
+int CountElsewhere(const TestDatabase& database) {
+  Connection other(database.Settings());
+  return Count(other);
+}
+
+void KillConnectionOf(const TestDatabase& database, Connection& connection) {
+  const int number = NumberOf(connection, "Select Connection_Id()");
+  Connection(database.Settings()).Execute(fmt::format("Kill {}", number));
+}
+
+}  // namespace
+
+/// A unit of work happens wholly or not at all.
+class TransactionTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    database_.emplace(TestDatabase::Tables::kNone);
+    (*database_)->Execute("Create Table T(Id int Primary Key, Amount double) Engine=InnoDB");
+  }
+
+  void cleanup() { database_.reset(); }
+
+  void CommittedWorkIsSeenByOthersAndNoEarlier() {
+    Transaction transaction(**database_);
+    transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+    QCOMPARE(CountElsewhere(*database_), 0);
+    transaction.Commit();
+    QCOMPARE(CountElsewhere(*database_), 1);
+  }
+
+  void WhatIsNotCommittedIsRolledBack() {
+    {
+      Transaction transaction(**database_);
+      transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+      QCOMPARE(Count(**database_), 1);
+    }
+    QCOMPARE(Count(**database_), 0);
+  }
+
+  void AnExceptionRollsBack() {
+    const auto work = [&] {
+      Transaction transaction(**database_);
+      transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+      throw std::runtime_error("disk full");
+    };
+    QVERIFY_EXCEPTION_THROWN(work(), std::runtime_error);
+    QCOMPARE(CountElsewhere(*database_), 0);
+  }
+
+  void AFailedStatementLeavesTheDecisionToTheCaller() {
+    Transaction transaction(**database_);
+    transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+    QVERIFY_EXCEPTION_THROWN(transaction.Execute("Insert Into T Values(?,?)", 1, 2.5),
+                             DatabaseError);
+    transaction.Commit();
+    QCOMPARE(CountElsewhere(*database_), 1);
+  }
+
+  void ASecondTransactionIsRefusedAndHarmsNotTheFirst() {
+    Transaction transaction(**database_);
+    transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+    QVERIFY_EXCEPTION_THROWN(Transaction second(**database_), std::logic_error);
+    QVERIFY((*database_)->InTransaction());
+    transaction.Commit();
+    QCOMPARE(CountElsewhere(*database_), 1);
+  }
+
+  void OutsideATransactionEachStatementCommits() {
+    for (const bool commit : {true, false}) {
+      {
+        Transaction transaction(**database_);
+        if (commit) {
+          transaction.Commit();
+        }
+      }
+      QVERIFY(!(*database_)->InTransaction());
+      (*database_)->Execute("Insert Into T Values(?,?)", commit ? 1 : 2, 0);
+    }
+    QCOMPARE(CountElsewhere(*database_), 2);
+  }
+
+  void RefusalRollsBackAndIsHandedOn() {
+    const MaybeRefusal refusal =
+        InTransaction(**database_, [](Transaction& transaction) -> MaybeRefusal {
+          transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+          return Refusal{QStringLiteral("Enter Proper Date."), QStringLiteral("txtDate")};
+        });
+    QVERIFY(refusal.has_value());
+    QCOMPARE(refusal->field, QStringLiteral("txtDate"));
+    QCOMPARE(CountElsewhere(*database_), 0);
+  }
+
+  void WorkThatGoesWellRunsOnce() {
+    int runs = 0;
+    QVERIFY(!InTransaction(**database_, [&](Transaction& transaction) -> MaybeRefusal {
+      ++runs;
+      transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+      return std::nullopt;
+    }));
+    QCOMPARE(runs, 1);
+    QCOMPARE(CountElsewhere(*database_), 1);
+  }
+
+  void WorkOfADeadlockIsDoneAgain() {
+    (*database_)->Execute("Insert Into T Values(1,0),(2,0)");
+    std::barrier both_hold_a_row(2);
+    std::array<int, 2> runs{};
+    const auto work = [&](int mine, int theirs, int& count) {
+      Connection connection(database_->Settings());
+      InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+        const char* add = "Update T Set Amount=Amount+1 Where Id=?";
+        transaction.Execute(add, mine);
+        if (++count == 1) {
+          both_hold_a_row.arrive_and_wait();
+        }
+        transaction.Execute(add, theirs);
+        return std::nullopt;
+      });
+    };
+    std::thread other([&] { work(2, 1, runs[1]); });
+    work(1, 2, runs[0]);
+    other.join();
+    QCOMPARE(runs[0] + runs[1], 3);
+    QCOMPARE(NumberOf(**database_, "Select Amount From T Where Id=1"), 2);
+    QCOMPARE(NumberOf(**database_, "Select Amount From T Where Id=2"), 2);
+  }
+
+  void WorkIsGivenUpAfterTheLastAttempt() {
+    int runs = 0;
+    const auto work = [&] {
+      InTransaction(**database_, [&](Transaction& transaction) -> MaybeRefusal {
+        ++runs;
+        transaction.Execute("Insert Into T Values(?,?)", runs, 0);
+        throw DatabaseError("40001", 1213, "Deadlock found", "");
+      });
+    };
+    QVERIFY_EXCEPTION_THROWN(work(), DatabaseError);
+    QCOMPARE(runs, kAttempts);
+    QCOMPARE(CountElsewhere(*database_), 0);
+  }
+
+  void ErrorsOfTheWorkItselfAreNotTriedAgain() {
+    int runs = 0;
+    const auto work = [&] {
+      InTransaction(**database_, [&](Transaction& transaction) -> MaybeRefusal {
+        ++runs;
+        transaction.Execute("Insert Into Nowhere Values(1)");
+        return std::nullopt;
+      });
+    };
+    QVERIFY_EXCEPTION_THROWN(work(), DatabaseError);
+    QCOMPARE(runs, 1);
+  }
+
+  void WorkIsDoneAgainWhenTheConnectionWasKilled_data() {
+    QTest::addColumn<int>("when");
+    QTest::newRow("before the transaction") << 0;
+    QTest::newRow("before the first statement") << 1;
+    QTest::newRow("between two statements") << 2;
+  }
+
+  void WorkIsDoneAgainWhenTheConnectionWasKilled() {
+    QFETCH(int, when);
+    Connection& connection = **database_;
+    int runs = 0;
+    const auto kill_at = [&](int place) {
+      if (place == when && runs <= 1) {
+        KillConnectionOf(*database_, connection);
+      }
+    };
+    kill_at(0);
+    QVERIFY(!InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+      ++runs;
+      kill_at(1);
+      transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+      kill_at(2);
+      transaction.Execute("Insert Into T Values(?,?)", 2, 1.5);
+      return std::nullopt;
+    }));
+    QCOMPARE(runs, when == 0 ? 1 : 2);
+    QCOMPARE(CountElsewhere(*database_), 2);
+    QVERIFY(connection.IsAlive() && !connection.InTransaction());
+  }
+
+  /// Nobody knows whether a commit without an answer happened; doing the work again could record a
+  /// bill twice.
+  void WorkIsNotDoneAgainWhenTheConnectionIsLostAtTheCommit() {
+    Connection& connection = **database_;
+    int runs = 0;
+    const auto work = [&] {
+      InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+        ++runs;
+        transaction.Execute("Insert Into T Values(?,?)", runs, 1.5);
+        KillConnectionOf(*database_, connection);
+        return std::nullopt;
+      });
+    };
+    QVERIFY_EXCEPTION_THROWN(work(), DatabaseError);
+    QCOMPARE(runs, 1);
+    QVERIFY(!connection.InTransaction());
+    QVERIFY(!InTransaction(connection, [](Transaction& transaction) -> MaybeRefusal {
+      transaction.Execute("Insert Into T Values(?,?)", 7, 1.5);
+      return std::nullopt;
+    }));
+    QCOMPARE(NumberOf(connection, "Select Id From T"), 7);
+  }
+
+  void ARecordsetOpenAtTheRollbackDoesNoHarm() {
+    (*database_)->Execute("Insert Into T Select seq,seq From seq_1_to_3000");
+    {
+      Transaction transaction(**database_);
+      auto rows = transaction.Open("Select Id From T Order By Id");
+      QVERIFY(rows.Next());
+      transaction.Execute("Delete From T");
+    }
+    QCOMPARE(Count(**database_), 3000);
+  }
+
+  void AnotherProgramsOpenTransactionDoesNotHoldUpASave() {
+    Connection other(database_->Settings());
+    Transaction reading(other);
+    QCOMPARE(Count(other), 0);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!InTransaction(**database_, [](Transaction& transaction) -> MaybeRefusal {
+      transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
+      return std::nullopt;
+    }));
+    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(Count(other), 0);
+  }
+
+ private:
+  std::optional<TestDatabase> database_;
+};
+
+static const quorvane::test::RegisterTest<TransactionTest> kRegistered;
+#include "TransactionTest.moc"

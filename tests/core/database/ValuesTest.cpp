@@ -1,0 +1,238 @@
+#include "core/database/Connection.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <fmt/format.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+using quorvane::database::Connection;
+using quorvane::database::Recordset;
+using quorvane::test::TestDatabase;
+
+namespace {
+
+constexpr std::size_t kFirst = 0;
+
+}  // namespace
+
+/// What is bound to a statement comes back as it was.
+class ValuesTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() {
+    database_.emplace(TestDatabase::Tables::kNone);
+    Connection& connection = **database_;
+    connection.Execute("Create Table Texts(Id int, Short varchar(255), Wide longtext)");
+    connection.Execute("Create Table Numbers(Id int, Value double, Big bigint)");
+    connection.Execute("Create Table LongTexts(Id int, A longtext, B int, C longtext, D longtext)");
+  }
+
+  void cleanupTestCase() { database_.reset(); }
+
+  void init() {
+    for (const char* table : {"Texts", "Numbers", "LongTexts"}) {
+      (*database_)->Execute(std::string("Delete From ") + table);
+    }
+  }
+
+  void TextComesBackUnchanged_data() {
+    QTest::addColumn<QString>("text");
+    QTest::newRow("single quote") << "O'BRIEN & SONS";
+    QTest::newRow("quotes of all kinds") << "a\"b'c`d''e";
+    QTest::newRow("backslashes") << "C:\\Data\\new\\'x'\\";
+    QTest::newRow("placeholders") << "what? %1 {0} ?";
+    QTest::newRow("empty") << QString(QLatin1String(""));
+    QTest::newRow("blank at the end") << " padded  ";
+    QTest::newRow("two-byte") << QString::fromUtf8("Zoë");
+    QTest::newRow("three-byte") << QString::fromUtf8("₹ 1,00,000 शेयर");
+    QTest::newRow("four-byte") << QString::fromUtf8("📈😀𝒳");
+    QTest::newRow("widest text of a column") << QString::fromUtf8("😀").repeated(255);
+    QTest::newRow("line breaks") << "first\r\nsecond\n\tthird";
+    QTest::newRow("byte 0 inside") << QString(QLatin1String("a\0b", 3));
+  }
+
+  void TextComesBackUnchanged() {
+    QFETCH(QString, text);
+    Connection& connection = **database_;
+    connection.Execute("Insert Into Texts Values(?,?,?)", 1, text, text);
+    Recordset rows = connection.Open("Select Short,Wide From Texts Where Short=?", text);
+    QVERIFY(rows.Next());
+    QCOMPARE(rows.Text("Short"), text);
+    QCOMPARE(rows.Text("Wide"), text);
+    QVERIFY(!rows.IsNull("Short"));
+    QVERIFY(!rows.IsNull("Wide"));
+    QVERIFY(!rows.Next());
+  }
+
+  void NullIsToldFromZeroAndEmptyText() {
+    Connection& connection = **database_;
+    connection.Execute("Insert Into Texts Values(?,?,?)", std::nullopt, std::nullopt, std::nullopt);
+    connection.Execute("Insert Into Texts Values(?,?,?)", 0, "", "");
+    Recordset rows = connection.Open("Select Id,Short,Wide From Texts Order By Id Is Null Desc");
+    QVERIFY(rows.Next());
+    QVERIFY(rows.IsNull("Id") && rows.IsNull("Short") && rows.IsNull("Wide"));
+    QCOMPARE(rows.Int("Id"), 0);
+    QCOMPARE(rows.Text("Short"), QString());
+    QVERIFY(rows.OptionalInt(0) == std::nullopt);
+    QVERIFY(rows.OptionalDouble(0) == std::nullopt);
+    QVERIFY(rows.OptionalText(1) == std::nullopt);
+    QVERIFY(rows.OptionalText(2) == std::nullopt);
+    QVERIFY(rows.Next());
+    QVERIFY(!rows.IsNull("Id") && !rows.IsNull("Short") && !rows.IsNull("Wide"));
+    QVERIFY(rows.OptionalInt(0) == 0);
+    QVERIFY(rows.OptionalText(1) == QString(QLatin1String("")));
+    QVERIFY(rows.OptionalText(2) == QString(QLatin1String("")));
+  }
+
+  void OptionalValuesBindAsValueOrNull() {
+    Connection& connection = **database_;
+    connection.Execute("Insert Into Texts(Id,Short) Values(?,?)", std::optional<int>(),
+                       std::optional<QString>(QStringLiteral("x")));
+    Recordset rows = connection.Open("Select * From Texts");
+    QVERIFY(rows.Next());
+    QVERIFY(rows.IsNull("Id"));
+    QCOMPARE(rows.Text("Short"), QStringLiteral("x"));
+  }
+
+  void TextLongerThanAnyBufferComesBackWhole_data() {
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<int>("repeated");
+    QTest::newRow("one below a piece") << "x" << 16382;
+    QTest::newRow("a piece") << "x" << 16383;
+    QTest::newRow("one above a piece") << "x" << 16384;
+    QTest::newRow("over 64 KiB") << "abc'\\" << 20000;
+    QTest::newRow("characters across pieces") << QString::fromUtf8("x😀") << 50000;
+    QTest::newRow("megabytes") << "0123456789abcdef" << 200000;
+  }
+
+  void TextLongerThanAnyBufferComesBackWhole() {
+    QFETCH(QString, unit);
+    QFETCH(int, repeated);
+    const QString text = unit.repeated(repeated);
+    Connection& connection = **database_;
+    connection.Execute("Insert Into Texts Values(?,?,?)", 1, "before", text);
+    connection.Execute("Insert Into Texts Values(?,?,?)", 2, "after", "short");
+    Recordset rows = connection.Open("Select * From Texts Order By Id");
+    QVERIFY(rows.Next());
+    QVERIFY(rows.Text("Wide") == text);
+    QVERIFY(rows.Next());
+    QCOMPARE(rows.Text("Wide"), QStringLiteral("short"));
+    QCOMPARE(rows.Text("Short"), QStringLiteral("after"));
+  }
+
+  void SeveralLongTextsOfARowKeepTheirPlaces() {
+    const QString a = QString::fromUtf8("₹").repeated(30000);
+    const QString d = QStringLiteral("d").repeated(70000);
+    Connection& connection = **database_;
+    const char* insert = "Insert Into LongTexts Values(?,?,?,?,?)";
+    connection.Execute(insert, 1, a, 11, "", d);
+    connection.Execute(insert, 2, std::nullopt, 12, d, std::nullopt);
+    connection.Execute(insert, 3, "", std::nullopt, std::nullopt, a);
+    Recordset rows = connection.Open("Select * From LongTexts Order By Id");
+    QVERIFY(rows.Next());
+    QVERIFY(rows.Text("A") == a && rows.Text("D") == d);
+    QVERIFY(rows.OptionalText(3) == QString(QLatin1String("")));
+    QCOMPARE(rows.Int("B"), 11);
+    QVERIFY(rows.Next());
+    QVERIFY(rows.IsNull("A") && rows.IsNull("D"));
+    QVERIFY(rows.Text("C") == d);
+    QCOMPARE(rows.Int("B"), 12);
+    QVERIFY(rows.Next());
+    QVERIFY(!rows.IsNull("A") && rows.IsNull("B") && rows.IsNull("C"));
+    QVERIFY(rows.Text("D") == a);
+    QVERIFY(!rows.Next());
+  }
+
+  void DoubleComesBackBitForBit_data() {
+    using Limits = std::numeric_limits<double>;
+    QTest::addColumn<double>("value");
+    QTest::newRow("0.1+0.2") << 0.1 + 0.2;
+    QTest::newRow("a third") << 1.0 / 3;
+    QTest::newRow("1e-300") << 1e-300;
+    QTest::newRow("largest") << Limits::max();
+    QTest::newRow("lowest") << Limits::lowest();
+    QTest::newRow("smallest normal") << Limits::min();
+    QTest::newRow("denormal") << Limits::denorm_min();
+    QTest::newRow("large denormal") << std::nextafter(Limits::min(), 0);
+    QTest::newRow("zero") << 0.0;
+    QTest::newRow("beyond 53 bits") << 9007199254740993.0;
+    QTest::newRow("rate") << 1234.5675;
+    QTest::newRow("next to a rate") << std::nextafter(1234.5675, 2000);
+  }
+
+  void DoubleComesBackBitForBit() {
+    QFETCH(double, value);
+    Connection& connection = **database_;
+    connection.Execute("Insert Into Numbers(Value) Values(?)", value);
+    Recordset rows = connection.Open("Select Value From Numbers Where Value=?", value);
+    QVERIFY(rows.Next());
+    QCOMPARE(std::bit_cast<std::uint64_t>(rows.Double("value")),
+             std::bit_cast<std::uint64_t>(value));
+  }
+
+  /// The server knows one zero only; no sum or comparison can tell the difference.
+  void NegativeZeroComesBackAsZero() {
+    (*database_)->Execute("Insert Into Numbers(Value) Values(?)", -0.0);
+    Recordset rows = (*database_)->Open("Select Value From Numbers Where Value=0");
+    QVERIFY(rows.Next());
+    QVERIFY(rows.OptionalDouble(0) == 0.0);
+  }
+
+  void WholeNumbersComeBackOverTheirWholeRange() {
+    Connection& connection = **database_;
+    for (const std::int64_t value : {std::numeric_limits<std::int64_t>::min(), std::int64_t{-1},
+                                     std::numeric_limits<std::int64_t>::max()}) {
+      connection.Execute("Delete From Numbers");
+      connection.Execute("Insert Into Numbers(Id,Big) Values(?,?)", -7, value);
+      Recordset rows = connection.Open("Select Id,Big From Numbers");
+      QVERIFY(rows.Next());
+      QCOMPARE(rows.Int64(1), value);
+      QCOMPARE(rows.Int("Id"), -7);
+    }
+  }
+
+  void NumbersReadAsTextAndTextAsNumbers() {
+    Connection& connection = **database_;
+    connection.Execute("Insert Into Numbers Values(?,?,?)", 42, 0.125, 7);
+    Recordset rows = connection.Open("Select Id,Value,'12.5',Sum(Id) From Numbers");
+    QVERIFY(rows.Next());
+    QCOMPARE(rows.Text(kFirst), QStringLiteral("42"));
+    QCOMPARE(rows.Text(1), QStringLiteral("0.125"));
+    QCOMPARE(rows.Double(2), 12.5);
+    QCOMPARE(rows.Int(3), 42);
+  }
+
+  void AStatementTakesValuesOfOtherTypesWhenItRunsAgain() {
+    Connection& connection = **database_;
+    const char* insert = "Insert Into Numbers(Value) Values(?)";
+    connection.Execute(insert, 2.5);
+    connection.Execute(insert, std::nullopt);
+    connection.Execute(insert, 3);
+    connection.Execute(insert, "4.25");
+    Recordset rows = connection.Open("Select Count(*),Count(Value),Sum(Value) From Numbers");
+    QVERIFY(rows.Next());
+    QCOMPARE(rows.Int(kFirst), 4);
+    QCOMPARE(rows.Int(1), 3);
+    QCOMPARE(rows.Double(2), 9.75);
+  }
+
+  void ChangedRowsAreCounted() {
+    Connection& connection = **database_;
+    QCOMPARE(connection.Execute("Insert Into Numbers(Id) Values(?),(?),(?)", 1, 2, 2), 3);
+    QCOMPARE(connection.Execute("Delete From Numbers Where Id=?", 2), 2);
+    QCOMPARE(connection.Execute("Delete From Numbers Where Id=?", 2), 0);
+  }
+
+ private:
+  std::optional<TestDatabase> database_;
+};
+
+static const quorvane::test::RegisterTest<ValuesTest> kRegistered;
+#include "ValuesTest.moc"

@@ -1,0 +1,116 @@
+#include "core/app/Folders.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+
+#include <stdexcept>
+#include <utility>
+
+namespace quorvane::app {
+namespace {
+
+constexpr char kUserFolder[] = "/quorvane";
+
+bool IsSeparator(QChar c) {
+  return c == QChar('/') || c == QChar('\\');
+}
+
+QString WithoutEndSeparator(QString path) {
+  while (path.size() > 1 && IsSeparator(path.back())) {
+    path.chop(1);
+  }
+  return path.isEmpty() ? QStringLiteral(".") : path;
+}
+
+QString Join(const QString& folder, const char* name) {
+  const QString file = QString::fromLatin1(name);
+  return IsSeparator(folder.back()) ? folder + file : folder + QChar('/') + file;
+}
+
+QString ScreenIni() {
+#ifdef Q_OS_WIN
+  const QString folder = qEnvironmentVariable("SystemRoot", "C:/Windows") + "/System32";
+#else
+  const QString folder =
+      QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + kUserFolder;
+#endif
+  return Join(folder, "OrvikConfig.INI");
+}
+
+bool CanWriteTo(const QString& folder) {
+  QTemporaryFile probe(folder + QStringLiteral("/quorvane-XXXXXX"));
+  return probe.open();
+}
+
+/// "bin" folders are shared with other programs and are no place for data, even for a user who
+/// could write there.
+bool IsShared(const QString& folder) {
+  const QString name = QDir(folder).dirName();
+  return name == QStringLiteral("bin") || name == QStringLiteral("sbin");
+}
+
+[[noreturn]] void Fail(const QString& path, const QString& reason) {
+  throw std::runtime_error(
+      QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), reason).toStdString());
+}
+
+void CopyWhole(const QString& source, const QString& target) {
+  QFile from(source);
+  if (!from.open(QIODevice::ReadOnly)) {
+    Fail(source, from.errorString());
+  }
+  const QByteArray content = from.readAll();
+  if (from.error() != QFileDevice::NoError) {
+    Fail(source, from.errorString());
+  }
+  if (!QDir().mkpath(QFileInfo(target).absolutePath())) {
+    Fail(target, QStringLiteral("its folder cannot be made"));
+  }
+  QSaveFile to(target);
+  if (!to.open(QIODevice::WriteOnly) || to.write(content) != content.size() || !to.commit()) {
+    Fail(target, to.errorString());
+  }
+}
+
+}  // namespace
+
+Folders Folders::At(QString application_path) {
+  const QString folder = WithoutEndSeparator(std::move(application_path));
+  return {.application = folder,
+          .temporary = folder,
+          .data = Join(folder, "Data"),
+          .documents = Join(folder, "SignDocs"),
+          .market_rate = Join(folder, "MRate"),
+          .database = Join(folder, "database"),
+          .config_file = Join(folder, "Confg.ini"),
+          .screen_ini = ScreenIni()};
+}
+
+QString DefaultApplicationFolder(const QString& program_folder) {
+  if (!IsShared(program_folder) && CanWriteTo(program_folder)) {
+    return WithoutEndSeparator(program_folder);
+  }
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + kUserFolder;
+}
+
+void InstallShippedFiles(const Folders& folders, const QString& shipped_data_folder) {
+  const QDir shipped(shipped_data_folder);
+  if (!shipped.exists()) {
+    Fail(shipped_data_folder, QStringLiteral("the folder of the shipped files is missing"));
+  }
+  QDirIterator files(shipped.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    const QString source = files.next();
+    const QString target = QDir(folders.data).filePath(shipped.relativeFilePath(source));
+    if (!QFileInfo::exists(target)) {
+      CopyWhole(source, target);
+    }
+  }
+}
+
+}  // namespace quorvane::app

@@ -1,0 +1,247 @@
+#include "core/app/Ini.h"
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringDecoder>
+
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+namespace quorvane::app {
+namespace {
+
+constexpr qsizetype kLongestValue = 254;
+constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+
+[[noreturn]] void Fail(const QString& path, const QString& reason) {
+  throw std::runtime_error(QStringLiteral("settings file %1: %2")
+                               .arg(QDir::toNativeSeparators(path), reason)
+                               .toStdString());
+}
+
+/// Settings that an old editor saved in an 8-bit code are not UTF-8.
+QString Decode(const QByteArray& bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8);
+  const QString text = decoder(bytes);
+  return decoder.hasError() ? QString::fromLatin1(bytes) : text;
+}
+
+bool SameName(const QByteArray& bytes, const QString& name) {
+  return Decode(bytes).trimmed().compare(name.trimmed(), Qt::CaseInsensitive) == 0;
+}
+
+bool InQuotes(const QString& value) {
+  return value.size() >= 2 && value.front() == value.back() &&
+         (value.front() == QChar('"') || value.front() == QChar('\''));
+}
+
+QString Unquoted(const QString& value) {
+  return InQuotes(value) ? value.sliced(1, value.size() - 2) : value;
+}
+
+/// Quotes what Read would otherwise not give back.
+QString Quoted(const QString& value) {
+  const bool needed = InQuotes(value) || value != value.trimmed();
+  return needed ? QChar('"') + value + QChar('"') : value;
+}
+
+QString Cut(const QString& value) {
+  return TrimNul(value.left(kLongestValue));
+}
+
+std::optional<QByteArray> SectionName(const QByteArray& line) {
+  const QByteArray text = line.trimmed();
+  if (!text.startsWith('[')) {
+    return std::nullopt;
+  }
+  const qsizetype end = text.indexOf(']');
+  return text.sliced(1, (end < 0 ? text.size() : end) - 1);
+}
+
+/// Length of "key=" with the blanks after it when the line sets the key, else 0.
+qsizetype ValueStart(const QByteArray& line, const QString& key) {
+  const qsizetype equals = line.indexOf('=');
+  const bool sets =
+      equals >= 0 && !line.trimmed().startsWith(';') && SameName(line.left(equals), key);
+  if (!sets) {
+    return 0;
+  }
+  qsizetype start = equals + 1;
+  while (start < line.size() && (line[start] == ' ' || line[start] == '\t')) {
+    ++start;
+  }
+  return start;
+}
+
+/// The lines of a settings file, each without its line end.
+class Lines {
+ public:
+  explicit Lines(const QByteArray& content)
+      : has_mark_(content.startsWith(kByteOrderMark)), line_end_(LineEnd(content)) {
+    const qsizetype start = has_mark_ ? sizeof(kByteOrderMark) - 1 : 0;
+    const QByteArray text = content.sliced(start);
+    lines_ = text.isEmpty() ? QByteArrayList() : text.split('\n');
+    ends_with_line_end_ = !lines_.isEmpty() && lines_.back().isEmpty();
+    if (ends_with_line_end_) {
+      lines_.removeLast();
+    }
+  }
+
+  std::optional<QByteArray> Value(const QString& section, const QString& key) const {
+    const auto [first, end] = Section(section);
+    const qsizetype at = Find(first, end, key);
+    return at < end ? std::optional(lines_[at].sliced(ValueStart(lines_[at], key)).trimmed())
+                    : std::nullopt;
+  }
+
+  void Set(const QString& section, const QString& key, const QByteArray& value) {
+    const auto [first, end] = Section(section);
+    const qsizetype at = Find(first, end, key);
+    if (at < end) {
+      ReplaceValue(lines_[at], ValueStart(lines_[at], key), value);
+      return;
+    }
+    if (first < 0) {
+      Add(lines_.size(), '[' + section.trimmed().toUtf8() + ']');
+    }
+    const qsizetype section_end = first < 0 ? lines_.size() : end;
+    Add(AfterLastText(section_end), key.trimmed().toUtf8() + '=' + value);
+  }
+
+  QByteArray Content() const {
+    QByteArray content = has_mark_ ? QByteArray(kByteOrderMark) : QByteArray();
+    content += lines_.join('\n');
+    return ends_with_line_end_ ? content + '\n' : content;
+  }
+
+ private:
+  static QByteArray LineEnd(const QByteArray& content) {
+    const qsizetype first = content.indexOf('\n');
+    return first > 0 && content[first - 1] == '\r' ? QByteArray("\r") : QByteArray();
+  }
+
+  /// First line after the section's head and the line after its last; {-1, -1} when missing.
+  std::pair<qsizetype, qsizetype> Section(const QString& name) const {
+    qsizetype first = -1;
+    for (qsizetype at = 0; at < lines_.size(); ++at) {
+      const auto found = SectionName(lines_[at]);
+      if (found && first >= 0) {
+        return {first, at};
+      }
+      if (found && SameName(*found, name)) {
+        first = at + 1;
+      }
+    }
+    return {first, first < 0 ? -1 : lines_.size()};
+  }
+
+  qsizetype Find(qsizetype first, qsizetype end, const QString& key) const {
+    qsizetype at = first;
+    while (at < end && ValueStart(lines_[at], key) == 0) {
+      ++at;
+    }
+    return at;
+  }
+
+  static void ReplaceValue(QByteArray& line, qsizetype start, const QByteArray& value) {
+    const bool carriage_return = line.endsWith('\r');
+    line.truncate(start);
+    line += value;
+    if (carriage_return) {
+      line += '\r';
+    }
+  }
+
+  qsizetype AfterLastText(qsizetype end) const {
+    while (end > 0 && lines_[end - 1].trimmed().isEmpty()) {
+      --end;
+    }
+    return end;
+  }
+
+  void Add(qsizetype at, const QByteArray& line) {
+    if (at == lines_.size()) {
+      if (at > 0 && !ends_with_line_end_) {
+        lines_.back() += line_end_;
+      }
+      ends_with_line_end_ = true;
+    }
+    lines_.insert(at, line + line_end_);
+  }
+
+  bool has_mark_;
+  QByteArray line_end_;  ///< what stands before the line feed
+  bool ends_with_line_end_ = false;
+  QByteArrayList lines_;
+};
+
+QByteArray ReadFile(const QString& path) {
+  QFile file(path);
+  if (!file.exists()) {
+    return {};
+  }
+  if (!file.open(QIODevice::ReadOnly)) {
+    Fail(path, file.errorString());
+  }
+  QByteArray content = file.readAll();
+  if (file.error() != QFileDevice::NoError) {
+    Fail(path, file.errorString());
+  }
+  return content;
+}
+
+void WriteFile(const QString& path, const QByteArray& content) {
+  const QString folder = QFileInfo(path).absolutePath();
+  if (!QDir().mkpath(folder)) {
+    Fail(path, QStringLiteral("its folder cannot be made"));
+  }
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
+    Fail(path, file.errorString());
+  }
+}
+
+void CheckWritable(const QString& path, const QString& section, const QString& key,
+                   const QString& value) {
+  const auto breaks_line = [](const QString& text) {
+    return text.contains('\n') || text.contains('\r');
+  };
+  if (breaks_line(section) || breaks_line(key) || breaks_line(value)) {
+    Fail(path, QStringLiteral("a setting cannot hold a line break"));
+  }
+  const QString name = key.trimmed();
+  const bool bad_key =
+      name.isEmpty() || name.contains('=') || name.startsWith('[') || name.startsWith(';');
+  if (bad_key || section.contains(']')) {
+    Fail(path, QStringLiteral("[%1] %2 cannot be a setting's name").arg(section, key));
+  }
+}
+
+}  // namespace
+
+QString TrimNul(const QString& text) {
+  const qsizetype nul = text.indexOf(QChar(u'\0'));
+  return nul < 0 ? text : text.left(nul);
+}
+
+IniFile::IniFile(QString path) : path_(std::move(path)) {}
+
+QString IniFile::Read(const QString& section, const QString& key, const QString& fallback) const {
+  const auto value = Lines(ReadFile(path_)).Value(section, key);
+  return Cut(value ? Unquoted(Decode(*value)) : fallback);
+}
+
+void IniFile::Write(const QString& section, const QString& key, const QString& value) const {
+  const QString text = TrimNul(value);
+  CheckWritable(path_, section, key, text);
+  Lines lines(ReadFile(path_));
+  lines.Set(section, key, Quoted(text).toUtf8());
+  WriteFile(path_, lines.Content());
+}
+
+}  // namespace quorvane::app

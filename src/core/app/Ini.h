@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+namespace quorvane::app {
+
+/// The text before its first NUL character; the whole text when there is none.
+QString TrimNul(const QString& text);
+
+/// A settings file of "[Section]" and "key=value" lines. Sections and keys are the same in capital
+/// and small letters; the first of several equal ones counts. The file is read anew at each call
+/// and may be changed by hand at any time.
+class IniFile {
+ public:
+  explicit IniFile(QString path);
+
+  const QString& Path() const { return path_; }
+
+  /// The value without blanks and one pair of quotes around it, cut at 254 characters and at the
+  /// first NUL; `fallback`, cut in the same way, when file, section or key is missing. Throws
+  /// std::runtime_error when there is a file that cannot be read.
+  QString Read(const QString& section, const QString& key, const QString& fallback = {}) const;
+
+  /// Sets one value so that Read gives it back, and leaves every other line, comment and blank line
+  /// where it is. The file and its folder are made when missing. Either the whole change reaches
+  /// the disk or the file stays as it was. Throws std::runtime_error with the path and the reason.
+  void Write(const QString& section, const QString& key, const QString& value) const;
+
+ private:
+  QString path_;
+};
+
+}  // namespace quorvane::app

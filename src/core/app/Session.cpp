@@ -1,0 +1,49 @@
+#include "core/app/Session.h"
+
+#include "core/app/Ini.h"
+#include "core/database/DatabaseSettings.h"
+
+#include <QDir>
+
+namespace quorvane::app {
+namespace {
+
+const QString kDatabaseName = QStringLiteral("quorvane");
+
+database::ConnectionSettings DatabaseOf(Session& session, const StartUpOptions& options) {
+  const IniFile config(session.folders.config_file);
+  const auto external = database::ReadDatabaseSettings(
+      [&](const QString& key) { return config.Read(QStringLiteral("Database"), key); });
+  if (external) {
+    return *external;
+  }
+  session.server =
+      std::make_unique<database::PrivateServer>(session.folders.database, options.on_first_start);
+  return session.server->SettingsOf(kDatabaseName);
+}
+
+}  // namespace
+
+std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
+  auto session = std::make_unique<Session>();
+  if (options.single_copy) {
+    session->single_copy = SingleCopy::Take(options.application_folder);
+    if (!session->single_copy) {
+      throw AlreadyRunning();
+    }
+  }
+  QDir().mkpath(options.application_folder);
+  session->folders = Folders::At(options.application_folder);
+  if (!options.shipped_data.isEmpty()) {
+    InstallShippedFiles(session->folders, options.shipped_data);
+  }
+  session->connection = std::make_unique<database::Connection>(DatabaseOf(*session, options));
+  session->skipped = database::PrepareDatabase(*session->connection);
+  if (options.screen) {
+    session->screen_factors = SetScreenFactors(IniFile(session->folders.screen_ini),
+                                               options.screen->width, options.screen->height);
+  }
+  return session;
+}
+
+}  // namespace quorvane::app

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "core/Progress.h"
+#include "core/database/Connection.h"
+#include "core/gains/Matching.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorvane::gains {
+
+/// Which lines count: futures and options, the others, or all. Transfers are no futures or options.
+enum class FoChoice : std::uint8_t { kFo, kNonFo, kAll };
+
+struct HistoryQuery {
+  std::optional<ClientId> client;  ///< every client when there is none
+  text::FinancialYear year;
+  Date from;  ///< sales before it use lots up but are not listed
+  Date to;    ///< nothing after it counts
+  FoChoice fo = FoChoice::kAll;
+};
+
+/// What happened to one scrip in one account: lots that came in and what left, in date order.
+/// Purchases of one date: opening lots, bill lines by bill, transfers in; sales of one date: bill
+/// lines by bill, transfers out.
+struct ScripHistory {
+  ClientId client;
+  ScripId scrip;
+  AccountId account;
+  std::span<Purchase> purchases;
+  std::span<const Sale> sales;
+};
+
+/// The movements of a year, read set-wise: one query a table whatever the number of clients.
+class History {
+ public:
+  /// Throws DatabaseError, Cancellation, or std::runtime_error when a bill or a transfer has no
+  /// date that can be read: leaving it out would lose it.
+  History(database::Connection& connection, const HistoryQuery& query, Progress& progress);
+
+  /// Calls `visit` for each client (by code), scrip (by name) and account (by number) that has
+  /// movements, in that order. The spans last as long as the call.
+  void Visit(const std::function<void(const ScripHistory&)>& visit);
+
+  std::size_t LineCount() const { return movements_.size(); }
+
+ private:
+  friend class HistoryReader;
+
+  enum class Kind : std::uint8_t { kOpening, kPurchase, kTransferIn, kSale, kTransferOut };
+
+  struct Movement {
+    std::uint32_t client_rank;
+    std::uint32_t scrip_rank;
+    std::uint32_t account_rank;
+    std::int32_t day;       ///< days since 1970-01-01
+    std::int32_t document;  ///< bill, opening or transfer
+    std::int32_t line;
+    Kind kind;
+    bool fo;
+    double quantity;
+    double lot_rate;
+    double net;
+    double amount;
+    double service_tax;
+    double stt;
+    double brokerage;
+  };
+
+  struct Key {
+    std::uint64_t place;
+    std::uint64_t order;
+    std::uint32_t movement;
+  };
+
+  std::vector<Key> SortedKeys() const;
+  void AddToBuffers(const Movement& movement);
+
+  HistoryQuery query_;
+  std::vector<Movement> movements_;
+  std::vector<int> clients_;  ///< ids by rank
+  std::vector<int> scrips_;
+  std::vector<int> accounts_;
+  std::vector<Purchase> purchases_;
+  std::vector<Sale> sales_;
+};
+
+}  // namespace quorvane::gains

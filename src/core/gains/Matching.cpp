@@ -1,0 +1,228 @@
+#include "core/gains/Matching.h"
+
+#include "core/gains/LotIndex.h"
+#include "core/text/Amounts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace quorvane::gains {
+namespace {
+
+/// Takes binary dust off a quantity: shares have at most six decimals.
+double CleanQuantity(double shares) {
+  constexpr double kMillion = 1e6;
+  constexpr double kLargest = 9e9;
+  if (!(std::abs(shares) < kLargest)) {
+    return shares;
+  }
+  const auto millionths = static_cast<std::int64_t>(shares * kMillion + std::copysign(0.5, shares));
+  return static_cast<double>(millionths) / kMillion;
+}
+
+/// Multiplies before it divides and rounds nothing, so that a cost on a half paisa stays there
+/// until it is rounded once.
+double CostOf(const Purchase& purchase, double shares, ChargeChoice charges) {
+  const double paid =
+      (charges.service_tax ? purchase.service_tax : 0) + (charges.stt ? purchase.stt : 0);
+  const double cost = purchase.net * shares;
+  return paid != 0 && purchase.quantity > 0 ? cost + paid * shares / purchase.quantity : cost;
+}
+
+/// Spreads a whole over parts of a quantity so that the rounded parts add up to it.
+class Spread {
+ public:
+  Spread(double whole, double quantity)
+      : whole_(whole), quantity_(quantity), paise_(text::ToPaise(whole)) {}
+
+  /// The next part in paise, with `open` shares still to come after it.
+  std::int64_t Next(double open) {
+    const std::int64_t upto =
+        open > 0 && paise_ != 0 ? text::ToPaise(whole_ * (quantity_ - open) / quantity_) : paise_;
+    const std::int64_t part = upto - given_;
+    given_ = upto;
+    return part;
+  }
+
+ private:
+  double whole_;
+  double quantity_;
+  std::int64_t paise_;
+  std::int64_t given_ = 0;
+};
+
+/// The moving average of what is held. The ratio cost / shares changes with a purchase only.
+class MovingAverage {
+ public:
+  void Add(double shares, double cost) {
+    if (!(shares > 0)) {
+      return;
+    }
+    const double held_cost = held_ > 0 ? CostOf(held_) : 0;
+    held_ = CleanQuantity(held_ + shares);
+    shares_ = held_;
+    cost_ = held_cost + cost;
+  }
+  void Remove(double shares) { held_ = std::max(0.0, CleanQuantity(held_ - shares)); }
+  double CostOf(double shares) const {
+    return shares == shares_ ? cost_ : cost_ * shares / shares_;
+  }
+
+ private:
+  double held_ = 0;
+  double shares_ = 1;
+  double cost_ = 0;
+};
+
+class Matcher {
+ public:
+  Matcher(std::span<Purchase> purchases, std::span<const Sale> sales, ChargeChoice charges,
+          CostBasis basis, std::vector<Match>& matches)
+      : purchases_(purchases),
+        sales_(sales),
+        charges_(charges),
+        average_wanted_(basis == CostBasis::kAverage),
+        matches_(matches),
+        lots_(purchases) {}
+
+  void MatchSale(std::uint32_t row);
+
+ private:
+  /// A sale while it is being matched.
+  struct OpenSale {
+    const Sale& sale;
+    std::uint32_t row;
+    double open;  ///< shares that are still to be matched
+    Spread amount;
+    Spread stt;
+  };
+
+  void LookAhead(std::uint32_t row) const;
+  void TakeIn(Date until);
+  void UseUp(std::uint32_t lot, OpenSale& sale);
+  std::int64_t CostPaise(std::uint32_t lot, double shares);
+  void Record(OpenSale& open, std::uint32_t lot, double shares, std::int64_t cost);
+
+  std::span<Purchase> purchases_;
+  std::span<const Sale> sales_;
+  ChargeChoice charges_;
+  bool average_wanted_;
+  std::vector<Match>& matches_;
+  LotIndex lots_;
+  MovingAverage average_;
+  std::uint32_t taken_in_ = 0;  ///< purchases that the average knows
+};
+
+/// Adds what came in up to and on a day to the average, less what was already sold ahead of it.
+void Matcher::TakeIn(Date until) {
+  while (taken_in_ < purchases_.size() && purchases_[taken_in_].date <= until) {
+    const Purchase& purchase = purchases_[taken_in_++];
+    average_.Add(purchase.remaining, CostOf(purchase, purchase.remaining, charges_));
+  }
+}
+
+/// A lot that comes in only after the sale is no part of the average and keeps its own cost.
+std::int64_t Matcher::CostPaise(std::uint32_t lot, double shares) {
+  if (!average_wanted_ || lot >= taken_in_) {
+    return text::ToPaise(CostOf(purchases_[lot], shares, charges_));
+  }
+  const std::int64_t cost = text::ToPaise(average_.CostOf(shares));
+  average_.Remove(shares);
+  return cost;
+}
+
+void Matcher::Record(OpenSale& open, std::uint32_t lot, double shares, std::int64_t cost) {
+  const Sale& sale = open.sale;
+  if (!sale.listed) {
+    return;
+  }
+  Match match{.sale = open.row, .purchase = lot, .quantity = shares};
+  match.cost = cost;
+  match.sale_amount = sale.transfer ? cost : open.amount.Next(open.open);
+  match.stt_paid = open.stt.Next(open.open);
+  if (lot != Match::kNoPurchase) {
+    match.kind = Classify(purchases_[lot].date, sale.date);
+    match.gain = sale.transfer ? 0 : match.sale_amount - cost - (charges_.stt ? match.stt_paid : 0);
+  }
+  matches_.push_back(match);
+}
+
+/// Takes what the sale needs, at most what is left.
+void Matcher::UseUp(std::uint32_t lot, OpenSale& sale) {
+  double& remaining = purchases_[lot].remaining;
+  const double taken = CleanQuantity(std::min(sale.open, remaining));
+  remaining = CleanQuantity(remaining - taken);
+  sale.open = CleanQuantity(sale.open - taken);
+  if (taken > 0) {
+    Record(sale, lot, taken, CostPaise(lot, taken));
+  }
+}
+
+/// A sale of a large account touches lots far apart in memory; asked for in time they are there.
+void Matcher::LookAhead(std::uint32_t row) const {
+  constexpr std::uint32_t kLots = 8;
+  constexpr std::uint32_t kRates = 16;
+  if (row + kRates >= sales_.size()) {
+    return;
+  }
+  lots_.Announce(sales_[row + kRates].lot_rate);
+  const std::uint32_t lot = lots_.Guess(sales_[row + kLots].lot_rate);
+  if (lot != LotIndex::kEnd) {
+    __builtin_prefetch(&purchases_[lot]);
+    __builtin_prefetch(&purchases_[lot].remaining);
+  }
+}
+
+void Matcher::MatchSale(std::uint32_t row) {
+  const Sale& sale = sales_[row];
+  LookAhead(row);
+  if (average_wanted_) {
+    TakeIn(sale.date);
+  }
+  const double quantity = CleanQuantity(sale.quantity);
+  OpenSale open{.sale = sale,
+                .row = row,
+                .open = quantity,
+                .amount = Spread(sale.amount, quantity),
+                .stt = Spread(sale.stt, quantity)};
+  std::uint32_t* const head = lots_.Head(sale.lot_rate);
+  while (open.open > 0 && head != nullptr && *head != LotIndex::kEnd) {
+    UseUp(*head, open);
+    if (!(purchases_[*head].remaining > 0)) {
+      *head = lots_.Next(*head);
+    }
+  }
+  if (open.open > 0) {
+    const double rest = std::exchange(open.open, 0);
+    Record(open, Match::kNoPurchase, rest, 0);
+  }
+}
+
+}  // namespace
+
+GainKind Classify(Date purchase, Date sale) {
+  constexpr int kShortestYear = 365;
+  const auto held = (sale - purchase).count();
+  if (held == 0) {
+    return GainKind::kSpeculation;
+  }
+  // The calendar is asked only where leap days matter.
+  const bool within_year =
+      held <= kShortestYear || (held == kShortestYear + 1 && sale <= text::AddYear(purchase));
+  return within_year ? GainKind::kShortTerm : GainKind::kLongTerm;
+}
+
+double UnitCost(const Purchase& purchase, ChargeChoice charges) {
+  return text::Tidy(CostOf(purchase, 1, charges));
+}
+
+void MatchSales(std::span<Purchase> purchases, std::span<const Sale> sales, ChargeChoice charges,
+                CostBasis basis, std::vector<Match>& matches) {
+  Matcher matcher(purchases, sales, charges, basis, matches);
+  for (std::uint32_t row = 0; row < sales.size(); ++row) {
+    matcher.MatchSale(row);
+  }
+}
+
+}  // namespace quorvane::gains

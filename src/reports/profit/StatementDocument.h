@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/lookups/Directory.h"
+#include "reports/document/ReportDocument.h"
+#include "reports/profit/ProfitStatement.h"
+
+#include <span>
+
+namespace quorvane::profit {
+
+/// "Scriptwise Profitability Statement" or "Capital Gain Statement".
+enum class StatementMode : std::uint8_t { kProfit, kCapitalGain };
+
+/// Detail lists purchases beside sales, account by account; summary has a line a sale.
+enum class Layout : std::uint8_t { kDetail, kSummary };
+
+/// One client's statement as a document, from the rows of BuildStatement.
+report::ReportDocument MakeStatementDocument(StatementMode mode, Layout layout,
+                                             const StatementQuery& query, ClientId client,
+                                             std::span<const StatementRow> rows,
+                                             const lookups::Directory& directory);
+
+}  // namespace quorvane::profit

@@ -1,0 +1,81 @@
+#include "transactions/bills/Bill.h"
+
+#include "core/text/Amounts.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace quorvane::bills {
+namespace {
+
+constexpr double kHundred = 100;
+
+double PercentOf(double percents_of_whole) {
+  return text::Tidy(percents_of_whole) / kHundred;
+}
+
+}  // namespace
+
+double DefaultBrokerage(const ChargePercents& percents, double rate) {
+  return PercentOf(rate * percents.brokerage);
+}
+
+double DefaultServiceTax(const ChargePercents& percents, double brokerage, double quantity) {
+  return PercentOf(brokerage * percents.service_tax * quantity);
+}
+
+double DefaultStt(const ChargePercents& percents, double amount) {
+  return PercentOf(amount * percents.stt);
+}
+
+double NetRate(Side side, double rate, double brokerage) {
+  return text::Tidy(side == Side::kPurchase ? rate + brokerage : rate - brokerage);
+}
+
+void ComputeAmount(BillLine& line) {
+  line.net = NetRate(line.side, line.rate, line.brokerage);
+  line.amount = text::RoundAmount(line.net * line.quantity);
+}
+
+QString CaptionText(TotalCaption caption) {
+  return caption == TotalCaption::kPayable
+             ? QCoreApplication::translate("Bills", "Total Payable")
+             : QCoreApplication::translate("Bills", "Total Receivable");
+}
+
+GrandTotal ShowGrandTotal(double total, double sum) {
+  if (total < 0 && sum > 0) {
+    return {-text::RoundAmount(sum), TotalCaption::kPayable};
+  }
+  return {text::RoundAmount(std::abs(sum)), TotalCaption::kReceivable};
+}
+
+TotalCaption SavedCaption(double stored_grand_total) {
+  return stored_grand_total < 0 ? TotalCaption::kPayable : TotalCaption::kReceivable;
+}
+
+BillTotals ComputeTotals(std::span<const BillLine> lines, double other_charges,
+                         double transaction_charges) {
+  double net = 0;
+  double stt = 0;
+  for (const BillLine& line : lines) {
+    if (line.side == Side::kPurchase) {
+      net -= line.amount + line.service_tax;
+      stt -= line.stt;
+    } else {
+      net += line.amount - line.service_tax;
+      stt += line.stt;
+    }
+  }
+  BillTotals totals;
+  totals.total = text::RoundAmount(std::abs(net));
+  totals.stt = text::RoundAmount(std::abs(stt));
+  const GrandTotal grand =
+      ShowGrandTotal(totals.total, totals.total + other_charges + totals.stt + transaction_charges);
+  totals.grand_total = grand.value;
+  totals.caption = grand.caption;
+  return totals;
+}
+
+}  // namespace quorvane::bills

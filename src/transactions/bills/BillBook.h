@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+#include "transactions/bills/Bill.h"
+
+#include <optional>
+#include <vector>
+
+namespace quorvane::bills {
+
+/// The bills of a client and year, and what they do to the holdings ledger. Every save and delete
+/// is one transaction: bill, lines and lots together. One that is refused, or that throws
+/// DatabaseError, changes nothing.
+class BillBook {
+ public:
+  BillBook(database::Connection& connection, const ClientYear& of);
+
+  /// The bills without their lines, by date and then in the order of their numbers as keys.
+  std::vector<Bill> List() const;
+
+  /// A bill with its lines in the order of entry.
+  std::optional<Bill> Load(BillId id) const;
+
+  /// Writes a new bill, or a changed one in place of the old, and posts its lines to the ledger;
+  /// on the scratch table the account's lots are afterwards those of the ledger. Sets the bill's
+  /// id and the lots of its purchases. Refused when a check fails or when a lot would be lowered
+  /// below zero, because its shares were sold or transferred meanwhile.
+  MaybeRefusal Save(Bill& bill);
+
+  /// Takes a bill back. Refused when shares that it brought were sold or transferred.
+  MaybeRefusal Delete(BillId id);
+
+ private:
+  database::Connection& connection_;
+  ClientYear of_;
+};
+
+}  // namespace quorvane::bills

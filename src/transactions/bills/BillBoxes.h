@@ -1,0 +1,60 @@
+#pragma once
+
+#include "transactions/bills/Bill.h"
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+
+namespace quorvane::bills {
+
+/// The entry boxes of a bill and of the line being entered, by their place in the control array
+/// Text1.
+enum class BillBox : std::uint8_t {
+  kNumber = 0,
+  kDate = 1,
+  kBroker = 2,
+  kQuantity = 3,
+  kRate = 4,
+  kBrokerage = 5,
+  kNet = 6,
+  kAmount = 7,
+  kServiceTax = 8,
+  kTotal = 9,
+  kOtherCharges = 10,
+  kStt = 11,
+  kGrandTotal = 12,
+  kLineStt = 13,
+  kTransactionCharges = 14,
+  kSettlementNumber = 15,
+};
+
+inline constexpr std::size_t kBillBoxCount = 16;
+
+/// The texts of the boxes, by BillBox.
+class BillBoxes {
+ public:
+  QString& operator[](BillBox box) { return texts_[static_cast<std::size_t>(box)]; }
+  const QString& operator[](BillBox box) const { return texts_[static_cast<std::size_t>(box)]; }
+
+  /// The number at the start of a box, 0 when there is none.
+  double Number(BillBox box) const;
+
+ private:
+  std::array<QString, kBillBoxCount> texts_;
+};
+
+/// The control's name, as "Text1_3".
+QString ControlName(BillBox box);
+
+/// What leaving a box does: the box is brought into its form (a quantity and the line's amounts
+/// lose their sign, amounts get two decimals), and leaving one of the line's boxes up to the
+/// service tax recomputes net rate and amount. A net rate of 0 is shown as an empty box. The bill's
+/// totals are the caller's to recompute after the charges and STT of the bill.
+void LeaveBox(BillBox box, Side side, BillBoxes& boxes);
+
+/// Net rate and amount from rate, brokerage and quantity; also for use when the side changes.
+void RecomputeLine(Side side, BillBoxes& boxes);
+
+}  // namespace quorvane::bills

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/text/Dates.h"
+#include "transactions/bills/Bill.h"
+
+#include <optional>
+
+namespace quorvane::bills {
+
+/// Each check gives the first rule that is broken, with the control to focus.
+
+/// What a bill needs to be saved: number, date, broker and exchange, then its lines in order.
+MaybeRefusal CheckBill(const Bill& bill);
+
+/// What a bill needs before a line is begun: date and exchange.
+MaybeRefusal CheckBeforeLine(const Bill& bill);
+
+/// What a line needs: a side, a scrip and shares.
+MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, double quantity);
+
+/// The date before a scrip is entered: a day that is not after `today`.
+MaybeRefusal CheckDate(const QString& date, text::Date today);
+
+/// The quantity of a sale against what the balance grid shows for it; not checked while the grid is
+/// empty, which is `balance` none.
+MaybeRefusal CheckSale(Side side, double quantity, std::optional<double> balance);
+
+}  // namespace quorvane::bills

@@ -1,0 +1,65 @@
+#include "transactions/bills/EntryLookups.h"
+
+namespace quorvane::bills {
+namespace {
+
+struct PercentNames {
+  const char* brokerage;
+  const char* stt;
+};
+
+PercentNames NamesOf(Delivery delivery) {
+  return delivery == Delivery::kDeliveryBased
+             ? PercentNames{"Brokerage Delivery Based", "STT Delivery Based"}
+             : PercentNames{"Brokerage Non Delivery Based", "STT Non Delivery Based"};
+}
+
+}  // namespace
+
+QString DeliveryText(Delivery delivery) {
+  return delivery == Delivery::kDeliveryBased ? QStringLiteral("Delivery Based")
+                                              : QStringLiteral("Non Delivery Based");
+}
+
+ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
+                            Delivery delivery) {
+  const PercentNames names = NamesOf(delivery);
+  ChargePercents percents;
+  for (const auto& row : connection.Open(
+           "Select Name,Percent From TransTaxPer Where FYear=? and (Name=? or Name=? or "
+           "Name='Service Tax')",
+           year.Text(), names.brokerage, names.stt)) {
+    const QString name = row.Text(std::size_t{0});
+    double& percent =
+        name.compare(QLatin1String(names.brokerage), Qt::CaseInsensitive) == 0 ? percents.brokerage
+        : name.compare(QLatin1String(names.stt), Qt::CaseInsensitive) == 0     ? percents.stt
+                                                                           : percents.service_tax;
+    percent = row.Double(1);
+  }
+  return percents;
+}
+
+std::optional<double> MarketRateOf(database::Connection& connection, text::FinancialYear year,
+                                   ScripId scrip, const QString& date) {
+  auto rows = connection.Open("Select Rate From MarketRate Where ScrId=? and FYear=? and MDate=?",
+                              scrip, year.Text(), date);
+  return rows.Next() ? rows.OptionalDouble(0) : std::nullopt;
+}
+
+std::optional<ScripFound> FindScripByCode(database::Connection& connection, const QString& code) {
+  const QString wanted = code.trimmed().toUpper();
+  if (wanted.isEmpty()) {
+    return std::nullopt;
+  }
+  auto rows = connection.Open(
+      "Select Id,Code,Name,NCode From Script Where Ucase(Code)=? or Ucase(NCode)=? "
+      "Order By Ucase(Code)=? Desc,Id Limit 1",
+      wanted, wanted, wanted);
+  if (!rows.Next()) {
+    return std::nullopt;
+  }
+  return ScripFound{ScripId{rows.Int(std::size_t{0})}, rows.Text(1), rows.Text(2),
+                    rows.Text(3).trimmed()};
+}
+
+}  // namespace quorvane::bills

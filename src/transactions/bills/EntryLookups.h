@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/database/Connection.h"
+#include "core/text/FinancialYear.h"
+#include "transactions/bills/Bill.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace quorvane::bills {
+
+/// What the entry of a bill line looks up.
+
+enum class Delivery : std::uint8_t { kDeliveryBased, kNonDeliveryBased };
+
+/// "Delivery Based" or "Non Delivery Based": what is shown and stored.
+QString DeliveryText(Delivery delivery);
+
+/// The percentages of a year; one that was not recorded is 0.
+ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
+                            Delivery delivery);
+
+/// The rate in rupees recorded for a scrip and day (dd/mm/yyyy) in a year.
+std::optional<double> MarketRateOf(database::Connection& connection, text::FinancialYear year,
+                                   ScripId scrip, const QString& date);
+
+struct ScripFound {
+  ScripId id;
+  QString code;  ///< at the Bombay exchange
+  QString name;
+  QString ncode;  ///< at the National exchange
+};
+
+/// The scrip of a code at either exchange, whatever the capitals; a code of the Bombay exchange
+/// comes first. An empty code finds nothing.
+std::optional<ScripFound> FindScripByCode(database::Connection& connection, const QString& code);
+
+}  // namespace quorvane::bills

@@ -1,0 +1,58 @@
+#include "transactions/opening_stock/OpeningStock.h"
+
+#include "core/text/Amounts.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace quorvane::opening_stock {
+namespace {
+
+Refusal Refuse(const char* text, const QString& field) {
+  return {QCoreApplication::translate("OpeningStock", text), field};
+}
+
+}  // namespace
+
+double OpeningTotal(double quantity, double rate, double brokerage) {
+  return text::RoundAmount(quantity * text::Tidy(rate + brokerage));
+}
+
+void LeaveBox(OpeningBox box, OpeningBoxes& boxes) {
+  const double number = text::Val(boxes[box]);
+  if (box == OpeningBox::kQuantity) {
+    boxes[box] = text::NumberText(std::abs(number));
+  } else if (box == OpeningBox::kRate || box == OpeningBox::kServiceTax) {
+    boxes[box] = text::FormatAmount(number);
+  }
+  boxes[OpeningBox::kTotal] = text::FormatAmount(OpeningTotal(
+      text::Val(boxes[OpeningBox::kQuantity]), text::Val(boxes[OpeningBox::kRate]), 0));
+}
+
+QString KeepPurchaseDate(const QString& date, text::FinancialYear year) {
+  const auto day = text::ParseDmy(date);
+  return day && *day <= year.LastDay() ? date : QString();
+}
+
+MaybeRefusal CheckOpening(const OpeningLot& lot, text::FinancialYear year) {
+  if (!lot.scrip) {
+    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Select Script Name."),
+                  QStringLiteral("Combo1"));
+  }
+  if (!(lot.quantity > 0)) {
+    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Enter Quantity Greater than Zero."),
+                  QStringLiteral("Text1_0"));
+  }
+  if (!lot.account) {
+    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Select Demat A/c No."),
+                  QStringLiteral("Combo2"));
+  }
+  if (KeepPurchaseDate(lot.purchase_date, year).isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Enter Purchase Date."),
+                  QStringLiteral("Text1_3"));
+  }
+  return std::nullopt;
+}
+
+}  // namespace quorvane::opening_stock

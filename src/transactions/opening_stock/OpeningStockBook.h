@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+#include "core/gains/RemainingLots.h"
+#include "transactions/opening_stock/OpeningStock.h"
+
+#include <span>
+#include <vector>
+
+namespace quorvane::opening_stock {
+
+/// The opening lots of a client and year, each posted into its lot of the holdings ledger. Every
+/// save and delete is one transaction; one that is refused, or that throws DatabaseError, changes
+/// nothing. A change or delete is refused when it would leave a lot below zero because its shares
+/// were sold or transferred.
+class OpeningStockBook {
+ public:
+  OpeningStockBook(database::Connection& connection, const ClientYear& of);
+
+  /// In the order of their ids.
+  std::vector<OpeningLot> List() const;
+
+  /// Writes a new lot, or a changed one in place of the old. Sets its id.
+  MaybeRefusal Save(OpeningLot& lot);
+
+  MaybeRefusal Delete(OpeningId id);
+
+ private:
+  database::Connection& connection_;
+  ClientYear of_;
+};
+
+/// Whether the year before left the client any lots.
+bool HasLotsToCarryForward(database::Connection& connection, const ClientYear& of);
+
+/// Writes what is left of the year before (gains::RemainingLots of the client) as opening lots of
+/// the year, in one transaction. Opening rows that are identical to a carried lot make place for
+/// it, so doing it twice leaves one row a lot; carried lots that are identical to each other all
+/// stay.
+MaybeRefusal CarryForward(database::Connection& connection, const ClientYear& of,
+                          std::span<const gains::RemainingLot> lots);
+
+}  // namespace quorvane::opening_stock

@@ -1,0 +1,66 @@
+#include "transactions/posting/ScratchLots.h"
+
+#include <algorithm>
+
+namespace quorvane::posting {
+namespace {
+
+using database::Transaction;
+using ledger::LotTable;
+
+void Empty(Transaction& transaction, const ClientYear& of) {
+  transaction.Execute("Delete From Stock_Temp Where Cid=? and Fyear=?", of.client, of.year.Text());
+}
+
+}  // namespace
+
+ScratchLots::ScratchLots(database::Connection& connection, const ClientYear& of)
+    : connection_(connection), of_(of) {}
+
+void ScratchLots::Begin(std::optional<AccountId> account) {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
+    CopyToScratch(transaction, of_, account);
+    return MaybeRefusal();
+  });
+}
+
+std::vector<ledger::Lot> ScratchLots::Lots(AccountId account) const {
+  std::vector<ledger::Lot> lots = ledger::ReadLots(connection_, of_, account, LotTable::kStockTemp);
+  std::stable_sort(lots.begin(), lots.end(), [](const ledger::Lot& a, const ledger::Lot& b) {
+    return a.quantity < b.quantity;
+  });
+  return lots;
+}
+
+MaybeRefusal ScratchLots::Change(const std::function<MaybeRefusal(LotSheet&)>& post) {
+  return database::InTransaction(connection_, [&](Transaction& transaction) {
+    LotSheet sheet(transaction, LotTable::kStockTemp);
+    MaybeRefusal refusal = post(sheet);
+    if (!refusal) {
+      sheet.Write();
+    }
+    return refusal;
+  });
+}
+
+void ScratchLots::Clear() {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
+    Empty(transaction, of_);
+    return MaybeRefusal();
+  });
+}
+
+void CopyToScratch(Transaction& transaction, const ClientYear& of,
+                   std::optional<AccountId> account) {
+  Empty(transaction, of);
+  if (account) {
+    transaction.Execute(
+        "Insert Into Stock_Temp Select * From Stock Where Cid=? and Fyear=? and AcId=?", of.client,
+        of.year.Text(), *account);
+  } else {
+    transaction.Execute("Insert Into Stock_Temp Select * From Stock Where Cid=? and Fyear=?",
+                        of.client, of.year.Text());
+  }
+}
+
+}  // namespace quorvane::posting

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/ledger/Ledger.h"
+#include "transactions/posting/LotSheet.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace quorvane::posting {
+
+/// The copy of a client's lots on the scratch table Stock_Temp, on which a record is tried out
+/// while it is edited. The ledger itself is changed only when the record is saved, which posts it
+/// there anew; so another program that works on the scratch table meanwhile cannot spoil holdings.
+class ScratchLots {
+ public:
+  ScratchLots(database::Connection& connection, const ClientYear& of);
+
+  /// Replaces the client's lots of the year there by those of the ledger: of one account, or of
+  /// all when there is none.
+  void Begin(std::optional<AccountId> account);
+
+  /// The account's lots there, smallest quantity first, then by id.
+  std::vector<ledger::Lot> Lots(AccountId account) const;
+
+  /// Lets `post` change the lots there in one transaction; when it refuses, nothing is changed.
+  MaybeRefusal Change(const std::function<MaybeRefusal(LotSheet&)>& post);
+
+  /// Removes the client's lots of the year there.
+  void Clear();
+
+ private:
+  database::Connection& connection_;
+  ClientYear of_;
+};
+
+/// Begin as part of a caller's transaction: what a save leaves on the scratch table.
+void CopyToScratch(database::Transaction& transaction, const ClientYear& of,
+                   std::optional<AccountId> account);
+
+}  // namespace quorvane::posting

@@ -1,0 +1,91 @@
+#include "transactions/transfers/Transfer.h"
+
+#include "core/text/Amounts.h"
+#include "core/text/Dates.h"
+
+#include <QCoreApplication>
+
+namespace quorvane::transfers {
+namespace {
+
+Refusal Refuse(const char* text, const QString& field) {
+  return {QCoreApplication::translate("Transfers", text), field};
+}
+
+QString DateField() {
+  return QStringLiteral("Text1_0");
+}
+QString ScripField() {
+  return QStringLiteral("Text1_1");
+}
+QString QuantityField() {
+  return QStringLiteral("Text1_2");
+}
+
+/// A movement without a date that can be read would be lost to every statement.
+MaybeRefusal CheckDate(const QString& date) {
+  if (date.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Date."), DateField());
+  }
+  if (!text::ParseDmy(date)) {
+    return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Proper Date."), DateField());
+  }
+  return std::nullopt;
+}
+
+MaybeRefusal CheckAccounts(const Transfer& transfer) {
+  if (!transfer.from) {
+    return Refuse(QT_TRANSLATE_NOOP(
+                      "Transfers", "Select Demat A/c No. From which You want to Transfer Scripts."),
+                  QStringLiteral("Combo1"));
+  }
+  if (!transfer.to || transfer.to == transfer.from) {
+    return NoDestination();
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+Refusal NoDestination() {
+  return Refuse(
+      QT_TRANSLATE_NOOP("Transfers", "Select Demat A/c No. To which You want to Transfer Scripts."),
+      QStringLiteral("Combo2"));
+}
+
+Refusal NoLot() {
+  return Refuse(QT_TRANSLATE_NOOP("Transfers", "Select Script Name that You want to Transfer."),
+                ScripField());
+}
+
+MaybeRefusal CheckTransfer(const Transfer& transfer) {
+  if (MaybeRefusal refusal = CheckDate(transfer.date)) {
+    return refusal;
+  }
+  if (MaybeRefusal refusal = CheckAccounts(transfer)) {
+    return refusal;
+  }
+  if (!transfer.lot) {
+    return NoLot();
+  }
+  if (!(transfer.quantity > 0)) {
+    return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Quantity Greater than Zero."),
+                  QuantityField());
+  }
+  return std::nullopt;
+}
+
+MaybeRefusal CheckBalance(double quantity, double balance) {
+  if (quantity <= balance) {
+    return std::nullopt;
+  }
+  Refusal refusal =
+      Refuse(QT_TRANSLATE_NOOP(
+                 "Transfers",
+                 "You Can't Transfer Scripts More than Balance.\nMaximum Allowed Value is: %1"),
+             QuantityField());
+  refusal.text = refusal.text.arg(text::FormatAmount(balance));
+  return refusal;
+}
+
+}  // namespace quorvane::transfers

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+#include "transactions/posting/ScratchLots.h"
+#include "transactions/transfers/Transfer.h"
+
+#include <optional>
+#include <vector>
+
+namespace quorvane::transfers {
+
+/// The transfers out of a client's accounts in a year, and what they do to the lots at both ends.
+/// Every save and delete is one transaction; one that is refused, or that throws DatabaseError,
+/// changes nothing.
+class TransferBook {
+ public:
+  TransferBook(database::Connection& connection, const ClientYear& of);
+
+  /// By date, then by id.
+  std::vector<Transfer> List() const;
+
+  std::optional<Transfer> Load(TransferId id) const;
+
+  /// Writes a new transfer, or a changed one in place of the old, and moves the shares in the
+  /// ledger; on the scratch table the client's lots are afterwards those of the ledger. Sets what
+  /// the transfer takes from its lot and its id. Refused when the lot has too few shares, or when
+  /// a change would leave the old destination's lot below zero because its shares were used.
+  MaybeRefusal Save(Transfer& transfer);
+
+  /// Takes a transfer back. Refused when the shares were used at their destination.
+  MaybeRefusal Delete(TransferId id);
+
+  /// Takes a transfer back on the scratch table only, so that it can be entered again with the
+  /// balances as they were without it. A balance is negative there when the shares were used at
+  /// their destination.
+  void ReverseOn(posting::ScratchLots& scratch, const Transfer& transfer) const;
+
+ private:
+  database::Connection& connection_;
+  ClientYear of_;
+};
+
+}  // namespace quorvane::transfers

@@ -1,0 +1,177 @@
+#include "portfolio/ExportBills.h"
+
+#include "core/ledger/IdMap.h"
+#include "core/lookups/Directory.h"
+#include "core/text/Amounts.h"
+#include "core/text/Csv.h"
+#include "portfolio/OutputFile.h"
+#include "portfolio/Portfolio.h"
+
+#include <algorithm>
+
+namespace quorvane::portfolio {
+namespace {
+
+using database::Recordset;
+
+struct Line {
+  int bill;
+  int number;
+  bool purchase;
+  int lot;
+  ScripId scrip;
+  double quantity;
+  double rate;
+  double brokerage;
+  double service_tax;
+  double stt;
+  double stt_percent;
+  bool fo;
+  std::uint16_t delivery;
+};
+
+class BillExport {
+ public:
+  BillExport(database::Connection& connection, const QString& folder, const ExportScope& scope,
+             Progress& progress)
+      : connection_(connection),
+        scope_(scope),
+        progress_(progress),
+        directory_(connection),
+        file_(folder, LayoutOf(FileKind::kBills)) {}
+
+  void Run() {
+    ReadLots();
+    ReadLines();
+    WriteBills();
+    file_.Finish();
+  }
+
+ private:
+  void ReadLots() {
+    const ScopedText where = scope_.Clients("Cid");
+    for (const auto& row :
+         connection_.OpenValues("Select Id,Rate From Stock" + where.text, where.values)) {
+      lot_rates_.Put(row.Int(std::size_t{0}), row.Double(1));
+    }
+    lot_rates_.Seal();
+  }
+
+  void ReadLines() {
+    const ScopedText where = scope_.Clients("Cid");
+    for (const auto& row : connection_.OpenValues(
+             "Select SID,Id,SP,StkId,ScriptId,Qty,Rate,Brk,STax,STT,STTPer,FO,DelvType From "
+             "SPTrans" +
+                 where.text,
+             where.values)) {
+      constexpr int kPurchase = 1;
+      lines_.push_back({row.Int(std::size_t{0}), row.Int(1), row.Int(2) == kPurchase, row.Int(3),
+                        ScripId{row.Int(4)}, row.Double(5), row.Double(6), row.Double(7),
+                        row.Double(8), row.Double(9), row.Double(10), row.Int(11) != 0,
+                        DeliveryPlace(row.Utf8(12))});
+    }
+    std::sort(lines_.begin(), lines_.end(), [](const Line& a, const Line& b) {
+      return a.bill != b.bill ? a.bill < b.bill : a.number < b.number;
+    });
+  }
+
+  /// "N.A." is the column's default and is written as nothing.
+  std::uint16_t DeliveryPlace(std::string_view text) {
+    if (text == kDeliveryTypes[0]) {
+      text = {};
+    }
+    const auto found = std::find(deliveries_.begin(), deliveries_.end(), text);
+    const auto place = static_cast<std::uint16_t>(found - deliveries_.begin());
+    if (found == deliveries_.end()) {
+      deliveries_.emplace_back(text);
+    }
+    return place;
+  }
+
+  void WriteBills() {
+    progress_.Begin(QStringLiteral("bills.csv"), static_cast<std::int64_t>(lines_.size()));
+    const ScopedText where = scope_.Clients("M.Cid");
+    for (const auto& row : connection_.OpenValues(
+             "Select M.ID,C.Code,A.ACNo,M.BillNo,M.BDate,M.SettlNo,B.Name,E.ExName,M.OthCharge,"
+             "M.TranChg From SPMaster M Join ClientInfo C On C.Id=M.Cid Left Join ClientActDet A "
+             "On A.id=M.AcId Left Join Broker B On B.Id=M.BrokId Left Join Exchange E On "
+             "E.Id=M.ExId" +
+                 where.text +
+                 " Order By Binary C.Code,Binary "
+                 "A.ACNo,concat_ws('-',right(M.BDate,4),mid(M.BDate,4,2),"
+                 "left(M.BDate,2)),M.ID",
+             where.values)) {
+      WriteBill(row);
+      file_.WriteWhenLarge();
+    }
+  }
+
+  void WriteBill(const Recordset& bill) {
+    const auto [first, last] = std::equal_range(
+        lines_.begin(), lines_.end(),
+        Line{bill.Int(std::size_t{0}), 0, false, 0, {}, 0, 0, 0, 0, 0, 0, false, 0},
+        [](const Line& a, const Line& b) { return a.bill < b.bill; });
+    std::string header;
+    for (std::size_t column = 1; column <= 7; ++column) {
+      // A settlement number that was never given is a single blank in old databases.
+      const std::string_view text = bill.Utf8(column);
+      text::AppendCsvField(header, text == " " ? std::string_view() : text);
+      header += ',';
+    }
+    bool first_row = true;
+    for (auto line = first; line != last; ++line) {
+      file_.Buffer() += header;
+      WriteLine(*line);
+      if (first_row) {
+        text::AppendExact(file_.Buffer(), bill.Double(8));
+        file_.Buffer() += ',';
+        text::AppendExact(file_.Buffer(), bill.Double(9));
+      } else {
+        file_.Buffer() += ',';
+      }
+      file_.Buffer() += '\n';
+      first_row = false;
+    }
+    written_ += last - first;
+    progress_.Step(written_);
+    progress_.ThrowIfCancelled();
+  }
+
+  void WriteLine(const Line& line) {
+    std::string& out = file_.Buffer();
+    out += line.purchase ? "P," : "S,";
+    text::AppendCsvField(out, directory_.Scrip(line.scrip).code);
+    for (const double number :
+         {line.quantity, line.rate, line.brokerage, line.service_tax, line.stt, line.stt_percent}) {
+      out += ',';
+      text::AppendExact(out, number);
+    }
+    out += ',';
+    text::AppendCsvField(out, deliveries_[line.delivery]);
+    out += line.fo ? ",1," : ",0,";
+    const double* lot_rate = line.purchase ? nullptr : lot_rates_.Find(line.lot);
+    if (lot_rate != nullptr) {
+      text::AppendExact(out, *lot_rate);
+    }
+    out += ',';
+  }
+
+  database::Connection& connection_;
+  const ExportScope& scope_;
+  Progress& progress_;
+  lookups::Directory directory_;
+  OutputFile file_;
+  ledger::IdMap<double> lot_rates_;
+  std::vector<Line> lines_;
+  std::vector<std::string> deliveries_;
+  std::int64_t written_ = 0;
+};
+
+}  // namespace
+
+void ExportBills(database::Connection& connection, const QString& folder, const ExportScope& scope,
+                 Progress& progress) {
+  BillExport(connection, folder, scope, progress).Run();
+}
+
+}  // namespace quorvane::portfolio

@@ -1,0 +1,155 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace quorvane::portfolio {
+
+/// The files of a portfolio folder, in the order in which they are read.
+enum class FileKind {
+  kParticipants,
+  kClients,
+  kAccounts,
+  kBrokers,
+  kScrips,
+  kPercentages,
+  kOpening,
+  kBills,
+  kTransfers,
+  kBrokerOpening,
+  kPayments,
+  kReceipts,
+  kRates
+};
+
+struct ColumnLayout {
+  std::string_view name;
+  bool required = false;            ///< the header must name it and no field may be empty
+  std::size_t most_characters = 0;  ///< what the database holds; 0 for numbers and dates
+};
+
+struct FileLayout {
+  FileKind kind;
+  std::string_view name;
+  std::span<const ColumnLayout> columns;
+};
+
+std::span<const FileLayout> Layouts();
+const FileLayout& LayoutOf(FileKind kind);
+
+// Columns by place, as the layouts list them.
+namespace participants {
+enum {
+  kName,
+  kDepository,
+  kDpId,
+  kAddress,
+  kCity,
+  kState,
+  kPin,
+  kStd,
+  kPhone,
+  kMobile,
+  kFax,
+  kEmail,
+  kPerson,
+  kDesignation
+};
+}
+namespace clients {
+enum {
+  kCode,
+  kGroupCode,
+  kName,
+  kAddress,
+  kCity,
+  kState,
+  kPin,
+  kStd,
+  kPhone,
+  kMobile,
+  kFax,
+  kEmail,
+  kDob,
+  kPan,
+  kSex,
+  kMaritalStatus
+};
+}
+namespace accounts {
+enum { kClientCode, kParticipant, kDpId, kAccountNo };
+}
+namespace brokers {
+enum { kName, kAddress, kCity, kState, kPin, kStd, kPhone, kMobile, kFax, kEmail };
+}
+namespace scrips {
+enum { kCode, kNCode, kName, kType, kClass };
+}
+namespace percentages {
+enum { kFyear, kName, kPercent, kAsOn };
+}
+namespace opening {
+enum {
+  kClientCode,
+  kAccountNo,
+  kFyear,
+  kScripCode,
+  kQuantity,
+  kRate,
+  kPurchaseDate,
+  kServiceTax,
+  kBrokerage,
+  kStt,
+  kFo
+};
+}
+namespace bills {
+enum {
+  kClientCode,
+  kAccountNo,
+  kBillNo,
+  kBillDate,
+  kSettlementNo,
+  kBroker,
+  kExchange,
+  kSide,
+  kScripCode,
+  kQuantity,
+  kRate,
+  kBrokerage,
+  kServiceTax,
+  kStt,
+  kSttPercent,
+  kDeliveryType,
+  kFo,
+  kLotRate,
+  kOtherCharges,
+  kTransactionCharges
+};
+}
+namespace transfers {
+enum { kDate, kFromAccount, kToAccount, kScripCode, kRate, kQuantity };
+}
+namespace broker_opening {
+enum { kClientCode, kFyear, kBroker, kAmount, kSide };
+}
+namespace money {
+enum {
+  kClientCode,
+  kBroker,
+  kMode,
+  kAmount,
+  kDate,
+  kPaymentMode,
+  kChequeNo,
+  kChequeDate,
+  kDrawnOn,
+  kRemark
+};
+}
+namespace rates {
+enum { kDate, kScripCode, kRate };
+}
+
+}  // namespace quorvane::portfolio

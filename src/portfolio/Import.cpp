@@ -1,0 +1,33 @@
+#include "portfolio/Import.h"
+
+#include "core/database/Transaction.h"
+#include "portfolio/MasterImport.h"
+#include "portfolio/MoneyImport.h"
+#include "portfolio/MovementImport.h"
+
+namespace quorvane::portfolio {
+
+ImportResult ImportPortfolio(database::Connection& connection, const QString& folder, bool dry_run,
+                             Progress& progress) {
+  ErrorList reading;
+  const Portfolio portfolio = ReadPortfolio(folder, reading);
+  ImportResult result;
+  if (!reading.Empty()) {
+    result.errors = reading.Take();
+    return result;
+  }
+  // The refusal rolls back; who reads it is told by the result.
+  const Refusal nothing_written;
+  database::InTransaction(connection, [&](database::Transaction& transaction) -> MaybeRefusal {
+    result = {};
+    ErrorList errors;
+    const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
+    ImportMovements(transaction, portfolio, names, errors, result, progress);
+    ImportMoney(transaction, portfolio, names, errors, result);
+    result.errors = errors.Take();
+    return dry_run || !result.errors.empty() ? MaybeRefusal(nothing_written) : std::nullopt;
+  });
+  return result;
+}
+
+}  // namespace quorvane::portfolio

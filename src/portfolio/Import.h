@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/Progress.h"
+#include "core/database/Connection.h"
+#include "portfolio/ImportErrors.h"
+
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace quorvane::portfolio {
+
+/// How many records of one table an import wrote.
+struct ImportCount {
+  std::string what;
+  std::size_t added = 0;
+};
+
+struct ImportResult {
+  std::vector<ImportError> errors;  ///< when there is any, nothing was written
+  std::vector<ImportCount> counts;
+  std::vector<std::string> notes;  ///< types, classes and exchanges that were new
+};
+
+/// Takes a portfolio folder into the database, all or nothing, in one transaction. Master records
+/// that stand in the database with the same details are taken as they are; with other details they
+/// are an error, as is a bill, an opening lot, a transfer or a payment that is recorded already.
+/// With `dry_run` everything is checked and nothing written. Throws DatabaseError, Cancellation, or
+/// std::runtime_error when a file cannot be read.
+ImportResult ImportPortfolio(database::Connection& connection, const QString& folder, bool dry_run,
+                             Progress& progress);
+
+}  // namespace quorvane::portfolio

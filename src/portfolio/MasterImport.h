@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/database/Transaction.h"
+#include "portfolio/Import.h"
+#include "portfolio/Portfolio.h"
+
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+namespace quorvane::portfolio {
+
+/// The keys behind the names of a portfolio's documents.
+struct ResolvedNames {
+  std::vector<ClientId> clients;  ///< by symbol
+  std::vector<ScripId> scrips;
+  std::vector<BrokerId> brokers;
+  std::vector<ExchangeId> exchanges;
+
+  /// The account of a client by its number; nullopt when the client has none of it.
+  std::optional<AccountId> Account(ClientId client, Symbol number) const;
+
+  struct Owned {
+    AccountId account;
+    ClientId client;
+  };
+  /// Every account of a number, whoever owns it.
+  const std::vector<Owned>& Accounts(Symbol number) const { return accounts[number]; }
+
+  std::vector<std::vector<Owned>> accounts;  ///< by symbol of the number
+};
+
+/// Writes the master records that are new and finds the key of every name that a document uses.
+ResolvedNames ImportMasters(database::Transaction& transaction, const Portfolio& portfolio,
+                            ErrorList& errors, ImportResult& result);
+
+}  // namespace quorvane::portfolio

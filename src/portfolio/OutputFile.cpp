@@ -1,0 +1,59 @@
+#include "portfolio/OutputFile.h"
+
+#include <QDir>
+
+#include <stdexcept>
+
+namespace quorvane::portfolio {
+namespace {
+
+constexpr std::size_t kLarge = 1 << 20;
+
+[[noreturn]] void Fail(const QSaveFile& file) {
+  throw std::runtime_error("cannot write " + file.fileName().toStdString() + ": " +
+                           file.errorString().toStdString());
+}
+
+}  // namespace
+
+void MakeFolder(const QString& folder) {
+  if (!QDir().mkpath(folder)) {
+    throw std::runtime_error("cannot make the folder " + folder.toStdString());
+  }
+}
+
+OutputFile::OutputFile(const QString& folder, const FileLayout& layout)
+    : file_(QDir(folder).filePath(
+          QString::fromUtf8(layout.name.data(), static_cast<qsizetype>(layout.name.size())))) {
+  if (!file_.open(QIODevice::WriteOnly)) {
+    Fail(file_);
+  }
+  for (const ColumnLayout& column : layout.columns) {
+    buffer_ += buffer_.empty() ? "" : ",";
+    buffer_ += column.name;
+  }
+  buffer_ += '\n';
+}
+
+void OutputFile::Write() {
+  const auto size = static_cast<qint64>(buffer_.size());
+  if (file_.write(buffer_.data(), size) != size) {
+    Fail(file_);
+  }
+  buffer_.clear();
+}
+
+void OutputFile::WriteWhenLarge() {
+  if (buffer_.size() > kLarge) {
+    Write();
+  }
+}
+
+void OutputFile::Finish() {
+  Write();
+  if (!file_.commit()) {
+    Fail(file_);
+  }
+}
+
+}  // namespace quorvane::portfolio

@@ -1,0 +1,434 @@
+#include "core/lookups/Directory.h"
+#include "core/text/Amounts.h"
+#include "core/text/Pan.h"
+#include "portfolio/Portfolio.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+#include <stdexcept>
+
+namespace quorvane::portfolio {
+
+Symbol Interner::Intern(std::string_view text, const CsvTable& table, FileKind file) {
+  // Rows of one document stand together, so the last name is asked for most often.
+  if (!names_.empty() && text == last_text_) {
+    return last_;
+  }
+  const auto [entry, fresh] =
+      symbols_.try_emplace(lookups::Folded(text), static_cast<Symbol>(names_.size()));
+  if (fresh) {
+    names_.push_back({std::string(text), file, table.Line()});
+  }
+  last_text_ = text;
+  last_ = entry->second;
+  return last_;
+}
+
+namespace {
+
+std::string Copy(std::string_view text) {
+  return std::string(text);
+}
+
+/// The texts of neighbouring columns, first to last.
+void AppendTexts(std::vector<std::string>& values, CsvTable& table, int first, int last) {
+  for (int column = first; column <= last; ++column) {
+    values.push_back(Copy(table.Text(static_cast<std::size_t>(column))));
+  }
+}
+
+class Reader {
+ public:
+  Reader(const QString& folder, Portfolio& portfolio, ErrorList& errors)
+      : folder_(folder), portfolio_(portfolio), errors_(errors) {}
+
+  void Read() {
+    if (!folder_.exists()) {
+      throw std::runtime_error("there is no folder " + folder_.path().toStdString());
+    }
+    for (const FileLayout& layout : Layouts()) {
+      ReadFile(layout);
+    }
+    if (portfolio_.tables.empty()) {
+      errors_.Add(folder_.path().toStdString(), 0, "",
+                  "expected at least one file of a portfolio, such as bills.csv");
+    }
+    GroupBillLines();
+  }
+
+ private:
+  void ReadFile(const FileLayout& layout) {
+    QFile file(folder_.filePath(
+        QString::fromUtf8(layout.name.data(), static_cast<qsizetype>(layout.name.size()))));
+    if (!file.exists()) {
+      return;
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+      throw std::runtime_error(fmt::format("cannot read {}: {}", file.fileName().toStdString(),
+                                           file.errorString().toStdString()));
+    }
+    std::string content(static_cast<std::size_t>(file.size()), '\0');
+    const qint64 got = file.read(content.data(), file.size());
+    content.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));
+    if (!QString::fromUtf8(content.data(), std::min<qsizetype>(got, 4096)).isValidUtf16()) {
+      errors_.Add(layout.name, 1, "", "expected UTF-8 text");
+      return;
+    }
+    table_ = portfolio_.tables
+                 .emplace_back(std::make_unique<CsvTable>(layout, std::move(content), errors_))
+                 .get();
+    file_ = layout.kind;
+    while (table_->Next()) {
+      ReadRow();
+    }
+  }
+
+  void ReadRow() {
+    switch (file_) {
+      case FileKind::kParticipants:
+        return ReadParticipant();
+      case FileKind::kClients:
+        return ReadClient();
+      case FileKind::kAccounts:
+        return ReadAccount();
+      case FileKind::kBrokers:
+        return ReadBroker();
+      case FileKind::kScrips:
+        return ReadScrip();
+      case FileKind::kPercentages:
+        return ReadPercentage();
+      case FileKind::kOpening:
+        return ReadOpening();
+      case FileKind::kBills:
+        return ReadBillLine();
+      case FileKind::kTransfers:
+        return ReadTransfer();
+      case FileKind::kBrokerOpening:
+        return ReadBrokerOpening();
+      case FileKind::kPayments:
+        return ReadMoney(portfolio_.payments, kPaymentModes);
+      case FileKind::kReceipts:
+        return ReadMoney(portfolio_.receipts, kReceiptModes);
+      case FileKind::kRates:
+        return ReadRate();
+    }
+  }
+
+  Symbol Client(int column) {
+    return portfolio_.client_codes.Intern(table_->Text(column), *table_, file_);
+  }
+  Symbol Account(int column) {
+    return portfolio_.account_numbers.Intern(table_->Text(column), *table_, file_);
+  }
+  Symbol Scrip(int column) {
+    return portfolio_.scrip_codes.Intern(table_->Text(column), *table_, file_);
+  }
+  Symbol Broker(int column) {
+    return portfolio_.broker_names.Intern(table_->Text(column), *table_, file_);
+  }
+
+  MasterRow NewMaster(std::string_view key) const {
+    return {lookups::Folded(key), {}, table_->Line()};
+  }
+
+  void ReadParticipant() {
+    using namespace participants;
+    MasterRow row = NewMaster(table_->Text(kName));
+    portfolio_.dp_ids.push_back({row.key, Copy(table_->Text(kDpId)), table_->Line()});
+    row.values = {Copy(table_->Text(kName))};
+    AppendTexts(row.values, *table_, kAddress, kDesignation);
+    row.values.push_back(std::to_string(std::max(table_->Choice(kDepository, kDepositories), 0)));
+    // A participant with several DP ids has a row for each.
+    const auto same = std::find_if(portfolio_.participants.begin(), portfolio_.participants.end(),
+                                   [&](const MasterRow& other) { return other.key == row.key; });
+    if (same == portfolio_.participants.end()) {
+      portfolio_.participants.push_back(std::move(row));
+    } else if (same->values != row.values) {
+      table_->Fail(kName, "the participant stands above with other details");
+    }
+  }
+
+  void ReadClient() {
+    using namespace clients;
+    MasterRow row = NewMaster(table_->Text(kCode));
+    AppendTexts(row.values, *table_, kCode, kEmail);
+    const auto birth = table_->DateOf(kDob);
+    row.values.push_back(birth ? text::FormatDmy(*birth).toStdString() : std::string());
+    row.values.push_back(Copy(table_->Text(kPan)));
+    if (!text::IsValidPan(QString::fromStdString(row.values.back())).valid) {
+      table_->Fail(kPan, "expected a PAN such as AAAPA9999A, found \"" + row.values.back() + "\"");
+    }
+    row.values.push_back(std::to_string(table_->Choice(kSex, kSexes)));
+    row.values.push_back(std::to_string(table_->Choice(kMaritalStatus, kMaritalStatuses)));
+    AddUnique(portfolio_.clients, std::move(row), kCode);
+  }
+
+  void ReadAccount() {
+    using namespace accounts;
+    portfolio_.accounts.push_back({Client(kClientCode), lookups::Folded(table_->Text(kParticipant)),
+                                   Copy(table_->Text(kDpId)), Copy(table_->Text(kAccountNo)),
+                                   table_->Line()});
+  }
+
+  void ReadBroker() {
+    using namespace brokers;
+    MasterRow row = NewMaster(table_->Text(kName));
+    AppendTexts(row.values, *table_, kName, kEmail);
+    AddUnique(portfolio_.brokers, std::move(row), kName);
+  }
+
+  void ReadScrip() {
+    using namespace scrips;
+    MasterRow row = NewMaster(table_->Text(kCode));
+    row.values = {Copy(table_->Text(kCode)), Copy(table_->Text(kName)), Copy(table_->Text(kType)),
+                  Copy(table_->Text(kClass)), Copy(table_->Text(kNCode))};
+    AddUnique(portfolio_.scrips, std::move(row), kCode);
+  }
+
+  void ReadPercentage() {
+    using namespace percentages;
+    const auto year = table_->YearOf(kFyear);
+    const int kind = table_->Choice(kName, kPercentKinds);
+    std::string percent;
+    text::AppendExact(percent, table_->Number(kPercent));
+    if (!year || kind < 0) {
+      return;
+    }
+    MasterRow row = NewMaster(year->Utf8() + "\n" + Copy(table_->Text(kName)));
+    row.values = {year->Utf8(), Copy(table_->Text(kName)), percent, Copy(table_->Text(kAsOn))};
+    AddUnique(portfolio_.percentages, std::move(row), kName);
+  }
+
+  void AddUnique(std::vector<MasterRow>& rows, MasterRow row, int column) {
+    if (!keys_.emplace(static_cast<int>(file_), row.key).second) {
+      table_->Fail(column, "stands in this file already");
+      return;
+    }
+    rows.push_back(std::move(row));
+  }
+
+  void ReadOpening() {
+    using namespace opening;
+    OpeningRow row;
+    row.client = Client(kClientCode);
+    row.account = Account(kAccountNo);
+    const auto year = table_->YearOf(kFyear);
+    const auto date = table_->DateOf(kPurchaseDate);
+    row.scrip = Scrip(kScripCode);
+    row.quantity = table_->PositiveNumber(kQuantity);
+    row.rate = table_->Number(kRate);
+    row.service_tax = table_->Number(kServiceTax);
+    row.brokerage = table_->Number(kBrokerage);
+    row.stt = table_->Number(kStt);
+    row.fo = table_->Flag(kFo);
+    row.line = table_->Line();
+    if (!year || !date) {
+      return;
+    }
+    if (*date > year->LastDay()) {
+      table_->Fail(kPurchaseDate, fmt::format("expected a date up to {}",
+                                              text::FormatDmy(year->LastDay()).toStdString()));
+    }
+    row.year = *year;
+    row.purchase_date = *date;
+    portfolio_.openings.push_back(row);
+  }
+
+  void ReadBillLine() {
+    using namespace bills;
+    BillRow bill;
+    bill.client = Client(kClientCode);
+    bill.account = Account(kAccountNo);
+    bill.number = table_->Text(kBillNo);
+    bill.settlement = table_->Text(kSettlementNo);
+    bill.broker = Broker(kBroker);
+    bill.exchange = portfolio_.exchange_names.Intern(table_->Text(kExchange), *table_, file_);
+    bill.other_charges = table_->Number(kOtherCharges);
+    bill.transaction_charges = table_->Number(kTransactionCharges);
+    bill.line = static_cast<std::uint32_t>(table_->Line());
+    const auto date = table_->DateOf(kBillDate);
+    if (!date) {
+      return;
+    }
+    bill.date = *date;
+    BillLineRow line = ReadLineOnly();
+    line.bill = BillOf(bill);
+    portfolio_.bill_lines.push_back(line);
+  }
+
+  BillLineRow ReadLineOnly() {
+    using namespace bills;
+    BillLineRow line;
+    line.scrip = Scrip(kScripCode);
+    line.purchase = table_->Choice(kSide, kPurchaseSale) == 0;
+    line.quantity = table_->PositiveNumber(kQuantity);
+    line.rate = table_->Number(kRate);
+    line.brokerage = table_->Number(kBrokerage);
+    line.service_tax = table_->Number(kServiceTax);
+    line.stt = table_->Number(kStt);
+    line.stt_percent = table_->Number(kSttPercent);
+    line.delivery =
+        static_cast<std::uint8_t>(std::max(table_->Choice(kDeliveryType, kDeliveryTypes), 0));
+    line.fo = table_->Flag(kFo);
+    line.line = static_cast<std::uint32_t>(table_->Line());
+    const auto lot_rate = table_->OptionalNumber(kLotRate);
+    if (lot_rate && line.purchase) {
+      table_->Fail(kLotRate, "expected nothing: a purchase makes its lot at its own rate");
+    }
+    line.lot_rate = lot_rate.value_or(BillLineRow::kNoLotRate);
+    return line;
+  }
+
+  /// Rows of one client, account, broker, number and date are one bill.
+  std::uint32_t BillOf(const BillRow& row) {
+    std::string key = fmt::format("{} {} {} {} ", row.client, row.account, row.broker,
+                                  row.date.time_since_epoch().count());
+    key += row.number;
+    if (!portfolio_.bills.empty() && key == last_bill_key_) {
+      return JoinBill(last_bill_, row);
+    }
+    const auto [entry, fresh] =
+        bills_by_key_.try_emplace(key, static_cast<std::uint32_t>(portfolio_.bills.size()));
+    last_bill_key_ = std::move(key);
+    last_bill_ = entry->second;
+    if (!fresh) {
+      return JoinBill(last_bill_, row);
+    }
+    portfolio_.bills.push_back(row);
+    return last_bill_;
+  }
+
+  std::uint32_t JoinBill(std::uint32_t index, const BillRow& row) {
+    using namespace bills;
+    const BillRow& first = portfolio_.bills[index];
+    if (row.other_charges != 0) {
+      table_->Fail(kOtherCharges, FirstRowOnly(first));
+    }
+    if (row.transaction_charges != 0) {
+      table_->Fail(kTransactionCharges, FirstRowOnly(first));
+    }
+    if (row.exchange != first.exchange) {
+      table_->Fail(kExchange, fmt::format("expected the exchange of the bill's first row, line {}",
+                                          first.line));
+    }
+    if (!row.settlement.empty() && row.settlement != first.settlement) {
+      table_->Fail(kSettlementNo,
+                   fmt::format("expected the settlement number of the bill's first row, line {}",
+                               first.line));
+    }
+    return index;
+  }
+
+  static std::string FirstRowOnly(const BillRow& first) {
+    return fmt::format("expected nothing: the charge stands on the bill's first row, line {}",
+                       first.line);
+  }
+
+  /// Puts the lines of each bill together, in file order.
+  void GroupBillLines() {
+    auto& lines = portfolio_.bill_lines;
+    const auto by_bill = [](const BillLineRow& a, const BillLineRow& b) { return a.bill < b.bill; };
+    if (!std::is_sorted(lines.begin(), lines.end(), by_bill)) {
+      std::stable_sort(lines.begin(), lines.end(), by_bill);
+    }
+    for (std::uint32_t i = 0; i < lines.size(); ++i) {
+      BillRow& bill = portfolio_.bills[lines[i].bill];
+      if (bill.line_count++ == 0) {
+        bill.first_line = i;
+      }
+    }
+  }
+
+  void ReadTransfer() {
+    using namespace transfers;
+    TransferRow row;
+    const auto date = table_->DateOf(kDate);
+    row.from_account = Account(kFromAccount);
+    row.to_account = Account(kToAccount);
+    row.scrip = Scrip(kScripCode);
+    row.rate = table_->Number(kRate);
+    row.quantity = table_->PositiveNumber(kQuantity);
+    row.line = table_->Line();
+    if (row.from_account == row.to_account) {
+      table_->Fail(kToAccount, "expected another account than the one the shares leave");
+    }
+    if (date) {
+      row.date = *date;
+      portfolio_.transfers.push_back(row);
+    }
+  }
+
+  void ReadBrokerOpening() {
+    using namespace broker_opening;
+    BrokerOpeningRow row;
+    row.client = Client(kClientCode);
+    const auto year = table_->YearOf(kFyear);
+    row.broker = Broker(kBroker);
+    row.amount = table_->PositiveNumber(kAmount);
+    row.side = table_->Choice(kSide, kDebitCredit);
+    row.line = table_->Line();
+    if (year) {
+      row.year = *year;
+      portfolio_.broker_openings.push_back(row);
+    }
+  }
+
+  void ReadMoney(std::vector<MoneyRow>& rows, std::span<const std::string_view> modes) {
+    using namespace money;
+    MoneyRow row;
+    row.client = Client(kClientCode);
+    row.broker = Broker(kBroker);
+    row.mode = table_->Choice(kMode, modes);
+    row.amount = table_->PositiveNumber(kAmount);
+    const auto date = table_->DateOf(kDate);
+    row.payment_mode = table_->Choice(kPaymentMode, kPaymentKinds);
+    row.cheque_no = table_->Text(kChequeNo);
+    const auto cheque_date = table_->DateOf(kChequeDate);
+    row.cheque_date = cheque_date ? text::FormatDmy(*cheque_date).toStdString() : std::string();
+    row.drawn_on = table_->Text(kDrawnOn);
+    row.remark = table_->Text(kRemark);
+    row.line = table_->Line();
+    if (date) {
+      row.date = *date;
+      rows.push_back(std::move(row));
+    }
+  }
+
+  void ReadRate() {
+    using namespace rates;
+    RateRow row;
+    const auto date = table_->DateOf(kDate);
+    row.scrip = Scrip(kScripCode);
+    row.rate = table_->Number(kRate);
+    row.line = table_->Line();
+    if (date) {
+      row.date = *date;
+      portfolio_.rates.push_back(row);
+    }
+  }
+
+  QDir folder_;
+  Portfolio& portfolio_;
+  ErrorList& errors_;
+  CsvTable* table_ = nullptr;
+  FileKind file_ = FileKind::kParticipants;
+  std::set<std::pair<int, std::string>> keys_;
+  std::unordered_map<std::string, std::uint32_t> bills_by_key_;
+  std::string last_bill_key_;
+  std::uint32_t last_bill_ = 0;
+};
+
+}  // namespace
+
+Portfolio ReadPortfolio(const QString& folder, ErrorList& errors) {
+  Portfolio portfolio;
+  Reader(folder, portfolio, errors).Read();
+  return portfolio;
+}
+
+}  // namespace quorvane::portfolio

@@ -1,0 +1,103 @@
+#include "cli/Command.h"
+
+#include "cli/TerminalProgress.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cstdio>
+
+namespace quorvane::cli {
+
+app::Session& Context::Session() {
+  if (session_ == nullptr) {
+    app::StartUpOptions options;
+    options.application_folder =
+        data_folder.empty() ? app::DefaultApplicationFolder(QCoreApplication::applicationDirPath())
+                            : QDir(QString::fromStdString(data_folder)).absolutePath();
+    options.shipped_data = ShippedFolder("Data");
+    options.on_first_start = [this] { Inform("Making the database folder ..."); };
+    session_ = app::StartUp(options);
+  }
+  return *session_;
+}
+
+void Context::UseFolder(const std::string& folder) {
+  session_.reset();
+  data_folder = folder;
+}
+
+std::unique_ptr<quorvane::Progress> Context::MakeProgress() const {
+  return MakeTerminalProgress(quiet);
+}
+
+void Context::Inform(const std::string& line) const {
+  if (!quiet) {
+    std::fprintf(stderr, "%s\n", line.c_str());
+  }
+}
+
+text::FinancialYear YearOf(const std::string& text) {
+  const auto year = text::FinancialYear::Parse(std::string_view(text));
+  if (!year) {
+    throw WrongUsage("expected a financial year such as 2011-12, found \"" + text + "\"");
+  }
+  return *year;
+}
+
+text::Date DateOf(const std::string& option, const std::string& text) {
+  const auto date = text::ParseDmy(std::string_view(text));
+  if (!date) {
+    throw WrongUsage(option + ": expected a date dd/mm/yyyy, found \"" + text + "\"");
+  }
+  return *date;
+}
+
+ClientId ClientOf(const lookups::Directory& directory, const std::string& code) {
+  const lookups::ClientEntry* client = directory.FindClient(code);
+  if (client == nullptr) {
+    throw Refused("there is no client \"" + code + "\"");
+  }
+  return client->id;
+}
+
+AccountId AccountOf(const lookups::Directory& directory, ClientId client,
+                    const std::string& number) {
+  const lookups::AccountEntry* account = directory.FindAccount(client, number);
+  if (account == nullptr) {
+    throw Refused("the client has no demat account \"" + number + "\"");
+  }
+  return account->id;
+}
+
+void Print(const std::string& text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    throw std::runtime_error("standard output cannot be written");
+  }
+}
+
+void WriteFile(const std::string& path, const std::string& content) {
+  QSaveFile file(QString::fromStdString(path));
+  const auto size = static_cast<qint64>(content.size());
+  if (!file.open(QIODevice::WriteOnly) || file.write(content.data(), size) != size ||
+      !file.commit()) {
+    throw std::runtime_error("cannot write " + path + ": " + file.errorString().toStdString());
+  }
+}
+
+QString ShippedFolder(const char* name) {
+  const QString program = QCoreApplication::applicationDirPath();
+  const QString folder = QLatin1String(name);
+  for (const QString& candidate :
+       {program + QStringLiteral("/../share/quorvane/") + folder,
+        QStringLiteral(QUORVANE_SHIPPED_DATA) + QLatin1Char('/') + folder.toLower()}) {
+    if (QFileInfo(candidate).isDir()) {
+      return QDir(candidate).canonicalPath();
+    }
+  }
+  return {};
+}
+
+}  // namespace quorvane::cli

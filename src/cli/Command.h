@@ -1,0 +1,77 @@
+#pragma once
+
+#include "core/Progress.h"
+#include "core/app/Session.h"
+#include "core/lookups/Directory.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace quorvane::cli {
+
+/// Exit statuses of quorvanectl.
+enum ExitStatus { kDone = 0, kRefused = 1, kWrongUsage = 2, kFailure = 3 };
+
+/// A rule that the user's input broke: printed on standard error, status 1, nothing changed.
+class Refused : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Words that cannot be understood: status 2.
+class WrongUsage : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// What every command is given.
+struct Context {
+  std::string data_folder;  ///< empty: the default application folder
+  bool quiet = false;
+  int status = kDone;  ///< set by a command that ends without an exception
+
+  /// Opens the database on first use.
+  app::Session& Session();
+  database::Connection& Connection() { return *Session().connection; }
+  std::unique_ptr<quorvane::Progress> MakeProgress() const;
+
+  /// A line of information on standard error; nothing with --quiet.
+  void Inform(const std::string& line) const;
+
+  /// A session of another application folder for the rest of the command.
+  void UseFolder(const std::string& folder);
+
+ private:
+  std::unique_ptr<app::Session> session_;
+};
+
+using Registrar = void (*)(CLI::App& app, Context& context);
+
+void AddPortfolioCommands(CLI::App& app, Context& context);
+void AddHoldingsCommands(CLI::App& app, Context& context);
+void AddStatementCommands(CLI::App& app, Context& context);
+void AddLedgerCommands(CLI::App& app, Context& context);
+void AddDatabaseCommands(CLI::App& app, Context& context);
+void AddDemoCommand(CLI::App& app, Context& context);
+
+/// The text as a year, a date, a client, an account; Refused or WrongUsage when it is none.
+text::FinancialYear YearOf(const std::string& text);
+text::Date DateOf(const std::string& option, const std::string& text);
+ClientId ClientOf(const lookups::Directory& directory, const std::string& code);
+AccountId AccountOf(const lookups::Directory& directory, ClientId client,
+                    const std::string& number);
+
+/// Writes to standard output; Failure when it is closed or full.
+void Print(const std::string& text);
+
+/// Writes a file whole or not at all.
+void WriteFile(const std::string& path, const std::string& content);
+
+/// The folder of the files shipped with the program.
+QString ShippedFolder(const char* name);
+
+}  // namespace quorvane::cli

@@ -1,0 +1,76 @@
+#include "admin/repair/TableCheck.h"
+#include "cli/Command.h"
+
+#include <fmt/format.h>
+
+namespace quorvane::cli {
+namespace {
+
+std::string LotText(const ledger::LotChange& change, const lookups::Directory& directory) {
+  return fmt::format("lot {} ({}, {}, {}, {}): the ledger holds {}, {}\n", change.lot.id.value,
+                     directory.Client(change.of.client).code, change.of.year.Utf8(),
+                     directory.Account(change.lot.account).number,
+                     directory.Scrip(change.lot.scrip).code, change.lot.quantity,
+                     change.duplicate ? "but the lot stands twice"
+                                      : fmt::format("the documents say {}", change.quantity));
+}
+
+void Check(Context& context) {
+  const auto progress = context.MakeProgress();
+  const repair::TableCheck check = repair::CheckTables(context.Connection(), *progress);
+  const lookups::Directory directory(context.Connection());
+  std::string report;
+  for (const auto& skipped : context.Session().skipped) {
+    report += fmt::format("skipped: {}\n         {}\n", skipped.statement, skipped.reason);
+  }
+  for (const repair::TableSize& size : check.sizes) {
+    report += fmt::format("{:>9} {}\n", size.rows, size.table);
+  }
+  for (const repair::DoubleKey& key : check.double_keys) {
+    report +=
+        fmt::format("{}: {} keys ({}) stand more than once\n", key.table, key.keys, key.columns);
+  }
+  for (const ledger::LotChange& change : check.wrong_lots) {
+    report += LotText(change, directory);
+  }
+  report += check.AllIsWell()
+                ? "Keys are unique, and every lot agrees with its documents.\n"
+                : "Something is wrong; \"quorvanectl rebuild --all\" mends the lots.\n";
+  Print(report);
+  context.status = check.AllIsWell() ? kDone : kRefused;
+}
+
+void Connect(Context& context) {
+  app::Session& session = context.Session();
+  const auto& settings = session.connection->Settings();
+  std::string command = "mariadb";
+  const auto add = [&](const char* option, const QString& value) {
+    if (!value.isEmpty()) {
+      command += fmt::format(" {}'{}'", option, value.toStdString());
+    }
+  };
+  add("--host=", settings.server);
+  add("--port=", settings.port == 0 ? QString() : QString::number(settings.port));
+  add("--socket=", settings.socket);
+  add("--user=", settings.user);
+  if (!settings.password.isEmpty()) {
+    command += " --password";
+  }
+  Print(fmt::format("{} '{}'\n", command, settings.database.toStdString()));
+  if (session.server != nullptr) {
+    session.server->LeaveRunning();
+    context.Inform("The server stays up for you; the next command of this program stops it.");
+  }
+}
+
+}  // namespace
+
+void AddDatabaseCommands(CLI::App& app, Context& context) {
+  app.add_subcommand("check", "Check tables, keys and holdings")->callback([&context] {
+    Check(context);
+  });
+  app.add_subcommand("connect", "How to reach the database with its own client")
+      ->callback([&context] { Connect(context); });
+}
+
+}  // namespace quorvane::cli

@@ -1,0 +1,103 @@
+#include "cli/Command.h"
+#include "core/ledger/Ledger.h"
+#include "core/text/Amounts.h"
+#include "core/text/Csv.h"
+#include "reports/document/ReportDocument.h"
+#include "reports/output/TextWriter.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace quorvane::cli {
+namespace {
+
+struct HoldingsOptions {
+  std::string client;
+  std::string year;
+  std::string account;
+  bool all = false;
+  std::string format = "text";
+};
+
+/// By account, scrip and rate, as people look for them.
+std::vector<ledger::Lot> LotsOf(Context& context, const lookups::Directory& directory,
+                                const HoldingsOptions& options) {
+  const ClientId client = ClientOf(directory, options.client);
+  std::optional<AccountId> account;
+  if (!options.account.empty()) {
+    account = AccountOf(directory, client, options.account);
+  }
+  std::vector<ledger::Lot> lots =
+      ledger::ReadLots(context.Connection(), {client, YearOf(options.year)}, account);
+  if (!options.all) {
+    std::erase_if(lots, [](const ledger::Lot& lot) { return lot.quantity == 0; });
+  }
+  std::sort(lots.begin(), lots.end(), [&](const ledger::Lot& a, const ledger::Lot& b) {
+    return std::tie(directory.Account(a.account).number, directory.Scrip(a.scrip).code, a.rate,
+                    a.id) < std::tie(directory.Account(b.account).number,
+                                     directory.Scrip(b.scrip).code, b.rate, b.id);
+  });
+  return lots;
+}
+
+std::string HoldingsCsv(const std::vector<ledger::Lot>& lots, const lookups::Directory& directory) {
+  std::string out = "account_no,scrip_code,lot_id,rate,quantity\n";
+  for (const ledger::Lot& lot : lots) {
+    text::AppendCsvField(out, directory.Account(lot.account).number);
+    out += ',';
+    text::AppendCsvField(out, directory.Scrip(lot.scrip).code);
+    out += ',' + std::to_string(lot.id.value) + ',';
+    text::AppendExact(out, lot.rate);
+    out += ',';
+    text::AppendExact(out, lot.quantity);
+    out += '\n';
+  }
+  return out;
+}
+
+report::ReportDocument HoldingsDocument(const HoldingsOptions& options,
+                                        const std::vector<ledger::Lot>& lots,
+                                        const lookups::Directory& directory) {
+  using report::Alignment;
+  using report::Mask;
+  const auto utf8 = [](const std::string& text) { return QString::fromStdString(text); };
+  report::Table table;
+  table.columns = {{QStringLiteral("Demat A/c No."), Mask::kText, Alignment::kLeft},
+                   {QStringLiteral("Code"), Mask::kText, Alignment::kLeft},
+                   {QStringLiteral("Script Name"), Mask::kText, Alignment::kLeft},
+                   {QStringLiteral("Rate"), Mask::kAmount, Alignment::kRight},
+                   {QStringLiteral("Quantity"), Mask::kNumber, Alignment::kRight}};
+  for (const ledger::Lot& lot : lots) {
+    const auto& scrip = directory.Scrip(lot.scrip);
+    table.rows.push_back({report::RowKind::kData,
+                          {utf8(directory.Account(lot.account).number), utf8(scrip.code),
+                           utf8(scrip.name), lot.rate, lot.quantity}});
+  }
+  const auto& client = directory.Client(ClientOf(directory, options.client));
+  return {{QStringLiteral("Holdings"), QStringLiteral("Financial Year - ") + utf8(options.year),
+           utf8(client.name) + QStringLiteral(" (") + utf8(client.code) + QLatin1Char(')')},
+          {table}};
+}
+
+void Holdings(Context& context, const HoldingsOptions& options) {
+  const lookups::Directory directory(context.Connection());
+  const std::vector<ledger::Lot> lots = LotsOf(context, directory, options);
+  Print(options.format == "csv" ? HoldingsCsv(lots, directory)
+                                : report::WriteText(HoldingsDocument(options, lots, directory)));
+}
+
+}  // namespace
+
+void AddHoldingsCommands(CLI::App& app, Context& context) {
+  auto options = std::make_shared<HoldingsOptions>();
+  CLI::App* holdings = app.add_subcommand("holdings", "The lots that a client holds");
+  holdings->add_option("--client", options->client, "Client code")->required();
+  holdings->add_option("--year", options->year, "Financial year, such as 2011-12")->required();
+  holdings->add_option("--account", options->account, "Only this demat account");
+  holdings->add_flag("--all", options->all, "Lots that are used up, too");
+  holdings->add_option("--format", options->format, "text or csv")
+      ->check(CLI::IsMember({"text", "csv"}));
+  holdings->callback([&context, options] { Holdings(context, *options); });
+}
+
+}  // namespace quorvane::cli

@@ -1,0 +1,65 @@
+#include "cli/Command.h"
+#include "core/gains/RemainingLots.h"
+#include "core/ledger/Rebuild.h"
+#include "transactions/opening_stock/OpeningStockBook.h"
+
+#include <fmt/format.h>
+
+namespace quorvane::cli {
+namespace {
+
+struct YearOptions {
+  std::string client;
+  std::string year;
+  bool all = false;
+};
+
+ClientYear ClientYearOf(Context& context, const YearOptions& options) {
+  return {ClientOf(lookups::Directory(context.Connection()), options.client), YearOf(options.year)};
+}
+
+void Rebuild(Context& context, const YearOptions& options) {
+  std::optional<ClientYear> of;
+  if (!options.all) {
+    if (options.client.empty() || options.year.empty()) {
+      throw WrongUsage("expected --client CODE --year YEAR or --all");
+    }
+    of = ClientYearOf(context, options);
+  }
+  const auto progress = context.MakeProgress();
+  const std::size_t changed = ledger::RebuildStock(context.Connection(), of, *progress);
+  context.Inform(fmt::format("Stock is Updated Successfully !!! Lots changed: {}", changed));
+}
+
+void CarryForwardStock(Context& context, const YearOptions& options) {
+  const ClientYear of = ClientYearOf(context, options);
+  const auto progress = context.MakeProgress();
+  const auto lots =
+      gains::RemainingLots(context.Connection(), of.client, of.year.Previous(), *progress);
+  if (const MaybeRefusal refusal = opening_stock::CarryForward(context.Connection(), of, lots)) {
+    throw Refused(refusal->text.toStdString());
+  }
+  context.Inform(
+      fmt::format("{} lots carried forward from {}", lots.size(), of.year.Previous().Utf8()));
+}
+
+}  // namespace
+
+void AddLedgerCommands(CLI::App& app, Context& context) {
+  auto rebuild_options = std::make_shared<YearOptions>();
+  CLI::App* rebuild = app.add_subcommand("rebuild", "Recompute the holdings from the documents");
+  rebuild->add_option("--client", rebuild_options->client, "Client code");
+  rebuild->add_option("--year", rebuild_options->year, "Financial year, such as 2011-12");
+  rebuild->add_flag("--all", rebuild_options->all, "Every client and year");
+  rebuild->callback([&context, rebuild_options] { Rebuild(context, *rebuild_options); });
+
+  CLI::App* carry = app.add_subcommand("carry-forward", "Bring closing balances into a year");
+  carry->require_subcommand(1);
+  auto stock_options = std::make_shared<YearOptions>();
+  CLI::App* stock = carry->add_subcommand("stock", "Lots left at the end of the year before");
+  stock->add_option("--client", stock_options->client, "Client code")->required();
+  stock->add_option("--year", stock_options->year, "Year that opens with them")->required();
+  stock->callback([&context, stock_options] { CarryForwardStock(context, *stock_options); });
+}
+
+}  // namespace quorvane::cli

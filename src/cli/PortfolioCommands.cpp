@@ -1,0 +1,68 @@
+#include "cli/Command.h"
+#include "portfolio/Export.h"
+#include "portfolio/Import.h"
+
+#include <fmt/format.h>
+
+namespace quorvane::cli {
+namespace {
+
+struct ImportOptions {
+  std::string folder;
+  bool dry_run = false;
+};
+
+void Import(Context& context, const ImportOptions& options) {
+  const auto progress = context.MakeProgress();
+  const portfolio::ImportResult result = portfolio::ImportPortfolio(
+      context.Connection(), QString::fromStdString(options.folder), options.dry_run, *progress);
+  if (!result.errors.empty()) {
+    std::string text = "nothing was taken in:";
+    for (const portfolio::ImportError& error : result.errors) {
+      text += "\n  " + error.Text();
+    }
+    throw Refused(text);
+  }
+  for (const std::string& note : result.notes) {
+    context.Inform(note);
+  }
+  for (const portfolio::ImportCount& count : result.counts) {
+    context.Inform(fmt::format("{:>9} {}", count.added, count.what));
+  }
+  context.Inform(options.dry_run ? "Checked; nothing was written." : "Taken in.");
+}
+
+struct ExportOptions {
+  std::string folder;
+  std::string client;
+};
+
+void Export(Context& context, const ExportOptions& options) {
+  std::optional<ClientId> client;
+  if (!options.client.empty()) {
+    client = ClientOf(lookups::Directory(context.Connection()), options.client);
+  }
+  const auto progress = context.MakeProgress();
+  portfolio::ExportPortfolio(context.Connection(), QString::fromStdString(options.folder), client,
+                             *progress);
+}
+
+}  // namespace
+
+void AddPortfolioCommands(CLI::App& app, Context& context) {
+  auto import_options = std::make_shared<ImportOptions>();
+  CLI::App* import = app.add_subcommand("import", "Take a portfolio folder in, all or nothing");
+  import->add_option("folder", import_options->folder, "Folder of CSV files")->required();
+  import->add_flag("--dry-run", import_options->dry_run, "Check only");
+  import->callback([&context, import_options] { Import(context, *import_options);
+});
+
+auto export_options = std::make_shared<ExportOptions>();
+CLI::App* export_command = app.add_subcommand("export", "Write the portfolio as a folder");
+export_command->add_option("folder", export_options->folder, "Folder to write to")->required();
+export_command->add_option("--client", export_options->client,
+                           "Only this client and those that transfers join to it");
+export_command->callback([&context, export_options] { Export(context, *export_options); });
+}  // namespace quorvane::cli
+
+}  // namespace quorvane::cli

@@ -1,0 +1,75 @@
+#include "cli/TerminalProgress.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <string>
+
+namespace quorvane::cli {
+namespace {
+
+volatile std::sig_atomic_t g_interrupted = 0;
+
+void TakeInterrupt(int) {
+  g_interrupted = 1;
+}
+
+/// Cancels on Ctrl-C, which would otherwise end the program in the middle of its work.
+class CancelledByInterrupt : public Progress {
+ public:
+  CancelledByInterrupt() { std::signal(SIGINT, TakeInterrupt); }
+  ~CancelledByInterrupt() override { std::signal(SIGINT, SIG_DFL); }
+  bool Cancelled() const override { return g_interrupted != 0; }
+};
+
+class Bar : public CancelledByInterrupt {
+ public:
+  ~Bar() override { Clear(); }
+
+  void Begin(const QString& what, std::int64_t total) override {
+    what_ = what.toStdString();
+    total_ = total;
+    drawn_ = {};
+  }
+
+  void Step(std::int64_t done) override {
+    const auto now = std::chrono::steady_clock::now();
+    using namespace std::chrono_literals;
+    if (total_ <= 0 || now - drawn_ < 100ms) {
+      return;
+    }
+    drawn_ = now;
+    constexpr int kWidth = 40;
+    const auto filled = static_cast<int>(kWidth * std::min(done, total_) / total_);
+    std::fprintf(stderr, "\r%s [%s%s] %3d%%", what_.c_str(), std::string(filled, '#').c_str(),
+                 std::string(kWidth - filled, ' ').c_str(),
+                 static_cast<int>(100 * std::min(done, total_) / total_));
+    visible_ = true;
+  }
+
+ private:
+  void Clear() const {
+    if (visible_) {
+      std::fprintf(stderr, "\r%s\r", std::string(78, ' ').c_str());
+    }
+  }
+
+  std::string what_;
+  std::int64_t total_ = 0;
+  std::chrono::steady_clock::time_point drawn_;
+  bool visible_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Progress> MakeTerminalProgress(bool quiet) {
+  if (quiet || isatty(STDERR_FILENO) == 0) {
+    return std::make_unique<CancelledByInterrupt>();
+  }
+  return std::make_unique<Bar>();
+}
+
+}  // namespace quorvane::cli

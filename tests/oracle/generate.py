@@ -1,0 +1,354 @@
+#!/usr/bin/env python3
+"""Writes a random but legal portfolio folder: the same arguments give the same files.
+
+    generate.py --lines N --seed S --out FOLDER [--clients C] [--scrips K] [--years Y]
+                [--first-year 2011] [--order date|client]
+
+N is the number of lines in bills.csv. Files are written as they come up; memory follows the number
+of lots held, not N. With --order client the bills are sorted by client at the end, in memory.
+"""
+
+import argparse
+import random
+from collections import defaultdict
+from datetime import date, timedelta
+from pathlib import Path
+
+QUANTITY = 1000   # quantities are counted in thousandths of a share
+RATE = 10000      # rates and brokerage in ten-thousandths of a rupee
+KINDS = ("Brokerage Delivery Based", "Brokerage Non Delivery Based", "STT Delivery Based",
+         "STT Non Delivery Based", "Service Tax")
+BILL_HEADER = ("client_code,account_no,bill_no,bill_date,settlement_no,broker,exchange,side,"
+               "scrip_code,quantity,rate,brokerage,service_tax,stt,stt_percent,delivery_type,fo,"
+               "lot_rate,other_charges,transaction_charges\n")
+
+
+def plain(value: int, unit: int) -> str:
+    whole, rest = divmod(value, unit)
+    if not rest:
+        return str(whole)
+    return f"{whole}.{str(unit + rest)[1:].rstrip('0')}"
+
+
+def dmy(when: date) -> str:
+    return f"{when.day:02d}/{when.month:02d}/{when.year}"
+
+
+def year_text(first: int) -> str:
+    return f"{first}-{(first + 1) % 100:02d}"
+
+
+class Layer:
+    __slots__ = ("bought", "rate", "left")
+
+    def __init__(self, bought: date, rate: int, left: int):
+        self.bought, self.rate, self.left = bought, rate, left
+
+
+class Generator:
+    def __init__(self, arguments):
+        self.random = random.Random(arguments.seed)
+        self.out = Path(arguments.out)
+        self.out.mkdir(parents=True, exist_ok=True)
+        self.lines = arguments.lines
+        self.years = [arguments.first_year + n for n in range(arguments.years)]
+        self.by_client = arguments.order == "client"
+        self.kept: list[tuple[str, list[str]]] = []  # bills that wait for --order client
+        clients = arguments.clients or max(3, min(1000, self.lines // 150))
+        self.clients = [f"C{n:05d}" for n in range(1, clients + 1)]
+        self.accounts: list[tuple[str, str]] = []
+        self.scrips = [f"{600001 + 7 * n}" for n in range(arguments.scrips)]
+        self.price = {scrip: self.random.randint(20, 3000) * RATE for scrip in self.scrips}
+        self.brokers = ["AMARNATH BROKING", "BHAGIRATHI SHARES & STOCKS", 'CHITRA "FAST" EQUITY']
+        # (account, scrip) -> layers, earliest purchase first
+        self.held: dict[tuple[str, str], list[Layer]] = defaultdict(list)
+        self.bill_count = 0
+
+    # Masters
+
+    def write(self, name: str, header: str, rows):
+        with (self.out / name).open("w", encoding="utf-8", newline="") as file:
+            file.write(header + "\n")
+            file.writelines(row + "\n" for row in rows)
+
+    def masters(self):
+        self.write("participants.csv", "name,depository,dp_id,city",
+                   ["NIDHI DEPOSITORY,NSDL,IN399901,PUNE",
+                    "SAMPADA DEPOSITORY,CDSL,12999001,SURAT"])
+        self.write("clients.csv", "code,group_code,name", (
+            f"{code},G{n // 4:04d},CLIENT {code} O'GROUP" for n, code in enumerate(self.clients)))
+        for n, code in enumerate(self.clients):
+            for extra in range(self.random.choice((1, 1, 2, 3))):
+                self.accounts.append((code, f"{10000000 + n * 4 + extra}"))
+        self.write("accounts.csv", "client_code,participant,dp_id,account_no", (
+            f"{code},NIDHI DEPOSITORY,IN399901,{account}" for code, account in self.accounts))
+        self.write("brokers.csv", "name,city", (
+            '"' + name.replace('"', '""') + '",MUMBAI' for name in self.brokers))
+        self.write("scrips.csv", "code,ncode,name,type,class", (
+            f"{code},N{code},SCRIP {code} & CO,EQUITY,{'ABC'[n % 3]}"
+            for n, code in enumerate(self.scrips)))
+        self.write("percentages.csv", "fyear,name,percent,as_on", (
+            f"{year_text(year)},{kind},{percent},01/04/{year}" for year in self.years
+            for kind, percent in zip(KINDS, ("0.5", "0.05", "0.125", "0.025", "10.3"))))
+        self.write("rates.csv", "date,scrip_code,rate", (
+            f"31/03/{year + 1},{scrip},{plain(self.price[scrip], RATE)}"
+            for year in self.years for scrip in self.scrips))
+
+    # Small choices
+
+    def chance(self, percent: float) -> bool:
+        return self.random.random() * 100 < percent
+
+    def quantity(self) -> int:
+        if self.chance(4):
+            return self.random.randint(1, 500 * QUANTITY)
+        return self.random.choice((1, 5, 10, 25, 50, 100, 250, 37, 400)) * QUANTITY
+
+    def rate(self, scrip: str) -> int:
+        moved = self.price[scrip] * self.random.randint(980, 1021) // 1000
+        self.price[scrip] = min(max(5 * RATE, moved), 60000 * RATE)
+        step = 1 if self.chance(5) else RATE // 100
+        return max(step, self.price[scrip] // step * step)
+
+    def charges(self, quantity: int, rate: int, intraday: bool) -> tuple[int, int, int]:
+        """Brokerage a share in RATE units; service tax and STT of the line in paise."""
+        if self.chance(5):
+            return 0, 0, 0
+        step = 1 if self.chance(5) else RATE // 100
+        brokerage = rate // (2000 if intraday else 200) // step * step
+        value = quantity * rate // QUANTITY // (RATE // 100)
+        tax = brokerage * quantity * 103 // 1000 // QUANTITY // (RATE // 100)
+        return brokerage, tax, value * (25 if intraday else 125) // 100000
+
+    # Lots
+
+    def balance(self, key, rate=None) -> int:
+        return sum(one.left for one in self.held[key] if rate is None or one.rate == rate)
+
+    def take(self, key, quantity: int, rate=None):
+        for layer in self.held[key]:
+            if quantity and (rate is None or layer.rate == rate):
+                part = min(quantity, layer.left)
+                layer.left -= part
+                quantity -= part
+        assert quantity == 0
+        self.held[key] = [layer for layer in self.held[key] if layer.left]
+
+    def part_of(self, balance: int) -> int:
+        """Some of a balance: all of it now and then, else whole shares where there are any."""
+        if self.chance(20) or balance <= QUANTITY:
+            return balance
+        part = self.random.randint(1, balance)
+        return part if self.chance(4) else max(QUANTITY, part // QUANTITY * QUANTITY)
+
+    # Bills
+
+    def bill(self, owner, when: date, count: int, selling: str | None = None) -> list[str]:
+        """Rows of one bill of up to `count` lines. Its purchases count before its sales wherever
+        they stand, so some bills list the sales first. `selling` names a scrip whose whole holding
+        goes."""
+        client, account = owner
+        bought, sold, used = [], [], set()
+        if selling:
+            sold.append(self.sale(account, selling, self.balance((account, selling)), None, False))
+            used.add(selling)
+        while len(bought) + len(sold) < count and len(used) < len(self.scrips):
+            scrip = self.random.choice(self.scrips)
+            if scrip in used:
+                continue
+            key = (account, scrip)
+            if self.held[key] and (self.chance(48) or len(self.held[key]) > 12):
+                used.add(scrip)
+                self.add_sale(key, sold)
+            elif self.chance(8) and len(bought) + len(sold) + 2 <= count:
+                used.add(scrip)
+                self.intraday(key, when, bought, sold)
+            else:
+                bought.append(self.purchase(key, when, False)[0])
+        self.bill_count += 1
+        rows = sold + bought if self.chance(30) else bought + sold
+        head = (f"{client},{account},{self.bill_count:07d},{dmy(when)},"
+                f"{when.year}{when.month:02d}{when.day:02d},{self.broker()},"
+                f"{self.random.choice(('NSE', 'BSE'))},")
+        other, transaction = self.random.choice((("0", "0"), ("12.5", "3.17"), ("0", "0.42")))
+        return [f"{head}{row},{other},{transaction}\n" if n == 0 else f"{head}{row},,\n"
+                for n, row in enumerate(rows)]
+
+    def broker(self) -> str:
+        return '"' + self.random.choice(self.brokers).replace('"', '""') + '"'
+
+    def line(self, side, scrip, quantity, rate, intraday, lot_rate="") -> str:
+        brokerage, tax, stt = self.charges(quantity, rate, intraday)
+        kind = "Non Delivery Based" if intraday else "Delivery Based"
+        return (f"{side},{scrip},{plain(quantity, QUANTITY)},{plain(rate, RATE)},"
+                f"{plain(brokerage, RATE)},{plain(tax, 100)},{plain(stt, 100)},"
+                f"{'0.025' if intraday else '0.125'},{kind},{int(self.chance(3))},{lot_rate}")
+
+    def purchase(self, key, when: date, intraday: bool) -> tuple[str, Layer]:
+        _account, scrip = key
+        held = self.held[key]
+        rate = self.random.choice(held).rate if held and self.chance(15) else self.rate(scrip)
+        layer = Layer(when, rate, self.quantity())
+        held.append(layer)
+        return self.line("P", scrip, layer.left, rate, intraday), layer
+
+    def sale(self, account, scrip, quantity, lot_rate, intraday) -> str:
+        self.take((account, scrip), quantity, lot_rate)
+        lot = "" if lot_rate is None else plain(lot_rate, RATE)
+        return self.line("S", scrip, quantity, self.rate(scrip), intraday, lot)
+
+    def add_sale(self, key, sold: list[str]):
+        account, scrip = key
+        lot_rate = self.random.choice(self.held[key]).rate if self.chance(50) else None
+        quantity = self.part_of(self.balance(key, lot_rate))
+        sold.append(self.sale(account, scrip, quantity, lot_rate, False))
+
+    def intraday(self, key, when: date, bought: list[str], sold: list[str]):
+        account, scrip = key
+        row, layer = self.purchase(key, when, True)
+        bought.append(row)
+        lot_rate = layer.rate if self.chance(70) else None
+        sold.append(self.sale(account, scrip, self.part_of(layer.left), lot_rate, True))
+
+    # Transfers
+
+    def holder(self, among) -> tuple[str, str] | None:
+        """An (account, scrip) with something in it, among some accounts."""
+        for _attempt in range(20):
+            key = (self.random.choice(among)[1], self.random.choice(self.scrips))
+            if self.held.get(key):
+                return key
+        return None
+
+    def transfer(self, file, when: date, source_key, target: str):
+        account, scrip = source_key
+        layer = self.random.choice(self.held[source_key])
+        quantity = self.part_of(self.balance(source_key, layer.rate))
+        self.take(source_key, quantity, layer.rate)
+        self.held[target, scrip].append(Layer(when, layer.rate, quantity))
+        file.write(f"{dmy(when)},{account},{target},{scrip},{plain(layer.rate, RATE)},"
+                   f"{plain(quantity, QUANTITY)}\n")
+
+    def day_transfers(self, file, when: date, due: int):
+        for _attempt in range(1 + due // 50):
+            if not self.chance(25):
+                continue
+            key = self.holder(self.accounts)
+            target = self.random.choice(self.accounts)[1]
+            if key and target != key[0]:
+                self.transfer(file, when, key, target)
+
+    def sold_on_arrival(self, file, when: date, busy: set[str]) -> int:
+        """Shares that come in by a transfer and are sold in a bill of the same day; neither
+        account has another movement on that day. Returns the lines written."""
+        idle = [one for one in self.accounts if one[1] not in busy]
+        key = self.holder(idle) if len(idle) > 1 else None
+        owner = self.random.choice(idle) if key else None
+        if not key or owner[1] == key[0] or self.held.get((owner[1], key[1])):
+            return 0
+        self.transfer(file, when, key, owner[1])
+        return self.keep(owner[0], self.bill(owner, when, 1, selling=key[1]))
+
+    # Years
+
+    def opening_rows(self):
+        owners = {account: client for client, account in self.accounts}
+        for n, year in enumerate(self.years):
+            if n == 0:
+                self.first_layers(year)
+            for (account, scrip), layers in sorted(self.held.items()):
+                for layer in layers:
+                    brokerage, tax, stt = self.charges(layer.left, layer.rate, False)
+                    yield (f"{owners[account]},{account},{year_text(year)},{scrip},"
+                           f"{plain(layer.left, QUANTITY)},{plain(layer.rate, RATE)},"
+                           f"{dmy(layer.bought)},{plain(tax, 100)},{plain(brokerage, RATE)},"
+                           f"{plain(stt, 100)},{int(self.chance(2))}")
+            self.trading_year(year, self.lines * (n + 1) // len(self.years)
+                              - self.lines * n // len(self.years))
+
+    def first_layers(self, year: int):
+        for _client, account in self.accounts:
+            for scrip in self.random.sample(self.scrips, min(3, len(self.scrips))):
+                days = [self.random.randint(1, 900) for _ in range(self.random.choice((1, 2)))]
+                for back in sorted(days, reverse=True):
+                    self.held[account, scrip].append(Layer(
+                        date(year, 4, 1) - timedelta(days=back), self.rate(scrip),
+                        self.quantity()))
+
+    def trading_year(self, year: int, lines: int):
+        first = date(year, 4, 1)
+        days = (date(year + 1, 4, 1) - first).days
+        written = 0
+        for n in range(days):
+            when = first + timedelta(days=n)
+            due = lines * (n + 1) // days - written
+            written += due
+            on_arrival = due > 0 and self.chance(10)
+            busy = self.day_bills(when, due - 1 if on_arrival else due)
+            if not on_arrival:
+                self.day_transfers(self.transfers, when, due)
+            elif not self.sold_on_arrival(self.transfers, when, busy):
+                self.day_bills(when, 1)
+
+    def day_bills(self, when: date, due: int) -> set[str]:
+        """Writes bills of `due` lines in all and returns their accounts."""
+        busy = set()
+        while due > 0:
+            owner = self.random.choice(self.accounts)
+            busy.add(owner[1])
+            due -= self.keep(owner[0], self.bill(owner, when, min(due,
+                                                                  self.random.randint(1, 6))))
+        return busy
+
+    def keep(self, client: str, rows: list[str]) -> int:
+        if self.by_client:
+            self.kept.append((client, rows))
+        else:
+            self.bills.writelines(rows)
+        return len(rows)
+
+    def money(self):
+        rows = [f"{code},{year_text(self.years[0])},\"{self.brokers[1]}\",{n % 900 + 0.5},"
+                f"{'Dr' if n % 2 else 'Cr'}" for n, code in enumerate(self.clients)]
+        self.write("broker_opening.csv", "client_code,fyear,broker,amount,side", rows)
+        header = ("client_code,broker,mode,amount,date,payment_mode,cheque_no,cheque_date,drawn_on,"
+                  "remark")
+        for name, modes in (("payments.csv", ("Payment", "Cr. By Broker")),
+                            ("receipts.csv", ("Receving", "Dr. By Broker"))):
+            self.write(name, header, (
+                f"{code},{self.brokers[0]},{modes[n % 2]},{1000 + n}.25,05/05/{self.years[0]},"
+                + ("Cash,,,," if n % 3 else
+                   f"Cheque,{100000 + n},04/05/{self.years[0]},CITY BANK,\"part, rest later\"")
+                for n, code in enumerate(self.clients)))
+
+    def run(self):
+        self.masters()
+        self.money()
+        with (self.out / "bills.csv").open("w", encoding="utf-8", newline="") as self.bills, \
+                (self.out / "transfers.csv").open("w", encoding="utf-8", newline="") as \
+                self.transfers:
+            self.bills.write(BILL_HEADER)
+            self.transfers.write("date,from_account,to_account,scrip_code,rate,quantity\n")
+            self.write("opening.csv",
+                       "client_code,account_no,fyear,scrip_code,quantity,rate,purchase_date,"
+                       "service_tax,brokerage,stt,fo", self.opening_rows())
+            for _client, rows in sorted(self.kept, key=lambda bill: bill[0]):
+                self.bills.writelines(rows)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--lines", type=int, required=True)
+    parser.add_argument("--seed", type=int, required=True)
+    parser.add_argument("--out", required=True)
+    parser.add_argument("--clients", type=int, default=0, help="0: from the number of lines")
+    parser.add_argument("--scrips", type=int, default=40)
+    parser.add_argument("--years", type=int, default=1)
+    parser.add_argument("--first-year", type=int, default=2011)
+    parser.add_argument("--order", choices=("date", "client"), default="date")
+    Generator(parser.parse_args()).run()
+
+
+if __name__ == "__main__":
+    main()

@@ -3,7 +3,9 @@
 #include "core/database/Schema.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QProcess>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 
 #include <fmt/format.h>
@@ -11,6 +13,15 @@
 #include <stdexcept>
 
 namespace quorvane::test {
+
+QString TestFolderTemplate() {
+  constexpr qint64 kRoom = 3LL * 1024 * 1024 * 1024;
+  const QStorageInfo memory(QStringLiteral("/dev/shm"));
+  const bool has_room = memory.isReady() && !memory.isReadOnly() && memory.bytesAvailable() > kRoom;
+  return (has_room ? memory.rootPath() : QDir::tempPath()) +
+         QStringLiteral("/quorvane-test-XXXXXX");
+}
+
 namespace {
 
 using database::Connection;
@@ -19,7 +30,7 @@ using database::PrivateServer;
 
 /// Folder and server, in the order in which they must be made and must go.
 struct RunningServer {
-  QTemporaryDir folder;
+  QTemporaryDir folder{TestFolderTemplate()};
   PrivateServer server{folder.path() + QStringLiteral("/database")};
 };
 
@@ -68,7 +79,7 @@ TestDatabase::TestDatabase(Tables tables) : settings_(TestServer::Get().Settings
   connection_.emplace(settings_);
   if (tables == Tables::kPrepared) {
     for (const auto& [statement, reason] : database::PrepareDatabase(*connection_)) {
-      throw std::runtime_error("the set-up skipped " + statement + ": " + reason);
+      throw std::runtime_error(fmt::format("the set-up skipped {}: {}", statement, reason));
     }
   }
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/Ids.h"
 #include "core/database/Connection.h"
 #include "core/database/PrivateServer.h"
 
@@ -10,6 +9,10 @@
 #include <optional>
 
 namespace quorvane::test {
+
+/// For a QTemporaryDir in which databases are made: in memory where there is room, because a disk
+/// that others use too would be waited for at each of many small steps.
+QString TestFolderTemplate();
 
 /// The database server of this test process, over a folder that is gone afterwards. It is started
 /// when it is first asked for and stopped at the end of main, or soon after when the process is

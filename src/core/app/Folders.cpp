@@ -11,6 +11,11 @@
 #include <stdexcept>
 #include <utility>
 
+// Set by builds that are run from the project's folder; an installed program has no such folder.
+#ifndef QUORVANE_DATA_FOLDER
+#define QUORVANE_DATA_FOLDER ""
+#endif
+
 namespace quorvane::app {
 namespace {
 
@@ -111,6 +116,16 @@ void InstallShippedFiles(const Folders& folders, const QString& shipped_data_fol
       CopyWhole(source, target);
     }
   }
+}
+
+QString ShippedFolder(const QString& program_folder, const QString& name) {
+  for (const QString& parent : {program_folder + QStringLiteral("/../share/quorvane/"),
+                                QStringLiteral(QUORVANE_DATA_FOLDER "/")}) {
+    if (QFileInfo(parent + name).isDir()) {
+      return QDir(parent + name).canonicalPath();
+    }
+  }
+  return {};
 }
 
 }  // namespace quorvane::app

@@ -24,6 +24,11 @@ struct Folders {
 /// program and data can be carried about together; else the user's data folder.
 QString DefaultApplicationFolder(const QString& program_folder);
 
+/// A folder that is shipped with the program: "shipped" (what is copied to Data) or "sample" (the
+/// sample portfolio). Beside the installed program, else in the project's folder; empty when it is
+/// in neither.
+QString ShippedFolder(const QString& program_folder, const QString& name);
+
 /// Copies the files that are missing in the data folder from the folder they are shipped in,
 /// subfolders included; files that are there stay as the user made them. A copy is whole or absent.
 /// Throws std::runtime_error with path and reason.

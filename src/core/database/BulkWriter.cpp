@@ -13,7 +13,7 @@ constexpr std::size_t kRowsAtOnce = 2000;
 
 // The driver wants the texts of a column at one width, so one long text makes every row of its
 // batch long. Such a batch is sent in parts of about this size.
-constexpr std::size_t kBytesAtOnce = 16 * 1024 * 1024;
+constexpr std::size_t kBytesAtOnce = 16UL * 1024 * 1024;
 
 /// Takes the rows off a kept statement again, also after a failure: it may be run with single
 /// values next.

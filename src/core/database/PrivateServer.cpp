@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QThread>
 
 #include <fmt/format.h>
@@ -27,7 +28,7 @@ constexpr auto kLongestStart = 300s;
 constexpr auto kLongestStop = 60s;
 
 QString Program(const char* name) {
-  const QString path = platform::FindProgram(QLatin1String(name));
+  QString path = platform::FindProgram(QLatin1String(name));
   if (path.isEmpty()) {
     throw std::runtime_error(
         fmt::format("{} is not installed; install the package mariadb-server", name));
@@ -35,9 +36,13 @@ QString Program(const char* name) {
   return path;
 }
 
+/// A list of folders is separated by colons, so none of its folders can have one in its name.
+constexpr QLatin1Char kListSeparator(':');
+
 QString SocketFolder(const QString& folder) {
-  const QString inside = folder + QStringLiteral("/run");
-  if (QFile::encodeName(inside).size() + 12 <= kLongestSocketPath) {
+  QString inside = folder + QStringLiteral("/run");
+  if (QFile::encodeName(inside).size() + 12 <= kLongestSocketPath &&
+      !inside.contains(kListSeparator)) {
     platform::MakePrivateFolder(inside);
     return inside;
   }
@@ -46,11 +51,23 @@ QString SocketFolder(const QString& folder) {
   return platform::ShortPrivateFolder(QString::fromLatin1(hash));
 }
 
+/// A folder of its own for the server's scratch tables: every server that starts clears those in
+/// its folder away, whosever they are.
+QString ScratchFolder(const QString& folder, const QString& socket) {
+  QString inside = folder + QStringLiteral("/tmp");
+  if (inside.contains(kListSeparator)) {
+    return QFileInfo(socket).path();
+  }
+  platform::MakePrivateFolder(inside);
+  return inside;
+}
+
 QStringList ServerArguments(const QString& folder, const QString& socket) {
   QStringList arguments{
       QStringLiteral("--no-defaults"),
       QStringLiteral("--datadir=") + folder + QStringLiteral("/data"),
       QStringLiteral("--socket=") + socket,
+      QStringLiteral("--tmpdir=") + ScratchFolder(folder, socket),
       QStringLiteral("--pid-file=") + folder + QStringLiteral("/server.pid"),
       QStringLiteral("--log-error=") + folder + QStringLiteral("/server.log"),
       QStringLiteral("--skip-networking"),
@@ -125,12 +142,15 @@ void PrivateServer::Initialise() {
   QDir(unfinished).removeRecursively();
   QProcess process;
   process.setProcessChannelMode(QProcess::MergedChannels);
-  QStringList arguments{
-      QStringLiteral("--no-defaults"), QStringLiteral("--auth-root-authentication-method=normal"),
-      QStringLiteral("--skip-test-db"), QStringLiteral("--datadir=./data.new")};
+  QStringList arguments{QStringLiteral("--no-defaults"),
+                        QStringLiteral("--auth-root-authentication-method=normal"),
+                        QStringLiteral("--skip-test-db"), QStringLiteral("--datadir=./data.new")};
   if (platform::IsSuperuser()) {
     arguments << QStringLiteral("--user=root");
   }
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("TMPDIR"), ScratchFolder(folder_, socket_));
+  process.setProcessEnvironment(environment);
   // A path from here, because the script stumbles over blanks and quotes in a whole one.
   process.setWorkingDirectory(folder_);
   process.start(Program("mariadb-install-db"), arguments);

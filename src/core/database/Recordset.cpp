@@ -96,7 +96,9 @@ const ColumnBuffer& Recordset::At(std::size_t column) const {
   return statement_->columns[column];
 }
 
-ColumnKind Recordset::Kind(std::size_t column) const { return At(column).kind; }
+ColumnKind Recordset::Kind(std::size_t column) const {
+  return At(column).kind;
+}
 
 bool Recordset::IsNull(std::size_t column) const {
   return At(column).lengths[row_] == ColumnBuffer::kNull;

@@ -7,7 +7,7 @@ namespace {
 
 // A text column up to this many bytes is fetched in blocks; a longer one row by row.
 constexpr std::size_t kLongestBlockText = 4096;
-constexpr std::size_t kBlockBytes = 256 * 1024;
+constexpr std::size_t kBlockBytes = 256UL * 1024;
 constexpr std::size_t kMostBlockRows = 1024;
 constexpr std::size_t kBytesPerCharacter = 4;
 

@@ -3,6 +3,7 @@
 #include "core/gains/HistoryReader.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace quorvane::gains {
 
@@ -11,20 +12,38 @@ History::History(database::Connection& connection, const HistoryQuery& query, Pr
   HistoryReader(connection, *this, progress).Read();
 }
 
+/// Where the keys of each client begin, by rank, and where those of the last one end.
+std::vector<std::size_t> History::ClientStarts() const {
+  std::vector<std::size_t> starts(clients_.size() + 1);
+  for (std::size_t i = 0; i < movements_.size(); ++i) {
+    ++starts[movements_[i].client_rank + 1];
+  }
+  std::partial_sum(starts.begin(), starts.end(), starts.begin());
+  return starts;
+}
+
+History::Key History::KeyOf(std::size_t movement) const {
+  const Movement& m = movements_[movement];
+  Key key;
+  key.place =
+      (std::uint64_t{m.client_rank} << 42) | (std::uint64_t{m.scrip_rank} << 21) | m.account_rank;
+  // Days are counted from 1900 on, so that they are positive.
+  constexpr std::int64_t kDaysFrom1900 = 25567;
+  const auto day = static_cast<std::uint64_t>(std::max<std::int64_t>(m.day + kDaysFrom1900, 0));
+  key.order = (day << 36) | (static_cast<std::uint64_t>(m.kind) << 32) |
+              static_cast<std::uint32_t>(m.document);
+  key.movement = static_cast<std::uint32_t>(movement);
+  return key;
+}
+
 std::vector<History::Key> History::SortedKeys() const {
   std::vector<Key> keys(movements_.size());
+  const std::vector<std::size_t> starts = ClientStarts();
+  std::vector<std::size_t> next = starts;
   for (std::size_t i = 0; i < movements_.size(); ++i) {
-    const Movement& m = movements_[i];
-    keys[i].place =
-        (std::uint64_t{m.client_rank} << 42) | (std::uint64_t{m.scrip_rank} << 21) | m.account_rank;
-    // Days are counted from 1900 on, so that they are positive.
-    constexpr std::int64_t kDaysFrom1900 = 25567;
-    const auto day = static_cast<std::uint64_t>(std::max<std::int64_t>(m.day + kDaysFrom1900, 0));
-    keys[i].order = (day << 36) | (static_cast<std::uint64_t>(m.kind) << 32) |
-                    static_cast<std::uint32_t>(m.document);
-    keys[i].movement = static_cast<std::uint32_t>(i);
+    keys[next[movements_[i].client_rank]++] = KeyOf(i);
   }
-  std::sort(keys.begin(), keys.end(), [this](const Key& a, const Key& b) {
+  const auto before = [this](const Key& a, const Key& b) {
     if (a.place != b.place) {
       return a.place < b.place;
     }
@@ -34,7 +53,12 @@ std::vector<History::Key> History::SortedKeys() const {
     const int line_a = movements_[a.movement].line;
     const int line_b = movements_[b.movement].line;
     return line_a != line_b ? line_a < line_b : a.movement < b.movement;
-  });
+  };
+  // A client's keys fit into the processor's cache; those of all clients do not.
+  for (std::size_t client = 0; client < clients_.size(); ++client) {
+    std::sort(keys.begin() + static_cast<std::ptrdiff_t>(starts[client]),
+              keys.begin() + static_cast<std::ptrdiff_t>(starts[client + 1]), before);
+  }
   return keys;
 }
 
@@ -67,6 +91,16 @@ void History::AddToBuffers(const Movement& m) {
   }
 }
 
+/// Movements lie in the order in which they were read; asked for in time they are there.
+void History::LookAhead(const std::vector<Key>& keys, std::size_t place) const {
+  constexpr std::size_t kMovements = 12;
+  if (place + kMovements < keys.size()) {
+    const Movement& m = movements_[keys[place + kMovements].movement];
+    __builtin_prefetch(&m);
+    __builtin_prefetch(&m.brokerage);
+  }
+}
+
 void History::Visit(const std::function<void(const ScripHistory&)>& visit) {
   const std::vector<Key> keys = SortedKeys();
   for (std::size_t first = 0; first < keys.size();) {
@@ -74,6 +108,7 @@ void History::Visit(const std::function<void(const ScripHistory&)>& visit) {
     sales_.clear();
     std::size_t next = first;
     for (; next < keys.size() && keys[next].place == keys[first].place; ++next) {
+      LookAhead(keys, next);
       AddToBuffers(movements_[keys[next].movement]);
     }
     const Movement& m = movements_[keys[first].movement];

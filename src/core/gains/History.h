@@ -3,6 +3,7 @@
 #include "core/ClientYear.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
+#include "core/gains/Blocks.h"
 #include "core/gains/Matching.h"
 
 #include <cstdint>
@@ -77,11 +78,14 @@ class History {
     std::uint32_t movement;
   };
 
+  std::vector<std::size_t> ClientStarts() const;
+  Key KeyOf(std::size_t movement) const;
   std::vector<Key> SortedKeys() const;
+  void LookAhead(const std::vector<Key>& keys, std::size_t place) const;
   void AddToBuffers(const Movement& movement);
 
   HistoryQuery query_;
-  std::vector<Movement> movements_;
+  Blocks<Movement> movements_;
   std::vector<int> clients_;  ///< ids by rank
   std::vector<int> scrips_;
   std::vector<int> accounts_;

@@ -102,7 +102,7 @@ std::int32_t HistoryReader::DayOf(std::string_view text, const char* document, i
 }
 
 History::Movement& HistoryReader::Add(int client, int scrip, int account) {
-  History::Movement& movement = history_.movements_.emplace_back();
+  History::Movement& movement = history_.movements_.Add();
   movement.client_rank = clients_.Of(client);
   movement.scrip_rank = scrips_.Of(scrip);
   movement.account_rank = accounts_.Of(account);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/Ids.h"
 #include "core/database/Connection.h"
 
 #include <QString>

@@ -63,15 +63,15 @@ void MakePrivateFolder(const QString& path) {
 
 QString ShortPrivateFolder(const QString& name) {
   const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  const QString path = runtime.isEmpty() || runtime.size() > 40
-                           ? QStringLiteral("/tmp/quorvane-%1-%2").arg(geteuid()).arg(name)
-                           : runtime + QStringLiteral("/quorvane-") + name;
+  QString path = runtime.isEmpty() || runtime.size() > 40
+                     ? QStringLiteral("/tmp/quorvane-%1-%2").arg(geteuid()).arg(name)
+                     : runtime + QStringLiteral("/quorvane-") + name;
   MakePrivateFolder(path);
   return path;
 }
 
 QString FindProgram(const QString& name) {
-  const QString on_path = QStandardPaths::findExecutable(name);
+  QString on_path = QStandardPaths::findExecutable(name);
   if (!on_path.isEmpty()) {
     return on_path;
   }

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <sys/resource.h>
+
 #include <bit>
 #include <limits>
 #include <stdexcept>
@@ -20,6 +22,13 @@ namespace {
 constexpr std::size_t kFirst = 0;
 constexpr const char* kInsert = "Insert Into Records(Id,Name,Amount) Values(?,?,?)";
 
+/// The most memory that this process has ever held, in KiB.
+std::int64_t PeakMemory() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
 /// A text whose length jumps from row to row.
 std::string TextOf(int row) {
   return std::string(static_cast<std::size_t>(row % 7 == 0 ? 0 : row * 37 % 251), 'a') +
@@ -31,6 +40,8 @@ std::string TextOf(int row) {
 /// Many rows arrive as single ones would.
 class BulkWriterTest : public QObject {
   Q_OBJECT
+
+  std::optional<TestDatabase> database_;
 
  private Q_SLOTS:
   void initTestCase() {
@@ -58,7 +69,7 @@ class BulkWriterTest : public QObject {
     Transaction transaction(**database_);
     BulkWriter writer(transaction, kInsert, "itd");
     for (int i = 0; i < rows; ++i) {
-      writer.Int(i * 3).Text(TextOf(i)).Double(i / 7.0).EndRow();
+      writer.Int(std::int64_t{i} * 3).Text(TextOf(i)).Double(i / 7.0).EndRow();
     }
     writer.Finish();
     transaction.Commit();
@@ -95,13 +106,15 @@ class BulkWriterTest : public QObject {
 
   // At one width for all, these rows would take some gigabytes.
   void OneVeryLongTextAmongManyShortOnes() {
-    const std::string text(3 * 1024 * 1024, 'x');
+    const std::string text(3UL * 1024 * 1024, 'x');
+    const std::int64_t before = PeakMemory();
     Transaction transaction(**database_);
     BulkWriter writer(transaction, kInsert, "itd");
     for (int i = 0; i < 1500; ++i) {
       writer.Int(i).Text(i == 700 || i == 702 ? text : TextOf(i)).Double(i).EndRow();
     }
     writer.Finish();
+    QVERIFY(PeakMemory() - before < std::int64_t{1024} * 1024);
     int seen = 0;
     for (const auto& row : transaction.Open("Select Id,Name From Records Order By Written")) {
       QCOMPARE(row.Int(kFirst), seen);
@@ -195,9 +208,6 @@ class BulkWriterTest : public QObject {
     writer.Text("x").Double(2);
     QVERIFY_EXCEPTION_THROWN(writer.Double(3), std::logic_error);
   }
-
- private:
-  std::optional<TestDatabase> database_;
 };
 
 static const quorvane::test::RegisterTest<BulkWriterTest> kRegistered;

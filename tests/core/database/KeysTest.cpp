@@ -35,6 +35,8 @@ int Within(TestDatabase& database, const Work& work) {
 class KeysTest : public QObject {
   Q_OBJECT
 
+  std::optional<TestDatabase> database_;
+
  private Q_SLOTS:
   void init() { database_.emplace(); }
 
@@ -120,6 +122,7 @@ class KeysTest : public QObject {
       }
     };
     std::vector<std::thread> writers;
+    writers.reserve(kWriters);
     for (int i = 0; i < kWriters; ++i) {
       writers.emplace_back(write);
     }
@@ -134,9 +137,6 @@ class KeysTest : public QObject {
     QCOMPARE(rows.Int(1), expected);
     QCOMPARE(rows.Int(2), expected);
   }
-
- private:
-  std::optional<TestDatabase> database_;
 };
 
 static const quorvane::test::RegisterTest<KeysTest> kRegistered;

@@ -1,6 +1,7 @@
 #include "core/database/PrivateServer.h"
 #include "core/database/Transaction.h"
 #include "core/platform/Processes.h"
+#include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -74,8 +75,12 @@ QSet<QString> InodesOf(const QString& table, int column) {
 class PrivateServerTest : public QObject {
   Q_OBJECT
 
+  QString Path() const { return folder_->path() + QStringLiteral("/database"); }
+
+  std::optional<QTemporaryDir> folder_;
+
  private Q_SLOTS:
-  void init() { folder_.emplace(); }
+  void init() { folder_.emplace(quorvane::test::TestFolderTemplate()); }
 
   void cleanup() { folder_.reset(); }
 
@@ -118,6 +123,19 @@ class PrivateServerTest : public QObject {
     const PrivateServer server(Path());
     Connection connection = Connect(server);
     QCOMPARE(Answer(connection, "Select 1"), QStringLiteral("1"));
+  }
+
+  /// A server that starts clears away the scratch tables that it finds.
+  void AnotherServersStartLeavesItsScratchTablesAlone() {
+    const PrivateServer server(Path());
+    const PrivateServer other(folder_->path() + QStringLiteral("/other"));
+    Connection connection = Connect(server);
+    Connection other_connection = Connect(other);
+    QVERIFY(Answer(connection, "Select @@tmpdir") != Answer(other_connection, "Select @@tmpdir"));
+    QCOMPARE(QFileInfo(Answer(connection, "Select @@tmpdir")).permissions(),
+             QFile::Permissions(kOwnerOnly));
+    connection.Execute("Create Temporary Table Scratch(Id int) Engine=Aria");
+    QVERIFY(!QDir(Answer(connection, "Select @@tmpdir")).isEmpty(QDir::Files | QDir::Hidden));
   }
 
   void TheLastToLeaveStopsIt() {
@@ -217,6 +235,7 @@ class PrivateServerTest : public QObject {
   void AnyFolderWillDo_data() {
     QTest::addColumn<QString>("name");
     QTest::newRow("longer than a socket's path may be") << QString(150, QLatin1Char('d'));
+    QTest::newRow("a colon") << "a:b";
     QTest::newRow("blanks, quotes, other letters") << QString::fromUtf8("O'Brien \"& ₹\" Söhne");
   }
 
@@ -232,7 +251,8 @@ class PrivateServerTest : public QObject {
       Connection connection = Connect(server);
       QCOMPARE(Answer(connection, "Select @@datadir"), folder + QStringLiteral("/data/"));
     }
-    QVERIFY(socket_folder.removeRecursively());
+    // Outside, where the folder itself would not do.
+    QVERIFY(!socket_folder.exists() || socket_folder.removeRecursively());
   }
 
   void AServerThatDoesNotComeUpNamesItsLog() {
@@ -257,11 +277,6 @@ class PrivateServerTest : public QObject {
       QVERIFY2(QString::fromUtf8(error.what()).contains(Path()), error.what());
     }
   }
-
- private:
-  QString Path() const { return folder_->path() + QStringLiteral("/database"); }
-
-  std::optional<QTemporaryDir> folder_;
 };
 
 static const quorvane::test::RegisterTest<PrivateServerTest> kRegistered;

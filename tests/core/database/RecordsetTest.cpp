@@ -27,6 +27,8 @@ constexpr std::size_t kFirst = 0;
 class RecordsetTest : public QObject {
   Q_OBJECT
 
+  std::optional<TestDatabase> database_;
+
  private Q_SLOTS:
   void initTestCase() { database_.emplace(TestDatabase::Tables::kNone); }
 
@@ -181,6 +183,7 @@ class RecordsetTest : public QObject {
     Recordset before = connection.Open("Select seq From seq_1_to_3000 Order By seq");
     QVERIFY(before.Next());
     std::vector<Recordset> open;
+    open.reserve(StatementCache::kMost + 5);
     for (int i = 0; i < static_cast<int>(StatementCache::kMost) + 5; ++i) {
       open.push_back(connection.Open(fmt::format("Select {} As Open", i)));
     }
@@ -204,9 +207,6 @@ class RecordsetTest : public QObject {
     connection.ForgetStatements();
     QCOMPARE(connection.Open("Select * From Changing").ColumnCount(), std::size_t{2});
   }
-
- private:
-  std::optional<TestDatabase> database_;
 };
 
 static const quorvane::test::RegisterTest<RecordsetTest> kRegistered;

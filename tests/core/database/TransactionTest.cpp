@@ -50,6 +50,8 @@ void KillConnectionOf(const TestDatabase& database, Connection& connection) {
 class TransactionTest : public QObject {
   Q_OBJECT
 
+  std::optional<TestDatabase> database_;
+
  private Q_SLOTS:
   void init() {
     database_.emplace(TestDatabase::Tables::kNone);
@@ -267,9 +269,6 @@ class TransactionTest : public QObject {
     QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(Count(other), 0);
   }
-
- private:
-  std::optional<TestDatabase> database_;
 };
 
 static const quorvane::test::RegisterTest<TransactionTest> kRegistered;

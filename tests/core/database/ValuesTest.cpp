@@ -9,7 +9,8 @@
 #include <bit>
 #include <cmath>
 #include <limits>
-#include <stdexcept>
+#include <optional>
+#include <vector>
 
 using quorvane::database::Connection;
 using quorvane::database::Recordset;
@@ -24,6 +25,8 @@ constexpr std::size_t kFirst = 0;
 /// What is bound to a statement comes back as it was.
 class ValuesTest : public QObject {
   Q_OBJECT
+
+  std::optional<TestDatabase> database_;
 
  private Q_SLOTS:
   void initTestCase() {
@@ -93,12 +96,16 @@ class ValuesTest : public QObject {
 
   void OptionalValuesBindAsValueOrNull() {
     Connection& connection = **database_;
-    connection.Execute("Insert Into Texts(Id,Short) Values(?,?)", std::optional<int>(),
-                       std::optional<QString>(QStringLiteral("x")));
-    Recordset rows = connection.Open("Select * From Texts");
-    QVERIFY(rows.Next());
-    QVERIFY(rows.IsNull("Id"));
-    QCOMPARE(rows.Text("Short"), QStringLiteral("x"));
+    const std::vector<std::optional<int>> numbers{std::nullopt, 0, 7};
+    const std::vector<std::optional<QString>> texts{QStringLiteral("x"), std::nullopt, QString()};
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      connection.Execute("Delete From Texts");
+      connection.Execute("Insert Into Texts(Id,Short) Values(?,?)", numbers[i], texts[i]);
+      Recordset rows = connection.Open("Select Id,Short From Texts");
+      QVERIFY(rows.Next());
+      QVERIFY(rows.OptionalInt(0) == numbers[i]);
+      QVERIFY(rows.OptionalText(1) == texts[i]);
+    }
   }
 
   void TextLongerThanAnyBufferComesBackWhole_data() {
@@ -229,9 +236,6 @@ class ValuesTest : public QObject {
     QCOMPARE(connection.Execute("Delete From Numbers Where Id=?", 2), 2);
     QCOMPARE(connection.Execute("Delete From Numbers Where Id=?", 2), 0);
   }
-
- private:
-  std::optional<TestDatabase> database_;
 };
 
 static const quorvane::test::RegisterTest<ValuesTest> kRegistered;

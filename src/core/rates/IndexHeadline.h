@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace quorvane::rates {
+
+/// The headline of the exchange's index feed (RSS): the title of its last item, with each "*"
+/// written as "  +", after "BSE ". nullopt when the text is no such feed, is larger than a feed can
+/// be, or its last title has no "*" (there is then no headline to show).
+std::optional<QString> HeadlineOf(const QByteArray& feed);
+
+}  // namespace quorvane::rates

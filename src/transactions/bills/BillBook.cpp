@@ -136,6 +136,8 @@ void PostInPlaceOf(LotSheet& sheet, const ClientYear& of, const std::optional<Bi
 MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Bill& bill) {
   const std::optional<Bill> old =
       bill.id ? ReadBill(transaction.GetConnection(), of, bill.id, kForUpdate) : std::nullopt;
+  // Before new lots are numbered, so that they can have the numbers that they had there.
+  posting::EmptyScratch(transaction, of);
   LotSheet sheet(transaction, ledger::LotTable::kStock);
   PostInPlaceOf(sheet, of, old, bill);
   if (MaybeRefusal refusal = sheet.CheckShortage(QStringLiteral("Vs1"))) {
@@ -150,7 +152,6 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Bill& bill) 
   }
   InsertHeader(transaction, of, bill);
   InsertLines(transaction, of, bill);
-  posting::CopyToScratch(transaction, of, bill.account);
   return std::nullopt;
 }
 

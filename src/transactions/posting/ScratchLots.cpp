@@ -8,8 +8,16 @@ namespace {
 using database::Transaction;
 using ledger::LotTable;
 
-void Empty(Transaction& transaction, const ClientYear& of) {
-  transaction.Execute("Delete From Stock_Temp Where Cid=? and Fyear=?", of.client, of.year.Text());
+void CopyFromLedger(Transaction& transaction, const ClientYear& of,
+                    std::optional<AccountId> account) {
+  if (account) {
+    transaction.Execute(
+        "Insert Into Stock_Temp Select * From Stock Where Cid=? and Fyear=? and AcId=?", of.client,
+        of.year.Text(), *account);
+  } else {
+    transaction.Execute("Insert Into Stock_Temp Select * From Stock Where Cid=? and Fyear=?",
+                        of.client, of.year.Text());
+  }
 }
 
 }  // namespace
@@ -19,7 +27,8 @@ ScratchLots::ScratchLots(database::Connection& connection, const ClientYear& of)
 
 void ScratchLots::Begin(std::optional<AccountId> account) {
   database::InTransaction(connection_, [&](Transaction& transaction) {
-    CopyToScratch(transaction, of_, account);
+    EmptyScratch(transaction, of_);
+    CopyFromLedger(transaction, of_, account);
     return MaybeRefusal();
   });
 }
@@ -45,22 +54,13 @@ MaybeRefusal ScratchLots::Change(const std::function<MaybeRefusal(LotSheet&)>& p
 
 void ScratchLots::Clear() {
   database::InTransaction(connection_, [&](Transaction& transaction) {
-    Empty(transaction, of_);
+    EmptyScratch(transaction, of_);
     return MaybeRefusal();
   });
 }
 
-void CopyToScratch(Transaction& transaction, const ClientYear& of,
-                   std::optional<AccountId> account) {
-  Empty(transaction, of);
-  if (account) {
-    transaction.Execute(
-        "Insert Into Stock_Temp Select * From Stock Where Cid=? and Fyear=? and AcId=?", of.client,
-        of.year.Text(), *account);
-  } else {
-    transaction.Execute("Insert Into Stock_Temp Select * From Stock Where Cid=? and Fyear=?",
-                        of.client, of.year.Text());
-  }
+void EmptyScratch(Transaction& transaction, const ClientYear& of) {
+  transaction.Execute("Delete From Stock_Temp Where Cid=? and Fyear=?", of.client, of.year.Text());
 }
 
 }  // namespace quorvane::posting

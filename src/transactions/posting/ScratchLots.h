@@ -35,8 +35,8 @@ class ScratchLots {
   ClientYear of_;
 };
 
-/// Begin as part of a caller's transaction: what a save leaves on the scratch table.
-void CopyToScratch(database::Transaction& transaction, const ClientYear& of,
-                   std::optional<AccountId> account);
+/// Removes the client's lots of the year from the scratch table as part of a caller's transaction:
+/// a saved record has no more use for them.
+void EmptyScratch(database::Transaction& transaction, const ClientYear& of);
 
 }  // namespace quorvane::posting

@@ -129,6 +129,7 @@ MaybeRefusal Post(Transaction& transaction, const ClientYear& of,
 }
 
 MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& transfer) {
+  posting::EmptyScratch(transaction, of);
   const std::optional<Transfer> old =
       transfer.id ? ReadForUpdate(transaction.GetConnection(), of, transfer.id) : std::nullopt;
   transfer.to_client = OwnerOf(transaction, transfer.to);
@@ -145,7 +146,6 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& tr
     transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer", "ID")};
   }
   InsertRow(transaction, of, transfer);
-  posting::CopyToScratch(transaction, of, std::nullopt);
   return std::nullopt;
 }
 

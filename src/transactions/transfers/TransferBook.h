@@ -24,9 +24,9 @@ class TransferBook {
   std::optional<Transfer> Load(TransferId id) const;
 
   /// Writes a new transfer, or a changed one in place of the old, and moves the shares in the
-  /// ledger; on the scratch table the client's lots are afterwards those of the ledger. Sets what
-  /// the transfer takes from its lot and its id. Refused when the lot has too few shares, or when
-  /// a change would leave the old destination's lot below zero because its shares were used.
+  /// ledger. The client's lots on the scratch table are gone afterwards. Sets what the transfer
+  /// takes from its lot and its id. Refused when the lot has too few shares, or when a change would
+  /// leave the old destination's lot below zero because its shares were used.
   MaybeRefusal Save(Transfer& transfer);
 
   /// Takes a transfer back. Refused when the shares were used at their destination.

@@ -1,0 +1,138 @@
+#pragma once
+
+#include "core/ledger/Ledger.h"
+#include "core/text/Amounts.h"
+#include "support/TestDatabase.h"
+#include "transactions/bills/Bill.h"
+
+#include <QStringList>
+
+#include <fmt/format.h>
+
+#include <string>
+
+namespace quorvane::test {
+
+/// A database with two clients, the first of which has two demat accounts, and two scrips.
+struct Desk {
+  TestDatabase database;
+  ClientId client = database.AddClient(QStringLiteral("C1"));
+  ClientId other_client = database.AddClient(QStringLiteral("C2"));
+  AccountId account = database.AddAccount(client, QStringLiteral("1001"));
+  AccountId second_account = database.AddAccount(client, QStringLiteral("1002"));
+  AccountId other_account = database.AddAccount(other_client, QStringLiteral("2001"));
+  ScripId scrip = database.AddScrip(QStringLiteral("500325"), QStringLiteral("RELIANCE"));
+  ScripId second_scrip = database.AddScrip(QStringLiteral("500209"), QStringLiteral("INFOSYS"));
+  BrokerId broker = database.AddBroker(QStringLiteral("O'BRIEN & SONS"));
+  text::FinancialYear year{2011};
+  ClientYear of{client, year};
+  ClientYear other_of{other_client, year};
+
+  database::Connection& Connection() { return database.Get(); }
+
+  /// Takes every record and lot away again; the masters stay.
+  void Empty() {
+    for (const char* table : {"SPMaster", "SPTrans", "StkOpBal", "ScrTransfer", "Stock",
+                              "Stock_Temp", "ScriptAvgRate"}) {
+      Connection().Execute(fmt::format("Delete From {}", table));
+    }
+  }
+
+  /// A lot of the ledger as "10@100", "none" when there is no such lot.
+  QString LotAt(const ClientYear& owner, AccountId where, ScripId what, double rate) {
+    for (const ledger::Lot& lot : ledger::ReadLots(Connection(), owner, where)) {
+      if (lot.scrip == what && lot.rate == rate) {
+        return text::NumberText(lot.quantity) + QLatin1Char('@') + text::NumberText(lot.rate);
+      }
+    }
+    return QStringLiteral("none");
+  }
+
+  /// The first scrip's lot in the first account.
+  QString LotAt(double rate) { return LotAt(of, account, scrip, rate); }
+
+  LotId IdOfLot(double rate) {
+    for (const ledger::Lot& lot : ledger::ReadLots(Connection(), of, account)) {
+      if (lot.scrip == scrip && lot.rate == rate) {
+        return lot.id;
+      }
+    }
+    return {};
+  }
+
+  /// A line of the first scrip without charges.
+  bills::BillLine Purchase(double quantity, double rate) const {
+    bills::BillLine line;
+    line.side = bills::Side::kPurchase;
+    line.scrip = scrip;
+    line.quantity = quantity;
+    line.rate = rate;
+    bills::ComputeAmount(line);
+    return line;
+  }
+
+  bills::BillLine Sale(double quantity, double rate, LotId lot) const {
+    bills::BillLine line = Purchase(quantity, rate);
+    line.side = bills::Side::kSale;
+    line.lot = lot;
+    return line;
+  }
+
+  bills::Bill NewBill(const QString& date, std::vector<bills::BillLine> lines) const {
+    bills::Bill bill;
+    bill.number = QStringLiteral("B/1");
+    bill.date = date;
+    bill.broker = broker;
+    bill.exchange = ExchangeId{1};
+    bill.account = account;
+    bill.lines = std::move(lines);
+    return bill;
+  }
+
+  bills::Bill NewBill(std::vector<bills::BillLine> lines) const {
+    return NewBill(QStringLiteral("10/06/2011"), std::move(lines));
+  }
+
+  /// Every row of the records and of the ledger, to see that nothing changed.
+  QStringList Everything() {
+    QStringList rows;
+    for (const char* table : {"SPMaster", "SPTrans", "StkOpBal", "ScrTransfer", "Stock"}) {
+      rows += Contents(table);
+    }
+    return rows;
+  }
+
+  QStringList Contents(const char* table) {
+    QStringList rows;
+    for (const auto& row : Connection().Open(fmt::format("Select * From {}", table))) {
+      QStringList cells{QLatin1String(table)};
+      for (std::size_t i = 0; i < row.ColumnCount(); ++i) {
+        cells += row.Text(i);
+      }
+      rows += cells.join(QLatin1Char('|'));
+    }
+    rows.sort();
+    return rows;
+  }
+};
+
+inline QString TextOf(const MaybeRefusal& refusal) {
+  return refusal ? refusal->text : QStringLiteral("accepted");
+}
+
+inline QString FieldOf(const MaybeRefusal& refusal) {
+  return refusal ? refusal->field : QStringLiteral("none");
+}
+
+inline const QString kAccepted = QStringLiteral("accepted");
+inline const QString kNegativeReliance = QStringLiteral(
+    "You Can't Update Record.\n\nQunatity of RELIANCE Script Can't be Negative Value.");
+
+/// A double as the digits that tell it from every other: QCOMPARE lets doubles differ.
+inline std::string Exact(double value) {
+  std::string text;
+  text::AppendExact(text, value);
+  return text;
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,136 @@
+#include "support/TestMain.h"
+#include "transactions/Desk.h"
+#include "transactions/bills/AverageRates.h"
+#include "transactions/bills/BillBook.h"
+#include "transactions/opening_stock/OpeningStockBook.h"
+
+#include <QTest>
+
+using namespace quorvane;
+using namespace quorvane::bills;
+using test::Desk;
+using test::Exact;
+
+namespace {
+
+/// Shares and cost that came in, or shares that left when the cost is none.
+struct Step {
+  double quantity;
+  std::optional<double> cost;
+};
+using Steps = std::vector<Step>;
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Steps)
+
+class AverageRatesTest : public QObject {
+  Q_OBJECT
+
+  static BillLine WithServiceTax(BillLine line, double service_tax) {
+    line.service_tax = service_tax;
+    return line;
+  }
+
+  static void Save(Desk& desk, const char* date, const BillLine& line) {
+    Bill bill = desk.NewBill(QString::fromLatin1(date), {line});
+    const MaybeRefusal refusal = BillBook(desk.Connection(), desk.of).Save(bill);
+    QVERIFY2(!refusal, qPrintable(test::TextOf(refusal)));
+  }
+
+  static void AddOpening(Desk& desk, double quantity, double rate, double service_tax) {
+    opening_stock::OpeningLot lot;
+    lot.scrip = desk.scrip;
+    lot.account = desk.account;
+    lot.quantity = quantity;
+    lot.rate = rate;
+    lot.total = quantity * rate;
+    lot.service_tax = service_tax;
+    lot.purchase_date = QStringLiteral("01/03/2010");
+    QVERIFY(!opening_stock::OpeningStockBook(desk.Connection(), desk.of).Save(lot));
+  }
+
+  static QString Rates(Desk& desk, AccountId account) {
+    RebuildAverageRates(desk.Connection(), desk.of, account);
+    QStringList rates;
+    for (const AverageRate& rate : ReadAverageRates(desk.Connection(), desk.of, account)) {
+      rates += QString::number(rate.scrip.value) + QLatin1Char('=') + text::NumberText(rate.rate);
+    }
+    return rates.join(QLatin1Char(' '));
+  }
+
+ private Q_SLOTS:
+  void WalkKeepsTheAverageOfWhatIsHeld_data() {
+    QTest::addColumn<Steps>("steps");
+    QTest::addColumn<QString>("result");  // quantity@average
+    QTest::newRow("nothing") << Steps{} << QStringLiteral("0@0");
+    QTest::newRow("purchases are weighted")
+        << Steps{{10, 1000}, {30, 6000}} << QStringLiteral("40@175");
+    QTest::newRow("a sale leaves the average")
+        << Steps{{10, 1000}, {30, 6000}, {20, {}}} << QStringLiteral("20@175");
+    QTest::newRow("a purchase after a sale weighs what is left")
+        << Steps{{10, 1000}, {30, 6000}, {20, {}}, {20, 5500}} << QStringLiteral("40@225");
+    QTest::newRow("an empty holding starts again")
+        << Steps{{10, 1000}, {10, {}}, {5, 1500}} << QStringLiteral("5@300");
+    QTest::newRow("emptied in parts that leave binary dust")
+        << Steps{{0.3, 30}, {0.1, {}}, {0.1, {}}, {0.1, {}}, {1, 7}} << QStringLiteral("1@7");
+    QTest::newRow("sold before it was bought")
+        << Steps{{10, {}}, {10, 1000}} << QStringLiteral("10@100");
+    QTest::newRow("bonus shares cost nothing")
+        << Steps{{10, 1000}, {10, 0}} << QStringLiteral("20@50");
+    QTest::newRow("nothing held at the end")
+        << Steps{{10, 1000}, {10, {}}} << QStringLiteral("0@0");
+  }
+  void WalkKeepsTheAverageOfWhatIsHeld() {
+    QFETCH(Steps, steps);
+    AverageWalk walk;
+    for (const Step& step : steps) {
+      if (step.cost) {
+        walk.Receive(step.quantity, *step.cost);
+      } else {
+        walk.Release(step.quantity);
+      }
+    }
+    QTEST(text::NumberText(walk.Quantity()) + QLatin1Char('@') + text::NumberText(walk.Average()),
+          "result");
+  }
+
+  void RatesFollowOpeningThenBillsByDateAndKey() {
+    Desk desk;
+    AddOpening(desk, 10, 100, 50);  // 1050 for 10
+    // Entered out of order: the sale is of the 20th, after both purchases.
+    const LotId lot = desk.IdOfLot(100);
+    Save(desk, "20/05/2011", desk.Sale(10, 300, lot));
+    Save(desk, "10/05/2011", WithServiceTax(desk.Purchase(10, 200), 50));  // 2050 for 10
+    Save(desk, "10/04/2011", WithServiceTax(desk.Purchase(20, 100), 0));   // 2000 for 20
+    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=127.5"));
+  }
+
+  void BillsOfOneDateAreTakenByKey() {
+    Desk desk;
+    Save(desk, "10/05/2011", desk.Purchase(10, 100));
+    Save(desk, "10/05/2011", desk.Sale(10, 150, desk.IdOfLot(100)));
+    Save(desk, "10/05/2011", desk.Purchase(10, 300));
+    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=300"));
+  }
+
+  void AccountsAndScripsAreKeptApart() {
+    Desk desk;
+    BillLine infosys = desk.Purchase(1, 2500);
+    infosys.scrip = desk.second_scrip;
+    Save(desk, "10/05/2011", desk.Purchase(10, 100));
+    Save(desk, "11/05/2011", infosys);
+    Bill elsewhere = desk.NewBill({desk.Purchase(10, 900)});
+    elsewhere.account = desk.second_account;
+    QVERIFY(!BillBook(desk.Connection(), desk.of).Save(elsewhere));
+    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=100 2=2500"));
+    QCOMPARE(Rates(desk, desk.second_account), QStringLiteral("1=900"));
+    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=100 2=2500"));
+    QCOMPARE(desk.Contents("ScriptAvgRate").size(), 3);
+    QCOMPARE(desk.Contents("ScriptAvgRate").first(),
+             QStringLiteral("ScriptAvgRate|1|2011-12|1|1|0|100"));
+  }
+};
+
+static const quorvane::test::RegisterTest<AverageRatesTest> kRegistered;
+#include "AverageRatesTest.moc"

@@ -1,0 +1,286 @@
+#include "support/TestMain.h"
+#include "transactions/Desk.h"
+#include "transactions/bills/BillBook.h"
+
+#include <QTest>
+
+#include <functional>
+
+using namespace quorvane;
+using namespace quorvane::bills;
+using test::Desk;
+using test::kAccepted;
+using test::kNegativeReliance;
+using test::TextOf;
+
+namespace {
+
+using Edit = std::function<void(const Desk&, Bill&)>;
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Edit)
+
+class BillBookTest : public QObject {
+  Q_OBJECT
+
+  BillBook Book() { return {desk_->Connection(), desk_->of}; }
+
+  std::optional<Desk> desk_;
+
+ private Q_SLOTS:
+  void initTestCase() { desk_.emplace(); }
+  void init() { desk_->Empty(); }
+  void cleanupTestCase() { desk_.reset(); }
+
+  void SavedBillReadsBackAsItWas() {
+    Bill bill = desk_->NewBill({desk_->Purchase(10, 100.1), desk_->Purchase(0.125, 33.333333)});
+    bill.number = QStringLiteral("O'N-1 \\ \"x\"");
+    bill.settlement_number = QStringLiteral("2011/42");
+    bill.total = 1005.17;
+    bill.other_charges = -1.5;
+    bill.stt = 0.25;
+    bill.transaction_charges = 3.75;
+    bill.grand_total = 1007.67;
+    BillLine& line = bill.lines[0];
+    line.brokerage = 0.37035;
+    line.service_tax = 0.05;
+    line.stt = 1.25;
+    line.stt_percent = 0.125;
+    line.fo = true;
+    line.delivery_type = QStringLiteral("Delivery Based");
+    QVERIFY(!Book().Save(bill));
+
+    const std::optional<Bill> read = Book().Load(bill.id);
+    QVERIFY(read);
+    QCOMPARE(read->number, bill.number);
+    QCOMPARE(read->settlement_number, bill.settlement_number);
+    QCOMPARE(test::Exact(read->lines[1].rate), std::string("33.333333"));
+    QCOMPARE(read->lines[1].delivery_type, QStringLiteral("N.A."));
+    const QString header = QStringLiteral(
+        "SPMaster|1|2011-12|1|O'N-1 \\ \"x\"|10/06/2011|1|1|1|1005.17|-1.5|0.25|3.75|1007.67|"
+        "2011/42");
+    QCOMPARE(desk_->Contents("SPMaster"), QStringList(header));
+    const QString first_line = QStringLiteral(
+        "SPTrans|1|2011-12|1|1|1|1|1|10|100.1|0.37035|100.1|1001|0.05|1|1.25|0.125|"
+        "Delivery Based");
+    QCOMPARE(desk_->Contents("SPTrans").first(), first_line);
+  }
+
+  void NewBillTakesTheNextKeyAndNumbersItsLines() {
+    Bill first = desk_->NewBill({desk_->Purchase(10, 100)});
+    Bill second =
+        desk_->NewBill({desk_->Purchase(1, 103), desk_->Purchase(2, 102), desk_->Purchase(3, 101)});
+    QVERIFY(!Book().Save(first));
+    QVERIFY(!Book().Save(second));
+    QCOMPARE(first.id.value, 1);
+    QCOMPARE(second.id.value, 2);
+    const std::vector<BillLine> lines = Book().Load(second.id)->lines;
+    QCOMPARE(lines.size(), std::size_t{3});
+    QCOMPARE(lines[0].rate, 103.0);
+    QCOMPARE(lines[2].rate, 101.0);
+  }
+
+  void PurchasesOfOneRateShareALotAndSalesLowerIt() {
+    Bill bought = desk_->NewBill(
+        {desk_->Purchase(10, 100), desk_->Purchase(5, 100), desk_->Purchase(7, 100.01)});
+    QVERIFY(!Book().Save(bought));
+    QCOMPARE(bought.lines[0].lot, bought.lines[1].lot);
+    QVERIFY(bought.lines[0].lot != bought.lines[2].lot);
+    Bill sold = desk_->NewBill({desk_->Sale(15, 120, bought.lines[0].lot)});
+    QVERIFY(!Book().Save(sold));
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
+    QCOMPARE(desk_->LotAt(100.01), QStringLiteral("7@100.01"));
+  }
+
+  void SaleMayDrawOnAPurchaseOfTheSameBill() {
+    BillLine sale = desk_->Sale(4, 120, LotId{77});
+    BillLine purchase = desk_->Purchase(10, 100);
+    purchase.lot = LotId{77};
+    Bill bill = desk_->NewBill({sale, purchase});
+    QVERIFY(!Book().Save(bill));
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("6@100"));
+    QCOMPARE(bill.lines[0].lot, desk_->IdOfLot(100));
+    QCOMPARE(Book().Load(bill.id)->lines[0].lot, desk_->IdOfLot(100));
+  }
+
+  void SaleOfALotInDoubtIsRefused() {
+    Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
+    QVERIFY(!Book().Save(bought));
+    const QStringList before = desk_->Everything();
+    // The number under which the purchase was entered belongs to another lot by now.
+    BillLine purchase = desk_->Purchase(5, 80);
+    purchase.lot = bought.lines[0].lot;
+    Bill bill = desk_->NewBill({purchase, desk_->Sale(1, 120, purchase.lot)});
+    QCOMPARE(TextOf(Book().Save(bill)), kNegativeReliance);
+    QCOMPARE(desk_->Everything(), before);
+  }
+
+  void SaleWithoutALotMovesNothing() {
+    Bill bill = desk_->NewBill({desk_->Sale(4, 120, LotId{})});
+    QVERIFY(!Book().Save(bill));
+    QCOMPARE(desk_->Contents("Stock"), QStringList());
+  }
+
+  void BillWithoutAnAccountIsSavedUnderNone() {
+    Bill bill = desk_->NewBill({desk_->Purchase(4, 120)});
+    bill.account = {};
+    QVERIFY(!Book().Save(bill));
+    QCOMPARE(Book().Load(bill.id)->account.value, 0);
+    QCOMPARE(desk_->LotAt(desk_->of, AccountId{}, desk_->scrip, 120), QStringLiteral("4@120"));
+  }
+
+  void ChangedBillKeepsItsKeyAndMovesTheDifference() {
+    Bill bill = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(5, 200)});
+    QVERIFY(!Book().Save(bill));
+    const BillId id = bill.id;
+    bill.lines = {desk_->Purchase(4, 100), desk_->Purchase(6, 300)};
+    QVERIFY(!Book().Save(bill));
+    QCOMPARE(bill.id, id);
+    QCOMPARE(Book().List().size(), std::size_t{1});
+    QCOMPARE(Book().Load(id)->lines.size(), std::size_t{2});
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
+    QCOMPARE(desk_->LotAt(200), QStringLiteral("0@200"));
+    QCOMPARE(desk_->LotAt(300), QStringLiteral("6@300"));
+  }
+
+  void ChangeOfAccountMovesTheLots() {
+    Bill bill = desk_->NewBill({desk_->Purchase(10, 100)});
+    QVERIFY(!Book().Save(bill));
+    bill.account = desk_->second_account;
+    QVERIFY(!Book().Save(bill));
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
+    QCOMPARE(desk_->LotAt(desk_->of, desk_->second_account, desk_->scrip, 100),
+             QStringLiteral("10@100"));
+  }
+
+  void BillDeletedMeanwhileIsSavedAsANewOne() {
+    Bill bill = desk_->NewBill({desk_->Purchase(10, 100)});
+    QVERIFY(!Book().Save(bill));
+    QVERIFY(!Book().Delete(bill.id));
+    Bill other = desk_->NewBill({desk_->Purchase(1, 50)});
+    other.account = desk_->other_account;
+    QVERIFY(!BillBook(desk_->Connection(), desk_->other_of).Save(other));
+    QCOMPARE(other.id, bill.id);
+    QVERIFY(!Book().Save(bill));
+    QVERIFY(bill.id != other.id);
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("10@100"));
+    QVERIFY(BillBook(desk_->Connection(), desk_->other_of).Load(other.id));
+  }
+
+  void DeleteTakesEveryLineBack() {
+    Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
+    QVERIFY(!Book().Save(bought));
+    const QStringList before = desk_->Everything();
+    Bill mixed =
+        desk_->NewBill({desk_->Sale(3, 120, bought.lines[0].lot), desk_->Purchase(5, 100)});
+    QVERIFY(!Book().Save(mixed));
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("12@100"));
+    QVERIFY(!Book().Delete(mixed.id));
+    QCOMPARE(desk_->Everything(), before);
+  }
+
+  void DeleteOfAnUnknownBillDoesNothing() { QVERIFY(!Book().Delete(BillId{99})); }
+
+  void ChangeIsRefusedWhenSoldSharesWouldBeMissing_data() {
+    QTest::addColumn<Edit>("edit");
+    QTest::addColumn<QString>("text");
+    // The bill brought 10 at 100, of which 6 are sold.
+    QTest::newRow("fewer than sold")
+        << Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(5.999999, 100)}; })
+        << kNegativeReliance;
+    QTest::newRow("as many as sold")
+        << Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(6, 100)}; })
+        << kAccepted;
+    QTest::newRow("another rate") << Edit([](const Desk& desk, Bill& bill) {
+      bill.lines = {desk.Purchase(10, 100.01)};
+    }) << kNegativeReliance;
+    QTest::newRow("another scrip")
+        << Edit([](const Desk& desk, Bill& bill) { bill.lines[0].scrip = desk.second_scrip; })
+        << kNegativeReliance;
+    QTest::newRow("another account")
+        << Edit([](const Desk& desk, Bill& bill) { bill.account = desk.second_account; })
+        << kNegativeReliance;
+    QTest::newRow("line removed") << Edit([](const Desk&, Bill& bill) { bill.lines.clear(); })
+                                  << kNegativeReliance;
+    QTest::newRow("split into two lines of the rate") << Edit([](const Desk& desk, Bill& bill) {
+      bill.lines = {desk.Purchase(4, 100), desk.Purchase(3, 100)};
+    }) << kAccepted;
+    QTest::newRow("the rest sold in the same bill") << Edit([](const Desk& desk, Bill& bill) {
+      bill.lines.push_back(desk.Sale(4, 130, bill.lines[0].lot));
+    }) << kAccepted;
+    QTest::newRow("more than the rest sold in the same bill")
+        << Edit([](const Desk& desk, Bill& bill) {
+             bill.lines.push_back(desk.Sale(4.000001, 130, bill.lines[0].lot));
+           })
+        << kNegativeReliance;
+    QTest::newRow("sale of a lot that is not there") << Edit([](const Desk& desk, Bill& bill) {
+      bill.lines.push_back(desk.Sale(1, 130, LotId{4711}));
+    }) << kNegativeReliance;
+    QTest::newRow("only the header")
+        << Edit([](const Desk&, Bill& bill) { bill.number = QStringLiteral("B/2"); }) << kAccepted;
+  }
+  void ChangeIsRefusedWhenSoldSharesWouldBeMissing() {
+    QFETCH(Edit, edit);
+    QFETCH(QString, text);
+    Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
+    QVERIFY(!Book().Save(bought));
+    Bill sold = desk_->NewBill({desk_->Sale(6, 120, bought.lines[0].lot)});
+    QVERIFY(!Book().Save(sold));
+    const QStringList before = desk_->Everything();
+    edit(*desk_, bought);
+    QCOMPARE(TextOf(Book().Save(bought)), text);
+    QCOMPARE(desk_->Everything() == before, text != kAccepted);
+  }
+
+  void SaleOfALotOfAnotherAccountOrScripIsRefused() {
+    Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
+    QVERIFY(!Book().Save(bought));
+    Bill elsewhere = desk_->NewBill({desk_->Sale(1, 120, bought.lines[0].lot)});
+    elsewhere.account = desk_->second_account;
+    QCOMPARE(TextOf(Book().Save(elsewhere)), kNegativeReliance);
+    Bill other_scrip = desk_->NewBill({desk_->Sale(1, 120, bought.lines[0].lot)});
+    other_scrip.lines[0].scrip = desk_->second_scrip;
+    QVERIFY(Book().Save(other_scrip));
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("10@100"));
+  }
+
+  void DeleteIsRefusedWhenSharesWereSold() {
+    Bill bought = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(1, 50)});
+    QVERIFY(!Book().Save(bought));
+    Bill sold = desk_->NewBill({desk_->Sale(6, 120, bought.lines[0].lot)});
+    QVERIFY(!Book().Save(sold));
+    const QStringList before = desk_->Everything();
+    QCOMPARE(TextOf(Book().Delete(bought.id)), kNegativeReliance);
+    QCOMPARE(desk_->Everything(), before);
+    QVERIFY(!Book().Delete(sold.id));
+    QVERIFY(!Book().Delete(bought.id));
+  }
+
+  void FailureOfTheServerChangesNothing() {
+    Bill bill = desk_->NewBill({desk_->Purchase(10, 100)});
+    QVERIFY(!Book().Save(bill));
+    const QStringList before = desk_->Everything();
+    bill.lines = {desk_->Purchase(20, 100), desk_->Purchase(5, 50)};
+    bill.lines[1].delivery_type = QString(101, QLatin1Char('x'));
+    QVERIFY_EXCEPTION_THROWN(Book().Save(bill), database::DatabaseError);
+    QCOMPARE(desk_->Everything(), before);
+  }
+
+  void BillsAreListedByDateThenKey() {
+    for (const char* date : {"02/01/2012", "15/04/2011", "03/12/2011", "15/04/2011"}) {
+      Bill bill = desk_->NewBill(QString::fromLatin1(date), {});
+      QVERIFY(!Book().Save(bill));
+    }
+    Bill foreign = desk_->NewBill({});
+    QVERIFY(!BillBook(desk_->Connection(), {desk_->client, desk_->year.Next()}).Save(foreign));
+    std::vector<int> order;
+    for (const Bill& bill : Book().List()) {
+      order.push_back(bill.id.value);
+    }
+    QCOMPARE(order, std::vector<int>({2, 4, 3, 1}));
+  }
+};
+
+static const quorvane::test::RegisterTest<BillBookTest> kRegistered;
+#include "BillBookTest.moc"

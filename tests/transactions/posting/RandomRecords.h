@@ -1,0 +1,253 @@
+#pragma once
+
+#include "transactions/Desk.h"
+#include "transactions/bills/BillBook.h"
+#include "transactions/bills/StagedHoldings.h"
+#include "transactions/opening_stock/OpeningStockBook.h"
+#include "transactions/transfers/TransferBook.h"
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <vector>
+
+namespace quorvane::test {
+
+/// Saves, changes and deletes records at random over several clients and accounts, as an office
+/// would that makes many mistakes: about half of what it tries has to be refused.
+class RandomRecords {
+ public:
+  RandomRecords(Desk& desk, unsigned seed) : desk_(desk), random_(seed) {
+    AddOwner(desk.client, {desk.account, desk.second_account});
+    AddOwner(desk.other_client, {desk.other_account});
+    const ClientId third = desk.database.AddClient(QStringLiteral("C3"));
+    AddOwner(third, {desk.database.AddAccount(third, QStringLiteral("3001")),
+                     desk.database.AddAccount(third, QStringLiteral("3002"))});
+  }
+
+  /// Tries one more thing.
+  MaybeRefusal Step() {
+    const Owner& owner = Pick(owners_);
+    switch (Below(10)) {
+      case 0:
+        return SaveOpening(owner, {});
+      case 1:
+        return WithOld(openings_, &RandomRecords::ChangeOpening);
+      case 2:
+        return SaveTransfer(owner, {});
+      case 3:
+        return WithOld(transfers_, &RandomRecords::ChangeTransfer);
+      case 4:
+      case 5:
+        return WithOld(bills_, &RandomRecords::ChangeBill);
+      case 6:
+        return StagedBill(owner);
+      default:
+        return NewBill(owner);
+    }
+  }
+
+ private:
+  struct Owner {
+    ClientYear of;
+    std::vector<AccountId> accounts;
+  };
+
+  template <class RecordId>
+  struct Saved {
+    const Owner* owner;
+    RecordId id;
+  };
+
+  void AddOwner(ClientId client, std::vector<AccountId> accounts) {
+    owners_.push_back({{client, desk_.year}, std::move(accounts)});
+  }
+
+  int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
+
+  template <class List>
+  const typename List::value_type& Pick(const List& list) {
+    return list[static_cast<std::size_t>(Below(static_cast<int>(list.size())))];
+  }
+
+  ScripId Scrip() { return Below(3) == 0 ? desk_.second_scrip : desk_.scrip; }
+  double Rate() { return Pick(std::array{0.05, 33.33, 33.333333, 100.1, 250.0}); }
+  double Quantity() { return Below(4) == 0 ? (1 + Below(5000)) / 1000.0 : 1.0 + Below(100); }
+  QString Date() { return QStringLiteral("%1/0%2/2011").arg(10 + Below(20)).arg(4 + Below(6)); }
+
+  /// Any account of anybody.
+  AccountId SomeAccount() { return Pick(Pick(owners_).accounts); }
+
+  /// More often than not a possible one.
+  double QuantityFrom(const ledger::Lot& lot) {
+    const double wanted = lot.quantity * (1 + Below(12)) / 10;
+    return std::max(0.001, ledger::SettleQuantity(Below(3) == 0 ? lot.quantity : wanted));
+  }
+
+  bills::BillLine Purchase() {
+    bills::BillLine line = desk_.Purchase(Quantity(), Rate());
+    line.scrip = Scrip();
+    return line;
+  }
+
+  bills::BillLine Sale(const std::vector<ledger::Lot>& lots) {
+    if (lots.empty() || Below(30) == 0) {
+      return desk_.Sale(Quantity(), 120, LotId{Below(2) * 3});
+    }
+    const ledger::Lot& lot = Pick(lots);
+    bills::BillLine line = desk_.Sale(QuantityFrom(lot), 120, lot.id);
+    line.scrip = lot.scrip;
+    return line;
+  }
+
+  bills::BillLine Line(const std::vector<ledger::Lot>& lots) {
+    return Below(2) == 0 ? Purchase() : Sale(lots);
+  }
+
+  bills::Bill EmptyBill(const Owner& owner) {
+    bills::Bill bill = desk_.NewBill(Date(), {});
+    bill.account = Below(40) == 0 ? AccountId{} : Pick(owner.accounts);
+    return bill;
+  }
+
+  std::vector<ledger::Lot> Lots(const Owner& owner, AccountId account) {
+    return ledger::ReadLots(desk_.Connection(), owner.of, account);
+  }
+
+  MaybeRefusal SaveBill(const Owner& owner, bills::Bill& bill) {
+    const bool is_new = !bill.id;
+    MaybeRefusal refusal = bills::BillBook(desk_.Connection(), owner.of).Save(bill);
+    if (!refusal && is_new) {
+      bills_.push_back({&owner, bill.id});
+    }
+    return refusal;
+  }
+
+  MaybeRefusal NewBill(const Owner& owner) {
+    bills::Bill bill = EmptyBill(owner);
+    const auto lots = Lots(owner, bill.account);
+    for (int i = Below(4); i >= 0; --i) {
+      bill.lines.push_back(Line(lots));
+    }
+    return SaveBill(owner, bill);
+  }
+
+  /// Entered line by line, with sales of what the bill itself has bought.
+  MaybeRefusal StagedBill(const Owner& owner) {
+    bills::Bill bill = EmptyBill(owner);
+    bills::StagedHoldings staged(desk_.Connection(), owner.of);
+    staged.Begin(bill.account);
+    for (int i = Below(4); i >= 0; --i) {
+      bills::BillLine line = Line(staged.Balance());
+      if (!staged.AddLine(line)) {
+        bill.lines.push_back(line);
+      }
+    }
+    return SaveBill(owner, bill);
+  }
+
+  void EditLine(bills::BillLine& line) {
+    switch (Below(3)) {
+      case 0:
+        line.quantity = Quantity();
+        break;
+      case 1:
+        line.rate = Rate();
+        line.lot = line.side == bills::Side::kPurchase ? LotId{} : line.lot;
+        break;
+      default:
+        line = Purchase();
+    }
+  }
+
+  MaybeRefusal ChangeBill(Saved<BillId>& saved, bool remove) {
+    bills::BillBook book(desk_.Connection(), saved.owner->of);
+    if (remove) {
+      return book.Delete(saved.id);
+    }
+    bills::Bill bill = book.Load(saved.id).value();
+    if (!bill.lines.empty()) {
+      const auto place = bill.lines.begin() + Below(static_cast<int>(bill.lines.size()));
+      if (Below(4) == 0) {
+        bill.lines.erase(place);
+      } else {
+        EditLine(*place);
+      }
+    }
+    if (Below(10) == 0) {
+      bill.account = Pick(saved.owner->accounts);
+    }
+    return SaveBill(*saved.owner, bill);
+  }
+
+  MaybeRefusal SaveOpening(const Owner& owner, OpeningId id) {
+    opening_stock::OpeningLot lot;
+    lot.id = id;
+    lot.scrip = Scrip();
+    lot.account = Pick(owner.accounts);
+    lot.quantity = Quantity();
+    lot.rate = Rate();
+    lot.purchase_date = QStringLiteral("01/02/2010");
+    MaybeRefusal refusal = opening_stock::OpeningStockBook(desk_.Connection(), owner.of).Save(lot);
+    if (!refusal && !id) {
+      openings_.push_back({&owner, lot.id});
+    }
+    return refusal;
+  }
+
+  MaybeRefusal ChangeOpening(Saved<OpeningId>& saved, bool remove) {
+    return remove ? opening_stock::OpeningStockBook(desk_.Connection(), saved.owner->of)
+                        .Delete(saved.id)
+                  : SaveOpening(*saved.owner, saved.id);
+  }
+
+  MaybeRefusal SaveTransfer(const Owner& owner, TransferId id) {
+    transfers::Transfer transfer;
+    transfer.id = id;
+    transfer.date = Date();
+    transfer.from = Pick(owner.accounts);
+    transfer.to = SomeAccount();
+    const auto lots = Lots(owner, transfer.from);
+    if (!lots.empty()) {
+      const ledger::Lot& lot = Pick(lots);
+      transfer.lot = lot.id;
+      transfer.quantity = QuantityFrom(lot);
+    }
+    MaybeRefusal refusal = transfers::TransferBook(desk_.Connection(), owner.of).Save(transfer);
+    if (!refusal && !id) {
+      transfers_.push_back({&owner, transfer.id});
+    }
+    return refusal;
+  }
+
+  MaybeRefusal ChangeTransfer(Saved<TransferId>& saved, bool remove) {
+    return remove ? transfers::TransferBook(desk_.Connection(), saved.owner->of).Delete(saved.id)
+                  : SaveTransfer(*saved.owner, saved.id);
+  }
+
+  /// Changes or deletes a record that was saved before.
+  template <class RecordId>
+  MaybeRefusal WithOld(std::vector<Saved<RecordId>>& list,
+                       MaybeRefusal (RandomRecords::*change)(Saved<RecordId>&, bool)) {
+    if (list.empty()) {
+      return std::nullopt;
+    }
+    const auto index = static_cast<std::size_t>(Below(static_cast<int>(list.size())));
+    const bool remove = Below(2) == 0;
+    Saved<RecordId> saved = list[index];
+    MaybeRefusal refusal = (this->*change)(saved, remove);
+    if (!refusal && remove) {
+      list.erase(list.begin() + static_cast<std::ptrdiff_t>(index));
+    }
+    return refusal;
+  }
+
+  Desk& desk_;
+  std::mt19937 random_;
+  std::vector<Owner> owners_;
+  std::vector<Saved<BillId>> bills_;
+  std::vector<Saved<OpeningId>> openings_;
+  std::vector<Saved<TransferId>> transfers_;
+};
+
+}  // namespace quorvane::test

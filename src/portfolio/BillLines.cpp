@@ -3,6 +3,8 @@
 #include "core/text/Amounts.h"
 #include "transactions/bills/Bill.h"
 
+#include <cmath>
+
 namespace quorvane::portfolio {
 namespace {
 
@@ -24,6 +26,13 @@ double UpTo(double charge, double quantity, double whole) {
   return quantity >= whole ? charge : text::RoundAmount(charge * quantity / whole);
 }
 
+/// What a charge grows by from one line to the next. Amounts are written with a few decimals; the
+/// difference of two large ones keeps dust that is not small beside a small rest.
+double Growth(double from, double to) {
+  constexpr double kMillionth = 1e6;
+  return std::round((to - from) * kMillionth) / kMillionth;
+}
+
 }  // namespace
 
 RecordedLine WholeLine(const BillLineRow& row, LotId lot) {
@@ -43,8 +52,8 @@ void AppendSplitLines(const BillLineRow& row, const std::vector<HoldingsBook::Pi
     taken = ledger::SettleQuantity(taken + piece.quantity);
     const double service_tax_so_far = UpTo(row.service_tax, taken, row.quantity);
     const double stt_so_far = UpTo(row.stt, taken, row.quantity);
-    line.service_tax = text::Tidy(service_tax_so_far - service_tax);
-    line.stt = text::Tidy(stt_so_far - stt);
+    line.service_tax = Growth(service_tax, service_tax_so_far);
+    line.stt = Growth(stt, stt_so_far);
     service_tax = service_tax_so_far;
     stt = stt_so_far;
     lines.push_back(line);

@@ -3,6 +3,8 @@
 #include "core/lookups/Directory.h"
 #include "core/text/Amounts.h"
 
+#include <QUtf8StringView>
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -26,11 +28,37 @@ std::size_t CharacterCount(std::string_view utf8) {
   }));
 }
 
+bool IsText(std::string_view bytes) {
+  return QUtf8StringView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8() &&
+         bytes.find('\0') == std::string_view::npos;
+}
+
+/// Counted from 1; 0 when all of it is UTF-8 text.
+std::size_t FirstLineThatIsNoText(std::string_view content) {
+  if (IsText(content)) {
+    return 0;
+  }
+  std::size_t line = 1;
+  std::size_t start = 0;
+  std::size_t end = content.find('\n');
+  while (end != std::string_view::npos && IsText(content.substr(start, end - start))) {
+    ++line;
+    start = end + 1;
+    end = content.find('\n', start);
+  }
+  return line;
+}
+
 }  // namespace
 
 CsvTable::CsvTable(const FileLayout& layout, std::string content, ErrorList& errors)
     : layout_(layout), content_(std::move(content)), reader_(content_), errors_(errors) {
   places_.assign(layout_.columns.size(), -1);
+  if (const std::size_t line = FirstLineThatIsNoText(content_); line > 0) {
+    errors_.Add(layout_.name, line, "", "expected UTF-8 text");
+    usable_ = false;
+    return;
+  }
   ReadHeader();
 }
 

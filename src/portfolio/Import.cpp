@@ -1,6 +1,7 @@
 #include "portfolio/Import.h"
 
 #include "core/database/Transaction.h"
+#include "portfolio/ImportLock.h"
 #include "portfolio/MasterImport.h"
 #include "portfolio/MoneyImport.h"
 #include "portfolio/MovementImport.h"
@@ -16,11 +17,13 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
     result.errors = reading.Take();
     return result;
   }
+  const std::set<text::FinancialYear> years = TouchedYears(portfolio);
   // The refusal rolls back; who reads it is told by the result.
   const Refusal nothing_written;
   database::InTransaction(connection, [&](database::Transaction& transaction) -> MaybeRefusal {
     result = {};
     ErrorList errors;
+    WaitForOtherWriters(transaction, years);
     const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
     ImportMovements(transaction, portfolio, names, errors, result, progress);
     ImportMoney(transaction, portfolio, names, errors, result);

@@ -5,6 +5,7 @@
 #include "core/gains/RemainingLots.h"
 #include "core/text/Amounts.h"
 #include "portfolio/BillLines.h"
+#include "portfolio/ImportLock.h"
 #include "portfolio/RecordedDocuments.h"
 #include "transactions/bills/Bill.h"
 
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <set>
 
 namespace quorvane::portfolio {
 namespace {
@@ -79,25 +79,6 @@ class MovementImport {
   }
 
  private:
-  static std::set<FinancialYear> TouchedYears(const Portfolio& portfolio) {
-    std::set<FinancialYear> years;
-    for (const OpeningRow& row : portfolio.openings) {
-      years.insert(row.year);
-    }
-    const auto add_dates = [&](const auto& rows) {
-      text::Date last{};
-      for (const auto& row : rows) {
-        if (row.date != last || years.empty()) {
-          years.insert(FinancialYear::Of(row.date));
-          last = row.date;
-        }
-      }
-    };
-    add_dates(portfolio.bills);
-    add_dates(portfolio.transfers);
-    return years;
-  }
-
   void Count(std::string_view what, std::size_t added) {
     if (added > 0) {
       result_.counts.push_back({std::string(what), added});

@@ -75,10 +75,6 @@ class Reader {
     std::string content(static_cast<std::size_t>(file.size()), '\0');
     const qint64 got = file.read(content.data(), file.size());
     content.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));
-    if (!QString::fromUtf8(content.data(), std::min<qsizetype>(got, 4096)).isValidUtf16()) {
-      errors_.Add(layout.name, 1, "", "expected UTF-8 text");
-      return;
-    }
     table_ = portfolio_.tables
                  .emplace_back(std::make_unique<CsvTable>(layout, std::move(content), errors_))
                  .get();

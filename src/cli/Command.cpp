@@ -17,7 +17,8 @@ app::Session& Context::Session() {
     options.application_folder =
         data_folder.empty() ? app::DefaultApplicationFolder(QCoreApplication::applicationDirPath())
                             : QDir(QString::fromStdString(data_folder)).absolutePath();
-    options.shipped_data = ShippedFolder("Data");
+    options.shipped_data =
+        app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("shipped"));
     options.on_first_start = [this] { Inform("Making the database folder ..."); };
     session_ = app::StartUp(options);
   }
@@ -85,19 +86,6 @@ void WriteFile(const std::string& path, const std::string& content) {
       !file.commit()) {
     throw std::runtime_error("cannot write " + path + ": " + file.errorString().toStdString());
   }
-}
-
-QString ShippedFolder(const char* name) {
-  const QString program = QCoreApplication::applicationDirPath();
-  const QString folder = QLatin1String(name);
-  for (const QString& candidate :
-       {program + QStringLiteral("/../share/quorvane/") + folder,
-        QStringLiteral(QUORVANE_SHIPPED_DATA) + QLatin1Char('/') + folder.toLower()}) {
-    if (QFileInfo(candidate).isDir()) {
-      return QDir(candidate).canonicalPath();
-    }
-  }
-  return {};
 }
 
 }  // namespace quorvane::cli

@@ -71,7 +71,4 @@ void Print(const std::string& text);
 /// Writes a file whole or not at all.
 void WriteFile(const std::string& path, const std::string& content);
 
-/// The folder of the files shipped with the program.
-QString ShippedFolder(const char* name);
-
 }  // namespace quorvane::cli

@@ -2,6 +2,7 @@
 #include "cli/Statement.h"
 #include "portfolio/Import.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include <fmt/format.h>
@@ -13,7 +14,8 @@ constexpr int kFirstYear = 2011;
 constexpr int kYears = 3;
 
 void ImportSample(Context& context) {
-  const QString sample = ShippedFolder("sample");
+  const QString sample =
+      app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("sample"));
   if (sample.isEmpty()) {
     throw std::runtime_error("the sample portfolio is not installed");
   }

@@ -51,18 +51,18 @@ void Export(Context& context, const ExportOptions& options) {
 
 void AddPortfolioCommands(CLI::App& app, Context& context) {
   auto import_options = std::make_shared<ImportOptions>();
-  CLI::App* import = app.add_subcommand("import", "Take a portfolio folder in, all or nothing");
-  import->add_option("folder", import_options->folder, "Folder of CSV files")->required();
-  import->add_flag("--dry-run", import_options->dry_run, "Check only");
-  import->callback([&context, import_options] { Import(context, *import_options);
-});
+  CLI::App* import_command =
+      app.add_subcommand("import", "Take a portfolio folder in, all or nothing");
+  import_command->add_option("folder", import_options->folder, "Folder of CSV files")->required();
+  import_command->add_flag("--dry-run", import_options->dry_run, "Check only");
+  import_command->callback([&context, import_options] { Import(context, *import_options); });
 
-auto export_options = std::make_shared<ExportOptions>();
-CLI::App* export_command = app.add_subcommand("export", "Write the portfolio as a folder");
-export_command->add_option("folder", export_options->folder, "Folder to write to")->required();
-export_command->add_option("--client", export_options->client,
-                           "Only this client and those that transfers join to it");
-export_command->callback([&context, export_options] { Export(context, *export_options); });
-}  // namespace quorvane::cli
+  auto export_options = std::make_shared<ExportOptions>();
+  CLI::App* export_command = app.add_subcommand("export", "Write the portfolio as a folder");
+  export_command->add_option("folder", export_options->folder, "Folder to write to")->required();
+  export_command->add_option("--client", export_options->client,
+                             "Only this client and those that transfers join to it");
+  export_command->callback([&context, export_options] { Export(context, *export_options); });
+}
 
 }  // namespace quorvane::cli

@@ -23,12 +23,18 @@ std::int64_t CountOf(database::Connection& connection, const std::string& sql) {
 
 }  // namespace
 
+std::vector<TableSize> CountRows(database::Connection& connection) {
+  std::vector<TableSize> sizes;
+  for (const std::string& table : database::TableNames()) {
+    sizes.push_back({table, CountOf(connection, "Select Count(*) From " + table)});
+  }
+  return sizes;
+}
+
 TableCheck CheckTables(database::Connection& connection, Progress& progress) {
   TableCheck check;
-  for (const std::string& table : database::TableNames()) {
-    check.sizes.push_back({table, CountOf(connection, "Select Count(*) From " + table)});
-    progress.ThrowIfCancelled();
-  }
+  check.sizes = CountRows(connection);
+  progress.ThrowIfCancelled();
   for (const auto& [table, columns] : kKeys) {
     const std::int64_t keys = CountOf(
         connection,

@@ -31,6 +31,9 @@ struct TableCheck {
   bool AllIsWell() const { return double_keys.empty() && wrong_lots.empty(); }
 };
 
+/// The number of rows of every table, in the order of its creation.
+std::vector<TableSize> CountRows(database::Connection& connection);
+
 /// Changes nothing. Throws DatabaseError or Cancellation.
 TableCheck CheckTables(database::Connection& connection, Progress& progress);
 

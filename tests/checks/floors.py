@@ -15,8 +15,8 @@ FLOORS = [
     {"portfolio"},
     {"ui", "cli"},
 ]
-WINDOW = re.compile(r"^(Frm|frm|Rpt|ImpScr|MDIForm)|^main\.cpp$")
-SQL = re.compile(r'"(Select|Insert Into|Update|Delete From|Alter Table|Create Table) ')
+WINDOW = re.compile(r"^(Frm|frm|Rpt|ImpScr|MDIForm)|(View|Viewer|Page|Pane)\.|^main\.cpp$")
+SQL = re.compile(r'"(Select [^"]* From |Insert Into |Update \w+ Set |Delete From |Alter Table |Create Table )')
 SYSTEM = re.compile(r"#include <(unistd|fcntl|signal|csignal|sys/[a-z]+|pwd)(\.h)?>")
 # The terminal is the command line's own business.
 SYSTEM_PLACES = ("src/core/platform/", "src/cli/TerminalProgress.cpp")

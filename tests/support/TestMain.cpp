@@ -1,6 +1,10 @@
 #include "support/TestMain.h"
 
+#ifdef QUORVANE_WINDOW_TESTS
+#include <QApplication>
+#else
 #include <QCoreApplication>
+#endif
 #include <QTest>
 
 #include <vector>
@@ -21,8 +25,18 @@ void AddTestClass(std::function<std::unique_ptr<QObject>()> make) {
 
 }  // namespace quorvane::test
 
+#ifdef QUORVANE_WINDOW_TESTS
+using TestApplication = QApplication;
+#else
+using TestApplication = QCoreApplication;
+#endif
+
 int main(int argc, char** argv) {
-  QCoreApplication app(argc, argv);
+  // No window of a test is to be seen unless somebody asks for it.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  TestApplication app(argc, argv);
   if (quorvane::test::TestClasses().empty()) {
     qCritical("no test class is registered");
     return 1;

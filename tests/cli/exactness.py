@@ -1,0 +1,210 @@
+#!/usr/bin/env python3
+"""A random portfolio is taken in, and every line, lot and statement compared with the exact
+computation in tests/oracle, to the paisa.
+
+    exactness.py [--lines 10000] [--seed S] [unittest options]
+
+--lines 100000 takes about a minute and a half. The seed is told, so that a failure can be had again.
+"""
+
+import argparse
+import sys
+import unittest
+from collections import defaultdict
+from types import SimpleNamespace
+
+from ctl import Case, files, generate, rows
+
+import portfolio
+from exact import day, financial_year, money, number
+from folder import read
+from ledger import Ledger
+from statement import Choice, Row, remaining, statement
+
+YEARS = ("2011-12", "2012-13")
+OPTIONS = {"start": "--from", "end": "--to", "charges": "--charges", "fo": "--fo",
+           "gains": "--gains"}
+CHOICES = (
+    ("2011-12", {}),
+    ("2011-12", {"charges": "stax"}),
+    ("2011-12", {"charges": "stt"}),
+    ("2011-12", {"charges": "both"}),
+    ("2011-12", {"fo": "fo", "charges": "both"}),
+    ("2011-12", {"fo": "non-fo", "charges": "stt"}),
+    ("2011-12", {"gains": "speculation"}),
+    ("2011-12", {"gains": "non-speculation", "charges": "both"}),
+    ("2011-12", {"start": "01/07/2011", "end": "30/09/2011"}),
+    ("2011-12", {"end": "15/06/2011", "charges": "both"}),
+    ("2011-12", {"start": "29/02/2012", "fo": "non-fo", "gains": "non-speculation"}),
+    ("2012-13", {}),
+    ("2012-13", {"charges": "both"}),
+    ("2012-13", {"start": "01/10/2012", "end": "01/10/2012", "charges": "stt"}),
+)
+GAINS = ("long_term", "short_term", "speculation")
+
+
+def by_client(ledger: Ledger) -> dict[str, SimpleNamespace]:
+    """The ledger as each client sees it: a statement looks through the client's part only."""
+    whole = ledger.portfolio
+    parts = {code: whole._replace(openings=[], bills=[], transfers=[]) for code in whole.clients}
+    for opening in whole.openings:
+        parts[opening.client].openings.append(opening)
+    for bill in whole.bills:
+        parts[bill.client].bills.append(bill)
+    for move in whole.transfers:
+        for client in {whole.accounts[move.source], whole.accounts[move.target]}:
+            parts[client].transfers.append(move)
+    return {code: SimpleNamespace(portfolio=part, lines=ledger.lines)
+            for code, part in parts.items()}
+
+
+def words(choice: dict) -> list[str]:
+    return [word for name, value in choice.items() for word in (OPTIONS[name], value)]
+
+
+class Exactness(Case):
+    lines = 10000
+    seed = 20111125
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.folder = generate(cls.home / "portfolio", cls.lines, cls.seed, "--years", "2")
+        cls.ledger = Ledger(read(cls.folder))
+        cls.views = by_client(cls.ledger)
+        cls.desk = cls.new_desk()
+        cls.desk.take_in(cls.folder)
+
+    def statements(self, year: str, *options) -> dict[str, list[dict]]:
+        """The statement of every client that has one."""
+        out = self.new_folder()
+        self.desk.run("statement", "capital-gain", "--all", "--year", year, *options, "--format",
+                      "csv", "--out", out)
+        return {name.removesuffix(".csv"): rows(content.decode())
+                for name, content in files(out).items()}
+
+    def expected(self, client: str, year: str, choice: dict) -> list[dict]:
+        given = {name: day(value) if name in ("start", "end") else value
+                 for name, value in choice.items()}
+        return portfolio.statement_cells(self.views[client], client, year, Choice(**given))
+
+    def assert_same_rows(self, expected: list[dict], actual: list[dict], columns, where: str):
+        if expected != actual:
+            found = portfolio.differences(expected, actual, columns)
+            self.assertEqual(found, [], where)
+
+    def test_statements(self):
+        for year, choice in CHOICES:
+            with self.subTest(year=year, **choice):
+                totals = dict.fromkeys(GAINS, 0)
+                actual = self.statements(year, *words(choice))
+                for client in self.views:
+                    expected = self.expected(client, year, choice)
+                    self.assert_same_rows(expected, actual.pop(client, []), Row._fields, client)
+                    for name in GAINS if expected else ():
+                        totals[name] += int(100 * number(expected[-1][name]))
+                self.assertEqual(actual, {}, "statements of clients without movements")
+                print(f"{year} {' '.join(words(choice)) or '-'}:",
+                      *(f"{name} {money(amount)}" for name, amount in totals.items()))
+
+    def test_one_client_and_all_clients_have_the_same_statement(self):
+        everyone = self.statements("2011-12", "--charges", "both")
+        for client in list(self.views)[:5]:
+            self.assertEqual(everyone[client],
+                             self.desk.statement(client, "2011-12", "--charges", "both"))
+
+    def test_chosen_accounts_and_scrips_keep_their_rows(self):
+        client = next(iter(self.views))
+        accounts = [number for number, owner in self.ledger.portfolio.accounts.items()
+                    if owner == client]
+        scrips = list(self.ledger.portfolio.scrips)[:7]
+        whole = self.desk.statement(client, "2011-12")
+        chosen = self.desk.statement(client, "2011-12", "--accounts", accounts[0], "--scrips",
+                                     ",".join(scrips))
+        self.assertEqual([row for row in whole if row["account_no"] == accounts[0]
+                          and row["scrip_code"] in scrips],
+                         [row for row in chosen if row["account_no"]])
+        for name in ("purchase_amount", "sale_amount", "purchase_cost", *GAINS, "stt_paid"):
+            self.assertEqual(sum(number(row[name]) for row in chosen if row["account_no"]),
+                             number(chosen[-1][name]), name)
+
+    def test_holdings(self):
+        columns = portfolio.HOLDING_COLUMNS
+        expected = defaultdict(list)
+        for (year, account, scrip, rate), quantity in sorted(self.ledger.lots.items()):
+            expected[self.ledger.portfolio.accounts[account], year].append(
+                dict(zip(columns, map(portfolio.cell, (account, scrip, rate, quantity)))))
+        for client in list(self.views)[:200]:
+            for year in YEARS:
+                for options, lots in (((), [one for one in expected[client, year]
+                                            if one["quantity"] != "0"]),
+                                      (("--all",), expected[client, year])):
+                    actual = [{name: lot[name] for name in columns}
+                              for lot in self.desk.holdings(client, year, *options)]
+                    self.assert_same_rows(lots, actual, columns, f"{client} {year}")
+
+    def test_lots_in_the_database(self):
+        actual = {(year, account, scrip, number(rate)): number(quantity)
+                  for year, account, scrip, rate, quantity in self.desk.sql(
+                      "Select S.Fyear,A.ACNo,C.Code,S.Rate,S.Qty From Stock S Join ClientActDet A "
+                      "On A.id=S.AcId Join Script C On C.Id=S.ScriptId")}
+        self.assertEqual(self.ledger.lots, actual)
+
+    def test_bill_lines_are_split_by_lot(self):
+        out = self.new_folder()
+        self.desk.run("export", out)
+        recorded = read(out)
+        settled = defaultdict(list)
+        for bill in self.ledger.portfolio.bills:
+            settled[bill.client, bill.account, bill.date].append(self.ledger.lines[bill.order])
+        self.assertEqual(len(recorded.bills), len(self.ledger.portfolio.bills))
+        for bill in recorded.bills:
+            expected = settled[bill.client, bill.account, bill.date].pop(0)
+            self.assertEqual([line._replace(row=0, lot_rate=None if line.purchase
+                                            else line.lot_rate) for line in expected],
+                             [line._replace(row=0) for line in bill.lines],
+                             f"{bill.account} {bill.date}")
+
+    def test_carried_lots_open_the_next_year(self):
+        """Carried into an empty year, so that the rows are those of the carry forward alone."""
+        columns = ("account_no", "scrip_code", "quantity", "rate", "purchase_date", "service_tax",
+                   "brokerage", "stt", "fo")
+        for client in list(self.views)[:20]:
+            self.desk.run("carry-forward", "stock", "--client", client, "--year", "2013-14")
+        opened = defaultdict(list)
+        for row in rows(self.desk.export()["opening.csv"].decode()):
+            if row["fyear"] == "2013-14":
+                opened[row["client_code"]].append(
+                    tuple(row[name] if name in ("account_no", "scrip_code") else
+                          day(row[name]) if name == "purchase_date" else number(row[name])
+                          for name in columns))
+        for client in list(self.views)[:20]:
+            left = [(one.account, one.scrip, one.quantity, one.rate, one.date, one.service_tax,
+                     one.brokerage, one.stt, int(one.fo))
+                    for one in remaining(self.views[client], client, "2012-13")]
+            self.assertEqual(sorted(left), sorted(opened[client]), client)
+        self.check_is_well(self.desk)
+        self.desk.sql("Delete From StkOpBal Where Fyear='2013-14'")
+        self.desk.sql("Delete From Stock Where Fyear='2013-14'")
+
+    def test_rebuild_changes_nothing(self):
+        read_lots = "Select * From Stock Order By Id"
+        before = self.desk.sql(read_lots)
+        self.assertIn("Lots changed: 0\n", self.desk.run("rebuild", "--all").stderr)
+        self.assertEqual(before, self.desk.sql(read_lots))
+        self.check_is_well(self.desk)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--lines", type=int, default=Exactness.lines)
+    parser.add_argument("--seed", type=int, default=Exactness.seed)
+    given, rest = parser.parse_known_args()
+    Exactness.lines, Exactness.seed = given.lines, given.seed
+    print(f"{given.lines} lines, seed {given.seed}")
+    unittest.main(argv=[sys.argv[0], *rest])
+
+
+if __name__ == "__main__":
+    main()

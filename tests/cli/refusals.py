@@ -1,0 +1,613 @@
+#!/usr/bin/env python3
+"""What quorvanectl does not take: where it says the fault lies, its exit status, and that nothing
+changed. And what it takes although it looks odd."""
+
+import csv
+import shutil
+import socket
+import tempfile
+import unittest
+from pathlib import Path
+from typing import NamedTuple
+
+from ctl import (DONE, FAILURE, REFUSED, SAMPLE, WRONG_USAGE, Case, end_servers, portfolio_files,
+                 roomy_memory, rows, run)
+
+BILL_HEADER = ("client_code,account_no,bill_no,bill_date,broker,exchange,side,scrip_code,quantity,"
+               "rate,brokerage,service_tax,stt,fo,lot_rate,other_charges")
+OPENING_HEADER = "client_code,account_no,fyear,scrip_code,quantity,rate,purchase_date"
+TRANSFER_HEADER = "date,from_account,to_account,scrip_code,rate,quantity"
+CLIENT_HEADER = "code,name,dob,pan,sex"
+MONEY_HEADER = "client_code,broker,mode,amount,date,payment_mode,cheque_no,cheque_date"
+
+BASE = {
+    "participants.csv": "name,depository,dp_id\nNIDHI,NSDL,IN399901\n",
+    "clients.csv": "code,name,group_code\nAN,ANAND KAMDHENU,KAM\nBI,BINA KAMDHENU,KAM\n",
+    "accounts.csv": "client_code,participant,dp_id,account_no\nAN,NIDHI,IN399901,A1\n"
+                    "BI,NIDHI,IN399901,B1\nAN,NIDHI,IN399901,A2\n",
+    "brokers.csv": "name,city\nLOTUS,MUMBAI\n",
+    "scrips.csv": "code,name,type,class\n600001,ZINC ALLOYS LTD,EQUITY,A\n"
+                  "600002,ALUM CASTINGS LTD,EQUITY,A\n",
+    "percentages.csv": "fyear,name,percent,as_on\n2011-12,Service Tax,10.3,01/04/2011\n",
+    "opening.csv": OPENING_HEADER + "\nAN,A1,2011-12,600001,100,50,05/05/2010\n",
+    "bills.csv": BILL_HEADER + "\nAN,A1,1,02/05/2011,LOTUS,NSE,P,600001,10,60,0.25,,,0,,5\n",
+    "payments.csv": MONEY_HEADER + "\nAN,LOTUS,Payment,100,01/06/2011,Cash,,\n",
+    "rates.csv": "date,scrip_code,rate\n31/03/2012,600001,70\n",
+}
+
+
+class Bad(NamedTuple):
+    """A folder that is refused: its files, and the place and the reason that must be told."""
+
+    files: dict
+    told: tuple
+
+
+def bad(file: str, content, *told: str) -> Bad:
+    return Bad({file: content}, told)
+
+
+def bill(line: str, place: str, *told: str, header: str = BILL_HEADER) -> Bad:
+    """A bills.csv of one good line and a bad one under it."""
+    good = "AN,A1,77,02/05/2011,LOTUS,NSE,P,600001,1,60,,,,,,"
+    return bad("bills.csv", f"{header}\n{good}\n{line}\n", f"bills.csv, line 3{place}", *told)
+
+
+def bill_with(column: str, value: str, *told: str) -> Bad:
+    fields = dict(zip(BILL_HEADER.split(","),
+                      "AN,A1,78,02/05/2011,LOTUS,NSE,P,600001,1,60,,,,,,".split(",")))
+    fields[column] = value
+    return bill(",".join(fields.values()), f", column {column}: ", *told)
+
+
+def opening(line: str, column: str, *told: str) -> Bad:
+    return bad("opening.csv", f"{OPENING_HEADER}\n{line}\n",
+               f"opening.csv, line 2, column {column}: ", *told)
+
+
+def transfer(line: str, column: str, *told: str) -> Bad:
+    return bad("transfers.csv", f"{TRANSFER_HEADER}\n{line}\n",
+               f"transfers.csv, line 2, column {column}: ", *told)
+
+
+def client(line: str, column: str, *told: str) -> Bad:
+    return bad("clients.csv", f"{CLIENT_HEADER}\n{line}\n",
+               f"clients.csv, line 2, column {column}: ", *told)
+
+
+def payment(line: str, column: str, *told: str) -> Bad:
+    return bad("payments.csv", f"{MONEY_HEADER}\n{line}\n",
+               f"payments.csv, line 2, column {column}: ", *told)
+
+
+A_NUMBER = "expected a number of 0 or more"
+ABOVE_0 = "expected a number above 0"
+A_DATE = "expected a date dd/mm/yyyy"
+
+BAD = {
+    # The form of a file
+    "unknown column": bad("clients.csv", "code,name,colour\nCE,CEE,RED\n",
+                          "clients.csv, line 1, column colour: unknown column"),
+    "column twice": bad("clients.csv", "code,name,NAME\nCE,CEE,DEE\n",
+                        "clients.csv, line 1, column NAME: ", "twice"),
+    "missing column": bad("bills.csv", BILL_HEADER.replace(",quantity", "") + "\n",
+                          "bills.csv, line 1, column quantity: ", "missing"),
+    "header of another file": bad("clients.csv", OPENING_HEADER + "\n",
+                                  "clients.csv, line 1, column fyear: unknown column",
+                                  "column code: expected this column"),
+    "too few fields": bill("AN,A1,78,02/05/2011", ": ", "expected 16 fields, found 4"),
+    "too many fields": bill("AN,A1,78,02/05/2011,LOTUS,NSE,P,600001,1,60,,,,,,,9", ": ",
+                            "expected 16 fields, found 17"),
+    "unclosed quote": bill('AN,A1,"78,02/05/2011,LOTUS,NSE,P,600001,1,60,,,,,,', ": ",
+                           "a quoted field is not closed"),
+    "text after a quote": bill('AN,A1,"78"9,02/05/2011,LOTUS,NSE,P,600001,1,60,,,,,,', ": ",
+                               "text follows the closing quote"),
+    "empty file": bad("bills.csv", "", "bills.csv, line 1: expected a header row",
+                      "empty file"),
+    "file of a mark alone": bad("bills.csv", "\ufeff", "bills.csv, line 1: ",
+                                "empty file"),
+    "latin-1": bad("clients.csv", "code,name\nCE,JOS\u00c9 D'SOUZA\n".encode("latin-1"),
+                   "clients.csv, line 2", "expected UTF-8 text"),
+    "latin-1 far down": bad("clients.csv", "code,name\n".encode() + b"".join(
+        b"K%04d,KAY\n" % n for n in range(2000)) + b"CE,JOS\xc9\n",
+        "clients.csv, line 2002", "expected UTF-8 text"),
+    "UTF-16": bad("clients.csv", "code,name\nCE,CEE\n".encode("utf-16"),
+                  "clients.csv, line 1", "expected UTF-8 text"),
+    "zero byte": bad("clients.csv", "code,name\nCE,C\0EE\n", "clients.csv, line 2",
+                     "expected UTF-8 text"),
+    "empty folder": Bad({}, ("expected at least one file of a portfolio, such as bills.csv",)),
+    "another file only": Bad({"bill.csv": BILL_HEADER + "\n"},
+                             ("expected at least one file of a portfolio",)),
+    # Dates and years
+    "31 February": bill_with("bill_date", "31/02/2012", A_DATE, '"31/02/2012"'),
+    "29 February of a common year": bill_with("bill_date", "29/02/2013", A_DATE),
+    "month 13": bill_with("bill_date", "01/13/2011", A_DATE),
+    "date of another form": bill_with("bill_date", "2011-05-02", A_DATE),
+    "no date": bill_with("bill_date", "", A_DATE, "found nothing"),
+    "year that is none": opening("AN,A1,2011-13,600001,1,50,05/05/2010", "fyear",
+                                 "expected a financial year such as 2011-12", '"2011-13"'),
+    "purchase after the year": opening("AN,A1,2011-12,600001,1,50,01/04/2012", "purchase_date",
+                                       "31/03/2012"),
+    "birth on no day": client("CE,CEE,31/06/1970,,", "dob", A_DATE),
+    # Numbers
+    "word for a number": bill_with("quantity", "ten", ABOVE_0, '"ten"'),
+    "negative quantity": bill_with("quantity", "-5", ABOVE_0, '"-5"'),
+    "quantity of nothing": bill_with("quantity", "0", ABOVE_0),
+    "no quantity": bill_with("quantity", "", ABOVE_0, "found nothing"),
+    "thousands separator": bill_with("rate", '"1,250.50"', A_NUMBER, '"1,250.50"'),
+    "decimal comma": bill_with("rate", '"60,5"', A_NUMBER),
+    "exponent": bill_with("rate", "1e3", A_NUMBER),
+    "hexadecimal": bill_with("rate", "0x10", A_NUMBER),
+    "no number at all": bill_with("rate", "nan", A_NUMBER),
+    "infinite": bill_with("rate", "inf", A_NUMBER),
+    "larger than any number": bill_with("rate", "9" * 400, A_NUMBER),
+    "currency": bill_with("rate", "Rs 60", A_NUMBER),
+    "negative rate": bill_with("rate", "-60", A_NUMBER),
+    "negative charge": bill_with("stt", "-1", A_NUMBER),
+    "no rate": bill_with("rate", "", "expected a number"),
+    # Words
+    "side": bill_with("side", "B", "expected one of P, S", '"B"'),
+    "no side": bill_with("side", "", "expected one of P, S"),
+    "flag": bill_with("fo", "yes", "expected 0 or 1", '"yes"'),
+    "sex": client("CE,CEE,,,X", "sex", "expected one of Male, Female, Other"),
+    "PAN": client("CE,CEE,,AAAAA1111,", "pan", "expected a PAN such as AAAPA9999A"),
+    "mode": payment("AN,LOTUS,Receving,10,01/06/2011,Cash,,", "mode",
+                    "expected one of Payment, Cr. By Broker"),
+    "payment mode": payment("AN,LOTUS,Payment,10,01/06/2011,Barter,,", "payment_mode",
+                            "expected one of Cash, Cheque"),
+    "cheque of no day": payment("AN,LOTUS,Payment,10,01/06/2011,Cheque,7,31/04/2011",
+                                "cheque_date", A_DATE),
+    "kind of percentage": bad("percentages.csv",
+                              "fyear,name,percent\n2011-12,Stamp Duty,1\n",
+                              "percentages.csv, line 2, column name: ", "Service Tax"),
+    "side of a balance": bad("broker_opening.csv",
+                             "client_code,fyear,broker,amount,side\nAN,2011-12,LOTUS,5,Debit\n",
+                             "broker_opening.csv, line 2, column side: ",
+                             "expected one of Dr, Cr"),
+    # Texts
+    "name of 300 characters": client("CE," + "N" * 300 + ",,,", "name",
+                                     "expected at most 255 characters, found 300"),
+    "code of 101 characters": client("C" * 101 + ",CEE,,,", "code",
+                                     "expected at most 100 characters, found 101"),
+    "no name": client("CE,,,,", "name", "expected a text, found nothing"),
+    "code of blanks": client("  ,CEE,,,", "code", "expected a text, found nothing"),
+    # Names that are not known
+    "client": bill_with("client_code", "ZZ", "expected a known client", '"ZZ"'),
+    "account of another client": bill_with("account_no", "B1", "expected an account of the client",
+                                           '"B1"'),
+    "account": opening("AN,A9,2011-12,600001,1,50,05/05/2010", "account_no",
+                       "expected an account of the client", '"A9"'),
+    "scrip": bill_with("scrip_code", "999999", "expected a known scrip", '"999999"'),
+    "broker": bill_with("broker", "NOBODY", "expected a known broker", '"NOBODY"'),
+    "account to": transfer("01/06/2011,A1,C7,600001,50,1", "to_account",
+                           "expected a known account number"),
+    "account from": transfer("01/06/2011,C7,A1,600001,50,1", "from_account",
+                             "expected a known account number"),
+    "participant": bad("accounts.csv", "client_code,participant,account_no\nAN,OTHER,A7\n",
+                       "accounts.csv, line 2, column participant: "),
+    "DP id": bad("accounts.csv", "client_code,participant,dp_id,account_no\nAN,NIDHI,IN1,A7\n",
+                 "accounts.csv, line 2, column dp_id: ", '"IN1"'),
+    "scrip of a rate": bad("rates.csv", "date,scrip_code,rate\n31/03/2012,999999,5\n",
+                           "rates.csv, line 2, column scrip_code: ", "expected a known scrip"),
+    # Shares that are not there
+    "sale above the balance": bill("AN,A1,78,03/05/2011,LOTUS,NSE,S,600001,111.5,60,,,,,,",
+                                   ", column quantity: ", "You Can't Sale Scripts More than "
+                                   "Balance. Maximum Allowed Value is: 111.00"),
+    "sale above the lot": bill("AN,A1,78,03/05/2011,LOTUS,NSE,S,600001,101,60,,,,,50,",
+                               ", column quantity: ", "Maximum Allowed Value is: 100.00"),
+    "sale of a lot that is not there": bill("AN,A1,78,03/05/2011,LOTUS,NSE,S,600001,1,60,,,,,51,",
+                                            ", column lot_rate: ",
+                                            "Maximum Allowed Value is: 0.00"),
+    "sale before the purchase": bill("AN,A1,78,01/05/2011,LOTUS,NSE,S,600001,101,60,,,,,,",
+                                     ", column quantity: ", "Maximum Allowed Value is: 100.00"),
+    "sale in a year without an opening": bill(
+        "AN,A1,78,02/05/2012,LOTUS,NSE,S,600001,1,60,,,,,,", ", column quantity: ",
+        "Maximum Allowed Value is: 0.00"),
+    "transfer above the lot": transfer("01/06/2011,A1,B1,600001,50,100.5", "quantity",
+                                       "You Can't Transfer Scripts More than Balance. Maximum "
+                                       "Allowed Value is: 100.00"),
+    "transfer to itself": transfer("01/06/2011,A1,A1,600001,50,1", "to_account",
+                                   "expected another account"),
+    "lot rate of a purchase": bill_with("lot_rate", "50", "expected nothing"),
+    # Twice
+    "client twice": bad("clients.csv", "code,name\nCE,CEE\nDE,DEE\nce,CEE\n",
+                        "clients.csv, line 4, column code: stands in this file already"),
+    "account twice": bad("accounts.csv", "client_code,participant,account_no\nAN,NIDHI,A7\n"
+                                         "AN,NIDHI,A7\n",
+                         "accounts.csv, line 3, column account_no: stands in this file already"),
+    "scrip twice": bad("scrips.csv", "code,name,type,class\n700001,X,EQUITY,A\n"
+                                     "700001,X,EQUITY,A\n",
+                       "scrips.csv, line 3, column code: stands in this file already"),
+    "broker's opening twice": bad(
+        "broker_opening.csv", "client_code,fyear,broker,amount,side\nAN,2011-12,LOTUS,5,Dr\n"
+        "AN,2011-12,LOTUS,5,Dr\n", "broker_opening.csv, line 3, column broker: "
+        "Record Already Exists!"),
+    "two rates of one day": bad("rates.csv", "date,scrip_code,rate\n31/03/2012,600001,71\n",
+                                "rates.csv, line 2, column rate: ", "the rate 70"),
+    "client with another name": client("AN,ANAND SOMEBODY,,,", "code",
+                                       "Client Code Already Exists."),
+    "scrip with another name": bad("scrips.csv", "code,name,type,class\n600001,LEAD,EQUITY,A\n",
+                                   "scrips.csv, line 2, column code: "
+                                   "Script Code Already Exists."),
+    "recorded bill": bad("bills.csv",
+                         BILL_HEADER + "\nAN,A1,1,02/05/2011,LOTUS,NSE,P,600002,3,7,,,,,,\n",
+                         "bills.csv, line 2, column bill_no: this bill is recorded already"),
+    "recorded payment": payment("AN,LOTUS,Payment,100,01/06/2011,Cash,,", "",
+                                )._replace(told=("payments.csv, line 2: this payment is recorded "
+                                                 "already",)),
+    "charge on a bill's second row": bill(
+        "AN,A1,77,02/05/2011,LOTUS,NSE,P,600002,1,60,,,,,,2", ", column other_charges: ",
+        "first row, line 2"),
+    "two exchanges on a bill": bill(
+        "AN,A1,77,02/05/2011,LOTUS,BSE,P,600002,1,60,,,,,,", ", column exchange: ",
+        "first row, line 2"),
+    "good files beside a bad one": Bad(
+        {"clients.csv": "code,name\nCE,CEE\n",
+         "rates.csv": "date,scrip_code,rate\n30/03/2012,600001,68\n30/03/2012,600001,69\n"},
+        ("rates.csv, line 3, column rate: ",)),
+}
+
+
+def write(folder: Path, contents: dict) -> Path:
+    folder.mkdir(parents=True, exist_ok=True)
+    for name, content in contents.items():
+        (folder / name).write_bytes(content if isinstance(content, bytes) else content.encode())
+    return folder
+
+
+class Refusals(Case):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.desk = cls.new_desk()
+        cls.desk.take_in(write(cls.home / "base", BASE))
+        cls.before = cls.desk.export()
+
+    def test_bad_input_is_refused_with_its_place_and_changes_nothing(self):
+        tables = ",".join(name for name, in self.desk.sql("Show Tables"))
+        after = self.desk.sql(f"Checksum Table {tables}")
+        for name, case in BAD.items():
+            with self.subTest(name):
+                told = self.desk.run("import", write(self.new_folder(), case.files), status=None)
+                before, after = after, self.desk.sql(f"Checksum Table {tables}")
+                self.assertEqual(before, after)
+                self.assertEqual(told.returncode, REFUSED, told.stderr)
+                for text in case.told:
+                    self.assertIn(text, told.stderr)
+        self.assert_same_files(self.before, self.desk.export())
+        self.check_is_well(self.desk)
+
+    def test_every_error_is_told_at_once(self):
+        header, line = BILL_HEADER, "AN,A1,78,02/05/2011,LOTUS,NSE,P,600001,{},{},,,,,,"
+        folder = write(self.new_folder(), {
+            "bills.csv": "\n".join([header, line.format("x", "1"), line.format("1", "y"), ""]),
+            "transfers.csv": f"{TRANSFER_HEADER}\n32/01/2012,A1,B1,600001,50,1\n"})
+        told = self.desk.take_in(folder, REFUSED)
+        for place in ("bills.csv, line 2, column quantity", "bills.csv, line 3, column rate",
+                      "transfers.csv, line 2, column date"):
+            self.assertIn(place, told)
+
+    def test_hopeless_file_is_not_told_line_by_line(self):
+        folder = write(self.new_folder(), {"rates.csv": "date,scrip_code,rate\n" + "a,b,c\n" * 5000})
+        self.assertLess(len(self.desk.take_in(folder, REFUSED).splitlines()), 120)
+
+    def test_line_is_that_where_the_row_begins(self):
+        folder = write(self.new_folder(), {
+            "clients.csv": 'code,name,address\nCE,CEE,"Flat 1\nLane 2\nPune"\n\nDE,,\n'})
+        self.assertIn("clients.csv, line 6, column name: ", self.desk.take_in(folder, REFUSED))
+
+    def test_names_of_records_that_are_not_there(self):
+        for words, told in (
+                (("holdings", "--client", "ZZ", "--year", "2011-12"), 'no client "ZZ"'),
+                (("holdings", "--client", "AN", "--year", "2011-12", "--account", "B1"),
+                 'no demat account "B1"'),
+                (("export", "{out}", "--client", "ZZ"), 'no client "ZZ"'),
+                (("rebuild", "--client", "ZZ", "--year", "2011-12"), 'no client "ZZ"'),
+                (("carry-forward", "stock", "--client", "ZZ", "--year", "2012-13"),
+                 'no client "ZZ"'),
+                (("statement", "profit", "--client", "ZZ", "--year", "2011-12"), 'no client "ZZ"'),
+                (("statement", "profit", "--client", "AN", "--year", "2011-12", "--accounts",
+                  "A1,B1"), 'no demat account "B1"'),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--accounts", "C1"),
+                 'no demat account "C1"'),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--scrips",
+                  "600001,9"), 'no scrip "9"'),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--from",
+                  "02/06/2011", "--to", "01/06/2011"), "From Date Can't be Greater")):
+            with self.subTest(" ".join(words)):
+                out = self.new_folder()
+                result = self.desk.run(*(word.format(out=out) for word in words), status=REFUSED)
+                self.assertIn(told, result.stderr)
+                self.assertEqual(result.stdout, "")
+                self.assertEqual(list(out.iterdir()), [])
+
+    def test_wrong_usage(self):
+        for words, told in (
+                ((), "subcommand"),
+                (("frobnicate",), "subcommand"),
+                (("import",), "folder"),
+                (("import", "a", "b"), "b"),
+                (("export",), "folder"),
+                (("holdings", "--client", "AN"), "--year"),
+                (("holdings", "--year", "2011-12"), "--client"),
+                (("holdings", "--client", "AN", "--year", "2011"), "2011-12"),
+                (("holdings", "--client", "AN", "--year", "2011-13"), "2011-13"),
+                (("holdings", "--client", "AN", "--year", "2011-12", "--format", "xml"), "xml"),
+                (("statement",), "subcommand"),
+                (("statement", "capital-gain", "--year", "2011-12"), "--all"),
+                (("statement", "capital-gain", "--client", "AN"), "--year"),
+                (("statement", "capital-gain", "--client", "AN", "--all", "--year", "2011-12"),
+                 "--all"),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--from",
+                  "31/02/2012"), "31/02/2012"),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--to", "soon"),
+                 "soon"),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--charges", "all"),
+                 "all"),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--fo", "both"),
+                 "both"),
+                (("statement", "capital-gain", "--all", "--year", "2011-12", "--gains", "long"),
+                 "long"),
+                (("rebuild",), "--all"),
+                (("rebuild", "--client", "AN"), "--year"),
+                (("carry-forward",), "subcommand"),
+                (("carry-forward", "stock", "--client", "AN"), "--year")):
+            with self.subTest(" ".join(words)):
+                result = self.desk.run(*words, status=WRONG_USAGE)
+                self.assertIn(told, result.stderr)
+                self.assertEqual(result.stdout, "")
+        self.assert_same_files(self.before, self.desk.export())
+
+    def test_folder_that_cannot_be_read(self):
+        missing = self.home / "nowhere"
+        self.assertIn(str(missing), self.desk.run("import", missing, status=FAILURE).stderr)
+        folder = write(self.new_folder(), {"clients.csv": "code,name\nCE,CEE\n"})
+        (folder / "bills.csv").mkdir()
+        self.assertIn("bills.csv", self.desk.run("import", folder, status=FAILURE).stderr)
+        self.assert_same_files(self.before, self.desk.export())
+
+    def test_place_that_cannot_be_written(self):
+        file = self.new_folder() / "file"
+        file.write_text("kept")
+        self.assertIn(str(file), self.desk.run("export", file, status=FAILURE).stderr)
+        self.assertIn(str(file), self.desk.run(
+            "statement", "profit", "--client", "AN", "--year", "2011-12", "--out", file / "x",
+            status=FAILURE).stderr)
+        self.assertEqual(file.read_text(), "kept")
+
+    def test_database_that_cannot_be_used(self):
+        with socket.socket() as free:
+            free.bind(("127.0.0.1", 0))
+            port = free.getsockname()[1]
+        here = f"Socket={self.server.socket}\n"
+        for settings, told in (
+                (f"Server=127.0.0.1\nPort={port}\nDatabase=x\nUser=root\n", "127.0.0.1"),
+                (f"Socket={self.home}/no.sock\nDatabase=x\nUser=root\n", "no.sock"),
+                (here + "Database=nothing\nUser=root\n", "nothing"),
+                (here + "Database=quorvane\nUser=stranger\nPassword=guess\n", "stranger"),
+                ("Server=127.0.0.1\nPort=many\nDatabase=x\n", "Port"),
+                ("Server=127.0.0.1\nDatabase=x\nTlsVerify=perhaps\n", "TlsVerify"),
+                (here + "Database=x\nDriver=No Such Driver\n", "No Such Driver")):
+            with self.subTest(settings.splitlines()):
+                folder = write(self.new_folder(), {"Confg.ini": "[Database]\n" + settings})
+                result = run(folder, "check", status=FAILURE)
+                self.assertIn(told, result.stderr)
+                self.assertNotIn("guess", result.stderr)
+                self.assertFalse((folder / "database").exists(), "a server of its own was made")
+
+    def test_application_folder_that_is_a_file(self):
+        file = self.new_folder() / "file"
+        file.write_text("kept")
+        self.assertIn(str(file), run(file, "check", status=FAILURE).stderr)
+        self.assertEqual(file.read_text(), "kept")
+
+
+class Accepted(Case):
+    """Input that looks odd and is right."""
+
+    def taken_in(self, contents: dict):
+        desk = self.new_desk()
+        desk.take_in(write(self.new_folder(), contents))
+        return desk
+
+    def test_form_of_the_files_does_not_matter(self):
+        plain = self.taken_in(BASE).export()
+        shuffled = BASE | {"scrips.csv": "Class,TYPE, name ,code\nA,EQUITY,ZINC ALLOYS LTD,600001\n"
+                                         "A,EQUITY,ALUM CASTINGS LTD,600002\n"}
+        for name, contents in (
+                ("byte order mark", {file: "\ufeff" + text for file, text in BASE.items()}),
+                ("CRLF", {file: text.replace("\n", "\r\n") for file, text in BASE.items()}),
+                ("no last line end", {file: text.rstrip("\n") for file, text in BASE.items()}),
+                ("blank lines", {file: text.replace("\n", "\n\n") for file, text in BASE.items()}),
+                ("quoted headers", BASE | {"rates.csv": '"date","scrip_code","rate"\n'
+                                                        '"31/03/2012","600001","70"\n'}),
+                ("columns in another order", shuffled),
+                ("blanks around numbers", BASE | {
+                    "rates.csv": "date,scrip_code,rate\n 31/03/2012 ,600001, 70.00 \n"}),
+                ("another case", BASE | {"bills.csv": BASE["bills.csv"].replace(",P,", ",p,")
+                                         .replace("AN,A1", "an,a1").replace("LOTUS", "Lotus")}),
+                ("files that are none of ours", BASE | {"notes.txt": "?", "bills.csv~": "?"})):
+            with self.subTest(name):
+                self.assert_same_files(plain, self.taken_in(contents).export())
+
+    def test_texts_come_out_as_they_went_in(self):
+        names = ("O'BRIEN & SONS", 'SAY ""HELLO""', "BACK\\\\SLASH\\", "100% _REAL_", "-- NOT A COMMENT",
+                 "'); Drop Table ClientInfo; --", "\u0936\u094d\u0930\u0940 \u0917\u0923\u0947\u0936",
+                 "FISH \U0001f41f AND \U00020000", "COMMA, LIMITED", "TWO\nLINES", "TAB\tHERE",
+                 "\u20b9 LENDER", "  BLANKS AT BOTH ENDS  ", "N" * 255, "\U0001f41f" * 255)
+        quoted = [f'"{name}"' for name in names]
+        contents = BASE | {
+            "clients.csv": "code,name,address\n" + "".join(
+                f"K{n:02d},{name},{name}\n" for n, name in enumerate(quoted)),
+            "brokers.csv": "name,address\n" + "".join(
+                f"{name},{name}\n" for name in quoted),
+            "scrips.csv": "code,name,type,class\n" + "".join(
+                f"{700000 + n},{name},EQUITY,A\n" for n, name in enumerate(quoted))}
+        for name in ("accounts.csv", "opening.csv", "bills.csv", "payments.csv", "rates.csv"):
+            contents.pop(name)
+        desk = self.taken_in(contents)
+        wanted = [name.replace('""', '"') for name in names]
+        out = self.new_folder()
+        desk.run("export", out)
+        for file, columns in (("clients.csv", ("name", "address")), ("scrips.csv", ("name",)),
+                              ("brokers.csv", ("name", "address"))):
+            exported = self.read(out / file)
+            for column in columns:
+                self.assertEqual(sorted(wanted), sorted(row[column] for row in exported), file)
+        again = self.new_desk()
+        again.take_in(out)
+        self.assert_same_files(portfolio_files(out), again.export())
+        again.take_in(out)  # the same details again are no other details
+        self.assert_same_files(portfolio_files(out), again.export())
+
+    @staticmethod
+    def read(path: Path) -> list[dict]:
+        with path.open(encoding="utf-8", newline="") as file:
+            return list(csv.DictReader(file))
+
+    def test_odd_names_find_their_records(self):
+        code = 'O\'BR"IEN \U0001f41f \\'
+        field = '"' + code.replace('"', '""') + '"'
+        contents = {name: text.replace("AN,", field + ",") for name, text in BASE.items()}
+        desk = self.taken_in(contents)
+        self.assertEqual([(lot["rate"], lot["quantity"]) for lot in desk.holdings(code, "2011-12")],
+                         [("50", "100"), ("60", "10")])
+        self.assertEqual([row["row"] for row in desk.statement(code, "2011-12")],
+                         ["unsold", "unsold", "total", "net_total"])
+        self.assertIn("Lots changed: 0",
+                      desk.run("rebuild", "--client", code, "--year", "2011-12").stderr)
+
+    def test_numbers_keep_every_digit(self):
+        rates = ("0.0001", "412.3375", "123456789.01", "0.1", "99999.9999", "0")
+        desk = self.taken_in(BASE | {"bills.csv": BILL_HEADER + "\n" + "".join(
+            f"AN,A1,{n},02/05/2011,LOTUS,NSE,P,600002,0.001,{rate},0.0001,0.07,0.29,0,,\n"
+            for n, rate in enumerate(rates))})
+        exported = rows(desk.export()["bills.csv"].decode())
+        self.assertEqual(sorted(rates), sorted(row["rate"] for row in exported))
+        for row in exported:
+            self.assertEqual((row["quantity"], row["brokerage"], row["service_tax"], row["stt"]),
+                             ("0.001", "0.0001", "0.07", "0.29"))
+
+    def test_bill_of_one_number_in_two_places_of_the_file_is_one_bill(self):
+        line = "AN,A1,{},02/05/2011,LOTUS,NSE,P,600002,1,{},,,,,,"
+        desk = self.taken_in(BASE | {"bills.csv": "\n".join(
+            [BILL_HEADER, line.format(7, 10), line.format(8, 20), line.format(7, 30), ""])})
+        self.assertEqual([(row["bill_no"], row["rate"])
+                          for row in rows(desk.export()["bills.csv"].decode())],
+                         [("7", "10"), ("7", "30"), ("8", "20")])
+        self.assertEqual(desk.sql("Select Count(*) From SPMaster"), [["2"]])
+
+    def test_same_number_of_another_broker_day_or_account_is_another_bill(self):
+        desk = self.taken_in(BASE | {"brokers.csv": BASE["brokers.csv"] + "KAMAL,PUNE\n"})
+        line = "AN,{},1,{},{},NSE,P,600002,1,10,,,,,,"
+        desk.take_in(write(self.new_folder(), {"bills.csv": "\n".join(
+            [BILL_HEADER, line.format("A1", "02/05/2011", "KAMAL"),
+             line.format("A1", "03/05/2011", "LOTUS"),
+             line.format("A2", "02/05/2011", "LOTUS"), ""])}))
+        self.assertEqual(desk.sql("Select Count(*) From SPMaster"), [["4"]])
+        self.check_is_well(desk)
+
+
+class CarryForward(Case):
+    """Two years of the sample without the opening rows of the second."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.folder = cls.home / "two-years"
+        shutil.copytree(SAMPLE, cls.folder)
+        cls.expected = cls.without_other_opening(lambda year: year in ("2011-12", "2012-13"))
+        for name, column in (("bills.csv", 3), ("transfers.csv", 0)):
+            path = cls.folder / name
+            header, *lines = path.read_text(encoding="utf-8").splitlines()
+            path.write_text("\n".join([header, *(
+                line for line in lines if cls.of_first_year(line.split(",")[column]))]) + "\n",
+                encoding="utf-8")
+        cls.without_other_opening(lambda year: year == "2011-12")
+        cls.second = cls.home / "second-year"
+        cls.second.mkdir()
+        for name, column in (("bills.csv", 3), ("transfers.csv", 0)):
+            header, *lines = (SAMPLE / name).read_text(encoding="utf-8").splitlines()
+            (cls.second / name).write_text("\n".join([header, *(
+                line for line in lines if cls.of_second_year(line.split(",")[column]))]) + "\n",
+                encoding="utf-8")
+
+    @staticmethod
+    def of_first_year(date: str) -> bool:
+        return (date[6:], date[3:5]) < ("2012", "04")
+
+    @staticmethod
+    def of_second_year(date: str) -> bool:
+        return ("2012", "04") <= (date[6:], date[3:5]) < ("2013", "04")
+
+    @classmethod
+    def without_other_opening(cls, keep) -> list[str]:
+        path = cls.folder / "opening.csv"
+        header, *lines = path.read_text(encoding="utf-8").splitlines()
+        kept = [header, *(line for line in lines if keep(line.split(",")[2]))]
+        path.write_text("\n".join(kept) + "\n", encoding="utf-8")
+        return kept
+
+    def carry(self, desk):
+        for client in ("ATH001", "ATH002", "ATH003", "ATH004"):
+            desk.run("carry-forward", "stock", "--client", client, "--year", "2012-13")
+
+    def test_carried_lots_are_the_next_years_opening_rows(self):
+        desk = self.new_desk()
+        desk.take_in(self.folder)
+        self.carry(desk)
+        self.assertEqual(self.expected, desk.export()["opening.csv"].decode().splitlines())
+        self.check_is_well(desk)
+        before, lots = desk.export(), self.lots(desk)
+        self.carry(desk)  # a second time gives the same
+        self.assert_same_files(before, desk.export())
+        self.assertEqual(lots, self.lots(desk))
+        self.check_is_well(desk)
+        desk.take_in(self.second)
+        self.check_statements(desk)
+
+    @staticmethod
+    def lots(desk):
+        """Without those that hold nothing any more."""
+        return desk.sql("Select Fyear,AcId,ScriptId,Rate,Qty From Stock Where Qty<>0 Order By "
+                        "Fyear,AcId,ScriptId,Rate")
+
+    def check_statements(self, desk):
+        """The second year's gains depend on the purchase dates of the first."""
+        whole = self.new_desk()
+        whole.take_in(SAMPLE)
+        long_term = 0
+        for client in ("ATH001", "ATH002", "ATH003", "ATH004"):
+            statement = desk.statement(client, "2012-13", "--charges", "both")
+            self.assertEqual(whole.statement(client, "2012-13", "--charges", "both"), statement)
+            long_term += sum(row["row"] == "match" and row["long_term"] != "0.00"
+                             for row in statement)
+        self.assertGreater(long_term, 10)
+
+    def test_shares_that_are_sold_meanwhile_keep_their_opening_rows(self):
+        """Carrying again after sales of the second year leaves those sales covered."""
+        desk = self.new_desk()
+        desk.take_in(self.folder)
+        self.carry(desk)
+        desk.take_in(self.second)
+        before, lots = desk.export(), self.lots(desk)
+        self.carry(desk)
+        self.assert_same_files(before, desk.export())
+        self.assertEqual(lots, self.lots(desk))
+        self.check_is_well(desk)
+
+
+class FirstStart(unittest.TestCase):
+    def test_database_folder_that_cannot_be_made(self):
+        folder = Path(tempfile.mkdtemp(prefix="quorvane-cli-", dir=roomy_memory()))
+        self.addCleanup(shutil.rmtree, folder)
+        self.addCleanup(end_servers, folder)
+        blocked = folder / "database"
+        blocked.write_text("not a folder")
+        self.assertIn(str(blocked), run(folder, "check", status=FAILURE).stderr)
+        blocked.unlink()
+        run(folder, "check", status=DONE)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,192 @@
+#!/usr/bin/env python3
+"""What is taken in comes out again: import, export, and import of the export."""
+
+import shutil
+import unittest
+
+from ctl import REFUSED, SAMPLE, Case, generate, portfolio_files, rows
+
+MASTERS = ("participants.csv", "clients.csv", "accounts.csv", "brokers.csv", "scrips.csv",
+           "percentages.csv")
+ALL_LOTS = "Select * From Stock Order By Id"
+
+
+class Sample(Case):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.desk = cls.new_desk()
+        cls.desk.take_in(SAMPLE)
+
+    def test_export_is_the_folder_that_was_taken_in(self):
+        self.assert_same_files(portfolio_files(SAMPLE), self.desk.export())
+
+    def test_second_import_is_refused_and_changes_nothing(self):
+        before, lots = self.desk.export(), self.desk.sql(ALL_LOTS)
+        told = self.desk.take_in(SAMPLE, REFUSED)
+        self.assertIn("opening.csv, line 2: this opening lot is recorded already", told)
+        self.assert_same_files(before, self.desk.export())
+        self.assertEqual(lots, self.desk.sql(ALL_LOTS))
+
+    def second_import_of(self, *names) -> str:
+        return self.desk.take_in(self.part_of_sample(*names), REFUSED)
+
+    def part_of_sample(self, *names):
+        folder = self.new_folder()
+        for name in names:
+            shutil.copy(SAMPLE / name, folder)
+        return folder
+
+    def test_each_kind_of_document_is_refused_a_second_time(self):
+        before = self.desk.export()
+        for name, text in (("opening.csv", "opening.csv, line 2: this opening lot"),
+                           ("bills.csv", "bills.csv, line 2, column bill_no: this bill"),
+                           ("transfers.csv", "transfers.csv, line 2"),
+                           ("broker_opening.csv", "broker_opening.csv, line 2, column broker: "
+                                                  "Record Already Exists!"),
+                           ("payments.csv", "payments.csv, line 2: this payment"),
+                           ("receipts.csv", "receipts.csv, line 2: this payment")):
+            with self.subTest(name):
+                self.assertIn(text, self.second_import_of(name))
+                self.assert_same_files(before, self.desk.export())
+
+    def test_masters_and_rates_may_be_taken_in_again(self):
+        before = self.desk.export()
+        self.desk.take_in(self.part_of_sample(*MASTERS, "rates.csv"))
+        self.assert_same_files(before, self.desk.export())
+        self.check_is_well(self.desk)
+
+    def test_dry_run_writes_nothing(self):
+        desk = self.new_desk()
+        before = desk.export()
+        self.assertIn("487 bill lines", desk.run("import", SAMPLE, "--dry-run").stderr)
+        self.assert_same_files(before, desk.export())
+        self.assertEqual(desk.sql(ALL_LOTS), [])
+        desk.take_in(SAMPLE)
+        self.assert_same_files(portfolio_files(SAMPLE), desk.export())
+
+    def test_dry_run_tells_the_same_errors(self):
+        before = self.desk.export()
+        dry = self.desk.run("import", SAMPLE, "--dry-run", status=REFUSED).stderr
+        self.assertEqual(dry, self.desk.take_in(SAMPLE, REFUSED))
+        self.assert_same_files(before, self.desk.export())
+
+    def test_documents_go_on_top_of_masters_that_are_there(self):
+        desk = self.new_desk()
+        for names in (MASTERS, ("opening.csv",), ("bills.csv", "transfers.csv"),
+                      ("broker_opening.csv", "payments.csv"), ("receipts.csv", "rates.csv")):
+            desk.take_in(self.part_of_sample(*names))
+        self.assert_same_files(portfolio_files(SAMPLE), desk.export())
+        self.check_is_well(desk)
+
+    def test_year_after_year_gives_the_same_as_all_at_once(self):
+        desk = self.new_desk()
+        desk.take_in(self.part_of_sample(*MASTERS))
+        for year in ("2011", "2012", "2013"):
+            desk.take_in(self.documents_of(int(year)))
+        desk.take_in(self.part_of_sample("broker_opening.csv", "payments.csv", "receipts.csv",
+                                         "rates.csv"))
+        self.assert_same_files(portfolio_files(SAMPLE), desk.export())
+        self.check_is_well(desk)
+
+    def documents_of(self, year: int):
+        """Opening, bills and transfers of one financial year of the sample."""
+        def is_of_year(date: str) -> bool:
+            month, calendar_year = int(date[3:5]), int(date[6:])
+            return calendar_year - (month < 4) == year
+
+        folder = self.new_folder()
+        for name, belongs in (
+                ("opening.csv", lambda row: row["fyear"].startswith(str(year))),
+                ("bills.csv", lambda row: is_of_year(row["bill_date"])),
+                ("transfers.csv", lambda row: is_of_year(row["date"]))):
+            header, *lines = (SAMPLE / name).read_text(encoding="utf-8").splitlines()
+            kept = [line for line, row in zip(lines, rows("\n".join([header, *lines])),
+                                              strict=True) if belongs(row)]
+            (folder / name).write_text("\n".join([header, *kept]) + "\n", encoding="utf-8")
+        return folder
+
+    def test_day_by_day_gives_the_same_as_all_at_once(self):
+        """Each day is an import on top of what the days before have left, so that first in, first
+        out has to come from the recorded documents."""
+        folder = generate(self.new_folder(), 40, 5, "--clients", "2", "--scrips", "4")
+        whole, desk = self.new_desk(), self.new_desk()
+        whole.take_in(folder)
+        days: dict[str, dict[str, list[str]]] = {}
+        for name, column in (("bills.csv", 3), ("transfers.csv", 0)):
+            for line in (folder / name).read_text(encoding="utf-8").splitlines()[1:]:
+                day = "/".join(reversed(line.split(",")[column].split("/")))
+                days.setdefault(day, {}).setdefault(name, []).append(line)
+        headers = {name: (folder / name).read_text(encoding="utf-8").splitlines()[0]
+                   for name in ("bills.csv", "transfers.csv")}
+        for name in headers:
+            (folder / name).unlink()
+        desk.take_in(folder)
+        for _day, documents in sorted(days.items()):
+            part = self.new_folder()
+            for name, lines in documents.items():
+                (part / name).write_text("\n".join([headers[name], *lines]) + "\n",
+                                         encoding="utf-8")
+            desk.take_in(part)
+        self.assert_same_files(whole.export(), desk.export())
+        self.check_is_well(desk)
+
+    def test_export_of_one_client(self):
+        """ATH001 has dealt with ATH004, and ATH002 with ATH003: each pair comes out together."""
+        for asked, codes, moves in (("ATH001", {"ATH001", "ATH004"}, 2),
+                                    ("ATH003", {"ATH002", "ATH003"}, 1)):
+            with self.subTest(asked):
+                part = {name: rows(content.decode())
+                        for name, content in self.desk.export("--client", asked).items()}
+                self.assertEqual({row["code"] for row in part["clients.csv"]}, codes)
+                for name in ("accounts.csv", "opening.csv", "bills.csv", "payments.csv"):
+                    self.assertEqual({row["client_code"] for row in part[name]}, codes, name)
+                self.assertEqual(len(part["transfers.csv"]), moves)
+                used = {row["broker"] for name in ("bills.csv", "payments.csv", "receipts.csv",
+                                                   "broker_opening.csv") for row in part[name]}
+                self.assertEqual({row["name"] for row in part["brokers.csv"]}, used)
+                used = {row["scrip_code"] for name in ("bills.csv", "opening.csv", "transfers.csv")
+                        for row in part[name]}
+                self.assertEqual({row["code"] for row in part["scrips.csv"]}, used)
+
+    def test_parts_of_clients_taken_in_apart_make_the_whole(self):
+        desk = self.new_desk()
+        for client in ("ATH002", "ATH001"):
+            folder = self.new_folder()
+            self.desk.run("export", folder, "--client", client)
+            desk.take_in(folder)
+        self.assert_same_files(portfolio_files(SAMPLE), desk.export())
+        for client in ("ATH001", "ATH002", "ATH003", "ATH004"):
+            for year in ("2011-12", "2012-13", "2013-14"):
+                self.assertEqual(self.desk.statement(client, year), desk.statement(client, year))
+
+
+class Generated(Case):
+    def test_import_of_an_export_exports_the_same(self):
+        for seed, options in ((11, ("--years", "2")), (12, ("--order", "client", "--scrips", "5")),
+                              (13, ("--clients", "2", "--scrips", "3", "--years", "3"))):
+            with self.subTest(seed=seed):
+                first, second = self.new_desk(), self.new_desk()
+                first.take_in(generate(self.new_folder(), 2000, seed, *options))
+                folder = self.new_folder()
+                first.run("export", folder)
+                second.take_in(folder)
+                self.assert_same_files(portfolio_files(folder), second.export())
+                self.assertEqual(self.lots(first), self.lots(second))
+                self.check_is_well(second)
+                self.assert_same_statements(first, second)
+
+    @staticmethod
+    def lots(desk) -> list[list[str]]:
+        return desk.sql("Select Fyear,AcId,C.Code,Rate,Qty From Stock S Join Script C On "
+                        "C.Id=S.ScriptId Join ClientActDet A On A.id=S.AcId Order By "
+                        "Fyear,A.ACNo,C.Code,Rate")
+
+    def assert_same_statements(self, first, second):
+        ask = ("statement", "capital-gain", "--all", "--year", "2011-12", "--charges", "both",
+               "--format", "csv")
+        self.assertEqual(first.run(*ask).stdout, second.run(*ask).stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()

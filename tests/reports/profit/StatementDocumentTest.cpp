@@ -1,0 +1,192 @@
+#include "core/text/Amounts.h"
+#include "portfolio/Import.h"
+#include "reports/profit/StatementCsv.h"
+#include "reports/profit/StatementDocument.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <map>
+
+using namespace quorvane;
+using namespace quorvane::profit;
+
+/// The statements of the sample portfolio: what is shown must add up to what is shown below it.
+class StatementDocumentTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase();
+  void TotalsAreTheSumOfTheLinesShown_data();
+  void TotalsAreTheSumOfTheLinesShown();
+  void TransferIsShownAndGainsNothing();
+  void SummaryAndDetailEndWithTheSameGains();
+  void SelectionsLeaveOtherAccountsAndScripsOut();
+  void SpeculationFilterSplitsTheWhole();
+  void cleanupTestCase();
+
+ private:
+  std::unique_ptr<test::TestDatabase> database_;
+  std::unique_ptr<lookups::Directory> directory_;
+
+  std::vector<std::pair<ClientId, std::vector<StatementRow>>> Build(const StatementQuery& query);
+  StatementQuery Whole(int year) const;
+};
+
+namespace {
+
+constexpr std::size_t kFirstGain = 8;
+constexpr std::size_t kCells = 12;
+
+std::int64_t PaiseOf(const report::Cell& cell) {
+  const auto* number = std::get_if<double>(&cell);
+  return number == nullptr ? 0 : text::ToPaise(*number);
+}
+
+/// Sums of the gain columns by kind of row.
+std::map<report::RowKind, std::vector<std::int64_t>> SumsOf(const report::Table& table) {
+  std::map<report::RowKind, std::vector<std::int64_t>> sums;
+  for (const report::Row& row : table.rows) {
+    auto& sum = sums[row.kind];
+    sum.resize(kCells);
+    for (std::size_t i = kFirstGain; i < kCells && i < row.cells.size(); ++i) {
+      sum[i] += PaiseOf(row.cells[i]);
+    }
+  }
+  return sums;
+}
+
+}  // namespace
+
+void StatementDocumentTest::initTestCase() {
+  database_ = std::make_unique<test::TestDatabase>();
+  Progress progress;
+  const auto result = portfolio::ImportPortfolio(
+      **database_, QStringLiteral(QUORVANE_SOURCE_DIR "/data/sample"), false, progress);
+  QVERIFY2(result.errors.empty(), result.errors.empty() ? "" : result.errors[0].Text().c_str());
+  directory_ = std::make_unique<lookups::Directory>(**database_);
+}
+
+void StatementDocumentTest::cleanupTestCase() {
+  directory_.reset();
+  database_.reset();
+}
+
+StatementQuery StatementDocumentTest::Whole(int year) const {
+  return StatementQuery::OfYear(std::nullopt, text::FinancialYear(year));
+}
+
+std::vector<std::pair<ClientId, std::vector<StatementRow>>> StatementDocumentTest::Build(
+    const StatementQuery& query) {
+  std::vector<std::pair<ClientId, std::vector<StatementRow>>> clients;
+  Progress progress;
+  BuildStatement(**database_, query, progress,
+                 [&](ClientId client, std::span<const StatementRow> rows) {
+                   clients.emplace_back(client, std::vector(rows.begin(), rows.end()));
+                 });
+  return clients;
+}
+
+void StatementDocumentTest::TotalsAreTheSumOfTheLinesShown_data() {
+  QTest::addColumn<int>("year");
+  QTest::addColumn<bool>("charges");
+  QTest::addColumn<bool>("average");
+  for (const int year : {2011, 2012, 2013}) {
+    QTest::addRow("%d", year) << year << false << false;
+    QTest::addRow("%d with charges", year) << year << true << false;
+    QTest::addRow("%d at the average", year) << year << true << true;
+  }
+}
+
+void StatementDocumentTest::TotalsAreTheSumOfTheLinesShown() {
+  QFETCH(int, year);
+  QFETCH(bool, charges);
+  QFETCH(bool, average);
+  StatementQuery query = Whole(year);
+  query.charges = {charges, charges};
+  query.average = average;
+  const auto clients = Build(query);
+  QCOMPARE(clients.size(), std::size_t{4});
+  for (const auto& [client, rows] : clients) {
+    const auto document = MakeStatementDocument(StatementMode::kCapitalGain, Layout::kDetail, query,
+                                                client, rows, *directory_);
+    auto sums = SumsOf(document.tables.front());
+    QCOMPARE(sums[report::RowKind::kTotal], sums[report::RowKind::kData]);
+    QCOMPARE(sums[report::RowKind::kNetTotal], sums[report::RowKind::kData]);
+  }
+}
+
+void StatementDocumentTest::TransferIsShownAndGainsNothing() {
+  int transfers = 0;
+  for (const auto& [client, rows] : Build(Whole(2011))) {
+    for (const StatementRow& row : rows) {
+      if (row.kind == RowKind::kTransfer) {
+        ++transfers;
+        QCOMPARE(row.long_term + row.short_term + row.speculation + row.stt_paid, 0);
+      }
+    }
+    std::string csv;
+    AppendStatementCsv(csv, rows, *directory_);
+    QVERIFY(csv.find("transfer") == std::string::npos);
+  }
+  QVERIFY(transfers > 0);
+}
+
+void StatementDocumentTest::SummaryAndDetailEndWithTheSameGains() {
+  const StatementQuery query = Whole(2012);
+  for (const auto& [client, rows] : Build(query)) {
+    const auto last_row = [&](Layout layout) {
+      return MakeStatementDocument(StatementMode::kProfit, layout, query, client, rows, *directory_)
+          .tables.front()
+          .rows.back();
+    };
+    const report::Row detail = last_row(Layout::kDetail);
+    const report::Row summary = last_row(Layout::kSummary);
+    QCOMPARE(summary.kind, report::RowKind::kNetTotal);
+    std::int64_t gains = 0;
+    for (std::size_t i = 0; i < 3; ++i) {
+      QCOMPARE(PaiseOf(summary.cells[9 + i]), PaiseOf(detail.cells[9 + i]));
+      gains += PaiseOf(detail.cells[9 + i]);
+    }
+    constexpr std::size_t kProfitLoss = 8;
+    QCOMPARE(PaiseOf(summary.cells[kProfitLoss]), gains);
+  }
+}
+
+void StatementDocumentTest::SelectionsLeaveOtherAccountsAndScripsOut() {
+  StatementQuery query = Whole(2011);
+  const auto whole = Build(query);
+  const StatementRow& first = whole.front().second.front();
+  query.accounts = {first.account};
+  query.scrips = {first.scrip};
+  const auto chosen = Build(query);
+  QCOMPARE(chosen.size(), std::size_t{1});
+  for (const StatementRow& row : chosen.front().second) {
+    if (row.kind != RowKind::kTotal && row.kind != RowKind::kNetTotal) {
+      QCOMPARE(row.account, first.account);
+      QCOMPARE(row.scrip, first.scrip);
+    }
+  }
+}
+
+void StatementDocumentTest::SpeculationFilterSplitsTheWhole() {
+  const auto net = [&](GainFilter filter) {
+    StatementQuery query = Whole(2011);
+    query.gains = filter;
+    return Build(query).front().second.back();
+  };
+  const StatementRow all = net(GainFilter::kAll);
+  const StatementRow speculation = net(GainFilter::kSpeculation);
+  const StatementRow others = net(GainFilter::kNonSpeculation);
+  QVERIFY(all.speculation != 0);
+  QCOMPARE(speculation.speculation, all.speculation);
+  QCOMPARE(speculation.long_term + speculation.short_term, 0);
+  QCOMPARE(others.speculation, 0);
+  QCOMPARE(others.long_term, all.long_term);
+  QCOMPARE(speculation.sale_amount + others.sale_amount, all.sale_amount);
+}
+
+static const quorvane::test::RegisterTest<StatementDocumentTest> kRegistered;
+
+#include "StatementDocumentTest.moc"

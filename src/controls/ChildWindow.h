@@ -1,0 +1,92 @@
+#pragma once
+
+#include "controls/DateBox.h"
+#include "controls/Desk.h"
+#include "controls/Guard.h"
+#include "controls/ZENButton.h"
+#include "core/Refusal.h"
+
+#include <QWidget>
+
+class QMdiArea;
+
+namespace quorvane::controls {
+
+/// The base of every window that opens inside the main window. Enter moves to the next control, Esc
+/// closes, F1 asks for help. The window deletes itself when it is closed.
+class ChildWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `name` is the window's name ("FrmBroker"), `designed` its size for a screen of 800 by 600.
+  ChildWindow(Desk& desk, const QString& name, const QString& title, QSize designed);
+
+  /// Shows the window in the area of the main window, or by itself in front of all others.
+  void OpenIn(QMdiArea& area);
+  void OpenModal(QWidget* parent);
+
+  /// The designed size times the screen factors, at most what the place for it has.
+  QSize sizeHint() const override;
+
+  QWidget* FieldNamed(const QString& name) const;
+
+ Q_SIGNALS:
+  void Closed();
+  void HelpRequested(const QString& window_name);
+
+ protected:
+  Desk& TheDesk() const { return desk_; }
+  app::Session& Session() const { return desk_.session; }
+  Messages& Say() const { return desk_.messages; }
+  const Guard& TheGuard() const { return guard_; }
+
+  /// `OnClick(cmdAdd, &FrmBroker::cmdAdd_Click)`: a guarded handler named after button and event.
+  template <class Owner>
+  void OnClick(const QAbstractButton* button, void (Owner::*handler)()) {
+    On(button, &QAbstractButton::clicked, handler, button->objectName() + QLatin1String("_Click"));
+  }
+
+  /// `On(text, &TextBox::Left, &FrmBroker::Text1_Validate, "Text1_Validate")`.
+  template <class Sender, class Signal, class Owner, class... Args>
+  void On(const Sender* sender, Signal signal, void (Owner::*handler)(Args...),
+          const QString& name) {
+    guard_.Connect(sender, signal, static_cast<Owner*>(this), handler, name);
+  }
+
+  /// Completes the box from texts that are asked for each time it is entered; a failure of the
+  /// source is reported and leaves the box without completions.
+  void CompleteFrom(TextBox* box, TextBox::Completions source);
+
+  /// True while the focus goes to a button that cancels or the window closes: the time not to
+  /// complain about what a box holds.
+  bool IsCancelling() const;
+
+  /// Says "Enter Proper Date." when the box is left with another text, and leads back to it. Short
+  /// years are completed by the desk's calendar.
+  void Watch(DateBox* box);
+
+  /// Shows the text and focuses the control that the refusal names.
+  void Show(const Refusal& refusal, Icon icon = Icon::kInformation);
+
+  /// Brings a control of the window on the screen before it gets the focus.
+  virtual void Reveal(QWidget* field) { static_cast<void>(field); }
+
+  /// False keeps the window open.
+  virtual bool MayClose() { return true; }
+  virtual void EscapePressed() { close(); }
+
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void ScaleForm();
+  void DateRefused(DateBox* box, const QString& text);
+
+  Desk& desk_;
+  Guard guard_;
+  QSize designed_;
+  bool scaled_ = false;
+  bool closing_ = false;
+};
+
+}  // namespace quorvane::controls

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/lookups/Choices.h"
+
+#include <QComboBox>
+#include <QStringList>
+
+#include <vector>
+
+namespace quorvane::controls {
+
+class ItemModel;
+class TextBox;
+
+/// A drop-down list of records. Typing completes the text from the items; Enter moves on as Tab
+/// does. A text that is no item goes back to the chosen item when the box is left, unless free text
+/// is allowed. Filling it with 10,000 items is quick.
+class ComboBox : public QComboBox {
+  Q_OBJECT
+
+ public:
+  enum class Entry { kItemsOnly, kFreeText };
+
+  explicit ComboBox(QWidget* parent = nullptr, Entry entry = Entry::kItemsOnly);
+
+  /// Replaces the items; nothing is chosen afterwards and no signal of a choice is sent.
+  void SetItems(std::vector<lookups::Item> items);
+
+  /// Items whose key is their position, counted from 0 ("S", "P").
+  void SetTexts(const QStringList& texts);
+
+  /// The position and the key of the chosen item, a text being typed included; -1 and 0 when there
+  /// is none.
+  int CurrentPosition() const;
+  int CurrentId() const;
+  bool HasChoice() const { return CurrentPosition() >= 0; }
+
+  /// Choose an item, or none when there is no such item; false then. The comparison of texts is in
+  /// upper case. With free text, a text that is no item stands in the box.
+  bool ById(int id);
+  bool ByText(const QString& text);
+
+  /// No item, empty text.
+  void Clear();
+
+ Q_SIGNALS:
+  void Entered();
+
+  /// The box lost the focus to another control; the choice is settled by then.
+  void Left();
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  void Settle();
+
+  Entry entry_;
+  ItemModel* items_;
+  TextBox* box_;
+};
+
+}  // namespace quorvane::controls

@@ -1,0 +1,302 @@
+#include "controls/Grid.h"
+
+#include "controls/ComboBox.h"
+#include "controls/GridDelegate.h"
+#include "controls/Style.h"
+#include "controls/TextBox.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace quorvane::controls {
+namespace {
+
+constexpr int kSample = 200;  // rows that are measured
+constexpr int kCellPadding = 16;
+constexpr int kNarrowest = 40;
+constexpr int kWidest = 420;
+constexpr int kRowPadding = 8;
+
+}  // namespace
+
+Grid::Grid(const QString& name, const QString& purpose, QWidget* parent)
+    : QTableView(parent), model_(new GridModel(this)) {
+  setObjectName(name);
+  setAccessibleName(purpose);
+  setModel(model_);
+  auto* delegate = new GridDelegate(this);
+  setItemDelegate(delegate);
+  connect(delegate, &GridDelegate::Refused, this, &Grid::EditRefused);
+  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Grid::HeadingClicked);
+  connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& cell) {
+    if ((cell.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)) == 0) {
+      Q_EMIT RowActivated(cell.row());
+    }
+  });
+  SetLook();
+}
+
+void Grid::SetLook() {
+  setSelectionBehavior(SelectRows);
+  setEditTriggers(EditKeyPressed | AnyKeyPressed | DoubleClicked);
+  setTabKeyNavigation(false);
+  setAlternatingRowColors(true);
+  setWordWrap(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setMinimumHeight(3 * kBoxHeight);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(true);
+  horizontalHeader()->setMinimumSectionSize(kNarrowest);
+  horizontalHeader()->setFixedHeight(fontMetrics().height() + kRowPadding + kTightSpacing);
+  // Dragging a heading's edge is the user's wish for a width; from then on widths are left alone.
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this] { fitted_by_hand_ = fitted_by_hand_ || !fitting_; });
+}
+
+void Grid::SetColumns(std::vector<Column> columns) {
+  model_->SetColumns(std::move(columns));
+  fitted_by_hand_ = false;
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    setColumnHidden(column, model_->Columns()[static_cast<std::size_t>(column)].hidden);
+  }
+  horizontalHeader()->setSortIndicatorShown(false);
+  FitColumns();
+}
+
+void Grid::SetRows(std::vector<Row> rows) {
+  const int id = CurrentId();
+  {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    model_->SetRows(std::move(rows));
+    horizontalHeader()->setSortIndicatorShown(false);
+    sorted_column_ = -1;
+    FitColumns();
+    SelectId(id);
+  }
+  Q_EMIT CurrentRowChanged(CurrentRow());
+}
+
+void Grid::SetSortable(bool on) {
+  sortable_ = on;
+}
+
+int Grid::CurrentRow() const {
+  return currentIndex().isValid() ? currentIndex().row() : -1;
+}
+
+int Grid::CurrentId() const {
+  return CurrentRow() < 0 ? 0 : model_->IdOf(CurrentRow());
+}
+
+void Grid::SelectRow(int row) {
+  if (row < 0 || row >= model_->RowCount()) {
+    setCurrentIndex({});
+    clearSelection();
+    return;
+  }
+  setCurrentIndex(model_->index(row, FirstShownColumn()));
+}
+
+int Grid::FirstShownColumn() const {
+  int column = 0;
+  while (column + 1 < model_->columnCount() && isColumnHidden(column)) {
+    ++column;
+  }
+  return column;
+}
+
+void Grid::SelectId(int id) {
+  SelectRow(id == 0 ? -1 : model_->RowOf(id));
+}
+
+int Grid::AddRow(Row row) {
+  const int at = model_->AddRow(std::move(row));
+  const QModelIndex first = NextEditable(model_->index(at, 0), true);
+  if (first.isValid()) {
+    setCurrentIndex(first);
+  } else {
+    SelectRow(at);
+  }
+  return at;
+}
+
+void Grid::RemoveCurrentRow() {
+  if (CurrentRow() >= 0) {
+    model_->RemoveRow(CurrentRow());
+  }
+}
+
+void Grid::EditCell(int row, int column) {
+  const QModelIndex cell = model_->index(row, column);
+  setCurrentIndex(cell);
+  edit(cell);
+}
+
+// Asked for by key or click, a list opens; when it was typed into, the typing completes.
+bool Grid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool opened = QTableView::edit(index, trigger, event);
+  if (opened && (trigger == EditKeyPressed || trigger == DoubleClicked)) {
+    if (auto* list = qobject_cast<ComboBox*>(indexWidget(index))) {
+      list->showPopup();
+    }
+  }
+  return opened;
+}
+
+void Grid::HeadingClicked(int column) {
+  if (model_->TickColumn() == column) {
+    model_->TickAll(!model_->AllTicked());
+  } else if (sortable_) {
+    const bool again = sorted_column_ == column && !descending_;
+    SortBy(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
+  }
+}
+
+void Grid::SortBy(int column, Qt::SortOrder order) {
+  sorted_column_ = column;
+  descending_ = order == Qt::DescendingOrder;
+  model_->sort(column, order);
+  horizontalHeader()->setSortIndicator(column, order);
+  horizontalHeader()->setSortIndicatorShown(true);
+}
+
+void Grid::ToggleTick(int row) {
+  if (row >= 0 && model_->RowAt(row).kind == RowKind::kData) {
+    model_->SetTicked(row, !model_->IsTicked(row));
+  }
+}
+
+void Grid::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    QApplication::clipboard()->setText(SelectedText());
+  } else if (IsEnter(*event)) {
+    EnterPressed();
+  } else if (event->key() == Qt::Key_Space && model_->TickColumn()) {
+    ToggleTick(CurrentRow());
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+void Grid::EnterPressed() {
+  const auto& columns = model_->Columns();
+  if (std::ranges::any_of(columns, &Column::editable) && editTriggers() != NoEditTriggers) {
+    MoveOn(true);
+  } else if (CurrentRow() >= 0) {
+    Q_EMIT RowActivated(CurrentRow());
+  }
+}
+
+void Grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+  if (hint == QAbstractItemDelegate::EditNextItem) {
+    MoveOn(true);
+  } else if (hint == QAbstractItemDelegate::EditPreviousItem) {
+    MoveOn(false);
+  }
+}
+
+void Grid::MoveOn(bool forward) {
+  const QModelIndex next = NextEditable(currentIndex(), forward);
+  if (next.isValid()) {
+    setCurrentIndex(next);
+    edit(next);
+  } else if (forward) {
+    Q_EMIT LastCellLeft();
+  }
+}
+
+QModelIndex Grid::NextEditable(const QModelIndex& from, bool forward) const {
+  const int columns = model_->columnCount();
+  const int cells = model_->RowCount() * columns;
+  const int step = forward ? 1 : -1;
+  for (int at = from.row() * columns + from.column() + step; at >= 0 && at < cells; at += step) {
+    const QModelIndex cell = model_->index(at / columns, at % columns);
+    if ((cell.flags() & Qt::ItemIsEditable) != 0 && !isColumnHidden(cell.column())) {
+      return cell;
+    }
+  }
+  return {};
+}
+
+void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (!filling_ && current.row() != previous.row()) {
+    Q_EMIT CurrentRowChanged(current.row());
+  }
+}
+
+void Grid::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (!fitted_by_hand_) {
+    FitColumns();
+  }
+}
+
+// The frame tells where the focus is; the view itself repaints only what is inside of it.
+void Grid::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  update();
+}
+
+void Grid::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  update();
+}
+
+QString Grid::SelectedText() const {
+  QStringList lines;
+  QModelIndexList rows = selectionModel()->selectedRows();
+  std::ranges::sort(rows, {}, &QModelIndex::row);
+  for (const QModelIndex& row : rows) {
+    QStringList cells;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+      if (!isColumnHidden(column) && model_->TickColumn() != column) {
+        cells.append(model_->Text(row.row(), column));
+      }
+    }
+    lines.append(cells.join(QLatin1Char('\t')));
+  }
+  return lines.join(QLatin1Char('\n'));
+}
+
+int Grid::WidthOf(int column) const {
+  const QFontMetrics metrics = fontMetrics();
+  const QString heading = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+  int width = metrics.horizontalAdvance(heading) + kSpacing;
+  const int step = std::max(1, model_->RowCount() / kSample);
+  for (int row = 0; row < model_->RowCount(); row += step) {
+    width = std::max(width, metrics.horizontalAdvance(model_->Text(row, column)));
+  }
+  return std::clamp(width + kCellPadding, kNarrowest, kWidest);
+}
+
+void Grid::FitColumns() {
+  const QScopedValueRollback<bool> fitting(fitting_, true);
+  int taken = 0;
+  int widest = -1;
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    if (isColumnHidden(column)) {
+      continue;
+    }
+    setColumnWidth(column, WidthOf(column));
+    taken += columnWidth(column);
+    const Mask mask = model_->Columns()[static_cast<std::size_t>(column)].mask;
+    if (mask == Mask::kText && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
+      widest = column;
+    }
+  }
+  if (widest >= 0 && taken < viewport()->width()) {
+    setColumnWidth(widest, columnWidth(widest) + viewport()->width() - taken);
+  }
+}
+
+}  // namespace quorvane::controls

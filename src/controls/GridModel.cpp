@@ -1,0 +1,341 @@
+#include "controls/GridModel.h"
+
+#include "core/text/Amounts.h"
+#include "core/text/Dates.h"
+
+#include <QFont>
+
+#include <algorithm>
+#include <numeric>
+
+namespace quorvane::controls {
+namespace {
+
+constexpr double kBeforeAllDays = -1e9;  // where cells without a date stand
+
+bool IsNumeric(Mask mask) {
+  return mask == Mask::kNumber || mask == Mask::kAmount || mask == Mask::kPercent;
+}
+
+QString Masked(Mask mask, const QVariant& value) {
+  if (value.typeId() == QMetaType::QString) {
+    return value.toString();
+  }
+  switch (mask) {
+    case Mask::kAmount:
+      return text::FormatAmount(value.toDouble());
+    case Mask::kPercent:
+      return text::FormatPercent(value.toDouble());
+    case Mask::kNumber:
+      return text::NumberText(value.toDouble());
+    default:
+      return value.toString();
+  }
+}
+
+}  // namespace
+
+GridModel::GridModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+void GridModel::SetColumns(std::vector<Column> columns) {
+  beginResetModel();
+  columns_ = std::move(columns);
+  choices_.clear();
+  for (const Column& column : columns_) {
+    choices_.emplace_back(column.choices);
+  }
+  rows_.clear();
+  endResetModel();
+}
+
+void GridModel::SetChoices(int column, const QString& choices) {
+  choices_[static_cast<std::size_t>(column)] = ValueList(choices);
+  if (!rows_.empty()) {
+    Q_EMIT dataChanged(index(0, column), index(RowCount() - 1, column));
+  }
+}
+
+void GridModel::SetCellChoices(int row, int column, const QString& choices) {
+  rows_[static_cast<std::size_t>(row)].choices[column] = ValueList(choices);
+  Changed(row, column);
+}
+
+const ValueList& GridModel::ChoicesOf(int row, int column) const {
+  const Entry& entry = rows_[static_cast<std::size_t>(row)];
+  const auto own = entry.choices.find(column);
+  return own != entry.choices.end() ? own->second : choices_[static_cast<std::size_t>(column)];
+}
+
+void GridModel::SetRows(std::vector<Row> rows) {
+  beginResetModel();
+  rows_.clear();
+  rows_.reserve(rows.size());
+  for (Row& row : rows) {
+    row.cells.resize(columns_.size());
+    rows_.push_back({.row = std::move(row), .choices = {}});
+  }
+  endResetModel();
+}
+
+int GridModel::AddRow(Row row) {
+  const int at = RowCount();
+  row.cells.resize(columns_.size());
+  beginInsertRows({}, at, at);
+  rows_.push_back({.row = std::move(row), .choices = {}});
+  endInsertRows();
+  return at;
+}
+
+void GridModel::RemoveRow(int row) {
+  beginRemoveRows({}, row, row);
+  rows_.erase(rows_.begin() + row);
+  endRemoveRows();
+}
+
+void GridModel::ReplaceRow(int row, Row contents) {
+  contents.cells.resize(columns_.size());
+  rows_[static_cast<std::size_t>(row)].row = std::move(contents);
+  Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+void GridModel::SetId(int row, int id) {
+  rows_[static_cast<std::size_t>(row)].row.id = id;
+}
+
+int GridModel::RowOf(int id) const {
+  const auto found =
+      std::ranges::find_if(rows_, [&](const Entry& entry) { return entry.row.id == id; });
+  return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+}
+
+QVariant GridModel::Value(int row, int column) const {
+  return RowAt(row).cells[static_cast<std::size_t>(column)];
+}
+
+QString GridModel::Text(int row, int column) const {
+  const QVariant value = Value(row, column);
+  if (!value.isValid()) {
+    return {};
+  }
+  if (const ValueList& choices = ChoicesOf(row, column); !choices.IsEmpty()) {
+    return value.typeId() == QMetaType::QString ? value.toString() : choices.TextOf(value.toInt());
+  }
+  const Mask mask = columns_[static_cast<std::size_t>(column)].mask;
+  return mask == Mask::kTick ? QString() : Masked(mask, value);
+}
+
+void GridModel::SetValue(int row, int column, const QVariant& value) {
+  rows_[static_cast<std::size_t>(row)].row.cells[static_cast<std::size_t>(column)] = value;
+  Changed(row, column);
+}
+
+void GridModel::Changed(int row, int column) {
+  const QModelIndex cell = index(row, column);
+  Q_EMIT dataChanged(cell, cell);
+}
+
+std::optional<int> GridModel::TickColumn() const {
+  const auto found = std::ranges::find(columns_, Mask::kTick, &Column::mask);
+  return found == columns_.end() ? std::nullopt
+                                 : std::optional(static_cast<int>(found - columns_.begin()));
+}
+
+bool GridModel::IsTicked(int row) const {
+  const std::optional<int> column = TickColumn();
+  return column && RowAt(row).kind == RowKind::kData && Value(row, *column).toBool();
+}
+
+std::vector<int> GridModel::TickedIds() const {
+  std::vector<int> ids;
+  for (int row = 0; row < RowCount(); ++row) {
+    if (IsTicked(row)) {
+      ids.push_back(IdOf(row));
+    }
+  }
+  return ids;
+}
+
+void GridModel::SetTicked(int row, bool on) {
+  if (const std::optional<int> column = TickColumn()) {
+    SetValue(row, *column, on);
+    Q_EMIT TicksChanged();
+  }
+}
+
+void GridModel::TickAll(bool on) {
+  const std::optional<int> column = TickColumn();
+  if (!column || rows_.empty()) {
+    return;
+  }
+  for (Entry& entry : rows_) {
+    if (entry.row.kind == RowKind::kData) {
+      entry.row.cells[static_cast<std::size_t>(*column)] = on;
+    }
+  }
+  Q_EMIT dataChanged(index(0, *column), index(RowCount() - 1, *column));
+  Q_EMIT TicksChanged();
+}
+
+bool GridModel::AllTicked() const {
+  for (int row = 0; row < RowCount(); ++row) {
+    if (RowAt(row).kind == RowKind::kData && !IsTicked(row)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : RowCount();
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+bool GridModel::IsTickCell(const QModelIndex& index) const {
+  return columns_[static_cast<std::size_t>(index.column())].mask == Mask::kTick &&
+         RowAt(index.row()).kind == RowKind::kData;
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return {};
+  }
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+      return Text(index.row(), index.column());
+    case Qt::CheckStateRole:
+      return IsTickCell(index) ? QVariant(IsTicked(index.row()) ? Qt::Checked : Qt::Unchecked)
+                               : QVariant();
+    case Qt::TextAlignmentRole:
+      return static_cast<int>(AlignmentOf(index.column()));
+    case Qt::FontRole:
+      return FontOf(RowAt(index.row()).kind);
+    case Qt::AccessibleTextRole:
+      return IsTickCell(index) ? QVariant(IsTicked(index.row()) ? tr("Ticked") : tr("Not ticked"))
+                               : QVariant();
+    default:
+      return {};
+  }
+}
+
+Qt::Alignment GridModel::AlignmentOf(int column) const {
+  const Column& shape = columns_[static_cast<std::size_t>(column)];
+  const bool right = IsNumeric(shape.mask) && shape.choices.isEmpty();
+  return shape.alignment.value_or(right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+QVariant GridModel::FontOf(RowKind kind) {
+  if (kind == RowKind::kData) {
+    return {};
+  }
+  QFont font;
+  font.setBold(true);
+  return font;
+}
+
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return false;
+  }
+  if (role == Qt::CheckStateRole && IsTickCell(index)) {
+    SetTicked(index.row(), value.toInt() == Qt::Checked);
+    return true;
+  }
+  return role == Qt::EditRole && (flags(index) & Qt::ItemIsEditable) != 0 && Accept(index, value);
+}
+
+bool GridModel::Accept(const QModelIndex& index, const QVariant& value) {
+  const QVariant kept = Kept(index.row(), index.column(), value);
+  if (kept != Value(index.row(), index.column())) {
+    SetValue(index.row(), index.column(), kept);
+    Q_EMIT CellEdited(index.row(), index.column());
+  }
+  return true;
+}
+
+QVariant GridModel::Kept(int row, int column, const QVariant& given) const {
+  if (!ChoicesOf(row, column).IsEmpty()) {
+    return given.toInt();
+  }
+  if (!IsNumeric(columns_[static_cast<std::size_t>(column)].mask)) {
+    return given.toString();
+  }
+  return given.typeId() == QMetaType::QString ? text::Val(given.toString().remove(QLatin1Char(',')))
+                                              : given.toDouble();
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) {
+    return QAbstractTableModel::headerData(section, orientation, role);
+  }
+  if (role == Qt::TextAlignmentRole) {
+    return static_cast<int>(AlignmentOf(section));
+  }
+  return role == Qt::DisplayRole ? QVariant(columns_[static_cast<std::size_t>(section)].heading)
+                                 : QVariant();
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+  if (!index.isValid() || RowAt(index.row()).kind != RowKind::kData) {
+    return flags;
+  }
+  const Column& column = columns_[static_cast<std::size_t>(index.column())];
+  if (column.mask == Mask::kTick) {
+    return flags | Qt::ItemIsUserCheckable;
+  }
+  return column.editable ? flags | Qt::ItemIsEditable : flags;
+}
+
+GridModel::SortKey GridModel::SortKeyOf(int row, int column) const {
+  const Mask mask = columns_[static_cast<std::size_t>(column)].mask;
+  if (!ChoicesOf(row, column).IsEmpty() || mask == Mask::kText) {
+    return {0, Text(row, column).toUpper()};
+  }
+  if (mask == Mask::kDate) {
+    const std::optional<text::Date> date = text::ParseDmy(Text(row, column));
+    return {date ? static_cast<double>(date->time_since_epoch().count()) : kBeforeAllDays, {}};
+  }
+  return {Number(row, column), {}};
+}
+
+void GridModel::sort(int column, Qt::SortOrder order) {
+  const auto fixed = [](const Entry& entry) { return entry.row.kind != RowKind::kData; };
+  if (column < 0 || column >= columnCount() || std::ranges::any_of(rows_, fixed)) {
+    return;
+  }
+  std::vector<SortKey> keys;
+  for (int row = 0; row < RowCount(); ++row) {
+    keys.push_back(SortKeyOf(row, column));
+  }
+  std::vector<std::size_t> sequence(rows_.size());
+  std::iota(sequence.begin(), sequence.end(), std::size_t{0});
+  std::ranges::stable_sort(sequence, [&](std::size_t left, std::size_t right) {
+    return order == Qt::AscendingOrder ? keys[left] < keys[right] : keys[right] < keys[left];
+  });
+  Reorder(sequence);
+}
+
+// Current row and selection are persistent indexes: they move with their rows.
+void GridModel::Reorder(const std::vector<std::size_t>& sequence) {
+  Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+  std::vector<Entry> sorted(rows_.size());
+  std::vector<int> place(rows_.size());
+  for (std::size_t at = 0; at < sequence.size(); ++at) {
+    sorted[at] = std::move(rows_[sequence[at]]);
+    place[sequence[at]] = static_cast<int>(at);
+  }
+  rows_ = std::move(sorted);
+  const QModelIndexList before = persistentIndexList();
+  QModelIndexList after;
+  for (const QModelIndex& old : before) {
+    after.append(index(place[static_cast<std::size_t>(old.row())], old.column()));
+  }
+  changePersistentIndexList(before, after);
+  Q_EMIT layoutChanged({}, VerticalSortHint);
+}
+
+}  // namespace quorvane::controls

@@ -1,0 +1,127 @@
+#pragma once
+
+#include "controls/ValueList.h"
+
+#include <QAbstractTableModel>
+#include <QVariant>
+
+#include <map>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace quorvane::controls {
+
+/// How a column shows and takes its values. kDate holds "dd/mm/yyyy" texts and sorts by day; kTick
+/// holds a bool behind a check box.
+enum class Mask { kText, kNumber, kAmount, kPercent, kDate, kTick };
+
+struct Column {
+  QString heading = {};
+  Mask mask = Mask::kText;
+  QString choices = {};  ///< "#0;S|#1;P": the cell keeps the number and shows the text
+  bool editable = false;
+  bool hidden = false;
+  int max_length = 0;  ///< of a text; 0: any
+  std::optional<Qt::Alignment> alignment =
+      std::nullopt;        ///< numbers stand right unless told otherwise
+  bool upper_case = true;  ///< typed letters turn to upper case
+};
+
+/// Headings, groups and totals stand out and are never ticked or edited.
+enum class RowKind { kData, kGroup, kTotal };
+
+/// `id` is the record's key and is not shown.
+struct Row {
+  int id = 0;
+  std::vector<QVariant> cells = {};
+  RowKind kind = RowKind::kData;
+};
+
+/// The contents of a Grid. Rows are counted from 0, in the order in which they are shown.
+class GridModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit GridModel(QObject* parent = nullptr);
+
+  void SetColumns(std::vector<Column> columns);
+  const std::vector<Column>& Columns() const { return columns_; }
+
+  /// Replaces a column's value list, for all rows or for one.
+  void SetChoices(int column, const QString& choices);
+  void SetCellChoices(int row, int column, const QString& choices);
+  const ValueList& ChoicesOf(int row, int column) const;
+
+  /// Replaces all rows at once, without a signal a row.
+  void SetRows(std::vector<Row> rows);
+  void Clear() { SetRows({}); }
+
+  /// The new row's number. Missing cells are empty.
+  int AddRow(Row row);
+  void RemoveRow(int row);
+  void ReplaceRow(int row, Row contents);
+
+  int RowCount() const { return static_cast<int>(rows_.size()); }
+  const Row& RowAt(int row) const { return rows_[static_cast<std::size_t>(row)].row; }
+  int IdOf(int row) const { return RowAt(row).id; }
+  void SetId(int row, int id);
+
+  /// The first row with that key, -1 when there is none.
+  int RowOf(int id) const;
+
+  /// The value as kept; the text as shown; the value as a number (0 when it is none).
+  QVariant Value(int row, int column) const;
+  QString Text(int row, int column) const;
+  double Number(int row, int column) const { return Value(row, column).toDouble(); }
+  void SetValue(int row, int column, const QVariant& value);
+
+  /// The keys of the rows that are ticked in the first tick column, in the order of the grid.
+  std::vector<int> TickedIds() const;
+  bool IsTicked(int row) const;
+  void SetTicked(int row, bool on);
+  void TickAll(bool on);
+
+  /// True when no row that could be ticked is left.
+  bool AllTicked() const;
+  std::optional<int> TickColumn() const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  /// By value, not by text; rows of equal value keep their order. Rows are left as they are while
+  /// any of them is a group or a total.
+  void sort(int column, Qt::SortOrder order) override;
+
+ Q_SIGNALS:
+  /// The user changed a cell; setting values from the program does not send it.
+  void CellEdited(int row, int column);
+  void TicksChanged();
+
+ private:
+  struct Entry {
+    Row row;
+    std::map<int, ValueList> choices;
+  };
+
+  using SortKey = std::pair<double, QString>;
+
+  bool IsTickCell(const QModelIndex& index) const;
+  Qt::Alignment AlignmentOf(int column) const;
+  static QVariant FontOf(RowKind kind);
+  bool Accept(const QModelIndex& index, const QVariant& value);
+  QVariant Kept(int row, int column, const QVariant& given) const;
+  SortKey SortKeyOf(int row, int column) const;
+  void Reorder(const std::vector<std::size_t>& sequence);
+  void Changed(int row, int column);
+
+  std::vector<Column> columns_;
+  std::vector<ValueList> choices_;
+  std::vector<Entry> rows_;
+};
+
+}  // namespace quorvane::controls

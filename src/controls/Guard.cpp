@@ -1,0 +1,62 @@
+#include "controls/Guard.h"
+
+#include "core/Progress.h"
+#include "core/database/DatabaseError.h"
+
+#include <QCoreApplication>
+
+#include <exception>
+
+namespace quorvane::controls {
+namespace {
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("Guard", text);
+}
+
+QString HintFor(const database::DatabaseError& error) {
+  if (error.IsConnectionLost()) {
+    return Tr(
+        "The connection to the database was lost. Check whether the last record was saved, "
+        "then try again.");
+  }
+  if (error.IsTransient()) {
+    return Tr("The database was busy with other work. Nothing was changed. Please try again.");
+  }
+  return Tr("What was not yet saved is still in the window. Mend the cause and try again.");
+}
+
+QString TextOf(const database::DatabaseError& error) {
+  return QString::fromUtf8(error.what()) + QStringLiteral("\n\n") + HintFor(error);
+}
+
+}  // namespace
+
+void Guard::Report(const QString& handler, const std::optional<QString>& failure) const {
+  if (!failure) {
+    messages_.Inform(Tr("Cancelled. Nothing was changed."));
+  } else {
+    messages_.Refuse(handler + QStringLiteral(": ") + *failure);
+  }
+}
+
+bool Guard::Run(const QString& handler, const std::function<void()>& work) const {
+  // The box is opened outside of the catch clauses: while it is open, other handlers may run.
+  std::optional<QString> failure;
+  try {
+    work();
+    return true;
+  } catch (const Cancellation&) {
+    failure.reset();
+  } catch (const database::DatabaseError& error) {
+    failure = TextOf(error);
+  } catch (const std::exception& error) {
+    failure = QString::fromUtf8(error.what());
+  } catch (...) {
+    failure = Tr("An unknown failure.");
+  }
+  Report(handler, failure);
+  return false;
+}
+
+}  // namespace quorvane::controls

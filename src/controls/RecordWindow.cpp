@@ -1,0 +1,275 @@
+#include "controls/RecordWindow.h"
+
+#include "controls/Style.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace quorvane::controls {
+namespace {
+
+enum Panel { kDetails, kList };
+
+QScrollArea* Scrolling(QWidget* contents) {
+  auto* area = new QScrollArea();
+  area->setWidget(contents);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  return area;
+}
+
+void FocusFirstField(QWidget& panel) {
+  for (QWidget* field = panel.nextInFocusChain(); field != &panel;
+       field = field->nextInFocusChain()) {
+    const bool takes = (field->focusPolicy() & Qt::TabFocus) != 0 && field->isEnabled();
+    if (takes && panel.isAncestorOf(field) && field->isVisibleTo(&panel)) {
+      field->setFocus(Qt::TabFocusReason);
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title, QSize designed,
+                           const QString& list_name, Panels panels)
+    : ChildWindow(desk, name, title, designed),
+      cmdAdd(new ZENButton(QStringLiteral("cmdAdd"), tr("&Add"))),
+      cmdModify(new ZENButton(QStringLiteral("cmdModify"), tr("Modif&y"))),
+      cmdUpdate(new ZENButton(QStringLiteral("cmdUpdate"), tr("U&pdate"))),
+      cmdCancel(new ZENButton(QStringLiteral("cmdCancel"), tr("Ca&ncel"))),
+      CmdDelete(new ZENButton(QStringLiteral("CmdDelete"), tr("&Delete"))),
+      panels_(panels),
+      details_(new QWidget()),
+      list_(new Grid(list_name, title)),
+      buttons_(new QHBoxLayout()) {
+  auto* rows = new QVBoxLayout(this);
+  if (panels == Panels::kTabs) {
+    BuildTabs(*rows);
+  } else {
+    BuildTogether(*rows);
+  }
+  BuildButtons();
+  rows->addLayout(buttons_);
+}
+
+void RecordWindow::BuildTabs(QVBoxLayout& rows) {
+  stack_ = new QStackedWidget();
+  tabs_ = new QButtonGroup(this);
+  tab_row_ = new QHBoxLayout();
+  tab_row_->setSpacing(kTightSpacing);
+  tab_row_->addStretch();
+  rows.addLayout(tab_row_);
+  rows.addWidget(stack_, 1);
+  AddPanel(tr("Details"), Scrolling(details_));
+  AddPanel(tr("List"), list_);
+  On(tabs_, &QButtonGroup::idClicked, &RecordWindow::ImgBack_Click,
+     QStringLiteral("ImgBack_Click"));
+}
+
+void RecordWindow::BuildTogether(QVBoxLayout& rows) {
+  auto* halves = new QSplitter(Qt::Vertical);
+  halves->addWidget(Scrolling(details_));
+  halves->addWidget(list_);
+  halves->setChildrenCollapsible(false);
+  rows.addWidget(halves, 1);
+}
+
+void RecordWindow::AddPanel(const QString& title, QWidget* panel) {
+  const int number = stack_->addWidget(panel);
+  auto* tab = new ZENButton(QStringLiteral("ImgBack_%1").arg(number), title);
+  tab->setCheckable(true);
+  tab->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + number)));
+  tab->setToolTip(tr("Alt+%1").arg(number + 1));
+  tabs_->addButton(tab, number);
+  tab_row_->insertWidget(number, tab);
+}
+
+void RecordWindow::BuildButtons() {
+  for (ZENButton* button : {cmdAdd, cmdModify, cmdUpdate, cmdCancel, CmdDelete}) {
+    buttons_->addWidget(button);
+  }
+  buttons_->addStretch();
+  cmdCancel->SetCancels(true);
+  OnClick(cmdAdd, &RecordWindow::cmdAdd_Click);
+  OnClick(cmdModify, &RecordWindow::cmdModify_Click);
+  OnClick(cmdUpdate, &RecordWindow::cmdUpdate_Click);
+  OnClick(cmdCancel, &RecordWindow::cmdCancel_Click);
+  OnClick(CmdDelete, &RecordWindow::CmdDelete_Click);
+  PressOn(QKeySequence::New, cmdAdd);
+  PressOn(QKeySequence::Save, cmdUpdate);
+}
+
+// The button takes the focus first, so that the box left behind is settled before the click.
+void RecordWindow::PressOn(const QKeySequence& keys, ZENButton* button) {
+  auto* shortcut = new QShortcut(keys, this);
+  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(shortcut, &QShortcut::activated, button, [button] { Press(*button); });
+}
+
+void RecordWindow::Press(ZENButton& button) {
+  if (button.isEnabled()) {
+    button.setFocus(Qt::ShortcutFocusReason);
+    button.click();
+  }
+}
+
+void RecordWindow::Start() {
+  On(list_, &Grid::CurrentRowChanged, &RecordWindow::List_RowChanged,
+     list_->objectName() + QLatin1String("_RowColChange"));
+  On(list_, &Grid::RowActivated, &RecordWindow::List_RowActivated,
+     list_->objectName() + QLatin1String("_DblClick"));
+  ShowList();
+  SetEditing(false);
+  TheGuard().Run(QStringLiteral("Form_Load"), [this] { Refill(0); });
+}
+
+QString RecordWindow::DeleteQuestion() const {
+  return tr("Are You Sure, You want to Delete this Record?");
+}
+
+void RecordWindow::cmdAdd_Click() {
+  Clear();
+  current_ = 0;
+  SetEditing(true);
+}
+
+void RecordWindow::cmdModify_Click() {
+  const int id = list_->CurrentId();
+  if (id == 0) {
+    return;
+  }
+  Clear();
+  Load(id);
+  current_ = id;
+  SetEditing(true);
+}
+
+void RecordWindow::cmdUpdate_Click() {
+  if (const MaybeRefusal refusal = Save()) {
+    Show(*refusal);
+    return;
+  }
+  SetEditing(false);
+  ShowList();
+  Refill(current_);
+  list_->setFocus(Qt::OtherFocusReason);
+}
+
+void RecordWindow::cmdCancel_Click() {
+  SetEditing(false);
+  ShowList();
+  ShowRecord(list_->CurrentId());
+  list_->setFocus(Qt::OtherFocusReason);
+}
+
+void RecordWindow::CmdDelete_Click() {
+  const int id = list_->CurrentId();
+  const int row = list_->CurrentRow();
+  if (id == 0 || !Say().Ask(DeleteQuestion(), Answer::kNo, Icon::kCritical)) {
+    return;
+  }
+  Remove(id);
+  Refill(0);
+  list_->SelectRow(std::min(row, list_->Model().RowCount() - 1));
+}
+
+void RecordWindow::List_RowChanged(int /*row*/) {
+  if (!filling_ && !editing_) {
+    ShowRecord(list_->CurrentId());
+  }
+}
+
+void RecordWindow::List_RowActivated(int /*row*/) {
+  if (!editing_) {
+    cmdModify_Click();
+  }
+}
+
+void RecordWindow::ImgBack_Click(int panel) {
+  ShowPanel(panel);
+}
+
+void RecordWindow::Refill(int id) {
+  {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    FillList();
+    list_->SelectId(id);
+  }
+  ShowRecord(list_->CurrentId());
+}
+
+void RecordWindow::ShowRecord(int id) {
+  Clear();
+  current_ = id;
+  if (id != 0) {
+    Load(id);
+  }
+  Enable();
+}
+
+void RecordWindow::SetEditing(bool editing) {
+  editing_ = editing;
+  Enable();
+  if (editing) {
+    ShowDetails();
+    FocusFirstField(*details_);
+  }
+}
+
+void RecordWindow::Enable() {
+  const bool chosen = list_->CurrentId() != 0;
+  cmdAdd->setEnabled(!editing_);
+  cmdModify->setEnabled(!editing_ && chosen);
+  CmdDelete->setEnabled(!editing_ && chosen);
+  cmdUpdate->setEnabled(editing_);
+  cmdCancel->setEnabled(editing_);
+  list_->setEnabled(!editing_);
+  details_->setEnabled(editing_);
+  StateChanged();
+}
+
+void RecordWindow::ShowPanel(int panel) {
+  if (stack_ != nullptr) {
+    stack_->setCurrentIndex(panel);
+    tabs_->button(panel)->setChecked(true);
+  }
+}
+
+void RecordWindow::ShowDetails() {
+  ShowPanel(kDetails);
+}
+
+void RecordWindow::ShowList() {
+  ShowPanel(kList);
+}
+
+void RecordWindow::Reveal(QWidget* field) {
+  for (int panel = 0; stack_ != nullptr && panel < stack_->count(); ++panel) {
+    if (stack_->widget(panel)->isAncestorOf(field)) {
+      ShowPanel(panel);
+    }
+  }
+}
+
+bool RecordWindow::MayClose() {
+  return !editing_ || Say().Ask(tr("The record is not saved. Close without saving it?"),
+                                Answer::kNo, Icon::kInformation);
+}
+
+void RecordWindow::EscapePressed() {
+  if (editing_) {
+    Press(*cmdCancel);
+  } else {
+    ChildWindow::EscapePressed();
+  }
+}
+
+}  // namespace quorvane::controls

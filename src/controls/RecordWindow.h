@@ -1,0 +1,114 @@
+#pragma once
+
+#include "controls/ChildWindow.h"
+#include "controls/Grid.h"
+
+class QButtonGroup;
+class QHBoxLayout;
+class QKeySequence;
+class QStackedWidget;
+class QVBoxLayout;
+
+namespace quorvane::controls {
+
+/// A window that keeps the records of one kind: a list of them, the details of one, and the buttons
+/// to add, modify, save, cancel and delete. It browses (the list is live, the details are shown) or
+/// edits (the details are live, the list rests). Rows of the list carry the record's key.
+///
+/// A window derives from it, builds its controls into Details(), sets the list's columns, and calls
+/// Start() at the end of its constructor. The hooks below may throw: the failure is reported and
+/// form and state stay as they were.
+class RecordWindow : public ChildWindow {
+  Q_OBJECT
+
+ public:
+  enum class Panels { kTabs, kTogether };
+
+  int CurrentId() const { return current_; }
+  bool IsEditing() const { return editing_; }
+  Grid& List() { return *list_; }
+
+ protected:
+  /// `list_name` is the control name of the list ("VSF").
+  RecordWindow(Desk& desk, const QString& name, const QString& title, QSize designed,
+               const QString& list_name, Panels panels = Panels::kTabs);
+
+  QWidget* Details() { return details_; }
+
+  /// Another panel behind a tab of its own ("FrmSign"), live in both states.
+  void AddPanel(const QString& title, QWidget* panel);
+
+  /// The row of buttons, for a window's own ones.
+  QHBoxLayout* Buttons() { return buttons_; }
+
+  void Start();
+
+  /// Puts all records into List().
+  virtual void FillList() = 0;
+
+  /// Empties the form.
+  virtual void Clear() = 0;
+
+  /// Shows a record in the form, which is empty.
+  virtual void Load(int id) = 0;
+
+  /// Checks the form and saves it as record CurrentId(), 0 being a new one. A new record's key goes
+  /// to SetCurrentId. A refusal's field is the control name to focus; nothing was changed then.
+  virtual MaybeRefusal Save() = 0;
+
+  /// Deletes the record; the user has agreed to it.
+  virtual void Remove(int id) = 0;
+
+  virtual QString DeleteQuestion() const;
+
+  /// The state changed: the place to enable controls beyond the usual ones.
+  virtual void StateChanged() {}
+
+  void SetCurrentId(int id) { current_ = id; }
+  void ShowDetails();
+  void ShowList();
+
+  void Reveal(QWidget* field) override;
+  bool MayClose() override;
+  void EscapePressed() override;
+
+  ZENButton* cmdAdd;
+  ZENButton* cmdModify;
+  ZENButton* cmdUpdate;
+  ZENButton* cmdCancel;
+  ZENButton* CmdDelete;
+
+ private:
+  void cmdAdd_Click();
+  void cmdModify_Click();
+  void cmdUpdate_Click();
+  void cmdCancel_Click();
+  void CmdDelete_Click();
+  void List_RowChanged(int row);
+  void List_RowActivated(int row);
+  void ImgBack_Click(int panel);
+
+  void BuildTabs(QVBoxLayout& rows);
+  void BuildTogether(QVBoxLayout& rows);
+  void BuildButtons();
+  void PressOn(const QKeySequence& keys, ZENButton* button);
+  static void Press(ZENButton& button);
+  void SetEditing(bool editing);
+  void Enable();
+  void ShowRecord(int id);
+  void Refill(int id);
+  void ShowPanel(int panel);
+
+  Panels panels_;
+  QWidget* details_;
+  Grid* list_;
+  QStackedWidget* stack_ = nullptr;
+  QButtonGroup* tabs_ = nullptr;
+  QHBoxLayout* tab_row_ = nullptr;
+  QHBoxLayout* buttons_;
+  int current_ = 0;
+  bool editing_ = false;
+  bool filling_ = false;
+};
+
+}  // namespace quorvane::controls

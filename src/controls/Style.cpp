@@ -1,0 +1,126 @@
+#include "controls/Style.h"
+
+#include "controls/HouseStyle.h"
+
+#include <QApplication>
+#include <QPalette>
+
+namespace quorvane::controls {
+namespace {
+
+struct Colors {
+  QRgb window;
+  QRgb base;
+  QRgb alternate;
+  QRgb text;
+  QRgb faint;  ///< disabled text and placeholders; 4.5:1 on the window at least
+  QRgb button;
+  QRgb edge;
+  QRgb accent;
+  QRgb link;
+};
+
+constexpr Colors kLight{0xfff3f5f8, 0xffffffff, 0xfff4f7fb, 0xff1a1f26, 0xff5d6672,
+                        0xfffbfcfd, 0xffa9b2be, 0xff1f5fbf, 0xff1a4f9f};
+constexpr Colors kDark{0xff20252b, 0xff171b20, 0xff1d2228, 0xffe7eaee, 0xff9aa4b0,
+                       0xff2c333b, 0xff5a6572, 0xff2f6fd6, 0xff8ab4f8};
+
+void SetDisabled(QPalette& palette, const Colors& colors) {
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, QColor::fromRgb(colors.faint));
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor::fromRgb(colors.window));
+  palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(colors.edge));
+  palette.setColor(QPalette::Disabled, QPalette::HighlightedText, QColor::fromRgb(colors.text));
+}
+
+QPalette PaletteOf(const Colors& colors) {
+  QPalette palette;
+  const auto set = [&](QPalette::ColorRole role, QRgb color) {
+    palette.setColor(role, QColor::fromRgb(color));
+  };
+  set(QPalette::Window, colors.window);
+  set(QPalette::WindowText, colors.text);
+  set(QPalette::Base, colors.base);
+  set(QPalette::AlternateBase, colors.alternate);
+  set(QPalette::Text, colors.text);
+  set(QPalette::PlaceholderText, colors.faint);
+  set(QPalette::Button, colors.button);
+  set(QPalette::ButtonText, colors.text);
+  set(QPalette::BrightText, 0xffffffff);
+  set(QPalette::ToolTipBase, colors.base);
+  set(QPalette::ToolTipText, colors.text);
+  set(QPalette::Mid, colors.edge);
+  set(QPalette::Highlight, colors.accent);
+  set(QPalette::HighlightedText, 0xffffffff);
+  set(QPalette::Link, colors.link);
+  SetDisabled(palette, colors);
+  return palette;
+}
+
+bool IsDarkPalette(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() < palette.color(QPalette::Text).lightness();
+}
+
+// The palette of the desktop shows through once the program's own is taken away.
+bool SystemIsDark(QApplication& application) {
+  application.setPalette(QPalette());
+  return IsDarkPalette(QApplication::palette());
+}
+
+void SetColors(QApplication& application, Theme theme) {
+  const bool dark = theme == Theme::kDark || (theme == Theme::kSystem && SystemIsDark(application));
+  application.setPalette(PaletteOf(dark ? kDark : kLight));
+}
+
+// Applies the colours again when the desktop changes its own.
+class SystemFollower final : public QObject {
+ public:
+  SystemFollower(QApplication& application, Theme theme)
+      : QObject(&application), application_(application), theme_(theme) {
+    setObjectName(QStringLiteral("SystemFollower"));
+    application.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::ThemeChange && watched == &application_) {
+      SetColors(application_, theme_);
+    }
+    return false;
+  }
+
+ private:
+  QApplication& application_;
+  Theme theme_;
+};
+
+}  // namespace
+
+void ApplyTheme(QApplication& application, Theme theme) {
+  delete application.findChild<QObject*>(QStringLiteral("SystemFollower"));
+  if (dynamic_cast<HouseStyle*>(QApplication::style()) == nullptr) {
+    QApplication::setStyle(new HouseStyle());
+  }
+  SetColors(application, theme);
+  if (theme == Theme::kSystem) {
+    new SystemFollower(application, theme);
+  }
+}
+
+bool IsDark() {
+  return IsDarkPalette(QApplication::palette());
+}
+
+QColor Mix(const QColor& ink, const QColor& ground, double share) {
+  const auto mix = [&](int above, int below) {
+    return static_cast<int>(above * share + below * (1 - share));
+  };
+  return {mix(ink.red(), ground.red()), mix(ink.green(), ground.green()),
+          mix(ink.blue(), ground.blue())};
+}
+
+QColor EdgeColor(const QPalette& palette) {
+  return palette.color(QPalette::Mid);
+}
+
+}  // namespace quorvane::controls

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QColor>
+
+class QApplication;
+class QPalette;
+
+namespace quorvane::controls {
+
+enum class Theme { kSystem, kLight, kDark };
+
+/// The one place of the program's look. kSystem follows the desktop's light or dark palette, also
+/// when it changes later.
+void ApplyTheme(QApplication& application, Theme theme);
+
+/// True when the palette in force is a dark one.
+bool IsDark();
+
+/// `share` of 1 gives `ink`, 0 gives `ground`.
+QColor Mix(const QColor& ink, const QColor& ground, double share);
+
+/// The line around boxes, buttons and grids.
+QColor EdgeColor(const QPalette& palette);
+
+/// Lengths in device-independent pixels; Qt scales them with the screen.
+inline constexpr int kMargin = 10;
+inline constexpr int kSpacing = 8;
+inline constexpr int kTightSpacing = 4;
+inline constexpr int kBoxHeight = 28;
+inline constexpr int kRadius = 5;
+
+}  // namespace quorvane::controls

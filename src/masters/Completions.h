@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/database/Connection.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace quorvane::masters {
+
+/// The masters whose records have an address. Each completes from its own records.
+enum class AddressBook { kClients, kParticipants, kBrokers };
+
+/// The values in use from which a box completes what is typed: each once, in order, none empty.
+QStringList GroupCodes(database::Connection& connection);
+QStringList Cities(database::Connection& connection, AddressBook book);
+QStringList PinsOf(database::Connection& connection, AddressBook book, const QString& city);
+QStringList StdCodesOf(database::Connection& connection, AddressBook book, const QString& city);
+
+/// The first value that begins with what is typed, without regard to capitals; what is typed when
+/// there is none, or when nothing is typed.
+QString Completed(const QStringList& values, const QString& typed);
+
+}  // namespace quorvane::masters

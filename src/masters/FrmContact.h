@@ -1,0 +1,44 @@
+#pragma once
+
+#include "controls/ComboBox.h"
+#include "controls/FieldLayout.h"
+#include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
+#include "masters/Completions.h"
+#include "masters/Contact.h"
+
+#include <array>
+
+namespace quorvane::masters {
+
+/// The base of the windows whose records are a name with an address: "Text1_0" the name, "Text1_1"
+/// the address, "Text1_2" the city, "Combo1" the state, "Text1_3" and on what follows it. City, PIN
+/// and STD code complete from the records that are there.
+class FrmContact : public controls::RecordWindow {
+  Q_OBJECT
+
+ protected:
+  enum Field { Name, Address, City, Pin, Std, Phone, Mobile, Fax, Email, kFields };
+
+  FrmContact(controls::Desk& desk, const QString& name, const QString& title, QSize designed,
+             AddressBook address_book);
+
+  /// Adds the boxes to a layout of two columns.
+  void AddContact(controls::FieldLayout& fields);
+
+  void ClearContact();
+  void ShowContact(const QString& name, const Contact& contact);
+  QString EnteredName() const;
+  Contact EnteredContact() const;
+
+ private:
+  controls::TextBox* AddBox(controls::FieldLayout& fields, Field field, const QString& label,
+                            int span = 1);
+  void Complete();
+
+  AddressBook address_book_;
+  std::array<controls::TextBox*, kFields> Text1{};
+  controls::ComboBox* Combo1 = nullptr;
+};
+
+}  // namespace quorvane::masters

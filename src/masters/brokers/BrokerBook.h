@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/Progress.h"
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+#include "masters/Contact.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace quorvane::brokers {
+
+/// A share broker through whom bills are made.
+struct Broker {
+  BrokerId id;  ///< none until it is saved
+  QString name;
+  masters::Contact contact;
+};
+
+/// The name, then texts that are too long.
+MaybeRefusal CheckBroker(const Broker& broker);
+
+/// The brokers in the database. Every save and delete is one transaction; one that is refused, or
+/// that throws, changes nothing.
+class BrokerBook {
+ public:
+  explicit BrokerBook(database::Connection& connection);
+
+  /// As they stand in the table: a saved broker comes last.
+  std::vector<Broker> List() const;
+
+  std::optional<Broker> Load(BrokerId id) const;
+
+  /// Writes a new broker, or a changed one in place of the old. Sets the id.
+  MaybeRefusal Save(Broker& broker);
+
+  /// Removes the broker with every bill, opening balance, payment and receipt, and recomputes the
+  /// holdings of every client and year. Throws Cancellation, with everything as it was, when the
+  /// user stops it.
+  void Delete(BrokerId id, Progress& progress);
+
+ private:
+  database::Connection& connection_;
+};
+
+}  // namespace quorvane::brokers

@@ -1,0 +1,145 @@
+#include "masters/clients/Client.h"
+
+#include "core/text/Pan.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace quorvane::clients {
+namespace {
+
+using database::TextCell;
+
+constexpr int kGroupCodeBox = 1;
+constexpr int kNameBox = 2;
+constexpr int kAddressBox = 3;
+constexpr int kPanBox = 11;
+constexpr int kDocumentBox = 12;
+
+Refusal Refuse(const char* text, const QString& field) {
+  return {QCoreApplication::translate("Clients", text), field};
+}
+
+QString DateField() {
+  return QStringLiteral("MaskEdBox1");
+}
+QString AccountsField() {
+  return QStringLiteral("VS");
+}
+
+bool HasNumber(const Account& account) {
+  return !account.number.trimmed().isEmpty();
+}
+
+MaybeRefusal CheckEntries(const Client& client) {
+  if (client.code.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Code."), CodeField());
+  }
+  if (client.name.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Name."), masters::BoxName(kNameBox));
+  }
+  if (std::ranges::none_of(client.accounts, HasNumber)) {
+    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Demat A/c Details."), AccountsField());
+  }
+  return std::nullopt;
+}
+
+Refusal WrongDate() {
+  return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Proper Date."), DateField());
+}
+
+MaybeRefusal CheckDateOfBirth(const QString& date) {
+  return date.isEmpty() || text::ParseDmy(date) ? std::nullopt : MaybeRefusal(WrongDate());
+}
+
+std::vector<TextCell> Cells(const Client& client) {
+  std::vector<TextCell> cells{
+      {"Code", QT_TRANSLATE_NOOP("Masters", "Client Code"), client.code, CodeField()},
+      {"GCode", QT_TRANSLATE_NOOP("Masters", "Group Code"), client.group_code,
+       masters::BoxName(kGroupCodeBox)},
+      {"Name", QT_TRANSLATE_NOOP("Masters", "Client Name"), client.name,
+       masters::BoxName(kNameBox)}};
+  masters::AppendCells(cells, client.contact, kAddressBox);
+  return cells;
+}
+
+std::vector<TextCell> AccountCells(const Client& client) {
+  std::vector<TextCell> cells;
+  for (const Account& account : client.accounts) {
+    cells.push_back(
+        {"ACNo", QT_TRANSLATE_NOOP("Masters", "Demat A/c No."), account.number, AccountsField()});
+  }
+  return cells;
+}
+
+MaybeRefusal CheckWidths(const Client& client) {
+  MaybeRefusal refusal = database::CheckTextWidths("ClientInfo", Cells(client));
+  return refusal ? refusal : database::CheckTextWidths("ClientActDet", AccountCells(client));
+}
+
+}  // namespace
+
+QString CodeField() {
+  return masters::BoxName(0);
+}
+
+QString DocumentField() {
+  return masters::BoxName(kDocumentBox);
+}
+
+QStringList SexItems() {
+  return {QCoreApplication::translate("Clients", "Male"),
+          QCoreApplication::translate("Clients", "Female"),
+          QCoreApplication::translate("Clients", "Other")};
+}
+
+QStringList MaritalStatusItems() {
+  return {QCoreApplication::translate("Clients", "Single"),
+          QCoreApplication::translate("Clients", "Married"),
+          QCoreApplication::translate("Clients", "Widowed"),
+          QCoreApplication::translate("Clients", "Divorced")};
+}
+
+MaybeRefusal CheckClient(const Client& client) {
+  if (MaybeRefusal refusal = CheckEntries(client)) {
+    return refusal;
+  }
+  if (MaybeRefusal refusal = CheckDateOfBirth(client.date_of_birth)) {
+    return refusal;
+  }
+  MaybeRefusal refusal = CheckPan(client.pan);
+  return refusal ? refusal : CheckWidths(client);
+}
+
+bool IsBlank(const Account& account) {
+  return !account.id && !account.participant && !HasNumber(account);
+}
+
+MaybeRefusal CompleteDateOfBirth(QString& typed, text::Date today) {
+  const bool empty = std::ranges::all_of(
+      typed, [](QChar c) { return c.isSpace() || c == QChar('_') || c == QChar('/'); });
+  if (empty) {
+    typed.clear();
+    return std::nullopt;
+  }
+  const std::optional<QString> completed = text::CompleteDate(typed, today);
+  if (!completed) {
+    return WrongDate();
+  }
+  typed = *completed;
+  return std::nullopt;
+}
+
+MaybeRefusal CheckPan(const QString& pan) {
+  if (text::IsValidPan(pan).valid) {
+    return std::nullopt;
+  }
+  return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Proper PAN."), masters::BoxName(kPanBox));
+}
+
+QString PanWarning(const QString& pan) {
+  return text::IsValidPan(pan).warning;
+}
+
+}  // namespace quorvane::clients

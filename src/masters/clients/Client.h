@@ -1,0 +1,64 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/Refusal.h"
+#include "core/text/Dates.h"
+#include "masters/Contact.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace quorvane::clients {
+
+/// A demat account of a client with a depository participant.
+struct Account {
+  AccountId id;  ///< none until it is saved; bills and lots point at it, so it stays
+  ParticipantId participant;
+  DpIdId dp_id;
+  QString dp_id_text;  ///< shown beside the key; set by loading, not read by saving
+  QString number;
+};
+
+/// A person whose shares are managed, with the demat accounts in the order of entry.
+struct Client {
+  ClientId id;  ///< none until it is saved
+  QString code;
+  QString group_code;
+  QString name;
+  masters::Contact contact;
+  QString date_of_birth;    ///< dd/mm/yyyy or empty
+  QString pan;              ///< permanent account number, may be empty
+  int sex = -1;             ///< place in SexItems(); -1 when none is chosen
+  int marital_status = -1;  ///< place in MaritalStatusItems(); -1 when none is chosen
+  QString document;         ///< name of the signature or identity file, without its folder
+  std::vector<Account> accounts;
+};
+
+/// The lists whose places are stored; an item's place never changes.
+QStringList SexItems();
+QStringList MaritalStatusItems();
+
+/// The first rule that the client breaks: code, name, accounts; then the date of birth, the
+/// permanent account number and texts that are too long. Whether the code is free is for the book.
+MaybeRefusal CheckClient(const Client& client);
+
+/// Whether a row of the accounts' grid says nothing and is not to be kept. A row that stands in the
+/// database is kept: records point at it.
+bool IsBlank(const Account& account);
+
+/// Completes a typed date of birth in place, or refuses it; an empty one, or the mask of an empty
+/// date box, becomes empty. For leaving the box.
+MaybeRefusal CompleteDateOfBirth(QString& typed, text::Date today);
+
+/// For leaving the box: what is wrong with a permanent account number, and a warning about one that
+/// is accepted nevertheless.
+MaybeRefusal CheckPan(const QString& pan);
+QString PanWarning(const QString& pan);
+
+/// Names of boxes that a refusal of a client may name.
+QString CodeField();
+QString DocumentField();
+
+}  // namespace quorvane::clients

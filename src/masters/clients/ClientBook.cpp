@@ -1,0 +1,229 @@
+#include "masters/clients/ClientBook.h"
+
+#include "core/database/Keys.h"
+#include "core/database/RecordKey.h"
+
+#include <QCoreApplication>
+
+#include <fmt/format.h>
+
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace quorvane::clients {
+namespace {
+
+using database::Connection;
+using database::Recordset;
+using database::Transaction;
+using database::Value;
+
+constexpr std::string_view kColumns = "Id,Code,GCode,Name,{},DOB,PAN,Sex,MStatus,SignDoc";
+constexpr std::size_t kFirstContactColumn = 4;
+constexpr std::size_t kAfterContact = kFirstContactColumn + masters::kContactColumnCount;
+constexpr std::size_t kColumnCount = kAfterContact + 5;
+
+std::string Columns() {
+  return fmt::format(kColumns, masters::kContactColumns);
+}
+
+Client ClientOf(const Recordset& row) {
+  Client client;
+  client.id = ClientId{row.Int(std::size_t{0})};
+  client.code = row.Text(1);
+  client.group_code = row.Text(2);
+  client.name = row.Text(3);
+  client.contact = masters::ContactOf(row, kFirstContactColumn);
+  client.date_of_birth = row.Text(kAfterContact);
+  client.pan = row.Text(kAfterContact + 1);
+  client.sex = row.OptionalInt(kAfterContact + 2).value_or(-1);
+  client.marital_status = row.OptionalInt(kAfterContact + 3).value_or(-1);
+  client.document = row.Text(kAfterContact + 4);
+  return client;
+}
+
+std::vector<Account> ReadAccounts(Connection& connection, ClientId client) {
+  std::vector<Account> accounts;
+  for (const auto& row : connection.Open(
+           "Select id,DMATAC,DPID,ACNo,(Select D.DPID From DpIDs D Where D.DepId=A.DMATAC and "
+           "D.id=A.DPID Limit 1) From ClientActDet A Where CId=? Order By id",
+           client)) {
+    accounts.push_back({AccountId{row.Int(std::size_t{0})}, ParticipantId{row.Int(1)},
+                        DpIdId{row.Int(2)}, row.Text(4), row.Text(3)});
+  }
+  return accounts;
+}
+
+bool CodeIsTaken(Transaction& transaction, const Client& client) {
+  return transaction
+      .Open("Select Code From ClientInfo Where Code=? and Id<>? For Update", client.code, client.id)
+      .Next();
+}
+
+void Insert(Transaction& transaction, const Client& client) {
+  std::vector<Value> values{client.id, client.code, client.group_code, client.name};
+  masters::AppendValues(values, client.contact);
+  values.insert(values.end(), {client.date_of_birth, client.pan, client.sex, client.marital_status,
+                               client.document});
+  transaction.GetConnection().ExecuteValues(
+      fmt::format("Insert Into ClientInfo({}) Values{}", Columns(),
+                  masters::Placeholders(kColumnCount)),
+      values);
+}
+
+/// Rows that stand in the database keep their ids. New ones are numbered above all that stand
+/// there, so that none takes the id of an account that is removed along with this save.
+void NumberAccounts(Transaction& transaction, Client& client) {
+  std::set<AccountId> stored;
+  for (const auto& row :
+       transaction.Open("Select id From ClientActDet Where CId=? For Update", client.id)) {
+    stored.insert(AccountId{row.Int(std::size_t{0})});
+  }
+  int next = database::NextKey(transaction, "ClientActDet", "id");
+  for (Account& account : client.accounts) {
+    if (stored.erase(account.id) == 0) {
+      account.id = AccountId{next++};
+    }
+  }
+}
+
+void ReplaceAccounts(Transaction& transaction, Client& client) {
+  std::erase_if(client.accounts, IsBlank);
+  NumberAccounts(transaction, client);
+  transaction.Execute("Delete From ClientActDet Where CId=?", client.id);
+  for (const Account& account : client.accounts) {
+    transaction.Execute("Insert Into ClientActDet(CId,id,DMATAC,DPID,ACNo) Values(?,?,?,?,?)",
+                        client.id, account.id, account.participant, account.dp_id, account.number);
+  }
+}
+
+MaybeRefusal SaveIn(Transaction& transaction, Client& client) {
+  if (CodeIsTaken(transaction, client)) {
+    return Refusal{QCoreApplication::translate("Clients", "Client Code Already Exists."),
+                   CodeField()};
+  }
+  client.id = database::ClaimKey(transaction, "ClientInfo", client.id);
+  Insert(transaction, client);
+  ReplaceAccounts(transaction, client);
+  return std::nullopt;
+}
+
+/// The tables that carry the client's key as their first column, those of later releases and of
+/// other programs included. Their names come from the server and may need quoting.
+std::vector<std::string> ClientTables(Transaction& transaction) {
+  std::vector<std::string> tables;
+  for (const auto& row : transaction.Open(
+           "Select Replace(C.TABLE_NAME,'`','``') From information_schema.COLUMNS C "
+           "Join information_schema.TABLES T On T.TABLE_SCHEMA=C.TABLE_SCHEMA and "
+           "T.TABLE_NAME=C.TABLE_NAME Where C.TABLE_SCHEMA=Database() and "
+           "T.TABLE_TYPE='BASE TABLE' and C.ORDINAL_POSITION=1 and Lower(C.COLUMN_NAME)='cid' "
+           "Order By C.TABLE_NAME")) {
+    tables.emplace_back(row.Utf8(0));
+  }
+  return tables;
+}
+
+[[noreturn]] void FailAfterCommit(const char* done, const std::runtime_error& error) {
+  throw std::runtime_error(QCoreApplication::translate("Clients", done).toStdString() + "\n" +
+                           error.what());
+}
+
+}  // namespace
+
+ClientBook::ClientBook(Connection& connection, DocumentStore documents)
+    : connection_(connection), documents_(std::move(documents)) {}
+
+std::vector<ClientRow> ClientBook::List() const {
+  std::vector<ClientRow> clients;
+  for (const auto& row : connection_.Open("Select Id,Code,Name From ClientInfo Order By Code,Id")) {
+    clients.push_back({ClientId{row.Int(std::size_t{0})}, row.Text(1), row.Text(2)});
+  }
+  return clients;
+}
+
+std::optional<Client> ClientBook::Load(ClientId id) const {
+  std::optional<Client> client;
+  {
+    Recordset rows =
+        connection_.Open(fmt::format("Select {} From ClientInfo Where Id=?", Columns()), id);
+    if (rows.Next()) {
+      client = ClientOf(rows);
+    }
+  }
+  if (client) {
+    client->accounts = ReadAccounts(connection_, id);
+  }
+  return client;
+}
+
+MaybeRefusal ClientBook::Save(Client& client, const QString& new_document) {
+  if (MaybeRefusal refusal = CheckClient(client)) {
+    return refusal;
+  }
+  Client received = client;
+  DocumentStore::Incoming incoming;
+  if (MaybeRefusal refusal = ReceiveDocument(received, new_document, incoming)) {
+    return refusal;
+  }
+  Client saved;
+  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
+    saved = received;
+    return SaveIn(transaction, saved);
+  });
+  if (!refusal) {
+    client = std::move(saved);
+    FileDocument(client, std::move(incoming));
+  }
+  return refusal;
+}
+
+void ClientBook::Delete(ClientId id) {
+  if (!id) {
+    return;
+  }
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    transaction.Execute("Delete From ClientInfo Where Id=?", id);
+    for (const std::string& table : ClientTables(transaction)) {
+      transaction.Execute(fmt::format("Delete From `{}` Where Cid=?", table), id);
+    }
+    return std::nullopt;
+  });
+  try {
+    documents_.Remove(id);
+  } catch (const std::runtime_error& error) {
+    FailAfterCommit(
+        QT_TRANSLATE_NOOP("Clients", "The Client is Deleted, but the Document could not be."),
+        error);
+  }
+}
+
+MaybeRefusal ClientBook::ReceiveDocument(Client& client, const QString& new_document,
+                                         DocumentStore::Incoming& incoming) const {
+  if (!new_document.isEmpty()) {
+    MaybeRefusal refusal = documents_.Receive(new_document, incoming);
+    client.document = incoming.Name();
+    return refusal;
+  }
+  client.document = client.document.trimmed();
+  const bool missing =
+      !client.document.isEmpty() && (!client.id || !documents_.Path(client.id, client.document));
+  return missing ? MaybeRefusal(FileDoesNotExist()) : std::nullopt;
+}
+
+void ClientBook::FileDocument(const Client& client, DocumentStore::Incoming incoming) const {
+  try {
+    if (!incoming.Name().isEmpty()) {
+      documents_.Place(client.id, std::move(incoming));
+    } else if (client.document.isEmpty()) {
+      documents_.Remove(client.id);
+    }
+  } catch (const std::runtime_error& error) {
+    FailAfterCommit(
+        QT_TRANSLATE_NOOP("Clients", "The Client is Saved, but the Document could not be Filed."),
+        error);
+  }
+}
+
+}  // namespace quorvane::clients

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+#include "masters/clients/Client.h"
+#include "masters/clients/DocumentStore.h"
+
+#include <optional>
+#include <vector>
+
+namespace quorvane::clients {
+
+/// A line of a list of clients.
+struct ClientRow {
+  ClientId id;
+  QString code;
+  QString name;
+};
+
+/// The clients with their demat accounts in the database and their documents in the store. Every
+/// save and delete is one transaction; one that is refused, or that throws DatabaseError, changes
+/// nothing. Files follow the commit; when that fails, std::runtime_error says that the record is
+/// saved all the same.
+class ClientBook {
+ public:
+  ClientBook(database::Connection& connection, DocumentStore documents);
+
+  /// By code, then by id.
+  std::vector<ClientRow> List() const;
+
+  /// A client with the accounts in the order of their ids.
+  std::optional<Client> Load(ClientId id) const;
+
+  /// Writes a new client, or a changed one in place of the old, and the accounts in place of those
+  /// there were. Sets the ids of the client and of new accounts, and leaves out blank accounts.
+  ///
+  /// The document is the file `new_document`, whose name the client takes over; without one it is
+  /// the file of that name which the client has; a client that names none loses the one there was.
+  MaybeRefusal Save(Client& client, const QString& new_document = {});
+
+  /// Removes the client, every row of every table whose first column is the client's key, and the
+  /// document.
+  void Delete(ClientId id);
+
+  const DocumentStore& Documents() const { return documents_; }
+
+ private:
+  MaybeRefusal ReceiveDocument(Client& client, const QString& new_document,
+                               DocumentStore::Incoming& incoming) const;
+  void FileDocument(const Client& client, DocumentStore::Incoming incoming) const;
+
+  database::Connection& connection_;
+  DocumentStore documents_;
+};
+
+}  // namespace quorvane::clients

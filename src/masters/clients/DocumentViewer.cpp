@@ -1,0 +1,269 @@
+#include "masters/clients/DocumentViewer.h"
+
+#include "controls/Style.h"
+#include "controls/ZENButton.h"
+#include "core/Progress.h"
+#include "masters/clients/DocumentKind.h"
+#include "masters/clients/DocumentStore.h"
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPrinter>
+#include <QPromise>
+#include <QStackedLayout>
+#include <QTextBrowser>
+#include <QThreadPool>
+
+#include <stdexcept>
+#include <utility>
+
+namespace quorvane::clients {
+namespace {
+
+constexpr int kLight = 128;
+
+/// Shows what it is given and opens nothing by itself.
+class TextPane final : public QTextBrowser {
+ public:
+  TextPane() {
+    setOpenLinks(false);
+    setUndoRedoEnabled(false);
+    setAccessibleName(tr("Text of the document"));
+  }
+
+  // An empty answer keeps the document from looking at the disk by itself; pictures within the
+  // document ("data:") it reads when there is no answer.
+  QVariant loadResource(int /*type*/, const QUrl& name) override {
+    return name.scheme() == QLatin1String("data") ? QVariant() : QVariant(QByteArray(""));
+  }
+
+ protected:
+  void doSetSource(const QUrl& /*name*/, QTextDocument::ResourceType /*type*/) override {}
+};
+
+/// What speaks against a file before it is read.
+QString Objection(const QString& path) {
+  const QFileInfo file(path);
+  if (!file.exists()) {
+    return FileDoesNotExist().text;
+  }
+  if (!file.isFile()) {
+    return DocumentViewer::tr("This is a Folder, not a Document.");
+  }
+  if (KindOf(path) == DocumentKind::kUnsupported) {
+    return FormatNotSupported();
+  }
+  return file.size() > DocumentStore::kMostBytes
+             ? DocumentViewer::tr("The Document is too Large to be Shown.")
+             : QString();
+}
+
+}  // namespace
+
+DocumentViewer::DocumentViewer(TextLimits limits, QWidget* parent)
+    : QWidget(parent),
+      limits_(std::move(limits)),
+      stack_(new QStackedLayout()),
+      pages_(new DocumentPageView()),
+      text_(new TextPane()),
+      page_bar_(PageBar()) {
+  background_ = palette().color(QPalette::Mid);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addLayout(stack_, 1);
+  rows->addWidget(page_bar_);
+  stack_->addWidget(pages_);
+  stack_->addWidget(text_);
+  page_bar_->hide();
+  connect(&reading_, &QFutureWatcherBase::finished, this, [this] {
+    if (reading_.future().resultCount() > 0) {
+      Take(reading_.result());
+    }
+  });
+}
+
+DocumentViewer::~DocumentViewer() {
+  Forget();
+}
+
+QWidget* DocumentViewer::PageBar() {
+  auto* bar = new QWidget();
+  auto* columns = new QHBoxLayout(bar);
+  columns->setContentsMargins(0, controls::kTightSpacing, 0, 0);
+  previous_ = new controls::ZENButton(QStringLiteral("PreviousPage"), tr("Previous Pa&ge"));
+  next_ = new controls::ZENButton(QStringLiteral("NextPage"), tr("Next Page"));
+  page_label_ = new QLabel();
+  columns->addStretch();
+  for (QWidget* one : std::initializer_list<QWidget*>{previous_, page_label_, next_}) {
+    columns->addWidget(one);
+  }
+  columns->addStretch();
+  connect(previous_, &QAbstractButton::clicked, this, &DocumentViewer::PreviousPage);
+  connect(next_, &QAbstractButton::clicked, this, &DocumentViewer::NextPage);
+  return bar;
+}
+
+void DocumentViewer::Open(const QString& path) {
+  Clear();
+  if (const QString objection = Objection(path); !objection.isEmpty()) {
+    Fail(objection);
+    return;
+  }
+  path_ = path;
+  pages_->Clear(tr("The document is being read ..."));
+  Start(0);
+}
+
+void DocumentViewer::Clear(const QString& hint) {
+  Forget();
+  path_.clear();
+  has_text_ = false;
+  text_->clear();
+  pages_->Straighten();
+  pages_->Clear(hint);
+  stack_->setCurrentWidget(pages_);
+  ShowPageBar();
+  Q_EMIT Changed();
+}
+
+void DocumentViewer::Forget() {
+  if (cancelled_) {
+    *cancelled_ = true;
+  }
+  reading_.setFuture({});
+}
+
+void DocumentViewer::Start(int page) {
+  Forget();
+  cancelled_ = std::make_shared<std::atomic<bool>>(false);
+  auto promise = std::make_shared<QPromise<Reading>>();
+  promise->start();
+  reading_.setFuture(promise->future());
+  QThreadPool::globalInstance()->start(
+      [promise, cancelled = cancelled_, path = path_, page, limits = limits_] {
+        promise->addResult(Read(path, page, limits, *cancelled));
+        promise->finish();
+      });
+}
+
+DocumentViewer::Reading DocumentViewer::Read(const QString& path, int page,
+                                             const TextLimits& limits,
+                                             const std::atomic<bool>& cancelled) {
+  try {
+    if (KindOf(path) == DocumentKind::kText) {
+      return {.contents = ReadDocumentText(path, limits, cancelled), .failure = {}};
+    }
+    return {.contents = ReadDocumentPage(path, page), .failure = {}};
+  } catch (const std::exception& error) {
+    return {.contents = {}, .failure = QString::fromUtf8(error.what())};
+  }
+}
+
+void DocumentViewer::Take(Reading reading) {
+  if (!reading.failure.isEmpty()) {
+    Fail(reading.failure);
+    return;
+  }
+  if (auto* page = std::get_if<DocumentPage>(&reading.contents)) {
+    ShowPage(std::move(*page));
+  } else if (const auto* text = std::get_if<DocumentText>(&reading.contents)) {
+    ShowText(*text);
+  }
+  Q_EMIT Changed();
+  Q_EMIT Opened();
+}
+
+void DocumentViewer::ShowPage(DocumentPage page) {
+  pages_->Show(std::move(page));
+  stack_->setCurrentWidget(pages_);
+  ShowPageBar();
+}
+
+void DocumentViewer::ShowText(const DocumentText& text) {
+  if (text.is_html) {
+    text_->setHtml(text.contents);
+  } else {
+    text_->setPlainText(text.contents);
+  }
+  has_text_ = true;
+  pages_->Clear({});
+  stack_->setCurrentWidget(text_);
+}
+
+void DocumentViewer::ShowPageBar() {
+  page_bar_->setVisible(PageCount() > 1);
+  page_label_->setText(tr("Page %1 of %2").arg(PageNumber() + 1).arg(PageCount()));
+  previous_->setEnabled(PageNumber() > 0);
+  next_->setEnabled(PageNumber() + 1 < PageCount());
+}
+
+void DocumentViewer::Fail(const QString& text) {
+  Clear();
+  Q_EMIT Failed(text);
+}
+
+void DocumentViewer::Rotate90() {
+  if (HasPages()) {
+    pages_->Rotate90();
+  }
+}
+
+void DocumentViewer::SetView(View view) {
+  pages_->SetView(view);
+}
+
+void DocumentViewer::NextPage() {
+  if (PageNumber() + 1 < PageCount()) {
+    Start(PageNumber() + 1);
+  }
+}
+
+void DocumentViewer::PreviousPage() {
+  if (PageNumber() > 0) {
+    Start(PageNumber() - 1);
+  }
+}
+
+void DocumentViewer::SetBackgroundColor(const QColor& color) {
+  background_ = color;
+  pages_->SetBackgroundColor(color);
+  QPalette palette = text_->palette();
+  palette.setColor(QPalette::Base, color);
+  palette.setColor(QPalette::Text, color.lightness() < kLight ? Qt::white : Qt::black);
+  text_->setPalette(palette);
+}
+
+void DocumentViewer::PrintImage(QPrinter& printer, Progress& progress) const {
+  if (HasText()) {
+    text_->print(&printer);
+  } else if (HasPages()) {
+    PrintPages(printer, progress);
+  }
+}
+
+void DocumentViewer::PrintPages(QPrinter& printer, Progress& progress) const {
+  const int first = std::max(1, printer.fromPage());
+  const int last = printer.toPage() > 0 ? std::min(printer.toPage(), PageCount()) : PageCount();
+  QPainter painter;
+  if (!painter.begin(&printer)) {
+    throw std::runtime_error(tr("The Printer can't be Used.").toStdString());
+  }
+  progress.Begin(tr("Printing"), last - first + 1);
+  for (int number = first; number <= last; ++number) {
+    if (number > first && !printer.newPage()) {
+      throw std::runtime_error(tr("The Printer can't be Used.").toStdString());
+    }
+    const QRectF paper(QPointF(0, 0),
+                       printer.pageLayout().paintRectPixels(printer.resolution()).size());
+    PaintPageInto(painter, paper, ReadDocumentPage(path_, number - 1), pages_->QuarterTurns());
+    progress.Step(number - first + 1);
+    if (progress.Cancelled()) {
+      printer.abort();
+      throw Cancellation();
+    }
+  }
+}
+
+}  // namespace quorvane::clients

@@ -1,0 +1,445 @@
+#include "masters/clients/FrmClientMaster.h"
+
+#include "controls/Style.h"
+#include "core/lookups/Choices.h"
+#include "core/lookups/StateList.h"
+#include "masters/Completions.h"
+#include "masters/Questions.h"
+#include "masters/clients/DocumentKind.h"
+
+#include <QEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScopeGuard>
+#include <QVBoxLayout>
+
+#include <stdexcept>
+#include <utility>
+
+namespace quorvane::clients {
+namespace {
+
+using controls::ComboBox;
+using controls::FieldLayout;
+using controls::Grid;
+using controls::GridModel;
+using controls::Row;
+using controls::TextBox;
+using controls::ZENButton;
+
+enum AccountColumn { kParticipant, kDpId, kNumber };
+
+constexpr int kFieldColumns = 2;
+constexpr int kWholeRow = 2;
+constexpr int kFieldShare = 3;  // of the window's width, to the accounts' share
+constexpr int kAccountShare = 2;
+
+/// With an empty line to take a choice back, and so that a cell without choices takes no text.
+QString WithNone(const QString& choices) {
+  return QStringLiteral("#0;|") + choices;
+}
+
+/// The key of the only record in a list of choices; 0 when there is none or more.
+int OnlyChoice(const QString& choices) {
+  const controls::ValueList list(choices);
+  return list.Items().size() == 1 ? list.Items().front().id : 0;
+}
+
+Row RowOf(const Account& account) {
+  return {.id = account.id.value,
+          .cells = {account.participant.value, account.dp_id.value, account.number}};
+}
+
+}  // namespace
+
+FrmClientMaster::FrmClientMaster(controls::Desk& desk, DocumentDialogs dialogs)
+    : RecordWindow(desk, QStringLiteral("FrmClientMaster"), tr("Client Master"), {780, 500},
+                   QStringLiteral("CVS")),
+      book_(*desk.session.connection, DocumentStore(desk.session.folders.documents)),
+      dialogs_(std::move(dialogs)) {
+  auto* halves = new QHBoxLayout(Details());
+  halves->setSpacing(2 * controls::kSpacing);
+  halves->addLayout(Fields(), kFieldShare);
+  halves->addWidget(Accounts(), kAccountShare);
+  Details()->setObjectName(QStringLiteral("Frame1"));
+  sign_ = new FrmSign(TheGuard(), dialogs_);
+  AddPanel(tr("Document"), sign_);
+  AddButtons();
+  List().SetColumns({{.heading = tr("Client Code")}, {.heading = tr("Client Name")}});
+  Complete();
+  Connect();
+  Start();
+}
+
+TextBox* FrmClientMaster::AddBox(FieldLayout& fields, Field field, const QString& label, int span) {
+  return Text1[field] = fields.Add(label, masters::BoxName(field), new TextBox(), span);
+}
+
+ComboBox* FrmClientMaster::AddChoice(FieldLayout& fields, const QString& name, const QString& label,
+                                     const QStringList& texts) {
+  auto* box = fields.Add(label, name, new ComboBox());
+  box->SetTexts(texts);
+  return box;
+}
+
+QLayout* FrmClientMaster::Fields() {
+  auto* column = new QVBoxLayout();
+  auto* fields = new FieldLayout(kFieldColumns);
+  column->addLayout(fields);
+  column->addStretch();
+  AddBox(*fields, Code, tr("&Client Code"));
+  AddBox(*fields, GroupCode, tr("&Group Code"));
+  AddBox(*fields, Name, tr("Client Na&me"), kWholeRow);
+  AddContact(*fields);
+  AddPerson(*fields);
+  AddDocument(*fields);
+  return column;
+}
+
+void FrmClientMaster::AddContact(FieldLayout& fields) {
+  AddBox(fields, Address, tr("Add&ress"), kWholeRow);
+  AddBox(fields, City, tr("Ci&ty"));
+  Combo1 = fields.Add(tr("Stat&e"), QStringLiteral("Combo1"),
+                      new ComboBox(nullptr, ComboBox::Entry::kFreeText));
+  Combo1->SetTexts(
+      lookups::FillStateList(Session().folders.data + QStringLiteral("/statelist.txt")));
+  AddBox(fields, Pin, tr("P&IN"));
+  AddBox(fields, Std, tr("STD Code"));
+  AddBox(fields, Phone, tr("P&hone"));
+  AddBox(fields, Mobile, tr("Mo&bile"));
+  AddBox(fields, Fax, tr("&Fax"));
+  AddBox(fields, Email, tr("E-Mai&l"))->SetUpperCase(false);
+}
+
+void FrmClientMaster::AddPerson(FieldLayout& fields) {
+  MaskEdBox1 =
+      fields.Add(tr("Date &of Birth"), QStringLiteral("MaskEdBox1"), new controls::DateBox());
+  Watch(MaskEdBox1);
+  AddBox(fields, Pan, tr("PAN"));
+  Combo2 = AddChoice(fields, QStringLiteral("Combo2"), tr("&Sex"), SexItems());
+  Combo3 = AddChoice(fields, QStringLiteral("Combo3"), tr("Marital Stat&us"), MaritalStatusItems());
+}
+
+void FrmClientMaster::AddDocument(FieldLayout& fields) {
+  auto* row = fields.Add(tr("Document"), QStringLiteral("DocumentRow"), new QWidget(), kWholeRow);
+  auto* columns = new QHBoxLayout(row);
+  columns->setContentsMargins(0, 0, 0, 0);
+  Text1[Document] = new TextBox();
+  Text1[Document]->setObjectName(DocumentField());
+  Text1[Document]->setAccessibleName(tr("Document"));
+  Text1[Document]->setReadOnly(true);
+  Text1[Document]->SetUpperCase(false);
+  Text1[Document]->SetSelectOnEntry(false);
+  CmdSource = new ZENButton(QStringLiteral("CmdSource"), tr("Pic&k..."));
+  CmdClr = new ZENButton(QStringLiteral("CmdClr"), tr("Clear"));
+  columns->addWidget(Text1[Document], 1);
+  columns->addWidget(CmdSource);
+  columns->addWidget(CmdClr);
+}
+
+QWidget* FrmClientMaster::Accounts() {
+  auto* panel = new QWidget();
+  auto* rows = new QVBoxLayout(panel);
+  rows->setContentsMargins(0, 0, 0, 0);
+  auto* caption = new QLabel(tr("Demat Accounts"));
+  VS = new Grid(QStringLiteral("VS"), tr("Demat accounts of the client"));
+  VS->SetSortable(false);
+  VS->SetColumns({{.heading = tr("Depository Participant"), .editable = true},
+                  {.heading = tr("DP Id"), .editable = true},
+                  {.heading = tr("Demat A/c No."), .editable = true}});
+  CmdAddRow = new ZENButton(QStringLiteral("CmdAddRow"), tr("Add Ro&w"));
+  CmdDelRow = new ZENButton(QStringLiteral("CmdDelRow"), tr("Delete Row"));
+  auto* buttons = new QHBoxLayout();
+  buttons->addWidget(CmdAddRow);
+  buttons->addWidget(CmdDelRow);
+  buttons->addStretch();
+  rows->addWidget(caption);
+  rows->addWidget(VS, 1);
+  rows->addLayout(buttons);
+  return panel;
+}
+
+void FrmClientMaster::AddButtons() {
+  CmdDepPart = new ZENButton(QStringLiteral("CmdDepPart"), tr("Participants..."));
+  CmdView = new ZENButton(QStringLiteral("CmdView"), tr("&View Document"));
+  mnuexit = new ZENButton(QStringLiteral("mnuexit"), tr("E&xit"));
+  mnuexit->SetCancels(true);
+  for (ZENButton* button : {CmdDepPart, CmdView, mnuexit}) {
+    Buttons()->addWidget(button);
+  }
+}
+
+void FrmClientMaster::Complete() {
+  using masters::AddressBook;
+  database::Connection& connection = *Session().connection;
+  CompleteFrom(Text1[GroupCode], [&connection] { return masters::GroupCodes(connection); });
+  CompleteFrom(Text1[City],
+               [&connection] { return masters::Cities(connection, AddressBook::kClients); });
+  CompleteFrom(Text1[Pin], [this, &connection] {
+    return masters::PinsOf(connection, AddressBook::kClients, Text1[City]->text());
+  });
+  CompleteFrom(Text1[Std], [this, &connection] {
+    return masters::StdCodesOf(connection, AddressBook::kClients, Text1[City]->text());
+  });
+}
+
+void FrmClientMaster::Connect() {
+  On(Text1[Pan], &TextBox::Left, &FrmClientMaster::Text1_Pan_Left,
+     QStringLiteral("Text1_Validate"));
+  On(&VS->Model(), &GridModel::CellEdited, &FrmClientMaster::VS_CellEdited,
+     QStringLiteral("VS_AfterEdit"));
+  On(VS, &Grid::LastCellLeft, &FrmClientMaster::VS_LastCellLeft, QStringLiteral("VS_KeyDown"));
+  OnClick(CmdAddRow, &FrmClientMaster::CmdAddRow_Click);
+  OnClick(CmdDelRow, &FrmClientMaster::CmdDelRow_Click);
+  OnClick(CmdSource, &FrmClientMaster::CmdSource_Click);
+  OnClick(CmdClr, &FrmClientMaster::CmdClr_Click);
+  OnClick(CmdView, &FrmClientMaster::CmdView_Click);
+  OnClick(CmdDepPart, &FrmClientMaster::CmdDepPart_Click);
+  OnClick(mnuexit, &FrmClientMaster::mnuexit_Click);
+  On(&sign_->Viewer(), &DocumentViewer::Failed, &FrmClientMaster::Viewer_Failed,
+     QStringLiteral("CmdView_Click"));
+  VS->installEventFilter(this);
+}
+
+void FrmClientMaster::FillList() {
+  std::vector<Row> rows;
+  for (const ClientRow& client : book_.List()) {
+    rows.push_back({.id = client.id.value, .cells = {client.code, client.name}});
+  }
+  List().SetRows(std::move(rows));
+}
+
+void FrmClientMaster::Clear() {
+  for (TextBox* box : Text1) {
+    box->clear();
+  }
+  for (ComboBox* box : {Combo1, Combo2, Combo3}) {
+    box->Clear();
+  }
+  MaskEdBox1->clear();
+  VS->SetRows({});
+  new_document_.clear();
+  warned_pan_.clear();
+  ShowDocumentName({});
+}
+
+void FrmClientMaster::Load(int id) {
+  const std::optional<Client> client = book_.Load(ClientId{id});
+  if (!client) {
+    throw std::runtime_error(tr("This Client was Deleted in the Meantime.").toStdString());
+  }
+  ShowClient(*client);
+}
+
+void FrmClientMaster::ShowClient(const Client& client) {
+  const masters::Contact& contact = client.contact;
+  const std::array<QString, kFields> texts{
+      client.code,   client.group_code, client.name,    contact.address, contact.city,
+      contact.pin,   contact.std_code,  contact.phone,  contact.mobile,  contact.fax,
+      contact.email, client.pan,        client.document};
+  for (std::size_t field = 0; field < texts.size(); ++field) {
+    Text1[field]->setText(texts[field]);
+  }
+  Combo1->ByText(contact.state);
+  MaskEdBox1->SetDate(client.date_of_birth);
+  Combo2->ById(client.sex);
+  Combo3->ById(client.marital_status);
+  warned_pan_ = client.pan;
+  ShowAccounts(client.accounts);
+  ShowDocumentName(client.document);
+}
+
+void FrmClientMaster::ShowAccounts(const std::vector<Account>& accounts) {
+  std::vector<Row> rows;
+  for (const Account& account : accounts) {
+    rows.push_back(RowOf(account));
+  }
+  VS->SetRows(std::move(rows));
+  RefreshChoices();
+  VS->FitColumns();
+}
+
+MaybeRefusal FrmClientMaster::Save() {
+  Client client = Entered();
+  // The key is known as soon as the record stands, also when its document could not be filed.
+  const auto keep_key = qScopeGuard([&] { SetCurrentId(client.id.value); });
+  return book_.Save(client, new_document_);
+}
+
+Client FrmClientMaster::Entered() const {
+  Client client;
+  client.id = ClientId{CurrentId()};
+  client.code = Text1[Code]->text();
+  client.group_code = Text1[GroupCode]->text();
+  client.name = Text1[Name]->text();
+  client.contact = EnteredContact();
+  client.date_of_birth = MaskEdBox1->IsProper() ? MaskEdBox1->DateText() : MaskEdBox1->text();
+  client.pan = Text1[Pan]->text();
+  client.sex = Combo2->CurrentPosition();
+  client.marital_status = Combo3->CurrentPosition();
+  client.document = Text1[Document]->text();
+  client.accounts = EnteredAccounts();
+  return client;
+}
+
+masters::Contact FrmClientMaster::EnteredContact() const {
+  return {.address = Text1[Address]->text(),
+          .city = Text1[City]->text(),
+          .state = Combo1->currentText(),
+          .pin = Text1[Pin]->text(),
+          .std_code = Text1[Std]->text(),
+          .phone = Text1[Phone]->text(),
+          .mobile = Text1[Mobile]->text(),
+          .fax = Text1[Fax]->text(),
+          .email = Text1[Email]->text()};
+}
+
+std::vector<Account> FrmClientMaster::EnteredAccounts() const {
+  const GridModel& model = VS->Model();
+  std::vector<Account> accounts;
+  for (int row = 0; row < model.RowCount(); ++row) {
+    accounts.push_back({.id = AccountId{model.IdOf(row)},
+                        .participant = ParticipantId{model.Value(row, kParticipant).toInt()},
+                        .dp_id = DpIdId{model.Value(row, kDpId).toInt()},
+                        .dp_id_text = {},
+                        .number = model.Text(row, kNumber)});
+  }
+  return accounts;
+}
+
+void FrmClientMaster::Remove(int id) {
+  book_.Delete(ClientId{id});
+}
+
+QString FrmClientMaster::DeleteQuestion() const {
+  return masters::AskDeleteClient();
+}
+
+void FrmClientMaster::StateChanged() {
+  if (IsEditing()) {
+    RefreshChoices();
+  }
+}
+
+bool FrmClientMaster::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == VS && event->type() == QEvent::FocusIn) {
+    TheGuard().Run(QStringLiteral("VS_GotFocus"), [this] { VS_GotFocus(); });
+  }
+  return RecordWindow::eventFilter(watched, event);
+}
+
+// A participant may have been added in its own window since the grid was left.
+void FrmClientMaster::VS_GotFocus() {
+  RefreshChoices();
+  if (IsEditing() && VS->Model().RowCount() == 0) {
+    CmdAddRow_Click();
+  }
+}
+
+void FrmClientMaster::RefreshChoices() {
+  VS->Model().SetChoices(
+      kParticipant,
+      WithNone(lookups::ChoiceList(*Session().connection, lookups::Choices::kParticipants)));
+  for (int row = 0; row < VS->Model().RowCount(); ++row) {
+    RefreshDpIds(row);
+  }
+}
+
+void FrmClientMaster::RefreshDpIds(int row) {
+  const ParticipantId participant{VS->Model().Value(row, kParticipant).toInt()};
+  VS->Model().SetCellChoices(row, kDpId,
+                             WithNone(lookups::DpIdChoiceList(*Session().connection, participant)));
+}
+
+void FrmClientMaster::Text1_Pan_Left() {
+  const QString pan = Text1[Pan]->text();
+  if (IsCancelling() || pan == warned_pan_) {
+    return;
+  }
+  if (const MaybeRefusal refusal = CheckPan(pan)) {
+    Show(*refusal);
+    return;
+  }
+  warned_pan_ = pan;
+  if (const QString warning = PanWarning(pan); !warning.isEmpty()) {
+    Say().Inform(warning);
+  }
+}
+
+void FrmClientMaster::VS_CellEdited(int row, int column) {
+  if (column != kParticipant) {
+    return;
+  }
+  const ParticipantId participant{VS->Model().Value(row, kParticipant).toInt()};
+  const QString dp_ids = lookups::DpIdChoiceList(*Session().connection, participant);
+  VS->Model().SetCellChoices(row, kDpId, WithNone(dp_ids));
+  VS->Model().SetValue(row, kDpId, OnlyChoice(dp_ids));
+}
+
+// Enter on a last row without an account number is the way out of the grid.
+void FrmClientMaster::VS_LastCellLeft() {
+  const int row = VS->CurrentRow();
+  if (row < 0 || VS->Model().Text(row, kNumber).trimmed().isEmpty()) {
+    CmdAddRow->setFocus(Qt::TabFocusReason);
+  } else {
+    CmdAddRow_Click();
+  }
+}
+
+void FrmClientMaster::CmdAddRow_Click() {
+  const int row = VS->AddRow({.cells = {0, 0, QString()}});
+  RefreshDpIds(row);
+  VS->setFocus(Qt::OtherFocusReason);
+}
+
+void FrmClientMaster::CmdDelRow_Click() {
+  VS->RemoveCurrentRow();
+}
+
+void FrmClientMaster::CmdSource_Click() {
+  const QString path = dialogs_.choose_file(this);
+  if (!path.isEmpty()) {
+    new_document_ = path;
+    ShowDocumentName(QFileInfo(path).fileName());
+  }
+}
+
+void FrmClientMaster::CmdClr_Click() {
+  new_document_.clear();
+  ShowDocumentName({});
+}
+
+void FrmClientMaster::ShowDocumentName(const QString& name) {
+  Text1[Document]->setText(name);
+  Text1[Document]->setToolTip(name);
+  CmdView->setEnabled(!name.isEmpty());
+  sign_->Viewer().Clear(name.isEmpty() ? tr("The client has no document.")
+                                       : tr("Press \"View Document\" to see %1.").arg(name));
+}
+
+QString FrmClientMaster::DocumentPath() const {
+  if (!new_document_.isEmpty() || CurrentId() == 0) {
+    return new_document_;
+  }
+  return book_.Documents().Path(ClientId{CurrentId()}, Text1[Document]->text()).value_or(QString());
+}
+
+void FrmClientMaster::CmdView_Click() {
+  Reveal(&sign_->Viewer());
+  sign_->Viewer().Open(DocumentPath());
+}
+
+void FrmClientMaster::Viewer_Failed(const QString& text) {
+  Say().Inform(text);
+}
+
+void FrmClientMaster::CmdDepPart_Click() {
+  TheDesk().open(QStringLiteral("FrmDepPart"));
+}
+
+void FrmClientMaster::mnuexit_Click() {
+  close();
+}
+
+}  // namespace quorvane::clients

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "controls/ComboBox.h"
+#include "controls/FieldLayout.h"
+#include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
+#include "masters/clients/ClientBook.h"
+#include "masters/clients/FrmSign.h"
+
+#include <array>
+
+namespace quorvane::clients {
+
+/// "Client Master": the clients with their demat accounts and a scanned document each. The list,
+/// the details and the document stand behind a tab each.
+class FrmClientMaster : public controls::RecordWindow {
+  Q_OBJECT
+
+ public:
+  explicit FrmClientMaster(controls::Desk& desk, DocumentDialogs dialogs = {});
+
+ protected:
+  void FillList() override;
+  void Clear() override;
+  void Load(int id) override;
+  MaybeRefusal Save() override;
+  void Remove(int id) override;
+  QString DeleteQuestion() const override;
+  void StateChanged() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  enum Field {
+    Code,
+    GroupCode,
+    Name,
+    Address,
+    City,
+    Pin,
+    Std,
+    Phone,
+    Mobile,
+    Fax,
+    Email,
+    Pan,
+    Document,
+    kFields
+  };
+
+  controls::TextBox* AddBox(controls::FieldLayout& fields, Field field, const QString& label,
+                            int span = 1);
+  controls::ComboBox* AddChoice(controls::FieldLayout& fields, const QString& name,
+                                const QString& label, const QStringList& texts);
+  QLayout* Fields();
+  void AddContact(controls::FieldLayout& fields);
+  void AddPerson(controls::FieldLayout& fields);
+  void AddDocument(controls::FieldLayout& fields);
+  QWidget* Accounts();
+  void AddButtons();
+  void Complete();
+  void Connect();
+
+  void ShowClient(const Client& client);
+  void ShowAccounts(const std::vector<Account>& accounts);
+  Client Entered() const;
+  masters::Contact EnteredContact() const;
+  std::vector<Account> EnteredAccounts() const;
+  void RefreshChoices();
+  void RefreshDpIds(int row);
+  QString DocumentPath() const;
+  void ShowDocumentName(const QString& name);
+
+  void Text1_Pan_Left();
+  void VS_GotFocus();
+  void VS_CellEdited(int row, int column);
+  void VS_LastCellLeft();
+  void CmdAddRow_Click();
+  void CmdDelRow_Click();
+  void CmdSource_Click();
+  void CmdClr_Click();
+  void CmdView_Click();
+  void CmdDepPart_Click();
+  void mnuexit_Click();
+  void Viewer_Failed(const QString& text);
+
+  ClientBook book_;
+  DocumentDialogs dialogs_;
+  QString new_document_;  ///< path of a document that was chosen and is not saved yet
+  QString warned_pan_;    ///< the number that the user was warned of last
+  std::array<controls::TextBox*, kFields> Text1{};
+  controls::DateBox* MaskEdBox1 = nullptr;
+  controls::ComboBox* Combo1 = nullptr;
+  controls::ComboBox* Combo2 = nullptr;
+  controls::ComboBox* Combo3 = nullptr;
+  controls::Grid* VS = nullptr;
+  controls::ZENButton* CmdAddRow = nullptr;
+  controls::ZENButton* CmdDelRow = nullptr;
+  controls::ZENButton* CmdSource = nullptr;
+  controls::ZENButton* CmdClr = nullptr;
+  controls::ZENButton* CmdView = nullptr;
+  controls::ZENButton* CmdDepPart = nullptr;
+  controls::ZENButton* mnuexit = nullptr;
+  FrmSign* sign_ = nullptr;
+};
+
+}  // namespace quorvane::clients

@@ -1,0 +1,280 @@
+#include "masters/lookup_masters/FrmLookup.h"
+
+#include "controls/ComboBox.h"
+#include "controls/TextBox.h"
+#include "core/text/Amounts.h"
+#include "masters/Questions.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QRegularExpressionValidator>
+
+#include <algorithm>
+#include <array>
+
+namespace quorvane::lookup_masters {
+namespace {
+
+using controls::ComboBox;
+using controls::DateBox;
+using controls::FieldLayout;
+using controls::Mask;
+using controls::TextBox;
+using controls::ZENButton;
+
+enum class Entry { kText, kYear, kPercent, kKinds, kDate };
+
+struct FieldFace {
+  const char* label = "";
+  Entry entry = Entry::kText;
+};
+
+/// How a lookup table looks in its window; the fields stand in the order of its columns.
+struct Face {
+  LookupKind kind;
+  const char* title = "";
+  QSize designed;
+  std::array<FieldFace, 4> fields;
+};
+
+#define WORDS(text) QT_TRANSLATE_NOOP("LookupMasters", text)
+
+const std::array<Face, 5> kFaces{{
+    {LookupKind::kScripTypes,
+     WORDS("Script Type"),
+     {480, 360},
+     {{{WORDS("Script &Type"), Entry::kText}}}},
+    {LookupKind::kScripClasses,
+     WORDS("Script Class"),
+     {480, 360},
+     {{{WORDS("Script Class Na&me"), Entry::kText}}}},
+    {LookupKind::kExchanges,
+     WORDS("Exchange"),
+     {480, 360},
+     {{{WORDS("&Exchange Name"), Entry::kText}}}},
+    {LookupKind::kSttPercentages,
+     WORDS("S.T.T. Percent Detail"),
+     {600, 360},
+     {{{WORDS("&S.T.T. Percent"), Entry::kPercent}}}},
+    {LookupKind::kTaxPercentages,
+     WORDS("Brokerage and Tax Percentages"),
+     {600, 420},
+     {{{WORDS("&Financial Year"), Entry::kYear},
+       {WORDS("Delivery &Type"), Entry::kKinds},
+       {WORDS("P&ercentage"), Entry::kPercent},
+       {WORDS("As &On"), Entry::kDate}}}},
+}};
+
+#undef WORDS
+
+const Face& FaceOf(LookupKind kind) {
+  return *std::ranges::find(kFaces, kind, &Face::kind);
+}
+
+QString Words(const char* text) {
+  return QCoreApplication::translate("LookupMasters", text);
+}
+
+QString BoxOf(const LookupColumn& column) {
+  return QString::fromLatin1(column.box);
+}
+
+bool IsMasked(const QString& number) {
+  const double value = text::Val(number);
+  return text::Val(text::FormatPercent(value)) == value;
+}
+
+// Rates of tax have up to four decimals: the mask must not round one away.
+QString PercentText(const QString& typed) {
+  const bool has_digit = std::ranges::any_of(typed, [](QChar one) { return one.isDigit(); });
+  if (!has_digit) {
+    return typed;
+  }
+  const double value = text::Val(typed);
+  return IsMasked(typed) ? text::FormatPercent(value) : text::NumberText(value);
+}
+
+}  // namespace
+
+FrmLookup::FrmLookup(controls::Desk& desk, LookupKind kind)
+    : RecordWindow(desk, QString::fromLatin1(MasterOf(kind).window), Words(FaceOf(kind).title),
+                   FaceOf(kind).designed, QStringLiteral("VSF"), Panels::kTogether),
+      book_(*desk.session.connection, kind) {
+  AddFields();
+  AddButtons();
+  Start();
+}
+
+void FrmLookup::FillList() {
+  const std::vector<LookupRow> records = book_.List();
+  const auto& columns = book_.Master().columns;
+  std::vector<controls::Row> rows;
+  for (const LookupRow& record : records) {
+    controls::Row row{.id = record.id};
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const bool number = columns[i].kind == LookupColumn::Kind::kNumber;
+      row.cells.push_back(number ? QVariant(text::Val(record.values[i])) : record.values[i]);
+    }
+    rows.push_back(std::move(row));
+  }
+  List().SetColumns(ListColumns(records));
+  List().SetRows(std::move(rows));
+}
+
+void FrmLookup::Clear() {
+  for (const Field& field : fields_) {
+    field.show({});
+  }
+}
+
+void FrmLookup::Load(int id) {
+  if (const std::optional<LookupRow> row = book_.Load(id)) {
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+      fields_[i].show(row->values[i]);
+    }
+  }
+}
+
+MaybeRefusal FrmLookup::Save() {
+  LookupRow row{CurrentId(), {}};
+  for (const Field& field : fields_) {
+    row.values.push_back(field.entered());
+  }
+  MaybeRefusal refusal = CheckRow(book_.Master(), row);
+  for (const Field& field : fields_) {
+    refusal = refusal ? refusal : field.check();
+  }
+  refusal = refusal ? refusal : book_.Save(row);
+  if (!refusal) {
+    SetCurrentId(row.id);
+  }
+  return refusal;
+}
+
+void FrmLookup::Remove(int id) {
+  book_.Delete(id);
+}
+
+QString FrmLookup::DeleteQuestion() const {
+  return masters::AskDeleteRecord();
+}
+
+void FrmLookup::AddFields() {
+  const auto& columns = book_.Master().columns;
+  const Face& face = FaceOf(book_.Master().kind);
+  auto* fields = new FieldLayout(2, Details());
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const auto& [label, entry] = face.fields[i];
+    switch (entry) {
+      case Entry::kText:
+        fields_.push_back(AddText(*fields, columns[i], label));
+        break;
+      case Entry::kYear:
+        fields_.push_back(AddYear(*fields, columns[i], label));
+        break;
+      case Entry::kPercent:
+        fields_.push_back(AddPercent(*fields, columns[i], label));
+        break;
+      case Entry::kKinds:
+        fields_.push_back(AddKinds(*fields, columns[i], label));
+        break;
+      case Entry::kDate:
+        fields_.push_back(AddDate(*fields, columns[i], label));
+        break;
+    }
+  }
+  fields->setRowStretch(fields->rowCount(), 1);
+}
+
+FrmLookup::Field FrmLookup::FieldOf(TextBox* box) {
+  return {.entered = [box] { return box->text(); },
+          .show = [box](const QString& value) { box->setText(value); }};
+}
+
+FrmLookup::Field FrmLookup::AddText(FieldLayout& fields, const LookupColumn& column,
+                                    const char* label) {
+  constexpr int kWhole = 2;
+  return FieldOf(fields.Add(Words(label), BoxOf(column), new TextBox(), kWhole));
+}
+
+FrmLookup::Field FrmLookup::AddYear(FieldLayout& fields, const LookupColumn& column,
+                                    const char* label) {
+  auto* box = fields.Add(Words(label), BoxOf(column), new TextBox());
+  box->setPlaceholderText(QStringLiteral("2011-12"));
+  On(box, &TextBox::Left, &FrmLookup::Text1_Validate, QStringLiteral("Text1_Validate"));
+  return FieldOf(box);
+}
+
+FrmLookup::Field FrmLookup::AddPercent(FieldLayout& fields, const LookupColumn& column,
+                                       const char* label) {
+  static const QRegularExpression kTypable(QStringLiteral("[0-9]*\\.?[0-9]*"));
+  auto* box = fields.Add(Words(label), BoxOf(column), new TextBox());
+  box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  box->setValidator(new QRegularExpressionValidator(kTypable, box));
+  connect(box, &TextBox::Left, this, [box] { box->setText(PercentText(box->text())); });
+  return {.entered = [box] { return box->text(); },
+          .show = [box](const QString& value) { box->setText(PercentText(value)); }};
+}
+
+FrmLookup::Field FrmLookup::AddKinds(FieldLayout& fields, const LookupColumn& column,
+                                     const char* label) {
+  auto* combo = fields.Add(Words(label), BoxOf(column), new ComboBox());
+  combo->SetTexts(PercentageKinds());
+  return {.entered = [combo] { return combo->itemText(combo->CurrentPosition()); },
+          .show =
+              [combo](const QString& value) {
+                combo->Clear();
+                combo->ByText(value);
+              }};
+}
+
+FrmLookup::Field FrmLookup::AddDate(FieldLayout& fields, const LookupColumn& column,
+                                    const char* label) {
+  auto* box = fields.Add(Words(label), BoxOf(column), new DateBox());
+  Watch(box);
+  return {.entered = [box] { return box->DateText(); },
+          .show = [box](const QString& value) { box->SetDate(value); },
+          .check = [box]() -> MaybeRefusal {
+            return box->IsProper()
+                       ? std::nullopt
+                       : MaybeRefusal(Refusal{tr("Enter Proper Date."), box->objectName()});
+          }};
+}
+
+void FrmLookup::AddButtons() {
+  if (book_.Master().kind == LookupKind::kSttPercentages) {
+    auto* taxes =
+        new ZENButton(QStringLiteral("CmdTransPer"), tr("&Brokerage and Tax Percentages..."));
+    Buttons()->addWidget(taxes);
+    OnClick(taxes, &FrmLookup::CmdTransPer_Click);
+  }
+}
+
+std::vector<controls::Column> FrmLookup::ListColumns(const std::vector<LookupRow>& rows) const {
+  std::vector<controls::Column> columns;
+  for (const LookupColumn& column : book_.Master().columns) {
+    const std::size_t i = columns.size();
+    const bool number = column.kind == LookupColumn::Kind::kNumber;
+    const bool masked =
+        std::ranges::all_of(rows, [i](const LookupRow& row) { return IsMasked(row.values[i]); });
+    const Mask mask = !number ? Mask::kText : masked ? Mask::kPercent : Mask::kNumber;
+    columns.push_back({.heading = Words(column.label), .mask = mask});
+  }
+  return columns;
+}
+
+void FrmLookup::Text1_Validate() {
+  const QString year = fields_.front().entered();
+  if (year.isEmpty() || IsCancelling() || !IsEditing()) {
+    return;
+  }
+  if (const MaybeRefusal refusal = CheckFinancialYear(year)) {
+    Show(*refusal);
+  }
+}
+
+void FrmLookup::CmdTransPer_Click() {
+  TheDesk().open(QStringLiteral("FrmTransPer"));
+}
+
+}  // namespace quorvane::lookup_masters

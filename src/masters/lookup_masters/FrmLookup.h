@@ -1,0 +1,53 @@
+#pragma once
+
+#include "controls/FieldLayout.h"
+#include "controls/RecordWindow.h"
+#include "masters/lookup_masters/LookupBook.h"
+
+#include <functional>
+#include <vector>
+
+namespace quorvane::lookup_masters {
+
+/// The window of a small lookup table: "FrmScriptType", "FrmScriptCls", "FrmExchange", "FrmSttPer"
+/// or "FrmTransPer". Percentages have three decimals, or more where their value has.
+class FrmLookup : public controls::RecordWindow {
+  Q_OBJECT
+
+ public:
+  FrmLookup(controls::Desk& desk, LookupKind kind);
+
+ protected:
+  void FillList() override;
+  void Clear() override;
+  void Load(int id) override;
+  MaybeRefusal Save() override;
+  void Remove(int id) override;
+  QString DeleteQuestion() const override;
+
+ private:
+  /// The box of a column, whatever its kind.
+  struct Field {
+    std::function<QString()> entered;
+    std::function<void(const QString& value)> show;
+    std::function<MaybeRefusal()> check = [] { return std::nullopt; };
+  };
+
+  static Field FieldOf(controls::TextBox* box);
+  void AddFields();
+  Field AddText(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Field AddYear(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Field AddPercent(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Field AddKinds(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Field AddDate(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  void AddButtons();
+  std::vector<controls::Column> ListColumns(const std::vector<LookupRow>& rows) const;
+
+  void Text1_Validate();
+  void CmdTransPer_Click();
+
+  LookupBook book_;
+  std::vector<Field> fields_;  ///< in the order of the table's columns
+};
+
+}  // namespace quorvane::lookup_masters

@@ -1,0 +1,122 @@
+#include "masters/lookup_masters/LookupBook.h"
+
+#include "core/database/RecordKey.h"
+#include "core/text/Amounts.h"
+
+#include <QCoreApplication>
+
+#include <fmt/format.h>
+
+namespace quorvane::lookup_masters {
+namespace {
+
+using database::Connection;
+using database::Recordset;
+using database::Transaction;
+using database::Value;
+using Kind = LookupColumn::Kind;
+
+Value ValueOf(const LookupColumn& column, const QString& text) {
+  return column.kind == Kind::kText ? Value(text) : Value(text::Val(text));
+}
+
+QString TextOf(const LookupColumn& column, const Recordset& record, std::size_t at) {
+  if (column.kind == Kind::kText || record.IsNull(at)) {
+    return record.Text(at);
+  }
+  return text::NumberText(record.Double(at));
+}
+
+std::string ColumnNames(const LookupMaster& master) {
+  std::string names = "Id";
+  for (const LookupColumn& column : master.columns) {
+    names += fmt::format(",{}", column.name);
+  }
+  return names;
+}
+
+void Insert(Transaction& transaction, const LookupMaster& master, const LookupRow& row) {
+  std::string sql = fmt::format("Insert Into {}({}) Values(?", master.table, ColumnNames(master));
+  std::vector<Value> values{row.id};
+  for (std::size_t i = 0; i < master.columns.size(); ++i) {
+    sql += ",?";
+    values.push_back(ValueOf(master.columns[i], row.values[i]));
+  }
+  transaction.GetConnection().ExecuteValues(sql + ")", values);
+}
+
+}  // namespace
+
+LookupBook::LookupBook(Connection& connection, LookupKind kind)
+    : connection_(connection), master_(MasterOf(kind)) {}
+
+std::vector<LookupRow> LookupBook::List() const {
+  std::vector<LookupRow> rows;
+  const std::string order =
+      master_.order.empty() ? std::string() : fmt::format(" Order By {}", master_.order);
+  for (const auto& record : connection_.Open(SelectFrom() + order)) {
+    rows.push_back(RowOf(record));
+  }
+  return rows;
+}
+
+std::optional<LookupRow> LookupBook::Load(int id) const {
+  Recordset records = connection_.Open(SelectFrom() + " Where Id=?", id);
+  return records.Next() ? std::optional(RowOf(records)) : std::nullopt;
+}
+
+MaybeRefusal LookupBook::Save(LookupRow& row) {
+  if (MaybeRefusal refusal = CheckRow(master_, row)) {
+    return refusal;
+  }
+  LookupRow saved;
+  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
+    saved = row;
+    return SaveIn(transaction, saved);
+  });
+  if (!refusal) {
+    row = std::move(saved);
+  }
+  return refusal;
+}
+
+void LookupBook::Delete(int id) {
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    transaction.Execute(fmt::format("Delete From {} Where Id=?", master_.table), id);
+    return std::nullopt;
+  });
+}
+
+MaybeRefusal LookupBook::SaveIn(Transaction& transaction, LookupRow& row) const {
+  if (IsTaken(transaction, row)) {
+    return Refusal{QCoreApplication::translate("LookupMasters", master_.if_taken),
+                   QString::fromLatin1(master_.columns.front().box)};
+  }
+  row.id = database::ClaimKey(transaction, master_.table, row.id);
+  Insert(transaction, master_, row);
+  return std::nullopt;
+}
+
+bool LookupBook::IsTaken(Transaction& transaction, const LookupRow& row) const {
+  std::string sql = fmt::format("Select Id From {} Where Id<>?", master_.table);
+  std::vector<Value> values{row.id};
+  for (std::size_t i = 0; i < master_.unique_columns; ++i) {
+    sql += fmt::format(" and {}=?", master_.columns[i].name);
+    values.push_back(ValueOf(master_.columns[i], row.values[i]));
+  }
+  return transaction.GetConnection().OpenValues(sql + " For Update", values).Next();
+}
+
+LookupRow LookupBook::RowOf(const Recordset& record) const {
+  LookupRow row{record.Int(std::size_t{0}), {}};
+  for (std::size_t i = 0; i < master_.columns.size(); ++i) {
+    row.values.push_back(TextOf(master_.columns[i], record, i + 1));
+  }
+  return row;
+}
+
+std::string LookupBook::SelectFrom() const {
+  return fmt::format("Select {} From {}", ColumnNames(master_), master_.table);
+}
+
+}  // namespace quorvane::lookup_masters

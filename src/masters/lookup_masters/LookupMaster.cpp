@@ -1,0 +1,112 @@
+#include "masters/lookup_masters/LookupMaster.h"
+
+#include "core/database/TextWidths.h"
+#include "core/text/Amounts.h"
+#include "core/text/FinancialYear.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+
+namespace quorvane::lookup_masters {
+namespace {
+
+using Kind = LookupColumn::Kind;
+
+constexpr std::array kTypeColumns{
+    LookupColumn{"Type", Kind::kText, "Script Type", "Text1_0", "Enter Script Type."}};
+constexpr std::array kClassColumns{
+    LookupColumn{"Name", Kind::kText, "Script Class Name", "Text1_0", "Enter Script Class Name."}};
+constexpr std::array kExchangeColumns{
+    LookupColumn{"ExName", Kind::kText, "Exchange Name", "Text1_0", "Enter Exchange Name."}};
+constexpr std::array kSttColumns{
+    LookupColumn{"STTPer", Kind::kNumber, "S.T.T. Percent", "Text1_0", "Enter S.T.T. Percent."}};
+constexpr std::array kTaxColumns{
+    LookupColumn{"FYear", Kind::kText, "Financial Year", "Text1_0", "Enter Financial Year."},
+    LookupColumn{"Name", Kind::kText, "Delivery Type", "CmbName", "Select Delivery Type ."},
+    LookupColumn{"Percent", Kind::kNumber, "Percentage", "Text1_1", "Enter Percentage."},
+    LookupColumn{"Ason", Kind::kText, "As On", "Text1_2", ""}};
+
+constexpr std::array<LookupMaster, 5> kMasters{{
+    {LookupKind::kScripTypes, "FrmScriptType", "ScriptType", kTypeColumns, 1,
+     "Script Type Already Exists.", ""},
+    {LookupKind::kScripClasses, "FrmScriptCls", "ScriptClass", kClassColumns, 1,
+     "Script Class Already Exists!", "Name,Id"},
+    {LookupKind::kExchanges, "FrmExchange", "Exchange", kExchangeColumns, 1,
+     "Exchange Name Already Exists.", ""},
+    {LookupKind::kSttPercentages, "FrmSttPer", "STTPer", kSttColumns, 1,
+     "S.T.T. Percent Already Exists.", ""},
+    {LookupKind::kTaxPercentages, "FrmTransPer", "TransTaxPer", kTaxColumns, 2,
+     "Percent Detail Already Exists.", ""},
+}};
+
+QString Translated(const char* text) {
+  return QCoreApplication::translate("LookupMasters", text);
+}
+
+bool IsMissing(const LookupColumn& column, const QString& value) {
+  const QString text = value.trimmed();
+  if (column.kind == Kind::kText) {
+    return text.isEmpty();
+  }
+  double number = 0;
+  return !text::ParseNumber(text.toStdString(), number) || number < 0;
+}
+
+MaybeRefusal CheckMissing(const LookupMaster& master, const LookupRow& row) {
+  for (std::size_t i = 0; i < master.columns.size(); ++i) {
+    const LookupColumn& column = master.columns[i];
+    const bool required = *column.if_empty != '\0';
+    if (required && IsMissing(column, row.values.at(i))) {
+      return Refusal{Translated(column.if_empty), QString::fromLatin1(column.box)};
+    }
+  }
+  return std::nullopt;
+}
+
+MaybeRefusal CheckWidths(const LookupMaster& master, const LookupRow& row) {
+  std::vector<database::TextCell> cells;
+  for (std::size_t i = 0; i < master.columns.size(); ++i) {
+    const LookupColumn& column = master.columns[i];
+    if (column.kind == Kind::kText) {
+      cells.push_back(
+          {column.name, column.label, row.values.at(i), QString::fromLatin1(column.box)});
+    }
+  }
+  return database::CheckTextWidths(master.table, cells);
+}
+
+}  // namespace
+
+const LookupMaster& MasterOf(LookupKind kind) {
+  return *std::ranges::find(kMasters, kind, &LookupMaster::kind);
+}
+
+MaybeRefusal CheckRow(const LookupMaster& master, const LookupRow& row) {
+  if (MaybeRefusal refusal = CheckMissing(master, row)) {
+    return refusal;
+  }
+  if (master.kind == LookupKind::kTaxPercentages) {
+    if (MaybeRefusal refusal = CheckFinancialYear(row.values.front())) {
+      return refusal;
+    }
+  }
+  return CheckWidths(master, row);
+}
+
+MaybeRefusal CheckFinancialYear(const QString& typed) {
+  if (text::FinancialYear::Parse(typed)) {
+    return std::nullopt;
+  }
+  return Refusal{Translated("Enter Proper Financial Year"),
+                 QString::fromLatin1(kTaxColumns.front().box)};
+}
+
+QStringList PercentageKinds() {
+  return {QStringLiteral("Brokerage Delivery Based"),
+          QStringLiteral("Brokerage Non Delivery Based"), QStringLiteral("STT Delivery Based"),
+          QStringLiteral("STT Non Delivery Based"), QStringLiteral("Service Tax")};
+}
+
+}  // namespace quorvane::lookup_masters

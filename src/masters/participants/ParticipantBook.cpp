@@ -1,0 +1,180 @@
+#include "masters/participants/ParticipantBook.h"
+
+#include "core/database/Keys.h"
+#include "core/database/RecordKey.h"
+
+#include <QCoreApplication>
+
+#include <fmt/format.h>
+
+#include <set>
+
+namespace quorvane::participants {
+namespace {
+
+using database::Connection;
+using database::Recordset;
+using database::TextCell;
+using database::Transaction;
+using database::Value;
+
+constexpr int kAddressBox = 1;
+constexpr int kPersonBox = 9;
+constexpr int kDesignationBox = 10;
+constexpr std::size_t kFirstContactColumn = 2;
+constexpr std::size_t kAfterContact = kFirstContactColumn + masters::kContactColumnCount;
+constexpr std::size_t kColumnCount = kAfterContact + 3;
+
+std::string Columns() {
+  return fmt::format("Id,Name,{},Person,Designation,Depository", masters::kContactColumns);
+}
+
+Participant ParticipantOf(const Recordset& row) {
+  Participant participant;
+  participant.id = ParticipantId{row.Int(std::size_t{0})};
+  participant.name = row.Text(1);
+  participant.contact = masters::ContactOf(row, kFirstContactColumn);
+  participant.person = row.Text(kAfterContact);
+  participant.designation = row.Text(kAfterContact + 1);
+  participant.depository = row.Int(kAfterContact + 2);
+  return participant;
+}
+
+std::vector<TextCell> Cells(const Participant& participant) {
+  std::vector<TextCell> cells{
+      {"Name", QT_TRANSLATE_NOOP("Masters", "Name"), participant.name, masters::BoxName(0)}};
+  masters::AppendCells(cells, participant.contact, kAddressBox);
+  cells.push_back({"Person", QT_TRANSLATE_NOOP("Masters", "Person"), participant.person,
+                   masters::BoxName(kPersonBox)});
+  cells.push_back({"Designation", QT_TRANSLATE_NOOP("Masters", "Designation"),
+                   participant.designation, masters::BoxName(kDesignationBox)});
+  return cells;
+}
+
+MaybeRefusal CheckDpIds(const Participant& participant) {
+  std::vector<TextCell> cells;
+  for (const DpId& dp_id : participant.dp_ids) {
+    cells.push_back(
+        {"DPID", QT_TRANSLATE_NOOP("Masters", "DP Id"), dp_id.text, QStringLiteral("VS")});
+  }
+  return database::CheckTextWidths("DpIDs", cells);
+}
+
+void Insert(Transaction& transaction, const Participant& participant) {
+  std::vector<Value> values{participant.id, participant.name};
+  masters::AppendValues(values, participant.contact);
+  values.insert(values.end(),
+                {participant.person, participant.designation, participant.depository});
+  transaction.GetConnection().ExecuteValues(
+      fmt::format("Insert Into DepPart({}) Values{}", Columns(),
+                  masters::Placeholders(kColumnCount)),
+      values);
+}
+
+/// DP ids that stand in the database keep their numbers. New ones are numbered above all that stand
+/// there, so that none takes the number of one that is removed along with this save.
+void NumberDpIds(Transaction& transaction, Participant& participant) {
+  std::set<DpIdId> stored;
+  for (const auto& row :
+       transaction.Open("Select id From DpIDs Where DepId=? For Update", participant.id)) {
+    stored.insert(DpIdId{row.Int(std::size_t{0})});
+  }
+  int next = database::NextKey(transaction, "DpIDs", "id");
+  for (DpId& dp_id : participant.dp_ids) {
+    if (stored.erase(dp_id.id) == 0) {
+      dp_id.id = DpIdId{next++};
+    }
+  }
+}
+
+void ReplaceDpIds(Transaction& transaction, Participant& participant) {
+  std::erase_if(participant.dp_ids,
+                [](const DpId& dp_id) { return !dp_id.id && dp_id.text.trimmed().isEmpty(); });
+  NumberDpIds(transaction, participant);
+  transaction.Execute("Delete From DpIDs Where DepId=?", participant.id);
+  for (const DpId& dp_id : participant.dp_ids) {
+    transaction.Execute("Insert Into DpIDs(DepId,id,DPID) Values(?,?,?)", participant.id, dp_id.id,
+                        dp_id.text);
+  }
+}
+
+}  // namespace
+
+QStringList DepositoryItems() {
+  return {QStringLiteral("NSDL"), QStringLiteral("CDSL")};
+}
+
+MaybeRefusal CheckParticipant(const Participant& participant) {
+  if (participant.name.trimmed().isEmpty()) {
+    return Refusal{QCoreApplication::translate("Masters", "Enter Name."), masters::BoxName(0)};
+  }
+  MaybeRefusal refusal = database::CheckTextWidths("DepPart", Cells(participant));
+  return refusal ? refusal : CheckDpIds(participant);
+}
+
+ParticipantBook::ParticipantBook(Connection& connection) : connection_(connection) {}
+
+std::vector<Participant> ParticipantBook::List() const {
+  std::vector<Participant> participants;
+  for (const auto& row :
+       connection_.Open(fmt::format("Select {} From DepPart Order By Name,Id", Columns()))) {
+    participants.push_back(ParticipantOf(row));
+  }
+  return participants;
+}
+
+std::optional<Participant> ParticipantBook::Load(ParticipantId id) const {
+  std::optional<Participant> participant;
+  {
+    Recordset rows =
+        connection_.Open(fmt::format("Select {} From DepPart Where Id=?", Columns()), id);
+    if (rows.Next()) {
+      participant = ParticipantOf(rows);
+    }
+  }
+  if (participant) {
+    participant->dp_ids = DpIds(id);
+  }
+  return participant;
+}
+
+std::vector<DpId> ParticipantBook::DpIds(ParticipantId id) const {
+  std::vector<DpId> dp_ids;
+  for (const auto& row :
+       connection_.Open("Select id,DPID From DpIDs Where DepId=? Order By id", id)) {
+    dp_ids.push_back({DpIdId{row.Int(std::size_t{0})}, row.Text(1)});
+  }
+  return dp_ids;
+}
+
+DpIdId ParticipantBook::FindDpId(ParticipantId id, const QString& text) const {
+  Recordset rows =
+      connection_.Open("Select id From DpIDs Where DepId=? and DPID=? Order By id", id, text);
+  return DpIdId{rows.Next() ? rows.Int(std::size_t{0}) : 0};
+}
+
+MaybeRefusal ParticipantBook::Save(Participant& participant) {
+  if (MaybeRefusal refusal = CheckParticipant(participant)) {
+    return refusal;
+  }
+  Participant saved;
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    saved = participant;
+    saved.id = database::ClaimKey(transaction, "DepPart", saved.id);
+    Insert(transaction, saved);
+    ReplaceDpIds(transaction, saved);
+    return std::nullopt;
+  });
+  participant = std::move(saved);
+  return std::nullopt;
+}
+
+void ParticipantBook::Delete(ParticipantId id) {
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    transaction.Execute("Delete From DepPart Where Id=?", id);
+    transaction.Execute("Delete From DpIDs Where DepId=?", id);
+    return std::nullopt;
+  });
+}
+
+}  // namespace quorvane::participants

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+#include "masters/Contact.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace quorvane::participants {
+
+/// One of the identities under which a participant keeps accounts.
+struct DpId {
+  DpIdId id;  ///< none until it is saved; clients' accounts point at it, so it stays
+  QString text;
+};
+
+/// An institution at which clients hold demat accounts.
+struct Participant {
+  ParticipantId id;  ///< none until it is saved
+  QString name;
+  masters::Contact contact;
+  QString person;  ///< to ask for there
+  QString designation;
+  int depository = 0;  ///< place in DepositoryItems()
+  std::vector<DpId> dp_ids;
+};
+
+/// The list whose places are stored; an item's place never changes.
+QStringList DepositoryItems();
+
+/// The name, then texts that are too long.
+MaybeRefusal CheckParticipant(const Participant& participant);
+
+/// The participants in the database. Every save and delete is one transaction; one that is refused,
+/// or that throws DatabaseError, changes nothing.
+class ParticipantBook {
+ public:
+  explicit ParticipantBook(database::Connection& connection);
+
+  /// Without their DP ids; by name, then by id.
+  std::vector<Participant> List() const;
+
+  std::optional<Participant> Load(ParticipantId id) const;
+
+  /// By id.
+  std::vector<DpId> DpIds(ParticipantId id) const;
+
+  /// The participant's DP id of that text; none when there is no such.
+  DpIdId FindDpId(ParticipantId id, const QString& text) const;
+
+  /// Writes a new participant, or a changed one in place of the old, and the DP ids in place of
+  /// those there were. Sets the ids of the participant and of new DP ids, and leaves out new DP ids
+  /// without a text.
+  MaybeRefusal Save(Participant& participant);
+
+  /// Removes the participant and its DP ids. Clients' accounts stay and point at nothing.
+  void Delete(ParticipantId id);
+
+ private:
+  database::Connection& connection_;
+};
+
+}  // namespace quorvane::participants

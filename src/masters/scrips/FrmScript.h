@@ -1,0 +1,45 @@
+#pragma once
+
+#include "controls/ComboBox.h"
+#include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
+#include "masters/scrips/ScripBook.h"
+
+#include <array>
+
+namespace quorvane::scrips {
+
+/// "Script Details": the securities. It leads to the windows of their types and classes.
+class FrmScript : public controls::RecordWindow {
+  Q_OBJECT
+
+ public:
+  explicit FrmScript(controls::Desk& desk);
+
+ protected:
+  void FillList() override;
+  void Clear() override;
+  void Load(int id) override;
+  MaybeRefusal Save() override;
+  void Remove(int id) override;
+  QString DeleteQuestion() const override;
+
+ private:
+  enum Field { Code, Name, SecondCode, kFields };
+
+  void AddFields();
+  void AddButtons();
+  void FillCombos();
+
+  void Combo1_GotFocus();
+  void Combo2_GotFocus();
+  void CmdScriptType_Click();
+  void CmdScriptCls_Click();
+
+  ScripBook book_;
+  std::array<controls::TextBox*, kFields> Text1{};
+  controls::ComboBox* Combo1 = nullptr;
+  controls::ComboBox* Combo2 = nullptr;
+};
+
+}  // namespace quorvane::scrips

@@ -1,0 +1,130 @@
+#include "masters/scrips/ScripBook.h"
+
+#include "core/database/RecordKey.h"
+#include "core/database/TextWidths.h"
+
+#include <QCoreApplication>
+
+#include <array>
+
+namespace quorvane::scrips {
+namespace {
+
+using database::Connection;
+using database::Recordset;
+using database::TextCell;
+using database::Transaction;
+
+QString CodeField() {
+  return QStringLiteral("Text1_0");
+}
+QString NameField() {
+  return QStringLiteral("Text1_1");
+}
+
+Refusal Refuse(const char* text, const QString& field) {
+  return {QCoreApplication::translate("Scrips", text), field};
+}
+
+Scrip ScripOf(const Recordset& row) {
+  return {ScripId{row.Int(std::size_t{0})},
+          row.Text(1),
+          row.Text(2),
+          row.Text(3).trimmed(),
+          row.Int(4),
+          row.Int(5)};
+}
+
+MaybeRefusal CheckWidths(const Scrip& scrip) {
+  const std::array cells{
+      TextCell{"Code", QT_TRANSLATE_NOOP("Masters", "Script Code"), scrip.code, CodeField()},
+      TextCell{"Name", QT_TRANSLATE_NOOP("Masters", "Script Name"), scrip.name, NameField()},
+      TextCell{"NCode", QT_TRANSLATE_NOOP("Masters", "Second Script Code"), scrip.second_code,
+               QStringLiteral("Text1_2")}};
+  return database::CheckTextWidths("Script", cells);
+}
+
+bool CodeIsTaken(Transaction& transaction, const Scrip& scrip) {
+  return transaction
+      .Open("Select Code From Script Where Code=? and Id<>? For Update", scrip.code, scrip.id)
+      .Next();
+}
+
+MaybeRefusal SaveIn(Transaction& transaction, Scrip& scrip) {
+  if (CodeIsTaken(transaction, scrip)) {
+    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Script Code Already Exists."), CodeField());
+  }
+  scrip.id = database::ClaimKey(transaction, "Script", scrip.id);
+  transaction.Execute("Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) Values(?,?,?,?,?,?)",
+                      scrip.id, scrip.code, scrip.name, scrip.type, scrip.scrip_class,
+                      scrip.second_code);
+  return std::nullopt;
+}
+
+}  // namespace
+
+MaybeRefusal CheckScrip(const Scrip& scrip) {
+  if (scrip.code.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Enter Script Code."), CodeField());
+  }
+  if (scrip.name.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Enter Script Name."), NameField());
+  }
+  if (scrip.type == 0) {
+    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Select Script Type."), QStringLiteral("Combo1"));
+  }
+  if (scrip.scrip_class == 0) {
+    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Select Script Class."), QStringLiteral("Combo2"));
+  }
+  return CheckWidths(scrip);
+}
+
+ScripBook::ScripBook(Connection& connection) : connection_(connection) {}
+
+std::vector<Scrip> ScripBook::List() const {
+  std::vector<Scrip> scrips;
+  for (const auto& row :
+       connection_.Open("Select Id,Code,Name,NCode,Type,ScrCls From Script Order By Name,Id")) {
+    scrips.push_back(ScripOf(row));
+  }
+  return scrips;
+}
+
+std::optional<Scrip> ScripBook::Load(ScripId id) const {
+  Recordset rows =
+      connection_.Open("Select Id,Code,Name,NCode,Type,ScrCls From Script Where Id=?", id);
+  return rows.Next() ? std::optional(ScripOf(rows)) : std::nullopt;
+}
+
+MaybeRefusal ScripBook::Save(Scrip& scrip) {
+  if (MaybeRefusal refusal = CheckScrip(scrip)) {
+    return refusal;
+  }
+  Scrip saved;
+  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
+    saved = scrip;
+    return SaveIn(transaction, saved);
+  });
+  if (!refusal) {
+    scrip = std::move(saved);
+  }
+  return refusal;
+}
+
+void ScripBook::Delete(ScripId id) {
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    transaction.Execute("Delete From Script Where Id=?", id);
+    transaction.Execute("Delete From ScrTransfer Where ScrId=?", id);
+    transaction.Execute(
+        "Delete SPMaster From SPTrans Join SPMaster On SPMaster.ID=SPTrans.SID "
+        "Where SPTrans.ScriptId=?",
+        id);
+    transaction.Execute("Delete From SPTrans Where ScriptId=?", id);
+    transaction.Execute("Delete From StkOpBal Where ScriptId=?", id);
+    transaction.Execute("Delete From Stock Where ScriptId=?", id);
+    transaction.Execute("Delete From MarketRate Where ScrId=?", id);
+    return std::nullopt;
+  });
+}
+
+}  // namespace quorvane::scrips

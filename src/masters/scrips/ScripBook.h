@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace quorvane::scrips {
+
+/// A security.
+struct Scrip {
+  ScripId id;  ///< none until it is saved
+  QString code;
+  QString name;
+  QString second_code;  ///< the other exchange's; may be empty
+  int type = 0;         ///< key of a scrip type, 0 when none is chosen
+  int scrip_class = 0;  ///< key of a scrip class, 0 when none is chosen
+};
+
+/// Code, name, type, class, then texts that are too long. Whether the code is free is for the book.
+/// The boxes: "Text1_0" code, "Text1_1" name, "Text1_2" second code, "Combo1" type, "Combo2" class.
+MaybeRefusal CheckScrip(const Scrip& scrip);
+
+/// The scrips in the database. Every save and delete is one transaction; one that is refused, or
+/// that throws DatabaseError, changes nothing.
+class ScripBook {
+ public:
+  explicit ScripBook(database::Connection& connection);
+
+  /// By name, then by id.
+  std::vector<Scrip> List() const;
+
+  std::optional<Scrip> Load(ScripId id) const;
+
+  /// Writes a new scrip, or a changed one in place of the old. Sets the id.
+  MaybeRefusal Save(Scrip& scrip);
+
+  /// Removes the scrip with its transfers, bill lines, opening stock, lots and rates, and the
+  /// header of every bill that it stood on; lines of other scrips on those bills stay.
+  void Delete(ScripId id);
+
+ private:
+  database::Connection& connection_;
+};
+
+}  // namespace quorvane::scrips

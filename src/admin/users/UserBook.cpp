@@ -1,0 +1,172 @@
+#include "admin/users/UserBook.h"
+
+#include "admin/users/PasswordCode.h"
+#include "core/database/RecordKey.h"
+#include "core/database/TextWidths.h"
+
+#include <QCoreApplication>
+
+#include <array>
+
+namespace quorvane::users {
+namespace {
+
+using database::Connection;
+using database::Recordset;
+using database::TextCell;
+using database::Transaction;
+
+QString NameField() {
+  return QStringLiteral("Text1_0");
+}
+QString PasswordField() {
+  return QStringLiteral("Text1_1");
+}
+
+Refusal Refuse(const char* text, const QString& field) {
+  return {QCoreApplication::translate("Users", text), field};
+}
+
+bool SameName(const QString& a, const QString& b) {
+  return a.trimmed().toUpper() == b.trimmed().toUpper();
+}
+
+User UserOf(const Recordset& row) {
+  User user{row.Int(std::size_t{0}), row.Text(1), std::nullopt};
+  if (const std::optional<QString> stored = row.OptionalText(2)) {
+    user.password = DecodePassword(*stored);
+  }
+  return user;
+}
+
+/// The comparison of the database is asked too: a log-in finds its user by it.
+bool NameIsTaken(Transaction& transaction, const User& user) {
+  if (IsAdministrator(user.name)) {
+    return true;
+  }
+  for (const auto& row : transaction.Open("Select Name,Name=? From LoginId Where id<>? For Update",
+                                          user.name, user.id)) {
+    if (row.Int(1) != 0 || SameName(row.Text(std::size_t{0}), user.name)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void Insert(Transaction& transaction, int id, const QString& name, const QString& password) {
+  transaction.Execute("Delete From LoginPassword Where id=?", id);
+  transaction.Execute("Insert Into LoginId(id,Name) Values(?,?)", id, name);
+  transaction.Execute("Insert Into LoginPassword(id,Password) Values(?,?)", id,
+                      EncodePassword(password));
+}
+
+std::optional<QString> NameOf(Transaction& transaction, int id) {
+  Recordset rows = transaction.Open("Select Name From LoginId Where id=? For Update", id);
+  return rows.Next() ? std::optional(rows.Text(std::size_t{0})) : std::nullopt;
+}
+
+MaybeRefusal SaveIn(Transaction& transaction, User& user) {
+  if (NameIsTaken(transaction, user)) {
+    return Refuse(QT_TRANSLATE_NOOP("Users", "User Already Exits!"), NameField());
+  }
+  user.id = database::ClaimKey(transaction, "LoginId", user.id);
+  Insert(transaction, user.id, user.name, *user.password);
+  return std::nullopt;
+}
+
+}  // namespace
+
+QString AdministratorName() {
+  return QStringLiteral("Administrator");
+}
+
+bool IsAdministrator(const QString& name) {
+  return SameName(name, AdministratorName());
+}
+
+MaybeRefusal CheckPasswordLength(const QString& password, const QString& field) {
+  if (EncodePassword(password).size() > database::TextWidth("LoginPassword", "Password")) {
+    return Refuse(QT_TRANSLATE_NOOP("Users", "Password is too Long."), field);
+  }
+  return std::nullopt;
+}
+
+MaybeRefusal CheckUser(const User& user) {
+  if (user.name.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Users", "Enter Login Id!"), NameField());
+  }
+  if (!user.password || user.password->isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Users", "Enter Password!"), PasswordField());
+  }
+  const std::array cells{
+      TextCell{"Name", QT_TRANSLATE_NOOP("Masters", "Login Id"), user.name, NameField()}};
+  MaybeRefusal refusal = database::CheckTextWidths("LoginId", cells);
+  return refusal ? refusal : CheckPasswordLength(*user.password, PasswordField());
+}
+
+UserBook::UserBook(Connection& connection) : connection_(connection) {}
+
+std::vector<User> UserBook::List() const {
+  std::vector<User> users;
+  for (const auto& row : connection_.Open(
+           "Select id,Name,(Select P.Password From LoginPassword P Where P.id=L.id Limit 1) "
+           "From LoginId L Order By Name,id")) {
+    users.push_back(UserOf(row));
+  }
+  return users;
+}
+
+std::optional<User> UserBook::FindUser(const QString& name) const {
+  Recordset rows = connection_.Open(
+      "Select id,Name,(Select P.Password From LoginPassword P Where P.id=L.id Limit 1) "
+      "From LoginId L Where Name=? Order By id",
+      name);
+  return rows.Next() ? std::optional(UserOf(rows)) : std::nullopt;
+}
+
+MaybeRefusal UserBook::Save(User& user) {
+  if (MaybeRefusal refusal = CheckUser(user)) {
+    return refusal;
+  }
+  User saved;
+  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
+    saved = user;
+    return SaveIn(transaction, saved);
+  });
+  if (!refusal) {
+    user = std::move(saved);
+  }
+  return refusal;
+}
+
+bool UserBook::SetPassword(int id, const QString& password) {
+  bool found = false;
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    const std::optional<QString> name = NameOf(transaction, id);
+    found = name.has_value();
+    if (found) {
+      transaction.Execute("Delete From LoginId Where id=?", id);
+      Insert(transaction, id, *name, password);
+    }
+    return std::nullopt;
+  });
+  return found;
+}
+
+void UserBook::Delete(int id) {
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    transaction.Execute("Delete From LoginId Where id=?", id);
+    transaction.Execute("Delete From LoginPassword Where id=?", id);
+    return std::nullopt;
+  });
+}
+
+QString AskDeleteUser() {
+  return QCoreApplication::translate("Users", "Do you want to Delete this User?");
+}
+
+QString AskExit() {
+  return QCoreApplication::translate("Users", "Do You want to Exit?");
+}
+
+}  // namespace quorvane::users

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace quorvane::users {
+
+/// An ordinary user. The administrator is none.
+struct User {
+  int id = 0;  ///< 0 until it is saved
+  QString name;
+  std::optional<QString> password;  ///< none when none is stored that can be read
+};
+
+/// Name, password, then texts that are too long. Whether the name is free is for the book. The
+/// boxes: "Text1_0" name, "Text1_1" password.
+MaybeRefusal CheckUser(const User& user);
+
+/// The ordinary users in the database. Every save and delete is one transaction; one that is
+/// refused, or that throws DatabaseError, changes nothing.
+class UserBook {
+ public:
+  explicit UserBook(database::Connection& connection);
+
+  /// By name, then by id.
+  std::vector<User> List() const;
+
+  /// The user whom the database takes for that name, without regard to capitals.
+  std::optional<User> FindUser(const QString& name) const;
+
+  /// Writes a new user, or a changed one in place of the old. Sets the id. Refused when another
+  /// user, or the administrator, has that name in whatever capitals.
+  MaybeRefusal Save(User& user);
+
+  /// Gives a stored user another password and leaves the name; false when there is no such user.
+  /// The password is short enough to be stored.
+  bool SetPassword(int id, const QString& password);
+
+  void Delete(int id);
+
+ private:
+  database::Connection& connection_;
+};
+
+/// The administrator's name.
+QString AdministratorName();
+bool IsAdministrator(const QString& name);
+
+/// Refuses a password that is too long to be stored.
+MaybeRefusal CheckPasswordLength(const QString& password, const QString& field);
+
+/// What is asked before a user is deleted and before the set-up window closes.
+QString AskDeleteUser();
+QString AskExit();
+
+}  // namespace quorvane::users

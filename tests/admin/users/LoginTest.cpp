@@ -1,0 +1,196 @@
+#include "admin/users/Login.h"
+#include "masters/Records.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace quorvane;
+using namespace quorvane::users;
+using test::TextOfRefusal;
+
+namespace {
+
+const QString kAccepted = QStringLiteral("accepted");
+const QString kInvalid = QStringLiteral("InVaild Password.");
+
+}  // namespace
+
+class LoginTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void init() {
+    folder_ = std::make_unique<QTemporaryDir>();
+    User user{0, "Ravi", "Secret"};
+    QVERIFY(!UserBook(**database_).Save(user));
+    (*database_)->Execute("Insert Into LoginId Values(2,'NoPassword')");
+  }
+  void cleanup() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
+  void cleanupTestCase() { database_.reset(); }
+
+  void LogInAdmitsWhoKnowsThePassword_data() {
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char* test, const char* stored, const char* name,
+                        const char* password, const QString& text) {
+      QTest::newRow(test) << QString(stored) << QString(name) << QString(password) << text;
+    };
+    row("administrator by default", "", "Administrator", "tavel", kAccepted);
+    row("default in capitals", "", "Administrator", "TAVEL", kInvalid);
+    row("no password at all", "", "Administrator", "", kInvalid);
+    row("administrator's own", "Own'1", "Administrator", "Own'1", kAccepted);
+    row("default after another was set", "Own'1", "Administrator", "tavel", kInvalid);
+    row("user", "", "Ravi", "Secret", kAccepted);
+    row("user in other capitals", "", "RAVI", "Secret", kAccepted);
+    row("password in other capitals", "", "Ravi", "secret", kInvalid);
+    row("no password", "", "Ravi", "", kInvalid);
+    row("user whose password is missing", "", "NoPassword", "", kInvalid);
+    row("unknown user", "", "Nobody", "Secret", QStringLiteral("User Not Found!"));
+    row("statement for a name", "", "' or '1'='1", "Secret", QStringLiteral("User Not Found!"));
+    row("no name", "", "", "", QStringLiteral("User Not Found!"));
+  }
+
+  void LogInAdmitsWhoKnowsThePassword() {
+    QFETCH(const QString, stored);
+    QFETCH(const QString, name);
+    QFETCH(const QString, password);
+    if (!stored.isEmpty()) {
+      Key().SetAdminPass(stored);
+    }
+    const MaybeRefusal refusal = NewLogin().LogIn(name, password);
+    QTEST(TextOfRefusal(refusal), "text");
+    QCOMPARE(test::FieldOfRefusal(refusal), QString(refusal ? "Text1_1" : "none"));
+  }
+
+  void AdministratorNeedsNoUsers() {
+    test::Empty(**database_, {"LoginId", "LoginPassword"});
+    QVERIFY(!NewLogin().LogIn("Administrator", "tavel"));
+  }
+
+  void OnlyTheAdministratorSetsUsersUp_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("administrator") << "Administrator"
+                                   << "tavel" << kAccepted;
+    QTest::newRow("wrong password") << "Administrator"
+                                    << "Tavel"
+                                    << "Invalid Password.";
+    QTest::newRow("user") << "Ravi"
+                          << "Secret"
+                          << "You have no Rights to Enter in SetUp.";
+    QTest::newRow("user with the administrator's password")
+        << "Ravi"
+        << "tavel"
+        << "You have no Rights to Enter in SetUp.";
+  }
+
+  void OnlyTheAdministratorSetsUsersUp() {
+    QFETCH(const QString, name);
+    QFETCH(const QString, password);
+    QTEST(TextOfRefusal(NewLogin().EnterSetUp(name, password)), "text");
+  }
+
+  void FirstBrokenRuleOfAChangeIsNamed_data() {
+    QTest::addColumn<QStringList>("boxes");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("field");
+    const auto row = [](const char* name, const QStringList& boxes, const char* text,
+                        const char* field) {
+      QTest::newRow(name) << boxes << QString(text) << QString(field);
+    };
+    row("nothing", {"", "", "", ""}, "Enter Login ID.", "Text2_0");
+    row("name only", {"Ravi", "", "", ""}, "Enter Old Password.", "Text2_1");
+    row("old only", {"Ravi", "x", "", ""}, "Enter New Password.", "Text2_2");
+    row("not confirmed", {"Nobody", "x", "new", ""}, "Enter Confirm Password.", "Text2_3");
+    row("confirmed otherwise", {"Nobody", "x", "new", "New"},
+        "New Password and Confirm Password not Match.", "Text2_3");
+    row("unknown user", {"Nobody", "x", "new", "new"}, "User Not Found!", "Text2_0");
+    row("wrong old password", {"Ravi", "secret", "new", "new"}, "Old Password is Incorrect.",
+        "Text2_1");
+    row("missing old password", {"NoPassword", "x", "new", "new"}, "Old Password is Incorrect.",
+        "Text2_1");
+    row("administrator's wrong old password", {"Administrator", "Secret", "new", "new"},
+        "Old Password is Incorrect.", "Text2_1");
+    const QString endless(5000, QChar('X'));
+    row("endless password", {"Ravi", "Secret", endless, endless}, "Password is too Long.",
+        "Text2_2");
+  }
+
+  void FirstBrokenRuleOfAChangeIsNamed() {
+    QFETCH(const QStringList, boxes);
+    const QStringList before = test::Contents(**database_, {"LoginId", "LoginPassword"});
+    const MaybeRefusal refusal =
+        NewLogin().ChangePassword({boxes[0], boxes[1], boxes[2], boxes[3]});
+    QTEST(TextOfRefusal(refusal), "text");
+    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(test::Contents(**database_, {"LoginId", "LoginPassword"}), before);
+    QCOMPARE(Key().AdminPass(), QString());
+  }
+
+  void ChangedPasswordIsTheOneThatAdmits_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("old_password");
+    QTest::newRow("user") << "ravi"
+                          << "Secret";
+    QTest::newRow("administrator") << "Administrator"
+                                   << "tavel";
+  }
+
+  void ChangedPasswordIsTheOneThatAdmits() {
+    QFETCH(const QString, name);
+    QFETCH(const QString, old_password);
+    const QString fresh = QStringLiteral("नया, 'n\"ew; \\ =%");
+    QCOMPARE(TextOfRefusal(NewLogin().ChangePassword({name, old_password, fresh, fresh})),
+             kAccepted);
+    QCOMPARE(TextOfRefusal(NewLogin().LogIn(name, fresh)), kAccepted);
+    QCOMPARE(TextOfRefusal(NewLogin().LogIn(name, old_password)), kInvalid);
+    QCOMPARE(test::Rows(**database_, "Select id,Name From LoginId Order By id"),
+             QStringList({"1|Ravi", "2|NoPassword"}));
+  }
+
+  void DelayGrowsWithFailuresInARowUpToABound() {
+    Login login = NewLogin();
+    QCOMPARE(login.Delay().count(), 0);
+    std::chrono::milliseconds before = login.Delay();
+    for (int i = 0; i < 100; ++i) {
+      QVERIFY(login.LogIn("Ravi", "guess"));
+      QVERIFY(login.Delay() > before || login.Delay() == Login::kLongestDelay);
+      QVERIFY(login.Delay() <= Login::kLongestDelay);
+      before = login.Delay();
+    }
+    QVERIFY(before == Login::kLongestDelay);
+    QVERIFY(!login.LogIn("Ravi", "Secret"));
+    QCOMPARE(login.Delay().count(), 0);
+  }
+
+  void EveryWayOfGuessingIsDelayed() {
+    Login login = NewLogin();
+    QVERIFY(login.EnterSetUp("Administrator", "guess"));
+    QVERIFY(login.Delay() == Login::kFirstDelay);
+    QVERIFY(login.ChangePassword({"Ravi", "guess", "a", "a"}));
+    QVERIFY(login.Delay() == 2 * Login::kFirstDelay);
+    QVERIFY(login.LogIn("Nobody", "guess"));
+    QVERIFY(login.Delay() == 4 * Login::kFirstDelay);
+    QVERIFY(login.ChangePassword({"Ravi", "", "a", "a"}));
+    QVERIFY(login.Delay() == 4 * Login::kFirstDelay);
+  }
+
+ private:
+  app::MachineKey Key() const { return app::MachineKey(folder_->filePath("machine.ini")); }
+  Login NewLogin() { return Login(**database_, Key()); }
+
+  std::unique_ptr<test::TestDatabase> database_;
+  std::unique_ptr<QTemporaryDir> folder_;
+};
+
+static const test::RegisterTest<LoginTest> kRegistered;
+
+#include "LoginTest.moc"

@@ -1,0 +1,97 @@
+#include "admin/users/frmLogin.h"
+#include "controls/MessageBoxes.h"
+#include "controls/Style.h"
+#include "core/app/AppInfo.h"
+#include "core/app/MachineKey.h"
+#include "core/app/Session.h"
+#include "ui/main/MDIForm1.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QMessageBox>
+#include <QPointer>
+#include <QScreen>
+#include <QSplashScreen>
+
+namespace {
+
+using namespace quorvane;
+
+app::StartUpOptions Options(const QString& folder, QSplashScreen& splash) {
+  app::StartUpOptions options;
+  options.application_folder = folder;
+  options.shipped_data =
+      app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("shipped"));
+  options.single_copy = true;
+  const QSize screen = QGuiApplication::primaryScreen()->size();
+  options.screen = app::ScreenSize{screen.width(), screen.height()};
+  options.on_first_start = [&splash] {
+    splash.show();
+    splash.showMessage(QCoreApplication::translate("Main", "Making the database folder ..."),
+                       Qt::AlignCenter);
+    QCoreApplication::processEvents();
+  };
+  return options;
+}
+
+/// Shows the main window, after a log-out the login window, and so on until one is closed.
+class Desktop {
+ public:
+  explicit Desktop(app::Session& session) : desk_{session, messages_} {}
+
+  void ShowMainWindow() {
+    main_ = new ui::MDIForm1(desk_);
+    main_->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(main_, &ui::MDIForm1::LoggedOut, main_, [this] { ShowLogin(); });
+    main_->show();
+  }
+
+ private:
+  void ShowLogin() {
+    auto* login =
+        new users::frmLogin(desk_, users::Login(*desk_.session.connection, app::MachineKey()));
+    QObject::connect(login, &users::frmLogin::Admitted, login, [this] { ShowMainWindow(); });
+    login->show();
+  }
+
+  controls::MessageBoxes messages_;
+  controls::Desk desk_;
+  QPointer<ui::MDIForm1> main_;
+};
+
+int Run(QApplication& application, const QString& folder) {
+  QSplashScreen splash(QPixmap(360, 120));
+  try {
+    const std::unique_ptr<app::Session> session = app::StartUp(Options(folder, splash));
+    splash.close();
+    Desktop desktop(*session);
+    desktop.ShowMainWindow();
+    return application.exec();
+  } catch (const std::exception& error) {
+    splash.close();
+    QMessageBox::critical(nullptr, app::TitleText().trimmed(), QString::fromUtf8(error.what()));
+    return 1;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QCoreApplication::setApplicationName(QStringLiteral("quorvane"));
+  QCoreApplication::setApplicationVersion(QLatin1String(app::kVersionText));
+  QCommandLineParser parser;
+  parser.addHelpOption();
+  parser.addVersionOption();
+  const QCommandLineOption data(QStringLiteral("data"),
+                                QStringLiteral("Application folder with the settings and data"),
+                                QStringLiteral("DIR"));
+  parser.addOption(data);
+  parser.process(application);
+  controls::ApplyTheme(application, controls::Theme::kSystem);
+  const QString folder =
+      parser.isSet(data) ? QDir(parser.value(data)).absolutePath()
+                         : app::DefaultApplicationFolder(QCoreApplication::applicationDirPath());
+  return Run(application, folder);
+}

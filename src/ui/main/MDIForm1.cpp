@@ -1,0 +1,398 @@
+#include "ui/main/MDIForm1.h"
+
+#include "controls/ChildWindow.h"
+#include "controls/ProgressDialog.h"
+#include "controls/Style.h"
+#include "controls/ZENButton.h"
+#include "core/app/AppInfo.h"
+#include "core/app/Ini.h"
+#include "portfolio/SafetyCopy.h"
+#include "ui/main/MiscInfo.h"
+#include "ui/main/WindowTable.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace quorvane::ui {
+namespace {
+
+using controls::Answer;
+using controls::Icon;
+using controls::ZENButton;
+
+constexpr int kClockMs = 1000;
+constexpr int kHeadlineMs = 5 * 60 * 1000;
+const QString kMarketRateTool = QStringLiteral("MRate");
+const QString kConverterTool = QStringLiteral("Converter");
+const QString kClientList = QStringLiteral("FrmClientList");
+
+/// The menu items that have a button in the row, and its short caption: the row fits a screen 800
+/// pixels wide.
+struct RowButton {
+  const char* item;
+  const char* caption;
+};
+constexpr RowButton kRowButtons[] = {
+    {"mnuClientInfo", QT_TRANSLATE_NOOP("MainMenu", "Clients")},
+    {"mnuSalePurchaseEntry", QT_TRANSLATE_NOOP("MainMenu", "Bills")},
+    {"mnuStkOpBal", QT_TRANSLATE_NOOP("MainMenu", "Opening")},
+    {"mnuTransferScr", QT_TRANSLATE_NOOP("MainMenu", "Transfers")},
+    {"mnuBrPayment", QT_TRANSLATE_NOOP("MainMenu", "Payments")},
+    {"mnuBrokerLedger", QT_TRANSLATE_NOOP("MainMenu", "Ledger")},
+    {"mnuProfitStatement", QT_TRANSLATE_NOOP("MainMenu", "Profit")},
+    {"mnuCapitalGain", QT_TRANSLATE_NOOP("MainMenu", "Gains")},
+    {"mnuVarReports", QT_TRANSLATE_NOOP("MainMenu", "MIS")},
+    {"mnuAutoUpdateStock", QT_TRANSLATE_NOOP("MainMenu", "Update Stock")}};
+
+QString Caption(const MenuItem& item) {
+  return QCoreApplication::translate("MainMenu", item.caption);
+}
+
+QUrl FeedAddress(const app::Session& session) {
+  const app::IniFile config(session.folders.config_file);
+  return QUrl(
+      config.Read(QStringLiteral("Internet"), QStringLiteral("IndexFeed"),
+                  QStringLiteral("https://www.bseindia.com/sensex/xml-data/sensexrss.xml")));
+}
+
+}  // namespace
+
+MDIForm1::MDIForm1(controls::Desk& desk)
+    : desk_(desk),
+      guard_(desk.messages),
+      area_(new QMdiArea),
+      feed_(FeedAddress(desk.session),
+            desk.session.folders.application + QStringLiteral("/Sensex.xml")),
+      tools_(desk.session.folders.data) {
+  setObjectName(QStringLiteral("MDIForm1"));
+  setWindowTitle(app::TitleText());
+  auto* centre = new QWidget;
+  auto* layout = new QVBoxLayout(centre);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  setCentralWidget(centre);
+  area_->setObjectName(QStringLiteral("MDIExtend1"));
+  area_->setBackground(palette().color(QPalette::Window).darker(106));
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  BuildMenu();
+  BuildHead();
+  layout->addWidget(area_, 1);
+  BuildStatusBar();
+  desk_.open = [this](const QString& name) { Open(name); };
+  resize(1180, 740);
+  StartTimers();
+}
+
+MDIForm1::~MDIForm1() {
+  desk_.open = [](const QString&) {};
+}
+
+void MDIForm1::BuildMenu() {
+  std::map<QString, QMenu*> menus;
+  for (const MenuItem& item : MenuItems()) {
+    const auto heading = menus.find(QLatin1String(item.heading));
+    QWidget* parent = heading == menus.end() ? nullptr : heading->second;
+    QAction* action = nullptr;
+    if (item.action == MenuAction::kHeading) {
+      QMenu* menu = menuBar()->addMenu(Caption(item));
+      menu->setToolTipsVisible(true);
+      menus[QLatin1String(item.name)] = menu;
+      action = menu->menuAction();
+    } else if (parent != nullptr) {
+      action = item.action == MenuAction::kSeparator ? heading->second->addSeparator()
+                                                     : heading->second->addAction(Caption(item));
+    } else {
+      action = menuBar()->addAction(Caption(item));
+    }
+    action->setObjectName(QLatin1String(item.name));
+    if (!CanDo(item)) {
+      action->setEnabled(false);
+      action->setToolTip(tr("Comes with a later release"));
+    }
+    connect(action, &QAction::triggered, this, [this, &item] {
+      guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [this, &item] { Do(item); });
+    });
+  }
+}
+
+bool MDIForm1::CanDo(const MenuItem& item) const {
+  switch (item.action) {
+    case MenuAction::kOpenWindow:
+    case MenuAction::kOpenModal:
+    case MenuAction::kClientSelection:
+      return HasWindow(QLatin1String(item.target));
+    default:
+      return true;
+  }
+}
+
+void MDIForm1::Do(const MenuItem& item) {
+  const QString target = QLatin1String(item.target);
+  switch (item.action) {
+    case MenuAction::kHeading:
+    case MenuAction::kSeparator:
+      return;
+    case MenuAction::kOpenWindow:
+      return Open(target);
+    case MenuAction::kOpenModal:
+      return OpenModal(target);
+    case MenuAction::kClientSelection:
+      return SelectClientFor(target);
+    case MenuAction::kBackUp:
+      return mnuBackUp_Click();
+    case MenuAction::kMiscellaneous:
+      return mnuMisc_Click();
+    case MenuAction::kConverter:
+      return mnuConverter_Click();
+    case MenuAction::kLogOut:
+      return mnuLogOut_Click();
+    case MenuAction::kContact:
+      return mnuContact_Click();
+    case MenuAction::kQuit:
+      return mnuQuit_Click();
+  }
+}
+
+void MDIForm1::BuildHead() {
+  auto* head = new QWidget;
+  auto* rows = new QVBoxLayout(head);
+  rows->setContentsMargins(controls::kMargin, controls::kTightSpacing, controls::kMargin,
+                           controls::kTightSpacing);
+  rows->setSpacing(controls::kTightSpacing);
+  auto* line = new QHBoxLayout;
+  lblSensex = new ZENButton(QStringLiteral("lblSensex"), tr("BSE Market Rate List"));
+  lblSensex->setToolTip(tr("Starts the market-rate tool"));
+  guard_.Connect(lblSensex, &QAbstractButton::clicked, this, &MDIForm1::lblSensex_Click,
+                 QStringLiteral("lblSensex_Click"));
+  auto* updates = new ZENButton(QStringLiteral("LblChkUpdate"), tr("Check For Updates"));
+  guard_.Connect(updates, &QAbstractButton::clicked, this, &MDIForm1::LblChkUpdate_Click,
+                 QStringLiteral("LblChkUpdate_Click"));
+  LblDate = new QLabel;
+  LblDate->setObjectName(QStringLiteral("LblDate"));
+  LblTime = new QLabel;
+  LblTime->setObjectName(QStringLiteral("LblTime"));
+  line->addWidget(lblSensex);
+  line->addWidget(updates);
+  line->addStretch(1);
+  line->addWidget(LblDate);
+  line->addSpacing(controls::kMargin);
+  line->addWidget(LblTime);
+  rows->addLayout(line);
+  button_row_ = new QWidget;
+  button_row_->setObjectName(QStringLiteral("ZENButton1"));
+  auto* row = new QHBoxLayout(button_row_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(controls::kTightSpacing);
+  BuildButtons(row);
+  rows->addWidget(button_row_);
+  qobject_cast<QVBoxLayout*>(centralWidget()->layout())->addWidget(head);
+}
+
+void MDIForm1::BuildButtons(QHBoxLayout* row) {
+  int number = 0;
+  for (const RowButton& entry : kRowButtons) {
+    auto* action = findChild<QAction*>(QLatin1String(entry.item));
+    auto* button = new ZENButton(QStringLiteral("ZENButton1_%1").arg(number++),
+                                 QCoreApplication::translate("MainMenu", entry.caption));
+    button->setEnabled(action->isEnabled());
+    button->setToolTip(action->isEnabled() ? action->text().remove(QLatin1Char('&'))
+                                           : action->toolTip());
+    connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
+    row->addWidget(button);
+  }
+  row->addStretch(1);
+}
+
+void MDIForm1::BuildStatusBar() {
+  statusBar()->setObjectName(QStringLiteral("TXStatusBar1"));
+  for (const QString& panel : {tr("Page"), tr("Line"), tr("Col")}) {
+    auto* label = new QLabel(panel);
+    label->setMinimumWidth(80);
+    statusBar()->addPermanentWidget(label);
+  }
+  statusBar()->showMessage(desk_.session.folders.application);
+}
+
+void MDIForm1::StartTimers() {
+  guard_.Connect(&Timer1, &QTimer::timeout, this, &MDIForm1::Timer1_Timer,
+                 QStringLiteral("Timer1_Timer"));
+  guard_.Connect(&Timer2, &QTimer::timeout, this, &MDIForm1::cmdSensex,
+                 QStringLiteral("cmdSensex"));
+  connect(&feed_, &HeadlineFeed::HeadlineRead, this, &MDIForm1::ShowHeadline);
+  Timer1_Timer();
+  Timer1.start(kClockMs);
+  Timer2.start(kHeadlineMs);
+  cmdSensex();
+}
+
+void MDIForm1::Timer1_Timer() {
+  const QDateTime now = QDateTime::currentDateTime();
+  const QLocale english(QLocale::English);
+  LblTime->setText(english.toString(now.time(), QStringLiteral("hh:mm:ss AP")));
+  LblDate->setText(english.toString(now.date(), QStringLiteral("dddd, MMMM d, yyyy")));
+}
+
+void MDIForm1::cmdSensex() {
+  feed_.Fetch();
+}
+
+void MDIForm1::ShowHeadline(const QString& headline) {
+  lblSensex->setText(headline);
+}
+
+void MDIForm1::lblSensex_Click() {
+  StartTool(kMarketRateTool);
+}
+
+void MDIForm1::mnuConverter_Click() {
+  StartTool(kConverterTool);
+}
+
+void MDIForm1::StartTool(const QString& name) {
+  if (tools_.IsRunning(name)) {
+    desk_.messages.Inform(tr("%1 is running already.").arg(name));
+  } else if (!tools_.Start(name)) {
+    desk_.messages.Refuse(
+        tr("Couldn't start %1. Expected the program as %2.").arg(name, tools_.PathOf(name)));
+  }
+}
+
+void MDIForm1::LblChkUpdate_Click() {
+  desk_.messages.Inform(
+      tr("This is %1.\nThe program never goes to the internet by itself for another release; your "
+         "supplier's page has the newest one.")
+          .arg(app::TitleText().trimmed()));
+}
+
+void MDIForm1::Open(const QString& name) {
+  Show(name);
+}
+
+controls::ChildWindow* MDIForm1::Show(const QString& name) {
+  const auto found = open_.find(name);
+  if (found != open_.end()) {
+    area_->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(found->second->parentWidget()));
+    return found->second;
+  }
+  controls::ChildWindow* child = MakeWindow(name, desk_);
+  if (child == nullptr) {
+    throw std::runtime_error(tr("There is no window %1.").arg(name).toStdString());
+  }
+  open_[name] = child;
+  connect(child, &controls::ChildWindow::Closed, this, [this, name] {
+    open_.erase(name);
+    ChildClosed();
+  });
+  child->OpenIn(*area_);
+  return child;
+}
+
+void MDIForm1::OpenModal(const QString& name) {
+  if (controls::ChildWindow* child = MakeWindow(name, desk_)) {
+    child->OpenModal(this);
+  }
+}
+
+void MDIForm1::SelectClientFor(const QString& target) {
+  EnableButtons(false);
+  desk_.session.target = target;
+  try {
+    Show(kClientList);
+  } catch (...) {
+    EnableButtons(true);
+    throw;
+  }
+}
+
+/// The row waits for the client list and for whatever it opened.
+void MDIForm1::ChildClosed() {
+  if (open_.empty()) {
+    EnableButtons(true);
+  }
+}
+
+void MDIForm1::EnableButtons(bool enabled) {
+  button_row_->setEnabled(enabled);
+}
+
+bool MDIForm1::IsButtonRowEnabled() const {
+  return button_row_->isEnabled();
+}
+
+void MDIForm1::mnuMisc_Click() {
+  (new MiscInfo(desk_))->OpenModal(this);
+}
+
+void MDIForm1::mnuContact_Click() {
+  desk_.messages.Inform(
+      tr("Quorvane\nFor help turn to whoever gave you the program, or read the "
+         "user guide that came with it (docs/user-guide.md)."));
+}
+
+void MDIForm1::mnuBackUp_Click() {
+  desk_.session.target = QStringLiteral("BackUp");
+  const QString window = QStringLiteral("frmBackUpRestore");
+  if (HasWindow(window)) {
+    Open(window);
+    return;
+  }
+  controls::ProgressDialog progress(this);
+  const QString folder =
+      portfolio::MakeSafetyCopy(*desk_.session.connection, desk_.session.folders.application,
+                                QDateTime::currentDateTime(), progress);
+  desk_.messages.Inform(tr("A copy of the portfolio lies in %1.").arg(folder));
+}
+
+void MDIForm1::mnuLogOut_Click() {
+  if (!desk_.messages.Ask(tr("Are You Sure You Want to LogOut?"), Answer::kNo,
+                          Icon::kInformation)) {
+    return;
+  }
+  closing_confirmed_ = true;
+  Q_EMIT LoggedOut();
+  close();
+}
+
+void MDIForm1::mnuQuit_Click() {
+  if (!desk_.messages.Ask(tr("Do You Want to Close the Application?"), Answer::kYes,
+                          Icon::kInformation)) {
+    return;
+  }
+  closing_confirmed_ = true;
+  if (desk_.messages.Ask(tr("Do you Want to take BackUp of Database?"), Answer::kNo,
+                         Icon::kInformation)) {
+    mnuBackUp_Click();
+  } else {
+    close();
+  }
+}
+
+void MDIForm1::closeEvent(QCloseEvent* event) {
+  if (!closing_confirmed_) {
+    event->ignore();
+    if (!desk_.messages.Ask(tr("Do You want to Close the Applicaltion?"), Answer::kNo,
+                            Icon::kInformation)) {
+      return;
+    }
+    if (desk_.messages.Ask(tr("Do you Want to take BackUp of Database?"), Answer::kNo,
+                           Icon::kInformation)) {
+      closing_confirmed_ = true;
+      guard_.Run(QStringLiteral("mnuBackUp_Click"), [this] { mnuBackUp_Click(); });
+      return;
+    }
+  }
+  area_->closeAllSubWindows();
+  // A child that must not close yet, such as one that is still being edited, keeps the frame open.
+  event->setAccepted(area_->subWindowList().isEmpty());
+  closing_confirmed_ = event->isAccepted();
+}
+
+}  // namespace quorvane::ui

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "controls/Desk.h"
+#include "controls/Guard.h"
+#include "ui/main/HeadlineFeed.h"
+#include "ui/main/MenuTable.h"
+#include "ui/main/OutsideTools.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QTimer>
+
+#include <map>
+
+class QHBoxLayout;
+
+namespace quorvane::controls {
+class ChildWindow;
+class ZENButton;
+}  // namespace quorvane::controls
+
+namespace quorvane::ui {
+
+/// The main window: menu, button row, clock, index headline, status bar, and the area in which
+/// every other window opens.
+class MDIForm1 : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MDIForm1(controls::Desk& desk);
+  ~MDIForm1() override;
+
+  /// Opens a window by its name inside this one, or brings it to the front when it is open.
+  void Open(const QString& name);
+
+  /// Stores the target's name and opens the client list for it; the button row waits meanwhile.
+  void SelectClientFor(const QString& target);
+
+  /// Whether the buttons of the row can be pressed.
+  bool IsButtonRowEnabled() const;
+
+ Q_SIGNALS:
+  /// The user has logged out; the window is closing.
+  void LoggedOut();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BuildMenu();
+  void BuildHead();
+  void BuildButtons(QHBoxLayout* row);
+  void BuildStatusBar();
+  void StartTimers();
+  bool CanDo(const MenuItem& item) const;
+  void Do(const MenuItem& item);
+  controls::ChildWindow* Show(const QString& name);
+  void OpenModal(const QString& name);
+  void ChildClosed();
+  void EnableButtons(bool enabled);
+  void StartTool(const QString& name);
+
+  void Timer1_Timer();
+  void cmdSensex();
+  void ShowHeadline(const QString& headline);
+  void lblSensex_Click();
+  void LblChkUpdate_Click();
+  void mnuBackUp_Click();
+  void mnuMisc_Click();
+  void mnuConverter_Click();
+  void mnuLogOut_Click();
+  void mnuContact_Click();
+  void mnuQuit_Click();
+
+  controls::Desk& desk_;
+  controls::Guard guard_;
+  QMdiArea* area_;
+  QWidget* button_row_ = nullptr;
+  QLabel* LblTime = nullptr;
+  QLabel* LblDate = nullptr;
+  controls::ZENButton* lblSensex = nullptr;
+  QTimer Timer1;  ///< the clock
+  QTimer Timer2;  ///< asks for the headline again
+  HeadlineFeed feed_;
+  OutsideTools tools_;
+  std::map<QString, controls::ChildWindow*> open_;  ///< by name
+  bool closing_confirmed_ = false;
+};
+
+}  // namespace quorvane::ui

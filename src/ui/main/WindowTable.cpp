@@ -1,0 +1,62 @@
+#include "ui/main/WindowTable.h"
+
+#include "controls/ChildWindow.h"
+#include "masters/brokers/FrmBroker.h"
+#include "masters/client_list/FrmClientList.h"
+#include "masters/clients/FrmClientMaster.h"
+#include "masters/lookup_masters/FrmLookup.h"
+#include "masters/participants/FrmDepPart.h"
+#include "masters/scrips/FrmScript.h"
+
+#include <functional>
+#include <map>
+
+namespace quorvane::ui {
+namespace {
+
+using controls::ChildWindow;
+using controls::Desk;
+using Maker = std::function<ChildWindow*(Desk&)>;
+
+template <class Window>
+ChildWindow* Make(Desk& desk) {
+  return new Window(desk);
+}
+
+template <lookup_masters::LookupKind kind>
+ChildWindow* MakeLookup(Desk& desk) {
+  return new lookup_masters::FrmLookup(desk, kind);
+}
+
+/// Windows by their names in small letters, and the targets of the menu that need no window of
+/// their own.
+const std::map<QString, Maker>& Makers() {
+  using lookup_masters::LookupKind;
+  static const std::map<QString, Maker> kMakers{
+      {QStringLiteral("frmclientlist"), Make<client_list::FrmClientList>},
+      {QStringLiteral("updatestock"), Make<client_list::FrmClientList>},
+      {QStringLiteral("frmclientmaster"), Make<clients::FrmClientMaster>},
+      {QStringLiteral("frmdeppart"), Make<participants::FrmDepPart>},
+      {QStringLiteral("frmbroker"), Make<brokers::FrmBroker>},
+      {QStringLiteral("frmscript"), Make<scrips::FrmScript>},
+      {QStringLiteral("frmscripttype"), MakeLookup<LookupKind::kScripTypes>},
+      {QStringLiteral("frmscriptcls"), MakeLookup<LookupKind::kScripClasses>},
+      {QStringLiteral("frmexchange"), MakeLookup<LookupKind::kExchanges>},
+      {QStringLiteral("frmsttper"), MakeLookup<LookupKind::kSttPercentages>},
+      {QStringLiteral("frmtransper"), MakeLookup<LookupKind::kTaxPercentages>},
+  };
+  return kMakers;
+}
+
+}  // namespace
+
+bool HasWindow(const QString& name) {
+  return Makers().contains(name.toLower());
+}
+
+ChildWindow* MakeWindow(const QString& name, Desk& desk) {
+  const auto found = Makers().find(name.toLower());
+  return found == Makers().end() ? nullptr : found->second(desk);
+}
+
+}  // namespace quorvane::ui

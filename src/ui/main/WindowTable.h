@@ -1,0 +1,21 @@
+#pragma once
+
+#include "controls/Desk.h"
+
+#include <QString>
+
+namespace quorvane::controls {
+class ChildWindow;
+}
+
+namespace quorvane::ui {
+
+/// Whether the program has a window of that name, or a window that serves that target name; names
+/// are compared without regard to capitals.
+bool HasWindow(const QString& name);
+
+/// Makes the window of a name or of a target; nullptr when there is none. It is not shown yet and
+/// belongs to itself.
+controls::ChildWindow* MakeWindow(const QString& name, controls::Desk& desk);
+
+}  // namespace quorvane::ui

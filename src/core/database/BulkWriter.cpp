@@ -19,14 +19,22 @@ constexpr std::size_t kBytesAtOnce = 16UL * 1024 * 1024;
 /// values next.
 class RowsOfStatement {
  public:
-  RowsOfStatement(SQLHSTMT handle, std::size_t rows) : handle_(handle) { Set(rows); }
+  RowsOfStatement(SQLHSTMT handle, std::size_t rows) : handle_(handle) {
+    ForgetParameters();
+    Set(rows);
+  }
   ~RowsOfStatement() {
     SQLFreeStmt(handle_, SQL_CLOSE);
+    ForgetParameters();
     Set(1);
   }
   RowsOfStatement(const RowsOfStatement&) = delete;
 
  private:
+  /// The driver keeps what it made of the parameters for one number of rows and would send it, past
+  /// its end, for another: a kept statement begins each run without any.
+  void ForgetParameters() { SQLFreeStmt(handle_, SQL_RESET_PARAMS); }
+
   void Set(std::size_t rows) {
     SQLSetStmtAttr(handle_, SQL_ATTR_PARAMSET_SIZE, reinterpret_cast<void*>(SQLULEN{rows}), 0);
   }

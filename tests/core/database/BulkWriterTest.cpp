@@ -56,6 +56,33 @@ class BulkWriterTest : public QObject {
 
   void init() { (*database_)->Execute("Truncate Table Records"); }
 
+  /// One statement text is kept and run for single rows and for batches of any size in turn.
+  void KeptStatementTakesBatchesOfEverySize() {
+    int next = 0;
+    for (int round = 0; round < 200; ++round) {
+      Transaction transaction(**database_);
+      BulkWriter writer(transaction, kInsert, "itd");
+      const int rows = round % 2 == 0 ? 1 : 2 + round * 7 % 23;
+      for (int i = 0; i < rows; ++i, ++next) {
+        writer.Int(next).Text(TextOf(next)).Double(next / 7.0).EndRow();
+      }
+      writer.Finish();
+      if (round % 5 == 0) {
+        transaction.Execute(kInsert, next, TextOf(next), next / 7.0);
+        ++next;
+      }
+      transaction.Commit();
+    }
+    int read = 0;
+    for (const auto& row : (*database_)->Open("Select Id,Name,Amount From Records Order By Id")) {
+      QCOMPARE(row.Int(kFirst), read);
+      QCOMPARE(std::string(row.Utf8(1)), TextOf(read));
+      QCOMPARE(row.Double(2), read / 7.0);
+      ++read;
+    }
+    QCOMPARE(read, next);
+  }
+
   // A batch has 2000 rows.
   void RowsArriveCompleteAndInOrder_data() {
     QTest::addColumn<int>("rows");

@@ -108,6 +108,18 @@ class LotSheetTest : public QObject {
     QCOMPARE(desk_->Contents("Stock"), QStringList());
   }
 
+  void LotOfAnotherAccountIsUnknownHere() {
+    PutLot("Stock", 1, 10, 100);
+    QCOMPARE(TextOf(OnSheet([&](LotSheet& sheet) {
+               const Place here{desk_->of, desk_->account};
+               const Place elsewhere{desk_->of, desk_->second_account};
+               QVERIFY(sheet.Find(here, LotId{1}));
+               QVERIFY(!sheet.Find(elsewhere, LotId{1}));
+               sheet.Take(elsewhere, LotId{1}, desk_->scrip, 1);
+             })),
+             kNegativeReliance);
+  }
+
   void OfTwoRowsOfOneLotTheOlderIsPostedTo() {
     PutLot("Stock", 5, 10, 100);
     PutLot("Stock", 3, 20, 100);

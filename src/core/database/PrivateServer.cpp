@@ -62,13 +62,17 @@ QString ScratchFolder(const QString& folder, const QString& socket) {
   return inside;
 }
 
+QString PidFileArgument(const QString& folder) {
+  return QStringLiteral("--pid-file=") + folder + QStringLiteral("/server.pid");
+}
+
 QStringList ServerArguments(const QString& folder, const QString& socket) {
   QStringList arguments{
       QStringLiteral("--no-defaults"),
       QStringLiteral("--datadir=") + folder + QStringLiteral("/data"),
       QStringLiteral("--socket=") + socket,
       QStringLiteral("--tmpdir=") + ScratchFolder(folder, socket),
-      QStringLiteral("--pid-file=") + folder + QStringLiteral("/server.pid"),
+      PidFileArgument(folder),
       QStringLiteral("--log-error=") + folder + QStringLiteral("/server.log"),
       QStringLiteral("--skip-networking"),
       QStringLiteral("--skip-name-resolve"),
@@ -111,7 +115,7 @@ PrivateServer::PrivateServer(const QString& folder, const std::function<void()>&
     }
     Initialise();
   }
-  if (!Answers()) {
+  if (!AnswersSoon()) {
     Start();
   }
 }
@@ -161,6 +165,22 @@ void PrivateServer::Initialise() {
   if (!QDir().rename(unfinished, File("data"))) {
     throw std::runtime_error("cannot rename " + unfinished.toStdString());
   }
+}
+
+/// A program that was ended while its server came up or went down has left it in the middle. A
+/// second server beside it would wait for the folder, and take it when nobody expects it any more.
+bool PrivateServer::AnswersSoon() const {
+  const auto deadline = std::chrono::steady_clock::now() + kLongestStart;
+  while (!Answers()) {
+    if (platform::FindProcess(PidFileArgument(folder_)) == 0) {
+      return false;
+    }
+    if (std::chrono::steady_clock::now() > deadline) {
+      FailWithLog(QStringLiteral("the database server neither comes up nor ends"));
+    }
+    QThread::msleep(10);
+  }
+  return true;
 }
 
 void PrivateServer::Start() {

@@ -41,6 +41,7 @@ class PrivateServer {
   void Start();
   void WaitUntilReady(std::int64_t process) const;
   bool Answers() const;
+  bool AnswersSoon() const;
   void Stop();
   QString File(const char* name) const;
   [[noreturn]] void FailWithLog(const QString& what) const;

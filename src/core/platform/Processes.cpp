@@ -40,6 +40,19 @@ void AskToEnd(std::int64_t process) {
   }
 }
 
+std::int64_t FindProcess(const QString& argument) {
+  const QByteArray wanted = QFile::encodeName(argument);
+  for (const QString& name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+    const qlonglong process = name.toLongLong();
+    QFile file(QStringLiteral("/proc/%1/cmdline").arg(process));
+    if (process > 0 && file.open(QIODevice::ReadOnly) &&
+        file.readAll().split('\0').contains(wanted)) {
+      return process;
+    }
+  }
+  return 0;
+}
+
 bool IsSuperuser() {
   return geteuid() == 0;
 }

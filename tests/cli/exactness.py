@@ -4,7 +4,7 @@ computation in tests/oracle, to the paisa.
 
     exactness.py [--lines 10000] [--seed S] [unittest options]
 
---lines 100000 takes about a minute and a half. The seed is told, so that a failure can be had again.
+--lines 100000 takes one to two minutes. The seed is told, so that a failure can be had again.
 """
 
 import argparse
@@ -16,10 +16,10 @@ from types import SimpleNamespace
 from ctl import Case, files, generate, rows
 
 import portfolio
-from exact import day, financial_year, money, number
+from exact import day, money, number
 from folder import read
 from ledger import Ledger
-from statement import Choice, Row, remaining, statement
+from statement import Choice, Row, remaining
 
 YEARS = ("2011-12", "2012-13")
 OPTIONS = {"start": "--from", "end": "--to", "charges": "--charges", "fo": "--fo",

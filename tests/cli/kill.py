@@ -13,7 +13,6 @@ import argparse
 import os
 import random
 import shutil
-import signal
 import subprocess
 import sys
 import tempfile

@@ -308,6 +308,7 @@ void GridModel::sort(int column, Qt::SortOrder order) {
     return;
   }
   std::vector<SortKey> keys;
+  keys.reserve(rows_.size());
   for (int row = 0; row < RowCount(); ++row) {
     keys.push_back(SortKeyOf(row, column));
   }

@@ -2,9 +2,12 @@
 
 #include "controls/Style.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QPainter>
 #include <QStyleOption>
+
+#include <algorithm>
 
 namespace quorvane::controls {
 namespace {
@@ -20,8 +23,9 @@ bool HasFocus(const QStyleOption& option) {
 void PaintField(QPainter& painter, const QStyleOption& option) {
   const bool focus = HasFocus(option);
   const QColor edge = focus ? option.palette.color(QPalette::Highlight) : EdgeColor(option.palette);
-  PaintBox(painter, option.rect, option.palette.color(QPalette::Base), edge,
-           focus ? kStrong : kThin);
+  const bool read_only = (option.state & QStyle::State_ReadOnly) != 0;
+  const QColor fill = option.palette.color(read_only ? QPalette::Window : QPalette::Base);
+  PaintBox(painter, option.rect, fill, edge, focus ? kStrong : kThin);
 }
 
 // Boxes inside of a drop-down list or a grid cell have their frame around them already.
@@ -42,6 +46,82 @@ void PaintChevron(QPainter& painter, const QRectF& area, const QColor& color) {
   painter.drawPolyline(
       QPolygonF{middle + QPointF(-4, -2), middle + QPointF(0, 2), middle + QPointF(4, -2)});
   painter.restore();
+}
+
+QRectF Square(const QRect& area) {
+  const double side = std::min(area.width(), area.height());
+  QRectF square(0, 0, side, side);
+  square.moveCenter(QRectF(area).center());
+  return square.adjusted(0.5, 0.5, -0.5, -0.5);
+}
+
+// Box and circle of a choice: an edge that is seen on every ground, and the accent when chosen.
+QColor BeginIndicator(QPainter& painter, const QStyleOption& option) {
+  const bool enabled = (option.state & QStyle::State_Enabled) != 0;
+  const bool on = (option.state & (QStyle::State_On | QStyle::State_NoChange)) != 0;
+  const QPalette& palette = option.palette;
+  const QColor ink = Mix(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.6);
+  const QColor edge = enabled ? ink : EdgeColor(palette);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(on ? palette.color(QPalette::HighlightedText) : edge, kThin));
+  painter.setBrush(palette.color(on ? QPalette::Highlight : QPalette::Base));
+  return palette.color(QPalette::HighlightedText);
+}
+
+void PaintCheckBox(QPainter& painter, const QStyleOption& option) {
+  painter.save();
+  const QColor mark = BeginIndicator(painter, option);
+  const QRectF box = Square(option.rect);
+  painter.drawRoundedRect(box, 3, 3);
+  const double unit = box.width() / 12;
+  painter.setPen(QPen(mark, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  if ((option.state & QStyle::State_On) != 0) {
+    painter.drawPolyline(QPolygonF{box.topLeft() + QPointF(3, 6.2) * unit,
+                                   box.topLeft() + QPointF(5.2, 8.4) * unit,
+                                   box.topLeft() + QPointF(9, 3.8) * unit});
+  } else if ((option.state & QStyle::State_NoChange) != 0) {
+    painter.drawLine(box.topLeft() + QPointF(3, 6) * unit, box.topLeft() + QPointF(9, 6) * unit);
+  }
+  painter.restore();
+}
+
+void PaintRadioButton(QPainter& painter, const QStyleOption& option) {
+  painter.save();
+  const QColor mark = BeginIndicator(painter, option);
+  const QRectF circle = Square(option.rect);
+  painter.drawEllipse(circle);
+  if ((option.state & QStyle::State_On) != 0) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(mark);
+    painter.drawEllipse(circle.center(), circle.width() / 4, circle.height() / 4);
+  }
+  painter.restore();
+}
+
+void PaintViewFrame(QPainter& painter, const QStyleOption& option) {
+  const bool focus = HasFocus(option);
+  const QColor color =
+      focus ? option.palette.color(QPalette::Highlight) : EdgeColor(option.palette);
+  const double width = focus ? kStrong : kThin;
+  const double inset = width / 2;
+  painter.save();
+  painter.setPen(QPen(color, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset));
+  painter.restore();
+}
+
+// The current cell of a table stands on the accent colour itself when its row is selected.
+void PaintFocus(QPainter& painter, const QStyleOption& option) {
+  const bool in_table = (option.state & QStyle::State_Item) != 0;
+  const QColor color =
+      option.palette.color(in_table ? QPalette::HighlightedText : QPalette::Highlight);
+  PaintBox(painter, option.rect, Qt::transparent, color, kStrong);
+}
+
+bool IsView(const QWidget* widget) {
+  return qobject_cast<const QAbstractItemView*>(widget) != nullptr;
 }
 
 void PaintHeading(QPainter& painter, const QStyleOption& option) {
@@ -68,15 +148,25 @@ void PaintBox(QPainter& painter, const QRectF& area, const QColor& fill, const Q
 
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
+  if (element == PE_Frame && IsView(widget)) {
+    PaintViewFrame(*painter, *option);
+    return;
+  }
   switch (element) {
     case PE_PanelLineEdit:
       PaintLineEdit(*painter, *option, widget);
       return;
     case PE_FrameLineEdit:
       return;  // drawn with the panel
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+      PaintCheckBox(*painter, *option);
+      return;
+    case PE_IndicatorRadioButton:
+      PaintRadioButton(*painter, *option);
+      return;
     case PE_FrameFocusRect:
-      PaintBox(*painter, option->rect, Qt::transparent, option->palette.color(QPalette::Highlight),
-               kStrong);
+      PaintFocus(*painter, *option);
       return;
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -106,6 +196,12 @@ void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
   switch (metric) {
+    case PM_DefaultFrameWidth:
+      return IsView(widget) ? 2 : QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_FocusFrameHMargin:
+      return IsView(widget) ? kTightSpacing + 1 : QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_HeaderMargin:
+      return kTightSpacing + 2;
     case PM_LayoutLeftMargin:
     case PM_LayoutTopMargin:
     case PM_LayoutRightMargin:

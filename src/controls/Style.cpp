@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QPalette>
 
+#include <memory>
+
 namespace quorvane::controls {
 namespace {
 
@@ -77,13 +79,13 @@ void SetColors(QApplication& application, Theme theme) {
 class SystemFollower final : public QObject {
  public:
   SystemFollower(QApplication& application, Theme theme)
-      : QObject(&application), application_(application), theme_(theme) {
+      : application_(application), theme_(theme) {
     setObjectName(QStringLiteral("SystemFollower"));
-    application.installEventFilter(this);
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::ThemeChange && watched == &application_) {
+    // It is the windows that are told.
+    if (event->type() == QEvent::ThemeChange && watched->isWindowType()) {
       SetColors(application_, theme_);
     }
     return false;
@@ -99,11 +101,15 @@ class SystemFollower final : public QObject {
 void ApplyTheme(QApplication& application, Theme theme) {
   delete application.findChild<QObject*>(QStringLiteral("SystemFollower"));
   if (dynamic_cast<HouseStyle*>(QApplication::style()) == nullptr) {
-    QApplication::setStyle(new HouseStyle());
+    auto style = std::make_unique<HouseStyle>();
+    style->setParent(&application);
+    QApplication::setStyle(style.release());
   }
   SetColors(application, theme);
   if (theme == Theme::kSystem) {
-    new SystemFollower(application, theme);
+    auto follower = std::make_unique<SystemFollower>(application, theme);
+    application.installEventFilter(follower.get());
+    follower.release()->setParent(&application);
   }
 }
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/database/Connection.h"
+
+#include <QStringList>
+
+#include <fmt/format.h>
+
+namespace quorvane::test {
+
+inline QString TextOfRefusal(const MaybeRefusal& refusal) {
+  return refusal ? refusal->text : QStringLiteral("accepted");
+}
+
+inline QString FieldOfRefusal(const MaybeRefusal& refusal) {
+  return refusal ? refusal->field : QStringLiteral("none");
+}
+
+/// The rows of a query as "a|b|c", in its order.
+inline QStringList Rows(database::Connection& connection, const std::string& sql) {
+  QStringList rows;
+  for (const auto& row : connection.Open(sql)) {
+    QStringList cells;
+    for (std::size_t i = 0; i < row.ColumnCount(); ++i) {
+      cells += row.Text(i);
+    }
+    rows += cells.join(QLatin1Char('|'));
+  }
+  return rows;
+}
+
+/// Every row of the given tables, to see that nothing changed.
+inline QStringList Contents(database::Connection& connection,
+                            std::initializer_list<const char*> tables) {
+  QStringList rows;
+  for (const char* table : tables) {
+    QStringList own = Rows(connection, fmt::format("Select '{0}',T.* From {0} T", table));
+    own.sort();
+    rows += own;
+  }
+  return rows;
+}
+
+inline void Empty(database::Connection& connection, std::initializer_list<const char*> tables) {
+  for (const char* table : tables) {
+    connection.Execute(fmt::format("Delete From {}", table));
+  }
+}
+
+}  // namespace quorvane::test

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "controls/ComboBox.h"
+#include "controls/RecordWindow.h"
+#include "support/RecordingMessages.h"
+#include "support/TestDatabase.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QTest>
+
+#include <memory>
+#include <stdexcept>
+
+namespace quorvane::test {
+
+/// A window of records over a test database, in front and driven by keys and clicks; what it says
+/// and which windows it opens is written down.
+template <class Window>
+class ShownWindow {
+ public:
+  template <class... More>
+  explicit ShownWindow(TestDatabase& database, More... more) {
+    session_.connection = std::make_unique<database::Connection>(database.Settings());
+    session_.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
+    desk_.open = [this](const QString& name) { opened.append(name); };
+    window = new Window(desk_, more...);
+    window->show();
+    window->activateWindow();
+    if (!QTest::qWaitForWindowActive(window)) {
+      throw std::runtime_error("the window does not become active");
+    }
+  }
+  ~ShownWindow() { delete window; }
+  ShownWindow(const ShownWindow&) = delete;
+
+  Window* operator->() const { return window; }
+
+  template <class Control = QLineEdit>
+  Control* Named(const char* name) const {
+    return window->template findChild<Control*>(QLatin1String(name));
+  }
+
+  QString TextIn(const char* name) const {
+    const auto* combo = Named<controls::ComboBox>(name);
+    return combo != nullptr ? combo->currentText() : Named(name)->text();
+  }
+
+  void Click(const char* button) const {
+    QTest::mouseClick(Named<controls::ZENButton>(button), Qt::LeftButton);
+  }
+
+  /// To whatever has the focus by then: the first letter may open an editor in a grid.
+  static void Type(const QString& text) {
+    for (const QChar letter : text) {
+      QTest::keyClick(QApplication::focusWidget(), letter.toLatin1());
+    }
+  }
+  static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  }
+
+  /// Each text into a box, Enter after it.
+  static void Fill(const QStringList& texts) {
+    for (const QString& text : texts) {
+      Type(text);
+      Press(Qt::Key_Return);
+    }
+  }
+
+  /// As a user does it who never leaves the keyboard.
+  void AddByKeyboard(const QStringList& texts) const {
+    QTest::keyClick(window, Qt::Key_N, Qt::ControlModifier);
+    Fill(texts);
+    Press(Qt::Key_S, Qt::ControlModifier);
+  }
+
+  /// Begins to modify the record and types over the text of a box.
+  void Retype(int id, const char* box, const QString& text) const {
+    window->List().SelectId(id);
+    Click("cmdModify");
+    Named(box)->setFocus(Qt::TabFocusReason);
+    Type(text);
+  }
+
+  QStringList ListRow(int row) const {
+    QStringList cells;
+    const controls::GridModel& model = window->List().Model();
+    for (int column = 0; column < model.columnCount(); ++column) {
+      cells.append(model.Text(row, column));
+    }
+    return cells;
+  }
+
+  RecordingMessages messages;
+  QStringList opened;
+  QPointer<Window> window;
+
+ private:
+  app::Session session_;
+  controls::Desk desk_{session_, messages, [] { return *text::MakeDate(15, 11, 2011); }};
+};
+
+}  // namespace quorvane::test

@@ -1,0 +1,193 @@
+#include "core/ledger/Ledger.h"
+#include "masters/Records.h"
+#include "masters/brokers/BrokerBook.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <memory>
+
+using namespace quorvane;
+using namespace quorvane::brokers;
+using test::TextOfRefusal;
+
+namespace {
+
+Broker NewBroker(const QString& name) {
+  Broker broker;
+  broker.name = name;
+  return broker;
+}
+
+/// Stops when that many steps were done.
+class Impatient : public Progress {
+ public:
+  explicit Impatient(std::int64_t patience) : patience_(patience) {}
+  void Step(std::int64_t done) override { done_ = done; }
+  bool Cancelled() const override { return done_ >= patience_; }
+
+ private:
+  std::int64_t patience_;
+  std::int64_t done_ = 0;
+};
+
+}  // namespace
+
+class BrokerBookTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void cleanup() {
+    test::Empty(**database_, {"Broker", "BrOpBal", "BrPayment", "BrRec", "SPMaster", "SPTrans",
+                              "Stock", "Stock_Temp", "ClientInfo"});
+  }
+  void cleanupTestCase() { database_.reset(); }
+
+  void SavedBrokerReadsBackAsItWas() {
+    Broker broker = NewBroker(QStringLiteral("O'BRIEN & SONS \\ शाह"));
+    broker.contact = {"1, FORT\nROAD", "MUMBAI", "MAHARASHTRA", "40000100001", "022", "1", "2", "3",
+                      "a@b.example"};
+    QVERIFY(!Book().Save(broker));
+    QCOMPARE(broker.id.value, 1);
+    const std::optional<Broker> read = Book().Load(broker.id);
+    QVERIFY(read);
+    QCOMPARE(read->name, broker.name);
+    QVERIFY(read->contact == broker.contact);
+  }
+
+  void ChangedBrokerKeepsItsKey() {
+    Broker first = NewBroker("FIRST");
+    Broker second = NewBroker("SECOND");
+    QVERIFY(!Book().Save(first));
+    QVERIFY(!Book().Save(second));
+    second.name = QStringLiteral("RENAMED");
+    QVERIFY(!Book().Save(second));
+    QCOMPARE(test::Rows(**database_, "Select Id,Name From Broker Order By Id"),
+             QStringList({"1|FIRST", "2|RENAMED"}));
+    QCOMPARE(Book().List().size(), std::size_t{2});
+  }
+
+  void BrokenRuleChangesNothing_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("email");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("field");
+    QTest::newRow("no name") << " " << QString(101, QChar('e')) << "Enter Name."
+                             << "Text1_0";
+    QTest::newRow("long e-mail") << "NAME" << QString(101, QChar('e'))
+                                 << "E-Mail is too Long. At Most 100 Characters are Allowed."
+                                 << "Text1_8";
+  }
+
+  void BrokenRuleChangesNothing() {
+    QFETCH(const QString, name);
+    QFETCH(const QString, email);
+    Broker broker = NewBroker("STORED");
+    QVERIFY(!Book().Save(broker));
+    broker.name = name;
+    broker.contact.email = email;
+    const MaybeRefusal refusal = Book().Save(broker);
+    QTEST(TextOfRefusal(refusal), "text");
+    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(Book().List()[0].name, QStringLiteral("STORED"));
+  }
+
+  void DeleteTakesTheBrokersRecordsAndTheirLots() {
+    FillTwoBrokers();
+    Progress progress;
+    Book().Delete(BrokerId{1}, progress);
+    for (const char* table : {"BrOpBal", "BrPayment", "BrRec"}) {
+      QCOMPARE(test::Rows(**database_, fmt::format("Select BrId From {}", table)),
+               QStringList("2"));
+    }
+    QCOMPARE(test::Rows(**database_, "Select Name From Broker"), QStringList("STAYS"));
+    QCOMPARE(test::Rows(**database_, "Select ID From SPMaster"), QStringList("2"));
+    // The bill's lines go by the bill, not by a number that happens to be the broker's.
+    QCOMPARE(test::Rows(**database_, "Select SID,Qty From SPTrans Order By SID"),
+             QStringList({"1|3", "2|5"}));
+    // Every client's lots of every year are what the remaining bills say.
+    QCOMPARE(Lots(), QStringList({"1|2010-11|1|0", "1|2011-12|2|5", "2|2011-12|3|0"}));
+  }
+
+  void BrokerWithoutBillsStillRebuildsTheHoldings() {
+    FillTwoBrokers();
+    (*database_)->Execute("Update Stock Set Qty=99");
+    Broker broker = NewBroker("WITHOUT BILLS");
+    QVERIFY(!Book().Save(broker));
+    Progress progress;
+    Book().Delete(broker.id, progress);
+    QCOMPARE(Lots(), QStringList({"1|2010-11|1|10", "1|2011-12|2|5", "2|2011-12|3|7"}));
+  }
+
+  void CancelledDeleteLeavesEverything_data() {
+    QTest::addColumn<int>("steps");
+    QTest::newRow("at the first step") << 1;
+    QTest::newRow("at the last step") << 5;
+  }
+
+  void CancelledDeleteLeavesEverything() {
+    QFETCH(const int, steps);
+    FillTwoBrokers();
+    const QStringList before = Everything();
+    Impatient progress(steps);
+    QVERIFY_EXCEPTION_THROWN(Book().Delete(BrokerId{1}, progress), Cancellation);
+    QCOMPARE(Everything(), before);
+    // The connection serves again.
+    Progress patient;
+    Book().Delete(BrokerId{1}, patient);
+    QCOMPARE(Book().List().size(), std::size_t{1});
+  }
+
+ private:
+  BrokerBook Book() { return BrokerBook(**database_); }
+
+  QStringList Lots() {
+    return test::Rows(**database_, "Select Cid,Fyear,Id,Qty From Stock Order By Id");
+  }
+
+  QStringList Everything() {
+    return test::Contents(**database_, {"Broker", "BrOpBal", "BrPayment", "BrRec", "SPMaster",
+                                        "SPTrans", "Stock", "Stock_Temp"});
+  }
+
+  /// Broker 1 has the bills 10 and 11 of two clients and years, broker 2 bill 2. A line without a
+  /// header has broker 1's number as its bill.
+  void FillTwoBrokers() {
+    test::TestDatabase& database = *database_;
+    for (const char* name : {"GOES", "STAYS"}) {
+      Broker broker = NewBroker(name);
+      Book().Save(broker);
+      for (const char* table : {"BrOpBal", "BrPayment", "BrRec"}) {
+        database->Execute(fmt::format("Insert Into {}(Cid,Id,BrId) Values(1,?,?)", table),
+                          broker.id, broker.id);
+      }
+    }
+    AddPurchase(10, 1, 1, "2010-11", 1, 10);
+    AddPurchase(2, 2, 1, "2011-12", 2, 5);
+    AddPurchase(11, 1, 2, "2011-12", 3, 7);
+    database->Execute(
+        "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,ScriptId,Qty,Rate) Values(9,'2011-12',1,1,1,1,3,"
+        "100)");
+    database->Execute("Insert Into Stock_Temp(Cid,Fyear,Id) Values(1,'2011-12',1)");
+  }
+
+  void AddPurchase(int bill, int broker, int client, const char* year, int lot, double quantity) {
+    test::TestDatabase& database = *database_;
+    database->Execute("Insert Into SPMaster(Cid,Fyear,ID,BrokId,AcId) Values(?,?,?,?,?)", client,
+                      year, bill, broker, client);
+    database->Execute(
+        "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId,Qty,Rate) "
+        "Values(?,?,?,1,1,?,1,?,100)",
+        client, year, bill, lot, quantity);
+    database->Execute("Insert Into Stock Values(?,?,?,?,1,?,100)", client, year, lot, client,
+                      quantity);
+  }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<BrokerBookTest> kRegistered;
+
+#include "BrokerBookTest.moc"

@@ -1,0 +1,88 @@
+#include "masters/Records.h"
+#include "masters/client_list/ClientList.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+using namespace quorvane;
+using namespace quorvane::client_list;
+
+class ClientListTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void YearsRunFromTheFirstToTheOneOfTheDate_data() {
+    QTest::addColumn<int>("day");
+    QTest::addColumn<int>("month");
+    QTest::addColumn<int>("year");
+    QTest::addColumn<QString>("last");
+    QTest::addColumn<int>("count");
+    QTest::newRow("last day of a year") << 31 << 3 << 2012 << "2011-12" << 7;
+    QTest::newRow("first day of a year") << 1 << 4 << 2012 << "2012-13" << 8;
+    QTest::newRow("in the first year") << 1 << 1 << 2006 << "2005-06" << 1;
+    QTest::newRow("clock before the first year") << 1 << 1 << 1970 << "2005-06" << 1;
+  }
+
+  void YearsRunFromTheFirstToTheOneOfTheDate() {
+    QFETCH(const int, day);
+    QFETCH(const int, month);
+    QFETCH(const int, year);
+    QFETCH(const QString, last);
+    const text::Date today = *text::MakeDate(day, month, year);
+    const std::vector<text::FinancialYear> years = YearsUpTo(today);
+    QCOMPARE(years.front().Text(), QStringLiteral("2005-06"));
+    QCOMPARE(years.back().Text(), last);
+    QTEST(static_cast<int>(years.size()), "count");
+    QCOMPARE(DefaultYear(today).Text(), last);
+    for (std::size_t i = 1; i < years.size(); ++i) {
+      QVERIFY(years[i] == years[i - 1].Next());
+    }
+  }
+
+  void TargetOpensItsWindow_data() {
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QString>("window");
+    QTest::newRow("receipts share the payments' window") << "FrmBrRec"
+                                                         << "FrmBrPayment";
+    QTest::newRow("transaction report") << "RPTTRANSACTION"
+                                        << "RptDMatStatement";
+    QTest::newRow("capital gains") << "rptcapitalgain"
+                                   << "RptProfitStatement";
+    QTest::newRow("bills") << "FrmSalePurchase"
+                           << "FrmSalePurchase";
+    QTest::newRow("rebuild") << "updatestock"
+                             << "no window";
+    QTest::newRow("unknown") << "BackUp"
+                             << "unknown";
+    QTest::newRow("nothing") << ""
+                             << "unknown";
+  }
+
+  void TargetOpensItsWindow() {
+    QFETCH(const QString, target);
+    const std::optional<Target> found = FindTarget(target);
+    const char* window = found && found->window == nullptr ? "no window" : "unknown";
+    QTEST(QString(found && found->window != nullptr ? found->window : window), "window");
+  }
+
+  void UpdateRebuildsOnlyTheChosenClientAndYear() {
+    test::TestDatabase database;
+    int lot = 0;
+    for (const auto& [client, year] : {std::pair{1, "2011-12"}, {1, "2010-11"}, {2, "2011-12"}}) {
+      database->Execute(
+          "Insert Into StkOpBal(CId,Fyear,Id,ScriptId,Qty,Rate,AcId) Values(?,?,?,1,10,100,?)",
+          client, year, ++lot, client);
+      database->Execute("Insert Into Stock Values(?,?,?,?,1,99,100)", client, year, lot, client);
+    }
+    Progress progress;
+    QCOMPARE(UpdateStock(*database, {ClientId{1}, text::FinancialYear(2011)}, progress),
+             QStringLiteral("Stock is Updated Successfully !!!"));
+    QCOMPARE(test::Rows(*database, "Select Cid,Fyear,Qty From Stock Order By Cid,Fyear"),
+             QStringList({"1|2010-11|99", "1|2011-12|10", "2|2011-12|99"}));
+  }
+};
+
+static const test::RegisterTest<ClientListTest> kRegistered;
+
+#include "ClientListTest.moc"

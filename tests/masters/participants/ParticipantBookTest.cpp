@@ -1,0 +1,162 @@
+#include "masters/Records.h"
+#include "masters/participants/ParticipantBook.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <memory>
+
+using namespace quorvane;
+using namespace quorvane::participants;
+using test::TextOfRefusal;
+
+namespace {
+
+Participant NewParticipant(const QString& name, const QStringList& dp_ids = {}) {
+  Participant participant;
+  participant.name = name;
+  for (const QString& text : dp_ids) {
+    participant.dp_ids.push_back({{}, text});
+  }
+  return participant;
+}
+
+}  // namespace
+
+class ParticipantBookTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void cleanup() { test::Empty(**database_, {"DepPart", "DpIDs", "ClientActDet"}); }
+  void cleanupTestCase() { database_.reset(); }
+
+  void SavedParticipantReadsBackAsItWas() {
+    Participant participant =
+        NewParticipant(QStringLiteral("O'BRIEN \\ मेहता"), {QStringLiteral("IN'30"), "मे1"});
+    participant.contact = {"1, FORT\nROAD", "MUMBAI", "MAHARASHTRA", "40000100001",
+                           "022",           "1",      "2",           "3",
+                           "a@b.example"};
+    participant.person = QStringLiteral("D'SOUZA");
+    participant.designation = QStringLiteral("MANAGER");
+    participant.depository = 1;
+    QVERIFY(!Book().Save(participant));
+    QCOMPARE(participant.id.value, 1);
+
+    const std::optional<Participant> read = Book().Load(participant.id);
+    QVERIFY(read);
+    QCOMPARE(read->name, participant.name);
+    QVERIFY(read->contact == participant.contact);
+    QCOMPARE(read->person, participant.person);
+    QCOMPARE(read->designation, participant.designation);
+    QCOMPARE(read->depository, 1);
+    QCOMPARE(DpIds(), QStringList({"1|1|IN'30", "1|2|मे1"}));
+    QCOMPARE(Book().FindDpId(participant.id, "IN'30").value, 1);
+    QCOMPARE(Book().FindDpId(ParticipantId{2}, "IN'30").value, 0);
+  }
+
+  void FirstBrokenRuleChangesNothing_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("dp_id");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("field");
+    const QString long_id(101, QChar('1'));
+    QTest::newRow("no name") << "" << long_id << "Enter Name."
+                             << "Text1_0";
+    QTest::newRow("name of blanks") << "  "
+                                    << "IN1"
+                                    << "Enter Name."
+                                    << "Text1_0";
+    QTest::newRow("long name") << QString(256, QChar('X')) << "IN1"
+                               << "Name is too Long. At Most 255 Characters are Allowed."
+                               << "Text1_0";
+    QTest::newRow("long DP id") << "NAME" << long_id
+                                << "DP Id is too Long. At Most 100 Characters are Allowed."
+                                << "VS";
+  }
+
+  void FirstBrokenRuleChangesNothing() {
+    QFETCH(const QString, name);
+    QFETCH(const QString, dp_id);
+    Participant stored = NewParticipant("STORED", {"IN1"});
+    QVERIFY(!Book().Save(stored));
+    const QStringList before = test::Contents(**database_, {"DepPart", "DpIDs"});
+    Participant participant = NewParticipant(name, {dp_id});
+    participant.id = stored.id;
+    const MaybeRefusal refusal = Book().Save(participant);
+    QTEST(TextOfRefusal(refusal), "text");
+    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(test::Contents(**database_, {"DepPart", "DpIDs"}), before);
+  }
+
+  void DpIdsKeepTheirNumbers() {
+    Participant first = NewParticipant("FIRST", {"A", "B", "C"});
+    Participant second = NewParticipant("SECOND", {"A"});
+    QVERIFY(!Book().Save(first));
+    QVERIFY(!Book().Save(second));
+    QCOMPARE(second.dp_ids[0].id.value, 4);
+
+    first.name = QStringLiteral("RENAMED");
+    first.dp_ids.erase(first.dp_ids.begin() + 1);
+    first.dp_ids[1].text = QStringLiteral("C/1");
+    first.dp_ids.push_back({{}, "D"});
+    first.dp_ids.push_back({{}, " "});
+    QVERIFY(!Book().Save(first));
+    QCOMPARE(first.id.value, 1);
+    QCOMPARE(DpIds(), QStringList({"1|1|A", "1|3|C/1", "1|5|D", "2|4|A"}));
+  }
+
+  void RemovedDpIdsNumberIsNotGivenToOneAddedInTheSameSave() {
+    Participant participant = NewParticipant("FIRST", {"A", "B"});
+    QVERIFY(!Book().Save(participant));
+    participant.dp_ids.back() = {{}, "C"};
+    QVERIFY(!Book().Save(participant));
+    QCOMPARE(DpIds(), QStringList({"1|1|A", "1|3|C"}));
+  }
+
+  void ListIsByName() {
+    for (const char* name : {"beta", "ALPHA", "Gamma"}) {
+      Participant participant = NewParticipant(name);
+      QVERIFY(!Book().Save(participant));
+    }
+    QStringList names;
+    for (const Participant& participant : Book().List()) {
+      names << participant.name;
+    }
+    QCOMPARE(names, QStringList({"ALPHA", "beta", "Gamma"}));
+  }
+
+  void EmptyColumnsReadAsEmpty() {
+    (*database_)->Execute("Insert Into DepPart(Id) Values(7)");
+    const std::optional<Participant> read = Book().Load(ParticipantId{7});
+    QVERIFY(read);
+    QCOMPARE(read->name, QString());
+    QVERIFY(read->contact == masters::Contact());
+    QCOMPARE(read->depository, 0);
+    QVERIFY(!Book().Load(ParticipantId{8}));
+  }
+
+  void DeleteLeavesClientsAccounts() {
+    Participant gone = NewParticipant("GONE", {"A"});
+    Participant stays = NewParticipant("STAYS", {"B"});
+    QVERIFY(!Book().Save(gone));
+    QVERIFY(!Book().Save(stays));
+    (*database_)->Execute("Insert Into ClientActDet Values(1,1,?,1,'1001')", gone.id);
+    Book().Delete(gone.id);
+    QCOMPARE(DpIds(), QStringList("2|2|B"));
+    QCOMPARE(test::Rows(**database_, "Select Name From DepPart"), QStringList("STAYS"));
+    QCOMPARE(test::Rows(**database_, "Select * From ClientActDet"), QStringList("1|1|1|1|1001"));
+  }
+
+ private:
+  ParticipantBook Book() { return ParticipantBook(**database_); }
+
+  QStringList DpIds() { return test::Rows(**database_, "Select * From DpIDs Order By DepId,id"); }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<ParticipantBookTest> kRegistered;
+
+#include "ParticipantBookTest.moc"

@@ -1,0 +1,143 @@
+#include "masters/Records.h"
+#include "masters/scrips/ScripBook.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace quorvane;
+using namespace quorvane::scrips;
+using test::TextOfRefusal;
+
+namespace {
+
+using Edit = std::function<void(Scrip&)>;
+
+const QString kTaken = QStringLiteral("Script Code Already Exists.");
+
+Scrip NewScrip(const QString& code, const QString& name = QStringLiteral("NAME")) {
+  return {{}, code, name, {}, 1, 2};
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Edit)
+
+class ScripBookTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void cleanup() {
+    test::Empty(**database_, {"Script", "ScrTransfer", "SPMaster", "SPTrans", "StkOpBal", "Stock",
+                              "MarketRate"});
+  }
+  void cleanupTestCase() { database_.reset(); }
+
+  void FirstBrokenRuleIsNamed_data() {
+    QTest::addColumn<Edit>("edit");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("field");
+    const auto row = [](const char* name, const char* text, const char* field, Edit edit) {
+      QTest::newRow(name) << std::move(edit) << QString(text) << QString(field);
+    };
+    row("complete", "accepted", "none", [](Scrip&) {});
+    row("nothing at all", "Enter Script Code.", "Text1_0", [](Scrip& s) { s = {}; });
+    row("code only", "Enter Script Name.", "Text1_1",
+        [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
+    row("no type, no class", "Select Script Type.", "Combo1",
+        [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
+    row("no class", "Select Script Class.", "Combo2", [](Scrip& s) { s.scrip_class = 0; });
+    row("long second code", "Second Script Code is too Long. At Most 255 Characters are Allowed.",
+        "Text1_2", [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
+  }
+
+  void FirstBrokenRuleIsNamed() {
+    QFETCH(const Edit, edit);
+    Scrip scrip = NewScrip("500325");
+    edit(scrip);
+    const MaybeRefusal refusal = Book().Save(scrip);
+    QTEST(TextOfRefusal(refusal), "text");
+    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(Book().List().size(), refusal ? std::size_t{0} : std::size_t{1});
+  }
+
+  void RowHoldsTheValuesInTheirColumns() {
+    Scrip scrip = NewScrip("M&M'S", "महिंद्रा \\ \"M\"");
+    QVERIFY(!Book().Save(scrip));
+    Scrip second = NewScrip("500209", "INFOSYS");
+    second.second_code = QStringLiteral("INFY");
+    QVERIFY(!Book().Save(second));
+    QCOMPARE(test::Rows(**database_, "Select * From Script Order By Id"),
+             QStringList({"1|M&M'S|महिंद्रा \\ \"M\"|1|2|", "2|500209|INFOSYS|1|2|INFY"}));
+    QCOMPARE(Book().Load(second.id)->second_code, QStringLiteral("INFY"));
+    QCOMPARE(Book().List().front().name, QStringLiteral("INFOSYS"));
+  }
+
+  void CodeOfAnotherScripIsRefused() {
+    Scrip first = NewScrip("O'N");
+    Scrip second = NewScrip("500209");
+    QVERIFY(!Book().Save(first));
+    QVERIFY(!Book().Save(second));
+    const QStringList before = test::Contents(**database_, {"Script"});
+    Scrip fresh = NewScrip("o'n ");
+    QCOMPARE(TextOfRefusal(Book().Save(fresh)), kTaken);
+    second.code = QStringLiteral("O'N");
+    QCOMPARE(TextOfRefusal(Book().Save(second)), kTaken);
+    QCOMPARE(test::Contents(**database_, {"Script"}), before);
+    first.name = QStringLiteral("UNDER ITS OWN CODE");
+    QVERIFY(!Book().Save(first));
+    QCOMPARE(first.id.value, 1);
+    QCOMPARE(Book().Load(first.id)->name, first.name);
+  }
+
+  void ScripOfAnOlderReleaseReadsWithoutASecondCode() {
+    const ScripId id = database_->AddScrip("500325", "RELIANCE");
+    QCOMPARE(Book().Load(id)->second_code, QString());
+    (*database_)->Execute("Insert Into Script(Id,NCode) Values(9,Null)");
+    QCOMPARE(Book().Load(ScripId{9})->code, QString());
+    QCOMPARE(Book().Load(ScripId{9})->type, 0);
+  }
+
+  void DeleteTakesTheBillsHeaderButLeavesOtherScripsLines() {
+    Scrip gone = NewScrip("1");
+    Scrip stays = NewScrip("2");
+    QVERIFY(!Book().Save(gone));
+    QVERIFY(!Book().Save(stays));
+    // Bill 1 holds both scrips, bill 2 the first twice, bill 3 the other alone.
+    for (const auto& [bill, scrip] : {std::pair{1, 1}, {1, 2}, {2, 1}, {2, 1}, {3, 2}}) {
+      (*database_)->Execute("Insert Into SPTrans(SID,ScriptId) Values(?,?)", bill, scrip);
+    }
+    for (const int bill : {1, 2, 3}) {
+      (*database_)->Execute("Insert Into SPMaster(ID) Values(?)", bill);
+    }
+    for (const int scrip : {1, 2}) {
+      (*database_)->Execute("Insert Into ScrTransfer(ScrId) Values(?)", scrip);
+      (*database_)->Execute("Insert Into StkOpBal(ScriptId) Values(?)", scrip);
+      (*database_)->Execute("Insert Into Stock(ScriptId) Values(?)", scrip);
+      (*database_)->Execute("Insert Into MarketRate(ScrId) Values(?)", scrip);
+    }
+    Book().Delete(gone.id);
+    QCOMPARE(test::Rows(**database_, "Select SID,ScriptId From SPTrans Order By SID"),
+             QStringList({"1|2", "3|2"}));
+    QCOMPARE(test::Rows(**database_, "Select ID From SPMaster"), QStringList("3"));
+    const QStringList other("2");
+    QCOMPARE(test::Rows(**database_, "Select Id From Script"), other);
+    QCOMPARE(test::Rows(**database_, "Select ScrId From ScrTransfer"), other);
+    QCOMPARE(test::Rows(**database_, "Select ScriptId From StkOpBal"), other);
+    QCOMPARE(test::Rows(**database_, "Select ScriptId From Stock"), other);
+    QCOMPARE(test::Rows(**database_, "Select ScrId From MarketRate"), other);
+  }
+
+ private:
+  ScripBook Book() { return ScripBook(**database_); }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<ScripBookTest> kRegistered;
+
+#include "ScripBookTest.moc"

@@ -40,13 +40,19 @@ void AskToEnd(std::int64_t process) {
   }
 }
 
+/// The folder in which the process works was deleted; one that has its name now is another.
+static bool LostItsFolder(qlonglong process) {
+  return QFile::symLinkTarget(QStringLiteral("/proc/%1/cwd").arg(process))
+      .endsWith(QLatin1String(" (deleted)"));
+}
+
 std::int64_t FindProcess(const QString& argument) {
   const QByteArray wanted = QFile::encodeName(argument);
   for (const QString& name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
     const qlonglong process = name.toLongLong();
     QFile file(QStringLiteral("/proc/%1/cmdline").arg(process));
     if (process > 0 && file.open(QIODevice::ReadOnly) &&
-        file.readAll().split('\0').contains(wanted)) {
+        file.readAll().split('\0').contains(wanted) && !LostItsFolder(process)) {
       return process;
     }
   }

@@ -13,8 +13,8 @@ bool IsRunning(std::int64_t process);
 /// Asks a process to end in good order (on POSIX: SIGTERM).
 void AskToEnd(std::int64_t process);
 
-/// A process that runs and was started with exactly this argument; 0 when there is none, or the
-/// system does not tell.
+/// A process that runs, was started with exactly this argument and still has the folder it works
+/// in; 0 when there is none, or the system does not tell.
 std::int64_t FindProcess(const QString& argument);
 
 /// True for the superuser, whom some servers refuse to serve unless told to.

@@ -148,7 +148,10 @@ void PrivateServer::Initialise() {
   process.setProcessChannelMode(QProcess::MergedChannels);
   QStringList arguments{QStringLiteral("--no-defaults"),
                         QStringLiteral("--auth-root-authentication-method=normal"),
-                        QStringLiteral("--skip-test-db"), QStringLiteral("--datadir=./data.new")};
+                        QStringLiteral("--skip-test-db"),
+                        // A machine may know no name, not even its own: the server has no network.
+                        QStringLiteral("--skip-name-resolve"), QStringLiteral("--force"),
+                        QStringLiteral("--datadir=./data.new")};
   if (platform::IsSuperuser()) {
     arguments << QStringLiteral("--user=root");
   }

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "bench/Office.h"
+#include "bench/Table.h"
+
+#include <QStringList>
+
+#include <cstddef>
+#include <span>
+
+namespace quorvane::bench {
+
+/// The statement of every client, in a process of its own (StatementProcess) because of its peak
+/// of memory, and the rebuild of all holdings, both beside a raw read of the same rows.
+void MeasureStatementAndRebuild(Table& table, const Office& office, const Portfolio& portfolio);
+
+/// What the measuring process does: `arguments` are the server's socket, the database and a file
+/// for the statement.
+int StatementProcess(const QStringList& arguments);
+
+void MeasureImport(Table& table, const Office& office, const Portfolio& portfolio);
+void MeasureMatching(Table& table, std::span<const std::size_t> line_counts);
+void MeasureBill(Table& table, const Office& office);
+void MeasureStart(Table& table);
+
+}  // namespace quorvane::bench

@@ -3,12 +3,14 @@
 #include "masters/clients/DocumentKind.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QPdfDocument>
 
 #include <algorithm>
 #include <cmath>
+#include <mutex>
 #include <stdexcept>
 
 namespace quorvane::clients {
@@ -17,6 +19,8 @@ namespace {
 constexpr double kPoint = 96.0 / 72.0;  // device-independent pixels
 constexpr double kSharpness = 2.0;      // pixels rendered for each of them
 constexpr double kMostPixels = 24e6;    // of a rendered page
+constexpr int kMostMegabytes = 256;     // of a picture in memory
+constexpr qint64 kPdfHeader = 1024;     // bytes within which the signature stands
 constexpr int kSmallestLevel = 256;
 
 [[noreturn]] void Fail(const char* text) {
@@ -35,7 +39,13 @@ std::vector<QImage> LevelsOf(const QImage& image) {
 
 bool IsTooLarge(const QSize& size) {
   const double bytes = 4.0 * size.width() * size.height();
-  return size.isValid() && bytes > QImageReader::allocationLimit() * 1024.0 * 1024.0;
+  return size.isValid() && bytes > kMostMegabytes * 1024.0 * 1024.0;
+}
+
+/// A colour scan of a page at 600 dots an inch is larger than what is allowed by default.
+void AllowLargeScans() {
+  static std::once_flag once;
+  std::call_once(once, [] { QImageReader::setAllocationLimit(kMostMegabytes); });
 }
 
 bool HasPluginFor(const QString& path) {
@@ -44,6 +54,7 @@ bool HasPluginFor(const QString& path) {
 }
 
 DocumentPage ReadImage(const QString& path, int number) {
+  AllowLargeScans();
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
@@ -65,7 +76,15 @@ DocumentPage ReadImage(const QString& path, int number) {
   return {.levels = LevelsOf(image), .actual = image.size(), .number = number, .count = count};
 }
 
+bool BeginsAsPdf(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) && file.read(kPdfHeader).contains("%PDF-");
+}
+
 void Load(QPdfDocument& document, const QString& path) {
+  if (!BeginsAsPdf(path)) {
+    Fail(QT_TRANSLATE_NOOP("Clients", "The PDF Document is Broken."));
+  }
   switch (document.load(path)) {
     case QPdfDocument::Error::None:
       return;

@@ -19,7 +19,7 @@ struct DocumentText {
 
 /// What reading a text may cost, and where the programs that convert it are.
 struct TextLimits {
-  std::int64_t most_bytes = 1024 * 1024;     ///< of the text, after conversion
+  std::int64_t most_bytes = 1'024'000;       ///< of the text, after conversion
   std::chrono::milliseconds longest{15000};  ///< of a conversion
   std::function<QString(const QString&)> find_program = platform::FindProgram;
 };

@@ -13,7 +13,6 @@
 #include <QPrinter>
 #include <QPromise>
 #include <QStackedLayout>
-#include <QTextBrowser>
 #include <QThreadPool>
 
 #include <stdexcept>
@@ -21,27 +20,6 @@
 
 namespace quorvane::clients {
 namespace {
-
-constexpr int kLight = 128;
-
-/// Shows what it is given and opens nothing by itself.
-class TextPane final : public QTextBrowser {
- public:
-  TextPane() {
-    setOpenLinks(false);
-    setUndoRedoEnabled(false);
-    setAccessibleName(tr("Text of the document"));
-  }
-
-  // An empty answer keeps the document from looking at the disk by itself; pictures within the
-  // document ("data:") it reads when there is no answer.
-  QVariant loadResource(int /*type*/, const QUrl& name) override {
-    return name.scheme() == QLatin1String("data") ? QVariant() : QVariant(QByteArray(""));
-  }
-
- protected:
-  void doSetSource(const QUrl& /*name*/, QTextDocument::ResourceType /*type*/) override {}
-};
 
 /// What speaks against a file before it is read.
 QString Objection(const QString& path) {
@@ -67,8 +45,8 @@ DocumentViewer::DocumentViewer(TextLimits limits, QWidget* parent)
       limits_(std::move(limits)),
       stack_(new QStackedLayout()),
       pages_(new DocumentPageView()),
-      text_(new TextPane()),
-      page_bar_(PageBar()) {
+      text_(new DocumentTextPane()) {
+  page_bar_ = PageBar();
   background_ = palette().color(QPalette::Mid);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -119,8 +97,7 @@ void DocumentViewer::Open(const QString& path) {
 void DocumentViewer::Clear(const QString& hint) {
   Forget();
   path_.clear();
-  has_text_ = false;
-  text_->clear();
+  text_->Empty();
   pages_->Straighten();
   pages_->Clear(hint);
   stack_->setCurrentWidget(pages_);
@@ -153,7 +130,8 @@ DocumentViewer::Reading DocumentViewer::Read(const QString& path, int page,
                                              const std::atomic<bool>& cancelled) {
   try {
     if (KindOf(path) == DocumentKind::kText) {
-      return {.contents = ReadDocumentText(path, limits, cancelled), .failure = {}};
+      return {.contents = MakeTextDocument(ReadDocumentText(path, limits, cancelled)),
+              .failure = {}};
     }
     return {.contents = ReadDocumentPage(path, page), .failure = {}};
   } catch (const std::exception& error) {
@@ -168,8 +146,8 @@ void DocumentViewer::Take(Reading reading) {
   }
   if (auto* page = std::get_if<DocumentPage>(&reading.contents)) {
     ShowPage(std::move(*page));
-  } else if (const auto* text = std::get_if<DocumentText>(&reading.contents)) {
-    ShowText(*text);
+  } else {
+    ShowText(std::get<Text>(std::move(reading.contents)));
   }
   Q_EMIT Changed();
   Q_EMIT Opened();
@@ -181,13 +159,8 @@ void DocumentViewer::ShowPage(DocumentPage page) {
   ShowPageBar();
 }
 
-void DocumentViewer::ShowText(const DocumentText& text) {
-  if (text.is_html) {
-    text_->setHtml(text.contents);
-  } else {
-    text_->setPlainText(text.contents);
-  }
-  has_text_ = true;
+void DocumentViewer::ShowText(Text text) {
+  text_->Show(std::move(text));
   pages_->Clear({});
   stack_->setCurrentWidget(text_);
 }
@@ -229,10 +202,7 @@ void DocumentViewer::PreviousPage() {
 void DocumentViewer::SetBackgroundColor(const QColor& color) {
   background_ = color;
   pages_->SetBackgroundColor(color);
-  QPalette palette = text_->palette();
-  palette.setColor(QPalette::Base, color);
-  palette.setColor(QPalette::Text, color.lightness() < kLight ? Qt::white : Qt::black);
-  text_->setPalette(palette);
+  text_->SetBackgroundColor(color);
 }
 
 void DocumentViewer::PrintImage(QPrinter& printer, Progress& progress) const {

@@ -2,6 +2,7 @@
 
 #include "masters/clients/DocumentPageView.h"
 #include "masters/clients/DocumentText.h"
+#include "masters/clients/DocumentTextPane.h"
 
 #include <QFutureWatcher>
 #include <QWidget>
@@ -13,7 +14,6 @@
 class QLabel;
 class QPrinter;
 class QStackedLayout;
-class QTextBrowser;
 
 namespace quorvane {
 class Progress;
@@ -45,7 +45,7 @@ class DocumentViewer : public QWidget {
 
   bool IsEmpty() const { return !HasPages() && !HasText(); }
   bool HasPages() const { return !pages_->Page().IsEmpty(); }
-  bool HasText() const { return has_text_; }
+  bool HasText() const { return text_->IsShowing(); }
 
   /// Counted from 0, and how many there are; 0 and 0 without pages.
   int PageNumber() const { return pages_->Page().number; }
@@ -73,8 +73,9 @@ class DocumentViewer : public QWidget {
   void Changed();
 
  private:
+  using Text = std::shared_ptr<QTextDocument>;
   struct Reading {
-    std::variant<std::monostate, DocumentPage, DocumentText> contents;
+    std::variant<Text, DocumentPage> contents;
     QString failure;
   };
 
@@ -86,21 +87,20 @@ class DocumentViewer : public QWidget {
   void Forget();
   void Take(Reading reading);
   void ShowPage(DocumentPage page);
-  void ShowText(const DocumentText& text);
+  void ShowText(Text text);
   void ShowPageBar();
   void Fail(const QString& text);
   void PrintPages(QPrinter& printer, Progress& progress) const;
 
   TextLimits limits_;
   QString path_;
-  bool has_text_ = false;
   QColor background_;
   std::shared_ptr<std::atomic<bool>> cancelled_;
   QFutureWatcher<Reading> reading_;
   QStackedLayout* stack_;
   DocumentPageView* pages_;
-  QTextBrowser* text_;
-  QWidget* page_bar_;
+  DocumentTextPane* text_;
+  QWidget* page_bar_ = nullptr;
   QLabel* page_label_ = nullptr;
   controls::ZENButton* previous_ = nullptr;
   controls::ZENButton* next_ = nullptr;

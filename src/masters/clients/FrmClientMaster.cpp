@@ -1,16 +1,11 @@
 #include "masters/clients/FrmClientMaster.h"
 
-#include "controls/Style.h"
-#include "core/lookups/Choices.h"
 #include "core/lookups/StateList.h"
 #include "masters/Completions.h"
 #include "masters/Questions.h"
-#include "masters/clients/DocumentKind.h"
 
-#include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
@@ -22,34 +17,12 @@ namespace {
 
 using controls::ComboBox;
 using controls::FieldLayout;
-using controls::Grid;
-using controls::GridModel;
 using controls::Row;
 using controls::TextBox;
 using controls::ZENButton;
 
-enum AccountColumn { kParticipant, kDpId, kNumber };
-
-constexpr int kFieldColumns = 2;
-constexpr int kWholeRow = 2;
-constexpr int kFieldShare = 3;  // of the window's width, to the accounts' share
-constexpr int kAccountShare = 2;
-
-/// With an empty line to take a choice back, and so that a cell without choices takes no text.
-QString WithNone(const QString& choices) {
-  return QStringLiteral("#0;|") + choices;
-}
-
-/// The key of the only record in a list of choices; 0 when there is none or more.
-int OnlyChoice(const QString& choices) {
-  const controls::ValueList list(choices);
-  return list.Items().size() == 1 ? list.Items().front().id : 0;
-}
-
-Row RowOf(const Account& account) {
-  return {.id = account.id.value,
-          .cells = {account.participant.value, account.dp_id.value, account.number}};
-}
+constexpr int kColumns = 3;  // of labelled boxes
+constexpr int kTwoColumns = 2;
 
 }  // namespace
 
@@ -58,10 +31,10 @@ FrmClientMaster::FrmClientMaster(controls::Desk& desk, DocumentDialogs dialogs)
                    QStringLiteral("CVS")),
       book_(*desk.session.connection, DocumentStore(desk.session.folders.documents)),
       dialogs_(std::move(dialogs)) {
-  auto* halves = new QHBoxLayout(Details());
-  halves->setSpacing(2 * controls::kSpacing);
-  halves->addLayout(Fields(), kFieldShare);
-  halves->addWidget(Accounts(), kAccountShare);
+  auto* rows = new QVBoxLayout(Details());
+  rows->addLayout(Fields());
+  accounts_ = new AccountsPane(TheGuard(), *Session().connection);
+  rows->addWidget(accounts_, 1);
   Details()->setObjectName(QStringLiteral("Frame1"));
   sign_ = new FrmSign(TheGuard(), dialogs_);
   AddPanel(tr("Document"), sign_);
@@ -84,21 +57,18 @@ ComboBox* FrmClientMaster::AddChoice(FieldLayout& fields, const QString& name, c
 }
 
 QLayout* FrmClientMaster::Fields() {
-  auto* column = new QVBoxLayout();
-  auto* fields = new FieldLayout(kFieldColumns);
-  column->addLayout(fields);
-  column->addStretch();
+  auto* fields = new FieldLayout(kColumns);
   AddBox(*fields, Code, tr("&Client Code"));
-  AddBox(*fields, GroupCode, tr("&Group Code"));
-  AddBox(*fields, Name, tr("Client Na&me"), kWholeRow);
+  AddBox(*fields, GroupCode, tr("&Group Code"), kTwoColumns);
+  AddBox(*fields, Name, tr("Client Na&me"), kColumns);
   AddContact(*fields);
   AddPerson(*fields);
   AddDocument(*fields);
-  return column;
+  return fields;
 }
 
 void FrmClientMaster::AddContact(FieldLayout& fields) {
-  AddBox(fields, Address, tr("Add&ress"), kWholeRow);
+  AddBox(fields, Address, tr("Add&ress"), kColumns);
   AddBox(fields, City, tr("Ci&ty"));
   Combo1 = fields.Add(tr("Stat&e"), QStringLiteral("Combo1"),
                       new ComboBox(nullptr, ComboBox::Entry::kFreeText));
@@ -109,7 +79,7 @@ void FrmClientMaster::AddContact(FieldLayout& fields) {
   AddBox(fields, Phone, tr("P&hone"));
   AddBox(fields, Mobile, tr("Mo&bile"));
   AddBox(fields, Fax, tr("&Fax"));
-  AddBox(fields, Email, tr("E-Mai&l"))->SetUpperCase(false);
+  AddBox(fields, Email, tr("E-Mai&l"), kTwoColumns)->SetUpperCase(false);
 }
 
 void FrmClientMaster::AddPerson(FieldLayout& fields) {
@@ -122,7 +92,7 @@ void FrmClientMaster::AddPerson(FieldLayout& fields) {
 }
 
 void FrmClientMaster::AddDocument(FieldLayout& fields) {
-  auto* row = fields.Add(tr("Document"), QStringLiteral("DocumentRow"), new QWidget(), kWholeRow);
+  auto* row = fields.Add(tr("Document"), QStringLiteral("DocumentRow"), new QWidget(), kTwoColumns);
   auto* columns = new QHBoxLayout(row);
   columns->setContentsMargins(0, 0, 0, 0);
   Text1[Document] = new TextBox();
@@ -136,28 +106,6 @@ void FrmClientMaster::AddDocument(FieldLayout& fields) {
   columns->addWidget(Text1[Document], 1);
   columns->addWidget(CmdSource);
   columns->addWidget(CmdClr);
-}
-
-QWidget* FrmClientMaster::Accounts() {
-  auto* panel = new QWidget();
-  auto* rows = new QVBoxLayout(panel);
-  rows->setContentsMargins(0, 0, 0, 0);
-  auto* caption = new QLabel(tr("Demat Accounts"));
-  VS = new Grid(QStringLiteral("VS"), tr("Demat accounts of the client"));
-  VS->SetSortable(false);
-  VS->SetColumns({{.heading = tr("Depository Participant"), .editable = true},
-                  {.heading = tr("DP Id"), .editable = true},
-                  {.heading = tr("Demat A/c No."), .editable = true}});
-  CmdAddRow = new ZENButton(QStringLiteral("CmdAddRow"), tr("Add Ro&w"));
-  CmdDelRow = new ZENButton(QStringLiteral("CmdDelRow"), tr("Delete Row"));
-  auto* buttons = new QHBoxLayout();
-  buttons->addWidget(CmdAddRow);
-  buttons->addWidget(CmdDelRow);
-  buttons->addStretch();
-  rows->addWidget(caption);
-  rows->addWidget(VS, 1);
-  rows->addLayout(buttons);
-  return panel;
 }
 
 void FrmClientMaster::AddButtons() {
@@ -187,11 +135,6 @@ void FrmClientMaster::Complete() {
 void FrmClientMaster::Connect() {
   On(Text1[Pan], &TextBox::Left, &FrmClientMaster::Text1_Pan_Left,
      QStringLiteral("Text1_Validate"));
-  On(&VS->Model(), &GridModel::CellEdited, &FrmClientMaster::VS_CellEdited,
-     QStringLiteral("VS_AfterEdit"));
-  On(VS, &Grid::LastCellLeft, &FrmClientMaster::VS_LastCellLeft, QStringLiteral("VS_KeyDown"));
-  OnClick(CmdAddRow, &FrmClientMaster::CmdAddRow_Click);
-  OnClick(CmdDelRow, &FrmClientMaster::CmdDelRow_Click);
   OnClick(CmdSource, &FrmClientMaster::CmdSource_Click);
   OnClick(CmdClr, &FrmClientMaster::CmdClr_Click);
   OnClick(CmdView, &FrmClientMaster::CmdView_Click);
@@ -199,12 +142,13 @@ void FrmClientMaster::Connect() {
   OnClick(mnuexit, &FrmClientMaster::mnuexit_Click);
   On(&sign_->Viewer(), &DocumentViewer::Failed, &FrmClientMaster::Viewer_Failed,
      QStringLiteral("CmdView_Click"));
-  VS->installEventFilter(this);
 }
 
 void FrmClientMaster::FillList() {
+  const std::vector<ClientRow> clients = book_.List();
   std::vector<Row> rows;
-  for (const ClientRow& client : book_.List()) {
+  rows.reserve(clients.size());
+  for (const ClientRow& client : clients) {
     rows.push_back({.id = client.id.value, .cells = {client.code, client.name}});
   }
   List().SetRows(std::move(rows));
@@ -218,7 +162,7 @@ void FrmClientMaster::Clear() {
     box->Clear();
   }
   MaskEdBox1->clear();
-  VS->SetRows({});
+  accounts_->Show({});
   new_document_.clear();
   warned_pan_.clear();
   ShowDocumentName({});
@@ -246,18 +190,8 @@ void FrmClientMaster::ShowClient(const Client& client) {
   Combo2->ById(client.sex);
   Combo3->ById(client.marital_status);
   warned_pan_ = client.pan;
-  ShowAccounts(client.accounts);
+  accounts_->Show(client.accounts);
   ShowDocumentName(client.document);
-}
-
-void FrmClientMaster::ShowAccounts(const std::vector<Account>& accounts) {
-  std::vector<Row> rows;
-  for (const Account& account : accounts) {
-    rows.push_back(RowOf(account));
-  }
-  VS->SetRows(std::move(rows));
-  RefreshChoices();
-  VS->FitColumns();
 }
 
 MaybeRefusal FrmClientMaster::Save() {
@@ -279,7 +213,7 @@ Client FrmClientMaster::Entered() const {
   client.sex = Combo2->CurrentPosition();
   client.marital_status = Combo3->CurrentPosition();
   client.document = Text1[Document]->text();
-  client.accounts = EnteredAccounts();
+  client.accounts = accounts_->Entered();
   return client;
 }
 
@@ -295,19 +229,6 @@ masters::Contact FrmClientMaster::EnteredContact() const {
           .email = Text1[Email]->text()};
 }
 
-std::vector<Account> FrmClientMaster::EnteredAccounts() const {
-  const GridModel& model = VS->Model();
-  std::vector<Account> accounts;
-  for (int row = 0; row < model.RowCount(); ++row) {
-    accounts.push_back({.id = AccountId{model.IdOf(row)},
-                        .participant = ParticipantId{model.Value(row, kParticipant).toInt()},
-                        .dp_id = DpIdId{model.Value(row, kDpId).toInt()},
-                        .dp_id_text = {},
-                        .number = model.Text(row, kNumber)});
-  }
-  return accounts;
-}
-
 void FrmClientMaster::Remove(int id) {
   book_.Delete(ClientId{id});
 }
@@ -318,38 +239,8 @@ QString FrmClientMaster::DeleteQuestion() const {
 
 void FrmClientMaster::StateChanged() {
   if (IsEditing()) {
-    RefreshChoices();
+    accounts_->RefreshChoices();
   }
-}
-
-bool FrmClientMaster::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == VS && event->type() == QEvent::FocusIn) {
-    TheGuard().Run(QStringLiteral("VS_GotFocus"), [this] { VS_GotFocus(); });
-  }
-  return RecordWindow::eventFilter(watched, event);
-}
-
-// A participant may have been added in its own window since the grid was left.
-void FrmClientMaster::VS_GotFocus() {
-  RefreshChoices();
-  if (IsEditing() && VS->Model().RowCount() == 0) {
-    CmdAddRow_Click();
-  }
-}
-
-void FrmClientMaster::RefreshChoices() {
-  VS->Model().SetChoices(
-      kParticipant,
-      WithNone(lookups::ChoiceList(*Session().connection, lookups::Choices::kParticipants)));
-  for (int row = 0; row < VS->Model().RowCount(); ++row) {
-    RefreshDpIds(row);
-  }
-}
-
-void FrmClientMaster::RefreshDpIds(int row) {
-  const ParticipantId participant{VS->Model().Value(row, kParticipant).toInt()};
-  VS->Model().SetCellChoices(row, kDpId,
-                             WithNone(lookups::DpIdChoiceList(*Session().connection, participant)));
 }
 
 void FrmClientMaster::Text1_Pan_Left() {
@@ -365,36 +256,6 @@ void FrmClientMaster::Text1_Pan_Left() {
   if (const QString warning = PanWarning(pan); !warning.isEmpty()) {
     Say().Inform(warning);
   }
-}
-
-void FrmClientMaster::VS_CellEdited(int row, int column) {
-  if (column != kParticipant) {
-    return;
-  }
-  const ParticipantId participant{VS->Model().Value(row, kParticipant).toInt()};
-  const QString dp_ids = lookups::DpIdChoiceList(*Session().connection, participant);
-  VS->Model().SetCellChoices(row, kDpId, WithNone(dp_ids));
-  VS->Model().SetValue(row, kDpId, OnlyChoice(dp_ids));
-}
-
-// Enter on a last row without an account number is the way out of the grid.
-void FrmClientMaster::VS_LastCellLeft() {
-  const int row = VS->CurrentRow();
-  if (row < 0 || VS->Model().Text(row, kNumber).trimmed().isEmpty()) {
-    CmdAddRow->setFocus(Qt::TabFocusReason);
-  } else {
-    CmdAddRow_Click();
-  }
-}
-
-void FrmClientMaster::CmdAddRow_Click() {
-  const int row = VS->AddRow({.cells = {0, 0, QString()}});
-  RefreshDpIds(row);
-  VS->setFocus(Qt::OtherFocusReason);
-}
-
-void FrmClientMaster::CmdDelRow_Click() {
-  VS->RemoveCurrentRow();
 }
 
 void FrmClientMaster::CmdSource_Click() {

@@ -4,6 +4,7 @@
 #include "controls/FieldLayout.h"
 #include "controls/RecordWindow.h"
 #include "controls/TextBox.h"
+#include "masters/clients/AccountsPane.h"
 #include "masters/clients/ClientBook.h"
 #include "masters/clients/FrmSign.h"
 
@@ -27,7 +28,6 @@ class FrmClientMaster : public controls::RecordWindow {
   void Remove(int id) override;
   QString DeleteQuestion() const override;
   void StateChanged() override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   enum Field {
@@ -55,27 +55,17 @@ class FrmClientMaster : public controls::RecordWindow {
   void AddContact(controls::FieldLayout& fields);
   void AddPerson(controls::FieldLayout& fields);
   void AddDocument(controls::FieldLayout& fields);
-  QWidget* Accounts();
   void AddButtons();
   void Complete();
   void Connect();
 
   void ShowClient(const Client& client);
-  void ShowAccounts(const std::vector<Account>& accounts);
   Client Entered() const;
   masters::Contact EnteredContact() const;
-  std::vector<Account> EnteredAccounts() const;
-  void RefreshChoices();
-  void RefreshDpIds(int row);
   QString DocumentPath() const;
   void ShowDocumentName(const QString& name);
 
   void Text1_Pan_Left();
-  void VS_GotFocus();
-  void VS_CellEdited(int row, int column);
-  void VS_LastCellLeft();
-  void CmdAddRow_Click();
-  void CmdDelRow_Click();
   void CmdSource_Click();
   void CmdClr_Click();
   void CmdView_Click();
@@ -92,9 +82,7 @@ class FrmClientMaster : public controls::RecordWindow {
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;
   controls::ComboBox* Combo3 = nullptr;
-  controls::Grid* VS = nullptr;
-  controls::ZENButton* CmdAddRow = nullptr;
-  controls::ZENButton* CmdDelRow = nullptr;
+  AccountsPane* accounts_ = nullptr;
   controls::ZENButton* CmdSource = nullptr;
   controls::ZENButton* CmdClr = nullptr;
   controls::ZENButton* CmdView = nullptr;

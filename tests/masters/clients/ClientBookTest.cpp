@@ -1,0 +1,383 @@
+#include "masters/Records.h"
+#include "masters/clients/ClientBook.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+#include <stdexcept>
+
+using namespace quorvane;
+using namespace quorvane::clients;
+using test::TextOfRefusal;
+
+namespace {
+
+const QString kAccepted = QStringLiteral("accepted");
+const QString kTaken = QStringLiteral("Client Code Already Exists.");
+
+Account NewAccount(const QString& number) {
+  Account account;
+  account.participant = ParticipantId{4};
+  account.dp_id = DpIdId{9};
+  account.number = number;
+  return account;
+}
+
+Client NewClient(const QString& code, const QStringList& numbers = {QStringLiteral("1001")}) {
+  Client client;
+  client.code = code;
+  client.name = QStringLiteral("NAME OF ") + code;
+  for (const QString& number : numbers) {
+    client.accounts.push_back(NewAccount(number));
+  }
+  return client;
+}
+
+}  // namespace
+
+class ClientBookTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void init() { folder_ = std::make_unique<QTemporaryDir>(); }
+  void cleanup() {
+    (*database_)->Execute("Drop View If Exists Seen");
+    (*database_)->Execute("Drop Table If Exists `Later ``one`,Unrelated,ZRefers,ZLast");
+    test::Empty(**database_, {"ClientInfo", "ClientActDet", "DpIDs", "StkOpBal", "BrOpBal", "Stock",
+                              "Stock_Temp", "SPMaster", "SPTrans", "BrPayment", "BrRec",
+                              "ScrTransfer", "ScriptAvgRate"});
+  }
+  void cleanupTestCase() { database_.reset(); }
+
+  void SavedClientReadsBackAsItWas_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("quotes") << "O'BRIEN \"&\" SONS \\ '; Delete From ClientInfo; -- ?";
+    QTest::newRow("Devanagari") << "श्रीमती मीरा शाह";
+    QTest::newRow("beyond the first plane") << "SHAH \U0001F600";
+  }
+
+  void SavedClientReadsBackAsItWas() {
+    QFETCH(const QString, name);
+    Client client = NewClient(QStringLiteral("C'1"), {QStringLiteral("IN'1"), "2"});
+    client.group_code = name.left(50);
+    client.name = name;
+    client.contact = {name + "\n2nd line", "MUMBAI", "MAHARASHTRA", "400001", "022", "1", "2", "3",
+                      "a@b.example"};
+    client.date_of_birth = QStringLiteral("29/02/1960");
+    client.pan = QStringLiteral("ABCPE1234F");
+    client.sex = 1;
+    client.marital_status = 2;
+    QCOMPARE(TextOfRefusal(Book().Save(client)), kAccepted);
+
+    const std::optional<Client> read = Book().Load(client.id);
+    QVERIFY(read);
+    QCOMPARE(read->code, client.code);
+    QCOMPARE(read->group_code, client.group_code);
+    QCOMPARE(read->name, name);
+    QVERIFY(read->contact == client.contact);
+    QCOMPARE(read->date_of_birth, client.date_of_birth);
+    QCOMPARE(read->pan, client.pan);
+    QCOMPARE(read->sex, 1);
+    QCOMPARE(read->marital_status, 2);
+    QCOMPARE(test::Rows(**database_, "Select * From ClientActDet Order By id"),
+             QStringList({"1|1|4|9|IN'1", "1|2|4|9|2"}));
+  }
+
+  void FirstClientHasKeyOneAndTheNextOneMore() {
+    Client first = NewClient("B");
+    Client second = NewClient("A");
+    QVERIFY(!Book().Save(first));
+    QVERIFY(!Book().Save(second));
+    QCOMPARE(first.id.value, 1);
+    QCOMPARE(second.id.value, 2);
+    const std::vector<ClientRow> list = Book().List();
+    QCOMPARE(list.size(), std::size_t{2});
+    QCOMPARE(list[0].code, QStringLiteral("A"));
+    QCOMPARE(list[0].id, second.id);
+    QCOMPARE(list[1].name, QStringLiteral("NAME OF B"));
+  }
+
+  void CodeOfAnotherClientIsRefused_data() {
+    QTest::addColumn<QString>("code");
+    QTest::newRow("same") << "O'N";
+    QTest::newRow("other capitals") << "o'n";
+    QTest::newRow("blank behind") << "O'N ";
+  }
+
+  void CodeOfAnotherClientIsRefused() {
+    QFETCH(const QString, code);
+    Client first = NewClient("O'N");
+    Client second = NewClient("C2", {"2001"});
+    QVERIFY(!Book().Save(first));
+    QVERIFY(!Book().Save(second));
+    const QStringList before = Everything();
+
+    Client fresh = NewClient(code, {"3001"});
+    QCOMPARE(TextOfRefusal(Book().Save(fresh)), kTaken);
+    QCOMPARE(fresh.id.value, 0);
+    second.code = code;
+    second.accounts.push_back(NewAccount("2002"));
+    QCOMPARE(TextOfRefusal(Book().Save(second)), kTaken);
+    QCOMPARE(second.accounts.back().id.value, 0);
+    QCOMPARE(Everything(), before);
+
+    first.name = QStringLiteral("UNDER ITS OWN CODE");
+    QCOMPARE(TextOfRefusal(Book().Save(first)), kAccepted);
+    QCOMPARE(Book().Load(first.id)->name, first.name);
+    QCOMPARE(Book().List().size(), std::size_t{2});
+  }
+
+  void BrokenRuleChangesNothing() {
+    Client client = NewClient("C1");
+    QVERIFY(!Book().Save(client));
+    const QStringList before = Everything();
+    client.name = QString(256, QChar('X'));
+    QVERIFY(Book().Save(client));
+    client.name.clear();
+    QCOMPARE(TextOfRefusal(Book().Save(client)), QStringLiteral("Enter Client Name."));
+    QCOMPARE(Everything(), before);
+  }
+
+  void AccountsKeepTheirIds() {
+    Client client = NewClient("C1", {"1001", "1002", "1003"});
+    Client other = NewClient("C2", {"2001"});
+    QVERIFY(!Book().Save(client));
+    QVERIFY(!Book().Save(other));
+    QCOMPARE(other.accounts[0].id.value, 4);
+
+    client.accounts.erase(client.accounts.begin() + 1);
+    client.accounts[1].number = QStringLiteral("1003/A");
+    client.accounts.insert(client.accounts.begin(), NewAccount("1004"));
+    client.accounts.push_back({});
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(client.accounts.size(), std::size_t{3});
+    QCOMPARE(Accounts(), QStringList({"1|1|1001", "1|3|1003/A", "1|5|1004", "2|4|2001"}));
+  }
+
+  void RemovedAccountsIdIsNotGivenToOneAddedInTheSameSave() {
+    Client client = NewClient("C1", {"1001", "1002"});
+    QVERIFY(!Book().Save(client));
+    client.accounts.back() = NewAccount("1003");
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(Accounts(), QStringList({"1|1|1001", "1|3|1003"}));
+  }
+
+  void IdOfAnAccountThatIsNotTheClientsIsNotTaken() {
+    Client client = NewClient("C1", {"1001"});
+    Client other = NewClient("C2", {"2001"});
+    QVERIFY(!Book().Save(client));
+    QVERIFY(!Book().Save(other));
+    client.accounts.push_back(other.accounts[0]);
+    client.accounts.push_back(client.accounts[0]);
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(Accounts(), QStringList({"1|1|1001", "1|3|2001", "1|4|1001", "2|2|2001"}));
+  }
+
+  void ClientDeletedMeanwhileIsWrittenAsANewOne() {
+    Client client = NewClient("C1");
+    QVERIFY(!Book().Save(client));
+    Book().Delete(client.id);
+    Client other = NewClient("C2", {"2001"});
+    QVERIFY(!Book().Save(other));
+    QCOMPARE(other.id.value, 1);
+    client.id = ClientId{5};
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(client.id.value, 2);
+    QCOMPARE(Accounts(), QStringList({"1|1|2001", "2|2|1001"}));
+  }
+
+  void EmptyColumnsReadAsEmpty() {
+    (*database_)->Execute("Insert Into ClientInfo(Id,Code) Values(3,'C3')");
+    (*database_)->Execute("Insert Into ClientActDet(CId,id) Values(3,8)");
+    const std::optional<Client> client = Book().Load(ClientId{3});
+    QVERIFY(client);
+    QCOMPARE(client->name, QString());
+    QVERIFY(client->contact == masters::Contact());
+    QCOMPARE(client->sex, -1);
+    QCOMPARE(client->marital_status, -1);
+    QCOMPARE(client->accounts.size(), std::size_t{1});
+    QCOMPARE(client->accounts[0].participant.value, 0);
+    QVERIFY(!Book().Load(ClientId{4}));
+  }
+
+  void DpIdIsShownAsTheTextOfThatParticipant() {
+    (*database_)->Execute("Insert Into DpIDs Values(4,9,'IN300011'),(5,9,'IN9'),(4,10,'IN10')");
+    Client client = NewClient("C1");
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(Book().Load(client.id)->accounts[0].dp_id_text, QStringLiteral("IN300011"));
+  }
+
+  void DeleteReachesEveryTableKeyedByTheClient() {
+    const ClientId gone = Saved("C1");
+    const ClientId stays = Saved("C2");
+    (*database_)->Execute("Create Table `Later ``one` (cID int, Note varchar(10))");
+    (*database_)->Execute("Create Table Unrelated (Id int, Cid int)");
+    (*database_)->Execute("Create View Seen As Select Cid,Fyear From Stock");
+    const QStringList keyed{"ClientActDet", "StkOpBal",    "BrOpBal",       "Stock",
+                            "Stock_Temp",   "SPMaster",    "SPTrans",       "BrPayment",
+                            "BrRec",        "ScrTransfer", "ScriptAvgRate", "`Later ``one`"};
+    for (const ClientId client : {gone, stays}) {
+      for (const QString& table : keyed) {
+        (*database_)
+            ->Execute(fmt::format("Insert Into {}(Cid) Values(?)", table.toStdString()), client);
+      }
+      (*database_)->Execute("Insert Into Unrelated Values(1,?)", client);
+    }
+    Book().Delete(gone);
+    for (const QString& table : keyed) {
+      const QStringList left =
+          test::Rows(**database_, fmt::format("Select Distinct Cid From {}", table.toStdString()));
+      QVERIFY2(left == QStringList(QString::number(stays.value)), qPrintable(table));
+    }
+    QCOMPARE(test::Rows(**database_, "Select Count(*) From Unrelated"), QStringList("2"));
+    QCOMPARE(Book().List().size(), std::size_t{1});
+  }
+
+  void FailedDeleteLeavesEverything() {
+    const ClientId client = Saved("C1");
+    // The last table of the scan refuses.
+    (*database_)->Execute("Create Table ZLast (Cid int Primary Key)");
+    (*database_)->Execute("Insert Into ZLast Values(?)", client);
+    (*database_)
+        ->Execute(
+            "Create Table ZRefers (Id int, Owner int, Foreign Key (Owner) References ZLast(Cid))");
+    (*database_)->Execute("Insert Into ZRefers Values(1,?)", client);
+    QVERIFY(!Documents().Put(client, Write("sign.txt", "sign")));
+    const QStringList before = Everything();
+    QVERIFY_EXCEPTION_THROWN(Book().Delete(client), database::DatabaseError);
+    QCOMPARE(Everything(), before);
+    QVERIFY(Documents().Path(client, "sign.txt"));
+  }
+
+  void DocumentFollowsTheClient() {
+    Client client = NewClient("C1");
+    QVERIFY(!Book().Save(client, Write("sign.txt", "first")));
+    QCOMPARE(client.document, QStringLiteral("sign.txt"));
+    QCOMPARE(Stored(client), QByteArray("first"));
+
+    client.name = QStringLiteral("WITHOUT A NEW DOCUMENT");
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(Stored(client), QByteArray("first"));
+
+    QVERIFY(!Book().Save(client, Write("other.pdf", "second")));
+    QCOMPARE(Book().Load(client.id)->document, QStringLiteral("other.pdf"));
+    QCOMPARE(Stored(client), QByteArray("second"));
+    QVERIFY(!Documents().Path(client.id, "sign.txt"));
+
+    client.document.clear();
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(Book().Load(client.id)->document, QString());
+    QVERIFY(!QFile::exists(folder_->filePath("SignDocs/1")));
+  }
+
+  void ClientWithoutADocumentLeavesNoFolder() {
+    Saved("C1");
+    QVERIFY(!QFile::exists(folder_->filePath("SignDocs")));
+  }
+
+  void RefusedSaveKeepsTheOldDocument() {
+    Client client = NewClient("C1");
+    QVERIFY(!Book().Save(client, Write("sign.txt", "first")));
+    Saved("C2");
+    const QStringList before = Everything();
+    Client changed = client;
+    changed.code = QStringLiteral("C2");
+    QCOMPARE(TextOfRefusal(Book().Save(changed, Write("new.txt", "second"))), kTaken);
+    QCOMPARE(changed.document, QStringLiteral("sign.txt"));
+    QCOMPARE(TextOfRefusal(Book().Save(client, folder_->filePath("vanished.txt"))),
+             QStringLiteral("File does not Exist."));
+    QCOMPARE(client.document, QStringLiteral("sign.txt"));
+    QCOMPARE(Everything(), before);
+    QCOMPARE(Stored(client), QByteArray("first"));
+    QCOMPARE(QDir(folder_->filePath("SignDocs")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList("1"));
+  }
+
+  void NameOfAFileThatIsNotTheClientsIsRefused_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("missing") << "nothing.txt";
+    QTest::newRow("another client's") << "../2/sign.txt";
+  }
+
+  void NameOfAFileThatIsNotTheClientsIsRefused() {
+    QFETCH(const QString, name);
+    Client client = NewClient("C1");
+    QVERIFY(!Book().Save(client));
+    Client other = NewClient("C2", {"2001"});
+    QVERIFY(!Book().Save(other, Write("sign.txt", "other's")));
+    client.document = name;
+    QCOMPARE(TextOfRefusal(Book().Save(client)), QStringLiteral("File does not Exist."));
+    Client fresh = NewClient("C3");
+    fresh.document = name;
+    QCOMPARE(TextOfRefusal(Book().Save(fresh)), QStringLiteral("File does not Exist."));
+    QCOMPARE(Book().List().size(), std::size_t{2});
+  }
+
+  void DeletedClientsDocumentGoes() {
+    Client client = NewClient("C1");
+    QVERIFY(!Book().Save(client, Write("sign.txt", "first")));
+    Client other = NewClient("C2", {"2001"});
+    QVERIFY(!Book().Save(other, Write("sign.txt", "second")));
+    Book().Delete(client.id);
+    QVERIFY(!QFile::exists(folder_->filePath("SignDocs/1")));
+    QCOMPARE(Stored(other), QByteArray("second"));
+    Book().Delete(ClientId{});
+    QCOMPARE(Stored(other), QByteArray("second"));
+  }
+
+  void FailureToFileSaysThatTheClientIsSaved() {
+    QVERIFY(QDir(folder_->path()).mkpath("SignDocs/1/sign.txt/full"));
+    Client client = NewClient("C1");
+    try {
+      Book().Save(client, Write("sign.txt", "first"));
+      QFAIL("a folder stands in the way");
+    } catch (const std::runtime_error& error) {
+      QVERIFY(QString(error.what()).startsWith("The Client is Saved, but the Document"));
+    }
+    QCOMPARE(client.id.value, 1);
+    QVERIFY(Book().Load(client.id));
+  }
+
+ private:
+  DocumentStore Documents() const { return DocumentStore(folder_->filePath("SignDocs")); }
+  ClientBook Book() { return ClientBook(**database_, Documents()); }
+
+  ClientId Saved(const QString& code) {
+    Client client = NewClient(code);
+    if (Book().Save(client)) {
+      throw std::runtime_error("a test's client was refused");
+    }
+    return client.id;
+  }
+
+  QString Write(const QString& name, const QByteArray& content) const {
+    QFile file(folder_->filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+      throw std::runtime_error("a test's file cannot be written");
+    }
+    return file.fileName();
+  }
+
+  QByteArray Stored(const Client& client) const {
+    QFile file(Documents().Path(client.id, client.document).value_or(QString()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing");
+  }
+
+  QStringList Accounts() {
+    return test::Rows(**database_, "Select CId,id,ACNo From ClientActDet Order By CId,id");
+  }
+
+  QStringList Everything() { return test::Contents(**database_, {"ClientInfo", "ClientActDet"}); }
+
+  std::unique_ptr<test::TestDatabase> database_;
+  std::unique_ptr<QTemporaryDir> folder_;
+};
+
+static const test::RegisterTest<ClientBookTest> kRegistered;
+
+#include "ClientBookTest.moc"

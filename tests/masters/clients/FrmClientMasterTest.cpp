@@ -1,0 +1,282 @@
+#include "masters/clients/ClientWindow.h"
+#include "support/TestMain.h"
+
+using namespace quorvane;
+using namespace quorvane::clients;
+using controls::ComboBox;
+using controls::DateBox;
+using controls::Grid;
+using controls::TextBox;
+using test::RecordingMessages;
+using test::Rows;
+
+class FrmClientMasterTest : public test::ClientWindow {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void ClientWithTwoAccountsIsEnteredByKeyboardAlone() {
+    Open();
+    QTest::keyClick(window_.get(), Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(Focused(), QString("Text1_0"));
+    Type({"c1", "grp", "ravi o'brien", "1 main road", "pune", "mah", "411001", "020", "555", "98",
+          "77", "Ravi@x.Example", "1.2.60", "abcpk1234k", "ma", "si", ""});
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(Focused(), QString("VS"));
+    Type({"fir", "IN300002", "1001", "sec", "", "1002"});
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(messages_->Texts(), QStringList());
+    QCOMPARE(Rows(Db(), "Select * From ClientInfo"),
+             QStringList("1|C1|GRP|RAVI O'BRIEN|1 MAIN ROAD|PUNE|MAHARASHTRA|411001|020|555|98|77|"
+                         "Ravi@x.Example|01/02/1960|ABCPK1234K|0|0|"));
+    QCOMPARE(Rows(Db(), "Select * From ClientActDet Order By id"),
+             QStringList({"1|1|1|12|1001", "1|2|2|21|1002"}));
+    QVERIFY(!window_->IsEditing());
+    QCOMPARE(window_->List().CurrentId(), 1);
+    QCOMPARE(Box(0)->text(), QString("C1"));
+  }
+
+  void ModifyingKeepsTheIdsOfTheAccounts() {
+    AddClient(7, "OLD");
+    AddAccount(7, 5, 1, 11, "A");
+    AddAccount(7, 9, 2, 21, "B");
+    AddAccount(8, 12, 2, 21, "OF ANOTHER CLIENT");
+    Open();
+    Modify(7);
+    Grid& accounts = *window_->findChild<Grid*>("VS");
+    QCOMPARE(TextsOf(accounts), QStringList({"FIRST BANK|IN300001|A", "SECOND HOUSE|12099900|B"}));
+    accounts.SelectRow(0);
+    Click("CmdDelRow");
+    QVERIFY(accounts.Model().setData(accounts.Model().index(0, 2), "B2"));
+    Click("CmdAddRow");
+    Type({"first", "IN300001", "C"});
+    Click("cmdUpdate");
+    QCOMPARE(messages_->Texts(), QStringList());
+    QCOMPARE(Rows(Db(), "Select * From ClientActDet Order By id"),
+             QStringList({"7|9|2|21|B2", "8|12|2|21|OF ANOTHER CLIENT", "7|13|1|11|C"}));
+  }
+
+  void BrokenRuleIsToldAndItsControlFocused_data() {
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("no code") << "Text1_0"
+                             << ""
+                             << "Enter Client Code.";
+    QTest::newRow("no name") << "Text1_2"
+                             << ""
+                             << "Enter Client Name.";
+    QTest::newRow("blank name") << "Text1_2"
+                                << "  "
+                                << "Enter Client Name.";
+    QTest::newRow("code of another client") << "Text1_0"
+                                            << "taken"
+                                            << "Client Code Already Exists.";
+    const QString ten_thousand(10000, 'x');
+    for (const char* box : {"Text1_0", "Text1_1", "Text1_2", "Text1_4", "Text1_10"}) {
+      QTest::addRow("10,000 characters in %s", box) << box << ten_thousand << "too Long";
+    }
+  }
+
+  void BrokenRuleIsToldAndItsControlFocused() {
+    QFETCH(const QString, control);
+    QFETCH(const QString, text);
+    QFETCH(const QString, message);
+    AddClient(3, "TAKEN");
+    AddClient(7, "OLD");
+    AddAccount(7, 5, 1, 11, "A");
+    Open();
+    Modify(7);
+    auto* box = window_->findChild<TextBox*>(control);
+    box->setFocus();
+    box->selectAll();
+    if (text.isEmpty()) {
+      QTest::keyClick(box, Qt::Key_Delete);
+    } else {
+      QApplication::clipboard()->setText(text);
+      QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+    }
+    const QStringList before = test::Contents(Db(), {"ClientInfo", "ClientActDet"});
+    Click("cmdUpdate");
+    QCOMPARE(messages_->said.size(), std::size_t{1});
+    QCOMPARE(messages_->said.front().kind, RecordingMessages::Kind::kInform);
+    QVERIFY2(messages_->LastText().contains(message), qPrintable(messages_->LastText()));
+    QCOMPARE(Focused(), control);
+    QVERIFY(window_->IsEditing());
+    QCOMPARE(box->text().size(), text.size());
+    QCOMPARE(test::Contents(Db(), {"ClientInfo", "ClientActDet"}), before);
+  }
+
+  void ClientWithoutAccountIsRefusedAndTheGridOffersARow() {
+    Open();
+    Click("cmdAdd");
+    Type({"c", "", "name"});
+    Click("cmdUpdate");
+    QCOMPARE(messages_->Texts(), QStringList("Enter Demat A/c Details."));
+    QCOMPARE(Focused(), QString("VS"));
+    QCOMPARE(window_->findChild<Grid*>("VS")->Model().RowCount(), 1);
+    Type({"first", "IN300001", "1"});
+    Click("cmdUpdate");
+    QCOMPARE(Rows(Db(), "Select Code From ClientInfo"), QStringList("C"));
+  }
+
+  void CancelShowsTheStoredRecordAgain() {
+    AddClient(7, "OLD");
+    Open();
+    Modify(7);
+    Type({"changed", "changed"});
+    Click("cmdCancel");
+    QVERIFY(!window_->IsEditing());
+    QCOMPARE(messages_->Texts(), QStringList());
+    QCOMPARE(Box(0)->text(), QString("OLD"));
+    QCOMPARE(Box(1)->text(), QString());
+    QCOMPARE(Rows(Db(), "Select Code From ClientInfo"), QStringList("OLD"));
+  }
+
+  void DeletingAsksWithNoAsItsDefault_data() {
+    QTest::addColumn<bool>("answered");
+    QTest::addColumn<bool>("yes");
+    QTest::newRow("default") << false << false;
+    QTest::newRow("no") << true << false;
+    QTest::newRow("yes") << true << true;
+  }
+
+  void DeletingAsksWithNoAsItsDefault() {
+    QFETCH(const bool, answered);
+    QFETCH(const bool, yes);
+    AddClient(7, "GOES");
+    AddAccount(7, 5, 1, 11, "A");
+    AddClient(8, "STAYS");
+    Open();
+    window_->List().SelectId(7);
+    if (answered) {
+      messages_->WillAnswer(yes);
+    }
+    Click("CmdDelete");
+    QCOMPARE(messages_->Texts(), QStringList("Are You Sure, You want to Delete this Client?\n"
+                                             "All Related Data will be Deleted."));
+    QCOMPARE(messages_->said.front().preset, std::optional(controls::Answer::kNo));
+    QCOMPARE(messages_->said.front().icon, controls::Icon::kCritical);
+    QCOMPARE(Rows(Db(), "Select Code From ClientInfo Order By Id"),
+             yes ? QStringList("STAYS") : QStringList({"GOES", "STAYS"}));
+    QCOMPARE(Rows(Db(), "Select ACNo From ClientActDet").size(), yes ? 0 : 1);
+    QCOMPARE(window_->List().Model().RowCount(), yes ? 1 : 2);
+  }
+
+  void ImproperDateLeadsBackToItsBox() {
+    Open();
+    Click("cmdAdd");
+    auto* date = window_->findChild<DateBox*>("MaskEdBox1");
+    date->setFocus();
+    Type({"31022020"});
+    QCOMPARE(messages_->Texts(), QStringList("Enter Proper Date."));
+    QCOMPARE(Focused(), QString("MaskEdBox1"));
+    Click("cmdCancel");
+    QCOMPARE(messages_->said.size(), std::size_t{1});
+    QVERIFY(!window_->IsEditing());
+  }
+
+  void ImproperPanLeadsBackAndAnOddOneIsWarnedOfOnce() {
+    Open();
+    Click("cmdAdd");
+    Box(11)->setFocus();
+    Type({"12345"});
+    QCOMPARE(messages_->Texts(), QStringList("Enter Proper PAN."));
+    QCOMPARE(Focused(), QString("Text1_11"));
+    Type({"abczk1234k"});
+    QCOMPARE(messages_->said.size(), std::size_t{2});
+    QCOMPARE(messages_->LastText(), PanWarning("ABCZK1234K"));
+    QVERIFY(!messages_->LastText().isEmpty());
+    Box(11)->setFocus();
+    Type({""});
+    QCOMPARE(messages_->said.size(), std::size_t{2});
+  }
+
+  void BoxesCompleteFromStoredClients() {
+    AddClient(7, "C7");
+    Db().Execute(
+        "Update ClientInfo Set GCode='FAMILY',City='PUNE',PIN='411001',STD='020' Where Id=7");
+    Open();
+    Click("cmdAdd");
+    Type({"c", "f", "name", "", "p", "g", "4", "0"});
+    QCOMPARE(Box(1)->text(), QString("FAMILY"));
+    QCOMPARE(Box(4)->text(), QString("PUNE"));
+    QCOMPARE(window_->findChild<ComboBox*>("Combo1")->currentText(), QString("GOA"));
+    QCOMPARE(Box(5)->text(), QString("411001"));
+    QCOMPARE(Box(6)->text(), QString("020"));
+    Box(4)->setFocus();
+    Type({"delhi"});
+    Box(5)->setFocus();
+    Type({"4"});
+    QCOMPARE(Box(5)->text(), QString("4"));
+  }
+
+  void DpIdsFollowTheParticipantOfTheirRow() {
+    Open();
+    Click("cmdAdd");
+    Click("CmdAddRow");
+    Grid& accounts = *window_->findChild<Grid*>("VS");
+    Type({"sec"});
+    QCOMPARE(TextsOf(accounts), QStringList("SECOND HOUSE|12099900|"));
+    QVERIFY(accounts.Model().setData(accounts.Model().index(0, 0), 1));
+    QCOMPARE(TextsOf(accounts), QStringList("FIRST BANK||"));
+    QVERIFY(accounts.Model().ChoicesOf(0, 1).Contains(12));
+    QVERIFY(!accounts.Model().ChoicesOf(0, 1).Contains(21));
+  }
+
+  void ParticipantAddedMeanwhileIsOffered() {
+    Open();
+    Click("cmdAdd");
+    Click("CmdDepPart");
+    QCOMPARE(opened_, QStringList("FrmDepPart"));
+    Db().Execute("Insert Into DepPart(Id,Name) Values(3,'THIRD')");
+    window_->findChild<Grid*>("VS")->setFocus(Qt::TabFocusReason);
+    Type({"thi", "", "1"});
+    QCOMPARE(TextsOf(*window_->findChild<Grid*>("VS")).front(), QString("THIRD||1"));
+  }
+
+  void FailureOfTheDatabaseLeavesTheFormAsItIs() {
+    AddClient(7, "OLD");
+    AddAccount(7, 5, 1, 11, "A");
+    Open();
+    Modify(7);
+    Type({"changed"});
+    Db().Execute("Rename Table ClientActDet To Elsewhere");
+    Click("cmdUpdate");
+    Db().Execute("Rename Table Elsewhere To ClientActDet");
+    QCOMPARE(messages_->said.size(), std::size_t{1});
+    QCOMPARE(messages_->said.front().kind, RecordingMessages::Kind::kRefuse);
+    QVERIFY(messages_->LastText().startsWith("cmdUpdate_Click: "));
+    QVERIFY(window_->IsEditing());
+    QCOMPARE(Box(0)->text(), QString("CHANGED"));
+    QCOMPARE(Rows(Db(), "Select Code From ClientInfo"), QStringList("OLD"));
+    Click("cmdUpdate");
+    QCOMPARE(Rows(Db(), "Select Code From ClientInfo"), QStringList("CHANGED"));
+  }
+
+  void EachTabShowsItsPanelAlone() {
+    Open();
+    const std::vector<QWidget*> panels{window_->findChild<QWidget*>("Frame1"), &window_->List(),
+                                       window_->findChild<QWidget*>("FrmSign")};
+    for (std::size_t tab = 0; tab < panels.size(); ++tab) {
+      Click(qPrintable(QString("ImgBack_%1").arg(tab)));
+      for (std::size_t panel = 0; panel < panels.size(); ++panel) {
+        QCOMPARE(panels[panel]->isVisible(), panel == tab);
+      }
+    }
+  }
+
+  void ExitClosesTheWindow() {
+    Open();
+    QSignalSpy closed(window_.get(), &controls::ChildWindow::Closed);
+    Click("mnuexit");
+    QCOMPARE(closed.size(), 1);
+    QVERIFY(!window_->isVisible());
+  }
+};
+
+namespace {
+const test::RegisterTest<FrmClientMasterTest> kRegistered;
+}
+
+#include "FrmClientMasterTest.moc"

@@ -334,7 +334,7 @@ void MDIForm1::mnuMisc_Click() {
 void MDIForm1::mnuContact_Click() {
   desk_.messages.Inform(
       tr("Quorvane\nFor help turn to whoever gave you the program, or read the "
-         "user guide that came with it (docs/user-guide.md)."));
+         "user guide that came with it (docs/user-guide)."));
 }
 
 void MDIForm1::mnuBackUp_Click() {

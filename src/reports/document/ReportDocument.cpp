@@ -2,38 +2,91 @@
 
 #include "core/text/Amounts.h"
 
+#include <cmath>
+
 namespace quorvane::report {
 namespace {
 
-QString NumberInMask(double number, Mask mask) {
+void AppendText(std::string& out, const QString& text) {
+  const QByteArray utf8 = text.toUtf8();
+  out.append(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+}
+
+void AppendInMask(std::string& out, double number, Mask mask) {
   switch (mask) {
     case Mask::kAmount:
-      return text::FormatAmount(number);
+      return text::AppendAmount(out, number);
     case Mask::kSummary:
-      return text::FormatSummary(number);
+      return AppendText(out, text::FormatSummary(number));
     case Mask::kPercent:
-      return text::FormatPercent(number);
+      return AppendText(out, text::FormatPercent(number));
+    case Mask::kThousands:
+      return AppendText(out, text::FormatThousands(number));
     case Mask::kText:
     case Mask::kDate:
     case Mask::kNumber:
       break;
   }
-  return text::NumberText(number);
+  text::AppendNumber(out, number);
 }
 
 }  // namespace
+
+Column TextColumn(const QString& heading) {
+  return {heading, Mask::kText, Alignment::kLeft};
+}
+Column DateColumn(const QString& heading) {
+  return {heading, Mask::kDate, Alignment::kLeft};
+}
+Column QuantityColumn(const QString& heading) {
+  return {heading, Mask::kNumber, Alignment::kRight};
+}
+Column AmountColumn(const QString& heading, Mask mask) {
+  return {heading, mask, Alignment::kRight};
+}
+
+bool HasDecimals(Mask mask) {
+  return mask == Mask::kAmount || mask == Mask::kSummary || mask == Mask::kPercent ||
+         mask == Mask::kThousands;
+}
+
+void AppendCell(std::string& out, const Cell& cell, Mask mask) {
+  if (const auto* shown = std::get_if<QString>(&cell)) {
+    AppendText(out, *shown);
+  } else if (const auto* number = std::get_if<double>(&cell)) {
+    AppendInMask(out, *number, mask);
+  } else if (const auto* date = std::get_if<text::Date>(&cell)) {
+    text::AppendDmy(out, *date);
+  }
+}
 
 QString CellText(const Cell& cell, Mask mask) {
   if (const auto* shown = std::get_if<QString>(&cell)) {
     return *shown;
   }
-  if (const auto* number = std::get_if<double>(&cell)) {
-    return NumberInMask(*number, mask);
+  std::string text;
+  AppendCell(text, cell, mask);
+  return QString::fromStdString(text);
+}
+
+double ShownNumber(double number, Mask mask) {
+  if (!std::isfinite(number) || !HasDecimals(mask)) {
+    return number;
   }
-  if (const auto* date = std::get_if<text::Date>(&cell)) {
-    return text::FormatDmy(*date);
+  return mask == Mask::kPercent ? text::FormatPercent(number).toDouble()
+                                : text::RoundAmount(number);
+}
+
+QString GroupText(const Row& row) {
+  return row.cells.empty() ? QString() : CellText(row.cells.front(), Mask::kText);
+}
+
+std::int64_t RowCount(const ReportDocument& document) {
+  std::int64_t rows = 0;
+  for (const Table& table : document.tables) {
+    rows += static_cast<std::int64_t>(table.rows.size());
   }
-  return {};
+  return rows;
 }
 
 }  // namespace quorvane::report

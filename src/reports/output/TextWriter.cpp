@@ -18,7 +18,7 @@ class TableText {
     }
     for (const Row& row : table.rows) {
       lines_.push_back(Texts(row));
-      if (row.kind != RowKind::kGroup) {
+      if (row.kind != RowKind::kGroup && row.kind != RowKind::kGap) {
         Widen(lines_.back());
       }
     }
@@ -70,9 +70,16 @@ class TableText {
   }
 
   QString Padded(const QString& text, std::size_t column) const {
-    return table_.columns[column].alignment == Alignment::kRight
-               ? text.rightJustified(widths_[column])
-               : text.leftJustified(widths_[column]);
+    const qsizetype width = widths_[column];
+    switch (table_.columns[column].alignment) {
+      case Alignment::kRight:
+        return text.rightJustified(width);
+      case Alignment::kCentre:
+        return text.rightJustified((width + text.size()) / 2).leftJustified(width);
+      case Alignment::kLeft:
+        break;
+    }
+    return text.leftJustified(width);
   }
 
   static QString Ended(QString line) {
@@ -120,7 +127,9 @@ class TableText {
   QString WriteRow(const Row& row, const Line& line) const {
     switch (row.kind) {
       case RowKind::kGroup:
-        return Ended(line.empty() ? QString() : line.front());
+        return Ended(GroupText(row));
+      case RowKind::kGap:
+        return QStringLiteral("\n");
       case RowKind::kNetTotal:
         return Rule() + WriteCells(line);
       case RowKind::kTotal:
@@ -143,7 +152,14 @@ std::string WriteText(const ReportDocument& document) {
     out += title + QLatin1Char('\n');
   }
   for (const Table& table : document.tables) {
-    out += QLatin1Char('\n') + TableText(table).Write();
+    out += QLatin1Char('\n');
+    for (const QString& title : table.titles) {
+      out += title + QLatin1Char('\n');
+    }
+    out += TableText(table).Write();
+  }
+  for (const QString& note : document.notes) {
+    out += QLatin1Char('\n') + note + QLatin1Char('\n');
   }
   return out.toStdString();
 }

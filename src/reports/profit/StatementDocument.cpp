@@ -143,7 +143,7 @@ class DetailTable {
                             Paise(row.sale_amount), Paise(row.purchase_cost), Paise(row.long_term),
                             Paise(row.short_term), Paise(row.speculation)}});
     if (!net) {
-      table_.rows.push_back({report::RowKind::kGroup, {QString()}});
+      table_.rows.push_back({report::RowKind::kGap, {}});
     }
     scrip_ = {};
   }

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "reports/document/ReportDocument.h"
+
+#include <string>
+
+namespace quorvane::report {
+
+/// The report as comma separated values for a spreadsheet or a program: UTF-8, RFC 4180 quoting,
+/// lines ended by LF. Titles, groups and notes are records of one field; each table begins with its
+/// headings, in which the heading of a column's group stands first ("Sale Date"). Numbers are
+/// written as their mask shows them, without thousands separators.
+std::string WriteCsv(const ReportDocument& document);
+
+}  // namespace quorvane::report

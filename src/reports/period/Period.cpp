@@ -1,0 +1,41 @@
+#include "reports/period/Period.h"
+
+#include <QCoreApplication>
+
+namespace quorvane::report {
+namespace {
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("ReportPeriod", text);
+}
+
+Refusal Refused(const char* text, const char* box) {
+  return {Tr(text), QLatin1String(box)};
+}
+
+}  // namespace
+
+std::variant<Period, Refusal> ReadPeriod(const QString& from, const QString& to) {
+  if (from.trimmed().isEmpty()) {
+    return Refused("Enter From Date.", kFromBox);
+  }
+  if (to.trimmed().isEmpty()) {
+    return Refused("Enter To Date.", kToBox);
+  }
+  const auto first = text::ParseDmy(from);
+  const auto last = text::ParseDmy(to);
+  if (!first || !last) {
+    return Refused("Enter Proper Date.", first ? kToBox : kFromBox);
+  }
+  if (*first > *last) {
+    return Refused("From Date Can't be Greater than To Date.", kFromBox);
+  }
+  return Period{*first, *last};
+}
+
+QString PeriodLine(const Period& period) {
+  return Tr("Period - From ") + text::FormatDmy(period.from) + Tr(" To ") +
+         text::FormatDmy(period.to);
+}
+
+}  // namespace quorvane::report

@@ -1,0 +1,168 @@
+#include "reports/screen/ReportGridView.h"
+
+#include "controls/Style.h"
+#include "reports/screen/ReportHeadingsView.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace quorvane::report {
+namespace {
+
+constexpr int kSample = 300;  // rows that are measured
+constexpr int kCellPadding = 18;
+constexpr int kWidest = 360;
+constexpr int kRowPadding = 7;
+
+using Line = ReportModel::Line;
+
+Line LineOf(const QModelIndex& index) {
+  return static_cast<Line>(index.data(ReportModel::kLineRole).toInt());
+}
+
+/// Groups, headings and totals stand out by bold letters and a ground of their own.
+class LineDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const Line line = LineOf(index);
+    if (line == Line::kData || line == Line::kGap) {
+      return;
+    }
+    option->font.setBold(true);
+    const double share = line == Line::kGroup ? 0.03 : line == Line::kNetTotal ? 0.13 : 0.07;
+    option->backgroundBrush = controls::Mix(option->palette.color(QPalette::Text),
+                                            option->palette.color(QPalette::Base), share);
+  }
+};
+
+}  // namespace
+
+ReportGridView::ReportGridView(const QString& name, const QString& purpose, QWidget* parent)
+    : QTableView(parent), model_(new ReportModel(this)) {
+  setObjectName(name);
+  setAccessibleName(purpose);
+  setHorizontalHeader(new ReportHeadingsView(this));
+  setModel(model_);
+  setItemDelegate(new LineDelegate(this));
+  setSelectionBehavior(SelectRows);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setShowGrid(true);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setMinimumHeight(4 * controls::kBoxHeight);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+}
+
+void ReportGridView::SetDocument(ReportDocument document) {
+  clearSpans();
+  model_->SetDocument(std::move(document));
+  qobject_cast<ReportHeadingsView*>(horizontalHeader())->SetGroups(model_->Groups());
+  SpanGroups();
+  FitColumns();
+  updateGeometries();
+  scrollToTop();
+}
+
+void ReportGridView::SpanGroups() {
+  const int columns = model_->columnCount();
+  for (int row = 0; row < model_->rowCount() && columns > 1; ++row) {
+    if (model_->LineAt(row) == Line::kGroup) {
+      setSpan(row, 0, 1, columns);
+    }
+  }
+}
+
+void ReportGridView::SetHint(const QString& hint) {
+  hint_ = hint;
+  viewport()->update();
+}
+
+QString ReportGridView::SelectedText() const {
+  QModelIndexList rows = selectionModel()->selectedRows();
+  std::ranges::sort(rows, {}, &QModelIndex::row);
+  QStringList lines;
+  for (const QModelIndex& row : rows) {
+    lines.append(model_->RowText(row.row()));
+  }
+  return lines.join(QLatin1Char('\n'));
+}
+
+void ReportGridView::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    QApplication::clipboard()->setText(SelectedText());
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+void ReportGridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  FitColumns();
+}
+
+void ReportGridView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (model_->rowCount() == 0 && !hint_.isEmpty()) {
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(controls::kMargin, 0, -controls::kMargin, 0),
+                     Qt::AlignCenter | Qt::TextWordWrap, hint_);
+  }
+}
+
+int ReportGridView::WidthOf(int column) const {
+  QFont bold = font();
+  bold.setBold(true);
+  const QFontMetrics metrics(bold);
+  int width = metrics.horizontalAdvance(
+      model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+  const int rows = model_->rowCount();
+  const int step = std::max(1, rows / kSample);
+  const auto measure = [&](int row) {
+    if (model_->LineAt(row) != Line::kGroup) {
+      width =
+          std::max(width, metrics.horizontalAdvance(model_->index(row, column).data().toString()));
+    }
+  };
+  for (int row = 0; row < rows; row += step) {
+    measure(row);
+  }
+  if (rows > 0) {
+    measure(rows - 1);
+  }
+  return std::min(width + kCellPadding, kWidest);
+}
+
+// What is left over goes to the widest column of text.
+void ReportGridView::FitColumns() {
+  int taken = 0;
+  int widest = -1;
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    setColumnWidth(column, WidthOf(column));
+    taken += columnWidth(column);
+    const bool text =
+        model_->Document().tables.front().columns.size() > static_cast<std::size_t>(column) &&
+        model_->Document().tables.front().columns[static_cast<std::size_t>(column)].mask ==
+            Mask::kText;
+    if (text && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
+      widest = column;
+    }
+  }
+  if (widest >= 0 && taken < viewport()->width()) {
+    setColumnWidth(widest, columnWidth(widest) + viewport()->width() - taken);
+  }
+}
+
+}  // namespace quorvane::report

@@ -6,6 +6,12 @@
 
 #include <functional>
 
+class QWidget;
+
+namespace quorvane::report {
+struct ReportDocument;
+}
+
 namespace quorvane::controls {
 
 /// What every window is given: what the program shares, the way to speak to the user, the calendar
@@ -17,6 +23,17 @@ struct Desk {
 
   /// Opens a window by its name ("FrmDepPart") as a child of the main window.
   std::function<void(const QString& name)> open = [](const QString&) {};
+
+  /// Shows a report as pages, to look at, print and save.
+  std::function<void(const report::ReportDocument& document, QWidget* over)> show_report =
+      [](const report::ReportDocument&, QWidget*) {};
+
+  /// Asks where a file is to be saved; empty when the user gives it up.
+  std::function<QString(QWidget* over, const QString& suggested_path)> ask_save_path =
+      [](QWidget*, const QString& suggested_path) { return suggested_path; };
+
+  /// Opens a finished file with the desktop's own program; false when there is none for it.
+  std::function<bool(const QString& path)> open_file = [](const QString&) { return true; };
 };
 
 }  // namespace quorvane::controls

@@ -1,0 +1,388 @@
+#include "reports/ReportWindow.h"
+
+#include "controls/FieldLayout.h"
+#include "controls/ProgressDialog.h"
+#include "controls/Style.h"
+#include "reports/output/WriteReport.h"
+#include "reports/period/MonthPeriod.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QSplitter>
+
+#include <stdexcept>
+
+namespace quorvane::report {
+namespace {
+
+using controls::ComboBox;
+using controls::DateBox;
+using controls::Grid;
+using controls::ZENButton;
+
+constexpr int kDateWidth = 110;
+constexpr int kMonthWidth = 120;
+constexpr int kBesideWidth = 210;
+
+QLabel* LabelFor(const QString& text, QWidget* buddy) {
+  auto* label = new QLabel(text);
+  label->setBuddy(buddy);
+  return label;
+}
+
+template <class Box>
+Box* Named(Box* box, const QString& name, const QString& purpose) {
+  box->setObjectName(name);
+  box->setAccessibleName(purpose);
+  return box;
+}
+
+}  // namespace
+
+ReportWindow::ReportWindow(controls::Desk& desk, const QString& name, const QString& title,
+                           QSize designed)
+    : ChildWindow(desk, name, title, designed) {
+  BuildLayout();
+  BuildMenu();
+}
+
+void ReportWindow::BuildLayout() {
+  VS = new ReportGridView(QStringLiteral("VS"), tr("Report"));
+  VS->SetHint(tr("The report appears here."));
+  CmdReport = new ZENButton(QStringLiteral("CmdReport"), tr("&Report"));
+  CmdOutput = new ZENButton(QStringLiteral("CmdOutput"), tr("&Output"));
+  CmdOutput->setToolTip(tr("Pages, Word, Excel, PDF and CSV"));
+  CmdExit = new ZENButton(QStringLiteral("CmdExit"), tr("E&xit"));
+  CmdExit->SetCancels(true);
+
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(controls::kMargin, controls::kMargin, controls::kMargin,
+                           controls::kMargin);
+  rows->setSpacing(controls::kSpacing);
+  options_ = new QVBoxLayout;
+  rows->addLayout(options_);
+  beside_ = new QWidget;
+  beside_rows_ = new QVBoxLayout(beside_);
+  beside_rows_->setContentsMargins(0, 0, 0, 0);
+  beside_->hide();
+  auto* middle = new QSplitter;
+  middle->setChildrenCollapsible(false);
+  middle->addWidget(beside_);
+  middle->addWidget(VS);
+  middle->setStretchFactor(1, 1);
+  rows->addWidget(middle, 1);
+  buttons_ = new QHBoxLayout;
+  buttons_->addStretch(1);
+  buttons_->addWidget(CmdReport);
+  buttons_->addWidget(CmdOutput);
+  buttons_->addWidget(CmdExit);
+  rows->addLayout(buttons_);
+
+  OnClick(CmdReport, &ReportWindow::CmdReport_Click);
+  OnClick(CmdOutput, &ReportWindow::CmdOutput_Click);
+  OnClick(CmdExit, &ReportWindow::CmdExit_Click);
+}
+
+void ReportWindow::BuildMenu() {
+  mnuReport = new QMenu(this);
+  mnuReport->setObjectName(QStringLiteral("mnuReport"));
+  AddAction("mnupreview", tr("&Preview and Print"), &ReportWindow::mnupreview_Click)
+      ->setShortcut(QKeySequence::Print);
+  AddAction("mnuword", tr("&Word"), &ReportWindow::mnuword_Click);
+  AddAction("mnuexcel", tr("&Excel"), &ReportWindow::mnuexcel_Click);
+  AddAction("mnupdf", tr("P&DF"), &ReportWindow::mnupdf_Click);
+  AddAction("mnucsv", tr("&CSV"), &ReportWindow::mnucsv_Click);
+  VS->setContextMenuPolicy(Qt::CustomContextMenu);
+  On(VS, &QWidget::customContextMenuRequested, &ReportWindow::VS_MouseUp,
+     QStringLiteral("VS_MouseUp"));
+}
+
+QAction* ReportWindow::AddAction(const char* name, const QString& caption,
+                                 void (ReportWindow::*handler)()) {
+  QAction* action = mnuReport->addAction(caption);
+  action->setObjectName(QLatin1String(name));
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  addAction(action);
+  On(action, &QAction::triggered, handler, QLatin1String(name) + QStringLiteral("_Click"));
+  return action;
+}
+
+void ReportWindow::AddPeriod(Months months) {
+  auto* row = new QHBoxLayout;
+  const std::array labels{tr("&From"), tr("&To")};
+  const Period year = Session().current ? Period::Of(Session().current->year) : Period{};
+  for (std::size_t i = 0; i < Text1.size(); ++i) {
+    Text1[i] =
+        Named(new DateBox, QStringLiteral("Text1_%1").arg(i), i == 0 ? tr("From") : tr("To"));
+    Text1[i]->setFixedWidth(kDateWidth);
+    if (Session().current) {
+      Text1[i]->SetDate(text::FormatDmy(i == 0 ? year.from : year.to));
+    }
+    row->addWidget(LabelFor(labels[i], Text1[i]));
+    row->addWidget(Text1[i]);
+    Watch(Text1[i]);
+    On(Text1[i], &DateBox::Left, &ReportWindow::Text1_Validate, QStringLiteral("Text1_Validate"));
+  }
+  if (months == Months::kYes) {
+    AddMonths(row);
+  }
+  row->addStretch(1);
+  options_->addLayout(row);
+}
+
+void ReportWindow::AddMonths(QBoxLayout* row) {
+  QStringList numbers;
+  for (const QString& name : MonthNames()) {
+    numbers << QString::number(MonthNumber(name));
+  }
+  const auto add = [&](const QString& label, const QString& name) {
+    auto* names = Named(new ComboBox, name, controls::PlainLabel(label));
+    names->SetTexts(MonthNames());
+    names->setFixedWidth(kMonthWidth);
+    row->addSpacing(controls::kSpacing);
+    row->addWidget(LabelFor(label, names));
+    row->addWidget(names);
+    return names;
+  };
+  const auto add_numbers = [&](const QString& name) {
+    auto* box = Named(new ComboBox(this), name, QString());
+    box->SetTexts(numbers);
+    box->hide();
+    return box;
+  };
+  CmbFromMth = add(tr("From &Month :"), QStringLiteral("CmbFromMth"));
+  CmbToMth = add(tr("To Mo&nth :"), QStringLiteral("CmbToMth"));
+  CmbFromMthId = add_numbers(QStringLiteral("CmbFromMthId"));
+  CmbToMthId = add_numbers(QStringLiteral("CmbToMthId"));
+  On(CmbFromMth, &QComboBox::currentIndexChanged, &ReportWindow::CmbFromMth_Click,
+     QStringLiteral("CmbFromMth_Click"));
+  On(CmbToMth, &QComboBox::currentIndexChanged, &ReportWindow::CmbToMth_Click,
+     QStringLiteral("CmbToMth_Click"));
+}
+
+void ReportWindow::CmbFromMth_Click() {
+  TakeMonth(CmbFromMth, CmbFromMthId, 0);
+}
+
+void ReportWindow::CmbToMth_Click() {
+  TakeMonth(CmbToMth, CmbToMthId, 1);
+}
+
+void ReportWindow::TakeMonth(ComboBox* names, ComboBox* numbers, int box) {
+  if (!names->HasChoice() || !Session().current) {
+    return;
+  }
+  numbers->setCurrentIndex(names->CurrentPosition());
+  const auto month = MonthPeriod(Session().current->year, numbers->currentText().toInt());
+  if (const auto* refusal = std::get_if<Refusal>(&month)) {
+    Show({refusal->text, names->objectName()});
+    return;
+  }
+  const auto& period = std::get<Period>(month);
+  Text1[static_cast<std::size_t>(box)]->SetDate(
+      text::FormatDmy(box == 0 ? period.from : period.to));
+}
+
+// A date that was typed in belongs to no chosen month any more.
+void ReportWindow::Text1_Validate() {
+  const auto clear_other = [this](ComboBox* names, ComboBox* numbers, int box) {
+    if (names == nullptr || !names->HasChoice() || !Session().current) {
+      return;
+    }
+    const auto month = MonthPeriod(Session().current->year, numbers->currentText().toInt());
+    const auto* period = std::get_if<Period>(&month);
+    const auto date = Text1[static_cast<std::size_t>(box)]->Date();
+    if (period == nullptr || date != (box == 0 ? period->from : period->to)) {
+      names->Clear();
+    }
+  };
+  clear_other(CmbFromMth, CmbFromMthId, 0);
+  clear_other(CmbToMth, CmbToMthId, 1);
+}
+
+Grid* ReportWindow::AddTickGrid(const QString& name, const QString& heading,
+                                const QString& purpose) {
+  auto* grid = new Grid(name, purpose);
+  grid->SetColumns({{.heading = QString(), .mask = controls::Mask::kTick}, {.heading = heading}});
+  AddBesideReport(grid);
+  return grid;
+}
+
+void ReportWindow::AddBesideReport(QWidget* widget) {
+  beside_rows_->addWidget(widget);
+  beside_->setMinimumWidth(kBesideWidth);
+  beside_->show();
+}
+
+void ReportWindow::FillTicks(Grid& grid, const std::vector<lookups::Item>& items, bool ticked) {
+  std::vector<controls::Row> rows;
+  for (const lookups::Item& item : items) {
+    rows.push_back({.id = item.id, .cells = {ticked, item.text}});
+  }
+  grid.SetRows(std::move(rows));
+}
+
+MaybeRefusal ReportWindow::RefuseWithoutTick(const Grid& grid, const QString& text) {
+  return grid.Model().TickedIds().empty() ? MaybeRefusal({text, grid.objectName()}) : std::nullopt;
+}
+
+ZENButton* ReportWindow::AddButton(const QString& name, const QString& caption) {
+  auto* button = new ZENButton(name, caption);
+  buttons_->insertWidget(buttons_->indexOf(CmdReport), button);
+  return button;
+}
+
+// The Tab key goes from the options over the ticks to the report and the buttons, although these
+// were made first.
+void ReportWindow::Start() {
+  for (QWidget* last : std::initializer_list<QWidget*>{VS, CmdReport, CmdOutput, CmdExit}) {
+    setTabOrder(previousInFocusChain(), last);
+  }
+  if (Text1[0] != nullptr) {
+    Text1[0]->setFocus();
+  }
+}
+
+Period ReportWindow::ThePeriod() const {
+  const auto period = ReadPeriod(Text1[0]->text(), Text1[1]->text());
+  if (const auto* refusal = std::get_if<Refusal>(&period)) {
+    throw std::logic_error(refusal->text.toStdString());
+  }
+  return std::get<Period>(period);
+}
+
+MaybeRefusal ReportWindow::Check() {
+  if (Text1[0] != nullptr) {
+    const auto period = ReadPeriod(Text1[0]->text(), Text1[1]->text());
+    if (const auto* refusal = std::get_if<Refusal>(&period)) {
+      return *refusal;
+    }
+  }
+  return CheckSelection();
+}
+
+void ReportWindow::CmdReport_Click() {
+  if (const MaybeRefusal refusal = Check()) {
+    Show(*refusal);
+    return;
+  }
+  if (!BeforeReport()) {
+    return;
+  }
+  std::optional<ReportDocument> document;
+  {
+    controls::ProgressDialog progress(this);
+    document = BuildDocument(progress);
+  }
+  if (document) {
+    VS->SetDocument(std::move(*document));
+    if (VS->Model().rowCount() == 0) {
+      VS->SetHint(tr("No Record Found."));
+    }
+    ReportShown(VS->Model().Document());
+  }
+}
+
+std::optional<ReportDocument> ReportWindow::MakeOutput() {
+  if (const MaybeRefusal refusal = Check()) {
+    Show(*refusal);
+    return std::nullopt;
+  }
+  std::optional<ReportDocument> document;
+  {
+    controls::ProgressDialog progress(this);
+    document = BuildOutput(progress);
+  }
+  if (document && RowCount(*document) == 0) {
+    Say().Inform(tr("No Record Found."));
+    document.reset();
+  }
+  return document;
+}
+
+void ReportWindow::CmdOutput_Click() {
+  mnuReport->popup(CmdOutput->mapToGlobal(QPoint(0, -mnuReport->sizeHint().height())));
+}
+
+void ReportWindow::VS_MouseUp(const QPoint& at) {
+  mnuReport->popup(VS->viewport()->mapToGlobal(at));
+}
+
+void ReportWindow::CmdExit_Click() {
+  close();
+}
+
+void ReportWindow::mnupreview_Click() {
+  if (const auto document = MakeOutput()) {
+    TheDesk().show_report(*document, this);
+  }
+}
+
+void ReportWindow::mnuword_Click() {
+  if (const auto document = MakeOutput()) {
+    WriteAndOpen(*document, OutputFormat::kRtf);
+  }
+}
+
+void ReportWindow::mnuexcel_Click() {
+  if (const auto document = MakeOutput()) {
+    WriteAndOpen(*document, OutputFormat::kXlsx);
+  }
+}
+
+void ReportWindow::mnupdf_Click() {
+  if (const auto document = MakeOutput()) {
+    WriteWhereAsked(*document, OutputFormat::kPdf);
+  }
+}
+
+void ReportWindow::mnucsv_Click() {
+  if (const auto document = MakeOutput()) {
+    WriteWhereAsked(*document, OutputFormat::kCsv);
+  }
+}
+
+void ReportWindow::WriteWorkbook(const ReportDocument& document, const QString& path,
+                                 Progress& progress) {
+  WriteReport(document, OutputFormat::kXlsx, path, progress);
+}
+
+QString ReportWindow::FileName(const ReportDocument& document) const {
+  QStringList words{document.titles.value(0)};
+  if (Session().current) {
+    words << Session().current_client_name << Session().current->year.Text();
+  }
+  return FileStem(words);
+}
+
+void ReportWindow::Write(const ReportDocument& document, OutputFormat format, const QString& path) {
+  controls::ProgressDialog progress(this);
+  if (format == OutputFormat::kXlsx) {
+    WriteWorkbook(document, path, progress);
+  } else {
+    WriteReport(document, format, path, progress);
+  }
+}
+
+void ReportWindow::WriteAndOpen(const ReportDocument& document, OutputFormat format) {
+  const QDir folder(Session().folders.application + QStringLiteral("/Reports"));
+  if (!folder.mkpath(QStringLiteral("."))) {
+    throw std::runtime_error("cannot make the folder " + folder.path().toStdString());
+  }
+  const QString path = folder.filePath(FileName(document) + ExtensionOf(format));
+  Write(document, format, path);
+  if (!TheDesk().open_file(path)) {
+    Say().Inform(tr("The report lies in %1. No program that opens it was found.").arg(path));
+  }
+}
+
+void ReportWindow::WriteWhereAsked(const ReportDocument& document, OutputFormat format) {
+  const QString suggested = QDir::home().filePath(FileName(document) + ExtensionOf(format));
+  const QString path = TheDesk().ask_save_path(this, suggested);
+  if (!path.isEmpty()) {
+    Write(document, format, path);
+    Say().Inform(tr("Saved as %1.").arg(path));
+  }
+}
+
+}  // namespace quorvane::report

@@ -1,0 +1,167 @@
+#pragma once
+
+#include "controls/ChildWindow.h"
+#include "controls/ComboBox.h"
+#include "controls/DateBox.h"
+#include "controls/Grid.h"
+#include "core/Progress.h"
+#include "core/lookups/Choices.h"
+#include "reports/document/ReportDocument.h"
+#include "reports/output/OutputFormat.h"
+#include "reports/period/Period.h"
+#include "reports/screen/ReportGridView.h"
+
+#include <QBoxLayout>
+#include <QMenu>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace quorvane::report {
+
+/// What every report window shares: the period with its checks, the choice of months, grids in
+/// which accounts and scrips are ticked, the report on the screen (`VS`), the buttons `CmdReport`
+/// and `CmdExit`, and the pop-up menu `mnuReport` (by `CmdOutput`, or on the report itself) that
+/// shows pages and writes files. From top to bottom: options, ticks beside the report, buttons.
+///
+/// A derived window adds its parts in its constructor and builds the document:
+///
+///     RptDMatStatement::RptDMatStatement(controls::Desk& desk)
+///         : ReportWindow(desk, "RptDMatStatement", tr("Demat A/c Statement"), {780, 520}) {
+///       AddPeriod(Months::kYes);
+///       VSF = AddTickGrid("VSF", tr("Demat A/c No."), tr("Demat accounts"));
+///       FillTicks(*VSF, lookups::AccountItems(*Session().connection, client));
+///       Start();
+///     }
+///     MaybeRefusal RptDMatStatement::CheckSelection() {
+///       return RefuseWithoutTick(*VSF, tr("Select Demat A/c!"));
+///     }
+///     std::optional<ReportDocument> RptDMatStatement::BuildDocument(Progress& progress) {
+///       return demat::MakeStatement(*Session().connection, QueryOf(ThePeriod(), *VSF), progress);
+///     }
+class ReportWindow : public controls::ChildWindow {
+  Q_OBJECT
+
+ protected:
+  enum class Months { kNo, kYes };
+
+  /// `name`, `title` and `designed` as for ChildWindow.
+  ReportWindow(controls::Desk& desk, const QString& name, const QString& title, QSize designed);
+
+  /// "From" and "To" with the boxes Text1_0 and Text1_1, filled with the current financial year;
+  /// with months also `CmbFromMth` and `CmbToMth`, each of which sets its date.
+  void AddPeriod(Months months = Months::kNo);
+
+  /// A row of the window's own controls, below what was added before.
+  void AddOptions(QLayout* options) { options_->addLayout(options); }
+  void AddOptions(QWidget* options) { options_->addWidget(options); }
+
+  /// A grid with ticks and one column of text, to the left of the report. A click on the heading of
+  /// the ticks ticks all or none; Space ticks the current row.
+  controls::Grid* AddTickGrid(const QString& name, const QString& heading, const QString& purpose);
+
+  /// Something else to the left of the report, between the grids.
+  void AddBesideReport(QWidget* widget);
+
+  /// Replaces the rows; all of them are ticked, or none.
+  static void FillTicks(controls::Grid& grid, const std::vector<lookups::Item>& items,
+                        bool ticked = true);
+
+  /// A refusal with that text while nothing is ticked in the grid.
+  static MaybeRefusal RefuseWithoutTick(const controls::Grid& grid, const QString& text);
+
+  /// The keys of the ticked rows as a vector of typed ids, in the order of the grid.
+  template <class IdType>
+  static std::vector<IdType> Ticked(const controls::Grid& grid) {
+    std::vector<IdType> ids;
+    for (const int id : grid.Model().TickedIds()) {
+      ids.push_back(IdType{id});
+    }
+    return ids;
+  }
+
+  /// A button of the window's own, before `CmdReport`.
+  controls::ZENButton* AddButton(const QString& name, const QString& caption);
+
+  /// To be called at the end of the derived constructor: settles the order of the Tab key.
+  void Start();
+
+  /// The period in the boxes. Only after the checks have passed, as in BuildDocument.
+  Period ThePeriod() const;
+
+  /// The first rule of the selection that is broken, after those of the period.
+  virtual MaybeRefusal CheckSelection() { return std::nullopt; }
+
+  /// The report for the screen; nullopt leaves the screen as it is. Long work steps `progress` and
+  /// throws Cancellation.
+  virtual std::optional<ReportDocument> BuildDocument(Progress& progress) = 0;
+
+  /// The report for paper and files where that differs from the screen's.
+  virtual std::optional<ReportDocument> BuildOutput(Progress& progress) {
+    return BuildDocument(progress);
+  }
+
+  /// Called before the report is built for the screen and after it was shown: the places for a
+  /// question and for a notice. False from the first stops it.
+  virtual bool BeforeReport() { return true; }
+  virtual void ReportShown(const ReportDocument& document) { static_cast<void>(document); }
+
+  /// Writes the workbook; the place to fill a template instead.
+  virtual void WriteWorkbook(const ReportDocument& document, const QString& path,
+                             Progress& progress);
+
+  /// Name of a written file without its extension.
+  virtual QString FileName(const ReportDocument& document) const;
+
+  /// Checks and builds as for the menu's outputs; nullopt when that ended with a message.
+  std::optional<ReportDocument> MakeOutput();
+
+  /// Writes into the folder of reports and opens the file with the desktop's own program.
+  void WriteAndOpen(const ReportDocument& document, OutputFormat format);
+
+  /// Asks for the place and writes.
+  void WriteWhereAsked(const ReportDocument& document, OutputFormat format);
+
+  ReportGridView& Screen() { return *VS; }
+
+  void CmdReport_Click();
+  void CmdOutput_Click();
+  void CmdExit_Click();
+  void mnupreview_Click();
+  void mnuword_Click();
+  void mnuexcel_Click();
+  void mnupdf_Click();
+  void mnucsv_Click();
+
+  std::array<controls::DateBox*, 2> Text1{};  ///< from, to; without AddPeriod there are none
+  controls::ComboBox* CmbFromMth = nullptr;
+  controls::ComboBox* CmbToMth = nullptr;
+  controls::ComboBox* CmbFromMthId = nullptr;  ///< never shown: the numbers of the months
+  controls::ComboBox* CmbToMthId = nullptr;
+  ReportGridView* VS = nullptr;
+  controls::ZENButton* CmdReport = nullptr;
+  controls::ZENButton* CmdOutput = nullptr;
+  controls::ZENButton* CmdExit = nullptr;
+  QMenu* mnuReport = nullptr;
+
+ private:
+  void BuildLayout();
+  void BuildMenu();
+  void AddMonths(QBoxLayout* row);
+  QAction* AddAction(const char* name, const QString& caption, void (ReportWindow::*handler)());
+  MaybeRefusal Check();
+  void TakeMonth(controls::ComboBox* names, controls::ComboBox* numbers, int box);
+  void Text1_Validate();
+  void CmbFromMth_Click();
+  void CmbToMth_Click();
+  void VS_MouseUp(const QPoint& at);
+  void Write(const ReportDocument& document, OutputFormat format, const QString& path);
+
+  QBoxLayout* options_ = nullptr;
+  QWidget* beside_ = nullptr;  ///< holds what is ticked
+  QBoxLayout* beside_rows_ = nullptr;
+  QBoxLayout* buttons_ = nullptr;
+};
+
+}  // namespace quorvane::report

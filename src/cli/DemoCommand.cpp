@@ -1,6 +1,8 @@
 #include "cli/Command.h"
-#include "cli/Statement.h"
+#include "cli/DemoReports.h"
 #include "portfolio/Import.h"
+#include "reports/output/TextWriter.h"
+#include "reports/output/WriteReport.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,6 +14,7 @@ namespace {
 
 constexpr int kFirstYear = 2011;
 constexpr int kYears = 3;
+constexpr std::string_view kPrinted = "capital-gain";
 
 void ImportSample(Context& context) {
   const QString sample =
@@ -26,29 +29,41 @@ void ImportSample(Context& context) {
   }
 }
 
-/// Writes each client's statements of a year and prints the capital-gain statement.
-void WriteStatements(Context& context, const lookups::Directory& directory,
-                     const std::string& folder, text::FinancialYear year) {
-  const auto query = profit::StatementQuery::OfYear(std::nullopt, year);
+/// Writes a report in every format and prints the capital-gain statement.
+void WriteDemoReport(const DemoReportKind& kind, const DemoReport& report,
+                     const std::string& stem) {
+  Progress progress;
+  for (const report::OutputFormatEntry& entry : report::OutputFormats()) {
+    const std::string path = stem + entry.extension;
+    if (entry.format == report::OutputFormat::kCsv && report.csv) {
+      WriteFile(path, *report.csv);
+    } else {
+      report::WriteReport(report.document, entry.format, QString::fromStdString(path), progress);
+    }
+  }
+  if (std::string_view(kind.name) == kPrinted) {
+    Print(report::WriteText(report.document) + "\n");
+  }
+}
+
+void WriteReports(Context& context, const std::string& folder) {
+  const lookups::Directory directory(context.Connection());
   const auto progress = context.MakeProgress();
-  profit::BuildStatement(
-      context.Connection(), query, *progress,
-      [&](ClientId client, std::span<const profit::StatementRow> rows) {
-        for (const auto& [mode, name] :
-             {std::pair{profit::StatementMode::kCapitalGain, "capital-gain"},
-              std::pair{profit::StatementMode::kProfit, "profit"}}) {
-          for (const OutputFormat format : {OutputFormat::kText, OutputFormat::kCsv}) {
-            const std::string text = FormatStatement(format, mode, profit::Layout::kDetail, query,
-                                                     client, rows, directory);
-            WriteFile(fmt::format("{}/{}-{}-{}{}", folder, directory.Client(client).code,
-                                  year.Utf8(), name, Extension(format)),
-                      text);
-            if (mode == profit::StatementMode::kCapitalGain && format == OutputFormat::kText) {
-              Print(text + "\n");
-            }
-          }
-        }
+  const auto kinds = DemoReportKinds();
+  progress->Begin(QStringLiteral("Writing reports"),
+                  kYears * static_cast<std::int64_t>(kinds.size()));
+  std::int64_t done = 0;
+  for (int first = kFirstYear; first < kFirstYear + kYears; ++first) {
+    const text::FinancialYear year(first);
+    for (const DemoReportKind& kind : kinds) {
+      kind.make(context, directory, year, [&](const DemoReport& report) {
+        const QString stem = report::FileStem({QString::fromStdString(fmt::format(
+            "{}-{}-{}", directory.Client(report.client).code, year.Utf8(), kind.name))});
+        WriteDemoReport(kind, report, folder + "/" + stem.toStdString());
       });
+      progress->Step(++done);
+    }
+  }
 }
 
 void Demo(Context& context, const std::string& out) {
@@ -60,13 +75,9 @@ void Demo(Context& context, const std::string& out) {
   QDir().mkpath(folder.path());
   context.UseFolder(data.toStdString());
   ImportSample(context);
-  const lookups::Directory directory(context.Connection());
-  for (int year = kFirstYear; year < kFirstYear + kYears; ++year) {
-    WriteStatements(context, directory, folder.absolutePath().toStdString(),
-                    text::FinancialYear(year));
-  }
+  WriteReports(context, folder.absolutePath().toStdString());
   Print(
-      fmt::format("The statements lie in {}\nThe portfolio itself lies in {}; look into it with "
+      fmt::format("The reports lie in {}\nThe portfolio itself lies in {}; look into it with "
                   "quorvanectl --data {} ...\n",
                   folder.absolutePath().toStdString(), data.toStdString(), data.toStdString()));
 }
@@ -75,7 +86,7 @@ void Demo(Context& context, const std::string& out) {
 
 void AddDemoCommand(CLI::App& app, Context& context) {
   auto out = std::make_shared<std::string>();
-  CLI::App* demo = app.add_subcommand("demo", "A sample portfolio and every statement of it");
+  CLI::App* demo = app.add_subcommand("demo", "A sample portfolio and every report of it");
   demo->add_option("--out", *out, "Folder to make")->required();
   demo->callback([&context, out] { Demo(context, *out); });
 }

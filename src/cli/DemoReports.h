@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "reports/document/ReportDocument.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+
+namespace quorvane::cli {
+
+/// A report of one client and year, for the demonstration.
+struct DemoReport {
+  ClientId client;
+  report::ReportDocument document;
+  std::optional<std::string> csv = {};  ///< in place of the document's own CSV
+};
+
+/// A kind of report: its name, which files are named by, and what hands out each client's report
+/// of a year. One line in DemoReports.cpp adds a report to the demonstration.
+struct DemoReportKind {
+  using Give = std::function<void(const DemoReport&)>;
+
+  const char* name = "";
+  void (*make)(Context& context, const lookups::Directory& directory, text::FinancialYear year,
+               const Give& give) = nullptr;
+};
+
+std::span<const DemoReportKind> DemoReportKinds();
+
+}  // namespace quorvane::cli

@@ -1,0 +1,148 @@
+#include "cli/ReportCommand.h"
+
+#include "reports/output/CsvWriter.h"
+#include "reports/output/TextWriter.h"
+#include "reports/output/WriteReport.h"
+
+#include <QDir>
+
+namespace quorvane::cli {
+namespace {
+
+using report::OutputFormat;
+
+bool IsText(OutputFormat format) {
+  return format == OutputFormat::kText || format == OutputFormat::kCsv;
+}
+
+std::vector<std::string> FormatNames() {
+  std::vector<std::string> names;
+  for (const report::OutputFormatEntry& entry : report::OutputFormats()) {
+    names.emplace_back(entry.name);
+  }
+  return names;
+}
+
+void AddAccounts(Scope& scope, const lookups::Directory& directory,
+                 const std::vector<std::string>& numbers) {
+  for (const std::string& number : numbers) {
+    if (scope.client) {
+      scope.accounts.push_back(AccountOf(directory, *scope.client, number));
+      continue;
+    }
+    const auto found = directory.FindAccounts(number);
+    if (found.empty()) {
+      throw Refused("there is no demat account \"" + number + "\"");
+    }
+    for (const lookups::AccountEntry* account : found) {
+      scope.accounts.push_back(account->id);
+    }
+  }
+}
+
+void AddScrips(Scope& scope, const lookups::Directory& directory,
+               const std::vector<std::string>& codes) {
+  for (const std::string& code : codes) {
+    const lookups::ScripEntry* scrip = directory.FindScrip(code);
+    if (scrip == nullptr) {
+      throw Refused("there is no scrip \"" + code + "\"");
+    }
+    scope.scrips.push_back(scrip->id);
+  }
+}
+
+}  // namespace
+
+void AddScopeOptions(CLI::App& command, ScopeOptions& options) {
+  auto* client = command.add_option("--client", options.client, "Client code");
+  auto* all = command.add_flag("--all", options.all, "Every client");
+  client->excludes(all);
+  command.add_option("--year", options.year, "Financial year, such as 2011-12")->required();
+  command.add_option("--from", options.from, "First day, dd/mm/yyyy");
+  command.add_option("--to", options.to, "Last day, dd/mm/yyyy");
+  command.add_option("--accounts", options.accounts, "Demat accounts, by number")->delimiter(',');
+  command.add_option("--scrips", options.scrips, "Scrips, by code")->delimiter(',');
+}
+
+Scope ScopeOf(const ScopeOptions& options, const lookups::Directory& directory) {
+  if (options.client.empty() && !options.all) {
+    throw WrongUsage("expected --client CODE or --all");
+  }
+  const text::FinancialYear year = YearOf(options.year);
+  Scope scope{{}, year, report::Period::Of(year), {}, {}};
+  if (!options.all) {
+    scope.client = ClientOf(directory, options.client);
+  }
+  if (!options.from.empty()) {
+    scope.period.from = DateOf("--from", options.from);
+  }
+  if (!options.to.empty()) {
+    scope.period.to = DateOf("--to", options.to);
+  }
+  if (scope.period.from > scope.period.to) {
+    throw Refused("From Date Can't be Greater than To Date.");
+  }
+  AddAccounts(scope, directory, options.accounts);
+  AddScrips(scope, directory, options.scrips);
+  return scope;
+}
+
+std::vector<ClientId> ClientsOf(const Scope& scope, const lookups::Directory& directory) {
+  if (scope.client) {
+    return {*scope.client};
+  }
+  std::vector<ClientId> clients;
+  for (const lookups::ClientEntry& client : directory.Clients()) {
+    clients.push_back(client.id);
+  }
+  return clients;
+}
+
+report::OutputFormat OutputOptions::Format() const {
+  return report::FormatNamed(format).value_or(OutputFormat::kText);
+}
+
+void AddOutputOptions(CLI::App& command, OutputOptions& options) {
+  command.add_option("--format", options.format, "Kind of file")
+      ->check(CLI::IsMember(FormatNames()));
+  command.add_option("--out", options.out, "File; with --all a folder with a file a client");
+}
+
+ReportOutput::ReportOutput(Context& context, const OutputOptions& options, bool several)
+    : context_(context), options_(options), several_(several) {
+  if (options.out.empty() && !IsText(options.Format())) {
+    throw WrongUsage("--format " + options.format + " needs --out FILE");
+  }
+}
+
+std::string ReportOutput::PathOf(const std::string& name) const {
+  if (!several_) {
+    return options_.out;
+  }
+  QDir().mkpath(QString::fromStdString(options_.out));
+  const QString stem = report::FileStem({QString::fromStdString(name)});
+  return options_.out + "/" + (stem + report::ExtensionOf(options_.Format())).toStdString();
+}
+
+void ReportOutput::Take(const report::ReportDocument& document, const std::string& name) {
+  const OutputFormat format = options_.Format();
+  if (!ToFiles()) {
+    TakeText(format == OutputFormat::kCsv ? WriteCsv(document) : WriteText(document), name);
+    return;
+  }
+  const auto progress = several_ ? std::make_unique<Progress>() : context_.MakeProgress();
+  WriteReport(document, format, QString::fromStdString(PathOf(name)), *progress);
+  ++taken_;
+}
+
+void ReportOutput::TakeText(const std::string& text, const std::string& name) {
+  if (ToFiles()) {
+    WriteFile(PathOf(name), text);
+  } else {
+    const bool apart = taken_ > 0 && options_.Format() == OutputFormat::kText;
+    Print(apart ? "\n" + text : text);
+  }
+  ++taken_;
+}
+
+}  // namespace quorvane::cli

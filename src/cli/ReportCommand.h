@@ -1,0 +1,84 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "reports/document/ReportDocument.h"
+#include "reports/output/OutputFormat.h"
+#include "reports/period/Period.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quorvane::cli {
+
+/// Whose report and of what: the options that the statements share.
+struct ScopeOptions {
+  std::string client;
+  bool all = false;
+  std::string year;
+  std::string from;
+  std::string to;
+  std::vector<std::string> accounts;
+  std::vector<std::string> scrips;
+};
+
+/// Adds --client or --all, --year, --from, --to, --accounts and --scrips.
+void AddScopeOptions(CLI::App& command, ScopeOptions& options);
+
+/// The options as keys and days.
+struct Scope {
+  std::optional<ClientId> client;  ///< none with --all
+  text::FinancialYear year;
+  report::Period period;
+  std::vector<AccountId> accounts;  ///< empty when none was named
+  std::vector<ScripId> scrips;
+};
+
+/// Throws Refused or WrongUsage for what there is not.
+Scope ScopeOf(const ScopeOptions& options, const lookups::Directory& directory);
+
+/// The clients of a scope, by code.
+std::vector<ClientId> ClientsOf(const Scope& scope, const lookups::Directory& directory);
+
+struct OutputOptions {
+  std::string format = "text";
+  std::string out;
+
+  report::OutputFormat Format() const;
+};
+
+/// Adds --format and --out.
+void AddOutputOptions(CLI::App& command, OutputOptions& options);
+
+/// Where the reports of one command go: to standard output one after the other, a single one to the
+/// file of --out, several into the folder of --out, a file each.
+///
+///     ReportOutput output(context, options.output, options.scope.all);
+///     for (const ClientId client : ClientsOf(scope, directory)) {
+///       output.Take(MakeLedger(...), directory.Client(client).code);
+///     }
+class ReportOutput {
+ public:
+  /// Throws WrongUsage when a format that is no text is to go to standard output.
+  ReportOutput(Context& context, const OutputOptions& options, bool several);
+
+  /// `name` is the file's name in a folder.
+  void Take(const report::ReportDocument& document, const std::string& name);
+
+  /// The same for a report that is text already, such as CSV for machines.
+  void TakeText(const std::string& text, const std::string& name);
+
+  /// True when each report goes to a file of its own.
+  bool ToFiles() const { return !options_.out.empty(); }
+  bool IsFirst() const { return taken_ == 0; }
+
+ private:
+  std::string PathOf(const std::string& name) const;
+
+  Context& context_;
+  const OutputOptions& options_;
+  bool several_;
+  int taken_ = 0;
+};
+
+}  // namespace quorvane::cli

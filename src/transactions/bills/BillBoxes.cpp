@@ -27,8 +27,12 @@ Form FormOf(BillBox box) {
   }
 }
 
+double ReadNumber(QString text) {
+  return text::Val(text.remove(QLatin1Char(',')));
+}
+
 QString InForm(Form form, const QString& typed) {
-  const double number = text::Val(typed);
+  const double number = ReadNumber(typed);
   switch (form) {
     case Form::kPositiveNumber:
       return text::NumberText(std::abs(number));
@@ -42,14 +46,34 @@ QString InForm(Form form, const QString& typed) {
   return typed;
 }
 
+QString ShownText(BillBox box, double number) {
+  if (box == BillBox::kNet && number == 0) {
+    return {};
+  }
+  return FormOf(box) == Form::kPositiveNumber ? text::NumberText(number)
+                                              : text::FormatAmount(number);
+}
+
 bool MovesTheAmount(BillBox box) {
   return box >= BillBox::kQuantity && box <= BillBox::kServiceTax;
 }
 
 }  // namespace
 
+void BillBoxes::Type(BillBox box, const QString& text) {
+  (*this)[box] = text;
+  shown_[static_cast<std::size_t>(box)] = {};
+}
+
+void BillBoxes::Show(BillBox box, double number) {
+  (*this)[box] = ShownText(box, number);
+  shown_[static_cast<std::size_t>(box)] = {(*this)[box], number};
+}
+
 double BillBoxes::Number(BillBox box) const {
-  return text::Val((*this)[box]);
+  const Shown& shown = shown_[static_cast<std::size_t>(box)];
+  const QString& text = (*this)[box];
+  return !text.isEmpty() && text == shown.text ? shown.number : ReadNumber(text);
 }
 
 QString ControlName(BillBox box) {
@@ -57,10 +81,9 @@ QString ControlName(BillBox box) {
 }
 
 void RecomputeLine(Side side, BillBoxes& boxes) {
-  const double net = text::RoundAmount(
-      NetRate(side, boxes.Number(BillBox::kRate), boxes.Number(BillBox::kBrokerage)));
-  boxes[BillBox::kNet] = net == 0 ? QString() : text::FormatAmount(net);
-  boxes[BillBox::kAmount] = text::FormatAmount(net * boxes.Number(BillBox::kQuantity));
+  const double net = NetRate(side, boxes.Number(BillBox::kRate), boxes.Number(BillBox::kBrokerage));
+  boxes.Show(BillBox::kNet, net);
+  boxes.Show(BillBox::kAmount, text::RoundAmount(net * boxes.Number(BillBox::kQuantity)));
 }
 
 void LeaveBox(BillBox box, Side side, BillBoxes& boxes) {

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace quorvane::bills {
@@ -32,17 +33,32 @@ enum class BillBox : std::uint8_t {
 
 inline constexpr std::size_t kBillBoxCount = 16;
 
-/// The texts of the boxes, by BillBox.
+/// The texts of the boxes, by BillBox, and the numbers behind them.
 class BillBoxes {
  public:
   QString& operator[](BillBox box) { return texts_[static_cast<std::size_t>(box)]; }
   const QString& operator[](BillBox box) const { return texts_[static_cast<std::size_t>(box)]; }
 
-  /// The number at the start of a box, 0 when there is none.
+  /// Takes over what the user typed.
+  void Type(BillBox box, const QString& text);
+
+  /// Shows a number in the form of its box. The box shows two decimals; the number behind it stays
+  /// what it is until something else stands in the box, so that a lot's rate of 33.333333 survives
+  /// a change of the quantity. A net rate of 0 is shown as an empty box.
+  void Show(BillBox box, double number);
+
+  /// The number behind a box: what was shown, or the number at the start of what was typed,
+  /// grouping commas passed over; 0 when there is none.
   double Number(BillBox box) const;
 
  private:
+  struct Shown {
+    QString text;
+    double number = 0;
+  };
+
   std::array<QString, kBillBoxCount> texts_;
+  std::array<Shown, kBillBoxCount> shown_;
 };
 
 /// The control's name, as "Text1_3".

@@ -98,6 +98,27 @@ class BillBoxesTest : public QObject {
     QCOMPARE(boxes[BillBox::kAmount], QStringLiteral("0.00"));
   }
 
+  void NumberBehindABoxOutlivesItsForm() {
+    BillBoxes boxes = Entered("3", "", "0.10");
+    boxes.Show(BillBox::kRate, 100.0 / 3);
+    LeaveBox(BillBox::kRate, Side::kPurchase, boxes);
+    QCOMPARE(boxes[BillBox::kRate], QStringLiteral("33.33"));
+    QVERIFY(boxes.Number(BillBox::kRate) == 100.0 / 3);
+    QCOMPARE(boxes[BillBox::kNet], QStringLiteral("33.43"));
+    QCOMPARE(boxes[BillBox::kAmount], QStringLiteral("100.30"));
+    boxes.Type(BillBox::kRate, QStringLiteral("33.33"));
+    LeaveBox(BillBox::kRate, Side::kPurchase, boxes);
+    QVERIFY(boxes.Number(BillBox::kRate) == 33.33);
+    QCOMPARE(boxes[BillBox::kAmount], QStringLiteral("100.29"));
+  }
+
+  void GroupingCommasAreNoDecimalMarks() {
+    BillBoxes boxes = Entered("1,000", "1,234.50", "0");
+    LeaveBox(BillBox::kQuantity, Side::kPurchase, boxes);
+    QCOMPARE(boxes[BillBox::kQuantity], QStringLiteral("1000"));
+    QCOMPARE(boxes[BillBox::kAmount], QStringLiteral("1234500.00"));
+  }
+
   void ControlsAreNamedByTheirPlace() {
     QCOMPARE(ControlName(BillBox::kNumber), QStringLiteral("Text1_0"));
     QCOMPARE(ControlName(BillBox::kSettlementNumber), QStringLiteral("Text1_15"));

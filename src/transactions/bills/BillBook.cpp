@@ -175,7 +175,7 @@ std::optional<Bill> BillBook::Load(BillId id) const {
 }
 
 MaybeRefusal BillBook::Save(Bill& bill) {
-  if (MaybeRefusal refusal = CheckBill(bill)) {
+  if (MaybeRefusal refusal = CheckBill(bill, of_.year)) {
     return refusal;
   }
   Bill saved;

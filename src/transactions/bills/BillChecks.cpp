@@ -1,9 +1,12 @@
 #include "transactions/bills/BillChecks.h"
 
+#include "core/database/TextWidths.h"
 #include "core/text/Amounts.h"
 #include "transactions/bills/BillBoxes.h"
 
 #include <QCoreApplication>
+
+#include <array>
 
 namespace quorvane::bills {
 namespace {
@@ -34,23 +37,49 @@ MaybeRefusal CheckExchange(ExchangeId exchange) {
   return std::nullopt;
 }
 
-MaybeRefusal CheckHeader(const Bill& bill) {
+MaybeRefusal CheckTexts(const Bill& bill) {
+  const std::array cells{
+      database::TextCell{"BillNo", QT_TRANSLATE_NOOP("Masters", "Bill No."), bill.number,
+                         ControlName(BillBox::kNumber)},
+      database::TextCell{"SettlNo", QT_TRANSLATE_NOOP("Masters", "Settlement No."),
+                         bill.settlement_number, ControlName(BillBox::kSettlementNumber)}};
+  return database::CheckTextWidths("SPMaster", cells);
+}
+
+MaybeRefusal CheckHeader(const Bill& bill, text::FinancialYear year) {
   if (bill.number.trimmed().isEmpty()) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Bill No."), BillBox::kNumber);
   }
   if (MaybeRefusal refusal = CheckDateText(bill.date)) {
     return refusal;
   }
+  if (MaybeRefusal refusal = CheckYear(bill.date, year)) {
+    return refusal;
+  }
   if (!bill.broker) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Broker Name."), BillBox::kBroker);
   }
-  return CheckExchange(bill.exchange);
+  if (MaybeRefusal refusal = CheckExchange(bill.exchange)) {
+    return refusal;
+  }
+  return CheckTexts(bill);
 }
 
 }  // namespace
 
-MaybeRefusal CheckBill(const Bill& bill) {
-  if (MaybeRefusal refusal = CheckHeader(bill)) {
+MaybeRefusal CheckYear(const QString& date, text::FinancialYear year) {
+  const std::optional<text::Date> day = text::ParseDmy(date);
+  if (!day || year.Contains(*day)) {
+    return std::nullopt;
+  }
+  Refusal refusal = Refuse(QT_TRANSLATE_NOOP("Bills", "The Date is not in the Financial Year %1."),
+                           BillBox::kDate);
+  refusal.text = refusal.text.arg(year.Text());
+  return refusal;
+}
+
+MaybeRefusal CheckBill(const Bill& bill, text::FinancialYear year) {
+  if (MaybeRefusal refusal = CheckHeader(bill, year)) {
     return refusal;
   }
   for (const BillLine& line : bill.lines) {
@@ -78,6 +107,14 @@ MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, double quantity)
   if (!(quantity > 0)) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Quantity Greater than Zero."),
                   BillBox::kQuantity);
+  }
+  return std::nullopt;
+}
+
+MaybeRefusal CheckLot(Side side, LotId lot, bool scrip_has_lots) {
+  if (side == Side::kSale && !lot && scrip_has_lots) {
+    return Refuse(QT_TRANSLATE_NOOP("Bills", "Select the Lot to be Sold from the Balance."),
+                  QStringLiteral("VS3"));
   }
   return std::nullopt;
 }

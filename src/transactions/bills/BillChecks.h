@@ -2,6 +2,7 @@
 
 #include "core/Refusal.h"
 #include "core/text/Dates.h"
+#include "core/text/FinancialYear.h"
 #include "transactions/bills/Bill.h"
 
 #include <optional>
@@ -10,14 +11,21 @@ namespace quorvane::bills {
 
 /// Each check gives the first rule that is broken, with the control to focus.
 
-/// What a bill needs to be saved: number, date, broker and exchange, then its lines in order.
-MaybeRefusal CheckBill(const Bill& bill);
+/// What a bill needs to be saved in a year: number, date, broker and exchange, then its lines in
+/// order. Statements take bills by year and date: one dated outside its year would be lost to them.
+MaybeRefusal CheckBill(const Bill& bill, text::FinancialYear year);
+
+/// A date that is filled in and lies outside of the year.
+MaybeRefusal CheckYear(const QString& date, text::FinancialYear year);
 
 /// What a bill needs before a line is begun: date and exchange.
 MaybeRefusal CheckBeforeLine(const Bill& bill);
 
 /// What a line needs: a side, a scrip and shares.
 MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, double quantity);
+
+/// A sale of a scrip that has lots in the account says which of them it draws on.
+MaybeRefusal CheckLot(Side side, LotId lot, bool scrip_has_lots);
 
 /// The date before a scrip is entered: a day that is not after `today`.
 MaybeRefusal CheckDate(const QString& date, text::Date today);

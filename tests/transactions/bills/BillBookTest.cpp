@@ -272,7 +272,7 @@ class BillBookTest : public QObject {
       Bill bill = desk_->NewBill(QString::fromLatin1(date), {});
       QVERIFY(!Book().Save(bill));
     }
-    Bill foreign = desk_->NewBill({});
+    Bill foreign = desk_->NewBill(QStringLiteral("10/06/2012"), {});
     QVERIFY(!BillBook(desk_->Connection(), {desk_->client, desk_->year.Next()}).Save(foreign));
     std::vector<int> order;
     for (const Bill& bill : Book().List()) {

@@ -67,9 +67,35 @@ class BillChecksTest : public QObject {
   }
   void BillIsCheckedInOrder() {
     QFETCH(int, steps);
-    const MaybeRefusal refusal = CheckBill(FilledIn(steps));
+    const MaybeRefusal refusal = CheckBill(FilledIn(steps), text::FinancialYear(2011));
     QTEST(TextOf(refusal), "text");
     QTEST(FieldOf(refusal), "field");
+  }
+
+  void DateOutsideTheYearIsRefused_data() {
+    QTest::addColumn<QString>("date");
+    QTest::addColumn<QString>("text");
+    const QString refused = QStringLiteral("The Date is not in the Financial Year 2011-12.");
+    QTest::newRow("day before") << QStringLiteral("31/03/2011") << refused;
+    QTest::newRow("first day") << QStringLiteral("01/04/2011") << test::kAccepted;
+    QTest::newRow("last day") << QStringLiteral("31/03/2012") << test::kAccepted;
+    QTest::newRow("day after") << QStringLiteral("01/04/2012") << refused;
+  }
+  void DateOutsideTheYearIsRefused() {
+    QFETCH(QString, date);
+    Bill bill = FilledIn(static_cast<int>(kSteps.size()));
+    bill.date = date;
+    const MaybeRefusal refusal = CheckBill(bill, text::FinancialYear(2011));
+    QTEST(TextOf(refusal), "text");
+    QCOMPARE(FieldOf(refusal), refusal ? QStringLiteral("Text1_1") : QStringLiteral("none"));
+  }
+
+  void TextsThatAreTooLongAreRefused() {
+    Bill bill = FilledIn(static_cast<int>(kSteps.size()));
+    bill.settlement_number = QString(101, QLatin1Char('1'));
+    QCOMPARE(FieldOf(CheckBill(bill, text::FinancialYear(2011))), QStringLiteral("Text1_15"));
+    bill.number = bill.settlement_number;
+    QCOMPARE(FieldOf(CheckBill(bill, text::FinancialYear(2011))), QStringLiteral("Text1_0"));
   }
 
   void DateAndExchangeComeBeforeALine_data() {

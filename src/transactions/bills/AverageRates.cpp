@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <map>
 
 namespace quorvane::bills {
@@ -58,7 +59,19 @@ Walks WalkAccount(Transaction& transaction, const ClientYear& of, AccountId acco
   return walks;
 }
 
+bool AreStored(Transaction& transaction, const ClientYear& of, AccountId account,
+               const Walks& walks) {
+  const std::vector<AverageRate> stored =
+      ReadAverageRates(transaction.GetConnection(), of, account);
+  return std::ranges::equal(stored, walks, [](const AverageRate& rate, const auto& walk) {
+    return rate.scrip == walk.first && rate.rate == walk.second.Average();
+  });
+}
+
 void Store(Transaction& transaction, const ClientYear& of, AccountId account, const Walks& walks) {
+  if (AreStored(transaction, of, account, walks)) {
+    return;
+  }
   transaction.Execute("Delete From ScriptAvgRate Where Cid=? and Fyear=? and AcId=?", of.client,
                       of.year.Text(), account);
   constexpr int kEveryBroker = 0;

@@ -32,7 +32,8 @@ struct AverageRate {
 
 /// Works the average rates of an account out anew, for every scrip that has a lot: from the opening
 /// balance, then the bill lines by date, bill and line. One transaction, and the same few queries
-/// whatever the number of scrips. Transfers do not count.
+/// whatever the number of scrips; nothing is written when the rates are what they were. Transfers
+/// do not count.
 void RebuildAverageRates(database::Connection& connection, const ClientYear& of, AccountId account);
 
 /// The rates as last worked out, by scrip id.

@@ -138,6 +138,7 @@ QString RecordWindow::DeleteQuestion() const {
 void RecordWindow::cmdAdd_Click() {
   Clear();
   current_ = 0;
+  BeginEditing();
   SetEditing(true);
 }
 
@@ -149,6 +150,7 @@ void RecordWindow::cmdModify_Click() {
   Clear();
   Load(id);
   current_ = id;
+  BeginEditing();
   SetEditing(true);
 }
 

@@ -52,6 +52,10 @@ class RecordWindow : public ChildWindow {
   /// Shows a record in the form, which is empty.
   virtual void Load(int id) = 0;
 
+  /// The record in the form, CurrentId(), is about to be edited. When it throws, the window goes on
+  /// browsing.
+  virtual void BeginEditing() {}
+
   /// Checks the form and saves it as record CurrentId(), 0 being a new one. A new record's key goes
   /// to SetCurrentId. A refusal's field is the control name to focus; nothing was changed then.
   virtual MaybeRefusal Save() = 0;

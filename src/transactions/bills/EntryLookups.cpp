@@ -1,5 +1,7 @@
 #include "transactions/bills/EntryLookups.h"
 
+#include <algorithm>
+
 namespace quorvane::bills {
 namespace {
 
@@ -19,6 +21,15 @@ PercentNames NamesOf(Delivery delivery) {
 QString DeliveryText(Delivery delivery) {
   return delivery == Delivery::kDeliveryBased ? QStringLiteral("Delivery Based")
                                               : QStringLiteral("Non Delivery Based");
+}
+
+std::optional<Delivery> DeliveryOf(const QString& text) {
+  for (const Delivery delivery : {Delivery::kDeliveryBased, Delivery::kNonDeliveryBased}) {
+    if (text.compare(DeliveryText(delivery), Qt::CaseInsensitive) == 0) {
+      return delivery;
+    }
+  }
+  return std::nullopt;
 }
 
 ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
@@ -44,6 +55,46 @@ std::optional<double> MarketRateOf(database::Connection& connection, text::Finan
   auto rows = connection.Open("Select Rate From MarketRate Where ScrId=? and FYear=? and MDate=?",
                               scrip, year.Text(), date);
   return rows.Next() ? rows.OptionalDouble(0) : std::nullopt;
+}
+
+ScripList::ScripList(database::Connection& connection) {
+  for (const auto& row :
+       connection.Open("Select Id,Code,Name,NCode From Script Order By Name,Id")) {
+    places_.try_emplace(ScripId{row.Int(std::size_t{0})}, scrips_.size());
+    scrips_.push_back(
+        {ScripId{row.Int(std::size_t{0})}, row.Text(1), row.Text(2), row.Text(3).trimmed()});
+  }
+}
+
+std::vector<lookups::Item> ScripList::Names() const {
+  std::vector<lookups::Item> items;
+  items.reserve(scrips_.size());
+  for (const ScripFound& scrip : scrips_) {
+    items.push_back({scrip.id.value, scrip.name});
+  }
+  return items;
+}
+
+QStringList ScripList::Codes() const {
+  QStringList codes;
+  codes.reserve(static_cast<qsizetype>(2 * scrips_.size()));
+  for (const ScripFound& scrip : scrips_) {
+    codes << scrip.code << scrip.ncode;
+  }
+  codes.sort();
+  codes.removeAll(QString());
+  codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
+  return codes;
+}
+
+const ScripFound* ScripList::Find(ScripId id) const {
+  const auto found = places_.find(id);
+  return found == places_.end() ? nullptr : &scrips_[found->second];
+}
+
+QString ScripList::NameOf(ScripId id) const {
+  const ScripFound* scrip = Find(id);
+  return scrip == nullptr ? QString() : scrip->name;
 }
 
 std::optional<ScripFound> FindScripByCode(database::Connection& connection, const QString& code) {

@@ -2,12 +2,17 @@
 
 #include "core/Ids.h"
 #include "core/database/Connection.h"
+#include "core/lookups/Choices.h"
 #include "core/text/FinancialYear.h"
 #include "transactions/bills/Bill.h"
 
 #include <QString>
+#include <QStringList>
 
+#include <cstddef>
 #include <optional>
+#include <unordered_map>
+#include <vector>
 
 namespace quorvane::bills {
 
@@ -17,6 +22,9 @@ enum class Delivery : std::uint8_t { kDeliveryBased, kNonDeliveryBased };
 
 /// "Delivery Based" or "Non Delivery Based": what is shown and stored.
 QString DeliveryText(Delivery delivery);
+
+/// nullopt for any other text, as bills of old have it.
+std::optional<Delivery> DeliveryOf(const QString& text);
 
 /// The percentages of a year; one that was not recorded is 0.
 ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
@@ -31,6 +39,29 @@ struct ScripFound {
   QString code;  ///< at the Bombay exchange
   QString name;
   QString ncode;  ///< at the National exchange
+};
+
+/// The scrips as they are chosen from, read at once. It is a copy of that moment.
+class ScripList {
+ public:
+  ScripList() = default;
+  explicit ScripList(database::Connection& connection);
+
+  /// By name.
+  std::vector<lookups::Item> Names() const;
+
+  /// The codes of both exchanges, each once, in their order.
+  QStringList Codes() const;
+
+  /// nullptr when there is no such scrip.
+  const ScripFound* Find(ScripId id) const;
+
+  /// Empty when there is no such scrip.
+  QString NameOf(ScripId id) const;
+
+ private:
+  std::vector<ScripFound> scrips_;
+  std::unordered_map<ScripId, std::size_t> places_;
 };
 
 /// The scrip of a code at either exchange, whatever the capitals; a code of the Bombay exchange

@@ -18,18 +18,50 @@ void StagedHoldings::Begin(AccountId account) {
   account_ = account;
 }
 
-std::optional<double> StagedHoldings::Available(LotId lot, const BillLine* replaced) const {
+MaybeRefusal StagedHoldings::Begin(AccountId account, std::span<const BillLine> recorded,
+                                   std::vector<BillLine>& lines) {
+  const posting::Place place{of_, account};
+  std::vector<BillLine> posted;
+  MaybeRefusal refusal = lots_.Begin(account, [&](LotSheet& sheet) {
+    posted = lines;
+    ReverseLines(sheet, place, recorded);
+    PostLines(sheet, place, posted);
+    return sheet.CheckShortage(QStringLiteral("Vs1"));
+  });
+  if (!refusal) {
+    account_ = account;
+    lines = std::move(posted);
+  }
+  return refusal;
+}
+
+template <class Fits>
+std::optional<double> StagedHoldings::SumAvailable(const BillLine* replaced,
+                                                   const Fits& fits) const {
   const std::vector<ledger::Lot> balance = Balance();
   if (balance.empty()) {
     return std::nullopt;
   }
-  const auto found = std::find_if(balance.begin(), balance.end(),
-                                  [&](const ledger::Lot& held) { return held.id == lot; });
-  double available = found == balance.end() ? 0 : found->quantity;
-  if (replaced != nullptr && lot && replaced->lot == lot) {
-    available += replaced->side == Side::kSale ? replaced->quantity : -replaced->quantity;
+  double available = 0;
+  for (const ledger::Lot& lot : balance) {
+    if (!fits(lot.id, lot.scrip)) {
+      continue;
+    }
+    double left = lot.quantity;
+    if (replaced != nullptr && replaced->lot == lot.id) {
+      left += replaced->side == Side::kSale ? replaced->quantity : -replaced->quantity;
+    }
+    available += std::max(0.0, left);
   }
-  return std::max(0.0, ledger::SettleQuantity(available));
+  return ledger::SettleQuantity(available);
+}
+
+std::optional<double> StagedHoldings::Available(LotId lot, const BillLine* replaced) const {
+  return SumAvailable(replaced, [lot](LotId id, ScripId /*of*/) { return id == lot; });
+}
+
+std::optional<double> StagedHoldings::Available(ScripId scrip, const BillLine* replaced) const {
+  return SumAvailable(replaced, [scrip](LotId /*id*/, ScripId of) { return of == scrip; });
 }
 
 MaybeRefusal StagedHoldings::AddLine(BillLine& line) {

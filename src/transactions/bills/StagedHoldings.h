@@ -5,6 +5,7 @@
 #include "transactions/posting/ScratchLots.h"
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace quorvane::bills {
@@ -20,12 +21,21 @@ class StagedHoldings {
   /// Starts over from the ledger's lots of the account.
   void Begin(AccountId account);
 
+  /// The same with the lines of a bill posted: `recorded` are those that the ledger has of it for
+  /// this account, `lines` those that it has now. Sets the lots of the purchases. A refusal leaves
+  /// everything as it was.
+  MaybeRefusal Begin(AccountId account, std::span<const BillLine> recorded,
+                     std::vector<BillLine>& lines);
+
   /// The account's lots, smallest quantity first.
   std::vector<ledger::Lot> Balance() const { return lots_.Lots(account_); }
 
   /// How many shares a sale may take from a lot, a line that it replaces taken back first; none
   /// when the account has no lots at all, so that there is no balance to check a sale against.
   std::optional<double> Available(LotId lot, const BillLine* replaced = nullptr) const;
+
+  /// The same over all lots of a scrip.
+  std::optional<double> Available(ScripId scrip, const BillLine* replaced = nullptr) const;
 
   /// Posts a line and sets the lot that a purchase landed in.
   MaybeRefusal AddLine(BillLine& line);
@@ -40,6 +50,9 @@ class StagedHoldings {
 
  private:
   MaybeRefusal Replace(const BillLine* old, BillLine* line);
+
+  template <class Fits>
+  std::optional<double> SumAvailable(const BillLine* replaced, const Fits& fits) const;
 
   posting::Place PlaceOfLots() const { return {of_, account_}; }
 

@@ -20,36 +20,44 @@ void CopyFromLedger(Transaction& transaction, const ClientYear& of,
   }
 }
 
+MaybeRefusal ChangeIn(Transaction& transaction, const ScratchLots::Post& post) {
+  LotSheet sheet(transaction, LotTable::kStockTemp);
+  MaybeRefusal refusal = post(sheet);
+  if (!refusal) {
+    sheet.Write();
+  }
+  return refusal;
+}
+
 }  // namespace
 
 ScratchLots::ScratchLots(database::Connection& connection, const ClientYear& of)
     : connection_(connection), of_(of) {}
 
-void ScratchLots::Begin(std::optional<AccountId> account) {
-  database::InTransaction(connection_, [&](Transaction& transaction) {
+MaybeRefusal ScratchLots::Begin(std::optional<AccountId> account, const Post& post) {
+  return database::InTransaction(connection_, [&](Transaction& transaction) {
     EmptyScratch(transaction, of_);
     CopyFromLedger(transaction, of_, account);
-    return MaybeRefusal();
+    return post ? ChangeIn(transaction, post) : MaybeRefusal();
   });
 }
 
 std::vector<ledger::Lot> ScratchLots::Lots(AccountId account) const {
-  std::vector<ledger::Lot> lots = ledger::ReadLots(connection_, of_, account, LotTable::kStockTemp);
+  return LotsByQuantity(connection_, of_, account, LotTable::kStockTemp);
+}
+
+std::vector<ledger::Lot> LotsByQuantity(database::Connection& connection, const ClientYear& of,
+                                        AccountId account, LotTable table) {
+  std::vector<ledger::Lot> lots = ledger::ReadLots(connection, of, account, table);
   std::stable_sort(lots.begin(), lots.end(), [](const ledger::Lot& a, const ledger::Lot& b) {
     return a.quantity < b.quantity;
   });
   return lots;
 }
 
-MaybeRefusal ScratchLots::Change(const std::function<MaybeRefusal(LotSheet&)>& post) {
-  return database::InTransaction(connection_, [&](Transaction& transaction) {
-    LotSheet sheet(transaction, LotTable::kStockTemp);
-    MaybeRefusal refusal = post(sheet);
-    if (!refusal) {
-      sheet.Write();
-    }
-    return refusal;
-  });
+MaybeRefusal ScratchLots::Change(const Post& post) {
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return ChangeIn(transaction, post); });
 }
 
 void ScratchLots::Clear() {

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/ledger/Ledger.h"
+#include "transactions/bills/BillBoxes.h"
+#include "transactions/bills/EntryLookups.h"
+
+#include <array>
+#include <optional>
+
+namespace quorvane::bills {
+
+/// The bill line that is being entered: what its boxes show, its scrip, the lot that a sale draws
+/// on, and the charges and the rate that are proposed. What is proposed gives way to whatever the
+/// user types, and is worked out anew as long as it stands as it was proposed.
+class LineEntry {
+ public:
+  /// Empties everything but the side, the delivery type with its percentages and the F&O mark: the
+  /// next line of a contract note is mostly of the same kind.
+  void Clear();
+
+  /// Puts a line of the bill here to be changed. Its charges are not proposed anew.
+  void Show(const BillLine& line);
+
+  const BillBoxes& Boxes() const { return boxes_; }
+  void Type(BillBox box, const QString& text) { boxes_.Type(box, text); }
+
+  /// The box gets the focus: the brokerage, the service tax and the STT are proposed, not rounded.
+  void Enter(BillBox box);
+
+  /// The box is left: it takes its form, net rate and amount follow.
+  void Leave(BillBox box);
+
+  std::optional<Side> GetSide() const { return side_; }
+  void SetSide(std::optional<Side> side);
+
+  ScripId Scrip() const { return line_.scrip; }
+
+  /// Another scrip lets go of the lot and of a rate that was proposed.
+  void SetScrip(ScripId scrip);
+
+  LotId Lot() const { return line_.lot; }
+
+  /// Takes the lot that a sale draws on, and its scrip.
+  void SetLot(LotId lot, ScripId scrip);
+
+  /// Percentages for the charges proposed from now on.
+  void SetDelivery(Delivery delivery, const ChargePercents& percents);
+  void SetPercents(const ChargePercents& percents) { percents_ = percents; }
+  void SetSttPercent(double percent);
+  double SttPercent() const { return line_.stt_percent; }
+  const QString& DeliveryType() const { return line_.delivery_type; }
+
+  void SetFo(bool fo) { line_.fo = fo; }
+  bool Fo() const { return line_.fo; }
+
+  /// Proposes a rate in rupees; false when the user has typed one.
+  bool OfferRate(double rate);
+
+  /// True when there is nothing that could be lost: neither a scrip nor a number was entered.
+  bool IsEmpty() const;
+
+  /// The line as the boxes have it; a purchase when no side was chosen.
+  BillLine Entered() const;
+
+ private:
+  bool StandsAsOffered(BillBox box) const;
+  void Offer(BillBox box, double number);
+
+  BillBoxes boxes_;
+  BillLine line_;  ///< what is not in the boxes
+  std::optional<Side> side_;
+  ChargePercents percents_;
+  std::array<std::optional<double>, kBillBoxCount> offered_;
+};
+
+}  // namespace quorvane::bills

@@ -7,6 +7,7 @@
 #include "masters/lookup_masters/FrmLookup.h"
 #include "masters/participants/FrmDepPart.h"
 #include "masters/scrips/FrmScript.h"
+#include "transactions/bills/FrmSalePurchase.h"
 
 #include <functional>
 #include <map>
@@ -35,6 +36,7 @@ const std::map<QString, Maker>& Makers() {
   static const std::map<QString, Maker> kMakers{
       {QStringLiteral("frmclientlist"), Make<client_list::FrmClientList>},
       {QStringLiteral("updatestock"), Make<client_list::FrmClientList>},
+      {QStringLiteral("frmsalepurchase"), Make<bills::FrmSalePurchase>},
       {QStringLiteral("frmclientmaster"), Make<clients::FrmClientMaster>},
       {QStringLiteral("frmdeppart"), Make<participants::FrmDepPart>},
       {QStringLiteral("frmbroker"), Make<brokers::FrmBroker>},

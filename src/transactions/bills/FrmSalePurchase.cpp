@@ -1,0 +1,449 @@
+#include "transactions/bills/FrmSalePurchase.h"
+
+#include "core/lookups/Choices.h"
+#include "transactions/bills/BillChecks.h"
+
+#include <QHBoxLayout>
+#include <QHash>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace quorvane::bills {
+namespace {
+
+using controls::Answer;
+using controls::Grid;
+using controls::Icon;
+using controls::Mask;
+using controls::Row;
+using controls::ZENButton;
+
+ClientYear CurrentOf(const app::Session& session) {
+  if (!session.current) {
+    throw std::runtime_error(FrmSalePurchase::tr("Select Client!").toStdString());
+  }
+  return *session.current;
+}
+
+QString TitleOf(const app::Session& session) {
+  return FrmSalePurchase::tr("Sale / Purchase - %1 - %2")
+      .arg(session.current_client_name, CurrentOf(session).year.Text());
+}
+
+QHash<int, QString> TextsById(const std::vector<lookups::Item>& items) {
+  QHash<int, QString> texts;
+  for (const lookups::Item& item : items) {
+    texts.insert(item.id, item.text);
+  }
+  return texts;
+}
+
+}  // namespace
+
+FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
+    : RecordWindow(desk, QStringLiteral("FrmSalePurchase"), TitleOf(desk.session), {796, 540},
+                   QStringLiteral("VSF")),
+      of_(CurrentOf(desk.session)),
+      book_(*desk.session.connection, of_),
+      entry_(*desk.session.connection, of_),
+      rates_(std::move(rates)) {
+  List().SetColumns({{.heading = tr("Bill No.")},
+                     {.heading = tr("Date"), .mask = Mask::kDate},
+                     {.heading = tr("Broker")},
+                     {.heading = tr("Exchange")},
+                     {.heading = tr("Demat A/c")},
+                     {.heading = tr("Total"), .mask = Mask::kAmount}});
+  auto* rows = new QVBoxLayout(Details());
+  rows->setContentsMargins(0, 0, 0, 0);
+  page_ = new BillPane(TheGuard(), *Session().connection, of_.year, this);
+  rows->addWidget(page_);
+  Watch(page_->Head().DateBox());
+  page_->ReadChoices(*Session().connection, of_.client);
+  BuildSearch();
+  Connect();
+  Start();
+}
+
+void FrmSalePurchase::BuildSearch() {
+  TxtSearch = new controls::TextBox();
+  TxtSearch->setObjectName(QStringLiteral("TxtSearch"));
+  TxtSearch->setAccessibleName(tr("Search"));
+  TxtSearch->setPlaceholderText(tr("Search bill no., date or broker"));
+  TxtSearch->setClearButtonEnabled(true);
+  Buttons()->addWidget(TxtSearch, 1);
+}
+
+void FrmSalePurchase::Connect() {
+  On(page_->Head().DateBox(), &controls::TextBox::Left, &FrmSalePurchase::Text1_Date_Left,
+     QStringLiteral("Text1_Validate"));
+  On(&page_->Head(), &BillHeaderPane::AccountChosen, &FrmSalePurchase::Combo2_Click,
+     QStringLiteral("Combo2_Click"));
+  On(&page_->Line(), &BillLinePane::ScripChosen, &FrmSalePurchase::Scrip_Chosen,
+     QStringLiteral("Combo4_Click"));
+  On(&page_->Line(), &BillLinePane::SideChosen, &FrmSalePurchase::Side_Chosen,
+     QStringLiteral("Combo3_Click"));
+  On(&page_->Line(), &BillLinePane::QuantityLeft, &FrmSalePurchase::Quantity_Left,
+     QStringLiteral("Text1_Validate"));
+  On(&page_->Line(), &BillLinePane::CodeUnknown, &FrmSalePurchase::Code_Unknown,
+     QStringLiteral("TxtScr_Validate"));
+  On(&page_->Foot(), &BillTotalsPane::ChargesLeft, &FrmSalePurchase::Charges_Left,
+     QStringLiteral("Text1_Validate"));
+  On(&page_->Lines(), &Grid::CurrentRowChanged, &FrmSalePurchase::VS1_RowChanged,
+     QStringLiteral("Vs1_RowColChange"));
+  On(&page_->Lines(), &Grid::RowActivated, &FrmSalePurchase::VS1_RowActivated,
+     QStringLiteral("Vs1_DblClick"));
+  On(page_->Holdings().Balance(), &Grid::RowActivated, &FrmSalePurchase::VS3_RowActivated,
+     QStringLiteral("VS3_DblClick"));
+  On(TxtSearch, &QLineEdit::textChanged, &FrmSalePurchase::TxtSearch_Change,
+     QStringLiteral("TxtSearch_Change"));
+  On(this, &ChildWindow::Closed, &FrmSalePurchase::Form_Unload, QStringLiteral("Form_Unload"));
+  ConnectLineButtons();
+}
+
+void FrmSalePurchase::ConnectLineButtons() {
+  OnClick(&page_->Button(LineCommand::kAdd), &FrmSalePurchase::CmdAdd1_Click);
+  OnClick(&page_->Button(LineCommand::kModify), &FrmSalePurchase::CmdModify1_Click);
+  OnClick(&page_->Button(LineCommand::kUpdate), &FrmSalePurchase::CmdUpdate1_Click);
+  OnClick(&page_->Button(LineCommand::kDelete), &FrmSalePurchase::CmdDelete1_Click);
+  OnClick(&page_->Button(LineCommand::kCancel), &FrmSalePurchase::cmdCancel1_Click);
+  OnClick(page_->Holdings().Refresh(), &FrmSalePurchase::ImgRefresh_Click);
+}
+
+void FrmSalePurchase::FillList() {
+  database::Connection& connection = *Session().connection;
+  const auto brokers = TextsById(lookups::DropDownItems(connection, lookups::DropDown::kBrokers));
+  const auto exchanges =
+      TextsById(lookups::DropDownItems(connection, lookups::DropDown::kExchanges));
+  const auto accounts = TextsById(lookups::AccountItems(connection, of_.client));
+  const QString wanted = TxtSearch->text();
+  std::vector<Row> rows;
+  for (const Bill& bill : book_.List()) {
+    const QString broker = brokers.value(bill.broker.value);
+    if (bill.id > last_.id) {
+      last_ = bill;
+    }
+    if (bill.number.contains(wanted, Qt::CaseInsensitive) || bill.date.contains(wanted) ||
+        broker.contains(wanted, Qt::CaseInsensitive)) {
+      rows.push_back(
+          {.id = bill.id.value,
+           .cells = {bill.number, bill.date, broker, exchanges.value(bill.exchange.value),
+                     accounts.value(bill.account.value), bill.grand_total}});
+    }
+  }
+  List().SetRows(std::move(rows));
+}
+
+void FrmSalePurchase::Clear() {
+  shown_ = {};
+  page_->Show(shown_, Caption());
+  page_->Holdings().ShowBalance({}, {}, page_->Line().Scrips());
+  page_->Holdings().ShowAverages({}, page_->Line().Scrips());
+}
+
+void FrmSalePurchase::Load(int id) {
+  const std::optional<Bill> bill = book_.Load(BillId{id});
+  if (!bill) {
+    throw std::runtime_error(tr("This Bill was Deleted in the Meantime.").toStdString());
+  }
+  shown_ = *bill;
+  page_->Show(shown_, Caption());
+  ShowBalance();
+  ShowAverages();
+}
+
+void FrmSalePurchase::BeginEditing() {
+  page_->ReadChoices(*Session().connection, of_.client);
+  if (CurrentId() == 0) {
+    shown_ = NewBill();
+  }
+  entry_.Begin(shown_);
+  page_->Line().Reset();
+  page_->Show(shown_, Caption());
+  ShowBalance();
+  ShowAverages();
+}
+
+// The bills of a day mostly come from one broker, exchange and account.
+Bill FrmSalePurchase::NewBill() {
+  Bill bill;
+  bill.broker = last_.broker;
+  bill.exchange = last_.exchange;
+  bill.account = last_.account ? last_.account : page_->Head().OnlyAccount();
+  return bill;
+}
+
+MaybeRefusal FrmSalePurchase::Save() {
+  TakeHeader();
+  TakeCharges();
+  if (MaybeRefusal refusal = CheckBill(entry_.Current(), of_.year)) {
+    return refusal;
+  }
+  if (line_state_ != LineState::kNone && !page_->Line().Entry().IsEmpty()) {
+    return Refusal{tr("The Line is not in the Bill yet. Update or Cancel it First."),
+                   QStringLiteral("CmdUpdate1")};
+  }
+  MaybeRefusal refusal = entry_.Save();
+  if (!refusal) {
+    SetCurrentId(entry_.Current().id.value);
+    last_ = entry_.Current();
+    TxtSearch->clear();
+  }
+  return refusal;
+}
+
+void FrmSalePurchase::Remove(int id) {
+  Accepts(book_.Delete(BillId{id}));
+}
+
+void FrmSalePurchase::StateChanged() {
+  Details()->setEnabled(true);
+  TxtSearch->setEnabled(!IsEditing());
+  SetLineState(LineState::kNone);
+  if (!IsEditing() && entry_.IsOpen()) {
+    TheGuard().Run(QStringLiteral("cmdCancel_Click"), [this] { entry_.Cancel(); });
+  }
+}
+
+void FrmSalePurchase::EscapePressed() {
+  if (line_state_ != LineState::kNone) {
+    page_->Button(LineCommand::kCancel).setFocus(Qt::ShortcutFocusReason);
+    page_->Button(LineCommand::kCancel).click();
+  } else if (!IsEditing() || entry_.Current().lines.empty() ||
+             Say().Ask(tr("The bill is not saved. Give it up?"), Answer::kNo, Icon::kInformation)) {
+    RecordWindow::EscapePressed();
+  }
+}
+
+void FrmSalePurchase::Form_Unload() {
+  if (entry_.IsOpen()) {
+    entry_.Cancel();
+  }
+}
+
+void FrmSalePurchase::TakeHeader() {
+  entry_.SetHeader(page_->Head().Entered());
+}
+
+void FrmSalePurchase::TakeCharges() {
+  entry_.SetCharges(page_->Foot().OtherCharges(), page_->Foot().TransactionCharges());
+  page_->Foot().Show(Shown(), Caption());
+}
+
+TotalCaption FrmSalePurchase::Caption() const {
+  return IsEditing() ? entry_.Caption() : SavedCaption(shown_.grand_total);
+}
+
+void FrmSalePurchase::ShowBalance() {
+  page_->Holdings().ShowBalance(
+      page_->Head().AccountNumber(),
+      IsEditing() ? entry_.Balance()
+                  : posting::LotsByQuantity(*Session().connection, of_, shown_.account,
+                                            ledger::LotTable::kStock),
+      page_->Line().Scrips());
+}
+
+void FrmSalePurchase::ShowAverages() {
+  database::Connection& connection = *Session().connection;
+  RebuildAverageRates(connection, of_, Shown().account);
+  page_->Holdings().ShowAverages(ReadAverageRates(connection, of_, Shown().account),
+                                 page_->Line().Scrips());
+}
+
+void FrmSalePurchase::SetLineState(LineState state) {
+  line_state_ = state;
+  if (state == LineState::kNone) {
+    ++question_;
+    page_->Line().Begin();
+  }
+  page_->SetEditing(IsEditing(), state != LineState::kNone);
+}
+
+std::optional<std::size_t> FrmSalePurchase::ChangedLine() const {
+  return line_state_ == LineState::kChanging ? std::optional(changed_line_) : std::nullopt;
+}
+
+bool FrmSalePurchase::Accepts(const MaybeRefusal& refusal) {
+  if (refusal) {
+    Show(*refusal, Icon::kCritical);
+  }
+  return !refusal;
+}
+
+void FrmSalePurchase::Text1_Date_Left() {
+  if (IsCancelling() || !page_->Head().DateBox()->IsProper()) {
+    return;
+  }
+  const QString date = page_->Head().DateBox()->DateText();
+  const ScripId scrip = page_->Line().Entry().Scrip();
+  if (Accepts(CheckYear(date, of_.year)) && line_state_ != LineState::kNone && scrip &&
+      !CheckDate(date, TheDesk().today())) {
+    OfferRate(scrip);
+  }
+}
+
+void FrmSalePurchase::Combo2_Click(int account) {
+  if (!entry_.IsOpen() || AccountId{account} == entry_.Current().account) {
+    return;
+  }
+  if (!Accepts(entry_.ChooseAccount(AccountId{account}))) {
+    page_->Head().ShowAccount(entry_.Current().account);
+    return;
+  }
+  page_->ShowLines(Shown(), Caption());
+  ShowBalance();
+  ShowAverages();
+}
+
+void FrmSalePurchase::Scrip_Chosen(int scrip) {
+  Side_Chosen();
+  OfferRate(ScripId{scrip});
+}
+
+// A sale of a scrip that lies in one lot draws on it; of several the user picks one.
+void FrmSalePurchase::Side_Chosen() {
+  const LineEntry& entry = page_->Line().Entry();
+  if (entry.GetSide() != Side::kSale || !entry.Scrip() || entry.Lot()) {
+    return;
+  }
+  page_->Holdings().BringUp(entry.Scrip(), page_->Line().Scrips());
+  if (const std::optional<ledger::Lot> lot = page_->Holdings().OnlyLotOf(entry.Scrip())) {
+    page_->Line().PickLot(*lot);
+  }
+}
+
+void FrmSalePurchase::OfferRate(ScripId scrip) {
+  const int question = ++question_;
+  const QString date = page_->Head().DateBox()->DateText();
+  if (!Accepts(CheckDate(date, TheDesk().today()))) {
+    return;
+  }
+  const ScripFound* found = page_->Line().Scrips().Find(scrip);
+  if (const auto rate = MarketRateOf(*Session().connection, of_.year, scrip, date)) {
+    page_->Line().OfferRate(*rate);
+  } else if (rates_ && found != nullptr) {
+    rates_({page_->Head().ExchangeName(), *found, *text::ParseDmy(date)}, this,
+           [this, question](double found_rate) {
+             if (question == question_ && found_rate > 0) {
+               page_->Line().OfferRate(found_rate);
+             }
+           });
+  }
+}
+
+void FrmSalePurchase::Quantity_Left() {
+  if (!IsCancelling() && line_state_ != LineState::kNone) {
+    Accepts(entry_.CheckQuantity(page_->Line().Entry().Entered(), ChangedLine()));
+  }
+}
+
+void FrmSalePurchase::Code_Unknown(const QString& code) {
+  if (!IsCancelling()) {
+    Accepts(Refusal{tr("There is no Scrip of the Code %1.").arg(code), QStringLiteral("TxtScr")});
+  }
+}
+
+void FrmSalePurchase::Charges_Left() {
+  if (entry_.IsOpen()) {
+    TakeCharges();
+  }
+}
+
+void FrmSalePurchase::VS1_RowChanged() {
+  page_->SetEditing(IsEditing(), line_state_ != LineState::kNone);
+}
+
+void FrmSalePurchase::VS1_RowActivated() {
+  if (page_->Button(LineCommand::kModify).isEnabled()) {
+    CmdModify1_Click();
+  }
+}
+
+void FrmSalePurchase::VS3_RowActivated() {
+  const std::optional<ledger::Lot> lot = page_->Holdings().CurrentLot();
+  if (!IsEditing() || !lot) {
+    return;
+  }
+  if (line_state_ == LineState::kNone) {
+    CmdAdd1_Click();
+  }
+  if (line_state_ != LineState::kNone) {
+    page_->Line().PickLot(*lot);
+    page_->Line().FocusQuantity();
+  }
+}
+
+void FrmSalePurchase::TxtSearch_Change() {
+  ShowList();
+  FillList();
+}
+
+void FrmSalePurchase::CmdAdd1_Click() {
+  TakeHeader();
+  if (Accepts(CheckBeforeLine(entry_.Current()))) {
+    SetLineState(LineState::kAdding);
+    page_->Line().FocusFirst();
+  }
+}
+
+void FrmSalePurchase::CmdModify1_Click() {
+  changed_line_ = static_cast<std::size_t>(page_->Lines().CurrentRow());
+  const BillLine line = entry_.Current().lines.at(changed_line_);
+  SetLineState(LineState::kChanging);
+  page_->Line().Begin(line);
+  if (line.side == Side::kSale) {
+    page_->Holdings().BringUp(line.scrip, page_->Line().Scrips());
+  }
+  page_->Line().FocusQuantity();
+}
+
+void FrmSalePurchase::CmdUpdate1_Click() {
+  const LineEntry& entry = page_->Line().Entry();
+  const BillLine line = entry.Entered();
+  if (!Accepts(CheckLine(entry.GetSide(), line.scrip, line.quantity)) ||
+      !Accepts(entry_.Put(line, ChangedLine()))) {
+    return;
+  }
+  const bool another = line_state_ == LineState::kAdding;
+  SetLineState(LineState::kNone);
+  page_->ShowLines(Shown(), Caption());
+  ShowBalance();
+  if (another) {
+    SetLineState(LineState::kAdding);
+    page_->Line().FocusFirst();
+  } else {
+    page_->Lines().setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void FrmSalePurchase::CmdDelete1_Click() {
+  const int row = page_->Lines().CurrentRow();
+  if (row < 0 || !Say().Ask(DeleteQuestion(), Answer::kNo, Icon::kCritical) ||
+      !Accepts(entry_.Remove(static_cast<std::size_t>(row)))) {
+    return;
+  }
+  page_->ShowLines(Shown(), Caption());
+  ShowBalance();
+  page_->Lines().SelectRow(std::min(row, page_->Lines().Model().RowCount() - 1));
+  SetLineState(LineState::kNone);
+  page_->Lines().setFocus(Qt::OtherFocusReason);
+}
+
+void FrmSalePurchase::cmdCancel1_Click() {
+  SetLineState(LineState::kNone);
+  ShowAverages();
+  page_->Button(LineCommand::kAdd).setFocus(Qt::OtherFocusReason);
+}
+
+void FrmSalePurchase::ImgRefresh_Click() {
+  if (entry_.IsOpen() && !Accepts(entry_.Refresh())) {
+    return;
+  }
+  page_->ShowLines(Shown(), Caption());
+  ShowBalance();
+  ShowAverages();
+  Say().Inform(tr("Refresh Successfully!"));
+}
+
+}  // namespace quorvane::bills

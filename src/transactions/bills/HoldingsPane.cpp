@@ -1,0 +1,131 @@
+#include "transactions/bills/HoldingsPane.h"
+
+#include "controls/Style.h"
+#include "core/text/Amounts.h"
+
+#include <QHBoxLayout>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quorvane::bills {
+namespace {
+
+using controls::Grid;
+using controls::Mask;
+using controls::Row;
+
+QString Signed(const BillLine& line) {
+  const QLatin1Char sign(line.side == Side::kPurchase ? '+' : '-');
+  return sign + text::NumberText(line.quantity);
+}
+
+}  // namespace
+
+HoldingsPane::HoldingsPane()
+    : caption_(new QLabel()),
+      tabs_(new QTabWidget()),
+      VS3(new Grid(QStringLiteral("VS3"), tr("Balance of the demat account"))),
+      VS2(new Grid(QStringLiteral("VS2"), tr("Quantities of the bill"))),
+      VSAvg(new Grid(QStringLiteral("VSAvg"), tr("Average rates of the demat account"))),
+      ImgRefresh(new controls::ZENButton(QStringLiteral("ImgRefresh"), tr("Refresh"))) {
+  caption_->setObjectName(QStringLiteral("LblBalance"));
+  VS3->SetColumns({{.heading = tr("Scrip")},
+                   {.heading = tr("Balance"), .mask = Mask::kNumber},
+                   {.heading = tr("Rate"), .mask = Mask::kAmount}});
+  VS2->SetColumns(
+      {{.heading = tr("Scrip")}, {.heading = tr("Quantity"), .alignment = Qt::AlignRight}});
+  VS2->SetSortable(false);
+  VSAvg->SetColumns(
+      {{.heading = tr("Scrip")}, {.heading = tr("Average Rate"), .mask = Mask::kAmount}});
+  tabs_->addTab(VS3, tr("Balance"));
+  tabs_->addTab(VS2, tr("This Bill"));
+  tabs_->addTab(VSAvg, tr("Average Rates"));
+  tabs_->setDocumentMode(true);
+  tabs_->tabBar()->setFocusPolicy(Qt::NoFocus);
+  ImgRefresh->setToolTip(tr("Reads the balance again (F5)"));
+  ImgRefresh->setFocusPolicy(Qt::ClickFocus);
+  auto* head = new QHBoxLayout();
+  head->addWidget(caption_, 1);
+  head->addWidget(ImgRefresh);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(controls::kTightSpacing);
+  rows->addLayout(head);
+  rows->addWidget(tabs_, 1);
+}
+
+void HoldingsPane::ShowBalance(const QString& account_number, std::vector<ledger::Lot> lots,
+                               const ScripList& scrips, ScripId first) {
+  caption_->setText(tr("Balance in Demat A/c No. - %1").arg(account_number));
+  lots_ = std::move(lots);
+  FillBalance(scrips, first);
+}
+
+void HoldingsPane::BringUp(ScripId scrip, const ScripList& scrips) {
+  FillBalance(scrips, scrip);
+  if (!lots_.empty()) {
+    VS3->SelectRow(0);
+  }
+}
+
+void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {
+  std::vector<Row> rows;
+  rows.reserve(lots_.size());
+  for (const bool of_first : {true, false}) {
+    for (const ledger::Lot& lot : lots_) {
+      if ((lot.scrip == first) == of_first) {
+        rows.push_back(
+            {.id = lot.id.value, .cells = {scrips.NameOf(lot.scrip), lot.quantity, lot.rate}});
+      }
+    }
+  }
+  VS3->SetRows(std::move(rows));
+}
+
+void HoldingsPane::ShowMoves(std::span<const BillLine> lines, const ScripList& scrips) {
+  std::vector<Row> rows;
+  for (const BillLine& line : lines) {
+    rows.push_back({.cells = {scrips.NameOf(line.scrip), Signed(line)}});
+  }
+  VS2->SetRows(std::move(rows));
+}
+
+void HoldingsPane::ShowAverages(const std::vector<AverageRate>& rates, const ScripList& scrips) {
+  std::vector<Row> rows;
+  rows.reserve(rates.size());
+  for (const AverageRate& rate : rates) {
+    rows.push_back({.id = rate.scrip.value, .cells = {scrips.NameOf(rate.scrip), rate.rate}});
+  }
+  VSAvg->SetRows(std::move(rows));
+}
+
+std::optional<ledger::Lot> HoldingsPane::CurrentLot() const {
+  const auto found = std::ranges::find(lots_, LotId{VS3->CurrentId()}, &ledger::Lot::id);
+  return found == lots_.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<ledger::Lot> HoldingsPane::OnlyLotOf(ScripId scrip) const {
+  std::optional<ledger::Lot> only;
+  for (const ledger::Lot& lot : lots_) {
+    if (lot.scrip != scrip || !(lot.quantity > 0)) {
+      continue;
+    }
+    if (only) {
+      return std::nullopt;
+    }
+    only = lot;
+  }
+  return only;
+}
+
+void HoldingsPane::FocusBalance() {
+  tabs_->setCurrentWidget(VS3);
+  VS3->setFocus(Qt::OtherFocusReason);
+  if (VS3->CurrentRow() < 0) {
+    VS3->SelectRow(0);
+  }
+}
+
+}  // namespace quorvane::bills

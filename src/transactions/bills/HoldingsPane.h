@@ -1,0 +1,59 @@
+#pragma once
+
+#include "controls/Grid.h"
+#include "controls/ZENButton.h"
+#include "core/ledger/Ledger.h"
+#include "transactions/bills/AverageRates.h"
+#include "transactions/bills/EntryLookups.h"
+
+#include <QLabel>
+#include <QTabWidget>
+#include <QWidget>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorvane::bills {
+
+/// The holdings of a bill's account beside its lines: the lots with their balance, what the bill's
+/// lines move, and the average rates.
+class HoldingsPane : public QWidget {
+  Q_OBJECT
+
+ public:
+  HoldingsPane();
+
+  /// The lots as they are given; those of `first` come before the others, so that a sale finds the
+  /// lots of its scrip on top.
+  void ShowBalance(const QString& account_number, std::vector<ledger::Lot> lots,
+                   const ScripList& scrips, ScripId first = {});
+  void BringUp(ScripId scrip, const ScripList& scrips);
+
+  void ShowMoves(std::span<const BillLine> lines, const ScripList& scrips);
+  void ShowAverages(const std::vector<AverageRate>& rates, const ScripList& scrips);
+
+  /// The lot of the current row.
+  std::optional<ledger::Lot> CurrentLot() const;
+
+  /// The only lot of a scrip that has shares left.
+  std::optional<ledger::Lot> OnlyLotOf(ScripId scrip) const;
+
+  void FocusBalance();
+
+  controls::Grid* Balance() const { return VS3; }
+  controls::ZENButton* Refresh() const { return ImgRefresh; }
+
+ private:
+  void FillBalance(const ScripList& scrips, ScripId first);
+
+  QLabel* caption_;
+  QTabWidget* tabs_;
+  controls::Grid* VS3;
+  controls::Grid* VS2;
+  controls::Grid* VSAvg;
+  controls::ZENButton* ImgRefresh;
+  std::vector<ledger::Lot> lots_;
+};
+
+}  // namespace quorvane::bills

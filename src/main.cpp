@@ -1,9 +1,11 @@
 #include "admin/users/frmLogin.h"
+#include "controls/DesktopFiles.h"
 #include "controls/MessageBoxes.h"
 #include "controls/Style.h"
 #include "core/app/AppInfo.h"
 #include "core/app/MachineKey.h"
 #include "core/app/Session.h"
+#include "reports/output/RepView.h"
 #include "ui/main/MDIForm1.h"
 
 #include <QApplication>
@@ -38,7 +40,15 @@ app::StartUpOptions Options(const QString& folder, QSplashScreen& splash) {
 /// Shows the main window, after a log-out the login window, and so on until one is closed.
 class Desktop {
  public:
-  explicit Desktop(app::Session& session) : desk_{session, messages_} {}
+  explicit Desktop(app::Session& session) : desk_{session, messages_} {
+    reports_.Setapppath(session.folders.application);
+    reports_.winmodereport(1);
+    desk_.show_report = [this](const report::ReportDocument& document, QWidget* over) {
+      reports_.Show(document, over);
+    };
+    desk_.ask_save_path = controls::AskSavePath;
+    desk_.open_file = controls::OpenWithDesktop;
+  }
 
   void ShowMainWindow() {
     main_ = new ui::MDIForm1(desk_);
@@ -57,6 +67,7 @@ class Desktop {
 
   controls::MessageBoxes messages_;
   controls::Desk desk_;
+  report::RepView reports_{desk_};
   QPointer<ui::MDIForm1> main_;
 };
 

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QLabel>
+#include <QRadioButton>
 #include <QSplitter>
 
 #include <stdexcept>
@@ -41,7 +42,9 @@ Box* Named(Box* box, const QString& name, const QString& purpose) {
 
 ReportWindow::ReportWindow(controls::Desk& desk, const QString& name, const QString& title,
                            QSize designed)
-    : ChildWindow(desk, name, title, designed) {
+    : ChildWindow(desk, name, title, designed),
+      current_(desk.session.current),
+      client_name_(desk.session.current_client_name) {
   BuildLayout();
   BuildMenu();
 }
@@ -110,12 +113,12 @@ QAction* ReportWindow::AddAction(const char* name, const QString& caption,
 void ReportWindow::AddPeriod(Months months) {
   auto* row = new QHBoxLayout;
   const std::array labels{tr("&From"), tr("&To")};
-  const Period year = Session().current ? Period::Of(Session().current->year) : Period{};
+  const Period year = current_ ? Period::Of(current_->year) : Period{};
   for (std::size_t i = 0; i < Text1.size(); ++i) {
     Text1[i] =
         Named(new DateBox, QStringLiteral("Text1_%1").arg(i), i == 0 ? tr("From") : tr("To"));
     Text1[i]->setFixedWidth(kDateWidth);
-    if (Session().current) {
+    if (current_) {
       Text1[i]->SetDate(text::FormatDmy(i == 0 ? year.from : year.to));
     }
     row->addWidget(LabelFor(labels[i], Text1[i]));
@@ -169,11 +172,11 @@ void ReportWindow::CmbToMth_Click() {
 }
 
 void ReportWindow::TakeMonth(ComboBox* names, ComboBox* numbers, int box) {
-  if (!names->HasChoice() || !Session().current) {
+  if (!names->HasChoice() || !current_) {
     return;
   }
   numbers->setCurrentIndex(names->CurrentPosition());
-  const auto month = MonthPeriod(Session().current->year, numbers->currentText().toInt());
+  const auto month = MonthPeriod(current_->year, numbers->currentText().toInt());
   if (const auto* refusal = std::get_if<Refusal>(&month)) {
     Show({refusal->text, names->objectName()});
     return;
@@ -186,10 +189,10 @@ void ReportWindow::TakeMonth(ComboBox* names, ComboBox* numbers, int box) {
 // A date that was typed in belongs to no chosen month any more.
 void ReportWindow::Text1_Validate() {
   const auto clear_other = [this](ComboBox* names, ComboBox* numbers, int box) {
-    if (names == nullptr || !names->HasChoice() || !Session().current) {
+    if (names == nullptr || !names->HasChoice() || !current_) {
       return;
     }
-    const auto month = MonthPeriod(Session().current->year, numbers->currentText().toInt());
+    const auto month = MonthPeriod(current_->year, numbers->currentText().toInt());
     const auto* period = std::get_if<Period>(&month);
     const auto date = Text1[static_cast<std::size_t>(box)]->Date();
     if (period == nullptr || date != (box == 0 ? period->from : period->to)) {
@@ -206,6 +209,36 @@ Grid* ReportWindow::AddTickGrid(const QString& name, const QString& heading,
   grid->SetColumns({{.heading = QString(), .mask = controls::Mask::kTick}, {.heading = heading}});
   AddBesideReport(grid);
   return grid;
+}
+
+int ReportWindow::Choice::Index() const {
+  return group->checkedId();
+}
+
+void ReportWindow::Choice::Choose(int index) const {
+  group->button(index)->setChecked(true);
+}
+
+ReportWindow::Choice ReportWindow::MakeChoice(const QString& frame_name, const QString& title,
+                                              const QString& array_name,
+                                              const QStringList& captions) {
+  auto* frame = new QGroupBox(title);
+  frame->setObjectName(frame_name);
+  auto* group = new QButtonGroup(frame);
+  group->setObjectName(array_name);
+  auto* rows = new QVBoxLayout(frame);
+  rows->setContentsMargins(controls::kSpacing, controls::kTightSpacing, controls::kSpacing,
+                           controls::kTightSpacing);
+  rows->setSpacing(controls::kTightSpacing);
+  for (int i = 0; i < captions.size(); ++i) {
+    auto* button = new QRadioButton(captions[i]);
+    button->setObjectName(QStringLiteral("%1_%2").arg(array_name).arg(i));
+    button->setChecked(i == 0);
+    group->addButton(button, i);
+    rows->addWidget(button);
+  }
+  rows->addStretch(1);
+  return {frame, group};
 }
 
 void ReportWindow::AddBesideReport(QWidget* widget) {
@@ -349,8 +382,8 @@ void ReportWindow::WriteWorkbook(const ReportDocument& document, const QString& 
 
 QString ReportWindow::FileName(const ReportDocument& document) const {
   QStringList words{document.titles.value(0)};
-  if (Session().current) {
-    words << Session().current_client_name << Session().current->year.Text();
+  if (current_) {
+    words << client_name_ << current_->year.Text();
   }
   return FileStem(words);
 }

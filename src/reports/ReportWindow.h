@@ -12,6 +12,8 @@
 #include "reports/screen/ReportGridView.h"
 
 #include <QBoxLayout>
+#include <QButtonGroup>
+#include <QGroupBox>
 #include <QMenu>
 
 #include <array>
@@ -31,7 +33,7 @@ namespace quorvane::report {
 ///         : ReportWindow(desk, "RptDMatStatement", tr("Demat A/c Statement"), {780, 520}) {
 ///       AddPeriod(Months::kYes);
 ///       VSF = AddTickGrid("VSF", tr("Demat A/c No."), tr("Demat accounts"));
-///       FillTicks(*VSF, lookups::AccountItems(*Session().connection, client));
+///       FillTicks(*VSF, AccountsByNumber(*Session().connection, client));
 ///       Start();
 ///     }
 ///     MaybeRefusal RptDMatStatement::CheckSelection() {
@@ -49,6 +51,10 @@ class ReportWindow : public controls::ChildWindow {
   /// `name`, `title` and `designed` as for ChildWindow.
   ReportWindow(controls::Desk& desk, const QString& name, const QString& title, QSize designed);
 
+  /// The client and year that were current when the window opened: what its title names is what it
+  /// reports, whatever is chosen elsewhere later.
+  const std::optional<ClientYear>& Current() const { return current_; }
+
   /// "From" and "To" with the boxes Text1_0 and Text1_1, filled with the current financial year;
   /// with months also `CmbFromMth` and `CmbToMth`, each of which sets its date.
   void AddPeriod(Months months = Months::kNo);
@@ -60,6 +66,20 @@ class ReportWindow : public controls::ChildWindow {
   /// A grid with ticks and one column of text, to the left of the report. A click on the heading of
   /// the ticks ticks all or none; Space ticks the current row.
   controls::Grid* AddTickGrid(const QString& name, const QString& heading, const QString& purpose);
+
+  /// A framed choice of one of several: the frame's and the array's control names ("Frame1",
+  /// "optF"; the buttons are "optF_0" and so on), the frame's title and the captions in the order
+  /// of their indices. The first is chosen. The caller adds the frame to a layout and connects the
+  /// group's idClicked.
+  struct Choice {
+    QGroupBox* frame = nullptr;
+    QButtonGroup* group = nullptr;
+
+    int Index() const;
+    void Choose(int index) const;
+  };
+  Choice MakeChoice(const QString& frame_name, const QString& title, const QString& array_name,
+                    const QStringList& captions);
 
   /// Something else to the left of the report, between the grids.
   void AddBesideReport(QWidget* widget);
@@ -158,6 +178,8 @@ class ReportWindow : public controls::ChildWindow {
   void VS_MouseUp(const QPoint& at);
   void Write(const ReportDocument& document, OutputFormat format, const QString& path);
 
+  std::optional<ClientYear> current_;
+  QString client_name_;
   QBoxLayout* options_ = nullptr;
   QWidget* beside_ = nullptr;  ///< holds what is ticked
   QBoxLayout* beside_rows_ = nullptr;

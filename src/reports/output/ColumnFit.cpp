@@ -38,8 +38,10 @@ std::vector<Setting> Settings(Orientation orientation) {
 
 /// What a table's columns want, for type of size 1.
 struct Wish {
-  std::vector<double> widths;  ///< with long texts broken
-  std::vector<bool> bends;     ///< texts, which can be broken further
+  std::vector<double> widths;    ///< with long texts broken
+  std::vector<double> headings;  ///< with the heading in one line
+  std::vector<bool> bends;       ///< texts, which can be broken further
+  double insets = 0;             ///< how many columns stand apart from the one before
 };
 
 double LongestWord(Typesetter& typesetter, const QString& heading) {
@@ -59,7 +61,11 @@ class Measurer {
     Wish wish;
     for (const Column& column : table.columns) {
       wish.widths.push_back(LongestWord(typesetter_, column.heading));
+      wish.headings.push_back(typesetter_.Width(column.heading.toStdString(), Face::kBold));
       wish.bends.push_back(column.mask == Mask::kText && column.alignment == Alignment::kLeft);
+    }
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      wish.insets += StandsApart(table, i) ? 1 : 0;
     }
     for (const Row& row : table.rows) {
       if (row.kind != RowKind::kGroup && row.kind != RowKind::kGap) {
@@ -107,8 +113,9 @@ class Measurer {
   std::int64_t done_ = 0;
 };
 
+/// The room beside the texts of a table.
 double Gaps(const Wish& wish) {
-  return 2 * kCellGap * static_cast<double>(wish.widths.size());
+  return 2 * kCellGap * static_cast<double>(wish.widths.size()) + wish.insets * kInset;
 }
 
 double Width(const Wish& wish, double type) {
@@ -168,19 +175,35 @@ std::vector<double> Shares(const Table& table, const Wish& wish) {
   return shares;
 }
 
+double Sum(const std::vector<double>& values) {
+  return std::accumulate(values.begin(), values.end(), 0.0);
+}
+
+/// Gives columns room for a heading in one line as long as there is some.
+void UnbreakHeadings(const Wish& wish, const PageLayout& layout, std::vector<double>& widths) {
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    const double missing = wish.headings[i] * layout.type + 2 * kCellGap - widths[i];
+    const double left_over = layout.Room() - Sum(widths);
+    if (missing > 0 && missing <= left_over) {
+      widths[i] += missing;
+    }
+  }
+}
+
 void Place(const Table& table, const Wish& wish, PageLayout& layout, TableShape& shape) {
   std::vector<double> widths;
-  for (const double width : wish.widths) {
-    widths.push_back(width * layout.type + 2 * kCellGap);
+  for (std::size_t i = 0; i < wish.widths.size(); ++i) {
+    const double inset = StandsApart(table, i) ? kInset : 0;
+    widths.push_back(wish.widths[i] * layout.type + 2 * kCellGap + inset);
   }
-  const double taken = std::accumulate(widths.begin(), widths.end(), 0.0);
+  UnbreakHeadings(wish, layout, widths);
   const std::vector<double> shares = Shares(table, wish);
-  const double all = std::accumulate(shares.begin(), shares.end(), 0.0);
-  const double left_over = std::max(0.0, layout.Room() - taken);
+  const double all = Sum(shares);
+  const double left_over = std::max(0.0, layout.Room() - Sum(widths));
   for (std::size_t i = 0; i < widths.size() && all > 0; ++i) {
     widths[i] += std::min(left_over * shares[i] / all, kWidestStretch * layout.type);
   }
-  const double width = std::accumulate(widths.begin(), widths.end(), 0.0);
+  const double width = Sum(widths);
   double at = layout.Left() + std::max(0.0, (layout.Room() - width) / 2);
   shape.lefts.push_back(at);
   for (const double column : widths) {
@@ -214,8 +237,9 @@ void CountLines(const Table& table, const PageLayout& layout, TableShape& shape,
       }
       text.clear();
       AppendCell(text, row.cells[i], table.columns[i].mask);
-      const double right = group ? shape.lefts.back() : shape.lefts[i + 1];
-      const double width = (right - shape.lefts[i] - 2 * kCellGap) / layout.type + 0.01;
+      const double room =
+          group ? shape.lefts.back() - shape.lefts.front() - 2 * kCellGap : RoomOf(table, shape, i);
+      const double width = room / layout.type + 0.01;
       if (typesetter.Width(text, FaceOf(row.kind)) > width) {
         lines = std::max(lines, typesetter.Lines(text, FaceOf(row.kind), width));
       }

@@ -119,6 +119,19 @@ Face FaceOf(RowKind kind) {
   return kind == RowKind::kData ? Face::kRegular : Face::kBold;
 }
 
+bool StandsApart(const Table& table, std::size_t column) {
+  return column > 0 && table.columns[column].alignment == Alignment::kLeft &&
+         table.columns[column - 1].alignment == Alignment::kRight;
+}
+
+double TextLeft(const Table& table, const TableShape& shape, std::size_t column) {
+  return shape.lefts[column] + kCellGap + (StandsApart(table, column) ? kInset : 0);
+}
+
+double RoomOf(const Table& table, const TableShape& shape, std::size_t column) {
+  return shape.lefts[column + 1] - kCellGap - TextLeft(table, shape, column);
+}
+
 PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress) {
   PageLayout layout;
   FitColumns(document, typesetter, progress, layout);

@@ -18,6 +18,7 @@ inline constexpr double kSideMargin = 34;
 inline constexpr double kTopMargin = 34;
 inline constexpr double kBottomMargin = 46;  ///< the page number stands in it
 inline constexpr double kCellGap = 3;        ///< on either side of a cell's text
+inline constexpr double kInset = 7;          ///< before a column that stands apart
 inline constexpr double kTitleSize = 14;
 inline constexpr double kSubtitleSize = 10;
 inline constexpr double kRunningHeadSize = 8;
@@ -55,6 +56,13 @@ struct PageLayout {
   double Left() const { return kSideMargin; }
   double Room() const { return page.width - 2 * kSideMargin; }
 };
+
+/// True for a column of texts after one of numbers, whose contents would else touch.
+bool StandsApart(const Table& table, std::size_t column);
+
+/// Left edge and width of the text in a column, in points.
+double TextLeft(const Table& table, const TableShape& shape, std::size_t column);
+double RoomOf(const Table& table, const TableShape& shape, std::size_t column);
 
 /// Lays the report out. Throws Cancellation.
 PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress);

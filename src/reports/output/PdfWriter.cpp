@@ -112,8 +112,8 @@ class PagePainter {
     top += shape.groups_height;
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
       const Column& column = table.columns[i];
-      HeadingText(column.heading, shape.lefts[i], shape.lefts[i + 1], top, shape.headings_height,
-                  column.alignment);
+      HeadingText(column.heading, TextLeft(table, shape, i), RoomOf(table, shape, i), top,
+                  shape.headings_height, column.alignment);
     }
     Line(left, right, top + shape.headings_height, kThick);
     Line(left, right, top - shape.groups_height, kThick);
@@ -123,7 +123,8 @@ class PagePainter {
     std::size_t first = 0;
     for (const ColumnGroup& group : table.groups) {
       const std::size_t end = std::min(first + group.columns, table.columns.size());
-      HeadingText(group.heading, shape.lefts[first], shape.lefts[end], top, shape.groups_height,
+      HeadingText(group.heading, shape.lefts[first] + kCellGap,
+                  shape.lefts[end] - shape.lefts[first] - 2 * kCellGap, top, shape.groups_height,
                   Alignment::kCentre);
       if (!group.heading.isEmpty()) {
         Line(shape.lefts[first] + kCellGap, shape.lefts[end] - kCellGap, top + shape.groups_height,
@@ -134,13 +135,13 @@ class PagePainter {
   }
 
   // Headings of one line stand at the foot of those that have more.
-  void HeadingText(const QString& heading, double left, double right, double top, double height,
+  void HeadingText(const QString& heading, double left, double room, double top, double height,
                    Alignment alignment) {
     const std::string text = heading.toStdString();
-    const double width = right - left - 2 * kCellGap + 0.1;
+    const double width = room + 0.1;
     const int lines = typesetter_.Lines(text, Face::kBold, width / layout_.type);
     const double text_height = lines * typesetter_.LineHeight() * layout_.type;
-    typesetter_.Draw(page_, text, Face::kBold, layout_.type, left + kCellGap,
+    typesetter_.Draw(page_, text, Face::kBold, layout_.type, left,
                      top + height - text_height - kPadding, width, alignment);
   }
 
@@ -152,15 +153,16 @@ class PagePainter {
     PaintRules(row.kind, shape, item.top,
                layout_.row_height + (lines - 1) * typesetter_.LineHeight() * layout_.type);
     if (row.kind == RowKind::kGroup) {
-      PaintCell(GroupText(row), Face::kBold, shape.lefts.front(), shape.lefts.back(), item.top,
-                Alignment::kLeft);
+      PaintCell(GroupText(row).toStdString(), Face::kBold, shape.lefts.front() + kCellGap,
+                shape.lefts.back() - shape.lefts.front() - 2 * kCellGap, item.top, Alignment::kLeft,
+                true);
       return;
     }
     for (std::size_t i = 0; i < std::min(row.cells.size(), table.columns.size()); ++i) {
       text_.clear();
       AppendCell(text_, row.cells[i], table.columns[i].mask);
-      PaintCell(text_, FaceOf(row.kind), shape.lefts[i], shape.lefts[i + 1], item.top,
-                table.columns[i].alignment, lines > 1);
+      PaintCell(text_, FaceOf(row.kind), TextLeft(table, shape, i), RoomOf(table, shape, i),
+                item.top, table.columns[i].alignment, lines > 1);
     }
   }
 
@@ -176,27 +178,20 @@ class PagePainter {
     }
   }
 
-  void PaintCell(const QString& text, Face face, double left, double right, double top,
-                 Alignment alignment) {
-    PaintCell(text.toStdString(), face, left, right, top, alignment, true);
-  }
-
-  void PaintCell(std::string_view text, Face face, double left, double right, double top,
+  void PaintCell(std::string_view text, Face face, double left, double room, double top,
                  Alignment alignment, bool may_break) {
     if (text.empty()) {
       return;
     }
-    const double room = right - left - 2 * kCellGap;
     const double width = typesetter_.Width(text, face) * layout_.type;
     if (may_break && width > room + 0.1) {
-      typesetter_.Draw(page_, text, face, layout_.type, left + kCellGap, top + kPadding / 2, room,
-                       alignment);
+      typesetter_.Draw(page_, text, face, layout_.type, left, top + kPadding / 2, room, alignment);
       return;
     }
     const double slack = alignment == Alignment::kLeft    ? 0
                          : alignment == Alignment::kRight ? room - width
                                                           : (room - width) / 2;
-    typesetter_.Collect(page_, text, face, left + kCellGap + slack,
+    typesetter_.Collect(page_, text, face, left + slack,
                         top + kPadding / 2 + typesetter_.Ascent() * layout_.type);
   }
 

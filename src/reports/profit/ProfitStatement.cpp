@@ -75,7 +75,7 @@ class Builder {
     for (const Match& match : matches_) {
       AddMatch(history, match);
     }
-    if (query_.gains != GainFilter::kSpeculation) {
+    if (query_.unsold && query_.gains != GainFilter::kSpeculation) {
       AddUnsold(history);
     }
   }
@@ -181,8 +181,13 @@ class Builder {
 }  // namespace
 
 StatementQuery StatementQuery::OfYear(std::optional<ClientId> client, text::FinancialYear year) {
-  return {client, year, year.FirstDay(),  year.LastDay(),        {},
-          {},     {},   GainFilter::kAll, gains::FoChoice::kAll, false};
+  return {.client = client,
+          .year = year,
+          .from = year.FirstDay(),
+          .to = year.LastDay(),
+          .accounts = {},
+          .scrips = {},
+          .charges = {}};
 }
 
 void BuildStatement(database::Connection& connection, const StatementQuery& query,

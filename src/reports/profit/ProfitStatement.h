@@ -27,6 +27,7 @@ struct StatementQuery {
   GainFilter gains = GainFilter::kAll;
   gains::FoChoice fo = gains::FoChoice::kAll;
   bool average = false;  ///< cost at the average rate instead of lot by lot
+  bool unsold = true;    ///< list what is left of the purchases, too
 
   /// The whole of a year, everything in it.
   static StatementQuery OfYear(std::optional<ClientId> client, text::FinancialYear year);

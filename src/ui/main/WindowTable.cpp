@@ -7,6 +7,7 @@
 #include "masters/lookup_masters/FrmLookup.h"
 #include "masters/participants/FrmDepPart.h"
 #include "masters/scrips/FrmScript.h"
+#include "reports/profit/RptProfitStatement.h"
 #include "transactions/bills/FrmSalePurchase.h"
 
 #include <functional>
@@ -41,6 +42,8 @@ const std::map<QString, Maker>& Makers() {
       {QStringLiteral("frmdeppart"), Make<participants::FrmDepPart>},
       {QStringLiteral("frmbroker"), Make<brokers::FrmBroker>},
       {QStringLiteral("frmscript"), Make<scrips::FrmScript>},
+      {QStringLiteral("rptprofitstatement"), Make<profit::RptProfitStatement>},
+      {QStringLiteral("rptcapitalgain"), Make<profit::RptProfitStatement>},
       {QStringLiteral("frmscripttype"), MakeLookup<LookupKind::kScripTypes>},
       {QStringLiteral("frmscriptcls"), MakeLookup<LookupKind::kScripClasses>},
       {QStringLiteral("frmexchange"), MakeLookup<LookupKind::kExchanges>},

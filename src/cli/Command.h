@@ -58,6 +58,9 @@ void AddLedgerCommands(CLI::App& app, Context& context);
 void AddDatabaseCommands(CLI::App& app, Context& context);
 void AddDemoCommand(CLI::App& app, Context& context);
 
+/// Statements of other files than StatementCommands.cpp.
+void AddBrokerLedger(CLI::App& statement, Context& context);
+
 /// The text as a year, a date, a client, an account; Refused or WrongUsage when it is none.
 text::FinancialYear YearOf(const std::string& text);
 text::Date DateOf(const std::string& option, const std::string& text);

@@ -31,6 +31,7 @@ constexpr DemoReportKind kKinds[] = {
      MakeStatements<profit::StatementMode::kCapitalGain, profit::Layout::kSummary>},
     {"profit", MakeStatements<profit::StatementMode::kProfit, profit::Layout::kDetail>},
     {"profit-summary", MakeStatements<profit::StatementMode::kProfit, profit::Layout::kSummary>},
+    {"broker-ledger", MakeDemoLedgers},
 };
 
 }  // namespace

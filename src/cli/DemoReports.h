@@ -28,4 +28,8 @@ struct DemoReportKind {
 
 std::span<const DemoReportKind> DemoReportKinds();
 
+/// What hands out reports whose commands stand in files of their own.
+void MakeDemoLedgers(Context& context, const lookups::Directory& directory,
+                     text::FinancialYear year, const DemoReportKind::Give& give);
+
 }  // namespace quorvane::cli

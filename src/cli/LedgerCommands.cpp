@@ -1,6 +1,7 @@
 #include "cli/Command.h"
 #include "core/gains/RemainingLots.h"
 #include "core/ledger/Rebuild.h"
+#include "transactions/broker_money/BrokerOpeningBook.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
 #include <fmt/format.h>
@@ -43,6 +44,23 @@ void CarryForwardStock(Context& context, const YearOptions& options) {
       fmt::format("{} lots carried forward from {}", lots.size(), of.year.Previous().Utf8()));
 }
 
+void CarryForwardBrokers(Context& context, const YearOptions& options) {
+  const ClientYear of = ClientYearOf(context, options);
+  const std::size_t written =
+      broker_money::BrokerOpeningBook(context.Connection(), of).CarryForward();
+  context.Inform(fmt::format("balances of {} brokers carried forward from {}", written,
+                             of.year.Previous().Utf8()));
+}
+
+void AddCarryForward(CLI::App& carry, Context& context, const char* name, const char* what,
+                     void (*work)(Context&, const YearOptions&)) {
+  auto options = std::make_shared<YearOptions>();
+  CLI::App* command = carry.add_subcommand(name, what);
+  command->add_option("--client", options->client, "Client code")->required();
+  command->add_option("--year", options->year, "Year that opens with them")->required();
+  command->callback([&context, options, work] { work(context, *options); });
+}
+
 }  // namespace
 
 void AddLedgerCommands(CLI::App& app, Context& context) {
@@ -55,11 +73,10 @@ void AddLedgerCommands(CLI::App& app, Context& context) {
 
   CLI::App* carry = app.add_subcommand("carry-forward", "Bring closing balances into a year");
   carry->require_subcommand(1);
-  auto stock_options = std::make_shared<YearOptions>();
-  CLI::App* stock = carry->add_subcommand("stock", "Lots left at the end of the year before");
-  stock->add_option("--client", stock_options->client, "Client code")->required();
-  stock->add_option("--year", stock_options->year, "Year that opens with them")->required();
-  stock->callback([&context, stock_options] { CarryForwardStock(context, *stock_options); });
+  AddCarryForward(*carry, context, "stock", "Lots left at the end of the year before",
+                  CarryForwardStock);
+  AddCarryForward(*carry, context, "brokers", "Brokers' balances at the end of the year before",
+                  CarryForwardBrokers);
 }
 
 }  // namespace quorvane::cli

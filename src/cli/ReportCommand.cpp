@@ -53,13 +53,17 @@ void AddScrips(Scope& scope, const lookups::Directory& directory,
 
 }  // namespace
 
-void AddScopeOptions(CLI::App& command, ScopeOptions& options) {
+void AddPeriodOptions(CLI::App& command, ScopeOptions& options) {
   auto* client = command.add_option("--client", options.client, "Client code");
   auto* all = command.add_flag("--all", options.all, "Every client");
   client->excludes(all);
   command.add_option("--year", options.year, "Financial year, such as 2011-12")->required();
   command.add_option("--from", options.from, "First day, dd/mm/yyyy");
   command.add_option("--to", options.to, "Last day, dd/mm/yyyy");
+}
+
+void AddScopeOptions(CLI::App& command, ScopeOptions& options) {
+  AddPeriodOptions(command, options);
   command.add_option("--accounts", options.accounts, "Demat accounts, by number")->delimiter(',');
   command.add_option("--scrips", options.scrips, "Scrips, by code")->delimiter(',');
 }

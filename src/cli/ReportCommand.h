@@ -22,7 +22,10 @@ struct ScopeOptions {
   std::vector<std::string> scrips;
 };
 
-/// Adds --client or --all, --year, --from, --to, --accounts and --scrips.
+/// Adds --client or --all, --year, --from and --to.
+void AddPeriodOptions(CLI::App& command, ScopeOptions& options);
+
+/// The same with --accounts and --scrips.
 void AddScopeOptions(CLI::App& command, ScopeOptions& options);
 
 /// The options as keys and days.

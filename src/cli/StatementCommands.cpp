@@ -135,6 +135,7 @@ void AddStatementCommands(CLI::App& app, Context& context) {
                profit::StatementMode::kProfit);
   AddStatement(*statement, context, "capital-gain", "Capital gain statement",
                profit::StatementMode::kCapitalGain);
+  AddBrokerLedger(*statement, context);
 }
 
 }  // namespace quorvane::cli

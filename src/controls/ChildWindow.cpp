@@ -8,6 +8,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -131,6 +132,14 @@ void ChildWindow::keyPressEvent(QKeyEvent* event) {
     Q_EMIT HelpRequested(objectName());
   } else {
     QWidget::keyPressEvent(event);
+  }
+}
+
+void ChildWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!std::exchange(was_shown_, true)) {
+    QTimer::singleShot(
+        0, this, [this] { guard_.Run(QStringLiteral("Form_Activate"), [this] { FirstShown(); }); });
   }
 }
 

@@ -71,11 +71,15 @@ class ChildWindow : public QWidget {
   /// Brings a control of the window on the screen before it gets the focus.
   virtual void Reveal(QWidget* field) { static_cast<void>(field); }
 
+  /// Called once, after the window has come on the screen: the place for a question on opening.
+  virtual void FirstShown() {}
+
   /// False keeps the window open.
   virtual bool MayClose() { return true; }
   virtual void EscapePressed() { close(); }
 
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -86,6 +90,7 @@ class ChildWindow : public QWidget {
   Guard guard_;
   QSize designed_;
   bool scaled_ = false;
+  bool was_shown_ = false;
   bool closing_ = false;
 };
 

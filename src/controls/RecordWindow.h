@@ -69,6 +69,9 @@ class RecordWindow : public ChildWindow {
   virtual void StateChanged() {}
 
   void SetCurrentId(int id) { current_ = id; }
+
+  /// Fills the list again, after something else than this window's own buttons changed it.
+  void Refill() { Refill(current_); }
   void ShowDetails();
   void ShowList();
 

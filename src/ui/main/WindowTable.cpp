@@ -9,6 +9,9 @@
 #include "masters/scrips/FrmScript.h"
 #include "reports/profit/RptProfitStatement.h"
 #include "transactions/bills/FrmSalePurchase.h"
+#include "transactions/broker_ledger/RptBrokerLedger.h"
+#include "transactions/broker_money/FrmBrOpBal.h"
+#include "transactions/broker_money/FrmBrPayment.h"
 
 #include <functional>
 #include <map>
@@ -30,9 +33,15 @@ ChildWindow* MakeLookup(Desk& desk) {
   return new lookup_masters::FrmLookup(desk, kind);
 }
 
+template <broker_money::PaymentKind kind>
+ChildWindow* MakePayment(Desk& desk) {
+  return new broker_money::FrmBrPayment(desk, kind);
+}
+
 /// Windows by their names in small letters, and the targets of the menu that need no window of
 /// their own.
 const std::map<QString, Maker>& Makers() {
+  using broker_money::PaymentKind;
   using lookup_masters::LookupKind;
   static const std::map<QString, Maker> kMakers{
       {QStringLiteral("frmclientlist"), Make<client_list::FrmClientList>},
@@ -49,6 +58,10 @@ const std::map<QString, Maker>& Makers() {
       {QStringLiteral("frmexchange"), MakeLookup<LookupKind::kExchanges>},
       {QStringLiteral("frmsttper"), MakeLookup<LookupKind::kSttPercentages>},
       {QStringLiteral("frmtransper"), MakeLookup<LookupKind::kTaxPercentages>},
+      {QStringLiteral("frmbropbal"), Make<broker_money::FrmBrOpBal>},
+      {QStringLiteral("frmbrpayment"), MakePayment<PaymentKind::kPayment>},
+      {QStringLiteral("rptbrokerledger"), Make<broker_ledger::RptBrokerLedger>},
+      {QStringLiteral("frmbrrec"), MakePayment<PaymentKind::kReceipt>},
   };
   return kMakers;
 }

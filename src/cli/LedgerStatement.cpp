@@ -1,0 +1,76 @@
+#include "cli/Command.h"
+#include "cli/DemoReports.h"
+#include "cli/ReportCommand.h"
+#include "core/lookups/Choices.h"
+#include "transactions/broker_ledger/LedgerDocument.h"
+
+namespace quorvane::cli {
+namespace {
+
+struct LedgerOptions {
+  ScopeOptions scope;
+  std::vector<std::string> brokers;
+  OutputOptions output;
+};
+
+std::vector<BrokerId> BrokersOf(Context& context, const std::vector<std::string>& names) {
+  const auto known = lookups::DropDownItems(context.Connection(), lookups::DropDown::kBrokers);
+  std::vector<BrokerId> brokers;
+  for (const std::string& name : names) {
+    const auto found = std::ranges::find_if(known, [&](const lookups::Item& item) {
+      return lookups::Folded(item.text.toStdString()) == lookups::Folded(name);
+    });
+    if (found == known.end()) {
+      throw Refused("there is no broker " + name);
+    }
+    brokers.push_back(BrokerId{found->id});
+  }
+  return brokers;
+}
+
+report::ReportDocument MakeLedger(Context& context, const broker_ledger::LedgerQuery& query,
+                                  const lookups::Directory& directory) {
+  Progress progress;
+  return broker_ledger::MakeLedgerDocument(
+      query, QString::fromStdString(directory.Client(query.of.client).name),
+      broker_ledger::ReadBrokerLedger(context.Connection(), query, progress));
+}
+
+void PrintLedgers(Context& context, const LedgerOptions& options) {
+  const lookups::Directory directory(context.Connection());
+  const Scope scope = ScopeOf(options.scope, directory);
+  const std::vector<BrokerId> brokers = BrokersOf(context, options.brokers);
+  ReportOutput output(context, options.output, options.scope.all);
+  const auto clients = ClientsOf(scope, directory);
+  const auto progress = context.MakeProgress();
+  progress->Begin(QStringLiteral("Writing broker ledgers"),
+                  static_cast<std::int64_t>(clients.size()));
+  std::int64_t done = 0;
+  for (const ClientId client : clients) {
+    output.Take(MakeLedger(context, {{client, scope.year}, scope.period, brokers}, directory),
+                directory.Client(client).code);
+    progress->Step(++done);
+    progress->ThrowIfCancelled();
+  }
+}
+
+}  // namespace
+
+void AddBrokerLedger(CLI::App& statement, Context& context) {
+  auto options = std::make_shared<LedgerOptions>();
+  CLI::App* command = statement.add_subcommand("broker-ledger", "Accounts of the brokers");
+  AddPeriodOptions(*command, options->scope);
+  command->add_option("--brokers", options->brokers, "Brokers, by name")->delimiter(',');
+  AddOutputOptions(*command, options->output);
+  command->callback([&context, options] { PrintLedgers(context, *options); });
+}
+
+void MakeDemoLedgers(Context& context, const lookups::Directory& directory,
+                     text::FinancialYear year, const DemoReportKind::Give& give) {
+  for (const lookups::ClientEntry& client : directory.Clients()) {
+    give({client.id,
+          MakeLedger(context, {{client.id, year}, report::Period::Of(year), {}}, directory)});
+  }
+}
+
+}  // namespace quorvane::cli

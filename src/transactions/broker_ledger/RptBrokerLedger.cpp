@@ -1,0 +1,62 @@
+#include "transactions/broker_ledger/RptBrokerLedger.h"
+
+#include "reports/period/MonthPeriod.h"
+#include "transactions/CurrentClient.h"
+#include "transactions/broker_ledger/LedgerDocument.h"
+
+#include <QLabel>
+
+namespace quorvane::broker_ledger {
+
+using transactions::CurrentOf;
+
+RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
+    : ReportWindow(desk, QStringLiteral("RptBrokerLedger"),
+                   transactions::ClientTitle(tr("Broker Ledger"), desk.session), {790, 520}),
+      of_(CurrentOf(desk.session)) {
+  AddPeriod();
+  auto* months = new QHBoxLayout;
+  CmbMth = new controls::ComboBox();
+  CmbMth->setObjectName(QStringLiteral("CmbMth"));
+  CmbMth->setAccessibleName(tr("Month"));
+  CmbMth->SetTexts(report::MonthNames());
+  auto* label = new QLabel(tr("&Month"));
+  label->setBuddy(CmbMth);
+  months->addWidget(label);
+  months->addWidget(CmbMth);
+  months->addStretch();
+  AddOptions(months);
+  On(CmbMth, &QComboBox::currentIndexChanged, &RptBrokerLedger::CmbMth_Click,
+     QStringLiteral("CmbMth_Click"));
+  VSB = AddTickGrid(QStringLiteral("VSB"), tr("BROKER NAME"), tr("Brokers"));
+  FillTicks(*VSB, lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
+  Start();
+}
+
+/// A month sets the period to its first and last day.
+void RptBrokerLedger::CmbMth_Click() {
+  if (!CmbMth->HasChoice()) {
+    return;
+  }
+  const auto month = report::MonthPeriod(
+      of_.year, report::MonthNumber(CmbMth->itemText(CmbMth->CurrentPosition())));
+  if (const auto* refusal = std::get_if<Refusal>(&month)) {
+    Show(*refusal);
+    return;
+  }
+  const auto& period = std::get<report::Period>(month);
+  Text1[0]->SetDate(text::FormatDmy(period.from));
+  Text1[1]->SetDate(text::FormatDmy(period.to));
+}
+
+MaybeRefusal RptBrokerLedger::CheckSelection() {
+  return RefuseWithoutTick(*VSB, tr("Enter Broker Name."));
+}
+
+std::optional<report::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
+  const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
+  return MakeLedgerDocument(query, Session().current_client_name,
+                            ReadBrokerLedger(*Session().connection, query, progress));
+}
+
+}  // namespace quorvane::broker_ledger

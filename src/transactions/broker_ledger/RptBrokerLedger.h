@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "reports/ReportWindow.h"
+
+namespace quorvane::broker_ledger {
+
+/// "Broker Ledger": the brokers' accounts of the current client and year over a period.
+class RptBrokerLedger : public report::ReportWindow {
+  Q_OBJECT
+
+ public:
+  explicit RptBrokerLedger(controls::Desk& desk);
+
+ protected:
+  MaybeRefusal CheckSelection() override;
+  std::optional<report::ReportDocument> BuildDocument(Progress& progress) override;
+
+ private:
+  void CmbMth_Click();
+
+  ClientYear of_;
+  controls::ComboBox* CmbMth;
+  controls::Grid* VSB;  ///< brokers
+};
+
+}  // namespace quorvane::broker_ledger

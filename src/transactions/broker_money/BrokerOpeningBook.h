@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "core/database/Transaction.h"
+#include "transactions/broker_money/BrokerOpening.h"
+
+#include <vector>
+
+namespace quorvane::broker_money {
+
+/// The opening balances of a client with brokers in a year, at most one a broker. Every save,
+/// delete and carry forward is one transaction; one that is refused, or that throws DatabaseError,
+/// changes nothing.
+class BrokerOpeningBook {
+ public:
+  BrokerOpeningBook(database::Connection& connection, const ClientYear& of);
+
+  /// The largest amount first; equal ones by id.
+  std::vector<BrokerOpening> List() const;
+
+  /// Writes a new balance, or a changed one in place of the old, and sets its id. Refused when a
+  /// check fails or the broker has another balance in the year.
+  MaybeRefusal Save(BrokerOpening& opening);
+
+  void Delete(BrokerOpeningId id);
+
+  /// Whether the year before has anything that could be carried forward.
+  bool HasBalancesToCarryForward() const;
+
+  /// Works out what every broker's account of the year before closed with (its opening balance,
+  /// less bills and payments, and receipts; credit positive) and writes it as this year's opening
+  /// balance. A broker's balance that stands in the year already, typed or carried before, is
+  /// replaced, so doing it twice changes nothing. Returns the number of balances written.
+  std::size_t CarryForward();
+
+ private:
+  database::Connection& connection_;
+  ClientYear of_;
+};
+
+}  // namespace quorvane::broker_money

@@ -119,6 +119,10 @@ void ChildWindow::Show(const Refusal& refusal, Icon icon) {
   if (QWidget* field = FieldNamed(refusal.field)) {
     Reveal(field);
     field->setFocus(Qt::OtherFocusReason);
+    // Closing a message box gives the focus back without the selection of an entry.
+    if (auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget())) {
+      box->selectAll();
+    }
   }
 }
 

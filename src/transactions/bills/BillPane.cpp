@@ -16,8 +16,8 @@ using controls::Row;
 using controls::ZENButton;
 
 // Of the width; on a wide screen the lines get what is left over.
-constexpr int kLinesWidth = 600;
-constexpr int kHoldingsWidth = 300;
+constexpr int kLinesWidth = 560;
+constexpr int kHoldingsWidth = 340;
 
 struct ButtonText {
   const char* name;

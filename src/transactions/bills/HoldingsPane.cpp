@@ -3,7 +3,7 @@
 #include "controls/Style.h"
 #include "core/text/Amounts.h"
 
-#include <QHBoxLayout>
+#include <QHeaderView>
 #include <QTabBar>
 #include <QVBoxLayout>
 
@@ -39,20 +39,26 @@ HoldingsPane::HoldingsPane()
   VS2->SetSortable(false);
   VSAvg->SetColumns(
       {{.heading = tr("Scrip")}, {.heading = tr("Average Rate"), .mask = Mask::kAmount}});
+  // What counts is the numbers: a long name is cut where the pane is narrow.
+  for (Grid* grid : {VS3, VS2, VSAvg}) {
+    grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+  }
+  Arrange();
+}
+
+void HoldingsPane::Arrange() {
   tabs_->addTab(VS3, tr("Balance"));
-  tabs_->addTab(VS2, tr("This Bill"));
-  tabs_->addTab(VSAvg, tr("Average Rates"));
+  tabs_->addTab(VS2, tr("Bill"));
+  tabs_->addTab(VSAvg, tr("Averages"));
   tabs_->setDocumentMode(true);
   tabs_->tabBar()->setFocusPolicy(Qt::NoFocus);
+  tabs_->setCornerWidget(ImgRefresh);
   ImgRefresh->setToolTip(tr("Reads the balance again (F5)"));
   ImgRefresh->setFocusPolicy(Qt::ClickFocus);
-  auto* head = new QHBoxLayout();
-  head->addWidget(caption_, 1);
-  head->addWidget(ImgRefresh);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(controls::kTightSpacing);
-  rows->addLayout(head);
+  rows->addWidget(caption_);
   rows->addWidget(tabs_, 1);
 }
 
@@ -65,9 +71,8 @@ void HoldingsPane::ShowBalance(const QString& account_number, std::vector<ledger
 
 void HoldingsPane::BringUp(ScripId scrip, const ScripList& scrips) {
   FillBalance(scrips, scrip);
-  if (!lots_.empty()) {
-    VS3->SelectRow(0);
-  }
+  const bool held = std::ranges::find(lots_, scrip, &ledger::Lot::scrip) != lots_.end();
+  VS3->SelectRow(held ? 0 : -1);
 }
 
 void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {

@@ -28,6 +28,8 @@ class HoldingsPane : public QWidget {
   /// lots of its scrip on top.
   void ShowBalance(const QString& account_number, std::vector<ledger::Lot> lots,
                    const ScripList& scrips, ScripId first = {});
+
+  /// Puts the lots of a scrip on top and the cursor on the first of them.
   void BringUp(ScripId scrip, const ScripList& scrips);
 
   void ShowMoves(std::span<const BillLine> lines, const ScripList& scrips);
@@ -45,6 +47,7 @@ class HoldingsPane : public QWidget {
   controls::ZENButton* Refresh() const { return ImgRefresh; }
 
  private:
+  void Arrange();
   void FillBalance(const ScripList& scrips, ScripId first);
 
   QLabel* caption_;

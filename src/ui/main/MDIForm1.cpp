@@ -6,6 +6,7 @@
 #include "controls/ZENButton.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
+#include "masters/client_list/ClientList.h"
 #include "portfolio/SafetyCopy.h"
 #include "ui/main/MiscInfo.h"
 #include "ui/main/WindowTable.h"
@@ -277,7 +278,8 @@ void MDIForm1::Open(const QString& name) {
 }
 
 controls::ChildWindow* MDIForm1::Show(const QString& name) {
-  const auto found = open_.find(name);
+  const QString key = KeyOf(name);
+  const auto found = open_.find(key);
   if (found != open_.end()) {
     area_->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(found->second->parentWidget()));
     return found->second;
@@ -286,13 +288,22 @@ controls::ChildWindow* MDIForm1::Show(const QString& name) {
   if (child == nullptr) {
     throw std::runtime_error(tr("There is no window %1.").arg(name).toStdString());
   }
-  open_[name] = child;
-  connect(child, &controls::ChildWindow::Closed, this, [this, name] {
-    open_.erase(name);
+  open_[key] = child;
+  connect(child, &controls::ChildWindow::Closed, this, [this, key] {
+    open_.erase(key);
     ChildClosed();
   });
   child->OpenIn(*area_);
   return child;
+}
+
+// A window that works on the client and year of its opening is no window for another client.
+QString MDIForm1::KeyOf(const QString& name) const {
+  const std::optional<ClientYear>& current = desk_.session.current;
+  if (!current || !client_list::FindTarget(name)) {
+    return name;
+  }
+  return QStringLiteral("%1 %2 %3").arg(name, current->year.Text()).arg(current->client.value);
 }
 
 void MDIForm1::OpenModal(const QString& name) {

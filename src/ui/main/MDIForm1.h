@@ -56,6 +56,7 @@ class MDIForm1 : public QMainWindow {
   bool CanDo(const MenuItem& item) const;
   void Do(const MenuItem& item);
   controls::ChildWindow* Show(const QString& name);
+  QString KeyOf(const QString& name) const;
   void OpenModal(const QString& name);
   void ChildClosed();
   void EnableButtons(bool enabled);

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "transactions/Desk.h"
-#include "transactions/bills/BillBook.h"
-#include "transactions/bills/StagedHoldings.h"
+#include "transactions/bills/BillEntry.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 #include "transactions/transfers/TransferBook.h"
 
@@ -41,7 +40,8 @@ class RandomRecords {
       case 5:
         return WithOld(bills_, &RandomRecords::ChangeBill);
       case 6:
-        return StagedBill(owner);
+        return Below(2) == 0 || bills_.empty() ? EnteredBill(owner, EmptyBill(owner))
+                                               : EnteredOldBill();
       default:
         return NewBill(owner);
     }
@@ -132,18 +132,51 @@ class RandomRecords {
     return SaveBill(owner, bill);
   }
 
-  /// Entered line by line, with sales of what the bill itself has bought.
-  MaybeRefusal StagedBill(const Owner& owner) {
-    bills::Bill bill = EmptyBill(owner);
-    bills::StagedHoldings staged(desk_.Connection(), owner.of);
-    staged.Begin(bill.account);
-    for (int i = Below(4); i >= 0; --i) {
-      bills::BillLine line = Line(staged.Balance());
-      if (!staged.AddLine(line)) {
-        bill.lines.push_back(line);
-      }
+  /// Entered line by line, with sales of what the bill itself has bought; now and then it is given
+  /// up. Commands that are refused on the way leave the entry as it was.
+  MaybeRefusal EnteredBill(const Owner& owner, const bills::Bill& bill) {
+    bills::BillEntry entry(desk_.Connection(), owner.of);
+    entry.Begin(bill);
+    for (int i = Below(6); i >= 0; --i) {
+      Edit(entry, owner);
     }
-    return SaveBill(owner, bill);
+    if (Below(8) == 0) {
+      entry.Cancel();
+      return std::nullopt;
+    }
+    MaybeRefusal refusal = entry.Save();
+    if (!refusal && !bill.id) {
+      bills_.push_back({&owner, entry.Current().id});
+    }
+    return refusal;
+  }
+
+  MaybeRefusal EnteredOldBill() {
+    const Saved<BillId> saved = Pick(bills_);
+    return EnteredBill(*saved.owner,
+                       bills::BillBook(desk_.Connection(), saved.owner->of).Load(saved.id).value());
+  }
+
+  void Edit(bills::BillEntry& entry, const Owner& owner) {
+    const int lines = static_cast<int>(entry.Current().lines.size());
+    const auto place = [&] { return static_cast<std::size_t>(Below(lines)); };
+    switch (lines == 0 ? 0 : Below(8)) {
+      case 0:
+      case 1:
+      case 2:
+      case 3:
+        entry.Put(Line(entry.Balance()), std::nullopt);
+        break;
+      case 4:
+      case 5:
+        entry.Put(Line(entry.Balance()), place());
+        break;
+      case 6:
+        entry.Remove(place());
+        break;
+      default:
+        Below(2) == 0 ? entry.Refresh() : entry.ChooseAccount(Pick(owner.accounts));
+    }
   }
 
   void EditLine(bills::BillLine& line) {

@@ -7,6 +7,7 @@
 #include "reports/period/MonthPeriod.h"
 
 #include <QDir>
+#include <QHeaderView>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSplitter>
@@ -23,7 +24,7 @@ using controls::ZENButton;
 
 constexpr int kDateWidth = 110;
 constexpr int kMonthWidth = 120;
-constexpr int kBesideWidth = 210;
+constexpr int kBesideWidth = 230;
 
 QLabel* LabelFor(const QString& text, QWidget* buddy) {
   auto* label = new QLabel(text);
@@ -110,9 +111,7 @@ QAction* ReportWindow::AddAction(const char* name, const QString& caption,
   return action;
 }
 
-void ReportWindow::AddPeriod(Months months) {
-  auto* row = new QHBoxLayout;
-  const std::array labels{tr("&From"), tr("&To")};
+void ReportWindow::MakePeriodBoxes() {
   const Period year = current_ ? Period::Of(current_->year) : Period{};
   for (std::size_t i = 0; i < Text1.size(); ++i) {
     Text1[i] =
@@ -121,16 +120,40 @@ void ReportWindow::AddPeriod(Months months) {
     if (current_) {
       Text1[i]->SetDate(text::FormatDmy(i == 0 ? year.from : year.to));
     }
-    row->addWidget(LabelFor(labels[i], Text1[i]));
-    row->addWidget(Text1[i]);
     Watch(Text1[i]);
     On(Text1[i], &DateBox::Left, &ReportWindow::Text1_Validate, QStringLiteral("Text1_Validate"));
   }
+}
+
+void ReportWindow::AddPeriod(Months months) {
+  MakePeriodBoxes();
+  auto* row = new QHBoxLayout;
+  row->addWidget(LabelFor(tr("&From"), Text1[0]));
+  row->addWidget(Text1[0]);
+  row->addWidget(LabelFor(tr("&To"), Text1[1]));
+  row->addWidget(Text1[1]);
   if (months == Months::kYes) {
     AddMonths(row);
   }
   row->addStretch(1);
   options_->addLayout(row);
+}
+
+QBoxLayout* ReportWindow::AddPeriodFrame() {
+  MakePeriodBoxes();
+  auto* frame = new QGroupBox(tr("Period"));
+  frame->setObjectName(QStringLiteral("FrmPeriod"));
+  auto* boxes = new QGridLayout(frame);
+  boxes->setContentsMargins(controls::kSpacing, controls::kTightSpacing, controls::kSpacing,
+                            controls::kTightSpacing);
+  boxes->addWidget(LabelFor(tr("&From"), Text1[0]), 0, 0);
+  boxes->addWidget(Text1[0], 0, 1);
+  boxes->addWidget(LabelFor(tr("&To"), Text1[1]), 1, 0);
+  boxes->addWidget(Text1[1], 1, 1);
+  auto* row = new QHBoxLayout;
+  row->addWidget(frame);
+  options_->addLayout(row);
+  return row;
 }
 
 void ReportWindow::AddMonths(QBoxLayout* row) {
@@ -203,11 +226,13 @@ void ReportWindow::Text1_Validate() {
   clear_other(CmbToMth, CmbToMthId, 1);
 }
 
-Grid* ReportWindow::AddTickGrid(const QString& name, const QString& heading,
-                                const QString& purpose) {
+Grid* ReportWindow::AddTickGrid(const QString& name, const QString& heading, const QString& purpose,
+                                int share) {
   auto* grid = new Grid(name, purpose);
   grid->SetColumns({{.heading = QString(), .mask = controls::Mask::kTick}, {.heading = heading}});
-  AddBesideReport(grid);
+  grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  grid->horizontalHeader()->setStretchLastSection(true);
+  AddBesideReport(grid, share);
   return grid;
 }
 
@@ -241,8 +266,8 @@ ReportWindow::Choice ReportWindow::MakeChoice(const QString& frame_name, const Q
   return {frame, group};
 }
 
-void ReportWindow::AddBesideReport(QWidget* widget) {
-  beside_rows_->addWidget(widget);
+void ReportWindow::AddBesideReport(QWidget* widget, int share) {
+  beside_rows_->addWidget(widget, share);
   beside_->setMinimumWidth(kBesideWidth);
   beside_->show();
 }

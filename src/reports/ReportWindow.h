@@ -59,13 +59,18 @@ class ReportWindow : public controls::ChildWindow {
   /// with months also `CmbFromMth` and `CmbToMth`, each of which sets its date.
   void AddPeriod(Months months = Months::kNo);
 
+  /// The same two boxes one above the other in a frame, for windows with many options. Returns the
+  /// row, in which the options' frames go to the right.
+  QBoxLayout* AddPeriodFrame();
+
   /// A row of the window's own controls, below what was added before.
   void AddOptions(QLayout* options) { options_->addLayout(options); }
   void AddOptions(QWidget* options) { options_->addWidget(options); }
 
   /// A grid with ticks and one column of text, to the left of the report. A click on the heading of
-  /// the ticks ticks all or none; Space ticks the current row.
-  controls::Grid* AddTickGrid(const QString& name, const QString& heading, const QString& purpose);
+  /// the ticks ticks all or none; Space ticks the current row. `share` is its part of the height.
+  controls::Grid* AddTickGrid(const QString& name, const QString& heading, const QString& purpose,
+                              int share = 1);
 
   /// A framed choice of one of several: the frame's and the array's control names ("Frame1",
   /// "optF"; the buttons are "optF_0" and so on), the frame's title and the captions in the order
@@ -82,7 +87,7 @@ class ReportWindow : public controls::ChildWindow {
                     const QStringList& captions);
 
   /// Something else to the left of the report, between the grids.
-  void AddBesideReport(QWidget* widget);
+  void AddBesideReport(QWidget* widget, int share = 0);
 
   /// Replaces the rows; all of them are ticked, or none.
   static void FillTicks(controls::Grid& grid, const std::vector<lookups::Item>& items,
@@ -168,6 +173,7 @@ class ReportWindow : public controls::ChildWindow {
  private:
   void BuildLayout();
   void BuildMenu();
+  void MakePeriodBoxes();
   void AddMonths(QBoxLayout* row);
   QAction* AddAction(const char* name, const QString& caption, void (ReportWindow::*handler)());
   MaybeRefusal Check();

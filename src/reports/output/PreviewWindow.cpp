@@ -20,6 +20,8 @@ namespace {
 
 using controls::ZENButton;
 
+constexpr int kSmallButton = 36;
+constexpr int kPageBox = 52;
 constexpr double kZoomStep = 1.25;
 constexpr int kLargestResolution =
     300;  // dots an inch; more is not seen and takes four times as long
@@ -90,14 +92,20 @@ void PreviewWindow::BuildLayout() {
   pages_->setFocus();
 }
 
+void PreviewWindow::AddSmallButton(QBoxLayout* row, const char* name, const QString& caption,
+                                   const QString& purpose, void (PreviewWindow::*handler)()) {
+  auto* button = new ZENButton(QLatin1String(name), caption);
+  button->setToolTip(purpose);
+  button->setAccessibleName(purpose);
+  button->setFixedWidth(kSmallButton);
+  row->addWidget(button);
+  OnClick(button, handler);
+}
+
 void PreviewWindow::AddNavigation(QBoxLayout* row) {
   const auto add = [&](const char* name, const QString& caption, const QString& purpose,
                        void (PreviewWindow::*handler)()) {
-    auto* button = new ZENButton(QLatin1String(name), caption);
-    button->setToolTip(purpose);
-    button->setAccessibleName(purpose);
-    row->addWidget(button);
-    OnClick(button, handler);
+    AddSmallButton(row, name, caption, purpose, handler);
   };
   add("CmdFirst", QStringLiteral("\u00ab"), tr("First page"), &PreviewWindow::CmdFirst_Click);
   add("CmdPrevious", QStringLiteral("\u2039"), tr("Previous page"),
@@ -109,6 +117,7 @@ void PreviewWindow::AddNavigation(QBoxLayout* row) {
   TxtPage->setButtonSymbols(QAbstractSpinBox::NoButtons);
   TxtPage->setAlignment(Qt::AlignRight);
   TxtPage->setKeyboardTracking(false);
+  TxtPage->setFixedWidth(kPageBox);
   row->addWidget(TxtPage);
   row->addWidget(new QLabel(tr("of %1").arg(document_.pageCount())));
   add("CmdNext", QStringLiteral("\u203a"), tr("Next page"), &PreviewWindow::CmdNext_Click);
@@ -120,23 +129,17 @@ void PreviewWindow::AddNavigation(QBoxLayout* row) {
 }
 
 void PreviewWindow::AddZoom(QBoxLayout* row) {
-  auto* smaller = new ZENButton(QStringLiteral("CmdZoomOut"), QStringLiteral("\u2212"));
-  auto* larger = new ZENButton(QStringLiteral("CmdZoomIn"), QStringLiteral("+"));
-  smaller->setToolTip(tr("Smaller"));
-  smaller->setAccessibleName(tr("Smaller"));
-  larger->setToolTip(tr("Larger"));
-  larger->setAccessibleName(tr("Larger"));
+  AddSmallButton(row, "CmdZoomOut", QStringLiteral("\u2212"), tr("Smaller"),
+                 &PreviewWindow::CmdZoomOut_Click);
   CmbZoom = new controls::ComboBox(nullptr, controls::ComboBox::Entry::kFreeText);
   CmbZoom->setObjectName(QStringLiteral("CmbZoom"));
   CmbZoom->setAccessibleName(tr("Zoom"));
   CmbZoom->SetTexts(ZoomTexts());
   CmbZoom->setCurrentIndex(kFitWidth);
   CmbZoom->setFixedWidth(110);
-  row->addWidget(smaller);
   row->addWidget(CmbZoom);
-  row->addWidget(larger);
-  OnClick(smaller, &PreviewWindow::CmdZoomOut_Click);
-  OnClick(larger, &PreviewWindow::CmdZoomIn_Click);
+  AddSmallButton(row, "CmdZoomIn", QStringLiteral("+"), tr("Larger"),
+                 &PreviewWindow::CmdZoomIn_Click);
   On(CmbZoom, &QComboBox::activated, &PreviewWindow::CmbZoom_Click,
      QStringLiteral("CmbZoom_Click"));
   connect(pages_, &QPdfView::zoomFactorChanged, this, &PreviewWindow::ShowZoom);
@@ -152,22 +155,16 @@ void PreviewWindow::AddSearch(QBoxLayout* row) {
   LblFound = new QLabel;
   LblFound->setObjectName(QStringLiteral("LblFound"));
   LblFound->setMinimumWidth(LblFound->fontMetrics().horizontalAdvance(tr("Not found")));
-  auto* previous = new ZENButton(QStringLiteral("CmdFindPrevious"), QStringLiteral("\u2191"));
-  auto* next = new ZENButton(QStringLiteral("CmdFindNext"), QStringLiteral("\u2193"));
-  previous->setToolTip(tr("Find previous"));
-  previous->setAccessibleName(tr("Find previous"));
-  next->setToolTip(tr("Find next"));
-  next->setAccessibleName(tr("Find next"));
   row->addWidget(TxtFind);
-  row->addWidget(previous);
-  row->addWidget(next);
+  AddSmallButton(row, "CmdFindPrevious", QStringLiteral("\u2191"), tr("Find previous"),
+                 &PreviewWindow::CmdFindPrevious_Click);
+  AddSmallButton(row, "CmdFindNext", QStringLiteral("\u2193"), tr("Find next"),
+                 &PreviewWindow::CmdFindNext_Click);
   row->addWidget(LblFound);
   On(TxtFind, &QLineEdit::textChanged, &PreviewWindow::TxtFind_Change,
      QStringLiteral("TxtFind_Change"));
   On(TxtFind, &QLineEdit::returnPressed, &PreviewWindow::CmdFindNext_Click,
      QStringLiteral("TxtFind_KeyPress"));
-  OnClick(previous, &PreviewWindow::CmdFindPrevious_Click);
-  OnClick(next, &PreviewWindow::CmdFindNext_Click);
 }
 
 void PreviewWindow::AddShortcuts() {

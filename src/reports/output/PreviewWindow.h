@@ -34,6 +34,8 @@ class PreviewWindow : public controls::ChildWindow {
 
  private:
   void BuildLayout();
+  void AddSmallButton(QBoxLayout* row, const char* name, const QString& caption,
+                      const QString& purpose, void (PreviewWindow::*handler)());
   void AddNavigation(QBoxLayout* row);
   void AddZoom(QBoxLayout* row);
   void AddSearch(QBoxLayout* row);

@@ -51,13 +51,12 @@ RptProfitStatement::RptProfitStatement(controls::Desk& desk)
   if (!Current()) {
     throw std::runtime_error("no client and year were chosen");
   }
-  AddPeriod();
   BuildOptions();
   VSD = AddTickGrid(QStringLiteral("VSD"), tr("Demat A/c No."), tr("Demat accounts"));
   Option1 = MakeChoice(QStringLiteral("Frame5"), QString(), QStringLiteral("Option1"),
                        {tr("Show Client Scripts"), tr("Show All Scripts")});
   AddBesideReport(Option1.frame);
-  VSS = AddTickGrid(QStringLiteral("VSS"), tr("Script Name"), tr("Scrips"));
+  VSS = AddTickGrid(QStringLiteral("VSS"), tr("Script Name"), tr("Scrips"), 2);
   On(optF.group, &QButtonGroup::idClicked, &RptProfitStatement::optF_Click,
      QStringLiteral("optF_Click"));
   On(Option1.group, &QButtonGroup::idClicked, &RptProfitStatement::Option1_Click,
@@ -69,6 +68,7 @@ RptProfitStatement::RptProfitStatement(controls::Desk& desk)
 }
 
 void RptProfitStatement::BuildOptions() {
+  QBoxLayout* row = AddPeriodFrame();
   optF = MakeChoice(QStringLiteral("Frame1"), tr("Bills"), QStringLiteral("optF"),
                     {tr("F && O"), tr("Non F && O"), tr("All")});
   optF.Choose(kAllFo);
@@ -85,12 +85,10 @@ void RptProfitStatement::BuildOptions() {
   ChkAverage = new QCheckBox(tr("Average Rate"));
   ChkAverage->setObjectName(QStringLiteral("ChkAverage"));
   OptFormat.frame->layout()->addWidget(ChkAverage);
-  auto* row = new QHBoxLayout;
   for (const Choice* choice : {&optF, &optSTax, &optSTT, &Option2, &OptFormat}) {
     row->addWidget(choice->frame);
   }
   row->addStretch(1);
-  AddOptions(row);
 }
 
 // Only the capital-gain statement is handed on as a workbook by a button of its own.

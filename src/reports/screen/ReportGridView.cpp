@@ -78,7 +78,8 @@ void ReportGridView::SetDocument(ReportDocument document) {
 void ReportGridView::SpanGroups() {
   const int columns = model_->columnCount();
   for (int row = 0; row < model_->rowCount() && columns > 1; ++row) {
-    if (model_->LineAt(row) == Line::kGroup) {
+    const Line line = model_->LineAt(row);
+    if (line == Line::kGroup || line == Line::kGap) {
       setSpan(row, 0, 1, columns);
     }
   }
@@ -145,23 +146,35 @@ int ReportGridView::WidthOf(int column) const {
   return std::min(width + kCellPadding, kWidest);
 }
 
-// What is left over goes to the widest column of text.
+bool ReportGridView::IsText(int column) const {
+  const std::vector<Column>& columns = model_->Document().tables.front().columns;
+  const auto at = static_cast<std::size_t>(column);
+  return at < columns.size() && columns[at].mask == Mask::kText;
+}
+
+// What is left over goes to the widest column of text, else a little to each.
 void ReportGridView::FitColumns() {
+  const int columns = model_->columnCount();
   int taken = 0;
   int widest = -1;
-  for (int column = 0; column < model_->columnCount(); ++column) {
+  for (int column = 0; column < columns; ++column) {
     setColumnWidth(column, WidthOf(column));
     taken += columnWidth(column);
-    const bool text =
-        model_->Document().tables.front().columns.size() > static_cast<std::size_t>(column) &&
-        model_->Document().tables.front().columns[static_cast<std::size_t>(column)].mask ==
-            Mask::kText;
-    if (text && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
+    if (IsText(column) && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
       widest = column;
     }
   }
-  if (widest >= 0 && taken < viewport()->width()) {
-    setColumnWidth(widest, columnWidth(widest) + viewport()->width() - taken);
+  const int left_over = viewport()->width() - taken;
+  if (left_over <= 0 || columns == 0) {
+    return;
+  }
+  if (widest >= 0) {
+    setColumnWidth(widest, columnWidth(widest) + left_over);
+    return;
+  }
+  const int more = std::min(left_over / columns, kCellPadding);
+  for (int column = 0; column < columns; ++column) {
+    setColumnWidth(column, columnWidth(column) + more);
   }
 }
 

@@ -34,6 +34,7 @@ class ReportGridView : public QTableView {
   void SpanGroups();
   void FitColumns();
   int WidthOf(int column) const;
+  bool IsText(int column) const;
 
   ReportModel* model_;
   QString hint_;

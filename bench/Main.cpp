@@ -25,8 +25,9 @@ Choice ReadChoice() {
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Measures how fast Quorvane works."));
   parser.addHelpOption();
-  parser.addPositionalArgument(QStringLiteral("works"),
-                               QStringLiteral("start, matching, bill, statement, import; or all"));
+  parser.addPositionalArgument(
+      QStringLiteral("works"),
+      QStringLiteral("start, matching, bill, pages, statement, import; or all"));
   const QCommandLineOption lines(QStringLiteral("lines"),
                                  QStringLiteral("bill lines of the portfolio; may be repeated"),
                                  QStringLiteral("N"));
@@ -75,6 +76,9 @@ int Run(const Choice& choice) {
   }
   if (choice.Has("matching")) {
     MeasureMatching(table, choice.line_counts);
+  }
+  if (choice.Has("pages")) {
+    MeasurePages(table);
   }
   const Office office;
   if (choice.Has("bill")) {

@@ -23,4 +23,7 @@ void MeasureMatching(Table& table, std::span<const std::size_t> line_counts);
 void MeasureBill(Table& table, const Office& office);
 void MeasureStart(Table& table);
 
+/// A report of 2,000 pages in each of its outputs.
+void MeasurePages(Table& table);
+
 }  // namespace quorvane::bench

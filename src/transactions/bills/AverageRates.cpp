@@ -1,9 +1,9 @@
 #include "transactions/bills/AverageRates.h"
 
 #include "core/database/BulkWriter.h"
+#include "core/database/DateSql.h"
 #include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
-#include "transactions/posting/DateSql.h"
 
 #include <fmt/format.h>
 
@@ -48,7 +48,7 @@ Walks WalkAccount(Transaction& transaction, const ClientYear& of, AccountId acco
   ForEachRow(transaction, kOpenings, of, account, walks, [](AverageWalk& walk, const auto& row) {
     walk.Receive(row.Double(1), row.Double(2));
   });
-  ForEachRow(transaction, fmt::format(kLines, posting::DateOf("SPMaster.BDate")), of, account,
+  ForEachRow(transaction, fmt::format(kLines, database::DateOf("SPMaster.BDate")), of, account,
              walks, [](AverageWalk& walk, const auto& row) {
                if (row.Int(1) == 1) {
                  walk.Receive(row.Double(2), row.Double(3) + row.Double(4));

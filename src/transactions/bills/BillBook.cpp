@@ -1,10 +1,10 @@
 #include "transactions/bills/BillBook.h"
 
 #include "core/database/BulkWriter.h"
+#include "core/database/DateSql.h"
 #include "core/database/Keys.h"
 #include "transactions/bills/BillChecks.h"
 #include "transactions/bills/LinePosting.h"
-#include "transactions/posting/DateSql.h"
 #include "transactions/posting/ScratchLots.h"
 
 #include <fmt/format.h>
@@ -163,7 +163,7 @@ BillBook::BillBook(Connection& connection, const ClientYear& of)
 std::vector<Bill> BillBook::List() const {
   std::vector<Bill> bills;
   for (const auto& row :
-       connection_.Open(fmt::format("{} Order By {},ID", kSelectHeaders, posting::DateOf("BDate")),
+       connection_.Open(fmt::format("{} Order By {},ID", kSelectHeaders, database::DateOf("BDate")),
                         of_.client, of_.year.Text())) {
     bills.push_back(HeaderOf(row));
   }

@@ -1,7 +1,7 @@
 #include "transactions/transfers/TransferBook.h"
 
+#include "core/database/DateSql.h"
 #include "core/database/Keys.h"
-#include "transactions/posting/DateSql.h"
 #include "transactions/posting/LotSheet.h"
 
 #include <fmt/format.h>
@@ -169,7 +169,7 @@ TransferBook::TransferBook(Connection& connection, const ClientYear& of)
 std::vector<Transfer> TransferBook::List() const {
   std::vector<Transfer> transfers;
   for (const auto& row :
-       connection_.Open(fmt::format("{} Order By {},ID", kSelect, posting::DateOf("TDate")),
+       connection_.Open(fmt::format("{} Order By {},ID", kSelect, database::DateOf("TDate")),
                         of_.client, of_.year.Text())) {
     transfers.push_back(TransferOf(row));
   }

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorvane::posting {
+namespace quorvane::database {
 
 /// The SQL expression that reads a "dd/mm/yyyy" column as a date, for orders and ranges.
 inline std::string DateOf(std::string_view column) {
@@ -13,4 +13,4 @@ inline std::string DateOf(std::string_view column) {
                      column);
 }
 
-}  // namespace quorvane::posting
+}  // namespace quorvane::database

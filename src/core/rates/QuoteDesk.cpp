@@ -1,0 +1,124 @@
+#include "core/rates/QuoteDesk.h"
+
+#include "core/rates/PriceText.h"
+
+#include <QDir>
+#include <QSaveFile>
+#include <QUrlQuery>
+
+#include <utility>
+
+namespace quorvane::rates {
+namespace {
+
+bool Is(const QString& exchange, const char* name) {
+  return exchange.trimmed().compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
+}
+
+/// dd, mm and yyyy put together as an exchange wants them.
+QString Day(text::Date date, const QString& pattern) {
+  const QString dmy = text::FormatDmy(date);
+  return pattern.arg(dmy.left(2), dmy.mid(3, 2), dmy.right(4));
+}
+
+QUrl WithPath(QUrl host, const QString& path) {
+  if (host.isEmpty()) {
+    return {};
+  }
+  host.setPath(host.path() + path);
+  return host;
+}
+
+/// Empties the work folder; a file that cannot be removed is written over.
+void Empty(const QString& folder) {
+  QDir dir(folder);
+  dir.mkpath(QStringLiteral("."));
+  for (const QString& name : dir.entryList(QDir::Files | QDir::Hidden)) {
+    dir.remove(name);
+  }
+}
+
+/// The file is kept for a look at it; when that fails the price is told all the same.
+void Keep(const QString& folder, const QByteArray& csv) {
+  QSaveFile file(QDir(folder).filePath(QStringLiteral("DateMRate.csv")));
+  if (file.open(QIODevice::WriteOnly) && file.write(csv) == csv.size()) {
+    file.commit();
+  }
+}
+
+}  // namespace
+
+ExchangeHosts ExchangeHosts::From(const app::IniFile& settings) {
+  const auto read = [&](const char* key, const char* preset) {
+    return QUrl(
+        settings.Read(QStringLiteral("Internet"), QLatin1String(key), QLatin1String(preset)));
+  };
+  return {.bse = read("BseHost", "https://www.bseindia.com"),
+          .nse = read("NseHost", "https://www.nseindia.com"),
+          .bse_quotes = read("BseQuoteHost", ""),
+          .nse_quotes = read("NseQuoteHost", ""),
+          .archive = read("ArchiveHost", "https://www.bseindia.com")};
+}
+
+QuoteDesk::QuoteDesk(ExchangeHosts hosts, QString work_folder, QObject* parent)
+    : QObject(parent), hosts_(std::move(hosts)), work_folder_(std::move(work_folder)) {}
+
+void QuoteDesk::ClosingPrice(const PriceQuestion& question, Answer answer) {
+  Empty(work_folder_);
+  download_.Get(PriceFileOf(question), limits_,
+                [this, date = question.date, answer = std::move(answer)](const Downloaded& file) {
+                  if (file.IsWhole()) {
+                    Keep(work_folder_, file.body);
+                  }
+                  answer(file.IsWhole() ? ClosingPriceIn(file.body, date) : 0);
+                });
+}
+
+void QuoteDesk::CurrentQuote(const QString& exchange, const QString& code, Answer answer) {
+  const bool bombay = Is(exchange, "BSE");
+  download_.Get(
+      QuotePageOf(exchange, code), limits_,
+      [bombay, answer = std::move(answer)](const Downloaded& page) {
+        answer(!page.IsWhole() ? 0 : bombay ? BseQuoteIn(page.body) : NseQuoteIn(page.body));
+      });
+}
+
+QUrl QuoteDesk::PriceFileOf(const PriceQuestion& question) const {
+  if (question.code.trimmed().isEmpty()) {
+    return {};
+  }
+  if (Is(question.exchange, "BSE")) {
+    const QString day = Day(question.date, QStringLiteral("%2/%1/%3"));
+    QUrlQuery query;
+    query.addQueryItem(QStringLiteral("scripcd"), question.code);
+    query.addQueryItem(QStringLiteral("FromDate"), day);
+    query.addQueryItem(QStringLiteral("ToDate"), day);
+    query.addQueryItem(QStringLiteral("OldDMY"), QStringLiteral("D"));
+    query.addQueryItem(QStringLiteral("ScripName"),
+                       QString::fromLatin1(QUrl::toPercentEncoding(question.name)));
+    QUrl url = WithPath(hosts_.bse, QStringLiteral("/stockinfo/stockprc2_excel.aspx"));
+    url.setQuery(query);
+    return url;
+  }
+  if (Is(question.exchange, "NSE")) {
+    const QString day = Day(question.date, QStringLiteral("%1-%2-%3"));
+    return WithPath(hosts_.nse,
+                    QStringLiteral("/content/equities/scripvol/datafiles/%1-TO-%1%2ALLN.csv")
+                        .arg(day, question.code));
+  }
+  return {};
+}
+
+QUrl QuoteDesk::QuotePageOf(const QString& exchange, const QString& code) const {
+  if (code.trimmed().isEmpty()) {
+    return {};
+  }
+  if (Is(exchange, "BSE")) {
+    return WithPath(hosts_.bse_quotes, QStringLiteral("/Markets/Company/%1 /").arg(code));
+  }
+  return Is(exchange, "NSE")
+             ? WithPath(hosts_.nse_quotes, QStringLiteral("/companies/%1/").arg(code))
+             : QUrl();
+}
+
+}  // namespace quorvane::rates

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "core/app/Ini.h"
+#include "core/rates/Download.h"
+#include "core/text/Dates.h"
+
+#include <functional>
+
+namespace quorvane::rates {
+
+/// Where exchanges and quote sites are asked. An address that is empty or no web address is off.
+struct ExchangeHosts {
+  QUrl bse;
+  QUrl nse;
+  QUrl bse_quotes;
+  QUrl nse_quotes;
+  QUrl archive;  ///< of the Bombay exchange's daily price files
+
+  /// The section [Internet] of the settings: BseHost, NseHost, BseQuoteHost, NseQuoteHost and
+  /// ArchiveHost. The exchanges have their public sites as preset, the quote sites none.
+  static ExchangeHosts From(const app::IniFile& settings);
+};
+
+/// A scrip's price on a day. The exchange is "BSE" or "NSE", in any capitals and with blanks.
+struct PriceQuestion {
+  QString exchange;
+  QString code;  ///< the scrip's code at that exchange
+  QString name;
+  text::Date date;
+};
+
+/// Asks the exchanges for prices without making anybody wait. One question at a time: a new one
+/// takes the place of the one under way, whose answer is then never given. An answer comes within
+/// the time of DownloadLimits, in rupees; 0 when nothing was found, whatever the reason.
+class QuoteDesk : public QObject {
+  Q_OBJECT
+
+ public:
+  using Answer = std::function<void(double rupees)>;
+
+  /// `work_folder` ("MRate") is emptied before each question of a closing price; the exchange's
+  /// file is kept there as DateMRate.csv.
+  QuoteDesk(ExchangeHosts hosts, QString work_folder, QObject* parent = nullptr);
+
+  void ClosingPrice(const PriceQuestion& question, Answer answer);
+  void CurrentQuote(const QString& exchange, const QString& code, Answer answer);
+  void Cancel() { download_.Cancel(); }
+
+  void SetLimits(const DownloadLimits& limits) { limits_ = limits; }
+
+ private:
+  QUrl PriceFileOf(const PriceQuestion& question) const;
+  QUrl QuotePageOf(const QString& exchange, const QString& code) const;
+
+  ExchangeHosts hosts_;
+  QString work_folder_;
+  DownloadLimits limits_;
+  Download download_;
+};
+
+}  // namespace quorvane::rates

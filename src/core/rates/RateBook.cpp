@@ -1,0 +1,173 @@
+#include "core/rates/RateBook.h"
+
+#include "core/database/BulkWriter.h"
+#include "core/database/DateSql.h"
+#include "core/database/Keys.h"
+#include "core/database/Transaction.h"
+#include "core/text/FinancialYear.h"
+
+#include <QCoreApplication>
+
+#include <map>
+
+namespace quorvane::rates {
+namespace {
+
+using database::BulkWriter;
+using database::Connection;
+using database::Transaction;
+
+/// As SQL compares dates: "2011-06-15".
+QString SqlDay(text::Date date) {
+  const QString dmy = text::FormatDmy(date);
+  return QStringLiteral("%1-%2-%3").arg(dmy.right(4), dmy.mid(3, 2), dmy.left(2));
+}
+
+/// What a save does to the rows of one day.
+struct Changes {
+  std::vector<std::pair<int, double>> updates;  ///< row id and rate
+  std::vector<int> deletes;                     ///< row ids
+  std::vector<ScripRate> inserts;
+};
+
+struct StoredRate {
+  int id = 0;
+  double rate = 0;
+};
+
+Changes CompareWithStored(Transaction& transaction, const QString& day,
+                          const std::map<ScripId, double>& rates) {
+  std::map<ScripId, StoredRate> stored;
+  for (const auto& row :
+       transaction.Open("Select ScrId,Id,Rate From MarketRate Where MDate=? For Update", day)) {
+    stored.try_emplace(ScripId{row.Int(std::size_t{0})}, StoredRate{row.Int(1), row.Double(2)});
+  }
+  Changes changes;
+  for (const auto& [scrip, rate] : rates) {
+    const auto found = stored.find(scrip);
+    if (found == stored.end()) {
+      if (rate > 0) {
+        changes.inserts.push_back({scrip, rate});
+      }
+    } else if (!(rate > 0)) {
+      changes.deletes.push_back(found->second.id);
+    } else if (found->second.rate != rate) {
+      changes.updates.emplace_back(found->second.id, rate);
+    }
+  }
+  return changes;
+}
+
+void Update(Transaction& transaction, const Changes& changes) {
+  if (!changes.updates.empty()) {
+    BulkWriter writer(transaction, "Update MarketRate Set Rate=? Where Id=?", "di");
+    for (const auto& [id, rate] : changes.updates) {
+      writer.Double(rate).Int(id).EndRow();
+    }
+    writer.Finish();
+  }
+  if (!changes.deletes.empty()) {
+    BulkWriter writer(transaction, "Delete From MarketRate Where Id=?", "i");
+    for (const int id : changes.deletes) {
+      writer.Int(id).EndRow();
+    }
+    writer.Finish();
+  }
+}
+
+void Insert(Transaction& transaction, text::Date date, const QString& day, const Changes& changes) {
+  if (changes.inserts.empty()) {
+    return;
+  }
+  const std::string year = text::FinancialYear::Of(date).Utf8();
+  BulkWriter writer(transaction,
+                    "Insert Into MarketRate(Fyear,Id,MDate,ScrId,Rate) Values(?,?,?,?,?)", "titid");
+  int next = database::NextKey(transaction, "MarketRate");
+  for (const ScripRate& rate : changes.inserts) {
+    writer.Text(year)
+        .Int(next++)
+        .Text(day.toStdString())
+        .Int(rate.scrip.value)
+        .Double(rate.rate)
+        .EndRow();
+  }
+  writer.Finish();
+}
+
+}  // namespace
+
+MaybeRefusal CheckRateDate(const QString& date, text::Date today, const QString& field) {
+  const auto day = text::ParseDmy(date);
+  if (!day) {
+    return Refusal{QCoreApplication::translate("Rates", "Enter Date."), field};
+  }
+  if (*day > today) {
+    return Refusal{QCoreApplication::translate("Rates", "You can't insert future Date"), field};
+  }
+  return std::nullopt;
+}
+
+RateBook::RateBook(Connection& connection) : connection_(connection) {}
+
+std::unordered_map<ScripId, double> RateBook::RatesOf(text::Date date) const {
+  std::unordered_map<ScripId, double> rates;
+  for (const auto& row :
+       connection_.Open("Select ScrId,Rate From MarketRate Where MDate=? and Rate>0 Order By Id",
+                        text::FormatDmy(date))) {
+    rates.try_emplace(ScripId{row.Int(std::size_t{0})}, row.Double(1));
+  }
+  return rates;
+}
+
+std::unordered_map<ScripId, DatedRate> RateBook::NewestUpTo(text::Date date) const {
+  const std::string day = database::DateOf("MDate");
+  std::unordered_map<ScripId, DatedRate> newest;
+  for (const auto& row : connection_.Open(
+           fmt::format("Select m.ScrId,m.MDate,m.Rate From MarketRate m Join (Select ScrId Scrip,"
+                       "Max({0}) Day From MarketRate Where Rate>0 and {0}<=? Group By ScrId) n "
+                       "On m.ScrId=n.Scrip and {1}=n.Day Where m.Rate>0 Order By m.Id",
+                       day, database::DateOf("m.MDate")),
+           SqlDay(date))) {
+    if (const auto rate_day = text::ParseDmy(row.Utf8(1))) {
+      newest.try_emplace(ScripId{row.Int(std::size_t{0})}, DatedRate{*rate_day, row.Double(2)});
+    }
+  }
+  return newest;
+}
+
+std::vector<text::Date> RateBook::Dates() const {
+  std::vector<text::Date> dates;
+  for (const auto& row :
+       connection_.Open(fmt::format("Select MDate From MarketRate Group By MDate Order By {} Desc",
+                                    database::DateOf("MDate")))) {
+    if (const auto date = text::ParseDmy(row.Utf8(0))) {
+      dates.push_back(*date);
+    }
+  }
+  return dates;
+}
+
+void RateBook::Save(text::Date date, std::span<const ScripRate> rates) {
+  std::map<ScripId, double> by_scrip;
+  for (const ScripRate& rate : rates) {
+    by_scrip.insert_or_assign(rate.scrip, rate.rate);
+  }
+  const QString day = text::FormatDmy(date);
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    const Changes changes = CompareWithStored(transaction, day, by_scrip);
+    Update(transaction, changes);
+    Insert(transaction, date, day, changes);
+    return std::nullopt;
+  });
+}
+
+std::int64_t RateBook::DeleteDate(text::Date date) {
+  std::int64_t deleted = 0;
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    deleted = transaction.Execute("Delete From MarketRate Where MDate=?", text::FormatDmy(date));
+    return std::nullopt;
+  });
+  return deleted;
+}
+
+}  // namespace quorvane::rates

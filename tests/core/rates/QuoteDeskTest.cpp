@@ -1,0 +1,137 @@
+#include "core/rates/QuoteDesk.h"
+#include "support/LocalExchange.h"
+#include "support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <optional>
+
+using namespace quorvane;
+using namespace quorvane::rates;
+using test::LocalExchange;
+using Manner = LocalExchange::Manner;
+using Reply = LocalExchange::Reply;
+
+Q_DECLARE_METATYPE(Reply)
+
+namespace {
+
+constexpr int kPatienceMs = 700;
+constexpr qint64 kMostBytes = 1 << 20;
+const QString kBseFile = QStringLiteral(
+    "/stockinfo/stockprc2_excel.aspx?scripcd=500325&FromDate=06/15/2011&ToDate=06/15/2011&OldDMY=D"
+    "&ScripName=L%26T%20LTD");
+const QString kNseFile =
+    QStringLiteral("/content/equities/scripvol/datafiles/15-06-2011-TO-15-06-2011M&MALLN.csv");
+const QByteArray kFile = "Date,Close Price\n15-Jun-2011,950.25\n";
+
+}  // namespace
+
+class QuoteDeskTest : public QObject {
+  Q_OBJECT
+
+  ExchangeHosts Hosts() const {
+    const QUrl here = exchange_->Address();
+    return {.bse = here, .nse = here, .bse_quotes = here, .nse_quotes = here, .archive = here};
+  }
+
+  static PriceQuestion Question(const char* exchange, const char* code) {
+    return {.exchange = QLatin1String(exchange),
+            .code = QLatin1String(code),
+            .name = QStringLiteral("L&T LTD"),
+            .date = *text::MakeDate(15, 6, 2011)};
+  }
+
+  double Ask(const PriceQuestion& question) {
+    std::optional<double> got;
+    desk_->ClosingPrice(question, [&](double price) { got = price; });
+    [&] { QTRY_VERIFY_WITH_TIMEOUT(got.has_value(), 5 * kPatienceMs); }();
+    return got.value_or(-1);
+  }
+
+ private Q_SLOTS:
+  void init() {
+    exchange_ = std::make_unique<LocalExchange>();
+    folder_ = std::make_unique<QTemporaryDir>();
+    desk_ = std::make_unique<QuoteDesk>(Hosts(), folder_->filePath(QStringLiteral("MRate")));
+    desk_->SetLimits({.milliseconds = kPatienceMs, .bytes = kMostBytes});
+  }
+  void cleanup() { desk_.reset(); }
+
+  void EachExchangeIsAskedInItsOwnWay() {
+    exchange_->Answer(kBseFile, {.body = kFile});
+    exchange_->Answer(kNseFile, {.body = "Close Price\n7\n"});
+    QCOMPARE(Ask(Question(" bse ", "500325")), 950.25);
+    QFile kept(folder_->filePath(QStringLiteral("MRate/DateMRate.csv")));
+    QVERIFY(kept.open(QIODevice::ReadOnly));
+    QCOMPARE(kept.readAll(), kFile);
+    QCOMPARE(Ask(Question("NSE", "M&M")), 7.0);
+    QCOMPARE(exchange_->asked, QStringList({kBseFile, kNseFile}));
+    QCOMPARE(Ask(Question("MCX", "GOLD")), 0.0);
+    QCOMPARE(Ask(Question("BSE", "")), 0.0);
+    QCOMPARE(exchange_->asked.size(), 2);
+    QVERIFY(!kept.exists());
+  }
+
+  void BadAnswersAreNoPriceAndTakeNoTime_data() {
+    QTest::addColumn<Reply>("reply");
+    QTest::newRow("not found") << Reply{.body = kFile, .status = 404};
+    QTest::newRow("server error") << Reply{.body = kFile, .status = 500};
+    QTest::newRow("no content") << Reply{.status = 204};
+    QTest::newRow("a page in its place") << Reply{.body = "<html>Close Price"};
+    QTest::newRow("truncated") << Reply{.body = kFile, .manner = Manner::kTruncated};
+    QTest::newRow("silence") << Reply{.manner = Manner::kSilent};
+    QTest::newRow("without an end") << Reply{.manner = Manner::kEndless};
+    QTest::newRow("larger than the limit") << Reply{.body = kFile + QByteArray(kMostBytes, ' ')};
+    QTest::newRow("redirect to itself") << Reply{.status = 302, .location = kBseFile.toLatin1()};
+  }
+
+  void BadAnswersAreNoPriceAndTakeNoTime() {
+    QFETCH(Reply, reply);
+    exchange_->Answer(kBseFile, reply);
+    QElapsedTimer time;
+    time.start();
+    QCOMPARE(Ask(Question("BSE", "500325")), 0.0);
+    QVERIFY(time.elapsed() < 3 * kPatienceMs);
+  }
+
+  void NobodyAtTheAddressIsNoPrice() {
+    exchange_->close();
+    QCOMPARE(Ask(Question("BSE", "500325")), 0.0);
+  }
+
+  void ANewQuestionTakesThePlaceOfTheOld() {
+    exchange_->Answer(kBseFile, {.manner = Manner::kSilent});
+    exchange_->Answer(kNseFile, {.body = kFile});
+    bool answered = false;
+    desk_->ClosingPrice(Question("BSE", "500325"), [&](double) { answered = true; });
+    QCOMPARE(Ask(Question("NSE", "M&M")), 950.25);
+    QTest::qWait(2 * kPatienceMs);
+    QVERIFY(!answered);
+  }
+
+  void QuotePagesAreAskedByCode() {
+    exchange_->Answer(QStringLiteral("/Markets/Company/500325%20/"),
+                      {.body = "<title>Rs. 12.5</title>"});
+    exchange_->Answer(QStringLiteral("/companies/INFY/"), {.body = "<title>INR 13.5-</title>"});
+    std::vector<double> quotes;
+    const auto keep = [&](double quote) { quotes.push_back(quote); };
+    desk_->CurrentQuote(QStringLiteral("BSE"), QStringLiteral("500325"), keep);
+    QTRY_COMPARE(quotes.size(), std::size_t{1});
+    desk_->CurrentQuote(QStringLiteral("nse"), QStringLiteral("INFY"), keep);
+    QTRY_COMPARE(quotes.size(), std::size_t{2});
+    desk_->CurrentQuote(QStringLiteral("NSE"), QString(), keep);
+    QTRY_COMPARE(quotes, std::vector<double>({12.5, 13.5, 0}));
+  }
+
+ private:
+  std::unique_ptr<LocalExchange> exchange_;
+  std::unique_ptr<QTemporaryDir> folder_;
+  std::unique_ptr<QuoteDesk> desk_;
+};
+
+static const test::RegisterTest<QuoteDeskTest> kRegistered;
+
+#include "QuoteDeskTest.moc"

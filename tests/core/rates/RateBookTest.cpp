@@ -1,0 +1,95 @@
+#include "core/rates/RateBook.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+using namespace quorvane;
+using namespace quorvane::rates;
+
+namespace {
+
+const text::Date kLastOfYear = *text::MakeDate(31, 3, 2012);
+const text::Date kFirstOfNext = *text::MakeDate(1, 4, 2012);
+const ScripId kOne{1};
+const ScripId kTwo{2};
+const ScripId kThree{3};
+
+}  // namespace
+
+class RateBookTest : public QObject {
+  Q_OBJECT
+
+  /// Rows as "year|id|date|scrip|rate".
+  QStringList Rows() {
+    QStringList rows;
+    for (const auto& row :
+         (*database_)->Open("Select Fyear,Id,MDate,ScrId,Rate From MarketRate Order By Id")) {
+      rows << QStringLiteral("%1|%2|%3|%4|%5")
+                  .arg(row.Text(0))
+                  .arg(row.Int(1))
+                  .arg(row.Text(2))
+                  .arg(row.Int(3))
+                  .arg(row.Double(4));
+    }
+    return rows;
+  }
+
+  void Save(text::Date date, const std::vector<ScripRate>& rates) {
+    RateBook(**database_).Save(date, rates);
+  }
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void cleanupTestCase() { database_.reset(); }
+  void cleanup() { (*database_)->Execute("Delete From MarketRate"); }
+
+  void SavingReplacesAddsAndRemoves() {
+    Save(kLastOfYear, {{kOne, 10.1}, {kTwo, 20}, {kThree, 0}});
+    Save(kFirstOfNext, {{kOne, 11}});
+    Save(kLastOfYear, {{kTwo, 0}, {kThree, 30}, {kOne, 10}, {kOne, 10.5}});
+    QCOMPARE(Rows(), QStringList({QStringLiteral("2011-12|1|31/03/2012|1|10.5"),
+                                  QStringLiteral("2012-13|3|01/04/2012|1|11"),
+                                  QStringLiteral("2011-12|4|31/03/2012|3|30")}));
+  }
+
+  void NewestRateUpToADay() {
+    Save(*text::MakeDate(2, 12, 2011), {{kOne, 9}, {kTwo, 8}});
+    Save(kLastOfYear, {{kOne, 10}});
+    Save(kFirstOfNext, {{kOne, 99}, {kThree, 1}});
+    const auto rates = RateBook(**database_).NewestUpTo(kLastOfYear);
+    QCOMPARE(rates.size(), std::size_t{2});
+    QCOMPARE(rates.at(kOne).rate, 10.0);
+    QCOMPARE(rates.at(kOne).date, kLastOfYear);
+    QCOMPARE(rates.at(kTwo).rate, 8.0);
+    QCOMPARE(rates.at(kTwo).date, *text::MakeDate(2, 12, 2011));
+  }
+
+  void ADayIsListedAndDeletedByItself() {
+    Save(*text::MakeDate(2, 12, 2011), {{kOne, 9}});
+    Save(kLastOfYear, {{kOne, 10}, {kTwo, 20}});
+    RateBook book(**database_);
+    QCOMPARE(book.Dates(), std::vector({kLastOfYear, *text::MakeDate(2, 12, 2011)}));
+    QCOMPARE(book.DeleteDate(kLastOfYear), std::int64_t{2});
+    QVERIFY(book.RatesOf(kLastOfYear).empty());
+    QCOMPARE(book.Dates().size(), std::size_t{1});
+  }
+
+  void DatesThatAreNotTaken() {
+    const auto text = [](const char* date) {
+      const auto refusal = CheckRateDate(QLatin1String(date), kLastOfYear, QStringLiteral("box"));
+      return refusal ? refusal->text : QString();
+    };
+    QCOMPARE(text(""), QStringLiteral("Enter Date."));
+    QCOMPARE(text("31/02/2012"), QStringLiteral("Enter Date."));
+    QCOMPARE(text("01/04/2012"), QStringLiteral("You can't insert future Date"));
+    QCOMPARE(text("31/03/2012"), QString());
+  }
+
+ private:
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<RateBookTest> kRegistered;
+
+#include "RateBookTest.moc"

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "reports/document/ReportDocument.h"
+#include "reports/output/package/DateStyles.h"
+
+#include <string>
+
+namespace quorvane::report {
+
+/// What a cell element of a sheet holds: its `t` attribute and its content, in which every element
+/// name begins with the sheet's prefix.
+struct CellXml {
+  std::string type;
+  std::string content;
+};
+
+/// Numbers as numbers, texts as they are, dates as numbers where the style shows dates, else as
+/// dd/mm/yyyy.
+CellXml MakeCellXml(const Cell& cell, const DateStyles& styles, int style,
+                    const std::string& prefix);
+
+}  // namespace quorvane::report

@@ -179,6 +179,16 @@ double Sum(const std::vector<double>& values) {
   return std::accumulate(values.begin(), values.end(), 0.0);
 }
 
+/// Lets the columns stand a little apart before the texts take the rest.
+void Loosen(const PageLayout& layout, std::vector<double>& widths) {
+  constexpr double kMost = 9;
+  const double left_over = std::max(0.0, layout.Room() - Sum(widths));
+  const double more = std::min(kMost, left_over / static_cast<double>(widths.size() + 1));
+  for (double& width : widths) {
+    width += more;
+  }
+}
+
 /// Gives columns room for a heading in one line as long as there is some.
 void UnbreakHeadings(const Wish& wish, const PageLayout& layout, std::vector<double>& widths) {
   for (std::size_t i = 0; i < widths.size(); ++i) {
@@ -197,6 +207,7 @@ void Place(const Table& table, const Wish& wish, PageLayout& layout, TableShape&
     widths.push_back(wish.widths[i] * layout.type + 2 * kCellGap + inset);
   }
   UnbreakHeadings(wish, layout, widths);
+  Loosen(layout, widths);
   const std::vector<double> shares = Shares(table, wish);
   const double all = Sum(shares);
   const double left_over = std::max(0.0, layout.Room() - Sum(widths));

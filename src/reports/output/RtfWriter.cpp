@@ -18,10 +18,11 @@ constexpr int kShortSide = 11906;
 constexpr int kLongSide = 16838;
 constexpr int kMargin = 720;
 constexpr int kCellPadding = 60;
-constexpr int kTwipsALetter = 110;  // of 10 point type
+constexpr double kTwipsAFigure = 112;  // of the largest type
+constexpr double kTwipsACapital = 128;
+constexpr int kFewestLetters = 5;
 constexpr int kLargestType = 18;
 constexpr int kSmallestType = 10;
-constexpr int kTypeOfLetter = 20;
 constexpr int kTitleType = 28;
 constexpr int kSubtitleType = 20;
 
@@ -60,18 +61,31 @@ struct TableShape {
   int type = kLargestType;
 };
 
-TableShape ShapeOf(const std::vector<int>& letters, int page_width) {
+/// What the columns need in the largest type, without their padding. Names are mostly capitals,
+/// which are wider than figures.
+std::vector<double> NeededWidths(const Table& table) {
+  std::vector<double> widths;
+  const std::vector<int> letters = LetterWidths(table);
+  for (std::size_t i = 0; i < letters.size(); ++i) {
+    const bool text = table.columns[i].mask == Mask::kText;
+    widths.push_back(std::max(letters[i], kFewestLetters) *
+                     (text ? kTwipsACapital : kTwipsAFigure));
+  }
+  return widths;
+}
+
+/// Columns fill the width of the page; where they need more, the type gets smaller.
+TableShape ShapeOf(const Table& table, int page_width) {
+  const std::vector<double> needed = NeededWidths(table);
+  const double total = std::max(1.0, std::accumulate(needed.begin(), needed.end(), 0.0));
+  const double room =
+      std::max<double>(1, page_width - 2 * kCellPadding * static_cast<int>(needed.size()));
   TableShape shape;
-  const int total = std::max(1, std::accumulate(letters.begin(), letters.end(), 0));
-  const int padding = 2 * kCellPadding * static_cast<int>(letters.size());
-  const int room = std::max(1, page_width - padding);
-  const int fitting = kTypeOfLetter * room / (total * kTwipsALetter);
-  shape.type = std::clamp(fitting, kSmallestType, kLargestType);
-  const double needed = static_cast<double>(total) * kTwipsALetter * shape.type / kTypeOfLetter;
-  const double scale = std::min(1.0, room / needed) * needed / total;
+  shape.type =
+      std::clamp(static_cast<int>(kLargestType * room / total), kSmallestType, kLargestType);
   double end = 0;
-  for (const int column : letters) {
-    end += column * scale + 2 * kCellPadding;
+  for (const double width : needed) {
+    end += width * room / total + 2 * kCellPadding;
     shape.ends.push_back(static_cast<int>(end));
   }
   return shape;
@@ -82,8 +96,7 @@ class Writer {
   Writer(const ReportDocument& document, Progress& progress)
       : document_(document), progress_(progress) {
     for (const Table& table : document.tables) {
-      letters_.push_back(LetterWidths(table));
-      landscape_ = landscape_ || IsWide(document, letters_.back());
+      landscape_ = landscape_ || IsWide(document, LetterWidths(table));
     }
     width_ = (landscape_ ? kLongSide : kShortSide) - 2 * kMargin;
   }
@@ -93,8 +106,8 @@ class Writer {
     for (qsizetype i = 0; i < document_.titles.size(); ++i) {
       Paragraph("\\qc\\b", i == 0 ? kTitleType : kSubtitleType, document_.titles[i]);
     }
-    for (std::size_t i = 0; i < document_.tables.size(); ++i) {
-      WriteTable(document_.tables[i], ShapeOf(letters_[i], width_));
+    for (const Table& table : document_.tables) {
+      WriteTable(table, ShapeOf(table, width_));
     }
     Paragraph("\\ql", kLargestType, {});
     for (const QString& note : document_.notes) {
@@ -112,12 +125,12 @@ class Writer {
                    landscape_ ? kLongSide : kShortSide, landscape_ ? kShortSide : kLongSide,
                    kMargin, kMargin, kMargin, kMargin, landscape_ ? "\\landscape" : "");
     out_ +=
-        "{\\footer\\pard\\qc\\fs16 Page {\\field{\\*\\fldinst PAGE}{\\fldrslt 1}} of "
+        "{\\footer\\pard\\qc\\f0\\fs16 Page {\\field{\\*\\fldinst PAGE}{\\fldrslt 1}} of "
         "{\\field{\\*\\fldinst NUMPAGES}{\\fldrslt 1}}\\par}\n";
   }
 
   void Paragraph(const char* words, int type, const QString& text) {
-    fmt::format_to(std::back_inserter(out_), "{{\\pard{}\\fs{} ", words, type);
+    fmt::format_to(std::back_inserter(out_), "{{\\pard{}\\f0\\fs{} ", words, type);
     AppendEscaped(out_, text);
     out_ += "\\par}\n";
   }
@@ -188,7 +201,8 @@ class Writer {
   }
 
   void WriteCell(const char* words, int type, const QString& text) {
-    fmt::format_to(std::back_inserter(out_), "{{\\pard\\intbl{}\\fs{} ", words, type);
+    fmt::format_to(std::back_inserter(out_), "{{\\pard\\intbl\\sb20\\sa20{}\\f0\\fs{} ", words,
+                   type);
     AppendEscaped(out_, text);
     out_ += "\\cell}";
   }
@@ -197,7 +211,6 @@ class Writer {
 
   const ReportDocument& document_;
   Progress& progress_;
-  std::vector<std::vector<int>> letters_;
   bool landscape_ = false;
   int width_ = 0;
   std::string out_;

@@ -22,6 +22,7 @@ constexpr int kFirstSafeDay = 61;     // the format counts a day too many before
 constexpr double kWidest = 60;        // letters
 constexpr double kColumnPadding = 2;  // letters
 constexpr std::uint8_t kPaperA4 = 9;
+constexpr lxw_color_t kLineColor = 0x9AA4B0;
 constexpr lxw_color_t kHeadingFill = 0xE8EEF6;
 constexpr lxw_color_t kNetTotalFill = 0xF3F5F8;
 
@@ -87,6 +88,10 @@ class CellFormats {
     format_set_align(format,
                      AlignmentOf(kind == RowKind::kGroup ? Alignment::kLeft : column.alignment));
     format_set_border(format, LXW_BORDER_THIN);
+    format_set_border_color(format, kLineColor);
+    if (column.alignment == Alignment::kLeft && kind != RowKind::kGroup) {
+      format_set_indent(format, 1);
+    }
     if (kind != RowKind::kData) {
       format_set_bold(format);
     }

@@ -4,6 +4,8 @@
 #include "core/lookups/Choices.h"
 #include "transactions/bills/BillBoxes.h"
 
+#include <algorithm>
+
 namespace quorvane::bills {
 namespace {
 
@@ -82,12 +84,25 @@ QString BillHeaderPane::AccountNumber() const {
   return Combo2->CurrentId() == 0 ? QString() : Combo2->currentText();
 }
 
-AccountId BillHeaderPane::OnlyAccount() const {
+void BillHeaderPane::ShowAccount(AccountId account) {
+  Combo2->ById(account.value);
+  shown_account_ = Combo2->CurrentId();
+}
+
+AccountId BillHeaderPane::AccountToBeginWith(AccountId wanted) const {
+  const bool has = std::ranges::find(accounts_, wanted.value, &Item::id) != accounts_.end();
+  if (has) {
+    return wanted;
+  }
   return accounts_.size() == 1 ? AccountId{accounts_.front().id} : AccountId{};
 }
 
 void BillHeaderPane::Combo2_Click() {
-  Q_EMIT AccountChosen(Combo2->CurrentId());
+  const int account = Combo2->CurrentId();
+  if (account != shown_account_) {
+    shown_account_ = account;
+    Q_EMIT AccountChosen(account);
+  }
 }
 
 }  // namespace quorvane::bills

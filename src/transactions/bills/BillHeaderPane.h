@@ -32,12 +32,13 @@ class BillHeaderPane : public QWidget {
   controls::DateBox* DateBox() const { return date_; }
   QString ExchangeName() const { return Combo1->currentText(); }
   QString AccountNumber() const;
-  void ShowAccount(AccountId account) { Combo2->ById(account.value); }
+  void ShowAccount(AccountId account);
 
-  /// The client's only account, none when there are more.
-  AccountId OnlyAccount() const;
+  /// The account for a new bill: `wanted` when the client has it, else the client's only one.
+  AccountId AccountToBeginWith(AccountId wanted) const;
 
  Q_SIGNALS:
+  /// The user chose another one than was shown.
   void AccountChosen(int account);
 
  private:
@@ -52,6 +53,7 @@ class BillHeaderPane : public QWidget {
   controls::ComboBox* Combo1;
   controls::ComboBox* Combo2;
   std::vector<lookups::Item> accounts_;
+  int shown_account_ = 0;  ///< 0 also for one that was deleted
 };
 
 }  // namespace quorvane::bills

@@ -1,10 +1,9 @@
 #include "transactions/bills/FrmSalePurchase.h"
 
-#include "core/lookups/Choices.h"
 #include "transactions/bills/BillChecks.h"
+#include "transactions/bills/BillListing.h"
 
 #include <QHBoxLayout>
-#include <QHash>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,14 +31,6 @@ QString TitleOf(const app::Session& session) {
       .arg(session.current_client_name, CurrentOf(session).year.Text());
 }
 
-QHash<int, QString> TextsById(const std::vector<lookups::Item>& items) {
-  QHash<int, QString> texts;
-  for (const lookups::Item& item : items) {
-    texts.insert(item.id, item.text);
-  }
-  return texts;
-}
-
 }  // namespace
 
 FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
@@ -64,6 +55,7 @@ FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
   BuildSearch();
   Connect();
   Start();
+  List().setFocus(Qt::OtherFocusReason);
 }
 
 void FrmSalePurchase::BuildSearch() {
@@ -112,24 +104,16 @@ void FrmSalePurchase::ConnectLineButtons() {
 }
 
 void FrmSalePurchase::FillList() {
-  database::Connection& connection = *Session().connection;
-  const auto brokers = TextsById(lookups::DropDownItems(connection, lookups::DropDown::kBrokers));
-  const auto exchanges =
-      TextsById(lookups::DropDownItems(connection, lookups::DropDown::kExchanges));
-  const auto accounts = TextsById(lookups::AccountItems(connection, of_.client));
-  const QString wanted = TxtSearch->text();
   std::vector<Row> rows;
-  for (const Bill& bill : book_.List()) {
-    const QString broker = brokers.value(bill.broker.value);
+  for (const ListedBill& listed : ListBills(*Session().connection, of_)) {
+    const Bill& bill = listed.bill;
     if (bill.id > last_.id) {
       last_ = bill;
     }
-    if (bill.number.contains(wanted, Qt::CaseInsensitive) || bill.date.contains(wanted) ||
-        broker.contains(wanted, Qt::CaseInsensitive)) {
-      rows.push_back(
-          {.id = bill.id.value,
-           .cells = {bill.number, bill.date, broker, exchanges.value(bill.exchange.value),
-                     accounts.value(bill.account.value), bill.grand_total}});
+    if (listed.Has(TxtSearch->text())) {
+      rows.push_back({.id = bill.id.value,
+                      .cells = {bill.number, bill.date, listed.broker, listed.exchange,
+                                listed.account, bill.grand_total}});
     }
   }
   List().SetRows(std::move(rows));
@@ -170,7 +154,7 @@ Bill FrmSalePurchase::NewBill() {
   Bill bill;
   bill.broker = last_.broker;
   bill.exchange = last_.exchange;
-  bill.account = last_.account ? last_.account : page_->Head().OnlyAccount();
+  bill.account = page_->Head().AccountToBeginWith(last_.account);
   return bill;
 }
 
@@ -284,7 +268,7 @@ void FrmSalePurchase::Text1_Date_Left() {
 }
 
 void FrmSalePurchase::Combo2_Click(int account) {
-  if (!entry_.IsOpen() || AccountId{account} == entry_.Current().account) {
+  if (!IsEditing()) {
     return;
   }
   if (!Accepts(entry_.ChooseAccount(AccountId{account}))) {

@@ -570,6 +570,37 @@ class FrmSalePurchaseTest : public QObject {
     QCOMPARE(data_->LotAt(100), QStringLiteral("10@100"));
   }
 
+  void LinesStayWithAnAccountThatWasDeleted() {
+    SavedPurchase();
+    data_->Connection().Execute("Update ClientActDet Set CId=0 Where id=?", data_->account);
+    Open();
+    Named<Grid>("VSF")->SelectRow(0);
+    Click("cmdModify");
+    Retype("Combo2", QString());
+    Retype("Text1_0", QStringLiteral("b/7"));
+    Press(Qt::Key_S, Qt::ControlModifier);
+    data_->Connection().Execute("Update ClientActDet Set CId=? Where id=?", data_->client,
+                                data_->account);
+    QCOMPARE(Rows("Select BillNo,AcId From SPMaster"),
+             QStringList(QStringLiteral("B/7|%1").arg(data_->account.value)));
+    QCOMPARE(data_->LotAt(100), QStringLiteral("10@100"));
+  }
+
+  void AnotherAccountTakesTheLinesAlong() {
+    Open();
+    BeginBill();
+    Fill({QStringLiteral("p"), QString(), QStringLiteral("500325"), QString(), QStringLiteral("10"),
+          QStringLiteral("100")});
+    Press(Qt::Key_F8);
+    Retype("Combo2", QStringLiteral("1002"));
+    QCOMPARE(Named<QLabel>("LblBalance")->text(),
+             QStringLiteral("Balance in Demat A/c No. - 1002"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10|100.00"));
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(data_->LotAt(data_->of, data_->second_account, data_->scrip, 100),
+             QStringLiteral("10@100"));
+  }
+
   void BillsAreSearched() {
     SavedPurchase();
     Open();

@@ -1,5 +1,6 @@
 #include "transactions/bills/FrmSalePurchase.h"
 
+#include "transactions/CurrentClient.h"
 #include "transactions/bills/BillChecks.h"
 #include "transactions/bills/BillListing.h"
 
@@ -19,24 +20,13 @@ using controls::Mask;
 using controls::Row;
 using controls::ZENButton;
 
-ClientYear CurrentOf(const app::Session& session) {
-  if (!session.current) {
-    throw std::runtime_error(FrmSalePurchase::tr("Select Client!").toStdString());
-  }
-  return *session.current;
-}
-
-QString TitleOf(const app::Session& session) {
-  return FrmSalePurchase::tr("Sale / Purchase - %1 - %2")
-      .arg(session.current_client_name, CurrentOf(session).year.Text());
-}
-
 }  // namespace
 
 FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
-    : RecordWindow(desk, QStringLiteral("FrmSalePurchase"), TitleOf(desk.session), {796, 540},
+    : RecordWindow(desk, QStringLiteral("FrmSalePurchase"),
+                   transactions::ClientTitle(tr("Sale / Purchase"), desk.session), {796, 540},
                    QStringLiteral("VSF")),
-      of_(CurrentOf(desk.session)),
+      of_(transactions::CurrentOf(desk.session)),
       book_(*desk.session.connection, of_),
       entry_(*desk.session.connection, of_),
       rates_(std::move(rates)) {

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -120,7 +121,8 @@ void ChildWindow::Show(const Refusal& refusal, Icon icon) {
     Reveal(field);
     field->setFocus(Qt::OtherFocusReason);
     // Closing a message box gives the focus back without the selection of an entry.
-    if (auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget())) {
+    const auto* list = qobject_cast<QComboBox*>(field);
+    if (auto* box = list == nullptr ? qobject_cast<QLineEdit*>(field) : list->lineEdit()) {
       box->selectAll();
     }
   }

@@ -32,6 +32,7 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
   setMinimumHeight(kBoxHeight);
   setTextMargins(kTightSpacing, 0, kTightSpacing, 0);
   connect(this, &QLineEdit::textEdited, this, &TextBox::TurnToUpperCase);
+  connect(this, &QLineEdit::textChanged, this, &TextBox::ShowBeginning);
 }
 
 void TextBox::SetCompletions(const QStringList& texts) {
@@ -83,6 +84,7 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   if (!IsForAWhile(*event)) {
     Leave();
+    setCursorPosition(0);
     Q_EMIT Left();
   }
 }
@@ -96,6 +98,13 @@ void TextBox::TurnToUpperCase(const QString& text) {
   const int cursor = cursorPosition();
   setText(upper);
   setCursorPosition(cursor);
+}
+
+// Of a text that is longer than its box and that nobody is typing.
+void TextBox::ShowBeginning() {
+  if (!hasFocus() && !isModified()) {
+    setCursorPosition(0);
+  }
 }
 
 void TextBox::Complete() {

@@ -49,6 +49,7 @@ class TextBox : public QLineEdit {
 
  private:
   void TurnToUpperCase(const QString& text);
+  void ShowBeginning();
   void Complete();
 
   bool upper_case_ = true;

@@ -54,7 +54,8 @@ std::optional<double> MarketRateOf(database::Connection& connection, text::Finan
                                    ScripId scrip, const QString& date) {
   auto rows = connection.Open("Select Rate From MarketRate Where ScrId=? and FYear=? and MDate=?",
                               scrip, year.Text(), date);
-  return rows.Next() ? rows.OptionalDouble(0) : std::nullopt;
+  const std::optional<double> rate = rows.Next() ? rows.OptionalDouble(0) : std::nullopt;
+  return rate && *rate > 0 ? rate : std::nullopt;
 }
 
 ScripList::ScripList(database::Connection& connection) {

@@ -30,7 +30,7 @@ std::optional<Delivery> DeliveryOf(const QString& text);
 ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
                             Delivery delivery);
 
-/// The rate in rupees recorded for a scrip and day (dd/mm/yyyy) in a year.
+/// The rate in rupees recorded for a scrip and day (dd/mm/yyyy) in a year; one of 0 is none.
 std::optional<double> MarketRateOf(database::Connection& connection, text::FinancialYear year,
                                    ScripId scrip, const QString& date);
 

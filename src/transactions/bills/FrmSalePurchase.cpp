@@ -29,7 +29,7 @@ FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
       of_(transactions::CurrentOf(desk.session)),
       book_(*desk.session.connection, of_),
       entry_(*desk.session.connection, of_),
-      rates_(std::move(rates)) {
+      rates_(rates ? std::move(rates) : AskExchanges(desk.session.folders)) {
   List().SetColumns({{.heading = tr("Bill No.")},
                      {.heading = tr("Date"), .mask = Mask::kDate},
                      {.heading = tr("Broker")},
@@ -296,11 +296,12 @@ void FrmSalePurchase::OfferRate(ScripId scrip) {
   const ScripFound* found = page_->Line().Scrips().Find(scrip);
   if (const auto rate = MarketRateOf(*Session().connection, of_.year, scrip, date)) {
     page_->Line().OfferRate(*rate);
-  } else if (rates_ && found != nullptr) {
-    rates_({page_->Head().ExchangeName(), *found, *text::ParseDmy(date)}, this,
+  } else if (found != nullptr) {
+    rates_({page_->Head().ExchangeName(), *found, *text::ParseDmy(date), TheDesk().today()},
            [this, question](double found_rate) {
              if (question == question_ && found_rate > 0) {
-               page_->Line().OfferRate(found_rate);
+               TheGuard().Run(QStringLiteral("TxtScr_Validate"),
+                              [&] { page_->Line().OfferRate(found_rate); });
              }
            });
   }

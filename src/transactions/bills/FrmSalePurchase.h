@@ -17,7 +17,7 @@ class FrmSalePurchase : public controls::RecordWindow {
   Q_OBJECT
 
  public:
-  /// Throws std::runtime_error when no client is current.
+  /// Without `rates` the exchanges are asked. Throws std::runtime_error when no client is current.
   explicit FrmSalePurchase(controls::Desk& desk, RateSource rates = {});
 
  protected:

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "core/app/Folders.h"
 #include "core/text/Dates.h"
 #include "transactions/bills/EntryLookups.h"
 
 #include <QString>
 
 #include <functional>
-
-class QObject;
 
 namespace quorvane::bills {
 
@@ -16,11 +15,16 @@ struct RateQuestion {
   QString exchange;  ///< "BSE" or "NSE"
   ScripFound scrip;
   text::Date date;
+  text::Date today;
 };
 
-/// Looks for the price without making the caller wait, and hands the rate in rupees to `answer`
-/// later in the same thread: 0 when nothing was found. The answer is dropped when `asker` is gone.
-using RateSource = std::function<void(const RateQuestion& question, QObject* asker,
-                                      std::function<void(double rate)> answer)>;
+/// Looks for a price without making anybody wait, and hands the rate in rupees to `answer` later in
+/// the same thread: 0 when nothing was found. A new question takes the place of the one under way.
+using RateSource =
+    std::function<void(const RateQuestion& question, std::function<void(double rate)> answer)>;
+
+/// Asks the exchange for the closing price of the day, and for the current quote when that is today
+/// and there is none yet. Answers are given as long as the source exists.
+RateSource AskExchanges(const app::Folders& folders);
 
 }  // namespace quorvane::bills

@@ -24,12 +24,12 @@ class FrmSalePurchaseTest : public QObject {
   Q_OBJECT
 
   void Open() {
-    window_ = new FrmSalePurchase(*desk_, [this](const RateQuestion& question, QObject* /*asker*/,
-                                                 std::function<void(double)> answer) {
-      asked_.append(question.exchange + QLatin1Char(' ') + question.scrip.code + QLatin1Char(' ') +
-                    text::FormatDmy(question.date));
-      answers_.push_back(std::move(answer));
-    });
+    window_ = new FrmSalePurchase(
+        *desk_, [this](const RateQuestion& question, std::function<void(double)> answer) {
+          asked_.append(question.exchange + QLatin1Char(' ') + question.scrip.code +
+                        QLatin1Char(' ') + text::FormatDmy(question.date));
+          answers_.push_back(std::move(answer));
+        });
     BringUp(window_);
   }
 

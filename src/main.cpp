@@ -15,6 +15,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QSplashScreen>
+#include <QStatusBar>
 
 namespace {
 
@@ -53,6 +54,7 @@ class Desktop {
   void ShowMainWindow() {
     main_ = new ui::MDIForm1(desk_);
     main_->setAttribute(Qt::WA_DeleteOnClose);
+    reports_.StatusBarobj(main_->statusBar());
     QObject::connect(main_, &ui::MDIForm1::LoggedOut, main_, [this] { ShowLogin(); });
     main_->show();
   }

@@ -383,6 +383,10 @@ void ReportWindow::mnuword_Click() {
 }
 
 void ReportWindow::mnuexcel_Click() {
+  if (const MaybeRefusal refusal = CheckWorkbook()) {
+    Show(*refusal);
+    return;
+  }
   if (const auto document = MakeOutput()) {
     WriteAndOpen(*document, OutputFormat::kXlsx);
   }

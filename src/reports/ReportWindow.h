@@ -132,6 +132,10 @@ class ReportWindow : public controls::ChildWindow {
   virtual bool BeforeReport() { return true; }
   virtual void ReportShown(const ReportDocument& document) { static_cast<void>(document); }
 
+  /// What stands in the way of a workbook, such as a template that is not there; checked before
+  /// the report is built.
+  virtual MaybeRefusal CheckWorkbook() { return std::nullopt; }
+
   /// Writes the workbook; the place to fill a template instead.
   virtual void WriteWorkbook(const ReportDocument& document, const QString& path,
                              Progress& progress);

@@ -189,6 +189,7 @@ void PreviewWindow::AddShortcuts() {
 void PreviewWindow::ShowPageNumber(int page) {
   const QSignalBlocker quiet(TxtPage);
   TxtPage->setValue(page + 1);
+  Q_EMIT PageShown(page + 1, document_.pageCount());
 }
 
 void PreviewWindow::ShowZoom() {

@@ -32,6 +32,10 @@ class PreviewWindow : public controls::ChildWindow {
   PagesView& Pages() { return *pages_; }
   int PageCount() const { return document_.pageCount(); }
 
+ Q_SIGNALS:
+  /// The page in sight has changed; counted from 1.
+  void PageShown(int page, int pages);
+
  private:
   void BuildLayout();
   void AddSmallButton(QBoxLayout* row, const char* name, const QString& caption,

@@ -4,6 +4,7 @@
 #include "reports/document/ReportBuilder.h"
 
 #include <QPointer>
+#include <QStatusBar>
 
 class QWidget;
 
@@ -20,7 +21,9 @@ class RepView {
 
   /// The application's folder; saved files are suggested there.
   void Setapppath(const QString& folder) { folder_ = folder; }
-  const QString& apppath() const { return folder_; }
+
+  /// Where the number of the page in sight is told; it may go before this object.
+  void StatusBarobj(QStatusBar* bar) { status_bar_ = bar; }
 
   /// 1 fills the whole area of the main window with the pages, 0 gives them a window in it.
   void winmodereport(int mode) { mode_ = mode; }
@@ -50,6 +53,7 @@ class RepView {
  private:
   controls::Desk& desk_;
   QString folder_;
+  QPointer<QStatusBar> status_bar_;
   int mode_ = 0;
   bool wide_ = false;
   ReportBuilder builder_;

@@ -2,6 +2,8 @@
 
 #include "controls/Style.h"
 #include "core/lookups/Directory.h"
+#include "reports/output/TemplateFolder.h"
+#include "reports/profit/StatementWorkbook.h"
 #include "reports/selection/ReportLists.h"
 
 namespace quorvane::profit {
@@ -172,7 +174,23 @@ std::optional<report::ReportDocument> RptProfitStatement::BuildDocument(Progress
 }
 
 std::optional<report::ReportDocument> RptProfitStatement::BuildOutput(Progress& progress) {
-  return Build(OptFormat.Index() == kNewFormat ? Layout::kSummary : Layout::kDetail, progress);
+  return Build(OutputLayout(), progress);
+}
+
+Layout RptProfitStatement::OutputLayout() const {
+  return OptFormat.Index() == kNewFormat ? Layout::kSummary : Layout::kDetail;
+}
+
+MaybeRefusal RptProfitStatement::CheckWorkbook() {
+  return report::RefuseWithoutTemplate(
+      report::TemplatePath(Session().folders, QLatin1String(kStatementTemplate)));
+}
+
+void RptProfitStatement::WriteWorkbook(const report::ReportDocument& document, const QString& path,
+                                       Progress& progress) {
+  WriteStatementWorkbook(document, OutputLayout(),
+                         report::TemplatePath(Session().folders, QLatin1String(kStatementTemplate)),
+                         path, progress);
 }
 
 bool RptProfitStatement::BeforeReport() {

@@ -23,6 +23,9 @@ class RptProfitStatement : public report::ReportWindow {
   std::optional<report::ReportDocument> BuildOutput(Progress& progress) override;
   bool BeforeReport() override;
   void ReportShown(const report::ReportDocument& document) override;
+  MaybeRefusal CheckWorkbook() override;
+  void WriteWorkbook(const report::ReportDocument& document, const QString& path,
+                     Progress& progress) override;
 
  private:
   void BuildOptions();
@@ -30,6 +33,7 @@ class RptProfitStatement : public report::ReportWindow {
   void FillScrips();
   gains::FoChoice ChosenFo() const;
   StatementQuery Query() const;
+  Layout OutputLayout() const;
   std::optional<report::ReportDocument> Build(Layout layout, Progress& progress);
 
   void optF_Click(int index);

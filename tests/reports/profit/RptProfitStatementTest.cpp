@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace quorvane;
@@ -19,7 +20,8 @@ struct Shown {
   explicit Shown(test::TestDatabase& database, const QString& target = "RptProfitStatement",
                  const char* client = "ATH001") {
     session.connection = std::make_unique<database::Connection>(database.Settings());
-    session.folders.application = folder.path();
+    session.folders = app::Folders::At(folder.path());
+    session.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
     const lookups::Directory directory(*session.connection);
     session.current = ClientYear{directory.FindClient(client)->id, text::FinancialYear(2011)};
     session.current_client_name = "RAGHAV";
@@ -69,6 +71,14 @@ struct Shown {
 };
 
 constexpr int kFirstGain = 9;
+
+/// The sheets, and the amounts of the last line.
+const QString kReadWorkbook = QStringLiteral(
+    "import openpyxl, sys\n"
+    "book = openpyxl.load_workbook(sys.argv[1])\n"
+    "print(*book.sheetnames)\n"
+    "last = [row for row in book.worksheets[0].values if any(row)][-1]\n"
+    "print(*[f'{cell:.2f}' for cell in last if isinstance(cell, (int, float))])\n");
 
 }  // namespace
 
@@ -252,6 +262,47 @@ class RptProfitStatementTest : public QObject {
     window.opens = false;
     window.Menu("mnuword");
     QVERIFY(window.messages.LastText().contains(stem + ".rtf"));
+  }
+
+  void WorkbookIsTheTemplateFilled_data() {
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("sheet");
+    QTest::addRow("summary") << "OptFormat_0"
+                             << "Summary";
+    QTest::addRow("detail") << "OptFormat_1"
+                            << "Detail";
+  }
+
+  void WorkbookIsTheTemplateFilled() {
+    QFETCH(QString, format);
+    const Shown window(*database_, "RptCapitalGain");
+    window.Click(format);
+    window.Menu("mnupreview");
+    window.Menu("mnuexcel");
+    QCOMPARE(window.messages.Texts(), QStringList());
+    QProcess reader;
+    reader.start("/usr/bin/python3", {"-c", kReadWorkbook, window.opened.first()});
+    QVERIFY(reader.waitForFinished());
+    const QStringList lines =
+        QString::fromUtf8(reader.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+    QTEST(lines.value(0), "sheet");
+    const report::Table& table = window.shown.front().tables.front();
+    const report::Row& net = table.rows.back();
+    QStringList amounts;
+    for (std::size_t i = 1; i < net.cells.size(); ++i) {
+      if (std::holds_alternative<double>(net.cells[i])) {
+        amounts.append(report::CellText(net.cells[i], report::Mask::kAmount));
+      }
+    }
+    QCOMPARE(lines.last(), amounts.join(' '));
+  }
+
+  void WorkbookNeedsItsTemplate() {
+    Shown window(*database_);
+    window.session.folders.data = window.folder.path();
+    window.Menu("mnuexcel");
+    QVERIFY(window.messages.LastText().contains("ProfitGainRpt.xlsx is not there"));
+    QVERIFY(window.opened.isEmpty());
   }
 
   void SavingAsksForThePlace() {

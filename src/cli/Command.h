@@ -54,6 +54,7 @@ using Registrar = void (*)(CLI::App& app, Context& context);
 void AddPortfolioCommands(CLI::App& app, Context& context);
 void AddHoldingsCommands(CLI::App& app, Context& context);
 void AddStatementCommands(CLI::App& app, Context& context);
+void AddMisCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddDatabaseCommands(CLI::App& app, Context& context);
 void AddDemoCommand(CLI::App& app, Context& context);

@@ -79,6 +79,7 @@ void History::AddToBuffers(const Movement& m) {
       purchase.brokerage = m.brokerage;
       purchase.fo = m.fo;
       purchase.transfer = m.kind == Kind::kTransferIn;
+      purchase.opening = m.kind == Kind::kOpening;
       purchase.remaining = m.quantity;
       purchases_.push_back(purchase);
       break;

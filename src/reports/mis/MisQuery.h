@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/text/FinancialYear.h"
+#include "reports/period/Period.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace quorvane::mis {
+
+using text::Date;
+
+/// The management reports.
+enum class ReportKind : std::uint8_t {
+  kPosition,    ///< what was held, came in and left, and what it cost
+  kValuation,   ///< what is held, at market rates
+  kMarket,      ///< what is held: its cost beside its market value
+  kProfitLoss,  ///< what came in and left, and what the sales gained
+  kStock,       ///< what is held, at cost
+};
+
+/// The order of grouping.
+enum class Grouping : std::uint8_t { kScrip, kAccount, kClient };
+
+/// True for the reports of what is held on one day.
+constexpr bool IsOfOneDay(ReportKind kind) {
+  return kind == ReportKind::kValuation || kind == ReportKind::kMarket ||
+         kind == ReportKind::kStock;
+}
+
+/// True for the reports that need market rates.
+constexpr bool NeedsRates(ReportKind kind) {
+  return kind == ReportKind::kValuation || kind == ReportKind::kMarket;
+}
+
+struct MisQuery {
+  ReportKind kind = ReportKind::kPosition;
+  Grouping grouping = Grouping::kScrip;
+  bool detail = true;  ///< a line a movement or a lot; otherwise a line a scrip
+  text::FinancialYear year;
+  report::Period period;
+  std::optional<Date> as_on = {};        ///< of a report of one day; else the period's last day
+  std::vector<ClientId> clients = {};    ///< all when empty
+  std::vector<AccountId> accounts = {};  ///< all when empty
+  std::vector<ScripId> scrips = {};      ///< all when empty
+
+  /// The day whose holdings and rates a report of one day shows.
+  Date ValuedOn() const { return as_on.value_or(period.to); }
+
+  /// The whole of a year.
+  static MisQuery OfYear(ReportKind kind, Grouping grouping, text::FinancialYear year) {
+    return {.kind = kind, .grouping = grouping, .year = year, .period = report::Period::Of(year)};
+  }
+};
+
+}  // namespace quorvane::mis

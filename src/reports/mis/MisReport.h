@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/Progress.h"
+#include "core/database/Connection.h"
+#include "reports/document/ReportDocument.h"
+#include "reports/mis/MisQuery.h"
+
+namespace quorvane::mis {
+
+/// "Portfolio Position", "Portfolio Valuation", "Market Valuation", "Profit/Loss Statement" or
+/// "Stock Valuation".
+QString TitleOf(ReportKind kind);
+
+/// The title with the grouping: "Portfolio Position (Script Wise)".
+QString TitleOf(ReportKind kind, Grouping grouping);
+
+/// "31 March, 2012", in English whatever the locale.
+QString LongDate(Date date);
+
+/// Makes a management report.
+///
+/// Portfolio Position: opening, purchases, sales and transfers of the period in shares, the balance
+/// at its end, and the cost of what is left. Profit/Loss: the same movements with the gains of the
+/// sales, which are those of the capital-gain statement without charges. Stock Valuation: the lots
+/// that are left on a day, at cost. Portfolio Valuation: the same lots at the market rate of the
+/// day. Market Valuation: their cost beside their market value.
+///
+/// A scrip without a rate of that day takes its newest earlier one and is marked with that rate's
+/// date; a scrip without any is shown, marked, and left out of the totals, and a note names it. A
+/// note tells as well of shares that were sold without a purchase at their lot's rate.
+///
+/// Without holdings the table has no rows. Throws as gains::History does.
+report::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
+                                     Progress& progress);
+
+}  // namespace quorvane::mis

@@ -178,7 +178,7 @@ void Grid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
     QApplication::clipboard()->setText(SelectedText());
   } else if (IsEnter(*event)) {
-    EnterPressed();
+    event->setAccepted(EnterPressed());
   } else if (event->key() == Qt::Key_Space && model_->TickColumn()) {
     ToggleTick(CurrentRow());
   } else {
@@ -186,13 +186,17 @@ void Grid::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void Grid::EnterPressed() {
+bool Grid::EnterPressed() {
   const auto& columns = model_->Columns();
   if (std::ranges::any_of(columns, &Column::editable) && editTriggers() != NoEditTriggers) {
     MoveOn(true);
-  } else if (CurrentRow() >= 0) {
-    Q_EMIT RowActivated(CurrentRow());
+    return true;
   }
+  if (CurrentRow() >= 0) {
+    Q_EMIT RowActivated(CurrentRow());
+    return true;
+  }
+  return false;
 }
 
 void Grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
@@ -244,6 +248,12 @@ void Grid::resizeEvent(QResizeEvent* event) {
 // The frame tells where the focus is; the view itself repaints only what is inside of it.
 void Grid::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
+  const bool by_key = event->reason() == Qt::TabFocusReason ||
+                      event->reason() == Qt::BacktabFocusReason ||
+                      event->reason() == Qt::ShortcutFocusReason;
+  if (by_key && CurrentRow() < 0) {
+    SelectRow(0);
+  }
   update();
 }
 

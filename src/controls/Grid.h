@@ -8,7 +8,9 @@ namespace quorvane::controls {
 
 /// A table of records on the screen: a view over its own GridModel. A click on a heading sorts, on
 /// the heading of ticks it ticks all or none; Space or a click ticks; F2 or typing edits, Enter
-/// then moves on to the next cell that can be edited; Ctrl+C copies as tab-separated text.
+/// then moves on to the next cell that can be edited; Ctrl+C copies as tab-separated text. Reached
+/// by key without a current row, it takes its first one; in an empty grid Enter is left to the
+/// window, which moves on.
 class Grid : public QTableView {
   Q_OBJECT
 
@@ -73,7 +75,7 @@ class Grid : public QTableView {
   void HeadingClicked(int column);
   void SortBy(int column, Qt::SortOrder order);
   void ToggleTick(int row);
-  void EnterPressed();
+  bool EnterPressed();
   void MoveOn(bool forward);
   QModelIndex NextEditable(const QModelIndex& from, bool forward) const;
   int FirstShownColumn() const;

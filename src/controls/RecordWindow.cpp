@@ -155,6 +155,9 @@ void RecordWindow::cmdModify_Click() {
 }
 
 void RecordWindow::cmdUpdate_Click() {
+  if (RefusesDate()) {
+    return;
+  }
   if (const MaybeRefusal refusal = Save()) {
     Show(*refusal);
     return;
@@ -163,6 +166,20 @@ void RecordWindow::cmdUpdate_Click() {
   ShowList();
   Refill(current_);
   list_->setFocus(Qt::OtherFocusReason);
+}
+
+/// A text that is no date would be saved as none. It was complained about already when the box has
+/// just been left for the button and got the focus back.
+bool RecordWindow::RefusesDate() {
+  for (DateBox* box : details_->findChildren<DateBox*>()) {
+    if (box->isEnabled() && !box->IsProper()) {
+      if (!box->hasFocus()) {
+        Show({tr("Enter Proper Date."), box->objectName()});
+      }
+      return true;
+    }
+  }
+  return false;
 }
 
 void RecordWindow::cmdCancel_Click() {

@@ -100,6 +100,7 @@ class RecordWindow : public ChildWindow {
   void BuildButtons();
   void PressOn(const QKeySequence& keys, ZENButton* button);
   static void Press(ZENButton& button);
+  bool RefusesDate();
   void SetEditing(bool editing);
   void Enable();
   void ShowRecord(int id);

@@ -2,6 +2,7 @@
 
 #include "controls/ComboBox.h"
 #include "controls/RecordWindow.h"
+#include "reports/document/ReportDocument.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -11,25 +12,34 @@
 
 #include <memory>
 #include <stdexcept>
+#include <vector>
 
 namespace quorvane::test {
 
-/// A window of records over a test database, in front and driven by keys and clicks; what it says
-/// and which windows it opens is written down.
+/// For a window that works on one client in one year. The answers are those to what it asks, also
+/// while it opens.
+struct ForClient {
+  ClientYear of;
+  std::vector<bool> answers = {};
+};
+
+/// A window of records over a test database, in front and driven by keys and clicks; what it says,
+/// and which windows and reports it opens, is written down.
 template <class Window>
 class ShownWindow {
  public:
   template <class... More>
   explicit ShownWindow(TestDatabase& database, More... more) {
-    session_.connection = std::make_unique<database::Connection>(database.Settings());
-    session_.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
-    desk_.open = [this](const QString& name) { opened.append(name); };
-    window = new Window(desk_, more...);
-    window->show();
-    window->activateWindow();
-    if (!QTest::qWaitForWindowActive(window)) {
-      throw std::runtime_error("the window does not become active");
+    Open(database, more...);
+  }
+  template <class... More>
+  ShownWindow(TestDatabase& database, const ForClient& current, More... more) {
+    session_.current = current.of;
+    session_.current_client_name = QStringLiteral("A CLIENT");
+    for (const bool answer : current.answers) {
+      messages.WillAnswer(answer);
     }
+    Open(database, more...);
   }
   ~ShownWindow() { delete window; }
   ShownWindow(const ShownWindow&) = delete;
@@ -94,9 +104,27 @@ class ShownWindow {
 
   RecordingMessages messages;
   QStringList opened;
+  std::vector<report::ReportDocument> reports;
   QPointer<Window> window;
 
  private:
+  template <class... More>
+  void Open(TestDatabase& database, More... more) {
+    session_.connection = std::make_unique<database::Connection>(database.Settings());
+    session_.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
+    desk_.open = [this](const QString& name) { opened.append(name); };
+    desk_.show_report = [this](const report::ReportDocument& document, QWidget*) {
+      reports.push_back(document);
+    };
+    window = new Window(desk_, more...);
+    window->show();
+    window->activateWindow();
+    if (!QTest::qWaitForWindowActive(window)) {
+      throw std::runtime_error("the window does not become active");
+    }
+    QCoreApplication::processEvents();
+  }
+
   app::Session session_;
   controls::Desk desk_{session_, messages, [] { return *text::MakeDate(15, 11, 2011); }};
 };

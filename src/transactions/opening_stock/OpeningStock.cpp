@@ -4,8 +4,6 @@
 
 #include <QCoreApplication>
 
-#include <cmath>
-
 namespace quorvane::opening_stock {
 namespace {
 
@@ -17,17 +15,6 @@ Refusal Refuse(const char* text, const QString& field) {
 
 double OpeningTotal(double quantity, double rate, double brokerage) {
   return text::RoundAmount(quantity * text::Tidy(rate + brokerage));
-}
-
-void LeaveBox(OpeningBox box, OpeningBoxes& boxes) {
-  const double number = text::Val(boxes[box]);
-  if (box == OpeningBox::kQuantity) {
-    boxes[box] = text::NumberText(std::abs(number));
-  } else if (box == OpeningBox::kRate || box == OpeningBox::kServiceTax) {
-    boxes[box] = text::FormatAmount(number);
-  }
-  boxes[OpeningBox::kTotal] = text::FormatAmount(OpeningTotal(
-      text::Val(boxes[OpeningBox::kQuantity]), text::Val(boxes[OpeningBox::kRate]), 0));
 }
 
 QString KeepPurchaseDate(const QString& date, text::FinancialYear year) {

@@ -6,9 +6,6 @@
 
 #include <QString>
 
-#include <array>
-#include <cstdint>
-
 namespace quorvane::opening_stock {
 
 /// A lot that a client holds already when a financial year begins.
@@ -28,30 +25,6 @@ struct OpeningLot {
 
 /// Rupees for a quantity at a rate with brokerage, rounded to paise.
 double OpeningTotal(double quantity, double rate, double brokerage);
-
-/// The entry boxes by their place in the control array Text1.
-enum class OpeningBox : std::uint8_t {
-  kQuantity = 0,
-  kRate = 1,
-  kTotal = 2,
-  kPurchaseDate = 3,
-  kServiceTax = 4,
-  kStt = 5,
-};
-
-/// The texts of the boxes, by OpeningBox.
-class OpeningBoxes {
- public:
-  QString& operator[](OpeningBox box) { return texts_[static_cast<std::size_t>(box)]; }
-  const QString& operator[](OpeningBox box) const { return texts_[static_cast<std::size_t>(box)]; }
-
- private:
-  std::array<QString, 6> texts_;
-};
-
-/// What leaving a box does: a quantity loses its sign, rate and service tax get two decimals, and
-/// the total is recomputed. The purchase date is the caller's to complete and keep within the year.
-void LeaveBox(OpeningBox box, OpeningBoxes& boxes);
 
 /// A completed purchase date (dd/mm/yyyy) when an opening lot of the year may have it, else an
 /// empty text: a day after the year's last one is cleared without a word.

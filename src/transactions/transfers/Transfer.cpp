@@ -23,12 +23,19 @@ QString QuantityField() {
 }
 
 /// A movement without a date that can be read would be lost to every statement.
-MaybeRefusal CheckDate(const QString& date) {
+MaybeRefusal CheckDate(const QString& date, text::FinancialYear year) {
   if (date.trimmed().isEmpty()) {
     return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Date."), DateField());
   }
-  if (!text::ParseDmy(date)) {
+  const auto day = text::ParseDmy(date);
+  if (!day) {
     return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Proper Date."), DateField());
+  }
+  if (!year.Contains(*day)) {
+    Refusal refusal = Refuse(
+        QT_TRANSLATE_NOOP("Transfers", "The Date is not in the Financial Year %1."), DateField());
+    refusal.text = refusal.text.arg(year.Text());
+    return refusal;
   }
   return std::nullopt;
 }
@@ -58,8 +65,8 @@ Refusal NoLot() {
                 ScripField());
 }
 
-MaybeRefusal CheckTransfer(const Transfer& transfer) {
-  if (MaybeRefusal refusal = CheckDate(transfer.date)) {
+MaybeRefusal CheckTransfer(const Transfer& transfer, text::FinancialYear year) {
+  if (MaybeRefusal refusal = CheckDate(transfer.date, year)) {
     return refusal;
   }
   if (MaybeRefusal refusal = CheckAccounts(transfer)) {

@@ -2,6 +2,7 @@
 
 #include "core/Ids.h"
 #include "core/Refusal.h"
+#include "core/text/FinancialYear.h"
 
 #include <QString>
 
@@ -21,9 +22,9 @@ struct Transfer {
   double quantity = 0;  ///< shares
 };
 
-/// The first rule that the transfer breaks: date, from-account, to-account (which must be another
-/// one), lot, quantity.
-MaybeRefusal CheckTransfer(const Transfer& transfer);
+/// The first rule that the transfer breaks: date (a day of the year: no statement of another year
+/// would show the transfer), from-account, to-account (which must be another one), lot, quantity.
+MaybeRefusal CheckTransfer(const Transfer& transfer, text::FinancialYear year);
 
 /// The quantity against the lot's balance.
 MaybeRefusal CheckBalance(double quantity, double balance);

@@ -181,7 +181,7 @@ std::optional<Transfer> TransferBook::Load(TransferId id) const {
 }
 
 MaybeRefusal TransferBook::Save(Transfer& transfer) {
-  if (MaybeRefusal refusal = CheckTransfer(transfer)) {
+  if (MaybeRefusal refusal = CheckTransfer(transfer, of_.year)) {
     return refusal;
   }
   Transfer saved;

@@ -12,6 +12,8 @@
 #include "transactions/broker_ledger/RptBrokerLedger.h"
 #include "transactions/broker_money/FrmBrOpBal.h"
 #include "transactions/broker_money/FrmBrPayment.h"
+#include "transactions/opening_stock/FrmStkOpBalance.h"
+#include "transactions/transfers/FrmScriptTransfer.h"
 
 #include <functional>
 #include <map>
@@ -47,6 +49,8 @@ const std::map<QString, Maker>& Makers() {
       {QStringLiteral("frmclientlist"), Make<client_list::FrmClientList>},
       {QStringLiteral("updatestock"), Make<client_list::FrmClientList>},
       {QStringLiteral("frmsalepurchase"), Make<bills::FrmSalePurchase>},
+      {QStringLiteral("frmstkopbalance"), Make<opening_stock::FrmStkOpBalance>},
+      {QStringLiteral("frmscripttransfer"), Make<transfers::FrmScriptTransfer>},
       {QStringLiteral("frmclientmaster"), Make<clients::FrmClientMaster>},
       {QStringLiteral("frmdeppart"), Make<participants::FrmDepPart>},
       {QStringLiteral("frmbroker"), Make<brokers::FrmBroker>},

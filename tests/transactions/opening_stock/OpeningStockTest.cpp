@@ -31,36 +31,6 @@ class OpeningStockTest : public QObject {
     QCOMPARE(test::Exact(OpeningTotal(quantity, rate, brokerage)), test::Exact(total));
   }
 
-  void BoxTakesItsFormWhenLeftAndTheTotalFollows_data() {
-    QTest::addColumn<int>("box");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("total");
-    const auto row = [](const char* name, OpeningBox box, const char* typed, const char* shown,
-                        const char* total) {
-      QTest::newRow(name) << static_cast<int>(box) << QString::fromLatin1(typed)
-                          << QString::fromLatin1(shown) << QString::fromLatin1(total);
-    };
-    // Before: 10 shares at 100.00.
-    row("a quantity loses its sign", OpeningBox::kQuantity, "-2.5", "2.5", "250.00");
-    row("a rate gets two decimals", OpeningBox::kRate, "99.995", "100.00", "1000.00");
-    row("a total is computed", OpeningBox::kTotal, "7", "1000.00", "1000.00");
-    row("a service tax gets two decimals", OpeningBox::kServiceTax, "1.005", "1.01", "1000.00");
-    row("a date is text", OpeningBox::kPurchaseDate, "1.4.11", "1.4.11", "1000.00");
-    row("an STT stays as typed", OpeningBox::kStt, "1.005", "1.005", "1000.00");
-  }
-  void BoxTakesItsFormWhenLeftAndTheTotalFollows() {
-    QFETCH(int, box);
-    QFETCH(QString, typed);
-    OpeningBoxes boxes;
-    boxes[OpeningBox::kQuantity] = QStringLiteral("10");
-    boxes[OpeningBox::kRate] = QStringLiteral("100.00");
-    boxes[static_cast<OpeningBox>(box)] = typed;
-    LeaveBox(static_cast<OpeningBox>(box), boxes);
-    QTEST(boxes[static_cast<OpeningBox>(box)], "shown");
-    QTEST(boxes[OpeningBox::kTotal], "total");
-  }
-
   void PurchaseDateAfterTheYearIsCleared_data() {
     QTest::addColumn<QString>("date");
     QTest::addColumn<bool>("kept");

@@ -16,13 +16,17 @@ class TransferTest : public QObject {
   void TransferIsCheckedInOrder() {
     Transfer transfer;
     const auto expect = [&](const char* text, const char* field) {
-      const MaybeRefusal refusal = CheckTransfer(transfer);
+      const MaybeRefusal refusal = CheckTransfer(transfer, text::FinancialYear(2011));
       QCOMPARE(TextOf(refusal), QString::fromLatin1(text));
       QCOMPARE(FieldOf(refusal), QString::fromLatin1(field));
     };
     expect("Enter Date.", "Text1_0");
     transfer.date = QStringLiteral("31/02/2012");
     expect("Enter Proper Date.", "Text1_0");
+    transfer.date = QStringLiteral("31/03/2011");
+    expect("The Date is not in the Financial Year 2011-12.", "Text1_0");
+    transfer.date = QStringLiteral("01/04/2012");
+    expect("The Date is not in the Financial Year 2011-12.", "Text1_0");
     transfer.date = QStringLiteral("29/02/2012");
     expect("Select Demat A/c No. From which You want to Transfer Scripts.", "Combo1");
     transfer.from = AccountId{1};

@@ -1,0 +1,76 @@
+#include "transactions/opening_stock/OpeningReport.h"
+
+#include "core/text/Amounts.h"
+
+#include <QCoreApplication>
+
+namespace quorvane::opening_stock {
+namespace {
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("OpeningStock", text);
+}
+
+std::vector<report::Column> Columns() {
+  using report::AmountColumn;
+  return {report::TextColumn(Tr("Script Name")),
+          report::TextColumn(Tr("Demat A/c No.")),
+          AmountColumn(Tr("Rate")),
+          report::QuantityColumn(Tr("Quantity")),
+          report::DateColumn(Tr("Purchase Date")),
+          AmountColumn(Tr("Total")),
+          AmountColumn(Tr("Service Tax")),
+          AmountColumn(Tr("STT")),
+          report::TextColumn(Tr("F&O")),
+          AmountColumn(Tr("Brokerage"))};
+}
+
+/// Old rows may hold a text that is no date; it is shown as it stands.
+report::Cell DateCell(const QString& dmy) {
+  const auto date = text::ParseDmy(dmy);
+  return date ? report::Cell(*date) : report::Cell(dmy);
+}
+
+report::Row RowOf(const OpeningLot& lot, const lookups::Directory& directory) {
+  return {report::RowKind::kData,
+          {QString::fromStdString(directory.Scrip(lot.scrip).name),
+           QString::fromStdString(directory.Account(lot.account).number), lot.rate, lot.quantity,
+           DateCell(lot.purchase_date), lot.total, lot.service_tax, lot.stt,
+           lot.fo ? Tr("Yes") : Tr("No"), lot.brokerage}};
+}
+
+report::Row TotalOf(std::span<const OpeningLot> lots) {
+  std::int64_t total = 0;
+  std::int64_t service_tax = 0;
+  std::int64_t stt = 0;
+  for (const OpeningLot& lot : lots) {
+    total += text::ToPaise(lot.total);
+    service_tax += text::ToPaise(lot.service_tax);
+    stt += text::ToPaise(lot.stt);
+  }
+  const std::monostate none;
+  return {report::RowKind::kNetTotal,
+          {Tr("Total"), none, none, none, none, text::FromPaise(total),
+           text::FromPaise(service_tax), text::FromPaise(stt), none, none}};
+}
+
+}  // namespace
+
+report::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, const ClientYear& of,
+                                         const lookups::Directory& directory) {
+  report::Table table;
+  table.columns = Columns();
+  for (const OpeningLot& lot : lots) {
+    table.rows.push_back(RowOf(lot, directory));
+  }
+  if (!lots.empty()) {
+    table.rows.push_back(TotalOf(lots));
+  }
+  const lookups::ClientEntry& client = directory.Client(of.client);
+  return {{Tr("Stock Opening Balance"), Tr("Financial Year - ") + of.year.Text(),
+           QString::fromStdString(client.name) + QStringLiteral(" (") +
+               QString::fromStdString(client.code) + QLatin1Char(')')},
+          {table}};
+}
+
+}  // namespace quorvane::opening_stock

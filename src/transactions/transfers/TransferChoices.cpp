@@ -1,0 +1,26 @@
+#include "transactions/transfers/TransferChoices.h"
+
+namespace quorvane::transfers {
+
+std::vector<lookups::Item> AccountsOfOtherClients(database::Connection& connection,
+                                                  ClientId client) {
+  std::vector<lookups::Item> items;
+  for (const auto& row : connection.Open(
+           "Select A.id,C.Name,A.ACNo From ClientActDet A Join ClientInfo C On C.Id=A.CId Where "
+           "A.CId<>? Order By C.Name,A.ACNo,A.id",
+           client)) {
+    items.push_back(
+        {row.Int(std::size_t{0}), QStringLiteral("%1 - %2").arg(row.Text(1), row.Text(2))});
+  }
+  return items;
+}
+
+QString ClientChoiceList(database::Connection& connection) {
+  QString list;
+  for (const auto& row : connection.Open("Select Id,Name From ClientInfo")) {
+    list += QStringLiteral("#%1;%2|").arg(QString::number(row.Int(std::size_t{0})), row.Text(1));
+  }
+  return list;
+}
+
+}  // namespace quorvane::transfers

@@ -15,8 +15,12 @@ namespace {
 using database::Connection;
 using database::Transaction;
 
-/// Balances in paise by broker, credit positive.
-using Balances = std::map<BrokerId, std::int64_t>;
+struct Balance {
+  std::int64_t paise = 0;  ///< credit positive
+  bool recorded = false;   ///< there is something that it is made of
+};
+
+using Balances = std::map<BrokerId, Balance>;
 
 constexpr std::string_view kInsert =
     "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(?,?,?,?,?,?)";
@@ -39,7 +43,8 @@ void AddUp(Transaction& transaction, const ClientYear& of, std::string_view sql,
   for (const auto& row : transaction.Open(sql, of.client, of.year.Text())) {
     const auto broker = balances.find(BrokerId{row.Int(std::size_t{0})});
     if (broker != balances.end()) {
-      broker->second += sign * text::ToPaise(row.Double(1));
+      broker->second.paise += sign * text::ToPaise(row.Double(1));
+      broker->second.recorded = true;
     }
   }
 }
@@ -47,7 +52,7 @@ void AddUp(Transaction& transaction, const ClientYear& of, std::string_view sql,
 Balances ClosingBalances(Transaction& transaction, const ClientYear& of) {
   Balances balances;
   for (const auto& row : transaction.Open("Select Id From Broker")) {
-    balances.try_emplace(BrokerId{row.Int(std::size_t{0})}, 0);
+    balances.try_emplace(BrokerId{row.Int(std::size_t{0})});
   }
   AddUp(transaction, of,
         "Select BrId,Case When Dr=0 Then -OpBal Else OpBal End From BrOpBal Where CId=? and "
@@ -63,14 +68,33 @@ Balances ClosingBalances(Transaction& transaction, const ClientYear& of) {
   return balances;
 }
 
-void ReplaceRows(Transaction& transaction, const ClientYear& of, const Balances& balances) {
-  transaction.Execute(
-      "Delete From BrOpBal Where CId=? and Fyear=? and BrId In(Select Id From Broker)", of.client,
-      of.year.Text());
+/// A balance that was typed for a broker of whom the year before knows nothing stays: nothing else
+/// tells it.
+void KeepOthers(Transaction& transaction, const ClientYear& of, Balances& balances) {
+  for (const auto& row :
+       transaction.Open("Select BrId From BrOpBal Where CId=? and Fyear=? For Update", of.client,
+                        of.year.Text())) {
+    const auto broker = balances.find(BrokerId{row.Int(std::size_t{0})});
+    if (broker != balances.end() && !broker->second.recorded) {
+      balances.erase(broker);
+    }
+  }
+}
+
+void DeleteRows(Transaction& transaction, const ClientYear& of, const Balances& balances) {
+  database::BulkWriter writer(transaction, "Delete From BrOpBal Where CId=? and Fyear=? and BrId=?",
+                              "iti");
+  for (const auto& [broker, balance] : balances) {
+    writer.Int(of.client.value).Text(of.year.Utf8()).Int(broker.value).EndRow();
+  }
+  writer.Finish();
+}
+
+void InsertRows(Transaction& transaction, const ClientYear& of, const Balances& balances) {
   database::BulkWriter writer(transaction, kInsert, "itiidi");
   int next = database::NextKey(transaction, "BrOpBal");
   for (const auto& [broker, balance] : balances) {
-    const BrokerOpening carried = CarriedOpening(broker, balance);
+    const BrokerOpening carried = CarriedOpening(broker, balance.paise);
     writer.Int(of.client.value)
         .Text(of.year.Utf8())
         .Int(next++)
@@ -145,8 +169,10 @@ bool BrokerOpeningBook::HasBalancesToCarryForward() const {
 std::size_t BrokerOpeningBook::CarryForward() {
   std::size_t written = 0;
   database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
-    const Balances balances = ClosingBalances(transaction, {of_.client, of_.year.Previous()});
-    ReplaceRows(transaction, of_, balances);
+    Balances balances = ClosingBalances(transaction, {of_.client, of_.year.Previous()});
+    KeepOthers(transaction, of_, balances);
+    DeleteRows(transaction, of_, balances);
+    InsertRows(transaction, of_, balances);
     written = balances.size();
     return std::nullopt;
   });

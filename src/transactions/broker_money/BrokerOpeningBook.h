@@ -29,8 +29,9 @@ class BrokerOpeningBook {
 
   /// Works out what every broker's account of the year before closed with (its opening balance,
   /// less bills and payments, and receipts; credit positive) and writes it as this year's opening
-  /// balance. A broker's balance that stands in the year already, typed or carried before, is
-  /// replaced, so doing it twice changes nothing. Returns the number of balances written.
+  /// balance, 0 for a broker without any. A balance that stands in the year already, typed or
+  /// carried before, is replaced, so doing it twice changes nothing; but where the year before has
+  /// no record of the broker, it stays. Returns the number of balances written.
   std::size_t CarryForward();
 
  private:

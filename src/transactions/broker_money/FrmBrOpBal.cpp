@@ -95,6 +95,10 @@ void FrmBrOpBal::FirstShown() {
 }
 
 void FrmBrOpBal::CmdImport_Click() {
+  if (!book_.HasBalancesToCarryForward()) {
+    Say().Inform(tr("There are no Balances of the Previous Year to Carry Forward."));
+    return;
+  }
   if (Say().Ask(tr("Do you want to Carry Forward From Previous Year?"), controls::Answer::kNo,
                 controls::Icon::kInformation)) {
     book_.CarryForward();

@@ -41,7 +41,8 @@ void FrmBrPayment::BuildFields() {
   Text1_5 = fields->Add(tr("&Remark"), QStringLiteral("Text1_5"), new TextBox(), 2);
   Watch(Text1_1);
   Watch(Text1_3);
-  On(Combo3, &QComboBox::currentIndexChanged, &FrmBrPayment::Combo3_Click,
+  // While it is typed: Enter goes on to a box that is enabled by then.
+  On(Combo3, &QComboBox::editTextChanged, &FrmBrPayment::Combo3_Click,
      QStringLiteral("Combo3_Click"));
 }
 

@@ -1,10 +1,9 @@
 #include "reports/ReportWindow.h"
 
-#include "controls/FieldLayout.h"
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "reports/output/WriteReport.h"
-#include "reports/period/MonthPeriod.h"
+#include "reports/period/MonthsPane.h"
 
 #include <QDir>
 #include <QHeaderView>
@@ -17,13 +16,11 @@
 namespace quorvane::report {
 namespace {
 
-using controls::ComboBox;
 using controls::DateBox;
 using controls::Grid;
 using controls::ZENButton;
 
 constexpr int kDateWidth = 110;
-constexpr int kMonthWidth = 120;
 constexpr int kBesideWidth = 230;
 
 QLabel* LabelFor(const QString& text, QWidget* buddy) {
@@ -157,29 +154,13 @@ QBoxLayout* ReportWindow::AddPeriodFrame() {
 }
 
 void ReportWindow::AddMonths(QBoxLayout* row) {
-  QStringList numbers;
-  for (const QString& name : MonthNames()) {
-    numbers << QString::number(MonthNumber(name));
+  if (!current_) {
+    throw std::logic_error("months are those of a chosen financial year");
   }
-  const auto add = [&](const QString& label, const QString& name) {
-    auto* names = Named(new ComboBox, name, controls::PlainLabel(label));
-    names->SetTexts(MonthNames());
-    names->setFixedWidth(kMonthWidth);
-    row->addSpacing(controls::kSpacing);
-    row->addWidget(LabelFor(label, names));
-    row->addWidget(names);
-    return names;
-  };
-  const auto add_numbers = [&](const QString& name) {
-    auto* box = Named(new ComboBox(this), name, QString());
-    box->SetTexts(numbers);
-    box->hide();
-    return box;
-  };
-  CmbFromMth = add(tr("From &Month :"), QStringLiteral("CmbFromMth"));
-  CmbToMth = add(tr("To Mo&nth :"), QStringLiteral("CmbToMth"));
-  CmbFromMthId = add_numbers(QStringLiteral("CmbFromMthId"));
-  CmbToMthId = add_numbers(QStringLiteral("CmbToMthId"));
+  months_ = new MonthsPane(current_->year);
+  CmbFromMth = months_->Names(0);
+  CmbToMth = months_->Names(1);
+  row->addWidget(months_);
   On(CmbFromMth, &QComboBox::currentIndexChanged, &ReportWindow::CmbFromMth_Click,
      QStringLiteral("CmbFromMth_Click"));
   On(CmbToMth, &QComboBox::currentIndexChanged, &ReportWindow::CmbToMth_Click,
@@ -187,43 +168,31 @@ void ReportWindow::AddMonths(QBoxLayout* row) {
 }
 
 void ReportWindow::CmbFromMth_Click() {
-  TakeMonth(CmbFromMth, CmbFromMthId, 0);
+  TakeMonth(0);
 }
 
 void ReportWindow::CmbToMth_Click() {
-  TakeMonth(CmbToMth, CmbToMthId, 1);
+  TakeMonth(1);
 }
 
-void ReportWindow::TakeMonth(ComboBox* names, ComboBox* numbers, int box) {
-  if (!names->HasChoice() || !current_) {
+void ReportWindow::TakeMonth(std::size_t end) {
+  const auto month = months_->Chosen(end);
+  if (!month) {
     return;
   }
-  numbers->setCurrentIndex(names->CurrentPosition());
-  const auto month = MonthPeriod(current_->year, numbers->currentText().toInt());
-  if (const auto* refusal = std::get_if<Refusal>(&month)) {
-    Show({refusal->text, names->objectName()});
+  if (const auto* refusal = std::get_if<Refusal>(&*month)) {
+    Show({refusal->text, months_->Names(end)->objectName()});
     return;
   }
-  const auto& period = std::get<Period>(month);
-  Text1[static_cast<std::size_t>(box)]->SetDate(
-      text::FormatDmy(box == 0 ? period.from : period.to));
+  const auto& period = std::get<Period>(*month);
+  Text1[end]->SetDate(text::FormatDmy(end == 0 ? period.from : period.to));
 }
 
 // A date that was typed in belongs to no chosen month any more.
 void ReportWindow::Text1_Validate() {
-  const auto clear_other = [this](ComboBox* names, ComboBox* numbers, int box) {
-    if (names == nullptr || !names->HasChoice() || !current_) {
-      return;
-    }
-    const auto month = MonthPeriod(current_->year, numbers->currentText().toInt());
-    const auto* period = std::get_if<Period>(&month);
-    const auto date = Text1[static_cast<std::size_t>(box)]->Date();
-    if (period == nullptr || date != (box == 0 ? period->from : period->to)) {
-      names->Clear();
-    }
-  };
-  clear_other(CmbFromMth, CmbFromMthId, 0);
-  clear_other(CmbToMth, CmbToMthId, 1);
+  for (std::size_t end = 0; months_ != nullptr && end < Text1.size(); ++end) {
+    months_->KeepOnly(end, Text1[end]->Date());
+  }
 }
 
 Grid* ReportWindow::AddTickGrid(const QString& name, const QString& heading, const QString& purpose,

@@ -22,6 +22,8 @@
 
 namespace quorvane::report {
 
+class MonthsPane;
+
 /// What every report window shares: the period with its checks, the choice of months, grids in
 /// which accounts and scrips are ticked, the report on the screen (`VS`), the buttons `CmdReport`
 /// and `CmdExit`, and the pop-up menu `mnuReport` (by `CmdOutput`, or on the report itself) that
@@ -166,8 +168,6 @@ class ReportWindow : public controls::ChildWindow {
   std::array<controls::DateBox*, 2> Text1{};  ///< from, to; without AddPeriod there are none
   controls::ComboBox* CmbFromMth = nullptr;
   controls::ComboBox* CmbToMth = nullptr;
-  controls::ComboBox* CmbFromMthId = nullptr;  ///< never shown: the numbers of the months
-  controls::ComboBox* CmbToMthId = nullptr;
   ReportGridView* VS = nullptr;
   controls::ZENButton* CmdReport = nullptr;
   controls::ZENButton* CmdOutput = nullptr;
@@ -181,7 +181,7 @@ class ReportWindow : public controls::ChildWindow {
   void AddMonths(QBoxLayout* row);
   QAction* AddAction(const char* name, const QString& caption, void (ReportWindow::*handler)());
   MaybeRefusal Check();
-  void TakeMonth(controls::ComboBox* names, controls::ComboBox* numbers, int box);
+  void TakeMonth(std::size_t end);
   void Text1_Validate();
   void CmbFromMth_Click();
   void CmbToMth_Click();
@@ -190,6 +190,7 @@ class ReportWindow : public controls::ChildWindow {
 
   std::optional<ClientYear> current_;
   QString client_name_;
+  MonthsPane* months_ = nullptr;
   QBoxLayout* options_ = nullptr;
   QWidget* beside_ = nullptr;  ///< holds what is ticked
   QBoxLayout* beside_rows_ = nullptr;

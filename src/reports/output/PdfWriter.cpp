@@ -3,8 +3,9 @@
 #include "reports/output/PageLayout.h"
 #include "reports/output/Typesetter.h"
 
+#include <QCoreApplication>
+
 #include <cairo-pdf.h>
-#include <fmt/format.h>
 
 #include <stdexcept>
 
@@ -198,13 +199,20 @@ class PagePainter {
   void PaintMargins(std::size_t number) {
     constexpr double kFootOffset = 34;
     const std::size_t pages = layout_.pages.size();
-    typesetter_.Draw(page_, fmt::format("Page {} of {}", number + 1, pages), Face::kRegular,
-                     kRunningHeadSize, layout_.Left(), layout_.page.height - kFootOffset,
-                     layout_.Room(), Alignment::kCentre);
+    typesetter_.Draw(page_, PageNumber(number + 1, pages), Face::kRegular, kRunningHeadSize,
+                     layout_.Left(), layout_.page.height - kFootOffset, layout_.Room(),
+                     Alignment::kCentre);
     if (number > 0) {
       typesetter_.Draw(page_, RunningHead(), Face::kRegular, kRunningHeadSize, layout_.Left(),
                        kTopMargin - 2, layout_.Room(), Alignment::kLeft);
     }
+  }
+
+  static std::string PageNumber(std::size_t number, std::size_t pages) {
+    return QCoreApplication::translate("ReportOutput", "Page %1 of %2")
+        .arg(number)
+        .arg(pages)
+        .toStdString();
   }
 
   std::string RunningHead() const {
@@ -252,7 +260,7 @@ void PaintPages(const ReportDocument& document, const PageLayout& layout, Typese
                 cairo_surface_t* surface, Progress& progress) {
   const Canvas canvas(cairo_create(surface));
   PagePainter painter(document, layout, typesetter, canvas.get());
-  progress.Begin(QStringLiteral("Writing the pages"),
+  progress.Begin(QCoreApplication::translate("ReportOutput", "Writing the pages"),
                  static_cast<std::int64_t>(layout.pages.size()));
   for (std::size_t i = 0; i < layout.pages.size(); ++i) {
     painter.Paint(i);
@@ -265,7 +273,8 @@ void PaintPages(const ReportDocument& document, const PageLayout& layout, Typese
 
 void WritePdf(const ReportDocument& document, QIODevice& out, Progress& progress) {
   Typesetter typesetter;
-  progress.Begin(QStringLiteral("Laying out the pages"), RowCount(document));
+  progress.Begin(QCoreApplication::translate("ReportOutput", "Laying out the pages"),
+                 RowCount(document));
   const PageLayout layout = LayOut(document, typesetter, progress);
   Sink sink{out};
   const Surface surface(cairo_pdf_surface_create_for_stream(Sink::Write, &sink, layout.page.width,

@@ -2,6 +2,8 @@
 
 #include "reports/output/LetterWidths.h"
 
+#include <QCoreApplication>
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -220,7 +222,8 @@ class Writer {
 }  // namespace
 
 std::string WriteRtf(const ReportDocument& document, Progress& progress) {
-  progress.Begin(QStringLiteral("Writing the document"), RowCount(document));
+  progress.Begin(QCoreApplication::translate("ReportOutput", "Writing the document"),
+                 RowCount(document));
   return Writer(document, progress).Write();
 }
 

@@ -2,6 +2,7 @@
 
 #include "reports/output/LetterWidths.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -309,7 +310,8 @@ void WriteXlsx(const ReportDocument& document, QIODevice& out, Progress& progres
     throw std::runtime_error("cannot make a temporary folder: " +
                              folder.errorString().toStdString());
   }
-  progress.Begin(QStringLiteral("Writing the workbook"), RowCount(document));
+  progress.Begin(QCoreApplication::translate("ReportOutput", "Writing the workbook"),
+                 RowCount(document));
   const QString path = folder.filePath(QStringLiteral("report.xlsx"));
   QByteArray scratch = folder.path().toUtf8();
   lxw_workbook_options options{};

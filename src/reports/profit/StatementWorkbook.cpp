@@ -2,6 +2,8 @@
 
 #include "reports/output/XlsxTemplate.h"
 
+#include <QCoreApplication>
+
 namespace quorvane::profit {
 namespace {
 
@@ -82,7 +84,8 @@ void WriteStatementWorkbook(const ReportDocument& document, Layout layout,
   for (const char* pattern : {"Fld", "Grp", "Tot", "Net", "Gap"}) {
     patterns.append(prefix + QLatin1String(pattern));
   }
-  progress.Begin(QStringLiteral("Filling the template"), report::RowCount(document));
+  progress.Begin(QCoreApplication::translate("ProfitStatement", "Filling the template"),
+                 report::RowCount(document));
   book.Repeat(patterns, lines, progress);
   book.Save(path);
 }

@@ -107,7 +107,8 @@ void RecordWindow::BuildButtons() {
   PressOn(QKeySequence::Save, cmdUpdate);
 }
 
-// The button takes the focus first, so that the box left behind is settled before the click.
+// The button takes the focus first, so that the box left behind is settled before the click; a box
+// that refuses takes the focus back, and there is no click.
 void RecordWindow::PressOn(const QKeySequence& keys, ZENButton* button) {
   auto* shortcut = new QShortcut(keys, this);
   shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -117,7 +118,9 @@ void RecordWindow::PressOn(const QKeySequence& keys, ZENButton* button) {
 void RecordWindow::Press(ZENButton& button) {
   if (button.isEnabled()) {
     button.setFocus(Qt::ShortcutFocusReason);
-    button.click();
+    if (button.hasFocus() || !button.isActiveWindow()) {
+      button.click();
+    }
   }
 }
 

@@ -38,6 +38,10 @@ QSize ZENButton::minimumSizeHint() const {
 bool ZENButton::event(QEvent* event) {
   if (event->type() == QEvent::Shortcut && isEnabled()) {
     setFocus(Qt::ShortcutFocusReason);
+    // A box that was left for it and refuses has taken the focus back.
+    if (isActiveWindow() && !hasFocus()) {
+      return true;
+    }
   }
   // A box that was left for this button may have opened a message: the release then never comes.
   if (event->type() == QEvent::WindowBlocked) {

@@ -125,6 +125,13 @@ void InsertLines(Transaction& transaction, const ClientYear& of, const Bill& bil
   writer.Finish();
 }
 
+// What is recorded is what the ledger counts: more decimals would add up to another balance there.
+void SettleQuantities(Bill& bill) {
+  for (BillLine& line : bill.lines) {
+    line.quantity = ledger::SettleQuantity(line.quantity);
+  }
+}
+
 void PostInPlaceOf(LotSheet& sheet, const ClientYear& of, const std::optional<Bill>& old,
                    Bill& bill) {
   if (old) {
@@ -181,6 +188,7 @@ MaybeRefusal BillBook::Save(Bill& bill) {
   Bill saved;
   MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = bill;
+    SettleQuantities(saved);
     return SaveIn(transaction, of_, saved);
   });
   if (!refusal) {

@@ -1,5 +1,6 @@
 #include "transactions/bills/BillBoxes.h"
 
+#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 
 #include <cmath>
@@ -35,7 +36,7 @@ QString InForm(Form form, const QString& typed) {
   const double number = ReadNumber(typed);
   switch (form) {
     case Form::kPositiveNumber:
-      return text::NumberText(std::abs(number));
+      return text::NumberText(ledger::SettleQuantity(std::abs(number)));
     case Form::kPositiveAmount:
       return text::FormatAmount(std::abs(number));
     case Form::kAmount:

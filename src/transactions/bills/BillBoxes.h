@@ -65,9 +65,10 @@ class BillBoxes {
 QString ControlName(BillBox box);
 
 /// What leaving a box does: the box is brought into its form (a quantity and the line's amounts
-/// lose their sign, amounts get two decimals), and leaving one of the line's boxes up to the
-/// service tax recomputes net rate and amount. A net rate of 0 is shown as an empty box. The bill's
-/// totals are the caller's to recompute after the charges and STT of the bill.
+/// lose their sign, a quantity keeps six decimals at most, amounts get two), and leaving one of the
+/// line's boxes up to the service tax recomputes net rate and amount. A net rate of 0 is shown as
+/// an empty box. The bill's totals are the caller's to recompute after the charges and STT of the
+/// bill.
 void LeaveBox(BillBox box, Side side, BillBoxes& boxes);
 
 /// Net rate and amount from rate, brokerage and quantity; also for use when the side changes.

@@ -1,6 +1,7 @@
 #include "transactions/bills/BillChecks.h"
 
 #include "core/database/TextWidths.h"
+#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 #include "transactions/bills/BillBoxes.h"
 
@@ -104,7 +105,7 @@ MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, double quantity)
   if (!scrip) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Script Name."), QStringLiteral("Combo4"));
   }
-  if (!(quantity > 0)) {
+  if (!(ledger::SettleQuantity(quantity) > 0)) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Quantity Greater than Zero."),
                   BillBox::kQuantity);
   }

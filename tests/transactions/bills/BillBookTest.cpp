@@ -1,3 +1,4 @@
+#include "core/ledger/Rebuild.h"
 #include "support/TestMain.h"
 #include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
@@ -265,6 +266,16 @@ class BillBookTest : public QObject {
     bill.lines[1].delivery_type = QString(101, QLatin1Char('x'));
     QVERIFY_EXCEPTION_THROWN(Book().Save(bill), database::DatabaseError);
     QCOMPARE(desk_->Everything(), before);
+  }
+
+  void SharesAreRecordedAsTheLedgerKeepsThem() {
+    Bill bill = desk_->NewBill({desk_->Purchase(1.0000004, 100), desk_->Purchase(2.0000004, 100)});
+    QVERIFY(!Book().Save(bill));
+    QCOMPARE(Book().Load(bill.id)->lines[0].quantity, 1.0);
+    Progress silent;
+    QVERIFY(ledger::CheckStock(desk_->Connection(), desk_->of, silent).empty());
+    bill.lines = {desk_->Purchase(0.0000004, 100)};
+    QCOMPARE(TextOf(Book().Save(bill)), QStringLiteral("Enter Quantity Greater than Zero."));
   }
 
   void BillsAreListedByDateThenKey() {

@@ -35,6 +35,7 @@ class BillBoxesTest : public QObject {
     row("a settlement number is text", BillBox::kSettlementNumber, "-5", "-5");
     row("a quantity loses its sign", BillBox::kQuantity, "-12", "12");
     row("a quantity keeps its decimals", BillBox::kQuantity, "-0.125", "0.125");
+    row("a quantity has six decimals at most", BillBox::kQuantity, "1.23456789", "1.234568");
     row("a quantity that is no number", BillBox::kQuantity, "TEN", "0");
     row("a rate gets two decimals", BillBox::kRate, "-100.005", "100.01");
     row("a brokerage gets two decimals", BillBox::kBrokerage, ".3704", "0.37");

@@ -326,8 +326,13 @@ class FrmSalePurchaseTest : public QObject {
     Press(Qt::Key_F8);
     QCOMPARE(messages_->said.size(), std::size_t{2});
     QCOMPARE(RowsOf("Vs1"), QStringList());
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(messages_->said.size(), std::size_t{3});
+    Press(Qt::Key_E, Qt::AltModifier);
+    QCOMPARE(messages_->said.size(), std::size_t{4});
+    QCOMPARE(Focused(), QStringLiteral("Text1_3"));
     Press(Qt::Key_Escape);
-    QCOMPARE(messages_->said.size(), std::size_t{2});
+    QCOMPARE(messages_->said.size(), std::size_t{4});
     QCOMPARE(Focused(), QStringLiteral("CmdAdd1"));
   }
 

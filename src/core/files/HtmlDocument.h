@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/files/TextTable.h"
+
+#include <memory>
+#include <optional>
+
+namespace quorvane::files {
+
+/// A web page, read as browsers do: whatever is broken in it is passed over.
+class HtmlDocument {
+ public:
+  explicit HtmlDocument(std::string_view html);
+  ~HtmlDocument();
+  HtmlDocument(const HtmlDocument&) = delete;
+
+  /// The addresses that the page links to, in its order, as they are written.
+  std::vector<std::string> Links() const;
+
+  /// The address to which the element of that id, or the first one within it, leads.
+  std::optional<std::string> LinkAt(std::string_view id) const;
+
+  /// The rows of the table of that id; nullopt when there is none. Cells of tables within it are
+  /// not told apart from its own. Throws TableError beyond the bounds of a table.
+  std::optional<TextTable> TableAt(std::string_view id) const;
+
+ private:
+  struct Document;
+
+  std::unique_ptr<Document> document_;
+};
+
+}  // namespace quorvane::files

@@ -1,0 +1,87 @@
+#include "core/files/TableFile.h"
+
+#include "core/files/Archive.h"
+#include "core/files/CsvText.h"
+#include "core/files/OldWorkbook.h"
+#include "core/files/Workbook.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace quorvane::files {
+namespace {
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("Files", text);
+}
+
+QByteArray BytesOf(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    throw TableError(Tr("%1: %2").arg(path, file.errorString()).toStdString());
+  }
+  QByteArray bytes = file.read(static_cast<qint64>(kLargestFile) + 1);
+  if (static_cast<std::size_t>(bytes.size()) > kLargestFile) {
+    throw TableError(Tr("The file holds more than can be read.").toStdString());
+  }
+  return bytes;
+}
+
+std::string_view View(const QByteArray& bytes) {
+  return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+bool IsCsv(const ArchiveEntry& entry) {
+  return QString::fromStdString(entry.name).endsWith(QLatin1String(".csv"), Qt::CaseInsensitive);
+}
+
+const ArchiveEntry& TheCsvOf(const std::vector<ArchiveEntry>& entries) {
+  const auto count = std::ranges::count_if(entries, IsCsv);
+  if (count != 1) {
+    throw TableError(
+        (count == 0 ? Tr("The archive holds no .csv file.")
+                    : Tr("The archive holds more than one .csv file. Unpack it and choose one."))
+            .toStdString());
+  }
+  return *std::ranges::find_if(entries, IsCsv);
+}
+
+TextTable ReadArchived(std::string_view bytes) {
+  const std::vector<ArchiveEntry> entries = ReadArchive(bytes);
+  if (FindPart(entries, "[Content_Types].xml") != nullptr) {
+    return ReadXlsx(entries);
+  }
+  if (FindPart(entries, "content.xml") != nullptr) {
+    return ReadOds(entries);
+  }
+  return ReadCsvText(TheCsvOf(entries).content);
+}
+
+}  // namespace
+
+bool HasTableEnding(const QString& path) {
+  static const QStringList kEndings{QStringLiteral("csv"), QStringLiteral("xls"),
+                                    QStringLiteral("xlsx"), QStringLiteral("ods"),
+                                    QStringLiteral("zip")};
+  return kEndings.contains(QFileInfo(path).suffix().toLower());
+}
+
+TextTable ReadTableFile(const QString& path) {
+  const QByteArray bytes = BytesOf(path);
+  if (IsOldWorkbook(View(bytes))) {
+    return ReadOldWorkbook(QFile::encodeName(path).toStdString());
+  }
+  return IsArchive(View(bytes)) ? ReadArchived(View(bytes)) : ReadCsvText(View(bytes));
+}
+
+UnpackedFile UnpackTable(const QByteArray& archive) {
+  const std::vector<ArchiveEntry> entries = ReadArchive(View(archive));
+  const ArchiveEntry& entry = TheCsvOf(entries);
+  return {QFileInfo(QString::fromStdString(entry.name)).fileName(),
+          QByteArray::fromStdString(entry.content)};
+}
+
+}  // namespace quorvane::files

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/files/TextTable.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace quorvane::files {
+
+/// The endings of files that tables are read from: "csv", "xls", "xlsx", "ods" and "zip".
+bool HasTableEnding(const QString& path);
+
+/// Reads the table in a file, which is told by what it holds, not by its name: comma separated
+/// text, the first sheet of a workbook, or the one comma separated file in a zip archive. Throws
+/// TableError with a text for the user.
+TextTable ReadTableFile(const QString& path);
+
+/// The one comma separated file in a zip archive: its name without folders and its bytes. Throws
+/// TableError.
+struct UnpackedFile {
+  QString name;
+  QByteArray content;
+};
+UnpackedFile UnpackTable(const QByteArray& archive);
+
+}  // namespace quorvane::files

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane::files {
+
+/// A row of a file as text (UTF-8, without blanks at the ends) and the line, or the row of the
+/// sheet, on which it stands, counted from 1.
+struct TextRow {
+  std::size_t line = 0;
+  std::vector<std::string> cells = {};
+};
+
+/// What a comma separated file or the first sheet of a workbook holds. Rows without any text are
+/// left out.
+struct TextTable {
+  std::vector<TextRow> rows;
+};
+
+/// A file that cannot be taken: what() says why, for the user.
+class TableError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// What a table may hold at most; more of it is no exchange's file.
+inline constexpr std::size_t kMostRows = 200'000;
+inline constexpr std::size_t kMostColumns = 256;
+inline constexpr std::size_t kMostCells = 8'000'000;
+inline constexpr std::size_t kLongestCell = 4'096;          ///< bytes
+inline constexpr std::size_t kLargestFile = 64 << 20;       ///< bytes
+inline constexpr std::size_t kLargestUnpacked = 256 << 20;  ///< bytes, of everything in an archive
+
+/// The text without blanks, tabs, no-break blanks and line ends around it.
+std::string_view Trimmed(std::string_view utf8);
+
+/// Collects the cells of a sheet, whatever order they come in. Throws TableError beyond the bounds.
+class TableBuilder {
+ public:
+  /// Rows and columns are counted from 0.
+  void Put(std::size_t row, std::size_t column, std::string_view utf8);
+
+  TextTable Take();
+
+ private:
+  std::vector<TextRow> rows_;
+  std::size_t cells_ = 0;
+};
+
+}  // namespace quorvane::files

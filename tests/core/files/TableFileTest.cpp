@@ -1,0 +1,143 @@
+#include "core/files/CsvText.h"
+#include "core/files/HtmlDocument.h"
+#include "core/files/TableFile.h"
+#include "support/TestMain.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace quorvane;
+using namespace quorvane::files;
+
+namespace {
+
+const QString kSamples = QStringLiteral(QUORVANE_SOURCE_DIR "/tests/core/files/samples/");
+
+QStringList RowsOf(const TextTable& table) {
+  QStringList rows;
+  for (const TextRow& row : table.rows) {
+    QStringList cells;
+    for (const std::string& cell : row.cells) {
+      cells << QString::fromStdString(cell);
+    }
+    rows << QString::number(row.line) + QLatin1Char(':') + cells.join(QLatin1Char('|'));
+  }
+  return rows;
+}
+
+QString WhyNot(const std::function<void()>& read) {
+  try {
+    read();
+  } catch (const TableError& error) {
+    return QString::fromUtf8(error.what());
+  }
+  return QStringLiteral("read");
+}
+
+QByteArray Sample(const char* name) {
+  QFile file(kSamples + QLatin1String(name));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+class TableFileTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void EveryFormHoldsTheSameTable_data() {
+    QTest::addColumn<QString>("file");
+    for (const char* name : {"rates.csv", "rates.xls", "rates.xlsx", "rates.ods", "rates.zip"}) {
+      QTest::newRow(name) << kSamples + QLatin1String(name);
+    }
+  }
+
+  void EveryFormHoldsTheSameTable() {
+    QFETCH(const QString, file);
+    const TextTable table = ReadTableFile(file);
+    QCOMPARE(table.rows.size(), std::size_t{3});
+    QCOMPARE(QString::fromStdString(table.rows[0].cells[1]), QStringLiteral("SC_NAME"));
+    const TextRow& infosys = table.rows[2];
+    QCOMPARE(infosys.line, std::size_t{3});
+    const QStringList wanted{"500209", "INFOSYS", "A", "Q", "1150.1"};
+    const std::array<std::size_t, 5> places{0, 1, 2, 3, 7};
+    for (qsizetype i = 0; i < wanted.size(); ++i) {
+      QCOMPARE(QString::fromStdString(infosys.cells[places[static_cast<std::size_t>(i)]]),
+               wanted[i]);
+    }
+  }
+
+  void DangerousOrBrokenFileIsRefused_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char* name, const QByteArray& bytes, const char* text) {
+      QTest::newRow(name) << bytes << QString(text);
+    };
+    row("climbs out of its folder", Sample("climbing.zip"),
+        "The archive holds a file outside its own folder.");
+    row("archive in the archive", Sample("nested.zip"), "The archive holds another archive.");
+    row("unpacks to far more", Sample("bomb.zip"), "The archive unpacks to more than can be read.");
+    row("two tables", Sample("two.zip"),
+        "The archive holds more than one .csv file. Unpack it and choose one.");
+    row("no table", Sample("none.zip"), "The archive holds no .csv file.");
+    row("cut archive", Sample("rates.zip").left(150), "The archive cannot be read.");
+    row("cut workbook", Sample("rates.xlsx").left(3000), "The archive cannot be read.");
+    row("cut old workbook", Sample("rates.xls").left(1500), "The workbook cannot be read.");
+    row("empty", "", "The file is empty.");
+    row("blanks", " \r\n\t\n", "The file is empty.");
+    row("web page", "\xEF\xBB\xBF\r\n<!DOCTYPE html><html></html>",
+        "The file is a web page, not a table.");
+    row("open quote", "A,B\n1,\"2\n3", "Line 2: a quoted field is not closed.");
+    row("a cell without an end", "A\n" + QByteArray(5000, 'x'),
+        "The file holds more than can be read.");
+    row("too many columns", QByteArray(300, ',') + "x", "The file holds more than can be read.");
+  }
+
+  void DangerousOrBrokenFileIsRefused() {
+    QFETCH(const QByteArray, bytes);
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("file")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    QTEST(WhyNot([&] { ReadTableFile(file.fileName()); }), "text");
+  }
+
+  void CsvTextIsReadInItsEncoding_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("rows");
+    QTest::newRow("padded, quoted, blank lines")
+        << QByteArray("\xEF\xBB\xBF\"Symbol  \", A\r\n\r\n\"M&amp;M \",\"2,95,75,194\" \r\n")
+               .replace(" \r\n", "\r\n")
+        << QStringList({"1:Symbol|A", "3:M&M|2,95,75,194"});
+    QTest::newRow("Latin-1") << QByteArray("N\nCAF\xC9\n") << QStringList({"1:N", "2:CAFÉ"});
+    QTest::newRow("UTF-16") << QByteArray(
+                                   "\xFF\xFE"
+                                   "A\0,\0B\0\n\0",
+                                   10)
+                            << QStringList("1:A|B");
+    QTest::newRow("no line end, last values empty")
+        << QByteArray("A,B,C\n1,,") << QStringList({"1:A|B|C", "2:1"});
+  }
+
+  void CsvTextIsReadInItsEncoding() {
+    QFETCH(const QByteArray, bytes);
+    QTEST(RowsOf(ReadCsvText({bytes.constData(), static_cast<std::size_t>(bytes.size())})), "rows");
+  }
+
+  void PageGivesItsTablesAndLinks() {
+    const HtmlDocument page(
+        "<html><body><a href='x.htm'>x</a><table id=grd1><tr><th>Code<th>LTP<tr><td>5&amp;6"
+        "<td> <b>1,234.50</b></table><span id=tdNext0><a href=\"?Page=2\">Next</a></span>");
+    QCOMPARE(RowsOf(page.TableAt("grd1").value()), QStringList({"1:Code|LTP", "2:5&6|1,234.50"}));
+    QVERIFY(!page.TableAt("grd2"));
+    QCOMPARE(page.Links(), (std::vector<std::string>{"x.htm", "?Page=2"}));
+    QCOMPARE(page.LinkAt("tdNext0"), std::optional<std::string>("?Page=2"));
+    QVERIFY(!page.LinkAt("grd1"));
+    QVERIFY(HtmlDocument("").Links().empty());
+  }
+};
+
+static const test::RegisterTest<TableFileTest> kRegistered;
+
+#include "TableFileTest.moc"

@@ -67,24 +67,25 @@ void Download::Received(qint64 received, qint64 total) {
 void Download::Finish() {
   const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
   if (reply_->error() != QNetworkReply::NoError) {
-    Fail(reply_->errorString());
+    Fail(reply_->errorString(), status);
     return;
   }
   if (status != kDone) {
-    Fail(tr("the server answered with the status %1").arg(status));
+    Fail(tr("the server answered with the status %1").arg(status), status);
     return;
   }
-  const Downloaded downloaded{.body = reply_->readAll(), .address = reply_->url()};
+  const Downloaded downloaded{
+      .body = reply_->readAll(), .address = reply_->url(), .status = status};
   const Answer answer = std::exchange(answer_, nullptr);
   Cancel();
   answer(downloaded);
 }
 
-void Download::Fail(const QString& error) {
+void Download::Fail(const QString& error, int status) {
   const Answer answer = std::exchange(answer_, nullptr);
   Cancel();
   if (answer) {
-    answer({.body = {}, .error = error});
+    answer({.body = {}, .error = error, .status = status});
   }
 }
 

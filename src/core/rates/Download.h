@@ -19,6 +19,7 @@ struct Downloaded {
   QByteArray body;
   QString error = {};  ///< what went wrong, for a person; empty when nothing did
   QUrl address = {};   ///< where the answer came from, redirects followed
+  int status = 0;      ///< of the answer by HTTP; 0 when there was none
 
   bool IsWhole() const { return error.isEmpty(); }
 };
@@ -52,7 +53,7 @@ class Download : public QObject {
  private:
   void Received(qint64 received, qint64 total);
   void Finish();
-  void Fail(const QString& error);
+  void Fail(const QString& error, int status = 0);
 
   QNetworkAccessManager network_;
   QTimer* patience_;

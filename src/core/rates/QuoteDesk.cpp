@@ -57,7 +57,8 @@ ExchangeHosts ExchangeHosts::From(const app::IniFile& settings) {
           .nse = read("NseHost", "https://www.nseindia.com"),
           .bse_quotes = read("BseQuoteHost", ""),
           .nse_quotes = read("NseQuoteHost", ""),
-          .archive = read("ArchiveHost", "https://www.bseindia.com")};
+          .archive = read("ArchiveHost", "https://www.bseindia.com"),
+          .nse_archive = read("NseArchiveHost", "https://nsearchives.nseindia.com")};
 }
 
 QuoteDesk::QuoteDesk(ExchangeHosts hosts, QString work_folder, QObject* parent)

@@ -14,10 +14,12 @@ struct ExchangeHosts {
   QUrl nse;
   QUrl bse_quotes;
   QUrl nse_quotes;
-  QUrl archive;  ///< of the Bombay exchange's daily price files
+  QUrl archive;           ///< of the Bombay exchange's daily price files
+  QUrl nse_archive = {};  ///< of the National exchange's daily price files
 
-  /// The section [Internet] of the settings: BseHost, NseHost, BseQuoteHost, NseQuoteHost and
-  /// ArchiveHost. The exchanges have their public sites as preset, the quote sites none.
+  /// The section [Internet] of the settings: BseHost, NseHost, BseQuoteHost, NseQuoteHost,
+  /// ArchiveHost and NseArchiveHost. The exchanges have their public sites as preset, the quote
+  /// sites none.
   static ExchangeHosts From(const app::IniFile& settings);
 };
 

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/files/TextTable.h"
+#include "core/text/Dates.h"
+
+#include <QString>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quorvane::rates {
+
+/// By what a file names its scrips: the program's own files by the Bombay exchange's code, the
+/// National exchange's symbol, or both.
+enum class Exchange { kOwn, kBse, kNse };
+
+/// What a file says of one scrip. Texts are UTF-8; what the file does not say is empty.
+struct PriceRow {
+  std::size_t line = 0;
+  std::string code = {};    ///< at the Bombay exchange
+  std::string symbol = {};  ///< at the National exchange
+  std::string name = {};
+  std::string scrip_class = {};  ///< the Bombay exchange's group, the National exchange's series
+  std::string type = {};         ///< "EQUITY"; the letters of price files are turned into names
+  double rate = 0;               ///< closing price in rupees; 0 when there was none
+};
+
+/// A scrip list or the closing prices of one day, from whichever exchange and year. Each scrip
+/// stands in it once.
+struct PriceFile {
+  Exchange exchange = Exchange::kOwn;
+  bool has_names = false;
+  bool has_symbols = false;  ///< an empty symbol means that the scrip has none
+  bool has_rates = false;
+  std::optional<text::Date> date = {};  ///< the day of the prices, when the file tells it
+  std::vector<PriceRow> rows = {};      ///< in the order of the file
+  std::size_t left_out = 0;  ///< rows of other segments and of series beside the chosen one
+};
+
+/// Reads a table by its headings, never by the file's name. Refuses headings that belong to no
+/// known file with "Invalid File." and what was expected, and rows that cannot be right with their
+/// lines; `file` is then not to be used.
+///
+/// Of the National exchange's several series of a symbol the share itself is taken (EQ, else BE,
+/// else BZ); block deals and bonds under its symbol are left out. Two records that were run
+/// together on one line are told apart.
+MaybeRefusal ReadPriceTable(const files::TextTable& table, PriceFile& file);
+
+/// The same from a file on the disk: .csv, .xls, .xlsx, .ods or .zip.
+MaybeRefusal ReadPriceFile(const QString& path, PriceFile& file);
+
+/// Refuses a file of rates that has none, or whose prices are of another day.
+MaybeRefusal CheckPrices(const PriceFile& file, text::Date date);
+
+}  // namespace quorvane::rates

@@ -1,0 +1,91 @@
+#include "core/rates/RateImport.h"
+
+#include "core/lookups/Directory.h"
+
+namespace quorvane::rates {
+namespace {
+
+using lookups::Folded;
+using Index = std::unordered_multimap<std::string, ScripId>;
+
+class ScripFinder {
+ public:
+  explicit ScripFinder(const std::vector<ListedScrip>& scrips) {
+    for (const ListedScrip& scrip : scrips) {
+      by_code_.emplace(Folded(scrip.code), scrip.id);
+      if (!scrip.symbol.empty()) {
+        by_symbol_.emplace(Folded(scrip.symbol), scrip.id);
+      }
+    }
+  }
+
+  std::vector<ScripId> ScripsOf(const PriceRow& row) const {
+    std::vector<ScripId> found;
+    if (!row.code.empty()) {
+      found = Find(by_code_, row.code);
+    }
+    return found.empty() && !row.symbol.empty() ? Find(by_symbol_, row.symbol) : found;
+  }
+
+ private:
+  static std::vector<ScripId> Find(const Index& index, const std::string& key) {
+    std::vector<ScripId> found;
+    const auto [first, last] = index.equal_range(Folded(key));
+    std::transform(first, last, std::back_inserter(found),
+                   [](const auto& entry) { return entry.second; });
+    return found;
+  }
+
+  Index by_code_;
+  Index by_symbol_;
+};
+
+}  // namespace
+
+std::vector<ListedScrip> ListScrips(database::Connection& connection) {
+  std::vector<ListedScrip> scrips;
+  for (const auto& row : connection.Open(
+           "Select S.Id,S.Code,S.NCode,S.Name,C.Name,T.Type From Script S "
+           "Left Join ScriptClass C On C.Id=S.ScrCls Left Join ScriptType T On T.Id=S.Type "
+           "Order By S.Name,S.Id")) {
+    scrips.push_back({ScripId{row.Int(std::size_t{0})}, std::string(row.Utf8(1)),
+                      std::string(files::Trimmed(row.Utf8(2))), std::string(row.Utf8(3)),
+                      std::string(row.Utf8(4)), std::string(row.Utf8(5))});
+  }
+  return scrips;
+}
+
+MatchedRates MatchRates(const PriceFile& file, const std::vector<ListedScrip>& scrips) {
+  const ScripFinder finder(scrips);
+  MatchedRates result;
+  for (std::size_t place = 0; place < file.rows.size(); ++place) {
+    const PriceRow& row = file.rows[place];
+    const std::vector<ScripId> found = finder.ScripsOf(row);
+    if (found.empty()) {
+      result.unmatched.push_back(place);
+      continue;
+    }
+    ++result.matched;
+    for (const ScripId scrip : found) {
+      if (row.rate > 0) {
+        result.rates.push_back({scrip, row.rate});
+      }
+    }
+  }
+  return result;
+}
+
+MaybeRefusal ReadRates(database::Connection& connection, const QString& path, text::Date date,
+                       MatchedRates& rates) {
+  PriceFile file;
+  if (MaybeRefusal refusal = ReadPriceFile(path, file)) {
+    return refusal;
+  }
+  if (MaybeRefusal refusal = CheckPrices(file, date)) {
+    return refusal;
+  }
+  rates = MatchRates(file, ListScrips(connection));
+  return std::nullopt;
+}
+
+}  // namespace quorvane::rates

@@ -1,0 +1,226 @@
+#include "masters/imports/ScripImport.h"
+
+#include "core/database/BulkWriter.h"
+#include "core/database/Keys.h"
+#include "core/lookups/Directory.h"
+
+#include <QCoreApplication>
+
+#include <fmt/format.h>
+
+namespace quorvane::imports {
+namespace {
+
+using database::BulkWriter;
+using database::Transaction;
+using lookups::Folded;
+using rates::PriceFile;
+using rates::PriceRow;
+
+constexpr std::string_view kDefaultType = "EQUITY";
+
+/// The scrips that are there, found by either code.
+class StoredScrips {
+ public:
+  explicit StoredScrips(database::Connection& connection) {
+    for (const auto& row : connection.Open(
+             "Select S.Id,S.Code,S.NCode,S.Name,C.Name,T.Type From Script S "
+             "Left Join ScriptClass C On C.Id=S.ScrCls Left Join ScriptType T On T.Id=S.Type "
+             "Order By S.Id")) {
+      scrips_.push_back({ScripId{row.Int(std::size_t{0})}, ScripState::kUnchanged,
+                         std::string(row.Utf8(1)), std::string(row.Utf8(2)),
+                         std::string(row.Utf8(3)), std::string(row.Utf8(4)),
+                         std::string(row.Utf8(5))});
+    }
+    for (std::size_t place = 0; place < scrips_.size(); ++place) {
+      by_code_.try_emplace(Folded(scrips_[place].code), place);
+      if (!scrips_[place].symbol.empty()) {
+        by_symbol_.try_emplace(Folded(scrips_[place].symbol), place);
+      }
+    }
+  }
+
+  const ImportedScrip* Of(const PriceRow& row) const {
+    if (!row.code.empty()) {
+      return Find(by_code_, row.code);
+    }
+    const ImportedScrip* found = Find(by_symbol_, row.symbol);
+    return found != nullptr ? found : Find(by_code_, row.symbol);
+  }
+
+ private:
+  using Index = std::unordered_map<std::string, std::size_t>;
+
+  const ImportedScrip* Find(const Index& index, const std::string& key) const {
+    const auto found = index.find(Folded(key));
+    return found == index.end() ? nullptr : &scrips_[found->second];
+  }
+
+  std::vector<ImportedScrip> scrips_;
+  Index by_code_;
+  Index by_symbol_;
+};
+
+ImportedScrip NewScrip(const PriceRow& row) {
+  return {.code = row.code.empty() ? row.symbol : row.code,
+          .symbol = row.symbol,
+          .name = !row.name.empty()   ? row.name
+                  : !row.code.empty() ? row.code
+                                      : row.symbol,
+          .scrip_class = row.scrip_class,
+          .type = row.type.empty() ? std::string(kDefaultType) : row.type};
+}
+
+// The National exchange's series is no class of a scrip that has one.
+ImportedScrip Changed(const ImportedScrip& stored, const PriceRow& row, const PriceFile& file) {
+  ImportedScrip scrip = stored;
+  const auto take = [&](std::string ImportedScrip::*member, const std::string& value) {
+    if (scrip.*member != value) {
+      scrip.*member = value;
+      scrip.state = ScripState::kChanged;
+    }
+  };
+  const auto take_name = [&](std::string ImportedScrip::*member, const std::string& value) {
+    if (!value.empty() && Folded(scrip.*member) != Folded(value)) {
+      take(member, value);
+    }
+  };
+  if (file.has_names) {
+    take(&ImportedScrip::name, row.name);
+  }
+  if (file.has_symbols || !row.symbol.empty()) {
+    take(&ImportedScrip::symbol, row.symbol);
+  }
+  if (file.exchange != rates::Exchange::kNse || stored.scrip_class.empty()) {
+    take_name(&ImportedScrip::scrip_class, row.scrip_class);
+  }
+  take_name(&ImportedScrip::type, row.type);
+  return scrip;
+}
+
+/// The keys of a small table of names; what is missing is added.
+class NameKeys {
+ public:
+  NameKeys(Transaction& transaction, std::string_view table, std::string_view column)
+      : transaction_(transaction), table_(table) {
+    for (const auto& row : transaction.Open(
+             fmt::format("Select Id,{} From {} Order By Id For Update", column, table))) {
+      keys_.try_emplace(Folded(row.Utf8(1)), row.Int(std::size_t{0}));
+    }
+  }
+
+  int KeyOf(const std::string& name) {
+    if (name.empty()) {
+      return 0;
+    }
+    const auto [place, is_new] = keys_.try_emplace(Folded(name), 0);
+    if (is_new) {
+      place->second = database::NextKey(transaction_, table_);
+      transaction_.Execute(fmt::format("Insert Into {} Values(?,?)", table_), place->second, name);
+    }
+    return place->second;
+  }
+
+ private:
+  Transaction& transaction_;
+  std::string table_;
+  std::unordered_map<std::string, int> keys_;
+};
+
+class ScripWriter {
+ public:
+  explicit ScripWriter(Transaction& transaction)
+      : next_(database::NextKey(transaction, "Script")),
+        classes_(transaction, "ScriptClass", "Name"),
+        types_(transaction, "ScriptType", "Type"),
+        update_(transaction, "Update Script Set Name=?,Type=?,ScrCls=?,NCode=? Where Id=?",
+                "tiiti"),
+        insert_(transaction,
+                "Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) Values(?,?,?,?,?,?)",
+                "ittiit") {}
+
+  void Write(const ImportedScrip& scrip) {
+    const int type = types_.KeyOf(scrip.type);
+    const int scrip_class = classes_.KeyOf(scrip.scrip_class);
+    if (scrip.state == ScripState::kNew) {
+      insert_.Int(next_++).Text(scrip.code).Text(scrip.name).Int(type).Int(scrip_class);
+      insert_.Text(scrip.symbol).EndRow();
+    } else {
+      update_.Text(scrip.name).Int(type).Int(scrip_class).Text(scrip.symbol);
+      update_.Int(scrip.id.value).EndRow();
+    }
+  }
+
+  void Finish() {
+    update_.Finish();
+    insert_.Finish();
+  }
+
+ private:
+  int next_;
+  NameKeys classes_;
+  NameKeys types_;
+  BulkWriter update_;
+  BulkWriter insert_;
+};
+
+void Write(Transaction& transaction, const std::vector<ImportedScrip>& scrips, Progress& progress) {
+  ScripWriter writer(transaction);
+  progress.Begin(QCoreApplication::translate("Imports", "Saving scrips"),
+                 static_cast<std::int64_t>(scrips.size()));
+  for (std::size_t done = 0; done < scrips.size(); ++done) {
+    if (scrips[done].state != ScripState::kUnchanged) {
+      writer.Write(scrips[done]);
+    }
+    progress.Step(static_cast<std::int64_t>(done + 1));
+    progress.ThrowIfCancelled();
+  }
+  writer.Finish();
+}
+
+}  // namespace
+
+std::vector<ImportedScrip> PlanImport(database::Connection& connection, const PriceFile& file) {
+  const StoredScrips stored(connection);
+  std::vector<ImportedScrip> plan;
+  plan.reserve(file.rows.size());
+  for (const PriceRow& row : file.rows) {
+    const ImportedScrip* scrip = stored.Of(row);
+    plan.push_back(scrip == nullptr ? NewScrip(row) : Changed(*scrip, row, file));
+  }
+  return plan;
+}
+
+ImportCounts CountStates(const std::vector<ImportedScrip>& scrips) {
+  ImportCounts counts;
+  for (const ImportedScrip& scrip : scrips) {
+    switch (scrip.state) {
+      case ScripState::kNew:
+        ++counts.added;
+        break;
+      case ScripState::kChanged:
+        ++counts.changed;
+        break;
+      case ScripState::kUnchanged:
+        ++counts.unchanged;
+        break;
+    }
+  }
+  return counts;
+}
+
+ImportCounts ImportScrips(database::Connection& connection, const PriceFile& file,
+                          Progress& progress) {
+  ImportCounts counts;
+  database::InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+    // The key is asked for first: a second writer then waits until this one has ended.
+    database::NextKey(transaction, "Script");
+    const std::vector<ImportedScrip> plan = PlanImport(transaction.GetConnection(), file);
+    counts = CountStates(plan);
+    Write(transaction, plan, progress);
+    return std::nullopt;
+  });
+  return counts;
+}
+
+}  // namespace quorvane::imports

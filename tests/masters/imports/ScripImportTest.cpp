@@ -1,0 +1,156 @@
+#include "masters/Records.h"
+#include "masters/imports/ScripImport.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <memory>
+
+using namespace quorvane;
+using namespace quorvane::imports;
+using rates::Exchange;
+using rates::PriceFile;
+using rates::PriceRow;
+
+namespace {
+
+PriceFile FileOf(Exchange exchange, std::vector<PriceRow> rows) {
+  return {.exchange = exchange,
+          .has_names = exchange != Exchange::kNse,
+          .has_symbols = exchange == Exchange::kOwn,
+          .rows = std::move(rows)};
+}
+
+class StopAfter final : public Progress {
+ public:
+  explicit StopAfter(std::int64_t steps) : steps_(steps) {}
+  void Step(std::int64_t done) override { done_ = done; }
+  bool Cancelled() const override { return done_ >= steps_; }
+
+ private:
+  std::int64_t steps_;
+  std::int64_t done_ = 0;
+};
+
+}  // namespace
+
+Q_DECLARE_METATYPE(quorvane::rates::PriceFile)
+
+class ScripImportTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void init() {
+    test::Empty(**database_, {"Script", "ScriptType", "ScriptClass"});
+    test::TestDatabase& database = *database_;
+    database->Execute("Insert Into ScriptType Values(4,'Equity')");
+    database->Execute("Insert Into ScriptClass Values(2,'A')");
+    database->Execute(
+        "Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) "
+        "Values(7,'500325','RELIANCE',4,2,'RELIANCE'),(9,'500209','INFOSYS',4,2,'INFY')");
+  }
+  void cleanupTestCase() { database_.reset(); }
+
+  void FileChangesAndAddsScrips_data() {
+    QTest::addColumn<PriceFile>("file");
+    QTest::addColumn<QStringList>("scrips");
+    QTest::addColumn<QList<int>>("counts");
+    QTest::newRow("own list: name, class, type and second code are the file's")
+        << FileOf(Exchange::kOwn, {{.code = "500325",
+                                    .symbol = "",
+                                    .name = "O'REL",
+                                    .scrip_class = "b",
+                                    .type = "EQUITY"},
+                                   {.code = "500209",
+                                    .symbol = "INFY",
+                                    .name = "INFOSYS",
+                                    .scrip_class = "a",
+                                    .type = "equity"},
+                                   {.code = "512345",
+                                    .symbol = "NEW",
+                                    .name = "New",
+                                    .scrip_class = "B",
+                                    .type = "DEBENTURE"}})
+        << QStringList({"7|500325|O'REL|Equity|b|", "9|500209|INFOSYS|Equity|A|INFY",
+                        "10|512345|New|DEBENTURE|b|NEW"})
+        << QList<int>{1, 1, 1};
+    QTest::newRow("Bombay file: the second code stays")
+        << FileOf(Exchange::kBse,
+                  {{.code = "500325", .name = "RELIANCE INDS", .scrip_class = "T", .type = ""}})
+        << QStringList(
+               {"7|500325|RELIANCE INDS|Equity|T|RELIANCE", "9|500209|INFOSYS|Equity|A|INFY"})
+        << QList<int>{0, 1, 0};
+    QTest::newRow("National file: found by the second code, the class stays")
+        << FileOf(Exchange::kNse, {{.symbol = "infy", .scrip_class = "EQ"},
+                                   {.symbol = "RELIANCE", .scrip_class = "EQ"},
+                                   {.symbol = "ZEEL", .scrip_class = "EQ"}})
+        << QStringList({"7|500325|RELIANCE|Equity|A|RELIANCE", "9|500209|INFOSYS|Equity|A|infy",
+                        "10|ZEEL|ZEEL|Equity|EQ|ZEEL"})
+        << QList<int>{1, 1, 1};
+  }
+
+  void FileChangesAndAddsScrips() {
+    QFETCH(const PriceFile, file);
+    QFETCH(const QList<int>, counts);
+    Progress progress;
+    const ImportCounts got = ImportScrips(**database_, file, progress);
+    QCOMPARE(QList<int>({int(got.added), int(got.changed), int(got.unchanged)}), counts);
+    QTEST(Scrips(), "scrips");
+    const ImportCounts again = ImportScrips(**database_, file, progress);
+    QCOMPARE(again.added + again.changed, std::size_t{0});
+    QCOMPARE(test::Rows(**database_, "Select Count(*) From ScriptType Where Type='EQUITY'"),
+             QStringList("1"));
+  }
+
+  void CancelledImportChangesNothing() {
+    const QStringList before = test::Contents(**database_, {"Script", "ScriptType", "ScriptClass"});
+    StopAfter progress(2);
+    QVERIFY_THROWS_EXCEPTION(
+        Cancellation,
+        ImportScrips(**database_,
+                     FileOf(Exchange::kBse, {{.code = "1", .name = "A", .scrip_class = "NEW"},
+                                             {.code = "2", .name = "B"},
+                                             {.code = "3", .name = "C"}}),
+                     progress));
+    QCOMPARE(test::Contents(**database_, {"Script", "ScriptType", "ScriptClass"}), before);
+  }
+
+  void FiveThousandRowsTakeLessThanASecond() {
+    PriceFile file = FileOf(Exchange::kBse, {});
+    for (int i = 0; i < 5000; ++i) {
+      file.rows.push_back({.code = std::to_string(600000 + i),
+                           .name = "SCRIP " + std::to_string(i),
+                           .scrip_class = "B",
+                           .type = "EQUITY"});
+    }
+    Progress progress;
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(ImportScrips(**database_, file, progress).added, std::size_t{5000});
+    const qint64 added = timer.restart();
+    for (PriceRow& row : file.rows) {
+      row.name += " LTD";
+    }
+    QCOMPARE(ImportScrips(**database_, file, progress).changed, std::size_t{5000});
+    qInfo("5,000 scrips: added in %lld ms, changed in %lld ms", added, timer.elapsed());
+    // Other work on a shared machine takes its time, too.
+    QVERIFY(added + timer.elapsed() < 10'000);
+  }
+
+ private:
+  QStringList Scrips() {
+    return test::Rows(**database_,
+                      "Select S.Id,S.Code,S.Name,T.Type,C.Name,S.NCode From Script S Join "
+                      "ScriptType T On T.Id=S.Type Join ScriptClass C On C.Id=S.ScrCls Order By "
+                      "S.Id");
+  }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<ScripImportTest> kRegistered;
+
+#include "ScripImportTest.moc"

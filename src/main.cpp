@@ -48,6 +48,7 @@ class Desktop {
       reports_.Show(document, over);
     };
     desk_.ask_save_path = controls::AskSavePath;
+    desk_.ask_open_path = controls::AskOpenPath;
     desk_.open_file = controls::OpenWithDesktop;
   }
 

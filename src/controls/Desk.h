@@ -32,6 +32,11 @@ struct Desk {
   std::function<QString(QWidget* over, const QString& suggested_path)> ask_save_path =
       [](QWidget*, const QString& suggested_path) { return suggested_path; };
 
+  /// Asks for a file to read; empty when the user gives it up. `filters` is of the form
+  /// "Comma separated (*.csv);;All files (*)".
+  std::function<QString(QWidget* over, const QString& folder, const QString& filters)>
+      ask_open_path = [](QWidget*, const QString&, const QString&) { return QString(); };
+
   /// Opens a finished file with the desktop's own program; false when there is none for it.
   std::function<bool(const QString& path)> open_file = [](const QString&) { return true; };
 };

@@ -23,4 +23,9 @@ QString AskSavePath(QWidget* over, const QString& suggested_path) {
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
+QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters) {
+  return QFileDialog::getOpenFileName(
+      over, QCoreApplication::translate("DesktopFiles", "Choose a File"), folder, filters);
+}
+
 }  // namespace quorvane::controls

@@ -12,4 +12,7 @@ bool OpenWithDesktop(const QString& path);
 /// Asks for a file to save into, starting with a suggestion; empty when the user gives it up.
 QString AskSavePath(QWidget* over, const QString& suggested_path);
 
+/// Asks for a file to read, starting in a folder; empty when the user gives it up.
+QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters);
+
 }  // namespace quorvane::controls

@@ -61,6 +61,7 @@ void AddDemoCommand(CLI::App& app, Context& context);
 
 /// Statements of other files than StatementCommands.cpp.
 void AddBrokerLedger(CLI::App& statement, Context& context);
+void AddDematStatements(CLI::App& statement, Context& context);
 
 /// The text as a year, a date, a client, an account; Refused or WrongUsage when it is none.
 text::FinancialYear YearOf(const std::string& text);

@@ -32,6 +32,9 @@ constexpr DemoReportKind kKinds[] = {
     {"profit", MakeStatements<profit::StatementMode::kProfit, profit::Layout::kDetail>},
     {"profit-summary", MakeStatements<profit::StatementMode::kProfit, profit::Layout::kSummary>},
     {"broker-ledger", MakeDemoLedgers},
+    {"demat", MakeDemoDematStatements},
+    {"transactions", MakeDemoTransactions},
+    {"transactions-summary", MakeDemoTransactionSummaries},
 };
 
 }  // namespace

@@ -31,5 +31,11 @@ std::span<const DemoReportKind> DemoReportKinds();
 /// What hands out reports whose commands stand in files of their own.
 void MakeDemoLedgers(Context& context, const lookups::Directory& directory,
                      text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoDematStatements(Context& context, const lookups::Directory& directory,
+                             text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoTransactions(Context& context, const lookups::Directory& directory,
+                          text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoTransactionSummaries(Context& context, const lookups::Directory& directory,
+                                  text::FinancialYear year, const DemoReportKind::Give& give);
 
 }  // namespace quorvane::cli

@@ -136,6 +136,7 @@ void AddStatementCommands(CLI::App& app, Context& context) {
   AddStatement(*statement, context, "capital-gain", "Capital gain statement",
                profit::StatementMode::kCapitalGain);
   AddBrokerLedger(*statement, context);
+  AddDematStatements(*statement, context);
 }
 
 }  // namespace quorvane::cli

@@ -1,0 +1,181 @@
+#include "cli/Command.h"
+#include "cli/DemoReports.h"
+#include "cli/ReportCommand.h"
+#include "reports/demat/StatementDocument.h"
+#include "reports/demat/TransactionDocument.h"
+
+namespace quorvane::cli {
+namespace {
+
+using report::OutputFormat;
+
+struct DematOptions {
+  ScopeOptions scope;
+  std::string layout = "detail";
+  bool account_wise = false;
+  OutputOptions output;
+};
+
+/// The demat statement for ClientReports.
+struct DematReport {
+  using Part = demat::ScripMovements;
+
+  DematReport(const DematOptions&, Scope scope)
+      : query{scope.client, scope.year, scope.period, std::move(scope.accounts),
+              std::move(scope.scrips)} {}
+
+  template <class Give>
+  void Build(database::Connection& connection, Progress& progress, const Give& give) const {
+    demat::BuildStatement(connection, query, progress, give);
+  }
+  report::ReportDocument Document(ClientId client, std::span<const Part> parts,
+                                  const lookups::Directory& directory) const {
+    return demat::MakeStatementDocument(query, client, parts, directory);
+  }
+  static void Header(std::string& out) { demat::AppendStatementCsvHeader(out); }
+  static void Csv(std::string& out, std::span<const Part> parts,
+                  const lookups::Directory& directory) {
+    demat::AppendStatementCsv(out, parts, directory);
+  }
+
+  demat::StatementQuery query;
+};
+
+/// The transaction report for ClientReports.
+struct TransactionsReport {
+  using Part = demat::TransactionSection;
+
+  TransactionsReport(const DematOptions& options, Scope scope)
+      : query{scope.client,
+              scope.year,
+              scope.period,
+              std::move(scope.accounts),
+              std::move(scope.scrips),
+              options.layout == "summary" ? demat::TransactionLayout::kSummarized
+                                          : demat::TransactionLayout::kDetailed,
+              options.account_wise} {}
+
+  template <class Give>
+  void Build(database::Connection& connection, Progress& progress, const Give& give) const {
+    demat::BuildTransactions(connection, query, progress, give);
+  }
+  report::ReportDocument Document(ClientId client, std::span<const Part> parts,
+                                  const lookups::Directory& directory) const {
+    return demat::MakeTransactionDocument(query, client, parts, directory);
+  }
+  static void Header(std::string& out) { demat::AppendTransactionCsvHeader(out); }
+  static void Csv(std::string& out, std::span<const Part> parts,
+                  const lookups::Directory& directory) {
+    demat::AppendTransactionCsv(out, parts, directory);
+  }
+
+  demat::TransactionQuery query;
+};
+
+/// Hands out a client's report after the other.
+template <class Report>
+class ClientReports {
+ public:
+  ClientReports(Context& context, const DematOptions& options)
+      : context_(context),
+        options_(options),
+        output_(context, options.output, options.scope.all),
+        directory_(context.Connection()),
+        report_(options, ScopeOf(options.scope, directory_)) {}
+
+  void Run() {
+    using Part = typename Report::Part;
+    const auto progress = context_.MakeProgress();
+    report_.Build(context_.Connection(), *progress,
+                  [this](ClientId client, std::span<const Part> parts) { Take(client, parts); });
+    if (output_.IsFirst() && !(options_.scope.all && output_.ToFiles())) {
+      Take(report_.query.client.value_or(ClientId{}), {});
+    }
+  }
+
+ private:
+  void Take(ClientId client, std::span<const typename Report::Part> parts) {
+    const std::string& name = directory_.Client(client).code;
+    if (options_.output.Format() != OutputFormat::kCsv) {
+      output_.Take(report_.Document(client, parts, directory_), name);
+      return;
+    }
+    std::string text;
+    if (output_.IsFirst() || output_.ToFiles()) {
+      Report::Header(text);
+    }
+    Report::Csv(text, parts, directory_);
+    output_.TakeText(text, name);
+  }
+
+  Context& context_;
+  const DematOptions& options_;
+  ReportOutput output_;
+  lookups::Directory directory_;
+  Report report_;
+};
+
+/// The whole of every client's year, for the demonstration.
+template <class Report>
+void MakeDemo(Context& context, const lookups::Directory& directory, const Report& report,
+              bool with_csv, const DemoReportKind::Give& give) {
+  using Part = typename Report::Part;
+  Progress progress;
+  report.Build(context.Connection(), progress, [&](ClientId client, std::span<const Part> parts) {
+    DemoReport demo{client, report.Document(client, parts, directory)};
+    if (with_csv) {
+      Report::Header(demo.csv.emplace());
+      Report::Csv(*demo.csv, parts, directory);
+    }
+    give(demo);
+  });
+}
+
+void MakeDemoOf(Context& context, const lookups::Directory& directory, text::FinancialYear year,
+                const char* layout, const DemoReportKind::Give& give) {
+  DematOptions options;
+  options.layout = layout;
+  const Scope scope{{}, year, report::Period::Of(year), {}, {}};
+  MakeDemo(context, directory, TransactionsReport(options, scope), options.layout == "detail",
+           give);
+}
+
+}  // namespace
+
+void MakeDemoDematStatements(Context& context, const lookups::Directory& directory,
+                             text::FinancialYear year, const DemoReportKind::Give& give) {
+  const Scope scope{{}, year, report::Period::Of(year), {}, {}};
+  MakeDemo(context, directory, DematReport({}, scope), true, give);
+}
+
+void MakeDemoTransactions(Context& context, const lookups::Directory& directory,
+                          text::FinancialYear year, const DemoReportKind::Give& give) {
+  MakeDemoOf(context, directory, year, "detail", give);
+}
+
+void MakeDemoTransactionSummaries(Context& context, const lookups::Directory& directory,
+                                  text::FinancialYear year, const DemoReportKind::Give& give) {
+  MakeDemoOf(context, directory, year, "summary", give);
+}
+
+void AddDematStatements(CLI::App& statement, Context& context) {
+  auto options = std::make_shared<DematOptions>();
+  CLI::App* demat = statement.add_subcommand("demat", "Demat account statement");
+  AddScopeOptions(*demat, options->scope);
+  AddOutputOptions(*demat, options->output);
+  demat->callback([&context, options] { ClientReports<DematReport>(context, *options).Run(); });
+
+  options = std::make_shared<DematOptions>();
+  CLI::App* transactions = statement.add_subcommand("transactions", "Transaction report");
+  AddScopeOptions(*transactions, options->scope);
+  transactions
+      ->add_option("--layout", options->layout,
+                   "detail: every line; summary: one line a bill, scrip and side")
+      ->check(CLI::IsMember({"detail", "summary"}));
+  transactions->add_flag("--account-wise", options->account_wise, "Each account by itself");
+  AddOutputOptions(*transactions, options->output);
+  transactions->callback(
+      [&context, options] { ClientReports<TransactionsReport>(context, *options).Run(); });
+}
+
+}  // namespace quorvane::cli

@@ -1,0 +1,122 @@
+#include "reports/demat/DematStatement.h"
+
+#include "core/text/Amounts.h"
+#include "reports/demat/MovementReader.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace quorvane::demat {
+namespace {
+
+constexpr double kLeastQuantity = 0.0000005;  // quantities have six decimals
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("DematStatement", text);
+}
+
+bool IsNothing(double quantity) {
+  return std::abs(quantity) < kLeastQuantity;
+}
+
+Movement KindOf(const RawMovement& raw) {
+  switch (raw.kind) {
+    case RawMovement::Kind::kOpening:
+      return Movement::kOpening;
+    case RawMovement::Kind::kBill:
+      if (IsNothing(raw.out)) {
+        return Movement::kPurchase;
+      }
+      return IsNothing(raw.in) ? Movement::kSale : Movement::kPurchaseAndSale;
+    case RawMovement::Kind::kTransfer:
+      break;
+  }
+  return IsNothing(raw.out) ? Movement::kTransferFrom : Movement::kTransferTo;
+}
+
+QString ParticularsOf(Movement movement, const RawMovement& raw, const MovementReader& reader) {
+  switch (movement) {
+    case Movement::kOpening:
+      return Tr("Opening Balance");
+    case Movement::kPurchase:
+      return Tr("(P) - ") + reader.BrokerName(raw.other);
+    case Movement::kSale:
+      return Tr("(S) - ") + reader.BrokerName(raw.other);
+    case Movement::kPurchaseAndSale:
+      return Tr("(P & S) - ") + reader.BrokerName(raw.other);
+    case Movement::kTransferTo:
+      return Tr("Transfer To - ") + reader.AccountNumber(raw.other);
+    case Movement::kTransferFrom:
+      return Tr("Transfer From - ") + reader.AccountNumber(raw.other);
+  }
+  return {};
+}
+
+/// The lines of one scrip in one account.
+class LineMaker {
+ public:
+  LineMaker(const StatementQuery& query, const MovementReader& reader)
+      : query_(query), reader_(reader), folds_(query.period.from > query.year.FirstDay()) {}
+
+  std::vector<StatementLine> Make(std::span<const RawMovement> movements) const {
+    std::vector<StatementLine> lines;
+    double balance = 0;
+    const auto is_before = [this](const RawMovement& raw) {
+      return folds_ && (raw.kind == RawMovement::Kind::kOpening || raw.date < query_.period.from);
+    };
+    for (const RawMovement& raw : movements) {
+      if (is_before(raw)) {
+        balance = text::Tidy(balance + raw.in - raw.out);
+      }
+    }
+    if (!IsNothing(balance)) {
+      lines.push_back({Movement::kOpening, query_.period.from, Tr("Opening Balance"),
+                       std::max(balance, 0.0), std::max(-balance, 0.0), balance});
+    }
+    for (const RawMovement& raw : movements) {
+      if (!is_before(raw) && !(IsNothing(raw.in) && IsNothing(raw.out))) {
+        balance = text::Tidy(balance + raw.in - raw.out);
+        const Movement movement = KindOf(raw);
+        lines.push_back({movement, raw.date, ParticularsOf(movement, raw, reader_), raw.in, raw.out,
+                         IsNothing(balance) ? 0 : balance});
+      }
+    }
+    return lines;
+  }
+
+ private:
+  const StatementQuery& query_;
+  const MovementReader& reader_;
+  bool folds_;
+};
+
+}  // namespace
+
+void BuildStatement(database::Connection& connection, const StatementQuery& query,
+                    Progress& progress,
+                    const std::function<void(ClientId, std::span<const ScripMovements>)>& give) {
+  MovementReader reader(connection, query, progress);
+  const std::vector<RawMovement> all = reader.Read();
+  const LineMaker maker(query, reader);
+  std::vector<ScripMovements> of_client;
+  for (std::size_t first = 0; first < all.size();) {
+    std::size_t next = first + 1;
+    while (next < all.size() && all[next].IsSamePlace(all[first])) {
+      ++next;
+    }
+    ScripMovements scrip{reader.AccountOf(all[first]), reader.ScripOf(all[first]),
+                         maker.Make(std::span(all).subspan(first, next - first))};
+    if (!scrip.lines.empty()) {
+      of_client.push_back(std::move(scrip));
+    }
+    const bool last = next == all.size() || all[next].client_rank != all[first].client_rank;
+    if (last && !of_client.empty()) {
+      give(reader.ClientOf(all[first]), of_client);
+      of_client.clear();
+    }
+    first = next;
+  }
+}
+
+}  // namespace quorvane::demat

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "core/Progress.h"
+#include "core/database/Connection.h"
+#include "reports/period/Period.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorvane::demat {
+
+using text::Date;
+
+/// What a demat statement is made of.
+struct StatementQuery {
+  std::optional<ClientId> client;  ///< every client when there is none
+  text::FinancialYear year;
+  report::Period period;
+  std::vector<AccountId> accounts;  ///< all when empty, records without an account included
+  std::vector<ScripId> scrips;      ///< all when empty
+};
+
+enum class Movement : std::uint8_t {
+  kOpening,          ///< stock of one purchase date, or all that came before the period
+  kPurchase,         ///< a bill that bought the scrip
+  kSale,             ///< a bill that sold it
+  kPurchaseAndSale,  ///< a bill that did both
+  kTransferTo,       ///< out, to another account
+  kTransferFrom      ///< in, from another account
+};
+
+/// One line of the statement; quantities in shares.
+struct StatementLine {
+  Movement movement = Movement::kOpening;
+  Date date;
+  QString particulars;
+  double in = 0;
+  double out = 0;
+  double balance = 0;  ///< after the line, of the scrip in the account
+};
+
+struct ScripMovements {
+  AccountId account;
+  ScripId scrip;
+  std::vector<StatementLine> lines;  ///< never empty
+};
+
+/// Hands out the movements of each client that has any, clients by code; in each the accounts by
+/// number, in each the scrips by name. Lines are in the order of their dates; of one date opening
+/// stock comes first, then bills by key, then transfers by key. A bill is one line a scrip.
+/// Transfers count whichever client they were entered for.
+///
+/// Opening stock is listed by its purchase dates. When the period begins after the year does, the
+/// opening stock and all movements before the period are one line dated with its first day; where
+/// nothing is left of them there is none.
+///
+/// One query a table, whatever the number of clients. The span lasts as long as the call. Throws
+/// DatabaseError, Cancellation, or std::runtime_error for a bill or transfer whose date cannot be
+/// read: leaving it out would lose it.
+void BuildStatement(database::Connection& connection, const StatementQuery& query,
+                    Progress& progress,
+                    const std::function<void(ClientId, std::span<const ScripMovements>)>& give);
+
+}  // namespace quorvane::demat

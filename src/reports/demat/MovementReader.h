@@ -1,0 +1,82 @@
+#pragma once
+
+#include "reports/demat/DematStatement.h"
+#include "reports/demat/Ranking.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace quorvane::demat {
+
+/// A quantity that came into an account or left it, as a document has it. In the order of the
+/// statement: place by place, in each by date, kind and key.
+struct RawMovement {
+  enum class Kind : std::uint8_t { kOpening, kBill, kTransfer };
+
+  std::uint32_t client_rank = 0;
+  std::uint32_t account_rank = 0;
+  std::uint32_t scrip_rank = 0;
+  Date date;
+  Kind kind = Kind::kOpening;
+  int document = 0;  ///< key of the bill or transfer; 0 for opening stock
+  int other = 0;     ///< the broker, or the account at the other end
+  double in = 0;
+  double out = 0;
+
+  bool IsSamePlace(const RawMovement& that) const {
+    return client_rank == that.client_rank && account_rank == that.account_rank &&
+           scrip_rank == that.scrip_rank;
+  }
+};
+
+/// Reads everything that moved shares in a year, with one query a table.
+class MovementReader {
+ public:
+  MovementReader(database::Connection& connection, const StatementQuery& query, Progress& progress);
+
+  /// Sorted; the lines of one bill and scrip are one movement.
+  std::vector<RawMovement> Read();
+
+  ClientId ClientOf(const RawMovement& movement) const;
+  AccountId AccountOf(const RawMovement& movement) const;
+  ScripId ScripOf(const RawMovement& movement) const;
+  QString BrokerName(int broker) const { return Text(brokers_, broker); }
+  QString AccountNumber(int account) const { return Text(numbers_, account); }
+
+ private:
+  using Texts = std::unordered_map<int, QString>;
+
+  struct Bill {
+    Date date;
+    int account = 0;
+    int broker = 0;
+  };
+
+  static QString Text(const Texts& texts, int id);
+  void ReadMasters();
+  void ReadOpenings();
+  void ReadBills();
+  void ReadLines();
+  void ReadTransfers();
+  database::Recordset OpenOfYear(std::string_view sql) const;
+  RawMovement* Add(int client, int account, int scrip);
+  void Sort();
+  void Step();
+
+  database::Connection& connection_;
+  const StatementQuery& query_;
+  Progress& progress_;
+  int steps_ = 0;
+  Ranking clients_;
+  Ranking accounts_;
+  Ranking scrips_;
+  std::unordered_map<int, int> owners_;
+  Texts numbers_;
+  Texts brokers_;
+  std::unordered_map<int, Bill> bills_;
+  std::vector<RawMovement> movements_;
+};
+
+}  // namespace quorvane::demat

@@ -1,0 +1,143 @@
+#include "reports/demat/TransactionDocument.h"
+
+#include "core/text/Amounts.h"
+
+#include <QCoreApplication>
+
+#include <cstdlib>
+
+namespace quorvane::demat {
+namespace {
+
+using report::Cell;
+using report::Row;
+using report::RowKind;
+using report::Table;
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("TransactionReport", text);
+}
+
+QString Utf8(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+Cell Paise(std::int64_t paise) {
+  return text::FromPaise(paise);
+}
+
+Table NewTable() {
+  Table table;
+  table.columns = {report::QuantityColumn(Tr("S.No")),      report::DateColumn(Tr("Date")),
+                   report::TextColumn(Tr("Company Name")),  report::TextColumn(Tr("Transaction")),
+                   report::QuantityColumn(Tr("Quantity")),  report::AmountColumn(Tr("Rate")),
+                   report::AmountColumn(Tr("Trade Value")), report::AmountColumn(Tr("Brokerage")),
+                   report::AmountColumn(Tr("S.Tax")),       report::AmountColumn(Tr("S.T.T.")),
+                   report::AmountColumn(Tr("Total"))};
+  return table;
+}
+
+Row LineRow(int number, const TransactionLine& line, const lookups::Directory& directory) {
+  return {RowKind::kData,
+          {static_cast<double>(number), line.date, Utf8(directory.Scrip(line.scrip).name),
+           line.purchase ? Tr("Buy") : Tr("Sell"), line.quantity, line.rate,
+           Paise(line.money.trade_value), Paise(line.money.brokerage),
+           Paise(line.money.service_tax), Paise(line.money.stt), Paise(line.money.total)}};
+}
+
+Row AmountRow(RowKind kind, const QString& label, double amount) {
+  Row row{kind, std::vector<Cell>(11)};
+  row.cells[2] = label;
+  row.cells[10] = amount;
+  return row;
+}
+
+void AddTotals(Table& table, const QString& label, const TransactionSums& sums,
+               const TransactionClosing& closing) {
+  table.rows.push_back(
+      {RowKind::kTotal,
+       {Cell(), Cell(), label, Cell(), Cell(), Cell(), Paise(sums.trade_value),
+        Paise(sums.brokerage), Paise(sums.service_tax), Paise(sums.stt), Paise(sums.total)}});
+  for (const ClosingLine& line : ClosingLines(closing)) {
+    table.rows.push_back(AmountRow(RowKind::kData, line.label, line.amount));
+  }
+  table.rows.push_back(AmountRow(RowKind::kNetTotal, ClosingCaption(closing),
+                                 text::FromPaise(std::abs(closing.Amount()))));
+}
+
+Table BrokerTable(const BrokerTransactions& broker, const lookups::Directory& directory) {
+  Table table = NewTable();
+  table.titles = {broker.name};
+  int number = 0;
+  for (const TransactionLine& line : broker.lines) {
+    table.rows.push_back(LineRow(++number, line, directory));
+  }
+  AddTotals(table, Tr("Total"), broker.sums, broker.closing);
+  return table;
+}
+
+void AddSection(report::ReportDocument& document, const TransactionSection& section,
+                const lookups::Directory& directory) {
+  const std::size_t first = document.tables.size();
+  for (const BrokerTransactions& broker : section.brokers) {
+    document.tables.push_back(BrokerTable(broker, directory));
+  }
+  if (section.brokers.size() > 1) {
+    Table table = NewTable();
+    table.titles = {Tr("All Brokers")};
+    AddTotals(table, Tr("TOTAL"), section.sums, section.closing);
+    document.tables.push_back(std::move(table));
+  }
+  if (section.account && first < document.tables.size()) {
+    document.tables[first].titles.prepend(AccountLine(*section.account, directory));
+  }
+}
+
+}  // namespace
+
+QString TransactionTitle(TransactionLayout layout) {
+  return layout == TransactionLayout::kSummarized ? Tr("TRANSACTION REPORT")
+                                                  : Tr("EQUITY TRANSACTION REPORT");
+}
+
+QString AccountLine(AccountId account, const lookups::Directory& directory) {
+  return account ? Tr("Demat A/c No. ") + Utf8(directory.Account(account).number)
+                 : Tr("Without Demat A/c");
+}
+
+QString AccountsLine(const TransactionQuery& query, const lookups::Directory& directory) {
+  if (query.accounts.empty()) {
+    return Tr("All Demat A/c");
+  }
+  QStringList numbers;
+  for (const AccountId account : query.accounts) {
+    numbers << Utf8(directory.Account(account).number);
+  }
+  return Tr("Demat A/c No. ") + numbers.join(QStringLiteral(", "));
+}
+
+std::vector<ClosingLine> ClosingLines(const TransactionClosing& closing) {
+  return {{Tr("Total :"), text::FromPaise(closing.net)},
+          {Tr("Add/Less: Other Charges :"), text::FromPaise(closing.other_charges)},
+          {Tr("Add/Less: S.T.T. :"), text::FromPaise(closing.stt)},
+          {Tr("Add/Less: Trans. Charges :"), text::FromPaise(closing.transaction_charges)}};
+}
+
+report::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
+                                               std::span<const TransactionSection> sections,
+                                               const lookups::Directory& directory) {
+  const lookups::ClientEntry& entry = directory.Client(client);
+  report::ReportDocument document;
+  document.titles = {TransactionTitle(query.layout),
+                     Utf8(entry.name) + QStringLiteral(" (") + Utf8(entry.code) + QLatin1Char(')'),
+                     report::PeriodLine(query.period)};
+  if (!query.account_wise) {
+    document.titles << AccountsLine(query, directory);
+  }
+  for (const TransactionSection& section : sections) {
+    AddSection(document, section, directory);
+  }
+  return document;
+}
+
+}  // namespace quorvane::demat

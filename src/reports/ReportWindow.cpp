@@ -347,8 +347,12 @@ void ReportWindow::mnupreview_Click() {
 
 void ReportWindow::mnuword_Click() {
   if (const auto document = MakeOutput()) {
-    WriteAndOpen(*document, OutputFormat::kRtf);
+    WriteWord(*document);
   }
+}
+
+void ReportWindow::WriteWord(const ReportDocument& document) {
+  WriteAndOpen(document, OutputFormat::kRtf);
 }
 
 void ReportWindow::mnuexcel_Click() {
@@ -402,6 +406,10 @@ void ReportWindow::WriteAndOpen(const ReportDocument& document, OutputFormat for
   }
   const QString path = folder.filePath(FileName(document) + ExtensionOf(format));
   Write(document, format, path);
+  Open(path);
+}
+
+void ReportWindow::Open(const QString& path) {
   if (!TheDesk().open_file(path)) {
     Say().Inform(tr("The report lies in %1. No program that opens it was found.").arg(path));
   }

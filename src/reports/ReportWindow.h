@@ -142,6 +142,9 @@ class ReportWindow : public controls::ChildWindow {
   virtual void WriteWorkbook(const ReportDocument& document, const QString& path,
                              Progress& progress);
 
+  /// Writes and opens the document for a word processor.
+  virtual void WriteWord(const ReportDocument& document);
+
   /// Name of a written file without its extension.
   virtual QString FileName(const ReportDocument& document) const;
 
@@ -150,6 +153,9 @@ class ReportWindow : public controls::ChildWindow {
 
   /// Writes into the folder of reports and opens the file with the desktop's own program.
   void WriteAndOpen(const ReportDocument& document, OutputFormat format);
+
+  /// Opens a written file with the desktop's own program, or tells where it lies.
+  void Open(const QString& path);
 
   /// Asks for the place and writes.
   void WriteWhereAsked(const ReportDocument& document, OutputFormat format);

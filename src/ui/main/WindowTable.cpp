@@ -7,6 +7,7 @@
 #include "masters/lookup_masters/FrmLookup.h"
 #include "masters/participants/FrmDepPart.h"
 #include "masters/scrips/FrmScript.h"
+#include "reports/demat/RptDMatStatement.h"
 #include "reports/profit/RptProfitStatement.h"
 #include "transactions/bills/FrmSalePurchase.h"
 #include "transactions/broker_ledger/RptBrokerLedger.h"
@@ -55,6 +56,8 @@ const std::map<QString, Maker>& Makers() {
       {QStringLiteral("frmdeppart"), Make<participants::FrmDepPart>},
       {QStringLiteral("frmbroker"), Make<brokers::FrmBroker>},
       {QStringLiteral("frmscript"), Make<scrips::FrmScript>},
+      {QStringLiteral("rptdmatstatement"), Make<demat::RptDMatStatement>},
+      {QStringLiteral("rpttransaction"), Make<demat::RptDMatStatement>},
       {QStringLiteral("rptprofitstatement"), Make<profit::RptProfitStatement>},
       {QStringLiteral("rptcapitalgain"), Make<profit::RptProfitStatement>},
       {QStringLiteral("frmscripttype"), MakeLookup<LookupKind::kScripTypes>},

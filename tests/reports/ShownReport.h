@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/lookups/Directory.h"
+#include "masters/ShownWindow.h"
+#include "reports/screen/ReportGridView.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace quorvane::test {
+
+/// A report window over a test database, with what leaves it written down. The shipped files lie in
+/// a folder of its own.
+template <class Window>
+struct ShownReport {
+  ShownReport(TestDatabase& database, const QString& target, const char* client, int year) {
+    session.connection = std::make_unique<database::Connection>(database.Settings());
+    session.folders = app::Folders::At(folder.path());
+    app::InstallShippedFiles(session.folders, QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped"));
+    const lookups::Directory directory(*session.connection);
+    const lookups::ClientEntry* found = directory.FindClient(client);
+    session.current = ClientYear{found->id, text::FinancialYear(year)};
+    session.current_client_name = QString::fromStdString(found->name);
+    session.target = target;
+    desk.open_file = [this](const QString& path) {
+      opened.append(path);
+      return true;
+    };
+    window = std::make_unique<Window>(desk);
+    window->show();
+    window->activateWindow();
+    if (!QTest::qWaitForWindowActive(window.get())) {
+      throw std::runtime_error("the window does not become active");
+    }
+  }
+
+  template <class Control>
+  Control* Named(const QString& name) const {
+    return window->template findChild<Control*>(name);
+  }
+  void Click(const QString& button) const { Named<QAbstractButton>(button)->click(); }
+  void Menu(const QString& action) const { Named<QAction>(action)->trigger(); }
+  void Choose(const QString& combo, const QString& text) const {
+    auto* box = Named<QComboBox>(combo);
+    box->setCurrentIndex(box->findText(text));
+  }
+  QString TextIn(const QString& box) const { return Named<QLineEdit>(box)->text(); }
+  void Enter(const QString& box, const QString& text) const {
+    Named<QLineEdit>(box)->setText(text);
+  }
+  const report::ReportModel& Screen() const { return Named<report::ReportGridView>("VS")->Model(); }
+
+  QTemporaryDir folder;
+  app::Session session;
+  RecordingMessages messages;
+  controls::Desk desk{session, messages, [] { return *text::MakeDate(15, 11, 2011); }};
+  QStringList opened;
+  std::unique_ptr<Window> window;
+};
+
+}  // namespace quorvane::test

@@ -119,7 +119,9 @@ void Grid::SelectId(int id) {
 
 int Grid::AddRow(Row row) {
   const int at = model_->AddRow(std::move(row));
-  const QModelIndex first = NextEditable(model_->index(at, 0), true);
+  // The cell before the row's first one: the search begins behind it.
+  const QModelIndex before = model_->index(at - 1, model_->columnCount() - 1);
+  const QModelIndex first = NextEditable(before, true);
   if (first.isValid()) {
     setCurrentIndex(first);
   } else {
@@ -222,7 +224,8 @@ QModelIndex Grid::NextEditable(const QModelIndex& from, bool forward) const {
   const int columns = model_->columnCount();
   const int cells = model_->RowCount() * columns;
   const int step = forward ? 1 : -1;
-  for (int at = from.row() * columns + from.column() + step; at >= 0 && at < cells; at += step) {
+  const int start = from.isValid() ? from.row() * columns + from.column() : -1;
+  for (int at = start + step; at >= 0 && at < cells; at += step) {
     const QModelIndex cell = model_->index(at / columns, at % columns);
     if ((cell.flags() & Qt::ItemIsEditable) != 0 && !isColumnHidden(cell.column())) {
       return cell;

@@ -189,7 +189,6 @@ void RecordWindow::cmdCancel_Click() {
   SetEditing(false);
   ShowList();
   ShowRecord(list_->CurrentId());
-  list_->setFocus(Qt::OtherFocusReason);
 }
 
 void RecordWindow::CmdDelete_Click() {
@@ -248,13 +247,18 @@ void RecordWindow::SetEditing(bool editing) {
 
 void RecordWindow::Enable() {
   const bool chosen = list_->CurrentId() != 0;
+  list_->setEnabled(!editing_);
+  if (!editing_ && details_->isEnabled() && isVisible()) {
+    // Before the buttons and boxes rest: the focus would wander over other controls.
+    ShowList();
+    list_->setFocus(Qt::OtherFocusReason);
+  }
+  details_->setEnabled(editing_);
   cmdAdd->setEnabled(!editing_);
   cmdModify->setEnabled(!editing_ && chosen);
   CmdDelete->setEnabled(!editing_ && chosen);
   cmdUpdate->setEnabled(editing_);
   cmdCancel->setEnabled(editing_);
-  list_->setEnabled(!editing_);
-  details_->setEnabled(editing_);
   StateChanged();
 }
 

@@ -8,6 +8,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 #include <cerrno>
 #include <csignal>
 #include <stdexcept>
@@ -97,6 +101,17 @@ QString FindProgram(const QString& name) {
   return QStandardPaths::findExecutable(
       name, {QStringLiteral("/usr/sbin"), QStringLiteral("/usr/local/sbin"),
              QStringLiteral("/usr/libexec"), QStringLiteral("/usr/bin")});
+}
+
+bool ShowWindowTitled(const QString& title) {
+#ifdef Q_OS_WIN
+  const std::wstring name = title.toStdWString();
+  const HWND window = FindWindowW(nullptr, name.c_str());
+  return window != nullptr && (ShowWindow(window, SW_SHOWNORMAL), SetForegroundWindow(window));
+#else
+  static_cast<void>(title);
+  return false;
+#endif
 }
 
 }  // namespace quorvane::platform

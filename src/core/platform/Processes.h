@@ -31,4 +31,8 @@ QString ShortPrivateFolder(const QString& name);
 /// servers too, which are not on every user's path.
 QString FindProgram(const QString& name);
 
+/// Shows the top-level window of another program by its title, in its normal size. False when there
+/// is none, and on systems that let no program do that.
+bool ShowWindowTitled(const QString& title);
+
 }  // namespace quorvane::platform

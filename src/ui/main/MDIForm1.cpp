@@ -173,6 +173,10 @@ void MDIForm1::BuildHead() {
   lblSensex->setToolTip(tr("Starts the market-rate tool"));
   guard_.Connect(lblSensex, &QAbstractButton::clicked, this, &MDIForm1::lblSensex_Click,
                  QStringLiteral("lblSensex_Click"));
+  auto* loaded = new ZENButton(QStringLiteral("lblLoaded"), tr("Show Market Rates"));
+  loaded->setToolTip(tr("Brings the market-rate tool to the front"));
+  guard_.Connect(loaded, &QAbstractButton::clicked, this, &MDIForm1::lblLoaded_Click,
+                 QStringLiteral("lblLoaded_Click"));
   auto* updates = new ZENButton(QStringLiteral("LblChkUpdate"), tr("Check For Updates"));
   guard_.Connect(updates, &QAbstractButton::clicked, this, &MDIForm1::LblChkUpdate_Click,
                  QStringLiteral("LblChkUpdate_Click"));
@@ -181,6 +185,7 @@ void MDIForm1::BuildHead() {
   LblTime = new QLabel;
   LblTime->setObjectName(QStringLiteral("LblTime"));
   line->addWidget(lblSensex);
+  line->addWidget(loaded);
   line->addWidget(updates);
   line->addStretch(1);
   line->addWidget(LblDate);
@@ -253,14 +258,31 @@ void MDIForm1::lblSensex_Click() {
   StartTool(kMarketRateTool);
 }
 
+void MDIForm1::lblLoaded_Click() {
+  if (!ShowTool(kMarketRateTool)) {
+    desk_.messages.Inform(tr("Couldn't find Window %1").arg(kMarketRateTool));
+  }
+}
+
 void MDIForm1::mnuConverter_Click() {
   StartTool(kConverterTool);
 }
 
-void MDIForm1::StartTool(const QString& name) {
+/// Brings a tool that runs to the front, or says that it runs where the desktop does not let one
+/// program show the window of another. False when it does not run.
+bool MDIForm1::ShowTool(const QString& name) {
+  if (tools_.Show(name)) {
+    return true;
+  }
   if (tools_.IsRunning(name)) {
     desk_.messages.Inform(tr("%1 is running already.").arg(name));
-  } else if (!tools_.Start(name)) {
+    return true;
+  }
+  return false;
+}
+
+void MDIForm1::StartTool(const QString& name) {
+  if (!ShowTool(name) && !tools_.Start(name)) {
     desk_.messages.Refuse(
         tr("Couldn't start %1. Expected the program as %2.").arg(name, tools_.PathOf(name)));
   }
@@ -393,7 +415,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
                             Icon::kInformation)) {
       return;
     }
-    if (desk_.messages.Ask(tr("Do you Want to take BackUp of Database?"), Answer::kNo,
+    if (desk_.messages.Ask(tr("Do you want to take BackUp of Database?"), Answer::kNo,
                            Icon::kInformation)) {
       closing_confirmed_ = true;
       guard_.Run(QStringLiteral("mnuBackUp_Click"), [this] { mnuBackUp_Click(); });

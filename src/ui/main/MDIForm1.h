@@ -60,12 +60,14 @@ class MDIForm1 : public QMainWindow {
   void OpenModal(const QString& name);
   void ChildClosed();
   void EnableButtons(bool enabled);
+  bool ShowTool(const QString& name);
   void StartTool(const QString& name);
 
   void Timer1_Timer();
   void cmdSensex();
   void ShowHeadline(const QString& headline);
   void lblSensex_Click();
+  void lblLoaded_Click();
   void LblChkUpdate_Click();
   void mnuBackUp_Click();
   void mnuMisc_Click();

@@ -1,5 +1,7 @@
 #include "ui/main/OutsideTools.h"
 
+#include "core/platform/Processes.h"
+
 #include <QFileInfo>
 
 namespace quorvane::ui {
@@ -20,6 +22,10 @@ QString OutsideTools::PathOf(const QString& name) const {
 bool OutsideTools::IsRunning(const QString& name) const {
   const auto found = running_.find(name);
   return found != running_.end() && found->second->state() != QProcess::NotRunning;
+}
+
+bool OutsideTools::Show(const QString& name) const {
+  return platform::ShowWindowTitled(name);
 }
 
 bool OutsideTools::Start(const QString& name) {

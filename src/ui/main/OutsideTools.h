@@ -19,6 +19,10 @@ class OutsideTools : public QObject {
 
   bool IsRunning(const QString& name) const;
 
+  /// Brings the program's window to the front; false when it does not run, or where the desktop
+  /// does not let one program show the window of another.
+  bool Show(const QString& name) const;
+
   /// Starts the program unless it runs already. False when it is not installed or does not start.
   bool Start(const QString& name);
 

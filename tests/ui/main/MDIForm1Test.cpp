@@ -1,0 +1,163 @@
+#include "support/TestMain.h"
+#include "ui/main/MenuTable.h"
+#include "ui/main/ShownMain.h"
+
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QSignalSpy>
+
+using namespace quorvane;
+using test::LocalExchange;
+using test::ShownMain;
+
+namespace {
+
+const QString kQuit = QStringLiteral("Do You Want to Close the Application?");
+const QString kQuitBackUp = QStringLiteral("Do you Want to take BackUp of Database?");
+const QString kClose = QStringLiteral("Do You want to Close the Applicaltion?");
+const QString kCloseBackUp = QStringLiteral("Do you want to take BackUp of Database?");
+const QString kLogOut = QStringLiteral("Are You Sure You Want to LogOut?");
+
+void AddItems(const QList<QAction*>& actions, QStringList& names) {
+  for (const QAction* action : actions) {
+    names << action->objectName();
+    if (action->menu() != nullptr) {
+      AddItems(action->menu()->actions(), names);
+    }
+  }
+}
+
+}  // namespace
+
+class MDIForm1Test : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void MenuStandsInItsOrder() {
+    const ShownMain shown;
+    QStringList names;
+    AddItems(shown.main->menuBar()->actions(), names);
+    QStringList wanted;
+    for (const ui::MenuItem& item : ui::MenuItems()) {
+      wanted << QLatin1String(item.name);
+    }
+    QCOMPARE(names, wanted);
+    QCOMPARE(wanted.size(), 41);
+    QCOMPARE(shown.Named<QAction>("mnuSttDetail")->text(), QStringLiteral("S&TT Percent Detail"));
+  }
+
+  void QuittingAsksTwiceAndNoMore() {
+    ShownMain shown;
+    shown.messages.WillAnswer(false);
+    shown.Choose("mnuQuit");
+    QVERIFY(shown.main->isVisible());
+    shown.messages.WillAnswer(true);
+    shown.messages.WillAnswer(false);
+    shown.Choose("mnuQuit");
+    QTRY_VERIFY(shown.main.isNull());
+    QCOMPARE(shown.messages.Texts(), QStringList({kQuit, kQuit, kQuitBackUp}));
+    QCOMPARE(shown.messages.said[1].preset, controls::Answer::kYes);
+    QCOMPARE(shown.messages.said[2].preset, controls::Answer::kNo);
+  }
+
+  void CloseBoxAsksInItsOwnWords() {
+    ShownMain shown;
+    shown.messages.WillAnswer(false);
+    shown.main->close();
+    QVERIFY(shown.main->isVisible());
+    shown.messages.WillAnswer(true);
+    shown.messages.WillAnswer(false);
+    shown.main->close();
+    QTRY_VERIFY(shown.main.isNull());
+    QCOMPARE(shown.messages.Texts(), QStringList({kClose, kClose, kCloseBackUp}));
+  }
+
+  void LoggingOutTakesAllWindowsAlong() {
+    ShownMain shown;
+    shown.Choose("mnuExchange");
+    const QSignalSpy out(shown.main, &ui::MDIForm1::LoggedOut);
+    shown.messages.WillAnswer(false);
+    shown.Choose("mnuLogOut");
+    QCOMPARE(out.count(), 0);
+    QCOMPARE(shown.OpenWindows(), QStringList("FrmExchange"));
+    shown.messages.WillAnswer(true);
+    shown.Choose("mnuLogOut");
+    QCOMPARE(out.count(), 1);
+    QTRY_VERIFY(shown.main.isNull());
+    QCOMPARE(shown.messages.Texts(), QStringList({kLogOut, kLogOut}));
+  }
+
+  void ClientSelectionRestsTheButtonRow() {
+    ShownMain shown;
+    shown.database.AddClient(QStringLiteral("C1"));
+    QVERIFY(shown.main->IsButtonRowEnabled());
+    shown.Choose("mnuBrPayment");
+    QCOMPARE(shown.session.target, QStringLiteral("FrmBrPayment"));
+    QVERIFY(!shown.main->IsButtonRowEnabled());
+    QTest::mouseClick(shown.Named<controls::ZENButton>("cmdproceed"), Qt::LeftButton);
+    QTRY_COMPARE(shown.OpenWindows(), QStringList("FrmBrPayment"));
+    QVERIFY(!shown.main->IsButtonRowEnabled());
+    shown.main->findChild<controls::ChildWindow*>(QStringLiteral("FrmBrPayment"))->close();
+    QTRY_VERIFY(shown.main->IsButtonRowEnabled());
+  }
+
+  void ClockSaysDayAndTime() {
+    const ShownMain shown;
+    QVERIFY(QRegularExpression(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d [AP]M$"))
+                .match(shown.Named<QLabel>("LblTime")->text())
+                .hasMatch());
+    const QLocale english(QLocale::English);
+    QCOMPARE(shown.Named<QLabel>("LblDate")->text(),
+             english.toString(QDate::currentDate(), QStringLiteral("dddd, MMMM d, yyyy")));
+  }
+
+  void HeadlineComesFromTheFeed_data() {
+    QTest::addColumn<QByteArray>("feed");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("text");
+    const auto titled = [](const QByteArray& title) {
+      return "<rss><channel><item><title>old*</title></item><item><title>" + title +
+             "</title></item></channel></rss>";
+    };
+    const QString old = QStringLiteral("BSE Market Rate List");
+    QTest::newRow("headline") << titled("SENSEX 17000 * 12.5") << 200
+                              << "BSE SENSEX 17000   + 12.5";
+    QTest::newRow("no star") << titled("SENSEX 17000") << 200 << old;
+    QTest::newRow("server error") << titled("SENSEX * 1") << 500 << old;
+    QTest::newRow("no feed") << QByteArray("<html>") << 200 << old;
+  }
+
+  void HeadlineComesFromTheFeed() {
+    QFETCH(QByteArray, feed);
+    QFETCH(int, status);
+    const ShownMain shown({.body = feed, .status = status});
+    QTRY_VERIFY(!shown.exchange.asked.isEmpty());
+    QTest::qWait(100);
+    QTEST(shown.Named<controls::ZENButton>("lblSensex")->text(), "text");
+    QCOMPARE(shown.messages.Texts(), QStringList());
+  }
+
+  void ToolsThatAreNotThereAreNamed() {
+    ShownMain shown;
+    QTest::mouseClick(shown.Named<controls::ZENButton>("lblLoaded"), Qt::LeftButton);
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("Couldn't find Window MRate"));
+    QTest::mouseClick(shown.Named<controls::ZENButton>("lblSensex"), Qt::LeftButton);
+    QVERIFY(shown.messages.LastText().startsWith(QStringLiteral("Couldn't start MRate.")));
+    QCOMPARE(shown.Named<controls::ZENButton>("LblChkUpdate")->text(),
+             QStringLiteral("Check For Updates"));
+  }
+
+  // A failure in a handler is told under its name and leaves the window open.
+  void FailureNamesItsHandler() {
+    ShownMain shown;
+    shown.session.connection->Execute("Drop Table Exchange");
+    shown.Choose("mnuExchange");
+    QVERIFY(shown.messages.LastText().contains(QStringLiteral("Form_Load")) ||
+            shown.messages.LastText().contains(QStringLiteral("mnuExchange_Click")));
+    QVERIFY(shown.main->isVisible());
+  }
+};
+
+static const test::RegisterTest<MDIForm1Test> kRegistered;
+
+#include "MDIForm1Test.moc"

@@ -45,6 +45,7 @@ class ShownWindow {
   ShownWindow(const ShownWindow&) = delete;
 
   Window* operator->() const { return window; }
+  app::Session& Session() { return session_; }
 
   template <class Control = QLineEdit>
   Control* Named(const char* name) const {

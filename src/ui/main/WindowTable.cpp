@@ -41,12 +41,18 @@ ChildWindow* MakePayment(Desk& desk) {
   return new broker_money::FrmBrPayment(desk, kind);
 }
 
-/// Windows by their names in small letters, and the targets of the menu that need no window of
+struct WithoutCase {
+  bool operator()(const QString& one, const QString& other) const {
+    return one.compare(other, Qt::CaseInsensitive) < 0;
+  }
+};
+
+/// Windows by their names, and the targets of the menu that need no window of
 /// their own.
-const std::map<QString, Maker>& Makers() {
+const std::map<QString, Maker, WithoutCase>& Makers() {
   using broker_money::PaymentKind;
   using lookup_masters::LookupKind;
-  static const std::map<QString, Maker> kMakers{
+  static const std::map<QString, Maker, WithoutCase> kMakers{
       {QStringLiteral("frmclientlist"), Make<client_list::FrmClientList>},
       {QStringLiteral("updatestock"), Make<client_list::FrmClientList>},
       {QStringLiteral("frmsalepurchase"), Make<bills::FrmSalePurchase>},
@@ -76,11 +82,19 @@ const std::map<QString, Maker>& Makers() {
 }  // namespace
 
 bool HasWindow(const QString& name) {
-  return Makers().contains(name.toLower());
+  return Makers().contains(name);
+}
+
+QStringList WindowNames() {
+  QStringList names;
+  for (const auto& [name, maker] : Makers()) {
+    names << name;
+  }
+  return names;
 }
 
 ChildWindow* MakeWindow(const QString& name, Desk& desk) {
-  const auto found = Makers().find(name.toLower());
+  const auto found = Makers().find(name);
   return found == Makers().end() ? nullptr : found->second(desk);
 }
 

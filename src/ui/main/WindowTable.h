@@ -3,6 +3,7 @@
 #include "controls/Desk.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace quorvane::controls {
 class ChildWindow;
@@ -13,6 +14,9 @@ namespace quorvane::ui {
 /// Whether the program has a window of that name, or a window that serves that target name; names
 /// are compared without regard to capitals.
 bool HasWindow(const QString& name);
+
+/// Every name that HasWindow knows, as the menu writes it where it does, in alphabetical order.
+QStringList WindowNames();
 
 /// Makes the window of a name or of a target; nullptr when there is none. It is not shown yet and
 /// belongs to itself.

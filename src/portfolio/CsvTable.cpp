@@ -1,5 +1,6 @@
 #include "portfolio/CsvTable.h"
 
+#include "core/ledger/Ledger.h"
 #include "core/lookups/Directory.h"
 #include "core/text/Amounts.h"
 
@@ -173,6 +174,15 @@ double CsvTable::PositiveNumber(std::size_t column) {
     return 0;
   }
   return value;
+}
+
+double CsvTable::Shares(std::size_t column) {
+  const double typed = PositiveNumber(column);
+  const double shares = ledger::SettleQuantity(typed);
+  if (typed > 0 && shares == 0) {
+    Expected(column, "a number of shares of at most six decimals");
+  }
+  return shares;
 }
 
 std::optional<text::Date> CsvTable::DateOf(std::size_t column) {

@@ -33,6 +33,7 @@ class CsvTable {
   std::string_view Text(std::size_t column);
   double Number(std::size_t column);          ///< empty is 0; below 0 is refused
   double PositiveNumber(std::size_t column);  ///< above 0
+  double Shares(std::size_t column);          ///< above 0, kept to six decimals as the ledger does
   std::optional<double> OptionalNumber(std::size_t column);
   std::optional<text::Date> DateOf(std::size_t column);
   std::optional<text::FinancialYear> YearOf(std::size_t column);

@@ -216,7 +216,7 @@ class Reader {
     const auto year = table_->YearOf(kFyear);
     const auto date = table_->DateOf(kPurchaseDate);
     row.scrip = Scrip(kScripCode);
-    row.quantity = table_->PositiveNumber(kQuantity);
+    row.quantity = table_->Shares(kQuantity);
     row.rate = table_->Number(kRate);
     row.service_tax = table_->Number(kServiceTax);
     row.brokerage = table_->Number(kBrokerage);
@@ -262,7 +262,7 @@ class Reader {
     BillLineRow line;
     line.scrip = Scrip(kScripCode);
     line.purchase = table_->Choice(kSide, kPurchaseSale) == 0;
-    line.quantity = table_->PositiveNumber(kQuantity);
+    line.quantity = table_->Shares(kQuantity);
     line.rate = table_->Number(kRate);
     line.brokerage = table_->Number(kBrokerage);
     line.service_tax = table_->Number(kServiceTax);
@@ -348,7 +348,7 @@ class Reader {
     row.to_account = Account(kToAccount);
     row.scrip = Scrip(kScripCode);
     row.rate = table_->Number(kRate);
-    row.quantity = table_->PositiveNumber(kQuantity);
+    row.quantity = table_->Shares(kQuantity);
     row.line = table_->Line();
     if (row.from_account == row.to_account) {
       table_->Fail(kToAccount, "expected another account than the one the shares leave");

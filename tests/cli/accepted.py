@@ -5,7 +5,7 @@ import csv
 import unittest
 from pathlib import Path
 
-from base import BASE, BILL_HEADER, write
+from base import BASE, BILL_HEADER, OPENING_HEADER, write
 from ctl import Case, portfolio_files, rows
 
 
@@ -34,6 +34,16 @@ class Accepted(Case):
                 ("files that are none of ours", BASE | {"notes.txt": "?", "bills.csv~": "?"})):
             with self.subTest(name):
                 self.assert_same_files(plain, self.taken_in(contents).export())
+
+    def test_shares_are_kept_to_six_decimals(self):
+        lots = ("1.0000004", "2.0000004")
+        desk = self.taken_in(BASE | {
+            "opening.csv": "\n".join([OPENING_HEADER] + [
+                f"AN,A1,2011-12,600001,{lot},50,05/05/2010" for lot in lots]) + "\n",
+            "bills.csv": "\n".join([BILL_HEADER] + [
+                f"AN,A1,1,02/05/2011,LOTUS,NSE,P,600001,{lot},60,0.25,,,0,,5" for lot in lots])
+                         + "\n"})
+        self.check_is_well(desk)
 
     def test_texts_come_out_as_they_went_in(self):
         names = ("O'BRIEN & SONS", 'SAY ""HELLO""', "BACK\\\\SLASH\\", "100% _REAL_",

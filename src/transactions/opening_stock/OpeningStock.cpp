@@ -1,5 +1,6 @@
 #include "transactions/opening_stock/OpeningStock.h"
 
+#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 
 #include <QCoreApplication>
@@ -27,7 +28,7 @@ MaybeRefusal CheckOpening(const OpeningLot& lot, text::FinancialYear year) {
     return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Select Script Name."),
                   QStringLiteral("Combo1"));
   }
-  if (!(lot.quantity > 0)) {
+  if (!(ledger::SettleQuantity(lot.quantity) > 0)) {
     return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Enter Quantity Greater than Zero."),
                   QStringLiteral("Text1_0"));
   }

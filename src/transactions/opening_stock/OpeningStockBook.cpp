@@ -86,6 +86,8 @@ MaybeRefusal OpeningStockBook::Save(OpeningLot& lot) {
   OpeningLot saved;
   MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = lot;
+    // What is recorded is what the ledger counts.
+    saved.quantity = ledger::SettleQuantity(lot.quantity);
     std::vector<OpeningLot> old;
     if (lot.id) {
       old = ReadRows(connection_, of_, Locking::kForUpdate, lot.id);

@@ -1,5 +1,6 @@
 #include "transactions/transfers/Transfer.h"
 
+#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 #include "core/text/Dates.h"
 
@@ -75,7 +76,7 @@ MaybeRefusal CheckTransfer(const Transfer& transfer, text::FinancialYear year) {
   if (!transfer.lot) {
     return NoLot();
   }
-  if (!(transfer.quantity > 0)) {
+  if (!(ledger::SettleQuantity(transfer.quantity) > 0)) {
     return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Quantity Greater than Zero."),
                   QuantityField());
   }

@@ -187,6 +187,8 @@ MaybeRefusal TransferBook::Save(Transfer& transfer) {
   Transfer saved;
   MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = transfer;
+    // What is recorded is what the ledger counts.
+    saved.quantity = ledger::SettleQuantity(transfer.quantity);
     return SaveIn(transaction, of_, saved);
   });
   if (!refusal) {

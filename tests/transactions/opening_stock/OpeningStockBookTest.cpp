@@ -1,4 +1,5 @@
 #include "core/gains/RemainingLots.h"
+#include "core/ledger/Rebuild.h"
 #include "support/TestMain.h"
 #include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
@@ -94,6 +95,15 @@ class OpeningStockBookTest : public QObject {
     QCOMPARE(second.id.value, 2);
     QCOMPARE(desk_->LotAt(100), QStringLiteral("15@100"));
     QCOMPARE(Book().List().size(), std::size_t{2});
+  }
+
+  void SharesAreRecordedAsTheLedgerKeepsThem() {
+    for (const double quantity : {1.0000004, 2.0000004}) {
+      OpeningLot lot = Lot(quantity, 100);
+      QVERIFY(!Book().Save(lot));
+    }
+    Progress silent;
+    QVERIFY(ledger::CheckStock(desk_->Connection(), desk_->of, silent).empty());
   }
 
   void ChangeMovesTheDifference() {

@@ -1,3 +1,4 @@
+#include "core/ledger/Rebuild.h"
 #include "support/TestMain.h"
 #include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
@@ -76,6 +77,15 @@ class TransferBookTest : public QObject {
     QCOMPARE(AtSecond(), QStringLiteral("4@100.1"));
     QCOMPARE(desk_->Contents("ScrTransfer"),
              QStringList(QStringLiteral("ScrTransfer|1|2011-12|1|20/06/2011|1|0|2|1|1|1|100.1|4")));
+  }
+
+  void SharesAreRecordedAsTheLedgerKeepsThem() {
+    for (const double quantity : {1.0000004, 2.0000004}) {
+      Transfer transfer = NewTransfer(quantity, desk_->second_account);
+      QVERIFY(!Book().Save(transfer));
+    }
+    Progress silent;
+    QVERIFY(ledger::CheckStock(desk_->Connection(), std::nullopt, silent).empty());
   }
 
   void TransferToAnotherClientArrivesThere() {

@@ -1,5 +1,6 @@
 #include "transactions/opening_stock/OpeningEntry.h"
 
+#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 
 #include <cmath>
@@ -35,7 +36,7 @@ void OpeningEntry::Take(OpeningBox box, const QString& typed, text::FinancialYea
   const double number = text::Val(typed);
   switch (box) {
     case kQuantity:
-      lot_.quantity = std::abs(number);
+      lot_.quantity = ledger::SettleQuantity(std::abs(number));
       At(box) = text::NumberText(lot_.quantity);
       break;
     case kRate:

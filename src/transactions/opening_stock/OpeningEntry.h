@@ -30,7 +30,8 @@ class OpeningEntry {
 
   const QString& Text(OpeningBox box) const { return texts_[static_cast<std::size_t>(box)]; }
 
-  /// What leaving a box does: a quantity loses its sign, rate and service tax get two decimals, a
+  /// What leaving a box does: a quantity loses its sign and keeps six
+  /// decimals at most, rate and service tax get two decimals, a
   /// date after the year's last day is cleared, and the total follows quantity and rate. A date is
   /// given in its completed form (dd/mm/yyyy).
   void Leave(OpeningBox box, const QString& typed, text::FinancialYear year);

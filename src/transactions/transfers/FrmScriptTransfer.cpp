@@ -64,8 +64,8 @@ void FrmScriptTransfer::BuildDetails() {
   fields->setContentsMargins(0, 0, 0, 0);
   BuildFields(*fields);
   VS = new controls::Grid(QStringLiteral("VS"), tr("Lots of the account"));
-  halves->addWidget(left, 2);
-  halves->addWidget(VS, 3);
+  halves->addWidget(left, 5);
+  halves->addWidget(VS, 6);
   SetTabOrder();
 }
 
@@ -121,8 +121,6 @@ void FrmScriptTransfer::SetColumns() {
 void FrmScriptTransfer::SetTabOrder() {
   setTabOrder(Combo2, VS);
   setTabOrder(VS, Text1[Quantity]);
-  // The label of the scrip and a refusal of it lead to where it is picked.
-  Text1[Script]->setFocusProxy(VS);
 }
 
 void FrmScriptTransfer::Connect() {
@@ -196,6 +194,8 @@ MaybeRefusal FrmScriptTransfer::Save() {
   MaybeRefusal refusal = book_.Save(transfer);
   if (!refusal) {
     SetCurrentId(transfer.id.value);
+  } else if (refusal->field == Text1[Script]->objectName()) {
+    refusal->field = VS->objectName();  // where it is picked
   }
   return refusal;
 }

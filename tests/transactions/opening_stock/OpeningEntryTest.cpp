@@ -45,6 +45,7 @@ class OpeningEntryTest : public QObject {
     };
     // Before: 10 shares at 100.00.
     row("a quantity loses its sign", kQuantity, "-2.5", "2.5", "250.00");
+    row("a quantity keeps six decimals", kQuantity, "0.0000025", "0.000003", "0.00");
     row("a rate gets two decimals", kRate, "99.995", "100.00", "1000.00");
     row("a total is computed", kTotal, "7", "1000.00", "1000.00");
     row("a service tax gets two decimals", kServiceTax, "1.005", "1.01", "1000.00");

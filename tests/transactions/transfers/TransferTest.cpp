@@ -39,6 +39,8 @@ class TransferTest : public QObject {
     expect("Enter Quantity Greater than Zero.", "Text1_2");
     transfer.quantity = -1;
     expect("Enter Quantity Greater than Zero.", "Text1_2");
+    transfer.quantity = 0.0000004;
+    expect("Enter Quantity Greater than Zero.", "Text1_2");
     transfer.quantity = 0.000001;
     expect("accepted", "none");
   }

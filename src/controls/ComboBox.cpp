@@ -44,6 +44,12 @@ ComboBox::ComboBox(QWidget* parent, Entry entry)
   // Measuring every item would make the opening of a window slow.
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(kMinimumLetters);
+  // A text that is longer than the box shows its beginning.
+  connect(box_, &QLineEdit::textChanged, this, [this] {
+    if (!box_->hasFocus()) {
+      box_->setCursorPosition(0);
+    }
+  });
   connect(box_, &TextBox::Entered, this, &ComboBox::Entered);
   connect(box_, &TextBox::Left, this, [this] {
     Settle();
@@ -115,6 +121,7 @@ void ComboBox::Settle() {
   } else {
     setEditText(entry_ == Entry::kFreeText ? typed : QString());
   }
+  box_->setCursorPosition(0);
 }
 
 // A wheel that scrolls the window must not change a choice under the pointer.

@@ -79,6 +79,7 @@ void RecordWindow::BuildTogether(QVBoxLayout& rows) {
   halves->addWidget(Scrolling(details_));
   halves->addWidget(list_);
   halves->setChildrenCollapsible(false);
+  halves->setStretchFactor(1, 1);
   rows.addWidget(halves, 1);
 }
 

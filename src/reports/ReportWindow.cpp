@@ -50,8 +50,8 @@ ReportWindow::ReportWindow(controls::Desk& desk, const QString& name, const QStr
 void ReportWindow::BuildLayout() {
   VS = new ReportGridView(QStringLiteral("VS"), tr("Report"));
   VS->SetHint(tr("The report appears here."));
-  CmdReport = new ZENButton(QStringLiteral("CmdReport"), tr("&Report"));
-  CmdOutput = new ZENButton(QStringLiteral("CmdOutput"), tr("&Output"));
+  CmdReport = new ZENButton(QStringLiteral("CmdReport"), tr("R&eport"));
+  CmdOutput = new ZENButton(QStringLiteral("CmdOutput"), tr("Out&put"));
   CmdOutput->setToolTip(tr("Pages, Word, Excel, PDF and CSV"));
   CmdExit = new ZENButton(QStringLiteral("CmdExit"), tr("E&xit"));
   CmdExit->SetCancels(true);

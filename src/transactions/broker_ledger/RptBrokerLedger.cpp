@@ -10,6 +10,12 @@ namespace quorvane::broker_ledger {
 
 using transactions::CurrentOf;
 
+namespace {
+
+constexpr float kBrokerWidth = 190;  // on a screen of 800 by 600
+
+}  // namespace
+
 RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
     : ReportWindow(desk, QStringLiteral("RptBrokerLedger"),
                    transactions::ClientTitle(tr("Broker Ledger"), desk.session), {790, 520}),
@@ -20,7 +26,7 @@ RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
   CmbMth->setObjectName(QStringLiteral("CmbMth"));
   CmbMth->setAccessibleName(tr("Month"));
   CmbMth->SetTexts(report::MonthNames());
-  auto* label = new QLabel(tr("&Month"));
+  auto* label = new QLabel(tr("Mo&nth"));
   label->setBuddy(CmbMth);
   months->addWidget(label);
   months->addWidget(CmbMth);
@@ -29,6 +35,7 @@ RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
   On(CmbMth, &QComboBox::currentIndexChanged, &RptBrokerLedger::CmbMth_Click,
      QStringLiteral("CmbMth_Click"));
   VSB = AddTickGrid(QStringLiteral("VSB"), tr("BROKER NAME"), tr("Brokers"));
+  VSB->setMinimumWidth(static_cast<int>(kBrokerWidth * desk.session.screen_factors.horizontal));
   FillTicks(*VSB, lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
   Start();
 }

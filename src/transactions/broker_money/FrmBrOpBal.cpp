@@ -29,8 +29,8 @@ void FrmBrOpBal::BuildFields() {
   Combo1 = fields->Add(tr("&Broker Name"), QStringLiteral("Combo1"), new ComboBox(), 2);
   Combo1->SetItems(lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
   Text1_0 =
-      fields->Add(tr("&Opening Balance"), QStringLiteral("Text1_0"), new controls::AmountBox());
-  Combo2 = fields->Add(tr("Dr/C&r"), QStringLiteral("Combo2"), new ComboBox());
+      fields->Add(tr("Openin&g Balance"), QStringLiteral("Text1_0"), new controls::AmountBox());
+  Combo2 = fields->Add(tr("Dr/Cr"), QStringLiteral("Combo2"), new ComboBox());
   Combo2->SetItems(controls::ValueList(QLatin1String(kSideChoices)).Items());
   List().SetColumns(
       {{.heading = tr("Broker Name"),

@@ -29,16 +29,16 @@ void FrmBrPayment::BuildFields() {
   auto* fields = new controls::FieldLayout(2, Details());
   Combo1 = fields->Add(tr("&Broker Name"), QStringLiteral("Combo1"), new ComboBox(), 2);
   Combo1->SetItems(lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
-  Combo2 = fields->Add(tr("&Transaction Mode"), QStringLiteral("Combo2"), new ComboBox());
+  Combo2 = fields->Add(tr("Transact&ion Mode"), QStringLiteral("Combo2"), new ComboBox());
   Combo2->SetItems(controls::ValueList(TransactionChoices(kind_)).Items());
-  Text1_0 = fields->Add(tr("Am&ount"), QStringLiteral("Text1_0"), new controls::AmountBox());
+  Text1_0 = fields->Add(tr("Amount"), QStringLiteral("Text1_0"), new controls::AmountBox());
   Text1_1 = fields->Add(tr("Date"), QStringLiteral("Text1_1"), new DateBox());
-  Combo3 = fields->Add(tr("Payment &Mode"), QStringLiteral("Combo3"), new ComboBox());
+  Combo3 = fields->Add(tr("Payment Mod&e"), QStringLiteral("Combo3"), new ComboBox());
   Combo3->SetItems(controls::ValueList(QLatin1String(kPaymentModeChoices)).Items());
-  Text1_2 = fields->Add(tr("&Cheque No."), QStringLiteral("Text1_2"), new TextBox());
+  Text1_2 = fields->Add(tr("C&heque No."), QStringLiteral("Text1_2"), new TextBox());
   Text1_3 = fields->Add(tr("Cheque Date"), QStringLiteral("Text1_3"), new DateBox());
   Text1_4 = fields->Add(tr("Dra&wn On"), QStringLiteral("Text1_4"), new TextBox(), 2);
-  Text1_5 = fields->Add(tr("&Remark"), QStringLiteral("Text1_5"), new TextBox(), 2);
+  Text1_5 = fields->Add(tr("Remar&k"), QStringLiteral("Text1_5"), new TextBox(), 2);
   Watch(Text1_1);
   Watch(Text1_3);
   // While it is typed: Enter goes on to a box that is enabled by then.

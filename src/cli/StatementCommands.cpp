@@ -67,11 +67,11 @@ class StatementCommand {
         options_(options),
         output_(context, options.output, options.scope.all),
         directory_(context.Connection()),
+        progress_(context.MakeProgress()),
         query_(QueryOf(options, directory_)) {}
 
   void Run() {
-    const auto progress = context_.MakeProgress();
-    profit::BuildStatement(context_.Connection(), query_, *progress,
+    profit::BuildStatement(context_.Connection(), query_, *progress_,
                            [this](ClientId client, std::span<const profit::StatementRow> rows) {
                              Take(client, rows);
                            });
@@ -82,6 +82,17 @@ class StatementCommand {
 
  private:
   void Take(ClientId client, std::span<const profit::StatementRow> rows) {
+    if (output_.IsFirst() && output_.ToFiles()) {
+      progress_->Begin(QStringLiteral("Writing statements"),
+                       static_cast<std::int64_t>(ClientCount()));
+    }
+    Write(client, rows);
+    progress_->Step(++written_);
+  }
+
+  std::size_t ClientCount() const { return query_.client ? 1 : directory_.Clients().size(); }
+
+  void Write(ClientId client, std::span<const profit::StatementRow> rows) {
     const std::string& name = directory_.Client(client).code;
     if (options_.output.Format() == OutputFormat::kCsv) {
       output_.TakeText(Csv(rows), name);
@@ -106,7 +117,9 @@ class StatementCommand {
   const StatementOptions& options_;
   ReportOutput output_;
   lookups::Directory directory_;
+  std::unique_ptr<Progress> progress_;
   profit::StatementQuery query_;
+  std::int64_t written_ = 0;
 };
 
 void AddStatement(CLI::App& statement, Context& context, const char* name, const char* what,

@@ -243,6 +243,7 @@ void ReportWindow::AddBesideReport(QWidget* widget, int share) {
 
 void ReportWindow::FillTicks(Grid& grid, const std::vector<lookups::Item>& items, bool ticked) {
   std::vector<controls::Row> rows;
+  rows.reserve(items.size());
   for (const lookups::Item& item : items) {
     rows.push_back({.id = item.id, .cells = {ticked, item.text}});
   }

@@ -20,6 +20,10 @@ bool IsFigure(std::string_view text) {
       text, [](char c) { return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '/'; });
 }
 
+std::size_t Place(char c) {
+  return static_cast<unsigned char>(c);
+}
+
 double Points(int pango_units) {
   return static_cast<double>(pango_units) / PANGO_SCALE;
 }
@@ -64,7 +68,7 @@ void Typesetter::Load(FaceData& face, bool bold) {
   cairo_scaled_font_t* scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(face.font));
   face.cairo_face = cairo_scaled_font_get_font_face(scaled);
   for (char c = ' '; c < 0x7F; ++c) {
-    const auto at = static_cast<std::size_t>(c);
+    const auto at = Place(c);
     cairo_glyph_t* glyph = nullptr;
     int count = 0;
     cairo_scaled_font_text_to_glyphs(scaled, 0, 0, &c, 1, &glyph, &count, nullptr, nullptr,
@@ -120,7 +124,7 @@ double Typesetter::Width(std::string_view text, Face face) {
   if (IsFigure(text)) {
     double width = 0;
     for (const char c : text) {
-      width += Of(face).advances[static_cast<std::size_t>(c)];
+      width += Of(face).advances[Place(c)];
     }
     return width;
   }
@@ -144,7 +148,7 @@ void Typesetter::Collect(cairo_t* page, std::string_view text, Face face, double
   FaceData& data = Of(face);
   if (IsFigure(text)) {
     for (const char c : text) {
-      const auto at = static_cast<std::size_t>(c);
+      const auto at = Place(c);
       data.collected.push_back({data.glyphs[at].index, x, baseline});
       x += data.advances[at] * size_;
     }

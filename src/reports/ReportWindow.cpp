@@ -22,6 +22,8 @@ using controls::ZENButton;
 
 constexpr int kDateWidth = 110;
 constexpr int kBesideWidth = 230;
+constexpr int kTextColumn = 1;  // of a grid with ticks
+constexpr int kReportShare = 5;
 
 QLabel* LabelFor(const QString& text, QWidget* buddy) {
   auto* label = new QLabel(text);
@@ -70,7 +72,8 @@ void ReportWindow::BuildLayout() {
   middle->setChildrenCollapsible(false);
   middle->addWidget(beside_);
   middle->addWidget(VS);
-  middle->setStretchFactor(1, 1);
+  middle->setStretchFactor(0, 1);
+  middle->setStretchFactor(1, kReportShare);
   rows->addWidget(middle, 1);
   buttons_ = new QHBoxLayout;
   buttons_->addStretch(1);
@@ -200,7 +203,7 @@ Grid* ReportWindow::AddTickGrid(const QString& name, const QString& heading, con
   auto* grid = new Grid(name, purpose);
   grid->SetColumns({{.heading = QString(), .mask = controls::Mask::kTick}, {.heading = heading}});
   grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  grid->horizontalHeader()->setStretchLastSection(true);
+  grid->horizontalHeader()->setSectionResizeMode(kTextColumn, QHeaderView::Stretch);
   AddBesideReport(grid, share);
   return grid;
 }

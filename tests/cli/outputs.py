@@ -41,8 +41,10 @@ def text_of_workbook(path: Path) -> str:
 
 
 def text_of_pages(path: Path) -> str:
-    return subprocess.run(["pdftotext", "-layout", path, "-"], check=True, capture_output=True,
-                          text=True).stdout
+    """Without the titles that are repeated at the head of the later pages."""
+    pages = subprocess.run(["pdftotext", "-layout", path, "-"], check=True, capture_output=True,
+                           text=True).stdout.split("\f")
+    return "\n".join([pages[0], *(page.lstrip().partition("\n")[2] for page in pages[1:])])
 
 
 class Outputs(unittest.TestCase):

@@ -18,6 +18,8 @@ constexpr int kSample = 300;  // rows that are measured
 constexpr int kCellPadding = 18;
 constexpr int kWidest = 360;
 constexpr int kRowPadding = 7;
+constexpr int kMostStretch = 36;
+constexpr int kMostTextStretch = 260;
 
 using Line = ReportModel::Line;
 
@@ -152,7 +154,8 @@ bool ReportGridView::IsText(int column) const {
   return at < columns.size() && columns[at].mask == Mask::kText;
 }
 
-// What is left over goes to the widest column of text, else a little to each.
+// What is left over: a little to each column, more to the widest text, and not so much that a line
+// is hard to follow.
 void ReportGridView::FitColumns() {
   const int columns = model_->columnCount();
   int taken = 0;
@@ -164,17 +167,14 @@ void ReportGridView::FitColumns() {
       widest = column;
     }
   }
-  const int left_over = viewport()->width() - taken;
-  if (left_over <= 0 || columns == 0) {
-    return;
-  }
-  if (widest >= 0) {
-    setColumnWidth(widest, columnWidth(widest) + left_over);
-    return;
-  }
-  const int more = std::min(left_over / columns, kCellPadding);
+  const int left_over = std::max(0, viewport()->width() - taken);
+  const int more = columns == 0 ? 0 : std::min(left_over / columns, kMostStretch);
   for (int column = 0; column < columns; ++column) {
     setColumnWidth(column, columnWidth(column) + more);
+  }
+  if (widest >= 0) {
+    const int rest = std::min(left_over - more * columns, kMostTextStretch);
+    setColumnWidth(widest, columnWidth(widest) + rest);
   }
 }
 

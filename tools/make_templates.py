@@ -20,7 +20,8 @@ THIN, MEDIUM = Side(style="thin", color="9AA5B1"), Side(style="medium", color="4
 HEADING_FILL = PatternFill("solid", fgColor="DCE6F1")
 GROUP_FILL = PatternFill("solid", fgColor="EEF3F8")
 NET_FILL = PatternFill("solid", fgColor="F3F5F8")
-DATE, QUANTITY, PLAIN, GROUPED = "dd/mm/yyyy", "0.######", "#0.00", "###,###.00"
+NUMBER, DATE, QUANTITY = "0", "dd/mm/yyyy", "0.######"
+PLAIN, GROUPED = "#0.00", "###,###.00"
 MADE = datetime(2026, 11, 25)
 
 
@@ -35,7 +36,8 @@ def name(book, cell_name, sheet, row, column):
 def style(cell, bold=False, size=9, fill=None, align=None, mask=None, top=None, bottom=None,
           left=THIN, right=THIN, wrap=False):
     cell.font = Font(name=FACE, size=size, bold=bold)
-    cell.alignment = Alignment(horizontal=align, vertical="center", wrap_text=wrap)
+    indent = 1 if align in ("left", "right") else 0
+    cell.alignment = Alignment(horizontal=align, vertical="center", wrap_text=wrap, indent=indent)
     cell.border = Border(top=top or THIN, bottom=bottom or THIN, left=left, right=right)
     if fill:
         cell.fill = fill
@@ -93,8 +95,8 @@ class Page:
     def pattern(self, pattern, fields=None, edges=(), **looks):
         """A row that is repeated; every column is named, or those of `fields`."""
         for index, (_, _, mask) in enumerate(self.columns, 1):
-            numeric = mask not in (None, DATE)
-            style(self.sheet.cell(self.row, index), mask=mask, align="right" if numeric else "left",
+            align = "left" if mask is None else "center" if mask in (DATE, NUMBER) else "right"
+            style(self.sheet.cell(self.row, index), mask=mask, align=align,
                   left=MEDIUM if index in edges else THIN, **looks)
             if fields is None or index in fields:
                 name(self.book, f"{self.prefix}{pattern}{index}", self.sheet, self.row, index)
@@ -122,7 +124,7 @@ class Page:
         sheet = self.sheet
         sheet.sheet_view.showGridLines = False
         sheet.freeze_panes = sheet.cell(self.last_heading + 1, 1)
-        sheet.print_title_rows = f"{self.first_heading}:{self.last_heading}"
+        sheet.print_title_rows = f"${self.first_heading}:${self.last_heading}"
         sheet.page_setup.orientation = "landscape"
         sheet.page_setup.paperSize = sheet.PAPERSIZE_A4
         sheet.page_setup.fitToHeight = 0
@@ -130,6 +132,7 @@ class Page:
         sheet.print_options.horizontalCentered = True
         sheet.page_margins.left = sheet.page_margins.right = 0.4
         sheet.page_margins.top = sheet.page_margins.bottom = 0.6
+        sheet.page_margins.header = sheet.page_margins.footer = 0.3
         sheet.oddFooter.center.text = "Page &P of &N"
 
     def end_of_headings(self):
@@ -141,7 +144,7 @@ def transactions(title, mask):
     sheet = book.active
     sheet.title = "Transactions"
     page = Page(book, sheet, [
-        ("S.No", 6, "0"), ("Date", 11, DATE), ("Bill No.", 15, None), ("Settl. No.", 12, None),
+        ("S.No", 6, NUMBER), ("Date", 11, DATE), ("Bill No.", 15, None), ("Settl. No.", 12, None),
         ("Company Name", 36, None), ("Transaction", 11, None), ("Quantity", 10, QUANTITY),
         ("Rate", 11, mask), ("Trade Value", 14, mask), ("Brokerage", 11, mask),
         ("S.Tax", 10, mask), ("S.T.T.", 10, mask), ("Total", 15, mask)])
@@ -190,7 +193,7 @@ def profit():
 
     summary = book.create_sheet("Summary")
     page = Page(book, summary, [
-        ("S.No.", 6, "0"), ("Company Name", 34, None), ("Quantity", 10, QUANTITY),
+        ("S.No.", 6, NUMBER), ("Company Name", 34, None), ("Quantity", 10, QUANTITY),
         ("Sale Date", 11, DATE), ("Sale Amount", 14, PLAIN), ("Purchase Date", 11, DATE),
         ("Avg. Pur. Cost", 12, PLAIN), ("Purc. Cost", 14, PLAIN), ("Profit/Loss", 13, PLAIN),
         ("Long Term", 13, PLAIN), ("Short Term", 13, PLAIN), ("Speculation", 13, PLAIN)], "S_")

@@ -91,6 +91,14 @@ class Desk:
         return rows(self.run("statement", "capital-gain", "--client", client, "--year", year,
                              *options, "--format", "csv").stdout)
 
+    def demat(self, client: str, year: str, *options) -> list[dict]:
+        return rows(self.run("statement", "demat", "--client", client, "--year", year, *options,
+                             "--format", "csv").stdout)
+
+    def transactions(self, client: str, year: str, *options) -> list[dict]:
+        return rows(self.run("statement", "transactions", "--client", client, "--year", year,
+                             *options, "--format", "csv").stdout)
+
     def holdings(self, client: str, year: str, *options) -> list[dict]:
         return rows(self.run("holdings", "--client", client, "--year", year, *options,
                              "--format", "csv").stdout)

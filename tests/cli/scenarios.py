@@ -60,7 +60,8 @@ class Scenarios(Case):
 
     def check_table(self, desk, heading: list[str], lines: list[str]):
         what, client, year, *options = heading
-        ask = {"statement": desk.statement, "holdings": desk.holdings}[what]
+        ask = {"statement": desk.statement, "holdings": desk.holdings, "demat": desk.demat,
+               "transactions": desk.transactions}[what]
         columns, expected = table(lines)
         self.assertEqual(expected, [{name: row[name] for name in columns}
                                     for row in ask(client, year, *options)])

@@ -12,7 +12,7 @@
 namespace quorvane::report {
 namespace {
 
-constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::size_t kBlock = std::size_t{64} * 1024;
 
 struct FreeReader {
   void operator()(archive* handle) const { archive_read_free(handle); }

@@ -80,8 +80,10 @@ void RptDMatStatement::OptDemat_Click(int index) {
   }
 }
 
+// A client without accounts may have bills, which then have none either.
 MaybeRefusal RptDMatStatement::CheckSelection() {
-  return RefuseWithoutTick(*VSF, tr("Select Demat A/c!"));
+  return VSF->Model().RowCount() == 0 ? std::nullopt
+                                      : RefuseWithoutTick(*VSF, tr("Select Demat A/c!"));
 }
 
 // With all of them ticked, bills that were entered without an account count as well.

@@ -53,10 +53,15 @@ struct BulkWriter::Column {
   std::vector<SQLLEN> lengths;  // bytes of each row
   std::vector<char> laid_out;   // texts at one width, as the driver wants them
 
+  /// Of a text; NULL has none.
+  std::size_t BytesOf(std::size_t row) const {
+    return lengths[row] == SQL_NULL_DATA ? 0 : static_cast<std::size_t>(lengths[row]);
+  }
+
   std::size_t Longest(std::size_t first, std::size_t count) const {
     const auto begin = lengths.begin() + static_cast<std::ptrdiff_t>(first);
     const SQLLEN longest = *std::max_element(begin, begin + static_cast<std::ptrdiff_t>(count));
-    return std::max<std::size_t>(1, static_cast<std::size_t>(longest));
+    return static_cast<std::size_t>(std::max<SQLLEN>(1, longest));
   }
 
   /// Lays out the next `count` texts and returns their width.
@@ -64,7 +69,7 @@ struct BulkWriter::Column {
     const std::size_t width = Longest(first, count);
     laid_out.assign(width * count, 0);
     for (std::size_t row = 0; row < count; ++row) {
-      const auto size = static_cast<std::size_t>(lengths[first + row]);
+      const std::size_t size = BytesOf(first + row);
       std::copy_n(texts.data() + texts_sent, size, laid_out.data() + row * width);
       texts_sent += size;
     }
@@ -108,8 +113,15 @@ BulkWriter::BulkWriter(Transaction& transaction, std::string_view sql, std::stri
 BulkWriter::~BulkWriter() = default;
 
 BulkWriter::Column& BulkWriter::NextColumn(char type) {
-  if (next_ >= columns_.size() || columns_[next_].type != type) {
+  if (next_ < columns_.size() && columns_[next_].type != type) {
     throw std::logic_error("value of another type than the statement's parameter: " + sql_);
+  }
+  return AnyNextColumn();
+}
+
+BulkWriter::Column& BulkWriter::AnyNextColumn() {
+  if (next_ >= columns_.size()) {
+    throw std::logic_error("more values than the statement has parameters: " + sql_);
   }
   return columns_[next_++];
 }
@@ -132,6 +144,17 @@ BulkWriter& BulkWriter::Text(std::string_view utf8) {
   Column& column = NextColumn('t');
   column.texts.append(utf8);
   column.lengths.push_back(static_cast<SQLLEN>(utf8.size()));
+  return *this;
+}
+
+BulkWriter& BulkWriter::Null() {
+  Column& column = AnyNextColumn();
+  if (column.type == 'i') {
+    column.wholes.push_back(0);
+  } else if (column.type == 'd') {
+    column.numbers.push_back(0);
+  }
+  column.lengths.push_back(SQL_NULL_DATA);
   return *this;
 }
 
@@ -168,7 +191,7 @@ std::size_t BulkWriter::RowsThatFit(std::size_t first) const {
   for (const Column& column : columns_) {
     std::size_t width = 1;
     for (std::size_t count = 0; column.type == 't' && count < most; ++count) {
-      width = std::max(width, static_cast<std::size_t>(column.lengths[first + count]));
+      width = std::max(width, column.BytesOf(first + count));
       if (width * (count + 1) > kBytesAtOnce) {
         most = std::max<std::size_t>(count, 1);
       }

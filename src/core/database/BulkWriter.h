@@ -30,6 +30,7 @@ class BulkWriter {
   BulkWriter& Int(std::int64_t value);
   BulkWriter& Double(double value);
   BulkWriter& Text(std::string_view utf8);
+  BulkWriter& Null();  ///< for a parameter of any type
   void EndRow();
 
   /// Sends what is left.
@@ -39,6 +40,7 @@ class BulkWriter {
   struct Column;
 
   Column& NextColumn(char type);
+  Column& AnyNextColumn();
   void Send();
   std::size_t RowsThatFit(std::size_t first) const;
   void SendRows(std::size_t first, std::size_t count);

@@ -38,6 +38,9 @@ std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
     InstallShippedFiles(session->folders, options.shipped_data);
   }
   session->connection = std::make_unique<database::Connection>(DatabaseOf(*session, options));
+  if (session->server != nullptr) {
+    session->connection->SetServerReviver([server = session->server.get()] { server->Revive(); });
+  }
   session->skipped = database::PrepareDatabase(*session->connection);
   if (options.screen) {
     session->screen_factors = SetScreenFactors(IniFile(session->folders.screen_ini),

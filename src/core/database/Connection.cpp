@@ -2,6 +2,8 @@
 
 #include "core/database/Statement.h"
 
+#include <QLatin1String>
+
 #include <fmt/format.h>
 #include <sql.h>
 #include <sqlext.h>
@@ -24,6 +26,14 @@ std::string Written(const QString& value) {
 }
 
 constexpr int kNotGranted = 1227;
+
+/// A query that takes no lock: to ask it twice is to ask it once.
+bool OnlyReads(std::string_view sql) {
+  const QLatin1String text(sql.data(), static_cast<qsizetype>(sql.size()));
+  return text.startsWith(QLatin1String("Select "), Qt::CaseInsensitive) &&
+         !text.contains(QLatin1String(" For Update"), Qt::CaseInsensitive) &&
+         !text.contains(QLatin1String(" Lock In "), Qt::CaseInsensitive);
+}
 
 }  // namespace
 
@@ -81,6 +91,8 @@ void Connection::ConfigureServerSession() {
   Execute(
       "Set Session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
       " lock_wait_timeout=30");
+  // What a transaction reads is all of one instant, whatever the server's own settings are.
+  Execute("Set Session Transaction Isolation Level Repeatable Read");
 }
 
 void Connection::CloseHandles() noexcept {
@@ -105,7 +117,22 @@ void Connection::Reopen() {
   }
   CloseHandles();
   in_transaction_ = false;
-  OpenHandles();
+  try {
+    OpenHandles();
+  } catch (const DatabaseError& error) {
+    if (!error.IsConnectionLost() || !revive_server_) {
+      throw;
+    }
+    revive_server_();
+    OpenHandles();
+  }
+}
+
+/// In a transaction the loss stays: what went before it is gone, too.
+void Connection::ReopenForStatement() {
+  if (!alive_ && !in_transaction_) {
+    Reopen();
+  }
 }
 
 void Connection::ForgetStatements() {
@@ -148,6 +175,7 @@ std::shared_ptr<Statement> Connection::Prepare(std::string_view sql) {
 }
 
 std::int64_t Connection::ExecuteValues(std::string_view sql, std::span<const Value> values) {
+  ReopenForStatement();
   const std::shared_ptr<Statement> statement = Prepare(sql);
   statement->values.assign(values.begin(), values.end());
   SQLRETURN result = BindValues(*statement);
@@ -164,6 +192,19 @@ std::int64_t Connection::ExecuteValues(std::string_view sql, std::span<const Val
 }
 
 Recordset Connection::OpenValues(std::string_view sql, std::span<const Value> values) {
+  ReopenForStatement();
+  try {
+    return OpenOnce(sql, values);
+  } catch (const DatabaseError& error) {
+    if (!error.IsConnectionLost() || in_transaction_ || !OnlyReads(sql)) {
+      throw;
+    }
+  }
+  Reopen();
+  return OpenOnce(sql, values);
+}
+
+Recordset Connection::OpenOnce(std::string_view sql, std::span<const Value> values) {
   std::shared_ptr<Statement> statement = Prepare(sql);
   statement->values.assign(values.begin(), values.end());
   SQLRETURN result = BindValues(*statement);

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -40,7 +41,9 @@ struct ConnectionSettings {
 /// One ODBC connection to a MySQL-protocol server. Used by one thread. Prepared statements are kept
 /// by their text, so the text of a statement is best a constant.
 ///
-/// Outside a Transaction each statement commits by itself.
+/// Outside a Transaction each statement commits by itself, and a connection that was lost is opened
+/// again: for the next statement, and once for a query that only reads and was lost on its way. A
+/// statement that writes is never sent a second time.
 class Connection {
  public:
   /// Opens the connection; throws DatabaseError.
@@ -79,6 +82,10 @@ class Connection {
   /// Opens the connection again when it was lost; does nothing when it is alive.
   void Reopen();
 
+  /// Called when a lost connection cannot be opened again, to bring the server back; the connection
+  /// is then tried once more.
+  void SetServerReviver(std::function<void()> revive) { revive_server_ = std::move(revive); }
+
   bool InTransaction() const { return in_transaction_; }
   const ConnectionSettings& Settings() const { return settings_; }
 
@@ -88,6 +95,8 @@ class Connection {
   friend class BulkWriter;
 
   void OpenHandles();
+  void ReopenForStatement();
+  Recordset OpenOnce(std::string_view sql, std::span<const Value> values);
   void CloseHandles() noexcept;
   void ConfigureServerSession();
   void SetAutocommit(bool on);
@@ -96,6 +105,7 @@ class Connection {
   [[noreturn]] void Fail(short handle_type, void* handle, std::string_view sql);
 
   ConnectionSettings settings_;
+  std::function<void()> revive_server_;
   void* environment_ = nullptr;
   void* handle_ = nullptr;
   std::unique_ptr<StatementCache> statements_;

@@ -120,6 +120,14 @@ PrivateServer::PrivateServer(const QString& folder, const std::function<void()>&
   }
 }
 
+void PrivateServer::Revive() {
+  platform::FileLock gate(File("start.lock"));
+  gate.WaitExclusive();
+  if (!AnswersSoon()) {
+    Start();
+  }
+}
+
 PrivateServer::~PrivateServer() {
   if (leave_running_) {
     return;

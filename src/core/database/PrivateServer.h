@@ -30,6 +30,10 @@ class PrivateServer {
   /// How to reach a database of this server, which is made when it is missing.
   ConnectionSettings SettingsOf(const QString& database) const;
 
+  /// Starts the server again when it has died; does nothing while it answers. Throws as the
+  /// constructor does.
+  void Revive();
+
   /// The server stays up when this object goes, for another client to use.
   void LeaveRunning() { leave_running_ = true; }
 

@@ -183,13 +183,29 @@ class ConnectionTest : public QObject {
     QVERIFY(mode.Text(kFirst).contains(QLatin1String("STRICT_ALL_TABLES")));
   }
 
+  void OnlyAQueryThatOnlyReadsIsSentAgain() {
+    TestDatabase database(TestDatabase::Tables::kNone);
+    Connection& connection = *database;
+    connection.Execute("Create Table T(Id int)");
+    const auto is_lost = [&](const char* sql) {
+      Kill(database, ConnectionNumber(connection));
+      return ErrorOf([&] { connection.Open(sql); }).IsConnectionLost();
+    };
+    QVERIFY(is_lost("Select Id From T For Update"));
+    QVERIFY(is_lost("Select Id From T Lock In Share Mode"));
+    Kill(database, ConnectionNumber(connection));
+    QVERIFY(!connection.Open("Select Id From T").Next());
+  }
+
   void AnOpenRecordsetSurvivesTheReopening() {
     TestDatabase database(TestDatabase::Tables::kNone);
     Connection& connection = *database;
     auto rows = connection.Open("Select seq From seq_1_to_3 Order By seq");
     QVERIFY(rows.Next());
     Kill(database, ConnectionNumber(connection));
-    QVERIFY(ErrorOf([&] { connection.Open("Select 1"); }).IsConnectionLost());
+    QVERIFY(ErrorOf([&] {
+              connection.Open("Select seq From seq_1_to_3 For Update");
+            }).IsConnectionLost());
     connection.Reopen();
     QCOMPARE(rows.Int(kFirst), 1);
     QVERIFY(connection.Open("Select 1").Next());

@@ -1,5 +1,4 @@
 #include "cli/Command.h"
-#include "core/gains/RemainingLots.h"
 #include "core/ledger/Rebuild.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
@@ -35,13 +34,13 @@ void Rebuild(Context& context, const YearOptions& options) {
 void CarryForwardStock(Context& context, const YearOptions& options) {
   const ClientYear of = ClientYearOf(context, options);
   const auto progress = context.MakeProgress();
-  const auto lots =
-      gains::RemainingLots(context.Connection(), of.client, of.year.Previous(), *progress);
-  if (const MaybeRefusal refusal = opening_stock::CarryForward(context.Connection(), of, lots)) {
+  std::size_t carried = 0;
+  if (const MaybeRefusal refusal =
+          opening_stock::CarryForward(context.Connection(), of, *progress, carried)) {
     throw Refused(refusal->text.toStdString());
   }
   context.Inform(
-      fmt::format("{} lots carried forward from {}", lots.size(), of.year.Previous().Utf8()));
+      fmt::format("{} lots carried forward from {}", carried, of.year.Previous().Utf8()));
 }
 
 void CarryForwardBrokers(Context& context, const YearOptions& options) {

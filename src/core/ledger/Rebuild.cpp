@@ -312,7 +312,9 @@ std::vector<LotChange> CheckStock(Connection& connection, const std::optional<Cl
 
 std::size_t RebuildStock(Transaction& transaction, const std::optional<ClientYear>& of,
                          Progress& progress) {
+  // In the order in which a saved record takes them, so that the two do not wait for each other.
   transaction.Execute("Delete From Stock_Temp");
+  LockLots(transaction, of);
   const std::vector<LotChange> changes = CheckStock(transaction.GetConnection(), of, progress);
   DropDuplicates(transaction, changes);
   constexpr std::size_t kMany = 2000;

@@ -22,7 +22,9 @@ std::vector<LotChange> CheckStock(Connection& connection, const std::optional<Cl
                                   Progress& progress);
 
 /// Recomputes the quantity of every lot that exists; lots that are missing are not made. Empties
-/// the scratch copy. For use inside a caller's transaction. Returns the number of lots changed.
+/// the scratch copy. A bill that another program saves meanwhile is counted or waits (LockLots), so
+/// the caller's transaction must not have read anything plainly before. Returns the number of lots
+/// changed.
 std::size_t RebuildStock(Transaction& transaction, const std::optional<ClientYear>& of,
                          Progress& progress);
 

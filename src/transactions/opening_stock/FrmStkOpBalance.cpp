@@ -240,17 +240,18 @@ void FrmStkOpBalance::CarryForwardIfWanted() {
                  controls::Answer::kNo, controls::Icon::kInformation)) {
     return;
   }
-  std::vector<gains::RemainingLot> lots;
+  std::size_t carried = 0;
+  MaybeRefusal refusal;
   {
     const std::unique_ptr<Progress> progress = NewProgress();
-    lots = gains::RemainingLots(*Session().connection, of_.client, of_.year.Previous(), *progress);
+    refusal = CarryForward(*Session().connection, of_, *progress, carried);
   }
-  if (const MaybeRefusal refusal = CarryForward(*Session().connection, of_, lots)) {
+  if (refusal) {
     Show(*refusal);
     return;
   }
   Refill();
-  TellOfOtherRows(lots.size());
+  TellOfOtherRows(carried);
 }
 
 /// Only rows that are identical to a carried lot make place for it. Those of an earlier carry

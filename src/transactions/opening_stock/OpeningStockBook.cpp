@@ -118,15 +118,26 @@ bool HasLotsToCarryForward(Connection& connection, const ClientYear& of) {
       .Next();
 }
 
-MaybeRefusal CarryForward(Connection& connection, const ClientYear& of,
-                          std::span<const gains::RemainingLot> lots) {
+MaybeRefusal CarryForward(Connection& connection, const ClientYear& of, Progress& progress,
+                          std::size_t& carried) {
   return database::InTransaction(connection, [&](Transaction& transaction) {
-    std::vector<OpeningLot> carried;
-    std::transform(lots.begin(), lots.end(), std::back_inserter(carried), OpeningOf);
-    const std::vector<OpeningLot> old =
-        IdenticalTo(carried, ReadRows(connection, of, Locking::kForUpdate));
-    return Replace(transaction, of, old, carried, QStringLiteral("VSF"));
+    const ClientYear before{of.client, of.year.Previous()};
+    ledger::LockLots(transaction, before);
+    ledger::LockLots(transaction, of);
+    const std::vector<gains::RemainingLot> lots =
+        gains::RemainingLots(connection, before.client, before.year, progress);
+    carried = lots.size();
+    return CarryForward(transaction, of, lots);
   });
+}
+
+MaybeRefusal CarryForward(Transaction& transaction, const ClientYear& of,
+                          std::span<const gains::RemainingLot> lots) {
+  std::vector<OpeningLot> carried;
+  std::transform(lots.begin(), lots.end(), std::back_inserter(carried), OpeningOf);
+  const std::vector<OpeningLot> old =
+      IdenticalTo(carried, ReadRows(transaction.GetConnection(), of, Locking::kForUpdate));
+  return Replace(transaction, of, old, carried, QStringLiteral("VSF"));
 }
 
 }  // namespace quorvane::opening_stock

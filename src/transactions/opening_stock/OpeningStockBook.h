@@ -1,11 +1,13 @@
 #pragma once
 
 #include "core/ClientYear.h"
+#include "core/Progress.h"
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
 #include "core/gains/RemainingLots.h"
 #include "transactions/opening_stock/OpeningStock.h"
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -35,11 +37,16 @@ class OpeningStockBook {
 /// Whether the year before left the client any lots.
 bool HasLotsToCarryForward(database::Connection& connection, const ClientYear& of);
 
-/// Writes what is left of the year before (gains::RemainingLots of the client) as opening lots of
-/// the year, in one transaction. Opening rows that are identical to a carried lot make place for
-/// it, so doing it twice leaves one row a lot; carried lots that are identical to each other all
-/// stay.
+/// Works out what is left of the year before (gains::RemainingLots of the client) and writes it as
+/// opening lots of the year, in one transaction: what another program records in either year
+/// meanwhile is counted or waits. `carried` is then their number.
 MaybeRefusal CarryForward(database::Connection& connection, const ClientYear& of,
+                          Progress& progress, std::size_t& carried);
+
+/// Writes these lots as opening lots of the year, as part of a caller's transaction. Opening rows
+/// that are identical to a carried lot make place for it, so doing it twice leaves one row a lot;
+/// carried lots that are identical to each other all stay.
+MaybeRefusal CarryForward(database::Transaction& transaction, const ClientYear& of,
                           std::span<const gains::RemainingLot> lots);
 
 }  // namespace quorvane::opening_stock

@@ -4,6 +4,9 @@
 
 #include <QTest>
 
+#include <functional>
+#include <thread>
+
 using namespace quorvane;
 using namespace quorvane::ledger;
 
@@ -23,6 +26,8 @@ class RebuildTest : public QObject {
   void OtherClientsAndYearsAreLeftAlone();
   void EverythingIsRebuiltWithoutAScope();
   void RightLedgerIsNotTouched();
+  void BillSavedMeanwhileIsNotLost_data();
+  void BillSavedMeanwhileIsNotLost();
   void CancellingChangesNothing();
   void ScratchTableIsEmptyAfterwards();
 };
@@ -36,6 +41,7 @@ class Desk {
  public:
   database::Connection& operator*() { return *database_; }
   database::Connection* operator->() { return &*database_; }
+  const database::ConnectionSettings& Settings() const { return database_.Settings(); }
 
   void Lot(int id, double quantity, double rate = 100, int client = 1, int account = 2,
            const char* year = kYear) {
@@ -201,6 +207,50 @@ void RebuildTest::RightLedgerIsNotTouched() {
   desk.Opening(0.2);
   QCOMPARE(desk.Rebuild(), std::size_t{0});
   QVERIFY(desk.Quantity(5) == 0.3);
+}
+
+/// Another program saves a bill while the rebuild is between reading and writing.
+void RebuildTest::BillSavedMeanwhileIsNotLost_data() {
+  QTest::addColumn<bool>("everything");
+  QTest::newRow("one client") << false;
+  QTest::newRow("every client") << true;
+}
+
+void RebuildTest::BillSavedMeanwhileIsNotLost() {
+  QFETCH(const bool, everything);
+  class Meanwhile : public Progress {
+   public:
+    explicit Meanwhile(const std::function<void()>& act) : act_(act) {}
+    ~Meanwhile() override { other_.join(); }
+    void Step(std::int64_t done) override {
+      if (done == 5) {
+        other_ = std::thread(act_);
+        QTest::qSleep(300);  // time to commit for a program that nothing holds up
+      }
+    }
+
+   private:
+    std::function<void()> act_;
+    std::thread other_;
+  };
+  Desk desk;
+  desk.Opening(10);
+  desk.Lot(5, 3);
+  database::Connection other(desk.Settings());
+  {
+    Meanwhile progress([&] {
+      database::InTransaction(other, [](Transaction& transaction) -> MaybeRefusal {
+        transaction.Execute("Insert Into SPMaster(Cid,Fyear,ID,AcId) Values(1,'2011-12',9,2)");
+        transaction.Execute(
+            "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId,Qty,Rate) "
+            "Values(1,'2011-12',9,1,1,5,3,7,100)");
+        AdjustLotQty(transaction, Posting::kAdd, LotId{5}, 7, LotTable::kStock);
+        return std::nullopt;
+      });
+    });
+    RebuildStock(*desk, everything ? std::nullopt : std::optional(kOf), progress);
+  }
+  QCOMPARE(desk.Quantity(5), 17.0);
 }
 
 void RebuildTest::CancellingChangesNothing() {

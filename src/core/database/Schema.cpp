@@ -104,10 +104,14 @@ void CreateTable(SetUp& set_up, const TableDefinition& table) {
 }
 
 /// A lookup table that is empty gets its rows. The locking read makes a second program that starts
-/// at the same time wait, or do its work again and find the rows.
+/// at the same time wait, or do its work again and find the rows. A table that has rows is not
+/// locked: another program may hold it for as long as a large import takes.
 void Seed(SetUp& set_up, const TableDefinition& table) {
   const std::string insert = fmt::format("Insert Into {} Values{}", table.name, table.seed_rows);
   try {
+    if (set_up.GetConnection().Open(fmt::format("Select * From {} Limit 1", table.name)).Next()) {
+      return;
+    }
     InTransaction(set_up.GetConnection(), [&](Transaction& transaction) -> MaybeRefusal {
       const bool empty =
           !transaction.Open(fmt::format("Select * From {} Limit 1 For Update", table.name)).Next();

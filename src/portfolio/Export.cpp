@@ -41,12 +41,12 @@ void AppendField(std::string& out, const Recordset& row, std::size_t column) {
 /// Writes a file whose columns are those of a query, in order.
 class QueryExport {
  public:
-  QueryExport(Connection& connection, const QString& folder, const ExportScope& scope)
+  QueryExport(Connection& connection, OutputFolder& folder, const ExportScope& scope)
       : connection_(connection), folder_(folder), scope_(scope) {}
 
   void Write(FileKind kind, const std::string& select, const ScopedText& where,
              const std::string& order) {
-    OutputFile file(folder_, LayoutOf(kind));
+    OutputFile& file = folder_.Add(LayoutOf(kind));
     std::string& out = file.Buffer();
     for (const auto& row :
          connection_.OpenValues(select + where.text + " Order By " + order, where.values)) {
@@ -121,7 +121,7 @@ class QueryExport {
   }
 
   Connection& connection_;
-  const QString& folder_;
+  OutputFolder& folder_;
   const ExportScope& scope_;
 };
 
@@ -129,14 +129,17 @@ class QueryExport {
 
 void ExportPortfolio(Connection& connection, const QString& folder, std::optional<ClientId> client,
                      Progress& progress) {
-  MakeFolder(folder);
-  // Never committed: it only holds every query to one instant.
-  const database::Transaction instant(connection);
-  const ExportScope scope(connection, client);
-  QueryExport tables(connection, folder, scope);
-  tables.WriteMasters();
-  tables.WriteMovements();
-  ExportBills(connection, folder, scope, progress);
+  OutputFolder files(folder);
+  {
+    // Never committed: it only holds every query to one instant.
+    const database::Transaction instant(connection);
+    const ExportScope scope(connection, client);
+    QueryExport tables(connection, files, scope);
+    tables.WriteMasters();
+    tables.WriteMovements();
+    ExportBills(connection, files, scope, progress);
+  }
+  files.Publish();
 }
 
 }  // namespace quorvane::portfolio

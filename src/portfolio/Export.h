@@ -14,8 +14,10 @@ namespace quorvane::portfolio {
 /// portfolio. Masters by name or code; opening lots by client, account, year, scrip and purchase
 /// date; bills by client, account, date and number, their lines in order; transfers, payments and
 /// rates by date. With `client` only what concerns that client, and the clients to whom transfers
-/// join it. All is read at one instant. Each file is replaced whole; throws std::runtime_error when
-/// one cannot be written, DatabaseError, or Cancellation.
+/// join it. All is read at one instant. The folder keeps its old files until every new one is
+/// written under another name; they then take their places in one go (see OutputFolder). Throws
+/// std::runtime_error when a file cannot be written, DatabaseError, or Cancellation, and has then
+/// left the old files.
 void ExportPortfolio(database::Connection& connection, const QString& folder,
                      std::optional<ClientId> client, Progress& progress);
 

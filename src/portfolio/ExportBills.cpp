@@ -4,7 +4,6 @@
 #include "core/lookups/Directory.h"
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
-#include "portfolio/OutputFile.h"
 #include "portfolio/Portfolio.h"
 
 #include <algorithm>
@@ -32,13 +31,13 @@ struct Line {
 
 class BillExport {
  public:
-  BillExport(database::Connection& connection, const QString& folder, const ExportScope& scope,
+  BillExport(database::Connection& connection, OutputFolder& folder, const ExportScope& scope,
              Progress& progress)
       : connection_(connection),
         scope_(scope),
         progress_(progress),
         directory_(connection),
-        file_(folder, LayoutOf(FileKind::kBills)) {}
+        file_(folder.Add(LayoutOf(FileKind::kBills))) {}
 
   void Run() {
     ReadLots();
@@ -160,7 +159,7 @@ class BillExport {
   const ExportScope& scope_;
   Progress& progress_;
   lookups::Directory directory_;
-  OutputFile file_;
+  OutputFile& file_;
   ledger::IdMap<double> lot_rates_;
   std::vector<Line> lines_;
   std::vector<std::string> deliveries_;
@@ -169,7 +168,7 @@ class BillExport {
 
 }  // namespace
 
-void ExportBills(database::Connection& connection, const QString& folder, const ExportScope& scope,
+void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportScope& scope,
                  Progress& progress) {
   BillExport(connection, folder, scope, progress).Run();
 }

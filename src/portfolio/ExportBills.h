@@ -3,13 +3,12 @@
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "portfolio/ExportScope.h"
-
-#include <QString>
+#include "portfolio/OutputFile.h"
 
 namespace quorvane::portfolio {
 
 /// Writes bills.csv: bills by client, account, date and key, each with its lines in order.
-void ExportBills(database::Connection& connection, const QString& folder, const ExportScope& scope,
+void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportScope& scope,
                  Progress& progress);
 
 }  // namespace quorvane::portfolio

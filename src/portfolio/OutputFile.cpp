@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include <stdexcept>
+#include <utility>
 
 namespace quorvane::portfolio {
 namespace {
@@ -15,12 +16,6 @@ constexpr std::size_t kLarge = 1 << 20;
 }
 
 }  // namespace
-
-void MakeFolder(const QString& folder) {
-  if (!QDir().mkpath(folder)) {
-    throw std::runtime_error("cannot make the folder " + folder.toStdString());
-  }
-}
 
 OutputFile::OutputFile(const QString& folder, const FileLayout& layout)
     : file_(QDir(folder).filePath(
@@ -51,8 +46,30 @@ void OutputFile::WriteWhenLarge() {
 
 void OutputFile::Finish() {
   Write();
+  if (!file_.flush()) {
+    Fail(file_);
+  }
+}
+
+void OutputFile::Publish() {
   if (!file_.commit()) {
     Fail(file_);
+  }
+}
+
+OutputFolder::OutputFolder(QString folder) : folder_(std::move(folder)) {
+  if (!QDir().mkpath(folder_)) {
+    throw std::runtime_error("cannot make the folder " + folder_.toStdString());
+  }
+}
+
+OutputFile& OutputFolder::Add(const FileLayout& layout) {
+  return *files_.emplace_back(std::make_unique<OutputFile>(folder_, layout));
+}
+
+void OutputFolder::Publish() {
+  for (const auto& file : files_) {
+    file->Publish();
   }
 }
 

@@ -1,13 +1,12 @@
 #include "portfolio/MovementImport.h"
 
-#include "core/database/BulkWriter.h"
 #include "core/database/Keys.h"
 #include "core/gains/RemainingLots.h"
 #include "core/text/Amounts.h"
 #include "portfolio/BillLines.h"
 #include "portfolio/ImportLock.h"
+#include "portfolio/MovementRecords.h"
 #include "portfolio/RecordedDocuments.h"
-#include "transactions/bills/Bill.h"
 
 #include <fmt/format.h>
 
@@ -17,25 +16,8 @@
 namespace quorvane::portfolio {
 namespace {
 
-using database::BulkWriter;
 using database::Transaction;
 using text::FinancialYear;
-
-constexpr std::string_view kInsertOpening =
-    "Insert Into StkOpBal Values(?,?,?,?,?,?,?,?,?,?,?,?,?)";
-constexpr std::string_view kInsertBill = "Insert Into SPMaster Values(?,?,?,?,?,?,?,?,?,?,?,?,?,?)";
-constexpr std::string_view kInsertLine =
-    "Insert Into SPTrans Values(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)";
-constexpr std::string_view kInsertTransfer =
-    "Insert Into ScrTransfer Values(?,?,?,?,?,?,?,?,?,?,?,?)";
-constexpr std::string_view kInsertLot = "Insert Into Stock Values(?,?,?,?,?,?,?)";
-constexpr std::string_view kUpdateLot = "Update Stock Set Qty=? Where Id=?";
-
-/// The accounts that a transfer joins, and their owners.
-struct TransferEnds {
-  ResolvedNames::Owned from;
-  ResolvedNames::Owned to;
-};
 
 class MovementImport {
  public:
@@ -49,14 +31,7 @@ class MovementImport {
         progress_(progress),
         recorded_(transaction, TouchedYears(portfolio)),
         book_(database::NextSharedKey(transaction, {"Stock", "Stock_Temp"})),
-        openings_(transaction, kInsertOpening, "itiiddditdddi"),
-        bills_(transaction, kInsertBill, "itittiiidddddt"),
-        lines_(transaction, kInsertLine, "itiiiiiddddddiddt"),
-        transfers_(transaction, kInsertTransfer, "ititiiiiiidd") {
-    next_opening_ = database::NextKey(transaction, "StkOpBal");
-    next_bill_ = database::NextKey(transaction, "SPMaster", "ID");
-    next_transfer_ = database::NextKey(transaction, "ScrTransfer", "ID");
-  }
+        records_(transaction, names) {}
 
   void Run() {
     progress_.Begin(QStringLiteral("Import"),
@@ -67,14 +42,10 @@ class MovementImport {
     if (!errors_.Empty()) {
       return;
     }
-    openings_.Finish();
-    bills_.Finish();
-    lines_.Finish();
-    transfers_.Finish();
-    WriteLots();
+    records_.Finish(book_);
     Count("opening lots", portfolio_.openings.size());
     Count("bills", portfolio_.bills.size());
-    Count("bill lines", line_count_);
+    Count("bill lines", records_.LineCount());
     Count("transfers", portfolio_.transfers.size());
   }
 
@@ -151,32 +122,16 @@ class MovementImport {
     for (const OpeningRow& row : portfolio_.openings) {
       const ClientId client = names_.clients[row.client];
       if (const auto account = AccountOf(client, row.account, FileKind::kOpening, row.line)) {
-        WriteOpening(row, client, *account);
+        TakeOpening(row, client, *account);
       }
     }
   }
 
-  void WriteOpening(const OpeningRow& row, ClientId client, AccountId account) {
-    const ScripId scrip = names_.scrips[row.scrip];
-    if (recorded_.HasOpening({client, row.year}, account, scrip, row)) {
+  void TakeOpening(const OpeningRow& row, ClientId client, AccountId account) {
+    if (recorded_.HasOpening({client, row.year}, account, names_.scrips[row.scrip], row)) {
       Fail(FileKind::kOpening, row.line, "", "this opening lot is recorded already");
     }
-    day_.clear();
-    text::AppendDmy(day_, row.purchase_date);
-    openings_.Int(client.value)
-        .Text(row.year.Utf8())
-        .Int(next_opening_++)
-        .Int(scrip.value)
-        .Double(row.quantity)
-        .Double(row.rate)
-        .Double(text::RoundAmount(row.quantity * text::Tidy(row.rate + row.brokerage)))
-        .Int(account.value)
-        .Text(day_)
-        .Double(row.service_tax)
-        .Double(row.brokerage)
-        .Double(row.stt)
-        .Int(row.fo ? 1 : 0)
-        .EndRow();
+    records_.WriteOpening(row, client, account);
   }
 
   template <class Rows>
@@ -213,11 +168,8 @@ class MovementImport {
   }
 
   void BeginDate(text::Date date) {
-    year_ = FinancialYear::Of(date);
-    year_text_ = year_.Utf8();
-    day_.clear();
-    text::AppendDmy(day_, date);
-    progress_.Step(static_cast<std::int64_t>(line_count_));
+    day_ = RecordDay::Of(date);
+    progress_.Step(static_cast<std::int64_t>(records_.LineCount()));
     progress_.ThrowIfCancelled();
   }
 
@@ -227,14 +179,15 @@ class MovementImport {
     if (!account) {
       return;
     }
-    if (recorded_.HasBill({client, year_}, *account, names_.brokers[bill.broker], bill, day_)) {
+    if (recorded_.HasBill({client, day_.year}, *account, names_.brokers[bill.broker], bill,
+                          day_.text)) {
       Fail(FileKind::kBills, bill.line, "bill_no", "this bill is recorded already");
       return;
     }
-    const HoldingsBook::Place place{{client, year_}, *account, {}};
+    const HoldingsBook::Place place{{client, day_.year}, *account, {}};
     ReceivePurchases(bill, place);
     if (TrySales(bill, place, false) || (ApplyTransfers() && TrySales(bill, place, false))) {
-      WriteBill(bill, client, *account);
+      records_.WriteBill(bill, client, *account, day_, recorded_lines_);
     } else {
       TrySales(bill, place, true);
     }
@@ -302,62 +255,6 @@ class MovementImport {
                      balance));
   }
 
-  void WriteBill(const BillRow& bill, ClientId client, AccountId account) {
-    const int id = next_bill_++;
-    totals_lines_.clear();
-    int number = 0;
-    for (const RecordedLine& line : recorded_lines_) {
-      WriteLine(line, client, id, ++number);
-      quorvane::bills::BillLine total;
-      total.side =
-          line.row->purchase ? quorvane::bills::Side::kPurchase : quorvane::bills::Side::kSale;
-      total.amount = line.amount;
-      total.service_tax = line.service_tax;
-      total.stt = line.stt;
-      totals_lines_.push_back(total);
-    }
-    line_count_ += recorded_lines_.size();
-    const auto totals =
-        quorvane::bills::ComputeTotals(totals_lines_, bill.other_charges, bill.transaction_charges);
-    bills_.Int(client.value)
-        .Text(year_text_)
-        .Int(id)
-        .Text(bill.number)
-        .Text(day_)
-        .Int(names_.brokers[bill.broker].value)
-        .Int(names_.exchanges[bill.exchange].value)
-        .Int(account.value)
-        .Double(totals.total)
-        .Double(bill.other_charges)
-        .Double(totals.stt)
-        .Double(bill.transaction_charges)
-        .Double(totals.grand_total)
-        .Text(bill.settlement)
-        .EndRow();
-  }
-
-  void WriteLine(const RecordedLine& line, ClientId client, int bill, int number) {
-    const BillLineRow& row = *line.row;
-    lines_.Int(client.value)
-        .Text(year_text_)
-        .Int(bill)
-        .Int(number)
-        .Int(row.purchase ? 1 : 0)
-        .Int(line.lot.value)
-        .Int(names_.scrips[row.scrip].value)
-        .Double(line.quantity)
-        .Double(row.rate)
-        .Double(row.brokerage)
-        .Double(line.net)
-        .Double(line.amount)
-        .Double(line.service_tax)
-        .Int(row.fo ? 1 : 0)
-        .Double(line.stt)
-        .Double(row.stt_percent)
-        .Text(kDeliveryTypes[row.delivery])
-        .EndRow();
-  }
-
   /// The date's transfers that are possible now; true when there was one.
   bool ApplyTransfers() {
     const std::size_t before = open_transfers_.size();
@@ -382,8 +279,9 @@ class MovementImport {
     }
     const ScripId scrip = names_.scrips[row.scrip];
     double available = 0;
-    const auto piece = book_.TakeFromLot({{ends->from.client, year_}, ends->from.account, scrip},
-                                         row.rate, row.quantity, available);
+    const auto piece =
+        book_.TakeFromLot({{ends->from.client, day_.year}, ends->from.account, scrip}, row.rate,
+                          row.quantity, available);
     if (!piece) {
       if (report) {
         std::string balance;
@@ -395,9 +293,13 @@ class MovementImport {
       }
       return false;
     }
-    book_.Receive({{ends->to.client, year_}, ends->to.account, scrip}, row.date, row.rate,
+    book_.Receive({{ends->to.client, day_.year}, ends->to.account, scrip}, row.date, row.rate,
                   row.quantity);
-    WriteTransfer(row, *ends, scrip, piece->lot);
+    if (recorded_.HasTransfer(day_.year, ends->from.account, ends->to.account, scrip, row,
+                              day_.text)) {
+      Fail(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
+    }
+    records_.WriteTransfer(row, *ends, piece->lot, day_);
     return true;
   }
 
@@ -419,50 +321,6 @@ class MovementImport {
     return std::nullopt;
   }
 
-  void WriteTransfer(const TransferRow& row, const TransferEnds& ends, ScripId scrip, LotId lot) {
-    if (recorded_.HasTransfer(year_, ends.from.account, ends.to.account, scrip, row, day_)) {
-      Fail(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
-    }
-    constexpr int kSameClient = 0;
-    constexpr int kOtherClient = 1;
-    transfers_.Int(ends.from.client.value)
-        .Text(year_text_)
-        .Int(next_transfer_++)
-        .Text(day_)
-        .Int(ends.from.account.value)
-        .Int(ends.from.client == ends.to.client ? kSameClient : kOtherClient)
-        .Int(ends.to.account.value)
-        .Int(ends.to.client.value)
-        .Int(lot.value)
-        .Int(scrip.value)
-        .Double(row.rate)
-        .Double(row.quantity)
-        .EndRow();
-  }
-
-  void WriteLots() {
-    BulkWriter insert(transaction_, kInsertLot, "itiiidd");
-    BulkWriter update(transaction_, kUpdateLot, "di");
-    for (const HoldingsBook::LotState& state : book_.Lots()) {
-      if (!state.is_new) {
-        if (state.lot.quantity != state.stored) {
-          update.Double(state.lot.quantity).Int(state.lot.id.value).EndRow();
-        }
-        continue;
-      }
-      insert.Int(state.place.of.client.value)
-          .Text(state.place.of.year.Utf8())
-          .Int(state.lot.id.value)
-          .Int(state.lot.account.value)
-          .Int(state.lot.scrip.value)
-          .Double(state.lot.quantity)
-          .Double(state.lot.rate)
-          .EndRow();
-    }
-    insert.Finish();
-    update.Finish();
-  }
-
   Transaction& transaction_;
   const Portfolio& portfolio_;
   const ResolvedNames& names_;
@@ -471,20 +329,10 @@ class MovementImport {
   Progress& progress_;
   RecordedDocuments recorded_;
   HoldingsBook book_;
-  BulkWriter openings_;
-  BulkWriter bills_;
-  BulkWriter lines_;
-  BulkWriter transfers_;
-  int next_opening_ = 1;
-  int next_bill_ = 1;
-  int next_transfer_ = 1;
-  std::size_t line_count_ = 0;
-  FinancialYear year_{0};
-  std::string year_text_;
-  std::string day_;
+  MovementRecords records_;
+  RecordDay day_;
   std::vector<LotId> purchase_lots_;
   std::vector<RecordedLine> recorded_lines_;
-  std::vector<quorvane::bills::BillLine> totals_lines_;
   std::vector<const TransferRow*> open_transfers_;
 };
 

@@ -26,12 +26,19 @@ void Check(Context& context) {
   for (const repair::TableSize& size : check.sizes) {
     report += fmt::format("{:>9} {}\n", size.rows, size.table);
   }
+  for (const repair::TableFault& fault : check.faults) {
+    report += fmt::format("{}: the server says: {}\n", fault.table, fault.text);
+  }
   for (const repair::DoubleKey& key : check.double_keys) {
     report +=
         fmt::format("{}: {} keys ({}) stand more than once\n", key.table, key.keys, key.columns);
   }
   for (const ledger::LotChange& change : check.wrong_lots) {
     report += LotText(change, directory);
+  }
+  for (const repair::Dangling& dangling : check.dangling) {
+    report += fmt::format("note: {} rows of {} name a record of {} ({}) that is not there\n",
+                          dangling.rows, dangling.table, dangling.names, dangling.column);
   }
   report += check.AllIsWell()
                 ? "Keys are unique, and every lot agrees with its documents.\n"

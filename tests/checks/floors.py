@@ -15,7 +15,7 @@ FLOORS = [
     {"portfolio"},
     {"ui", "cli"},
 ]
-WINDOW = re.compile(r"^(Frm|frm|Rpt|ImpScr|MDIForm)|(View|Viewer|Page|Pane|Window)\.|^main\.cpp$")
+WINDOW = re.compile(r"^(Frm|frm|Rpt|ImpScr|MDIForm|RepairTable)|(View|Viewer|Page|Pane|Window)\.|^main\.cpp$")
 SQL = re.compile(r'"(Select [^"]* From |Insert Into |Update \w+ Set |Delete From |Alter Table |Create Table )')
 SYSTEM = re.compile(r"#include <(unistd|fcntl|signal|csignal|sys/[a-z]+|pwd)(\.h)?>")
 # The terminal is the command line's own business.

@@ -1,9 +1,13 @@
 #include "admin/repair/TableCheck.h"
 
 #include "core/database/Schema.h"
+#include "core/database/Transaction.h"
+
+#include <QCoreApplication>
 
 #include <fmt/format.h>
 
+#include <iterator>
 #include <utility>
 
 namespace quorvane::repair {
@@ -31,22 +35,93 @@ std::vector<TableSize> CountRows(database::Connection& connection) {
   return sizes;
 }
 
-TableCheck CheckTables(database::Connection& connection, Progress& progress) {
-  TableCheck check;
-  check.sizes = CountRows(connection);
-  progress.ThrowIfCancelled();
-  for (const auto& [table, columns] : kKeys) {
+namespace {
+
+/// One look through the database; a step a table, a key and a reference, and one for the lots.
+class Look {
+ public:
+  Look(database::Connection& connection, Progress& progress)
+      : connection_(connection), progress_(progress) {
+    const std::size_t steps =
+        database::TableNames().size() + std::size(kKeys) + References().size() + 1;
+    progress_.Begin(QCoreApplication::translate("TableCheck", "Checking the tables"),
+                    static_cast<std::int64_t>(steps));
+  }
+
+  TableCheck Run() {
+    for (const std::string& table : database::TableNames()) {
+      AskServer(table);
+      Done();
+    }
+    // Never committed: it only holds every query to one instant.
+    const database::Transaction instant(connection_);
+    check_.sizes = CountRows(connection_);
+    for (const auto& [table, columns] : kKeys) {
+      LookForDoubles(table, columns);
+      Done();
+    }
+    for (const Reference& reference : References()) {
+      LookForDangling(reference);
+      Done();
+    }
+    Progress quiet;
+    check_.wrong_lots = ledger::CheckStock(connection_, std::nullopt, quiet);
+    Done();
+    return std::move(check_);
+  }
+
+ private:
+  void Done() {
+    progress_.Step(++done_);
+    progress_.ThrowIfCancelled();
+  }
+
+  void AskServer(const std::string& table) {
+    try {
+      for (const auto& row : connection_.Open("Check Table " + table)) {
+        const QString kind = row.Text("Msg_type");
+        const bool is_fault =
+            kind == QLatin1String("error") ||
+            (kind == QLatin1String("status") && row.Text("Msg_text") != QLatin1String("OK") &&
+             !row.Text("Msg_text").startsWith(QLatin1String("Table is already")));
+        if (is_fault) {
+          check_.faults.push_back({table, row.Text("Msg_text").toStdString()});
+        }
+      }
+    } catch (const database::DatabaseError& error) {
+      if (error.IsConnectionLost()) {
+        throw;
+      }
+      check_.unchecked.push_back(table);
+    }
+  }
+
+  void LookForDoubles(std::string_view table, std::string_view columns) {
     const std::int64_t keys = CountOf(
-        connection,
+        connection_,
         fmt::format("Select Count(*) From (Select 1 From {} Group By {} Having Count(*)>1) T",
                     table, columns));
     if (keys > 0) {
-      check.double_keys.push_back({std::string(table), std::string(columns), keys});
+      check_.double_keys.push_back({std::string(table), std::string(columns), keys});
     }
-    progress.ThrowIfCancelled();
   }
-  check.wrong_lots = ledger::CheckStock(connection, std::nullopt, progress);
-  return check;
+
+  void LookForDangling(const Reference& reference) {
+    if (const std::int64_t rows = CountDangling(connection_, reference); rows > 0) {
+      check_.dangling.push_back({reference.table, reference.column, reference.names, rows});
+    }
+  }
+
+  database::Connection& connection_;
+  Progress& progress_;
+  std::int64_t done_ = 0;
+  TableCheck check_;
+};
+
+}  // namespace
+
+TableCheck CheckTables(database::Connection& connection, Progress& progress) {
+  return Look(connection, progress).Run();
 }
 
 }  // namespace quorvane::repair

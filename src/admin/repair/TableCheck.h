@@ -1,5 +1,6 @@
 #pragma once
 
+#include "admin/repair/References.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "core/ledger/Rebuild.h"
@@ -15,6 +16,12 @@ struct TableSize {
   std::int64_t rows = 0;
 };
 
+/// What the server's own check says of a table that is not in order.
+struct TableFault {
+  std::string table;
+  std::string text;
+};
+
 /// A key that the program keeps unique by itself and that stands more than once.
 struct DoubleKey {
   std::string table;
@@ -25,16 +32,21 @@ struct DoubleKey {
 /// What a look through the whole database finds.
 struct TableCheck {
   std::vector<TableSize> sizes;  ///< every table, in the order of its creation
+  std::vector<TableFault> faults;
+  std::vector<std::string> unchecked;  ///< tables whose check the server does not grant
   std::vector<DoubleKey> double_keys;
   std::vector<ledger::LotChange> wrong_lots;
+  std::vector<Dangling> dangling;  ///< for information: nothing is wrong with the table itself
 
-  bool AllIsWell() const { return double_keys.empty() && wrong_lots.empty(); }
+  bool AllIsWell() const { return faults.empty() && double_keys.empty() && wrong_lots.empty(); }
 };
 
 /// The number of rows of every table, in the order of its creation.
 std::vector<TableSize> CountRows(database::Connection& connection);
 
-/// Changes nothing. Throws DatabaseError or Cancellation.
+/// Lets the server check every table, then looks through keys, references and lots as they are at
+/// one instant. Changes nothing. Not for use inside a transaction. Throws DatabaseError or
+/// Cancellation.
 TableCheck CheckTables(database::Connection& connection, Progress& progress);
 
 }  // namespace quorvane::repair

@@ -1,0 +1,73 @@
+#include "admin/repair/TableCheck.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+using namespace quorvane;
+
+class TableCheckTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void FindsWhatIsWrong_data() {
+    QTest::addColumn<QString>("statement");
+    QTest::addColumn<QString>("found");
+    QTest::newRow("nothing") << "Update Broker Set City='X'"
+                             << "";
+    QTest::newRow("double key") << "Insert Into Broker(Id,Name) Values(1,'TWIN')"
+                                << "Broker(Id) 1;";
+    QTest::newRow("wrong lot") << "Update Stock Set Qty=7"
+                               << "lot 1 7;";
+    QTest::newRow("lines without a bill")
+        << "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId) "
+           "Values(1,'2011-12',55,1,0,0,1),(1,'2011-12',55,2,0,0,1)"
+        << "SPTrans.SID>SPMaster 2;";
+    QTest::newRow("account without a client")
+        << "Insert Into ClientActDet(CId,id,DMATAC,DPID,ACNo) Values(77,9,0,0,'9')"
+        << "ClientActDet.CId>ClientInfo 1;";
+    QTest::newRow("no reference at all")
+        << "Insert Into Script(Id,Code,Type,ScrCls) Values(2,'S',Null,0)"
+        << "";
+  }
+
+  void FindsWhatIsWrong() {
+    QFETCH(const QString, statement);
+    QFETCH(const QString, found);
+    test::TestDatabase database;
+    const ClientId client = database.AddClient(QStringLiteral("C1"));
+    const AccountId account = database.AddAccount(client, QStringLiteral("1001"));
+    const ScripId scrip = database.AddScrip(QStringLiteral("S1"), QStringLiteral("S1"));
+    database.AddBroker(QStringLiteral("B1"));
+    database->Execute(
+        "Insert Into StkOpBal(CId,Fyear,Id,ScriptId,Qty,Rate,AcId) Values(?,'2011-12',1,?,10,5,?)",
+        client, scrip, account);
+    database->Execute("Insert Into Stock Values(?,'2011-12',1,?,?,10,5)", client, account, scrip);
+    database->Execute(statement.toStdString());
+    Progress quiet;
+    const repair::TableCheck check = repair::CheckTables(*database, quiet);
+    QString text;
+    for (const auto& key : check.double_keys) {
+      text += QStringLiteral("%1(%2) %3;")
+                  .arg(QString::fromStdString(key.table), QString::fromStdString(key.columns),
+                       QString::number(key.keys));
+    }
+    for (const auto& change : check.wrong_lots) {
+      text += QStringLiteral("lot %1 %2;").arg(change.lot.id.value).arg(change.lot.quantity);
+    }
+    for (const auto& dangling : check.dangling) {
+      text +=
+          QStringLiteral("%1.%2>%3 %4;")
+              .arg(QString::fromStdString(dangling.table), QString::fromStdString(dangling.column),
+                   QString::fromStdString(dangling.names), QString::number(dangling.rows));
+    }
+    QCOMPARE(text, found);
+    QVERIFY(check.faults.empty());
+    QVERIFY(check.unchecked.empty());
+    QCOMPARE(check.AllIsWell(), check.double_keys.empty() && check.wrong_lots.empty());
+  }
+};
+
+static const test::RegisterTest<TableCheckTest> kRegistered;
+
+#include "TableCheckTest.moc"

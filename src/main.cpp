@@ -1,6 +1,10 @@
+#include "admin/backup/BackupList.h"
+#include "admin/backup/RestoreFiles.h"
 #include "admin/users/frmLogin.h"
 #include "controls/DesktopFiles.h"
+#include "controls/Guard.h"
 #include "controls/MessageBoxes.h"
+#include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/app/AppInfo.h"
 #include "core/app/MachineKey.h"
@@ -16,6 +20,7 @@
 #include <QScreen>
 #include <QSplashScreen>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace {
 
@@ -49,6 +54,7 @@ class Desktop {
     };
     desk_.ask_save_path = controls::AskSavePath;
     desk_.ask_open_path = controls::AskOpenPath;
+    desk_.ask_folder = controls::AskFolder;
     desk_.open_file = controls::OpenWithDesktop;
   }
 
@@ -58,6 +64,23 @@ class Desktop {
     reports_.StatusBarobj(main_->statusBar());
     QObject::connect(main_, &ui::MDIForm1::LoggedOut, main_, [this] { ShowLogin(); });
     main_->show();
+  }
+
+  /// The day's automatic backup, when it is wanted and not there yet.
+  void BackUpIfDue() {
+    controls::Guard(messages_).Run(QStringLiteral("AutomaticBackUp"), [this] {
+      app::Session& session = desk_.session;
+      const backup::Settings settings = backup::ReadSettings(session.folders);
+      if (!backup::IsAutomaticDue(settings, QDate::currentDate())) {
+        return;
+      }
+      controls::ProgressDialog progress(main_);
+      const MaybeRefusal refusal = backup::MakeAutomatic(
+          {*session.connection, session.folders}, settings, QDateTime::currentDateTime(), progress);
+      if (refusal) {
+        throw std::runtime_error(refusal->text.toStdString());
+      }
+    });
   }
 
  private:
@@ -78,9 +101,11 @@ int Run(QApplication& application, const QString& folder) {
   QSplashScreen splash(QPixmap(360, 120));
   try {
     const std::unique_ptr<app::Session> session = app::StartUp(Options(folder, splash));
+    backup::SettleInterruptedRestore(*session->connection, session->folders);
     splash.close();
     Desktop desktop(*session);
     desktop.ShowMainWindow();
+    QTimer::singleShot(0, &application, [&desktop] { desktop.BackUpIfDue(); });
     return application.exec();
   } catch (const std::exception& error) {
     splash.close();

@@ -1,5 +1,6 @@
 #include "cli/Command.h"
 
+#include "admin/backup/RestoreFiles.h"
 #include "cli/TerminalProgress.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,7 @@ app::Session& Context::Session() {
         app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("shipped"));
     options.on_first_start = [this] { Inform("Making the database folder ..."); };
     session_ = app::StartUp(options);
+    backup::SettleInterruptedRestore(*session_->connection, session_->folders);
   }
   return *session_;
 }

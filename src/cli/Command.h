@@ -57,6 +57,7 @@ void AddStatementCommands(CLI::App& app, Context& context);
 void AddMisCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddDatabaseCommands(CLI::App& app, Context& context);
+void AddBackupCommands(CLI::App& app, Context& context);
 void AddDemoCommand(CLI::App& app, Context& context);
 
 /// Statements of other files than StatementCommands.cpp.

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <iostream>
 #include <string>
 
 namespace quorvane::cli {
@@ -64,6 +65,16 @@ class Bar : public CancelledByInterrupt {
 };
 
 }  // namespace
+
+std::optional<std::string> AskOnTerminal(const std::string& question) {
+  if (isatty(STDIN_FILENO) == 0) {
+    return std::nullopt;
+  }
+  std::fprintf(stderr, "%s ", question.c_str());
+  std::string answer;
+  std::getline(std::cin, answer);
+  return answer;
+}
 
 std::unique_ptr<Progress> MakeTerminalProgress(bool quiet) {
   if (quiet || isatty(STDERR_FILENO) == 0) {

@@ -37,6 +37,10 @@ struct Desk {
   std::function<QString(QWidget* over, const QString& folder, const QString& filters)>
       ask_open_path = [](QWidget*, const QString&, const QString&) { return QString(); };
 
+  /// Asks for a folder, starting with one; empty when the user gives it up.
+  std::function<QString(QWidget* over, const QString& start)> ask_folder =
+      [](QWidget*, const QString& start) { return start; };
+
   /// Opens a finished file with the desktop's own program; false when there is none for it.
   std::function<bool(const QString& path)> open_file = [](const QString&) { return true; };
 };

@@ -28,4 +28,9 @@ QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters
       over, QCoreApplication::translate("DesktopFiles", "Choose a File"), folder, filters);
 }
 
+QString AskFolder(QWidget* over, const QString& start) {
+  return QFileDialog::getExistingDirectory(
+      over, QCoreApplication::translate("DesktopFiles", "Choose a Folder"), start);
+}
+
 }  // namespace quorvane::controls

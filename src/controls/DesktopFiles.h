@@ -15,4 +15,7 @@ QString AskSavePath(QWidget* over, const QString& suggested_path);
 /// Asks for a file to read, starting in a folder; empty when the user gives it up.
 QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters);
 
+/// Asks for a folder, starting with one; empty when the user gives it up.
+QString AskFolder(QWidget* over, const QString& start);
+
 }  // namespace quorvane::controls

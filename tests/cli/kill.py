@@ -10,6 +10,8 @@ script has made are ended.
 """
 
 import argparse
+import hashlib
+import json
 import os
 import random
 import shutil
@@ -47,6 +49,8 @@ class State:
         self.lots = server.sql("Select Cid,Fyear,AcId,ScriptId,Rate,Qty From Stock Order By "
                                "Cid,Fyear,AcId,ScriptId,Rate")
         self.scratch = server.sql("Select Count(*) From Stock_Temp")
+        self.documents = {str(path.relative_to(folder)): path.read_bytes()
+                          for path in sorted((folder / "SignDocs").rglob("*")) if path.is_file()}
         self.sound = server.desk.run("check", status=None).returncode == DONE
 
     def __eq__(self, other) -> bool:
@@ -67,6 +71,23 @@ class Command:
         shutil.rmtree(whole)
         assert self.before != self.after, f"{name} changes nothing"
         assert self.after.sound
+
+
+def sign(folder: Path, name: str, content: str):
+    """A scanned document of a client."""
+    path = folder / "SignDocs" / name
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text(content)
+
+
+def is_whole(backup: Path) -> bool:
+    """Judged without the program: by the checksums that every system's own tool can read."""
+    manifest = json.loads((backup / "manifest.json").read_text())
+    named = {file["path"]: file["sha256"] for file in manifest["files"]}
+    found = {str(path.relative_to(backup)): hashlib.sha256(path.read_bytes()).hexdigest()
+             for path in backup.rglob("*")
+             if path.is_file() and not path.name.startswith("manifest.")}
+    return named == found
 
 
 class Folders(unittest.TestCase):
@@ -106,8 +127,9 @@ class Killed(Folders):
         shutil.copytree(whole, masters)
         for name in DOCUMENTS:
             shutil.move(masters / name, documents / name)
-        empty, filled, wrong = (cls.home / name for name in ("empty", "filled", "wrong"))
-        for folder in (empty, filled, wrong):
+        empty, filled, wrong, other = (cls.home / name
+                                       for name in ("empty", "filled", "wrong", "other"))
+        for folder in (empty, filled, wrong, other):
             cls.addClassCleanup(end_servers, folder)
         run(empty, "import", masters)
         copy(empty, filled)
@@ -116,8 +138,17 @@ class Killed(Folders):
         server = Server(wrong)
         server.sql("Update Stock Set Qty=Qty+1 Where Id%3=0")
         server.desk.run("check", status=REFUSED)
+        sign(filled, "1/sign.png", "signature")
+        cls.filled = filled
+        began = time.monotonic()
+        backup = run(filled, "backup", cls.home / "backups").stdout.strip()
+        cls.backup_seconds = time.monotonic() - began
+        run(other, "import", SAMPLE)
+        sign(other, "1/sign.png", "another")
+        sign(other, "2/more.png", "more")
         cls.commands = (
             Command("import", empty, "import", documents),
+            Command("restore", other, "restore", backup, "--yes"),
             Command("rebuild", wrong, "rebuild", "--all"),
             Command("carry forward", filled, "carry-forward", "stock", "--client", "C00001",
                     "--year", NEXT_YEAR))
@@ -134,6 +165,28 @@ class Killed(Folders):
         print(f"seed {self.seed}, {self.times} times")
         for (name, victim, outcome), count in sorted(counts.items()):
             print(f"{name}, {victim}: {count} {outcome}")
+
+    def test_backup_is_whole_or_seen_as_unfinished(self):
+        for n in range(max(4, self.times)):
+            folder = copy(self.filled, self.new_folder())
+            before = State(folder)
+            out = folder.with_name("out")
+            instant = self.random.uniform(0, 1.2 * self.backup_seconds)
+            with self.subTest(f"after {instant:.4f} s, seed {self.seed}"):
+                process = start(folder, "backup", out)
+                time.sleep(instant)
+                process.kill() if n % 2 == 0 else end_servers(folder)
+                process.communicate(timeout=SECONDS)
+                for made in out.iterdir() if out.exists() else ():
+                    if made.name.endswith(".part"):
+                        told = run(folder, "restore", made, "--yes", status=REFUSED).stderr
+                        self.assertIn("was not finished", told)
+                    else:
+                        self.assertTrue(is_whole(made))
+                run(folder, "backup", out)
+                self.assertTrue(all(is_whole(made) for made in out.iterdir()), "litter is left")
+                self.assertTrue(State(folder) == before)
+                self.assert_no_server_left(folder)
 
     def interrupt(self, command: Command, victim: str, instant: float) -> str:
         """What was found afterwards: "before" or "after"."""

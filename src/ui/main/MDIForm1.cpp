@@ -1,13 +1,11 @@
 #include "ui/main/MDIForm1.h"
 
 #include "controls/ChildWindow.h"
-#include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "controls/ZENButton.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
 #include "masters/client_list/ClientList.h"
-#include "portfolio/SafetyCopy.h"
 #include "ui/main/MiscInfo.h"
 #include "ui/main/WindowTable.h"
 
@@ -372,16 +370,7 @@ void MDIForm1::mnuContact_Click() {
 
 void MDIForm1::mnuBackUp_Click() {
   desk_.session.target = QStringLiteral("BackUp");
-  const QString window = QStringLiteral("frmBackUpRestore");
-  if (HasWindow(window)) {
-    Open(window);
-    return;
-  }
-  controls::ProgressDialog progress(this);
-  const QString folder =
-      portfolio::MakeSafetyCopy(*desk_.session.connection, desk_.session.folders.application,
-                                QDateTime::currentDateTime(), progress);
-  desk_.messages.Inform(tr("A copy of the portfolio lies in %1.").arg(folder));
+  Open(QStringLiteral("frmBackUpRestore"));
 }
 
 void MDIForm1::mnuLogOut_Click() {

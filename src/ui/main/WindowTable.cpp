@@ -1,5 +1,8 @@
 #include "ui/main/WindowTable.h"
 
+#include "admin/backup/frmBackUpRestore.h"
+#include "admin/backup/frmrestoration.h"
+#include "admin/repair/RepairTable.h"
 #include "controls/ChildWindow.h"
 #include "masters/brokers/FrmBroker.h"
 #include "masters/client_list/FrmClientList.h"
@@ -75,6 +78,9 @@ const std::map<QString, Maker, WithoutCase>& Makers() {
       {QStringLiteral("frmbrpayment"), MakePayment<PaymentKind::kPayment>},
       {QStringLiteral("rptbrokerledger"), Make<broker_ledger::RptBrokerLedger>},
       {QStringLiteral("frmbrrec"), MakePayment<PaymentKind::kReceipt>},
+      {QStringLiteral("frmbackuprestore"), Make<backup::frmBackUpRestore>},
+      {QStringLiteral("frmrestoration"), Make<backup::frmrestoration>},
+      {QStringLiteral("repairtable"), Make<repair::RepairTable>},
   };
   return kMakers;
 }

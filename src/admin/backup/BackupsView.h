@@ -1,0 +1,42 @@
+#pragma once
+
+#include "admin/backup/BackupList.h"
+#include "controls/Grid.h"
+
+#include <vector>
+
+namespace quorvane::backup {
+
+/// The backups of a folder as a list, the newest first.
+class BackupsView : public controls::Grid {
+  Q_OBJECT
+
+ public:
+  explicit BackupsView(QWidget* parent = nullptr);
+
+  /// Lists a folder of backups, or a single backup when the folder is one. The first is current
+  /// unless the one that was current before is still there.
+  void ShowFolder(const QString& folder);
+
+  /// nullptr when none is current.
+  const Entry* Current() const;
+  void Select(const QString& path);
+
+  /// After every byte of a backup was read.
+  void SetState(const QString& path, BackupState state, const QString& fault = {});
+
+  bool IsEmpty() const { return entries_.empty(); }
+
+ private:
+  void Fill();
+
+  std::vector<Entry> entries_;
+};
+
+/// "25/11/2026 08:15".
+QString DateText(const QDateTime& made);
+
+/// "Verified", "Complete", "Damaged", "Not finished".
+QString StateText(BackupState state);
+
+}  // namespace quorvane::backup

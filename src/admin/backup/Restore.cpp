@@ -1,0 +1,240 @@
+#include "admin/backup/Restore.h"
+
+#include "admin/backup/BackupList.h"
+#include "admin/backup/RestoreFiles.h"
+#include "admin/backup/TableRows.h"
+#include "core/database/Transaction.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace quorvane::backup {
+namespace {
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("Backup", text);
+}
+
+bool SameName(const std::string& one, const std::string& other) {
+  return QString::fromStdString(one).compare(QString::fromStdString(other), Qt::CaseInsensitive) ==
+         0;
+}
+
+/// The present table that a table of the backup goes into; its columns are checked.
+MaybeRefusal FindPlace(const QString& backup, const TableEntry& stored,
+                       const std::vector<TableEntry>& present) {
+  const auto place = std::ranges::find_if(
+      present, [&](const TableEntry& table) { return table.name == stored.name; });
+  const auto unknown = [&](const std::string& what) {
+    return Refusal{Tr("The backup %1 holds %2, which this release does not know.")
+                       .arg(QDir::toNativeSeparators(backup), QString::fromStdString(what)),
+                   {}};
+  };
+  if (place == present.end()) {
+    return unknown(stored.name);
+  }
+  for (const TableColumn& column : stored.columns) {
+    const bool known = std::ranges::any_of(place->columns, [&](const TableColumn& own) {
+      return SameName(own.name, column.name) && own.type == column.type;
+    });
+    if (!known) {
+      return unknown(stored.name + "." + column.name);
+    }
+  }
+  return std::nullopt;
+}
+
+/// Every table has rows or none by the backup; one that it does not name would keep its old ones.
+MaybeRefusal CheckTables(const QString& backup, const Manifest& manifest,
+                         const std::vector<TableEntry>& present) {
+  for (const TableEntry& stored : manifest.tables) {
+    if (MaybeRefusal refusal = FindPlace(backup, stored, present)) {
+      return refusal;
+    }
+  }
+  return std::nullopt;
+}
+
+/// Tells one count over all tables.
+class RowCount {
+ public:
+  RowCount(Progress& progress, const Manifest& manifest) : progress_(progress) {
+    std::int64_t rows = 0;
+    for (const TableEntry& table : manifest.tables) {
+      rows += table.rows;
+    }
+    progress_.Begin(Tr("Restoring the records"), 2 * rows);
+  }
+
+  void operator()(std::int64_t rows) {
+    progress_.Step(done_ += rows);
+    progress_.ThrowIfCancelled();
+  }
+
+ private:
+  Progress& progress_;
+  std::int64_t done_ = 0;
+};
+
+/// Reads a table back and insists on the bytes of the backup.
+void Compare(database::Connection& connection, const TableEntry& table, const Manifest& manifest,
+             RowCount& count) {
+  QCryptographicHash hash(QCryptographicHash::Sha256);
+  SendRows(
+      connection, table,
+      [&](std::string_view text) {
+        hash.addData(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+      },
+      [&](std::int64_t rows) { count(rows); });
+  if (hash.result().toHex() != manifest.Find(table.Path())->sha256) {
+    throw std::runtime_error("the database does not take the rows of " + table.name +
+                             " as they are in the backup; nothing was changed");
+  }
+}
+
+MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& backup,
+                         const Manifest& manifest, const std::vector<TableEntry>& present,
+                         Progress& progress) {
+  RowCount count(progress, manifest);
+  for (const TableEntry& table : present) {
+    transaction.Execute("Delete From " + table.name);
+    progress.ThrowIfCancelled();
+  }
+  for (const TableEntry& table : manifest.tables) {
+    if (const MaybeRefusal refusal =
+            InsertRows(transaction, table, QDir(backup).filePath(table.Path()),
+                       [&](std::int64_t rows) { count(rows); })) {
+      return Damaged(backup, refusal->text);
+    }
+  }
+  for (const TableEntry& table : manifest.tables) {
+    Compare(transaction.GetConnection(), table, manifest, count);
+  }
+  return std::nullopt;
+}
+
+/// Opens the database anew and counts.
+void CheckRestored(const database::ConnectionSettings& settings, const Manifest& manifest,
+                   const QString& aside) {
+  database::Connection fresh(settings);
+  for (const TableEntry& table : manifest.tables) {
+    auto rows = fresh.Open(fmt::format("Select Count(*) From {}", table.name));
+    if (!rows.Next() || rows.Int64(0) != table.rows) {
+      throw std::runtime_error(
+          Tr("The backup was restored, but the table %1 has another number of rows now. What was "
+             "replaced lies in %2.")
+              .arg(QString::fromStdString(table.name), QDir::toNativeSeparators(aside))
+              .toStdString());
+    }
+  }
+}
+
+void RemoveEarlierAside(const app::Folders& folders, const QString& aside, const QString& source) {
+  for (const Entry& entry : ListBackups(ReplacedFolder(folders))) {
+    const bool is_source =
+        QFileInfo(entry.path).canonicalFilePath() == QFileInfo(source).canonicalFilePath();
+    if (entry.path != aside && !is_source && entry.kind == Kind::kReplaced) {
+      QDir(entry.path).removeRecursively();
+    }
+  }
+}
+
+/// The part that either happens or does not.
+MaybeRefusal Replace(const Source& source, const QString& backup, const Manifest& manifest,
+                     const std::vector<TableEntry>& present, RestoreFiles& files,
+                     Progress& progress) {
+  files.Stage(backup, manifest, progress);
+  files.Promise();
+  return database::InTransaction(source.connection, [&](database::Transaction& transaction) {
+    files.Mark(transaction);
+    return ReplaceRows(transaction, backup, manifest, present, progress);
+  });
+}
+
+}  // namespace
+
+QString ReplacedFolder(const app::Folders& folders) {
+  return QDir(folders.application).filePath(QStringLiteral("BackUp/Replaced"));
+}
+
+MaybeRefusal RestoreBackup(const Source& source, const QString& backup, const QDateTime& now,
+                           Progress& progress, QString& aside) {
+  Manifest manifest;
+  if (IsUnfinishedName(QFileInfo(backup).fileName())) {
+    return Refusal{Tr("The backup %1 was not finished.").arg(QDir::toNativeSeparators(backup)), {}};
+  }
+  if (MaybeRefusal refusal = VerifyBackup(backup, progress, manifest)) {
+    return refusal;
+  }
+  const std::vector<TableEntry> present = TablesOf(source.connection);
+  if (MaybeRefusal refusal = CheckTables(backup, manifest, present)) {
+    return refusal;
+  }
+  RestoreFiles files(source.connection, source.folders);
+  if (!files.TryLock()) {
+    return Refusal{Tr("Another program is restoring a backup at this moment."), {}};
+  }
+  if (files.IsPending()) {
+    files.Settle();
+  }
+  if (MaybeRefusal refusal = MakeBackup(source, ReplacedFolder(source.folders), Kind::kReplaced,
+                                        now, progress, aside)) {
+    return refusal;
+  }
+  MaybeRefusal broken;
+  try {
+    broken = Replace(source, backup, manifest, present, files, progress);
+  } catch (...) {
+    // After a lost connection nobody knows yet whether the commit happened: the next start will.
+    if (source.connection.IsAlive()) {
+      files.Settle();
+      QDir(aside).removeRecursively();
+    }
+    throw;
+  }
+  files.Settle();
+  if (broken) {
+    QDir(aside).removeRecursively();
+    return broken;
+  }
+  CheckRestored(source.connection.Settings(), manifest, aside);
+  RemoveEarlierAside(source.folders, aside, backup);
+  return std::nullopt;
+}
+
+std::vector<Holding> HoldingsOf(const Manifest& manifest) {
+  std::vector<Holding> holdings;
+  constexpr std::pair<const char*, const char*> kTables[] = {
+      {"ClientInfo", QT_TRANSLATE_NOOP("Backup", "Clients")},
+      {"ClientActDet", QT_TRANSLATE_NOOP("Backup", "Demat accounts")},
+      {"Broker", QT_TRANSLATE_NOOP("Backup", "Brokers")},
+      {"Script", QT_TRANSLATE_NOOP("Backup", "Scrips")},
+      {"SPMaster", QT_TRANSLATE_NOOP("Backup", "Bills")},
+      {"SPTrans", QT_TRANSLATE_NOOP("Backup", "Bill lines")},
+      {"StkOpBal", QT_TRANSLATE_NOOP("Backup", "Opening stock")},
+      {"ScrTransfer", QT_TRANSLATE_NOOP("Backup", "Transfers")},
+      {"Stock", QT_TRANSLATE_NOOP("Backup", "Lots held")},
+      {"BrPayment", QT_TRANSLATE_NOOP("Backup", "Payments")},
+      {"BrRec", QT_TRANSLATE_NOOP("Backup", "Receipts")},
+      {"MarketRate", QT_TRANSLATE_NOOP("Backup", "Market rates")},
+      {"LoginId", QT_TRANSLATE_NOOP("Backup", "Users")}};
+  for (const auto& [table, what] : kTables) {
+    if (const TableEntry* entry = manifest.FindTable(table)) {
+      holdings.push_back({Tr(what), entry->rows});
+    }
+  }
+  holdings.push_back(
+      {Tr("Scanned documents"), std::ranges::count_if(manifest.files, [](const BackupFile& file) {
+         return file.path.startsWith(QLatin1String(kDocumentsFolder));
+       })});
+  return holdings;
+}
+
+}  // namespace quorvane::backup

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "admin/backup/Manifest.h"
+#include "core/app/Folders.h"
+#include "core/database/Transaction.h"
+#include "core/platform/FileLock.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace quorvane::backup {
+
+/// The files of a restore: documents, Data and settings. They change together with the database or
+/// not at all, wherever the program is ended:
+///
+///   1. Stage copies them beside their places, into the folder "Restore" of the application folder.
+///   2. Promise notes there that a transaction is about to replace the records.
+///   3. Mark, inside that transaction, leaves the note's number in the database.
+///   4. Settle looks for the mark: with it the files take their places, without it they go.
+///
+/// Settle is called at the end of a restore and again when a program starts, for a restore that was
+/// cut short.
+class RestoreFiles {
+ public:
+  /// Keeps other programs from restoring into the same application folder or settling this restore.
+  RestoreFiles(database::Connection& connection, const app::Folders& folders);
+
+  /// False while another program restores.
+  bool TryLock();
+
+  void Stage(const QString& backup, const Manifest& manifest, Progress& progress);
+  void Promise();
+  void Mark(database::Transaction& transaction);
+  void Settle();
+
+  /// Whether there is anything to settle. Cheap: asked at every start.
+  bool IsPending() const;
+
+ private:
+  bool IsMarked();
+  void TakeTheirPlaces();
+  void PlaceDocuments(const Manifest& staged);
+  void PlaceData(const Manifest& staged);
+  QString File(const char* name) const;
+
+  database::Connection& connection_;
+  const app::Folders& folders_;
+  QString stage_;
+  QString number_;
+  std::optional<platform::FileLock> lock_;
+};
+
+/// The settings of a backup with the sections [Database] and [Backup] of this machine: where the
+/// database and the backups are does not come back with the records.
+QByteArray MergedSettings(const QByteArray& restored, const QByteArray& present);
+
+/// To be called after every start: completes or drops a restore that was cut short.
+void SettleInterruptedRestore(database::Connection& connection, const app::Folders& folders);
+
+}  // namespace quorvane::backup

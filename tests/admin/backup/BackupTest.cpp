@@ -1,0 +1,378 @@
+#include "admin/backup/Backup.h"
+#include "admin/backup/BackupList.h"
+#include "admin/backup/Restore.h"
+#include "admin/backup/RestoreFiles.h"
+#include "admin/backup/TableRows.h"
+#include "core/database/Transaction.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cfloat>
+#include <functional>
+#include <limits>
+
+using namespace quorvane;
+using namespace quorvane::backup;
+
+namespace {
+
+const QDateTime kNow(QDate(2026, 11, 25), QTime(8, 15, 0));
+
+void Write(const QString& path, const QByteArray& content) {
+  QDir().mkpath(QFileInfo(path).absolutePath());
+  QFile file(path);
+  QVERIFY(file.open(QIODevice::WriteOnly));
+  file.write(content);
+}
+
+QByteArray Read(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+/// An application folder over a database of its own.
+struct Office {
+  test::TestDatabase database;
+  QTemporaryDir home{test::TestFolderTemplate()};
+  app::Folders folders = app::Folders::At(home.filePath(QStringLiteral("app")));
+  QString backups = home.filePath(QStringLiteral("backups"));
+  Progress quiet;
+
+  Office() {
+    Write(folders.documents + QStringLiteral("/1/sign.png"), "signature");
+    Write(folders.data + QStringLiteral("/TransRpt.xlsx"), "template");
+    Write(folders.config_file, "[Internet]\nIndexFeed=x\n\n[Database]\nServer=here\n");
+  }
+
+  Source All() { return {database.Get(), folders}; }
+
+  QString BackUp(Kind kind = Kind::kByHand, const QDateTime& now = kNow) {
+    QString made;
+    const MaybeRefusal refusal = MakeBackup(All(), backups, kind, now, quiet, made);
+    return refusal ? refusal->text : made;
+  }
+
+  /// "" when it went well.
+  QString Restore(const QString& backup) {
+    const MaybeRefusal refusal = RestoreBackup(All(), backup, kNow, quiet, aside);
+    return refusal ? refusal->text : QString();
+  }
+
+  /// Every row of every table, and every file that belongs to the user.
+  QByteArrayList Everything() {
+    QByteArrayList all;
+    for (const TableEntry& table : TablesOf(database.Get())) {
+      std::string text;
+      SendRows(
+          database.Get(), table, [&](std::string_view part) { text += part; }, [](std::int64_t) {});
+      all << QByteArray::fromStdString(table.name + "\n" + text);
+    }
+    for (const QString& folder : {folders.documents, folders.data}) {
+      QStringList names;
+      for (QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+           files.hasNext();) {
+        names << files.next();
+      }
+      names.sort();
+      for (const QString& name : names) {
+        all << QDir(folder).relativeFilePath(name).toUtf8() + '=' + Read(name);
+      }
+    }
+    return all << Read(folders.config_file);
+  }
+
+  QString aside;
+};
+
+/// Does something at the n-th step.
+class AtStep final : public Progress {
+ public:
+  AtStep(int step, std::function<void()> act) : step_(step), act_(std::move(act)) {}
+  void Step(std::int64_t) override {
+    if (--step_ == 0) {
+      act_();
+    }
+  }
+  void Begin(const QString&, std::int64_t) override { Step(0); }
+  bool Cancelled() const override { return cancelled; }
+  bool HasActed() const { return step_ <= 0; }
+
+  bool cancelled = false;
+
+ private:
+  int step_;
+  std::function<void()> act_;
+};
+
+/// Replaces a text in the manifest and mends its checksum, as somebody would who means harm.
+void Forge(const QString& backup, const QByteArray& from, const QByteArray& to) {
+  const QString path = backup + QStringLiteral("/manifest.json");
+  QByteArray json = Read(path);
+  QVERIFY(json.contains(from));
+  json.replace(from, to);
+  Write(path, json);
+  Write(backup + QStringLiteral("/manifest.sha256"),
+        QCryptographicHash::hash(json, QCryptographicHash::Sha256).toHex() + "  manifest.json\n");
+}
+
+}  // namespace
+
+class BackupTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void EveryValueComesBackBitForBit() {
+    Office office;
+    auto& connection = office.database.Get();
+    const double numbers[] = {0.1 + 0.2,  -0.0,
+                              DBL_MAX,    std::numeric_limits<double>::denorm_min(),
+                              1e15 + 0.5, 33.333333333333336};
+    int id = 0;
+    for (const double number : numbers) {
+      connection.Execute(
+          "Insert Into Stock(Cid,Fyear,Id,AcId,ScriptId,Qty,Rate) Values(1,'2011-12',?,1,1,?,Null)",
+          ++id, number);
+    }
+    const std::string texts[] = {"", "\\N", "a\tb\nc\rd\\e", std::string("x\0y", 3),
+                                 "O'BRIEN \xE0\xA4\xB0\xF0\x9F\x93\x88"};
+    for (const std::string& text : texts) {
+      connection.Execute("Insert Into ClientInfo(Id,Name,Address) Values(?,?,Null)", ++id, text);
+    }
+    connection.Execute("Insert Into ClientInfo(Id,Address) Values(?,?)", ++id,
+                       std::string(100000, 'x'));
+    const QByteArrayList before = office.Everything();
+    const QString made = office.BackUp();
+    QCOMPARE(QFileInfo(made).fileName(), QStringLiteral("Quorvane-2026-11-25-081500"));
+    connection.Execute("Delete From ClientInfo Where Id>3");
+    connection.Execute("Update Stock Set Qty=1");
+    connection.Execute("Insert Into Broker(Id,Name) Values(1,'NEW')");
+    Write(office.folders.documents + QStringLiteral("/1/sign.png"), "another");
+    Write(office.folders.documents + QStringLiteral("/2/new.png"), "new");
+    Write(office.folders.data + QStringLiteral("/TransRpt.xlsx"), "spoilt");
+    QCOMPARE(office.Restore(made), QString());
+    QCOMPARE(office.Everything(), before);
+    auto rows = connection.Open("Select Qty From Stock Order By RowKey");
+    for (const double number : numbers) {
+      QVERIFY(rows.Next());
+      QCOMPARE(rows.Double(0), number);
+    }
+  }
+
+  void WhatWasReplacedIsABackupToo() {
+    Office office;
+    const QString made = office.BackUp();
+    office.database.AddClient(QStringLiteral("LATER"));
+    const QByteArrayList later = office.Everything();
+    QCOMPARE(office.Restore(made), QString());
+    const QString first_aside = office.aside;
+    QCOMPARE(office.Restore(first_aside), QString());
+    QCOMPARE(office.Everything(), later);
+    QCOMPARE(ListBackups(ReplacedFolder(office.folders)).size(), 2U);
+    QCOMPARE(office.Restore(made), QString());
+    QCOMPARE(ListBackups(ReplacedFolder(office.folders)).size(), 1U);
+  }
+
+  void TablesAreOfOneInstant() {
+    Office office;
+    database::Connection other(office.database.Settings());
+    AtStep writer(1, [&] {
+      other.Execute("Insert Into LoginId(id,Name) Values(9,'LATE')");
+      other.Execute("Insert Into TransTaxPer(Id) Values(9)");
+    });
+    QString made;
+    QVERIFY(!MakeBackup(office.All(), office.backups, Kind::kByHand, kNow, writer, made));
+    QVERIFY(writer.HasActed());
+    Manifest manifest;
+    QVERIFY(!ReadManifest(made, manifest));
+    QCOMPARE(manifest.FindTable("LoginId")->rows, 0);
+    QCOMPARE(manifest.FindTable("TransTaxPer")->rows, 0);
+  }
+
+  void ADamagedOrForeignBackupChangesNothing_data() {
+    using Spoil = std::function<QString(const QString&)>;
+    QTest::addColumn<Spoil>("spoil");
+    QTest::addColumn<QString>("says");
+    const auto add = [](const char* name, const char* says, Spoil spoil) {
+      QTest::newRow(name) << std::move(spoil) << QString::fromLatin1(says);
+    };
+    const auto in_place = [](const std::function<void(const QString&)>& act) -> Spoil {
+      return [act](const QString& backup) {
+        act(backup);
+        return backup;
+      };
+    };
+    add("a changed byte", "does not agree with its checksum", in_place([](const QString& backup) {
+          QByteArray rows = Read(backup + QStringLiteral("/tables/ScriptType.tsv"));
+          rows[0] = '9';
+          Write(backup + QStringLiteral("/tables/ScriptType.tsv"), rows);
+        }));
+    add("a shorter file", "bytes instead of", in_place([](const QString& backup) {
+          Write(backup + QStringLiteral("/SignDocs/1/sign.png"), "sig");
+        }));
+    add("a missing file", "is missing", in_place([](const QString& backup) {
+          QFile::remove(backup + QStringLiteral("/tables/Stock.tsv"));
+        }));
+    add("a link to elsewhere", "is missing", in_place([](const QString& backup) {
+          QFile::remove(backup + QStringLiteral("/Confg.ini"));
+          QFile::link(QStringLiteral("/etc/hostname"), backup + QStringLiteral("/Confg.ini"));
+        }));
+    add("a changed manifest", "does not agree with its checksum",
+        in_place([](const QString& backup) {
+          QByteArray json = Read(backup + QStringLiteral("/manifest.json"));
+          Write(backup + QStringLiteral("/manifest.json"),
+                json.replace("\"rows\": 5", "\"rows\": 4"));
+        }));
+    add("a path that climbs out", "names the file", in_place([](const QString& backup) {
+          Forge(backup, "SignDocs/1/sign.png", "SignDocs/../../x");
+        }));
+    add("an absolute path", "names the file", in_place([](const QString& backup) {
+          Forge(backup, "SignDocs/1/sign.png", "/tmp/quorvane-x");
+        }));
+    add("a newer format", "made by a newer release",
+        in_place([](const QString& backup) { Forge(backup, "\"format\": 1", "\"format\": 2"); }));
+    add("an unknown column", "does not know",
+        in_place([](const QString& backup) { Forge(backup, "\"SettlNo\"", "\"SettlNo2\""); }));
+    add("a wrong number of rows", "cannot be read",
+        in_place([](const QString& backup) { Forge(backup, "\"rows\": 5", "\"rows\": 4"); }));
+    add("not finished", "was not finished", [](const QString& backup) {
+      QDir().rename(backup, backup + QStringLiteral(".part"));
+      return backup + QStringLiteral(".part");
+    });
+    add("ended while it was written", "was not finished", in_place([](const QString& backup) {
+          QFile::remove(backup + QStringLiteral("/manifest.json"));
+        }));
+    add("another folder", "is no backup of Quorvane",
+        [](const QString& backup) { return QFileInfo(backup).path(); });
+  }
+
+  void ADamagedOrForeignBackupChangesNothing() {
+    QFETCH(const std::function<QString(const QString&)>, spoil);
+    QFETCH(const QString, says);
+    Office office;
+    const QString made = office.BackUp();
+    office.database.AddClient(QStringLiteral("LATER"));
+    const QByteArrayList before = office.Everything();
+    const QString told = office.Restore(spoil(made));
+    QVERIFY2(told.contains(says), qPrintable(told));
+    QCOMPARE(office.Everything(), before);
+    QVERIFY(!QFileInfo::exists(office.folders.application + QStringLiteral("/Restore")));
+    QVERIFY(ListBackups(ReplacedFolder(office.folders)).empty());
+  }
+
+  void CancellingChangesNothing() {
+    Office office;
+    const QString made = office.BackUp();
+    office.database.AddClient(QStringLiteral("LATER"));
+    const QByteArrayList before = office.Everything();
+    bool ended = false;
+    for (int step = 1; !ended; ++step) {
+      AtStep cancelling(step, [&] { cancelling.cancelled = true; });
+      try {
+        QVERIFY(!RestoreBackup(office.All(), made, kNow, cancelling, office.aside));
+        ended = true;
+      } catch (const Cancellation&) {
+        QCOMPARE(office.Everything(), before);
+        QVERIFY(ListBackups(ReplacedFolder(office.folders)).empty());
+      }
+      QVERIFY(step < 1000);
+    }
+    QVERIFY(office.Everything() != before);
+    AtStep cancelling(2, [&] { cancelling.cancelled = true; });
+    QString none;
+    QVERIFY_THROWS_EXCEPTION(Cancellation, MakeBackup(office.All(), office.backups, Kind::kByHand,
+                                                      kNow, cancelling, none));
+    QCOMPARE(QDir(office.backups).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+  }
+
+  void ARestoreCutShortIsSettledByTheNextStart_data() {
+    QTest::addColumn<bool>("committed");
+    QTest::newRow("before its commit") << false;
+    QTest::newRow("after its commit") << true;
+  }
+
+  void ARestoreCutShortIsSettledByTheNextStart() {
+    QFETCH(const bool, committed);
+    Office office;
+    const QString made = office.BackUp();
+    Manifest manifest;
+    QVERIFY(!ReadManifest(made, manifest));
+    const QString sign = office.folders.documents + QStringLiteral("/1/sign.png");
+    const QString stale = office.folders.documents + QStringLiteral("/2/stale.png");
+    Write(sign, "another");
+    Write(stale, "stale");
+    {
+      RestoreFiles files(office.database.Get(), office.folders);
+      QVERIFY(files.TryLock());
+      files.Stage(made, manifest, office.quiet);
+      files.Promise();
+      SettleInterruptedRestore(office.database.Get(), office.folders);
+      QVERIFY2(files.IsPending(), "another program must leave a running restore alone");
+      database::Transaction transaction(office.database.Get());
+      files.Mark(transaction);
+      if (committed) {
+        transaction.Commit();
+      }
+    }
+    SettleInterruptedRestore(office.database.Get(), office.folders);
+    QCOMPARE(Read(sign), committed ? QByteArray("signature") : QByteArray("another"));
+    QCOMPARE(QFileInfo::exists(stale), !committed);
+    QVERIFY(!QFileInfo::exists(office.folders.application + QStringLiteral("/Restore")));
+  }
+
+  void SettingsOfTheMachineStay() {
+    QCOMPARE(MergedSettings("[Internet]\nIndexFeed=a\n[database]\nServer=there\n[Backup]\nKeep=3\n",
+                            "; mine\n[Internet]\nIndexFeed=b\n[Database]\nServer=here\n"),
+             QByteArray("[Internet]\nIndexFeed=a\n\n[Database]\nServer=here\n"));
+  }
+
+  void OldAutomaticBackupsMakeRoom() {
+    Office office;
+    office.BackUp(Kind::kByHand, kNow.addDays(-9));
+    for (int day = -4; day < 0; ++day) {
+      office.BackUp(Kind::kAutomatic, kNow.addDays(day));
+    }
+    QFile::remove(ListBackups(office.backups)[0].path + QStringLiteral("/tables/Stock.tsv"));
+    const Settings settings{office.backups, true, 2};
+    QVERIFY(IsAutomaticDue(settings, kNow.date()));
+    QVERIFY(!MakeAutomatic(office.All(), settings, kNow, office.quiet));
+    QVERIFY(!IsAutomaticDue(settings, kNow.date()));
+    QStringList left;
+    for (const Entry& entry : ListBackups(office.backups)) {
+      left << entry.name.mid(14, 5) +
+                  (entry.state == BackupState::kComplete ? QString() : entry.fault);
+    }
+    QCOMPARE(left.size(), 4);
+    QCOMPARE(left[0], QStringLiteral("11-25"));
+    QVERIFY(left[1].startsWith(QStringLiteral("11-24The backup")));
+    QCOMPARE(left[2], QStringLiteral("11-23"));
+    QCOMPARE(left[3], QStringLiteral("11-16"));
+  }
+
+  void WhatAKilledProgramLeftGoesWithTheNextBackup() {
+    Office office;
+    const QString left = office.backups + QStringLiteral("/Quorvane-2026-01-01-000000.part");
+    Write(left + QStringLiteral("/tables/Stock.tsv"), "1");
+    const std::vector<Entry> entries = ListBackups(office.backups);
+    QCOMPARE(entries.size(), 1U);
+    QVERIFY(entries[0].state == BackupState::kUnfinished);
+    office.BackUp();
+    QVERIFY(!QFileInfo::exists(left));
+  }
+
+  void ABackupDoesNotLieInWhatIsBackedUp() {
+    Office office;
+    office.backups = office.folders.documents + QStringLiteral("/1/../2");
+    QVERIFY(office.BackUp().contains(QStringLiteral("cannot lie inside")));
+  }
+};
+
+static const test::RegisterTest<BackupTest> kRegistered;
+
+#include "BackupTest.moc"

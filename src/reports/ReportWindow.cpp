@@ -111,14 +111,26 @@ QAction* ReportWindow::AddAction(const char* name, const QString& caption,
   return action;
 }
 
+void ReportWindow::SetPeriodYear(text::FinancialYear year) {
+  Text1[0]->SetDate(text::FormatDmy(year.FirstDay()));
+  Text1[1]->SetDate(text::FormatDmy(year.LastDay()));
+  if (months_ != nullptr) {
+    months_->SetYear(year);
+  }
+}
+
+std::optional<text::FinancialYear> ReportWindow::PeriodYear() const {
+  return current_ ? std::optional(current_->year) : std::nullopt;
+}
+
 void ReportWindow::MakePeriodBoxes() {
-  const Period year = current_ ? Period::Of(current_->year) : Period{};
+  const auto year = PeriodYear();
   for (std::size_t i = 0; i < Text1.size(); ++i) {
     Text1[i] =
         Named(new DateBox, QStringLiteral("Text1_%1").arg(i), i == 0 ? tr("From") : tr("To"));
     Text1[i]->setFixedWidth(kDateWidth);
-    if (current_) {
-      Text1[i]->SetDate(text::FormatDmy(i == 0 ? year.from : year.to));
+    if (year) {
+      Text1[i]->SetDate(text::FormatDmy(i == 0 ? year->FirstDay() : year->LastDay()));
     }
     Watch(Text1[i]);
     On(Text1[i], &DateBox::Left, &ReportWindow::Text1_Validate, QStringLiteral("Text1_Validate"));
@@ -157,10 +169,11 @@ QBoxLayout* ReportWindow::AddPeriodFrame() {
 }
 
 void ReportWindow::AddMonths(QBoxLayout* row) {
-  if (!current_) {
+  const auto year = PeriodYear();
+  if (!year) {
     throw std::logic_error("months are those of a chosen financial year");
   }
-  months_ = new MonthsPane(current_->year);
+  months_ = new MonthsPane(*year);
   CmbFromMth = months_->Names(0);
   CmbToMth = months_->Names(1);
   row->addWidget(months_);
@@ -236,6 +249,22 @@ ReportWindow::Choice ReportWindow::MakeChoice(const QString& frame_name, const Q
   }
   rows->addStretch(1);
   return {frame, group};
+}
+
+QTabWidget* ReportWindow::AddPage(const QString& title, QWidget* page) {
+  if (pages_ == nullptr) {
+    pages_ = new QTabWidget;
+    pages_->setObjectName(QStringLiteral("Pages"));
+    pages_->setAccessibleName(tr("Report and charts"));
+    pages_->setDocumentMode(true);
+    auto* middle = qobject_cast<QSplitter*>(VS->parentWidget());
+    const int place = middle->indexOf(VS);
+    pages_->addTab(VS, tr("Report"));
+    middle->insertWidget(place, pages_);
+    middle->setStretchFactor(place, 1);
+  }
+  pages_->addTab(page, title);
+  return pages_;
 }
 
 void ReportWindow::AddBesideReport(QWidget* widget, int share) {

@@ -15,6 +15,7 @@
 #include <QButtonGroup>
 #include <QGroupBox>
 #include <QMenu>
+#include <QTabWidget>
 
 #include <array>
 #include <optional>
@@ -57,7 +58,15 @@ class ReportWindow : public controls::ChildWindow {
   /// reports, whatever is chosen elsewhere later.
   const std::optional<ClientYear>& Current() const { return current_; }
 
-  /// "From" and "To" with the boxes Text1_0 and Text1_1, filled with the current financial year;
+  /// The financial year of the period and of its months; the current one unless the window has a
+  /// choice of years of its own.
+  virtual std::optional<text::FinancialYear> PeriodYear() const;
+
+  /// Another year was chosen: the period becomes the whole of it, and its months are to choose
+  /// from.
+  void SetPeriodYear(text::FinancialYear year);
+
+  /// "From" and "To" with the boxes Text1_0 and Text1_1, filled with the year of the period;
   /// with months also `CmbFromMth` and `CmbToMth`, each of which sets its date.
   void AddPeriod(Months months = Months::kNo);
 
@@ -87,6 +96,9 @@ class ReportWindow : public controls::ChildWindow {
   };
   Choice MakeChoice(const QString& frame_name, const QString& title, const QString& array_name,
                     const QStringList& captions);
+
+  /// Another page in the report's place, behind a tab; the report has the first tab.
+  QTabWidget* AddPage(const QString& title, QWidget* page);
 
   /// Something else to the left of the report, between the grids.
   void AddBesideReport(QWidget* widget, int share = 0);
@@ -119,6 +131,9 @@ class ReportWindow : public controls::ChildWindow {
 
   /// The first rule of the selection that is broken, after those of the period.
   virtual MaybeRefusal CheckSelection() { return std::nullopt; }
+
+  /// The rules of the period and of the selection.
+  MaybeRefusal Check();
 
   /// The report for the screen; nullopt leaves the screen as it is. Long work steps `progress` and
   /// throws Cancellation.
@@ -186,7 +201,6 @@ class ReportWindow : public controls::ChildWindow {
   void MakePeriodBoxes();
   void AddMonths(QBoxLayout* row);
   QAction* AddAction(const char* name, const QString& caption, void (ReportWindow::*handler)());
-  MaybeRefusal Check();
   void TakeMonth(std::size_t end);
   void Text1_Validate();
   void CmbFromMth_Click();
@@ -201,6 +215,7 @@ class ReportWindow : public controls::ChildWindow {
   QWidget* beside_ = nullptr;  ///< holds what is ticked
   QBoxLayout* beside_rows_ = nullptr;
   QBoxLayout* buttons_ = nullptr;
+  QTabWidget* pages_ = nullptr;  ///< none while the report is the only page
 };
 
 }  // namespace quorvane::report

@@ -45,6 +45,13 @@ MonthsPane::MonthsPane(text::FinancialYear year, QWidget* parent) : QWidget(pare
   }
 }
 
+void MonthsPane::SetYear(text::FinancialYear year) {
+  year_ = year;
+  for (controls::ComboBox* names : names_) {
+    names->Clear();
+  }
+}
+
 std::optional<std::variant<Period, Refusal>> MonthsPane::Chosen(End end) const {
   if (!names_[end]->HasChoice()) {
     return std::nullopt;

@@ -21,6 +21,9 @@ class MonthsPane : public QWidget {
 
   explicit MonthsPane(text::FinancialYear year, QWidget* parent = nullptr);
 
+  /// No month is chosen afterwards.
+  void SetYear(text::FinancialYear year);
+
   controls::ComboBox* Names(End end) const { return names_[end]; }
 
   /// The days of the chosen month; nullopt while none is chosen.

@@ -36,7 +36,7 @@ class LineDelegate final : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
     const Line line = LineOf(index);
-    if (line == Line::kData || line == Line::kGap) {
+    if (line == Line::kData || line == Line::kGap || line == Line::kNote) {
       return;
     }
     option->font.setBold(true);
@@ -81,7 +81,7 @@ void ReportGridView::SpanGroups() {
   const int columns = model_->columnCount();
   for (int row = 0; row < model_->rowCount() && columns > 1; ++row) {
     const Line line = model_->LineAt(row);
-    if (line == Line::kGroup || line == Line::kGap) {
+    if (line == Line::kGroup || line == Line::kGap || line == Line::kNote) {
       setSpan(row, 0, 1, columns);
     }
   }
@@ -134,7 +134,8 @@ int ReportGridView::WidthOf(int column) const {
   const int rows = model_->rowCount();
   const int step = std::max(1, rows / kSample);
   const auto measure = [&](int row) {
-    if (model_->LineAt(row) != Line::kGroup) {
+    const Line line = model_->LineAt(row);
+    if (line != Line::kGroup && line != Line::kNote) {
       width =
           std::max(width, metrics.horizontalAdvance(model_->index(row, column).data().toString()));
     }

@@ -39,6 +39,7 @@ void ReportModel::SetDocument(ReportDocument document) {
     columns_ = std::max(columns_, static_cast<int>(document_.tables[i].columns.size()));
     AddTable(i);
   }
+  AddNotes();
   endResetModel();
 }
 
@@ -55,6 +56,16 @@ void ReportModel::AddTable(std::uint32_t index) {
   }
   for (std::uint32_t i = 0; i < table.rows.size(); ++i) {
     lines_.push_back({LineOf(table.rows[i].kind), index, i});
+  }
+}
+
+void ReportModel::AddNotes() {
+  if (lines_.empty() || document_.notes.isEmpty()) {
+    return;
+  }
+  lines_.push_back({Line::kGap, 0, 0});
+  for (std::uint32_t i = 0; i < static_cast<std::uint32_t>(document_.notes.size()); ++i) {
+    lines_.push_back({Line::kNote, 0, i});
   }
 }
 
@@ -76,6 +87,8 @@ QString ReportModel::TextAt(const Place& place, int column) const {
   switch (place.line) {
     case Line::kGap:
       return {};
+    case Line::kNote:
+      return column > 0 ? QString() : document_.notes[static_cast<int>(place.row)];
     case Line::kHeadings:
       return at < table.columns.size() ? table.columns[at].heading : QString();
     case Line::kGroup:
@@ -114,7 +127,7 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return TextAt(place, index.column());
     case Qt::TextAlignmentRole:
-      return static_cast<int>(place.line == Line::kGroup
+      return static_cast<int>(place.line == Line::kGroup || place.line == Line::kNote
                                   ? Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter)
                                   : AlignmentAt(place.table, index.column()));
     case kLineRole:

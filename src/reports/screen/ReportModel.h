@@ -8,14 +8,15 @@
 
 namespace quorvane::report {
 
-/// A report as rows and columns for the screen: its tables one after the other. The headings of the
-/// first table are the model's; a table with other headings begins with a row of them.
+/// A report as rows and columns for the screen: its tables one after the other, its notes below.
+/// The headings of the first table are the model's; a table with other headings begins with a row
+/// of them.
 class ReportModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
   /// What a row is, beyond the kinds of a report's rows.
-  enum class Line : std::uint8_t { kGroup, kData, kTotal, kNetTotal, kGap, kHeadings };
+  enum class Line : std::uint8_t { kGroup, kData, kTotal, kNetTotal, kGap, kHeadings, kNote };
 
   /// Role under which a cell tells its row's Line as an int.
   static constexpr int kLineRole = Qt::UserRole + 1;
@@ -42,10 +43,11 @@ class ReportModel : public QAbstractTableModel {
   struct Place {
     Line line = Line::kData;
     std::uint32_t table = 0;
-    std::uint32_t row = 0;  ///< of the table, or number of its title
+    std::uint32_t row = 0;  ///< of the table, or number of its title or of the note
   };
 
   void AddTable(std::uint32_t index);
+  void AddNotes();
   QString TextAt(const Place& place, int column) const;
   Qt::Alignment AlignmentAt(std::size_t table, int column) const;
 

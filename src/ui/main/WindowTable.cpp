@@ -11,6 +11,7 @@
 #include "masters/participants/FrmDepPart.h"
 #include "masters/scrips/FrmScript.h"
 #include "reports/demat/RptDMatStatement.h"
+#include "reports/mis/RptVariousReport.h"
 #include "reports/profit/RptProfitStatement.h"
 #include "transactions/bills/FrmSalePurchase.h"
 #include "transactions/broker_ledger/RptBrokerLedger.h"
@@ -67,6 +68,7 @@ const std::map<QString, Maker, WithoutCase>& Makers() {
       {QStringLiteral("frmscript"), Make<scrips::FrmScript>},
       {QStringLiteral("rptdmatstatement"), Make<demat::RptDMatStatement>},
       {QStringLiteral("rpttransaction"), Make<demat::RptDMatStatement>},
+      {QStringLiteral("rptvariousreport"), Make<mis::RptVariousReport>},
       {QStringLiteral("rptprofitstatement"), Make<profit::RptProfitStatement>},
       {QStringLiteral("rptcapitalgain"), Make<profit::RptProfitStatement>},
       {QStringLiteral("frmscripttype"), MakeLookup<LookupKind::kScripTypes>},

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "controls/DateBox.h"
+#include "controls/Desk.h"
+#include "controls/Grid.h"
+#include "controls/Guard.h"
+#include "controls/ZENButton.h"
+#include "core/Refusal.h"
+#include "core/rates/RateImport.h"
+
+#include <QGroupBox>
+#include <QWidget>
+
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+namespace quorvane::mis {
+
+/// The market rates of a date, kept by hand: to the left the dates that have rates (`FrmDtList`),
+/// to the right the rates of one of them (`FrmRates`). While rates are entered every scrip is
+/// listed, and Enter goes from rate to rate.
+class RatesPane : public QWidget {
+  Q_OBJECT
+
+ public:
+  RatesPane(const controls::Guard& guard, controls::Desk& desk);
+
+  /// Reads the dates again; called when the pane is first shown, too.
+  void Refresh();
+
+  bool IsEditing() const { return editing_; }
+
+  /// Gives up what was entered.
+  void Cancel() { cmdCancel_Click(); }
+
+  /// The date whose rates are shown.
+  std::optional<text::Date> CurrentDate() const;
+
+ Q_SIGNALS:
+  /// Recorded rates have changed.
+  void RatesChanged();
+
+  /// Enter or a double click on a date.
+  void DateChosen(const QString& date);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void Arrange();
+  QLayout* ButtonRow();
+  void Connect(const controls::Guard& guard);
+  void Edit(bool editing, bool new_date = false);
+  void ReadScrips();
+  void ShowRates(const std::unordered_map<ScripId, double>& rates);
+  void SelectDate(std::optional<text::Date> date);
+  std::vector<rates::ScripRate> Changed() const;
+  std::optional<text::Date> CheckedDate();
+  void Refuse(const Refusal& refusal);
+
+  void VSf1_RowColChange();
+  void VSf1_DblClick();
+  void Text2_Validate();
+  void cmdAdd_Click();
+  void cmdModify_Click();
+  void cmdUpdate_Click();
+  void cmdCancel_Click();
+  void CmdDelete_Click();
+  void CmdImportRate_Click();
+
+  controls::Desk& desk_;
+  rates::RateBook book_;
+  QGroupBox* FrmDtList;
+  QGroupBox* FrmRates;
+  controls::Grid* VSf1;
+  controls::Grid* VSF;
+  controls::DateBox* Text2;
+  controls::ZENButton* cmdAdd;
+  controls::ZENButton* cmdModify;
+  controls::ZENButton* CmdDelete;
+  controls::ZENButton* CmdImportRate;
+  controls::ZENButton* cmdUpdate;
+  controls::ZENButton* cmdCancel;
+  std::vector<rates::ListedScrip> scrips_;
+  std::unordered_map<ScripId, double> recorded_;  ///< of the date that is shown
+  bool editing_ = false;
+  bool filling_ = false;
+};
+
+}  // namespace quorvane::mis

@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 #include "core/lookups/Directory.h"
+#include "reports/charts/GainsChart.h"
 #include "reports/output/TemplateFolder.h"
 #include "reports/profit/StatementWorkbook.h"
 #include "reports/selection/ReportLists.h"
@@ -64,6 +65,8 @@ RptProfitStatement::RptProfitStatement(controls::Desk& desk)
   On(Option1.group, &QButtonGroup::idClicked, &RptProfitStatement::Option1_Click,
      QStringLiteral("Option1_Click"));
   BuildExport();
+  chart_ = new charts::ChartPane(TheGuard(), TheDesk());
+  AddPage(tr("Chart"), chart_);
   FillTicks(*VSD, report::AccountsByNumber(*Session().connection, Current()->client));
   FillScrips();
   Start();
@@ -162,11 +165,29 @@ std::optional<report::ReportDocument> RptProfitStatement::Build(Layout layout, P
   const lookups::Directory directory(*Session().connection);
   report::ReportDocument document =
       MakeStatementDocument(mode_, layout, query, Current()->client, {}, directory);
+  const report::Period period{query.from, query.to};
+  ShowChart(period, {});
   BuildStatement(*Session().connection, query, progress,
                  [&](ClientId client, std::span<const StatementRow> rows) {
                    document = MakeStatementDocument(mode_, layout, query, client, rows, directory);
+                   ShowChart(period, rows);
                  });
   return document;
+}
+
+void RptProfitStatement::ShowChart(const report::Period& period,
+                                   std::span<const StatementRow> rows) {
+  charts::GainsChart by_month(period);
+  for (const StatementRow& row : rows) {
+    if (row.kind == RowKind::kMatch) {
+      by_month.Add(row.sale_date, gains::GainKind::kSpeculation, row.speculation);
+      by_month.Add(row.sale_date, gains::GainKind::kShortTerm, row.short_term);
+      by_month.Add(row.sale_date, gains::GainKind::kLongTerm, row.long_term);
+    }
+  }
+  charts::ChartData chart = by_month.Take();
+  chart.subtitle = tr("Financial Year : ") + Current()->year.Text();
+  chart_->Show(chart);
 }
 
 std::optional<report::ReportDocument> RptProfitStatement::BuildDocument(Progress& progress) {

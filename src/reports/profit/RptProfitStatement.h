@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reports/ReportWindow.h"
+#include "reports/charts/ChartPane.h"
 #include "reports/profit/ProfitStatement.h"
 #include "reports/profit/StatementDocument.h"
 
@@ -10,7 +11,8 @@ namespace quorvane::profit {
 
 /// The "Scriptwise Profitability Statement" and, opened for the target "RptCapitalGain", the
 /// "Capital Gain Statement" of the current client and year. The screen shows the detail; paper and
-/// files have the layout that was chosen.
+/// files have the layout that was chosen. A chart beside the report has its gains by month and
+/// kind.
 class RptProfitStatement : public report::ReportWindow {
   Q_OBJECT
 
@@ -35,6 +37,7 @@ class RptProfitStatement : public report::ReportWindow {
   StatementQuery Query() const;
   Layout OutputLayout() const;
   std::optional<report::ReportDocument> Build(Layout layout, Progress& progress);
+  void ShowChart(const report::Period& period, std::span<const StatementRow> rows);
 
   void optF_Click(int index);
   void Option1_Click(int index);
@@ -51,6 +54,7 @@ class RptProfitStatement : public report::ReportWindow {
   QGroupBox* FrmExp = nullptr;
   controls::Grid* VSD = nullptr;
   controls::Grid* VSS = nullptr;
+  charts::ChartPane* chart_ = nullptr;
 };
 
 }  // namespace quorvane::profit

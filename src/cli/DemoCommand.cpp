@@ -57,8 +57,9 @@ void WriteReports(Context& context, const std::string& folder) {
     const text::FinancialYear year(first);
     for (const DemoReportKind& kind : kinds) {
       kind.make(context, directory, year, [&](const DemoReport& report) {
-        const QString stem = report::FileStem({QString::fromStdString(fmt::format(
-            "{}-{}-{}", directory.Client(report.client).code, year.Utf8(), kind.name))});
+        const std::string whose = report.client ? directory.Client(report.client).code : "all";
+        const QString stem = report::FileStem(
+            {QString::fromStdString(fmt::format("{}-{}-{}", whose, year.Utf8(), kind.name))});
         WriteDemoReport(kind, report, folder + "/" + stem.toStdString());
       });
       progress->Step(++done);

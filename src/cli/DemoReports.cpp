@@ -35,6 +35,11 @@ constexpr DemoReportKind kKinds[] = {
     {"demat", MakeDemoDematStatements},
     {"transactions", MakeDemoTransactions},
     {"transactions-summary", MakeDemoTransactionSummaries},
+    {"portfolio-position", MakeDemoPositions},
+    {"portfolio-valuation", MakeDemoValuations},
+    {"market-valuation", MakeDemoMarketValuations},
+    {"profit-loss", MakeDemoProfitReports},
+    {"stock-valuation", MakeDemoStockValuations},
 };
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace quorvane::cli {
 
 /// A report of one client and year, for the demonstration.
 struct DemoReport {
-  ClientId client;
+  ClientId client;  ///< none for a report over all clients
   report::ReportDocument document;
   std::optional<std::string> csv = {};  ///< in place of the document's own CSV
 };
@@ -37,5 +37,15 @@ void MakeDemoTransactions(Context& context, const lookups::Directory& directory,
                           text::FinancialYear year, const DemoReportKind::Give& give);
 void MakeDemoTransactionSummaries(Context& context, const lookups::Directory& directory,
                                   text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoPositions(Context& context, const lookups::Directory& directory,
+                       text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoValuations(Context& context, const lookups::Directory& directory,
+                        text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoMarketValuations(Context& context, const lookups::Directory& directory,
+                              text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoProfitReports(Context& context, const lookups::Directory& directory,
+                           text::FinancialYear year, const DemoReportKind::Give& give);
+void MakeDemoStockValuations(Context& context, const lookups::Directory& directory,
+                             text::FinancialYear year, const DemoReportKind::Give& give);
 
 }  // namespace quorvane::cli

@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "cli/DemoReports.h"
 #include "cli/ReportCommand.h"
 #include "reports/mis/MisReport.h"
 #include "reports/mis/Names.h"
@@ -101,6 +102,15 @@ void AddMisReport(CLI::App& reports, Context& context, const char* name, const c
   command->callback([&context, options, kind] { Run(context, kind, *options); });
 }
 
+/// Of all clients, by group and client.
+void GiveDemo(Context& context, mis::ReportKind kind, bool detail, text::FinancialYear year,
+              const DemoReportKind::Give& give) {
+  mis::MisQuery query = mis::MisQuery::OfYear(kind, mis::Grouping::kClient, year);
+  query.detail = detail;
+  Progress progress;
+  give({ClientId{}, mis::MakeMisReport(context.Connection(), query, progress)});
+}
+
 }  // namespace
 
 void AddMisCommands(CLI::App& app, Context& context) {
@@ -113,6 +123,31 @@ void AddMisCommands(CLI::App& app, Context& context) {
   AddMisReport(*reports, context, "profit-loss", "Movements and gains",
                mis::ReportKind::kProfitLoss);
   AddMisReport(*reports, context, "stock", "Stock valuation at cost", mis::ReportKind::kStock);
+}
+
+void MakeDemoPositions(Context& context, const lookups::Directory&, text::FinancialYear year,
+                       const DemoReportKind::Give& give) {
+  GiveDemo(context, mis::ReportKind::kPosition, false, year, give);
+}
+
+void MakeDemoValuations(Context& context, const lookups::Directory&, text::FinancialYear year,
+                        const DemoReportKind::Give& give) {
+  GiveDemo(context, mis::ReportKind::kValuation, false, year, give);
+}
+
+void MakeDemoMarketValuations(Context& context, const lookups::Directory&, text::FinancialYear year,
+                              const DemoReportKind::Give& give) {
+  GiveDemo(context, mis::ReportKind::kMarket, false, year, give);
+}
+
+void MakeDemoProfitReports(Context& context, const lookups::Directory&, text::FinancialYear year,
+                           const DemoReportKind::Give& give) {
+  GiveDemo(context, mis::ReportKind::kProfitLoss, true, year, give);
+}
+
+void MakeDemoStockValuations(Context& context, const lookups::Directory&, text::FinancialYear year,
+                             const DemoReportKind::Give& give) {
+  GiveDemo(context, mis::ReportKind::kStock, true, year, give);
 }
 
 }  // namespace quorvane::cli

@@ -15,8 +15,9 @@ namespace quorvane::charts {
 namespace {
 
 constexpr QSize kPicture(1400, 900);  // pixels
-constexpr int kPictureShare = 540;
-constexpr int kTableShare = 440;
+constexpr int kPictureShare = 500;
+constexpr int kTableShare = 480;
+constexpr int kChoiceWidth = 150;
 
 QString SuggestedPath(const ChartData& chart) {
   return QDir::home().filePath(report::FileStem({chart.title, chart.subtitle}) +
@@ -59,6 +60,7 @@ void ChartPane::Arrange(const QStringList& titles) {
     CmbChart = new controls::ComboBox;
     CmbChart->setObjectName(QStringLiteral("CmbChart"));
     CmbChart->setAccessibleName(tr("Chart"));
+    CmbChart->setMinimumWidth(kChoiceWidth);
     CmbChart->SetTexts(titles);
     CmbChart->ById(0);
     head->addWidget(CmbChart);

@@ -60,6 +60,15 @@ QString Shortened(const QString& name) {
   return name.size() <= kLongestName ? name : name.left(kLongestName - 1) + QChar(0x2026);
 }
 
+// The year of a month stands in the title and in the table.
+QStringList MonthsOf(const QStringList& categories) {
+  QStringList months;
+  for (const QString& category : categories) {
+    months << category.section(QLatin1Char(' '), 0, 0);
+  }
+  return months;
+}
+
 // Categories of one name would be one on the axis.
 QStringList AxisNames(const QStringList& categories) {
   QStringList names;
@@ -194,7 +203,7 @@ void ChartPictureView::DrawParts(QChart& chart) {
 
 void ChartPictureView::DrawLines(QChart& chart) {
   const Unit unit = UnitFor(data_);
-  auto* months = CategoryAxis(AxisNames(data_.categories));
+  auto* months = CategoryAxis(AxisNames(MonthsOf(data_.categories)));
   auto* amounts = AmountAxis(unit);
   chart.addAxis(months, Qt::AlignBottom);
   chart.addAxis(amounts, Qt::AlignLeft);
@@ -232,7 +241,7 @@ void ChartPictureView::DrawStacked(QChart& chart) {
     bars->append(set);
   }
   bars->setBarWidth(0.6);
-  auto* months = CategoryAxis(AxisNames(data_.categories));
+  auto* months = CategoryAxis(AxisNames(MonthsOf(data_.categories)));
   auto* amounts = AmountAxis(unit);
   Attach(chart, bars, months, amounts, false);
   amounts->applyNiceNumbers();

@@ -15,9 +15,9 @@ namespace {
 using controls::ZENButton;
 
 constexpr int kFirstYear = 2005;
-constexpr int kYearWidth = 90;
+constexpr int kYearWidth = 80;
 constexpr int kDateWidth = 110;
-constexpr int kSelectionWidth = 250;
+constexpr float kSelectionWidth = 215;  // of a screen of 800 by 600
 constexpr int kPartsShown = 10;
 constexpr char kRateDateBox[] = "Text3";
 enum PageIndex { kReportPage, kChartPage, kRatesPage };
@@ -46,7 +46,8 @@ RptVariousReport::RptVariousReport(controls::Desk& desk)
   AddPeriod(Months::kYes);
   BuildButtons();
   selection_ = new SelectionPane(TheGuard(), *Session().connection);
-  selection_->setMinimumWidth(kSelectionWidth);
+  selection_->setMinimumWidth(
+      static_cast<int>(kSelectionWidth * Session().screen_factors.horizontal));
   AddBesideReport(selection_);
   BuildPages();
   FreeKeys();
@@ -71,7 +72,7 @@ void RptVariousReport::BuildHead() {
   Text3->setToolTip(tr("The day of a valuation and of its rates; empty: the period's last day"));
   Text3->setFixedWidth(kDateWidth);
   Watch(Text3);
-  CmdShowReport = new ZENButton(QStringLiteral("CmdShowReport"), tr("Show as Pages"));
+  CmdShowReport = new ZENButton(QStringLiteral("CmdShowReport"), tr("Pages"));
   CmdShowPLRpt = new ZENButton(QStringLiteral("CmdShowPLRpt"), tr("Market Valuation"));
   FrmPL = new QWidget;
   FrmPL->setObjectName(QStringLiteral("FrmPL"));
@@ -91,6 +92,7 @@ void RptVariousReport::BuildHead() {
   AddOptions(row);
   On(CboYr, &QComboBox::currentIndexChanged, &RptVariousReport::CboYr_Click,
      QStringLiteral("CboYr_Click"));
+  CmdShowReport->setToolTip(tr("Show the valuation as pages, to print and save"));
   OnClick(CmdShowReport, &RptVariousReport::CmdShowReport_Click);
   OnClick(CmdShowPLRpt, &RptVariousReport::CmdShowPLRpt_Click);
 }

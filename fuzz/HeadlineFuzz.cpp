@@ -1,0 +1,7 @@
+#include "core/rates/IndexHeadline.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  quorvane::rates::HeadlineOf(
+      QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+  return 0;
+}

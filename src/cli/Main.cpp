@@ -47,6 +47,7 @@ int main(int argc, char** argv) {
   for (const Registrar add :
        {AddPortfolioCommands, AddHoldingsCommands, AddStatementCommands, AddMisCommands,
         AddLedgerCommands, AddDatabaseCommands, AddBackupCommands, AddDemoCommand}) {
+        AddLedgerCommands, AddRatesCommands, AddDatabaseCommands, AddDemoCommand}) {
     add(app, context);
   }
   return Run(app, context, argc, argv);

@@ -46,8 +46,8 @@ int main(int argc, char** argv) {
   app.add_flag("--quiet", context.quiet, "No progress bar and no notices");
   for (const Registrar add :
        {AddPortfolioCommands, AddHoldingsCommands, AddStatementCommands, AddMisCommands,
-        AddLedgerCommands, AddDatabaseCommands, AddBackupCommands, AddDemoCommand}) {
-        AddLedgerCommands, AddRatesCommands, AddDatabaseCommands, AddDemoCommand}) {
+        AddLedgerCommands, AddRatesCommands, AddDatabaseCommands, AddBackupCommands,
+        AddDemoCommand}) {
     add(app, context);
   }
   return Run(app, context, argc, argv);

@@ -7,6 +7,8 @@
 #include "masters/brokers/FrmBroker.h"
 #include "masters/client_list/FrmClientList.h"
 #include "masters/clients/FrmClientMaster.h"
+#include "masters/imports/ImpScrMaster.h"
+#include "masters/imports/ImpScrRate.h"
 #include "masters/lookup_masters/FrmLookup.h"
 #include "masters/participants/FrmDepPart.h"
 #include "masters/scrips/FrmScript.h"
@@ -69,6 +71,8 @@ const std::map<QString, Maker, WithoutCase>& Makers() {
       {QStringLiteral("rptdmatstatement"), Make<demat::RptDMatStatement>},
       {QStringLiteral("rpttransaction"), Make<demat::RptDMatStatement>},
       {QStringLiteral("rptvariousreport"), Make<mis::RptVariousReport>},
+      {QStringLiteral("impscrmaster"), Make<imports::ImpScrMaster>},
+      {QStringLiteral("impscrrate"), Make<imports::ImpScrRate>},
       {QStringLiteral("rptprofitstatement"), Make<profit::RptProfitStatement>},
       {QStringLiteral("rptcapitalgain"), Make<profit::RptProfitStatement>},
       {QStringLiteral("frmscripttype"), MakeLookup<LookupKind::kScripTypes>},

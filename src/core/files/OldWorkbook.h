@@ -4,10 +4,8 @@
 
 namespace quorvane::files {
 
-/// True when the bytes begin as an .xls workbook does.
-bool IsOldWorkbook(std::string_view bytes);
-
-/// The first sheet with contents of an .xls workbook. Throws TableError.
-TextTable ReadOldWorkbook(const std::string& path);
+/// The first sheet with contents of an .xls workbook as programs since 1997 write it: of a formula
+/// its last result, of a date the days since 30 December 1899. Throws TableError.
+TextTable ReadOldWorkbook(std::string_view bytes);
 
 }  // namespace quorvane::files

@@ -1,6 +1,7 @@
 #include "core/files/TableFile.h"
 
 #include "core/files/Archive.h"
+#include "core/files/CompoundFile.h"
 #include "core/files/CsvText.h"
 #include "core/files/OldWorkbook.h"
 #include "core/files/Workbook.h"
@@ -71,8 +72,8 @@ bool HasTableEnding(const QString& path) {
 
 TextTable ReadTableFile(const QString& path) {
   const QByteArray bytes = BytesOf(path);
-  if (IsOldWorkbook(View(bytes))) {
-    return ReadOldWorkbook(QFile::encodeName(path).toStdString());
+  if (CompoundFile::IsOne(View(bytes))) {
+    return ReadOldWorkbook(View(bytes));
   }
   return IsArchive(View(bytes)) ? ReadArchived(View(bytes)) : ReadCsvText(View(bytes));
 }

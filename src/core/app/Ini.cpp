@@ -113,6 +113,13 @@ class Lines {
     Add(AfterLastText(section_end), key.trimmed().toUtf8() + '=' + value);
   }
 
+  void Remove(const QString& section, const QString& key) {
+    const auto [first, end] = Section(section);
+    if (const qsizetype at = Find(first, end, key); at < end) {
+      lines_.removeAt(at);
+    }
+  }
+
   QByteArray Content() const {
     QByteArray content = has_mark_ ? QByteArray(kByteOrderMark) : QByteArray();
     content += lines_.join('\n');
@@ -237,10 +244,21 @@ QString IniFile::Read(const QString& section, const QString& key, const QString&
 }
 
 void IniFile::Write(const QString& section, const QString& key, const QString& value) const {
-  const QString text = TrimNul(value);
-  CheckWritable(path_, section, key, text);
+  const IniSetting setting{section, key, value};
+  Write(std::span(&setting, 1));
+}
+
+void IniFile::Write(std::span<const IniSetting> settings) const {
   Lines lines(ReadFile(path_));
-  lines.Set(section, key, Quoted(text).toUtf8());
+  for (const IniSetting& setting : settings) {
+    const QString text = TrimNul(setting.value.value_or(QString()));
+    CheckWritable(path_, setting.section, setting.key, text);
+    if (setting.value) {
+      lines.Set(setting.section, setting.key, Quoted(text).toUtf8());
+    } else {
+      lines.Remove(setting.section, setting.key);
+    }
+  }
   WriteFile(path_, lines.Content());
 }
 

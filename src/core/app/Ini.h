@@ -2,10 +2,20 @@
 
 #include <QString>
 
+#include <optional>
+#include <span>
+
 namespace quorvane::app {
 
 /// The text before its first NUL character; the whole text when there is none.
 QString TrimNul(const QString& text);
+
+/// One setting to be written; without a value its line goes and the fallback counts again.
+struct IniSetting {
+  QString section;
+  QString key;
+  std::optional<QString> value;
+};
 
 /// A settings file of "[Section]" and "key=value" lines. Sections and keys are the same in capital
 /// and small letters; the first of several equal ones counts. The file is read anew at each call
@@ -25,6 +35,9 @@ class IniFile {
   /// where it is. The file and its folder are made when missing. Either the whole change reaches
   /// the disk or the file stays as it was. Throws std::runtime_error with the path and the reason.
   void Write(const QString& section, const QString& key, const QString& value) const;
+
+  /// The same for several settings at once: all of them reach the disk or none.
+  void Write(std::span<const IniSetting> settings) const;
 
  private:
   QString path_;

@@ -26,6 +26,7 @@ std::string Written(const QString& value) {
 }
 
 constexpr int kNotGranted = 1227;
+constexpr int kLongestLoginSeconds = 15;
 
 /// A query that takes no lock: to ask it twice is to ask it once.
 bool OnlyReads(std::string_view sql) {
@@ -70,6 +71,9 @@ void Connection::OpenHandles() {
   SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
   SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<void*>(SQL_OV_ODBC3), 0);
   SQLAllocHandle(SQL_HANDLE_DBC, environment_, &handle_);
+  // A server that does not answer is given up, where the system would wait for minutes.
+  SQLSetConnectAttr(handle_, SQL_ATTR_LOGIN_TIMEOUT,
+                    reinterpret_cast<SQLPOINTER>(SQLULEN{kLongestLoginSeconds}), SQL_IS_UINTEGER);
   std::string text = settings_.ConnectionString();
   const SQLRETURN result = SQLDriverConnect(
       handle_, nullptr, reinterpret_cast<SQLCHAR*>(text.data()),

@@ -1,7 +1,9 @@
 #include "reports/output/PreviewWindow.h"
 
+#include "controls/Appearance.h"
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
+#include "core/app/Ini.h"
 #include "core/text/Amounts.h"
 
 #include <QHBoxLayout>
@@ -28,6 +30,16 @@ constexpr int kLargestResolution =
 constexpr double kPointsAnInch = 72;
 constexpr std::array kZooms{0.5, 0.75, 1.0, 1.25, 1.5, 2.0, 3.0};
 constexpr int kFitWidth = 0;
+
+/// A page in its own size, or shrunk to a paper that is smaller.
+QRectF PlaceOn(const QRectF& paper, QSizeF page) {
+  constexpr double kHardlyMore = 1.01;
+  if (page.width() > paper.width() * kHardlyMore || page.height() > paper.height() * kHardlyMore) {
+    page.scale(paper.size(), Qt::KeepAspectRatio);
+  }
+  return {QPointF(), page};
+}
+
 constexpr int kFitPage = 1;
 constexpr int kLastPlace = -2;  // of a page
 constexpr int kFixedZooms = 2;  // items before those of kZooms
@@ -304,7 +316,7 @@ void PreviewWindow::CmdPrint_Click() {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName(windowTitle());
   const QSizeF size = document_.pagePointSize(0);
-  printer.setPageSize(QPageSize(QPageSize::A4));
+  controls::ProposePrinter(printer, app::IniFile(Session().folders.config_file));
   printer.setPageOrientation(size.width() > size.height() ? QPageLayout::Landscape
                                                           : QPageLayout::Portrait);
   QPrintDialog dialog(&printer, this);
@@ -334,8 +346,10 @@ void PreviewWindow::PrintPages(QPrinter& printer, Progress& progress) {
     }
     const QImage image =
         document_.render(page, QSizeF(document_.pagePointSize(page) * dots).toSize());
-    const double scale = printer.resolution() / kPointsAnInch;
-    painter.drawImage(QRectF(QPointF(), document_.pagePointSize(page) * scale), image);
+    const QRectF paper = printer.pageLayout().fullRectPixels(printer.resolution());
+    painter.drawImage(
+        PlaceOn(paper, document_.pagePointSize(page) * (printer.resolution() / kPointsAnInch)),
+        image);
     progress.Step(page - first + 1);
     if (progress.Cancelled()) {
       printer.abort();

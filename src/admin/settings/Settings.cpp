@@ -1,0 +1,168 @@
+#include "admin/settings/Settings.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace quorvane::settings {
+namespace {
+
+constexpr qsizetype kLongest = 250;
+constexpr int kFewestPixels = 640;
+constexpr int kMostPixels = 16384;
+constexpr int kLastPort = 65535;
+
+constexpr TextPlace kPlaces[kTexts] = {
+    {"ScrReso", "X", Rule::kPixels},
+    {"ScrReso", "Y", Rule::kPixels},
+    {"Display", "Theme", Rule::kAny},
+    {"Display", "Language", Rule::kAny},
+    {"Paths", "Reports", Rule::kFolder},
+    {"Database", "Driver", Rule::kAny},
+    {"Database", "Server", Rule::kAny},
+    {"Database", "Port", Rule::kPort},
+    {"Database", "Socket", Rule::kAny},
+    {"Database", "Database", Rule::kAny},
+    {"Database", "User", Rule::kAny},
+    {"Database", "Password", Rule::kAny},
+    {"Database", "TlsCa", Rule::kFile},
+    {"Database", "TlsCertificate", Rule::kFile},
+    {"Database", "TlsKey", Rule::kFile},
+    {"Database", "TlsVerify", Rule::kAny},
+    {"Internet", "IndexFeed", Rule::kWebAddress},
+    {"Internet", "BseHost", Rule::kWebAddress},
+    {"Internet", "NseHost", Rule::kWebAddress},
+    {"Internet", "BseQuoteHost", Rule::kWebAddress},
+    {"Internet", "NseQuoteHost", Rule::kWebAddress},
+    {"Internet", "ArchiveHost", Rule::kWebAddress},
+    {"Printer", "Name", Rule::kAny},
+    {"Printer", "PageSize", Rule::kAny},
+};
+
+bool IsWholeNumber(const QString& text, int first, int last) {
+  bool is_number = false;
+  const int number = text.toInt(&is_number);
+  return is_number && first <= number && number <= last;
+}
+
+bool IsWebAddress(const QString& text) {
+  const QUrl address(text, QUrl::StrictMode);
+  return address.isValid() && !address.host().isEmpty() &&
+         (address.scheme() == QStringLiteral("http") ||
+          address.scheme() == QStringLiteral("https"));
+}
+
+/// What is wrong with a text that is not empty; empty when nothing is.
+QString Fault(Rule rule, const QString& text) {
+  const QString shown = QDir::toNativeSeparators(text);
+  switch (rule) {
+    case Rule::kPixels:
+      return text == QStringLiteral("0") || IsWholeNumber(text, kFewestPixels, kMostPixels)
+                 ? QString()
+                 : QCoreApplication::translate(
+                       "Settings",
+                       "Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.");
+    case Rule::kPort:
+      return IsWholeNumber(text, 1, kLastPort)
+                 ? QString()
+                 : QCoreApplication::translate("Settings", "Enter a Port from 1 to 65535.");
+    case Rule::kFolder:
+      return QFileInfo(text).isDir()
+                 ? QString()
+                 : QCoreApplication::translate("Settings", "The Folder %1 does not Exist.")
+                       .arg(shown);
+    case Rule::kFile:
+      return QFileInfo(text).isFile()
+                 ? QString()
+                 : QCoreApplication::translate("Settings", "The File %1 does not Exist.")
+                       .arg(shown);
+    case Rule::kWebAddress:
+      return IsWebAddress(text)
+                 ? QString()
+                 : QCoreApplication::translate(
+                       "Settings",
+                       "Enter a Web Address such as https://www.example.com, or Nothing.");
+    case Rule::kAny:
+      break;
+  }
+  return {};
+}
+
+bool IsUsed(const Settings& settings, Text text) {
+  if (text == Width || text == Height) {
+    return settings.screen_mode == ScreenMode::kToResolution;
+  }
+  return !IsOfDatabase(text) || !settings.own_database;
+}
+
+MaybeRefusal CheckText(const Settings& settings, Text text) {
+  const QString& value = settings.texts[text];
+  if (value.size() > kLongest || value.contains(QLatin1Char('\n'))) {
+    return Refusal{QCoreApplication::translate(
+                       "Settings", "The Text is too Long. At Most 250 Letters are Kept."),
+                   BoxOf(text)};
+  }
+  const QString fault =
+      value.isEmpty() || !IsUsed(settings, text) ? QString() : Fault(PlaceOf(text).rule, value);
+  return fault.isEmpty() ? std::nullopt : MaybeRefusal(Refusal{fault, BoxOf(text)});
+}
+
+MaybeRefusal CheckDatabase(const Settings& settings) {
+  if (settings.own_database) {
+    return std::nullopt;
+  }
+  if (settings.texts[Server].isEmpty() && settings.texts[Socket].isEmpty()) {
+    return Refusal{QCoreApplication::translate("Settings", "Enter the Database Server."),
+                   BoxOf(Server)};
+  }
+  if (settings.texts[Database].isEmpty()) {
+    return Refusal{QCoreApplication::translate("Settings", "Enter the Name of the Database."),
+                   BoxOf(Database)};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+const TextPlace& PlaceOf(Text text) {
+  return kPlaces[text];
+}
+
+QString BoxOf(Text text) {
+  return QStringLiteral("Text1_%1").arg(static_cast<int>(text));
+}
+
+bool IsOfDatabase(Text text) {
+  return Driver <= text && text <= TlsVerify;
+}
+
+MaybeRefusal CheckSettings(const Settings& settings) {
+  for (int text = 0; text < kTexts; ++text) {
+    if (const MaybeRefusal refusal = CheckText(settings, static_cast<Text>(text))) {
+      return refusal;
+    }
+  }
+  return CheckDatabase(settings);
+}
+
+database::ConnectionSettings DatabaseOf(const Settings& settings) {
+  const auto& texts = settings.texts;
+  database::ConnectionSettings database;
+  if (!texts[Driver].isEmpty()) {
+    database.driver = texts[Driver];
+  }
+  database.server = texts[Server];
+  database.port = texts[Port].toInt();
+  database.socket = texts[Socket];
+  database.database = texts[Database];
+  database.user = texts[User];
+  database.password = texts[Password];
+  database.tls_ca = texts[TlsCa];
+  database.tls_certificate = texts[TlsCertificate];
+  database.tls_key = texts[TlsKey];
+  database.tls_verify = texts[TlsVerify] == QStringLiteral("yes");
+  return database;
+}
+
+}  // namespace quorvane::settings

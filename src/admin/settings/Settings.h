@@ -1,0 +1,74 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/database/Connection.h"
+
+#include <QString>
+
+#include <array>
+#include <optional>
+#include <span>
+
+namespace quorvane::settings {
+
+/// How windows are stretched; the number is what the file keeps.
+enum class ScreenMode { kToScreen = 0, kToResolution = 1, kAsDesigned = 2 };
+
+/// A setting that is a text. Its box on the window is called BoxOf(text).
+enum Text {
+  Width,
+  Height,
+  Theme,     ///< "system", "light" or "dark"
+  Language,  ///< "en", "hi"
+  Reports,   ///< folder of the workbooks' templates
+  Driver,
+  Server,
+  Port,
+  Socket,
+  Database,
+  User,
+  Password,
+  TlsCa,
+  TlsCertificate,
+  TlsKey,
+  TlsVerify,  ///< "yes" or "no"
+  IndexFeed,
+  BseHost,
+  NseHost,
+  BseQuoteHost,
+  NseQuoteHost,
+  ArchiveHost,
+  Printer,   ///< name of the printer that is proposed; empty: the desktop's own
+  PageSize,  ///< "A4", "Letter", "Legal", "A5", "A3"
+  kTexts
+};
+
+/// Where a text is kept and which rule it follows.
+enum class Rule { kAny, kPixels, kFolder, kFile, kPort, kWebAddress };
+struct TextPlace {
+  const char* section;
+  const char* key;
+  Rule rule;
+};
+const TextPlace& PlaceOf(Text text);
+QString BoxOf(Text text);
+
+/// What the settings window shows and keeps. Texts are as they are typed.
+struct Settings {
+  ScreenMode screen_mode = ScreenMode::kToScreen;
+  bool own_database = true;  ///< the program keeps its own server; the database's texts are unused
+  std::array<QString, kTexts> texts;
+
+  bool operator==(const Settings&) const = default;
+};
+
+/// The first text that cannot be kept, by the order of Text.
+MaybeRefusal CheckSettings(const Settings& settings);
+
+/// The database that the settings name; for settings that were checked.
+database::ConnectionSettings DatabaseOf(const Settings& settings);
+
+/// The texts that belong to the database section.
+bool IsOfDatabase(Text text);
+
+}  // namespace quorvane::settings

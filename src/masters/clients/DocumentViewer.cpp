@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPageRanges>
 #include <QPainter>
 #include <QPrinter>
 #include <QPromise>
@@ -17,6 +18,7 @@
 
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace quorvane::clients {
 namespace {
@@ -36,6 +38,21 @@ QString Objection(const QString& path) {
   return file.size() > DocumentStore::kMostBytes
              ? DocumentViewer::tr("The Document is too Large to be Shown.")
              : QString();
+}
+
+/// The pages that the printer was set to, counted from 1: all of them, or ranges such as "1-2,5".
+std::vector<int> PagesToPrint(const QPrinter& printer, int count) {
+  const QPageRanges ranges = printer.pageRanges();
+  std::vector<int> numbers;
+  for (int number = 1; number <= count; ++number) {
+    if (ranges.isEmpty() || ranges.contains(number)) {
+      numbers.push_back(number);
+    }
+  }
+  if (numbers.empty()) {
+    throw std::runtime_error(DocumentViewer::tr("The Document has no such Page.").toStdString());
+  }
+  return numbers;
 }
 
 }  // namespace
@@ -214,21 +231,21 @@ void DocumentViewer::PrintImage(QPrinter& printer, Progress& progress) const {
 }
 
 void DocumentViewer::PrintPages(QPrinter& printer, Progress& progress) const {
-  const int first = std::max(1, printer.fromPage());
-  const int last = printer.toPage() > 0 ? std::min(printer.toPage(), PageCount()) : PageCount();
+  const std::vector<int> numbers = PagesToPrint(printer, PageCount());
   QPainter painter;
   if (!painter.begin(&printer)) {
     throw std::runtime_error(tr("The Printer can't be Used.").toStdString());
   }
-  progress.Begin(tr("Printing"), last - first + 1);
-  for (int number = first; number <= last; ++number) {
-    if (number > first && !printer.newPage()) {
+  progress.Begin(tr("Printing"), static_cast<std::int64_t>(numbers.size()));
+  std::int64_t printed = 0;
+  for (const int number : numbers) {
+    if (printed > 0 && !printer.newPage()) {
       throw std::runtime_error(tr("The Printer can't be Used.").toStdString());
     }
     const QRectF paper(QPointF(0, 0),
                        printer.pageLayout().paintRectPixels(printer.resolution()).size());
     PaintPageInto(painter, paper, ReadDocumentPage(path_, number - 1), pages_->QuarterTurns());
-    progress.Step(number - first + 1);
+    progress.Step(++printed);
     if (progress.Cancelled()) {
       printer.abort();
       throw Cancellation();

@@ -36,7 +36,7 @@ FrmClientMaster::FrmClientMaster(controls::Desk& desk, DocumentDialogs dialogs)
   accounts_ = new AccountsPane(TheGuard(), *Session().connection);
   rows->addWidget(accounts_, 1);
   Details()->setObjectName(QStringLiteral("Frame1"));
-  sign_ = new FrmSign(TheGuard(), dialogs_);
+  sign_ = new FrmSign(TheGuard(), dialogs_, app::IniFile(Session().folders.config_file));
   AddPanel(tr("Document"), sign_);
   AddButtons();
   List().SetColumns({{.heading = tr("Client Code")}, {.heading = tr("Client Name")}});
@@ -111,9 +111,11 @@ void FrmClientMaster::AddDocument(FieldLayout& fields) {
 void FrmClientMaster::AddButtons() {
   CmdDepPart = new ZENButton(QStringLiteral("CmdDepPart"), tr("Participants..."));
   CmdView = new ZENButton(QStringLiteral("CmdView"), tr("&View Document"));
+  CmdDocuments = new ZENButton(QStringLiteral("CmdDocuments"), tr("Documents..."));
+  CmdDocuments->setToolTip(tr("The documents of all clients"));
   mnuexit = new ZENButton(QStringLiteral("mnuexit"), tr("E&xit"));
   mnuexit->SetCancels(true);
-  for (ZENButton* button : {CmdDepPart, CmdView, mnuexit}) {
+  for (ZENButton* button : {CmdDepPart, CmdView, CmdDocuments, mnuexit}) {
     Buttons()->addWidget(button);
   }
 }
@@ -139,6 +141,7 @@ void FrmClientMaster::Connect() {
   OnClick(CmdClr, &FrmClientMaster::CmdClr_Click);
   OnClick(CmdView, &FrmClientMaster::CmdView_Click);
   OnClick(CmdDepPart, &FrmClientMaster::CmdDepPart_Click);
+  OnClick(CmdDocuments, &FrmClientMaster::CmdDocuments_Click);
   OnClick(mnuexit, &FrmClientMaster::mnuexit_Click);
   On(&sign_->Viewer(), &DocumentViewer::Failed, &FrmClientMaster::Viewer_Failed,
      QStringLiteral("CmdView_Click"));
@@ -297,6 +300,10 @@ void FrmClientMaster::Viewer_Failed(const QString& text) {
 
 void FrmClientMaster::CmdDepPart_Click() {
   TheDesk().open(QStringLiteral("FrmDepPart"));
+}
+
+void FrmClientMaster::CmdDocuments_Click() {
+  TheDesk().open(QStringLiteral("frmdocuments"));
 }
 
 void FrmClientMaster::mnuexit_Click() {

@@ -70,6 +70,7 @@ class FrmClientMaster : public controls::RecordWindow {
   void CmdClr_Click();
   void CmdView_Click();
   void CmdDepPart_Click();
+  void CmdDocuments_Click();
   void mnuexit_Click();
   void Viewer_Failed(const QString& text);
 
@@ -87,6 +88,7 @@ class FrmClientMaster : public controls::RecordWindow {
   controls::ZENButton* CmdClr = nullptr;
   controls::ZENButton* CmdView = nullptr;
   controls::ZENButton* CmdDepPart = nullptr;
+  controls::ZENButton* CmdDocuments = nullptr;
   controls::ZENButton* mnuexit = nullptr;
   FrmSign* sign_ = nullptr;
 };

@@ -1,5 +1,6 @@
 #include "masters/clients/FrmSign.h"
 
+#include "controls/Appearance.h"
 #include "controls/ProgressDialog.h"
 
 #include <QColorDialog>
@@ -41,8 +42,9 @@ bool SetUpPrinter(QWidget* parent, QPrinter& printer, int pages) {
 DocumentDialogs::DocumentDialogs()
     : choose_file(ChooseFile), choose_color(ChooseColor), set_up_printer(SetUpPrinter) {}
 
-FrmSign::FrmSign(const controls::Guard& guard, DocumentDialogs dialogs)
+FrmSign::FrmSign(const controls::Guard& guard, DocumentDialogs dialogs, app::IniFile settings)
     : dialogs_(std::move(dialogs)),
+      settings_(std::move(settings)),
       viewer_(new DocumentViewer()),
       cmd_Rotate(new ZENButton(QStringLiteral("cmd_Rotate"), tr("&Rotate"))),
       cmdpicview(new ZENButton(QStringLiteral("cmdpicview"), tr("Actual &Size"))),
@@ -96,6 +98,7 @@ void FrmSign::cmdpicview_Click() {
 
 void FrmSign::CmdPrint_Click() {
   QPrinter printer(QPrinter::HighResolution);
+  controls::ProposePrinter(printer, settings_);
   if (dialogs_.set_up_printer(this, printer, viewer_->PageCount())) {
     controls::ProgressDialog progress(this);
     viewer_->PrintImage(printer, progress);

@@ -2,6 +2,7 @@
 
 #include "controls/Guard.h"
 #include "controls/ZENButton.h"
+#include "core/app/Ini.h"
 #include "masters/clients/DocumentViewer.h"
 
 #include <QWidget>
@@ -29,7 +30,8 @@ class FrmSign : public QWidget {
   Q_OBJECT
 
  public:
-  FrmSign(const controls::Guard& guard, DocumentDialogs dialogs);
+  /// `settings` name the printer and the paper that printing begins with.
+  FrmSign(const controls::Guard& guard, DocumentDialogs dialogs, app::IniFile settings);
 
   DocumentViewer& Viewer() { return *viewer_; }
 
@@ -43,6 +45,7 @@ class FrmSign : public QWidget {
   void CmdBGClr_Click();
 
   DocumentDialogs dialogs_;
+  app::IniFile settings_;
   DocumentViewer* viewer_;
   controls::ZENButton* cmd_Rotate;
   controls::ZENButton* cmdpicview;

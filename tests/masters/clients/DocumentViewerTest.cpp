@@ -1,0 +1,197 @@
+#include "core/Progress.h"
+#include "masters/clients/DocumentViewer.h"
+#include "masters/clients/Documents.h"
+#include "support/TestMain.h"
+
+#include <QBuffer>
+#include <QPageRanges>
+#include <QPainter>
+#include <QPdfDocument>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+
+using namespace quorvane;
+using namespace quorvane::clients;
+
+namespace {
+
+class Silent : public Progress {};
+
+}  // namespace
+
+class DocumentViewerTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void KindIsShown_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("text");  ///< that is read; empty for a picture
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    for (const char* format : {"BMP", "JPG", "TIF"}) {
+      QTest::newRow(format) << QStringLiteral("a.") + format << Encoded(picture, format)
+                            << QString();
+    }
+    QTest::newRow("GIF") << "a.gif" << test::Gif() << QString();
+    QTest::newRow("PDF") << "A.PDF" << Pdf(1) << QString();
+    QTest::newRow("TXT") << "a.Txt" << QByteArray("Signed") << "Signed";
+    QTest::newRow("HTM") << "a.htm" << QByteArray("<p>Sig<b>ned</b></p>") << "Signed";
+    QTest::newRow("RTF") << "a.rtf" << QByteArray("{\\rtf1 Signed\\par}") << "Signed";
+    QTest::newRow("DOC") << "a.doc" << test::WordDocument("Signed\r") << "Signed";
+  }
+
+  void KindIsShown() {
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const QString, text);
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write(name, content)), QString("shown"));
+    QCOMPARE(viewer.HasPages(), text.isEmpty());
+    if (!text.isEmpty()) {
+      QVERIFY(viewer.findChild<QTextBrowser*>()->toPlainText().contains(text));
+    }
+  }
+
+  void FileThatIsNoDocumentIsRefusedAtOnce_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("vanished") << "nothing.txt"
+                              << "File does not Exist.";
+    QTest::newRow("folder") << "folder.pdf"
+                            << "This is a Folder, not a Document.";
+    QTest::newRow("1 GB") << "large.txt"
+                          << "The Document is too Large to be Shown.";
+    QTest::newRow("kind") << "a.exe"
+                          << "Format Not Supported.";
+  }
+
+  void FileThatIsNoDocumentIsRefusedAtOnce() {
+    QFETCH(const QString, name);
+    QFETCH(const QString, message);
+    QVERIFY(QDir(folder_.path()).mkpath("folder.pdf"));
+    QFile large(folder_.filePath("large.txt"));
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(qint64{1} << 30));
+    Write("a.exe", "MZ");
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("first.txt", "First")), QString("shown"));
+    QCOMPARE(Opened(viewer, folder_.filePath(name)), message);
+    QVERIFY(viewer.IsEmpty());
+  }
+
+  void PagesAreTurnedAndCounted() {
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("scan.tif", test::Tiff({8, 16, 24}))), QString("shown"));
+    QCOMPARE(viewer.PageCount(), 3);
+    QSignalSpy opened(&viewer, &DocumentViewer::Opened);
+    viewer.PreviousPage();
+    viewer.NextPage();
+    QVERIFY(opened.wait());
+    QCOMPARE(viewer.PageNumber(), 1);
+  }
+
+  void ChosenPagesArePrinted_data() {
+    QTest::addColumn<QString>("ranges");
+    QTest::addColumn<QList<int>>("widths");  ///< of the printed pages' pictures: their numbers
+    QTest::newRow("all") << "" << QList<int>{1, 2, 3, 4};
+    QTest::newRow("one") << "2" << QList<int>{2};
+    QTest::newRow("from and to") << "2-3" << QList<int>{2, 3};
+    QTest::newRow("apart") << "1,3-9" << QList<int>{1, 3, 4};
+  }
+
+  void ChosenPagesArePrinted() {
+    QFETCH(const QString, ranges);
+    QFETCH(const QList<int>, widths);
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("four.pdf", Pdf(4))), QString("shown"));
+    QPrinter printer(QPrinter::ScreenResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder_.filePath("printed.pdf"));
+    printer.setPageRanges(QPageRanges::fromString(ranges));
+    Silent progress;
+    viewer.PrintImage(printer, progress);
+    QPdfDocument printed;
+    QCOMPARE(printed.load(folder_.filePath("printed.pdf")), QPdfDocument::Error::None);
+    QList<int> numbers;
+    for (int page = 0; page < printed.pageCount(); ++page) {
+      numbers.append(NumberOn(printed.render(page, QSize(400, 560))));
+    }
+    QCOMPARE(numbers, widths);
+  }
+
+  void PageThatIsNotThereIsNotPrinted() {
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("four.pdf", Pdf(4))), QString("shown"));
+    QPrinter printer(QPrinter::ScreenResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder_.filePath("none.pdf"));
+    printer.setPageRanges(QPageRanges::fromString("7-9"));
+    Silent progress;
+    QVERIFY_EXCEPTION_THROWN(viewer.PrintImage(printer, progress), std::runtime_error);
+    QVERIFY(!QFile::exists(folder_.filePath("none.pdf")));
+  }
+
+ private:
+  /// A document whose pages are painted red, green, blue, black.
+  static QByteArray Pdf(int pages) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QPainter painter(&writer);
+    for (int page = 0; page < pages; ++page) {
+      if (page > 0) {
+        writer.newPage();
+      }
+      painter.fillRect(QRect(0, 0, writer.width(), writer.height()), kColors[page]);
+    }
+    painter.end();
+    return buffer.data();
+  }
+
+  static int NumberOn(const QImage& page) {
+    const QColor middle = page.pixelColor(page.rect().center());
+    for (int number = 1; number <= 4; ++number) {
+      const QColor& color = kColors[number - 1];
+      if (std::abs(color.red() - middle.red()) + std::abs(color.green() - middle.green()) +
+              std::abs(color.blue() - middle.blue()) <
+          60) {
+        return number;
+      }
+    }
+    return 0;
+  }
+
+  static QByteArray Encoded(const QImage& picture, const char* format) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, format);
+    return buffer.data();
+  }
+
+  QString Write(const QString& name, const QByteArray& content) const {
+    return test::WriteFile(folder_.filePath(name), content);
+  }
+
+  /// "shown", or what was said.
+  static QString Opened(DocumentViewer& viewer, const QString& path) {
+    QString outcome;
+    const QObject scope;
+    connect(&viewer, &DocumentViewer::Opened, &scope, [&] { outcome = "shown"; });
+    connect(&viewer, &DocumentViewer::Failed, &scope, [&](const QString& text) { outcome = text; });
+    viewer.Open(path);
+    return QTest::qWaitFor([&] { return !outcome.isEmpty(); }, 20000) ? outcome : "nothing";
+  }
+
+  inline static const QColor kColors[4] = {Qt::red, Qt::green, Qt::blue, Qt::black};
+  QTemporaryDir folder_;
+};
+
+namespace {
+const test::RegisterTest<DocumentViewerTest> kRegistered;
+}
+
+#include "DocumentViewerTest.moc"

@@ -1,15 +1,17 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/users/frmLogin.h"
+#include "controls/Appearance.h"
 #include "controls/DesktopFiles.h"
 #include "controls/Guard.h"
 #include "controls/MessageBoxes.h"
 #include "controls/ProgressDialog.h"
-#include "controls/Style.h"
 #include "core/app/AppInfo.h"
+#include "core/app/Ini.h"
 #include "core/app/MachineKey.h"
 #include "core/app/Session.h"
 #include "reports/output/RepView.h"
+#include "ui/help/FrmHelp.h"
 #include "ui/main/MDIForm1.h"
 
 #include <QApplication>
@@ -51,6 +53,9 @@ class Desktop {
     reports_.winmodereport(1);
     desk_.show_report = [this](const report::ReportDocument& document, QWidget* over) {
       reports_.Show(document, over);
+    };
+    desk_.help = [this](const QString& window_name, QWidget* over) {
+      help_.Show(window_name, over);
     };
     desk_.ask_save_path = controls::AskSavePath;
     desk_.ask_open_path = controls::AskOpenPath;
@@ -94,6 +99,8 @@ class Desktop {
   controls::MessageBoxes messages_;
   controls::Desk desk_;
   report::RepView reports_{desk_};
+  ui::Help help_{app::ShippedFolder(QCoreApplication::applicationDirPath(),
+                                    QStringLiteral("docs/user-guide"))};
   QPointer<ui::MDIForm1> main_;
 };
 
@@ -128,9 +135,9 @@ int main(int argc, char** argv) {
                                 QStringLiteral("DIR"));
   parser.addOption(data);
   parser.process(application);
-  controls::ApplyTheme(application, controls::Theme::kSystem);
   const QString folder =
       parser.isSet(data) ? QDir(parser.value(data)).absolutePath()
                          : app::DefaultApplicationFolder(QCoreApplication::applicationDirPath());
+  controls::ApplyAppearance(application, app::IniFile(app::Folders::At(folder).config_file));
   return Run(application, folder);
 }

@@ -43,6 +43,9 @@ ChildWindow::ChildWindow(Desk& desk, const QString& name, const QString& title, 
   setObjectName(name);
   setWindowTitle(title);
   setAttribute(Qt::WA_DeleteOnClose);
+  connect(this, &ChildWindow::HelpRequested, this, [this](const QString& window_name) {
+    guard_.Run(QStringLiteral("mnuHelp_Click"), [&] { desk_.help(window_name, this); });
+  });
 }
 
 void ChildWindow::OpenIn(QMdiArea& area) {

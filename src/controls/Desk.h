@@ -24,6 +24,10 @@ struct Desk {
   /// Opens a window by its name ("FrmDepPart") as a child of the main window.
   std::function<void(const QString& name)> open = [](const QString&) {};
 
+  /// Shows the chapter of the user guide about a window, in front of `over`.
+  std::function<void(const QString& window_name, QWidget* over)> help = [](const QString&,
+                                                                           QWidget*) {};
+
   /// Shows a report as pages, to look at, print and save.
   std::function<void(const report::ReportDocument& document, QWidget* over)> show_report =
       [](const report::ReportDocument&, QWidget*) {};

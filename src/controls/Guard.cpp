@@ -10,20 +10,19 @@
 namespace quorvane::controls {
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Guard", text);
-}
-
 QString HintFor(const database::DatabaseError& error) {
   if (error.IsConnectionLost()) {
-    return Tr(
+    return QCoreApplication::translate(
+        "Guard",
         "The connection to the database was lost. Check whether the last record was saved, "
         "then try again.");
   }
   if (error.IsTransient()) {
-    return Tr("The database was busy with other work. Nothing was changed. Please try again.");
+    return QCoreApplication::translate(
+        "Guard", "The database was busy with other work. Nothing was changed. Please try again.");
   }
-  return Tr("What was not yet saved is still in the window. Mend the cause and try again.");
+  return QCoreApplication::translate(
+      "Guard", "What was not yet saved is still in the window. Mend the cause and try again.");
 }
 
 QString TextOf(const database::DatabaseError& error) {
@@ -34,7 +33,7 @@ QString TextOf(const database::DatabaseError& error) {
 
 void Guard::Report(const QString& handler, const std::optional<QString>& failure) const {
   if (!failure) {
-    messages_.Inform(Tr("Cancelled. Nothing was changed."));
+    messages_.Inform(QCoreApplication::translate("Guard", "Cancelled. Nothing was changed."));
   } else {
     messages_.Refuse(handler + QStringLiteral(": ") + *failure);
   }
@@ -53,7 +52,7 @@ bool Guard::Run(const QString& handler, const std::function<void()>& work) const
   } catch (const std::exception& error) {
     failure = QString::fromUtf8(error.what());
   } catch (...) {
-    failure = Tr("An unknown failure.");
+    failure = QCoreApplication::translate("Guard", "An unknown failure.");
   }
   Report(handler, failure);
   return false;

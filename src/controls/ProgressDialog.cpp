@@ -18,17 +18,13 @@ constexpr qint64 kBreath = 40;     // ms between two updates of the screen
 constexpr int kScale = 1000;
 constexpr int kMinimumWidth = 360;
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("ProgressDialog", text);
-}
-
 }  // namespace
 
 class ProgressDialog::Window final : public QDialog {
  public:
   explicit Window(QWidget* parent) : QDialog(parent) {
     setWindowModality(Qt::ApplicationModal);
-    setWindowTitle(Tr("Please wait"));
+    setWindowTitle(QCoreApplication::translate("ProgressDialog", "Please wait"));
     setMinimumWidth(kMinimumWidth);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -43,12 +39,13 @@ class ProgressDialog::Window final : public QDialog {
   void reject() override {
     cancelled = true;
     cancel.setEnabled(false);
-    label.setText(Tr("Stopping..."));
+    label.setText(QCoreApplication::translate("ProgressDialog", "Stopping..."));
   }
 
   QLabel label;
   QProgressBar bar;
-  ZENButton cancel{QStringLiteral("cmdCancel"), Tr("&Cancel")};
+  ZENButton cancel{QStringLiteral("cmdCancel"),
+                   QCoreApplication::translate("ProgressDialog", "&Cancel")};
   bool cancelled = false;
 };
 

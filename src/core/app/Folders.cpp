@@ -119,8 +119,10 @@ void InstallShippedFiles(const Folders& folders, const QString& shipped_data_fol
 }
 
 QString ShippedFolder(const QString& program_folder, const QString& name) {
-  for (const QString& parent : {program_folder + QStringLiteral("/../share/quorvane/"),
-                                QStringLiteral(QUORVANE_DATA_FOLDER "/")}) {
+  for (const QString& parent :
+       {program_folder + QStringLiteral("/../share/quorvane/"),
+        QStringLiteral(QUORVANE_DATA_FOLDER "/"), QStringLiteral(QUORVANE_DATA_FOLDER "/../"),
+        QStringLiteral(QUORVANE_BUILD_FOLDER "/")}) {
     if (QFileInfo(parent + name).isDir()) {
       return QDir(parent + name).canonicalPath();
     }

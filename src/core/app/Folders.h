@@ -24,9 +24,9 @@ struct Folders {
 /// program and data can be carried about together; else the user's data folder.
 QString DefaultApplicationFolder(const QString& program_folder);
 
-/// A folder that is shipped with the program: "shipped" (what is copied to Data) or "sample" (the
-/// sample portfolio). Beside the installed program, else in the project's folder; empty when it is
-/// in neither.
+/// A folder that is shipped with the program: "shipped" (what is copied to Data), "sample" (the
+/// sample portfolio), "docs/user-guide" or "languages". Beside the installed program, else in the
+/// project's folder or the one that it is built in; empty when it is in none.
 QString ShippedFolder(const QString& program_folder, const QString& name);
 
 /// Copies the files that are missing in the data folder from the folder they are shipped in,

@@ -37,35 +37,31 @@ struct Face {
   std::array<FieldFace, 4> fields;
 };
 
-#define WORDS(text) QT_TRANSLATE_NOOP("LookupMasters", text)
-
 const std::array<Face, 5> kFaces{{
     {LookupKind::kScripTypes,
-     WORDS("Script Type"),
+     QT_TRANSLATE_NOOP("LookupMasters", "Script Type"),
      {480, 360},
-     {{{WORDS("Script &Type"), Entry::kText}}}},
+     {{{QT_TRANSLATE_NOOP("LookupMasters", "Script &Type"), Entry::kText}}}},
     {LookupKind::kScripClasses,
-     WORDS("Script Class"),
+     QT_TRANSLATE_NOOP("LookupMasters", "Script Class"),
      {480, 360},
-     {{{WORDS("Script Class Na&me"), Entry::kText}}}},
+     {{{QT_TRANSLATE_NOOP("LookupMasters", "Script Class Na&me"), Entry::kText}}}},
     {LookupKind::kExchanges,
-     WORDS("Exchange"),
+     QT_TRANSLATE_NOOP("LookupMasters", "Exchange"),
      {480, 360},
-     {{{WORDS("&Exchange Name"), Entry::kText}}}},
+     {{{QT_TRANSLATE_NOOP("LookupMasters", "&Exchange Name"), Entry::kText}}}},
     {LookupKind::kSttPercentages,
-     WORDS("S.T.T. Percent Detail"),
+     QT_TRANSLATE_NOOP("LookupMasters", "S.T.T. Percent Detail"),
      {600, 360},
-     {{{WORDS("&S.T.T. Percent"), Entry::kPercent}}}},
+     {{{QT_TRANSLATE_NOOP("LookupMasters", "&S.T.T. Percent"), Entry::kPercent}}}},
     {LookupKind::kTaxPercentages,
-     WORDS("Brokerage and Tax Percentages"),
+     QT_TRANSLATE_NOOP("LookupMasters", "Brokerage and Tax Percentages"),
      {600, 420},
-     {{{WORDS("&Financial Year"), Entry::kYear},
-       {WORDS("Delivery &Type"), Entry::kKinds},
-       {WORDS("P&ercentage"), Entry::kPercent},
-       {WORDS("As &On"), Entry::kDate}}}},
+     {{{QT_TRANSLATE_NOOP("LookupMasters", "&Financial Year"), Entry::kYear},
+       {QT_TRANSLATE_NOOP("LookupMasters", "Delivery &Type"), Entry::kKinds},
+       {QT_TRANSLATE_NOOP("LookupMasters", "P&ercentage"), Entry::kPercent},
+       {QT_TRANSLATE_NOOP("LookupMasters", "As &On"), Entry::kDate}}}},
 }};
-
-#undef WORDS
 
 const Face& FaceOf(LookupKind kind) {
   return *std::ranges::find(kFaces, kind, &Face::kind);

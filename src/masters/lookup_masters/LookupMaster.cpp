@@ -15,30 +15,37 @@ namespace {
 using Kind = LookupColumn::Kind;
 
 constexpr std::array kTypeColumns{
-    LookupColumn{"Type", Kind::kText, "Script Type", "Text1_0", "Enter Script Type."}};
+    LookupColumn{"Type", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Script Type"), "Text1_0",
+                 QT_TRANSLATE_NOOP("LookupMasters", "Enter Script Type.")}};
 constexpr std::array kClassColumns{
-    LookupColumn{"Name", Kind::kText, "Script Class Name", "Text1_0", "Enter Script Class Name."}};
+    LookupColumn{"Name", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Script Class Name"),
+                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter Script Class Name.")}};
 constexpr std::array kExchangeColumns{
-    LookupColumn{"ExName", Kind::kText, "Exchange Name", "Text1_0", "Enter Exchange Name."}};
+    LookupColumn{"ExName", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Exchange Name"),
+                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter Exchange Name.")}};
 constexpr std::array kSttColumns{
-    LookupColumn{"STTPer", Kind::kNumber, "S.T.T. Percent", "Text1_0", "Enter S.T.T. Percent."}};
+    LookupColumn{"STTPer", Kind::kNumber, QT_TRANSLATE_NOOP("LookupMasters", "S.T.T. Percent"),
+                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter S.T.T. Percent.")}};
 constexpr std::array kTaxColumns{
-    LookupColumn{"FYear", Kind::kText, "Financial Year", "Text1_0", "Enter Financial Year."},
-    LookupColumn{"Name", Kind::kText, "Delivery Type", "CmbName", "Select Delivery Type ."},
-    LookupColumn{"Percent", Kind::kNumber, "Percentage", "Text1_1", "Enter Percentage."},
-    LookupColumn{"Ason", Kind::kText, "As On", "Text1_2", ""}};
+    LookupColumn{"FYear", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Financial Year"),
+                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter Financial Year.")},
+    LookupColumn{"Name", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Delivery Type"),
+                 "CmbName", QT_TRANSLATE_NOOP("LookupMasters", "Select Delivery Type .")},
+    LookupColumn{"Percent", Kind::kNumber, QT_TRANSLATE_NOOP("LookupMasters", "Percentage"),
+                 "Text1_1", QT_TRANSLATE_NOOP("LookupMasters", "Enter Percentage.")},
+    LookupColumn{"Ason", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "As On"), "Text1_2", ""}};
 
 constexpr std::array<LookupMaster, 5> kMasters{{
     {LookupKind::kScripTypes, "FrmScriptType", "ScriptType", kTypeColumns, 1,
-     "Script Type Already Exists.", ""},
+     QT_TRANSLATE_NOOP("LookupMasters", "Script Type Already Exists."), ""},
     {LookupKind::kScripClasses, "FrmScriptCls", "ScriptClass", kClassColumns, 1,
-     "Script Class Already Exists!", "Name,Id"},
+     QT_TRANSLATE_NOOP("LookupMasters", "Script Class Already Exists!"), "Name,Id"},
     {LookupKind::kExchanges, "FrmExchange", "Exchange", kExchangeColumns, 1,
-     "Exchange Name Already Exists.", ""},
+     QT_TRANSLATE_NOOP("LookupMasters", "Exchange Name Already Exists."), ""},
     {LookupKind::kSttPercentages, "FrmSttPer", "STTPer", kSttColumns, 1,
-     "S.T.T. Percent Already Exists.", ""},
+     QT_TRANSLATE_NOOP("LookupMasters", "S.T.T. Percent Already Exists."), ""},
     {LookupKind::kTaxPercentages, "FrmTransPer", "TransTaxPer", kTaxColumns, 2,
-     "Percent Detail Already Exists.", ""},
+     QT_TRANSLATE_NOOP("LookupMasters", "Percent Detail Already Exists."), ""},
 }};
 
 QString Translated(const char* text) {

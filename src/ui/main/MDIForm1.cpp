@@ -5,6 +5,7 @@
 #include "controls/ZENButton.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
+#include "core/rates/IndexHeadline.h"
 #include "masters/client_list/ClientList.h"
 #include "ui/main/MiscInfo.h"
 #include "ui/main/WindowTable.h"
@@ -13,6 +14,7 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -56,9 +58,8 @@ QString Caption(const MenuItem& item) {
 
 QUrl FeedAddress(const app::Session& session) {
   const app::IniFile config(session.folders.config_file);
-  return QUrl(
-      config.Read(QStringLiteral("Internet"), QStringLiteral("IndexFeed"),
-                  QStringLiteral("https://www.bseindia.com/sensex/xml-data/sensexrss.xml")));
+  return QUrl(config.Read(QStringLiteral("Internet"), QStringLiteral("IndexFeed"),
+                          QLatin1String(rates::kIndexFeed)));
 }
 
 }  // namespace
@@ -394,6 +395,36 @@ void MDIForm1::mnuQuit_Click() {
     mnuBackUp_Click();
   } else {
     close();
+  }
+}
+
+/// The language was changed: menu and buttons follow.
+void MDIForm1::ShowCaptions() {
+  for (const MenuItem& item : MenuItems()) {
+    if (auto* action = findChild<QAction*>(QLatin1String(item.name));
+        action != nullptr && item.action != MenuAction::kSeparator) {
+      action->setText(Caption(item));
+    }
+  }
+  int number = 0;
+  for (const RowButton& entry : kRowButtons) {
+    const QString name = QStringLiteral("ZENButton1_%1").arg(number++);
+    findChild<ZENButton*>(name)->setText(QCoreApplication::translate("MainMenu", entry.caption));
+  }
+}
+
+void MDIForm1::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) {
+    ShowCaptions();
+  }
+}
+
+void MDIForm1::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::HelpContents)) {
+    guard_.Run(QStringLiteral("mnuHelp_Click"), [this] { desk_.help(objectName(), this); });
+  } else {
+    QMainWindow::keyPressEvent(event);
   }
 }
 

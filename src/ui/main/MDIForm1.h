@@ -45,10 +45,13 @@ class MDIForm1 : public QMainWindow {
   void LoggedOut();
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void BuildMenu();
+  void ShowCaptions();
   void BuildHead();
   void BuildButtons(QHBoxLayout* row);
   void BuildStatusBar();

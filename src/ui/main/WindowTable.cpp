@@ -3,6 +3,9 @@
 #include "admin/backup/frmBackUpRestore.h"
 #include "admin/backup/frmrestoration.h"
 #include "admin/repair/RepairTable.h"
+#include "admin/calculator/frmcalc.h"
+#include "admin/documents/frmdocuments.h"
+#include "admin/settings/frmsettings.h"
 #include "controls/ChildWindow.h"
 #include "masters/brokers/FrmBroker.h"
 #include "masters/client_list/FrmClientList.h"
@@ -65,6 +68,9 @@ const std::map<QString, Maker, WithoutCase>& Makers() {
       {QStringLiteral("frmstkopbalance"), Make<opening_stock::FrmStkOpBalance>},
       {QStringLiteral("frmscripttransfer"), Make<transfers::FrmScriptTransfer>},
       {QStringLiteral("frmclientmaster"), Make<clients::FrmClientMaster>},
+      {QStringLiteral("frmcalc"), Make<calculator::frmcalc>},
+      {QStringLiteral("frmdocuments"), Make<documents::frmdocuments>},
+      {QStringLiteral("frmsettings"), Make<settings::frmsettings>},
       {QStringLiteral("frmdeppart"), Make<participants::FrmDepPart>},
       {QStringLiteral("frmbroker"), Make<brokers::FrmBroker>},
       {QStringLiteral("frmscript"), Make<scrips::FrmScript>},

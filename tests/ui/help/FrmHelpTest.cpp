@@ -1,0 +1,115 @@
+#include "support/OnScreen.h"
+#include "support/TestMain.h"
+#include "ui/help/FrmHelp.h"
+#include "ui/help/HelpChapters.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+using namespace quorvane;
+using namespace quorvane::ui;
+
+namespace {
+const QString kGuide = QStringLiteral(QUORVANE_SOURCE_DIR "/docs/user-guide");
+}
+
+class FrmHelpTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void WindowLeadsToItsChapter_data() {
+    QTest::addColumn<QString>("window");
+    QTest::addColumn<QString>("chapter");
+    QTest::newRow("main window") << "MDIForm1"
+                                 << "main-window.md";
+    QTest::newRow("any capitals") << "FRMBROKER"
+                                  << "masters.md";
+    QTest::newRow("no chapter") << "FrmUnknown"
+                                << "README.md";
+    QTest::newRow("name that climbs") << "../../README"
+                                      << "README.md";
+  }
+
+  void WindowLeadsToItsChapter() {
+    QFETCH(const QString, window);
+    QFETCH(const QString, chapter);
+    QWidget main;
+    Help help(kGuide);
+    FrmHelp* shown = help.Show(window, &main);
+    QVERIFY(shown->isVisible());
+    QCOMPARE(shown->Guide().Chapter(), chapter);
+    QVERIFY(shown->Guide().toPlainText().size() > 100);
+    QCOMPARE(help.Show("frmcalc", &main), shown);
+  }
+
+  void MissingChapterFallsBackToTheIndex() {
+    const QTemporaryDir folder;
+    QVERIFY(QFile::copy(kGuide + "/README.md", folder.filePath("README.md")));
+    GuidePane pane(folder.path());
+    pane.ShowChapter("masters.md");
+    QCOMPARE(pane.Chapter(), QString("README.md"));
+    GuidePane none(folder.filePath("nowhere"));
+    none.ShowChapter("masters.md");
+    QVERIFY(none.toPlainText().contains("nowhere"));
+  }
+
+  void ModalWindowHasHelpOfItsOwn() {
+    QWidget main;
+    Help help(kGuide);
+    FrmHelp* beside = help.Show("MDIForm1", &main);
+    QWidget modal(&main, Qt::Dialog);
+    modal.setWindowModality(Qt::ApplicationModal);
+    modal.show();
+    FrmHelp* over = help.Show("FrmBroker", &modal);
+    QVERIFY(over != beside);
+    QCOMPARE(over->parentWidget(), &modal);
+  }
+
+  /// Every chapter is reached from the index, and no link or picture of the guide is broken.
+  void GuideHasNoBrokenLink() {
+    int links = 0;
+    QDirIterator files(kGuide, {"*.md"});
+    while (files.hasNext()) {
+      const QString path = files.next();
+      auto found = QRegularExpression(R"(\]\(([^)#]+)\))").globalMatch(ContentOf(path));
+      while (found.hasNext()) {
+        const QString target = found.next().captured(1);
+        const bool is_there = QFile::exists(QFileInfo(path).dir().filePath(target));
+        QVERIFY2(is_there || HelpChapters().contains(target), qPrintable(path + ": " + target));
+        ++links;
+      }
+    }
+    QVERIFY(links > 0);
+    const QString index = ContentOf(kGuide + "/README.md");
+    for (const QString& chapter : QDir(kGuide).entryList({"*.md"})) {
+      QVERIFY2(chapter == "README.md" || index.contains("(" + chapter + ")"), qPrintable(chapter));
+    }
+  }
+
+  void PictureIsNoWiderThanThePane() {
+    FrmHelp window(kGuide);
+    window.resize(500, 400);
+    test::PutOnScreen(window);
+    window.Guide().ShowChapter("masters.md");
+    QVERIFY(window.Guide().document()->size().width() <= 500);
+    QVERIFY(window.Guide().toMarkdown().contains("!["));
+  }
+
+ private:
+  static QString ContentOf(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+      throw std::runtime_error("cannot read " + path.toStdString());
+    }
+    return QString::fromUtf8(file.readAll());
+  }
+};
+
+namespace {
+const quorvane::test::RegisterTest<FrmHelpTest> kRegistered;
+}
+
+#include "FrmHelpTest.moc"

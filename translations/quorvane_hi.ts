@@ -1,0 +1,3284 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="hi_IN" sourcelanguage="en">
+<context>
+    <name>Bills</name>
+    <message>
+        <source>Total Payable</source>
+        <translation>कुल देय</translation>
+    </message>
+    <message>
+        <source>Total Receivable</source>
+        <translation>कुल प्राप्य</translation>
+    </message>
+    <message>
+        <source>Enter Date.</source>
+        <translation>तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Select Stock Exchange.</source>
+        <translation>स्टॉक एक्सचेंज चुनें।</translation>
+    </message>
+    <message>
+        <source>Enter Bill No.</source>
+        <translation>बिल संख्या भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Broker Name.</source>
+        <translation>ब्रोकर का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>The Date is not in the Financial Year %1.</source>
+        <translation>तारीख़ वित्तीय वर्ष %1 में नहीं है।</translation>
+    </message>
+    <message>
+        <source>Enter Sale/Purchase.</source>
+        <translation>बिक्री/ख़रीद भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Script Name.</source>
+        <translation>शेयर का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Quantity Greater than Zero.</source>
+        <translation>शून्य से अधिक मात्रा भरें।</translation>
+    </message>
+    <message>
+        <source>Select the Lot to be Sold from the Balance.</source>
+        <translation>शेष में से बेचने का लॉट चुनें।</translation>
+    </message>
+    <message>
+        <source>You can't insert future Date</source>
+        <translation>आगे की तारीख़ नहीं भर सकते</translation>
+    </message>
+    <message>
+        <source>You Can't Sale Scripts More than Balance.
+
+Maximum Allowed Value is: %1</source>
+        <translation>शेष से अधिक शेयर नहीं बेच सकते।
+
+अधिकतम: %1</translation>
+    </message>
+    <message>
+        <source>The Bill has Sales from the Lots of its Demat A/c.</source>
+        <translation>इस बिल में इसके डीमैट खाते के लॉट से बिक्री है।</translation>
+    </message>
+    <message>
+        <source>Add L&amp;ine</source>
+        <translation>पंक्ति जोड़ें (&amp;I)</translation>
+    </message>
+    <message>
+        <source>Modi&amp;fy Line</source>
+        <translation>पंक्ति बदलें (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Updat&amp;e Line</source>
+        <translation>पंक्ति सहेजें (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Delete Line</source>
+        <translation>पंक्ति हटाएँ</translation>
+    </message>
+    <message>
+        <source>Del in the list of lines</source>
+        <translation>पंक्तियों की सूची में Del</translation>
+    </message>
+    <message>
+        <source>Cancel Line</source>
+        <translation>पंक्ति रद्द करें</translation>
+    </message>
+    <message>
+        <source>Bill Total</source>
+        <translation>बिल का योग</translation>
+    </message>
+    <message>
+        <source>Other Charges</source>
+        <translation>अन्य शुल्क</translation>
+    </message>
+    <message>
+        <source>Trans. Charges</source>
+        <translation>लेनदेन शुल्क</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+</context>
+<context>
+    <name>BrokerLedger</name>
+    <message>
+        <source>Payment</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Dr. By Broker</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Receiving</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cr. By Broker</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Amt Bill No. </source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cash</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Cheque</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Opening Balance</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Particulars</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Amount (Dr.)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Amount (Cr.)</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Closing Balance</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Broker Ledger (From %1 To %2)</source>
+        <translation type="unfinished" />
+    </message>
+</context>
+<context>
+    <name>BrokerMoney</name>
+    <message>
+        <source>Enter Broker Name.</source>
+        <translation>ब्रोकर का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Opening Balance Greater than Zero.</source>
+        <translation>शून्य से अधिक प्रारंभिक शेष भरें।</translation>
+    </message>
+    <message>
+        <source>Select Dr/Cr.</source>
+        <translation>नामे/जमा चुनें।</translation>
+    </message>
+    <message>
+        <source>Record Already Exists!</source>
+        <translation>रिकॉर्ड पहले से है!</translation>
+    </message>
+    <message>
+        <source>Enter Payment Date.</source>
+        <translation>भुगतान की तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>The Payment Date is not in the Financial Year %1.</source>
+        <translation>भुगतान की तारीख़ वित्तीय वर्ष %1 में नहीं है।</translation>
+    </message>
+    <message>
+        <source>Payment To Broker</source>
+        <translation>ब्रोकर को भुगतान</translation>
+    </message>
+    <message>
+        <source>Received From Broker</source>
+        <translation>ब्रोकर से प्राप्ति</translation>
+    </message>
+    <message>
+        <source>Select Transaction Mode.</source>
+        <translation>लेनदेन का तरीका चुनें।</translation>
+    </message>
+    <message>
+        <source>Enter Amount Greater than Zero.</source>
+        <translation>शून्य से अधिक राशि भरें।</translation>
+    </message>
+    <message>
+        <source>Select Payment Mode.</source>
+        <translation>भुगतान का तरीका चुनें।</translation>
+    </message>
+    <message>
+        <source>Cheque No.</source>
+        <translation>चेक सं.</translation>
+    </message>
+    <message>
+        <source>Drawn On</source>
+        <translation>बैंक</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
+    </message>
+</context>
+<context>
+    <name>Calculator</name>
+    <message>
+        <source>Division by Zero</source>
+        <translation>शून्य से भाग</translation>
+    </message>
+    <message>
+        <source>The Number is too Large</source>
+        <translation>संख्या बहुत बड़ी है</translation>
+    </message>
+</context>
+<context>
+    <name>ClientList</name>
+    <message>
+        <source>Stock is Updated Successfully !!!</source>
+        <translation>स्टॉक सफलतापूर्वक अद्यतन हुआ !!!</translation>
+    </message>
+</context>
+<context>
+    <name>Clients</name>
+    <message>
+        <source>Enter Client Code.</source>
+        <translation>ग्राहक कोड भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Client Name.</source>
+        <translation>ग्राहक का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Demat A/c Details.</source>
+        <translation>डीमैट खाते का विवरण भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Male</source>
+        <translation>पुरुष</translation>
+    </message>
+    <message>
+        <source>Female</source>
+        <translation>महिला</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>अन्य</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <translation>अविवाहित</translation>
+    </message>
+    <message>
+        <source>Married</source>
+        <translation>विवाहित</translation>
+    </message>
+    <message>
+        <source>Widowed</source>
+        <translation>विधवा/विधुर</translation>
+    </message>
+    <message>
+        <source>Divorced</source>
+        <translation>तलाक़शुदा</translation>
+    </message>
+    <message>
+        <source>Enter Proper PAN.</source>
+        <translation>सही पैन भरें।</translation>
+    </message>
+    <message>
+        <source>Client Code Already Exists.</source>
+        <translation>यह ग्राहक कोड पहले से है।</translation>
+    </message>
+    <message>
+        <source>The Client is Deleted, but the Document could not be.</source>
+        <translation>ग्राहक हटा दिया गया, पर दस्तावेज़ नहीं हट सका।</translation>
+    </message>
+    <message>
+        <source>The Client is Saved, but the Document could not be Filed.</source>
+        <translation>ग्राहक सहेजा गया, पर दस्तावेज़ नहीं रखा जा सका।</translation>
+    </message>
+    <message>
+        <source>Format Not Supported.</source>
+        <translation>यह फ़ाइल प्रकार समर्थित नहीं है।</translation>
+    </message>
+    <message>
+        <source>Could not create Image Viewer Object.</source>
+        <translation>चित्र दर्शक नहीं बन सका।</translation>
+    </message>
+    <message>
+        <source>The Document is too Large to be Shown.</source>
+        <translation>दस्तावेज़ दिखाने के लिए बहुत बड़ा है।</translation>
+    </message>
+    <message>
+        <source>The Image is Broken.</source>
+        <translation>चित्र ख़राब है।</translation>
+    </message>
+    <message>
+        <source>The PDF Document is Broken.</source>
+        <translation>पीडीएफ़ दस्तावेज़ ख़राब है।</translation>
+    </message>
+    <message>
+        <source>The PDF Document is Protected by a Password.</source>
+        <translation>पीडीएफ़ दस्तावेज़ पासवर्ड से सुरक्षित है।</translation>
+    </message>
+    <message>
+        <source>File does not Exist.</source>
+        <translation>फ़ाइल मौजूद नहीं है।</translation>
+    </message>
+    <message>
+        <source>Could not create PDF Object.</source>
+        <translation>पीडीएफ़ दर्शक नहीं बन सका।</translation>
+    </message>
+    <message>
+        <source>The File is too Large. At Most %1 MB are Allowed.</source>
+        <translation>फ़ाइल बहुत बड़ी है। अधिकतम %1 MB की अनुमति है।</translation>
+    </message>
+    <message>
+        <source>This File Can't be Kept as a Document.</source>
+        <translation>यह फ़ाइल दस्तावेज़ के रूप में नहीं रखी जा सकती।</translation>
+    </message>
+    <message>
+        <source>The Document can't be Read: %1</source>
+        <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
+    </message>
+    <message>
+        <source>To Show this Document the Program "%1" is Needed, which is not Installed.</source>
+        <translation>यह दस्तावेज़ दिखाने के लिए प्रोग्राम "%1" चाहिए, जो स्थापित नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Document holds no Text.</source>
+        <translation>दस्तावेज़ में कोई पाठ नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Document takes too Long to be Shown.</source>
+        <translation>दस्तावेज़ दिखाने में बहुत समय लग रहा है।</translation>
+    </message>
+    <message>
+        <source>The Document is Broken.</source>
+        <translation>दस्तावेज़ ख़राब है।</translation>
+    </message>
+    <message>
+        <source>The Document is of a Newer Kind. Save it as "Rich Text" to have it Shown.</source>
+        <translation>दस्तावेज़ नए प्रकार का है। दिखाने के लिए उसे "Rich Text" के रूप में सहेजें।</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopFiles</name>
+    <message>
+        <source>Save As</source>
+        <translation>इस नाम से सहेजें</translation>
+    </message>
+</context>
+<context>
+    <name>Guard</name>
+    <message>
+        <source>The connection to the database was lost. Check whether the last record was saved, then try again.</source>
+        <translation>डेटाबेस से संपर्क टूट गया। देखें कि पिछला रिकॉर्ड सहेजा गया या नहीं, फिर कोशिश करें।</translation>
+    </message>
+    <message>
+        <source>The database was busy with other work. Nothing was changed. Please try again.</source>
+        <translation>डेटाबेस दूसरे काम में व्यस्त था। कुछ नहीं बदला। कृपया फिर कोशिश करें।</translation>
+    </message>
+    <message>
+        <source>What was not yet saved is still in the window. Mend the cause and try again.</source>
+        <translation>जो सहेजा नहीं गया वह अब भी विंडो में है। कारण ठीक करके फिर कोशिश करें।</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was changed.</source>
+        <translation>रद्द किया गया। कुछ नहीं बदला।</translation>
+    </message>
+    <message>
+        <source>An unknown failure.</source>
+        <translation>अज्ञात विफलता।</translation>
+    </message>
+</context>
+<context>
+    <name>Login</name>
+    <message>
+        <source>User Not Found!</source>
+        <translation>उपयोगकर्ता नहीं मिला!</translation>
+    </message>
+    <message>
+        <source>Enter Login ID.</source>
+        <translation>लॉगिन आईडी भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Old Password.</source>
+        <translation>पुराना पासवर्ड भरें।</translation>
+    </message>
+    <message>
+        <source>Enter New Password.</source>
+        <translation>नया पासवर्ड भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Confirm Password.</source>
+        <translation>पासवर्ड दोबारा भरें।</translation>
+    </message>
+    <message>
+        <source>New Password and Confirm Password not Match.</source>
+        <translation>नया पासवर्ड और दोबारा भरा पासवर्ड मेल नहीं खाते।</translation>
+    </message>
+    <message>
+        <source>You have no Rights to Enter in SetUp.</source>
+        <translation>आपको सेट अप में जाने का अधिकार नहीं है।</translation>
+    </message>
+    <message>
+        <source>Invalid Password.</source>
+        <translation>ग़लत पासवर्ड।</translation>
+    </message>
+    <message>
+        <source>InVaild Password.</source>
+        <translation>ग़लत पासवर्ड।</translation>
+    </message>
+    <message>
+        <source>Old Password is Incorrect.</source>
+        <translation>पुराना पासवर्ड ग़लत है।</translation>
+    </message>
+    <message>
+        <source>Password has Successfully Changed.</source>
+        <translation>पासवर्ड सफलतापूर्वक बदल गया।</translation>
+    </message>
+</context>
+<context>
+    <name>LookupMasters</name>
+    <message>
+        <source>Script Type</source>
+        <translation>शेयर प्रकार</translation>
+    </message>
+    <message>
+        <source>Script &amp;Type</source>
+        <translation>शेयर प्रकार (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Script Class</source>
+        <translation>शेयर श्रेणी</translation>
+    </message>
+    <message>
+        <source>Script Class Na&amp;me</source>
+        <translation>शेयर श्रेणी का नाम (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>&amp;Exchange Name</source>
+        <translation>एक्सचेंज का नाम (&amp;E)</translation>
+    </message>
+    <message>
+        <source>S.T.T. Percent Detail</source>
+        <translation>एस.टी.टी. प्रतिशत विवरण</translation>
+    </message>
+    <message>
+        <source>&amp;S.T.T. Percent</source>
+        <translation>एस.टी.टी. प्रतिशत (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Brokerage and Tax Percentages</source>
+        <translation>दलाली और कर प्रतिशत</translation>
+    </message>
+    <message>
+        <source>&amp;Financial Year</source>
+        <translation>वित्तीय वर्ष (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Delivery &amp;Type</source>
+        <translation>डिलीवरी का प्रकार (&amp;T)</translation>
+    </message>
+    <message>
+        <source>P&amp;ercentage</source>
+        <translation>प्रतिशत (&amp;E)</translation>
+    </message>
+    <message>
+        <source>As &amp;On</source>
+        <translation>इस तारीख़ से (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Enter Script Type.</source>
+        <translation>शेयर प्रकार भरें।</translation>
+    </message>
+    <message>
+        <source>Script Class Name</source>
+        <translation>शेयर श्रेणी का नाम</translation>
+    </message>
+    <message>
+        <source>Enter Script Class Name.</source>
+        <translation>शेयर श्रेणी का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Exchange Name</source>
+        <translation>एक्सचेंज का नाम</translation>
+    </message>
+    <message>
+        <source>Enter Exchange Name.</source>
+        <translation>एक्सचेंज का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>S.T.T. Percent</source>
+        <translation>एस.टी.टी. प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Enter S.T.T. Percent.</source>
+        <translation>एस.टी.टी. प्रतिशत भरें।</translation>
+    </message>
+    <message>
+        <source>Financial Year</source>
+        <translation>वित्तीय वर्ष</translation>
+    </message>
+    <message>
+        <source>Enter Financial Year.</source>
+        <translation>वित्तीय वर्ष भरें।</translation>
+    </message>
+    <message>
+        <source>Delivery Type</source>
+        <translation>डिलीवरी का प्रकार</translation>
+    </message>
+    <message>
+        <source>Select Delivery Type .</source>
+        <translation>डिलीवरी का प्रकार चुनें।</translation>
+    </message>
+    <message>
+        <source>Percentage</source>
+        <translation>प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Enter Percentage.</source>
+        <translation>प्रतिशत भरें।</translation>
+    </message>
+    <message>
+        <source>As On</source>
+        <translation>इस तारीख़ से</translation>
+    </message>
+    <message>
+        <source>Script Type Already Exists.</source>
+        <translation>यह शेयर प्रकार पहले से है।</translation>
+    </message>
+    <message>
+        <source>Script Class Already Exists!</source>
+        <translation>यह शेयर श्रेणी पहले से है!</translation>
+    </message>
+    <message>
+        <source>Exchange Name Already Exists.</source>
+        <translation>एक्सचेंज का यह नाम पहले से है।</translation>
+    </message>
+    <message>
+        <source>S.T.T. Percent Already Exists.</source>
+        <translation>यह एस.टी.टी. प्रतिशत पहले से है।</translation>
+    </message>
+    <message>
+        <source>Percent Detail Already Exists.</source>
+        <translation>यह प्रतिशत विवरण पहले से है।</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Making the database folder ...</source>
+        <translation>डेटाबेस फ़ोल्डर बनाया जा रहा है ...</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>Opening</source>
+        <translation>प्रारंभिक</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>हस्तांतरण</translation>
+    </message>
+    <message>
+        <source>Payments</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Ledger</source>
+        <translation>खाता</translation>
+    </message>
+    <message>
+        <source>Profit</source>
+        <translation>लाभ</translation>
+    </message>
+    <message>
+        <source>Gains</source>
+        <translation>पूँजी लाभ</translation>
+    </message>
+    <message>
+        <source>MIS</source>
+        <translation>एमआईएस</translation>
+    </message>
+    <message>
+        <source>Update Stock</source>
+        <translation>स्टॉक अद्यतन</translation>
+    </message>
+    <message>
+        <source>&amp;Client Info</source>
+        <translation>ग्राहक जानकारी (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Master Details</source>
+        <translation>मास्टर विवरण (&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Depository Participant</source>
+        <translation>डिपॉज़िटरी प्रतिभागी (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker Details</source>
+        <translation>ब्रोकर विवरण (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Exchange</source>
+        <translation>एक्सचेंज (&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Script Details</source>
+        <translation>शेयर विवरण (&amp;S)</translation>
+    </message>
+    <message>
+        <source>S&amp;TT Percent Detail</source>
+        <translation>एसटीटी प्रतिशत विवरण (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Transaction</source>
+        <translation>लेनदेन (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker Opening Balance</source>
+        <translation>ब्रोकर प्रारंभिक शेष (&amp;B)</translation>
+    </message>
+    <message>
+        <source>Stock &amp;Opening Balance</source>
+        <translation>स्टॉक प्रारंभिक शेष (&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Sale/Purchase Entry</source>
+        <translation>बिक्री/ख़रीद प्रविष्टि (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Payment to Broker</source>
+        <translation>ब्रोकर को भुगतान (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Receipt From Broker</source>
+        <translation>ब्रोकर से प्राप्ति (&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Transfer of Scripts</source>
+        <translation>शेयर हस्तांतरण (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Report</source>
+        <translation>रिपोर्ट (&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Transaction Report</source>
+        <translation>लेनदेन रिपोर्ट (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Various MIS Reports</source>
+        <translation>विविध एमआईएस रिपोर्ट (&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker Ledger</source>
+        <translation>ब्रोकर खाता (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c Statement</source>
+        <translation>डीमैट खाता विवरण (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Profit Statement</source>
+        <translation>लाभ विवरण (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Capital Gain Statement</source>
+        <translation>पूँजी लाभ विवरण (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Utility</source>
+        <translation>उपयोगिता (&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Import Script Master</source>
+        <translation>शेयर मास्टर आयात (&amp;I)</translation>
+    </message>
+    <message>
+        <source>Import Script Market Rate</source>
+        <translation>शेयर बाज़ार भाव आयात</translation>
+    </message>
+    <message>
+        <source>Re&amp;fresh Data</source>
+        <translation>डेटा ताज़ा करें (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Auto Update Stock</source>
+        <translation>स्टॉक स्वतः अद्यतन (&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;BackUp</source>
+        <translation>बैकअप (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>पुनर्स्थापना (&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Printer Setting</source>
+        <translation>प्रिंटर सेटिंग (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Calculator</source>
+        <translation>कैलकुलेटर (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Miscellaneous Information</source>
+        <translation>विविध जानकारी (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Con&amp;verter</source>
+        <translation>परिवर्तक (&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Log Out</source>
+        <translation>लॉग आउट (&amp;L)</translation>
+    </message>
+    <message>
+        <source>C&amp;ontact Us</source>
+        <translation>संपर्क करें (&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>बाहर निकलें (&amp;Q)</translation>
+    </message>
+</context>
+<context>
+    <name>Masters</name>
+    <message>
+        <source>Login Id</source>
+        <translation>लॉगिन आईडी</translation>
+    </message>
+    <message>
+        <source>%1 is too Long. At Most %2 Characters are Allowed.</source>
+        <translation>%1 बहुत लंबा है। अधिकतम %2 अक्षरों की अनुमति है।</translation>
+    </message>
+    <message>
+        <source>Enter Name.</source>
+        <translation>नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Client Code</source>
+        <translation>ग्राहक कोड</translation>
+    </message>
+    <message>
+        <source>Group Code</source>
+        <translation>समूह कोड</translation>
+    </message>
+    <message>
+        <source>Client Name</source>
+        <translation>ग्राहक का नाम</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>शहर</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>PIN</source>
+        <translation>पिन</translation>
+    </message>
+    <message>
+        <source>STD Code</source>
+        <translation>एसटीडी कोड</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Mobile</source>
+        <translation>मोबाइल</translation>
+    </message>
+    <message>
+        <source>Fax</source>
+        <translation>फ़ैक्स</translation>
+    </message>
+    <message>
+        <source>E-Mail</source>
+        <translation>ई-मेल</translation>
+    </message>
+    <message>
+        <source>Person</source>
+        <translation>व्यक्ति</translation>
+    </message>
+    <message>
+        <source>Designation</source>
+        <translation>पदनाम</translation>
+    </message>
+    <message>
+        <source>DP Id</source>
+        <translation>डीपी आईडी</translation>
+    </message>
+    <message>
+        <source>Are You Sure, You want to Delete this Record?</source>
+        <translation>क्या आप सचमुच यह रिकॉर्ड हटाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>All Related Records Will be Deleted.</source>
+        <translation>सभी संबंधित रिकॉर्ड हट जाएँगे।</translation>
+    </message>
+    <message>
+        <source>All Related Data Will be Deleted.</source>
+        <translation>सभी संबंधित डेटा हट जाएगा।</translation>
+    </message>
+    <message>
+        <source>Are You Sure, You want to Delete this Client?
+All Related Data will be Deleted.</source>
+        <translation>क्या आप सचमुच इस ग्राहक को हटाना चाहते हैं?
+सभी संबंधित डेटा हट जाएगा।</translation>
+    </message>
+    <message>
+        <source>Script Code</source>
+        <translation>शेयर कोड</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Second Script Code</source>
+        <translation>दूसरा शेयर कोड</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Settlement No.</source>
+        <translation>सेटलमेंट सं.</translation>
+    </message>
+</context>
+<context>
+    <name>OpeningStock</name>
+    <message>
+        <source>Select Script Name.</source>
+        <translation>शेयर का नाम चुनें।</translation>
+    </message>
+    <message>
+        <source>Enter Quantity Greater than Zero.</source>
+        <translation>शून्य से अधिक मात्रा भरें।</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c No.</source>
+        <translation>डीमैट खाता सं. चुनें।</translation>
+    </message>
+    <message>
+        <source>Enter Purchase Date.</source>
+        <translation>ख़रीद की तारीख़ भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFormat</name>
+    <message>
+        <source>Text</source>
+        <translation>पाठ</translation>
+    </message>
+    <message>
+        <source>Comma separated values</source>
+        <translation>अल्पविराम से अलग मान</translation>
+    </message>
+    <message>
+        <source>PDF document</source>
+        <translation>पीडीएफ़ दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Workbook</source>
+        <translation>कार्यपुस्तिका</translation>
+    </message>
+    <message>
+        <source>Rich text document</source>
+        <translation>रिच टेक्स्ट दस्तावेज़</translation>
+    </message>
+</context>
+<context>
+    <name>Pan</name>
+    <message>
+        <source>Fourth character of PAN should be [P,H,C,J,F,A,T,B,L,G].</source>
+        <translation>पैन का चौथा अक्षर [P,H,C,J,F,A,T,B,L,G] में से होना चाहिए।</translation>
+    </message>
+</context>
+<context>
+    <name>Posting</name>
+    <message>
+        <source>You Can't Update Record.
+
+Qunatity of %1 Script Can't be Negative Value.</source>
+        <translation>रिकॉर्ड अद्यतन नहीं हो सकता।
+
+शेयर %1 की मात्रा ऋणात्मक नहीं हो सकती।</translation>
+    </message>
+</context>
+<context>
+    <name>ProfitStatement</name>
+    <message>
+        <source>Filling the template</source>
+        <translation>साँचा भरा जा रहा है</translation>
+    </message>
+</context>
+<context>
+    <name>ProgressDialog</name>
+    <message>
+        <source>Please wait</source>
+        <translation>कृपया प्रतीक्षा करें</translation>
+    </message>
+    <message>
+        <source>Stopping...</source>
+        <translation>रोका जा रहा है...</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>रद्द करें (&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>Rates</name>
+    <message>
+        <source>Enter Date.</source>
+        <translation>तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>You can't insert future Date</source>
+        <translation>आगे की तारीख़ नहीं भर सकते</translation>
+    </message>
+</context>
+<context>
+    <name>ReportOutput</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Writing the pages</source>
+        <translation>पृष्ठ लिखे जा रहे हैं</translation>
+    </message>
+    <message>
+        <source>Laying out the pages</source>
+        <translation>पृष्ठ सजाए जा रहे हैं</translation>
+    </message>
+    <message>
+        <source>Writing the document</source>
+        <translation>दस्तावेज़ लिखा जा रहा है</translation>
+    </message>
+    <message>
+        <source>Writing the workbook</source>
+        <translation>कार्यपुस्तिका लिखी जा रही है</translation>
+    </message>
+</context>
+<context>
+    <name>ReportPeriod</name>
+    <message>
+        <source>Month is not between in Financial year Period.Pls Fill Correct</source>
+        <translation>महीना वित्तीय वर्ष की अवधि में नहीं है। कृपया सही भरें</translation>
+    </message>
+</context>
+<context>
+    <name>Scrips</name>
+    <message>
+        <source>Script Code Already Exists.</source>
+        <translation>यह शेयर कोड पहले से है।</translation>
+    </message>
+    <message>
+        <source>Enter Script Code.</source>
+        <translation>शेयर कोड भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Script Name.</source>
+        <translation>शेयर का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Select Script Type.</source>
+        <translation>शेयर का प्रकार चुनें।</translation>
+    </message>
+    <message>
+        <source>Select Script Class.</source>
+        <translation>शेयर की श्रेणी चुनें।</translation>
+    </message>
+</context>
+<context>
+    <name>Settings</name>
+    <message>
+        <source>Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.</source>
+        <translation>640 से 16384 पिक्सेल का रिज़ॉल्यूशन भरें, या स्क्रीन के अपने के लिए 0।</translation>
+    </message>
+    <message>
+        <source>Enter a Port from 1 to 65535.</source>
+        <translation>1 से 65535 तक का पोर्ट भरें।</translation>
+    </message>
+    <message>
+        <source>The Folder %1 does not Exist.</source>
+        <translation>फ़ोल्डर %1 मौजूद नहीं है।</translation>
+    </message>
+    <message>
+        <source>The File %1 does not Exist.</source>
+        <translation>फ़ाइल %1 मौजूद नहीं है।</translation>
+    </message>
+    <message>
+        <source>Enter a Web Address such as https://www.example.com, or Nothing.</source>
+        <translation>https://www.example.com जैसा वेब पता भरें, या कुछ नहीं।</translation>
+    </message>
+    <message>
+        <source>The Text is too Long. At Most 250 Letters are Kept.</source>
+        <translation>पाठ बहुत लंबा है। अधिकतम 250 अक्षर रखे जाते हैं।</translation>
+    </message>
+    <message>
+        <source>Enter the Database Server.</source>
+        <translation>डेटाबेस सर्वर भरें।</translation>
+    </message>
+    <message>
+        <source>Enter the Name of the Database.</source>
+        <translation>डेटाबेस का नाम भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>TemplateFolder</name>
+    <message>
+        <source>The template %1 is not there. Put it back, or name its folder in the settings.</source>
+        <translation>साँचा %1 नहीं है। उसे वापस रखें, या सेटिंग में उसका फ़ोल्डर बताएँ।</translation>
+    </message>
+</context>
+<context>
+    <name>Transactions</name>
+    <message>
+        <source>Select Client!</source>
+        <translation>ग्राहक चुनें!</translation>
+    </message>
+</context>
+<context>
+    <name>Transfers</name>
+    <message>
+        <source>Enter Date.</source>
+        <translation>तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>The Date is not in the Financial Year %1.</source>
+        <translation>तारीख़ वित्तीय वर्ष %1 में नहीं है।</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c No. From which You want to Transfer Scripts.</source>
+        <translation>वह डीमैट खाता सं. चुनें जिससे शेयर हस्तांतरित करने हैं।</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c No. To which You want to Transfer Scripts.</source>
+        <translation>वह डीमैट खाता सं. चुनें जिसमें शेयर हस्तांतरित करने हैं।</translation>
+    </message>
+    <message>
+        <source>Select Script Name that You want to Transfer.</source>
+        <translation>हस्तांतरित करने वाले शेयर का नाम चुनें।</translation>
+    </message>
+    <message>
+        <source>Enter Quantity Greater than Zero.</source>
+        <translation>शून्य से अधिक मात्रा भरें।</translation>
+    </message>
+    <message>
+        <source>You Can't Transfer Scripts More than Balance.
+Maximum Allowed Value is: %1</source>
+        <translation>शेष से अधिक शेयर हस्तांतरित नहीं कर सकते।
+अधिकतम: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Users</name>
+    <message>
+        <source>User Already Exits!</source>
+        <translation>उपयोगकर्ता पहले से है!</translation>
+    </message>
+    <message>
+        <source>Password is too Long.</source>
+        <translation>पासवर्ड बहुत लंबा है।</translation>
+    </message>
+    <message>
+        <source>Enter Login Id!</source>
+        <translation>लॉगिन आईडी भरें!</translation>
+    </message>
+    <message>
+        <source>Enter Password!</source>
+        <translation>पासवर्ड भरें!</translation>
+    </message>
+    <message>
+        <source>Do you want to Delete this User?</source>
+        <translation>क्या आप इस उपयोगकर्ता को हटाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Do You want to Exit?</source>
+        <translation>क्या आप बाहर निकलना चाहते हैं?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::bills::BillHeaderPane</name>
+    <message>
+        <source>&amp;Bill No.</source>
+        <translation>बिल सं. (&amp;B)</translation>
+    </message>
+    <message>
+        <source>Bill Date</source>
+        <translation>बिल की तारीख़</translation>
+    </message>
+    <message>
+        <source>&amp;Settlement No.</source>
+        <translation>सेटलमेंट सं. (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Bro&amp;ker</source>
+        <translation>ब्रोकर (&amp;K)</translation>
+    </message>
+    <message>
+        <source>Exchan&amp;ge</source>
+        <translation>एक्सचेंज (&amp;G)</translation>
+    </message>
+    <message>
+        <source>Demat A/c</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::bills::BillLinePane</name>
+    <message>
+        <source>F&amp;&amp;O</source>
+        <translation>एफ़ और ओ</translation>
+    </message>
+    <message>
+        <source>Sale</source>
+        <translation>बिक्री</translation>
+    </message>
+    <message>
+        <source>Purchase</source>
+        <translation>ख़रीद</translation>
+    </message>
+    <message>
+        <source>Sale/Purc&amp;hase</source>
+        <translation>बिक्री/ख़रीद (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Deli&amp;very</source>
+        <translation>डिलीवरी (&amp;V)</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Net Rate</source>
+        <translation>शुद्ध भाव</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>राशि</translation>
+    </message>
+    <message>
+        <source>Service Tax</source>
+        <translation>सेवा कर</translation>
+    </message>
+    <message>
+        <source>S.T.T. %</source>
+        <translation>एस.टी.टी. %</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Futures and options</source>
+        <translation>वायदा और विकल्प</translation>
+    </message>
+    <message>
+        <source>Scrip Code</source>
+        <translation>शेयर कोड</translation>
+    </message>
+    <message>
+        <source>Scrip</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>BSE or NSE</source>
+        <translation>बीएसई या एनएसई</translation>
+    </message>
+    <message>
+        <source>Lot</source>
+        <translation>लॉट</translation>
+    </message>
+    <message>
+        <source>The lot that a sale draws on, picked from the balance (F9)</source>
+        <translation>बिक्री का लॉट, शेष में से चुना हुआ (F9)</translation>
+    </message>
+    <message>
+        <source>%1
+BSE %2   NSE %3</source>
+        <translation>%1
+BSE %2   NSE %3</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::bills::BillPane</name>
+    <message>
+        <source>Lines of the bill</source>
+        <translation>बिल की पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>S/P</source>
+        <translation>बि/ख़</translation>
+    </message>
+    <message>
+        <source>Scrip</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Net Rate</source>
+        <translation>शुद्ध भाव</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>राशि</translation>
+    </message>
+    <message>
+        <source>Service Tax</source>
+        <translation>सेवा कर</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>S.T.T. %</source>
+        <translation>एस.टी.टी. %</translation>
+    </message>
+    <message>
+        <source>F&amp;O</source>
+        <translation>एफ़&amp;ओ</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>Delivery</source>
+        <translation>डिलीवरी</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::bills::FrmSalePurchase</name>
+    <message>
+        <source>Sale / Purchase</source>
+        <translation>बिक्री / ख़रीद</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Broker</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Demat A/c</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>योग</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>खोजें</translation>
+    </message>
+    <message>
+        <source>Search bill no., date or broker</source>
+        <translation>बिल सं., तारीख़ या ब्रोकर खोजें</translation>
+    </message>
+    <message>
+        <source>This Bill was Deleted in the Meantime.</source>
+        <translation>यह बिल इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>The Line is not in the Bill yet. Update or Cancel it First.</source>
+        <translation>पंक्ति अभी बिल में नहीं है। पहले उसे सहेजें या रद्द करें।</translation>
+    </message>
+    <message>
+        <source>The bill is not saved. Give it up?</source>
+        <translation>बिल सहेजा नहीं गया है। क्या उसे छोड़ दें?</translation>
+    </message>
+    <message>
+        <source>There is no Scrip of the Code %1.</source>
+        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
+    </message>
+    <message>
+        <source>Refresh Successfully!</source>
+        <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::bills::HoldingsPane</name>
+    <message>
+        <source>Balance of the demat account</source>
+        <translation>डीमैट खाते का शेष</translation>
+    </message>
+    <message>
+        <source>Quantities of the bill</source>
+        <translation>बिल की मात्राएँ</translation>
+    </message>
+    <message>
+        <source>Average rates of the demat account</source>
+        <translation>डीमैट खाते के औसत भाव</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>ताज़ा करें</translation>
+    </message>
+    <message>
+        <source>Scrip</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>शेष</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Average Rate</source>
+        <translation>औसत भाव</translation>
+    </message>
+    <message>
+        <source>Bill</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>Averages</source>
+        <translation>औसत</translation>
+    </message>
+    <message>
+        <source>Reads the balance again (F5)</source>
+        <translation>शेष फिर से पढ़ता है (F5)</translation>
+    </message>
+    <message>
+        <source>Balance in Demat A/c No. - %1</source>
+        <translation>डीमैट खाता सं. - %1 का शेष</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::broker_ledger::RptBrokerLedger</name>
+    <message>
+        <source>Broker Ledger</source>
+        <translation>ब्रोकर खाता</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>महीना</translation>
+    </message>
+    <message>
+        <source>&amp;Month</source>
+        <translation>महीना (&amp;M)</translation>
+    </message>
+    <message>
+        <source>BROKER NAME</source>
+        <translation>ब्रोकर का नाम</translation>
+    </message>
+    <message>
+        <source>Brokers</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Enter Broker Name.</source>
+        <translation>ब्रोकर का नाम भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::broker_money::FrmBrOpBal</name>
+    <message>
+        <source>Broker Opening Balance</source>
+        <translation>ब्रोकर प्रारंभिक शेष</translation>
+    </message>
+    <message>
+        <source>Carry &amp;Forward</source>
+        <translation>आगे ले जाएँ (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Brings the closing balances of the year before into this year</source>
+        <translation>पिछले वर्ष के अंतिम शेष इस वर्ष में लाता है</translation>
+    </message>
+    <message>
+        <source>&amp;Broker Name</source>
+        <translation>ब्रोकर का नाम (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Opening Balance</source>
+        <translation>प्रारंभिक शेष (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Dr/C&amp;r</source>
+        <translation>नामे/जमा (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Broker Name</source>
+        <translation>ब्रोकर का नाम</translation>
+    </message>
+    <message>
+        <source>Opening Balance</source>
+        <translation>प्रारंभिक शेष</translation>
+    </message>
+    <message>
+        <source>Dr/Cr</source>
+        <translation>नामे/जमा</translation>
+    </message>
+    <message>
+        <source>There are no Balances of the Previous Year to Carry Forward.</source>
+        <translation>आगे लाने के लिए पिछले वर्ष का कोई शेष नहीं है।</translation>
+    </message>
+    <message>
+        <source>Do you want to Carry Forward From Previous Year?</source>
+        <translation>क्या आप पिछले वर्ष से आगे लाना चाहते हैं?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::broker_money::FrmBrPayment</name>
+    <message>
+        <source>&amp;Broker Name</source>
+        <translation>ब्रोकर का नाम (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Transaction Mode</source>
+        <translation>लेनदेन का तरीका (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Am&amp;ount</source>
+        <translation>राशि (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Payment &amp;Mode</source>
+        <translation>भुगतान का तरीका (&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Cheque No.</source>
+        <translation>चेक सं. (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Cheque Date</source>
+        <translation>चेक की तारीख़</translation>
+    </message>
+    <message>
+        <source>Dra&amp;wn On</source>
+        <translation>बैंक (&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Remark</source>
+        <translation>टिप्पणी (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Broker Name</source>
+        <translation>ब्रोकर का नाम</translation>
+    </message>
+    <message>
+        <source>Transaction Mode</source>
+        <translation>लेनदेन का तरीका</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>राशि</translation>
+    </message>
+    <message>
+        <source>Payment Mode</source>
+        <translation>भुगतान का तरीका</translation>
+    </message>
+    <message>
+        <source>Cheque No.</source>
+        <translation>चेक सं.</translation>
+    </message>
+    <message>
+        <source>Drawn On</source>
+        <translation>बैंक</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::brokers::FrmBroker</name>
+    <message>
+        <source>Broker Details</source>
+        <translation>ब्रोकर विवरण</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>शहर</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Mobile</source>
+        <translation>मोबाइल</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::calculator::frmcalc</name>
+    <message>
+        <source>Calculator</source>
+        <translation>कैलकुलेटर</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>परिणाम</translation>
+    </message>
+    <message>
+        <source>MC</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>MR</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>M+</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>M−</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>C</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>CE</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Finished sums</source>
+        <translation>पूरे किए गए हिसाब</translation>
+    </message>
+    <message>
+        <source>A click takes the result</source>
+        <translation>क्लिक से परिणाम लिया जाता है</translation>
+    </message>
+    <message>
+        <source>Copy All</source>
+        <translation>सब कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>सब मिटाएँ</translation>
+    </message>
+    <message>
+        <source>M %1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>The Clipboard Holds no Number.</source>
+        <translation>क्लिपबोर्ड में कोई संख्या नहीं है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::client_list::FrmClientList</name>
+    <message>
+        <source>Client List</source>
+        <translation>ग्राहक सूची</translation>
+    </message>
+    <message>
+        <source>Code or name begins with ...</source>
+        <translation>कोड या नाम इससे शुरू होता है ...</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Client Name</source>
+        <translation>ग्राहक का नाम</translation>
+    </message>
+    <message>
+        <source>&amp;Proceed</source>
+        <translation>आगे बढ़ें (&amp;P)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>खोजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Financial &amp;Year</source>
+        <translation>वित्तीय वर्ष (&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Select Client!</source>
+        <translation>ग्राहक चुनें!</translation>
+    </message>
+    <message>
+        <source>Enter Proper Financial Year</source>
+        <translation>सही वित्तीय वर्ष भरें</translation>
+    </message>
+    <message>
+        <source>There is no window %1.</source>
+        <translation>%1 नाम की कोई विंडो नहीं है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::clients::AccountsPane</name>
+    <message>
+        <source>Demat accounts of the client</source>
+        <translation>ग्राहक के डीमैट खाते</translation>
+    </message>
+    <message>
+        <source>Add Ro&amp;w</source>
+        <translation>पंक्ति जोड़ें (&amp;W)</translation>
+    </message>
+    <message>
+        <source>Delete Row</source>
+        <translation>पंक्ति हटाएँ</translation>
+    </message>
+    <message>
+        <source>Depository Participant</source>
+        <translation>डिपॉज़िटरी प्रतिभागी</translation>
+    </message>
+    <message>
+        <source>DP Id</source>
+        <translation>डीपी आईडी</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Demat Accounts</source>
+        <translation>डीमैट खाते</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::clients::DocumentPageView</name>
+    <message>
+        <source>Page of the document</source>
+        <translation>दस्तावेज़ का पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>पृष्ठ %1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::clients::DocumentTextPane</name>
+    <message>
+        <source>Text of the document</source>
+        <translation>दस्तावेज़ का पाठ</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::clients::DocumentViewer</name>
+    <message>
+        <source>This is a Folder, not a Document.</source>
+        <translation>यह फ़ोल्डर है, दस्तावेज़ नहीं।</translation>
+    </message>
+    <message>
+        <source>The Document is too Large to be Shown.</source>
+        <translation>दस्तावेज़ दिखाने के लिए बहुत बड़ा है।</translation>
+    </message>
+    <message>
+        <source>The Document has no such Page.</source>
+        <translation>दस्तावेज़ में ऐसा कोई पृष्ठ नहीं है।</translation>
+    </message>
+    <message>
+        <source>Previous Pa&amp;ge</source>
+        <translation>पिछला पृष्ठ (&amp;G)</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>अगला पृष्ठ</translation>
+    </message>
+    <message>
+        <source>The document is being read ...</source>
+        <translation>दस्तावेज़ पढ़ा जा रहा है ...</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>पृष्ठ %1 / %2</translation>
+    </message>
+    <message>
+        <source>The Printer can't be Used.</source>
+        <translation>प्रिंटर का उपयोग नहीं हो सकता।</translation>
+    </message>
+    <message>
+        <source>Printing</source>
+        <translation>छपाई हो रही है</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::clients::FrmClientMaster</name>
+    <message>
+        <source>Client Master</source>
+        <translation>ग्राहक मास्टर</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Client Code</source>
+        <translation>ग्राहक कोड</translation>
+    </message>
+    <message>
+        <source>Client Name</source>
+        <translation>ग्राहक का नाम</translation>
+    </message>
+    <message>
+        <source>&amp;Client Code</source>
+        <translation>ग्राहक कोड (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Group Code</source>
+        <translation>समूह कोड (&amp;G)</translation>
+    </message>
+    <message>
+        <source>Client Na&amp;me</source>
+        <translation>ग्राहक का नाम (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Add&amp;ress</source>
+        <translation>पता (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Ci&amp;ty</source>
+        <translation>शहर (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Stat&amp;e</source>
+        <translation>राज्य (&amp;E)</translation>
+    </message>
+    <message>
+        <source>P&amp;IN</source>
+        <translation>पिन (&amp;I)</translation>
+    </message>
+    <message>
+        <source>STD Code</source>
+        <translation>एसटीडी कोड</translation>
+    </message>
+    <message>
+        <source>P&amp;hone</source>
+        <translation>फ़ोन (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Mo&amp;bile</source>
+        <translation>मोबाइल (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Fax</source>
+        <translation>फ़ैक्स (&amp;F)</translation>
+    </message>
+    <message>
+        <source>E-Mai&amp;l</source>
+        <translation>ई-मेल (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Date &amp;of Birth</source>
+        <translation>जन्म तिथि (&amp;O)</translation>
+    </message>
+    <message>
+        <source>PAN</source>
+        <translation>पैन</translation>
+    </message>
+    <message>
+        <source>&amp;Sex</source>
+        <translation>लिंग (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Marital Stat&amp;us</source>
+        <translation>वैवाहिक स्थिति (&amp;U)</translation>
+    </message>
+    <message>
+        <source>Pic&amp;k...</source>
+        <translation>चुनें (&amp;K)...</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>साफ़ करें</translation>
+    </message>
+    <message>
+        <source>Participants...</source>
+        <translation>प्रतिभागी...</translation>
+    </message>
+    <message>
+        <source>&amp;View Document</source>
+        <translation>दस्तावेज़ देखें (&amp;V)</translation>
+    </message>
+    <message>
+        <source>Documents...</source>
+        <translation>दस्तावेज़...</translation>
+    </message>
+    <message>
+        <source>The documents of all clients</source>
+        <translation>सभी ग्राहकों के दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>This Client was Deleted in the Meantime.</source>
+        <translation>यह ग्राहक इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>The client has no document.</source>
+        <translation>ग्राहक का कोई दस्तावेज़ नहीं है।</translation>
+    </message>
+    <message>
+        <source>Press "View Document" to see %1.</source>
+        <translation>%1 देखने के लिए "दस्तावेज़ देखें" दबाएँ।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::clients::FrmSign</name>
+    <message>
+        <source>Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;All files (*)</source>
+        <translation>दस्तावेज़ (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>Document of the Client</source>
+        <translation>ग्राहक का दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>पृष्ठभूमि</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate</source>
+        <translation>घुमाएँ (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Actual &amp;Size</source>
+        <translation>असली आकार (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Prin&amp;t...</source>
+        <translation>छापें (&amp;T)...</translation>
+    </message>
+    <message>
+        <source>&amp;Background...</source>
+        <translation>पृष्ठभूमि (&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>विंडो में समाएँ (&amp;F)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::controls::ClGrd</name>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::controls::DateBox</name>
+    <message>
+        <source>dd/mm/yyyy</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::controls::GridDelegate</name>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::controls::GridModel</name>
+    <message>
+        <source>Ticked</source>
+        <translation>चुना हुआ</translation>
+    </message>
+    <message>
+        <source>Not ticked</source>
+        <translation>नहीं चुना हुआ</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::controls::RecordWindow</name>
+    <message>
+        <source>&amp;Add</source>
+        <translation>जोड़ें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>Modif&amp;y</source>
+        <translation>बदलें (&amp;Y)</translation>
+    </message>
+    <message>
+        <source>U&amp;pdate</source>
+        <translation>सहेजें (&amp;P)</translation>
+    </message>
+    <message>
+        <source>Ca&amp;ncel</source>
+        <translation>रद्द करें (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>हटाएँ (&amp;D)</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>विवरण</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>सूची</translation>
+    </message>
+    <message>
+        <source>Alt+%1</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Are You Sure, You want to Delete this Record?</source>
+        <translation>क्या आप सचमुच यह रिकॉर्ड हटाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>The record is not saved. Close without saving it?</source>
+        <translation>रिकॉर्ड सहेजा नहीं गया है। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::documents::frmdocuments</name>
+    <message>
+        <source>Documents</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Documents of the clients</source>
+        <translation>ग्राहकों के दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Kept on</source>
+        <translation>रखा गया</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>आकार</translation>
+    </message>
+    <message>
+        <source>&amp;Open with the Desktop</source>
+        <translation>डेस्कटॉप से खोलें (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Re&amp;fresh</source>
+        <translation>ताज़ा करें (&amp;F)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>नहीं है</translation>
+    </message>
+    <message>
+        <source>No client has a document.</source>
+        <translation>किसी ग्राहक का दस्तावेज़ नहीं है।</translation>
+    </message>
+    <message>
+        <source>Choose a document.</source>
+        <translation>दस्तावेज़ चुनें।</translation>
+    </message>
+    <message>
+        <source>The desktop has no program for this document.</source>
+        <translation>इस दस्तावेज़ के लिए डेस्कटॉप में कोई प्रोग्राम नहीं है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::lookup_masters::FrmLookup</name>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>&amp;Brokerage and Tax Percentages...</source>
+        <translation>दलाली और कर प्रतिशत (&amp;B)...</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::masters::FrmContact</name>
+    <message>
+        <source>Na&amp;me</source>
+        <translation>नाम (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Addre&amp;ss</source>
+        <translation>पता (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;City</source>
+        <translation>शहर (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Stat&amp;e</source>
+        <translation>राज्य (&amp;E)</translation>
+    </message>
+    <message>
+        <source>P&amp;IN</source>
+        <translation>पिन (&amp;I)</translation>
+    </message>
+    <message>
+        <source>S&amp;TD Code</source>
+        <translation>एसटीडी कोड (&amp;T)</translation>
+    </message>
+    <message>
+        <source>P&amp;hone</source>
+        <translation>फ़ोन (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Mo&amp;bile</source>
+        <translation>मोबाइल (&amp;B)</translation>
+    </message>
+    <message>
+        <source>Fa&amp;x</source>
+        <translation>फ़ैक्स (&amp;X)</translation>
+    </message>
+    <message>
+        <source>E-Mai&amp;l</source>
+        <translation>ई-मेल (&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::opening_stock::FrmStkOpBalance</name>
+    <message>
+        <source>Stock Opening Balance</source>
+        <translation>स्टॉक प्रारंभिक शेष</translation>
+    </message>
+    <message>
+        <source>&amp;Script Name</source>
+        <translation>शेयर का नाम (&amp;S)</translation>
+    </message>
+    <message>
+        <source>D&amp;emat A/c No.</source>
+        <translation>डीमैट खाता सं. (&amp;E)</translation>
+    </message>
+    <message>
+        <source>F&amp;&amp;O</source>
+        <translation>एफ़ और ओ</translation>
+    </message>
+    <message>
+        <source>Futures and options</source>
+        <translation>वायदा और विकल्प</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>योग</translation>
+    </message>
+    <message>
+        <source>Purc&amp;hase Date</source>
+        <translation>ख़रीद की तारीख़ (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Ser&amp;vice Tax</source>
+        <translation>सेवा कर (&amp;V)</translation>
+    </message>
+    <message>
+        <source>STT</source>
+        <translation>एसटीटी</translation>
+    </message>
+    <message>
+        <source>Carry &amp;Forward</source>
+        <translation>आगे ले जाएँ (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Brings the lots left of the year before into this year</source>
+        <translation>पिछले वर्ष के बचे लॉट इस वर्ष में लाता है</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>Shows the list as pages, to print or save (Ctrl+P)</source>
+        <translation>सूची को छापने या सहेजने के लिए पृष्ठों में दिखाता है (Ctrl+P)</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Purchase Date</source>
+        <translation>ख़रीद की तारीख़</translation>
+    </message>
+    <message>
+        <source>Service Tax</source>
+        <translation>सेवा कर</translation>
+    </message>
+    <message>
+        <source>F&amp;O</source>
+        <translation>एफ़&amp;ओ</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>There is no Stock of %1 to Carry Forward.</source>
+        <translation>आगे लाने के लिए %1 का कोई स्टॉक नहीं है।</translation>
+    </message>
+    <message>
+        <source>Do you want to Carry Forward the Stock From Previous Year?</source>
+        <translation>क्या आप पिछले वर्ष का स्टॉक आगे लाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>%1 lots were carried forward. %2 other opening rows stay as they are; delete those that should not count.</source>
+        <translation>%1 लॉट आगे लाए गए। %2 अन्य प्रारंभिक पंक्तियाँ वैसी ही हैं; जो नहीं गिननी हैं उन्हें हटा दें।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::participants::FrmDepPart</name>
+    <message>
+        <source>Depository Participant</source>
+        <translation>डिपॉज़िटरी प्रतिभागी</translation>
+    </message>
+    <message>
+        <source>Contact Pe&amp;rson</source>
+        <translation>संपर्क व्यक्ति (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Desi&amp;gnation</source>
+        <translation>पदनाम (&amp;G)</translation>
+    </message>
+    <message>
+        <source>Dep&amp;ository</source>
+        <translation>डिपॉज़िटरी (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Depository</source>
+        <translation>डिपॉज़िटरी</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>शहर</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Contact Person</source>
+        <translation>संपर्क व्यक्ति</translation>
+    </message>
+    <message>
+        <source>DP ids of the participant</source>
+        <translation>प्रतिभागी की डीपी आईडी</translation>
+    </message>
+    <message>
+        <source>Id</source>
+        <translation>आईडी</translation>
+    </message>
+    <message>
+        <source>DP Id</source>
+        <translation>डीपी आईडी</translation>
+    </message>
+    <message>
+        <source>Add Ro&amp;w</source>
+        <translation>पंक्ति जोड़ें (&amp;W)</translation>
+    </message>
+    <message>
+        <source>Remo&amp;ve Row</source>
+        <translation>पंक्ति हटाएँ (&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::profit::RptProfitStatement</name>
+    <message>
+        <source>Capital Gain Statement</source>
+        <translation>पूँजी लाभ विवरण</translation>
+    </message>
+    <message>
+        <source>Profit Statement</source>
+        <translation>लाभ विवरण</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Demat accounts</source>
+        <translation>डीमैट खाते</translation>
+    </message>
+    <message>
+        <source>Show Client Scripts</source>
+        <translation>ग्राहक के शेयर दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Show All Scripts</source>
+        <translation>सभी शेयर दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Scrips</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>Bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>F &amp;&amp; O</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Non F &amp;&amp; O</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>All</source>
+        <translation>सभी</translation>
+    </message>
+    <message>
+        <source>Service Tax</source>
+        <translation>सेवा कर</translation>
+    </message>
+    <message>
+        <source>Non S.Tax</source>
+        <translation>बिना सेवा कर</translation>
+    </message>
+    <message>
+        <source>S.Tax</source>
+        <translation>सेवा कर सहित</translation>
+    </message>
+    <message>
+        <source>STT</source>
+        <translation>एसटीटी</translation>
+    </message>
+    <message>
+        <source>Non S.T.T.</source>
+        <translation>बिना एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Gains</source>
+        <translation>पूँजी लाभ</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>दोनों</translation>
+    </message>
+    <message>
+        <source>Non-Speculation</source>
+        <translation>ग़ैर-सट्टा</translation>
+    </message>
+    <message>
+        <source>Speculation</source>
+        <translation>सट्टा</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation>ख़ाका</translation>
+    </message>
+    <message>
+        <source>New Format</source>
+        <translation>नया प्रारूप</translation>
+    </message>
+    <message>
+        <source>Old Format</source>
+        <translation>पुराना प्रारूप</translation>
+    </message>
+    <message>
+        <source>Summary: one line a sale</source>
+        <translation>संक्षेप: हर बिक्री की एक पंक्ति</translation>
+    </message>
+    <message>
+        <source>Detail: purchases beside sales</source>
+        <translation>विस्तार: बिक्री के साथ ख़रीद</translation>
+    </message>
+    <message>
+        <source>Average Rate</source>
+        <translation>औसत भाव</translation>
+    </message>
+    <message>
+        <source>Export &amp;Capital Gain</source>
+        <translation>पूँजी लाभ निर्यात (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c!</source>
+        <translation>डीमैट खाता चुनें!</translation>
+    </message>
+    <message>
+        <source>Select Script Name!</source>
+        <translation>शेयर का नाम चुनें!</translation>
+    </message>
+    <message>
+        <source>Do You Want to Show Unsold Quantity Also?</source>
+        <translation>क्या आप न बिकी मात्रा भी दिखाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>No Record Found.</source>
+        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
+    </message>
+    <message>
+        <source>Report is Ready.</source>
+        <translation>रिपोर्ट तैयार है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::rates::Download</name>
+    <message>
+        <source>no whole answer in time</source>
+        <translation>समय पर पूरा उत्तर नहीं मिला</translation>
+    </message>
+    <message>
+        <source>the answer is larger than %1 bytes</source>
+        <translation>उत्तर %1 बाइट से बड़ा है</translation>
+    </message>
+    <message>
+        <source>the server answered with the status %1</source>
+        <translation>सर्वर ने स्थिति %1 के साथ उत्तर दिया</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::report::MonthsPane</name>
+    <message>
+        <source>From &amp;Month :</source>
+        <translation>महीने से : (&amp;M)</translation>
+    </message>
+    <message>
+        <source>To Mo&amp;nth :</source>
+        <translation>महीने तक : (&amp;N)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::report::PreviewWindow</name>
+    <message>
+        <source>Fit Width</source>
+        <translation>चौड़ाई में समाएँ</translation>
+    </message>
+    <message>
+        <source>Fit Page</source>
+        <translation>पृष्ठ समाएँ</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>पृष्ठ</translation>
+    </message>
+    <message>
+        <source>&amp;Print</source>
+        <translation>छापें (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Save as PDF</source>
+        <translation>पीडीएफ़ सहेजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>First page</source>
+        <translation>पहला पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Previous page</source>
+        <translation>पिछला पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>पृष्ठ</translation>
+    </message>
+    <message>
+        <source>of %1</source>
+        <translation>/ %1</translation>
+    </message>
+    <message>
+        <source>Next page</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Last page</source>
+        <translation>अंतिम पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>छोटा</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>ज़ूम</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>बड़ा</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>खोजें</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>नहीं मिला</translation>
+    </message>
+    <message>
+        <source>Find previous</source>
+        <translation>पिछला खोजें</translation>
+    </message>
+    <message>
+        <source>Find next</source>
+        <translation>अगला खोजें</translation>
+    </message>
+    <message>
+        <source>Searching</source>
+        <translation>खोज हो रही है</translation>
+    </message>
+    <message>
+        <source>Page %1</source>
+        <translation>पृष्ठ %1</translation>
+    </message>
+    <message>
+        <source>Printing</source>
+        <translation>छपाई हो रही है</translation>
+    </message>
+    <message>
+        <source>Saved as %1.</source>
+        <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>पृष्ठ %1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::report::ReportWindow</name>
+    <message>
+        <source>Report</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>The report appears here.</source>
+        <translation>रिपोर्ट यहाँ दिखती है।</translation>
+    </message>
+    <message>
+        <source>&amp;Report</source>
+        <translation>रिपोर्ट (&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Output</source>
+        <translation>आउटपुट (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Pages, Word, Excel, PDF and CSV</source>
+        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Preview and Print</source>
+        <translation>पूर्वावलोकन और छपाई (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Word</source>
+        <translation>वर्ड (&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Excel</source>
+        <translation>एक्सेल (&amp;E)</translation>
+    </message>
+    <message>
+        <source>P&amp;DF</source>
+        <translation>पीडीएफ़ (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;CSV</source>
+        <translation>सीएसवी (&amp;C)</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>से</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>तक</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>से (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>तक (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>अवधि</translation>
+    </message>
+    <message>
+        <source>No Record Found.</source>
+        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
+    </message>
+    <message>
+        <source>The report lies in %1. No program that opens it was found.</source>
+        <translation>रिपोर्ट %1 में है। उसे खोलने वाला कोई प्रोग्राम नहीं मिला।</translation>
+    </message>
+    <message>
+        <source>Saved as %1.</source>
+        <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::scrips::FrmScript</name>
+    <message>
+        <source>Script Details</source>
+        <translation>शेयर विवरण</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Second Code</source>
+        <translation>दूसरा कोड</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>Script &amp;Code</source>
+        <translation>शेयर कोड (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Script Na&amp;me</source>
+        <translation>शेयर का नाम (&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Second Code</source>
+        <translation>दूसरा कोड (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Type</source>
+        <translation>प्रकार (&amp;T)</translation>
+    </message>
+    <message>
+        <source>C&amp;lass</source>
+        <translation>श्रेणी (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Scr&amp;ipt Types...</source>
+        <translation>शेयर प्रकार (&amp;I)...</translation>
+    </message>
+    <message>
+        <source>Sc&amp;ript Classes...</source>
+        <translation>शेयर श्रेणियाँ (&amp;R)...</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::settings::DatabaseTrial</name>
+    <message>
+        <source>The Server Gives no Answer.</source>
+        <translation>सर्वर उत्तर नहीं देता।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::settings::frmsettings</name>
+    <message>
+        <source>Settings</source>
+        <translation>सेटिंग</translation>
+    </message>
+    <message>
+        <source>&amp;Display</source>
+        <translation>प्रदर्शन (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Folders</source>
+        <translation>फ़ोल्डर (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Data&amp;base</source>
+        <translation>डेटाबेस (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Internet</source>
+        <translation>इंटरनेट (&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Printer</source>
+        <translation>प्रिंटर (&amp;P)</translation>
+    </message>
+    <message>
+        <source>Folder of the Templates</source>
+        <translation>साँचों का फ़ोल्डर</translation>
+    </message>
+    <message>
+        <source>&amp;Windows</source>
+        <translation>विंडो (&amp;W)</translation>
+    </message>
+    <message>
+        <source>Stretched to the screen</source>
+        <translation>स्क्रीन के अनुसार</translation>
+    </message>
+    <message>
+        <source>Stretched to a resolution</source>
+        <translation>रिज़ॉल्यूशन के अनुसार</translation>
+    </message>
+    <message>
+        <source>In their designed size</source>
+        <translation>मूल आकार में</translation>
+    </message>
+    <message>
+        <source>Hori&amp;zontal pixels</source>
+        <translation>क्षैतिज पिक्सेल (&amp;Z)</translation>
+    </message>
+    <message>
+        <source>&amp;Vertical pixels</source>
+        <translation>ऊर्ध्व पिक्सेल (&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>थीम (&amp;T)</translation>
+    </message>
+    <message>
+        <source>As the desktop</source>
+        <translation>डेस्कटॉप जैसी</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>हल्की</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>गहरी</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>भाषा (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Theme and language hold as soon as they are saved. Windows that are open keep their texts and sizes until they are opened again. Reports are always in English.</source>
+        <translation>थीम और भाषा सहेजते ही लागू होती हैं। खुली विंडो के पाठ और आकार दोबारा खुलने पर बदलते हैं। रिपोर्ट हमेशा अंग्रेज़ी में रहती हैं।</translation>
+    </message>
+    <message>
+        <source>Report templates</source>
+        <translation>रिपोर्ट के साँचे</translation>
+    </message>
+    <message>
+        <source>Pic&amp;k...</source>
+        <translation>चुनें (&amp;K)...</translation>
+    </message>
+    <message>
+        <source>Report &amp;templates</source>
+        <translation>रिपोर्ट के साँचे (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Application</source>
+        <translation>प्रोग्राम</translation>
+    </message>
+    <message>
+        <source>Documents of clients</source>
+        <translation>ग्राहकों के दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Screen settings</source>
+        <translation>स्क्रीन सेटिंग</translation>
+    </message>
+    <message>
+        <source>The program's &amp;own database</source>
+        <translation>प्रोग्राम का अपना डेटाबेस (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Another se&amp;rver</source>
+        <translation>दूसरा सर्वर (&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Test Connection</source>
+        <translation>कनेक्शन जाँचें (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Ser&amp;ver</source>
+        <translation>सर्वर (&amp;V)</translation>
+    </message>
+    <message>
+        <source>P&amp;ort</source>
+        <translation>पोर्ट (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Soc&amp;ket</source>
+        <translation>सॉकेट (&amp;K)</translation>
+    </message>
+    <message>
+        <source>Database &amp;name</source>
+        <translation>डेटाबेस का नाम (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;User</source>
+        <translation>उपयोगकर्ता (&amp;U)</translation>
+    </message>
+    <message>
+        <source>Pass&amp;word</source>
+        <translation>पासवर्ड (&amp;W)</translation>
+    </message>
+    <message>
+        <source>ODBC d&amp;river</source>
+        <translation>ओडीबीसी ड्राइवर (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Verify the server</source>
+        <translation>सर्वर सत्यापित करें</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>TLS authority file</source>
+        <translation>टीएलएस प्राधिकरण फ़ाइल</translation>
+    </message>
+    <message>
+        <source>TLS certificate file</source>
+        <translation>टीएलएस प्रमाणपत्र फ़ाइल</translation>
+    </message>
+    <message>
+        <source>TLS key file</source>
+        <translation>टीएलएस कुंजी फ़ाइल</translation>
+    </message>
+    <message>
+        <source>Index &amp;headline</source>
+        <translation>सूचकांक समाचार (&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Bombay exchange</source>
+        <translation>बंबई एक्सचेंज (&amp;B)</translation>
+    </message>
+    <message>
+        <source>Its price &amp;files</source>
+        <translation>उसकी भाव फ़ाइलें (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;National exchange</source>
+        <translation>नेशनल एक्सचेंज (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Quotes, Bombay</source>
+        <translation>भाव, बंबई (&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Quotes, National</source>
+        <translation>भाव, नेशनल</translation>
+    </message>
+    <message>
+        <source>An empty address is never asked.</source>
+        <translation>ख़ाली पते से कभी नहीं पूछा जाता।</translation>
+    </message>
+    <message>
+        <source>Default &amp;printer</source>
+        <translation>मुख्य प्रिंटर (&amp;P)</translation>
+    </message>
+    <message>
+        <source>The desktop's own</source>
+        <translation>डेस्कटॉप का अपना</translation>
+    </message>
+    <message>
+        <source>Page &amp;size</source>
+        <translation>पृष्ठ का आकार (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Every print dialog begins with them.</source>
+        <translation>छपाई का हर संवाद इनसे शुरू होता है।</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>सहेजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>The server is being asked ...</source>
+        <translation>सर्वर से पूछा जा रहा है ...</translation>
+    </message>
+    <message>
+        <source>Connected. The server is %1.</source>
+        <translation>जुड़ गया। सर्वर %1 है।</translation>
+    </message>
+    <message>
+        <source>The settings are saved. The other database is used when the program is started the next time.</source>
+        <translation>सेटिंग सहेजी गई। दूसरा डेटाबेस प्रोग्राम के अगली बार शुरू होने पर उपयोग होगा।</translation>
+    </message>
+    <message>
+        <source>The settings are saved.</source>
+        <translation>सेटिंग सहेजी गई।</translation>
+    </message>
+    <message>
+        <source>The Settings were Changed. Close without Saving them?</source>
+        <translation>सेटिंग बदली गई हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::transfers::FrmScriptTransfer</name>
+    <message>
+        <source>Transfer of Scripts</source>
+        <translation>शेयर हस्तांतरण</translation>
+    </message>
+    <message>
+        <source>Lots of the account</source>
+        <translation>खाते के लॉट</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>&amp;From Demat A/c</source>
+        <translation>डीमैट खाते से (&amp;F)</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>तक</translation>
+    </message>
+    <message>
+        <source>To D&amp;emat A/c</source>
+        <translation>डीमैट खाते में (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>O&amp;wn account</source>
+        <translation>अपना खाता (&amp;W)</translation>
+    </message>
+    <message>
+        <source>Another cl&amp;ient</source>
+        <translation>दूसरा ग्राहक (&amp;I)</translation>
+    </message>
+    <message>
+        <source>From A/c</source>
+        <translation>खाते से</translation>
+    </message>
+    <message>
+        <source>To A/c</source>
+        <translation>खाते में</translation>
+    </message>
+    <message>
+        <source>To Client</source>
+        <translation>ग्राहक को</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::FrmHelp</name>
+    <message>
+        <source>User Guide</source>
+        <translation>उपयोगकर्ता मार्गदर्शिका</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>पीछे (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Forward</source>
+        <translation>आगे (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Index</source>
+        <translation>सूची (&amp;I)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::GuidePane</name>
+    <message>
+        <source>The user guide is not there. It belongs into %1.</source>
+        <translation>उपयोगकर्ता मार्गदर्शिका नहीं है। उसे %1 में होना चाहिए।</translation>
+    </message>
+    <message>
+        <source>the folder of the program</source>
+        <translation>प्रोग्राम के फ़ोल्डर</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MDIForm1</name>
+    <message>
+        <source>Comes with a later release</source>
+        <translation>अगले संस्करण में आएगा</translation>
+    </message>
+    <message>
+        <source>BSE Market Rate List</source>
+        <translation>बीएसई बाज़ार भाव सूची</translation>
+    </message>
+    <message>
+        <source>Starts the market-rate tool</source>
+        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
+    </message>
+    <message>
+        <source>Check For Updates</source>
+        <translation>अद्यतन जाँचें</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>Col</source>
+        <translation>स्तंभ</translation>
+    </message>
+    <message>
+        <source>%1 is running already.</source>
+        <translation>%1 पहले से चल रहा है।</translation>
+    </message>
+    <message>
+        <source>Couldn't start %1. Expected the program as %2.</source>
+        <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
+    </message>
+    <message>
+        <source>This is %1.
+The program never goes to the internet by itself for another release; your supplier's page has the newest one.</source>
+        <translation>यह %1 है।
+प्रोग्राम नए संस्करण के लिए अपने आप इंटरनेट पर नहीं जाता; नया संस्करण आपके आपूर्तिकर्ता के पृष्ठ पर है।</translation>
+    </message>
+    <message>
+        <source>There is no window %1.</source>
+        <translation>%1 नाम की कोई विंडो नहीं है।</translation>
+    </message>
+    <message>
+        <source>Quorvane
+For help turn to whoever gave you the program, or read the user guide that came with it (docs/user-guide).</source>
+        <translation>Quorvane
+सहायता के लिए उनसे पूछें जिनसे प्रोग्राम मिला, या साथ की उपयोगकर्ता मार्गदर्शिका पढ़ें (docs/user-guide)।</translation>
+    </message>
+    <message>
+        <source>A copy of the portfolio lies in %1.</source>
+        <translation>पोर्टफ़ोलियो की एक प्रति %1 में है।</translation>
+    </message>
+    <message>
+        <source>Are You Sure You Want to LogOut?</source>
+        <translation>क्या आप सचमुच लॉग आउट करना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Do You Want to Close the Application?</source>
+        <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Do you Want to take BackUp of Database?</source>
+        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Do You want to Close the Applicaltion?</source>
+        <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MiscInfo</name>
+    <message>
+        <source>Miscellaneous Information</source>
+        <translation>विविध जानकारी</translation>
+    </message>
+    <message>
+        <source>Facts about the program</source>
+        <translation>प्रोग्राम के बारे में तथ्य</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>क्या</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>प्रोग्राम</translation>
+    </message>
+    <message>
+        <source>Application folder</source>
+        <translation>प्रोग्राम का फ़ोल्डर</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>डेटाबेस</translation>
+    </message>
+    <message>
+        <source>Set-up statements skipped</source>
+        <translation>छोड़े गए सेट-अप आदेश</translation>
+    </message>
+    <message>
+        <source>Records in %1</source>
+        <translation>%1 में रिकॉर्ड</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::users::frmLogin</name>
+    <message>
+        <source>Login</source>
+        <translation>लॉगिन</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>पासवर्ड</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>नाम (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Password</source>
+        <translation>पासवर्ड (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>ठीक है (&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Set Up</source>
+        <translation>सेट अप (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Change Password</source>
+        <translation>पासवर्ड बदलें (&amp;C)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>Change Password</source>
+        <translation>पासवर्ड बदलें</translation>
+    </message>
+    <message>
+        <source>Old password</source>
+        <translation>पुराना पासवर्ड</translation>
+    </message>
+    <message>
+        <source>New password</source>
+        <translation>नया पासवर्ड</translation>
+    </message>
+    <message>
+        <source>Confirm password</source>
+        <translation>पासवर्ड दोबारा</translation>
+    </message>
+    <message>
+        <source>&amp;Login ID</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Ol&amp;d Password</source>
+        <translation>पुराना पासवर्ड (&amp;D)</translation>
+    </message>
+    <message>
+        <source>N&amp;ew Password</source>
+        <translation>नया पासवर्ड (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Con&amp;firm Password</source>
+        <translation>पासवर्ड दोबारा (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Cha&amp;nge</source>
+        <translation>बदलें (&amp;N)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::users::frmLoginSetUp</name>
+    <message>
+        <source>User Set Up</source>
+        <translation>उपयोगकर्ता सेट अप</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation>उपयोगकर्ता</translation>
+    </message>
+    <message>
+        <source>Login Id</source>
+        <translation>लॉगिन आईडी</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>पासवर्ड</translation>
+    </message>
+    <message>
+        <source>&amp;Login Id</source>
+        <translation>लॉगिन आईडी (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Password</source>
+        <translation>पासवर्ड (&amp;P)</translation>
+    </message>
+    <message>
+        <source>S&amp;how passwords</source>
+        <translation>पासवर्ड दिखाएँ (&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>जोड़ें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>सहेजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>हटाएँ (&amp;D)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+</context>
+</TS>

@@ -107,6 +107,7 @@ class Desktop {
 int Run(QApplication& application, const QString& folder) {
   QSplashScreen splash(QPixmap(360, 120));
   try {
+    controls::ApplyAppearance(application, app::IniFile(app::Folders::At(folder).config_file));
     const std::unique_ptr<app::Session> session = app::StartUp(Options(folder, splash));
     backup::SettleInterruptedRestore(*session->connection, session->folders);
     splash.close();
@@ -138,6 +139,5 @@ int main(int argc, char** argv) {
   const QString folder =
       parser.isSet(data) ? QDir(parser.value(data)).absolutePath()
                          : app::DefaultApplicationFolder(QCoreApplication::applicationDirPath());
-  controls::ApplyAppearance(application, app::IniFile(app::Folders::At(folder).config_file));
   return Run(application, folder);
 }

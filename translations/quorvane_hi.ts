@@ -973,6 +973,53 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     </message>
 </context>
 <context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>ठीक है</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>हाँ (&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>नहीं (&amp;N)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>सहेजें</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>खोलें</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>बंद करें</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>लागू करें</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>पहले जैसा करें</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>सहायता</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>छोड़ दें</translation>
+    </message>
+</context>
+<context>
     <name>Rates</name>
     <message>
         <source>Enter Date.</source>
@@ -2356,11 +2403,11 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>F &amp;&amp; O</source>
-        <translation type="unfinished" />
+        <translation>एफ़ &amp;&amp; ओ</translation>
     </message>
     <message>
         <source>Non F &amp;&amp; O</source>
-        <translation type="unfinished" />
+        <translation>बिना एफ़ &amp;&amp; ओ</translation>
     </message>
     <message>
         <source>All</source>
@@ -2525,7 +2572,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished" />
+        <translation>अगला पृष्ठ</translation>
     </message>
     <message>
         <source>Last page</source>
@@ -3215,7 +3262,7 @@ For help turn to whoever gave you the program, or read the user guide that came 
     </message>
     <message>
         <source>&amp;Login ID</source>
-        <translation type="unfinished" />
+        <translation>लॉगिन आईडी (&amp;L)</translation>
     </message>
     <message>
         <source>Ol&amp;d Password</source>

@@ -19,6 +19,16 @@ namespace {
 const QString kTranslator = QStringLiteral("ProgramLanguage");
 const QString kEnglish = QStringLiteral("en");
 
+/// The buttons of message boxes are the toolkit's, which has no words of its own for every
+/// language.
+[[maybe_unused]] constexpr const char* kToolkitTexts[] = {
+    QT_TRANSLATE_NOOP("QPlatformTheme", "OK"),     QT_TRANSLATE_NOOP("QPlatformTheme", "&Yes"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "&No"),    QT_TRANSLATE_NOOP("QPlatformTheme", "Cancel"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Save"),   QT_TRANSLATE_NOOP("QPlatformTheme", "Open"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Close"),  QT_TRANSLATE_NOOP("QPlatformTheme", "Apply"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Reset"),  QT_TRANSLATE_NOOP("QPlatformTheme", "Help"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Discard")};
+
 void ApplyLanguage(QApplication& application, const QString& language) {
   delete application.findChild<QTranslator*>(kTranslator);
   if (language == kEnglish) {

@@ -75,6 +75,18 @@ class frmsettingsTest : public QObject {
     QVERIFY(!controls::IsDark());
   }
 
+  void LanguageHoldsAtOnce() {
+    Open();
+    const auto caption = [] { return QCoreApplication::translate("MainMenu", "Clients"); };
+    Choice(BoxOf(Language))->ById(1);
+    Click("cmdUpdate");
+    QCOMPARE(caption(), QString("ग्राहक"));
+    QVERIFY(messages_.LastText() != "The settings are saved.");
+    Choice(BoxOf(Language))->ById(0);
+    Click("cmdUpdate");
+    QCOMPARE(caption(), QString("Clients"));
+  }
+
   void WhatCannotBeKeptIsRefusedAndNothingIsWritten_data() {
     QTest::addColumn<int>("text");
     QTest::addColumn<QString>("value");

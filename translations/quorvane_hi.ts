@@ -376,10 +376,68 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>DematStatement</name>
+    <message>
+        <source>Reading movements</source>
+        <translation>लेनदेन पढ़े जा रहे हैं</translation>
+    </message>
+</context>
+<context>
     <name>DesktopFiles</name>
     <message>
         <source>Save As</source>
         <translation>इस नाम से सहेजें</translation>
+    </message>
+    <message>
+        <source>Choose a File</source>
+        <translation>फ़ाइल चुनें</translation>
+    </message>
+</context>
+<context>
+    <name>Files</name>
+    <message>
+        <source>The archive cannot be read.</source>
+        <translation>संग्रह पढ़ा नहीं जा सकता।</translation>
+    </message>
+    <message>
+        <source>The archive is locked by a password.</source>
+        <translation>संग्रह पासवर्ड से बंद है।</translation>
+    </message>
+    <message>
+        <source>The archive is damaged.</source>
+        <translation>संग्रह ख़राब है।</translation>
+    </message>
+    <message>
+        <source>The archive unpacks to more than can be read.</source>
+        <translation>संग्रह खुलने पर पढ़ने की सीमा से बड़ा है।</translation>
+    </message>
+    <message>
+        <source>The archive holds a file outside its own folder.</source>
+        <translation>संग्रह में उसके फ़ोल्डर से बाहर की फ़ाइल है।</translation>
+    </message>
+    <message>
+        <source>The archive holds something else than files.</source>
+        <translation>संग्रह में फ़ाइलों के अलावा कुछ और है।</translation>
+    </message>
+    <message>
+        <source>The archive holds another archive.</source>
+        <translation>संग्रह में दूसरा संग्रह है।</translation>
+    </message>
+    <message>
+        <source>The workbook cannot be read.</source>
+        <translation>कार्यपुस्तिका पढ़ी नहीं जा सकती।</translation>
+    </message>
+    <message>
+        <source>The workbook is locked by a password.</source>
+        <translation>कार्यपुस्तिका पासवर्ड से बंद है।</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>फ़ाइल ख़ाली है।</translation>
+    </message>
+    <message>
+        <source>The file holds more than can be read.</source>
+        <translation>फ़ाइल पढ़ने की सीमा से बड़ी है।</translation>
     </message>
 </context>
 <context>
@@ -403,6 +461,13 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>An unknown failure.</source>
         <translation>अज्ञात विफलता।</translation>
+    </message>
+</context>
+<context>
+    <name>Imports</name>
+    <message>
+        <source>Saving scrips</source>
+        <translation>शेयर सहेजे जा रहे हैं</translation>
     </message>
 </context>
 <context>
@@ -772,6 +837,10 @@ Maximum Allowed Value is: %1</source>
         <source>&amp;Quit</source>
         <translation>बाहर निकलें (&amp;Q)</translation>
     </message>
+    <message>
+        <source>Comes with a later release</source>
+        <translation>अगले संस्करण में आएगा</translation>
+    </message>
 </context>
 <context>
     <name>Masters</name>
@@ -1029,6 +1098,10 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <source>You can't insert future Date</source>
         <translation>आगे की तारीख़ नहीं भर सकते</translation>
     </message>
+    <message>
+        <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange's daily price file or scrip list.</source>
+        <translation>अपेक्षित स्तंभ हैं SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; या SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; या एक्सचेंज की दैनिक भाव फ़ाइल अथवा शेयर सूची के।</translation>
+    </message>
 </context>
 <context>
     <name>ReportOutput</name>
@@ -1123,6 +1196,21 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     <message>
         <source>The template %1 is not there. Put it back, or name its folder in the settings.</source>
         <translation>साँचा %1 नहीं है। उसे वापस रखें, या सेटिंग में उसका फ़ोल्डर बताएँ।</translation>
+    </message>
+</context>
+<context>
+    <name>TransactionReport</name>
+    <message>
+        <source>Reading bills</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Total Payable</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Total Receivable</source>
+        <translation type="unfinished" />
     </message>
 </context>
 <context>
@@ -2090,6 +2178,65 @@ BSE %2   NSE %3</translation>
     <message>
         <source>The record is not saved. Close without saving it?</source>
         <translation>रिकॉर्ड सहेजा नहीं गया है। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::demat::RptDMatStatement</name>
+    <message>
+        <source>Transaction Report</source>
+        <translation>लेनदेन रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>Demat A/c Statement</source>
+        <translation>डीमैट खाता विवरण</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Demat accounts</source>
+        <translation>डीमैट खाते</translation>
+    </message>
+    <message>
+        <source>Layout</source>
+        <translation>ख़ाका</translation>
+    </message>
+    <message>
+        <source>Summarized</source>
+        <translation>संक्षिप्त</translation>
+    </message>
+    <message>
+        <source>Detailed</source>
+        <translation>विस्तृत</translation>
+    </message>
+    <message>
+        <source>One line a bill, scrip and side</source>
+        <translation>हर बिल, शेयर और पक्ष की एक पंक्ति</translation>
+    </message>
+    <message>
+        <source>Every line of every bill</source>
+        <translation>हर बिल की हर पंक्ति</translation>
+    </message>
+    <message>
+        <source>Demat A/c</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Demat A/c Wise</source>
+        <translation>डीमैट खाते के अनुसार</translation>
+    </message>
+    <message>
+        <source>All Demat A/c</source>
+        <translation>सभी डीमैट खाते</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c!</source>
+        <translation>डीमैट खाता चुनें!</translation>
+    </message>
+    <message>
+        <source>The template %1 is not there.</source>
+        <translation>साँचा %1 नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -3099,10 +3246,6 @@ BSE %2   NSE %3</translation>
 <context>
     <name>quorvane::ui::MDIForm1</name>
     <message>
-        <source>Comes with a later release</source>
-        <translation>अगले संस्करण में आएगा</translation>
-    </message>
-    <message>
         <source>BSE Market Rate List</source>
         <translation>बीएसई बाज़ार भाव सूची</translation>
     </message>
@@ -3169,6 +3312,22 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Do You want to Close the Applicaltion?</source>
         <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Show Market Rates</source>
+        <translation>बाज़ार भाव दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Brings the market-rate tool to the front</source>
+        <translation>बाज़ार भाव का प्रोग्राम सामने लाता है</translation>
+    </message>
+    <message>
+        <source>Couldn't find Window %1</source>
+        <translation>विंडो %1 नहीं मिली</translation>
+    </message>
+    <message>
+        <source>Do you want to take BackUp of Database?</source>
+        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
     </message>
 </context>
 <context>

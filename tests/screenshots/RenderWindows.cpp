@@ -1,10 +1,11 @@
 // Opens every window of the program over a portfolio and saves a picture of each, for a look at
 // them and for the user guide: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER
 
+#include "controls/Appearance.h"
 #include "controls/ChildWindow.h"
 #include "controls/Grid.h"
-#include "controls/Style.h"
 #include "core/app/AppInfo.h"
+#include "core/app/Ini.h"
 #include "core/lookups/Directory.h"
 #include "support/RecordingMessages.h"
 #include "ui/main/MDIForm1.h"
@@ -91,14 +92,13 @@ void RenderAll(const QStringList& arguments) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  controls::ApplyTheme(application, qEnvironmentVariableIsSet("QUORVANE_DARK")
-                                        ? controls::Theme::kDark
-                                        : controls::Theme::kLight);
   if (argc != 5) {
     std::cerr << "usage: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER\n";
     return 2;
   }
   try {
+    const app::Folders folders = app::Folders::At(QApplication::arguments()[1]);
+    controls::ApplyAppearance(application, app::IniFile(folders.config_file));
     RenderAll(QApplication::arguments());
   } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';

@@ -7,6 +7,7 @@
 #include "core/app/Ini.h"
 #include "core/rates/IndexHeadline.h"
 #include "masters/client_list/ClientList.h"
+#include "ui/main/MainMenu.h"
 #include "ui/main/MiscInfo.h"
 #include "ui/main/WindowTable.h"
 
@@ -17,7 +18,6 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMdiSubWindow>
-#include <QMenuBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -33,28 +33,6 @@ constexpr int kHeadlineMs = 5 * 60 * 1000;
 const QString kMarketRateTool = QStringLiteral("MRate");
 const QString kConverterTool = QStringLiteral("Converter");
 const QString kClientList = QStringLiteral("FrmClientList");
-
-/// The menu items that have a button in the row, and its short caption: the row fits a screen 800
-/// pixels wide.
-struct RowButton {
-  const char* item;
-  const char* caption;
-};
-constexpr RowButton kRowButtons[] = {
-    {"mnuClientInfo", QT_TRANSLATE_NOOP("MainMenu", "Clients")},
-    {"mnuSalePurchaseEntry", QT_TRANSLATE_NOOP("MainMenu", "Bills")},
-    {"mnuStkOpBal", QT_TRANSLATE_NOOP("MainMenu", "Opening")},
-    {"mnuTransferScr", QT_TRANSLATE_NOOP("MainMenu", "Transfers")},
-    {"mnuBrPayment", QT_TRANSLATE_NOOP("MainMenu", "Payments")},
-    {"mnuBrokerLedger", QT_TRANSLATE_NOOP("MainMenu", "Ledger")},
-    {"mnuProfitStatement", QT_TRANSLATE_NOOP("MainMenu", "Profit")},
-    {"mnuCapitalGain", QT_TRANSLATE_NOOP("MainMenu", "Gains")},
-    {"mnuVarReports", QT_TRANSLATE_NOOP("MainMenu", "MIS")},
-    {"mnuAutoUpdateStock", QT_TRANSLATE_NOOP("MainMenu", "Update Stock")}};
-
-QString Caption(const MenuItem& item) {
-  return QCoreApplication::translate("MainMenu", item.caption);
-}
 
 QUrl FeedAddress(const app::Session& session) {
   const app::IniFile config(session.folders.config_file);
@@ -82,7 +60,11 @@ MDIForm1::MDIForm1(controls::Desk& desk)
   area_->setBackground(palette().color(QPalette::Window).darker(106));
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  BuildMenu();
+  BuildMenu(
+      *this, [this](const MenuItem& item) { return CanDo(item); },
+      [this](const MenuItem& item) {
+        guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [&] { Do(item); });
+      });
   BuildHead();
   layout->addWidget(area_, 1);
   BuildStatusBar();
@@ -93,34 +75,6 @@ MDIForm1::MDIForm1(controls::Desk& desk)
 
 MDIForm1::~MDIForm1() {
   desk_.open = [](const QString&) {};
-}
-
-void MDIForm1::BuildMenu() {
-  std::map<QString, QMenu*> menus;
-  for (const MenuItem& item : MenuItems()) {
-    const auto heading = menus.find(QLatin1String(item.heading));
-    QWidget* parent = heading == menus.end() ? nullptr : heading->second;
-    QAction* action = nullptr;
-    if (item.action == MenuAction::kHeading) {
-      QMenu* menu = menuBar()->addMenu(Caption(item));
-      menu->setToolTipsVisible(true);
-      menus[QLatin1String(item.name)] = menu;
-      action = menu->menuAction();
-    } else if (parent != nullptr) {
-      action = item.action == MenuAction::kSeparator ? heading->second->addSeparator()
-                                                     : heading->second->addAction(Caption(item));
-    } else {
-      action = menuBar()->addAction(Caption(item));
-    }
-    action->setObjectName(QLatin1String(item.name));
-    if (!CanDo(item)) {
-      action->setEnabled(false);
-      action->setToolTip(tr("Comes with a later release"));
-    }
-    connect(action, &QAction::triggered, this, [this, &item] {
-      guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [this, &item] { Do(item); });
-    });
-  }
 }
 
 bool MDIForm1::CanDo(const MenuItem& item) const {
@@ -196,24 +150,9 @@ void MDIForm1::BuildHead() {
   auto* row = new QHBoxLayout(button_row_);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(controls::kTightSpacing);
-  BuildButtons(row);
+  BuildButtonRow(*this, *row);
   rows->addWidget(button_row_);
   qobject_cast<QVBoxLayout*>(centralWidget()->layout())->addWidget(head);
-}
-
-void MDIForm1::BuildButtons(QHBoxLayout* row) {
-  int number = 0;
-  for (const RowButton& entry : kRowButtons) {
-    auto* action = findChild<QAction*>(QLatin1String(entry.item));
-    auto* button = new ZENButton(QStringLiteral("ZENButton1_%1").arg(number++),
-                                 QCoreApplication::translate("MainMenu", entry.caption));
-    button->setEnabled(action->isEnabled());
-    button->setToolTip(action->isEnabled() ? action->text().remove(QLatin1Char('&'))
-                                           : action->toolTip());
-    connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
-    row->addWidget(button);
-  }
-  row->addStretch(1);
 }
 
 void MDIForm1::BuildStatusBar() {
@@ -398,25 +337,10 @@ void MDIForm1::mnuQuit_Click() {
   }
 }
 
-/// The language was changed: menu and buttons follow.
-void MDIForm1::ShowCaptions() {
-  for (const MenuItem& item : MenuItems()) {
-    if (auto* action = findChild<QAction*>(QLatin1String(item.name));
-        action != nullptr && item.action != MenuAction::kSeparator) {
-      action->setText(Caption(item));
-    }
-  }
-  int number = 0;
-  for (const RowButton& entry : kRowButtons) {
-    const QString name = QStringLiteral("ZENButton1_%1").arg(number++);
-    findChild<ZENButton*>(name)->setText(QCoreApplication::translate("MainMenu", entry.caption));
-  }
-}
-
 void MDIForm1::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::LanguageChange) {
-    ShowCaptions();
+    ShowCaptions(*this);
   }
 }
 

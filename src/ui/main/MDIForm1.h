@@ -13,8 +13,6 @@
 
 #include <map>
 
-class QHBoxLayout;
-
 namespace quorvane::controls {
 class ChildWindow;
 class ZENButton;
@@ -50,10 +48,7 @@ class MDIForm1 : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void BuildMenu();
-  void ShowCaptions();
   void BuildHead();
-  void BuildButtons(QHBoxLayout* row);
   void BuildStatusBar();
   void StartTimers();
   bool CanDo(const MenuItem& item) const;

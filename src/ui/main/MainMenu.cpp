@@ -1,0 +1,105 @@
+#include "ui/main/MainMenu.h"
+
+#include "controls/ZENButton.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QMainWindow>
+#include <QMenuBar>
+
+#include <map>
+
+namespace quorvane::ui {
+namespace {
+
+using controls::ZENButton;
+
+/// The menu items that have a button in the row, and its short caption: the row fits a screen 800
+/// pixels wide.
+struct RowButton {
+  const char* item;
+  const char* caption;
+};
+constexpr RowButton kRowButtons[] = {
+    {"mnuClientInfo", QT_TRANSLATE_NOOP("MainMenu", "Clients")},
+    {"mnuSalePurchaseEntry", QT_TRANSLATE_NOOP("MainMenu", "Bills")},
+    {"mnuStkOpBal", QT_TRANSLATE_NOOP("MainMenu", "Opening")},
+    {"mnuTransferScr", QT_TRANSLATE_NOOP("MainMenu", "Transfers")},
+    {"mnuBrPayment", QT_TRANSLATE_NOOP("MainMenu", "Payments")},
+    {"mnuBrokerLedger", QT_TRANSLATE_NOOP("MainMenu", "Ledger")},
+    {"mnuProfitStatement", QT_TRANSLATE_NOOP("MainMenu", "Profit")},
+    {"mnuCapitalGain", QT_TRANSLATE_NOOP("MainMenu", "Gains")},
+    {"mnuVarReports", QT_TRANSLATE_NOOP("MainMenu", "MIS")},
+    {"mnuAutoUpdateStock", QT_TRANSLATE_NOOP("MainMenu", "Update Stock")}};
+
+QString Caption(const MenuItem& item) {
+  return QCoreApplication::translate("MainMenu", item.caption);
+}
+
+QString Caption(const RowButton& button) {
+  return QCoreApplication::translate("MainMenu", button.caption);
+}
+
+QString NameOfButton(int number) {
+  return QStringLiteral("ZENButton1_%1").arg(number);
+}
+
+/// The action of an item, in its sub-menu or in the menu bar itself.
+QAction* Add(QMainWindow& window, std::map<QString, QMenu*>& menus, const MenuItem& item) {
+  if (item.action == MenuAction::kHeading) {
+    QMenu* menu = window.menuBar()->addMenu(Caption(item));
+    menu->setToolTipsVisible(true);
+    menus[QLatin1String(item.name)] = menu;
+    return menu->menuAction();
+  }
+  const auto heading = menus.find(QLatin1String(item.heading));
+  if (heading == menus.end()) {
+    return window.menuBar()->addAction(Caption(item));
+  }
+  return item.action == MenuAction::kSeparator ? heading->second->addSeparator()
+                                               : heading->second->addAction(Caption(item));
+}
+
+}  // namespace
+
+void BuildMenu(QMainWindow& window, const std::function<bool(const MenuItem&)>& can_do,
+               const std::function<void(const MenuItem&)>& chosen) {
+  std::map<QString, QMenu*> menus;
+  for (const MenuItem& item : MenuItems()) {
+    QAction* action = Add(window, menus, item);
+    action->setObjectName(QLatin1String(item.name));
+    if (!can_do(item)) {
+      action->setEnabled(false);
+      action->setToolTip(QCoreApplication::translate("MainMenu", "Comes with a later release"));
+    }
+    QObject::connect(action, &QAction::triggered, &window, [chosen, &item] { chosen(item); });
+  }
+}
+
+void BuildButtonRow(QMainWindow& window, QHBoxLayout& row) {
+  int number = 0;
+  for (const RowButton& entry : kRowButtons) {
+    auto* action = window.findChild<QAction*>(QLatin1String(entry.item));
+    auto* button = new ZENButton(NameOfButton(number++), Caption(entry));
+    button->setEnabled(action->isEnabled());
+    button->setToolTip(action->isEnabled() ? action->text().remove(QLatin1Char('&'))
+                                           : action->toolTip());
+    QObject::connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
+    row.addWidget(button);
+  }
+  row.addStretch(1);
+}
+
+void ShowCaptions(QMainWindow& window) {
+  for (const MenuItem& item : MenuItems()) {
+    if (item.action != MenuAction::kSeparator) {
+      window.findChild<QAction*>(QLatin1String(item.name))->setText(Caption(item));
+    }
+  }
+  int number = 0;
+  for (const RowButton& entry : kRowButtons) {
+    window.findChild<ZENButton*>(NameOfButton(number++))->setText(Caption(entry));
+  }
+}
+
+}  // namespace quorvane::ui

@@ -2,6 +2,73 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="hi_IN" sourcelanguage="en">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder's name is too long.</source>
+        <translation>फ़ोल्डर का नाम बहुत लंबा है।</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Demat accounts</source>
+        <translation>डीमैट खाते</translation>
+    </message>
+    <message>
+        <source>Brokers</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Scrips</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>Bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>Bill lines</source>
+        <translation>बिल पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Opening stock</source>
+        <translation>प्रारंभिक स्टॉक</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>हस्तांतरण</translation>
+    </message>
+    <message>
+        <source>Lots held</source>
+        <translation>रखे हुए लॉट</translation>
+    </message>
+    <message>
+        <source>Payments</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Receipts</source>
+        <translation>प्राप्तियाँ</translation>
+    </message>
+    <message>
+        <source>Market rates</source>
+        <translation>बाज़ार भाव</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation>उपयोगकर्ता</translation>
+    </message>
+    <message>
+        <source>Fetching the documents</source>
+        <translation>दस्तावेज़ लाए जा रहे हैं</translation>
+    </message>
+    <message>
+        <source>The rows of the table %1 cannot be read.</source>
+        <translation>तालिका %1 की पंक्तियाँ पढ़ी नहीं जा सकतीं।</translation>
+    </message>
+</context>
+<context>
     <name>Bills</name>
     <message>
         <source>Total Payable</source>
@@ -391,6 +458,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Choose a File</source>
         <translation>फ़ाइल चुनें</translation>
+    </message>
+    <message>
+        <source>Choose a Folder</source>
+        <translation>फ़ोल्डर चुनें</translation>
     </message>
 </context>
 <context>
@@ -1192,6 +1263,13 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     </message>
 </context>
 <context>
+    <name>TableCheck</name>
+    <message>
+        <source>Checking the tables</source>
+        <translation>तालिकाएँ जाँची जा रही हैं</translation>
+    </message>
+</context>
+<context>
     <name>TemplateFolder</name>
     <message>
         <source>The template %1 is not there. Put it back, or name its folder in the settings.</source>
@@ -1282,6 +1360,203 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Do You want to Exit?</source>
         <translation>क्या आप बाहर निकलना चाहते हैं?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::backup::BackupsView</name>
+    <message>
+        <source>Automatic</source>
+        <translation>स्वचालित</translation>
+    </message>
+    <message>
+        <source>Before a restore</source>
+        <translation>पुनर्स्थापना से पहले</translation>
+    </message>
+    <message>
+        <source>By hand</source>
+        <translation>हाथ से</translation>
+    </message>
+    <message>
+        <source>Verified</source>
+        <translation>जाँचा हुआ</translation>
+    </message>
+    <message>
+        <source>Complete</source>
+        <translation>पूर्ण</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>ख़राब</translation>
+    </message>
+    <message>
+        <source>Not finished</source>
+        <translation>अधूरा</translation>
+    </message>
+    <message>
+        <source>Backups</source>
+        <translation>बैकअप</translation>
+    </message>
+    <message>
+        <source>Made</source>
+        <translation>बना</translation>
+    </message>
+    <message>
+        <source>How</source>
+        <translation>कैसे</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>आकार</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>फ़ोल्डर</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::backup::frmBackUpRestore</name>
+    <message>
+        <source>BackUp</source>
+        <translation>बैकअप</translation>
+    </message>
+    <message>
+        <source>Folder of the backups</source>
+        <translation>बैकअप का फ़ोल्डर</translation>
+    </message>
+    <message>
+        <source>&amp;Folder</source>
+        <translation>फ़ोल्डर (&amp;F)</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>चुनें (&amp;H)...</translation>
+    </message>
+    <message>
+        <source>Back up by itself at the first start of each &amp;day</source>
+        <translation>हर दिन पहली बार शुरू होने पर स्वतः बैकअप लें (&amp;D)</translation>
+    </message>
+    <message>
+        <source>Automatic backups to keep</source>
+        <translation>रखे जाने वाले स्वचालित बैकअप</translation>
+    </message>
+    <message>
+        <source>&amp;Keep the newest</source>
+        <translation>सबसे नए रखें (&amp;K)</translation>
+    </message>
+    <message>
+        <source>of these</source>
+        <translation>इनमें से</translation>
+    </message>
+    <message>
+        <source>&amp;Back up now</source>
+        <translation>अभी बैकअप लें (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>जाँचें (&amp;V)</translation>
+    </message>
+    <message>
+        <source>Re&amp;store...</source>
+        <translation>पुनर्स्थापित करें (&amp;S)...</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>There is no backup in this folder yet.</source>
+        <translation>इस फ़ोल्डर में अभी कोई बैकअप नहीं है।</translation>
+    </message>
+    <message>
+        <source>The backup is made and verified:
+%1</source>
+        <translation>बैकअप बन गया और जाँच लिया गया:
+%1</translation>
+    </message>
+    <message>
+        <source>Select a BackUp!</source>
+        <translation>बैकअप चुनें!</translation>
+    </message>
+    <message>
+        <source>The backup is whole: every file agrees with its checksum.</source>
+        <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::backup::frmrestoration</name>
+    <message>
+        <source>Restore</source>
+        <translation>पुनर्स्थापना</translation>
+    </message>
+    <message>
+        <source>What the backup holds</source>
+        <translation>बैकअप में क्या है</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>सामग्री</translation>
+    </message>
+    <message>
+        <source>Records</source>
+        <translation>रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Folder of the backups</source>
+        <translation>बैकअप का फ़ोल्डर</translation>
+    </message>
+    <message>
+        <source>&amp;Folder</source>
+        <translation>फ़ोल्डर (&amp;F)</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>चुनें (&amp;H)...</translation>
+    </message>
+    <message>
+        <source>&amp;Verify</source>
+        <translation>जाँचें (&amp;V)</translation>
+    </message>
+    <message>
+        <source>Re&amp;store</source>
+        <translation>पुनर्स्थापना (&amp;S)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>There is no backup in this folder.</source>
+        <translation>इस फ़ोल्डर में कोई बैकअप नहीं है।</translation>
+    </message>
+    <message>
+        <source>Select a BackUp!</source>
+        <translation>बैकअप चुनें!</translation>
+    </message>
+    <message>
+        <source>The backup is whole: every file agrees with its checksum.</source>
+        <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
+    </message>
+    <message>
+        <source>The backup of %1 takes the place of everything that the program holds now. All other windows are closed.
+
+Are You Sure, You want to Restore it?</source>
+        <translation>%1 का बैकअप प्रोग्राम के वर्तमान सारे डेटा की जगह ले लेगा। बाक़ी सभी विंडो बंद हो जाएँगी।
+
+क्या आप सचमुच उसे पुनर्स्थापित करना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Close the other windows first. Nothing was changed.</source>
+        <translation>पहले दूसरी विंडो बंद करें। कुछ नहीं बदला गया।</translation>
+    </message>
+    <message>
+        <source>The backup of %1 is restored.
+What it replaced lies in %2.</source>
+        <translation>%1 का बैकअप पुनर्स्थापित हो गया।
+जो पहले था वह %2 में है।</translation>
     </message>
 </context>
 <context>
@@ -1595,6 +1870,10 @@ BSE %2   NSE %3</translation>
         <source>Enter Broker Name.</source>
         <translation>ब्रोकर का नाम भरें।</translation>
     </message>
+    <message>
+        <source>Mo&amp;nth</source>
+        <translation>महीना (&amp;N)</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::broker_money::FrmBrOpBal</name>
@@ -1641,6 +1920,10 @@ BSE %2   NSE %3</translation>
     <message>
         <source>Do you want to Carry Forward From Previous Year?</source>
         <translation>क्या आप पिछले वर्ष से आगे लाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Openin&amp;g Balance</source>
+        <translation>प्रारंभिक शेष (&amp;G)</translation>
     </message>
 </context>
 <context>
@@ -1708,6 +1991,22 @@ BSE %2   NSE %3</translation>
     <message>
         <source>Remark</source>
         <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>Transact&amp;ion Mode</source>
+        <translation>लेनदेन का तरीका (&amp;I)</translation>
+    </message>
+    <message>
+        <source>Payment Mod&amp;e</source>
+        <translation>भुगतान का तरीका (&amp;E)</translation>
+    </message>
+    <message>
+        <source>C&amp;heque No.</source>
+        <translation>चेक सं. (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Remar&amp;k</source>
+        <translation>टिप्पणी (&amp;K)</translation>
     </message>
 </context>
 <context>
@@ -1794,6 +2093,76 @@ BSE %2   NSE %3</translation>
     <message>
         <source>The Clipboard Holds no Number.</source>
         <translation>क्लिपबोर्ड में कोई संख्या नहीं है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::charts::ChartPane</name>
+    <message>
+        <source>The chart as a table</source>
+        <translation>चार्ट तालिका के रूप में</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>छापें</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>चित्र सहेजें</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>तालिका</translation>
+    </message>
+    <message>
+        <source>Print the picture</source>
+        <translation>चित्र छापें</translation>
+    </message>
+    <message>
+        <source>Save the picture as PNG</source>
+        <translation>चित्र को PNG में सहेजें</translation>
+    </message>
+    <message>
+        <source>Show the table as pages</source>
+        <translation>तालिका को पृष्ठों में दिखाएँ</translation>
+    </message>
+    <message>
+        <source>The figures appear here.</source>
+        <translation>आँकड़े यहाँ दिखते हैं।</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>चार्ट</translation>
+    </message>
+    <message>
+        <source>Saved as %1.</source>
+        <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::charts::ChartPictureView</name>
+    <message>
+        <source>Rs. crore</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Rs. lakh</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Rs.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Chart; the table beside it says the same</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>There is nothing to draw.</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Per cent of the value</source>
+        <translation type="unfinished" />
     </message>
 </context>
 <context>
@@ -2299,6 +2668,247 @@ BSE %2   NSE %3</translation>
     </message>
 </context>
 <context>
+    <name>quorvane::imports::ImpScrMaster</name>
+    <message>
+        <source>New</source>
+        <translation>नए</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>बदले</translation>
+    </message>
+    <message>
+        <source>Unchanged</source>
+        <translation>वैसे ही</translation>
+    </message>
+    <message>
+        <source>Import Script Master</source>
+        <translation>शेयर मास्टर आयात</translation>
+    </message>
+    <message>
+        <source>Scrips in the file</source>
+        <translation>फ़ाइल के शेयर</translation>
+    </message>
+    <message>
+        <source>From &amp;File ...</source>
+        <translation>फ़ाइल से  (&amp;F)...</translation>
+    </message>
+    <message>
+        <source>A scrip list or a daily price file: .xls, .xlsx, .ods, .csv or .zip</source>
+        <translation>शेयर सूची या दैनिक भाव फ़ाइल: .xls, .xlsx, .ods, .csv या .zip</translation>
+    </message>
+    <message>
+        <source>From the &amp;Exchange</source>
+        <translation>एक्सचेंज से (&amp;E)</translation>
+    </message>
+    <message>
+        <source>The Bombay exchange's newest daily price file</source>
+        <translation>बंबई एक्सचेंज की सबसे नई दैनिक भाव फ़ाइल</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>All rows</source>
+        <translation>सभी पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>New scrips</source>
+        <translation>नए शेयर</translation>
+    </message>
+    <message>
+        <source>Changed scrips</source>
+        <translation>बदले शेयर</translation>
+    </message>
+    <message>
+        <source>Unchanged scrips</source>
+        <translation>वैसे ही शेयर</translation>
+    </message>
+    <message>
+        <source>Choose a file, or fetch the newest daily price file.</source>
+        <translation>फ़ाइल चुनें, या सबसे नई दैनिक भाव फ़ाइल लाएँ।</translation>
+    </message>
+    <message>
+        <source>Excel Files(*.xls *.xlsx *.ods);;Comma Saperted File(*.csv *.zip)</source>
+        <translation>एक्सेल फ़ाइलें(*.xls *.xlsx *.ods);;अल्पविराम से अलग फ़ाइल(*.csv *.zip)</translation>
+    </message>
+    <message>
+        <source>Select .XLS or .CSV File.</source>
+        <translation>.XLS या .CSV फ़ाइल चुनें।</translation>
+    </message>
+    <message>
+        <source>Successfully Completed.Please Update Record</source>
+        <translation>सफलतापूर्वक पूरा हुआ। कृपया रिकॉर्ड सहेजें</translation>
+    </message>
+    <message>
+        <source>%1 scrips: %2 new, %3 changed, %4 unchanged.</source>
+        <translation>%1 शेयर: %2 नए, %3 बदले, %4 वैसे ही।</translation>
+    </message>
+    <message>
+        <source> %1 rows of other series or markets are left out.</source>
+        <translation> दूसरी श्रृंखलाओं या बाज़ारों की %1 पंक्तियाँ छोड़ दी गईं।</translation>
+    </message>
+    <message>
+        <source>Update Successfully!</source>
+        <translation>सफलतापूर्वक सहेजा गया!</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::imports::ImpScrRate</name>
+    <message>
+        <source>Import Script Market Rate</source>
+        <translation>शेयर बाज़ार भाव आयात</translation>
+    </message>
+    <message>
+        <source>Rates of the scrips</source>
+        <translation>शेयरों के भाव</translation>
+    </message>
+    <message>
+        <source>Rows of the file without a scrip</source>
+        <translation>फ़ाइल की बिना शेयर वाली पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>All scrips</source>
+        <translation>सभी शेयर</translation>
+    </message>
+    <message>
+        <source>Scrips in the file</source>
+        <translation>फ़ाइल के शेयर</translation>
+    </message>
+    <message>
+        <source>Scrips without a rate</source>
+        <translation>बिना भाव के शेयर</translation>
+    </message>
+    <message>
+        <source>Rows without a scrip</source>
+        <translation>बिना शेयर की पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Exchange of the archive</source>
+        <translation>संग्रह का एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>&amp;Date</source>
+        <translation>तारीख़ (&amp;D)</translation>
+    </message>
+    <message>
+        <source>From &amp;File ...</source>
+        <translation>फ़ाइल से  (&amp;F)...</translation>
+    </message>
+    <message>
+        <source>A daily price file of an exchange: .csv, .xls, .xlsx, .ods or .zip</source>
+        <translation>एक्सचेंज की दैनिक भाव फ़ाइल: .csv, .xls, .xlsx, .ods या .zip</translation>
+    </message>
+    <message>
+        <source>From the &amp;Archive</source>
+        <translation>संग्रह से (&amp;A)</translation>
+    </message>
+    <message>
+        <source>The daily price file of the date</source>
+        <translation>उस तारीख़ की दैनिक भाव फ़ाइल</translation>
+    </message>
+    <message>
+        <source>&amp;Gainers and Losers</source>
+        <translation>चढ़ने और गिरने वाले (&amp;G)</translation>
+    </message>
+    <message>
+        <source>The newest prices of the scrips that moved most at the Bombay exchange</source>
+        <translation>बंबई एक्सचेंज में सबसे अधिक बदले शेयरों के नए भाव</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Ncode</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Stored Rate</source>
+        <translation>सहेजा भाव</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>The rates are not saved. Give them up?</source>
+        <translation>भाव सहेजे नहीं गए हैं। क्या उन्हें छोड़ दें?</translation>
+    </message>
+    <message>
+        <source>Excel Files(*.csv *.CSV *.zip *.xls *.xlsx *.ods)</source>
+        <translation>एक्सेल फ़ाइलें(*.csv *.CSV *.zip *.xls *.xlsx *.ods)</translation>
+    </message>
+    <message>
+        <source>The pages show the newest prices. Take them as rates of %1?</source>
+        <translation>पृष्ठ सबसे नए भाव दिखाते हैं। क्या उन्हें %1 के भाव मानें?</translation>
+    </message>
+    <message>
+        <source>Completed.</source>
+        <translation>पूरा हुआ।</translation>
+    </message>
+    <message>
+        <source>%1 of %2 scrips have a rate.</source>
+        <translation>%2 में से %1 शेयरों के भाव हैं।</translation>
+    </message>
+    <message>
+        <source>Enter the date of the rates.</source>
+        <translation>भावों की तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source> Rows of the file: %1 matched, %2 without a scrip.</source>
+        <translation> फ़ाइल की पंक्तियाँ: %1 मिलीं, %2 बिना शेयर।</translation>
+    </message>
+    <message>
+        <source>Update Successfully!</source>
+        <translation>सफलतापूर्वक सहेजा गया!</translation>
+    </message>
+    <message>
+        <source>The rates are not saved. Close without saving them?</source>
+        <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::imports::ImpScrWindow</name>
+    <message>
+        <source>&amp;Update</source>
+        <translation>सहेजें (&amp;U)</translation>
+    </message>
+    <message>
+        <source>Ca&amp;ncel</source>
+        <translation>रद्द करें (&amp;N)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>डाउनलोड</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>दिखाएँ (&amp;S)</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::lookup_masters::FrmLookup</name>
     <message>
         <source>Enter Proper Date.</source>
@@ -2350,6 +2960,279 @@ BSE %2   NSE %3</translation>
     <message>
         <source>E-Mai&amp;l</source>
         <translation>ई-मेल (&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::mis::RatesPane</name>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Ncode</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>ScrCls</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>तारीख़ें</translation>
+    </message>
+    <message>
+        <source>Market Rates</source>
+        <translation>बाज़ार भाव</translation>
+    </message>
+    <message>
+        <source>Dates with rates</source>
+        <translation>भाव वाली तारीख़ें</translation>
+    </message>
+    <message>
+        <source>Rates of the date</source>
+        <translation>तारीख़ के भाव</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>जोड़ें</translation>
+    </message>
+    <message>
+        <source>Modify</source>
+        <translation>बदलें</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>हटाएँ</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>आयात</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>सहेजें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Rate date</source>
+        <translation>भाव की तारीख़</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Update Successfully!</source>
+        <translation>सफलतापूर्वक सहेजा गया!</translation>
+    </message>
+    <message>
+        <source>Are You Sure, You want to Delete All Records of this Date?</source>
+        <translation>क्या आप सचमुच इस तारीख़ के सभी रिकॉर्ड हटाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Excel Files</source>
+        <translation>एक्सेल फ़ाइलें</translation>
+    </message>
+    <message>
+        <source>%1 rates were read; %2 lines of the file belong to no script. Press Update to keep them.</source>
+        <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। रखने के लिए सहेजें दबाएँ।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::mis::RptVariousReport</name>
+    <message>
+        <source>MIS Report:</source>
+        <translation>एमआईएस रिपोर्ट:</translation>
+    </message>
+    <message>
+        <source>Financial Year</source>
+        <translation>वित्तीय वर्ष</translation>
+    </message>
+    <message>
+        <source>De&amp;tail</source>
+        <translation>विस्तृत (&amp;T)</translation>
+    </message>
+    <message>
+        <source>C&amp;onsolidated</source>
+        <translation>समेकित (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Extent</source>
+        <translation>विस्तार</translation>
+    </message>
+    <message>
+        <source>Rates as on</source>
+        <translation>इस दिन के भाव</translation>
+    </message>
+    <message>
+        <source>The day of a valuation and of its rates; empty: the period's last day</source>
+        <translation>मूल्यांकन और उसके भावों का दिन; ख़ाली: अवधि का अंतिम दिन</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Market Valuation</source>
+        <translation>बाज़ार मूल्यांकन</translation>
+    </message>
+    <message>
+        <source>Show the valuation as pages, to print and save</source>
+        <translation>मूल्यांकन को छापने और सहेजने के लिए पृष्ठों में दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Port&amp;Folio Position Report</source>
+        <translation>पोर्टफ़ोलियो स्थिति रिपोर्ट (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Portfolio &amp;Valuation Report</source>
+        <translation>पोर्टफ़ोलियो मूल्यांकन रिपोर्ट (&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Profit/Loss Report</source>
+        <translation>लाभ/हानि रिपोर्ट (&amp;P)</translation>
+    </message>
+    <message>
+        <source>Stock Valuation &amp;Report</source>
+        <translation>स्टॉक मूल्यांकन रिपोर्ट (&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Script Wise</source>
+        <translation>शेयर के अनुसार (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c Wise</source>
+        <translation>डीमैट खाते के अनुसार (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Client/Group Wise</source>
+        <translation>ग्राहक/समूह के अनुसार (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Composition</source>
+        <translation>संरचना</translation>
+    </message>
+    <message>
+        <source>Value by month</source>
+        <translation>महीने के अनुसार मूल्य</translation>
+    </message>
+    <message>
+        <source>Gains by kind</source>
+        <translation>प्रकार के अनुसार लाभ</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>चार्ट</translation>
+    </message>
+    <message>
+        <source>Market Rates</source>
+        <translation>बाज़ार भाव</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>आउटपुट</translation>
+    </message>
+    <message>
+        <source>The date lies outside the financial year %1.</source>
+        <translation>तारीख़ वित्तीय वर्ष %1 से बाहर है।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>No Record Found.</source>
+        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
+    </message>
+    <message>
+        <source>The rates are not saved. Close without saving them?</source>
+        <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::mis::SelectionPane</name>
+    <message>
+        <source>&amp;Group Wise</source>
+        <translation>समूह के अनुसार (&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Individual</source>
+        <translation>व्यक्तिगत (&amp;I)</translation>
+    </message>
+    <message>
+        <source>A group or single clients</source>
+        <translation>समूह या अलग-अलग ग्राहक</translation>
+    </message>
+    <message>
+        <source>Gro&amp;up/Client Scripts</source>
+        <translation>समूह/ग्राहक के शेयर (&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;All Scripts</source>
+        <translation>सभी शेयर (&amp;A)</translation>
+    </message>
+    <message>
+        <source>Which scrips</source>
+        <translation>कौन से शेयर</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>आईडी</translation>
+    </message>
+    <message>
+        <source>CLIENT NAME</source>
+        <translation>ग्राहक का नाम</translation>
+    </message>
+    <message>
+        <source>Demat accounts</source>
+        <translation>डीमैट खाते</translation>
+    </message>
+    <message>
+        <source>DEMAT A/c NO.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Cid</source>
+        <translation type="unfinished" />
+    </message>
+    <message>
+        <source>Scrips</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>SCRIPT NAME</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Select Group Name</source>
+        <translation>समूह का नाम चुनें</translation>
+    </message>
+    <message>
+        <source>Select Client!</source>
+        <translation>ग्राहक चुनें!</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c!</source>
+        <translation>डीमैट खाता चुनें!</translation>
+    </message>
+    <message>
+        <source>Select Script Name!</source>
+        <translation>शेयर का नाम चुनें!</translation>
     </message>
 </context>
 <context>
@@ -2648,6 +3531,14 @@ BSE %2   NSE %3</translation>
         <source>Report is Ready.</source>
         <translation>रिपोर्ट तैयार है।</translation>
     </message>
+    <message>
+        <source>Chart</source>
+        <translation>चार्ट</translation>
+    </message>
+    <message>
+        <source>Financial Year : </source>
+        <translation type="unfinished" />
+    </message>
 </context>
 <context>
     <name>quorvane::rates::Download</name>
@@ -2662,6 +3553,123 @@ BSE %2   NSE %3</translation>
     <message>
         <source>the server answered with the status %1</source>
         <translation>सर्वर ने स्थिति %1 के साथ उत्तर दिया</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::repair::RepairTable</name>
+    <message>
+        <source>In order</source>
+        <translation>ठीक</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>ख़राब</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>The server does not let this user check the table.</source>
+        <translation>सर्वर इस उपयोगकर्ता को तालिका जाँचने नहीं देता।</translation>
+    </message>
+    <message>
+        <source>Wrong</source>
+        <translation>ग़लत</translation>
+    </message>
+    <message>
+        <source>%1 keys (%2) stand more than once.</source>
+        <translation>%1 कुंजियाँ (%2) एक से अधिक बार हैं।</translation>
+    </message>
+    <message>
+        <source>%1 lots do not agree with the documents.</source>
+        <translation>%1 लॉट दस्तावेज़ों से मेल नहीं खाते।</translation>
+    </message>
+    <message>
+        <source>%1 rows name a record of %2 (%3) that is not there.</source>
+        <translation>%1 पंक्तियाँ %2 (%3) के ऐसे रिकॉर्ड का नाम लेती हैं जो नहीं है।</translation>
+    </message>
+    <message>
+        <source>the lot stands twice</source>
+        <translation>लॉट दो बार है</translation>
+    </message>
+    <message>
+        <source>the documents say %1</source>
+        <translation>दस्तावेज़ों के अनुसार %1</translation>
+    </message>
+    <message>
+        <source>%1, %2, account %3, scrip %4 at %5: the ledger holds %6, %7.</source>
+        <translation>%1, %2, खाता %3, शेयर %4, भाव %5: खाते में %6, %7।</translation>
+    </message>
+    <message>
+        <source>Refresh Data</source>
+        <translation>डेटा ताज़ा करें</translation>
+    </message>
+    <message>
+        <source>Checks every table, its keys, and whether the holdings agree with opening stock, bills and transfers. Nothing is changed by it.</source>
+        <translation>हर तालिका, उसकी कुंजियाँ, और होल्डिंग का प्रारंभिक स्टॉक, बिल और हस्तांतरण से मेल जाँचता है। इससे कुछ नहीं बदलता।</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>निष्कर्ष</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>तालिका</translation>
+    </message>
+    <message>
+        <source>Records</source>
+        <translation>रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>क्या मिला</translation>
+    </message>
+    <message>
+        <source>Chec&amp;k</source>
+        <translation>जाँचें (&amp;K)</translation>
+    </message>
+    <message>
+        <source>Update &amp;Stock</source>
+        <translation>स्टॉक अद्यतन (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Computes the holdings of every client and year anew</source>
+        <translation>हर ग्राहक और वर्ष की होल्डिंग फिर से गिनता है</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>Something is wrong. Make a BackUp before anything else.</source>
+        <translation>कुछ ग़लत है। सबसे पहले बैकअप लें।</translation>
+    </message>
+    <message>
+        <source>Something is wrong. "Update Stock" mends the holdings.</source>
+        <translation>कुछ ग़लत है। "स्टॉक अद्यतन" होल्डिंग ठीक करता है।</translation>
+    </message>
+    <message>
+        <source>All tables are in order, and every holding agrees with its documents.</source>
+        <translation>सभी तालिकाएँ ठीक हैं, और हर होल्डिंग अपने दस्तावेज़ों से मेल खाती है।</translation>
+    </message>
+    <message>
+        <source>All tables are in order, and every holding agrees with its documents. Some records name others that are not there; see the notes.</source>
+        <translation>सभी तालिकाएँ ठीक हैं, और हर होल्डिंग अपने दस्तावेज़ों से मेल खाती है। कुछ रिकॉर्ड ऐसे रिकॉर्ड का नाम लेते हैं जो नहीं हैं; टिप्पणियाँ देखें।</translation>
+    </message>
+    <message>
+        <source>The holdings of every client and year are computed anew from opening stock, bills and transfers. Go on?</source>
+        <translation>हर ग्राहक और वर्ष की होल्डिंग प्रारंभिक स्टॉक, बिल और हस्तांतरण से फिर गिनी जाएगी। आगे बढ़ें?</translation>
+    </message>
+    <message>
+        <source>Stock is Updated Successfully !!!
+Lots changed: %1</source>
+        <translation>स्टॉक सफलतापूर्वक अद्यतन हुआ !!!
+बदले लॉट: %1</translation>
     </message>
 </context>
 <context>
@@ -2851,6 +3859,18 @@ BSE %2   NSE %3</translation>
     <message>
         <source>Saved as %1.</source>
         <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+    <message>
+        <source>R&amp;eport</source>
+        <translation>रिपोर्ट (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Out&amp;put</source>
+        <translation>आउटपुट (&amp;P)</translation>
+    </message>
+    <message>
+        <source>Report and charts</source>
+        <translation>रिपोर्ट और चार्ट</translation>
     </message>
 </context>
 <context>
@@ -3328,6 +4348,10 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Do you want to take BackUp of Database?</source>
         <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Comes with a later release</source>
+        <translation>अगले संस्करण में आएगा</translation>
     </message>
 </context>
 <context>

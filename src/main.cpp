@@ -1,6 +1,7 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/users/frmLogin.h"
+#include "controls/AppIcon.h"
 #include "controls/Appearance.h"
 #include "controls/DesktopFiles.h"
 #include "controls/Guard.h"
@@ -127,6 +128,8 @@ int Run(QApplication& application, const QString& folder) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("quorvane"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("in.quorvane.Quorvane"));
+  QApplication::setWindowIcon(controls::AppIcon());
   QCoreApplication::setApplicationVersion(QLatin1String(app::kVersionText));
   QCommandLineParser parser;
   parser.addHelpOption();

@@ -1,6 +1,7 @@
 // Opens every window of the program over a portfolio and saves a picture of each, for a look at
 // them and for the user guide: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER
 
+#include "controls/AppIcon.h"
 #include "controls/Appearance.h"
 #include "controls/ChildWindow.h"
 #include "controls/Grid.h"
@@ -92,6 +93,7 @@ void RenderAll(const QStringList& arguments) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  QApplication::setWindowIcon(controls::AppIcon());
   if (argc != 5) {
     std::cerr << "usage: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER\n";
     return 2;

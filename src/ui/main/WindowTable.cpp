@@ -2,9 +2,9 @@
 
 #include "admin/backup/frmBackUpRestore.h"
 #include "admin/backup/frmrestoration.h"
-#include "admin/repair/RepairTable.h"
 #include "admin/calculator/frmcalc.h"
 #include "admin/documents/frmdocuments.h"
+#include "admin/repair/RepairTable.h"
 #include "admin/settings/frmsettings.h"
 #include "controls/ChildWindow.h"
 #include "masters/brokers/FrmBroker.h"
@@ -62,37 +62,37 @@ const std::map<QString, Maker, WithoutCase>& Makers() {
   using broker_money::PaymentKind;
   using lookup_masters::LookupKind;
   static const std::map<QString, Maker, WithoutCase> kMakers{
-      {QStringLiteral("frmclientlist"), Make<client_list::FrmClientList>},
-      {QStringLiteral("updatestock"), Make<client_list::FrmClientList>},
-      {QStringLiteral("frmsalepurchase"), Make<bills::FrmSalePurchase>},
-      {QStringLiteral("frmstkopbalance"), Make<opening_stock::FrmStkOpBalance>},
-      {QStringLiteral("frmscripttransfer"), Make<transfers::FrmScriptTransfer>},
-      {QStringLiteral("frmclientmaster"), Make<clients::FrmClientMaster>},
+      {QStringLiteral("FrmClientList"), Make<client_list::FrmClientList>},
+      {QStringLiteral("UpdateStock"), Make<client_list::FrmClientList>},
+      {QStringLiteral("FrmSalePurchase"), Make<bills::FrmSalePurchase>},
+      {QStringLiteral("FrmStkOpBalance"), Make<opening_stock::FrmStkOpBalance>},
+      {QStringLiteral("FrmScriptTransfer"), Make<transfers::FrmScriptTransfer>},
+      {QStringLiteral("FrmClientMaster"), Make<clients::FrmClientMaster>},
       {QStringLiteral("frmcalc"), Make<calculator::frmcalc>},
       {QStringLiteral("frmdocuments"), Make<documents::frmdocuments>},
       {QStringLiteral("frmsettings"), Make<settings::frmsettings>},
-      {QStringLiteral("frmdeppart"), Make<participants::FrmDepPart>},
-      {QStringLiteral("frmbroker"), Make<brokers::FrmBroker>},
-      {QStringLiteral("frmscript"), Make<scrips::FrmScript>},
-      {QStringLiteral("rptdmatstatement"), Make<demat::RptDMatStatement>},
-      {QStringLiteral("rpttransaction"), Make<demat::RptDMatStatement>},
-      {QStringLiteral("rptvariousreport"), Make<mis::RptVariousReport>},
-      {QStringLiteral("impscrmaster"), Make<imports::ImpScrMaster>},
-      {QStringLiteral("impscrrate"), Make<imports::ImpScrRate>},
-      {QStringLiteral("rptprofitstatement"), Make<profit::RptProfitStatement>},
-      {QStringLiteral("rptcapitalgain"), Make<profit::RptProfitStatement>},
-      {QStringLiteral("frmscripttype"), MakeLookup<LookupKind::kScripTypes>},
-      {QStringLiteral("frmscriptcls"), MakeLookup<LookupKind::kScripClasses>},
-      {QStringLiteral("frmexchange"), MakeLookup<LookupKind::kExchanges>},
-      {QStringLiteral("frmsttper"), MakeLookup<LookupKind::kSttPercentages>},
-      {QStringLiteral("frmtransper"), MakeLookup<LookupKind::kTaxPercentages>},
-      {QStringLiteral("frmbropbal"), Make<broker_money::FrmBrOpBal>},
-      {QStringLiteral("frmbrpayment"), MakePayment<PaymentKind::kPayment>},
-      {QStringLiteral("rptbrokerledger"), Make<broker_ledger::RptBrokerLedger>},
-      {QStringLiteral("frmbrrec"), MakePayment<PaymentKind::kReceipt>},
-      {QStringLiteral("frmbackuprestore"), Make<backup::frmBackUpRestore>},
+      {QStringLiteral("FrmDepPart"), Make<participants::FrmDepPart>},
+      {QStringLiteral("FrmBroker"), Make<brokers::FrmBroker>},
+      {QStringLiteral("FrmScript"), Make<scrips::FrmScript>},
+      {QStringLiteral("RptDMatStatement"), Make<demat::RptDMatStatement>},
+      {QStringLiteral("RptTransaction"), Make<demat::RptDMatStatement>},
+      {QStringLiteral("RptVariousReport"), Make<mis::RptVariousReport>},
+      {QStringLiteral("ImpScrMaster"), Make<imports::ImpScrMaster>},
+      {QStringLiteral("ImpScrRate"), Make<imports::ImpScrRate>},
+      {QStringLiteral("RptProfitStatement"), Make<profit::RptProfitStatement>},
+      {QStringLiteral("RptCapitalGain"), Make<profit::RptProfitStatement>},
+      {QStringLiteral("FrmScriptType"), MakeLookup<LookupKind::kScripTypes>},
+      {QStringLiteral("FrmScriptCls"), MakeLookup<LookupKind::kScripClasses>},
+      {QStringLiteral("FrmExchange"), MakeLookup<LookupKind::kExchanges>},
+      {QStringLiteral("FrmSttPer"), MakeLookup<LookupKind::kSttPercentages>},
+      {QStringLiteral("FrmTransPer"), MakeLookup<LookupKind::kTaxPercentages>},
+      {QStringLiteral("FrmBrOpBal"), Make<broker_money::FrmBrOpBal>},
+      {QStringLiteral("FrmBrPayment"), MakePayment<PaymentKind::kPayment>},
+      {QStringLiteral("RptBrokerLedger"), Make<broker_ledger::RptBrokerLedger>},
+      {QStringLiteral("FrmBrRec"), MakePayment<PaymentKind::kReceipt>},
+      {QStringLiteral("frmBackUpRestore"), Make<backup::frmBackUpRestore>},
       {QStringLiteral("frmrestoration"), Make<backup::frmrestoration>},
-      {QStringLiteral("repairtable"), Make<repair::RepairTable>},
+      {QStringLiteral("RepairTable"), Make<repair::RepairTable>},
   };
   return kMakers;
 }

@@ -46,6 +46,17 @@ class MDIForm1Test : public QObject {
     QCOMPARE(shown.Named<QAction>("mnuSttDetail")->text(), QStringLiteral("S&TT Percent Detail"));
   }
 
+  void EveryItemOpensSomething() {
+    const ShownMain shown;
+    QStringList disabled;
+    for (const ui::MenuItem& item : ui::MenuItems()) {
+      if (!shown.Named<QAction>(item.name)->isEnabled()) {
+        disabled << QLatin1String(item.name);
+      }
+    }
+    QCOMPARE(disabled, QStringList());
+  }
+
   void QuittingAsksTwiceAndNoMore() {
     ShownMain shown;
     shown.messages.WillAnswer(false);

@@ -51,7 +51,6 @@ MaybeRefusal FindPlace(const QString& backup, const TableEntry& stored,
   return std::nullopt;
 }
 
-/// Every table has rows or none by the backup; one that it does not name would keep its old ones.
 MaybeRefusal CheckTables(const QString& backup, const Manifest& manifest,
                          const std::vector<TableEntry>& present) {
   for (const TableEntry& stored : manifest.tables) {
@@ -103,6 +102,7 @@ MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& back
                          const Manifest& manifest, const std::vector<TableEntry>& present,
                          Progress& progress) {
   RowCount count(progress, manifest);
+  // A table that the backup does not name was not there yet and had no rows.
   for (const TableEntry& table : present) {
     transaction.Execute("Delete From " + table.name);
     progress.ThrowIfCancelled();

@@ -61,11 +61,14 @@ bool IsOfThisMachine(const QByteArray& section) {
   return section == "database" || section == "backup";
 }
 
-/// Takes the lines of the sections that `wanted` names; lines before the first belong to "".
+/// The lines of the sections of this machine, or those of all others, which the lines before the
+/// first section belong to.
 QByteArray Sections(const QByteArray& settings, bool of_this_machine) {
+  constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
   QByteArray taken;
   QByteArray section;
-  for (const QByteArray& line : settings.split('\n')) {
+  const qsizetype start = settings.startsWith(kByteOrderMark) ? sizeof(kByteOrderMark) - 1 : 0;
+  for (const QByteArray& line : settings.sliced(start).split('\n')) {
     const QByteArray text = line.trimmed();
     if (text.startsWith('[')) {
       const qsizetype end = text.indexOf(']');

@@ -327,9 +327,10 @@ class BackupTest : public QObject {
   }
 
   void SettingsOfTheMachineStay() {
-    QCOMPARE(MergedSettings("[Internet]\nIndexFeed=a\n[database]\nServer=there\n[Backup]\nKeep=3\n",
-                            "; mine\n[Internet]\nIndexFeed=b\n[Database]\nServer=here\n"),
-             QByteArray("[Internet]\nIndexFeed=a\n\n[Database]\nServer=here\n"));
+    QCOMPARE(
+        MergedSettings("[Internet]\nIndexFeed=a\n[database]\nServer=there\n[Backup]\nKeep=3\n",
+                       "\xEF\xBB\xBF; mine\n[Internet]\nIndexFeed=b\n[Database]\nServer=here\n"),
+        QByteArray("[Internet]\nIndexFeed=a\n\n[Database]\nServer=here\n"));
   }
 
   void OldAutomaticBackupsMakeRoom() {

@@ -76,7 +76,7 @@ TableEntry TableFromJson(const QJsonObject& json) {
   TableEntry table;
   table.name = json[QStringLiteral("name")].toString().toStdString();
   table.rows = json[QStringLiteral("rows")].toInteger(-1);
-  for (const QJsonValue& value : json[QStringLiteral("columns")].toArray()) {
+  for (const QJsonValue value : json[QStringLiteral("columns")].toArray()) {
     const QString type = value[QStringLiteral("type")].toString();
     table.columns.push_back({value[QStringLiteral("name")].toString().toStdString(),
                              type.size() == 1 ? type[0].toLatin1() : '?'});
@@ -90,10 +90,10 @@ Manifest FromJson(const QJsonObject& root) {
   manifest.made = QDateTime::fromString(root[QStringLiteral("made")].toString(), Qt::ISODate);
   const auto* kind = std::ranges::find(kKinds, root[QStringLiteral("kind")].toString());
   manifest.kind = kind == kKinds.end() ? Kind::kByHand : static_cast<Kind>(kind - kKinds.begin());
-  for (const QJsonValue& value : root[QStringLiteral("tables")].toArray()) {
+  for (const QJsonValue value : root[QStringLiteral("tables")].toArray()) {
     manifest.tables.push_back(TableFromJson(value.toObject()));
   }
-  for (const QJsonValue& value : root[QStringLiteral("files")].toArray()) {
+  for (const QJsonValue value : root[QStringLiteral("files")].toArray()) {
     manifest.files.push_back({value[QStringLiteral("path")].toString(),
                               value[QStringLiteral("bytes")].toInteger(-1),
                               value[QStringLiteral("sha256")].toString().toLatin1()});

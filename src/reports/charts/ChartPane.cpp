@@ -15,8 +15,8 @@ namespace quorvane::charts {
 namespace {
 
 constexpr QSize kPicture(1400, 900);  // pixels
-constexpr int kPictureShare = 500;
-constexpr int kTableShare = 480;
+constexpr int kPictureShare = 440;
+constexpr int kTableShare = 540;
 constexpr int kChoiceWidth = 150;
 
 QString SuggestedPath(const ChartData& chart) {

@@ -222,7 +222,7 @@ void ChartPictureView::DrawLines(QChart& chart) {
   }
   amounts->setMin(0);
   amounts->applyNiceNumbers();
-  months->setLabelsAngle(-60);
+  months->setLabelsAngle(-90);
   chart.legend()->setAlignment(Qt::AlignBottom);
   chart.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
 }
@@ -245,7 +245,7 @@ void ChartPictureView::DrawStacked(QChart& chart) {
   auto* amounts = AmountAxis(unit);
   Attach(chart, bars, months, amounts, false);
   amounts->applyNiceNumbers();
-  months->setLabelsAngle(-60);
+  months->setLabelsAngle(-90);
   chart.legend()->setAlignment(Qt::AlignBottom);
 }
 

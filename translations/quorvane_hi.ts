@@ -1855,10 +1855,6 @@ BSE %2   NSE %3</translation>
         <translation>महीना</translation>
     </message>
     <message>
-        <source>&amp;Month</source>
-        <translation>महीना (&amp;M)</translation>
-    </message>
-    <message>
         <source>BROKER NAME</source>
         <translation>ब्रोकर का नाम</translation>
     </message>
@@ -1894,14 +1890,6 @@ BSE %2   NSE %3</translation>
         <translation>ब्रोकर का नाम (&amp;B)</translation>
     </message>
     <message>
-        <source>&amp;Opening Balance</source>
-        <translation>प्रारंभिक शेष (&amp;O)</translation>
-    </message>
-    <message>
-        <source>Dr/C&amp;r</source>
-        <translation>नामे/जमा (&amp;R)</translation>
-    </message>
-    <message>
         <source>Broker Name</source>
         <translation>ब्रोकर का नाम</translation>
     </message>
@@ -1933,24 +1921,8 @@ BSE %2   NSE %3</translation>
         <translation>ब्रोकर का नाम (&amp;B)</translation>
     </message>
     <message>
-        <source>&amp;Transaction Mode</source>
-        <translation>लेनदेन का तरीका (&amp;T)</translation>
-    </message>
-    <message>
-        <source>Am&amp;ount</source>
-        <translation>राशि (&amp;O)</translation>
-    </message>
-    <message>
         <source>Date</source>
         <translation>तारीख़</translation>
-    </message>
-    <message>
-        <source>Payment &amp;Mode</source>
-        <translation>भुगतान का तरीका (&amp;M)</translation>
-    </message>
-    <message>
-        <source>&amp;Cheque No.</source>
-        <translation>चेक सं. (&amp;C)</translation>
     </message>
     <message>
         <source>Cheque Date</source>
@@ -1959,10 +1931,6 @@ BSE %2   NSE %3</translation>
     <message>
         <source>Dra&amp;wn On</source>
         <translation>बैंक (&amp;W)</translation>
-    </message>
-    <message>
-        <source>&amp;Remark</source>
-        <translation>टिप्पणी (&amp;R)</translation>
     </message>
     <message>
         <source>Broker Name</source>
@@ -3793,14 +3761,6 @@ Lots changed: %1</source>
         <translation>रिपोर्ट यहाँ दिखती है।</translation>
     </message>
     <message>
-        <source>&amp;Report</source>
-        <translation>रिपोर्ट (&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Output</source>
-        <translation>आउटपुट (&amp;O)</translation>
-    </message>
-    <message>
         <source>Pages, Word, Excel, PDF and CSV</source>
         <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
     </message>
@@ -4314,10 +4274,6 @@ For help turn to whoever gave you the program, or read the user guide that came 
 सहायता के लिए उनसे पूछें जिनसे प्रोग्राम मिला, या साथ की उपयोगकर्ता मार्गदर्शिका पढ़ें (docs/user-guide)।</translation>
     </message>
     <message>
-        <source>A copy of the portfolio lies in %1.</source>
-        <translation>पोर्टफ़ोलियो की एक प्रति %1 में है।</translation>
-    </message>
-    <message>
         <source>Are You Sure You Want to LogOut?</source>
         <translation>क्या आप सचमुच लॉग आउट करना चाहते हैं?</translation>
     </message>
@@ -4348,10 +4304,6 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Do you want to take BackUp of Database?</source>
         <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
-    </message>
-    <message>
-        <source>Comes with a later release</source>
-        <translation>अगले संस्करण में आएगा</translation>
     </message>
 </context>
 <context>

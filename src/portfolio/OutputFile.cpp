@@ -17,6 +17,12 @@ constexpr std::size_t kLarge = 1 << 20;
 
 }  // namespace
 
+void MakeFolder(const QString& folder) {
+  if (!QDir().mkpath(folder)) {
+    throw std::runtime_error("cannot make the folder " + folder.toStdString());
+  }
+}
+
 OutputFile::OutputFile(const QString& folder, const FileLayout& layout)
     : file_(QDir(folder).filePath(
           QString::fromUtf8(layout.name.data(), static_cast<qsizetype>(layout.name.size())))) {
@@ -58,9 +64,7 @@ void OutputFile::Publish() {
 }
 
 OutputFolder::OutputFolder(QString folder) : folder_(std::move(folder)) {
-  if (!QDir().mkpath(folder_)) {
-    throw std::runtime_error("cannot make the folder " + folder_.toStdString());
-  }
+  MakeFolder(folder_);
 }
 
 OutputFile& OutputFolder::Add(const FileLayout& layout) {

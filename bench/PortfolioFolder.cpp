@@ -44,6 +44,7 @@ class FolderWriter {
     OutputFile file(folder_, portfolio::LayoutOf(kind));
     write([&](std::string_view start) { Row(file, kind, start); });
     file.Finish();
+    file.Publish();
   }
 
   void WriteMasters() {

@@ -98,10 +98,12 @@ std::vector<lookups::Item> ScripsOfClients(database::Connection& connection,
     set.AppendTo(values);
   }
   const std::string in = "Cid In " + set.Places();
+  // A joined table is made once; "Id In (... Union ...)" would be asked again for every scrip.
   return ReadItems(connection.OpenValues(
-      "Select Id,Name From Script Where Id In (Select ScriptId From Stock Where " + in +
+      "Select Script.Id,Script.Name From Script Join (Select ScriptId From Stock Where " + in +
           " Union Select ScriptId From StkOpBal Where Fyear=? and " + in +
-          " Union Select ScriptId From SPTrans Where Fyear=? and " + in + ") Order By Name,Id",
+          " Union Select ScriptId From SPTrans Where Fyear=? and " + in +
+          ") As Held On Held.ScriptId=Script.Id Order By Script.Name,Script.Id",
       values));
 }
 

@@ -3821,8 +3821,12 @@ Lots changed: %1</source>
         <translation>%1 के रूप में सहेजा गया।</translation>
     </message>
     <message>
-        <source>R&amp;eport</source>
-        <translation>रिपोर्ट (&amp;E)</translation>
+        <source>&amp;Report</source>
+        <translation>रिपोर्ट (&amp;R)</translation>
+    </message>
+    <message>
+        <source>F5</source>
+        <translation>F5</translation>
     </message>
     <message>
         <source>Out&amp;put</source>

@@ -94,7 +94,8 @@ double OpenOnce(ui::MDIForm1& main, controls::Desk& desk, const QString& name) {
     main.Open(name);
     QApplication::processEvents();
   });
-  delete main.findChild<QMdiArea*>()->activeSubWindow();
+  main.findChild<QMdiArea*>()->activeSubWindow()->widget()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   QApplication::processEvents();
   return seconds * 1000;
 }

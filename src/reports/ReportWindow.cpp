@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSplitter>
 
 #include <stdexcept>
@@ -52,7 +53,8 @@ ReportWindow::ReportWindow(controls::Desk& desk, const QString& name, const QStr
 void ReportWindow::BuildLayout() {
   VS = new ReportGridView(QStringLiteral("VS"), tr("Report"));
   VS->SetHint(tr("The report appears here."));
-  CmdReport = new ZENButton(QStringLiteral("CmdReport"), tr("R&eport"));
+  CmdReport = new ZENButton(QStringLiteral("CmdReport"), tr("&Report"));
+  AddReportKey();
   CmdOutput = new ZENButton(QStringLiteral("CmdOutput"), tr("Out&put"));
   CmdOutput->setToolTip(tr("Pages, Word, Excel, PDF and CSV"));
   CmdExit = new ZENButton(QStringLiteral("CmdExit"), tr("E&xit"));
@@ -85,6 +87,19 @@ void ReportWindow::BuildLayout() {
   OnClick(CmdReport, &ReportWindow::CmdReport_Click);
   OnClick(CmdOutput, &ReportWindow::CmdOutput_Click);
   OnClick(CmdExit, &ReportWindow::CmdExit_Click);
+}
+
+/// The menu of the main window has the button's letter, too, and gets it first.
+void ReportWindow::AddReportKey() {
+  auto* key = new QShortcut(QKeySequence(Qt::Key_F5), this);
+  key->setContext(Qt::WidgetWithChildrenShortcut);
+  CmdReport->setToolTip(tr("F5"));
+  connect(key, &QShortcut::activated, CmdReport, [this] {
+    CmdReport->setFocus(Qt::ShortcutFocusReason);
+    if (CmdReport->hasFocus()) {
+      CmdReport->click();
+    }
+  });
 }
 
 void ReportWindow::BuildMenu() {

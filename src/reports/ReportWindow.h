@@ -197,6 +197,7 @@ class ReportWindow : public controls::ChildWindow {
 
  private:
   void BuildLayout();
+  void AddReportKey();
   void BuildMenu();
   void MakePeriodBoxes();
   void AddMonths(QBoxLayout* row);

@@ -41,7 +41,7 @@ class Accepted(Case):
             "opening.csv": "\n".join([OPENING_HEADER] + [
                 f"AN,A1,2011-12,600001,{lot},50,05/05/2010" for lot in lots]) + "\n",
             "bills.csv": "\n".join([BILL_HEADER] + [
-                f"AN,A1,1,02/05/2011,LOTUS,NSE,P,600001,{lot},60,0.25,,,0,,5" for lot in lots])
+                f"AN,A1,1,02/05/2011,LOTUS,NSE,P,600001,{lot},60,0.25,,,0,," for lot in lots])
                          + "\n"})
         self.check_is_well(desk)
 

@@ -203,7 +203,7 @@ class RptProfitStatementTest : public QObject {
     scrips->setFocus();
     QTest::keyClick(scrips, Qt::Key_Home, Qt::ControlModifier);
     QTest::keyClick(scrips, Qt::Key_Space);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_R, Qt::AltModifier);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
     QTRY_COMPARE(window.messages.LastText(), QStringLiteral("Report is Ready."));
     QCOMPARE(window.Screen().RowText(0).trimmed(), scrips->Model().Text(0, 1));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_P, Qt::ControlModifier);

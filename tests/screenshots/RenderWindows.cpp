@@ -44,8 +44,8 @@ void Render(ui::MDIForm1& main, controls::Desk& desk, const QString& name, const
   desk.session.target = name;
   main.Open(name);
   QTest::qWait(kSettleMs);
-  auto* frame = main.findChild<QMdiArea*>()->activeSubWindow();
-  auto* window = qobject_cast<controls::ChildWindow*>(frame->widget());
+  auto* window = qobject_cast<controls::ChildWindow*>(
+      main.findChild<QMdiArea*>()->activeSubWindow()->widget());
   Fill(*window);
   QTest::qWait(kSettleMs);
   const QSize size = QGuiApplication::primaryScreen()->size();
@@ -54,7 +54,8 @@ void Render(ui::MDIForm1& main, controls::Desk& desk, const QString& name, const
   if (!main.grab().save(out.filePath(file))) {
     throw std::runtime_error("cannot write " + out.filePath(file).toStdString());
   }
-  delete frame;
+  window->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   QTest::qWait(1);
 }
 

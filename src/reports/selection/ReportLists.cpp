@@ -11,20 +11,25 @@ std::vector<lookups::Item> ReadItems(database::Recordset rows) {
   return items;
 }
 
+// The ids as a joined table, which is made once; "Id In (... Union ...)" would be asked again for
+// every scrip.
 constexpr std::string_view kScripsOfLots =
-    "Select Id,Name From Script Where Id In (Select ScriptId From Stock Where Cid=? "
+    "Select Script.Id,Script.Name From Script Join (Select ScriptId From Stock Where Cid=? "
     "Union Select ScriptId From StkOpBal Where Cid=? and Fyear=? "
-    "Union Select ScriptId From SPTrans Where Cid=? and Fyear=?) Order By Name";
+    "Union Select ScriptId From SPTrans Where Cid=? and Fyear=?) As Held "
+    "On Held.ScriptId=Script.Id Order By Script.Name";
 
 constexpr std::string_view kScripsOfLotsAndChoice =
-    "Select Id,Name From Script Where Id In (Select ScriptId From Stock Where Cid=? "
+    "Select Script.Id,Script.Name From Script Join (Select ScriptId From Stock Where Cid=? "
     "Union Select ScriptId From StkOpBal Where Cid=? and Fyear=? and FO=? "
-    "Union Select ScriptId From SPTrans Where Cid=? and Fyear=? and FO=?) Order By Name";
+    "Union Select ScriptId From SPTrans Where Cid=? and Fyear=? and FO=?) As Held "
+    "On Held.ScriptId=Script.Id Order By Script.Name";
 
 constexpr std::string_view kScripsOfChoice =
-    "Select Id,Name From Script Where Id In ("
+    "Select Script.Id,Script.Name From Script Join ("
     "Select ScriptId From StkOpBal Where Cid=? and Fyear=? and FO=? "
-    "Union Select ScriptId From SPTrans Where Cid=? and Fyear=? and FO=?) Order By Name";
+    "Union Select ScriptId From SPTrans Where Cid=? and Fyear=? and FO=?) As Held "
+    "On Held.ScriptId=Script.Id Order By Script.Name";
 
 }  // namespace
 

@@ -94,7 +94,9 @@ double OpenOnce(ui::MDIForm1& main, controls::Desk& desk, const QString& name) {
     main.Open(name);
     QApplication::processEvents();
   });
-  main.findChild<QMdiArea*>()->activeSubWindow()->widget()->close();
+  for (const QMdiSubWindow* frame : main.findChild<QMdiArea*>()->subWindowList()) {
+    frame->widget()->close();
+  }
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   QApplication::processEvents();
   return seconds * 1000;

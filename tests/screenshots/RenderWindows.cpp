@@ -45,7 +45,7 @@ void Render(ui::MDIForm1& main, controls::Desk& desk, const QString& name, const
   main.Open(name);
   QTest::qWait(kSettleMs);
   auto* window = qobject_cast<controls::ChildWindow*>(
-      main.findChild<QMdiArea*>()->activeSubWindow()->widget());
+      main.findChild<QMdiArea*>()->subWindowList().last()->widget());
   Fill(*window);
   QTest::qWait(kSettleMs);
   const QSize size = QGuiApplication::primaryScreen()->size();

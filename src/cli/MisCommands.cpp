@@ -31,7 +31,7 @@ mis::Grouping GroupingOf(const std::string& word) {
 
 std::vector<ClientId> ClientsOf(const MisOptions& options, const mis::Names& names) {
   if (!options.group.empty()) {
-    const auto clients = names.ClientsOf(QString::fromStdString(options.group));
+    auto clients = names.ClientsOf(QString::fromStdString(options.group));
     if (clients.empty()) {
       throw Refused("there is no client group \"" + options.group + "\"");
     }

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QNetworkAccessManager>
+#include "core/rates/Download.h"
+
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QUrl>
-
-class QNetworkReply;
 
 namespace quorvane::ui {
 
@@ -26,12 +24,9 @@ class HeadlineFeed : public QObject {
   void HeadlineRead(const QString& headline);
 
  private:
-  void Finish(QNetworkReply* reply);
-
   QUrl address_;
   QString file_;
-  QNetworkAccessManager network_;
-  QPointer<QNetworkReply> awaited_;
+  rates::Download download_;
 };
 
 }  // namespace quorvane::ui

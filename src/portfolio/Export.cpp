@@ -48,8 +48,9 @@ class QueryExport {
              const std::string& order) {
     OutputFile& file = folder_.Add(LayoutOf(kind));
     std::string& out = file.Buffer();
-    for (const auto& row :
-         connection_.OpenValues(select + where.text + " Order By " + order, where.values)) {
+    std::string sql = select;
+    sql.append(where.text).append(" Order By ").append(order);
+    for (const auto& row : connection_.OpenValues(sql, where.values)) {
       for (std::size_t i = 0; i < row.ColumnCount(); ++i) {
         out += i > 0 ? "," : "";
         AppendField(out, row, i);

@@ -1,6 +1,7 @@
 #include "portfolio/HoldingsBook.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace quorvane::portfolio {
 
@@ -140,12 +141,12 @@ std::optional<HoldingsBook::Piece> HoldingsBook::TakeFromLot(const Place& place,
 }
 
 void HoldingsBook::GoBack() {
-  for (auto taken = taken_.rbegin(); taken != taken_.rend(); ++taken) {
-    LotState& lot = lots_[taken->lot];
-    lot.lot.quantity = SettleQuantity(lot.lot.quantity + taken->quantity);
+  for (const auto& taken : std::views::reverse(taken_)) {
+    LotState& lot = lots_[taken.lot];
+    lot.lot.quantity = SettleQuantity(lot.lot.quantity + taken.quantity);
     lot.first_left = 0;
-    if (taken->layer != kNoLayer) {
-      layers_[taken->layer].left = SettleQuantity(layers_[taken->layer].left + taken->quantity);
+    if (taken.layer != kNoLayer) {
+      layers_[taken.layer].left = SettleQuantity(layers_[taken.layer].left + taken.quantity);
     }
     holdings_[lot.place].first_left = 0;
   }

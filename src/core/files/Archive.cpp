@@ -58,7 +58,7 @@ std::string NameOf(archive_entry* entry) {
 /// Reads the current entry to its end, which also checks its sum.
 std::string ContentOf(archive* reader, std::size_t room) {
   std::string content;
-  std::array<char, 64 * 1024> block{};
+  std::array<char, 65536> block{};
   while (true) {
     const la_ssize_t read = archive_read_data(reader, block.data(), block.size());
     if (read == 0) {

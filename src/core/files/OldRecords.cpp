@@ -118,9 +118,9 @@ std::string OldText(std::string_view data) {
 
 double PackedNumber(std::uint32_t packed) {
   const std::uint32_t bits = packed & ~std::uint32_t{3};
-  const double number = (packed & 2) != 0
-                            ? static_cast<double>(std::bit_cast<std::int32_t>(bits) / 4)
-                            : std::bit_cast<double>(std::uint64_t{bits} << 32U);
+  const std::int32_t whole = std::bit_cast<std::int32_t>(bits) / 4;
+  const double number =
+      (packed & 2) != 0 ? whole : std::bit_cast<double>(std::uint64_t{bits} << 32U);
   return (packed & 1) != 0 ? number / 100 : number;
 }
 

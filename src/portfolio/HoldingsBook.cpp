@@ -1,7 +1,6 @@
 #include "portfolio/HoldingsBook.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace quorvane::portfolio {
 
@@ -141,7 +140,9 @@ std::optional<HoldingsBook::Piece> HoldingsBook::TakeFromLot(const Place& place,
 }
 
 void HoldingsBook::GoBack() {
-  for (const auto& taken : std::views::reverse(taken_)) {
+  while (!taken_.empty()) {
+    const Taken taken = taken_.back();
+    taken_.pop_back();
     LotState& lot = lots_[taken.lot];
     lot.lot.quantity = SettleQuantity(lot.lot.quantity + taken.quantity);
     lot.first_left = 0;
@@ -150,7 +151,6 @@ void HoldingsBook::GoBack() {
     }
     holdings_[lot.place].first_left = 0;
   }
-  taken_.clear();
 }
 
 }  // namespace quorvane::portfolio

@@ -139,7 +139,7 @@ bool IsOfDatabase(Text text) {
 
 MaybeRefusal CheckSettings(const Settings& settings) {
   for (int text = 0; text < kTexts; ++text) {
-    if (const MaybeRefusal refusal = CheckText(settings, static_cast<Text>(text))) {
+    if (MaybeRefusal refusal = CheckText(settings, static_cast<Text>(text))) {
       return refusal;
     }
   }

@@ -47,7 +47,7 @@ QUrl PageAt(QUrl host, const QString& path) {
 /// The first link on the page to a packed price file.
 QUrl PriceFileLink(const Downloaded& page) {
   for (const std::string& link : files::HtmlDocument(View(page.body)).Links()) {
-    const QUrl address = page.address.resolved(QUrl(QString::fromStdString(link)));
+    QUrl address = page.address.resolved(QUrl(QString::fromStdString(link)));
     if (address.path().endsWith(QLatin1String("csv.zip"), Qt::CaseInsensitive)) {
       return address;
     }
@@ -93,7 +93,7 @@ void PriceFetch::FollowLink(const Downloaded& page, const Answer& answer) {
   TryNext({link}, {.missing = ServerProblem(), .unusable = ServerProblem()}, answer);
 }
 
-void PriceFetch::FileOf(Exchange exchange, text::Date date, Answer answer) {
+void PriceFetch::FileOf(Exchange exchange, text::Date date, const Answer& answer) {
   const QVector<QUrl> addresses = ArchiveAddresses(hosts_, exchange, date);
   TryNext(addresses.isEmpty() ? QVector<QUrl>{QUrl()} : addresses,
           {.missing = Tr("File Not Found.This Date Bhav Copy Not available on site."),
@@ -131,7 +131,7 @@ Fetched PriceFetch::Kept(const Downloaded& file, const QString& name,
   }
 }
 
-void PriceFetch::Movers(Answer answer) {
+void PriceFetch::Movers(const Answer& answer) {
   NextMovers({}, answer);
 }
 

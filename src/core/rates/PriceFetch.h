@@ -29,11 +29,11 @@ class PriceFetch : public QObject {
   void NewestFile(Answer answer);
 
   /// The daily price file of a day from an exchange's archive, in the form of that day.
-  void FileOf(Exchange exchange, text::Date date, Answer answer);
+  void FileOf(Exchange exchange, text::Date date, const Answer& answer);
 
   /// The gainers and losers of the day with their prices, from the Bombay exchange's pages; of
   /// each at most kMostPages.
-  void Movers(Answer answer);
+  void Movers(const Answer& answer);
 
   void Cancel() { download_.Cancel(); }
   bool IsRunning() const { return download_.IsRunning(); }

@@ -3,6 +3,7 @@
 #include "controls/Style.h"
 #include "reports/output/WriteReport.h"
 
+#include <QBoxLayout>
 #include <QDir>
 #include <QLabel>
 #include <QPrintDialog>

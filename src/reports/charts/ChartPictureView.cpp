@@ -178,8 +178,9 @@ void ChartPictureView::DrawParts(QChart& chart) {
   QStringList names = AxisNames(data_.categories);
   auto* set = new QBarSet(data_.series.front().name);
   constexpr double kPerCent = 100;
-  for (auto part = paise.rbegin(); part != paise.rend(); ++part) {
-    set->append(std::round(static_cast<double>(*part) / whole * kPerCent * 10) / 10);
+  const std::vector<std::int64_t> from_below(paise.rbegin(), paise.rend());
+  for (const std::int64_t part : from_below) {
+    set->append(std::round(static_cast<double>(part) / whole * kPerCent * 10) / 10);
   }
   std::ranges::reverse(names);
   set->setColor(ColorOf(0));

@@ -44,6 +44,7 @@ std::unordered_map<int, std::uint32_t> RanksOf(Level level, const std::vector<Ho
     }
   }
   std::vector<std::string> sorted;
+  sorted.reserve(keys.size());
   for (const auto& [id, key] : keys) {
     sorted.push_back(key);
   }

@@ -113,7 +113,7 @@ class TableBuilder {
   }
 
   QString HeadingAt(Level level, const Holding& holding) const {
-    const QString name = NameAt(level, holding);
+    QString name = NameAt(level, holding);
     switch (level) {
       case Level::kGroup:
         return Tr("GROUP NAME- ") + name;

@@ -3,6 +3,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 namespace quorvane::mis {
 namespace {
 
@@ -58,9 +60,10 @@ class MovementForm : public ReportForm {
     std::vector<FigureLine> lines;
     double balance = holding.opening;
     if (balance != 0) {
-      FigureLine& opening = lines.emplace_back(Tr("Opening Balance"), Figures(kColumns));
+      FigureLine opening{Tr("Opening Balance"), Figures(kColumns)};
       opening.figures[kOpening] = balance;
       opening.figures[kBalance] = balance;
+      lines.push_back(std::move(opening));
     }
     for (const Movement& movement : holding.movements) {
       balance = AddShares(balance, Change(movement));

@@ -52,6 +52,7 @@ std::vector<ScripValue> ValuesByScrip(const std::vector<Holding>& holdings,
     }
   }
   std::vector<ScripValue> values;
+  values.reserve(sums.size());
   for (const auto& [scrip, paise] : sums) {
     values.push_back({scrip, paise});
   }

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 namespace quorvane::mis {

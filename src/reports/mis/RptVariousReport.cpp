@@ -51,7 +51,7 @@ RptVariousReport::RptVariousReport(controls::Desk& desk)
   AddBesideReport(selection_);
   BuildPages();
   FreeKeys();
-  selection_->Fill(Current() ? Current()->client : ClientId{}, *PeriodYear());
+  selection_->Fill(Current() ? Current()->client : ClientId{}, *RptVariousReport::PeriodYear());
   ShowKind();
   Start();
 }

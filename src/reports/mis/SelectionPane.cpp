@@ -152,6 +152,7 @@ void SelectionPane::FillClients() {
   const auto items = !group                  ? AllClients(connection_)
                      : CboGroup->HasChoice() ? ClientsOfGroup(connection_, CboGroup->currentText())
                                              : std::vector<lookups::Item>();
+  rows.reserve(items.size());
   for (const lookups::Item& item : items) {
     rows.push_back(
         {.id = item.id, .cells = {group || item.id == client_.value, item.id, item.text}});

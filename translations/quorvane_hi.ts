@@ -4,7 +4,7 @@
 <context>
     <name>Backup</name>
     <message>
-        <source>The folder's name is too long.</source>
+        <source>The folder&apos;s name is too long.</source>
         <translation>फ़ोल्डर का नाम बहुत लंबा है।</translation>
     </message>
     <message>
@@ -119,11 +119,11 @@
         <translation>शेष में से बेचने का लॉट चुनें।</translation>
     </message>
     <message>
-        <source>You can't insert future Date</source>
+        <source>You can&apos;t insert future Date</source>
         <translation>आगे की तारीख़ नहीं भर सकते</translation>
     </message>
     <message>
-        <source>You Can't Sale Scripts More than Balance.
+        <source>You Can&apos;t Sale Scripts More than Balance.
 
 Maximum Allowed Value is: %1</source>
         <translation>शेष से अधिक शेयर नहीं बेच सकते।
@@ -179,63 +179,63 @@ Maximum Allowed Value is: %1</source>
     <name>BrokerLedger</name>
     <message>
         <source>Payment</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Dr. By Broker</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Receiving</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Cr. By Broker</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Amt Bill No. </source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Cash</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Cheque</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Opening Balance</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Particulars</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Amount (Dr.)</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Amount (Cr.)</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Balance</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Closing Balance</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Broker Ledger (From %1 To %2)</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -414,16 +414,16 @@ Maximum Allowed Value is: %1</source>
         <translation>फ़ाइल बहुत बड़ी है। अधिकतम %1 MB की अनुमति है।</translation>
     </message>
     <message>
-        <source>This File Can't be Kept as a Document.</source>
+        <source>This File Can&apos;t be Kept as a Document.</source>
         <translation>यह फ़ाइल दस्तावेज़ के रूप में नहीं रखी जा सकती।</translation>
     </message>
     <message>
-        <source>The Document can't be Read: %1</source>
+        <source>The Document can&apos;t be Read: %1</source>
         <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
     </message>
     <message>
-        <source>To Show this Document the Program "%1" is Needed, which is not Installed.</source>
-        <translation>यह दस्तावेज़ दिखाने के लिए प्रोग्राम "%1" चाहिए, जो स्थापित नहीं है।</translation>
+        <source>To Show this Document the Program &quot;%1&quot; is Needed, which is not Installed.</source>
+        <translation>यह दस्तावेज़ दिखाने के लिए प्रोग्राम &quot;%1&quot; चाहिए, जो स्थापित नहीं है।</translation>
     </message>
     <message>
         <source>The Document holds no Text.</source>
@@ -438,8 +438,8 @@ Maximum Allowed Value is: %1</source>
         <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
     <message>
-        <source>The Document is of a Newer Kind. Save it as "Rich Text" to have it Shown.</source>
-        <translation>दस्तावेज़ नए प्रकार का है। दिखाने के लिए उसे "Rich Text" के रूप में सहेजें।</translation>
+        <source>The Document is of a Newer Kind. Save it as &quot;Rich Text&quot; to have it Shown.</source>
+        <translation>दस्तावेज़ नए प्रकार का है। दिखाने के लिए उसे &quot;Rich Text&quot; के रूप में सहेजें।</translation>
     </message>
 </context>
 <context>
@@ -1082,9 +1082,9 @@ All Related Data will be Deleted.</source>
 <context>
     <name>Posting</name>
     <message>
-        <source>You Can't Update Record.
+        <source>You Can&apos;t Update Record.
 
-Qunatity of %1 Script Can't be Negative Value.</source>
+Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <translation>रिकॉर्ड अद्यतन नहीं हो सकता।
 
 शेयर %1 की मात्रा ऋणात्मक नहीं हो सकती।</translation>
@@ -1166,11 +1166,11 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>तारीख़ भरें।</translation>
     </message>
     <message>
-        <source>You can't insert future Date</source>
+        <source>You can&apos;t insert future Date</source>
         <translation>आगे की तारीख़ नहीं भर सकते</translation>
     </message>
     <message>
-        <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange's daily price file or scrip list.</source>
+        <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange&apos;s daily price file or scrip list.</source>
         <translation>अपेक्षित स्तंभ हैं SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; या SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; या एक्सचेंज की दैनिक भाव फ़ाइल अथवा शेयर सूची के।</translation>
     </message>
 </context>
@@ -1178,7 +1178,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     <name>ReportOutput</name>
     <message>
         <source>Page %1 of %2</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Writing the pages</source>
@@ -1230,7 +1230,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
 <context>
     <name>Settings</name>
     <message>
-        <source>Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.</source>
+        <source>Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen&apos;s own.</source>
         <translation>640 से 16384 पिक्सेल का रिज़ॉल्यूशन भरें, या स्क्रीन के अपने के लिए 0।</translation>
     </message>
     <message>
@@ -1280,15 +1280,15 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     <name>TransactionReport</name>
     <message>
         <source>Reading bills</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Total Payable</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Total Receivable</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1329,7 +1329,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>शून्य से अधिक मात्रा भरें।</translation>
     </message>
     <message>
-        <source>You Can't Transfer Scripts More than Balance.
+        <source>You Can&apos;t Transfer Scripts More than Balance.
 Maximum Allowed Value is: %1</source>
         <translation>शेष से अधिक शेयर हस्तांतरित नहीं कर सकते।
 अधिकतम: %1</translation>
@@ -2016,27 +2016,27 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>MC</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>MR</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>M+</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>M−</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>C</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>CE</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Finished sums</source>
@@ -2056,7 +2056,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>M %1</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>The Clipboard Holds no Number.</source>
@@ -2110,27 +2110,27 @@ BSE %2   NSE %3</translation>
     <name>quorvane::charts::ChartPictureView</name>
     <message>
         <source>Rs. crore</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Rs. lakh</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Rs.</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Chart; the table beside it says the same</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>There is nothing to draw.</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Per cent of the value</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2264,7 +2264,7 @@ BSE %2   NSE %3</translation>
         <translation>पृष्ठ %1 / %2</translation>
     </message>
     <message>
-        <source>The Printer can't be Used.</source>
+        <source>The Printer can&apos;t be Used.</source>
         <translation>प्रिंटर का उपयोग नहीं हो सकता।</translation>
     </message>
     <message>
@@ -2391,8 +2391,8 @@ BSE %2   NSE %3</translation>
         <translation>ग्राहक का कोई दस्तावेज़ नहीं है।</translation>
     </message>
     <message>
-        <source>Press "View Document" to see %1.</source>
-        <translation>%1 देखने के लिए "दस्तावेज़ देखें" दबाएँ।</translation>
+        <source>Press &quot;View Document&quot; to see %1.</source>
+        <translation>%1 देखने के लिए &quot;दस्तावेज़ देखें&quot; दबाएँ।</translation>
     </message>
 </context>
 <context>
@@ -2445,7 +2445,7 @@ BSE %2   NSE %3</translation>
     <name>quorvane::controls::DateBox</name>
     <message>
         <source>dd/mm/yyyy</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Enter Proper Date.</source>
@@ -2502,7 +2502,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Alt+%1</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Are You Sure, You want to Delete this Record?</source>
@@ -2670,7 +2670,7 @@ BSE %2   NSE %3</translation>
         <translation>एक्सचेंज से (&amp;E)</translation>
     </message>
     <message>
-        <source>The Bombay exchange's newest daily price file</source>
+        <source>The Bombay exchange&apos;s newest daily price file</source>
         <translation>बंबई एक्सचेंज की सबसे नई दैनिक भाव फ़ाइल</translation>
     </message>
     <message>
@@ -2790,7 +2790,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Ncode</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Name</source>
@@ -2942,7 +2942,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Ncode</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Rate</source>
@@ -2950,7 +2950,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>ScrCls</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Dates</source>
@@ -3044,7 +3044,7 @@ BSE %2   NSE %3</translation>
         <translation>इस दिन के भाव</translation>
     </message>
     <message>
-        <source>The day of a valuation and of its rates; empty: the period's last day</source>
+        <source>The day of a valuation and of its rates; empty: the period&apos;s last day</source>
         <translation>मूल्यांकन और उसके भावों का दिन; ख़ाली: अवधि का अंतिम दिन</translation>
     </message>
     <message>
@@ -3176,7 +3176,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Cid</source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Scrips</source>
@@ -3505,7 +3505,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Financial Year : </source>
-        <translation type="unfinished" />
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3618,8 +3618,8 @@ BSE %2   NSE %3</translation>
         <translation>कुछ ग़लत है। सबसे पहले बैकअप लें।</translation>
     </message>
     <message>
-        <source>Something is wrong. "Update Stock" mends the holdings.</source>
-        <translation>कुछ ग़लत है। "स्टॉक अद्यतन" होल्डिंग ठीक करता है।</translation>
+        <source>Something is wrong. &quot;Update Stock&quot; mends the holdings.</source>
+        <translation>कुछ ग़लत है। &quot;स्टॉक अद्यतन&quot; होल्डिंग ठीक करता है।</translation>
     </message>
     <message>
         <source>All tables are in order, and every holding agrees with its documents.</source>
@@ -4002,7 +4002,7 @@ Lots changed: %1</source>
         <translation>स्क्रीन सेटिंग</translation>
     </message>
     <message>
-        <source>The program's &amp;own database</source>
+        <source>The program&apos;s &amp;own database</source>
         <translation>प्रोग्राम का अपना डेटाबेस (&amp;O)</translation>
     </message>
     <message>
@@ -4098,7 +4098,7 @@ Lots changed: %1</source>
         <translation>मुख्य प्रिंटर (&amp;P)</translation>
     </message>
     <message>
-        <source>The desktop's own</source>
+        <source>The desktop&apos;s own</source>
         <translation>डेस्कटॉप का अपना</translation>
     </message>
     <message>
@@ -4258,12 +4258,12 @@ Lots changed: %1</source>
         <translation>%1 पहले से चल रहा है।</translation>
     </message>
     <message>
-        <source>Couldn't start %1. Expected the program as %2.</source>
+        <source>Couldn&apos;t start %1. Expected the program as %2.</source>
         <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
     </message>
     <message>
         <source>This is %1.
-The program never goes to the internet by itself for another release; your supplier's page has the newest one.</source>
+The program never goes to the internet by itself for another release; your supplier&apos;s page has the newest one.</source>
         <translation>यह %1 है।
 प्रोग्राम नए संस्करण के लिए अपने आप इंटरनेट पर नहीं जाता; नया संस्करण आपके आपूर्तिकर्ता के पृष्ठ पर है।</translation>
     </message>
@@ -4302,7 +4302,7 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>बाज़ार भाव का प्रोग्राम सामने लाता है</translation>
     </message>
     <message>
-        <source>Couldn't find Window %1</source>
+        <source>Couldn&apos;t find Window %1</source>
         <translation>विंडो %1 नहीं मिली</translation>
     </message>
     <message>

@@ -4,7 +4,7 @@
 <context>
     <name>Backup</name>
     <message>
-        <source>The folder's name is too long.</source>
+        <source>The folder&apos;s name is too long.</source>
         <translation>फ़ोल्डर का नाम बहुत लंबा है।</translation>
     </message>
     <message>
@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>Bill lines</source>
-        <translation>बिल पंक्तियाँ</translation>
+        <translation>बिल की पंक्तियाँ</translation>
     </message>
     <message>
         <source>Opening stock</source>
@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Lots held</source>
-        <translation>रखे हुए लॉट</translation>
+        <translation>होल्डिंग के लॉट</translation>
     </message>
     <message>
         <source>Payments</source>
@@ -92,7 +92,7 @@
     </message>
     <message>
         <source>Enter Bill No.</source>
-        <translation>बिल संख्या भरें।</translation>
+        <translation>बिल सं. भरें।</translation>
     </message>
     <message>
         <source>Enter Broker Name.</source>
@@ -119,16 +119,16 @@
         <translation>शेष में से बेचने का लॉट चुनें।</translation>
     </message>
     <message>
-        <source>You can't insert future Date</source>
-        <translation>आगे की तारीख़ नहीं भर सकते</translation>
+        <source>You can&apos;t insert future Date</source>
+        <translation>भविष्य की तारीख़ नहीं भर सकते</translation>
     </message>
     <message>
-        <source>You Can't Sale Scripts More than Balance.
+        <source>You Can&apos;t Sale Scripts More than Balance.
 
 Maximum Allowed Value is: %1</source>
         <translation>शेष से अधिक शेयर नहीं बेच सकते।
 
-अधिकतम: %1</translation>
+अधिकतम मात्रा: %1</translation>
     </message>
     <message>
         <source>The Bill has Sales from the Lots of its Demat A/c.</source>
@@ -179,63 +179,63 @@ Maximum Allowed Value is: %1</source>
     <name>BrokerLedger</name>
     <message>
         <source>Payment</source>
-        <translation type="unfinished" />
+        <translation>Payment</translation>
     </message>
     <message>
         <source>Dr. By Broker</source>
-        <translation type="unfinished" />
+        <translation>Dr. By Broker</translation>
     </message>
     <message>
         <source>Receiving</source>
-        <translation type="unfinished" />
+        <translation>Receiving</translation>
     </message>
     <message>
         <source>Cr. By Broker</source>
-        <translation type="unfinished" />
+        <translation>Cr. By Broker</translation>
     </message>
     <message>
         <source>Amt Bill No. </source>
-        <translation type="unfinished" />
+        <translation>Amt Bill No. </translation>
     </message>
     <message>
         <source>Cash</source>
-        <translation type="unfinished" />
+        <translation>Cash</translation>
     </message>
     <message>
         <source>Cheque</source>
-        <translation type="unfinished" />
+        <translation>Cheque</translation>
     </message>
     <message>
         <source>Opening Balance</source>
-        <translation type="unfinished" />
+        <translation>Opening Balance</translation>
     </message>
     <message>
         <source>Date</source>
-        <translation type="unfinished" />
+        <translation>Date</translation>
     </message>
     <message>
         <source>Particulars</source>
-        <translation type="unfinished" />
+        <translation>Particulars</translation>
     </message>
     <message>
         <source>Amount (Dr.)</source>
-        <translation type="unfinished" />
+        <translation>Amount (Dr.)</translation>
     </message>
     <message>
         <source>Amount (Cr.)</source>
-        <translation type="unfinished" />
+        <translation>Amount (Cr.)</translation>
     </message>
     <message>
         <source>Balance</source>
-        <translation type="unfinished" />
+        <translation>Balance</translation>
     </message>
     <message>
         <source>Closing Balance</source>
-        <translation type="unfinished" />
+        <translation>Closing Balance</translation>
     </message>
     <message>
         <source>Broker Ledger (From %1 To %2)</source>
-        <translation type="unfinished" />
+        <translation>Broker Ledger (From %1 To %2)</translation>
     </message>
 </context>
 <context>
@@ -274,7 +274,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Select Transaction Mode.</source>
-        <translation>लेनदेन का तरीका चुनें।</translation>
+        <translation>लेनदेन का तरीक़ा चुनें।</translation>
     </message>
     <message>
         <source>Enter Amount Greater than Zero.</source>
@@ -282,7 +282,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Select Payment Mode.</source>
-        <translation>भुगतान का तरीका चुनें।</translation>
+        <translation>भुगतान का तरीक़ा चुनें।</translation>
     </message>
     <message>
         <source>Cheque No.</source>
@@ -290,7 +290,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Drawn On</source>
-        <translation>बैंक</translation>
+        <translation>अदाकर्ता बैंक</translation>
     </message>
     <message>
         <source>Remark</source>
@@ -414,16 +414,16 @@ Maximum Allowed Value is: %1</source>
         <translation>फ़ाइल बहुत बड़ी है। अधिकतम %1 MB की अनुमति है।</translation>
     </message>
     <message>
-        <source>This File Can't be Kept as a Document.</source>
+        <source>This File Can&apos;t be Kept as a Document.</source>
         <translation>यह फ़ाइल दस्तावेज़ के रूप में नहीं रखी जा सकती।</translation>
     </message>
     <message>
-        <source>The Document can't be Read: %1</source>
+        <source>The Document can&apos;t be Read: %1</source>
         <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
     </message>
     <message>
-        <source>To Show this Document the Program "%1" is Needed, which is not Installed.</source>
-        <translation>यह दस्तावेज़ दिखाने के लिए प्रोग्राम "%1" चाहिए, जो स्थापित नहीं है।</translation>
+        <source>To Show this Document the Program &quot;%1&quot; is Needed, which is not Installed.</source>
+        <translation>यह दस्तावेज़ दिखाने के लिए प्रोग्राम &quot;%1&quot; चाहिए, जो स्थापित नहीं है।</translation>
     </message>
     <message>
         <source>The Document holds no Text.</source>
@@ -438,8 +438,8 @@ Maximum Allowed Value is: %1</source>
         <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
     <message>
-        <source>The Document is of a Newer Kind. Save it as "Rich Text" to have it Shown.</source>
-        <translation>दस्तावेज़ नए प्रकार का है। दिखाने के लिए उसे "Rich Text" के रूप में सहेजें।</translation>
+        <source>The Document is of a Newer Kind. Save it as &quot;Rich Text&quot; to have it Shown.</source>
+        <translation>दस्तावेज़ नए प्रारूप का है। दिखाने के लिए उसे &quot;Rich Text&quot; के रूप में सहेजें।</translation>
     </message>
 </context>
 <context>
@@ -515,11 +515,11 @@ Maximum Allowed Value is: %1</source>
     <name>Guard</name>
     <message>
         <source>The connection to the database was lost. Check whether the last record was saved, then try again.</source>
-        <translation>डेटाबेस से संपर्क टूट गया। देखें कि पिछला रिकॉर्ड सहेजा गया या नहीं, फिर कोशिश करें।</translation>
+        <translation>डेटाबेस से कनेक्शन टूट गया। देखें कि पिछला रिकॉर्ड सहेजा गया या नहीं, उसके बाद दोबारा कोशिश करें।</translation>
     </message>
     <message>
         <source>The database was busy with other work. Nothing was changed. Please try again.</source>
-        <translation>डेटाबेस दूसरे काम में व्यस्त था। कुछ नहीं बदला। कृपया फिर कोशिश करें।</translation>
+        <translation>डेटाबेस दूसरे काम में व्यस्त था। कुछ नहीं बदला गया। कृपया फिर कोशिश करें।</translation>
     </message>
     <message>
         <source>What was not yet saved is still in the window. Mend the cause and try again.</source>
@@ -527,11 +527,11 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Cancelled. Nothing was changed.</source>
-        <translation>रद्द किया गया। कुछ नहीं बदला।</translation>
+        <translation>रद्द किया गया। कुछ नहीं बदला गया।</translation>
     </message>
     <message>
         <source>An unknown failure.</source>
-        <translation>अज्ञात विफलता।</translation>
+        <translation>अज्ञात त्रुटि।</translation>
     </message>
 </context>
 <context>
@@ -738,7 +738,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Opening</source>
-        <translation>प्रारंभिक</translation>
+        <translation>प्रारंभिक स्टॉक</translation>
     </message>
     <message>
         <source>Transfers</source>
@@ -750,7 +750,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Ledger</source>
-        <translation>खाता</translation>
+        <translation>खाता बही</translation>
     </message>
     <message>
         <source>Profit</source>
@@ -758,7 +758,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Gains</source>
-        <translation>पूँजी लाभ</translation>
+        <translation>पूँजीगत लाभ</translation>
     </message>
     <message>
         <source>MIS</source>
@@ -802,11 +802,11 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>&amp;Broker Opening Balance</source>
-        <translation>ब्रोकर प्रारंभिक शेष (&amp;B)</translation>
+        <translation>ब्रोकर का प्रारंभिक शेष (&amp;B)</translation>
     </message>
     <message>
         <source>Stock &amp;Opening Balance</source>
-        <translation>स्टॉक प्रारंभिक शेष (&amp;O)</translation>
+        <translation>स्टॉक का प्रारंभिक शेष (&amp;O)</translation>
     </message>
     <message>
         <source>&amp;Sale/Purchase Entry</source>
@@ -838,7 +838,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>&amp;Broker Ledger</source>
-        <translation>ब्रोकर खाता (&amp;B)</translation>
+        <translation>ब्रोकर खाता बही (&amp;B)</translation>
     </message>
     <message>
         <source>&amp;Demat A/c Statement</source>
@@ -850,7 +850,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>&amp;Capital Gain Statement</source>
-        <translation>पूँजी लाभ विवरण (&amp;C)</translation>
+        <translation>पूँजीगत लाभ विवरण (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Utility</source>
@@ -910,7 +910,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Comes with a later release</source>
-        <translation>अगले संस्करण में आएगा</translation>
+        <translation>बाद के संस्करण में आएगा</translation>
     </message>
 </context>
 <context>
@@ -921,7 +921,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>%1 is too Long. At Most %2 Characters are Allowed.</source>
-        <translation>%1 बहुत लंबा है। अधिकतम %2 अक्षरों की अनुमति है।</translation>
+        <translation>%1: पाठ बहुत लंबा है। अधिकतम %2 अक्षरों की अनुमति है।</translation>
     </message>
     <message>
         <source>Enter Name.</source>
@@ -981,7 +981,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Person</source>
-        <translation>व्यक्ति</translation>
+        <translation>संपर्क व्यक्ति</translation>
     </message>
     <message>
         <source>Designation</source>
@@ -1082,10 +1082,10 @@ All Related Data will be Deleted.</source>
 <context>
     <name>Posting</name>
     <message>
-        <source>You Can't Update Record.
+        <source>You Can&apos;t Update Record.
 
-Qunatity of %1 Script Can't be Negative Value.</source>
-        <translation>रिकॉर्ड अद्यतन नहीं हो सकता।
+Qunatity of %1 Script Can&apos;t be Negative Value.</source>
+        <translation>रिकॉर्ड सहेजा नहीं जा सकता।
 
 शेयर %1 की मात्रा ऋणात्मक नहीं हो सकती।</translation>
     </message>
@@ -1148,7 +1148,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     </message>
     <message>
         <source>Reset</source>
-        <translation>पहले जैसा करें</translation>
+        <translation>रीसेट करें</translation>
     </message>
     <message>
         <source>Help</source>
@@ -1166,11 +1166,11 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>तारीख़ भरें।</translation>
     </message>
     <message>
-        <source>You can't insert future Date</source>
-        <translation>आगे की तारीख़ नहीं भर सकते</translation>
+        <source>You can&apos;t insert future Date</source>
+        <translation>भविष्य की तारीख़ नहीं भर सकते</translation>
     </message>
     <message>
-        <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange's daily price file or scrip list.</source>
+        <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange&apos;s daily price file or scrip list.</source>
         <translation>अपेक्षित स्तंभ हैं SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; या SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; या एक्सचेंज की दैनिक भाव फ़ाइल अथवा शेयर सूची के।</translation>
     </message>
 </context>
@@ -1178,7 +1178,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     <name>ReportOutput</name>
     <message>
         <source>Page %1 of %2</source>
-        <translation type="unfinished" />
+        <translation>Page %1 of %2</translation>
     </message>
     <message>
         <source>Writing the pages</source>
@@ -1220,18 +1220,18 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     </message>
     <message>
         <source>Select Script Type.</source>
-        <translation>शेयर का प्रकार चुनें।</translation>
+        <translation>शेयर प्रकार चुनें।</translation>
     </message>
     <message>
         <source>Select Script Class.</source>
-        <translation>शेयर की श्रेणी चुनें।</translation>
+        <translation>शेयर श्रेणी चुनें।</translation>
     </message>
 </context>
 <context>
     <name>Settings</name>
     <message>
-        <source>Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.</source>
-        <translation>640 से 16384 पिक्सेल का रिज़ॉल्यूशन भरें, या स्क्रीन के अपने के लिए 0।</translation>
+        <source>Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen&apos;s own.</source>
+        <translation>640 से 16384 पिक्सेल तक का रिज़ॉल्यूशन भरें, या स्क्रीन का अपना रिज़ॉल्यूशन रखने के लिए 0 भरें।</translation>
     </message>
     <message>
         <source>Enter a Port from 1 to 65535.</source>
@@ -1247,7 +1247,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     </message>
     <message>
         <source>Enter a Web Address such as https://www.example.com, or Nothing.</source>
-        <translation>https://www.example.com जैसा वेब पता भरें, या कुछ नहीं।</translation>
+        <translation>https://www.example.com जैसा वेब पता भरें, या ख़ाली छोड़ें।</translation>
     </message>
     <message>
         <source>The Text is too Long. At Most 250 Letters are Kept.</source>
@@ -1280,15 +1280,15 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     <name>TransactionReport</name>
     <message>
         <source>Reading bills</source>
-        <translation type="unfinished" />
+        <translation>बिल पढ़े जा रहे हैं</translation>
     </message>
     <message>
         <source>Total Payable</source>
-        <translation type="unfinished" />
+        <translation>Total Payable</translation>
     </message>
     <message>
         <source>Total Receivable</source>
-        <translation type="unfinished" />
+        <translation>Total Receivable</translation>
     </message>
 </context>
 <context>
@@ -1322,17 +1322,17 @@ Qunatity of %1 Script Can't be Negative Value.</source>
     </message>
     <message>
         <source>Select Script Name that You want to Transfer.</source>
-        <translation>हस्तांतरित करने वाले शेयर का नाम चुनें।</translation>
+        <translation>जिस शेयर को हस्तांतरित करना है उसका नाम चुनें।</translation>
     </message>
     <message>
         <source>Enter Quantity Greater than Zero.</source>
         <translation>शून्य से अधिक मात्रा भरें।</translation>
     </message>
     <message>
-        <source>You Can't Transfer Scripts More than Balance.
+        <source>You Can&apos;t Transfer Scripts More than Balance.
 Maximum Allowed Value is: %1</source>
         <translation>शेष से अधिक शेयर हस्तांतरित नहीं कर सकते।
-अधिकतम: %1</translation>
+अधिकतम मात्रा: %1</translation>
     </message>
 </context>
 <context>
@@ -1374,7 +1374,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>By hand</source>
-        <translation>हाथ से</translation>
+        <translation>मैनुअल</translation>
     </message>
     <message>
         <source>Verified</source>
@@ -1398,7 +1398,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Made</source>
-        <translation>बना</translation>
+        <translation>बनाया गया</translation>
     </message>
     <message>
         <source>How</source>
@@ -1410,7 +1410,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>Folder</source>
@@ -1445,11 +1445,11 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>&amp;Keep the newest</source>
-        <translation>सबसे नए रखें (&amp;K)</translation>
+        <translation>इनमें से सबसे नए (&amp;K)</translation>
     </message>
     <message>
         <source>of these</source>
-        <translation>इनमें से</translation>
+        <translation>रखें</translation>
     </message>
     <message>
         <source>&amp;Back up now</source>
@@ -1522,7 +1522,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Re&amp;store</source>
-        <translation>पुनर्स्थापना (&amp;S)</translation>
+        <translation>पुनर्स्थापित करें (&amp;S)</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
@@ -1590,7 +1590,7 @@ What it replaced lies in %2.</source>
     <name>quorvane::bills::BillLinePane</name>
     <message>
         <source>F&amp;&amp;O</source>
-        <translation>एफ़ और ओ</translation>
+        <translation>एफ़&amp;&amp;ओ</translation>
     </message>
     <message>
         <source>Sale</source>
@@ -1668,7 +1668,7 @@ What it replaced lies in %2.</source>
         <source>%1
 BSE %2   NSE %3</source>
         <translation>%1
-BSE %2   NSE %3</translation>
+बीएसई %2   एनएसई %3</translation>
     </message>
 </context>
 <context>
@@ -1679,7 +1679,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>S/P</source>
-        <translation>बि/ख़</translation>
+        <translation>S/P</translation>
     </message>
     <message>
         <source>Scrip</source>
@@ -1848,7 +1848,7 @@ BSE %2   NSE %3</translation>
     <name>quorvane::broker_ledger::RptBrokerLedger</name>
     <message>
         <source>Broker Ledger</source>
-        <translation>ब्रोकर खाता</translation>
+        <translation>ब्रोकर खाता बही</translation>
     </message>
     <message>
         <source>Month</source>
@@ -1875,11 +1875,11 @@ BSE %2   NSE %3</translation>
     <name>quorvane::broker_money::FrmBrOpBal</name>
     <message>
         <source>Broker Opening Balance</source>
-        <translation>ब्रोकर प्रारंभिक शेष</translation>
+        <translation>ब्रोकर का प्रारंभिक शेष</translation>
     </message>
     <message>
         <source>Carry &amp;Forward</source>
-        <translation>आगे ले जाएँ (&amp;F)</translation>
+        <translation>आगे लाएँ (&amp;F)</translation>
     </message>
     <message>
         <source>Brings the closing balances of the year before into this year</source>
@@ -1930,7 +1930,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Dra&amp;wn On</source>
-        <translation>बैंक (&amp;W)</translation>
+        <translation>अदाकर्ता बैंक (&amp;W)</translation>
     </message>
     <message>
         <source>Broker Name</source>
@@ -1938,7 +1938,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Transaction Mode</source>
-        <translation>लेनदेन का तरीका</translation>
+        <translation>लेनदेन का तरीक़ा</translation>
     </message>
     <message>
         <source>Amount</source>
@@ -1946,7 +1946,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Payment Mode</source>
-        <translation>भुगतान का तरीका</translation>
+        <translation>भुगतान का तरीक़ा</translation>
     </message>
     <message>
         <source>Cheque No.</source>
@@ -1954,7 +1954,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Drawn On</source>
-        <translation>बैंक</translation>
+        <translation>अदाकर्ता बैंक</translation>
     </message>
     <message>
         <source>Remark</source>
@@ -1962,11 +1962,11 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Transact&amp;ion Mode</source>
-        <translation>लेनदेन का तरीका (&amp;I)</translation>
+        <translation>लेनदेन का तरीक़ा (&amp;I)</translation>
     </message>
     <message>
         <source>Payment Mod&amp;e</source>
-        <translation>भुगतान का तरीका (&amp;E)</translation>
+        <translation>भुगतान का तरीक़ा (&amp;E)</translation>
     </message>
     <message>
         <source>C&amp;heque No.</source>
@@ -2016,27 +2016,27 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>MC</source>
-        <translation type="unfinished" />
+        <translation>MC</translation>
     </message>
     <message>
         <source>MR</source>
-        <translation type="unfinished" />
+        <translation>MR</translation>
     </message>
     <message>
         <source>M+</source>
-        <translation type="unfinished" />
+        <translation>M+</translation>
     </message>
     <message>
         <source>M−</source>
-        <translation type="unfinished" />
+        <translation>M−</translation>
     </message>
     <message>
         <source>C</source>
-        <translation type="unfinished" />
+        <translation>C</translation>
     </message>
     <message>
         <source>CE</source>
-        <translation type="unfinished" />
+        <translation>CE</translation>
     </message>
     <message>
         <source>Finished sums</source>
@@ -2056,7 +2056,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>M %1</source>
-        <translation type="unfinished" />
+        <translation>M %1</translation>
     </message>
     <message>
         <source>The Clipboard Holds no Number.</source>
@@ -2095,7 +2095,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>The figures appear here.</source>
-        <translation>आँकड़े यहाँ दिखते हैं।</translation>
+        <translation>आँकड़े यहाँ दिखेंगे।</translation>
     </message>
     <message>
         <source>Chart</source>
@@ -2110,27 +2110,27 @@ BSE %2   NSE %3</translation>
     <name>quorvane::charts::ChartPictureView</name>
     <message>
         <source>Rs. crore</source>
-        <translation type="unfinished" />
+        <translation>Rs. crore</translation>
     </message>
     <message>
         <source>Rs. lakh</source>
-        <translation type="unfinished" />
+        <translation>Rs. lakh</translation>
     </message>
     <message>
         <source>Rs.</source>
-        <translation type="unfinished" />
+        <translation>Rs.</translation>
     </message>
     <message>
         <source>Chart; the table beside it says the same</source>
-        <translation type="unfinished" />
+        <translation>Chart; the table beside it says the same</translation>
     </message>
     <message>
         <source>There is nothing to draw.</source>
-        <translation type="unfinished" />
+        <translation>There is nothing to draw.</translation>
     </message>
     <message>
         <source>Per cent of the value</source>
-        <translation type="unfinished" />
+        <translation>Per cent of the value</translation>
     </message>
 </context>
 <context>
@@ -2264,7 +2264,7 @@ BSE %2   NSE %3</translation>
         <translation>पृष्ठ %1 / %2</translation>
     </message>
     <message>
-        <source>The Printer can't be Used.</source>
+        <source>The Printer can&apos;t be Used.</source>
         <translation>प्रिंटर का उपयोग नहीं हो सकता।</translation>
     </message>
     <message>
@@ -2391,8 +2391,8 @@ BSE %2   NSE %3</translation>
         <translation>ग्राहक का कोई दस्तावेज़ नहीं है।</translation>
     </message>
     <message>
-        <source>Press "View Document" to see %1.</source>
-        <translation>%1 देखने के लिए "दस्तावेज़ देखें" दबाएँ।</translation>
+        <source>Press &quot;View Document&quot; to see %1.</source>
+        <translation>%1 देखने के लिए &quot;दस्तावेज़ देखें&quot; दबाएँ।</translation>
     </message>
 </context>
 <context>
@@ -2427,7 +2427,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>&amp;Fit to Window</source>
-        <translation>विंडो में समाएँ (&amp;F)</translation>
+        <translation>विंडो में फ़िट करें (&amp;F)</translation>
     </message>
 </context>
 <context>
@@ -2445,7 +2445,7 @@ BSE %2   NSE %3</translation>
     <name>quorvane::controls::DateBox</name>
     <message>
         <source>dd/mm/yyyy</source>
-        <translation type="unfinished" />
+        <translation>dd/mm/yyyy</translation>
     </message>
     <message>
         <source>Enter Proper Date.</source>
@@ -2467,7 +2467,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Not ticked</source>
-        <translation>नहीं चुना हुआ</translation>
+        <translation>चुना नहीं है</translation>
     </message>
 </context>
 <context>
@@ -2502,7 +2502,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Alt+%1</source>
-        <translation type="unfinished" />
+        <translation>Alt+%1</translation>
     </message>
     <message>
         <source>Are You Sure, You want to Delete this Record?</source>
@@ -2600,7 +2600,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Kept on</source>
-        <translation>रखा गया</translation>
+        <translation>रखने की तारीख़</translation>
     </message>
     <message>
         <source>Size</source>
@@ -2620,7 +2620,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>missing</source>
-        <translation>नहीं है</translation>
+        <translation>मौजूद नहीं</translation>
     </message>
     <message>
         <source>No client has a document.</source>
@@ -2639,15 +2639,15 @@ BSE %2   NSE %3</translation>
     <name>quorvane::imports::ImpScrMaster</name>
     <message>
         <source>New</source>
-        <translation>नए</translation>
+        <translation>नया</translation>
     </message>
     <message>
         <source>Changed</source>
-        <translation>बदले</translation>
+        <translation>बदला हुआ</translation>
     </message>
     <message>
         <source>Unchanged</source>
-        <translation>वैसे ही</translation>
+        <translation>अपरिवर्तित</translation>
     </message>
     <message>
         <source>Import Script Master</source>
@@ -2659,7 +2659,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>From &amp;File ...</source>
-        <translation>फ़ाइल से  (&amp;F)...</translation>
+        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>A scrip list or a daily price file: .xls, .xlsx, .ods, .csv or .zip</source>
@@ -2670,12 +2670,12 @@ BSE %2   NSE %3</translation>
         <translation>एक्सचेंज से (&amp;E)</translation>
     </message>
     <message>
-        <source>The Bombay exchange's newest daily price file</source>
+        <source>The Bombay exchange&apos;s newest daily price file</source>
         <translation>बंबई एक्सचेंज की सबसे नई दैनिक भाव फ़ाइल</translation>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>All rows</source>
@@ -2687,11 +2687,11 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Changed scrips</source>
-        <translation>बदले शेयर</translation>
+        <translation>बदले हुए शेयर</translation>
     </message>
     <message>
         <source>Unchanged scrips</source>
-        <translation>वैसे ही शेयर</translation>
+        <translation>अपरिवर्तित शेयर</translation>
     </message>
     <message>
         <source>Choose a file, or fetch the newest daily price file.</source>
@@ -2711,7 +2711,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>%1 scrips: %2 new, %3 changed, %4 unchanged.</source>
-        <translation>%1 शेयर: %2 नए, %3 बदले, %4 वैसे ही।</translation>
+        <translation>%1 शेयर: %2 नए, %3 बदले हुए, %4 अपरिवर्तित।</translation>
     </message>
     <message>
         <source> %1 rows of other series or markets are left out.</source>
@@ -2762,7 +2762,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>From &amp;File ...</source>
-        <translation>फ़ाइल से  (&amp;F)...</translation>
+        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>A daily price file of an exchange: .csv, .xls, .xlsx, .ods or .zip</source>
@@ -2782,7 +2782,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>The newest prices of the scrips that moved most at the Bombay exchange</source>
-        <translation>बंबई एक्सचेंज में सबसे अधिक बदले शेयरों के नए भाव</translation>
+        <translation>बंबई एक्सचेंज में जिन शेयरों के भाव सबसे अधिक बदले, उनके सबसे नए भाव</translation>
     </message>
     <message>
         <source>Code</source>
@@ -2790,7 +2790,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Ncode</source>
-        <translation type="unfinished" />
+        <translation>दूसरा कोड</translation>
     </message>
     <message>
         <source>Name</source>
@@ -2806,7 +2806,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Stored Rate</source>
-        <translation>सहेजा भाव</translation>
+        <translation>सहेजा हुआ भाव</translation>
     </message>
     <message>
         <source>Rate</source>
@@ -2842,7 +2842,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source> Rows of the file: %1 matched, %2 without a scrip.</source>
-        <translation> फ़ाइल की पंक्तियाँ: %1 मिलीं, %2 बिना शेयर।</translation>
+        <translation> फ़ाइल की पंक्तियाँ: %1 मिलीं, %2 बिना शेयर की।</translation>
     </message>
     <message>
         <source>Update Successfully!</source>
@@ -2942,7 +2942,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Ncode</source>
-        <translation type="unfinished" />
+        <translation>दूसरा कोड</translation>
     </message>
     <message>
         <source>Rate</source>
@@ -2950,7 +2950,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>ScrCls</source>
-        <translation type="unfinished" />
+        <translation>श्रेणी</translation>
     </message>
     <message>
         <source>Dates</source>
@@ -3014,7 +3014,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>%1 rates were read; %2 lines of the file belong to no script. Press Update to keep them.</source>
-        <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। रखने के लिए सहेजें दबाएँ।</translation>
+        <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
     </message>
 </context>
 <context>
@@ -3044,7 +3044,7 @@ BSE %2   NSE %3</translation>
         <translation>इस दिन के भाव</translation>
     </message>
     <message>
-        <source>The day of a valuation and of its rates; empty: the period's last day</source>
+        <source>The day of a valuation and of its rates; empty: the period&apos;s last day</source>
         <translation>मूल्यांकन और उसके भावों का दिन; ख़ाली: अवधि का अंतिम दिन</translation>
     </message>
     <message>
@@ -3176,7 +3176,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Cid</source>
-        <translation type="unfinished" />
+        <translation>ग्राहक आईडी</translation>
     </message>
     <message>
         <source>Scrips</source>
@@ -3207,7 +3207,7 @@ BSE %2   NSE %3</translation>
     <name>quorvane::opening_stock::FrmStkOpBalance</name>
     <message>
         <source>Stock Opening Balance</source>
-        <translation>स्टॉक प्रारंभिक शेष</translation>
+        <translation>स्टॉक का प्रारंभिक शेष</translation>
     </message>
     <message>
         <source>&amp;Script Name</source>
@@ -3219,7 +3219,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>F&amp;&amp;O</source>
-        <translation>एफ़ और ओ</translation>
+        <translation>एफ़&amp;&amp;ओ</translation>
     </message>
     <message>
         <source>Futures and options</source>
@@ -3251,7 +3251,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Carry &amp;Forward</source>
-        <translation>आगे ले जाएँ (&amp;F)</translation>
+        <translation>आगे लाएँ (&amp;F)</translation>
     </message>
     <message>
         <source>Brings the lots left of the year before into this year</source>
@@ -3365,7 +3365,7 @@ BSE %2   NSE %3</translation>
     <name>quorvane::profit::RptProfitStatement</name>
     <message>
         <source>Capital Gain Statement</source>
-        <translation>पूँजी लाभ विवरण</translation>
+        <translation>पूँजीगत लाभ विवरण</translation>
     </message>
     <message>
         <source>Profit Statement</source>
@@ -3405,7 +3405,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Non F &amp;&amp; O</source>
-        <translation>बिना एफ़ &amp;&amp; ओ</translation>
+        <translation>ग़ैर-एफ़ &amp;&amp; ओ</translation>
     </message>
     <message>
         <source>All</source>
@@ -3433,11 +3433,11 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>S.T.T.</source>
-        <translation>एस.टी.टी.</translation>
+        <translation>एस.टी.टी. सहित</translation>
     </message>
     <message>
         <source>Gains</source>
-        <translation>पूँजी लाभ</translation>
+        <translation>लाभ</translation>
     </message>
     <message>
         <source>Both</source>
@@ -3477,7 +3477,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Export &amp;Capital Gain</source>
-        <translation>पूँजी लाभ निर्यात (&amp;C)</translation>
+        <translation>पूँजीगत लाभ निर्यात (&amp;C)</translation>
     </message>
     <message>
         <source>Select Demat A/c!</source>
@@ -3489,7 +3489,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Do You Want to Show Unsold Quantity Also?</source>
-        <translation>क्या आप न बिकी मात्रा भी दिखाना चाहते हैं?</translation>
+        <translation>क्या आप अनबिकी मात्रा भी दिखाना चाहते हैं?</translation>
     </message>
     <message>
         <source>No Record Found.</source>
@@ -3505,7 +3505,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Financial Year : </source>
-        <translation type="unfinished" />
+        <translation>Financial Year : </translation>
     </message>
 </context>
 <context>
@@ -3555,7 +3555,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>%1 rows name a record of %2 (%3) that is not there.</source>
-        <translation>%1 पंक्तियाँ %2 (%3) के ऐसे रिकॉर्ड का नाम लेती हैं जो नहीं है।</translation>
+        <translation>%1 पंक्तियाँ %2 (%3) के ऐसे रिकॉर्ड का उल्लेख करती हैं जो मौजूद नहीं है।</translation>
     </message>
     <message>
         <source>the lot stands twice</source>
@@ -3567,7 +3567,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>%1, %2, account %3, scrip %4 at %5: the ledger holds %6, %7.</source>
-        <translation>%1, %2, खाता %3, शेयर %4, भाव %5: खाते में %6, %7।</translation>
+        <translation>%1, %2, खाता %3, शेयर %4, भाव %5: खाता बही में %6, %7।</translation>
     </message>
     <message>
         <source>Refresh Data</source>
@@ -3579,7 +3579,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Findings</source>
-        <translation>निष्कर्ष</translation>
+        <translation>जाँच के परिणाम</translation>
     </message>
     <message>
         <source>Table</source>
@@ -3591,7 +3591,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>What was found</source>
@@ -3607,7 +3607,7 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>Computes the holdings of every client and year anew</source>
-        <translation>हर ग्राहक और वर्ष की होल्डिंग फिर से गिनता है</translation>
+        <translation>हर ग्राहक और वर्ष की होल्डिंग की गणना फिर से करता है</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
@@ -3618,8 +3618,8 @@ BSE %2   NSE %3</translation>
         <translation>कुछ ग़लत है। सबसे पहले बैकअप लें।</translation>
     </message>
     <message>
-        <source>Something is wrong. "Update Stock" mends the holdings.</source>
-        <translation>कुछ ग़लत है। "स्टॉक अद्यतन" होल्डिंग ठीक करता है।</translation>
+        <source>Something is wrong. &quot;Update Stock&quot; mends the holdings.</source>
+        <translation>कुछ ग़लत है। &quot;स्टॉक अद्यतन&quot; होल्डिंग ठीक करता है।</translation>
     </message>
     <message>
         <source>All tables are in order, and every holding agrees with its documents.</source>
@@ -3627,39 +3627,39 @@ BSE %2   NSE %3</translation>
     </message>
     <message>
         <source>All tables are in order, and every holding agrees with its documents. Some records name others that are not there; see the notes.</source>
-        <translation>सभी तालिकाएँ ठीक हैं, और हर होल्डिंग अपने दस्तावेज़ों से मेल खाती है। कुछ रिकॉर्ड ऐसे रिकॉर्ड का नाम लेते हैं जो नहीं हैं; टिप्पणियाँ देखें।</translation>
+        <translation>सभी तालिकाएँ ठीक हैं, और हर होल्डिंग अपने दस्तावेज़ों से मेल खाती है। कुछ रिकॉर्ड ऐसे रिकॉर्ड का उल्लेख करते हैं जो मौजूद नहीं हैं; टिप्पणियाँ देखें।</translation>
     </message>
     <message>
         <source>The holdings of every client and year are computed anew from opening stock, bills and transfers. Go on?</source>
-        <translation>हर ग्राहक और वर्ष की होल्डिंग प्रारंभिक स्टॉक, बिल और हस्तांतरण से फिर गिनी जाएगी। आगे बढ़ें?</translation>
+        <translation>हर ग्राहक और वर्ष की होल्डिंग की गणना प्रारंभिक स्टॉक, बिल और हस्तांतरण से फिर की जाएगी। आगे बढ़ें?</translation>
     </message>
     <message>
         <source>Stock is Updated Successfully !!!
 Lots changed: %1</source>
         <translation>स्टॉक सफलतापूर्वक अद्यतन हुआ !!!
-बदले लॉट: %1</translation>
+बदले हुए लॉट: %1</translation>
     </message>
 </context>
 <context>
     <name>quorvane::report::MonthsPane</name>
     <message>
         <source>From &amp;Month :</source>
-        <translation>महीने से : (&amp;M)</translation>
+        <translation>महीने से (&amp;M) :</translation>
     </message>
     <message>
         <source>To Mo&amp;nth :</source>
-        <translation>महीने तक : (&amp;N)</translation>
+        <translation>महीने तक (&amp;N) :</translation>
     </message>
 </context>
 <context>
     <name>quorvane::report::PreviewWindow</name>
     <message>
         <source>Fit Width</source>
-        <translation>चौड़ाई में समाएँ</translation>
+        <translation>चौड़ाई में फ़िट करें</translation>
     </message>
     <message>
         <source>Fit Page</source>
-        <translation>पृष्ठ समाएँ</translation>
+        <translation>पृष्ठ फ़िट करें</translation>
     </message>
     <message>
         <source>Pages</source>
@@ -3703,7 +3703,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>Smaller</source>
-        <translation>छोटा</translation>
+        <translation>छोटा करें</translation>
     </message>
     <message>
         <source>Zoom</source>
@@ -3711,7 +3711,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>Larger</source>
-        <translation>बड़ा</translation>
+        <translation>बड़ा करें</translation>
     </message>
     <message>
         <source>Find</source>
@@ -3758,7 +3758,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>The report appears here.</source>
-        <translation>रिपोर्ट यहाँ दिखती है।</translation>
+        <translation>रिपोर्ट यहाँ दिखेगी।</translation>
     </message>
     <message>
         <source>Pages, Word, Excel, PDF and CSV</source>
@@ -3790,19 +3790,19 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>From</source>
-        <translation>से</translation>
+        <translation>तारीख़ से</translation>
     </message>
     <message>
         <source>To</source>
-        <translation>तक</translation>
+        <translation>तारीख़ तक</translation>
     </message>
     <message>
         <source>&amp;From</source>
-        <translation>से (&amp;F)</translation>
+        <translation>तारीख़ से (&amp;F)</translation>
     </message>
     <message>
         <source>&amp;To</source>
-        <translation>तक (&amp;T)</translation>
+        <translation>तारीख़ तक (&amp;T)</translation>
     </message>
     <message>
         <source>Period</source>
@@ -3896,7 +3896,7 @@ Lots changed: %1</source>
     <name>quorvane::settings::DatabaseTrial</name>
     <message>
         <source>The Server Gives no Answer.</source>
-        <translation>सर्वर उत्तर नहीं देता।</translation>
+        <translation>सर्वर से उत्तर नहीं मिला।</translation>
     </message>
 </context>
 <context>
@@ -4002,7 +4002,7 @@ Lots changed: %1</source>
         <translation>स्क्रीन सेटिंग</translation>
     </message>
     <message>
-        <source>The program's &amp;own database</source>
+        <source>The program&apos;s &amp;own database</source>
         <translation>प्रोग्राम का अपना डेटाबेस (&amp;O)</translation>
     </message>
     <message>
@@ -4091,14 +4091,14 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>An empty address is never asked.</source>
-        <translation>ख़ाली पते से कभी नहीं पूछा जाता।</translation>
+        <translation>पता ख़ाली हो तो वहाँ से कुछ नहीं मँगाया जाता।</translation>
     </message>
     <message>
         <source>Default &amp;printer</source>
-        <translation>मुख्य प्रिंटर (&amp;P)</translation>
+        <translation>डिफ़ॉल्ट प्रिंटर (&amp;P)</translation>
     </message>
     <message>
-        <source>The desktop's own</source>
+        <source>The desktop&apos;s own</source>
         <translation>डेस्कटॉप का अपना</translation>
     </message>
     <message>
@@ -4107,7 +4107,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>Every print dialog begins with them.</source>
-        <translation>छपाई का हर संवाद इनसे शुरू होता है।</translation>
+        <translation>हर प्रिंट डायलॉग इन्हीं के साथ खुलता है।</translation>
     </message>
     <message>
         <source>&amp;Save</source>
@@ -4127,11 +4127,11 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>The settings are saved. The other database is used when the program is started the next time.</source>
-        <translation>सेटिंग सहेजी गई। दूसरा डेटाबेस प्रोग्राम के अगली बार शुरू होने पर उपयोग होगा।</translation>
+        <translation>सेटिंग सहेजी गईं। प्रोग्राम के अगली बार शुरू होने पर दूसरा डेटाबेस काम में आएगा।</translation>
     </message>
     <message>
         <source>The settings are saved.</source>
-        <translation>सेटिंग सहेजी गई।</translation>
+        <translation>सेटिंग सहेजी गईं।</translation>
     </message>
     <message>
         <source>The Settings were Changed. Close without Saving them?</source>
@@ -4158,7 +4158,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>To</source>
-        <translation>तक</translation>
+        <translation>गंतव्य</translation>
     </message>
     <message>
         <source>To D&amp;emat A/c</source>
@@ -4258,12 +4258,12 @@ Lots changed: %1</source>
         <translation>%1 पहले से चल रहा है।</translation>
     </message>
     <message>
-        <source>Couldn't start %1. Expected the program as %2.</source>
+        <source>Couldn&apos;t start %1. Expected the program as %2.</source>
         <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
     </message>
     <message>
         <source>This is %1.
-The program never goes to the internet by itself for another release; your supplier's page has the newest one.</source>
+The program never goes to the internet by itself for another release; your supplier&apos;s page has the newest one.</source>
         <translation>यह %1 है।
 प्रोग्राम नए संस्करण के लिए अपने आप इंटरनेट पर नहीं जाता; नया संस्करण आपके आपूर्तिकर्ता के पृष्ठ पर है।</translation>
     </message>
@@ -4302,7 +4302,7 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>बाज़ार भाव का प्रोग्राम सामने लाता है</translation>
     </message>
     <message>
-        <source>Couldn't find Window %1</source>
+        <source>Couldn&apos;t find Window %1</source>
         <translation>विंडो %1 नहीं मिली</translation>
     </message>
     <message>

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the translations: places for values and access keys are those of the source, nothing is
-half done, and no report speaks anything but English. Usage: translations.py SOURCE_ROOT"""
+"""Checks the translations: every text is finished, places for values and access keys are those of
+the source, and no report speaks anything but English. Usage: translations.py SOURCE_ROOT"""
 
 import pathlib
 import re
@@ -9,20 +9,27 @@ import xml.etree.ElementTree as ET
 
 # What these say stands in reports, which users file.
 REPORTS = {"BrokerLedger", "MisReport", "Statement", "quorvane::charts::ChartPictureView"}
-PLACE = re.compile(r"%\d")
-ACCESS_KEY = re.compile(r"&(?!&)\w", re.UNICODE)
+REPORT_TEXTS = {("ReportOutput", "Page %1 of %2"), ("TransactionReport", "Total Payable"),
+                ("TransactionReport", "Total Receivable"),
+                ("quorvane::profit::RptProfitStatement", "Financial Year : ")}
+PLACE = re.compile(r"%L?\d+|%n|\{\w*\}")
+ACCESS_KEY = re.compile(r"&(\w)")
+
+
+def access_keys(text):
+    return [] if text == "F&O" else ACCESS_KEY.findall(text.replace("&&", "").upper())
 
 
 def faults(context, source, translation):
     if sorted(PLACE.findall(source)) != sorted(PLACE.findall(translation)):
         yield "has other places for values"
-    if bool(ACCESS_KEY.search(source.replace("&&", ""))) != ("(&" in translation) and source != "F&O":
-        yield "gains or loses its access key"
+    if access_keys(source) != re.findall(r"\(&(\w)\)", translation):
+        yield "has another access key"
     if source.endswith("...") != translation.endswith("..."):
         yield "gains or loses its dots"
     if source.count("\n") != translation.count("\n"):
         yield "has other lines"
-    if context in REPORTS:
+    if (context in REPORTS or (context, source) in REPORT_TEXTS) and translation != source:
         yield "stands in a report"
 
 
@@ -33,13 +40,13 @@ def check(root):
             name = context.findtext("name")
             for message in context.findall("message"):
                 source, translation = message.findtext("source"), message.find("translation")
-                if not translation.text:
-                    continue
+                forms = [form.text for form in translation.findall("numerusform")]
+                forms = forms or [translation.text]
                 count += 1
-                if translation.get("type"):
+                if translation.get("type") or not all(forms):
                     errors.append(f"{file.name}: {name}: {source!r} is not finished")
-                errors += [f"{file.name}: {name}: {source!r} {fault}"
-                           for fault in faults(name, source, translation.text)]
+                errors += [f"{file.name}: {name}: {source!r} {fault}" for form in forms if form
+                           for fault in faults(name, source, form)]
     return errors if count else ["no translation was found"]
 
 

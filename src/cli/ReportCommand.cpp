@@ -83,6 +83,9 @@ Scope ScopeOf(const ScopeOptions& options, const lookups::Directory& directory) 
   if (!options.to.empty()) {
     scope.period.to = DateOf("--to", options.to);
   }
+  if (const auto outside = report::RefuseOutside(scope.period, year)) {
+    throw Refused(outside->text.toStdString());
+  }
   if (scope.period.from > scope.period.to) {
     throw Refused("From Date Can't be Greater than To Date.");
   }
@@ -119,13 +122,18 @@ ReportOutput::ReportOutput(Context& context, const OutputOptions& options, bool 
   }
 }
 
-std::string ReportOutput::PathOf(const std::string& name) const {
+// Codes that differ only in letters which no file name may have are told apart by a number.
+std::string ReportOutput::PathOf(const std::string& name) {
   if (!several_) {
     return options_.out;
   }
   QDir().mkpath(QString::fromStdString(options_.out));
   const QString stem = report::FileStem({QString::fromStdString(name)});
-  return options_.out + "/" + (stem + report::ExtensionOf(options_.Format())).toStdString();
+  QString free = stem;
+  for (int number = 2; !names_.insert(free.toCaseFolded()).second; ++number) {
+    free = QStringLiteral("%1 (%2)").arg(stem).arg(number);
+  }
+  return options_.out + "/" + (free + report::ExtensionOf(options_.Format())).toStdString();
 }
 
 void ReportOutput::Take(const report::ReportDocument& document, const std::string& name) {

@@ -6,6 +6,7 @@
 #include "reports/period/Period.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -76,12 +77,13 @@ class ReportOutput {
   bool IsFirst() const { return taken_ == 0; }
 
  private:
-  std::string PathOf(const std::string& name) const;
+  std::string PathOf(const std::string& name);
 
   Context& context_;
   const OutputOptions& options_;
   bool several_;
   int taken_ = 0;
+  std::set<QString> names_;  ///< of the files written, in small letters
 };
 
 }  // namespace quorvane::cli

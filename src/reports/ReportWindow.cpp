@@ -301,6 +301,15 @@ MaybeRefusal ReportWindow::RefuseWithoutTick(const Grid& grid, const QString& te
   return grid.Model().TickedIds().empty() ? MaybeRefusal({text, grid.objectName()}) : std::nullopt;
 }
 
+MaybeRefusal ReportWindow::RefuseWithoutAccount(const Grid& grid) {
+  return grid.Model().RowCount() == 0 ? std::nullopt
+                                      : RefuseWithoutTick(grid, tr("Select Demat A/c!"));
+}
+
+std::vector<AccountId> ReportWindow::ChosenAccounts(const Grid& grid) {
+  return grid.Model().AllTicked() ? std::vector<AccountId>() : Ticked<AccountId>(grid);
+}
+
 ZENButton* ReportWindow::AddButton(const QString& name, const QString& caption) {
   auto* button = new ZENButton(name, caption);
   buttons_->insertWidget(buttons_->indexOf(CmdReport), button);

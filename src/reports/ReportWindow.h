@@ -40,7 +40,7 @@ class MonthsPane;
 ///       Start();
 ///     }
 ///     MaybeRefusal RptDMatStatement::CheckSelection() {
-///       return RefuseWithoutTick(*VSF, tr("Select Demat A/c!"));
+///       return RefuseWithoutAccount(*VSF);
 ///     }
 ///     std::optional<ReportDocument> RptDMatStatement::BuildDocument(Progress& progress) {
 ///       return demat::MakeStatement(*Session().connection, QueryOf(ThePeriod(), *VSF), progress);
@@ -119,6 +119,14 @@ class ReportWindow : public controls::ChildWindow {
     }
     return ids;
   }
+
+  /// "Select Demat A/c!" while no account of a client that has some is ticked. A client without
+  /// accounts may have bills, which then have none either.
+  static MaybeRefusal RefuseWithoutAccount(const controls::Grid& grid);
+
+  /// The ticked accounts. Empty, which means every account, when all are: then bills that were
+  /// entered without an account count as well.
+  static std::vector<AccountId> ChosenAccounts(const controls::Grid& grid);
 
   /// A button of the window's own, before `CmdReport`.
   controls::ZENButton* AddButton(const QString& name, const QString& caption);

@@ -80,19 +80,15 @@ void RptDMatStatement::OptDemat_Click(int index) {
   }
 }
 
-// A client without accounts may have bills, which then have none either.
 MaybeRefusal RptDMatStatement::CheckSelection() {
-  return VSF->Model().RowCount() == 0 ? std::nullopt
-                                      : RefuseWithoutTick(*VSF, tr("Select Demat A/c!"));
-}
-
-// With all of them ticked, bills that were entered without an account count as well.
-std::vector<AccountId> RptDMatStatement::ChosenAccounts() const {
-  return VSF->Model().AllTicked() ? std::vector<AccountId>() : Ticked<AccountId>(*VSF);
+  if (MaybeRefusal refusal = RefuseWithoutAccount(*VSF)) {
+    return refusal;
+  }
+  return report::RefuseOutside(ThePeriod(), Current()->year);
 }
 
 StatementQuery RptDMatStatement::QueryOfStatement() const {
-  return {Current()->client, Current()->year, ThePeriod(), ChosenAccounts(), {}};
+  return {Current()->client, Current()->year, ThePeriod(), ChosenAccounts(*VSF), {}};
 }
 
 TransactionLayout RptDMatStatement::ChosenLayout() const {
@@ -104,7 +100,7 @@ TransactionQuery RptDMatStatement::QueryOfTransactions() const {
   const TransactionLayout layout = ChosenLayout();
   const bool account_wise =
       layout == TransactionLayout::kDetailed && OptDemat.Index() == kAccountWise;
-  return {Current()->client, Current()->year, ThePeriod(), ChosenAccounts(), {}, layout,
+  return {Current()->client, Current()->year, ThePeriod(), ChosenAccounts(*VSF), {}, layout,
           account_wise};
 }
 

@@ -27,7 +27,6 @@ class RptDMatStatement : public report::ReportWindow {
 
   static Mode ModeOf(const QString& target);
   void BuildOptions();
-  std::vector<AccountId> ChosenAccounts() const;
   StatementQuery QueryOfStatement() const;
   TransactionQuery QueryOfTransactions() const;
   TransactionLayout ChosenLayout() const;

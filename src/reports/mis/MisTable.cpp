@@ -118,7 +118,8 @@ class TableBuilder {
       case Level::kGroup:
         return Tr("GROUP NAME- ") + name;
       case Level::kAccount:
-        return Tr("Demat A/c No - ") + name + OwnerOf(holding);
+        return (holding.account ? Tr("Demat A/c No - ") + name : Tr("Without Demat A/c")) +
+               OwnerOf(holding);
       case Level::kScrip:
         return name + form_.Mark(holding.scrip);
       case Level::kClient:

@@ -233,11 +233,8 @@ void RptVariousReport::RatesChosen(const QString& date) {
 // What happened outside of the year is in no document of the year.
 MaybeRefusal RptVariousReport::CheckDays() const {
   const text::FinancialYear year = *PeriodYear();
-  const QString outside = tr("The date lies outside the financial year %1.").arg(year.Text());
-  const report::Period period = ThePeriod();
-  if (!year.Contains(period.from) || !year.Contains(period.to)) {
-    return Refusal{outside,
-                   QLatin1String(year.Contains(period.from) ? report::kToBox : report::kFromBox)};
+  if (MaybeRefusal refusal = report::RefuseOutside(ThePeriod(), year)) {
+    return refusal;
   }
   if (Text3->text().trimmed().isEmpty()) {
     return std::nullopt;
@@ -246,7 +243,11 @@ MaybeRefusal RptVariousReport::CheckDays() const {
   if (!date) {
     return Refusal{tr("Enter Proper Date."), QLatin1String(kRateDateBox)};
   }
-  return year.Contains(*date) ? MaybeRefusal() : Refusal{outside, QLatin1String(kRateDateBox)};
+  MaybeRefusal outside = report::RefuseOutside({*date, *date}, year);
+  if (outside) {
+    outside->field = QLatin1String(kRateDateBox);
+  }
+  return outside;
 }
 
 MaybeRefusal RptVariousReport::CheckSelection() {

@@ -218,8 +218,11 @@ MaybeRefusal SelectionPane::Check() const {
   if (MaybeRefusal refusal = RefuseWithoutTick(*VSC, tr("Select Client!"))) {
     return refusal;
   }
-  if (MaybeRefusal refusal = RefuseWithoutTick(*VSD, tr("Select Demat A/c!"))) {
-    return refusal;
+  // Clients without accounts may have bills, which then have none either.
+  if (VSD->Model().RowCount() > 0) {
+    if (MaybeRefusal refusal = RefuseWithoutTick(*VSD, tr("Select Demat A/c!"))) {
+      return refusal;
+    }
   }
   return RefuseWithoutTick(*VSS, tr("Select Script Name!"));
 }
@@ -228,7 +231,7 @@ std::vector<ClientId> SelectionPane::Clients() const {
   return TickedIn<ClientId>(*VSC);
 }
 std::vector<AccountId> SelectionPane::Accounts() const {
-  return TickedIn<AccountId>(*VSD);
+  return VSD->Model().AllTicked() ? std::vector<AccountId>() : TickedIn<AccountId>(*VSD);
 }
 std::vector<ScripId> SelectionPane::Scrips() const {
   return TickedIn<ScripId>(*VSS);

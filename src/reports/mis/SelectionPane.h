@@ -35,6 +35,8 @@ class SelectionPane : public QWidget {
   MaybeRefusal Check() const;
 
   std::vector<ClientId> Clients() const;
+  /// Empty, which means every account of the clients, when all are ticked: then bills that were
+  /// entered without an account count as well.
   std::vector<AccountId> Accounts() const;
   std::vector<ScripId> Scrips() const;
 

@@ -12,7 +12,10 @@ constexpr std::size_t kLongestBlock = 8;  // rows that are kept together at most
 class Pager {
  public:
   Pager(const ReportDocument& document, Typesetter& typesetter, PageLayout& layout)
-      : document_(document), layout_(layout), line_(typesetter.LineHeight()) {}
+      : document_(document),
+        typesetter_(typesetter),
+        layout_(layout),
+        line_(typesetter.LineHeight()) {}
 
   void Run() {
     NewPage();
@@ -21,8 +24,7 @@ class Pager {
       AddTable(i);
     }
     if (!document_.notes.isEmpty()) {
-      const double height =
-          kTableGap + static_cast<double>(document_.notes.size()) * line_ * layout_.type;
+      const double height = kTableGap + HeightOf(document_.notes, Face::kRegular, layout_.type);
       BreakUnless(height);
       Add(ItemKind::kNotes, 0, 0, height);
     }
@@ -30,8 +32,16 @@ class Pager {
 
  private:
   double TitlesHeight() const {
-    const auto others = static_cast<double>(document_.titles.size() - 1);
-    return document_.titles.isEmpty() ? 0 : (kTitleSize + others * kSubtitleSize) * line_;
+    return HeightOf(document_.titles.mid(0, 1), Face::kBold, kTitleSize) +
+           HeightOf(document_.titles.mid(1), Face::kRegular, kSubtitleSize);
+  }
+
+  double HeightOf(const QStringList& texts, Face face, double size) const {
+    double height = 0;
+    for (const QString& text : texts) {
+      height += TextHeight(typesetter_, text, face, size, layout_.Room());
+    }
+    return height;
   }
 
   double Bottom() const { return layout_.page.height - kBottomMargin; }
@@ -61,8 +71,7 @@ class Pager {
   void AddTable(std::uint32_t index) {
     const Table& table = document_.tables[index];
     const TableShape& shape = layout_.tables[index];
-    const double titles =
-        kTableGap + static_cast<double>(table.titles.size()) * line_ * kSubtitleSize;
+    const double titles = kTableGap + HeightOf(table.titles, Face::kBold, kSubtitleSize);
     const double headings = shape.groups_height + shape.headings_height;
     BreakUnless(titles + headings + (table.rows.empty() ? 0 : BlockHeight(index, 0)));
     Add(ItemKind::kTableTitles, index, 0, titles);
@@ -106,6 +115,7 @@ class Pager {
   }
 
   const ReportDocument& document_;
+  Typesetter& typesetter_;
   PageLayout& layout_;
   double line_;
   double at_ = 0;
@@ -130,6 +140,11 @@ double TextLeft(const Table& table, const TableShape& shape, std::size_t column)
 
 double RoomOf(const Table& table, const TableShape& shape, std::size_t column) {
   return shape.lefts[column + 1] - kCellGap - TextLeft(table, shape, column);
+}
+
+double TextHeight(Typesetter& typesetter, const QString& text, Face face, double size,
+                  double room) {
+  return typesetter.Lines(text.toStdString(), face, room / size) * typesetter.LineHeight() * size;
 }
 
 PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress) {

@@ -64,6 +64,9 @@ bool StandsApart(const Table& table, std::size_t column);
 double TextLeft(const Table& table, const TableShape& shape, std::size_t column);
 double RoomOf(const Table& table, const TableShape& shape, std::size_t column);
 
+/// Height in points of a text that is broken into lines of `room` points.
+double TextHeight(Typesetter& typesetter, const QString& text, Face face, double size, double room);
+
 /// Lays the report out. Throws Cancellation.
 PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress);
 

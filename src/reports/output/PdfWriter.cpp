@@ -40,6 +40,7 @@ class PagePainter {
               cairo_t* page)
       : document_(document), layout_(layout), typesetter_(typesetter), page_(page) {
     typesetter_.SetSize(layout.type);
+    SetRunningHead();
   }
 
   void Paint(std::size_t number) {
@@ -71,13 +72,17 @@ class PagePainter {
     }
   }
 
+  double HeightOf(const QString& text, Face face, double size) {
+    return TextHeight(typesetter_, text, face, size, layout_.Room());
+  }
+
   void PaintTitles(double top) {
     double size = kTitleSize;
     Face face = Face::kBold;
     for (const QString& title : document_.titles) {
       typesetter_.Draw(page_, title.toStdString(), face, size, layout_.Left(), top, layout_.Room(),
                        Alignment::kCentre);
-      top += size * typesetter_.LineHeight();
+      top += HeightOf(title, face, size);
       size = kSubtitleSize;
       face = Face::kRegular;
     }
@@ -90,7 +95,7 @@ class PagePainter {
     for (const QString& title : table.titles) {
       typesetter_.Draw(page_, title.toStdString(), Face::kBold, kSubtitleSize, left, top,
                        layout_.Room(), Alignment::kLeft);
-      top += kSubtitleSize * typesetter_.LineHeight();
+      top += HeightOf(title, Face::kBold, kSubtitleSize);
     }
   }
 
@@ -100,7 +105,7 @@ class PagePainter {
     for (const QString& note : document_.notes) {
       typesetter_.Draw(page_, note.toStdString(), Face::kRegular, layout_.type, layout_.Left(), top,
                        layout_.Room(), Alignment::kLeft);
-      top += layout_.type * typesetter_.LineHeight();
+      top += HeightOf(note, Face::kRegular, layout_.type);
     }
   }
 
@@ -203,7 +208,7 @@ class PagePainter {
                      layout_.Left(), layout_.page.height - kFootOffset, layout_.Room(),
                      Alignment::kCentre);
     if (number > 0) {
-      typesetter_.Draw(page_, RunningHead(), Face::kRegular, kRunningHeadSize, layout_.Left(),
+      typesetter_.Draw(page_, running_head_, Face::kRegular, kRunningHeadSize, layout_.Left(),
                        kTopMargin - 2, layout_.Room(), Alignment::kLeft);
     }
   }
@@ -215,8 +220,16 @@ class PagePainter {
         .toStdString();
   }
 
-  std::string RunningHead() const {
-    return document_.titles.join(QStringLiteral("  \u00b7  ")).toStdString();
+  // The place above later pages is one line high.
+  void SetRunningHead() {
+    QString head = document_.titles.join(QStringLiteral("  \u00b7  "));
+    const QChar ellipsis(0x2026);
+    running_head_ = head.toStdString();
+    while (!head.isEmpty() &&
+           typesetter_.Width(running_head_, Face::kRegular) * kRunningHeadSize > layout_.Room()) {
+      head.chop(1);
+      running_head_ = (head + ellipsis).toStdString();
+    }
   }
 
   void Ink(double gray) { cairo_set_source_rgb(page_, gray, gray, gray); }
@@ -242,6 +255,7 @@ class PagePainter {
   Typesetter& typesetter_;
   cairo_t* page_;
   std::string text_;
+  std::string running_head_;
 };
 
 void CheckSink(const Sink& sink, cairo_surface_t* surface) {

@@ -33,6 +33,15 @@ std::variant<Period, Refusal> ReadPeriod(const QString& from, const QString& to)
   return Period{*first, *last};
 }
 
+MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year) {
+  const bool from_is_in = year.Contains(period.from);
+  if (from_is_in && year.Contains(period.to)) {
+    return std::nullopt;
+  }
+  return Refusal{Tr("The date lies outside the financial year %1.").arg(year.Text()),
+                 QLatin1String(from_is_in ? kToBox : kFromBox)};
+}
+
 QString PeriodLine(const Period& period) {
   return Tr("Period - From ") + text::FormatDmy(period.from) + Tr(" To ") +
          text::FormatDmy(period.to);

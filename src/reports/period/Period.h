@@ -27,6 +27,10 @@ inline constexpr char kToBox[] = "Text1_1";
 /// Date.", "Enter To Date.", "Enter Proper Date.", "From Date Can't be Greater than To Date."
 std::variant<Period, Refusal> ReadPeriod(const QString& from, const QString& to);
 
+/// Refuses days outside the financial year whose documents a report reads: they would stand in its
+/// heading, and their documents not in it.
+MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year);
+
 /// "Period - From 01/04/2011 To 31/03/2012".
 QString PeriodLine(const Period& period);
 

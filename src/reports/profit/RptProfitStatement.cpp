@@ -138,7 +138,10 @@ gains::FoChoice RptProfitStatement::ChosenFo() const {
 }
 
 MaybeRefusal RptProfitStatement::CheckSelection() {
-  if (MaybeRefusal refusal = RefuseWithoutTick(*VSD, tr("Select Demat A/c!"))) {
+  if (MaybeRefusal refusal = RefuseWithoutAccount(*VSD)) {
+    return refusal;
+  }
+  if (MaybeRefusal refusal = report::RefuseOutside(ThePeriod(), Current()->year)) {
     return refusal;
   }
   return RefuseWithoutTick(*VSS, tr("Select Script Name!"));
@@ -150,7 +153,7 @@ StatementQuery RptProfitStatement::Query() const {
   StatementQuery query = StatementQuery::OfYear(current.client, current.year);
   query.from = period.from;
   query.to = period.to;
-  query.accounts = Ticked<AccountId>(*VSD);
+  query.accounts = ChosenAccounts(*VSD);
   query.scrips = Ticked<ScripId>(*VSS);
   query.charges = {optSTax.Index() == kWithCharge, optSTT.Index() == kWithCharge};
   query.gains = GainsOf(Option2.Index());

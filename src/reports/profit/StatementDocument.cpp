@@ -99,8 +99,10 @@ class DetailTable {
     }
     if (row.account != account_) {
       account_ = row.account;
-      table_.rows.push_back({report::RowKind::kGroup,
-                             {Tr("Demat A/c No - ") + Utf8(directory_.Account(account_).number)}});
+      table_.rows.push_back(
+          {report::RowKind::kGroup,
+           {account_ ? Tr("Demat A/c No - ") + Utf8(directory_.Account(account_).number)
+                     : Tr("Without Demat A/c")}});
     }
   }
 

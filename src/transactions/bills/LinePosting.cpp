@@ -1,6 +1,8 @@
 #include "transactions/bills/LinePosting.h"
 
+#include <optional>
 #include <unordered_map>
+#include <vector>
 
 namespace quorvane::bills {
 namespace {
@@ -15,13 +17,17 @@ bool IsLotOf(const ledger::Lot& lot, const BillLine& line) {
   return lot.scrip == line.scrip && lot.rate == line.rate;
 }
 
-void PostPurchase(LotSheet& sheet, const Place& place, BillLine& line, Renumbered& renumbered) {
-  const auto named = sheet.Find(place, line.lot);
+/// `named` is the lot that had the line's number before the bill was posted. Two lines may have one
+/// number when another window began the scratch lots anew between them.
+void PostPurchase(LotSheet& sheet, const Place& place, BillLine& line,
+                  const std::optional<ledger::Lot>& named, Renumbered& renumbered) {
   const LotId lot = sheet.Add({place.of, place.account, line.scrip, line.rate}, line.quantity);
-  if (line.lot && !named) {
-    renumbered.try_emplace(line.lot, lot);
-  } else if (named && !IsLotOf(*named, line)) {
-    renumbered.try_emplace(line.lot, LotId{});
+  if (line.lot) {
+    const LotId meant = named && !IsLotOf(*named, line) ? LotId{} : lot;
+    const auto [at, first] = renumbered.try_emplace(line.lot, meant);
+    if (!first && at->second != meant) {
+      at->second = LotId{};
+    }
   }
   line.lot = lot;
 }
@@ -39,10 +45,16 @@ void PostSale(LotSheet& sheet, const Place& place, BillLine& line, const Renumbe
 }  // namespace
 
 void PostLines(LotSheet& sheet, const Place& place, std::span<BillLine> lines) {
+  // Looked up before any is posted: a number may be given to a new lot of this very bill.
+  std::vector<std::optional<ledger::Lot>> named;
+  named.reserve(lines.size());
+  for (const BillLine& line : lines) {
+    named.push_back(sheet.Find(place, line.lot));
+  }
   Renumbered renumbered;
-  for (BillLine& line : lines) {
-    if (line.side == Side::kPurchase) {
-      PostPurchase(sheet, place, line, renumbered);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (lines[i].side == Side::kPurchase) {
+      PostPurchase(sheet, place, lines[i], named[i], renumbered);
     }
   }
   for (BillLine& line : lines) {

@@ -13,8 +13,8 @@ namespace quorvane::bills {
 /// Posts the lines and sets the lot that each purchase landed in. Purchases are posted first, so a
 /// sale may draw on a purchase of the same bill: it names the lot by the number that the purchase
 /// line had when it was entered, and follows it when the purchase lands in a lot of another number.
-/// When that number belongs to another lot by now, nobody can tell which lot was meant: the sale
-/// then draws on none and shows as a shortage.
+/// When that number belongs to another lot by now, or two purchases had it that landed in different
+/// lots, nobody can tell which lot was meant: the sale then draws on none and shows as a shortage.
 void PostLines(posting::LotSheet& sheet, const posting::Place& place, std::span<BillLine> lines);
 
 /// Undoes PostLines for lines as they were recorded.

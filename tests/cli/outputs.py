@@ -12,6 +12,7 @@ from pathlib import Path
 
 import openpyxl
 
+import base
 import ctl
 
 FIGURE = re.compile(r"(?<![\w.])-?\d[\d,]*\.\d\d(?:\d)?(?![\d.])|\d\d/\d\d/\d{4}")
@@ -100,6 +101,19 @@ class Outputs(unittest.TestCase):
         self.assertEqual(sheet.page_setup.orientation, "landscape")
         self.assertFalse(sheet.sheet_view.showGridLines)
         self.assertTrue(sheet.freeze_panes)
+
+    def test_clients_whose_codes_make_one_file_name_have_a_file_each(self):
+        with tempfile.TemporaryDirectory(dir=ctl.roomy_memory()) as folder:
+            contents = {name: content.replace("AN,", "A/N,").replace("BI,", "A_N,")
+                        for name, content in base.BASE.items()}
+            source = base.write(Path(folder) / "in", contents)
+            data = Path(folder) / "data"
+            self.addCleanup(ctl.end_servers, data)
+            ctl.run(data, "import", source)
+            ctl.run(data, "statement", "broker-ledger", "--all", "--year", "2011-12", "--format",
+                    "csv", "--out", Path(folder) / "out")
+            self.assertEqual({"A_N.csv", "A_N (2).csv"},
+                             {path.name for path in (Path(folder) / "out").iterdir()})
 
     def test_binary_formats_do_not_go_to_the_terminal(self):
         said = ctl.run(self.demo / "data", "statement", "profit", "--client", "ATH001", "--year",

@@ -59,12 +59,13 @@ class MovingAverage {
     if (!(shares > 0)) {
       return;
     }
-    const double held_cost = held_ > 0 ? CostOf(held_) : 0;
+    const double held_cost = CostOfAll();
     held_ = CleanQuantity(held_ + shares);
     shares_ = held_;
     cost_ = held_cost + cost;
   }
   void Remove(double shares) { held_ = std::max(0.0, CleanQuantity(held_ - shares)); }
+  double CostOfAll() const { return held_ > 0 ? CostOf(held_) : 0; }
   double CostOf(double shares) const {
     return shares == shares_ ? cost_ : cost_ * shares / shares_;
   }
@@ -87,6 +88,7 @@ class Matcher {
         lots_(purchases) {}
 
   void MatchSale(std::uint32_t row);
+  std::int64_t CostOfTheRest();
 
  private:
   /// A sale while it is being matched.
@@ -174,6 +176,14 @@ void Matcher::LookAhead(std::uint32_t row) const {
   }
 }
 
+std::int64_t Matcher::CostOfTheRest() {
+  if (!average_wanted_ || purchases_.empty()) {
+    return 0;
+  }
+  TakeIn(std::ranges::max(purchases_, {}, &Purchase::date).date);
+  return text::ToPaise(average_.CostOfAll());
+}
+
 void Matcher::MatchSale(std::uint32_t row) {
   const Sale& sale = sales_[row];
   LookAhead(row);
@@ -217,12 +227,13 @@ double UnitCost(const Purchase& purchase, ChargeChoice charges) {
   return text::Tidy(CostOf(purchase, 1, charges));
 }
 
-void MatchSales(std::span<Purchase> purchases, std::span<const Sale> sales, ChargeChoice charges,
-                CostBasis basis, std::vector<Match>& matches) {
+std::int64_t MatchSales(std::span<Purchase> purchases, std::span<const Sale> sales,
+                        ChargeChoice charges, CostBasis basis, std::vector<Match>& matches) {
   Matcher matcher(purchases, sales, charges, basis, matches);
   for (std::uint32_t row = 0; row < sales.size(); ++row) {
     matcher.MatchSale(row);
   }
+  return matcher.CostOfTheRest();
 }
 
 }  // namespace quorvane::gains

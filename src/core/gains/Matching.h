@@ -86,8 +86,9 @@ enum class CostBasis : std::uint8_t { kLot, kAverage };
 /// whole, to the paisa.
 ///
 /// `purchases` and `sales` are those of one account and one scrip. Linear in their number, a sort
-/// aside.
-void MatchSales(std::span<Purchase> purchases, std::span<const Sale> sales, ChargeChoice charges,
-                CostBasis basis, std::vector<Match>& matches);
+/// aside. Returns, with CostBasis::kAverage, what all the shares that remain cost at the average,
+/// in paise: together with the costs of the matches it is what was paid. 0 with CostBasis::kLot.
+std::int64_t MatchSales(std::span<Purchase> purchases, std::span<const Sale> sales,
+                        ChargeChoice charges, CostBasis basis, std::vector<Match>& matches);
 
 }  // namespace quorvane::gains

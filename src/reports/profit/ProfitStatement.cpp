@@ -69,14 +69,14 @@ class Builder {
       total_.scrip = history.scrip;
     }
     matches_.clear();
-    gains::MatchSales(history.purchases, history.sales, query_.charges,
-                      query_.average ? gains::CostBasis::kAverage : gains::CostBasis::kLot,
-                      matches_);
+    const std::int64_t rest = gains::MatchSales(
+        history.purchases, history.sales, query_.charges,
+        query_.average ? gains::CostBasis::kAverage : gains::CostBasis::kLot, matches_);
     for (const Match& match : matches_) {
       AddMatch(history, match);
     }
     if (query_.unsold && query_.gains != GainFilter::kSpeculation) {
-      AddUnsold(history);
+      AddUnsold(history, rest);
     }
   }
 
@@ -152,7 +152,14 @@ class Builder {
     return row;
   }
 
-  void AddUnsold(const ScripHistory& history) {
+  // At the average the parts of `cost` add up to it, to the paisa.
+  void AddUnsold(const ScripHistory& history, std::int64_t cost) {
+    double shares = 0;
+    for (const Purchase& purchase : history.purchases) {
+      shares += std::max(purchase.remaining, 0.0);
+    }
+    double counted = 0;
+    std::int64_t given = 0;
     for (const Purchase& purchase : history.purchases) {
       if (purchase.remaining <= 0) {
         continue;
@@ -163,8 +170,15 @@ class Builder {
       row.scrip = history.scrip;
       row.purchase_date = purchase.date;
       row.quantity = purchase.remaining;
-      row.purchase_net = purchase.net;
-      row.purchase_amount = text::ToPaise(purchase.net * purchase.remaining);
+      if (query_.average) {
+        counted += purchase.remaining;
+        row.purchase_amount = text::ToPaise(text::FromPaise(cost) * (counted / shares)) - given;
+        row.purchase_net = text::FromPaise(cost) / shares;
+        given += row.purchase_amount;
+      } else {
+        row.purchase_net = purchase.net;
+        row.purchase_amount = text::ToPaise(purchase.net * purchase.remaining);
+      }
       Push(row);
     }
   }

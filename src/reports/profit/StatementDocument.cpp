@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+#include <optional>
+
 namespace quorvane::profit {
 namespace {
 
@@ -94,15 +96,15 @@ class DetailTable {
   void Head(const StatementRow& row) {
     if (row.scrip != scrip_) {
       scrip_ = row.scrip;
-      account_ = {};
+      account_.reset();
       table_.rows.push_back({report::RowKind::kGroup, {Utf8(directory_.Scrip(scrip_).name)}});
     }
     if (row.account != account_) {
       account_ = row.account;
       table_.rows.push_back(
           {report::RowKind::kGroup,
-           {account_ ? Tr("Demat A/c No - ") + Utf8(directory_.Account(account_).number)
-                     : Tr("Without Demat A/c")}});
+           {row.account ? Tr("Demat A/c No - ") + Utf8(directory_.Account(row.account).number)
+                        : Tr("Without Demat A/c")}});
     }
   }
 
@@ -153,7 +155,7 @@ class DetailTable {
   const lookups::Directory& directory_;
   Table table_;
   ScripId scrip_;
-  AccountId account_;
+  std::optional<AccountId> account_;  ///< whose heading stands above; none at a scrip's start
 };
 
 /// One line a sale; what was not sold does not appear.

@@ -69,6 +69,7 @@ class MatchingTest : public QObject {
   void AverageStartsAgainAfterAnEmptyHolding();
   void AverageKnowsOnlyWhatIsHeldAtTheSale();
   void TransfersMoveTheAverage();
+  void WhatIsLeftHasTheAverageToo();
   void AbsurdNumbersDoNoHarm_data();
   void AbsurdNumbersDoNoHarm();
 };
@@ -290,6 +291,18 @@ void MatchingTest::TransfersMoveTheAverage() {
   // The transfer out leaves 15 at 15; the transfer in makes them 30 at 22.50.
   QCOMPARE(Costs(matches), (std::vector<std::int64_t>{7500, 22500}));
   QCOMPARE(matches[0].sale_amount, 7500);
+}
+
+void MatchingTest::WhatIsLeftHasTheAverageToo() {
+  std::vector purchases{Bought("01/05/2011", 100, 10, 10), Bought("02/05/2011", 100, 20, 20),
+                        Bought("01/07/2011", 10, 40, 40)};
+  auto by_lot = purchases;
+  const std::vector sales{Sold("05/06/2011", 50, 10, 900)};
+  std::vector<Match> matches;
+  // 3,400 were paid; 50 at 15 left.
+  QCOMPARE(MatchSales(purchases, sales, kNoCharges, CostBasis::kAverage, matches), 265000);
+  QCOMPARE(matches.front().cost, 75000);
+  QCOMPARE(MatchSales(by_lot, sales, kNoCharges, CostBasis::kLot, matches), 0);
 }
 
 void MatchingTest::AbsurdNumbersDoNoHarm_data() {

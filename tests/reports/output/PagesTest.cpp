@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -34,20 +35,29 @@ ReportDocument Groups(int groups, int lines) {
   return document;
 }
 
-/// The lines of each page as a reader of the file finds them.
-QList<QStringList> PagesOf(const ReportDocument& document) {
+QString ReadAs(const char* manner, const ReportDocument& document) {
   const QTemporaryDir folder;
   const QString path = folder.filePath("report.pdf");
   Progress progress;
   WriteReport(document, OutputFormat::kPdf, path, progress);
   QProcess reader;
-  reader.start("pdftotext", {"-layout", path, "-"});
+  reader.start("pdftotext", {manner, path, "-"});
   if (!reader.waitForFinished() || reader.exitCode() != 0) {
     throw std::runtime_error("the pages cannot be read");
   }
+  return QString::fromUtf8(reader.readAllStandardOutput());
+}
+
+/// How far down the first page a word stands, in points.
+double TopOf(const QString& word, const ReportDocument& document) {
+  const QRegularExpression place("yMin=\"([0-9.]+)\"[^>]*>" + word + "<");
+  return place.match(ReadAs("-bbox", document)).captured(1).toDouble();
+}
+
+/// The lines of each page as a reader of the file finds them.
+QList<QStringList> PagesOf(const ReportDocument& document) {
   QList<QStringList> pages;
-  for (const QString& page :
-       QString::fromUtf8(reader.readAllStandardOutput()).split('\f', Qt::SkipEmptyParts)) {
+  for (const QString& page : ReadAs("-layout", document).split('\f', Qt::SkipEmptyParts)) {
     QStringList lines;
     for (const QString& line : page.split('\n', Qt::SkipEmptyParts)) {
       lines.append(line.simplified());
@@ -63,6 +73,14 @@ class PagesTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  void LongTitlesHaveTheirLines() {
+    ReportDocument document = Groups(1, 1);
+    QVERIFY(TopOf("Particulars", document) > TopOf("Financial", document));
+    document.titles[1] = QStringList(40, QStringLiteral("1209990000012345")).join(' ') + " LAST";
+    const double below = TopOf("Particulars", document) - TopOf("LAST", document);
+    QVERIFY2(below > 10, qPrintable(QString::number(below)));
+  }
+
   void EachPageHasItsHeadingsAndNumber() {
     const QList<QStringList> pages = PagesOf(Groups(30, 5));
     QVERIFY(pages.size() > 2);

@@ -2,6 +2,8 @@
 #include "portfolio/Import.h"
 #include "reports/profit/RptProfitStatement.h"
 #include "support/TestMain.h"
+#include "transactions/Desk.h"
+#include "transactions/bills/BillBook.h"
 
 #include <QAction>
 #include <QFile>
@@ -248,6 +250,49 @@ class RptProfitStatementTest : public QObject {
     QCOMPARE(window.messages.Texts(), QStringList({"Enter From Date.", "Enter To Date.",
                                                    "From Date Can't be Greater than To Date."}));
     QVERIFY(from->hasFocus());
+  }
+
+  void PeriodLiesWithinTheYear_data() {
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("date");
+    QTest::addRow("before") << "Text1_0"
+                            << "31/03/2011";
+    QTest::addRow("after") << "Text1_1"
+                           << "01/04/2012";
+  }
+
+  void PeriodLiesWithinTheYear() {
+    QFETCH(QString, box);
+    const Shown window(*database_);
+    QFETCH(QString, date);
+    window.Named<QLineEdit>(box)->setText(date);
+    window.Click("CmdReport");
+    QCOMPARE(window.messages.said.size(), std::size_t{1});
+    QCOMPARE(window.messages.said.back().text,
+             QStringLiteral("The date lies outside the financial year 2011-12."));
+    QCOMPARE(window.Screen().rowCount(), 0);
+  }
+
+  void BillsWithoutAnAccountCountWhenEveryAccountIsTicked() {
+    test::Desk books;
+    bills::BillBook book(books.Connection(), books.of);
+    bills::Bill bought = books.NewBill({books.Purchase(10, 100)});
+    bought.account = {};
+    QVERIFY(!book.Save(bought));
+    const auto lots = ledger::ReadLots(books.Connection(), books.of, AccountId{});
+    bills::Bill sold = books.NewBill({books.Sale(10, 120, lots.front().id)});
+    sold.account = {};
+    QVERIFY(!book.Save(sold));
+    const Shown window(books.database, "RptProfitStatement", "C1");
+    QVERIFY(window.Report().contains("200.00"));
+    QStringList lines;
+    for (int row = 0; row < window.Screen().rowCount(); ++row) {
+      lines.append(window.Screen().RowText(row).simplified());
+    }
+    QVERIFY2(lines.contains("Without Demat A/c"), qPrintable(lines.join('\n')));
+    window.Named<controls::Grid>("VSD")->Model().SetTicked(0, false);
+    window.Click("CmdReport");
+    QCOMPARE(window.messages.said.back().text, QStringLiteral("No Record Found."));
   }
 
   void FilesAreWrittenAndOpened() {

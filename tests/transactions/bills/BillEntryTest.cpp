@@ -109,6 +109,34 @@ class BillEntryTest : public QObject {
     QCOMPARE(Balance(), QStringLiteral("5@100"));
   }
 
+  // The lines stand in another order than their scratch lots then.
+  void SaleFollowsAPurchaseThatWasEnteredAgain() {
+    BillLine other = desk_->Purchase(5, 200);
+    other.scrip = desk_->second_scrip;
+    entry_->Begin(desk_->NewBill({}));
+    QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
+    QVERIFY(!entry_->Put(other, std::nullopt));
+    QVERIFY(!entry_->Remove(0));
+    QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
+    QVERIFY(!entry_->Put(desk_->Sale(4, 120, entry_->Current().lines[1].lot), std::nullopt));
+    QVERIFY(!entry_->Save());
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("6@100"));
+    QCOMPARE(desk_->LotAt(desk_->of, desk_->account, desk_->second_scrip, 200),
+             QStringLiteral("5@200"));
+  }
+
+  // Both purchases have the scratch lot of the same number after another window began anew.
+  void SaleOfANumberThatTwoPurchasesHadIsRefused() {
+    entry_->Begin(desk_->NewBill({}));
+    QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
+    QVERIFY(!posting::ScratchLots(desk_->Connection(), desk_->of).Begin(std::nullopt));
+    QVERIFY(!entry_->Put(desk_->Purchase(10, 200), std::nullopt));
+    QCOMPARE(entry_->Current().lines[0].lot, entry_->Current().lines[1].lot);
+    QVERIFY(!entry_->Put(desk_->Sale(4, 250, entry_->Current().lines[1].lot), std::nullopt));
+    QVERIFY(entry_->Save());
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("none"));
+  }
+
   void RefreshPostsTheLinesToTheLedgerOfNow() {
     entry_->Begin(desk_->NewBill({}));
     QVERIFY(!entry_->Put(desk_->Purchase(3, 100), std::nullopt));

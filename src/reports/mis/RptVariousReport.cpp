@@ -9,6 +9,8 @@
 
 #include <QLabel>
 
+#include <algorithm>
+
 namespace quorvane::mis {
 namespace {
 
@@ -46,9 +48,11 @@ RptVariousReport::RptVariousReport(controls::Desk& desk)
   AddPeriod(Months::kYes);
   BuildButtons();
   selection_ = new SelectionPane(TheGuard(), *Session().connection);
-  selection_->setMinimumWidth(
-      static_cast<int>(kSelectionWidth * Session().screen_factors.horizontal));
+  const int width = static_cast<int>(kSelectionWidth * Session().screen_factors.horizontal);
+  selection_->setMinimumWidth(std::max(width, selection_->minimumSizeHint().width()));
   AddBesideReport(selection_);
+  // As narrow as its words allow, or the window is wider than a small screen.
+  selection_->parentWidget()->setMinimumWidth(selection_->minimumWidth());
   BuildPages();
   FreeKeys();
   selection_->Fill(Current() ? Current()->client : ClientId{}, *PeriodYear());

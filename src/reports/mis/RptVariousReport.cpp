@@ -8,6 +8,7 @@
 #include "reports/output/WriteReport.h"
 
 #include <QLabel>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -152,14 +153,15 @@ void RptVariousReport::BuildPages() {
 }
 
 // The captions of the reports take nearly every letter: what is shared with other windows gives its
-// own up.
+// own up. A language without Latin letters names the key in brackets behind the word.
 void RptVariousReport::FreeKeys() {
+  static const QRegularExpression kKey(QStringLiteral("\\s*\\(&\\w\\)|&"));
   CmdReport->hide();
   CmdOutput->setText(tr("Output"));
   for (QLabel* label : findChildren<QLabel*>()) {
     const QWidget* buddy = label->buddy();
     if (buddy == Text1[0] || buddy == Text1[1] || buddy == CmbFromMth || buddy == CmbToMth) {
-      label->setText(label->text().remove(QLatin1Char('&')));
+      label->setText(label->text().remove(kKey));
     }
   }
 }

@@ -92,6 +92,7 @@ void RatesPane::Arrange() {
 
 QLayout* RatesPane::ButtonRow() {
   auto* row = new QHBoxLayout;
+  row->setSpacing(controls::kTightSpacing);
   row->addStretch(1);
   for (ZENButton* button : {cmdAdd, cmdModify, cmdUpdate, cmdCancel, CmdDelete}) {
     row->addWidget(button);

@@ -8,6 +8,9 @@
 #include "reports/output/WriteReport.h"
 
 #include <QLabel>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace quorvane::mis {
 namespace {
@@ -46,9 +49,11 @@ RptVariousReport::RptVariousReport(controls::Desk& desk)
   AddPeriod(Months::kYes);
   BuildButtons();
   selection_ = new SelectionPane(TheGuard(), *Session().connection);
-  selection_->setMinimumWidth(
-      static_cast<int>(kSelectionWidth * Session().screen_factors.horizontal));
+  const int width = static_cast<int>(kSelectionWidth * Session().screen_factors.horizontal);
+  selection_->setMinimumWidth(std::max(width, selection_->minimumSizeHint().width()));
   AddBesideReport(selection_);
+  // As narrow as its words allow, or the window is wider than a small screen.
+  selection_->parentWidget()->setMinimumWidth(selection_->minimumWidth());
   BuildPages();
   FreeKeys();
   selection_->Fill(Current() ? Current()->client : ClientId{}, *RptVariousReport::PeriodYear());
@@ -148,14 +153,15 @@ void RptVariousReport::BuildPages() {
 }
 
 // The captions of the reports take nearly every letter: what is shared with other windows gives its
-// own up.
+// own up. A language without Latin letters names the key in brackets behind the word.
 void RptVariousReport::FreeKeys() {
+  static const QRegularExpression kKey(QStringLiteral("\\s*\\(&\\w\\)|&"));
   CmdReport->hide();
   CmdOutput->setText(tr("Output"));
   for (QLabel* label : findChildren<QLabel*>()) {
     const QWidget* buddy = label->buddy();
     if (buddy == Text1[0] || buddy == Text1[1] || buddy == CmbFromMth || buddy == CmbToMth) {
-      label->setText(label->text().remove(QLatin1Char('&')));
+      label->setText(label->text().remove(kKey));
     }
   }
 }

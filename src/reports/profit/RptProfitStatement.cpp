@@ -74,6 +74,7 @@ RptProfitStatement::RptProfitStatement(controls::Desk& desk)
 
 void RptProfitStatement::BuildOptions() {
   QBoxLayout* row = AddPeriodFrame();
+  row->setSpacing(controls::kTightSpacing);  // six frames side by side on a screen of 800
   optF = MakeChoice(QStringLiteral("Frame1"), tr("Bills"), QStringLiteral("optF"),
                     {tr("F && O"), tr("Non F && O"), tr("All")});
   optF.Choose(kAllFo);

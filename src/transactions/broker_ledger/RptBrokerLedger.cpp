@@ -35,7 +35,9 @@ RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
   On(CmbMth, &QComboBox::currentIndexChanged, &RptBrokerLedger::CmbMth_Click,
      QStringLiteral("CmbMth_Click"));
   VSB = AddTickGrid(QStringLiteral("VSB"), tr("BROKER NAME"), tr("Brokers"));
-  VSB->setMinimumWidth(static_cast<int>(kBrokerWidth * desk.session.screen_factors.horizontal));
+  // Narrower than beside other reports: the balance is in sight on a small screen.
+  VSB->parentWidget()->setMinimumWidth(
+      static_cast<int>(kBrokerWidth * desk.session.screen_factors.horizontal));
   FillTicks(*VSB, lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
   Start();
 }

@@ -1,5 +1,6 @@
 #include "ui/main/MainMenu.h"
 
+#include "controls/Style.h"
 #include "controls/ZENButton.h"
 
 #include <QCoreApplication>
@@ -76,11 +77,19 @@ void BuildMenu(QMainWindow& window, const std::function<bool(const MenuItem&)>& 
   }
 }
 
+// On a screen of 800 the row is as wide as its captions ask for, or the window would not fit.
+void SetCaption(ZENButton& button, const QString& caption) {
+  button.setText(caption);
+  const QSize words = button.fontMetrics().size(Qt::TextShowMnemonic, caption);
+  button.setMinimumWidth(words.width() + 2 * controls::kSpacing);
+}
+
 void BuildButtonRow(QMainWindow& window, QHBoxLayout& row) {
   int number = 0;
   for (const RowButton& entry : kRowButtons) {
     auto* action = window.findChild<QAction*>(QLatin1String(entry.item));
-    auto* button = new ZENButton(NameOfButton(number++), Caption(entry));
+    auto* button = new ZENButton(NameOfButton(number++), QString());
+    SetCaption(*button, Caption(entry));
     button->setEnabled(action->isEnabled());
     button->setToolTip(action->isEnabled() ? action->text().remove(QLatin1Char('&'))
                                            : action->toolTip());
@@ -98,7 +107,7 @@ void ShowCaptions(QMainWindow& window) {
   }
   int number = 0;
   for (const RowButton& entry : kRowButtons) {
-    window.findChild<ZENButton*>(NameOfButton(number++))->setText(Caption(entry));
+    SetCaption(*window.findChild<ZENButton*>(NameOfButton(number++)), Caption(entry));
   }
 }
 

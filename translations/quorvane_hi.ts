@@ -908,10 +908,6 @@ Maximum Allowed Value is: %1</source>
         <source>&amp;Quit</source>
         <translation>बाहर निकलें (&amp;Q)</translation>
     </message>
-    <message>
-        <source>Comes with a later release</source>
-        <translation>बाद के संस्करण में आएगा</translation>
-    </message>
 </context>
 <context>
     <name>Masters</name>

@@ -9,7 +9,6 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
-#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -147,8 +146,9 @@ void ChildWindow::keyPressEvent(QKeyEvent* event) {
 void ChildWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!std::exchange(was_shown_, true)) {
-    QTimer::singleShot(
-        0, this, [this] { guard_.Run(QStringLiteral("Form_Activate"), [this] { FirstShown(); }); });
+    QMetaObject::invokeMethod(
+        this, [this] { guard_.Run(QStringLiteral("Form_Activate"), [this] { FirstShown(); }); },
+        Qt::QueuedConnection);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QSplitter>

@@ -78,7 +78,7 @@ std::vector<lookups::Item> ScripList::Names() const {
 
 QStringList ScripList::Codes() const {
   QStringList codes;
-  codes.reserve(static_cast<qsizetype>(2 * scrips_.size()));
+  codes.reserve(2 * static_cast<qsizetype>(scrips_.size()));
   for (const ScripFound& scrip : scrips_) {
     codes << scrip.code << scrip.ncode;
   }

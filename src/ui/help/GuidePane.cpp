@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>

@@ -60,11 +60,9 @@ MDIForm1::MDIForm1(controls::Desk& desk)
   area_->setBackground(palette().color(QPalette::Window).darker(106));
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  BuildMenu(
-      *this, [this](const MenuItem& item) { return CanDo(item); },
-      [this](const MenuItem& item) {
-        guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [&] { Do(item); });
-      });
+  BuildMenu(*this, [this](const MenuItem& item) {
+    guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [&] { Do(item); });
+  });
   BuildHead();
   layout->addWidget(area_, 1);
   BuildStatusBar();
@@ -75,17 +73,6 @@ MDIForm1::MDIForm1(controls::Desk& desk)
 
 MDIForm1::~MDIForm1() {
   desk_.open = [](const QString&) {};
-}
-
-bool MDIForm1::CanDo(const MenuItem& item) const {
-  switch (item.action) {
-    case MenuAction::kOpenWindow:
-    case MenuAction::kOpenModal:
-    case MenuAction::kClientSelection:
-      return HasWindow(QLatin1String(item.target));
-    default:
-      return true;
-  }
 }
 
 void MDIForm1::Do(const MenuItem& item) {

@@ -51,7 +51,6 @@ class MDIForm1 : public QMainWindow {
   void BuildHead();
   void BuildStatusBar();
   void StartTimers();
-  bool CanDo(const MenuItem& item) const;
   void Do(const MenuItem& item);
   controls::ChildWindow* Show(const QString& name);
   QString KeyOf(const QString& name) const;

@@ -63,16 +63,11 @@ QAction* Add(QMainWindow& window, std::map<QString, QMenu*>& menus, const MenuIt
 
 }  // namespace
 
-void BuildMenu(QMainWindow& window, const std::function<bool(const MenuItem&)>& can_do,
-               const std::function<void(const MenuItem&)>& chosen) {
+void BuildMenu(QMainWindow& window, const std::function<void(const MenuItem&)>& chosen) {
   std::map<QString, QMenu*> menus;
   for (const MenuItem& item : MenuItems()) {
     QAction* action = Add(window, menus, item);
     action->setObjectName(QLatin1String(item.name));
-    if (!can_do(item)) {
-      action->setEnabled(false);
-      action->setToolTip(QCoreApplication::translate("MainMenu", "Comes with a later release"));
-    }
     QObject::connect(action, &QAction::triggered, &window, [chosen, &item] { chosen(item); });
   }
 }
@@ -90,9 +85,7 @@ void BuildButtonRow(QMainWindow& window, QHBoxLayout& row) {
     auto* action = window.findChild<QAction*>(QLatin1String(entry.item));
     auto* button = new ZENButton(NameOfButton(number++), QString());
     SetCaption(*button, Caption(entry));
-    button->setEnabled(action->isEnabled());
-    button->setToolTip(action->isEnabled() ? action->text().remove(QLatin1Char('&'))
-                                           : action->toolTip());
+    button->setToolTip(action->text().remove(QLatin1Char('&')));
     QObject::connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
     row.addWidget(button);
   }

@@ -9,13 +9,12 @@ class QMainWindow;
 
 namespace quorvane::ui {
 
-/// Builds the menu table into a window's menu bar. Every item is an action under its own name; one
-/// that `can_do` denies is disabled. `chosen` is called with the item that the user chose.
-void BuildMenu(QMainWindow& window, const std::function<bool(const MenuItem&)>& can_do,
-               const std::function<void(const MenuItem&)>& chosen);
+/// Builds the menu table into a window's menu bar. Every item is an action under its own name.
+/// `chosen` is called with the item that the user chose.
+void BuildMenu(QMainWindow& window, const std::function<void(const MenuItem&)>& chosen);
 
-/// The buttons "ZENButton1_0" and so on for the items that are used daily. Each is enabled as its
-/// item in the window's menu is, and does the same.
+/// The buttons "ZENButton1_0" and so on for the items that are used daily. Each does what its item
+/// in the window's menu does.
 void BuildButtonRow(QMainWindow& window, QHBoxLayout& row);
 
 /// Writes the captions of menu and buttons anew, in the language in force.

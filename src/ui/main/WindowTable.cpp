@@ -99,10 +99,6 @@ const std::map<QString, Maker, WithoutCase>& Makers() {
 
 }  // namespace
 
-bool HasWindow(const QString& name) {
-  return Makers().contains(name);
-}
-
 QStringList WindowNames() {
   QStringList names;
   for (const auto& [name, maker] : Makers()) {

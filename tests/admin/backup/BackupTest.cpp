@@ -199,8 +199,8 @@ class BackupTest : public QObject {
     using Spoil = std::function<QString(const QString&)>;
     QTest::addColumn<Spoil>("spoil");
     QTest::addColumn<QString>("says");
-    const auto add = [](const char* name, const char* says, Spoil spoil) {
-      QTest::newRow(name) << std::move(spoil) << QString::fromLatin1(says);
+    const auto add = [](const char* name, const char* says, const Spoil& spoil) {
+      QTest::newRow(name) << spoil << QString::fromLatin1(says);
     };
     const auto in_place = [](const std::function<void(const QString&)>& act) -> Spoil {
       return [act](const QString& backup) {

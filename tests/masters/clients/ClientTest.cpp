@@ -34,8 +34,8 @@ class ClientTest : public QObject {
     QTest::addColumn<Edit>("edit");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("field");
-    const auto row = [](const char* name, const char* text, const char* field, Edit edit) {
-      QTest::newRow(name) << std::move(edit) << QString(text) << QString(field);
+    const auto row = [](const char* name, const char* text, const char* field, const Edit& edit) {
+      QTest::newRow(name) << edit << QString(text) << QString(field);
     };
     row("complete", "accepted", "none", [](Client&) {});
     row("nothing at all", "Enter Client Code.", "Text1_0", [](Client& c) { c = {}; });

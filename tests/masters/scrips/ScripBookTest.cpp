@@ -41,8 +41,8 @@ class ScripBookTest : public QObject {
     QTest::addColumn<Edit>("edit");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("field");
-    const auto row = [](const char* name, const char* text, const char* field, Edit edit) {
-      QTest::newRow(name) << std::move(edit) << QString(text) << QString(field);
+    const auto row = [](const char* name, const char* text, const char* field, const Edit& edit) {
+      QTest::newRow(name) << edit << QString(text) << QString(field);
     };
     row("complete", "accepted", "none", [](Scrip&) {});
     row("nothing at all", "Enter Script Code.", "Text1_0", [](Scrip& s) { s = {}; });

@@ -233,7 +233,7 @@ class RptVariousReportTest : public QObject {
 
  private:
   static QString Written(const Shown& window, const char* name, const char* content) {
-    const QString path = window.folder.filePath(QLatin1String(name));
+    QString path = window.folder.filePath(QLatin1String(name));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0) {
       throw std::runtime_error("cannot write the test's file");

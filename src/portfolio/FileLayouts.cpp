@@ -65,7 +65,7 @@ constexpr std::array<ColumnLayout, 4> kPercentages{
     {{"fyear", true, 0}, {"name", true, 100}, {"percent", true, 0}, {"as_on", false, 100}}};
 
 constexpr std::array<ColumnLayout, 11> kOpening{{{"client_code", true, 100},
-                                                 {"account_no", true, 100},
+                                                 {"account_no", false, 100},
                                                  {"fyear", true, 0},
                                                  {"scrip_code", true, 255},
                                                  {"quantity", true, 0},

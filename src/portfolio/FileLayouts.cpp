@@ -76,7 +76,7 @@ constexpr std::array<ColumnLayout, 11> kOpening{{{"client_code", true, 100},
                                                  {"stt", false, 0},
                                                  {"fo", false, 0}}};
 
-constexpr std::array<ColumnLayout, 20> kBills{{{"client_code", true, 100},
+constexpr std::array<ColumnLayout, 21> kBills{{{"client_code", true, 100},
                                                {"account_no", false, 100},
                                                {"bill_no", true, 100},
                                                {"bill_date", true, 0},
@@ -95,7 +95,8 @@ constexpr std::array<ColumnLayout, 20> kBills{{{"client_code", true, 100},
                                                {"fo", false, 0},
                                                {"lot_rate", false, 0},
                                                {"other_charges", false, 0},
-                                               {"transaction_charges", false, 0}}};
+                                               {"transaction_charges", false, 0},
+                                               {"bill_part", false, 0}}};
 
 constexpr std::array<ColumnLayout, 6> kTransfers{{{"date", true, 0},
                                                   {"from_account", true, 100},

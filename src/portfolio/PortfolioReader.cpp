@@ -252,8 +252,9 @@ class Reader {
       return;
     }
     bill.date = *date;
+    const double part = table_->OptionalNumber(kBillPart).value_or(1);
     BillLineRow line = ReadLineOnly();
-    line.bill = BillOf(bill);
+    line.bill = BillOf(bill, part);
     portfolio_.bill_lines.push_back(line);
   }
 
@@ -280,10 +281,10 @@ class Reader {
     return line;
   }
 
-  /// Rows of one client, account, broker, number and date are one bill.
-  std::uint32_t BillOf(const BillRow& row) {
-    std::string key = fmt::format("{} {} {} {} ", row.client, row.account, row.broker,
-                                  row.date.time_since_epoch().count());
+  /// Rows of one client, account, broker, number, date and part are one bill.
+  std::uint32_t BillOf(const BillRow& row, double part) {
+    std::string key = fmt::format("{} {} {} {} {} ", row.client, row.account, row.broker,
+                                  row.date.time_since_epoch().count(), part);
     key += row.number;
     if (!portfolio_.bills.empty() && key == last_bill_key_) {
       return JoinBill(last_bill_, row);

@@ -191,6 +191,16 @@ class Recorded(Case):
                    "--format", "csv")
             self.assertEqual(first.run(*ask).stdout, second.run(*ask).stdout)
 
+    def test_two_bills_of_one_number_stay_two(self):
+        line = "AN,A1,7,02/05/2011,LOTUS,NSE,P,600002,{},60,,,,,,{}"
+        desk = self.taken_in({"bills.csv": "\n".join(
+            [BILL_HEADER + ",bill_part", line.format(1, "5,"), line.format(2, "6,2"),
+             line.format(3, ",2"), line.format(4, ",1"), "AN,,7,02/05/2011,LOTUS,NSE,P,600002,5,60"
+             ",,,,,,,", ""])})
+        self.assertEqual(desk.sql("Select OthCharge,Total From SPMaster Order By ID"),
+                         [["5", "305"], ["6", "306"], ["0", "300"]])
+        self.assert_comes_again(desk)
+
     def test_stock_carried_forward_without_an_account(self):
         desk = self.taken_in({"bills.csv": BILL_HEADER + "\nAN,,1,02/05/2011,LOTUS,NSE,P,600002,"
                                                          "10,60,0.25,1.5,2,0,,5\n"})

@@ -180,6 +180,15 @@ class BillExport {
     return part == parts_.end() ? "," : fmt::format(",{}", part->second);
   }
 
+  /// Nothing at all would mean a sale that is still to be taken from the oldest lots.
+  void AppendLotRate(int lot) {
+    if (const double* rate = lot_rates_.Find(lot)) {
+      text::AppendExact(file_->Buffer(), *rate);
+    } else {
+      file_->Buffer() += kNoLotWord;
+    }
+  }
+
   void WriteLine(const Line& line) {
     std::string& out = file_->Buffer();
     out += line.purchase ? "P," : "S,";
@@ -192,9 +201,8 @@ class BillExport {
     out += ',';
     text::AppendCsvField(out, deliveries_[line.delivery]);
     out += line.fo ? ",1," : ",0,";
-    const double* lot_rate = line.purchase ? nullptr : lot_rates_.Find(line.lot);
-    if (lot_rate != nullptr) {
-      text::AppendExact(out, *lot_rate);
+    if (!line.purchase) {
+      AppendLotRate(line.lot);
     }
     out += ',';
   }

@@ -231,6 +231,10 @@ class MovementImport {
 
   bool TakeSale(const BillLineRow& row, text::Date date, const HoldingsBook::Place& place,
                 double& available) {
+    if (row.lot_rate == BillLineRow::kNoLot) {
+      recorded_lines_.push_back(WholeLine(row, LotId{}));
+      return true;
+    }
     if (row.lot_rate != BillLineRow::kNoLotRate) {
       const auto piece = book_.TakeFromLot(place, row.lot_rate, row.quantity, available);
       if (piece) {

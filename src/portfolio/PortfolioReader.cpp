@@ -273,12 +273,18 @@ class Reader {
         static_cast<std::uint8_t>(std::max(table_->Choice(kDeliveryType, kDeliveryTypes), 0));
     line.fo = table_->Flag(kFo);
     line.line = static_cast<std::uint32_t>(table_->Line());
-    const auto lot_rate = table_->OptionalNumber(kLotRate);
-    if (lot_rate && line.purchase) {
+    line.lot_rate = LotRate();
+    if (line.purchase && line.lot_rate != BillLineRow::kNoLotRate) {
       table_->Fail(kLotRate, "expected nothing: a purchase makes its lot at its own rate");
     }
-    line.lot_rate = lot_rate.value_or(BillLineRow::kNoLotRate);
     return line;
+  }
+
+  double LotRate() {
+    if (table_->IsWord(bills::kLotRate, kNoLotWord)) {
+      return BillLineRow::kNoLot;
+    }
+    return table_->OptionalNumber(bills::kLotRate).value_or(BillLineRow::kNoLotRate);
   }
 
   /// Rows of one client, account, broker, number, date and part are one bill.

@@ -201,6 +201,17 @@ class Recorded(Case):
                          [["5", "305"], ["6", "306"], ["0", "300"]])
         self.assert_comes_again(desk)
 
+    def test_sale_of_no_lot_is_taken_from_none(self):
+        line = "AN,A1,{},{},LOTUS,NSE,{},600002,{},60,0.25,1,2,0,{},"
+        desk = self.taken_in({"bills.csv": "\n".join(
+            [BILL_HEADER, line.format(1, "01/06/2011", "S", 4, "None"),
+             line.format(2, "02/05/2011", "P", 10, ""), line.format(3, "02/06/2011", "S", 3, ""),
+             ""])})
+        self.assertEqual(desk.sql("Select Qty,StkId=0 From SPTrans Where SP=0 Order By Id,SID"),
+                         [["4", "1"], ["3", "0"]])
+        self.assertIn(["2011-12", "1", "600002", "60", "7"], lots(desk))
+        self.assert_comes_again(desk)
+
     def test_stock_carried_forward_without_an_account(self):
         desk = self.taken_in({"bills.csv": BILL_HEADER + "\nAN,,1,02/05/2011,LOTUS,NSE,P,600002,"
                                                          "10,60,0.25,1.5,2,0,,5\n"})

@@ -1085,6 +1085,14 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
 
 शेयर %1 की मात्रा ऋणात्मक नहीं हो सकती।</translation>
     </message>
+    <message>
+        <source>This Client was Deleted in the Meantime.</source>
+        <translation>यह ग्राहक इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>This Demat A/c was Deleted in the Meantime.</source>
+        <translation>यह डीमैट खाता इस बीच हटा दिया गया।</translation>
+    </message>
 </context>
 <context>
     <name>ProfitStatement</name>

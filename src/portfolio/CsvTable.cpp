@@ -213,6 +213,10 @@ bool CsvTable::Flag(std::size_t column) {
   return text == "1";
 }
 
+bool CsvTable::IsWord(std::size_t column, std::string_view word) const {
+  return lookups::Folded(Trimmed(Raw(column))) == lookups::Folded(word);
+}
+
 int CsvTable::Choice(std::size_t column, std::span<const std::string_view> words) {
   const std::string wanted = lookups::Folded(Trimmed(Raw(column)));
   if (wanted.empty() && !layout_.columns[column].required) {

@@ -37,7 +37,8 @@ class CsvTable {
   std::optional<double> OptionalNumber(std::size_t column);
   std::optional<text::Date> DateOf(std::size_t column);
   std::optional<text::FinancialYear> YearOf(std::size_t column);
-  bool Flag(std::size_t column);  ///< 0, 1 or empty
+  bool Flag(std::size_t column);                                 ///< 0, 1 or empty
+  bool IsWord(std::size_t column, std::string_view word) const;  ///< without regard to capitals
 
   /// The place of the field in a list of words, compared without regard to capitals; -1 when empty.
   int Choice(std::size_t column, std::span<const std::string_view> words);

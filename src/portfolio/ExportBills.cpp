@@ -6,7 +6,11 @@
 #include "core/text/Csv.h"
 #include "portfolio/Portfolio.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <span>
+#include <unordered_map>
 
 namespace quorvane::portfolio {
 namespace {
@@ -31,19 +35,21 @@ struct Line {
 
 class BillExport {
  public:
-  BillExport(database::Connection& connection, OutputFolder& folder, const ExportScope& scope,
-             Progress& progress)
-      : connection_(connection),
-        scope_(scope),
-        progress_(progress),
-        directory_(connection),
-        file_(folder.Add(LayoutOf(FileKind::kBills))) {}
-
-  void Run() {
+  BillExport(database::Connection& connection, const ExportScope& scope, Progress& progress)
+      : connection_(connection), scope_(scope), progress_(progress), directory_(connection) {
     ReadLots();
     ReadLines();
+    ReadParts();
+  }
+
+  void Write(OutputFolder& folder) {
+    FileLayout layout = LayoutOf(FileKind::kBills);
+    if (parts_.empty()) {
+      layout.columns = layout.columns.first(bills::kBillPart);
+    }
+    file_ = &folder.Add(layout);
     WriteBills();
-    file_.Finish();
+    file_->Finish();
   }
 
  private:
@@ -87,6 +93,35 @@ class BillExport {
     return place;
   }
 
+  /// Bills of one client, account, broker, number and date are told apart by a part, from 2 on for
+  /// the second: without it they would come in again as one.
+  void ReadParts() {
+    std::unordered_map<std::string, int> count;
+    const ScopedText where = scope_.Clients("Cid");
+    for (const auto& row : connection_.OpenValues(
+             "Select ID,Cid,AcId,BrokId,BDate,BillNo From SPMaster" + where.text + " Order By ID",
+             where.values)) {
+      const int bill = row.Int(std::size_t{0});
+      if (LinesOf(bill).empty()) {
+        continue;
+      }
+      // A deleted account is written as none.
+      const AccountId account = directory_.Account(AccountId{row.Int(2)}).id;
+      const int part = ++count[fmt::format("{} {} {} {} {}", row.Int(1), account.value, row.Int(3),
+                                           row.Utf8(4), row.Utf8(5))];
+      if (part > 1) {
+        parts_.emplace(bill, part);
+      }
+    }
+  }
+
+  std::span<const Line> LinesOf(int bill) const {
+    const auto [first, last] = std::equal_range(
+        lines_.begin(), lines_.end(), Line{bill, 0, false, 0, {}, 0, 0, 0, 0, 0, 0, false, 0},
+        [](const Line& a, const Line& b) { return a.bill < b.bill; });
+    return {first, last};
+  }
+
   void WriteBills() {
     progress_.Begin(QStringLiteral("bills.csv"), static_cast<std::int64_t>(lines_.size()));
     const ScopedText where = scope_.Clients("M.Cid");
@@ -101,15 +136,14 @@ class BillExport {
                  "left(M.BDate,2)),M.ID",
              where.values)) {
       WriteBill(row);
-      file_.WriteWhenLarge();
+      file_->WriteWhenLarge();
     }
   }
 
   void WriteBill(const Recordset& bill) {
-    const auto [first, last] = std::equal_range(
-        lines_.begin(), lines_.end(),
-        Line{bill.Int(std::size_t{0}), 0, false, 0, {}, 0, 0, 0, 0, 0, 0, false, 0},
-        [](const Line& a, const Line& b) { return a.bill < b.bill; });
+    const std::span<const Line> lines = LinesOf(bill.Int(std::size_t{0}));
+    const std::string part = PartOf(bill.Int(std::size_t{0}));
+    std::string& out = file_->Buffer();
     std::string header;
     for (std::size_t column = 1; column <= 7; ++column) {
       // A settlement number that was never given is a single blank in old databases.
@@ -118,26 +152,45 @@ class BillExport {
       header += ',';
     }
     bool first_row = true;
-    for (auto line = first; line != last; ++line) {
-      file_.Buffer() += header;
-      WriteLine(*line);
+    for (const Line& line : lines) {
+      out += header;
+      WriteLine(line);
       if (first_row) {
-        text::AppendExact(file_.Buffer(), bill.Double(8));
-        file_.Buffer() += ',';
-        text::AppendExact(file_.Buffer(), bill.Double(9));
+        text::AppendExact(out, bill.Double(8));
+        out += ',';
+        text::AppendExact(out, bill.Double(9));
       } else {
-        file_.Buffer() += ',';
+        out += ',';
       }
-      file_.Buffer() += '\n';
+      out += part;
+      out += '\n';
       first_row = false;
     }
-    written_ += last - first;
+    written_ += static_cast<std::int64_t>(lines.size());
     progress_.Step(written_);
     progress_.ThrowIfCancelled();
   }
 
+  /// The last field with the comma before it; nothing when no bill of the file has a part.
+  std::string PartOf(int bill) const {
+    if (parts_.empty()) {
+      return {};
+    }
+    const auto part = parts_.find(bill);
+    return part == parts_.end() ? "," : fmt::format(",{}", part->second);
+  }
+
+  /// Nothing at all would mean a sale that is still to be taken from the oldest lots.
+  void AppendLotRate(int lot) {
+    if (const double* rate = lot_rates_.Find(lot)) {
+      text::AppendExact(file_->Buffer(), *rate);
+    } else {
+      file_->Buffer() += kNoLotWord;
+    }
+  }
+
   void WriteLine(const Line& line) {
-    std::string& out = file_.Buffer();
+    std::string& out = file_->Buffer();
     out += line.purchase ? "P," : "S,";
     text::AppendCsvField(out, directory_.Scrip(line.scrip).code);
     for (const double number :
@@ -148,9 +201,8 @@ class BillExport {
     out += ',';
     text::AppendCsvField(out, deliveries_[line.delivery]);
     out += line.fo ? ",1," : ",0,";
-    const double* lot_rate = line.purchase ? nullptr : lot_rates_.Find(line.lot);
-    if (lot_rate != nullptr) {
-      text::AppendExact(out, *lot_rate);
+    if (!line.purchase) {
+      AppendLotRate(line.lot);
     }
     out += ',';
   }
@@ -159,10 +211,11 @@ class BillExport {
   const ExportScope& scope_;
   Progress& progress_;
   lookups::Directory directory_;
-  OutputFile& file_;
+  OutputFile* file_ = nullptr;
   ledger::IdMap<double> lot_rates_;
   std::vector<Line> lines_;
   std::vector<std::string> deliveries_;
+  std::unordered_map<int, int> parts_;  ///< by bill
   std::int64_t written_ = 0;
 };
 
@@ -170,7 +223,7 @@ class BillExport {
 
 void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportScope& scope,
                  Progress& progress) {
-  BillExport(connection, folder, scope, progress).Run();
+  BillExport(connection, scope, progress).Write(folder);
 }
 
 }  // namespace quorvane::portfolio

@@ -65,7 +65,7 @@ constexpr std::array<ColumnLayout, 4> kPercentages{
     {{"fyear", true, 0}, {"name", true, 100}, {"percent", true, 0}, {"as_on", false, 100}}};
 
 constexpr std::array<ColumnLayout, 11> kOpening{{{"client_code", true, 100},
-                                                 {"account_no", true, 100},
+                                                 {"account_no", false, 100},
                                                  {"fyear", true, 0},
                                                  {"scrip_code", true, 255},
                                                  {"quantity", true, 0},
@@ -76,7 +76,7 @@ constexpr std::array<ColumnLayout, 11> kOpening{{{"client_code", true, 100},
                                                  {"stt", false, 0},
                                                  {"fo", false, 0}}};
 
-constexpr std::array<ColumnLayout, 20> kBills{{{"client_code", true, 100},
+constexpr std::array<ColumnLayout, 21> kBills{{{"client_code", true, 100},
                                                {"account_no", false, 100},
                                                {"bill_no", true, 100},
                                                {"bill_date", true, 0},
@@ -95,7 +95,8 @@ constexpr std::array<ColumnLayout, 20> kBills{{{"client_code", true, 100},
                                                {"fo", false, 0},
                                                {"lot_rate", false, 0},
                                                {"other_charges", false, 0},
-                                               {"transaction_charges", false, 0}}};
+                                               {"transaction_charges", false, 0},
+                                               {"bill_part", false, 0}}};
 
 constexpr std::array<ColumnLayout, 6> kTransfers{{{"date", true, 0},
                                                   {"from_account", true, 100},

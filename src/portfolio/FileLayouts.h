@@ -125,7 +125,8 @@ enum {
   kFo,
   kLotRate,
   kOtherCharges,
-  kTransactionCharges
+  kTransactionCharges,
+  kBillPart  ///< in an export only where a bill needs it
 };
 }
 namespace transfers {

@@ -85,22 +85,21 @@ class MovementImport {
     }
   }
 
+  /// Bills, and what a carry forward leaves of them, may stand without a demat account.
+  std::optional<AccountId> FindAccount(ClientId client, Symbol number) const {
+    const bool none_named = portfolio_.account_numbers.Names()[number].text.empty();
+    return client && none_named ? std::optional(AccountId{}) : names_.Account(client, number);
+  }
+
   std::optional<AccountId> AccountOf(ClientId client, Symbol number, FileKind file,
                                      std::size_t line) {
-    if (const auto account = names_.Account(client, number)) {
-      return account;
-    }
-    // A bill may stand without a demat account; then it has none to name.
-    const bool none_named = portfolio_.account_numbers.Names()[number].text.empty();
-    if (client && none_named && file == FileKind::kBills) {
-      return AccountId{};
-    }
-    if (client) {
+    const auto account = FindAccount(client, number);
+    if (!account && client) {
       Fail(file, line, "account_no",
            fmt::format("expected an account of the client, found \"{}\"",
                        portfolio_.account_numbers.Names()[number].text));
     }
-    return std::nullopt;
+    return account;
   }
 
   void TakeOpenings() {
@@ -114,7 +113,7 @@ class MovementImport {
     // Lots are received by date; records are written in file order.
     for (const OpeningRow* row : rows) {
       const ClientId client = names_.clients[row->client];
-      if (const auto account = names_.Account(client, row->account)) {
+      if (const auto account = FindAccount(client, row->account)) {
         book_.Receive({{client, row->year}, *account, names_.scrips[row->scrip]},
                       row->purchase_date, row->rate, row->quantity);
       }
@@ -232,6 +231,10 @@ class MovementImport {
 
   bool TakeSale(const BillLineRow& row, text::Date date, const HoldingsBook::Place& place,
                 double& available) {
+    if (row.lot_rate == BillLineRow::kNoLot) {
+      recorded_lines_.push_back(WholeLine(row, LotId{}));
+      return true;
+    }
     if (row.lot_rate != BillLineRow::kNoLotRate) {
       const auto piece = book_.TakeFromLot(place, row.lot_rate, row.quantity, available);
       if (piece) {

@@ -91,6 +91,7 @@ struct BillLineRow {
   std::uint32_t line = 0;
 
   static constexpr double kNoLotRate = -1;  ///< to be taken first in, first out
+  static constexpr double kNoLot = -2;      ///< recorded as it is, taken from no lot
 };
 
 inline constexpr std::string_view kDeliveryTypes[] = {"N.A.", "Delivery Based",
@@ -188,6 +189,7 @@ inline constexpr std::string_view kReceiptModes[] = {"Receving", "Dr. By Broker"
 inline constexpr std::string_view kPaymentKinds[] = {"Cash", "Cheque"};
 inline constexpr std::string_view kDebitCredit[] = {"Dr", "Cr"};
 inline constexpr std::string_view kPurchaseSale[] = {"P", "S"};
+inline constexpr std::string_view kNoLotWord = "none";  ///< as the lot rate of a sale
 inline constexpr std::string_view kPercentKinds[] = {
     "Brokerage Delivery Based", "Brokerage Non Delivery Based", "STT Delivery Based",
     "STT Non Delivery Based", "Service Tax"};

@@ -252,8 +252,9 @@ class Reader {
       return;
     }
     bill.date = *date;
+    const double part = table_->OptionalNumber(kBillPart).value_or(1);
     BillLineRow line = ReadLineOnly();
-    line.bill = BillOf(bill);
+    line.bill = BillOf(bill, part);
     portfolio_.bill_lines.push_back(line);
   }
 
@@ -272,18 +273,24 @@ class Reader {
         static_cast<std::uint8_t>(std::max(table_->Choice(kDeliveryType, kDeliveryTypes), 0));
     line.fo = table_->Flag(kFo);
     line.line = static_cast<std::uint32_t>(table_->Line());
-    const auto lot_rate = table_->OptionalNumber(kLotRate);
-    if (lot_rate && line.purchase) {
+    line.lot_rate = LotRate();
+    if (line.purchase && line.lot_rate != BillLineRow::kNoLotRate) {
       table_->Fail(kLotRate, "expected nothing: a purchase makes its lot at its own rate");
     }
-    line.lot_rate = lot_rate.value_or(BillLineRow::kNoLotRate);
     return line;
   }
 
-  /// Rows of one client, account, broker, number and date are one bill.
-  std::uint32_t BillOf(const BillRow& row) {
-    std::string key = fmt::format("{} {} {} {} ", row.client, row.account, row.broker,
-                                  row.date.time_since_epoch().count());
+  double LotRate() {
+    if (table_->IsWord(bills::kLotRate, kNoLotWord)) {
+      return BillLineRow::kNoLot;
+    }
+    return table_->OptionalNumber(bills::kLotRate).value_or(BillLineRow::kNoLotRate);
+  }
+
+  /// Rows of one client, account, broker, number, date and part are one bill.
+  std::uint32_t BillOf(const BillRow& row, double part) {
+    std::string key = fmt::format("{} {} {} {} {} ", row.client, row.account, row.broker,
+                                  row.date.time_since_epoch().count(), part);
     key += row.number;
     if (!portfolio_.bills.empty() && key == last_bill_key_) {
       return JoinBill(last_bill_, row);

@@ -25,7 +25,8 @@ COLUMNS = {
         ("client_code", "account_no", "bill_no", "bill_date", "broker", "side", "scrip_code",
          "quantity", "rate"),
         ("exchange", "settlement_no", "brokerage", "service_tax", "stt", "stt_percent",
-         "delivery_type", "fo", "lot_rate", "other_charges", "transaction_charges"),
+         "delivery_type", "fo", "lot_rate", "other_charges", "transaction_charges",
+         "bill_part"),
     ),
     "transfers.csv": (
         ("date", "from_account", "to_account", "scrip_code", "rate", "quantity"),
@@ -160,7 +161,7 @@ class _Reader:
     def bills(self) -> list[Bill]:
         bills: dict[tuple, Bill] = {}
         for key, line in self._each("bills.csv", self._line):
-            client, account, _broker, _number, when = key
+            client, account, _broker, _number, when, _part = key
             bill = bills.get(key)
             if bill is None:
                 bill = bills[key] = Bill(client, account, when, len(bills), [])
@@ -178,7 +179,7 @@ class _Reader:
             number(row.get("service_tax", "")), number(row.get("stt", "")),
             _flag(row.get("fo", "")), number(lot_rate) if lot_rate else None, row_number)
         key = (row["client_code"], row["account_no"], row["broker"], row["bill_no"],
-               day(row["bill_date"]))
+               day(row["bill_date"]), number(row.get("bill_part", "") or "1"))
         return key, line
 
     def transfers(self) -> list[Transfer]:

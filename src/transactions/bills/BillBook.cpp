@@ -5,6 +5,7 @@
 #include "core/database/Keys.h"
 #include "transactions/bills/BillChecks.h"
 #include "transactions/bills/LinePosting.h"
+#include "transactions/posting/Owner.h"
 #include "transactions/posting/ScratchLots.h"
 
 #include <fmt/format.h>
@@ -140,9 +141,8 @@ void PostInPlaceOf(LotSheet& sheet, const ClientYear& of, const std::optional<Bi
   PostLines(sheet, {of, bill.account}, bill.lines);
 }
 
-MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Bill& bill) {
-  const std::optional<Bill> old =
-      bill.id ? ReadBill(transaction.GetConnection(), of, bill.id, kForUpdate) : std::nullopt;
+MaybeRefusal Replace(Transaction& transaction, const ClientYear& of, const std::optional<Bill>& old,
+                     Bill& bill) {
   // Before new lots are numbered, so that they can have the numbers that they had there.
   posting::EmptyScratch(transaction, of);
   LotSheet sheet(transaction, ledger::LotTable::kStock);
@@ -160,6 +160,20 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Bill& bill) 
   InsertHeader(transaction, of, bill);
   InsertLines(transaction, of, bill);
   return std::nullopt;
+}
+
+MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Bill& bill) {
+  const QString field = QStringLiteral("Combo2");
+  if (MaybeRefusal refusal = posting::CheckClient(transaction, of.client, field)) {
+    return refusal;
+  }
+  const std::optional<Bill> old =
+      bill.id ? ReadBill(transaction.GetConnection(), of, bill.id, kForUpdate) : std::nullopt;
+  if (MaybeRefusal refusal = posting::CheckAccount(transaction, of.client, bill.account,
+                                                   old ? old->account : AccountId{}, field)) {
+    return refusal;
+  }
+  return Replace(transaction, of, old, bill);
 }
 
 }  // namespace

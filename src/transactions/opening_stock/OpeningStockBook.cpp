@@ -2,6 +2,7 @@
 
 #include "transactions/opening_stock/OpeningRows.h"
 #include "transactions/posting/LotSheet.h"
+#include "transactions/posting/Owner.h"
 
 #include <algorithm>
 #include <set>
@@ -37,6 +38,27 @@ MaybeRefusal Replace(Transaction& transaction, const ClientYear& of,
   DeleteRows(transaction, of, old);
   InsertRows(transaction, of, lots);
   return std::nullopt;
+}
+
+MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, OpeningLot& lot) {
+  const QString field = QStringLiteral("Combo2");
+  if (MaybeRefusal refusal = posting::CheckClient(transaction, of.client, field)) {
+    return refusal;
+  }
+  std::vector<OpeningLot> old;
+  if (lot.id) {
+    old = ReadRows(transaction.GetConnection(), of, Locking::kForUpdate, lot.id);
+  }
+  if (MaybeRefusal refusal =
+          posting::CheckAccount(transaction, of.client, lot.account,
+                                old.empty() ? AccountId{} : old.front().account, field)) {
+    return refusal;
+  }
+  if (old.empty()) {
+    // A row that was deleted meanwhile is written as a new one: its key may be taken.
+    lot.id = {};
+  }
+  return Replace(transaction, of, old, {&lot, 1}, QStringLiteral("Text1_0"));
 }
 
 OpeningLot OpeningOf(const gains::RemainingLot& lot) {
@@ -88,15 +110,7 @@ MaybeRefusal OpeningStockBook::Save(OpeningLot& lot) {
     saved = lot;
     // What is recorded is what the ledger counts.
     saved.quantity = ledger::SettleQuantity(lot.quantity);
-    std::vector<OpeningLot> old;
-    if (lot.id) {
-      old = ReadRows(connection_, of_, Locking::kForUpdate, lot.id);
-    }
-    if (old.empty()) {
-      // A row that was deleted meanwhile is written as a new one: its key may be taken.
-      saved.id = {};
-    }
-    return Replace(transaction, of_, old, {&saved, 1}, QStringLiteral("Text1_0"));
+    return SaveIn(transaction, of_, saved);
   });
   if (!refusal) {
     lot = saved;

@@ -169,6 +169,29 @@ class BillBookTest : public QObject {
     QVERIFY(BillBook(desk_->Connection(), desk_->other_of).Load(other.id));
   }
 
+  void BillOfAClientOrAccountDeletedMeanwhileIsRefused() {
+    const ClientId client = desk_->database.AddClient(QStringLiteral("C3"));
+    BillBook book(desk_->Connection(), {client, desk_->year});
+    Bill bill = desk_->NewBill({desk_->Purchase(10, 100)});
+    bill.account = desk_->database.AddAccount(client, QStringLiteral("3001"));
+    QVERIFY(!book.Save(bill));
+    desk_->Connection().Execute("Delete From ClientActDet Where CId=?", client);
+    QCOMPARE(TextOf(book.Save(bill)), kAccepted);
+    const QStringList before = desk_->Everything();
+
+    Bill added = bill;
+    added.id = {};
+    QCOMPARE(TextOf(book.Save(added)),
+             QStringLiteral("This Demat A/c was Deleted in the Meantime."));
+    bill.account = desk_->other_account;
+    QCOMPARE(TextOf(book.Save(bill)),
+             QStringLiteral("This Demat A/c was Deleted in the Meantime."));
+    desk_->Connection().Execute("Delete From ClientInfo Where Id=?", client);
+    bill.account = {};
+    QCOMPARE(TextOf(book.Save(bill)), QStringLiteral("This Client was Deleted in the Meantime."));
+    QCOMPARE(desk_->Everything(), before);
+  }
+
   void DeleteTakesEveryLineBack() {
     Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
     QVERIFY(!Book().Save(bought));

@@ -101,6 +101,16 @@ class OpeningStockBookTest : public QObject {
     QCOMPARE(Book().List().size(), std::size_t{2});
   }
 
+  void LotOfAClientDeletedMeanwhileIsRefused() {
+    const ClientId client = desk_->database.AddClient(QStringLiteral("C3"));
+    OpeningLot lot = Lot(10, 100);
+    lot.account = desk_->database.AddAccount(client, QStringLiteral("3001"));
+    desk_->Connection().Execute("Delete From ClientInfo Where Id=?", client);
+    QCOMPARE(TextOf(OpeningStockBook(desk_->Connection(), {client, desk_->year}).Save(lot)),
+             QStringLiteral("This Client was Deleted in the Meantime."));
+    QVERIFY(desk_->Everything().isEmpty());
+  }
+
   void SharesAreRecordedAsTheLedgerKeepsThem() {
     for (const double quantity : {1.0000004, 2.0000004}) {
       OpeningLot lot = Lot(quantity, 100);

@@ -4086,6 +4086,10 @@ Lots changed: %1</source>
         <translation>नेशनल एक्सचेंज (&amp;N)</translation>
     </message>
     <message>
+        <source>NSE &amp;archive</source>
+        <translation>NSE का संग्रह (&amp;A)</translation>
+    </message>
+    <message>
         <source>&amp;Quotes, Bombay</source>
         <translation>भाव, बंबई (&amp;Q)</translation>
     </message>

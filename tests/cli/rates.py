@@ -49,7 +49,13 @@ class Rates(Case):
 
     def test_what_is_refused_changes_nothing(self):
         self.file.with_name("bad.csv").write_text("A,B\n1,2\n")
+        undated = self.file.with_name("day.zip")
+        with zipfile.ZipFile(undated, "w") as archive:
+            archive.writestr("EQ300312.CSV", FILE.replace(",TRADING_DATE", "").replace(
+                ",30-Mar-2012", ""))
         for arguments, status, told in (
+                ((undated, "--date", "29/03/2012"), REFUSED,
+                 "The file holds the prices of 30/03/2012, not of 29/03/2012."),
                 ((self.file, "--date", "29/03/2012"), REFUSED,
                  "The file holds the prices of 30/03/2012, not of 29/03/2012."),
                 ((self.file, "--date", "01/01/2999"), REFUSED, "You can't insert future Date"),

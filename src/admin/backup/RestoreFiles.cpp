@@ -1,6 +1,7 @@
 #include "admin/backup/RestoreFiles.h"
 
 #include "core/platform/DiskSync.h"
+#include "core/platform/Processes.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -32,17 +33,23 @@ QByteArray ReadAll(const QString& path) {
   return file.readAll();
 }
 
-void WriteWhole(const QString& path, const QByteArray& content) {
-  QDir().mkpath(QFileInfo(path).absolutePath());
+void WriteWhole(const QString& path, const QByteArray& content, bool closed_to_others = false) {
+  platform::MakeMissingFolder(QFileInfo(path).absolutePath());
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
+  if (!file.open(QIODevice::WriteOnly)) {
+    Fail(QStringLiteral("cannot write"), path);
+  }
+  if (closed_to_others) {
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+  }
+  if (file.write(content) != content.size() || !file.commit()) {
     Fail(QStringLiteral("cannot write"), path);
   }
 }
 
 /// Ended between the two steps, the file still lies where it came from.
 void MoveInto(const QString& from, const QString& to) {
-  QDir().mkpath(QFileInfo(to).absolutePath());
+  platform::MakeMissingFolder(QFileInfo(to).absolutePath());
   QFile::remove(to);
   if (!QFile::rename(from, to)) {
     Fail(QStringLiteral("cannot move a file to"), to);
@@ -110,9 +117,7 @@ bool RestoreFiles::IsPending() const {
 }
 
 void RestoreFiles::Stage(const QString& backup, const Manifest& manifest, Progress& progress) {
-  if (!QDir().mkpath(stage_)) {
-    Fail(QStringLiteral("cannot make the folder"), stage_);
-  }
+  platform::MakeMissingFolder(stage_);
   progress.Begin(QCoreApplication::translate("Backup", "Fetching the documents"), manifest.Bytes());
   ByteCount count{progress};
   for (const BackupFile& file : manifest.files) {
@@ -181,7 +186,7 @@ void RestoreFiles::TakeTheirPlaces() {
   PlaceDocuments(staged);
   PlaceData(staged);
   if (QFileInfo::exists(File(kSettingsFile))) {
-    WriteWhole(folders_.config_file, ReadAll(File(kSettingsFile)));
+    WriteWhole(folders_.config_file, ReadAll(File(kSettingsFile)), true);
   }
 }
 

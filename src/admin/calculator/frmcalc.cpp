@@ -155,8 +155,10 @@ bool frmcalc::Press(const QKeyEvent& event) {
     calculator_.Operate(Operation::kMultiply);
   } else if (letter == QLatin1Char('/')) {
     calculator_.Operate(Operation::kDivide);
-  } else if (letter == QLatin1Char('.') || letter == QLatin1Char(',')) {
+  } else if (letter == QLatin1Char('.')) {
     calculator_.Point();
+  } else if (letter == QLatin1Char(',')) {
+    // It groups digits, as on the display; 1,000 is a thousand.
   } else if (letter == QLatin1Char('%')) {
     calculator_.Percent();
   } else if (letter == QLatin1Char('=') || event.key() == Qt::Key_Return ||

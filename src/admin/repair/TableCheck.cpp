@@ -13,12 +13,33 @@
 namespace quorvane::repair {
 namespace {
 
-/// Tables and the columns that make their keys.
+/// Tables and the columns that no two of their rows share.
 constexpr std::pair<std::string_view, std::string_view> kKeys[] = {
-    {"ClientInfo", "Id"}, {"ClientActDet", "id"}, {"DepPart", "Id"},     {"DpIDs", "id"},
-    {"Broker", "Id"},     {"Script", "Id"},       {"StkOpBal", "Id"},    {"BrOpBal", "Id"},
-    {"Stock", "Id"},      {"MarketRate", "Id"},   {"SPMaster", "ID"},    {"SPTrans", "SID,Id"},
-    {"BrPayment", "Id"},  {"BrRec", "Id"},        {"ScrTransfer", "ID"}, {"TransTaxPer", "Id"}};
+    {"LoginId", "id"},
+    {"LoginPassword", "id"},
+    {"ClientInfo", "Id"},
+    {"ClientActDet", "id"},
+    {"DepPart", "Id"},
+    {"DpIDs", "id"},
+    {"Broker", "Id"},
+    {"Script", "Id"},
+    {"ScriptType", "Id"},
+    {"ScriptClass", "Id"},
+    {"STTPer", "Id"},
+    {"Exchange", "Id"},
+    {"StkOpBal", "Id"},
+    {"BrOpBal", "Id"},
+    {"BrOpBal", "CId,Fyear,BrId"},
+    {"Stock", "Id"},
+    {"MarketRate", "Id"},
+    {"MarketRate", "ScrId,MDate"},
+    {"SPMaster", "ID"},
+    {"SPTrans", "SID,Id"},
+    {"BrPayment", "Id"},
+    {"BrRec", "Id"},
+    {"ScrTransfer", "ID"},
+    {"TransTaxPer", "Id"},
+    {"ScriptAvgRate", "Cid,Fyear,AcId,ScriptId,BrkId"}};
 
 std::int64_t CountOf(database::Connection& connection, const std::string& sql) {
   auto rows = connection.Open(sql);

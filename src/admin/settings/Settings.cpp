@@ -36,6 +36,7 @@ constexpr TextPlace kPlaces[kTexts] = {
     {"Internet", "BseQuoteHost", Rule::kWebAddress},
     {"Internet", "NseQuoteHost", Rule::kWebAddress},
     {"Internet", "ArchiveHost", Rule::kWebAddress},
+    {"Internet", "NseArchiveHost", Rule::kWebAddress},
     {"Printer", "Name", Rule::kAny},
     {"Printer", "PageSize", Rule::kAny},
 };

@@ -38,6 +38,7 @@ enum Text {
   BseQuoteHost,
   NseQuoteHost,
   ArchiveHost,
+  NseArchiveHost,
   Printer,   ///< name of the printer that is proposed; empty: the desktop's own
   PageSize,  ///< "A4", "Letter", "Legal", "A5", "A3"
   kTexts

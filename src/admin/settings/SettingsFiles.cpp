@@ -34,6 +34,8 @@ QString Preset(Text text) {
       return QStringLiteral("https://www.bseindia.com");
     case NseHost:
       return QStringLiteral("https://www.nseindia.com");
+    case NseArchiveHost:
+      return QStringLiteral("https://nsearchives.nseindia.com");
     case PageSize:
       return QStringLiteral("A4");
     default:

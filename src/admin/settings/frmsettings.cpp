@@ -200,6 +200,7 @@ QWidget* frmsettings::InternetPage() {
   AddText(*page.fields, BseHost, tr("&Bombay exchange"));
   AddText(*page.fields, ArchiveHost, tr("Its price &files"));
   AddText(*page.fields, NseHost, tr("&National exchange"));
+  AddText(*page.fields, NseArchiveHost, tr("NSE &archive"));
   AddText(*page.fields, BseQuoteHost, tr("&Quotes, Bombay"));
   AddText(*page.fields, NseQuoteHost, tr("Quotes, National"));
   QWidget* done = page.Done();

@@ -1,5 +1,7 @@
 #include "core/app/Folders.h"
 
+#include "core/platform/Processes.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -73,9 +75,7 @@ void CopyWhole(const QString& source, const QString& target) {
   if (from.error() != QFileDevice::NoError) {
     Fail(source, from.errorString());
   }
-  if (!QDir().mkpath(QFileInfo(target).absolutePath())) {
-    Fail(target, QStringLiteral("its folder cannot be made"));
-  }
+  platform::MakeMissingFolder(QFileInfo(target).absolutePath());
   QSaveFile to(target);
   if (!to.open(QIODevice::WriteOnly) || to.write(content) != content.size() || !to.commit()) {
     Fail(target, to.errorString());

@@ -1,5 +1,7 @@
 #include "core/app/Ini.h"
 
+#include "core/platform/Processes.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QDir>
@@ -203,12 +205,14 @@ QByteArray ReadFile(const QString& path) {
 }
 
 void WriteFile(const QString& path, const QByteArray& content) {
-  const QString folder = QFileInfo(path).absolutePath();
-  if (!QDir().mkpath(folder)) {
-    Fail(path, QStringLiteral("its folder cannot be made"));
-  }
+  platform::MakeMissingFolder(QFileInfo(path).absolutePath());
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
+  if (!file.open(QIODevice::WriteOnly)) {
+    Fail(path, file.errorString());
+  }
+  // Passwords may be in it. A disk without permissions does not know better.
+  file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+  if (file.write(content) != content.size() || !file.commit()) {
     Fail(path, file.errorString());
   }
 }

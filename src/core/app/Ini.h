@@ -32,7 +32,8 @@ class IniFile {
   QString Read(const QString& section, const QString& key, const QString& fallback = {}) const;
 
   /// Sets one value so that Read gives it back, and leaves every other line, comment and blank line
-  /// where it is. The file and its folder are made when missing. Either the whole change reaches
+  /// where it is. The file and its folder are made when missing;
+  /// nobody but this user can read the file afterwards. Either the whole change reaches
   /// the disk or the file stays as it was. Throws std::runtime_error with the path and the reason.
   void Write(const QString& section, const QString& key, const QString& value) const;
 

@@ -2,8 +2,7 @@
 
 #include "core/app/Ini.h"
 #include "core/database/DatabaseSettings.h"
-
-#include <QDir>
+#include "core/platform/Processes.h"
 
 namespace quorvane::app {
 namespace {
@@ -32,7 +31,7 @@ std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
       throw AlreadyRunning();
     }
   }
-  QDir().mkpath(options.application_folder);
+  platform::MakeMissingFolder(options.application_folder);
   session->folders = Folders::At(options.application_folder);
   if (!options.shipped_data.isEmpty()) {
     InstallShippedFiles(session->folders, options.shipped_data);

@@ -58,7 +58,10 @@ TextTable ReadArchived(std::string_view bytes) {
   if (FindPart(entries, "content.xml") != nullptr) {
     return ReadOds(entries);
   }
-  return ReadCsvText(TheCsvOf(entries).content);
+  const ArchiveEntry& entry = TheCsvOf(entries);
+  TextTable table = ReadCsvText(entry.content);
+  table.name = entry.name;
+  return table;
 }
 
 }  // namespace

@@ -19,6 +19,7 @@ struct TextRow {
 /// left out.
 struct TextTable {
   std::vector<TextRow> rows;
+  std::string name = {};  ///< of the file inside an archive that it was read from, with its folders
 };
 
 /// A file that cannot be taken: what() says why, for the user.

@@ -84,6 +84,14 @@ void MakePrivateFolder(const QString& path) {
   }
 }
 
+void MakeMissingFolder(const QString& path) {
+  const QFileInfo folder(path);
+  if (!folder.isDir()) {
+    MakeMissingFolder(folder.absolutePath());
+    MakePrivateFolder(folder.absoluteFilePath());
+  }
+}
+
 QString ShortPrivateFolder(const QString& name) {
   const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
   QString path = runtime.isEmpty() || runtime.size() > 40

@@ -24,6 +24,10 @@ bool IsSuperuser();
 /// folder; throws std::runtime_error when it belongs to somebody else or cannot be made.
 void MakePrivateFolder(const QString& path);
 
+/// Makes a folder, and those above it that are missing, for nobody but this user; folders that are
+/// there stay as they are, links to some included. Throws std::runtime_error.
+void MakeMissingFolder(const QString& path);
+
 /// A folder for sockets with a short path, of this user alone.
 QString ShortPrivateFolder(const QString& name);
 

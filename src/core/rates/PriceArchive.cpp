@@ -53,12 +53,13 @@ QVector<QUrl> ArchiveAddresses(const ExchangeHosts& hosts, Exchange exchange, te
   const QUrl& host = national ? hosts.nse_archive : hosts.archive;
   const DayParts on(date);
   QStringList paths;
+  const bool has_common_file = date >= CommonFileSince();
+  if (has_common_file) {
+    paths << (national ? NationalCommonFile(on) : BombayCommonFile(on));
+  }
   if (!national) {
     paths << BombayFile(on);
-  }
-  if (date >= CommonFileSince()) {
-    paths << (national ? NationalCommonFile(on) : BombayCommonFile(on));
-  } else if (national) {
+  } else if (!has_common_file) {
     paths << NationalFile(on);
   }
   QVector<QUrl> addresses;

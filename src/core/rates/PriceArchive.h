@@ -8,8 +8,8 @@
 namespace quorvane::rates {
 
 /// Where an exchange's archive keeps the daily price file of a day, the likeliest address first.
-/// The Bombay exchange's is "/Hisbhav/eq<ddmmyy>_csv.zip"; since 8 July 2024 both have the common
-/// daily file as well. Empty without a host.
+/// Since 8 July 2024 both have the common daily file; before it, and after it when there is none,
+/// the Bombay exchange's is "/Hisbhav/eq<ddmmyy>_csv.zip". Empty without a host.
 QVector<QUrl> ArchiveAddresses(const ExchangeHosts& hosts, Exchange exchange, text::Date date);
 
 }  // namespace quorvane::rates

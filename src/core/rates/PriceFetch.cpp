@@ -104,12 +104,15 @@ void PriceFetch::FileOf(Exchange exchange, text::Date date, const Answer& answer
 void PriceFetch::TryNext(const QVector<QUrl>& addresses, const Failures& failures,
                          const Answer& answer) {
   download_.Get(addresses.front(), limits_, [=, this](const Downloaded& file) {
-    if (file.IsWhole()) {
-      answer(Kept(file, QStringLiteral("EQ"), failures.unusable));
-    } else if (file.status == kNotFound && addresses.size() > 1) {
+    const Fetched fetched =
+        file.IsWhole()
+            ? Kept(file, QStringLiteral("EQ"), failures.unusable)
+            : Fetched{.failure = file.status == kNotFound ? failures.missing : failures.unusable};
+    // With a path there was a price file, even if it could not be kept on the disk.
+    if (fetched.path.isEmpty() && addresses.size() > 1) {
       TryNext(addresses.mid(1), failures, answer);
     } else {
-      answer({.failure = file.status == kNotFound ? failures.missing : failures.unusable});
+      answer(fetched);
     }
   });
 }

@@ -58,6 +58,7 @@ class PriceFetch : public QObject {
   };
 
   void FollowLink(const Downloaded& page, const Answer& answer);
+  /// Asks one address after the other until one gives a price file; tells the last one's failure.
   void TryNext(const QVector<QUrl>& addresses, const Failures& failures, const Answer& answer);
   Fetched Kept(const Downloaded& file, const QString& name, const QString& unusable) const;
   void NextMovers(MoverPages pages, const Answer& answer);

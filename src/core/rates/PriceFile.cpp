@@ -4,6 +4,8 @@
 #include "core/rates/PriceRows.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QRegularExpression>
 
 namespace quorvane::rates {
 namespace {
@@ -26,6 +28,26 @@ Refusal Invalid(const std::vector<std::string>& errors) {
     lines << Tr("... and %1 more.").arg(static_cast<qulonglong>(errors.size() - kShown));
   }
   return Invalid(lines.join(QLatin1Char('\n')));
+}
+
+/// The day in a name that the Bombay exchange gave: "EQ310118.CSV", "EQ_ISINCODE_310118.CSV" or
+/// "BSE_EQ_BHAVCOPY_31012018.CSV".
+std::optional<text::Date> DayInName(const QString& path) {
+  static const QRegularExpression kName(
+      QStringLiteral("^(?:EQ(?:_ISINCODE_)?(\\d\\d)(\\d\\d)(\\d\\d)|"
+                     "BSE_EQ_BHAVCOPY_(\\d\\d)(\\d\\d)(\\d{4}))(?!\\d)"),
+      QRegularExpression::CaseInsensitiveOption);
+  const auto match = kName.match(QFileInfo(path).fileName());
+  if (!match.hasMatch()) {
+    return std::nullopt;
+  }
+  const bool is_long = match.hasCaptured(4);
+  const int first = is_long ? 4 : 1;
+  const auto number = [&](int part) { return match.capturedView(first + part).toInt(); };
+  constexpr int kFirstOldYear = 90;  // of the two-digit years that belong to the last century
+  const int year = number(2);
+  const int century = is_long ? 0 : year < kFirstOldYear ? 2000 : 1900;
+  return text::MakeDate(number(0), number(1), century + year);
 }
 
 }  // namespace
@@ -52,7 +74,13 @@ MaybeRefusal ReadPriceFile(const QString& path, PriceFile& file) {
     return Invalid(Tr("Expected is a .csv, .xls, .xlsx, .ods or .zip file."));
   }
   try {
-    return ReadPriceTable(files::ReadTableFile(path), file);
+    const files::TextTable table = files::ReadTableFile(path);
+    MaybeRefusal refusal = ReadPriceTable(table, file);
+    if (!refusal && !file.date && file.exchange == Exchange::kBse) {
+      const auto inner = DayInName(QString::fromStdString(table.name));
+      file.date = inner ? inner : DayInName(path);
+    }
+    return refusal;
   } catch (const files::TableError& error) {
     return Invalid(QString::fromUtf8(error.what()));
   }

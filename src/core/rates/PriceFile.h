@@ -39,7 +39,7 @@ struct PriceFile {
   std::size_t left_out = 0;  ///< rows of other segments and of series beside the chosen one
 };
 
-/// Reads a table by its headings, never by the file's name. Refuses headings that belong to no
+/// Reads a table by its headings. Refuses headings that belong to no
 /// known file with "Invalid File." and what was expected, and rows that cannot be right with their
 /// lines; `file` is then not to be used.
 ///
@@ -48,7 +48,9 @@ struct PriceFile {
 /// together on one line are told apart.
 MaybeRefusal ReadPriceTable(const files::TextTable& table, PriceFile& file);
 
-/// The same from a file on the disk: .csv, .xls, .xlsx, .ods or .zip.
+/// The same from a file on the disk: .csv, .xls, .xlsx, .ods or .zip. Of a file of the Bombay
+/// exchange that holds no day, the day is taken from the name that the exchange gave it, or the
+/// file inside the archive.
 MaybeRefusal ReadPriceFile(const QString& path, PriceFile& file);
 
 /// Refuses a file of rates that has none, or whose prices are of another day.

@@ -1,5 +1,6 @@
 #include "masters/clients/DocumentStore.h"
 
+#include "core/platform/Processes.h"
 #include "masters/clients/Client.h"
 
 #include <QCoreApplication>
@@ -85,12 +86,6 @@ void RemoveWhole(const QString& path) {
   }
 }
 
-void MakeFolder(const QString& path) {
-  if (!QDir().mkpath(path)) {
-    Fail(path, QStringLiteral("the folder cannot be made"));
-  }
-}
-
 }  // namespace
 
 Refusal FileDoesNotExist() {
@@ -134,7 +129,7 @@ MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) c
   if (info.size() > most_bytes_) {
     return TooLarge(most_bytes_);
   }
-  MakeFolder(folder_);
+  platform::MakeMissingFolder(folder_);
   QSaveFile to(folder_ + QStringLiteral("/incoming-") +
                QUuid::createUuid().toString(QUuid::WithoutBraces));
   if (!to.open(QIODevice::WriteOnly)) {
@@ -155,7 +150,7 @@ void DocumentStore::Place(ClientId client, Incoming incoming) const {
   if (QFileInfo(folder).isSymLink()) {
     RemoveWhole(folder);
   }
-  MakeFolder(folder);
+  platform::MakeMissingFolder(folder);
   Replace(incoming.copy_, folder + QChar('/') + incoming.name_);
   incoming.copy_.clear();
   ThrowAwayOthers(client, incoming.name_);

@@ -326,6 +326,19 @@ class BackupTest : public QObject {
     QVERIFY(!QFileInfo::exists(office.folders.application + QStringLiteral("/Restore")));
   }
 
+  void WhatIsRestoredAnewIsClosedToOthers() {
+    Office office;
+    const QString made = office.BackUp();
+    QVERIFY(QDir(office.folders.documents).removeRecursively());
+    QVERIFY(QFile::remove(office.folders.config_file));
+    QCOMPARE(office.Restore(made), QString());
+    for (const QString& path :
+         {office.folders.documents, office.folders.documents + "/1", office.folders.config_file}) {
+      QVERIFY(QFileInfo::exists(path));
+      QVERIFY(!(QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::ReadOther)));
+    }
+  }
+
   void SettingsOfTheMachineStay() {
     QCOMPARE(
         MergedSettings("[Internet]\nIndexFeed=a\n[database]\nServer=there\n[Backup]\nKeep=3\n",

@@ -56,6 +56,8 @@ class frmcalcTest : public QObject {
                           << "0.0000000000000001";
     QTest::newRow("second point") << "1.2.5+0="
                                   << "1.25";
+    QTest::newRow("typed commas") << "1,000+1,23,456.50="
+                                  << "1,24,456.5";
     QTest::newRow("typed zeros") << "007.50"
                                  << "7.50";
   }

@@ -17,6 +17,22 @@ class TableCheckTest : public QObject {
                              << "";
     QTest::newRow("double key") << "Insert Into Broker(Id,Name) Values(1,'TWIN')"
                                 << "Broker(Id) 1;";
+    QTest::newRow("two users under one number")
+        << "Insert Into LoginId(id,Name) Values(7,'ANN'),(7,'BOB'),(8,'CARL')"
+        << "LoginId(id) 1;";
+    QTest::newRow("exchange twice") << "Insert Into Exchange(Id,ExName) Values(1,'NSE'),(2,'BSE')"
+                                    << "Exchange(Id) 2;";
+    QTest::newRow("broker's opening balance twice")
+        << "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(1,'2011-12',1,1,5,0),"
+           "(1,'2011-12',2,1,5,0),(1,'2012-13',3,1,5,0)"
+        << "BrOpBal(CId,Fyear,BrId) 1;";
+    QTest::newRow("two rates of a day")
+        << "Insert Into MarketRate(Fyear,Id,MDate,ScrId,Rate) Values('2011-12',1,'2011-06-15',1,5),"
+           "('2011-12',2,'2011-06-15',1,6),('2011-12',3,'2011-06-16',1,6)"
+        << "MarketRate(ScrId,MDate) 1;";
+    QTest::newRow("two average rates of a scrip")
+        << "Insert Into ScriptAvgRate Values(1,'2011-12',1,1,1,5),(1,'2011-12',1,1,1,6)"
+        << "ScriptAvgRate(Cid,Fyear,AcId,ScriptId,BrkId) 1;";
     QTest::newRow("wrong lot") << "Update Stock Set Qty=7"
                                << "lot 1 7;";
     QTest::newRow("lines without a bill")

@@ -4,6 +4,7 @@
 #include "controls/Style.h"
 #include "controls/TextBox.h"
 #include "core/app/Ini.h"
+#include "core/rates/QuoteDesk.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
@@ -43,13 +44,18 @@ class frmsettingsTest : public QObject {
     Open();
     Box(NseHost)->setText("https://nse.example");
     Box(BseHost)->setText("");
+    QCOMPARE(Box(NseArchiveHost)->text(), QString("https://nsearchives.nseindia.com"));
+    Box(NseArchiveHost)->setText("https://archive.example");
     Choice("Combo1")->ById(1);
     Box(Width)->setText("1024");
     Box(Height)->setText("768");
     Click("cmdUpdate");
     QCOMPARE(messages_.Texts(), QStringList("The settings are saved."));
     QCOMPARE(Read(Config()), QByteArray("; by hand\n[Backup]\nFolder=/b\n[Internet]\nBseHost=\n"
-                                        "NseHost=https://nse.example\n"));
+                                        "NseHost=https://nse.example\n"
+                                        "NseArchiveHost=https://archive.example\n"));
+    const auto hosts = rates::ExchangeHosts::From(app::IniFile(Config()));
+    QCOMPARE(hosts.nse_archive, QUrl("https://archive.example"));
     QCOMPARE(Read(session_.folders.screen_ini), QByteArray("[ScrReso]\nOpt=1\nX=1024\nY=768\n"));
     QCOMPARE(session_.screen_factors.horizontal, 1024.0F / 800);
     QVERIFY(window_->close());
@@ -106,6 +112,7 @@ class frmsettingsTest : public QObject {
     row("no database", Database, "", "Enter the Name of the Database.");
     row("address without its kind", BseHost, "www.example.com", address);
     row("address of a file", IndexFeed, "file:///etc/passwd", address);
+    row("archive without its kind", NseArchiveHost, "nsearchives.example", address);
     row("no host", NseQuoteHost, "https://", address);
     row("too long", ArchiveHost, "https://" + QString(250, 'a'),
         "The Text is too Long. At Most 250 Letters are Kept.");

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -165,6 +166,7 @@ void FoldersTest::SecondCopyIsKeptOutOfTheSameFolderOnly() {
   const QTemporaryDir other;
   auto first = SingleCopy::Take(folder.filePath("new"));
   QVERIFY(first.has_value());
+  QVERIFY(!(QFileInfo(folder.filePath("new")).permissions() & (QFile::ExeGroup | QFile::ExeOther)));
   QVERIFY(!SingleCopy::Take(folder.filePath("new")).has_value());
   QVERIFY(SingleCopy::Take(other.path()).has_value());
   first.reset();

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -34,6 +35,7 @@ class IniTest : public QObject {
   void WhatIsWrittenIsRead_data();
   void WhatIsWrittenIsRead();
   void WriteMakesFolderAndFile();
+  void OnlyTheUserReadsWhatIsWritten();
   void UnusableSettingIsRefused_data();
   void UnusableSettingIsRefused();
   void UnreadableFileIsNotAMissingOne();
@@ -186,6 +188,14 @@ void IniTest::WriteMakesFolderAndFile() {
   const IniFile ini(folder_->filePath("new/folder/OrvikConfig.INI"));
   ini.Write("ScrReso", "Opt", "2");
   QCOMPARE(ini.Read("ScrReso", "Opt"), "2");
+}
+
+void IniTest::OnlyTheUserReadsWhatIsWritten() {
+  const IniFile ini = Given("[Database]\nPassword=old\n");
+  constexpr auto kOwner = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+  QVERIFY(QFile::setPermissions(ini.Path(), kOwner | QFile::ReadGroup | QFile::ReadOther));
+  ini.Write("Database", "Password", "new");
+  QCOMPARE(QFileInfo(ini.Path()).permissions(), QFile::Permissions(kOwner));
 }
 
 void IniTest::UnusableSettingIsRefused_data() {

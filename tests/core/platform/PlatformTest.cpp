@@ -99,6 +99,22 @@ class PlatformTest : public QObject {
     QCOMPARE(QFileInfo(path).permissions(), QFile::Permissions(kOwnerOnly));
   }
 
+  void MissingFoldersAreMadePrivateAndOthersStay() {
+    const QTemporaryDir folder;
+    const QFile::Permissions open = kOwnerOnly | QFile::ReadGroup | QFile::ExeGroup;
+    QVERIFY(QFile::setPermissions(folder.path(), open));
+    MakeMissingFolder(folder.filePath(QStringLiteral("a/b/")));
+    for (const char* made : {"a", "a/b"}) {
+      QCOMPARE(QFileInfo(folder.filePath(QLatin1String(made))).permissions(),
+               QFile::Permissions(kOwnerOnly));
+    }
+    const QString link = folder.filePath(QStringLiteral("link"));
+    QVERIFY(QFile::link(folder.path(), link));
+    MakeMissingFolder(link);
+    QCOMPARE(QFileInfo(folder.path()).permissions(), open);
+    QVERIFY_EXCEPTION_THROWN(MakeMissingFolder(QStringLiteral("/dev/null/a")), std::runtime_error);
+  }
+
   void ALinkIsNoPrivateFolder() {
     const QTemporaryDir folder;
     const QString link = folder.filePath(QStringLiteral("link"));

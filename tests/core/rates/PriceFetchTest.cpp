@@ -19,6 +19,8 @@ Q_DECLARE_METATYPE(quorvane::text::Date)
 namespace {
 
 const QString kArchived = QStringLiteral("/Hisbhav/eq310118_csv.zip");
+const QString kCommon =
+    QStringLiteral("/download/BhavCopy/Equity/BhavCopy_BSE_CM_0_0_0_20240708_F_0000.CSV");
 const QString kMovers = QStringLiteral("/sensex/mktwatchR.aspx?filter=");
 const QString kMissing =
     QStringLiteral("File Not Found.This Date Bhav Copy Not available on site.");
@@ -83,10 +85,9 @@ class PriceFetchTest : public QObject {
     QTest::addColumn<QStringList>("asked");
     QTest::newRow("Bombay, old") << int(Exchange::kBse) << *text::MakeDate(5, 6, 2009)
                                  << QStringList("/Hisbhav/eq050609_csv.zip");
-    QTest::newRow("Bombay, common file as the second try")
+    QTest::newRow("Bombay, common file first")
         << int(Exchange::kBse) << *text::MakeDate(8, 7, 2024)
-        << QStringList({"/Hisbhav/eq080724_csv.zip",
-                        "/download/BhavCopy/Equity/BhavCopy_BSE_CM_0_0_0_20240708_F_0000.CSV"});
+        << QStringList({kCommon, "/Hisbhav/eq080724_csv.zip"});
     QTest::newRow("National, old")
         << int(Exchange::kNse) << *text::MakeDate(5, 7, 2024)
         << QStringList("/content/historical/EQUITIES/2024/JUL/cm05JUL2024bhav.csv.zip");
@@ -120,6 +121,27 @@ class PriceFetchTest : public QObject {
     QFETCH(const Reply, reply);
     exchange_->Answer(kArchived, reply);
     QTEST(Archived(Exchange::kBse, *text::MakeDate(31, 1, 2018)).failure, "text");
+  }
+
+  void NextAddressIsAskedAfterAnyFailure_data() {
+    QTest::addColumn<Reply>("first");
+    QTest::newRow("forbidden") << Reply{.status = 403};
+    QTest::newRow("server's failure") << Reply{.status = 500};
+    QTest::newRow("page in its place") << Reply{.body = "\n<!DOCTYPE html><html>gone</html>"};
+    QTest::newRow("damaged") << Reply{.body = Archive().left(200)};
+    QTest::newRow("cut short") << Reply{.body = Archive(), .manner = Manner::kTruncated};
+  }
+
+  void NextAddressIsAskedAfterAnyFailure() {
+    QFETCH(const Reply, first);
+    const text::Date date = *text::MakeDate(8, 7, 2024);
+    exchange_->Answer(kCommon, first);
+    exchange_->Answer(QStringLiteral("/Hisbhav/eq080724_csv.zip"), {.body = Archive()});
+    const Fetched fetched = Archived(Exchange::kBse, date);
+    QCOMPARE(fetched.failure, QString());
+    QVERIFY(fetched.path.endsWith(QLatin1String("/EQ310118.CSV")));
+    exchange_->Answer(QStringLiteral("/Hisbhav/eq080724_csv.zip"), {.status = 403});
+    QCOMPARE(Archived(Exchange::kBse, date).failure, QStringLiteral("Invalid Site."));
   }
 
   void NewestFileIsFoundByTheLinkOnItsPage() {

@@ -5,6 +5,7 @@
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace quorvane;
@@ -184,6 +185,37 @@ class PriceFileTest : public QObject {
     QVERIFY(!Read("SC_BCode,SC_NCode,SC_Name,SC_Class,SC_Type\n1,ONE,First,A,Q\n", file));
     QCOMPARE(CheckPrices(file, *text::MakeDate(8, 7, 2024))->text,
              QStringLiteral("Invalid File.\nThe file holds no rates."));
+  }
+
+  void NameTellsTheDayThatTheFileDoesNotHold_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("csv");
+    QTest::addColumn<QString>("date");
+    const QByteArray undated = kLegacy + "500325" + kRecord + "\r\n";
+    QTest::newRow("short") << "EQ310118.CSV" << undated << "31/01/2018";
+    QTest::newRow("with ISIN") << "eq_isincode_050699 (1).csv" << undated << "05/06/1999";
+    QTest::newRow("long") << "Bse_Eq_BhavCopy_02012023.csv" << undated << "02/01/2023";
+    QTest::newRow("no such day") << "EQ310218.csv" << undated << "";
+    QTest::newRow("more digits") << "EQ3101181.csv" << undated << "";
+    QTest::newRow("another name") << "REQ310118.csv" << undated << "";
+    QTest::newRow("the file's own day counts")
+        << "EQ310118.csv" << kUdiff + UdiffRow("BSE", "511260", "ICONIK", "X", "43.09")
+        << "28/08/2026";
+    QTest::newRow("a file of one's own")
+        << "EQ310118.csv"
+        << QByteArray("SC_Type,SC_Rate,SC_Code,SC_Name,SC_Group,SC_Class\nP,1,1,One,A,\n") << "";
+  }
+
+  void NameTellsTheDayThatTheFileDoesNotHold() {
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, csv);
+    const QTemporaryDir folder;
+    QFile written(folder.filePath(name));
+    QVERIFY(written.open(QIODevice::WriteOnly) && written.write(csv) == csv.size());
+    written.close();
+    PriceFile file;
+    QVERIFY(!ReadPriceFile(written.fileName(), file));
+    QTEST(file.date ? text::FormatDmy(*file.date) : QString(), "date");
   }
 
   void RowsBelongToTheScripOfTheirCode_data() {

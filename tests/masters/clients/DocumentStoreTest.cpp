@@ -41,6 +41,10 @@ class DocumentStoreTest : public QObject {
     QVERIFY(!store_->Put(kClient, Write("home/" + name, "first")));
     QCOMPARE(Read(store_->Path(kClient, name)), QByteArray("first"));
     QCOMPARE(Files(), QStringList("7/" + name));
+    for (const char* made : {"SignDocs", "SignDocs/7"}) {
+      QVERIFY(!(QFileInfo(folder_->filePath(made)).permissions() &
+                (QFile::ExeGroup | QFile::ExeOther)));
+    }
     QCOMPARE(store_->Path(ClientId{8}, name), std::optional<QString>());
   }
 

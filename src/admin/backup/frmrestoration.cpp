@@ -132,12 +132,8 @@ void frmrestoration::VSF_RowColChange(int) {
   LblState->setVisible(!LblState->text().isEmpty());
 }
 
-void frmrestoration::cmdVerify_Click() {
-  const Entry* entry = VSF->Current();
-  if (entry == nullptr) {
-    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
-  }
-  const QString path = entry->path;
+/// Reads every byte of a backup and shows in the list what came of it.
+MaybeRefusal frmrestoration::Verify(const QString& path) {
   MaybeRefusal refusal;
   {
     controls::ProgressDialog progress(this);
@@ -147,7 +143,16 @@ void frmrestoration::cmdVerify_Click() {
   VSF->SetState(path, refusal ? BackupState::kDamaged : BackupState::kVerified,
                 refusal ? refusal->text : QString());
   VSF_RowColChange(VSF->CurrentRow());
-  if (refusal) {
+  return refusal;
+}
+
+void frmrestoration::cmdVerify_Click() {
+  const Entry* entry = VSF->Current();
+  if (entry == nullptr) {
+    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
+  }
+  const QString path = entry->path;
+  if (const MaybeRefusal refusal = Verify(path)) {
     Show(*refusal, Icon::kCritical);
   } else {
     Say().Inform(tr("The backup is whole: every file agrees with its checksum."));
@@ -182,6 +187,10 @@ void frmrestoration::cmdRestore_Click() {
   }
   const QString path = entry->path;
   const QString made = DateText(entry->made);
+  // Nobody is asked to risk everything, or loses a window, for a backup that is no good.
+  if (const MaybeRefusal refusal = Verify(path)) {
+    return Show(*refusal, Icon::kCritical);
+  }
   if (!Say().Ask(tr("The backup of %1 takes the place of everything that the program holds now. "
                     "All other windows are closed.\n\nAre You Sure, You want to Restore it?")
                      .arg(made),

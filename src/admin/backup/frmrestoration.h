@@ -21,6 +21,7 @@ class frmrestoration : public controls::ChildWindow {
   QWidget* FolderRow();
   QWidget* ButtonRow();
   void Refresh();
+  MaybeRefusal Verify(const QString& path);
   bool CloseOtherWindows();
   void ForgetClient();
   void TxtFolder_Validate();

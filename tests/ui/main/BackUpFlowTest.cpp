@@ -107,6 +107,29 @@ class BackUpFlowTest : public QObject {
     QCOMPARE(rows.Int(0), 1);
   }
 
+  void ADamagedBackupIsRefusedBeforeAnythingIsAskedOrClosed() {
+    Office office;
+    office.database.AddClient(QStringLiteral("C1"));
+    office.Choose("mnuBackUp");
+    Office::Click(office.Window("frmBackUpRestore"), "cmdBackUp");
+    const auto entries = backup::ListBackups(office.folder.filePath(QStringLiteral("BackUp")));
+    QFile rows(entries.front().path + QStringLiteral("/tables/ClientInfo.tsv"));
+    QVERIFY2(rows.open(QIODevice::ReadWrite), qPrintable(rows.fileName()));
+    QVERIFY(rows.putChar('9'));
+    rows.close();
+    office.Choose("mnuRestore");
+    const qsizetype open = office.OpenWindows();
+    const std::size_t said = office.messages.said.size();
+    QWidget* window = office.Window("frmrestoration");
+    Office::Click(window, "cmdRestore");
+    QCOMPARE(office.messages.said.size(), said + 1);
+    QVERIFY2(office.messages.LastText().contains(QStringLiteral("checksum")),
+             qPrintable(office.messages.LastText()));
+    QCOMPARE(window->findChild<controls::Grid*>(QStringLiteral("VSF"))->Model().Text(0, 3),
+             QStringLiteral("Damaged"));
+    QCOMPARE(office.OpenWindows(), open);
+  }
+
   void AWindowThatMustNotCloseKeepsTheRestoreFromBeginning() {
     Office office;
     office.Choose("mnuBackUp");

@@ -46,8 +46,27 @@ LotId HoldingsBook::Receive(const Place& place, text::Date date, double rate, do
   Holding& holding = holdings_[place];
   const std::uint32_t lot = LotAt(place, holding, rate);
   lots_[lot].lot.quantity = SettleQuantity(lots_[lot].lot.quantity + quantity);
-  AddLayer(holding, lot, date, quantity);
+  AddLayer(holding, lot, date, RepayFrom(lot, quantity));
   return lots_[lot].lot.id;
+}
+
+/// Gives shares to the lot's advances, first come, first served; what is left of them.
+double HoldingsBook::RepayFrom(std::uint32_t lot, double quantity) {
+  const auto found = open_advances_.find(lot);
+  if (found == open_advances_.end()) {
+    return quantity;
+  }
+  std::deque<std::size_t>& numbers = found->second;
+  while (!numbers.empty() && quantity > 0) {
+    double& open = advances_[numbers.front()];
+    const double part = std::min(open, quantity);
+    open = SettleQuantity(open - part);
+    quantity = SettleQuantity(quantity - part);
+    if (open <= 0) {
+      numbers.pop_front();
+    }
+  }
+  return quantity;
 }
 
 void HoldingsBook::AddLayer(Holding& holding, std::uint32_t lot, text::Date date, double quantity) {
@@ -67,7 +86,7 @@ void HoldingsBook::Insert(std::vector<std::uint32_t>& order, std::size_t& first_
 }
 
 void HoldingsBook::Take(std::uint32_t lot, std::uint32_t layer, double quantity) {
-  if (layer != kNoLayer) {
+  if (layer < kAhead) {
     layers_[layer].left = SettleQuantity(layers_[layer].left - quantity);
   }
   lots_[lot].lot.quantity = SettleQuantity(lots_[lot].lot.quantity - quantity);
@@ -139,6 +158,20 @@ std::optional<HoldingsBook::Piece> HoldingsBook::TakeFromLot(const Place& place,
   return Piece{state.lot.id, rate, quantity};
 }
 
+HoldingsBook::Advance HoldingsBook::TakeAhead(const Place& place, double rate, double quantity) {
+  const std::uint32_t lot = LotAt(place, holdings_[place], rate);
+  const double held = std::clamp(lots_[lot].lot.quantity, 0.0, quantity);
+  double available = 0;
+  if (held > 0) {
+    TakeFromLot(place, rate, held, available);
+  }
+  const double open = SettleQuantity(quantity - held);
+  Take(lot, kAhead, open);
+  open_advances_[lot].push_back(advances_.size());
+  advances_.push_back(open);
+  return {lots_[lot].lot.id, advances_.size() - 1};
+}
+
 void HoldingsBook::GoBack() {
   while (!taken_.empty()) {
     const Taken taken = taken_.back();
@@ -146,7 +179,11 @@ void HoldingsBook::GoBack() {
     LotState& lot = lots_[taken.lot];
     lot.lot.quantity = SettleQuantity(lot.lot.quantity + taken.quantity);
     lot.first_left = 0;
-    if (taken.layer != kNoLayer) {
+    if (taken.layer == kAhead) {
+      std::deque<std::size_t>& numbers = open_advances_[taken.lot];
+      advances_[numbers.back()] = 0;
+      numbers.pop_back();
+    } else if (taken.layer != kNoLayer) {
       layers_[taken.layer].left = SettleQuantity(layers_[taken.layer].left + taken.quantity);
     }
     holdings_[lot.place].first_left = 0;

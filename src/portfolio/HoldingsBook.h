@@ -5,6 +5,7 @@
 #include "core/text/Dates.h"
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <optional>
 #include <unordered_map>
@@ -55,6 +56,19 @@ class HoldingsBook {
   std::optional<Piece> TakeFromLot(const Place& place, double rate, double quantity,
                                    double& available);
 
+  /// A sale from shares that the lot does not have yet.
+  struct Advance {
+    LotId lot;
+    std::size_t number = 0;
+  };
+
+  /// Takes what the lot of that rate has, and the rest from what it receives next, before anything
+  /// else may be taken of that. The lot is made when there is none.
+  Advance TakeAhead(const Place& place, double rate, double quantity);
+
+  /// Whether shares of the advance have not come in.
+  bool IsOpen(const Advance& advance) const { return advances_[advance.number] > 0; }
+
   /// Remembers the state so that GoBack undoes every Take since.
   void Mark() { taken_.clear(); }
   void GoBack();
@@ -86,11 +100,12 @@ class HoldingsBook {
 
   struct Taken {
     std::uint32_t lot;
-    std::uint32_t layer;  ///< kNoLayer when the lot was taken from beyond its known purchases
+    std::uint32_t layer;  ///< or kNoLayer, kAhead
     double quantity;
   };
 
-  static constexpr std::uint32_t kNoLayer = 0xFFFFFFFF;
+  static constexpr std::uint32_t kNoLayer = 0xFFFFFFFF;  ///< from beyond the known purchases
+  static constexpr std::uint32_t kAhead = 0xFFFFFFFE;    ///< by the last advance
 
   struct PlaceHash {
     std::size_t operator()(const Place& place) const noexcept;
@@ -99,12 +114,16 @@ class HoldingsBook {
   std::uint32_t LotAt(const Place& place, Holding& holding, double rate);
   void AddLayer(Holding& holding, std::uint32_t lot, text::Date date, double quantity);
   void Insert(std::vector<std::uint32_t>& order, std::size_t& first_left, std::uint32_t layer);
+  double RepayFrom(std::uint32_t lot, double quantity);
   void Take(std::uint32_t lot, std::uint32_t layer, double quantity);
 
   std::unordered_map<Place, Holding, PlaceHash> holdings_;
   std::vector<LotState> lots_;
   std::vector<Layer> layers_;
   std::vector<Taken> taken_;
+  std::vector<double> advances_;  ///< shares that have not come in
+  /// Numbers of open advances by lot, oldest first. A lot that has one has no purchase left.
+  std::unordered_map<std::uint32_t, std::deque<std::size_t>> open_advances_;
   int next_lot_;
 };
 

@@ -39,6 +39,7 @@ class MovementImport {
     LoadHoldings();
     TakeOpenings();
     TakeByDate();
+    ReportAdvances();
     if (!errors_.Empty()) {
       return;
     }
@@ -50,6 +51,12 @@ class MovementImport {
   }
 
  private:
+  struct SaleAhead {
+    const BillLineRow* row;
+    double available;  ///< when it was taken
+    HoldingsBook::Advance advance;
+  };
+
   void Count(std::string_view what, std::size_t added) {
     if (added > 0) {
       result_.counts.push_back({std::string(what), added});
@@ -185,10 +192,10 @@ class MovementImport {
     }
     const HoldingsBook::Place place{{client, day_.year}, *account, {}};
     ReceivePurchases(bill, place);
-    if (TrySales(bill, place, false) || (ApplyTransfers() && TrySales(bill, place, false))) {
+    if (TrySales(bill, place, Ahead::kNo) ||
+        (ApplyTransfers() && TrySales(bill, place, Ahead::kNo)) ||
+        TrySales(bill, place, Ahead::kAllowed)) {
       records_.WriteBill(bill, client, *account, day_, recorded_lines_);
-    } else {
-      TrySales(bill, place, true);
     }
   }
 
@@ -206,8 +213,12 @@ class MovementImport {
     }
   }
 
+  /// Whether sales may name a lot whose shares come in later, as the bill window lets them: it
+  /// looks at the lot's balance and at no date. The last try, which tells what is missing.
+  enum class Ahead { kNo, kAllowed };
+
   /// Fills recorded_lines_ in file order; false, and nothing taken, when shares are missing.
-  bool TrySales(const BillRow& bill, HoldingsBook::Place place, bool report) {
+  bool TrySales(const BillRow& bill, HoldingsBook::Place place, Ahead ahead) {
     book_.Mark();
     recorded_lines_.clear();
     std::size_t purchase = 0;
@@ -218,15 +229,34 @@ class MovementImport {
       }
       place.scrip = names_.scrips[row.scrip];
       double available = 0;
-      if (!TakeSale(row, bill.date, place, available)) {
-        if (report) {
-          ReportShortage(row, available);
-        }
-        book_.GoBack();
-        return false;
+      if (TakeSale(row, bill.date, place, available)) {
+        continue;
       }
+      if (ahead == Ahead::kAllowed && row.lot_rate != BillLineRow::kNoLotRate) {
+        TakeAhead(row, place, available);
+        continue;
+      }
+      if (ahead == Ahead::kAllowed) {
+        ReportShortage(row, available);
+      }
+      book_.GoBack();
+      return false;
     }
     return true;
+  }
+
+  void TakeAhead(const BillLineRow& row, const HoldingsBook::Place& place, double available) {
+    const auto advance = book_.TakeAhead(place, row.lot_rate, row.quantity);
+    recorded_lines_.push_back(WholeLine(row, advance.lot));
+    advances_.push_back({&row, std::max(available, 0.0), advance});
+  }
+
+  void ReportAdvances() {
+    for (const SaleAhead& sale : advances_) {
+      if (book_.IsOpen(sale.advance)) {
+        ReportShortage(*sale.row, sale.available);
+      }
+    }
   }
 
   bool TakeSale(const BillLineRow& row, text::Date date, const HoldingsBook::Place& place,
@@ -337,6 +367,7 @@ class MovementImport {
   std::vector<LotId> purchase_lots_;
   std::vector<RecordedLine> recorded_lines_;
   std::vector<const TransferRow*> open_transfers_;
+  std::vector<SaleAhead> advances_;
 };
 
 }  // namespace

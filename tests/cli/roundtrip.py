@@ -212,6 +212,15 @@ class Recorded(Case):
         self.assertIn(["2011-12", "1", "600002", "60", "7"], lots(desk))
         self.assert_comes_again(desk)
 
+    def test_sale_dated_before_the_purchase_of_its_lot(self):
+        line = "AN,A1,{},{},LOTUS,NSE,{},600002,{},60,0.25,1,2,0,{},"
+        desk = self.taken_in({"bills.csv": "\n".join(
+            [BILL_HEADER, line.format(1, "01/06/2011", "S", 4, "60"),
+             line.format(2, "02/06/2011", "P", 10, ""), line.format(3, "03/06/2011", "S", 6, ""),
+             ""])})
+        self.assertIn(["2011-12", "1", "600002", "60", "0"], lots(desk))
+        self.assert_comes_again(desk)
+
     def test_stock_carried_forward_without_an_account(self):
         desk = self.taken_in({"bills.csv": BILL_HEADER + "\nAN,,1,02/05/2011,LOTUS,NSE,P,600002,"
                                                          "10,60,0.25,1.5,2,0,,5\n"})

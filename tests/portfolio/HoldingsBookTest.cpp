@@ -17,6 +17,7 @@ class HoldingsBookTest : public QObject {
   void NamedLotGoesByItsOwnPurchases();
   void ShortageTakesNothingAndTellsTheBalance();
   void GoingBackRestoresLotsAndOrder();
+  void SaleAheadIsServedByWhatComesInFirst();
   void LoadedLotKeepsItsKeyAndNewOnesFollow();
 };
 
@@ -113,6 +114,25 @@ void HoldingsBookTest::GoingBackRestoresLotsAndOrder() {
   QCOMPARE(book.Lots()[0].lot.quantity, 5.0);
   QCOMPARE(book.Lots()[1].lot.quantity, 5.0);
   QCOMPARE(Oldest(book, 9, 10), "10x5 11x5");
+}
+
+void HoldingsBookTest::SaleAheadIsServedByWhatComesInFirst() {
+  HoldingsBook book(1);
+  book.Receive(kPlace, Day(1), 10, 2);
+  const auto first = book.TakeAhead(kPlace, 10, 5);
+  const auto second = book.TakeAhead(kPlace, 10, 4);
+  QCOMPARE(first.lot, LotId{1});
+  book.Mark();
+  book.TakeAhead(kPlace, 10, 50);
+  book.GoBack();
+  book.Receive(kPlace, Day(2), 10, 6);
+  QVERIFY(!book.IsOpen(first));
+  QVERIFY(book.IsOpen(second));
+  QCOMPARE(Oldest(book, 9, 1), "only 0");
+  book.Receive(kPlace, Day(3), 10, 3);
+  QVERIFY(!book.IsOpen(second));
+  QCOMPARE(Oldest(book, 9, 3), "only 2");
+  QCOMPARE(book.Lots().front().lot.quantity, 2.0);
 }
 
 void HoldingsBookTest::LoadedLotKeepsItsKeyAndNewOnesFollow() {

@@ -25,8 +25,9 @@ class BillBook {
 
   /// Writes a new bill, or a changed one in place of the old, and posts its lines to the ledger.
   /// What was staged for the client on the scratch table is gone afterwards. Sets the bill's id and
-  /// the lots of its purchases. Refused when a check fails or when a lot would be lowered below
-  /// zero, because its shares were sold or transferred meanwhile.
+  /// the lots of its purchases. Refused when a check fails, when the client or a newly chosen
+  /// account was deleted meanwhile, or when a lot would be lowered below zero, because its shares
+  /// were sold or transferred meanwhile.
   MaybeRefusal Save(Bill& bill);
 
   /// Takes a bill back. Refused when shares that it brought were sold or transferred.

@@ -24,7 +24,9 @@ class OpeningStockBook {
   /// In the order of their ids.
   std::vector<OpeningLot> List() const;
 
-  /// Writes a new lot, or a changed one in place of the old. Sets its id.
+  /// Writes a new lot, or a changed one in place of the old. Sets its id. Refused when a check
+  /// fails, when the client or a newly chosen account was deleted meanwhile, or when a lot of the
+  /// ledger would be lowered below zero.
   MaybeRefusal Save(OpeningLot& lot);
 
   MaybeRefusal Delete(OpeningId id);

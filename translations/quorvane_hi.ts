@@ -1207,6 +1207,26 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <source>Month is not between in Financial year Period.Pls Fill Correct</source>
         <translation>महीना वित्तीय वर्ष की अवधि में नहीं है। कृपया सही भरें</translation>
     </message>
+    <message>
+        <source>Enter From Date.</source>
+        <translation>“तारीख़ से” भरें।</translation>
+    </message>
+    <message>
+        <source>Enter To Date.</source>
+        <translation>“तारीख़ तक” भरें।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>From Date Can&apos;t be Greater than To Date.</source>
+        <translation>“तारीख़ से” “तारीख़ तक” के बाद की नहीं हो सकती।</translation>
+    </message>
+    <message>
+        <source>The date lies outside the financial year %1.</source>
+        <translation>तारीख़ वित्तीय वर्ष %1 से बाहर है।</translation>
+    </message>
 </context>
 <context>
     <name>Scrips</name>
@@ -2572,10 +2592,6 @@ BSE %2   NSE %3</source>
         <translation>सभी डीमैट खाते</translation>
     </message>
     <message>
-        <source>Select Demat A/c!</source>
-        <translation>डीमैट खाता चुनें!</translation>
-    </message>
-    <message>
         <source>The template %1 is not there.</source>
         <translation>साँचा %1 नहीं है।</translation>
     </message>
@@ -3116,10 +3132,6 @@ BSE %2   NSE %3</source>
         <translation>आउटपुट</translation>
     </message>
     <message>
-        <source>The date lies outside the financial year %1.</source>
-        <translation>तारीख़ वित्तीय वर्ष %1 से बाहर है।</translation>
-    </message>
-    <message>
         <source>Enter Proper Date.</source>
         <translation>सही तारीख़ भरें।</translation>
     </message>
@@ -3197,10 +3209,6 @@ BSE %2   NSE %3</source>
     <message>
         <source>Select Client!</source>
         <translation>ग्राहक चुनें!</translation>
-    </message>
-    <message>
-        <source>Select Demat A/c!</source>
-        <translation>डीमैट खाता चुनें!</translation>
     </message>
     <message>
         <source>Select Script Name!</source>
@@ -3482,10 +3490,6 @@ BSE %2   NSE %3</source>
     <message>
         <source>Export &amp;Capital Gain</source>
         <translation>पूँजीगत लाभ निर्यात (&amp;C)</translation>
-    </message>
-    <message>
-        <source>Select Demat A/c!</source>
-        <translation>डीमैट खाता चुनें!</translation>
     </message>
     <message>
         <source>Select Script Name!</source>
@@ -3839,6 +3843,10 @@ Lots changed: %1</source>
     <message>
         <source>Report and charts</source>
         <translation>रिपोर्ट और चार्ट</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c!</source>
+        <translation>डीमैट खाता चुनें!</translation>
     </message>
 </context>
 <context>

@@ -48,6 +48,28 @@ class MonthsPane;
 class ReportWindow : public controls::ChildWindow {
   Q_OBJECT
 
+ public:
+  /// A refusal with that text while nothing is ticked in the grid.
+  static MaybeRefusal RefuseWithoutTick(const controls::Grid& grid, const QString& text);
+
+  /// The keys of the ticked rows as a vector of typed ids, in the order of the grid.
+  template <class IdType>
+  static std::vector<IdType> Ticked(const controls::Grid& grid) {
+    std::vector<IdType> ids;
+    for (const int id : grid.Model().TickedIds()) {
+      ids.push_back(IdType{id});
+    }
+    return ids;
+  }
+
+  /// "Select Demat A/c!" while no account of a client that has some is ticked. A client without
+  /// accounts may have bills, which then have none either.
+  static MaybeRefusal RefuseWithoutAccount(const controls::Grid& grid);
+
+  /// The ticked accounts. Empty, which means every account, when all are: then bills that were
+  /// entered without an account count as well.
+  static std::vector<AccountId> ChosenAccounts(const controls::Grid& grid);
+
  protected:
   enum class Months { kNo, kYes };
 
@@ -106,27 +128,6 @@ class ReportWindow : public controls::ChildWindow {
   /// Replaces the rows; all of them are ticked, or none.
   static void FillTicks(controls::Grid& grid, const std::vector<lookups::Item>& items,
                         bool ticked = true);
-
-  /// A refusal with that text while nothing is ticked in the grid.
-  static MaybeRefusal RefuseWithoutTick(const controls::Grid& grid, const QString& text);
-
-  /// The keys of the ticked rows as a vector of typed ids, in the order of the grid.
-  template <class IdType>
-  static std::vector<IdType> Ticked(const controls::Grid& grid) {
-    std::vector<IdType> ids;
-    for (const int id : grid.Model().TickedIds()) {
-      ids.push_back(IdType{id});
-    }
-    return ids;
-  }
-
-  /// "Select Demat A/c!" while no account of a client that has some is ticked. A client without
-  /// accounts may have bills, which then have none either.
-  static MaybeRefusal RefuseWithoutAccount(const controls::Grid& grid);
-
-  /// The ticked accounts. Empty, which means every account, when all are: then bills that were
-  /// entered without an account count as well.
-  static std::vector<AccountId> ChosenAccounts(const controls::Grid& grid);
 
   /// A button of the window's own, before `CmdReport`.
   controls::ZENButton* AddButton(const QString& name, const QString& caption);

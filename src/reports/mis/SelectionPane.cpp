@@ -1,6 +1,7 @@
 #include "reports/mis/SelectionPane.h"
 
 #include "controls/Style.h"
+#include "reports/ReportWindow.h"
 #include "reports/mis/MisLists.h"
 #include "reports/selection/ReportLists.h"
 
@@ -16,6 +17,7 @@ using controls::Grid;
 using controls::GridModel;
 using controls::Mask;
 using controls::Row;
+using report::ReportWindow;
 
 constexpr int kLeastHeight = 2 * controls::kBoxHeight + 4;
 enum OptionIndex { kScriptsOption = 2, kGroupOption = 4 };
@@ -50,19 +52,6 @@ std::vector<Row> RowsOf(const std::vector<lookups::Item>& items, const std::set<
     rows.push_back({.id = item.id, .cells = {!left_out.contains(item.id), item.text}});
   }
   return rows;
-}
-
-template <class Id>
-std::vector<Id> TickedIn(const Grid& grid) {
-  std::vector<Id> ids;
-  for (const int id : grid.Model().TickedIds()) {
-    ids.push_back(Id{id});
-  }
-  return ids;
-}
-
-MaybeRefusal RefuseWithoutTick(const Grid& grid, const QString& text) {
-  return grid.Model().TickedIds().empty() ? MaybeRefusal({text, grid.objectName()}) : std::nullopt;
 }
 
 }  // namespace
@@ -215,26 +204,23 @@ void SelectionPane::VSC_AfterEdit() {
 }
 
 MaybeRefusal SelectionPane::Check() const {
-  if (MaybeRefusal refusal = RefuseWithoutTick(*VSC, tr("Select Client!"))) {
+  if (MaybeRefusal refusal = ReportWindow::RefuseWithoutTick(*VSC, tr("Select Client!"))) {
     return refusal;
   }
-  // Clients without accounts may have bills, which then have none either.
-  if (VSD->Model().RowCount() > 0) {
-    if (MaybeRefusal refusal = RefuseWithoutTick(*VSD, tr("Select Demat A/c!"))) {
-      return refusal;
-    }
+  if (MaybeRefusal refusal = ReportWindow::RefuseWithoutAccount(*VSD)) {
+    return refusal;
   }
-  return RefuseWithoutTick(*VSS, tr("Select Script Name!"));
+  return ReportWindow::RefuseWithoutTick(*VSS, tr("Select Script Name!"));
 }
 
 std::vector<ClientId> SelectionPane::Clients() const {
-  return TickedIn<ClientId>(*VSC);
+  return ReportWindow::Ticked<ClientId>(*VSC);
 }
 std::vector<AccountId> SelectionPane::Accounts() const {
-  return VSD->Model().AllTicked() ? std::vector<AccountId>() : TickedIn<AccountId>(*VSD);
+  return ReportWindow::ChosenAccounts(*VSD);
 }
 std::vector<ScripId> SelectionPane::Scrips() const {
-  return TickedIn<ScripId>(*VSS);
+  return ReportWindow::Ticked<ScripId>(*VSS);
 }
 
 }  // namespace quorvane::mis

@@ -17,18 +17,20 @@ Refusal Refused(const char* text, const char* box) {
 
 std::variant<Period, Refusal> ReadPeriod(const QString& from, const QString& to) {
   if (from.trimmed().isEmpty()) {
-    return Refused("Enter From Date.", kFromBox);
+    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "Enter From Date."), kFromBox);
   }
   if (to.trimmed().isEmpty()) {
-    return Refused("Enter To Date.", kToBox);
+    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "Enter To Date."), kToBox);
   }
   const auto first = text::ParseDmy(from);
   const auto last = text::ParseDmy(to);
   if (!first || !last) {
-    return Refused("Enter Proper Date.", first ? kToBox : kFromBox);
+    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "Enter Proper Date."),
+                   first ? kToBox : kFromBox);
   }
   if (*first > *last) {
-    return Refused("From Date Can't be Greater than To Date.", kFromBox);
+    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "From Date Can't be Greater than To Date."),
+                   kFromBox);
   }
   return Period{*first, *last};
 }
@@ -38,8 +40,10 @@ MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year) {
   if (from_is_in && year.Contains(period.to)) {
     return std::nullopt;
   }
-  return Refusal{Tr("The date lies outside the financial year %1.").arg(year.Text()),
-                 QLatin1String(from_is_in ? kToBox : kFromBox)};
+  return Refusal{
+      Tr(QT_TRANSLATE_NOOP("ReportPeriod", "The date lies outside the financial year %1."))
+          .arg(year.Text()),
+      QLatin1String(from_is_in ? kToBox : kFromBox)};
 }
 
 QString PeriodLine(const Period& period) {

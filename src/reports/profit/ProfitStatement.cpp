@@ -152,12 +152,17 @@ class Builder {
     return row;
   }
 
-  // At the average the parts of `cost` add up to it, to the paisa.
-  void AddUnsold(const ScripHistory& history, std::int64_t cost) {
+  static double SharesLeft(const ScripHistory& history) {
     double shares = 0;
     for (const Purchase& purchase : history.purchases) {
       shares += std::max(purchase.remaining, 0.0);
     }
+    return shares;
+  }
+
+  // At the average the parts of `cost` add up to it, to the paisa.
+  void AddUnsold(const ScripHistory& history, std::int64_t cost) {
+    const double shares = query_.average ? SharesLeft(history) : 0;
     double counted = 0;
     std::int64_t given = 0;
     for (const Purchase& purchase : history.purchases) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/gains/History.h"
-#include "core/ledger/IdMap.h"
+#include "core/IdMap.h"
 
 #include <string>
 #include <string_view>
@@ -21,7 +21,7 @@ class HistoryReader {
     std::int32_t day;
     int account;
   };
-  using Ranks = ledger::IdMap<std::uint32_t>;
+  using Ranks = IdMap<std::uint32_t>;
 
   /// Ids in the query's order become ranks; ids that documents name and no master knows follow in
   /// the order of their appearance.
@@ -52,8 +52,8 @@ class HistoryReader {
   Ranking clients_;
   Ranking scrips_;
   Ranking accounts_;
-  ledger::IdMap<BillHeader> bills_;
-  ledger::IdMap<double> lot_rates_;
+  IdMap<BillHeader> bills_;
+  IdMap<double> lot_rates_;
 };
 
 }  // namespace quorvane::gains

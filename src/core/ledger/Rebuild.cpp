@@ -1,7 +1,7 @@
 #include "core/ledger/Rebuild.h"
 
+#include "core/IdMap.h"
 #include "core/database/BulkWriter.h"
-#include "core/ledger/IdMap.h"
 #include "core/ledger/YearCache.h"
 
 #include <bit>

@@ -96,6 +96,11 @@ const Lot* Lots::Find(const Place& place, LotId id, ScripId scrip) const {
   return fits ? lot : nullptr;
 }
 
+bool Lots::IsDuplicate(LotId id) const {
+  const auto found = by_id_.find(id);
+  return found != by_id_.end() && entries_[found->second].duplicate;
+}
+
 LotId Lots::PostLot(Posting posting, const LotKey& key, Shares quantity) {
   if (const std::uint32_t index = IndexOf(key); index != kNone) {
     entries_[index].lot.quantity += Signed(posting, quantity);

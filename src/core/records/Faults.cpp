@@ -37,6 +37,8 @@ QString Reason(FaultKind kind) {
       return Tr("has a line of another client or year, which is left out");
     case FaultKind::kTransferToItself:
       return Tr("goes to the account that it comes from and counts as gone");
+    case FaultKind::kSaleWithoutLot:
+      return Tr("sells shares from no lot of its account");
     case FaultKind::kRecordWithoutYear:
       return Tr("has no proper financial year and is left out");
   }

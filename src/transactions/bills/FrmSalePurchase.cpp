@@ -408,10 +408,11 @@ void FrmSalePurchase::VS3_RowActivated() {
 
 // Another row loads another bill, and the list takes the focus with it.
 void FrmSalePurchase::TxtSearch_Change() {
+  const int cursor = TxtSearch->cursorPosition();
   ShowList();
   ShowFound();
   TxtSearch->setFocus(Qt::OtherFocusReason);
-  TxtSearch->end(false);
+  TxtSearch->setCursorPosition(cursor);
 }
 
 /// The date box complained when it was left for a button, and has the focus again.

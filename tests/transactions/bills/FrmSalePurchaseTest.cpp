@@ -1,4 +1,5 @@
 #include "controls/DateBox.h"
+#include "core/app/Ini.h"
 #include "masters/client_list/FrmClientList.h"
 #include "support/RecordingMessages.h"
 #include "support/TestMain.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -447,6 +449,18 @@ class FrmSalePurchaseTest : public QObject {
                                         "Non Delivery Based"));
     QCOMPARE(TextIn("Text1_12"), QStringLiteral("999.62"));
     QCOMPARE(Named<QLabel>("LblTotal")->text(), QStringLiteral("Total Receivable"));
+  }
+
+  void SttIsProposedInWholeRupeesWhenTheSettingsSaySo() {
+    const QTemporaryDir folder;
+    session_->folders.config_file = folder.filePath(QStringLiteral("Confg.ini"));
+    app::IniFile(session_->folders.config_file)
+        .Write(QStringLiteral("Bills"), QStringLiteral("WholeRupeeStt"), QStringLiteral("yes"));
+    Open();
+    BeginBill();
+    Fill({QStringLiteral("p"), QString(), QStringLiteral("500325"), QString(), QStringLiteral("10"),
+          QStringLiteral("120"), QString(), QString(), QString()});
+    QCOMPARE(TextIn("Text1_13"), QStringLiteral("2"));
   }
 
   void ChargesOfTheBillCountWhenTheyAreLeftOrSaved() {

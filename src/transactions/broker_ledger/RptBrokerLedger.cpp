@@ -19,7 +19,8 @@ constexpr float kBrokerWidth = 190;  // on a screen of 800 by 600
 RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
     : ReportWindow(desk, QStringLiteral("RptBrokerLedger"),
                    transactions::ClientTitle(tr("Broker Ledger"), desk.session), {790, 520}),
-      of_(CurrentOf(desk.session)) {
+      of_(CurrentOf(desk.session)),
+      client_name_(desk.session.current_client_name) {
   AddPeriod();
   auto* months = new QHBoxLayout;
   CmbMth = new controls::ComboBox();
@@ -64,8 +65,11 @@ MaybeRefusal RptBrokerLedger::CheckSelection() {
 
 std::optional<report::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
   const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
-  return MakeLedgerDocument(query, Session().current_client_name,
-                            ReadBrokerLedger(*Session().connection, query, progress));
+  database::Connection& connection = *Session().connection;
+  const BrokerLedger ledger = ReadBrokerLedger(connection, query, progress);
+  report::ReportDocument document = MakeLedgerDocument(query, client_name_, ledger.accounts);
+  document.notes += records::FaultTexts(connection, ledger.faults);
+  return document;
 }
 
 }  // namespace quorvane::broker_ledger

@@ -20,6 +20,7 @@ class RptBrokerLedger : public report::ReportWindow {
   void CmbMth_Click();
 
   ClientYear of_;
+  QString client_name_;
   controls::ComboBox* CmbMth;
   controls::Grid* VSB;  ///< brokers
 };

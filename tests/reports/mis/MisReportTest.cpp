@@ -229,9 +229,10 @@ void MisReportTest::ProfitIsThatOfTheCapitalGainStatement() {
   statement.to = *text::MakeDate(20, 2, year + 1);
   std::int64_t gain = 0;
   Progress progress;
-  profit::BuildStatement(**database_, statement, progress, [&](ClientId, auto rows) {
+  const auto take = [&](ClientId, auto rows) {
     gain = rows.back().long_term + rows.back().short_term + rows.back().speculation;
-  });
+  };
+  QVERIFY(profit::BuildStatement(**database_, statement, progress, take).empty());
   MisQuery query = Query(ReportKind::kProfitLoss, Grouping::kClient, year);
   query.clients = {ClientId{client}};
   query.period = {statement.from, statement.to};
@@ -256,7 +257,7 @@ void MisReportTest::BalanceIsThatOfTheLedger() {
     ledger[{row.Int(std::size_t{0}), row.Int(1)}] = row.Double(2);
   }
   Progress progress;
-  const auto holdings = ReadHoldings(**database_, query, query.period, progress);
+  const auto holdings = ReadHoldings(**database_, query, query.period, progress).holdings;
   QCOMPARE(holdings.size(), ledger.size());
   for (const Holding& holding : holdings) {
     const double wanted = ledger[{holding.account.value, holding.scrip.value}];
@@ -269,10 +270,12 @@ void MisReportTest::HalfYearsMeetAndTheirGainsAddUp() {
   const MisQuery query = Query(ReportKind::kPosition);
   const text::Date middle = *text::MakeDate(30, 9, 2011);
   Progress progress;
-  const auto whole = ReadHoldings(**database_, query, query.period, progress);
-  const auto first = ReadHoldings(**database_, query, {query.period.from, middle}, progress);
+  const auto whole = ReadHoldings(**database_, query, query.period, progress).holdings;
+  const auto first =
+      ReadHoldings(**database_, query, {query.period.from, middle}, progress).holdings;
   const auto second =
-      ReadHoldings(**database_, query, {middle + std::chrono::days(1), query.period.to}, progress);
+      ReadHoldings(**database_, query, {middle + std::chrono::days(1), query.period.to}, progress)
+          .holdings;
   const auto by_place = [](const std::vector<Holding>& holdings) {
     std::map<std::pair<int, int>, Holding> places;
     for (const Holding& holding : holdings) {

@@ -81,11 +81,11 @@ std::vector<std::pair<ClientId, std::vector<StatementRow>>> StatementDocumentTes
     const StatementQuery& query) {
   std::vector<std::pair<ClientId, std::vector<StatementRow>>> clients;
   Progress progress;
-  BuildStatement(**database_, query, progress,
-                 [&](ClientId client, std::span<const StatementRow> rows) {
-                   clients.emplace_back(client, std::vector(rows.begin(), rows.end()));
-                 });
-  return clients;
+  const auto faults = BuildStatement(
+      **database_, query, progress, [&](ClientId client, std::span<const StatementRow> rows) {
+        clients.emplace_back(client, std::vector(rows.begin(), rows.end()));
+      });
+  return faults.empty() ? clients : decltype(clients)();
 }
 
 void StatementDocumentTest::TotalsAreTheSumOfTheLinesShown_data() {

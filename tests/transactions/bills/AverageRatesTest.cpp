@@ -42,7 +42,7 @@ class AverageRatesTest : public QObject {
     opening_stock::OpeningLot lot;
     lot.scrip = desk.scrip;
     lot.account = desk.account;
-    lot.quantity = quantity;
+    lot.quantity = text::Shares(quantity);
     lot.rate = rate;
     lot.total = quantity * rate;
     lot.service_tax = service_tax;

@@ -8,11 +8,12 @@ namespace {
 
 std::string LotText(const ledger::LotChange& change, const lookups::Directory& directory) {
   return fmt::format("lot {} ({}, {}, {}, {}): the ledger holds {}, {}\n", change.lot.id.value,
-                     directory.Client(change.of.client).code, change.of.year.Utf8(),
+                     directory.Client(change.lot.client).code, change.lot.year.Utf8(),
                      directory.Account(change.lot.account).number,
-                     directory.Scrip(change.lot.scrip).code, change.lot.quantity,
-                     change.duplicate ? "but the lot stands twice"
-                                      : fmt::format("the documents say {}", change.quantity));
+                     directory.Scrip(change.lot.scrip).code, change.lot.quantity.Number(),
+                     change.duplicate
+                         ? "but the lot stands twice"
+                         : fmt::format("the documents say {}", change.quantity.Number()));
 }
 
 std::string AcrossTables(const repair::TableCheck& check, const lookups::Directory& directory) {
@@ -61,6 +62,9 @@ void Check(Context& context) {
   // Reads the masters, which a damaged table does not allow.
   if (check.faults.empty()) {
     report += AcrossTables(check, lookups::Directory(context.Connection()));
+  }
+  for (const QString& fault : check.record_faults) {
+    report += fmt::format("{}\n", fault.toStdString());
   }
   report += Verdict(check);
   Print(report);

@@ -100,10 +100,7 @@ class Look {
       LookInto(reference.table, [&] { LookForDangling(reference); });
     }
     LookInto("SPTrans", [&] { check_.lost_lines = FindLostLines(connection_); });
-    LookInto("Stock", [&] {
-      Progress quiet;
-      check_.wrong_lots = ledger::CheckStock(connection_, std::nullopt, quiet);
-    });
+    LookInto("Stock", [&] { CheckLots(); });
   }
 
   void Done() {
@@ -149,6 +146,13 @@ class Look {
       }
       check_.unchecked.push_back(table);
     }
+  }
+
+  void CheckLots() {
+    Progress quiet;
+    ledger::StockCheck stock = ledger::CheckStock(connection_, std::nullopt, quiet);
+    check_.wrong_lots = std::move(stock.changes);
+    check_.record_faults = records::FaultTexts(connection_, stock.faults);
   }
 
   void LookForDoubles(std::string_view table, std::string_view columns) {

@@ -37,11 +37,14 @@ struct TableCheck {
   std::vector<DoubleKey> double_keys;
   // What several tables say together; not looked for while one of them has a fault.
   std::vector<ledger::LotChange> wrong_lots;
+  QStringList record_faults;  ///< a sentence for each record that cannot count as it is written
   // For information: nothing is wrong with the table itself.
   std::vector<Dangling> dangling;
   std::vector<LostLines> lost_lines;
 
-  bool AllIsWell() const { return faults.empty() && double_keys.empty() && wrong_lots.empty(); }
+  bool AllIsWell() const {
+    return faults.empty() && double_keys.empty() && wrong_lots.empty() && record_faults.isEmpty();
+  }
 };
 
 /// The number of rows of every table, in the order of its creation.

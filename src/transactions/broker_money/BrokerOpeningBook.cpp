@@ -118,7 +118,7 @@ void DeleteRows(Transaction& transaction, const ClientYear& of, const Balances& 
 
 void InsertRows(Transaction& transaction, const ClientYear& of, const Balances& balances) {
   records::Writer<records::BrokerOpening> writer(transaction);
-  int next = database::NextKey(transaction, "BrOpBal");
+  int next = database::NextKeys(transaction, "BrOpBal", static_cast<int>(balances.size()));
   for (const auto& [broker, balance] : balances) {
     BrokerOpening carried = CarriedOpening(broker, balance.paise);
     carried.id = BrokerOpeningId{next++};

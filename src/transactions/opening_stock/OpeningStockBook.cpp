@@ -37,11 +37,13 @@ void DeleteRows(Transaction& transaction, const ClientYear& of, std::span<const 
 
 /// Under ids of their own, or under new ones.
 void InsertRows(Transaction& transaction, const ClientYear& of, std::span<OpeningLot> rows) {
+  const auto fresh = std::ranges::count_if(rows, [](const OpeningLot& row) { return !row.id; });
+  int next = fresh == 0 ? 0 : database::NextKeys(transaction, "StkOpBal", static_cast<int>(fresh));
   for (OpeningLot& row : rows) {
     row.client = of.client;
     row.year = of.year;
     if (!row.id) {
-      row.id = OpeningId{database::NextKey(transaction, "StkOpBal")};
+      row.id = OpeningId{next++};
     }
   }
   records::Insert<OpeningLot>(transaction, rows);

@@ -105,7 +105,7 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& tr
     DeleteRow(transaction, *old);
   } else {
     // A transfer that was deleted meanwhile is written as a new one.
-    transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer", "ID")};
+    transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer")};
   }
   records::Insert(transaction, transfer);
   return std::nullopt;

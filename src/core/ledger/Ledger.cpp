@@ -44,7 +44,7 @@ LotId PostLot(Transaction& transaction, Posting posting, const LotKey& key, doub
     AdjustLotQty(transaction, posting, found, quantity, table);
     return found;
   }
-  const LotId made{database::NextSharedKey(transaction, {"Stock", "Stock_Temp"})};
+  const LotId made{database::NextKey(transaction, "Stock")};
   transaction.Execute(fmt::format("Insert Into {} Values(?,?,?,?,?,?,?)", TableName(table)),
                       key.of.client, key.of.year.Text(), made, key.account, key.scrip,
                       SettleQuantity(quantity), key.rate);

@@ -38,7 +38,7 @@ constexpr std::array kDropDownQueries{
 
 constexpr std::string_view kAccountsOfClient = "Select ID,AcNo From ClientActDet Where Cid=?";
 constexpr std::string_view kAccountsOfOthers = "Select Id,ACNo From ClientActDet Where Cid<>?";
-constexpr std::string_view kDpIdsOfParticipant = "Select ID,DpId From DpIds Where DepId=?";
+constexpr std::string_view kDpIdsOfParticipant = "Select ID,DpId From DpIDs Where DepId=?";
 
 template <class Key, std::size_t kCount>
 std::string_view QueryOf(const std::array<Query<Key>, kCount>& queries, Key key) {

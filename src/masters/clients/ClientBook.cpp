@@ -79,20 +79,20 @@ void Insert(Transaction& transaction, const Client& client) {
       values);
 }
 
-/// Rows that stand in the database keep their ids. New ones are numbered above all that stand
-/// there, so that none takes the id of an account that is removed along with this save.
+/// Rows that stand in the database keep their ids; the others get new ones.
 void NumberAccounts(Transaction& transaction, Client& client) {
   std::set<AccountId> stored;
   for (const auto& row :
        transaction.Open("Select id From ClientActDet Where CId=? For Update", client.id)) {
     stored.insert(AccountId{row.Int(std::size_t{0})});
   }
-  int next = database::NextKey(transaction, "ClientActDet", "id");
+  int next = database::FirstFreeKey(transaction, "ClientActDet");
   for (Account& account : client.accounts) {
     if (stored.erase(account.id) == 0) {
       account.id = AccountId{next++};
     }
   }
+  database::KeepKeys(transaction, "ClientActDet", next);
 }
 
 void ReplaceAccounts(Transaction& transaction, Client& client) {

@@ -92,7 +92,7 @@ void DeleteRows(Transaction& transaction, const ClientYear& of, const Balances& 
 
 void InsertRows(Transaction& transaction, const ClientYear& of, const Balances& balances) {
   database::BulkWriter writer(transaction, kInsert, "itiidi");
-  int next = database::NextKey(transaction, "BrOpBal");
+  int next = database::NextKeys(transaction, "BrOpBal", static_cast<int>(balances.size()));
   for (const auto& [broker, balance] : balances) {
     const BrokerOpening carried = CarriedOpening(broker, balance.paise);
     writer.Int(of.client.value)

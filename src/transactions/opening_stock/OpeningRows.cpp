@@ -3,6 +3,8 @@
 #include "core/database/BulkWriter.h"
 #include "core/database/Keys.h"
 
+#include <algorithm>
+
 namespace quorvane::opening_stock {
 namespace {
 
@@ -27,13 +29,16 @@ OpeningLot LotOf(const Recordset& row) {
 }
 
 void GiveIds(Transaction& transaction, std::span<OpeningLot> rows) {
-  int next = 0;
+  const auto is_new = [](const OpeningLot& row) { return !row.id; };
+  const auto count = std::ranges::count_if(rows, is_new);
+  if (count == 0) {
+    return;
+  }
+  int next = database::NextKeys(transaction, "StkOpBal", static_cast<int>(count));
   for (OpeningLot& row : rows) {
-    if (row.id) {
-      continue;
+    if (is_new(row)) {
+      row.id = OpeningId{next++};
     }
-    next = next == 0 ? database::NextKey(transaction, "StkOpBal") : next + 1;
-    row.id = OpeningId{next};
   }
 }
 

@@ -143,7 +143,7 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& tr
     DeleteRow(transaction, of, transfer.id);
   } else {
     // A transfer that was deleted meanwhile is written as a new one: its key may be taken.
-    transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer", "ID")};
+    transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer")};
   }
   InsertRow(transaction, of, transfer);
   return std::nullopt;

@@ -70,6 +70,7 @@ class BrokerLedgerTest : public QObject {
     for (const char* table : {"BrOpBal", "BrPayment", "BrRec", "SPMaster"}) {
       desk_->Connection().Execute(fmt::format("Delete From {}", table));
     }
+    desk_->Connection().Execute("Update RecordKey Set LastKey=0");
   }
 
   // 1000.00 Cr, bill 250.50 Dr: 749.50 Cr; on 31/03 bill -40 is 40 Cr: 789.50 Cr; payment 800 Dr:

@@ -78,6 +78,7 @@ class BrokerMoneyTest : public QObject {
     for (const char* table : {"BrOpBal", "BrPayment", "BrRec", "SPMaster"}) {
       desk_->Connection().Execute(fmt::format("Delete From {}", table));
     }
+    desk_->Connection().Execute("Update RecordKey Set LastKey=0");
   }
 
   void OneBalanceABroker() {

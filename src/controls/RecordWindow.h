@@ -65,6 +65,10 @@ class RecordWindow : public ChildWindow {
 
   virtual QString DeleteQuestion() const;
 
+  /// True when Save checks the date boxes itself, in an order of its own. Otherwise a text that is
+  /// no date is refused before Save.
+  virtual bool ChecksItsDates() const { return false; }
+
   /// The state changed: the place to enable controls beyond the usual ones.
   virtual void StateChanged() {}
 

@@ -1,5 +1,6 @@
 #include "portfolio/Import.h"
 #include "reports/mis/RptVariousReport.h"
+#include "support/LocalExchange.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
@@ -204,6 +205,39 @@ class RptVariousReportTest : public QObject {
     QCOMPARE(book.Dates().size(), dates.size() - 1);
   }
 
+  // The second scrip of the list has no price there; what is typed is kept as it is shown.
+  void RatesOfTheChosenScripsAreFetchedAndWholePaiseKept() {
+    Shown window(*database_);
+    test::LocalExchange exchange;
+    Written(window, "Confg.ini", "[Internet]\nNseHost=" + exchange.Address().toEncoded() + "\n");
+    window.GoToRates();
+    window.Click("cmdAdd");
+    window.Named<controls::DateBox>("Text2")->SetDate("05/11/2013");
+    window.Click("CmdFetch");
+    QCOMPARE(window.messages.LastText(), "Select Script Name!");
+    controls::Grid& grid = window.Grid("VSF");
+    exchange.Answer("/content/equities/scripvol/datafiles/05-11-2013-TO-05-11-2013" +
+                        grid.Model().Text(0, 2) + "ALLN.csv",
+                    {.body = "Date,Close Price\n05-Nov-2013,\"1,234.50\"\n"});
+    window.Named<controls::ComboBox>("CboExchange")->ByText("NSE");
+    grid.selectRow(0);
+    grid.selectionModel()->select(grid.model()->index(1, 0),
+                                  QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    window.Click("CmdFetch");
+    QVERIFY(!window.Named<QAbstractButton>("cmdUpdate")->isEnabled());
+    QTRY_COMPARE(window.messages.LastText(),
+                 "1 rates were fetched; of 1 scripts none was found. Press Update to keep them.");
+    QVERIFY(grid.model()->setData(grid.model()->index(2, 3), "12.345"));
+    window.Click("cmdUpdate");
+    const auto rates = rates::RateBook(**database_).RatesOf(*text::MakeDate(5, 11, 2013));
+    std::vector<double> kept;
+    for (const auto& [scrip, rate] : rates) {
+      kept.push_back(rate);
+    }
+    std::ranges::sort(kept);
+    QCOMPARE(kept, std::vector<double>({12.35, 1234.5}));
+  }
+
   void RateFileIsCheckedAndFilledIn() {
     Shown window(*database_);
     window.GoToRates();
@@ -232,7 +266,7 @@ class RptVariousReportTest : public QObject {
   }
 
  private:
-  static QString Written(const Shown& window, const char* name, const char* content) {
+  static QString Written(const Shown& window, const char* name, const QByteArray& content) {
     QString path = window.folder.filePath(QLatin1String(name));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0) {

@@ -59,12 +59,20 @@ void RptBrokerLedger::CmbMth_Click() {
 }
 
 MaybeRefusal RptBrokerLedger::CheckSelection() {
+  if (MaybeRefusal refusal = report::RefuseOutside(ThePeriod(), of_.year)) {
+    return refusal;
+  }
   return RefuseWithoutTick(*VSB, tr("Enter Broker Name."));
+}
+
+// The period stands in the report's name.
+QStringList RptBrokerLedger::Choices() const {
+  return ChosenOf(*VSB);
 }
 
 std::optional<report::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
   const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
-  return MakeLedgerDocument(query, Session().current_client_name,
+  return MakeLedgerDocument(query, ClientName(),
                             ReadBrokerLedger(*Session().connection, query, progress));
 }
 

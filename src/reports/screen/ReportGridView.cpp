@@ -46,6 +46,37 @@ class LineDelegate final : public QStyledItemDelegate {
   }
 };
 
+/// What is likely the widest of a column: its largest and least number and its longest text.
+class Extremes {
+ public:
+  void Add(const Cell& cell) {
+    if (const auto* number = std::get_if<double>(&cell)) {
+      largest_ = std::max(largest_, *number);
+      least_ = std::min(least_, *number);
+    } else if (const auto* text = std::get_if<QString>(&cell)) {
+      longest_ = text->size() > longest_.size() ? *text : longest_;
+    }
+  }
+  QStringList Texts(Mask mask) const {
+    return {CellText(largest_, mask), CellText(least_, mask), longest_};
+  }
+
+ private:
+  double largest_ = 0;
+  double least_ = 0;
+  QString longest_;
+};
+
+QStringList ExtremesOf(const Table& table, std::size_t column) {
+  Extremes extremes;
+  for (const Row& row : table.rows) {
+    if (row.kind != RowKind::kGroup && column < row.cells.size()) {
+      extremes.Add(row.cells[column]);
+    }
+  }
+  return extremes.Texts(table.columns[column].mask);
+}
+
 }  // namespace
 
 ReportGridView::ReportGridView(const QString& name, const QString& purpose, QWidget* parent)
@@ -72,6 +103,7 @@ void ReportGridView::SetDocument(ReportDocument document) {
   model_->SetDocument(std::move(document));
   qobject_cast<ReportHeadingsView*>(horizontalHeader())->SetGroups(model_->Groups());
   SpanGroups();
+  MeasureColumns();
   FitColumns();
   updateGeometries();
   scrollToTop();
@@ -125,6 +157,22 @@ void ReportGridView::paintEvent(QPaintEvent* event) {
   }
 }
 
+void ReportGridView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    MeasureColumns();
+    FitColumns();
+  }
+}
+
+void ReportGridView::MeasureColumns() {
+  widths_.clear();
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    widths_.push_back(WidthOf(column));
+  }
+}
+
+// Rows are measured here and there, and what is likely the widest of all.
 int ReportGridView::WidthOf(int column) const {
   QFont bold = font();
   bold.setBold(true);
@@ -146,6 +194,13 @@ int ReportGridView::WidthOf(int column) const {
   if (rows > 0) {
     measure(rows - 1);
   }
+  const auto at = static_cast<std::size_t>(column);
+  for (const Table& table : model_->Document().tables) {
+    const QStringList texts = at < table.columns.size() ? ExtremesOf(table, at) : QStringList();
+    for (const QString& text : texts) {
+      width = std::max(width, metrics.horizontalAdvance(text));
+    }
+  }
   return std::min(width + kCellPadding, kWidest);
 }
 
@@ -162,7 +217,7 @@ void ReportGridView::FitColumns() {
   int taken = 0;
   int widest = -1;
   for (int column = 0; column < columns; ++column) {
-    setColumnWidth(column, WidthOf(column));
+    setColumnWidth(column, widths_[static_cast<std::size_t>(column)]);
     taken += columnWidth(column);
     if (IsText(column) && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
       widest = column;

@@ -23,8 +23,7 @@ using controls::ZENButton;
 
 constexpr int kDateWidth = 110;
 constexpr int kBesideWidth = 230;
-constexpr int kTextColumn = 1;  // of a grid with ticks
-constexpr int kReportShare = 5;
+constexpr int kTextColumn = 1;            // of a grid with ticks
 constexpr qsizetype kLongestClient = 40;  // letters of a file's name
 constexpr qsizetype kMostNamed = 3;
 
@@ -76,8 +75,8 @@ void ReportWindow::BuildLayout() {
   middle->setChildrenCollapsible(false);
   middle->addWidget(beside_);
   middle->addWidget(VS);
-  middle->setStretchFactor(0, 1);
-  middle->setStretchFactor(1, kReportShare);
+  middle->setStretchFactor(0, 0);
+  middle->setStretchFactor(1, 1);
   rows->addWidget(middle, 1);
   buttons_ = new QHBoxLayout;
   buttons_->addStretch(1);
@@ -329,6 +328,10 @@ void ReportWindow::Start() {
   if (Text1[0] != nullptr) {
     Text1[0]->setFocus();
   }
+  // What is ticked takes as much as it needs; the rest is the report's.
+  constexpr int kEverything = 10000;
+  qobject_cast<QSplitter*>(beside_->parentWidget())
+      ->setSizes({beside_->minimumWidth(), kEverything});
 }
 
 Period ReportWindow::ThePeriod() const {

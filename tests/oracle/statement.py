@@ -216,8 +216,9 @@ def _match(place, purchases: list[_Purchase], sales: list[_Sale], choice: Choice
                 rows.append(_match_row(place, purchase, sale, part, parts, choice))
         if wanted and sale.listed and choice.gains != "speculation":
             amount, stt = parts.next(wanted)
-            rows.append(Row("transfer" if sale.transfer else "unmatched", *place, sale_date=sale.date, sale_quantity=wanted,
-                            sale_net=sale.net, sale_amount=amount, stt_paid=stt))
+            rows.append(Row("transfer" if sale.transfer else "unmatched", *place,
+                            sale_date=sale.date, sale_quantity=wanted, sale_net=sale.net,
+                            sale_amount=amount, stt_paid=stt))
     return [row for row in rows if row]
 
 

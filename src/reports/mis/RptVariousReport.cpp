@@ -21,7 +21,8 @@ using controls::ZENButton;
 constexpr int kFirstYear = 2005;
 constexpr int kYearWidth = 80;
 constexpr int kDateWidth = 110;
-constexpr int kSelectionWidth = 215;
+constexpr float kSelectionWidth = 215;  // of a screen of 800 by 600
+constexpr float kMostStretch = 1.3F;    // the rest of a larger screen is the report's
 constexpr int kPartsShown = 10;
 constexpr char kRateDateBox[] = "Text3";
 enum PageIndex { kReportPage, kChartPage, kRatesPage };
@@ -50,7 +51,9 @@ RptVariousReport::RptVariousReport(controls::Desk& desk)
   AddPeriod(Months::kYes);
   BuildButtons();
   selection_ = new SelectionPane(TheGuard(), *Session().connection);
-  selection_->setMinimumWidth(std::max(kSelectionWidth, selection_->minimumSizeHint().width()));
+  const float stretch = std::min(Session().screen_factors.horizontal, kMostStretch);
+  selection_->setMinimumWidth(
+      std::max(static_cast<int>(kSelectionWidth * stretch), selection_->minimumSizeHint().width()));
   AddBesideReport(selection_);
   // As narrow as its words allow, or the window is wider than a small screen.
   selection_->parentWidget()->setMinimumWidth(selection_->minimumWidth());
@@ -146,7 +149,7 @@ void RptVariousReport::BuildPages() {
                                  {tr("Composition"), tr("Value by month"), tr("Gains by kind")});
   rates_ = new RatesPane(TheGuard(), TheDesk());
   AddPage(tr("Chart"), chart_);
-  pages_ = AddPage(tr("Market Rates"), rates_);
+  pages_ = AddPage(tr("Rates"), rates_);
   pages_->setCornerWidget(groupings_);  // a row of their own would be one less of the report
   On(pages_, &QTabWidget::currentChanged, &RptVariousReport::Pages_Click,
      QStringLiteral("Pages_Click"));

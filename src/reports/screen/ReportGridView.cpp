@@ -5,9 +5,11 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -17,6 +19,7 @@ namespace {
 constexpr int kSample = 300;  // rows that are measured
 constexpr int kCellPadding = 18;
 constexpr int kWidest = 360;
+constexpr int kNarrowestText = 160;
 constexpr int kRowPadding = 7;
 constexpr int kMostStretch = 36;
 constexpr int kMostTextStretch = 260;
@@ -31,6 +34,14 @@ Line LineOf(const QModelIndex& index) {
 class LineDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
+
+  /// The whole of a text that is cut short.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
+    QToolTip::showText(event->globalPos(), cut ? index.data().toString() : QString(), view);
+    return cut;
+  }
 
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
@@ -211,7 +222,7 @@ bool ReportGridView::IsText(int column) const {
 }
 
 // What is left over: a little to each column, more to the widest text, and not so much that a line
-// is hard to follow.
+// is hard to follow. Where a little is missing the widest text gives it: all figures are in sight.
 void ReportGridView::FitColumns() {
   const int columns = model_->columnCount();
   int taken = 0;
@@ -223,7 +234,11 @@ void ReportGridView::FitColumns() {
       widest = column;
     }
   }
-  const int left_over = std::max(0, viewport()->width() - taken);
+  const int missing = taken - viewport()->width();
+  if (widest >= 0 && missing > 0 && columnWidth(widest) - missing >= kNarrowestText) {
+    setColumnWidth(widest, columnWidth(widest) - missing);
+  }
+  const int left_over = std::max(0, -missing);
   const int more = columns == 0 ? 0 : std::min(left_over / columns, kMostStretch);
   for (int column = 0; column < columns; ++column) {
     setColumnWidth(column, columnWidth(column) + more);

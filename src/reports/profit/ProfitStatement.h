@@ -76,9 +76,10 @@ struct StatementRow {
 /// purchase date; after each scrip its total, at the end the net total. A client without any row
 /// is left out. Every total is the sum of the rows that it closes, to the paisa. The span lasts as
 /// long as the call. Transfers out gain nothing, but count: what they cost is what was paid. They
-/// are no speculation, and not listed where only that is wanted. Throws as gains::History does.
-void BuildStatement(database::Connection& connection, const StatementQuery& query,
-                    Progress& progress,
-                    const std::function<void(ClientId, std::span<const StatementRow>)>& give);
+/// are no speculation, and not listed where only that is wanted. Returns the records that could not
+/// count as they are written. Throws as gains::History does.
+[[nodiscard]] records::Faults BuildStatement(
+    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    const std::function<void(ClientId, std::span<const StatementRow>)>& give);
 
 }  // namespace quorvane::profit

@@ -97,7 +97,7 @@ void ReportWindow::AddReportKey() {
   CmdReport->setToolTip(tr("F5"));
   connect(key, &QShortcut::activated, CmdReport, [this] {
     // Leaving the box under entry checks it; a box that refuses keeps the focus.
-    QWidget* elsewhere = CmdReport->isVisibleTo(this) ? CmdReport : CmdExit;
+    QWidget* elsewhere = CmdReport->isVisibleTo(this) ? CmdReport : CmdOutput;
     elsewhere->setFocus(Qt::ShortcutFocusReason);
     if (elsewhere->hasFocus()) {
       CmdReport->click();

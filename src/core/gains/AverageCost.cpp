@@ -3,7 +3,6 @@
 #include "core/text/Amounts.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace quorvane::gains {
 namespace {
@@ -15,16 +14,6 @@ std::int64_t Rounded(double paise) {
 }
 
 }  // namespace
-
-double CleanQuantity(double shares) {
-  constexpr double kMillion = 1e6;
-  constexpr double kLargest = 9e9;
-  if (!(std::abs(shares) < kLargest)) {
-    return shares;
-  }
-  const auto millionths = static_cast<std::int64_t>(shares * kMillion + std::copysign(0.5, shares));
-  return static_cast<double>(millionths) / kMillion;
-}
 
 double AverageCost::CostOf(double shares) const {
   return shares == shares_ ? cost_ : cost_ * shares / shares_;

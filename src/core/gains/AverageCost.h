@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 namespace quorvane::gains {
@@ -35,6 +36,14 @@ class AverageCost {
 };
 
 /// Shares without the rounding error of sums and differences: they have at most six decimals.
-double CleanQuantity(double shares);
+inline double CleanQuantity(double shares) {
+  constexpr double kMillion = 1e6;
+  constexpr double kLargest = 9e9;
+  if (!(std::abs(shares) < kLargest)) {
+    return shares;
+  }
+  const auto millionths = static_cast<std::int64_t>(shares * kMillion + std::copysign(0.5, shares));
+  return static_cast<double>(millionths) / kMillion;
+}
 
 }  // namespace quorvane::gains

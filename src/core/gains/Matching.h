@@ -50,8 +50,7 @@ struct ChargeChoice {
 
 /// A quantity of a sale and the purchase that it used up. Money in paise: what is shown is what is
 /// added up. gain = sale_amount - cost (- stt_paid with ChargeChoice::stt), and 0 for a transfer.
-/// Without a purchase (purchase == kNoPurchase) there is no
-/// cost, no gain and no kind.
+/// Without a purchase (purchase == kNoPurchase) there is no cost, no gain and no kind.
 struct Match {
   static constexpr std::uint32_t kNoPurchase = 0xFFFFFFFF;
 

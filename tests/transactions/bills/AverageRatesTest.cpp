@@ -74,7 +74,7 @@ class AverageRatesTest : public QObject {
         << Steps{{10, 1000}, {30, 6000}, {20, {}}, {20, 5500}} << QStringLiteral("40@225");
     QTest::newRow("an empty holding starts again")
         << Steps{{10, 1000}, {10, {}}, {5, 1500}} << QStringLiteral("5@300");
-    QTest::newRow("emptied in parts that leave binary dust")
+    QTest::newRow("emptied in parts whose sum is not exact")
         << Steps{{0.3, 30}, {0.1, {}}, {0.1, {}}, {0.1, {}}, {1, 7}} << QStringLiteral("1@7");
     QTest::newRow("sold before it was bought")
         << Steps{{10, {}}, {10, 1000}} << QStringLiteral("10@100");

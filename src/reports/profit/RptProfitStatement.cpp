@@ -208,6 +208,11 @@ Layout RptProfitStatement::OutputLayout() const {
   return OptFormat.Index() == kNewFormat ? Layout::kSummary : Layout::kDetail;
 }
 
+QStringList RptProfitStatement::Choices() const {
+  return QStringList{OptFormat.group->checkedButton()->text()} + ReportWindow::Choices() +
+         ChoicesOf(Query()) + ChosenOf(*VSD) + ChosenOf(*VSS);
+}
+
 MaybeRefusal RptProfitStatement::CheckWorkbook() {
   return report::RefuseWithoutTemplate(
       report::TemplatePath(Session().folders, QLatin1String(kStatementTemplate)));

@@ -19,8 +19,7 @@ constexpr float kBrokerWidth = 190;  // on a screen of 800 by 600
 RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
     : ReportWindow(desk, QStringLiteral("RptBrokerLedger"),
                    transactions::ClientTitle(tr("Broker Ledger"), desk.session), {790, 520}),
-      of_(CurrentOf(desk.session)),
-      client_name_(desk.session.current_client_name) {
+      of_(CurrentOf(desk.session)) {
   AddPeriod();
   auto* months = new QHBoxLayout;
   CmbMth = new controls::ComboBox();
@@ -60,14 +59,22 @@ void RptBrokerLedger::CmbMth_Click() {
 }
 
 MaybeRefusal RptBrokerLedger::CheckSelection() {
+  if (MaybeRefusal refusal = report::RefuseOutside(ThePeriod(), of_.year)) {
+    return refusal;
+  }
   return RefuseWithoutTick(*VSB, tr("Enter Broker Name."));
+}
+
+// The period stands in the report's name.
+QStringList RptBrokerLedger::Choices() const {
+  return ChosenOf(*VSB);
 }
 
 std::optional<report::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
   const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
   database::Connection& connection = *Session().connection;
   const BrokerLedger ledger = ReadBrokerLedger(connection, query, progress);
-  report::ReportDocument document = MakeLedgerDocument(query, client_name_, ledger.accounts);
+  report::ReportDocument document = MakeLedgerDocument(query, ClientName(), ledger.accounts);
   document.notes += records::FaultTexts(connection, ledger.faults);
   return document;
 }

@@ -14,13 +14,13 @@ class RptBrokerLedger : public report::ReportWindow {
 
  protected:
   MaybeRefusal CheckSelection() override;
+  QStringList Choices() const override;
   std::optional<report::ReportDocument> BuildDocument(Progress& progress) override;
 
  private:
   void CmbMth_Click();
 
   ClientYear of_;
-  QString client_name_;
   controls::ComboBox* CmbMth;
   controls::Grid* VSB;  ///< brokers
 };

@@ -105,7 +105,7 @@ void FrmStkOpBalance::SetListColumns() {
                      {.heading = tr("Demat A/c No."),
                       .choices = lookups::AccountChoiceList(connection, of_.client)},
                      {.heading = tr("Rate"), .mask = Mask::kAmount},
-                     {.heading = tr("Quantity"), .mask = Mask::kNumber},
+                     {.heading = tr("Quantity"), .mask = Mask::kAmount},
                      {.heading = tr("Purchase Date"), .mask = Mask::kDate},
                      {.heading = tr("Total"), .mask = Mask::kAmount},
                      {.heading = tr("Service Tax"), .mask = Mask::kAmount},

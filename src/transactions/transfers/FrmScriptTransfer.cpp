@@ -104,7 +104,7 @@ void FrmScriptTransfer::SetColumns() {
   const QString accounts = lookups::ChoiceList(connection, Choices::kAccounts);
   VS->SetColumns({{.heading = tr("Script Name"), .choices = scrips},
                   {.heading = tr("Rate"), .mask = Mask::kAmount},
-                  {.heading = tr("Quantity"), .mask = Mask::kNumber}});
+                  {.heading = tr("Quantity"), .mask = Mask::kAmount}});
   List().SetColumns({{.heading = tr("Date"), .mask = Mask::kDate},
                      {.heading = tr("From A/c"), .choices = accounts},
                      {.heading = tr("To"), .choices = QLatin1String(kDestinationChoices)},
@@ -112,7 +112,7 @@ void FrmScriptTransfer::SetColumns() {
                      {.heading = tr("To Client"), .choices = ClientChoiceList(connection)},
                      {.heading = tr("Script Name"), .choices = scrips},
                      {.heading = tr("Rate"), .mask = Mask::kAmount},
-                     {.heading = tr("Quantity"), .mask = Mask::kNumber}});
+                     {.heading = tr("Quantity"), .mask = Mask::kAmount}});
   Combo1->SetItems(lookups::AccountItems(connection, of_.client));
 }
 

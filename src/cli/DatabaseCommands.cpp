@@ -8,11 +8,12 @@ namespace {
 
 std::string LotText(const ledger::LotChange& change, const lookups::Directory& directory) {
   return fmt::format("lot {} ({}, {}, {}, {}): the ledger holds {}, {}\n", change.lot.id.value,
-                     directory.Client(change.of.client).code, change.of.year.Utf8(),
+                     directory.Client(change.lot.client).code, change.lot.year.Utf8(),
                      directory.Account(change.lot.account).number,
-                     directory.Scrip(change.lot.scrip).code, change.lot.quantity,
-                     change.duplicate ? "but the lot stands twice"
-                                      : fmt::format("the documents say {}", change.quantity));
+                     directory.Scrip(change.lot.scrip).code, change.lot.quantity.Number(),
+                     change.duplicate
+                         ? "but the lot stands twice"
+                         : fmt::format("the documents say {}", change.quantity.Number()));
 }
 
 void Check(Context& context) {
@@ -35,6 +36,9 @@ void Check(Context& context) {
   }
   for (const ledger::LotChange& change : check.wrong_lots) {
     report += LotText(change, directory);
+  }
+  for (const QString& fault : check.record_faults) {
+    report += fmt::format("{}\n", fault.toStdString());
   }
   for (const repair::Dangling& dangling : check.dangling) {
     report += fmt::format("note: {} rows of {} name a record of {} ({}) that is not there\n",

@@ -85,8 +85,7 @@ class Look {
       LookForDangling(reference);
       Done();
     }
-    Progress quiet;
-    check_.wrong_lots = ledger::CheckStock(connection_, std::nullopt, quiet);
+    CheckLots();
     Done();
     return std::move(check_);
   }
@@ -115,6 +114,13 @@ class Look {
       }
       check_.unchecked.push_back(table);
     }
+  }
+
+  void CheckLots() {
+    Progress quiet;
+    ledger::StockCheck stock = ledger::CheckStock(connection_, std::nullopt, quiet);
+    check_.wrong_lots = std::move(stock.changes);
+    check_.record_faults = records::FaultTexts(connection_, stock.faults);
   }
 
   void LookForDoubles(std::string_view table, std::string_view columns) {

@@ -36,9 +36,12 @@ struct TableCheck {
   std::vector<std::string> unchecked;  ///< tables whose check the server does not grant
   std::vector<DoubleKey> double_keys;
   std::vector<ledger::LotChange> wrong_lots;
+  QStringList record_faults;  ///< a sentence for each record that cannot count as it is written
   std::vector<Dangling> dangling;  ///< for information: nothing is wrong with the table itself
 
-  bool AllIsWell() const { return faults.empty() && double_keys.empty() && wrong_lots.empty(); }
+  bool AllIsWell() const {
+    return faults.empty() && double_keys.empty() && wrong_lots.empty() && record_faults.isEmpty();
+  }
 };
 
 /// The number of rows of every table, in the order of its creation.

@@ -2,28 +2,15 @@
 
 #include "core/ClientYear.h"
 #include "core/database/Transaction.h"
+#include "core/ledger/Lots.h"
 
 #include <optional>
 #include <vector>
 
 namespace quorvane::ledger {
 
-using database::Connection;
-using database::Transaction;
-
 /// The holdings ledger, or the scratch copy on which a bill or a transfer is edited.
 enum class LotTable { kStock, kStockTemp };
-
-enum class Posting { kAdd, kSubtract };
-
-/// What makes a lot: shares of one scrip in one account, bought at one rate (rupees a share,
-/// compared as exactly the double that was posted).
-struct LotKey {
-  ClientYear of;
-  AccountId account;
-  ScripId scrip;
-  double rate = 0;
-};
 
 struct Lot {
   LotId id;

@@ -40,7 +40,7 @@ Table NewTable() {
 Row LineRow(int number, const TransactionLine& line, const lookups::Directory& directory) {
   return {RowKind::kData,
           {static_cast<double>(number), line.date, Utf8(directory.Scrip(line.scrip).name),
-           line.purchase ? Tr("Buy") : Tr("Sell"), line.quantity, line.rate,
+           line.purchase ? Tr("Buy") : Tr("Sell"), line.quantity.Number(), line.rate,
            Paise(line.money.trade_value), Paise(line.money.brokerage),
            Paise(line.money.service_tax), Paise(line.money.stt), Paise(line.money.total)}};
 }

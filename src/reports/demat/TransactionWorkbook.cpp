@@ -95,7 +95,7 @@ class LineList {
                                   line.settlement_number,
                                   Utf8(directory_.Scrip(line.scrip).name),
                                   line.purchase ? Tr("Buy") : Tr("Sell"),
-                                  line.quantity,
+                                  line.quantity.Number(),
                                   line.rate};
     std::ranges::copy(texts, out.cells.begin());
     lines_.push_back(std::move(out));

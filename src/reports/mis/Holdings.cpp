@@ -136,12 +136,12 @@ Holding MakeHolding(std::span<Purchase> purchases, std::span<const Sale> sales,
   return HoldingMaker(purchases, sales, period).Make();
 }
 
-std::vector<Holding> ReadHoldings(database::Connection& connection, const MisQuery& query,
-                                  const report::Period& period, Progress& progress) {
+HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
+                          const report::Period& period, Progress& progress) {
   const Selection selection(query);
   gains::History history(connection, {selection.OnlyClient(), query.year, period.from, period.to},
                          progress);
-  std::vector<Holding> holdings;
+  HoldingsRead read{{}, history.Faults()};
   history.Visit([&](const gains::ScripHistory& scrip) {
     if (!selection.Has(scrip.client, scrip.account, scrip.scrip)) {
       return;
@@ -151,11 +151,11 @@ std::vector<Holding> ReadHoldings(database::Connection& connection, const MisQue
       holding.client = scrip.client;
       holding.account = scrip.account;
       holding.scrip = scrip.scrip;
-      holdings.push_back(std::move(holding));
+      read.holdings.push_back(std::move(holding));
     }
     progress.ThrowIfCancelled();
   });
-  return holdings;
+  return read;
 }
 
 }  // namespace quorvane::mis

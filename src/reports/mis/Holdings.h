@@ -3,6 +3,7 @@
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "core/gains/Matching.h"
+#include "core/records/Faults.h"
 #include "reports/mis/MisQuery.h"
 
 #include <array>
@@ -66,10 +67,15 @@ struct Holding {
 /// Adds quantities without binary dust.
 double AddShares(double a, double b);
 
+struct HoldingsRead {
+  std::vector<Holding> holdings;
+  records::Faults faults;  ///< records that could not count as they are written
+};
+
 /// The holdings of the query's clients, accounts and scrips over `period`, those without any
 /// movement or stock left out: by client code, scrip name and account number. One query a table,
 /// whatever the number of clients. Throws as gains::History does.
-std::vector<Holding> ReadHoldings(database::Connection& connection, const MisQuery& query,
+HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
                                   const report::Period& period, Progress& progress);
 
 /// The holding of one place out of what came in and left there, both in date order; `purchases` are

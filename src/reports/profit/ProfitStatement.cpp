@@ -209,9 +209,9 @@ StatementQuery StatementQuery::OfYear(std::optional<ClientId> client, text::Fina
           .charges = {}};
 }
 
-void BuildStatement(database::Connection& connection, const StatementQuery& query,
-                    Progress& progress,
-                    const std::function<void(ClientId, std::span<const StatementRow>)>& give) {
+records::Faults BuildStatement(
+    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    const std::function<void(ClientId, std::span<const StatementRow>)>& give) {
   gains::History history(connection, {query.client, query.year, query.from, query.to, query.fo},
                          progress);
   Builder builder(query, give);
@@ -220,6 +220,7 @@ void BuildStatement(database::Connection& connection, const StatementQuery& quer
     progress.ThrowIfCancelled();
   });
   builder.CloseClient();
+  return history.Faults();
 }
 
 }  // namespace quorvane::profit

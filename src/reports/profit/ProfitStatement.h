@@ -66,9 +66,10 @@ struct StatementRow {
 /// name, in each the accounts by number, in each the sales by date and then what is left unsold by
 /// purchase date; after each scrip its total, at the end the net total. A client without any row
 /// is left out. Every total is the sum of the rows that it closes, to the paisa. The span lasts as
-/// long as the call. Throws as gains::History does.
-void BuildStatement(database::Connection& connection, const StatementQuery& query,
-                    Progress& progress,
-                    const std::function<void(ClientId, std::span<const StatementRow>)>& give);
+/// long as the call. Returns the records that could not count as they are written. Throws as
+/// gains::History does.
+[[nodiscard]] records::Faults BuildStatement(
+    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    const std::function<void(ClientId, std::span<const StatementRow>)>& give);
 
 }  // namespace quorvane::profit

@@ -296,7 +296,7 @@ class BillBookTest : public QObject {
     QVERIFY(!Book().Save(bill));
     QCOMPARE(Book().Load(bill.id)->lines[0].quantity, 1.0);
     Progress silent;
-    QVERIFY(ledger::CheckStock(desk_->Connection(), desk_->of, silent).empty());
+    QVERIFY(ledger::CheckStock(desk_->Connection(), desk_->of, silent).changes.empty());
     bill.lines = {desk_->Purchase(0.0000004, 100)};
     QCOMPARE(TextOf(Book().Save(bill)), QStringLiteral("Enter Quantity Greater than Zero."));
   }

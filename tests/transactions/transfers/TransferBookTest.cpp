@@ -85,7 +85,7 @@ class TransferBookTest : public QObject {
       QVERIFY(!Book().Save(transfer));
     }
     Progress silent;
-    QVERIFY(ledger::CheckStock(desk_->Connection(), std::nullopt, silent).empty());
+    QVERIFY(ledger::CheckStock(desk_->Connection(), std::nullopt, silent).changes.empty());
   }
 
   void TransferToAnotherClientArrivesThere() {

@@ -113,10 +113,16 @@ QString Fault(const Manifest& manifest) {
     }
     seen.insert(file.path);
   }
+  QSet<QString> tables;
   for (const TableEntry& table : manifest.tables) {
+    const QString name = FromUtf8(table.name);
     if (!seen.contains(table.Path())) {
-      return Tr("the manifest names no file for the table %1").arg(FromUtf8(table.name));
+      return Tr("the manifest names no file for the table %1").arg(name);
     }
+    if (tables.contains(name.toLower())) {
+      return Tr("the manifest names %1 twice").arg(name);
+    }
+    tables.insert(name.toLower());
   }
   return manifest.tables.empty() ? Tr("the manifest names no table") : QString();
 }
@@ -132,7 +138,8 @@ Refusal NoBackup(const QString& folder) {
 
 bool ReadFile(const QString& path, QByteArray& bytes) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
+  // Reading a pipe would wait for somebody to write into it.
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
     return false;
   }
   bytes = file.readAll();

@@ -1,5 +1,7 @@
 #include "admin/backup/Manifest.h"
 
+#include "core/platform/PrivateFile.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
@@ -8,12 +10,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QSet>
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 
 namespace quorvane::backup {
 namespace {
@@ -146,14 +146,6 @@ bool ReadFile(const QString& path, QByteArray& bytes) {
   return file.error() == QFileDevice::NoError;
 }
 
-void WriteFile(const QString& path, const QByteArray& bytes) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-    throw std::runtime_error("cannot write " + path.toStdString() + ": " +
-                             file.errorString().toStdString());
-  }
-}
-
 }  // namespace
 
 QString TableEntry::Path() const {
@@ -200,8 +192,9 @@ Refusal Damaged(const QString& folder, const QString& reason) {
 
 void WriteManifest(const QString& folder, const Manifest& manifest) {
   const QByteArray json = AsJson(manifest);
-  WriteFile(QDir(folder).filePath(kChecksum), Sha256(json) + "  " + kManifest.toUtf8() + '\n');
-  WriteFile(QDir(folder).filePath(kManifest), json);
+  platform::WritePrivate(QDir(folder).filePath(kChecksum),
+                         Sha256(json) + "  " + kManifest.toUtf8() + '\n');
+  platform::WritePrivate(QDir(folder).filePath(kManifest), json);
 }
 
 MaybeRefusal ReadManifest(const QString& folder, Manifest& manifest) {

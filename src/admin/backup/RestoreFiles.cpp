@@ -2,13 +2,13 @@
 
 #include "admin/settings/Settings.h"
 #include "core/platform/DiskSync.h"
+#include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSet>
 #include <QUuid>
 
@@ -34,18 +34,9 @@ QByteArray ReadAll(const QString& path) {
   return file.readAll();
 }
 
-void WriteWhole(const QString& path, const QByteArray& content, bool closed_to_others = false) {
+void WriteWhole(const QString& path, const QByteArray& content) {
   platform::MakeMissingFolder(QFileInfo(path).absolutePath());
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) {
-    Fail(QStringLiteral("cannot write"), path);
-  }
-  if (closed_to_others) {
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  }
-  if (file.write(content) != content.size() || !file.commit()) {
-    Fail(QStringLiteral("cannot write"), path);
-  }
+  platform::WritePrivate(path, content);
 }
 
 /// Ended between the two steps, the file still lies where it came from.
@@ -139,7 +130,7 @@ void RestoreFiles::StageSettings() {
   const std::vector<app::IniSetting> restored = RestoredSettings(staged);
   const QByteArray present =
       QFileInfo::exists(folders_.config_file) ? ReadAll(folders_.config_file) : QByteArray();
-  WriteWhole(staged.Path(), present, true);
+  WriteWhole(staged.Path(), present);
   staged.Write(restored);
 }
 
@@ -219,7 +210,7 @@ void RestoreFiles::TakeTheirPlaces() {
   PlaceDocuments(staged);
   PlaceData(staged);
   if (QFileInfo::exists(File(kSettingsFile))) {
-    WriteWhole(folders_.config_file, ReadAll(File(kSettingsFile)), true);
+    WriteWhole(folders_.config_file, ReadAll(File(kSettingsFile)));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "core/app/Ini.h"
 
+#include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 
 #include <QByteArray>
@@ -7,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -242,15 +242,7 @@ QByteArray ReadFile(const QString& path) {
 
 void WriteFile(const QString& path, const QByteArray& content) {
   platform::MakeMissingFolder(QFileInfo(path).absolutePath());
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) {
-    Fail(path, file.errorString());
-  }
-  // Passwords may be in it. A disk without permissions does not know better.
-  file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  if (file.write(content) != content.size() || !file.commit()) {
-    Fail(path, file.errorString());
-  }
+  platform::WritePrivate(path, content);
 }
 
 void CheckWritable(const QString& path, const QString& section, const QString& key,

@@ -2,6 +2,7 @@
 
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
+#include "core/platform/PrivateFile.h"
 #include "reports/output/WriteReport.h"
 #include "reports/period/MonthsPane.h"
 
@@ -487,9 +488,7 @@ void ReportWindow::Write(const ReportDocument& document, OutputFormat format, co
 
 void ReportWindow::WriteAndOpen(const ReportDocument& document, OutputFormat format) {
   const QDir folder(Session().folders.application + QStringLiteral("/Reports"));
-  if (!folder.mkpath(QStringLiteral("."))) {
-    throw std::runtime_error("cannot make the folder " + folder.path().toStdString());
-  }
+  platform::MakeOutputFolder(folder.path());
   const QString path = folder.filePath(FileName(document) + ExtensionOf(format));
   Write(document, format, path);
   Open(path);

@@ -58,6 +58,11 @@ class Outputs(unittest.TestCase):
         ctl.run(Path(folder.name) / "unused", "demo", "--out", cls.demo)
         cls.stems = sorted(path.with_suffix("") for path in cls.demo.glob("*.pdf"))
 
+    def test_no_file_is_open_to_others(self):
+        files = [path for path in self.demo.iterdir()]
+        self.assertGreater(len(files), 10)
+        self.assertEqual([], [path.name for path in files if path.stat().st_mode & 0o077])
+
     def test_figures_agree_in_every_format(self):
         self.assertGreater(len(self.stems), 40)
         for stem in self.stems:

@@ -1,5 +1,6 @@
 #include "reports/output/WriteReport.h"
 
+#include "core/platform/PrivateFile.h"
 #include "reports/output/CsvWriter.h"
 #include "reports/output/PdfWriter.h"
 #include "reports/output/RtfWriter.h"
@@ -52,14 +53,10 @@ bool IsPlain(QChar c) {
 void WriteReport(const ReportDocument& document, OutputFormat format, const QString& path,
                  Progress& progress) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) {
-    Fail(file);
-  }
+  platform::OpenPrivate(file);
   WriteTo(document, format, file, progress);
   progress.ThrowIfCancelled();
-  if (!file.commit()) {
-    Fail(file);
-  }
+  platform::Commit(file);
 }
 
 QString FileStem(const QStringList& words) {

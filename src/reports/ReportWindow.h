@@ -80,6 +80,9 @@ class ReportWindow : public controls::ChildWindow {
   /// reports, whatever is chosen elsewhere later.
   const std::optional<ClientYear>& Current() const { return current_; }
 
+  /// The name of that client, as it was then.
+  const QString& ClientName() const { return client_name_; }
+
   /// The financial year of the period and of its months; the current one unless the window has a
   /// choice of years of its own.
   virtual std::optional<text::FinancialYear> PeriodYear() const;

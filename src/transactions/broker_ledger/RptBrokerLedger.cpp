@@ -64,7 +64,7 @@ MaybeRefusal RptBrokerLedger::CheckSelection() {
 
 std::optional<report::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
   const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
-  return MakeLedgerDocument(query, Session().current_client_name,
+  return MakeLedgerDocument(query, ClientName(),
                             ReadBrokerLedger(*Session().connection, query, progress));
 }
 

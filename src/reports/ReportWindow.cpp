@@ -91,7 +91,7 @@ void ReportWindow::BuildLayout() {
   OnClick(CmdExit, &ReportWindow::CmdExit_Click);
 }
 
-/// The menu of the main window has the button's letter, too, and gets it first.
+/// One key that no other window has.
 void ReportWindow::AddReportKey() {
   auto* key = new QShortcut(QKeySequence(Qt::Key_F5), this);
   key->setContext(Qt::WidgetWithChildrenShortcut);

@@ -13,6 +13,7 @@
 namespace quorvane::report {
 namespace {
 
+constexpr int kMessageMs = 3000;
 const QString kPdf = QStringLiteral(".pdf");
 
 QMdiArea* AreaAround(QWidget* widget) {
@@ -41,7 +42,7 @@ PreviewWindow* RepView::Show(const ReportDocument& document, QWidget* over) {
                                     QDir(folder_).filePath(FileStem(document.titles) + kPdf));
   const auto tell_page = [this](int page, int pages) {
     if (status_bar_ != nullptr) {
-      status_bar_->showMessage(PreviewWindow::tr("Page %1 of %2").arg(page).arg(pages));
+      status_bar_->showMessage(PreviewWindow::tr("Page %1 of %2").arg(page).arg(pages), kMessageMs);
     }
   };
   QObject::connect(preview, &PreviewWindow::PageShown, preview, tell_page);

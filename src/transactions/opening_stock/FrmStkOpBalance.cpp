@@ -222,6 +222,7 @@ void FrmStkOpBalance::Text1_Validate() {
 }
 
 void FrmStkOpBalance::FirstShown() {
+  RecordWindow::FirstShown();
   if (lots_.empty() && HasLotsToCarryForward(*Session().connection, of_)) {
     CarryForwardIfWanted();
   }

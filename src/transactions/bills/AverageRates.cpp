@@ -1,7 +1,7 @@
 #include "transactions/bills/AverageRates.h"
 
 #include "core/database/Transaction.h"
-#include "core/ledger/Ledger.h"
+#include "core/gains/AverageCost.h"
 #include "core/records/Writing.h"
 #include "core/text/Amounts.h"
 
@@ -20,7 +20,7 @@ using records::Movement;
 using records::MovementKind;
 using records::Select;
 
-using Walks = std::map<ScripId, AverageWalk>;
+using Walks = std::map<ScripId, gains::AverageCost>;
 
 /// The opening balance of a scrip counts as one receipt.
 void ReceiveOpenings(std::span<const Movement> movements, Walks& walks) {
@@ -38,7 +38,7 @@ void ReceiveOpenings(std::span<const Movement> movements, Walks& walks) {
   }
   for (const auto& [scrip, sum] : sums) {
     if (const auto walk = walks.find(scrip); walk != walks.end()) {
-      walk->second.Receive(sum.quantity, sum.cost);
+      walk->second.Receive(sum.quantity, text::ToPaise(sum.cost));
     }
   }
 }
@@ -68,7 +68,7 @@ Walks WalkAccount(Connection& connection, const Place& place, std::span<const Mo
       continue;
     }
     if (m.kind == MovementKind::kPurchase) {
-      walk->second.Receive(m.quantity.Number(), m.amount + m.service_tax);
+      walk->second.Receive(m.quantity.Number(), text::ToPaise(m.amount + m.service_tax));
     } else {
       walk->second.Release(m.quantity.Number());
     }
@@ -97,19 +97,6 @@ void Store(Transaction& transaction, const Place& place, const Walks& walks) {
 }
 
 }  // namespace
-
-void AverageWalk::Receive(double quantity, double cost) {
-  const double cost_of_all = quantity_ * average_ + cost;
-  quantity_ = ledger::SettleQuantity(quantity_ + quantity);
-  average_ = quantity_ > 0 ? text::Tidy(cost_of_all / quantity_) : 0;
-}
-
-void AverageWalk::Release(double quantity) {
-  quantity_ = ledger::SettleQuantity(quantity_ - quantity);
-  if (quantity_ <= 0) {
-    *this = {};
-  }
-}
 
 void RebuildAverageRates(Connection& connection, const Place& place,
                          std::span<const Movement> movements) {

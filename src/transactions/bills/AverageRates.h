@@ -10,23 +10,6 @@
 
 namespace quorvane::bills {
 
-/// The average rate of a holding while its bills are walked in order.
-class AverageWalk {
- public:
-  /// Shares come in at a cost in rupees, service tax included.
-  void Receive(double quantity, double cost);
-
-  /// Shares leave at the average. When the holding is used up the average starts again.
-  void Release(double quantity);
-
-  double Quantity() const { return quantity_; }
-  double Average() const { return average_; }  ///< rupees a share, 0 while nothing is held
-
- private:
-  double quantity_ = 0;
-  double average_ = 0;
-};
-
 using records::AverageRate;
 
 /// Works the average rates of an account out and keeps them, for every scrip that has a lot: from

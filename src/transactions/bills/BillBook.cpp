@@ -101,7 +101,7 @@ MaybeRefusal Post(Transaction& transaction, const Bill& old, Bill& bill, const Q
   ledger::LockAndLoad(transaction, lots, places);
   ledger::PostLines(lots, is, bill.lines);
   ledger::TakeBackLines(lots, was, old.lines);
-  if (MaybeRefusal refusal = posting::CheckShortage(transaction.GetConnection(), lots, field)) {
+  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, field)) {
     return refusal;
   }
   lots.Write(transaction);

@@ -36,7 +36,7 @@ MaybeRefusal EntryLots::Post(std::vector<BillLine>& lines, const QString& field)
   std::vector<BillLine> with_lots = lines;
   ledger::PostLines(posted, place_, with_lots);
   ledger::TakeBackLines(posted, place_, recorded_);
-  if (MaybeRefusal refusal = posting::CheckShortage(*connection_, posted, field)) {
+  if (MaybeRefusal refusal = posting::RefuseShortage(*connection_, posted, field)) {
     return refusal;
   }
   WriteScratch(posted);

@@ -194,7 +194,7 @@ class FrmSalePurchaseTest : public QObject {
     Fill({QStringLiteral("500325"), QString(), QStringLiteral("5"), QStringLiteral("110")});
     Press(Qt::Key_F8);
     QCOMPARE(RowsOf("VS3"),
-             QStringList({"RELIANCE|5|110.00|10/06/2011", "RELIANCE|10|100.00|10/06/2011"}));
+             QStringList({"RELIANCE|5.00|110.00|10/06/2011", "RELIANCE|10.00|100.00|10/06/2011"}));
     QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10", "RELIANCE|+5"}));
     QCOMPARE(Rows("Select * From SPMaster"), QStringList());
     Press(Qt::Key_S, Qt::ControlModifier);
@@ -358,7 +358,7 @@ class FrmSalePurchaseTest : public QObject {
     QCOMPARE(messages_->Texts(), QStringList(test::kNegativeReliance));
     QCOMPARE(Focused(), QStringLiteral("Text1_3"));
     QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10", "RELIANCE|-8"}));
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|2|100.00|10/06/2011"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|2.00|100.00|10/06/2011"));
     Press(Qt::Key_Escape);
     Named<Grid>("Vs1")->setFocus();
     messages_->WillAnswer(true);
@@ -445,8 +445,9 @@ class FrmSalePurchaseTest : public QObject {
     Press(Qt::Key_Return);
     QCOMPARE(TextIn("Text1_13"), QStringLiteral("0.169915"));
     Press(Qt::Key_F8);
-    QCOMPARE(RowsOf("Vs1"), QStringList("S|RELIANCE|10|100.00|0.05|99.95|999.50|0.05|0.17|0.017||"
-                                        "Non Delivery Based"));
+    QCOMPARE(RowsOf("Vs1"),
+             QStringList("S|RELIANCE|10.00|100.00|0.05|99.95|999.50|0.05|0.17|0.017||"
+                         "Non Delivery Based"));
     QCOMPARE(TextIn("Text1_12"), QStringLiteral("999.62"));
     QCOMPARE(Named<QLabel>("LblTotal")->text(), QStringLiteral("Total Receivable"));
   }
@@ -513,10 +514,10 @@ class FrmSalePurchaseTest : public QObject {
     Named<Grid>("Vs1")->SelectRow(0);
     messages_->WillAnswer(true);
     Click("CmdDelete1");
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|0|100.00|"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|0.00|100.00|"));
     Click("cmdCancel");
     QCOMPARE(RowsOf("Vs1").size(), 1);
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10|100.00|10/06/2011"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10.00|100.00|10/06/2011"));
     QCOMPARE(data_->Everything(), before);
     QCOMPARE(Rows("Select * From Stock_Temp"), QStringList());
   }
@@ -548,7 +549,7 @@ class FrmSalePurchaseTest : public QObject {
     };
     Named<Grid>("VSF")->SelectRow(0);
     QCOMPARE(live(), QStringLiteral("0000000"));
-    QCOMPARE(RowsOf("Vs1"), QStringList("P|RELIANCE|10|100.00|0.00|100.00|1000.00|0.00|0.00|"
+    QCOMPARE(RowsOf("Vs1"), QStringList("P|RELIANCE|10.00|100.00|0.00|100.00|1000.00|0.00|0.00|"
                                         "0.000||N.A."));
     Click("cmdModify");
     QCOMPARE(live(), QStringLiteral("1000010"));
@@ -567,7 +568,7 @@ class FrmSalePurchaseTest : public QObject {
     SavedPurchase();
     Press(Qt::Key_F5);
     QCOMPARE(messages_->Texts(), QStringList("Refresh Successfully!"));
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10|100.00|10/06/2011"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10.00|100.00|10/06/2011"));
     QCOMPARE(Named<QLabel>("LblBalance")->text(),
              QStringLiteral("Balance in Demat A/c No. - 1001"));
   }
@@ -615,7 +616,7 @@ class FrmSalePurchaseTest : public QObject {
     Retype("Combo2", QStringLiteral("1002"));
     QCOMPARE(Named<QLabel>("LblBalance")->text(),
              QStringLiteral("Balance in Demat A/c No. - 1002"));
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10|100.00|10/06/2011"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10.00|100.00|10/06/2011"));
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(data_->LotAt(data_->of, data_->second_account, data_->scrip, 100),
              QStringLiteral("10@100"));
@@ -638,7 +639,8 @@ class FrmSalePurchaseTest : public QObject {
     messages_->WillAnswer(true);
     Press(Qt::Key_F8);
     QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|-10", "RELIANCE|-2"}));
-    QCOMPARE(RowsOf("VS3"), QStringList({"RELIANCE|8|110.00|10/06/2011", "RELIANCE|0|100.00|"}));
+    QCOMPARE(RowsOf("VS3"),
+             QStringList({"RELIANCE|8.00|110.00|10/06/2011", "RELIANCE|0.00|100.00|"}));
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(data_->LotAt(110), QStringLiteral("8@110"));
   }

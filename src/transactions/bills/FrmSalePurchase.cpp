@@ -6,7 +6,6 @@
 #include "transactions/bills/BillChecks.h"
 
 #include <QHBoxLayout>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -194,7 +193,6 @@ MaybeRefusal FrmSalePurchase::Save() {
   if (!refusal) {
     SetCurrentId(entry_.Current().id.value);
     last_ = entry_.Current();
-    const QSignalBlocker filled_anyway(TxtSearch);
     TxtSearch->clear();
   }
   return refusal;
@@ -410,6 +408,9 @@ void FrmSalePurchase::VS3_RowActivated() {
 
 // Another row loads another bill, and the list takes the focus with it.
 void FrmSalePurchase::TxtSearch_Change() {
+  if (IsEditing()) {
+    return;  // Saving clears it and fills the list itself.
+  }
   const int cursor = TxtSearch->cursorPosition();
   ShowList();
   ShowFound();

@@ -688,6 +688,9 @@ class FrmSalePurchaseTest : public QObject {
     messages_->WillAnswer(true);
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(Rows("Select * From SPMaster").size(), 2);
+    QCOMPARE(Named<Grid>("VSF")->selectionModel()->selectedRows().size(), 1);
+    QCOMPARE(QStringList(QString::number(Named<Grid>("VSF")->CurrentId())),
+             Rows("Select Max(Id) From SPMaster"));
     Click("cmdModify");
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(messages_->said.size(), std::size_t{2});

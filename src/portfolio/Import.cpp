@@ -23,9 +23,9 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
   database::InTransaction(connection, [&](database::Transaction& transaction) -> MaybeRefusal {
     result = {};
     ErrorList errors;
-    WaitForOtherWriters(transaction, years);
+    ledger::Lots lots = WaitForOtherWriters(transaction, years);
     const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
-    ImportMovements(transaction, portfolio, names, errors, result, progress);
+    ImportMovements(transaction, portfolio, names, lots, errors, result, progress);
     ImportMoney(transaction, portfolio, names, errors, result);
     result.errors = errors.Take();
     return dry_run || !result.errors.empty() ? MaybeRefusal(nothing_written) : std::nullopt;

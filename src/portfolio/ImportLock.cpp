@@ -1,13 +1,14 @@
 #include "portfolio/ImportLock.h"
 
 #include "core/database/Keys.h"
+#include "core/records/Query.h"
 
 namespace quorvane::portfolio {
 
 std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio) {
   std::set<text::FinancialYear> years;
   for (const OpeningRow& row : portfolio.openings) {
-    years.insert(row.year);
+    years.insert(row.record.year);
   }
   const auto add_dates = [&](const auto& rows) {
     text::Date last{};
@@ -23,8 +24,8 @@ std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio) {
   return years;
 }
 
-void WaitForOtherWriters(database::Transaction& transaction,
-                         const std::set<text::FinancialYear>& years) {
+ledger::Lots WaitForOtherWriters(database::Transaction& transaction,
+                                 const std::set<text::FinancialYear>& years) {
   // Not the lookup tables that every program looks into while it starts: it would wait, too.
   for (const std::string_view table :
        {"ClientInfo", "DepPart", "DpIDs", "ClientActDet", "Broker", "Script", "TransTaxPer",
@@ -34,9 +35,15 @@ void WaitForOtherWriters(database::Transaction& transaction,
   for (const std::string_view table : {"SPMaster", "ScrTransfer"}) {
     database::NextKey(transaction, table, "ID");
   }
+  ledger::Lots lots;
   for (const text::FinancialYear year : years) {
-    transaction.Open("Select Count(*) From Stock Where Fyear=? For Update", year.Text());
+    records::Select<records::Lot>(transaction.GetConnection())
+        .Where(&records::Lot::year, year)
+        .OrderBy(&records::Lot::id)
+        .ForUpdate()
+        .Each([&](const records::Lot& lot) { lots.Load(lot); });
   }
+  return lots;
 }
 
 }  // namespace quorvane::portfolio

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/database/Transaction.h"
-#include "core/text/FinancialYear.h"
+#include "core/ledger/Lots.h"
 #include "portfolio/Portfolio.h"
 
 #include <set>
@@ -13,8 +12,8 @@ std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio);
 
 /// Waits until no other program adds records or moves lots of these years, and keeps others waiting
 /// until the transaction ends. To be called before the transaction reads anything: what it reads
-/// then decides what it writes.
-void WaitForOtherWriters(database::Transaction& transaction,
-                         const std::set<text::FinancialYear>& years);
+/// then decides what it writes. Returns the lots of the years.
+ledger::Lots WaitForOtherWriters(database::Transaction& transaction,
+                                 const std::set<text::FinancialYear>& years);
 
 }  // namespace quorvane::portfolio

@@ -225,6 +225,16 @@ class Recorded(ComesAgain):
         self.assertIn(["2011-12", "1", "600002", "60", "0"], lots(desk))
         self.assert_comes_again(desk)
 
+    def test_charge_with_fractions_of_a_paisa_over_two_lots(self):
+        line = "AN,A1,{},{},LOTUS,NSE,{},600002,{},{},0,{},{},0,,"
+        desk = self.taken_in({"bills.csv": "\n".join(
+            [BILL_HEADER, line.format(1, "02/05/2011", "P", 99, 60, 0, 0),
+             line.format(2, "03/05/2011", "P", 1, 61, 0, 0),
+             line.format(3, "04/05/2011", "S", 100, 70, 0.004, 0.016), ""])})
+        self.assertEqual(desk.sql("Select Qty,STax,STT From SPTrans Where SP=0 Order By Id"),
+                         [["99", "0", "0.016"], ["1", "0.004", "0"]])
+        self.assert_comes_again(desk)
+
     def test_stock_carried_forward_without_an_account(self):
         desk = self.taken_in({"bills.csv": BILL_HEADER + "\nAN,,1,02/05/2011,LOTUS,NSE,P,600002,"
                                                          "10,60,0.25,1.5,2,0,,5\n"})

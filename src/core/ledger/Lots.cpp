@@ -151,11 +151,15 @@ std::optional<ScripId> Lots::Shortage() const {
 
 void Lots::Write(Transaction& transaction) {
   records::Writer<Lot> insert(transaction);
+  int next = 0;
   for (Entry& entry : entries_) {
     if (!entry.is_new) {
       continue;
     }
-    const LotId number{database::NextSharedKey(transaction, {"Stock", "Stock_Temp"})};
+    if (next == 0) {
+      next = database::NextSharedKey(transaction, {"Stock", "Stock_Temp"});
+    }
+    const LotId number{next++};
     numbered_.emplace(std::exchange(entry.lot.id, number), number);
     insert.Write(entry.lot);
   }

@@ -51,7 +51,7 @@ bool HasDetailsOf(const Record& recorded, Record given) {
   return same;
 }
 
-/// Writes new records of a table with the keys that follow its largest.
+/// Writes new records of a table, each with a new key.
 template <class Record>
 class NewRecords {
  public:
@@ -60,7 +60,7 @@ class NewRecords {
   /// Sets the record's key.
   void Add(Record& record) {
     if (next_ == 0) {
-      next_ = database::NextKey(transaction_, records::Table<Record>::kName);
+      next_ = database::FirstFreeKey(transaction_, records::Table<Record>::kName);
     }
     Number(record.id) = next_++;
     writer_.Write(record);
@@ -70,6 +70,9 @@ class NewRecords {
   /// Returns how many were added.
   std::size_t Finish() {
     writer_.Finish();
+    if (added_ > 0) {
+      database::KeepKeys(transaction_, records::Table<Record>::kName, next_);
+    }
     return added_;
   }
 
@@ -273,7 +276,7 @@ class MasterImport {
     const auto found = dp_ids_.find({participant, Folded(row.dp_id)});
     if (found == dp_ids_.end()) {
       Fail(FileKind::kAccounts, row.line, "dp_id",
-           "expected a DP id of the participant, found \"" + row.dp_id.toStdString() + "\"");
+           "expected a DP id of the participant, found " + Quoted(row.dp_id.toStdString()));
       return std::nullopt;
     }
     return found->second;
@@ -291,7 +294,7 @@ class MasterImport {
       const auto found = ids.find(lookups::Folded(name.text));
       if (found == ids.end()) {
         Fail(name.file, name.line, column,
-             fmt::format("expected a known {}, found \"{}\"", what, name.text));
+             fmt::format("expected a known {}, found {}", what, Quoted(name.text)));
       }
       resolved.push_back(IdType{found == ids.end() ? 0 : found->second});
     }

@@ -49,7 +49,7 @@ class MoneyImport {
   template <class Record, class Row, class Check>
   void Write(std::string_view table, const std::vector<Row>& rows, const Check& check) {
     records::Writer<Record> writer(transaction_, table);
-    int next = database::NextKey(transaction_, table);
+    int next = database::NextKeys(transaction_, table, static_cast<int>(rows.size()));
     for (const Row& row : rows) {
       Record record = row.record;
       record.client = names_.clients[row.client];
@@ -102,7 +102,7 @@ class MoneyImport {
       known.try_emplace({rate.date, rate.scrip}, rate.rate);
     });
     records::Writer<MarketRate> writer(transaction_);
-    int next = database::NextKey(transaction_, records::Table<MarketRate>::kName);
+    int next = database::FirstFreeKey(transaction_, records::Table<MarketRate>::kName);
     std::size_t added = 0;
     for (const RateRow& row : portfolio_.rates) {
       MarketRate rate = row.record;
@@ -118,6 +118,7 @@ class MoneyImport {
       }
     }
     writer.Finish();
+    database::KeepKeys(transaction_, records::Table<MarketRate>::kName, next);
     Count("market rates", added);
   }
 

@@ -4,9 +4,9 @@
 #include "core/ledger/Posting.h"
 #include "core/text/Amounts.h"
 #include "core/text/Paise.h"
-#include "portfolio/ImportLock.h"
 #include "portfolio/RecordedDocuments.h"
 #include "portfolio/TakenDocuments.h"
+#include "portfolio/TouchedYears.h"
 
 #include <fmt/format.h>
 
@@ -26,15 +26,13 @@ using text::Shares;
 class MovementImport {
  public:
   MovementImport(Transaction& transaction, const Portfolio& portfolio, const ResolvedNames& names,
-                 ledger::Lots& lots, ErrorList& errors, ImportResult& result, Progress& progress)
+                 ErrorList& errors, ImportResult& result, Progress& progress)
       : transaction_(transaction),
         portfolio_(portfolio),
         names_(names),
-        lots_(lots),
         errors_(errors),
         result_(result),
         progress_(progress),
-        layers_(lots),
         documents_(portfolio, names) {}
 
   void Run() {
@@ -85,6 +83,9 @@ class MovementImport {
     recorded_bills_.Read(connection, years);
     recorded_transfers_.Read(connection, years);
     for (const FinancialYear year : years) {
+      for (const records::Lot& lot : ledger::ReadLots(connection, {{}, year, {}})) {
+        lots_.Load(lot);
+      }
       records::MovementScope scope;
       scope.year = year;
       scope.charges = false;
@@ -107,8 +108,8 @@ class MovementImport {
     const auto account = FindAccount(client, number);
     if (!account && client) {
       Fail(file, line, "account_no",
-           fmt::format("expected an account of the client, found \"{}\"",
-                       portfolio_.account_numbers.Names()[number].text));
+           "expected an account of the client, found " +
+               Quoted(portfolio_.account_numbers.Names()[number].text));
     }
     return account;
   }
@@ -367,14 +368,14 @@ class MovementImport {
   Transaction& transaction_;
   const Portfolio& portfolio_;
   const ResolvedNames& names_;
-  ledger::Lots& lots_;
   ErrorList& errors_;
   ImportResult& result_;
   Progress& progress_;
   RecordedDocuments<records::Opening> recorded_openings_;
   RecordedDocuments<records::Bill> recorded_bills_;
   RecordedDocuments<records::Transfer> recorded_transfers_;
-  Layers layers_;
+  ledger::Lots lots_;
+  Layers layers_{lots_};
   TakenDocuments documents_;
   std::vector<LotId> purchase_lots_;
   std::vector<TakenLine> taken_lines_;
@@ -385,9 +386,9 @@ class MovementImport {
 }  // namespace
 
 void ImportMovements(Transaction& transaction, const Portfolio& portfolio,
-                     const ResolvedNames& names, ledger::Lots& lots, ErrorList& errors,
-                     ImportResult& result, Progress& progress) {
-  MovementImport(transaction, portfolio, names, lots, errors, result, progress).Run();
+                     const ResolvedNames& names, ErrorList& errors, ImportResult& result,
+                     Progress& progress) {
+  MovementImport(transaction, portfolio, names, errors, result, progress).Run();
 }
 
 }  // namespace quorvane::portfolio

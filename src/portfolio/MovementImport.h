@@ -2,7 +2,6 @@
 
 #include "core/Progress.h"
 #include "core/database/Transaction.h"
-#include "core/ledger/Lots.h"
 #include "portfolio/MasterImport.h"
 
 namespace quorvane::portfolio {
@@ -10,10 +9,9 @@ namespace quorvane::portfolio {
 /// Takes in opening lots, bills and transfers in the order of their dates and posts them to the
 /// holdings ledger. On one date bills come in file order, in a bill purchases before sales, then
 /// transfers; a bill that lacks shares is tried again after the date's transfers that are possible.
-/// `lots` are those of the ledger in the years that the folder touches. Writes nothing when there
-/// is an error.
+/// Writes nothing when there is an error.
 void ImportMovements(database::Transaction& transaction, const Portfolio& portfolio,
-                     const ResolvedNames& names, ledger::Lots& lots, ErrorList& errors,
-                     ImportResult& result, Progress& progress);
+                     const ResolvedNames& names, ErrorList& errors, ImportResult& result,
+                     Progress& progress);
 
 }  // namespace quorvane::portfolio

@@ -194,7 +194,7 @@ class Reader {
     record.pan = Text(kPan);
     if (!text::IsValidPan(record.pan).valid) {
       table_->Fail(kPan,
-                   "expected a PAN such as AAAPA9999A, found \"" + record.pan.toStdString() + "\"");
+                   "expected a PAN such as AAAPA9999A, found " + Quoted(record.pan.toStdString()));
     }
     record.sex = table_->Choice(kSex, kSexes);
     record.marital_status = table_->Choice(kMaritalStatus, kMaritalStatuses);

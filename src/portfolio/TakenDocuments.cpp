@@ -42,12 +42,16 @@ void SetTotals(Bill& bill) {
   bill.grand_total = totals.grand_total;
 }
 
-/// Writes documents of one table with the keys that follow its largest.
+/// The first of so many new keys of a record's table.
 template <class Record>
-void WriteNumbered(Transaction& transaction, std::span<Record> records,
-                   std::string_view key_column) {
+int FirstKey(Transaction& transaction, std::size_t count) {
+  return database::NextKeys(transaction, records::Table<Record>::kName, static_cast<int>(count));
+}
+
+template <class Record>
+void WriteNumbered(Transaction& transaction, std::span<Record> records) {
   records::Writer<Record> writer(transaction);
-  int next = database::NextKey(transaction, records::Table<Record>::kName, key_column);
+  int next = FirstKey<Record>(transaction, records.size());
   for (Record& record : records) {
     record.id.value = next++;
     writer.Write(record);
@@ -104,7 +108,7 @@ void TakenDocuments::WriteBills(Transaction& transaction, const ledger::Lots& lo
                                 Progress& progress) {
   records::Writer<Bill> bills(transaction);
   records::Writer<BillLine> lines(transaction);
-  int next = database::NextKey(transaction, "SPMaster", "ID");
+  int next = FirstKey<Bill>(transaction, bills_.size());
   std::span<const TakenLine> left(lines_);
   for (const TakenBill& taken : bills_) {
     Bill bill = HeaderOf(*taken.row, taken.client, taken.account);
@@ -131,8 +135,8 @@ void TakenDocuments::Write(Transaction& transaction, ledger::Lots& lots, Progres
   for (records::Transfer& transfer : transfers_) {
     transfer.lot = lots.Numbered(transfer.lot);
   }
-  WriteNumbered(transaction, std::span(openings_), "Id");
-  WriteNumbered(transaction, std::span(transfers_), "ID");
+  WriteNumbered(transaction, std::span(openings_));
+  WriteNumbered(transaction, std::span(transfers_));
   WriteBills(transaction, lots, progress);
 }
 

@@ -96,6 +96,11 @@ const Lot* Lots::Find(const Place& place, LotId id, ScripId scrip) const {
   return fits ? lot : nullptr;
 }
 
+bool Lots::IsDuplicate(LotId id) const {
+  const auto found = by_id_.find(id);
+  return found != by_id_.end() && entries_[found->second].duplicate;
+}
+
 LotId Lots::PostLot(Posting posting, const LotKey& key, Shares quantity) {
   if (const std::uint32_t index = IndexOf(key); index != kNone) {
     entries_[index].lot.quantity += Signed(posting, quantity);
@@ -150,21 +155,23 @@ std::optional<ScripId> Lots::Shortage() const {
 }
 
 void Lots::Write(Transaction& transaction) {
+  const auto count = std::ranges::count_if(entries_, &Entry::is_new);
+  if (count > 0) {
+    InsertNew(transaction, database::NextKeys(transaction, "Stock", static_cast<int>(count)));
+  }
+  Update(transaction, entries_);
+}
+
+void Lots::InsertNew(Transaction& transaction, int first) {
   records::Writer<Lot> insert(transaction);
-  int next = 0;
   for (Entry& entry : entries_) {
-    if (!entry.is_new) {
-      continue;
+    if (entry.is_new) {
+      const LotId number{first++};
+      numbered_.emplace(std::exchange(entry.lot.id, number), number);
+      insert.Write(entry.lot);
     }
-    if (next == 0) {
-      next = database::NextSharedKey(transaction, {"Stock", "Stock_Temp"});
-    }
-    const LotId number{next++};
-    numbered_.emplace(std::exchange(entry.lot.id, number), number);
-    insert.Write(entry.lot);
   }
   insert.Finish();
-  Update(transaction, entries_);
 }
 
 LotId Lots::Numbered(LotId id) const {

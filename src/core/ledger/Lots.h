@@ -68,6 +68,9 @@ class Lots {
   /// The lot of that number, when it is one of this account and scrip; else nullptr.
   const records::Lot* Find(const Place& place, LotId id, ScripId scrip) const;
 
+  /// Whether the number is that of a second row of one lot.
+  bool IsDuplicate(LotId id) const;
+
   /// Posts a positive quantity into the lot of that key and returns its number. A lot that does not
   /// exist is made with the quantity as it stands, whatever `posting` says; so a caller subtracts
   /// only from a lot that it has found.
@@ -118,6 +121,7 @@ class Lots {
     bool operator()(const LotKey& a, const LotKey& b) const noexcept;
   };
 
+  void InsertNew(database::Transaction& transaction, int first);
   std::uint32_t FirstAt(const LotKey& key) const;
   std::uint32_t IndexOf(const LotKey& key) const;
   void Append(const records::Lot& lot, Shares stored, bool is_new);

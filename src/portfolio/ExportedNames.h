@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvane::portfolio {
 
@@ -48,6 +49,12 @@ class NameList {
   IdMap<Entry> entries_;
 };
 
+/// Every record of a table, by key.
+template <class Record>
+std::vector<Record> AllOf(database::Connection& connection) {
+  return records::Select<Record>(connection).OrderBy(&Record::id).All();
+}
+
 /// The names that documents are exported with, and whose documents they are: every client's, or
 /// those of one client and of the clients to whom transfers join it; without these the transfers
 /// could not be taken in again.
@@ -62,7 +69,22 @@ struct ExportedNames {
     return wanted_clients.empty() ? select : select.In(client, wanted_clients);
   }
 
-  bool IsWhole() const { return wanted_clients.empty(); }
+  /// Whether a master is exported: any that is there, or one that was used.
+  template <class Id>
+  bool IsWanted(const NameList<Id>& names, Id id) const {
+    return wanted_clients.empty() ? names.Has(id) : names.IsUsed(id);
+  }
+
+  /// The records of the export's clients who are there, by key. Those of others could not be taken
+  /// in again.
+  template <class Record>
+  std::vector<Record> OfKnownClients(database::Connection& connection,
+                                     std::string_view table = records::Table<Record>::kName) const {
+    std::vector<Record> found =
+        Select(connection, &Record::client, table).OrderBy(&Record::id).All();
+    std::erase_if(found, [this](const Record& record) { return !clients.Has(record.client); });
+    return found;
+  }
 
   std::set<ClientId> wanted_clients;  ///< empty: all
   NameList<ClientId> clients;

@@ -131,12 +131,6 @@ class MasterImport {
     return records::Select<Record>(transaction_.GetConnection()).OrderBy(&Record::id).All();
   }
 
-  void Count(std::string_view what, std::size_t added) {
-    if (added > 0) {
-      result_.counts.push_back({std::string(what), added});
-    }
-  }
-
   /// Adds what is new and returns the key number of every key, old and new.
   template <class Row>
   Ids Merge(const MasterFile& file, const std::vector<Row>& rows) {
@@ -155,10 +149,10 @@ class MasterImport {
         fresh.Add(record);
         ids.emplace(KeyOf(record), Number(record.id));
       } else if (!HasDetailsOf(found->second, row.record)) {
-        Fail(file.kind, row.line, file.key_column, std::string(file.refusal));
+        errors_.Add(file.kind, row.line, file.key_column, std::string(file.refusal));
       }
     }
-    Count(file.what, fresh.Finish());
+    result_.Count(file.what, fresh.Finish());
     return ids;
   }
 
@@ -241,23 +235,23 @@ class MasterImport {
       const std::pair<ClientId, std::string> key{account->client, Folded(account->number)};
       const auto old = existing.find(key);
       if (!seen.insert(key).second) {
-        Fail(FileKind::kAccounts, row.line, "account_no", "stands in this file already");
+        errors_.Add(FileKind::kAccounts, row.line, "account_no", "stands in this file already");
       } else if (old == existing.end()) {
         fresh.Add(*account);
       } else if (!HasDetailsOf(old->second, *account)) {
-        Fail(FileKind::kAccounts, row.line, "account_no",
-             "the account is recorded with another participant or DP id");
+        errors_.Add(FileKind::kAccounts, row.line, "account_no",
+                    "the account is recorded with another participant or DP id");
       }
     }
-    Count("accounts", fresh.Finish());
+    result_.Count("accounts", fresh.Finish());
   }
 
   std::optional<Account> AccountOf(const AccountRow& row, const ResolvedNames& names,
                                    const Ids& participants) {
     const auto participant = participants.find(row.participant);
     if (participant == participants.end()) {
-      Fail(FileKind::kAccounts, row.line, "participant",
-           "expected a participant's name; this one is not known");
+      errors_.Add(FileKind::kAccounts, row.line, "participant",
+                  "expected a participant's name; this one is not known");
       return std::nullopt;
     }
     const ParticipantId keeper{participant->second};
@@ -275,15 +269,11 @@ class MasterImport {
     }
     const auto found = dp_ids_.find({participant, Folded(row.dp_id)});
     if (found == dp_ids_.end()) {
-      Fail(FileKind::kAccounts, row.line, "dp_id",
-           "expected a DP id of the participant, found " + Quoted(row.dp_id.toStdString()));
+      errors_.Add(FileKind::kAccounts, row.line, "dp_id",
+                  "expected a DP id of the participant, found " + Quoted(row.dp_id.toStdString()));
       return std::nullopt;
     }
     return found->second;
-  }
-
-  void Fail(FileKind file, std::size_t line, std::string_view column, std::string message) {
-    errors_.Add(LayoutOf(file).name, line, column, std::move(message));
   }
 
   template <class IdType>
@@ -293,8 +283,8 @@ class MasterImport {
     for (const Interner::Name& name : interner.Names()) {
       const auto found = ids.find(lookups::Folded(name.text));
       if (found == ids.end()) {
-        Fail(name.file, name.line, column,
-             fmt::format("expected a known {}, found {}", what, Quoted(name.text)));
+        errors_.Add(name.file, name.line, column,
+                    fmt::format("expected a known {}, found {}", what, Quoted(name.text)));
       }
       resolved.push_back(IdType{found == ids.end() ? 0 : found->second});
     }

@@ -35,16 +35,6 @@ class MoneyImport {
   }
 
  private:
-  void Count(std::string_view what, std::size_t added) {
-    if (added > 0) {
-      result_.counts.push_back({std::string(what), added});
-    }
-  }
-
-  void Fail(FileKind file, std::size_t line, std::string_view column, std::string message) {
-    errors_.Add(LayoutOf(file).name, line, column, std::move(message));
-  }
-
   /// Gives the records of rows their keys, lets `check` look at each, and writes them.
   template <class Record, class Row, class Check>
   void Write(std::string_view table, const std::vector<Row>& rows, const Check& check) {
@@ -71,11 +61,11 @@ class MoneyImport {
                          [&](const BrokerOpeningRow& row, const BrokerOpening& opening) {
                            const bool known = opening.client && opening.broker;
                            if (known && !recorded.Add(opening)) {
-                             Fail(FileKind::kBrokerOpening, row.line, "broker",
-                                  "Record Already Exists!");
+                             errors_.Add(FileKind::kBrokerOpening, row.line, "broker",
+                                         "Record Already Exists!");
                            }
                          });
-    Count("broker openings", portfolio_.broker_openings.size());
+    result_.Count("broker openings", portfolio_.broker_openings.size());
   }
 
   void ImportPayments(std::string_view table, FileKind file, const std::vector<MoneyRow>& rows,
@@ -87,10 +77,10 @@ class MoneyImport {
     recorded.Read(records::Select<Payment>(transaction_.GetConnection(), table));
     Write<Payment>(table, rows, [&](const MoneyRow& row, const Payment& payment) {
       if (recorded.Has(payment)) {
-        Fail(file, row.line, "", "this payment is recorded already");
+        errors_.Add(file, row.line, "", "this payment is recorded already");
       }
     });
-    Count(what, rows.size());
+    result_.Count(what, rows.size());
   }
 
   void ImportRates() {
@@ -113,13 +103,13 @@ class MoneyImport {
         writer.Write(rate);
         ++added;
       } else if (entry->second != rate.rate && rate.scrip) {
-        Fail(FileKind::kRates, row.line, "rate",
-             fmt::format("the scrip has the rate {} on this date already", entry->second));
+        errors_.Add(FileKind::kRates, row.line, "rate",
+                    fmt::format("the scrip has the rate {} on this date already", entry->second));
       }
     }
     writer.Finish();
     database::KeepKeys(transaction_, records::Table<MarketRate>::kName, next);
-    Count("market rates", added);
+    result_.Count("market rates", added);
   }
 
   Transaction& transaction_;

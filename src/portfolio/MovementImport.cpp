@@ -1,9 +1,8 @@
 #include "portfolio/MovementImport.h"
 
-#include "core/ledger/Layers.h"
 #include "core/ledger/Posting.h"
 #include "core/text/Amounts.h"
-#include "core/text/Paise.h"
+#include "portfolio/BillShares.h"
 #include "portfolio/RecordedDocuments.h"
 #include "portfolio/TakenDocuments.h"
 #include "portfolio/TouchedYears.h"
@@ -17,11 +16,8 @@ namespace quorvane::portfolio {
 namespace {
 
 using database::Transaction;
-using ledger::Layers;
-using ledger::LotKey;
 using ledger::Place;
 using text::FinancialYear;
-using text::Shares;
 
 class MovementImport {
  public:
@@ -33,6 +29,7 @@ class MovementImport {
         errors_(errors),
         result_(result),
         progress_(progress),
+        bill_shares_(portfolio, names, layers_, errors),
         documents_(portfolio, names) {}
 
   void Run() {
@@ -42,38 +39,22 @@ class MovementImport {
     ReadRecorded();
     TakeOpenings();
     TakeByDate();
-    ReportAdvances();
+    bill_shares_.ReportAdvances();
     if (!errors_.Empty()) {
       return;
     }
-    Count("opening lots", portfolio_.openings.size());
-    Count("bills", portfolio_.bills.size());
-    Count("bill lines", documents_.LineCount());
-    Count("transfers", portfolio_.transfers.size());
+    result_.Count("opening lots", portfolio_.openings.size());
+    result_.Count("bills", portfolio_.bills.size());
+    result_.Count("bill lines", documents_.LineCount());
+    result_.Count("transfers", portfolio_.transfers.size());
     documents_.Write(transaction_, lots_, progress_);
   }
 
  private:
-  struct SaleAhead {
-    const BillLineRow* row;
-    Shares available;  ///< when it was taken
-    Layers::Advance advance;
-  };
-
   struct TransferEnds {
     ResolvedNames::Owned from;
     ResolvedNames::Owned to;
   };
-
-  void Count(std::string_view what, std::size_t added) {
-    if (added > 0) {
-      result_.counts.push_back({std::string(what), added});
-    }
-  }
-
-  void Fail(FileKind file, std::size_t line, std::string_view column, std::string message) {
-    errors_.Add(LayoutOf(file).name, line, column, std::move(message));
-  }
 
   /// What stands in the database in the years that the folder touches.
   void ReadRecorded() {
@@ -107,9 +88,9 @@ class MovementImport {
                                      std::size_t line) {
     const auto account = FindAccount(client, number);
     if (!account && client) {
-      Fail(file, line, "account_no",
-           "expected an account of the client, found " +
-               Quoted(portfolio_.account_numbers.Names()[number].text));
+      errors_.Add(file, line, "account_no",
+                  "expected an account of the client, found " +
+                      Quoted(portfolio_.account_numbers.Names()[number].text));
     }
     return account;
   }
@@ -138,7 +119,7 @@ class MovementImport {
 
   void TakeOpening(const OpeningRow& row, const records::Opening& opening) {
     if (recorded_openings_.Has(opening)) {
-      Fail(FileKind::kOpening, row.line, "", "this opening lot is recorded already");
+      errors_.Add(FileKind::kOpening, row.line, "", "this opening lot is recorded already");
     }
     documents_.Add(opening);
   }
@@ -181,10 +162,6 @@ class MovementImport {
     progress_.ThrowIfCancelled();
   }
 
-  LotKey KeyAt(const Place& place, Symbol scrip, double rate) const {
-    return {place.of, place.account, names_.scrips[scrip], rate};
-  }
-
   void TakeBill(const BillRow& bill) {
     const ClientId client = names_.clients[bill.client];
     const auto account = AccountOf(client, bill.account, FileKind::kBills, bill.line);
@@ -192,109 +169,16 @@ class MovementImport {
       return;
     }
     if (recorded_bills_.Has(documents_.HeaderOf(bill, client, *account))) {
-      Fail(FileKind::kBills, bill.line, "bill_no", "this bill is recorded already");
+      errors_.Add(FileKind::kBills, bill.line, "bill_no", "this bill is recorded already");
       return;
     }
     const Place place{{client, FinancialYear::Of(bill.date)}, *account};
-    ReceivePurchases(bill, place);
-    if (TrySales(bill, place, Ahead::kNo) ||
-        (ApplyTransfers() && TrySales(bill, place, Ahead::kNo)) ||
-        TrySales(bill, place, Ahead::kAllowed)) {
-      documents_.Add(bill, client, *account, taken_lines_);
+    bill_shares_.ReceivePurchases(bill, place);
+    if (bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo) ||
+        (ApplyTransfers() && bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo)) ||
+        bill_shares_.TrySales(bill, place, BillShares::Ahead::kAllowed)) {
+      documents_.Add(bill, client, *account, bill_shares_.Lines());
     }
-  }
-
-  std::span<const BillLineRow> LinesOf(const BillRow& bill) const {
-    return std::span(portfolio_.bill_lines).subspan(bill.first_line, bill.line_count);
-  }
-
-  void ReceivePurchases(const BillRow& bill, const Place& place) {
-    purchase_lots_.clear();
-    for (const BillLineRow& row : LinesOf(bill)) {
-      if (row.IsPurchase()) {
-        purchase_lots_.push_back(
-            layers_.Receive(KeyAt(place, row.scrip, row.rate), bill.date, row.quantity));
-      }
-    }
-  }
-
-  /// Whether sales may name a lot whose shares come in later, as the bill window lets them: it
-  /// looks at the lot's balance and at no date. The last try, which tells what is missing.
-  enum class Ahead { kNo, kAllowed };
-
-  /// Fills taken_lines_ in file order; false, and nothing taken, when shares are missing.
-  bool TrySales(const BillRow& bill, const Place& place, Ahead ahead) {
-    layers_.Mark();
-    taken_lines_.clear();
-    std::size_t purchase = 0;
-    for (const BillLineRow& row : LinesOf(bill)) {
-      if (row.IsPurchase()) {
-        AddWhole(row, purchase_lots_[purchase++]);
-      } else if (!TakeSale(row, bill.date, place, ahead)) {
-        layers_.GoBack();
-        return false;
-      }
-    }
-    return true;
-  }
-
-  bool TakeSale(const BillLineRow& row, text::Date date, const Place& place, Ahead ahead) {
-    if (row.lot_rate == BillLineRow::kNoLot) {
-      AddWhole(row, LotId{});
-      return true;
-    }
-    const bool oldest = row.lot_rate == BillLineRow::kNoLotRate;
-    const LotKey lot = KeyAt(place, row.scrip, row.lot_rate);
-    const Layers::Taken taken = oldest ? layers_.TakeOldest(place, lot.scrip, date, row.quantity)
-                                       : layers_.TakeFromLot(lot, row.quantity);
-    if (taken) {
-      AddPieces(row, taken.pieces);
-    } else if (ahead == Ahead::kNo) {
-      return false;
-    } else if (oldest) {
-      ReportShortage(row, taken.available);
-      return false;
-    } else {
-      const auto advance = layers_.TakeAhead(lot, row.quantity);
-      AddWhole(row, advance.lot);
-      advances_.push_back({&row, std::max(taken.available, Shares()), advance});
-    }
-    return true;
-  }
-
-  void AddWhole(const BillLineRow& row, LotId lot) {
-    taken_lines_.push_back({&row, lot, row.quantity, row.service_tax, row.stt});
-  }
-
-  /// A line for each lot that a sale draws on, with its part of the row's charges.
-  void AddPieces(const BillLineRow& row, std::span<const Layers::Piece> pieces) {
-    text::ShareOut service_tax(row.service_tax, row.quantity);
-    text::ShareOut stt(row.stt, row.quantity);
-    for (const Layers::Piece& piece : pieces) {
-      taken_lines_.push_back({&row, piece.lot, piece.quantity, service_tax.Next(piece.quantity),
-                              stt.Next(piece.quantity)});
-    }
-  }
-
-  void ReportAdvances() {
-    for (const SaleAhead& sale : advances_) {
-      if (layers_.IsOpen(sale.advance)) {
-        ReportShortage(*sale.row, sale.available);
-      }
-    }
-  }
-
-  void ReportShortage(const BillLineRow& row, Shares available) {
-    const bool named = row.lot_rate != BillLineRow::kNoLotRate;
-    Fail(FileKind::kBills, row.line, named && available <= Shares() ? "lot_rate" : "quantity",
-         "You Can't Sale Scripts More than Balance. Maximum Allowed Value is: " +
-             BalanceText(available));
-  }
-
-  static std::string BalanceText(Shares available) {
-    std::string text;
-    text::AppendAmount(text, available.Number());
-    return text;
   }
 
   /// The date's transfers that are possible now; true when there was one.
@@ -328,40 +212,54 @@ class MovementImport {
     transfer.to_client = ends->to.client;
     transfer.scrip = names_.scrips[row.scrip];
     const auto taken = layers_.TakeFromLot(
-        KeyAt(ledger::SourceOf(transfer), row.scrip, transfer.rate), transfer.quantity);
+        names_.LotKeyAt(ledger::SourceOf(transfer), row.scrip, transfer.rate), transfer.quantity);
     if (!taken) {
       if (report) {
-        Fail(FileKind::kTransfers, row.line, "quantity",
-             "You Can't Transfer Scripts More than Balance. Maximum Allowed Value is: " +
-                 BalanceText(taken.available));
+        errors_.Add(FileKind::kTransfers, row.line, "quantity",
+                    "You Can't Transfer Scripts More than Balance. Maximum Allowed Value is: " +
+                        text::FormatAmount(taken.available.Number()).toStdString());
       }
       return false;
     }
-    layers_.Receive(KeyAt(ledger::DestinationOf(transfer), row.scrip, transfer.rate), row.date,
-                    transfer.quantity);
+    layers_.Receive(names_.LotKeyAt(ledger::DestinationOf(transfer), row.scrip, transfer.rate),
+                    row.date, transfer.quantity);
     if (recorded_transfers_.Has(transfer)) {
-      Fail(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
+      errors_.Add(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
     }
     transfer.lot = taken.pieces.front().lot;
     documents_.Add(transfer);
     return true;
   }
 
+  std::vector<ResolvedNames::Owned> AccountsOf(Symbol number, std::optional<Symbol> client) const {
+    std::vector<ResolvedNames::Owned> found = names_.Accounts(number);
+    if (client) {
+      std::erase_if(found, [&](const ResolvedNames::Owned& owned) {
+        return owned.client != names_.clients[*client];
+      });
+    }
+    return found;
+  }
+
   std::optional<TransferEnds> EndsOf(const TransferRow& row, bool report) {
-    const auto& from = names_.Accounts(row.from_account);
-    const auto& to = names_.Accounts(row.to_account);
+    const auto from = AccountsOf(row.from_account, row.from_client);
+    const auto to = AccountsOf(row.to_account, row.to_client);
     if (from.size() == 1 && to.size() == 1) {
       return TransferEnds{from.front(), to.front()};
     }
-    const auto fail = [&](const auto& found, std::string_view column) {
+    const auto fail = [&](const auto& found, std::string_view column,
+                          std::string_view client_column) {
       if (report && found.size() != 1) {
-        Fail(FileKind::kTransfers, row.line, column,
-             found.empty() ? "expected a known account number"
-                           : "several clients have an account of this number");
+        errors_.Add(FileKind::kTransfers, row.line, column,
+                    found.empty()
+                        ? "expected a known account number"
+                        : fmt::format("several clients have an account of this number: the "
+                                      "column {} tells which",
+                                      client_column));
       }
     };
-    fail(from, "from_account");
-    fail(to, "to_account");
+    fail(from, "from_account", "from_client");
+    fail(to, "to_account", "to_client");
     return std::nullopt;
   }
 
@@ -375,12 +273,10 @@ class MovementImport {
   RecordedDocuments<records::Bill> recorded_bills_;
   RecordedDocuments<records::Transfer> recorded_transfers_;
   ledger::Lots lots_;
-  Layers layers_{lots_};
+  ledger::Layers layers_{lots_};
+  BillShares bill_shares_;
   TakenDocuments documents_;
-  std::vector<LotId> purchase_lots_;
-  std::vector<TakenLine> taken_lines_;
   std::vector<const TransferRow*> open_transfers_;
-  std::vector<SaleAhead> advances_;
 };
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -132,6 +133,8 @@ struct TransferRow {
   text::Date date;
   Symbol from_account = 0;
   Symbol to_account = 0;
+  std::optional<Symbol> from_client;  ///< whose account; needed where clients share a number
+  std::optional<Symbol> to_client;
   Symbol scrip = 0;
   std::size_t line = 0;
 };

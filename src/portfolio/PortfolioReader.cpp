@@ -127,6 +127,10 @@ class Reader {
   Symbol Client(int column) {
     return portfolio_.client_codes.Intern(table_->Text(column), *table_, file_);
   }
+  std::optional<Symbol> OptionalClient(int column) {
+    const bool named = !table_->Text(column).empty();
+    return named ? std::optional(Client(column)) : std::nullopt;
+  }
   Symbol Account(int column) {
     return portfolio_.account_numbers.Intern(table_->Text(column), *table_, file_);
   }
@@ -397,11 +401,13 @@ class Reader {
     const auto date = table_->DateOf(kDate);
     row.from_account = Account(kFromAccount);
     row.to_account = Account(kToAccount);
+    row.from_client = OptionalClient(kFromClient);
+    row.to_client = OptionalClient(kToClient);
     row.scrip = Scrip(kScripCode);
     row.record.rate = table_->Number(kRate);
     row.record.quantity = table_->Shares(kQuantity);
     row.line = table_->Line();
-    if (row.from_account == row.to_account) {
+    if (row.from_account == row.to_account && row.from_client == row.to_client) {
       table_->Fail(kToAccount, "expected another account than the one the shares leave");
     }
     if (date) {

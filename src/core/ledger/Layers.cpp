@@ -76,7 +76,9 @@ Layers::OfLot& Layers::StateOf(LotId id) {
 
 LotId Layers::Receive(const LotKey& key, text::Date date, Shares quantity) {
   const LotId lot = lots_.PostLot(Posting::kAdd, key, quantity);
-  Append(lot, date, Repay(StateOf(lot), quantity));
+  if (const Shares left = Repay(StateOf(lot), quantity)) {
+    Append(lot, date, left);
+  }
   return lot;
 }
 

@@ -114,7 +114,8 @@ struct Percentage {
 
 /// The columns of a record with a Contact, between those before it and those after it.
 template <class Record, class... Before, class... After>
-constexpr auto WithContact(std::tuple<Before...> before, std::tuple<After...> after) {
+constexpr auto WithContact(std::tuple<Before...> before, std::string_view email,
+                           std::tuple<After...> after) {
   const auto column = [](std::string_view name, QString Contact::*member) {
     return Column<Record, QString>{name, member};
   };
@@ -124,7 +125,7 @@ constexpr auto WithContact(std::tuple<Before...> before, std::tuple<After...> af
                  column("State", &Contact::state), column("PIN", &Contact::pin),
                  column("STD", &Contact::std_code), column("Phone", &Contact::phone),
                  column("Mobile", &Contact::mobile), column("Fax", &Contact::fax),
-                 column("Email", &Contact::email)),
+                 column(email, &Contact::email)),
       after);
 }
 
@@ -134,6 +135,7 @@ struct Table<Client> {
   static constexpr auto kColumns = WithContact<Client>(
       std::tuple(Column{"Id", &Client::id}, Column{"Code", &Client::code},
                  Column{"GCode", &Client::group_code}, Column{"Name", &Client::name}),
+      "EMail",
       std::tuple(Column{"DOB", &Client::date_of_birth}, Column{"PAN", &Client::pan},
                  Column{"Sex", &Client::sex}, Column{"MStatus", &Client::marital_status},
                  Column{"SignDoc", &Client::document}));
@@ -152,7 +154,7 @@ template <>
 struct Table<Participant> {
   static constexpr std::string_view kName = "DepPart";
   static constexpr auto kColumns = WithContact<Participant>(
-      std::tuple(Column{"Id", &Participant::id}, Column{"Name", &Participant::name}),
+      std::tuple(Column{"Id", &Participant::id}, Column{"Name", &Participant::name}), "Email",
       std::tuple(Column{"Person", &Participant::person},
                  Column{"Designation", &Participant::designation},
                  Column{"Depository", &Participant::depository}));
@@ -169,7 +171,7 @@ template <>
 struct Table<Broker> {
   static constexpr std::string_view kName = "Broker";
   static constexpr auto kColumns = WithContact<Broker>(
-      std::tuple(Column{"Id", &Broker::id}, Column{"Name", &Broker::name}), std::tuple());
+      std::tuple(Column{"Id", &Broker::id}, Column{"Name", &Broker::name}), "Email", std::tuple());
 };
 
 template <>

@@ -73,13 +73,13 @@ void HoldingsPane::ShowBalance(const QString& account_number, std::vector<HeldLo
 void HoldingsPane::BringUp(ScripId scrip, const ScripList& scrips) {
   FillBalance(scrips, scrip);
   const bool held = std::ranges::any_of(
-      lots_, [scrip](const HeldLot& held) { return held.lot.scrip == scrip && held.lot.quantity; });
+      lots_, [scrip](const HeldLot& one) { return one.lot.scrip == scrip && one.lot.quantity; });
   VS3->SelectRow(held ? 0 : -1);
 }
 
 void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {
   std::vector<HeldLot> arranged = lots_;
-  Arrange(arranged, first);
+  bills::Arrange(arranged, first);
   std::vector<Row> rows;
   rows.reserve(arranged.size());
   for (const HeldLot& held : arranged) {

@@ -1,6 +1,5 @@
 #include "transactions/opening_stock/OpeningStock.h"
 
-
 #include <QCoreApplication>
 
 namespace quorvane::opening_stock {

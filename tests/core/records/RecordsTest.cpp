@@ -32,8 +32,8 @@ class RecordsTest : public QObject {
     QStringList names;
     for (const auto& row :
          database_->Get().Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
-                         "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
-                         table)) {
+                               "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
+                               table)) {
       names << row.Text(std::size_t{0});
     }
     names.sort();

@@ -447,13 +447,6 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
-    <name>DematStatement</name>
-    <message>
-        <source>Reading movements</source>
-        <translation>लेनदेन पढ़े जा रहे हैं</translation>
-    </message>
-</context>
-<context>
     <name>DesktopFiles</name>
     <message>
         <source>Save As</source>
@@ -2291,13 +2284,6 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
-    <name>quorvane::clients::DocumentTextPane</name>
-    <message>
-        <source>Text of the document</source>
-        <translation>दस्तावेज़ का पाठ</translation>
-    </message>
-</context>
-<context>
     <name>quorvane::clients::DocumentViewer</name>
     <message>
         <source>This is a Folder, not a Document.</source>
@@ -3164,10 +3150,6 @@ Save this one, too?</source>
         <translation>चार्ट</translation>
     </message>
     <message>
-        <source>Market Rates</source>
-        <translation>बाज़ार भाव</translation>
-    </message>
-    <message>
         <source>Output</source>
         <translation>आउटपुट</translation>
     </message>
@@ -3182,6 +3164,14 @@ Save this one, too?</source>
     <message>
         <source>The rates are not saved. Close without saving them?</source>
         <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>Rates</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Choose how the report is grouped.</source>
+        <translation>चुनें कि रिपोर्ट किस तरह समूहित हो।</translation>
     </message>
 </context>
 <context>
@@ -3888,6 +3878,10 @@ Lots changed: %1</source>
         <source>Select Demat A/c!</source>
         <translation>डीमैट खाता चुनें!</translation>
     </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::scrips::FrmScript</name>
@@ -4306,30 +4300,6 @@ Lots changed: %1</source>
 <context>
     <name>quorvane::ui::MDIForm1</name>
     <message>
-        <source>BSE Market Rate List</source>
-        <translation>बीएसई बाज़ार भाव सूची</translation>
-    </message>
-    <message>
-        <source>Starts the market-rate tool</source>
-        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
-    </message>
-    <message>
-        <source>Check For Updates</source>
-        <translation>अद्यतन जाँचें</translation>
-    </message>
-    <message>
-        <source>Page</source>
-        <translation>पृष्ठ</translation>
-    </message>
-    <message>
-        <source>Line</source>
-        <translation>पंक्ति</translation>
-    </message>
-    <message>
-        <source>Col</source>
-        <translation>स्तंभ</translation>
-    </message>
-    <message>
         <source>%1 is running already.</source>
         <translation>%1 पहले से चल रहा है।</translation>
     </message>
@@ -4368,14 +4338,6 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Do You want to Close the Applicaltion?</source>
         <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
-    </message>
-    <message>
-        <source>Show Market Rates</source>
-        <translation>बाज़ार भाव दिखाएँ</translation>
-    </message>
-    <message>
-        <source>Brings the market-rate tool to the front</source>
-        <translation>बाज़ार भाव का प्रोग्राम सामने लाता है</translation>
     </message>
     <message>
         <source>Couldn&apos;t find Window %1</source>

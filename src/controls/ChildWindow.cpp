@@ -25,7 +25,6 @@ int Scaled(int length, float factor) {
   return static_cast<int>(std::lround(static_cast<float>(length) * factor));
 }
 
-const QString kMaximized = QStringLiteral("Maximized");
 constexpr int kStep = 26;  // between windows that would open at one place
 
 bool IsTakenPlace(const QMdiArea& area, const QMdiSubWindow& frame, QPoint place) {
@@ -72,7 +71,7 @@ void ChildWindow::OpenIn(QMdiArea& area) {
   frame->setGeometry(PlaceIn(area, *frame));
   RestoreColumns();
   opened_at_ = frame->geometry();
-  if (!WindowMemory(desk_.session.folders).Text(objectName(), kMaximized).isEmpty()) {
+  if (WindowMemory(desk_.session.folders).IsMaximized(objectName())) {
     frame->showMaximized();
   }
 }
@@ -106,13 +105,14 @@ void ChildWindow::Remember() const {
       memory.KeepNumbers(objectName(), grid->objectName(), widths);
     }
   }
-  const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
-  if (frame == nullptr || frame->isMinimized() || frame->isShaded()) {
+  const auto* sub_window = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  const QWidget& frame = sub_window == nullptr ? *static_cast<const QWidget*>(this) : *sub_window;
+  if (frame.isMinimized() || (sub_window != nullptr && sub_window->isShaded())) {
     return;
   }
-  memory.Keep(objectName(), kMaximized, frame->isMaximized() ? QStringLiteral("1") : QString());
-  if (!frame->isMaximized() && frame->geometry() != opened_at_) {
-    memory.KeepPlace(objectName(), frame->geometry());
+  memory.KeepMaximized(objectName(), frame.isMaximized());
+  if (!frame.isMaximized() && frame.geometry() != opened_at_) {
+    memory.KeepPlace(objectName(), frame.geometry());
   }
 }
 
@@ -120,8 +120,15 @@ void ChildWindow::OpenModal(QWidget* parent) {
   setParent(parent, Qt::Dialog);
   setWindowModality(Qt::ApplicationModal);
   ScaleForm();
-  resize(sizeHint());
+  const auto remembered = WindowMemory(desk_.session.folders).Place(objectName());
+  if (remembered) {
+    setGeometry(Inside(*remembered, parent->screen()->availableGeometry()));
+  } else {
+    resize(sizeHint());
+  }
   show();
+  RestoreColumns();
+  opened_at_ = geometry();
 }
 
 QSize ChildWindow::sizeHint() const {

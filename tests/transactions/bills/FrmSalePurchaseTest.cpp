@@ -177,8 +177,7 @@ class FrmSalePurchaseTest : public QObject {
     };
     auto* list = new client_list::FrmClientList(*desk_);
     BringUp(list);
-    Fill({QStringLiteral("c1"), QString(), QStringLiteral("2011-12")});
-    Press(Qt::Key_Return);
+    Fill({QStringLiteral("c1")});
     QCOMPARE(opened, QStringLiteral("FrmSalePurchase"));
     QVERIFY(window_->windowTitle().endsWith(QStringLiteral(" - 2011-12")));
 
@@ -506,11 +505,16 @@ class FrmSalePurchaseTest : public QObject {
     QCOMPARE(Rows("Select * From Stock_Temp"), QStringList());
   }
 
-  void EscapeAsksBeforeItGivesUpLines() {
+  void EscapeAsksBeforeItGivesUpWhatWasChanged() {
     SavedPurchase();
     Open();
     Named<Grid>("VSF")->SelectRow(0);
     Click("cmdModify");
+    Press(Qt::Key_Escape);
+    QVERIFY(!window_->IsEditing());
+    QCOMPARE(messages_->Texts(), QStringList());
+    Click("cmdModify");
+    Retype("Text1_1", QStringLiteral("b/9"));
     Press(Qt::Key_Escape);
     QCOMPARE(messages_->LastText(), QStringLiteral("The bill is not saved. Give it up?"));
     QVERIFY(window_->IsEditing());

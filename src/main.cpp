@@ -94,14 +94,15 @@ class Desktop {
 
  private:
   void ShowLogin() {
-    auto* login =
-        new users::frmLogin(desk_, users::Login(*desk_.session.connection, app::MachineKey()));
+    auto* login = new users::frmLogin(
+        desk_, users::Login(*desk_.session.connection, app::MachineKey(), attempts_));
     QObject::connect(login, &users::frmLogin::Admitted, login, [this] { ShowMainWindow(); });
     login->show();
   }
 
   controls::MessageBoxes messages_;
   controls::Desk desk_;
+  users::Attempts attempts_;
   report::RepView reports_{desk_};
   ui::Help help_{app::ShippedFolder(QCoreApplication::applicationDirPath(),
                                     QStringLiteral("docs/user-guide"))};

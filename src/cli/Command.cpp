@@ -2,11 +2,11 @@
 
 #include "admin/backup/RestoreFiles.h"
 #include "cli/TerminalProgress.h"
+#include "core/platform/PrivateFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cstdio>
 
@@ -75,6 +75,12 @@ AccountId AccountOf(const lookups::Directory& directory, ClientId client,
   return account->id;
 }
 
+void InformOf(Context& context, const records::Faults& faults) {
+  for (const QString& text : records::FaultTexts(context.Connection(), faults)) {
+    context.Inform(text.toStdString());
+  }
+}
+
 void Print(const std::string& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
     throw std::runtime_error("standard output cannot be written");
@@ -82,12 +88,7 @@ void Print(const std::string& text) {
 }
 
 void WriteFile(const std::string& path, const std::string& content) {
-  QSaveFile file(QString::fromStdString(path));
-  const auto size = static_cast<qint64>(content.size());
-  if (!file.open(QIODevice::WriteOnly) || file.write(content.data(), size) != size ||
-      !file.commit()) {
-    throw std::runtime_error("cannot write " + path + ": " + file.errorString().toStdString());
-  }
+  platform::WritePrivate(QString::fromStdString(path), QByteArrayView(content));
 }
 
 }  // namespace quorvane::cli

@@ -206,10 +206,16 @@ void RecordWindow::cmdUpdate_Click() {
 /// just been left for the button and got the focus back.
 bool RecordWindow::RefusesDate() {
   for (DateBox* box : details_->findChildren<DateBox*>()) {
-    if (box->isEnabled() && !box->IsProper()) {
+    if (!box->isEnabled() || box->IsProper()) {
+      continue;
+    }
+    if (!ChecksItsDates()) {
       if (!box->hasFocus()) {
         Show({tr("Enter Proper Date."), box->objectName()});
       }
+      return true;
+    }
+    if (box->hasFocus() && box->IsRefused()) {
       return true;
     }
   }

@@ -66,6 +66,10 @@ class RecordWindow : public ChildWindow {
 
   virtual QString DeleteQuestion() const;
 
+  /// True when Save checks the date boxes itself, in an order of its own. Otherwise a text that is
+  /// no date is refused before Save.
+  virtual bool ChecksItsDates() const { return false; }
+
   /// Asked by Esc when something was changed.
   virtual QString GiveUpQuestion() const;
 

@@ -126,8 +126,10 @@ void GridTest::CellsShowTheirMask() {
 }
 
 void GridTest::ValueListPassesBrokenPiecesOver() {
-  const ValueList list(QStringLiteral("#0;Dr|#1;Cr|Z|#x;Y||#7;A;B|"));
-  QCOMPARE(list.Items().size(), std::size_t{3});
+  const ValueList list(QStringLiteral("#0;Dr|#1;Cr|Z|#x;Y||#7;A;B|") +
+                       quorvane::lookups::ListOf({{.id = 8, .text = QStringLiteral("C|D")}}));
+  QCOMPARE(list.Items().size(), std::size_t{4});
+  QCOMPARE(list.TextOf(8), QStringLiteral("C|D"));
   QCOMPARE(list.TextOf(1), QStringLiteral("Cr"));
   QCOMPARE(list.TextOf(7), QStringLiteral("A;B"));
   QCOMPARE(list.TextOf(3), QString());

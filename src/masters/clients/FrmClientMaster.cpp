@@ -168,10 +168,11 @@ void FrmClientMaster::Clear() {
   for (ComboBox* box : {Combo1, Combo2, Combo3}) {
     box->Clear();
   }
-  MaskEdBox1->clear();
+  MaskEdBox1->SetDate({});
   accounts_->Show({});
   new_document_.clear();
   warned_pan_.clear();
+  stored_pan_.clear();
   ShowDocumentName({});
 }
 
@@ -200,6 +201,7 @@ void FrmClientMaster::ShowClient(const Client& client) {
   Combo2->ById(client.sex);
   Combo3->ById(client.marital_status);
   warned_pan_ = client.pan;
+  stored_pan_ = client.pan;
   accounts_->Show(client.accounts);
   ShowDocumentName(client.document);
 }
@@ -255,7 +257,7 @@ void FrmClientMaster::StateChanged() {
 
 void FrmClientMaster::Text1_Pan_Left() {
   const QString pan = Text1[Pan]->text();
-  if (IsCancelling() || pan == warned_pan_) {
+  if (IsCancelling() || pan == warned_pan_ || pan == stored_pan_) {
     return;
   }
   if (const MaybeRefusal refusal = CheckPan(pan)) {

@@ -28,6 +28,7 @@ class FrmClientMaster : public controls::RecordWindow {
   MaybeRefusal Save() override;
   void Remove(int id) override;
   QString DeleteQuestion() const override;
+  bool ChecksItsDates() const override { return true; }
   void StateChanged() override;
 
  private:
@@ -79,6 +80,7 @@ class FrmClientMaster : public controls::RecordWindow {
   DocumentDialogs dialogs_;
   QString new_document_;  ///< path of a document that was chosen and is not saved yet
   QString warned_pan_;    ///< the number that the user was warned of last
+  QString stored_pan_;    ///< of the record that is shown
   std::array<controls::TextBox*, kFields> Text1{};  ///< none for the address
   controls::LinesBox* address_ = nullptr;
   controls::DateBox* MaskEdBox1 = nullptr;

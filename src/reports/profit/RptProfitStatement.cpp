@@ -175,11 +175,13 @@ std::optional<report::ReportDocument> RptProfitStatement::Build(Layout layout, P
       MakeStatementDocument(mode_, layout, query, Current()->client, {}, directory);
   const report::Period period{query.from, query.to};
   ShowChart(period, {});
-  BuildStatement(*Session().connection, query, progress,
-                 [&](ClientId client, std::span<const StatementRow> rows) {
-                   document = MakeStatementDocument(mode_, layout, query, client, rows, directory);
-                   ShowChart(period, rows);
-                 });
+  const auto take = [&](ClientId client, std::span<const StatementRow> rows) {
+    document = MakeStatementDocument(mode_, layout, query, client, rows, directory);
+    ShowChart(period, rows);
+  };
+  database::Connection& connection = *Session().connection;
+  const records::Faults faults = BuildStatement(connection, query, progress, take);
+  document.notes += records::FaultTexts(connection, faults);
   return document;
 }
 
@@ -208,6 +210,11 @@ std::optional<report::ReportDocument> RptProfitStatement::BuildOutput(Progress& 
 
 Layout RptProfitStatement::OutputLayout() const {
   return OptFormat.Index() == kNewFormat ? Layout::kSummary : Layout::kDetail;
+}
+
+QStringList RptProfitStatement::Choices() const {
+  return QStringList{OptFormat.group->checkedButton()->text()} + ReportWindow::Choices() +
+         ChoicesOf(Query()) + ChosenOf(*VSD) + ChosenOf(*VSS);
 }
 
 MaybeRefusal RptProfitStatement::CheckWorkbook() {

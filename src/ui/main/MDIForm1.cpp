@@ -297,8 +297,12 @@ void MDIForm1::ChildClosed() {
   ShowStartPage();
 }
 
+/// Windows come and go also while the database cannot be asked.
 void MDIForm1::ShowStartPage() {
-  start_->setVisible(open_.empty() && !client_list::HasClients(*desk_.session.connection));
+  guard_.Run(QStringLiteral("Form_Load"), [this] {
+    has_clients_ = has_clients_ || client_list::HasClients(*desk_.session.connection);
+    start_->setVisible(open_.empty() && !has_clients_);
+  });
 }
 
 controls::ChildWindow* MDIForm1::Front() const {
@@ -310,7 +314,7 @@ controls::ChildWindow* MDIForm1::Front() const {
 bool MDIForm1::ChildrenMayClose() {
   const auto children = findChildren<controls::ChildWindow*>();
   for (controls::ChildWindow* child : children) {
-    if (child->isVisible() && !child->AgreeToClose()) {
+    if (!child->AgreeToClose()) {
       std::ranges::for_each(children, &controls::ChildWindow::StayOpen);
       if (auto* frame = qobject_cast<QMdiSubWindow*>(child->parentWidget())) {
         area_->setActiveSubWindow(frame);

@@ -443,13 +443,6 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
-    <name>DematStatement</name>
-    <message>
-        <source>Reading movements</source>
-        <translation>लेनदेन पढ़े जा रहे हैं</translation>
-    </message>
-</context>
-<context>
     <name>DesktopFiles</name>
     <message>
         <source>Save As</source>
@@ -908,6 +901,22 @@ Maximum Allowed Value is: %1</source>
         <source>&amp;Quit</source>
         <translation>बाहर निकलें (&amp;Q)</translation>
     </message>
+    <message>
+        <source>&amp;Portfolio</source>
+        <translation>पोर्टफ़ोलियो (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Import Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर आयात करें (&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Export Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर निर्यात करें (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Take In the &amp;Sample Portfolio</source>
+        <translation>नमूना पोर्टफ़ोलियो लें (&amp;S)</translation>
+    </message>
 </context>
 <context>
     <name>Masters</name>
@@ -1073,6 +1082,25 @@ All Related Data will be Deleted.</source>
     <message>
         <source>Fourth character of PAN should be [P,H,C,J,F,A,T,B,L,G].</source>
         <translation>पैन का चौथा अक्षर [P,H,C,J,F,A,T,B,L,G] में से होना चाहिए।</translation>
+    </message>
+</context>
+<context>
+    <name>PortfolioFolders</name>
+    <message>
+        <source>The folder was taken in.</source>
+        <translation>फ़ोल्डर आयात हो गया।</translation>
+    </message>
+    <message>
+        <source>The sample portfolio is not installed.</source>
+        <translation>नमूना पोर्टफ़ोलियो स्थापित नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 holds CSV files already. Files of a portfolio there are replaced. Write into it?</source>
+        <translation>%1 में पहले से CSV फ़ाइलें हैं। वहाँ की पोर्टफ़ोलियो फ़ाइलें बदल दी जाएँगी। क्या उसमें लिखें?</translation>
+    </message>
+    <message>
+        <source>The portfolio lies in %1.</source>
+        <translation>पोर्टफ़ोलियो %1 में है।</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1312,41 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Enter the Name of the Database.</source>
         <translation>डेटाबेस का नाम भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Take In the Sample Portfolio</source>
+        <translation>नमूना पोर्टफ़ोलियो लें</translation>
+    </message>
+    <message>
+        <source>Made-up clients, bills and rates, to look around in every window.</source>
+        <translation>काल्पनिक ग्राहक, बिल और भाव, ताकि हर विंडो देखी जा सके।</translation>
+    </message>
+    <message>
+        <source>Scrips From an Exchange&apos;s File</source>
+        <translation>एक्सचेंज की फ़ाइल से शेयर</translation>
+    </message>
+    <message>
+        <source>The scrip list or a daily price file, before the first bill.</source>
+        <translation>पहले बिल से पहले शेयर सूची या दैनिक भाव फ़ाइल।</translation>
+    </message>
+    <message>
+        <source>Enter the First Client</source>
+        <translation>पहला ग्राहक दर्ज करें</translation>
+    </message>
+    <message>
+        <source>With the demat accounts. Participants and brokers are in the menu Master Details.</source>
+        <translation>डीमैट खातों के साथ। डिपॉज़िटरी प्रतिभागी और ब्रोकर मास्टर विवरण के मेनू में हैं।</translation>
+    </message>
+    <message>
+        <source>Import a Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर आयात करें</translation>
+    </message>
+    <message>
+        <source>Clients, bills and balances that another program or an export wrote as CSV files.</source>
+        <translation>ग्राहक, बिल और शेष, जिन्हें किसी दूसरे प्रोग्राम या निर्यात ने CSV फ़ाइलों में लिखा है।</translation>
     </message>
 </context>
 <context>
@@ -2251,13 +2314,6 @@ BSE %2   NSE %3</source>
     </message>
 </context>
 <context>
-    <name>quorvane::clients::DocumentTextPane</name>
-    <message>
-        <source>Text of the document</source>
-        <translation>दस्तावेज़ का पाठ</translation>
-    </message>
-</context>
-<context>
     <name>quorvane::clients::DocumentViewer</name>
     <message>
         <source>This is a Folder, not a Document.</source>
@@ -2540,6 +2596,10 @@ BSE %2   NSE %3</source>
         <source>The record is not saved. Close without saving it?</source>
         <translation>रिकॉर्ड सहेजा नहीं गया है। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>The record is not saved. Give up what was entered?</source>
+        <translation>रिकॉर्ड सहेजा नहीं गया है। क्या दर्ज किया हुआ छोड़ दें?</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::demat::RptDMatStatement</name>
@@ -2741,6 +2801,10 @@ BSE %2   NSE %3</source>
         <source>Update Successfully!</source>
         <translation>सफलतापूर्वक सहेजा गया!</translation>
     </message>
+    <message>
+        <source>The scrips are not saved. Close without saving them?</source>
+        <translation>शेयर सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::imports::ImpScrRate</name>
@@ -2894,6 +2958,10 @@ BSE %2   NSE %3</source>
     <message>
         <source>&amp;Show</source>
         <translation>दिखाएँ (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Files of the exchanges (*.csv *.zip *.xls *.xlsx *.ods)</source>
+        <translation>एक्सचेंजों की फ़ाइलें (*.csv *.zip *.xls *.xlsx *.ods)</translation>
     </message>
 </context>
 <context>
@@ -3122,10 +3190,6 @@ BSE %2   NSE %3</source>
     <message>
         <source>Chart</source>
         <translation>चार्ट</translation>
-    </message>
-    <message>
-        <source>Market Rates</source>
-        <translation>बाज़ार भाव</translation>
     </message>
     <message>
         <source>Output</source>
@@ -4233,6 +4297,45 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
+    <name>quorvane::ui::FrmImportErrors</name>
+    <message>
+        <source>Nothing was taken in. Mend the first %1 errors, then try again:</source>
+        <translation>कुछ भी आयात नहीं हुआ। पहली %1 त्रुटियाँ ठीक करके फिर कोशिश करें:</translation>
+    </message>
+    <message>
+        <source>Nothing was taken in. Mend these errors, then try again:</source>
+        <translation>कुछ भी आयात नहीं हुआ। ये त्रुटियाँ ठीक करके फिर कोशिश करें:</translation>
+    </message>
+    <message>
+        <source>Errors in the Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर में त्रुटियाँ</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>त्रुटियाँ</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>फ़ाइल</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>स्तंभ</translation>
+    </message>
+    <message>
+        <source>What is Wrong</source>
+        <translation>क्या ग़लत है</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::ui::GuidePane</name>
     <message>
         <source>The user guide is not there. It belongs into %1.</source>
@@ -4245,30 +4348,6 @@ Lots changed: %1</source>
 </context>
 <context>
     <name>quorvane::ui::MDIForm1</name>
-    <message>
-        <source>BSE Market Rate List</source>
-        <translation>बीएसई बाज़ार भाव सूची</translation>
-    </message>
-    <message>
-        <source>Starts the market-rate tool</source>
-        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
-    </message>
-    <message>
-        <source>Check For Updates</source>
-        <translation>अद्यतन जाँचें</translation>
-    </message>
-    <message>
-        <source>Page</source>
-        <translation>पृष्ठ</translation>
-    </message>
-    <message>
-        <source>Line</source>
-        <translation>पंक्ति</translation>
-    </message>
-    <message>
-        <source>Col</source>
-        <translation>स्तंभ</translation>
-    </message>
     <message>
         <source>%1 is running already.</source>
         <translation>%1 पहले से चल रहा है।</translation>
@@ -4310,6 +4389,25 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
     </message>
     <message>
+        <source>Couldn&apos;t find Window %1</source>
+        <translation>विंडो %1 नहीं मिली</translation>
+    </message>
+    <message>
+        <source>Do you want to take BackUp of Database?</source>
+        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MainHead</name>
+    <message>
+        <source>BSE Market Rate List</source>
+        <translation>बीएसई बाज़ार भाव सूची</translation>
+    </message>
+    <message>
+        <source>Starts the market-rate tool</source>
+        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
+    </message>
+    <message>
         <source>Show Market Rates</source>
         <translation>बाज़ार भाव दिखाएँ</translation>
     </message>
@@ -4318,12 +4416,23 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>बाज़ार भाव का प्रोग्राम सामने लाता है</translation>
     </message>
     <message>
-        <source>Couldn&apos;t find Window %1</source>
-        <translation>विंडो %1 नहीं मिली</translation>
+        <source>Check For Updates</source>
+        <translation>अद्यतन जाँचें</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MainStatus</name>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
     </message>
     <message>
-        <source>Do you want to take BackUp of Database?</source>
-        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+        <source>Col</source>
+        <translation>स्तंभ</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>पृष्ठ</translation>
     </message>
 </context>
 <context>
@@ -4363,6 +4472,17 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Records in %1</source>
         <translation>%1 में रिकॉर्ड</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::StartPage</name>
+    <message>
+        <source>No client is entered yet. Begin with one of these:</source>
+        <translation>अभी कोई ग्राहक दर्ज नहीं है। इनमें से किसी से शुरू करें:</translation>
+    </message>
+    <message>
+        <source>F1 opens the user guide. This page goes with the first client.</source>
+        <translation>F1 उपयोगकर्ता गाइड खोलता है। पहला ग्राहक दर्ज होते ही यह पृष्ठ हट जाता है।</translation>
     </message>
 </context>
 <context>

@@ -122,7 +122,7 @@ void ChildWindow::OpenModal(QWidget* parent) {
   ScaleForm();
   const auto remembered = WindowMemory(desk_.session.folders).Place(objectName());
   if (remembered) {
-    setGeometry(Inside(*remembered, parent->screen()->availableGeometry()));
+    setGeometry(Inside(*remembered, screen()->availableGeometry()));
   } else {
     resize(sizeHint());
   }

@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -51,11 +52,29 @@ void ChildWindow::OpenIn(QMdiArea& area) {
   ScaleForm();
   QMdiSubWindow* frame = area.addSubWindow(this);
   frame->setAttribute(Qt::WA_DeleteOnClose);
+  connect(&area, &QMdiArea::subWindowActivated, this, [this, frame](const QMdiSubWindow* active) {
+    if (active == frame) {
+      Activated();
+    }
+  });
   show();
   frame->resize(frame->size().boundedTo(area.viewport()->size()));
   const QPoint most(area.viewport()->width() - frame->width(),
                     area.viewport()->height() - frame->height());
   frame->move(std::min(frame->x(), most.x()), std::min(frame->y(), most.y()));
+}
+
+bool ChildWindow::IsFrontChild() const {
+  const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  return frame == nullptr || frame->mdiArea() == nullptr ||
+         frame->mdiArea()->activeSubWindow() == frame;
+}
+
+bool ChildWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && IsFrontChild()) {
+    QTimer::singleShot(0, this, [this] { Activated(); });
+  }
+  return QWidget::event(event);
 }
 
 void ChildWindow::OpenModal(QWidget* parent) {

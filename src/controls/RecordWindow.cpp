@@ -226,12 +226,15 @@ void RecordWindow::ImgBack_Click(int panel) {
 }
 
 void RecordWindow::Refill(int id) {
-  {
-    const QScopedValueRollback<bool> filling(filling_, true);
-    FillList();
-    list_->SelectId(id);
-  }
+  FillAgain(id);
   ShowRecord(list_->CurrentId());
+}
+
+void RecordWindow::FillAgain(int id) {
+  const QScopedValueRollback<bool> filling(filling_, true);
+  FillList();
+  since_filled_.start();
+  list_->SelectId(id);
 }
 
 void RecordWindow::ShowRecord(int id) {
@@ -290,6 +293,24 @@ void RecordWindow::Reveal(QWidget* field) {
       ShowPanel(panel);
     }
   }
+}
+
+// Not in the middle of work that keeps the screen alive: its transaction is open.
+void RecordWindow::Activated() {
+  constexpr qint64 kFreshMs = 300;
+  const bool is_fresh = !since_filled_.isValid() || since_filled_.elapsed() < kFreshMs;
+  if (editing_ || is_fresh || Session().connection->InTransaction()) {
+    return;
+  }
+  TheGuard().Run(QStringLiteral("Form_Activate"), [this] {
+    const std::optional<Grid::Order> order = list_->SortedBy();
+    const QString chosen = list_->SelectedText();
+    FillAgain(current_);
+    list_->SortBy(order);
+    if (list_->CurrentId() != current_ || list_->SelectedText() != chosen) {
+      ShowRecord(list_->CurrentId());
+    }
+  });
 }
 
 bool RecordWindow::MayClose() {

@@ -3,6 +3,8 @@
 #include "controls/ChildWindow.h"
 #include "controls/Grid.h"
 
+#include <QElapsedTimer>
+
 class QButtonGroup;
 class QHBoxLayout;
 class QKeySequence;
@@ -83,6 +85,10 @@ class RecordWindow : public ChildWindow {
   bool MayClose() override;
   void EscapePressed() override;
 
+  /// Others may have saved meanwhile: the list is read again unless a record is edited. The chosen
+  /// row and the order stay; the details of another row are shown when the chosen one changed.
+  void Activated() override;
+
   ZENButton* cmdAdd;
   ZENButton* cmdModify;
   ZENButton* cmdUpdate;
@@ -109,6 +115,7 @@ class RecordWindow : public ChildWindow {
   void Enable();
   void ShowRecord(int id);
   void Refill(int id);
+  void FillAgain(int id);
   void ShowPanel(int panel);
 
   Panels panels_;
@@ -121,6 +128,7 @@ class RecordWindow : public ChildWindow {
   int current_ = 0;
   bool editing_ = false;
   bool filling_ = false;
+  QElapsedTimer since_filled_;
 };
 
 }  // namespace quorvane::controls

@@ -56,7 +56,7 @@ void Rates(Context& context, const RatesOptions& options) {
   if (const MaybeRefusal refusal = rates::ReadRates(context.Connection(), path, date, matched)) {
     throw Refused(refusal->text.toStdString());
   }
-  rates::RateBook(context.Connection()).Save(date, matched.rates);
+  rates::RateBook(context.Connection()).Save(date, matched.rates, matched.isins);
   context.Inform(fmt::format("{} rates of {} saved; {} rows of the file belong to no scrip.",
                              matched.rates.size(), options.date, matched.unmatched.size()));
 }

@@ -7,7 +7,6 @@
 
 class QButtonGroup;
 class QHBoxLayout;
-class QKeySequence;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -15,7 +14,9 @@ namespace quorvane::controls {
 
 /// A window that keeps the records of one kind: a list of them, the details of one, and the buttons
 /// to add, modify, save, cancel and delete. It browses (the list is live, the details are shown) or
-/// edits (the details are live, the list rests). Rows of the list carry the record's key.
+/// edits (the details are live, the list rests). Rows of the list carry the record's key. While
+/// there is any record, one row is chosen: the saved one after saving. Esc asks before it gives up
+/// what was changed.
 ///
 /// A window derives from it, builds its controls into Details(), sets the list's columns, and calls
 /// Start() at the end of its constructor. The hooks below may throw: the failure is reported and
@@ -71,6 +72,9 @@ class RecordWindow : public ChildWindow {
   /// no date is refused before Save.
   virtual bool ChecksItsDates() const { return false; }
 
+  /// Asked by Esc when something was changed.
+  virtual QString GiveUpQuestion() const;
+
   /// The state changed: the place to enable controls beyond the usual ones.
   virtual void StateChanged() {}
 
@@ -81,6 +85,10 @@ class RecordWindow : public ChildWindow {
   void ShowDetails();
   void ShowList();
 
+  /// True when a record is edited and something in its form was changed since that began.
+  bool IsChanged() const;
+
+  void FirstShown() override;
   void Reveal(QWidget* field) override;
   bool MayClose() override;
   void EscapePressed() override;
@@ -108,11 +116,10 @@ class RecordWindow : public ChildWindow {
   void BuildTabs(QVBoxLayout& rows);
   void BuildTogether(QVBoxLayout& rows);
   void BuildButtons();
-  void PressOn(const QKeySequence& keys, ZENButton* button);
-  static void Press(ZENButton& button);
   bool RefusesDate();
   void SetEditing(bool editing);
   void Enable();
+  void Rest();
   void ShowRecord(int id);
   void Refill(int id);
   void FillAgain(int id);
@@ -129,6 +136,7 @@ class RecordWindow : public ChildWindow {
   bool editing_ = false;
   bool filling_ = false;
   QElapsedTimer since_filled_;
+  QStringList begun_with_;  ///< contents of the form when editing began
 };
 
 }  // namespace quorvane::controls

@@ -214,7 +214,13 @@ void GridTest::ClickOrSpaceTicks() {
   shown.grid.setCurrentIndex(shown.grid.Model().index(1, kNote));
   QTest::keyClick(&shown.grid, Qt::Key_Space);
   QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11}));
-  QCOMPARE(ticks.count(), 2);
+  // A click on the row itself ticks as well, but not one that edits or chooses rows.
+  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kNote));
+  QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 13}));
+  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kRate));
+  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                    shown.MiddleOf(1, kNote));
+  QCOMPARE(ticks.count(), 3);
 }
 
 void GridTest::HeadingTicksAllThenNone() {

@@ -2,6 +2,7 @@
 
 #include "controls/ComboBox.h"
 #include "controls/FieldLayout.h"
+#include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
 #include "controls/TextBox.h"
 #include "masters/clients/AccountsPane.h"
@@ -80,7 +81,8 @@ class FrmClientMaster : public controls::RecordWindow {
   QString new_document_;  ///< path of a document that was chosen and is not saved yet
   QString warned_pan_;    ///< the number that the user was warned of last
   QString stored_pan_;    ///< of the record that is shown
-  std::array<controls::TextBox*, kFields> Text1{};
+  std::array<controls::TextBox*, kFields> Text1{};  ///< none for the address
+  controls::LinesBox* address_ = nullptr;
   controls::DateBox* MaskEdBox1 = nullptr;
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;

@@ -90,6 +90,26 @@ class RptVariousReportTest : public QObject {
     window.Click("CmdShowReport");
     QCOMPARE(window.shown.size(), std::size_t{1});
     QCOMPARE(window.shown.front().titles, window.Titles());
+    const int rows = window.Screen().rowCount();
+    window.Click("Option1_1");
+    Shown::Press(Qt::Key_F5);
+    QVERIFY(window.Screen().rowCount() < rows);
+  }
+
+  // What is lit is what is shown.
+  void ButtonsShowWhichReportIsOnTheScreen() {
+    const Shown window(*database_);
+    const auto lit = [&](const char* name) {
+      return window.Named<QAbstractButton>(name)->isChecked();
+    };
+    window.Click("CmdPortPos");
+    window.Click("CmdRepType_1");
+    QVERIFY(lit("CmdPortPos") && lit("CmdRepType_1"));
+    window.Click("CmdStkVal");
+    QVERIFY(lit("CmdStkVal") && !lit("CmdPortPos") && !lit("CmdRepType_1"));
+    QCOMPARE(window.Screen().rowCount(), 0);
+    window.Click("CmdRepType_2");
+    QVERIFY(lit("CmdStkVal") && lit("CmdRepType_2"));
   }
 
   void EveryReportKeepsItsTitle_data() {
@@ -157,7 +177,8 @@ class RptVariousReportTest : public QObject {
     window.Named<controls::DateBox>("Text3")->SetDate("31/03/2012");
     window.Click("CmdShowPLRpt");
     QCOMPARE(window.Titles().first(), "Market Valuation as on 31 March, 2012");
-    QVERIFY(window.Named<QAbstractButton>("CmdProfitLossReport")->isChecked());
+    QVERIFY(window.Named<QAbstractButton>("CmdShowPLRpt")->isChecked());
+    QVERIFY(!window.Named<QAbstractButton>("CmdProfitLossReport")->isChecked());
   }
 
   void RatesAreKeptByKeyboard() {

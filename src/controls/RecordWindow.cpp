@@ -13,6 +13,9 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace quorvane::controls {
 namespace {
 
@@ -326,13 +329,16 @@ void RecordWindow::Reveal(QWidget* field) {
   }
 }
 
-// Not in the middle of work that keeps the screen alive: its transaction is open.
+// Not in the middle of work that keeps the screen alive: its transaction is open. Nor again after a
+// failure: the box that tells it would activate the window as it closes, without an end.
 void RecordWindow::Activated() {
   constexpr qint64 kFreshMs = 300;
   const bool is_fresh = !since_filled_.isValid() || since_filled_.elapsed() < kFreshMs;
-  if (editing_ || is_fresh || Session().connection->InTransaction()) {
+  if (editing_ || is_fresh || Session().connection->InTransaction() ||
+      std::exchange(reading_again_, false)) {
     return;
   }
+  reading_again_ = true;
   TheGuard().Run(QStringLiteral("Form_Activate"), [this] {
     const std::optional<Grid::Order> order = list_->SortedBy();
     const QString chosen = list_->SelectedText();
@@ -341,6 +347,7 @@ void RecordWindow::Activated() {
     if (list_->CurrentId() != current_ || list_->SelectedText() != chosen) {
       ShowRecord(list_->CurrentId());
     }
+    reading_again_ = false;
   });
 }
 

@@ -136,7 +136,8 @@ class RecordWindow : public ChildWindow {
   bool editing_ = false;
   bool filling_ = false;
   QElapsedTimer since_filled_;
-  QStringList begun_with_;  ///< contents of the form when editing began
+  bool reading_again_ = false;  ///< also after it failed
+  QStringList begun_with_;      ///< contents of the form when editing began
 };
 
 }  // namespace quorvane::controls

@@ -169,29 +169,30 @@ class ClientBookTest : public QObject {
 
   // Removed and entered again in one save, or a save later.
   void AccountThatRecordsNameKeepsItsIdWhenItIsEnteredAgain_data() {
-    QTest::addColumn<const char*>("record");
+    QTest::addColumn<QString>("record");
     QTest::addColumn<bool>("saved_between");
     QTest::addColumn<bool>("same");
-    const char* bill = "Insert Into SPMaster(Cid,AcId) Values(?,?)";
+    const QString bill("Insert Into SPMaster(Cid,AcId) Values(?,?)");
     QTest::newRow("in one save") << bill << false << true;
     QTest::newRow("named by a bill") << bill << true << true;
     QTest::newRow("named by an opening row")
-        << "Insert Into StkOpBal(CId,AcId) Values(?,?)" << true << true;
+        << QString("Insert Into StkOpBal(CId,AcId) Values(?,?)") << true << true;
     QTest::newRow("named by a transfer")
-        << "Insert Into ScrTransfer(Cid,ToAcId) Values(?+1,?)" << true << true;
-    QTest::newRow("named by a lot") << "Insert Into Stock(Cid,AcId) Values(?,?)" << true << true;
+        << QString("Insert Into ScrTransfer(Cid,ToAcId) Values(?+1,?)") << true << true;
+    QTest::newRow("named by a lot")
+        << QString("Insert Into Stock(Cid,AcId) Values(?,?)") << true << true;
     QTest::newRow("named by none")
-        << "Insert Into SPMaster(Cid,AcId) Values(?,?+1000)" << true << false;
+        << QString("Insert Into SPMaster(Cid,AcId) Values(?,?+1000)") << true << false;
   }
 
   void AccountThatRecordsNameKeepsItsIdWhenItIsEnteredAgain() {
-    QFETCH(const char*, record);
+    QFETCH(const QString, record);
     QFETCH(const bool, saved_between);
     QFETCH(const bool, same);
     Client client = NewClient("C1", {"1001", "1002"});
     QVERIFY(!Book().Save(client));
     const AccountId first = client.accounts[0].id;
-    (*database_)->Execute(record, client.id, first);
+    (*database_)->Execute(record.toStdString(), client.id, first);
     client.accounts.erase(client.accounts.begin());
     if (saved_between) {
       QVERIFY(!Book().Save(client));

@@ -215,6 +215,7 @@ class FrmLookupTest : public QObject {
     (*database_)
         ->Execute("Insert Into TransTaxPer Values(4,'2006-07','STT Delivery Based',0.1,'')");
     test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    shown.messages.WillAnswer(false);
     shown.Click("CmdLevies");
     QCOMPARE(shown.messages.said.size(), std::size_t{1});
     QCOMPARE(Percentages().size(), 1);

@@ -112,25 +112,26 @@ class FrmScriptTest : public QObject {
   }
 
   void ListShowsWhatOthersSavedWhenTheWindowIsActivated() {
-    const ScripId first = database_->AddScrip("1", "ALPHA");
+    const ScripId first = database_->AddScrip("A1", "ALPHA");
     const test::ShownWindow<FrmScript> shown(*database_);
     shown->List().SelectId(first.value);
-    database_->AddScrip("2", "BETA");
+    const int before = shown->List().Model().RowCount();
+    database_->AddScrip("B2", "BETA");
     QTest::qWait(400);
     QWidget other;
     other.show();
     QApplication::setActiveWindow(&other);
     QApplication::setActiveWindow(shown.window);
-    QTRY_COMPARE(shown->List().Model().RowCount(), 2);
+    QTRY_COMPARE(shown->List().Model().RowCount(), before + 1);
     QCOMPARE(shown->List().CurrentId(), first.value);
     // Not while a record is edited.
     shown.Click("cmdModify");
-    database_->AddScrip("3", "GAMMA");
+    database_->AddScrip("C3", "GAMMA");
     QTest::qWait(400);
     QApplication::setActiveWindow(&other);
     QApplication::setActiveWindow(shown.window);
     QTest::qWait(50);
-    QCOMPARE(shown->List().Model().RowCount(), 2);
+    QCOMPARE(shown->List().Model().RowCount(), before + 1);
   }
 
   void DeleteIsAskedForWithNoAsPreset_data() {

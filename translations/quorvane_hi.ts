@@ -174,6 +174,10 @@ Maximum Allowed Value is: %1</source>
         <source>S.T.T.</source>
         <translation>एस.टी.टी.</translation>
     </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>पंक्ति %1: %2</translation>
+    </message>
 </context>
 <context>
     <name>BrokerLedger</name>
@@ -1102,6 +1106,10 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <source>This Script was Deleted in the Meantime.</source>
         <translation>यह स्क्रिप इस बीच हटा दी गई।</translation>
     </message>
+    <message>
+        <source>This Exchange was Deleted in the Meantime.</source>
+        <translation>यह एक्सचेंज इस बीच हटा दिया गया।</translation>
+    </message>
 </context>
 <context>
     <name>ProfitStatement</name>
@@ -1703,6 +1711,10 @@ BSE %2   NSE %3</source>
         <translation>%1
 बीएसई %2   एनएसई %3</translation>
     </message>
+    <message>
+        <source>New</source>
+        <translation>नया</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::BillPane</name>
@@ -1821,6 +1833,30 @@ BSE %2   NSE %3</source>
         <source>Refresh Successfully!</source>
         <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
     </message>
+    <message>
+        <source>%1 at %2, held since %3</source>
+        <translation>%1 शेयर, दर %2, %3 से</translation>
+    </message>
+    <message>
+        <source>There is a Bill No. %1 of this Broker on %2 already.
+
+Save this one, too?</source>
+        <translation>इस ब्रोकर का %2 का बिल सं. %1 पहले से है।
+
+क्या इसे भी सहेजें?</translation>
+    </message>
+    <message>
+        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
+        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
+    </message>
+    <message>
+        <source>Take the Sale from these Lots, with a Line for each?
+
+%1</source>
+        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
+
+%1</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::HoldingsPane</name>
@@ -1875,6 +1911,10 @@ BSE %2   NSE %3</source>
     <message>
         <source>Balance in Demat A/c No. - %1</source>
         <translation>डीमैट खाता सं. - %1 का शेष</translation>
+    </message>
+    <message>
+        <source>Held Since</source>
+        <translation>कब से</translation>
     </message>
 </context>
 <context>
@@ -3189,6 +3229,14 @@ BSE %2   NSE %3</source>
         <source>The rates are not saved. Close without saving them?</source>
         <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>Rates</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Choose how the report is grouped.</source>
+        <translation>चुनें कि रिपोर्ट किस तरह समूहित हो।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::mis::SelectionPane</name>
@@ -3894,6 +3942,10 @@ Lots changed: %1</source>
         <source>Select Demat A/c!</source>
         <translation>डीमैट खाता चुनें!</translation>
     </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::scrips::FrmScript</name>
@@ -4198,6 +4250,26 @@ Lots changed: %1</source>
     <message>
         <source>The Settings were Changed. Close without Saving them?</source>
         <translation>सेटिंग बदली गई हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>Bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>S.T.T. of a line</source>
+        <translation>पंक्ति का एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>In paise</source>
+        <translation>पैसों में</translation>
+    </message>
+    <message>
+        <source>In whole rupees, 50 paise up</source>
+        <translation>पूरे रुपयों में, 50 पैसे से ऊपर की ओर</translation>
+    </message>
+    <message>
+        <source>How it is proposed in bill windows opened from now on.</source>
+        <translation>अब से खुलने वाली बिल विंडो में यह ऐसे सुझाया जाएगा।</translation>
     </message>
 </context>
 <context>

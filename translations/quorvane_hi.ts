@@ -445,6 +445,10 @@ Maximum Allowed Value is: %1</source>
         <source>The Document is of a Newer Kind. Save it as &quot;Rich Text&quot; to have it Shown.</source>
         <translation>दस्तावेज़ नए प्रारूप का है। दिखाने के लिए उसे &quot;Rich Text&quot; के रूप में सहेजें।</translation>
     </message>
+    <message>
+        <source>%1 bills, %2 opening rows, %3 transfers and %4 lots name this Demat A/c. They belong to it again when its number is entered again. Remove it?</source>
+        <translation>%1 बिल, %2 आरंभिक पंक्तियाँ, %3 हस्तांतरण और %4 लॉट इस डीमैट खाते के नाम हैं। इसका नंबर फिर भरने पर वे फिर इसी के होंगे। क्या इसे हटाएँ?</translation>
+    </message>
 </context>
 <context>
     <name>DesktopFiles</name>
@@ -714,6 +718,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Percent Detail Already Exists.</source>
         <translation>यह प्रतिशत विवरण पहले से है।</translation>
+    </message>
+    <message>
+        <source>Line %1 of levies.csv is no dated rate.</source>
+        <translation>levies.csv की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -1124,6 +1132,14 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>This Demat A/c was Deleted in the Meantime.</source>
         <translation>यह डीमैट खाता इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>This Broker was Deleted in the Meantime.</source>
+        <translation>यह ब्रोकर इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>This Script was Deleted in the Meantime.</source>
+        <translation>यह स्क्रिप इस बीच हटा दी गई।</translation>
     </message>
     <message>
         <source>This Exchange was Deleted in the Meantime.</source>
@@ -3014,6 +3030,30 @@ Save this one, too?</source>
         <source>&amp;Brokerage and Tax Percentages...</source>
         <translation>दलाली और कर प्रतिशत (&amp;B)...</translation>
     </message>
+    <message>
+        <source>No rate is missing.</source>
+        <translation>कोई दर छूटी नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 rates were added.</source>
+        <translation>%1 दरें जोड़ी गईं।</translation>
+    </message>
+    <message>
+        <source>%1 %2: %3 from %4, the rate of most days of the year.</source>
+        <translation>%1 %2: %4 से %3, वर्ष के अधिकतर दिनों की दर।</translation>
+    </message>
+    <message>
+        <source>Da&amp;ted Rates...</source>
+        <translation>तारीख़ वाली दरें (&amp;T)...</translation>
+    </message>
+    <message>
+        <source>Adds the rates of S.T.T. and service tax that are missing</source>
+        <translation>एस.टी.टी. और सेवा कर की छूटी हुई दरें जोड़ता है</translation>
+    </message>
+    <message>
+        <source>Add the rates of S.T.T. and service tax that are missing? Rows that exist stay as they are.</source>
+        <translation>क्या एस.टी.टी. और सेवा कर की छूटी हुई दरें जोड़ें? मौजूद पंक्तियाँ जैसी हैं वैसी रहेंगी।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::masters::FrmContact</name>
@@ -3143,6 +3183,30 @@ Save this one, too?</source>
     <message>
         <source>%1 rates were read; %2 lines of the file belong to no script. Press Update to keep them.</source>
         <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
+    </message>
+    <message>
+        <source>Fetch</source>
+        <translation>लाएँ</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>The closing prices of the chosen scripts, from the exchange</source>
+        <translation>चुनी हुई स्क्रिपों के बंद भाव, एक्सचेंज से</translation>
+    </message>
+    <message>
+        <source>Select Script Name!</source>
+        <translation>स्क्रिप का नाम चुनें!</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>रोकें</translation>
+    </message>
+    <message>
+        <source>%1 rates were fetched; of %2 scripts none was found. Press Update to keep them.</source>
+        <translation>%1 दरें लाई गईं; %2 स्क्रिपों की कोई दर नहीं मिली। इन्हें रखने के लिए अपडेट दबाएँ।</translation>
     </message>
 </context>
 <context>

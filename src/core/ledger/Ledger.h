@@ -39,6 +39,8 @@ std::vector<Lot> ReadLots(Connection& connection, const ClientYear& of,
 /// keeps others waiting until the transaction ends. Documents are saved together with their lots,
 /// so what the transaction reads from then on is all that there is, and stays so. To be called
 /// before the transaction reads anything: a plain read fixes the instant that all later ones see.
+/// These locks reach the programs of one server; those on other nodes of a cluster are kept apart
+/// by the turn that InTransaction takes.
 void LockLots(Transaction& transaction, const std::optional<ClientYear>& of);
 
 /// A quantity of shares free of binary dust: rounded to six decimals.

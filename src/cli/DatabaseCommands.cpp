@@ -71,13 +71,19 @@ void Check(Context& context) {
   context.status = check.AllIsWell() && skipped_statements.empty() ? kDone : kRefused;
 }
 
+/// As one word of the shell.
+std::string ShellWord(const QString& text) {
+  QString quoted = text;
+  return "'" + quoted.replace(QLatin1Char('\''), QLatin1String("'\\''")).toStdString() + "'";
+}
+
 void Connect(Context& context) {
   app::Session& session = context.Session();
   const auto& settings = session.connection->Settings();
   std::string command = "mariadb";
   const auto add = [&](const char* option, const QString& value) {
     if (!value.isEmpty()) {
-      command += fmt::format(" {}'{}'", option, value.toStdString());
+      command += fmt::format(" {}{}", option, ShellWord(value));
     }
   };
   const database::ServerAddress& address = session.connection->Address();
@@ -88,7 +94,8 @@ void Connect(Context& context) {
   if (!settings.password.isEmpty()) {
     command += " --password";
   }
-  Print(fmt::format("{} '{}'\n", command, settings.database.toStdString()));
+  add("--database=", settings.database);
+  Print(command + "\n");
   if (session.server != nullptr) {
     session.server->LeaveRunning();
     context.Inform("The server stays up for you; the next command of this program stops it.");

@@ -299,7 +299,7 @@ class MasterImport {
     }
     const auto found = dp_ids_.find({participant, Folded(row.dp_id)});
     if (found == dp_ids_.end()) {
-      Fail(row.line, "dp_id", "expected a DP id of the participant, found \"" + row.dp_id + "\"");
+      Fail(row.line, "dp_id", "expected a DP id of the participant, found " + Quoted(row.dp_id));
       return std::nullopt;
     }
     return found->second;
@@ -313,7 +313,7 @@ class MasterImport {
       const auto found = ids.find(Folded(name.text));
       if (found == ids.end()) {
         errors_.Add(LayoutOf(name.file).name, name.line, column,
-                    fmt::format("expected a known {}, found \"{}\"", what, name.text));
+                    fmt::format("expected a known {}, found {}", what, Quoted(name.text)));
       }
       resolved.push_back(IdType{found == ids.end() ? 0 : found->second});
     }

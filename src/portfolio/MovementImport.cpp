@@ -103,8 +103,8 @@ class MovementImport {
     const auto account = FindAccount(client, number);
     if (!account && client) {
       Fail(file, line, "account_no",
-           fmt::format("expected an account of the client, found \"{}\"",
-                       portfolio_.account_numbers.Names()[number].text));
+           "expected an account of the client, found " +
+               Quoted(portfolio_.account_numbers.Names()[number].text));
     }
     return account;
   }

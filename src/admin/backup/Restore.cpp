@@ -14,6 +14,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <exception>
 #include <stdexcept>
 
 namespace quorvane::backup {
@@ -163,6 +164,18 @@ MaybeRefusal Replace(const Source& source, const QString& backup, const Manifest
   });
 }
 
+/// The mark in the database tells, also when the connection was lost at the commit. A database that
+/// cannot be asked any more leaves the files as they are, for the next start to settle.
+bool Happened(database::Connection& connection, RestoreFiles& files,
+              const std::exception_ptr& failure) {
+  try {
+    connection.Reopen();
+    return files.Settle();
+  } catch (...) {
+    std::rethrow_exception(failure ? failure : std::current_exception());
+  }
+}
+
 }  // namespace
 
 QString ReplacedFolder(const app::Folders& folders) {
@@ -186,6 +199,9 @@ MaybeRefusal RestoreBackup(const Source& source, const QString& backup, const QD
   if (!files.TryLock()) {
     return Refusal{Tr("Another program is restoring a backup at this moment."), {}};
   }
+  if (MaybeRefusal refusal = files.CheckLinks(manifest)) {
+    return refusal;
+  }
   if (files.IsPending()) {
     files.Settle();
   }
@@ -194,19 +210,17 @@ MaybeRefusal RestoreBackup(const Source& source, const QString& backup, const QD
     return refusal;
   }
   MaybeRefusal broken;
+  std::exception_ptr failure;
   try {
     broken = Replace(source, backup, manifest, present, files, progress);
   } catch (...) {
-    // After a lost connection nobody knows yet whether the commit happened: the next start will.
-    if (source.connection.IsAlive()) {
-      files.Settle();
-      QDir(aside).removeRecursively();
-    }
-    throw;
+    failure = std::current_exception();
   }
-  files.Settle();
-  if (broken) {
+  if (!Happened(source.connection, files, failure)) {
     QDir(aside).removeRecursively();
+    if (failure) {
+      std::rethrow_exception(failure);
+    }
     return broken;
   }
   CheckRestored(source.connection.Settings(), manifest, aside);

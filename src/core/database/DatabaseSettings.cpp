@@ -1,5 +1,8 @@
 #include "core/database/DatabaseSettings.h"
 
+#include "core/platform/Processes.h"
+
+#include <QDir>
 #include <QStringList>
 
 #include <fmt/format.h>
@@ -57,6 +60,11 @@ bool ReadTlsVerify(const Read& read) {
 
 }  // namespace
 
+bool MayLoadDriver(const QString& driver) {
+  const bool is_path = driver.contains(QLatin1Char('/')) || driver.contains(QLatin1Char('\\'));
+  return !is_path || (QDir::isAbsolutePath(driver) && platform::IsOfSuperuser(driver));
+}
+
 std::optional<ConnectionSettings> ReadDatabaseSettings(const Read& read) {
   ConnectionSettings settings;
   settings.server = read(QStringLiteral("Server"));
@@ -66,6 +74,10 @@ std::optional<ConnectionSettings> ReadDatabaseSettings(const Read& read) {
     return std::nullopt;
   }
   if (const QString driver = read(QStringLiteral("Driver")); !driver.isEmpty()) {
+    if (!MayLoadDriver(driver)) {
+      Refuse(QStringLiteral("Driver"), driver,
+             "the name of an installed driver or a file of the machine's administrator");
+    }
     settings.driver = driver;
   }
   settings.port = ReadPort(read);

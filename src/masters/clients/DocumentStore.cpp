@@ -1,7 +1,9 @@
 #include "masters/clients/DocumentStore.h"
 
+#include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 #include "masters/clients/Client.h"
+#include "masters/clients/DocumentKind.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -122,6 +124,9 @@ MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) c
   if (!info.isFile() || !StaysInItsFolder(info.fileName())) {
     return Refuse(QT_TRANSLATE_NOOP("Clients", "This File Can't be Kept as a Document."));
   }
+  if (KindOf(info.fileName()) == DocumentKind::kUnsupported) {
+    return Refusal{FormatNotSupported(), DocumentField()};
+  }
   QFile from(source);
   if (!from.open(QIODevice::ReadOnly)) {
     Fail(source, from.errorString());
@@ -132,9 +137,7 @@ MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) c
   platform::MakeMissingFolder(folder_);
   QSaveFile to(folder_ + QStringLiteral("/incoming-") +
                QUuid::createUuid().toString(QUuid::WithoutBraces));
-  if (!to.open(QIODevice::WriteOnly)) {
-    Fail(to.fileName(), to.errorString());
-  }
+  platform::OpenPrivate(to);
   if (!CopyBounded(from, to, most_bytes_)) {
     return TooLarge(most_bytes_);
   }

@@ -133,6 +133,12 @@ class DatabaseSettingsTest : public QObject {
                                    << "off" << true;
     QTest::newRow("misspelt") << "TlsVerify"
                               << "yess" << false;
+    QTest::newRow("driver of the administrator") << "Driver"
+                                                 << "/bin/sh" << true;
+    QTest::newRow("driver of anybody") << "Driver"
+                                       << "/tmp/../tmp/x.so" << false;
+    QTest::newRow("driver below the working folder") << "Driver"
+                                                     << "../../../../../../../bin/sh" << false;
   }
 
   void ValuesThatMakeNoSenseAreNamed() {

@@ -451,6 +451,21 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>Database</name>
+    <message>
+        <source>The server tells table names apart by upper and lower case. Set lower_case_table_names=1 in its settings file (section [mysqld]), start it again and make the database after that.</source>
+        <translation>सर्वर तालिकाओं के नामों में बड़े और छोटे अक्षरों को अलग मानता है। उसकी सेटिंग फ़ाइल (भाग [mysqld]) में lower_case_table_names=1 लिखें, उसे फिर से चलाएँ और उसके बाद डेटाबेस बनाएँ।</translation>
+    </message>
+    <message>
+        <source>The server does not give the user %1 these rights on the database %2: %3.</source>
+        <translation>सर्वर उपयोगकर्ता %1 को डेटाबेस %2 पर ये अधिकार नहीं देता: %3।</translation>
+    </message>
+    <message>
+        <source>The server refused a statement that the tables need: %1</source>
+        <translation>सर्वर ने एक कथन अस्वीकार किया जिसकी तालिकाओं को ज़रूरत है: %1</translation>
+    </message>
+</context>
+<context>
     <name>DesktopFiles</name>
     <message>
         <source>Save As</source>

@@ -3058,8 +3058,8 @@ Save this one, too?</source>
         <translation>%1 %2: %4 से %3, वर्ष के अधिकतर दिनों की दर।</translation>
     </message>
     <message>
-        <source>Da&amp;ted Rates...</source>
-        <translation>तारीख़ वाली दरें (&amp;T)...</translation>
+        <source>Dated &amp;Rates...</source>
+        <translation>तारीख़ वाली दरें (&amp;R)...</translation>
     </message>
     <message>
         <source>Adds the rates of S.T.T. and service tax that are missing</source>

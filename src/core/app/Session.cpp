@@ -40,7 +40,10 @@ std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
   if (session->server != nullptr) {
     session->connection->SetServerReviver([server = session->server.get()] { server->Revive(); });
   }
-  session->skipped = database::PrepareDatabase(*session->connection);
+  session->read_only = session->server != nullptr && session->server->IsReadOnly();
+  if (!session->read_only) {
+    session->skipped = database::PrepareDatabase(*session->connection);
+  }
   if (options.screen) {
     session->screen_factors = SetScreenFactors(IniFile(session->folders.screen_ini),
                                                options.screen->width, options.screen->height);

@@ -82,6 +82,12 @@ AccountId AccountOf(const lookups::Directory& directory, ClientId client,
   return account->id;
 }
 
+void InformOf(Context& context, const records::Faults& faults) {
+  for (const QString& text : records::FaultTexts(context.Connection(), faults)) {
+    context.Inform(text.toStdString());
+  }
+}
+
 void Print(const std::string& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
     throw std::runtime_error("standard output cannot be written");

@@ -3,6 +3,7 @@
 #include "core/Progress.h"
 #include "core/app/Session.h"
 #include "core/lookups/Directory.h"
+#include "core/records/Faults.h"
 
 #include <CLI/CLI.hpp>
 
@@ -71,6 +72,9 @@ text::Date DateOf(const std::string& option, const std::string& text);
 ClientId ClientOf(const lookups::Directory& directory, const std::string& code);
 AccountId AccountOf(const lookups::Directory& directory, ClientId client,
                     const std::string& number);
+
+/// Tells of records that a report could not count as they are written.
+void InformOf(Context& context, const records::Faults& faults);
 
 /// Writes to standard output; Failure when it is closed or full.
 void Print(const std::string& text);

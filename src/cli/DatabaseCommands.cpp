@@ -8,19 +8,45 @@ namespace {
 
 std::string LotText(const ledger::LotChange& change, const lookups::Directory& directory) {
   return fmt::format("lot {} ({}, {}, {}, {}): the ledger holds {}, {}\n", change.lot.id.value,
-                     directory.Client(change.of.client).code, change.of.year.Utf8(),
+                     directory.Client(change.lot.client).code, change.lot.year.Utf8(),
                      directory.Account(change.lot.account).number,
-                     directory.Scrip(change.lot.scrip).code, change.lot.quantity,
-                     change.duplicate ? "but the lot stands twice"
-                                      : fmt::format("the documents say {}", change.quantity));
+                     directory.Scrip(change.lot.scrip).code, change.lot.quantity.Number(),
+                     change.duplicate
+                         ? "but the lot stands twice"
+                         : fmt::format("the documents say {}", change.quantity.Number()));
+}
+
+std::string AcrossTables(const repair::TableCheck& check, const lookups::Directory& directory) {
+  std::string report;
+  for (const ledger::LotChange& change : check.wrong_lots) {
+    report += LotText(change, directory);
+  }
+  for (const repair::Dangling& dangling : check.dangling) {
+    report += fmt::format("note: {} rows of {} name a record of {} ({}) that is not there\n",
+                          dangling.rows, dangling.table, dangling.names, dangling.column);
+  }
+  for (const repair::LostLines& lost : check.lost_lines) {
+    report += fmt::format("note: {} lines of bill {} ({}, {}), which is gone\n", lost.lines,
+                          lost.bill.value, directory.Client(lost.client).code, lost.year);
+  }
+  return report;
+}
+
+std::string Verdict(const repair::TableCheck& check) {
+  if (check.AllIsWell()) {
+    return "Keys are unique, and every lot agrees with its documents.\n";
+  }
+  return check.faults.empty()
+             ? "Something is wrong; \"quorvanectl rebuild --all\" mends the lots.\n"
+             : "A table is damaged; references and lots were not looked into. Restore a backup.\n";
 }
 
 void Check(Context& context) {
   const auto progress = context.MakeProgress();
   const repair::TableCheck check = repair::CheckTables(context.Connection(), *progress);
-  const lookups::Directory directory(context.Connection());
+  const auto& skipped_statements = context.Session().skipped;
   std::string report;
-  for (const auto& skipped : context.Session().skipped) {
+  for (const auto& skipped : skipped_statements) {
     report += fmt::format("skipped: {}\n         {}\n", skipped.statement, skipped.reason);
   }
   for (const repair::TableSize& size : check.sizes) {
@@ -33,18 +59,16 @@ void Check(Context& context) {
     report +=
         fmt::format("{}: {} keys ({}) stand more than once\n", key.table, key.keys, key.columns);
   }
-  for (const ledger::LotChange& change : check.wrong_lots) {
-    report += LotText(change, directory);
+  // Reads the masters, which a damaged table does not allow.
+  if (check.faults.empty()) {
+    report += AcrossTables(check, lookups::Directory(context.Connection()));
   }
-  for (const repair::Dangling& dangling : check.dangling) {
-    report += fmt::format("note: {} rows of {} name a record of {} ({}) that is not there\n",
-                          dangling.rows, dangling.table, dangling.names, dangling.column);
+  for (const QString& fault : check.record_faults) {
+    report += fmt::format("{}\n", fault.toStdString());
   }
-  report += check.AllIsWell()
-                ? "Keys are unique, and every lot agrees with its documents.\n"
-                : "Something is wrong; \"quorvanectl rebuild --all\" mends the lots.\n";
+  report += Verdict(check);
   Print(report);
-  context.status = check.AllIsWell() ? kDone : kRefused;
+  context.status = check.AllIsWell() && skipped_statements.empty() ? kDone : kRefused;
 }
 
 /// As one word of the shell.
@@ -62,8 +86,9 @@ void Connect(Context& context) {
       command += fmt::format(" {}{}", option, ShellWord(value));
     }
   };
-  add("--host=", settings.server);
-  add("--port=", settings.port == 0 ? QString() : QString::number(settings.port));
+  const database::ServerAddress& address = session.connection->Address();
+  add("--host=", address.host);
+  add("--port=", address.port == 0 ? QString() : QString::number(address.port));
   add("--socket=", settings.socket);
   add("--user=", settings.user);
   if (!settings.password.isEmpty()) {

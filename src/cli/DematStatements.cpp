@@ -25,8 +25,9 @@ struct DematReport {
               std::move(scope.scrips)} {}
 
   template <class Give>
-  void Build(database::Connection& connection, Progress& progress, const Give& give) const {
-    demat::BuildStatement(connection, query, progress, give);
+  records::Faults Build(database::Connection& connection, Progress& progress,
+                        const Give& give) const {
+    return demat::BuildStatement(connection, query, progress, give);
   }
   report::ReportDocument Document(ClientId client, std::span<const Part> parts,
                                   const lookups::Directory& directory) const {
@@ -56,8 +57,9 @@ struct TransactionsReport {
               options.account_wise} {}
 
   template <class Give>
-  void Build(database::Connection& connection, Progress& progress, const Give& give) const {
-    demat::BuildTransactions(connection, query, progress, give);
+  records::Faults Build(database::Connection& connection, Progress& progress,
+                        const Give& give) const {
+    return demat::BuildTransactions(connection, query, progress, give);
   }
   report::ReportDocument Document(ClientId client, std::span<const Part> parts,
                                   const lookups::Directory& directory) const {
@@ -86,8 +88,10 @@ class ClientReports {
   void Run() {
     using Part = typename Report::Part;
     const auto progress = context_.MakeProgress();
-    report_.Build(context_.Connection(), *progress,
-                  [this](ClientId client, std::span<const Part> parts) { Take(client, parts); });
+    const records::Faults faults = report_.Build(
+        context_.Connection(), *progress,
+        [this](ClientId client, std::span<const Part> parts) { Take(client, parts); });
+    InformOf(context_, faults);
     if (output_.IsFirst() && !(options_.scope.all && output_.ToFiles())) {
       Take(report_.query.client.value_or(ClientId{}), {});
     }
@@ -121,14 +125,15 @@ void MakeDemo(Context& context, const lookups::Directory& directory, const Repor
               bool with_csv, const DemoReportKind::Give& give) {
   using Part = typename Report::Part;
   Progress progress;
-  report.Build(context.Connection(), progress, [&](ClientId client, std::span<const Part> parts) {
+  const auto take = [&](ClientId client, std::span<const Part> parts) {
     DemoReport demo{client, report.Document(client, parts, directory)};
     if (with_csv) {
       Report::Header(demo.csv.emplace());
       Report::Csv(*demo.csv, parts, directory);
     }
     give(demo);
-  });
+  };
+  InformOf(context, report.Build(context.Connection(), progress, take));
 }
 
 void MakeDemoOf(Context& context, const lookups::Directory& directory, text::FinancialYear year,

@@ -11,18 +11,17 @@ void MakeStatements(Context& context, const lookups::Directory& directory, text:
                     const DemoReportKind::Give& give) {
   const auto query = profit::StatementQuery::OfYear(std::nullopt, year);
   Progress progress;
-  profit::BuildStatement(
-      context.Connection(), query, progress,
-      [&](ClientId client, std::span<const profit::StatementRow> rows) {
-        DemoReport report{
-            client, profit::MakeStatementDocument(mode, layout, query, client, rows, directory)};
-        if (layout == profit::Layout::kDetail) {
-          report.csv.emplace();
-          profit::AppendStatementCsvHeader(*report.csv);
-          profit::AppendStatementCsv(*report.csv, rows, directory);
-        }
-        give(report);
-      });
+  const auto take = [&](ClientId client, std::span<const profit::StatementRow> rows) {
+    DemoReport report{client,
+                      profit::MakeStatementDocument(mode, layout, query, client, rows, directory)};
+    if (layout == profit::Layout::kDetail) {
+      report.csv.emplace();
+      profit::AppendStatementCsvHeader(*report.csv);
+      profit::AppendStatementCsv(*report.csv, rows, directory);
+    }
+    give(report);
+  };
+  InformOf(context, profit::BuildStatement(context.Connection(), query, progress, take));
 }
 
 constexpr DemoReportKind kKinds[] = {

@@ -71,10 +71,12 @@ class StatementCommand {
         query_(QueryOf(options, directory_)) {}
 
   void Run() {
-    profit::BuildStatement(context_.Connection(), query_, *progress_,
-                           [this](ClientId client, std::span<const profit::StatementRow> rows) {
-                             Take(client, rows);
-                           });
+    const records::Faults faults =
+        profit::BuildStatement(context_.Connection(), query_, *progress_,
+                               [this](ClientId client, std::span<const profit::StatementRow> rows) {
+                                 Take(client, rows);
+                               });
+    InformOf(context_, faults);
     if (output_.IsFirst() && !(options_.scope.all && output_.ToFiles())) {
       Take(query_.client.value_or(ClientId{}), {});
     }

@@ -1,6 +1,6 @@
 #include "portfolio/ExportBills.h"
 
-#include "core/ledger/IdMap.h"
+#include "core/IdMap.h"
 #include "core/lookups/Directory.h"
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
@@ -212,7 +212,7 @@ class BillExport {
   Progress& progress_;
   lookups::Directory directory_;
   OutputFile* file_ = nullptr;
-  ledger::IdMap<double> lot_rates_;
+  IdMap<double> lot_rates_;
   std::vector<Line> lines_;
   std::vector<std::string> deliveries_;
   std::unordered_map<int, int> parts_;  ///< by bill

@@ -120,6 +120,9 @@ class MasterImport {
     names.scrips = Resolve<ScripId>(portfolio_.scrip_codes, scrips, "scrip_code", "scrip");
     ResolveExchanges(names);
     ResolveAccounts(names);
+    for (const auto& [table, next] : next_keys_) {
+      database::KeepKeys(transaction_, table, next);
+    }
     return names;
   }
 
@@ -174,11 +177,11 @@ class MasterImport {
     return id;
   }
 
-  /// One read of the maximum a table, then counted here.
+  /// One read of the counter a table, then counted here.
   int NextKey(std::string_view table) {
     auto [entry, fresh] = next_keys_.try_emplace(std::string(table), 0);
     if (fresh) {
-      entry->second = database::NextKey(transaction_, table);
+      entry->second = database::FirstFreeKey(transaction_, table);
     }
     return entry->second++;
   }

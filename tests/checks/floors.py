@@ -13,7 +13,7 @@ FLOORS = [
     {"masters", "reports", "admin"},
     {"transactions"},
     {"portfolio"},
-    {"ui", "cli"},
+    {"ui", "cli", "reader"},
 ]
 WINDOW = re.compile(r"^(Frm|frm|Rpt|ImpScr|MDIForm|RepairTable)|(View|Viewer|Page|Pane|Window)\.|^main\.cpp$")
 SQL = re.compile(r'"(Select [^"]* From |Insert Into |Update \w+ Set |Delete From |Alter Table |Create Table )')

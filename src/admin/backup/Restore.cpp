@@ -3,6 +3,7 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/backup/TableRows.h"
+#include "core/database/Keys.h"
 #include "core/database/Transaction.h"
 
 #include <QCoreApplication>
@@ -103,6 +104,7 @@ MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& back
                          const Manifest& manifest, const std::vector<TableEntry>& present,
                          Progress& progress) {
   RowCount count(progress, manifest);
+  const database::KeyCounters given = database::ReadCounters(transaction.GetConnection());
   // A table that the backup does not name was not there yet and had no rows.
   for (const TableEntry& table : present) {
     transaction.Execute("Delete From " + table.name);
@@ -118,6 +120,8 @@ MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& back
   for (const TableEntry& table : manifest.tables) {
     Compare(transaction.GetConnection(), table, manifest, count);
   }
+  // A key that was given since the backup is not given again.
+  database::RaiseCounters(transaction, given);
   return std::nullopt;
 }
 
@@ -127,7 +131,8 @@ void CheckRestored(const database::ConnectionSettings& settings, const Manifest&
   database::Connection fresh(settings);
   for (const TableEntry& table : manifest.tables) {
     auto rows = fresh.Open(fmt::format("Select Count(*) From {}", table.name));
-    if (!rows.Next() || rows.Int64(0) != table.rows) {
+    const bool is_counters = table.name == "RecordKey";  // has those of both by now
+    if (!rows.Next() || (rows.Int64(0) != table.rows && !is_counters)) {
       throw std::runtime_error(
           Tr("The backup was restored, but the table %1 has another number of rows now. What was "
              "replaced lies in %2.")

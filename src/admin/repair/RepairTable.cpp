@@ -86,15 +86,15 @@ Row LotRow(const ledger::LotChange& change, const lookups::Directory& directory)
   const QString says =
       change.duplicate
           ? RepairTable::tr("the lot stands twice")
-          : RepairTable::tr("the documents say %1").arg(text::NumberText(change.quantity));
+          : RepairTable::tr("the documents say %1").arg(text::NumberText(change.quantity.Number()));
   return {
       .cells = {QStringLiteral("Stock"), QVariant(), RepairTable::tr("Wrong"),
                 RepairTable::tr("%1, %2, account %3, scrip %4 at %5: the ledger holds %6, %7.")
-                    .arg(FromUtf8(directory.Client(change.of.client).code), change.of.year.Text(),
+                    .arg(FromUtf8(directory.Client(change.lot.client).code), change.lot.year.Text(),
                          FromUtf8(directory.Account(change.lot.account).number),
                          FromUtf8(directory.Scrip(change.lot.scrip).code),
-                         text::NumberText(change.lot.rate), text::NumberText(change.lot.quantity),
-                         says)}};
+                         text::NumberText(change.lot.rate),
+                         text::NumberText(change.lot.quantity.Number()), says)}};
 }
 
 }  // namespace
@@ -150,6 +150,9 @@ void RepairTable::ShowCheck(const TableCheck& check) {
     for (const ledger::LotChange& change : check.wrong_lots) {
       rows.push_back(LotRow(change, directory));
     }
+  }
+  for (const QString& fault : check.record_faults) {
+    rows.push_back({.cells = {QString(), QVariant(), tr("Wrong"), fault}});
   }
   VSF->SetRows(std::move(rows));
   LblResult->setText(Summary(check));

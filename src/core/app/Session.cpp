@@ -2,7 +2,10 @@
 
 #include "core/app/Ini.h"
 #include "core/database/DatabaseSettings.h"
+#include "core/database/ServerCheck.h"
 #include "core/platform/Processes.h"
+
+#include <stdexcept>
 
 namespace quorvane::app {
 namespace {
@@ -19,6 +22,12 @@ database::ConnectionSettings DatabaseOf(Session& session, const StartUpOptions& 
   session.server =
       std::make_unique<database::PrivateServer>(session.folders.database, options.on_first_start);
   return session.server->SettingsOf(kDatabaseName);
+}
+
+void RefuseBecause(const QString& reason) {
+  if (!reason.isEmpty()) {
+    throw std::runtime_error(reason.toStdString());
+  }
 }
 
 }  // namespace
@@ -42,7 +51,9 @@ std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
   }
   session->read_only = session->server != nullptr && session->server->IsReadOnly();
   if (!session->read_only) {
+    RefuseBecause(database::WhyUnsuitable(*session->connection));
     session->skipped = database::PrepareDatabase(*session->connection);
+    RefuseBecause(database::WhyIncomplete(session->skipped));
   }
   if (options.screen) {
     session->screen_factors = SetScreenFactors(IniFile(session->folders.screen_ini),

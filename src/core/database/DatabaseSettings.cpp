@@ -14,6 +14,8 @@ namespace {
 
 using Read = std::function<QString(const QString& key)>;
 
+constexpr int kLargestPort = 65535;
+
 [[noreturn]] void Refuse(const QString& key, const QString& text, const char* wanted) {
   throw std::runtime_error(fmt::format("[Database] {} in the settings file must be {}, not \"{}\"",
                                        key.toStdString(), wanted, text.toStdString()));
@@ -27,10 +29,19 @@ int ReadPort(const Read& read) {
   }
   bool is_number = false;
   const int port = text.toInt(&is_number);
-  if (!is_number || port < 1 || port > 65535) {
+  if (!is_number || port < 1 || port > kLargestPort) {
     Refuse(key, text, "a number from 1 to 65535");
   }
   return port;
+}
+
+void CheckAddresses(const ConnectionSettings& settings) {
+  for (const ServerAddress& address : settings.Addresses()) {
+    if (address.port < 0 || address.port > kLargestPort) {
+      Refuse(QStringLiteral("Server"), settings.server,
+             "names of servers, each with :port or without, parted by commas");
+    }
+  }
 }
 
 /// A misspelt "yes" must not leave a server unverified.
@@ -70,6 +81,7 @@ std::optional<ConnectionSettings> ReadDatabaseSettings(const Read& read) {
     settings.driver = driver;
   }
   settings.port = ReadPort(read);
+  CheckAddresses(settings);
   settings.user = read(QStringLiteral("User"));
   settings.password = read(QStringLiteral("Password"));
   settings.tls_ca = read(QStringLiteral("TlsCa"));

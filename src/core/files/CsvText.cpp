@@ -6,7 +6,12 @@
 #include <QCoreApplication>
 #include <QStringConverter>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+#include <utility>
 
 namespace quorvane::files {
 namespace {
@@ -29,26 +34,48 @@ std::string ToUtf8(std::string_view bytes) {
   return text.empty() ? DecodedWith(QStringDecoder(QStringConverter::Latin1), bytes) : text;
 }
 
-void Replace(std::string& text, std::string_view from, std::string_view to) {
-  for (std::size_t at = text.find(from); at != std::string::npos;
-       at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
+/// The letter that an entity's number names ("#38", "#x26"); nullopt when it names none.
+std::optional<std::string> NumberedLetter(std::string_view entity) {
+  const bool is_hex = entity.starts_with("#x") || entity.starts_with("#X");
+  const std::string_view digits = entity.substr(is_hex ? 2 : 1);
+  std::uint32_t code = 0;
+  const auto [end, error] =
+      std::from_chars(digits.data(), digits.data() + digits.size(), code, is_hex ? 16 : 10);
+  const bool is_letter = code >= 0x20 && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+  if (error != std::errc() || end != digits.data() + digits.size() || !is_letter) {
+    return std::nullopt;
   }
+  const char32_t letter = code;
+  return QString::fromUcs4(&letter, 1).toStdString();
+}
+
+std::optional<std::string> LetterOf(std::string_view entity) {
+  using Pair = std::pair<std::string_view, std::string_view>;
+  constexpr std::array kNamed{Pair{"quot", "\""}, Pair{"apos", "'"}, Pair{"nbsp", " "},
+                              Pair{"lt", "<"},    Pair{"gt", ">"},   Pair{"amp", "&"}};
+  if (entity.starts_with('#')) {
+    return NumberedLetter(entity);
+  }
+  const auto* found = std::ranges::find(kNamed, entity, &Pair::first);
+  return found == kNamed.end() ? std::nullopt : std::optional<std::string>(found->second);
 }
 
 std::string WithoutEntities(std::string_view field) {
-  std::string text(field);
-  if (text.find('&') == std::string::npos) {
-    return text;
+  constexpr std::size_t kLongestEntity = 12;
+  std::string text;
+  while (true) {
+    const std::size_t start = std::min(field.find('&'), field.size());
+    text += field.substr(0, start);
+    field.remove_prefix(start);
+    if (field.empty()) {
+      return text;
+    }
+    const std::size_t end = field.substr(0, kLongestEntity).find(';');
+    const auto letter =
+        end == std::string_view::npos ? std::nullopt : LetterOf(field.substr(1, end - 1));
+    text += letter.value_or("&");
+    field.remove_prefix(letter ? end + 1 : 1);
   }
-  using Pair = std::pair<std::string_view, std::string_view>;
-  constexpr std::array kEntities{Pair{"&quot;", "\""}, Pair{"&#39;", "'"}, Pair{"&apos;", "'"},
-                                 Pair{"&nbsp;", " "},  Pair{"&lt;", "<"},  Pair{"&gt;", ">"},
-                                 Pair{"&amp;", "&"}};
-  for (const auto& [entity, character] : kEntities) {
-    Replace(text, entity, character);
-  }
-  return text;
 }
 
 void RefuseNoTable(std::string_view text) {

@@ -43,7 +43,9 @@ void TableBuilder::Put(std::size_t row, std::size_t column, std::string_view utf
   if (text.empty()) {
     return;
   }
-  if (row >= kMostRows || column >= kMostColumns || text.size() > kLongestCell) {
+  text_ += text.size();
+  if (row >= kMostRows || column >= kMostColumns || text.size() > kLongestCell ||
+      text_ > kMostText) {
     TooLarge();
   }
   if (row >= rows_.size()) {
@@ -64,6 +66,7 @@ void TableBuilder::Put(std::size_t row, std::size_t column, std::string_view utf
 TextTable TableBuilder::Take() {
   std::erase_if(rows_, [](const TextRow& row) { return row.cells.empty(); });
   cells_ = 0;
+  text_ = 0;
   return {std::exchange(rows_, {})};
 }
 

@@ -31,10 +31,13 @@ class TableError : public std::runtime_error {
 /// What a table may hold at most; more of it is no exchange's file.
 inline constexpr std::size_t kMostRows = 200'000;
 inline constexpr std::size_t kMostColumns = 256;
-inline constexpr std::size_t kMostCells = 8'000'000;
+inline constexpr std::size_t kMostCells = 8'000'000;        ///< empty ones before others counted
 inline constexpr std::size_t kLongestCell = 4'096;          ///< bytes
 inline constexpr std::size_t kLargestFile = 64 << 20;       ///< bytes
 inline constexpr std::size_t kLargestUnpacked = 256 << 20;  ///< bytes, of everything in an archive
+
+/// Bytes of all cells; a workbook can show one text in many of them.
+inline constexpr std::size_t kMostText = 256 << 20;
 
 /// The text without blanks, tabs, no-break blanks and line ends around it.
 std::string_view Trimmed(std::string_view utf8);
@@ -50,6 +53,7 @@ class TableBuilder {
  private:
   std::vector<TextRow> rows_;
   std::size_t cells_ = 0;
+  std::size_t text_ = 0;  ///< bytes
 };
 
 }  // namespace quorvane::files

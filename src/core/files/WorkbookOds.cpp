@@ -58,7 +58,7 @@ class SheetReader {
       text = text.empty() ? shown : text;
     }
     if (!Trimmed(text).empty()) {
-      if (times > kMostColumns) {
+      if (times > kMostColumns || column_ + times > kMostColumns) {
         Refuse(QT_TRANSLATE_NOOP("Files", "The file holds more than can be read."));
       }
       for (std::size_t i = 0; i < times; ++i) {

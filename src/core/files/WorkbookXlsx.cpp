@@ -68,6 +68,9 @@ std::vector<std::string> SharedTexts(std::span<const ArchiveEntry> parts) {
   XmlStream xml(part->content);
   while (xml.Next()) {
     if (xml.Starts("si")) {
+      if (texts.size() >= kMostCells) {
+        Refuse(QT_TRANSLATE_NOOP("Files", "The file holds more than can be read."));
+      }
       texts.emplace_back();
     } else if (xml.Starts("rPh")) {
       xml.Skip();

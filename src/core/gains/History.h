@@ -5,6 +5,7 @@
 #include "core/database/Connection.h"
 #include "core/gains/Blocks.h"
 #include "core/gains/Matching.h"
+#include "core/records/Movements.h"
 
 #include <cstdint>
 #include <functional>
@@ -39,8 +40,7 @@ struct ScripHistory {
 /// The movements of a year, read set-wise: one query a table whatever the number of clients.
 class History {
  public:
-  /// Throws DatabaseError, Cancellation, or std::runtime_error when a bill or a transfer has no
-  /// date that can be read: leaving it out would lose it.
+  /// Throws DatabaseError or Cancellation.
   History(database::Connection& connection, const HistoryQuery& query, Progress& progress);
 
   /// Calls `visit` for each client (by code), scrip (by name) and account (by number) that has
@@ -49,10 +49,13 @@ class History {
 
   std::size_t LineCount() const { return movements_.size(); }
 
+  /// Records that could not count as they are written.
+  const records::Faults& Faults() const { return faults_; }
+
  private:
   friend class HistoryReader;
 
-  enum class Kind : std::uint8_t { kOpening, kPurchase, kTransferIn, kSale, kTransferOut };
+  using Kind = records::MovementKind;
 
   struct Movement {
     std::uint32_t client_rank;
@@ -86,6 +89,7 @@ class History {
 
   HistoryQuery query_;
   Blocks<Movement> movements_;
+  records::Faults faults_;
   std::vector<int> clients_;  ///< ids by rank
   std::vector<int> scrips_;
   std::vector<int> accounts_;

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/IdMap.h"
 #include "core/gains/History.h"
-#include "core/ledger/IdMap.h"
+#include "core/records/Movements.h"
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,16 +17,10 @@ class HistoryReader {
   void Read();
 
  private:
-  struct BillHeader {
-    std::int32_t day;
-    int account;
-  };
-  using Ranks = ledger::IdMap<std::uint32_t>;
-
   /// Ids in the query's order become ranks; ids that documents name and no master knows follow in
   /// the order of their appearance.
   struct Ranking {
-    Ranks known;
+    IdMap<std::uint32_t> known;
     std::vector<int>* ids = nullptr;
     std::vector<std::pair<int, std::uint32_t>> strangers;
 
@@ -34,26 +28,18 @@ class HistoryReader {
   };
 
   void ReadRanking(Ranking& ranking, std::vector<int>& ids, std::string_view sql);
-  database::Recordset OpenScoped(std::string_view sql, std::string_view client_column = "Cid");
-  void ReadOpenings();
-  void ReadBills();
   void ReadLotRates();
-  void ReadLines();
-  void ReadTransfers();
-  bool IsWanted(bool fo) const;
-  std::int32_t DayOf(std::string_view text, const char* document, int id) const;
-  History::Movement& Add(int client, int scrip, int account);
-  void Done();
+  bool IsWanted(const records::Movement& movement) const;
+  void Take(const records::Movement& movement);
+  double LotRateOf(const records::Movement& movement) const;
 
   database::Connection& connection_;
   History& history_;
   Progress& progress_;
-  int steps_ = 0;
   Ranking clients_;
   Ranking scrips_;
   Ranking accounts_;
-  ledger::IdMap<BillHeader> bills_;
-  ledger::IdMap<double> lot_rates_;
+  IdMap<double> lot_rates_;
 };
 
 }  // namespace quorvane::gains

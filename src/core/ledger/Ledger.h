@@ -2,28 +2,15 @@
 
 #include "core/ClientYear.h"
 #include "core/database/Transaction.h"
+#include "core/ledger/Lots.h"
 
 #include <optional>
 #include <vector>
 
 namespace quorvane::ledger {
 
-using database::Connection;
-using database::Transaction;
-
 /// The holdings ledger, or the scratch copy on which a bill or a transfer is edited.
 enum class LotTable { kStock, kStockTemp };
-
-enum class Posting { kAdd, kSubtract };
-
-/// What makes a lot: shares of one scrip in one account, bought at one rate (rupees a share,
-/// compared as exactly the double that was posted).
-struct LotKey {
-  ClientYear of;
-  AccountId account;
-  ScripId scrip;
-  double rate = 0;
-};
 
 struct Lot {
   LotId id;
@@ -32,16 +19,6 @@ struct Lot {
   double quantity = 0;  ///< shares; may be 0
   double rate = 0;      ///< rupees a share
 };
-
-/// Posts a positive quantity of shares into the lot of that key and returns the lot. A lot that
-/// does not exist is made with the quantity as it stands, whatever `posting` says; so a caller
-/// subtracts only from a lot that it has read. Quantities are kept to six decimals.
-LotId PostLot(Transaction& transaction, Posting posting, const LotKey& key, double quantity,
-              LotTable table);
-
-/// Changes the quantity of the lot of that key number; an unknown one changes nothing.
-void AdjustLotQty(Transaction& transaction, Posting posting, LotId lot, double quantity,
-                  LotTable table);
 
 /// The lots of a client and year, in the order of their ids; of one account when it is given.
 std::vector<Lot> ReadLots(Connection& connection, const ClientYear& of,

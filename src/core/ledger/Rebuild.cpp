@@ -1,52 +1,17 @@
 #include "core/ledger/Rebuild.h"
 
 #include "core/database/BulkWriter.h"
-#include "core/ledger/IdMap.h"
-#include "core/ledger/YearCache.h"
+#include "core/ledger/Ledger.h"
+#include "core/records/Movements.h"
 
-#include <bit>
-#include <cstdint>
+#include <set>
 #include <span>
-#include <string>
-#include <unordered_map>
 
 namespace quorvane::ledger {
 namespace {
 
-using database::Recordset;
-using database::Value;
-
-constexpr int kSteps = 5;
-
-/// A lot's key without its client: transfers are found without regard to the client.
-struct PlaceKey {
-  int year = 0;
-  int account = 0;
-  int scrip = 0;
-  double rate = 0;
-
-  bool operator==(const PlaceKey&) const = default;
-};
-
-struct PlaceKeyHash {
-  std::size_t operator()(const PlaceKey& key) const noexcept {
-    // -0.0 and 0.0 are one rate.
-    const auto rate = std::bit_cast<std::uint64_t>(key.rate == 0 ? 0.0 : key.rate);
-    std::uint64_t hash = rate ^ (static_cast<std::uint64_t>(key.scrip) * 0x9E3779B97F4A7C15ULL);
-    hash ^= (static_cast<std::uint64_t>(key.account) << 20) ^
-            (static_cast<std::uint64_t>(key.year) << 52);
-    hash *= 0xD6E8FEB86659FD93ULL;
-    return hash ^ (hash >> 32);
-  }
-};
-
-struct LotState {
-  ClientYear of;
-  Lot lot;
-  double computed = 0;
-  bool duplicate = false;
-  std::int64_t next_at_place = -1;  ///< another client's lot of the same place key
-};
+using records::Movement;
+using records::MovementKind;
 
 /// The lots of a scope and what the documents add up to for each.
 class Recount {
@@ -54,198 +19,110 @@ class Recount {
   Recount(Connection& connection, const std::optional<ClientYear>& of, Progress& progress)
       : connection_(connection), of_(of), progress_(progress) {}
 
-  std::vector<LotChange> Run() {
-    progress_.Begin(QStringLiteral("Holdings"), kSteps);
-    ReadAllLots();
-    Done();
-    AddOpenings();
-    Done();
-    ReadBillAccounts();
-    Done();
-    AddBillLines();
-    Done();
-    AddTransfers();
-    Done();
-    return Differences();
+  StockCheck Run() {
+    const LotScope scope = of_ ? LotScope::Of(*of_) : LotScope{};
+    for (const records::Lot& lot : ReadLots(connection_, scope)) {
+      lots_.Load(lot);
+    }
+    lots_.Empty();
+    records::MovementScope movements;
+    movements.charges = false;
+    movements.every_transfer = true;
+    if (of_) {
+      movements.client = of_->client;
+      movements.year = of_->year;
+    }
+    records::ReadMovements(connection_, movements, check_.faults, progress_,
+                           [this](const Movement& movement) { Count(movement); });
+    AddChanges();
+    AddSalesWithoutLot();
+    return std::move(check_);
   }
 
  private:
-  void Done() {
-    progress_.Step(++steps_);
-    progress_.ThrowIfCancelled();
+  using PlaceOfScrip = std::pair<Place, ScripId>;
+
+  static LotKey KeyOf(const Movement& m) {
+    return {{m.client, m.year}, m.account, m.scrip, m.rate};
   }
 
-  Recordset OpenScoped(std::string sql, std::string_view tail = "") {
-    std::vector<Value> values;
-    if (of_) {
-      sql += " Where Cid=? and Fyear=?";
-      values = {of_->client, of_->year.Text()};
-    }
-    return connection_.OpenValues(sql + std::string(tail), values);
-  }
-
-  void ReadAllLots() {
-    for (const auto& row :
-         OpenScoped("Select Cid,Fyear,Id,AcId,ScriptId,Qty,Rate From Stock", " Order By Id")) {
-      lots_.push_back({{ClientId{row.Int(std::size_t{0})}, years_.Read(row.Utf8(1))},
-                       {LotId{row.Int(2)}, AccountId{row.Int(3)}, ScripId{row.Int(4)},
-                        row.Double(5), row.Double(6)}});
-    }
-    by_place_.reserve(lots_.size());
-    for (std::size_t index = 0; index < lots_.size(); ++index) {
-      Place(index);
-      by_id_.Put(lots_[index].lot.id.value, static_cast<std::uint32_t>(index));
-    }
-    by_id_.Seal();
-  }
-
-  void Place(std::size_t index) {
-    LotState& state = lots_[index];
-    const PlaceKey key = KeyOf(state);
-    const auto [entry, fresh] = by_place_.try_emplace(key, static_cast<std::int64_t>(index));
-    if (fresh) {
-      return;
-    }
-    state.duplicate = Find(state.of, key) != nullptr;
-    if (!state.duplicate) {
-      state.next_at_place = entry->second;
-      entry->second = static_cast<std::int64_t>(index);
-    }
-  }
-
-  static PlaceKey KeyOf(const LotState& state) {
-    return {state.of.year.FirstCalendarYear(), state.lot.account.value, state.lot.scrip.value,
-            state.lot.rate};
-  }
-
-  std::int64_t FirstAt(const PlaceKey& key) const {
-    const auto found = by_place_.find(key);
-    return found == by_place_.end() ? -1 : found->second;
-  }
-
-  LotState* Find(const ClientYear& of, const PlaceKey& key) {
-    for (std::int64_t i = FirstAt(key); i >= 0;
-         i = lots_[static_cast<std::size_t>(i)].next_at_place) {
-      LotState& state = lots_[static_cast<std::size_t>(i)];
-      if (state.of.client == of.client) {
-        return &state;
-      }
-    }
-    return nullptr;
-  }
-
-  void AddIn(const ClientYear& of, const PlaceKey& key, double quantity) {
-    if (LotState* lot = Find(of, key)) {
-      lot->computed += quantity;
+  void Count(const Movement& m) {
+    switch (m.kind) {
+      case MovementKind::kOpening:
+      case MovementKind::kPurchase:
+        return AddIn(m);
+      case MovementKind::kSale:
+        return TakeSale(m);
+      case MovementKind::kTransferIn:
+      case MovementKind::kTransferOut:
+        return Move(m);
     }
   }
 
   /// A purchase usually names the lot that it belongs to, which saves the search for it.
-  void AddPurchase(const ClientYear& of, LotId named, const PlaceKey& key, double quantity) {
-    LotState* lot = FindById(named);
-    if (lot != nullptr && !lot->duplicate && lot->of == of && KeyOf(*lot) == key) {
-      lot->computed += quantity;
+  void AddIn(const Movement& m) {
+    const LotKey key = KeyOf(m);
+    const records::Lot* lot = m.lot ? lots_.Find(m.lot) : nullptr;
+    if (lot == nullptr || ledger::KeyOf(*lot) != key || lots_.IsDuplicate(m.lot)) {
+      lot = lots_.Find(key);
+    }
+    if (lot != nullptr) {
+      lots_.AdjustLotQty(Posting::kAdd, lot->id, m.quantity);
+    }
+  }
+
+  void TakeSale(const Movement& m) {
+    const Place place{{m.client, m.year}, m.account};
+    if (lots_.Find(place, m.lot, m.scrip) != nullptr) {
+      lots_.AdjustLotQty(Posting::kSubtract, m.lot, m.quantity);
     } else {
-      AddIn(of, key, quantity);
+      without_lot_.push_back({{place, m.scrip}, m.document});
     }
   }
 
-  LotState* FindById(LotId id) {
-    const std::uint32_t* index = by_id_.Find(id.value);
-    return index == nullptr ? nullptr : &lots_[*index];
-  }
-
-  void AddOpenings() {
-    for (const auto& row : OpenScoped("Select CId,Fyear,AcId,ScriptId,Rate,Qty From StkOpBal")) {
-      const ClientYear of{ClientId{row.Int(std::size_t{0})}, years_.Read(row.Utf8(1))};
-      AddIn(of, {of.year.FirstCalendarYear(), row.Int(2), row.Int(3), row.Double(4)},
-            row.Double(5));
-    }
-  }
-
-  void ReadBillAccounts() {
-    for (const auto& row : OpenScoped("Select ID,AcId From SPMaster")) {
-      accounts_.Put(row.Int(std::size_t{0}), row.Int(1));
-    }
-    accounts_.Seal();
-  }
-
-  void AddBillLines() {
-    for (const auto& row :
-         OpenScoped("Select Cid,Fyear,SID,SP,StkId,ScriptId,Qty,Rate From SPTrans")) {
-      const int* account = accounts_.Find(row.Int(2));
-      if (account == nullptr) {
-        continue;
+  void AddSalesWithoutLot() {
+    std::set<PlaceOfScrip> held;
+    for (const Lots::Entry& entry : lots_.Entries()) {
+      if (without_lot_.empty()) {
+        break;
       }
-      const ClientYear of{ClientId{row.Int(std::size_t{0})}, years_.Read(row.Utf8(1))};
-      constexpr int kPurchase = 1;
-      if (row.Int(3) == kPurchase) {
-        AddPurchase(of, LotId{row.Int(4)},
-                    {of.year.FirstCalendarYear(), *account, row.Int(5), row.Double(7)},
-                    row.Double(6));
-      } else {
-        TakeSale(of, LotId{row.Int(4)}, *account, row.Int(5), row.Double(6));
+      held.insert({{entry.lot.Of(), entry.lot.account}, entry.lot.scrip});
+    }
+    for (const auto& [place, bill] : without_lot_) {
+      if (held.contains(place)) {
+        check_.faults.push_back(
+            {records::FaultKind::kSaleWithoutLot, place.first.of.client, bill, {}, {}});
       }
     }
   }
 
-  void TakeSale(const ClientYear& of, LotId id, int account, int scrip, double quantity) {
-    LotState* lot = FindById(id);
-    if (lot != nullptr && lot->of == of && lot->lot.account.value == account &&
-        lot->lot.scrip.value == scrip) {
-      lot->computed -= quantity;
-    }
+  /// A transfer counts for its accounts, whoever is recorded as their client.
+  void Move(const Movement& m) {
+    const Shares change = m.kind == MovementKind::kTransferIn ? m.quantity : -m.quantity;
+    lots_.ForEachClientAt(KeyOf(m), [&](records::Lot& lot) { lot.quantity += change; });
   }
 
-  void AddTransfers() {
-    std::string sql = "Select Fyear,ScrId,PRate,FrmAcId,ToAcId,Qty From ScrTransfer";
-    std::vector<Value> values;
-    if (of_) {
-      sql += " Where Fyear=?";
-      values = {of_->year.Text()};
-    }
-    for (const auto& row : connection_.OpenValues(sql, values)) {
-      const int year = years_.Read(row.Utf8(0)).FirstCalendarYear();
-      const double quantity = row.Double(5);
-      Move({year, row.Int(3), row.Int(1), row.Double(2)}, -quantity);
-      if (row.Int(3) != row.Int(4)) {
-        Move({year, row.Int(4), row.Int(1), row.Double(2)}, quantity);
+  void AddChanges() {
+    for (const Lots::Entry& entry : lots_.Entries()) {
+      const records::Lot* kept = entry.duplicate ? lots_.Find(ledger::KeyOf(entry.lot)) : nullptr;
+      if (kept != nullptr && kept->id == entry.lot.id) {
+        // Which of two rows of one number is deleted is open; the one that stays gets its quantity.
+        check_.changes.push_back({*kept, kept->quantity, false});
+      }
+      if (entry.duplicate || entry.lot.quantity != entry.stored) {
+        records::Lot stored = entry.lot;
+        stored.quantity = entry.stored;
+        check_.changes.push_back({stored, entry.lot.quantity, entry.duplicate});
       }
     }
-  }
-
-  void Move(const PlaceKey& key, double quantity) {
-    for (std::int64_t i = FirstAt(key); i >= 0;
-         i = lots_[static_cast<std::size_t>(i)].next_at_place) {
-      lots_[static_cast<std::size_t>(i)].computed += quantity;
-    }
-  }
-
-  std::vector<LotChange> Differences() {
-    std::vector<LotChange> changes;
-    for (const LotState& state : lots_) {
-      const double computed = SettleQuantity(state.computed);
-      if (const LotState* kept = state.duplicate ? Find(state.of, KeyOf(state)) : nullptr;
-          kept != nullptr && kept->lot.id == state.lot.id) {
-        // Which of two rows of one id is deleted is open; the one that stays gets its quantity.
-        changes.push_back({kept->of, kept->lot, SettleQuantity(kept->computed), false});
-      }
-      if (state.duplicate || computed != SettleQuantity(state.lot.quantity)) {
-        changes.push_back({state.of, state.lot, computed, state.duplicate});
-      }
-    }
-    return changes;
   }
 
   Connection& connection_;
   std::optional<ClientYear> of_;
   Progress& progress_;
-  YearCache years_;
-  int steps_ = 0;
-  std::vector<LotState> lots_;
-  IdMap<std::uint32_t> by_id_;
-  IdMap<int> accounts_;
-  std::unordered_map<PlaceKey, std::int64_t, PlaceKeyHash> by_place_;
+  Lots lots_;
+  std::vector<std::pair<PlaceOfScrip, int>> without_lot_;  ///< with their bills
+  StockCheck check_;
 };
 
 void DropDuplicates(Transaction& transaction, std::span<const LotChange> changes) {
@@ -262,7 +139,7 @@ void SetOneByOne(Transaction& transaction, std::span<const LotChange> changes) {
   database::BulkWriter set(transaction, "Update Stock Set Qty=? Where Id=?", "di");
   for (const LotChange& change : changes) {
     if (!change.duplicate) {
-      set.Double(change.quantity).Int(change.lot.id.value).EndRow();
+      set.Double(change.quantity.Number()).Int(change.lot.id.value).EndRow();
     }
   }
   set.Finish();
@@ -294,7 +171,7 @@ bool SetAtOnce(Transaction& transaction, std::span<const LotChange> changes) {
   database::BulkWriter changed(transaction, "Replace Into LotChanges Values(?,?)", "id");
   for (const LotChange& change : changes) {
     if (!change.duplicate) {
-      changed.Int(change.lot.id.value).Double(change.quantity).EndRow();
+      changed.Int(change.lot.id.value).Double(change.quantity.Number()).EndRow();
     }
   }
   changed.Finish();
@@ -305,8 +182,8 @@ bool SetAtOnce(Transaction& transaction, std::span<const LotChange> changes) {
 
 }  // namespace
 
-std::vector<LotChange> CheckStock(Connection& connection, const std::optional<ClientYear>& of,
-                                  Progress& progress) {
+StockCheck CheckStock(Connection& connection, const std::optional<ClientYear>& of,
+                      Progress& progress) {
   return Recount(connection, of, progress).Run();
 }
 
@@ -315,7 +192,8 @@ std::size_t RebuildStock(Transaction& transaction, const std::optional<ClientYea
   // In the order in which a saved record takes them, so that the two do not wait for each other.
   transaction.Execute("Delete From Stock_Temp");
   LockLots(transaction, of);
-  const std::vector<LotChange> changes = CheckStock(transaction.GetConnection(), of, progress);
+  const std::vector<LotChange> changes =
+      CheckStock(transaction.GetConnection(), of, progress).changes;
   DropDuplicates(transaction, changes);
   constexpr std::size_t kMany = 2000;
   if (changes.size() < kMany || !SetAtOnce(transaction, changes)) {

@@ -20,6 +20,9 @@ bool CsvReader::Next() {
   fields_.clear();
   record_line_ = line_;
   while (true) {
+    if (fields_.size() >= kMostCsvFields) {
+      throw CsvError(record_line_, "the line holds too many fields");
+    }
     fields_.push_back(ReadField());
     if (at_ < text_.size() && text_[at_] == ',') {
       ++at_;

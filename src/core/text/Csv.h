@@ -20,6 +20,9 @@ class CsvError : public std::runtime_error {
   std::size_t line_;
 };
 
+/// More fields are in no table's record.
+inline constexpr std::size_t kMostCsvFields = 4'096;
+
 /// Reads comma separated values as RFC 4180 has them: quoted fields with doubled quotes and line
 /// breaks inside, lines ended by LF or CRLF, a UTF-8 byte order mark passed over. The text must
 /// outlive the reader, and fields stay valid as long as both.
@@ -27,7 +30,8 @@ class CsvReader {
  public:
   explicit CsvReader(std::string_view text);
 
-  /// Moves to the next record that is not a blank line; false at the end. Throws CsvError.
+  /// Moves to the next record that is not a blank line; false at the end. Throws CsvError,
+  /// also for a record of more than kMostCsvFields.
   bool Next();
 
   /// The line on which the current record begins, counted from 1.

@@ -13,6 +13,8 @@ namespace quorvane::text {
 /// An Indian financial year, 1 April to 31 March, written "2011-12".
 class FinancialYear {
  public:
+  /// No year of anything: what a record has before it is filled in.
+  FinancialYear() = default;
   explicit FinancialYear(int first_calendar_year) : first_year_(first_calendar_year) {}
 
   /// Reads "2011-12"; nullopt unless the two digits are those of the following year.
@@ -32,7 +34,7 @@ class FinancialYear {
   auto operator<=>(const FinancialYear&) const = default;
 
  private:
-  int first_year_;
+  int first_year_ = 0;
 };
 
 }  // namespace quorvane::text

@@ -1,124 +1,73 @@
 #include "masters/clients/DocumentPage.h"
 
-#include "masters/clients/DocumentKind.h"
-
-#include <QCoreApplication>
-#include <QFile>
-#include <QImageReader>
-#include <QPainter>
-#include <QPdfDocument>
+#include <QDataStream>
+#include <QIODevice>
 
 #include <algorithm>
 #include <cmath>
-#include <mutex>
-#include <stdexcept>
+#include <memory>
+#include <utility>
 
 namespace quorvane::clients {
 namespace {
 
-constexpr double kPoint = 96.0 / 72.0;  // device-independent pixels
-constexpr double kSharpness = 2.0;      // pixels rendered for each of them
-constexpr double kMostPixels = 24e6;    // of a rendered page
-constexpr int kMostMegabytes = 256;     // of a picture in memory
-constexpr qint64 kPdfHeader = 1024;     // bytes within which the signature stands
 constexpr int kSmallestLevel = 256;
+constexpr quint32 kMark = 0x51505041;  // what a written page begins with
+constexpr quint8 kMostLevels = 16;
+constexpr qsizetype kLongestText = 100'000;  // letters
+constexpr double kLargestSide = 100'000;     // device-independent pixels
+constexpr qint64 kPixelBytes = 4;
 
-[[noreturn]] void Fail(const char* text) {
-  throw std::runtime_error(QCoreApplication::translate("Clients", text).toStdString());
+struct Level {
+  qint32 width = 0;
+  qint32 height = 0;
+  bool alpha = false;
+
+  bool IsWithinBounds() const {
+    return width > 0 && height > 0 &&
+           static_cast<double>(width) * height <= DocumentPage::kMostPixels;
+  }
+  qint64 Bytes() const { return kPixelBytes * width * height; }
+};
+
+QImage::Format FormatFor(bool alpha) {
+  return alpha ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
 }
 
-std::vector<QImage> LevelsOf(const QImage& image) {
-  std::vector<QImage> levels{image.convertToFormat(
-      image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32)};
-  while (std::min(levels.back().width(), levels.back().height()) > 2 * kSmallestLevel) {
-    levels.push_back(levels.back().scaled(levels.back().size() / 2, Qt::IgnoreAspectRatio,
-                                          Qt::SmoothTransformation));
+/// An image of its own piece of the bytes, which are not copied.
+QImage ImageAt(const QByteArray& bytes, qint64 at, const Level& level) {
+  auto owner = std::make_unique<QByteArray>(bytes);
+  const auto* pixels = reinterpret_cast<const uchar*>(owner->constData()) + at;
+  return {pixels,
+          level.width,
+          level.height,
+          static_cast<qsizetype>(kPixelBytes * level.width),
+          FormatFor(level.alpha),
+          [](void* owned) { delete static_cast<QByteArray*>(owned); },
+          owner.release()};
+}
+
+bool IsPlausible(const DocumentPage& page) {
+  const auto is_length = [](double length) { return length > 0 && length <= kLargestSide; };
+  return is_length(page.actual.width()) && is_length(page.actual.height()) && page.number >= 0 &&
+         page.number < page.count;
+}
+
+/// The levels' sizes; nullopt unless all are within the bounds.
+std::optional<std::vector<Level>> ReadLevels(QDataStream& stream) {
+  quint8 count = 0;
+  stream >> count;
+  if (count == 0 || count > kMostLevels) {
+    return std::nullopt;
+  }
+  std::vector<Level> levels(count);
+  for (Level& level : levels) {
+    stream >> level.width >> level.height >> level.alpha;
+    if (stream.status() != QDataStream::Ok || !level.IsWithinBounds()) {
+      return std::nullopt;
+    }
   }
   return levels;
-}
-
-bool IsTooLarge(const QSize& size) {
-  const double bytes = 4.0 * size.width() * size.height();
-  return size.isValid() && bytes > kMostMegabytes * 1024.0 * 1024.0;
-}
-
-/// A colour scan of a page at 600 dots an inch is larger than what is allowed by default.
-void AllowLargeScans() {
-  static std::once_flag once;
-  std::call_once(once, [] { QImageReader::setAllocationLimit(kMostMegabytes); });
-}
-
-bool HasPluginFor(const QString& path) {
-  const QString extension = path.section(QLatin1Char('.'), -1).toLower();
-  return QImageReader::supportedImageFormats().contains(extension.toLatin1());
-}
-
-DocumentPage ReadImage(const QString& path, int number) {
-  AllowLargeScans();
-  QImageReader reader(path);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  if (!reader.canRead() && !HasPluginFor(path)) {
-    Fail(QT_TRANSLATE_NOOP("Clients", "Could not create Image Viewer Object."));
-  }
-  // Of a moving picture the first image is the document.
-  const int count = reader.supportsAnimation() ? 1 : std::max(1, reader.imageCount());
-  if (number > 0) {
-    reader.jumpToImage(number);
-  }
-  if (IsTooLarge(reader.size())) {
-    Fail(QT_TRANSLATE_NOOP("Clients", "The Document is too Large to be Shown."));
-  }
-  const QImage image = reader.read();
-  if (image.isNull()) {
-    Fail(QT_TRANSLATE_NOOP("Clients", "The Image is Broken."));
-  }
-  return {.levels = LevelsOf(image), .actual = image.size(), .number = number, .count = count};
-}
-
-bool BeginsAsPdf(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) && file.read(kPdfHeader).contains("%PDF-");
-}
-
-void Load(QPdfDocument& document, const QString& path) {
-  if (!BeginsAsPdf(path)) {
-    Fail(QT_TRANSLATE_NOOP("Clients", "The PDF Document is Broken."));
-  }
-  switch (document.load(path)) {
-    case QPdfDocument::Error::None:
-      return;
-    case QPdfDocument::Error::IncorrectPassword:
-    case QPdfDocument::Error::UnsupportedSecurityScheme:
-      Fail(QT_TRANSLATE_NOOP("Clients", "The PDF Document is Protected by a Password."));
-    case QPdfDocument::Error::FileNotFound:
-      Fail(QT_TRANSLATE_NOOP("Clients", "File does not Exist."));
-    case QPdfDocument::Error::InvalidFileFormat:
-      Fail(QT_TRANSLATE_NOOP("Clients", "The PDF Document is Broken."));
-    default:
-      Fail(QT_TRANSLATE_NOOP("Clients", "Could not create PDF Object."));
-  }
-}
-
-DocumentPage ReadPdf(const QString& path, int number) {
-  QPdfDocument document;
-  Load(document, path);
-  const QSizeF actual = document.pagePointSize(number) * kPoint;
-  if (document.pageCount() <= number || actual.isEmpty()) {
-    Fail(QT_TRANSLATE_NOOP("Clients", "The PDF Document is Broken."));
-  }
-  const double pixels = actual.width() * actual.height() * kSharpness * kSharpness;
-  const double sharpness = kSharpness * std::min(1.0, std::sqrt(kMostPixels / pixels));
-  const QSize size = (actual * sharpness).toSize().expandedTo({1, 1});
-  QImage paper(size, QImage::Format_RGB32);
-  paper.fill(Qt::white);
-  const QImage ink = document.render(number, size);
-  if (ink.isNull()) {
-    Fail(QT_TRANSLATE_NOOP("Clients", "The PDF Document is Broken."));
-  }
-  QPainter(&paper).drawImage(0, 0, ink);
-  return {
-      .levels = LevelsOf(paper), .actual = actual, .number = number, .count = document.pageCount()};
 }
 
 }  // namespace
@@ -129,8 +78,64 @@ const QImage& DocumentPage::LevelFor(double width) const {
   return found == levels.rend() ? levels.front() : *found;
 }
 
-DocumentPage ReadDocumentPage(const QString& path, int number) {
-  return KindOf(path) == DocumentKind::kPdf ? ReadPdf(path, number) : ReadImage(path, number);
+DocumentPage MakePage(QImage image, const QSizeF& actual, int number, int count) {
+  const double pixels = static_cast<double>(image.width()) * image.height();
+  if (pixels > DocumentPage::kMostPixels) {
+    const double factor = std::sqrt(DocumentPage::kMostPixels / pixels);
+    const QSize size(std::max(1, static_cast<int>(image.width() * factor)),
+                     std::max(1, static_cast<int>(image.height() * factor)));
+    image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
+  const QImage::Format format = FormatFor(image.hasAlphaChannel());
+  DocumentPage page{.levels = {}, .actual = actual, .number = number, .count = count};
+  page.levels.push_back(std::move(image).convertToFormat(format));
+  while (std::min(page.levels.back().width(), page.levels.back().height()) > 2 * kSmallestLevel) {
+    page.levels.push_back(page.levels.back().scaled(
+        page.levels.back().size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  }
+  return page;
+}
+
+bool WritePage(const DocumentPage& page, QIODevice& device) {
+  QDataStream stream(&device);
+  stream << kMark << page.actual.width() << page.actual.height() << qint32{page.number}
+         << qint32{page.count} << page.text.left(kLongestText).toUtf8()
+         << static_cast<quint8>(page.levels.size());
+  for (const QImage& level : page.levels) {
+    stream << qint32{level.width()} << qint32{level.height()} << level.hasAlphaChannel();
+  }
+  for (const QImage& level : page.levels) {
+    const auto bytes = static_cast<int>(level.sizeInBytes());
+    if (stream.writeRawData(reinterpret_cast<const char*>(level.constBits()), bytes) != bytes) {
+      return false;
+    }
+  }
+  return stream.status() == QDataStream::Ok;
+}
+
+std::optional<DocumentPage> PageOf(const QByteArray& bytes) {
+  QDataStream stream(bytes);
+  quint32 mark = 0;
+  double width = 0;
+  double height = 0;
+  QByteArray text;
+  DocumentPage page;
+  stream >> mark >> width >> height >> page.number >> page.count >> text;
+  page.actual = {width, height};
+  page.text = QString::fromUtf8(text).left(kLongestText);
+  const auto levels = ReadLevels(stream);
+  if (mark != kMark || !levels || !IsPlausible(page)) {
+    return std::nullopt;
+  }
+  qint64 at = stream.device()->pos();
+  for (const Level& level : *levels) {
+    if (at + level.Bytes() > bytes.size()) {
+      return std::nullopt;
+    }
+    page.levels.push_back(ImageAt(bytes, at, level));
+    at += level.Bytes();
+  }
+  return page;
 }
 
 }  // namespace quorvane::clients

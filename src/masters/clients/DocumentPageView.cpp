@@ -2,6 +2,9 @@
 
 #include "controls/Style.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -54,15 +57,24 @@ void PaintPageInto(QPainter& painter, const QRectF& place, const DocumentPage& p
 }
 
 DocumentPageView::DocumentPageView(QWidget* parent)
-    : QAbstractScrollArea(parent), background_(palette().color(QPalette::Mid)) {
+    : QAbstractScrollArea(parent),
+      background_(palette().color(QPalette::Mid)),
+      copy_(new QAction(tr("&Copy the Text of the Page"), this)) {
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(tr("Page of the document"));
+  copy_->setShortcut(QKeySequence::Copy);
+  copy_->setShortcutContext(Qt::WidgetShortcut);
+  copy_->setEnabled(false);
+  addAction(copy_);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(copy_, &QAction::triggered, this, &DocumentPageView::CopyText);
 }
 
 void DocumentPageView::Show(DocumentPage page) {
   page_ = std::move(page);
   hint_.clear();
   setAccessibleDescription(tr("Page %1 of %2").arg(page_.number + 1).arg(page_.count));
+  copy_->setEnabled(!page_.text.isEmpty());
   Arrange();
 }
 
@@ -70,7 +82,12 @@ void DocumentPageView::Clear(const QString& hint) {
   page_ = {};
   hint_ = hint;
   setAccessibleDescription(hint);
+  copy_->setEnabled(false);
   Arrange();
+}
+
+void DocumentPageView::CopyText() const {
+  QGuiApplication::clipboard()->setText(page_.text);
 }
 
 void DocumentPageView::Rotate90() {

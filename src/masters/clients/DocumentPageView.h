@@ -9,7 +9,8 @@
 namespace quorvane::clients {
 
 /// Paints a page: fitted into the pane or in its actual size, turned by quarters, on a background
-/// of any colour. In actual size it is scrolled by bars, wheel, arrow keys and dragging.
+/// of any colour. In actual size it is scrolled by bars, wheel, arrow keys and dragging. The text
+/// that stands on the page can be copied.
 class DocumentPageView : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -45,6 +46,7 @@ class DocumentPageView : public QAbstractScrollArea {
   QSizeF TurnedSize() const;
   double Factor() const;
   void Arrange();
+  void CopyText() const;
   void PaintHint(QPainter& painter) const;
   void PaintPage(QPainter& painter) const;
 
@@ -54,6 +56,7 @@ class DocumentPageView : public QAbstractScrollArea {
   View view_ = View::kFit;
   int quarter_turns_ = 0;
   QPoint dragged_from_;
+  QAction* copy_;
 };
 
 /// Paints a page into a rectangle, as large as it fits, turned clockwise by quarters.

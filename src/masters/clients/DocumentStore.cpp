@@ -3,6 +3,7 @@
 #include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 #include "masters/clients/Client.h"
+#include "masters/clients/DocumentKind.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -122,6 +123,9 @@ MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) c
   }
   if (!info.isFile() || !StaysInItsFolder(info.fileName())) {
     return Refuse(QT_TRANSLATE_NOOP("Clients", "This File Can't be Kept as a Document."));
+  }
+  if (KindOf(info.fileName()) == DocumentKind::kUnsupported) {
+    return Refusal{FormatNotSupported(), DocumentField()};
   }
   QFile from(source);
   if (!from.open(QIODevice::ReadOnly)) {

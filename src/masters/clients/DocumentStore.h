@@ -37,7 +37,8 @@ class DocumentStore {
   };
 
   /// Copies a file into the store. Refused, with `incoming` unchanged, when there is no such file,
-  /// when it is no plain file, when its name could lead out of a folder and when it is too large.
+  /// when it is no plain file, when its name could lead out of a folder, when it is of a kind that
+  /// nothing shows and when it is too large.
   MaybeRefusal Receive(const QString& source, Incoming& incoming) const;
 
   /// Makes the received file the client's document; the one before goes when the new one stands.

@@ -1,5 +1,7 @@
 #include "masters/clients/DocumentText.h"
 
+#include "core/platform/ProcessLimits.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -16,7 +18,7 @@
 namespace quorvane::clients {
 namespace {
 
-constexpr int kPoll = 50;  // milliseconds between two looks at the clock and at `cancelled`
+constexpr int kPoll = 50;  // milliseconds between two looks at the clock
 constexpr qsizetype kSignature = 8;
 
 [[noreturn]] void Fail(const char* text) {
@@ -99,6 +101,9 @@ class Conversion {
     process_.setWorkingDirectory(QDir::tempPath());
     process_.setStandardInputFile(QProcess::nullDevice());
     process_.setStandardErrorFile(QProcess::nullDevice());
+#ifdef Q_OS_UNIX
+    process_.setChildProcessModifier(platform::EndWithParent);
+#endif
     process_.start(program, arguments, QIODevice::ReadOnly);
   }
   ~Conversion() {
@@ -109,13 +114,13 @@ class Conversion {
   }
   Conversion(const Conversion&) = delete;
 
-  QByteArray Output(const TextLimits& limits, const std::atomic<bool>& cancelled) {
+  QByteArray Output(const TextLimits& limits) {
     QElapsedTimer clock;
     clock.start();
     QByteArray output;
     while (!process_.waitForFinished(kPoll) && process_.state() != QProcess::NotRunning) {
       Take(output, limits.most_bytes);
-      if (cancelled || clock.hasExpired(limits.longest.count())) {
+      if (clock.hasExpired(limits.longest.count())) {
         Fail(QT_TRANSLATE_NOOP("Clients", "The Document takes too Long to be Shown."));
       }
     }
@@ -144,12 +149,12 @@ struct Converter {
 };
 
 QByteArray Converted(const QString& path, const std::vector<Converter>& converters,
-                     const TextLimits& limits, const std::atomic<bool>& cancelled) {
+                     const TextLimits& limits) {
   for (const auto& [name, arguments] : converters) {
     const QString program = limits.find_program(QLatin1String(name));
     if (!program.isEmpty()) {
       const QString file = QFileInfo(path).absoluteFilePath();
-      return Conversion(program, arguments + QStringList(file)).Output(limits, cancelled);
+      return Conversion(program, arguments + QStringList(file)).Output(limits);
     }
   }
   FailMissing(QLatin1String(converters.front().program));
@@ -163,16 +168,15 @@ QByteArray SignatureOf(const QString& path) {
   return file.read(kSignature);
 }
 
-DocumentText WordProcessorText(const QString& path, const TextLimits& limits,
-                               const std::atomic<bool>& cancelled) {
+DocumentText WordProcessorText(const QString& path, const TextLimits& limits) {
   const QByteArray signature = SignatureOf(path);
   if (signature.startsWith("{\\rtf")) {
-    return Html(Converted(path, {{"unrtf", {"--html", "--nopict"}}}, limits, cancelled));
+    return Html(Converted(path, {{"unrtf", {"--html", "--nopict"}}}, limits));
   }
   if (signature.startsWith("\xd0\xcf\x11\xe0")) {
     return PlainText(Converted(
         path, {{"catdoc", {"-w", "-d", "utf-8"}}, {"antiword", {"-w", "0", "-m", "UTF-8.txt"}}},
-        limits, cancelled));
+        limits));
   }
   if (signature.startsWith("PK\x03\x04")) {
     Fail(QT_TRANSLATE_NOOP(
@@ -183,8 +187,7 @@ DocumentText WordProcessorText(const QString& path, const TextLimits& limits,
 
 }  // namespace
 
-DocumentText ReadDocumentText(const QString& path, const TextLimits& limits,
-                              const std::atomic<bool>& cancelled) {
+DocumentText ReadDocumentText(const QString& path, const TextLimits& limits) {
   const QString extension = QFileInfo(path).suffix().toUpper();
   if (extension == QLatin1String("TXT")) {
     return PlainText(BytesOf(path, limits.most_bytes));
@@ -192,7 +195,7 @@ DocumentText ReadDocumentText(const QString& path, const TextLimits& limits,
   if (extension.startsWith(QLatin1String("HTM"))) {
     return Html(BytesOf(path, limits.most_bytes));
   }
-  return WordProcessorText(path, limits, cancelled);
+  return WordProcessorText(path, limits);
 }
 
 }  // namespace quorvane::clients

@@ -6,15 +6,15 @@
 #include "masters/clients/DocumentKind.h"
 #include "masters/clients/DocumentStore.h"
 
+#include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPageRanges>
 #include <QPainter>
 #include <QPrinter>
-#include <QPromise>
-#include <QStackedLayout>
-#include <QThreadPool>
+#include <QTimer>
 
 #include <stdexcept>
 #include <utility>
@@ -22,6 +22,10 @@
 
 namespace quorvane::clients {
 namespace {
+
+constexpr int kScreenDots = 192;  // to the inch
+constexpr int kPrintDots = 300;
+constexpr int kLook = 50;  // milliseconds between two looks at whether printing is cancelled
 
 /// What speaks against a file before it is read.
 QString Objection(const QString& path) {
@@ -35,9 +39,13 @@ QString Objection(const QString& path) {
   if (KindOf(path) == DocumentKind::kUnsupported) {
     return FormatNotSupported();
   }
-  return file.size() > DocumentStore::kMostBytes
-             ? DocumentViewer::tr("The Document is too Large to be Shown.")
-             : QString();
+  if (file.size() > DocumentStore::kMostBytes) {
+    return DocumentViewer::tr("The Document is too Large to be Shown.");
+  }
+  QFile content(path);
+  return content.open(QIODevice::ReadOnly)
+             ? QString()
+             : DocumentViewer::tr("The Document can't be Read: %1").arg(content.errorString());
 }
 
 /// The pages that the printer was set to, counted from 1: all of them, or ranges such as "1-2,5".
@@ -57,30 +65,20 @@ std::vector<int> PagesToPrint(const QPrinter& printer, int count) {
 
 }  // namespace
 
-DocumentViewer::DocumentViewer(TextLimits limits, QWidget* parent)
+DocumentViewer::DocumentViewer(ReadingLimits limits, QWidget* parent)
     : QWidget(parent),
       limits_(std::move(limits)),
-      stack_(new QStackedLayout()),
-      pages_(new DocumentPageView()),
-      text_(new DocumentTextPane()) {
+      reading_(limits_),
+      pages_(new DocumentPageView()) {
   page_bar_ = PageBar();
   background_ = palette().color(QPalette::Mid);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
-  rows->addLayout(stack_, 1);
+  rows->addWidget(pages_, 1);
   rows->addWidget(page_bar_);
-  stack_->addWidget(pages_);
-  stack_->addWidget(text_);
   page_bar_->hide();
-  connect(&reading_, &QFutureWatcherBase::finished, this, [this] {
-    if (reading_.future().resultCount() > 0) {
-      Take(reading_.result());
-    }
-  });
-}
-
-DocumentViewer::~DocumentViewer() {
-  Forget();
+  connect(&reading_, &DocumentReading::Finished, this, &DocumentViewer::Take);
+  connect(&reading_, &DocumentReading::Failed, this, &DocumentViewer::Fail);
 }
 
 QWidget* DocumentViewer::PageBar() {
@@ -112,74 +110,28 @@ void DocumentViewer::Open(const QString& path) {
 }
 
 void DocumentViewer::Clear(const QString& hint) {
-  Forget();
+  reading_.Stop();
   path_.clear();
-  text_->Empty();
   pages_->Straighten();
   pages_->Clear(hint);
-  stack_->setCurrentWidget(pages_);
   ShowPageBar();
   Q_EMIT Changed();
-}
-
-void DocumentViewer::Forget() {
-  if (cancelled_) {
-    *cancelled_ = true;
-  }
-  reading_.setFuture({});
 }
 
 void DocumentViewer::Start(int page) {
-  Forget();
-  cancelled_ = std::make_shared<std::atomic<bool>>(false);
-  auto promise = std::make_shared<QPromise<Reading>>();
-  promise->start();
-  reading_.setFuture(promise->future());
-  QThreadPool::globalInstance()->start(
-      [promise, cancelled = cancelled_, path = path_, page, limits = limits_] {
-        promise->addResult(Read(path, page, limits, *cancelled));
-        promise->finish();
-      });
+  reading_.Start(path_, page, kScreenDots);
 }
 
-DocumentViewer::Reading DocumentViewer::Read(const QString& path, int page,
-                                             const TextLimits& limits,
-                                             const std::atomic<bool>& cancelled) {
-  try {
-    if (KindOf(path) == DocumentKind::kText) {
-      return {.contents = MakeTextDocument(ReadDocumentText(path, limits, cancelled)),
-              .failure = {}};
-    }
-    return {.contents = ReadDocumentPage(path, page), .failure = {}};
-  } catch (const std::exception& error) {
-    return {.contents = {}, .failure = QString::fromUtf8(error.what())};
-  }
-}
-
-void DocumentViewer::Take(Reading reading) {
-  if (!reading.failure.isEmpty()) {
-    Fail(reading.failure);
+void DocumentViewer::Take(const QByteArray& answer) {
+  std::optional<DocumentPage> page = PageOf(answer);
+  if (!page) {
+    Fail(tr("The Document is Broken."));
     return;
   }
-  if (auto* page = std::get_if<DocumentPage>(&reading.contents)) {
-    ShowPage(std::move(*page));
-  } else {
-    ShowText(std::get<Text>(std::move(reading.contents)));
-  }
+  pages_->Show(std::move(*page));
+  ShowPageBar();
   Q_EMIT Changed();
   Q_EMIT Opened();
-}
-
-void DocumentViewer::ShowPage(DocumentPage page) {
-  pages_->Show(std::move(page));
-  stack_->setCurrentWidget(pages_);
-  ShowPageBar();
-}
-
-void DocumentViewer::ShowText(Text text) {
-  text_->Show(std::move(text));
-  pages_->Clear({});
-  stack_->setCurrentWidget(text_);
 }
 
 void DocumentViewer::ShowPageBar() {
@@ -195,7 +147,7 @@ void DocumentViewer::Fail(const QString& text) {
 }
 
 void DocumentViewer::Rotate90() {
-  if (HasPages()) {
+  if (!IsEmpty()) {
     pages_->Rotate90();
   }
 }
@@ -219,37 +171,76 @@ void DocumentViewer::PreviousPage() {
 void DocumentViewer::SetBackgroundColor(const QColor& color) {
   background_ = color;
   pages_->SetBackgroundColor(color);
-  text_->SetBackgroundColor(color);
+}
+
+DocumentPage DocumentViewer::PageToPrint(int number, std::int64_t printed,
+                                         Progress& progress) const {
+  std::optional<DocumentPage> page;
+  QString failure;
+  bool ended = false;
+  QEventLoop loop;
+  DocumentReading reading(limits_);
+  const auto end = [&] {
+    ended = true;
+    loop.quit();
+  };
+  connect(&reading, &DocumentReading::Finished, &loop, [&](const QByteArray& answer) {
+    page = PageOf(answer);
+    end();
+  });
+  connect(&reading, &DocumentReading::Failed, &loop, [&](const QString& text) {
+    failure = text;
+    end();
+  });
+  QTimer look;
+  connect(&look, &QTimer::timeout, &loop, [&] {
+    progress.Step(printed);
+    if (progress.Cancelled()) {
+      loop.quit();
+    }
+  });
+  look.start(kLook);
+  reading.Start(path_, number, kPrintDots);
+  if (!ended) {
+    loop.exec();
+  }
+  if (!ended) {
+    throw Cancellation();
+  }
+  if (!page) {
+    throw std::runtime_error(
+        (failure.isEmpty() ? tr("The Document is Broken.") : failure).toStdString());
+  }
+  return std::move(*page);
 }
 
 void DocumentViewer::PrintImage(QPrinter& printer, Progress& progress) const {
-  if (HasText()) {
-    text_->print(&printer);
-  } else if (HasPages()) {
-    PrintPages(printer, progress);
+  if (IsEmpty()) {
+    return;
   }
-}
-
-void DocumentViewer::PrintPages(QPrinter& printer, Progress& progress) const {
   const std::vector<int> numbers = PagesToPrint(printer, PageCount());
+  const int quarter_turns = pages_->QuarterTurns();
   QPainter painter;
   if (!painter.begin(&printer)) {
     throw std::runtime_error(tr("The Printer can't be Used.").toStdString());
   }
   progress.Begin(tr("Printing"), static_cast<std::int64_t>(numbers.size()));
   std::int64_t printed = 0;
-  for (const int number : numbers) {
-    if (printed > 0 && !printer.newPage()) {
-      throw std::runtime_error(tr("The Printer can't be Used.").toStdString());
+  try {
+    for (const int number : numbers) {
+      const DocumentPage page = PageToPrint(number - 1, printed, progress);
+      if (printed > 0 && !printer.newPage()) {
+        throw std::runtime_error(tr("The Printer can't be Used.").toStdString());
+      }
+      const QRectF paper(QPointF(0, 0),
+                         printer.pageLayout().paintRectPixels(printer.resolution()).size());
+      PaintPageInto(painter, paper, page, quarter_turns);
+      progress.Step(++printed);
+      progress.ThrowIfCancelled();
     }
-    const QRectF paper(QPointF(0, 0),
-                       printer.pageLayout().paintRectPixels(printer.resolution()).size());
-    PaintPageInto(painter, paper, ReadDocumentPage(path_, number - 1), pages_->QuarterTurns());
-    progress.Step(++printed);
-    if (progress.Cancelled()) {
-      printer.abort();
-      throw Cancellation();
-    }
+  } catch (const Cancellation&) {
+    printer.abort();
+    throw;
   }
 }
 

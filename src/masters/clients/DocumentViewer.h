@@ -1,19 +1,12 @@
 #pragma once
 
 #include "masters/clients/DocumentPageView.h"
-#include "masters/clients/DocumentText.h"
-#include "masters/clients/DocumentTextPane.h"
+#include "masters/clients/DocumentReading.h"
 
-#include <QFutureWatcher>
 #include <QWidget>
-
-#include <atomic>
-#include <memory>
-#include <variant>
 
 class QLabel;
 class QPrinter;
-class QStackedLayout;
 
 namespace quorvane {
 class Progress;
@@ -24,8 +17,8 @@ class ZENButton;
 
 namespace quorvane::clients {
 
-/// A pane that shows a picture, a PDF document page by page, or a text. Documents are read outside
-/// of the windows' thread: Open returns at once, Opened or Failed follows. Nothing that a document
+/// A pane that shows a picture, a PDF document or a text page by page. Documents are read by a
+/// program of their own: Open returns at once, Opened or Failed follows. Nothing that a document
 /// names is fetched, neither from the network nor from the disk.
 class DocumentViewer : public QWidget {
   Q_OBJECT
@@ -33,8 +26,7 @@ class DocumentViewer : public QWidget {
  public:
   using View = DocumentPageView::View;
 
-  explicit DocumentViewer(TextLimits limits = {}, QWidget* parent = nullptr);
-  ~DocumentViewer() override;
+  explicit DocumentViewer(ReadingLimits limits = {}, QWidget* parent = nullptr);
 
   /// Empties the pane and starts to read a document. A file that cannot be one is refused by Failed
   /// at once.
@@ -43,15 +35,13 @@ class DocumentViewer : public QWidget {
   /// Shows nothing but the hint; a document on its way is forgotten.
   void Clear(const QString& hint = {});
 
-  bool IsEmpty() const { return !HasPages() && !HasText(); }
-  bool HasPages() const { return !pages_->Page().IsEmpty(); }
-  bool HasText() const { return text_->IsShowing(); }
+  bool IsEmpty() const { return Page().IsEmpty(); }
+  const DocumentPage& Page() const { return pages_->Page(); }
 
-  /// Counted from 0, and how many there are; 0 and 0 without pages.
-  int PageNumber() const { return pages_->Page().number; }
-  int PageCount() const { return pages_->Page().count; }
+  /// Counted from 0, and how many there are; 0 and 0 of an empty pane.
+  int PageNumber() const { return Page().number; }
+  int PageCount() const { return Page().count; }
 
-  /// Pages only; nothing happens to a text.
   void Rotate90();
   void SetView(View view);
   View CurrentView() const { return pages_->CurrentView(); }
@@ -61,8 +51,8 @@ class DocumentViewer : public QWidget {
   void SetBackgroundColor(const QColor& color);
   QColor BackgroundColor() const { return background_; }
 
-  /// Prints the pages of the printer's range, each as large as the paper allows. Throws
-  /// std::runtime_error, or Cancellation.
+  /// Prints the pages of the printer's range, each as large as the paper allows. Events go on being
+  /// handled meanwhile. Throws std::runtime_error, or Cancellation.
   void PrintImage(QPrinter& printer, Progress& progress) const;
 
  Q_SIGNALS:
@@ -73,33 +63,18 @@ class DocumentViewer : public QWidget {
   void Changed();
 
  private:
-  using Text = std::shared_ptr<QTextDocument>;
-  struct Reading {
-    std::variant<Text, DocumentPage> contents;
-    QString failure;
-  };
-
-  static Reading Read(const QString& path, int page, const TextLimits& limits,
-                      const std::atomic<bool>& cancelled);
-
   QWidget* PageBar();
   void Start(int page);
-  void Forget();
-  void Take(Reading reading);
-  void ShowPage(DocumentPage page);
-  void ShowText(Text text);
+  void Take(const QByteArray& answer);
   void ShowPageBar();
   void Fail(const QString& text);
-  void PrintPages(QPrinter& printer, Progress& progress) const;
+  DocumentPage PageToPrint(int number, std::int64_t printed, Progress& progress) const;
 
-  TextLimits limits_;
+  ReadingLimits limits_;
   QString path_;
   QColor background_;
-  std::shared_ptr<std::atomic<bool>> cancelled_;
-  QFutureWatcher<Reading> reading_;
-  QStackedLayout* stack_;
+  DocumentReading reading_;
   DocumentPageView* pages_;
-  DocumentTextPane* text_;
   QWidget* page_bar_ = nullptr;
   QLabel* page_label_ = nullptr;
   controls::ZENButton* previous_ = nullptr;

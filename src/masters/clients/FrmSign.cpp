@@ -81,9 +81,9 @@ void FrmSign::Connect(const controls::Guard& guard) {
 }
 
 void FrmSign::Enable() {
-  cmd_Rotate->setEnabled(viewer_->HasPages());
-  cmdpicview->setEnabled(viewer_->HasPages());
-  CmdPrint->setEnabled(!viewer_->IsEmpty());
+  for (ZENButton* button : {cmd_Rotate, cmdpicview, CmdPrint}) {
+    button->setEnabled(!viewer_->IsEmpty());
+  }
 }
 
 void FrmSign::cmd_Rotate_Click() {

@@ -1,23 +1,16 @@
 #include "reports/demat/DematStatement.h"
 
-#include "core/text/Amounts.h"
 #include "reports/demat/MovementReader.h"
 
 #include <QCoreApplication>
 
-#include <cmath>
+#include <algorithm>
 
 namespace quorvane::demat {
 namespace {
 
-constexpr double kLeastQuantity = 0.0000005;  // quantities have six decimals
-
 QString Tr(const char* text) {
   return QCoreApplication::translate("DematStatement", text);
-}
-
-bool IsNothing(double quantity) {
-  return std::abs(quantity) < kLeastQuantity;
 }
 
 Movement KindOf(const RawMovement& raw) {
@@ -25,14 +18,14 @@ Movement KindOf(const RawMovement& raw) {
     case RawMovement::Kind::kOpening:
       return Movement::kOpening;
     case RawMovement::Kind::kBill:
-      if (IsNothing(raw.out)) {
+      if (!raw.out) {
         return Movement::kPurchase;
       }
-      return IsNothing(raw.in) ? Movement::kSale : Movement::kPurchaseAndSale;
+      return !raw.in ? Movement::kSale : Movement::kPurchaseAndSale;
     case RawMovement::Kind::kTransfer:
       break;
   }
-  return IsNothing(raw.out) ? Movement::kTransferFrom : Movement::kTransferTo;
+  return !raw.out ? Movement::kTransferFrom : Movement::kTransferTo;
 }
 
 QString ParticularsOf(Movement movement, const RawMovement& raw, const MovementReader& reader) {
@@ -61,25 +54,25 @@ class LineMaker {
 
   std::vector<StatementLine> Make(std::span<const RawMovement> movements) const {
     std::vector<StatementLine> lines;
-    double balance = 0;
+    Shares balance;
     const auto is_before = [this](const RawMovement& raw) {
       return folds_ && (raw.kind == RawMovement::Kind::kOpening || raw.date < query_.period.from);
     };
     for (const RawMovement& raw : movements) {
       if (is_before(raw)) {
-        balance = text::Tidy(balance + raw.in - raw.out);
+        balance += raw.in - raw.out;
       }
     }
-    if (!IsNothing(balance)) {
+    if (balance) {
       lines.push_back({Movement::kOpening, query_.period.from, Tr("Opening Balance"),
-                       std::max(balance, 0.0), std::max(-balance, 0.0), balance});
+                       std::max(balance, Shares()), std::max(-balance, Shares()), balance});
     }
     for (const RawMovement& raw : movements) {
-      if (!is_before(raw) && !(IsNothing(raw.in) && IsNothing(raw.out))) {
-        balance = text::Tidy(balance + raw.in - raw.out);
+      if (!is_before(raw) && (raw.in || raw.out)) {
+        balance += raw.in - raw.out;
         const Movement movement = KindOf(raw);
-        lines.push_back({movement, raw.date, ParticularsOf(movement, raw, reader_), raw.in, raw.out,
-                         IsNothing(balance) ? 0 : balance});
+        lines.push_back(
+            {movement, raw.date, ParticularsOf(movement, raw, reader_), raw.in, raw.out, balance});
       }
     }
     return lines;
@@ -93,9 +86,9 @@ class LineMaker {
 
 }  // namespace
 
-void BuildStatement(database::Connection& connection, const StatementQuery& query,
-                    Progress& progress,
-                    const std::function<void(ClientId, std::span<const ScripMovements>)>& give) {
+records::Faults BuildStatement(
+    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    const std::function<void(ClientId, std::span<const ScripMovements>)>& give) {
   MovementReader reader(connection, query, progress);
   const std::vector<RawMovement> all = reader.Read();
   const LineMaker maker(query, reader);
@@ -117,6 +110,7 @@ void BuildStatement(database::Connection& connection, const StatementQuery& quer
     }
     first = next;
   }
+  return reader.Faults();
 }
 
 }  // namespace quorvane::demat

@@ -3,6 +3,8 @@
 #include "core/ClientYear.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
+#include "core/records/Faults.h"
+#include "core/text/Shares.h"
 #include "reports/period/Period.h"
 
 #include <QString>
@@ -16,6 +18,7 @@
 namespace quorvane::demat {
 
 using text::Date;
+using text::Shares;
 
 /// What a demat statement is made of.
 struct StatementQuery {
@@ -35,14 +38,14 @@ enum class Movement : std::uint8_t {
   kTransferFrom      ///< in, from another account
 };
 
-/// One line of the statement; quantities in shares.
+/// One line of the statement.
 struct StatementLine {
   Movement movement = Movement::kOpening;
   Date date;
   QString particulars;
-  double in = 0;
-  double out = 0;
-  double balance = 0;  ///< after the line, of the scrip in the account
+  Shares in;
+  Shares out;
+  Shares balance;  ///< after the line, of the scrip in the account
 };
 
 struct ScripMovements {
@@ -60,11 +63,10 @@ struct ScripMovements {
 /// opening stock and all movements before the period are one line dated with its first day; where
 /// nothing is left of them there is none.
 ///
-/// One query a table, whatever the number of clients. The span lasts as long as the call. Throws
-/// DatabaseError, Cancellation, or std::runtime_error for a bill or transfer whose date cannot be
-/// read: leaving it out would lose it.
-void BuildStatement(database::Connection& connection, const StatementQuery& query,
-                    Progress& progress,
-                    const std::function<void(ClientId, std::span<const ScripMovements>)>& give);
+/// One query a table, whatever the number of clients. The span lasts as long as the call. Returns
+/// the records that could not count as they are written. Throws DatabaseError and Cancellation.
+[[nodiscard]] records::Faults BuildStatement(
+    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    const std::function<void(ClientId, std::span<const ScripMovements>)>& give);
 
 }  // namespace quorvane::demat

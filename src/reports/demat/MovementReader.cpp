@@ -1,37 +1,35 @@
 #include "reports/demat/MovementReader.h"
 
-#include "core/text/Amounts.h"
-
-#include <QCoreApplication>
-
-#include <fmt/format.h>
-
 #include <algorithm>
-#include <stdexcept>
 #include <tuple>
 
 namespace quorvane::demat {
 namespace {
 
-constexpr int kSteps = 5;
-
-Date DateOf(std::string_view text, const char* document, int id) {
-  const auto date = text::ParseDmy(text);
-  if (!date) {
-    throw std::runtime_error(
-        fmt::format("{} {} has no valid date (\"{}\"); correct it before a statement is made",
-                    document, id, text));
-  }
-  return *date;
-}
+using records::MovementKind;
 
 auto OrderOf(const RawMovement& m) {
   return std::tuple(m.client_rank, m.account_rank, m.scrip_rank, m.date, m.kind, m.document);
 }
 
 template <class IdType>
-bool IsWanted(const std::vector<IdType>& wanted, int id) {
-  return wanted.empty() || std::ranges::find(wanted, IdType{id}) != wanted.end();
+bool Has(const std::vector<IdType>& wanted, IdType id) {
+  return wanted.empty() || std::ranges::find(wanted, id) != wanted.end();
+}
+
+bool IsBill(const records::Movement& movement) {
+  return movement.kind == MovementKind::kPurchase || movement.kind == MovementKind::kSale;
+}
+
+RawMovement::Kind KindOf(const records::Movement& movement) {
+  if (movement.kind == MovementKind::kOpening) {
+    return RawMovement::Kind::kOpening;
+  }
+  return IsBill(movement) ? RawMovement::Kind::kBill : RawMovement::Kind::kTransfer;
+}
+
+bool Leaves(const records::Movement& movement) {
+  return movement.kind == MovementKind::kSale || movement.kind == MovementKind::kTransferOut;
 }
 
 }  // namespace
@@ -41,36 +39,25 @@ MovementReader::MovementReader(database::Connection& connection, const Statement
     : connection_(connection), query_(query), progress_(progress) {}
 
 std::vector<RawMovement> MovementReader::Read() {
-  progress_.Begin(QCoreApplication::translate("DematStatement", "Reading movements"), kSteps);
   ReadMasters();
-  Step();
-  ReadOpenings();
-  Step();
-  ReadBills();
-  ReadLines();
-  Step();
-  ReadTransfers();
-  Step();
+  records::ReadMovements(connection_,
+                         {.client = query_.client, .year = query_.year, .charges = false}, faults_,
+                         progress_, [this](const records::Movement& movement) {
+                           if (IsWanted(movement)) {
+                             Take(movement);
+                           }
+                         });
   Sort();
-  Step();
   return std::move(movements_);
-}
-
-void MovementReader::Step() {
-  progress_.Step(++steps_);
-  progress_.ThrowIfCancelled();
 }
 
 void MovementReader::ReadMasters() {
   for (const auto& row : connection_.Open("Select Id From ClientInfo Order By Code,Id")) {
     clients_.Add(row.Int(std::size_t{0}));
   }
-  for (const auto& row :
-       connection_.Open("Select Id,CId,ACNo From ClientActDet Order By ACNo,Id")) {
-    const int id = row.Int(std::size_t{0});
-    accounts_.Add(id);
-    owners_.emplace(id, row.Int(1));
-    numbers_.emplace(id, row.Text(2));
+  for (const auto& row : connection_.Open("Select id,ACNo From ClientActDet Order By ACNo,id")) {
+    accounts_.Add(row.Int(std::size_t{0}));
+    numbers_.emplace(row.Int(std::size_t{0}), row.Text(1));
   }
   for (const auto& row : connection_.Open("Select Id From Script Order By Name,Id")) {
     scrips_.Add(row.Int(std::size_t{0}));
@@ -85,98 +72,22 @@ QString MovementReader::Text(const Texts& texts, int id) {
   return found == texts.end() ? QString() : found->second;
 }
 
-database::Recordset MovementReader::OpenOfYear(std::string_view sql) const {
-  std::vector<database::Value> values{query_.year.Text()};
-  std::string text = fmt::format("{} Where Fyear=?", sql);
-  if (query_.client) {
-    text += " and Cid=?";
-    values.emplace_back(*query_.client);
-  }
-  return connection_.OpenValues(text, values);
+bool MovementReader::IsWanted(const records::Movement& movement) const {
+  const bool in_time = movement.kind == MovementKind::kOpening || movement.date <= query_.period.to;
+  return movement.dated && in_time && Has(query_.accounts, movement.account) &&
+         Has(query_.scrips, movement.scrip);
 }
 
-/// nullptr when the statement does not ask for it.
-RawMovement* MovementReader::Add(int client, int account, int scrip) {
-  const bool wanted = (!query_.client || query_.client->value == client) &&
-                      IsWanted(query_.accounts, account) && IsWanted(query_.scrips, scrip);
-  if (!wanted) {
-    return nullptr;
-  }
-  RawMovement& movement = movements_.emplace_back();
-  movement.client_rank = clients_.Of(client);
-  movement.account_rank = accounts_.Of(account);
-  movement.scrip_rank = scrips_.Of(scrip);
-  return &movement;
-}
-
-void MovementReader::ReadOpenings() {
-  for (const auto& row : OpenOfYear("Select CId,AcId,ScriptId,PDate,Qty From StkOpBal")) {
-    if (RawMovement* m = Add(row.Int(std::size_t{0}), row.Int(1), row.Int(2))) {
-      // Old opening rows may lack their date; they count from the year's first day.
-      m->date = text::ParseDmy(row.Utf8(3)).value_or(query_.year.FirstDay());
-      m->in = row.Double(4);
-    }
-  }
-}
-
-void MovementReader::ReadBills() {
-  for (const auto& row : OpenOfYear("Select ID,BDate,AcId,BrokId From SPMaster")) {
-    const int id = row.Int(std::size_t{0});
-    bills_.emplace(id, Bill{DateOf(row.Utf8(1), "Bill", id), row.Int(2), row.Int(3)});
-  }
-}
-
-void MovementReader::ReadLines() {
-  constexpr int kPurchase = 1;
-  for (const auto& row : OpenOfYear("Select Cid,SID,SP,ScriptId,Qty From SPTrans")) {
-    const int id = row.Int(1);
-    const auto bill = bills_.find(id);
-    if (bill == bills_.end() || bill->second.date > query_.period.to) {
-      continue;
-    }
-    if (RawMovement* m = Add(row.Int(std::size_t{0}), bill->second.account, row.Int(3))) {
-      m->date = bill->second.date;
-      m->kind = RawMovement::Kind::kBill;
-      m->document = id;
-      m->other = bill->second.broker;
-      (row.Int(2) == kPurchase ? m->in : m->out) = row.Double(4);
-    }
-  }
-}
-
-void MovementReader::ReadTransfers() {
-  const auto owner_of = [this](int account, int said) {
-    const auto found = owners_.find(account);
-    return found == owners_.end() ? said : found->second;
-  };
-  const auto add = [&](const database::Recordset& row, Date date, int client, int account,
-                       int other) {
-    RawMovement* m = Add(owner_of(account, client), account, row.Int(5));
-    if (m != nullptr) {
-      m->date = date;
-      m->kind = RawMovement::Kind::kTransfer;
-      m->document = row.Int(std::size_t{0});
-      m->other = other;
-    }
-    return m;
-  };
-  for (const auto& row : connection_.Open(
-           "Select ID,Cid,FrmAcId,ToClientID,ToAcId,ScrId,TDate,Qty From ScrTransfer Where Fyear=?",
-           query_.year.Text())) {
-    const Date date = DateOf(row.Utf8(6), "Transfer", row.Int(std::size_t{0}));
-    if (date > query_.period.to) {
-      continue;
-    }
-    const int from = row.Int(2);
-    const int to = row.Int(4);
-    if (RawMovement* m = add(row, date, row.Int(1), from, to)) {
-      m->out = row.Double(7);
-    }
-    // The account is the sender then, and nothing else.
-    if (RawMovement* m = from == to ? nullptr : add(row, date, row.Int(3), to, from)) {
-      m->in = row.Double(7);
-    }
-  }
+void MovementReader::Take(const records::Movement& movement) {
+  RawMovement& m = movements_.emplace_back();
+  m.client_rank = clients_.Of(movement.client.value);
+  m.account_rank = accounts_.Of(movement.account.value);
+  m.scrip_rank = scrips_.Of(movement.scrip.value);
+  m.date = movement.date;
+  m.kind = KindOf(movement);
+  m.document = m.kind == RawMovement::Kind::kOpening ? 0 : movement.document;
+  m.other = movement.other;
+  (Leaves(movement) ? m.out : m.in) = movement.quantity;
 }
 
 void MovementReader::Sort() {
@@ -186,8 +97,8 @@ void MovementReader::Sort() {
     const bool same = !merged.empty() && movement.kind != RawMovement::Kind::kTransfer &&
                       OrderOf(merged.back()) == OrderOf(movement);
     if (same) {
-      merged.back().in = text::Tidy(merged.back().in + movement.in);
-      merged.back().out = text::Tidy(merged.back().out + movement.out);
+      merged.back().in += movement.in;
+      merged.back().out += movement.out;
     } else {
       merged.push_back(movement);
     }

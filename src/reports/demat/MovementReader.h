@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/records/Movements.h"
 #include "reports/demat/DematStatement.h"
 #include "reports/demat/Ranking.h"
 
@@ -22,8 +23,8 @@ struct RawMovement {
   Kind kind = Kind::kOpening;
   int document = 0;  ///< key of the bill or transfer; 0 for opening stock
   int other = 0;     ///< the broker, or the account at the other end
-  double in = 0;
-  double out = 0;
+  Shares in;
+  Shares out;
 
   bool IsSamePlace(const RawMovement& that) const {
     return client_rank == that.client_rank && account_rank == that.account_rank &&
@@ -39,6 +40,9 @@ class MovementReader {
   /// Sorted; the lines of one bill and scrip are one movement.
   std::vector<RawMovement> Read();
 
+  /// Records that could not count as they are written.
+  const records::Faults& Faults() const { return faults_; }
+
   ClientId ClientOf(const RawMovement& movement) const;
   AccountId AccountOf(const RawMovement& movement) const;
   ScripId ScripOf(const RawMovement& movement) const;
@@ -48,34 +52,21 @@ class MovementReader {
  private:
   using Texts = std::unordered_map<int, QString>;
 
-  struct Bill {
-    Date date;
-    int account = 0;
-    int broker = 0;
-  };
-
   static QString Text(const Texts& texts, int id);
   void ReadMasters();
-  void ReadOpenings();
-  void ReadBills();
-  void ReadLines();
-  void ReadTransfers();
-  database::Recordset OpenOfYear(std::string_view sql) const;
-  RawMovement* Add(int client, int account, int scrip);
+  bool IsWanted(const records::Movement& movement) const;
+  void Take(const records::Movement& movement);
   void Sort();
-  void Step();
 
   database::Connection& connection_;
   const StatementQuery& query_;
   Progress& progress_;
-  int steps_ = 0;
   Ranking clients_;
   Ranking accounts_;
   Ranking scrips_;
-  std::unordered_map<int, int> owners_;
   Texts numbers_;
   Texts brokers_;
-  std::unordered_map<int, Bill> bills_;
+  records::Faults faults_;
   std::vector<RawMovement> movements_;
 };
 

@@ -113,22 +113,36 @@ report::ReportDocument RptDMatStatement::BuildStatementDocument(Progress& progre
   const StatementQuery query = QueryOfStatement();
   const lookups::Directory directory(*Session().connection);
   report::ReportDocument document = MakeStatementDocument(query, *query.client, {}, directory);
-  BuildStatement(*Session().connection, query, progress,
-                 [&](ClientId client, std::span<const ScripMovements> scrips) {
-                   document = MakeStatementDocument(query, client, scrips, directory);
-                 });
+  const auto take = [&](ClientId client, std::span<const ScripMovements> scrips) {
+    document = MakeStatementDocument(query, client, scrips, directory);
+  };
+  database::Connection& connection = *Session().connection;
+  const records::Faults faults = BuildStatement(connection, query, progress, take);
+  document.notes += records::FaultTexts(connection, faults);
   return document;
 }
 
 report::ReportDocument RptDMatStatement::BuildTransactionDocument(Progress& progress) {
   query_ = QueryOfTransactions();
   sections_.clear();
-  BuildTransactions(*Session().connection, *query_, progress,
-                    [&](ClientId, std::span<const TransactionSection> sections) {
-                      sections_.assign(sections.begin(), sections.end());
-                    });
-  const lookups::Directory directory(*Session().connection);
-  return MakeTransactionDocument(*query_, *query_->client, sections_, directory);
+  database::Connection& connection = *Session().connection;
+  const records::Faults faults = BuildTransactions(
+      connection, *query_, progress, [&](ClientId, std::span<const TransactionSection> sections) {
+        sections_.assign(sections.begin(), sections.end());
+      });
+  report::ReportDocument document =
+      MakeTransactionDocument(*query_, *query_->client, sections_, lookups::Directory(connection));
+  document.notes += records::FaultTexts(connection, faults);
+  return document;
+}
+
+QStringList RptDMatStatement::Choices() const {
+  if (mode_ == Mode::kStatement) {
+    return ChosenOf(*VSF);  // the period stands in the report's name
+  }
+  const QString extent =
+      QueryOfTransactions().account_wise ? OptDemat.group->button(kAccountWise)->text() : QString();
+  return ReportWindow::Choices() + ChosenOf(*VSF) + QStringList{extent};
 }
 
 MaybeRefusal RptDMatStatement::CheckWorkbook() {

@@ -23,8 +23,8 @@ QString Utf8(const std::string& text) {
 }
 
 /// A side on which nothing moved stays empty.
-Cell QuantityOrNothing(double quantity) {
-  return quantity == 0 ? Cell() : Cell(quantity);
+Cell QuantityOrNothing(Shares quantity) {
+  return quantity ? Cell(quantity.Number()) : Cell();
 }
 
 Table NewTable(const lookups::AccountEntry& account) {
@@ -32,8 +32,8 @@ Table NewTable(const lookups::AccountEntry& account) {
   table.titles = {account.id ? Tr("Demat A/c No. ") + Utf8(account.number)
                              : Tr("Without Demat A/c")};
   table.columns = {report::DateColumn(Tr("Date")), report::TextColumn(Tr("Particulars")),
-                   report::AmountColumn(Tr("In")), report::AmountColumn(Tr("Out")),
-                   report::AmountColumn(Tr("Balance"))};
+                   report::QuantityColumn(Tr("In")), report::QuantityColumn(Tr("Out")),
+                   report::QuantityColumn(Tr("Balance"))};
   return table;
 }
 
@@ -42,18 +42,18 @@ void AddScrip(Table& table, const ScripMovements& scrip, const QString& name) {
     table.rows.push_back({RowKind::kGap, {}});
   }
   table.rows.push_back({RowKind::kGroup, {name}});
-  double in = 0;
-  double out = 0;
+  Shares in;
+  Shares out;
   for (const StatementLine& line : scrip.lines) {
     table.rows.push_back({RowKind::kData,
                           {line.date, line.particulars, QuantityOrNothing(line.in),
-                           QuantityOrNothing(line.out), line.balance}});
+                           QuantityOrNothing(line.out), line.balance.Number()}});
     in += line.in;
     out += line.out;
   }
   table.rows.push_back(
       {RowKind::kTotal,
-       {Cell(), Tr("Total"), text::Tidy(in), text::Tidy(out), scrip.lines.back().balance}});
+       {Cell(), Tr("Total"), in.Number(), out.Number(), scrip.lines.back().balance.Number()}});
 }
 
 std::string_view NameOf(Movement movement) {
@@ -62,9 +62,9 @@ std::string_view NameOf(Movement movement) {
   return kNames[static_cast<std::size_t>(movement)];
 }
 
-void AppendQuantity(std::string& out, double quantity) {
-  if (quantity != 0) {
-    text::AppendNumber(out, quantity);
+void AppendQuantity(std::string& out, Shares quantity) {
+  if (quantity) {
+    text::AppendNumber(out, quantity.Number());
   }
   out += ',';
 }
@@ -110,7 +110,7 @@ void AppendStatementCsv(std::string& out, std::span<const ScripMovements> scrips
       out += ',';
       AppendQuantity(out, line.in);
       AppendQuantity(out, line.out);
-      text::AppendNumber(out, line.balance);
+      text::AppendNumber(out, line.balance.Number());
       out += '\n';
     }
   }

@@ -23,7 +23,7 @@ void AppendLine(std::string& out, const std::string& broker, const TransactionLi
   out += ',';
   AppendField(out, directory.Scrip(line.scrip).code);
   out += line.purchase ? "buy," : "sell,";
-  text::AppendNumber(out, line.quantity);
+  text::AppendNumber(out, line.quantity.Number());
   out += ',';
   text::AppendNumber(out, line.rate);
   for (const std::int64_t paise : {line.money.trade_value, line.money.brokerage,

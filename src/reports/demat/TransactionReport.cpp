@@ -1,14 +1,13 @@
 #include "reports/demat/TransactionReport.h"
 
+#include "core/records/Bill.h"
+#include "core/records/Query.h"
 #include "core/text/Amounts.h"
 #include "reports/demat/Ranking.h"
 
 #include <QCoreApplication>
 
-#include <fmt/format.h>
-
 #include <algorithm>
-#include <stdexcept>
 #include <tuple>
 
 namespace quorvane::demat {
@@ -16,19 +15,13 @@ namespace {
 
 constexpr int kSteps = 3;
 
-struct Bill {
+/// A bill in its place in the report.
+struct PlacedBill {
   std::uint32_t client_rank = 0;
   std::uint32_t account_rank = 0;
   std::uint32_t broker_rank = 0;
-  BillId id;
   text::Date date;
-  QString number;
-  QString settlement;
-  AccountId account;
-  BrokerId broker;
-  std::int64_t other_charges = 0;
-  std::int64_t transaction_charges = 0;
-  std::vector<std::pair<int, TransactionLine>> lines;  ///< with their places in the bill
+  records::Bill bill;  ///< with its lines
 };
 
 template <class IdType>
@@ -42,7 +35,7 @@ class BillReader {
   BillReader(database::Connection& connection, const TransactionQuery& query, Progress& progress)
       : connection_(connection), query_(query), progress_(progress) {}
 
-  std::vector<Bill> Read() {
+  std::vector<PlacedBill> Read() {
     progress_.Begin(QCoreApplication::translate("TransactionReport", "Reading bills"), kSteps);
     ReadMasters();
     Step();
@@ -50,17 +43,15 @@ class BillReader {
     Step();
     ReadLines();
     Step();
-    for (Bill& bill : bills_) {
-      std::ranges::stable_sort(bill.lines, {}, [](const auto& line) { return line.first; });
-    }
-    std::ranges::sort(bills_, {}, [this](const Bill& bill) {
-      return std::tuple(bill.client_rank, query_.account_wise ? bill.account_rank : 0,
-                        bill.broker_rank, bill.date, bill.id);
+    std::ranges::sort(bills_, {}, [this](const PlacedBill& one) {
+      return std::tuple(one.client_rank, query_.account_wise ? one.account_rank : 0,
+                        one.broker_rank, one.date, one.bill.id);
     });
     return std::move(bills_);
   }
 
-  ClientId ClientOf(const Bill& bill) const { return {clients_.IdOf(bill.client_rank)}; }
+  const records::Faults& Faults() const { return faults_; }
+
   QString NameOf(BrokerId broker) const {
     const auto found = names_.find(broker);
     return found == names_.end() ? QString() : found->second;
@@ -76,7 +67,7 @@ class BillReader {
     for (const auto& row : connection_.Open("Select Id From ClientInfo Order By Code,Id")) {
       clients_.Add(row.Int(std::size_t{0}));
     }
-    for (const auto& row : connection_.Open("Select Id From ClientActDet Order By ACNo,Id")) {
+    for (const auto& row : connection_.Open("Select id From ClientActDet Order By ACNo,id")) {
       accounts_.Add(row.Int(std::size_t{0}));
     }
     for (const auto& row : connection_.Open("Select Id,Name From Broker Order By Name,Id")) {
@@ -85,75 +76,40 @@ class BillReader {
     }
   }
 
-  database::Recordset OpenOfYear(std::string_view sql) const {
-    std::vector<database::Value> values{query_.year.Text()};
-    std::string text = fmt::format("{} Where Fyear=?", sql);
-    if (query_.client) {
-      text += " and Cid=?";
-      values.emplace_back(*query_.client);
-    }
-    return connection_.OpenValues(text, values);
+  template <class Record>
+  records::Select<Record> OfYear() {
+    records::Select<Record> select(connection_);
+    select.Where(&Record::client, query_.client).Where(&Record::year, query_.year);
+    return select;
   }
 
   void ReadBills() {
-    for (const auto& row : OpenOfYear("Select Cid,ID,BillNo,BDate,SettlNo,BrokId,AcId,OthCharge,"
-                                      "TranChg From SPMaster")) {
-      const BillId id{row.Int(1)};
-      const auto date = text::ParseDmy(row.Utf8(3));
+    OfYear<records::Bill>().Each([this](const records::Bill& bill) {
+      const auto date = text::ParseDmy(bill.date);
       if (!date) {
-        throw std::runtime_error(
-            fmt::format("Bill {} has no valid date (\"{}\"); correct it before a report is made",
-                        id.value, row.Utf8(3)));
+        faults_.push_back({records::FaultKind::kBillWithoutDate, bill.client, bill.id.value,
+                           bill.number.toStdString(), bill.date.toStdString()});
+      } else if (query_.period.from <= *date && *date <= query_.period.to &&
+                 IsWanted(query_.accounts, bill.account)) {
+        places_.emplace(bill.id, bills_.size());
+        bills_.push_back({clients_.Of(bill.client.value), accounts_.Of(bill.account.value),
+                          brokers_.Of(bill.broker.value), *date, bill});
       }
-      const AccountId account{row.Int(6)};
-      if (*date < query_.period.from || *date > query_.period.to ||
-          !IsWanted(query_.accounts, account)) {
-        continue;
-      }
-      const BrokerId broker{row.Int(5)};
-      places_.emplace(id, bills_.size());
-      bills_.push_back({clients_.Of(row.Int(std::size_t{0})),
-                        accounts_.Of(account.value),
-                        brokers_.Of(broker.value),
-                        id,
-                        *date,
-                        row.Text(2),
-                        row.Text(4).trimmed(),
-                        account,
-                        broker,
-                        text::ToPaise(row.Double(7)),
-                        text::ToPaise(row.Double(8)),
-                        {}});
-    }
+    });
   }
 
   void ReadLines() {
-    constexpr int kPurchase = 1;
-    for (const auto& row :
-         OpenOfYear("Select SID,Id,SP,ScriptId,Qty,Rate,Brk,STax,STT From SPTrans")) {
-      const auto place = places_.find(BillId{row.Int(std::size_t{0})});
-      const ScripId scrip{row.Int(3)};
-      if (place == places_.end() || !IsWanted(query_.scrips, scrip)) {
-        continue;
-      }
-      Bill& bill = bills_[place->second];
-      TransactionLine line{bill.date,
-                           bill.id,
-                           bill.number,
-                           bill.settlement,
-                           bill.account,
-                           scrip,
-                           row.Int(2) == kPurchase,
-                           row.Double(4),
-                           row.Double(5),
-                           {}};
-      line.money.trade_value = text::ToPaise(line.quantity * line.rate);
-      line.money.brokerage = text::ToPaise(row.Double(6) * line.quantity);
-      line.money.service_tax = text::ToPaise(row.Double(7));
-      line.money.stt = text::ToPaise(row.Double(8));
-      line.money.total = line.money.trade_value + line.money.brokerage + line.money.stt;
-      bill.lines.emplace_back(row.Int(1), std::move(line));
-    }
+    using records::BillLine;
+    OfYear<BillLine>()
+        .OrderBy(&BillLine::bill)
+        .OrderBy(&BillLine::number)
+        .Each([this](const BillLine& line) {
+          const auto place = places_.find(line.bill);
+          if (place != places_.end() && bills_[place->second].bill.Of() == line.Of() &&
+              IsWanted(query_.scrips, line.scrip)) {
+            bills_[place->second].bill.lines.push_back(line);
+          }
+        });
   }
 
   database::Connection& connection_;
@@ -163,26 +119,43 @@ class BillReader {
   Ranking clients_;
   Ranking accounts_;
   Ranking brokers_;
+  records::Faults faults_;
   std::unordered_map<BrokerId, QString> names_;
   std::unordered_map<BillId, std::size_t> places_;
-  std::vector<Bill> bills_;
+  std::vector<PlacedBill> bills_;
 };
+
+TransactionLine LineOf(const PlacedBill& placed, const records::BillLine& line) {
+  TransactionLine made{placed.date,         placed.bill.id,
+                       placed.bill.number,  placed.bill.settlement_number.trimmed(),
+                       placed.bill.account, line.scrip,
+                       line.IsPurchase(),   line.quantity,
+                       line.rate,           {}};
+  const double quantity = line.quantity.Number();
+  made.money.trade_value = text::ToPaise(quantity * line.rate);
+  made.money.brokerage = text::ToPaise(line.brokerage * quantity);
+  made.money.service_tax = text::ToPaise(line.service_tax);
+  made.money.stt = text::ToPaise(line.stt);
+  made.money.total = made.money.trade_value + made.money.brokerage + made.money.stt;
+  return made;
+}
 
 /// Adds a bill to the transactions of its broker.
 class BillAdder {
  public:
   explicit BillAdder(const TransactionQuery& query) : query_(query) {}
 
-  void Add(BrokerTransactions& of, const Bill& bill) const {
+  void Add(BrokerTransactions& of, const PlacedBill& placed) const {
     const std::size_t first = of.lines.size();
-    for (const auto& [place, line] : bill.lines) {
+    for (const records::BillLine& recorded : placed.bill.lines) {
+      const TransactionLine line = LineOf(placed, recorded);
       of.sums.Add(line.money);
       of.closing.Add(ClosingOf(line));
       AddLine(of.lines, first, line);
     }
     if (query_.scrips.empty()) {
-      of.closing.other_charges += bill.other_charges;
-      of.closing.transaction_charges += bill.transaction_charges;
+      of.closing.other_charges += text::ToPaise(placed.bill.other_charges);
+      of.closing.transaction_charges += text::ToPaise(placed.bill.transaction_charges);
     }
   }
 
@@ -207,9 +180,9 @@ class BillAdder {
       return;
     }
     same->money.Add(line.money);
-    same->quantity = text::Tidy(same->quantity + line.quantity);
-    if (same->rate != line.rate && same->quantity != 0) {
-      same->rate = text::Tidy(text::FromPaise(same->money.trade_value) / same->quantity);
+    same->quantity += line.quantity;
+    if (same->rate != line.rate && same->quantity) {
+      same->rate = text::Tidy(text::FromPaise(same->money.trade_value) / same->quantity.Number());
     }
   }
 
@@ -222,7 +195,8 @@ class SectionMaker {
   SectionMaker(const TransactionQuery& query, const BillReader& reader)
       : query_(query), reader_(reader), adder_(query) {}
 
-  void Add(const Bill& bill) {
+  void Add(const PlacedBill& placed) {
+    const records::Bill& bill = placed.bill;
     const auto account = query_.account_wise ? std::optional(bill.account) : std::nullopt;
     if (sections_.empty() || sections_.back().account != account) {
       sections_.push_back({account, {}, {}, {}});
@@ -231,7 +205,7 @@ class SectionMaker {
     if (brokers.empty() || brokers.back().broker != bill.broker) {
       brokers.push_back({bill.broker, reader_.NameOf(bill.broker), {}, {}, {}});
     }
-    adder_.Add(brokers.back(), bill);
+    adder_.Add(brokers.back(), placed);
   }
 
   /// Without brokers of whom nothing is told.
@@ -279,20 +253,21 @@ QString ClosingCaption(const TransactionClosing& closing) {
              : QCoreApplication::translate("TransactionReport", "Total Receivable");
 }
 
-void BuildTransactions(
+records::Faults BuildTransactions(
     database::Connection& connection, const TransactionQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const TransactionSection>)>& give) {
   BillReader reader(connection, query, progress);
-  const std::vector<Bill> bills = reader.Read();
+  const std::vector<PlacedBill> bills = reader.Read();
   SectionMaker maker(query, reader);
   for (std::size_t i = 0; i < bills.size(); ++i) {
     maker.Add(bills[i]);
     if (i + 1 == bills.size() || bills[i + 1].client_rank != bills[i].client_rank) {
       if (const std::vector<TransactionSection> sections = maker.Take(); !sections.empty()) {
-        give(reader.ClientOf(bills[i]), sections);
+        give(bills[i].bill.client, sections);
       }
     }
   }
+  return reader.Faults();
 }
 
 }  // namespace quorvane::demat

@@ -3,6 +3,8 @@
 #include "core/ClientYear.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
+#include "core/records/Faults.h"
+#include "core/text/Shares.h"
 #include "reports/period/Period.h"
 
 #include <QString>
@@ -49,8 +51,8 @@ struct TransactionLine {
   AccountId account;
   ScripId scrip;
   bool purchase = false;
-  double quantity = 0;  ///< shares
-  double rate = 0;      ///< rupees a share
+  text::Shares quantity;
+  double rate = 0;  ///< rupees a share
   TransactionSums money;
 };
 
@@ -87,9 +89,9 @@ struct TransactionSection {
 
 /// Hands out each client's sections, accounts by number, clients by code; a client without bills in
 /// the period is left out. With scrips chosen, the charges of whole bills are left out: they cannot
-/// be told apart. One query a table. The span lasts as long as the call. Throws DatabaseError,
-/// Cancellation, or std::runtime_error for a bill whose date cannot be read.
-void BuildTransactions(
+/// be told apart. One query a table. The span lasts as long as the call. Returns the records that
+/// could not count as they are written. Throws DatabaseError and Cancellation.
+[[nodiscard]] records::Faults BuildTransactions(
     database::Connection& connection, const TransactionQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const TransactionSection>)>& give);
 

@@ -49,7 +49,8 @@ class HoldingMaker {
         {.kind = purchase.transfer ? Movement::Kind::kTransferIn : Movement::Kind::kPurchase,
          .date = purchase.date,
          .quantity = purchase.quantity,
-         .purchase_rate = purchase.lot_rate});
+         .purchase_rate = purchase.lot_rate,
+         .purchase_date = std::nullopt});
   }
 
   void TakeOut(const Sale& sale) {
@@ -75,9 +76,11 @@ class HoldingMaker {
     Movement movement{.kind = sale.transfer ? Movement::Kind::kTransferOut : Movement::Kind::kSale,
                       .date = sale.date,
                       .quantity = match.quantity,
-                      .purchase_rate = std::nullopt};
+                      .purchase_rate = std::nullopt,
+                      .purchase_date = std::nullopt};
     if (match.purchase != gains::Match::kNoPurchase) {
       movement.purchase_rate = purchases_[match.purchase].lot_rate;
+      movement.purchase_date = purchases_[match.purchase].date;
       movement.gain = match.gain;
       movement.gain_kind = match.kind;
       holding_.gain += match.gain;
@@ -136,12 +139,12 @@ Holding MakeHolding(std::span<Purchase> purchases, std::span<const Sale> sales,
   return HoldingMaker(purchases, sales, period).Make();
 }
 
-std::vector<Holding> ReadHoldings(database::Connection& connection, const MisQuery& query,
-                                  const report::Period& period, Progress& progress) {
+HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
+                          const report::Period& period, Progress& progress) {
   const Selection selection(query);
   gains::History history(connection, {selection.OnlyClient(), query.year, period.from, period.to},
                          progress);
-  std::vector<Holding> holdings;
+  HoldingsRead read{{}, history.Faults()};
   history.Visit([&](const gains::ScripHistory& scrip) {
     if (!selection.Has(scrip.client, scrip.account, scrip.scrip)) {
       return;
@@ -151,11 +154,11 @@ std::vector<Holding> ReadHoldings(database::Connection& connection, const MisQue
       holding.client = scrip.client;
       holding.account = scrip.account;
       holding.scrip = scrip.scrip;
-      holdings.push_back(std::move(holding));
+      read.holdings.push_back(std::move(holding));
     }
     progress.ThrowIfCancelled();
   });
-  return holdings;
+  return read;
 }
 
 }  // namespace quorvane::mis

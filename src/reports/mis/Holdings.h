@@ -3,6 +3,7 @@
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "core/gains/Matching.h"
+#include "core/records/Faults.h"
 #include "reports/mis/MisQuery.h"
 
 #include <array>
@@ -22,6 +23,7 @@ struct Movement {
   Date date;
   double quantity = 0;                  ///< shares, positive
   std::optional<double> purchase_rate;  ///< rupees a share of the lot; none when sold without one
+  std::optional<Date> purchase_date;    ///< of the lot that a sale or transfer out used up
   std::int64_t gain = 0;                ///< paise, of a sale
   gains::GainKind gain_kind = gains::GainKind::kShortTerm;
 };
@@ -66,10 +68,15 @@ struct Holding {
 /// Adds quantities without binary dust.
 double AddShares(double a, double b);
 
+struct HoldingsRead {
+  std::vector<Holding> holdings;
+  records::Faults faults;  ///< records that could not count as they are written
+};
+
 /// The holdings of the query's clients, accounts and scrips over `period`, those without any
 /// movement or stock left out: by client code, scrip name and account number. One query a table,
 /// whatever the number of clients. Throws as gains::History does.
-std::vector<Holding> ReadHoldings(database::Connection& connection, const MisQuery& query,
+HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
                                   const report::Period& period, Progress& progress);
 
 /// The holding of one place out of what came in and left there, both in date order; `purchases` are

@@ -148,7 +148,7 @@ QString LongDate(Date date) {
 report::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
                                      Progress& progress) {
   const Names names(connection);
-  const std::vector<Holding> holdings = ReadHoldings(connection, query, PeriodOf(query), progress);
+  const auto [holdings, faults] = ReadHoldings(connection, query, PeriodOf(query), progress);
   const MarketRates market = NeedsRates(query.kind)
                                  ? rates::RateBook(connection).NewestUpTo(query.ValuedOn())
                                  : MarketRates();
@@ -157,6 +157,7 @@ report::ReportDocument MakeMisReport(database::Connection& connection, const Mis
   document.tables.push_back(MakeTable(query, *form, holdings, names));
   AddTitles(document, query, names);
   AddNotes(document, *form, holdings, names);
+  document.notes += records::FaultTexts(connection, faults);
   return document;
 }
 

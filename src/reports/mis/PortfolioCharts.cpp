@@ -136,7 +136,8 @@ ChartData Composition(database::Connection& connection, const MisQuery& query, i
                       Progress& progress) {
   const Date day = query.ValuedOn();
   const Names names(connection);
-  const auto holdings = ReadHoldings(connection, query, {query.year.FirstDay(), day}, progress);
+  const auto holdings =
+      ReadHoldings(connection, query, {query.year.FirstDay(), day}, progress).holdings;
   QStringList unrated;
   const auto values =
       ValuesByScrip(holdings, rates::RateBook(connection).NewestUpTo(day), names, unrated);
@@ -195,7 +196,8 @@ ChartData ValueByMonth(database::Connection& connection, const MisQuery& query,
 
 ChartData GainsByKind(database::Connection& connection, const MisQuery& query, Progress& progress) {
   charts::GainsChart gains(query.period);
-  for (const Holding& holding : ReadHoldings(connection, query, query.period, progress)) {
+  const auto read = ReadHoldings(connection, query, query.period, progress);
+  for (const Holding& holding : read.holdings) {
     for (const Movement& movement : holding.movements) {
       if (movement.kind == Movement::Kind::kSale && movement.purchase_rate) {
         gains.Add(movement.date, movement.gain_kind, movement.gain);

@@ -2,12 +2,37 @@
 
 #include "core/text/Csv.h"
 
+#include <QRegularExpression>
+
+#include <algorithm>
+
 namespace quorvane::report {
 namespace {
 
+/// A spreadsheet would compute a text that begins so, with any quotes and blanks before it.
+bool BeginsFormula(const QString& text) {
+  static const QString kSigns = QStringLiteral("=+-@\t\uFF1D\uFF0B\uFF0D\uFF20");
+  static const QRegularExpression kNumber(
+      QStringLiteral("^\\s*[+-]?[0-9][0-9,]*(\\.[0-9]*)?\\s*$"));
+  const auto* start = std::ranges::find_if(text, [](QChar c) {
+    return c == QChar('\t') || !(c.isSpace() || c == QChar('"') || c == QChar('\''));
+  });
+  if (start == text.cend() || !kSigns.contains(*start)) {
+    return false;
+  }
+  // A dash alone is none, and a negative number is one.
+  return std::any_of(start, text.cend(), [](QChar c) { return c.isLetterOrNumber(); }) &&
+         !kNumber.match(text).hasMatch();
+}
+
+/// A text that people gave: as a text also for a spreadsheet.
+void AppendText(std::string& out, const QString& text) {
+  text::AppendCsvField(out, (BeginsFormula(text) ? QLatin1Char('\'') + text : text).toStdString());
+}
+
 void AppendLines(std::string& out, const QStringList& lines) {
   for (const QString& line : lines) {
-    text::AppendCsvField(out, line.toStdString());
+    AppendText(out, line);
     out += '\n';
   }
 }
@@ -25,20 +50,25 @@ void AppendHeadings(std::string& out, const Table& table) {
       heading = (table.groups[group].heading + QLatin1Char(' ') + heading).trimmed();
     }
     out += i > 0 ? "," : "";
-    text::AppendCsvField(out, heading.toStdString());
+    AppendText(out, heading);
   }
   out += '\n';
 }
 
 void AppendRow(std::string& out, const Table& table, const Row& row, std::string& field) {
   if (row.kind == RowKind::kGroup) {
-    text::AppendCsvField(out, GroupText(row).toStdString());
+    AppendText(out, GroupText(row));
     out += '\n';
     return;
   }
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     out += i > 0 ? "," : "";
-    if (i < row.cells.size()) {
+    if (i >= row.cells.size()) {
+      continue;
+    }
+    if (const auto* words = std::get_if<QString>(&row.cells[i])) {
+      AppendText(out, *words);
+    } else {
       const Mask mask = table.columns[i].mask;
       field.clear();
       AppendCell(field, row.cells[i], mask == Mask::kThousands ? Mask::kAmount : mask);

@@ -14,7 +14,7 @@
 namespace quorvane::report {
 namespace {
 
-constexpr qsizetype kLongestStem = 120;
+constexpr qsizetype kLongestStem = 180;  // bytes; file systems take 255
 
 [[noreturn]] void Fail(const QSaveFile& file) {
   throw std::runtime_error("cannot write " + file.fileName().toStdString() + ": " +
@@ -66,7 +66,9 @@ QString FileStem(const QStringList& words) {
       c = QLatin1Char('_');
     }
   }
-  stem.truncate(kLongestStem);
+  while (stem.toUtf8().size() > kLongestStem) {
+    stem.chop(1);
+  }
   stem = stem.trimmed();
   while (stem.endsWith(QLatin1Char('.'))) {
     stem.chop(1);

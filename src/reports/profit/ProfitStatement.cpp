@@ -104,9 +104,7 @@ class Builder {
 
   void Push(const StatementRow& row) {
     rows_.push_back(row);
-    if (row.kind != RowKind::kTransfer) {
-      AddTo(total_, row);
-    }
+    AddTo(total_, row);
   }
 
   void AddMatch(const ScripHistory& history, const Match& match) {
@@ -119,7 +117,8 @@ class Builder {
       }
       return;
     }
-    if (!sale.transfer && !Wanted(query_.gains, match.kind)) {
+    // A transfer is no speculation, whatever its days.
+    if (!Wanted(query_.gains, sale.transfer ? GainKind::kShortTerm : match.kind)) {
       return;
     }
     const Purchase& purchase = history.purchases[match.purchase];
@@ -209,9 +208,9 @@ StatementQuery StatementQuery::OfYear(std::optional<ClientId> client, text::Fina
           .charges = {}};
 }
 
-void BuildStatement(database::Connection& connection, const StatementQuery& query,
-                    Progress& progress,
-                    const std::function<void(ClientId, std::span<const StatementRow>)>& give) {
+records::Faults BuildStatement(
+    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    const std::function<void(ClientId, std::span<const StatementRow>)>& give) {
   gains::History history(connection, {query.client, query.year, query.from, query.to, query.fo},
                          progress);
   Builder builder(query, give);
@@ -220,6 +219,7 @@ void BuildStatement(database::Connection& connection, const StatementQuery& quer
     progress.ThrowIfCancelled();
   });
   builder.CloseClient();
+  return history.Faults();
 }
 
 }  // namespace quorvane::profit

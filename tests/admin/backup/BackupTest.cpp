@@ -3,6 +3,7 @@
 #include "admin/backup/Restore.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/backup/TableRows.h"
+#include "core/database/Keys.h"
 #include "core/database/Transaction.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -166,6 +167,25 @@ class BackupTest : public QObject {
       QVERIFY(rows.Next());
       QCOMPARE(rows.Double(0), number);
     }
+  }
+
+  void AKeyGivenSinceTheBackupIsNotGivenAgain() {
+    Office office;
+    const auto next = [&] {
+      database::Transaction transaction(office.database.Get());
+      const int key = database::NextKey(transaction, "Broker");
+      transaction.Commit();
+      return key;
+    };
+    QCOMPARE(next(), 1);
+    const QString made = office.BackUp();
+    QCOMPARE(next(), 2);
+    QCOMPARE(office.Restore(made), QString());
+    QCOMPARE(next(), 3);
+    const QString later = office.BackUp();
+    office.database->Execute("Delete From RecordKey");
+    QCOMPARE(office.Restore(later), QString());
+    QCOMPARE(next(), 4);
   }
 
   void WhatWasReplacedIsABackupToo() {

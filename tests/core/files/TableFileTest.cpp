@@ -91,6 +91,8 @@ class TableFileTest : public QObject {
     row("a cell without an end", "A\n" + QByteArray(5000, 'x'),
         "The file holds more than can be read.");
     row("too many columns", QByteArray(300, ',') + "x", "The file holds more than can be read.");
+    row("millions of empty columns", "A\n" + QByteArray(4'000'000, ','),
+        "Line 2: the line holds too many fields.");
   }
 
   void DangerousOrBrokenFileIsRefused() {
@@ -116,6 +118,9 @@ class TableFileTest : public QObject {
                                    "A\0,\0B\0\n\0",
                                    10)
                             << QStringList("1:A|B");
+    QTest::newRow("entities by name and number, what is none left")
+        << QByteArray("L&#38;T,M&#x26;M,&amp;lt;,A&B;&#0;&#xD800;&#;&,R&#8217;S")
+        << QStringList("1:L&T|M&M|&lt;|A&B;&#0;&#xD800;&#;&|R’S");
     QTest::newRow("no line end, last values empty")
         << QByteArray("A,B,C\n1,,") << QStringList({"1:A|B|C", "2:1"});
   }
@@ -127,7 +132,7 @@ class TableFileTest : public QObject {
 
   void PageGivesItsTablesAndLinks() {
     const HtmlDocument page(
-        "<html><body><a href='x.htm'>x</a><table id=grd1><tr><th>Code<th>LTP<tr><td>5&amp;6"
+        "<html><body><a href='x.htm'>x</a><table id=grd1><tr><th>Code<th>LTP<tr><td>5&#38;&#x36;"
         "<td> <b>1,234.50</b></table><span id=tdNext0><a href=\"?Page=2\">Next</a></span>");
     QCOMPARE(RowsOf(page.TableAt("grd1").value()), QStringList({"1:Code|LTP", "2:5&6|1,234.50"}));
     QVERIFY(!page.TableAt("grd2"));

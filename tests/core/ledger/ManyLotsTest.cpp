@@ -98,9 +98,9 @@ void ManyLotsTest::LastQuantityCountsForTwoLotsOfOneId() {
   database->Execute("Insert Into StkOpBal Values(1,'2011-12',0,3,8,0.5,0,2,'01/01/2010',0,0,0,0)");
   Progress progress;
   std::vector<double> quantities;
-  for (const LotChange& change : CheckStock(*database, kOf, progress)) {
+  for (const LotChange& change : CheckStock(*database, kOf, progress).changes) {
     if (change.lot.id == LotId{5}) {
-      quantities.push_back(change.quantity);
+      quantities.push_back(change.quantity.Number());
     }
   }
   QCOMPARE(quantities.size(), std::size_t{2});

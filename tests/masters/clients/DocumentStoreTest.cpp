@@ -73,6 +73,8 @@ class DocumentStoreTest : public QObject {
     QTest::newRow("name that climbs elsewhere") << "home/..\\..\\evil.txt" << no_document;
     QTest::newRow("name of a drive") << "home/c:evil.txt" << no_document;
     QTest::newRow("name with a line break") << "home/a\nb.txt" << no_document;
+    QTest::newRow("kind that nothing shows") << "home/sheet.xlsx"
+                                             << "Format Not Supported.";
     QTest::newRow("too large") << "home/large.txt"
                                << "The File is too Large. At Most 3 MB are Allowed.";
     QTest::newRow("link to nowhere") << "home/dangling.txt"
@@ -84,6 +86,7 @@ class DocumentStoreTest : public QObject {
     Write("home/..\\..\\evil.txt", "evil");
     Write("home/c:evil.txt", "evil");
     Write("home/a\nb.txt", "evil");
+    Write("home/sheet.xlsx", "PK");
     Write("home/large.txt", QByteArray(3 * 1024 * 1024 + 1, 'x'));
     QFile::link(folder_->filePath("nowhere"), folder_->filePath("home/dangling.txt"));
     QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));

@@ -1,9 +1,13 @@
 #include "core/Progress.h"
+#include "core/platform/Processes.h"
 #include "masters/clients/DocumentViewer.h"
 #include "masters/clients/Documents.h"
 #include "support/TestMain.h"
 
+#include <QAction>
 #include <QBuffer>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QPageRanges>
 #include <QPainter>
 #include <QPdfDocument>
@@ -12,7 +16,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTextBrowser>
 
 using namespace quorvane;
 using namespace quorvane::clients;
@@ -51,10 +54,7 @@ class DocumentViewerTest : public QObject {
     QFETCH(const QString, text);
     DocumentViewer viewer;
     QCOMPARE(Opened(viewer, Write(name, content)), QString("shown"));
-    QCOMPARE(viewer.HasPages(), text.isEmpty());
-    if (!text.isEmpty()) {
-      QVERIFY(viewer.findChild<QTextBrowser*>()->toPlainText().contains(text));
-    }
+    QVERIFY2(viewer.Page().text.contains(text), qPrintable(viewer.Page().text));
   }
 
   void FileThatIsNoDocumentIsRefusedAtOnce_data() {
@@ -81,6 +81,101 @@ class DocumentViewerTest : public QObject {
     QCOMPARE(Opened(viewer, Write("first.txt", "First")), QString("shown"));
     QCOMPARE(Opened(viewer, folder_.filePath(name)), message);
     QVERIFY(viewer.IsEmpty());
+  }
+
+  void DocumentThatHarmsItsReaderIsGivenUp_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("messages");  ///< one of them
+    const QString too_long = "The Document takes too Long to be Shown.";
+    const QString too_large = "The Document is too Large to be Shown.";
+    const QString broken = "The Document is Broken, or Showing it Needs too Much Memory.";
+    QTest::newRow("draws itself") << "a.pdf" << test::PdfThatDrawsItself() << QStringList(too_long);
+    QTest::newRow("unpacks to 600 MB")
+        << "a.pdf" << test::PdfThatUnpacksToMuch() << QStringList({too_long, too_large, broken});
+    QTest::newRow("deeply nested") << "a.html" << QByteArray("<table><tr><td>").repeated(60000)
+                                   << QStringList({too_long, broken});
+    QTest::newRow("marks on one letter")
+        << "a.html"
+        << "a" + QByteArray("\u0301").repeated(500000) << QStringList(too_long);
+    QTest::newRow("picture of 30000x30000")
+        << "a.html"
+        << "<img src='data:image/png;base64," + test::PngOfNothing(30000).toBase64() + "'>"
+        << QStringList(too_large);
+  }
+
+  void DocumentThatHarmsItsReaderIsGivenUp() {
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const QStringList, messages);
+    DocumentViewer viewer(
+        {.process = {.cpu = std::chrono::seconds(2)}, .longest = std::chrono::seconds(60)});
+    const QString outcome = Opened(viewer, Write(name, content));
+    QVERIFY2(messages.contains(outcome), qPrintable(outcome));
+    QVERIFY(viewer.IsEmpty());
+    QCOMPARE(Opened(viewer, Write("next.txt", "Signed")), QString("shown"));
+  }
+
+  void ReaderIsEndedByTheClockAndWithTheViewer() {
+    const QString path = Write("never.pdf", test::PdfThatDrawsItself());
+    auto viewer = std::make_unique<DocumentViewer>(ReadingLimits{
+        .process = {.cpu = std::chrono::seconds(300)}, .longest = std::chrono::seconds(1)});
+    QCOMPARE(Opened(*viewer, path), QString("The Document takes too Long to be Shown."));
+    QTRY_COMPARE(platform::FindProcess(path), 0);
+    viewer = std::make_unique<DocumentViewer>(ReadingLimits{
+        .process = {.cpu = std::chrono::seconds(300)}, .longest = std::chrono::seconds(300)});
+    viewer->Open(path);
+    QTRY_VERIFY(platform::FindProcess(path) != 0);
+    viewer.reset();
+    QTRY_COMPARE(platform::FindProcess(path), 0);
+  }
+
+  void MissingReaderIsTold() {
+    DocumentViewer viewer({.find_reader = [] { return QString(); }});
+    QVERIFY(
+        Opened(viewer, Write("first.txt", "First")).startsWith("The Program \"quorvane-reader\""));
+  }
+
+  void AnswerThatIsNoPageIsRefused_data() {
+    QTest::addColumn<int>("at");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("mark") << 0 << QByteArray(1, 'X');
+    QTest::newRow("size that is no number") << 4 << QByteArray(8, '\xff');
+    QTest::newRow("page beyond the last") << 23 << QByteArray(1, '\x7');
+    QTest::newRow("text without an end") << 28 << QByteArray(4, '\x7f');
+    QTest::newRow("no level") << 32 << QByteArray(1, '\0');
+    QTest::newRow("negative width") << 33 << QByteArray(1, '\xff');
+    QTest::newRow("more pixels than follow") << 36 << QByteArray(1, '\x7');
+    QTest::newRow("more pixels than a page has") << 33 << QByteArray("\0\x70\0\0\0\x70", 6);
+  }
+
+  void AnswerThatIsNoPageIsRefused() {
+    QFETCH(const int, at);
+    QFETCH(const QByteArray, bytes);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QVERIFY(WritePage(MakePage(picture, QSizeF(3, 2), 0, 1), buffer));
+    QByteArray answer = buffer.data();
+    QCOMPARE(PageOf(answer)->levels.front(), picture);
+    QVERIFY(!PageOf(answer.chopped(1)));
+    answer.replace(at, bytes.size(), bytes);
+    QVERIFY(!PageOf(answer));
+  }
+
+  void TextFitsThePaperAndIsCopied() {
+    DocumentViewer viewer;
+    const QByteArray wide =
+        "<table width=1500><tr><td>Scrip<td>Rate</table><img width=30000 height=30000 "
+        "src='data:image/gif;base64," +
+        test::Gif().toBase64() + "'>";
+    QCOMPARE(Opened(viewer, Write("a.html", wide)), QString("shown"));
+    QVERIFY2(viewer.Page().actual.width() >= 1500 && viewer.Page().actual.width() < 1700,
+             qPrintable(QString::number(viewer.Page().actual.width())));
+    auto* pages = viewer.findChild<DocumentPageView*>();
+    pages->actions().constFirst()->trigger();
+    QVERIFY(QGuiApplication::clipboard()->text().contains("Scrip"));
   }
 
   void PagesAreTurnedAndCounted() {
@@ -183,7 +278,7 @@ class DocumentViewerTest : public QObject {
     connect(&viewer, &DocumentViewer::Opened, &scope, [&] { outcome = "shown"; });
     connect(&viewer, &DocumentViewer::Failed, &scope, [&](const QString& text) { outcome = text; });
     viewer.Open(path);
-    return QTest::qWaitFor([&] { return !outcome.isEmpty(); }, 20000) ? outcome : "nothing";
+    return QTest::qWaitFor([&] { return !outcome.isEmpty(); }, 90000) ? outcome : "nothing";
   }
 
   inline static const QColor kColors[4] = {Qt::red, Qt::green, Qt::blue, Qt::black};

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QList>
 #include <QString>
 #include <QtEndian>
 
@@ -55,6 +56,67 @@ inline QByteArray Tiff(const std::vector<quint32>& heights) {
     bytes += directory;
   }
   return bytes;
+}
+
+/// A PDF document of one page, whose objects from number 3 on are given.
+inline QByteArray PdfOf(const QList<QByteArray>& objects) {
+  QByteArray bytes = "%PDF-1.4\n";
+  QByteArray places = "0000000000 65535 f \n";
+  const QList<QByteArray> all =
+      QList<QByteArray>{"<</Type/Catalog/Pages 2 0 R>>", "<</Type/Pages/Kids[3 0 R]/Count 1>>"} +
+      objects;
+  for (qsizetype i = 0; i < all.size(); ++i) {
+    places += QByteArray::number(bytes.size()).rightJustified(10, '0') + " 00000 n \n";
+    bytes += QByteArray::number(i + 1) + " 0 obj\n" + all[i] + "\nendobj\n";
+  }
+  const QByteArray count = QByteArray::number(all.size() + 1);
+  return bytes + "xref\n0 " + count + "\n" + places + "trailer\n<</Size " + count +
+         "/Root 1 0 R>>\nstartxref\n" + QByteArray::number(bytes.size()) + "\n%%EOF\n";
+}
+
+inline QByteArray PdfStream(const QByteArray& entries, const QByteArray& content) {
+  return "<<" + entries + "/Length " + QByteArray::number(content.size()) + ">>\nstream\n" +
+         content + "\nendstream";
+}
+
+/// Its form paints itself twice.
+inline QByteArray PdfThatDrawsItself() {
+  const QByteArray form = "/Resources<</XObject<</F 5 0 R>>>>";
+  return PdfOf({"<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents 4 0 R" + form + ">>",
+                PdfStream({}, "/F Do"),
+                PdfStream("/Type/XObject/Subtype/Form/BBox[0 0 595 842]" + form, "/F Do /F Do")});
+}
+
+/// 30 times the same 20 MB of lines.
+inline QByteArray PdfThatUnpacksToMuch() {
+  const QByteArray lines = qCompress(QByteArray("0 0 m 9 9 l S ").repeated(20 << 16)).mid(4);
+  return PdfOf({"<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents[" +
+                    QByteArray("4 0 R ").repeated(30) + "]>>",
+                PdfStream("/Filter/FlateDecode", lines)});
+}
+
+/// A black picture, that many dots wide and high: packed, next to nothing.
+inline QByteArray PngOfNothing(quint32 side) {
+  const auto chunk = [](const QByteArray& name, const QByteArray& content) {
+    quint32 sum = 0xffffffff;
+    for (const char byte : name + content) {
+      sum ^= static_cast<quint8>(byte);
+      for (int bit = 0; bit < 8; ++bit) {
+        sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xedb88320 : 0);
+      }
+    }
+    QByteArray numbers(8, '\0');
+    qToBigEndian(static_cast<quint32>(content.size()), numbers.data());
+    qToBigEndian(~sum, numbers.data() + 4);
+    return numbers.left(4) + name + content + numbers.mid(4);
+  };
+  QByteArray header(13, '\0');
+  qToBigEndian(side, header.data());
+  qToBigEndian(side, header.data() + 4);
+  header[8] = 1;
+  const qsizetype row = 1 + (side + 7) / 8;
+  return QByteArray::fromHex("89504e470d0a1a0a") + chunk("IHDR", header) +
+         chunk("IDAT", qCompress(QByteArray(row * side, '\0')).mid(4)) + chunk("IEND", {});
 }
 
 /// A word processor's document: a compound file of one stream, which begins with the table of where

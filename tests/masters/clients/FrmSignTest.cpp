@@ -30,7 +30,7 @@ class FrmSignTest : public test::ClientWindow {
     QFile::remove(picked_);
     QVERIFY(QFile::exists(folder_->filePath("SignDocs/7/Sign 1.txt")));
     QCOMPARE(View(), QString("shown"));
-    QCOMPARE(window_->findChild<QTextBrowser*>()->toPlainText(), QString("Signed"));
+    QVERIFY(window_->findChild<DocumentViewer*>()->Page().text.contains("Signed"));
     Modify(7);
     Click("CmdClr");
     QVERIFY(!Button("CmdView")->isEnabled());
@@ -63,6 +63,27 @@ class FrmSignTest : public test::ClientWindow {
     QTEST(View(), "message");
     QCOMPARE(messages_->said.front().kind, RecordingMessages::Kind::kInform);
     QVERIFY(window_->findChild<DocumentViewer*>()->IsEmpty());
+  }
+
+  void DocumentOfAKindThatNothingShowsIsNotKept() {
+    AddClient(7, "C7");
+    AddAccount(7, 5, 1, 11, "A");
+    Db().Execute("Update ClientInfo Set SignDoc='old.docx'");
+    QVERIFY(QDir().mkpath(folder_->filePath("SignDocs/7")));
+    test::WriteFile(folder_->filePath("SignDocs/7/old.docx"), "older");
+    Open();
+    Modify(7);
+    Box(2)->setText("ANOTHER NAME");
+    Click("cmdUpdate");
+    QCOMPARE(Rows(Db(), "Select Name,SignDoc From ClientInfo"),
+             QStringList("ANOTHER NAME|old.docx"));
+    Modify(7);
+    picked_ = test::WriteFile(folder_->filePath("new.xyz"), "new");
+    Click("CmdSource");
+    Click("cmdUpdate");
+    QCOMPARE(messages_->Texts(), QStringList("Format Not Supported."));
+    QVERIFY(window_->IsEditing());
+    QVERIFY(QFile::exists(folder_->filePath("SignDocs/7/old.docx")));
   }
 
   void DocumentLeavesThePaneWithItsClient() {

@@ -1,3 +1,4 @@
+#include "reports/output/CsvWriter.h"
 #include "reports/output/TextWriter.h"
 #include "support/TestMain.h"
 
@@ -11,6 +12,8 @@ class TextWriterTest : public QObject {
  private Q_SLOTS:
   void ColumnsFitTheirWidestCell();
   void HeadingsOfGroupsWidenTheirColumns();
+  void SpreadsheetComputesNoTextOfACsv_data();
+  void SpreadsheetComputesNoTextOfACsv();
 };
 
 void TextWriterTest::ColumnsFitTheirWidestCell() {
@@ -46,6 +49,35 @@ void TextWriterTest::HeadingsOfGroupsWidenTheirColumns() {
                                                                      "------------\n"
                                                                      "x     1.5  2\n"
                                                                      "------------\n"));
+}
+
+void TextWriterTest::SpreadsheetComputesNoTextOfACsv_data() {
+  QTest::addColumn<QString>("text");
+  QTest::addColumn<QString>("written");
+  const auto same = [](const char* text) { QTest::newRow(text) << text << text; };
+  const auto marked = [](const char* text, const char* written) {
+    QTest::newRow(text) << text << written;
+  };
+  for (const char* text : {"ITC LTD", "-", "--", "-12.50", "A=B", "1001", "O'BRIEN"}) {
+    same(text);
+  }
+  marked("+1,234", "\"+1,234\"");
+  marked("=1+1", "'=1+1");
+  marked("@SUM(A1)", "'@SUM(A1)");
+  marked("-2+3", "'-2+3");
+  marked("+cmd|x", "'+cmd|x");
+  marked("\tA", "'\tA");
+  marked(" \"=A1,2", "\"' \"\"=A1,2\"");
+}
+
+void TextWriterTest::SpreadsheetComputesNoTextOfACsv() {
+  QFETCH(const QString, text);
+  QFETCH(const QString, written);
+  Table table;
+  table.columns = {TextColumn("Name"), AmountColumn("Amount")};
+  table.rows = {{RowKind::kGroup, {text}}, {RowKind::kData, {text, -12.5}}};
+  QCOMPARE(QString::fromStdString(WriteCsv({{text}, {table}})),
+           written + "\nName,Amount\n" + written + "\n" + written + ",-12.50\n");
 }
 
 static const quorvane::test::RegisterTest<TextWriterTest> kRegistered;

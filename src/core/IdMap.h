@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace quorvane::ledger {
+namespace quorvane {
 
 /// Values by database key for the millions of look-ups of a set-wise pass: filled first, then
 /// sealed, then searched. Keys that lie close together, as keys of one table do, are found by
@@ -67,4 +67,4 @@ class IdMap {
   int first_ = 0;
 };
 
-}  // namespace quorvane::ledger
+}  // namespace quorvane

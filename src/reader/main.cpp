@@ -1,0 +1,110 @@
+#include "core/app/AppInfo.h"
+#include "core/platform/ProcessLimits.h"
+#include "masters/clients/DocumentKind.h"
+#include "masters/clients/DocumentReading.h"
+#include "reader/PdfPage.h"
+#include "reader/PicturePage.h"
+#include "reader/Refuse.h"
+#include "reader/TextPage.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTranslator>
+
+#include <cstdio>
+#include <new>
+
+namespace {
+
+using namespace quorvane;
+using clients::DocumentKind;
+
+constexpr std::int64_t kMegabyte = 1 << 20;
+
+struct Order {
+  QString path;
+  int page = 0;
+  int dots = 0;
+  platform::ProcessLimits limits;
+  QString language_file;
+};
+
+Order OrderOf(const QGuiApplication& application) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral(
+      "Reads a page of a document for Quorvane and writes its picture to standard output."));
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The document"));
+  parser.addOptions({{QStringLiteral("page"), QStringLiteral("Counted from 0"), "N", "0"},
+                     {QStringLiteral("dots"), QStringLiteral("To the inch"), "N", "192"},
+                     {QStringLiteral("seconds"), QStringLiteral("Of CPU time at most"), "N", "10"},
+                     {QStringLiteral("megabytes"), QStringLiteral("At most"), "N", "1536"},
+                     {QStringLiteral("language"), QStringLiteral("Texts of a language"), "FILE"}});
+  parser.process(application);
+  if (parser.positionalArguments().size() != 1) {
+    parser.showHelp(2);
+  }
+  return {.path = parser.positionalArguments().constFirst(),
+          .page = std::max(0, parser.value(QStringLiteral("page")).toInt()),
+          .dots = std::clamp(parser.value(QStringLiteral("dots")).toInt(), 1, 1200),
+          .limits = {.cpu = std::chrono::seconds(parser.value(QStringLiteral("seconds")).toInt()),
+                     .bytes = kMegabyte * parser.value(QStringLiteral("megabytes")).toInt()},
+          .language_file = parser.value(QStringLiteral("language"))};
+}
+
+clients::DocumentPage Read(const Order& order) {
+  switch (clients::KindOf(order.path)) {
+    case DocumentKind::kImage:
+      return reader::ReadPicturePage(order.path, order.page);
+    case DocumentKind::kPdf:
+      return reader::ReadPdfPage(order.path, order.page, order.dots);
+    case DocumentKind::kText:
+      return reader::ReadTextPage(order.path, order.page, order.dots);
+    case DocumentKind::kUnsupported:
+      break;
+  }
+  throw std::runtime_error(clients::FormatNotSupported().toStdString());
+}
+
+int Write(const QByteArray& line, QFile& out) {
+  out.write(line + '\n');
+  return clients::kReaderRefused;
+}
+
+int Answer(const Order& order) {
+  QFile out;
+  if (!out.open(stdout, QIODevice::WriteOnly)) {
+    return clients::kReaderRefused;
+  }
+  try {
+    return clients::WritePage(Read(order), out) ? clients::kReaderDone : clients::kReaderRefused;
+  } catch (const std::bad_alloc&) {
+    return Write(
+        QCoreApplication::translate("Clients", "The Document is too Large to be Shown.").toUtf8(),
+        out);
+  } catch (const std::exception& error) {
+    return Write(error.what(), out);
+  }
+}
+
+}  // namespace
+
+/// Documents come from strangers. This program does nothing but read one, under limits of time and
+/// memory, so that whatever happens in it leaves the windows alone.
+int main(int argc, char** argv) {
+  platform::EndWithParent();
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QGuiApplication application(argc, argv);
+  QCoreApplication::setApplicationName(QStringLiteral("quorvane-reader"));
+  QCoreApplication::setApplicationVersion(QLatin1String(app::kVersionText));
+  const Order order = OrderOf(application);
+  platform::LimitThisProcess(order.limits, clients::kReaderUsedUp);
+  reader::BoundPictures();
+  QTranslator translator;
+  if (!order.language_file.isEmpty() && translator.load(order.language_file)) {
+    QCoreApplication::installTranslator(&translator);
+  }
+  return Answer(order);
+}

@@ -58,8 +58,9 @@ class Twins {
       : transaction_(transaction), table_(table), key_(key), naming_(Naming(table)) {
     const std::string client = ClientOf(table).empty() ? "0" : std::string(ClientOf(table));
     for (const auto& row : transaction.Open(
-             fmt::format("Select RowKey,{} From {} Where Id=? Order By RowKey For Update", client,
-                         table),
+             fmt::format(
+                 "Select RowKey,Coalesce({},0) From {} Where Id=? Order By RowKey For Update",
+                 client, table),
              key)) {
       rows_.push_back({row.Int64(0), row.Int(1)});
     }
@@ -118,8 +119,8 @@ class Twins {
 
 std::vector<int> DoubledKeys(database::Connection& connection, std::string_view table) {
   std::vector<int> keys;
-  for (const auto& row : connection.Open(
-           fmt::format("Select Id From {} Group By Id Having Count(*)>1 Order By Id", table))) {
+  for (const auto& row : connection.Open(fmt::format(
+           "Select Id From {} Where Id>0 Group By Id Having Count(*)>1 Order By Id", table))) {
     keys.push_back(row.Int(std::size_t{0}));
   }
   return keys;

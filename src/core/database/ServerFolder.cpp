@@ -7,9 +7,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
+#include <filesystem>
+#include <limits>
+#include <optional>
 #include <stdexcept>
+#include <system_error>
 
 namespace quorvane::database {
 namespace {
@@ -22,6 +25,13 @@ constexpr char kSocketName[] = "/mariadb.sock";
 constexpr QLatin1Char kListSeparator(':');
 
 constexpr std::int64_t kSpareRoom = 64 << 20;
+
+/// Nothing when the system does not tell.
+std::optional<std::int64_t> RoomOn(const QString& folder) {
+  std::error_code error;
+  const auto space = std::filesystem::space(QFileInfo(folder).filesystemFilePath(), error);
+  return error ? std::nullopt : std::optional(static_cast<std::int64_t>(space.available));
+}
 
 bool FitsASocket(const QString& folder) {
   return QFile::encodeName(folder + QLatin1String(kSocketName)).size() <= kLongestSocketPath &&
@@ -91,7 +101,7 @@ QString ServerFolder::ShortName() const {
 QString ServerFolder::SpareFolder() const {
   for (const QString& disk : platform::ScratchDisks()) {
     QString folder = disk + ShortName();
-    if (QStorageInfo(disk).bytesAvailable() < kSpareRoom) {
+    if (RoomOn(disk).value_or(0) < kSpareRoom) {
       continue;
     }
     try {
@@ -112,7 +122,7 @@ void ServerFolder::RemoveSpareFolders() const {
 }
 
 std::int64_t ServerFolder::Room() const {
-  return QStorageInfo(path_).bytesAvailable();
+  return RoomOn(path_).value_or(std::numeric_limits<std::int64_t>::max());
 }
 
 std::int64_t ServerFolder::Process() const {

@@ -178,6 +178,10 @@ Maximum Allowed Value is: %1</source>
         <source>S.T.T.</source>
         <translation>एस.टी.टी.</translation>
     </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>पंक्ति %1: %2</translation>
+    </message>
 </context>
 <context>
     <name>BrokerLedger</name>
@@ -445,12 +449,24 @@ Maximum Allowed Value is: %1</source>
         <source>The Document is of a Newer Kind. Save it as &quot;Rich Text&quot; to have it Shown.</source>
         <translation>दस्तावेज़ नए प्रारूप का है। दिखाने के लिए उसे &quot;Rich Text&quot; के रूप में सहेजें।</translation>
     </message>
+    <message>
+        <source>%1 bills, %2 opening rows, %3 transfers and %4 lots name this Demat A/c. They belong to it again when its number is entered again. Remove it?</source>
+        <translation>%1 बिल, %2 आरंभिक पंक्तियाँ, %3 हस्तांतरण और %4 लॉट इस डीमैट खाते के नाम हैं। इसका नंबर फिर भरने पर वे फिर इसी के होंगे। क्या इसे हटाएँ?</translation>
+    </message>
 </context>
 <context>
-    <name>DematStatement</name>
+    <name>Database</name>
     <message>
-        <source>Reading movements</source>
-        <translation>लेनदेन पढ़े जा रहे हैं</translation>
+        <source>The server tells table names apart by upper and lower case. Set lower_case_table_names=1 in its settings file (section [mysqld]), start it again and make the database after that.</source>
+        <translation>सर्वर तालिकाओं के नामों में बड़े और छोटे अक्षरों को अलग मानता है। उसकी सेटिंग फ़ाइल (भाग [mysqld]) में lower_case_table_names=1 लिखें, उसे फिर से चलाएँ और उसके बाद डेटाबेस बनाएँ।</translation>
+    </message>
+    <message>
+        <source>The server does not give the user %1 these rights on the database %2: %3.</source>
+        <translation>सर्वर उपयोगकर्ता %1 को डेटाबेस %2 पर ये अधिकार नहीं देता: %3।</translation>
+    </message>
+    <message>
+        <source>The server refused a statement that the tables need: %1</source>
+        <translation>सर्वर ने एक कथन अस्वीकार किया जिसकी तालिकाओं को ज़रूरत है: %1</translation>
     </message>
 </context>
 <context>
@@ -722,6 +738,10 @@ Maximum Allowed Value is: %1</source>
         <source>Percent Detail Already Exists.</source>
         <translation>यह प्रतिशत विवरण पहले से है।</translation>
     </message>
+    <message>
+        <source>Line %1 of levies.csv is no dated rate.</source>
+        <translation>levies.csv की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
+    </message>
 </context>
 <context>
     <name>Main</name>
@@ -916,6 +936,22 @@ Maximum Allowed Value is: %1</source>
         <source>&amp;Quit</source>
         <translation>बाहर निकलें (&amp;Q)</translation>
     </message>
+    <message>
+        <source>&amp;Portfolio</source>
+        <translation>पोर्टफ़ोलियो (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Import Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर आयात करें (&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Export Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर निर्यात करें (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Take In the &amp;Sample Portfolio</source>
+        <translation>नमूना पोर्टफ़ोलियो लें (&amp;S)</translation>
+    </message>
 </context>
 <context>
     <name>Masters</name>
@@ -1084,6 +1120,25 @@ All Related Data will be Deleted.</source>
     </message>
 </context>
 <context>
+    <name>PortfolioFolders</name>
+    <message>
+        <source>The folder was taken in.</source>
+        <translation>फ़ोल्डर आयात हो गया।</translation>
+    </message>
+    <message>
+        <source>The sample portfolio is not installed.</source>
+        <translation>नमूना पोर्टफ़ोलियो स्थापित नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 holds CSV files already. Files of a portfolio there are replaced. Write into it?</source>
+        <translation>%1 में पहले से CSV फ़ाइलें हैं। वहाँ की पोर्टफ़ोलियो फ़ाइलें बदल दी जाएँगी। क्या उसमें लिखें?</translation>
+    </message>
+    <message>
+        <source>The portfolio lies in %1.</source>
+        <translation>पोर्टफ़ोलियो %1 में है।</translation>
+    </message>
+</context>
+<context>
     <name>Posting</name>
     <message>
         <source>You Can&apos;t Update Record.
@@ -1100,6 +1155,18 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>This Demat A/c was Deleted in the Meantime.</source>
         <translation>यह डीमैट खाता इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>This Broker was Deleted in the Meantime.</source>
+        <translation>यह ब्रोकर इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>This Script was Deleted in the Meantime.</source>
+        <translation>यह स्क्रिप इस बीच हटा दी गई।</translation>
+    </message>
+    <message>
+        <source>This Exchange was Deleted in the Meantime.</source>
+        <translation>यह एक्सचेंज इस बीच हटा दिया गया।</translation>
     </message>
 </context>
 <context>
@@ -1296,6 +1363,41 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Enter the Name of an Installed Driver, or a File of the Machine&apos;s Administrator.</source>
         <translation>स्थापित ड्राइवर का नाम, या मशीन के प्रशासक की फ़ाइल भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Take In the Sample Portfolio</source>
+        <translation>नमूना पोर्टफ़ोलियो लें</translation>
+    </message>
+    <message>
+        <source>Made-up clients, bills and rates, to look around in every window.</source>
+        <translation>काल्पनिक ग्राहक, बिल और भाव, ताकि हर विंडो देखी जा सके।</translation>
+    </message>
+    <message>
+        <source>Scrips From an Exchange&apos;s File</source>
+        <translation>एक्सचेंज की फ़ाइल से शेयर</translation>
+    </message>
+    <message>
+        <source>The scrip list or a daily price file, before the first bill.</source>
+        <translation>पहले बिल से पहले शेयर सूची या दैनिक भाव फ़ाइल।</translation>
+    </message>
+    <message>
+        <source>Enter the First Client</source>
+        <translation>पहला ग्राहक दर्ज करें</translation>
+    </message>
+    <message>
+        <source>With the demat accounts. Participants and brokers are in the menu Master Details.</source>
+        <translation>डीमैट खातों के साथ। डिपॉज़िटरी प्रतिभागी और ब्रोकर मास्टर विवरण के मेनू में हैं।</translation>
+    </message>
+    <message>
+        <source>Import a Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर आयात करें</translation>
+    </message>
+    <message>
+        <source>Clients, bills and balances that another program or an export wrote as CSV files.</source>
+        <translation>ग्राहक, बिल और शेष, जिन्हें किसी दूसरे प्रोग्राम या निर्यात ने CSV फ़ाइलों में लिखा है।</translation>
     </message>
 </context>
 <context>
@@ -1706,6 +1808,10 @@ BSE %2   NSE %3</source>
         <translation>%1
 बीएसई %2   एनएसई %3</translation>
     </message>
+    <message>
+        <source>New</source>
+        <translation>नया</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::BillPane</name>
@@ -1824,6 +1930,30 @@ BSE %2   NSE %3</source>
         <source>Refresh Successfully!</source>
         <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
     </message>
+    <message>
+        <source>%1 at %2, held since %3</source>
+        <translation>%1 शेयर, दर %2, %3 से</translation>
+    </message>
+    <message>
+        <source>There is a Bill No. %1 of this Broker on %2 already.
+
+Save this one, too?</source>
+        <translation>इस ब्रोकर का %2 का बिल सं. %1 पहले से है।
+
+क्या इसे भी सहेजें?</translation>
+    </message>
+    <message>
+        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
+        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
+    </message>
+    <message>
+        <source>Take the Sale from these Lots, with a Line for each?
+
+%1</source>
+        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
+
+%1</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::HoldingsPane</name>
@@ -1878,6 +2008,10 @@ BSE %2   NSE %3</source>
     <message>
         <source>Balance in Demat A/c No. - %1</source>
         <translation>डीमैट खाता सं. - %1 का शेष</translation>
+    </message>
+    <message>
+        <source>Held Since</source>
+        <translation>कब से</translation>
     </message>
 </context>
 <context>
@@ -2263,13 +2397,6 @@ BSE %2   NSE %3</source>
     </message>
 </context>
 <context>
-    <name>quorvane::clients::DocumentTextPane</name>
-    <message>
-        <source>Text of the document</source>
-        <translation>दस्तावेज़ का पाठ</translation>
-    </message>
-</context>
-<context>
     <name>quorvane::clients::DocumentViewer</name>
     <message>
         <source>This is a Folder, not a Document.</source>
@@ -2552,6 +2679,10 @@ BSE %2   NSE %3</source>
         <source>The record is not saved. Close without saving it?</source>
         <translation>रिकॉर्ड सहेजा नहीं गया है। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>The record is not saved. Give up what was entered?</source>
+        <translation>रिकॉर्ड सहेजा नहीं गया है। क्या दर्ज किया हुआ छोड़ दें?</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::demat::RptDMatStatement</name>
@@ -2753,6 +2884,10 @@ BSE %2   NSE %3</source>
         <source>Update Successfully!</source>
         <translation>सफलतापूर्वक सहेजा गया!</translation>
     </message>
+    <message>
+        <source>The scrips are not saved. Close without saving them?</source>
+        <translation>शेयर सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::imports::ImpScrRate</name>
@@ -2907,6 +3042,10 @@ BSE %2   NSE %3</source>
         <source>&amp;Show</source>
         <translation>दिखाएँ (&amp;S)</translation>
     </message>
+    <message>
+        <source>Files of the exchanges (*.csv *.zip *.xls *.xlsx *.ods)</source>
+        <translation>एक्सचेंजों की फ़ाइलें (*.csv *.zip *.xls *.xlsx *.ods)</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::lookup_masters::FrmLookup</name>
@@ -2917,6 +3056,30 @@ BSE %2   NSE %3</source>
     <message>
         <source>&amp;Brokerage and Tax Percentages...</source>
         <translation>दलाली और कर प्रतिशत (&amp;B)...</translation>
+    </message>
+    <message>
+        <source>No rate is missing.</source>
+        <translation>कोई दर छूटी नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 rates were added.</source>
+        <translation>%1 दरें जोड़ी गईं।</translation>
+    </message>
+    <message>
+        <source>%1 %2: %3 from %4, the rate of most days of the year.</source>
+        <translation>%1 %2: %4 से %3, वर्ष के अधिकतर दिनों की दर।</translation>
+    </message>
+    <message>
+        <source>Da&amp;ted Rates...</source>
+        <translation>तारीख़ वाली दरें (&amp;T)...</translation>
+    </message>
+    <message>
+        <source>Adds the rates of S.T.T. and service tax that are missing</source>
+        <translation>एस.टी.टी. और सेवा कर की छूटी हुई दरें जोड़ता है</translation>
+    </message>
+    <message>
+        <source>Add the rates of S.T.T. and service tax that are missing? Rows that exist stay as they are.</source>
+        <translation>क्या एस.टी.टी. और सेवा कर की छूटी हुई दरें जोड़ें? मौजूद पंक्तियाँ जैसी हैं वैसी रहेंगी।</translation>
     </message>
 </context>
 <context>
@@ -3048,6 +3211,30 @@ BSE %2   NSE %3</source>
         <source>%1 rates were read; %2 lines of the file belong to no script. Press Update to keep them.</source>
         <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
     </message>
+    <message>
+        <source>Fetch</source>
+        <translation>लाएँ</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>The closing prices of the chosen scripts, from the exchange</source>
+        <translation>चुनी हुई स्क्रिपों के बंद भाव, एक्सचेंज से</translation>
+    </message>
+    <message>
+        <source>Select Script Name!</source>
+        <translation>स्क्रिप का नाम चुनें!</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>रोकें</translation>
+    </message>
+    <message>
+        <source>%1 rates were fetched; of %2 scripts none was found. Press Update to keep them.</source>
+        <translation>%1 दरें लाई गईं; %2 स्क्रिपों की कोई दर नहीं मिली। इन्हें रखने के लिए अपडेट दबाएँ।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::mis::RptVariousReport</name>
@@ -3136,10 +3323,6 @@ BSE %2   NSE %3</source>
         <translation>चार्ट</translation>
     </message>
     <message>
-        <source>Market Rates</source>
-        <translation>बाज़ार भाव</translation>
-    </message>
-    <message>
         <source>Output</source>
         <translation>आउटपुट</translation>
     </message>
@@ -3154,6 +3337,14 @@ BSE %2   NSE %3</source>
     <message>
         <source>The rates are not saved. Close without saving them?</source>
         <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>Rates</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Choose how the report is grouped.</source>
+        <translation>चुनें कि रिपोर्ट किस तरह समूहित हो।</translation>
     </message>
 </context>
 <context>
@@ -3880,6 +4071,10 @@ Lots changed: %1</source>
         <source>Select Demat A/c!</source>
         <translation>डीमैट खाता चुनें!</translation>
     </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::scrips::FrmScript</name>
@@ -4185,6 +4380,26 @@ Lots changed: %1</source>
         <source>The Settings were Changed. Close without Saving them?</source>
         <translation>सेटिंग बदली गई हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>Bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>S.T.T. of a line</source>
+        <translation>पंक्ति का एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>In paise</source>
+        <translation>पैसों में</translation>
+    </message>
+    <message>
+        <source>In whole rupees, 50 paise up</source>
+        <translation>पूरे रुपयों में, 50 पैसे से ऊपर की ओर</translation>
+    </message>
+    <message>
+        <source>How it is proposed in bill windows opened from now on.</source>
+        <translation>अब से खुलने वाली बिल विंडो में यह ऐसे सुझाया जाएगा।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::transfers::FrmScriptTransfer</name>
@@ -4265,6 +4480,45 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
+    <name>quorvane::ui::FrmImportErrors</name>
+    <message>
+        <source>Nothing was taken in. Mend the first %1 errors, then try again:</source>
+        <translation>कुछ भी आयात नहीं हुआ। पहली %1 त्रुटियाँ ठीक करके फिर कोशिश करें:</translation>
+    </message>
+    <message>
+        <source>Nothing was taken in. Mend these errors, then try again:</source>
+        <translation>कुछ भी आयात नहीं हुआ। ये त्रुटियाँ ठीक करके फिर कोशिश करें:</translation>
+    </message>
+    <message>
+        <source>Errors in the Portfolio Folder</source>
+        <translation>पोर्टफ़ोलियो फ़ोल्डर में त्रुटियाँ</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>त्रुटियाँ</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>फ़ाइल</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>स्तंभ</translation>
+    </message>
+    <message>
+        <source>What is Wrong</source>
+        <translation>क्या ग़लत है</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::ui::GuidePane</name>
     <message>
         <source>The user guide is not there. It belongs into %1.</source>
@@ -4277,30 +4531,6 @@ Lots changed: %1</source>
 </context>
 <context>
     <name>quorvane::ui::MDIForm1</name>
-    <message>
-        <source>BSE Market Rate List</source>
-        <translation>बीएसई बाज़ार भाव सूची</translation>
-    </message>
-    <message>
-        <source>Starts the market-rate tool</source>
-        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
-    </message>
-    <message>
-        <source>Check For Updates</source>
-        <translation>अद्यतन जाँचें</translation>
-    </message>
-    <message>
-        <source>Page</source>
-        <translation>पृष्ठ</translation>
-    </message>
-    <message>
-        <source>Line</source>
-        <translation>पंक्ति</translation>
-    </message>
-    <message>
-        <source>Col</source>
-        <translation>स्तंभ</translation>
-    </message>
     <message>
         <source>%1 is running already.</source>
         <translation>%1 पहले से चल रहा है।</translation>
@@ -4342,6 +4572,25 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
     </message>
     <message>
+        <source>Couldn&apos;t find Window %1</source>
+        <translation>विंडो %1 नहीं मिली</translation>
+    </message>
+    <message>
+        <source>Do you want to take BackUp of Database?</source>
+        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MainHead</name>
+    <message>
+        <source>BSE Market Rate List</source>
+        <translation>बीएसई बाज़ार भाव सूची</translation>
+    </message>
+    <message>
+        <source>Starts the market-rate tool</source>
+        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
+    </message>
+    <message>
         <source>Show Market Rates</source>
         <translation>बाज़ार भाव दिखाएँ</translation>
     </message>
@@ -4350,12 +4599,23 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>बाज़ार भाव का प्रोग्राम सामने लाता है</translation>
     </message>
     <message>
-        <source>Couldn&apos;t find Window %1</source>
-        <translation>विंडो %1 नहीं मिली</translation>
+        <source>Check For Updates</source>
+        <translation>अद्यतन जाँचें</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MainStatus</name>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
     </message>
     <message>
-        <source>Do you want to take BackUp of Database?</source>
-        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+        <source>Col</source>
+        <translation>स्तंभ</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>पृष्ठ</translation>
     </message>
 </context>
 <context>
@@ -4395,6 +4655,17 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Records in %1</source>
         <translation>%1 में रिकॉर्ड</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::StartPage</name>
+    <message>
+        <source>No client is entered yet. Begin with one of these:</source>
+        <translation>अभी कोई ग्राहक दर्ज नहीं है। इनमें से किसी से शुरू करें:</translation>
+    </message>
+    <message>
+        <source>F1 opens the user guide. This page goes with the first client.</source>
+        <translation>F1 उपयोगकर्ता गाइड खोलता है। पहला ग्राहक दर्ज होते ही यह पृष्ठ हट जाता है।</translation>
     </message>
 </context>
 <context>

@@ -13,6 +13,7 @@
 #include <QMdiSubWindow>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -25,7 +26,6 @@ int Scaled(int length, float factor) {
   return static_cast<int>(std::lround(static_cast<float>(length) * factor));
 }
 
-const QString kMaximized = QStringLiteral("Maximized");
 constexpr int kStep = 26;  // between windows that would open at one place
 
 bool IsTakenPlace(const QMdiArea& area, const QMdiSubWindow& frame, QPoint place) {
@@ -68,11 +68,16 @@ void ChildWindow::OpenIn(QMdiArea& area) {
   ScaleForm();
   QMdiSubWindow* frame = area.addSubWindow(this);
   frame->setAttribute(Qt::WA_DeleteOnClose);
+  connect(&area, &QMdiArea::subWindowActivated, this, [this, frame](const QMdiSubWindow* active) {
+    if (active == frame) {
+      Activated();
+    }
+  });
   show();
   frame->setGeometry(PlaceIn(area, *frame));
   RestoreColumns();
   opened_at_ = frame->geometry();
-  if (!WindowMemory(desk_.session.folders).Text(objectName(), kMaximized).isEmpty()) {
+  if (WindowMemory(desk_.session.folders).IsMaximized(objectName())) {
     frame->showMaximized();
   }
 }
@@ -106,22 +111,43 @@ void ChildWindow::Remember() const {
       memory.KeepNumbers(objectName(), grid->objectName(), widths);
     }
   }
-  const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
-  if (frame == nullptr || frame->isMinimized() || frame->isShaded()) {
+  const auto* sub_window = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  const QWidget& frame = sub_window == nullptr ? *static_cast<const QWidget*>(this) : *sub_window;
+  if (frame.isMinimized() || (sub_window != nullptr && sub_window->isShaded())) {
     return;
   }
-  memory.Keep(objectName(), kMaximized, frame->isMaximized() ? QStringLiteral("1") : QString());
-  if (!frame->isMaximized() && frame->geometry() != opened_at_) {
-    memory.KeepPlace(objectName(), frame->geometry());
+  memory.KeepMaximized(objectName(), frame.isMaximized());
+  if (!frame.isMaximized() && frame.geometry() != opened_at_) {
+    memory.KeepPlace(objectName(), frame.geometry());
   }
+}
+
+bool ChildWindow::IsFrontChild() const {
+  const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  return frame == nullptr || frame->mdiArea() == nullptr ||
+         frame->mdiArea()->activeSubWindow() == frame;
+}
+
+bool ChildWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && IsFrontChild()) {
+    QTimer::singleShot(0, this, [this] { Activated(); });
+  }
+  return QWidget::event(event);
 }
 
 void ChildWindow::OpenModal(QWidget* parent) {
   setParent(parent, Qt::Dialog);
   setWindowModality(Qt::ApplicationModal);
   ScaleForm();
-  resize(sizeHint());
+  const auto remembered = WindowMemory(desk_.session.folders).Place(objectName());
+  if (remembered) {
+    setGeometry(Inside(*remembered, screen()->availableGeometry()));
+  } else {
+    resize(sizeHint());
+  }
   show();
+  RestoreColumns();
+  opened_at_ = geometry();
 }
 
 QSize ChildWindow::sizeHint() const {
@@ -212,7 +238,7 @@ void ChildWindow::DateRefused(DateBox* box, const QString& text) {
 void ChildWindow::Show(const Refusal& refusal, Icon icon) {
   if (icon == Icon::kCritical) {
     Say().Refuse(refusal.text);
-  } else {
+  } else if (!refusal.text.isEmpty()) {
     Say().Inform(refusal.text);
   }
   if (QWidget* field = FieldNamed(refusal.field)) {

@@ -89,7 +89,8 @@ class ChildWindow : public QWidget {
   /// years are completed by the desk's calendar.
   void Watch(DateBox* box);
 
-  /// Shows the text and focuses the control that the refusal names.
+  /// Shows the text and focuses the control that the refusal names. Without a text, because the
+  /// user was asked and said no, it only focuses.
   void Show(const Refusal& refusal, Icon icon = Icon::kInformation);
 
   /// Brings a control of the window on the screen before it gets the focus.
@@ -98,16 +99,21 @@ class ChildWindow : public QWidget {
   /// Called once, after the window has come on the screen: the place for a question on opening.
   virtual void FirstShown() {}
 
+  /// Called when the user comes to the window, also from another program.
+  virtual void Activated() {}
+
   /// False keeps the window open.
   virtual bool MayClose() { return true; }
   virtual void EscapePressed() { close(); }
 
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void ScaleForm();
+  bool IsFrontChild() const;
   QRect PlaceIn(const QMdiArea& area, const QMdiSubWindow& frame) const;
   void RestoreColumns();
   void Remember() const;

@@ -19,14 +19,6 @@ LinesBox::LinesBox(QWidget* parent) : QPlainTextEdit(parent) {
   document()->setDocumentMargin(kTightSpacing);
 }
 
-QString LinesBox::text() const {
-  QString text = toPlainText();
-  while (!text.isEmpty() && text.back().isSpace()) {
-    text.chop(1);
-  }
-  return text;
-}
-
 QSize LinesBox::sizeHint() const {
   return {kWidth, kLines * fontMetrics().lineSpacing() + 2 * (kTightSpacing + frameWidth())};
 }

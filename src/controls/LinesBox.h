@@ -12,8 +12,8 @@ class LinesBox : public QPlainTextEdit {
  public:
   explicit LinesBox(QWidget* parent = nullptr);
 
-  /// The lines with a line break between them; blank lines at the end are no part of it.
-  QString text() const;
+  /// The lines with a line break between them.
+  QString text() const { return toPlainText(); }
   void setText(const QString& text) { setPlainText(text); }
 
   QSize sizeHint() const override;

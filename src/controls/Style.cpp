@@ -27,6 +27,8 @@ constexpr Colors kLight{0xfff3f5f8, 0xffffffff, 0xfff4f7fb, 0xff1a1f26, 0xff5d66
 constexpr Colors kDark{0xff20252b, 0xff171b20, 0xff1d2228, 0xffe7eaee, 0xff9aa4b0,
                        0xff2c333b, 0xff5a6572, 0xff2f6fd6, 0xff8ab4f8};
 
+constexpr int kLighter = 120;  // per cent
+
 void SetDisabled(QPalette& palette, const Colors& colors) {
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     palette.setColor(QPalette::Disabled, role, QColor::fromRgb(colors.faint));
@@ -52,6 +54,11 @@ QPalette PaletteOf(const Colors& colors) {
   set(QPalette::BrightText, 0xffffffff);
   set(QPalette::ToolTipBase, colors.base);
   set(QPalette::ToolTipText, colors.text);
+  // The frames of windows are drawn in these: without them they were light in the dark look, too.
+  palette.setColor(QPalette::Light, QColor::fromRgb(colors.button).lighter(kLighter));
+  palette.setColor(QPalette::Midlight, QColor::fromRgb(colors.button));
+  palette.setColor(QPalette::Dark, QColor::fromRgb(colors.edge).darker(kLighter));
+  palette.setColor(QPalette::Shadow, QColor(Qt::black));
   set(QPalette::Mid, colors.edge);
   set(QPalette::Highlight, colors.accent);
   set(QPalette::HighlightedText, 0xffffffff);

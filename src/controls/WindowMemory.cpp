@@ -10,6 +10,7 @@
 namespace quorvane::controls {
 namespace {
 
+const QString kMaximized = QStringLiteral("Maximized");
 const QString kPlace = QStringLiteral("Place");
 constexpr int kPlaceNumbers = 4;
 
@@ -74,6 +75,14 @@ std::optional<QRect> WindowMemory::Place(const QString& window) const {
 
 void WindowMemory::KeepPlace(const QString& window, const QRect& place) const {
   KeepNumbers(window, kPlace, {place.x(), place.y(), place.width(), place.height()});
+}
+
+bool WindowMemory::IsMaximized(const QString& window) const {
+  return !Text(window, kMaximized).isEmpty();
+}
+
+void WindowMemory::KeepMaximized(const QString& window, bool maximized) const {
+  Keep(window, kMaximized, maximized ? QStringLiteral("1") : QString());
 }
 
 QRect Inside(const QRect& place, const QRect& within) {

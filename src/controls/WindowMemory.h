@@ -21,8 +21,12 @@ class WindowMemory {
   QString Text(const QString& window, const QString& key) const;
   void Keep(const QString& window, const QString& key, const QString& text) const;
 
+  /// Where a window that is not maximized stands.
   std::optional<QRect> Place(const QString& window) const;
   void KeepPlace(const QString& window, const QRect& place) const;
+
+  bool IsMaximized(const QString& window) const;
+  void KeepMaximized(const QString& window, bool maximized) const;
 
   QList<int> Numbers(const QString& window, const QString& key) const;
   void KeepNumbers(const QString& window, const QString& key, const QList<int>& numbers) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ComboBox.h"
+#include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
 #include "reports/document/ReportDocument.h"
 #include "support/RecordingMessages.h"
@@ -53,6 +54,9 @@ class ShownWindow {
   }
 
   QString TextIn(const char* name) const {
+    if (const auto* lines = Named<controls::LinesBox>(name)) {
+      return lines->text();
+    }
     const auto* combo = Named<controls::ComboBox>(name);
     return combo != nullptr ? combo->currentText() : Named(name)->text();
   }
@@ -64,18 +68,23 @@ class ShownWindow {
   /// To whatever has the focus by then: the first letter may open an editor in a grid.
   static void Type(const QString& text) {
     for (const QChar letter : text) {
-      QTest::keyClick(QApplication::focusWidget(), letter.toLatin1());
+      if (letter == QLatin1Char('\n')) {
+        Press(Qt::Key_Return);
+      } else {
+        QTest::keyClick(QApplication::focusWidget(), letter.toLatin1());
+      }
     }
   }
   static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
   }
 
-  /// Each text into a box, Enter after it.
+  /// Each text into a box, Enter after it; Tab after a box of several lines.
   static void Fill(const QStringList& texts) {
     for (const QString& text : texts) {
       Type(text);
-      Press(Qt::Key_Return);
+      const bool lines = qobject_cast<controls::LinesBox*>(QApplication::focusWidget()) != nullptr;
+      Press(lines ? Qt::Key_Tab : Qt::Key_Return);
     }
   }
 

@@ -2,6 +2,7 @@
 
 #include "core/database/RecordKey.h"
 #include "core/database/TextWidths.h"
+#include "core/ledger/Ledger.h"
 #include "core/ledger/Rebuild.h"
 
 #include <QCoreApplication>
@@ -88,6 +89,7 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   transaction.Execute("Delete From StkOpBal Where ScriptId=?", id);
   transaction.Execute("Delete From Stock Where ScriptId=?", id);
   transaction.Execute("Delete From MarketRate Where ScrId=?", id);
+  transaction.Execute("Delete From ScripIsin Where ScrId=?", id);
 }
 
 /// Passes a wish to stop on to a part of the work and counts nothing.

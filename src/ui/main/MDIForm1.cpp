@@ -40,7 +40,6 @@ constexpr int kHeadlineMs = 5 * 60 * 1000;
 const QString kMarketRateTool = QStringLiteral("MRate");
 const QString kConverterTool = QStringLiteral("Converter");
 const QString kClientList = QStringLiteral("FrmClientList");
-const QString kMaximized = QStringLiteral("Maximized");
 constexpr QSize kUsualSize(1180, 740);
 constexpr double kScreenShare = 0.85;
 constexpr int kGroundDarker = 106;  // per cent of the windows' ground
@@ -127,14 +126,14 @@ void MDIForm1::PlaceOnScreen() {
     resize((screen.size() * kScreenShare).expandedTo(kUsualSize).boundedTo(screen.size()));
   }
   opened_at_ = geometry();
-  if (!memory.Text(objectName(), kMaximized).isEmpty()) {
+  if (memory.IsMaximized(objectName())) {
     setWindowState(Qt::WindowMaximized);
   }
 }
 
 void MDIForm1::RememberPlace() const {
   const controls::WindowMemory memory(desk_.session.folders);
-  memory.Keep(objectName(), kMaximized, isMaximized() ? QStringLiteral("1") : QString());
+  memory.KeepMaximized(objectName(), isMaximized());
   if (normalGeometry() != opened_at_) {
     memory.KeepPlace(objectName(), normalGeometry());
   }
@@ -159,11 +158,13 @@ void MDIForm1::Do(const MenuItem& item) {
     case MenuAction::kConverter:
       return mnuConverter_Click();
     case MenuAction::kImportFolder:
-      return PortfolioFolders(desk_, *this).Import();
+      PortfolioFolders(desk_, *this).Import();
+      return ShowStartPage();
     case MenuAction::kExportFolder:
       return PortfolioFolders(desk_, *this).Export();
     case MenuAction::kImportSample:
-      return PortfolioFolders(desk_, *this).ImportSample();
+      PortfolioFolders(desk_, *this).ImportSample();
+      return ShowStartPage();
     case MenuAction::kLogOut:
       return mnuLogOut_Click();
     case MenuAction::kContact:
@@ -296,8 +297,12 @@ void MDIForm1::ChildClosed() {
   ShowStartPage();
 }
 
+/// Windows come and go also while the database cannot be asked.
 void MDIForm1::ShowStartPage() {
-  start_->setVisible(open_.empty() && !client_list::HasClients(*desk_.session.connection));
+  guard_.Run(QStringLiteral("Form_Load"), [this] {
+    has_clients_ = has_clients_ || client_list::HasClients(*desk_.session.connection);
+    start_->setVisible(open_.empty() && !has_clients_);
+  });
 }
 
 controls::ChildWindow* MDIForm1::Front() const {
@@ -309,7 +314,7 @@ controls::ChildWindow* MDIForm1::Front() const {
 bool MDIForm1::ChildrenMayClose() {
   const auto children = findChildren<controls::ChildWindow*>();
   for (controls::ChildWindow* child : children) {
-    if (child->isVisible() && !child->AgreeToClose()) {
+    if (!child->AgreeToClose()) {
       std::ranges::for_each(children, &controls::ChildWindow::StayOpen);
       if (auto* frame = qobject_cast<QMdiSubWindow*>(child->parentWidget())) {
         area_->setActiveSubWindow(frame);

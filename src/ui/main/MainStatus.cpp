@@ -1,5 +1,6 @@
 #include "ui/main/MainStatus.h"
 
+#include "controls/Style.h"
 #include "reports/output/PagesView.h"
 #include "reports/output/PreviewWindow.h"
 
@@ -58,6 +59,7 @@ MainStatus::MainStatus(QStatusBar& bar, QMdiArea& area, const QString& folder)
   auto* label = new QLabel(folder);
   label->setObjectName(QStringLiteral("Folder"));
   label->setTextFormat(Qt::PlainText);
+  label->setIndent(controls::kSpacing);
   label->setToolTip(folder);
   // A long path is cut off rather than making the window wide.
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

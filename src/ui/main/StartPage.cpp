@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGridLayout>
 
@@ -75,8 +76,8 @@ void StartPage::ShowTexts() {
   title_->setText(tr("No client is entered yet. Begin with one of these:"));
   hint_->setText(tr("F1 opens the user guide. This page goes with the first client."));
   for (std::size_t step = 0; step < kSteps; ++step) {
-    buttons_[step]->setText(tr(kBeginnings[step].caption));
-    words_[step]->setText(tr(kBeginnings[step].words));
+    buttons_[step]->setText(QCoreApplication::translate("StartPage", kBeginnings[step].caption));
+    words_[step]->setText(QCoreApplication::translate("StartPage", kBeginnings[step].words));
   }
 }
 

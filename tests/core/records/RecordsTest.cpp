@@ -1,5 +1,6 @@
 #include "core/records/Bill.h"
 #include "core/records/Lot.h"
+#include "core/records/Masters.h"
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
 #include "core/records/Rates.h"
@@ -30,9 +31,9 @@ class RecordsTest : public QObject {
   QStringList Made(std::string_view table) {
     QStringList names;
     for (const auto& row :
-         database_->Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
-                         "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
-                         table)) {
+         database_->Get().Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
+                               "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
+                               table)) {
       names << row.Text(std::size_t{0});
     }
     names.sort();
@@ -57,6 +58,17 @@ class RecordsTest : public QObject {
     Compare<records::Transfer>();
     Compare<records::Lot>();
     Compare<records::Lot>(records::kScratchLots);
+    Compare<records::Client>();
+    Compare<records::Account>();
+    Compare<records::Participant>();
+    Compare<records::DpId>();
+    Compare<records::Broker>();
+    Compare<records::Scrip>();
+    Compare<records::ScripType>();
+    Compare<records::ScripClass>();
+    Compare<records::Exchange>();
+    Compare<records::SttPercent>();
+    Compare<records::Percentage>();
     Compare<records::Payment>();
     Compare<records::Payment>(records::kReceipts);
     Compare<records::BrokerOpening>();
@@ -99,7 +111,9 @@ class RecordsTest : public QObject {
 
   void NothingIsDeletedWithoutACondition() {
     database::InTransaction(**database_, [&](database::Transaction& transaction) {
-      records::Insert(transaction, BillLine{.bill = BillId{9}});
+      BillLine line;
+      line.bill = BillId{9};
+      records::Insert(transaction, line);
       records::Delete<BillLine>(transaction).Run();
       records::Delete<BillLine>(transaction).In(&BillLine::bill, std::vector<BillId>()).Run();
       return MaybeRefusal();

@@ -40,11 +40,12 @@ class FrmBrokerTest : public QObject {
 
   void KeyboardAloneAddsABroker() {
     const test::ShownWindow<FrmBroker> shown(*database_);
-    shown.AddByKeyboard({"o'brien & sons", "1 fort road", "mumbai", "mah", "400001", "022", "55501",
-                         "98200", "55502", "Desk@Obrien.example"});
+    shown.AddByKeyboard({"o'brien & sons", "1 fort road\nby the mint", "mumbai", "mah", "400001",
+                         "022", "55501", "98200", "55502", "Desk@Obrien.example"});
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Brokers(), QStringList("1|O'BRIEN & SONS|1 FORT ROAD|MUMBAI|MAHARASHTRA|400001|022|"
-                                    "55501|98200|55502|Desk@Obrien.example"));
+    QCOMPARE(Brokers(),
+             QStringList("1|O'BRIEN & SONS|1 FORT ROAD\nBY THE MINT|MUMBAI|MAHARASHTRA|400001|022|"
+                         "55501|98200|55502|Desk@Obrien.example"));
     QVERIFY(!shown->IsEditing());
     QCOMPARE(shown.ListRow(0),
              QStringList({"O'BRIEN & SONS", "MUMBAI", "MAHARASHTRA", "55501", "98200"}));

@@ -107,6 +107,7 @@ class MDIForm1Test : public QObject {
     shown.Choose("mnuScriptDetails");
     auto* edited = shown.Named<controls::RecordWindow>("FrmScript");
     QTest::keyClick(edited, Qt::Key_N, Qt::ControlModifier);
+    edited->parentWidget()->showMinimized();
     const QSignalSpy out(shown.main, &ui::MDIForm1::LoggedOut);
     shown.messages.WillAnswer(true);
     shown.messages.WillAnswer(false);  // to the question of the window in editing

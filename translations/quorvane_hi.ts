@@ -67,6 +67,10 @@
         <source>The rows of the table %1 cannot be read.</source>
         <translation>तालिका %1 की पंक्तियाँ पढ़ी नहीं जा सकतीं।</translation>
     </message>
+    <message>
+        <source>%1 is a link. A restore writes through no link: put what it leads to in its place first.</source>
+        <translation>%1 एक लिंक है। पुनर्स्थापना किसी लिंक से होकर नहीं लिखती: पहले लिंक की जगह वही रखें जिस पर वह ले जाता है।</translation>
+    </message>
 </context>
 <context>
     <name>Bills</name>
@@ -745,6 +749,10 @@ Maximum Allowed Value is: %1</source>
         <source>Making the database folder ...</source>
         <translation>डेटाबेस फ़ोल्डर बनाया जा रहा है ...</translation>
     </message>
+    <message>
+        <source>The disk of %1 is full. Records can be shown, exported and backed up to another disk; nothing can be changed until there is room and the program was started again.</source>
+        <translation>%1 की डिस्क भर गई है। रिकॉर्ड देखे, निर्यात किए और दूसरी डिस्क पर बैकअप किए जा सकते हैं; जब तक जगह न हो और प्रोग्राम दोबारा शुरू न किया जाए, कुछ बदला नहीं जा सकता।</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1351,6 +1359,10 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Enter the Name of the Database.</source>
         <translation>डेटाबेस का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Enter the Name of an Installed Driver, or a File of the Machine&apos;s Administrator.</source>
+        <translation>स्थापित ड्राइवर का नाम, या मशीन के प्रशासक की फ़ाइल भरें।</translation>
     </message>
 </context>
 <context>
@@ -3838,6 +3850,26 @@ Lots changed: %1</source>
         <translation>स्टॉक सफलतापूर्वक अद्यतन हुआ !!!
 बदले हुए लॉट: %1</translation>
     </message>
+    <message>
+        <source>Give &amp;New Keys</source>
+        <translation>नई कुंजियाँ दें (&amp;N)</translation>
+    </message>
+    <message>
+        <source>Gives records that share a key with another one keys of their own</source>
+        <translation>जिन रिकॉर्ड की कुंजी एक ही है उन्हें अपनी-अपनी कुंजी देता है</translation>
+    </message>
+    <message>
+        <source>Key %1: %2</source>
+        <translation>कुंजी %1: %2</translation>
+    </message>
+    <message>
+        <source>The first record of each key that stands more than once keeps it; the others get new keys, and what belongs to them goes along. Make a BackUp first. Go on?</source>
+        <translation>एक से अधिक बार आई हर कुंजी पहले रिकॉर्ड के पास रहती है; बाक़ी को नई कुंजियाँ मिलती हैं, और जो उनका है वह साथ जाता है। पहले बैकअप लें। आगे बढ़ें?</translation>
+    </message>
+    <message>
+        <source>Records with a new key: %1</source>
+        <translation>नई कुंजी वाले रिकॉर्ड: %1</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::report::MonthsPane</name>
@@ -4752,6 +4784,13 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
+    </message>
+</context>
+<context>
+    <name>DoubleKeys</name>
+    <message>
+        <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Delete the wrong one in its window, or restore a BackUp.</source>
+        <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। ग़लत रिकॉर्ड को उसकी विंडो में हटाएँ, या बैकअप पुनर्स्थापित करें।</translation>
     </message>
 </context>
 </TS>

@@ -441,12 +441,13 @@ Maximum Allowed Value is: %1</source>
         <source>The Document is of a Newer Kind. Save it as &quot;Rich Text&quot; to have it Shown.</source>
         <translation>दस्तावेज़ नए प्रारूप का है। दिखाने के लिए उसे &quot;Rich Text&quot; के रूप में सहेजें।</translation>
     </message>
-</context>
-<context>
-    <name>DematStatement</name>
     <message>
-        <source>Reading movements</source>
-        <translation>लेनदेन पढ़े जा रहे हैं</translation>
+        <source>The Program &quot;quorvane-reader&quot;, which Reads Documents, is Missing. Install Quorvane Again.</source>
+        <translation>दस्तावेज़ पढ़ने वाला प्रोग्राम &quot;quorvane-reader&quot; नहीं मिला। Quorvane फिर से इंस्टॉल करें।</translation>
+    </message>
+    <message>
+        <source>The Document is Broken, or Showing it Needs too Much Memory.</source>
+        <translation>दस्तावेज़ ख़राब है, या उसे दिखाने में बहुत अधिक मेमोरी लगती है।</translation>
     </message>
 </context>
 <context>
@@ -2249,12 +2250,9 @@ BSE %2   NSE %3</source>
         <source>Page %1 of %2</source>
         <translation>पृष्ठ %1 / %2</translation>
     </message>
-</context>
-<context>
-    <name>quorvane::clients::DocumentTextPane</name>
     <message>
-        <source>Text of the document</source>
-        <translation>दस्तावेज़ का पाठ</translation>
+        <source>&amp;Copy the Text of the Page</source>
+        <translation>पृष्ठ का पाठ कॉपी करें (&amp;C)</translation>
     </message>
 </context>
 <context>
@@ -2294,6 +2292,14 @@ BSE %2   NSE %3</source>
     <message>
         <source>Printing</source>
         <translation>छपाई हो रही है</translation>
+    </message>
+    <message>
+        <source>The Document can&apos;t be Read: %1</source>
+        <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
+    </message>
+    <message>
+        <source>The Document is Broken.</source>
+        <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
 </context>
 <context>

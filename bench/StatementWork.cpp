@@ -35,14 +35,15 @@ std::size_t WriteStatement(Connection& connection, const std::string& path) {
   std::string text;
   profit::AppendStatementCsvHeader(text);
   Progress progress;
-  profit::BuildStatement(connection, profit::StatementQuery::OfYear(std::nullopt, kYear), progress,
-                         [&](ClientId, std::span<const profit::StatementRow> rows) {
-                           profit::AppendStatementCsv(text, rows, directory);
-                           count += rows.size();
-                           std::fwrite(text.data(), 1, text.size(), file.get());
-                           text.clear();
-                         });
-  return count;
+  const auto take = [&](ClientId, std::span<const profit::StatementRow> rows) {
+    profit::AppendStatementCsv(text, rows, directory);
+    count += rows.size();
+    std::fwrite(text.data(), 1, text.size(), file.get());
+    text.clear();
+  };
+  const auto faults = profit::BuildStatement(
+      connection, profit::StatementQuery::OfYear(std::nullopt, kYear), progress, take);
+  return faults.empty() ? count : 0;
 }
 
 struct StatementFigures {

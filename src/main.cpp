@@ -58,13 +58,16 @@ class Desktop {
     desk_.help = [this](const QString& window_name, QWidget* over) {
       help_.Show(window_name, over);
     };
-    desk_.ask_save_path = controls::AskSavePath;
-    desk_.ask_open_path = controls::AskOpenPath;
-    desk_.ask_folder = controls::AskFolder;
+    controls::AskWithDialogs(desk_);
     desk_.open_file = controls::OpenWithDesktop;
   }
 
+  /// There is one main window at most: one that is open comes to the front.
   void ShowMainWindow() {
+    if (main_ != nullptr && main_->isVisible()) {
+      main_->activateWindow();
+      return;
+    }
     main_ = new ui::MDIForm1(desk_);
     main_->setAttribute(Qt::WA_DeleteOnClose);
     reports_.StatusBarobj(main_->statusBar());
@@ -91,14 +94,15 @@ class Desktop {
 
  private:
   void ShowLogin() {
-    auto* login =
-        new users::frmLogin(desk_, users::Login(*desk_.session.connection, app::MachineKey()));
+    auto* login = new users::frmLogin(
+        desk_, users::Login(*desk_.session.connection, app::MachineKey(), attempts_));
     QObject::connect(login, &users::frmLogin::Admitted, login, [this] { ShowMainWindow(); });
     login->show();
   }
 
   controls::MessageBoxes messages_;
   controls::Desk desk_;
+  users::Attempts attempts_;
   report::RepView reports_{desk_};
   ui::Help help_{app::ShippedFolder(QCoreApplication::applicationDirPath(),
                                     QStringLiteral("docs/user-guide"))};

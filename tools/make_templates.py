@@ -20,7 +20,7 @@ THIN, MEDIUM = Side(style="thin", color="9AA5B1"), Side(style="medium", color="4
 HEADING_FILL = PatternFill("solid", fgColor="DCE6F1")
 GROUP_FILL = PatternFill("solid", fgColor="EEF3F8")
 NET_FILL = PatternFill("solid", fgColor="F3F5F8")
-NUMBER, DATE, QUANTITY = "0", "dd/mm/yyyy", "0.######"
+NUMBER, DATE, QUANTITY = "0", "dd/mm/yyyy", "###0.00"
 PLAIN, GROUPED = "#0.00", "###,###.00"
 MADE = datetime(2026, 11, 25)
 
@@ -93,14 +93,14 @@ class Page:
         self.row += 1
 
     def pattern(self, pattern, fields=None, edges=(), **looks):
-        """A row that is repeated; every column is named, or those of `fields`."""
+        """A row that is repeated; every column is named, or those of `fields`. Long names wrap: the
+        row is as high as its text."""
         for index, (_, _, mask) in enumerate(self.columns, 1):
             align = "left" if mask is None else "center" if mask in (DATE, NUMBER) else "right"
             style(self.sheet.cell(self.row, index), mask=mask, align=align,
-                  left=MEDIUM if index in edges else THIN, **looks)
+                  left=MEDIUM if index in edges else THIN, wrap=mask is None, **looks)
             if fields is None or index in fields:
                 name(self.book, f"{self.prefix}{pattern}{index}", self.sheet, self.row, index)
-        self.sheet.row_dimensions[self.row].height = 15
         self.row += 1
 
     def group(self, pattern="Grp"):
@@ -139,7 +139,7 @@ class Page:
         self.last_heading = self.row - 1
 
 
-def transactions(title, mask):
+def transactions(title, mask, closing_lines):
     book = Workbook()
     sheet = book.active
     sheet.title = "Transactions"
@@ -158,7 +158,8 @@ def transactions(title, mask):
     page.group()
     page.pattern("Fld")
     page.pattern("Tot", bold=True, top=MEDIUM, bottom=MEDIUM)
-    page.pattern("Sum", fields=(5, 13))
+    if closing_lines:
+        page.pattern("Sum", fields=(5, 13))
     page.pattern("Net", fields=(5, 13), bold=True, fill=NET_FILL, top=MEDIUM, bottom=MEDIUM)
     page.gap()
     page.finish()
@@ -240,8 +241,8 @@ def main():
     root = Path(__file__).resolve().parent.parent
     folder = Path(sys.argv[1]) if len(sys.argv) > 1 else root / "data" / "shipped"
     folder.mkdir(parents=True, exist_ok=True)
-    save(transactions("TRANSACTION REPORT", PLAIN), folder / "TransRpt.xlsx")
-    save(transactions("EQUITY TRANSACTION REPORT", GROUPED), folder / "TransRptNew.xlsx")
+    save(transactions("TRANSACTION REPORT", PLAIN, True), folder / "TransRpt.xlsx")
+    save(transactions("EQUITY TRANSACTION REPORT", GROUPED, False), folder / "TransRptNew.xlsx")
     save(profit(), folder / "ProfitGainRpt.xlsx")
 
 

@@ -2,11 +2,11 @@
 
 #include "admin/backup/RestoreFiles.h"
 #include "cli/TerminalProgress.h"
+#include "core/platform/PrivateFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cstdio>
 
@@ -88,12 +88,7 @@ void Print(const std::string& text) {
 }
 
 void WriteFile(const std::string& path, const std::string& content) {
-  QSaveFile file(QString::fromStdString(path));
-  const auto size = static_cast<qint64>(content.size());
-  if (!file.open(QIODevice::WriteOnly) || file.write(content.data(), size) != size ||
-      !file.commit()) {
-    throw std::runtime_error("cannot write " + path + ": " + file.errorString().toStdString());
-  }
+  platform::WritePrivate(QString::fromStdString(path), QByteArrayView(content));
 }
 
 }  // namespace quorvane::cli

@@ -79,7 +79,7 @@ void InformOf(Context& context, const records::Faults& faults);
 /// Writes to standard output; Failure when it is closed or full.
 void Print(const std::string& text);
 
-/// Writes a file whole or not at all.
+/// Writes a file whole or not at all, for this user alone.
 void WriteFile(const std::string& path, const std::string& content);
 
 }  // namespace quorvane::cli

@@ -16,12 +16,37 @@ std::string LotText(const ledger::LotChange& change, const lookups::Directory& d
                          : fmt::format("the documents say {}", change.quantity.Number()));
 }
 
+std::string AcrossTables(const repair::TableCheck& check, const lookups::Directory& directory) {
+  std::string report;
+  for (const ledger::LotChange& change : check.wrong_lots) {
+    report += LotText(change, directory);
+  }
+  for (const repair::Dangling& dangling : check.dangling) {
+    report += fmt::format("note: {} rows of {} name a record of {} ({}) that is not there\n",
+                          dangling.rows, dangling.table, dangling.names, dangling.column);
+  }
+  for (const repair::LostLines& lost : check.lost_lines) {
+    report += fmt::format("note: {} lines of bill {} ({}, {}), which is gone\n", lost.lines,
+                          lost.bill.value, directory.Client(lost.client).code, lost.year);
+  }
+  return report;
+}
+
+std::string Verdict(const repair::TableCheck& check) {
+  if (check.AllIsWell()) {
+    return "Keys are unique, and every lot agrees with its documents.\n";
+  }
+  return check.faults.empty()
+             ? "Something is wrong; \"quorvanectl rebuild --all\" mends the lots.\n"
+             : "A table is damaged; references and lots were not looked into. Restore a backup.\n";
+}
+
 void Check(Context& context) {
   const auto progress = context.MakeProgress();
   const repair::TableCheck check = repair::CheckTables(context.Connection(), *progress);
-  const lookups::Directory directory(context.Connection());
+  const auto& skipped_statements = context.Session().skipped;
   std::string report;
-  for (const auto& skipped : context.Session().skipped) {
+  for (const auto& skipped : skipped_statements) {
     report += fmt::format("skipped: {}\n         {}\n", skipped.statement, skipped.reason);
   }
   for (const repair::TableSize& size : check.sizes) {
@@ -34,21 +59,22 @@ void Check(Context& context) {
     report +=
         fmt::format("{}: {} keys ({}) stand more than once\n", key.table, key.keys, key.columns);
   }
-  for (const ledger::LotChange& change : check.wrong_lots) {
-    report += LotText(change, directory);
+  // Reads the masters, which a damaged table does not allow.
+  if (check.faults.empty()) {
+    report += AcrossTables(check, lookups::Directory(context.Connection()));
   }
   for (const QString& fault : check.record_faults) {
     report += fmt::format("{}\n", fault.toStdString());
   }
-  for (const repair::Dangling& dangling : check.dangling) {
-    report += fmt::format("note: {} rows of {} name a record of {} ({}) that is not there\n",
-                          dangling.rows, dangling.table, dangling.names, dangling.column);
-  }
-  report += check.AllIsWell()
-                ? "Keys are unique, and every lot agrees with its documents.\n"
-                : "Something is wrong; \"quorvanectl rebuild --all\" mends the lots.\n";
+  report += Verdict(check);
   Print(report);
-  context.status = check.AllIsWell() ? kDone : kRefused;
+  context.status = check.AllIsWell() && skipped_statements.empty() ? kDone : kRefused;
+}
+
+/// As one word of the shell.
+std::string ShellWord(const QString& text) {
+  QString quoted = text;
+  return "'" + quoted.replace(QLatin1Char('\''), QLatin1String("'\\''")).toStdString() + "'";
 }
 
 void Connect(Context& context) {
@@ -57,17 +83,19 @@ void Connect(Context& context) {
   std::string command = "mariadb";
   const auto add = [&](const char* option, const QString& value) {
     if (!value.isEmpty()) {
-      command += fmt::format(" {}'{}'", option, value.toStdString());
+      command += fmt::format(" {}{}", option, ShellWord(value));
     }
   };
-  add("--host=", settings.server);
-  add("--port=", settings.port == 0 ? QString() : QString::number(settings.port));
+  const database::ServerAddress& address = session.connection->Address();
+  add("--host=", address.host);
+  add("--port=", address.port == 0 ? QString() : QString::number(address.port));
   add("--socket=", settings.socket);
   add("--user=", settings.user);
   if (!settings.password.isEmpty()) {
     command += " --password";
   }
-  Print(fmt::format("{} '{}'\n", command, settings.database.toStdString()));
+  add("--database=", settings.database);
+  Print(command + "\n");
   if (session.server != nullptr) {
     session.server->LeaveRunning();
     context.Inform("The server stays up for you; the next command of this program stops it.");

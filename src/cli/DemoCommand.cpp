@@ -1,5 +1,6 @@
 #include "cli/Command.h"
 #include "cli/DemoReports.h"
+#include "core/platform/PrivateFile.h"
 #include "portfolio/Import.h"
 #include "reports/output/TextWriter.h"
 #include "reports/output/WriteReport.h"
@@ -73,7 +74,7 @@ void Demo(Context& context, const std::string& out) {
   if (QFileInfo::exists(data)) {
     throw Refused("there is a demonstration in " + out + " already; name another folder");
   }
-  QDir().mkpath(folder.path());
+  platform::MakeOutputFolder(folder.path());
   context.UseFolder(data.toStdString());
   ImportSample(context);
   WriteReports(context, folder.absolutePath().toStdString());

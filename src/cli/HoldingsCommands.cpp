@@ -66,7 +66,7 @@ report::ReportDocument HoldingsDocument(const HoldingsOptions& options,
                    {QStringLiteral("Code"), Mask::kText, Alignment::kLeft},
                    {QStringLiteral("Script Name"), Mask::kText, Alignment::kLeft},
                    {QStringLiteral("Rate"), Mask::kAmount, Alignment::kRight},
-                   {QStringLiteral("Quantity"), Mask::kNumber, Alignment::kRight}};
+                   report::QuantityColumn(QStringLiteral("Quantity"))};
   for (const ledger::Lot& lot : lots) {
     const auto& scrip = directory.Scrip(lot.scrip);
     table.rows.push_back({report::RowKind::kData,

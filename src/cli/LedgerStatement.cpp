@@ -33,7 +33,7 @@ report::ReportDocument MakeLedger(Context& context, const broker_ledger::LedgerQ
   Progress progress;
   return broker_ledger::MakeLedgerDocument(
       query, QString::fromStdString(directory.Client(query.of.client).name),
-      broker_ledger::ReadBrokerLedger(context.Connection(), query, progress));
+      broker_ledger::ReadBrokerLedger(context.Connection(), query, progress).accounts);
 }
 
 void PrintLedgers(Context& context, const LedgerOptions& options) {

@@ -56,6 +56,11 @@ void Rates(Context& context, const RatesOptions& options) {
   if (const MaybeRefusal refusal = rates::ReadRates(context.Connection(), path, date, matched)) {
     throw Refused(refusal->text.toStdString());
   }
+  if (matched.rates.empty()) {
+    throw Refused(
+        fmt::format("no rate was saved: none of the {} rows of the file belongs to a scrip",
+                    matched.unmatched.size()));
+  }
   rates::RateBook(context.Connection()).Save(date, matched.rates);
   context.Inform(fmt::format("{} rates of {} saved; {} rows of the file belong to no scrip.",
                              matched.rates.size(), options.date, matched.unmatched.size()));

@@ -1,10 +1,9 @@
 #include "cli/ReportCommand.h"
 
+#include "core/platform/PrivateFile.h"
 #include "reports/output/CsvWriter.h"
 #include "reports/output/TextWriter.h"
 #include "reports/output/WriteReport.h"
-
-#include <QDir>
 
 namespace quorvane::cli {
 namespace {
@@ -127,7 +126,7 @@ std::string ReportOutput::PathOf(const std::string& name) {
   if (!several_) {
     return options_.out;
   }
-  QDir().mkpath(QString::fromStdString(options_.out));
+  platform::MakeOutputFolder(QString::fromStdString(options_.out));
   const QString stem = report::FileStem({QString::fromStdString(name)});
   QString free = stem;
   for (int number = 2; !names_.insert(free.toCaseFolded()).second; ++number) {

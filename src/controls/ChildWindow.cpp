@@ -1,14 +1,18 @@
 #include "controls/ChildWindow.h"
 
+#include "controls/Grid.h"
 #include "controls/TextBox.h"
+#include "controls/WindowMemory.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QShortcut>
 
 #include <algorithm>
 #include <cmath>
@@ -19,6 +23,19 @@ namespace {
 
 int Scaled(int length, float factor) {
   return static_cast<int>(std::lround(static_cast<float>(length) * factor));
+}
+
+const QString kMaximized = QStringLiteral("Maximized");
+constexpr int kStep = 26;  // between windows that would open at one place
+
+bool IsTakenPlace(const QMdiArea& area, const QMdiSubWindow& frame, QPoint place) {
+  return std::ranges::any_of(area.subWindowList(), [&](const QMdiSubWindow* other) {
+    return other != &frame && other->isVisible() && other->pos() == place;
+  });
+}
+
+bool IsInSight(const QWidget* widget) {
+  return widget != nullptr && widget->isVisible() && widget->isEnabled();
 }
 
 // Named controls are the window's own; parts of controls carry no name or one of Qt's.
@@ -52,10 +69,51 @@ void ChildWindow::OpenIn(QMdiArea& area) {
   QMdiSubWindow* frame = area.addSubWindow(this);
   frame->setAttribute(Qt::WA_DeleteOnClose);
   show();
-  frame->resize(frame->size().boundedTo(area.viewport()->size()));
-  const QPoint most(area.viewport()->width() - frame->width(),
-                    area.viewport()->height() - frame->height());
-  frame->move(std::min(frame->x(), most.x()), std::min(frame->y(), most.y()));
+  frame->setGeometry(PlaceIn(area, *frame));
+  RestoreColumns();
+  opened_at_ = frame->geometry();
+  if (!WindowMemory(desk_.session.folders).Text(objectName(), kMaximized).isEmpty()) {
+    frame->showMaximized();
+  }
+}
+
+QRect ChildWindow::PlaceIn(const QMdiArea& area, const QMdiSubWindow& frame) const {
+  const QRect whole(QPoint(), area.viewport()->size());
+  const auto remembered = WindowMemory(desk_.session.folders).Place(objectName());
+  QRect place = Inside(remembered.value_or(frame.geometry()), whole);
+  while (IsTakenPlace(area, frame, place.topLeft())) {
+    const QRect moved = Inside(place.translated(kStep, kStep), whole);
+    if (moved == place) {
+      break;
+    }
+    place = moved;
+  }
+  return place;
+}
+
+void ChildWindow::RestoreColumns() {
+  const WindowMemory memory(desk_.session.folders);
+  for (Grid* grid : findChildren<Grid*>()) {
+    grid->SetWidths(memory.Numbers(objectName(), grid->objectName()));
+  }
+}
+
+/// Only what the user changed: another screen has other sizes.
+void ChildWindow::Remember() const {
+  const WindowMemory memory(desk_.session.folders);
+  for (const Grid* grid : findChildren<Grid*>()) {
+    if (const QList<int> widths = grid->WidthsByHand(); !widths.isEmpty()) {
+      memory.KeepNumbers(objectName(), grid->objectName(), widths);
+    }
+  }
+  const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  if (frame == nullptr || frame->isMinimized() || frame->isShaded()) {
+    return;
+  }
+  memory.Keep(objectName(), kMaximized, frame->isMaximized() ? QStringLiteral("1") : QString());
+  if (!frame->isMaximized() && frame->geometry() != opened_at_) {
+    memory.KeepPlace(objectName(), frame->geometry());
+  }
 }
 
 void ChildWindow::OpenModal(QWidget* parent) {
@@ -86,6 +144,44 @@ void ChildWindow::ScaleForm() {
 
 QWidget* ChildWindow::FieldNamed(const QString& name) const {
   return name.isEmpty() ? nullptr : findChild<QWidget*>(name);
+}
+
+void ChildWindow::PressOn(const QKeySequence& keys, QAbstractButton* button) {
+  auto* shortcut = new QShortcut(keys, this);
+  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(shortcut, &QShortcut::activated, button, [button] { Press(*button); });
+}
+
+void ChildWindow::Press(QAbstractButton& button) {
+  if (button.isEnabled()) {
+    button.setFocus(Qt::ShortcutFocusReason);
+    if (button.hasFocus() || !button.isActiveWindow()) {
+      button.click();
+    }
+  }
+}
+
+bool ChildWindow::PressKey(const QKeySequence& key) {
+  for (QAbstractButton* button : findChildren<QAbstractButton*>()) {
+    if (button->shortcut() == key && IsInSight(button)) {
+      Press(*button);
+      return true;
+    }
+  }
+  for (const QLabel* label : findChildren<QLabel*>()) {
+    if (QKeySequence::mnemonic(label->text()) == key && IsInSight(label->buddy())) {
+      label->buddy()->setFocus(Qt::ShortcutFocusReason);
+      return true;
+    }
+  }
+  return false;
+}
+
+void ChildWindow::FocusFirst() {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused == nullptr || (focused != this && !isAncestorOf(focused))) {
+    focusNextPrevChild(true);
+  }
 }
 
 void ChildWindow::CompleteFrom(TextBox* box, TextBox::Completions source) {
@@ -152,12 +248,18 @@ void ChildWindow::showEvent(QShowEvent* event) {
   }
 }
 
+bool ChildWindow::AgreeToClose() {
+  agreed_ = agreed_ || closing_ || MayClose();
+  return agreed_;
+}
+
 void ChildWindow::closeEvent(QCloseEvent* event) {
-  if (!closing_ && !MayClose()) {
+  if (!AgreeToClose()) {
     event->ignore();
     return;
   }
   if (!std::exchange(closing_, true)) {
+    Remember();
     // The frame goes with its window, whichever of the two was closed first.
     if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
       frame->deleteLater();

@@ -8,12 +8,15 @@
 
 #include <QWidget>
 
+class QKeySequence;
 class QMdiArea;
+class QMdiSubWindow;
 
 namespace quorvane::controls {
 
 /// The base of every window that opens inside the main window. Enter moves to the next control, Esc
-/// closes, F1 asks for help. The window deletes itself when it is closed.
+/// closes, F1 asks for help. The window deletes itself when it is closed. In the area of the main
+/// window it opens where the user last left it, with the widths that its grids' columns had.
 class ChildWindow : public QWidget {
   Q_OBJECT
 
@@ -24,6 +27,21 @@ class ChildWindow : public QWidget {
   /// Shows the window in the area of the main window, or by itself in front of all others.
   void OpenIn(QMdiArea& area);
   void OpenModal(QWidget* parent);
+
+  /// Asks whether the window may close, as closing it does, and leaves it open. After a yes it
+  /// closes without another question, until StayOpen.
+  bool AgreeToClose();
+  void StayOpen() { agreed_ = false; }
+
+  /// The menu asked for the window, which is open already.
+  virtual void AskedAgain() {}
+
+  /// Does what the access key of one of the window's own buttons, labels or choices does; false
+  /// when none of those in sight has that key.
+  bool PressKey(const QKeySequence& key);
+
+  /// Gives the keyboard to the control that a fresh window starts with, unless one has it.
+  void FocusFirst();
 
   /// The designed size times the screen factors, at most what the place for it has.
   QSize sizeHint() const override;
@@ -52,6 +70,12 @@ class ChildWindow : public QWidget {
           const QString& name) {
     guard_.Connect(sender, signal, static_cast<Owner*>(this), handler, name);
   }
+
+  /// A key of the whole window for a button. The button takes the focus first, so that the box left
+  /// behind is settled before the click; a box that refuses takes the focus back, and there is no
+  /// click.
+  void PressOn(const QKeySequence& keys, QAbstractButton* button);
+  static void Press(QAbstractButton& button);
 
   /// Completes the box from texts that are asked for each time it is entered; a failure of the
   /// source is reported and leaves the box without completions.
@@ -84,6 +108,9 @@ class ChildWindow : public QWidget {
 
  private:
   void ScaleForm();
+  QRect PlaceIn(const QMdiArea& area, const QMdiSubWindow& frame) const;
+  void RestoreColumns();
+  void Remember() const;
   void DateRefused(DateBox* box, const QString& text);
 
   Desk& desk_;
@@ -92,6 +119,8 @@ class ChildWindow : public QWidget {
   bool scaled_ = false;
   bool was_shown_ = false;
   bool closing_ = false;
+  bool agreed_ = false;  ///< that it closes
+  QRect opened_at_;      ///< place of its frame, before the user moved it
 };
 
 }  // namespace quorvane::controls

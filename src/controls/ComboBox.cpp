@@ -64,7 +64,7 @@ void ComboBox::SetItems(std::vector<lookups::Item> items) {
     texts.append(item.text);
   }
   items_->SetItems(std::move(items));
-  box_->SetCompletions(texts);
+  box_->SetCompletions(completes_ ? texts : QStringList());
   Clear();
 }
 

@@ -23,6 +23,10 @@ class ComboBox : public QComboBox {
 
   explicit ComboBox(QWidget* parent = nullptr, Entry entry = Entry::kItemsOnly);
 
+  /// On unless switched off, as for numbers: 0.1 is not the beginning of 0.125. To be called before
+  /// the items are set.
+  void SetCompletes(bool on) { completes_ = on; }
+
   /// Replaces the items; nothing is chosen afterwards and no signal of a choice is sent.
   void SetItems(std::vector<lookups::Item> items);
 
@@ -56,6 +60,7 @@ class ComboBox : public QComboBox {
   void Settle();
 
   Entry entry_;
+  bool completes_ = true;
   ItemModel* items_;
   TextBox* box_;
 };

@@ -52,11 +52,16 @@ std::optional<text::Date> DateBox::Date() const {
 }
 
 void DateBox::SetDate(const QString& dmy) {
+  given_ = dmy;
   setText(dmy);
 }
 
 bool DateBox::IsProper() const {
   return text().isEmpty() || Completed().has_value();
+}
+
+bool DateBox::IsRefused() const {
+  return mark_ != nullptr && mark_->isVisible();
 }
 
 std::optional<QString> DateBox::Completed() const {
@@ -79,7 +84,7 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
 void DateBox::Leave() {
   if (const std::optional<QString> completed = Completed()) {
     setText(*completed);
-  } else if (!text().isEmpty()) {
+  } else if (!text().isEmpty() && text() != given_) {
     Mark();
     Q_EMIT Refused(tr("Enter Proper Date."));
   }

@@ -10,8 +10,8 @@ namespace quorvane::controls {
 
 /// A date, "dd/mm/yyyy". Only digits, "/" and "." are taken; after two digits of the day and of the
 /// month the "/" comes by itself. On leaving, a short form ("1.4.11", "010411") is completed. A
-/// text that is no date stays, is marked, and is refused with "Enter Proper Date.". Empty is
-/// allowed.
+/// text that is no date stays, is marked, and is refused with "Enter Proper Date."; not so the text
+/// of an older record that is shown and left as it was. Empty is allowed.
 class DateBox : public TextBox {
   Q_OBJECT
 
@@ -29,6 +29,9 @@ class DateBox : public TextBox {
   /// False when the box holds a text that is no date.
   bool IsProper() const;
 
+  /// True while the box holds a text that was refused.
+  bool IsRefused() const;
+
  Q_SIGNALS:
   /// The box was left with a text that is no date. Sent before Left.
   void Refused(const QString& text);
@@ -44,6 +47,7 @@ class DateBox : public TextBox {
 
   std::function<text::Date()> today_ = text::Today;
   QAction* mark_ = nullptr;
+  QString given_;  ///< by SetDate
 };
 
 }  // namespace quorvane::controls

@@ -20,6 +20,7 @@ constexpr int kSample = 200;  // rows that are measured
 constexpr int kCellPadding = 16;
 constexpr int kNarrowest = 40;
 constexpr int kWidest = 420;
+constexpr int kWidestByHand = 2000;
 constexpr int kRowPadding = 8;
 
 }  // namespace
@@ -33,6 +34,7 @@ Grid::Grid(const QString& name, const QString& purpose, QWidget* parent)
   setItemDelegate(delegate);
   connect(delegate, &GridDelegate::Refused, this, &Grid::EditRefused);
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Grid::HeadingClicked);
+  connect(this, &QAbstractItemView::clicked, this, &Grid::RowClicked);
   connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& cell) {
     if ((cell.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)) == 0) {
       Q_EMIT RowActivated(cell.row());
@@ -57,8 +59,34 @@ void Grid::SetLook() {
   horizontalHeader()->setMinimumSectionSize(kNarrowest);
   horizontalHeader()->setFixedHeight(fontMetrics().height() + kRowPadding + kTightSpacing);
   // Dragging a heading's edge is the user's wish for a width; from then on widths are left alone.
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-          [this] { fitted_by_hand_ = fitted_by_hand_ || !fitting_; });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, &Grid::SectionResized);
+}
+
+void Grid::SectionResized(int column) {
+  const bool stretched =
+      horizontalHeader()->sectionResizeMode(column) != QHeaderView::Interactive ||
+      (horizontalHeader()->stretchLastSection() && column + 1 == model_->columnCount());
+  fitted_by_hand_ = fitted_by_hand_ || (!fitting_ && !stretched);
+}
+
+QList<int> Grid::WidthsByHand() const {
+  QList<int> widths;
+  for (int column = 0; fitted_by_hand_ && column < model_->columnCount(); ++column) {
+    widths << columnWidth(column);
+  }
+  return widths;
+}
+
+void Grid::SetWidths(const QList<int>& widths) {
+  if (widths.size() != model_->columnCount()) {
+    return;
+  }
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    if (!isColumnHidden(column)) {
+      setColumnWidth(column, std::clamp(widths[column], kNarrowest, kWidestByHand));
+    }
+  }
+  fitted_by_hand_ = true;
 }
 
 void Grid::SetColumns(std::vector<Column> columns) {
@@ -102,7 +130,14 @@ void Grid::SelectRow(int row) {
     clearSelection();
     return;
   }
-  setCurrentIndex(model_->index(row, FirstShownColumn()));
+  MakeCurrent(model_->index(row, FirstShownColumn()));
+}
+
+// The view's own way looks at the keyboard: with Ctrl held down, as for Ctrl+S, it would leave the
+// old selection standing.
+void Grid::MakeCurrent(const QModelIndex& cell) {
+  selectionModel()->setCurrentIndex(
+      cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 int Grid::FirstShownColumn() const {
@@ -123,7 +158,7 @@ int Grid::AddRow(Row row) {
   const QModelIndex before = model_->index(at - 1, model_->columnCount() - 1);
   const QModelIndex first = NextEditable(before, true);
   if (first.isValid()) {
-    setCurrentIndex(first);
+    MakeCurrent(first);
   } else {
     SelectRow(at);
   }
@@ -138,7 +173,7 @@ void Grid::RemoveCurrentRow() {
 
 void Grid::EditCell(int row, int column) {
   const QModelIndex cell = model_->index(row, column);
-  setCurrentIndex(cell);
+  MakeCurrent(cell);
   edit(cell);
 }
 
@@ -168,6 +203,16 @@ void Grid::SortBy(int column, Qt::SortOrder order) {
   model_->sort(column, order);
   horizontalHeader()->setSortIndicator(column, order);
   horizontalHeader()->setSortIndicatorShown(true);
+}
+
+// The cell of the tick itself is its delegate's; with Ctrl or Shift rows are chosen to be copied.
+void Grid::RowClicked(const QModelIndex& cell) {
+  const bool chooses =
+      (QGuiApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+  if (model_->TickColumn() && !chooses &&
+      (cell.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)) == 0) {
+    ToggleTick(cell.row());
+  }
 }
 
 void Grid::ToggleTick(int row) {
@@ -213,7 +258,7 @@ void Grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 void Grid::MoveOn(bool forward) {
   const QModelIndex next = NextEditable(currentIndex(), forward);
   if (next.isValid()) {
-    setCurrentIndex(next);
+    MakeCurrent(next);
     edit(next);
   } else if (forward) {
     Q_EMIT LastCellLeft();

@@ -7,10 +7,10 @@
 namespace quorvane::controls {
 
 /// A table of records on the screen: a view over its own GridModel. A click on a heading sorts, on
-/// the heading of ticks it ticks all or none; Space or a click ticks; F2 or typing edits, Enter
-/// then moves on to the next cell that can be edited; Ctrl+C copies as tab-separated text. Reached
-/// by key without a current row, it takes its first one; in an empty grid Enter is left to the
-/// window, which moves on.
+/// the heading of ticks it ticks all or none; Space or a click on a row ticks it; F2 or typing
+/// edits, Enter then moves on to the next cell that can be edited; Ctrl+C copies as tab-separated
+/// text. Reached by key without a current row, it takes its first one; in an empty grid Enter is
+/// left to the window, which moves on.
 class Grid : public QTableView {
   Q_OBJECT
 
@@ -33,6 +33,9 @@ class Grid : public QTableView {
   /// -1 and 0 when no row is current.
   int CurrentRow() const;
   int CurrentId() const;
+
+  /// Makes that row the current and the only selected one, whatever keys are held down; a row that
+  /// is not there leaves none.
   void SelectRow(int row);
   void SelectId(int id);
 
@@ -44,6 +47,12 @@ class Grid : public QTableView {
   /// Column widths by the headings and a sample of the rows; what is left over goes to the widest
   /// column of text.
   void FitColumns();
+
+  /// The widths that the user gave the columns by hand, in pixels; empty while there are none.
+  QList<int> WidthsByHand() const;
+
+  /// Gives the columns such widths again; others than one a column are left out of account.
+  void SetWidths(const QList<int>& widths);
 
   /// What Ctrl+C copies.
   QString SelectedText() const;
@@ -73,6 +82,9 @@ class Grid : public QTableView {
  private:
   void SetLook();
   void HeadingClicked(int column);
+  void RowClicked(const QModelIndex& cell);
+  void SectionResized(int column);
+  void MakeCurrent(const QModelIndex& cell);
   void SortBy(int column, Qt::SortOrder order);
   void ToggleTick(int row);
   bool EnterPressed();

@@ -2,11 +2,13 @@
 
 #include "controls/Style.h"
 
+#include <QApplication>
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -23,6 +25,35 @@ QScrollArea* Scrolling(QWidget* contents) {
   area->setFrameShape(QFrame::NoFrame);
   area->setFocusPolicy(Qt::NoFocus);
   return area;
+}
+
+QString ContentsOf(const Grid& grid) {
+  QStringList cells;
+  for (int row = 0; row < grid.Model().RowCount(); ++row) {
+    for (int column = 0; column < grid.Model().columnCount(); ++column) {
+      cells << grid.Model().Value(row, column).toString();
+    }
+  }
+  return cells.join(QChar::Tabulation);
+}
+
+/// What is entered in the controls of a panel, to see later whether it was changed.
+QStringList ContentsOf(const QWidget& panel) {
+  QStringList texts;
+  for (const QWidget* control : panel.findChildren<QWidget*>()) {
+    if (const auto* box = qobject_cast<const QLineEdit*>(control)) {
+      texts << box->text();
+    } else if (const auto* lines = qobject_cast<const QPlainTextEdit*>(control)) {
+      texts << lines->toPlainText();
+    } else if (const auto* list = qobject_cast<const QComboBox*>(control)) {
+      texts << list->currentText();
+    } else if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
+      texts << (button->isChecked() ? QStringLiteral("1") : QString());
+    } else if (const auto* grid = qobject_cast<const Grid*>(control)) {
+      texts << ContentsOf(*grid);
+    }
+  }
+  return texts;
 }
 
 void FocusFirstField(QWidget& panel) {
@@ -108,23 +139,6 @@ void RecordWindow::BuildButtons() {
   PressOn(QKeySequence::Save, cmdUpdate);
 }
 
-// The button takes the focus first, so that the box left behind is settled before the click; a box
-// that refuses takes the focus back, and there is no click.
-void RecordWindow::PressOn(const QKeySequence& keys, ZENButton* button) {
-  auto* shortcut = new QShortcut(keys, this);
-  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-  connect(shortcut, &QShortcut::activated, button, [button] { Press(*button); });
-}
-
-void RecordWindow::Press(ZENButton& button) {
-  if (button.isEnabled()) {
-    button.setFocus(Qt::ShortcutFocusReason);
-    if (button.hasFocus() || !button.isActiveWindow()) {
-      button.click();
-    }
-  }
-}
-
 void RecordWindow::Start() {
   On(list_, &Grid::CurrentRowChanged, &RecordWindow::List_RowChanged,
      list_->objectName() + QLatin1String("_RowColChange"));
@@ -133,6 +147,21 @@ void RecordWindow::Start() {
   ShowList();
   SetEditing(false);
   TheGuard().Run(QStringLiteral("Form_Load"), [this] { Refill(0); });
+}
+
+// A fresh window starts in its list, and an empty one with the first record to be made.
+void RecordWindow::FirstShown() {
+  if (!editing_ && !details_->isAncestorOf(QApplication::focusWidget())) {
+    Rest();
+  }
+}
+
+void RecordWindow::Rest() {
+  if (list_->Model().RowCount() > 0) {
+    list_->setFocus(Qt::OtherFocusReason);
+  } else {
+    cmdAdd->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 QString RecordWindow::DeleteQuestion() const {
@@ -169,17 +198,24 @@ void RecordWindow::cmdUpdate_Click() {
   SetEditing(false);
   ShowList();
   Refill(current_);
-  list_->setFocus(Qt::OtherFocusReason);
+  // Enter begins the next record: in the list it would open the one just saved.
+  cmdAdd->setFocus(Qt::OtherFocusReason);
 }
 
 /// A text that is no date would be saved as none. It was complained about already when the box has
 /// just been left for the button and got the focus back.
 bool RecordWindow::RefusesDate() {
   for (DateBox* box : details_->findChildren<DateBox*>()) {
-    if (box->isEnabled() && !box->IsProper()) {
+    if (!box->isEnabled() || box->IsProper()) {
+      continue;
+    }
+    if (!ChecksItsDates()) {
       if (!box->hasFocus()) {
         Show({tr("Enter Proper Date."), box->objectName()});
       }
+      return true;
+    }
+    if (box->hasFocus() && box->IsRefused()) {
       return true;
     }
   }
@@ -223,7 +259,7 @@ void RecordWindow::Refill(int id) {
   {
     const QScopedValueRollback<bool> filling(filling_, true);
     FillList();
-    list_->SelectId(id);
+    list_->SelectRow(std::max(list_->Model().RowOf(id), 0));
   }
   ShowRecord(list_->CurrentId());
 }
@@ -241,6 +277,7 @@ void RecordWindow::SetEditing(bool editing) {
   editing_ = editing;
   Enable();
   if (editing) {
+    begun_with_ = ContentsOf(*details_);
     ShowDetails();
     FocusFirstField(*details_);
   }
@@ -292,11 +329,19 @@ bool RecordWindow::MayClose() {
 }
 
 void RecordWindow::EscapePressed() {
-  if (editing_) {
-    Press(*cmdCancel);
-  } else {
+  if (!editing_) {
     ChildWindow::EscapePressed();
+  } else if (!IsChanged() || Say().Ask(GiveUpQuestion(), Answer::kNo, Icon::kInformation)) {
+    Press(*cmdCancel);
   }
+}
+
+QString RecordWindow::GiveUpQuestion() const {
+  return tr("The record is not saved. Give up what was entered?");
+}
+
+bool RecordWindow::IsChanged() const {
+  return editing_ && ContentsOf(*details_) != begun_with_;
 }
 
 }  // namespace quorvane::controls

@@ -5,7 +5,6 @@
 
 class QButtonGroup;
 class QHBoxLayout;
-class QKeySequence;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -13,7 +12,9 @@ namespace quorvane::controls {
 
 /// A window that keeps the records of one kind: a list of them, the details of one, and the buttons
 /// to add, modify, save, cancel and delete. It browses (the list is live, the details are shown) or
-/// edits (the details are live, the list rests). Rows of the list carry the record's key.
+/// edits (the details are live, the list rests). Rows of the list carry the record's key. While
+/// there is any record, one row is chosen: the saved one after saving. Esc asks before it gives up
+/// what was changed.
 ///
 /// A window derives from it, builds its controls into Details(), sets the list's columns, and calls
 /// Start() at the end of its constructor. The hooks below may throw: the failure is reported and
@@ -65,6 +66,13 @@ class RecordWindow : public ChildWindow {
 
   virtual QString DeleteQuestion() const;
 
+  /// True when Save checks the date boxes itself, in an order of its own. Otherwise a text that is
+  /// no date is refused before Save.
+  virtual bool ChecksItsDates() const { return false; }
+
+  /// Asked by Esc when something was changed.
+  virtual QString GiveUpQuestion() const;
+
   /// The state changed: the place to enable controls beyond the usual ones.
   virtual void StateChanged() {}
 
@@ -75,6 +83,10 @@ class RecordWindow : public ChildWindow {
   void ShowDetails();
   void ShowList();
 
+  /// True when a record is edited and something in its form was changed since that began.
+  bool IsChanged() const;
+
+  void FirstShown() override;
   void Reveal(QWidget* field) override;
   bool MayClose() override;
   void EscapePressed() override;
@@ -98,11 +110,10 @@ class RecordWindow : public ChildWindow {
   void BuildTabs(QVBoxLayout& rows);
   void BuildTogether(QVBoxLayout& rows);
   void BuildButtons();
-  void PressOn(const QKeySequence& keys, ZENButton* button);
-  static void Press(ZENButton& button);
   bool RefusesDate();
   void SetEditing(bool editing);
   void Enable();
+  void Rest();
   void ShowRecord(int id);
   void Refill(int id);
   void ShowPanel(int panel);
@@ -117,6 +128,7 @@ class RecordWindow : public ChildWindow {
   int current_ = 0;
   bool editing_ = false;
   bool filling_ = false;
+  QStringList begun_with_;  ///< contents of the form when editing began
 };
 
 }  // namespace quorvane::controls

@@ -1,6 +1,7 @@
 #include "controls/ValueList.h"
 
 #include <optional>
+#include <utility>
 
 namespace quorvane::controls {
 namespace {
@@ -15,7 +16,9 @@ std::optional<lookups::Item> ReadItem(QStringView piece) {
   if (!is_number) {
     return std::nullopt;
   }
-  return lookups::Item{.id = id, .text = piece.mid(semicolon + 1).toString()};
+  QString text = piece.mid(semicolon + 1).toString();
+  text.replace(lookups::kBarInText, QLatin1Char('|'));
+  return lookups::Item{.id = id, .text = std::move(text)};
 }
 
 }  // namespace

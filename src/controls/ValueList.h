@@ -10,7 +10,7 @@
 namespace quorvane::controls {
 
 /// A list of numbers with the texts that stand for them, read from "#0;S|#1;P". A piece without the
-/// "#number;" form is passed over.
+/// "#number;" form is passed over. lookups::kBarInText in a text is a "|".
 class ValueList {
  public:
   ValueList() = default;

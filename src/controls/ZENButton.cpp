@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QShortcutEvent>
 #include <QStyle>
 
 namespace quorvane::controls {
@@ -40,6 +41,11 @@ bool ZENButton::event(QEvent* event) {
     setFocus(Qt::ShortcutFocusReason);
     // A box that was left for it and refuses has taken the focus back.
     if (isActiveWindow() && !hasFocus()) {
+      return true;
+    }
+    // A menu of the main window has the same key; in the window in front it is the button's.
+    if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+      click();
       return true;
     }
   }

@@ -16,7 +16,7 @@ FrmContact::FrmContact(controls::Desk& desk, const QString& name, const QString&
 void FrmContact::AddContact(FieldLayout& fields) {
   constexpr int kWhole = 2;
   Text1[Name] = AddBox(fields, Name, tr("Na&me"), kWhole);
-  Text1[Address] = AddBox(fields, Address, tr("Addre&ss"), kWhole);
+  address_ = fields.Add(tr("Addre&ss"), BoxName(Address), new controls::LinesBox(), kWhole);
   Text1[City] = AddBox(fields, City, tr("&City"));
   Combo1 = fields.Add(tr("Stat&e"), QStringLiteral("Combo1"),
                       new ComboBox(nullptr, ComboBox::Entry::kFreeText));
@@ -34,14 +34,17 @@ void FrmContact::AddContact(FieldLayout& fields) {
 
 void FrmContact::ClearContact() {
   for (TextBox* box : Text1) {
-    box->clear();
+    if (box != nullptr) {
+      box->clear();
+    }
   }
+  address_->clear();
   Combo1->Clear();
 }
 
 void FrmContact::ShowContact(const QString& name, const Contact& contact) {
   Text1[Name]->setText(name);
-  Text1[Address]->setText(contact.address);
+  address_->setText(contact.address);
   Text1[City]->setText(contact.city);
   Combo1->ByText(contact.state);
   Text1[Pin]->setText(contact.pin);
@@ -57,7 +60,7 @@ QString FrmContact::EnteredName() const {
 }
 
 Contact FrmContact::EnteredContact() const {
-  return {.address = Text1[Address]->text(),
+  return {.address = address_->text(),
           .city = Text1[City]->text(),
           .state = Combo1->currentText(),
           .pin = Text1[Pin]->text(),

@@ -2,6 +2,7 @@
 
 #include "controls/ComboBox.h"
 #include "controls/FieldLayout.h"
+#include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
 #include "controls/TextBox.h"
 #include "masters/Completions.h"
@@ -37,7 +38,8 @@ class FrmContact : public controls::RecordWindow {
   void Complete();
 
   AddressBook address_book_;
-  std::array<controls::TextBox*, kFields> Text1{};
+  std::array<controls::TextBox*, kFields> Text1{};  ///< none for the address
+  controls::LinesBox* address_ = nullptr;
   controls::ComboBox* Combo1 = nullptr;
 };
 

@@ -131,7 +131,7 @@ void CsvTable::Fail(std::size_t column, std::string message) {
 void CsvTable::Expected(std::size_t column, std::string_view what) {
   const std::string_view found = Trimmed(Raw(column));
   Fail(column, found.empty() ? fmt::format("expected {}, found nothing", what)
-                             : fmt::format("expected {}, found \"{}\"", what, found));
+                             : fmt::format("expected {}, found {}", what, Quoted(found)));
 }
 
 std::string_view CsvTable::Text(std::size_t column) {

@@ -1,7 +1,6 @@
 #include "portfolio/Import.h"
 
 #include "core/database/Transaction.h"
-#include "portfolio/ImportLock.h"
 #include "portfolio/MasterImport.h"
 #include "portfolio/MoneyImport.h"
 #include "portfolio/MovementImport.h"
@@ -17,19 +16,19 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
     result.errors = reading.Take();
     return result;
   }
-  const std::set<text::FinancialYear> years = TouchedYears(portfolio);
   // The refusal rolls back; who reads it is told by the result.
   const Refusal nothing_written;
-  database::InTransaction(connection, [&](database::Transaction& transaction) -> MaybeRefusal {
+  const auto take_in = [&](database::Transaction& transaction) -> MaybeRefusal {
     result = {};
     ErrorList errors;
-    WaitForOtherWriters(transaction, years);
     const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
     ImportMovements(transaction, portfolio, names, errors, result, progress);
     ImportMoney(transaction, portfolio, names, errors, result);
     result.errors = errors.Take();
     return dry_run || !result.errors.empty() ? MaybeRefusal(nothing_written) : std::nullopt;
-  });
+  };
+  // Alone: what is recorded already decides what it writes.
+  database::InTransaction(connection, take_in, database::Turn::kAlone);
   return result;
 }
 

@@ -2,7 +2,37 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace quorvane::portfolio {
+namespace {
+
+/// Counted in characters of UTF-8, whose continuation bytes begin with the bits 10.
+std::string FirstLetters(std::string_view text) {
+  std::size_t letters = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool begins = (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80;
+    if (begins && ++letters > kLongestQuote) {
+      return std::string(text.substr(0, i)) + "...";
+    }
+  }
+  return std::string(text);
+}
+
+/// What was expected, without what was found and where.
+std::string FaultOf(const std::string& message) {
+  std::size_t end = message.size();
+  for (const char* values : {", found", ", line ", ". "}) {
+    end = std::min(end, message.find(values));
+  }
+  return message.substr(0, end);
+}
+
+}  // namespace
+
+std::string Quoted(std::string_view value) {
+  return '"' + FirstLetters(value) + '"';
+}
 
 std::string ImportError::Text() const {
   std::string text = file;
@@ -17,9 +47,24 @@ std::string ImportError::Text() const {
 
 void ErrorList::Add(std::string_view file, std::size_t line, std::string_view column,
                     std::string message) {
-  if (!Full()) {
-    errors_.push_back({std::string(file), line, std::string(column), std::move(message)});
+  if (Full()) {
+    return;
   }
+  Kind kind{std::string(file), FirstLetters(column), FaultOf(message)};
+  if (++kinds_[kind] <= kMostOfAKind) {
+    errors_.push_back({std::move(kind.file), line, std::move(kind.column), std::move(message)});
+  }
+}
+
+std::vector<ImportError> ErrorList::Take() {
+  for (const auto& [kind, count] : kinds_) {
+    if (count > kMostOfAKind) {
+      errors_.push_back({kind.file, 0, kind.column,
+                         fmt::format("{} more such errors: {}", count - kMostOfAKind, kind.fault)});
+    }
+  }
+  kinds_.clear();
+  return std::move(errors_);
 }
 
 }  // namespace quorvane::portfolio

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,19 +21,36 @@ struct ImportError {
   std::string Text() const;
 };
 
+/// A value as an error quotes it: in quotes, at most kLongestQuote letters of it.
+std::string Quoted(std::string_view value);
+inline constexpr std::size_t kLongestQuote = 80;
+
 /// Errors are collected so that a user can mend a whole file at once; a hopeless one stops early.
+/// Those of one kind, the same fault of one column, are told kMostOfAKind times and then counted.
 class ErrorList {
  public:
   static constexpr std::size_t kMost = 100;
+  static constexpr std::size_t kMostOfAKind = 20;
 
   void Add(std::string_view file, std::size_t line, std::string_view column, std::string message);
   bool Empty() const { return errors_.empty(); }
   bool Full() const { return errors_.size() >= kMost; }
-  std::vector<ImportError> Take() { return std::move(errors_); }
+
+  /// In the order of their adding, then how many more there are of a kind.
+  std::vector<ImportError> Take();
   const std::vector<ImportError>& Errors() const { return errors_; }
 
  private:
+  struct Kind {
+    std::string file;
+    std::string column;
+    std::string fault;  ///< the message without what was found
+
+    auto operator<=>(const Kind&) const = default;
+  };
+
   std::vector<ImportError> errors_;
+  std::map<Kind, std::size_t> kinds_;  ///< how many there are of each
 };
 
 }  // namespace quorvane::portfolio

@@ -120,6 +120,9 @@ class MasterImport {
     names.scrips = Resolve<ScripId>(portfolio_.scrip_codes, scrips, "scrip_code", "scrip");
     ResolveExchanges(names);
     ResolveAccounts(names);
+    for (const auto& [table, next] : next_keys_) {
+      database::KeepKeys(transaction_, table, next);
+    }
     return names;
   }
 
@@ -174,11 +177,11 @@ class MasterImport {
     return id;
   }
 
-  /// One read of the maximum a table, then counted here.
+  /// One read of the counter a table, then counted here.
   int NextKey(std::string_view table) {
     auto [entry, fresh] = next_keys_.try_emplace(std::string(table), 0);
     if (fresh) {
-      entry->second = database::NextKey(transaction_, table);
+      entry->second = database::FirstFreeKey(transaction_, table);
     }
     return entry->second++;
   }
@@ -296,7 +299,7 @@ class MasterImport {
     }
     const auto found = dp_ids_.find({participant, Folded(row.dp_id)});
     if (found == dp_ids_.end()) {
-      Fail(row.line, "dp_id", "expected a DP id of the participant, found \"" + row.dp_id + "\"");
+      Fail(row.line, "dp_id", "expected a DP id of the participant, found " + Quoted(row.dp_id));
       return std::nullopt;
     }
     return found->second;
@@ -310,7 +313,7 @@ class MasterImport {
       const auto found = ids.find(Folded(name.text));
       if (found == ids.end()) {
         errors_.Add(LayoutOf(name.file).name, name.line, column,
-                    fmt::format("expected a known {}, found \"{}\"", what, name.text));
+                    fmt::format("expected a known {}, found {}", what, Quoted(name.text)));
       }
       resolved.push_back(IdType{found == ids.end() ? 0 : found->second});
     }

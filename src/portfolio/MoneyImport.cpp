@@ -52,7 +52,8 @@ class MoneyImport {
       taken.emplace(row.Int(std::size_t{0}), std::string(row.Utf8(1)), row.Int(2));
     }
     BulkWriter writer(transaction_, "Insert Into BrOpBal Values(?,?,?,?,?,?)", "itiidi");
-    int next = database::NextKey(transaction_, "BrOpBal");
+    int next = database::NextKeys(transaction_, "BrOpBal",
+                                  static_cast<int>(portfolio_.broker_openings.size()));
     for (const BrokerOpeningRow& row : portfolio_.broker_openings) {
       const int client = names_.clients[row.client].value;
       const int broker = names_.brokers[row.broker].value;
@@ -85,7 +86,7 @@ class MoneyImport {
     BulkWriter writer(transaction_,
                       fmt::format("Insert Into {} Values(?,?,?,?,?,?,?,?,?,?,?,?)", table),
                       "itiiidtitttt");
-    int next = database::NextKey(transaction_, table);
+    int next = database::NextKeys(transaction_, table, static_cast<int>(rows.size()));
     for (const MoneyRow& row : rows) {
       const std::string day = text::FormatDmy(row.date).toStdString();
       const int client = names_.clients[row.client].value;
@@ -121,7 +122,7 @@ class MoneyImport {
       known.try_emplace({std::string(row.Utf8(0)), row.Int(1)}, row.Double(2));
     }
     BulkWriter writer(transaction_, "Insert Into MarketRate Values(?,?,?,?,?)", "titid");
-    int next = database::NextKey(transaction_, "MarketRate");
+    int next = database::FirstFreeKey(transaction_, "MarketRate");
     std::size_t added = 0;
     for (const RateRow& row : portfolio_.rates) {
       const std::string day = text::FormatDmy(row.date).toStdString();
@@ -143,6 +144,7 @@ class MoneyImport {
       ++added;
     }
     writer.Finish();
+    database::KeepKeys(transaction_, "MarketRate", next);
     Count("market rates", added);
   }
 

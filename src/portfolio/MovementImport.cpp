@@ -4,9 +4,9 @@
 #include "core/gains/RemainingLots.h"
 #include "core/text/Amounts.h"
 #include "portfolio/BillLines.h"
-#include "portfolio/ImportLock.h"
 #include "portfolio/MovementRecords.h"
 #include "portfolio/RecordedDocuments.h"
+#include "portfolio/TouchedYears.h"
 
 #include <fmt/format.h>
 
@@ -30,7 +30,7 @@ class MovementImport {
         result_(result),
         progress_(progress),
         recorded_(transaction, TouchedYears(portfolio)),
-        book_(database::NextSharedKey(transaction, {"Stock", "Stock_Temp"})),
+        book_(database::FirstFreeKey(transaction, "Stock")),
         records_(transaction, names) {}
 
   void Run() {
@@ -103,8 +103,8 @@ class MovementImport {
     const auto account = FindAccount(client, number);
     if (!account && client) {
       Fail(file, line, "account_no",
-           fmt::format("expected an account of the client, found \"{}\"",
-                       portfolio_.account_numbers.Names()[number].text));
+           "expected an account of the client, found " +
+               Quoted(portfolio_.account_numbers.Names()[number].text));
     }
     return account;
   }

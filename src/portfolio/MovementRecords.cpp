@@ -36,9 +36,9 @@ MovementRecords::MovementRecords(Transaction& transaction, const ResolvedNames& 
       bills_(transaction, kInsertBill, "itittiiidddddt"),
       lines_(transaction, kInsertLine, "itiiiiiddddddiddt"),
       transfers_(transaction, kInsertTransfer, "ititiiiiiidd"),
-      next_opening_(database::NextKey(transaction, "StkOpBal")),
-      next_bill_(database::NextKey(transaction, "SPMaster", "ID")),
-      next_transfer_(database::NextKey(transaction, "ScrTransfer", "ID")) {}
+      next_opening_(database::FirstFreeKey(transaction, "StkOpBal")),
+      next_bill_(database::FirstFreeKey(transaction, "SPMaster")),
+      next_transfer_(database::FirstFreeKey(transaction, "ScrTransfer")) {}
 
 void MovementRecords::WriteOpening(const OpeningRow& row, ClientId client, AccountId account) {
   const ScripId scrip = names_.scrips[row.scrip];
@@ -143,11 +143,15 @@ void MovementRecords::Finish(const HoldingsBook& book) {
   lines_.Finish();
   transfers_.Finish();
   WriteLots(book);
+  database::KeepKeys(transaction_, "StkOpBal", next_opening_);
+  database::KeepKeys(transaction_, "SPMaster", next_bill_);
+  database::KeepKeys(transaction_, "ScrTransfer", next_transfer_);
 }
 
 void MovementRecords::WriteLots(const HoldingsBook& book) {
   BulkWriter insert(transaction_, kInsertLot, "itiiidd");
   BulkWriter update(transaction_, kUpdateLot, "di");
+  int next = 0;
   for (const HoldingsBook::LotState& state : book.Lots()) {
     if (!state.is_new) {
       if (state.lot.quantity != state.stored) {
@@ -163,9 +167,13 @@ void MovementRecords::WriteLots(const HoldingsBook& book) {
         .Double(state.lot.quantity)
         .Double(state.lot.rate)
         .EndRow();
+    next = state.lot.id.value + 1;
   }
   insert.Finish();
   update.Finish();
+  if (next != 0) {
+    database::KeepKeys(transaction_, "Stock", next);
+  }
 }
 
 }  // namespace quorvane::portfolio

@@ -1,5 +1,7 @@
 #include "portfolio/OutputFile.h"
 
+#include "core/platform/PrivateFile.h"
+
 #include <QDir>
 
 #include <stdexcept>
@@ -17,18 +19,10 @@ constexpr std::size_t kLarge = 1 << 20;
 
 }  // namespace
 
-void MakeFolder(const QString& folder) {
-  if (!QDir().mkpath(folder)) {
-    throw std::runtime_error("cannot make the folder " + folder.toStdString());
-  }
-}
-
 OutputFile::OutputFile(const QString& folder, const FileLayout& layout)
     : file_(QDir(folder).filePath(
           QString::fromUtf8(layout.name.data(), static_cast<qsizetype>(layout.name.size())))) {
-  if (!file_.open(QIODevice::WriteOnly)) {
-    Fail(file_);
-  }
+  platform::OpenPrivate(file_);
   for (const ColumnLayout& column : layout.columns) {
     buffer_ += buffer_.empty() ? "" : ",";
     buffer_ += column.name;
@@ -58,13 +52,11 @@ void OutputFile::Finish() {
 }
 
 void OutputFile::Publish() {
-  if (!file_.commit()) {
-    Fail(file_);
-  }
+  platform::Commit(file_);
 }
 
 OutputFolder::OutputFolder(QString folder) : folder_(std::move(folder)) {
-  MakeFolder(folder_);
+  platform::MakeOutputFolder(folder_);
 }
 
 OutputFile& OutputFolder::Add(const FileLayout& layout) {

@@ -11,9 +11,6 @@
 
 namespace quorvane::portfolio {
 
-/// Throws std::runtime_error when the folder cannot be made.
-void MakeFolder(const QString& folder);
-
 /// A file of a portfolio folder being written, its header first. Until Publish it has another name
 /// and the old file is as it was; one that is not published leaves nothing. Throws
 /// std::runtime_error with the file's name and the system's reason.

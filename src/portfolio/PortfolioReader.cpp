@@ -157,7 +157,7 @@ class Reader {
     row.values.push_back(birth ? text::FormatDmy(*birth).toStdString() : std::string());
     row.values.push_back(Copy(table_->Text(kPan)));
     if (!text::IsValidPan(QString::fromStdString(row.values.back())).valid) {
-      table_->Fail(kPan, "expected a PAN such as AAAPA9999A, found \"" + row.values.back() + "\"");
+      table_->Fail(kPan, "expected a PAN such as AAAPA9999A, found " + Quoted(row.values.back()));
     }
     row.values.push_back(std::to_string(table_->Choice(kSex, kSexes)));
     row.values.push_back(std::to_string(table_->Choice(kMaritalStatus, kMaritalStatuses)));

@@ -2,6 +2,7 @@
 
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
+#include "core/platform/PrivateFile.h"
 #include "reports/output/WriteReport.h"
 #include "reports/period/MonthsPane.h"
 
@@ -23,8 +24,9 @@ using controls::ZENButton;
 
 constexpr int kDateWidth = 110;
 constexpr int kBesideWidth = 230;
-constexpr int kTextColumn = 1;  // of a grid with ticks
-constexpr int kReportShare = 5;
+constexpr int kTextColumn = 1;            // of a grid with ticks
+constexpr qsizetype kLongestClient = 40;  // letters of a file's name
+constexpr qsizetype kMostNamed = 3;
 
 QLabel* LabelFor(const QString& text, QWidget* buddy) {
   auto* label = new QLabel(text);
@@ -74,8 +76,8 @@ void ReportWindow::BuildLayout() {
   middle->setChildrenCollapsible(false);
   middle->addWidget(beside_);
   middle->addWidget(VS);
-  middle->setStretchFactor(0, 1);
-  middle->setStretchFactor(1, kReportShare);
+  middle->setStretchFactor(0, 0);
+  middle->setStretchFactor(1, 1);
   rows->addWidget(middle, 1);
   buttons_ = new QHBoxLayout;
   buttons_->addStretch(1);
@@ -89,14 +91,16 @@ void ReportWindow::BuildLayout() {
   OnClick(CmdExit, &ReportWindow::CmdExit_Click);
 }
 
-/// The menu of the main window has the button's letter, too, and gets it first.
+/// One key that no other window has.
 void ReportWindow::AddReportKey() {
   auto* key = new QShortcut(QKeySequence(Qt::Key_F5), this);
   key->setContext(Qt::WidgetWithChildrenShortcut);
   CmdReport->setToolTip(tr("F5"));
   connect(key, &QShortcut::activated, CmdReport, [this] {
-    CmdReport->setFocus(Qt::ShortcutFocusReason);
-    if (CmdReport->hasFocus()) {
+    // Leaving the box under entry checks it; a box that refuses keeps the focus.
+    QWidget* elsewhere = CmdReport->isVisibleTo(this) ? CmdReport : CmdOutput;
+    elsewhere->setFocus(Qt::ShortcutFocusReason);
+    if (elsewhere->hasFocus()) {
       CmdReport->click();
     }
   });
@@ -325,6 +329,10 @@ void ReportWindow::Start() {
   if (Text1[0] != nullptr) {
     Text1[0]->setFocus();
   }
+  // What is ticked takes as much as it needs; the rest is the report's.
+  constexpr int kEverything = 10000;
+  qobject_cast<QSplitter*>(beside_->parentWidget())
+      ->setSizes({beside_->minimumWidth(), kEverything});
 }
 
 Period ReportWindow::ThePeriod() const {
@@ -442,9 +450,31 @@ void ReportWindow::WriteWorkbook(const ReportDocument& document, const QString& 
 QString ReportWindow::FileName(const ReportDocument& document) const {
   QStringList words{document.titles.value(0)};
   if (current_) {
-    words << client_name_ << current_->year.Text();
+    words << client_name_.left(kLongestClient) << current_->year.Text();
   }
-  return FileStem(words);
+  return FileStem(words + Choices());
+}
+
+QStringList ReportWindow::Choices() const {
+  const auto year = PeriodYear();
+  if (Text1[0] == nullptr || !year) {
+    return {};
+  }
+  const Period period = ThePeriod();
+  return period == Period::Of(*year)
+             ? QStringList()
+             : QStringList{text::FormatDmy(period.from), text::FormatDmy(period.to)};
+}
+
+QStringList ReportWindow::ChosenOf(const Grid& grid) {
+  QStringList texts;
+  for (int row = 0; row < grid.Model().RowCount() && !grid.Model().AllTicked(); ++row) {
+    if (grid.Model().IsTicked(row)) {
+      texts << grid.Model().Text(row, kTextColumn);
+    }
+  }
+  const qsizetype more = texts.size() - kMostNamed;
+  return more <= 0 ? texts : texts.mid(0, kMostNamed) << tr("and %1 more").arg(more);
 }
 
 void ReportWindow::Write(const ReportDocument& document, OutputFormat format, const QString& path) {
@@ -458,9 +488,7 @@ void ReportWindow::Write(const ReportDocument& document, OutputFormat format, co
 
 void ReportWindow::WriteAndOpen(const ReportDocument& document, OutputFormat format) {
   const QDir folder(Session().folders.application + QStringLiteral("/Reports"));
-  if (!folder.mkpath(QStringLiteral("."))) {
-    throw std::runtime_error("cannot make the folder " + folder.path().toStdString());
-  }
+  platform::MakeOutputFolder(folder.path());
   const QString path = folder.filePath(FileName(document) + ExtensionOf(format));
   Write(document, format, path);
   Open(path);

@@ -70,6 +70,9 @@ class ReportWindow : public controls::ChildWindow {
   /// entered without an account count as well.
   static std::vector<AccountId> ChosenAccounts(const controls::Grid& grid);
 
+  /// The texts of what is ticked, at most a few; none when everything is.
+  static QStringList ChosenOf(const controls::Grid& grid);
+
  protected:
   enum class Months { kNo, kYes };
 
@@ -79,6 +82,9 @@ class ReportWindow : public controls::ChildWindow {
   /// The client and year that were current when the window opened: what its title names is what it
   /// reports, whatever is chosen elsewhere later.
   const std::optional<ClientYear>& Current() const { return current_; }
+
+  /// The name of that client, as it was then.
+  const QString& ClientName() const { return client_name_; }
 
   /// The financial year of the period and of its months; the current one unless the window has a
   /// choice of years of its own.
@@ -169,7 +175,12 @@ class ReportWindow : public controls::ChildWindow {
   /// Writes and opens the document for a word processor.
   virtual void WriteWord(const ReportDocument& document);
 
-  /// Name of a written file without its extension.
+  /// What was chosen and is not in the report's name: other choices are another file. The period,
+  /// unless it is the whole year.
+  virtual QStringList Choices() const;
+
+  /// Name of a written file without its extension: the report, the client and the year that the
+  /// window opened with, and the choices.
   virtual QString FileName(const ReportDocument& document) const;
 
   /// Checks and builds as for the menu's outputs; nullopt when that ended with a message.

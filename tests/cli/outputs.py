@@ -58,6 +58,11 @@ class Outputs(unittest.TestCase):
         ctl.run(Path(folder.name) / "unused", "demo", "--out", cls.demo)
         cls.stems = sorted(path.with_suffix("") for path in cls.demo.glob("*.pdf"))
 
+    def test_no_file_is_open_to_others(self):
+        files = [path for path in self.demo.iterdir()]
+        self.assertGreater(len(files), 10)
+        self.assertEqual([], [path.name for path in files if path.stat().st_mode & 0o077])
+
     def test_figures_agree_in_every_format(self):
         self.assertGreater(len(self.stems), 40)
         for stem in self.stems:
@@ -82,11 +87,13 @@ class Outputs(unittest.TestCase):
             sheet = openpyxl.load_workbook(f"{stem}.xlsx").worksheets[0]
             lines, group, whole = [], [], []
             for row in sheet.iter_rows(min_row=6, values_only=True):
-                amounts = [Decimal(repr(value or 0)) for value in row[7:12]]
+                amounts = [Decimal(repr(value) if isinstance(value, (int, float)) else 0)
+                           for value in row[7:12]]  # "Transfer" is no amount
                 if isinstance(row[0], (int, float)):
                     group.append(amounts)
                 elif row[1] == "Total":
-                    self.assertEqual(amounts, [sum(column) for column in zip(*group)], stem.name)
+                    self.assertEqual(amounts, [sum(column) for column in zip([0] * 5, *group)],
+                                     stem.name)
                     whole += group
                     group = []
                 elif row[1] == "Net Total":
@@ -95,12 +102,14 @@ class Outputs(unittest.TestCase):
             self.assertTrue(lines, stem.name)
 
     def test_workbook_is_ready_to_print(self):
-        wide = self.demo / "ATH001-2011-12-capital-gain.xlsx"
-        sheet = openpyxl.load_workbook(wide).worksheets[0]
-        self.assertTrue(sheet.print_title_rows)
-        self.assertEqual(sheet.page_setup.orientation, "landscape")
-        self.assertFalse(sheet.sheet_view.showGridLines)
-        self.assertTrue(sheet.freeze_panes)
+        for report, wide in (("capital-gain", True), ("demat", False)):
+            path = self.demo / f"ATH001-2011-12-{report}.xlsx"
+            sheet = openpyxl.load_workbook(path).worksheets[0]
+            heading = int(sheet.freeze_panes[1:]) - 1
+            self.assertEqual(sheet.cell(heading, 1).value, "Date")
+            self.assertTrue(sheet.print_title_rows.endswith(f"${heading}"))
+            self.assertEqual(sheet.page_setup.orientation == "landscape", wide)
+            self.assertFalse(sheet.sheet_view.showGridLines)
 
     def test_clients_whose_codes_make_one_file_name_have_a_file_each(self):
         with tempfile.TemporaryDirectory(dir=ctl.roomy_memory()) as folder:

@@ -49,6 +49,8 @@ class Rates(Case):
 
     def test_what_is_refused_changes_nothing(self):
         self.file.with_name("bad.csv").write_text("A,B\n1,2\n")
+        foreign = self.file.with_name("foreign.csv")
+        foreign.write_text(FILE.replace("600001", "699999"))
         undated = self.file.with_name("day.zip")
         with zipfile.ZipFile(undated, "w") as archive:
             archive.writestr("EQ300312.CSV", FILE.replace(",TRADING_DATE", "").replace(
@@ -61,6 +63,7 @@ class Rates(Case):
                 ((self.file, "--date", "01/01/2999"), REFUSED, "You can't insert future Date"),
                 ((self.file.with_name("bad.csv"), "--date", "30/03/2012"), REFUSED,
                  "Invalid File."),
+                ((foreign, "--date", "30/03/2012"), REFUSED, "no rate was saved"),
                 ((self.file, "--date", "2012-03-30"), WRONG_USAGE, "--date"),
                 ((self.file,), WRONG_USAGE, "--date"),
                 (("--fetch", "--date", "30/03/2012"), WRONG_USAGE, "--exchange"),

@@ -260,8 +260,12 @@ class Refusals(Case):
 
     def test_hopeless_file_is_not_told_line_by_line(self):
         folder = write(self.new_folder(), {
-            "rates.csv": "date,scrip_code,rate\n" + "a,b,c\n" * 5000})
-        self.assertLess(len(self.desk.take_in(folder, REFUSED).splitlines()), 120)
+            "rates.csv": "date,scrip_code,rate\n" + f"{'₹' * 5000},b,c\n" * 5000})
+        told = self.desk.take_in(folder, REFUSED)
+        self.assertLess(len(told.splitlines()), 70)
+        self.assertIn("rates.csv, column date: 4980 more such errors: expected a date", told)
+        self.assertIn(f'found "{"₹" * 80}..."', told)
+        self.assertNotIn("₹" * 81, told)
 
     def test_line_is_that_where_the_row_begins(self):
         folder = write(self.new_folder(), {

@@ -126,8 +126,10 @@ void GridTest::CellsShowTheirMask() {
 }
 
 void GridTest::ValueListPassesBrokenPiecesOver() {
-  const ValueList list(QStringLiteral("#0;Dr|#1;Cr|Z|#x;Y||#7;A;B|"));
-  QCOMPARE(list.Items().size(), std::size_t{3});
+  const ValueList list(QStringLiteral("#0;Dr|#1;Cr|Z|#x;Y||#7;A;B|") +
+                       quorvane::lookups::ListOf({{.id = 8, .text = QStringLiteral("C|D")}}));
+  QCOMPARE(list.Items().size(), std::size_t{4});
+  QCOMPARE(list.TextOf(8), QStringLiteral("C|D"));
   QCOMPARE(list.TextOf(1), QStringLiteral("Cr"));
   QCOMPARE(list.TextOf(7), QStringLiteral("A;B"));
   QCOMPARE(list.TextOf(3), QString());
@@ -212,7 +214,13 @@ void GridTest::ClickOrSpaceTicks() {
   shown.grid.setCurrentIndex(shown.grid.Model().index(1, kNote));
   QTest::keyClick(&shown.grid, Qt::Key_Space);
   QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11}));
-  QCOMPARE(ticks.count(), 2);
+  // A click on the row itself ticks as well, but not one that edits or chooses rows.
+  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kNote));
+  QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 13}));
+  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kRate));
+  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                    shown.MiddleOf(1, kNote));
+  QCOMPARE(ticks.count(), 3);
 }
 
 void GridTest::HeadingTicksAllThenNone() {

@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <map>
 #include <stdexcept>
 
 using namespace quorvane::controls;
@@ -44,7 +45,7 @@ class Counter : public QObject {
   int taken = 0;
 };
 
-// Presses a button of the message box that opens next; gives its looks.
+// Answers the message box that opens next by one key; gives its looks.
 struct BoxDriver {
   explicit BoxDriver(QMessageBox::StandardButton press) {
     QTimer::singleShot(50, &context, [this, press] {
@@ -56,8 +57,12 @@ struct BoxDriver {
       text = box->text();
       icon = box->icon();
       preset = box->standardButton(box->defaultButton());
-      press == QMessageBox::NoButton ? QTest::keyClick(box, Qt::Key_Escape)
-                                     : box->button(press)->click();
+      static const std::map<QMessageBox::StandardButton, Qt::Key> kKeys{
+          {QMessageBox::NoButton, Qt::Key_Escape},
+          {QMessageBox::Yes, Qt::Key_Y},
+          {QMessageBox::No, Qt::Key_N},
+          {QMessageBox::Ok, Qt::Key_Return}};
+      QTest::keyClick(QApplication::focusWidget(), kKeys.at(press));
     });
   }
 

@@ -118,7 +118,7 @@ class RecordWindowTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void OpensBrowsingWithNothingChosen();
+  void OpensBrowsingWithARowChosen();
   void NewRecordHasNoKeyUntilItIsSaved();
   void KeyboardAloneAddsARecord();
   void ModifiedRecordKeepsItsKey();
@@ -137,10 +137,12 @@ class RecordWindowTest : public QObject {
   void HelpKeyNamesTheWindow();
 };
 
-void RecordWindowTest::OpensBrowsingWithNothingChosen() {
+void RecordWindowTest::OpensBrowsingWithARowChosen() {
   const Shown shown;
-  QCOMPARE(shown.Enabled(), QStringList{QStringLiteral("cmdAdd")});
   QVERIFY(shown.window->List().isVisible());
+  QTRY_VERIFY(shown.window->List().hasFocus());
+  QCOMPARE(shown.window->CurrentId(), 1);
+  QCOMPARE(shown.window->name->text(), QStringLiteral("ALPHA"));
   shown.window->List().SelectId(4);
   QCOMPARE(shown.window->CurrentId(), 4);
   QCOMPARE(shown.window->name->text(), QStringLiteral("BETA"));
@@ -174,7 +176,11 @@ void RecordWindowTest::KeyboardAloneAddsARecord() {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
   QTRY_VERIFY(!shown.window->IsEditing());
   QCOMPARE(shown.window->records.at(5), QStringLiteral("DELTA"));
-  QVERIFY(shown.window->List().hasFocus());
+  // Exactly the saved row is chosen, and the next key does not open it again.
+  QCOMPARE(shown.window->List().SelectedText(), QStringLiteral("DELTA"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  QVERIFY(shown.window->IsEditing());
+  QCOMPARE(shown.window->CurrentId(), 0);
 }
 
 void RecordWindowTest::ModifiedRecordKeepsItsKey() {
@@ -283,6 +289,15 @@ void RecordWindowTest::EscapeCancelsThenCloses() {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   QVERIFY(!shown.window->IsEditing());
   QCOMPARE(closed.count(), 0);
+  // Nothing that was entered goes unasked; No is the default.
+  shown.Click("cmdModify");
+  QTest::keyClicks(shown.window->name, QStringLiteral("x"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  QVERIFY(shown.window->IsEditing());
+  shown.messages.WillAnswer(true);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  QVERIFY(!shown.window->IsEditing());
+  QCOMPARE(shown.messages.said.size(), std::size_t{2});
   QTest::keyClick(shown.window, Qt::Key_Escape);
   QCOMPARE(closed.count(), 1);
 }

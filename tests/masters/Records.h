@@ -45,6 +45,7 @@ inline QStringList Contents(database::Connection& connection,
 inline void Empty(database::Connection& connection, std::initializer_list<const char*> tables) {
   for (const char* table : tables) {
     connection.Execute(fmt::format("Delete From {}", table));
+    connection.Execute("Update RecordKey Set LastKey=0 Where TableName=?", table);
   }
 }
 

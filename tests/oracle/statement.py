@@ -75,7 +75,8 @@ class _Sale(NamedTuple):
     lot_rate: Fraction
     net: Fraction
     stt: Fraction
-    gains: bool  # False for a transfer out and for a sale before the period: only uses lots up
+    transfer: bool  # leaves by a transfer: at its purchase rate, without a gain
+    listed: bool  # False before the period: only uses lots up
 
 
 class _Sides:
@@ -135,13 +136,14 @@ class _Collector:
             else:
                 self.sides[place].sales.append((key, _Sale(
                     bill.date, line.quantity, line.lot_rate, line.rate - line.brokerage,
-                    line.stt, bill.date >= self._start)))
+                    line.stt, False, bill.date >= self._start)))
 
     def _add_transfer(self, move: Transfer, order: int, owners: dict[str, str]):
         key, zero = (move.date, _TRANSFER, order), Fraction(0)
         if owners[move.source] == self._client:
             self.sides[move.source, move.scrip].sales.append((key, _Sale(
-                move.date, move.quantity, move.rate, move.rate, zero, False)))
+                move.date, move.quantity, move.rate, move.rate, zero, True,
+                move.date >= self._start)))
         if owners[move.target] == self._client:
             self.sides[move.target, move.scrip].purchases.append((key, _Purchase(
                 move.date, move.quantity, move.rate, zero, zero, zero, False)))
@@ -184,12 +186,15 @@ class _Parts:
 def _match_row(place, purchase: _Purchase, sale: _Sale, part, parts: _Parts, choice: Choice):
     amount, stt = parts.next(part)
     cost = paise(part * purchase.unit_cost(choice.charges))
+    name = "transfer" if sale.transfer else "match"
+    row = Row(name, *place, purchase.date, part, purchase.net, paise(purchase.net * part),
+              sale.date, part, sale.net, amount, cost, 0, 0, 0, stt)
+    if sale.transfer:
+        return row if choice.gains != "speculation" else None
     gain = amount - cost - (stt if choice.charges in ("stt", "both") else 0)
     kind = _kind(purchase.date, sale.date)
     if not _listed(kind, choice.gains):
         return None
-    row = Row("match", *place, purchase.date, part, purchase.net, paise(purchase.net * part),
-              sale.date, part, sale.net, amount, cost, 0, 0, 0, stt)
     return row._replace(**{kind: gain})
 
 
@@ -207,12 +212,13 @@ def _match(place, purchases: list[_Purchase], sales: list[_Sale], choice: Choice
             wanted -= part
             if not purchase.left:
                 lot.popleft()
-            if sale.gains:
+            if sale.listed:
                 rows.append(_match_row(place, purchase, sale, part, parts, choice))
-        if wanted and sale.gains and choice.gains != "speculation":
+        if wanted and sale.listed and choice.gains != "speculation":
             amount, stt = parts.next(wanted)
-            rows.append(Row("unmatched", *place, sale_date=sale.date, sale_quantity=wanted,
-                            sale_net=sale.net, sale_amount=amount, stt_paid=stt))
+            rows.append(Row("transfer" if sale.transfer else "unmatched", *place,
+                            sale_date=sale.date, sale_quantity=wanted, sale_net=sale.net,
+                            sale_amount=amount, stt_paid=stt))
     return [row for row in rows if row]
 
 
@@ -235,7 +241,7 @@ def _total(name: str, rows: list[Row], scrip: str | None = None) -> Row:
 
 
 def statement(ledger: Ledger, client: str, year: str, choice: Choice = Choice()) -> list[Row]:
-    """Scrips by name, in them accounts by number: matched and unmatched sales in sale order, then
+    """Scrips by name, in them accounts by number: sales and transfers out in their order, then
     what is unsold in purchase order; then the scrip's total, also when nothing of it is listed.
     Last the net total. Nothing at all for a client without a movement in the period."""
     sides = _collect(ledger, client, year, choice)

@@ -119,9 +119,14 @@ class Generated(unittest.TestCase):
                 carried = sum(row.quantity for row in remaining(ledger, client, "2011-12"))
                 self.assertEqual((left, carried), (held, held))
                 self.assertEqual([row for row in rows if row.row == "unmatched"], [])
+                # What left by a transfer is neither sold nor gained.
+                without_gain = 0
                 for row in rows:
-                    if row.row != "unsold":
-                        self.assertEqual(row.long_term + row.short_term + row.speculation,
+                    if row.row == "transfer":
+                        without_gain += row.sale_amount - row.purchase_cost
+                    elif row.row in ("match", "net_total"):
+                        rest = without_gain if row.row == "net_total" else 0
+                        self.assertEqual(row.long_term + row.short_term + row.speculation + rest,
                                          row.sale_amount - row.purchase_cost - row.stt_paid)
 
 

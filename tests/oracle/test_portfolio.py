@@ -311,15 +311,19 @@ class Transfers(Case):
                              transfers="03/05/2011,A1,A2,500001,100,6\n")
         self.assertEqual(self.lots(ledger), ["A1 100 4", "A2 100 2"])
         self.assertEqual(
-            self.rows(ledger, "row", "account_no", "purchase_date", "quantity", "purchase_net",
-                      "purchase_cost", charges="both"),
-            ["unsold A1 02/05/2011 4 101 -", "match A2 03/05/2011 4 100 400.00",
-             "unsold A2 03/05/2011 2 100 -", "total - - 10 - 400.00",
-             "net_total - - - - 400.00"])
+            self.rows(ledger, "row", "account_no", "purchase_date", "quantity", "sale_amount",
+                      "purchase_cost", "short_term", charges="both"),
+            # 6 x 100 = 600.00 at the purchase rate; they cost 6 x (101 + 0.50 + 0.50) = 612.00.
+            ["transfer A1 02/05/2011 6 600.00 612.00 0.00", "unsold A1 02/05/2011 4 - - -",
+             "match A2 03/05/2011 4 480.00 400.00 80.00", "unsold A2 03/05/2011 2 - - -",
+             "total - - 16 1080.00 1012.00 80.00", "net_total - - - 1080.00 1012.00 80.00"])
+        self.assertEqual(self.rows(ledger, "row", "account_no", start=date(2011, 5, 4))[:2],
+                         ["unsold A1", "match A2"])
 
     def test_transfer_to_another_client_leaves_one_statement_and_enters_the_other(self):
         ledger = self.ledger(self.BOUGHT, transfers="03/05/2011,A1,B1,500001,100,10\n")
-        self.assertEqual(self.rows(ledger, "row"), ["total", "net_total"])
+        self.assertEqual(self.rows(ledger, "row"), ["transfer", "total", "net_total"])
+        self.assertEqual(self.rows(ledger, "row", gains="speculation"), ["total", "net_total"])
         self.assertEqual(self.rows(ledger, "row", "account_no", "quantity", client="BI"),
                          ["unsold B1 10", "total - 10", "net_total - -"])
         self.assertEqual(self.lots(ledger, client="BI"), ["B1 100 10"])
@@ -389,8 +393,8 @@ class Choices(Case):
                              transfers="03/05/2011,A1,A2,500001,100,1\n")
         self.assertEqual(self.rows(ledger, "row", "account_no", "quantity", fo="fo")[:1],
                          ["unsold A1 4"])
-        self.assertEqual(self.rows(ledger, "row", "account_no", "quantity", fo="non-fo")[:1],
-                         ["unsold A2 1"])
+        self.assertEqual(self.rows(ledger, "row", "account_no", "quantity", "sale_amount",
+                                   fo="non-fo")[:2], ["transfer A1 - 100.00", "unsold A2 1 -"])
 
     def test_gains_choice_lists_kinds_and_totals_what_is_listed(self):
         ledger = self.ledger(self.BILLS)

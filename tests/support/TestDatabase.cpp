@@ -78,7 +78,7 @@ PrivateServer& TestServer::Get() {
 TestDatabase::TestDatabase(Tables tables) : settings_(TestServer::Get().SettingsOf(NewName())) {
   connection_.emplace(settings_);
   if (tables == Tables::kPrepared) {
-    for (const auto& [statement, reason] : database::PrepareDatabase(*connection_)) {
+    for (const auto& [statement, reason, is_needed] : database::PrepareDatabase(*connection_)) {
       throw std::runtime_error(fmt::format("the set-up skipped {}: {}", statement, reason));
     }
   }

@@ -36,6 +36,7 @@ struct Desk {
                               "Stock_Temp", "ScriptAvgRate"}) {
       Connection().Execute(fmt::format("Delete From {}", table));
     }
+    Connection().Execute("Update RecordKey Set LastKey=0");
   }
 
   /// A lot of the ledger as "10@100", "none" when there is no such lot.

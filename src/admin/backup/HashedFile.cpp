@@ -41,7 +41,8 @@ HashedFile::HashedFile(const QString& root, const QString& path)
     : file_(QDir(root).filePath(path)) {
   told_.path = path;
   QDir().mkpath(QFileInfo(file_).absolutePath());
-  if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+  if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly,
+                  QFile::ReadOwner | QFile::WriteOwner)) {
     Fail("write", file_);
   }
 }

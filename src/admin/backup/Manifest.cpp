@@ -1,5 +1,7 @@
 #include "admin/backup/Manifest.h"
 
+#include "core/platform/PrivateFile.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
@@ -8,12 +10,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QSet>
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
 
 namespace quorvane::backup {
 namespace {
@@ -113,10 +113,16 @@ QString Fault(const Manifest& manifest) {
     }
     seen.insert(file.path);
   }
+  QSet<QString> tables;
   for (const TableEntry& table : manifest.tables) {
+    const QString name = FromUtf8(table.name);
     if (!seen.contains(table.Path())) {
-      return Tr("the manifest names no file for the table %1").arg(FromUtf8(table.name));
+      return Tr("the manifest names no file for the table %1").arg(name);
     }
+    if (tables.contains(name.toLower())) {
+      return Tr("the manifest names %1 twice").arg(name);
+    }
+    tables.insert(name.toLower());
   }
   return manifest.tables.empty() ? Tr("the manifest names no table") : QString();
 }
@@ -132,19 +138,12 @@ Refusal NoBackup(const QString& folder) {
 
 bool ReadFile(const QString& path, QByteArray& bytes) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
+  // Reading a pipe would wait for somebody to write into it.
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
     return false;
   }
   bytes = file.readAll();
   return file.error() == QFileDevice::NoError;
-}
-
-void WriteFile(const QString& path, const QByteArray& bytes) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-    throw std::runtime_error("cannot write " + path.toStdString() + ": " +
-                             file.errorString().toStdString());
-  }
 }
 
 }  // namespace
@@ -193,8 +192,9 @@ Refusal Damaged(const QString& folder, const QString& reason) {
 
 void WriteManifest(const QString& folder, const Manifest& manifest) {
   const QByteArray json = AsJson(manifest);
-  WriteFile(QDir(folder).filePath(kChecksum), Sha256(json) + "  " + kManifest.toUtf8() + '\n');
-  WriteFile(QDir(folder).filePath(kManifest), json);
+  platform::WritePrivate(QDir(folder).filePath(kChecksum),
+                         Sha256(json) + "  " + kManifest.toUtf8() + '\n');
+  platform::WritePrivate(QDir(folder).filePath(kManifest), json);
 }
 
 MaybeRefusal ReadManifest(const QString& folder, Manifest& manifest) {

@@ -3,6 +3,7 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/backup/TableRows.h"
+#include "core/database/Keys.h"
 #include "core/database/Transaction.h"
 
 #include <QCoreApplication>
@@ -13,6 +14,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <exception>
 #include <stdexcept>
 
 namespace quorvane::backup {
@@ -102,6 +104,7 @@ MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& back
                          const Manifest& manifest, const std::vector<TableEntry>& present,
                          Progress& progress) {
   RowCount count(progress, manifest);
+  const database::KeyCounters given = database::ReadCounters(transaction.GetConnection());
   // A table that the backup does not name was not there yet and had no rows.
   for (const TableEntry& table : present) {
     transaction.Execute("Delete From " + table.name);
@@ -117,6 +120,8 @@ MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& back
   for (const TableEntry& table : manifest.tables) {
     Compare(transaction.GetConnection(), table, manifest, count);
   }
+  // A key that was given since the backup is not given again.
+  database::RaiseCounters(transaction, given);
   return std::nullopt;
 }
 
@@ -126,7 +131,8 @@ void CheckRestored(const database::ConnectionSettings& settings, const Manifest&
   database::Connection fresh(settings);
   for (const TableEntry& table : manifest.tables) {
     auto rows = fresh.Open(fmt::format("Select Count(*) From {}", table.name));
-    if (!rows.Next() || rows.Int64(0) != table.rows) {
+    const bool is_counters = table.name == "RecordKey";  // has those of both by now
+    if (!rows.Next() || (rows.Int64(0) != table.rows && !is_counters)) {
       throw std::runtime_error(
           Tr("The backup was restored, but the table %1 has another number of rows now. What was "
              "replaced lies in %2.")
@@ -158,6 +164,18 @@ MaybeRefusal Replace(const Source& source, const QString& backup, const Manifest
   });
 }
 
+/// The mark in the database tells, also when the connection was lost at the commit. A database that
+/// cannot be asked any more leaves the files as they are, for the next start to settle.
+bool Happened(database::Connection& connection, RestoreFiles& files,
+              const std::exception_ptr& failure) {
+  try {
+    connection.Reopen();
+    return files.Settle();
+  } catch (...) {
+    std::rethrow_exception(failure ? failure : std::current_exception());
+  }
+}
+
 }  // namespace
 
 QString ReplacedFolder(const app::Folders& folders) {
@@ -181,6 +199,9 @@ MaybeRefusal RestoreBackup(const Source& source, const QString& backup, const QD
   if (!files.TryLock()) {
     return Refusal{Tr("Another program is restoring a backup at this moment."), {}};
   }
+  if (MaybeRefusal refusal = files.CheckLinks(manifest)) {
+    return refusal;
+  }
   if (files.IsPending()) {
     files.Settle();
   }
@@ -189,19 +210,17 @@ MaybeRefusal RestoreBackup(const Source& source, const QString& backup, const QD
     return refusal;
   }
   MaybeRefusal broken;
+  std::exception_ptr failure;
   try {
     broken = Replace(source, backup, manifest, present, files, progress);
   } catch (...) {
-    // After a lost connection nobody knows yet whether the commit happened: the next start will.
-    if (source.connection.IsAlive()) {
-      files.Settle();
-      QDir(aside).removeRecursively();
-    }
-    throw;
+    failure = std::current_exception();
   }
-  files.Settle();
-  if (broken) {
+  if (!Happened(source.connection, files, failure)) {
     QDir(aside).removeRecursively();
+    if (failure) {
+      std::rethrow_exception(failure);
+    }
     return broken;
   }
   CheckRestored(source.connection.Settings(), manifest, aside);

@@ -1,13 +1,14 @@
 #include "admin/backup/RestoreFiles.h"
 
+#include "admin/settings/Settings.h"
 #include "core/platform/DiskSync.h"
+#include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSet>
 #include <QUuid>
 
@@ -33,18 +34,9 @@ QByteArray ReadAll(const QString& path) {
   return file.readAll();
 }
 
-void WriteWhole(const QString& path, const QByteArray& content, bool closed_to_others = false) {
+void WriteWhole(const QString& path, const QByteArray& content) {
   platform::MakeMissingFolder(QFileInfo(path).absolutePath());
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) {
-    Fail(QStringLiteral("cannot write"), path);
-  }
-  if (closed_to_others) {
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  }
-  if (file.write(content) != content.size() || !file.commit()) {
-    Fail(QStringLiteral("cannot write"), path);
-  }
+  platform::WritePrivate(path, content);
 }
 
 /// Ended between the two steps, the file still lies where it came from.
@@ -64,38 +56,35 @@ bool IsRow(const BackupFile& file) {
   return file.path.startsWith(QLatin1String("tables/"));
 }
 
-bool IsOfThisMachine(const QByteArray& section) {
-  return section == "database" || section == "backup";
-}
-
-/// The lines of the sections of this machine, or those of all others, which the lines before the
-/// first section belong to.
-QByteArray Sections(const QByteArray& settings, bool of_this_machine) {
-  constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
-  QByteArray taken;
-  QByteArray section;
-  const qsizetype start = settings.startsWith(kByteOrderMark) ? sizeof(kByteOrderMark) - 1 : 0;
-  for (const QByteArray& line : settings.sliced(start).split('\n')) {
-    const QByteArray text = line.trimmed();
-    if (text.startsWith('[')) {
-      const qsizetype end = text.indexOf(']');
-      section = text.sliced(1, (end < 0 ? text.size() : end) - 1).trimmed().toLower();
-    }
-    if (IsOfThisMachine(section) == of_this_machine && !(text.isEmpty() && taken.isEmpty())) {
-      taken += line + '\n';
-    }
+/// Where a file of a backup belongs; empty for the rows of a table.
+QString PlaceOf(const app::Folders& folders, const QString& path) {
+  const auto below = [&](const QString& folder, const char* prefix) {
+    return QDir(folder).filePath(path.sliced(static_cast<qsizetype>(std::strlen(prefix))));
+  };
+  if (path.startsWith(QLatin1String(kDocumentsFolder))) {
+    return below(folders.documents, kDocumentsFolder);
   }
-  while (taken.endsWith("\n\n")) {
-    taken.chop(1);
+  if (path.startsWith(QLatin1String(kDataFolder))) {
+    return below(folders.data, kDataFolder);
   }
-  return taken;
+  return path == QLatin1String(kSettingsFile) ? folders.config_file : QString();
 }
 
 }  // namespace
 
-QByteArray MergedSettings(const QByteArray& restored, const QByteArray& present) {
-  const QByteArray kept = Sections(present, true);
-  return Sections(restored, false) + (kept.isEmpty() ? QByteArray() : '\n' + kept);
+std::vector<app::IniSetting> RestoredSettings(const app::IniFile& backup) {
+  std::vector<app::IniSetting> restored;
+  for (int number = 0; number < settings::kTexts; ++number) {
+    const auto text = static_cast<settings::Text>(number);
+    if (settings::IsOfDatabase(text) || settings::IsOfScreen(text)) {
+      continue;
+    }
+    const settings::TextPlace& place = settings::PlaceOf(text);
+    const QString section = QLatin1String(place.section);
+    const QString key = QLatin1String(place.key);
+    restored.push_back({section, key, backup.Find(section, key)});
+  }
+  return restored;
 }
 
 RestoreFiles::RestoreFiles(database::Connection& connection, const app::Folders& folders)
@@ -130,11 +119,42 @@ void RestoreFiles::Stage(const QString& backup, const Manifest& manifest, Progre
     }
   }
   if (manifest.Find(QLatin1String(kSettingsFile)) != nullptr) {
-    const QByteArray present =
-        QFileInfo::exists(folders_.config_file) ? ReadAll(folders_.config_file) : QByteArray();
-    WriteWhole(File(kSettingsFile), MergedSettings(ReadAll(File(kSettingsFile)), present));
+    StageSettings();
   }
   WriteManifest(stage_, manifest);
+}
+
+/// The present file with the backup's values in it.
+void RestoreFiles::StageSettings() {
+  const app::IniFile staged(File(kSettingsFile));
+  const std::vector<app::IniSetting> restored = RestoredSettings(staged);
+  const QByteArray present =
+      QFileInfo::exists(folders_.config_file) ? ReadAll(folders_.config_file) : QByteArray();
+  WriteWhole(staged.Path(), present);
+  staged.Write(restored);
+}
+
+MaybeRefusal RestoreFiles::CheckLinks(const Manifest& manifest) const {
+  const QDir root(folders_.application);
+  QSet<QString> places{stage_, folders_.documents, folders_.data};
+  for (const BackupFile& file : manifest.files) {
+    for (QString place = PlaceOf(folders_, file.path);
+         place.size() > root.path().size() && !places.contains(place);
+         place = QFileInfo(place).path()) {
+      places.insert(place);
+    }
+  }
+  for (const QString& place : places) {
+    if (QFileInfo(place).isSymLink()) {
+      return Refusal{
+          QCoreApplication::translate("Backup",
+                                      "%1 is a link. A restore writes through no link: put what it "
+                                      "leads to in its place first.")
+              .arg(QDir::toNativeSeparators(place)),
+          {}};
+    }
+  }
+  return std::nullopt;
 }
 
 void RestoreFiles::Promise() {
@@ -166,16 +186,20 @@ bool RestoreFiles::IsMarked() {
   }
 }
 
-void RestoreFiles::Settle() {
-  if (IsMarked()) {
+bool RestoreFiles::Settle() {
+  const bool happened = IsMarked();
+  if (happened) {
     TakeTheirPlaces();
+    // Its own mark only: another folder may be restoring into the same database.
+    connection_.Execute("Delete From RestoreMark Where Id=?",
+                        QString::fromUtf8(ReadAll(File(kPromise))));
   }
   // The note goes first: what is left without it is only swept up.
   QFile::remove(File(kPromise));
-  connection_.Execute("Drop Table If Exists RestoreMark");
   if (!QDir(stage_).removeRecursively()) {
     Fail(QStringLiteral("cannot remove"), stage_);
   }
+  return happened;
 }
 
 void RestoreFiles::TakeTheirPlaces() {
@@ -186,7 +210,7 @@ void RestoreFiles::TakeTheirPlaces() {
   PlaceDocuments(staged);
   PlaceData(staged);
   if (QFileInfo::exists(File(kSettingsFile))) {
-    WriteWhole(folders_.config_file, ReadAll(File(kSettingsFile)), true);
+    WriteWhole(folders_.config_file, ReadAll(File(kSettingsFile)));
   }
 }
 
@@ -201,12 +225,10 @@ void RestoreFiles::PlaceDocuments(const Manifest& staged) {
       QFile::remove(file.source);
     }
   }
-  const QString root = folders_.documents;
   for (const BackupFile& file : staged.files) {
     const QString source = QDir(stage_).filePath(file.path);
     if (IsDocument(file) && QFileInfo::exists(source)) {
-      MoveInto(source, QDir(root).filePath(file.path.sliced(
-                           static_cast<qsizetype>(std::strlen(kDocumentsFolder)))));
+      MoveInto(source, PlaceOf(folders_, file.path));
     }
   }
 }
@@ -214,9 +236,7 @@ void RestoreFiles::PlaceDocuments(const Manifest& staged) {
 void RestoreFiles::PlaceData(const Manifest& staged) {
   for (const BackupFile& file : staged.files) {
     if (file.path.startsWith(QLatin1String(kDataFolder))) {
-      WriteWhole(QDir(folders_.data)
-                     .filePath(file.path.sliced(static_cast<qsizetype>(std::strlen(kDataFolder)))),
-                 ReadAll(QDir(stage_).filePath(file.path)));
+      WriteWhole(PlaceOf(folders_, file.path), ReadAll(QDir(stage_).filePath(file.path)));
     }
   }
 }

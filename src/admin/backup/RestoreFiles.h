@@ -2,12 +2,14 @@
 
 #include "admin/backup/Manifest.h"
 #include "core/app/Folders.h"
+#include "core/app/Ini.h"
 #include "core/database/Transaction.h"
 #include "core/platform/FileLock.h"
 
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 namespace quorvane::backup {
 
@@ -29,10 +31,17 @@ class RestoreFiles {
   /// False while another program restores.
   bool TryLock();
 
+  /// Refused when a folder or file that the restore would write to is a link: it could lead
+  /// anywhere.
+  MaybeRefusal CheckLinks(const Manifest& manifest) const;
+
   void Stage(const QString& backup, const Manifest& manifest, Progress& progress);
   void Promise();
   void Mark(database::Transaction& transaction);
-  void Settle();
+
+  /// Whether the restore happened. Asks the database, so that a commit whose answer was lost is
+  /// told from one that never was.
+  bool Settle();
 
   /// Whether there is anything to settle. Cheap: asked at every start.
   bool IsPending() const;
@@ -42,6 +51,7 @@ class RestoreFiles {
   void TakeTheirPlaces();
   void PlaceDocuments(const Manifest& staged);
   void PlaceData(const Manifest& staged);
+  void StageSettings();
   QString File(const char* name) const;
 
   database::Connection& connection_;
@@ -51,9 +61,10 @@ class RestoreFiles {
   std::optional<platform::FileLock> lock_;
 };
 
-/// The settings of a backup with the sections [Database] and [Backup] of this machine: where the
-/// database and the backups are does not come back with the records.
-QByteArray MergedSettings(const QByteArray& restored, const QByteArray& present);
+/// What a backup's settings file changes in the present one: every setting of the program takes the
+/// backup's value. Where the database and the backups are does not come back with the records, and
+/// what the program does not know stays out.
+std::vector<app::IniSetting> RestoredSettings(const app::IniFile& backup);
 
 /// To be called after every start: completes or drops a restore that was cut short.
 void SettleInterruptedRestore(database::Connection& connection, const app::Folders& folders);

@@ -2,50 +2,38 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace quorvane::repair {
 
-const std::vector<Reference>& References() {
-  static const std::vector<Reference> kReferences{
-      {"LoginPassword", "id", "LoginId", "id"},
-      {"ClientActDet", "CId", "ClientInfo", "Id"},
-      {"ClientActDet", "DMATAC", "DepPart", "Id"},
-      {"ClientActDet", "DPID", "DpIDs", "id"},
-      {"DpIDs", "DepId", "DepPart", "Id"},
-      {"Script", "Type", "ScriptType", "Id"},
-      {"Script", "ScrCls", "ScriptClass", "Id"},
-      {"StkOpBal", "CId", "ClientInfo", "Id"},
-      {"StkOpBal", "AcId", "ClientActDet", "id"},
-      {"StkOpBal", "ScriptId", "Script", "Id"},
-      {"BrOpBal", "CId", "ClientInfo", "Id"},
-      {"BrOpBal", "BrId", "Broker", "Id"},
-      {"Stock", "Cid", "ClientInfo", "Id"},
-      {"Stock", "AcId", "ClientActDet", "id"},
-      {"Stock", "ScriptId", "Script", "Id"},
-      {"MarketRate", "ScrId", "Script", "Id"},
-      {"SPMaster", "Cid", "ClientInfo", "Id"},
-      {"SPMaster", "AcId", "ClientActDet", "id"},
-      {"SPMaster", "BrokId", "Broker", "Id"},
-      {"SPMaster", "ExId", "Exchange", "Id"},
-      {"SPTrans", "SID", "SPMaster", "ID"},
-      {"SPTrans", "ScriptId", "Script", "Id"},
-      {"SPTrans", "StkId", "Stock", "Id"},
-      {"BrPayment", "Cid", "ClientInfo", "Id"},
-      {"BrPayment", "BrId", "Broker", "Id"},
-      {"BrRec", "Cid", "ClientInfo", "Id"},
-      {"BrRec", "BrId", "Broker", "Id"},
-      {"ScrTransfer", "FrmAcId", "ClientActDet", "id"},
-      {"ScrTransfer", "ToAcId", "ClientActDet", "id"},
-      {"ScrTransfer", "ScrId", "Script", "Id"},
-  };
-  return kReferences;
+using database::KeyReference;
+
+std::vector<KeyReference> CheckedReferences() {
+  std::vector<KeyReference> checked;
+  std::ranges::copy_if(
+      database::KeyReferences(), std::back_inserter(checked),
+      [](const KeyReference& reference) { return reference.table != "Stock_Temp"; });
+  return checked;
 }
 
-std::int64_t CountDangling(database::Connection& connection, const Reference& reference) {
+std::int64_t CountDangling(database::Connection& connection, const KeyReference& reference) {
   auto rows = connection.Open(
-      fmt::format("Select Count(*) From {0} R Left Join {2} N On N.{3}=R.{1} Where R.{1}<>0 And "
-                  "N.{3} Is Null",
-                  reference.table, reference.column, reference.names, reference.key));
+      fmt::format("Select Count(*) From {0} R Left Join {2} N On N.Id=R.{1} Where R.{1}<>0 And "
+                  "N.Id Is Null",
+                  reference.table, reference.column, reference.names));
   return rows.Next() ? rows.Int64(0) : 0;
+}
+
+std::vector<LostLines> FindLostLines(database::Connection& connection) {
+  std::vector<LostLines> lost;
+  for (const auto& row : connection.Open(
+           "Select T.Cid,T.Fyear,T.SID,Count(*) From SPTrans T Left Join SPMaster M On M.ID=T.SID "
+           "Where M.ID Is Null Group By T.SID,T.Cid,T.Fyear Order By T.SID,T.Cid,T.Fyear")) {
+    lost.push_back({ClientId{row.Int(std::size_t{0})}, std::string(row.Utf8(1)), BillId{row.Int(2)},
+                    row.Int64(3)});
+  }
+  return lost;
 }
 
 }  // namespace quorvane::repair

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/Ids.h"
 #include "core/database/Connection.h"
+#include "core/database/KeyReferences.h"
 
 #include <cstdint>
 #include <string>
@@ -17,18 +19,22 @@ struct Dangling {
   std::int64_t rows = 0;
 };
 
-/// A reference to look into, "SPTrans.SID names a SPMaster.ID".
-struct Reference {
-  const char* table;
-  const char* column;
-  const char* names;
-  const char* key;
+/// Lines whose bill is gone. They count nowhere, and no new bill takes them over.
+struct LostLines {
+  ClientId client;
+  std::string year;
+  BillId bill;
+  std::int64_t lines = 0;
 };
 
-/// Every reference between the tables, in their order.
-const std::vector<Reference>& References();
+/// The references to look into; not those of the scratch table.
+std::vector<database::KeyReference> CheckedReferences();
 
 /// How many rows name a record that is not there. NULL and 0 name none.
-std::int64_t CountDangling(database::Connection& connection, const Reference& reference);
+std::int64_t CountDangling(database::Connection& connection,
+                           const database::KeyReference& reference);
+
+/// By bill.
+std::vector<LostLines> FindLostLines(database::Connection& connection);
 
 }  // namespace quorvane::repair

@@ -7,6 +7,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <functional>
 #include <iterator>
 #include <utility>
 
@@ -58,13 +60,14 @@ std::vector<TableSize> CountRows(database::Connection& connection) {
 
 namespace {
 
-/// One look through the database; a step a table, a key and a reference, and one for the lots.
+/// One look through the database; two steps a table, one a key and a reference, and one each for
+/// lost lines and lots.
 class Look {
  public:
   Look(database::Connection& connection, Progress& progress)
       : connection_(connection), progress_(progress) {
     const std::size_t steps =
-        database::TableNames().size() + std::size(kKeys) + References().size() + 1;
+        2 * database::TableNames().size() + std::size(kKeys) + references_.size() + 2;
     progress_.Begin(QCoreApplication::translate("TableCheck", "Checking the tables"),
                     static_cast<std::int64_t>(steps));
   }
@@ -76,24 +79,53 @@ class Look {
     }
     // Never committed: it only holds every query to one instant.
     const database::Transaction instant(connection_);
-    check_.sizes = CountRows(connection_);
+    for (const std::string& table : database::TableNames()) {
+      check_.sizes.push_back({table});
+      LookInto(table, [&] {
+        check_.sizes.back().rows = CountOf(connection_, "Select Count(*) From " + table);
+      });
+    }
     for (const auto& [table, columns] : kKeys) {
-      LookForDoubles(table, columns);
-      Done();
+      LookInto(table, [&] { LookForDoubles(table, columns); });
     }
-    for (const Reference& reference : References()) {
-      LookForDangling(reference);
-      Done();
+    if (check_.faults.empty()) {
+      LookAcrossTables();
     }
-    CheckLots();
-    Done();
     return std::move(check_);
   }
 
  private:
+  void LookAcrossTables() {
+    for (const database::KeyReference& reference : references_) {
+      LookInto(reference.table, [&] { LookForDangling(reference); });
+    }
+    LookInto("SPTrans", [&] { check_.lost_lines = FindLostLines(connection_); });
+    LookInto("Stock", [&] { CheckLots(); });
+  }
+
   void Done() {
     progress_.Step(++done_);
     progress_.ThrowIfCancelled();
+  }
+
+  /// One step. A table that cannot be read is a fault of the table.
+  void LookInto(std::string_view table, const std::function<void()>& look) {
+    try {
+      look();
+    } catch (const database::DatabaseError& error) {
+      if (error.IsConnectionLost()) {
+        throw;
+      }
+      AddFault(table, error.what());
+    }
+    Done();
+  }
+
+  /// What is said of a table first, is said of it.
+  void AddFault(std::string_view table, std::string text) {
+    if (std::ranges::find(check_.faults, table, &TableFault::table) == check_.faults.end()) {
+      check_.faults.push_back({std::string(table), std::move(text)});
+    }
   }
 
   void AskServer(const std::string& table) {
@@ -105,7 +137,7 @@ class Look {
             (kind == QLatin1String("status") && row.Text("Msg_text") != QLatin1String("OK") &&
              !row.Text("Msg_text").startsWith(QLatin1String("Table is already")));
         if (is_fault) {
-          check_.faults.push_back({table, row.Text("Msg_text").toStdString()});
+          AddFault(table, row.Text("Msg_text").toStdString());
         }
       }
     } catch (const database::DatabaseError& error) {
@@ -133,15 +165,17 @@ class Look {
     }
   }
 
-  void LookForDangling(const Reference& reference) {
+  void LookForDangling(const database::KeyReference& reference) {
     if (const std::int64_t rows = CountDangling(connection_, reference); rows > 0) {
-      check_.dangling.push_back({reference.table, reference.column, reference.names, rows});
+      check_.dangling.push_back({std::string(reference.table), std::string(reference.column),
+                                 std::string(reference.names), rows});
     }
   }
 
   database::Connection& connection_;
   Progress& progress_;
   std::int64_t done_ = 0;
+  const std::vector<database::KeyReference> references_ = CheckedReferences();
   TableCheck check_;
 };
 

@@ -16,7 +16,7 @@ struct TableSize {
   std::int64_t rows = 0;
 };
 
-/// What the server's own check says of a table that is not in order.
+/// A table that is not in order: what the server's own check says of it, or why it cannot be read.
 struct TableFault {
   std::string table;
   std::string text;
@@ -35,9 +35,12 @@ struct TableCheck {
   std::vector<TableFault> faults;
   std::vector<std::string> unchecked;  ///< tables whose check the server does not grant
   std::vector<DoubleKey> double_keys;
+  // What several tables say together; not looked for while one of them has a fault.
   std::vector<ledger::LotChange> wrong_lots;
   QStringList record_faults;  ///< a sentence for each record that cannot count as it is written
-  std::vector<Dangling> dangling;  ///< for information: nothing is wrong with the table itself
+  // For information: nothing is wrong with the table itself.
+  std::vector<Dangling> dangling;
+  std::vector<LostLines> lost_lines;
 
   bool AllIsWell() const {
     return faults.empty() && double_keys.empty() && wrong_lots.empty() && record_faults.isEmpty();
@@ -48,8 +51,9 @@ struct TableCheck {
 std::vector<TableSize> CountRows(database::Connection& connection);
 
 /// Lets the server check every table, then looks through keys, references and lots as they are at
-/// one instant. Changes nothing. Not for use inside a transaction. Throws DatabaseError or
-/// Cancellation.
+/// one instant. A table that cannot be read is told of, and the look goes on with the others.
+/// Changes nothing. Not for use inside a transaction. Throws DatabaseError when the connection is
+/// lost, or Cancellation.
 TableCheck CheckTables(database::Connection& connection, Progress& progress);
 
 }  // namespace quorvane::repair

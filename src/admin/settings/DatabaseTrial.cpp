@@ -1,5 +1,7 @@
 #include "admin/settings/DatabaseTrial.h"
 
+#include "core/database/ServerCheck.h"
+
 #include <QPromise>
 #include <QThreadPool>
 
@@ -32,6 +34,9 @@ void DatabaseTrial::Start(const database::ConnectionSettings& settings) {
 DatabaseTrial::Outcome DatabaseTrial::Try(const database::ConnectionSettings& settings) {
   try {
     database::Connection connection(settings);
+    if (const QString reason = database::WhyUnsuitable(connection); !reason.isEmpty()) {
+      return {.failure = reason, .about = {}};
+    }
     for (const auto& row : connection.Open("Select Version()")) {
       return {.failure = {}, .about = row.Text(0)};
     }

@@ -20,8 +20,8 @@ class DatabaseTrial : public QObject {
   bool IsUnderWay() const { return watcher_.isRunning(); }
 
  Q_SIGNALS:
-  /// `failure` is empty when the database was reached and may be read; `about` then says what
-  /// answered.
+  /// `failure` is empty when the database was reached and the program can work with its server;
+  /// `about` then says what answered.
   void Finished(const QString& failure, const QString& about);
 
  private:

@@ -1,5 +1,7 @@
 #include "admin/settings/Settings.h"
 
+#include "core/database/DatabaseSettings.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -19,7 +21,7 @@ constexpr TextPlace kPlaces[kTexts] = {
     {"Display", "Theme", Rule::kAny},
     {"Display", "Language", Rule::kAny},
     {"Paths", "Reports", Rule::kFolder},
-    {"Database", "Driver", Rule::kAny},
+    {"Database", "Driver", Rule::kDriver},
     {"Database", "Server", Rule::kAny},
     {"Database", "Port", Rule::kPort},
     {"Database", "Socket", Rule::kAny},
@@ -78,6 +80,13 @@ QString Fault(Rule rule, const QString& text) {
                  ? QString()
                  : QCoreApplication::translate("Settings", "The File %1 does not Exist.")
                        .arg(shown);
+    case Rule::kDriver:
+      return database::MayLoadDriver(text)
+                 ? QString()
+                 : QCoreApplication::translate(
+                       "Settings",
+                       "Enter the Name of an Installed Driver, or a File of "
+                       "the Machine's Administrator.");
     case Rule::kWebAddress:
       return IsWebAddress(text)
                  ? QString()
@@ -91,7 +100,7 @@ QString Fault(Rule rule, const QString& text) {
 }
 
 bool IsUsed(const Settings& settings, Text text) {
-  if (text == Width || text == Height) {
+  if (IsOfScreen(text)) {
     return settings.screen_mode == ScreenMode::kToResolution;
   }
   return !IsOfDatabase(text) || !settings.own_database;
@@ -136,6 +145,10 @@ QString BoxOf(Text text) {
 
 bool IsOfDatabase(Text text) {
   return Driver <= text && text <= TlsVerify;
+}
+
+bool IsOfScreen(Text text) {
+  return text == Width || text == Height;
 }
 
 MaybeRefusal CheckSettings(const Settings& settings) {

@@ -45,7 +45,7 @@ enum Text {
 };
 
 /// Where a text is kept and which rule it follows.
-enum class Rule { kAny, kPixels, kFolder, kFile, kPort, kWebAddress };
+enum class Rule { kAny, kPixels, kFolder, kFile, kDriver, kPort, kWebAddress };
 struct TextPlace {
   const char* section;
   const char* key;
@@ -71,5 +71,8 @@ database::ConnectionSettings DatabaseOf(const Settings& settings);
 
 /// The texts that belong to the database section.
 bool IsOfDatabase(Text text);
+
+/// The texts that are kept in the user's screen settings, not with the application folder.
+bool IsOfScreen(Text text);
 
 }  // namespace quorvane::settings

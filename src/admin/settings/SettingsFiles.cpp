@@ -11,10 +11,6 @@ namespace {
 constexpr char kScreenSection[] = "ScrReso";
 constexpr char kOption[] = "Opt";
 
-bool IsOfScreen(Text text) {
-  return text == Width || text == Height;
-}
-
 /// The value of a setting that the files do not name.
 QString Preset(Text text) {
   switch (text) {

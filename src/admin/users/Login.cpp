@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
 #include <utility>
 
 namespace quorvane::users {
@@ -46,11 +45,11 @@ MaybeRefusal CheckEntries(const PasswordChange& change) {
 
 }  // namespace
 
-Login::Login(database::Connection& connection, app::MachineKey machine_key)
-    : users_(connection), machine_key_(std::move(machine_key)) {}
+Login::Login(database::Connection& connection, app::MachineKey machine_key, Attempts& attempts)
+    : users_(connection), machine_key_(std::move(machine_key)), attempts_(attempts) {}
 
 MaybeRefusal Login::LogIn(const QString& name, const QString& password) {
-  return Counted(CheckLogIn(name, password));
+  return Counted(name, CheckLogIn(name, password));
 }
 
 MaybeRefusal Login::EnterSetUp(const QString& name, const QString& password) {
@@ -58,16 +57,16 @@ MaybeRefusal Login::EnterSetUp(const QString& name, const QString& password) {
     return Refuse(QT_TRANSLATE_NOOP("Login", "You have no Rights to Enter in SetUp."), kLogInName);
   }
   if (!IsAdministratorPassword(password)) {
-    return Counted(Refuse(QT_TRANSLATE_NOOP("Login", "Invalid Password."), kLogInPassword));
+    return Counted(name, Refuse(QT_TRANSLATE_NOOP("Login", "Invalid Password."), kLogInPassword));
   }
-  return Counted(std::nullopt);
+  return Counted(name, std::nullopt);
 }
 
 MaybeRefusal Login::ChangePassword(const PasswordChange& change) {
   if (MaybeRefusal refusal = CheckEntries(change)) {
     return refusal;
   }
-  if (MaybeRefusal refusal = Counted(CheckOldPassword(change))) {
+  if (MaybeRefusal refusal = Counted(change.name, CheckOldPassword(change))) {
     return refusal;
   }
   if (!IsAdministrator(change.name)) {
@@ -75,14 +74,6 @@ MaybeRefusal Login::ChangePassword(const PasswordChange& change) {
   }
   machine_key_.SetAdminPass(change.new_password);
   return std::nullopt;
-}
-
-std::chrono::milliseconds Login::Delay() const {
-  constexpr int kMostDoublings = 10;
-  if (failures_ == 0) {
-    return std::chrono::milliseconds(0);
-  }
-  return std::min(kLongestDelay, kFirstDelay * (1 << std::min(failures_ - 1, kMostDoublings)));
 }
 
 bool Login::IsAdministratorPassword(const QString& password) const {
@@ -130,8 +121,17 @@ MaybeRefusal Login::StoreUserPassword(const PasswordChange& change) {
   return std::nullopt;
 }
 
-MaybeRefusal Login::Counted(MaybeRefusal refusal) {
-  failures_ = refusal ? failures_ + 1 : 0;
+MaybeRefusal Login::Counted(const QString& name, MaybeRefusal refusal) {
+  QString account = IsAdministrator(name) ? AdministratorName() : QString();
+  if (account.isEmpty()) {
+    const std::optional<User> user = users_.FindUser(name);
+    account = user ? user->name : QString();
+  }
+  if (refusal) {
+    attempts_.Failed(account);
+  } else {
+    attempts_.Succeeded(account);
+  }
   return refusal;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "admin/users/Attempts.h"
 #include "admin/users/UserBook.h"
 #include "core/app/MachineKey.h"
 
@@ -21,11 +22,11 @@ struct PasswordChange {
 /// Who may come in: the ordinary users of the database, and the administrator, whose password is
 /// kept with the machine. The log-in's boxes: "Text1_0" name, "Text1_1" password.
 ///
-/// One object serves all attempts of a log-in window, because it counts the failed ones. Throws
-/// DatabaseError, or std::runtime_error when the machine's settings cannot be used.
+/// Throws DatabaseError, or std::runtime_error when the machine's settings cannot be used.
 class Login {
  public:
-  Login(database::Connection& connection, app::MachineKey machine_key);
+  /// `attempts` outlives the object.
+  Login(database::Connection& connection, app::MachineKey machine_key, Attempts& attempts);
 
   MaybeRefusal LogIn(const QString& name, const QString& password);
 
@@ -34,23 +35,19 @@ class Login {
 
   MaybeRefusal ChangePassword(const PasswordChange& change);
 
-  /// How long to wait before the next attempt is taken: nothing at first, then longer with every
-  /// attempt that failed in a row, up to kLongestDelay. Against guessing.
-  std::chrono::milliseconds Delay() const;
-
-  static constexpr std::chrono::milliseconds kFirstDelay{500};
-  static constexpr std::chrono::milliseconds kLongestDelay{30'000};
+  /// How long to wait before the next attempt is taken.
+  std::chrono::milliseconds Delay() const { return attempts_.Delay(); }
 
  private:
   bool IsAdministratorPassword(const QString& password) const;
   MaybeRefusal CheckLogIn(const QString& name, const QString& password) const;
   MaybeRefusal CheckOldPassword(const PasswordChange& change) const;
   MaybeRefusal StoreUserPassword(const PasswordChange& change);
-  MaybeRefusal Counted(MaybeRefusal refusal);
+  MaybeRefusal Counted(const QString& name, MaybeRefusal refusal);
 
   UserBook users_;
   app::MachineKey machine_key_;
-  int failures_ = 0;
+  Attempts& attempts_;
 };
 
 /// Said when a password was changed.

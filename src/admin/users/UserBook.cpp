@@ -1,8 +1,8 @@
 #include "admin/users/UserBook.h"
 
-#include "admin/users/PasswordCode.h"
 #include "core/database/RecordKey.h"
 #include "core/database/TextWidths.h"
+#include "core/text/PasswordCode.h"
 
 #include <QCoreApplication>
 
@@ -34,7 +34,7 @@ bool SameName(const QString& a, const QString& b) {
 User UserOf(const Recordset& row) {
   User user{row.Int(std::size_t{0}), row.Text(1), std::nullopt};
   if (const std::optional<QString> stored = row.OptionalText(2)) {
-    user.password = DecodePassword(*stored);
+    user.password = text::DecodePassword(*stored);
   }
   return user;
 }
@@ -57,7 +57,7 @@ void Insert(Transaction& transaction, int id, const QString& name, const QString
   transaction.Execute("Delete From LoginPassword Where id=?", id);
   transaction.Execute("Insert Into LoginId(id,Name) Values(?,?)", id, name);
   transaction.Execute("Insert Into LoginPassword(id,Password) Values(?,?)", id,
-                      EncodePassword(password));
+                      text::EncodePassword(password));
 }
 
 std::optional<QString> NameOf(Transaction& transaction, int id) {
@@ -85,7 +85,7 @@ bool IsAdministrator(const QString& name) {
 }
 
 MaybeRefusal CheckPasswordLength(const QString& password, const QString& field) {
-  if (EncodePassword(password).size() > database::TextWidth("LoginPassword", "Password")) {
+  if (text::EncodePassword(password).size() > database::TextWidth("LoginPassword", "Password")) {
     return Refuse(QT_TRANSLATE_NOOP("Users", "Password is too Long."), field);
   }
   return std::nullopt;

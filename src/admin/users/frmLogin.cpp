@@ -26,6 +26,8 @@ frmLogin::frmLogin(controls::Desk& desk, Login login)
   change_->hide();
   layout->addWidget(change_);
   layout->addStretch(1);
+  // What was guessed in an earlier window counts here too.
+  Wait();
 }
 
 TextBox* frmLogin::PasswordBox(const QString& name, const QString& purpose) {
@@ -79,9 +81,9 @@ QGroupBox* frmLogin::BuildChange() {
   form->addRow(tr("Ol&d Password"), Text2[kOld]);
   form->addRow(tr("N&ew Password"), Text2[kNew]);
   form->addRow(tr("Con&firm Password"), Text2[kConfirm]);
-  auto* ok = new ZENButton(QStringLiteral("cmdOk1"), tr("Cha&nge"));
-  form->addRow(ok);
-  OnClick(ok, &frmLogin::cmdOk1_Click);
+  cmdOk1 = new ZENButton(QStringLiteral("cmdOk1"), tr("Cha&nge"));
+  form->addRow(cmdOk1);
+  OnClick(cmdOk1, &frmLogin::cmdOk1_Click);
   return panel;
 }
 
@@ -98,13 +100,22 @@ void frmLogin::Wait() {
   if (delay.count() <= 0) {
     return;
   }
-  for (QWidget* button : {cmdOK, cmdSetUp}) {
+  for (QWidget* button : {cmdOK, cmdSetUp, cmdOk1}) {
     button->setEnabled(false);
     QTimer::singleShot(delay, button, [button] { button->setEnabled(true); });
   }
 }
 
+/// Another window of the program may have taken a wrong password in the meantime.
+bool frmLogin::MustWait() {
+  Wait();
+  return !cmdOK->isEnabled();
+}
+
 void frmLogin::cmdOK_Click() {
+  if (MustWait()) {
+    return;
+  }
   if (const MaybeRefusal refusal = login_.LogIn(Text1[kName]->text(), Text1[kPassword]->text())) {
     Refused(*refusal);
     return;
@@ -114,6 +125,9 @@ void frmLogin::cmdOK_Click() {
 }
 
 void frmLogin::cmdSetUp_Click() {
+  if (MustWait()) {
+    return;
+  }
   if (const MaybeRefusal refusal =
           login_.EnterSetUp(Text1[kName]->text(), Text1[kPassword]->text())) {
     Refused(*refusal);
@@ -133,10 +147,14 @@ void frmLogin::cmdChange_Click() {
 }
 
 void frmLogin::cmdOk1_Click() {
+  if (MustWait()) {
+    return;
+  }
   const PasswordChange change{Text2[kLoginId]->text(), Text2[kOld]->text(), Text2[kNew]->text(),
                               Text2[kConfirm]->text()};
   if (const MaybeRefusal refusal = login_.ChangePassword(change)) {
     Show(*refusal);
+    Wait();
     return;
   }
   for (TextBox* box : {Text2[kOld], Text2[kNew], Text2[kConfirm]}) {

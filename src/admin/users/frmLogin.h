@@ -32,6 +32,7 @@ class frmLogin : public controls::ChildWindow {
   controls::TextBox* PasswordBox(const QString& name, const QString& purpose);
   void Refused(const Refusal& refusal);
   void Wait();
+  bool MustWait();
   void cmdOK_Click();
   void cmdSetUp_Click();
   void cmdChange_Click();
@@ -44,6 +45,7 @@ class frmLogin : public controls::ChildWindow {
   controls::ZENButton* cmdOK = nullptr;
   controls::ZENButton* cmdSetUp = nullptr;
   controls::ZENButton* cmdChange = nullptr;
+  controls::ZENButton* cmdOk1 = nullptr;
   QGroupBox* change_ = nullptr;
 };
 

@@ -4,6 +4,7 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -73,6 +74,7 @@ void frmLoginSetUp::FillList() {
     const QString shown = ChkShow->isChecked() ? user.password.value_or(QString()) : kDots;
     rows.push_back({.id = user.id, .cells = {user.name, shown}});
   }
+  const QScopedValueRollback<bool> filling(filling_, true);
   VSF->SetRows(std::move(rows));
 }
 
@@ -82,7 +84,9 @@ const User* frmLoginSetUp::Current() const {
   return found == users_.end() ? nullptr : &*found;
 }
 
+// No row stays current: a click on any of them then chooses it.
 void frmLoginSetUp::Clear() {
+  VSF->SelectRow(-1);
   current_ = 0;
   name_box_->clear();
   password_box_->clear();
@@ -90,6 +94,9 @@ void frmLoginSetUp::Clear() {
 }
 
 void frmLoginSetUp::VSF_RowColChange(int row) {
+  if (filling_) {
+    return;
+  }
   current_ = row < 0 ? 0 : VSF->Model().IdOf(row);
   if (const User* user = Current()) {
     name_box_->setText(user->name);
@@ -122,9 +129,7 @@ void frmLoginSetUp::CmdDelete_Click() {
 
 void frmLoginSetUp::ChkShow_Click() {
   password_box_->setEchoMode(ChkShow->isChecked() ? QLineEdit::Normal : QLineEdit::Password);
-  const int current = current_;
   FillList();
-  VSF->SelectId(current);
 }
 
 void frmLoginSetUp::cmdexit_Click() {

@@ -38,6 +38,7 @@ class frmLoginSetUp : public controls::ChildWindow {
   UserBook book_;
   std::vector<User> users_;
   int current_ = 0;  ///< 0 while a new user is entered
+  bool filling_ = false;
   controls::Grid* VSF = nullptr;
   controls::TextBox* name_box_ = nullptr;
   controls::TextBox* password_box_ = nullptr;

@@ -1,5 +1,6 @@
 #include "core/app/Ini.h"
 
+#include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 
 #include <QByteArray>
@@ -7,17 +8,20 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringDecoder>
 
+#include <algorithm>
+#include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace quorvane::app {
 namespace {
 
 constexpr qsizetype kLongestValue = 254;
+constexpr qsizetype kLargestFile = 1 << 20;
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
 
 [[noreturn]] void Fail(const QString& path, const QString& reason) {
@@ -189,32 +193,56 @@ class Lines {
   QByteArrayList lines_;
 };
 
+/// Only a file that is surely not there is missing: one that cannot be reached may name a database.
+bool IsMissing(const QString& path) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path name = QFileInfo(path).filesystemAbsoluteFilePath();
+  const fs::file_status entry = fs::symlink_status(name, error);
+  if (entry.type() == fs::file_type::not_found) {
+    return true;
+  }
+  if (entry.type() == fs::file_type::none) {
+    Fail(path, QString::fromStdString(error.message()));
+  }
+  // Reading a pipe would wait for somebody to write into it.
+  if (!fs::is_regular_file(fs::status(name, error))) {
+    Fail(path,
+         error ? QString::fromStdString(error.message()) : QStringLiteral("it is no plain file"));
+  }
+  return false;
+}
+
+/// UTF-16, with its mark or without: there the first character, an ASCII one, has a zero byte.
+bool IsUtf16(const QByteArray& content) {
+  return content.startsWith("\xFF\xFE") || content.startsWith("\xFE\xFF") ||
+         content.first(std::min<qsizetype>(2, content.size())).contains('\0');
+}
+
 QByteArray ReadFile(const QString& path) {
-  QFile file(path);
-  if (!file.exists()) {
+  if (IsMissing(path)) {
     return {};
   }
+  QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
     Fail(path, file.errorString());
   }
-  QByteArray content = file.readAll();
+  QByteArray content = file.read(kLargestFile + 1);
   if (file.error() != QFileDevice::NoError) {
     Fail(path, file.errorString());
+  }
+  if (content.size() > kLargestFile) {
+    Fail(path, QStringLiteral("it is too large for a settings file"));
+  }
+  if (IsUtf16(content)) {
+    Fail(path, QStringLiteral("it is written in UTF-16; save it as UTF-8"));
   }
   return content;
 }
 
 void WriteFile(const QString& path, const QByteArray& content) {
   platform::MakeMissingFolder(QFileInfo(path).absolutePath());
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) {
-    Fail(path, file.errorString());
-  }
-  // Passwords may be in it. A disk without permissions does not know better.
-  file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  if (file.write(content) != content.size() || !file.commit()) {
-    Fail(path, file.errorString());
-  }
+  platform::WritePrivate(path, content);
 }
 
 void CheckWritable(const QString& path, const QString& section, const QString& key,
@@ -243,8 +271,12 @@ QString TrimNul(const QString& text) {
 IniFile::IniFile(QString path) : path_(std::move(path)) {}
 
 QString IniFile::Read(const QString& section, const QString& key, const QString& fallback) const {
+  return Find(section, key).value_or(Cut(fallback));
+}
+
+std::optional<QString> IniFile::Find(const QString& section, const QString& key) const {
   const auto value = Lines(ReadFile(path_)).Value(section, key);
-  return Cut(value ? Unquoted(Decode(*value)) : fallback);
+  return value ? std::optional(Cut(Unquoted(Decode(*value)))) : std::nullopt;
 }
 
 void IniFile::Write(const QString& section, const QString& key, const QString& value) const {

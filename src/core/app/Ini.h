@@ -28,8 +28,12 @@ class IniFile {
 
   /// The value without blanks and one pair of quotes around it, cut at 254 characters and at the
   /// first NUL; `fallback`, cut in the same way, when file, section or key is missing. Throws
-  /// std::runtime_error when there is a file that cannot be read.
+  /// std::runtime_error when there is a file that cannot be read: no permission, a link that leads
+  /// nowhere, no plain file, over 1 MiB, or another code than UTF-8 or an 8-bit one.
   QString Read(const QString& section, const QString& key, const QString& fallback = {}) const;
+
+  /// The same value; nothing when it is missing.
+  std::optional<QString> Find(const QString& section, const QString& key) const;
 
   /// Sets one value so that Read gives it back, and leaves every other line, comment and blank line
   /// where it is. The file and its folder are made when missing;

@@ -13,11 +13,13 @@ class MachineKey {
   MachineKey();
   explicit MachineKey(QString settings_file);
 
-  /// Value "AdminPass"; empty when it is missing. Throws std::runtime_error when it cannot be
-  /// read, so that a protected password never passes for a missing one.
+  /// Value "AdminPass"; empty when it is missing. One that an earlier release has kept as plain
+  /// text is kept in the form of the other passwords from then on. Throws std::runtime_error when
+  /// it cannot be read, so that a protected password never passes for a missing one.
   QString AdminPass() const;
 
-  /// Throws std::runtime_error, with the value unchanged, when it cannot be written.
+  /// A settings file is closed to all but its owner. Throws std::runtime_error, with the value
+  /// unchanged, when it cannot be written.
   void SetAdminPass(const QString& password) const;
 
  private:

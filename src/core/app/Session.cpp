@@ -2,7 +2,10 @@
 
 #include "core/app/Ini.h"
 #include "core/database/DatabaseSettings.h"
+#include "core/database/ServerCheck.h"
 #include "core/platform/Processes.h"
+
+#include <stdexcept>
 
 namespace quorvane::app {
 namespace {
@@ -19,6 +22,12 @@ database::ConnectionSettings DatabaseOf(Session& session, const StartUpOptions& 
   session.server =
       std::make_unique<database::PrivateServer>(session.folders.database, options.on_first_start);
   return session.server->SettingsOf(kDatabaseName);
+}
+
+void RefuseBecause(const QString& reason) {
+  if (!reason.isEmpty()) {
+    throw std::runtime_error(reason.toStdString());
+  }
 }
 
 }  // namespace
@@ -40,7 +49,9 @@ std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
   if (session->server != nullptr) {
     session->connection->SetServerReviver([server = session->server.get()] { server->Revive(); });
   }
+  RefuseBecause(database::WhyUnsuitable(*session->connection));
   session->skipped = database::PrepareDatabase(*session->connection);
+  RefuseBecause(database::WhyIncomplete(session->skipped));
   if (options.screen) {
     session->screen_factors = SetScreenFactors(IniFile(session->folders.screen_ini),
                                                options.screen->width, options.screen->height);

@@ -52,7 +52,8 @@ class AlreadyRunning : public std::runtime_error {
 
 /// Makes sure of a single copy, fixes the folders, opens the database, brings its tables up to date
 /// and computes the screen factors, in that order. Throws AlreadyRunning, DatabaseError or
-/// std::runtime_error; nothing is left running then.
+/// std::runtime_error, also for a server that the program cannot work with; nothing is left running
+/// then.
 std::unique_ptr<Session> StartUp(const StartUpOptions& options);
 
 }  // namespace quorvane::app

@@ -3,6 +3,8 @@
 #include "core/database/Statement.h"
 
 #include <QLatin1String>
+#include <QStringList>
+#include <QUuid>
 
 #include <fmt/format.h>
 #include <sql.h>
@@ -26,6 +28,8 @@ std::string Written(const QString& value) {
 }
 
 constexpr int kNotGranted = 1227;
+constexpr int kUnknownVariable = 1193;
+constexpr int kNotReady = 1047;
 constexpr int kLongestLoginSeconds = 15;
 
 /// A query that takes no lock: to ask it twice is to ask it once.
@@ -36,17 +40,43 @@ bool OnlyReads(std::string_view sql) {
          !text.contains(QLatin1String(" Lock In "), Qt::CaseInsensitive);
 }
 
+/// "host", "host:port" or "[address]:port"; an address of version 6 has several colons. A port that
+/// is no number is -1.
+ServerAddress ParseAddress(const QString& text, int port) {
+  const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
+  const bool has_port = colon > 0 && (text.indexOf(QLatin1Char(':')) == colon ||
+                                      text.at(colon - 1) == QLatin1Char(']'));
+  QString host = has_port ? text.left(colon) : text;
+  if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'))) {
+    host = host.mid(1, host.size() - 2);
+  }
+  bool is_number = true;
+  const int own_port = has_port ? text.mid(colon + 1).toInt(&is_number) : port;
+  return {host, is_number ? own_port : -1};
+}
+
 }  // namespace
 
-std::string ConnectionSettings::ConnectionString() const {
+std::vector<ServerAddress> ConnectionSettings::Addresses() const {
+  std::vector<ServerAddress> addresses;
+  for (const QString& one : server.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+    addresses.push_back(ParseAddress(one.trimmed(), port));
+  }
+  if (addresses.empty()) {
+    addresses.push_back({server, port});
+  }
+  return addresses;
+}
+
+std::string ConnectionSettings::ConnectionString(const ServerAddress& address) const {
   std::string text = "DRIVER=" + Quoted(driver) + ";CHARSET=utf8mb4";
   const auto add = [&](const char* key, const QString& value) {
     if (!value.isEmpty()) {
       text += fmt::format(";{}={}", key, Written(value));
     }
   };
-  add("SERVER", server);
-  add("PORT", port == 0 ? QString() : QString::number(port));
+  add("SERVER", address.host);
+  add("PORT", address.port == 0 ? QString() : QString::number(address.port));
   add("SOCKET", socket);
   add("DATABASE", database);
   add("UID", user);
@@ -59,22 +89,40 @@ std::string ConnectionSettings::ConnectionString() const {
 }
 
 Connection::Connection(ConnectionSettings settings)
-    : settings_(std::move(settings)), statements_(std::make_unique<StatementCache>()) {
-  OpenHandles();
+    : settings_(std::move(settings)),
+      addresses_(settings_.Addresses()),
+      token_(QUuid::createUuid().toString(QUuid::WithoutBraces).toStdString()),
+      statements_(std::make_unique<StatementCache>()) {
+  OpenAnyServer(0);
 }
 
 Connection::~Connection() {
   CloseHandles();
 }
 
-void Connection::OpenHandles() {
+/// The first that answers, from `first` on and round; a refused log-in is refused by all.
+void Connection::OpenAnyServer(std::size_t first) {
+  for (std::size_t tried = 1;; ++tried) {
+    address_ = (first + tried - 1) % addresses_.size();
+    try {
+      OpenHandles(addresses_[address_]);
+      return;
+    } catch (const DatabaseError& error) {
+      if (!error.IsConnectionLost() || tried == addresses_.size()) {
+        throw;
+      }
+    }
+  }
+}
+
+void Connection::OpenHandles(const ServerAddress& address) {
   SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
   SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<void*>(SQL_OV_ODBC3), 0);
   SQLAllocHandle(SQL_HANDLE_DBC, environment_, &handle_);
   // A server that does not answer is given up, where the system would wait for minutes.
   SQLSetConnectAttr(handle_, SQL_ATTR_LOGIN_TIMEOUT,
                     reinterpret_cast<SQLPOINTER>(SQLULEN{kLongestLoginSeconds}), SQL_IS_UINTEGER);
-  std::string text = settings_.ConnectionString();
+  std::string text = settings_.ConnectionString(address);
   const SQLRETURN result = SQLDriverConnect(
       handle_, nullptr, reinterpret_cast<SQLCHAR*>(text.data()),
       static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
@@ -84,6 +132,7 @@ void Connection::OpenHandles() {
     }
     alive_ = true;
     ConfigureServerSession();
+    LookForCluster();
   } catch (...) {
     CloseHandles();
     throw;
@@ -97,6 +146,35 @@ void Connection::ConfigureServerSession() {
       " lock_wait_timeout=30");
   // What a transaction reads is all of one instant, whatever the server's own settings are.
   Execute("Set Session Transaction Isolation Level Repeatable Read");
+}
+
+void Connection::LookForCluster() {
+  is_cluster_ = false;
+  try {
+    Recordset rows = Open("Select @@wsrep_on");
+    is_cluster_ = rows.Next() && rows.Int(0) != 0;
+  } catch (const DatabaseError& error) {
+    if (error.Native() != kUnknownVariable) {
+      throw;
+    }
+  }
+  if (!is_cluster_) {
+    return;
+  }
+  Recordset ready = Open("Show Status Like 'wsrep_ready'");
+  if (!ready.Next() || ready.Text(1) != QLatin1String("ON")) {
+    throw DatabaseError("08S01", kNotReady, "This node of the cluster is not ready", "connect");
+  }
+}
+
+bool Connection::HasSharedTables() {
+  if (!has_shared_tables_) {
+    Recordset rows = Open(
+        "Select Count(*) From information_schema.TABLES Where TABLE_SCHEMA=Database() And "
+        "TABLE_NAME In('Writers','CommitMark')");
+    has_shared_tables_ = rows.Next() && rows.Int(0) == 2;
+  }
+  return has_shared_tables_;
 }
 
 void Connection::CloseHandles() noexcept {
@@ -121,14 +199,16 @@ void Connection::Reopen() {
   }
   CloseHandles();
   in_transaction_ = false;
+  // One that died is tried last.
+  const std::size_t next = (address_ + 1) % addresses_.size();
   try {
-    OpenHandles();
+    OpenAnyServer(next);
   } catch (const DatabaseError& error) {
     if (!error.IsConnectionLost() || !revive_server_) {
       throw;
     }
     revive_server_();
-    OpenHandles();
+    OpenAnyServer(next);
   }
 }
 

@@ -13,6 +13,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvane::database {
 
@@ -20,10 +21,16 @@ class BulkWriter;
 class StatementCache;
 struct Statement;
 
+/// A server's name or address, and its port; 0 is left to the driver.
+struct ServerAddress {
+  QString host;
+  int port = 0;
+};
+
 /// Where the database is and how to log in. Empty members are left to the driver.
 struct ConnectionSettings {
   QString driver = QStringLiteral("MariaDB Unicode");
-  QString server;
+  QString server;  ///< several, "host" or "host:port", are parted by commas: the nodes of a cluster
   int port = 0;
   QString socket;
   QString database;
@@ -34,12 +41,16 @@ struct ConnectionSettings {
   QString tls_key;
   bool tls_verify = false;
 
-  /// The ODBC connection string; every value is quoted.
-  std::string ConnectionString() const;
+  /// The servers in their order, at least one; one without a port has that of `port`.
+  std::vector<ServerAddress> Addresses() const;
+
+  /// The ODBC connection string for one of them; every value is quoted.
+  std::string ConnectionString(const ServerAddress& address) const;
 };
 
-/// One ODBC connection to a MySQL-protocol server. Used by one thread. Prepared statements are kept
-/// by their text, so the text of a statement is best a constant.
+/// One ODBC connection to a MySQL-protocol server. Of several servers the first one that answers
+/// and is ready is used; after a loss the next one. Used by one thread. Prepared statements are
+/// kept by their text, so the text of a statement is best a constant.
 ///
 /// Outside a Transaction each statement commits by itself, and a connection that was lost is opened
 /// again: for the next statement, and once for a query that only reads and was lost on its way. A
@@ -89,22 +100,43 @@ class Connection {
   bool InTransaction() const { return in_transaction_; }
   const ConnectionSettings& Settings() const { return settings_; }
 
+  /// The server in use.
+  const ServerAddress& Address() const { return addresses_[address_]; }
+
+  /// The server is a node of a cluster whose nodes may all be written to.
+  bool IsCluster() const { return is_cluster_; }
+
  private:
   friend class Transaction;
   friend class Recordset;
   friend class BulkWriter;
+  friend class CommitMark;
+  friend class Turns;
 
-  void OpenHandles();
+  /// Names this connection among all others; stays when it is opened again.
+  const std::string& Token() const { return token_; }
+  std::int64_t NextSerial() { return ++serial_; }
+
+  /// The tables that programs agree by (Writers, CommitMark) are there.
+  bool HasSharedTables();
+
+  void OpenAnyServer(std::size_t first);
+  void OpenHandles(const ServerAddress& address);
   void ReopenForStatement();
   Recordset OpenOnce(std::string_view sql, std::span<const Value> values);
   void CloseHandles() noexcept;
   void ConfigureServerSession();
+  void LookForCluster();
   void SetAutocommit(bool on);
   void EndTransaction(bool commit);
   std::shared_ptr<Statement> Prepare(std::string_view sql);
   [[noreturn]] void Fail(short handle_type, void* handle, std::string_view sql);
 
   ConnectionSettings settings_;
+  std::vector<ServerAddress> addresses_;
+  std::size_t address_ = 0;
+  std::string token_;
+  std::int64_t serial_ = 0;
   std::function<void()> revive_server_;
   void* environment_ = nullptr;
   void* handle_ = nullptr;
@@ -112,6 +144,8 @@ class Connection {
   bool alive_ = false;
   bool in_transaction_ = false;
   bool flush_granted_ = true;
+  bool is_cluster_ = false;
+  bool has_shared_tables_ = false;
 };
 
 }  // namespace quorvane::database

@@ -44,14 +44,13 @@ DatabaseError::DatabaseError(std::string state, int native, const std::string& s
 bool DatabaseError::IsTransient() const {
   constexpr int kDeadlock = 1213;
   constexpr int kLockWaitTimeout = 1205;
-  constexpr int kNotReadyOnThisNode = 1047;
-  return state_ == "40001" || native_ == kDeadlock || native_ == kLockWaitTimeout ||
-         native_ == kNotReadyOnThisNode;
+  return state_ == "40001" || native_ == kDeadlock || native_ == kLockWaitTimeout;
 }
 
 bool DatabaseError::IsConnectionLost() const {
-  // No way to the server; gone, lost while asked, shutting down, connection killed or left idle.
-  constexpr std::array kLost{2002, 2003, 2006, 2013, 2055, 1053, 1927, 4031};
+  // No way to the server; gone, lost while asked, shutting down, connection killed or left idle; a
+  // node that left its cluster.
+  constexpr std::array kLost{2002, 2003, 2006, 2013, 2055, 1053, 1927, 4031, 1047};
   return state_.starts_with("08") || std::ranges::find(kLost, native_) != kLost.end();
 }
 

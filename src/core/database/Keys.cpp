@@ -1,26 +1,126 @@
 #include "core/database/Keys.h"
 
+#include "core/database/KeyReferences.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <limits>
+#include <optional>
+#include <stdexcept>
 
 namespace quorvane::database {
+namespace {
 
-int NextKey(Transaction& transaction, std::string_view table, std::string_view column) {
-  // Writers queue at a row that stays where it is. If they met at the largest one only, each would
-  // hold the place after it, where the other is about to insert: a deadlock every time.
-  transaction.Open(fmt::format("Select {} From {} Limit 1 For Update", column, table));
-  Recordset rows =
-      transaction.Open(fmt::format("Select Max({}) From {} For Update", column, table));
-  return rows.Next() ? rows.Int(std::size_t{0}) + 1 : 1;
+constexpr std::string_view kLots = "Stock";
+constexpr std::string_view kScratchLots = "Stock_Temp";
+
+std::string LargestIn(std::string_view table, std::string_view column) {
+  return fmt::format("Coalesce((Select Max({}) From {}),0)", column, table);
 }
 
-int NextSharedKey(Transaction& transaction, std::initializer_list<std::string_view> tables) {
-  int next = 1;
-  for (const std::string_view table : tables) {
-    next = std::max(next, NextKey(transaction, table));
+/// The largest key that anything in the database has or names.
+std::int64_t LargestEverywhere(Connection& connection, std::string_view table) {
+  std::string sql = "Select Greatest(0," + LargestIn(table, "Id");
+  if (table == kLots) {
+    sql += "," + LargestIn(kScratchLots, "Id");
   }
-  return next;
+  for (const KeyReference& reference : KeyReferences()) {
+    if (reference.names == table) {
+      sql += "," + LargestIn(reference.table, reference.column);
+    }
+  }
+  auto rows = connection.Open(sql + ")");
+  return rows.Next() ? rows.Int64(0) : 0;
+}
+
+void MakeCounter(Connection& connection, std::string_view table) {
+  // Another program may make it at the same time, from the same rows.
+  connection.Execute("Insert Ignore Into RecordKey Values(?,?)", table,
+                     LargestEverywhere(connection, table));
+}
+
+std::optional<std::int64_t> LockCounter(Transaction& transaction, std::string_view table) {
+  auto rows = transaction.Open("Select LastKey From RecordKey Where TableName=? For Update", table);
+  return rows.Next() ? std::optional(rows.Int64(0)) : std::nullopt;
+}
+
+/// As it is at this moment, not as the transaction's first read saw it.
+std::int64_t LargestNow(Transaction& transaction, std::string_view table) {
+  auto rows = transaction.Open(fmt::format("Select Max(Id) From {} Lock In Share Mode", table));
+  return rows.Next() ? rows.Int64(0) : 0;
+}
+
+/// Locks the table's counter and returns the last key given.
+std::int64_t LastKey(Transaction& transaction, std::string_view table) {
+  std::optional<std::int64_t> counted = LockCounter(transaction, table);
+  if (!counted) {
+    MakeCounter(transaction.GetConnection(), table);
+    counted = LockCounter(transaction, table);
+  }
+  std::int64_t last = std::max(counted.value_or(0), LargestNow(transaction, table));
+  if (table == kLots) {
+    last = std::max(last, LargestNow(transaction, kScratchLots));
+  }
+  return last;
+}
+
+void SetCounter(Transaction& transaction, std::string_view table, std::int64_t last) {
+  transaction.Execute("Update RecordKey Set LastKey=? Where TableName=?", last, table);
+}
+
+int KeyAfter(std::string_view table, std::int64_t last, int count) {
+  if (last > std::numeric_limits<int>::max() - std::max(count, 1)) {
+    throw std::runtime_error(fmt::format("the keys of the table {} are used up", table));
+  }
+  return static_cast<int>(last) + 1;
+}
+
+}  // namespace
+
+int NextKey(Transaction& transaction, std::string_view table) {
+  return NextKeys(transaction, table, 1);
+}
+
+int NextKeys(Transaction& transaction, std::string_view table, int count) {
+  const std::int64_t last = LastKey(transaction, table);
+  const int first = KeyAfter(table, last, count);
+  SetCounter(transaction, table, last + count);
+  return first;
+}
+
+int FirstFreeKey(Transaction& transaction, std::string_view table) {
+  return KeyAfter(table, LastKey(transaction, table), 1);
+}
+
+void KeepKeys(Transaction& transaction, std::string_view table, int next) {
+  SetCounter(transaction, table, std::int64_t{next} - 1);
+}
+
+KeyCounters ReadCounters(Connection& connection) {
+  KeyCounters counters;
+  for (const auto& row : connection.Open("Select TableName,LastKey From RecordKey")) {
+    counters.emplace(row.Utf8(0), row.Int64(1));
+  }
+  return counters;
+}
+
+void RaiseCounters(Transaction& transaction, const KeyCounters& counters) {
+  for (const auto& [table, last] : counters) {
+    transaction.Execute(
+        "Insert Into RecordKey Values(?,?) On Duplicate Key Update "
+        "LastKey=Greatest(LastKey,Values(LastKey))",
+        table, last);
+  }
+}
+
+void MakeCounters(Connection& connection) {
+  const KeyCounters made = ReadCounters(connection);
+  for (const std::string_view table : KeyedTables()) {
+    if (!made.contains(std::string(table))) {
+      MakeCounter(connection, table);
+    }
+  }
 }
 
 }  // namespace quorvane::database

@@ -1,5 +1,8 @@
 #include "core/database/Schema.h"
 
+#include "core/database/CommitMark.h"
+#include "core/database/ExtensionTables.h"
+#include "core/database/Keys.h"
 #include "core/database/SchemaTables.h"
 #include "core/database/Transaction.h"
 
@@ -9,6 +12,7 @@
 
 #include <map>
 #include <set>
+#include <span>
 #include <utility>
 
 namespace quorvane::database {
@@ -26,7 +30,9 @@ constexpr int kDuplicateIndex = 1061;
 /// the rest from being done. A lost connection ends the set-up.
 class SetUp {
  public:
-  explicit SetUp(Connection& connection) : connection_(connection) {}
+  enum class Makes { kTablesAndColumns, kAids };
+
+  SetUp(Connection& connection, Makes makes) : connection_(connection), makes_(makes) {}
 
   bool Run(const std::string& statement) {
     try {
@@ -54,7 +60,7 @@ class SetUp {
     if (error.Native() == kDuplicateColumn || error.Native() == kDuplicateIndex) {
       return;
     }
-    skipped_.push_back({statement, error.what()});
+    skipped_.push_back({statement, error.what(), makes_ == Makes::kTablesAndColumns});
   }
 
   std::vector<SkippedStatement> Finish() {
@@ -69,6 +75,7 @@ class SetUp {
 
  private:
   Connection& connection_;
+  Makes makes_;
   bool changed_ = false;
   std::vector<SkippedStatement> skipped_;
 };
@@ -139,6 +146,16 @@ ColumnCounts CountColumns(Connection& connection) {
   return counts;
 }
 
+void RunSteps(SetUp& set_up, std::span<const UpgradeStep> steps) {
+  ColumnCounts counts = CountColumns(set_up.GetConnection());
+  for (const UpgradeStep& step : steps) {
+    if (counts[Lower(step.table)] < step.below) {
+      set_up.Run(std::string(step.statement));
+      counts = CountColumns(set_up.GetConnection());
+    }
+  }
+}
+
 void AddRowKeys(SetUp& set_up) {
   const Names keyed = LowerNames(
       set_up.GetConnection(),
@@ -181,7 +198,7 @@ void AddIndexes(SetUp& set_up) {
 }  // namespace
 
 std::vector<SkippedStatement> CreateTables(Connection& connection) {
-  SetUp set_up(connection);
+  SetUp set_up(connection, SetUp::Makes::kTablesAndColumns);
   const Names existing = ExistingTables(connection);
   for (const TableDefinition& table : Tables()) {
     if (!existing.contains(Lower(table.name))) {
@@ -195,28 +212,35 @@ std::vector<SkippedStatement> CreateTables(Connection& connection) {
 }
 
 std::vector<SkippedStatement> UpgradeTables(Connection& connection) {
-  SetUp set_up(connection);
-  ColumnCounts counts = CountColumns(connection);
-  for (const UpgradeStep& step : UpgradeSteps()) {
-    if (counts[Lower(step.table)] < step.below) {
-      set_up.Run(std::string(step.statement));
-      counts = CountColumns(connection);
-    }
-  }
+  SetUp set_up(connection, SetUp::Makes::kTablesAndColumns);
+  RunSteps(set_up, UpgradeSteps());
   return set_up.Finish();
 }
 
 std::vector<SkippedStatement> StrengthenTables(Connection& connection) {
-  SetUp set_up(connection);
+  SetUp set_up(connection, SetUp::Makes::kAids);
   ConvertStorage(set_up);
   AddRowKeys(set_up);
   AddIndexes(set_up);
   return set_up.Finish();
 }
 
+std::vector<SkippedStatement> ExtendTables(Connection& connection) {
+  SetUp set_up(connection, SetUp::Makes::kTablesAndColumns);
+  RunSteps(set_up, ExtensionSteps());
+  try {
+    connection.Execute("Insert Ignore Into Writers Values(1,0,'','2000-01-01')");
+    MakeCounters(connection);
+    CommitMark::RemoveOld(connection);
+  } catch (const DatabaseError& error) {
+    set_up.Skip("the rows of RecordKey, Writers and CommitMark", error);
+  }
+  return set_up.Finish();
+}
+
 std::vector<SkippedStatement> PrepareDatabase(Connection& connection) {
   std::vector<SkippedStatement> skipped = CreateTables(connection);
-  for (const auto step : {UpgradeTables, StrengthenTables}) {
+  for (const auto step : {UpgradeTables, StrengthenTables, ExtendTables}) {
     for (SkippedStatement& one : step(connection)) {
       skipped.push_back(std::move(one));
     }
@@ -228,6 +252,11 @@ std::vector<std::string> TableNames() {
   std::vector<std::string> names;
   for (const TableDefinition& table : Tables()) {
     names.emplace_back(table.name);
+  }
+  for (const ExtensionTable& table : ExtensionTables()) {
+    if (table.is_record) {
+      names.emplace_back(table.name);
+    }
   }
   return names;
 }

@@ -12,6 +12,7 @@ namespace quorvane::database {
 struct SkippedStatement {
   std::string statement;
   std::string reason;
+  bool is_needed = false;  ///< without it a table or a column is missing
 };
 
 /// Creates the tables that are missing and puts the seed rows into a lookup table that is empty.
@@ -26,10 +27,13 @@ std::vector<SkippedStatement> UpgradeTables(Connection& connection);
 /// there already stays.
 std::vector<SkippedStatement> StrengthenTables(Connection& connection);
 
-/// The three above, in that order. Safe to run twice, and by two programs at once.
+/// Makes the tables beside the 24 (ExtensionTables) and the counters of keys.
+std::vector<SkippedStatement> ExtendTables(Connection& connection);
+
+/// The four above, in that order. Safe to run twice, and by two programs at once.
 std::vector<SkippedStatement> PrepareDatabase(Connection& connection);
 
-/// Every table's name, in the order of creation.
+/// The names of all tables that hold records, in the order of creation.
 std::vector<std::string> TableNames();
 
 }  // namespace quorvane::database

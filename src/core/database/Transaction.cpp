@@ -1,8 +1,12 @@
 #include "core/database/Transaction.h"
 
+#include "core/database/CommitMark.h"
+#include "core/database/Turns.h"
+
 #include <QRandomGenerator>
 #include <QThread>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace quorvane::database {
@@ -45,43 +49,80 @@ void Transaction::Commit() {
 
 namespace {
 
-enum class Phase { kWork, kCommit };
-
-bool MayTryAgain(const DatabaseError& error, Phase phase, int attempt) {
-  if (attempt >= kAttempts) {
-    return false;
-  }
-  // After a commit whose answer was lost nobody knows whether it happened; doing the work again
-  // could record a bill twice.
-  return error.IsTransient() || (error.IsConnectionLost() && phase == Phase::kWork);
-}
+constexpr int kAttemptsBesideOthers = 3;
 
 /// Programs that stood in each other's way must not meet again at once.
 void WaitABit(int attempt) {
-  const int most = 20 << attempt;
+  const int most = std::min(20 << attempt, 1000);
   QThread::msleep(QRandomGenerator::global()->bounded(1U, static_cast<unsigned>(most)));
 }
+
+/// One unit of work with its tries.
+class Tries {
+ public:
+  using Work = std::function<MaybeRefusal(Transaction&)>;
+
+  Tries(Connection& connection, const Work& work, Turn turn)
+      : connection_(connection), work_(work), turn_(turn), turns_(connection) {}
+
+  MaybeRefusal Run() {
+    for (int attempt = 1;; ++attempt) {
+      CommitMark mark(connection_);
+      committing_ = false;
+      try {
+        return RunOnce(attempt > kAttemptsBesideOthers ? Turn::kAlone : turn_, mark);
+      } catch (const DatabaseError& error) {
+        const Fate fate = FateAfter(error, mark);
+        if (fate == Fate::kDone) {
+          return std::nullopt;
+        }
+        if (fate == Fate::kUnknown || attempt >= kAttempts) {
+          throw;
+        }
+      }
+      WaitABit(attempt);
+    }
+  }
+
+ private:
+  enum class Fate { kDone, kUndone, kUnknown };
+
+  MaybeRefusal RunOnce(Turn turn, CommitMark& mark) {
+    turns_.Await(turn);
+    Transaction transaction(connection_);
+    turns_.Take(transaction, turn);
+    if (MaybeRefusal refusal = work_(transaction)) {
+      return refusal;
+    }
+    mark.Write(transaction);
+    committing_ = true;
+    transaction.Commit();
+    return std::nullopt;
+  }
+
+  /// What became of a try that failed; kUndone may be tried again, kUnknown may not: doing the work
+  /// again could record a bill twice.
+  Fate FateAfter(const DatabaseError& error, CommitMark& mark) {
+    if (error.IsConnectionLost() && committing_) {
+      const std::optional<bool> committed = mark.WasCommitted();
+      return !committed ? Fate::kUnknown : *committed ? Fate::kDone : Fate::kUndone;
+    }
+    return error.IsTransient() || error.IsConnectionLost() ? Fate::kUndone : Fate::kUnknown;
+  }
+
+  Connection& connection_;
+  const Work& work_;
+  Turn turn_;
+  Turns turns_;
+  bool committing_ = false;
+};
 
 }  // namespace
 
 MaybeRefusal InTransaction(Connection& connection,
-                           const std::function<MaybeRefusal(Transaction&)>& work) {
-  for (int attempt = 1;; ++attempt) {
-    Phase phase = Phase::kWork;
-    try {
-      Transaction transaction(connection);
-      if (MaybeRefusal refusal = work(transaction)) {
-        return refusal;
-      }
-      phase = Phase::kCommit;
-      transaction.Commit();
-      break;
-    } catch (const DatabaseError& error) {
-      if (!MayTryAgain(error, phase, attempt)) {
-        throw;
-      }
-    }
-    WaitABit(attempt);
+                           const std::function<MaybeRefusal(Transaction&)>& work, Turn turn) {
+  if (MaybeRefusal refusal = Tries(connection, work, turn).Run()) {
+    return refusal;
   }
   try {
     connection.FlushTables();

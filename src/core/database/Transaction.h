@@ -36,14 +36,22 @@ class Transaction {
   bool open_ = true;
 };
 
+/// What may run beside a transaction: shared, every other one but one alone; alone, none.
+enum class Turn { kShared, kAlone };
+
 /// Runs `work` in a transaction, commits when it returns without a refusal and then sends "Flush
 /// Tables" once; a refusal or an exception rolls back. Work that the server gave up because of
-/// another transaction, or whose connection was lost before the commit, is done again, at most
-/// kAttempts times in all; so `work` changes nothing but the database, and sets what its caller
-/// reads afresh each time.
+/// another transaction, or whose connection was lost, is done again, at most kAttempts times in
+/// all; so `work` changes nothing but the database, and sets what its caller reads afresh each
+/// time. The later tries are made alone, so that none is given up for ever. A commit whose answer
+/// was lost is looked up: it is done, or the work is done again.
+///
+/// A Turn::kAlone waits for all others and keeps them waiting: what it reads stays as it is until
+/// it ends.
 MaybeRefusal InTransaction(Connection& connection,
-                           const std::function<MaybeRefusal(Transaction&)>& work);
+                           const std::function<MaybeRefusal(Transaction&)>& work,
+                           Turn turn = Turn::kShared);
 
-inline constexpr int kAttempts = 4;
+inline constexpr int kAttempts = 8;
 
 }  // namespace quorvane::database

@@ -1,25 +1,14 @@
 #include "core/gains/Matching.h"
 
+#include "core/gains/AverageCost.h"
 #include "core/gains/LotIndex.h"
 #include "core/text/Amounts.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace quorvane::gains {
 namespace {
-
-/// Takes binary dust off a quantity: shares have at most six decimals.
-double CleanQuantity(double shares) {
-  constexpr double kMillion = 1e6;
-  constexpr double kLargest = 9e9;
-  if (!(std::abs(shares) < kLargest)) {
-    return shares;
-  }
-  const auto millionths = static_cast<std::int64_t>(shares * kMillion + std::copysign(0.5, shares));
-  return static_cast<double>(millionths) / kMillion;
-}
 
 /// Multiplies before it divides and rounds nothing, so that a cost on a half paisa stays there
 /// until it is rounded once.
@@ -52,37 +41,14 @@ class Spread {
   std::int64_t given_ = 0;
 };
 
-/// The moving average of what is held. The ratio cost / shares changes with a purchase only.
-class MovingAverage {
- public:
-  void Add(double shares, double cost) {
-    if (!(shares > 0)) {
-      return;
-    }
-    const double held_cost = CostOfAll();
-    held_ = CleanQuantity(held_ + shares);
-    shares_ = held_;
-    cost_ = held_cost + cost;
-  }
-  void Remove(double shares) { held_ = std::max(0.0, CleanQuantity(held_ - shares)); }
-  double CostOfAll() const { return held_ > 0 ? CostOf(held_) : 0; }
-  double CostOf(double shares) const {
-    return shares == shares_ ? cost_ : cost_ * shares / shares_;
-  }
-
- private:
-  double held_ = 0;
-  double shares_ = 1;
-  double cost_ = 0;
-};
-
 class Matcher {
  public:
   Matcher(std::span<Purchase> purchases, std::span<const Sale> sales, ChargeChoice charges,
           CostBasis basis, std::vector<Match>& matches)
       : purchases_(purchases),
         sales_(sales),
-        charges_(charges),
+        charges_{.service_tax = charges.service_tax || basis == CostBasis::kAverage,
+                 .stt = charges.stt},
         average_wanted_(basis == CostBasis::kAverage),
         matches_(matches),
         lots_(purchases) {}
@@ -112,7 +78,7 @@ class Matcher {
   bool average_wanted_;
   std::vector<Match>& matches_;
   LotIndex lots_;
-  MovingAverage average_;
+  AverageCost average_;
   std::uint32_t taken_in_ = 0;  ///< purchases that the average knows
 };
 
@@ -120,18 +86,23 @@ class Matcher {
 void Matcher::TakeIn(Date until) {
   while (taken_in_ < purchases_.size() && purchases_[taken_in_].date <= until) {
     const Purchase& purchase = purchases_[taken_in_++];
-    average_.Add(purchase.remaining, CostOf(purchase, purchase.remaining, charges_));
+    average_.Receive(purchase.remaining,
+                     text::ToPaise(CostOf(purchase, purchase.remaining, charges_)));
   }
 }
 
-/// A lot that comes in only after the sale is no part of the average and keeps its own cost.
+/// A lot that comes in only after the sale is no part of the average and keeps its own cost: as
+/// much as what is left of it costs less.
 std::int64_t Matcher::CostPaise(std::uint32_t lot, double shares) {
-  if (!average_wanted_ || lot >= taken_in_) {
-    return text::ToPaise(CostOf(purchases_[lot], shares, charges_));
+  const Purchase& purchase = purchases_[lot];
+  if (!average_wanted_) {
+    return text::ToPaise(CostOf(purchase, shares, charges_));
   }
-  const std::int64_t cost = text::ToPaise(average_.CostOf(shares));
-  average_.Remove(shares);
-  return cost;
+  if (lot < taken_in_) {
+    return average_.Release(shares);
+  }
+  return text::ToPaise(CostOf(purchase, CleanQuantity(purchase.remaining + shares), charges_)) -
+         text::ToPaise(CostOf(purchase, purchase.remaining, charges_));
 }
 
 void Matcher::Record(OpenSale& open, std::uint32_t lot, double shares, std::int64_t cost) {
@@ -141,7 +112,7 @@ void Matcher::Record(OpenSale& open, std::uint32_t lot, double shares, std::int6
   }
   Match match{.sale = open.row, .purchase = lot, .quantity = shares};
   match.cost = cost;
-  match.sale_amount = sale.transfer ? cost : open.amount.Next(open.open);
+  match.sale_amount = open.amount.Next(open.open);
   match.stt_paid = open.stt.Next(open.open);
   if (lot != Match::kNoPurchase) {
     match.kind = Classify(purchases_[lot].date, sale.date);
@@ -181,7 +152,7 @@ std::int64_t Matcher::CostOfTheRest() {
     return 0;
   }
   TakeIn(std::ranges::max(purchases_, {}, &Purchase::date).date);
-  return text::ToPaise(average_.CostOfAll());
+  return average_.Cost();
 }
 
 void Matcher::MatchSale(std::uint32_t row) {

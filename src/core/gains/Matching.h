@@ -49,9 +49,8 @@ struct ChargeChoice {
 };
 
 /// A quantity of a sale and the purchase that it used up. Money in paise: what is shown is what is
-/// added up. gain = sale_amount - cost (- stt_paid with ChargeChoice::stt); a transfer's
-/// sale_amount is its cost and its gain 0. Without a purchase (purchase == kNoPurchase) there is no
-/// cost, no gain and no kind.
+/// added up. gain = sale_amount - cost (- stt_paid with ChargeChoice::stt), and 0 for a transfer.
+/// Without a purchase (purchase == kNoPurchase) there is no cost, no gain and no kind.
 struct Match {
   static constexpr std::uint32_t kNoPurchase = 0xFFFFFFFF;
 
@@ -76,7 +75,8 @@ double UnitCost(const Purchase& purchase, ChargeChoice charges);
 /// How the cost of a sold share is found: of the lot that the sale used up, or the moving average
 /// of all lots held at the sale (holding periods still follow the lots). The average counts the
 /// purchases of the sale's own day, starts again after the holding was empty, and leaves out lots
-/// that come in only after the sale: a sale that names such a lot takes that lot's cost.
+/// that come in only after the sale: a sale that names such a lot takes that lot's cost. Service
+/// tax counts into the average cost whatever the choice of charges.
 enum class CostBasis : std::uint8_t { kLot, kAverage };
 
 /// Uses the purchases up by the sales, each sale within the purchases of its lot rate, first in

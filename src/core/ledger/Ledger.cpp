@@ -7,22 +7,6 @@
 #include <cmath>
 
 namespace quorvane::ledger {
-namespace {
-
-std::string_view Sign(Posting posting) {
-  return posting == Posting::kAdd ? "+" : "-";
-}
-
-LotId FindLot(Transaction& transaction, const LotKey& key, LotTable table) {
-  auto rows = transaction.Open(
-      fmt::format("Select Id From {} Where Cid=? and Fyear=? and AcId=? and ScriptId=? and Rate=?",
-                  TableName(table)),
-      key.of.client, key.of.year.Text(), key.account, key.scrip, key.rate);
-  return rows.Next() ? LotId{rows.Int(std::size_t{0})} : LotId{};
-}
-
-}  // namespace
-
 std::string_view TableName(LotTable table) {
   return table == LotTable::kStock ? "Stock" : "Stock_Temp";
 }
@@ -36,26 +20,6 @@ double SettleQuantity(double quantity) {
   }
   const double settled = std::round(quantity * kSixDecimals) / kSixDecimals;
   return settled == 0 ? 0 : settled;
-}
-
-LotId PostLot(Transaction& transaction, Posting posting, const LotKey& key, double quantity,
-              LotTable table) {
-  if (const LotId found = FindLot(transaction, key, table)) {
-    AdjustLotQty(transaction, posting, found, quantity, table);
-    return found;
-  }
-  const LotId made{database::NextSharedKey(transaction, {"Stock", "Stock_Temp"})};
-  transaction.Execute(fmt::format("Insert Into {} Values(?,?,?,?,?,?,?)", TableName(table)),
-                      key.of.client, key.of.year.Text(), made, key.account, key.scrip,
-                      SettleQuantity(quantity), key.rate);
-  return made;
-}
-
-void AdjustLotQty(Transaction& transaction, Posting posting, LotId lot, double quantity,
-                  LotTable table) {
-  transaction.Execute(
-      fmt::format("Update {} Set Qty=Round(Qty{}?,6) Where Id=?", TableName(table), Sign(posting)),
-      quantity, lot);
 }
 
 void LockLots(Transaction& transaction, const std::optional<ClientYear>& of) {

@@ -20,16 +20,6 @@ struct Lot {
   double rate = 0;      ///< rupees a share
 };
 
-/// Posts a positive quantity of shares into the lot of that key and returns the lot. A lot that
-/// does not exist is made with the quantity as it stands, whatever `posting` says; so a caller
-/// subtracts only from a lot that it has read. Quantities are kept to six decimals.
-LotId PostLot(Transaction& transaction, Posting posting, const LotKey& key, double quantity,
-              LotTable table);
-
-/// Changes the quantity of the lot of that key number; an unknown one changes nothing.
-void AdjustLotQty(Transaction& transaction, Posting posting, LotId lot, double quantity,
-                  LotTable table);
-
 /// The lots of a client and year, in the order of their ids; of one account when it is given.
 std::vector<Lot> ReadLots(Connection& connection, const ClientYear& of,
                           std::optional<AccountId> account = std::nullopt,

@@ -155,17 +155,23 @@ std::optional<ScripId> Lots::Shortage() const {
 }
 
 void Lots::Write(Transaction& transaction) {
+  const auto count = std::ranges::count_if(entries_, &Entry::is_new);
+  if (count > 0) {
+    InsertNew(transaction, database::NextKeys(transaction, "Stock", static_cast<int>(count)));
+  }
+  Update(transaction, entries_);
+}
+
+void Lots::InsertNew(Transaction& transaction, int first) {
   records::Writer<Lot> insert(transaction);
   for (Entry& entry : entries_) {
-    if (!entry.is_new) {
-      continue;
+    if (entry.is_new) {
+      const LotId number{first++};
+      numbered_.emplace(std::exchange(entry.lot.id, number), number);
+      insert.Write(entry.lot);
     }
-    const LotId number{database::NextSharedKey(transaction, {"Stock", "Stock_Temp"})};
-    numbered_.emplace(std::exchange(entry.lot.id, number), number);
-    insert.Write(entry.lot);
   }
   insert.Finish();
-  Update(transaction, entries_);
 }
 
 LotId Lots::Numbered(LotId id) const {

@@ -121,6 +121,7 @@ class Lots {
     bool operator()(const LotKey& a, const LotKey& b) const noexcept;
   };
 
+  void InsertNew(database::Transaction& transaction, int first);
   std::uint32_t FirstAt(const LotKey& key) const;
   std::uint32_t IndexOf(const LotKey& key) const;
   void Append(const records::Lot& lot, Shares stored, bool is_new);

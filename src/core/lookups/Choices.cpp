@@ -38,7 +38,7 @@ constexpr std::array kDropDownQueries{
 
 constexpr std::string_view kAccountsOfClient = "Select ID,AcNo From ClientActDet Where Cid=?";
 constexpr std::string_view kAccountsOfOthers = "Select Id,ACNo From ClientActDet Where Cid<>?";
-constexpr std::string_view kDpIdsOfParticipant = "Select ID,DpId From DpIds Where DepId=?";
+constexpr std::string_view kDpIdsOfParticipant = "Select ID,DpId From DpIDs Where DepId=?";
 
 template <class Key, std::size_t kCount>
 std::string_view QueryOf(const std::array<Query<Key>, kCount>& queries, Key key) {
@@ -53,16 +53,18 @@ std::vector<Item> ReadItems(Recordset rows) {
   return items;
 }
 
+}  // namespace
+
 QString ListOf(const std::vector<Item>& items) {
   QString list;
   for (const Item& item : items) {
-    list += QLatin1Char('#') + QString::number(item.id) + QLatin1Char(';') + item.text +
-            QLatin1Char('|');
+    QString text = item.text;
+    text.replace(QLatin1Char('|'), kBarInText);
+    list +=
+        QLatin1Char('#') + QString::number(item.id) + QLatin1Char(';') + text + QLatin1Char('|');
   }
   return list;
 }
-
-}  // namespace
 
 QString ChoiceList(Connection& connection, Choices choices) {
   return ListOf(ReadItems(connection.Open(QueryOf(kChoiceQueries, choices))));

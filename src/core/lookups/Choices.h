@@ -39,7 +39,11 @@ struct Item {
   bool operator==(const Item&) const = default;
 };
 
+/// What a choice list has in place of a "|" within a text, which would end the entry.
+inline constexpr QChar kBarInText{0x1F};
+
 /// A grid column's choice list: "#id;text|" a record; empty when there is none.
+QString ListOf(const std::vector<Item>& items);
 QString ChoiceList(database::Connection& connection, Choices choices);
 QString AccountChoiceList(database::Connection& connection, ClientId client);
 QString DpIdChoiceList(database::Connection& connection, ParticipantId participant);

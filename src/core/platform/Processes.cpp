@@ -67,6 +67,12 @@ bool IsSuperuser() {
   return geteuid() == 0;
 }
 
+bool IsOfSuperuser(const QString& file) {
+  struct stat status = {};
+  return stat(QFile::encodeName(file).constData(), &status) == 0 && S_ISREG(status.st_mode) &&
+         status.st_uid == 0 && (status.st_mode & 022) == 0;
+}
+
 void MakePrivateFolder(const QString& path) {
   QDir().mkpath(QFileInfo(path).absolutePath());
   const QByteArray name = QFile::encodeName(path);

@@ -20,6 +20,9 @@ std::int64_t FindProcess(const QString& argument);
 /// True for the superuser, whom some servers refuse to serve unless told to.
 bool IsSuperuser();
 
+/// True for a file that the superuser owns and nobody else may change. False when there is none.
+bool IsOfSuperuser(const QString& file);
+
 /// Makes a folder that nobody but this user can enter, or checks that an existing one is such a
 /// folder; throws std::runtime_error when it belongs to somebody else or cannot be made.
 void MakePrivateFolder(const QString& path);

@@ -29,13 +29,12 @@ QUrl WithPath(QUrl host, const QString& path) {
   return host;
 }
 
-/// Empties the work folder; a file that cannot be removed is written over.
-void Empty(const QString& folder) {
+/// Removes the work folder with all that is in it and makes it again; a file that cannot be removed
+/// is written over.
+void MakeEmpty(const QString& folder) {
   QDir dir(folder);
+  dir.removeRecursively();
   dir.mkpath(QStringLiteral("."));
-  for (const QString& name : dir.entryList(QDir::Files | QDir::Hidden)) {
-    dir.remove(name);
-  }
 }
 
 /// The file is kept for a look at it; when that fails the price is told all the same.
@@ -65,7 +64,7 @@ QuoteDesk::QuoteDesk(ExchangeHosts hosts, QString work_folder, QObject* parent)
     : QObject(parent), hosts_(std::move(hosts)), work_folder_(std::move(work_folder)) {}
 
 void QuoteDesk::ClosingPrice(const PriceQuestion& question, Answer answer) {
-  Empty(work_folder_);
+  MakeEmpty(work_folder_);
   download_.Get(PriceFileOf(question), limits_,
                 [this, date = question.date, answer = std::move(answer)](const Downloaded& file) {
                   if (file.IsWhole()) {
@@ -73,6 +72,17 @@ void QuoteDesk::ClosingPrice(const PriceQuestion& question, Answer answer) {
                   }
                   answer(file.IsWhole() ? ClosingPriceIn(file.body, date) : 0);
                 });
+}
+
+void QuoteDesk::PriceOn(const PriceQuestion& question, text::Date today, Answer answer) {
+  const bool of_today = question.date == today;
+  ClosingPrice(question, [this, question, of_today, answer = std::move(answer)](double rupees) {
+    if (rupees == 0 && of_today) {
+      CurrentQuote(question.exchange, question.code, answer);
+    } else {
+      answer(rupees);
+    }
+  });
 }
 
 void QuoteDesk::CurrentQuote(const QString& exchange, const QString& code, Answer answer) {

@@ -40,11 +40,14 @@ class QuoteDesk : public QObject {
  public:
   using Answer = std::function<void(double rupees)>;
 
-  /// `work_folder` ("MRate") is emptied before each question of a closing price; the exchange's
-  /// file is kept there as DateMRate.csv.
+  /// `work_folder` ("MRate") is removed and made again before each question of a closing price; the
+  /// exchange's file is kept there as DateMRate.csv.
   QuoteDesk(ExchangeHosts hosts, QString work_folder, QObject* parent = nullptr);
 
   void ClosingPrice(const PriceQuestion& question, Answer answer);
+
+  /// The closing price, and the current quote when the day is today and has none yet.
+  void PriceOn(const PriceQuestion& question, text::Date today, Answer answer);
   void CurrentQuote(const QString& exchange, const QString& code, Answer answer);
   void Cancel() { download_.Cancel(); }
 

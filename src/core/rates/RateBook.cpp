@@ -82,7 +82,8 @@ void Insert(Transaction& transaction, text::Date date, const QString& day, const
   const std::string year = text::FinancialYear::Of(date).Utf8();
   BulkWriter writer(transaction,
                     "Insert Into MarketRate(Fyear,Id,MDate,ScrId,Rate) Values(?,?,?,?,?)", "titid");
-  int next = database::NextKey(transaction, "MarketRate");
+  int next =
+      database::NextKeys(transaction, "MarketRate", static_cast<int>(changes.inserts.size()));
   for (const ScripRate& rate : changes.inserts) {
     writer.Text(year)
         .Int(next++)

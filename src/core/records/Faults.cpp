@@ -19,6 +19,8 @@ QString RecordName(const Fault& fault) {
       return Tr("Transfer %1").arg(key);
     case FaultKind::kOpeningWithoutDate:
       return Tr("Opening stock %1").arg(key);
+    case FaultKind::kPaymentWithoutDate:
+      return Tr("Payment or receipt %1").arg(key);
     case FaultKind::kRecordWithoutYear:
       return Tr("Record %1").arg(key);
     default:
@@ -37,6 +39,8 @@ QString Reason(FaultKind kind) {
       return Tr("has a line of another client or year, which is left out");
     case FaultKind::kTransferToItself:
       return Tr("goes to the account that it comes from and counts as gone");
+    case FaultKind::kPaymentWithoutDate:
+      return Tr("has no proper date and is left out of the broker ledger");
     case FaultKind::kSaleWithoutLot:
       return Tr("sells shares from no lot of its account");
     case FaultKind::kRecordWithoutYear:

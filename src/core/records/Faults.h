@@ -21,6 +21,7 @@ enum class FaultKind : std::uint8_t {
   kLineOfAnotherBill,    ///< its client or year is not its bill's: counts nowhere
   kTransferToItself,     ///< the account is the sender and nothing else
   kSaleWithoutLot,       ///< takes its shares from no lot although its account has lots of them
+  kPaymentWithoutDate,   ///< a payment or receipt; left out of the broker ledger
   kRecordWithoutYear,    ///< its year cannot be read: counts nowhere
 };
 

@@ -79,6 +79,12 @@ class Select {
     return OrderByText(std::string(ColumnOf(member)));
   }
 
+  /// The largest first.
+  template <class Field>
+  Select& OrderDownBy(Field Record::*member) {
+    return OrderByText(std::string(ColumnOf(member)) + " Desc");
+  }
+
   /// By the day that a "dd/mm/yyyy" column names.
   template <class Field>
   Select& OrderByDay(Field Record::*member) {
@@ -88,6 +94,12 @@ class Select {
   /// Locks the rows to the end of the transaction, and the places where rows could come in.
   Select& ForUpdate() {
     lock_ = " For Update";
+    return *this;
+  }
+
+  /// Locks the rows against changes by others to the end of the transaction.
+  Select& Shared() {
+    lock_ = " Lock In Share Mode";
     return *this;
   }
 

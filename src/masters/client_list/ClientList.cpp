@@ -41,6 +41,11 @@ std::vector<text::FinancialYear> YearsUpTo(text::Date today) {
   return years;
 }
 
+bool HasClients(database::Connection& connection) {
+  auto rows = connection.Open("Select Id From ClientInfo Limit 1");
+  return rows.Next();
+}
+
 std::optional<Target> FindTarget(const QString& name) {
   const auto found = std::ranges::find_if(kTargets, [&](const Target& target) {
     return name.compare(QLatin1String(target.name), Qt::CaseInsensitive) == 0;

@@ -16,6 +16,9 @@ namespace quorvane::client_list {
 std::vector<text::FinancialYear> YearsUpTo(text::Date today);
 text::FinancialYear DefaultYear(text::Date today);
 
+/// Whether any client is entered yet.
+bool HasClients(database::Connection& connection);
+
 /// What stands behind a target name of the menu. A window that has two duties is opened for one of
 /// them by the target.
 struct Target {

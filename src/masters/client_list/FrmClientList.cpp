@@ -5,8 +5,11 @@
 #include "masters/client_list/ClientList.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace quorvane::client_list {
 namespace {
@@ -26,12 +29,39 @@ FrmClientList::FrmClientList(controls::Desk& desk)
   BuildControls();
   FillClients();
   FillYears();
+  AskedAgain();
+}
+
+void FrmClientList::AskedAgain() {
+  target_ = Session().target;
+  TxtSearch->setFocus(Qt::OtherFocusReason);
+}
+
+bool FrmClientList::eventFilter(QObject* watched, QEvent* event) {
+  return (event->type() == QEvent::KeyPress && SearchKey(*static_cast<QKeyEvent*>(event))) ||
+         ChildWindow::eventFilter(watched, event);
+}
+
+/// The keys of the list and of the button that the search has, too.
+bool FrmClientList::SearchKey(const QKeyEvent& event) {
+  const int last = CVS->Model().RowCount() - 1;
+  if (controls::IsEnter(event)) {
+    cmdproceed->click();
+  } else if (event.key() == Qt::Key_Up) {
+    CVS->SelectRow(std::max(CVS->CurrentRow() - 1, 0));
+  } else if (event.key() == Qt::Key_Down) {
+    CVS->SelectRow(std::min(CVS->CurrentRow() + 1, last));
+  } else {
+    return false;
+  }
+  return true;
 }
 
 void FrmClientList::BuildControls() {
   TxtSearch = new controls::TextBox();
   TxtSearch->setObjectName(QStringLiteral("TxtSearch"));
   TxtSearch->setPlaceholderText(tr("Code or name begins with ..."));
+  TxtSearch->installEventFilter(this);
   CVS = new controls::Grid(QStringLiteral("CVS"), tr("Clients"));
   CVS->SetColumns({{.heading = tr("Code")}, {.heading = tr("Client Name")}});
   CboYr = new controls::ComboBox();
@@ -131,15 +161,16 @@ void FrmClientList::Proceed(int client, text::FinancialYear year) {
   app::Session& session = Session();
   session.current = ClientYear{ClientId{client}, year};
   session.current_client_name = CVS->Model().Text(CVS->CurrentRow(), kName);
-  const auto target = FindTarget(session.target);
+  const auto target = FindTarget(target_);
   if (!target) {
-    throw std::runtime_error(tr("There is no window %1.").arg(session.target).toStdString());
+    throw std::runtime_error(tr("There is no window %1.").arg(target_).toStdString());
   }
+  session.target = target_;  // a window of two duties reads it
   if (target->window == nullptr) {
     controls::ProgressDialog progress(this);
     Say().Inform(UpdateStock(*session.connection, *session.current, progress));
   } else {
-    TheDesk().open(session.target);
+    TheDesk().open(target_);
   }
   close();
 }

@@ -32,25 +32,11 @@ bool HasNumber(const Account& account) {
   return !account.number.trimmed().isEmpty();
 }
 
-MaybeRefusal CheckEntries(const Client& client) {
-  if (client.code.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Code."), CodeField());
-  }
-  if (client.name.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Name."), masters::BoxName(kNameBox));
-  }
-  if (std::ranges::none_of(client.accounts, HasNumber)) {
-    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Demat A/c Details."), AccountsField());
-  }
-  return std::nullopt;
-}
-
-Refusal WrongDate() {
-  return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Proper Date."), DateField());
-}
-
 MaybeRefusal CheckDateOfBirth(const QString& date) {
-  return date.isEmpty() || text::ParseDmy(date) ? std::nullopt : MaybeRefusal(WrongDate());
+  if (date.isEmpty() || text::ParseDmy(date)) {
+    return std::nullopt;
+  }
+  return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Proper Date."), DateField());
 }
 
 std::vector<TextCell> Cells(const Client& client) {
@@ -101,34 +87,40 @@ QStringList MaritalStatusItems() {
           QCoreApplication::translate("Clients", "Divorced")};
 }
 
-MaybeRefusal CheckClient(const Client& client) {
-  if (MaybeRefusal refusal = CheckEntries(client)) {
-    return refusal;
+MaybeRefusal CheckEntries(const Client& client) {
+  if (client.code.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Code."), CodeField());
   }
-  if (MaybeRefusal refusal = CheckDateOfBirth(client.date_of_birth)) {
-    return refusal;
+  if (client.name.trimmed().isEmpty()) {
+    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Name."), masters::BoxName(kNameBox));
   }
-  MaybeRefusal refusal = CheckPan(client.pan);
-  return refusal ? refusal : CheckWidths(client);
+  if (std::ranges::none_of(client.accounts, HasNumber)) {
+    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Demat A/c Details."), AccountsField());
+  }
+  return std::nullopt;
+}
+
+MaybeRefusal CheckValues(const Client& client, const Client& stored) {
+  if (client.date_of_birth != stored.date_of_birth) {
+    if (MaybeRefusal refusal = CheckDateOfBirth(client.date_of_birth)) {
+      return refusal;
+    }
+  }
+  if (client.pan != stored.pan) {
+    if (MaybeRefusal refusal = CheckPan(client.pan)) {
+      return refusal;
+    }
+  }
+  return CheckWidths(client);
+}
+
+bool IsEmptyDate(const QString& date) {
+  return std::ranges::all_of(
+      date, [](QChar c) { return c.isSpace() || c == QChar('_') || c == QChar('/'); });
 }
 
 bool IsBlank(const Account& account) {
   return !account.id && !account.participant && !HasNumber(account);
-}
-
-MaybeRefusal CompleteDateOfBirth(QString& typed, text::Date today) {
-  const bool empty = std::ranges::all_of(
-      typed, [](QChar c) { return c.isSpace() || c == QChar('_') || c == QChar('/'); });
-  if (empty) {
-    typed.clear();
-    return std::nullopt;
-  }
-  const std::optional<QString> completed = text::CompleteDate(typed, today);
-  if (!completed) {
-    return WrongDate();
-  }
-  typed = *completed;
-  return std::nullopt;
 }
 
 MaybeRefusal CheckPan(const QString& pan) {

@@ -28,7 +28,7 @@ struct Client {
   QString group_code;
   QString name;
   masters::Contact contact;
-  QString date_of_birth;    ///< dd/mm/yyyy or empty
+  QString date_of_birth;    ///< dd/mm/yyyy or empty; anything in an older record
   QString pan;              ///< permanent account number, may be empty
   int sex = -1;             ///< place in SexItems(); -1 when none is chosen
   int marital_status = -1;  ///< place in MaritalStatusItems(); -1 when none is chosen
@@ -40,17 +40,18 @@ struct Client {
 QStringList SexItems();
 QStringList MaritalStatusItems();
 
-/// The first rule that the client breaks: code, name, accounts; then the date of birth, the
-/// permanent account number and texts that are too long. Whether the code is free is for the book.
-MaybeRefusal CheckClient(const Client& client);
+/// The rules of a client in their order: first code, name and accounts; then, after the book has
+/// seen whether the code is free, the date of birth, the permanent account number and texts that
+/// are too long. What an older record holds and nobody changed, as in `stored`, stops no save.
+MaybeRefusal CheckEntries(const Client& client);
+MaybeRefusal CheckValues(const Client& client, const Client& stored);
+
+/// An empty text, or the mask that older records hold in place of one: "__/__/____".
+bool IsEmptyDate(const QString& date);
 
 /// Whether a row of the accounts' grid says nothing and is not to be kept. A row that stands in the
 /// database is kept: records point at it.
 bool IsBlank(const Account& account);
-
-/// Completes a typed date of birth in place, or refuses it; an empty one, or the mask of an empty
-/// date box, becomes empty. For leaving the box.
-MaybeRefusal CompleteDateOfBirth(QString& typed, text::Date today);
 
 /// For leaving the box: what is wrong with a permanent account number, and a warning about one that
 /// is accepted nevertheless.

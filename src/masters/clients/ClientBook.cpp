@@ -36,7 +36,9 @@ Client ClientOf(const Recordset& row) {
   client.group_code = row.Text(2);
   client.name = row.Text(3);
   client.contact = masters::ContactOf(row, kFirstContactColumn);
-  client.date_of_birth = row.Text(kAfterContact);
+  if (const QString date = row.Text(kAfterContact); !IsEmptyDate(date)) {
+    client.date_of_birth = date;
+  }
   client.pan = row.Text(kAfterContact + 1);
   client.sex = row.OptionalInt(kAfterContact + 2).value_or(-1);
   client.marital_status = row.OptionalInt(kAfterContact + 3).value_or(-1);
@@ -56,10 +58,14 @@ std::vector<Account> ReadAccounts(Connection& connection, ClientId client) {
   return accounts;
 }
 
-bool CodeIsTaken(Transaction& transaction, const Client& client) {
-  return transaction
+bool CodeIsTaken(Connection& connection, const Client& client) {
+  return connection
       .Open("Select Code From ClientInfo Where Code=? and Id<>? For Update", client.code, client.id)
       .Next();
+}
+
+Refusal CodeTaken() {
+  return {QCoreApplication::translate("Clients", "Client Code Already Exists."), CodeField()};
 }
 
 void Insert(Transaction& transaction, const Client& client) {
@@ -73,20 +79,20 @@ void Insert(Transaction& transaction, const Client& client) {
       values);
 }
 
-/// Rows that stand in the database keep their ids. New ones are numbered above all that stand
-/// there, so that none takes the id of an account that is removed along with this save.
+/// Rows that stand in the database keep their ids; the others get new ones.
 void NumberAccounts(Transaction& transaction, Client& client) {
   std::set<AccountId> stored;
   for (const auto& row :
        transaction.Open("Select id From ClientActDet Where CId=? For Update", client.id)) {
     stored.insert(AccountId{row.Int(std::size_t{0})});
   }
-  int next = database::NextKey(transaction, "ClientActDet", "id");
+  int next = database::FirstFreeKey(transaction, "ClientActDet");
   for (Account& account : client.accounts) {
     if (stored.erase(account.id) == 0) {
       account.id = AccountId{next++};
     }
   }
+  database::KeepKeys(transaction, "ClientActDet", next);
 }
 
 void ReplaceAccounts(Transaction& transaction, Client& client) {
@@ -100,9 +106,8 @@ void ReplaceAccounts(Transaction& transaction, Client& client) {
 }
 
 MaybeRefusal SaveIn(Transaction& transaction, Client& client) {
-  if (CodeIsTaken(transaction, client)) {
-    return Refusal{QCoreApplication::translate("Clients", "Client Code Already Exists."),
-                   CodeField()};
+  if (CodeIsTaken(transaction.GetConnection(), client)) {
+    return CodeTaken();
   }
   client.id = database::ClaimKey(transaction, "ClientInfo", client.id);
   Insert(transaction, client);
@@ -159,12 +164,13 @@ std::optional<Client> ClientBook::Load(ClientId id) const {
 }
 
 MaybeRefusal ClientBook::Save(Client& client, const QString& new_document) {
-  if (MaybeRefusal refusal = CheckClient(client)) {
+  const Client stored = Load(client.id).value_or(Client{});
+  if (MaybeRefusal refusal = Check(client, stored)) {
     return refusal;
   }
   Client received = client;
   DocumentStore::Incoming incoming;
-  if (MaybeRefusal refusal = ReceiveDocument(received, new_document, incoming)) {
+  if (MaybeRefusal refusal = ReceiveDocument(received, stored, new_document, incoming)) {
     return refusal;
   }
   Client saved;
@@ -177,6 +183,13 @@ MaybeRefusal ClientBook::Save(Client& client, const QString& new_document) {
     FileDocument(client, std::move(incoming));
   }
   return refusal;
+}
+
+MaybeRefusal ClientBook::Check(const Client& client, const Client& stored) const {
+  if (MaybeRefusal refusal = CheckEntries(client)) {
+    return refusal;
+  }
+  return CodeIsTaken(connection_, client) ? CodeTaken() : CheckValues(client, stored);
 }
 
 void ClientBook::Delete(ClientId id) {
@@ -199,7 +212,8 @@ void ClientBook::Delete(ClientId id) {
   }
 }
 
-MaybeRefusal ClientBook::ReceiveDocument(Client& client, const QString& new_document,
+MaybeRefusal ClientBook::ReceiveDocument(Client& client, const Client& stored,
+                                         const QString& new_document,
                                          DocumentStore::Incoming& incoming) const {
   if (!new_document.isEmpty()) {
     MaybeRefusal refusal = documents_.Receive(new_document, incoming);
@@ -207,8 +221,9 @@ MaybeRefusal ClientBook::ReceiveDocument(Client& client, const QString& new_docu
     return refusal;
   }
   client.document = client.document.trimmed();
-  const bool missing =
-      !client.document.isEmpty() && (!client.id || !documents_.Path(client.id, client.document));
+  const bool changed = client.document != stored.document.trimmed();
+  const bool missing = changed && !client.document.isEmpty() &&
+                       (!client.id || !documents_.Path(client.id, client.document));
   return missing ? MaybeRefusal(FileDoesNotExist()) : std::nullopt;
 }
 

@@ -31,11 +31,14 @@ class ClientBook {
   /// A client with the accounts in the order of their ids.
   std::optional<Client> Load(ClientId id) const;
 
-  /// Writes a new client, or a changed one in place of the old, and the accounts in place of those
-  /// there were. Sets the ids of the client and of new accounts, and leaves out blank accounts.
+  /// Checks what the record breaks by itself (Client.h), the code being free after the accounts and
+  /// before the values, and the document last. Writes a new client, or a changed one in place of
+  /// the old, and the accounts in place of those there were. Sets the ids of the client and of new
+  /// accounts, and leaves out blank accounts.
   ///
   /// The document is the file `new_document`, whose name the client takes over; without one it is
   /// the file of that name which the client has; a client that names none loses the one there was.
+  /// A name that the record had before is kept although its file is missing.
   MaybeRefusal Save(Client& client, const QString& new_document = {});
 
   /// Removes the client, every row of every table whose first column is the client's key, and the
@@ -45,7 +48,8 @@ class ClientBook {
   const DocumentStore& Documents() const { return documents_; }
 
  private:
-  MaybeRefusal ReceiveDocument(Client& client, const QString& new_document,
+  MaybeRefusal Check(const Client& client, const Client& stored) const;
+  MaybeRefusal ReceiveDocument(Client& client, const Client& stored, const QString& new_document,
                                DocumentStore::Incoming& incoming) const;
   void FileDocument(const Client& client, DocumentStore::Incoming incoming) const;
 

@@ -1,5 +1,6 @@
 #include "masters/clients/DocumentStore.h"
 
+#include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 #include "masters/clients/Client.h"
 #include "masters/clients/DocumentKind.h"
@@ -136,9 +137,7 @@ MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) c
   platform::MakeMissingFolder(folder_);
   QSaveFile to(folder_ + QStringLiteral("/incoming-") +
                QUuid::createUuid().toString(QUuid::WithoutBraces));
-  if (!to.open(QIODevice::WriteOnly)) {
-    Fail(to.fileName(), to.errorString());
-  }
+  platform::OpenPrivate(to);
   if (!CopyBounded(from, to, most_bytes_)) {
     return TooLarge(most_bytes_);
   }

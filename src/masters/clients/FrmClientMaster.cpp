@@ -68,7 +68,8 @@ QLayout* FrmClientMaster::Fields() {
 }
 
 void FrmClientMaster::AddContact(FieldLayout& fields) {
-  AddBox(fields, Address, tr("Add&ress"), kColumns);
+  address_ =
+      fields.Add(tr("Add&ress"), masters::BoxName(Address), new controls::LinesBox(), kColumns);
   AddBox(fields, City, tr("Ci&ty"));
   Combo1 = fields.Add(tr("Stat&e"), QStringLiteral("Combo1"),
                       new ComboBox(nullptr, ComboBox::Entry::kFreeText));
@@ -159,15 +160,19 @@ void FrmClientMaster::FillList() {
 
 void FrmClientMaster::Clear() {
   for (TextBox* box : Text1) {
-    box->clear();
+    if (box != nullptr) {
+      box->clear();
+    }
   }
+  address_->clear();
   for (ComboBox* box : {Combo1, Combo2, Combo3}) {
     box->Clear();
   }
-  MaskEdBox1->clear();
+  MaskEdBox1->SetDate({});
   accounts_->Show({});
   new_document_.clear();
   warned_pan_.clear();
+  stored_pan_.clear();
   ShowDocumentName({});
 }
 
@@ -186,13 +191,17 @@ void FrmClientMaster::ShowClient(const Client& client) {
       contact.pin,   contact.std_code,  contact.phone,  contact.mobile,  contact.fax,
       contact.email, client.pan,        client.document};
   for (std::size_t field = 0; field < texts.size(); ++field) {
-    Text1[field]->setText(texts[field]);
+    if (Text1[field] != nullptr) {
+      Text1[field]->setText(texts[field]);
+    }
   }
+  address_->setText(contact.address);
   Combo1->ByText(contact.state);
   MaskEdBox1->SetDate(client.date_of_birth);
   Combo2->ById(client.sex);
   Combo3->ById(client.marital_status);
   warned_pan_ = client.pan;
+  stored_pan_ = client.pan;
   accounts_->Show(client.accounts);
   ShowDocumentName(client.document);
 }
@@ -221,7 +230,7 @@ Client FrmClientMaster::Entered() const {
 }
 
 masters::Contact FrmClientMaster::EnteredContact() const {
-  return {.address = Text1[Address]->text(),
+  return {.address = address_->text(),
           .city = Text1[City]->text(),
           .state = Combo1->currentText(),
           .pin = Text1[Pin]->text(),
@@ -248,7 +257,7 @@ void FrmClientMaster::StateChanged() {
 
 void FrmClientMaster::Text1_Pan_Left() {
   const QString pan = Text1[Pan]->text();
-  if (IsCancelling() || pan == warned_pan_) {
+  if (IsCancelling() || pan == warned_pan_ || pan == stored_pan_) {
     return;
   }
   if (const MaybeRefusal refusal = CheckPan(pan)) {

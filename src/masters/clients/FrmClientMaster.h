@@ -2,6 +2,7 @@
 
 #include "controls/ComboBox.h"
 #include "controls/FieldLayout.h"
+#include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
 #include "controls/TextBox.h"
 #include "masters/clients/AccountsPane.h"
@@ -27,6 +28,7 @@ class FrmClientMaster : public controls::RecordWindow {
   MaybeRefusal Save() override;
   void Remove(int id) override;
   QString DeleteQuestion() const override;
+  bool ChecksItsDates() const override { return true; }
   void StateChanged() override;
 
  private:
@@ -78,7 +80,9 @@ class FrmClientMaster : public controls::RecordWindow {
   DocumentDialogs dialogs_;
   QString new_document_;  ///< path of a document that was chosen and is not saved yet
   QString warned_pan_;    ///< the number that the user was warned of last
-  std::array<controls::TextBox*, kFields> Text1{};
+  QString stored_pan_;    ///< of the record that is shown
+  std::array<controls::TextBox*, kFields> Text1{};  ///< none for the address
+  controls::LinesBox* address_ = nullptr;
   controls::DateBox* MaskEdBox1 = nullptr;
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;

@@ -120,6 +120,13 @@ void ImpScrMaster::Fill() {
   VSF->SetRows(std::move(rows));
 }
 
+bool ImpScrMaster::MayClose() {
+  const bool leaves =
+      !CanUpdate() || Say().Ask(tr("The scrips are not saved. Close without saving them?"),
+                                controls::Answer::kNo, controls::Icon::kInformation);
+  return leaves && ImpScrWindow::MayClose();
+}
+
 void ImpScrMaster::Update() {
   {
     controls::ProgressDialog progress(this);

@@ -16,6 +16,7 @@ class ImpScrMaster final : public ImpScrWindow {
  protected:
   void Fill() override;
   void Update() override;
+  bool MayClose() override;
 
  private:
   void CmdImport_Click();

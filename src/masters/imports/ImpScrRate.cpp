@@ -1,6 +1,7 @@
 #include "masters/imports/ImpScrRate.h"
 
 #include "controls/Style.h"
+#include "core/text/Amounts.h"
 
 #include <unordered_set>
 
@@ -194,12 +195,14 @@ void ImpScrRate::VSF_AfterEdit(int row, int column) {
     return;
   }
   const ScripId scrip{VSF->Model().IdOf(row)};
-  const double rate = VSF->Model().Number(row, kRate);
+  const double rate = text::RoundAmount(VSF->Model().Number(row, kRate));
   if (!date_ || rate < 0) {
     VSF->Model().SetValue(row, kRate, RateCell(EnteredRate(scrip)));
     TakeDate();
     return;
   }
+  // What is shown is what is kept.
+  VSF->Model().SetValue(row, kRate, RateCell(rate));
   if (rate > 0) {
     entered_[scrip] = rate;
   } else {

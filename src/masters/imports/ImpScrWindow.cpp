@@ -3,6 +3,8 @@
 #include "controls/Style.h"
 #include "core/app/Ini.h"
 
+#include <QDir>
+
 namespace quorvane::imports {
 namespace {
 
@@ -74,6 +76,7 @@ void ImpScrWindow::Finish(const QStringList& choices) {
   layout->addLayout(counts);
   layout->addLayout(middle_, 1);
   layout->addLayout(buttons);
+  PressOn(QKeySequence::Save, cmdUpdate);
   OnClick(cmdUpdate, &ImpScrWindow::cmdUpdate_Click);
   OnClick(cmdCancel, &ImpScrWindow::cmdCancel_Click);
   OnClick(cmdExit, &ImpScrWindow::cmdExit_Click);
@@ -98,7 +101,9 @@ rates::PriceFetch::Answer ImpScrWindow::Awaited(const QString& handler,
 }
 
 QString ImpScrWindow::AskFile(const QString& filters) {
-  return TheDesk().ask_open_path(this, Session().folders.data, filters);
+  return TheDesk().ask_open_path(this, QDir::homePath(),
+                                 tr("Files of the exchanges (*.csv *.zip *.xls *.xlsx *.ods)") +
+                                     QStringLiteral(";;") + filters);
 }
 
 void ImpScrWindow::EnableUpdate(bool on) {

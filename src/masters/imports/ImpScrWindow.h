@@ -45,6 +45,7 @@ class ImpScrWindow : public controls::ChildWindow {
   int Shown() const { return CboShow->CurrentPosition(); }
   void ShowAll() { CboShow->setCurrentIndex(0); }
   void EnableUpdate(bool on);
+  bool CanUpdate() const { return can_update_; }
 
   virtual void Fill() = 0;
   virtual void Update() = 0;

@@ -130,7 +130,8 @@ class NameKeys {
 class ScripWriter {
  public:
   explicit ScripWriter(Transaction& transaction)
-      : next_(database::NextKey(transaction, "Script")),
+      : transaction_(transaction),
+        next_(database::FirstFreeKey(transaction, "Script")),
         classes_(transaction, "ScriptClass", "Name"),
         types_(transaction, "ScriptType", "Type"),
         update_(transaction, "Update Script Set Name=?,Type=?,ScrCls=?,NCode=? Where Id=?",
@@ -154,9 +155,11 @@ class ScripWriter {
   void Finish() {
     update_.Finish();
     insert_.Finish();
+    database::KeepKeys(transaction_, "Script", next_);
   }
 
  private:
+  Transaction& transaction_;
   int next_;
   NameKeys classes_;
   NameKeys types_;
@@ -214,7 +217,7 @@ ImportCounts ImportScrips(database::Connection& connection, const PriceFile& fil
   ImportCounts counts;
   database::InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
     // The key is asked for first: a second writer then waits until this one has ended.
-    database::NextKey(transaction, "Script");
+    database::FirstFreeKey(transaction, "Script");
     const std::vector<ImportedScrip> plan = PlanImport(transaction.GetConnection(), file);
     counts = CountStates(plan);
     Write(transaction, plan, progress);

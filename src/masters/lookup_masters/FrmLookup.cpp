@@ -98,14 +98,14 @@ FrmLookup::FrmLookup(controls::Desk& desk, LookupKind kind)
       book_(*desk.session.connection, kind) {
   AddFields();
   AddButtons();
+  List().SetColumns(ListColumns());
   Start();
 }
 
 void FrmLookup::FillList() {
-  const std::vector<LookupRow> records = book_.List();
   const auto& columns = book_.Master().columns;
   std::vector<controls::Row> rows;
-  for (const LookupRow& record : records) {
+  for (const LookupRow& record : book_.List()) {
     controls::Row row{.id = record.id};
     for (std::size_t i = 0; i < columns.size(); ++i) {
       const bool number = columns[i].kind == LookupColumn::Kind::kNumber;
@@ -113,7 +113,6 @@ void FrmLookup::FillList() {
     }
     rows.push_back(std::move(row));
   }
-  List().SetColumns(ListColumns(records));
   List().SetRows(std::move(rows));
 }
 
@@ -246,15 +245,12 @@ void FrmLookup::AddButtons() {
   }
 }
 
-std::vector<controls::Column> FrmLookup::ListColumns(const std::vector<LookupRow>& rows) const {
+std::vector<controls::Column> FrmLookup::ListColumns() const {
   std::vector<controls::Column> columns;
   for (const LookupColumn& column : book_.Master().columns) {
-    const std::size_t i = columns.size();
     const bool number = column.kind == LookupColumn::Kind::kNumber;
-    const bool masked =
-        std::ranges::all_of(rows, [i](const LookupRow& row) { return IsMasked(row.values[i]); });
-    const Mask mask = !number ? Mask::kText : masked ? Mask::kPercent : Mask::kNumber;
-    columns.push_back({.heading = Words(column.label), .mask = mask});
+    columns.push_back(
+        {.heading = Words(column.label), .mask = number ? Mask::kPercent : Mask::kText});
   }
   return columns;
 }

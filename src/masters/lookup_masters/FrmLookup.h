@@ -10,7 +10,7 @@
 namespace quorvane::lookup_masters {
 
 /// The window of a small lookup table: "FrmScriptType", "FrmScriptCls", "FrmExchange", "FrmSttPer"
-/// or "FrmTransPer". Percentages have three decimals, or more where their value has.
+/// or "FrmTransPer". The list shows percentages with three decimals, the box all that a value has.
 class FrmLookup : public controls::RecordWindow {
   Q_OBJECT
 
@@ -41,7 +41,7 @@ class FrmLookup : public controls::RecordWindow {
   Field AddKinds(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
   Field AddDate(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
   void AddButtons();
-  std::vector<controls::Column> ListColumns(const std::vector<LookupRow>& rows) const;
+  std::vector<controls::Column> ListColumns() const;
 
   void Text1_Validate();
   void CmdTransPer_Click();

@@ -3,6 +3,7 @@
 #include "controls/Style.h"
 #include "masters/Questions.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -110,6 +111,7 @@ QWidget* FrmDepPart::DpIdPanel() {
   VS = new Grid(QStringLiteral("VS"), tr("DP ids of the participant"));
   VS->SetColumns({{.heading = tr("Id"), .mask = controls::Mask::kNumber},
                   {.heading = tr("DP Id"), .editable = true, .max_length = kDpIdLength}});
+  VS->installEventFilter(this);
   columns->addWidget(VS, 1);
   auto* buttons = new QVBoxLayout();
   columns->addLayout(buttons);
@@ -138,6 +140,20 @@ std::vector<DpId> FrmDepPart::EnteredDpIds() const {
     dp_ids.push_back({DpIdId{model.IdOf(row)}, model.Text(row, kText)});
   }
   return dp_ids;
+}
+
+bool FrmDepPart::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == VS && event->type() == QEvent::FocusIn) {
+    TheGuard().Run(QStringLiteral("VS_GotFocus"), [this] { VS_GotFocus(); });
+  }
+  return FrmContact::eventFilter(watched, event);
+}
+
+// What is typed into a grid without a row would be lost.
+void FrmDepPart::VS_GotFocus() {
+  if (IsEditing() && VS->Model().RowCount() == 0) {
+    VS->AddRow();
+  }
 }
 
 void FrmDepPart::CmdAddRow_Click() {

@@ -20,11 +20,14 @@ class FrmDepPart : public masters::FrmContact {
   void Remove(int id) override;
   QString DeleteQuestion() const override;
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   QWidget* DpIdPanel();
   void ShowDpIds(const std::vector<DpId>& dp_ids);
   std::vector<DpId> EnteredDpIds() const;
 
+  void VS_GotFocus();
   void CmdAddRow_Click();
   void CmdDelRow_Click();
   void VS_LastCellLeft();

@@ -71,20 +71,20 @@ void Insert(Transaction& transaction, const Participant& participant) {
       values);
 }
 
-/// DP ids that stand in the database keep their numbers. New ones are numbered above all that stand
-/// there, so that none takes the number of one that is removed along with this save.
+/// DP ids that stand in the database keep their numbers; the others get new ones.
 void NumberDpIds(Transaction& transaction, Participant& participant) {
   std::set<DpIdId> stored;
   for (const auto& row :
        transaction.Open("Select id From DpIDs Where DepId=? For Update", participant.id)) {
     stored.insert(DpIdId{row.Int(std::size_t{0})});
   }
-  int next = database::NextKey(transaction, "DpIDs", "id");
+  int next = database::FirstFreeKey(transaction, "DpIDs");
   for (DpId& dp_id : participant.dp_ids) {
     if (stored.erase(dp_id.id) == 0) {
       dp_id.id = DpIdId{next++};
     }
   }
+  database::KeepKeys(transaction, "DpIDs", next);
 }
 
 void ReplaceDpIds(Transaction& transaction, Participant& participant) {

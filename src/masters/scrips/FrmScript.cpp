@@ -1,6 +1,7 @@
 #include "masters/scrips/FrmScript.h"
 
 #include "controls/FieldLayout.h"
+#include "controls/ProgressDialog.h"
 #include "core/lookups/Choices.h"
 #include "masters/Questions.h"
 
@@ -88,7 +89,8 @@ MaybeRefusal FrmScript::Save() {
 }
 
 void FrmScript::Remove(int id) {
-  book_.Delete(ScripId{id});
+  controls::ProgressDialog progress(this);
+  book_.Delete(ScripId{id}, progress);
 }
 
 QString FrmScript::DeleteQuestion() const {

@@ -2,6 +2,7 @@
 
 #include "core/database/RecordKey.h"
 #include "core/database/TextWidths.h"
+#include "core/ledger/Rebuild.h"
 
 #include <QCoreApplication>
 
@@ -61,6 +62,60 @@ MaybeRefusal SaveIn(Transaction& transaction, Scrip& scrip) {
   return std::nullopt;
 }
 
+/// The clients and years that have a bill with the scrip on it. The bills stay locked, so that none
+/// is saved between the look and the delete.
+std::vector<ClientYear> HoldersOf(Transaction& transaction, ScripId id) {
+  std::vector<ClientYear> holders;
+  for (const auto& row : transaction.Open(
+           "Select Distinct M.Cid,M.Fyear From SPTrans T Join SPMaster M On M.ID=T.SID "
+           "Where T.ScriptId=? Order By M.Cid,M.Fyear For Update",
+           id)) {
+    if (const auto year = text::FinancialYear::Parse(row.Text(1))) {
+      holders.push_back({ClientId{row.Int(std::size_t{0})}, *year});
+    }
+  }
+  return holders;
+}
+
+void DeleteRows(Transaction& transaction, ScripId id) {
+  transaction.Execute("Delete From Script Where Id=?", id);
+  transaction.Execute("Delete From ScrTransfer Where ScrId=?", id);
+  transaction.Execute(
+      "Delete SPMaster From SPTrans Join SPMaster On SPMaster.ID=SPTrans.SID "
+      "Where SPTrans.ScriptId=?",
+      id);
+  transaction.Execute("Delete From SPTrans Where ScriptId=?", id);
+  transaction.Execute("Delete From StkOpBal Where ScriptId=?", id);
+  transaction.Execute("Delete From Stock Where ScriptId=?", id);
+  transaction.Execute("Delete From MarketRate Where ScrId=?", id);
+}
+
+/// Passes a wish to stop on to a part of the work and counts nothing.
+class PartOf : public Progress {
+ public:
+  explicit PartOf(const Progress& whole) : whole_(whole) {}
+  bool Cancelled() const override { return whole_.Cancelled(); }
+
+ private:
+  const Progress& whole_;
+};
+
+/// All lots are locked before the first is read: a plain read fixes the instant that the later ones
+/// see.
+void RebuildEach(Transaction& transaction, const std::vector<ClientYear>& holders,
+                 Progress& progress) {
+  transaction.Execute("Delete From Stock_Temp");
+  for (const ClientYear& holder : holders) {
+    ledger::LockLots(transaction, holder);
+  }
+  PartOf part(progress);
+  progress.Begin(QStringLiteral("Holdings"), static_cast<std::int64_t>(holders.size()));
+  for (std::size_t done = 0; done < holders.size(); ++done) {
+    ledger::RebuildStock(transaction, holders[done], part);
+    progress.Step(static_cast<std::int64_t>(done + 1));
+  }
+}
+
 }  // namespace
 
 MaybeRefusal CheckScrip(const Scrip& scrip) {
@@ -111,18 +166,11 @@ MaybeRefusal ScripBook::Save(Scrip& scrip) {
   return refusal;
 }
 
-void ScripBook::Delete(ScripId id) {
+void ScripBook::Delete(ScripId id, Progress& progress) {
   database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
-    transaction.Execute("Delete From Script Where Id=?", id);
-    transaction.Execute("Delete From ScrTransfer Where ScrId=?", id);
-    transaction.Execute(
-        "Delete SPMaster From SPTrans Join SPMaster On SPMaster.ID=SPTrans.SID "
-        "Where SPTrans.ScriptId=?",
-        id);
-    transaction.Execute("Delete From SPTrans Where ScriptId=?", id);
-    transaction.Execute("Delete From StkOpBal Where ScriptId=?", id);
-    transaction.Execute("Delete From Stock Where ScriptId=?", id);
-    transaction.Execute("Delete From MarketRate Where ScrId=?", id);
+    const std::vector<ClientYear> holders = HoldersOf(transaction, id);
+    DeleteRows(transaction, id);
+    RebuildEach(transaction, holders, progress);
     return std::nullopt;
   });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Ids.h"
+#include "core/Progress.h"
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
 
@@ -40,8 +41,10 @@ class ScripBook {
   MaybeRefusal Save(Scrip& scrip);
 
   /// Removes the scrip with its transfers, bill lines, opening stock, lots and rates, and the
-  /// header of every bill that it stood on; lines of other scrips on those bills stay.
-  void Delete(ScripId id);
+  /// header of every bill that it stood on; lines of other scrips on those bills stay and count
+  /// nowhere: the holdings of every client and year that lost a bill are rebuilt. Throws
+  /// Cancellation when `progress` says so.
+  void Delete(ScripId id, Progress& progress);
 
  private:
   database::Connection& connection_;

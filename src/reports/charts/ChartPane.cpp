@@ -79,6 +79,14 @@ void ChartPane::Arrange(const QStringList& titles) {
   rows->addWidget(middle, 1);
 }
 
+// A picture whose words cannot be read is of no use: where there is no room for both, the table is
+// left to its button.
+void ChartPane::resizeEvent(QResizeEvent* event) {
+  constexpr int kRoomForBoth = 700;
+  QWidget::resizeEvent(event);
+  VSChart->setVisible(width() >= kRoomForBoth);
+}
+
 void ChartPane::Show(const ChartData& chart) {
   chart_ = chart;
   picture_->SetData(chart);

@@ -38,6 +38,9 @@ class ChartPane : public QWidget {
   /// Another chart was chosen: the time to make it and to Show it.
   void Chosen(int title);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void Arrange(const QStringList& titles);
   void CmbChart_Click();

@@ -168,6 +168,23 @@ void ChartPictureView::Draw() {
   QChart* const before = this->chart();
   setChart(chart);
   delete before;
+  TurnMonths();
+}
+
+/// The names of months lie where there is room for twelve of them, else they stand.
+void ChartPictureView::TurnMonths() {
+  constexpr int kRoomForMonths = 420;
+  constexpr int kUpright = -90;
+  for (QAbstractAxis* axis : chart()->axes(Qt::Horizontal)) {
+    if (qobject_cast<QBarCategoryAxis*>(axis) != nullptr) {
+      axis->setLabelsAngle(width() < kRoomForMonths ? kUpright : 0);
+    }
+  }
+}
+
+void ChartPictureView::resizeEvent(QResizeEvent* event) {
+  QChartView::resizeEvent(event);
+  TurnMonths();
 }
 
 // The largest part lies on top, as in the table; bars are filled from below.
@@ -196,7 +213,7 @@ void ChartPictureView::DrawParts(QChart& chart) {
   shares->setLabelFormat(QStringLiteral("%.0f"));
   Attach(chart, bars, CategoryAxis(names), shares, true);
   // Room for the figures behind the longest bar.
-  constexpr double kRoom = 1.15;
+  constexpr double kRoom = 1.25;
   shares->setRange(0, kRoom * kPerCent * static_cast<double>(std::ranges::max(paise)) / whole);
   shares->applyNiceNumbers();
   chart.legend()->hide();
@@ -223,7 +240,6 @@ void ChartPictureView::DrawLines(QChart& chart) {
   }
   amounts->setMin(0);
   amounts->applyNiceNumbers();
-  months->setLabelsAngle(-90);
   chart.legend()->setAlignment(Qt::AlignBottom);
   chart.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
 }
@@ -246,7 +262,6 @@ void ChartPictureView::DrawStacked(QChart& chart) {
   auto* amounts = AmountAxis(unit);
   Attach(chart, bars, months, amounts, false);
   amounts->applyNiceNumbers();
-  months->setLabelsAngle(-90);
   chart.legend()->setAlignment(Qt::AlignBottom);
 }
 

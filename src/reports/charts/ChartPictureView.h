@@ -22,6 +22,7 @@ class ChartPictureView : public QChartView {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void Draw();
@@ -30,6 +31,7 @@ class ChartPictureView : public QChartView {
   void DrawStacked(QChart& chart);
   void SetColors(QChart& chart);
   QColor ColorOf(int series) const;
+  void TurnMonths();
 
   ChartData data_;
   bool for_paper_ = false;

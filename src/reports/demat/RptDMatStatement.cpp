@@ -136,6 +136,15 @@ report::ReportDocument RptDMatStatement::BuildTransactionDocument(Progress& prog
   return document;
 }
 
+QStringList RptDMatStatement::Choices() const {
+  if (mode_ == Mode::kStatement) {
+    return ChosenOf(*VSF);  // the period stands in the report's name
+  }
+  const QString extent =
+      QueryOfTransactions().account_wise ? OptDemat.group->button(kAccountWise)->text() : QString();
+  return ReportWindow::Choices() + ChosenOf(*VSF) + QStringList{extent};
+}
+
 MaybeRefusal RptDMatStatement::CheckWorkbook() {
   const QString path = QDir(Session().folders.data).filePath(TransactionTemplate(ChosenLayout()));
   if (mode_ == Mode::kTransactions && !QFileInfo(path).isFile()) {

@@ -18,6 +18,7 @@ class RptDMatStatement : public report::ReportWindow {
   MaybeRefusal CheckSelection() override;
   std::optional<report::ReportDocument> BuildDocument(Progress& progress) override;
   MaybeRefusal CheckWorkbook() override;
+  QStringList Choices() const override;
   void WriteWorkbook(const report::ReportDocument& document, const QString& path,
                      Progress& progress) override;
   void WriteWord(const report::ReportDocument& document) override;

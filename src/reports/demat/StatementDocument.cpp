@@ -32,8 +32,8 @@ Table NewTable(const lookups::AccountEntry& account) {
   table.titles = {account.id ? Tr("Demat A/c No. ") + Utf8(account.number)
                              : Tr("Without Demat A/c")};
   table.columns = {report::DateColumn(Tr("Date")), report::TextColumn(Tr("Particulars")),
-                   report::AmountColumn(Tr("In")), report::AmountColumn(Tr("Out")),
-                   report::AmountColumn(Tr("Balance"))};
+                   report::QuantityColumn(Tr("In")), report::QuantityColumn(Tr("Out")),
+                   report::QuantityColumn(Tr("Balance"))};
   return table;
 }
 

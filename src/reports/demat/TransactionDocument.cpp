@@ -28,7 +28,7 @@ Cell Paise(std::int64_t paise) {
 
 Table NewTable() {
   Table table;
-  table.columns = {report::QuantityColumn(Tr("S.No")),      report::DateColumn(Tr("Date")),
+  table.columns = {report::NumberColumn(Tr("S.No")),        report::DateColumn(Tr("Date")),
                    report::TextColumn(Tr("Company Name")),  report::TextColumn(Tr("Transaction")),
                    report::QuantityColumn(Tr("Quantity")),  report::AmountColumn(Tr("Rate")),
                    report::AmountColumn(Tr("Trade Value")), report::AmountColumn(Tr("Brokerage")),
@@ -76,6 +76,29 @@ Table BrokerTable(const BrokerTransactions& broker, const lookups::Directory& di
   return table;
 }
 
+/// A table with nothing but totals.
+void AddTotalsOf(report::ReportDocument& document, const QString& title,
+                 const TransactionSums& sums, const TransactionClosing& closing) {
+  Table table = NewTable();
+  table.titles = {title};
+  AddTotals(table, Tr("TOTAL"), sums, closing);
+  document.tables.push_back(std::move(table));
+}
+
+void AddGrandTotal(report::ReportDocument& document, const QString& title,
+                   std::span<const TransactionSection> sections) {
+  if (sections.size() < 2) {
+    return;
+  }
+  TransactionSums sums;
+  TransactionClosing closing;
+  for (const TransactionSection& section : sections) {
+    sums.Add(section.sums);
+    closing.Add(section.closing);
+  }
+  AddTotalsOf(document, title, sums, closing);
+}
+
 void AddSection(report::ReportDocument& document, const TransactionSection& section,
                 const lookups::Directory& directory) {
   const std::size_t first = document.tables.size();
@@ -83,10 +106,7 @@ void AddSection(report::ReportDocument& document, const TransactionSection& sect
     document.tables.push_back(BrokerTable(broker, directory));
   }
   if (section.brokers.size() > 1) {
-    Table table = NewTable();
-    table.titles = {Tr("All Brokers")};
-    AddTotals(table, Tr("TOTAL"), section.sums, section.closing);
-    document.tables.push_back(std::move(table));
+    AddTotalsOf(document, Tr("All Brokers"), section.sums, section.closing);
   }
   if (section.account && first < document.tables.size()) {
     document.tables[first].titles.prepend(AccountLine(*section.account, directory));
@@ -137,6 +157,7 @@ report::ReportDocument MakeTransactionDocument(const TransactionQuery& query, Cl
   for (const TransactionSection& section : sections) {
     AddSection(document, section, directory);
   }
+  AddGrandTotal(document, AccountsLine(query, directory), sections);
   return document;
 }
 

@@ -18,7 +18,7 @@ QString AccountsLine(const TransactionQuery& query, const lookups::Directory& di
 QString AccountLine(AccountId account, const lookups::Directory& directory);
 
 /// One client's report as a document, from what BuildTransactions hands out: a table a broker, and
-/// one with the totals of all where there are several.
+/// one with the totals of all where there are several; account by account also the grand total.
 report::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
                                                std::span<const TransactionSection> sections,
                                                const lookups::Directory& directory);

@@ -39,8 +39,9 @@ std::vector<Cell> MoneyCells(const TransactionSums& sums) {
 /// The lines of the template, broker by broker.
 class LineList {
  public:
-  LineList(const lookups::Directory& directory, std::span<const TransactionSection> sections)
-      : directory_(directory) {
+  LineList(TransactionLayout layout, const lookups::Directory& directory,
+           std::span<const TransactionSection> sections)
+      : layout_(layout), directory_(directory) {
     std::size_t brokers = 0;
     TransactionSums sums;
     TransactionClosing closing;
@@ -81,8 +82,10 @@ class LineList {
     TemplateLine total{QStringLiteral("Tot"), MoneyCells(sums)};
     total.cells[kCompany] = label;
     lines_.push_back(std::move(total));
-    for (const ClosingLine& line : ClosingLines(closing)) {
-      AddAmount("Sum", line.label, line.amount);
+    if (layout_ == TransactionLayout::kSummarized) {
+      for (const ClosingLine& line : ClosingLines(closing)) {
+        AddAmount("Sum", line.label, line.amount);
+      }
     }
     AddAmount("Net", ClosingCaption(closing), text::FromPaise(std::abs(closing.Amount())));
   }
@@ -96,7 +99,7 @@ class LineList {
                                   Utf8(directory_.Scrip(line.scrip).name),
                                   line.purchase ? Tr("Buy") : Tr("Sell"),
                                   line.quantity.Number(),
-                                  line.rate};
+                                  report::ShownNumber(line.rate, report::Mask::kAmount)};
     std::ranges::copy(texts, out.cells.begin());
     lines_.push_back(std::move(out));
   }
@@ -108,6 +111,7 @@ class LineList {
     lines_.push_back(std::move(line));
   }
 
+  TransactionLayout layout_;
   const lookups::Directory& directory_;
   bool only_broker_ = false;
   std::vector<TemplateLine> lines_;
@@ -130,7 +134,7 @@ void WriteTransactionWorkbook(const TransactionQuery& query, ClientId client,
            Utf8(entry.name) + QStringLiteral(" (") + Utf8(entry.code) + QLatin1Char(')'));
   book.Set(QStringLiteral("DMat"), AccountsLine(query, directory));
   book.Set(QStringLiteral("FrmAndToDt"), report::PeriodLine(query.period));
-  const LineList list(directory, sections);
+  const LineList list(query.layout, directory, sections);
   const QStringList patterns{QStringLiteral("Fld"), QStringLiteral("Grp"), QStringLiteral("Tot"),
                              QStringLiteral("Sum"), QStringLiteral("Net"), QStringLiteral("Gap")};
   book.Repeat(patterns, list.Lines(), progress);

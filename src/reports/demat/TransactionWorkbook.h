@@ -16,7 +16,8 @@ QString TransactionTemplate(TransactionLayout layout);
 /// workbook. The template's named cells: `CompId` (the client), `DMat` (the accounts),
 /// `FrmAndToDt` (the period), and the rows `Grp1` (an account, a broker), `Fld1` to `Fld13` (a
 /// line: number, date, bill, settlement, company, buy or sell, quantity, rate, trade value,
-/// brokerage, service tax, STT, total), `Tot` (totals), `Sum` (charges), `Net` (what is to be paid)
+/// brokerage, service tax, STT, total), `Tot` (totals), `Sum` (charges, of the summarized layout
+/// alone), `Net` (what is to be paid)
 /// and `Gap`, which are numbered alike. Throws std::runtime_error, with the template's path where
 /// that is missing or unfit, or Cancellation.
 void WriteTransactionWorkbook(const TransactionQuery& query, ClientId client,

@@ -2,6 +2,7 @@
 
 #include "core/text/Amounts.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quorvane::report {
@@ -15,6 +16,7 @@ void AppendText(std::string& out, const QString& text) {
 void AppendInMask(std::string& out, double number, Mask mask) {
   switch (mask) {
     case Mask::kAmount:
+    case Mask::kQuantity:
       return text::AppendAmount(out, number);
     case Mask::kSummary:
       return AppendText(out, text::FormatSummary(number));
@@ -38,8 +40,11 @@ Column TextColumn(const QString& heading) {
 Column DateColumn(const QString& heading) {
   return {heading, Mask::kDate, Alignment::kLeft};
 }
-Column QuantityColumn(const QString& heading) {
+Column NumberColumn(const QString& heading) {
   return {heading, Mask::kNumber, Alignment::kRight};
+}
+Column QuantityColumn(const QString& heading) {
+  return {heading, Mask::kQuantity, Alignment::kRight};
 }
 Column AmountColumn(const QString& heading, Mask mask) {
   return {heading, mask, Alignment::kRight};
@@ -79,6 +84,13 @@ double ShownNumber(double number, Mask mask) {
 
 QString GroupText(const Row& row) {
   return row.cells.empty() ? QString() : CellText(row.cells.front(), Mask::kText);
+}
+
+bool SharesHeadings(const ReportDocument& document) {
+  const std::vector<Table>& tables = document.tables;
+  return tables.size() > 1 && std::ranges::all_of(tables, [&](const Table& table) {
+           return table.columns == tables.front().columns && table.groups == tables.front().groups;
+         });
 }
 
 std::int64_t RowCount(const ReportDocument& document) {

@@ -19,7 +19,8 @@ enum class Mask : std::uint8_t {
   kAmount,     ///< ###0.00
   kSummary,    ///< ##0.00
   kPercent,    ///< ###0.000
-  kNumber,     ///< plain: counters, quantities without trailing zeros
+  kNumber,     ///< plain: counters
+  kQuantity,   ///< ###0.00, further decimals kept in a workbook
   kThousands,  ///< ###,###.00
 };
 
@@ -35,11 +36,14 @@ struct Column {
 
   /// Share of the width that is left over; with 0 in every column the texts share it.
   int weight = 0;
+
+  bool operator==(const Column&) const = default;
 };
 
 /// Columns of the usual kinds: texts and dates stand left, numbers right.
 Column TextColumn(const QString& heading);
 Column DateColumn(const QString& heading);
+Column NumberColumn(const QString& heading);
 Column QuantityColumn(const QString& heading);
 Column AmountColumn(const QString& heading, Mask mask = Mask::kAmount);
 
@@ -47,6 +51,8 @@ Column AmountColumn(const QString& heading, Mask mask = Mask::kAmount);
 struct ColumnGroup {
   QString heading;
   std::size_t columns = 1;
+
+  bool operator==(const ColumnGroup&) const = default;
 };
 
 enum class RowKind : std::uint8_t {
@@ -99,6 +105,9 @@ double ShownNumber(double number, Mask mask);
 
 /// The one cell of a group row; empty when there is none.
 QString GroupText(const Row& row);
+
+/// True when several tables have the same columns and groups: one block of headings serves all.
+bool SharesHeadings(const ReportDocument& document);
 
 /// How many rows all tables have together: the length of the work of writing them.
 std::int64_t RowCount(const ReportDocument& document);

@@ -49,7 +49,8 @@ class HoldingMaker {
         {.kind = purchase.transfer ? Movement::Kind::kTransferIn : Movement::Kind::kPurchase,
          .date = purchase.date,
          .quantity = purchase.quantity,
-         .purchase_rate = purchase.lot_rate});
+         .purchase_rate = purchase.lot_rate,
+         .purchase_date = std::nullopt});
   }
 
   void TakeOut(const Sale& sale) {
@@ -75,9 +76,11 @@ class HoldingMaker {
     Movement movement{.kind = sale.transfer ? Movement::Kind::kTransferOut : Movement::Kind::kSale,
                       .date = sale.date,
                       .quantity = match.quantity,
-                      .purchase_rate = std::nullopt};
+                      .purchase_rate = std::nullopt,
+                      .purchase_date = std::nullopt};
     if (match.purchase != gains::Match::kNoPurchase) {
       movement.purchase_rate = purchases_[match.purchase].lot_rate;
+      movement.purchase_date = purchases_[match.purchase].date;
       movement.gain = match.gain;
       movement.gain_kind = match.kind;
       holding_.gain += match.gain;

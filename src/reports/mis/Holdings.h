@@ -23,6 +23,7 @@ struct Movement {
   Date date;
   double quantity = 0;                  ///< shares, positive
   std::optional<double> purchase_rate;  ///< rupees a share of the lot; none when sold without one
+  std::optional<Date> purchase_date;    ///< of the lot that a sale or transfer out used up
   std::int64_t gain = 0;                ///< paise, of a sale
   gains::GainKind gain_kind = gains::GainKind::kShortTerm;
 };

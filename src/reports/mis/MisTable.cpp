@@ -34,13 +34,17 @@ struct Sum {
   Figures figures;
   ScripId scrip;
   bool of_one_scrip = true;
-  int groups = 0;  ///< directly inside of it
-  QString name;    ///< as its closing line calls it
+  bool all_count = true;  ///< no line is left out of the totals
+  QString name;           ///< as its closing line calls it
 
-  void Add(ScripId more_scrip, const Figures& more, const std::vector<FigureColumn>& columns) {
+  void Add(ScripId more_scrip, bool counts, const Figures& more,
+           const std::vector<FigureColumn>& columns) {
     of_one_scrip = of_one_scrip && (!scrip || scrip == more_scrip);
+    all_count = all_count && counts;
     scrip = more_scrip;
-    AddFigures(figures, more, columns);
+    if (counts) {
+      AddFigures(figures, more, columns);
+    }
   }
 };
 
@@ -136,7 +140,6 @@ class TableBuilder {
 
   void Open(std::size_t from, const Holding& holding) {
     for (std::size_t level = from; level < levels_.size(); ++level) {
-      ++sums_[level].groups;
       sums_[level + 1] = {};
       sums_[level + 1].name = NameAt(levels_[level], holding);
       table_.rows.push_back({RowKind::kGroup, {HeadingAt(levels_[level], holding)}});
@@ -148,10 +151,8 @@ class TableBuilder {
     for (std::size_t level = levels_.size(); level > down_to; --level) {
       const Sum& sum = sums_[level];
       const bool innermost = level == levels_.size();
-      if (innermost || sum.groups > 1) {
-        AddTotal(RowKind::kTotal, innermost ? Tr("SubTotal") : Tr("SubTotal - %1").arg(sum.name),
-                 sum);
-      }
+      AddTotal(RowKind::kTotal, innermost ? Tr("SubTotal") : Tr("SubTotal - %1").arg(sum.name),
+               sum);
     }
     if (down_to == 0 && !levels_.empty()) {
       table_.rows.push_back({RowKind::kGap, {}});
@@ -160,13 +161,11 @@ class TableBuilder {
 
   void Put(const Holding& holding) {
     const Figures figures = form_.Of(holding);
-    if (form_.Counts(holding.scrip)) {
-      for (Sum& sum : sums_) {
-        sum.Add(holding.scrip, figures, columns_);
-      }
+    for (Sum& sum : sums_) {
+      sum.Add(holding.scrip, form_.Counts(holding.scrip), figures, columns_);
     }
     if (!detail_) {
-      line_.Add(holding.scrip, figures, columns_);
+      line_.Add(holding.scrip, true, figures, columns_);
       return;
     }
     for (FigureLine& line : form_.Detail(holding)) {
@@ -195,9 +194,9 @@ class TableBuilder {
     Figures figures = sum.figures;
     figures.resize(columns_.size());
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-      const bool shown = columns_[i].nature == Nature::kMoney ||
-                         columns_[i].nature == Nature::kRunning ||
-                         (columns_[i].nature == Nature::kShares && sum.of_one_scrip);
+      const bool shown =
+          columns_[i].nature == Nature::kMoney || columns_[i].nature == Nature::kRunning ||
+          (columns_[i].nature == Nature::kShares && sum.of_one_scrip && sum.all_count);
       figures[i] = shown ? figures[i] : std::nullopt;
     }
     AddRow(kind, label, figures);

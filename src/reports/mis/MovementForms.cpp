@@ -113,7 +113,11 @@ class PositionForm final : public MovementForm {
     return static_cast<double>(holding.Cost());
   }
   std::optional<double> Result(const Movement&) const override { return std::nullopt; }
-  QString Remark(const Movement&) const override { return {}; }
+  QString Remark(const Movement& movement) const override {
+    return movement.purchase_date
+               ? Tr(" [Purchase of %1]").arg(text::FormatDmy(*movement.purchase_date))
+               : QString();
+  }
 };
 
 class ProfitLossForm final : public MovementForm {

@@ -15,6 +15,7 @@ class OptionPairView : public QWidget {
   OptionPairView(int first, const QString& one, const QString& other, const QString& purpose);
 
   bool IsFirst() const { return group_->checkedId() == 0; }
+  QString Text() const { return group_->checkedButton()->text(); }  ///< of the choice, with its key
   void ChooseFirst(bool on) { group_->button(on ? 0 : 1)->setChecked(true); }
 
  Q_SIGNALS:

@@ -1,6 +1,7 @@
 #include "reports/mis/RatesPane.h"
 
 #include "controls/Style.h"
+#include "core/text/Amounts.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -41,8 +42,10 @@ std::vector<controls::Column> RateColumns() {
 }  // namespace
 
 RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
-    : desk_(desk),
+    : guard_(guard),
+      desk_(desk),
       book_(*desk.session.connection),
+      exchange_(desk.session.folders),
       FrmDtList(new QGroupBox(tr("Dates"))),
       FrmRates(new QGroupBox(tr("Market Rates"))),
       VSf1(new Grid(QStringLiteral("VSf1"), tr("Dates with rates"))),
@@ -51,6 +54,8 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
       cmdAdd(Button("cmdAdd", tr("Add"))),
       cmdModify(Button("cmdModify", tr("Modify"))),
       CmdDelete(Button("CmdDelete", tr("Delete"))),
+      CboExchange(new controls::ComboBox),
+      CmdFetch(Button("CmdFetch", tr("Fetch"))),
       CmdImportRate(Button("CmdImportRate", tr("Import"))),
       cmdUpdate(Button("cmdUpdate", tr("Update"))),
       cmdCancel(Button("cmdCancel", tr("Cancel"))) {
@@ -60,6 +65,11 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
   Text2->setAccessibleName(tr("Rate date"));
   Text2->setFixedWidth(kDateWidth);
   Text2->SetToday(desk.today);
+  CboExchange->setObjectName(QStringLiteral("CboExchange"));
+  CboExchange->setAccessibleName(tr("Exchange"));
+  CboExchange->SetTexts({QStringLiteral("BSE"), QStringLiteral("NSE")});
+  CboExchange->setCurrentIndex(0);
+  CmdFetch->setToolTip(tr("The closing prices of the chosen scripts, from the exchange"));
   cmdCancel->SetCancels(true);
   VSf1->SetColumns({{.heading = tr("Date"), .mask = Mask::kDate}});
   VSf1->setMaximumWidth(kDatesWidth);
@@ -80,6 +90,11 @@ void RatesPane::Arrange() {
   head->addWidget(label);
   head->addWidget(Text2);
   head->addStretch(1);
+  auto* exchange = new QLabel(tr("Exchange"));
+  exchange->setBuddy(CboExchange);
+  head->addWidget(exchange);
+  head->addWidget(CboExchange);
+  head->addWidget(CmdFetch);
   head->addWidget(CmdImportRate);
   rates->addLayout(head);
   rates->addWidget(VSF, 1);
@@ -109,6 +124,7 @@ void RatesPane::Connect(const controls::Guard& guard) {
   on_click(cmdModify, &RatesPane::cmdModify_Click);
   on_click(CmdDelete, &RatesPane::CmdDelete_Click);
   on_click(CmdImportRate, &RatesPane::CmdImportRate_Click);
+  on_click(CmdFetch, &RatesPane::CmdFetch_Click);
   on_click(cmdUpdate, &RatesPane::cmdUpdate_Click);
   on_click(cmdCancel, &RatesPane::cmdCancel_Click);
   guard.Connect(VSf1, &Grid::CurrentRowChanged, this, &RatesPane::VSf1_RowColChange,
@@ -117,6 +133,8 @@ void RatesPane::Connect(const controls::Guard& guard) {
                 QStringLiteral("VSf1_DblClick"));
   guard.Connect(Text2, &controls::DateBox::Left, this, &RatesPane::Text2_Validate,
                 QStringLiteral("Text2_Validate"));
+  guard.Connect(&VSF->Model(), &controls::GridModel::CellEdited, this, &RatesPane::VSF_AfterEdit,
+                QStringLiteral("VSF_AfterEdit"));
   const auto press_on = [this](QKeySequence::StandardKey key, ZENButton* button) {
     auto* shortcut = new QShortcut(QKeySequence(key), this);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -133,6 +151,7 @@ void RatesPane::Connect(const controls::Guard& guard) {
 }
 
 void RatesPane::Edit(bool editing, bool new_date) {
+  StopFetch();
   editing_ = editing;
   FrmDtList->setEnabled(!editing);
   const bool dated = VSf1->CurrentRow() >= 0;
@@ -142,6 +161,8 @@ void RatesPane::Edit(bool editing, bool new_date) {
   cmdUpdate->setEnabled(editing);
   cmdCancel->setEnabled(editing);
   CmdImportRate->setEnabled(editing);
+  CboExchange->setEnabled(editing);
+  CmdFetch->setEnabled(editing);
   Text2->setReadOnly(!new_date);
   Text2->setFocusPolicy(new_date ? Qt::StrongFocus : Qt::ClickFocus);
   VSF->setEditTriggers(editing ? Grid::EditKeyPressed | Grid::AnyKeyPressed | Grid::DoubleClicked
@@ -352,6 +373,79 @@ void RatesPane::CmdImportRate_Click() {
                             .arg(by_scrip.size())
                             .arg(found.unmatched.size()));
   VSF->setFocus(Qt::OtherFocusReason);
+}
+
+// What is shown is what is kept.
+void RatesPane::VSF_AfterEdit(int row, int column) {
+  if (column == kRate && !VSF->Model().Value(row, kRate).isNull()) {
+    VSF->Model().SetValue(row, kRate, text::RoundAmount(VSF->Model().Number(row, kRate)));
+  }
+}
+
+std::vector<rates::ListedScrip> RatesPane::ChosenScrips() const {
+  std::vector<rates::ListedScrip> chosen;
+  for (const rates::ListedScrip& scrip : scrips_) {
+    const int row = VSF->Model().RowOf(scrip.id.value);
+    if (row >= 0 && VSF->selectionModel()->isRowSelected(row)) {
+      chosen.push_back(scrip);
+    }
+  }
+  return chosen;
+}
+
+// The button stops the fetch that it began.
+void RatesPane::CmdFetch_Click() {
+  if (exchange_.IsRunning()) {
+    FetchEnded();
+    return;
+  }
+  const auto date = CheckedDate();
+  if (!date) {
+    return;
+  }
+  std::vector<rates::ListedScrip> scrips = ChosenScrips();
+  if (scrips.empty()) {
+    desk_.messages.Inform(tr("Select Script Name!"));
+    VSF->setFocus(Qt::OtherFocusReason);
+    return;
+  }
+  fetched_ = 0;
+  asked_ = 0;
+  CmdFetch->setText(tr("Stop"));
+  cmdUpdate->setEnabled(false);
+  Text2->setEnabled(false);
+  const auto guarded = [this](const std::function<void()>& work) {
+    guard_.Run(QStringLiteral("CmdFetch_Click"), work);
+  };
+  exchange_.Ask(
+      {CboExchange->currentText(), std::move(scrips), *date, desk_.today()},
+      [=, this](ScripId scrip, double rate) { guarded([=, this] { TakeFetched(scrip, rate); }); },
+      [=, this] { guarded([this] { FetchEnded(); }); });
+}
+
+void RatesPane::TakeFetched(ScripId scrip, double rate) {
+  ++asked_;
+  const int row = VSF->Model().RowOf(scrip.value);
+  if (row >= 0 && rate > 0) {
+    ++fetched_;
+    VSF->Model().SetValue(row, kRate, text::RoundAmount(rate));
+  }
+}
+
+void RatesPane::FetchEnded() {
+  StopFetch();
+  desk_.messages.Inform(tr("%1 rates were fetched; of %2 scripts none was found. Press Update to "
+                           "keep them.")
+                            .arg(fetched_)
+                            .arg(asked_ - fetched_));
+  VSF->setFocus(Qt::OtherFocusReason);
+}
+
+void RatesPane::StopFetch() {
+  exchange_.Stop();
+  CmdFetch->setText(tr("Fetch"));
+  cmdUpdate->setEnabled(editing_);
+  Text2->setEnabled(true);
 }
 
 }  // namespace quorvane::mis

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/ComboBox.h"
 #include "controls/DateBox.h"
 #include "controls/Desk.h"
 #include "controls/Grid.h"
@@ -7,6 +8,7 @@
 #include "controls/ZENButton.h"
 #include "core/Refusal.h"
 #include "core/rates/RateImport.h"
+#include "reports/mis/ExchangeRates.h"
 
 #include <QGroupBox>
 #include <QWidget>
@@ -19,7 +21,8 @@ namespace quorvane::mis {
 
 /// The market rates of a date, kept by hand: to the left the dates that have rates (`FrmDtList`),
 /// to the right the rates of one of them (`FrmRates`). While rates are entered every scrip is
-/// listed, and Enter goes from rate to rate.
+/// listed, Enter goes from rate to rate, and the rates of chosen scrips are fetched from an
+/// exchange.
 class RatesPane : public QWidget {
   Q_OBJECT
 
@@ -68,9 +71,18 @@ class RatesPane : public QWidget {
   void cmdCancel_Click();
   void CmdDelete_Click();
   void CmdImportRate_Click();
+  void CmdFetch_Click();
+  void VSF_AfterEdit(int row, int column);
 
+  std::vector<rates::ListedScrip> ChosenScrips() const;
+  void TakeFetched(ScripId scrip, double rate);
+  void FetchEnded();
+  void StopFetch();
+
+  const controls::Guard& guard_;
   controls::Desk& desk_;
   rates::RateBook book_;
+  ExchangeRates exchange_;
   QGroupBox* FrmDtList;
   QGroupBox* FrmRates;
   controls::Grid* VSf1;
@@ -79,11 +91,15 @@ class RatesPane : public QWidget {
   controls::ZENButton* cmdAdd;
   controls::ZENButton* cmdModify;
   controls::ZENButton* CmdDelete;
+  controls::ComboBox* CboExchange;
+  controls::ZENButton* CmdFetch;
   controls::ZENButton* CmdImportRate;
   controls::ZENButton* cmdUpdate;
   controls::ZENButton* cmdCancel;
   std::vector<rates::ListedScrip> scrips_;
   std::unordered_map<ScripId, double> recorded_;  ///< of the date that is shown
+  std::size_t fetched_ = 0;                       ///< rates that came of the fetch under way
+  std::size_t asked_ = 0;                         ///< scrips of that fetch whose answer came
   bool editing_ = false;
   bool filling_ = false;
 };

@@ -13,7 +13,7 @@ namespace quorvane::mis {
 
 /// What a column's figures are, and so how they add up.
 enum class Nature : std::uint8_t {
-  kShares,   ///< add up within one scrip only
+  kShares,   ///< add up within one scrip only, and where every line counts
   kMoney,    ///< whole paise; always add up
   kRate,     ///< rupees a share; never add up
   kRunning,  ///< paise: the sum so far of the money column before it

@@ -1,5 +1,6 @@
 #include "reports/mis/RptVariousReport.h"
 
+#include "controls/FieldLayout.h"
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/text/FinancialYear.h"
@@ -21,6 +22,7 @@ constexpr int kFirstYear = 2005;
 constexpr int kYearWidth = 80;
 constexpr int kDateWidth = 110;
 constexpr float kSelectionWidth = 215;  // of a screen of 800 by 600
+constexpr float kMostStretch = 1.3F;    // the rest of a larger screen is the report's
 constexpr int kPartsShown = 10;
 constexpr char kRateDateBox[] = "Text3";
 enum PageIndex { kReportPage, kChartPage, kRatesPage };
@@ -49,8 +51,9 @@ RptVariousReport::RptVariousReport(controls::Desk& desk)
   AddPeriod(Months::kYes);
   BuildButtons();
   selection_ = new SelectionPane(TheGuard(), *Session().connection);
-  const int width = static_cast<int>(kSelectionWidth * Session().screen_factors.horizontal);
-  selection_->setMinimumWidth(std::max(width, selection_->minimumSizeHint().width()));
+  const float stretch = std::min(Session().screen_factors.horizontal, kMostStretch);
+  selection_->setMinimumWidth(
+      std::max(static_cast<int>(kSelectionWidth * stretch), selection_->minimumSizeHint().width()));
   AddBesideReport(selection_);
   // As narrow as its words allow, or the window is wider than a small screen.
   selection_->parentWidget()->setMinimumWidth(selection_->minimumWidth());
@@ -79,6 +82,7 @@ void RptVariousReport::BuildHead() {
   Watch(Text3);
   CmdShowReport = new ZENButton(QStringLiteral("CmdShowReport"), tr("Pages"));
   CmdShowPLRpt = new ZENButton(QStringLiteral("CmdShowPLRpt"), tr("Market Valuation"));
+  CmdShowPLRpt->setCheckable(true);
   FrmPL = new QWidget;
   FrmPL->setObjectName(QStringLiteral("FrmPL"));
   auto* valuation = new QHBoxLayout(FrmPL);
@@ -117,25 +121,27 @@ void RptVariousReport::BuildButtons() {
       &RptVariousReport::CmdProfitLossReport_Click);
   add(3, "CmdStkVal", tr("Stock Valuation &Report"), &RptVariousReport::CmdStkVal_Click);
   AddOptions(row);
+  BuildGroupings();
+}
+
+void RptVariousReport::BuildGroupings() {
   groupings_ = new QWidget;
   auto* groupings = new QHBoxLayout(groupings_);
   groupings->setContentsMargins(0, 0, 0, 0);
+  groupings->setSpacing(controls::kTightSpacing);
   const QStringList captions{tr("&Script Wise"), tr("&Demat A/c Wise"), tr("&Client/Group Wise")};
   CmdRepType = new QButtonGroup(this);
   CmdRepType->setObjectName(QStringLiteral("CmdRepType"));
   for (int i = 0; i < captions.size(); ++i) {
     auto* button = new ZENButton(QStringLiteral("CmdRepType_%1").arg(i), captions[i]);
+    button->setCheckable(true);
     CmdRepType->addButton(button, i);
     groupings->addWidget(button);
   }
-  groupings->addStretch(1);
+  CmdRepType->setExclusive(false);  // none is lit while there is no report
   On(CmdRepType, &QButtonGroup::idClicked, &RptVariousReport::CmdRepType_Click,
      QStringLiteral("CmdRepType_Click"));
-  QSizePolicy policy = groupings_->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  groupings_->setSizePolicy(policy);
   groupings_->hide();
-  AddOptions(groupings_);
 }
 
 void RptVariousReport::BuildPages() {
@@ -143,7 +149,8 @@ void RptVariousReport::BuildPages() {
                                  {tr("Composition"), tr("Value by month"), tr("Gains by kind")});
   rates_ = new RatesPane(TheGuard(), TheDesk());
   AddPage(tr("Chart"), chart_);
-  pages_ = AddPage(tr("Market Rates"), rates_);
+  pages_ = AddPage(tr("Rates"), rates_);
+  pages_->setCornerWidget(groupings_);  // a row of their own would be one less of the report
   On(pages_, &QTabWidget::currentChanged, &RptVariousReport::Pages_Click,
      QStringLiteral("Pages_Click"));
   On(chart_, &charts::ChartPane::Chosen, &RptVariousReport::Chart_Click,
@@ -183,19 +190,25 @@ void RptVariousReport::CboYr_Click() {
 void RptVariousReport::SetKind(ReportKind kind) {
   kind_ = kind;
   kind_chosen_ = true;
+  shown_.reset();
+  VS->SetDocument({});
+  VS->SetHint(tr("Choose how the report is grouped."));
   ShowKind();
-  groupings_->show();
   CmdRepType->button(static_cast<int>(grouping_))->setFocus(Qt::OtherFocusReason);
 }
 
+/// Lit are the kind that was chosen and the grouping of the report that is shown.
 void RptVariousReport::ShowKind() {
   constexpr std::array kKinds{ReportKind::kPosition, ReportKind::kValuation,
                               ReportKind::kProfitLoss, ReportKind::kStock};
   for (std::size_t i = 0; i < kKinds.size(); ++i) {
-    kinds_[i]->setChecked(kind_chosen_ &&
-                          (kKinds[i] == kind_ ||
-                           (kKinds[i] == ReportKind::kProfitLoss && kind_ == ReportKind::kMarket)));
+    kinds_[i]->setChecked(kind_chosen_ && kKinds[i] == kind_);
   }
+  CmdShowPLRpt->setChecked(kind_chosen_ && kind_ == ReportKind::kMarket);
+  for (QAbstractButton* button : CmdRepType->buttons()) {
+    button->setChecked(shown_ && static_cast<int>(*shown_) == CmdRepType->id(button));
+  }
+  groupings_->setVisible(kind_chosen_);
   CmdShowReport->setEnabled(IsOfOneDay(kind_));
 }
 
@@ -217,8 +230,14 @@ void RptVariousReport::CmdStkVal_Click() {
 
 void RptVariousReport::CmdRepType_Click(int grouping) {
   grouping_ = static_cast<Grouping>(grouping);
-  pages_->setCurrentIndex(kReportPage);
+  ShowKind();
   CmdReport_Click();
+}
+
+bool RptVariousReport::BeforeReport() {
+  kind_chosen_ = true;
+  pages_->setCurrentIndex(kReportPage);
+  return true;
 }
 
 void RptVariousReport::CmdShowReport_Click() {
@@ -279,13 +298,22 @@ std::optional<report::ReportDocument> RptVariousReport::BuildDocument(Progress& 
 }
 
 void RptVariousReport::ReportShown(const report::ReportDocument& document) {
+  shown_ = grouping_;
+  ShowKind();
   if (report::RowCount(document) == 0) {
     Say().Inform(tr("No Record Found."));
   }
 }
 
+// The titles say whose report it is, for which year and period.
 QString RptVariousReport::FileName(const report::ReportDocument& document) const {
-  return report::FileStem({document.titles.value(0), CboYr->currentText()});
+  QStringList words{TitleOf(kind_, grouping_)};
+  if (IsOfOneDay(kind_)) {
+    words << LongDate(Query().ValuedOn());
+  }
+  words << CboYr->currentText() << document.titles.mid(2) << controls::PlainLabel(detail_->Text())
+        << selection_->Choices();
+  return report::FileStem(words);
 }
 
 void RptVariousReport::Pages_Click(int page) {

@@ -13,7 +13,7 @@ namespace quorvane::mis {
 
 /// "MIS Report:": the management reports of one client, a group or all clients, charts of the same
 /// selection, and the market rates of a date kept by hand. A report button sets the kind of report
-/// and shows the three groupings; a grouping makes the report.
+/// and shows the three groupings; a grouping makes the report, F5 the same once more.
 class RptVariousReport : public report::ReportWindow {
   Q_OBJECT
 
@@ -24,6 +24,7 @@ class RptVariousReport : public report::ReportWindow {
   std::optional<text::FinancialYear> PeriodYear() const override;
   MaybeRefusal CheckSelection() override;
   std::optional<report::ReportDocument> BuildDocument(Progress& progress) override;
+  bool BeforeReport() override;
   void ReportShown(const report::ReportDocument& document) override;
   QString FileName(const report::ReportDocument& document) const override;
   bool MayClose() override;
@@ -32,6 +33,7 @@ class RptVariousReport : public report::ReportWindow {
  private:
   void BuildHead();
   void BuildButtons();
+  void BuildGroupings();
   void BuildPages();
   void FreeKeys();
   void SetKind(ReportKind kind);
@@ -55,6 +57,7 @@ class RptVariousReport : public report::ReportWindow {
   ReportKind kind_ = ReportKind::kPosition;
   bool kind_chosen_ = false;
   Grouping grouping_ = Grouping::kScrip;
+  std::optional<Grouping> shown_;  ///< of the report on the screen
   OptionPairView* detail_ = nullptr;
   SelectionPane* selection_ = nullptr;
   controls::ComboBox* CboYr = nullptr;

@@ -213,6 +213,10 @@ MaybeRefusal SelectionPane::Check() const {
   return ReportWindow::RefuseWithoutTick(*VSS, tr("Select Script Name!"));
 }
 
+QStringList SelectionPane::Choices() const {
+  return ReportWindow::ChosenOf(*VSD) + ReportWindow::ChosenOf(*VSS);
+}
+
 std::vector<ClientId> SelectionPane::Clients() const {
   return ReportWindow::Ticked<ClientId>(*VSC);
 }

@@ -34,6 +34,9 @@ class SelectionPane : public QWidget {
   /// "Select Client!", "Select Demat A/c!", "Select Script Name!".
   MaybeRefusal Check() const;
 
+  /// The accounts and scrips when not all of them are ticked.
+  QStringList Choices() const;
+
   std::vector<ClientId> Clients() const;
   /// Empty, which means every account of the clients, when all are ticked: then bills that were
   /// entered without an account count as well.

@@ -4,6 +4,7 @@
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/app/Ini.h"
+#include "core/platform/PrivateFile.h"
 #include "core/text/Amounts.h"
 
 #include <QHBoxLayout>
@@ -11,7 +12,6 @@
 #include <QPdfPageNavigator>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QShortcut>
 
 #include <array>
@@ -363,11 +363,7 @@ void PreviewWindow::CmdSave_Click() {
   if (path.isEmpty()) {
     return;
   }
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(pdf_) != pdf_.size() || !file.commit()) {
-    throw std::runtime_error("cannot write " + path.toStdString() + ": " +
-                             file.errorString().toStdString());
-  }
+  platform::WritePrivate(path, pdf_);
   Say().Inform(tr("Saved as %1.").arg(path));
 }
 

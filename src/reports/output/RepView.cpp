@@ -13,6 +13,7 @@
 namespace quorvane::report {
 namespace {
 
+constexpr int kMessageMs = 3000;
 const QString kPdf = QStringLiteral(".pdf");
 
 QMdiArea* AreaAround(QWidget* widget) {
@@ -39,11 +40,13 @@ QByteArray PagesOf(const ReportDocument& document, QWidget* over) {
 PreviewWindow* RepView::Show(const ReportDocument& document, QWidget* over) {
   auto* preview = new PreviewWindow(desk_, document.titles.value(0), PagesOf(document, over),
                                     QDir(folder_).filePath(FileStem(document.titles) + kPdf));
-  QObject::connect(preview, &PreviewWindow::PageShown, preview, [this](int page, int pages) {
+  const auto tell_page = [this](int page, int pages) {
     if (status_bar_ != nullptr) {
-      status_bar_->showMessage(PreviewWindow::tr("Page %1 of %2").arg(page).arg(pages));
+      status_bar_->showMessage(PreviewWindow::tr("Page %1 of %2").arg(page).arg(pages), kMessageMs);
     }
-  });
+  };
+  QObject::connect(preview, &PreviewWindow::PageShown, preview, tell_page);
+  tell_page(1, preview->PageCount());
   if (QMdiArea* area = AreaAround(over)) {
     preview->OpenIn(*area);
     if (mode_ == 1) {

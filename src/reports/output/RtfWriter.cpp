@@ -23,6 +23,7 @@ constexpr int kCellPadding = 60;
 constexpr double kTwipsAFigure = 112;  // of the largest type
 constexpr double kTwipsACapital = 128;
 constexpr int kFewestLetters = 5;
+constexpr int kMostLetters = 34;  // of a text; longer ones are broken into lines
 constexpr int kLargestType = 18;
 constexpr int kSmallestType = 10;
 constexpr int kTitleType = 28;
@@ -64,14 +65,14 @@ struct TableShape {
 };
 
 /// What the columns need in the largest type, without their padding. Names are mostly capitals,
-/// which are wider than figures.
+/// which are wider than figures; a long one does not make everything else small.
 std::vector<double> NeededWidths(const Table& table) {
   std::vector<double> widths;
   const std::vector<int> letters = LetterWidths(table);
   for (std::size_t i = 0; i < letters.size(); ++i) {
     const bool text = table.columns[i].mask == Mask::kText;
-    widths.push_back(std::max(letters[i], kFewestLetters) *
-                     (text ? kTwipsACapital : kTwipsAFigure));
+    const int most = text ? std::min(letters[i], kMostLetters) : letters[i];
+    widths.push_back(std::max(most, kFewestLetters) * (text ? kTwipsACapital : kTwipsAFigure));
   }
   return widths;
 }

@@ -1,5 +1,6 @@
 #include "reports/output/WriteReport.h"
 
+#include "core/platform/PrivateFile.h"
 #include "reports/output/CsvWriter.h"
 #include "reports/output/PdfWriter.h"
 #include "reports/output/RtfWriter.h"
@@ -13,7 +14,7 @@
 namespace quorvane::report {
 namespace {
 
-constexpr qsizetype kLongestStem = 120;
+constexpr qsizetype kLongestStem = 180;  // bytes; file systems take 255
 
 [[noreturn]] void Fail(const QSaveFile& file) {
   throw std::runtime_error("cannot write " + file.fileName().toStdString() + ": " +
@@ -52,14 +53,10 @@ bool IsPlain(QChar c) {
 void WriteReport(const ReportDocument& document, OutputFormat format, const QString& path,
                  Progress& progress) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) {
-    Fail(file);
-  }
+  platform::OpenPrivate(file);
   WriteTo(document, format, file, progress);
   progress.ThrowIfCancelled();
-  if (!file.commit()) {
-    Fail(file);
-  }
+  platform::Commit(file);
 }
 
 QString FileStem(const QStringList& words) {
@@ -69,7 +66,9 @@ QString FileStem(const QStringList& words) {
       c = QLatin1Char('_');
     }
   }
-  stem.truncate(kLongestStem);
+  while (stem.toUtf8().size() > kLongestStem) {
+    stem.chop(1);
+  }
   stem = stem.trimmed();
   while (stem.endsWith(QLatin1Char('.'))) {
     stem.chop(1);

@@ -1,5 +1,6 @@
 #include "reports/output/XlsxTemplate.h"
 
+#include "core/platform/PrivateFile.h"
 #include "reports/output/package/WorkbookPackage.h"
 
 #include <QCoreApplication>
@@ -103,13 +104,9 @@ class XlsxTemplate::Book {
 
   void Save(const QString& path) const {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-      Fail(Tr("cannot write %1: %2").arg(path, file.errorString()));
-    }
+    platform::OpenPrivate(file);
     package_.Finish().Write(file);
-    if (!file.commit()) {
-      Fail(Tr("cannot write %1: %2").arg(path, file.errorString()));
-    }
+    platform::Commit(file);
   }
 
  private:

@@ -20,7 +20,7 @@ namespace {
 constexpr int kStepRows = 1000;
 constexpr int kEpochDays = 25569;     // 1970-01-01 as a workbook counts days
 constexpr int kFirstSafeDay = 61;     // the format counts a day too many before 01/03/1900
-constexpr double kWidest = 60;        // letters
+constexpr double kWidest = 50;        // letters
 constexpr double kColumnPadding = 2;  // letters
 constexpr std::uint8_t kPaperA4 = 9;
 constexpr lxw_color_t kLineColor = 0x9AA4B0;
@@ -37,6 +37,7 @@ const char* NumberFormat(Mask mask) {
   switch (mask) {
     case Mask::kAmount:
     case Mask::kSummary:
+    case Mask::kQuantity:
       return "#0.00";
     case Mask::kPercent:
       return "#0.000";
@@ -88,6 +89,10 @@ class CellFormats {
     lxw_format* format = workbook_add_format(book);
     format_set_align(format,
                      AlignmentOf(kind == RowKind::kGroup ? Alignment::kLeft : column.alignment));
+    format_set_align(format, LXW_ALIGN_VERTICAL_CENTER);
+    if (column.mask == Mask::kText && kind != RowKind::kGroup) {
+      format_set_text_wrap(format);
+    }
     format_set_border(format, LXW_BORDER_THIN);
     format_set_border_color(format, kLineColor);
     if (column.alignment == Alignment::kLeft && kind != RowKind::kGroup) {
@@ -122,7 +127,8 @@ class SheetWriter {
       : book_(book),
         sheet_(workbook_add_worksheet(book, nullptr)),
         document_(document),
-        progress_(progress) {
+        progress_(progress),
+        shares_headings_(SharesHeadings(document)) {
     for (const Table& table : document.tables) {
       columns_ = std::max(columns_, table.columns.size());
     }
@@ -140,6 +146,10 @@ class SheetWriter {
   void Write() {
     FitColumns();
     WriteTitles();
+    if (shares_headings_) {
+      ++row_;
+      WriteHeadings(document_.tables.front());
+    }
     for (const Table& table : document_.tables) {
       WriteTable(table);
     }
@@ -184,9 +194,9 @@ class SheetWriter {
     for (const QString& title : table.titles) {
       Text(row_++, 0, title, bold_);
     }
-    first_heading_ = row_;
-    WriteHeadings(table);
-    last_heading_ = row_ - 1;
+    if (!shares_headings_) {
+      WriteHeadings(table);
+    }
     CellFormats formats(book_, table);
     for (const Row& row : table.rows) {
       if (row.kind != RowKind::kGap) {
@@ -201,6 +211,7 @@ class SheetWriter {
   }
 
   void WriteHeadings(const Table& table) {
+    first_heading_ = row_;
     std::size_t column = 0;
     for (const ColumnGroup& group : table.groups) {
       const std::size_t count = std::min(group.columns, table.columns.size() - column);
@@ -211,7 +222,7 @@ class SheetWriter {
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
       Text(row_, i, table.columns[i].heading, heading_);
     }
-    ++row_;
+    last_heading_ = row_++;
   }
 
   void WriteRow(const Row& row, CellFormats& formats, const Table& table) {
@@ -260,7 +271,7 @@ class SheetWriter {
 
   // A heading can stand still or be repeated only where there is one.
   void SetUpPage() {
-    if (document_.tables.size() == 1) {
+    if (document_.tables.size() == 1 || shares_headings_) {
       worksheet_freeze_panes(sheet_, last_heading_ + 1, 0);
       Check(worksheet_repeat_rows(sheet_, first_heading_, last_heading_));
     }
@@ -278,6 +289,7 @@ class SheetWriter {
   lxw_worksheet* sheet_;
   const ReportDocument& document_;
   Progress& progress_;
+  bool shares_headings_;
   std::size_t columns_ = 1;
   std::vector<int> widths_;
   lxw_format* heading_ = nullptr;

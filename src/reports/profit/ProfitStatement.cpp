@@ -104,9 +104,7 @@ class Builder {
 
   void Push(const StatementRow& row) {
     rows_.push_back(row);
-    if (row.kind != RowKind::kTransfer) {
-      AddTo(total_, row);
-    }
+    AddTo(total_, row);
   }
 
   void AddMatch(const ScripHistory& history, const Match& match) {
@@ -119,7 +117,8 @@ class Builder {
       }
       return;
     }
-    if (!sale.transfer && !Wanted(query_.gains, match.kind)) {
+    // A transfer is no speculation, whatever its days.
+    if (!Wanted(query_.gains, sale.transfer ? GainKind::kShortTerm : match.kind)) {
       return;
     }
     const Purchase& purchase = history.purchases[match.purchase];

@@ -36,7 +36,7 @@ struct StatementQuery {
 enum class RowKind : std::uint8_t {
   kMatch,      ///< a quantity sold and the purchase that it used up
   kUnmatched,  ///< a quantity sold without a purchase
-  kTransfer,   ///< a quantity that left by a transfer: no gain, in no total
+  kTransfer,   ///< a quantity that left by a transfer, at its purchase rate: no gain
   kUnsold,     ///< what is left of a purchase
   kTotal,      ///< of a scrip
   kNetTotal    ///< of the client
@@ -60,14 +60,24 @@ struct StatementRow {
   std::int64_t short_term = 0;
   std::int64_t speculation = 0;
   std::int64_t stt_paid = 0;
+
+  /// True for a line with a purchase side; for one with a sale's or transfer's side.
+  bool HasPurchase() const {
+    return kind == RowKind::kMatch || kind == RowKind::kUnsold ||
+           (kind == RowKind::kTransfer && quantity != 0);
+  }
+  bool HasSale() const {
+    return kind == RowKind::kMatch || kind == RowKind::kUnmatched || kind == RowKind::kTransfer;
+  }
 };
 
 /// Computes the statement and hands out each client's rows in one piece, clients by code: scrips by
 /// name, in each the accounts by number, in each the sales by date and then what is left unsold by
 /// purchase date; after each scrip its total, at the end the net total. A client without any row
 /// is left out. Every total is the sum of the rows that it closes, to the paisa. The span lasts as
-/// long as the call. Returns the records that could not count as they are written. Throws as
-/// gains::History does.
+/// long as the call. Transfers out gain nothing, but count: what they cost is what was paid. They
+/// are no speculation, and not listed where only that is wanted. Returns the records that could not
+/// count as they are written. Throws as gains::History does.
 [[nodiscard]] records::Faults BuildStatement(
     database::Connection& connection, const StatementQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const StatementRow>)>& give);

@@ -1,6 +1,7 @@
 #include "reports/profit/RptProfitStatement.h"
 
 #include "controls/Style.h"
+#include "controls/WindowMemory.h"
 #include "core/lookups/Directory.h"
 #include "reports/charts/GainsChart.h"
 #include "reports/output/TemplateFolder.h"
@@ -16,6 +17,9 @@ enum ChargeIndex { kWithoutCharge, kWithCharge };
 enum GainIndex { kBoth, kNonSpeculation, kSpeculation };
 enum FormatIndex { kNewFormat, kOldFormat };
 enum SourceIndex { kClientScrips, kAllScrips };
+
+const QString kUnsold = QStringLiteral("Unsold");
+const QString kNo = QStringLiteral("no");
 
 StatementMode ModeOf(const QString& target) {
   return target.compare(QLatin1String("RptCapitalGain"), Qt::CaseInsensitive) == 0
@@ -208,6 +212,11 @@ Layout RptProfitStatement::OutputLayout() const {
   return OptFormat.Index() == kNewFormat ? Layout::kSummary : Layout::kDetail;
 }
 
+QStringList RptProfitStatement::Choices() const {
+  return QStringList{OptFormat.group->checkedButton()->text()} + ReportWindow::Choices() +
+         ChoicesOf(Query()) + ChosenOf(*VSD) + ChosenOf(*VSS);
+}
+
 MaybeRefusal RptProfitStatement::CheckWorkbook() {
   return report::RefuseWithoutTemplate(
       report::TemplatePath(Session().folders, QLatin1String(kStatementTemplate)));
@@ -221,8 +230,13 @@ void RptProfitStatement::WriteWorkbook(const report::ReportDocument& document, c
 }
 
 bool RptProfitStatement::BeforeReport() {
-  unsold_ = Say().Ask(tr("Do You Want to Show Unsold Quantity Also?"), controls::Answer::kYes,
-                      controls::Icon::kInformation);
+  // The answer of the last time is the default, so that Enter repeats it.
+  const controls::WindowMemory memory(Session().folders);
+  const bool no = memory.Text(objectName(), kUnsold) == kNo;
+  unsold_ =
+      Say().Ask(tr("Do You Want to Show Unsold Quantity Also?"),
+                no ? controls::Answer::kNo : controls::Answer::kYes, controls::Icon::kInformation);
+  memory.Keep(objectName(), kUnsold, unsold_ ? QStringLiteral("yes") : kNo);
   return true;
 }
 

@@ -26,6 +26,7 @@ class RptProfitStatement : public report::ReportWindow {
   bool BeforeReport() override;
   void ReportShown(const report::ReportDocument& document) override;
   MaybeRefusal CheckWorkbook() override;
+  QStringList Choices() const override;
   void WriteWorkbook(const report::ReportDocument& document, const QString& path,
                      Progress& progress) override;
 

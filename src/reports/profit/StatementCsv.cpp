@@ -15,15 +15,15 @@ class CsvRows {
       : out_(out), directory_(directory) {}
 
   void Write(const StatementRow& row) {
-    const bool bought = row.kind == RowKind::kMatch || row.kind == RowKind::kUnsold;
-    const bool sold = row.kind == RowKind::kMatch || row.kind == RowKind::kUnmatched;
+    const bool bought = row.HasPurchase();
+    const bool sold = row.HasSale();
     const bool total = row.kind == RowKind::kTotal || row.kind == RowKind::kNetTotal;
     out_ += Name(row.kind);
     out_ += ',';
     Places(row);
     PurchaseSide(row, bought, total);
     SaleSide(row, sold, total);
-    Gains(row, row.kind == RowKind::kMatch || total, sold || total);
+    Gains(row, (bought && sold) || total, sold || total);
   }
 
  private:
@@ -118,9 +118,7 @@ void AppendStatementCsv(std::string& out, std::span<const StatementRow> rows,
                         const lookups::Directory& directory) {
   CsvRows writer(out, directory);
   for (const StatementRow& row : rows) {
-    if (row.kind != RowKind::kTransfer) {
-      writer.Write(row);
-    }
+    writer.Write(row);
   }
 }
 

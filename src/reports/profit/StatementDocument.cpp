@@ -9,10 +9,11 @@
 namespace quorvane::profit {
 namespace {
 
-using report::Alignment;
+using report::AmountColumn;
 using report::Cell;
-using report::Column;
+using report::DateColumn;
 using report::Mask;
+using report::QuantityColumn;
 using report::ReportDocument;
 using report::Row;
 using report::Table;
@@ -34,16 +35,6 @@ Cell PaiseOrNothing(std::int64_t paise) {
   return paise == 0 ? Cell() : Paise(paise);
 }
 
-Column TextColumn(const char* heading) {
-  return {Tr(heading), Mask::kText, Alignment::kLeft};
-}
-Column DateColumn(const char* heading) {
-  return {Tr(heading), Mask::kDate, Alignment::kLeft};
-}
-Column AmountColumn(const char* heading, Mask mask = Mask::kAmount) {
-  return {Tr(heading), mask, Alignment::kRight};
-}
-
 QStringList Titles(StatementMode mode, const StatementQuery& query, ClientId client,
                    const lookups::Directory& directory) {
   const auto& entry = directory.Client(client);
@@ -54,8 +45,20 @@ QStringList Titles(StatementMode mode, const StatementQuery& query, ClientId cli
     titles << Tr("Period - From ") + text::FormatDmy(query.from) + Tr(" To ") +
                   text::FormatDmy(query.to);
   }
+  if (const QStringList choices = ChoicesOf(query); !choices.isEmpty()) {
+    titles << choices.join(QStringLiteral(", "));
+  }
   titles << Utf8(entry.name) + QStringLiteral(" (") + Utf8(entry.code) + QLatin1Char(')');
   return titles;
+}
+
+Cell CostOf(const StatementRow& row) {
+  return row.HasPurchase() ? Paise(row.purchase_cost) : Tr("No cost");
+}
+
+/// In the first column of gains; what left by a transfer gained none.
+Cell GainOf(const StatementRow& row, std::int64_t paise) {
+  return row.kind == RowKind::kTransfer ? Tr("Transfer") : PaiseOrNothing(paise);
 }
 
 /// Purchases on the left, sales and gains on the right.
@@ -67,15 +70,15 @@ class DetailTable {
     table_.groups = {
         {Tr("Purchase"), 4}, {Tr("Sale"), 4}, {Tr("Proportionate"), 1}, {Tr(profit), 3}};
     for (int side = 0; side < 2; ++side) {
-      table_.columns.push_back(DateColumn("Date"));
-      table_.columns.push_back({Tr("Quantity"), Mask::kNumber, Alignment::kRight});
-      table_.columns.push_back(AmountColumn("Net"));
-      table_.columns.push_back(AmountColumn("Amount"));
+      table_.columns.push_back(DateColumn(Tr("Date")));
+      table_.columns.push_back(QuantityColumn(Tr("Quantity")));
+      table_.columns.push_back(AmountColumn(Tr("Net")));
+      table_.columns.push_back(AmountColumn(Tr("Amount")));
     }
-    table_.columns.push_back(AmountColumn(average ? "Avg. Pur. Cost" : "Purchase Cost"));
-    table_.columns.push_back(AmountColumn("Long Term"));
-    table_.columns.push_back(AmountColumn("Short Term"));
-    table_.columns.push_back(AmountColumn("Speculation"));
+    table_.columns.push_back(AmountColumn(Tr(average ? "Avg. Pur. Cost" : "Purchase Cost")));
+    table_.columns.push_back(AmountColumn(Tr("Long Term")));
+    table_.columns.push_back(AmountColumn(Tr("Short Term")));
+    table_.columns.push_back(AmountColumn(Tr("Speculation")));
   }
 
   void Add(const StatementRow& row) {
@@ -93,12 +96,16 @@ class DetailTable {
   Table Take() { return std::move(table_); }
 
  private:
-  void Head(const StatementRow& row) {
-    if (row.scrip != scrip_) {
-      scrip_ = row.scrip;
+  void HeadScrip(ScripId scrip) {
+    if (scrip != scrip_) {
+      scrip_ = scrip;
       account_.reset();
       table_.rows.push_back({report::RowKind::kGroup, {Utf8(directory_.Scrip(scrip_).name)}});
     }
+  }
+
+  void Head(const StatementRow& row) {
+    HeadScrip(row.scrip);
     if (row.account != account_) {
       account_ = row.account;
       table_.rows.push_back(
@@ -109,37 +116,27 @@ class DetailTable {
   }
 
   static void AddPurchase(Row& line, const StatementRow& row) {
-    if (row.kind == RowKind::kUnmatched || (row.kind == RowKind::kTransfer && row.quantity == 0)) {
-      line.cells.resize(4);
-      return;
+    if (row.HasPurchase()) {
+      line.cells = {row.purchase_date, row.quantity, row.purchase_net, Paise(row.purchase_amount)};
     }
-    line.cells = {row.purchase_date, row.quantity, row.purchase_net, Paise(row.purchase_amount)};
+    line.cells.resize(4);
   }
 
   static void AddSale(Row& line, const StatementRow& row) {
-    switch (row.kind) {
-      case RowKind::kMatch:
-        line.cells.insert(line.cells.end(),
-                          {row.sale_date, row.sale_quantity, row.sale_net, Paise(row.sale_amount),
-                           Paise(row.purchase_cost), PaiseOrNothing(row.long_term),
-                           PaiseOrNothing(row.short_term), PaiseOrNothing(row.speculation)});
-        break;
-      case RowKind::kUnmatched:
-        line.cells.insert(line.cells.end(), {row.sale_date, row.sale_quantity, row.sale_net,
-                                             Paise(row.sale_amount), Tr("No cost")});
-        break;
-      case RowKind::kTransfer:
-        line.cells.insert(line.cells.end(),
-                          {row.sale_date, row.sale_quantity, Cell(), Tr("Transfer")});
-        break;
-      default:
-        break;
+    if (row.HasSale()) {
+      line.cells.insert(line.cells.end(),
+                        {row.sale_date, row.sale_quantity, row.sale_net, Paise(row.sale_amount),
+                         CostOf(row), GainOf(row, row.long_term), PaiseOrNothing(row.short_term),
+                         PaiseOrNothing(row.speculation)});
     }
     line.cells.resize(12);
   }
 
   void AddTotal(const StatementRow& row) {
     const bool net = row.kind == RowKind::kNetTotal;
+    if (!net) {
+      HeadScrip(row.scrip);
+    }
     const auto quantity = [&](double value) { return net ? Cell() : Cell(value); };
     table_.rows.push_back({net ? report::RowKind::kNetTotal : report::RowKind::kTotal,
                            {net ? Tr("Net Total") : Tr("Total"), quantity(row.quantity), Cell(),
@@ -158,35 +155,35 @@ class DetailTable {
   std::optional<AccountId> account_;  ///< whose heading stands above; none at a scrip's start
 };
 
-/// One line a sale; what was not sold does not appear.
+/// One line a sale or transfer; what is left does not appear.
 class SummaryTable {
  public:
   explicit SummaryTable(const lookups::Directory& directory) : directory_(directory) {
-    table_.columns = {{Tr("S.No"), Mask::kNumber, Alignment::kRight},
-                      TextColumn("Company Name"),
-                      {Tr("Quantity"), Mask::kNumber, Alignment::kRight},
-                      DateColumn("Sale Date"),
-                      AmountColumn("S.Amount", Mask::kSummary),
-                      DateColumn("Purc. Date"),
-                      AmountColumn("Avg. Pur. Cost", Mask::kSummary),
-                      AmountColumn("Purc. Cost", Mask::kSummary),
-                      AmountColumn("Profit/Loss", Mask::kSummary),
-                      AmountColumn("Long Term", Mask::kSummary),
-                      AmountColumn("Short Term", Mask::kSummary),
-                      AmountColumn("Speculation", Mask::kSummary)};
+    table_.columns = {report::NumberColumn(Tr("S.No")),
+                      report::TextColumn(Tr("Company Name")),
+                      QuantityColumn(Tr("Quantity")),
+                      DateColumn(Tr("Sale Date")),
+                      AmountColumn(Tr("S.Amount"), Mask::kSummary),
+                      DateColumn(Tr("Purc. Date")),
+                      AmountColumn(Tr("Avg. Pur. Cost"), Mask::kSummary),
+                      AmountColumn(Tr("Purc. Cost"), Mask::kSummary),
+                      AmountColumn(Tr("Profit/Loss"), Mask::kSummary),
+                      AmountColumn(Tr("Long term"), Mask::kSummary),
+                      AmountColumn(Tr("Short Term"), Mask::kSummary),
+                      AmountColumn(Tr("Speculation"), Mask::kSummary)};
   }
 
   void Add(const StatementRow& row) {
     switch (row.kind) {
       case RowKind::kMatch:
       case RowKind::kUnmatched:
+      case RowKind::kTransfer:
         AddSale(row);
         break;
       case RowKind::kTotal:
       case RowKind::kNetTotal:
         AddTotal(row);
         break;
-      case RowKind::kTransfer:
       case RowKind::kUnsold:
         break;
     }
@@ -196,21 +193,24 @@ class SummaryTable {
 
  private:
   void AddSale(const StatementRow& row) {
-    const bool matched = row.kind == RowKind::kMatch;
     Row line;
     line.cells = {static_cast<double>(++number_), Utf8(directory_.Scrip(row.scrip).name),
                   row.sale_quantity, row.sale_date, Paise(row.sale_amount)};
-    if (matched) {
+    if (row.HasPurchase()) {
       line.cells.insert(
           line.cells.end(),
-          {row.purchase_date, text::FromPaise(row.purchase_cost) / row.sale_quantity,
-           Paise(row.purchase_cost), Paise(row.long_term + row.short_term + row.speculation),
-           PaiseOrNothing(row.long_term), PaiseOrNothing(row.short_term),
-           PaiseOrNothing(row.speculation)});
+          {row.purchase_date, text::FromPaise(row.purchase_cost) / row.sale_quantity, CostOf(row)});
     } else {
-      line.cells.insert(line.cells.end(), {Cell(), Tr("No cost")});
-      line.cells.resize(table_.columns.size());
+      line.cells.insert(line.cells.end(), {Cell(), Cell(), CostOf(row)});
     }
+    if (row.kind != RowKind::kUnmatched) {
+      const std::int64_t gain = row.long_term + row.short_term + row.speculation;
+      line.cells.insert(line.cells.end(),
+                        {row.kind == RowKind::kTransfer ? GainOf(row, gain) : Paise(gain),
+                         PaiseOrNothing(row.long_term), PaiseOrNothing(row.short_term),
+                         PaiseOrNothing(row.speculation)});
+    }
+    line.cells.resize(table_.columns.size());
     table_.rows.push_back(std::move(line));
     sold_ = true;
   }
@@ -218,7 +218,7 @@ class SummaryTable {
   void AddTotal(const StatementRow& row) {
     const bool net = row.kind == RowKind::kNetTotal;
     if (!net && !sold_) {
-      return;
+      table_.rows.push_back({report::RowKind::kGroup, {Utf8(directory_.Scrip(row.scrip).name)}});
     }
     sold_ = false;
     table_.rows.push_back(
@@ -236,6 +236,24 @@ class SummaryTable {
 };
 
 }  // namespace
+
+QStringList ChoicesOf(const StatementQuery& query) {
+  QStringList choices;
+  const auto add = [&](bool chosen, const QString& text) {
+    if (chosen) {
+      choices << text;
+    }
+  };
+  add(query.fo == gains::FoChoice::kFo, Tr("F & O"));
+  add(query.fo == gains::FoChoice::kNonFo, Tr("Non F & O"));
+  add(query.gains == GainFilter::kSpeculation, Tr("Speculation"));
+  add(query.gains == GainFilter::kNonSpeculation, Tr("Non-Speculation"));
+  add(query.average, Tr("Average Rate"));
+  add(query.charges.service_tax || query.average, Tr("S.Tax"));
+  add(query.charges.stt, Tr("S.T.T."));
+  add(!query.unsold, Tr("Without unsold quantity"));
+  return choices;
+}
 
 ReportDocument MakeStatementDocument(StatementMode mode, Layout layout, const StatementQuery& query,
                                      ClientId client, std::span<const StatementRow> rows,

@@ -48,12 +48,13 @@ TemplateLine LineOf(const Row& row, const Table& table, const QString& prefix) {
   return line;
 }
 
-/// The titles are the report, the year, the period when it is not the year, and the client.
+/// The titles are the report, the year, the period when it is not the year, the choices when there
+/// are any, and the client.
 void SetTitles(XlsxTemplate& book, const ReportDocument& document, const QString& prefix) {
   const QStringList& titles = document.titles;
   book.Set(prefix + "Title1", titles.value(0));
   book.Set(prefix + "Title2", titles.value(1));
-  book.Set(prefix + "Period", titles.size() > 3 ? titles.value(2) : QString());
+  book.Set(prefix + "Period", titles.mid(2, titles.size() - 3).join(QStringLiteral(", ")));
   book.Set(prefix + "CompId", titles.value(titles.size() - 1));
 }
 

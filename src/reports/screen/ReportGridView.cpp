@@ -5,9 +5,11 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -17,6 +19,7 @@ namespace {
 constexpr int kSample = 300;  // rows that are measured
 constexpr int kCellPadding = 18;
 constexpr int kWidest = 360;
+constexpr int kNarrowestText = 160;
 constexpr int kRowPadding = 7;
 constexpr int kMostStretch = 36;
 constexpr int kMostTextStretch = 260;
@@ -32,6 +35,14 @@ class LineDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
+  /// The whole of a text that is cut short.
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
+    QToolTip::showText(event->globalPos(), cut ? index.data().toString() : QString(), view);
+    return cut;
+  }
+
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
@@ -45,6 +56,37 @@ class LineDelegate final : public QStyledItemDelegate {
                                             option->palette.color(QPalette::Base), share);
   }
 };
+
+/// What is likely the widest of a column: its largest and least number and its longest text.
+class Extremes {
+ public:
+  void Add(const Cell& cell) {
+    if (const auto* number = std::get_if<double>(&cell)) {
+      largest_ = std::max(largest_, *number);
+      least_ = std::min(least_, *number);
+    } else if (const auto* text = std::get_if<QString>(&cell)) {
+      longest_ = text->size() > longest_.size() ? *text : longest_;
+    }
+  }
+  QStringList Texts(Mask mask) const {
+    return {CellText(largest_, mask), CellText(least_, mask), longest_};
+  }
+
+ private:
+  double largest_ = 0;
+  double least_ = 0;
+  QString longest_;
+};
+
+QStringList ExtremesOf(const Table& table, std::size_t column) {
+  Extremes extremes;
+  for (const Row& row : table.rows) {
+    if (row.kind != RowKind::kGroup && column < row.cells.size()) {
+      extremes.Add(row.cells[column]);
+    }
+  }
+  return extremes.Texts(table.columns[column].mask);
+}
 
 }  // namespace
 
@@ -72,6 +114,7 @@ void ReportGridView::SetDocument(ReportDocument document) {
   model_->SetDocument(std::move(document));
   qobject_cast<ReportHeadingsView*>(horizontalHeader())->SetGroups(model_->Groups());
   SpanGroups();
+  MeasureColumns();
   FitColumns();
   updateGeometries();
   scrollToTop();
@@ -125,6 +168,22 @@ void ReportGridView::paintEvent(QPaintEvent* event) {
   }
 }
 
+void ReportGridView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    MeasureColumns();
+    FitColumns();
+  }
+}
+
+void ReportGridView::MeasureColumns() {
+  widths_.clear();
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    widths_.push_back(WidthOf(column));
+  }
+}
+
+// Rows are measured here and there, and what is likely the widest of all.
 int ReportGridView::WidthOf(int column) const {
   QFont bold = font();
   bold.setBold(true);
@@ -146,6 +205,13 @@ int ReportGridView::WidthOf(int column) const {
   if (rows > 0) {
     measure(rows - 1);
   }
+  const auto at = static_cast<std::size_t>(column);
+  for (const Table& table : model_->Document().tables) {
+    const QStringList texts = at < table.columns.size() ? ExtremesOf(table, at) : QStringList();
+    for (const QString& text : texts) {
+      width = std::max(width, metrics.horizontalAdvance(text));
+    }
+  }
   return std::min(width + kCellPadding, kWidest);
 }
 
@@ -156,19 +222,23 @@ bool ReportGridView::IsText(int column) const {
 }
 
 // What is left over: a little to each column, more to the widest text, and not so much that a line
-// is hard to follow.
+// is hard to follow. Where a little is missing the widest text gives it: all figures are in sight.
 void ReportGridView::FitColumns() {
   const int columns = model_->columnCount();
   int taken = 0;
   int widest = -1;
   for (int column = 0; column < columns; ++column) {
-    setColumnWidth(column, WidthOf(column));
+    setColumnWidth(column, widths_[static_cast<std::size_t>(column)]);
     taken += columnWidth(column);
     if (IsText(column) && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
       widest = column;
     }
   }
-  const int left_over = std::max(0, viewport()->width() - taken);
+  const int missing = taken - viewport()->width();
+  if (widest >= 0 && missing > 0 && columnWidth(widest) - missing >= kNarrowestText) {
+    setColumnWidth(widest, columnWidth(widest) - missing);
+  }
+  const int left_over = std::max(0, -missing);
   const int more = columns == 0 ? 0 : std::min(left_over / columns, kMostStretch);
   for (int column = 0; column < columns; ++column) {
     setColumnWidth(column, columnWidth(column) + more);

@@ -29,15 +29,18 @@ class ReportGridView : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void SpanGroups();
+  void MeasureColumns();
   void FitColumns();
   int WidthOf(int column) const;
   bool IsText(int column) const;
 
   ReportModel* model_;
   QString hint_;
+  std::vector<int> widths_;  ///< that the columns need
 };
 
 }  // namespace quorvane::report

@@ -2,7 +2,7 @@
 
 #include "core/database/BulkWriter.h"
 #include "core/database/DateSql.h"
-#include "core/ledger/Ledger.h"
+#include "core/gains/AverageCost.h"
 #include "core/text/Amounts.h"
 
 #include <fmt/format.h>
@@ -16,7 +16,7 @@ namespace {
 using database::Connection;
 using database::Transaction;
 
-using Walks = std::map<ScripId, AverageWalk>;
+using Walks = std::map<ScripId, gains::AverageCost>;
 
 constexpr std::string_view kScrips =
     "Select Distinct(ScriptId) From Stock Where Cid=? and Fyear=? and AcId=?";
@@ -45,13 +45,14 @@ Walks WalkAccount(Transaction& transaction, const ClientYear& of, AccountId acco
   for (const auto& row : transaction.Open(kScrips, of.client, of.year.Text(), account)) {
     walks.try_emplace(ScripId{row.Int(std::size_t{0})});
   }
-  ForEachRow(transaction, kOpenings, of, account, walks, [](AverageWalk& walk, const auto& row) {
-    walk.Receive(row.Double(1), row.Double(2));
-  });
+  ForEachRow(transaction, kOpenings, of, account, walks,
+             [](gains::AverageCost& walk, const auto& row) {
+               walk.Receive(row.Double(1), text::ToPaise(row.Double(2)));
+             });
   ForEachRow(transaction, fmt::format(kLines, database::DateOf("SPMaster.BDate")), of, account,
-             walks, [](AverageWalk& walk, const auto& row) {
+             walks, [](gains::AverageCost& walk, const auto& row) {
                if (row.Int(1) == 1) {
-                 walk.Receive(row.Double(2), row.Double(3) + row.Double(4));
+                 walk.Receive(row.Double(2), text::ToPaise(row.Double(3) + row.Double(4)));
                } else {
                  walk.Release(row.Double(2));
                }
@@ -90,19 +91,6 @@ void Store(Transaction& transaction, const ClientYear& of, AccountId account, co
 }
 
 }  // namespace
-
-void AverageWalk::Receive(double quantity, double cost) {
-  const double cost_of_all = quantity_ * average_ + cost;
-  quantity_ = ledger::SettleQuantity(quantity_ + quantity);
-  average_ = quantity_ > 0 ? text::Tidy(cost_of_all / quantity_) : 0;
-}
-
-void AverageWalk::Release(double quantity) {
-  quantity_ = ledger::SettleQuantity(quantity_ - quantity);
-  if (quantity_ <= 0) {
-    *this = {};
-  }
-}
 
 void RebuildAverageRates(Connection& connection, const ClientYear& of, AccountId account) {
   database::InTransaction(connection, [&](Transaction& transaction) {

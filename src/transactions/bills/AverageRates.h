@@ -8,32 +8,15 @@
 
 namespace quorvane::bills {
 
-/// The average rate of a holding while its bills are walked in order.
-class AverageWalk {
- public:
-  /// Shares come in at a cost in rupees, service tax included.
-  void Receive(double quantity, double cost);
-
-  /// Shares leave at the average. When the holding is used up the average starts again.
-  void Release(double quantity);
-
-  double Quantity() const { return quantity_; }
-  double Average() const { return average_; }  ///< rupees a share, 0 while nothing is held
-
- private:
-  double quantity_ = 0;
-  double average_ = 0;
-};
-
 struct AverageRate {
   ScripId scrip;
   double rate = 0;  ///< rupees a share
 };
 
 /// Works the average rates of an account out anew, for every scrip that has a lot: from the opening
-/// balance, then the bill lines by date, bill and line. One transaction, and the same few queries
-/// whatever the number of scrips; nothing is written when the rates are what they were. Transfers
-/// do not count.
+/// balance, then the bill lines by date, bill and line, service tax in the cost. One transaction,
+/// and the same few queries whatever the number of scrips; nothing is written when the rates are
+/// what they were. Transfers do not count.
 void RebuildAverageRates(database::Connection& connection, const ClientYear& of, AccountId account);
 
 /// The rates as last worked out, by scrip id.

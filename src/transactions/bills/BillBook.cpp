@@ -155,7 +155,7 @@ MaybeRefusal Replace(Transaction& transaction, const ClientYear& of, const std::
     DeleteRows(transaction, of, bill.id);
   } else {
     // A bill that was deleted meanwhile is written as a new one: its key may be taken.
-    bill.id = BillId{database::NextKey(transaction, "SPMaster", "ID")};
+    bill.id = BillId{database::NextKey(transaction, "SPMaster")};
   }
   InsertHeader(transaction, of, bill);
   InsertLines(transaction, of, bill);

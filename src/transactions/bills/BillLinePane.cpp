@@ -66,6 +66,7 @@ void BillLinePane::Arrange() {
   AddBox(*fields, BillBox::kAmount, tr("Amount"), true);
   AddBox(*fields, BillBox::kServiceTax, tr("Service Tax"), false);
   fields->Add(tr("S.T.T. %"), QStringLiteral("Combo5"), Combo5);
+  Combo5->SetCompletes(false);
   AddBox(*fields, BillBox::kLineStt, tr("S.T.T."), false);
   Check1->setAccessibleName(tr("Futures and options"));
   fields->Add(QString(), QStringLiteral("Check1"), Check1);

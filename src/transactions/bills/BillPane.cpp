@@ -78,7 +78,7 @@ QWidget* BillPane::BuildLists() {
   Vs1->SetSortable(false);
   Vs1->SetColumns({{.heading = tr("S/P"), .choices = QStringLiteral("#0;S|#1;P")},
                    {.heading = tr("Scrip")},
-                   {.heading = tr("Quantity"), .mask = Mask::kNumber},
+                   {.heading = tr("Quantity"), .mask = Mask::kAmount},
                    {.heading = tr("Rate"), .mask = Mask::kAmount},
                    {.heading = tr("Brokerage"), .mask = Mask::kAmount},
                    {.heading = tr("Net Rate"), .mask = Mask::kAmount},

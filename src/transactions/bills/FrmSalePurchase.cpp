@@ -45,7 +45,6 @@ FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
   BuildSearch();
   Connect();
   Start();
-  List().setFocus(Qt::OtherFocusReason);
 }
 
 void FrmSalePurchase::BuildSearch() {
@@ -184,10 +183,13 @@ void FrmSalePurchase::EscapePressed() {
   if (line_state_ != LineState::kNone) {
     page_->Button(LineCommand::kCancel).setFocus(Qt::ShortcutFocusReason);
     page_->Button(LineCommand::kCancel).click();
-  } else if (!IsEditing() || entry_.Current().lines.empty() ||
-             Say().Ask(tr("The bill is not saved. Give it up?"), Answer::kNo, Icon::kInformation)) {
+  } else {
     RecordWindow::EscapePressed();
   }
+}
+
+QString FrmSalePurchase::GiveUpQuestion() const {
+  return tr("The bill is not saved. Give it up?");
 }
 
 void FrmSalePurchase::Form_Unload() {

@@ -29,6 +29,7 @@ class FrmSalePurchase : public controls::RecordWindow {
   void Remove(int id) override;
   void StateChanged() override;
   void EscapePressed() override;
+  QString GiveUpQuestion() const override;
 
  private:
   enum class LineState { kNone, kAdding, kChanging };

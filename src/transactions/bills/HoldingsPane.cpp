@@ -32,7 +32,7 @@ HoldingsPane::HoldingsPane()
       ImgRefresh(new controls::ZENButton(QStringLiteral("ImgRefresh"), tr("Refresh"))) {
   caption_->setObjectName(QStringLiteral("LblBalance"));
   VS3->SetColumns({{.heading = tr("Scrip")},
-                   {.heading = tr("Balance"), .mask = Mask::kNumber},
+                   {.heading = tr("Balance"), .mask = Mask::kAmount},
                    {.heading = tr("Rate"), .mask = Mask::kAmount}});
   VS2->SetColumns(
       {{.heading = tr("Scrip")}, {.heading = tr("Quantity"), .alignment = Qt::AlignRight}});

@@ -29,15 +29,7 @@ class ExchangeDesk {
       desk_ = std::make_unique<rates::QuoteDesk>(
           rates::ExchangeHosts::From(app::IniFile(folders_.config_file)), folders_.market_rate);
     }
-    const rates::PriceQuestion price = PriceQuestionOf(question);
-    const bool of_today = question.date == question.today;
-    desk_->ClosingPrice(price, [this, price, of_today, answer = std::move(answer)](double rate) {
-      if (rate == 0 && of_today) {
-        desk_->CurrentQuote(price.exchange, price.code, answer);
-      } else {
-        answer(rate);
-      }
-    });
+    desk_->PriceOn(PriceQuestionOf(question), question.today, std::move(answer));
   }
 
  private:

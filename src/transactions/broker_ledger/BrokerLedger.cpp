@@ -1,10 +1,11 @@
 #include "transactions/broker_ledger/BrokerLedger.h"
 
+#include "core/records/Bill.h"
+#include "core/records/Money.h"
+#include "core/records/Query.h"
 #include "core/text/Amounts.h"
 
 #include <QCoreApplication>
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <numeric>
@@ -13,39 +14,32 @@
 namespace quorvane::broker_ledger {
 namespace {
 
-using database::Recordset;
-
 QString Words(const char* text) {
   return QCoreApplication::translate("BrokerLedger", text);
 }
 
-/// Transaction and payment modes by their stored number: 0, and anything else.
+/// Payments and receipts: the table, the words for the transaction modes 0 and any other, the side.
 struct MoneyTable {
-  std::string_view sql;
-  const char* document;
+  std::string_view name;
   const char* modes[2];
   bool debit;
 };
 
-constexpr MoneyTable kPayments{
-    "Select BrId,PDate,Amt,TMode,PMode,Id From BrPayment Where Cid=? and Fyear=? Order By Id",
-    "payment",
-    {QT_TRANSLATE_NOOP("BrokerLedger", "Payment"),
-     QT_TRANSLATE_NOOP("BrokerLedger", "Dr. By Broker")},
-    true};
-constexpr MoneyTable kReceipts{
-    "Select BrId,PDate,Amt,TMode,PMode,Id From BrRec Where Cid=? and Fyear=? Order By Id",
-    "receipt",
-    {QT_TRANSLATE_NOOP("BrokerLedger", "Receiving"),
-     QT_TRANSLATE_NOOP("BrokerLedger", "Cr. By Broker")},
-    false};
+constexpr MoneyTable kPayments{records::Table<records::Payment>::kName,
+                               {QT_TRANSLATE_NOOP("BrokerLedger", "Payment"),
+                                QT_TRANSLATE_NOOP("BrokerLedger", "Dr. By Broker")},
+                               true};
+constexpr MoneyTable kReceipts{records::kReceipts,
+                               {QT_TRANSLATE_NOOP("BrokerLedger", "Receiving"),
+                                QT_TRANSLATE_NOOP("BrokerLedger", "Cr. By Broker")},
+                               false};
 
 class LedgerReader {
  public:
   LedgerReader(database::Connection& connection, const LedgerQuery& query, Progress& progress)
       : connection_(connection), query_(query), progress_(progress) {}
 
-  std::vector<BrokerAccount> Read() {
+  BrokerLedger Read() {
     progress_.Begin(Words("Reading the broker ledger"), 5);
     ReadBrokers();
     ReadOpenings();
@@ -56,10 +50,18 @@ class LedgerReader {
       Finish(accounts_[i], openings_[i]);
     }
     std::erase_if(accounts_, [](const BrokerAccount& account) { return account.lines.empty(); });
-    return std::move(accounts_);
+    return {std::move(accounts_), std::move(faults_)};
   }
 
  private:
+  template <class Record>
+  records::Select<Record> Recorded(std::string_view table = records::Table<Record>::kName) {
+    records::Select<Record> select(connection_, table);
+    select.Where(&Record::client, query_.of.client).Where(&Record::year, query_.of.year);
+    select.OrderBy(&Record::id);
+    return select;
+  }
+
   void ReadBrokers() {
     for (const auto& row : connection_.Open("Select Id,Name From Broker Order By Name,Id")) {
       const BrokerId id{row.Int(std::size_t{0})};
@@ -73,66 +75,61 @@ class LedgerReader {
   }
 
   void ReadOpenings() {
-    for (const auto& row :
-         Open("Select BrId,OpBal,Dr From BrOpBal Where CId=? and Fyear=? Order By Id")) {
-      const auto place = places_.find(BrokerId{row.Int(std::size_t{0})});
-      if (place != places_.end() && row.Double(1) > 0) {
-        const std::int64_t amount = text::ToPaise(row.Double(1));
-        openings_[place->second] += row.Int(2) == 0 ? amount : -amount;
+    Recorded<records::BrokerOpening>().Each([this](const records::BrokerOpening& opening) {
+      const auto place = places_.find(opening.broker);
+      if (place != places_.end() && opening.amount > 0) {
+        const std::int64_t amount = text::ToPaise(opening.amount);
+        openings_[place->second] += opening.side == records::DebitCredit::kDebit ? amount : -amount;
       }
-    }
+    });
     Step();
   }
 
   void ReadBills() {
-    for (const auto& row :
-         Open("Select BrokId,BDate,Total,BillNo,ID From SPMaster Where Cid=? and Fyear=? Order By "
-              "ID")) {
-      if (row.Utf8(1).empty()) {
-        continue;
-      }
-      const std::int64_t total = text::ToPaise(row.Double(2));
-      Add(row, "bill", row.Int(4),
-          Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amt Bill No. ")) + row.Text(3), total);
-    }
+    Recorded<records::Bill>().Each([this](const records::Bill& bill) {
+      Add(bill.broker, bill.date,
+          {records::FaultKind::kBillWithoutDate, bill.client, bill.id.value,
+           bill.number.toStdString(), bill.date.toStdString()},
+          Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amt Bill No. ")) + bill.number,
+          text::ToPaise(bill.grand_total));
+    });
     Step();
   }
 
   void ReadMoney(const MoneyTable& table) {
-    for (const auto& row : Open(table.sql)) {
-      const QString mode = row.Int(4) == 0 ? Words(QT_TRANSLATE_NOOP("BrokerLedger", "Cash"))
-                                           : Words(QT_TRANSLATE_NOOP("BrokerLedger", "Cheque"));
-      const std::int64_t amount = text::ToPaise(row.Double(2));
-      Add(row, table.document, row.Int(5),
-          QStringLiteral("%1 (%2)").arg(Words(table.modes[row.Int(3) == 0 ? 0 : 1]), mode),
+    Recorded<records::Payment>(table.name).Each([&](const records::Payment& payment) {
+      const QString mode = payment.payment_mode == 0
+                               ? Words(QT_TRANSLATE_NOOP("BrokerLedger", "Cash"))
+                               : Words(QT_TRANSLATE_NOOP("BrokerLedger", "Cheque"));
+      const std::int64_t amount = text::ToPaise(payment.amount);
+      Add(payment.broker, payment.date,
+          {records::FaultKind::kPaymentWithoutDate,
+           payment.client,
+           payment.id,
+           {},
+           payment.date.toStdString()},
+          QStringLiteral("%1 (%2)").arg(Words(table.modes[payment.mode == 0 ? 0 : 1]), mode),
           table.debit ? amount : -amount);
-    }
+    });
     Step();
   }
 
-  /// Adds a document of the row's broker (its first column) and date (its second); a positive
-  /// amount is a debit.
-  void Add(const Recordset& row, const char* document, int id, const QString& particulars,
-           std::int64_t amount) {
-    const auto place = places_.find(BrokerId{row.Int(std::size_t{0})});
+  /// Adds a document of a broker; a positive amount is a debit. `fault` is what it is when its date
+  /// cannot be read.
+  void Add(BrokerId broker, const QString& day, const records::Fault& fault,
+           const QString& particulars, std::int64_t amount) {
+    const auto place = places_.find(broker);
     if (place == places_.end()) {
       return;
     }
-    const auto date = text::ParseDmy(row.Utf8(1));
+    const auto date = text::ParseDmy(day);
     if (!date) {
-      throw std::runtime_error(
-          fmt::format("the {} with the key {} has no date that can be read: "
-                      "\"{}\"",
-                      document, id, row.Utf8(1)));
-    }
-    if (*date > query_.period.to) {
-      return;
-    }
-    if (*date < query_.period.from) {
+      faults_.push_back(fault);
+    } else if (*date < query_.period.from) {
       openings_[place->second] += amount;
-      return;
+    } else if (*date <= query_.period.to) {
+      accounts_[place->second].lines.push_back(LineOf(*date, particulars, amount));
     }
-    accounts_[place->second].lines.push_back(LineOf(*date, particulars, amount));
   }
 
   static LedgerLine LineOf(text::Date date, const QString& particulars, std::int64_t amount) {
@@ -155,10 +152,6 @@ class LedgerReader {
     }
   }
 
-  Recordset Open(std::string_view sql) {
-    return connection_.Open(sql, query_.of.client, query_.of.year.Text());
-  }
-
   void Step() {
     progress_.Step(++steps_);
     progress_.ThrowIfCancelled();
@@ -168,6 +161,7 @@ class LedgerReader {
   const LedgerQuery& query_;
   Progress& progress_;
   int steps_ = 0;
+  records::Faults faults_;
   std::vector<BrokerAccount> accounts_;
   std::vector<std::int64_t> openings_;  ///< paise by account, debit positive
   std::unordered_map<BrokerId, std::size_t> places_;
@@ -186,8 +180,8 @@ std::int64_t BrokerAccount::Credits() const {
       [](std::int64_t sum, const LedgerLine& line) { return sum + line.credit; });
 }
 
-std::vector<BrokerAccount> ReadBrokerLedger(database::Connection& connection,
-                                            const LedgerQuery& query, Progress& progress) {
+BrokerLedger ReadBrokerLedger(database::Connection& connection, const LedgerQuery& query,
+                              Progress& progress) {
   return LedgerReader(connection, query, progress).Read();
 }
 

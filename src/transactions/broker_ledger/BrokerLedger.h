@@ -3,6 +3,7 @@
 #include "core/ClientYear.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
+#include "core/records/Faults.h"
 #include "reports/period/Period.h"
 
 #include <QString>
@@ -37,13 +38,17 @@ struct BrokerAccount {
   std::int64_t Closing() const { return Debits() - Credits(); }
 };
 
+struct BrokerLedger {
+  std::vector<BrokerAccount> accounts;
+  records::Faults faults;  ///< documents whose date cannot be read; they are left out
+};
+
 /// The brokers' accounts, by name. An account begins with the balance of its first day: the opening
 /// balance of the year and everything that was recorded before the period, in one line; a balance
 /// of 0 has no line. Then bills, payments and receipts by date, on one day in that order. A broker
 /// without any line is left out. One query a table, whatever the number of brokers. Throws
-/// DatabaseError, Cancellation, or std::runtime_error when a document's date cannot be read:
-/// leaving it out would lose it.
-std::vector<BrokerAccount> ReadBrokerLedger(database::Connection& connection,
-                                            const LedgerQuery& query, Progress& progress);
+/// DatabaseError and Cancellation.
+BrokerLedger ReadBrokerLedger(database::Connection& connection, const LedgerQuery& query,
+                              Progress& progress);
 
 }  // namespace quorvane::broker_ledger

@@ -59,13 +59,24 @@ void RptBrokerLedger::CmbMth_Click() {
 }
 
 MaybeRefusal RptBrokerLedger::CheckSelection() {
+  if (MaybeRefusal refusal = report::RefuseOutside(ThePeriod(), of_.year)) {
+    return refusal;
+  }
   return RefuseWithoutTick(*VSB, tr("Enter Broker Name."));
+}
+
+// The period stands in the report's name.
+QStringList RptBrokerLedger::Choices() const {
+  return ChosenOf(*VSB);
 }
 
 std::optional<report::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
   const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
-  return MakeLedgerDocument(query, Session().current_client_name,
-                            ReadBrokerLedger(*Session().connection, query, progress));
+  database::Connection& connection = *Session().connection;
+  const BrokerLedger ledger = ReadBrokerLedger(connection, query, progress);
+  report::ReportDocument document = MakeLedgerDocument(query, ClientName(), ledger.accounts);
+  document.notes += records::FaultTexts(connection, ledger.faults);
+  return document;
 }
 
 }  // namespace quorvane::broker_ledger

@@ -14,6 +14,7 @@ class RptBrokerLedger : public report::ReportWindow {
 
  protected:
   MaybeRefusal CheckSelection() override;
+  QStringList Choices() const override;
   std::optional<report::ReportDocument> BuildDocument(Progress& progress) override;
 
  private:

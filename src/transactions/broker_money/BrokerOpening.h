@@ -2,6 +2,7 @@
 
 #include "core/Ids.h"
 #include "core/Refusal.h"
+#include "core/records/Money.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,8 +11,7 @@ namespace quorvane::broker_money {
 
 using BrokerOpeningId = Id<struct BrokerOpeningTag>;
 
-/// Which side of a broker's account an amount stands on, as stored.
-enum class LedgerSide : std::uint8_t { kDebit = 0, kCredit = 1 };
+using LedgerSide = records::DebitCredit;
 
 /// The sides as a grid shows them.
 inline constexpr char kSideChoices[] = "#0;Dr|#1;Cr";

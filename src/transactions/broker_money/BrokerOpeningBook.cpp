@@ -1,8 +1,9 @@
 #include "transactions/broker_money/BrokerOpeningBook.h"
 
-#include "core/database/BulkWriter.h"
 #include "core/database/Keys.h"
 #include "core/database/RecordKey.h"
+#include "core/records/Bill.h"
+#include "core/records/Writing.h"
 #include "core/text/Amounts.h"
 
 #include <QCoreApplication>
@@ -22,86 +23,106 @@ struct Balance {
 
 using Balances = std::map<BrokerId, Balance>;
 
-constexpr std::string_view kInsert =
-    "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(?,?,?,?,?,?)";
+records::BrokerOpening RecordOf(const ClientYear& of, const BrokerOpening& opening) {
+  return {of.client, of.year, opening.id.value, opening.broker, opening.amount, *opening.side};
+}
 
-void InsertRow(Transaction& transaction, const ClientYear& of, const BrokerOpening& opening) {
-  transaction.Execute(kInsert, of.client, of.year.Text(), opening.id, opening.broker,
-                      opening.amount, static_cast<int>(*opening.side));
+BrokerOpening OpeningOf(const records::BrokerOpening& record) {
+  return {.id = BrokerOpeningId{record.id},
+          .broker = record.broker,
+          .amount = record.amount,
+          .side = record.side};
+}
+
+template <class Record>
+records::Select<Record> SelectOf(Connection& connection, const ClientYear& of,
+                                 std::string_view table = records::Table<Record>::kName) {
+  records::Select<Record> select(connection, table);
+  select.Where(&Record::client, of.client).Where(&Record::year, of.year);
+  return select;
 }
 
 bool IsTaken(Transaction& transaction, const ClientYear& of, const BrokerOpening& opening) {
-  return transaction
-      .Open("Select BrId From BrOpBal Where CId=? and Fyear=? and BrId=? and Id<>? For Update",
-            of.client, of.year.Text(), opening.broker, opening.id)
-      .Next();
+  bool taken = false;
+  SelectOf<records::BrokerOpening>(transaction.GetConnection(), of)
+      .Where(&records::BrokerOpening::broker, opening.broker)
+      .ForUpdate()
+      .Each([&](const records::BrokerOpening& other) { taken |= other.id != opening.id.value; });
+  return taken;
 }
 
-/// Adds `sign` times the rows' amounts. Each row is taken in whole paise, as the ledger shows it.
-void AddUp(Transaction& transaction, const ClientYear& of, std::string_view sql, int sign,
-           Balances& balances) {
-  for (const auto& row : transaction.Open(sql, of.client, of.year.Text())) {
-    const auto broker = balances.find(BrokerId{row.Int(std::size_t{0})});
-    if (broker != balances.end()) {
-      broker->second.paise += sign * text::ToPaise(row.Double(1));
-      broker->second.recorded = true;
+/// What every broker's account closed with. Each row is taken in whole paise, as the ledger shows
+/// it, and is held until the transaction ends.
+class Closing {
+ public:
+  Closing(Transaction& transaction, const ClientYear& of)
+      : connection_(transaction.GetConnection()), of_(of) {}
+
+  Balances Read() {
+    for (const auto& row : connection_.Open("Select Id From Broker")) {
+      balances_.try_emplace(BrokerId{row.Int(std::size_t{0})});
+    }
+    SelectOf<records::BrokerOpening>(connection_, of_).Shared().Each([this](const auto& row) {
+      Add(row.broker, row.side == LedgerSide::kDebit ? -row.amount : row.amount);
+    });
+    SelectOf<records::Bill>(connection_, of_)
+        .Shared()
+        .template Only<&records::Bill::broker, &records::Bill::grand_total>(
+            [this](const records::Bill& bill) { Add(bill.broker, -bill.grand_total); });
+    SelectOf<records::Payment>(connection_, of_).Shared().Each([this](const auto& row) {
+      Add(row.broker, -row.amount);
+    });
+    SelectOf<records::Payment>(connection_, of_, records::kReceipts)
+        .Shared()
+        .Each([this](const auto& row) { Add(row.broker, row.amount); });
+    return std::move(balances_);
+  }
+
+ private:
+  void Add(BrokerId broker, double rupees) {
+    const auto found = balances_.find(broker);
+    if (found != balances_.end()) {
+      found->second.paise += text::ToPaise(rupees);
+      found->second.recorded = true;
     }
   }
-}
 
-Balances ClosingBalances(Transaction& transaction, const ClientYear& of) {
-  Balances balances;
-  for (const auto& row : transaction.Open("Select Id From Broker")) {
-    balances.try_emplace(BrokerId{row.Int(std::size_t{0})});
-  }
-  AddUp(transaction, of,
-        "Select BrId,Case When Dr=0 Then -OpBal Else OpBal End From BrOpBal Where CId=? and "
-        "Fyear=? Lock In Share Mode",
-        1, balances);
-  AddUp(transaction, of,
-        "Select BrokId,Total From SPMaster Where Cid=? and Fyear=? Lock In Share Mode", -1,
-        balances);
-  AddUp(transaction, of,
-        "Select BrId,Amt From BrPayment Where Cid=? and Fyear=? Lock In Share Mode", -1, balances);
-  AddUp(transaction, of, "Select BrId,Amt From BrRec Where Cid=? and Fyear=? Lock In Share Mode", 1,
-        balances);
-  return balances;
-}
+  Connection& connection_;
+  ClientYear of_;
+  Balances balances_;
+};
 
 /// A balance that was typed for a broker of whom the year before knows nothing stays: nothing else
 /// tells it.
 void KeepOthers(Transaction& transaction, const ClientYear& of, Balances& balances) {
-  for (const auto& row :
-       transaction.Open("Select BrId From BrOpBal Where CId=? and Fyear=? For Update", of.client,
-                        of.year.Text())) {
-    const auto broker = balances.find(BrokerId{row.Int(std::size_t{0})});
+  const auto keep = [&](const records::BrokerOpening& row) {
+    const auto broker = balances.find(row.broker);
     if (broker != balances.end() && !broker->second.recorded) {
       balances.erase(broker);
     }
-  }
+  };
+  SelectOf<records::BrokerOpening>(transaction.GetConnection(), of).ForUpdate().Each(keep);
 }
 
 void DeleteRows(Transaction& transaction, const ClientYear& of, const Balances& balances) {
-  database::BulkWriter writer(transaction, "Delete From BrOpBal Where CId=? and Fyear=? and BrId=?",
-                              "iti");
+  std::vector<BrokerId> brokers;
   for (const auto& [broker, balance] : balances) {
-    writer.Int(of.client.value).Text(of.year.Utf8()).Int(broker.value).EndRow();
+    brokers.push_back(broker);
   }
-  writer.Finish();
+  records::Delete<records::BrokerOpening>(transaction)
+      .Where(&records::BrokerOpening::client, of.client)
+      .Where(&records::BrokerOpening::year, of.year)
+      .In(&records::BrokerOpening::broker, brokers)
+      .Run();
 }
 
 void InsertRows(Transaction& transaction, const ClientYear& of, const Balances& balances) {
-  database::BulkWriter writer(transaction, kInsert, "itiidi");
-  int next = database::NextKey(transaction, "BrOpBal");
+  records::Writer<records::BrokerOpening> writer(transaction);
+  int next = database::NextKeys(transaction, "BrOpBal", static_cast<int>(balances.size()));
   for (const auto& [broker, balance] : balances) {
-    const BrokerOpening carried = CarriedOpening(broker, balance.paise);
-    writer.Int(of.client.value)
-        .Text(of.year.Utf8())
-        .Int(next++)
-        .Int(broker.value)
-        .Double(carried.amount)
-        .Int(static_cast<int>(*carried.side))
-        .EndRow();
+    BrokerOpening carried = CarriedOpening(broker, balance.paise);
+    carried.id = BrokerOpeningId{next++};
+    writer.Write(RecordOf(of, carried));
   }
   writer.Finish();
 }
@@ -113,15 +134,10 @@ BrokerOpeningBook::BrokerOpeningBook(Connection& connection, const ClientYear& o
 
 std::vector<BrokerOpening> BrokerOpeningBook::List() const {
   std::vector<BrokerOpening> openings;
-  for (const auto& row :
-       connection_.Open("Select Id,BrId,OpBal,Dr From BrOpBal Where CId=? and Fyear=? Order By "
-                        "OpBal Desc,Id",
-                        of_.client, of_.year.Text())) {
-    openings.push_back({.id = BrokerOpeningId{row.Int(std::size_t{0})},
-                        .broker = BrokerId{row.Int(1)},
-                        .amount = row.Double(2),
-                        .side = row.Int(3) == 0 ? LedgerSide::kDebit : LedgerSide::kCredit});
-  }
+  SelectOf<records::BrokerOpening>(connection_, of_)
+      .OrderDownBy(&records::BrokerOpening::amount)
+      .OrderBy(&records::BrokerOpening::id)
+      .Each([&](const records::BrokerOpening& row) { openings.push_back(OpeningOf(row)); });
   return openings;
 }
 
@@ -138,7 +154,7 @@ MaybeRefusal BrokerOpeningBook::Save(BrokerOpening& opening) {
         }
         saved = opening;
         saved.id = database::ClaimKey(transaction, "BrOpBal", saved.id);
-        InsertRow(transaction, of_, saved);
+        records::Insert(transaction, RecordOf(of_, saved));
         return std::nullopt;
       });
   if (!refusal) {
@@ -149,27 +165,25 @@ MaybeRefusal BrokerOpeningBook::Save(BrokerOpening& opening) {
 
 void BrokerOpeningBook::Delete(BrokerOpeningId id) {
   database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
-    transaction.Execute("Delete From BrOpBal Where Id=?", id);
+    records::Delete<records::BrokerOpening>(transaction)
+        .Where(&records::BrokerOpening::id, id.value)
+        .Run();
     return std::nullopt;
   });
 }
 
 bool BrokerOpeningBook::HasBalancesToCarryForward() const {
-  const QString year = of_.year.Previous().Text();
-  return connection_
-      .Open(
-          "Select 1 From BrOpBal Where CId=? and Fyear=? Union All "
-          "Select 1 From SPMaster Where Cid=? and Fyear=? Union All "
-          "Select 1 From BrPayment Where Cid=? and Fyear=? Union All "
-          "Select 1 From BrRec Where Cid=? and Fyear=? Limit 1",
-          of_.client, year, of_.client, year, of_.client, year, of_.client, year)
-      .Next();
+  const ClientYear before{of_.client, of_.year.Previous()};
+  return SelectOf<records::BrokerOpening>(connection_, before).First() ||
+         SelectOf<records::Bill>(connection_, before).First() ||
+         SelectOf<records::Payment>(connection_, before).First() ||
+         SelectOf<records::Payment>(connection_, before, records::kReceipts).First();
 }
 
 std::size_t BrokerOpeningBook::CarryForward() {
   std::size_t written = 0;
   database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
-    Balances balances = ClosingBalances(transaction, {of_.client, of_.year.Previous()});
+    Balances balances = Closing(transaction, {of_.client, of_.year.Previous()}).Read();
     KeepOthers(transaction, of_, balances);
     DeleteRows(transaction, of_, balances);
     InsertRows(transaction, of_, balances);

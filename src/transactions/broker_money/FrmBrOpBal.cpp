@@ -89,6 +89,7 @@ void FrmBrOpBal::StateChanged() {
 }
 
 void FrmBrOpBal::FirstShown() {
+  RecordWindow::FirstShown();
   if (openings_.empty() && book_.HasBalancesToCarryForward()) {
     CmdImport_Click();
   }

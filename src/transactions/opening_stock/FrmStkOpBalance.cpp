@@ -105,7 +105,7 @@ void FrmStkOpBalance::SetListColumns() {
                      {.heading = tr("Demat A/c No."),
                       .choices = lookups::AccountChoiceList(connection, of_.client)},
                      {.heading = tr("Rate"), .mask = Mask::kAmount},
-                     {.heading = tr("Quantity"), .mask = Mask::kNumber},
+                     {.heading = tr("Quantity"), .mask = Mask::kAmount},
                      {.heading = tr("Purchase Date"), .mask = Mask::kDate},
                      {.heading = tr("Total"), .mask = Mask::kAmount},
                      {.heading = tr("Service Tax"), .mask = Mask::kAmount},
@@ -118,10 +118,10 @@ void FrmStkOpBalance::FillList() {
   lots_ = book_.List();
   std::vector<controls::Row> rows;
   for (const OpeningLot& lot : lots_) {
-    rows.push_back(
-        {.id = lot.id.value,
-         .cells = {lot.scrip.value, lot.account.value, lot.rate, lot.quantity, lot.purchase_date,
-                   lot.total, lot.service_tax, lot.stt, lot.fo ? 1 : 0, lot.brokerage}});
+    rows.push_back({.id = lot.id.value,
+                    .cells = {lot.scrip.value, lot.account.value, lot.rate, lot.quantity.Number(),
+                              lot.purchase_date, lot.total, lot.service_tax, lot.stt,
+                              lot.fo ? 1 : 0, lot.brokerage}});
   }
   List().SetRows(std::move(rows));
 }
@@ -222,6 +222,7 @@ void FrmStkOpBalance::Text1_Validate() {
 }
 
 void FrmStkOpBalance::FirstShown() {
+  RecordWindow::FirstShown();
   if (lots_.empty() && HasLotsToCarryForward(*Session().connection, of_)) {
     CarryForwardIfWanted();
   }

@@ -1,6 +1,5 @@
 #include "transactions/opening_stock/OpeningEntry.h"
 
-#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 
 #include <cmath>
@@ -13,7 +12,7 @@ OpeningEntry::OpeningEntry(const OpeningLot& lot) : lot_(lot) {
   if (!lot.id) {
     return;
   }
-  At(kQuantity) = text::NumberText(lot.quantity);
+  At(kQuantity) = text::NumberText(lot.quantity.Number());
   At(kRate) = text::FormatAmount(lot.rate);
   At(kTotal) = text::FormatAmount(lot.total);
   At(kPurchaseDate) = lot.purchase_date;
@@ -36,8 +35,8 @@ void OpeningEntry::Take(OpeningBox box, const QString& typed, text::FinancialYea
   const double number = text::Val(typed);
   switch (box) {
     case kQuantity:
-      lot_.quantity = ledger::SettleQuantity(std::abs(number));
-      At(box) = text::NumberText(lot_.quantity);
+      lot_.quantity = Shares(std::abs(number));
+      At(box) = text::NumberText(lot_.quantity.Number());
       break;
     case kRate:
       lot_.rate = text::RoundAmount(number);

@@ -34,8 +34,8 @@ report::Cell DateCell(const QString& dmy) {
 report::Row RowOf(const OpeningLot& lot, const lookups::Directory& directory) {
   return {report::RowKind::kData,
           {QString::fromStdString(directory.Scrip(lot.scrip).name),
-           QString::fromStdString(directory.Account(lot.account).number), lot.rate, lot.quantity,
-           DateCell(lot.purchase_date), lot.total, lot.service_tax, lot.stt,
+           QString::fromStdString(directory.Account(lot.account).number), lot.rate,
+           lot.quantity.Number(), DateCell(lot.purchase_date), lot.total, lot.service_tax, lot.stt,
            lot.fo ? Tr("Yes") : Tr("No"), lot.brokerage}};
 }
 

@@ -1,6 +1,5 @@
 #include "transactions/opening_stock/OpeningStock.h"
 
-#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 
 #include <QCoreApplication>
@@ -14,8 +13,8 @@ Refusal Refuse(const char* text, const QString& field) {
 
 }  // namespace
 
-double OpeningTotal(double quantity, double rate, double brokerage) {
-  return text::RoundAmount(quantity * text::Tidy(rate + brokerage));
+double OpeningTotal(Shares quantity, double rate, double brokerage) {
+  return text::RoundAmount(quantity.Number() * text::Tidy(rate + brokerage));
 }
 
 QString KeepPurchaseDate(const QString& date, text::FinancialYear year) {
@@ -28,7 +27,7 @@ MaybeRefusal CheckOpening(const OpeningLot& lot, text::FinancialYear year) {
     return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Select Script Name."),
                   QStringLiteral("Combo1"));
   }
-  if (!(ledger::SettleQuantity(lot.quantity) > 0)) {
+  if (lot.quantity <= Shares()) {
     return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Enter Quantity Greater than Zero."),
                   QStringLiteral("Text1_0"));
   }

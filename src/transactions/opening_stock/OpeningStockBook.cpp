@@ -1,8 +1,11 @@
 #include "transactions/opening_stock/OpeningStockBook.h"
 
-#include "transactions/opening_stock/OpeningRows.h"
-#include "transactions/posting/LotSheet.h"
+#include "core/database/Keys.h"
+#include "core/ledger/Ledger.h"
+#include "core/ledger/Posting.h"
+#include "core/records/Writing.h"
 #include "transactions/posting/Owner.h"
+#include "transactions/posting/Shortage.h"
 
 #include <algorithm>
 #include <set>
@@ -13,30 +16,68 @@ namespace {
 
 using database::Connection;
 using database::Transaction;
-using posting::LotSheet;
+using ledger::Lots;
 
-ledger::LotKey KeyOf(const ClientYear& of, const OpeningLot& lot) {
-  return {of, lot.account, lot.scrip, lot.rate};
+records::Select<OpeningLot> SelectOf(Connection& connection, const ClientYear& of) {
+  records::Select<OpeningLot> select(connection);
+  select.Where(&OpeningLot::client, of.client).Where(&OpeningLot::year, of.year);
+  select.OrderBy(&OpeningLot::id);
+  return select;
 }
 
-/// Deletes the old rows, inserts the new ones and moves their lots. What matters is the outcome for
-/// each lot: old shares may leave it below zero when new ones come in.
+void DeleteRows(Transaction& transaction, const ClientYear& of, std::span<const OpeningLot> rows) {
+  std::vector<OpeningId> ids(rows.size());
+  std::ranges::transform(rows, ids.begin(), &OpeningLot::id);
+  records::Delete<OpeningLot>(transaction)
+      .Where(&OpeningLot::client, of.client)
+      .Where(&OpeningLot::year, of.year)
+      .In(&OpeningLot::id, ids)
+      .Run();
+}
+
+/// Under ids of their own, or under new ones.
+void InsertRows(Transaction& transaction, const ClientYear& of, std::span<OpeningLot> rows) {
+  const auto fresh = std::ranges::count_if(rows, [](const OpeningLot& row) { return !row.id; });
+  int next = fresh == 0 ? 0 : database::NextKeys(transaction, "StkOpBal", static_cast<int>(fresh));
+  for (OpeningLot& row : rows) {
+    row.client = of.client;
+    row.year = of.year;
+    if (!row.id) {
+      row.id = OpeningId{next++};
+    }
+  }
+  records::Insert<OpeningLot>(transaction, rows);
+}
+
+std::vector<ledger::Place> PlacesOf(const ClientYear& of, std::span<const OpeningLot> rows) {
+  std::vector<ledger::Place> places;
+  for (const OpeningLot& row : rows) {
+    places.push_back({of, row.account});
+  }
+  return places;
+}
+
+/// Inserts the new rows in place of old ones, which are deleted already, and moves their lots. What
+/// matters is the outcome for each lot: old shares may leave it below zero when new ones come in.
 MaybeRefusal Replace(Transaction& transaction, const ClientYear& of,
-                     std::span<const OpeningLot> old, std::span<OpeningLot> lots,
+                     std::span<const OpeningLot> old, std::span<OpeningLot> rows,
                      const QString& field) {
-  LotSheet sheet(transaction, ledger::LotTable::kStock);
-  for (const OpeningLot& lot : old) {
-    sheet.Take(KeyOf(of, lot), lot.quantity);
+  std::vector<ledger::Place> places = PlacesOf(of, old);
+  const std::vector<ledger::Place> more = PlacesOf(of, rows);
+  places.insert(places.end(), more.begin(), more.end());
+  Lots lots;
+  ledger::LockAndLoad(transaction, lots, places);
+  InsertRows(transaction, of, rows);
+  for (const OpeningLot& row : rows) {
+    ledger::Post(lots, row);
   }
-  for (const OpeningLot& lot : lots) {
-    sheet.Add(KeyOf(of, lot), lot.quantity);
+  for (const OpeningLot& row : old) {
+    ledger::TakeBack(lots, row);
   }
-  if (MaybeRefusal refusal = sheet.CheckShortage(field)) {
+  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, field)) {
     return refusal;
   }
-  sheet.Write();
-  DeleteRows(transaction, of, old);
-  InsertRows(transaction, of, lots);
+  lots.Write(transaction);
   return std::nullopt;
 }
 
@@ -47,7 +88,8 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, OpeningLot& 
   }
   std::vector<OpeningLot> old;
   if (lot.id) {
-    old = ReadRows(transaction.GetConnection(), of, Locking::kForUpdate, lot.id);
+    old =
+        SelectOf(transaction.GetConnection(), of).Where(&OpeningLot::id, lot.id).ForUpdate().All();
   }
   if (MaybeRefusal refusal =
           posting::CheckAccount(transaction, of.client, lot.account,
@@ -55,9 +97,10 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, OpeningLot& 
     return refusal;
   }
   if (old.empty()) {
-    // A row that was deleted meanwhile is written as a new one: its key may be taken.
+    // A row that was deleted meanwhile is written as a new one.
     lot.id = {};
   }
+  DeleteRows(transaction, of, old);
   return Replace(transaction, of, old, {&lot, 1}, QStringLiteral("Text1_0"));
 }
 
@@ -65,7 +108,7 @@ OpeningLot OpeningOf(const gains::RemainingLot& lot) {
   OpeningLot opening;
   opening.scrip = lot.scrip;
   opening.account = lot.account;
-  opening.quantity = lot.quantity;
+  opening.quantity = Shares(lot.quantity);
   opening.rate = lot.rate;
   opening.total = lot.total;
   opening.purchase_date = text::FormatDmy(lot.date);
@@ -98,7 +141,7 @@ OpeningStockBook::OpeningStockBook(Connection& connection, const ClientYear& of)
     : connection_(connection), of_(of) {}
 
 std::vector<OpeningLot> OpeningStockBook::List() const {
-  return ReadRows(connection_, of_, Locking::kPlain);
+  return SelectOf(connection_, of_).All();
 }
 
 MaybeRefusal OpeningStockBook::Save(OpeningLot& lot) {
@@ -108,8 +151,6 @@ MaybeRefusal OpeningStockBook::Save(OpeningLot& lot) {
   OpeningLot saved;
   MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = lot;
-    // What is recorded is what the ledger counts.
-    saved.quantity = ledger::SettleQuantity(lot.quantity);
     return SaveIn(transaction, of_, saved);
   });
   if (!refusal) {
@@ -120,8 +161,10 @@ MaybeRefusal OpeningStockBook::Save(OpeningLot& lot) {
 
 MaybeRefusal OpeningStockBook::Delete(OpeningId id) {
   return database::InTransaction(connection_, [&](Transaction& transaction) {
-    return Replace(transaction, of_, ReadRows(connection_, of_, Locking::kForUpdate, id), {},
-                   QStringLiteral("VSF"));
+    const std::vector<OpeningLot> old =
+        SelectOf(connection_, of_).Where(&OpeningLot::id, id).ForUpdate().All();
+    DeleteRows(transaction, of_, old);
+    return Replace(transaction, of_, old, {}, QStringLiteral("VSF"));
   });
 }
 
@@ -150,7 +193,8 @@ MaybeRefusal CarryForward(Transaction& transaction, const ClientYear& of,
   std::vector<OpeningLot> carried;
   std::transform(lots.begin(), lots.end(), std::back_inserter(carried), OpeningOf);
   const std::vector<OpeningLot> old =
-      IdenticalTo(carried, ReadRows(transaction.GetConnection(), of, Locking::kForUpdate));
+      IdenticalTo(carried, SelectOf(transaction.GetConnection(), of).ForUpdate().All());
+  DeleteRows(transaction, of, old);
   return Replace(transaction, of, old, carried, QStringLiteral("VSF"));
 }
 

@@ -61,7 +61,7 @@ bool LotSheet::Holds(LotId lot, const Place& place) const {
 
 LotId LotSheet::NewLot() {
   if (next_id_ == 0) {
-    next_id_ = database::NextSharedKey(transaction_, {"Stock", "Stock_Temp"});
+    next_id_ = database::FirstFreeKey(transaction_, "Stock");
   }
   return LotId{next_id_++};
 }
@@ -136,6 +136,10 @@ void LotSheet::Write() {
   }
   insert.Finish();
   update.Finish();
+  // What is numbered on the scratch copy gets its number for good when it is saved.
+  if (next_id_ != 0 && table_ == ledger::LotTable::kStock) {
+    database::KeepKeys(transaction_, "Stock", next_id_);
+  }
 }
 
 }  // namespace quorvane::posting

@@ -2,7 +2,20 @@
 
 #include <QCoreApplication>
 
+#include <fmt/format.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
 namespace quorvane::posting {
+namespace {
+
+Refusal Deleted(const char* text, const QString& field) {
+  return {QCoreApplication::translate("Posting", text), field};
+}
+
+}  // namespace
 
 MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client,
                          const QString& field) {
@@ -10,8 +23,7 @@ MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client,
   if (rows.Next()) {
     return std::nullopt;
   }
-  return Refusal{QCoreApplication::translate("Posting", "This Client was Deleted in the Meantime."),
-                 field};
+  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Client was Deleted in the Meantime."), field);
 }
 
 MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, AccountId account,
@@ -24,8 +36,47 @@ MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, A
   if (rows.Next()) {
     return std::nullopt;
   }
-  return Refusal{
-      QCoreApplication::translate("Posting", "This Demat A/c was Deleted in the Meantime."), field};
+  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Demat A/c was Deleted in the Meantime."),
+                 field);
+}
+
+MaybeRefusal CheckBroker(database::Transaction& transaction, BrokerId broker, BrokerId recorded,
+                         const QString& field) {
+  if (!broker || broker == recorded) {
+    return std::nullopt;
+  }
+  auto rows = transaction.Open("Select Id From Broker Where Id=? Lock In Share Mode", broker);
+  if (rows.Next()) {
+    return std::nullopt;
+  }
+  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Broker was Deleted in the Meantime."), field);
+}
+
+MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const ScripId> scrips,
+                         std::span<const ScripId> recorded, const QString& field) {
+  std::set<ScripId> missing(scrips.begin(), scrips.end());
+  missing.erase(ScripId{});
+  for (const ScripId scrip : recorded) {
+    missing.erase(scrip);
+  }
+  if (missing.empty()) {
+    return std::nullopt;
+  }
+  std::string places;
+  std::vector<database::Value> values;
+  for (const ScripId scrip : missing) {
+    places += places.empty() ? "?" : ",?";
+    values.emplace_back(scrip);
+  }
+  for (const auto& row : transaction.GetConnection().OpenValues(
+           fmt::format("Select Id From Script Where Id In ({}) Lock In Share Mode", places),
+           values)) {
+    missing.erase(ScripId{row.Int(std::size_t{0})});
+  }
+  if (missing.empty()) {
+    return std::nullopt;
+  }
+  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Script was Deleted in the Meantime."), field);
 }
 
 }  // namespace quorvane::posting

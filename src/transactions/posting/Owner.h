@@ -4,11 +4,14 @@
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
 
+#include <span>
+
 namespace quorvane::posting {
 
-// Refuse a record whose owner was deleted while its window stood open: no report would find the
-// record, and an export would not hold it. The owner is held to the end of the transaction, so that
-// it is not deleted before the record is written. `field` is where the account is chosen.
+// Refuse a record whose owner, broker or scrip was deleted while its window stood open: no report
+// would find the record, and an export would not hold it. What is found is held to the end of the
+// transaction, so that it is not deleted before the record is written. `field` is where it is
+// chosen.
 
 MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client, const QString& field);
 
@@ -16,5 +19,19 @@ MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client, co
 /// in already, although that was deleted.
 MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, AccountId account,
                           AccountId recorded, const QString& field);
+
+/// No broker is none that could be missing. A record may keep the broker `recorded`, although that
+/// was deleted.
+MaybeRefusal CheckBroker(database::Transaction& transaction, BrokerId broker, BrokerId recorded,
+                         const QString& field);
+
+/// All scrips of a record with one query. A record may keep the scrips in `recorded`, although they
+/// were deleted; no scrip is none that could be missing.
+MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const ScripId> scrips,
+                         std::span<const ScripId> recorded, const QString& field);
+inline MaybeRefusal CheckScrip(database::Transaction& transaction, ScripId scrip, ScripId recorded,
+                               const QString& field) {
+  return CheckScrips(transaction, std::span(&scrip, 1), std::span(&recorded, 1), field);
+}
 
 }  // namespace quorvane::posting

@@ -47,8 +47,7 @@ FrmScriptTransfer::FrmScriptTransfer(controls::Desk& desk)
                    transactions::ClientTitle(tr("Transfer of Scripts"), desk.session), {790, 540},
                    QStringLiteral("VSF"), Panels::kTogether),
       of_(transactions::CurrentOf(desk.session)),
-      book_(*desk.session.connection, of_),
-      scratch_(*desk.session.connection, of_) {
+      book_(*desk.session.connection, of_) {
   BuildDetails();
   SetColumns();
   Connect();
@@ -105,7 +104,7 @@ void FrmScriptTransfer::SetColumns() {
   const QString accounts = lookups::ChoiceList(connection, Choices::kAccounts);
   VS->SetColumns({{.heading = tr("Script Name"), .choices = scrips},
                   {.heading = tr("Rate"), .mask = Mask::kAmount},
-                  {.heading = tr("Quantity"), .mask = Mask::kNumber}});
+                  {.heading = tr("Quantity"), .mask = Mask::kAmount}});
   List().SetColumns({{.heading = tr("Date"), .mask = Mask::kDate},
                      {.heading = tr("From A/c"), .choices = accounts},
                      {.heading = tr("To"), .choices = QLatin1String(kDestinationChoices)},
@@ -113,7 +112,7 @@ void FrmScriptTransfer::SetColumns() {
                      {.heading = tr("To Client"), .choices = ClientChoiceList(connection)},
                      {.heading = tr("Script Name"), .choices = scrips},
                      {.heading = tr("Rate"), .mask = Mask::kAmount},
-                     {.heading = tr("Quantity"), .mask = Mask::kNumber}});
+                     {.heading = tr("Quantity"), .mask = Mask::kAmount}});
   Combo1->SetItems(lookups::AccountItems(connection, of_.client));
 }
 
@@ -138,7 +137,7 @@ void FrmScriptTransfer::Connect() {
 }
 
 void FrmScriptTransfer::FillList() {
-  scratch_.Begin(std::nullopt);
+  held_ = book_.Begin(std::nullopt);
   transfers_ = book_.List();
   std::vector<controls::Row> rows;
   for (const Transfer& transfer : transfers_) {
@@ -146,7 +145,7 @@ void FrmScriptTransfer::FillList() {
         {.id = transfer.id.value,
          .cells = {transfer.date, transfer.from.value, transfer.to_client == of_.client ? 0 : 1,
                    transfer.to.value, transfer.to_client.value, transfer.scrip.value, transfer.rate,
-                   transfer.quantity}});
+                   transfer.quantity.Number()}});
   }
   List().SetRows(std::move(rows));
 }
@@ -171,7 +170,7 @@ void FrmScriptTransfer::Load(int id) {
   const QScopedValueRollback<bool> filling(filling_, true);
   shown_ = *found;
   date_->SetDate(shown_.date);
-  Text1[Quantity]->setText(text::NumberText(shown_.quantity));
+  Text1[Quantity]->setText(text::NumberText(shown_.quantity.Number()));
   Combo1->ById(shown_.from.value);
   (shown_.to_client == of_.client ? Option1 : Option2)->setChecked(true);
   FillDestinations();
@@ -182,10 +181,7 @@ void FrmScriptTransfer::Load(int id) {
 /// The lots are those of the ledger as it is now; a transfer that is changed is taken back on them.
 void FrmScriptTransfer::BeginEditing() {
   const QScopedValueRollback<bool> filling(filling_, true);
-  scratch_.Begin(std::nullopt);
-  if (shown_.id) {
-    book_.ReverseOn(scratch_, shown_);
-  }
+  held_ = book_.Begin(shown_.id ? std::optional(shown_) : std::nullopt);
   ShowLots();
 }
 
@@ -206,12 +202,12 @@ void FrmScriptTransfer::Remove(int id) {
   }
 }
 
-/// What was tried out on the scratch table is forgotten when an edit ends.
+/// The lots are read again when an edit ends.
 void FrmScriptTransfer::StateChanged() {
   const bool ended = was_editing_ && !IsEditing();
   was_editing_ = IsEditing();
   if (ended) {
-    scratch_.Begin(std::nullopt);
+    held_ = book_.Begin(std::nullopt);
   }
 }
 
@@ -230,30 +226,31 @@ void FrmScriptTransfer::ShowLots() {
   const QScopedValueRollback<bool> filling(filling_, true);
   lots_.clear();
   if (const AccountId account{Combo1->CurrentId()}) {
-    lots_ = scratch_.Lots(account);
-    std::erase_if(lots_, [](const ledger::Lot& lot) { return lot.quantity <= 0; });
+    lots_ = held_.Of({of_, account});
+    std::erase_if(lots_, [](const records::Lot& lot) { return lot.quantity <= Shares(); });
   }
   std::vector<controls::Row> rows;
-  for (const ledger::Lot& lot : lots_) {
-    rows.push_back({.id = lot.id.value, .cells = {lot.scrip.value, lot.rate, lot.quantity}});
+  for (const records::Lot& lot : lots_) {
+    rows.push_back(
+        {.id = lot.id.value, .cells = {lot.scrip.value, lot.rate, lot.quantity.Number()}});
   }
   VS->SetRows(std::move(rows));
-  const ledger::Lot* lot = LotOf(shown_);
+  const records::Lot* lot = LotOf(shown_);
   VS->SelectId(lot == nullptr ? 0 : lot->id.value);
   ShowLot();
 }
 
-const ledger::Lot* FrmScriptTransfer::FindLot(LotId id) const {
-  const auto found = std::ranges::find(lots_, id, &ledger::Lot::id);
+const records::Lot* FrmScriptTransfer::FindLot(LotId id) const {
+  const auto found = std::ranges::find(lots_, id, &records::Lot::id);
   return found == lots_.end() ? nullptr : &*found;
 }
 
 /// By its number, or by what makes a lot when it was numbered anew since.
-const ledger::Lot* FrmScriptTransfer::LotOf(const Transfer& transfer) const {
+const records::Lot* FrmScriptTransfer::LotOf(const Transfer& transfer) const {
   if (transfer.from.value != Combo1->CurrentId()) {
     return nullptr;
   }
-  const auto found = std::ranges::find_if(lots_, [&](const ledger::Lot& lot) {
+  const auto found = std::ranges::find_if(lots_, [&](const records::Lot& lot) {
     return lot.scrip == transfer.scrip && lot.rate == transfer.rate;
   });
   return found == lots_.end() ? nullptr : &*found;
@@ -261,7 +258,7 @@ const ledger::Lot* FrmScriptTransfer::LotOf(const Transfer& transfer) const {
 
 void FrmScriptTransfer::ShowLot() {
   const controls::GridModel& list = List().Model();
-  if (const ledger::Lot* lot = FindLot(LotId{VS->CurrentId()})) {
+  if (const records::Lot* lot = FindLot(LotId{VS->CurrentId()})) {
     Text1[Script]->setText(VS->Model().Text(VS->CurrentRow(), 0));
     Text1[Rate]->setText(text::FormatAmount(lot->rate));
   } else if (const int row = list.RowOf(shown_.id.value); !IsEditing() && row >= 0) {
@@ -281,7 +278,7 @@ Transfer FrmScriptTransfer::Entered() const {
   transfer.from = AccountId{Combo1->CurrentId()};
   transfer.to = AccountId{Combo2->CurrentId()};
   transfer.lot = LotId{VS->CurrentId()};
-  transfer.quantity = text::Val(Text1[Quantity]->text());
+  transfer.quantity = Shares(text::Val(Text1[Quantity]->text()));
   return transfer;
 }
 
@@ -309,18 +306,18 @@ void FrmScriptTransfer::VS_DblClick() {
 }
 
 void FrmScriptTransfer::Text1_Validate() {
-  const ledger::Lot* lot = FindLot(LotId{VS->CurrentId()});
+  const records::Lot* lot = FindLot(LotId{VS->CurrentId()});
   if (!IsEditing() || lot == nullptr || IsCancelling()) {
     return;
   }
   if (const MaybeRefusal refusal =
-          CheckBalance(text::Val(Text1[Quantity]->text()), lot->quantity)) {
+          CheckBalance(Shares(text::Val(Text1[Quantity]->text())), lot->quantity)) {
     Show(*refusal);
   }
 }
 
 void FrmScriptTransfer::Form_Unload() {
-  scratch_.Clear();
+  book_.End();
 }
 
 }  // namespace quorvane::transfers

@@ -5,7 +5,6 @@
 #include "controls/FieldLayout.h"
 #include "controls/Grid.h"
 #include "controls/RecordWindow.h"
-#include "transactions/posting/ScratchLots.h"
 #include "transactions/transfers/TransferBook.h"
 
 #include <QRadioButton>
@@ -47,8 +46,8 @@ class FrmScriptTransfer : public controls::RecordWindow {
   void FillDestinations();
   void ShowLots();
   void ShowLot();
-  const ledger::Lot* FindLot(LotId id) const;
-  const ledger::Lot* LotOf(const Transfer& transfer) const;
+  const records::Lot* FindLot(LotId id) const;
+  const records::Lot* LotOf(const Transfer& transfer) const;
   Transfer Entered() const;
 
   void Combo1_Click();
@@ -60,10 +59,10 @@ class FrmScriptTransfer : public controls::RecordWindow {
 
   ClientYear of_;
   TransferBook book_;
-  posting::ScratchLots scratch_;
+  ledger::Lots held_;                ///< as the ledger has them, a transfer under change taken back
   std::vector<Transfer> transfers_;  ///< as listed
   Transfer shown_;                   ///< as recorded; what is left of it names lot, scrip and rate
-  std::vector<ledger::Lot> lots_;    ///< of the from-account, those with shares
+  std::vector<records::Lot> lots_;   ///< of the from-account, those with shares
   std::optional<bool> destinations_are_own_;  ///< what Combo2 offers
   bool was_editing_ = false;
   bool filling_ = false;

@@ -1,6 +1,5 @@
 #include "transactions/transfers/Transfer.h"
 
-#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 #include "core/text/Dates.h"
 
@@ -76,14 +75,14 @@ MaybeRefusal CheckTransfer(const Transfer& transfer, text::FinancialYear year) {
   if (!transfer.lot) {
     return NoLot();
   }
-  if (!(ledger::SettleQuantity(transfer.quantity) > 0)) {
+  if (transfer.quantity <= Shares()) {
     return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Quantity Greater than Zero."),
                   QuantityField());
   }
   return std::nullopt;
 }
 
-MaybeRefusal CheckBalance(double quantity, double balance) {
+MaybeRefusal CheckBalance(Shares quantity, Shares balance) {
   if (quantity <= balance) {
     return std::nullopt;
   }
@@ -92,7 +91,7 @@ MaybeRefusal CheckBalance(double quantity, double balance) {
                  "Transfers",
                  "You Can't Transfer Scripts More than Balance.\nMaximum Allowed Value is: %1"),
              QuantityField());
-  refusal.text = refusal.text.arg(text::FormatAmount(balance));
+  refusal.text = refusal.text.arg(text::FormatAmount(balance.Number()));
   return refusal;
 }
 

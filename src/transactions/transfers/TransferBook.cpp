@@ -1,10 +1,10 @@
 #include "transactions/transfers/TransferBook.h"
 
-#include "core/database/DateSql.h"
 #include "core/database/Keys.h"
-#include "transactions/posting/LotSheet.h"
-
-#include <fmt/format.h>
+#include "core/ledger/Posting.h"
+#include "core/records/Writing.h"
+#include "transactions/posting/Owner.h"
+#include "transactions/posting/Shortage.h"
 
 #include <algorithm>
 
@@ -12,152 +12,115 @@ namespace quorvane::transfers {
 namespace {
 
 using database::Connection;
-using database::Recordset;
 using database::Transaction;
-using posting::LotSheet;
-using posting::Place;
+using ledger::Lots;
+using records::TransTo;
 
-constexpr std::string_view kSelect =
-    "Select ID,TDate,FrmAcId,ToAcId,ToClientID,StkId,ScrId,PRate,Qty From ScrTransfer Where Cid=? "
-    "and Fyear=?";
-
-Transfer TransferOf(const Recordset& row) {
-  Transfer transfer;
-  transfer.id = TransferId{row.Int(std::size_t{0})};
-  transfer.date = row.Text(1);
-  transfer.from = AccountId{row.Int(2)};
-  transfer.to = AccountId{row.Int(3)};
-  transfer.to_client = ClientId{row.Int(4)};
-  transfer.lot = LotId{row.Int(5)};
-  transfer.scrip = ScripId{row.Int(6)};
-  transfer.rate = row.Double(7);
-  transfer.quantity = row.Double(8);
-  return transfer;
-}
-
-std::optional<Transfer> Read(Connection& connection, const ClientYear& of, TransferId id,
-                             std::string_view suffix = "") {
-  auto rows =
-      connection.Open(fmt::format("{} and ID=?{}", kSelect, suffix), of.client, of.year.Text(), id);
-  return rows.Next() ? std::optional(TransferOf(rows)) : std::nullopt;
+records::Select<Transfer> SelectOf(Connection& connection, const ClientYear& of) {
+  records::Select<Transfer> select(connection);
+  select.Where(&Transfer::client, of.client).Where(&Transfer::year, of.year);
+  return select;
 }
 
 std::optional<Transfer> ReadForUpdate(Connection& connection, const ClientYear& of, TransferId id) {
-  return Read(connection, of, id, " For Update");
+  return SelectOf(connection, of).Where(&Transfer::id, id).ForUpdate().First();
 }
 
-Place Source(const ClientYear& of, const Transfer& transfer) {
-  return {of, transfer.from};
+ClientId OwnerOf(Transaction& transaction, AccountId account) {
+  auto rows =
+      transaction.Open("Select CId From ClientActDet Where id=? Lock In Share Mode", account);
+  return rows.Next() ? ClientId{rows.Int(std::size_t{0})} : ClientId{};
 }
 
-Place Destination(const ClientYear& of, const Transfer& transfer) {
-  return {{transfer.to_client, of.year}, transfer.to};
-}
-
-void LoadInOrder(LotSheet& sheet, std::vector<Place> places) {
-  std::sort(places.begin(), places.end());
-  for (const Place& place : places) {
-    sheet.Load(place);
-  }
-}
-
-ledger::LotKey KeyAt(const Place& place, const Transfer& transfer) {
-  return {place.of, place.account, transfer.scrip, transfer.rate};
-}
-
-void Move(LotSheet& sheet, const ClientYear& of, const Transfer& transfer, double quantity) {
-  sheet.Take(KeyAt(Source(of, transfer), transfer), quantity);
-  sheet.Add(KeyAt(Destination(of, transfer), transfer), quantity);
-}
-
-void Reverse(LotSheet& sheet, const ClientYear& of, const Transfer& transfer) {
-  Move(sheet, of, transfer, -transfer.quantity);
+void DeleteRow(Transaction& transaction, const Transfer& transfer) {
+  records::Delete<Transfer>(transaction)
+      .Where(&Transfer::client, transfer.client)
+      .Where(&Transfer::year, transfer.year)
+      .Where(&Transfer::id, transfer.id)
+      .Run();
 }
 
 /// Fills in what follows from the lot and checks its balance, an old transfer taken back before.
-MaybeRefusal TakeFromLot(LotSheet& sheet, const ClientYear& of, Transfer& transfer) {
-  const auto lot = sheet.Find(Source(of, transfer), transfer.lot);
-  if (!lot) {
+MaybeRefusal TakeFromLot(Lots& lots, Transfer& transfer) {
+  const records::Lot* lot = lots.Find(transfer.lot);
+  const ledger::Place source = ledger::SourceOf(transfer);
+  if (lot == nullptr || lot->Of() != source.of || lot->account != source.account) {
     return NoLot();
   }
   transfer.scrip = lot->scrip;
   transfer.rate = lot->rate;
-  if (MaybeRefusal refusal = CheckBalance(transfer.quantity, std::max(0.0, lot->quantity))) {
+  if (MaybeRefusal refusal = CheckBalance(transfer.quantity, std::max(Shares(), lot->quantity))) {
     return refusal;
   }
-  Move(sheet, of, transfer, transfer.quantity);
-  return sheet.CheckShortage(QStringLiteral("VSF"));
+  ledger::Post(lots, transfer);
+  return std::nullopt;
 }
 
-ClientId OwnerOf(Transaction& transaction, AccountId account) {
-  auto rows = transaction.Open("Select CId From ClientActDet Where id=?", account);
-  return rows.Next() ? ClientId{rows.Int(std::size_t{0})} : ClientId{};
-}
-
-void DeleteRow(Transaction& transaction, const ClientYear& of, TransferId id) {
-  transaction.Execute("Delete From ScrTransfer Where ID=? and Cid=? and Fyear=?", id, of.client,
-                      of.year.Text());
-}
-
-void InsertRow(Transaction& transaction, const ClientYear& of, const Transfer& transfer) {
-  constexpr int kSameClient = 0;
-  constexpr int kOtherClient = 1;
-  transaction.Execute(
-      "Insert Into ScrTransfer(Cid,Fyear,ID,TDate,FrmAcId,TransTo,ToAcId,ToClientID,StkId,ScrId,"
-      "PRate,Qty) Values(?,?,?,?,?,?,?,?,?,?,?,?)",
-      of.client, of.year.Text(), transfer.id, transfer.date, transfer.from,
-      transfer.to_client == of.client ? kSameClient : kOtherClient, transfer.to, transfer.to_client,
-      transfer.lot, transfer.scrip, transfer.rate, transfer.quantity);
-}
-
-MaybeRefusal Post(Transaction& transaction, const ClientYear& of,
-                  const std::optional<Transfer>& old, Transfer& transfer) {
-  LotSheet sheet(transaction, ledger::LotTable::kStock);
-  std::vector<Place> places{Source(of, transfer), Destination(of, transfer)};
+/// What lies between an old transfer and the new one: its lots first, so that the balance of the
+/// new one counts what the old one gives back.
+MaybeRefusal Move(Transaction& transaction, const std::optional<Transfer>& old,
+                  Transfer& transfer) {
+  Lots lots;
+  std::vector<ledger::Place> places{ledger::SourceOf(transfer), ledger::DestinationOf(transfer)};
   if (old) {
-    places.insert(places.end(), {Source(of, *old), Destination(of, *old)});
+    places.insert(places.end(), {ledger::SourceOf(*old), ledger::DestinationOf(*old)});
   }
-  LoadInOrder(sheet, std::move(places));
+  ledger::LockAndLoad(transaction, lots, places);
   if (old) {
-    Reverse(sheet, of, *old);
+    ledger::TakeBack(lots, *old);
   }
-  MaybeRefusal refusal = TakeFromLot(sheet, of, transfer);
-  if (!refusal) {
-    sheet.Write();
+  if (MaybeRefusal refusal = TakeFromLot(lots, transfer)) {
+    return refusal;
   }
-  return refusal;
+  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, QStringLiteral("VSF"))) {
+    return refusal;
+  }
+  lots.Write(transaction);
+  return std::nullopt;
 }
 
 MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& transfer) {
-  posting::EmptyScratch(transaction, of);
+  const QString field = QStringLiteral("Combo1");
+  if (MaybeRefusal refusal = posting::CheckClient(transaction, of.client, field)) {
+    return refusal;
+  }
+  ledger::ClearScratch(transaction, of);
   const std::optional<Transfer> old =
       transfer.id ? ReadForUpdate(transaction.GetConnection(), of, transfer.id) : std::nullopt;
+  if (MaybeRefusal refusal = posting::CheckAccount(transaction, of.client, transfer.from,
+                                                   old ? old->from : AccountId{}, field)) {
+    return refusal;
+  }
+  transfer.client = of.client;
+  transfer.year = of.year;
   transfer.to_client = OwnerOf(transaction, transfer.to);
   if (!transfer.to_client) {
     return NoDestination();
   }
-  if (MaybeRefusal refusal = Post(transaction, of, old, transfer)) {
+  transfer.kind = transfer.to_client == of.client ? TransTo::kSameClient : TransTo::kOtherClient;
+  if (MaybeRefusal refusal = Move(transaction, old, transfer)) {
     return refusal;
   }
   if (old) {
-    DeleteRow(transaction, of, transfer.id);
+    DeleteRow(transaction, *old);
   } else {
-    // A transfer that was deleted meanwhile is written as a new one: its key may be taken.
-    transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer", "ID")};
+    // A transfer that was deleted meanwhile is written as a new one.
+    transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer")};
   }
-  InsertRow(transaction, of, transfer);
+  records::Insert(transaction, transfer);
   return std::nullopt;
 }
 
-MaybeRefusal DeleteIn(Transaction& transaction, const ClientYear& of, const Transfer& transfer) {
-  LotSheet sheet(transaction, ledger::LotTable::kStock);
-  LoadInOrder(sheet, {Source(of, transfer), Destination(of, transfer)});
-  Reverse(sheet, of, transfer);
-  if (MaybeRefusal refusal = sheet.CheckShortage(QStringLiteral("VSF"))) {
+MaybeRefusal DeleteIn(Transaction& transaction, const Transfer& transfer) {
+  Lots lots;
+  ledger::LockAndLoad(transaction, lots,
+                      std::vector{ledger::SourceOf(transfer), ledger::DestinationOf(transfer)});
+  ledger::TakeBack(lots, transfer);
+  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, QStringLiteral("VSF"))) {
     return refusal;
   }
-  sheet.Write();
-  DeleteRow(transaction, of, transfer.id);
+  lots.Write(transaction);
+  DeleteRow(transaction, transfer);
   return std::nullopt;
 }
 
@@ -167,17 +130,11 @@ TransferBook::TransferBook(Connection& connection, const ClientYear& of)
     : connection_(connection), of_(of) {}
 
 std::vector<Transfer> TransferBook::List() const {
-  std::vector<Transfer> transfers;
-  for (const auto& row :
-       connection_.Open(fmt::format("{} Order By {},ID", kSelect, database::DateOf("TDate")),
-                        of_.client, of_.year.Text())) {
-    transfers.push_back(TransferOf(row));
-  }
-  return transfers;
+  return SelectOf(connection_, of_).OrderByDay(&Transfer::date).OrderBy(&Transfer::id).All();
 }
 
 std::optional<Transfer> TransferBook::Load(TransferId id) const {
-  return Read(connection_, of_, id);
+  return SelectOf(connection_, of_).Where(&Transfer::id, id).First();
 }
 
 MaybeRefusal TransferBook::Save(Transfer& transfer) {
@@ -187,8 +144,6 @@ MaybeRefusal TransferBook::Save(Transfer& transfer) {
   Transfer saved;
   MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = transfer;
-    // What is recorded is what the ledger counts.
-    saved.quantity = ledger::SettleQuantity(transfer.quantity);
     return SaveIn(transaction, of_, saved);
   });
   if (!refusal) {
@@ -200,18 +155,28 @@ MaybeRefusal TransferBook::Save(Transfer& transfer) {
 MaybeRefusal TransferBook::Delete(TransferId id) {
   return database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
     const std::optional<Transfer> old = ReadForUpdate(connection_, of_, id);
-    return old ? DeleteIn(transaction, of_, *old) : std::nullopt;
+    return old ? DeleteIn(transaction, *old) : std::nullopt;
   });
 }
 
-void TransferBook::ReverseOn(posting::ScratchLots& scratch, const Transfer& transfer) const {
-  scratch.Change([&](LotSheet& sheet) {
-    const Place source = Source(of_, transfer);
-    sheet.Add(KeyAt(source, transfer), transfer.quantity);
-    // Another client's lots are not on the scratch table.
-    if (transfer.to_client == of_.client) {
-      sheet.Take(KeyAt(Destination(of_, transfer), transfer), transfer.quantity);
-    }
+ledger::Lots TransferBook::Begin(const std::optional<Transfer>& changed) {
+  Lots lots;
+  for (const records::Lot& lot : ledger::ReadLots(connection_, ledger::LotScope::Of(of_))) {
+    lots.Load(lot);
+  }
+  if (changed) {
+    ledger::TakeBack(lots, *changed);
+  }
+  database::InTransaction(connection_, [&](Transaction& transaction) {
+    ledger::WriteScratch(transaction, of_, lots);
+    return MaybeRefusal();
+  });
+  return lots;
+}
+
+void TransferBook::End() {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
+    ledger::ClearScratch(transaction, of_);
     return MaybeRefusal();
   });
 }

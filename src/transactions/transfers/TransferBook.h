@@ -3,7 +3,7 @@
 #include "core/ClientYear.h"
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
-#include "transactions/posting/ScratchLots.h"
+#include "core/ledger/Lots.h"
 #include "transactions/transfers/Transfer.h"
 
 #include <optional>
@@ -24,18 +24,20 @@ class TransferBook {
   std::optional<Transfer> Load(TransferId id) const;
 
   /// Writes a new transfer, or a changed one in place of the old, and moves the shares in the
-  /// ledger. The client's lots on the scratch table are gone afterwards. Sets what the transfer
-  /// takes from its lot and its id. Refused when the lot has too few shares, or when a change would
+  /// ledger. Sets what the transfer takes from its lot and its id. Refused when the client or one
+  /// of the accounts was deleted meanwhile, when the lot has too few shares, or when a change would
   /// leave the old destination's lot below zero because its shares were used.
   MaybeRefusal Save(Transfer& transfer);
 
   /// Takes a transfer back. Refused when the shares were used at their destination.
   MaybeRefusal Delete(TransferId id);
 
-  /// Takes a transfer back on the scratch table only, so that it can be entered again with the
-  /// balances as they were without it. A balance is negative there when the shares were used at
-  /// their destination.
-  void ReverseOn(posting::ScratchLots& scratch, const Transfer& transfer) const;
+  /// The client's lots as the ledger has them, with `changed` taken back so that it can be entered
+  /// again with the balances as they were without it. They are copied to the scratch table.
+  ledger::Lots Begin(const std::optional<Transfer>& changed);
+
+  /// Empties the client's part of the scratch table.
+  void End();
 
  private:
   database::Connection& connection_;

@@ -16,11 +16,11 @@ std::vector<lookups::Item> AccountsOfOtherClients(database::Connection& connecti
 }
 
 QString ClientChoiceList(database::Connection& connection) {
-  QString list;
+  std::vector<lookups::Item> clients;
   for (const auto& row : connection.Open("Select Id,Name From ClientInfo")) {
-    list += QStringLiteral("#%1;%2|").arg(QString::number(row.Int(std::size_t{0})), row.Text(1));
+    clients.push_back({row.Int(std::size_t{0}), row.Text(1)});
   }
-  return list;
+  return lookups::ListOf(clients);
 }
 
 }  // namespace quorvane::transfers

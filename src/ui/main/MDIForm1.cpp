@@ -1,38 +1,53 @@
 #include "ui/main/MDIForm1.h"
 
 #include "controls/ChildWindow.h"
-#include "controls/Style.h"
+#include "controls/WindowMemory.h"
 #include "controls/ZENButton.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
 #include "core/rates/IndexHeadline.h"
 #include "masters/client_list/ClientList.h"
+#include "ui/folders/PortfolioFolders.h"
+#include "ui/main/MainHead.h"
 #include "ui/main/MainMenu.h"
+#include "ui/main/MainStatus.h"
+#include "ui/main/MenuBar.h"
 #include "ui/main/MiscInfo.h"
+#include "ui/main/StartPage.h"
 #include "ui/main/WindowTable.h"
 
+#include <QAction>
 #include <QCloseEvent>
-#include <QCoreApplication>
-#include <QDateTime>
-#include <QHBoxLayout>
+#include <QDir>
+#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QMdiSubWindow>
+#include <QPointer>
+#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace quorvane::ui {
 namespace {
 
 using controls::Answer;
 using controls::Icon;
-using controls::ZENButton;
 
 constexpr int kClockMs = 1000;
 constexpr int kHeadlineMs = 5 * 60 * 1000;
 const QString kMarketRateTool = QStringLiteral("MRate");
 const QString kConverterTool = QStringLiteral("Converter");
 const QString kClientList = QStringLiteral("FrmClientList");
+const QString kMaximized = QStringLiteral("Maximized");
+constexpr QSize kUsualSize(1180, 740);
+constexpr double kScreenShare = 0.85;
+constexpr int kGroundDarker = 106;  // per cent of the windows' ground
+
+QColor GroundOf(const QPalette& palette) {
+  return palette.color(QPalette::Window).darker(kGroundDarker);
+}
 
 QUrl FeedAddress(const app::Session& session) {
   const app::IniFile config(session.folders.config_file);
@@ -51,28 +66,78 @@ MDIForm1::MDIForm1(controls::Desk& desk)
       tools_(desk.session.folders.data) {
   setObjectName(QStringLiteral("MDIForm1"));
   setWindowTitle(app::TitleText());
+  BuildMenuBar();
+  BuildCentre();
+  status_ = new MainStatus(*statusBar(), *area_,
+                           QDir::toNativeSeparators(desk_.session.folders.application));
+  // The desk outlives this window, and the next main window puts itself in its place.
+  desk_.open = [self = QPointer(this)](const QString& name) {
+    if (self != nullptr) {
+      self->Open(name);
+    }
+  };
+  PlaceOnScreen();
+  StartTimers();
+}
+
+void MDIForm1::BuildMenuBar() {
+  setMenuBar(new MenuBar([this](const QKeySequence& key) {
+    controls::ChildWindow* front = Front();
+    return front != nullptr && front->PressKey(key);
+  }));
+  BuildMenu(*this, [this](const MenuItem& item) {
+    guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [&] { Do(item); });
+  });
+}
+
+void MDIForm1::BuildCentre() {
   auto* centre = new QWidget;
   auto* layout = new QVBoxLayout(centre);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   setCentralWidget(centre);
+  head_ = new MainHead(*this);
+  layout->addWidget(head_);
+  guard_.Connect(head_->lblSensex, &QAbstractButton::clicked, this, &MDIForm1::lblSensex_Click,
+                 QStringLiteral("lblSensex_Click"));
+  guard_.Connect(head_->lblLoaded, &QAbstractButton::clicked, this, &MDIForm1::lblLoaded_Click,
+                 QStringLiteral("lblLoaded_Click"));
+  guard_.Connect(head_->LblChkUpdate, &QAbstractButton::clicked, this,
+                 &MDIForm1::LblChkUpdate_Click, QStringLiteral("LblChkUpdate_Click"));
   area_->setObjectName(QStringLiteral("MDIExtend1"));
-  area_->setBackground(palette().color(QPalette::Window).darker(106));
+  area_->setBackground(GroundOf(palette()));
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  BuildMenu(*this, [this](const MenuItem& item) {
-    guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [&] { Do(item); });
-  });
-  BuildHead();
   layout->addWidget(area_, 1);
-  BuildStatusBar();
-  desk_.open = [this](const QString& name) { Open(name); };
-  resize(1180, 740);
-  StartTimers();
+  start_ = new StartPage(*area_);
+  connect(start_, &StartPage::Chosen, this,
+          [this](const QString& item) { findChild<QAction*>(item)->trigger(); });
+  ShowStartPage();
 }
 
-MDIForm1::~MDIForm1() {
-  desk_.open = [](const QString&) {};
+// As large as work needs and the screen allows; where the user left it when that is still a screen.
+void MDIForm1::PlaceOnScreen() {
+  const controls::WindowMemory memory(desk_.session.folders);
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  const auto remembered = memory.Place(objectName());
+  const QScreen* there = remembered ? QGuiApplication::screenAt(remembered->center()) : nullptr;
+  if (there != nullptr) {
+    setGeometry(controls::Inside(*remembered, there->availableGeometry()));
+  } else {
+    resize((screen.size() * kScreenShare).expandedTo(kUsualSize).boundedTo(screen.size()));
+  }
+  opened_at_ = geometry();
+  if (!memory.Text(objectName(), kMaximized).isEmpty()) {
+    setWindowState(Qt::WindowMaximized);
+  }
+}
+
+void MDIForm1::RememberPlace() const {
+  const controls::WindowMemory memory(desk_.session.folders);
+  memory.Keep(objectName(), kMaximized, isMaximized() ? QStringLiteral("1") : QString());
+  if (normalGeometry() != opened_at_) {
+    memory.KeepPlace(objectName(), normalGeometry());
+  }
 }
 
 void MDIForm1::Do(const MenuItem& item) {
@@ -93,6 +158,12 @@ void MDIForm1::Do(const MenuItem& item) {
       return mnuMisc_Click();
     case MenuAction::kConverter:
       return mnuConverter_Click();
+    case MenuAction::kImportFolder:
+      return PortfolioFolders(desk_, *this).Import();
+    case MenuAction::kExportFolder:
+      return PortfolioFolders(desk_, *this).Export();
+    case MenuAction::kImportSample:
+      return PortfolioFolders(desk_, *this).ImportSample();
     case MenuAction::kLogOut:
       return mnuLogOut_Click();
     case MenuAction::kContact:
@@ -102,81 +173,23 @@ void MDIForm1::Do(const MenuItem& item) {
   }
 }
 
-void MDIForm1::BuildHead() {
-  auto* head = new QWidget;
-  auto* rows = new QVBoxLayout(head);
-  rows->setContentsMargins(controls::kMargin, controls::kTightSpacing, controls::kMargin,
-                           controls::kTightSpacing);
-  rows->setSpacing(controls::kTightSpacing);
-  auto* line = new QHBoxLayout;
-  lblSensex = new ZENButton(QStringLiteral("lblSensex"), tr("BSE Market Rate List"));
-  lblSensex->setToolTip(tr("Starts the market-rate tool"));
-  guard_.Connect(lblSensex, &QAbstractButton::clicked, this, &MDIForm1::lblSensex_Click,
-                 QStringLiteral("lblSensex_Click"));
-  auto* loaded = new ZENButton(QStringLiteral("lblLoaded"), tr("Show Market Rates"));
-  loaded->setToolTip(tr("Brings the market-rate tool to the front"));
-  guard_.Connect(loaded, &QAbstractButton::clicked, this, &MDIForm1::lblLoaded_Click,
-                 QStringLiteral("lblLoaded_Click"));
-  auto* updates = new ZENButton(QStringLiteral("LblChkUpdate"), tr("Check For Updates"));
-  guard_.Connect(updates, &QAbstractButton::clicked, this, &MDIForm1::LblChkUpdate_Click,
-                 QStringLiteral("LblChkUpdate_Click"));
-  LblDate = new QLabel;
-  LblDate->setObjectName(QStringLiteral("LblDate"));
-  LblTime = new QLabel;
-  LblTime->setObjectName(QStringLiteral("LblTime"));
-  line->addWidget(lblSensex);
-  line->addWidget(loaded);
-  line->addWidget(updates);
-  line->addStretch(1);
-  line->addWidget(LblDate);
-  line->addSpacing(controls::kMargin);
-  line->addWidget(LblTime);
-  rows->addLayout(line);
-  button_row_ = new QWidget;
-  button_row_->setObjectName(QStringLiteral("ZENButton1"));
-  auto* row = new QHBoxLayout(button_row_);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(controls::kTightSpacing);
-  BuildButtonRow(*this, *row);
-  rows->addWidget(button_row_);
-  qobject_cast<QVBoxLayout*>(centralWidget()->layout())->addWidget(head);
-}
-
-void MDIForm1::BuildStatusBar() {
-  statusBar()->setObjectName(QStringLiteral("TXStatusBar1"));
-  for (const QString& panel : {tr("Page"), tr("Line"), tr("Col")}) {
-    auto* label = new QLabel(panel);
-    label->setMinimumWidth(80);
-    statusBar()->addPermanentWidget(label);
-  }
-  statusBar()->showMessage(desk_.session.folders.application);
-}
-
 void MDIForm1::StartTimers() {
   guard_.Connect(&Timer1, &QTimer::timeout, this, &MDIForm1::Timer1_Timer,
                  QStringLiteral("Timer1_Timer"));
   guard_.Connect(&Timer2, &QTimer::timeout, this, &MDIForm1::cmdSensex,
                  QStringLiteral("cmdSensex"));
-  connect(&feed_, &HeadlineFeed::HeadlineRead, this, &MDIForm1::ShowHeadline);
-  Timer1_Timer();
+  connect(&feed_, &HeadlineFeed::HeadlineRead, head_, &MainHead::ShowHeadline);
   Timer1.start(kClockMs);
   Timer2.start(kHeadlineMs);
   cmdSensex();
 }
 
 void MDIForm1::Timer1_Timer() {
-  const QDateTime now = QDateTime::currentDateTime();
-  const QLocale english(QLocale::English);
-  LblTime->setText(english.toString(now.time(), QStringLiteral("hh:mm:ss AP")));
-  LblDate->setText(english.toString(now.date(), QStringLiteral("dddd, MMMM d, yyyy")));
+  head_->ShowTime();
 }
 
 void MDIForm1::cmdSensex() {
   feed_.Fetch();
-}
-
-void MDIForm1::ShowHeadline(const QString& headline) {
-  lblSensex->setText(headline);
 }
 
 void MDIForm1::lblSensex_Click() {
@@ -228,7 +241,12 @@ controls::ChildWindow* MDIForm1::Show(const QString& name) {
   const QString key = KeyOf(name);
   const auto found = open_.find(key);
   if (found != open_.end()) {
-    area_->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(found->second->parentWidget()));
+    auto* frame = qobject_cast<QMdiSubWindow*>(found->second->parentWidget());
+    if (frame->isMinimized()) {
+      frame->showNormal();
+    }
+    area_->setActiveSubWindow(frame);
+    found->second->AskedAgain();
     return found->second;
   }
   controls::ChildWindow* child = MakeWindow(name, desk_);
@@ -240,7 +258,9 @@ controls::ChildWindow* MDIForm1::Show(const QString& name) {
     open_.erase(key);
     ChildClosed();
   });
+  start_->hide();
   child->OpenIn(*area_);
+  child->FocusFirst();
   return child;
 }
 
@@ -270,19 +290,49 @@ void MDIForm1::SelectClientFor(const QString& target) {
   }
 }
 
-/// The row waits for the client list and for whatever it opened.
+/// The row rests for the client list alone: windows stand beside each other.
 void MDIForm1::ChildClosed() {
-  if (open_.empty()) {
-    EnableButtons(true);
+  EnableButtons(!open_.contains(kClientList));
+  ShowStartPage();
+}
+
+void MDIForm1::ShowStartPage() {
+  start_->setVisible(open_.empty() && !client_list::HasClients(*desk_.session.connection));
+}
+
+controls::ChildWindow* MDIForm1::Front() const {
+  const QMdiSubWindow* frame = area_->activeSubWindow();
+  return frame == nullptr ? nullptr : qobject_cast<controls::ChildWindow*>(frame->widget());
+}
+
+/// Asks every open window before any of them goes: one that must stay keeps them all.
+bool MDIForm1::ChildrenMayClose() {
+  const auto children = findChildren<controls::ChildWindow*>();
+  for (controls::ChildWindow* child : children) {
+    if (child->isVisible() && !child->AgreeToClose()) {
+      std::ranges::for_each(children, &controls::ChildWindow::StayOpen);
+      if (auto* frame = qobject_cast<QMdiSubWindow*>(child->parentWidget())) {
+        area_->setActiveSubWindow(frame);
+      }
+      return false;
+    }
   }
+  return true;
+}
+
+void MDIForm1::CloseChildren() {
+  for (controls::ChildWindow* child : findChildren<controls::ChildWindow*>()) {
+    child->close();
+  }
+  area_->closeAllSubWindows();
 }
 
 void MDIForm1::EnableButtons(bool enabled) {
-  button_row_->setEnabled(enabled);
+  head_->ButtonRow().setEnabled(enabled);
 }
 
 bool MDIForm1::IsButtonRowEnabled() const {
-  return button_row_->isEnabled();
+  return head_->ButtonRow().isEnabled();
 }
 
 void MDIForm1::mnuMisc_Click() {
@@ -302,7 +352,8 @@ void MDIForm1::mnuBackUp_Click() {
 
 void MDIForm1::mnuLogOut_Click() {
   if (!desk_.messages.Ask(tr("Are You Sure You Want to LogOut?"), Answer::kNo,
-                          Icon::kInformation)) {
+                          Icon::kInformation) ||
+      !ChildrenMayClose()) {
     return;
   }
   closing_confirmed_ = true;
@@ -328,6 +379,11 @@ void MDIForm1::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::LanguageChange) {
     ShowCaptions(*this);
+    head_->ShowTexts();
+    start_->ShowTexts();
+    status_->Refresh();
+  } else if (event->type() == QEvent::PaletteChange && area_ != nullptr) {
+    area_->setBackground(GroundOf(palette()));
   }
 }
 
@@ -353,10 +409,13 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
       return;
     }
   }
-  area_->closeAllSubWindows();
   // A child that must not close yet, such as one that is still being edited, keeps the frame open.
-  event->setAccepted(area_->subWindowList().isEmpty());
-  closing_confirmed_ = event->isAccepted();
+  closing_confirmed_ = ChildrenMayClose();
+  event->setAccepted(closing_confirmed_);
+  if (closing_confirmed_) {
+    RememberPlace();
+    CloseChildren();
+  }
 }
 
 }  // namespace quorvane::ui

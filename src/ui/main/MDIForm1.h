@@ -6,7 +6,6 @@
 #include "ui/main/MenuTable.h"
 #include "ui/main/OutsideTools.h"
 
-#include <QLabel>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QTimer>
@@ -15,31 +14,35 @@
 
 namespace quorvane::controls {
 class ChildWindow;
-class ZENButton;
-}  // namespace quorvane::controls
+}
 
 namespace quorvane::ui {
 
+class MainHead;
+class MainStatus;
+class StartPage;
+
 /// The main window: menu, button row, clock, index headline, status bar, and the area in which
-/// every other window opens.
+/// every other window opens. While there is no client and no window is open, a page tells how to
+/// begin.
 class MDIForm1 : public QMainWindow {
   Q_OBJECT
 
  public:
   explicit MDIForm1(controls::Desk& desk);
-  ~MDIForm1() override;
 
   /// Opens a window by its name inside this one, or brings it to the front when it is open.
   void Open(const QString& name);
 
-  /// Stores the target's name and opens the client list for it; the button row waits meanwhile.
+  /// Stores the target's name and opens the client list for it; the button row rests until the list
+  /// closes.
   void SelectClientFor(const QString& target);
 
   /// Whether the buttons of the row can be pressed.
   bool IsButtonRowEnabled() const;
 
  Q_SIGNALS:
-  /// The user has logged out; the window is closing.
+  /// The user has logged out; every window has agreed to close and the main window is closing.
   void LoggedOut();
 
  protected:
@@ -48,21 +51,26 @@ class MDIForm1 : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void BuildHead();
-  void BuildStatusBar();
+  void BuildMenuBar();
+  void BuildCentre();
   void StartTimers();
+  void PlaceOnScreen();
+  void RememberPlace() const;
   void Do(const MenuItem& item);
   controls::ChildWindow* Show(const QString& name);
   QString KeyOf(const QString& name) const;
   void OpenModal(const QString& name);
   void ChildClosed();
+  controls::ChildWindow* Front() const;
+  bool ChildrenMayClose();
+  void CloseChildren();
+  void ShowStartPage();
   void EnableButtons(bool enabled);
   bool ShowTool(const QString& name);
   void StartTool(const QString& name);
 
   void Timer1_Timer();
   void cmdSensex();
-  void ShowHeadline(const QString& headline);
   void lblSensex_Click();
   void lblLoaded_Click();
   void LblChkUpdate_Click();
@@ -76,16 +84,16 @@ class MDIForm1 : public QMainWindow {
   controls::Desk& desk_;
   controls::Guard guard_;
   QMdiArea* area_;
-  QWidget* button_row_ = nullptr;
-  QLabel* LblTime = nullptr;
-  QLabel* LblDate = nullptr;
-  controls::ZENButton* lblSensex = nullptr;
+  MainHead* head_ = nullptr;
+  MainStatus* status_ = nullptr;
+  StartPage* start_ = nullptr;
   QTimer Timer1;  ///< the clock
   QTimer Timer2;  ///< asks for the headline again
   HeadlineFeed feed_;
   OutsideTools tools_;
   std::map<QString, controls::ChildWindow*> open_;  ///< by name
   bool closing_confirmed_ = false;
+  QRect opened_at_;  ///< before the user moved it
 };
 
 }  // namespace quorvane::ui

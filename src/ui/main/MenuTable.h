@@ -16,6 +16,9 @@ enum class MenuAction {
   kBackUp,           ///< sets the target and opens its window
   kMiscellaneous,
   kConverter,
+  kImportFolder,  ///< takes a portfolio folder in
+  kExportFolder,
+  kImportSample,  ///< takes the sample portfolio in
   kLogOut,
   kContact,
   kQuit

@@ -30,8 +30,9 @@ std::vector<controls::Row> MiscInfo::Facts() const {
   add(tr("Program"), app::TitleText().trimmed());
   add(tr("Application folder"), session.folders.application);
   const auto& settings = session.connection->Settings();
-  add(tr("Database"), settings.database + QStringLiteral(" @ ") +
-                          (settings.socket.isEmpty() ? settings.server : settings.socket));
+  add(tr("Database"),
+      settings.database + QStringLiteral(" @ ") +
+          (settings.socket.isEmpty() ? session.connection->Address().host : settings.socket));
   add(tr("Set-up statements skipped"), QString::number(session.skipped.size()));
   for (const auto& size : repair::CountRows(*session.connection)) {
     add(tr("Records in %1").arg(QString::fromStdString(size.table)), QString::number(size.rows));

@@ -3,6 +3,7 @@
 #include "admin/backup/Restore.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/backup/TableRows.h"
+#include "core/database/Keys.h"
 #include "core/database/Transaction.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -11,6 +12,9 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -165,6 +169,25 @@ class BackupTest : public QObject {
     }
   }
 
+  void AKeyGivenSinceTheBackupIsNotGivenAgain() {
+    Office office;
+    const auto next = [&] {
+      database::Transaction transaction(office.database.Get());
+      const int key = database::NextKey(transaction, "Broker");
+      transaction.Commit();
+      return key;
+    };
+    QCOMPARE(next(), 1);
+    const QString made = office.BackUp();
+    QCOMPARE(next(), 2);
+    QCOMPARE(office.Restore(made), QString());
+    QCOMPARE(next(), 3);
+    const QString later = office.BackUp();
+    office.database->Execute("Delete From RecordKey");
+    QCOMPARE(office.Restore(later), QString());
+    QCOMPARE(next(), 4);
+  }
+
   void WhatWasReplacedIsABackupToo() {
     Office office;
     const QString made = office.BackUp();
@@ -239,6 +262,14 @@ class BackupTest : public QObject {
         in_place([](const QString& backup) { Forge(backup, "\"format\": 1", "\"format\": 2"); }));
     add("an unknown column", "does not know",
         in_place([](const QString& backup) { Forge(backup, "\"SettlNo\"", "\"SettlNo2\""); }));
+    add("a table named twice", " twice", in_place([](const QString& backup) {
+          const QByteArray json = Read(backup + QStringLiteral("/manifest.json"));
+          QJsonObject root = QJsonDocument::fromJson(json).object();
+          QJsonArray tables = root[QStringLiteral("tables")].toArray();
+          tables.append(tables.last());
+          root[QStringLiteral("tables")] = tables;
+          Forge(backup, json, QJsonDocument(root).toJson());
+        }));
     add("a wrong number of rows", "cannot be read",
         in_place([](const QString& backup) { Forge(backup, "\"rows\": 5", "\"rows\": 4"); }));
     add("not finished", "was not finished", [](const QString& backup) {
@@ -339,11 +370,49 @@ class BackupTest : public QObject {
     }
   }
 
+  void SettingsOfTheMachineStay_data() {
+    QTest::addColumn<QByteArray>("section");
+    QTest::newRow("plain") << QByteArray("database");
+    QTest::newRow("no-break space before it") << QByteArray(
+        "\xC2\xA0"
+        "Database");
+    QTest::newRow("em space after it") << QByteArray("Database\xE2\x80\x83");
+    QTest::newRow("long s") << QByteArray(
+        "Databa\xC5\xBF"
+        "e");
+  }
+
   void SettingsOfTheMachineStay() {
-    QCOMPARE(
-        MergedSettings("[Internet]\nIndexFeed=a\n[database]\nServer=there\n[Backup]\nKeep=3\n",
-                       "\xEF\xBB\xBF; mine\n[Internet]\nIndexFeed=b\n[Database]\nServer=here\n"),
-        QByteArray("[Internet]\nIndexFeed=a\n\n[Database]\nServer=here\n"));
+    QFETCH(const QByteArray, section);
+    Office office;
+    Write(office.folders.config_file, "[Internet]\nIndexFeed=a\nBseHost=c\n[" + section +
+                                          "]\nDriver=/tmp/x.so\nServer=there\n[Backup]\nKeep=3\n");
+    const QString made = office.BackUp();
+    Write(office.folders.config_file,
+          "; mine\n[Internet]\nIndexFeed=b\nNseHost=d\n[Database]\nServer=here\n");
+    QCOMPARE(office.Restore(made), QString());
+    QCOMPARE(Read(office.folders.config_file),
+             QByteArray("; mine\n[Internet]\nIndexFeed=a\nBseHost=c\n[Database]\nServer=here\n"));
+  }
+
+  void NothingIsWrittenThroughALink_data() {
+    QTest::addColumn<QString>("link");
+    for (const char* link : {"SignDocs", "SignDocs/1", "Data", "Data/TransRpt.xlsx", "Confg.ini"}) {
+      QTest::newRow(link) << QString::fromLatin1(link);
+    }
+  }
+
+  void NothingIsWrittenThroughALink() {
+    QFETCH(const QString, link);
+    Office office;
+    const QString made = office.BackUp();
+    const QString place = QDir(office.folders.application).filePath(link);
+    const QString elsewhere = office.home.filePath(QStringLiteral("elsewhere"));
+    QVERIFY(QFile::rename(place, elsewhere));
+    QVERIFY(QFile::link(elsewhere, place));
+    const QString told = office.Restore(made);
+    QVERIFY2(told.contains(place), qPrintable(told));
+    QVERIFY(ListBackups(ReplacedFolder(office.folders)).empty());
   }
 
   void OldAutomaticBackupsMakeRoom() {

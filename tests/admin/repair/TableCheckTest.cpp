@@ -38,7 +38,9 @@ class TableCheckTest : public QObject {
     QTest::newRow("lines without a bill")
         << "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId) "
            "Values(1,'2011-12',55,1,0,0,1),(1,'2011-12',55,2,0,0,1)"
-        << "SPTrans.SID>SPMaster 2;";
+        << "SPTrans.SID>SPMaster 2;2 of bill 55, 1 2011-12;";
+    QTest::newRow("table that cannot be read") << "Alter Table Broker Discard Tablespace"
+                                               << "Broker damaged;";
     QTest::newRow("account without a client")
         << "Insert Into ClientActDet(CId,id,DMATAC,DPID,ACNo) Values(77,9,0,0,'9')"
         << "ClientActDet.CId>ClientInfo 1;";
@@ -69,7 +71,7 @@ class TableCheckTest : public QObject {
                        QString::number(key.keys));
     }
     for (const auto& change : check.wrong_lots) {
-      text += QStringLiteral("lot %1 %2;").arg(change.lot.id.value).arg(change.lot.quantity);
+      text += QStringLiteral("lot %1 %2;").arg(change.lot.id.value).arg(change.lot.quantity.Number());
     }
     for (const auto& dangling : check.dangling) {
       text +=
@@ -77,10 +79,20 @@ class TableCheckTest : public QObject {
               .arg(QString::fromStdString(dangling.table), QString::fromStdString(dangling.column),
                    QString::fromStdString(dangling.names), QString::number(dangling.rows));
     }
+    for (const auto& lost : check.lost_lines) {
+      text += QStringLiteral("%1 of bill %2, %3 %4;")
+                  .arg(lost.lines)
+                  .arg(lost.bill.value)
+                  .arg(lost.client.value)
+                  .arg(QString::fromStdString(lost.year));
+    }
+    for (const auto& fault : check.faults) {
+      text += QString::fromStdString(fault.table + " damaged;");
+    }
     QCOMPARE(text, found);
-    QVERIFY(check.faults.empty());
     QVERIFY(check.unchecked.empty());
-    QCOMPARE(check.AllIsWell(), check.double_keys.empty() && check.wrong_lots.empty());
+    QCOMPARE(check.AllIsWell(),
+             check.double_keys.empty() && check.wrong_lots.empty() && check.faults.empty());
   }
 };
 

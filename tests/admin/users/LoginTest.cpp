@@ -25,6 +25,7 @@ class LoginTest : public QObject {
  private Q_SLOTS:
   void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
+    attempts_.emplace([] { return std::chrono::steady_clock::time_point(); });
     folder_ = std::make_unique<QTemporaryDir>();
     User user{0, "Ravi", "Secret"};
     QVERIFY(!UserBook(**database_).Save(user));
@@ -162,11 +163,11 @@ class LoginTest : public QObject {
     std::chrono::milliseconds before = login.Delay();
     for (int i = 0; i < 100; ++i) {
       QVERIFY(login.LogIn("Ravi", "guess"));
-      QVERIFY(login.Delay() > before || login.Delay() == Login::kLongestDelay);
-      QVERIFY(login.Delay() <= Login::kLongestDelay);
+      QVERIFY(login.Delay() > before || login.Delay() == Attempts::kLongestDelay);
+      QVERIFY(login.Delay() <= Attempts::kLongestDelay);
       before = login.Delay();
     }
-    QVERIFY(before == Login::kLongestDelay);
+    QVERIFY(before == Attempts::kLongestDelay);
     QVERIFY(!login.LogIn("Ravi", "Secret"));
     QCOMPARE(login.Delay().count(), 0);
   }
@@ -174,21 +175,26 @@ class LoginTest : public QObject {
   void EveryWayOfGuessingIsDelayed() {
     Login login = NewLogin();
     QVERIFY(login.EnterSetUp("Administrator", "guess"));
-    QVERIFY(login.Delay() == Login::kFirstDelay);
+    QVERIFY(login.Delay() == Attempts::kFirstDelay);
     QVERIFY(login.ChangePassword({"Ravi", "guess", "a", "a"}));
-    QVERIFY(login.Delay() == 2 * Login::kFirstDelay);
+    QVERIFY(login.Delay() == 2 * Attempts::kFirstDelay);
     QVERIFY(login.LogIn("Nobody", "guess"));
-    QVERIFY(login.Delay() == 4 * Login::kFirstDelay);
+    QVERIFY(login.Delay() == 4 * Attempts::kFirstDelay);
     QVERIFY(login.ChangePassword({"Ravi", "", "a", "a"}));
-    QVERIFY(login.Delay() == 4 * Login::kFirstDelay);
+    QVERIFY(login.Delay() == 4 * Attempts::kFirstDelay);
+    // One's own password is no fresh start for guessing somebody else's, nor is a new window.
+    QVERIFY(!login.LogIn("Ravi", "Secret"));
+    QVERIFY(NewLogin().LogIn("Administrator", "guess"));
+    QVERIFY(login.Delay() == 2 * Attempts::kFirstDelay);
   }
 
  private:
   app::MachineKey Key() const { return app::MachineKey(folder_->filePath("machine.ini")); }
-  Login NewLogin() { return Login(**database_, Key()); }
+  Login NewLogin() { return Login(**database_, Key(), *attempts_); }
 
   std::unique_ptr<test::TestDatabase> database_;
   std::unique_ptr<QTemporaryDir> folder_;
+  std::optional<Attempts> attempts_;
 };
 
 static const test::RegisterTest<LoginTest> kRegistered;

@@ -27,7 +27,8 @@ class frmLoginTest : public QObject {
 
   void OpenLogin() {
     login_ = new frmLogin(
-        *desk_, Login(*session_.connection, app::MachineKey(folder_->filePath("machine.ini"))));
+        *desk_,
+        Login(*session_.connection, app::MachineKey(folder_->filePath("machine.ini")), *attempts_));
     test::PutOnScreen(*login_);
   }
 
@@ -51,6 +52,7 @@ class frmLoginTest : public QObject {
     database_.reset();
   }
   void init() {
+    attempts_.emplace();
     folder_ = std::make_unique<QTemporaryDir>();
     messages_ = std::make_unique<test::RecordingMessages>();
     session_.connection = std::make_unique<database::Connection>(database_->Settings());
@@ -84,6 +86,9 @@ class frmLoginTest : public QObject {
     QCOMPARE(Box(login_, "Text1_1")->text(), QString());
     QVERIFY(Box(login_, "Text1_1")->hasFocus());
     QVERIFY(!login_->findChild<ZENButton*>(QStringLiteral("cmdOK"))->isEnabled());
+    login_->close();
+    OpenLogin();
+    QVERIFY(!login_->findChild<ZENButton*>(QStringLiteral("cmdOK"))->isEnabled());
     QTRY_VERIFY(login_->findChild<ZENButton*>(QStringLiteral("cmdOK"))->isEnabled());
   }
 
@@ -114,6 +119,14 @@ class frmLoginTest : public QObject {
     Click(login_, "cmdOk1");
     QCOMPARE(messages_->LastText(), QStringLiteral("Enter Old Password."));
     QVERIFY(Box(login_, "Text2_1")->hasFocus());
+    const auto* change = login_->findChild<ZENButton*>(QStringLiteral("cmdOk1"));
+    Box(login_, "Text2_1")->setText(QStringLiteral("guess"));
+    Box(login_, "Text2_2")->setText(QStringLiteral("New'1"));
+    Box(login_, "Text2_3")->setText(QStringLiteral("New'1"));
+    Click(login_, "cmdOk1");
+    QCOMPARE(messages_->LastText(), QStringLiteral("Old Password is Incorrect."));
+    QVERIFY(!change->isEnabled());
+    QTRY_VERIFY(change->isEnabled());
     Box(login_, "Text2_1")->setText(QStringLiteral("Secret"));
     Box(login_, "Text2_2")->setText(QStringLiteral("New'1"));
     Box(login_, "Text2_3")->setText(QStringLiteral("New'1"));
@@ -156,6 +169,7 @@ class frmLoginTest : public QObject {
   std::unique_ptr<test::TestDatabase> database_;
   std::unique_ptr<QTemporaryDir> folder_;
   std::unique_ptr<test::RecordingMessages> messages_;
+  std::optional<Attempts> attempts_;
   app::Session session_;
   std::unique_ptr<controls::Desk> desk_;
   QPointer<frmLogin> login_;

@@ -72,6 +72,7 @@ class FoldersTest : public QObject {
   void KilledCopyBarsNobody();
   void PasswordIsKeptExactly_data();
   void PasswordIsKeptExactly();
+  void PlainPasswordOfAnEarlierReleaseIsCovered();
   void MissingPasswordIsEmpty();
   void UnreadableMachineKeyIsNotAnEmptyOne();
   void TitleNamesTheVersion();
@@ -199,7 +200,25 @@ void FoldersTest::PasswordIsKeptExactly() {
   MachineKey(file).SetAdminPass("earlier");
   MachineKey(file).SetAdminPass(password);
   QCOMPARE(MachineKey(file).AdminPass(), password);
-  QVERIFY(!(QFile::permissions(file) & (QFile::WriteGroup | QFile::WriteOther)));
+  const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+  QVERIFY(!(QFile::permissions(file) & others));
+}
+
+void FoldersTest::PlainPasswordOfAnEarlierReleaseIsCovered() {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("machine.ini");
+  QFile file(path);
+  QVERIFY(file.open(QIODevice::ReadWrite));
+  file.write("[Software]\nOrvikInfo\\Quorvane\\AdminPass=\"59,46\"\n");
+  file.close();
+  QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+  for (int reading = 0; reading < 2; ++reading) {
+    QCOMPARE(MachineKey(path).AdminPass(), QString("59,46"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(!file.readAll().contains("59,46"));
+    file.close();
+    QVERIFY(!(QFile::permissions(path) & QFile::ReadOther));
+  }
 }
 
 void FoldersTest::MissingPasswordIsEmpty() {

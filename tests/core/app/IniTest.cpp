@@ -5,9 +5,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -38,6 +40,7 @@ class IniTest : public QObject {
   void OnlyTheUserReadsWhatIsWritten();
   void UnusableSettingIsRefused_data();
   void UnusableSettingIsRefused();
+  void UnreadableFileIsNotAMissingOne_data();
   void UnreadableFileIsNotAMissingOne();
   void ScreenFactorsFollowTheMode_data();
   void ScreenFactorsFollowTheMode();
@@ -234,15 +237,36 @@ void IniTest::UnusableSettingIsRefused() {
   QCOMPARE(Content(), QByteArray("[Paths]\nBackup=old\n"));
 }
 
+void IniTest::UnreadableFileIsNotAMissingOne_data() {
+  using Make = std::function<bool(const QString&)>;
+  const auto holds = [](const QByteArray& content) -> Make {
+    return [content](const QString& path) {
+      QFile file(path);
+      return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    };
+  };
+  QTest::addColumn<Make>("make");
+  QTest::newRow("folder") << Make([](const QString& path) { return QDir().mkpath(path); });
+  QTest::newRow("link to nowhere") << Make(
+      [](const QString& path) { return QFile::link(QStringLiteral("/nowhere/at/all"), path); });
+  QTest::newRow("pipe") << Make(
+      [](const QString& path) { return QProcess::execute(QStringLiteral("mkfifo"), {path}) == 0; });
+  QTest::newRow("UTF-16") << holds(QByteArray("\xFF\xFE[\0P\0]\0", 8));
+  QTest::newRow("UTF-16, high byte first") << holds(QByteArray("\xFE\xFF\0[\0P\0]", 8));
+  QTest::newRow("UTF-16 without its mark") << holds(QByteArray("[\0P\0]\0", 6));
+  QTest::newRow("too large") << holds(QByteArray((1 << 20) + 1, '\n'));
+}
+
 void IniTest::UnreadableFileIsNotAMissingOne() {
-  const QString path = folder_->filePath("folder.ini");
-  QVERIFY(QDir().mkpath(path));
+  QFETCH(const std::function<bool(const QString&)>, make);
+  const QString path = folder_->filePath("odd.ini");
+  QVERIFY(make(path));
   QVERIFY_EXCEPTION_THROWN(IniFile(path).Read("Paths", "Backup", "default"), std::runtime_error);
   try {
     IniFile(path).Write("Paths", "Backup", "new");
-    QFAIL("a folder was written as a file");
+    QFAIL("it was written over");
   } catch (const std::runtime_error& error) {
-    QVERIFY(QString(error.what()).contains("folder.ini"));
+    QVERIFY(QString(error.what()).contains("odd.ini"));
   }
 }
 

@@ -54,7 +54,8 @@ class DatabaseSettingsTest : public QObject {
                                       {"TlsKey", "/key.pem"},
                                       {"TlsVerify", "1"}});
     QVERIFY(settings.has_value());
-    const QByteArray text = QByteArray::fromStdString(settings->ConnectionString());
+    const QByteArray text =
+        QByteArray::fromStdString(settings->ConnectionString(settings->Addresses().front()));
     for (const char* part :
          {"DRIVER={Other Driver}", ";SERVER=db.example.in;", ";PORT=3307;", ";SOCKET=/run/db.sock;",
           ";DATABASE=portfolio;", ";UID=clerk;", ";PWD={p;w}}d};", ";SSLCA=/ca.pem;",
@@ -63,13 +64,38 @@ class DatabaseSettingsTest : public QObject {
     }
   }
 
+  void ServerMayNameSeveral_data() {
+    QTest::addColumn<QString>("server");
+    QTest::addColumn<QString>("addresses");
+    QTest::newRow("one") << "db"
+                         << "db 3307";
+    QTest::newRow("none") << ""
+                          << " 3307";
+    QTest::newRow("three") << "a, b:13302 ,10.0.0.3:1"
+                           << "a 3307,b 13302,10.0.0.3 1";
+    QTest::newRow("version 6") << "::1,[fe80::2]:13302,[::3]"
+                               << "::1 3307,fe80::2 13302,::3 3307";
+  }
+
+  void ServerMayNameSeveral() {
+    QFETCH(const QString, server);
+    QFETCH(const QString, addresses);
+    const auto settings = SettingsOf({{"Server", server}, {"Port", "3307"}, {"Database", "q"}});
+    QStringList found;
+    for (const auto& [host, port] : settings->Addresses()) {
+      found << QStringLiteral("%1 %2").arg(host).arg(port);
+    }
+    QCOMPARE(found.join(QLatin1Char(',')), addresses);
+  }
+
   void MissingKeysAreLeftToTheDriver() {
     const auto settings = SettingsOf({{"Server", "localhost"}});
     QVERIFY(settings.has_value());
     QCOMPARE(settings->driver, ConnectionSettings().driver);
     QCOMPARE(settings->port, 0);
     QVERIFY(!settings->tls_verify);
-    const QByteArray text = QByteArray::fromStdString(settings->ConnectionString());
+    const QByteArray text =
+        QByteArray::fromStdString(settings->ConnectionString(settings->Addresses().front()));
     for (const char* part : {"PORT", "SOCKET", "UID", "PWD", "SSL"}) {
       QVERIFY2(!text.contains(part), text.constData());
     }
@@ -97,12 +123,22 @@ class DatabaseSettingsTest : public QObject {
                               << "33.06" << false;
     QTest::newRow("beyond any number") << "Port"
                                        << "99999999999" << false;
+    QTest::newRow("second server's port") << "Server"
+                                          << "a,b:x" << false;
+    QTest::newRow("server's port too high") << "Server"
+                                            << "a:65536,b" << false;
     QTest::newRow("verify") << "TlsVerify"
                             << "Yes" << true;
     QTest::newRow("do not verify") << "TlsVerify"
                                    << "off" << true;
     QTest::newRow("misspelt") << "TlsVerify"
                               << "yess" << false;
+    QTest::newRow("driver of the administrator") << "Driver"
+                                                 << "/bin/sh" << true;
+    QTest::newRow("driver of anybody") << "Driver"
+                                       << "/tmp/../tmp/x.so" << false;
+    QTest::newRow("driver below the working folder") << "Driver"
+                                                     << "../../../../../../../bin/sh" << false;
   }
 
   void ValuesThatMakeNoSenseAreNamed() {

@@ -1,5 +1,8 @@
 #include "core/database/Connection.h"
+#include "core/database/KeyReferences.h"
 #include "core/database/Keys.h"
+#include "core/database/RecordKey.h"
+#include "core/database/Schema.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -11,27 +14,30 @@
 #include <thread>
 
 using quorvane::MaybeRefusal;
-using quorvane::database::Connection;
-using quorvane::database::InTransaction;
-using quorvane::database::NextKey;
-using quorvane::database::NextSharedKey;
-using quorvane::database::Transaction;
 using quorvane::test::TestDatabase;
+using namespace quorvane::database;
 
 namespace {
 
 constexpr std::size_t kFirst = 0;
 
-/// Keys are taken only inside a transaction; this one is rolled back.
-template <class Work>
-int Within(TestDatabase& database, const Work& work) {
+/// Takes keys as a save does, whose transaction is committed.
+int Taken(TestDatabase& database, std::string_view table, int count = 1) {
   Transaction transaction(*database);
-  return work(transaction);
+  const int first = NextKeys(transaction, table, count);
+  transaction.Commit();
+  return first;
+}
+
+/// The counters of a database that an older program kept.
+void ForgetCounters(TestDatabase& database) {
+  database->Execute("Delete From RecordKey");
+  MakeCounters(*database);
 }
 
 }  // namespace
 
-/// One more than the largest key, and never the same key twice.
+/// One more than the largest key ever given.
 class KeysTest : public QObject {
   Q_OBJECT
 
@@ -42,67 +48,118 @@ class KeysTest : public QObject {
 
   void cleanup() { database_.reset(); }
 
-  void FirstKeyOfAnEmptyTableIsOne() {
-    QCOMPARE(Within(*database_, [](Transaction& t) { return NextKey(t, "Broker"); }), 1);
-    QCOMPARE(Within(*database_,
-                    [](Transaction& t) {
-                      return NextSharedKey(t, {"Stock", "Stock_Temp"});
-                    }),
-             1);
+  void FreedKeyIsNeverGivenAgain_data() {
+    QTest::addColumn<std::string>("table");
+    for (const std::string_view table : KeyedTables()) {
+      QTest::newRow(std::string(table).c_str()) << std::string(table);
+    }
   }
 
-  void KeyIsOneMoreThanTheLargest() {
-    (*database_)->Execute("Insert Into Broker(Id) Values(7),(3),(Null)");
-    QCOMPARE(Within(*database_, [](Transaction& t) { return NextKey(t, "Broker"); }), 8);
+  void FreedKeyIsNeverGivenAgain() {
+    QFETCH(const std::string, table);
+    auto rows = (*database_)->Open(fmt::format("Select Coalesce(Max(Id),0) From {}", table));
+    QVERIFY(rows.Next());
+    const int before = rows.Int(kFirst);
+    (*database_)->Execute(fmt::format("Delete From {}", table));
+    for (int n = 1; n <= 3; ++n) {
+      const int key = Taken(*database_, table);
+      QCOMPARE(key, before + n);
+      (*database_)->Execute(fmt::format("Insert Into {}(Id) Values(?)", table), key);
+      (*database_)->Execute(fmt::format("Delete From {}", table));
+    }
+    QCOMPARE(Taken(*database_, table, 100), before + 4);
+    QCOMPARE(Taken(*database_, table), before + 104);
   }
 
-  void ColumnMayBeNamed() {
-    (*database_)->Execute("Insert Into SPTrans(SID,Id) Values(40,1)");
-    QCOMPARE(Within(*database_, [](Transaction& t) { return NextKey(t, "SPTrans", "SID"); }), 41);
-  }
-
-  void SharedSequenceFollowsTheLargerTable_data() {
-    QTest::addColumn<int>("stock");
-    QTest::addColumn<int>("scratch");
-    QTest::addColumn<int>("next");
-    QTest::newRow("scratch empty") << 5 << 0 << 6;
-    QTest::newRow("stock empty") << 0 << 9 << 10;
-    QTest::newRow("stock larger") << 9 << 5 << 10;
-    QTest::newRow("scratch larger") << 5 << 9 << 10;
-    QTest::newRow("equal") << 5 << 5 << 6;
-  }
-
-  void SharedSequenceFollowsTheLargerTable() {
-    QFETCH(int, stock);
-    QFETCH(int, scratch);
-    QFETCH(int, next);
-    (*database_)->Execute("Insert Into Stock(Id) Select ? From Dual Where ?>0", stock, stock);
-    (*database_)
-        ->Execute("Insert Into Stock_Temp(Id) Select ? From Dual Where ?>0", scratch, scratch);
-    QCOMPARE(Within(*database_,
-                    [](Transaction& t) {
-                      return NextSharedKey(t, {"Stock", "Stock_Temp"});
-                    }),
-             next);
-  }
-
-  void KeyOfAnUncommittedRowIsNotTakenByItsOwnTransaction() {
+  void ARecordDeletedMeanwhileGetsANewKey() {
+    const int key = Taken(*database_, "Broker");
     Transaction transaction(**database_);
-    transaction.Execute("Insert Into Broker(Id) Values(?)", NextKey(transaction, "Broker"));
-    QCOMPARE(NextKey(transaction, "Broker"), 2);
+    QCOMPARE(ClaimKey(transaction, "Broker", key), key + 1);
+    transaction.Execute("Insert Into Broker(Id) Values(?)", key + 1);
+    QCOMPARE(ClaimKey(transaction, "Broker", key + 1), key + 1);
   }
 
-  void WritersAtOnceNeverTakeTheSameKey_data() {
-    QTest::addColumn<int>("rows_before");
-    QTest::newRow("empty table") << 0;
-    QTest::newRow("filled table") << 500;
+  /// A program without counters wrote: the counter is not behind its table.
+  void CounterFollowsTheTable_data() {
+    QTest::addColumn<QString>("written");
+    QTest::addColumn<std::string>("table");
+    QTest::addColumn<int>("next");
+    const auto row = [](const char* written, const char* table, int next) {
+      QTest::newRow(written) << QString::fromLatin1(written) << std::string(table) << next;
+    };
+    row("Insert Into Broker(Id) Values(7),(3),(Null)", "Broker", 8);
+    row("Insert Into Exchange(Id) Values(Null)", "Exchange", 3);
+    row("Insert Into Stock(Id) Values(5)", "Stock", 6);
+    row("Insert Into Stock_Temp(Id) Values(9)", "Stock", 10);
+  }
+
+  void CounterFollowsTheTable() {
+    QFETCH(const QString, written);
+    QFETCH(const std::string, table);
+    QFETCH(const int, next);
+    (*database_)->Execute(written.toStdString());
+    QCOMPARE(Taken(*database_, table), next);
+    QCOMPARE(Taken(*database_, table), next + 1);
+  }
+
+  /// What an older program deleted left lines; no new record takes them over.
+  void KeyThatLinesStillNameIsNotGiven_data() {
+    QTest::addColumn<std::string>("table");
+    QTest::addColumn<std::string>("column");
+    QTest::addColumn<std::string>("names");
+    for (const KeyReference& reference : KeyReferences()) {
+      QTest::addRow("%s.%s", reference.table.data(), reference.column.data())
+          << std::string(reference.table) << std::string(reference.column)
+          << std::string(reference.names);
+    }
+  }
+
+  void KeyThatLinesStillNameIsNotGiven() {
+    QFETCH(const std::string, table);
+    QFETCH(const std::string, column);
+    QFETCH(const std::string, names);
+    (*database_)->Execute(fmt::format("Insert Into {}({}) Values(41)", table, column));
+    ForgetCounters(*database_);
+    QCOMPARE(Taken(*database_, names), 42);
+  }
+
+  void KeysCountedOnFromTheFirstFreeAreGiven() {
+    {
+      Transaction transaction(**database_);
+      const int first = FirstFreeKey(transaction, "Broker");
+      QCOMPARE(NextKey(transaction, "Broker"), first);
+      KeepKeys(transaction, "Broker", first + 5);
+      transaction.Commit();
+    }
+    QCOMPARE(Taken(*database_, "Broker"), 6);
+  }
+
+  void KeysOfWorkThatWasRolledBackAreFree() {
+    {
+      Transaction transaction(**database_);
+      QCOMPARE(NextKey(transaction, "Broker"), 1);
+    }
+    QCOMPARE(Taken(*database_, "Broker"), 1);
+  }
+
+  void KeysThatAreUsedUpAreRefused() {
+    (*database_)->Execute("Insert Into Broker(Id) Values(2147483647)");
+    QVERIFY_EXCEPTION_THROWN(Taken(*database_, "Broker"), std::runtime_error);
+  }
+
+  void CountersAreRaisedAndNeverLowered() {
+    Taken(*database_, "Broker", 9);
+    {
+      Transaction transaction(**database_);
+      RaiseCounters(transaction, {{"Broker", 4}, {"Script", 6}, {"Later", 2}});
+      transaction.Commit();
+    }
+    QCOMPARE(Taken(*database_, "Broker"), 10);
+    QCOMPARE(Taken(*database_, "Script"), 7);
+    QCOMPARE(ReadCounters(**database_).at("Later"), std::int64_t{2});
   }
 
   void WritersAtOnceNeverTakeTheSameKey() {
-    QFETCH(int, rows_before);
-    (*database_)
-        ->Execute(fmt::format("Insert Into Broker(Id) Select seq From seq_1_to_1000 Where seq<={}",
-                              rows_before));
     constexpr int kWriters = 4;
     constexpr int kRowsEach = 25;
     std::atomic<int> failures = 0;
@@ -132,10 +189,10 @@ class KeysTest : public QObject {
     QCOMPARE(failures.load(), 0);
     auto rows = (*database_)->Open("Select Count(*),Count(Distinct Id),Max(Id) From Broker");
     QVERIFY(rows.Next());
-    const int expected = rows_before + kWriters * kRowsEach;
-    QCOMPARE(rows.Int(kFirst), expected);
-    QCOMPARE(rows.Int(1), expected);
-    QCOMPARE(rows.Int(2), expected);
+    constexpr int kExpected = kWriters * kRowsEach;
+    QCOMPARE(rows.Int(kFirst), kExpected);
+    QCOMPARE(rows.Int(1), kExpected);
+    QCOMPARE(rows.Int(2), kExpected);
   }
 };
 

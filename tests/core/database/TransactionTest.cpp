@@ -1,5 +1,8 @@
 #include "core/database/Connection.h"
+#include "core/database/Schema.h"
 #include "core/database/Transaction.h"
+#include "core/database/Turns.h"
+#include "support/CuttingLine.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -7,17 +10,25 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <atomic>
 #include <barrier>
+#include <numeric>
+#include <random>
 #include <stdexcept>
 #include <thread>
 
 using quorvane::MaybeRefusal;
 using quorvane::Refusal;
 using quorvane::database::Connection;
+using quorvane::database::ConnectionSettings;
 using quorvane::database::DatabaseError;
 using quorvane::database::InTransaction;
 using quorvane::database::kAttempts;
 using quorvane::database::Transaction;
+using quorvane::database::Turn;
+using quorvane::database::Turns;
+using quorvane::test::CuttingLine;
 using quorvane::test::TestDatabase;
 
 namespace {
@@ -59,6 +70,15 @@ class TransactionTest : public QObject {
   }
 
   void cleanup() { database_.reset(); }
+
+ private:
+  void Prepare() {
+    for (const auto& skipped : quorvane::database::PrepareDatabase(**database_)) {
+      QFAIL(skipped.reason.c_str());
+    }
+  }
+
+ private Q_SLOTS:
 
   void CommittedWorkIsSeenByOthersAndNoEarlier() {
     Transaction transaction(**database_);
@@ -222,8 +242,100 @@ class TransactionTest : public QObject {
     QVERIFY(connection.IsAlive() && !connection.InTransaction());
   }
 
-  /// Nobody knows whether a commit without an answer happened; doing the work again could record a
-  /// bill twice.
+  /// Writers that cross each other's locks in every order, more of them than tries.
+  void NoDeadlockReachesTheUser() {
+    constexpr int kWriters = 20;
+    constexpr int kSaves = 5;
+    constexpr int kRows = 6;
+    Prepare();
+    (*database_)->Execute(fmt::format("Insert Into T Select seq,0 From seq_1_to_{}", kRows));
+    std::barrier start(kWriters);
+    std::atomic<int> failures = 0;
+    const auto write = [&](int number) {
+      Connection connection(database_->Settings());
+      std::vector<int> rows(kRows);
+      std::iota(rows.begin(), rows.end(), 1);
+      std::mt19937 chance(static_cast<unsigned>(number));
+      start.arrive_and_wait();
+      for (int save = 0; save < kSaves; ++save) {
+        std::shuffle(rows.begin(), rows.end(), chance);
+        try {
+          InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+            for (const int row : rows) {
+              transaction.Execute("Update T Set Amount=Amount+1 Where Id=?", row);
+            }
+            return std::nullopt;
+          });
+        } catch (const std::exception& error) {
+          qWarning("%s", error.what());
+          ++failures;
+        }
+      }
+    };
+    std::vector<std::thread> writers;
+    for (int number = 0; number < kWriters; ++number) {
+      writers.emplace_back(write, number);
+    }
+    for (std::thread& writer : writers) {
+      writer.join();
+    }
+    QCOMPARE(failures.load(), 0);
+    QCOMPARE(NumberOf(**database_, "Select Min(Amount) From T"), kWriters * kSaves);
+    QCOMPARE(NumberOf(**database_, "Select Max(Amount) From T"), kWriters * kSaves);
+  }
+
+  void WorkAloneKeepsOthersWaitingFromItsFirstRead() {
+    Prepare();
+    Connection other(database_->Settings());
+    other.Execute("Set Session innodb_lock_wait_timeout=1");
+    InTransaction(
+        **database_,
+        [&](Transaction& transaction) -> MaybeRefusal {
+          bool waited = false;
+          try {
+            Transaction second(other);
+            Turns(other).Take(second, Turn::kShared);
+          } catch (const DatabaseError& error) {
+            waited = error.IsTransient();
+          }
+          transaction.Execute("Insert Into T Values(1,?)", waited);
+          return std::nullopt;
+        },
+        Turn::kAlone);
+    QCOMPARE(NumberOf(**database_, "Select Amount From T"), 1);
+  }
+
+  /// The network goes away at the commit: before it reaches the server, or with its answer.
+  void ACommitWithoutAnAnswerIsDoneExactlyOnce_data() {
+    QTest::addColumn<bool>("reaches_the_server");
+    QTest::newRow("lost on its way") << false;
+    QTest::newRow("answer lost") << true;
+  }
+
+  void ACommitWithoutAnAnswerIsDoneExactlyOnce() {
+    QFETCH(const bool, reaches_the_server);
+    Prepare();
+    CuttingLine line(database_->Settings().socket, reaches_the_server);
+    ConnectionSettings settings = database_->Settings();
+    settings.socket = line.Socket();
+    Connection connection(settings);
+    int runs = 0;
+    const auto save = [&] {
+      return InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+        transaction.Execute("Insert Into T Values(?,?)", ++runs, 1.5);
+        return std::nullopt;
+      });
+    };
+    QVERIFY(!save());
+    line.CutAtNextCommit();
+    QVERIFY(!save());
+    QVERIFY(line.HasCut());
+    QCOMPARE(runs, reaches_the_server ? 2 : 3);
+    QCOMPARE(CountElsewhere(*database_), 2);
+  }
+
+  /// Without the table of marks nobody knows whether a commit without an answer happened; doing the
+  /// work again could record a bill twice.
   void WorkIsNotDoneAgainWhenTheConnectionIsLostAtTheCommit() {
     Connection& connection = **database_;
     int runs = 0;

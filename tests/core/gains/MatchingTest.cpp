@@ -228,14 +228,14 @@ void MatchingTest::CostOnHalfAPaisaRoundsUpOnce() {
 
 void MatchingTest::TransferOutGainsNothing() {
   std::vector purchases{Bought("01/05/2011", 10, 50, 50.5)};
-  std::vector sales{Sold("20/05/2011", 12, 50, 700)};
+  std::vector sales{Sold("20/05/2011", 12, 50, 600)};
   sales[0].transfer = true;
   const auto matches = Matched(purchases, sales);
   QCOMPARE(matches.size(), 2U);
-  QCOMPARE(matches[0].sale_amount, 50500);
+  QCOMPARE(matches[0].sale_amount, 50000);
   QCOMPARE(matches[0].cost, 50500);
   QCOMPARE(matches[0].gain, 0);
-  QCOMPARE(matches[1].sale_amount, 0);
+  QCOMPARE(matches[1].sale_amount, 10000);
   QCOMPARE(purchases[0].remaining, 0.0);
 }
 
@@ -285,12 +285,13 @@ void MatchingTest::TransfersMoveTheAverage() {
   std::vector purchases{Bought("01/05/2011", 10, 10, 10), Bought("02/05/2011", 10, 20, 20),
                         Bought("09/05/2011", 15, 30, 30)};
   purchases[2].transfer = true;
-  std::vector sales{Sold("05/05/2011", 5, 10, 0), Sold("10/05/2011", 10, 20, 500)};
+  std::vector sales{Sold("05/05/2011", 5, 10, 50), Sold("10/05/2011", 10, 20, 500)};
   sales[0].transfer = true;
   const auto matches = Matched(purchases, sales, kNoCharges, CostBasis::kAverage);
   // The transfer out leaves 15 at 15; the transfer in makes them 30 at 22.50.
   QCOMPARE(Costs(matches), (std::vector<std::int64_t>{7500, 22500}));
-  QCOMPARE(matches[0].sale_amount, 7500);
+  QCOMPARE(matches[0].sale_amount, 5000);
+  QCOMPARE(matches[0].gain, 0);
 }
 
 void MatchingTest::WhatIsLeftHasTheAverageToo() {

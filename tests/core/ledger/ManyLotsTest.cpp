@@ -100,7 +100,7 @@ void ManyLotsTest::LastQuantityCountsForTwoLotsOfOneId() {
   std::vector<double> quantities;
   for (const LotChange& change : CheckStock(*database, kOf, progress).changes) {
     if (change.lot.id == LotId{5}) {
-      quantities.push_back(change.quantity);
+      quantities.push_back(change.quantity.Number());
     }
   }
   QCOMPARE(quantities.size(), std::size_t{2});

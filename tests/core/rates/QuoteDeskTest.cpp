@@ -63,7 +63,10 @@ class QuoteDeskTest : public QObject {
   void EachExchangeIsAskedInItsOwnWay() {
     exchange_->Answer(kBseFile, {.body = kFile});
     exchange_->Answer(kNseFile, {.body = "Close Price\n7\n"});
+    QDir work(folder_->filePath(QStringLiteral("MRate/sub/.hidden")));
+    QVERIFY(work.mkpath(QStringLiteral(".")));
     QCOMPARE(Ask(Question(" bse ", "500325")), 950.25);
+    QVERIFY(!work.exists());
     QFile kept(folder_->filePath(QStringLiteral("MRate/DateMRate.csv")));
     QVERIFY(kept.open(QIODevice::ReadOnly));
     QCOMPARE(kept.readAll(), kFile);

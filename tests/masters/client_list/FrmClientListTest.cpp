@@ -19,11 +19,10 @@ class FrmClientListTest : public QObject {
 
   void TypingAndEnterChooseAClientOfThisYear() {
     Shown shown(*database_);
-    shown.Session().target = QStringLiteral("FRMSALEPURCHASE");
+    AskFor(shown, "FRMSALEPURCHASE");
     QCOMPARE(shown.TextIn("CboYr"), QStringLiteral("2011-12"));
     Shown::Type(QStringLiteral("xy"));
     QCOMPARE(shown.Named<controls::Grid>("CVS")->Model().RowCount(), 1);
-    Shown::Press(Qt::Key_Return);
     Shown::Press(Qt::Key_Return);
     QCOMPARE(shown.opened, QStringList("FRMSALEPURCHASE"));
     QCOMPARE(shown.Session().current->client, client_);
@@ -34,7 +33,7 @@ class FrmClientListTest : public QObject {
 
   void UpdatingStockOpensNothing() {
     Shown shown(*database_);
-    shown.Session().target = QStringLiteral("updatestock");
+    AskFor(shown, "updatestock");
     shown.Click("cmdproceed");
     QCOMPARE(shown.messages.Texts(), QStringList("Stock is Updated Successfully !!!"));
     QCOMPARE(shown.opened, QStringList());
@@ -43,7 +42,7 @@ class FrmClientListTest : public QObject {
 
   void WithoutAClientTheListStays() {
     Shown shown(*database_);
-    shown.Session().target = QStringLiteral("FrmSalePurchase");
+    AskFor(shown, "FrmSalePurchase");
     Shown::Type(QStringLiteral("nobody"));
     shown.Click("cmdproceed");
     QCOMPARE(shown.messages.Texts(), QStringList("Select Client!"));
@@ -53,13 +52,38 @@ class FrmClientListTest : public QObject {
 
   void AnUnknownTargetIsTold() {
     Shown shown(*database_);
-    shown.Session().target = QStringLiteral("FrmNothing");
+    AskFor(shown, "FrmNothing");
     shown.Click("cmdproceed");
     QVERIFY(shown.messages.LastText().contains(QStringLiteral("FrmNothing")));
     QCOMPARE(shown.opened, QStringList());
   }
 
+  // The search keeps the keyboard: its arrows move the chosen client, Enter proceeds with it.
+  void ArrowsInTheSearchMoveTheChosenClient() {
+    Shown shown(*database_);
+    AskFor(shown, "FrmBrOpBal");
+    const auto* list = shown.Named<controls::Grid>("CVS");
+    QCOMPARE(list->CurrentRow(), 0);
+    Shown::Press(Qt::Key_Up);
+    QCOMPARE(list->CurrentRow(), 0);
+    Shown::Press(Qt::Key_Down);
+    Shown::Press(Qt::Key_Down);
+    Shown::Press(Qt::Key_Return);
+    QCOMPARE(shown.Session().current->client, client_);
+    // Next time it is there already, with its year.
+    Shown again(*database_, test::ForClient{.of = {client_, text::FinancialYear(2008)}});
+    AskFor(again, "FrmBrOpBal");
+    Shown::Press(Qt::Key_Return);
+    QCOMPARE(*again.Session().current, (ClientYear{client_, text::FinancialYear(2008)}));
+  }
+
  private:
+  /// As the main window does for a menu item.
+  static void AskFor(Shown& shown, const char* target) {
+    shown.Session().target = QLatin1String(target);
+    shown->AskedAgain();
+  }
+
   std::unique_ptr<test::TestDatabase> database_;
   ClientId client_;
 };

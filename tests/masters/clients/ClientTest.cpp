@@ -77,37 +77,23 @@ class ClientTest : public QObject {
     QFETCH(const Edit, edit);
     Client client = Complete();
     edit(client);
-    const MaybeRefusal refusal = CheckClient(client);
+    MaybeRefusal refusal = CheckEntries(client);
+    refusal = refusal ? refusal : CheckValues(client, {});
     QTEST(test::TextOfRefusal(refusal), "text");
     QTEST(test::FieldOfRefusal(refusal), "field");
   }
 
-  void DateOfBirthIsCompleted_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("whole") << "01/02/1970"
-                           << "01/02/1970";
-    QTest::newRow("short") << "1.2.85"
-                           << "01/02/1985";
-    QTest::newRow("empty") << ""
-                           << "";
-    QTest::newRow("empty mask") << "__/__/____"
-                                << "";
-    QTest::newRow("blank mask") << "  /  /    "
-                                << "";
-    QTest::newRow("no date") << "31/11/1970"
-                             << "Enter Proper Date.";
-    QTest::newRow("half a mask") << "01/0_/____"
-                                 << "Enter Proper Date.";
-  }
-
-  void DateOfBirthIsCompleted() {
-    QFETCH(QString, typed);
-    QFETCH(const QString, stored);
-    const QString before = typed;
-    const MaybeRefusal refusal = CompleteDateOfBirth(typed, *text::MakeDate(1, 6, 2011));
-    QCOMPARE(refusal ? refusal->text : typed, stored);
-    QVERIFY(!refusal || typed == before);
+  void UnchangedValuesOfAnOlderRecordStopNoSave() {
+    Client stored = Complete();
+    stored.date_of_birth = QStringLiteral("00/00/0000");
+    stored.pan = QStringLiteral("A1");
+    Client client = stored;
+    QCOMPARE(test::TextOfRefusal(CheckValues(client, stored)), QStringLiteral("accepted"));
+    client.date_of_birth = QStringLiteral("00/00/0001");
+    QCOMPARE(test::FieldOfRefusal(CheckValues(client, stored)), QStringLiteral("MaskEdBox1"));
+    client.date_of_birth.clear();
+    client.pan = QStringLiteral("A2");
+    QCOMPARE(test::FieldOfRefusal(CheckValues(client, stored)), QStringLiteral("Text1_11"));
   }
 
   void OnlyNewRowsThatSayNothingAreBlank() {

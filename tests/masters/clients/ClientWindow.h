@@ -47,10 +47,10 @@ class ClientWindow : public QObject {
     session_.folders = app::Folders::At(folder_->path());
     QVERIFY(QDir().mkpath(session_.folders.data));
     WriteFile(session_.folders.data + "/statelist.txt", "GOA\nGUJARAT\nMAHARASHTRA\n");
-    Empty(Db(), {"ClientInfo", "ClientActDet", "DepPart", "DPIDs"});
+    Empty(Db(), {"ClientInfo", "ClientActDet", "DepPart", "DpIDs"});
     Db().Execute("Insert Into DepPart(Id,Name) Values(1,'FIRST BANK'),(2,'SECOND HOUSE')");
     Db().Execute(
-        "Insert Into DPIDs(DepId,Id,DPID) Values(1,11,'IN300001'),(1,12,'IN300002'),"
+        "Insert Into DpIDs(DepId,Id,DPID) Values(1,11,'IN300001'),(1,12,'IN300002'),"
         "(2,21,'12099900')");
     messages_.emplace();
     desk_.emplace(controls::Desk{session_, *messages_, [] { return *text::MakeDate(2012, 5, 1); },

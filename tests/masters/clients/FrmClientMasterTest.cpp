@@ -22,6 +22,7 @@ class FrmClientMasterTest : public test::ClientWindow {
           "77", "Ravi@x.Example", "1.2.60", "abcpk1234k", "ma", "si", ""});
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(messages_->Texts(), QStringList());
     QCOMPARE(Focused(), QString("VS"));
     Type({"fir", "IN300002", "1001", "sec", "", "1002"});
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
@@ -161,6 +162,47 @@ class FrmClientMasterTest : public test::ClientWindow {
              yes ? QStringList("STAYS") : QStringList({"GOES", "STAYS"}));
     QCOMPARE(Rows(Db(), "Select ACNo From ClientActDet").size(), yes ? 0 : 1);
     QCOMPARE(window_->List().Model().RowCount(), yes ? 1 : 2);
+  }
+
+  void OlderRecordIsChangedAlthoughItsValuesAreNoProperOnes() {
+    AddClient(7, "OLD");
+    AddClient(8, "MASK");
+    AddAccount(7, 5, 1, 11, "A");
+    AddAccount(8, 6, 1, 11, "B");
+    Db().Execute("Update ClientInfo Set DOB='00/00/0000',PAN='A1',SignDoc='lost.pdf' Where Id=7");
+    Db().Execute("Update ClientInfo Set DOB='__/__/____' Where Id=8");
+    Open();
+    for (const int id : {7, 8}) {
+      Modify(id);
+      for (const char* box : {"MaskEdBox1", "Text1_11", "Text1_2"}) {
+        window_->findChild<TextBox*>(box)->setFocus(Qt::TabFocusReason);
+      }
+      Type({"renamed"});
+      Click("cmdUpdate");
+      QCOMPARE(messages_->Texts(), QStringList());
+    }
+    QCOMPARE(Rows(Db(), "Select Name,DOB,PAN,SignDoc From ClientInfo Order By Id"),
+             QStringList({"RENAMED|00/00/0000|A1|lost.pdf", "RENAMED|||"}));
+  }
+
+  // The code is told before the date, although the date stands in the form.
+  void RulesAreToldInTheirOrder() {
+    AddClient(3, "TAKEN");
+    AddClient(7, "OLD");
+    Db().Execute("Update ClientInfo Set DOB='00/00/0000' Where Id=7");
+    Open();
+    Modify(7);
+    window_->findChild<DateBox*>("MaskEdBox1")->setText("31/02/1970");
+    Box(0)->setText("TAKEN");
+    Click("cmdUpdate");
+    QCOMPARE(messages_->LastText(), "Enter Demat A/c Details.");
+    Type({"fir", "IN300002", "1001"});
+    Click("cmdUpdate");
+    QCOMPARE(messages_->LastText(), "Client Code Already Exists.");
+    Box(0)->setText("FREE");
+    Click("cmdUpdate");
+    QCOMPARE(messages_->LastText(), "Enter Proper Date.");
+    QCOMPARE(Focused(), QString("MaskEdBox1"));
   }
 
   void ImproperDateLeadsBackToItsBox() {

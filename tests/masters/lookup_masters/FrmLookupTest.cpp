@@ -94,27 +94,31 @@ class FrmLookupTest : public QObject {
     QCOMPARE(shown->List().Model().RowCount(), 0);
   }
 
-  void PercentShowsThreeDecimalsOrAllItHas_data() {
+  void ListShowsThreeDecimalsAndTheBoxAllThatThereAre_data() {
     QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("boxed");
+    QTest::addColumn<QString>("listed");
     QTest::addColumn<QString>("stored");
     QTest::newRow("masked") << "0.1"
+                            << "0.100"
                             << "0.100"
                             << "0.1";
     QTest::newRow("four decimals") << "0.0125"
                                    << "0.0125"
+                                   << "0.013"
                                    << "0.0125";
     QTest::newRow("zero") << "0"
+                          << "0.000"
                           << "0.000"
                           << "0";
   }
 
-  void PercentShowsThreeDecimalsOrAllItHas() {
+  void ListShowsThreeDecimalsAndTheBoxAllThatThereAre() {
     QFETCH(const QString, typed);
     const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
     shown.AddByKeyboard({typed});
-    QTEST(shown.TextIn("Text1_0"), "shown");
-    QTEST(shown.ListRow(0).front(), "shown");
+    QTEST(shown.TextIn("Text1_0"), "boxed");
+    QTEST(shown.ListRow(0).front(), "listed");
     shown.Click("cmdModify");
     shown.Click("cmdUpdate");
     QCOMPARE(shown.messages.Texts(), QStringList());

@@ -20,9 +20,9 @@ class FrmDepPartTest : public QObject {
     QTest::keyClick(shown.window, Qt::Key_N, Qt::ControlModifier);
     shown.Fill({"sanchayika ltd", "ground floor", "mumbai", "mah", "400001", "022", "55501",
                 "98200", "55502", "Help@Sanchayika.example", "hemant", "manager", "c"});
-    // Enter adds a row after the last one that is filled, and leaves the grid from an empty one.
+    // The grid has a row to type into; Enter adds one after the last one that is filled, and leaves
+    // the grid from an empty one.
     QVERIFY(shown.Named<QWidget>("VS")->hasFocus());
-    shown.Press(Qt::Key_Return);
     shown.Fill({"in300001", "in300002"});
     shown.Press(Qt::Key_Return);
     QVERIFY(shown.Named<QWidget>("cmdUpdate")->hasFocus());

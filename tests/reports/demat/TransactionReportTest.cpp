@@ -17,11 +17,12 @@ std::vector<std::pair<ClientId, std::vector<TransactionSection>>> Build(
     database::Connection& connection, const TransactionQuery& query) {
   std::vector<std::pair<ClientId, std::vector<TransactionSection>>> clients;
   Progress progress;
-  BuildTransactions(connection, query, progress,
-                    [&](ClientId client, std::span<const TransactionSection> sections) {
-                      clients.emplace_back(client, std::vector(sections.begin(), sections.end()));
-                    });
-  return clients;
+  const auto faults = BuildTransactions(
+      connection, query, progress,
+      [&](ClientId client, std::span<const TransactionSection> sections) {
+        clients.emplace_back(client, std::vector(sections.begin(), sections.end()));
+      });
+  return faults.empty() ? clients : decltype(clients)();
 }
 
 /// The report for machines without its first columns' sameness: "line,1001,LOTUS,...".

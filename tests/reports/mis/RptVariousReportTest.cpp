@@ -1,5 +1,6 @@
 #include "portfolio/Import.h"
 #include "reports/mis/RptVariousReport.h"
+#include "support/LocalExchange.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
@@ -89,6 +90,26 @@ class RptVariousReportTest : public QObject {
     window.Click("CmdShowReport");
     QCOMPARE(window.shown.size(), std::size_t{1});
     QCOMPARE(window.shown.front().titles, window.Titles());
+    const int rows = window.Screen().rowCount();
+    window.Click("Option1_1");
+    Shown::Press(Qt::Key_F5);
+    QVERIFY(window.Screen().rowCount() < rows);
+  }
+
+  // What is lit is what is shown.
+  void ButtonsShowWhichReportIsOnTheScreen() {
+    const Shown window(*database_);
+    const auto lit = [&](const char* name) {
+      return window.Named<QAbstractButton>(name)->isChecked();
+    };
+    window.Click("CmdPortPos");
+    window.Click("CmdRepType_1");
+    QVERIFY(lit("CmdPortPos") && lit("CmdRepType_1"));
+    window.Click("CmdStkVal");
+    QVERIFY(lit("CmdStkVal") && !lit("CmdPortPos") && !lit("CmdRepType_1"));
+    QCOMPARE(window.Screen().rowCount(), 0);
+    window.Click("CmdRepType_2");
+    QVERIFY(lit("CmdStkVal") && lit("CmdRepType_2"));
   }
 
   void EveryReportKeepsItsTitle_data() {
@@ -156,7 +177,8 @@ class RptVariousReportTest : public QObject {
     window.Named<controls::DateBox>("Text3")->SetDate("31/03/2012");
     window.Click("CmdShowPLRpt");
     QCOMPARE(window.Titles().first(), "Market Valuation as on 31 March, 2012");
-    QVERIFY(window.Named<QAbstractButton>("CmdProfitLossReport")->isChecked());
+    QVERIFY(window.Named<QAbstractButton>("CmdShowPLRpt")->isChecked());
+    QVERIFY(!window.Named<QAbstractButton>("CmdProfitLossReport")->isChecked());
   }
 
   void RatesAreKeptByKeyboard() {
@@ -204,6 +226,39 @@ class RptVariousReportTest : public QObject {
     QCOMPARE(book.Dates().size(), dates.size() - 1);
   }
 
+  // The second scrip of the list has no price there; what is typed is kept as it is shown.
+  void RatesOfTheChosenScripsAreFetchedAndWholePaiseKept() {
+    Shown window(*database_);
+    test::LocalExchange exchange;
+    Written(window, "Confg.ini", "[Internet]\nNseHost=" + exchange.Address().toEncoded() + "\n");
+    window.GoToRates();
+    window.Click("cmdAdd");
+    window.Named<controls::DateBox>("Text2")->SetDate("05/11/2013");
+    window.Click("CmdFetch");
+    QCOMPARE(window.messages.LastText(), "Select Script Name!");
+    controls::Grid& grid = window.Grid("VSF");
+    exchange.Answer("/content/equities/scripvol/datafiles/05-11-2013-TO-05-11-2013" +
+                        grid.Model().Text(0, 2) + "ALLN.csv",
+                    {.body = "Date,Close Price\n05-Nov-2013,\"1,234.50\"\n"});
+    window.Named<controls::ComboBox>("CboExchange")->ByText("NSE");
+    grid.selectRow(0);
+    grid.selectionModel()->select(grid.model()->index(1, 0),
+                                  QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    window.Click("CmdFetch");
+    QVERIFY(!window.Named<QAbstractButton>("cmdUpdate")->isEnabled());
+    QTRY_COMPARE(window.messages.LastText(),
+                 "1 rates were fetched; of 1 scripts none was found. Press Update to keep them.");
+    QVERIFY(grid.model()->setData(grid.model()->index(2, 3), "12.345"));
+    window.Click("cmdUpdate");
+    const auto rates = rates::RateBook(**database_).RatesOf(*text::MakeDate(5, 11, 2013));
+    std::vector<double> kept;
+    for (const auto& [scrip, rate] : rates) {
+      kept.push_back(rate);
+    }
+    std::ranges::sort(kept);
+    QCOMPARE(kept, std::vector<double>({12.35, 1234.5}));
+  }
+
   void RateFileIsCheckedAndFilledIn() {
     Shown window(*database_);
     window.GoToRates();
@@ -232,7 +287,7 @@ class RptVariousReportTest : public QObject {
   }
 
  private:
-  static QString Written(const Shown& window, const char* name, const char* content) {
+  static QString Written(const Shown& window, const char* name, const QByteArray& content) {
     QString path = window.folder.filePath(QLatin1String(name));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0) {

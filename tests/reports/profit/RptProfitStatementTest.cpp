@@ -299,7 +299,8 @@ class RptProfitStatementTest : public QObject {
     Shown window(*database_, "RptCapitalGain");
     window.Menu("mnuword");
     window.Click("CmdExpCapGain");
-    const QString stem = window.folder.filePath("Reports/Capital Gain Statement RAGHAV 2011-12");
+    const QString stem =
+        window.folder.filePath("Reports/Capital Gain Statement RAGHAV 2011-12 New Format");
     QCOMPARE(window.opened, QStringList({stem + ".rtf", stem + ".xlsx"}));
     for (const QString& path : window.opened) {
       QVERIFY2(QFileInfo(path).size() > 1000, qPrintable(path));

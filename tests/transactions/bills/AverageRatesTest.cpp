@@ -1,3 +1,5 @@
+#include "core/gains/AverageCost.h"
+#include "core/text/Amounts.h"
 #include "support/TestMain.h"
 #include "transactions/Desk.h"
 #include "transactions/bills/AverageRates.h"
@@ -42,7 +44,7 @@ class AverageRatesTest : public QObject {
     opening_stock::OpeningLot lot;
     lot.scrip = desk.scrip;
     lot.account = desk.account;
-    lot.quantity = quantity;
+    lot.quantity = text::Shares(quantity);
     lot.rate = rate;
     lot.total = quantity * rate;
     lot.service_tax = service_tax;
@@ -72,26 +74,27 @@ class AverageRatesTest : public QObject {
         << Steps{{10, 1000}, {30, 6000}, {20, {}}, {20, 5500}} << QStringLiteral("40@225");
     QTest::newRow("an empty holding starts again")
         << Steps{{10, 1000}, {10, {}}, {5, 1500}} << QStringLiteral("5@300");
-    QTest::newRow("emptied in parts that leave binary dust")
+    QTest::newRow("emptied in parts whose sum is not exact")
         << Steps{{0.3, 30}, {0.1, {}}, {0.1, {}}, {0.1, {}}, {1, 7}} << QStringLiteral("1@7");
     QTest::newRow("sold before it was bought")
         << Steps{{10, {}}, {10, 1000}} << QStringLiteral("10@100");
     QTest::newRow("bonus shares cost nothing")
         << Steps{{10, 1000}, {10, 0}} << QStringLiteral("20@50");
+    QTest::newRow("an opening without shares") << Steps{{0, 500}, {10, 1000}} << "10@100";
     QTest::newRow("nothing held at the end")
         << Steps{{10, 1000}, {10, {}}} << QStringLiteral("0@0");
   }
   void WalkKeepsTheAverageOfWhatIsHeld() {
     QFETCH(Steps, steps);
-    AverageWalk walk;
+    gains::AverageCost walk;
     for (const Step& step : steps) {
       if (step.cost) {
-        walk.Receive(step.quantity, *step.cost);
+        walk.Receive(step.quantity, text::ToPaise(*step.cost));
       } else {
         walk.Release(step.quantity);
       }
     }
-    QTEST(text::NumberText(walk.Quantity()) + QLatin1Char('@') + text::NumberText(walk.Average()),
+    QTEST(text::NumberText(walk.Held()) + QLatin1Char('@') + text::NumberText(walk.Average()),
           "result");
   }
 

@@ -1,3 +1,4 @@
+#include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
 #include "support/TestMain.h"
 #include "transactions/Desk.h"
@@ -80,6 +81,30 @@ class BillBookTest : public QObject {
     QCOMPARE(lines.size(), std::size_t{3});
     QCOMPARE(lines[0].rate, 103.0);
     QCOMPARE(lines[2].rate, 101.0);
+  }
+
+  /// Another program took the header away and left the lines.
+  void LinesThatLostTheirBillAreNotTakenOver_data() {
+    QTest::addColumn<bool>("by_an_older_program");
+    QTest::newRow("deleted by this release") << false;
+    QTest::newRow("deleted before this release") << true;
+  }
+
+  void LinesThatLostTheirBillAreNotTakenOver() {
+    QFETCH(const bool, by_an_older_program);
+    Bill old = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(20, 101)});
+    QVERIFY(!Book().Save(old));
+    desk_->Connection().Execute("Delete From SPMaster");
+    if (by_an_older_program) {
+      desk_->Connection().Execute("Delete From RecordKey");
+      database::MakeCounters(desk_->Connection());
+    }
+    Bill bill = desk_->NewBill({desk_->Purchase(1, 102)});
+    QVERIFY(!Book().Save(bill));
+    QVERIFY(bill.id.value > old.id.value);
+    QCOMPARE(Book().Load(bill.id)->lines.size(), std::size_t{1});
+    QVERIFY(!Book().Delete(bill.id));
+    QCOMPARE(desk_->Contents("SPTrans").size(), qsizetype{2});
   }
 
   void PurchasesOfOneRateShareALotAndSalesLowerIt() {

@@ -78,6 +78,7 @@ class BrokerMoneyTest : public QObject {
     for (const char* table : {"BrOpBal", "BrPayment", "BrRec", "SPMaster"}) {
       desk_->Connection().Execute(fmt::format("Delete From {}", table));
     }
+    desk_->Connection().Execute("Update RecordKey Set LastKey=0");
   }
 
   void OneBalanceABroker() {
@@ -141,8 +142,10 @@ class BrokerMoneyTest : public QObject {
     next.CarryForward();
     QCOMPARE(Carried(), QStringList(QStringLiteral("%1:1234.56 Dr").arg(desk_->broker.value)));
     Progress progress;
-    const auto accounts = broker_ledger::ReadBrokerLedger(
-        desk_->Connection(), {desk_->of, report::Period::Of(desk_->year), {}}, progress);
+    const auto accounts =
+        broker_ledger::ReadBrokerLedger(desk_->Connection(),
+                                        {desk_->of, report::Period::Of(desk_->year), {}}, progress)
+            .accounts;
     QCOMPARE(accounts.at(0).Closing(), std::int64_t{123456});
   }
 

@@ -17,7 +17,7 @@ const text::FinancialYear kYear(2011);
 OpeningLot CarriedLot() {
   OpeningLot lot;
   lot.id = OpeningId{7};
-  lot.quantity = 1000;
+  lot.quantity = Shares(1000);
   lot.rate = 364.125;
   lot.brokerage = 0.55;
   lot.total = 364675;

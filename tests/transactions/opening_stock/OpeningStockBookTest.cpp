@@ -42,9 +42,9 @@ class OpeningStockBookTest : public QObject {
     OpeningLot lot;
     lot.scrip = desk_->scrip;
     lot.account = desk_->account;
-    lot.quantity = quantity;
+    lot.quantity = Shares(quantity);
     lot.rate = rate;
-    lot.total = OpeningTotal(quantity, rate, 0);
+    lot.total = OpeningTotal(Shares(quantity), rate, 0);
     lot.purchase_date = QStringLiteral("01/03/2010");
     return lot;
   }
@@ -58,7 +58,7 @@ class OpeningStockBookTest : public QObject {
     lot.quantity = quantity;
     lot.rate = rate;
     lot.brokerage = 0.5;
-    lot.total = OpeningTotal(quantity, rate, 0.5);
+    lot.total = OpeningTotal(Shares(quantity), rate, 0.5);
     lot.service_tax = 1.25;
     lot.stt = 0.75;
     return lot;
@@ -123,7 +123,7 @@ class OpeningStockBookTest : public QObject {
   void ChangeMovesTheDifference() {
     OpeningLot lot = Lot(10, 100);
     QVERIFY(!Book().Save(lot));
-    lot.quantity = 4;
+    lot.quantity = Shares(4);
     QVERIFY(!Book().Save(lot));
     QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
     lot.rate = 90;
@@ -141,9 +141,10 @@ class OpeningStockBookTest : public QObject {
     QTest::addColumn<QString>("text");
     // The lot brought 10 at 100, of which 6 are sold.
     QTest::newRow("fewer than sold")
-        << Edit([](const Desk&, OpeningLot& lot) { lot.quantity = 5.999999; }) << kNegativeReliance;
+        << Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(5.999999); })
+        << kNegativeReliance;
     QTest::newRow("as many as sold")
-        << Edit([](const Desk&, OpeningLot& lot) { lot.quantity = 6; }) << kAccepted;
+        << Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(6); }) << kAccepted;
     QTest::newRow("another rate") << Edit([](const Desk&, OpeningLot& lot) { lot.rate = 101; })
                                   << kNegativeReliance;
     QTest::newRow("another account")
@@ -227,7 +228,7 @@ class OpeningStockBookTest : public QObject {
     }
     const auto openings = OpeningStockBook(desk_->Connection(), next).List();
     QCOMPARE(openings.size(), std::size_t{1});
-    QCOMPARE(openings.front().quantity, 4.0);
+    QCOMPARE(openings.front().quantity.Number(), 4.0);
     QCOMPARE(openings.front().purchase_date, lot.purchase_date);
     QCOMPARE(desk_->LotAt(next, desk_->account, desk_->scrip, 100), QStringLiteral("4@100"));
     QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
@@ -270,7 +271,7 @@ class OpeningStockBookTest : public QObject {
       QVERIFY(!CarryForward(desk_->Connection(), next, progress, carried));
       QVERIFY(!progress.done_at_once);
     }
-    QCOMPARE(OpeningStockBook(desk_->Connection(), next).List().front().quantity, 10.0);
+    QCOMPARE(OpeningStockBook(desk_->Connection(), next).List().front().quantity.Number(), 10.0);
     QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
   }
 };

@@ -28,7 +28,7 @@ class OpeningStockTest : public QObject {
     QFETCH(double, rate);
     QFETCH(double, brokerage);
     QFETCH(double, total);
-    QCOMPARE(test::Exact(OpeningTotal(quantity, rate, brokerage)), test::Exact(total));
+    QCOMPARE(test::Exact(OpeningTotal(Shares(quantity), rate, brokerage)), test::Exact(total));
   }
 
   void PurchaseDateAfterTheYearIsCleared_data() {
@@ -59,9 +59,9 @@ class OpeningStockTest : public QObject {
     expect("Select Script Name.", "Combo1");
     lot.scrip = ScripId{1};
     expect("Enter Quantity Greater than Zero.", "Text1_0");
-    lot.quantity = -1;
+    lot.quantity = Shares(-1);
     expect("Enter Quantity Greater than Zero.", "Text1_0");
-    lot.quantity = 1;
+    lot.quantity = Shares(1);
     expect("Select Demat A/c No.", "Combo2");
     lot.account = AccountId{1};
     expect("Enter Purchase Date.", "Text1_3");

@@ -218,7 +218,7 @@ class RandomRecords {
     lot.id = id;
     lot.scrip = Scrip();
     lot.account = Pick(owner.accounts);
-    lot.quantity = Quantity();
+    lot.quantity = text::Shares(Quantity());
     lot.rate = Rate();
     lot.purchase_date = QStringLiteral("01/02/2010");
     MaybeRefusal refusal = opening_stock::OpeningStockBook(desk_.Connection(), owner.of).Save(lot);
@@ -244,7 +244,7 @@ class RandomRecords {
     if (!lots.empty()) {
       const ledger::Lot& lot = Pick(lots);
       transfer.lot = lot.id;
-      transfer.quantity = QuantityFrom(lot);
+      transfer.quantity = text::Shares(QuantityFrom(lot));
     }
     MaybeRefusal refusal = transfers::TransferBook(desk_.Connection(), owner.of).Save(transfer);
     if (!refusal && !id) {

@@ -42,7 +42,7 @@ class TransferBookTest : public QObject {
     transfer.from = desk_->account;
     transfer.to = to;
     transfer.lot = desk_->IdOfLot(100.1);
-    transfer.quantity = quantity;
+    transfer.quantity = Shares(quantity);
     return transfer;
   }
 
@@ -120,7 +120,7 @@ class TransferBookTest : public QObject {
     QTest::addColumn<Edit>("edit");
     QTest::addColumn<QString>("text");
     QTest::newRow("more than the lot has")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = 10.000001; })
+        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.000001); })
         << OverBalance("10.00");
     QTest::newRow("lot of another account") << Edit([](const Desk& desk, Transfer& transfer) {
       transfer.from = desk.second_account;
@@ -144,14 +144,16 @@ class TransferBookTest : public QObject {
     QTest::addColumn<QString>("text");
     // 6 of 10 were moved to the second account, where 5 of them were sold.
     QTest::newRow("more, up to the whole lot")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = 10; }) << kAccepted;
+        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10); })
+        << kAccepted;
     QTest::newRow("more than the lot had before")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = 10.5; })
+        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.5); })
         << OverBalance("10.00");
     QTest::newRow("as many as were sold")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = 5; }) << kAccepted;
+        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(5); })
+        << kAccepted;
     QTest::newRow("fewer than were sold")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = 4.999999; })
+        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(4.999999); })
         << kNegativeReliance;
     QTest::newRow("to another client")
         << Edit([](const Desk& desk, Transfer& transfer) { transfer.to = desk.other_account; })
@@ -171,8 +173,10 @@ class TransferBookTest : public QObject {
     QCOMPARE(TextOf(Book().Save(transfer)), text);
     QCOMPARE(desk_->Everything() == before, text != kAccepted);
     if (text == kAccepted) {
-      QCOMPARE(Source(), text::NumberText(10 - transfer.quantity) + QStringLiteral("@100.1"));
-      QCOMPARE(AtSecond(), text::NumberText(transfer.quantity - 5) + QStringLiteral("@100.1"));
+      QCOMPARE(Source(),
+               text::NumberText(10 - transfer.quantity.Number()) + QStringLiteral("@100.1"));
+      QCOMPARE(AtSecond(),
+               text::NumberText(transfer.quantity.Number() - 5) + QStringLiteral("@100.1"));
       QCOMPARE(Book().List().size(), std::size_t{1});
     }
   }
@@ -206,16 +210,15 @@ class TransferBookTest : public QObject {
     QCOMPARE(order, std::vector<int>({2, 4, 3, 1}));
   }
 
-  void ReversalOnTheScratchTableLeavesTheLedger() {
+  void ChangedTransferIsTakenBackBesideTheLedger() {
     Transfer transfer = NewTransfer(6, desk_->second_account);
     QVERIFY(!Book().Save(transfer));
     SellAtSecond(5);
     const QStringList before = desk_->Everything();
-    posting::ScratchLots scratch(desk_->Connection(), desk_->of);
-    scratch.Begin(std::nullopt);
-    Book().ReverseOn(scratch, transfer);
-    QCOMPARE(scratch.Lots(desk_->account).front().quantity, 10.0);
-    QCOMPARE(scratch.Lots(desk_->second_account).front().quantity, -5.0);
+    const ledger::Lots lots = Book().Begin(transfer);
+    QCOMPARE(lots.Of({desk_->of, desk_->account}).front().quantity.Number(), 10.0);
+    QCOMPARE(lots.Of({desk_->of, desk_->second_account}).front().quantity.Number(), -5.0);
+    Book().End();
     QCOMPARE(desk_->Everything(), before);
   }
 };

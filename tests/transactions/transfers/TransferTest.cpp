@@ -37,17 +37,17 @@ class TransferTest : public QObject {
     expect("Select Script Name that You want to Transfer.", "Text1_1");
     transfer.lot = LotId{1};
     expect("Enter Quantity Greater than Zero.", "Text1_2");
-    transfer.quantity = -1;
+    transfer.quantity = Shares(-1);
     expect("Enter Quantity Greater than Zero.", "Text1_2");
-    transfer.quantity = 0.0000004;
+    transfer.quantity = Shares(0.0000004);
     expect("Enter Quantity Greater than Zero.", "Text1_2");
-    transfer.quantity = 0.000001;
+    transfer.quantity = Shares(0.000001);
     expect("accepted", "none");
   }
 
   void QuantityStaysWithinTheBalance() {
-    QVERIFY(!CheckBalance(10, 10));
-    const MaybeRefusal refusal = CheckBalance(10.001, 10);
+    QVERIFY(!CheckBalance(Shares(10), Shares(10)));
+    const MaybeRefusal refusal = CheckBalance(Shares(10.001), Shares(10));
     QCOMPARE(TextOf(refusal), QStringLiteral("You Can't Transfer Scripts More than Balance.\n"
                                              "Maximum Allowed Value is: 10.00"));
     QCOMPARE(FieldOf(refusal), QStringLiteral("Text1_2"));

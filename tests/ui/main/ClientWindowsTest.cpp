@@ -1,14 +1,10 @@
-#include "support/OnScreen.h"
-#include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
+#include "core/lookups/Directory.h"
+#include "masters/client_list/ClientList.h"
+#include "portfolio/Import.h"
+#include "reports/screen/ReportGridView.h"
 #include "support/TestMain.h"
-#include "ui/main/MDIForm1.h"
-
-#include <QFile>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QTemporaryDir>
-#include <QTest>
+#include "ui/main/ShownMain.h"
+#include "ui/main/WindowTable.h"
 
 using namespace quorvane;
 
@@ -17,26 +13,14 @@ class ClientWindowsTest : public QObject {
 
  private Q_SLOTS:
   void EachClientAndYearHasAWindowOfItsOwn() {
-    test::TestDatabase database;
-    const ClientId client = database.AddClient(QStringLiteral("C1"));
-    const ClientId other = database.AddClient(QStringLiteral("C2"));
-    QTemporaryDir folder;
-    app::Session session;
-    session.connection = std::make_unique<database::Connection>(database.Settings());
-    session.folders.config_file = folder.filePath(QStringLiteral("Confg.ini"));
-    QFile config(session.folders.config_file);
-    QVERIFY(config.open(QIODevice::WriteOnly));
-    config.write("[Internet]\nIndexFeed=http://127.0.0.1:9/\n");
-    config.close();
-    test::RecordingMessages messages;
-    controls::Desk desk{session, messages};
-    ui::MDIForm1 main(desk);
-    test::PutOnScreen(main);
+    test::ShownMain shown;
+    const ClientId client = shown.database.AddClient(QStringLiteral("C1"));
+    const ClientId other = shown.database.AddClient(QStringLiteral("C2"));
     const auto open = [&](ClientId of, int year) {
-      session.current = ClientYear{of, text::FinancialYear(year)};
-      session.current_client_name = QString::number(of.value);
-      desk.open(QStringLiteral("FrmSalePurchase"));
-      const auto* area = main.findChild<QMdiArea*>();
+      shown.session.current = ClientYear{of, text::FinancialYear(year)};
+      shown.session.current_client_name = QString::number(of.value);
+      shown.desk.open(QStringLiteral("FrmSalePurchase"));
+      const auto* area = shown.main->findChild<QMdiArea*>();
       return area->activeSubWindow()->windowTitle() +
              QStringLiteral(" of %1").arg(area->subWindowList().size());
     };
@@ -45,7 +29,62 @@ class ClientWindowsTest : public QObject {
     QVERIFY(open(client, 2012).endsWith(QStringLiteral("- 2012-13 of 2")));
     QVERIFY(open(other, 2011).endsWith(QStringLiteral("- 2 - 2011-12 of 3")));
     QVERIFY(open(client, 2011).endsWith(QStringLiteral("- 1 - 2011-12 of 3")));
-    QCOMPARE(messages.Texts(), QStringList());
+    QCOMPARE(shown.messages.Texts(), QStringList());
+  }
+
+  // Windows of two clients stand beside each other: titles and reports are the window's own
+  // client's, whoever is current by then.
+  void EveryWindowKeepsItsClient() {
+    test::ShownMain shown;
+    Progress progress;
+    const auto taken = portfolio::ImportPortfolio(
+        *shown.session.connection, QStringLiteral(QUORVANE_SOURCE_DIR "/data/sample"), false,
+        progress);
+    QVERIFY(taken.errors.empty());
+    const lookups::Directory directory(*shown.session.connection);
+    const auto make_current = [&](const char* code, int year) {
+      const lookups::ClientEntry* client = directory.FindClient(code);
+      shown.session.current = ClientYear{client->id, text::FinancialYear(year)};
+      shown.session.current_client_name = QString::fromStdString(client->name);
+      return shown.session.current_client_name;
+    };
+    QStringList printed;
+    shown.desk.show_report = [&](const report::ReportDocument& document, QWidget*) {
+      printed << TitlesOf(document);
+    };
+    const QString own = make_current("ATH001", 2012);
+    for (const QString& name : ui::WindowNames()) {
+      const auto target = client_list::FindTarget(name);
+      if (target && target->window != nullptr) {
+        shown.session.target = name;
+        shown.desk.open(name);
+      }
+    }
+    const QString other = make_current("ATH002", 2011);
+    const auto windows = shown.main->findChildren<controls::ChildWindow*>();
+    QCOMPARE(windows.size(), 11);
+    for (const controls::ChildWindow* window : windows) {
+      QVERIFY2(window->windowTitle().contains(own), qPrintable(window->windowTitle()));
+      if (auto* button = window->findChild<controls::ZENButton*>(QStringLiteral("CmdReport"))) {
+        button->click();
+      }
+      if (const auto* screen = window->findChild<report::ReportGridView*>()) {
+        printed << TitlesOf(screen->Model().Document());
+      }
+    }
+    QCOMPARE(printed.size(), 6);
+    for (const QString& titles : printed) {
+      QVERIFY2(titles.contains(own) && !titles.contains(other), qPrintable(titles));
+    }
+  }
+
+ private:
+  static QString TitlesOf(const report::ReportDocument& document) {
+    QStringList titles = document.titles;
+    for (const report::Table& table : document.tables) {
+      titles << table.titles;
+    }
+    return titles.join(QLatin1Char('|'));
   }
 };
 

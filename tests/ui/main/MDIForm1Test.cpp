@@ -1,6 +1,9 @@
+#include "controls/Grid.h"
+#include "controls/RecordWindow.h"
 #include "support/TestMain.h"
 #include "ui/main/MenuTable.h"
 #include "ui/main/ShownMain.h"
+#include "ui/main/StartPage.h"
 
 #include <QMenuBar>
 #include <QRegularExpression>
@@ -42,7 +45,7 @@ class MDIForm1Test : public QObject {
       wanted << QLatin1String(item.name);
     }
     QCOMPARE(names, wanted);
-    QCOMPARE(wanted.size(), 41);
+    QCOMPARE(wanted.size(), 45);
     QCOMPARE(shown.Named<QAction>("mnuSttDetail")->text(), QStringLiteral("S&TT Percent Detail"));
   }
 
@@ -98,6 +101,35 @@ class MDIForm1Test : public QObject {
     QCOMPARE(shown.messages.Texts(), QStringList({kLogOut, kLogOut}));
   }
 
+  void ARecordInEditingHoldsUpTheLogOutAsAWhole() {
+    ShownMain shown;
+    shown.Choose("mnuExchange");
+    shown.Choose("mnuScriptDetails");
+    auto* edited = shown.Named<controls::RecordWindow>("FrmScript");
+    QTest::keyClick(edited, Qt::Key_N, Qt::ControlModifier);
+    const QSignalSpy out(shown.main, &ui::MDIForm1::LoggedOut);
+    shown.messages.WillAnswer(true);
+    shown.messages.WillAnswer(false);  // to the question of the window in editing
+    shown.Choose("mnuLogOut");
+    QCOMPARE(out.count(), 0);
+    QCOMPARE(shown.OpenWindows(), QStringList({"FrmExchange", "FrmScript"}));
+    QVERIFY(edited->IsEditing() && shown.main->isVisible());
+    // Closing still asks, by its own question first.
+    shown.messages.WillAnswer(false);
+    shown.main->close();
+    QCOMPARE(shown.messages.LastText(), kClose);
+  }
+
+  // The main window that goes leaves the desk to the one that has come.
+  void AnOldMainWindowDoesNotDisableANewOne() {
+    ShownMain shown;
+    QPointer<ui::MDIForm1> old = shown.main;
+    shown.Open();
+    delete old;
+    shown.desk.open(QStringLiteral("FrmExchange"));
+    QCOMPARE(shown.OpenWindows(), QStringList("FrmExchange"));
+  }
+
   void ClientSelectionRestsTheButtonRow() {
     ShownMain shown;
     shown.database.AddClient(QStringLiteral("C1"));
@@ -107,9 +139,93 @@ class MDIForm1Test : public QObject {
     QVERIFY(!shown.main->IsButtonRowEnabled());
     QTest::mouseClick(shown.Named<controls::ZENButton>("cmdproceed"), Qt::LeftButton);
     QTRY_COMPARE(shown.OpenWindows(), QStringList("FrmBrPayment"));
-    QVERIFY(!shown.main->IsButtonRowEnabled());
-    shown.main->findChild<controls::ChildWindow*>(QStringLiteral("FrmBrPayment"))->close();
-    QTRY_VERIFY(shown.main->IsButtonRowEnabled());
+    QVERIFY(shown.main->IsButtonRowEnabled());
+  }
+
+  void TheClientListOpensWhatItWasAskedForLast() {
+    ShownMain shown;
+    shown.database.AddClient(QStringLiteral("C1"));
+    shown.Choose("mnuStkOpBal");
+    shown.Choose("mnuBrReceipt");
+    shown.Choose("mnuBackUp");
+    QTest::mouseClick(shown.Named<controls::ZENButton>("cmdproceed"), Qt::LeftButton);
+    QTRY_COMPARE(shown.OpenWindows(), QStringList({"frmBackUpRestore", "FrmBrPayment"}));
+    QVERIFY(shown.Named<controls::ChildWindow>("FrmBrPayment")
+                ->windowTitle()
+                .startsWith(QStringLiteral("Received From Broker")));
+    QCOMPARE(shown.messages.Texts(), QStringList());
+  }
+
+  void AnAccessKeyIsTheFrontWindowsBeforeItIsTheMenus() {
+    ShownMain shown;
+    shown.session.current =
+        ClientYear{shown.database.AddClient(QStringLiteral("C1")), text::FinancialYear(2011)};
+    shown.session.target = QStringLiteral("RptBrokerLedger");
+    shown.desk.open(shown.session.target);
+    QTRY_VERIFY(QApplication::focusWidget() != nullptr);
+    // Each time, also where the toolkit takes the rivals in turn.
+    for (int times = 1; times <= 3; ++times) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_R, Qt::AltModifier);
+      QTRY_COMPARE(shown.messages.said.size(), static_cast<std::size_t>(times));
+      QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Broker Name."));
+    }
+    QVERIFY(QApplication::activePopupWidget() == nullptr);
+  }
+
+  void TheFirstClientEndsTheStartPage() {
+    ShownMain shown;
+    QVERIFY(shown.Named<ui::StartPage>("StartPage")->isVisible());
+    QTest::mouseClick(shown.Named<controls::ZENButton>("cmd_mnuClientInfo"), Qt::LeftButton);
+    QTRY_COMPARE(shown.OpenWindows(), QStringList("FrmClientMaster"));
+    QVERIFY(!shown.Named<ui::StartPage>("StartPage")->isVisible());
+    shown.database.AddClient(QStringLiteral("C1"));
+    shown.Named<controls::ChildWindow>("FrmClientMaster")->close();
+    QTRY_COMPARE(shown.OpenWindows(), QStringList());
+    QVERIFY(!shown.Named<ui::StartPage>("StartPage")->isVisible());
+  }
+
+  void AFolderWithErrorsIsListedAndAWholeOneIsTakenIn() {
+    ShownMain shown;
+    QFile brokers(shown.folder.filePath(QStringLiteral("brokers.csv")));
+    QVERIFY(brokers.open(QIODevice::WriteOnly));
+    brokers.write("name,city\nSHAH,PUNE\n,DELHI\n");
+    brokers.close();
+    shown.desk.ask_folder = [&](QWidget*, const QString&) { return shown.folder.path(); };
+    shown.Choose("mnuImpFolder");
+    QPointer<controls::ChildWindow> errors = shown.Named<controls::ChildWindow>("FrmImportErrors");
+    QVERIFY(errors != nullptr);
+    const controls::GridModel& model = errors->findChild<controls::Grid*>()->Model();
+    QCOMPARE(model.Text(0, 0), QStringLiteral("brokers.csv"));
+    QCOMPARE(model.Text(0, 1), QStringLiteral("3"));
+    QCOMPARE(model.Text(0, 2), QStringLiteral("name"));
+    errors->close();
+    QVERIFY(brokers.open(QIODevice::WriteOnly));
+    brokers.write("name,city\nSHAH,PUNE\n");
+    brokers.close();
+    shown.Choose("mnuImpFolder");
+    QVERIFY2(shown.messages.LastText().contains(QStringLiteral("1 broker")),
+             qPrintable(shown.messages.LastText()));
+    const QTemporaryDir out;
+    shown.desk.ask_folder = [&](QWidget*, const QString&) { return out.path(); };
+    shown.Choose("mnuExpFolder");
+    QVERIFY(QFile::exists(out.filePath(QStringLiteral("brokers.csv"))));
+  }
+
+  void PlacesAreRememberedAndStayOnTheScreen() {
+    ShownMain shown;
+    shown.Choose("mnuExchange");
+    const auto frame = [&] { return shown.main->findChild<QMdiArea*>()->subWindowList().front(); };
+    const QRect wished(30, 20, 400, 300);
+    frame()->setGeometry(wished);
+    frame()->close();
+    QTRY_COMPARE(shown.OpenWindows(), QStringList());
+    shown.Choose("mnuExchange");
+    QCOMPARE(frame()->geometry(), wished);
+    frame()->setGeometry(5000, 4000, 9000, 9000);
+    frame()->close();
+    QTRY_COMPARE(shown.OpenWindows(), QStringList());
+    shown.Choose("mnuExchange");
+    QVERIFY(shown.main->findChild<QMdiArea*>()->viewport()->rect().contains(frame()->geometry()));
   }
 
   void ClockSaysDayAndTime() {

@@ -77,10 +77,12 @@ class SessionTest : public QObject {
   }
 
   static void LogOutAndIn(ShownMain& shown) {
+    users::Attempts attempts;
     const app::MachineKey key(shown.folder.filePath(QStringLiteral("machine.ini")));
     QPointer<users::frmLogin> login;
     connect(shown.main, &ui::MDIForm1::LoggedOut, shown.main, [&] {
-      login = new users::frmLogin(shown.desk, users::Login(*shown.session.connection, key));
+      login =
+          new users::frmLogin(shown.desk, users::Login(*shown.session.connection, key, attempts));
       connect(login, &users::frmLogin::Admitted, login, [&] { shown.Open(); });
       login->show();
       login->activateWindow();

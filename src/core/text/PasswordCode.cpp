@@ -1,8 +1,8 @@
-#include "admin/users/PasswordCode.h"
+#include "core/text/PasswordCode.h"
 
 #include <QStringList>
 
-namespace quorvane::users {
+namespace quorvane::text {
 namespace {
 
 constexpr char32_t kLastCharacter = 0x10FFFF;
@@ -44,4 +44,4 @@ std::optional<QString> DecodePassword(const QString& stored) {
   return password;
 }
 
-}  // namespace quorvane::users
+}  // namespace quorvane::text

@@ -1,11 +1,11 @@
-#include "admin/users/PasswordCode.h"
+#include "core/text/PasswordCode.h"
 #include "support/TestMain.h"
 
 #include <QTest>
 
 #include <set>
 
-using namespace quorvane::users;
+using namespace quorvane::text;
 
 class PasswordCodeTest : public QObject {
   Q_OBJECT

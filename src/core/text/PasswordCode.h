@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace quorvane::users {
+namespace quorvane::text {
 
 /// A password as it is stored: a decimal number a character, joined with ",". The mapping is fixed,
 /// reversible and the same for every user and position; it keeps a password from the eye, not from
@@ -14,4 +14,4 @@ QString EncodePassword(const QString& password);
 /// The password again; nullopt for a text that is no such list, the empty one included.
 std::optional<QString> DecodePassword(const QString& stored);
 
-}  // namespace quorvane::users
+}  // namespace quorvane::text

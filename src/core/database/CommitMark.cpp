@@ -1,0 +1,61 @@
+#include "core/database/CommitMark.h"
+
+#include <QThread>
+
+namespace quorvane::database {
+namespace {
+
+constexpr int kLooks = 6;
+constexpr unsigned kFirstWait = 200;  // milliseconds; grows with each look
+
+}  // namespace
+
+void CommitMark::Write(Transaction& transaction) {
+  if (!connection_.HasSharedTables()) {
+    return;
+  }
+  serial_ = connection_.NextSerial();
+  transaction.Execute(
+      "Insert Into CommitMark Values(?,?,Utc_Timestamp()) On Duplicate Key Update "
+      "Serial=Values(Serial),MadeAt=Values(MadeAt)",
+      connection_.Token(), serial_);
+}
+
+std::optional<bool> CommitMark::WasCommitted() {
+  for (int look = 1; serial_ != 0 && look <= kLooks; ++look) {
+    try {
+      return IsThere();
+    } catch (const DatabaseError&) {
+      QThread::msleep(kFirstWait * static_cast<unsigned>(look));
+    }
+  }
+  return std::nullopt;
+}
+
+bool CommitMark::IsThere() {
+  connection_.Reopen();
+  if (connection_.IsCluster()) {
+    // Another node answers only when it has what the lost one passed on before it died.
+    connection_.Execute("Set Session wsrep_sync_wait=1");
+  }
+  // The lock waits for the end of the lost transaction where the server has not noticed yet.
+  const bool there = connection_
+                         .Open(
+                             "Select 1 From CommitMark Where Token=? And Serial=? Lock In Share "
+                             "Mode",
+                             connection_.Token(), serial_)
+                         .Next();
+  if (connection_.IsCluster()) {
+    connection_.Execute("Set Session wsrep_sync_wait=Default");
+  }
+  return there;
+}
+
+void CommitMark::RemoveOld(Connection& connection) {
+  constexpr const char* kOld = "MadeAt<Utc_Timestamp()-Interval 30 Day";
+  if (connection.Open(std::string("Select 1 From CommitMark Where ") + kOld + " Limit 1").Next()) {
+    connection.Execute(std::string("Delete From CommitMark Where ") + kOld);
+  }
+}
+
+}  // namespace quorvane::database

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/database/Transaction.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace quorvane::database {
+
+/// A row that a transaction writes along, so that it can be told afterwards whether it was
+/// committed when the answer to the commit was lost. A connection has one row, which each of its
+/// transactions changes.
+class CommitMark {
+ public:
+  explicit CommitMark(Connection& connection) : connection_(connection) {}
+
+  /// The last statement of the transaction.
+  void Write(Transaction& transaction);
+
+  /// After the connection was lost at the commit: opens it again and looks. Nothing when it cannot
+  /// be told. Waits some seconds for a server that comes back.
+  std::optional<bool> WasCommitted();
+
+  /// Takes the rows of programs of long ago away.
+  static void RemoveOld(Connection& connection);
+
+ private:
+  bool IsThere();
+
+  Connection& connection_;
+  std::int64_t serial_ = 0;  ///< of this mark; 0 before it was written
+};
+
+}  // namespace quorvane::database

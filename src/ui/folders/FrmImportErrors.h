@@ -1,0 +1,22 @@
+#pragma once
+
+#include "controls/ChildWindow.h"
+#include "portfolio/ImportErrors.h"
+
+#include <vector>
+
+namespace quorvane::ui {
+
+/// What stands in the way of a portfolio folder: file, line, column and what is wrong there, a row
+/// an error. Nothing of the folder was taken in.
+class FrmImportErrors : public controls::ChildWindow {
+  Q_OBJECT
+
+ public:
+  FrmImportErrors(controls::Desk& desk, const std::vector<portfolio::ImportError>& errors);
+
+ private:
+  void cmdexit_Click();
+};
+
+}  // namespace quorvane::ui

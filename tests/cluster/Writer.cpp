@@ -1,0 +1,103 @@
+// One writer of a cluster, beside others: saves, changes and deletes bills of one client and tells
+// of each on the output once it is done.
+//
+//   cluster_writer APPLICATION_FOLDER NUMBER ROUNDS
+
+#include "core/app/Session.h"
+#include "core/lookups/Directory.h"
+#include "transactions/bills/BillBook.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+using namespace quorvane;
+
+namespace {
+
+void Insist(const MaybeRefusal& refusal) {
+  if (refusal) {
+    throw std::runtime_error(refusal->text.toStdString());
+  }
+}
+
+class Writer {
+ public:
+  Writer(database::Connection& connection, QString number)
+      : directory_(connection),
+        book_(connection, {directory_.FindClient("AN")->id, text::FinancialYear(2011)}),
+        number_(std::move(number)) {}
+
+  void Run(int rounds) {
+    for (int round = 1; round <= rounds; ++round) {
+      Add(round);
+      if (round % 2 == 0) {
+        Change(saved_[saved_.size() - 2]);
+      }
+      if (round % 4 == 0) {
+        Delete();
+      }
+    }
+  }
+
+ private:
+  void Add(int round) {
+    bills::Bill bill;
+    bill.number = QStringLiteral("W%1-%2").arg(number_).arg(round);
+    bill.date = QStringLiteral("10/06/2011");
+    bill.broker = BrokerId{1};
+    bill.exchange = ExchangeId{1};
+    bill.account = directory_.FindAccounts("A1").front()->id;
+    bills::BillLine line;
+    line.scrip = directory_.FindScrip("600001")->id;
+    line.quantity = 10;
+    line.rate = 100 + round % 3;
+    bills::ComputeAmount(line);
+    bill.lines = {line, line};
+    Insist(book_.Save(bill));
+    saved_.push_back(bill);
+    Tell(bill, "20");
+  }
+
+  void Change(bills::Bill& bill) {
+    bill.lines[0].quantity = 7;
+    bills::ComputeAmount(bill.lines[0]);
+    Insist(book_.Save(bill));
+    Tell(bill, "17");
+  }
+
+  void Delete() {
+    Insist(book_.Delete(saved_.front().id));
+    Tell(saved_.front(), "0");
+    saved_.erase(saved_.begin());
+  }
+
+  /// The bill's number and the shares that it holds now.
+  static void Tell(const bills::Bill& bill, const char* shares) {
+    std::printf("%s %s\n", qPrintable(bill.number), shares);
+    std::fflush(stdout);
+  }
+
+  lookups::Directory directory_;
+  bills::BillBook book_;
+  QString number_;
+  std::vector<bills::Bill> saved_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  try {
+    app::StartUpOptions options;
+    options.application_folder = QString::fromLocal8Bit(argv[1]);
+    const auto session = app::StartUp(options);
+    Writer(*session->connection, QString::fromLocal8Bit(argv[2])).Run(std::atoi(argv[3]));
+    return 0;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+}

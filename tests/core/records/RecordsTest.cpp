@@ -1,0 +1,112 @@
+#include "core/records/Bill.h"
+#include "core/records/Lot.h"
+#include "core/records/Money.h"
+#include "core/records/Opening.h"
+#include "core/records/Rates.h"
+#include "core/records/Transfer.h"
+#include "core/records/Writing.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QTest>
+
+using namespace quorvane;
+using records::BillLine;
+
+/// The lists of columns against the tables as they are made.
+class RecordsTest : public QObject {
+  Q_OBJECT
+
+  template <class Record>
+  static QStringList Listed() {
+    QStringList names;
+    records::ForEachColumn<Record>([&](const auto& column) {
+      names << QString::fromUtf8(column.name.data(), static_cast<qsizetype>(column.name.size()));
+    });
+    names.sort();
+    return names;
+  }
+
+  QStringList Made(std::string_view table) {
+    QStringList names;
+    for (const auto& row :
+         database_->Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
+                         "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
+                         table)) {
+      names << row.Text(std::size_t{0});
+    }
+    names.sort();
+    return names;
+  }
+
+  template <class Record>
+  void Compare(std::string_view table = records::Table<Record>::kName) {
+    QCOMPARE(Listed<Record>(), Made(table));
+  }
+
+  std::optional<test::TestDatabase> database_;
+
+ private Q_SLOTS:
+  void initTestCase() { database_.emplace(); }
+  void cleanupTestCase() { database_.reset(); }
+
+  void EveryColumnOfATableIsListed() {
+    Compare<records::Bill>();
+    Compare<BillLine>();
+    Compare<records::Opening>();
+    Compare<records::Transfer>();
+    Compare<records::Lot>();
+    Compare<records::Lot>(records::kScratchLots);
+    Compare<records::Payment>();
+    Compare<records::Payment>(records::kReceipts);
+    Compare<records::BrokerOpening>();
+    Compare<records::MarketRate>();
+    Compare<records::AverageRate>();
+  }
+
+  void ALineComesBackAsItWasWritten() {
+    BillLine line{.client = ClientId{1},
+                  .year = text::FinancialYear(2011),
+                  .bill = BillId{2},
+                  .number = 3,
+                  .side = records::Side::kSale,
+                  .lot = LotId{4},
+                  .scrip = ScripId{5},
+                  .quantity = text::Shares(6.000001),
+                  .rate = 100.1,
+                  .brokerage = 0.015,
+                  .net = 100.085,
+                  .amount = 600.51,
+                  .service_tax = 0.016,
+                  .fo = true,
+                  .stt = 0.75,
+                  .stt_percent = 0.125,
+                  .delivery_type = QStringLiteral("Delivery Based")};
+    database::InTransaction(**database_, [&](database::Transaction& transaction) {
+      records::Insert(transaction, line);
+      return MaybeRefusal();
+    });
+    const auto read =
+        records::Select<BillLine>(**database_).Where(&BillLine::bill, line.bill).All();
+    QCOMPARE(read.size(), std::size_t{1});
+    const auto fields = [](const BillLine& l) {
+      return std::tuple(l.client, l.year, l.bill, l.number, l.side, l.lot, l.scrip, l.quantity,
+                        l.rate, l.brokerage, l.net, l.amount, l.service_tax, l.fo, l.stt,
+                        l.stt_percent, l.delivery_type);
+    };
+    QVERIFY(fields(read[0]) == fields(line));
+  }
+
+  void NothingIsDeletedWithoutACondition() {
+    database::InTransaction(**database_, [&](database::Transaction& transaction) {
+      records::Insert(transaction, BillLine{.bill = BillId{9}});
+      records::Delete<BillLine>(transaction).Run();
+      records::Delete<BillLine>(transaction).In(&BillLine::bill, std::vector<BillId>()).Run();
+      return MaybeRefusal();
+    });
+    QVERIFY(records::Select<BillLine>(**database_).Where(&BillLine::bill, BillId{9}).First());
+  }
+};
+
+static const quorvane::test::RegisterTest<RecordsTest> kRegistered;
+#include "RecordsTest.moc"

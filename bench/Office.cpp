@@ -11,8 +11,8 @@ namespace quorvane::bench {
 database::ConnectionSettings NewDatabase(const Office& office, const QString& name) {
   database::ConnectionSettings settings = office.server.SettingsOf(name);
   database::Connection connection(settings);
-  for (const auto& [statement, reason] : database::PrepareDatabase(connection)) {
-    throw std::runtime_error(fmt::format("the set-up skipped {}: {}", statement, reason));
+  for (const database::SkippedStatement& skipped : database::PrepareDatabase(connection)) {
+    throw std::runtime_error(fmt::format("the set-up skipped {}: {}", skipped.statement, skipped.reason));
   }
   return settings;
 }

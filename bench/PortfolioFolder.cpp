@@ -1,5 +1,6 @@
 #include "bench/PortfolioFolder.h"
 
+#include "core/platform/Processes.h"
 #include "core/text/Amounts.h"
 #include "portfolio/OutputFile.h"
 
@@ -22,7 +23,7 @@ class FolderWriter {
       : folder_(folder), portfolio_(portfolio) {}
 
   void Run() {
-    portfolio::MakeFolder(folder_);
+    platform::MakePrivateFolder(folder_);
     WriteMasters();
     WriteOpenings();
     WriteBills();

@@ -22,15 +22,6 @@ double SettleQuantity(double quantity) {
   return settled == 0 ? 0 : settled;
 }
 
-void LockLots(Transaction& transaction, const std::optional<ClientYear>& of) {
-  if (of) {
-    transaction.Open("Select Count(*) From Stock Where Cid=? and Fyear=? For Update", of->client,
-                     of->year.Text());
-  } else {
-    transaction.Open("Select Count(*) From Stock For Update");
-  }
-}
-
 std::vector<Lot> ReadLots(Connection& connection, const ClientYear& of,
                           std::optional<AccountId> account, LotTable table) {
   std::string sql = fmt::format("Select Id,AcId,ScriptId,Qty,Rate From {} Where Cid=? and Fyear=?",

@@ -25,12 +25,6 @@ std::vector<Lot> ReadLots(Connection& connection, const ClientYear& of,
                           std::optional<AccountId> account = std::nullopt,
                           LotTable table = LotTable::kStock);
 
-/// Waits until no other program changes lots of the client and year (of all, without `of`) and
-/// keeps others waiting until the transaction ends. Documents are saved together with their lots,
-/// so what the transaction reads from then on is all that there is, and stays so. To be called
-/// before the transaction reads anything: a plain read fixes the instant that all later ones see.
-void LockLots(Transaction& transaction, const std::optional<ClientYear>& of);
-
 /// A quantity of shares free of binary dust: rounded to six decimals.
 double SettleQuantity(double quantity);
 

@@ -219,4 +219,13 @@ void WriteScratch(Transaction& transaction, const ClientYear& of, const Lots& lo
   writer.Finish();
 }
 
+void LockLots(Transaction& transaction, const std::optional<ClientYear>& of) {
+  if (of) {
+    transaction.Open("Select Count(*) From Stock Where Cid=? and Fyear=? For Update", of->client,
+                     of->year.Text());
+  } else {
+    transaction.Open("Select Count(*) From Stock For Update");
+  }
+}
+
 }  // namespace quorvane::ledger

@@ -157,4 +157,10 @@ void LockAndLoad(Transaction& transaction, Lots& lots, std::span<const Place> pl
 void WriteScratch(Transaction& transaction, const ClientYear& of, const Lots& lots);
 void ClearScratch(Transaction& transaction, const ClientYear& of);
 
+/// Waits until no other program changes lots of the client and year (of all, without `of`) and
+/// keeps others waiting until the transaction ends. Documents are saved together with their lots,
+/// so what the transaction reads from then on is all that there is, and stays so. To be called
+/// before the transaction reads anything: a plain read fixes the instant that all later ones see.
+void LockLots(Transaction& transaction, const std::optional<ClientYear>& of);
+
 }  // namespace quorvane::ledger

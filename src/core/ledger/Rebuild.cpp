@@ -1,7 +1,7 @@
 #include "core/ledger/Rebuild.h"
 
 #include "core/database/BulkWriter.h"
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Lots.h"
 #include "core/records/Movements.h"
 
 #include <set>

@@ -30,7 +30,7 @@ class RecordsTest : public QObject {
   QStringList Made(std::string_view table) {
     QStringList names;
     for (const auto& row :
-         database_->Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
+         database_->Get().Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
                          "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
                          table)) {
       names << row.Text(std::size_t{0});
@@ -99,7 +99,9 @@ class RecordsTest : public QObject {
 
   void NothingIsDeletedWithoutACondition() {
     database::InTransaction(**database_, [&](database::Transaction& transaction) {
-      records::Insert(transaction, BillLine{.bill = BillId{9}});
+      BillLine line;
+      line.bill = BillId{9};
+      records::Insert(transaction, line);
       records::Delete<BillLine>(transaction).Run();
       records::Delete<BillLine>(transaction).In(&BillLine::bill, std::vector<BillId>()).Run();
       return MaybeRefusal();

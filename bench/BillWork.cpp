@@ -1,7 +1,7 @@
 #include "bench/Measure.h"
 #include "bench/PortfolioDatabase.h"
 #include "bench/Works.h"
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Lots.h"
 #include "transactions/bills/BillBook.h"
 
 #include <fmt/format.h>
@@ -36,7 +36,7 @@ Portfolio OfficeOfLots(std::size_t clients) {
 
 /// Buys at new rates and sells one share of each of the account's largest lots.
 bills::Bill MakeBill(const Portfolio& portfolio, AccountId account,
-                     const std::vector<ledger::Lot>& lots, int number) {
+                     const std::vector<records::Lot>& lots, int number) {
   bills::Bill bill;
   bill.number = QStringLiteral("NEW/%1").arg(number);
   bill.date = text::FormatDmy(portfolio.year.LastDay());
@@ -45,11 +45,11 @@ bills::Bill MakeBill(const Portfolio& portfolio, AccountId account,
   bill.account = account;
   for (std::size_t i = 0; i < kLinesABill; ++i) {
     bills::BillLine& line = bill.lines.emplace_back();
-    const ledger::Lot& lot = lots[i % lots.size()];
+    const records::Lot& lot = lots[i % lots.size()];
     line.side = i % 2 == 0 ? bills::Side::kPurchase : bills::Side::kSale;
     line.scrip = lot.scrip;
-    line.quantity = line.side == bills::Side::kPurchase ? 100 : 1;
-    line.lot = line.side == bills::Side::kSale ? lot.id : LotId{};
+    line.quantity = text::Shares(line.IsPurchase() ? 100 : 1);
+    line.lot = line.IsPurchase() ? LotId{} : lot.id;
     line.rate = lot.rate + number;
     line.brokerage = 0.25;
     bills::ComputeAmount(line);
@@ -60,11 +60,12 @@ bills::Bill MakeBill(const Portfolio& portfolio, AccountId account,
   return bill;
 }
 
-std::vector<ledger::Lot> LargestLots(database::Connection& connection, const ClientYear& of,
-                                     AccountId account) {
-  std::vector<ledger::Lot> lots = ledger::ReadLots(connection, of, account);
+std::vector<records::Lot> LargestLots(database::Connection& connection, const ClientYear& of,
+                                      AccountId account) {
+  std::vector<records::Lot> lots =
+      ledger::ReadLots(connection, ledger::LotScope::Of({of, account}));
   std::sort(lots.begin(), lots.end(),
-            [](const ledger::Lot& a, const ledger::Lot& b) { return a.quantity > b.quantity; });
+            [](const records::Lot& a, const records::Lot& b) { return a.quantity > b.quantity; });
   return lots;
 }
 
@@ -73,7 +74,7 @@ BillFigures SaveBills(const Office& office, const QString& name, const Portfolio
   FillDatabase(connection, portfolio);
   const AccountId account{1};
   const ClientYear of{ClientId{portfolio.AccountOf(account.value).client}, portfolio.year};
-  const std::vector<ledger::Lot> lots = LargestLots(connection, of, account);
+  const std::vector<records::Lot> lots = LargestLots(connection, of, account);
   bills::BillBook book(connection, of);
   std::vector<double> times;
   for (int number = 1; number <= kBills; ++number) {

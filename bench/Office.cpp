@@ -12,7 +12,8 @@ database::ConnectionSettings NewDatabase(const Office& office, const QString& na
   database::ConnectionSettings settings = office.server.SettingsOf(name);
   database::Connection connection(settings);
   for (const database::SkippedStatement& skipped : database::PrepareDatabase(connection)) {
-    throw std::runtime_error(fmt::format("the set-up skipped {}: {}", skipped.statement, skipped.reason));
+    throw std::runtime_error(
+        fmt::format("the set-up skipped {}: {}", skipped.statement, skipped.reason));
   }
   return settings;
 }

@@ -174,6 +174,10 @@ Maximum Allowed Value is: %1</source>
         <source>S.T.T.</source>
         <translation>एस.टी.टी.</translation>
     </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>पंक्ति %1: %2</translation>
+    </message>
 </context>
 <context>
     <name>BrokerLedger</name>
@@ -1094,6 +1098,10 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <source>This Demat A/c was Deleted in the Meantime.</source>
         <translation>यह डीमैट खाता इस बीच हटा दिया गया।</translation>
     </message>
+    <message>
+        <source>This Exchange was Deleted in the Meantime.</source>
+        <translation>यह एक्सचेंज इस बीच हटा दिया गया।</translation>
+    </message>
 </context>
 <context>
     <name>ProfitStatement</name>
@@ -1695,6 +1703,10 @@ BSE %2   NSE %3</source>
         <translation>%1
 बीएसई %2   एनएसई %3</translation>
     </message>
+    <message>
+        <source>New</source>
+        <translation>नया</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::BillPane</name>
@@ -1813,6 +1825,30 @@ BSE %2   NSE %3</source>
         <source>Refresh Successfully!</source>
         <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
     </message>
+    <message>
+        <source>%1 at %2, held since %3</source>
+        <translation>%1 शेयर, दर %2, %3 से</translation>
+    </message>
+    <message>
+        <source>There is a Bill No. %1 of this Broker on %2 already.
+
+Save this one, too?</source>
+        <translation>इस ब्रोकर का %2 का बिल सं. %1 पहले से है।
+
+क्या इसे भी सहेजें?</translation>
+    </message>
+    <message>
+        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
+        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
+    </message>
+    <message>
+        <source>Take the Sale from these Lots, with a Line for each?
+
+%1</source>
+        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
+
+%1</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::HoldingsPane</name>
@@ -1867,6 +1903,10 @@ BSE %2   NSE %3</source>
     <message>
         <source>Balance in Demat A/c No. - %1</source>
         <translation>डीमैट खाता सं. - %1 का शेष</translation>
+    </message>
+    <message>
+        <source>Held Since</source>
+        <translation>कब से</translation>
     </message>
 </context>
 <context>
@@ -3042,6 +3082,14 @@ BSE %2   NSE %3</source>
         <source>%1 rates were read; %2 lines of the file belong to no script. Press Update to keep them.</source>
         <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
     </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Select Script Name!</source>
+        <translation>शेयर का नाम चुनें!</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::mis::RptVariousReport</name>
@@ -3130,10 +3178,6 @@ BSE %2   NSE %3</source>
         <translation>चार्ट</translation>
     </message>
     <message>
-        <source>Market Rates</source>
-        <translation>बाज़ार भाव</translation>
-    </message>
-    <message>
         <source>Output</source>
         <translation>आउटपुट</translation>
     </message>
@@ -3148,6 +3192,14 @@ BSE %2   NSE %3</source>
     <message>
         <source>The rates are not saved. Close without saving them?</source>
         <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>Rates</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Choose how the report is grouped.</source>
+        <translation>चुनें कि रिपोर्ट किस तरह समूहित हो।</translation>
     </message>
 </context>
 <context>
@@ -3854,6 +3906,10 @@ Lots changed: %1</source>
         <source>Select Demat A/c!</source>
         <translation>डीमैट खाता चुनें!</translation>
     </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::scrips::FrmScript</name>
@@ -4159,6 +4215,26 @@ Lots changed: %1</source>
         <source>The Settings were Changed. Close without Saving them?</source>
         <translation>सेटिंग बदली गई हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>Bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>S.T.T. of a line</source>
+        <translation>पंक्ति का एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>In paise</source>
+        <translation>पैसों में</translation>
+    </message>
+    <message>
+        <source>In whole rupees, 50 paise up</source>
+        <translation>पूरे रुपयों में, 50 पैसे से ऊपर की ओर</translation>
+    </message>
+    <message>
+        <source>How it is proposed in bill windows opened from now on.</source>
+        <translation>अब से खुलने वाली बिल विंडो में यह ऐसे सुझाया जाएगा।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::transfers::FrmScriptTransfer</name>
@@ -4239,6 +4315,17 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
+    <name>quorvane::ui::FrmImportErrors</name>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::ui::GuidePane</name>
     <message>
         <source>The user guide is not there. It belongs into %1.</source>
@@ -4251,30 +4338,6 @@ Lots changed: %1</source>
 </context>
 <context>
     <name>quorvane::ui::MDIForm1</name>
-    <message>
-        <source>BSE Market Rate List</source>
-        <translation>बीएसई बाज़ार भाव सूची</translation>
-    </message>
-    <message>
-        <source>Starts the market-rate tool</source>
-        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
-    </message>
-    <message>
-        <source>Check For Updates</source>
-        <translation>अद्यतन जाँचें</translation>
-    </message>
-    <message>
-        <source>Page</source>
-        <translation>पृष्ठ</translation>
-    </message>
-    <message>
-        <source>Line</source>
-        <translation>पंक्ति</translation>
-    </message>
-    <message>
-        <source>Col</source>
-        <translation>स्तंभ</translation>
-    </message>
     <message>
         <source>%1 is running already.</source>
         <translation>%1 पहले से चल रहा है।</translation>
@@ -4316,6 +4379,25 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
     </message>
     <message>
+        <source>Couldn&apos;t find Window %1</source>
+        <translation>विंडो %1 नहीं मिली</translation>
+    </message>
+    <message>
+        <source>Do you want to take BackUp of Database?</source>
+        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MainHead</name>
+    <message>
+        <source>BSE Market Rate List</source>
+        <translation>बीएसई बाज़ार भाव सूची</translation>
+    </message>
+    <message>
+        <source>Starts the market-rate tool</source>
+        <translation>बाज़ार भाव का प्रोग्राम शुरू करता है</translation>
+    </message>
+    <message>
         <source>Show Market Rates</source>
         <translation>बाज़ार भाव दिखाएँ</translation>
     </message>
@@ -4324,12 +4406,23 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>बाज़ार भाव का प्रोग्राम सामने लाता है</translation>
     </message>
     <message>
-        <source>Couldn&apos;t find Window %1</source>
-        <translation>विंडो %1 नहीं मिली</translation>
+        <source>Check For Updates</source>
+        <translation>अद्यतन जाँचें</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::MainStatus</name>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
     </message>
     <message>
-        <source>Do you want to take BackUp of Database?</source>
-        <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+        <source>Col</source>
+        <translation>स्तंभ</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>पृष्ठ</translation>
     </message>
 </context>
 <context>

@@ -212,7 +212,7 @@ void ChildWindow::DateRefused(DateBox* box, const QString& text) {
 void ChildWindow::Show(const Refusal& refusal, Icon icon) {
   if (icon == Icon::kCritical) {
     Say().Refuse(refusal.text);
-  } else {
+  } else if (!refusal.text.isEmpty()) {
     Say().Inform(refusal.text);
   }
   if (QWidget* field = FieldNamed(refusal.field)) {

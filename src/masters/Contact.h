@@ -3,6 +3,7 @@
 #include "core/database/Recordset.h"
 #include "core/database/TextWidths.h"
 #include "core/database/Value.h"
+#include "core/records/Masters.h"
 
 #include <QString>
 
@@ -10,20 +11,7 @@
 
 namespace quorvane::masters {
 
-/// Where somebody can be reached: what clients, participants and brokers have in common.
-struct Contact {
-  QString address;
-  QString city;
-  QString state;
-  QString pin;
-  QString std_code;
-  QString phone;
-  QString mobile;
-  QString fax;
-  QString email;
-
-  bool operator==(const Contact&) const = default;
-};
+using records::Contact;
 
 /// The columns in the order of the members, for a list of columns.
 inline constexpr std::string_view kContactColumns =

@@ -1,6 +1,5 @@
 #include "portfolio/CsvTable.h"
 
-#include "core/ledger/Ledger.h"
 #include "core/lookups/Directory.h"
 #include "core/text/Amounts.h"
 
@@ -176,11 +175,12 @@ double CsvTable::PositiveNumber(std::size_t column) {
   return value;
 }
 
-double CsvTable::Shares(std::size_t column) {
+text::Shares CsvTable::Shares(std::size_t column) {
+  constexpr double kMost = 1e12;
   const double typed = PositiveNumber(column);
-  const double shares = ledger::SettleQuantity(typed);
-  if (typed > 0 && shares == 0) {
-    Expected(column, "a number of shares of at most six decimals");
+  const text::Shares shares(typed);
+  if (typed > 0 && (!shares || typed > kMost)) {
+    Expected(column, "a number of shares of at most twelve digits and six decimals");
   }
   return shares;
 }

@@ -2,6 +2,7 @@
 
 #include "core/text/Csv.h"
 #include "core/text/FinancialYear.h"
+#include "core/text/Shares.h"
 #include "portfolio/FileLayouts.h"
 #include "portfolio/ImportErrors.h"
 
@@ -33,7 +34,7 @@ class CsvTable {
   std::string_view Text(std::size_t column);
   double Number(std::size_t column);          ///< empty is 0; below 0 is refused
   double PositiveNumber(std::size_t column);  ///< above 0
-  double Shares(std::size_t column);          ///< above 0, kept to six decimals as the ledger does
+  text::Shares Shares(std::size_t column);    ///< above 0
   std::optional<double> OptionalNumber(std::size_t column);
   std::optional<text::Date> DateOf(std::size_t column);
   std::optional<text::FinancialYear> YearOf(std::size_t column);

@@ -1,129 +1,128 @@
 #include "portfolio/Export.h"
 
 #include "core/database/Transaction.h"
-#include "core/text/Amounts.h"
-#include "core/text/Csv.h"
+#include "core/lookups/Directory.h"
+#include "core/text/Dates.h"
 #include "portfolio/ExportBills.h"
-#include "portfolio/ExportScope.h"
-#include "portfolio/FileLayouts.h"
-#include "portfolio/OutputFile.h"
+#include "portfolio/ExportMasters.h"
+#include "portfolio/ExportedNames.h"
+#include "portfolio/Portfolio.h"
 
-#include <fmt/format.h>
+#include <algorithm>
+#include <set>
+#include <tuple>
 
 namespace quorvane::portfolio {
 namespace {
 
 using database::Connection;
-using database::Recordset;
 
 // Names are sorted by their bytes: the same on every server and in every tool that sorts text.
 
-/// A date text as it sorts.
-std::string DateOrder(std::string_view column) {
-  return fmt::format("concat_ws('-',right({0},4),mid({0},4,2),left({0},2))", column);
-}
-
-void AppendField(std::string& out, const Recordset& row, std::size_t column) {
-  switch (row.Kind(column)) {
-    case database::ColumnKind::kDouble:
-      text::AppendExact(out, row.Double(column));
-      break;
-    case database::ColumnKind::kInteger:
-      if (!row.IsNull(column)) {
-        out += std::to_string(row.Int64(column));
-      }
-      break;
-    default:
-      text::AppendCsvField(out, row.Utf8(column));
-  }
-}
-
-/// Writes a file whose columns are those of a query, in order.
-class QueryExport {
+/// Writes the documents that are no bills.
+class DocumentExport {
  public:
-  QueryExport(Connection& connection, OutputFolder& folder, const ExportScope& scope)
-      : connection_(connection), folder_(folder), scope_(scope) {}
+  DocumentExport(Connection& connection, OutputFolder& folder, const ExportedNames& names)
+      : connection_(connection), folder_(folder), names_(names) {}
 
-  void Write(FileKind kind, const std::string& select, const ScopedText& where,
-             const std::string& order) {
-    OutputFile& file = folder_.Add(LayoutOf(kind));
-    std::string& out = file.Buffer();
-    std::string sql = select;
-    sql.append(where.text).append(" Order By ").append(order);
-    for (const auto& row : connection_.OpenValues(sql, where.values)) {
-      for (std::size_t i = 0; i < row.ColumnCount(); ++i) {
-        out += i > 0 ? "," : "";
-        AppendField(out, row, i);
-      }
-      out += '\n';
-      file.WriteWhenLarge();
-    }
-    file.Finish();
-  }
-
-  void WriteMasters() {
-    Write(FileKind::kParticipants,
-          "Select P.Name,Elt(P.Depository+1,'NSDL','CDSL'),D.DPID,P.Address,P.City,P.State,P.PIN,"
-          "P.STD,P.Phone,P.Mobile,P.Fax,P.Email,P.Person,P.Designation From DepPart P Left Join "
-          "DpIDs D On D.DepId=P.Id",
-          scope_.Participants("P.Id"), "Binary P.Name,P.Id,D.id");
-    Write(FileKind::kClients,
-          "Select Code,GCode,Name,Address,City,State,PIN,STD,Phone,Mobile,Fax,EMail,DOB,PAN,"
-          "Elt(Sex+1,'Male','Female','Other'),Elt(MStatus+1,'Single','Married','Widowed',"
-          "'Divorced') From ClientInfo",
-          scope_.Clients("Id"), "Binary Code,Id");
-    Write(FileKind::kAccounts,
-          "Select C.Code,P.Name,D.DPID,A.ACNo From ClientActDet A Join ClientInfo C On "
-          "C.Id=A.CId Left Join DepPart P On P.Id=A.DMATAC Left Join DpIDs D On D.id=A.DPID And "
-          "D.DepId=A.DMATAC",
-          scope_.Clients("A.CId"), "Binary C.Code,Binary A.ACNo,A.id");
-    Write(FileKind::kBrokers,
-          "Select Name,Address,City,State,PIN,STD,Phone,Mobile,Fax,Email From Broker",
-          scope_.Brokers("Id"), "Binary Name,Id");
-    Write(FileKind::kScrips,
-          "Select S.Code,S.NCode,S.Name,T.Type,C.Name From Script S Left Join ScriptType T On "
-          "T.Id=S.Type Left Join ScriptClass C On C.Id=S.ScrCls",
-          scope_.Scrips("S.Id"), "Binary S.Code,S.Id");
-    Write(FileKind::kPercentages, "Select FYear,Name,Percent,Ason From TransTaxPer", {},
-          "FYear,Binary Name,Id");
-  }
-
-  void WriteMovements() {
-    Write(FileKind::kOpening,
-          "Select C.Code,A.ACNo,O.Fyear,S.Code,O.Qty,O.Rate,O.PDate,O.STax,O.Brk,O.STT,O.FO From "
-          "StkOpBal O Join ClientInfo C On C.Id=O.CId Left Join ClientActDet A On A.id=O.AcId "
-          "Left Join Script S On S.Id=O.ScriptId",
-          scope_.Clients("O.CId"),
-          "Binary C.Code,Binary A.ACNo,O.Fyear,Binary S.Code," + DateOrder("O.PDate") + ",O.Id");
-    Write(FileKind::kTransfers,
-          "Select T.TDate,F.ACNo,A.ACNo,S.Code,T.PRate,T.Qty From ScrTransfer T Left Join "
-          "ClientActDet F On F.id=T.FrmAcId Left Join ClientActDet A On A.id=T.ToAcId Left Join "
-          "Script S On S.Id=T.ScrId",
-          scope_.Clients("T.Cid"), DateOrder("T.TDate") + ",T.ID");
-    Write(FileKind::kBrokerOpening,
-          "Select C.Code,O.Fyear,B.Name,O.OpBal,Elt(O.Dr+1,'Dr','Cr') From BrOpBal O Join "
-          "ClientInfo C On C.Id=O.CId Left Join Broker B On B.Id=O.BrId",
-          scope_.Clients("O.CId"), "Binary C.Code,O.Fyear,Binary B.Name,O.Id");
-    WritePayments(FileKind::kPayments, "BrPayment", "'Payment','Cr. By Broker'");
-    WritePayments(FileKind::kReceipts, "BrRec", "'Receving','Dr. By Broker'");
-    Write(FileKind::kRates,
-          "Select M.MDate,S.Code,M.Rate From MarketRate M Join Script S On S.Id=M.ScrId",
-          scope_.Scrips("M.ScrId"), DateOrder("M.MDate") + ",Binary S.Code,M.Id");
+  void Write() {
+    WriteOpenings();
+    WriteTransfers();
+    WriteBrokerOpenings();
+    WritePayments(FileKind::kPayments, records::Table<records::Payment>::kName, kPaymentModes);
+    WritePayments(FileKind::kReceipts, records::kReceipts, kReceiptModes);
   }
 
  private:
-  void WritePayments(FileKind kind, const char* table, const char* modes) {
-    Write(kind,
-          fmt::format("Select C.Code,B.Name,Elt(P.TMode+1,{}),P.Amt,P.PDate,"
-                      "Elt(P.PMode+1,'Cash','Cheque'),P.ChqNo,P.ChqDate,P.DrawOn,P.Remark From "
-                      "{} P Join ClientInfo C On C.Id=P.Cid Left Join Broker B On B.Id=P.BrId",
-                      modes, table),
-          scope_.Clients("P.Cid"), "Binary C.Code," + DateOrder("P.PDate") + ",Binary B.Name,P.Id");
+  void WriteOpenings() {
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kOpening));
+    InOrder(
+        names_.OfKnownClients<records::Opening>(connection_),
+        [this](const records::Opening& o) {
+          return std::tuple(names_.clients.Use(o.client), names_.accounts.Use(o.account), o.year,
+                            names_.scrips.Use(o.scrip), text::ParseDmy(o.purchase_date));
+        },
+        [&](const records::Opening& o) {
+          file.Row(names_.clients.Use(o.client), names_.accounts.Use(o.account), o.year,
+                   names_.scrips.Use(o.scrip), o.quantity, o.rate, o.purchase_date, o.service_tax,
+                   o.brokerage, o.stt, o.fo);
+        });
+    file.Finish();
+  }
+
+  /// The numbers that more than one account has, folded.
+  std::set<std::string> SharedNumbers() {
+    std::set<std::string> seen;
+    std::set<std::string> shared;
+    for (const records::Account& account : AllOf<records::Account>(connection_)) {
+      std::string number = lookups::Folded(account.number.toStdString());
+      if (!seen.insert(number).second) {
+        shared.insert(std::move(number));
+      }
+    }
+    return shared;
+  }
+
+  void WriteTransfers() {
+    const std::vector<records::Transfer> moved =
+        names_.OfKnownClients<records::Transfer>(connection_);
+    const std::set<std::string> shared = SharedNumbers();
+    const auto is_shared = [&](AccountId account) {
+      return shared.contains(lookups::Folded(names_.accounts.Use(account)));
+    };
+    const bool with_clients = std::ranges::any_of(
+        moved, [&](const records::Transfer& t) { return is_shared(t.from) || is_shared(t.to); });
+    FileLayout layout = LayoutOf(FileKind::kTransfers);
+    if (!with_clients) {
+      layout.columns = layout.columns.first(transfers::kFromClient);
+    }
+    OutputFile& file = folder_.Add(layout);
+    InOrder(
+        moved, [](const records::Transfer& t) { return text::ParseDmy(t.date); },
+        [&](const records::Transfer& t) {
+          const auto row = [&](const auto&... clients) {
+            file.Row(t.date, names_.accounts.Use(t.from), names_.accounts.Use(t.to),
+                     names_.scrips.Use(t.scrip), t.rate, t.quantity, clients...);
+          };
+          with_clients ? row(names_.clients.Use(t.client), names_.clients.Use(t.to_client)) : row();
+        });
+    file.Finish();
+  }
+
+  void WriteBrokerOpenings() {
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kBrokerOpening));
+    InOrder(
+        names_.OfKnownClients<records::BrokerOpening>(connection_),
+        [this](const records::BrokerOpening& o) {
+          return std::tuple(names_.clients.Use(o.client), o.year, names_.brokers.Use(o.broker));
+        },
+        [&](const records::BrokerOpening& o) {
+          file.Row(names_.clients.Use(o.client), o.year, names_.brokers.Use(o.broker), o.amount,
+                   WordOf(kDebitCredit, o.side));
+        });
+    file.Finish();
+  }
+
+  void WritePayments(FileKind kind, std::string_view table,
+                     std::span<const std::string_view> modes) {
+    OutputFile& file = folder_.Add(LayoutOf(kind));
+    InOrder(
+        names_.OfKnownClients<records::Payment>(connection_, table),
+        [this](const records::Payment& p) {
+          return std::tuple(names_.clients.Use(p.client), text::ParseDmy(p.date),
+                            names_.brokers.Use(p.broker));
+        },
+        [&](const records::Payment& p) {
+          file.Row(names_.clients.Use(p.client), names_.brokers.Use(p.broker),
+                   WordOf(modes, p.mode), p.amount, p.date, WordOf(kPaymentKinds, p.payment_mode),
+                   p.cheque_number, p.cheque_date, p.drawn_on, p.remark);
+        });
+    file.Finish();
   }
 
   Connection& connection_;
   OutputFolder& folder_;
-  const ExportScope& scope_;
+  const ExportedNames& names_;
 };
 
 }  // namespace
@@ -134,11 +133,10 @@ void ExportPortfolio(Connection& connection, const QString& folder, std::optiona
   {
     // Never committed: it only holds every query to one instant.
     const database::Transaction instant(connection);
-    const ExportScope scope(connection, client);
-    QueryExport tables(connection, files, scope);
-    tables.WriteMasters();
-    tables.WriteMovements();
-    ExportBills(connection, files, scope, progress);
+    const ExportedNames names(connection, client);
+    DocumentExport(connection, files, names).Write();
+    ExportBills(connection, files, names, progress);
+    ExportMasters(connection, files, names);
   }
   files.Publish();
 }

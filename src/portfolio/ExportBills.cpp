@@ -1,45 +1,47 @@
 #include "portfolio/ExportBills.h"
 
-#include "core/IdMap.h"
-#include "core/lookups/Directory.h"
-#include "core/text/Amounts.h"
-#include "core/text/Csv.h"
+#include "core/records/Lot.h"
+#include "core/text/Dates.h"
+#include "portfolio/OutputRow.h"
 #include "portfolio/Portfolio.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <span>
+#include <tuple>
 #include <unordered_map>
 
 namespace quorvane::portfolio {
 namespace {
 
-using database::Recordset;
+using records::Bill;
+using records::BillLine;
 
+/// A bill line in little room: there may be millions.
 struct Line {
-  int bill;
+  BillId bill;
   int number;
-  bool purchase;
-  int lot;
+  records::Side side;
+  bool fo;
+  std::uint16_t delivery;
+  LotId lot;
   ScripId scrip;
-  double quantity;
+  text::Shares quantity;
   double rate;
   double brokerage;
   double service_tax;
   double stt;
   double stt_percent;
-  bool fo;
-  std::uint16_t delivery;
 };
 
 class BillExport {
  public:
-  BillExport(database::Connection& connection, const ExportScope& scope, Progress& progress)
-      : connection_(connection), scope_(scope), progress_(progress), directory_(connection) {
+  BillExport(database::Connection& connection, const ExportedNames& names, Progress& progress)
+      : connection_(connection), names_(names), progress_(progress) {
     ReadLots();
     ReadLines();
-    ReadParts();
+    ReadBills();
   }
 
   void Write(OutputFolder& folder) {
@@ -48,131 +50,105 @@ class BillExport {
       layout.columns = layout.columns.first(bills::kBillPart);
     }
     file_ = &folder.Add(layout);
-    WriteBills();
+    progress_.Begin(QStringLiteral("bills.csv"), static_cast<std::int64_t>(lines_.size()));
+    InOrder(
+        bills_,
+        [this](const Bill& bill) {
+          return std::tuple(names_.clients.Use(bill.client), names_.accounts.Use(bill.account),
+                            text::ParseDmy(bill.date));
+        },
+        [this](const Bill& bill) { WriteBill(bill); });
     file_->Finish();
   }
 
  private:
   void ReadLots() {
-    const ScopedText where = scope_.Clients("Cid");
-    for (const auto& row :
-         connection_.OpenValues("Select Id,Rate From Stock" + where.text, where.values)) {
-      lot_rates_.Put(row.Int(std::size_t{0}), row.Double(1));
-    }
+    using records::Lot;
+    names_.Select(connection_, &Lot::client).Only<&Lot::id, &Lot::rate>([this](const Lot& lot) {
+      lot_rates_.Put(lot.id.value, lot.rate);
+    });
     lot_rates_.Seal();
   }
 
   void ReadLines() {
-    const ScopedText where = scope_.Clients("Cid");
-    for (const auto& row : connection_.OpenValues(
-             "Select SID,Id,SP,StkId,ScriptId,Qty,Rate,Brk,STax,STT,STTPer,FO,DelvType From "
-             "SPTrans" +
-                 where.text,
-             where.values)) {
-      constexpr int kPurchase = 1;
-      lines_.push_back({row.Int(std::size_t{0}), row.Int(1), row.Int(2) == kPurchase, row.Int(3),
-                        ScripId{row.Int(4)}, row.Double(5), row.Double(6), row.Double(7),
-                        row.Double(8), row.Double(9), row.Double(10), row.Int(11) != 0,
-                        DeliveryPlace(row.Utf8(12))});
-    }
-    std::sort(lines_.begin(), lines_.end(), [](const Line& a, const Line& b) {
-      return a.bill != b.bill ? a.bill < b.bill : a.number < b.number;
-    });
+    names_.Select(connection_, &BillLine::client)
+        .Only<&BillLine::bill, &BillLine::number, &BillLine::side, &BillLine::lot, &BillLine::scrip,
+              &BillLine::quantity, &BillLine::rate, &BillLine::brokerage, &BillLine::service_tax,
+              &BillLine::stt, &BillLine::stt_percent, &BillLine::fo, &BillLine::delivery_type>(
+            [this](const BillLine& line) {
+              lines_.push_back({line.bill, line.number, line.side, line.fo,
+                                DeliveryPlace(line.delivery_type), line.lot, line.scrip,
+                                line.quantity, line.rate, line.brokerage, line.service_tax,
+                                line.stt, line.stt_percent});
+            });
+    std::ranges::sort(lines_, {},
+                      [](const Line& line) { return std::pair(line.bill, line.number); });
   }
 
   /// "N.A." is the column's default and is written as nothing.
-  std::uint16_t DeliveryPlace(std::string_view text) {
-    if (text == kDeliveryTypes[0]) {
-      text = {};
-    }
-    const auto found = std::find(deliveries_.begin(), deliveries_.end(), text);
+  std::uint16_t DeliveryPlace(const QString& type) {
+    const std::string text = type.toStdString();
+    const auto found = std::ranges::find(deliveries_, text == kDeliveryTypes[0] ? "" : text);
     const auto place = static_cast<std::uint16_t>(found - deliveries_.begin());
     if (found == deliveries_.end()) {
-      deliveries_.emplace_back(text);
+      deliveries_.push_back(text);
     }
     return place;
   }
 
   /// Bills of one client, account, broker, number and date are told apart by a part, from 2 on for
-  /// the second: without it they would come in again as one.
-  void ReadParts() {
+  /// the second: without it they would come in again as one. A bill without lines or without a
+  /// client cannot come in again.
+  void ReadBills() {
     std::unordered_map<std::string, int> count;
-    const ScopedText where = scope_.Clients("Cid");
-    for (const auto& row : connection_.OpenValues(
-             "Select ID,Cid,AcId,BrokId,BDate,BillNo From SPMaster" + where.text + " Order By ID",
-             where.values)) {
-      const int bill = row.Int(std::size_t{0});
-      if (LinesOf(bill).empty()) {
-        continue;
-      }
+    bills_ = names_.Select(connection_, &Bill::client).OrderBy(&Bill::id).All();
+    std::erase_if(bills_, [this](const Bill& bill) {
+      return LinesOf(bill.id).empty() || !names_.clients.Has(bill.client);
+    });
+    for (Bill& bill : bills_) {
       // A deleted account is written as none.
-      const AccountId account = directory_.Account(AccountId{row.Int(2)}).id;
-      const int part = ++count[fmt::format("{} {} {} {} {}", row.Int(1), account.value, row.Int(3),
-                                           row.Utf8(4), row.Utf8(5))];
+      bill.account = names_.accounts.Has(bill.account) ? bill.account : AccountId{};
+      const int part = ++count[fmt::format("{} {} {} {} {}", bill.client.value, bill.account.value,
+                                           bill.broker.value, bill.date.toStdString(),
+                                           bill.number.toStdString())];
       if (part > 1) {
-        parts_.emplace(bill, part);
+        parts_.emplace(bill.id, part);
       }
     }
   }
 
-  std::span<const Line> LinesOf(int bill) const {
-    const auto [first, last] = std::equal_range(
-        lines_.begin(), lines_.end(), Line{bill, 0, false, 0, {}, 0, 0, 0, 0, 0, 0, false, 0},
-        [](const Line& a, const Line& b) { return a.bill < b.bill; });
-    return {first, last};
+  std::span<const Line> LinesOf(BillId bill) const {
+    return std::ranges::equal_range(lines_, bill, {}, &Line::bill);
   }
 
-  void WriteBills() {
-    progress_.Begin(QStringLiteral("bills.csv"), static_cast<std::int64_t>(lines_.size()));
-    const ScopedText where = scope_.Clients("M.Cid");
-    for (const auto& row : connection_.OpenValues(
-             "Select M.ID,C.Code,A.ACNo,M.BillNo,M.BDate,M.SettlNo,B.Name,E.ExName,M.OthCharge,"
-             "M.TranChg From SPMaster M Join ClientInfo C On C.Id=M.Cid Left Join ClientActDet A "
-             "On A.id=M.AcId Left Join Broker B On B.Id=M.BrokId Left Join Exchange E On "
-             "E.Id=M.ExId" +
-                 where.text +
-                 " Order By Binary C.Code,Binary "
-                 "A.ACNo,concat_ws('-',right(M.BDate,4),mid(M.BDate,4,2),"
-                 "left(M.BDate,2)),M.ID",
-             where.values)) {
-      WriteBill(row);
-      file_->WriteWhenLarge();
-    }
-  }
-
-  void WriteBill(const Recordset& bill) {
-    const std::span<const Line> lines = LinesOf(bill.Int(std::size_t{0}));
-    const std::string part = PartOf(bill.Int(std::size_t{0}));
-    std::string& out = file_->Buffer();
+  void WriteBill(const Bill& bill) {
     std::string header;
-    for (std::size_t column = 1; column <= 7; ++column) {
-      // A settlement number that was never given is a single blank in old databases.
-      const std::string_view text = bill.Utf8(column);
-      text::AppendCsvField(header, text == " " ? std::string_view() : text);
-      header += ',';
-    }
-    bool first_row = true;
+    // A settlement number that was never given is a single blank in old databases.
+    AppendFields(header, names_.clients.Use(bill.client), names_.accounts.Use(bill.account),
+                 bill.number, bill.date,
+                 bill.settlement_number == QLatin1String(" ") ? QString() : bill.settlement_number,
+                 names_.brokers.Use(bill.broker), names_.exchanges.Use(bill.exchange));
+    const std::string part = PartOf(bill.id);
+    std::string& out = file_->Buffer();
+    const std::span<const Line> lines = LinesOf(bill.id);
     for (const Line& line : lines) {
-      out += header;
+      out.append(header) += ',';
       WriteLine(line);
-      if (first_row) {
-        text::AppendExact(out, bill.Double(8));
-        out += ',';
-        text::AppendExact(out, bill.Double(9));
+      if (&line == &lines.front()) {
+        AppendFields(out, bill.other_charges, bill.transaction_charges);
       } else {
         out += ',';
       }
-      out += part;
-      out += '\n';
-      first_row = false;
+      out.append(part) += '\n';
     }
+    file_->WriteWhenLarge();
     written_ += static_cast<std::int64_t>(lines.size());
     progress_.Step(written_);
     progress_.ThrowIfCancelled();
   }
 
   /// The last field with the comma before it; nothing when no bill of the file has a part.
-  std::string PartOf(int bill) const {
+  std::string PartOf(BillId bill) const {
     if (parts_.empty()) {
       return {};
     }
@@ -180,50 +156,45 @@ class BillExport {
     return part == parts_.end() ? "," : fmt::format(",{}", part->second);
   }
 
+  void WriteLine(const Line& line) {
+    const bool sale = line.side == records::Side::kSale;
+    std::string& out = file_->Buffer();
+    AppendFields(out, WordOf(kPurchaseSale, sale), names_.scrips.Use(line.scrip), line.quantity,
+                 line.rate, line.brokerage, line.service_tax, line.stt, line.stt_percent,
+                 std::string_view(deliveries_[line.delivery]), line.fo);
+    out += ',';
+    if (sale) {
+      AppendLotRate(line.lot);
+    }
+    out += ',';
+  }
+
   /// Nothing at all would mean a sale that is still to be taken from the oldest lots.
-  void AppendLotRate(int lot) {
-    if (const double* rate = lot_rates_.Find(lot)) {
+  void AppendLotRate(LotId lot) {
+    if (const double* rate = lot_rates_.Find(lot.value)) {
       text::AppendExact(file_->Buffer(), *rate);
     } else {
       file_->Buffer() += kNoLotWord;
     }
   }
 
-  void WriteLine(const Line& line) {
-    std::string& out = file_->Buffer();
-    out += line.purchase ? "P," : "S,";
-    text::AppendCsvField(out, directory_.Scrip(line.scrip).code);
-    for (const double number :
-         {line.quantity, line.rate, line.brokerage, line.service_tax, line.stt, line.stt_percent}) {
-      out += ',';
-      text::AppendExact(out, number);
-    }
-    out += ',';
-    text::AppendCsvField(out, deliveries_[line.delivery]);
-    out += line.fo ? ",1," : ",0,";
-    if (!line.purchase) {
-      AppendLotRate(line.lot);
-    }
-    out += ',';
-  }
-
   database::Connection& connection_;
-  const ExportScope& scope_;
+  const ExportedNames& names_;
   Progress& progress_;
-  lookups::Directory directory_;
   OutputFile* file_ = nullptr;
   IdMap<double> lot_rates_;
-  std::vector<Line> lines_;
-  std::vector<std::string> deliveries_;
-  std::unordered_map<int, int> parts_;  ///< by bill
+  std::vector<Bill> bills_;  ///< by key
+  std::vector<Line> lines_;  ///< by bill
+  std::vector<std::string> deliveries_{""};
+  std::unordered_map<BillId, int> parts_;
   std::int64_t written_ = 0;
 };
 
 }  // namespace
 
-void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportScope& scope,
+void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportedNames& names,
                  Progress& progress) {
-  BillExport(connection, scope, progress).Write(folder);
+  BillExport(connection, names, progress).Write(folder);
 }
 
 }  // namespace quorvane::portfolio

@@ -98,12 +98,14 @@ constexpr std::array<ColumnLayout, 21> kBills{{{"client_code", true, 100},
                                                {"transaction_charges", false, 0},
                                                {"bill_part", false, 0}}};
 
-constexpr std::array<ColumnLayout, 6> kTransfers{{{"date", true, 0},
+constexpr std::array<ColumnLayout, 8> kTransfers{{{"date", true, 0},
                                                   {"from_account", true, 100},
                                                   {"to_account", true, 100},
                                                   {"scrip_code", true, 255},
                                                   {"rate", true, 0},
-                                                  {"quantity", true, 0}}};
+                                                  {"quantity", true, 0},
+                                                  {"from_client", false, 100},
+                                                  {"to_client", false, 100}}};
 
 constexpr std::array<ColumnLayout, 5> kBrokerOpening{{{"client_code", true, 100},
                                                       {"fyear", true, 0},

@@ -130,7 +130,16 @@ enum {
 };
 }
 namespace transfers {
-enum { kDate, kFromAccount, kToAccount, kScripCode, kRate, kQuantity };
+enum {
+  kDate,
+  kFromAccount,
+  kToAccount,
+  kScripCode,
+  kRate,
+  kQuantity,
+  kFromClient,  ///< in an export only where clients have accounts of one number
+  kToClient
+};
 }
 namespace broker_opening {
 enum { kClientCode, kFyear, kBroker, kAmount, kSide };

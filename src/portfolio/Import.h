@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quorvane::portfolio {
@@ -18,6 +19,13 @@ struct ImportCount {
 };
 
 struct ImportResult {
+  /// Nothing is said of what no record of was written.
+  void Count(std::string_view what, std::size_t added) {
+    if (added > 0) {
+      counts.push_back({std::string(what), added});
+    }
+  }
+
   std::vector<ImportError> errors;  ///< when there is any, nothing was written
   std::vector<ImportCount> counts;
   std::vector<std::string> notes;  ///< types, classes and exchanges that were new

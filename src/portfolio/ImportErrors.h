@@ -1,10 +1,13 @@
 #pragma once
 
+#include "portfolio/FileLayouts.h"
+
 #include <compare>
 #include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quorvane::portfolio {
@@ -33,6 +36,9 @@ class ErrorList {
   static constexpr std::size_t kMostOfAKind = 20;
 
   void Add(std::string_view file, std::size_t line, std::string_view column, std::string message);
+  void Add(FileKind file, std::size_t line, std::string_view column, std::string message) {
+    Add(LayoutOf(file).name, line, column, std::move(message));
+  }
   bool Empty() const { return errors_.empty(); }
   bool Full() const { return errors_.size() >= kMost; }
 

@@ -2,11 +2,11 @@
 
 #include "core/database/Keys.h"
 #include "core/lookups/Directory.h"
+#include "core/records/Writing.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <set>
 
@@ -14,91 +14,91 @@ namespace quorvane::portfolio {
 namespace {
 
 using database::Transaction;
-using database::Value;
-using lookups::Folded;
+using records::Account;
+using records::DpId;
 
-/// What a master table's import differs in.
-struct MasterTable {
-  std::string_view table;
-  std::string_view columns;  ///< those that MasterRow::values hold, in order
-  std::string_view tail;     ///< values of further columns of a new row
-  std::string_view what;
-  std::string_view key_column;  ///< of the file
-  std::string_view refusal;
-  FileKind file;
-  std::size_t key_values;  ///< how many of the first values make the key
-};
+std::string Folded(const QString& text) {
+  return lookups::Folded(text.toStdString());
+}
 
-constexpr MasterTable kParticipantTable{
-    "DepPart",
-    "Name,Address,City,State,PIN,STD,Phone,Mobile,Fax,Email,Person,Designation,Depository",
-    "",
-    "participants",
-    "name",
-    "Name Already Exists with other details.",
-    FileKind::kParticipants,
-    1};
-constexpr MasterTable kClientTable{
-    "ClientInfo",
-    "Code,GCode,Name,Address,City,State,PIN,STD,Phone,Mobile,Fax,EMail,DOB,PAN,Sex,MStatus",
-    ",''",
-    "clients",
-    "code",
-    "Client Code Already Exists.",
-    FileKind::kClients,
-    1};
-constexpr MasterTable kBrokerTable{"Broker",
-                                   "Name,Address,City,State,PIN,STD,Phone,Mobile,Fax,Email",
-                                   "",
-                                   "brokers",
-                                   "name",
-                                   "Broker Already Exists with other details.",
-                                   FileKind::kBrokers,
-                                   1};
-constexpr MasterTable kScripTable{"Script",
-                                  "Code,Name,Type,ScrCls,NCode",
-                                  "",
-                                  "scrips",
-                                  "code",
-                                  "Script Code Already Exists.",
-                                  FileKind::kScrips,
-                                  1};
-constexpr MasterTable kPercentTable{"TransTaxPer",
-                                    "FYear,Name,Percent,Ason",
-                                    "",
-                                    "percentages",
-                                    "name",
-                                    "Percent Detail Already Exists.",
-                                    FileKind::kPercentages,
-                                    2};
-
-struct ExistingRow {
-  int id;
-  std::vector<std::string> values;
-};
-
-std::string KeyOf(const std::vector<std::string>& values, std::size_t count) {
-  std::string key = Folded(values.front());
-  for (std::size_t i = 1; i < count; ++i) {
-    key += "\n" + Folded(values[i]);
-  }
+int& Number(int& key) {
   return key;
 }
-
-std::unordered_map<std::string, ExistingRow> ReadExisting(Transaction& transaction,
-                                                          const MasterTable& table) {
-  std::unordered_map<std::string, ExistingRow> existing;
-  for (const auto& row : transaction.Open(
-           fmt::format("Select Id,{} From {} Order By Id", table.columns, table.table))) {
-    ExistingRow found{row.Int(std::size_t{0}), {}};
-    for (std::size_t i = 1; i < row.ColumnCount(); ++i) {
-      found.values.push_back(row.Text(i).toStdString());
-    }
-    std::string key = KeyOf(found.values, table.key_values);
-    existing.try_emplace(std::move(key), std::move(found));
-  }
-  return existing;
+template <class Tag>
+int& Number(Id<Tag>& key) {
+  return key.value;
 }
+
+bool IsSame(const QString& a, const QString& b) {
+  return a == b || Folded(a) == Folded(b);
+}
+template <class Field>
+bool IsSame(const Field& a, const Field& b) {
+  return a == b;
+}
+
+/// Whether a recorded master has the details of a file's, capitals aside.
+template <class Record>
+bool HasDetailsOf(const Record& recorded, Record given) {
+  given.id = recorded.id;
+  if constexpr (requires { given.document; }) {
+    given.document = recorded.document;
+  }
+  bool same = true;
+  records::ForEachColumn<Record>([&](const auto& column) {
+    same = same && IsSame(recorded.*(column.member), given.*(column.member));
+  });
+  return same;
+}
+
+/// Writes new records of a table, each with a new key.
+template <class Record>
+class NewRecords {
+ public:
+  explicit NewRecords(Transaction& transaction) : transaction_(transaction), writer_(transaction) {}
+
+  /// Sets the record's key.
+  void Add(Record& record) {
+    if (next_ == 0) {
+      next_ = database::FirstFreeKey(transaction_, records::Table<Record>::kName);
+    }
+    Number(record.id) = next_++;
+    writer_.Write(record);
+    ++added_;
+  }
+
+  /// Returns how many were added.
+  std::size_t Finish() {
+    writer_.Finish();
+    if (added_ > 0) {
+      database::KeepKeys(transaction_, records::Table<Record>::kName, next_);
+    }
+    return added_;
+  }
+
+ private:
+  Transaction& transaction_;
+  records::Writer<Record> writer_;
+  int next_ = 0;
+  std::size_t added_ = 0;
+};
+
+/// What the import of a master file says.
+struct MasterFile {
+  FileKind kind;
+  std::string_view what;
+  std::string_view key_column;
+  std::string_view refusal;
+};
+
+constexpr MasterFile kParticipants{FileKind::kParticipants, "participants", "name",
+                                   "Name Already Exists with other details."};
+constexpr MasterFile kClients{FileKind::kClients, "clients", "code", "Client Code Already Exists."};
+constexpr MasterFile kBrokers{FileKind::kBrokers, "brokers", "name",
+                              "Broker Already Exists with other details."};
+constexpr MasterFile kScrips{FileKind::kScrips, "scrips", "code", "Script Code Already Exists."};
+constexpr MasterFile kPercentages{FileKind::kPercentages, "percentages", "name",
+                                  "Percent Detail Already Exists."};
 
 class MasterImport {
  public:
@@ -107,199 +107,170 @@ class MasterImport {
       : transaction_(transaction), portfolio_(portfolio), errors_(errors), result_(result) {}
 
   ResolvedNames Run() {
-    const Ids participants = Merge(kParticipantTable, portfolio_.participants);
-    const Ids clients = Merge(kClientTable, portfolio_.clients);
+    const Ids participants = Merge(kParticipants, portfolio_.participants);
+    const Ids clients = Merge(kClients, portfolio_.clients);
     ImportDpIds(participants);
     ResolvedNames names;
     names.clients = Resolve<ClientId>(portfolio_.client_codes, clients, "client_code", "client");
     ImportAccounts(names, participants);
-    const Ids brokers = Merge(kBrokerTable, portfolio_.brokers);
-    const Ids scrips = Merge(kScripTable, WithLookupIds(portfolio_.scrips));
-    Merge(kPercentTable, portfolio_.percentages);
+    const Ids brokers = Merge(kBrokers, portfolio_.brokers);
+    const Ids scrips = Merge(kScrips, WithLookupIds(portfolio_.scrips));
+    Merge(kPercentages, portfolio_.percentages);
     names.brokers = Resolve<BrokerId>(portfolio_.broker_names, brokers, "broker", "broker");
     names.scrips = Resolve<ScripId>(portfolio_.scrip_codes, scrips, "scrip_code", "scrip");
     ResolveExchanges(names);
     ResolveAccounts(names);
-    for (const auto& [table, next] : next_keys_) {
-      database::KeepKeys(transaction_, table, next);
-    }
     return names;
   }
 
  private:
   using Ids = std::unordered_map<std::string, int>;
 
-  void Count(std::string_view what, std::size_t added) {
-    if (added > 0) {
-      result_.counts.push_back({std::string(what), added});
-    }
+  template <class Record>
+  std::vector<Record> All() {
+    return records::Select<Record>(transaction_.GetConnection()).OrderBy(&Record::id).All();
   }
 
   /// Adds what is new and returns the key number of every key, old and new.
-  Ids Merge(const MasterTable& table, const std::vector<MasterRow>& rows) {
-    const auto existing = ReadExisting(transaction_, table);
+  template <class Row>
+  Ids Merge(const MasterFile& file, const std::vector<Row>& rows) {
+    using Record = decltype(Row::record);
+    std::unordered_map<std::string, Record> existing;
     Ids ids;
-    for (const auto& [key, row] : existing) {
-      ids.emplace(key, row.id);
+    for (Record& record : All<Record>()) {
+      ids.try_emplace(KeyOf(record), Number(record.id));
+      existing.try_emplace(KeyOf(record), std::move(record));
     }
-    std::size_t added = 0;
-    for (const MasterRow& row : rows) {
-      const auto found = existing.find(row.key);
+    NewRecords<Record> fresh(transaction_);
+    for (const Row& row : rows) {
+      const auto found = existing.find(KeyOf(row.record));
       if (found == existing.end()) {
-        ids.emplace(row.key, Insert(table, row));
-        ++added;
-      } else if (!SameValues(found->second.values, row.values)) {
-        errors_.Add(LayoutOf(table.file).name, row.line, table.key_column,
-                    std::string(table.refusal));
+        Record record = row.record;
+        fresh.Add(record);
+        ids.emplace(KeyOf(record), Number(record.id));
+      } else if (!HasDetailsOf(found->second, row.record)) {
+        errors_.Add(file.kind, row.line, file.key_column, std::string(file.refusal));
       }
     }
-    Count(table.what, added);
+    result_.Count(file.what, fresh.Finish());
     return ids;
   }
 
-  static bool SameValues(const std::vector<std::string>& old_values,
-                         const std::vector<std::string>& new_values) {
-    return std::equal(old_values.begin(), old_values.end(), new_values.begin(), new_values.end(),
-                      [](const std::string& a, const std::string& b) {
-                        return a == b || Folded(a) == Folded(b);
-                      });
-  }
-
-  int Insert(const MasterTable& table, const MasterRow& row) {
-    const int id = NextKey(table.table);
-    std::string sql = fmt::format("Insert Into {} Values(?", table.table);
-    std::vector<Value> values{id};
-    for (const std::string& value : row.values) {
-      sql += ",?";
-      values.emplace_back(value);
-    }
-    transaction_.GetConnection().ExecuteValues(sql + std::string(table.tail) + ")", values);
-    return id;
-  }
-
-  /// One read of the counter a table, then counted here.
-  int NextKey(std::string_view table) {
-    auto [entry, fresh] = next_keys_.try_emplace(std::string(table), 0);
-    if (fresh) {
-      entry->second = database::FirstFreeKey(transaction_, table);
-    }
-    return entry->second++;
-  }
-
-  /// Type and class names become keys; those that are new are added.
-  std::vector<MasterRow> WithLookupIds(std::vector<MasterRow> rows) {
-    LookupTable types(*this, "ScriptType", "Type", "script type");
-    LookupTable classes(*this, "ScriptClass", "Name", "script class");
-    constexpr std::size_t kType = 2;
-    constexpr std::size_t kClass = 3;
-    for (MasterRow& row : rows) {
-      row.values[kType] = std::to_string(types.IdOf(row.values[kType]));
-      row.values[kClass] = std::to_string(classes.IdOf(row.values[kClass]));
-    }
-    return rows;
-  }
-
-  class LookupTable {
+  /// A lookup table, in which names that are new are added.
+  template <class Record>
+  class Lookup {
    public:
-    LookupTable(MasterImport& import, std::string_view table, std::string_view column,
-                std::string_view what)
-        : import_(import), table_(table), what_(what) {
-      for (const auto& row : import.transaction_.Open(
-               fmt::format("Select Id,{} From {} Order By Id", column, table))) {
-        ids_.try_emplace(Folded(row.Utf8(1)), row.Int(std::size_t{0}));
+    Lookup(MasterImport& import, std::string_view what)
+        : import_(import), what_(what), fresh_(import.transaction_) {
+      for (Record& record : import.All<Record>()) {
+        ids_.try_emplace(Folded(record.name), Number(record.id));
       }
     }
 
-    int IdOf(const std::string& name) {
-      const auto [entry, fresh] = ids_.try_emplace(Folded(name), 0);
-      if (fresh) {
-        entry->second = import_.NextKey(table_);
-        import_.transaction_.Execute(fmt::format("Insert Into {} Values(?,?)", table_),
-                                     entry->second, name);
-        import_.result_.notes.push_back(fmt::format("new {}: {}", what_, name));
+    int IdOf(const QString& name) {
+      const auto [entry, is_new] = ids_.try_emplace(Folded(name), 0);
+      if (is_new) {
+        Record record{{}, name};
+        fresh_.Add(record);
+        entry->second = Number(record.id);
+        import_.result_.notes.push_back(fmt::format("new {}: {}", what_, name.toStdString()));
       }
       return entry->second;
     }
 
+    void Finish() { fresh_.Finish(); }
+
    private:
     MasterImport& import_;
-    std::string_view table_;
     std::string_view what_;
+    NewRecords<Record> fresh_;
     Ids ids_;
   };
 
-  void ImportDpIds(const Ids& participants) {
-    for (const auto& row : transaction_.Open("Select DepId,id,DPID From DpIDs Order By id")) {
-      dp_ids_.try_emplace({row.Int(std::size_t{0}), Folded(row.Utf8(2))}, row.Int(1));
+  std::vector<ScripRow> WithLookupIds(std::vector<ScripRow> rows) {
+    Lookup<records::ScripType> types(*this, "script type");
+    Lookup<records::ScripClass> classes(*this, "script class");
+    for (ScripRow& row : rows) {
+      row.record.type = types.IdOf(row.type);
+      row.record.scrip_class = classes.IdOf(row.scrip_class);
     }
+    types.Finish();
+    classes.Finish();
+    return rows;
+  }
+
+  void ImportDpIds(const Ids& participants) {
+    for (const DpId& dp_id : All<DpId>()) {
+      dp_ids_.try_emplace({dp_id.participant, Folded(dp_id.number)}, dp_id.id);
+    }
+    NewRecords<DpId> fresh(transaction_);
     for (const DpIdRow& row : portfolio_.dp_ids) {
       const auto participant = participants.find(row.participant);
-      if (row.dp_id.empty() || participant == participants.end()) {
+      if (row.dp_id.isEmpty() || participant == participants.end()) {
         continue;
       }
-      const auto [entry, fresh] = dp_ids_.try_emplace({participant->second, Folded(row.dp_id)}, 0);
-      if (fresh) {
-        entry->second = NextKey("DpIDs");
-        transaction_.Execute("Insert Into DpIDs Values(?,?,?)", participant->second, entry->second,
-                             row.dp_id);
+      DpId dp_id{ParticipantId{participant->second}, {}, row.dp_id};
+      const auto [entry, is_new] =
+          dp_ids_.try_emplace({dp_id.participant, Folded(dp_id.number)}, DpIdId{});
+      if (is_new) {
+        fresh.Add(dp_id);
+        entry->second = dp_id.id;
       }
     }
+    fresh.Finish();
   }
-
-  struct ExistingAccount {
-    int id;
-    int participant;
-    int dp_id;
-  };
 
   void ImportAccounts(const ResolvedNames& names, const Ids& participants) {
-    std::map<std::pair<int, std::string>, ExistingAccount> existing;
-    for (const auto& row :
-         transaction_.Open("Select CId,id,DMATAC,DPID,ACNo From ClientActDet Order By id")) {
-      existing.try_emplace({row.Int(std::size_t{0}), Folded(row.Utf8(4))},
-                           ExistingAccount{row.Int(1), row.Int(2), row.Int(3)});
+    std::map<std::pair<ClientId, std::string>, Account> existing;
+    for (const Account& account : All<Account>()) {
+      existing.try_emplace({account.client, Folded(account.number)}, account);
     }
-    std::size_t added = 0;
-    std::set<std::pair<int, std::string>> seen;
+    NewRecords<Account> fresh(transaction_);
+    std::set<std::pair<ClientId, std::string>> seen;
     for (const AccountRow& row : portfolio_.accounts) {
-      const ClientId client = names.clients[row.client];
-      const auto participant = participants.find(row.participant);
-      if (participant == participants.end()) {
-        Fail(row.line, "participant", "expected a participant's name; this one is not known");
+      auto account = AccountOf(row, names, participants);
+      if (!account) {
         continue;
       }
-      const auto dp_id = DpIdOf(participant->second, row);
-      if (!dp_id || !client) {
-        continue;
-      }
-      const std::pair<int, std::string> key{client.value, Folded(row.number)};
-      if (!seen.insert(key).second) {
-        Fail(row.line, "account_no", "stands in this file already");
-        continue;
-      }
+      const std::pair<ClientId, std::string> key{account->client, Folded(account->number)};
       const auto old = existing.find(key);
-      if (old == existing.end()) {
-        transaction_.Execute("Insert Into ClientActDet Values(?,?,?,?,?)", client,
-                             NextKey("ClientActDet"), participant->second, *dp_id, row.number);
-        ++added;
-      } else if (old->second.participant != participant->second || old->second.dp_id != *dp_id) {
-        Fail(row.line, "account_no", "the account is recorded with another participant or DP id");
+      if (!seen.insert(key).second) {
+        errors_.Add(FileKind::kAccounts, row.line, "account_no", "stands in this file already");
+      } else if (old == existing.end()) {
+        fresh.Add(*account);
+      } else if (!HasDetailsOf(old->second, *account)) {
+        errors_.Add(FileKind::kAccounts, row.line, "account_no",
+                    "the account is recorded with another participant or DP id");
       }
     }
-    Count("accounts", added);
+    result_.Count("accounts", fresh.Finish());
   }
 
-  void Fail(std::size_t line, std::string_view column, std::string message) {
-    errors_.Add(LayoutOf(FileKind::kAccounts).name, line, column, std::move(message));
+  std::optional<Account> AccountOf(const AccountRow& row, const ResolvedNames& names,
+                                   const Ids& participants) {
+    const auto participant = participants.find(row.participant);
+    if (participant == participants.end()) {
+      errors_.Add(FileKind::kAccounts, row.line, "participant",
+                  "expected a participant's name; this one is not known");
+      return std::nullopt;
+    }
+    const ParticipantId keeper{participant->second};
+    const auto dp_id = DpIdOf(keeper, row);
+    const ClientId client = names.clients[row.client];
+    if (!dp_id || !client) {
+      return std::nullopt;
+    }
+    return Account{client, {}, keeper, *dp_id, row.number};
   }
 
-  std::optional<int> DpIdOf(int participant, const AccountRow& row) {
-    if (row.dp_id.empty()) {
-      return 0;
+  std::optional<DpIdId> DpIdOf(ParticipantId participant, const AccountRow& row) {
+    if (row.dp_id.isEmpty()) {
+      return DpIdId{};
     }
     const auto found = dp_ids_.find({participant, Folded(row.dp_id)});
     if (found == dp_ids_.end()) {
-      Fail(row.line, "dp_id", "expected a DP id of the participant, found " + Quoted(row.dp_id));
+      errors_.Add(FileKind::kAccounts, row.line, "dp_id",
+                  "expected a DP id of the participant, found " + Quoted(row.dp_id.toStdString()));
       return std::nullopt;
     }
     return found->second;
@@ -310,9 +281,9 @@ class MasterImport {
                               std::string_view what) {
     std::vector<IdType> resolved;
     for (const Interner::Name& name : interner.Names()) {
-      const auto found = ids.find(Folded(name.text));
+      const auto found = ids.find(lookups::Folded(name.text));
       if (found == ids.end()) {
-        errors_.Add(LayoutOf(name.file).name, name.line, column,
+        errors_.Add(name.file, name.line, column,
                     fmt::format("expected a known {}, found {}", what, Quoted(name.text)));
       }
       resolved.push_back(IdType{found == ids.end() ? 0 : found->second});
@@ -321,20 +292,20 @@ class MasterImport {
   }
 
   void ResolveExchanges(ResolvedNames& names) {
-    LookupTable exchanges(*this, "Exchange", "ExName", "exchange");
+    Lookup<records::Exchange> exchanges(*this, "exchange");
     for (const Interner::Name& name : portfolio_.exchange_names.Names()) {
-      names.exchanges.push_back(ExchangeId{exchanges.IdOf(name.text)});
+      names.exchanges.push_back(ExchangeId{exchanges.IdOf(QString::fromStdString(name.text))});
     }
+    exchanges.Finish();
   }
 
   void ResolveAccounts(ResolvedNames& names) {
     std::unordered_map<std::string, std::vector<ResolvedNames::Owned>> by_number;
-    for (const auto& row : transaction_.Open("Select CId,id,ACNo From ClientActDet Order By id")) {
-      by_number[Folded(row.Utf8(2))].push_back(
-          {AccountId{row.Int(1)}, ClientId{row.Int(std::size_t{0})}});
+    for (const Account& account : All<Account>()) {
+      by_number[Folded(account.number)].push_back({account.id, account.client});
     }
     for (const Interner::Name& name : portfolio_.account_numbers.Names()) {
-      names.accounts.push_back(by_number[Folded(name.text)]);
+      names.accounts.push_back(by_number[lookups::Folded(name.text)]);
     }
   }
 
@@ -342,8 +313,7 @@ class MasterImport {
   const Portfolio& portfolio_;
   ErrorList& errors_;
   ImportResult& result_;
-  std::map<std::pair<int, std::string>, int> dp_ids_;
-  std::unordered_map<std::string, int> next_keys_;
+  std::map<std::pair<ParticipantId, std::string>, DpIdId> dp_ids_;
 };
 
 }  // namespace

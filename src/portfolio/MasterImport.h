@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Ids.h"
-#include "core/database/Transaction.h"
+#include "core/ledger/Lots.h"
 #include "portfolio/Import.h"
 #include "portfolio/Portfolio.h"
 
@@ -20,6 +20,11 @@ struct ResolvedNames {
 
   /// The account of a client by its number; nullopt when the client has none of it.
   std::optional<AccountId> Account(ClientId client, Symbol number) const;
+
+  /// The lot of a scrip at a rate.
+  ledger::LotKey LotKeyAt(const ledger::Place& place, Symbol scrip, double rate) const {
+    return {place.of, place.account, scrips[scrip], rate};
+  }
 
   struct Owned {
     AccountId account;

@@ -1,19 +1,20 @@
 #include "portfolio/MoneyImport.h"
 
-#include "core/database/BulkWriter.h"
 #include "core/database/Keys.h"
+#include "core/records/Writing.h"
+#include "portfolio/RecordedDocuments.h"
 
 #include <fmt/format.h>
 
 #include <map>
-#include <set>
-#include <unordered_set>
 
 namespace quorvane::portfolio {
 namespace {
 
-using database::BulkWriter;
 using database::Transaction;
+using records::BrokerOpening;
+using records::MarketRate;
+using records::Payment;
 
 class MoneyImport {
  public:
@@ -27,49 +28,44 @@ class MoneyImport {
 
   void Run() {
     ImportBrokerOpenings();
-    ImportPayments("BrPayment", FileKind::kPayments, portfolio_.payments, "payments");
-    ImportPayments("BrRec", FileKind::kReceipts, portfolio_.receipts, "receipts");
+    ImportPayments(records::Table<Payment>::kName, FileKind::kPayments, portfolio_.payments,
+                   "payments");
+    ImportPayments(records::kReceipts, FileKind::kReceipts, portfolio_.receipts, "receipts");
     ImportRates();
   }
 
  private:
-  void Count(std::string_view what, std::size_t added) {
-    if (added > 0) {
-      result_.counts.push_back({std::string(what), added});
+  /// Gives the records of rows their keys, lets `check` look at each, and writes them.
+  template <class Record, class Row, class Check>
+  void Write(std::string_view table, const std::vector<Row>& rows, const Check& check) {
+    records::Writer<Record> writer(transaction_, table);
+    int next = database::NextKeys(transaction_, table, static_cast<int>(rows.size()));
+    for (const Row& row : rows) {
+      Record record = row.record;
+      record.client = names_.clients[row.client];
+      record.broker = names_.brokers[row.broker];
+      check(row, record);
+      record.id = next++;
+      writer.Write(record);
     }
-  }
-
-  void Fail(FileKind file, std::size_t line, std::string_view column, std::string message) {
-    errors_.Add(LayoutOf(file).name, line, column, std::move(message));
+    writer.Finish();
   }
 
   void ImportBrokerOpenings() {
     if (portfolio_.broker_openings.empty()) {
       return;
     }
-    std::set<std::tuple<int, std::string, int>> taken;
-    for (const auto& row : transaction_.Open("Select CId,Fyear,BrId From BrOpBal")) {
-      taken.emplace(row.Int(std::size_t{0}), std::string(row.Utf8(1)), row.Int(2));
-    }
-    BulkWriter writer(transaction_, "Insert Into BrOpBal Values(?,?,?,?,?,?)", "itiidi");
-    int next = database::NextKeys(transaction_, "BrOpBal",
-                                  static_cast<int>(portfolio_.broker_openings.size()));
-    for (const BrokerOpeningRow& row : portfolio_.broker_openings) {
-      const int client = names_.clients[row.client].value;
-      const int broker = names_.brokers[row.broker].value;
-      if (client != 0 && broker != 0 && !taken.emplace(client, row.year.Utf8(), broker).second) {
-        Fail(FileKind::kBrokerOpening, row.line, "broker", "Record Already Exists!");
-      }
-      writer.Int(client)
-          .Text(row.year.Utf8())
-          .Int(next++)
-          .Int(broker)
-          .Double(row.amount)
-          .Int(row.side);
-      writer.EndRow();
-    }
-    writer.Finish();
-    Count("broker openings", portfolio_.broker_openings.size());
+    RecordedDocuments<BrokerOpening> recorded;
+    recorded.Read(records::Select<BrokerOpening>(transaction_.GetConnection()));
+    Write<BrokerOpening>(records::Table<BrokerOpening>::kName, portfolio_.broker_openings,
+                         [&](const BrokerOpeningRow& row, const BrokerOpening& opening) {
+                           const bool known = opening.client && opening.broker;
+                           if (known && !recorded.Add(opening)) {
+                             errors_.Add(FileKind::kBrokerOpening, row.line, "broker",
+                                         "Record Already Exists!");
+                           }
+                         });
+    result_.Count("broker openings", portfolio_.broker_openings.size());
   }
 
   void ImportPayments(std::string_view table, FileKind file, const std::vector<MoneyRow>& rows,
@@ -77,75 +73,43 @@ class MoneyImport {
     if (rows.empty()) {
       return;
     }
-    std::unordered_set<std::string> recorded;
-    for (const auto& row : transaction_.Open(
-             fmt::format("Select Cid,BrId,TMode,Amt,PDate,PMode,ChqNo From {}", table))) {
-      recorded.insert(fmt::format("{}|{}|{}|{}|{}|{}|{}", row.Int(std::size_t{0}), row.Int(1),
-                                  row.Int(2), row.Double(3), row.Utf8(4), row.Int(5), row.Utf8(6)));
-    }
-    BulkWriter writer(transaction_,
-                      fmt::format("Insert Into {} Values(?,?,?,?,?,?,?,?,?,?,?,?)", table),
-                      "itiiidtitttt");
-    int next = database::NextKeys(transaction_, table, static_cast<int>(rows.size()));
-    for (const MoneyRow& row : rows) {
-      const std::string day = text::FormatDmy(row.date).toStdString();
-      const int client = names_.clients[row.client].value;
-      const int broker = names_.brokers[row.broker].value;
-      if (recorded.contains(fmt::format("{}|{}|{}|{}|{}|{}|{}", client, broker, row.mode,
-                                        row.amount, day, row.payment_mode, row.cheque_no))) {
-        Fail(file, row.line, "", "this payment is recorded already");
+    RecordedDocuments<Payment> recorded;
+    recorded.Read(records::Select<Payment>(transaction_.GetConnection(), table));
+    Write<Payment>(table, rows, [&](const MoneyRow& row, const Payment& payment) {
+      if (recorded.Has(payment)) {
+        errors_.Add(file, row.line, "", "this payment is recorded already");
       }
-      writer.Int(client)
-          .Text(text::FinancialYear::Of(row.date).Utf8())
-          .Int(next++)
-          .Int(broker)
-          .Int(row.mode)
-          .Double(row.amount)
-          .Text(day)
-          .Int(row.payment_mode)
-          .Text(row.cheque_no)
-          .Text(row.cheque_date)
-          .Text(row.drawn_on)
-          .Text(row.remark)
-          .EndRow();
-    }
-    writer.Finish();
-    Count(what, rows.size());
+    });
+    result_.Count(what, rows.size());
   }
 
   void ImportRates() {
     if (portfolio_.rates.empty()) {
       return;
     }
-    std::map<std::pair<std::string, int>, double> known;
-    for (const auto& row : transaction_.Open("Select MDate,ScrId,Rate From MarketRate")) {
-      known.try_emplace({std::string(row.Utf8(0)), row.Int(1)}, row.Double(2));
-    }
-    BulkWriter writer(transaction_, "Insert Into MarketRate Values(?,?,?,?,?)", "titid");
-    int next = database::FirstFreeKey(transaction_, "MarketRate");
+    std::map<std::pair<QString, ScripId>, double> known;
+    records::Select<MarketRate>(transaction_.GetConnection()).Each([&](const MarketRate& rate) {
+      known.try_emplace({rate.date, rate.scrip}, rate.rate);
+    });
+    records::Writer<MarketRate> writer(transaction_);
+    int next = database::FirstFreeKey(transaction_, records::Table<MarketRate>::kName);
     std::size_t added = 0;
     for (const RateRow& row : portfolio_.rates) {
-      const std::string day = text::FormatDmy(row.date).toStdString();
-      const int scrip = names_.scrips[row.scrip].value;
-      const auto [entry, fresh] = known.try_emplace({day, scrip}, row.rate);
-      if (!fresh) {
-        if (entry->second != row.rate && scrip != 0) {
-          Fail(FileKind::kRates, row.line, "rate",
-               fmt::format("the scrip has the rate {} on this date already", entry->second));
-        }
-        continue;
+      MarketRate rate = row.record;
+      rate.scrip = names_.scrips[row.scrip];
+      const auto [entry, fresh] = known.try_emplace({rate.date, rate.scrip}, rate.rate);
+      if (fresh) {
+        rate.id = next++;
+        writer.Write(rate);
+        ++added;
+      } else if (entry->second != rate.rate && rate.scrip) {
+        errors_.Add(FileKind::kRates, row.line, "rate",
+                    fmt::format("the scrip has the rate {} on this date already", entry->second));
       }
-      writer.Text(text::FinancialYear::Of(row.date).Utf8())
-          .Int(next++)
-          .Text(day)
-          .Int(scrip)
-          .Double(row.rate)
-          .EndRow();
-      ++added;
     }
     writer.Finish();
-    database::KeepKeys(transaction_, "MarketRate", next);
-    Count("market rates", added);
+    database::KeepKeys(transaction_, records::Table<MarketRate>::kName, next);
+    result_.Count("market rates", added);
   }
 
   Transaction& transaction_;

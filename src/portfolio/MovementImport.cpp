@@ -1,11 +1,10 @@
 #include "portfolio/MovementImport.h"
 
-#include "core/database/Keys.h"
-#include "core/gains/RemainingLots.h"
+#include "core/ledger/Posting.h"
 #include "core/text/Amounts.h"
-#include "portfolio/BillLines.h"
-#include "portfolio/MovementRecords.h"
+#include "portfolio/BillShares.h"
 #include "portfolio/RecordedDocuments.h"
+#include "portfolio/TakenDocuments.h"
 #include "portfolio/TouchedYears.h"
 
 #include <fmt/format.h>
@@ -17,6 +16,7 @@ namespace quorvane::portfolio {
 namespace {
 
 using database::Transaction;
+using ledger::Place;
 using text::FinancialYear;
 
 class MovementImport {
@@ -29,67 +29,53 @@ class MovementImport {
         errors_(errors),
         result_(result),
         progress_(progress),
-        recorded_(transaction, TouchedYears(portfolio)),
-        book_(database::FirstFreeKey(transaction, "Stock")),
-        records_(transaction, names) {}
+        bill_shares_(portfolio, names, layers_, errors),
+        documents_(portfolio, names) {}
 
   void Run() {
+    // Each line is taken and then written.
     progress_.Begin(QStringLiteral("Import"),
-                    static_cast<std::int64_t>(portfolio_.bill_lines.size()));
-    LoadHoldings();
+                    2 * static_cast<std::int64_t>(portfolio_.bill_lines.size()));
+    ReadRecorded();
     TakeOpenings();
     TakeByDate();
-    ReportAdvances();
+    bill_shares_.ReportAdvances();
     if (!errors_.Empty()) {
       return;
     }
-    records_.Finish(book_);
-    Count("opening lots", portfolio_.openings.size());
-    Count("bills", portfolio_.bills.size());
-    Count("bill lines", records_.LineCount());
-    Count("transfers", portfolio_.transfers.size());
+    result_.Count("opening lots", portfolio_.openings.size());
+    result_.Count("bills", portfolio_.bills.size());
+    result_.Count("bill lines", documents_.LineCount());
+    result_.Count("transfers", portfolio_.transfers.size());
+    documents_.Write(transaction_, lots_, progress_);
   }
 
  private:
-  struct SaleAhead {
-    const BillLineRow* row;
-    double available;  ///< when it was taken
-    HoldingsBook::Advance advance;
+  struct TransferEnds {
+    ResolvedNames::Owned from;
+    ResolvedNames::Owned to;
   };
 
-  void Count(std::string_view what, std::size_t added) {
-    if (added > 0) {
-      result_.counts.push_back({std::string(what), added});
-    }
-  }
-
-  void Fail(FileKind file, std::size_t line, std::string_view column, std::string message) {
-    errors_.Add(LayoutOf(file).name, line, column, std::move(message));
-  }
-
-  /// What the ledger holds in the years that the folder touches.
-  void LoadHoldings() {
-    for (const FinancialYear year : recorded_.Years()) {
-      for (const auto& row : transaction_.Open(
-               "Select Cid,Id,AcId,ScriptId,Qty,Rate From Stock Where Fyear=? Order By Id",
-               year.Text())) {
-        const ledger::Lot lot{LotId{row.Int(1)}, AccountId{row.Int(2)}, ScripId{row.Int(3)},
-                              row.Double(4), row.Double(5)};
-        book_.LoadLot({{ClientId{row.Int(std::size_t{0})}, year}, lot.account, lot.scrip}, lot);
+  /// What stands in the database in the years that the folder touches.
+  void ReadRecorded() {
+    database::Connection& connection = transaction_.GetConnection();
+    const std::set<FinancialYear> years = TouchedYears(portfolio_);
+    recorded_openings_.Read(connection, years);
+    recorded_bills_.Read(connection, years);
+    recorded_transfers_.Read(connection, years);
+    for (const FinancialYear year : years) {
+      for (const records::Lot& lot : ledger::ReadLots(connection, {{}, year, {}})) {
+        lots_.Load(lot);
       }
-      if (!recorded_.IsEmpty(year)) {
-        LoadLayers(year);
-      }
+      records::MovementScope scope;
+      scope.year = year;
+      scope.charges = false;
+      records::Faults faults;
+      Progress silent;
+      records::ReadMovements(connection, scope, faults, silent,
+                             [this](const records::Movement& m) { layers_.Add(m); });
     }
-  }
-
-  void LoadLayers(FinancialYear year) {
-    Progress silent;
-    for (const gains::RemainingLot& lot :
-         gains::RemainingLots(transaction_.GetConnection(), std::nullopt, year, silent)) {
-      book_.LoadLayer({{lot.client, year}, lot.account, lot.scrip}, lot.date, lot.rate,
-                      lot.quantity);
-    }
+    layers_.Arrange();
   }
 
   /// Bills, and what a carry forward leaves of them, may stand without a demat account.
@@ -102,42 +88,40 @@ class MovementImport {
                                      std::size_t line) {
     const auto account = FindAccount(client, number);
     if (!account && client) {
-      Fail(file, line, "account_no",
-           "expected an account of the client, found " +
-               Quoted(portfolio_.account_numbers.Names()[number].text));
+      errors_.Add(file, line, "account_no",
+                  "expected an account of the client, found " +
+                      Quoted(portfolio_.account_numbers.Names()[number].text));
     }
     return account;
   }
 
+  /// Lots are received by date; records are written in file order.
   void TakeOpenings() {
-    std::vector<const OpeningRow*> rows;
-    for (const OpeningRow& row : portfolio_.openings) {
-      rows.push_back(&row);
-    }
-    std::stable_sort(rows.begin(), rows.end(), [](const OpeningRow* a, const OpeningRow* b) {
-      return a->purchase_date < b->purchase_date;
-    });
-    // Lots are received by date; records are written in file order.
-    for (const OpeningRow* row : rows) {
-      const ClientId client = names_.clients[row->client];
-      if (const auto account = FindAccount(client, row->account)) {
-        book_.Receive({{client, row->year}, *account, names_.scrips[row->scrip]},
-                      row->purchase_date, row->rate, row->quantity);
-      }
-    }
+    std::vector<std::pair<const OpeningRow*, records::Opening>> taken;
     for (const OpeningRow& row : portfolio_.openings) {
       const ClientId client = names_.clients[row.client];
       if (const auto account = AccountOf(client, row.account, FileKind::kOpening, row.line)) {
-        TakeOpening(row, client, *account);
+        taken.emplace_back(&row, row.record);
+        records::Opening& opening = taken.back().second;
+        opening.client = client;
+        opening.account = *account;
+        opening.scrip = names_.scrips[row.scrip];
+        TakeOpening(row, opening);
       }
+    }
+    std::ranges::stable_sort(taken, {}, [](const auto& each) { return each.first->purchase_date; });
+    for (const auto& [row, opening] : taken) {
+      layers_.Receive(
+          {{opening.client, opening.year}, opening.account, opening.scrip, opening.rate},
+          row->purchase_date, opening.quantity);
     }
   }
 
-  void TakeOpening(const OpeningRow& row, ClientId client, AccountId account) {
-    if (recorded_.HasOpening({client, row.year}, account, names_.scrips[row.scrip], row)) {
-      Fail(FileKind::kOpening, row.line, "", "this opening lot is recorded already");
+  void TakeOpening(const OpeningRow& row, const records::Opening& opening) {
+    if (recorded_openings_.Has(opening)) {
+      errors_.Add(FileKind::kOpening, row.line, "", "this opening lot is recorded already");
     }
-    records_.WriteOpening(row, client, account);
+    documents_.Add(opening);
   }
 
   template <class Rows>
@@ -161,7 +145,7 @@ class MovementImport {
            portfolio_.bills[bills[bill]].date <= portfolio_.transfers[transfers[transfer]].date);
       const text::Date date = bill_first ? portfolio_.bills[bills[bill]].date
                                          : portfolio_.transfers[transfers[transfer]].date;
-      BeginDate(date);
+      BeginDate();
       for (; transfer < transfers.size() && portfolio_.transfers[transfers[transfer]].date == date;
            ++transfer) {
         open_transfers_.push_back(&portfolio_.transfers[transfers[transfer]]);
@@ -173,9 +157,8 @@ class MovementImport {
     }
   }
 
-  void BeginDate(text::Date date) {
-    day_ = RecordDay::Of(date);
-    progress_.Step(static_cast<std::int64_t>(records_.LineCount()));
+  void BeginDate() {
+    progress_.Step(static_cast<std::int64_t>(documents_.LineCount()));
     progress_.ThrowIfCancelled();
   }
 
@@ -185,107 +168,17 @@ class MovementImport {
     if (!account) {
       return;
     }
-    if (recorded_.HasBill({client, day_.year}, *account, names_.brokers[bill.broker], bill,
-                          day_.text)) {
-      Fail(FileKind::kBills, bill.line, "bill_no", "this bill is recorded already");
+    if (recorded_bills_.Has(documents_.HeaderOf(bill, client, *account))) {
+      errors_.Add(FileKind::kBills, bill.line, "bill_no", "this bill is recorded already");
       return;
     }
-    const HoldingsBook::Place place{{client, day_.year}, *account, {}};
-    ReceivePurchases(bill, place);
-    if (TrySales(bill, place, Ahead::kNo) ||
-        (ApplyTransfers() && TrySales(bill, place, Ahead::kNo)) ||
-        TrySales(bill, place, Ahead::kAllowed)) {
-      records_.WriteBill(bill, client, *account, day_, recorded_lines_);
+    const Place place{{client, FinancialYear::Of(bill.date)}, *account};
+    bill_shares_.ReceivePurchases(bill, place);
+    if (bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo) ||
+        (ApplyTransfers() && bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo)) ||
+        bill_shares_.TrySales(bill, place, BillShares::Ahead::kAllowed)) {
+      documents_.Add(bill, client, *account, bill_shares_.Lines());
     }
-  }
-
-  std::span<const BillLineRow> LinesOf(const BillRow& bill) const {
-    return std::span(portfolio_.bill_lines).subspan(bill.first_line, bill.line_count);
-  }
-
-  void ReceivePurchases(const BillRow& bill, HoldingsBook::Place place) {
-    purchase_lots_.clear();
-    for (const BillLineRow& row : LinesOf(bill)) {
-      if (row.purchase) {
-        place.scrip = names_.scrips[row.scrip];
-        purchase_lots_.push_back(book_.Receive(place, bill.date, row.rate, row.quantity));
-      }
-    }
-  }
-
-  /// Whether sales may name a lot whose shares come in later, as the bill window lets them: it
-  /// looks at the lot's balance and at no date. The last try, which tells what is missing.
-  enum class Ahead { kNo, kAllowed };
-
-  /// Fills recorded_lines_ in file order; false, and nothing taken, when shares are missing.
-  bool TrySales(const BillRow& bill, HoldingsBook::Place place, Ahead ahead) {
-    book_.Mark();
-    recorded_lines_.clear();
-    std::size_t purchase = 0;
-    for (const BillLineRow& row : LinesOf(bill)) {
-      if (row.purchase) {
-        recorded_lines_.push_back(WholeLine(row, purchase_lots_[purchase++]));
-        continue;
-      }
-      place.scrip = names_.scrips[row.scrip];
-      double available = 0;
-      if (TakeSale(row, bill.date, place, available)) {
-        continue;
-      }
-      if (ahead == Ahead::kAllowed && row.lot_rate != BillLineRow::kNoLotRate) {
-        TakeAhead(row, place, available);
-        continue;
-      }
-      if (ahead == Ahead::kAllowed) {
-        ReportShortage(row, available);
-      }
-      book_.GoBack();
-      return false;
-    }
-    return true;
-  }
-
-  void TakeAhead(const BillLineRow& row, const HoldingsBook::Place& place, double available) {
-    const auto advance = book_.TakeAhead(place, row.lot_rate, row.quantity);
-    recorded_lines_.push_back(WholeLine(row, advance.lot));
-    advances_.push_back({&row, std::max(available, 0.0), advance});
-  }
-
-  void ReportAdvances() {
-    for (const SaleAhead& sale : advances_) {
-      if (book_.IsOpen(sale.advance)) {
-        ReportShortage(*sale.row, sale.available);
-      }
-    }
-  }
-
-  bool TakeSale(const BillLineRow& row, text::Date date, const HoldingsBook::Place& place,
-                double& available) {
-    if (row.lot_rate == BillLineRow::kNoLot) {
-      recorded_lines_.push_back(WholeLine(row, LotId{}));
-      return true;
-    }
-    if (row.lot_rate != BillLineRow::kNoLotRate) {
-      const auto piece = book_.TakeFromLot(place, row.lot_rate, row.quantity, available);
-      if (piece) {
-        recorded_lines_.push_back(WholeLine(row, piece->lot));
-      }
-      return piece.has_value();
-    }
-    const auto pieces = book_.TakeOldest(place, date, row.quantity, available);
-    if (pieces) {
-      AppendSplitLines(row, *pieces, recorded_lines_);
-    }
-    return pieces.has_value();
-  }
-
-  void ReportShortage(const BillLineRow& row, double available) {
-    std::string balance;
-    text::AppendAmount(balance, available);
-    Fail(FileKind::kBills, row.line,
-         row.lot_rate == BillLineRow::kNoLotRate || available > 0 ? "quantity" : "lot_rate",
-         fmt::format("You Can't Sale Scripts More than Balance. Maximum Allowed Value is: {}",
-                     balance));
   }
 
   /// The date's transfers that are possible now; true when there was one.
@@ -310,47 +203,63 @@ class MovementImport {
     if (!ends) {
       return false;
     }
-    const ScripId scrip = names_.scrips[row.scrip];
-    double available = 0;
-    const auto piece =
-        book_.TakeFromLot({{ends->from.client, day_.year}, ends->from.account, scrip}, row.rate,
-                          row.quantity, available);
-    if (!piece) {
+    records::Transfer transfer = row.record;
+    transfer.client = ends->from.client;
+    transfer.from = ends->from.account;
+    transfer.kind = ends->from.client == ends->to.client ? records::TransTo::kSameClient
+                                                         : records::TransTo::kOtherClient;
+    transfer.to = ends->to.account;
+    transfer.to_client = ends->to.client;
+    transfer.scrip = names_.scrips[row.scrip];
+    const auto taken = layers_.TakeFromLot(
+        names_.LotKeyAt(ledger::SourceOf(transfer), row.scrip, transfer.rate), transfer.quantity);
+    if (!taken) {
       if (report) {
-        std::string balance;
-        text::AppendAmount(balance, available);
-        Fail(FileKind::kTransfers, row.line, "quantity",
-             fmt::format("You Can't Transfer Scripts More than Balance. Maximum Allowed Value is: "
-                         "{}",
-                         balance));
+        errors_.Add(FileKind::kTransfers, row.line, "quantity",
+                    "You Can't Transfer Scripts More than Balance. Maximum Allowed Value is: " +
+                        text::FormatAmount(taken.available.Number()).toStdString());
       }
       return false;
     }
-    book_.Receive({{ends->to.client, day_.year}, ends->to.account, scrip}, row.date, row.rate,
-                  row.quantity);
-    if (recorded_.HasTransfer(day_.year, ends->from.account, ends->to.account, scrip, row,
-                              day_.text)) {
-      Fail(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
+    layers_.Receive(names_.LotKeyAt(ledger::DestinationOf(transfer), row.scrip, transfer.rate),
+                    row.date, transfer.quantity);
+    if (recorded_transfers_.Has(transfer)) {
+      errors_.Add(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
     }
-    records_.WriteTransfer(row, *ends, piece->lot, day_);
+    transfer.lot = taken.pieces.front().lot;
+    documents_.Add(transfer);
     return true;
   }
 
+  std::vector<ResolvedNames::Owned> AccountsOf(Symbol number, std::optional<Symbol> client) const {
+    std::vector<ResolvedNames::Owned> found = names_.Accounts(number);
+    if (client) {
+      std::erase_if(found, [&](const ResolvedNames::Owned& owned) {
+        return owned.client != names_.clients[*client];
+      });
+    }
+    return found;
+  }
+
   std::optional<TransferEnds> EndsOf(const TransferRow& row, bool report) {
-    const auto& from = names_.Accounts(row.from_account);
-    const auto& to = names_.Accounts(row.to_account);
+    const auto from = AccountsOf(row.from_account, row.from_client);
+    const auto to = AccountsOf(row.to_account, row.to_client);
     if (from.size() == 1 && to.size() == 1) {
       return TransferEnds{from.front(), to.front()};
     }
-    const auto fail = [&](const auto& found, std::string_view column) {
+    const auto fail = [&](const auto& found, std::string_view column,
+                          std::string_view client_column) {
       if (report && found.size() != 1) {
-        Fail(FileKind::kTransfers, row.line, column,
-             found.empty() ? "expected a known account number"
-                           : "several clients have an account of this number");
+        errors_.Add(FileKind::kTransfers, row.line, column,
+                    found.empty()
+                        ? "expected a known account number"
+                        : fmt::format("several clients have an account of this number: the "
+                                      "column {} tells which",
+                                      client_column));
       }
     };
-    fail(from, "from_account");
-    fail(to, "to_account");
+    fail(from, "from_account", "from_client");
+    fail(to, "to_account", "to_client");
     return std::nullopt;
   }
 
@@ -360,14 +269,14 @@ class MovementImport {
   ErrorList& errors_;
   ImportResult& result_;
   Progress& progress_;
-  RecordedDocuments recorded_;
-  HoldingsBook book_;
-  MovementRecords records_;
-  RecordDay day_;
-  std::vector<LotId> purchase_lots_;
-  std::vector<RecordedLine> recorded_lines_;
+  RecordedDocuments<records::Opening> recorded_openings_;
+  RecordedDocuments<records::Bill> recorded_bills_;
+  RecordedDocuments<records::Transfer> recorded_transfers_;
+  ledger::Lots lots_;
+  ledger::Layers layers_{lots_};
+  BillShares bill_shares_;
+  TakenDocuments documents_;
   std::vector<const TransferRow*> open_transfers_;
-  std::vector<SaleAhead> advances_;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "portfolio/FileLayouts.h"
+#include "portfolio/OutputRow.h"
 
 #include <QSaveFile>
 #include <QString>
@@ -20,6 +21,13 @@ class OutputFile {
 
   std::string& Buffer() { return buffer_; }
   void WriteWhenLarge();
+
+  template <class... Fields>
+  void Row(const Fields&... fields) {
+    AppendFields(buffer_, fields...);
+    buffer_ += '\n';
+    WriteWhenLarge();
+  }
 
   /// Everything is on the disk; what could go wrong has.
   void Finish();

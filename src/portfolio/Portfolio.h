@@ -1,6 +1,11 @@
 #pragma once
 
-#include "core/text/FinancialYear.h"
+#include "core/records/Bill.h"
+#include "core/records/Masters.h"
+#include "core/records/Money.h"
+#include "core/records/Opening.h"
+#include "core/records/Rates.h"
+#include "core/records/Transfer.h"
 #include "portfolio/CsvTable.h"
 
 #include <QString>
@@ -9,6 +14,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -38,49 +44,57 @@ class Interner {
   Symbol last_ = 0;
 };
 
-/// One row of a master table: the values of its columns in the database's order, as texts, without
-/// the key number.
+/// A master record of the file; its key is none.
+template <class Record>
 struct MasterRow {
-  std::string key;  ///< folded
-  std::vector<std::string> values;
+  Record record;
   std::size_t line = 0;
+};
+
+// By what a master record is known: a code, a name, or a name of a year, folded.
+std::string KeyOf(const records::Participant& participant);
+std::string KeyOf(const records::Client& client);
+std::string KeyOf(const records::Broker& broker);
+std::string KeyOf(const records::Scrip& scrip);
+std::string KeyOf(const records::Percentage& percentage);
+
+/// A scrip with the names of its type and class, which its record lacks.
+struct ScripRow : MasterRow<records::Scrip> {
+  QString type;
+  QString scrip_class;
 };
 
 struct DpIdRow {
   std::string participant;  ///< folded name
-  std::string dp_id;
+  QString dp_id;
   std::size_t line = 0;
 };
 
 struct AccountRow {
   Symbol client = 0;
   std::string participant;  ///< folded name
-  std::string dp_id;
-  std::string number;
+  QString dp_id;
+  QString number;
   std::size_t line = 0;
 };
 
+// Of the rows below, `record` has everything but its keys, which the names stand for.
+
 struct OpeningRow {
+  records::Opening record;
   Symbol client = 0;
   Symbol account = 0;
-  text::FinancialYear year{0};
   Symbol scrip = 0;
-  double quantity = 0;
-  double rate = 0;
   text::Date purchase_date;
-  double service_tax = 0;
-  double brokerage = 0;
-  double stt = 0;
-  bool fo = false;
   std::size_t line = 0;
 };
 
 struct BillLineRow {
   Symbol scrip = 0;
-  bool purchase = false;
+  records::Side side = records::Side::kSale;
   bool fo = false;
   std::uint8_t delivery = 0;  ///< place in kDeliveryTypes
-  double quantity = 0;
+  text::Shares quantity;
   double rate = 0;
   double brokerage = 0;
   double service_tax = 0;
@@ -92,6 +106,8 @@ struct BillLineRow {
 
   static constexpr double kNoLotRate = -1;  ///< to be taken first in, first out
   static constexpr double kNoLot = -2;      ///< recorded as it is, taken from no lot
+
+  bool IsPurchase() const { return side == records::Side::kPurchase; }
 };
 
 inline constexpr std::string_view kDeliveryTypes[] = {"N.A.", "Delivery Based",
@@ -113,54 +129,45 @@ struct BillRow {
 };
 
 struct TransferRow {
+  records::Transfer record;
   text::Date date;
   Symbol from_account = 0;
   Symbol to_account = 0;
+  std::optional<Symbol> from_client;  ///< whose account; needed where clients share a number
+  std::optional<Symbol> to_client;
   Symbol scrip = 0;
-  double rate = 0;
-  double quantity = 0;
   std::size_t line = 0;
 };
 
 struct BrokerOpeningRow {
+  records::BrokerOpening record;
   Symbol client = 0;
-  text::FinancialYear year{0};
   Symbol broker = 0;
-  double amount = 0;
-  int side = 0;  ///< 0 debit, 1 credit
   std::size_t line = 0;
 };
 
 struct MoneyRow {
+  records::Payment record;
   Symbol client = 0;
   Symbol broker = 0;
-  int mode = 0;
-  double amount = 0;
-  text::Date date;
-  int payment_mode = 0;
-  std::string cheque_no;
-  std::string cheque_date;
-  std::string drawn_on;
-  std::string remark;
   std::size_t line = 0;
 };
 
 struct RateRow {
-  text::Date date;
+  records::MarketRate record;
   Symbol scrip = 0;
-  double rate = 0;
   std::size_t line = 0;
 };
 
 /// A portfolio folder in memory, checked row by row but not yet against a database.
 struct Portfolio {
-  std::vector<MasterRow> participants;
+  std::vector<MasterRow<records::Participant>> participants;
   std::vector<DpIdRow> dp_ids;
-  std::vector<MasterRow> clients;
+  std::vector<MasterRow<records::Client>> clients;
   std::vector<AccountRow> accounts;
-  std::vector<MasterRow> brokers;
-  std::vector<MasterRow> scrips;  ///< type and class as names
-  std::vector<MasterRow> percentages;
+  std::vector<MasterRow<records::Broker>> brokers;
+  std::vector<ScripRow> scrips;
+  std::vector<MasterRow<records::Percentage>> percentages;
   std::vector<OpeningRow> openings;
   std::vector<BillRow> bills;  ///< in the order of their first rows
   std::vector<BillLineRow> bill_lines;

@@ -29,18 +29,27 @@ Symbol Interner::Intern(std::string_view text, const CsvTable& table, FileKind f
   return last_;
 }
 
+std::string KeyOf(const records::Participant& participant) {
+  return lookups::Folded(participant.name.toStdString());
+}
+
+std::string KeyOf(const records::Client& client) {
+  return lookups::Folded(client.code.toStdString());
+}
+
+std::string KeyOf(const records::Broker& broker) {
+  return lookups::Folded(broker.name.toStdString());
+}
+
+std::string KeyOf(const records::Scrip& scrip) {
+  return lookups::Folded(scrip.code.toStdString());
+}
+
+std::string KeyOf(const records::Percentage& percentage) {
+  return percentage.year.Utf8() + "\n" + lookups::Folded(percentage.name.toStdString());
+}
+
 namespace {
-
-std::string Copy(std::string_view text) {
-  return std::string(text);
-}
-
-/// The texts of neighbouring columns, first to last.
-void AppendTexts(std::vector<std::string>& values, CsvTable& table, int first, int last) {
-  for (int column = first; column <= last; ++column) {
-    values.push_back(Copy(table.Text(static_cast<std::size_t>(column))));
-  }
-}
 
 class Reader {
  public:
@@ -118,6 +127,10 @@ class Reader {
   Symbol Client(int column) {
     return portfolio_.client_codes.Intern(table_->Text(column), *table_, file_);
   }
+  std::optional<Symbol> OptionalClient(int column) {
+    const bool named = !table_->Text(column).empty();
+    return named ? std::optional(Client(column)) : std::nullopt;
+  }
   Symbol Account(int column) {
     return portfolio_.account_numbers.Intern(table_->Text(column), *table_, file_);
   }
@@ -128,80 +141,111 @@ class Reader {
     return portfolio_.broker_names.Intern(table_->Text(column), *table_, file_);
   }
 
-  MasterRow NewMaster(std::string_view key) const {
-    return {lookups::Folded(key), {}, table_->Line()};
+  QString Text(int column) {
+    return QString::fromUtf8(table_->Text(static_cast<std::size_t>(column)));
+  }
+
+  std::string FoldedText(int column) {
+    return lookups::Folded(table_->Text(static_cast<std::size_t>(column)));
+  }
+
+  static QString DayText(std::optional<text::Date> date) {
+    return date ? text::FormatDmy(*date) : QString();
+  }
+
+  /// The columns of a contact stand together in every file, in one order.
+  void ReadContact(records::Contact& contact, int address) {
+    for (QString records::Contact::*member :
+         {&records::Contact::address, &records::Contact::city, &records::Contact::state,
+          &records::Contact::pin, &records::Contact::std_code, &records::Contact::phone,
+          &records::Contact::mobile, &records::Contact::fax, &records::Contact::email}) {
+      contact.*member = Text(address++);
+    }
   }
 
   void ReadParticipant() {
     using namespace participants;
-    MasterRow row = NewMaster(table_->Text(kName));
-    portfolio_.dp_ids.push_back({row.key, Copy(table_->Text(kDpId)), table_->Line()});
-    row.values = {Copy(table_->Text(kName))};
-    AppendTexts(row.values, *table_, kAddress, kDesignation);
-    row.values.push_back(std::to_string(std::max(table_->Choice(kDepository, kDepositories), 0)));
+    MasterRow<records::Participant> row{{}, table_->Line()};
+    records::Participant& record = row.record;
+    record.name = Text(kName);
+    ReadContact(record, kAddress);
+    record.person = Text(kPerson);
+    record.designation = Text(kDesignation);
+    record.depository = table_->Choice(kDepository, kDepositories) == 1
+                            ? records::Depository::kCdsl
+                            : records::Depository::kNsdl;
+    portfolio_.dp_ids.push_back({KeyOf(record), Text(kDpId), row.line});
     // A participant with several DP ids has a row for each.
-    const auto same = std::find_if(portfolio_.participants.begin(), portfolio_.participants.end(),
-                                   [&](const MasterRow& other) { return other.key == row.key; });
+    const auto same = std::ranges::find(
+        portfolio_.participants, KeyOf(record),
+        [](const MasterRow<records::Participant>& other) { return KeyOf(other.record); });
     if (same == portfolio_.participants.end()) {
       portfolio_.participants.push_back(std::move(row));
-    } else if (same->values != row.values) {
+    } else if (same->record != record) {
       table_->Fail(kName, "the participant stands above with other details");
     }
   }
 
   void ReadClient() {
     using namespace clients;
-    MasterRow row = NewMaster(table_->Text(kCode));
-    AppendTexts(row.values, *table_, kCode, kEmail);
-    const auto birth = table_->DateOf(kDob);
-    row.values.push_back(birth ? text::FormatDmy(*birth).toStdString() : std::string());
-    row.values.push_back(Copy(table_->Text(kPan)));
-    if (!text::IsValidPan(QString::fromStdString(row.values.back())).valid) {
-      table_->Fail(kPan, "expected a PAN such as AAAPA9999A, found " + Quoted(row.values.back()));
+    MasterRow<records::Client> row{{}, table_->Line()};
+    records::Client& record = row.record;
+    record.code = Text(kCode);
+    record.group_code = Text(kGroupCode);
+    record.name = Text(kName);
+    ReadContact(record, kAddress);
+    record.date_of_birth = DayText(table_->DateOf(kDob));
+    record.pan = Text(kPan);
+    if (!text::IsValidPan(record.pan).valid) {
+      table_->Fail(kPan,
+                   "expected a PAN such as AAAPA9999A, found " + Quoted(record.pan.toStdString()));
     }
-    row.values.push_back(std::to_string(table_->Choice(kSex, kSexes)));
-    row.values.push_back(std::to_string(table_->Choice(kMaritalStatus, kMaritalStatuses)));
+    record.sex = table_->Choice(kSex, kSexes);
+    record.marital_status = table_->Choice(kMaritalStatus, kMaritalStatuses);
     AddUnique(portfolio_.clients, std::move(row), kCode);
   }
 
   void ReadAccount() {
     using namespace accounts;
-    portfolio_.accounts.push_back({Client(kClientCode), lookups::Folded(table_->Text(kParticipant)),
-                                   Copy(table_->Text(kDpId)), Copy(table_->Text(kAccountNo)),
-                                   table_->Line()});
+    portfolio_.accounts.push_back({Client(kClientCode), FoldedText(kParticipant), Text(kDpId),
+                                   Text(kAccountNo), table_->Line()});
   }
 
   void ReadBroker() {
     using namespace brokers;
-    MasterRow row = NewMaster(table_->Text(kName));
-    AppendTexts(row.values, *table_, kName, kEmail);
+    MasterRow<records::Broker> row{{}, table_->Line()};
+    row.record.name = Text(kName);
+    ReadContact(row.record, kAddress);
     AddUnique(portfolio_.brokers, std::move(row), kName);
   }
 
   void ReadScrip() {
     using namespace scrips;
-    MasterRow row = NewMaster(table_->Text(kCode));
-    row.values = {Copy(table_->Text(kCode)), Copy(table_->Text(kName)), Copy(table_->Text(kType)),
-                  Copy(table_->Text(kClass)), Copy(table_->Text(kNCode))};
+    ScripRow row{{{}, table_->Line()}, Text(kType), Text(kClass)};
+    row.record.code = Text(kCode);
+    row.record.name = Text(kName);
+    row.record.second_code = Text(kNCode);
     AddUnique(portfolio_.scrips, std::move(row), kCode);
   }
 
   void ReadPercentage() {
     using namespace percentages;
+    MasterRow<records::Percentage> row{{}, table_->Line()};
     const auto year = table_->YearOf(kFyear);
     const int kind = table_->Choice(kName, kPercentKinds);
-    std::string percent;
-    text::AppendExact(percent, table_->Number(kPercent));
+    row.record.percent = table_->Number(kPercent);
     if (!year || kind < 0) {
       return;
     }
-    MasterRow row = NewMaster(year->Utf8() + "\n" + Copy(table_->Text(kName)));
-    row.values = {year->Utf8(), Copy(table_->Text(kName)), percent, Copy(table_->Text(kAsOn))};
+    row.record.year = *year;
+    row.record.name = Text(kName);
+    row.record.as_on = Text(kAsOn);
     AddUnique(portfolio_.percentages, std::move(row), kName);
   }
 
-  void AddUnique(std::vector<MasterRow>& rows, MasterRow row, int column) {
-    if (!keys_.emplace(static_cast<int>(file_), row.key).second) {
+  template <class Row>
+  void AddUnique(std::vector<Row>& rows, Row row, int column) {
+    if (!keys_.emplace(static_cast<int>(file_), KeyOf(row.record)).second) {
       table_->Fail(column, "stands in this file already");
       return;
     }
@@ -216,12 +260,14 @@ class Reader {
     const auto year = table_->YearOf(kFyear);
     const auto date = table_->DateOf(kPurchaseDate);
     row.scrip = Scrip(kScripCode);
-    row.quantity = table_->Shares(kQuantity);
-    row.rate = table_->Number(kRate);
-    row.service_tax = table_->Number(kServiceTax);
-    row.brokerage = table_->Number(kBrokerage);
-    row.stt = table_->Number(kStt);
-    row.fo = table_->Flag(kFo);
+    records::Opening& record = row.record;
+    record.quantity = table_->Shares(kQuantity);
+    record.rate = table_->Number(kRate);
+    record.service_tax = table_->Number(kServiceTax);
+    record.brokerage = table_->Number(kBrokerage);
+    record.stt = table_->Number(kStt);
+    record.fo = table_->Flag(kFo);
+    record.total = records::OpeningTotal(record.quantity, record.rate, record.brokerage);
     row.line = table_->Line();
     if (!year || !date) {
       return;
@@ -230,9 +276,10 @@ class Reader {
       table_->Fail(kPurchaseDate, fmt::format("expected a date up to {}",
                                               text::FormatDmy(year->LastDay()).toStdString()));
     }
-    row.year = *year;
+    record.year = *year;
+    record.purchase_date = text::FormatDmy(*date);
     row.purchase_date = *date;
-    portfolio_.openings.push_back(row);
+    portfolio_.openings.push_back(std::move(row));
   }
 
   void ReadBillLine() {
@@ -262,7 +309,8 @@ class Reader {
     using namespace bills;
     BillLineRow line;
     line.scrip = Scrip(kScripCode);
-    line.purchase = table_->Choice(kSide, kPurchaseSale) == 0;
+    line.side =
+        table_->Choice(kSide, kPurchaseSale) == 0 ? records::Side::kPurchase : records::Side::kSale;
     line.quantity = table_->Shares(kQuantity);
     line.rate = table_->Number(kRate);
     line.brokerage = table_->Number(kBrokerage);
@@ -274,7 +322,7 @@ class Reader {
     line.fo = table_->Flag(kFo);
     line.line = static_cast<std::uint32_t>(table_->Line());
     line.lot_rate = LotRate();
-    if (line.purchase && line.lot_rate != BillLineRow::kNoLotRate) {
+    if (line.IsPurchase() && line.lot_rate != BillLineRow::kNoLotRate) {
       table_->Fail(kLotRate, "expected nothing: a purchase makes its lot at its own rate");
     }
     return line;
@@ -353,16 +401,20 @@ class Reader {
     const auto date = table_->DateOf(kDate);
     row.from_account = Account(kFromAccount);
     row.to_account = Account(kToAccount);
+    row.from_client = OptionalClient(kFromClient);
+    row.to_client = OptionalClient(kToClient);
     row.scrip = Scrip(kScripCode);
-    row.rate = table_->Number(kRate);
-    row.quantity = table_->Shares(kQuantity);
+    row.record.rate = table_->Number(kRate);
+    row.record.quantity = table_->Shares(kQuantity);
     row.line = table_->Line();
-    if (row.from_account == row.to_account) {
+    if (row.from_account == row.to_account && row.from_client == row.to_client) {
       table_->Fail(kToAccount, "expected another account than the one the shares leave");
     }
     if (date) {
       row.date = *date;
-      portfolio_.transfers.push_back(row);
+      row.record.date = text::FormatDmy(*date);
+      row.record.year = text::FinancialYear::Of(*date);
+      portfolio_.transfers.push_back(std::move(row));
     }
   }
 
@@ -372,11 +424,12 @@ class Reader {
     row.client = Client(kClientCode);
     const auto year = table_->YearOf(kFyear);
     row.broker = Broker(kBroker);
-    row.amount = table_->PositiveNumber(kAmount);
-    row.side = table_->Choice(kSide, kDebitCredit);
+    row.record.amount = table_->PositiveNumber(kAmount);
+    row.record.side = table_->Choice(kSide, kDebitCredit) == 0 ? records::DebitCredit::kDebit
+                                                               : records::DebitCredit::kCredit;
     row.line = table_->Line();
     if (year) {
-      row.year = *year;
+      row.record.year = *year;
       portfolio_.broker_openings.push_back(row);
     }
   }
@@ -386,18 +439,19 @@ class Reader {
     MoneyRow row;
     row.client = Client(kClientCode);
     row.broker = Broker(kBroker);
-    row.mode = table_->Choice(kMode, modes);
-    row.amount = table_->PositiveNumber(kAmount);
+    records::Payment& record = row.record;
+    record.mode = table_->Choice(kMode, modes);
+    record.amount = table_->PositiveNumber(kAmount);
     const auto date = table_->DateOf(kDate);
-    row.payment_mode = table_->Choice(kPaymentMode, kPaymentKinds);
-    row.cheque_no = table_->Text(kChequeNo);
-    const auto cheque_date = table_->DateOf(kChequeDate);
-    row.cheque_date = cheque_date ? text::FormatDmy(*cheque_date).toStdString() : std::string();
-    row.drawn_on = table_->Text(kDrawnOn);
-    row.remark = table_->Text(kRemark);
+    record.payment_mode = table_->Choice(kPaymentMode, kPaymentKinds);
+    record.cheque_number = Text(kChequeNo);
+    record.cheque_date = DayText(table_->DateOf(kChequeDate));
+    record.drawn_on = Text(kDrawnOn);
+    record.remark = Text(kRemark);
     row.line = table_->Line();
     if (date) {
-      row.date = *date;
+      record.date = text::FormatDmy(*date);
+      record.year = text::FinancialYear::Of(*date);
       rows.push_back(std::move(row));
     }
   }
@@ -407,11 +461,12 @@ class Reader {
     RateRow row;
     const auto date = table_->DateOf(kDate);
     row.scrip = Scrip(kScripCode);
-    row.rate = table_->Number(kRate);
+    row.record.rate = table_->Number(kRate);
     row.line = table_->Line();
     if (date) {
-      row.date = *date;
-      portfolio_.rates.push_back(row);
+      row.record.date = text::FormatDmy(*date);
+      row.record.year = text::FinancialYear::Of(*date);
+      portfolio_.rates.push_back(std::move(row));
     }
   }
 

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "core/ClientYear.h"
-#include "core/database/Transaction.h"
-#include "portfolio/Portfolio.h"
+#include "core/records/Bill.h"
+#include "core/records/Money.h"
+#include "core/records/Opening.h"
+#include "core/records/Query.h"
+#include "core/records/Transfer.h"
 
 #include <set>
 #include <string>
@@ -10,31 +12,39 @@
 
 namespace quorvane::portfolio {
 
-/// The documents that stand in the database before an import, in the years that it touches, so that
-/// a folder taken in twice is noticed.
+// What makes two records of a kind the same document. Numbers are written shortest, so that equal
+// texts mean equal numbers.
+std::string IdentityOf(const records::Bill& bill);
+std::string IdentityOf(const records::Opening& opening);
+std::string IdentityOf(const records::Transfer& transfer);
+std::string IdentityOf(const records::Payment& payment);
+std::string IdentityOf(const records::BrokerOpening& opening);
+
+/// The documents of a kind that stand in the database before an import, so that a folder taken in
+/// twice is noticed.
+template <class Record>
 class RecordedDocuments {
  public:
-  RecordedDocuments(database::Transaction& transaction, std::set<text::FinancialYear> years);
+  void Read(records::Select<Record> select) {
+    select.Each([this](const Record& record) { Add(record); });
+  }
 
-  const std::set<text::FinancialYear>& Years() const { return years_; }
-  bool IsEmpty(text::FinancialYear year) const { return !used_years_.contains(year); }
+  /// The documents of these years.
+  void Read(database::Connection& connection, const std::set<text::FinancialYear>& years) {
+    for (const text::FinancialYear year : years) {
+      Read(records::Select<Record>(connection).Where(&Record::year, year));
+    }
+  }
 
-  /// `day` is the document's date as dd/mm/yyyy.
-  bool HasBill(const ClientYear& of, AccountId account, BrokerId broker, const BillRow& bill,
-               const std::string& day) const;
-  bool HasOpening(const ClientYear& of, AccountId account, ScripId scrip,
-                  const OpeningRow& row) const;
-  bool HasTransfer(text::FinancialYear year, AccountId from, AccountId to, ScripId scrip,
-                   const TransferRow& row, const std::string& day) const;
+  /// False when it is there already.
+  bool Add(const Record& record) { return identities_.insert(IdentityOf(record)).second; }
+
+  bool Has(const Record& record) const {
+    return !identities_.empty() && identities_.contains(IdentityOf(record));
+  }
 
  private:
-  void Read(database::Transaction& transaction, text::FinancialYear year);
-
-  std::set<text::FinancialYear> years_;
-  std::set<text::FinancialYear> used_years_;
-  std::unordered_set<std::string> bills_;
-  std::unordered_set<std::string> openings_;
-  std::unordered_set<std::string> transfers_;
+  std::unordered_set<std::string> identities_;
 };
 
 }  // namespace quorvane::portfolio

@@ -5,7 +5,7 @@ namespace quorvane::portfolio {
 std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio) {
   std::set<text::FinancialYear> years;
   for (const OpeningRow& row : portfolio.openings) {
-    years.insert(row.year);
+    years.insert(row.record.year);
   }
   const auto add_dates = [&](const auto& rows) {
     text::Date last{};

@@ -4,7 +4,7 @@
 import shutil
 import unittest
 
-from base import BASE, BILL_HEADER, write
+from base import BASE, BILL_HEADER, TRANSFER_HEADER, write
 from ctl import REFUSED, SAMPLE, Case, generate, portfolio_files, rows
 
 MASTERS = ("participants.csv", "clients.csv", "accounts.csv", "brokers.csv", "scrips.csv",
@@ -223,6 +223,30 @@ class Recorded(ComesAgain):
              line.format(2, "02/06/2011", "P", 10, ""), line.format(3, "03/06/2011", "S", 6, ""),
              ""])})
         self.assertIn(["2011-12", "1", "600002", "60", "0"], lots(desk))
+        self.assert_comes_again(desk)
+
+    def test_charge_with_fractions_of_a_paisa_over_two_lots(self):
+        line = "AN,A1,{},{},LOTUS,NSE,{},600002,{},{},0,{},{},0,,"
+        desk = self.taken_in({"bills.csv": "\n".join(
+            [BILL_HEADER, line.format(1, "02/05/2011", "P", 99, 60, 0, 0),
+             line.format(2, "03/05/2011", "P", 1, 61, 0, 0),
+             line.format(3, "04/05/2011", "S", 100, 70, 0.004, 0.016), ""])})
+        self.assertEqual(desk.sql("Select Qty,STax,STT From SPTrans Where SP=0 Order By Id"),
+                         [["99", "0", "0.016"], ["1", "0.004", "0"]])
+        self.assert_comes_again(desk)
+
+    def test_accounts_of_two_clients_with_one_number(self):
+        line = "AN,A1,1,02/05/2011,LOTUS,NSE,P,600002,10,60,,,,0,,\n"
+        contents = {
+            "accounts.csv": BASE["accounts.csv"] + "BI,NIDHI,IN399901,A1\n",
+            "bills.csv": f"{BILL_HEADER}\n{line}{line.replace('AN', 'BI').replace('10,60', '7,60')}"}
+        transfers = f"{TRANSFER_HEADER}\n03/05/2011,A1,A1,600002,60,4\n"
+        told = self.new_desk().take_in(write(self.new_folder(), BASE | contents | {
+            "transfers.csv": transfers.replace("A1,A1", "A1,A2")}), REFUSED)
+        self.assertIn("transfers.csv, line 2, column from_account: several clients have", told)
+        desk = self.taken_in(contents | {"transfers.csv": transfers.replace(
+            "quantity", "quantity,from_client,to_client").replace(",60,4", ",60,4,an,BI")})
+        self.assertEqual(sorted(lot[-1] for lot in lots(desk) if lot[2] == "600002"), ["11", "6"])
         self.assert_comes_again(desk)
 
     def test_stock_carried_forward_without_an_account(self):

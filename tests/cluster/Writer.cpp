@@ -52,7 +52,7 @@ class Writer {
     bill.account = directory_.FindAccounts("A1").front()->id;
     bills::BillLine line;
     line.scrip = directory_.FindScrip("600001")->id;
-    line.quantity = 10;
+    line.quantity = text::Shares(10);
     line.rate = 100 + round % 3;
     bills::ComputeAmount(line);
     bill.lines = {line, line};
@@ -62,7 +62,7 @@ class Writer {
   }
 
   void Change(bills::Bill& bill) {
-    bill.lines[0].quantity = 7;
+    bill.lines[0].quantity = text::Shares(7);
     bills::ComputeAmount(bill.lines[0]);
     Insist(book_.Save(bill));
     Tell(bill, "17");

@@ -83,16 +83,16 @@ class _Shelf:
 
 
 def split(line: Line, takes: list[tuple[Fraction, Fraction]]) -> list[Line]:
-    """One line a lot. Up to any line the charges are the rounded part of the quantity so far: the
-    parts add up to the whole and none is negative."""
+    """One line a lot. Up to any line the charges are the rounded part of the quantity so far, never
+    beyond the whole: the parts add up to it and none is negative."""
     lines = []
     taken = Fraction(0)
     service_tax = stt = Fraction(0)
     for rate, quantity in takes:
         taken += quantity
-        share = taken / line.quantity
-        tax_so_far = line.service_tax if share == 1 else rounded(line.service_tax * share)
-        stt_so_far = line.stt if share == 1 else rounded(line.stt * share)
+        tax_so_far, stt_so_far = (
+            whole if taken == line.quantity else min(whole, rounded(whole * taken / line.quantity))
+            for whole in (line.service_tax, line.stt))
         lines.append(line._replace(quantity=quantity, lot_rate=rate,
                                    service_tax=tax_so_far - service_tax, stt=stt_so_far - stt))
         service_tax, stt = tax_so_far, stt_so_far

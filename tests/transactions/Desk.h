@@ -66,7 +66,7 @@ struct Desk {
     bills::BillLine line;
     line.side = bills::Side::kPurchase;
     line.scrip = scrip;
-    line.quantity = quantity;
+    line.quantity = text::Shares(quantity);
     line.rate = rate;
     bills::ComputeAmount(line);
     return line;

@@ -41,6 +41,7 @@ constexpr TextPlace kPlaces[kTexts] = {
     {"Internet", "NseArchiveHost", Rule::kWebAddress},
     {"Printer", "Name", Rule::kAny},
     {"Printer", "PageSize", Rule::kAny},
+    {"Bills", "WholeRupeeStt", Rule::kAny},
 };
 
 bool IsWholeNumber(const QString& text, int first, int last) {

@@ -39,8 +39,9 @@ enum Text {
   NseQuoteHost,
   ArchiveHost,
   NseArchiveHost,
-  Printer,   ///< name of the printer that is proposed; empty: the desktop's own
-  PageSize,  ///< "A4", "Letter", "Legal", "A5", "A3"
+  Printer,        ///< name of the printer that is proposed; empty: the desktop's own
+  PageSize,       ///< "A4", "Letter", "Legal", "A5", "A3"
+  WholeRupeeStt,  ///< "yes" or "no": the STT of a bill's line is proposed in whole rupees
   kTexts
 };
 

@@ -22,6 +22,7 @@ QString Preset(Text text) {
     case Language:
       return QStringLiteral("en");
     case TlsVerify:
+    case WholeRupeeStt:
       return QStringLiteral("no");
     case IndexFeed:
       return QLatin1String(rates::kIndexFeed);
@@ -99,7 +100,9 @@ Settings LoadSettings(const app::Folders& folders) {
     settings.texts[text] =
         file.Read(QLatin1String(place.section), QLatin1String(place.key), Preset(text));
   }
-  settings.texts[TlsVerify] = YesOrNo(settings.texts[TlsVerify]);
+  for (const Text text : {TlsVerify, WholeRupeeStt}) {
+    settings.texts[text] = YesOrNo(settings.texts[text]);
+  }
   settings.own_database = settings.texts[Server].isEmpty() && settings.texts[Socket].isEmpty() &&
                           settings.texts[Database].isEmpty();
   return settings;

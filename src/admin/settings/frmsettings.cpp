@@ -79,6 +79,7 @@ frmsettings::frmsettings(controls::Desk& desk, FolderDialog choose_folder)
   pages_->addTab(DatabasePage(), tr("Data&base"));
   pages_->addTab(InternetPage(), tr("&Internet"));
   pages_->addTab(PrinterPage(), tr("&Printer"));
+  pages_->addTab(BillsPage(), tr("Bills"));
   rows->addWidget(pages_, 1);
   rows->addLayout(Buttons());
   Connect();
@@ -191,6 +192,15 @@ QWidget* frmsettings::DatabasePage() {
   qobject_cast<TextBox*>(boxes_[Password])->setEchoMode(QLineEdit::Password);
   QWidget* done = page.Done();
   page.rows->insertLayout(2, TrialRow());
+  return done;
+}
+
+QWidget* frmsettings::BillsPage() {
+  Page page(1);
+  AddChoice(*page.fields, WholeRupeeStt, tr("S.T.T. of a line"), {kNo, kYes},
+            {tr("In paise"), tr("In whole rupees, 50 paise up")});
+  QWidget* done = page.Done();
+  page.rows->insertWidget(1, Hint(tr("How it is proposed in bill windows opened from now on.")));
   return done;
 }
 

@@ -40,6 +40,7 @@ class frmsettings : public controls::ChildWindow {
   QWidget* DatabasePage();
   QWidget* InternetPage();
   QWidget* PrinterPage();
+  QWidget* BillsPage();
   QWidget* ReportsFolder();
   QLayout* DatabaseChoice();
   QLayout* TrialRow();

@@ -13,8 +13,8 @@ namespace quorvane::database {
 /// Port, Socket, Database, User, Password, TlsCa, TlsCertificate, TlsKey and TlsVerify. `read`
 /// gives a key's text, empty when it is missing. Nothing when Server, Socket and Database are all
 /// missing: then the program keeps its own server. Server may name several, separated by commas.
-/// Throws std::runtime_error, fit to be shown, when a port is no port, TlsVerify neither yes nor no,
-/// or Driver a file that may not be loaded.
+/// Throws std::runtime_error, fit to be shown, when a port is no port, TlsVerify neither yes nor
+/// no, or Driver a file that may not be loaded.
 std::optional<ConnectionSettings> ReadDatabaseSettings(
     const std::function<QString(const QString& key)>& read);
 

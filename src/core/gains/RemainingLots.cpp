@@ -1,5 +1,6 @@
 #include "core/gains/RemainingLots.h"
 
+#include "core/records/Opening.h"
 #include "core/text/Amounts.h"
 
 namespace quorvane::gains {
@@ -19,7 +20,8 @@ RemainingLot LotOf(const ScripHistory& history, const Purchase& purchase) {
   lot.quantity = purchase.remaining;
   lot.rate = purchase.lot_rate;
   lot.brokerage = purchase.brokerage;
-  lot.total = text::RoundAmount(purchase.remaining * (purchase.lot_rate + purchase.brokerage));
+  lot.total = records::OpeningTotal(text::Shares(purchase.remaining), purchase.lot_rate,
+                                    purchase.brokerage);
   lot.service_tax = PartOf(purchase.service_tax, purchase);
   lot.stt = PartOf(purchase.stt, purchase);
   lot.fo = purchase.fo;

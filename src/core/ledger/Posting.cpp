@@ -30,11 +30,10 @@ void Move(Lots& lots, const Transfer& transfer, const Place& from, const Place& 
 }
 
 void PostSale(Lots& lots, const Place& place, BillLine& line) {
-  if (line.lot.value < 0) {
-    const auto* lot = lots.Find(KeyAt(place, line.scrip, line.lot_rate));
-    line.lot = lot == nullptr ? LotId{-1} : lot->id;
-  }
-  if (lots.Find(place, line.lot, line.scrip) != nullptr) {
+  const auto* lot = line.lot.value < 0 ? lots.Find(KeyAt(place, line.scrip, line.lot_rate))
+                                       : lots.Find(place, line.lot, line.scrip);
+  if (lot != nullptr) {
+    line.lot = lot->id;
     lots.AdjustLotQty(Posting::kSubtract, line.lot, line.quantity);
   } else {
     lots.PostUnknown(Posting::kSubtract, line.lot, line.scrip, line.quantity);

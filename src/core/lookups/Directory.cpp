@@ -1,5 +1,8 @@
 #include "core/lookups/Directory.h"
 
+#include "core/records/Masters.h"
+#include "core/records/Query.h"
+
 #include <QString>
 
 #include <algorithm>
@@ -44,24 +47,33 @@ std::string Folded(std::string_view utf8) {
 }
 
 Directory::Directory(database::Connection& connection) {
-  for (const auto& row : connection.Open("Select Id,Code,Name From ClientInfo Order By Code,Id")) {
-    client_by_id_.try_emplace(ClientId{row.Int(std::size_t{0})}, clients_.size());
-    client_by_code_.try_emplace(Folded(row.Utf8(1)), clients_.size());
-    clients_.push_back(
-        {ClientId{row.Int(std::size_t{0})}, std::string(row.Utf8(1)), std::string(row.Utf8(2))});
-  }
-  for (const auto& row : connection.Open("Select id,CId,ACNo From ClientActDet Order By ACNo,id")) {
-    account_by_id_.try_emplace(AccountId{row.Int(std::size_t{0})}, accounts_.size());
-    account_by_number_.emplace(Folded(row.Utf8(2)), accounts_.size());
-    accounts_.push_back(
-        {AccountId{row.Int(std::size_t{0})}, ClientId{row.Int(1)}, std::string(row.Utf8(2))});
-  }
-  for (const auto& row : connection.Open("Select Id,Code,Name From Script Order By Name,Id")) {
-    scrip_by_id_.try_emplace(ScripId{row.Int(std::size_t{0})}, scrips_.size());
-    scrip_by_code_.try_emplace(Folded(row.Utf8(1)), scrips_.size());
-    scrips_.push_back(
-        {ScripId{row.Int(std::size_t{0})}, std::string(row.Utf8(1)), std::string(row.Utf8(2))});
-  }
+  using records::Account;
+  using records::Client;
+  using records::Scrip;
+  records::Select<Client>(connection)
+      .OrderBy(&Client::code)
+      .OrderBy(&Client::id)
+      .Only<&Client::id, &Client::code, &Client::name>([this](const Client& client) {
+        clients_.push_back({client.id, client.code.toStdString(), client.name.toStdString()});
+        client_by_id_.try_emplace(client.id, clients_.size() - 1);
+        client_by_code_.try_emplace(Folded(clients_.back().code), clients_.size() - 1);
+      });
+  records::Select<Account>(connection)
+      .OrderBy(&Account::number)
+      .OrderBy(&Account::id)
+      .Only<&Account::id, &Account::client, &Account::number>([this](const Account& account) {
+        accounts_.push_back({account.id, account.client, account.number.toStdString()});
+        account_by_id_.try_emplace(account.id, accounts_.size() - 1);
+        account_by_number_.emplace(Folded(accounts_.back().number), accounts_.size() - 1);
+      });
+  records::Select<Scrip>(connection)
+      .OrderBy(&Scrip::name)
+      .OrderBy(&Scrip::id)
+      .Only<&Scrip::id, &Scrip::code, &Scrip::name>([this](const Scrip& scrip) {
+        scrips_.push_back({scrip.id, scrip.code.toStdString(), scrip.name.toStdString()});
+        scrip_by_id_.try_emplace(scrip.id, scrips_.size() - 1);
+        scrip_by_code_.try_emplace(Folded(scrips_.back().code), scrips_.size() - 1);
+      });
 }
 
 const ClientEntry& Directory::Client(ClientId id) const {

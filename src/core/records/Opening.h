@@ -2,6 +2,7 @@
 
 #include "core/ClientYear.h"
 #include "core/records/Table.h"
+#include "core/text/Amounts.h"
 #include "core/text/Shares.h"
 
 #include <QString>
@@ -24,6 +25,11 @@ struct Opening {
   double stt = 0;          ///< rupees for the whole quantity
   bool fo = false;         ///< futures and options
 };
+
+/// What an opening lot cost: Opening::total, in rupees rounded to paise.
+inline double OpeningTotal(text::Shares quantity, double rate, double brokerage) {
+  return text::RoundAmount(quantity.Number() * text::Tidy(rate + brokerage));
+}
 
 template <>
 struct Table<Opening> {

@@ -34,7 +34,7 @@ template <class Record, class Field>
 constexpr std::string_view ColumnOf(Field Record::*member) {
   std::string_view name;
   ForEachColumn<Record>([&](const auto& column) {
-    if constexpr (std::is_same_v<decltype(column.member), Field Record::*const>) {
+    if constexpr (std::is_same_v<decltype(column.member), Field Record::*>) {
       if (column.member == member) {
         name = column.name;
       }

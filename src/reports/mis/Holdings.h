@@ -77,7 +77,7 @@ struct HoldingsRead {
 /// movement or stock left out: by client code, scrip name and account number. One query a table,
 /// whatever the number of clients. Throws as gains::History does.
 HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
-                                  const report::Period& period, Progress& progress);
+                          const report::Period& period, Progress& progress);
 
 /// The holding of one place out of what came in and left there, both in date order; `purchases` are
 /// used up.

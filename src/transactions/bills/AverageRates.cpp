@@ -1,114 +1,121 @@
 #include "transactions/bills/AverageRates.h"
 
-#include "core/database/BulkWriter.h"
-#include "core/database/DateSql.h"
+#include "core/database/Transaction.h"
 #include "core/gains/AverageCost.h"
+#include "core/records/Writing.h"
 #include "core/text/Amounts.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 
 namespace quorvane::bills {
 namespace {
 
 using database::Connection;
 using database::Transaction;
+using ledger::Place;
+using records::Lot;
+using records::Movement;
+using records::MovementKind;
+using records::Select;
 
 using Walks = std::map<ScripId, gains::AverageCost>;
 
-constexpr std::string_view kScrips =
-    "Select Distinct(ScriptId) From Stock Where Cid=? and Fyear=? and AcId=?";
-constexpr std::string_view kOpenings =
-    "Select ScriptId,Sum(Qty),Sum(Total)+Sum(STax) From Script,StkOpBal Where Script.Id=ScriptId "
-    "and CId=? and Fyear=? and AcId=? Group By ScriptId";
-constexpr std::string_view kLines =
-    "Select ScriptId,SP,Qty,Amt,STax From Script,SPTrans,SPMaster Where SPTrans.Cid=? and "
-    "SPTrans.Fyear=? and SPMaster.ID=SID and SPMaster.AcId=? and SPTrans.ScriptId=Script.Id "
-    "Order By {},SPTrans.SID,SPTrans.Id";
-
-/// The account's rows of a query whose first column is the scrip, for the scrips walked.
-template <class Visit>
-void ForEachRow(Transaction& transaction, std::string_view sql, const ClientYear& of,
-                AccountId account, Walks& walks, const Visit& visit) {
-  for (const auto& row : transaction.Open(sql, of.client, of.year.Text(), account)) {
-    const auto walk = walks.find(ScripId{row.Int(std::size_t{0})});
-    if (walk != walks.end()) {
-      visit(walk->second, row);
+/// The opening balance of a scrip counts as one receipt.
+void ReceiveOpenings(std::span<const Movement> movements, Walks& walks) {
+  struct Sum {
+    double quantity = 0;
+    double cost = 0;
+  };
+  std::map<ScripId, Sum> sums;
+  for (const Movement& m : movements) {
+    if (m.kind == MovementKind::kOpening) {
+      Sum& sum = sums[m.scrip];
+      sum.quantity += m.quantity.Number();
+      sum.cost += m.amount + m.service_tax;
+    }
+  }
+  for (const auto& [scrip, sum] : sums) {
+    if (const auto walk = walks.find(scrip); walk != walks.end()) {
+      walk->second.Receive(sum.quantity, text::ToPaise(sum.cost));
     }
   }
 }
 
-Walks WalkAccount(Transaction& transaction, const ClientYear& of, AccountId account) {
+/// Lines of a bill without a date come first.
+std::vector<Movement> LinesInOrder(std::span<const Movement> movements) {
+  std::vector<Movement> lines;
+  std::ranges::copy_if(movements, std::back_inserter(lines), [](const Movement& m) {
+    return m.kind == MovementKind::kPurchase || m.kind == MovementKind::kSale;
+  });
+  std::ranges::sort(
+      lines, {}, [](const Movement& m) { return std::tuple(m.dated, m.date, m.document, m.line); });
+  return lines;
+}
+
+Walks WalkAccount(Connection& connection, const Place& place, std::span<const Movement> movements) {
   Walks walks;
-  for (const auto& row : transaction.Open(kScrips, of.client, of.year.Text(), account)) {
-    walks.try_emplace(ScripId{row.Int(std::size_t{0})});
+  Select<Lot>(connection)
+      .Where(&Lot::client, place.of.client)
+      .Where(&Lot::year, place.of.year)
+      .Where(&Lot::account, place.account)
+      .Only<&Lot::scrip>([&](const Lot& lot) { walks.try_emplace(lot.scrip); });
+  ReceiveOpenings(movements, walks);
+  for (const Movement& m : LinesInOrder(movements)) {
+    const auto walk = walks.find(m.scrip);
+    if (walk == walks.end()) {
+      continue;
+    }
+    if (m.kind == MovementKind::kPurchase) {
+      walk->second.Receive(m.quantity.Number(), text::ToPaise(m.amount + m.service_tax));
+    } else {
+      walk->second.Release(m.quantity.Number());
+    }
   }
-  ForEachRow(transaction, kOpenings, of, account, walks,
-             [](gains::AverageCost& walk, const auto& row) {
-               walk.Receive(row.Double(1), text::ToPaise(row.Double(2)));
-             });
-  ForEachRow(transaction, fmt::format(kLines, database::DateOf("SPMaster.BDate")), of, account,
-             walks, [](gains::AverageCost& walk, const auto& row) {
-               if (row.Int(1) == 1) {
-                 walk.Receive(row.Double(2), text::ToPaise(row.Double(3) + row.Double(4)));
-               } else {
-                 walk.Release(row.Double(2));
-               }
-             });
   return walks;
 }
 
-bool AreStored(Transaction& transaction, const ClientYear& of, AccountId account,
-               const Walks& walks) {
-  const std::vector<AverageRate> stored =
-      ReadAverageRates(transaction.GetConnection(), of, account);
-  return std::ranges::equal(stored, walks, [](const AverageRate& rate, const auto& walk) {
-    return rate.scrip == walk.first && rate.rate == walk.second.Average();
-  });
+bool AreStored(Connection& connection, const Place& place, const Walks& walks) {
+  return std::ranges::equal(ReadAverageRates(connection, place), walks,
+                            [](const AverageRate& rate, const auto& walk) {
+                              return rate.scrip == walk.first && rate.rate == walk.second.Average();
+                            });
 }
 
-void Store(Transaction& transaction, const ClientYear& of, AccountId account, const Walks& walks) {
-  if (AreStored(transaction, of, account, walks)) {
-    return;
-  }
-  transaction.Execute("Delete From ScriptAvgRate Where Cid=? and Fyear=? and AcId=?", of.client,
-                      of.year.Text(), account);
-  constexpr int kEveryBroker = 0;
-  database::BulkWriter writer(transaction, "Insert Into ScriptAvgRate Values(?,?,?,?,?,?)",
-                              "itiiid");
+void Store(Transaction& transaction, const Place& place, const Walks& walks) {
+  records::Delete<AverageRate>(transaction)
+      .Where(&AverageRate::client, place.of.client)
+      .Where(&AverageRate::year, place.of.year)
+      .Where(&AverageRate::account, place.account)
+      .Run();
+  records::Writer<AverageRate> writer(transaction);
   for (const auto& [scrip, walk] : walks) {
-    writer.Int(of.client.value)
-        .Text(of.year.Utf8())
-        .Int(account.value)
-        .Int(scrip.value)
-        .Int(kEveryBroker)
-        .Double(walk.Average())
-        .EndRow();
+    writer.Write({place.of.client, place.of.year, place.account, scrip, {}, walk.Average()});
   }
   writer.Finish();
 }
 
 }  // namespace
 
-void RebuildAverageRates(Connection& connection, const ClientYear& of, AccountId account) {
+void RebuildAverageRates(Connection& connection, const Place& place,
+                         std::span<const Movement> movements) {
   database::InTransaction(connection, [&](Transaction& transaction) {
-    Store(transaction, of, account, WalkAccount(transaction, of, account));
+    const Walks walks = WalkAccount(connection, place, movements);
+    if (!AreStored(connection, place, walks)) {
+      Store(transaction, place, walks);
+    }
     return MaybeRefusal();
   });
 }
 
-std::vector<AverageRate> ReadAverageRates(Connection& connection, const ClientYear& of,
-                                          AccountId account) {
-  std::vector<AverageRate> rates;
-  for (const auto& row : connection.Open(
-           "Select ScriptId,AvgRate From ScriptAvgRate Where Cid=? and Fyear=? and AcId=? "
-           "Order By ScriptId",
-           of.client, of.year.Text(), account)) {
-    rates.push_back({ScripId{row.Int(std::size_t{0})}, row.Double(1)});
-  }
-  return rates;
+std::vector<AverageRate> ReadAverageRates(Connection& connection, const Place& place) {
+  return Select<AverageRate>(connection)
+      .Where(&AverageRate::client, place.of.client)
+      .Where(&AverageRate::year, place.of.year)
+      .Where(&AverageRate::account, place.account)
+      .OrderBy(&AverageRate::scrip)
+      .All();
 }
 
 }  // namespace quorvane::bills

@@ -1,6 +1,7 @@
 #include "transactions/bills/Bill.h"
 
 #include "core/text/Amounts.h"
+#include "core/text/Paise.h"
 
 #include <QCoreApplication>
 
@@ -29,13 +30,18 @@ double DefaultStt(const ChargePercents& percents, double amount) {
   return PercentOf(amount * percents.stt);
 }
 
+double InWholeRupees(double stt) {
+  constexpr double kHalf = 0.5;
+  return std::floor(text::Tidy(stt) + kHalf);
+}
+
 double NetRate(Side side, double rate, double brokerage) {
   return text::Tidy(side == Side::kPurchase ? rate + brokerage : rate - brokerage);
 }
 
 void ComputeAmount(BillLine& line) {
   line.net = NetRate(line.side, line.rate, line.brokerage);
-  line.amount = text::RoundAmount(line.net * line.quantity);
+  line.amount = text::RoundAmount(line.net * line.quantity.Number());
 }
 
 QString CaptionText(TotalCaption caption) {
@@ -57,20 +63,18 @@ TotalCaption SavedCaption(double stored_grand_total) {
 
 BillTotals ComputeTotals(std::span<const BillLine> lines, double other_charges,
                          double transaction_charges) {
-  double net = 0;
-  double stt = 0;
+  text::Paise net;
+  text::Paise stt;
   for (const BillLine& line : lines) {
-    if (line.side == Side::kPurchase) {
-      net -= line.amount + line.service_tax;
-      stt -= line.stt;
-    } else {
-      net += line.amount - line.service_tax;
-      stt += line.stt;
-    }
+    const auto amount = text::Paise::OfRupees(line.amount);
+    const auto service_tax = text::Paise::OfRupees(line.service_tax);
+    const auto line_stt = text::Paise::OfRupees(line.stt);
+    net += line.IsPurchase() ? -(amount + service_tax) : amount - service_tax;
+    stt += line.IsPurchase() ? -line_stt : line_stt;
   }
   BillTotals totals;
-  totals.total = text::RoundAmount(std::abs(net));
-  totals.stt = text::RoundAmount(std::abs(stt));
+  totals.total = std::abs(net.Rupees());
+  totals.stt = std::abs(stt.Rupees());
   const GrandTotal grand =
       ShowGrandTotal(totals.total, totals.total + other_charges + totals.stt + transaction_charges);
   totals.grand_total = grand.value;

@@ -1,51 +1,17 @@
 #pragma once
 
-#include "core/Ids.h"
+#include "core/records/Bill.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <span>
-#include <vector>
 
 namespace quorvane::bills {
 
-/// As stored: 1 is a purchase.
-enum class Side : std::uint8_t { kSale = 0, kPurchase = 1 };
-
-/// One line of a broker's bill: a sale or a purchase of one scrip.
-struct BillLine {
-  Side side = Side::kPurchase;
-  LotId lot;  ///< the lot that a sale draws on or that a purchase landed in
-  ScripId scrip;
-  double quantity = 0;     ///< shares
-  double rate = 0;         ///< rupees a share
-  double brokerage = 0;    ///< rupees a share
-  double net = 0;          ///< rupees a share, with brokerage
-  double amount = 0;       ///< rupees
-  double service_tax = 0;  ///< rupees
-  double stt = 0;          ///< rupees
-  double stt_percent = 0;  ///< the percentage that `stt` was proposed from
-  bool fo = false;         ///< futures and options
-  QString delivery_type = QStringLiteral("N.A.");
-};
-
-/// A broker's bill (contract note) with its lines in the order of entry. Amounts in rupees.
-struct Bill {
-  BillId id;  ///< none until it is saved
-  QString number;
-  QString date;  ///< dd/mm/yyyy
-  BrokerId broker;
-  ExchangeId exchange;
-  AccountId account;  ///< may be none
-  double total = 0;
-  double other_charges = 0;
-  double stt = 0;
-  double transaction_charges = 0;
-  double grand_total = 0;
-  QString settlement_number;
-  std::vector<BillLine> lines;
-};
+using records::Bill;
+using records::BillLine;
+using records::Side;
 
 /// The percentages of a year and delivery type from which charges are proposed.
 struct ChargePercents {
@@ -58,6 +24,9 @@ struct ChargePercents {
 double DefaultBrokerage(const ChargePercents& percents, double rate);  ///< rupees a share
 double DefaultServiceTax(const ChargePercents& percents, double brokerage, double quantity);
 double DefaultStt(const ChargePercents& percents, double amount);
+
+/// Whole rupees, 50 paise up, as exchanges charge the STT of a contract note.
+double InWholeRupees(double stt);
 
 /// Rupees a share that a sale brings or a purchase costs, brokerage taken off or added; not
 /// rounded.

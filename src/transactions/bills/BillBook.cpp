@@ -1,179 +1,138 @@
 #include "transactions/bills/BillBook.h"
 
-#include "core/database/BulkWriter.h"
-#include "core/database/DateSql.h"
 #include "core/database/Keys.h"
+#include "core/ledger/Posting.h"
+#include "core/records/Query.h"
+#include "core/records/Writing.h"
+#include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/BillChecks.h"
-#include "transactions/bills/LinePosting.h"
 #include "transactions/posting/Owner.h"
-#include "transactions/posting/ScratchLots.h"
-
-#include <fmt/format.h>
+#include "transactions/posting/Shortage.h"
 
 namespace quorvane::bills {
 namespace {
 
 using database::Connection;
-using database::Recordset;
 using database::Transaction;
-using posting::LotSheet;
+using ledger::Place;
+using records::Select;
 
-constexpr std::string_view kSelectHeaders =
-    "Select ID,BillNo,BDate,BrokId,ExId,AcId,Tot,OthCharge,STT,TranChg,Total,SettlNo From SPMaster "
-    "Where Cid=? and Fyear=?";
-constexpr std::string_view kSelectLines =
-    "Select SP,StkId,ScriptId,Qty,Rate,Brk,Net,Amt,STax,FO,STT,STTPer,DelvType From SPTrans "
-    "Where Cid=? and Fyear=? and SID=? Order By Id";
-constexpr std::string_view kForUpdate = " For Update";
-
-Bill HeaderOf(const Recordset& row) {
-  Bill bill;
-  bill.id = BillId{row.Int(std::size_t{0})};
-  bill.number = row.Text(1);
-  bill.date = row.Text(2);
-  bill.broker = BrokerId{row.Int(3)};
-  bill.exchange = ExchangeId{row.Int(4)};
-  bill.account = AccountId{row.Int(5)};
-  bill.total = row.Double(6);
-  bill.other_charges = row.Double(7);
-  bill.stt = row.Double(8);
-  bill.transaction_charges = row.Double(9);
-  bill.grand_total = row.Double(10);
-  bill.settlement_number = row.Text(11);
-  return bill;
-}
-
-BillLine LineOf(const Recordset& row) {
-  BillLine line;
-  line.side = row.Int(std::size_t{0}) == 1 ? Side::kPurchase : Side::kSale;
-  line.lot = LotId{row.Int(1)};
-  line.scrip = ScripId{row.Int(2)};
-  line.quantity = row.Double(3);
-  line.rate = row.Double(4);
-  line.brokerage = row.Double(5);
-  line.net = row.Double(6);
-  line.amount = row.Double(7);
-  line.service_tax = row.Double(8);
-  line.fo = row.Int(9) != 0;
-  line.stt = row.Double(10);
-  line.stt_percent = row.Double(11);
-  line.delivery_type = row.Text(12);
-  return line;
-}
-
-std::optional<Bill> ReadHeader(Connection& connection, const ClientYear& of, BillId id,
-                               std::string_view suffix) {
-  auto rows = connection.Open(fmt::format("{} and ID=?{}", kSelectHeaders, suffix), of.client,
-                              of.year.Text(), id);
-  return rows.Next() ? std::optional(HeaderOf(rows)) : std::nullopt;
-}
-
-std::optional<Bill> ReadBill(Connection& connection, const ClientYear& of, BillId id,
-                             std::string_view suffix = "") {
-  std::optional<Bill> bill = ReadHeader(connection, of, id, suffix);
+std::optional<Bill> ReadBill(Connection& connection, const ClientYear& of, BillId id, bool lock) {
+  Select<Bill> bills(connection);
+  bills.Where(&Bill::id, id).Where(&Bill::client, of.client).Where(&Bill::year, of.year);
+  Select<BillLine> lines(connection);
+  lines.Where(&BillLine::bill, id)
+      .Where(&BillLine::client, of.client)
+      .Where(&BillLine::year, of.year)
+      .OrderBy(&BillLine::number);
+  if (lock) {
+    bills.ForUpdate();
+    lines.ForUpdate();
+  }
+  std::optional<Bill> bill = bills.First();
   if (bill) {
-    for (const auto& row : connection.Open(fmt::format("{}{}", kSelectLines, suffix), of.client,
-                                           of.year.Text(), id)) {
-      bill->lines.push_back(LineOf(row));
-    }
+    bill->lines = lines.All();
   }
   return bill;
 }
 
-void DeleteRows(Transaction& transaction, const ClientYear& of, BillId id) {
-  transaction.Execute("Delete From SPMaster Where ID=? and Cid=? and Fyear=?", id, of.client,
-                      of.year.Text());
-  transaction.Execute("Delete From SPTrans Where SID=? and Cid=? and Fyear=?", id, of.client,
-                      of.year.Text());
+void DeleteRows(Transaction& transaction, const Bill& bill) {
+  records::Delete<Bill>(transaction)
+      .Where(&Bill::id, bill.id)
+      .Where(&Bill::client, bill.client)
+      .Where(&Bill::year, bill.year)
+      .Run();
+  records::Delete<BillLine>(transaction)
+      .Where(&BillLine::bill, bill.id)
+      .Where(&BillLine::client, bill.client)
+      .Where(&BillLine::year, bill.year)
+      .Run();
 }
 
-void InsertHeader(Transaction& transaction, const ClientYear& of, const Bill& bill) {
-  transaction.Execute(
-      "Insert Into SPMaster(Cid,Fyear,ID,BillNo,BDate,BrokId,ExId,AcId,Tot,OthCharge,STT,TranChg,"
-      "Total,SettlNo) Values(?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
-      of.client, of.year.Text(), bill.id, bill.number, bill.date, bill.broker, bill.exchange,
-      bill.account, bill.total, bill.other_charges, bill.stt, bill.transaction_charges,
-      bill.grand_total, bill.settlement_number);
-}
-
-void InsertLines(Transaction& transaction, const ClientYear& of, const Bill& bill) {
-  database::BulkWriter writer(
-      transaction,
-      "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId,Qty,Rate,Brk,Net,Amt,STax,FO,STT,"
-      "STTPer,DelvType) Values(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
-      "itiiiiiddddddiddt");
+void InsertRows(Transaction& transaction, Bill& bill) {
   int number = 0;
-  for (const BillLine& line : bill.lines) {
-    writer.Int(of.client.value)
-        .Text(of.year.Utf8())
-        .Int(bill.id.value)
-        .Int(++number)
-        .Int(static_cast<int>(line.side))
-        .Int(line.lot.value)
-        .Int(line.scrip.value)
-        .Double(line.quantity)
-        .Double(line.rate)
-        .Double(line.brokerage)
-        .Double(line.net)
-        .Double(line.amount)
-        .Double(line.service_tax)
-        .Int(line.fo ? 1 : 0)
-        .Double(line.stt)
-        .Double(line.stt_percent)
-        .Text(line.delivery_type.toStdString())
-        .EndRow();
-  }
-  writer.Finish();
-}
-
-// What is recorded is what the ledger counts: more decimals would add up to another balance there.
-void SettleQuantities(Bill& bill) {
   for (BillLine& line : bill.lines) {
-    line.quantity = ledger::SettleQuantity(line.quantity);
+    line.client = bill.client;
+    line.year = bill.year;
+    line.bill = bill.id;
+    line.number = ++number;
   }
+  records::Insert(transaction, bill);
+  records::Insert(transaction, std::span<const BillLine>(bill.lines));
 }
 
-void PostInPlaceOf(LotSheet& sheet, const ClientYear& of, const std::optional<Bill>& old,
-                   Bill& bill) {
-  if (old) {
-    ReverseLines(sheet, {of, old->account}, old->lines);
+std::vector<ScripId> ScripsOf(const Bill& bill) {
+  std::vector<ScripId> scrips;
+  for (const BillLine& line : bill.lines) {
+    scrips.push_back(line.scrip);
   }
-  PostLines(sheet, {of, bill.account}, bill.lines);
+  return scrips;
 }
 
-MaybeRefusal Replace(Transaction& transaction, const ClientYear& of, const std::optional<Bill>& old,
-                     Bill& bill) {
-  // Before new lots are numbered, so that they can have the numbers that they had there.
-  posting::EmptyScratch(transaction, of);
-  LotSheet sheet(transaction, ledger::LotTable::kStock);
-  PostInPlaceOf(sheet, of, old, bill);
-  if (MaybeRefusal refusal = sheet.CheckShortage(QStringLiteral("Vs1"))) {
+/// What the bill names is still there. `old` is the bill as it is recorded, or an empty one.
+MaybeRefusal CheckNames(Transaction& transaction, const Bill& old, const Bill& bill) {
+  const QString account_box = QStringLiteral("Combo2");
+  MaybeRefusal refusal =
+      posting::CheckAccount(transaction, bill.client, bill.account, old.account, account_box);
+  if (!refusal) {
+    refusal =
+        posting::CheckBroker(transaction, bill.broker, old.broker, ControlName(BillBox::kBroker));
+  }
+  if (!refusal) {
+    refusal =
+        posting::CheckExchange(transaction, bill.exchange, old.exchange, QStringLiteral("Combo1"));
+  }
+  if (!refusal) {
+    refusal =
+        posting::CheckScrips(transaction, ScripsOf(bill), ScripsOf(old), QStringLiteral("Vs1"));
+  }
+  return refusal;
+}
+
+/// Puts the lines of `bill` in the place of those of `old` in the ledger. Either may have none.
+MaybeRefusal Post(Transaction& transaction, const Bill& old, Bill& bill, const QString& field) {
+  const Place was{bill.Of(), old.account};
+  const Place is{bill.Of(), bill.account};
+  std::vector<Place> places{is};
+  if (!old.lines.empty()) {
+    places.push_back(was);
+  }
+  ledger::Lots lots;
+  ledger::LockAndLoad(transaction, lots, places);
+  ledger::PostLines(lots, is, bill.lines);
+  ledger::TakeBackLines(lots, was, old.lines);
+  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, field)) {
     return refusal;
   }
-  sheet.Write();
-  if (old) {
-    DeleteRows(transaction, of, bill.id);
+  lots.Write(transaction);
+  ledger::NumberLots(lots, bill.lines);
+  return std::nullopt;
+}
+
+MaybeRefusal SaveIn(Transaction& transaction, Bill& bill) {
+  if (MaybeRefusal refusal =
+          posting::CheckClient(transaction, bill.client, QStringLiteral("Combo2"))) {
+    return refusal;
+  }
+  const std::optional<Bill> recorded =
+      bill.id ? ReadBill(transaction.GetConnection(), bill.Of(), bill.id, true) : std::nullopt;
+  const Bill old = recorded.value_or(Bill());
+  if (MaybeRefusal refusal = CheckNames(transaction, old, bill)) {
+    return refusal;
+  }
+  // Before new lots are numbered, so that they can have the numbers that they had there.
+  ledger::ClearScratch(transaction, bill.Of());
+  if (MaybeRefusal refusal = Post(transaction, old, bill, QStringLiteral("Vs1"))) {
+    return refusal;
+  }
+  if (recorded) {
+    DeleteRows(transaction, old);
   } else {
     // A bill that was deleted meanwhile is written as a new one: its key may be taken.
     bill.id = BillId{database::NextKey(transaction, "SPMaster")};
   }
-  InsertHeader(transaction, of, bill);
-  InsertLines(transaction, of, bill);
+  InsertRows(transaction, bill);
   return std::nullopt;
-}
-
-MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Bill& bill) {
-  const QString field = QStringLiteral("Combo2");
-  if (MaybeRefusal refusal = posting::CheckClient(transaction, of.client, field)) {
-    return refusal;
-  }
-  const std::optional<Bill> old =
-      bill.id ? ReadBill(transaction.GetConnection(), of, bill.id, kForUpdate) : std::nullopt;
-  if (MaybeRefusal refusal = posting::CheckAccount(transaction, of.client, bill.account,
-                                                   old ? old->account : AccountId{}, field)) {
-    return refusal;
-  }
-  return Replace(transaction, of, old, bill);
 }
 
 }  // namespace
@@ -182,17 +141,28 @@ BillBook::BillBook(Connection& connection, const ClientYear& of)
     : connection_(connection), of_(of) {}
 
 std::vector<Bill> BillBook::List() const {
-  std::vector<Bill> bills;
-  for (const auto& row :
-       connection_.Open(fmt::format("{} Order By {},ID", kSelectHeaders, database::DateOf("BDate")),
-                        of_.client, of_.year.Text())) {
-    bills.push_back(HeaderOf(row));
-  }
-  return bills;
+  return Select<Bill>(connection_)
+      .Where(&Bill::client, of_.client)
+      .Where(&Bill::year, of_.year)
+      .OrderByDay(&Bill::date)
+      .OrderBy(&Bill::id)
+      .All();
 }
 
 std::optional<Bill> BillBook::Load(BillId id) const {
-  return ReadBill(connection_, of_, id);
+  return ReadBill(connection_, of_, id, false);
+}
+
+bool BillBook::HasTwin(const Bill& bill) const {
+  bool found = false;
+  Select<Bill>(connection_)
+      .Where(&Bill::client, of_.client)
+      .Where(&Bill::year, of_.year)
+      .Where(&Bill::broker, bill.broker)
+      .Where(&Bill::number, bill.number)
+      .Where(&Bill::date, bill.date)
+      .Only<&Bill::id>([&](const Bill& other) { found = found || other.id != bill.id; });
+  return found;
 }
 
 MaybeRefusal BillBook::Save(Bill& bill) {
@@ -202,8 +172,9 @@ MaybeRefusal BillBook::Save(Bill& bill) {
   Bill saved;
   MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = bill;
-    SettleQuantities(saved);
-    return SaveIn(transaction, of_, saved);
+    saved.client = of_.client;
+    saved.year = of_.year;
+    return SaveIn(transaction, saved);
   });
   if (!refusal) {
     bill = std::move(saved);
@@ -213,17 +184,16 @@ MaybeRefusal BillBook::Save(Bill& bill) {
 
 MaybeRefusal BillBook::Delete(BillId id) {
   return database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
-    const std::optional<Bill> old = ReadBill(transaction.GetConnection(), of_, id, kForUpdate);
+    const std::optional<Bill> old = ReadBill(transaction.GetConnection(), of_, id, true);
     if (!old) {
       return std::nullopt;
     }
-    LotSheet sheet(transaction, ledger::LotTable::kStock);
-    ReverseLines(sheet, {of_, old->account}, old->lines);
-    if (MaybeRefusal refusal = sheet.CheckShortage(QStringLiteral("VSF"))) {
+    Bill nothing = *old;
+    nothing.lines.clear();
+    if (MaybeRefusal refusal = Post(transaction, *old, nothing, QStringLiteral("VSF"))) {
       return refusal;
     }
-    sheet.Write();
-    DeleteRows(transaction, of_, id);
+    DeleteRows(transaction, *old);
     return std::nullopt;
   });
 }

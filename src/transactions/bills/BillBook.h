@@ -23,11 +23,14 @@ class BillBook {
   /// A bill with its lines in the order of entry.
   std::optional<Bill> Load(BillId id) const;
 
+  /// Whether another bill has the same broker, number and date.
+  bool HasTwin(const Bill& bill) const;
+
   /// Writes a new bill, or a changed one in place of the old, and posts its lines to the ledger.
-  /// What was staged for the client on the scratch table is gone afterwards. Sets the bill's id and
-  /// the lots of its purchases. Refused when a check fails, when the client or a newly chosen
-  /// account was deleted meanwhile, or when a lot would be lowered below zero, because its shares
-  /// were sold or transferred meanwhile.
+  /// What stood on the scratch table for the client is gone afterwards. Sets the keys of the bill
+  /// and its lines and their lots. Refused when a check fails, when the client or a newly chosen
+  /// account, broker, exchange or scrip was deleted meanwhile, or when a lot would be lowered below
+  /// zero, because its shares were sold or transferred meanwhile.
   MaybeRefusal Save(Bill& bill);
 
   /// Takes a bill back. Refused when shares that it brought were sold or transferred.

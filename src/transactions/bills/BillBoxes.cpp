@@ -1,7 +1,7 @@
 #include "transactions/bills/BillBoxes.h"
 
-#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
+#include "core/text/Shares.h"
 
 #include <cmath>
 
@@ -36,7 +36,7 @@ QString InForm(Form form, const QString& typed) {
   const double number = ReadNumber(typed);
   switch (form) {
     case Form::kPositiveNumber:
-      return text::NumberText(ledger::SettleQuantity(std::abs(number)));
+      return text::NumberText(text::Shares(std::abs(number)).Number());
     case Form::kPositiveAmount:
       return text::FormatAmount(std::abs(number));
     case Form::kAmount:

@@ -1,7 +1,6 @@
 #include "transactions/bills/BillChecks.h"
 
 #include "core/database/TextWidths.h"
-#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
 #include "transactions/bills/BillBoxes.h"
 
@@ -98,14 +97,14 @@ MaybeRefusal CheckBeforeLine(const Bill& bill) {
   return CheckExchange(bill.exchange);
 }
 
-MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, double quantity) {
+MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, text::Shares quantity) {
   if (!side) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Sale/Purchase."), QStringLiteral("Combo3"));
   }
   if (!scrip) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Script Name."), QStringLiteral("Combo4"));
   }
-  if (!(ledger::SettleQuantity(quantity) > 0)) {
+  if (quantity <= text::Shares()) {
     return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Quantity Greater than Zero."),
                   BillBox::kQuantity);
   }
@@ -130,7 +129,7 @@ MaybeRefusal CheckDate(const QString& date, text::Date today) {
   return std::nullopt;
 }
 
-MaybeRefusal CheckSale(Side side, double quantity, std::optional<double> balance) {
+MaybeRefusal CheckSale(Side side, text::Shares quantity, std::optional<text::Shares> balance) {
   if (side != Side::kSale || !balance || quantity <= *balance) {
     return std::nullopt;
   }
@@ -138,7 +137,7 @@ MaybeRefusal CheckSale(Side side, double quantity, std::optional<double> balance
       QT_TRANSLATE_NOOP(
           "Bills", "You Can't Sale Scripts More than Balance.\n\nMaximum Allowed Value is: %1"),
       BillBox::kQuantity);
-  refusal.text = refusal.text.arg(text::FormatAmount(*balance));
+  refusal.text = refusal.text.arg(text::FormatAmount(balance->Number()));
   return refusal;
 }
 

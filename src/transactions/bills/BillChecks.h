@@ -22,7 +22,7 @@ MaybeRefusal CheckYear(const QString& date, text::FinancialYear year);
 MaybeRefusal CheckBeforeLine(const Bill& bill);
 
 /// What a line needs: a side, a scrip and shares.
-MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, double quantity);
+MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, text::Shares quantity);
 
 /// A sale of a scrip that has lots in the account says which of them it draws on.
 MaybeRefusal CheckLot(Side side, LotId lot, bool scrip_has_lots);
@@ -32,6 +32,6 @@ MaybeRefusal CheckDate(const QString& date, text::Date today);
 
 /// The quantity of a sale against what the balance grid shows for it; not checked while the grid is
 /// empty, which is `balance` none.
-MaybeRefusal CheckSale(Side side, double quantity, std::optional<double> balance);
+MaybeRefusal CheckSale(Side side, text::Shares quantity, std::optional<text::Shares> balance);
 
 }  // namespace quorvane::bills

@@ -1,31 +1,42 @@
 #include "transactions/bills/BillEntry.h"
 
+#include "core/database/Transaction.h"
+#include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/BillChecks.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <span>
 #include <utility>
 
 namespace quorvane::bills {
 namespace {
 
+using text::Shares;
+
 bool SellsFromALot(const BillLine& line) {
-  return line.side == Side::kSale && line.lot;
+  return !line.IsPurchase() && line.lot;
+}
+
+bool SellsFromNone(const BillLine& line) {
+  return !line.IsPurchase() && !line.lot;
+}
+
+Refusal InLine(std::size_t place, const Refusal& refusal) {
+  return {QCoreApplication::translate("Bills", "Line %1: %2").arg(place + 1).arg(refusal.text),
+          QStringLiteral("Vs1")};
 }
 
 }  // namespace
 
 BillEntry::BillEntry(database::Connection& connection, const ClientYear& of)
-    : book_(connection, of), staged_(connection, of) {}
+    : connection_(connection), of_(of), book_(connection, of) {}
 
 void BillEntry::Begin(const Bill& bill) {
-  staged_.Begin(bill.account);
+  lots_.emplace(connection_, ledger::Place{of_, bill.account}, bill);
   saved_ = bill.id ? bill : Bill();
   bill_ = bill;
   caption_ = bill.id ? SavedCaption(bill.grand_total) : TotalCaption::kReceivable;
-  open_ = true;
 }
 
 void BillEntry::SetHeader(const Bill& header) {
@@ -53,70 +64,128 @@ MaybeRefusal BillEntry::Refresh() {
 }
 
 MaybeRefusal BillEntry::Stage(AccountId account) {
-  std::span<const BillLine> recorded;
-  if (saved_.id && saved_.account == account) {
-    recorded = saved_.lines;
-  }
-  MaybeRefusal refusal = staged_.Begin(account, recorded, bill_.lines);
+  EntryLots lots(connection_, {of_, account}, saved_);
+  MaybeRefusal refusal = lots.Post(bill_.lines, QStringLiteral("Vs1"));
   if (!refusal) {
     bill_.account = account;
+    lots_ = std::move(lots);
   }
   return refusal;
 }
 
-const BillLine* BillEntry::LineAt(std::optional<std::size_t> place) const {
+const BillLine* BillEntry::LineAt(Changed place) const {
   return place ? &bill_.lines.at(*place) : nullptr;
 }
 
-MaybeRefusal BillEntry::CheckQuantity(const BillLine& line,
-                                      std::optional<std::size_t> changed) const {
-  if (line.side != Side::kSale || !line.scrip) {
+/// How many shares a sale may take: from a lot, or from all lots of a scrip without one. None when
+/// the account has no lots at all, so that there is no balance to check a sale against.
+std::optional<Shares> BillEntry::Available(ScripId scrip, LotId lot, Changed changed) const {
+  const std::vector<HeldLot> balance = lots_->Balance(bill_, LineAt(changed));
+  if (balance.empty()) {
     return std::nullopt;
   }
-  const BillLine* replaced = LineAt(changed);
-  return CheckSale(
-      line.side, line.quantity,
-      line.lot ? staged_.Available(line.lot, replaced) : staged_.Available(line.scrip, replaced));
+  Shares available;
+  for (const HeldLot& held : balance) {
+    if (held.lot.scrip == scrip && (!lot || held.lot.id == lot)) {
+      available += std::max(Shares(), held.lot.quantity);
+    }
+  }
+  return available;
 }
 
-// The lot that a sale names is checked when it is staged.
-MaybeRefusal BillEntry::CheckChoiceOfLot(const BillLine& line,
-                                         std::optional<std::size_t> changed) const {
-  if (line.side != Side::kSale || line.lot) {
+MaybeRefusal BillEntry::CheckQuantity(const BillLine& line, Changed changed) const {
+  if (line.IsPurchase() || !line.scrip) {
     return std::nullopt;
   }
-  const std::optional<double> available = staged_.Available(line.scrip, LineAt(changed));
+  return CheckSale(line.side, line.quantity, Available(line.scrip, {}, changed));
+}
+
+MaybeRefusal BillEntry::CheckSaleLine(const BillLine& line, Changed changed) const {
+  if (line.IsPurchase()) {
+    return std::nullopt;
+  }
+  const std::optional<Shares> available = Available(line.scrip, line.lot, changed);
   if (MaybeRefusal refusal = CheckSale(line.side, line.quantity, available)) {
     return refusal;
   }
-  return CheckLot(line.side, line.lot, available.value_or(0) > 0);
+  return CheckLot(line.side, line.lot, available && *available > Shares());
 }
 
-MaybeRefusal BillEntry::Put(BillLine line, std::optional<std::size_t> changed) {
-  MaybeRefusal refusal = CheckChoiceOfLot(line, changed);
-  if (refusal) {
+std::vector<Piece> BillEntry::Spread(const BillLine& sale, Changed changed) const {
+  const bool fits = sale.IsPurchase() || (sale.lot && !CheckSaleLine(sale, changed));
+  if (fits) {
+    return {};
+  }
+  std::vector<HeldLot> balance = lots_->Balance(bill_, LineAt(changed));
+  return TakeOldest(balance, sale.scrip, sale.lot, sale.quantity);
+}
+
+MaybeRefusal BillEntry::Put(const BillLine& line, Changed changed) {
+  if (MaybeRefusal refusal = CheckSaleLine(line, changed)) {
     return refusal;
   }
-  refusal = changed ? staged_.ChangeLine(*LineAt(changed), line) : staged_.AddLine(line);
-  if (refusal) {
-    return refusal;
-  }
+  return Put(std::span(&line, 1), changed);
+}
+
+MaybeRefusal BillEntry::Put(std::span<const BillLine> lines, Changed changed) {
+  std::vector<BillLine> all = bill_.lines;
+  auto place = all.end();
   if (changed) {
-    bill_.lines[*changed] = std::move(line);
-  } else {
-    bill_.lines.push_back(std::move(line));
+    place = all.erase(all.begin() + static_cast<std::ptrdiff_t>(*changed));
   }
-  Recompute();
-  return std::nullopt;
+  all.insert(place, lines.begin(), lines.end());
+  return Take(std::move(all), ControlName(BillBox::kQuantity));
 }
 
 MaybeRefusal BillEntry::Remove(std::size_t place) {
-  if (MaybeRefusal refusal = staged_.RemoveLine(bill_.lines.at(place))) {
-    return refusal;
+  std::vector<BillLine> rest = bill_.lines;
+  rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(place));
+  return Take(std::move(rest), ControlName(BillBox::kQuantity));
+}
+
+MaybeRefusal BillEntry::Take(std::vector<BillLine> lines, const QString& field) {
+  MaybeRefusal refusal = lots_->Post(lines, field);
+  if (!refusal) {
+    bill_.lines = std::move(lines);
+    Recompute();
   }
-  bill_.lines.erase(bill_.lines.begin() + static_cast<std::ptrdiff_t>(place));
-  Recompute();
-  return std::nullopt;
+  return refusal;
+}
+
+bool BillEntry::WantsLot(const BillLine& line) const {
+  const auto is_recorded = [&](const BillLine& old) {
+    return SellsFromNone(old) && old.scrip == line.scrip && old.quantity == line.quantity;
+  };
+  return SellsFromNone(line) &&
+         !(saved_.account == bill_.account && std::ranges::any_of(saved_.lines, is_recorded));
+}
+
+std::size_t BillEntry::SalesWithoutLot() const {
+  return static_cast<std::size_t>(std::ranges::count_if(bill_.lines, [&](const BillLine& line) {
+    return WantsLot(line) && Available(line.scrip, {}, {}).value_or(Shares()) > Shares();
+  }));
+}
+
+MaybeRefusal BillEntry::TakeOldestLots() {
+  std::vector<HeldLot> balance = Balance();
+  std::vector<BillLine> lines;
+  for (std::size_t place = 0; place < bill_.lines.size(); ++place) {
+    const BillLine& line = bill_.lines[place];
+    if (!WantsLot(line)) {
+      lines.push_back(line);
+      continue;
+    }
+    const std::vector<Piece> pieces = TakeOldest(balance, line.scrip, {}, line.quantity);
+    if (pieces.empty()) {
+      Shares left;
+      for (const HeldLot& held : balance) {
+        left += held.lot.scrip == line.scrip ? std::max(Shares(), held.lot.quantity) : Shares();
+      }
+      return InLine(place, *CheckSale(line.side, line.quantity, left));
+    }
+    std::ranges::copy(SpreadOver(line, pieces), std::back_inserter(lines));
+  }
+  return Take(std::move(lines), QStringLiteral("Vs1"));
 }
 
 void BillEntry::SetCharges(double other_charges, double transaction_charges) {
@@ -137,17 +206,42 @@ void BillEntry::Recompute() {
   caption_ = totals.caption;
 }
 
+MaybeRefusal BillEntry::CheckLots() const {
+  for (std::size_t place = 0; place < bill_.lines.size(); ++place) {
+    const BillLine& line = bill_.lines[place];
+    if (!WantsLot(line)) {
+      continue;
+    }
+    if (const MaybeRefusal refusal = CheckSaleLine(line, {})) {
+      return InLine(place, *refusal);
+    }
+  }
+  return std::nullopt;
+}
+
+bool BillEntry::IsTwin() const {
+  const bool stays = saved_.id && saved_.number == bill_.number && saved_.date == bill_.date &&
+                     saved_.broker == bill_.broker;
+  return !stays && book_.HasTwin(bill_);
+}
+
 MaybeRefusal BillEntry::Save() {
-  MaybeRefusal refusal = book_.Save(bill_);
+  MaybeRefusal refusal = CheckLots();
   if (!refusal) {
-    open_ = false;
+    refusal = book_.Save(bill_);
+  }
+  if (!refusal) {
+    lots_.reset();
   }
   return refusal;
 }
 
 void BillEntry::Cancel() {
-  open_ = false;
-  staged_.Cancel();
+  lots_.reset();
+  database::InTransaction(connection_, [&](database::Transaction& transaction) {
+    ledger::ClearScratch(transaction, of_);
+    return MaybeRefusal();
+  });
 }
 
 }  // namespace quorvane::bills

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "transactions/bills/BillBook.h"
-#include "transactions/bills/StagedHoldings.h"
+#include "transactions/bills/EntryLots.h"
 
 #include <optional>
 #include <vector>
@@ -13,11 +13,14 @@ namespace quorvane::bills {
 /// leaves bill and lots as they were.
 class BillEntry {
  public:
+  /// The place of a line that another one replaces; none for a new one.
+  using Changed = std::optional<std::size_t>;
+
   BillEntry(database::Connection& connection, const ClientYear& of);
 
   /// Starts to enter a bill: an empty one, or a saved one that is to be changed.
   void Begin(const Bill& bill);
-  bool IsOpen() const { return open_; }
+  bool IsOpen() const { return lots_.has_value(); }
 
   const Bill& Current() const { return bill_; }
   TotalCaption Caption() const { return caption_; }
@@ -33,19 +36,39 @@ class BillEntry {
   MaybeRefusal Refresh();
 
   /// The account's lots as the lines leave them, smallest quantity first.
-  std::vector<ledger::Lot> Balance() const { return staged_.Balance(); }
+  std::vector<HeldLot> Balance() const { return lots_->Balance(bill_); }
+  const std::vector<records::Movement>& Movements() const { return lots_->Movements(); }
 
-  /// The quantity of a sale against the lot that it names, or against all lots of its scrip as long
-  /// as it names none. `changed` is the place of the line that it replaces.
-  MaybeRefusal CheckQuantity(const BillLine& line, std::optional<std::size_t> changed) const;
+  /// The quantity of a sale against all lots of its scrip.
+  MaybeRefusal CheckQuantity(const BillLine& line, Changed changed) const;
+
+  /// The parts of a sale that names no lot, or one that has too few shares: of that lot, then of
+  /// the oldest ones. Empty when the sale needs none or the lots do not have so many shares.
+  std::vector<Piece> Spread(const BillLine& sale, Changed changed) const;
 
   /// Adds a line, or puts it in the place of another. Totals follow.
-  MaybeRefusal Put(BillLine line, std::optional<std::size_t> changed);
+  MaybeRefusal Put(const BillLine& line, Changed changed);
+
+  /// The same with several lines in one step.
+  MaybeRefusal Put(std::span<const BillLine> lines, Changed changed);
 
   MaybeRefusal Remove(std::size_t place);
 
+  /// How many sales name no lot although their scrip has shares in the account: they were entered
+  /// before the account was chosen.
+  std::size_t SalesWithoutLot() const;
+
+  /// Gives those sales the oldest lots; a sale of several lots becomes a line for each.
+  MaybeRefusal TakeOldestLots();
+
   /// Rupees; the totals follow.
   void SetCharges(double other_charges, double transaction_charges);
+
+  /// Refuses a sale that names no lot while the account has lots; recorded ones may stay.
+  MaybeRefusal CheckLots() const;
+
+  /// Whether another bill has the same broker, number and date and this one is new or got them now.
+  bool IsTwin() const;
 
   /// Saves the bill and ends its entry.
   MaybeRefusal Save();
@@ -55,16 +78,20 @@ class BillEntry {
 
  private:
   MaybeRefusal Stage(AccountId account);
-  MaybeRefusal CheckChoiceOfLot(const BillLine& line, std::optional<std::size_t> changed) const;
-  const BillLine* LineAt(std::optional<std::size_t> place) const;
+  MaybeRefusal Take(std::vector<BillLine> lines, const QString& field);
+  MaybeRefusal CheckSaleLine(const BillLine& line, Changed changed) const;
+  bool WantsLot(const BillLine& line) const;
+  std::optional<text::Shares> Available(ScripId scrip, LotId lot, Changed changed) const;
+  const BillLine* LineAt(Changed place) const;
   void Recompute();
 
+  database::Connection& connection_;
+  ClientYear of_;
   BillBook book_;
-  StagedHoldings staged_;
-  Bill saved_;  ///< as it is recorded; without an id when it is new
+  std::optional<EntryLots> lots_;  ///< while the entry is open
+  Bill saved_;                     ///< as it is recorded; without an id when it is new
   Bill bill_;
   TotalCaption caption_ = TotalCaption::kReceivable;
-  bool open_ = false;
 };
 
 }  // namespace quorvane::bills

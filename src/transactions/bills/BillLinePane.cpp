@@ -144,6 +144,7 @@ void BillLinePane::ReadChoices() {
 
 void BillLinePane::Reset() {
   entry_ = {};
+  entry_.SetSttInWholeRupees(stt_in_whole_rupees_);
   Begin();
 }
 
@@ -157,10 +158,8 @@ void BillLinePane::Begin() {
 }
 
 void BillLinePane::Begin(const BillLine& line) {
-  entry_.Show(line);
-  if (const auto delivery = DeliveryOf(line.delivery_type)) {
-    entry_.SetPercents(ReadPercents(connection_, year_, *delivery));
-  }
+  const std::optional<Delivery> delivery = DeliveryOf(line.delivery_type);
+  entry_.Show(line, delivery ? ReadPercents(connection_, year_, *delivery) : ChargePercents());
   ShowEntry();
 }
 
@@ -200,9 +199,8 @@ void BillLinePane::ShowScrip(ScripId scrip) {
 }
 
 void BillLinePane::ShowLot() {
-  TxtStkId->setText(entry_.Lot() && entry_.GetSide() == Side::kSale
-                        ? QString::number(entry_.Lot().value)
-                        : QString());
+  const LotId lot = entry_.GetSide() == Side::kSale ? entry_.Lot() : LotId{};
+  TxtStkId->setText(!lot ? QString() : lot.value < 0 ? tr("New") : QString::number(lot.value));
 }
 
 void BillLinePane::Read() {
@@ -252,7 +250,9 @@ void BillLinePane::Combo4_Click() {
 
 void BillLinePane::Combo5_Click() {
   if (Combo5->currentText() != text::FormatPercent(entry_.SttPercent())) {
+    Read();
     entry_.SetSttPercent(text::Val(Combo5->currentText()));
+    ShowBoxes();
   }
 }
 
@@ -262,7 +262,9 @@ void BillLinePane::Combo6_Click() {
     return;
   }
   const Delivery delivery = place == 0 ? Delivery::kDeliveryBased : Delivery::kNonDeliveryBased;
+  Read();
   entry_.SetDelivery(delivery, ReadPercents(connection_, year_, delivery));
+  ShowBoxes();
   Combo5->ByText(text::FormatPercent(entry_.SttPercent()));
 }
 
@@ -301,13 +303,13 @@ void BillLinePane::ChooseScrip(ScripId scrip) {
   }
 }
 
-void BillLinePane::PickLot(const ledger::Lot& lot) {
+void BillLinePane::PickLot(const records::Lot& lot) {
   Read();
   if (!entry_.GetSide()) {
     entry_.SetSide(Side::kSale);
   }
   const bool other_scrip = entry_.Scrip() != lot.scrip;
-  entry_.SetLot(entry_.GetSide() == Side::kSale ? lot.id : LotId{}, lot.scrip);
+  entry_.SetLot(lot);
   ShowEntry();
   if (other_scrip) {
     Q_EMIT ScripChosen(lot.scrip.value);

@@ -38,9 +38,10 @@ class BillLinePane : public QWidget {
   const LineEntry& Entry();
 
   /// Begins a sale from a lot, whatever was chosen before; only its scrip on a purchase.
-  void PickLot(const ledger::Lot& lot);
+  void PickLot(const records::Lot& lot);
 
   void OfferRate(double rate);
+  void SetSttInWholeRupees(bool on) { stt_in_whole_rupees_ = on; }
 
   /// To the first box that has to be filled in for a new line, or to the quantity.
   void FocusFirst();
@@ -81,6 +82,7 @@ class BillLinePane : public QWidget {
   text::FinancialYear year_;
   ScripList scrips_;
   LineEntry entry_;
+  bool stt_in_whole_rupees_ = false;
   std::map<BillBox, controls::TextBox*> Text1;
   controls::ComboBox* Combo3;
   controls::ComboBox* Combo4;

@@ -36,7 +36,7 @@ constexpr std::array kButtons{
 
 Row RowOf(const BillLine& line, int number, const ScripList& scrips) {
   return {.id = number,
-          .cells = {static_cast<int>(line.side), scrips.NameOf(line.scrip), line.quantity,
+          .cells = {static_cast<int>(line.side), scrips.NameOf(line.scrip), line.quantity.Number(),
                     line.rate, line.brokerage, line.net, line.amount, line.service_tax, line.stt,
                     line.stt_percent, line.fo ? 1 : 0, line.delivery_type}};
 }

@@ -1,8 +1,9 @@
 #include "transactions/bills/FrmSalePurchase.h"
 
+#include "core/app/Ini.h"
+#include "core/text/Amounts.h"
 #include "transactions/CurrentClient.h"
 #include "transactions/bills/BillChecks.h"
-#include "transactions/bills/BillListing.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -19,6 +20,24 @@ using controls::Icon;
 using controls::Mask;
 using controls::Row;
 using controls::ZENButton;
+
+bool RoundsStt(const app::Folders& folders) {
+  return app::IniFile(folders.config_file)
+             .Read(QStringLiteral("Bills"), QStringLiteral("WholeRupeeStt"))
+             .compare(QLatin1String("yes"), Qt::CaseInsensitive) == 0;
+}
+
+QString TextOf(std::span<const Piece> pieces) {
+  QStringList lines;
+  for (const Piece& piece : pieces) {
+    const auto& since = piece.from.since;
+    lines +=
+        FrmSalePurchase::tr("%1 at %2, held since %3")
+            .arg(text::NumberText(piece.quantity.Number()), text::FormatAmount(piece.from.lot.rate),
+                 since ? text::FormatDmy(*since) : QStringLiteral("-"));
+  }
+  return lines.join(QLatin1Char('\n'));
+}
 
 }  // namespace
 
@@ -40,6 +59,7 @@ FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
   rows->setContentsMargins(0, 0, 0, 0);
   page_ = new BillPane(TheGuard(), *Session().connection, of_.year, this);
   rows->addWidget(page_);
+  page_->Line().SetSttInWholeRupees(RoundsStt(Session().folders));
   Watch(page_->Head().DateBox());
   page_->ReadChoices(*Session().connection, of_.client);
   BuildSearch();
@@ -93,12 +113,20 @@ void FrmSalePurchase::ConnectLineButtons() {
 }
 
 void FrmSalePurchase::FillList() {
-  std::vector<Row> rows;
-  for (const ListedBill& listed : ListBills(*Session().connection, of_)) {
-    const Bill& bill = listed.bill;
-    if (bill.id > last_.id) {
-      last_ = bill;
+  listed_ = ListBills(*Session().connection, of_);
+  for (const ListedBill& listed : listed_) {
+    if (listed.bill.id > last_.id) {
+      last_ = listed.bill;
     }
+  }
+  ShowFound();
+}
+
+/// The bills that the search finds.
+void FrmSalePurchase::ShowFound() {
+  std::vector<Row> rows;
+  for (const ListedBill& listed : listed_) {
+    const Bill& bill = listed.bill;
     if (listed.Has(TxtSearch->text())) {
       rows.push_back({.id = bill.id.value,
                       .cells = {bill.number, bill.date, listed.broker, listed.exchange,
@@ -122,8 +150,7 @@ void FrmSalePurchase::Load(int id) {
   }
   shown_ = *bill;
   page_->Show(shown_, Caption());
-  ShowBalance();
-  ShowAverages();
+  ShowHoldings();
 }
 
 void FrmSalePurchase::BeginEditing() {
@@ -134,8 +161,7 @@ void FrmSalePurchase::BeginEditing() {
   entry_.Begin(shown_);
   page_->Line().Reset();
   page_->Show(shown_, Caption());
-  ShowBalance();
-  ShowAverages();
+  ShowHoldings();
 }
 
 // The bills of a day mostly come from one broker, exchange and account.
@@ -157,6 +183,12 @@ MaybeRefusal FrmSalePurchase::Save() {
     return Refusal{tr("The Line is not in the Bill yet. Update or Cancel it First."),
                    QStringLiteral("CmdUpdate1")};
   }
+  if (MaybeRefusal refusal = entry_.CheckLots()) {
+    return refusal;
+  }
+  if (entry_.IsTwin() && !AsksForTwin()) {
+    return Refusal{{}, ControlName(BillBox::kNumber)};
+  }
   MaybeRefusal refusal = entry_.Save();
   if (!refusal) {
     SetCurrentId(entry_.Current().id.value);
@@ -164,6 +196,13 @@ MaybeRefusal FrmSalePurchase::Save() {
     TxtSearch->clear();
   }
   return refusal;
+}
+
+bool FrmSalePurchase::AsksForTwin() {
+  const Bill& bill = entry_.Current();
+  return Say().Ask(tr("There is a Bill No. %1 of this Broker on %2 already.\n\nSave this one, too?")
+                       .arg(bill.number, bill.date),
+                   Answer::kNo, Icon::kInformation);
 }
 
 void FrmSalePurchase::Remove(int id) {
@@ -212,19 +251,29 @@ TotalCaption FrmSalePurchase::Caption() const {
 }
 
 void FrmSalePurchase::ShowBalance() {
-  page_->Holdings().ShowBalance(
-      page_->Head().AccountNumber(),
-      IsEditing() ? entry_.Balance()
-                  : posting::LotsByQuantity(*Session().connection, of_, shown_.account,
-                                            ledger::LotTable::kStock),
-      page_->Line().Scrips());
+  page_->Holdings().ShowBalance(page_->Head().AccountNumber(), entry_.Balance(),
+                                page_->Line().Scrips());
 }
 
-void FrmSalePurchase::ShowAverages() {
+void FrmSalePurchase::ShowAverages(std::span<const records::Movement> movements) {
   database::Connection& connection = *Session().connection;
-  RebuildAverageRates(connection, of_, Shown().account);
-  page_->Holdings().ShowAverages(ReadAverageRates(connection, of_, Shown().account),
+  RebuildAverageRates(connection, PlaceOfBill(), movements);
+  page_->Holdings().ShowAverages(ReadAverageRates(connection, PlaceOfBill()),
                                  page_->Line().Scrips());
+}
+
+void FrmSalePurchase::ShowHoldings() {
+  if (entry_.IsOpen()) {
+    ShowBalance();
+    ShowAverages(entry_.Movements());
+    return;
+  }
+  database::Connection& connection = *Session().connection;
+  const std::vector<records::Movement> movements = ReadAccount(connection, PlaceOfBill());
+  page_->Holdings().ShowBalance(page_->Head().AccountNumber(),
+                                ReadBalance(connection, PlaceOfBill(), movements),
+                                page_->Line().Scrips());
+  ShowAverages(movements);
 }
 
 void FrmSalePurchase::SetLineState(LineState state) {
@@ -267,9 +316,15 @@ void FrmSalePurchase::Combo2_Click(int account) {
     page_->Head().ShowAccount(entry_.Current().account);
     return;
   }
+  const std::size_t sales = entry_.SalesWithoutLot();
+  if (sales > 0 &&
+      Say().Ask(tr("%1 of the Bill's Sales name no Lot. Take the oldest Lots of the Demat A/c?")
+                    .arg(sales),
+                Answer::kYes, Icon::kInformation)) {
+    Accepts(entry_.TakeOldestLots());
+  }
   page_->ShowLines(Shown(), Caption());
-  ShowBalance();
-  ShowAverages();
+  ShowHoldings();
 }
 
 void FrmSalePurchase::Scrip_Chosen(int scrip) {
@@ -284,7 +339,7 @@ void FrmSalePurchase::Side_Chosen() {
     return;
   }
   page_->Holdings().BringUp(entry.Scrip(), page_->Line().Scrips());
-  if (const std::optional<ledger::Lot> lot = page_->Holdings().OnlyLotOf(entry.Scrip())) {
+  if (const std::optional<records::Lot> lot = page_->Holdings().OnlyLotOf(entry.Scrip())) {
     page_->Line().PickLot(*lot);
   }
 }
@@ -338,7 +393,7 @@ void FrmSalePurchase::VS1_RowActivated() {
 }
 
 void FrmSalePurchase::VS3_RowActivated() {
-  const std::optional<ledger::Lot> lot = page_->Holdings().CurrentLot();
+  const std::optional<records::Lot> lot = page_->Holdings().CurrentLot();
   if (!IsEditing() || !lot) {
     return;
   }
@@ -351,14 +406,27 @@ void FrmSalePurchase::VS3_RowActivated() {
   }
 }
 
+// Another row loads another bill, and the list takes the focus with it.
 void FrmSalePurchase::TxtSearch_Change() {
+  if (IsEditing()) {
+    return;  // Saving clears it and fills the list itself.
+  }
+  const int cursor = TxtSearch->cursorPosition();
   ShowList();
-  FillList();
+  ShowFound();
+  TxtSearch->setFocus(Qt::OtherFocusReason);
+  TxtSearch->setCursorPosition(cursor);
+}
+
+/// The date box complained when it was left for a button, and has the focus again.
+bool FrmSalePurchase::IsDateRefused() const {
+  const controls::DateBox* box = page_->Head().DateBox();
+  return box->hasFocus() && !box->IsProper();
 }
 
 void FrmSalePurchase::CmdAdd1_Click() {
   TakeHeader();
-  if (Accepts(CheckBeforeLine(entry_.Current()))) {
+  if (!IsDateRefused() && Accepts(CheckBeforeLine(entry_.Current()))) {
     SetLineState(LineState::kAdding);
     page_->Line().FocusFirst();
   }
@@ -369,17 +437,28 @@ void FrmSalePurchase::CmdModify1_Click() {
   const BillLine line = entry_.Current().lines.at(changed_line_);
   SetLineState(LineState::kChanging);
   page_->Line().Begin(line);
-  if (line.side == Side::kSale) {
+  if (!line.IsPurchase()) {
     page_->Holdings().BringUp(line.scrip, page_->Line().Scrips());
   }
   page_->Line().FocusQuantity();
 }
 
+/// A sale that names no lot, or one with too few shares, may take several: a line for each.
+MaybeRefusal FrmSalePurchase::PutLine(const BillLine& line) {
+  const std::vector<Piece> pieces = entry_.Spread(line, ChangedLine());
+  if (!pieces.empty() &&
+      Say().Ask(
+          tr("Take the Sale from these Lots, with a Line for each?\n\n%1").arg(TextOf(pieces)),
+          Answer::kYes, Icon::kInformation)) {
+    return entry_.Put(SpreadOver(line, pieces), ChangedLine());
+  }
+  return entry_.Put(line, ChangedLine());
+}
+
 void FrmSalePurchase::CmdUpdate1_Click() {
   const LineEntry& entry = page_->Line().Entry();
   const BillLine line = entry.Entered();
-  if (!Accepts(CheckLine(entry.GetSide(), line.scrip, line.quantity)) ||
-      !Accepts(entry_.Put(line, ChangedLine()))) {
+  if (!Accepts(CheckLine(entry.GetSide(), line.scrip, line.quantity)) || !Accepts(PutLine(line))) {
     return;
   }
   const bool another = line_state_ == LineState::kAdding;
@@ -409,7 +488,7 @@ void FrmSalePurchase::CmdDelete1_Click() {
 
 void FrmSalePurchase::cmdCancel1_Click() {
   SetLineState(LineState::kNone);
-  ShowAverages();
+  ShowAverages(ReadAccount(*Session().connection, PlaceOfBill()));
   page_->Button(LineCommand::kAdd).setFocus(Qt::OtherFocusReason);
 }
 
@@ -418,8 +497,7 @@ void FrmSalePurchase::ImgRefresh_Click() {
     return;
   }
   page_->ShowLines(Shown(), Caption());
-  ShowBalance();
-  ShowAverages();
+  ShowHoldings();
   Say().Inform(tr("Refresh Successfully!"));
 }
 

@@ -3,6 +3,7 @@
 #include "controls/RecordWindow.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/BillEntry.h"
+#include "transactions/bills/BillListing.h"
 #include "transactions/bills/BillPane.h"
 #include "transactions/bills/RateSource.h"
 
@@ -41,14 +42,20 @@ class FrmSalePurchase : public controls::RecordWindow {
   Bill NewBill();
   void TakeHeader();
   void TakeCharges();
+  ledger::Place PlaceOfBill() const { return {of_, Shown().account}; }
   void ShowBalance();
-  void ShowAverages();
+  void ShowAverages(std::span<const records::Movement> movements);
+  void ShowHoldings();
+  void ShowFound();
   TotalCaption Caption() const;
   const Bill& Shown() const { return IsEditing() ? entry_.Current() : shown_; }
   void SetLineState(LineState state);
   std::optional<std::size_t> ChangedLine() const;
   void OfferRate(ScripId scrip);
   bool Accepts(const MaybeRefusal& refusal);
+  bool IsDateRefused() const;
+  MaybeRefusal PutLine(const BillLine& line);
+  bool AsksForTwin();
 
   void Text1_Date_Left();
   void Combo2_Click(int account);
@@ -73,6 +80,7 @@ class FrmSalePurchase : public controls::RecordWindow {
   BillBook book_;
   BillEntry entry_;
   RateSource rates_;
+  std::vector<ListedBill> listed_;
   Bill shown_;  ///< as it is recorded, or the beginnings of a new one
   Bill last_;   ///< whose broker, exchange and account the next bill begins with
   LineState line_state_ = LineState::kNone;

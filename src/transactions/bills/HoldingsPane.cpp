@@ -17,8 +17,8 @@ using controls::Mask;
 using controls::Row;
 
 QString Signed(const BillLine& line) {
-  const QLatin1Char sign(line.side == Side::kPurchase ? '+' : '-');
-  return sign + text::NumberText(line.quantity);
+  const QLatin1Char sign(line.IsPurchase() ? '+' : '-');
+  return sign + text::NumberText(line.quantity.Number());
 }
 
 }  // namespace
@@ -33,7 +33,8 @@ HoldingsPane::HoldingsPane()
   caption_->setObjectName(QStringLiteral("LblBalance"));
   VS3->SetColumns({{.heading = tr("Scrip")},
                    {.heading = tr("Balance"), .mask = Mask::kAmount},
-                   {.heading = tr("Rate"), .mask = Mask::kAmount}});
+                   {.heading = tr("Rate"), .mask = Mask::kAmount},
+                   {.heading = tr("Held Since"), .mask = Mask::kDate}});
   VS2->SetColumns(
       {{.heading = tr("Scrip")}, {.heading = tr("Quantity"), .alignment = Qt::AlignRight}});
   VS2->SetSortable(false);
@@ -62,29 +63,30 @@ void HoldingsPane::Arrange() {
   rows->addWidget(tabs_, 1);
 }
 
-void HoldingsPane::ShowBalance(const QString& account_number, std::vector<ledger::Lot> lots,
-                               const ScripList& scrips, ScripId first) {
+void HoldingsPane::ShowBalance(const QString& account_number, std::vector<HeldLot> lots,
+                               const ScripList& scrips) {
   caption_->setText(tr("Balance in Demat A/c No. - %1").arg(account_number));
   lots_ = std::move(lots);
-  FillBalance(scrips, first);
+  FillBalance(scrips);
 }
 
 void HoldingsPane::BringUp(ScripId scrip, const ScripList& scrips) {
   FillBalance(scrips, scrip);
-  const bool held = std::ranges::find(lots_, scrip, &ledger::Lot::scrip) != lots_.end();
+  const bool held = std::ranges::any_of(
+      lots_, [scrip](const HeldLot& one) { return one.lot.scrip == scrip && one.lot.quantity; });
   VS3->SelectRow(held ? 0 : -1);
 }
 
 void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {
+  std::vector<HeldLot> arranged = lots_;
+  bills::Arrange(arranged, first);
   std::vector<Row> rows;
-  rows.reserve(lots_.size());
-  for (const bool of_first : {true, false}) {
-    for (const ledger::Lot& lot : lots_) {
-      if ((lot.scrip == first) == of_first) {
-        rows.push_back(
-            {.id = lot.id.value, .cells = {scrips.NameOf(lot.scrip), lot.quantity, lot.rate}});
-      }
-    }
+  rows.reserve(arranged.size());
+  for (const HeldLot& held : arranged) {
+    rows.push_back(
+        {.id = held.lot.id.value,
+         .cells = {scrips.NameOf(held.lot.scrip), held.lot.quantity.Number(), held.lot.rate,
+                   held.since ? text::FormatDmy(*held.since) : QString()}});
   }
   VS3->SetRows(std::move(rows));
 }
@@ -106,21 +108,22 @@ void HoldingsPane::ShowAverages(const std::vector<AverageRate>& rates, const Scr
   VSAvg->SetRows(std::move(rows));
 }
 
-std::optional<ledger::Lot> HoldingsPane::CurrentLot() const {
-  const auto found = std::ranges::find(lots_, LotId{VS3->CurrentId()}, &ledger::Lot::id);
-  return found == lots_.end() ? std::nullopt : std::optional(*found);
+std::optional<records::Lot> HoldingsPane::CurrentLot() const {
+  const auto found = std::ranges::find(lots_, LotId{VS3->CurrentId()},
+                                       [](const HeldLot& held) { return held.lot.id; });
+  return found == lots_.end() ? std::nullopt : std::optional(found->lot);
 }
 
-std::optional<ledger::Lot> HoldingsPane::OnlyLotOf(ScripId scrip) const {
-  std::optional<ledger::Lot> only;
-  for (const ledger::Lot& lot : lots_) {
-    if (lot.scrip != scrip || !(lot.quantity > 0)) {
+std::optional<records::Lot> HoldingsPane::OnlyLotOf(ScripId scrip) const {
+  std::optional<records::Lot> only;
+  for (const HeldLot& held : lots_) {
+    if (held.lot.scrip != scrip || held.lot.quantity <= text::Shares()) {
       continue;
     }
     if (only) {
       return std::nullopt;
     }
-    only = lot;
+    only = held.lot;
   }
   return only;
 }

@@ -2,9 +2,9 @@
 
 #include "controls/Grid.h"
 #include "controls/ZENButton.h"
-#include "core/ledger/Ledger.h"
 #include "transactions/bills/AverageRates.h"
 #include "transactions/bills/EntryLookups.h"
+#include "transactions/bills/HeldLots.h"
 
 #include <QLabel>
 #include <QTabWidget>
@@ -24,22 +24,21 @@ class HoldingsPane : public QWidget {
  public:
   HoldingsPane();
 
-  /// The lots as they are given; those of `first` come before the others, so that a sale finds the
-  /// lots of its scrip on top.
-  void ShowBalance(const QString& account_number, std::vector<ledger::Lot> lots,
-                   const ScripList& scrips, ScripId first = {});
+  /// The lots as they are given, used-up ones last.
+  void ShowBalance(const QString& account_number, std::vector<HeldLot> lots,
+                   const ScripList& scrips);
 
-  /// Puts the lots of a scrip on top and the cursor on the first of them.
+  /// Puts the lots of a scrip on top, oldest first, and the cursor on the first of them.
   void BringUp(ScripId scrip, const ScripList& scrips);
 
   void ShowMoves(std::span<const BillLine> lines, const ScripList& scrips);
   void ShowAverages(const std::vector<AverageRate>& rates, const ScripList& scrips);
 
   /// The lot of the current row.
-  std::optional<ledger::Lot> CurrentLot() const;
+  std::optional<records::Lot> CurrentLot() const;
 
   /// The only lot of a scrip that has shares left.
-  std::optional<ledger::Lot> OnlyLotOf(ScripId scrip) const;
+  std::optional<records::Lot> OnlyLotOf(ScripId scrip) const;
 
   void FocusBalance();
 
@@ -48,7 +47,7 @@ class HoldingsPane : public QWidget {
 
  private:
   void Arrange();
-  void FillBalance(const ScripList& scrips, ScripId first);
+  void FillBalance(const ScripList& scrips, ScripId first = {});
 
   QLabel* caption_;
   QTabWidget* tabs_;
@@ -56,7 +55,7 @@ class HoldingsPane : public QWidget {
   controls::Grid* VS2;
   controls::Grid* VSAvg;
   controls::ZENButton* ImgRefresh;
-  std::vector<ledger::Lot> lots_;
+  std::vector<HeldLot> lots_;
 };
 
 }  // namespace quorvane::bills

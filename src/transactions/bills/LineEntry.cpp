@@ -11,6 +11,9 @@ constexpr std::array kLineBoxes{BillBox::kQuantity, BillBox::kRate,   BillBox::k
                                 BillBox::kNet,      BillBox::kAmount, BillBox::kServiceTax,
                                 BillBox::kLineStt};
 
+// In the order in which one follows from the other.
+constexpr std::array kCharges{BillBox::kBrokerage, BillBox::kServiceTax, BillBox::kLineStt};
+
 }  // namespace
 
 void LineEntry::Clear() {
@@ -23,35 +26,59 @@ void LineEntry::Clear() {
   offered_ = {};
 }
 
-void LineEntry::Show(const BillLine& line) {
+void LineEntry::Show(const BillLine& line, const ChargePercents& percents) {
   line_ = line;
   side_ = line.side;
-  offered_ = {};
-  boxes_.Show(BillBox::kQuantity, line.quantity);
+  percents_ = percents;
+  boxes_.Show(BillBox::kQuantity, line.quantity.Number());
   boxes_.Show(BillBox::kRate, line.rate);
   boxes_.Show(BillBox::kBrokerage, line.brokerage);
   boxes_.Show(BillBox::kNet, line.net);
   boxes_.Show(BillBox::kAmount, line.amount);
   boxes_.Show(BillBox::kServiceTax, line.service_tax);
   boxes_.Show(BillBox::kLineStt, line.stt);
+  offered_ = {};
+  for (const BillBox box : kCharges) {
+    const double proposal = Proposal(box);
+    if (boxes_[box] == text::FormatAmount(proposal)) {
+      offered_[static_cast<std::size_t>(box)] = proposal;
+    }
+  }
+}
+
+double LineEntry::Proposal(BillBox charge) const {
+  if (charge == BillBox::kBrokerage) {
+    return DefaultBrokerage(percents_, boxes_.Number(BillBox::kRate));
+  }
+  if (charge == BillBox::kServiceTax) {
+    return DefaultServiceTax(percents_, boxes_.Number(BillBox::kBrokerage),
+                             boxes_.Number(BillBox::kQuantity));
+  }
+  const double stt = DefaultStt({.stt = line_.stt_percent}, boxes_.Number(BillBox::kAmount));
+  return stt_in_whole_rupees_ ? InWholeRupees(stt) : stt;
 }
 
 void LineEntry::Enter(BillBox box) {
-  switch (box) {
-    case BillBox::kBrokerage:
-      return Offer(box, DefaultBrokerage(percents_, boxes_.Number(BillBox::kRate)));
-    case BillBox::kServiceTax:
-      return Offer(box, DefaultServiceTax(percents_, boxes_.Number(BillBox::kBrokerage),
-                                          boxes_.Number(BillBox::kQuantity)));
-    case BillBox::kLineStt:
-      return Offer(box, DefaultStt({.stt = line_.stt_percent}, boxes_.Number(BillBox::kAmount)));
-    default:
-      return;
+  if (std::ranges::find(kCharges, box) != kCharges.end()) {
+    Offer(box, Proposal(box));
   }
 }
 
 void LineEntry::Leave(BillBox box) {
   LeaveBox(box, side_.value_or(Side::kPurchase), boxes_);
+  ProposeAgain(box);
+}
+
+/// The charges that were proposed and still stand so.
+void LineEntry::ProposeAgain(std::optional<BillBox> except) {
+  for (const BillBox box : kCharges) {
+    const bool was_offered =
+        offered_[static_cast<std::size_t>(box)] && !boxes_[box].isEmpty() && StandsAsOffered(box);
+    if (was_offered && box != except) {
+      Offer(box, Proposal(box));
+      LeaveBox(box, side_.value_or(Side::kPurchase), boxes_);
+    }
+  }
 }
 
 void LineEntry::SetSide(std::optional<Side> side) {
@@ -62,6 +89,7 @@ void LineEntry::SetSide(std::optional<Side> side) {
   line_.lot = {};
   if (!boxes_[BillBox::kAmount].isEmpty()) {
     RecomputeLine(side_.value_or(Side::kPurchase), boxes_);
+    ProposeAgain();
   }
 }
 
@@ -76,19 +104,22 @@ void LineEntry::SetScrip(ScripId scrip) {
   }
 }
 
-void LineEntry::SetLot(LotId lot, ScripId scrip) {
-  SetScrip(scrip);
-  line_.lot = lot;
+void LineEntry::SetLot(const records::Lot& lot) {
+  SetScrip(lot.scrip);
+  line_.lot = side_ == Side::kSale ? lot.id : LotId{};
+  line_.lot_rate = lot.rate;
 }
 
 void LineEntry::SetDelivery(Delivery delivery, const ChargePercents& percents) {
   line_.delivery_type = DeliveryText(delivery);
   line_.stt_percent = percents.stt;
   percents_ = percents;
+  ProposeAgain();
 }
 
 void LineEntry::SetSttPercent(double percent) {
   line_.stt_percent = percent;
+  ProposeAgain();
 }
 
 bool LineEntry::OfferRate(double rate) {
@@ -108,9 +139,11 @@ bool LineEntry::StandsAsOffered(BillBox box) const {
 }
 
 void LineEntry::Offer(BillBox box, double number) {
-  if (StandsAsOffered(box)) {
+  auto& offered = offered_[static_cast<std::size_t>(box)];
+  const bool is_there = offered == number && !boxes_[box].isEmpty();
+  if (StandsAsOffered(box) && !is_there) {
     boxes_.Type(box, text::NumberText(number));
-    offered_[static_cast<std::size_t>(box)] = number;
+    offered = number;
   }
 }
 
@@ -123,7 +156,7 @@ BillLine LineEntry::Entered() const {
   BillLine line = line_;
   line.side = side_.value_or(Side::kPurchase);
   line.lot = line.side == Side::kSale ? line_.lot : LotId{};
-  line.quantity = boxes_.Number(BillBox::kQuantity);
+  line.quantity = text::Shares(boxes_.Number(BillBox::kQuantity));
   line.rate = boxes_.Number(BillBox::kRate);
   line.brokerage = boxes_.Number(BillBox::kBrokerage);
   line.net = boxes_.Number(BillBox::kNet);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Refusal.h"
-#include "core/ledger/Ledger.h"
+#include "core/records/Lot.h"
 #include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/EntryLookups.h"
 
@@ -11,16 +11,20 @@
 namespace quorvane::bills {
 
 /// The bill line that is being entered: what its boxes show, its scrip, the lot that a sale draws
-/// on, and the charges and the rate that are proposed. What is proposed gives way to whatever the
-/// user types, and is worked out anew as long as it stands as it was proposed.
+/// on, and the charges and the rate that are proposed. What is proposed gives way to what the user
+/// types; until then it follows the quantity, rate, delivery type and side that it comes from.
 class LineEntry {
  public:
   /// Empties everything but the side, the delivery type with its percentages and the F&O mark: the
   /// next line of a contract note is mostly of the same kind.
   void Clear();
 
-  /// Puts a line of the bill here to be changed. Its charges are not proposed anew.
-  void Show(const BillLine& line);
+  /// Puts a line of the bill here to be changed, with the percentages of its delivery type. A
+  /// charge that is what they give counts as proposed, another one as typed.
+  void Show(const BillLine& line, const ChargePercents& percents);
+
+  /// STT is proposed in whole rupees, 50 paise up.
+  void SetSttInWholeRupees(bool on) { stt_in_whole_rupees_ = on; }
 
   const BillBoxes& Boxes() const { return boxes_; }
   void Type(BillBox box, const QString& text) { boxes_.Type(box, text); }
@@ -41,12 +45,11 @@ class LineEntry {
 
   LotId Lot() const { return line_.lot; }
 
-  /// Takes the lot that a sale draws on, and its scrip.
-  void SetLot(LotId lot, ScripId scrip);
+  /// Takes the lot that a sale draws on, and its scrip; a purchase takes the scrip only.
+  void SetLot(const records::Lot& lot);
 
   /// Percentages for the charges proposed from now on.
   void SetDelivery(Delivery delivery, const ChargePercents& percents);
-  void SetPercents(const ChargePercents& percents) { percents_ = percents; }
   void SetSttPercent(double percent);
   double SttPercent() const { return line_.stt_percent; }
   const QString& DeliveryType() const { return line_.delivery_type; }
@@ -64,13 +67,16 @@ class LineEntry {
   BillLine Entered() const;
 
  private:
+  double Proposal(BillBox charge) const;
   bool StandsAsOffered(BillBox box) const;
   void Offer(BillBox box, double number);
+  void ProposeAgain(std::optional<BillBox> except = std::nullopt);
 
   BillBoxes boxes_;
   BillLine line_;  ///< what is not in the boxes
   std::optional<Side> side_;
   ChargePercents percents_;
+  bool stt_in_whole_rupees_ = false;
   std::array<std::optional<double>, kBillBoxCount> offered_;
 };
 

@@ -1,7 +1,5 @@
 #include "transactions/opening_stock/OpeningStock.h"
 
-#include "core/text/Amounts.h"
-
 #include <QCoreApplication>
 
 namespace quorvane::opening_stock {
@@ -12,10 +10,6 @@ Refusal Refuse(const char* text, const QString& field) {
 }
 
 }  // namespace
-
-double OpeningTotal(Shares quantity, double rate, double brokerage) {
-  return text::RoundAmount(quantity.Number() * text::Tidy(rate + brokerage));
-}
 
 QString KeepPurchaseDate(const QString& date, text::FinancialYear year) {
   const auto day = text::ParseDmy(date);

@@ -9,10 +9,8 @@
 namespace quorvane::opening_stock {
 
 using OpeningLot = records::Opening;
+using records::OpeningTotal;
 using text::Shares;
-
-/// Rupees for a quantity at a rate with brokerage, rounded to paise.
-double OpeningTotal(Shares quantity, double rate, double brokerage);
 
 /// A completed purchase date (dd/mm/yyyy) when an opening lot of the year may have it, else an
 /// empty text: a day after the year's last one is cleared without a word.

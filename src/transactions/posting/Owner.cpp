@@ -15,6 +15,11 @@ Refusal Deleted(const char* text, const QString& field) {
   return {QCoreApplication::translate("Posting", text), field};
 }
 
+template <class Key>
+bool IsThere(database::Transaction& transaction, std::string_view sql, Key key) {
+  return transaction.Open(sql, key).Next();
+}
+
 }  // namespace
 
 MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client,
@@ -42,14 +47,22 @@ MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, A
 
 MaybeRefusal CheckBroker(database::Transaction& transaction, BrokerId broker, BrokerId recorded,
                          const QString& field) {
-  if (!broker || broker == recorded) {
-    return std::nullopt;
-  }
-  auto rows = transaction.Open("Select Id From Broker Where Id=? Lock In Share Mode", broker);
-  if (rows.Next()) {
+  const bool stays = !broker || broker == recorded;
+  if (stays ||
+      IsThere(transaction, "Select Id From Broker Where Id=? Lock In Share Mode", broker)) {
     return std::nullopt;
   }
   return Deleted(QT_TRANSLATE_NOOP("Posting", "This Broker was Deleted in the Meantime."), field);
+}
+
+MaybeRefusal CheckExchange(database::Transaction& transaction, ExchangeId exchange,
+                           ExchangeId recorded, const QString& field) {
+  const bool stays = !exchange || exchange == recorded;
+  if (stays ||
+      IsThere(transaction, "Select Id From Exchange Where Id=? Lock In Share Mode", exchange)) {
+    return std::nullopt;
+  }
+  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Exchange was Deleted in the Meantime."), field);
 }
 
 MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const ScripId> scrips,

@@ -25,6 +25,10 @@ MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, A
 MaybeRefusal CheckBroker(database::Transaction& transaction, BrokerId broker, BrokerId recorded,
                          const QString& field);
 
+/// The same for the exchange of a bill.
+MaybeRefusal CheckExchange(database::Transaction& transaction, ExchangeId exchange,
+                           ExchangeId recorded, const QString& field);
+
 /// All scrips of a record with one query. A record may keep the scrips in `recorded`, although they
 /// were deleted; no scrip is none that could be missing.
 MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const ScripId> scrips,

@@ -71,7 +71,8 @@ class TableCheckTest : public QObject {
                        QString::number(key.keys));
     }
     for (const auto& change : check.wrong_lots) {
-      text += QStringLiteral("lot %1 %2;").arg(change.lot.id.value).arg(change.lot.quantity.Number());
+      text +=
+          QStringLiteral("lot %1 %2;").arg(change.lot.id.value).arg(change.lot.quantity.Number());
     }
     for (const auto& dangling : check.dangling) {
       text +=

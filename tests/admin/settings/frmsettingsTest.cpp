@@ -49,11 +49,13 @@ class frmsettingsTest : public QObject {
     Choice("Combo1")->ById(1);
     Box(Width)->setText("1024");
     Box(Height)->setText("768");
+    Choice(BoxOf(WholeRupeeStt))->ById(1);
     Click("cmdUpdate");
     QCOMPARE(messages_.Texts(), QStringList("The settings are saved."));
     QCOMPARE(Read(Config()), QByteArray("; by hand\n[Backup]\nFolder=/b\n[Internet]\nBseHost=\n"
                                         "NseHost=https://nse.example\n"
-                                        "NseArchiveHost=https://archive.example\n"));
+                                        "NseArchiveHost=https://archive.example\n"
+                                        "[Bills]\nWholeRupeeStt=yes\n"));
     const auto hosts = rates::ExchangeHosts::From(app::IniFile(Config()));
     QCOMPARE(hosts.nse_archive, QUrl("https://archive.example"));
     QCOMPARE(Read(session_.folders.screen_ini), QByteArray("[ScrReso]\nOpt=1\nX=1024\nY=768\n"));

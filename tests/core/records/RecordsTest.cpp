@@ -1,5 +1,6 @@
 #include "core/records/Bill.h"
 #include "core/records/Lot.h"
+#include "core/records/Masters.h"
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
 #include "core/records/Rates.h"
@@ -31,8 +32,8 @@ class RecordsTest : public QObject {
     QStringList names;
     for (const auto& row :
          database_->Get().Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
-                         "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
-                         table)) {
+                               "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
+                               table)) {
       names << row.Text(std::size_t{0});
     }
     names.sort();
@@ -57,6 +58,17 @@ class RecordsTest : public QObject {
     Compare<records::Transfer>();
     Compare<records::Lot>();
     Compare<records::Lot>(records::kScratchLots);
+    Compare<records::Client>();
+    Compare<records::Account>();
+    Compare<records::Participant>();
+    Compare<records::DpId>();
+    Compare<records::Broker>();
+    Compare<records::Scrip>();
+    Compare<records::ScripType>();
+    Compare<records::ScripClass>();
+    Compare<records::Exchange>();
+    Compare<records::SttPercent>();
+    Compare<records::Percentage>();
     Compare<records::Payment>();
     Compare<records::Payment>(records::kReceipts);
     Compare<records::BrokerOpening>();

@@ -4,6 +4,7 @@
 #include "transactions/Desk.h"
 #include "transactions/bills/AverageRates.h"
 #include "transactions/bills/BillBook.h"
+#include "transactions/bills/HeldLots.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
 #include <QTest>
@@ -53,9 +54,10 @@ class AverageRatesTest : public QObject {
   }
 
   static QString Rates(Desk& desk, AccountId account) {
-    RebuildAverageRates(desk.Connection(), desk.of, account);
+    const ledger::Place place{desk.of, account};
+    RebuildAverageRates(desk.Connection(), place, ReadAccount(desk.Connection(), place));
     QStringList rates;
-    for (const AverageRate& rate : ReadAverageRates(desk.Connection(), desk.of, account)) {
+    for (const AverageRate& rate : ReadAverageRates(desk.Connection(), place)) {
       rates += QString::number(rate.scrip.value) + QLatin1Char('=') + text::NumberText(rate.rate);
     }
     return rates.join(QLatin1Char(' '));

@@ -120,26 +120,22 @@ class BillBookTest : public QObject {
   }
 
   void SaleMayDrawOnAPurchaseOfTheSameBill() {
-    BillLine sale = desk_->Sale(4, 120, LotId{77});
-    BillLine purchase = desk_->Purchase(10, 100);
-    purchase.lot = LotId{77};
-    Bill bill = desk_->NewBill({sale, purchase});
+    BillLine sale = desk_->Sale(4, 120, LotId{-2});
+    sale.lot_rate = 100;
+    Bill bill = desk_->NewBill({sale, desk_->Purchase(5, 90), desk_->Purchase(10, 100)});
     QVERIFY(!Book().Save(bill));
     QCOMPARE(desk_->LotAt(100), QStringLiteral("6@100"));
     QCOMPARE(bill.lines[0].lot, desk_->IdOfLot(100));
     QCOMPARE(Book().Load(bill.id)->lines[0].lot, desk_->IdOfLot(100));
   }
 
-  void SaleOfALotInDoubtIsRefused() {
-    Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
-    QVERIFY(!Book().Save(bought));
-    const QStringList before = desk_->Everything();
-    // The number under which the purchase was entered belongs to another lot by now.
-    BillLine purchase = desk_->Purchase(5, 80);
-    purchase.lot = bought.lines[0].lot;
-    Bill bill = desk_->NewBill({purchase, desk_->Sale(1, 120, purchase.lot)});
+  // The number alone would lead to another purchase of the bill.
+  void SaleOfAPurchaseThatIsNotInTheBillIsRefused() {
+    BillLine sale = desk_->Sale(1, 120, LotId{-1});
+    sale.lot_rate = 100;
+    Bill bill = desk_->NewBill({desk_->Purchase(5, 80), sale});
     QCOMPARE(TextOf(Book().Save(bill)), kNegativeReliance);
-    QCOMPARE(desk_->Everything(), before);
+    QCOMPARE(desk_->Everything(), QStringList());
   }
 
   void SaleWithoutALotMovesNothing() {
@@ -215,6 +211,49 @@ class BillBookTest : public QObject {
     bill.account = {};
     QCOMPARE(TextOf(book.Save(bill)), QStringLiteral("This Client was Deleted in the Meantime."));
     QCOMPARE(desk_->Everything(), before);
+  }
+
+  void BillOfWhatWasDeletedMeanwhileIsRefused_data() {
+    QTest::addColumn<Edit>("edit");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("broker") << Edit([](const Desk&, Bill& bill) { bill.broker = BrokerId{77}; })
+                            << "This Broker was Deleted in the Meantime.";
+    QTest::newRow("exchange") << Edit([](const Desk&, Bill& bill) {
+      bill.exchange = ExchangeId{77};
+    }) << "This Exchange was Deleted in the Meantime.";
+    QTest::newRow("scrip of a line")
+        << Edit([](const Desk&, Bill& bill) { bill.lines[1].scrip = ScripId{77}; })
+        << "This Script was Deleted in the Meantime.";
+  }
+  void BillOfWhatWasDeletedMeanwhileIsRefused() {
+    QFETCH(const Edit, edit);
+    Bill bill = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(5, 90)});
+    edit(*desk_, bill);
+    QTEST(TextOf(Book().Save(bill)), "text");
+    QCOMPARE(desk_->Everything(), QStringList());
+  }
+
+  void BillOfTheSameNumberAndDateIsATwin_data() {
+    QTest::addColumn<Edit>("edit");
+    QTest::addColumn<bool>("twin");
+    QTest::newRow("same") << Edit([](const Desk&, Bill&) {}) << true;
+    QTest::newRow("number") << Edit([](const Desk&, Bill& bill) {
+      bill.number = QStringLiteral("B/2");
+    }) << false;
+    QTest::newRow("date") << Edit([](const Desk&, Bill& bill) {
+      bill.date = QStringLiteral("11/06/2011");
+    }) << false;
+    QTest::newRow("broker") << Edit([](const Desk&, Bill& bill) { bill.broker = {}; }) << false;
+  }
+  void BillOfTheSameNumberAndDateIsATwin() {
+    QFETCH(const Edit, edit);
+    Bill first = desk_->NewBill({});
+    QVERIFY(!Book().Save(first));
+    QVERIFY(!Book().HasTwin(first));
+    Bill second = desk_->NewBill({});
+    edit(*desk_, second);
+    QTEST(Book().HasTwin(second), "twin");
+    QVERIFY(!BillBook(desk_->Connection(), desk_->other_of).HasTwin(second));
   }
 
   void DeleteTakesEveryLineBack() {
@@ -319,7 +358,7 @@ class BillBookTest : public QObject {
   void SharesAreRecordedAsTheLedgerKeepsThem() {
     Bill bill = desk_->NewBill({desk_->Purchase(1.0000004, 100), desk_->Purchase(2.0000004, 100)});
     QVERIFY(!Book().Save(bill));
-    QCOMPARE(Book().Load(bill.id)->lines[0].quantity, 1.0);
+    QCOMPARE(Book().Load(bill.id)->lines[0].quantity, text::Shares(1));
     Progress silent;
     QVERIFY(ledger::CheckStock(desk_->Connection(), desk_->of, silent).changes.empty());
     bill.lines = {desk_->Purchase(0.0000004, 100)};

@@ -26,11 +26,11 @@ const std::array<std::function<void(Bill&)>, 8> kSteps{
     },
     [](Bill& bill) { bill.lines[0].scrip = ScripId{1}; },
     [](Bill& bill) {
-      bill.lines[0].quantity = 1;
+      bill.lines[0].quantity = text::Shares(1);
       bill.lines[1].scrip = ScripId{1};
-      bill.lines[1].quantity = -1;
+      bill.lines[1].quantity = text::Shares(-1);
     },
-    [](Bill& bill) { bill.lines[1].quantity = 0.001; },
+    [](Bill& bill) { bill.lines[1].quantity = text::Shares(0.001); },
 };
 
 Bill FilledIn(int steps) {
@@ -114,11 +114,13 @@ class BillChecksTest : public QObject {
   }
 
   void LineIsCheckedInOrder() {
-    QCOMPARE(TextOf(CheckLine(std::nullopt, {}, 0)), QStringLiteral("Enter Sale/Purchase."));
-    QCOMPARE(TextOf(CheckLine(Side::kSale, {}, 0)), QStringLiteral("Enter Script Name."));
-    QCOMPARE(TextOf(CheckLine(Side::kSale, ScripId{1}, 0)),
+    QCOMPARE(TextOf(CheckLine(std::nullopt, {}, text::Shares(0))),
+             QStringLiteral("Enter Sale/Purchase."));
+    QCOMPARE(TextOf(CheckLine(Side::kSale, {}, text::Shares(0))),
+             QStringLiteral("Enter Script Name."));
+    QCOMPARE(TextOf(CheckLine(Side::kSale, ScripId{1}, text::Shares(0))),
              QStringLiteral("Enter Quantity Greater than Zero."));
-    QVERIFY(!CheckLine(Side::kSale, ScripId{1}, 0.000001));
+    QVERIFY(!CheckLine(Side::kSale, ScripId{1}, text::Shares(0.000001)));
   }
 
   void DateIsNotAfterToday_data() {
@@ -140,10 +142,10 @@ class BillChecksTest : public QObject {
   }
 
   void SaleStaysWithinTheBalance() {
-    QVERIFY(!CheckSale(Side::kPurchase, 100, 5));
-    QVERIFY(!CheckSale(Side::kSale, 100, std::nullopt));
-    QVERIFY(!CheckSale(Side::kSale, 5, 5));
-    const MaybeRefusal refusal = CheckSale(Side::kSale, 5.001, 5);
+    QVERIFY(!CheckSale(Side::kPurchase, text::Shares(100), text::Shares(5)));
+    QVERIFY(!CheckSale(Side::kSale, text::Shares(100), std::nullopt));
+    QVERIFY(!CheckSale(Side::kSale, text::Shares(5), text::Shares(5)));
+    const MaybeRefusal refusal = CheckSale(Side::kSale, text::Shares(5.001), text::Shares(5));
     QCOMPARE(TextOf(refusal), QStringLiteral("You Can't Sale Scripts More than Balance.\n\n"
                                              "Maximum Allowed Value is: 5.00"));
     QCOMPARE(FieldOf(refusal), QStringLiteral("Text1_3"));

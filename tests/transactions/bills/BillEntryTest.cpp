@@ -15,10 +15,44 @@ class BillEntryTest : public QObject {
 
   QString Balance() const {
     QStringList lots;
-    for (const ledger::Lot& lot : entry_->Balance()) {
-      lots += text::NumberText(lot.quantity) + QLatin1Char('@') + text::NumberText(lot.rate);
+    for (const HeldLot& held : entry_->Balance()) {
+      lots += text::NumberText(held.lot.quantity.Number()) + QLatin1Char('@') +
+              text::NumberText(held.lot.rate);
     }
     return lots.join(QLatin1Char(' '));
+  }
+
+  /// A sale from the lot of that rate, as it is picked from the balance.
+  BillLine SaleFrom(double lot_rate, double quantity) const {
+    for (const HeldLot& held : entry_->Balance()) {
+      if (held.lot.scrip == desk_->scrip && held.lot.rate == lot_rate) {
+        BillLine sale = desk_->Sale(quantity, 150, held.lot.id);
+        sale.lot_rate = lot_rate;
+        return sale;
+      }
+    }
+    throw std::runtime_error("no such lot");
+  }
+
+  /// The quantity, rate of the lot and service tax of each line.
+  QString Lines() const {
+    QStringList lines;
+    for (const BillLine& line : entry_->Current().lines) {
+      lines += QStringLiteral("%1@%2+%3")
+                   .arg(text::NumberText(line.quantity.Number()),
+                        text::NumberText(line.IsPurchase() ? line.rate : line.lot_rate),
+                        text::NumberText(line.service_tax));
+    }
+    return lines.join(QLatin1Char(' '));
+  }
+
+  void Begin(AccountId account, std::vector<BillLine> lines) {
+    Bill bill = desk_->NewBill({});
+    bill.account = account;
+    entry_->Begin(bill);
+    for (const BillLine& line : lines) {
+      QCOMPARE(TextOf(entry_->Put(line, std::nullopt)), test::kAccepted);
+    }
   }
 
   Bill Saved(std::vector<BillLine> lines) {
@@ -109,32 +143,137 @@ class BillEntryTest : public QObject {
     QCOMPARE(Balance(), QStringLiteral("5@100"));
   }
 
-  // The lines stand in another order than their scratch lots then.
   void SaleFollowsAPurchaseThatWasEnteredAgain() {
     BillLine other = desk_->Purchase(5, 200);
     other.scrip = desk_->second_scrip;
-    entry_->Begin(desk_->NewBill({}));
-    QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
-    QVERIFY(!entry_->Put(other, std::nullopt));
+    Begin(desk_->account, {desk_->Purchase(10, 100), other});
     QVERIFY(!entry_->Remove(0));
     QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
-    QVERIFY(!entry_->Put(desk_->Sale(4, 120, entry_->Current().lines[1].lot), std::nullopt));
+    QVERIFY(!entry_->Put(SaleFrom(100, 4), std::nullopt));
     QVERIFY(!entry_->Save());
     QCOMPARE(desk_->LotAt(100), QStringLiteral("6@100"));
     QCOMPARE(desk_->LotAt(desk_->of, desk_->account, desk_->second_scrip, 200),
              QStringLiteral("5@200"));
   }
 
-  // Both purchases have the scratch lot of the same number after another window began anew.
-  void SaleOfANumberThatTwoPurchasesHadIsRefused() {
-    entry_->Begin(desk_->NewBill({}));
-    QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
-    QVERIFY(!posting::ScratchLots(desk_->Connection(), desk_->of).Begin(std::nullopt));
-    QVERIFY(!entry_->Put(desk_->Purchase(10, 200), std::nullopt));
-    QCOMPARE(entry_->Current().lines[0].lot, entry_->Current().lines[1].lot);
-    QVERIFY(!entry_->Put(desk_->Sale(4, 250, entry_->Current().lines[1].lot), std::nullopt));
+  void LinesMoveTheBalanceButNotTheLedger() {
+    Saved({desk_->Purchase(10, 100), desk_->Purchase(4, 90)});
+    const QStringList before = desk_->Everything();
+    Begin(desk_->account, {desk_->Purchase(5, 90), desk_->Purchase(2, 80)});
+    QVERIFY(!entry_->Put(SaleFrom(100, 3), std::nullopt));
+    QCOMPARE(Balance(), QStringLiteral("2@80 7@100 9@90"));
+    QCOMPARE(desk_->Contents("Stock_Temp").size(), 3);
+    QVERIFY(!entry_->Put(SaleFrom(100, 10), 2));
+    QVERIFY(!entry_->Remove(0));
+    QCOMPARE(Balance(), QStringLiteral("0@100 2@80 4@90"));
+    QVERIFY(!entry_->Put(desk_->Purchase(3, 100), 1));
+    QCOMPARE(Balance(), QStringLiteral("2@80 4@90 13@100"));
+    QCOMPARE(desk_->Everything(), before);
+    entry_->Cancel();
+    QCOMPARE(desk_->Contents("Stock_Temp"), QStringList());
+    QCOMPARE(desk_->Everything(), before);
+  }
+
+  // Another window, program or rebuild may do anything to the scratch table.
+  void NobodyElseChangesTheLotsOfAnEntry() {
+    Saved({desk_->Purchase(115, 100)});
+    Begin(desk_->account, {desk_->Purchase(2, 80)});
+    desk_->Connection().Execute("Delete From Stock_Temp");
+    QVERIFY(TextOf(entry_->Put(desk_->Sale(1000, 150, {}), std::nullopt))
+                .endsWith(QStringLiteral("is: 117.00")));
+    QVERIFY(!entry_->Put(SaleFrom(100, 10), std::nullopt));
+    desk_->Connection().Execute("Insert Into Stock_Temp Select * From Stock");
+    QVERIFY(!entry_->Put(SaleFrom(80, 1), std::nullopt));
+    QCOMPARE(Balance(), QStringLiteral("1@80 105@100"));
+    QCOMPARE(TextOf(entry_->Save()), test::kAccepted);
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("105@100"));
+    QCOMPARE(desk_->LotAt(80), QStringLiteral("1@80"));
+  }
+
+  void ChangeThatWouldLeaveALotBelowZeroChangesNothing_data() {
+    QTest::addColumn<double>("quantity");
+    QTest::addColumn<double>("rate");
+    QTest::addColumn<bool>("accepted");
+    // 10 came at 100 and 8 of them are sold.
+    QTest::newRow("as many as sold") << 8.0 << 100.0 << true;
+    QTest::newRow("fewer than sold") << 7.999999 << 100.0 << false;
+    QTest::newRow("another rate") << 10.0 << 101.0 << false;
+  }
+  void ChangeThatWouldLeaveALotBelowZeroChangesNothing() {
+    QFETCH(const double, quantity);
+    QFETCH(const double, rate);
+    QFETCH(const bool, accepted);
+    entry_->Begin(Saved({desk_->Purchase(10, 100)}));
+    QVERIFY(!entry_->Put(SaleFrom(100, 8), std::nullopt));
+    const MaybeRefusal refusal = entry_->Put(desk_->Purchase(quantity, rate), 0);
+    QCOMPARE(TextOf(refusal), accepted ? test::kAccepted : test::kNegativeReliance);
+    QCOMPARE(Balance(), accepted ? QStringLiteral("0@100") : QStringLiteral("2@100"));
+    QCOMPARE(TextOf(entry_->Remove(0)), test::kNegativeReliance);
+  }
+
+  void SaleOfSeveralLotsTakesTheOldestFirst_data() {
+    QTest::addColumn<double>("lot");  // 0 is none
+    QTest::addColumn<double>("quantity");
+    QTest::addColumn<QString>("pieces");
+    QTest::newRow("fits its lot") << 90.0 << 4.0 << QString();
+    QTest::newRow("no lot") << 0.0 << 3.0 << QStringLiteral("3@100");
+    QTest::newRow("no lot, several") << 0.0 << 12.0 << QStringLiteral("10@100 2@80");
+    QTest::newRow("its own lot first") << 90.0 << 11.0 << QStringLiteral("4@90 7@100");
+    QTest::newRow("all") << 0.0 << 20.0 << QStringLiteral("10@100 6@80 4@90");
+    QTest::newRow("more than all") << 0.0 << 20.5 << QString();
+  }
+  void SaleOfSeveralLotsTakesTheOldestFirst() {
+    QFETCH(const double, lot);
+    QFETCH(const double, quantity);
+    for (const auto& [date, line] : {std::pair{"10/07/2011", desk_->Purchase(6, 80)},
+                                     {"10/06/2011", desk_->Purchase(10, 100)},
+                                     {"10/08/2011", desk_->Purchase(4, 90)}}) {
+      Bill bill = desk_->NewBill(QString::fromLatin1(date), {line});
+      QVERIFY(!BillBook(desk_->Connection(), desk_->of).Save(bill));
+    }
+    Begin(desk_->account, {});
+    const BillLine sale = lot == 0 ? desk_->Sale(quantity, 150, {}) : SaleFrom(lot, quantity);
+    QStringList pieces;
+    for (const Piece& piece : entry_->Spread(sale, std::nullopt)) {
+      pieces += text::NumberText(piece.quantity.Number()) + QLatin1Char('@') +
+                text::NumberText(piece.from.lot.rate);
+    }
+    QTEST(pieces.join(QLatin1Char(' ')), "pieces");
+  }
+
+  void ChargesOfASaleAreSharedOut() {
+    Saved({desk_->Purchase(1, 100), desk_->Purchase(1, 90), desk_->Purchase(1, 80)});
+    Begin(desk_->account, {});
+    BillLine sale = desk_->Sale(3, 150, {});
+    sale.service_tax = 0.1;
+    QVERIFY(!entry_->Put(SpreadOver(sale, entry_->Spread(sale, std::nullopt)), std::nullopt));
+    QCOMPARE(Lines(), QStringLiteral("1@100+0.03 1@90+0.04 1@80+0.03"));
+    QCOMPARE(entry_->Current().total, 449.9);
+  }
+
+  void SalesEnteredBeforeTheAccountTakeItsOldestLots() {
+    Saved({desk_->Purchase(10, 100), desk_->Purchase(4, 90)});
+    Begin({}, {desk_->Sale(12, 150, {})});
+    QVERIFY(!entry_->ChooseAccount(desk_->account));
+    QCOMPARE(entry_->SalesWithoutLot(), std::size_t{1});
+    QCOMPARE(TextOf(entry_->Save()),
+             QStringLiteral("Line 1: Select the Lot to be Sold from the Balance."));
+    QVERIFY(!entry_->TakeOldestLots());
+    QCOMPARE(Lines(), QStringLiteral("10@100+0 2@90+0"));
+    QVERIFY(!entry_->Save());
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
+    QCOMPARE(desk_->LotAt(90), QStringLiteral("2@90"));
+  }
+
+  void SalesBeyondTheAccountThatIsChosenAreRefused() {
+    Saved({desk_->Purchase(10, 100)});
+    Begin({}, {desk_->Sale(6, 150, {}), desk_->Sale(6, 150, {})});
+    QVERIFY(!entry_->ChooseAccount(desk_->account));
+    QVERIFY(TextOf(entry_->TakeOldestLots()).startsWith(QStringLiteral("Line 2: ")));
+    QCOMPARE(Lines(), QStringLiteral("6@0+0 6@0+0"));
     QVERIFY(entry_->Save());
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("none"));
+    QVERIFY(!entry_->ChooseAccount(desk_->second_account));
+    QCOMPARE(TextOf(entry_->Save()), test::kAccepted);
   }
 
   void RefreshPostsTheLinesToTheLedgerOfNow() {

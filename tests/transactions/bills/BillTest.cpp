@@ -70,7 +70,7 @@ class BillTest : public QObject {
     QFETCH(double, brokerage);
     QFETCH(double, amount);
     BillLine line;
-    line.quantity = quantity;
+    line.quantity = text::Shares(quantity);
     line.rate = rate;
     line.brokerage = brokerage;
     ComputeAmount(line);
@@ -82,6 +82,13 @@ class BillTest : public QObject {
     QCOMPARE(NumberText(DefaultBrokerage(percents, 123.45)), QStringLiteral("0.37035"));
     QCOMPARE(NumberText(DefaultServiceTax(percents, 0.37, 7)), QStringLiteral("0.320124"));
     QCOMPARE(NumberText(DefaultStt(percents, 866.74)), QStringLiteral("1.083425"));
+  }
+
+  void SttInWholeRupeesGoesUpFrom50Paise() {
+    for (const auto& [stt, rupees] :
+         {std::pair{0.0, 0.0}, {0.4999, 0.0}, {0.5, 1.0}, {34.26, 34.0}, {1.1 * 1.1 + 1.29, 3.0}}) {
+      QCOMPARE(InWholeRupees(stt), rupees);
+    }
   }
 
   void ProposedChargesLoseDustBeforeTheDivision() {

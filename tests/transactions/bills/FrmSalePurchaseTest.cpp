@@ -1,4 +1,5 @@
 #include "controls/DateBox.h"
+#include "core/app/Ini.h"
 #include "masters/client_list/FrmClientList.h"
 #include "support/RecordingMessages.h"
 #include "support/TestMain.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -177,8 +179,7 @@ class FrmSalePurchaseTest : public QObject {
     };
     auto* list = new client_list::FrmClientList(*desk_);
     BringUp(list);
-    Fill({QStringLiteral("c1"), QString(), QStringLiteral("2011-12")});
-    Press(Qt::Key_Return);
+    Fill({QStringLiteral("c1")});
     QCOMPARE(opened, QStringLiteral("FrmSalePurchase"));
     QVERIFY(window_->windowTitle().endsWith(QStringLiteral(" - 2011-12")));
 
@@ -191,7 +192,8 @@ class FrmSalePurchaseTest : public QObject {
     QCOMPARE(TextIn("Combo3"), QStringLiteral("Purchase"));
     Fill({QStringLiteral("500325"), QString(), QStringLiteral("5"), QStringLiteral("110")});
     Press(Qt::Key_F8);
-    QCOMPARE(RowsOf("VS3"), QStringList({"RELIANCE|5|110.00", "RELIANCE|10|100.00"}));
+    QCOMPARE(RowsOf("VS3"),
+             QStringList({"RELIANCE|5.00|110.00|10/06/2011", "RELIANCE|10.00|100.00|10/06/2011"}));
     QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10", "RELIANCE|+5"}));
     QCOMPARE(Rows("Select * From SPMaster"), QStringList());
     Press(Qt::Key_S, Qt::ControlModifier);
@@ -355,7 +357,7 @@ class FrmSalePurchaseTest : public QObject {
     QCOMPARE(messages_->Texts(), QStringList(test::kNegativeReliance));
     QCOMPARE(Focused(), QStringLiteral("Text1_3"));
     QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10", "RELIANCE|-8"}));
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|2|100.00"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|2.00|100.00|10/06/2011"));
     Press(Qt::Key_Escape);
     Named<Grid>("Vs1")->setFocus();
     messages_->WillAnswer(true);
@@ -442,10 +444,23 @@ class FrmSalePurchaseTest : public QObject {
     Press(Qt::Key_Return);
     QCOMPARE(TextIn("Text1_13"), QStringLiteral("0.169915"));
     Press(Qt::Key_F8);
-    QCOMPARE(RowsOf("Vs1"), QStringList("S|RELIANCE|10|100.00|0.05|99.95|999.50|0.05|0.17|0.017||"
-                                        "Non Delivery Based"));
+    QCOMPARE(RowsOf("Vs1"),
+             QStringList("S|RELIANCE|10.00|100.00|0.05|99.95|999.50|0.05|0.17|0.017||"
+                         "Non Delivery Based"));
     QCOMPARE(TextIn("Text1_12"), QStringLiteral("999.62"));
     QCOMPARE(Named<QLabel>("LblTotal")->text(), QStringLiteral("Total Receivable"));
+  }
+
+  void SttIsProposedInWholeRupeesWhenTheSettingsSaySo() {
+    const QTemporaryDir folder;
+    session_->folders.config_file = folder.filePath(QStringLiteral("Confg.ini"));
+    app::IniFile(session_->folders.config_file)
+        .Write(QStringLiteral("Bills"), QStringLiteral("WholeRupeeStt"), QStringLiteral("yes"));
+    Open();
+    BeginBill();
+    Fill({QStringLiteral("p"), QString(), QStringLiteral("500325"), QString(), QStringLiteral("10"),
+          QStringLiteral("120"), QString(), QString(), QString()});
+    QCOMPARE(TextIn("Text1_13"), QStringLiteral("2"));
   }
 
   void ChargesOfTheBillCountWhenTheyAreLeftOrSaved() {
@@ -498,19 +513,24 @@ class FrmSalePurchaseTest : public QObject {
     Named<Grid>("Vs1")->SelectRow(0);
     messages_->WillAnswer(true);
     Click("CmdDelete1");
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|0|100.00"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|0.00|100.00|"));
     Click("cmdCancel");
     QCOMPARE(RowsOf("Vs1").size(), 1);
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10|100.00"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10.00|100.00|10/06/2011"));
     QCOMPARE(data_->Everything(), before);
     QCOMPARE(Rows("Select * From Stock_Temp"), QStringList());
   }
 
-  void EscapeAsksBeforeItGivesUpLines() {
+  void EscapeAsksBeforeItGivesUpWhatWasChanged() {
     SavedPurchase();
     Open();
     Named<Grid>("VSF")->SelectRow(0);
     Click("cmdModify");
+    Press(Qt::Key_Escape);
+    QVERIFY(!window_->IsEditing());
+    QCOMPARE(messages_->Texts(), QStringList());
+    Click("cmdModify");
+    Retype("Text1_1", QStringLiteral("b/9"));
     Press(Qt::Key_Escape);
     QCOMPARE(messages_->LastText(), QStringLiteral("The bill is not saved. Give it up?"));
     QVERIFY(window_->IsEditing());
@@ -533,7 +553,7 @@ class FrmSalePurchaseTest : public QObject {
     };
     Named<Grid>("VSF")->SelectRow(0);
     QCOMPARE(live(), QStringLiteral("0000000"));
-    QCOMPARE(RowsOf("Vs1"), QStringList("P|RELIANCE|10|100.00|0.00|100.00|1000.00|0.00|0.00|"
+    QCOMPARE(RowsOf("Vs1"), QStringList("P|RELIANCE|10.00|100.00|0.00|100.00|1000.00|0.00|0.00|"
                                         "0.000||N.A."));
     Click("cmdModify");
     QCOMPARE(live(), QStringLiteral("1000010"));
@@ -552,7 +572,7 @@ class FrmSalePurchaseTest : public QObject {
     SavedPurchase();
     Press(Qt::Key_F5);
     QCOMPARE(messages_->Texts(), QStringList("Refresh Successfully!"));
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10|100.00"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10.00|100.00|10/06/2011"));
     QCOMPARE(Named<QLabel>("LblBalance")->text(),
              QStringLiteral("Balance in Demat A/c No. - 1001"));
   }
@@ -600,10 +620,106 @@ class FrmSalePurchaseTest : public QObject {
     Retype("Combo2", QStringLiteral("1002"));
     QCOMPARE(Named<QLabel>("LblBalance")->text(),
              QStringLiteral("Balance in Demat A/c No. - 1002"));
-    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10|100.00"));
+    QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|10.00|100.00|10/06/2011"));
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(data_->LotAt(data_->of, data_->second_account, data_->scrip, 100),
              QStringLiteral("10@100"));
+  }
+
+  void SaleOfSeveralLotsIsOfferedAsALineForEach() {
+    SavedPurchase();
+    SavedPurchase(110);
+    Open();
+    BeginBill();
+    Fill({QStringLiteral("s"), QString(), QStringLiteral("500325"), QString(), QStringLiteral("12"),
+          QStringLiteral("120")});
+    messages_->WillAnswer(false);
+    Press(Qt::Key_F8);
+    QCOMPARE(messages_->Texts(),
+             QStringList({"Take the Sale from these Lots, with a Line for each?\n\n"
+                          "10 at 100.00, held since 10/06/2011\n2 at 110.00, held since 10/06/2011",
+                          "Select the Lot to be Sold from the Balance."}));
+    QCOMPARE(RowsOf("Vs1"), QStringList());
+    messages_->WillAnswer(true);
+    Press(Qt::Key_F8);
+    QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|-10", "RELIANCE|-2"}));
+    QCOMPARE(RowsOf("VS3"),
+             QStringList({"RELIANCE|8.00|110.00|10/06/2011", "RELIANCE|0.00|100.00|"}));
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(data_->LotAt(110), QStringLiteral("8@110"));
+  }
+
+  void SaleBeforeTheAccountIsOfferedItsOldestLots() {
+    Open();
+    QTest::keyClick(window_, Qt::Key_N, Qt::ControlModifier);
+    Fill({QStringLiteral("b/2"), QStringLiteral("10062011"), QString(), QStringLiteral("o'b"),
+          QStringLiteral("bse"), QString()});
+    Press(Qt::Key_Return);
+    Fill({QStringLiteral("s"), QString(), QStringLiteral("500325"), QString(), QStringLiteral("4"),
+          QStringLiteral("120")});
+    Press(Qt::Key_F8);
+    SavedPurchase();
+    messages_->WillAnswer(false);
+    Retype("Combo2", QStringLiteral("1001"));
+    QCOMPARE(messages_->LastText(), QStringLiteral("1 of the Bill's Sales name no Lot. Take the "
+                                                   "oldest Lots of the Demat A/c?"));
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(messages_->LastText(),
+             QStringLiteral("Line 1: Select the Lot to be Sold from the Balance."));
+    Retype("Combo2", QStringLiteral("1002"));
+    messages_->WillAnswer(true);
+    Retype("Combo2", QStringLiteral("1001"));
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!window_->IsEditing());
+    QCOMPARE(data_->LotAt(100), QStringLiteral("6@100"));
+  }
+
+  void SecondBillOfOneNumberIsAskedFor() {
+    SavedPurchase();
+    Open();
+    QTest::keyClick(window_, Qt::Key_N, Qt::ControlModifier);
+    Fill({QStringLiteral("b/1"), QStringLiteral("10062011")});
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(messages_->Texts(),
+             QStringList("There is a Bill No. B/1 of this Broker on 10/06/2011 already.\n\n"
+                         "Save this one, too?"));
+    QCOMPARE(Focused(), QStringLiteral("Text1_0"));
+    QCOMPARE(Rows("Select * From SPMaster").size(), 1);
+    messages_->WillAnswer(true);
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(Rows("Select * From SPMaster").size(), 2);
+    QCOMPARE(Named<Grid>("VSF")->selectionModel()->selectedRows().size(), 1);
+    QCOMPARE(QStringList(QString::number(Named<Grid>("VSF")->CurrentId())),
+             Rows("Select Max(Id) From SPMaster"));
+    Click("cmdModify");
+    Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(messages_->said.size(), std::size_t{2});
+    QVERIFY(!window_->IsEditing());
+  }
+
+  void WrongDateIsToldOnce() {
+    Open();
+    Click("cmdAdd");
+    Fill({QStringLiteral("1")});
+    QTest::keyClick(QApplication::focusWidget(), '3');
+    Click("CmdAdd1");
+    QCOMPARE(messages_->Texts(), QStringList("Enter Proper Date."));
+    QCOMPARE(Focused(), QStringLiteral("Text1_1"));
+    QCOMPARE(Named("Text1_1")->selectedText(), QStringLiteral("3"));
+  }
+
+  void SearchKeepsTheFocus() {
+    SavedPurchase();
+    Open();
+    Named("TxtSearch")->setFocus();
+    for (const char letter : {'b', 'r', 'i', 'x'}) {
+      QTest::keyClick(QApplication::focusWidget(), letter);
+      QCOMPARE(Focused(), QStringLiteral("TxtSearch"));
+    }
+    QCOMPARE(TextIn("TxtSearch"), QStringLiteral("BRIX"));
+    QCOMPARE(RowsOf("VSF"), QStringList());
+    Press(Qt::Key_Backspace);
+    QCOMPARE(RowsOf("VSF").size(), 1);
   }
 
   void BillsAreSearched() {

@@ -72,9 +72,9 @@ class RptBrokerLedgerTest : public QObject {
     QTest::newRow("from after to")
         << "02/04/2011"
         << "01/04/2011" << true << "From Date Can't be Greater than To Date.";
-    QTest::newRow("outside the year") << "31/03/2011"
-                                      << "31/03/2012" << true
-                                      << "The date lies outside the financial year 2011-12.";
+    QTest::newRow("outside the year")
+        << "31/03/2011"
+        << "31/03/2012" << true << "The date lies outside the financial year 2011-12.";
     QTest::newRow("no broker") << "01/04/2011"
                                << "01/04/2011" << false << "Enter Broker Name.";
   }

@@ -217,6 +217,7 @@ class OpeningStockBookTest : public QObject {
     const ClientYear next{desk_->client, desk_->year.Next()};
     QVERIFY(!HasLotsToCarryForward(desk_->Connection(), next));
     OpeningLot lot = Lot(10, 100);
+    lot.brokerage = 0.5;
     QVERIFY(!Book().Save(lot));
     Sell(6, 100);
     QVERIFY(HasLotsToCarryForward(desk_->Connection(), next));
@@ -229,6 +230,7 @@ class OpeningStockBookTest : public QObject {
     const auto openings = OpeningStockBook(desk_->Connection(), next).List();
     QCOMPARE(openings.size(), std::size_t{1});
     QCOMPARE(openings.front().quantity.Number(), 4.0);
+    QCOMPARE(openings.front().total, 402.0);
     QCOMPARE(openings.front().purchase_date, lot.purchase_date);
     QCOMPARE(desk_->LotAt(next, desk_->account, desk_->scrip, 100), QStringLiteral("4@100"));
     QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));

@@ -79,9 +79,9 @@ class RandomRecords {
   AccountId SomeAccount() { return Pick(Pick(owners_).accounts); }
 
   /// More often than not a possible one.
-  double QuantityFrom(const ledger::Lot& lot) {
-    const double wanted = lot.quantity * (1 + Below(12)) / 10;
-    return std::max(0.001, ledger::SettleQuantity(Below(3) == 0 ? lot.quantity : wanted));
+  double QuantityFrom(const records::Lot& lot) {
+    const double held = lot.quantity.Number();
+    return std::max(0.001, Below(3) == 0 ? held : held * (1 + Below(12)) / 10);
   }
 
   bills::BillLine Purchase() {
@@ -90,17 +90,18 @@ class RandomRecords {
     return line;
   }
 
-  bills::BillLine Sale(const std::vector<ledger::Lot>& lots) {
+  bills::BillLine Sale(const std::vector<records::Lot>& lots) {
     if (lots.empty() || Below(30) == 0) {
       return desk_.Sale(Quantity(), 120, LotId{Below(2) * 3});
     }
-    const ledger::Lot& lot = Pick(lots);
+    const records::Lot& lot = Pick(lots);
     bills::BillLine line = desk_.Sale(QuantityFrom(lot), 120, lot.id);
     line.scrip = lot.scrip;
+    line.lot_rate = lot.rate;
     return line;
   }
 
-  bills::BillLine Line(const std::vector<ledger::Lot>& lots) {
+  bills::BillLine Line(const std::vector<records::Lot>& lots) {
     return Below(2) == 0 ? Purchase() : Sale(lots);
   }
 
@@ -110,8 +111,16 @@ class RandomRecords {
     return bill;
   }
 
-  std::vector<ledger::Lot> Lots(const Owner& owner, AccountId account) {
-    return ledger::ReadLots(desk_.Connection(), owner.of, account);
+  std::vector<records::Lot> Lots(const Owner& owner, AccountId account) {
+    return ledger::ReadLots(desk_.Connection(), ledger::LotScope::Of({owner.of, account}));
+  }
+
+  static std::vector<records::Lot> LotsOf(const bills::BillEntry& entry) {
+    std::vector<records::Lot> lots;
+    for (const bills::HeldLot& held : entry.Balance()) {
+      lots.push_back(held.lot);
+    }
+    return lots;
   }
 
   MaybeRefusal SaveBill(const Owner& owner, bills::Bill& bill) {
@@ -160,29 +169,41 @@ class RandomRecords {
   void Edit(bills::BillEntry& entry, const Owner& owner) {
     const int lines = static_cast<int>(entry.Current().lines.size());
     const auto place = [&] { return static_cast<std::size_t>(Below(lines)); };
-    switch (lines == 0 ? 0 : Below(8)) {
+    switch (lines == 0 ? 0 : Below(9)) {
       case 0:
       case 1:
       case 2:
       case 3:
-        entry.Put(Line(entry.Balance()), std::nullopt);
+        entry.Put(Line(LotsOf(entry)), std::nullopt);
         break;
       case 4:
       case 5:
-        entry.Put(Line(entry.Balance()), place());
+        entry.Put(Line(LotsOf(entry)), place());
         break;
       case 6:
         entry.Remove(place());
+        break;
+      case 7:
+        Spread(entry);
         break;
       default:
         Below(2) == 0 ? entry.Refresh() : entry.ChooseAccount(Pick(owner.accounts));
     }
   }
 
+  /// A sale from the oldest lots, whichever they are.
+  void Spread(bills::BillEntry& entry) {
+    bills::BillLine sale = desk_.Sale(Quantity(), 120, {});
+    sale.scrip = Scrip();
+    if (const auto pieces = entry.Spread(sale, std::nullopt); !pieces.empty()) {
+      entry.Put(bills::SpreadOver(sale, pieces), std::nullopt);
+    }
+  }
+
   void EditLine(bills::BillLine& line) {
     switch (Below(3)) {
       case 0:
-        line.quantity = Quantity();
+        line.quantity = text::Shares(Quantity());
         break;
       case 1:
         line.rate = Rate();
@@ -242,7 +263,7 @@ class RandomRecords {
     transfer.to = SomeAccount();
     const auto lots = Lots(owner, transfer.from);
     if (!lots.empty()) {
-      const ledger::Lot& lot = Pick(lots);
+      const records::Lot& lot = Pick(lots);
       transfer.lot = lot.id;
       transfer.quantity = text::Shares(QuantityFrom(lot));
     }

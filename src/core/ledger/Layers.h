@@ -1,0 +1,151 @@
+#pragma once
+
+#include "core/ledger/Lots.h"
+#include "core/records/Movements.h"
+#include "core/text/Dates.h"
+
+#include <cstdint>
+#include <deque>
+#include <tuple>
+#include <unordered_map>
+#include <vector>
+
+namespace quorvane::ledger {
+
+/// A purchase, opening lot or transfer in, as far as its shares are still there.
+struct Layer {
+  text::Date date;
+  LotId lot;
+  Shares left;
+};
+
+/// The purchases that lots are made of, by account and scrip, so that shares can be taken first in,
+/// first out by the day on which they were bought. Posts what comes in and goes out to the lots.
+///
+/// Filled with Add and Arrange from recorded movements, over lots that have them already. Within a
+/// lot every sale and transfer uses up the oldest purchases first, whatever its own date.
+class Layers {
+ public:
+  /// The lots must outlive the layers. Another may not change them meanwhile.
+  explicit Layers(Lots& lots) : lots_(lots) {}
+
+  /// A movement that the lots hold. One without a date, or of a lot that is not there, is passed
+  /// over: its shares belong to no purchase. Nothing may have been received or taken before.
+  void Add(const records::Movement& movement);
+
+  /// Puts the movements that were added in their order and uses up what was sold of them.
+  void Arrange();
+
+  /// Shares come in: by an opening lot, a purchase or a transfer.
+  LotId Receive(const LotKey& key, text::Date date, Shares quantity);
+
+  /// Shares taken from one lot.
+  struct Piece {
+    LotId lot;
+    double rate = 0;  ///< the lot's, rupees a share
+    Shares quantity;
+  };
+
+  /// Pieces in the order of the purchases used up, neighbouring ones of one lot as one. When there
+  /// are not enough shares nothing is taken, and `available` says how many there are.
+  struct Taken {
+    std::vector<Piece> pieces;
+    Shares available;
+
+    explicit operator bool() const { return !pieces.empty(); }
+  };
+
+  /// Takes a positive quantity from the purchases up to `date`, the oldest first.
+  Taken TakeOldest(const Place& place, ScripId scrip, text::Date date, Shares quantity);
+
+  /// Takes a positive quantity from one lot.
+  Taken TakeFromLot(const LotKey& key, Shares quantity);
+
+  /// A sale from shares that the lot does not have yet.
+  struct Advance {
+    LotId lot;
+    std::size_t number = 0;
+  };
+
+  /// Takes what the lot has, and the rest from what it receives next, before anything else may be
+  /// taken of that. The lot is made when there is none.
+  Advance TakeAhead(const LotKey& key, Shares quantity);
+
+  /// Whether shares of the advance have not come in.
+  bool IsOpen(const Advance& advance) const { return advances_[advance.number] > Shares(); }
+
+  /// Remembers the state so that GoBack undoes every Take since. Nothing may be received between.
+  void Mark() { taken_.clear(); }
+  void GoBack();
+
+  /// What is left of the purchases of a lot, oldest first. The lot may have further shares that
+  /// belong to no purchase.
+  std::vector<Layer> Of(LotId lot) const;
+
+ private:
+  /// Layers by date, then by arrival. Those before `first_left` are used up.
+  struct Queue {
+    std::vector<std::uint32_t> layers;
+    std::size_t first_left = 0;
+  };
+
+  struct OfLot {
+    Queue queue;
+    std::uint32_t holding;
+    std::deque<std::size_t> advances;  ///< open ones, oldest first; then no purchase is left
+  };
+
+  /// A scrip in an account of a client and year.
+  struct Holding {
+    Place place;
+    ScripId scrip;
+
+    bool operator==(const Holding&) const = default;
+  };
+  struct HoldingHash {
+    std::size_t operator()(const Holding& holding) const noexcept;
+  };
+
+  struct Take {
+    LotId lot;
+    std::uint32_t layer;  ///< or kNoLayer, kAhead
+    Shares quantity;
+  };
+
+  /// A movement before Arrange.
+  struct Arrival {
+    text::Date date;
+    records::MovementKind kind;
+    int document;
+    int line;
+    LotId lot;
+    Shares quantity;
+
+    auto Order() const { return std::tuple(date, kind, document, line); }
+  };
+
+  static constexpr std::uint32_t kNoLayer = 0xFFFFFFFF;  ///< from beyond the known purchases
+  static constexpr std::uint32_t kAhead = 0xFFFFFFFE;    ///< by the last advance
+
+  const records::Lot* LotOf(const records::Movement& movement) const;
+  OfLot& StateOf(LotId lot);
+  Queue& QueueOf(const Holding& holding);
+  Shares Repay(OfLot& state, Shares quantity);
+  void Append(LotId lot, text::Date date, Shares quantity);
+  void Insert(Queue& queue, std::uint32_t layer);
+  void SkipUsedUp(Queue& queue);
+  void TakeShares(LotId lot, std::uint32_t layer, Shares quantity);
+  Shares TakeLayers(LotId lot, Shares quantity);
+
+  Lots& lots_;
+  std::vector<Layer> layers_;
+  std::unordered_map<LotId, OfLot> of_lot_;
+  std::unordered_map<Holding, std::uint32_t, HoldingHash> holding_places_;
+  std::vector<Queue> holdings_;
+  std::vector<Shares> advances_;  ///< shares that have not come in
+  std::vector<Take> taken_;
+  std::vector<Arrival> arrivals_;
+  std::unordered_map<LotId, Shares> gone_;
+};
+
+}  // namespace quorvane::ledger

@@ -467,6 +467,12 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>The server refused a statement that the tables need: %1</source>
         <translation>सर्वर ने एक कथन अस्वीकार किया जिसकी तालिकाओं को ज़रूरत है: %1</translation>
+        <source>The Program &quot;quorvane-reader&quot;, which Reads Documents, is Missing. Install Quorvane Again.</source>
+        <translation>दस्तावेज़ पढ़ने वाला प्रोग्राम &quot;quorvane-reader&quot; नहीं मिला। Quorvane फिर से इंस्टॉल करें।</translation>
+    </message>
+    <message>
+        <source>The Document is Broken, or Showing it Needs too Much Memory.</source>
+        <translation>दस्तावेज़ ख़राब है, या उसे दिखाने में बहुत अधिक मेमोरी लगती है।</translation>
     </message>
 </context>
 <context>
@@ -2395,6 +2401,10 @@ Save this one, too?</source>
         <source>Page %1 of %2</source>
         <translation>पृष्ठ %1 / %2</translation>
     </message>
+    <message>
+        <source>&amp;Copy the Text of the Page</source>
+        <translation>पृष्ठ का पाठ कॉपी करें (&amp;C)</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::clients::DocumentViewer</name>
@@ -2433,6 +2443,14 @@ Save this one, too?</source>
     <message>
         <source>Printing</source>
         <translation>छपाई हो रही है</translation>
+    </message>
+    <message>
+        <source>The Document can&apos;t be Read: %1</source>
+        <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
+    </message>
+    <message>
+        <source>The Document is Broken.</source>
+        <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
 </context>
 <context>
@@ -3234,6 +3252,8 @@ Save this one, too?</source>
     <message>
         <source>%1 rates were fetched; of %2 scripts none was found. Press Update to keep them.</source>
         <translation>%1 दरें लाई गईं; %2 स्क्रिपों की कोई दर नहीं मिली। इन्हें रखने के लिए अपडेट दबाएँ।</translation>
+        <source>Select Script Name!</source>
+        <translation>शेयर का नाम चुनें!</translation>
     </message>
 </context>
 <context>

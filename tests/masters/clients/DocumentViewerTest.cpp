@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QBuffer>
 #include <QClipboard>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QPageRanges>
 #include <QPainter>
@@ -16,6 +17,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 using namespace quorvane;
 using namespace quorvane::clients;
@@ -273,12 +275,19 @@ class DocumentViewerTest : public QObject {
 
   /// "shown", or what was said.
   static QString Opened(DocumentViewer& viewer, const QString& path) {
-    QString outcome;
-    const QObject scope;
-    connect(&viewer, &DocumentViewer::Opened, &scope, [&] { outcome = "shown"; });
-    connect(&viewer, &DocumentViewer::Failed, &scope, [&](const QString& text) { outcome = text; });
+    QString outcome = "nothing";
+    QEventLoop loop;
+    const auto end = [&](const QString& text) {
+      outcome = text;
+      loop.quit();
+    };
+    connect(&viewer, &DocumentViewer::Opened, &loop, [&] { end("shown"); });
+    // After Open has returned, since some documents fail at once.
+    connect(&viewer, &DocumentViewer::Failed, &loop, end, Qt::QueuedConnection);
+    QTimer::singleShot(90000, &loop, &QEventLoop::quit);
     viewer.Open(path);
-    return QTest::qWaitFor([&] { return !outcome.isEmpty(); }, 90000) ? outcome : "nothing";
+    loop.exec();
+    return outcome;
   }
 
   inline static const QColor kColors[4] = {Qt::red, Qt::green, Qt::blue, Qt::black};

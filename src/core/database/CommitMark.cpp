@@ -11,7 +11,7 @@ constexpr unsigned kFirstWait = 200;  // milliseconds; grows with each look
 }  // namespace
 
 void CommitMark::Write(Transaction& transaction) {
-  if (!connection_.HasSharedTables()) {
+  if (!is_kept_) {
     return;
   }
   serial_ = connection_.NextSerial();

@@ -14,6 +14,9 @@ class CommitMark {
  public:
   explicit CommitMark(Connection& connection) : connection_(connection) {}
 
+  /// Before the transaction: looks whether the database keeps marks.
+  void Prepare() { is_kept_ = connection_.HasSharedTables(); }
+
   /// The last statement of the transaction.
   void Write(Transaction& transaction);
 
@@ -28,6 +31,7 @@ class CommitMark {
   bool IsThere();
 
   Connection& connection_;
+  bool is_kept_ = false;
   std::int64_t serial_ = 0;  ///< of this mark; 0 before it was written
 };
 

@@ -89,6 +89,7 @@ class Tries {
 
   MaybeRefusal RunOnce(Turn turn, CommitMark& mark) {
     turns_.Await(turn);
+    mark.Prepare();
     Transaction transaction(connection_);
     turns_.Take(transaction, turn);
     if (MaybeRefusal refusal = work_(transaction)) {

@@ -91,10 +91,12 @@ class Tries {
     turns_.Await(turn);
     Transaction transaction(connection_);
     turns_.Take(transaction, turn);
-    if (MaybeRefusal refusal = work_(transaction)) {
+    mark.Write(transaction);
+    MaybeRefusal refusal = work_(transaction);
+    mark.InsistOnTransaction(transaction);
+    if (refusal) {
       return refusal;
     }
-    mark.Write(transaction);
     committing_ = true;
     transaction.Commit();
     return std::nullopt;

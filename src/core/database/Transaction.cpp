@@ -92,10 +92,12 @@ class Tries {
     mark.Prepare();
     Transaction transaction(connection_);
     turns_.Take(transaction, turn);
-    if (MaybeRefusal refusal = work_(transaction)) {
+    mark.Write(transaction);
+    MaybeRefusal refusal = work_(transaction);
+    mark.InsistOnTransaction(transaction);
+    if (refusal) {
       return refusal;
     }
-    mark.Write(transaction);
     committing_ = true;
     transaction.Commit();
     return std::nullopt;

@@ -84,7 +84,9 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   if (!IsForAWhile(*event)) {
     Leave();
-    setCursorPosition(0);
+    if (!hasFocus()) {  // A text that was refused has it again and is selected.
+      setCursorPosition(0);
+    }
     Q_EMIT Left();
   }
 }

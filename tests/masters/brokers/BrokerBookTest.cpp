@@ -1,4 +1,4 @@
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Rebuild.h"
 #include "masters/Records.h"
 #include "masters/brokers/BrokerBook.h"
 #include "support/TestDatabase.h"

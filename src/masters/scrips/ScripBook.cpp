@@ -2,7 +2,6 @@
 
 #include "core/database/RecordKey.h"
 #include "core/database/TextWidths.h"
-#include "core/ledger/Ledger.h"
 #include "core/ledger/Rebuild.h"
 
 #include <QCoreApplication>

@@ -11,6 +11,7 @@
 #include "core/app/Ini.h"
 #include "core/app/MachineKey.h"
 #include "core/app/Session.h"
+#include "core/platform/EndRequests.h"
 #include "reports/output/RepView.h"
 #include "ui/help/FrmHelp.h"
 #include "ui/main/MDIForm1.h"
@@ -80,7 +81,7 @@ class Desktop {
     controls::Guard(messages_).Run(QStringLiteral("AutomaticBackUp"), [this] {
       app::Session& session = desk_.session;
       const backup::Settings settings = backup::ReadSettings(session.folders);
-      if (!backup::IsAutomaticDue(settings, QDate::currentDate())) {
+      if (session.read_only || !backup::IsAutomaticDue(settings, QDate::currentDate())) {
         return;
       }
       controls::ProgressDialog progress(main_);
@@ -114,14 +115,28 @@ int Run(QApplication& application, const QString& folder) {
   try {
     controls::ApplyAppearance(application, app::IniFile(app::Folders::At(folder).config_file));
     const std::unique_ptr<app::Session> session = app::StartUp(Options(folder, splash));
-    backup::SettleInterruptedRestore(*session->connection, session->folders);
+    if (!session->read_only) {
+      backup::SettleInterruptedRestore(*session->connection, session->folders);
+    }
     splash.close();
+    if (session->read_only) {
+      QMessageBox::warning(
+          nullptr, app::TitleText().trimmed(),
+          QCoreApplication::translate("Main",
+                                      "The disk of %1 is full. Records can be shown, exported and "
+                                      "backed up to another disk; nothing can be changed until "
+                                      "there is room and the program was started again.")
+              .arg(QDir::toNativeSeparators(folder)));
+    }
     Desktop desktop(*session);
     desktop.ShowMainWindow();
     QTimer::singleShot(0, &application, [&desktop] { desktop.BackUpIfDue(); });
     return application.exec();
   } catch (const std::exception& error) {
     splash.close();
+    if (platform::EndRequested()) {
+      return 1;
+    }
     QMessageBox::critical(nullptr, app::TitleText().trimmed(), QString::fromUtf8(error.what()));
     return 1;
   }
@@ -131,6 +146,9 @@ int Run(QApplication& application, const QString& folder) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  platform::NoteEndRequests();
+  // Without the questions that a window asks before it closes: nobody is there to answer them.
+  platform::OnEndRequest(&application, [] { QCoreApplication::exit(0); });
   QCoreApplication::setApplicationName(QStringLiteral("quorvane"));
   QGuiApplication::setDesktopFileName(QStringLiteral("in.quorvane.Quorvane"));
   QApplication::setWindowIcon(controls::AppIcon());

@@ -67,6 +67,10 @@
         <source>The rows of the table %1 cannot be read.</source>
         <translation>तालिका %1 की पंक्तियाँ पढ़ी नहीं जा सकतीं।</translation>
     </message>
+    <message>
+        <source>%1 is a link. A restore writes through no link: put what it leads to in its place first.</source>
+        <translation>%1 एक लिंक है। पुनर्स्थापना किसी लिंक से होकर नहीं लिखती: पहले लिंक की जगह वही रखें जिस पर वह ले जाता है।</translation>
+    </message>
 </context>
 <context>
     <name>Bills</name>
@@ -445,6 +449,31 @@ Maximum Allowed Value is: %1</source>
         <source>The Document is of a Newer Kind. Save it as &quot;Rich Text&quot; to have it Shown.</source>
         <translation>दस्तावेज़ नए प्रारूप का है। दिखाने के लिए उसे &quot;Rich Text&quot; के रूप में सहेजें।</translation>
     </message>
+    <message>
+        <source>%1 bills, %2 opening rows, %3 transfers and %4 lots name this Demat A/c. They belong to it again when its number is entered again. Remove it?</source>
+        <translation>%1 बिल, %2 आरंभिक पंक्तियाँ, %3 हस्तांतरण और %4 लॉट इस डीमैट खाते के नाम हैं। इसका नंबर फिर भरने पर वे फिर इसी के होंगे। क्या इसे हटाएँ?</translation>
+    </message>
+</context>
+<context>
+    <name>Database</name>
+    <message>
+        <source>The server tells table names apart by upper and lower case. Set lower_case_table_names=1 in its settings file (section [mysqld]), start it again and make the database after that.</source>
+        <translation>सर्वर तालिकाओं के नामों में बड़े और छोटे अक्षरों को अलग मानता है। उसकी सेटिंग फ़ाइल (भाग [mysqld]) में lower_case_table_names=1 लिखें, उसे फिर से चलाएँ और उसके बाद डेटाबेस बनाएँ।</translation>
+    </message>
+    <message>
+        <source>The server does not give the user %1 these rights on the database %2: %3.</source>
+        <translation>सर्वर उपयोगकर्ता %1 को डेटाबेस %2 पर ये अधिकार नहीं देता: %3।</translation>
+    </message>
+    <message>
+        <source>The server refused a statement that the tables need: %1</source>
+        <translation>सर्वर ने एक कथन अस्वीकार किया जिसकी तालिकाओं को ज़रूरत है: %1</translation>
+        <source>The Program &quot;quorvane-reader&quot;, which Reads Documents, is Missing. Install Quorvane Again.</source>
+        <translation>दस्तावेज़ पढ़ने वाला प्रोग्राम &quot;quorvane-reader&quot; नहीं मिला। Quorvane फिर से इंस्टॉल करें।</translation>
+    </message>
+    <message>
+        <source>The Document is Broken, or Showing it Needs too Much Memory.</source>
+        <translation>दस्तावेज़ ख़राब है, या उसे दिखाने में बहुत अधिक मेमोरी लगती है।</translation>
+    </message>
 </context>
 <context>
     <name>DesktopFiles</name>
@@ -715,12 +744,20 @@ Maximum Allowed Value is: %1</source>
         <source>Percent Detail Already Exists.</source>
         <translation>यह प्रतिशत विवरण पहले से है।</translation>
     </message>
+    <message>
+        <source>Line %1 of levies.csv is no dated rate.</source>
+        <translation>levies.csv की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
+    </message>
 </context>
 <context>
     <name>Main</name>
     <message>
         <source>Making the database folder ...</source>
         <translation>डेटाबेस फ़ोल्डर बनाया जा रहा है ...</translation>
+    </message>
+    <message>
+        <source>The disk of %1 is full. Records can be shown, exported and backed up to another disk; nothing can be changed until there is room and the program was started again.</source>
+        <translation>%1 की डिस्क भर गई है। रिकॉर्ड देखे, निर्यात किए और दूसरी डिस्क पर बैकअप किए जा सकते हैं; जब तक जगह न हो और प्रोग्राम दोबारा शुरू न किया जाए, कुछ बदला नहीं जा सकता।</translation>
     </message>
 </context>
 <context>
@@ -1126,6 +1163,14 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <translation>यह डीमैट खाता इस बीच हटा दिया गया।</translation>
     </message>
     <message>
+        <source>This Broker was Deleted in the Meantime.</source>
+        <translation>यह ब्रोकर इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>This Script was Deleted in the Meantime.</source>
+        <translation>यह स्क्रिप इस बीच हटा दी गई।</translation>
+    </message>
+    <message>
         <source>This Exchange was Deleted in the Meantime.</source>
         <translation>यह एक्सचेंज इस बीच हटा दिया गया।</translation>
     </message>
@@ -1320,6 +1365,10 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Enter the Name of the Database.</source>
         <translation>डेटाबेस का नाम भरें।</translation>
+    </message>
+    <message>
+        <source>Enter the Name of an Installed Driver, or a File of the Machine&apos;s Administrator.</source>
+        <translation>स्थापित ड्राइवर का नाम, या मशीन के प्रशासक की फ़ाइल भरें।</translation>
     </message>
 </context>
 <context>
@@ -2352,6 +2401,10 @@ Save this one, too?</source>
         <source>Page %1 of %2</source>
         <translation>पृष्ठ %1 / %2</translation>
     </message>
+    <message>
+        <source>&amp;Copy the Text of the Page</source>
+        <translation>पृष्ठ का पाठ कॉपी करें (&amp;C)</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::clients::DocumentViewer</name>
@@ -2390,6 +2443,14 @@ Save this one, too?</source>
     <message>
         <source>Printing</source>
         <translation>छपाई हो रही है</translation>
+    </message>
+    <message>
+        <source>The Document can&apos;t be Read: %1</source>
+        <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
+    </message>
+    <message>
+        <source>The Document is Broken.</source>
+        <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
 </context>
 <context>
@@ -3014,6 +3075,30 @@ Save this one, too?</source>
         <source>&amp;Brokerage and Tax Percentages...</source>
         <translation>दलाली और कर प्रतिशत (&amp;B)...</translation>
     </message>
+    <message>
+        <source>No rate is missing.</source>
+        <translation>कोई दर छूटी नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 rates were added.</source>
+        <translation>%1 दरें जोड़ी गईं।</translation>
+    </message>
+    <message>
+        <source>%1 %2: %3 from %4, the rate of most days of the year.</source>
+        <translation>%1 %2: %4 से %3, वर्ष के अधिकतर दिनों की दर।</translation>
+    </message>
+    <message>
+        <source>Dated &amp;Rates...</source>
+        <translation>तारीख़ वाली दरें (&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Adds the rates of S.T.T. and service tax that are missing</source>
+        <translation>एस.टी.टी. और सेवा कर की छूटी हुई दरें जोड़ता है</translation>
+    </message>
+    <message>
+        <source>Add the rates of S.T.T. and service tax that are missing? Rows that exist stay as they are.</source>
+        <translation>क्या एस.टी.टी. और सेवा कर की छूटी हुई दरें जोड़ें? मौजूद पंक्तियाँ जैसी हैं वैसी रहेंगी।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::masters::FrmContact</name>
@@ -3143,6 +3228,32 @@ Save this one, too?</source>
     <message>
         <source>%1 rates were read; %2 lines of the file belong to no script. Press Update to keep them.</source>
         <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
+    </message>
+    <message>
+        <source>Fetch</source>
+        <translation>लाएँ</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>The closing prices of the chosen scripts, from the exchange</source>
+        <translation>चुनी हुई स्क्रिपों के बंद भाव, एक्सचेंज से</translation>
+    </message>
+    <message>
+        <source>Select Script Name!</source>
+        <translation>स्क्रिप का नाम चुनें!</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>रोकें</translation>
+    </message>
+    <message>
+        <source>%1 rates were fetched; of %2 scripts none was found. Press Update to keep them.</source>
+        <translation>%1 दरें लाई गईं; %2 स्क्रिपों की कोई दर नहीं मिली। इन्हें रखने के लिए अपडेट दबाएँ।</translation>
+        <source>Select Script Name!</source>
+        <translation>शेयर का नाम चुनें!</translation>
     </message>
 </context>
 <context>
@@ -3758,6 +3869,26 @@ Save this one, too?</source>
 Lots changed: %1</source>
         <translation>स्टॉक सफलतापूर्वक अद्यतन हुआ !!!
 बदले हुए लॉट: %1</translation>
+    </message>
+    <message>
+        <source>Give &amp;New Keys</source>
+        <translation>नई कुंजियाँ दें (&amp;N)</translation>
+    </message>
+    <message>
+        <source>Gives records that share a key with another one keys of their own</source>
+        <translation>जिन रिकॉर्ड की कुंजी एक ही है उन्हें अपनी-अपनी कुंजी देता है</translation>
+    </message>
+    <message>
+        <source>Key %1: %2</source>
+        <translation>कुंजी %1: %2</translation>
+    </message>
+    <message>
+        <source>The first record of each key that stands more than once keeps it; the others get new keys, and what belongs to them goes along. Make a BackUp first. Go on?</source>
+        <translation>एक से अधिक बार आई हर कुंजी पहले रिकॉर्ड के पास रहती है; बाक़ी को नई कुंजियाँ मिलती हैं, और जो उनका है वह साथ जाता है। पहले बैकअप लें। आगे बढ़ें?</translation>
+    </message>
+    <message>
+        <source>Records with a new key: %1</source>
+        <translation>नई कुंजी वाले रिकॉर्ड: %1</translation>
     </message>
 </context>
 <context>
@@ -4673,6 +4804,13 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
+    </message>
+</context>
+<context>
+    <name>DoubleKeys</name>
+    <message>
+        <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Delete the wrong one in its window, or restore a BackUp.</source>
+        <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। ग़लत रिकॉर्ड को उसकी विंडो में हटाएँ, या बैकअप पुनर्स्थापित करें।</translation>
     </message>
 </context>
 </TS>

@@ -22,6 +22,13 @@ app::Session& Context::Session() {
         app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("shipped"));
     options.on_first_start = [this] { Inform("Making the database folder ..."); };
     session_ = app::StartUp(options);
+    if (session_->read_only) {
+      std::fprintf(stderr,
+                   "quorvanectl: the disk of %s is full; records can be read and copied to "
+                   "another disk, not changed\n",
+                   options.application_folder.toUtf8().constData());
+      return *session_;
+    }
     backup::SettleInterruptedRestore(*session_->connection, session_->folders);
   }
   return *session_;

@@ -1,6 +1,7 @@
 #include "cli/Command.h"
 #include "core/app/AppInfo.h"
 #include "core/database/DatabaseError.h"
+#include "core/platform/EndRequests.h"
 
 #include <QCoreApplication>
 
@@ -36,6 +37,7 @@ int Run(CLI::App& app, Context& context, int argc, char** argv) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
+  quorvane::platform::NoteEndRequests();
   QCoreApplication::setApplicationName(QStringLiteral("quorvane"));
   Context context;
   CLI::App app("Share portfolios from the command line", "quorvanectl");

@@ -61,7 +61,7 @@ void Rates(Context& context, const RatesOptions& options) {
         fmt::format("no rate was saved: none of the {} rows of the file belongs to a scrip",
                     matched.unmatched.size()));
   }
-  rates::RateBook(context.Connection()).Save(date, matched.rates);
+  rates::RateBook(context.Connection()).Save(date, matched.rates, matched.isins);
   context.Inform(fmt::format("{} rates of {} saved; {} rows of the file belong to no scrip.",
                              matched.rates.size(), options.date, matched.unmatched.size()));
 }

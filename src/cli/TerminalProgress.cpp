@@ -1,32 +1,24 @@
 #include "cli/TerminalProgress.h"
 
+#include "core/platform/EndRequests.h"
+
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <iostream>
 #include <string>
 
 namespace quorvane::cli {
 namespace {
 
-volatile std::sig_atomic_t g_interrupted = 0;
-
-void TakeInterrupt(int) {
-  g_interrupted = 1;
-}
-
-/// Cancels on Ctrl-C, which would otherwise end the program in the middle of its work.
-class CancelledByInterrupt : public Progress {
+/// Cancels on Ctrl-C and when the system ends the program, in good order.
+class Cancellable : public Progress {
  public:
-  CancelledByInterrupt() { std::signal(SIGINT, TakeInterrupt); }
-  ~CancelledByInterrupt() override { std::signal(SIGINT, SIG_DFL); }
-  bool Cancelled() const override { return g_interrupted != 0; }
+  bool Cancelled() const override { return platform::EndRequested(); }
 };
 
-class Bar : public CancelledByInterrupt {
+class Bar : public Cancellable {
  public:
   ~Bar() override { Clear(); }
 
@@ -72,13 +64,16 @@ std::optional<std::string> AskOnTerminal(const std::string& question) {
   }
   std::fprintf(stderr, "%s ", question.c_str());
   std::string answer;
-  std::getline(std::cin, answer);
+  // A signal ends this wait, not that of a stream.
+  for (char letter = 0; read(STDIN_FILENO, &letter, 1) == 1 && letter != '\n';) {
+    answer += letter;
+  }
   return answer;
 }
 
 std::unique_ptr<Progress> MakeTerminalProgress(bool quiet) {
   if (quiet || isatty(STDERR_FILENO) == 0) {
-    return std::make_unique<CancelledByInterrupt>();
+    return std::make_unique<Cancellable>();
   }
   return std::make_unique<Bar>();
 }

@@ -13,6 +13,7 @@
 #include <QMdiSubWindow>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -67,6 +68,11 @@ void ChildWindow::OpenIn(QMdiArea& area) {
   ScaleForm();
   QMdiSubWindow* frame = area.addSubWindow(this);
   frame->setAttribute(Qt::WA_DeleteOnClose);
+  connect(&area, &QMdiArea::subWindowActivated, this, [this, frame](const QMdiSubWindow* active) {
+    if (active == frame) {
+      Activated();
+    }
+  });
   show();
   frame->setGeometry(PlaceIn(area, *frame));
   RestoreColumns();
@@ -114,6 +120,19 @@ void ChildWindow::Remember() const {
   if (!frame.isMaximized() && frame.geometry() != opened_at_) {
     memory.KeepPlace(objectName(), frame.geometry());
   }
+}
+
+bool ChildWindow::IsFrontChild() const {
+  const auto* frame = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  return frame == nullptr || frame->mdiArea() == nullptr ||
+         frame->mdiArea()->activeSubWindow() == frame;
+}
+
+bool ChildWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && IsFrontChild()) {
+    QTimer::singleShot(0, this, [this] { Activated(); });
+  }
+  return QWidget::event(event);
 }
 
 void ChildWindow::OpenModal(QWidget* parent) {

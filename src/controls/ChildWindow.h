@@ -99,16 +99,21 @@ class ChildWindow : public QWidget {
   /// Called once, after the window has come on the screen: the place for a question on opening.
   virtual void FirstShown() {}
 
+  /// Called when the user comes to the window, also from another program.
+  virtual void Activated() {}
+
   /// False keeps the window open.
   virtual bool MayClose() { return true; }
   virtual void EscapePressed() { close(); }
 
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void ScaleForm();
+  bool IsFrontChild() const;
   QRect PlaceIn(const QMdiArea& area, const QMdiSubWindow& frame) const;
   void RestoreColumns();
   void Remember() const;

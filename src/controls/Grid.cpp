@@ -193,15 +193,25 @@ void Grid::HeadingClicked(int column) {
     model_->TickAll(!model_->AllTicked());
   } else if (sortable_) {
     const bool again = sorted_column_ == column && !descending_;
-    SortBy(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
+    SortBy(Order{column, again ? Qt::DescendingOrder : Qt::AscendingOrder});
   }
 }
 
-void Grid::SortBy(int column, Qt::SortOrder order) {
-  sorted_column_ = column;
-  descending_ = order == Qt::DescendingOrder;
-  model_->sort(column, order);
-  horizontalHeader()->setSortIndicator(column, order);
+std::optional<Grid::Order> Grid::SortedBy() const {
+  return sorted_column_ < 0
+             ? std::nullopt
+             : std::optional(
+                   Order{sorted_column_, descending_ ? Qt::DescendingOrder : Qt::AscendingOrder});
+}
+
+void Grid::SortBy(const std::optional<Order>& order) {
+  if (!order) {
+    return;
+  }
+  sorted_column_ = order->column;
+  descending_ = order->direction == Qt::DescendingOrder;
+  model_->sort(order->column, order->direction);
+  horizontalHeader()->setSortIndicator(order->column, order->direction);
   horizontalHeader()->setSortIndicatorShown(true);
 }
 

@@ -4,6 +4,8 @@
 
 #include <QTableView>
 
+#include <optional>
+
 namespace quorvane::controls {
 
 /// A table of records on the screen: a view over its own GridModel. A click on a heading sorts, on
@@ -26,6 +28,14 @@ class Grid : public QTableView {
   /// Replaces all rows and fits the columns to a sample of them. The current row keeps its key when
   /// it is still there; otherwise there is none.
   void SetRows(std::vector<Row> rows);
+
+  /// How the user sorted the rows; nullopt when they stand as they were set.
+  struct Order {
+    int column = 0;
+    Qt::SortOrder direction = Qt::AscendingOrder;
+  };
+  std::optional<Order> SortedBy() const;
+  void SortBy(const std::optional<Order>& order);
 
   /// Off where the order of the rows has a meaning of its own, as for the lines of a bill.
   void SetSortable(bool on);
@@ -85,7 +95,6 @@ class Grid : public QTableView {
   void RowClicked(const QModelIndex& cell);
   void SectionResized(int column);
   void MakeCurrent(const QModelIndex& cell);
-  void SortBy(int column, Qt::SortOrder order);
   void ToggleTick(int row);
   bool EnterPressed();
   void MoveOn(bool forward);

@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 #include "controls/ZENButton.h"
+#include "core/platform/EndRequests.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -83,7 +84,7 @@ void ProgressDialog::Breathe() {
 }
 
 bool ProgressDialog::Cancelled() const {
-  return window_->cancelled;
+  return window_->cancelled || platform::EndRequested();
 }
 
 }  // namespace quorvane::controls

@@ -13,6 +13,9 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <utility>
+
 namespace quorvane::controls {
 namespace {
 
@@ -256,12 +259,15 @@ void RecordWindow::ImgBack_Click(int panel) {
 }
 
 void RecordWindow::Refill(int id) {
-  {
-    const QScopedValueRollback<bool> filling(filling_, true);
-    FillList();
-    list_->SelectRow(std::max(list_->Model().RowOf(id), 0));
-  }
+  FillAgain(id);
   ShowRecord(list_->CurrentId());
+}
+
+void RecordWindow::FillAgain(int id) {
+  const QScopedValueRollback<bool> filling(filling_, true);
+  FillList();
+  since_filled_.start();
+  list_->SelectRow(std::max(list_->Model().RowOf(id), 0));
 }
 
 void RecordWindow::ShowRecord(int id) {
@@ -321,6 +327,28 @@ void RecordWindow::Reveal(QWidget* field) {
       ShowPanel(panel);
     }
   }
+}
+
+// Not in the middle of work that keeps the screen alive: its transaction is open. Nor again after a
+// failure: the box that tells it would activate the window as it closes, without an end.
+void RecordWindow::Activated() {
+  constexpr qint64 kFreshMs = 300;
+  const bool is_fresh = !since_filled_.isValid() || since_filled_.elapsed() < kFreshMs;
+  if (editing_ || is_fresh || Session().connection->InTransaction() ||
+      std::exchange(reading_again_, false)) {
+    return;
+  }
+  reading_again_ = true;
+  TheGuard().Run(QStringLiteral("Form_Activate"), [this] {
+    const std::optional<Grid::Order> order = list_->SortedBy();
+    const QString chosen = list_->SelectedText();
+    FillAgain(current_);
+    list_->SortBy(order);
+    if (list_->CurrentId() != current_ || list_->SelectedText() != chosen) {
+      ShowRecord(list_->CurrentId());
+    }
+    reading_again_ = false;
+  });
 }
 
 bool RecordWindow::MayClose() {

@@ -3,6 +3,8 @@
 #include "controls/ChildWindow.h"
 #include "controls/Grid.h"
 
+#include <QElapsedTimer>
+
 class QButtonGroup;
 class QHBoxLayout;
 class QStackedWidget;
@@ -91,6 +93,10 @@ class RecordWindow : public ChildWindow {
   bool MayClose() override;
   void EscapePressed() override;
 
+  /// Others may have saved meanwhile: the list is read again unless a record is edited. The chosen
+  /// row and the order stay; the details of another row are shown when the chosen one changed.
+  void Activated() override;
+
   ZENButton* cmdAdd;
   ZENButton* cmdModify;
   ZENButton* cmdUpdate;
@@ -116,6 +122,7 @@ class RecordWindow : public ChildWindow {
   void Rest();
   void ShowRecord(int id);
   void Refill(int id);
+  void FillAgain(int id);
   void ShowPanel(int panel);
 
   Panels panels_;
@@ -128,7 +135,9 @@ class RecordWindow : public ChildWindow {
   int current_ = 0;
   bool editing_ = false;
   bool filling_ = false;
-  QStringList begun_with_;  ///< contents of the form when editing began
+  QElapsedTimer since_filled_;
+  bool reading_again_ = false;  ///< also after it failed
+  QStringList begun_with_;      ///< contents of the form when editing began
 };
 
 }  // namespace quorvane::controls

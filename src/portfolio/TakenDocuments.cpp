@@ -2,7 +2,6 @@
 
 #include "core/database/Keys.h"
 #include "core/records/Writing.h"
-#include "core/text/Amounts.h"
 #include "transactions/bills/Bill.h"
 
 #include <array>
@@ -26,17 +25,8 @@ const QString& DeliveryType(std::uint8_t place) {
 }
 
 void SetTotals(Bill& bill) {
-  std::vector<quorvane::bills::BillLine> lines;
-  for (const BillLine& line : bill.lines) {
-    quorvane::bills::BillLine counted;
-    counted.side = static_cast<quorvane::bills::Side>(line.side);
-    counted.amount = line.amount;
-    counted.service_tax = line.service_tax;
-    counted.stt = line.stt;
-    lines.push_back(counted);
-  }
   const auto totals =
-      quorvane::bills::ComputeTotals(lines, bill.other_charges, bill.transaction_charges);
+      quorvane::bills::ComputeTotals(bill.lines, bill.other_charges, bill.transaction_charges);
   bill.total = totals.total;
   bill.stt = totals.stt;
   bill.grand_total = totals.grand_total;
@@ -93,9 +83,7 @@ BillLine TakenDocuments::LineOf(const TakenLine& taken, const Bill& bill) const 
   line.quantity = taken.quantity;
   line.rate = row.rate;
   line.brokerage = row.brokerage;
-  line.net = quorvane::bills::NetRate(static_cast<quorvane::bills::Side>(row.side), row.rate,
-                                      row.brokerage);
-  line.amount = text::RoundAmount(line.net * taken.quantity.Number());
+  quorvane::bills::ComputeAmount(line);
   line.service_tax = taken.service_tax;
   line.fo = row.fo;
   line.stt = taken.stt;

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Ends quorvanectl or its database server with SIGKILL at a random instant of a command, starts
-again and looks whether the portfolio is exactly what it was before the command or exactly what it
+"""Ends quorvanectl or its database server with SIGKILL at a random instant of a command, or asks
+quorvanectl to end, starts again and looks whether the portfolio is exactly what it was before the command or exactly what it
 is after it.
 
-    kill.py [--times 8] [--seed S] [--lines 4000] [unittest options]
+    kill.py [--times 12] [--seed S] [--lines 4000] [unittest options]
 
 Also: several programs at once over one application folder. Only processes of folders that this
 script has made are ended.
@@ -112,7 +112,7 @@ class Folders(unittest.TestCase):
 
 
 class Killed(Folders):
-    times = 8
+    times = 12
     seed = 0
     lines = 4000
 
@@ -156,8 +156,8 @@ class Killed(Folders):
     def test_portfolio_is_as_before_or_as_after(self):
         counts = Counter()
         for n in range(self.times):
-            command = self.commands[n // 2 % len(self.commands)]
-            victim = ("program", "server")[n % 2]
+            command = self.commands[n // 3 % len(self.commands)]
+            victim = ("program", "server", "program by its own")[n % 3]
             # Mostly late, where the command writes and commits; early its server still starts.
             instant = self.random.triangular(0, 1.3 * command.seconds, 0.9 * command.seconds)
             with self.subTest(f"{command.name}, {victim} after {instant:.4f} s, seed {self.seed}"):
@@ -195,9 +195,13 @@ class Killed(Folders):
         time.sleep(instant)
         if victim == "program":
             process.kill()
-        else:
+        elif victim == "server":
             end_servers(folder)
+        else:
+            process.terminate()
         _output, told = process.communicate(timeout=SECONDS)
+        if victim == "program by its own":
+            self.assert_no_server_left(folder)
         if victim == "server":
             self.assertIn(process.returncode, (DONE, FAILURE), told)
             self.assertEqual(process.returncode == DONE, "quorvanectl: " not in told, told)

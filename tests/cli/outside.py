@@ -27,10 +27,10 @@ class OutsideServer:
         subprocess.run(["mariadb-install-db", "--no-defaults", *own, "--skip-test-db",
                         "--auth-root-authentication-method=normal"], check=True,
                        capture_output=True, timeout=SECONDS)
-        self.process = subprocess.Popen(
-            ["mariadbd", "--no-defaults", *own, f"--socket={self.socket}", "--skip-networking",
-             "--innodb-flush-log-at-trx-commit=0", *options], stdout=subprocess.DEVNULL,
-            stderr=(folder / "log").open("w"))
+        with (folder / "log").open("w") as log:
+            self.process = subprocess.Popen(
+                ["mariadbd", "--no-defaults", *own, f"--socket={self.socket}", "--skip-networking",
+                 "--innodb-flush-log-at-trx-commit=0", *options], stdout=log, stderr=log)
         deadline = time.monotonic() + SECONDS
         while self.sql("Select 1", check=False) != 0:
             if self.process.poll() is not None or time.monotonic() > deadline:
@@ -104,7 +104,7 @@ class Check(Outside):
         self.assertRegex(told, r"(?m)^ +1 SPTrans$")
 
     def test_a_statement_that_was_skipped_is_no_good_end(self):
-        # An index of this name stands on other columns, so the one that is wanted is refused.
+        # A table has one key of this kind, and this one has another already.
         self.server.sql("Alter Table quorvane.Broker Drop Index IxBrokerId, Drop Column RowKey, "
                         "Add Other int Auto_Increment Invisible Primary Key")
         told = self.desk.run("check", status=REFUSED).stdout

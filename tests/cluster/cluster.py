@@ -69,19 +69,26 @@ class Cluster(unittest.TestCase):
             self.desks[node] = desk
         self.told = {node: "" for node in NODES}
         self.failures = []
+        self.taken_in = 0  # imports on all nodes
 
     def write_bills(self, node: int):
-        writer = subprocess.run(
+        writer = subprocess.Popen(
             [os.environ["QUORVANE_CLUSTER_WRITER"], self.desks[node].folder, str(node),
-             str(self.rounds)], capture_output=True, text=True, timeout=LONGEST)
-        self.told[node] = writer.stdout
+             str(self.rounds)], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        try:
+            self.told[node], told = writer.communicate(timeout=LONGEST)
+        except subprocess.TimeoutExpired:
+            writer.kill()
+            self.told[node], told = writer.communicate()
+            told += "took too long"
         if writer.returncode != 0:
-            self.failures.append(f"writer {node}: {writer.stderr}")
+            self.failures.append(f"writer {node}: {told}")
 
     def take_in(self, node: int):
         for n in range(self.imports):
             folder = small_folder(self.home / f"folder{node}-{n}", f"C{node}{n}")
             result = self.desks[node].run("import", folder, status=None)
+            self.taken_in += 1
             if result.returncode != DONE:
                 self.failures.append(f"import {node}-{n}: {result.stderr}")
 
@@ -97,8 +104,8 @@ class Cluster(unittest.TestCase):
                    for node in NODES for work in (self.write_bills, self.take_in)]
         for thread in threads:
             thread.start()
-        time.sleep(3)
-        self.assertTrue(any(thread.is_alive() for thread in threads), "nothing left to disturb")
+        while self.taken_in < self.imports and not self.failures:
+            time.sleep(0.05)
         self.kill_a_node_and_let_it_rejoin()
         for thread in threads:
             thread.join()

@@ -1,5 +1,6 @@
 #include "admin/repair/RepairTable.h"
 
+#include "admin/repair/DoubleKeys.h"
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/lookups/Directory.h"
@@ -17,6 +18,8 @@ using controls::Answer;
 using controls::Icon;
 using controls::Row;
 using controls::ZENButton;
+
+constexpr int kMostTold = 5;
 
 QString FromUtf8(const std::string& text) {
   return QString::fromStdString(text);
@@ -133,6 +136,9 @@ void RepairTable::BuildControls() {
   add("cmdCheck", tr("Chec&k"), &RepairTable::cmdCheck_Click)->setDefault(true);
   cmdUpdateStock = add("cmdUpdateStock", tr("Update &Stock"), &RepairTable::cmdUpdateStock_Click);
   cmdUpdateStock->setToolTip(tr("Computes the holdings of every client and year anew"));
+  cmdNewKeys = add("cmdNewKeys", tr("Give &New Keys"), &RepairTable::cmdNewKeys_Click);
+  cmdNewKeys->setToolTip(tr("Gives records that share a key with another one keys of their own"));
+  cmdNewKeys->setEnabled(false);
   buttons->addStretch(1);
   add("cmdexit", tr("E&xit"), &RepairTable::cmdexit_Click)->SetCancels(true);
   layout->addLayout(buttons);
@@ -154,6 +160,14 @@ void RepairTable::ShowCheck(const TableCheck& check) {
   for (const QString& fault : check.record_faults) {
     rows.push_back({.cells = {QString(), QVariant(), tr("Wrong"), fault}});
   }
+  const std::vector<DoubleRecord> doubles = check.double_keys.empty()
+                                                ? std::vector<DoubleRecord>()
+                                                : FindDoubleRecords(*Session().connection);
+  for (const DoubleRecord& record : doubles) {
+    rows.push_back({.cells = {FromUtf8(record.table), QVariant(), tr("Wrong"),
+                              tr("Key %1: %2").arg(record.key).arg(record.contents)}});
+  }
+  cmdNewKeys->setEnabled(!doubles.empty());
   VSF->SetRows(std::move(rows));
   LblResult->setText(Summary(check));
 }
@@ -183,6 +197,23 @@ void RepairTable::cmdUpdateStock_Click() {
     ShowCheck(CheckTables(*Session().connection, progress));
   }
   Say().Inform(tr("Stock is Updated Successfully !!!\nLots changed: %1").arg(changed));
+}
+
+void RepairTable::cmdNewKeys_Click() {
+  if (!Say().Ask(tr("The first record of each key that stands more than once keeps it; the others "
+                    "get new keys, and what belongs to them goes along. Make a BackUp first. Go "
+                    "on?"),
+                 Answer::kNo, Icon::kInformation)) {
+    return;
+  }
+  NewKeys keys;
+  {
+    controls::ProgressDialog progress(this);
+    keys = GiveNewKeys(*Session().connection);
+    ShowCheck(CheckTables(*Session().connection, progress));
+  }
+  QStringList told{tr("Records with a new key: %1").arg(keys.given)};
+  Say().Inform((told + keys.refused.mid(0, kMostTold)).join(QStringLiteral("\n\n")));
 }
 
 void RepairTable::cmdexit_Click() {

@@ -49,9 +49,12 @@ std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
   if (session->server != nullptr) {
     session->connection->SetServerReviver([server = session->server.get()] { server->Revive(); });
   }
-  RefuseBecause(database::WhyUnsuitable(*session->connection));
-  session->skipped = database::PrepareDatabase(*session->connection);
-  RefuseBecause(database::WhyIncomplete(session->skipped));
+  session->read_only = session->server != nullptr && session->server->IsReadOnly();
+  if (!session->read_only) {
+    RefuseBecause(database::WhyUnsuitable(*session->connection));
+    session->skipped = database::PrepareDatabase(*session->connection);
+    RefuseBecause(database::WhyIncomplete(session->skipped));
+  }
   if (options.screen) {
     session->screen_factors = SetScreenFactors(IniFile(session->folders.screen_ini),
                                                options.screen->width, options.screen->height);

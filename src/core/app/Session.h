@@ -24,6 +24,7 @@ struct Session {
   std::optional<SingleCopy> single_copy;
   std::unique_ptr<database::PrivateServer> server;  ///< none with an external database
   std::unique_ptr<database::Connection> connection;
+  bool read_only = false;  ///< the disk is full: see PrivateServer::IsReadOnly
   std::vector<database::SkippedStatement> skipped;  ///< what the set-up of the tables left out
   ScreenFactors screen_factors;
   std::optional<ClientYear> current;  ///< the client and year the windows work in

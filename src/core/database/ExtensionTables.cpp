@@ -5,13 +5,23 @@
 namespace quorvane::database {
 namespace {
 
-constexpr std::array<ExtensionTable, 3> kTables{{
+constexpr std::array<ExtensionTable, 5> kTables{{
+    {"ScripIsin", true},
+    {"RemovedAccount", true},
     {"RecordKey", true},
     {"Writers", false},
     {"CommitMark", false},
 }};
 
-constexpr std::array<UpgradeStep, 3> kSteps{{
+constexpr std::array<UpgradeStep, 5> kSteps{{
+    {"ScripIsin", 1,
+     "Create Table if not Exists ScripIsin(ScrId int(11) Not Null, Isin varchar(12) Not Null, "
+     "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"RemovedAccount", 1,
+     "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
+     "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"RecordKey", 1,
      "Create Table if not Exists RecordKey(TableName varchar(64) Primary Key, LastKey bigint Not "
      "Null) Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},

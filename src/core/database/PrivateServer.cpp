@@ -1,8 +1,9 @@
 #include "core/database/PrivateServer.h"
 
+#include "core/platform/EndRequests.h"
+#include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -20,12 +21,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The system's limit for a socket's path is 108 bytes.
-constexpr qsizetype kLongestSocketPath = 100;
-
 // Crash recovery of a large database may take its time; a server that dies is seen at once.
 constexpr auto kLongestStart = 300s;
 constexpr auto kLongestStop = 60s;
+
+// What the first start writes, and what a server needs to write at all.
+constexpr std::int64_t kRoomForNew = 340 << 20;
+constexpr std::int64_t kRoomToWrite = 32 << 20;
 
 QString Program(const char* name) {
   QString path = platform::FindProgram(QLatin1String(name));
@@ -36,44 +38,49 @@ QString Program(const char* name) {
   return path;
 }
 
-/// A list of folders is separated by colons, so none of its folders can have one in its name.
-constexpr QLatin1Char kListSeparator(':');
-
-QString SocketFolder(const QString& folder) {
-  QString inside = folder + QStringLiteral("/run");
-  if (QFile::encodeName(inside).size() + 12 <= kLongestSocketPath &&
-      !inside.contains(kListSeparator)) {
-    platform::MakePrivateFolder(inside);
-    return inside;
+/// Asked before a server is started that nothing could reach.
+void InsistOnDriver() {
+  ConnectionSettings settings;
+  settings.socket = QStringLiteral("/nowhere");
+  try {
+    const Connection none(settings);
+  } catch (const DatabaseError& error) {
+    const QString text = QString::fromUtf8(error.what());
+    if (error.State().starts_with("IM") || text.contains(QLatin1String("Can't open lib"))) {
+      throw std::runtime_error(
+          fmt::format("the database driver \"{}\" is not installed; install the package "
+                      "odbc-mariadb",
+                      settings.driver.toStdString()));
+    }
   }
-  const QByteArray hash =
-      QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
-  return platform::ShortPrivateFolder(QString::fromLatin1(hash));
 }
 
-/// A folder of its own for the server's scratch tables: every server that starts clears those in
-/// its folder away, whosever they are.
-QString ScratchFolder(const QString& folder, const QString& socket) {
-  QString inside = folder + QStringLiteral("/tmp");
-  if (inside.contains(kListSeparator)) {
-    return QFileInfo(socket).path();
-  }
-  platform::MakePrivateFolder(inside);
-  return inside;
+QByteArray ReadFrom(const QString& path, qint64 start) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) && file.seek(start) ? file.readAll() : QByteArray();
 }
 
-QString PidFileArgument(const QString& folder) {
-  return QStringLiteral("--pid-file=") + folder + QStringLiteral("/server.pid");
+/// A server that cannot write any more still lets its records be read.
+QStringList ReadOnlyArguments(const QString& spare) {
+  return {QStringLiteral("--innodb-read-only=1"),
+          QStringLiteral("--innodb-buffer-pool-dump-at-shutdown=0"),
+          QStringLiteral("--tmpdir=") + spare,
+          QStringLiteral("--pid-file=") + spare + QStringLiteral("/server.pid"),
+          QStringLiteral("--log-ddl-recovery=") + spare + QStringLiteral("/ddl_recovery.log"),
+          QStringLiteral("--log-error=") + spare + QStringLiteral("/server.log")};
 }
 
-QStringList ServerArguments(const QString& folder, const QString& socket) {
+QStringList WritingArguments(const ServerFolder& folder, const QString& socket) {
+  return {QStringLiteral("--tmpdir=") + folder.Scratch(socket),
+          QStringLiteral("--pid-file=") + folder.File("server.pid"),
+          QStringLiteral("--log-error=") + folder.File("server.log")};
+}
+
+QStringList ServerArguments(const ServerFolder& folder, const QString& socket) {
   QStringList arguments{
       QStringLiteral("--no-defaults"),
-      QStringLiteral("--datadir=") + folder + QStringLiteral("/data"),
+      QStringLiteral("--datadir=") + folder.File("data"),
       QStringLiteral("--socket=") + socket,
-      QStringLiteral("--tmpdir=") + ScratchFolder(folder, socket),
-      PidFileArgument(folder),
-      QStringLiteral("--log-error=") + folder + QStringLiteral("/server.log"),
       QStringLiteral("--skip-networking"),
       QStringLiteral("--skip-name-resolve"),
       QStringLiteral("--skip-log-bin"),
@@ -93,27 +100,20 @@ QStringList ServerArguments(const QString& folder, const QString& socket) {
   return arguments;
 }
 
-std::int64_t ReadProcess(const QString& pid_file) {
-  QFile file(pid_file);
-  return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toLongLong() : 0;
-}
-
 }  // namespace
 
 PrivateServer::PrivateServer(const QString& folder, const std::function<void()>& on_first_start)
-    : folder_(QDir(folder).absolutePath()) {
-  platform::MakePrivateFolder(folder_);
-  socket_ = SocketFolder(folder_) + QStringLiteral("/mariadb.sock");
+    : folder_(folder) {
+  Program("mariadbd");
+  InsistOnDriver();
   // Starting and stopping happen under this lock, one program after the other.
-  platform::FileLock gate(File("start.lock"));
+  platform::FileLock gate(folder_.File("start.lock"));
   gate.WaitExclusive();
-  users_ = std::make_unique<platform::FileLock>(File("users.lock"));
+  socket_ = folder_.Socket();
+  users_ = std::make_unique<platform::FileLock>(folder_.File("users.lock"));
   users_->WaitShared();
-  if (!QFileInfo::exists(File("data"))) {
-    if (on_first_start) {
-      on_first_start();
-    }
-    Initialise();
+  if (!QFileInfo::exists(folder_.File("data"))) {
+    Initialise(on_first_start);
   }
   if (!AnswersSoon()) {
     Start();
@@ -121,7 +121,7 @@ PrivateServer::PrivateServer(const QString& folder, const std::function<void()>&
 }
 
 void PrivateServer::Revive() {
-  platform::FileLock gate(File("start.lock"));
+  platform::FileLock gate(folder_.File("start.lock"));
   gate.WaitExclusive();
   if (!AnswersSoon()) {
     Start();
@@ -140,18 +140,27 @@ PrivateServer::~PrivateServer() {
   }
 }
 
-QString PrivateServer::File(const char* name) const {
-  return folder_ + QLatin1Char('/') + QLatin1String(name);
-}
-
-std::int64_t PrivateServer::Process() const {
-  return ReadProcess(File("server.pid"));
-}
-
-void PrivateServer::Initialise() {
+void PrivateServer::Initialise(const std::function<void()>& on_first_start) {
+  const QString program = Program("mariadb-install-db");
+  if (const std::int64_t room = folder_.Room(); room < kRoomForNew) {
+    throw std::runtime_error(fmt::format(
+        "the disk of {} has {} MiB left, and a new database needs {}; make room there or choose "
+        "another folder",
+        folder_.Path().toStdString(), room >> 20, kRoomForNew >> 20));
+  }
+  if (on_first_start) {
+    on_first_start();
+  }
   // Made under another name first: a folder called "data" is always a whole one.
-  const QString unfinished = File("data.new");
+  const QString unfinished = folder_.File("data.new");
   QDir(unfinished).removeRecursively();
+  RunInstaller(program);
+  if (!QDir().rename(unfinished, folder_.File("data"))) {
+    throw std::runtime_error("cannot rename " + unfinished.toStdString());
+  }
+}
+
+void PrivateServer::RunInstaller(const QString& program) const {
   QProcess process;
   process.setProcessChannelMode(QProcess::MergedChannels);
   QStringList arguments{QStringLiteral("--no-defaults"),
@@ -164,71 +173,115 @@ void PrivateServer::Initialise() {
     arguments << QStringLiteral("--user=root");
   }
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("TMPDIR"), ScratchFolder(folder_, socket_));
+  environment.insert(QStringLiteral("TMPDIR"), folder_.Scratch(socket_));
   process.setProcessEnvironment(environment);
   // A path from here, because the script stumbles over blanks and quotes in a whole one.
-  process.setWorkingDirectory(folder_);
-  process.start(Program("mariadb-install-db"), arguments);
-  if (!process.waitForFinished(120000) || process.exitCode() != 0) {
-    throw std::runtime_error("the database folder could not be made: " +
-                             process.readAll().right(2000).toStdString());
-  }
-  if (!QDir().rename(unfinished, File("data"))) {
-    throw std::runtime_error("cannot rename " + unfinished.toStdString());
+  process.setWorkingDirectory(folder_.Path());
+  process.start(program, arguments);
+  const bool ended = process.waitForFinished(120000);
+  if (!ended || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+    // Its own help says nothing to the user of this program.
+    const QByteArray output = process.readAll();
+    const QString log = folder_.File("install.log");
+    platform::WritePrivate(log, output);
+    FailWith(QStringLiteral("the database folder could not be made"), ErrorsIn(output), log);
   }
 }
 
 /// A program that was ended while its server came up or went down has left it in the middle. A
 /// second server beside it would wait for the folder, and take it when nobody expects it any more.
-bool PrivateServer::AnswersSoon() const {
+bool PrivateServer::AnswersSoon() {
   const auto deadline = std::chrono::steady_clock::now() + kLongestStart;
   while (!Answers()) {
-    if (platform::FindProcess(PidFileArgument(folder_)) == 0) {
+    const std::int64_t process = folder_.Process();
+    if (process == 0) {
       return false;
     }
-    if (std::chrono::steady_clock::now() > deadline) {
-      FailWithLog(QStringLiteral("the database server neither comes up nor ends"));
+    if (!QFileInfo::exists(socket_) && platform::IsListening(socket_)) {
+      EndUnreachable(process);
+      return false;
+    }
+    if (std::chrono::steady_clock::now() > deadline || platform::EndRequested()) {
+      FailWith(QStringLiteral("the database server neither comes up nor ends"), {},
+               folder_.File("server.log"));
     }
     QThread::msleep(10);
   }
   return true;
 }
 
+/// Its socket's file was removed, or belongs to a session that has a /tmp of its own.
+void PrivateServer::EndUnreachable(std::int64_t process) {
+  const bool alone = users_->TryExclusive();
+  users_->WaitShared();
+  if (!alone) {
+    throw std::runtime_error(
+        fmt::format("the database server of {} is in use by another program, and its socket {} "
+                    "cannot be reached from here; close that program first",
+                    folder_.Path().toStdString(), socket_.toStdString()));
+  }
+  EndProcess(process);
+}
+
 void PrivateServer::Start() {
-  const std::int64_t old_process = Process();
-  if (!platform::IsRunning(old_process)) {
-    QFile::remove(File("server.pid"));
+  const bool read_only = folder_.Room() < kRoomToWrite;
+  const QString spare = read_only ? folder_.SpareFolder() : QString();
+  if (read_only && spare.isEmpty()) {
+    throw std::runtime_error(
+        fmt::format("the disk of {} is full, and so are the machine's folders for scratch files; "
+                    "make room there",
+                    folder_.Path().toStdString()));
   }
   QProcess server;
   server.setProgram(Program("mariadbd"));
-  server.setArguments(ServerArguments(folder_, socket_));
-  server.setWorkingDirectory(folder_);
+  server.setArguments(ServerArguments(folder_, socket_) +
+                      (read_only ? ReadOnlyArguments(spare) : WritingArguments(folder_, socket_)));
+  server.setWorkingDirectory(folder_.Path());
   // The server may outlive this program and must not keep its terminal or pipe open.
   server.setStandardInputFile(QProcess::nullDevice());
   server.setStandardOutputFile(QProcess::nullDevice());
   server.setStandardErrorFile(QProcess::nullDevice());
+  const QString log =
+      read_only ? spare + QStringLiteral("/server.log") : folder_.File("server.log");
+  const qint64 log_start = QFileInfo(log).size();
   qint64 process = 0;
   if (!server.startDetached(&process)) {
     throw std::runtime_error("the database server could not be started");
   }
-  WaitUntilReady(process);
+  try {
+    WaitUntilReady(process, log, log_start);
+  } catch (...) {
+    platform::AskToEnd(process);
+    throw;
+  }
 }
 
-void PrivateServer::WaitUntilReady(std::int64_t process) const {
+void PrivateServer::WaitUntilReady(std::int64_t process, const QString& log,
+                                   std::int64_t log_start) const {
   const auto deadline = std::chrono::steady_clock::now() + kLongestStart;
   while (!Answers()) {
     if (!platform::IsRunning(process)) {
-      FailWithLog(QStringLiteral("the database server ended while it was starting"));
+      FailWith(QStringLiteral("the database server ended while it was starting"),
+               ErrorsIn(ReadFrom(log, log_start)), log);
     }
-    if (std::chrono::steady_clock::now() > deadline) {
-      FailWithLog(QStringLiteral("the database server did not come up in time"));
+    if (std::chrono::steady_clock::now() > deadline || platform::EndRequested()) {
+      FailWith(QStringLiteral("the database server did not come up in time"),
+               ErrorsIn(ReadFrom(log, log_start)), log);
     }
     QThread::msleep(10);
   }
 }
 
-void PrivateServer::FailWithLog(const QString& what) const {
-  throw std::runtime_error((what + QStringLiteral("; see ") + File("server.log")).toStdString());
+void PrivateServer::FailWith(const QString& what, const QString& errors, const QString& log) const {
+  std::string text = what.toStdString();
+  if (!errors.isEmpty()) {
+    text += ": " + errors.toStdString();
+  }
+  text += "; see " + log.toStdString();
+  if (folder_.Room() < kRoomToWrite) {
+    text += fmt::format("; the disk of {} is full, make room there", folder_.Path().toStdString());
+  }
+  throw std::runtime_error(text);
 }
 
 bool PrivateServer::Answers() const {
@@ -236,40 +289,60 @@ bool PrivateServer::Answers() const {
     return false;
   }
   try {
-    ConnectionSettings settings;
-    settings.socket = socket_;
-    settings.user = QStringLiteral("root");
-    Connection connection(settings);
+    const Connection connection(RootSettings());
     return true;
-  } catch (const DatabaseError&) {
-    // A server that is starting or has crashed refuses; the caller tells the two apart.
+  } catch (const DatabaseError& error) {
+    // A server that is starting or has crashed cannot be reached; the caller tells the two apart.
+    if (!error.IsConnectionLost()) {
+      throw;
+    }
     return false;
   }
 }
 
-ConnectionSettings PrivateServer::SettingsOf(const QString& database) const {
+ConnectionSettings PrivateServer::RootSettings() const {
   ConnectionSettings settings;
   settings.socket = socket_;
   settings.user = QStringLiteral("root");
+  return settings;
+}
+
+bool PrivateServer::IsReadOnly() const {
+  Connection connection(RootSettings());
+  auto rows = connection.Open("Select @@innodb_read_only");
+  return rows.Next() && rows.Int(std::size_t{0}) != 0;
+}
+
+ConnectionSettings PrivateServer::SettingsOf(const QString& database) const {
+  ConnectionSettings settings = RootSettings();
   Connection connection(settings);
   QString name = database;
   name.remove(QLatin1Char('`'));
-  connection.Execute(
-      fmt::format("Create Database If Not Exists `{}` Default Character Set utf8mb4 "
-                  "Collate utf8mb4_general_ci",
-                  name.toStdString()));
+  // Asked first: a full disk takes no database, not even one that is there.
+  const bool exists =
+      connection.Open("Select 1 From information_schema.SCHEMATA Where SCHEMA_NAME=Lower(?)", name)
+          .Next();
+  if (!exists) {
+    connection.Execute(
+        fmt::format("Create Database If Not Exists `{}` Default Character Set utf8mb4 "
+                    "Collate utf8mb4_general_ci",
+                    name.toStdString()));
+  }
   settings.database = name;
   return settings;
 }
 
 void PrivateServer::Stop() {
-  platform::FileLock gate(File("start.lock"));
+  platform::FileLock gate(folder_.File("start.lock"));
   gate.WaitExclusive();
-  // The number in the file of a server that has crashed may belong to another program by now.
-  if (!users_->TryExclusive() || !Answers()) {
+  if (!users_->TryExclusive()) {
     return;
   }
-  const std::int64_t process = Process();
+  EndProcess(folder_.Process());
+  folder_.RemoveSpareFolders();
+}
+
+void PrivateServer::EndProcess(std::int64_t process) const {
   platform::AskToEnd(process);
   const auto deadline = std::chrono::steady_clock::now() + kLongestStop;
   while (platform::IsRunning(process)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/database/Connection.h"
+#include "core/database/ServerFolder.h"
 #include "core/platform/FileLock.h"
 
 #include <QString>
@@ -20,8 +21,9 @@ namespace quorvane::database {
 class PrivateServer {
  public:
   /// Joins the folder's server; makes the folder and starts the server when need be, which takes
-  /// about a second the first time (`on_first_start` is then called). Throws std::runtime_error
-  /// with the way to the server's log when it does not come up.
+  /// about a second the first time (`on_first_start` is then called). Throws std::runtime_error at
+  /// once when a program, the driver or room on the disk is missing, and with the server's own
+  /// words and the way to its log when it does not come up; nothing is left running then.
   explicit PrivateServer(const QString& folder,
                          const std::function<void()>& on_first_start = nullptr);
   ~PrivateServer();
@@ -38,19 +40,26 @@ class PrivateServer {
   void LeaveRunning() { leave_running_ = true; }
 
   QString Socket() const { return socket_; }
-  std::int64_t Process() const;
+  std::int64_t Process() const { return folder_.Process(); }
+
+  /// The disk was full when the server came up: records can be read and copied to another disk, and
+  /// not changed.
+  bool IsReadOnly() const;
 
  private:
-  void Initialise();
+  void Initialise(const std::function<void()>& on_first_start);
+  void RunInstaller(const QString& program) const;
   void Start();
-  void WaitUntilReady(std::int64_t process) const;
+  void WaitUntilReady(std::int64_t process, const QString& log, std::int64_t log_start) const;
+  ConnectionSettings RootSettings() const;
   bool Answers() const;
-  bool AnswersSoon() const;
+  bool AnswersSoon();
+  void EndUnreachable(std::int64_t process);
+  void EndProcess(std::int64_t process) const;
   void Stop();
-  QString File(const char* name) const;
-  [[noreturn]] void FailWithLog(const QString& what) const;
+  [[noreturn]] void FailWith(const QString& what, const QString& errors, const QString& log) const;
 
-  QString folder_;
+  ServerFolder folder_;
   QString socket_;
   std::unique_ptr<platform::FileLock> users_;
   bool leave_running_ = false;

@@ -8,10 +8,6 @@
 namespace quorvane::database {
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Database", text);
-}
-
 bool TellsNamesApartByCase(Connection& connection) {
   auto rows = connection.Open("Select @@lower_case_table_names");
   return rows.Next() && rows.Int(0) == 0;
@@ -43,14 +39,17 @@ QStringList MissingRights(Connection& connection) {
 
 QString WhyUnsuitable(Connection& connection) {
   if (TellsNamesApartByCase(connection)) {
-    return Tr(
+    return QCoreApplication::translate(
+        "Database",
         "The server tells table names apart by upper and lower case. Set lower_case_table_names=1 "
         "in its settings file (section [mysqld]), start it again and make the database after "
         "that.");
   }
   const QStringList missing = MissingRights(connection);
   if (!missing.isEmpty()) {
-    return Tr("The server does not give the user %1 these rights on the database %2: %3.")
+    return QCoreApplication::translate(
+               "Database",
+               "The server does not give the user %1 these rights on the database %2: %3.")
         .arg(connection.Settings().user, connection.Settings().database,
              missing.join(QStringLiteral(", ")));
   }
@@ -62,7 +61,8 @@ QString WhyIncomplete(std::span<const SkippedStatement> skipped) {
   if (needed == skipped.end()) {
     return {};
   }
-  return Tr("The server refused a statement that the tables need: %1")
+  return QCoreApplication::translate("Database",
+                                     "The server refused a statement that the tables need: %1")
       .arg(QString::fromStdString(needed->reason));
 }
 

@@ -1,5 +1,6 @@
 #include "core/database/TextWidths.h"
 
+#include "core/database/ExtensionTables.h"
 #include "core/database/SchemaTables.h"
 
 #include <QCoreApplication>
@@ -26,9 +27,11 @@ QString ColumnsOf(std::string_view table) {
       columns += TextOf(definition.columns);
     }
   }
-  for (const UpgradeStep& step : UpgradeSteps()) {
-    if (SameName(step.table, table)) {
-      columns += QStringLiteral(", ") + TextOf(step.statement);
+  for (const auto& steps : {UpgradeSteps(), ExtensionSteps()}) {
+    for (const UpgradeStep& step : steps) {
+      if (SameName(step.table, table)) {
+        columns += QStringLiteral(", ") + TextOf(step.statement);
+      }
     }
   }
   return columns;

@@ -12,9 +12,16 @@
 #include <windows.h>
 #endif
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 namespace quorvane::platform {
 
@@ -44,23 +51,51 @@ void AskToEnd(std::int64_t process) {
   }
 }
 
-/// The folder in which the process works was deleted; one that has its name now is another.
-static bool LostItsFolder(qlonglong process) {
-  return QFile::symLinkTarget(QStringLiteral("/proc/%1/cwd").arg(process))
-      .endsWith(QLatin1String(" (deleted)"));
+namespace {
+
+/// Two paths of one file are the same pair.
+std::optional<std::pair<dev_t, ino_t>> FileNumber(const QString& path) {
+  struct stat status = {};
+  return stat(QFile::encodeName(path).constData(), &status) == 0
+             ? std::optional(std::pair(status.st_dev, status.st_ino))
+             : std::nullopt;
 }
 
-std::int64_t FindProcess(const QString& argument) {
-  const QByteArray wanted = QFile::encodeName(argument);
-  for (const QString& name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-    const qlonglong process = name.toLongLong();
-    QFile file(QStringLiteral("/proc/%1/cmdline").arg(process));
-    if (process > 0 && file.open(QIODevice::ReadOnly) &&
-        file.readAll().split('\0').contains(wanted) && !LostItsFolder(process)) {
-      return process;
+bool IsOwn(const QString& path) {
+  struct stat status = {};
+  return stat(QFile::encodeName(path).constData(), &status) == 0 && status.st_uid == geteuid();
+}
+
+/// After an update the program that still runs has been deleted.
+QString ProgramOf(const QString& process) {
+  QString path = QFile::symLinkTarget(process + QStringLiteral("/exe"));
+  return QFileInfo(path.remove(QStringLiteral(" (deleted)"))).fileName();
+}
+
+}  // namespace
+
+std::int64_t FindProcess(const QString& program, const QStringList& folders) {
+  const QString name = QFileInfo(QFileInfo(FindProgram(program)).canonicalFilePath()).fileName();
+  for (const QString& number : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+    const QString process = QStringLiteral("/proc/") + number;
+    if (number.toLongLong() <= 0 || !IsOwn(process) || ProgramOf(process) != name) {
+      continue;
+    }
+    const auto works_in = FileNumber(process + QStringLiteral("/cwd"));
+    const bool here = works_in && std::ranges::any_of(folders, [&](const QString& folder) {
+                        return FileNumber(folder) == works_in;
+                      });
+    if (here) {
+      return number.toLongLong();
     }
   }
   return 0;
+}
+
+bool IsListening(const QString& socket) {
+  QFile sockets(QStringLiteral("/proc/net/unix"));
+  return sockets.open(QIODevice::ReadOnly) &&
+         (sockets.readAll() + '\n').contains(' ' + QFile::encodeName(socket) + '\n');
 }
 
 bool IsSuperuser() {
@@ -98,13 +133,17 @@ void MakeMissingFolder(const QString& path) {
   }
 }
 
-QString ShortPrivateFolder(const QString& name) {
-  const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  QString path = runtime.isEmpty() || runtime.size() > 40
-                     ? QStringLiteral("/tmp/quorvane-%1-%2").arg(geteuid()).arg(name)
-                     : runtime + QStringLiteral("/quorvane-") + name;
-  MakePrivateFolder(path);
-  return path;
+QString NewShortFolder() {
+  // Not the session's own folder: another session of the user has another one.
+  std::array<char, 32> path{"/tmp/quorvane-XXXXXX"};
+  if (mkdtemp(path.data()) == nullptr) {
+    throw std::runtime_error(std::string("cannot make a folder in /tmp: ") + std::strerror(errno));
+  }
+  return QFile::decodeName(path.data());
+}
+
+QStringList ScratchDisks() {
+  return {QStringLiteral("/dev/shm"), QStringLiteral("/tmp"), QStringLiteral("/var/tmp")};
 }
 
 QString FindProgram(const QString& name) {

@@ -13,9 +13,12 @@ bool IsRunning(std::int64_t process);
 /// Asks a process to end in good order (on POSIX: SIGTERM).
 void AskToEnd(std::int64_t process);
 
-/// A process that runs, was started with exactly this argument and still has the folder it works
-/// in; 0 when there is none, or the system does not tell.
-std::int64_t FindProcess(const QString& argument);
+/// A process of this user that runs this program ("mariadbd") and works in one of the folders; 0
+/// when there is none, or the system does not tell.
+std::int64_t FindProcess(const QString& program, const QStringList& folders);
+
+/// Whether a socket of that path is listened at, also when its file cannot be seen from here.
+bool IsListening(const QString& socket);
 
 /// True for the superuser, whom some servers refuse to serve unless told to.
 bool IsSuperuser();
@@ -31,8 +34,12 @@ void MakePrivateFolder(const QString& path);
 /// there stay as they are, links to some included. Throws std::runtime_error.
 void MakeMissingFolder(const QString& path);
 
-/// A folder for sockets with a short path, of this user alone.
-QString ShortPrivateFolder(const QString& name);
+/// Makes a folder for a socket, with a short path and of this user alone. It lies where every
+/// session of the user sees it. Throws std::runtime_error.
+QString NewShortFolder();
+
+/// Folders of the machine for what is needed only while a program runs, the fastest first.
+QStringList ScratchDisks();
 
 /// Where an executable lies; empty when it is not installed. Looks into the system's folders for
 /// servers too, which are not on every user's path.

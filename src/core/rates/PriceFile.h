@@ -24,6 +24,8 @@ struct PriceRow {
   std::string name = {};
   std::string scrip_class = {};  ///< the Bombay exchange's group, the National exchange's series
   std::string type = {};         ///< "EQUITY"; the letters of price files are turned into names
+  std::string series_type = {};  ///< the type that the series or group tells, for a new scrip
+  std::string isin = {};         ///< twelve capitals and digits
   double rate = 0;               ///< closing price in rupees; 0 when there was none
 };
 

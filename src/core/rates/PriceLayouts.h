@@ -24,6 +24,7 @@ enum Field {
   kSeriesField,
   kSourceField,
   kSegmentField,
+  kIsinField,
   kFieldCount
 };
 

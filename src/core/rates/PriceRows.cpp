@@ -7,7 +7,10 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
+#include <initializer_list>
+#include <utility>
 
 namespace quorvane::rates {
 namespace {
@@ -44,6 +47,35 @@ int RankOf(const std::string& series) {
                                                      "RR", "IV", "GB", "GS", "TB"};
   const auto found = std::ranges::find(kSeries, series);
   return found == kSeries.end() ? -1 : static_cast<int>(found - kSeries.begin());
+}
+
+/// What a series of the National exchange or a group of the Bombay exchange says of the type; empty
+/// for one that is not known.
+std::string TypeOfSeries(Exchange exchange, const std::string& series) {
+  using Types = std::initializer_list<std::pair<std::string_view, const char*>>;
+  static const Types kNational{{"EQ", "EQUITY"}, {"BE", "EQUITY"}, {"BZ", "EQUITY"},
+                               {"SM", "EQUITY"}, {"ST", "EQUITY"}, {"SZ", "EQUITY"},
+                               {"RR", "UNIT"},   {"IV", "UNIT"},   {"GB", "BOND"},
+                               {"GS", "BOND"},   {"TB", "BOND"}};
+  static const Types kBombay{{"E", "UNIT"}, {"IF", "UNIT"}, {"F", "DEBENTURE"}, {"G", "BOND"}};
+  const Types& types = exchange == Exchange::kNse ? kNational : kBombay;
+  const auto* found = std::ranges::find(types, std::string_view(series),
+                                        [](const auto& type) { return type.first; });
+  if (found != types.end()) {
+    return found->second;
+  }
+  return exchange == Exchange::kNse && series.starts_with('W') ? "WARRANTS" : "";
+}
+
+/// Empty for what is no ISIN.
+std::string IsinOf(std::string text) {
+  constexpr std::size_t kLength = 12;
+  std::ranges::transform(text, text.begin(),
+                         [](unsigned char one) { return static_cast<char>(std::toupper(one)); });
+  const bool is_isin = text.size() == kLength && std::ranges::all_of(text, [](unsigned char one) {
+                         return std::isalnum(one) != 0;
+                       });
+  return is_isin ? text : std::string();
 }
 
 /// A day as written, or as a workbook counts it: days since 30 December 1899.
@@ -160,7 +192,12 @@ void PriceRows::AddRecord(const files::TextRow& row) {
   if (record.scrip_class.empty()) {
     record.scrip_class = layout_.Cell(row, kGroupField);
   }
-  record.type = TypeNamed(layout_.Cell(row, kTypeField));
+  if (const std::string& type = layout_.Cell(row, kTypeField); !IsAbsent(type)) {
+    record.type = TypeNamed(type);
+  }
+  record.series_type =
+      exchange == Exchange::kOwn ? std::string() : TypeOfSeries(exchange, record.scrip_class);
+  record.isin = IsinOf(layout_.Cell(row, kIsinField));
   const int rank = exchange == Exchange::kNse ? RankOf(layout_.Cell(row, kSeriesField)) : 0;
   if (ReadDate(row) && ReadRate(row, record) && CheckTexts(record)) {
     Keep(std::move(record), rank);

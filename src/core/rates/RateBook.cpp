@@ -148,7 +148,8 @@ std::vector<text::Date> RateBook::Dates() const {
   return dates;
 }
 
-void RateBook::Save(text::Date date, std::span<const ScripRate> rates) {
+void RateBook::Save(text::Date date, std::span<const ScripRate> rates,
+                    std::span<const SeenIsin> isins) {
   std::map<ScripId, double> by_scrip;
   for (const ScripRate& rate : rates) {
     by_scrip.insert_or_assign(rate.scrip, rate.rate);
@@ -158,6 +159,9 @@ void RateBook::Save(text::Date date, std::span<const ScripRate> rates) {
     const Changes changes = CompareWithStored(transaction, day, by_scrip);
     Update(transaction, changes);
     Insert(transaction, date, day, changes);
+    if (!isins.empty()) {
+      KeepIsins(transaction, isins, date);
+    }
     return std::nullopt;
   });
 }

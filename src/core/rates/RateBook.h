@@ -3,6 +3,7 @@
 #include "core/Ids.h"
 #include "core/Refusal.h"
 #include "core/database/Connection.h"
+#include "core/rates/IsinBook.h"
 #include "core/text/Dates.h"
 
 #include <QString>
@@ -44,8 +45,10 @@ class RateBook {
 
   /// Records the rates of a day in one transaction: a scrip's rate takes the place of an earlier
   /// one of the day, a rate of 0 removes it, and scrips that are not named keep theirs. Of several
-  /// rates of one scrip the last one counts.
-  void Save(text::Date date, std::span<const ScripRate> rates);
+  /// rates of one scrip the last one counts. The ISINs of the file that the rates came from are
+  /// kept along with them.
+  void Save(text::Date date, std::span<const ScripRate> rates,
+            std::span<const SeenIsin> isins = {});
 
   /// Deletes every rate of a day; returns how many there were.
   std::int64_t DeleteDate(text::Date date);

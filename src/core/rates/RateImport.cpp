@@ -16,6 +16,9 @@ class ScripFinder {
       if (!scrip.symbol.empty()) {
         by_symbol_.emplace(Folded(scrip.symbol), scrip.id);
       }
+      for (const std::string& isin : scrip.isins) {
+        by_isin_.emplace(Folded(isin), scrip.id);
+      }
     }
   }
 
@@ -24,7 +27,10 @@ class ScripFinder {
     if (!row.code.empty()) {
       found = Find(by_code_, row.code);
     }
-    return found.empty() && !row.symbol.empty() ? Find(by_symbol_, row.symbol) : found;
+    if (found.empty() && !row.symbol.empty()) {
+      found = Find(by_symbol_, row.symbol);
+    }
+    return found.empty() && !row.isin.empty() ? Find(by_isin_, row.isin) : found;
   }
 
  private:
@@ -38,11 +44,13 @@ class ScripFinder {
 
   Index by_code_;
   Index by_symbol_;
+  Index by_isin_;
 };
 
 }  // namespace
 
 std::vector<ListedScrip> ListScrips(database::Connection& connection) {
+  const Isins isins(connection);
   std::vector<ListedScrip> scrips;
   for (const auto& row : connection.Open(
            "Select S.Id,S.Code,S.NCode,S.Name,C.Name,T.Type From Script S "
@@ -50,7 +58,8 @@ std::vector<ListedScrip> ListScrips(database::Connection& connection) {
            "Order By S.Name,S.Id")) {
     scrips.push_back({ScripId{row.Int(std::size_t{0})}, std::string(row.Utf8(1)),
                       std::string(files::Trimmed(row.Utf8(2))), std::string(row.Utf8(3)),
-                      std::string(row.Utf8(4)), std::string(row.Utf8(5))});
+                      std::string(row.Utf8(4)), std::string(row.Utf8(5)),
+                      isins.Of(ScripId{row.Int(std::size_t{0})})});
   }
   return scrips;
 }
@@ -67,6 +76,9 @@ MatchedRates MatchRates(const PriceFile& file, const std::vector<ListedScrip>& s
     }
     ++result.matched;
     for (const ScripId scrip : found) {
+      if (!row.isin.empty()) {
+        result.isins.push_back({scrip, row.isin});
+      }
       if (row.rate > 0) {
         result.rates.push_back({scrip, row.rate});
       }

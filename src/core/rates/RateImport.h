@@ -14,6 +14,7 @@ struct ListedScrip {
   std::string name = {};
   std::string scrip_class = {};
   std::string type = {};
+  std::vector<std::string> isins = {};  ///< under which it was seen
 };
 
 /// Every scrip, by name, then by id.
@@ -24,10 +25,12 @@ struct MatchedRates {
   std::vector<ScripRate> rates;        ///< of scrips with a price, in the order of the file
   std::size_t matched = 0;             ///< rows of the file that belong to a scrip
   std::vector<std::size_t> unmatched;  ///< places of the rows that belong to none
+  std::vector<SeenIsin> isins;         ///< of scrips in the file, those that are kept already too
 };
 
 /// The Bombay exchange's rows belong to the scrip of that code, the National exchange's to every
-/// scrip of that second code, those of the program's own files to either, the code first.
+/// scrip of that second code, those of the program's own files to either, the code first. A row
+/// that belongs to none by its code belongs to the scrips of its ISIN.
 MatchedRates MatchRates(const PriceFile& file, const std::vector<ListedScrip>& scrips);
 
 /// Reads a file of rates for a day and matches it with the scrips in the database. Refuses what

@@ -1,6 +1,7 @@
 #include "masters/clients/AccountsPane.h"
 
 #include "core/lookups/Choices.h"
+#include "masters/clients/AccountBook.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -37,9 +38,11 @@ Row RowOf(const Account& account) {
 
 }  // namespace
 
-AccountsPane::AccountsPane(const controls::Guard& guard, database::Connection& connection)
+AccountsPane::AccountsPane(const controls::Guard& guard, database::Connection& connection,
+                           controls::Messages& messages)
     : guard_(guard),
       connection_(connection),
+      messages_(messages),
       VS(new Grid(QStringLiteral("VS"), tr("Demat accounts of the client"))),
       CmdAddRow(new ZENButton(QStringLiteral("CmdAddRow"), tr("Add Ro&w"))),
       CmdDelRow(new ZENButton(QStringLiteral("CmdDelRow"), tr("Delete Row"))) {
@@ -129,12 +132,14 @@ void AccountsPane::VS_GotFocus() {
 
 void AccountsPane::VS_CellEdited(int row, int column) {
   if (column != kParticipant) {
+    VS->FitColumns();
     return;
   }
   const ParticipantId participant{VS->Model().Value(row, kParticipant).toInt()};
   const QString dp_ids = lookups::DpIdChoiceList(connection_, participant);
   VS->Model().SetCellChoices(row, kDpId, WithNone(dp_ids));
   VS->Model().SetValue(row, kDpId, OnlyChoice(dp_ids));
+  VS->FitColumns();
 }
 
 // Enter on a last row without an account number is the way out of the grid.
@@ -155,7 +160,11 @@ void AccountsPane::CmdAddRow_Click() {
 }
 
 void AccountsPane::CmdDelRow_Click() {
-  VS->RemoveCurrentRow();
+  const AccountUse use = RecordsNaming(connection_, AccountId{VS->CurrentId()});
+  if (use.IsNone() ||
+      messages_.Ask(AskRemoveAccount(use), controls::Answer::kNo, controls::Icon::kCritical)) {
+    VS->RemoveCurrentRow();
+  }
 }
 
 }  // namespace quorvane::clients

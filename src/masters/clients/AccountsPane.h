@@ -2,6 +2,7 @@
 
 #include "controls/Grid.h"
 #include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "core/database/Connection.h"
 #include "masters/clients/Client.h"
@@ -13,12 +14,14 @@
 namespace quorvane::clients {
 
 /// The demat accounts of a client as rows to edit: participant, DP id, account number. The DP ids
-/// to choose from are those of the row's participant.
+/// to choose from are those of the row's participant. Before an account is removed that records
+/// name, the user is asked.
 class AccountsPane : public QWidget {
   Q_OBJECT
 
  public:
-  AccountsPane(const controls::Guard& guard, database::Connection& connection);
+  AccountsPane(const controls::Guard& guard, database::Connection& connection,
+               controls::Messages& messages);
 
   void Show(const std::vector<Account>& accounts);
 
@@ -42,6 +45,7 @@ class AccountsPane : public QWidget {
 
   const controls::Guard& guard_;
   database::Connection& connection_;
+  controls::Messages& messages_;
   controls::Grid* VS;
   controls::ZENButton* CmdAddRow;
   controls::ZENButton* CmdDelRow;

@@ -1,13 +1,12 @@
 #include "masters/clients/ClientBook.h"
 
-#include "core/database/Keys.h"
 #include "core/database/RecordKey.h"
+#include "masters/clients/AccountBook.h"
 
 #include <QCoreApplication>
 
 #include <fmt/format.h>
 
-#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -46,18 +45,6 @@ Client ClientOf(const Recordset& row) {
   return client;
 }
 
-std::vector<Account> ReadAccounts(Connection& connection, ClientId client) {
-  std::vector<Account> accounts;
-  for (const auto& row : connection.Open(
-           "Select id,DMATAC,DPID,ACNo,(Select D.DPID From DpIDs D Where D.DepId=A.DMATAC and "
-           "D.id=A.DPID Limit 1) From ClientActDet A Where CId=? Order By id",
-           client)) {
-    accounts.push_back({AccountId{row.Int(std::size_t{0})}, ParticipantId{row.Int(1)},
-                        DpIdId{row.Int(2)}, row.Text(4), row.Text(3)});
-  }
-  return accounts;
-}
-
 bool CodeIsTaken(Connection& connection, const Client& client) {
   return connection
       .Open("Select Code From ClientInfo Where Code=? and Id<>? For Update", client.code, client.id)
@@ -77,32 +64,6 @@ void Insert(Transaction& transaction, const Client& client) {
       fmt::format("Insert Into ClientInfo({}) Values{}", Columns(),
                   masters::Placeholders(kColumnCount)),
       values);
-}
-
-/// Rows that stand in the database keep their ids; the others get new ones.
-void NumberAccounts(Transaction& transaction, Client& client) {
-  std::set<AccountId> stored;
-  for (const auto& row :
-       transaction.Open("Select id From ClientActDet Where CId=? For Update", client.id)) {
-    stored.insert(AccountId{row.Int(std::size_t{0})});
-  }
-  int next = database::FirstFreeKey(transaction, "ClientActDet");
-  for (Account& account : client.accounts) {
-    if (stored.erase(account.id) == 0) {
-      account.id = AccountId{next++};
-    }
-  }
-  database::KeepKeys(transaction, "ClientActDet", next);
-}
-
-void ReplaceAccounts(Transaction& transaction, Client& client) {
-  std::erase_if(client.accounts, IsBlank);
-  NumberAccounts(transaction, client);
-  transaction.Execute("Delete From ClientActDet Where CId=?", client.id);
-  for (const Account& account : client.accounts) {
-    transaction.Execute("Insert Into ClientActDet(CId,id,DMATAC,DPID,ACNo) Values(?,?,?,?,?)",
-                        client.id, account.id, account.participant, account.dp_id, account.number);
-  }
 }
 
 MaybeRefusal SaveIn(Transaction& transaction, Client& client) {

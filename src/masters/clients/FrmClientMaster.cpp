@@ -33,7 +33,7 @@ FrmClientMaster::FrmClientMaster(controls::Desk& desk, DocumentDialogs dialogs)
       dialogs_(std::move(dialogs)) {
   auto* rows = new QVBoxLayout(Details());
   rows->addLayout(Fields());
-  accounts_ = new AccountsPane(TheGuard(), *Session().connection);
+  accounts_ = new AccountsPane(TheGuard(), *Session().connection, Say());
   rows->addWidget(accounts_, 1);
   Details()->setObjectName(QStringLiteral("Frame1"));
   sign_ = new FrmSign(TheGuard(), dialogs_, app::IniFile(Session().folders.config_file));

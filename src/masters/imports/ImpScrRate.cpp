@@ -284,7 +284,7 @@ void ImpScrRate::Update() {
       changes.push_back({scrip, 0});
     }
   }
-  rates::RateBook(*Session().connection).Save(*date_, changes);
+  rates::RateBook(*Session().connection).Save(*date_, changes, matched_.isins);
   stored_ = entered_;
   Count();
   Fill();

@@ -3,10 +3,13 @@
 #include "core/database/BulkWriter.h"
 #include "core/database/Keys.h"
 #include "core/lookups/Directory.h"
+#include "core/rates/IsinBook.h"
 
 #include <QCoreApplication>
 
 #include <fmt/format.h>
+
+#include <set>
 
 namespace quorvane::imports {
 namespace {
@@ -19,20 +22,21 @@ using rates::PriceRow;
 
 constexpr std::string_view kDefaultType = "EQUITY";
 
-/// The scrips that are there, found by either code.
+/// The scrips that are there, found by either code or by an ISIN.
 class StoredScrips {
  public:
-  explicit StoredScrips(database::Connection& connection) {
+  explicit StoredScrips(database::Connection& connection) : isins_(connection) {
     for (const auto& row : connection.Open(
              "Select S.Id,S.Code,S.NCode,S.Name,C.Name,T.Type From Script S "
              "Left Join ScriptClass C On C.Id=S.ScrCls Left Join ScriptType T On T.Id=S.Type "
              "Order By S.Id")) {
       scrips_.push_back({ScripId{row.Int(std::size_t{0})}, ScripState::kUnchanged,
-                         std::string(row.Utf8(1)), std::string(row.Utf8(2)),
+                         std::string(row.Utf8(1)), std::string(files::Trimmed(row.Utf8(2))),
                          std::string(row.Utf8(3)), std::string(row.Utf8(4)),
                          std::string(row.Utf8(5))});
     }
     for (std::size_t place = 0; place < scrips_.size(); ++place) {
+      by_id_.try_emplace(scrips_[place].id, place);
       by_code_.try_emplace(Folded(scrips_[place].code), place);
       if (!scrips_[place].symbol.empty()) {
         by_symbol_.try_emplace(Folded(scrips_[place].symbol), place);
@@ -40,12 +44,22 @@ class StoredScrips {
     }
   }
 
-  const ImportedScrip* Of(const PriceRow& row) const {
+  /// Each scrip is given to one row that has only its ISIN.
+  const ImportedScrip* Of(const PriceRow& row) {
     if (!row.code.empty()) {
-      return Find(by_code_, row.code);
+      const ImportedScrip* found = Find(by_code_, row.code);
+      return found != nullptr ? found : WithoutBombayCode(row.isin);
     }
+    const ImportedScrip* by_isin = AnyOf(row.isin);
     const ImportedScrip* found = Find(by_symbol_, row.symbol);
-    return found != nullptr ? found : Find(by_code_, row.symbol);
+    found = found != nullptr ? found : Find(by_code_, row.symbol);
+    const bool is_other = found != nullptr && by_isin != nullptr && isins_.HasAny(found->id) &&
+                          !isins_.Has(found->id, row.isin);
+    return found == nullptr || is_other ? by_isin : found;
+  }
+
+  bool IsNewIsin(ScripId scrip, const std::string& isin) const {
+    return !isin.empty() && !isins_.Has(scrip, isin);
   }
 
  private:
@@ -56,9 +70,33 @@ class StoredScrips {
     return found == index.end() ? nullptr : &scrips_[found->second];
   }
 
+  const ImportedScrip* AnyOf(const std::string& isin) const {
+    const std::vector<ScripId> scrips = isins_.ScripsOf(isin);
+    const auto found = scrips.empty() ? by_id_.end() : by_id_.find(scrips.front());
+    return found == by_id_.end() ? nullptr : &scrips_[found->second];
+  }
+
+  const ImportedScrip* WithoutBombayCode(const std::string& isin) {
+    for (const ScripId scrip : isins_.ScripsOf(isin)) {
+      const auto found = by_id_.find(scrip);
+      const bool is_free = found != by_id_.end() && HasOnlySymbol(scrips_[found->second]);
+      if (is_free && given_.insert(scrip).second) {
+        return &scrips_[found->second];
+      }
+    }
+    return nullptr;
+  }
+
+  static bool HasOnlySymbol(const ImportedScrip& scrip) {
+    return !scrip.symbol.empty() && Folded(scrip.code) == Folded(scrip.symbol);
+  }
+
   std::vector<ImportedScrip> scrips_;
+  std::unordered_map<ScripId, std::size_t> by_id_;
   Index by_code_;
   Index by_symbol_;
+  rates::Isins isins_;
+  std::set<ScripId> given_;
 };
 
 ImportedScrip NewScrip(const PriceRow& row) {
@@ -68,12 +106,27 @@ ImportedScrip NewScrip(const PriceRow& row) {
                   : !row.code.empty() ? row.code
                                       : row.symbol,
           .scrip_class = row.scrip_class,
-          .type = row.type.empty() ? std::string(kDefaultType) : row.type};
+          .type = !row.type.empty()          ? row.type
+                  : !row.series_type.empty() ? row.series_type
+                                             : std::string(kDefaultType),
+          .isin = row.isin};
 }
 
-// The National exchange's series is no class of a scrip that has one.
-ImportedScrip Changed(const ImportedScrip& stored, const PriceRow& row, const PriceFile& file) {
+/// The type that the file tells, or its series where the scrip is nothing but a share so far.
+std::string TypeFor(const ImportedScrip& stored, const PriceRow& row) {
+  const bool is_share = Folded(stored.type) == Folded(kDefaultType);
+  return row.type.empty() && is_share ? row.series_type : row.type;
+}
+
+// The National exchange's series is no class of a scrip that has one, and its name none of a scrip
+// that the Bombay exchange names.
+ImportedScrip Changed(const ImportedScrip& stored, const PriceRow& row, const PriceFile& file,
+                      bool is_new_isin) {
   ImportedScrip scrip = stored;
+  if (is_new_isin) {
+    scrip.isin = row.isin;
+    scrip.state = ScripState::kChanged;
+  }
   const auto take = [&](std::string ImportedScrip::*member, const std::string& value) {
     if (scrip.*member != value) {
       scrip.*member = value;
@@ -85,16 +138,20 @@ ImportedScrip Changed(const ImportedScrip& stored, const PriceRow& row, const Pr
       take(member, value);
     }
   };
-  if (file.has_names) {
+  if (!row.code.empty()) {
+    take(&ImportedScrip::code, Folded(stored.code) == Folded(row.code) ? stored.code : row.code);
+  }
+  const bool is_national = file.exchange == rates::Exchange::kNse;
+  if (file.has_names && !(is_national && Folded(stored.code) != Folded(row.symbol))) {
     take(&ImportedScrip::name, row.name);
   }
   if (file.has_symbols || !row.symbol.empty()) {
     take(&ImportedScrip::symbol, row.symbol);
   }
-  if (file.exchange != rates::Exchange::kNse || stored.scrip_class.empty()) {
+  if (!is_national || stored.scrip_class.empty()) {
     take_name(&ImportedScrip::scrip_class, row.scrip_class);
   }
-  take_name(&ImportedScrip::type, row.type);
+  take_name(&ImportedScrip::type, TypeFor(stored, row));
   return scrip;
 }
 
@@ -134,8 +191,8 @@ class ScripWriter {
         next_(database::FirstFreeKey(transaction, "Script")),
         classes_(transaction, "ScriptClass", "Name"),
         types_(transaction, "ScriptType", "Type"),
-        update_(transaction, "Update Script Set Name=?,Type=?,ScrCls=?,NCode=? Where Id=?",
-                "tiiti"),
+        update_(transaction, "Update Script Set Code=?,Name=?,Type=?,ScrCls=?,NCode=? Where Id=?",
+                "ttiiti"),
         insert_(transaction,
                 "Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) Values(?,?,?,?,?,?)",
                 "ittiit") {}
@@ -143,18 +200,23 @@ class ScripWriter {
   void Write(const ImportedScrip& scrip) {
     const int type = types_.KeyOf(scrip.type);
     const int scrip_class = classes_.KeyOf(scrip.scrip_class);
+    const ScripId id = scrip.state == ScripState::kNew ? ScripId{next_++} : scrip.id;
     if (scrip.state == ScripState::kNew) {
-      insert_.Int(next_++).Text(scrip.code).Text(scrip.name).Int(type).Int(scrip_class);
+      insert_.Int(id.value).Text(scrip.code).Text(scrip.name).Int(type).Int(scrip_class);
       insert_.Text(scrip.symbol).EndRow();
     } else {
-      update_.Text(scrip.name).Int(type).Int(scrip_class).Text(scrip.symbol);
-      update_.Int(scrip.id.value).EndRow();
+      update_.Text(scrip.code).Text(scrip.name).Int(type).Int(scrip_class).Text(scrip.symbol);
+      update_.Int(id.value).EndRow();
+    }
+    if (!scrip.isin.empty()) {
+      seen_.push_back({id, scrip.isin});
     }
   }
 
-  void Finish() {
+  void Finish(std::optional<text::Date> day) {
     update_.Finish();
     insert_.Finish();
+    rates::KeepIsins(transaction_, seen_, day);
     database::KeepKeys(transaction_, "Script", next_);
   }
 
@@ -165,9 +227,11 @@ class ScripWriter {
   NameKeys types_;
   BulkWriter update_;
   BulkWriter insert_;
+  std::vector<rates::SeenIsin> seen_;
 };
 
-void Write(Transaction& transaction, const std::vector<ImportedScrip>& scrips, Progress& progress) {
+void Write(Transaction& transaction, const std::vector<ImportedScrip>& scrips,
+           std::optional<text::Date> day, Progress& progress) {
   ScripWriter writer(transaction);
   progress.Begin(QCoreApplication::translate("Imports", "Saving scrips"),
                  static_cast<std::int64_t>(scrips.size()));
@@ -178,18 +242,20 @@ void Write(Transaction& transaction, const std::vector<ImportedScrip>& scrips, P
     progress.Step(static_cast<std::int64_t>(done + 1));
     progress.ThrowIfCancelled();
   }
-  writer.Finish();
+  writer.Finish(day);
 }
 
 }  // namespace
 
 std::vector<ImportedScrip> PlanImport(database::Connection& connection, const PriceFile& file) {
-  const StoredScrips stored(connection);
+  StoredScrips stored(connection);
   std::vector<ImportedScrip> plan;
   plan.reserve(file.rows.size());
   for (const PriceRow& row : file.rows) {
     const ImportedScrip* scrip = stored.Of(row);
-    plan.push_back(scrip == nullptr ? NewScrip(row) : Changed(*scrip, row, file));
+    plan.push_back(scrip == nullptr
+                       ? NewScrip(row)
+                       : Changed(*scrip, row, file, stored.IsNewIsin(scrip->id, row.isin)));
   }
   return plan;
 }
@@ -220,7 +286,7 @@ ImportCounts ImportScrips(database::Connection& connection, const PriceFile& fil
     database::FirstFreeKey(transaction, "Script");
     const std::vector<ImportedScrip> plan = PlanImport(transaction.GetConnection(), file);
     counts = CountStates(plan);
-    Write(transaction, plan, progress);
+    Write(transaction, plan, file.date, progress);
     return std::nullopt;
   });
   return counts;

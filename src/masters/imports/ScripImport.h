@@ -18,6 +18,7 @@ struct ImportedScrip {
   std::string name = {};
   std::string scrip_class = {};
   std::string type = {};
+  std::string isin = {};  ///< of the file; empty when the scrip was seen under it before
 };
 
 struct ImportCounts {
@@ -29,8 +30,11 @@ struct ImportCounts {
 };
 
 /// What taking the file in would make of the scrips, a row each in the order of the file. A row
-/// belongs to the scrip of its code, a row without one to the scrip of its symbol. What the file
-/// does not tell stays as the scrip has it; a new scrip is then an "EQUITY" of its group or series.
+/// belongs to the scrip of its code; one of the National exchange to the scrip of its symbol. Where
+/// there is none, or where that one is known under other ISINs, it belongs to the scrip that was
+/// seen under its ISIN, so that the lists of both exchanges meet in one scrip with both codes; a
+/// second code of the Bombay exchange with one ISIN is a scrip of its own. What the file does not
+/// tell stays as the scrip has it; a new scrip has the type that its series tells, else "EQUITY".
 std::vector<ImportedScrip> PlanImport(database::Connection& connection,
                                       const rates::PriceFile& file);
 

@@ -4,6 +4,7 @@
 #include "controls/TextBox.h"
 #include "core/text/Amounts.h"
 #include "masters/Questions.h"
+#include "masters/lookup_masters/Levies.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -88,6 +89,32 @@ QString PercentText(const QString& typed) {
   }
   const double value = text::Val(typed);
   return IsMasked(typed) ? text::FormatPercent(value) : text::NumberText(value);
+}
+
+/// What was added; of years within which a rate changed also which rate it is.
+QString Added(const std::vector<LookupRow>& rows, const std::vector<YearLevy>& levies) {
+  if (rows.empty()) {
+    return FrmLookup::tr("No rate is missing.");
+  }
+  QStringList lines(FrmLookup::tr("%1 rates were added.").arg(rows.size()));
+  if (rows.front().values.size() == 1) {
+    QStringList percents;
+    std::ranges::transform(rows, std::back_inserter(percents),
+                           [](const LookupRow& row) { return PercentText(row.values.front()); });
+    return lines.front() + QLatin1Char('\n') + percents.join(QStringLiteral(", "));
+  }
+  const auto changed_in = [&](const LookupRow& row) {
+    return std::ranges::any_of(levies, [&](const YearLevy& levy) {
+      return levy.changed && levy.year.Text() == row.values[0] && levy.levy.kind == row.values[1];
+    });
+  };
+  for (const LookupRow& row : rows) {
+    if (changed_in(row)) {
+      lines << FrmLookup::tr("%1 %2: %3 from %4, the rate of most days of the year.")
+                   .arg(row.values[0], row.values[1], PercentText(row.values[2]), row.values[3]);
+    }
+  }
+  return lines.join(QLatin1Char('\n'));
 }
 
 }  // namespace
@@ -237,6 +264,13 @@ FrmLookup::Field FrmLookup::AddDate(FieldLayout& fields, const LookupColumn& col
 }
 
 void FrmLookup::AddButtons() {
+  const LookupKind kind = book_.Master().kind;
+  if (kind == LookupKind::kSttPercentages || kind == LookupKind::kTaxPercentages) {
+    CmdLevies = new ZENButton(QStringLiteral("CmdLevies"), tr("Dated &Rates..."));
+    CmdLevies->setToolTip(tr("Adds the rates of S.T.T. and service tax that are missing"));
+    Buttons()->addWidget(CmdLevies);
+    OnClick(CmdLevies, &FrmLookup::CmdLevies_Click);
+  }
   if (book_.Master().kind == LookupKind::kSttPercentages) {
     auto* taxes =
         new ZENButton(QStringLiteral("CmdTransPer"), tr("&Brokerage and Tax Percentages..."));
@@ -263,6 +297,26 @@ void FrmLookup::Text1_Validate() {
   if (const MaybeRefusal refusal = CheckFinancialYear(year)) {
     Show(*refusal);
   }
+}
+
+void FrmLookup::StateChanged() {
+  if (CmdLevies != nullptr) {
+    CmdLevies->setEnabled(!IsEditing());
+  }
+}
+
+void FrmLookup::CmdLevies_Click() {
+  if (!Say().Ask(tr("Add the rates of S.T.T. and service tax that are missing? Rows that exist "
+                    "stay as they are."),
+                 controls::Answer::kYes, controls::Icon::kInformation)) {
+    return;
+  }
+  const std::vector<YearLevy> levies =
+      LeviesByYear(ReadLevies(Session().folders.data + QStringLiteral("/levies.csv")),
+                   text::FinancialYear::Of(TheDesk().today()));
+  const std::vector<LookupRow> added = book_.AddMissing(RowsOf(book_.Master().kind, levies));
+  Refill();
+  Say().Inform(Added(added, levies));
 }
 
 void FrmLookup::CmdTransPer_Click() {

@@ -24,6 +24,7 @@ class FrmLookup : public controls::RecordWindow {
   MaybeRefusal Save() override;
   void Remove(int id) override;
   QString DeleteQuestion() const override;
+  void StateChanged() override;
 
  private:
   /// The box of a column, whatever its kind.
@@ -45,9 +46,11 @@ class FrmLookup : public controls::RecordWindow {
 
   void Text1_Validate();
   void CmdTransPer_Click();
+  void CmdLevies_Click();
 
   LookupBook book_;
-  std::vector<Field> fields_;  ///< in the order of the table's columns
+  controls::ZENButton* CmdLevies = nullptr;  ///< in the windows of percentages
+  std::vector<Field> fields_;                ///< in the order of the table's columns
 };
 
 }  // namespace quorvane::lookup_masters

@@ -80,6 +80,20 @@ MaybeRefusal LookupBook::Save(LookupRow& row) {
   return refusal;
 }
 
+std::vector<LookupRow> LookupBook::AddMissing(const std::vector<LookupRow>& rows) {
+  std::vector<LookupRow> added;
+  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    added.clear();
+    for (LookupRow row : rows) {
+      if (!SaveIn(transaction, row)) {
+        added.push_back(std::move(row));
+      }
+    }
+    return std::nullopt;
+  });
+  return added;
+}
+
 void LookupBook::Delete(int id) {
   database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
     transaction.Execute(fmt::format("Delete From {} Where Id=?", master_.table), id);

@@ -25,6 +25,10 @@ class LookupBook {
   /// column.
   MaybeRefusal Save(LookupRow& row);
 
+  /// Adds those rows that the table lacks by its unique columns, in one transaction; those that
+  /// exist stay. Returns what was added.
+  std::vector<LookupRow> AddMissing(const std::vector<LookupRow>& rows);
+
   /// Records that refer to the row stay as they are.
   void Delete(int id);
 

@@ -88,6 +88,7 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   transaction.Execute("Delete From StkOpBal Where ScriptId=?", id);
   transaction.Execute("Delete From Stock Where ScriptId=?", id);
   transaction.Execute("Delete From MarketRate Where ScrId=?", id);
+  transaction.Execute("Delete From ScripIsin Where ScrId=?", id);
 }
 
 /// Passes a wish to stop on to a part of the work and counts nothing.

@@ -152,6 +152,7 @@ void RatesPane::Connect(const controls::Guard& guard) {
 
 void RatesPane::Edit(bool editing, bool new_date) {
   StopFetch();
+  isins_.clear();
   editing_ = editing;
   FrmDtList->setEnabled(!editing);
   const bool dated = VSf1->CurrentRow() >= 0;
@@ -316,7 +317,7 @@ void RatesPane::cmdUpdate_Click() {
     return;
   }
   Text2_Validate();
-  book_.Save(*date, Changed());
+  book_.Save(*date, Changed(), isins_);
   Edit(false);
   Refresh();
   SelectDate(date);
@@ -358,6 +359,7 @@ void RatesPane::CmdImportRate_Click() {
     Refuse(*refusal);
     return;
   }
+  isins_ = std::move(found.isins);
   std::unordered_map<ScripId, double> by_scrip;
   for (const rates::ScripRate& rate : found.rates) {
     by_scrip[rate.scrip] = rate.rate;

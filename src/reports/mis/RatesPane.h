@@ -98,6 +98,7 @@ class RatesPane : public QWidget {
   controls::ZENButton* cmdCancel;
   std::vector<rates::ListedScrip> scrips_;
   std::unordered_map<ScripId, double> recorded_;  ///< of the date that is shown
+  std::vector<rates::SeenIsin> isins_;            ///< of the file that was read in
   std::size_t fetched_ = 0;                       ///< rates that came of the fetch under way
   std::size_t asked_ = 0;                         ///< scrips of that fetch whose answer came
   bool editing_ = false;

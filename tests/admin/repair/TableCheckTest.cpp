@@ -1,3 +1,4 @@
+#include "admin/repair/DoubleKeys.h"
 #include "admin/repair/TableCheck.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -58,7 +59,8 @@ class TableCheckTest : public QObject {
     const ScripId scrip = database.AddScrip(QStringLiteral("S1"), QStringLiteral("S1"));
     database.AddBroker(QStringLiteral("B1"));
     database->Execute(
-        "Insert Into StkOpBal(CId,Fyear,Id,ScriptId,Qty,Rate,AcId) Values(?,'2011-12',1,?,10,5,?)",
+        "Insert Into StkOpBal(CId,Fyear,Id,ScriptId,Qty,Rate,AcId,PDate) "
+        "Values(?,'2011-12',1,?,10,5,?,'01/01/2010')",
         client, scrip, account);
     database->Execute("Insert Into Stock Values(?,'2011-12',1,?,?,10,5)", client, account, scrip);
     database->Execute(statement.toStdString());
@@ -92,8 +94,34 @@ class TableCheckTest : public QObject {
     }
     QCOMPARE(text, found);
     QVERIFY(check.unchecked.empty());
-    QCOMPARE(check.AllIsWell(),
-             check.double_keys.empty() && check.wrong_lots.empty() && check.faults.empty());
+    QCOMPARE(check.AllIsWell(), check.double_keys.empty() && check.wrong_lots.empty() &&
+                                    check.faults.empty() && check.record_faults.isEmpty());
+  }
+
+  void DoubledKeysAreCuredWhereItIsClearWhatNamesThem() {
+    test::TestDatabase database;
+    database->Execute("Insert Into ScriptClass(Id,Name) Values(9,'X'),(9,'Y')");
+    database->Execute("Insert Into Broker(Id,Name) Values(1,'ONE'),(1,'TWO')");
+    database->Execute(
+        "Insert Into SPMaster(Cid,Fyear,ID,BrokId) Values(1,'2011-12',5,1),"
+        "(2,'2011-12',5,1),(3,'2011-12',4,1)");
+    database->Execute(
+        "Insert Into SPTrans(Cid,Fyear,SID,Id,SP) Values(1,'2011-12',5,1,0),"
+        "(2,'2011-12',5,1,1)");
+    QCOMPARE(repair::FindDoubleRecords(*database).size(), std::size_t{6});
+    const repair::NewKeys keys = repair::GiveNewKeys(*database);
+    QCOMPARE(keys.given, 2);
+    QCOMPARE(keys.refused.size(), 1);
+    QVERIFY2(keys.refused[0].contains("Broker: the records of key 1"), qPrintable(keys.refused[0]));
+    auto rows = database->Open(
+        "Select M.Cid,T.Cid,T.SP From SPMaster M Join SPTrans T On T.SID=M.ID Order By M.Cid");
+    for (const int client : {1, 2}) {
+      QVERIFY(rows.Next());
+      QCOMPARE(rows.Int(std::size_t{0}), client);
+      QCOMPARE(rows.Int(1), client);
+    }
+    QVERIFY(!rows.Next());
+    QCOMPARE(repair::FindDoubleRecords(*database).size(), std::size_t{2});
   }
 };
 

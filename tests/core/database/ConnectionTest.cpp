@@ -85,16 +85,6 @@ class ConnectionTest : public QObject {
     QVERIFY2(!QString::fromUtf8(error.what()).contains(QLatin1String("secret-word")), error.what());
   }
 
-  void AServerThatDoesNotAnswerIsPassedOver() {
-    TestDatabase database(TestDatabase::Tables::kNone);
-    ConnectionSettings settings = database.Settings();
-    // The first name is none, the second is reached by the socket.
-    settings.server = QStringLiteral("no-such-server.invalid,localhost");
-    Connection connection(settings);
-    QCOMPARE(connection.Address().host, QStringLiteral("localhost"));
-    QVERIFY(connection.Open("Select 1").Next());
-  }
-
   void UnknownDriverSaysSo() {
     ConnectionSettings settings;
     settings.driver = QStringLiteral("No Such Driver");

@@ -15,6 +15,7 @@
 #include <csignal>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 using quorvane::database::Connection;
 using quorvane::database::DatabaseError;
@@ -78,11 +79,17 @@ class PrivateServerTest : public QObject {
   QString Path() const { return folder_->path() + QStringLiteral("/database"); }
 
   std::optional<QTemporaryDir> folder_;
+  QString socket_folder_;
 
  private Q_SLOTS:
   void init() { folder_.emplace(quorvane::test::TestFolderTemplate()); }
 
-  void cleanup() { folder_.reset(); }
+  void cleanup() {
+    folder_.reset();
+    if (!socket_folder_.isEmpty()) {
+      QDir(std::exchange(socket_folder_, {})).removeRecursively();
+    }
+  }
 
   void OnlyItsUserCanReachIt() {
     const PrivateServer server(Path());
@@ -255,6 +262,49 @@ class PrivateServerTest : public QObject {
     QVERIFY(!socket_folder.exists() || socket_folder.removeRecursively());
   }
 
+  /// Sessions of one user differ in their environment, and call the folder by different names.
+  void EverySessionFindsTheSameServer() {
+    const QString real = folder_->path() + QLatin1Char('/') + QString(150, QLatin1Char('d'));
+    const QString link = folder_->path() + QStringLiteral("/link");
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    QVERIFY(QDir().mkpath(real));
+    QVERIFY(QFile::link(real, link));
+    {
+      const PrivateServer server(real + QStringLiteral("/database"));
+      qputenv("XDG_RUNTIME_DIR", folder_->path().toUtf8());
+      const PrivateServer other(link + QStringLiteral("/database"));
+      QCOMPARE(other.Socket(), server.Socket());
+      QCOMPARE(other.Process(), server.Process());
+      QVERIFY(QDir(QFileInfo(server.Socket()).path()).exists());
+      // What clears /tmp away takes the socket from under the server.
+      QVERIFY(QFile::remove(server.Socket()));
+      QVERIFY_EXCEPTION_THROWN(PrivateServer(real + QStringLiteral("/database")),
+                               std::runtime_error);
+    }
+    const PrivateServer again(real + QStringLiteral("/database"));
+    Connection connection = Connect(again);
+    QCOMPARE(Answer(connection, "Select 1"), QStringLiteral("1"));
+    qputenv("XDG_RUNTIME_DIR", runtime);
+    QVERIFY(QDir(QFileInfo(again.Socket()).path()).exists());
+    socket_folder_ = QFileInfo(again.Socket()).path();
+  }
+
+  void NoOtherProgramIsTakenForTheServer() {
+    { const PrivateServer server(Path()); }
+    QProcess bystander;
+    bystander.setWorkingDirectory(Path());
+    bystander.start(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("sleep 60"),
+                                           "--pid-file=" + Path() + "/server.pid"});
+    QVERIFY(bystander.waitForStarted());
+    QElapsedTimer waited;
+    waited.start();
+    { const PrivateServer server(Path()); }
+    QVERIFY(waited.elapsed() < 30000);
+    QCOMPARE(bystander.state(), QProcess::Running);
+    bystander.kill();
+    bystander.waitForFinished();
+  }
+
   void AServerThatDoesNotComeUpNamesItsLog() {
     QVERIFY(QDir().mkpath(Path() + QStringLiteral("/data")));
     try {
@@ -263,7 +313,8 @@ class PrivateServerTest : public QObject {
     } catch (const std::runtime_error& error) {
       const QString log = Path() + QStringLiteral("/server.log");
       QVERIFY2(QString::fromUtf8(error.what()).contains(log), error.what());
-      QVERIFY(QFileInfo(log).size() > 0);
+      QVERIFY2(QString::fromUtf8(error.what()).contains(QStringLiteral("starting: ")),
+               error.what());
     }
   }
 

@@ -130,6 +130,17 @@ class PriceFileTest : public QObject {
     QTEST(file.date ? text::FormatDmy(*file.date) : QString(), "date");
   }
 
+  void SeriesTellsTheTypeAndTheIsinIsRead() {
+    PriceFile file;
+    QVERIFY(!Read(kNse + NseRow("RELIANCE", "EQ", "1") + NseRow("SGB", "GB", "2"), file));
+    QCOMPARE(file.rows[0].series_type, std::string("EQUITY"));
+    QCOMPARE(file.rows[0].isin, std::string("INE002A01018"));
+    QCOMPARE(file.rows[1].series_type, std::string("BOND"));
+    QVERIFY(!Read("Security Code,Security Name,Group,ISIN No,Instrument\n1,A,F,NA,-\n", file));
+    QCOMPARE(file.rows[0].series_type, std::string("DEBENTURE"));
+    QCOMPARE(file.rows[0].type + file.rows[0].isin, std::string());
+  }
+
   void BadRowIsReportedByItsLine_data() {
     QTest::addColumn<QByteArray>("csv");
     QTest::addColumn<QString>("line");

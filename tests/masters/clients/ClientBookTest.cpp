@@ -50,7 +50,7 @@ class ClientBookTest : public QObject {
     (*database_)->Execute("Drop Table If Exists `Later ``one`,Unrelated,ZRefers,ZLast");
     test::Empty(**database_, {"ClientInfo", "ClientActDet", "DpIDs", "StkOpBal", "BrOpBal", "Stock",
                               "Stock_Temp", "SPMaster", "SPTrans", "BrPayment", "BrRec",
-                              "ScrTransfer", "ScriptAvgRate"});
+                              "ScrTransfer", "ScriptAvgRate", "RemovedAccount"});
   }
   void cleanupTestCase() { database_.reset(); }
 
@@ -167,6 +167,45 @@ class ClientBookTest : public QObject {
     QCOMPARE(Accounts(), QStringList({"1|1|1001", "1|3|1003"}));
   }
 
+  // Removed and entered again in one save, or a save later.
+  void AccountThatRecordsNameKeepsItsIdWhenItIsEnteredAgain_data() {
+    QTest::addColumn<QString>("record");
+    QTest::addColumn<bool>("saved_between");
+    QTest::addColumn<bool>("same");
+    const QString bill("Insert Into SPMaster(Cid,AcId) Values(?,?)");
+    QTest::newRow("in one save") << bill << false << true;
+    QTest::newRow("named by a bill") << bill << true << true;
+    QTest::newRow("named by an opening row")
+        << QString("Insert Into StkOpBal(CId,AcId) Values(?,?)") << true << true;
+    QTest::newRow("named by a transfer")
+        << QString("Insert Into ScrTransfer(Cid,ToAcId) Values(?+1,?)") << true << true;
+    QTest::newRow("named by a lot")
+        << QString("Insert Into Stock(Cid,AcId) Values(?,?)") << true << true;
+    QTest::newRow("named by none")
+        << QString("Insert Into SPMaster(Cid,AcId) Values(?,?+1000)") << true << false;
+  }
+
+  void AccountThatRecordsNameKeepsItsIdWhenItIsEnteredAgain() {
+    QFETCH(const QString, record);
+    QFETCH(const bool, saved_between);
+    QFETCH(const bool, same);
+    Client client = NewClient("C1", {"1001", "1002"});
+    QVERIFY(!Book().Save(client));
+    const AccountId first = client.accounts[0].id;
+    (*database_)->Execute(record.toStdString(), client.id, first);
+    client.accounts.erase(client.accounts.begin());
+    if (saved_between) {
+      QVERIFY(!Book().Save(client));
+    }
+    client.accounts.push_back(NewAccount(QStringLiteral(" 1001 ")));
+    client.accounts.push_back(NewAccount(QStringLiteral("1001")));
+    client.accounts.back().participant = ParticipantId{5};
+    QVERIFY(!Book().Save(client));
+    QCOMPARE(client.accounts[1].id == first, same);
+    QVERIFY(client.accounts[2].id != first);
+    QCOMPARE(test::Rows(**database_, "Select id From RemovedAccount"), QStringList());
+  }
+
   void IdOfAnAccountThatIsNotTheClientsIsNotTaken() {
     Client client = NewClient("C1", {"1001"});
     Client other = NewClient("C2", {"2001"});
@@ -184,11 +223,11 @@ class ClientBookTest : public QObject {
     Book().Delete(client.id);
     Client other = NewClient("C2", {"2001"});
     QVERIFY(!Book().Save(other));
-    QCOMPARE(other.id.value, 1);
+    QCOMPARE(other.id.value, 2);
     client.id = ClientId{5};
     QVERIFY(!Book().Save(client));
-    QCOMPARE(client.id.value, 2);
-    QCOMPARE(Accounts(), QStringList({"1|1|2001", "2|2|1001"}));
+    QCOMPARE(client.id.value, 3);
+    QCOMPARE(Accounts(), QStringList({"2|2|2001", "3|3|1001"}));
   }
 
   void EmptyColumnsReadAsEmpty() {

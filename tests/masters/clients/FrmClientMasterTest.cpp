@@ -57,6 +57,27 @@ class FrmClientMasterTest : public test::ClientWindow {
              QStringList({"7|9|2|21|B2", "8|12|2|21|OF ANOTHER CLIENT", "7|13|1|11|C"}));
   }
 
+  void AccountThatRecordsNameIsRemovedOnlyWhenAsked() {
+    AddClient(7, "OLD");
+    AddAccount(7, 5, 1, 11, "A");
+    AddAccount(7, 9, 2, 21, "B");
+    Db().Execute("Insert Into SPMaster(Cid,AcId) Values(7,5),(7,5)");
+    Db().Execute("Insert Into Stock(Cid,AcId) Values(7,5)");
+    Open();
+    Modify(7);
+    Grid& accounts = *window_->findChild<Grid*>("VS");
+    accounts.SelectId(5);
+    Click("CmdDelRow");
+    QVERIFY(messages_->LastText().startsWith(
+        "2 bills, 0 opening rows, 0 transfers and 1 lots name this Demat A/c."));
+    QCOMPARE(accounts.Model().RowCount(), 2);
+    messages_->WillAnswer(true);
+    Click("CmdDelRow");
+    QCOMPARE(accounts.Model().RowCount(), 1);
+    Db().Execute("Delete From SPMaster");
+    Db().Execute("Delete From Stock");
+  }
+
   void BrokenRuleIsToldAndItsControlFocused_data() {
     QTest::addColumn<QString>("control");
     QTest::addColumn<QString>("text");

@@ -79,7 +79,7 @@ class ImpScrMasterTest : public QObject {
     QVERIFY(!shown.Named<controls::ZENButton>("CmdImport")->isEnabled());
     QTRY_COMPARE(shown.messages.Texts(),
                  QStringList("Successfully Completed.Please Update Record"));
-    QCOMPARE(shown.Cells("VSF"), QStringList({"500325|REL|RELIANCE|A|EQUITY|Unchanged",
+    QCOMPARE(shown.Cells("VSF"), QStringList({"500325|REL|RELIANCE|A|EQUITY|Changed",
                                               "500209||INFOSYS|A|EQUITY|New"}));
     QVERIFY(shown.Named<controls::ZENButton>("CmdImport")->isEnabled());
   }

@@ -44,7 +44,7 @@ class ScripImportTest : public QObject {
  private Q_SLOTS:
   void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
-    test::Empty(**database_, {"Script", "ScriptType", "ScriptClass"});
+    test::Empty(**database_, {"Script", "ScriptType", "ScriptClass", "ScripIsin"});
     test::TestDatabase& database = *database_;
     database->Execute("Insert Into ScriptType Values(4,'Equity')");
     database->Execute("Insert Into ScriptClass Values(2,'A')");
@@ -103,6 +103,54 @@ class ScripImportTest : public QObject {
     QCOMPARE(again.added + again.changed, std::size_t{0});
     QCOMPARE(test::Rows(**database_, "Select Count(*) From ScriptType Where Type='EQUITY'"),
              QStringList("1"));
+  }
+
+  // The lists of both exchanges meet by ISIN, in either order, also when the codes share none.
+  void ListsOfBothExchangesMeetInOneScrip_data() {
+    QTest::addColumn<PriceFile>("first");
+    QTest::addColumn<PriceFile>("second");
+    QTest::addColumn<QStringList>("scrips");
+    PriceFile bombay =
+        FileOf(Exchange::kBse,
+               {{.code = "532540",
+                 .name = "TCS LTD",
+                 .scrip_class = "A",
+                 .type = "Equity",
+                 .isin = "INE467B01029"},
+                {.code = "890144", .name = "TCS PP", .scrip_class = "A", .isin = "INE467B01029"}});
+    PriceFile national = FileOf(Exchange::kNse, {{.symbol = "TCS",
+                                                  .name = "Tata Consultancy",
+                                                  .scrip_class = "EQ",
+                                                  .series_type = "EQUITY",
+                                                  .isin = "INE467B01029"},
+                                                 {.symbol = "SGBAUG28",
+                                                  .name = "Gold Bond",
+                                                  .scrip_class = "GB",
+                                                  .series_type = "BOND",
+                                                  .isin = "IN0020200120"}});
+    national.has_names = true;
+    QTest::newRow("Bombay first") << bombay << national
+                                  << QStringList({"532540|TCS LTD|TCS|Equity",
+                                                  "890144|TCS PP||Equity",
+                                                  "SGBAUG28|Gold Bond|SGBAUG28|BOND"});
+    QTest::newRow("National first")
+        << national << bombay
+        << QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
+                        "SGBAUG28|Gold Bond|SGBAUG28|BOND"});
+  }
+
+  void ListsOfBothExchangesMeetInOneScrip() {
+    QFETCH(const PriceFile, first);
+    QFETCH(const PriceFile, second);
+    test::Empty(**database_, {"Script", "ScripIsin"});
+    Progress progress;
+    ImportScrips(**database_, first, progress);
+    ImportScrips(**database_, second, progress);
+    QCOMPARE(ImportScrips(**database_, first, progress).unchanged, std::size_t{2});
+    QTEST(test::Rows(**database_,
+                     "Select S.Code,S.Name,S.NCode,T.Type From Script S Join ScriptType T On "
+                     "T.Id=S.Type Order By S.Code"),
+          "scrips");
   }
 
   void CancelledImportChangesNothing() {

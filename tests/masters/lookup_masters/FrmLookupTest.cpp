@@ -210,6 +210,43 @@ class FrmLookupTest : public QObject {
     QCOMPARE(Percentages(), QStringList());
   }
 
+  // It is the year 2011-12. The year in which a rate changed gets the one of most days.
+  void RatesOfTheLawAreAddedWhereTheyAreMissing() {
+    (*database_)
+        ->Execute("Insert Into TransTaxPer Values(4,'2006-07','STT Delivery Based',0.1,'')");
+    test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    shown.messages.WillAnswer(false);
+    shown.Click("CmdLevies");
+    QCOMPARE(shown.messages.said.size(), std::size_t{1});
+    QCOMPARE(Percentages().size(), 1);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdLevies");
+    QVERIFY(shown.messages.LastText().startsWith("23 rates were added."));
+    QVERIFY(shown.messages.LastText().contains(
+        "2005-06 STT Delivery Based: 0.100 from 01/06/2005, the rate of most days of the year."));
+    const QStringList delivery = test::Rows(**database_,
+                                            "Select FYear,Percent,Ason From TransTaxPer Where "
+                                            "Name='STT Delivery Based' Order By FYear");
+    QCOMPARE(delivery.mid(0, 4), QStringList({"2004-05|0.075|01/10/2004", "2005-06|0.1|01/06/2005",
+                                              "2006-07|0.1|", "2007-08|0.125|01/04/2007"}));
+    QCOMPARE(test::Rows(**database_,
+                        "Select Percent From TransTaxPer Where Name='Service Tax' Order By FYear"),
+             QStringList({"10.2", "10.2", "12.24", "12.36", "12.36", "10.3", "10.3", "10.3"}));
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdLevies");
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("No rate is missing."));
+  }
+
+  void SttPercentagesOfTheLawAreAdded() {
+    (*database_)->Execute("Insert Into STTPer Values(1,0),(2,0.025),(3,0.125),(4,0.017)");
+    test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdLevies");
+    QCOMPARE(shown.messages.LastText(),
+             QStringLiteral("4 rates were added.\n0.075, 0.100, 0.015, 0.020"));
+    QCOMPARE(shown->List().Model().RowCount(), 8);
+  }
+
   void SttWindowOpensTheYearlyPercentages() {
     const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
     shown.Click("CmdTransPer");

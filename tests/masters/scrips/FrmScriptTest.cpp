@@ -111,6 +111,29 @@ class FrmScriptTest : public QObject {
     QCOMPARE(shown.opened, QStringList({"FrmScriptType", "FrmScriptCls"}));
   }
 
+  void ListShowsWhatOthersSavedWhenTheWindowIsActivated() {
+    const ScripId first = database_->AddScrip("A1", "ALPHA");
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown->List().SelectId(first.value);
+    const int before = shown->List().Model().RowCount();
+    database_->AddScrip("B2", "BETA");
+    QTest::qWait(400);
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QApplication::setActiveWindow(shown.window);
+    QTRY_COMPARE(shown->List().Model().RowCount(), before + 1);
+    QCOMPARE(shown->List().CurrentId(), first.value);
+    // Not while a record is edited.
+    shown.Click("cmdModify");
+    database_->AddScrip("C3", "GAMMA");
+    QTest::qWait(400);
+    QApplication::setActiveWindow(&other);
+    QApplication::setActiveWindow(shown.window);
+    QTest::qWait(50);
+    QCOMPARE(shown->List().Model().RowCount(), before + 1);
+  }
+
   void DeleteIsAskedForWithNoAsPreset_data() {
     QTest::addColumn<bool>("yes");
     QTest::addColumn<QStringList>("left");

@@ -70,7 +70,7 @@ class BillTest : public QObject {
     QFETCH(double, brokerage);
     QFETCH(double, amount);
     BillLine line;
-    line.quantity = text::Shares(quantity);
+    line.quantity = quorvane::text::Shares(quantity);
     line.rate = rate;
     line.brokerage = brokerage;
     ComputeAmount(line);

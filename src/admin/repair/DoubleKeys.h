@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/database/Transaction.h"
+
+#include <QStringList>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quorvane::repair {
+
+/// A record whose key another record of its table has too.
+struct DoubleRecord {
+  std::string table;
+  int key = 0;
+  std::int64_t row = 0;  ///< RowKey: the order of their making
+  QString contents;      ///< its fields, cut at 200 letters
+};
+
+/// All of them, by table, key and row.
+std::vector<DoubleRecord> FindDoubleRecords(database::Connection& connection);
+
+/// What came of giving new keys.
+struct NewKeys {
+  int given = 0;
+  QStringList refused;  ///< a sentence for each key that stays doubled, with the reason
+};
+
+/// Gives all but the first record of each doubled key a new one, in one transaction. What names the
+/// key goes along when the client tells which record it means; where nothing tells, the records of
+/// that key stay as they are. Throws DatabaseError.
+NewKeys GiveNewKeys(database::Connection& connection);
+
+}  // namespace quorvane::repair

@@ -147,7 +147,8 @@ class FrmScriptTransferTest : public QObject {
   void TransferWhoseSharesWereUsedIsNotDeleted() {
     Shown shown(desk_->database, ForClient{desk_->of});
     AddByKeyboard(shown, "1002", "4");
-    const auto lots = ledger::ReadLots(desk_->Connection(), desk_->of, desk_->second_account);
+    const auto lots = ledger::ReadLots(desk_->Connection(),
+                                       ledger::LotScope::Of({desk_->of, desk_->second_account}));
     bills::Bill bill =
         desk_->NewBill(QStringLiteral("01/07/2011"), {desk_->Sale(1, 120, lots.front().id)});
     bill.account = desk_->second_account;

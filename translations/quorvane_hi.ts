@@ -453,6 +453,14 @@ Maximum Allowed Value is: %1</source>
         <source>%1 bills, %2 opening rows, %3 transfers and %4 lots name this Demat A/c. They belong to it again when its number is entered again. Remove it?</source>
         <translation>%1 बिल, %2 आरंभिक पंक्तियाँ, %3 हस्तांतरण और %4 लॉट इस डीमैट खाते के नाम हैं। इसका नंबर फिर भरने पर वे फिर इसी के होंगे। क्या इसे हटाएँ?</translation>
     </message>
+    <message>
+        <source>The Program &quot;quorvane-reader&quot;, which Reads Documents, is Missing. Install Quorvane Again.</source>
+        <translation>दस्तावेज़ पढ़ने वाला प्रोग्राम &quot;quorvane-reader&quot; नहीं मिला। Quorvane फिर से इंस्टॉल करें।</translation>
+    </message>
+    <message>
+        <source>The Document is Broken, or Showing it Needs too Much Memory.</source>
+        <translation>दस्तावेज़ ख़राब है, या उसे दिखाने के लिए बहुत अधिक मेमोरी चाहिए।</translation>
+    </message>
 </context>
 <context>
     <name>Database</name>
@@ -482,6 +490,13 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Choose a Folder</source>
         <translation>फ़ोल्डर चुनें</translation>
+    </message>
+</context>
+<context>
+    <name>DoubleKeys</name>
+    <message>
+        <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Delete the wrong one in its window, or restore a BackUp.</source>
+        <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। ग़लत रिकॉर्ड को उसकी विंडो में हटाएँ, या बैकअप पुनर्स्थापित करें।</translation>
     </message>
 </context>
 <context>
@@ -2395,6 +2410,10 @@ Save this one, too?</source>
         <source>Page %1 of %2</source>
         <translation>पृष्ठ %1 / %2</translation>
     </message>
+    <message>
+        <source>&amp;Copy the Text of the Page</source>
+        <translation>पृष्ठ का पाठ कॉपी करें (&amp;C)</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::clients::DocumentViewer</name>
@@ -2433,6 +2452,14 @@ Save this one, too?</source>
     <message>
         <source>Printing</source>
         <translation>छपाई हो रही है</translation>
+    </message>
+    <message>
+        <source>The Document can&apos;t be Read: %1</source>
+        <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
+    </message>
+    <message>
+        <source>The Document is Broken.</source>
+        <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
 </context>
 <context>
@@ -3070,8 +3097,8 @@ Save this one, too?</source>
         <translation>%1 %2: %4 से %3, वर्ष के अधिकतर दिनों की दर।</translation>
     </message>
     <message>
-        <source>Da&amp;ted Rates...</source>
-        <translation>तारीख़ वाली दरें (&amp;T)...</translation>
+        <source>Dated &amp;Rates...</source>
+        <translation>तारीख़ वाली दरें (&amp;R)...</translation>
     </message>
     <message>
         <source>Adds the rates of S.T.T. and service tax that are missing</source>
@@ -3233,7 +3260,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>%1 rates were fetched; of %2 scripts none was found. Press Update to keep them.</source>
-        <translation>%1 दरें लाई गईं; %2 स्क्रिपों की कोई दर नहीं मिली। इन्हें रखने के लिए अपडेट दबाएँ।</translation>
+        <translation>%1 दरें प्राप्त हुईं; %2 स्क्रिप्टों की कोई दर नहीं मिली। इन्हें रखने के लिए Update दबाएँ।</translation>
     </message>
 </context>
 <context>
@@ -4784,13 +4811,6 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
-    </message>
-</context>
-<context>
-    <name>DoubleKeys</name>
-    <message>
-        <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Delete the wrong one in its window, or restore a BackUp.</source>
-        <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। ग़लत रिकॉर्ड को उसकी विंडो में हटाएँ, या बैकअप पुनर्स्थापित करें।</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,5 @@
 #include "cli/Command.h"
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Lots.h"
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
 #include "reports/document/ReportDocument.h"
@@ -20,19 +20,19 @@ struct HoldingsOptions {
 };
 
 /// By account, scrip and rate, as people look for them.
-std::vector<ledger::Lot> LotsOf(Context& context, const lookups::Directory& directory,
-                                const HoldingsOptions& options) {
+std::vector<records::Lot> LotsOf(Context& context, const lookups::Directory& directory,
+                                 const HoldingsOptions& options) {
   const ClientId client = ClientOf(directory, options.client);
   std::optional<AccountId> account;
   if (!options.account.empty()) {
     account = AccountOf(directory, client, options.account);
   }
-  std::vector<ledger::Lot> lots =
-      ledger::ReadLots(context.Connection(), {client, YearOf(options.year)}, account);
+  std::vector<records::Lot> lots =
+      ledger::ReadLots(context.Connection(), {client, YearOf(options.year), account});
   if (!options.all) {
-    std::erase_if(lots, [](const ledger::Lot& lot) { return lot.quantity == 0; });
+    std::erase_if(lots, [](const records::Lot& lot) { return !lot.quantity; });
   }
-  std::sort(lots.begin(), lots.end(), [&](const ledger::Lot& a, const ledger::Lot& b) {
+  std::sort(lots.begin(), lots.end(), [&](const records::Lot& a, const records::Lot& b) {
     return std::tie(directory.Account(a.account).number, directory.Scrip(a.scrip).code, a.rate,
                     a.id) < std::tie(directory.Account(b.account).number,
                                      directory.Scrip(b.scrip).code, b.rate, b.id);
@@ -40,23 +40,24 @@ std::vector<ledger::Lot> LotsOf(Context& context, const lookups::Directory& dire
   return lots;
 }
 
-std::string HoldingsCsv(const std::vector<ledger::Lot>& lots, const lookups::Directory& directory) {
+std::string HoldingsCsv(const std::vector<records::Lot>& lots,
+                        const lookups::Directory& directory) {
   std::string out = "account_no,scrip_code,lot_id,rate,quantity\n";
-  for (const ledger::Lot& lot : lots) {
+  for (const records::Lot& lot : lots) {
     text::AppendCsvField(out, directory.Account(lot.account).number);
     out += ',';
     text::AppendCsvField(out, directory.Scrip(lot.scrip).code);
     out += ',' + std::to_string(lot.id.value) + ',';
     text::AppendExact(out, lot.rate);
     out += ',';
-    text::AppendExact(out, lot.quantity);
+    text::AppendExact(out, lot.quantity.Number());
     out += '\n';
   }
   return out;
 }
 
 report::ReportDocument HoldingsDocument(const HoldingsOptions& options,
-                                        const std::vector<ledger::Lot>& lots,
+                                        const std::vector<records::Lot>& lots,
                                         const lookups::Directory& directory) {
   using report::Alignment;
   using report::Mask;
@@ -67,11 +68,11 @@ report::ReportDocument HoldingsDocument(const HoldingsOptions& options,
                    {QStringLiteral("Script Name"), Mask::kText, Alignment::kLeft},
                    {QStringLiteral("Rate"), Mask::kAmount, Alignment::kRight},
                    report::QuantityColumn(QStringLiteral("Quantity"))};
-  for (const ledger::Lot& lot : lots) {
+  for (const records::Lot& lot : lots) {
     const auto& scrip = directory.Scrip(lot.scrip);
     table.rows.push_back({report::RowKind::kData,
                           {utf8(directory.Account(lot.account).number), utf8(scrip.code),
-                           utf8(scrip.name), lot.rate, lot.quantity}});
+                           utf8(scrip.name), lot.rate, lot.quantity.Number()}});
   }
   const auto& client = directory.Client(ClientOf(directory, options.client));
   return {{QStringLiteral("Holdings"), QStringLiteral("Financial Year - ") + utf8(options.year),
@@ -81,7 +82,7 @@ report::ReportDocument HoldingsDocument(const HoldingsOptions& options,
 
 void Holdings(Context& context, const HoldingsOptions& options) {
   const lookups::Directory directory(context.Connection());
-  const std::vector<ledger::Lot> lots = LotsOf(context, directory, options);
+  const std::vector<records::Lot> lots = LotsOf(context, directory, options);
   Print(options.format == "csv" ? HoldingsCsv(lots, directory)
                                 : report::WriteText(HoldingsDocument(options, lots, directory)));
 }

@@ -83,8 +83,9 @@ void TextBox::mousePressEvent(QMouseEvent* event) {
 void TextBox::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   if (!IsForAWhile(*event)) {
-    Leave();
+    // First, since whoever hears of a refusal may select the text again.
     setCursorPosition(0);
+    Leave();
     Q_EMIT Left();
   }
 }

@@ -148,7 +148,7 @@ QString TextIn(QTextDocument& document, const QRectF& place) {
   cursor.setPosition(std::max(0, layout.hitTest(place.topLeft(), Qt::FuzzyHit)));
   const int end = std::max(cursor.position(), layout.hitTest(place.bottomRight(), Qt::FuzzyHit));
   cursor.setPosition(end, QTextCursor::KeepAnchor);
-  return cursor.selection().toPlainText();
+  return cursor.selection().toPlainText().remove(QChar::ObjectReplacementCharacter);
 }
 
 }  // namespace

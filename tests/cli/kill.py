@@ -105,7 +105,7 @@ class Folders(unittest.TestCase):
         return folder / "desk"
 
     def assert_no_server_left(self, folder: Path):
-        deadline = time.monotonic() + 1
+        deadline = time.monotonic() + SECONDS
         while server_processes(folder) and time.monotonic() < deadline:
             time.sleep(0.02)
         self.assertEqual(server_processes(folder), [], "a server was left running")

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Lots.h"
 #include "core/text/Amounts.h"
 #include "support/TestDatabase.h"
 #include "transactions/bills/Bill.h"
@@ -41,9 +41,11 @@ struct Desk {
 
   /// A lot of the ledger as "10@100", "none" when there is no such lot.
   QString LotAt(const ClientYear& owner, AccountId where, ScripId what, double rate) {
-    for (const ledger::Lot& lot : ledger::ReadLots(Connection(), owner, where)) {
+    for (const records::Lot& lot :
+         ledger::ReadLots(Connection(), ledger::LotScope::Of({owner, where}))) {
       if (lot.scrip == what && lot.rate == rate) {
-        return text::NumberText(lot.quantity) + QLatin1Char('@') + text::NumberText(lot.rate);
+        return text::NumberText(lot.quantity.Number()) + QLatin1Char('@') +
+               text::NumberText(lot.rate);
       }
     }
     return QStringLiteral("none");
@@ -53,7 +55,8 @@ struct Desk {
   QString LotAt(double rate) { return LotAt(of, account, scrip, rate); }
 
   LotId IdOfLot(double rate) {
-    for (const ledger::Lot& lot : ledger::ReadLots(Connection(), of, account)) {
+    for (const records::Lot& lot :
+         ledger::ReadLots(Connection(), ledger::LotScope::Of({of, account}))) {
       if (lot.scrip == scrip && lot.rate == rate) {
         return lot.id;
       }

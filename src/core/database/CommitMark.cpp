@@ -2,6 +2,9 @@
 
 #include <QThread>
 
+#include <string>
+#include <vector>
+
 namespace quorvane::database {
 namespace {
 
@@ -11,7 +14,7 @@ constexpr unsigned kFirstWait = 200;  // milliseconds; grows with each look
 }  // namespace
 
 void CommitMark::Write(Transaction& transaction) {
-  if (!connection_.HasSharedTables()) {
+  if (!is_kept_) {
     return;
   }
   serial_ = connection_.NextSerial();
@@ -19,6 +22,19 @@ void CommitMark::Write(Transaction& transaction) {
       "Insert Into CommitMark Values(?,?,Utc_Timestamp()) On Duplicate Key Update "
       "Serial=Values(Serial),MadeAt=Values(MadeAt)",
       connection_.Token(), serial_);
+}
+
+void CommitMark::InsistOnTransaction(Transaction& transaction) const {
+  constexpr int kDeadlock = 1213;
+  if (serial_ == 0 || !connection_.IsCluster()) {
+    return;
+  }
+  if (!transaction
+           .Open("Select 1 From CommitMark Where Token=? And Serial=?", connection_.Token(),
+                 serial_)
+           .Next()) {
+    throw DatabaseError("40001", kDeadlock, "The cluster gave the transaction up", "");
+  }
 }
 
 std::optional<bool> CommitMark::WasCommitted() {
@@ -52,9 +68,14 @@ bool CommitMark::IsThere() {
 }
 
 void CommitMark::RemoveOld(Connection& connection) {
-  constexpr const char* kOld = "MadeAt<Utc_Timestamp()-Interval 30 Day";
-  if (connection.Open(std::string("Select 1 From CommitMark Where ") + kOld + " Limit 1").Next()) {
-    connection.Execute(std::string("Delete From CommitMark Where ") + kOld);
+  std::vector<std::string> old;
+  for (const auto& row : connection.Open(
+           "Select Token From CommitMark Where MadeAt<Utc_Timestamp()-Interval 30 Day")) {
+    old.emplace_back(row.Utf8(0));
+  }
+  // One by one: a search for all would wait for the row of every transaction under way.
+  for (const std::string& token : old) {
+    connection.Execute("Delete From CommitMark Where Token=?", token);
   }
 }
 

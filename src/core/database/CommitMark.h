@@ -7,15 +7,23 @@
 
 namespace quorvane::database {
 
-/// A row that a transaction writes along, so that it can be told afterwards whether it was
-/// committed when the answer to the commit was lost. A connection has one row, which each of its
-/// transactions changes.
+/// A row that a transaction writes along, so that it can be told whether it is still under way, and
+/// whether it was committed when the answer to the commit was lost. A connection has one row, which
+/// each of its transactions changes.
 class CommitMark {
  public:
   explicit CommitMark(Connection& connection) : connection_(connection) {}
 
-  /// The last statement of the transaction.
+  /// Before the transaction: looks whether the database keeps marks.
+  void Prepare() { is_kept_ = connection_.HasSharedTables(); }
+
+  /// Before anything else that the transaction writes.
   void Write(Transaction& transaction);
+
+  /// Throws a transient DatabaseError when the transaction that wrote the mark is not the one that
+  /// is under way: a cluster gives up a transaction that waits for its program, and the driver may
+  /// keep the news of it to itself. What was read since belongs to no whole work then.
+  void InsistOnTransaction(Transaction& transaction) const;
 
   /// After the connection was lost at the commit: opens it again and looks. Nothing when it cannot
   /// be told. Waits some seconds for a server that comes back.
@@ -28,6 +36,7 @@ class CommitMark {
   bool IsThere();
 
   Connection& connection_;
+  bool is_kept_ = false;
   std::int64_t serial_ = 0;  ///< of this mark; 0 before it was written
 };
 

@@ -167,14 +167,13 @@ void Connection::LookForCluster() {
   }
 }
 
-bool Connection::HasSharedTables() {
+void Connection::LookForSharedTables() {
   if (!has_shared_tables_) {
     Recordset rows = Open(
         "Select Count(*) From information_schema.TABLES Where TABLE_SCHEMA=Database() And "
         "TABLE_NAME In('Writers','CommitMark')");
     has_shared_tables_ = rows.Next() && rows.Int(0) == 2;
   }
-  return has_shared_tables_;
 }
 
 void Connection::CloseHandles() noexcept {

@@ -117,8 +117,9 @@ class Connection {
   const std::string& Token() const { return token_; }
   std::int64_t NextSerial() { return ++serial_; }
 
-  /// The tables that programs agree by (Writers, CommitMark) are there.
-  bool HasSharedTables();
+  /// The tables that programs agree by (Writers, CommitMark) were there at the last look.
+  bool HasSharedTables() const { return has_shared_tables_; }
+  void LookForSharedTables();
 
   void OpenAnyServer(std::size_t first);
   void OpenHandles(const ServerAddress& address);

@@ -89,12 +89,15 @@ class Tries {
 
   MaybeRefusal RunOnce(Turn turn, CommitMark& mark) {
     turns_.Await(turn);
+    mark.Prepare();
     Transaction transaction(connection_);
     turns_.Take(transaction, turn);
-    if (MaybeRefusal refusal = work_(transaction)) {
+    mark.Write(transaction);
+    MaybeRefusal refusal = work_(transaction);
+    mark.InsistOnTransaction(transaction);
+    if (refusal) {
       return refusal;
     }
-    mark.Write(transaction);
     committing_ = true;
     transaction.Commit();
     return std::nullopt;

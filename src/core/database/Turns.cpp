@@ -26,6 +26,7 @@ Turns::~Turns() {
 }
 
 void Turns::Await(Turn turn) {
+  connection_.LookForSharedTables();
   if (!connection_.HasSharedTables() || !connection_.IsCluster()) {
     return;
   }

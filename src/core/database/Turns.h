@@ -20,7 +20,7 @@ class Turns {
   ~Turns();
   Turns(const Turns&) = delete;
 
-  /// Outside a transaction: waits for another program's reservation to end, and makes one for
+  /// Before the transaction: waits for another program's reservation to end, and makes one for
   /// Turn::kAlone. On one server there is nothing to wait for here.
   void Await(Turn turn);
 

@@ -117,7 +117,8 @@ void DocumentReading::Take() {
 }
 
 void DocumentReading::End(int status, bool crashed) {
-  const QByteArray answer = answer_ + process_->readAllStandardOutput();
+  answer_ += process_->readAllStandardOutput();
+  const QByteArray answer = std::move(answer_);
   if (crashed) {
     Fail(Tr(QT_TRANSLATE_NOOP("Clients",
                               "The Document is Broken, or Showing it Needs too Much Memory.")));

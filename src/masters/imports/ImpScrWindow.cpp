@@ -101,7 +101,7 @@ rates::PriceFetch::Answer ImpScrWindow::Awaited(const QString& handler,
 }
 
 QString ImpScrWindow::AskFile(const QString& filters) {
-  return TheDesk().ask_open_path(this, QDir::homePath(),
+  return TheDesk().ask_open_path(this, Session().folders.data,
                                  tr("Files of the exchanges (*.csv *.zip *.xls *.xlsx *.ods)") +
                                      QStringLiteral(";;") + filters);
 }

@@ -266,7 +266,7 @@ FrmLookup::Field FrmLookup::AddDate(FieldLayout& fields, const LookupColumn& col
 void FrmLookup::AddButtons() {
   const LookupKind kind = book_.Master().kind;
   if (kind == LookupKind::kSttPercentages || kind == LookupKind::kTaxPercentages) {
-    CmdLevies = new ZENButton(QStringLiteral("CmdLevies"), tr("Da&ted Rates..."));
+    CmdLevies = new ZENButton(QStringLiteral("CmdLevies"), tr("Dated &Rates..."));
     CmdLevies->setToolTip(tr("Adds the rates of S.T.T. and service tax that are missing"));
     Buttons()->addWidget(CmdLevies);
     OnClick(CmdLevies, &FrmLookup::CmdLevies_Click);

@@ -2,7 +2,7 @@
 
 #include "core/database/RecordKey.h"
 #include "core/database/TextWidths.h"
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Lots.h"
 #include "core/ledger/Rebuild.h"
 
 #include <QCoreApplication>

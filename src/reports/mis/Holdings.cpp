@@ -1,8 +1,8 @@
 #include "reports/mis/Holdings.h"
 
 #include "core/gains/History.h"
-#include "core/ledger/Ledger.h"
 #include "core/text/Amounts.h"
+#include "core/text/Shares.h"
 #include "reports/mis/Selection.h"
 
 #include <algorithm>
@@ -112,7 +112,7 @@ bool IsEmpty(const Holding& holding) {
 }  // namespace
 
 double AddShares(double a, double b) {
-  return ledger::SettleQuantity(a + b);
+  return (text::Shares(a) + text::Shares(b)).Number();
 }
 
 double Holding::Balance() const {

@@ -65,7 +65,7 @@ struct Holding {
   double SoldWithoutLot() const;
 };
 
-/// Adds quantities without binary dust.
+/// Adds quantities of shares, exact to a millionth.
 double AddShares(double a, double b);
 
 struct HoldingsRead {

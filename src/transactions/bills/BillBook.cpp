@@ -128,7 +128,7 @@ MaybeRefusal SaveIn(Transaction& transaction, Bill& bill) {
   if (recorded) {
     DeleteRows(transaction, old);
   } else {
-    // A bill that was deleted meanwhile is written as a new one: its key may be taken.
+    // A bill that was deleted meanwhile is written as a new one.
     bill.id = BillId{database::NextKey(transaction, "SPMaster")};
   }
   InsertRows(transaction, bill);

@@ -1,7 +1,7 @@
 #include "transactions/opening_stock/OpeningStockBook.h"
 
 #include "core/database/Keys.h"
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Lots.h"
 #include "core/ledger/Posting.h"
 #include "core/records/Writing.h"
 #include "transactions/posting/Owner.h"

@@ -94,7 +94,7 @@ class MDIForm1 : public QMainWindow {
   std::map<QString, controls::ChildWindow*> open_;  ///< by name
   bool closing_confirmed_ = false;
   bool has_clients_ = false;  ///< once there was one, nobody needs to be told how to begin
-  QRect opened_at_;  ///< before the user moved it
+  QRect opened_at_;           ///< before the user moved it
 };
 
 }  // namespace quorvane::ui

@@ -59,7 +59,8 @@ class TableCheckTest : public QObject {
     const ScripId scrip = database.AddScrip(QStringLiteral("S1"), QStringLiteral("S1"));
     database.AddBroker(QStringLiteral("B1"));
     database->Execute(
-        "Insert Into StkOpBal(CId,Fyear,Id,ScriptId,Qty,Rate,AcId) Values(?,'2011-12',1,?,10,5,?)",
+        "Insert Into StkOpBal(CId,Fyear,Id,ScriptId,Qty,Rate,AcId,PDate) "
+        "Values(?,'2011-12',1,?,10,5,?,'01/01/2010')",
         client, scrip, account);
     database->Execute("Insert Into Stock Values(?,'2011-12',1,?,?,10,5)", client, account, scrip);
     database->Execute(statement.toStdString());
@@ -93,8 +94,8 @@ class TableCheckTest : public QObject {
     }
     QCOMPARE(text, found);
     QVERIFY(check.unchecked.empty());
-    QCOMPARE(check.AllIsWell(),
-             check.double_keys.empty() && check.wrong_lots.empty() && check.faults.empty());
+    QCOMPARE(check.AllIsWell(), check.double_keys.empty() && check.wrong_lots.empty() &&
+                                    check.faults.empty() && check.record_faults.isEmpty());
   }
 
   void DoubledKeysAreCuredWhereItIsClearWhatNamesThem() {

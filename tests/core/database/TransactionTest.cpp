@@ -293,8 +293,10 @@ class TransactionTest : public QObject {
         [&](Transaction& transaction) -> MaybeRefusal {
           bool waited = false;
           try {
+            Turns turns(other);
+            turns.Await(Turn::kShared);
             Transaction second(other);
-            Turns(other).Take(second, Turn::kShared);
+            turns.Take(second, Turn::kShared);
           } catch (const DatabaseError& error) {
             waited = error.IsTransient();
           }

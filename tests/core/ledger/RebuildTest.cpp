@@ -1,4 +1,3 @@
-#include "core/ledger/Ledger.h"
 #include "core/ledger/Rebuild.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"

@@ -223,11 +223,11 @@ class ClientBookTest : public QObject {
     Book().Delete(client.id);
     Client other = NewClient("C2", {"2001"});
     QVERIFY(!Book().Save(other));
-    QCOMPARE(other.id.value, 1);
+    QCOMPARE(other.id.value, 2);
     client.id = ClientId{5};
     QVERIFY(!Book().Save(client));
-    QCOMPARE(client.id.value, 2);
-    QCOMPARE(Accounts(), QStringList({"1|1|2001", "2|2|1001"}));
+    QCOMPARE(client.id.value, 3);
+    QCOMPARE(Accounts(), QStringList({"2|2|2001", "3|3|1001"}));
   }
 
   void EmptyColumnsReadAsEmpty() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ComboBox.h"
+#include "controls/LinesBox.h"
 #include "controls/TextBox.h"
 #include "masters/Records.h"
 #include "masters/clients/Documents.h"
@@ -150,7 +151,9 @@ class ClientWindow : public QObject {
       for (const QChar letter : text) {
         QTest::keyClick(QApplication::focusWidget(), letter.toLatin1());
       }
-      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+      // Enter is a line break in the address.
+      const bool lines = qobject_cast<controls::LinesBox*>(QApplication::focusWidget()) != nullptr;
+      QTest::keyClick(QApplication::focusWidget(), lines ? Qt::Key_Tab : Qt::Key_Return);
     }
   }
 

@@ -79,8 +79,8 @@ class ImpScrMasterTest : public QObject {
     QVERIFY(!shown.Named<controls::ZENButton>("CmdImport")->isEnabled());
     QTRY_COMPARE(shown.messages.Texts(),
                  QStringList("Successfully Completed.Please Update Record"));
-    QCOMPARE(shown.Cells("VSF"), QStringList({"500325|REL|RELIANCE|A|EQUITY|Changed",
-                                              "500209||INFOSYS|A|EQUITY|New"}));
+    QCOMPARE(shown.Cells("VSF"),
+             QStringList({"500325|REL|RELIANCE|A|EQUITY|Changed", "500209||INFOSYS|A|EQUITY|New"}));
     QVERIFY(shown.Named<controls::ZENButton>("CmdImport")->isEnabled());
   }
 

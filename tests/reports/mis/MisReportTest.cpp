@@ -1,4 +1,4 @@
-#include "core/ledger/Ledger.h"
+#include "core/ledger/Rebuild.h"
 #include "core/rates/RateBook.h"
 #include "core/text/Amounts.h"
 #include "portfolio/Import.h"

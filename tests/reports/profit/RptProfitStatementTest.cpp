@@ -279,7 +279,8 @@ class RptProfitStatementTest : public QObject {
     bills::Bill bought = books.NewBill({books.Purchase(10, 100)});
     bought.account = {};
     QVERIFY(!book.Save(bought));
-    const auto lots = ledger::ReadLots(books.Connection(), books.of, AccountId{});
+    const auto lots =
+        ledger::ReadLots(books.Connection(), ledger::LotScope::Of({books.of, AccountId{}}));
     bills::Bill sold = books.NewBill({books.Sale(10, 120, lots.front().id)});
     sold.account = {};
     QVERIFY(!book.Save(sold));

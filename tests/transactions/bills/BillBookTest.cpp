@@ -183,9 +183,11 @@ class BillBookTest : public QObject {
     Bill other = desk_->NewBill({desk_->Purchase(1, 50)});
     other.account = desk_->other_account;
     QVERIFY(!BillBook(desk_->Connection(), desk_->other_of).Save(other));
-    QCOMPARE(other.id, bill.id);
+    const BillId deleted = bill.id;
     QVERIFY(!Book().Save(bill));
     QVERIFY(bill.id != other.id);
+    QVERIFY(other.id != deleted);
+    QVERIFY(bill.id != deleted);
     QCOMPARE(desk_->LotAt(100), QStringLiteral("10@100"));
     QVERIFY(BillBook(desk_->Connection(), desk_->other_of).Load(other.id));
   }

@@ -151,8 +151,8 @@ class FrmStkOpBalanceTest : public QObject {
     }
     QCOMPARE(rows,
              QStringList({
-                 QStringLiteral("RELIANCE|1001|100.10|10|01/02/2010|1001.00|1.25|0.50|No|0.00"),
-                 QStringLiteral("RELIANCE|1001|0.35|1|02/02/2010|0.35|0.00|0.00|Yes|0.00"),
+                 QStringLiteral("RELIANCE|1001|100.10|10.00|01/02/2010|1001.00|1.25|0.50|No|0.00"),
+                 QStringLiteral("RELIANCE|1001|0.35|1.00|02/02/2010|0.35|0.00|0.00|Yes|0.00"),
                  QStringLiteral("Total|||||1001.35|1.25|0.50||"),
              }));
   }

@@ -16,12 +16,23 @@ namespace quorvane::test {
 /// would that makes many mistakes: about half of what it tries has to be refused.
 class RandomRecords {
  public:
-  RandomRecords(Desk& desk, unsigned seed) : desk_(desk), random_(seed) {
+  /// A client beside those of the desk.
+  struct Third {
+    explicit Third(Desk& desk) : client(desk.database.AddClient(QStringLiteral("C3"))) {
+      for (const char* number : {"3001", "3002"}) {
+        accounts.push_back(desk.database.AddAccount(client, QLatin1String(number)));
+      }
+    }
+    ClientId client;
+    std::vector<AccountId> accounts;
+  };
+
+  /// Works over `connection`, which is the desk's or one of several programs'.
+  RandomRecords(Desk& desk, const Third& third, database::Connection& connection, unsigned seed)
+      : desk_(desk), connection_(connection), random_(seed) {
     AddOwner(desk.client, {desk.account, desk.second_account});
     AddOwner(desk.other_client, {desk.other_account});
-    const ClientId third = desk.database.AddClient(QStringLiteral("C3"));
-    AddOwner(third, {desk.database.AddAccount(third, QStringLiteral("3001")),
-                     desk.database.AddAccount(third, QStringLiteral("3002"))});
+    AddOwner(third.client, third.accounts);
   }
 
   /// Tries one more thing.
@@ -112,7 +123,7 @@ class RandomRecords {
   }
 
   std::vector<records::Lot> Lots(const Owner& owner, AccountId account) {
-    return ledger::ReadLots(desk_.Connection(), ledger::LotScope::Of({owner.of, account}));
+    return ledger::ReadLots(connection_, ledger::LotScope::Of({owner.of, account}));
   }
 
   static std::vector<records::Lot> LotsOf(const bills::BillEntry& entry) {
@@ -125,7 +136,7 @@ class RandomRecords {
 
   MaybeRefusal SaveBill(const Owner& owner, bills::Bill& bill) {
     const bool is_new = !bill.id;
-    MaybeRefusal refusal = bills::BillBook(desk_.Connection(), owner.of).Save(bill);
+    MaybeRefusal refusal = bills::BillBook(connection_, owner.of).Save(bill);
     if (!refusal && is_new) {
       bills_.push_back({&owner, bill.id});
     }
@@ -144,7 +155,7 @@ class RandomRecords {
   /// Entered line by line, with sales of what the bill itself has bought; now and then it is given
   /// up. Commands that are refused on the way leave the entry as it was.
   MaybeRefusal EnteredBill(const Owner& owner, const bills::Bill& bill) {
-    bills::BillEntry entry(desk_.Connection(), owner.of);
+    bills::BillEntry entry(connection_, owner.of);
     entry.Begin(bill);
     for (int i = Below(6); i >= 0; --i) {
       Edit(entry, owner);
@@ -163,7 +174,7 @@ class RandomRecords {
   MaybeRefusal EnteredOldBill() {
     const Saved<BillId> saved = Pick(bills_);
     return EnteredBill(*saved.owner,
-                       bills::BillBook(desk_.Connection(), saved.owner->of).Load(saved.id).value());
+                       bills::BillBook(connection_, saved.owner->of).Load(saved.id).value());
   }
 
   void Edit(bills::BillEntry& entry, const Owner& owner) {
@@ -215,7 +226,7 @@ class RandomRecords {
   }
 
   MaybeRefusal ChangeBill(Saved<BillId>& saved, bool remove) {
-    bills::BillBook book(desk_.Connection(), saved.owner->of);
+    bills::BillBook book(connection_, saved.owner->of);
     if (remove) {
       return book.Delete(saved.id);
     }
@@ -242,7 +253,7 @@ class RandomRecords {
     lot.quantity = text::Shares(Quantity());
     lot.rate = Rate();
     lot.purchase_date = QStringLiteral("01/02/2010");
-    MaybeRefusal refusal = opening_stock::OpeningStockBook(desk_.Connection(), owner.of).Save(lot);
+    MaybeRefusal refusal = opening_stock::OpeningStockBook(connection_, owner.of).Save(lot);
     if (!refusal && !id) {
       openings_.push_back({&owner, lot.id});
     }
@@ -250,8 +261,7 @@ class RandomRecords {
   }
 
   MaybeRefusal ChangeOpening(Saved<OpeningId>& saved, bool remove) {
-    return remove ? opening_stock::OpeningStockBook(desk_.Connection(), saved.owner->of)
-                        .Delete(saved.id)
+    return remove ? opening_stock::OpeningStockBook(connection_, saved.owner->of).Delete(saved.id)
                   : SaveOpening(*saved.owner, saved.id);
   }
 
@@ -267,7 +277,7 @@ class RandomRecords {
       transfer.lot = lot.id;
       transfer.quantity = text::Shares(QuantityFrom(lot));
     }
-    MaybeRefusal refusal = transfers::TransferBook(desk_.Connection(), owner.of).Save(transfer);
+    MaybeRefusal refusal = transfers::TransferBook(connection_, owner.of).Save(transfer);
     if (!refusal && !id) {
       transfers_.push_back({&owner, transfer.id});
     }
@@ -275,7 +285,7 @@ class RandomRecords {
   }
 
   MaybeRefusal ChangeTransfer(Saved<TransferId>& saved, bool remove) {
-    return remove ? transfers::TransferBook(desk_.Connection(), saved.owner->of).Delete(saved.id)
+    return remove ? transfers::TransferBook(connection_, saved.owner->of).Delete(saved.id)
                   : SaveTransfer(*saved.owner, saved.id);
   }
 
@@ -297,6 +307,7 @@ class RandomRecords {
   }
 
   Desk& desk_;
+  database::Connection& connection_;
   std::mt19937 random_;
   std::vector<Owner> owners_;
   std::vector<Saved<BillId>> bills_;

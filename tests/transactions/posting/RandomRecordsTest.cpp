@@ -4,7 +4,11 @@
 
 #include <QTest>
 
+#include <array>
 #include <cmath>
+#include <string>
+#include <thread>
+#include <vector>
 
 using namespace quorvane;
 using test::Desk;
@@ -45,7 +49,8 @@ class RandomRecordsTest : public QObject {
     const auto seed = static_cast<unsigned>(FromEnvironment("QUORVANE_RANDOM_SEED", 20111));
     qInfo("%d steps from seed %u", steps, seed);
     Desk desk;
-    RandomRecords records(desk, seed);
+    const RandomRecords::Third third(desk);
+    RandomRecords records(desk, third, desk.Connection(), seed);
     int refused = 0;
     Progress silent;
     for (int step = 0; step < steps; ++step) {
@@ -67,6 +72,41 @@ class RandomRecordsTest : public QObject {
     QVERIFY(refused > steps / 10 && refused < steps * 7 / 10);
     QVERIFY(NoneIsMissing(desk));
     QCOMPARE(ledger::RebuildStock(desk.Connection(), std::nullopt, silent), std::size_t{0});
+  }
+
+  void ThreeProgramsAtOnceKeepTheLedgerRight() {
+    constexpr int kPrograms = 3;
+    const int steps = FromEnvironment("QUORVANE_RANDOM_RECORDS", 10000) / kPrograms;
+    Desk desk;
+    const RandomRecords::Third third(desk);
+    std::array<std::string, kPrograms> failures;
+    std::vector<std::thread> programs;
+    for (unsigned program = 0; program < kPrograms; ++program) {
+      programs.emplace_back([&, program] {
+        try {
+          database::Connection own(desk.database.Settings());
+          RandomRecords records(desk, third, own, 20111 + program);
+          for (int step = 0; step < steps; ++step) {
+            records.Step();
+          }
+        } catch (const std::exception& error) {
+          failures[program] = error.what();
+        }
+      });
+    }
+    for (std::thread& program : programs) {
+      program.join();
+    }
+    QCOMPARE(failures, (std::array<std::string, kPrograms>()));
+    QVERIFY(NoneIsNegative(desk));
+    QVERIFY(NoneIsMissing(desk));
+    Progress silent;
+    QVERIFY(ledger::CheckStock(desk.Connection(), std::nullopt, silent).changes.empty());
+    for (const char* table : {"SPMaster", "Stock", "StkOpBal", "ScrTransfer"}) {
+      auto rows = desk.Connection().Open(
+          fmt::format("Select Id From {} Group By Id Having Count(*)>1 Limit 1", table));
+      QVERIFY2(!rows.Next(), table);
+    }
   }
 };
 

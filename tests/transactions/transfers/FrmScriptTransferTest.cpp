@@ -31,7 +31,7 @@ class FrmScriptTransferTest : public QObject {
     QCOMPARE(LotsAt(desk_->second_account), QStringList({"6@100", "4@100"}));
     QCOMPARE(shown->List().CurrentId(), 1);
     QCOMPARE(shown.ListRow(0), QStringList({"20/06/2011", "1001", "Own Account", "1002", "C1",
-                                            "RELIANCE", "100.00", "4"}));
+                                            "RELIANCE", "100.00", "4.00"}));
   }
 
   void OtherClientsAccountsShowTheirNames() {
@@ -111,7 +111,7 @@ class FrmScriptTransferTest : public QObject {
     const Shown shown(desk_->database, ForClient{desk_->of});
     AddByKeyboard(shown, "1002", "10");
     shown.Click("cmdModify");
-    QCOMPARE(shown.Named<Grid>("VS")->Model().Text(0, 2), QStringLiteral("10"));
+    QCOMPARE(shown.Named<Grid>("VS")->Model().Text(0, 2), QStringLiteral("10.00"));
     QCOMPARE(shown.Named<Grid>("VS")->CurrentRow(), 0);
     shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
     shown.Fill({"3"});
@@ -147,7 +147,8 @@ class FrmScriptTransferTest : public QObject {
   void TransferWhoseSharesWereUsedIsNotDeleted() {
     Shown shown(desk_->database, ForClient{desk_->of});
     AddByKeyboard(shown, "1002", "4");
-    const auto lots = ledger::ReadLots(desk_->Connection(), desk_->of, desk_->second_account);
+    const auto lots = ledger::ReadLots(desk_->Connection(),
+                                       ledger::LotScope::Of({desk_->of, desk_->second_account}));
     bills::Bill bill =
         desk_->NewBill(QStringLiteral("01/07/2011"), {desk_->Sale(1, 120, lots.front().id)});
     bill.account = desk_->second_account;

@@ -53,7 +53,8 @@ class TransferBookTest : public QObject {
   }
 
   void SellAtSecond(double quantity) {
-    const auto lots = ledger::ReadLots(desk_->Connection(), desk_->of, desk_->second_account);
+    const auto lots = ledger::ReadLots(desk_->Connection(),
+                                       ledger::LotScope::Of({desk_->of, desk_->second_account}));
     bills::Bill bill = desk_->NewBill({desk_->Sale(quantity, 150, lots.front().id)});
     bill.account = desk_->second_account;
     QVERIFY(!Bills().Save(bill));

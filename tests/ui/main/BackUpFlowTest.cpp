@@ -137,6 +137,7 @@ class BackUpFlowTest : public QObject {
     office.database.AddClient(QStringLiteral("C2"));
     office.Choose("mnuClientInfo");
     QTest::keyClick(office.Window("FrmClientMaster"), Qt::Key_N, Qt::ControlModifier);
+    QTest::keyClicks(office.Window("FrmClientMaster")->findChild<QWidget*>("Text1_0"), "C3");
     office.Choose("mnuRestore");
     office.messages.WillAnswer(true);
     office.messages.WillAnswer(false);  // to the question of the window being edited

@@ -2,6 +2,7 @@
 
 #include "admin/backup/RestoreFiles.h"
 #include "cli/TerminalProgress.h"
+#include "core/platform/EndRequests.h"
 #include "core/platform/PrivateFile.h"
 
 #include <QCoreApplication>
@@ -22,6 +23,9 @@ app::Session& Context::Session() {
         app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("shipped"));
     options.on_first_start = [this] { Inform("Making the database folder ..."); };
     session_ = app::StartUp(options);
+    if (platform::EndRequested()) {
+      throw Cancellation();
+    }
     if (session_->read_only) {
       std::fprintf(stderr,
                    "quorvanectl: the disk of %s is full; records can be read and copied to "

@@ -24,6 +24,7 @@ using namespace std::chrono_literals;
 // Crash recovery of a large database may take its time; a server that dies is seen at once.
 constexpr auto kLongestStart = 300s;
 constexpr auto kLongestStop = 60s;
+constexpr auto kLongestPatience = 5s;
 
 // What the first start writes, and what a server needs to write at all.
 constexpr std::int64_t kRoomForNew = 340 << 20;
@@ -251,22 +252,37 @@ void PrivateServer::Start() {
   try {
     WaitUntilReady(process, log, log_start);
   } catch (...) {
-    platform::AskToEnd(process);
+    EndStarting(process);
     throw;
   }
 }
 
 void PrivateServer::WaitUntilReady(std::int64_t process, const QString& log,
                                    std::int64_t log_start) const {
-  const auto deadline = std::chrono::steady_clock::now() + kLongestStart;
+  const auto began = std::chrono::steady_clock::now();
   while (!Answers()) {
     if (!platform::IsRunning(process)) {
       FailWith(QStringLiteral("the database server ended while it was starting"),
                ErrorsIn(ReadFrom(log, log_start)), log);
     }
-    if (std::chrono::steady_clock::now() > deadline || platform::EndRequested()) {
+    // A server that is asked to end in the middle of its start may never hear it.
+    const std::chrono::seconds longest =
+        platform::EndRequested() ? kLongestPatience : kLongestStart;
+    if (std::chrono::steady_clock::now() - began > longest) {
       FailWith(QStringLiteral("the database server did not come up in time"),
                ErrorsIn(ReadFrom(log, log_start)), log);
+    }
+    QThread::msleep(10);
+  }
+}
+
+/// Nothing is lost when it is forced: no record was written yet.
+void PrivateServer::EndStarting(std::int64_t process) {
+  platform::AskToEnd(process);
+  const auto began = std::chrono::steady_clock::now();
+  while (platform::IsRunning(process)) {
+    if (std::chrono::steady_clock::now() - began > kLongestPatience) {
+      platform::ForceToEnd(process);
     }
     QThread::msleep(10);
   }

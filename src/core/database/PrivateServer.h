@@ -56,6 +56,7 @@ class PrivateServer {
   bool AnswersSoon();
   void EndUnreachable(std::int64_t process);
   void EndProcess(std::int64_t process) const;
+  static void EndStarting(std::int64_t process);
   void Stop();
   [[noreturn]] void FailWith(const QString& what, const QString& errors, const QString& log) const;
 

@@ -38,6 +38,12 @@ bool HasEnded(std::int64_t process) {
   return line.mid(line.lastIndexOf(')') + 2, 1) == "Z";
 }
 
+void Signal(std::int64_t process, int signal) {
+  if (process > 0) {
+    kill(static_cast<pid_t>(process), signal);
+  }
+}
+
 }  // namespace
 
 bool IsRunning(std::int64_t process) {
@@ -46,9 +52,11 @@ bool IsRunning(std::int64_t process) {
 }
 
 void AskToEnd(std::int64_t process) {
-  if (process > 0) {
-    kill(static_cast<pid_t>(process), SIGTERM);
-  }
+  Signal(process, SIGTERM);
+}
+
+void ForceToEnd(std::int64_t process) {
+  Signal(process, SIGKILL);
 }
 
 namespace {

@@ -13,6 +13,9 @@ bool IsRunning(std::int64_t process);
 /// Asks a process to end in good order (on POSIX: SIGTERM).
 void AskToEnd(std::int64_t process);
 
+/// Ends a process at once (on POSIX: SIGKILL).
+void ForceToEnd(std::int64_t process);
+
 /// A process of this user that runs this program ("mariadbd") and works in one of the folders; 0
 /// when there is none, or the system does not tell.
 std::int64_t FindProcess(const QString& program, const QStringList& folders);

@@ -54,7 +54,7 @@ class ClientWindow : public QObject {
         "Insert Into DpIDs(DepId,Id,DPID) Values(1,11,'IN300001'),(1,12,'IN300002'),"
         "(2,21,'12099900')");
     messages_.emplace();
-    desk_.emplace(controls::Desk{session_, *messages_, [] { return *text::MakeDate(2012, 5, 1); },
+    desk_.emplace(controls::Desk{session_, *messages_, [] { return *text::MakeDate(1, 5, 2012); },
                                  [this](const QString& name) { opened_.append(name); }});
     opened_.clear();
     picked_.clear();

@@ -266,7 +266,7 @@ class Sample:
         brokerage, tax, stt = charges(percents(year, trade.delivery), trade.side, trade.quantity,
                                       trade.rate)
         return Line(trade.side == "P", trade.scrip, trade.quantity, trade.rate, brokerage, tax,
-                    stt, False, trade.lot_rate, row)
+                    stt, False, trade.lot_rate, trade.delivery == "N", row)
 
 
 class Files:

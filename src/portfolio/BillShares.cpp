@@ -16,12 +16,23 @@ std::span<const BillLineRow> BillShares::LinesOf(const BillRow& bill) const {
   return std::span(portfolio_.bill_lines).subspan(bill.first_line, bill.line_count);
 }
 
-void BillShares::ReceivePurchases(const BillRow& bill, const Place& place) {
-  purchase_lots_.clear();
+std::size_t BillShares::PlaceOf(const BillLineRow& row) const {
+  return static_cast<std::size_t>(&row - portfolio_.bill_lines.data());
+}
+
+void BillShares::ReceiveNonDelivery(const BillRow& bill, const Place& place) {
+  Receive(bill, place, true);
+}
+
+void BillShares::ReceiveDelivered(const BillRow& bill, const Place& place) {
+  Receive(bill, place, false);
+}
+
+void BillShares::Receive(const BillRow& bill, const Place& place, bool non_delivery) {
   for (const BillLineRow& row : LinesOf(bill)) {
-    if (row.IsPurchase()) {
-      purchase_lots_.push_back(
-          layers_.Receive(names_.LotKeyAt(place, row.scrip, row.rate), bill.date, row.quantity));
+    if (row.IsPurchase() && row.IsNonDelivery() == non_delivery) {
+      purchase_lots_[PlaceOf(row)] = layers_.Receive(names_.LotKeyAt(place, row.scrip, row.rate),
+                                                     bill.date, row.quantity, non_delivery);
     }
   }
 }
@@ -29,10 +40,9 @@ void BillShares::ReceivePurchases(const BillRow& bill, const Place& place) {
 bool BillShares::TrySales(const BillRow& bill, const Place& place, Ahead ahead) {
   layers_.Mark();
   lines_.clear();
-  std::size_t purchase = 0;
   for (const BillLineRow& row : LinesOf(bill)) {
     if (row.IsPurchase()) {
-      AddWhole(row, purchase_lots_[purchase++]);
+      AddWhole(row, purchase_lots_[PlaceOf(row)]);
     } else if (!TakeSale(row, bill.date, place, ahead)) {
       layers_.GoBack();
       return false;
@@ -41,21 +51,29 @@ bool BillShares::TrySales(const BillRow& bill, const Place& place, Ahead ahead) 
   return true;
 }
 
+/// The lots of a sale: the one that it names, else those of the oldest purchases.
+Layers::Taken BillShares::Take(const BillLineRow& row, text::Date date, const LotKey& lot) {
+  const Place place{lot.of, lot.account};
+  if (row.lot_rate != BillLineRow::kNoLotRate) {
+    return layers_.TakeFromLot(lot, row.quantity);
+  }
+  return row.IsNonDelivery() ? layers_.TakeNonDelivery(place, lot.scrip, date, row.quantity)
+                             : layers_.TakeOldest(place, lot.scrip, date, row.quantity);
+}
+
 bool BillShares::TakeSale(const BillLineRow& row, text::Date date, const Place& place,
                           Ahead ahead) {
   if (row.lot_rate == BillLineRow::kNoLot) {
     AddWhole(row, LotId{});
     return true;
   }
-  const bool oldest = row.lot_rate == BillLineRow::kNoLotRate;
   const LotKey lot = names_.LotKeyAt(place, row.scrip, row.lot_rate);
-  const Layers::Taken taken = oldest ? layers_.TakeOldest(place, lot.scrip, date, row.quantity)
-                                     : layers_.TakeFromLot(lot, row.quantity);
+  const Layers::Taken taken = Take(row, date, lot);
   if (taken) {
     AddPieces(row, taken.pieces);
   } else if (ahead == Ahead::kNo) {
     return false;
-  } else if (oldest) {
+  } else if (row.lot_rate == BillLineRow::kNoLotRate) {
     ReportShortage(row, taken.available);
     return false;
   } else {

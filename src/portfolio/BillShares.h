@@ -14,10 +14,18 @@ class BillShares {
  public:
   BillShares(const Portfolio& portfolio, const ResolvedNames& names, ledger::Layers& layers,
              ErrorList& errors)
-      : portfolio_(portfolio), names_(names), layers_(layers), errors_(errors) {}
+      : portfolio_(portfolio),
+        names_(names),
+        layers_(layers),
+        errors_(errors),
+        purchase_lots_(portfolio.bill_lines.size()) {}
 
-  /// Takes in what the bill buys. Then its sales are tried.
-  void ReceivePurchases(const BillRow& bill, const ledger::Place& place);
+  /// Takes in what the bill buys without delivery: for every bill of a day, before the first of
+  /// them is taken. What is sold without delivery may stand in an earlier bill of the day.
+  void ReceiveNonDelivery(const BillRow& bill, const ledger::Place& place);
+
+  /// Takes in what else the bill buys. Then its sales are tried.
+  void ReceiveDelivered(const BillRow& bill, const ledger::Place& place);
 
   /// Whether sales may name a lot whose shares come in later, as the bill window lets them: it
   /// looks at the lot's balance and at no date. The last try, which tells what is missing.
@@ -40,6 +48,9 @@ class BillShares {
   };
 
   std::span<const BillLineRow> LinesOf(const BillRow& bill) const;
+  std::size_t PlaceOf(const BillLineRow& row) const;
+  ledger::Layers::Taken Take(const BillLineRow& row, text::Date date, const ledger::LotKey& lot);
+  void Receive(const BillRow& bill, const ledger::Place& place, bool non_delivery);
   bool TakeSale(const BillLineRow& row, text::Date date, const ledger::Place& place, Ahead ahead);
   void AddWhole(const BillLineRow& row, LotId lot);
   void AddPieces(const BillLineRow& row, std::span<const ledger::Layers::Piece> pieces);
@@ -49,7 +60,7 @@ class BillShares {
   const ResolvedNames& names_;
   ledger::Layers& layers_;
   ErrorList& errors_;
-  std::vector<LotId> purchase_lots_;
+  std::vector<LotId> purchase_lots_;  ///< by the place of the line in the folder
   std::vector<TakenLine> lines_;
   std::vector<SaleAhead> advances_;
 };

@@ -70,6 +70,7 @@ class MovementImport {
       records::MovementScope scope;
       scope.year = year;
       scope.charges = false;
+      scope.delivery = true;
       records::Faults faults;
       Progress silent;
       records::ReadMovements(connection, scope, faults, silent,
@@ -150,8 +151,12 @@ class MovementImport {
            ++transfer) {
         open_transfers_.push_back(&portfolio_.transfers[transfers[transfer]]);
       }
+      const std::size_t first_bill = bill;
       for (; bill < bills.size() && portfolio_.bills[bills[bill]].date == date; ++bill) {
-        TakeBill(portfolio_.bills[bills[bill]]);
+        ReceiveNonDelivery(portfolio_.bills[bills[bill]]);
+      }
+      for (std::size_t i = first_bill; i < bill && !errors_.Full(); ++i) {
+        TakeBill(portfolio_.bills[bills[i]]);
       }
       FinishTransfers();
     }
@@ -160,6 +165,17 @@ class MovementImport {
   void BeginDate() {
     progress_.Step(static_cast<std::int64_t>(documents_.LineCount()));
     progress_.ThrowIfCancelled();
+  }
+
+  static Place PlaceOf(const BillRow& bill, ClientId client, AccountId account) {
+    return {{client, FinancialYear::Of(bill.date)}, account};
+  }
+
+  void ReceiveNonDelivery(const BillRow& bill) {
+    const ClientId client = names_.clients[bill.client];
+    if (const auto account = FindAccount(client, bill.account)) {
+      bill_shares_.ReceiveNonDelivery(bill, PlaceOf(bill, client, *account));
+    }
   }
 
   void TakeBill(const BillRow& bill) {
@@ -172,8 +188,8 @@ class MovementImport {
       errors_.Add(FileKind::kBills, bill.line, "bill_no", "this bill is recorded already");
       return;
     }
-    const Place place{{client, FinancialYear::Of(bill.date)}, *account};
-    bill_shares_.ReceivePurchases(bill, place);
+    const Place place = PlaceOf(bill, client, *account);
+    bill_shares_.ReceiveDelivered(bill, place);
     if (bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo) ||
         (ApplyTransfers() && bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo)) ||
         bill_shares_.TrySales(bill, place, BillShares::Ahead::kAllowed)) {

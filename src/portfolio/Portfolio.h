@@ -89,6 +89,10 @@ struct OpeningRow {
   std::size_t line = 0;
 };
 
+inline constexpr std::string_view kDeliveryTypes[] = {"N.A.", "Delivery Based",
+                                                      "Non Delivery Based"};
+inline constexpr std::uint8_t kNonDelivery = 2;
+
 struct BillLineRow {
   Symbol scrip = 0;
   records::Side side = records::Side::kSale;
@@ -108,10 +112,8 @@ struct BillLineRow {
   static constexpr double kNoLot = -2;      ///< recorded as it is, taken from no lot
 
   bool IsPurchase() const { return side == records::Side::kPurchase; }
+  bool IsNonDelivery() const { return delivery == kNonDelivery; }
 };
-
-inline constexpr std::string_view kDeliveryTypes[] = {"N.A.", "Delivery Based",
-                                                      "Non Delivery Based"};
 
 struct BillRow {
   Symbol client = 0;

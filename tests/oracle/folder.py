@@ -61,6 +61,7 @@ class Line(NamedTuple):
     stt: Fraction
     fo: bool
     lot_rate: Fraction | None
+    non_delivery: bool
     row: int
 
 
@@ -177,7 +178,8 @@ class _Reader:
             row["side"] == "P", row["scrip_code"], _positive(row["quantity"]),
             number(row["rate"]), number(row.get("brokerage", "")),
             number(row.get("service_tax", "")), number(row.get("stt", "")),
-            _flag(row.get("fo", "")), number(lot_rate) if lot_rate else None, row_number)
+            _flag(row.get("fo", "")), number(lot_rate) if lot_rate else None,
+            row.get("delivery_type", "") == "Non Delivery Based", row_number)
         key = (row["client_code"], row["account_no"], row["broker"], row["bill_no"],
                day(row["bill_date"]), number(row.get("bill_part", "") or "1"))
         return key, line

@@ -39,10 +39,10 @@ def year_text(first: int) -> str:
 
 
 class Layer:
-    __slots__ = ("bought", "rate", "left")
+    __slots__ = ("bought", "rate", "left", "intraday")
 
-    def __init__(self, bought: date, rate: int, left: int):
-        self.bought, self.rate, self.left = bought, rate, left
+    def __init__(self, bought: date, rate: int, left: int, intraday: bool = False):
+        self.bought, self.rate, self.left, self.intraday = bought, rate, left, intraday
 
 
 class Generator:
@@ -125,8 +125,8 @@ class Generator:
     def balance(self, key, rate=None) -> int:
         return sum(one.left for one in self.held[key] if rate is None or one.rate == rate)
 
-    def take(self, key, quantity: int, rate=None):
-        for layer in self.held[key]:
+    def take(self, key, quantity: int, rate=None, last=lambda layer: False):
+        for layer in sorted(self.held[key], key=last):
             if quantity and (rate is None or layer.rate == rate):
                 part = min(quantity, layer.left)
                 layer.left -= part
@@ -150,7 +150,8 @@ class Generator:
         client, account = owner
         bought, sold, used = [], [], set()
         if selling:
-            sold.append(self.sale(account, selling, self.balance((account, selling)), None, False))
+            key = (account, selling)
+            sold.append(self.sale(key, when, self.balance(key), None, False))
             used.add(selling)
         while len(bought) + len(sold) < count and len(used) < len(self.scrips):
             scrip = self.random.choice(self.scrips)
@@ -159,7 +160,7 @@ class Generator:
             key = (account, scrip)
             if self.held[key] and (self.chance(48) or len(self.held[key]) > 12):
                 used.add(scrip)
-                self.add_sale(key, sold)
+                self.add_sale(key, when, sold)
             elif self.chance(8) and len(bought) + len(sold) + 2 <= count:
                 used.add(scrip)
                 self.intraday(key, when, bought, sold)
@@ -188,27 +189,29 @@ class Generator:
         _account, scrip = key
         held = self.held[key]
         rate = self.random.choice(held).rate if held and self.chance(15) else self.rate(scrip)
-        layer = Layer(when, rate, self.quantity())
+        layer = Layer(when, rate, self.quantity(), intraday)
         held.append(layer)
         return self.line("P", scrip, layer.left, rate, intraday), layer
 
-    def sale(self, account, scrip, quantity, lot_rate, intraday) -> str:
-        self.take((account, scrip), quantity, lot_rate)
+    def sale(self, key, when: date, quantity, lot_rate, intraday) -> str:
+        def last(layer: Layer) -> bool:
+            of_the_day = layer.intraday and layer.bought == when
+            return lot_rate is None and of_the_day != intraday
+        _account, scrip = key
+        self.take(key, quantity, lot_rate, last)
         lot = "" if lot_rate is None else plain(lot_rate, RATE)
         return self.line("S", scrip, quantity, self.rate(scrip), intraday, lot)
 
-    def add_sale(self, key, sold: list[str]):
-        account, scrip = key
+    def add_sale(self, key, when: date, sold: list[str]):
         lot_rate = self.random.choice(self.held[key]).rate if self.chance(50) else None
         quantity = self.part_of(self.balance(key, lot_rate))
-        sold.append(self.sale(account, scrip, quantity, lot_rate, False))
+        sold.append(self.sale(key, when, quantity, lot_rate, False))
 
     def intraday(self, key, when: date, bought: list[str], sold: list[str]):
-        account, scrip = key
         row, layer = self.purchase(key, when, True)
         bought.append(row)
         lot_rate = layer.rate if self.chance(70) else None
-        sold.append(self.sale(account, scrip, self.part_of(layer.left), lot_rate, True))
+        sold.append(self.sale(key, when, self.part_of(layer.left), lot_rate, True))
 
     # Transfers
 

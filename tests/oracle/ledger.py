@@ -1,7 +1,9 @@
 """Moves the shares of a portfolio day by day: which lot each sale takes from, and what is left.
 
-On one day bills come in file order, the purchases of a bill before its sales, then transfers in
-file order. A bill that lacks balance is tried again after those transfers of the day that are
+On one day what was bought without delivery comes first, then bills in file order, the purchases of
+a bill before its sales, then transfers in file order. A sale without delivery that names no lot
+takes what was bought so on that day before the oldest purchases; another one that names no lot takes
+it last. A bill that lacks balance is tried again after those transfers of the day that are
 possible. Each financial year stands on its own opening rows.
 """
 
@@ -22,10 +24,12 @@ class _Layer:
     """A quantity that came in at one time. Layers are used up by purchase date; those of one date
     in the order of their arrival, and a year's opening rows arrive first."""
 
-    __slots__ = ("key", "rate", "left")
+    __slots__ = ("key", "rate", "left", "non_delivery")
 
-    def __init__(self, when: date, arrival: int, rate: Fraction, left: Fraction):
+    def __init__(self, when: date, arrival: int, rate: Fraction, left: Fraction,
+                 non_delivery: bool):
         self.key = (when, arrival)
+        self.non_delivery = non_delivery
         self.rate = rate
         self.left = left
 
@@ -40,15 +44,19 @@ class _Shelf:
         self._layers: dict[tuple[str, str], list[_Layer]] = defaultdict(list)
         self._arrivals = 0
 
-    def put(self, account, scrip, when, rate, quantity):
+    def put(self, account, scrip, when, rate, quantity, non_delivery=False):
         self._arrivals += 1
-        insort(self._layers[account, scrip], _Layer(when, self._arrivals, rate, quantity))
+        insort(self._layers[account, scrip],
+               _Layer(when, self._arrivals, rate, quantity, non_delivery))
 
-    def take(self, account, scrip, quantity, rate=None) -> list[tuple[Fraction, Fraction]]:
-        """Takes from the earliest layers (of that rate, if given): (rate, quantity) in order,
-        neighbours of one rate joined. Takes nothing when there is not enough."""
+    def take(self, account, scrip, quantity, rate=None,
+             last=lambda layer: False) -> list[tuple[Fraction, Fraction]]:
+        """Takes from the earliest layers (of that rate, if given; those that are to be `last` after
+        all others): (rate, quantity) in order, neighbours of one rate joined. Takes nothing when
+        there is not enough."""
         layers = self._layers[account, scrip]
         usable = [layer for layer in layers if rate is None or layer.rate == rate]
+        usable.sort(key=last)
         balance = sum((layer.left for layer in usable), Fraction(0))
         if quantity > balance:
             raise Shortage(f"Maximum Allowed Value is: {plain(balance)}")
@@ -128,8 +136,8 @@ class Ledger:
             if row.year == year:
                 self._put(row.account, row.scrip, row.date, row.rate, row.quantity)
 
-    def _put(self, account, scrip, when, rate, quantity):
-        self._shelf.put(account, scrip, when, rate, quantity)
+    def _put(self, account, scrip, when, rate, quantity, non_delivery=False):
+        self._shelf.put(account, scrip, when, rate, quantity, non_delivery)
         self.lots[self._year, account, scrip, rate] = Fraction(0)
 
     def _close(self, year: str):
@@ -138,6 +146,8 @@ class Ledger:
 
     def _settle_day(self, bills: list[Bill], transfers: list[Transfer]):
         for bill in bills:
+            self._receive(bill, True)
+        for bill in bills:
             try:
                 self._settle(bill)
             except Shortage:
@@ -145,6 +155,12 @@ class Ledger:
                 self._settle(bill)
         for transfer in transfers:
             self._move(transfer)
+
+    def _receive(self, bill: Bill, non_delivery: bool):
+        for line in bill.lines:
+            if line.purchase and line.non_delivery == non_delivery:
+                self._put(bill.account, line.scrip, bill.date, line.rate, line.quantity,
+                          non_delivery)
 
     def _settle(self, bill: Bill):
         saved = self._shelf.saved({(bill.account, line.scrip) for line in bill.lines})
@@ -155,17 +171,18 @@ class Ledger:
             raise
 
     def _settled_lines(self, bill: Bill) -> list[Line]:
-        for line in bill.lines:
-            if line.purchase:
-                self._put(bill.account, line.scrip, bill.date, line.rate, line.quantity)
+        self._receive(bill, False)
         settled: list[Line] = []
         for line in bill.lines:
             settled += [line] if line.purchase else self._sold(bill, line)
         return settled
 
     def _sold(self, bill: Bill, line: Line) -> list[Line]:
+        def last(layer: _Layer) -> bool:
+            of_the_day = layer.non_delivery and layer.key[0] == bill.date
+            return line.lot_rate is None and of_the_day != line.non_delivery
         try:
-            takes = self._shelf.take(bill.account, line.scrip, line.quantity, line.lot_rate)
+            takes = self._shelf.take(bill.account, line.scrip, line.quantity, line.lot_rate, last)
         except Shortage as shortage:
             raise Shortage(f"bills.csv line {line.row}: You Can't Sale Scripts More than Balance. "
                            f"{shortage}") from None

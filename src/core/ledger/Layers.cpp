@@ -38,7 +38,8 @@ void Layers::Add(const Movement& m) {
   if (m.kind == MovementKind::kSale || m.kind == MovementKind::kTransferOut) {
     gone_[lot->id] += m.quantity;
   } else {
-    arrivals_.push_back({m.date, m.kind, m.document, m.line, lot->id, m.quantity});
+    arrivals_.push_back({m.date, m.kind, m.document, m.line, lot->id, m.quantity,
+                         m.non_delivery});
   }
 }
 
@@ -49,7 +50,7 @@ void Layers::Arrange() {
     const Shares used_up = std::min(gone, arrival.quantity);
     gone -= used_up;
     if (used_up < arrival.quantity) {
-      Append(arrival.lot, arrival.date, arrival.quantity - used_up);
+      Append({arrival.date, arrival.lot, arrival.quantity - used_up, arrival.non_delivery});
     }
   }
   gone_.clear();
@@ -74,10 +75,10 @@ Layers::OfLot& Layers::StateOf(LotId id) {
   return place->second;
 }
 
-LotId Layers::Receive(const LotKey& key, text::Date date, Shares quantity) {
+LotId Layers::Receive(const LotKey& key, text::Date date, Shares quantity, bool non_delivery) {
   const LotId lot = lots_.PostLot(Posting::kAdd, key, quantity);
   if (const Shares left = Repay(StateOf(lot), quantity)) {
-    Append(lot, date, left);
+    Append({date, lot, left, non_delivery});
   }
   return lot;
 }
@@ -96,10 +97,10 @@ Shares Layers::Repay(OfLot& state, Shares quantity) {
   return quantity;
 }
 
-void Layers::Append(LotId lot, text::Date date, Shares quantity) {
+void Layers::Append(const Layer& received) {
   const auto layer = static_cast<std::uint32_t>(layers_.size());
-  layers_.push_back({date, lot, quantity});
-  OfLot& state = StateOf(lot);
+  layers_.push_back(received);
+  OfLot& state = StateOf(received.lot);
   Insert(holdings_[state.holding], layer);
   Insert(state.queue, layer);
 }
@@ -128,28 +129,31 @@ void Layers::TakeShares(LotId lot, std::uint32_t layer, Shares quantity) {
   taken_.push_back({lot, layer, quantity});
 }
 
-Layers::Taken Layers::TakeOldest(const Place& place, ScripId scrip, text::Date date,
-                                 Shares quantity) {
-  Queue& queue = QueueOf({place, scrip});
-  SkipUsedUp(queue);
-  std::vector<std::pair<std::uint32_t, Shares>> parts;
-  Taken taken;
-  for (std::size_t i = queue.first_left; i < queue.layers.size() && taken.available < quantity;
-       ++i) {
+/// Adds parts of the layers up to a date, oldest first, until the wanted shares are together: of
+/// those bought without delivery on that day, or of the others.
+void Layers::AddParts(Parts& parts, const Queue& queue, text::Date date, Shares wanted,
+                      bool non_delivery_of_the_day) const {
+  for (std::size_t i = queue.first_left; i < queue.layers.size() && parts.sum < wanted; ++i) {
     const Layer& layer = layers_[queue.layers[i]];
     if (layer.date > date) {
       break;
     }
-    const Shares part = std::min(layer.left, quantity - taken.available);
-    if (part > Shares()) {
-      parts.emplace_back(queue.layers[i], part);
-      taken.available += part;
+    const bool of_the_day = layer.non_delivery && layer.date == date;
+    const Shares part = std::min(layer.left, wanted - parts.sum);
+    if (part > Shares() && of_the_day == non_delivery_of_the_day) {
+      parts.parts.emplace_back(queue.layers[i], part);
+      parts.sum += part;
     }
   }
-  if (taken.available < quantity) {
+}
+
+Layers::Taken Layers::TakeParts(const Parts& parts, Shares wanted) {
+  Taken taken;
+  taken.available = parts.sum;
+  if (parts.sum < wanted) {
     return taken;
   }
-  for (const auto& [layer, part] : parts) {
+  for (const auto& [layer, part] : parts.parts) {
     const LotId lot = layers_[layer].lot;
     TakeShares(lot, layer, part);
     if (!taken.pieces.empty() && taken.pieces.back().lot == lot) {
@@ -159,6 +163,26 @@ Layers::Taken Layers::TakeOldest(const Place& place, ScripId scrip, text::Date d
     }
   }
   return taken;
+}
+
+Layers::Taken Layers::TakeOldest(const Place& place, ScripId scrip, text::Date date,
+                                 Shares quantity) {
+  return TakeByDate({place, scrip}, date, quantity, false);
+}
+
+Layers::Taken Layers::TakeNonDelivery(const Place& place, ScripId scrip, text::Date date,
+                                      Shares quantity) {
+  return TakeByDate({place, scrip}, date, quantity, true);
+}
+
+Layers::Taken Layers::TakeByDate(const Holding& holding, text::Date date, Shares quantity,
+                                 bool non_delivery) {
+  Queue& queue = QueueOf(holding);
+  SkipUsedUp(queue);
+  Parts parts;
+  AddParts(parts, queue, date, quantity, non_delivery);
+  AddParts(parts, queue, date, quantity, !non_delivery);
+  return TakeParts(parts, quantity);
 }
 
 /// Takes from the purchases of a lot, oldest first; how many shares they do not have.

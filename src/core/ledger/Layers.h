@@ -8,6 +8,7 @@
 #include <deque>
 #include <tuple>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace quorvane::ledger {
@@ -17,6 +18,7 @@ struct Layer {
   text::Date date;
   LotId lot;
   Shares left;
+  bool non_delivery = false;  ///< bought to be sold on the same day
 };
 
 /// The purchases that lots are made of, by account and scrip, so that shares can be taken first in,
@@ -37,7 +39,7 @@ class Layers {
   void Arrange();
 
   /// Shares come in: by an opening lot, a purchase or a transfer.
-  LotId Receive(const LotKey& key, text::Date date, Shares quantity);
+  LotId Receive(const LotKey& key, text::Date date, Shares quantity, bool non_delivery = false);
 
   /// Shares taken from one lot.
   struct Piece {
@@ -55,8 +57,12 @@ class Layers {
     explicit operator bool() const { return !pieces.empty(); }
   };
 
-  /// Takes a positive quantity from the purchases up to `date`, the oldest first.
+  /// Takes a positive quantity from the purchases up to `date`, the oldest first; from what was
+  /// bought without delivery on that day only when nothing else is left.
   Taken TakeOldest(const Place& place, ScripId scrip, text::Date date, Shares quantity);
+
+  /// The same for a sale without delivery: first what was bought so on that day, then the oldest.
+  Taken TakeNonDelivery(const Place& place, ScripId scrip, text::Date date, Shares quantity);
 
   /// Takes a positive quantity from one lot.
   Taken TakeFromLot(const LotKey& key, Shares quantity);
@@ -120,6 +126,7 @@ class Layers {
     int line;
     LotId lot;
     Shares quantity;
+    bool non_delivery;
 
     auto Order() const { return std::tuple(date, kind, document, line); }
   };
@@ -131,9 +138,18 @@ class Layers {
   OfLot& StateOf(LotId lot);
   Queue& QueueOf(const Holding& holding);
   Shares Repay(OfLot& state, Shares quantity);
-  void Append(LotId lot, text::Date date, Shares quantity);
+  void Append(const Layer& layer);
   void Insert(Queue& queue, std::uint32_t layer);
   void SkipUsedUp(Queue& queue);
+  /// Parts of the layers that a sale uses up.
+  struct Parts {
+    std::vector<std::pair<std::uint32_t, Shares>> parts;
+    Shares sum;
+  };
+  void AddParts(Parts& parts, const Queue& queue, text::Date date, Shares wanted,
+                bool non_delivery_of_the_day) const;
+  Taken TakeByDate(const Holding& holding, text::Date date, Shares quantity, bool non_delivery);
+  Taken TakeParts(const Parts& parts, Shares wanted);
   void TakeShares(LotId lot, std::uint32_t layer, Shares quantity);
   Shares TakeLayers(LotId lot, Shares quantity);
 

@@ -48,6 +48,9 @@ struct BillLine {
   ClientYear Of() const { return {client, year}; }
 };
 
+/// The delivery type of a line that was bought and sold on one day.
+inline constexpr QLatin1String kNonDeliveryBased("Non Delivery Based");
+
 /// A broker's bill (contract note). Amounts in rupees.
 struct Bill {
   ClientId client;

@@ -136,6 +136,10 @@ class MovementReader {
                  &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
                  &BillLine::rate, &BillLine::brokerage, &BillLine::net, &BillLine::amount,
                  &BillLine::service_tax, &BillLine::stt, &BillLine::fo>(take);
+    } else if (scope_.delivery) {
+      lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
+                 &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
+                 &BillLine::rate, &BillLine::delivery_type>(take);
     } else {
       lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
                  &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
@@ -148,6 +152,7 @@ class MovementReader {
     m.kind = line.IsPurchase() ? MovementKind::kPurchase : MovementKind::kSale;
     m.fo = line.fo;
     m.dated = bill.dated;
+    m.non_delivery = line.delivery_type == kNonDeliveryBased;
     m.client = line.client;
     m.year = line.year;
     m.account = bill.account;

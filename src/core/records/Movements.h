@@ -20,6 +20,7 @@ struct Movement {
   MovementKind kind = MovementKind::kOpening;
   bool fo = false;     ///< futures and options
   bool dated = false;  ///< `date` was read; an opening lot always has a date here
+  bool non_delivery = false;  ///< with MovementScope::delivery only: of a line sold or bought so
   ClientId client;
   text::FinancialYear year;
   AccountId account;
@@ -45,6 +46,7 @@ struct MovementScope {
   std::optional<ClientId> client;
   std::optional<text::FinancialYear> year;
   bool charges = true;          ///< read the money of the records, too
+  bool delivery = false;        ///< without `charges`: read the delivery type of the lines, too
   bool every_transfer = false;  ///< transfers between other clients, too
 };
 

@@ -221,9 +221,14 @@ void RebuildTest::BillSavedMeanwhileIsNotLost() {
   class Meanwhile : public Progress {
    public:
     explicit Meanwhile(const std::function<void()>& act) : act_(act) {}
-    ~Meanwhile() override { other_.join(); }
+    ~Meanwhile() override {
+      if (other_.joinable()) {
+        other_.join();
+      }
+    }
+    void Begin(const QString& /*what*/, std::int64_t steps) override { steps_ = steps; }
     void Step(std::int64_t done) override {
-      if (done == 5 && !other_.joinable()) {
+      if (done == steps_) {
         other_ = std::thread(act_);
         QTest::qSleep(300);  // time to commit for a program that nothing holds up
       }
@@ -232,6 +237,7 @@ void RebuildTest::BillSavedMeanwhileIsNotLost() {
    private:
     std::function<void()> act_;
     std::thread other_;
+    std::int64_t steps_ = 0;
   };
   Desk desk;
   desk.Opening(10);

@@ -190,7 +190,10 @@ class Generator:
         held = self.held[key]
         rate = self.random.choice(held).rate if held and self.chance(15) else self.rate(scrip)
         layer = Layer(when, rate, self.quantity(), intraday)
-        held.append(layer)
+        # What is bought without delivery comes in before the other purchases of its day.
+        at = next((n for n, one in enumerate(held)
+                   if intraday and one.bought == when and not one.intraday), len(held))
+        held.insert(at, layer)
         return self.line("P", scrip, layer.left, rate, intraday), layer
 
     def sale(self, key, when: date, quantity, lot_rate, intraday) -> str:

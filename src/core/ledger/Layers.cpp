@@ -38,8 +38,7 @@ void Layers::Add(const Movement& m) {
   if (m.kind == MovementKind::kSale || m.kind == MovementKind::kTransferOut) {
     gone_[lot->id] += m.quantity;
   } else {
-    arrivals_.push_back({m.date, m.kind, m.document, m.line, lot->id, m.quantity,
-                         m.non_delivery});
+    arrivals_.push_back({m.date, m.kind, m.document, m.line, lot->id, m.quantity, m.non_delivery});
   }
 }
 

@@ -18,8 +18,8 @@ enum class MovementKind : std::uint8_t { kOpening, kPurchase, kTransferIn, kSale
 /// its account, then into the other one.
 struct Movement {
   MovementKind kind = MovementKind::kOpening;
-  bool fo = false;     ///< futures and options
-  bool dated = false;  ///< `date` was read; an opening lot always has a date here
+  bool fo = false;            ///< futures and options
+  bool dated = false;         ///< `date` was read; an opening lot always has a date here
   bool non_delivery = false;  ///< with MovementScope::delivery only: of a line sold or bought so
   ClientId client;
   text::FinancialYear year;

@@ -1,6 +1,6 @@
 #include "bench/Measure.h"
 #include "bench/Works.h"
-#include "reports/output/WriteReport.h"
+#include "reporting/output/WriteReport.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -17,16 +17,16 @@ constexpr int kScripEvery = 12;
 constexpr double kBound = 10;  // seconds
 
 /// Every cell another number, as in a long detailed statement.
-report::ReportDocument LongStatement() {
-  using report::AmountColumn;
-  using report::RowKind;
-  report::ReportDocument document;
+reporting::ReportDocument LongStatement() {
+  using reporting::AmountColumn;
+  using reporting::RowKind;
+  reporting::ReportDocument document;
   document.titles = {QStringLiteral("Capital Gain Statement"),
                      QStringLiteral("Financial Year - 2011-12")};
-  report::Table& table = document.tables.emplace_back();
+  reporting::Table& table = document.tables.emplace_back();
   for (int side = 0; side < 2; ++side) {
-    table.columns.push_back(report::DateColumn(QStringLiteral("Date")));
-    table.columns.push_back(report::QuantityColumn(QStringLiteral("Quantity")));
+    table.columns.push_back(reporting::DateColumn(QStringLiteral("Date")));
+    table.columns.push_back(reporting::QuantityColumn(QStringLiteral("Quantity")));
     table.columns.push_back(AmountColumn(QStringLiteral("Net")));
     table.columns.push_back(AmountColumn(QStringLiteral("Amount")));
   }
@@ -59,17 +59,17 @@ int PagesIn(const QString& pdf) {
 
 void MeasurePages(Table& table) {
   const QTemporaryDir folder;
-  const report::ReportDocument document = LongStatement();
-  for (const report::OutputFormatEntry& entry : report::OutputFormats()) {
+  const reporting::ReportDocument document = LongStatement();
+  for (const reporting::OutputFormatEntry& entry : reporting::OutputFormats()) {
     const QString path =
         folder.filePath(QStringLiteral("long%1").arg(QLatin1String(entry.extension)));
     Progress progress;
     const double seconds =
-        Seconds([&] { report::WriteReport(document, entry.format, path, progress); });
+        Seconds([&] { reporting::WriteReport(document, entry.format, path, progress); });
     const std::string figure = fmt::format("{:.2f} s", seconds);
     const std::string work =
-        fmt::format("{} rows of 12 columns as {}", report::RowCount(document), entry.name);
-    if (entry.format == report::OutputFormat::kPdf) {
+        fmt::format("{} rows of 12 columns as {}", reporting::RowCount(document), entry.name);
+    if (entry.format == reporting::OutputFormat::kPdf) {
       table.Add(fmt::format("{}, {} pages", work, PagesIn(path)), figure, "2,000 pages under 10 s",
                 seconds < kBound && PagesIn(path) >= kPages);
     } else {

@@ -1,6 +1,6 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
-#include "admin/users/frmLogin.h"
+#include "admin/users/window/frmLogin.h"
 #include "controls/AppIcon.h"
 #include "controls/Appearance.h"
 #include "controls/DesktopFiles.h"
@@ -12,7 +12,7 @@
 #include "core/app/MachineKey.h"
 #include "core/app/Session.h"
 #include "core/platform/EndRequests.h"
-#include "reports/output/RepView.h"
+#include "reporting/output/window/RepView.h"
 #include "ui/help/FrmHelp.h"
 #include "ui/main/MDIForm1.h"
 
@@ -53,7 +53,7 @@ class Desktop {
   explicit Desktop(app::Session& session) : desk_{session, messages_} {
     reports_.Setapppath(session.folders.application);
     reports_.winmodereport(1);
-    desk_.show_report = [this](const report::ReportDocument& document, QWidget* over) {
+    desk_.show_report = [this](const reporting::ReportDocument& document, QWidget* over) {
       reports_.Show(document, over);
     };
     desk_.help = [this](const QString& window_name, QWidget* over) {
@@ -104,7 +104,7 @@ class Desktop {
   controls::MessageBoxes messages_;
   controls::Desk desk_;
   users::Attempts attempts_;
-  report::RepView reports_{desk_};
+  reporting::RepView reports_{desk_};
   ui::Help help_{app::ShippedFolder(QCoreApplication::applicationDirPath(),
                                     QStringLiteral("docs/user-guide"))};
   QPointer<ui::MDIForm1> main_;

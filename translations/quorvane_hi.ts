@@ -2401,7 +2401,7 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
-    <name>quorvane::clients::DocumentPageView</name>
+    <name>quorvane::documents::DocumentPageView</name>
     <message>
         <source>Page of the document</source>
         <translation>दस्तावेज़ का पृष्ठ</translation>
@@ -2416,7 +2416,7 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
-    <name>quorvane::clients::DocumentViewer</name>
+    <name>quorvane::documents::DocumentViewer</name>
     <message>
         <source>This is a Folder, not a Document.</source>
         <translation>यह फ़ोल्डर है, दस्तावेज़ नहीं।</translation>
@@ -2586,7 +2586,7 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
-    <name>quorvane::clients::FrmSign</name>
+    <name>quorvane::documents::FrmSign</name>
     <message>
         <source>Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;All files (*)</source>
         <translation>दस्तावेज़ (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;सभी फ़ाइलें (*)</translation>
@@ -3899,7 +3899,7 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
-    <name>quorvane::report::MonthsPane</name>
+    <name>quorvane::reporting::MonthsPane</name>
     <message>
         <source>From &amp;Month :</source>
         <translation>महीने से (&amp;M) :</translation>
@@ -3910,7 +3910,7 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
-    <name>quorvane::report::PreviewWindow</name>
+    <name>quorvane::reporting::PreviewWindow</name>
     <message>
         <source>Fit Width</source>
         <translation>चौड़ाई में फ़िट करें</translation>
@@ -4009,7 +4009,7 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
-    <name>quorvane::report::ReportWindow</name>
+    <name>quorvane::reporting::ReportWindow</name>
     <message>
         <source>Report</source>
         <translation>रिपोर्ट</translation>

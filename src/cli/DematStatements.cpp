@@ -7,7 +7,7 @@
 namespace quorvane::cli {
 namespace {
 
-using report::OutputFormat;
+using reporting::OutputFormat;
 
 struct DematOptions {
   ScopeOptions scope;
@@ -29,7 +29,7 @@ struct DematReport {
                         const Give& give) const {
     return demat::BuildStatement(connection, query, progress, give);
   }
-  report::ReportDocument Document(ClientId client, std::span<const Part> parts,
+  reporting::ReportDocument Document(ClientId client, std::span<const Part> parts,
                                   const lookups::Directory& directory) const {
     return demat::MakeStatementDocument(query, client, parts, directory);
   }
@@ -61,7 +61,7 @@ struct TransactionsReport {
                         const Give& give) const {
     return demat::BuildTransactions(connection, query, progress, give);
   }
-  report::ReportDocument Document(ClientId client, std::span<const Part> parts,
+  reporting::ReportDocument Document(ClientId client, std::span<const Part> parts,
                                   const lookups::Directory& directory) const {
     return demat::MakeTransactionDocument(query, client, parts, directory);
   }
@@ -140,7 +140,7 @@ void MakeDemoOf(Context& context, const lookups::Directory& directory, text::Fin
                 const char* layout, const DemoReportKind::Give& give) {
   DematOptions options;
   options.layout = layout;
-  const Scope scope{{}, year, report::Period::Of(year), {}, {}};
+  const Scope scope{{}, year, reporting::Period::Of(year), {}, {}};
   MakeDemo(context, directory, TransactionsReport(options, scope), options.layout == "detail",
            give);
 }
@@ -149,7 +149,7 @@ void MakeDemoOf(Context& context, const lookups::Directory& directory, text::Fin
 
 void MakeDemoDematStatements(Context& context, const lookups::Directory& directory,
                              text::FinancialYear year, const DemoReportKind::Give& give) {
-  const Scope scope{{}, year, report::Period::Of(year), {}, {}};
+  const Scope scope{{}, year, reporting::Period::Of(year), {}, {}};
   MakeDemo(context, directory, DematReport({}, scope), true, give);
 }
 

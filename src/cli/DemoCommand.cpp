@@ -2,8 +2,8 @@
 #include "cli/DemoReports.h"
 #include "core/platform/PrivateFile.h"
 #include "portfolio/Import.h"
-#include "reports/output/TextWriter.h"
-#include "reports/output/WriteReport.h"
+#include "reporting/output/TextWriter.h"
+#include "reporting/output/WriteReport.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -34,16 +34,16 @@ void ImportSample(Context& context) {
 void WriteDemoReport(const DemoReportKind& kind, const DemoReport& report,
                      const std::string& stem) {
   Progress progress;
-  for (const report::OutputFormatEntry& entry : report::OutputFormats()) {
+  for (const reporting::OutputFormatEntry& entry : reporting::OutputFormats()) {
     const std::string path = stem + entry.extension;
-    if (entry.format == report::OutputFormat::kCsv && report.csv) {
+    if (entry.format == reporting::OutputFormat::kCsv && report.csv) {
       WriteFile(path, *report.csv);
     } else {
-      report::WriteReport(report.document, entry.format, QString::fromStdString(path), progress);
+      reporting::WriteReport(report.document, entry.format, QString::fromStdString(path), progress);
     }
   }
   if (std::string_view(kind.name) == kPrinted) {
-    Print(report::WriteText(report.document) + "\n");
+    Print(reporting::WriteText(report.document) + "\n");
   }
 }
 
@@ -59,7 +59,7 @@ void WriteReports(Context& context, const std::string& folder) {
     for (const DemoReportKind& kind : kinds) {
       kind.make(context, directory, year, [&](const DemoReport& report) {
         const std::string whose = report.client ? directory.Client(report.client).code : "all";
-        const QString stem = report::FileStem(
+        const QString stem = reporting::FileStem(
             {QString::fromStdString(fmt::format("{}-{}-{}", whose, year.Utf8(), kind.name))});
         WriteDemoReport(kind, report, folder + "/" + stem.toStdString());
       });

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Command.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 
 #include <functional>
 #include <optional>
@@ -12,7 +12,7 @@ namespace quorvane::cli {
 /// A report of one client and year, for the demonstration.
 struct DemoReport {
   ClientId client;  ///< none for a report over all clients
-  report::ReportDocument document;
+  reporting::ReportDocument document;
   std::optional<std::string> csv = {};  ///< in place of the document's own CSV
 };
 

@@ -2,8 +2,8 @@
 #include "core/ledger/Lots.h"
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
-#include "reports/document/ReportDocument.h"
-#include "reports/output/TextWriter.h"
+#include "reporting/document/ReportDocument.h"
+#include "reporting/output/TextWriter.h"
 
 #include <algorithm>
 #include <tuple>
@@ -56,21 +56,21 @@ std::string HoldingsCsv(const std::vector<records::Lot>& lots,
   return out;
 }
 
-report::ReportDocument HoldingsDocument(const HoldingsOptions& options,
+reporting::ReportDocument HoldingsDocument(const HoldingsOptions& options,
                                         const std::vector<records::Lot>& lots,
                                         const lookups::Directory& directory) {
-  using report::Alignment;
-  using report::Mask;
+  using reporting::Alignment;
+  using reporting::Mask;
   const auto utf8 = [](const std::string& text) { return QString::fromStdString(text); };
-  report::Table table;
+  reporting::Table table;
   table.columns = {{QStringLiteral("Demat A/c No."), Mask::kText, Alignment::kLeft},
                    {QStringLiteral("Code"), Mask::kText, Alignment::kLeft},
                    {QStringLiteral("Script Name"), Mask::kText, Alignment::kLeft},
                    {QStringLiteral("Rate"), Mask::kAmount, Alignment::kRight},
-                   report::QuantityColumn(QStringLiteral("Quantity"))};
+                   reporting::QuantityColumn(QStringLiteral("Quantity"))};
   for (const records::Lot& lot : lots) {
     const auto& scrip = directory.Scrip(lot.scrip);
-    table.rows.push_back({report::RowKind::kData,
+    table.rows.push_back({reporting::RowKind::kData,
                           {utf8(directory.Account(lot.account).number), utf8(scrip.code),
                            utf8(scrip.name), lot.rate, lot.quantity.Number()}});
   }
@@ -84,7 +84,7 @@ void Holdings(Context& context, const HoldingsOptions& options) {
   const lookups::Directory directory(context.Connection());
   const std::vector<records::Lot> lots = LotsOf(context, directory, options);
   Print(options.format == "csv" ? HoldingsCsv(lots, directory)
-                                : report::WriteText(HoldingsDocument(options, lots, directory)));
+                                : reporting::WriteText(HoldingsDocument(options, lots, directory)));
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 #include "cli/DemoReports.h"
 #include "cli/ReportCommand.h"
 #include "core/lookups/Choices.h"
-#include "transactions/broker_ledger/LedgerDocument.h"
+#include "reports/broker_ledger/LedgerDocument.h"
 
 namespace quorvane::cli {
 namespace {
@@ -28,7 +28,7 @@ std::vector<BrokerId> BrokersOf(Context& context, const std::vector<std::string>
   return brokers;
 }
 
-report::ReportDocument MakeLedger(Context& context, const broker_ledger::LedgerQuery& query,
+reporting::ReportDocument MakeLedger(Context& context, const broker_ledger::LedgerQuery& query,
                                   const lookups::Directory& directory) {
   Progress progress;
   return broker_ledger::MakeLedgerDocument(
@@ -69,7 +69,7 @@ void MakeDemoLedgers(Context& context, const lookups::Directory& directory,
                      text::FinancialYear year, const DemoReportKind::Give& give) {
   for (const lookups::ClientEntry& client : directory.Clients()) {
     give({client.id,
-          MakeLedger(context, {{client.id, year}, report::Period::Of(year), {}}, directory)});
+          MakeLedger(context, {{client.id, year}, reporting::Period::Of(year), {}}, directory)});
   }
 }
 

@@ -1,14 +1,14 @@
 #include "cli/ReportCommand.h"
 
 #include "core/platform/PrivateFile.h"
-#include "reports/output/CsvWriter.h"
-#include "reports/output/TextWriter.h"
-#include "reports/output/WriteReport.h"
+#include "reporting/output/CsvWriter.h"
+#include "reporting/output/TextWriter.h"
+#include "reporting/output/WriteReport.h"
 
 namespace quorvane::cli {
 namespace {
 
-using report::OutputFormat;
+using reporting::OutputFormat;
 
 bool IsText(OutputFormat format) {
   return format == OutputFormat::kText || format == OutputFormat::kCsv;
@@ -16,7 +16,7 @@ bool IsText(OutputFormat format) {
 
 std::vector<std::string> FormatNames() {
   std::vector<std::string> names;
-  for (const report::OutputFormatEntry& entry : report::OutputFormats()) {
+  for (const reporting::OutputFormatEntry& entry : reporting::OutputFormats()) {
     names.emplace_back(entry.name);
   }
   return names;
@@ -72,7 +72,7 @@ Scope ScopeOf(const ScopeOptions& options, const lookups::Directory& directory) 
     throw WrongUsage("expected --client CODE or --all");
   }
   const text::FinancialYear year = YearOf(options.year);
-  Scope scope{{}, year, report::Period::Of(year), {}, {}};
+  Scope scope{{}, year, reporting::Period::Of(year), {}, {}};
   if (!options.all) {
     scope.client = ClientOf(directory, options.client);
   }
@@ -82,7 +82,7 @@ Scope ScopeOf(const ScopeOptions& options, const lookups::Directory& directory) 
   if (!options.to.empty()) {
     scope.period.to = DateOf("--to", options.to);
   }
-  if (const auto outside = report::RefuseOutside(scope.period, year)) {
+  if (const auto outside = reporting::RefuseOutside(scope.period, year)) {
     throw Refused(outside->text.toStdString());
   }
   if (scope.period.from > scope.period.to) {
@@ -104,8 +104,8 @@ std::vector<ClientId> ClientsOf(const Scope& scope, const lookups::Directory& di
   return clients;
 }
 
-report::OutputFormat OutputOptions::Format() const {
-  return report::FormatNamed(format).value_or(OutputFormat::kText);
+reporting::OutputFormat OutputOptions::Format() const {
+  return reporting::FormatNamed(format).value_or(OutputFormat::kText);
 }
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
@@ -127,15 +127,15 @@ std::string ReportOutput::PathOf(const std::string& name) {
     return options_.out;
   }
   platform::MakeOutputFolder(QString::fromStdString(options_.out));
-  const QString stem = report::FileStem({QString::fromStdString(name)});
+  const QString stem = reporting::FileStem({QString::fromStdString(name)});
   QString free = stem;
   for (int number = 2; !names_.insert(free.toCaseFolded()).second; ++number) {
     free = QStringLiteral("%1 (%2)").arg(stem).arg(number);
   }
-  return options_.out + "/" + (free + report::ExtensionOf(options_.Format())).toStdString();
+  return options_.out + "/" + (free + reporting::ExtensionOf(options_.Format())).toStdString();
 }
 
-void ReportOutput::Take(const report::ReportDocument& document, const std::string& name) {
+void ReportOutput::Take(const reporting::ReportDocument& document, const std::string& name) {
   const OutputFormat format = options_.Format();
   if (!ToFiles()) {
     TakeText(format == OutputFormat::kCsv ? WriteCsv(document) : WriteText(document), name);

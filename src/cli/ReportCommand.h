@@ -1,9 +1,9 @@
 #pragma once
 
 #include "cli/Command.h"
-#include "reports/document/ReportDocument.h"
-#include "reports/output/OutputFormat.h"
-#include "reports/period/Period.h"
+#include "reporting/document/ReportDocument.h"
+#include "reporting/output/OutputFormat.h"
+#include "reporting/period/Period.h"
 
 #include <optional>
 #include <set>
@@ -33,7 +33,7 @@ void AddScopeOptions(CLI::App& command, ScopeOptions& options);
 struct Scope {
   std::optional<ClientId> client;  ///< none with --all
   text::FinancialYear year;
-  report::Period period;
+  reporting::Period period;
   std::vector<AccountId> accounts;  ///< empty when none was named
   std::vector<ScripId> scrips;
 };
@@ -48,7 +48,7 @@ struct OutputOptions {
   std::string format = "text";
   std::string out;
 
-  report::OutputFormat Format() const;
+  reporting::OutputFormat Format() const;
 };
 
 /// Adds --format and --out.
@@ -67,7 +67,7 @@ class ReportOutput {
   ReportOutput(Context& context, const OutputOptions& options, bool several);
 
   /// `name` is the file's name in a folder.
-  void Take(const report::ReportDocument& document, const std::string& name);
+  void Take(const reporting::ReportDocument& document, const std::string& name);
 
   /// The same for a report that is text already, such as CSV for machines.
   void TakeText(const std::string& text, const std::string& name);

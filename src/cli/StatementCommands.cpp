@@ -8,7 +8,7 @@
 namespace quorvane::cli {
 namespace {
 
-using report::OutputFormat;
+using reporting::OutputFormat;
 
 struct StatementOptions {
   ScopeOptions scope;

@@ -8,7 +8,7 @@
 
 class QWidget;
 
-namespace quorvane::report {
+namespace quorvane::reporting {
 struct ReportDocument;
 }
 
@@ -29,8 +29,8 @@ struct Desk {
                                                                            QWidget*) {};
 
   /// Shows a report as pages, to look at, print and save.
-  std::function<void(const report::ReportDocument& document, QWidget* over)> show_report =
-      [](const report::ReportDocument&, QWidget*) {};
+  std::function<void(const reporting::ReportDocument& document, QWidget* over)> show_report =
+      [](const reporting::ReportDocument&, QWidget*) {};
 
   /// Asks where a file is to be saved; empty when the user gives it up.
   std::function<QString(QWidget* over, const QString& suggested_path)> ask_save_path =

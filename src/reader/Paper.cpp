@@ -1,6 +1,6 @@
 #include "reader/Paper.h"
 
-#include "masters/clients/DocumentPage.h"
+#include "documents/window/DocumentPage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +13,7 @@ QImage BlankPaper(const QSizeF& actual, int dots) {
   const double sharpness = dots / kInch;
   const double pixels = actual.width() * actual.height() * sharpness * sharpness;
   const double factor =
-      sharpness * std::min(1.0, std::sqrt(clients::DocumentPage::kMostPixels / pixels));
+      sharpness * std::min(1.0, std::sqrt(documents::DocumentPage::kMostPixels / pixels));
   const QSize size(static_cast<int>(actual.width() * factor),
                    static_cast<int>(actual.height() * factor));
   QImage paper(size.expandedTo({1, 1}), QImage::Format_RGB32);

@@ -44,7 +44,7 @@ void Load(QPdfDocument& document, const QString& path) {
 
 }  // namespace
 
-clients::DocumentPage ReadPdfPage(const QString& path, int number, int dots) {
+documents::DocumentPage ReadPdfPage(const QString& path, int number, int dots) {
   QPdfDocument document;
   Load(document, path);
   const QSizeF actual = document.pagePointSize(number) * kPoint;
@@ -57,8 +57,8 @@ clients::DocumentPage ReadPdfPage(const QString& path, int number, int dots) {
     RefuseBroken();
   }
   QPainter(&paper).drawImage(0, 0, ink);
-  clients::DocumentPage page =
-      clients::MakePage(std::move(paper), actual, number, document.pageCount());
+  documents::DocumentPage page =
+      documents::MakePage(std::move(paper), actual, number, document.pageCount());
   page.text = document.getAllText(number).text();
   return page;
 }

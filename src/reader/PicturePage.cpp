@@ -27,7 +27,7 @@ bool IsTooLarge(const QSize& picture) {
   return picture.isValid() && bytes > kMostMegabytes * 1024.0 * 1024.0;
 }
 
-clients::DocumentPage ReadPicturePage(const QString& path, int number) {
+documents::DocumentPage ReadPicturePage(const QString& path, int number) {
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
@@ -47,7 +47,7 @@ clients::DocumentPage ReadPicturePage(const QString& path, int number) {
     Refuse(QT_TRANSLATE_NOOP("Clients", "The Image is Broken."));
   }
   const QSizeF actual = image.size();
-  return clients::MakePage(std::move(image), actual, number, count);
+  return documents::MakePage(std::move(image), actual, number, count);
 }
 
 }  // namespace quorvane::reader

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "masters/clients/DocumentPage.h"
+#include "documents/window/DocumentPage.h"
 
 namespace quorvane::reader {
 
 /// A page of a picture, in its own pixels. Throws std::runtime_error with a text for the user.
-clients::DocumentPage ReadPicturePage(const QString& path, int number);
+documents::DocumentPage ReadPicturePage(const QString& path, int number);
 
 /// Lets pictures be read as large as a colour scan of a page at 600 dots an inch, and no larger.
 void BoundPictures();

@@ -1,6 +1,6 @@
 #include "reader/TextPage.h"
 
-#include "masters/clients/DocumentText.h"
+#include "documents/DocumentText.h"
 #include "reader/Paper.h"
 #include "reader/PicturePage.h"
 #include "reader/Refuse.h"
@@ -113,7 +113,7 @@ void FitPictures(QTextDocument& document) {
   }
 }
 
-void Fill(QTextDocument& document, const clients::DocumentText& text) {
+void Fill(QTextDocument& document, const documents::DocumentText& text) {
   document.setUndoRedoEnabled(false);
   document.setDocumentMargin(kEdge);
   // Columns of a plain text are made of blanks.
@@ -153,9 +153,9 @@ QString TextIn(QTextDocument& document, const QRectF& place) {
 
 }  // namespace
 
-clients::DocumentPage ReadTextPage(const QString& path, int number, int dots) {
+documents::DocumentPage ReadTextPage(const QString& path, int number, int dots) {
   ClosedDocument document;
-  Fill(document, clients::ReadDocumentText(path, {}));
+  Fill(document, documents::ReadDocumentText(path, {}));
   const QSizeF actual = LayOut(document);
   if (document.HoldsTooLargePicture()) {
     RefuseTooLarge();
@@ -171,8 +171,8 @@ clients::DocumentPage ReadTextPage(const QString& path, int number, int dots) {
   context.palette.setColor(QPalette::Text, Qt::black);
   document.documentLayout()->draw(&painter, context);
   painter.end();
-  clients::DocumentPage page =
-      clients::MakePage(std::move(paper), actual, number, std::max(1, document.pageCount()));
+  documents::DocumentPage page =
+      documents::MakePage(std::move(paper), actual, number, std::max(1, document.pageCount()));
   page.text = TextIn(document, place);
   return page;
 }

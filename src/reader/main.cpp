@@ -1,7 +1,7 @@
 #include "core/app/AppInfo.h"
 #include "core/platform/ProcessLimits.h"
-#include "masters/clients/DocumentKind.h"
-#include "masters/clients/DocumentReading.h"
+#include "documents/DocumentKind.h"
+#include "documents/DocumentReading.h"
 #include "reader/PdfPage.h"
 #include "reader/PicturePage.h"
 #include "reader/Refuse.h"
@@ -18,7 +18,7 @@
 namespace {
 
 using namespace quorvane;
-using clients::DocumentKind;
+using documents::DocumentKind;
 
 constexpr std::int64_t kMegabyte = 1 << 20;
 
@@ -54,8 +54,8 @@ Order OrderOf(const QGuiApplication& application) {
           .language_file = parser.value(QStringLiteral("language"))};
 }
 
-clients::DocumentPage Read(const Order& order) {
-  switch (clients::KindOf(order.path)) {
+documents::DocumentPage Read(const Order& order) {
+  switch (documents::KindOf(order.path)) {
     case DocumentKind::kImage:
       return reader::ReadPicturePage(order.path, order.page);
     case DocumentKind::kPdf:
@@ -65,21 +65,21 @@ clients::DocumentPage Read(const Order& order) {
     case DocumentKind::kUnsupported:
       break;
   }
-  throw std::runtime_error(clients::FormatNotSupported().toStdString());
+  throw std::runtime_error(documents::FormatNotSupported().toStdString());
 }
 
 int Write(const QByteArray& line, QFile& out) {
   out.write(line + '\n');
-  return clients::kReaderRefused;
+  return documents::kReaderRefused;
 }
 
 int Answer(const Order& order) {
   QFile out;
   if (!out.open(stdout, QIODevice::WriteOnly)) {
-    return clients::kReaderRefused;
+    return documents::kReaderRefused;
   }
   try {
-    return clients::WritePage(Read(order), out) ? clients::kReaderDone : clients::kReaderRefused;
+    return documents::WritePage(Read(order), out) ? documents::kReaderDone : documents::kReaderRefused;
   } catch (const std::bad_alloc&) {
     return Write(
         QCoreApplication::translate("Clients", "The Document is too Large to be Shown.").toUtf8(),
@@ -100,7 +100,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("quorvane-reader"));
   QCoreApplication::setApplicationVersion(QLatin1String(app::kVersionText));
   const Order order = OrderOf(application);
-  platform::LimitThisProcess(order.limits, clients::kReaderUsedUp);
+  platform::LimitThisProcess(order.limits, documents::kReaderUsedUp);
   reader::BoundPictures();
   QTranslator translator;
   if (!order.language_file.isEmpty() && translator.load(order.language_file)) {

@@ -3,7 +3,7 @@
 #include "controls/ComboBox.h"
 #include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -114,7 +114,7 @@ class ShownWindow {
 
   RecordingMessages messages;
   QStringList opened;
-  std::vector<report::ReportDocument> reports;
+  std::vector<reporting::ReportDocument> reports;
   QPointer<Window> window;
 
  private:
@@ -123,7 +123,7 @@ class ShownWindow {
     session_.connection = std::make_unique<database::Connection>(database.Settings());
     session_.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
     desk_.open = [this](const QString& name) { opened.append(name); };
-    desk_.show_report = [this](const report::ReportDocument& document, QWidget*) {
+    desk_.show_report = [this](const reporting::ReportDocument& document, QWidget*) {
       reports.push_back(document);
     };
     window = new Window(desk_, more...);

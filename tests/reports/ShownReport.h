@@ -2,7 +2,7 @@
 
 #include "core/lookups/Directory.h"
 #include "masters/ShownWindow.h"
-#include "reports/screen/ReportGridView.h"
+#include "reporting/screen/window/ReportGridView.h"
 
 #include <QAction>
 #include <QDir>
@@ -50,7 +50,7 @@ struct ShownReport {
   void Enter(const QString& box, const QString& text) const {
     Named<QLineEdit>(box)->setText(text);
   }
-  const report::ReportModel& Screen() const { return Named<report::ReportGridView>("VS")->Model(); }
+  const reporting::ReportModel& Screen() const { return Named<reporting::ReportGridView>("VS")->Model(); }
 
   QTemporaryDir folder;
   app::Session session;

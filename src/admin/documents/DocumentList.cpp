@@ -5,7 +5,7 @@
 namespace quorvane::documents {
 
 std::vector<ListedDocument> ListDocuments(database::Connection& connection,
-                                          const clients::DocumentStore& store) {
+                                          const documents::DocumentStore& store) {
   std::vector<ListedDocument> documents;
   for (const auto& row :
        connection.Open("Select Id,Code,Name,SignDoc From ClientInfo Where SignDoc<>'' "

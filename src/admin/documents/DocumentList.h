@@ -2,7 +2,7 @@
 
 #include "core/Ids.h"
 #include "core/database/Connection.h"
-#include "masters/clients/DocumentStore.h"
+#include "documents/DocumentStore.h"
 
 #include <QDateTime>
 #include <QString>
@@ -24,6 +24,6 @@ struct ListedDocument {
 
 /// The documents of all clients, by the clients' code and id. Throws DatabaseError.
 std::vector<ListedDocument> ListDocuments(database::Connection& connection,
-                                          const clients::DocumentStore& store);
+                                          const documents::DocumentStore& store);
 
 }  // namespace quorvane::documents

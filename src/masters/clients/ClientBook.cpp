@@ -98,7 +98,7 @@ std::vector<std::string> ClientTables(Transaction& transaction) {
 
 }  // namespace
 
-ClientBook::ClientBook(Connection& connection, DocumentStore documents)
+ClientBook::ClientBook(Connection& connection, documents::DocumentStore documents)
     : connection_(connection), documents_(std::move(documents)) {}
 
 std::vector<ClientRow> ClientBook::List() const {
@@ -130,7 +130,7 @@ MaybeRefusal ClientBook::Save(Client& client, const QString& new_document) {
     return refusal;
   }
   Client received = client;
-  DocumentStore::Incoming incoming;
+  documents::DocumentStore::Incoming incoming;
   if (MaybeRefusal refusal = ReceiveDocument(received, stored, new_document, incoming)) {
     return refusal;
   }
@@ -175,7 +175,7 @@ void ClientBook::Delete(ClientId id) {
 
 MaybeRefusal ClientBook::ReceiveDocument(Client& client, const Client& stored,
                                          const QString& new_document,
-                                         DocumentStore::Incoming& incoming) const {
+                                         documents::DocumentStore::Incoming& incoming) const {
   if (!new_document.isEmpty()) {
     MaybeRefusal refusal = documents_.Receive(new_document, incoming);
     client.document = incoming.Name();
@@ -185,10 +185,10 @@ MaybeRefusal ClientBook::ReceiveDocument(Client& client, const Client& stored,
   const bool changed = client.document != stored.document.trimmed();
   const bool missing = changed && !client.document.isEmpty() &&
                        (!client.id || !documents_.Path(client.id, client.document));
-  return missing ? MaybeRefusal(FileDoesNotExist()) : std::nullopt;
+  return missing ? MaybeRefusal(documents::FileDoesNotExist()) : std::nullopt;
 }
 
-void ClientBook::FileDocument(const Client& client, DocumentStore::Incoming incoming) const {
+void ClientBook::FileDocument(const Client& client, documents::DocumentStore::Incoming incoming) const {
   try {
     if (!incoming.Name().isEmpty()) {
       documents_.Place(client.id, std::move(incoming));

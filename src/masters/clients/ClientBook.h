@@ -3,7 +3,7 @@
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
 #include "masters/clients/Client.h"
-#include "masters/clients/DocumentStore.h"
+#include "documents/DocumentStore.h"
 
 #include <optional>
 #include <vector>
@@ -23,7 +23,7 @@ struct ClientRow {
 /// saved all the same.
 class ClientBook {
  public:
-  ClientBook(database::Connection& connection, DocumentStore documents);
+  ClientBook(database::Connection& connection, documents::DocumentStore documents);
 
   /// By code, then by id.
   std::vector<ClientRow> List() const;
@@ -45,16 +45,16 @@ class ClientBook {
   /// document.
   void Delete(ClientId id);
 
-  const DocumentStore& Documents() const { return documents_; }
+  const documents::DocumentStore& Documents() const { return documents_; }
 
  private:
   MaybeRefusal Check(const Client& client, const Client& stored) const;
   MaybeRefusal ReceiveDocument(Client& client, const Client& stored, const QString& new_document,
-                               DocumentStore::Incoming& incoming) const;
-  void FileDocument(const Client& client, DocumentStore::Incoming incoming) const;
+                               documents::DocumentStore::Incoming& incoming) const;
+  void FileDocument(const Client& client, documents::DocumentStore::Incoming incoming) const;
 
   database::Connection& connection_;
-  DocumentStore documents_;
+  documents::DocumentStore documents_;
 };
 
 }  // namespace quorvane::clients

@@ -5,7 +5,7 @@
 #include "core/database/Connection.h"
 #include "core/records/Faults.h"
 #include "core/text/Shares.h"
-#include "reports/period/Period.h"
+#include "reporting/period/Period.h"
 
 #include <QString>
 
@@ -24,7 +24,7 @@ using text::Shares;
 struct StatementQuery {
   std::optional<ClientId> client;  ///< every client when there is none
   text::FinancialYear year;
-  report::Period period;
+  reporting::Period period;
   std::vector<AccountId> accounts;  ///< all when empty, records without an account included
   std::vector<ScripId> scrips;      ///< all when empty
 };

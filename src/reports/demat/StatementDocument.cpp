@@ -10,9 +10,9 @@
 namespace quorvane::demat {
 namespace {
 
-using report::Cell;
-using report::RowKind;
-using report::Table;
+using reporting::Cell;
+using reporting::RowKind;
+using reporting::Table;
 
 QString Tr(const char* text) {
   return QCoreApplication::translate("DematStatement", text);
@@ -31,9 +31,9 @@ Table NewTable(const lookups::AccountEntry& account) {
   Table table;
   table.titles = {account.id ? Tr("Demat A/c No. ") + Utf8(account.number)
                              : Tr("Without Demat A/c")};
-  table.columns = {report::DateColumn(Tr("Date")), report::TextColumn(Tr("Particulars")),
-                   report::QuantityColumn(Tr("In")), report::QuantityColumn(Tr("Out")),
-                   report::QuantityColumn(Tr("Balance"))};
+  table.columns = {reporting::DateColumn(Tr("Date")), reporting::TextColumn(Tr("Particulars")),
+                   reporting::QuantityColumn(Tr("In")), reporting::QuantityColumn(Tr("Out")),
+                   reporting::QuantityColumn(Tr("Balance"))};
   return table;
 }
 
@@ -71,11 +71,11 @@ void AppendQuantity(std::string& out, Shares quantity) {
 
 }  // namespace
 
-report::ReportDocument MakeStatementDocument(const StatementQuery& query, ClientId client,
+reporting::ReportDocument MakeStatementDocument(const StatementQuery& query, ClientId client,
                                              std::span<const ScripMovements> scrips,
                                              const lookups::Directory& directory) {
   const lookups::ClientEntry& entry = directory.Client(client);
-  report::ReportDocument document;
+  reporting::ReportDocument document;
   document.titles = {Tr("Demat A/c Statement") + QStringLiteral(" (") + Tr("From ") +
                          text::FormatDmy(query.period.from) + Tr(" To ") +
                          text::FormatDmy(query.period.to) + QLatin1Char(')'),

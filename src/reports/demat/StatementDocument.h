@@ -2,7 +2,7 @@
 
 #include "core/lookups/Directory.h"
 #include "reports/demat/DematStatement.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 
 #include <span>
 #include <string>
@@ -11,7 +11,7 @@ namespace quorvane::demat {
 
 /// One client's "Demat A/c Statement" as a document, from what BuildStatement hands out: a table an
 /// account, the scrips one after the other, each closed by its totals.
-report::ReportDocument MakeStatementDocument(const StatementQuery& query, ClientId client,
+reporting::ReportDocument MakeStatementDocument(const StatementQuery& query, ClientId client,
                                              std::span<const ScripMovements> scrips,
                                              const lookups::Directory& directory);
 

@@ -9,10 +9,10 @@
 namespace quorvane::demat {
 namespace {
 
-using report::Cell;
-using report::Row;
-using report::RowKind;
-using report::Table;
+using reporting::Cell;
+using reporting::Row;
+using reporting::RowKind;
+using reporting::Table;
 
 QString Tr(const char* text) {
   return QCoreApplication::translate("TransactionReport", text);
@@ -28,12 +28,12 @@ Cell Paise(std::int64_t paise) {
 
 Table NewTable() {
   Table table;
-  table.columns = {report::NumberColumn(Tr("S.No")),        report::DateColumn(Tr("Date")),
-                   report::TextColumn(Tr("Company Name")),  report::TextColumn(Tr("Transaction")),
-                   report::QuantityColumn(Tr("Quantity")),  report::AmountColumn(Tr("Rate")),
-                   report::AmountColumn(Tr("Trade Value")), report::AmountColumn(Tr("Brokerage")),
-                   report::AmountColumn(Tr("S.Tax")),       report::AmountColumn(Tr("S.T.T.")),
-                   report::AmountColumn(Tr("Total"))};
+  table.columns = {reporting::NumberColumn(Tr("S.No")),        reporting::DateColumn(Tr("Date")),
+                   reporting::TextColumn(Tr("Company Name")),  reporting::TextColumn(Tr("Transaction")),
+                   reporting::QuantityColumn(Tr("Quantity")),  reporting::AmountColumn(Tr("Rate")),
+                   reporting::AmountColumn(Tr("Trade Value")), reporting::AmountColumn(Tr("Brokerage")),
+                   reporting::AmountColumn(Tr("S.Tax")),       reporting::AmountColumn(Tr("S.T.T.")),
+                   reporting::AmountColumn(Tr("Total"))};
   return table;
 }
 
@@ -77,7 +77,7 @@ Table BrokerTable(const BrokerTransactions& broker, const lookups::Directory& di
 }
 
 /// A table with nothing but totals.
-void AddTotalsOf(report::ReportDocument& document, const QString& title,
+void AddTotalsOf(reporting::ReportDocument& document, const QString& title,
                  const TransactionSums& sums, const TransactionClosing& closing) {
   Table table = NewTable();
   table.titles = {title};
@@ -85,7 +85,7 @@ void AddTotalsOf(report::ReportDocument& document, const QString& title,
   document.tables.push_back(std::move(table));
 }
 
-void AddGrandTotal(report::ReportDocument& document, const QString& title,
+void AddGrandTotal(reporting::ReportDocument& document, const QString& title,
                    std::span<const TransactionSection> sections) {
   if (sections.size() < 2) {
     return;
@@ -99,7 +99,7 @@ void AddGrandTotal(report::ReportDocument& document, const QString& title,
   AddTotalsOf(document, title, sums, closing);
 }
 
-void AddSection(report::ReportDocument& document, const TransactionSection& section,
+void AddSection(reporting::ReportDocument& document, const TransactionSection& section,
                 const lookups::Directory& directory) {
   const std::size_t first = document.tables.size();
   for (const BrokerTransactions& broker : section.brokers) {
@@ -143,14 +143,14 @@ std::vector<ClosingLine> ClosingLines(const TransactionClosing& closing) {
           {Tr("Add/Less: Trans. Charges :"), text::FromPaise(closing.transaction_charges)}};
 }
 
-report::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
+reporting::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
                                                std::span<const TransactionSection> sections,
                                                const lookups::Directory& directory) {
   const lookups::ClientEntry& entry = directory.Client(client);
-  report::ReportDocument document;
+  reporting::ReportDocument document;
   document.titles = {TransactionTitle(query.layout),
                      Utf8(entry.name) + QStringLiteral(" (") + Utf8(entry.code) + QLatin1Char(')'),
-                     report::PeriodLine(query.period)};
+                     reporting::PeriodLine(query.period)};
   if (!query.account_wise) {
     document.titles << AccountsLine(query, directory);
   }

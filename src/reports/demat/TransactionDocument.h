@@ -2,7 +2,7 @@
 
 #include "core/lookups/Directory.h"
 #include "reports/demat/TransactionReport.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 
 #include <span>
 #include <string>
@@ -19,7 +19,7 @@ QString AccountLine(AccountId account, const lookups::Directory& directory);
 
 /// One client's report as a document, from what BuildTransactions hands out: a table a broker, and
 /// one with the totals of all where there are several; account by account also the grand total.
-report::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
+reporting::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
                                                std::span<const TransactionSection> sections,
                                                const lookups::Directory& directory);
 

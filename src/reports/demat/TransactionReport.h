@@ -5,7 +5,7 @@
 #include "core/database/Connection.h"
 #include "core/records/Faults.h"
 #include "core/text/Shares.h"
-#include "reports/period/Period.h"
+#include "reporting/period/Period.h"
 
 #include <QString>
 
@@ -25,7 +25,7 @@ enum class TransactionLayout : std::uint8_t { kSummarized, kDetailed };
 struct TransactionQuery {
   std::optional<ClientId> client;  ///< every client when there is none
   text::FinancialYear year;
-  report::Period period;
+  reporting::Period period;
   std::vector<AccountId> accounts;  ///< all when empty, bills without an account included
   std::vector<ScripId> scrips;      ///< all when empty
   TransactionLayout layout = TransactionLayout::kSummarized;

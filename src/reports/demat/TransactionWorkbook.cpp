@@ -2,7 +2,7 @@
 
 #include "core/text/Amounts.h"
 #include "reports/demat/TransactionDocument.h"
-#include "reports/output/XlsxTemplate.h"
+#include "reporting/output/XlsxTemplate.h"
 
 #include <QCoreApplication>
 
@@ -11,8 +11,8 @@
 namespace quorvane::demat {
 namespace {
 
-using report::Cell;
-using report::TemplateLine;
+using reporting::Cell;
+using reporting::TemplateLine;
 
 constexpr std::size_t kFields = 13;
 constexpr std::size_t kCompany = 4;
@@ -99,7 +99,7 @@ class LineList {
                                   Utf8(directory_.Scrip(line.scrip).name),
                                   line.purchase ? Tr("Buy") : Tr("Sell"),
                                   line.quantity.Number(),
-                                  report::ShownNumber(line.rate, report::Mask::kAmount)};
+                                  reporting::ShownNumber(line.rate, reporting::Mask::kAmount)};
     std::ranges::copy(texts, out.cells.begin());
     lines_.push_back(std::move(out));
   }
@@ -128,12 +128,12 @@ void WriteTransactionWorkbook(const TransactionQuery& query, ClientId client,
                               std::span<const TransactionSection> sections,
                               const lookups::Directory& directory, const QString& templates,
                               const QString& path, Progress& progress) {
-  report::XlsxTemplate book(templates + QLatin1Char('/') + TransactionTemplate(query.layout));
+  reporting::XlsxTemplate book(templates + QLatin1Char('/') + TransactionTemplate(query.layout));
   const lookups::ClientEntry& entry = directory.Client(client);
   book.Set(QStringLiteral("CompId"),
            Utf8(entry.name) + QStringLiteral(" (") + Utf8(entry.code) + QLatin1Char(')'));
   book.Set(QStringLiteral("DMat"), AccountsLine(query, directory));
-  book.Set(QStringLiteral("FrmAndToDt"), report::PeriodLine(query.period));
+  book.Set(QStringLiteral("FrmAndToDt"), reporting::PeriodLine(query.period));
   const LineList list(query.layout, directory, sections);
   const QStringList patterns{QStringLiteral("Fld"), QStringLiteral("Grp"), QStringLiteral("Tot"),
                              QStringLiteral("Sum"), QStringLiteral("Net"), QStringLiteral("Gap")};

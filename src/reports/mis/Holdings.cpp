@@ -21,7 +21,7 @@ void Add(double& sum, double quantity) {
 class HoldingMaker {
  public:
   HoldingMaker(std::span<Purchase> purchases, std::span<const Sale> sales,
-               const report::Period& period)
+               const reporting::Period& period)
       : purchases_(purchases), sales_(sales), period_(period) {}
 
   Holding Make() {
@@ -101,7 +101,7 @@ class HoldingMaker {
 
   std::span<Purchase> purchases_;
   std::span<const Sale> sales_;
-  report::Period period_;
+  reporting::Period period_;
   Holding holding_;
 };
 
@@ -135,12 +135,12 @@ double Holding::SoldWithoutLot() const {
 }
 
 Holding MakeHolding(std::span<Purchase> purchases, std::span<const Sale> sales,
-                    const report::Period& period) {
+                    const reporting::Period& period) {
   return HoldingMaker(purchases, sales, period).Make();
 }
 
 HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
-                          const report::Period& period, Progress& progress) {
+                          const reporting::Period& period, Progress& progress) {
   const Selection selection(query);
   gains::History history(connection, {selection.OnlyClient(), query.year, period.from, period.to},
                          progress);

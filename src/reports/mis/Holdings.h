@@ -77,11 +77,11 @@ struct HoldingsRead {
 /// movement or stock left out: by client code, scrip name and account number. One query a table,
 /// whatever the number of clients. Throws as gains::History does.
 HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
-                          const report::Period& period, Progress& progress);
+                          const reporting::Period& period, Progress& progress);
 
 /// The holding of one place out of what came in and left there, both in date order; `purchases` are
 /// used up.
 Holding MakeHolding(std::span<gains::Purchase> purchases, std::span<const gains::Sale> sales,
-                    const report::Period& period);
+                    const reporting::Period& period);
 
 }  // namespace quorvane::mis

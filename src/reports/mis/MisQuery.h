@@ -2,7 +2,7 @@
 
 #include "core/Ids.h"
 #include "core/text/FinancialYear.h"
-#include "reports/period/Period.h"
+#include "reporting/period/Period.h"
 
 #include <cstdint>
 #include <optional>
@@ -40,7 +40,7 @@ struct MisQuery {
   Grouping grouping = Grouping::kScrip;
   bool detail = true;  ///< a line a movement or a lot; otherwise a line a scrip
   text::FinancialYear year;
-  report::Period period;
+  reporting::Period period;
   std::optional<Date> as_on = {};        ///< of a report of one day; else the period's last day
   std::vector<ClientId> clients = {};    ///< all when empty
   std::vector<AccountId> accounts = {};  ///< all when empty
@@ -51,7 +51,7 @@ struct MisQuery {
 
   /// The whole of a year.
   static MisQuery OfYear(ReportKind kind, Grouping grouping, text::FinancialYear year) {
-    return {.kind = kind, .grouping = grouping, .year = year, .period = report::Period::Of(year)};
+    return {.kind = kind, .grouping = grouping, .year = year, .period = reporting::Period::Of(year)};
   }
 };
 

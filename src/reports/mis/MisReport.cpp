@@ -33,8 +33,8 @@ QString NameOf(Grouping grouping) {
   return Tr("Client/Group Wise");
 }
 
-report::Period PeriodOf(const MisQuery& query) {
-  return IsOfOneDay(query.kind) ? report::Period{query.year.FirstDay(), query.ValuedOn()}
+reporting::Period PeriodOf(const MisQuery& query) {
+  return IsOfOneDay(query.kind) ? reporting::Period{query.year.FirstDay(), query.ValuedOn()}
                                 : query.period;
 }
 
@@ -55,7 +55,7 @@ QString Whose(const MisQuery& query, const Names& names) {
                                            : Tr("Clients : %1").arg(chosen.size());
 }
 
-void AddTitles(report::ReportDocument& document, const MisQuery& query, const Names& names) {
+void AddTitles(reporting::ReportDocument& document, const MisQuery& query, const Names& names) {
   const QString grouped = TitleOf(query.kind, query.grouping);
   if (IsOfOneDay(query.kind)) {
     document.titles << TitleOf(query.kind) + Tr(" as on ") + LongDate(query.ValuedOn());
@@ -64,8 +64,8 @@ void AddTitles(report::ReportDocument& document, const MisQuery& query, const Na
     document.titles << grouped;
   }
   document.titles << Tr("Financial Year : ") + query.year.Text();
-  if (!IsOfOneDay(query.kind) && query.period != report::Period::Of(query.year)) {
-    document.titles << report::PeriodLine(query.period);
+  if (!IsOfOneDay(query.kind) && query.period != reporting::Period::Of(query.year)) {
+    document.titles << reporting::PeriodLine(query.period);
   }
   const QString whose = Whose(query, names);
   if (!whose.isEmpty()) {
@@ -84,7 +84,7 @@ QString Listed(const std::set<QString>& all) {
   return Tr("%1 and %2 more").arg(names.mid(0, kMost).join(QStringLiteral(", "))).arg(more);
 }
 
-void AddNotes(report::ReportDocument& document, const ReportForm& form,
+void AddNotes(reporting::ReportDocument& document, const ReportForm& form,
               const std::vector<Holding>& holdings, const Names& names) {
   std::set<QString> uncounted;
   std::set<QString> without_lot;
@@ -145,7 +145,7 @@ QString LongDate(Date date) {
       QStringLiteral("dd MMMM, yyyy"));
 }
 
-report::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
+reporting::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
                                      Progress& progress) {
   const Names names(connection);
   const auto [holdings, faults] = ReadHoldings(connection, query, PeriodOf(query), progress);
@@ -153,7 +153,7 @@ report::ReportDocument MakeMisReport(database::Connection& connection, const Mis
                                  ? rates::RateBook(connection).NewestUpTo(query.ValuedOn())
                                  : MarketRates();
   const auto form = MakeForm(query.kind, market, query.ValuedOn());
-  report::ReportDocument document;
+  reporting::ReportDocument document;
   document.tables.push_back(MakeTable(query, *form, holdings, names));
   AddTitles(document, query, names);
   AddNotes(document, *form, holdings, names);

@@ -2,7 +2,7 @@
 
 #include "core/Progress.h"
 #include "core/database/Connection.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 #include "reports/mis/MisQuery.h"
 
 namespace quorvane::mis {
@@ -30,7 +30,7 @@ QString LongDate(Date date);
 /// note tells as well of shares that were sold without a purchase at their lot's rate.
 ///
 /// Without holdings the table has no rows. Throws as gains::History does.
-report::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
+reporting::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
                                      Progress& progress);
 
 }  // namespace quorvane::mis

@@ -9,16 +9,16 @@
 namespace quorvane::mis {
 namespace {
 
-using report::Cell;
-using report::RowKind;
+using reporting::Cell;
+using reporting::RowKind;
 
 QString Tr(const char* text) {
   return QCoreApplication::translate("MisReport", text);
 }
 
-report::Column ColumnOf(const FigureColumn& column) {
-  return column.nature == Nature::kShares ? report::QuantityColumn(column.heading)
-                                          : report::AmountColumn(column.heading);
+reporting::Column ColumnOf(const FigureColumn& column) {
+  return column.nature == Nature::kShares ? reporting::QuantityColumn(column.heading)
+                                          : reporting::AmountColumn(column.heading);
 }
 
 Cell CellOf(const std::optional<double>& figure, Nature nature) {
@@ -64,7 +64,7 @@ class TableBuilder {
         several_clients_(HasSeveralClients(holdings)),
         levels_(LevelsOf(query.grouping, query.detail)),
         sums_(levels_.size() + 1) {
-    table_.columns.push_back(report::TextColumn(Tr("Particulars")));
+    table_.columns.push_back(reporting::TextColumn(Tr("Particulars")));
     for (const FigureColumn& column : columns_) {
       table_.columns.push_back(ColumnOf(column));
     }
@@ -84,7 +84,7 @@ class TableBuilder {
     Put(holding);
   }
 
-  report::Table Finish() {
+  reporting::Table Finish() {
     if (any_) {
       CloseLine();
       Close(0);
@@ -203,7 +203,7 @@ class TableBuilder {
   }
 
   void AddRow(RowKind kind, const QString& label, const Figures& figures) {
-    report::Row& row = table_.rows.emplace_back();
+    reporting::Row& row = table_.rows.emplace_back();
     row.kind = kind;
     row.cells.emplace_back(label);
     for (std::size_t i = 0; i < columns_.size(); ++i) {
@@ -222,12 +222,12 @@ class TableBuilder {
   double running_ = 0;
   Place last_;
   bool any_ = false;
-  report::Table table_;
+  reporting::Table table_;
 };
 
 }  // namespace
 
-report::Table MakeTable(const MisQuery& query, const ReportForm& form,
+reporting::Table MakeTable(const MisQuery& query, const ReportForm& form,
                         const std::vector<Holding>& holdings, const Names& names) {
   TableBuilder builder(query, form, holdings, names);
   for (const Place& place : OrderBy(LevelsOf(query.grouping, query.detail), holdings, names)) {

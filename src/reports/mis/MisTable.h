@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 #include "reports/mis/GroupOrder.h"
 #include "reports/mis/ReportForm.h"
 
@@ -13,7 +13,7 @@ namespace quorvane::mis {
 /// that group's. The table ends with "Total". Every total is the sum of the lines above it that
 /// count: money always, shares where all of them are of one scrip. A balance of shares in a total
 /// is that at the end of the period.
-report::Table MakeTable(const MisQuery& query, const ReportForm& form,
+reporting::Table MakeTable(const MisQuery& query, const ReportForm& form,
                         const std::vector<Holding>& holdings, const Names& names);
 
 }  // namespace quorvane::mis

@@ -2,7 +2,7 @@
 
 #include "core/gains/History.h"
 #include "core/text/Amounts.h"
-#include "reports/charts/GainsChart.h"
+#include "reporting/charts/GainsChart.h"
 #include "reports/mis/Holdings.h"
 #include "reports/mis/MarketRates.h"
 #include "reports/mis/MisReport.h"

@@ -2,7 +2,7 @@
 
 #include "core/Progress.h"
 #include "core/database/Connection.h"
-#include "reports/charts/ChartData.h"
+#include "reporting/charts/ChartData.h"
 #include "reports/mis/MisQuery.h"
 
 namespace quorvane::mis {

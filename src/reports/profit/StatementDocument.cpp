@@ -9,14 +9,14 @@
 namespace quorvane::profit {
 namespace {
 
-using report::AmountColumn;
-using report::Cell;
-using report::DateColumn;
-using report::Mask;
-using report::QuantityColumn;
-using report::ReportDocument;
-using report::Row;
-using report::Table;
+using reporting::AmountColumn;
+using reporting::Cell;
+using reporting::DateColumn;
+using reporting::Mask;
+using reporting::QuantityColumn;
+using reporting::ReportDocument;
+using reporting::Row;
+using reporting::Table;
 
 QString Tr(const char* text) {
   return QCoreApplication::translate("ProfitStatement", text);
@@ -100,7 +100,7 @@ class DetailTable {
     if (scrip != scrip_) {
       scrip_ = scrip;
       account_.reset();
-      table_.rows.push_back({report::RowKind::kGroup, {Utf8(directory_.Scrip(scrip_).name)}});
+      table_.rows.push_back({reporting::RowKind::kGroup, {Utf8(directory_.Scrip(scrip_).name)}});
     }
   }
 
@@ -109,7 +109,7 @@ class DetailTable {
     if (row.account != account_) {
       account_ = row.account;
       table_.rows.push_back(
-          {report::RowKind::kGroup,
+          {reporting::RowKind::kGroup,
            {row.account ? Tr("Demat A/c No - ") + Utf8(directory_.Account(row.account).number)
                         : Tr("Without Demat A/c")}});
     }
@@ -138,13 +138,13 @@ class DetailTable {
       HeadScrip(row.scrip);
     }
     const auto quantity = [&](double value) { return net ? Cell() : Cell(value); };
-    table_.rows.push_back({net ? report::RowKind::kNetTotal : report::RowKind::kTotal,
+    table_.rows.push_back({net ? reporting::RowKind::kNetTotal : reporting::RowKind::kTotal,
                            {net ? Tr("Net Total") : Tr("Total"), quantity(row.quantity), Cell(),
                             Paise(row.purchase_amount), Cell(), quantity(row.sale_quantity), Cell(),
                             Paise(row.sale_amount), Paise(row.purchase_cost), Paise(row.long_term),
                             Paise(row.short_term), Paise(row.speculation)}});
     if (!net) {
-      table_.rows.push_back({report::RowKind::kGap, {}});
+      table_.rows.push_back({reporting::RowKind::kGap, {}});
     }
     scrip_ = {};
   }
@@ -159,8 +159,8 @@ class DetailTable {
 class SummaryTable {
  public:
   explicit SummaryTable(const lookups::Directory& directory) : directory_(directory) {
-    table_.columns = {report::NumberColumn(Tr("S.No")),
-                      report::TextColumn(Tr("Company Name")),
+    table_.columns = {reporting::NumberColumn(Tr("S.No")),
+                      reporting::TextColumn(Tr("Company Name")),
                       QuantityColumn(Tr("Quantity")),
                       DateColumn(Tr("Sale Date")),
                       AmountColumn(Tr("S.Amount"), Mask::kSummary),
@@ -218,11 +218,11 @@ class SummaryTable {
   void AddTotal(const StatementRow& row) {
     const bool net = row.kind == RowKind::kNetTotal;
     if (!net && !sold_) {
-      table_.rows.push_back({report::RowKind::kGroup, {Utf8(directory_.Scrip(row.scrip).name)}});
+      table_.rows.push_back({reporting::RowKind::kGroup, {Utf8(directory_.Scrip(row.scrip).name)}});
     }
     sold_ = false;
     table_.rows.push_back(
-        {net ? report::RowKind::kNetTotal : report::RowKind::kTotal,
+        {net ? reporting::RowKind::kNetTotal : reporting::RowKind::kTotal,
          {Cell(), net ? Tr("Net Total") : Tr("Total"), net ? Cell() : Cell(row.sale_quantity),
           Cell(), Paise(row.sale_amount), Cell(), Cell(), Paise(row.purchase_cost),
           Paise(row.long_term + row.short_term + row.speculation), Paise(row.long_term),

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/lookups/Directory.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 #include "reports/profit/ProfitStatement.h"
 
 #include <span>
@@ -19,7 +19,7 @@ enum class Layout : std::uint8_t { kDetail, kSummary };
 QStringList ChoicesOf(const StatementQuery& query);
 
 /// One client's statement as a document, from the rows of BuildStatement.
-report::ReportDocument MakeStatementDocument(StatementMode mode, Layout layout,
+reporting::ReportDocument MakeStatementDocument(StatementMode mode, Layout layout,
                                              const StatementQuery& query, ClientId client,
                                              std::span<const StatementRow> rows,
                                              const lookups::Directory& directory);

@@ -1,18 +1,18 @@
 #include "reports/profit/StatementWorkbook.h"
 
-#include "reports/output/XlsxTemplate.h"
+#include "reporting/output/XlsxTemplate.h"
 
 #include <QCoreApplication>
 
 namespace quorvane::profit {
 namespace {
 
-using report::Cell;
-using report::ReportDocument;
-using report::Row;
-using report::Table;
-using report::TemplateLine;
-using report::XlsxTemplate;
+using reporting::Cell;
+using reporting::ReportDocument;
+using reporting::Row;
+using reporting::Table;
+using reporting::TemplateLine;
+using reporting::XlsxTemplate;
 
 constexpr std::size_t kCostColumn = 8;  // of the detail: headed by how the cost was found
 
@@ -21,17 +21,17 @@ QString Prefix(Layout layout) {
   return layout == Layout::kSummary ? QStringLiteral("S_") : QString();
 }
 
-QString PatternOf(report::RowKind kind) {
+QString PatternOf(reporting::RowKind kind) {
   switch (kind) {
-    case report::RowKind::kGroup:
+    case reporting::RowKind::kGroup:
       return QStringLiteral("Grp");
-    case report::RowKind::kTotal:
+    case reporting::RowKind::kTotal:
       return QStringLiteral("Tot");
-    case report::RowKind::kNetTotal:
+    case reporting::RowKind::kNetTotal:
       return QStringLiteral("Net");
-    case report::RowKind::kGap:
+    case reporting::RowKind::kGap:
       return QStringLiteral("Gap");
-    case report::RowKind::kData:
+    case reporting::RowKind::kData:
       break;
   }
   return QStringLiteral("Fld");
@@ -42,7 +42,7 @@ TemplateLine LineOf(const Row& row, const Table& table, const QString& prefix) {
   TemplateLine line{prefix + PatternOf(row.kind), row.cells};
   for (std::size_t i = 0; i < std::min(line.cells.size(), table.columns.size()); ++i) {
     if (auto* number = std::get_if<double>(&line.cells[i])) {
-      *number = report::ShownNumber(*number, table.columns[i].mask);
+      *number = reporting::ShownNumber(*number, table.columns[i].mask);
     }
   }
   return line;
@@ -86,7 +86,7 @@ void WriteStatementWorkbook(const ReportDocument& document, Layout layout,
     patterns.append(prefix + QLatin1String(pattern));
   }
   progress.Begin(QCoreApplication::translate("ProfitStatement", "Filling the template"),
-                 report::RowCount(document));
+                 reporting::RowCount(document));
   book.Repeat(patterns, lines, progress);
   book.Save(path);
 }

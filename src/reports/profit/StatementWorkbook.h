@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Progress.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 #include "reports/profit/StatementDocument.h"
 
 #include <QString>
@@ -14,7 +14,7 @@ inline constexpr char kStatementTemplate[] = "ProfitGainRpt.xlsx";
 /// Fills the template with the statement of MakeStatementDocument and writes it to `path`, whole or
 /// not at all; the sheet of the other layout is taken out. Throws std::runtime_error or
 /// Cancellation.
-void WriteStatementWorkbook(const report::ReportDocument& document, Layout layout,
+void WriteStatementWorkbook(const reporting::ReportDocument& document, Layout layout,
                             const QString& template_path, const QString& path, Progress& progress);
 
 }  // namespace quorvane::profit

@@ -11,35 +11,35 @@ QString Tr(const char* text) {
   return QCoreApplication::translate("OpeningStock", text);
 }
 
-std::vector<report::Column> Columns() {
-  using report::AmountColumn;
-  return {report::TextColumn(Tr("Script Name")),
-          report::TextColumn(Tr("Demat A/c No.")),
+std::vector<reporting::Column> Columns() {
+  using reporting::AmountColumn;
+  return {reporting::TextColumn(Tr("Script Name")),
+          reporting::TextColumn(Tr("Demat A/c No.")),
           AmountColumn(Tr("Rate")),
-          report::QuantityColumn(Tr("Quantity")),
-          report::DateColumn(Tr("Purchase Date")),
+          reporting::QuantityColumn(Tr("Quantity")),
+          reporting::DateColumn(Tr("Purchase Date")),
           AmountColumn(Tr("Total")),
           AmountColumn(Tr("Service Tax")),
           AmountColumn(Tr("STT")),
-          report::TextColumn(Tr("F&O")),
+          reporting::TextColumn(Tr("F&O")),
           AmountColumn(Tr("Brokerage"))};
 }
 
 /// Old rows may hold a text that is no date; it is shown as it stands.
-report::Cell DateCell(const QString& dmy) {
+reporting::Cell DateCell(const QString& dmy) {
   const auto date = text::ParseDmy(dmy);
-  return date ? report::Cell(*date) : report::Cell(dmy);
+  return date ? reporting::Cell(*date) : reporting::Cell(dmy);
 }
 
-report::Row RowOf(const OpeningLot& lot, const lookups::Directory& directory) {
-  return {report::RowKind::kData,
+reporting::Row RowOf(const OpeningLot& lot, const lookups::Directory& directory) {
+  return {reporting::RowKind::kData,
           {QString::fromStdString(directory.Scrip(lot.scrip).name),
            QString::fromStdString(directory.Account(lot.account).number), lot.rate,
            lot.quantity.Number(), DateCell(lot.purchase_date), lot.total, lot.service_tax, lot.stt,
            lot.fo ? Tr("Yes") : Tr("No"), lot.brokerage}};
 }
 
-report::Row TotalOf(std::span<const OpeningLot> lots) {
+reporting::Row TotalOf(std::span<const OpeningLot> lots) {
   std::int64_t total = 0;
   std::int64_t service_tax = 0;
   std::int64_t stt = 0;
@@ -49,16 +49,16 @@ report::Row TotalOf(std::span<const OpeningLot> lots) {
     stt += text::ToPaise(lot.stt);
   }
   const std::monostate none;
-  return {report::RowKind::kNetTotal,
+  return {reporting::RowKind::kNetTotal,
           {Tr("Total"), none, none, none, none, text::FromPaise(total),
            text::FromPaise(service_tax), text::FromPaise(stt), none, none}};
 }
 
 }  // namespace
 
-report::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, const ClientYear& of,
+reporting::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, const ClientYear& of,
                                          const lookups::Directory& directory) {
-  report::Table table;
+  reporting::Table table;
   table.columns = Columns();
   for (const OpeningLot& lot : lots) {
     table.rows.push_back(RowOf(lot, directory));

@@ -2,7 +2,7 @@
 
 #include "core/ClientYear.h"
 #include "core/lookups/Directory.h"
-#include "reports/document/ReportDocument.h"
+#include "reporting/document/ReportDocument.h"
 #include "transactions/opening_stock/OpeningStock.h"
 
 #include <span>
@@ -10,7 +10,7 @@
 namespace quorvane::opening_stock {
 
 /// "Stock Opening Balance": the lots in the order given, with the sum of their totals.
-report::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, const ClientYear& of,
+reporting::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, const ClientYear& of,
                                          const lookups::Directory& directory);
 
 }  // namespace quorvane::opening_stock

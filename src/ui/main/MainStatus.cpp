@@ -1,8 +1,8 @@
 #include "ui/main/MainStatus.h"
 
 #include "controls/Style.h"
-#include "reports/output/PagesView.h"
-#include "reports/output/PreviewWindow.h"
+#include "reporting/output/window/PagesView.h"
+#include "reporting/output/window/PreviewWindow.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -15,7 +15,7 @@
 namespace quorvane::ui {
 namespace {
 
-using report::PreviewWindow;
+using reporting::PreviewWindow;
 
 QLabel* AddPanel(QStatusBar& bar, const QString& name) {
   auto* panel = new QLabel;

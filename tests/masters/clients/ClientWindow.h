@@ -5,7 +5,7 @@
 #include "controls/TextBox.h"
 #include "masters/Records.h"
 #include "masters/clients/Documents.h"
-#include "masters/clients/FrmClientMaster.h"
+#include "masters/clients/window/FrmClientMaster.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -22,8 +22,8 @@
 
 namespace quorvane::test {
 
-using clients::DocumentDialogs;
-using clients::DocumentViewer;
+using documents::DocumentDialogs;
+using documents::DocumentViewer;
 using clients::FrmClientMaster;
 using controls::Grid;
 using controls::TextBox;

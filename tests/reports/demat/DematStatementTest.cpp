@@ -110,7 +110,7 @@ void DematStatementTest::AccountsByThemselvesGiveTheirOwnLines() {
   desk.AddLine(1, true, desk.infosys, 4);
   desk.AddBill(2, "16/06/2011", {}, desk.lotus);
   desk.AddLine(2, true, desk.infosys, 1);
-  const auto period = report::Period::Of(desk.year);
+  const auto period = reporting::Period::Of(desk.year);
   const QString sent = "1001,500325,15/06/2011,transfer_to,Transfer To - 2001,,6,-6";
   const QString bought = "1002,500209,15/06/2011,purchase,(P) - LOTUS,4,,4";
   const QString received = "2001,500325,15/06/2011,transfer_from,Transfer From - 1001,6,,6";
@@ -129,7 +129,7 @@ void DematStatementTest::BillWithoutADateIsNamedAndTheRestComesOut() {
   desk.AddLine(12, true, desk.reliance, 6);
   desk.AddBill(13, "15/06/2011", desk.first, desk.lotus);
   desk.AddLine(13, true, desk.infosys, 4);
-  const StatementQuery query{desk.client, desk.year, report::Period::Of(desk.year), {}, {}};
+  const StatementQuery query{desk.client, desk.year, reporting::Period::Of(desk.year), {}, {}};
   const QStringList lines = Lines(*desk.database, query);
   QCOMPARE(lines.size(), 2);
   QVERIFY2(lines[0].contains("31/02/2012"), qPrintable(lines[0]));
@@ -188,10 +188,10 @@ void DematStatementTest::DocumentHasATableAnAccountAndTotalsAScrip() {
   desk.AddLine(1, false, desk.reliance, 4);
   desk.AddBill(2, "15/06/2011", desk.second, desk.lotus);
   desk.AddLine(2, true, desk.infosys, 4);
-  const StatementQuery query{desk.client, desk.year, report::Period::Of(desk.year), {}, {}};
+  const StatementQuery query{desk.client, desk.year, reporting::Period::Of(desk.year), {}, {}};
   const lookups::Directory directory(*desk.database);
   Progress progress;
-  report::ReportDocument document;
+  reporting::ReportDocument document;
   const auto take = [&](ClientId client, std::span<const ScripMovements> scrips) {
     document = MakeStatementDocument(query, client, scrips, directory);
   };
@@ -199,13 +199,13 @@ void DematStatementTest::DocumentHasATableAnAccountAndTotalsAScrip() {
   QCOMPARE(document.titles.first(),
            QStringLiteral("Demat A/c Statement (From 01/04/2011 To 31/03/2012)"));
   QCOMPARE(document.tables.size(), std::size_t{2});
-  const report::Table& table = document.tables.front();
+  const reporting::Table& table = document.tables.front();
   QCOMPARE(table.titles, QStringList("Demat A/c No. 1001"));
   QStringList rows;
-  for (const report::Row& row : table.rows) {
+  for (const reporting::Row& row : table.rows) {
     QStringList cells;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
-      cells << report::CellText(row.cells[i], table.columns[i].mask);
+      cells << reporting::CellText(row.cells[i], table.columns[i].mask);
     }
     rows << cells.join('|');
   }

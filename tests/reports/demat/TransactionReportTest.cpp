@@ -2,7 +2,7 @@
 #include "reports/demat/Movements.h"
 #include "reports/demat/TransactionDocument.h"
 #include "reports/demat/TransactionWorkbook.h"
-#include "reports/output/WorkbookFile.h"
+#include "reporting/output/WorkbookFile.h"
 #include "support/TestMain.h"
 
 #include <QRegularExpression>
@@ -102,7 +102,7 @@ void TransactionReportTest::LinesAndClosingAreThoseOfTheBills() {
   desk.AddBill(5, "01/06/2011", desk.first, desk.amber, 99, 99);
   QFETCH(bool, detailed);
   QFETCH(bool, account_wise);
-  const report::Period may{*text::MakeDate(1, 5, 2011), *text::MakeDate(31, 5, 2011)};
+  const reporting::Period may{*text::MakeDate(1, 5, 2011), *text::MakeDate(31, 5, 2011)};
   QTEST(Records(*desk.database,
                 {desk.client,
                  desk.year,
@@ -137,7 +137,7 @@ void TransactionReportTest::EveryCutOfTheSampleHasTheSameSums() {
   test::TestDatabase database;
   test::TakeInSample(database);
   const text::FinancialYear year(2012);
-  TransactionQuery query{std::nullopt, year, report::Period::Of(year), {}, {}, {}, false};
+  TransactionQuery query{std::nullopt, year, reporting::Period::Of(year), {}, {}, {}, false};
   std::vector<std::pair<std::int64_t, std::int64_t>> outcomes;
   std::size_t lines = 0;
   for (const bool account_wise : {false, true}) {
@@ -179,7 +179,7 @@ void TransactionReportTest::WorkbookHoldsEveryLineAndTheTotal() {
   const lookups::Directory directory(*database);
   const ClientId client = directory.FindClient("ATH001")->id;
   const TransactionQuery query{
-      client, year, report::Period::Of(year),
+      client, year, reporting::Period::Of(year),
       {},     {},   detailed ? TransactionLayout::kDetailed : TransactionLayout::kSummarized,
       false};
   const auto sections = Build(*database, query).front().second;

@@ -39,7 +39,7 @@ class MisReportTest : public QObject {
   void cleanupTestCase() { database_.reset(); }
 
  private:
-  report::ReportDocument Make(const MisQuery& query) {
+  reporting::ReportDocument Make(const MisQuery& query) {
     Progress progress;
     return MakeMisReport(**database_, query, progress);
   }
@@ -52,34 +52,34 @@ class MisReportTest : public QObject {
 
 namespace {
 
-QStringList TextsOf(const report::Table& table, const report::Row& row) {
+QStringList TextsOf(const reporting::Table& table, const reporting::Row& row) {
   QStringList texts;
   for (std::size_t i = 0; i < row.cells.size(); ++i) {
-    texts << report::CellText(row.cells[i], table.columns[i].mask);
+    texts << reporting::CellText(row.cells[i], table.columns[i].mask);
   }
   return texts;
 }
 
 /// The lines below the group heading that begins with `heading`; those of the table without one.
-QStringList LinesOf(const report::Table& table, const QString& heading) {
+QStringList LinesOf(const reporting::Table& table, const QString& heading) {
   QStringList lines;
   bool inside = heading.isEmpty();
-  for (const report::Row& row : table.rows) {
-    if (row.kind == report::RowKind::kGroup && !heading.isEmpty()) {
-      inside = report::GroupText(row).startsWith(heading);
-    } else if (inside && row.kind != report::RowKind::kGap) {
+  for (const reporting::Row& row : table.rows) {
+    if (row.kind == reporting::RowKind::kGroup && !heading.isEmpty()) {
+      inside = reporting::GroupText(row).startsWith(heading);
+    } else if (inside && row.kind != reporting::RowKind::kGap) {
       lines << TextsOf(table, row).join('|');
     }
   }
   return lines;
 }
 
-std::int64_t Paise(const report::Row& row, std::size_t column) {
+std::int64_t Paise(const reporting::Row& row, std::size_t column) {
   const auto* rupees = std::get_if<double>(&row.cells[column]);
   return rupees == nullptr ? 0 : text::ToPaise(*rupees);
 }
 
-std::int64_t Total(const report::Table& table, std::size_t column) {
+std::int64_t Total(const reporting::Table& table, std::size_t column) {
   return table.rows.empty() ? 0 : Paise(table.rows.back(), column);
 }
 
@@ -188,12 +188,12 @@ void MisReportTest::TotalsAreTheSumOfTheirLinesInEveryGrouping() {
       for (const bool detail : {false, true}) {
         MisQuery query = Query(report_kind, grouping, year);
         query.detail = detail;
-        const report::Table table = Make(query).tables.front();
+        const reporting::Table table = Make(query).tables.front();
         std::int64_t lines = 0;
         std::int64_t subtotals = 0;
-        for (const report::Row& row : table.rows) {
-          const QString label = row.cells.empty() ? QString() : report::GroupText(row);
-          const bool line = row.kind == report::RowKind::kData;
+        for (const reporting::Row& row : table.rows) {
+          const QString label = row.cells.empty() ? QString() : reporting::GroupText(row);
+          const bool line = row.kind == reporting::RowKind::kData;
           lines += line ? Paise(row, column) : 0;
           subtotals += label == "SubTotal" ? Paise(row, column) : 0;
         }
@@ -332,7 +332,7 @@ void MisReportTest::ShareSoldWithoutItsLotIsTold() {
   purchase.remaining = 10;
   const gains::Sale sale{.date = *text::MakeDate(2, 5, 2011), .quantity = 5, .lot_rate = 99};
   const Holding holding = MakeHolding(std::span(&purchase, 1), std::span(&sale, 1),
-                                      report::Period::Of(text::FinancialYear(2011)));
+                                      reporting::Period::Of(text::FinancialYear(2011)));
   QCOMPARE(holding.Balance(), 5.0);
   QCOMPARE(holding.Cost(), std::int64_t{101000});
   QCOMPARE(holding.SoldWithoutLot(), 5.0);

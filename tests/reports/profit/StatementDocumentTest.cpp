@@ -43,16 +43,16 @@ namespace {
 constexpr std::array<std::size_t, 6> kMoneyOfDetail{3, 7, 8, 9, 10, 11};
 constexpr std::array<std::size_t, 6> kMoneyOfSummary{4, 7, 8, 9, 10, 11};
 
-std::int64_t PaiseOf(const report::Cell& cell) {
+std::int64_t PaiseOf(const reporting::Cell& cell) {
   const auto* number = std::get_if<double>(&cell);
   return number == nullptr ? 0 : text::ToPaise(*number);
 }
 
 /// Sums of the columns of money by kind of row.
-std::map<report::RowKind, std::vector<std::int64_t>> SumsOf(const report::Table& table,
+std::map<reporting::RowKind, std::vector<std::int64_t>> SumsOf(const reporting::Table& table,
                                                             std::span<const std::size_t> columns) {
-  std::map<report::RowKind, std::vector<std::int64_t>> sums;
-  for (const report::Row& row : table.rows) {
+  std::map<reporting::RowKind, std::vector<std::int64_t>> sums;
+  for (const reporting::Row& row : table.rows) {
     auto& sum = sums[row.kind];
     sum.resize(columns.size());
     for (std::size_t i = 0; i < columns.size() && columns[i] < row.cells.size(); ++i) {
@@ -119,8 +119,8 @@ void StatementDocumentTest::TotalsAreTheSumOfTheLinesShown() {
                                                   client, rows, *directory_);
       auto sums = SumsOf(document.tables.front(),
                          layout == Layout::kDetail ? kMoneyOfDetail : kMoneyOfSummary);
-      QCOMPARE(sums[report::RowKind::kTotal], sums[report::RowKind::kData]);
-      QCOMPARE(sums[report::RowKind::kNetTotal], sums[report::RowKind::kData]);
+      QCOMPARE(sums[reporting::RowKind::kTotal], sums[reporting::RowKind::kData]);
+      QCOMPARE(sums[reporting::RowKind::kNetTotal], sums[reporting::RowKind::kData]);
     }
   }
 }
@@ -155,14 +155,14 @@ void StatementDocumentTest::EveryTotalStandsBelowItsScrip() {
       MakeStatementDocument(StatementMode::kCapitalGain, layout, query, client, rows, *directory_);
   QStringList named;
   QString name;
-  for (const report::Row& row : document.tables.front().rows) {
-    if (row.kind == report::RowKind::kTotal) {
+  for (const reporting::Row& row : document.tables.front().rows) {
+    if (row.kind == reporting::RowKind::kTotal) {
       named << name;
       name.clear();
-    } else if (name.isEmpty() && row.kind == report::RowKind::kGroup) {
-      name = report::GroupText(row);
-    } else if (name.isEmpty() && row.kind == report::RowKind::kData) {
-      name = report::CellText(row.cells[1], report::Mask::kText);
+    } else if (name.isEmpty() && row.kind == reporting::RowKind::kGroup) {
+      name = reporting::GroupText(row);
+    } else if (name.isEmpty() && row.kind == reporting::RowKind::kData) {
+      name = reporting::CellText(row.cells[1], reporting::Mask::kText);
     }
   }
   QStringList wanted;
@@ -183,9 +183,9 @@ void StatementDocumentTest::SummaryAndDetailEndWithTheSameGains() {
           .tables.front()
           .rows.back();
     };
-    const report::Row detail = last_row(Layout::kDetail);
-    const report::Row summary = last_row(Layout::kSummary);
-    QCOMPARE(summary.kind, report::RowKind::kNetTotal);
+    const reporting::Row detail = last_row(Layout::kDetail);
+    const reporting::Row summary = last_row(Layout::kSummary);
+    QCOMPARE(summary.kind, reporting::RowKind::kNetTotal);
     std::int64_t gains = 0;
     for (std::size_t i = 0; i < 3; ++i) {
       QCOMPARE(PaiseOf(summary.cells[9 + i]), PaiseOf(detail.cells[9 + i]));

@@ -1,6 +1,6 @@
 #include "support/TestMain.h"
 #include "transactions/Desk.h"
-#include "transactions/broker_ledger/BrokerLedger.h"
+#include "reports/broker_ledger/BrokerLedger.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
 #include "transactions/broker_money/PaymentBook.h"
 
@@ -144,7 +144,7 @@ class BrokerMoneyTest : public QObject {
     Progress progress;
     const auto accounts =
         broker_ledger::ReadBrokerLedger(desk_->Connection(),
-                                        {desk_->of, report::Period::Of(desk_->year), {}}, progress)
+                                        {desk_->of, reporting::Period::Of(desk_->year), {}}, progress)
             .accounts;
     QCOMPARE(accounts.at(0).Closing(), std::int64_t{123456});
   }

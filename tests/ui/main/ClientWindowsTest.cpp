@@ -1,7 +1,7 @@
 #include "core/lookups/Directory.h"
 #include "masters/client_list/ClientList.h"
 #include "portfolio/Import.h"
-#include "reports/screen/ReportGridView.h"
+#include "reporting/screen/window/ReportGridView.h"
 #include "support/TestMain.h"
 #include "ui/main/ShownMain.h"
 #include "ui/main/WindowTable.h"
@@ -49,7 +49,7 @@ class ClientWindowsTest : public QObject {
       return shown.session.current_client_name;
     };
     QStringList printed;
-    shown.desk.show_report = [&](const report::ReportDocument& document, QWidget*) {
+    shown.desk.show_report = [&](const reporting::ReportDocument& document, QWidget*) {
       printed << TitlesOf(document);
     };
     const QString own = make_current("ATH001", 2012);
@@ -68,7 +68,7 @@ class ClientWindowsTest : public QObject {
       if (auto* button = window->findChild<controls::ZENButton*>(QStringLiteral("CmdReport"))) {
         button->click();
       }
-      if (const auto* screen = window->findChild<report::ReportGridView*>()) {
+      if (const auto* screen = window->findChild<reporting::ReportGridView*>()) {
         printed << TitlesOf(screen->Model().Document());
       }
     }
@@ -79,9 +79,9 @@ class ClientWindowsTest : public QObject {
   }
 
  private:
-  static QString TitlesOf(const report::ReportDocument& document) {
+  static QString TitlesOf(const reporting::ReportDocument& document) {
     QStringList titles = document.titles;
-    for (const report::Table& table : document.tables) {
+    for (const reporting::Table& table : document.tables) {
       titles << table.titles;
     }
     return titles.join(QLatin1Char('|'));

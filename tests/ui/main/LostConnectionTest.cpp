@@ -1,6 +1,6 @@
 #include "controls/ZENButton.h"
 #include "core/platform/Processes.h"
-#include "masters/brokers/FrmBroker.h"
+#include "masters/brokers/window/FrmBroker.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"

@@ -1,4 +1,4 @@
-#include "admin/users/frmLogin.h"
+#include "admin/users/window/frmLogin.h"
 #include "masters/Records.h"
 #include "support/TestMain.h"
 #include "ui/main/ShownMain.h"

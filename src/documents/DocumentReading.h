@@ -1,0 +1,71 @@
+#pragma once
+
+#include "core/platform/ProcessLimits.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+
+class QProcess;
+
+namespace quorvane::documents {
+
+/// How the reader program ends.
+enum ReaderStatus {
+  kReaderDone = 0,     ///< the page stands on its standard output
+  kReaderRefused = 1,  ///< a line for the user does
+  kReaderUsedUp = 3    ///< its CPU time is used up
+};
+
+/// Where the program "quorvane-reader" lies: in the folder of the running program, in the folder
+/// above it, or where it is installed; empty when it is missing.
+QString FindReader();
+
+/// What reading a page of a document may cost, and what reads it.
+struct ReadingLimits {
+  platform::ProcessLimits process = {};
+  std::chrono::milliseconds longest{15000};
+  std::function<QString()> find_reader = FindReader;
+};
+
+/// Has a page of a document read by a program of its own, which ends when it takes too long and
+/// with this object: whatever a document does to its reader, this program goes on. Nothing here
+/// waits; to be used in a thread with an event loop.
+class DocumentReading : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit DocumentReading(ReadingLimits limits = {}, QObject* parent = nullptr);
+  ~DocumentReading() override;
+
+  /// Starts to read a page, counted from 0, in `dots` an inch (pictures in their own); what was
+  /// being read is forgotten. Finished or Failed follows, once, possibly before this returns.
+  void Start(const QString& path, int page, int dots);
+
+  /// Neither of them follows any more.
+  void Stop();
+
+ Q_SIGNALS:
+  /// What the reader wrote, for PageOf.
+  void Finished(const QByteArray& answer);
+
+  /// A text for the user.
+  void Failed(const QString& text);
+
+ private:
+  QStringList Arguments(const QString& path, int page, int dots) const;
+  void Take();
+  void End(int status, bool crashed);
+  void Fail(const QString& text);
+
+  ReadingLimits limits_;
+  QProcess* process_ = nullptr;
+  QTimer clock_;
+  QByteArray answer_;
+};
+
+}  // namespace quorvane::documents

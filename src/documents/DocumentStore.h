@@ -1,0 +1,67 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/Refusal.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace quorvane::documents {
+
+/// The scanned documents of the clients, one file a client: <folder>/<client's key>/<file name>.
+/// Nothing outside the store is ever written or removed, whatever names it is given and whatever
+/// links lie in it. Failures of the disk are thrown as std::runtime_error with path and reason.
+class DocumentStore {
+ public:
+  static constexpr std::int64_t kMostBytes = std::int64_t{200} * 1024 * 1024;
+
+  explicit DocumentStore(QString folder, std::int64_t most_bytes = kMostBytes);
+
+  /// A copy of a file, safely on the disk but not yet a client's. It goes with the object.
+  class Incoming {
+   public:
+    Incoming() = default;
+    Incoming(QString copy, QString name);
+    ~Incoming();
+    Incoming(Incoming&& other) noexcept;
+    Incoming& operator=(Incoming&& other) noexcept;
+
+    const QString& Name() const { return name_; }
+
+   private:
+    friend class DocumentStore;
+    QString copy_;
+    QString name_;
+  };
+
+  /// Copies a file into the store. Refused, with `incoming` unchanged, when there is no such file,
+  /// when it is no plain file, when its name could lead out of a folder, when it is of a kind that
+  /// nothing shows and when it is too large.
+  MaybeRefusal Receive(const QString& source, Incoming& incoming) const;
+
+  /// Makes the received file the client's document; the one before goes when the new one stands.
+  void Place(ClientId client, Incoming incoming) const;
+
+  /// Both in one go.
+  MaybeRefusal Put(ClientId client, const QString& source) const;
+
+  /// The document's path; nullopt when the client has no such file.
+  std::optional<QString> Path(ClientId client, const QString& name) const;
+
+  /// Removes the client's folder; nothing happens when there is none.
+  void Remove(ClientId client) const;
+
+ private:
+  QString FolderOf(ClientId client) const;
+  void ThrowAwayOthers(ClientId client, const QString& name) const;
+
+  QString folder_;
+  std::int64_t most_bytes_;
+};
+
+/// Said about a document that is not there.
+Refusal FileDoesNotExist();
+
+}  // namespace quorvane::documents

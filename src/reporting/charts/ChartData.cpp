@@ -1,0 +1,92 @@
+#include "reporting/charts/ChartData.h"
+
+#include "core/text/Amounts.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <numeric>
+
+namespace quorvane::charts {
+namespace {
+
+using reporting::Cell;
+
+QString Tr(const char* text) {
+  return QCoreApplication::translate("Charts", text);
+}
+
+std::int64_t SumOf(const std::vector<std::int64_t>& paise) {
+  return std::accumulate(paise.begin(), paise.end(), std::int64_t{0});
+}
+
+Cell ShareOf(std::int64_t part, std::int64_t whole) {
+  constexpr double kPerCent = 100;
+  return whole == 0 ? Cell()
+                    : Cell(kPerCent * static_cast<double>(part) / static_cast<double>(whole));
+}
+
+/// The amounts of one category, or of all together.
+reporting::Row RowOf(const ChartData& chart, std::ptrdiff_t category) {
+  const bool total = category < 0;
+  reporting::Row row;
+  row.kind = total ? reporting::RowKind::kNetTotal : reporting::RowKind::kData;
+  row.cells.emplace_back(total ? Tr("Total") : chart.categories[category]);
+  std::int64_t across = 0;
+  for (const ChartData::Series& series : chart.series) {
+    const std::int64_t paise =
+        total ? SumOf(series.paise) : series.paise[static_cast<std::size_t>(category)];
+    across += paise;
+    row.cells.emplace_back(text::FromPaise(paise));
+  }
+  if (chart.kind == ChartKind::kParts) {
+    row.cells.push_back(ShareOf(across, SumOf(chart.series.front().paise)));
+  } else if (chart.kind == ChartKind::kStacked) {
+    row.cells.emplace_back(text::FromPaise(across));
+  }
+  return row;
+}
+
+reporting::Table TableOfAmounts(const ChartData& chart) {
+  reporting::Table table;
+  table.columns.push_back(reporting::TextColumn(chart.category_heading));
+  for (const ChartData::Series& series : chart.series) {
+    table.columns.push_back(reporting::AmountColumn(series.name));
+  }
+  if (chart.kind == ChartKind::kParts) {
+    table.columns.push_back(reporting::AmountColumn(Tr("Per Cent")));
+  } else if (chart.kind == ChartKind::kStacked) {
+    table.columns.push_back(reporting::AmountColumn(Tr("Total")));
+  }
+  if (chart.IsEmpty()) {
+    return table;
+  }
+  for (std::ptrdiff_t category = 0; category < chart.categories.size(); ++category) {
+    table.rows.push_back(RowOf(chart, category));
+  }
+  if (chart.kind != ChartKind::kLines) {
+    table.rows.push_back(RowOf(chart, -1));
+  }
+  return table;
+}
+
+}  // namespace
+
+bool ChartData::IsEmpty() const {
+  return std::ranges::all_of(series, [](const Series& one) {
+    return std::ranges::all_of(one.paise, [](std::int64_t paise) { return paise == 0; });
+  });
+}
+
+reporting::ReportDocument TableOf(const ChartData& chart) {
+  reporting::ReportDocument document;
+  document.titles << chart.title;
+  if (!chart.subtitle.isEmpty()) {
+    document.titles << chart.subtitle;
+  }
+  document.tables.push_back(TableOfAmounts(chart));
+  document.notes = chart.notes;
+  return document;
+}
+
+}  // namespace quorvane::charts

@@ -1,0 +1,288 @@
+#include "reporting/output/ColumnFit.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+namespace quorvane::reporting {
+namespace {
+
+constexpr int kStepRows = 1000;
+constexpr PageSize kPortrait{595.28, 841.89};
+constexpr PageSize kLandscape{841.89, 595.28};
+constexpr double kRowPadding = 1.5;
+
+// Widths for type of size 1.
+constexpr double kWidestText = 24;     // a longer text is broken into lines
+constexpr double kNarrowestText = 9;   // where room is short
+constexpr double kWidestStretch = 14;  // what a column gets at most of the room that is left over
+
+struct Setting {
+  PageSize page;
+  double type = 9;
+};
+
+std::vector<Setting> Settings(Orientation orientation) {
+  std::vector<Setting> settings;
+  if (orientation != Orientation::kLandscape) {
+    for (const double type : {9.0, 8.5, 8.0}) {
+      settings.push_back({kPortrait, type});
+    }
+  }
+  const PageSize page = orientation == Orientation::kPortrait ? kPortrait : kLandscape;
+  for (const double type : {9.0, 8.5, 8.0, 7.5, 7.0, 6.5, 6.0}) {
+    settings.push_back({page, type});
+  }
+  return settings;
+}
+
+/// What a table's columns want, for type of size 1.
+struct Wish {
+  std::vector<double> widths;    ///< with long texts broken
+  std::vector<double> headings;  ///< with the heading in one line
+  std::vector<bool> bends;       ///< texts, which can be broken further
+  double insets = 0;             ///< how many columns stand apart from the one before
+};
+
+double LongestWord(Typesetter& typesetter, const QString& heading) {
+  double width = 0;
+  for (const QString& word : heading.split(QLatin1Char(' '))) {
+    width = std::max(width, typesetter.Width(word.toStdString(), Face::kBold));
+  }
+  return width;
+}
+
+class Measurer {
+ public:
+  Measurer(Typesetter& typesetter, Progress& progress)
+      : typesetter_(typesetter), progress_(progress) {}
+
+  Wish Measure(const Table& table) {
+    Wish wish;
+    for (const Column& column : table.columns) {
+      wish.widths.push_back(LongestWord(typesetter_, column.heading));
+      wish.headings.push_back(typesetter_.Width(column.heading.toStdString(), Face::kBold));
+      wish.bends.push_back(column.mask == Mask::kText && column.alignment == Alignment::kLeft);
+    }
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      wish.insets += StandsApart(table, i) ? 1 : 0;
+    }
+    for (const Row& row : table.rows) {
+      if (row.kind != RowKind::kGroup && row.kind != RowKind::kGap) {
+        MeasureRow(table, row, wish);
+      }
+      if (++done_ % kStepRows == 0) {
+        progress_.Step(done_);
+        progress_.ThrowIfCancelled();
+      }
+    }
+    WidenForGroups(table, wish);
+    return wish;
+  }
+
+ private:
+  void MeasureRow(const Table& table, const Row& row, Wish& wish) {
+    const std::size_t count = std::min(row.cells.size(), wish.widths.size());
+    for (std::size_t i = 0; i < count; ++i) {
+      text_.clear();
+      AppendCell(text_, row.cells[i], table.columns[i].mask);
+      const double width = typesetter_.Width(text_, FaceOf(row.kind));
+      wish.widths[i] =
+          std::max(wish.widths[i], wish.bends[i] ? std::min(width, kWidestText) : width);
+    }
+  }
+
+  void WidenForGroups(const Table& table, Wish& wish) {
+    std::size_t first = 0;
+    for (const ColumnGroup& group : table.groups) {
+      const std::size_t end = std::min(first + group.columns, wish.widths.size());
+      const auto begin = wish.widths.begin() + static_cast<std::ptrdiff_t>(first);
+      const double has =
+          std::accumulate(begin, wish.widths.begin() + static_cast<std::ptrdiff_t>(end), 0.0);
+      const double missing = LongestWord(typesetter_, group.heading) - has;
+      for (std::size_t i = first; i < end && missing > 0; ++i) {
+        wish.widths[i] += missing / static_cast<double>(end - first);
+      }
+      first = end;
+    }
+  }
+
+  Typesetter& typesetter_;
+  Progress& progress_;
+  std::string text_;
+  std::int64_t done_ = 0;
+};
+
+/// The room beside the texts of a table.
+double Gaps(const Wish& wish) {
+  return 2 * kCellGap * static_cast<double>(wish.widths.size()) + wish.insets * kInset;
+}
+
+double Width(const Wish& wish, double type) {
+  return std::accumulate(wish.widths.begin(), wish.widths.end(), 0.0) * type + Gaps(wish);
+}
+
+/// Takes from the columns of text what the table is too wide by; true when that is enough.
+bool Bend(Wish& wish, double type, double room) {
+  for (std::size_t i = 0; i < wish.widths.size() && Width(wish, type) > room; ++i) {
+    const double excess = (Width(wish, type) - room) / type;
+    if (wish.bends[i] && wish.widths[i] > kNarrowestText) {
+      wish.widths[i] = std::max(kNarrowestText, wish.widths[i] - excess);
+    }
+  }
+  return Width(wish, type) <= room;
+}
+
+double Room(PageSize page) {
+  return page.width - 2 * kSideMargin;
+}
+
+/// The first setting in which every table fits; in the last one texts are broken further, and type
+/// shrinks when not even that helps.
+Setting Choose(std::vector<Wish>& wishes, Orientation orientation) {
+  const std::vector<Setting> settings = Settings(orientation);
+  for (const Setting& setting : settings) {
+    if (std::ranges::all_of(wishes, [&](const Wish& wish) {
+          return Width(wish, setting.type) <= Room(setting.page);
+        })) {
+      return setting;
+    }
+  }
+  Setting last = settings.back();
+  last.type = 7;
+  for (Wish& wish : wishes) {
+    if (!Bend(wish, last.type, Room(last.page))) {
+      last.type *= (Room(last.page) - Gaps(wish)) / (Width(wish, last.type) - Gaps(wish));
+      last.type = std::max(last.type, 1.0);
+    }
+  }
+  return last;
+}
+
+/// Shares of the room that is left over: the given weights, else the texts, else everybody.
+std::vector<double> Shares(const Table& table, const Wish& wish) {
+  std::vector<double> shares;
+  for (const Column& column : table.columns) {
+    shares.push_back(column.weight);
+  }
+  const auto nobody = [&] { return std::ranges::all_of(shares, [](double x) { return x == 0; }); };
+  if (nobody()) {
+    std::ranges::transform(wish.bends, shares.begin(), [](bool bends) { return bends ? 1 : 0; });
+  }
+  if (nobody()) {
+    std::ranges::fill(shares, 1);
+  }
+  return shares;
+}
+
+double Sum(const std::vector<double>& values) {
+  return std::accumulate(values.begin(), values.end(), 0.0);
+}
+
+/// Lets the columns stand a little apart before the texts take the rest.
+void Loosen(const PageLayout& layout, std::vector<double>& widths) {
+  constexpr double kMost = 9;
+  const double left_over = std::max(0.0, layout.Room() - Sum(widths));
+  const double more = std::min(kMost, left_over / static_cast<double>(widths.size() + 1));
+  for (double& width : widths) {
+    width += more;
+  }
+}
+
+/// Gives columns room for a heading in one line as long as there is some.
+void UnbreakHeadings(const Wish& wish, const PageLayout& layout, std::vector<double>& widths) {
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    const double missing = wish.headings[i] * layout.type + 2 * kCellGap - widths[i];
+    const double left_over = layout.Room() - Sum(widths);
+    if (missing > 0 && missing <= left_over) {
+      widths[i] += missing;
+    }
+  }
+}
+
+void Place(const Table& table, const Wish& wish, PageLayout& layout, TableShape& shape) {
+  std::vector<double> widths;
+  for (std::size_t i = 0; i < wish.widths.size(); ++i) {
+    const double inset = StandsApart(table, i) ? kInset : 0;
+    widths.push_back(wish.widths[i] * layout.type + 2 * kCellGap + inset);
+  }
+  UnbreakHeadings(wish, layout, widths);
+  Loosen(layout, widths);
+  const std::vector<double> shares = Shares(table, wish);
+  const double all = Sum(shares);
+  const double left_over = std::max(0.0, layout.Room() - Sum(widths));
+  for (std::size_t i = 0; i < widths.size() && all > 0; ++i) {
+    widths[i] += std::min(left_over * shares[i] / all, kWidestStretch * layout.type);
+  }
+  const double width = Sum(widths);
+  double at = layout.Left() + std::max(0.0, (layout.Room() - width) / 2);
+  shape.lefts.push_back(at);
+  for (const double column : widths) {
+    shape.lefts.push_back(at += column);
+  }
+}
+
+double HeadingsHeight(const Table& table, const PageLayout& layout, const TableShape& shape,
+                      Typesetter& typesetter) {
+  int lines = 1;
+  for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    const double width = (shape.lefts[i + 1] - shape.lefts[i] - 2 * kCellGap) / layout.type;
+    lines = std::max(
+        lines, typesetter.Lines(table.columns[i].heading.toStdString(), Face::kBold, width + 0.01));
+  }
+  return lines * typesetter.LineHeight() * layout.type + 2 * kRowPadding;
+}
+
+/// Counts the lines of the rows in which a text is broken.
+void CountLines(const Table& table, const PageLayout& layout, TableShape& shape,
+                Typesetter& typesetter) {
+  constexpr int kMostLines = std::numeric_limits<std::uint8_t>::max();
+  std::string text;
+  shape.lines.reserve(table.rows.size());
+  for (const Row& row : table.rows) {
+    const bool group = row.kind == RowKind::kGroup;
+    int lines = 1;
+    for (std::size_t i = 0; i < std::min(row.cells.size(), table.columns.size()); ++i) {
+      if (!std::holds_alternative<QString>(row.cells[i])) {
+        continue;
+      }
+      text.clear();
+      AppendCell(text, row.cells[i], table.columns[i].mask);
+      const double room =
+          group ? shape.lefts.back() - shape.lefts.front() - 2 * kCellGap : RoomOf(table, shape, i);
+      const double width = room / layout.type + 0.01;
+      if (typesetter.Width(text, FaceOf(row.kind)) > width) {
+        lines = std::max(lines, typesetter.Lines(text, FaceOf(row.kind), width));
+      }
+      if (group) {
+        break;
+      }
+    }
+    shape.lines.push_back(static_cast<std::uint8_t>(std::min(lines, kMostLines)));
+  }
+}
+
+}  // namespace
+
+void FitColumns(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
+                PageLayout& layout) {
+  Measurer measurer(typesetter, progress);
+  std::vector<Wish> wishes;
+  for (const Table& table : document.tables) {
+    wishes.push_back(measurer.Measure(table));
+  }
+  const Setting setting = Choose(wishes, document.orientation);
+  layout.page = setting.page;
+  layout.type = setting.type;
+  layout.row_height = typesetter.LineHeight() * setting.type + kRowPadding;
+  for (std::size_t i = 0; i < wishes.size(); ++i) {
+    const Table& table = document.tables[i];
+    TableShape& shape = layout.tables.emplace_back();
+    Place(table, wishes[i], layout, shape);
+    shape.headings_height = HeadingsHeight(table, layout, shape, typesetter);
+    shape.groups_height = table.groups.empty() ? 0 : layout.row_height + kRowPadding;
+    CountLines(table, layout, shape, typesetter);
+  }
+}
+
+}  // namespace quorvane::reporting

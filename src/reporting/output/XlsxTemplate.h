@@ -1,0 +1,65 @@
+#pragma once
+
+#include "core/Progress.h"
+#include "reporting/document/ReportDocument.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace quorvane::reporting {
+
+/// A line that is written into a template: by which of its pattern rows, and what goes into the
+/// cells named after the pattern. `cells[0]` goes into "Fld1" for the pattern "Fld".
+struct TemplateLine {
+  QString pattern;
+  std::vector<Cell> cells;
+};
+
+/// A workbook that users design and the program fills in. Only the names of cells matter: cells may
+/// be moved, restyled and merged, sheets renamed, columns, pictures and formulas added.
+///
+///     XlsxTemplate book(path);
+///     book.Set("Period", QString("From 01/04/2011 To 31/03/2012"));
+///     book.Repeat({"Fld", "Tot"}, {{"Fld", {1.0, QString("TATA STEEL")}}, {"Tot",
+///     {Cell(), 1.0}}}); book.Save(target, progress);
+///
+/// Spreadsheet programs take "Fld1" for a place and want "_Fld1"; here both mean the same. Values
+/// take the style of the cell that they stand in; numbers are numbers, and dates too where
+/// the style is one for dates. Every failure is a std::runtime_error that names the template.
+class XlsxTemplate {
+ public:
+  /// Throws when there is no such file or it is no workbook.
+  explicit XlsxTemplate(const QString& path);
+  ~XlsxTemplate();
+  XlsxTemplate(XlsxTemplate&&) noexcept;
+
+  /// Whether a cell has that name, without regard to capitals.
+  bool Has(const QString& name) const;
+
+  /// Writes into the named cell. Throws when no cell has the name.
+  void Set(const QString& name, const Cell& value);
+
+  /// Writes the lines into the rows of the patterns: the rows from the first to the last pattern
+  /// row give way to one row a line, each in the height, the styles and the merged cells of its
+  /// pattern; what stands below moves, with names, areas, pictures and formulas. A pattern that the
+  /// template does not have is written as the first one, which it must have. A value whose cell has
+  /// no name is an error, an empty one is not. Once a sheet.
+  void Repeat(const QStringList& patterns, const std::vector<TemplateLine>& lines,
+              Progress& progress);
+
+  /// Takes the sheet of a named cell out of the workbook; the last sheet stays.
+  void RemoveSheetOf(const QString& name);
+
+  /// Writes the workbook, whole or not at all.
+  void Save(const QString& path) const;
+
+ private:
+  class Book;
+
+  std::unique_ptr<Book> book_;
+};
+
+}  // namespace quorvane::reporting

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/Refusal.h"
+#include "core/text/FinancialYear.h"
+
+#include <optional>
+#include <variant>
+
+namespace quorvane::reporting {
+
+/// The days that a report covers, both included.
+struct Period {
+  text::Date from;
+  text::Date to;
+
+  auto operator<=>(const Period&) const = default;
+
+  /// The whole of a financial year.
+  static Period Of(text::FinancialYear year) { return {year.FirstDay(), year.LastDay()}; }
+};
+
+/// Names of the two date boxes, which refusals point to.
+inline constexpr char kFromBox[] = "Text1_0";
+inline constexpr char kToBox[] = "Text1_1";
+
+/// The period that the two boxes hold ("dd/mm/yyyy"), or the first rule that it breaks: "Enter From
+/// Date.", "Enter To Date.", "Enter Proper Date.", "From Date Can't be Greater than To Date."
+std::variant<Period, Refusal> ReadPeriod(const QString& from, const QString& to);
+
+/// Refuses days outside the financial year whose documents a report reads: they would stand in its
+/// heading, and their documents not in it.
+MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year);
+
+/// "Period - From 01/04/2011 To 31/03/2012".
+QString PeriodLine(const Period& period);
+
+}  // namespace quorvane::reporting

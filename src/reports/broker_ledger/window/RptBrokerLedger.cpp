@@ -1,0 +1,82 @@
+#include "reports/broker_ledger/window/RptBrokerLedger.h"
+
+#include "reporting/period/MonthPeriod.h"
+#include "core/app/CurrentClient.h"
+#include "reports/broker_ledger/LedgerDocument.h"
+
+#include <QLabel>
+
+namespace quorvane::broker_ledger {
+
+using app::CurrentOf;
+
+namespace {
+
+constexpr float kBrokerWidth = 190;  // on a screen of 800 by 600
+
+}  // namespace
+
+RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
+    : ReportWindow(desk, QStringLiteral("RptBrokerLedger"),
+                   app::ClientTitle(tr("Broker Ledger"), desk.session), {790, 520}),
+      of_(CurrentOf(desk.session)) {
+  AddPeriod();
+  auto* months = new QHBoxLayout;
+  CmbMth = new controls::ComboBox();
+  CmbMth->setObjectName(QStringLiteral("CmbMth"));
+  CmbMth->setAccessibleName(tr("Month"));
+  CmbMth->SetTexts(reporting::MonthNames());
+  auto* label = new QLabel(tr("Mo&nth"));
+  label->setBuddy(CmbMth);
+  months->addWidget(label);
+  months->addWidget(CmbMth);
+  months->addStretch();
+  AddOptions(months);
+  On(CmbMth, &QComboBox::currentIndexChanged, &RptBrokerLedger::CmbMth_Click,
+     QStringLiteral("CmbMth_Click"));
+  VSB = AddTickGrid(QStringLiteral("VSB"), tr("BROKER NAME"), tr("Brokers"));
+  // Narrower than beside other reports: the balance is in sight on a small screen.
+  VSB->parentWidget()->setMinimumWidth(
+      static_cast<int>(kBrokerWidth * desk.session.screen_factors.horizontal));
+  FillTicks(*VSB, lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
+  Start();
+}
+
+/// A month sets the period to its first and last day.
+void RptBrokerLedger::CmbMth_Click() {
+  if (!CmbMth->HasChoice()) {
+    return;
+  }
+  const auto month = reporting::MonthPeriod(
+      of_.year, reporting::MonthNumber(CmbMth->itemText(CmbMth->CurrentPosition())));
+  if (const auto* refusal = std::get_if<Refusal>(&month)) {
+    Show(*refusal);
+    return;
+  }
+  const auto& period = std::get<reporting::Period>(month);
+  Text1[0]->SetDate(text::FormatDmy(period.from));
+  Text1[1]->SetDate(text::FormatDmy(period.to));
+}
+
+MaybeRefusal RptBrokerLedger::CheckSelection() {
+  if (MaybeRefusal refusal = reporting::RefuseOutside(ThePeriod(), of_.year)) {
+    return refusal;
+  }
+  return RefuseWithoutTick(*VSB, tr("Enter Broker Name."));
+}
+
+// The period stands in the report's name.
+QStringList RptBrokerLedger::Choices() const {
+  return ChosenOf(*VSB);
+}
+
+std::optional<reporting::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
+  const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
+  database::Connection& connection = *Session().connection;
+  const BrokerLedger ledger = ReadBrokerLedger(connection, query, progress);
+  reporting::ReportDocument document = MakeLedgerDocument(query, ClientName(), ledger.accounts);
+  document.notes += records::FaultTexts(connection, ledger.faults);
+  return document;
+}
+
+}  // namespace quorvane::broker_ledger

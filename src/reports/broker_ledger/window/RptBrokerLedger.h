@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "reporting/window/ReportWindow.h"
+
+namespace quorvane::broker_ledger {
+
+/// "Broker Ledger": the brokers' accounts of the current client and year over a period.
+class RptBrokerLedger : public reporting::ReportWindow {
+  Q_OBJECT
+
+ public:
+  explicit RptBrokerLedger(controls::Desk& desk);
+
+ protected:
+  MaybeRefusal CheckSelection() override;
+  QStringList Choices() const override;
+  std::optional<reporting::ReportDocument> BuildDocument(Progress& progress) override;
+
+ private:
+  void CmbMth_Click();
+
+  ClientYear of_;
+  controls::ComboBox* CmbMth;
+  controls::Grid* VSB;  ///< brokers
+};
+
+}  // namespace quorvane::broker_ledger

@@ -1,0 +1,104 @@
+#include "transactions/bills/window/BillTotalsPane.h"
+
+#include "controls/FieldLayout.h"
+
+#include <QCoreApplication>
+#include <QRegularExpressionValidator>
+
+#include <algorithm>
+#include <array>
+
+namespace quorvane::bills {
+namespace {
+
+using controls::TextBox;
+
+struct Field {
+  BillBox box;
+  const char* label;
+  bool computed;
+};
+
+constexpr std::array kFields{
+    Field{BillBox::kTotal, QT_TRANSLATE_NOOP("Bills", "Bill Total"), true},
+    Field{BillBox::kOtherCharges, QT_TRANSLATE_NOOP("Bills", "Other Charges"), false},
+    Field{BillBox::kTransactionCharges, QT_TRANSLATE_NOOP("Bills", "Trans. Charges"), false},
+    Field{BillBox::kStt, QT_TRANSLATE_NOOP("Bills", "S.T.T."), true},
+    Field{BillBox::kGrandTotal, QT_TRANSLATE_NOOP("Bills", "Total Receivable"), true}};
+
+QLabel* LabelOf(const QWidget& parent, const QWidget* box) {
+  const QList<QLabel*> labels = parent.findChildren<QLabel*>();
+  const auto found =
+      std::ranges::find_if(labels, [box](const QLabel* label) { return label->buddy() == box; });
+  return found == labels.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+BillTotalsPane::BillTotalsPane(const controls::Guard& guard) {
+  auto* fields = new controls::FieldLayout(static_cast<int>(kFields.size()), this);
+  fields->setContentsMargins(0, 0, 0, 0);
+  static const QRegularExpression kTypable(QStringLiteral("-?[0-9,]*\\.?[0-9]*"));
+  for (const Field& field : kFields) {
+    auto* text = fields->Add(QCoreApplication::translate("Bills", field.label),
+                             ControlName(field.box), new TextBox());
+    text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    text->setValidator(new QRegularExpressionValidator(kTypable, text));
+    text->setReadOnly(field.computed);
+    text->setFocusPolicy(field.computed ? Qt::ClickFocus : Qt::StrongFocus);
+    Text1[field.box] = text;
+    connect(text, &TextBox::Left, this, [this, &guard, box = field.box] {
+      guard.Run(QStringLiteral("Text1_Validate"), [this, box] { Leave(box); });
+    });
+  }
+  LblTotal = LabelOf(*this, Text1[BillBox::kGrandTotal]);
+  LblTotal->setObjectName(QStringLiteral("LblTotal"));
+}
+
+void BillTotalsPane::Show(const Bill& bill, TotalCaption caption) {
+  boxes_.Show(BillBox::kTotal, bill.total);
+  boxes_.Show(BillBox::kOtherCharges, bill.other_charges);
+  boxes_.Show(BillBox::kTransactionCharges, bill.transaction_charges);
+  boxes_.Show(BillBox::kStt, bill.stt);
+  boxes_.Show(BillBox::kGrandTotal, bill.grand_total);
+  LblTotal->setText(CaptionText(caption));
+  ShowBoxes();
+}
+
+void BillTotalsPane::ShowBoxes() {
+  for (const auto& [box, text] : Text1) {
+    text->setText(boxes_[box]);
+    text->setModified(false);
+  }
+}
+
+void BillTotalsPane::Read() {
+  for (const auto& [box, text] : Text1) {
+    if (text->isModified()) {
+      boxes_.Type(box, text->text());
+      text->setModified(false);
+    }
+  }
+}
+
+void BillTotalsPane::Leave(BillBox box) {
+  if (Text1[box]->isReadOnly()) {
+    return;
+  }
+  Read();
+  LeaveBox(box, Side::kPurchase, boxes_);
+  ShowBoxes();
+  Q_EMIT ChargesLeft();
+}
+
+double BillTotalsPane::OtherCharges() {
+  Read();
+  return boxes_.Number(BillBox::kOtherCharges);
+}
+
+double BillTotalsPane::TransactionCharges() {
+  Read();
+  return boxes_.Number(BillBox::kTransactionCharges);
+}
+
+}  // namespace quorvane::bills

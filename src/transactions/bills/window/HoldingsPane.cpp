@@ -1,0 +1,139 @@
+#include "transactions/bills/window/HoldingsPane.h"
+
+#include "controls/Style.h"
+#include "core/text/Amounts.h"
+
+#include <QHeaderView>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quorvane::bills {
+namespace {
+
+using controls::Grid;
+using controls::Mask;
+using controls::Row;
+
+QString Signed(const BillLine& line) {
+  const QLatin1Char sign(line.IsPurchase() ? '+' : '-');
+  return sign + text::NumberText(line.quantity.Number());
+}
+
+}  // namespace
+
+HoldingsPane::HoldingsPane()
+    : caption_(new QLabel()),
+      tabs_(new QTabWidget()),
+      VS3(new Grid(QStringLiteral("VS3"), tr("Balance of the demat account"))),
+      VS2(new Grid(QStringLiteral("VS2"), tr("Quantities of the bill"))),
+      VSAvg(new Grid(QStringLiteral("VSAvg"), tr("Average rates of the demat account"))),
+      ImgRefresh(new controls::ZENButton(QStringLiteral("ImgRefresh"), tr("Refresh"))) {
+  caption_->setObjectName(QStringLiteral("LblBalance"));
+  VS3->SetColumns({{.heading = tr("Scrip")},
+                   {.heading = tr("Balance"), .mask = Mask::kAmount},
+                   {.heading = tr("Rate"), .mask = Mask::kAmount},
+                   {.heading = tr("Held Since"), .mask = Mask::kDate}});
+  VS2->SetColumns(
+      {{.heading = tr("Scrip")}, {.heading = tr("Quantity"), .alignment = Qt::AlignRight}});
+  VS2->SetSortable(false);
+  VSAvg->SetColumns(
+      {{.heading = tr("Scrip")}, {.heading = tr("Average Rate"), .mask = Mask::kAmount}});
+  // What counts is the numbers: a long name is cut where the pane is narrow.
+  for (Grid* grid : {VS3, VS2, VSAvg}) {
+    grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+  }
+  Arrange();
+}
+
+void HoldingsPane::Arrange() {
+  tabs_->addTab(VS3, tr("Balance"));
+  tabs_->addTab(VS2, tr("Bill"));
+  tabs_->addTab(VSAvg, tr("Averages"));
+  tabs_->setDocumentMode(true);
+  tabs_->tabBar()->setFocusPolicy(Qt::NoFocus);
+  tabs_->setCornerWidget(ImgRefresh);
+  ImgRefresh->setToolTip(tr("Reads the balance again (F5)"));
+  ImgRefresh->setFocusPolicy(Qt::ClickFocus);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(controls::kTightSpacing);
+  rows->addWidget(caption_);
+  rows->addWidget(tabs_, 1);
+}
+
+void HoldingsPane::ShowBalance(const QString& account_number, std::vector<HeldLot> lots,
+                               const ScripList& scrips) {
+  caption_->setText(tr("Balance in Demat A/c No. - %1").arg(account_number));
+  lots_ = std::move(lots);
+  FillBalance(scrips);
+}
+
+void HoldingsPane::BringUp(ScripId scrip, const ScripList& scrips) {
+  FillBalance(scrips, scrip);
+  const bool held = std::ranges::any_of(
+      lots_, [scrip](const HeldLot& one) { return one.lot.scrip == scrip && one.lot.quantity; });
+  VS3->SelectRow(held ? 0 : -1);
+}
+
+void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {
+  std::vector<HeldLot> arranged = lots_;
+  bills::Arrange(arranged, first);
+  std::vector<Row> rows;
+  rows.reserve(arranged.size());
+  for (const HeldLot& held : arranged) {
+    rows.push_back(
+        {.id = held.lot.id.value,
+         .cells = {scrips.NameOf(held.lot.scrip), held.lot.quantity.Number(), held.lot.rate,
+                   held.since ? text::FormatDmy(*held.since) : QString()}});
+  }
+  VS3->SetRows(std::move(rows));
+}
+
+void HoldingsPane::ShowMoves(std::span<const BillLine> lines, const ScripList& scrips) {
+  std::vector<Row> rows;
+  for (const BillLine& line : lines) {
+    rows.push_back({.cells = {scrips.NameOf(line.scrip), Signed(line)}});
+  }
+  VS2->SetRows(std::move(rows));
+}
+
+void HoldingsPane::ShowAverages(const std::vector<AverageRate>& rates, const ScripList& scrips) {
+  std::vector<Row> rows;
+  rows.reserve(rates.size());
+  for (const AverageRate& rate : rates) {
+    rows.push_back({.id = rate.scrip.value, .cells = {scrips.NameOf(rate.scrip), rate.rate}});
+  }
+  VSAvg->SetRows(std::move(rows));
+}
+
+std::optional<records::Lot> HoldingsPane::CurrentLot() const {
+  const auto found = std::ranges::find(lots_, LotId{VS3->CurrentId()},
+                                       [](const HeldLot& held) { return held.lot.id; });
+  return found == lots_.end() ? std::nullopt : std::optional(found->lot);
+}
+
+std::optional<records::Lot> HoldingsPane::OnlyLotOf(ScripId scrip) const {
+  std::optional<records::Lot> only;
+  for (const HeldLot& held : lots_) {
+    if (held.lot.scrip != scrip || held.lot.quantity <= text::Shares()) {
+      continue;
+    }
+    if (only) {
+      return std::nullopt;
+    }
+    only = held.lot;
+  }
+  return only;
+}
+
+void HoldingsPane::FocusBalance() {
+  tabs_->setCurrentWidget(VS3);
+  VS3->setFocus(Qt::OtherFocusReason);
+  if (VS3->CurrentRow() < 0) {
+    VS3->SelectRow(0);
+  }
+}
+
+}  // namespace quorvane::bills

@@ -1,0 +1,63 @@
+#include "admin/users/window/frmLoginSetUp.h"
+#include "controls/TextBox.h"
+#include "masters/Records.h"
+#include "masters/ShownWindow.h"
+#include "support/TestMain.h"
+
+using namespace quorvane;
+using namespace quorvane::users;
+
+class frmLoginSetUpTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void init() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
+  void cleanupTestCase() { database_.reset(); }
+
+  void UserJustSavedIsChosenChangedAndDeleted() {
+    test::ShownWindow<frmLoginSetUp> shown(*database_);
+    shown.Named("Text1_0")->setText(QStringLiteral("Asha"));
+    shown.Named("Text1_1")->setText(QStringLiteral("one"));
+    shown.Click("cmdUpdate");
+    ClickFirstUser(shown);
+    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("Asha"));
+    shown.Named("Text1_0")->setText(QStringLiteral("Usha"));
+    shown.Click("cmdUpdate");
+    QCOMPARE(Names(), QStringList("Usha"));
+    ClickFirstUser(shown);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(Names(), QStringList());
+    shown.messages.WillAnswer(true);
+  }
+
+  void ShowingPasswordsLeavesTheEntryAlone() {
+    UserBook book(**database_);
+    User user{0, QStringLiteral("Asha"), QStringLiteral("one")};
+    QVERIFY(!book.Save(user));
+    test::ShownWindow<frmLoginSetUp> shown(*database_);
+    ClickFirstUser(shown);
+    shown.Named("Text1_1")->setText(QStringLiteral("typed"));
+    shown.Named<QCheckBox>("ChkShow")->click();
+    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("typed"));
+    shown.Click("cmdUpdate");
+    QCOMPARE(book.FindUser(user.name)->password, std::optional(QStringLiteral("typed")));
+    shown.messages.WillAnswer(true);
+  }
+
+ private:
+  static void ClickFirstUser(const test::ShownWindow<frmLoginSetUp>& shown) {
+    auto* grid = shown.Named<controls::Grid>("VSF");
+    const QPoint place = grid->visualRect(grid->model()->index(0, 0)).center();
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, place);
+  }
+
+  QStringList Names() { return test::Rows(**database_, "Select Name From LoginId"); }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<frmLoginSetUpTest> kRegistered;
+
+#include "frmLoginSetUpTest.moc"

@@ -1,0 +1,180 @@
+#include "admin/users/window/frmLogin.h"
+#include "admin/users/window/frmLoginSetUp.h"
+#include "controls/Grid.h"
+#include "masters/Records.h"
+#include "support/OnScreen.h"
+#include "support/RecordingMessages.h"
+#include "support/TestDatabase.h"
+#include "support/TestMain.h"
+
+#include <QCheckBox>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace quorvane;
+using namespace quorvane::users;
+using controls::ZENButton;
+
+namespace {
+
+const QString kExit = QStringLiteral("Do You want to Exit?");
+
+}  // namespace
+
+class frmLoginTest : public QObject {
+  Q_OBJECT
+
+  void OpenLogin() {
+    login_ = new frmLogin(
+        *desk_,
+        Login(*session_.connection, app::MachineKey(folder_->filePath("machine.ini")), *attempts_));
+    test::PutOnScreen(*login_);
+  }
+
+  static void Click(const QWidget* window, const char* button) {
+    QTest::mouseClick(window->findChild<ZENButton*>(QLatin1String(button)), Qt::LeftButton);
+  }
+
+  static QLineEdit* Box(const QWidget* window, const char* name) {
+    return window->findChild<QLineEdit*>(QLatin1String(name));
+  }
+
+  void Type(const char* name, const char* password) {
+    Box(login_, "Text1_0")->setText(QLatin1String(name));
+    Box(login_, "Text1_1")->setText(QLatin1String(password));
+  }
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void cleanupTestCase() {
+    session_.connection.reset();
+    database_.reset();
+  }
+  void init() {
+    attempts_.emplace();
+    folder_ = std::make_unique<QTemporaryDir>();
+    messages_ = std::make_unique<test::RecordingMessages>();
+    session_.connection = std::make_unique<database::Connection>(database_->Settings());
+    desk_ = std::make_unique<controls::Desk>(controls::Desk{session_, *messages_});
+    User user{0, "Ravi", "Secret"};
+    QVERIFY(!UserBook(**database_).Save(user));
+  }
+  void cleanup() {
+    delete login_;
+    test::Empty(**database_, {"LoginId", "LoginPassword"});
+  }
+
+  void EnterLogsInAndClosesTheWindow() {
+    OpenLogin();
+    const QSignalSpy admitted(login_, &frmLogin::Admitted);
+    Type("Ravi", "Secret");
+    Box(login_, "Text1_1")->setFocus();
+    QTest::keyClick(Box(login_, "Text1_1"), Qt::Key_Return);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(admitted.count(), 1);
+    QTRY_VERIFY(login_.isNull());
+    QCOMPARE(messages_->Texts(), QStringList());
+  }
+
+  void AFailureEmptiesThePasswordAndWaits() {
+    OpenLogin();
+    Type("Ravi", "wrong");
+    Click(login_, "cmdOK");
+    QCOMPARE(messages_->LastText(), QStringLiteral("InVaild Password."));
+    QCOMPARE(messages_->said.back().icon, controls::Icon::kCritical);
+    QCOMPARE(Box(login_, "Text1_1")->text(), QString());
+    QVERIFY(Box(login_, "Text1_1")->hasFocus());
+    QVERIFY(!login_->findChild<ZENButton*>(QStringLiteral("cmdOK"))->isEnabled());
+    login_->close();
+    OpenLogin();
+    QVERIFY(!login_->findChild<ZENButton*>(QStringLiteral("cmdOK"))->isEnabled());
+    QTRY_VERIFY(login_->findChild<ZENButton*>(QStringLiteral("cmdOK"))->isEnabled());
+  }
+
+  void OnlyTheAdministratorSetsUsersUp() {
+    OpenLogin();
+    Type("Ravi", "Secret");
+    Click(login_, "cmdSetUp");
+    QCOMPARE(messages_->LastText(), QStringLiteral("You have no Rights to Enter in SetUp."));
+    QTRY_VERIFY(login_->findChild<ZENButton*>(QStringLiteral("cmdSetUp"))->isEnabled());
+    Type("Administrator", "tavel");
+    Click(login_, "cmdSetUp");
+    QPointer<frmLoginSetUp> set_up = login_->findChild<frmLoginSetUp*>();
+    QVERIFY(!set_up.isNull());
+    messages_->WillAnswer(false);
+    set_up->close();
+    QVERIFY(!set_up.isNull() && set_up->isVisible());
+    messages_->WillAnswer(true);
+    Click(set_up, "cmdexit");
+    QTRY_VERIFY(set_up.isNull());
+    QCOMPARE(messages_->Texts().mid(1), QStringList({kExit, kExit}));
+  }
+
+  void ChangedPasswordIsTheNewOne() {
+    OpenLogin();
+    Box(login_, "Text1_0")->setText(QStringLiteral("Ravi"));
+    Click(login_, "cmdChange");
+    QCOMPARE(Box(login_, "Text2_0")->text(), QStringLiteral("Ravi"));
+    Click(login_, "cmdOk1");
+    QCOMPARE(messages_->LastText(), QStringLiteral("Enter Old Password."));
+    QVERIFY(Box(login_, "Text2_1")->hasFocus());
+    const auto* change = login_->findChild<ZENButton*>(QStringLiteral("cmdOk1"));
+    Box(login_, "Text2_1")->setText(QStringLiteral("guess"));
+    Box(login_, "Text2_2")->setText(QStringLiteral("New'1"));
+    Box(login_, "Text2_3")->setText(QStringLiteral("New'1"));
+    Click(login_, "cmdOk1");
+    QCOMPARE(messages_->LastText(), QStringLiteral("Old Password is Incorrect."));
+    QVERIFY(!change->isEnabled());
+    QTRY_VERIFY(change->isEnabled());
+    Box(login_, "Text2_1")->setText(QStringLiteral("Secret"));
+    Box(login_, "Text2_2")->setText(QStringLiteral("New'1"));
+    Box(login_, "Text2_3")->setText(QStringLiteral("New'1"));
+    Click(login_, "cmdOk1");
+    QCOMPARE(messages_->LastText(), QStringLiteral("Password has Successfully Changed."));
+    const QSignalSpy admitted(login_, &frmLogin::Admitted);
+    Type("Ravi", "New'1");
+    Click(login_, "cmdOK");
+    QCOMPARE(admitted.count(), 1);
+  }
+
+  void UsersAreKeptAndTheirPasswordsCovered() {
+    QPointer<frmLoginSetUp> window = new frmLoginSetUp(*desk_);
+    test::PutOnScreen(*window);
+    const auto* grid = window->findChild<controls::Grid*>(QStringLiteral("VSF"));
+    QVERIFY(!grid->Model().Text(0, 1).contains(QStringLiteral("Secret")));
+    window->findChild<QCheckBox*>(QStringLiteral("ChkShow"))->click();
+    QCOMPARE(grid->Model().Text(0, 1), QStringLiteral("Secret"));
+    Click(window, "cmdAdd");
+    Click(window, "cmdUpdate");
+    QCOMPARE(messages_->LastText(), QStringLiteral("Enter Login Id!"));
+    Box(window, "Text1_0")->setText(QStringLiteral("aDMINISTRATOR"));
+    Click(window, "cmdUpdate");
+    QCOMPARE(messages_->LastText(), QStringLiteral("Enter Password!"));
+    Box(window, "Text1_1")->setText(QStringLiteral("x"));
+    Click(window, "cmdUpdate");
+    QCOMPARE(messages_->LastText(), QStringLiteral("User Already Exits!"));
+    Box(window, "Text1_0")->setText(QStringLiteral("Mina"));
+    Click(window, "cmdUpdate");
+    QCOMPARE(UserBook(**database_).List().size(), std::size_t{2});
+    window->findChild<controls::Grid*>(QStringLiteral("VSF"))->SelectRow(0);
+    messages_->WillAnswer(true);
+    Click(window, "CmdDelete");
+    QCOMPARE(messages_->LastText(), QStringLiteral("Do you want to Delete this User?"));
+    QCOMPARE(UserBook(**database_).List().size(), std::size_t{1});
+    delete window;
+  }
+
+ private:
+  std::unique_ptr<test::TestDatabase> database_;
+  std::unique_ptr<QTemporaryDir> folder_;
+  std::unique_ptr<test::RecordingMessages> messages_;
+  std::optional<Attempts> attempts_;
+  app::Session session_;
+  std::unique_ptr<controls::Desk> desk_;
+  QPointer<frmLogin> login_;
+};
+
+static const test::RegisterTest<frmLoginTest> kRegistered;
+
+#include "frmLoginTest.moc"

@@ -1,0 +1,314 @@
+#include "core/Progress.h"
+#include "core/platform/Processes.h"
+#include "documents/window/DocumentViewer.h"
+#include "masters/clients/Documents.h"
+#include "support/TestMain.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QClipboard>
+#include <QDir>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QPageRanges>
+#include <QPainter>
+#include <QPdfDocument>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace quorvane;
+using namespace quorvane::documents;
+
+namespace {
+
+class Silent : public Progress {};
+
+}  // namespace
+
+class DocumentViewerTest : public QObject {
+  Q_OBJECT
+
+  /// Whether a process has the document among its arguments.
+  static bool IsBeingRead(const QString& path) {
+    for (const QString& process : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+      QFile arguments(QStringLiteral("/proc/%1/cmdline").arg(process));
+      if (process.toInt() > 0 && arguments.open(QIODevice::ReadOnly) &&
+          arguments.readAll().split('\0').contains(path.toUtf8())) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+ private Q_SLOTS:
+  void KindIsShown_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("text");  ///< that is read; empty for a picture
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    for (const char* format : {"BMP", "JPG", "TIF"}) {
+      QTest::newRow(format) << QStringLiteral("a.") + format << Encoded(picture, format)
+                            << QString();
+    }
+    QTest::newRow("GIF") << "a.gif" << test::Gif() << QString();
+    QTest::newRow("PDF") << "A.PDF" << Pdf(1) << QString();
+    QTest::newRow("TXT") << "a.Txt" << QByteArray("Signed") << "Signed";
+    QTest::newRow("HTM") << "a.htm" << QByteArray("<p>Sig<b>ned</b></p>") << "Signed";
+    QTest::newRow("RTF") << "a.rtf" << QByteArray("{\\rtf1 Signed\\par}") << "Signed";
+    QTest::newRow("DOC") << "a.doc" << test::WordDocument("Signed\r") << "Signed";
+  }
+
+  void KindIsShown() {
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const QString, text);
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write(name, content)), QString("shown"));
+    QVERIFY2(viewer.Page().text.contains(text), qPrintable(viewer.Page().text));
+  }
+
+  void FileThatIsNoDocumentIsRefusedAtOnce_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("vanished") << "nothing.txt"
+                              << "File does not Exist.";
+    QTest::newRow("folder") << "folder.pdf"
+                            << "This is a Folder, not a Document.";
+    QTest::newRow("1 GB") << "large.txt"
+                          << "The Document is too Large to be Shown.";
+    QTest::newRow("kind") << "a.exe"
+                          << "Format Not Supported.";
+  }
+
+  void FileThatIsNoDocumentIsRefusedAtOnce() {
+    QFETCH(const QString, name);
+    QFETCH(const QString, message);
+    QVERIFY(QDir(folder_.path()).mkpath("folder.pdf"));
+    QFile large(folder_.filePath("large.txt"));
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(qint64{1} << 30));
+    Write("a.exe", "MZ");
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("first.txt", "First")), QString("shown"));
+    QCOMPARE(Opened(viewer, folder_.filePath(name)), message);
+    QVERIFY(viewer.IsEmpty());
+  }
+
+  void DocumentThatHarmsItsReaderIsGivenUp_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("messages");  ///< one of them
+    const QString too_long = "The Document takes too Long to be Shown.";
+    const QString too_large = "The Document is too Large to be Shown.";
+    const QString broken = "The Document is Broken, or Showing it Needs too Much Memory.";
+    QTest::newRow("draws itself") << "a.pdf" << test::PdfThatDrawsItself() << QStringList(too_long);
+    QTest::newRow("unpacks to 600 MB")
+        << "a.pdf" << test::PdfThatUnpacksToMuch() << QStringList({too_long, too_large, broken});
+    QTest::newRow("deeply nested") << "a.html" << QByteArray("<table><tr><td>").repeated(60000)
+                                   << QStringList({too_long, broken});
+    QTest::newRow("marks on one letter")
+        << "a.html"
+        << "a" + QByteArray("\u0301").repeated(500000) << QStringList(too_long);
+    QTest::newRow("picture of 30000x30000")
+        << "a.html"
+        << "<img src='data:image/png;base64," + test::PngOfNothing(30000).toBase64() + "'>"
+        << QStringList(too_large);
+  }
+
+  void DocumentThatHarmsItsReaderIsGivenUp() {
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, content);
+    QFETCH(const QStringList, messages);
+    DocumentViewer viewer(
+        {.process = {.cpu = std::chrono::seconds(2)}, .longest = std::chrono::seconds(60)});
+    const QString outcome = Opened(viewer, Write(name, content));
+    QVERIFY2(messages.contains(outcome), qPrintable(outcome));
+    QVERIFY(viewer.IsEmpty());
+    QCOMPARE(Opened(viewer, Write("next.txt", "Signed")), QString("shown"));
+  }
+
+  void ReaderIsEndedByTheClockAndWithTheViewer() {
+    const QString path = Write("never.pdf", test::PdfThatDrawsItself());
+    auto viewer = std::make_unique<DocumentViewer>(ReadingLimits{
+        .process = {.cpu = std::chrono::seconds(300)}, .longest = std::chrono::seconds(1)});
+    QCOMPARE(Opened(*viewer, path), QString("The Document takes too Long to be Shown."));
+    QTRY_VERIFY(!IsBeingRead(path));
+    viewer = std::make_unique<DocumentViewer>(ReadingLimits{
+        .process = {.cpu = std::chrono::seconds(300)}, .longest = std::chrono::seconds(300)});
+    viewer->Open(path);
+    QTRY_VERIFY(IsBeingRead(path));
+    viewer.reset();
+    QTRY_VERIFY(!IsBeingRead(path));
+  }
+
+  void MissingReaderIsTold() {
+    DocumentViewer viewer({.find_reader = [] { return QString(); }});
+    QVERIFY(
+        Opened(viewer, Write("first.txt", "First")).startsWith("The Program \"quorvane-reader\""));
+  }
+
+  void AnswerThatIsNoPageIsRefused_data() {
+    QTest::addColumn<int>("at");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("mark") << 0 << QByteArray(1, 'X');
+    QTest::newRow("size that is no number") << 4 << QByteArray(8, '\xff');
+    QTest::newRow("page beyond the last") << 23 << QByteArray(1, '\x7');
+    QTest::newRow("text without an end") << 28 << QByteArray(4, '\x7f');
+    QTest::newRow("no level") << 32 << QByteArray(1, '\0');
+    QTest::newRow("negative width") << 33 << QByteArray(1, '\xff');
+    QTest::newRow("more pixels than follow") << 36 << QByteArray(1, '\x7');
+    QTest::newRow("more pixels than a page has") << 33 << QByteArray("\0\x70\0\0\0\x70", 6);
+  }
+
+  void AnswerThatIsNoPageIsRefused() {
+    QFETCH(const int, at);
+    QFETCH(const QByteArray, bytes);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QVERIFY(WritePage(MakePage(picture, QSizeF(3, 2), 0, 1), buffer));
+    QByteArray answer = buffer.data();
+    QCOMPARE(PageOf(answer)->levels.front(), picture);
+    QVERIFY(!PageOf(answer.chopped(1)));
+    answer.replace(at, bytes.size(), bytes);
+    QVERIFY(!PageOf(answer));
+  }
+
+  void TextFitsThePaperAndIsCopied() {
+    DocumentViewer viewer;
+    const QByteArray wide =
+        "<table width=1500><tr><td>Scrip<td>Rate</table><img width=30000 height=30000 "
+        "src='data:image/gif;base64," +
+        test::Gif().toBase64() + "'>";
+    QCOMPARE(Opened(viewer, Write("a.html", wide)), QString("shown"));
+    QVERIFY2(viewer.Page().actual.width() >= 1500 && viewer.Page().actual.width() < 1700,
+             qPrintable(QString::number(viewer.Page().actual.width())));
+    auto* pages = viewer.findChild<DocumentPageView*>();
+    pages->actions().constFirst()->trigger();
+    QVERIFY(QGuiApplication::clipboard()->text().contains("Scrip"));
+  }
+
+  void PagesAreTurnedAndCounted() {
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("scan.tif", test::Tiff({8, 16, 24}))), QString("shown"));
+    QCOMPARE(viewer.PageCount(), 3);
+    QSignalSpy opened(&viewer, &DocumentViewer::Opened);
+    viewer.PreviousPage();
+    viewer.NextPage();
+    QVERIFY(opened.wait());
+    QCOMPARE(viewer.PageNumber(), 1);
+  }
+
+  void ChosenPagesArePrinted_data() {
+    QTest::addColumn<QString>("ranges");
+    QTest::addColumn<QList<int>>("widths");  ///< of the printed pages' pictures: their numbers
+    QTest::newRow("all") << "" << QList<int>{1, 2, 3, 4};
+    QTest::newRow("one") << "2" << QList<int>{2};
+    QTest::newRow("from and to") << "2-3" << QList<int>{2, 3};
+    QTest::newRow("apart") << "1,3-9" << QList<int>{1, 3, 4};
+  }
+
+  void ChosenPagesArePrinted() {
+    QFETCH(const QString, ranges);
+    QFETCH(const QList<int>, widths);
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("four.pdf", Pdf(4))), QString("shown"));
+    QPrinter printer(QPrinter::ScreenResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder_.filePath("printed.pdf"));
+    printer.setPageRanges(QPageRanges::fromString(ranges));
+    Silent progress;
+    viewer.PrintImage(printer, progress);
+    QPdfDocument printed;
+    QCOMPARE(printed.load(folder_.filePath("printed.pdf")), QPdfDocument::Error::None);
+    QList<int> numbers;
+    for (int page = 0; page < printed.pageCount(); ++page) {
+      numbers.append(NumberOn(printed.render(page, QSize(400, 560))));
+    }
+    QCOMPARE(numbers, widths);
+  }
+
+  void PageThatIsNotThereIsNotPrinted() {
+    DocumentViewer viewer;
+    QCOMPARE(Opened(viewer, Write("four.pdf", Pdf(4))), QString("shown"));
+    QPrinter printer(QPrinter::ScreenResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder_.filePath("none.pdf"));
+    printer.setPageRanges(QPageRanges::fromString("7-9"));
+    Silent progress;
+    QVERIFY_EXCEPTION_THROWN(viewer.PrintImage(printer, progress), std::runtime_error);
+    QVERIFY(!QFile::exists(folder_.filePath("none.pdf")));
+  }
+
+ private:
+  /// A document whose pages are painted red, green, blue, black.
+  static QByteArray Pdf(int pages) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QPainter painter(&writer);
+    for (int page = 0; page < pages; ++page) {
+      if (page > 0) {
+        writer.newPage();
+      }
+      painter.fillRect(QRect(0, 0, writer.width(), writer.height()), kColors[page]);
+    }
+    painter.end();
+    return buffer.data();
+  }
+
+  static int NumberOn(const QImage& page) {
+    const QColor middle = page.pixelColor(page.rect().center());
+    for (int number = 1; number <= 4; ++number) {
+      const QColor& color = kColors[number - 1];
+      if (std::abs(color.red() - middle.red()) + std::abs(color.green() - middle.green()) +
+              std::abs(color.blue() - middle.blue()) <
+          60) {
+        return number;
+      }
+    }
+    return 0;
+  }
+
+  static QByteArray Encoded(const QImage& picture, const char* format) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, format);
+    return buffer.data();
+  }
+
+  QString Write(const QString& name, const QByteArray& content) const {
+    return test::WriteFile(folder_.filePath(name), content);
+  }
+
+  /// "shown", or what was said.
+  static QString Opened(DocumentViewer& viewer, const QString& path) {
+    QString outcome = "nothing";
+    QEventLoop loop;
+    const auto end = [&](const QString& text) {
+      outcome = text;
+      loop.quit();
+    };
+    connect(&viewer, &DocumentViewer::Opened, &loop, [&] { end("shown"); });
+    // After Open has returned, since some documents fail at once.
+    connect(&viewer, &DocumentViewer::Failed, &loop, end, Qt::QueuedConnection);
+    QTimer::singleShot(90000, &loop, &QEventLoop::quit);
+    viewer.Open(path);
+    loop.exec();
+    return outcome;
+  }
+
+  inline static const QColor kColors[4] = {Qt::red, Qt::green, Qt::blue, Qt::black};
+  QTemporaryDir folder_;
+};
+
+namespace {
+const test::RegisterTest<DocumentViewerTest> kRegistered;
+}
+
+#include "DocumentViewerTest.moc"

@@ -1,0 +1,129 @@
+#include "masters/clients/ClientWindow.h"
+#include "support/TestMain.h"
+
+using namespace quorvane;
+using namespace quorvane::documents;
+using controls::ComboBox;
+using controls::DateBox;
+using controls::Grid;
+using controls::TextBox;
+using test::RecordingMessages;
+using test::Rows;
+
+class FrmSignTest : public test::ClientWindow {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void DocumentIsPickedKeptShownAndCleared() {
+    AddClient(7, "C7");
+    AddAccount(7, 5, 1, 11, "A");
+    Open();
+    Modify(7);
+    QVERIFY(!Button("CmdView")->isEnabled());
+    Click("CmdSource");
+    QVERIFY(!Button("CmdView")->isEnabled());
+    picked_ = test::WriteFile(folder_->filePath("Sign 1.txt"), "Signed");
+    Click("CmdSource");
+    QCOMPARE(Box(12)->text(), QString("Sign 1.txt"));
+    QCOMPARE(View(), QString("shown"));
+    Click("cmdUpdate");
+    QFile::remove(picked_);
+    QVERIFY(QFile::exists(folder_->filePath("SignDocs/7/Sign 1.txt")));
+    QCOMPARE(View(), QString("shown"));
+    QVERIFY(window_->findChild<DocumentViewer*>()->Page().text.contains("Signed"));
+    Modify(7);
+    Click("CmdClr");
+    QVERIFY(!Button("CmdView")->isEnabled());
+    Click("cmdUpdate");
+    QVERIFY(!QFile::exists(folder_->filePath("SignDocs/7")));
+    QCOMPARE(Rows(Db(), "Select SignDoc From ClientInfo"), QStringList(""));
+  }
+
+  void DocumentThatCannotBeShownIsToldAndThePaneIsEmpty_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("there");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("vanished") << "a.jpg" << false << "File does not Exist.";
+    QTest::newRow("path out of the folder") << "../a.jpg" << false << "File does not Exist.";
+    QTest::newRow("other kind") << "a.xyz" << true << "Format Not Supported.";
+    QTest::newRow("broken") << "a.jpg" << true << "The Image is Broken.";
+  }
+
+  void DocumentThatCannotBeShownIsToldAndThePaneIsEmpty() {
+    QFETCH(const QString, name);
+    QFETCH(const bool, there);
+    AddClient(7, "C7");
+    Db().Execute("Update ClientInfo Set SignDoc=?", name);
+    if (there) {
+      QVERIFY(QDir().mkpath(folder_->filePath("SignDocs/7")));
+      test::WriteFile(folder_->filePath("SignDocs/7/" + name), "no picture");
+    }
+    Open();
+    window_->List().SelectId(7);
+    QTEST(View(), "message");
+    QCOMPARE(messages_->said.front().kind, RecordingMessages::Kind::kInform);
+    QVERIFY(window_->findChild<DocumentViewer*>()->IsEmpty());
+  }
+
+  void DocumentOfAKindThatNothingShowsIsNotKept() {
+    AddClient(7, "C7");
+    AddAccount(7, 5, 1, 11, "A");
+    Db().Execute("Update ClientInfo Set SignDoc='old.docx'");
+    QVERIFY(QDir().mkpath(folder_->filePath("SignDocs/7")));
+    test::WriteFile(folder_->filePath("SignDocs/7/old.docx"), "older");
+    Open();
+    Modify(7);
+    Box(2)->setText("ANOTHER NAME");
+    Click("cmdUpdate");
+    QCOMPARE(Rows(Db(), "Select Name,SignDoc From ClientInfo"),
+             QStringList("ANOTHER NAME|old.docx"));
+    Modify(7);
+    picked_ = test::WriteFile(folder_->filePath("new.xyz"), "new");
+    Click("CmdSource");
+    Click("cmdUpdate");
+    QCOMPARE(messages_->Texts(), QStringList("Format Not Supported."));
+    QVERIFY(window_->IsEditing());
+    QVERIFY(QFile::exists(folder_->filePath("SignDocs/7/old.docx")));
+  }
+
+  void DocumentLeavesThePaneWithItsClient() {
+    AddClient(7, "C7");
+    AddClient(8, "C8");
+    Db().Execute("Update ClientInfo Set SignDoc='a.txt' Where Id=7");
+    QVERIFY(QDir().mkpath(folder_->filePath("SignDocs/7")));
+    test::WriteFile(folder_->filePath("SignDocs/7/a.txt"), "Signed");
+    Open();
+    window_->List().SelectId(7);
+    QCOMPARE(View(), QString("shown"));
+    window_->List().SelectId(8);
+    QVERIFY(window_->findChild<DocumentViewer*>()->IsEmpty());
+    QVERIFY(!Button("CmdView")->isEnabled());
+  }
+
+  void ButtonsOfThePaneActOnItsDocument() {
+    AddClient(7, "C7");
+    AddAccount(7, 5, 1, 11, "A");
+    Open();
+    Modify(7);
+    QVERIFY(!Button("cmd_Rotate")->isEnabled() && !Button("CmdPrint")->isEnabled());
+    picked_ = test::WriteFile(folder_->filePath("a.gif"), test::Gif());
+    Click("CmdSource");
+    QCOMPARE(View(), QString("shown"));
+    auto* pages = window_->findChild<DocumentPageView*>();
+    Click("cmd_Rotate");
+    QCOMPARE(pages->QuarterTurns(), 1);
+    Click("cmdpicview");
+    QCOMPARE(pages->CurrentView(), DocumentPageView::View::kActual);
+    Click("CmdBGClr");
+    QCOMPARE(pages->viewport()->grab().toImage().pixelColor(2, 2), QColor(Qt::green));
+    Click("CmdPrint");
+    QVERIFY(QFile::exists(folder_->filePath("printed.pdf")));
+    QCOMPARE(messages_->Texts(), QStringList());
+  }
+};
+
+namespace {
+const test::RegisterTest<FrmSignTest> kRegistered;
+}
+
+#include "FrmSignTest.moc"

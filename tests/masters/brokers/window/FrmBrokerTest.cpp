@@ -1,0 +1,188 @@
+#include "masters/Records.h"
+#include "masters/ShownWindow.h"
+#include "masters/brokers/window/FrmBroker.h"
+#include "support/TestMain.h"
+
+using namespace quorvane;
+using namespace quorvane::brokers;
+using Kind = test::RecordingMessages::Kind;
+
+namespace {
+
+/// The user stops every delete before its first step is done.
+class Stopped : public Progress {
+ public:
+  bool Cancelled() const override { return true; }
+};
+
+class FrmBrokerStopped : public FrmBroker {
+ public:
+  using FrmBroker::FrmBroker;
+
+ protected:
+  std::unique_ptr<Progress> NewProgress() override { return std::make_unique<Stopped>(); }
+};
+
+const QString kQuestion = QStringLiteral(
+    "Are You Sure, You want to Delete this Record?\nAll Related Records Will be Deleted.");
+
+}  // namespace
+
+class FrmBrokerTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void cleanup() {
+    test::Empty(**database_, {"Broker", "BrPayment", "SPMaster", "SPTrans", "Stock", "Stock_Temp"});
+  }
+  void cleanupTestCase() { database_.reset(); }
+
+  void KeyboardAloneAddsABroker() {
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    shown.AddByKeyboard({"o'brien & sons", "1 fort road\nby the mint", "mumbai", "mah", "400001",
+                         "022", "55501", "98200", "55502", "Desk@Obrien.example"});
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(Brokers(),
+             QStringList("1|O'BRIEN & SONS|1 FORT ROAD\nBY THE MINT|MUMBAI|MAHARASHTRA|400001|022|"
+                         "55501|98200|55502|Desk@Obrien.example"));
+    QVERIFY(!shown->IsEditing());
+    QCOMPARE(shown.ListRow(0),
+             QStringList({"O'BRIEN & SONS", "MUMBAI", "MAHARASHTRA", "55501", "98200"}));
+  }
+
+  void BrokerThatIsSavedUntouchedStaysAsItWas() {
+    AddBroker(4, "Mixed Case", "1, FORT\nROAD", "PUNE", "411001", "A STATE OF ITS OWN");
+    const QStringList before = Brokers();
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    shown->List().SelectId(4);
+    shown.Click("cmdModify");
+    shown.Click("cmdUpdate");
+    QVERIFY(!shown->IsEditing());
+    QCOMPARE(Brokers(), before);
+  }
+
+  void ModifiedBrokerKeepsItsKey() {
+    AddBroker(4, "FIRST");
+    AddBroker(7, "SECOND");
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    shown.Retype(4, "Text1_0", "renamed");
+    shown.Click("cmdUpdate");
+    QCOMPARE(test::Rows(**database_, "Select Id,Name From Broker Order By Id"),
+             QStringList({"4|RENAMED", "7|SECOND"}));
+    QCOMPARE(shown->CurrentId(), 4);
+  }
+
+  void BrokerWithoutANameIsRefused() {
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    shown.AddByKeyboard({"", "1 fort road"});
+    QCOMPARE(shown.messages.Texts(), QStringList("Enter Name."));
+    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    QVERIFY(shown.Named("Text1_0")->hasFocus());
+    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("1 FORT ROAD"));
+    QCOMPARE(Brokers(), QStringList());
+  }
+
+  void CancelBringsTheStoredBrokerBack() {
+    AddBroker(4, "STORED", "ROAD", "PUNE", "411001");
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    shown.Retype(4, "Text1_3", "999999");
+    shown.Click("cmdCancel");
+    QCOMPARE(shown.TextIn("Text1_3"), QStringLiteral("411001"));
+    QVERIFY(!shown->IsEditing());
+    QCOMPARE(test::Rows(**database_, "Select PIN From Broker"), QStringList("411001"));
+  }
+
+  void CityAndItsCodesCompleteFromTheBrokers() {
+    AddBroker(1, "ONE", "ROAD", "NASHIK", "422001");
+    AddBroker(2, "TWO", "ROAD", "PUNE", "411001");
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    shown.Click("cmdAdd");
+    shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
+    shown.Type("pu");
+    QCOMPARE(shown.TextIn("Text1_2"), QStringLiteral("PUNE"));
+    QCOMPARE(shown.Named("Text1_2")->selectedText(), QStringLiteral("NE"));
+    shown.Named("Text1_3")->setFocus(Qt::TabFocusReason);
+    shown.Type("4");
+    QCOMPARE(shown.TextIn("Text1_3"), QStringLiteral("411001"));
+  }
+
+  void StatesAreThoseOfTheFile() {
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    QVERIFY(shown.Named<QComboBox>("Combo1")->findText("MAHARASHTRA") >= 0);
+  }
+
+  void DeleteIsAskedForWithNoAsPreset() {
+    AddBrokerWithBill();
+    const QStringList before = Everything();
+    const test::ShownWindow<FrmBroker> shown(*database_);
+    shown->List().SelectId(4);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.messages.Texts(), QStringList(kQuestion));
+    QCOMPARE(shown.messages.said.back().kind, Kind::kAsk);
+    QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
+    QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
+    QCOMPARE(Everything(), before);
+  }
+
+  void DeletedBrokerTakesBillsAlongAndHoldingsAreRecomputed() {
+    AddBrokerWithBill();
+    AddBroker(9, "STAYS");
+    test::ShownWindow<FrmBroker> shown(*database_);
+    shown->List().SelectId(4);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.messages.Texts(), QStringList(kQuestion));
+    QCOMPARE(test::Rows(**database_, "Select Id,Name From Broker"), QStringList("9|STAYS"));
+    QCOMPARE(test::Contents(**database_, {"BrPayment", "SPMaster", "SPTrans"}), QStringList());
+    QCOMPARE(test::Rows(**database_, "Select Id,Qty From Stock"), QStringList("1|0"));
+    QCOMPARE(shown->List().Model().RowCount(), 1);
+    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("STAYS"));
+  }
+
+  void StoppedDeleteLeavesEverything() {
+    AddBrokerWithBill();
+    const QStringList before = Everything();
+    test::ShownWindow<FrmBrokerStopped> shown(*database_);
+    shown->List().SelectId(4);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.messages.Texts(),
+             QStringList({kQuestion, QStringLiteral("Cancelled. Nothing was changed.")}));
+    QCOMPARE(Everything(), before);
+    QCOMPARE(shown->List().CurrentId(), 4);
+    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("GOES"));
+  }
+
+ private:
+  QStringList Brokers() { return test::Rows(**database_, "Select * From Broker Order By Id"); }
+
+  QStringList Everything() {
+    return test::Contents(**database_, {"Broker", "BrPayment", "SPMaster", "SPTrans", "Stock"});
+  }
+
+  void AddBroker(int id, const char* name, const char* address = "", const char* city = "",
+                 const char* pin = "", const char* state = "") {
+    (*database_)
+        ->Execute(
+            "Insert Into Broker Values(?,?,?,?,?,?,'020','55501','98200','','desk@x.example')", id,
+            QString(name), QString(address), QString(city), QString(state), QString(pin));
+  }
+
+  void AddBrokerWithBill() {
+    AddBroker(4, "GOES");
+    test::TestDatabase& database = *database_;
+    database->Execute("Insert Into BrPayment(Cid,Id,BrId) Values(1,1,4)");
+    database->Execute("Insert Into SPMaster(Cid,Fyear,ID,BrokId,AcId) Values(1,'2011-12',1,4,1)");
+    database->Execute(
+        "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId,Qty,Rate) "
+        "Values(1,'2011-12',1,1,1,1,1,10,100)");
+    database->Execute("Insert Into Stock Values(1,'2011-12',1,1,1,10,100)");
+  }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<FrmBrokerTest> kRegistered;
+
+#include "FrmBrokerTest.moc"

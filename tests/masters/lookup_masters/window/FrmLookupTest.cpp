@@ -1,0 +1,266 @@
+#include "masters/Records.h"
+#include "masters/ShownWindow.h"
+#include "masters/lookup_masters/window/FrmLookup.h"
+#include "support/TestMain.h"
+
+using namespace quorvane;
+using namespace quorvane::lookup_masters;
+using Kind = test::RecordingMessages::Kind;
+
+Q_DECLARE_METATYPE(quorvane::lookup_masters::LookupKind)
+
+class FrmLookupTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void init() {
+    test::Empty(**database_, {"ScriptType", "ScriptClass", "Exchange", "STTPer", "TransTaxPer"});
+  }
+  void cleanupTestCase() { database_.reset(); }
+
+  void EachWindowKeepsItsTable_data() {
+    QTest::addColumn<LookupKind>("kind");
+    QTest::addColumn<QString>("window");
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("if_empty");
+    QTest::addColumn<QString>("if_taken");
+    QTest::newRow("type") << LookupKind::kScripTypes << "FrmScriptType"
+                          << "ScriptType"
+                          << "o'bond"
+                          << "O'BOND"
+                          << "Enter Script Type."
+                          << "Script Type Already Exists.";
+    QTest::newRow("class") << LookupKind::kScripClasses << "FrmScriptCls"
+                           << "ScriptClass"
+                           << "a"
+                           << "A"
+                           << "Enter Script Class Name."
+                           << "Script Class Already Exists!";
+    QTest::newRow("exchange") << LookupKind::kExchanges << "FrmExchange"
+                              << "Exchange"
+                              << "mcx"
+                              << "MCX"
+                              << "Enter Exchange Name."
+                              << "Exchange Name Already Exists.";
+    QTest::newRow("STT") << LookupKind::kSttPercentages << "FrmSttPer"
+                         << "STTPer"
+                         << ".1"
+                         << "0.1"
+                         << "Enter S.T.T. Percent."
+                         << "S.T.T. Percent Already Exists.";
+  }
+
+  void EachWindowKeepsItsTable() {
+    QFETCH(const LookupKind, kind);
+    QFETCH(const QString, table);
+    QFETCH(const QString, typed);
+    QFETCH(const QString, stored);
+    const std::string all = "Select * From " + table.toStdString();
+    test::ShownWindow<FrmLookup> shown(*database_, kind);
+    QTEST(shown->objectName(), "window");
+
+    shown.AddByKeyboard({""});
+    QTEST(shown.messages.LastText(), "if_empty");
+    QVERIFY(shown.Named("Text1_0")->hasFocus());
+    shown.Type(typed);
+    shown.Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(test::Rows(**database_, all), QStringList("1|" + stored));
+    QVERIFY(!shown->IsEditing());
+
+    shown.AddByKeyboard({typed});
+    QTEST(shown.messages.LastText(), "if_taken");
+    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    QVERIFY(shown.Named("Text1_0")->hasFocus());
+    shown.Click("cmdCancel");
+
+    shown->List().SelectId(1);
+    shown.Click("cmdModify");
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.said.size(), std::size_t{2});
+    QCOMPARE(test::Rows(**database_, all), QStringList("1|" + stored));
+
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.messages.LastText(),
+             QStringLiteral("Are You Sure, You want to Delete this Record?"));
+    QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
+    QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
+    QCOMPARE(shown->List().Model().RowCount(), 1);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(test::Rows(**database_, all), QStringList());
+    QCOMPARE(shown->List().Model().RowCount(), 0);
+  }
+
+  void ListShowsThreeDecimalsAndTheBoxAllThatThereAre_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("boxed");
+    QTest::addColumn<QString>("listed");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("masked") << "0.1"
+                            << "0.100"
+                            << "0.100"
+                            << "0.1";
+    QTest::newRow("four decimals") << "0.0125"
+                                   << "0.0125"
+                                   << "0.013"
+                                   << "0.0125";
+    QTest::newRow("zero") << "0"
+                          << "0.000"
+                          << "0.000"
+                          << "0";
+  }
+
+  void ListShowsThreeDecimalsAndTheBoxAllThatThereAre() {
+    QFETCH(const QString, typed);
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
+    shown.AddByKeyboard({typed});
+    QTEST(shown.TextIn("Text1_0"), "boxed");
+    QTEST(shown.ListRow(0).front(), "listed");
+    shown.Click("cmdModify");
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QTEST(test::Rows(**database_, "Select STTPer From STTPer").front(), "stored");
+  }
+
+  void KeyboardAloneAddsAYearlyPercentage() {
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    QCOMPARE(shown->objectName(), QStringLiteral("FrmTransPer"));
+    shown.AddByKeyboard({"2011-12", "brokerage n", "0.05", "1.4.11"});
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(Percentages(), QStringList("1|2011-12|Brokerage Non Delivery Based|0.05|01/04/2011"));
+    QCOMPARE(shown.ListRow(0),
+             QStringList({"2011-12", "Brokerage Non Delivery Based", "0.050", "01/04/2011"}));
+  }
+
+  void KindsOfYearlyPercentagesAreFive() {
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    const auto* combo = shown.Named<QComboBox>("CmbName");
+    QStringList kinds;
+    for (int i = 0; i < combo->count(); ++i) {
+      kinds.append(combo->itemText(i));
+    }
+    QCOMPARE(kinds, QStringList({"Brokerage Delivery Based", "Brokerage Non Delivery Based",
+                                 "STT Delivery Based", "STT Non Delivery Based", "Service Tax"}));
+  }
+
+  void BrokenRuleOfAYearlyPercentageIsTold_data() {
+    QTest::addColumn<QStringList>("entered");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("year") << QStringList({"", "Service Tax", "10.3", ""})
+                          << "Enter Financial Year.";
+    QTest::newRow("kind") << QStringList({"2011-12", "", "10.3", ""}) << "Select Delivery Type .";
+    QTest::newRow("percentage") << QStringList({"2011-12", "Service Tax", "", ""})
+                                << "Enter Percentage.";
+    QTest::newRow("same year and kind")
+        << QStringList({"2012-13", "Service Tax", "12.36", ""}) << "Percent Detail Already Exists.";
+  }
+
+  void BrokenRuleOfAYearlyPercentageIsTold() {
+    QFETCH(const QStringList, entered);
+    QFETCH(const QString, text);
+    (*database_)->Execute("Insert Into TransTaxPer Values(4,'2012-13','Service Tax',10.3,'')");
+    const QStringList before = Percentages();
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    shown.AddByKeyboard(entered);
+    QCOMPARE(shown.messages.Texts(), QStringList(text));
+    QCOMPARE(Percentages(), before);
+  }
+
+  void ImproperYearIsToldOnLeavingItsBox_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("said");
+    const QStringList refused("Enter Proper Financial Year");
+    QTest::newRow("one year") << "2011" << refused;
+    QTest::newRow("years that do not follow") << "2011-13" << refused;
+    QTest::newRow("other separator") << "2011/12" << refused;
+    QTest::newRow("proper") << "2011-12" << QStringList();
+    QTest::newRow("still empty") << "" << QStringList();
+  }
+
+  void ImproperYearIsToldOnLeavingItsBox() {
+    QFETCH(const QString, typed);
+    QFETCH(const QStringList, said);
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    shown.Click("cmdAdd");
+    shown.Fill({typed});
+    QCOMPARE(shown.messages.Texts(), said);
+    QCOMPARE(shown.Named("Text1_0")->hasFocus(), !said.isEmpty());
+  }
+
+  void CancelIsNotHeldUpByAnImproperYear() {
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    shown.Click("cmdAdd");
+    shown.Type("2011");
+    shown.Click("cmdCancel");
+    QVERIFY2(shown.messages.said.empty(), qPrintable(shown.messages.LastText()));
+    QVERIFY(!shown->IsEditing());
+  }
+
+  void RowWithAnImproperDateIsNotSaved() {
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    shown.Click("cmdAdd");
+    shown.Fill({"2011-12", "Service Tax", "10.3"});
+    shown.Named("Text1_2")->setText("31/02/2011");
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Proper Date."));
+    QVERIFY(shown.Named("Text1_2")->hasFocus());
+    QCOMPARE(Percentages(), QStringList());
+  }
+
+  // It is the year 2011-12. The year in which a rate changed gets the one of most days.
+  void RatesOfTheLawAreAddedWhereTheyAreMissing() {
+    (*database_)
+        ->Execute("Insert Into TransTaxPer Values(4,'2006-07','STT Delivery Based',0.1,'')");
+    test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
+    shown.messages.WillAnswer(false);
+    shown.Click("CmdLevies");
+    QCOMPARE(shown.messages.said.size(), std::size_t{1});
+    QCOMPARE(Percentages().size(), 1);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdLevies");
+    QVERIFY(shown.messages.LastText().startsWith("23 rates were added."));
+    QVERIFY(shown.messages.LastText().contains(
+        "2005-06 STT Delivery Based: 0.100 from 01/06/2005, the rate of most days of the year."));
+    const QStringList delivery = test::Rows(**database_,
+                                            "Select FYear,Percent,Ason From TransTaxPer Where "
+                                            "Name='STT Delivery Based' Order By FYear");
+    QCOMPARE(delivery.mid(0, 4), QStringList({"2004-05|0.075|01/10/2004", "2005-06|0.1|01/06/2005",
+                                              "2006-07|0.1|", "2007-08|0.125|01/04/2007"}));
+    QCOMPARE(test::Rows(**database_,
+                        "Select Percent From TransTaxPer Where Name='Service Tax' Order By FYear"),
+             QStringList({"10.2", "10.2", "12.24", "12.36", "12.36", "10.3", "10.3", "10.3"}));
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdLevies");
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("No rate is missing."));
+  }
+
+  void SttPercentagesOfTheLawAreAdded() {
+    (*database_)->Execute("Insert Into STTPer Values(1,0),(2,0.025),(3,0.125),(4,0.017)");
+    test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdLevies");
+    QCOMPARE(shown.messages.LastText(),
+             QStringLiteral("4 rates were added.\n0.075, 0.100, 0.015, 0.020"));
+    QCOMPARE(shown->List().Model().RowCount(), 8);
+  }
+
+  void SttWindowOpensTheYearlyPercentages() {
+    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
+    shown.Click("CmdTransPer");
+    QCOMPARE(shown.opened, QStringList("FrmTransPer"));
+  }
+
+ private:
+  QStringList Percentages() {
+    return test::Rows(**database_, "Select * From TransTaxPer Order By Id");
+  }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<FrmLookupTest> kRegistered;
+
+#include "FrmLookupTest.moc"

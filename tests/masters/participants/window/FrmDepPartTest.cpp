@@ -1,0 +1,183 @@
+#include "masters/Records.h"
+#include "masters/ShownWindow.h"
+#include "masters/participants/window/FrmDepPart.h"
+#include "support/TestMain.h"
+
+using namespace quorvane;
+using namespace quorvane::participants;
+using Kind = test::RecordingMessages::Kind;
+
+class FrmDepPartTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void cleanup() { test::Empty(**database_, {"DepPart", "DpIDs", "ClientActDet"}); }
+  void cleanupTestCase() { database_.reset(); }
+
+  void KeyboardAloneAddsAParticipantWithItsDpIds() {
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    QTest::keyClick(shown.window, Qt::Key_N, Qt::ControlModifier);
+    shown.Fill({"sanchayika ltd", "ground floor", "mumbai", "mah", "400001", "022", "55501",
+                "98200", "55502", "Help@Sanchayika.example", "hemant", "manager", "c"});
+    // The grid has a row to type into; Enter adds one after the last one that is filled, and leaves
+    // the grid from an empty one.
+    QVERIFY(shown.Named<QWidget>("VS")->hasFocus());
+    shown.Fill({"in300001", "in300002"});
+    shown.Press(Qt::Key_Return);
+    QVERIFY(shown.Named<QWidget>("cmdUpdate")->hasFocus());
+    shown.Press(Qt::Key_Return);
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(test::Rows(**database_, "Select * From DepPart"),
+             QStringList("1|SANCHAYIKA LTD|GROUND FLOOR|MUMBAI|MAHARASHTRA|400001|022|55501|98200|"
+                         "55502|Help@Sanchayika.example|HEMANT|MANAGER|1"));
+    QCOMPARE(DpIds(), QStringList({"1|1|IN300001", "1|2|IN300002"}));
+    QVERIFY(!shown->IsEditing());
+  }
+
+  void TypingThatIsStillInTheGridIsSaved() {
+    AddParticipants();
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    shown->List().SelectId(3);
+    shown.Click("cmdModify");
+    shown.Click("CmdAddRow");
+    shown.Type("in9");
+    shown.Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(DpIds(), QStringList({"2|5|12000", "3|4|IN001", "3|8|IN002", "3|9|IN9"}));
+  }
+
+  void SavedDpIdsKeepTheirKeys() {
+    AddParticipants();
+    (*database_)->Execute("Insert Into ClientActDet Values(1,1,3,8,'1001')");
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    shown.Retype(3, "Text1_0", "renamed");
+    auto* grid = shown.Named<controls::Grid>("VS");
+    grid->SelectId(4);
+    shown.Click("CmdDelRow");
+    shown.Click("CmdAddRow");
+    shown.Type("in777");
+    shown.Click("cmdUpdate");
+    QCOMPARE(test::Rows(**database_, "Select Id,Name From DepPart Order By Id"),
+             QStringList({"2|OTHER", "3|RENAMED"}));
+    QCOMPARE(DpIds(), QStringList({"2|5|12000", "3|8|IN002", "3|9|IN777"}));
+    QCOMPARE(test::Rows(**database_, "Select DPID From ClientActDet"), QStringList("8"));
+  }
+
+  void EmptyRowsAreNotKept() {
+    AddParticipants();
+    const QStringList before = DpIds();
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    shown->List().SelectId(3);
+    shown.Click("cmdModify");
+    shown.Click("CmdAddRow");
+    shown.Click("CmdAddRow");
+    shown.Click("cmdUpdate");
+    QCOMPARE(DpIds(), before);
+  }
+
+  void ChosenRowShowsItsParticipantAndDpIds() {
+    AddParticipants();
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    // By name.
+    QCOMPARE(shown.ListRow(0).mid(0, 3), QStringList({"OTHER", "CDSL", "PUNE"}));
+    QCOMPARE(shown.ListRow(1).mid(0, 3), QStringList({"SANCHAYIKA", "NSDL", "NASHIK"}));
+    shown->List().SelectId(3);
+    const controls::GridModel& dp_ids = shown.Named<controls::Grid>("VS")->Model();
+    QCOMPARE(dp_ids.RowCount(), 2);
+    QCOMPARE(dp_ids.Text(0, 0), QStringLiteral("4"));
+    QCOMPARE(dp_ids.Text(1, 1), QStringLiteral("IN002"));
+    QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("NSDL"));
+    shown->List().SelectId(2);
+    QCOMPARE(dp_ids.RowCount(), 1);
+    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("OTHER"));
+    QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("CDSL"));
+  }
+
+  void DepositoriesAreTwoAndTheFirstIsProposed() {
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    shown.Click("cmdAdd");
+    const auto* combo = shown.Named<QComboBox>("Combo2");
+    QCOMPARE(combo->count(), 2);
+    QCOMPARE(combo->itemText(0), QStringLiteral("NSDL"));
+    QCOMPARE(combo->itemText(1), QStringLiteral("CDSL"));
+    QCOMPARE(combo->currentIndex(), 0);
+  }
+
+  void ParticipantWithoutANameIsRefused() {
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    shown.Click("cmdAdd");
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.Texts(), QStringList("Enter Name."));
+    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    QVERIFY(shown.Named("Text1_0")->hasFocus());
+    QCOMPARE(test::Contents(**database_, {"DepPart", "DpIDs"}), QStringList());
+  }
+
+  void CancelBringsTheStoredDpIdsBack() {
+    AddParticipants();
+    const QStringList before = DpIds();
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    shown->List().SelectId(3);
+    shown.Click("cmdModify");
+    auto* grid = shown.Named<controls::Grid>("VS");
+    grid->SelectId(4);
+    shown.Click("CmdDelRow");
+    shown.Click("cmdCancel");
+    QCOMPARE(grid->Model().RowCount(), 2);
+    QCOMPARE(DpIds(), before);
+  }
+
+  void CodesCompleteFromParticipantsOfTheCity() {
+    AddParticipants();
+    const test::ShownWindow<FrmDepPart> shown(*database_);
+    shown.Click("cmdAdd");
+    shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
+    shown.Type("p");
+    QCOMPARE(shown.TextIn("Text1_2"), QStringLiteral("PUNE"));
+    shown.Named("Text1_4")->setFocus(Qt::TabFocusReason);
+    shown.Type("0");
+    QCOMPARE(shown.TextIn("Text1_4"), QStringLiteral("020"));
+  }
+
+  void DeleteIsAskedForAndLeavesAccountsAlone_data() {
+    QTest::addColumn<bool>("yes");
+    QTest::addColumn<QStringList>("left");
+    QTest::newRow("no") << false << QStringList({"2", "3"});
+    QTest::newRow("yes") << true << QStringList("2");
+  }
+
+  void DeleteIsAskedForAndLeavesAccountsAlone() {
+    QFETCH(const bool, yes);
+    AddParticipants();
+    (*database_)->Execute("Insert Into ClientActDet Values(1,1,3,8,'1001')");
+    test::ShownWindow<FrmDepPart> shown(*database_);
+    shown->List().SelectId(3);
+    shown.messages.WillAnswer(yes);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.messages.Texts(), QStringList("Are You Sure, You want to Delete this Record?"));
+    QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
+    QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
+    QTEST(test::Rows(**database_, "Select Id From DepPart Order By Id"), "left");
+    QTEST(test::Rows(**database_, "Select Distinct(DepId) From DpIDs Order By DepId"), "left");
+    QCOMPARE(test::Rows(**database_, "Select DMATAC,DPID From ClientActDet"), QStringList("3|8"));
+  }
+
+ private:
+  QStringList DpIds() {
+    return test::Rows(**database_, "Select DepId,id,DPID From DpIDs Order By DepId,id");
+  }
+
+  void AddParticipants() {
+    test::TestDatabase& database = *database_;
+    database->Execute(
+        "Insert Into DepPart(Id,Name,City,PIN,STD,Depository) "
+        "Values(3,'SANCHAYIKA','NASHIK','422001','0253',0),(2,'OTHER','PUNE','411001','020',1)");
+    database->Execute("Insert Into DpIDs Values(3,4,'IN001'),(3,8,'IN002'),(2,5,'12000')");
+  }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<FrmDepPartTest> kRegistered;
+
+#include "FrmDepPartTest.moc"

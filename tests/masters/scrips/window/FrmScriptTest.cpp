@@ -1,0 +1,167 @@
+#include "masters/Records.h"
+#include "masters/ShownWindow.h"
+#include "masters/scrips/window/FrmScript.h"
+#include "support/TestMain.h"
+
+using namespace quorvane;
+using namespace quorvane::scrips;
+using Kind = test::RecordingMessages::Kind;
+
+class FrmScriptTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
+  void init() {
+    test::Empty(**database_, {"Script", "ScriptType", "ScriptClass", "SPMaster", "SPTrans"});
+    test::TestDatabase& database = *database_;
+    database->Execute("Insert Into ScriptType Values(1,'EQUITY'),(2,'BOND')");
+    database->Execute("Insert Into ScriptClass Values(5,'B'),(6,'A')");
+    database->Execute(
+        "Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) "
+        "Values(3,'500325','RELIANCE',1,6,'REL'),(8,'500209','INFOSYS',2,5,'')");
+  }
+  void cleanupTestCase() { database_.reset(); }
+
+  void KeyboardAloneAddsAScrip() {
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown.AddByKeyboard({"500010", "hdfc & 'co'", "hdfc", "bo", "a"});
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(Scrips().back(), QStringLiteral("9|500010|HDFC & 'CO'|2|6|HDFC"));
+    QCOMPARE(shown->List().CurrentId(), 9);
+  }
+
+  void ListIsByNameAndShowsTypesAndClasses() {
+    const test::ShownWindow<FrmScript> shown(*database_);
+    QCOMPARE(shown.ListRow(0), QStringList({"500209", "INFOSYS", "", "BOND", "B"}));
+    QCOMPARE(shown.ListRow(1), QStringList({"500325", "RELIANCE", "REL", "EQUITY", "A"}));
+  }
+
+  void ScripIsSavedUnderItsOwnCode() {
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown.Retype(3, "Text1_1", "reliance ind");
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(Scrips(), QStringList({"3|500325|RELIANCE IND|1|6|REL", "8|500209|INFOSYS|2|5|"}));
+  }
+
+  void BrokenRuleIsToldAtItsBox_data() {
+    QTest::addColumn<QStringList>("entered");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("box");
+    QTest::newRow("code") << QStringList({"", "NAME", "", "EQ", "A"}) << "Enter Script Code."
+                          << "Text1_0";
+    QTest::newRow("name") << QStringList({"CODE", "", "", "EQ", "A"}) << "Enter Script Name."
+                          << "Text1_1";
+    QTest::newRow("type") << QStringList({"CODE", "NAME", "", "", "A"}) << "Select Script Type."
+                          << "Combo1";
+    QTest::newRow("unknown type") << QStringList({"CODE", "NAME", "", "GOLD", "A"})
+                                  << "Select Script Type."
+                                  << "Combo1";
+    QTest::newRow("class") << QStringList({"CODE", "NAME", "", "EQ", ""}) << "Select Script Class."
+                           << "Combo2";
+    QTest::newRow("used code") << QStringList({"500325", "NAME", "", "EQ", "A"})
+                               << "Script Code Already Exists."
+                               << "Text1_0";
+  }
+
+  void BrokenRuleIsToldAtItsBox() {
+    QFETCH(const QStringList, entered);
+    QFETCH(const QString, text);
+    const QStringList before = Scrips();
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown.AddByKeyboard(entered);
+    QCOMPARE(shown.messages.Texts(), QStringList(text));
+    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    const QWidget* focused = QApplication::focusWidget();
+    QTEST(focused->objectName().startsWith("qt_") || focused->objectName().isEmpty()
+              ? focused->parentWidget()->objectName()
+              : focused->objectName(),
+          "box");
+    QVERIFY(shown->IsEditing());
+    QCOMPARE(Scrips(), before);
+  }
+
+  void CancelBringsTheStoredScripBack() {
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown.Retype(3, "Text1_0", "1");
+    shown.Click("cmdCancel");
+    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("500325"));
+    QCOMPARE(shown.TextIn("Combo1"), QStringLiteral("EQUITY"));
+  }
+
+  void NewTypeCanBeChosenAtOnceAndTheChoiceIsKept() {
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown->List().SelectId(3);
+    shown.Click("cmdModify");
+    (*database_)->Execute("Insert Into ScriptType Values(7,'WARRANT')");
+    auto* combo = shown.Named<controls::ComboBox>("Combo1");
+    combo->setFocus(Qt::TabFocusReason);
+    QCOMPARE(combo->currentText(), QStringLiteral("EQUITY"));
+    shown.Type("wa");
+    shown.Click("cmdUpdate");
+    QCOMPARE(Scrips().front(), QStringLiteral("3|500325|RELIANCE|7|6|REL"));
+    QCOMPARE(shown.ListRow(1).at(3), QStringLiteral("WARRANT"));
+  }
+
+  void ButtonsOpenTheWindowsOfTypesAndClasses() {
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown.Click("CmdScriptType");
+    shown.Click("CmdScriptCls");
+    QCOMPARE(shown.opened, QStringList({"FrmScriptType", "FrmScriptCls"}));
+  }
+
+  void ListShowsWhatOthersSavedWhenTheWindowIsActivated() {
+    const ScripId first = database_->AddScrip("A1", "ALPHA");
+    const test::ShownWindow<FrmScript> shown(*database_);
+    shown->List().SelectId(first.value);
+    const int before = shown->List().Model().RowCount();
+    database_->AddScrip("B2", "BETA");
+    QTest::qWait(400);
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QApplication::setActiveWindow(shown.window);
+    QTRY_COMPARE(shown->List().Model().RowCount(), before + 1);
+    QCOMPARE(shown->List().CurrentId(), first.value);
+    // Not while a record is edited.
+    shown.Click("cmdModify");
+    database_->AddScrip("C3", "GAMMA");
+    QTest::qWait(400);
+    QApplication::setActiveWindow(&other);
+    QApplication::setActiveWindow(shown.window);
+    QTest::qWait(50);
+    QCOMPARE(shown->List().Model().RowCount(), before + 1);
+  }
+
+  void DeleteIsAskedForWithNoAsPreset_data() {
+    QTest::addColumn<bool>("yes");
+    QTest::addColumn<QStringList>("left");
+    QTest::newRow("no") << false << QStringList({"3", "8"});
+    QTest::newRow("yes") << true << QStringList("8");
+  }
+
+  void DeleteIsAskedForWithNoAsPreset() {
+    QFETCH(const bool, yes);
+    test::ShownWindow<FrmScript> shown(*database_);
+    shown->List().SelectId(3);
+    shown.messages.WillAnswer(yes);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.messages.Texts(), QStringList("Are You Sure, You want to Delete this Record?\n"
+                                                 "All Related Data Will be Deleted."));
+    QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
+    QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
+    QTEST(test::Rows(**database_, "Select Id From Script Order By Id"), "left");
+  }
+
+ private:
+  QStringList Scrips() {
+    return test::Rows(**database_, "Select Id,Code,Name,Type,ScrCls,NCode From Script Order By Id");
+  }
+
+  std::unique_ptr<test::TestDatabase> database_;
+};
+
+static const test::RegisterTest<FrmScriptTest> kRegistered;
+
+#include "FrmScriptTest.moc"

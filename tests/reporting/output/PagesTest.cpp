@@ -1,0 +1,215 @@
+#include "reporting/output/WriteReport.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace quorvane;
+using namespace quorvane::reporting;
+
+namespace {
+
+class Stopped : public Progress {
+ public:
+  bool Cancelled() const override { return true; }
+};
+
+/// Groups of `lines` lines with a total each.
+ReportDocument Groups(int groups, int lines) {
+  ReportDocument document{{"Name of the report", "Financial Year - 2011-12"}, {}};
+  Table& table = document.tables.emplace_back();
+  table.groups = {{"Sale", 2}};
+  table.columns = {TextColumn("Particulars"), AmountColumn("Amount")};
+  for (int group = 0; group < groups; ++group) {
+    table.rows.push_back({RowKind::kGroup, {QStringLiteral("GROUP %1").arg(group)}});
+    for (int line = 0; line < lines; ++line) {
+      table.rows.push_back({RowKind::kData, {QStringLiteral("line %1").arg(line), 1.5}});
+    }
+    table.rows.push_back({RowKind::kTotal, {QString("Total"), 1.5 * lines}});
+    table.rows.push_back({RowKind::kGap, {}});
+  }
+  table.rows.push_back({RowKind::kNetTotal, {QString("Net Total"), 1.5 * lines * groups}});
+  return document;
+}
+
+QString ReadAs(const char* manner, const ReportDocument& document) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("report.pdf");
+  Progress progress;
+  WriteReport(document, OutputFormat::kPdf, path, progress);
+  QProcess reader;
+  reader.start("pdftotext", {manner, path, "-"});
+  if (!reader.waitForFinished() || reader.exitCode() != 0) {
+    throw std::runtime_error("the pages cannot be read");
+  }
+  return QString::fromUtf8(reader.readAllStandardOutput());
+}
+
+/// How far down the first page a word stands, in points.
+double TopOf(const QString& word, const ReportDocument& document) {
+  const QRegularExpression place("yMin=\"([0-9.]+)\"[^>]*>" + word + "<");
+  return place.match(ReadAs("-bbox", document)).captured(1).toDouble();
+}
+
+/// The lines of each page as a reader of the file finds them.
+QList<QStringList> PagesOf(const ReportDocument& document) {
+  QList<QStringList> pages;
+  for (const QString& page : ReadAs("-layout", document).split('\f', Qt::SkipEmptyParts)) {
+    QStringList lines;
+    for (const QString& line : page.split('\n', Qt::SkipEmptyParts)) {
+      lines.append(line.simplified());
+    }
+    pages.append(lines);
+  }
+  return pages;
+}
+
+}  // namespace
+
+class PagesTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void LongTitlesHaveTheirLines() {
+    ReportDocument document = Groups(1, 1);
+    QVERIFY(TopOf("Particulars", document) > TopOf("Financial", document));
+    document.titles[1] = QStringList(40, QStringLiteral("1209990000012345")).join(' ') + " LAST";
+    const double below = TopOf("Particulars", document) - TopOf("LAST", document);
+    QVERIFY2(below > 10, qPrintable(QString::number(below)));
+  }
+
+  void EachPageHasItsHeadingsAndNumber() {
+    const QList<QStringList> pages = PagesOf(Groups(30, 5));
+    QVERIFY(pages.size() > 2);
+    for (qsizetype i = 0; i < pages.size(); ++i) {
+      QCOMPARE(pages[i].last(), QStringLiteral("Page %1 of %2").arg(i + 1).arg(pages.size()));
+      QVERIFY(pages[i].contains("Particulars Amount"));
+      QVERIFY(pages[i].contains("Sale"));
+    }
+    QCOMPARE(pages[0].first(), QStringLiteral("Name of the report"));
+    QVERIFY(pages[1].first().startsWith("Name of the report \u00b7 Financial Year"));
+  }
+
+  void NothingIsLostBetweenPages() {
+    constexpr int kGroups = 40;
+    int groups = 0;
+    int totals = 0;
+    int lines = 0;
+    for (const QStringList& page : PagesOf(Groups(kGroups, 7))) {
+      groups += static_cast<int>(page.filter(QRegularExpression("^GROUP ")).size());
+      totals += static_cast<int>(page.filter(QRegularExpression("^Total 10.50$")).size());
+      lines += static_cast<int>(page.filter(QRegularExpression("^line \\d 1.50$")).size());
+    }
+    QCOMPARE(groups, kGroups);
+    QCOMPARE(totals, kGroups);
+    QCOMPARE(lines, kGroups * 7);
+  }
+
+  void HeadingAndTotalAreNotParted_data() {
+    QTest::addColumn<int>("lines");
+    for (int lines = 1; lines <= 9; ++lines) {
+      QTest::addRow("%d", lines) << lines;
+    }
+  }
+
+  void HeadingAndTotalAreNotParted() {
+    QFETCH(int, lines);
+    for (QStringList page : PagesOf(Groups(40, lines))) {
+      page.removeLast();
+      QVERIFY2(!page.last().startsWith("GROUP"), qPrintable(page.last()));
+      const qsizetype first = page.indexOf("Particulars Amount") + 1;
+      QVERIFY2(!page[first].startsWith("Total"), qPrintable(page[first]));
+    }
+  }
+
+  void WideTablesLieOnTheirSide_data() {
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<bool>("landscape");
+    QTest::addRow("few columns") << 5 << false;
+    QTest::addRow("many columns") << 12 << true;
+    QTest::addRow("more than any page has") << 60 << true;
+  }
+
+  void WideTablesLieOnTheirSide() {
+    QFETCH(int, columns);
+    QFETCH(bool, landscape);
+    ReportDocument document{{"Wide"}, {}};
+    Table& table = document.tables.emplace_back();
+    Row row;
+    for (int i = 0; i < columns; ++i) {
+      table.columns.push_back(AmountColumn("Amount"));
+      row.cells.emplace_back(1234567.25 + i);
+    }
+    table.rows = {row};
+    const QTemporaryDir folder;
+    Progress progress;
+    WriteReport(document, OutputFormat::kPdf, folder.filePath("wide.pdf"), progress);
+    QFile file(folder.filePath("wide.pdf"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll().contains("/MediaBox [ 0 0 841.8"), landscape);
+    const QStringList page = PagesOf(document).first();
+    QVERIFY(page.join(' ').contains(QString::number(1234567.25 + columns - 1, 'f', 2)));
+  }
+
+  void LettersOfAnyScriptAreShown() {
+    ReportDocument document{{"शेयर विवरण"}, {}};
+    Table& table = document.tables.emplace_back();
+    table.columns = {TextColumn("नाम"), AmountColumn("Amount")};
+    table.rows = {{RowKind::kData, {QString("भारत हेवी इलेक्ट्रिकल्स"), 2.0}},
+                  {RowKind::kData, {QString("Müller & Söhne \u20ac"), 3.0}},
+                  {RowKind::kData, {QString("A long name of many words ").repeated(9), 4.0}}};
+    const QString page = PagesOf(document).first().join(' ');
+    QVERIFY(page.contains("भारत"));
+    QVERIFY(page.contains("Müller & Söhne \u20ac"));
+    QCOMPARE(page.count("many"), 9);
+  }
+
+  void StoppedOrFailedWritingLeavesTheOldFile_data() {
+    QTest::addColumn<OutputFormat>("format");
+    for (const OutputFormat format :
+         {OutputFormat::kPdf, OutputFormat::kXlsx, OutputFormat::kRtf, OutputFormat::kCsv}) {
+      QTest::addRow("%s", EntryOf(format).name) << format;
+    }
+  }
+
+  void StoppedOrFailedWritingLeavesTheOldFile() {
+    QFETCH(OutputFormat, format);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("report");
+    QFile old(path);
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("older");
+    old.close();
+    Stopped stopped;
+    QVERIFY_EXCEPTION_THROWN(WriteReport(Groups(400, 9), format, path, stopped), Cancellation);
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), QByteArray("older"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    Progress progress;
+    QVERIFY_EXCEPTION_THROWN(
+        WriteReport(Groups(1, 1), format, folder.filePath("none/report"), progress),
+        std::runtime_error);
+  }
+
+  void FileNamesLeadNowhereElse_data() {
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<QString>("stem");
+    QTest::addRow("words") << QStringList{"Broker Ledger", " A & B ", "2011-12"}
+                           << "Broker Ledger A & B 2011-12";
+    QTest::addRow("separators") << QStringList{"../a\\b:c"} << "_.._a_b_c";
+    QTest::addRow("nothing") << QStringList{} << "_";
+    QTest::addRow("dots") << QStringList{".."} << "_";
+  }
+
+  void FileNamesLeadNowhereElse() {
+    QFETCH(QStringList, words);
+    QTEST(FileStem(words), "stem");
+  }
+};
+
+static const test::RegisterTest<PagesTest> kRegistered;
+
+#include "PagesTest.moc"

@@ -1,0 +1,88 @@
+#include "reporting/screen/window/ReportGridView.h"
+#include "support/OnScreen.h"
+#include "support/TestMain.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+
+using namespace quorvane;
+using namespace quorvane::reporting;
+using Line = ReportModel::Line;
+
+namespace {
+
+Table Amounts(const QStringList& titles, const QString& heading, int lines) {
+  Table table;
+  table.titles = titles;
+  table.groups = {{"Sale", 2}};
+  table.columns = {TextColumn("Particulars"), AmountColumn(heading)};
+  for (int i = 0; i < lines; ++i) {
+    table.rows.push_back({RowKind::kData, {QStringLiteral("line %1").arg(i), i + 0.005}});
+  }
+  table.rows.push_back({RowKind::kTotal, {QString("Total"), 1.0}});
+  return table;
+}
+
+}  // namespace
+
+class ReportGridViewTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void TablesStandOneAfterTheOther() {
+    ReportModel model;
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.SetDocument({{"Report"},
+                       {Amounts({"Demat A/c No. 1"}, "Amount", 1), Amounts({"No. 2"}, "Amount", 1),
+                        Amounts({"No. 3"}, "Balance", 1)}});
+    QList<int> lines;
+    for (int row = 0; row < model.rowCount(); ++row) {
+      lines.append(static_cast<int>(model.LineAt(row)));
+    }
+    const QList<int> expected{int(Line::kGroup),    int(Line::kData),  int(Line::kTotal),
+                              int(Line::kGap),      int(Line::kGroup), int(Line::kData),
+                              int(Line::kTotal),    int(Line::kGap),   int(Line::kGroup),
+                              int(Line::kHeadings), int(Line::kData),  int(Line::kTotal)};
+    QCOMPARE(lines, expected);
+    QCOMPARE(model.RowText(0), QStringLiteral("Demat A/c No. 1\t"));
+    QCOMPARE(model.RowText(1), QStringLiteral("line 0\t0.01"));
+    QCOMPARE(model.RowText(9), QStringLiteral("Particulars\tBalance"));
+    model.SetDocument({});
+    QCOMPARE(model.rowCount(), 0);
+  }
+
+  void ChosenRowsAreCopiedWithTabs() {
+    ReportGridView view("VS", "Report");
+    view.SetDocument({{"Report"}, {Amounts({}, "Amount", 2)}});
+    test::PutOnScreen(view);
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(),
+             QStringLiteral("line 0\t0.01\nline 1\t1.01\nTotal\t1.00"));
+  }
+
+  void LargeReportsAreShownAtOnce() {
+    Table table = Amounts({}, "Amount", 100'000);
+    for (std::size_t i = 0; i < table.rows.size(); i += 10) {
+      table.rows[i] = {RowKind::kGroup, {QString("GROUP")}};
+    }
+    ReportGridView view("VS", "Report");
+    view.resize(700, 500);
+    test::PutOnScreen(view);
+    QElapsedTimer timer;
+    timer.start();
+    view.SetDocument({{"Report"}, {std::move(table)}});
+    view.grab();
+    view.scrollToBottom();
+    view.grab();
+    QVERIFY2(timer.elapsed() < 1500, qPrintable(QString::number(timer.elapsed())));
+  }
+};
+
+static const test::RegisterTest<ReportGridViewTest> kRegistered;
+
+#include "ReportGridViewTest.moc"

@@ -1,0 +1,146 @@
+#include "support/TestMain.h"
+#include "transactions/Desk.h"
+#include "reports/broker_ledger/BrokerLedger.h"
+#include "reports/broker_ledger/LedgerDocument.h"
+
+#include <QTest>
+
+using namespace quorvane;
+using namespace quorvane::broker_ledger;
+using test::Desk;
+
+namespace {
+
+text::Date Day(const QString& dmy) {
+  return *text::ParseDmy(dmy);
+}
+
+}  // namespace
+
+class BrokerLedgerTest : public QObject {
+  Q_OBJECT
+
+  void Bill(int id, BrokerId broker, const char* date, double total) {
+    desk_->Connection().Execute(
+        "Insert Into SPMaster(Cid,Fyear,ID,BillNo,BDate,BrokId,Total) Values(?,?,?,?,?,?,?)",
+        desk_->client, desk_->year.Text(), id, fmt::format("B{}", id), date, broker, total);
+  }
+
+  void Money(const char* table, int id, const char* date, double amount, int mode) {
+    desk_->Connection().Execute(
+        fmt::format("Insert Into {}(Cid,Fyear,Id,BrId,TMode,Amt,PDate,PMode) "
+                    "Values(?,?,?,?,?,?,?,?)",
+                    table),
+        desk_->client, desk_->year.Text(), id, desk_->broker, mode, amount, date, mode);
+  }
+
+  void Opening(double amount, int side) {
+    desk_->Connection().Execute(
+        "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(?,?,1,?,?,?)", desk_->client,
+        desk_->year.Text(), desk_->broker, amount, side);
+  }
+
+  std::vector<BrokerAccount> Read(const reporting::Period& period) {
+    Progress progress;
+    return ReadBrokerLedger(desk_->Connection(), {desk_->of, period, {}}, progress).accounts;
+  }
+
+  /// The lines of the first account as "date particulars debit credit balance".
+  QStringList Lines(const QString& from, const QString& to) {
+    QStringList texts;
+    const auto accounts = Read({Day(from), Day(to)});
+    for (const LedgerLine& line :
+         accounts.empty() ? std::vector<LedgerLine>() : accounts[0].lines) {
+      texts << QStringLiteral("%1 %2 %3 %4 %5")
+                   .arg(text::FormatDmy(line.date), line.particulars)
+                   .arg(line.debit)
+                   .arg(line.credit)
+                   .arg(BalanceText(line.balance));
+    }
+    return texts;
+  }
+
+ private Q_SLOTS:
+  void initTestCase() {
+    desk_ = std::make_unique<Desk>();
+    other_broker_ = desk_->database.AddBroker(QStringLiteral("ABLE"));
+  }
+  void cleanupTestCase() { desk_.reset(); }
+  void cleanup() {
+    for (const char* table : {"BrOpBal", "BrPayment", "BrRec", "SPMaster"}) {
+      desk_->Connection().Execute(fmt::format("Delete From {}", table));
+    }
+    desk_->Connection().Execute("Update RecordKey Set LastKey=0");
+  }
+
+  // 1000.00 Cr, bill 250.50 Dr: 749.50 Cr; on 31/03 bill -40 is 40 Cr: 789.50 Cr; payment 800 Dr:
+  // 10.50 Dr; receipt 11 Cr: 0.50 Cr.
+  void RunsByDateAndBlock() {
+    Opening(1000, 1);
+    Money("BrRec", 1, "31/03/2012", 11, 1);
+    Money("BrPayment", 1, "31/03/2012", 800, 0);
+    Bill(2, desk_->broker, "31/03/2012", -40);
+    Bill(1, desk_->broker, "01/05/2011", 250.5);
+    QCOMPARE(Lines(QStringLiteral("01/04/2011"), QStringLiteral("31/03/2012")),
+             QStringList({QStringLiteral("01/04/2011 Opening Balance 0 100000 1000.00Cr"),
+                          QStringLiteral("01/05/2011 Amt Bill No. B1 25050 0 749.50Cr"),
+                          QStringLiteral("31/03/2012 Amt Bill No. B2 0 4000 789.50Cr"),
+                          QStringLiteral("31/03/2012 Payment (Cash) 80000 0 10.50Dr"),
+                          QStringLiteral("31/03/2012 Cr. By Broker (Cheque) 0 1100 0.50Cr")}));
+  }
+
+  void APartOfTheYearOpensWithWhatWasBefore() {
+    Opening(1000, 0);
+    Bill(1, desk_->broker, "30/06/2011", 500);
+    Bill(2, desk_->broker, "01/07/2011", 30);
+    Bill(3, desk_->broker, "31/07/2011", 5);
+    Bill(4, desk_->broker, "01/08/2011", 7);
+    QCOMPARE(Lines(QStringLiteral("01/07/2011"), QStringLiteral("31/07/2011")),
+             QStringList({QStringLiteral("01/07/2011 Opening Balance 150000 0 1500.00Dr"),
+                          QStringLiteral("01/07/2011 Amt Bill No. B2 3000 0 1530.00Dr"),
+                          QStringLiteral("31/07/2011 Amt Bill No. B3 500 0 1535.00Dr")}));
+  }
+
+  void EmptyOpeningsAndAccountsAreLeftOut() {
+    Opening(0, 1);
+    Bill(1, other_broker_, "01/05/2011", 1);
+    const auto accounts = Read(reporting::Period::Of(desk_->year));
+    QCOMPARE(accounts.size(), std::size_t{1});
+    QCOMPARE(accounts[0].name, QStringLiteral("ABLE"));
+  }
+
+  void ADateThatCannotBeReadIsNamedAndTheRestComesOut() {
+    Bill(7, desk_->broker, "31/02/2012", 1);
+    Bill(8, desk_->broker, "01/05/2011", 2);
+    Progress progress;
+    const BrokerLedger ledger = ReadBrokerLedger(
+        desk_->Connection(), {desk_->of, reporting::Period::Of(desk_->year), {}}, progress);
+    QCOMPARE(ledger.faults.size(), std::size_t{1});
+    QCOMPARE(ledger.faults.front().key, 7);
+    QCOMPARE(ledger.accounts.at(0).Closing(), std::int64_t{200});
+  }
+
+  void DocumentClosesEachAccount() {
+    Bill(1, desk_->broker, "01/05/2011", 100);
+    Money("BrPayment", 1, "02/05/2011", 50.25, 0);
+    const LedgerQuery query{desk_->of, reporting::Period::Of(desk_->year), {}};
+    const auto document = MakeLedgerDocument(query, QStringLiteral("A CLIENT"), Read(query.period));
+    QCOMPARE(document.titles[0], QStringLiteral("Broker Ledger (From 01/04/2011 To 31/03/2012)"));
+    const reporting::Row& closing = document.tables[0].rows.back();
+    QStringList texts;
+    for (std::size_t i = 0; i < closing.cells.size(); ++i) {
+      texts << reporting::CellText(closing.cells[i], document.tables[0].columns[i].mask);
+    }
+    QCOMPARE(texts,
+             QStringList({QString(), QStringLiteral("Closing Balance"), QStringLiteral("150.25"),
+                          QStringLiteral("0.00"), QStringLiteral("150.25Dr")}));
+  }
+
+ private:
+  std::unique_ptr<Desk> desk_;
+  BrokerId other_broker_;
+};
+
+static const test::RegisterTest<BrokerLedgerTest> kRegistered;
+
+#include "BrokerLedgerTest.moc"

@@ -1,0 +1,191 @@
+#include "controls/DateBox.h"
+#include "masters/Records.h"
+#include "masters/ShownWindow.h"
+#include "support/TestMain.h"
+#include "transactions/Desk.h"
+#include "transactions/bills/BillBook.h"
+#include "transactions/transfers/window/FrmScriptTransfer.h"
+
+using namespace quorvane;
+using namespace quorvane::transfers;
+using controls::ComboBox;
+using controls::Grid;
+using test::Desk;
+using test::ForClient;
+using Shown = test::ShownWindow<FrmScriptTransfer>;
+
+class FrmScriptTransferTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { desk_ = std::make_unique<Desk>(); }
+  void init() { Buy(10, 100); }
+  void cleanup() { desk_->Empty(); }
+  void cleanupTestCase() { desk_.reset(); }
+
+  void KeyboardAloneTransfersToAnOwnAccount() {
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    AddByKeyboard(shown, "1002", "4");
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(Transfers(), QStringList(QStringLiteral("1|20/06/2011|0|100|4")));
+    QCOMPARE(LotsAt(desk_->second_account), QStringList({"6@100", "4@100"}));
+    QCOMPARE(shown->List().CurrentId(), 1);
+    QCOMPARE(shown.ListRow(0), QStringList({"20/06/2011", "1001", "Own Account", "1002", "C1",
+                                            "RELIANCE", "100.00", "4.00"}));
+  }
+
+  void OtherClientsAccountsShowTheirNames() {
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    shown.Click("cmdAdd");
+    shown.Fill({"200611", "1001"});
+    shown.Press(Qt::Key_Right);
+    QVERIFY(shown.Named<QRadioButton>("Option2")->isChecked());
+    shown.Press(Qt::Key_Return);
+    shown.Type("c2");
+    QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("C2 - 2001"));
+    shown.Press(Qt::Key_Return);
+    shown.Press(Qt::Key_Return);
+    shown.Fill({"10"});
+    shown.Press(Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(Transfers(), QStringList(QStringLiteral("1|20/06/2011|1|100|10")));
+    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
+    QCOMPARE(desk_->LotAt(desk_->other_of, desk_->other_account, desk_->scrip, 100),
+             QStringLiteral("10@100"));
+    // The lot is used up, and what was transferred from it is still to be seen.
+    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("RELIANCE"));
+    QCOMPARE(shown.TextIn("Text1_3"), QStringLiteral("100.00"));
+  }
+
+  void MoreThanTheBalanceIsRefusedWhenTheBoxIsLeft() {
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    shown.Click("cmdAdd");
+    shown.Fill({"200611", "1001", "", "1002", "", "10.5"});
+    QCOMPARE(shown.messages.Texts(),
+             QStringList(QStringLiteral("You Can't Transfer Scripts More than Balance.\n"
+                                        "Maximum Allowed Value is: 10.00")));
+    QVERIFY(shown.Named("Text1_2")->hasFocus());
+    QCOMPARE(shown.Named("Text1_2")->selectedText(), QStringLiteral("10.5"));
+    shown.Click("cmdCancel");
+    QCOMPARE(shown.messages.said.size(), std::size_t{1});
+  }
+
+  void MissingPartIsAskedFor_data() {
+    QTest::addColumn<QStringList>("entered");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("field");
+    QTest::newRow("no date") << QStringList() << "Enter Date."
+                             << "Text1_0";
+    QTest::newRow("a day of another year")
+        << QStringList{"010412"} << "The Date is not in the Financial Year 2011-12."
+        << "Text1_0";
+    QTest::newRow("no from-account")
+        << QStringList{"200611"} << "Select Demat A/c No. From which You want to Transfer Scripts."
+        << "Combo1";
+    QTest::newRow("no to-account") << QStringList{"200611", "1001"}
+                                   << "Select Demat A/c No. To which You want to Transfer Scripts."
+                                   << "Combo2";
+    QTest::newRow("no lot") << QStringList{"200611", "1002", "", "1001"}
+                            << "Select Script Name that You want to Transfer."
+                            << "VS";
+    QTest::newRow("no quantity") << QStringList{"200611", "1001", "", "1002", ""}
+                                 << "Enter Quantity Greater than Zero."
+                                 << "Text1_2";
+  }
+  void MissingPartIsAskedFor() {
+    QFETCH(QStringList, entered);
+    QFETCH(QString, field);
+    const QStringList before = desk_->Everything();
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    shown.Click("cmdAdd");
+    shown.Fill(entered);
+    shown.Click("cmdUpdate");
+    QTEST(shown.messages.LastText(), "text");
+    QCOMPARE(shown.messages.said.size(), std::size_t{1});
+    const auto* box = shown.Named<QWidget>(field.toLatin1().constData());
+    QVERIFY(box->hasFocus() || box->isAncestorOf(QApplication::focusWidget()));
+    QCOMPARE(desk_->Everything(), before);
+  }
+
+  void ChangedTransferFindsItsSharesBackInTheirLot() {
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    AddByKeyboard(shown, "1002", "10");
+    shown.Click("cmdModify");
+    QCOMPARE(shown.Named<Grid>("VS")->Model().Text(0, 2), QStringLiteral("10.00"));
+    QCOMPARE(shown.Named<Grid>("VS")->CurrentRow(), 0);
+    shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
+    shown.Fill({"3"});
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(Transfers(), QStringList(QStringLiteral("1|20/06/2011|0|100|3")));
+    QCOMPARE(LotsAt(desk_->second_account), QStringList({"7@100", "3@100"}));
+  }
+
+  void CancelledChangeLeavesTheTransfer() {
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    AddByKeyboard(shown, "1002", "4");
+    const QStringList before = desk_->Everything();
+    shown.Click("cmdModify");
+    shown.Click("cmdCancel");
+    QCOMPARE(desk_->Everything(), before);
+    const std::string lots = "Select Id,AcId,Qty From {} Order By Id";
+    QCOMPARE(test::Rows(desk_->Connection(), fmt::format(fmt::runtime(lots), "Stock_Temp")),
+             test::Rows(desk_->Connection(), fmt::format(fmt::runtime(lots), "Stock")));
+    shown->close();
+    QCOMPARE(desk_->Contents("Stock_Temp"), QStringList());
+  }
+
+  void DeletedTransferRestoresBothAccounts() {
+    Shown shown(desk_->database, ForClient{desk_->of});
+    AddByKeyboard(shown, "1002", "4");
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(Transfers(), QStringList());
+    QCOMPARE(LotsAt(desk_->second_account), QStringList({"10@100", "0@100"}));
+  }
+
+  void TransferWhoseSharesWereUsedIsNotDeleted() {
+    Shown shown(desk_->database, ForClient{desk_->of});
+    AddByKeyboard(shown, "1002", "4");
+    const auto lots = ledger::ReadLots(desk_->Connection(),
+                                       ledger::LotScope::Of({desk_->of, desk_->second_account}));
+    bills::Bill bill =
+        desk_->NewBill(QStringLiteral("01/07/2011"), {desk_->Sale(1, 120, lots.front().id)});
+    bill.account = desk_->second_account;
+    QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
+             test::kAccepted);
+    const QStringList before = desk_->Everything();
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.messages.LastText(), test::kNegativeReliance);
+    QCOMPARE(desk_->Everything(), before);
+  }
+
+ private:
+  void Buy(double quantity, double rate) {
+    bills::Bill bill = desk_->NewBill({desk_->Purchase(quantity, rate)});
+    QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
+             test::kAccepted);
+  }
+
+  /// The one lot of account 1001 to an own account: date, accounts, lot, quantity.
+  static void AddByKeyboard(const Shown& shown, const QString& to, const QString& quantity) {
+    shown.AddByKeyboard({"200611", "1001", "", to, "", quantity});
+  }
+
+  QStringList Transfers() {
+    return test::Rows(desk_->Connection(),
+                      "Select ID,TDate,TransTo,PRate,Qty From ScrTransfer Order By ID");
+  }
+
+  /// The first scrip's lots in the first account and in another one.
+  QStringList LotsAt(AccountId account) {
+    return {desk_->LotAt(100), desk_->LotAt(desk_->of, account, desk_->scrip, 100)};
+  }
+
+  std::unique_ptr<Desk> desk_;
+};
+
+static const test::RegisterTest<FrmScriptTransferTest> kRegistered;
+
+#include "FrmScriptTransferTest.moc"

@@ -35,26 +35,26 @@ Portfolio OfficeOfLots(std::size_t clients) {
 }
 
 /// Buys at new rates and sells one share of each of the account's largest lots.
-bills::Bill MakeBill(const Portfolio& portfolio, AccountId account,
-                     const std::vector<records::Lot>& lots, int number) {
-  bills::Bill bill;
+records::Bill MakeBill(const Portfolio& portfolio, AccountId account,
+                       const std::vector<records::Lot>& lots, int number) {
+  records::Bill bill;
   bill.number = QStringLiteral("NEW/%1").arg(number);
   bill.date = text::FormatDmy(portfolio.year.LastDay());
   bill.broker = BrokerId{1};
   bill.exchange = ExchangeId{1};
   bill.account = account;
   for (std::size_t i = 0; i < kLinesABill; ++i) {
-    bills::BillLine& line = bill.lines.emplace_back();
+    records::BillLine& line = bill.lines.emplace_back();
     const records::Lot& lot = lots[i % lots.size()];
-    line.side = i % 2 == 0 ? bills::Side::kPurchase : bills::Side::kSale;
+    line.side = i % 2 == 0 ? records::Side::kPurchase : records::Side::kSale;
     line.scrip = lot.scrip;
     line.quantity = text::Shares(line.IsPurchase() ? 100 : 1);
     line.lot = line.IsPurchase() ? LotId{} : lot.id;
     line.rate = lot.rate + number;
     line.brokerage = 0.25;
-    bills::ComputeAmount(line);
+    records::ComputeAmount(line);
   }
-  const bills::BillTotals totals = bills::ComputeTotals(bill.lines, 0, 0);
+  const records::BillTotals totals = records::ComputeTotals(bill.lines, 0, 0);
   bill.total = totals.total;
   bill.grand_total = totals.grand_total;
   return bill;
@@ -78,7 +78,7 @@ BillFigures SaveBills(const Office& office, const QString& name, const Portfolio
   bills::BillBook book(connection, of);
   std::vector<double> times;
   for (int number = 1; number <= kBills; ++number) {
-    bills::Bill bill = MakeBill(portfolio, account, lots, number);
+    records::Bill bill = MakeBill(portfolio, account, lots, number);
     MaybeRefusal refusal;
     times.push_back(Seconds([&] { refusal = book.Save(bill); }));
     if (refusal) {

@@ -1,8 +1,8 @@
 #include "bench/PortfolioDatabase.h"
 
 #include "core/database/BulkWriter.h"
+#include "core/records/BillAmounts.h"
 #include "core/text/Amounts.h"
-#include "transactions/bills/Bill.h"
 
 namespace quorvane::bench {
 namespace {
@@ -104,17 +104,17 @@ class Filler {
     writer.Finish();
   }
 
-  bills::BillTotals TotalsOf(const Bill& bill) {
+  records::BillTotals TotalsOf(const Bill& bill) {
     lines_.clear();
     for (std::size_t i = 0; i < bill.line_count; ++i) {
       const Line& line = portfolio_.lines[bill.first_line + i];
-      bills::BillLine& one = lines_.emplace_back();
-      one.side = line.purchase ? bills::Side::kPurchase : bills::Side::kSale;
+      records::BillLine& one = lines_.emplace_back();
+      one.side = line.purchase ? records::Side::kPurchase : records::Side::kSale;
       one.amount = line.amount;
       one.service_tax = line.service_tax;
       one.stt = line.stt;
     }
-    return bills::ComputeTotals(lines_, 0, 0);
+    return records::ComputeTotals(lines_, 0, 0);
   }
 
   void WriteBills() {
@@ -124,7 +124,7 @@ class Filler {
                       "itittiiddd");
     std::size_t id = 0;
     for (const Bill& bill : portfolio_.bills) {
-      const bills::BillTotals totals = TotalsOf(bill);
+      const records::BillTotals totals = TotalsOf(bill);
       ++id;
       writer.Int(portfolio_.AccountOf(bill.account).client)
           .Text(year_)
@@ -203,7 +203,7 @@ class Filler {
   const Portfolio& portfolio_;
   std::string year_;
   std::string day_;
-  std::vector<bills::BillLine> lines_;
+  std::vector<records::BillLine> lines_;
 };
 
 }  // namespace

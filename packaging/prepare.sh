@@ -22,8 +22,8 @@ install_packages() {
   $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
 }
 
-# Configures and builds a preset.
+# Configures a preset and builds a target of it, all of it without one.
 build() {
   cmake --preset "$1" >/dev/null
-  cmake --build --preset "$1"
+  cmake --build --preset "$1" --target "${2:-all}"
 }

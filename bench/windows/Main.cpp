@@ -6,8 +6,8 @@
 #include "core/app/Ini.h"
 #include "core/database/BulkWriter.h"
 #include "core/database/Schema.h"
+#include "ui/Features.h"
 #include "ui/main/MDIForm1.h"
-#include "ui/main/WindowTable.h"
 
 #include <QApplication>
 #include <QMdiArea>
@@ -115,13 +115,16 @@ bool MeasureWindows(app::Session& session) {
   });
   table.Add("main window, after the database is open", fmt::format("{:.0f} ms", start * 1000),
             "under 1 s with the start", start < kMostStart);
-  for (const QString& name : ui::WindowNames()) {
+  for (const ui::Feature& feature : ui::Features()) {
+    if (feature.make == nullptr) {
+      continue;
+    }
     std::vector<double> times;
     for (int run = 0; run < kRuns; ++run) {
-      times.push_back(OpenOnce(*main, desk, name));
+      times.push_back(OpenOnce(*main, desk, QLatin1String(feature.name)));
     }
     const double median = bench::Median(times);
-    table.Add(fmt::format("opening {}", name.toStdString()),
+    table.Add(fmt::format("opening {}", feature.name),
               fmt::format("{:.0f} ms, first {:.0f} ms", median, times.front()), "under 150 ms",
               median < kMostMs);
   }

@@ -30,7 +30,7 @@ struct DematReport {
     return demat::BuildStatement(connection, query, progress, give);
   }
   reporting::ReportDocument Document(ClientId client, std::span<const Part> parts,
-                                  const lookups::Directory& directory) const {
+                                     const lookups::Directory& directory) const {
     return demat::MakeStatementDocument(query, client, parts, directory);
   }
   static void Header(std::string& out) { demat::AppendStatementCsvHeader(out); }
@@ -62,7 +62,7 @@ struct TransactionsReport {
     return demat::BuildTransactions(connection, query, progress, give);
   }
   reporting::ReportDocument Document(ClientId client, std::span<const Part> parts,
-                                  const lookups::Directory& directory) const {
+                                     const lookups::Directory& directory) const {
     return demat::MakeTransactionDocument(query, client, parts, directory);
   }
   static void Header(std::string& out) { demat::AppendTransactionCsvHeader(out); }

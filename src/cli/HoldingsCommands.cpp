@@ -57,8 +57,8 @@ std::string HoldingsCsv(const std::vector<records::Lot>& lots,
 }
 
 reporting::ReportDocument HoldingsDocument(const HoldingsOptions& options,
-                                        const std::vector<records::Lot>& lots,
-                                        const lookups::Directory& directory) {
+                                           const std::vector<records::Lot>& lots,
+                                           const lookups::Directory& directory) {
   using reporting::Alignment;
   using reporting::Mask;
   const auto utf8 = [](const std::string& text) { return QString::fromStdString(text); };

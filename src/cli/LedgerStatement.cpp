@@ -29,7 +29,7 @@ std::vector<BrokerId> BrokersOf(Context& context, const std::vector<std::string>
 }
 
 reporting::ReportDocument MakeLedger(Context& context, const broker_ledger::LedgerQuery& query,
-                                  const lookups::Directory& directory) {
+                                     const lookups::Directory& directory) {
   Progress progress;
   return broker_ledger::MakeLedgerDocument(
       query, QString::fromStdString(directory.Client(query.of.client).name),

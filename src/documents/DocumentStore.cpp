@@ -2,7 +2,6 @@
 
 #include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
-#include "masters/clients/Client.h"
 #include "documents/DocumentKind.h"
 
 #include <QCoreApplication>
@@ -23,7 +22,7 @@ namespace {
 constexpr std::int64_t kMegabyte = 1 << 20;
 
 Refusal Refuse(const char* text) {
-  return {QCoreApplication::translate("Clients", text), DocumentField()};
+  return {QCoreApplication::translate("Clients", text), {}};
 }
 
 Refusal TooLarge(std::int64_t most_bytes) {
@@ -125,7 +124,7 @@ MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) c
     return Refuse(QT_TRANSLATE_NOOP("Clients", "This File Can't be Kept as a Document."));
   }
   if (KindOf(info.fileName()) == DocumentKind::kUnsupported) {
-    return Refusal{FormatNotSupported(), DocumentField()};
+    return Refusal{FormatNotSupported(), {}};
   }
   QFile from(source);
   if (!from.open(QIODevice::ReadOnly)) {

@@ -1,8 +1,8 @@
 #include "portfolio/TakenDocuments.h"
 
 #include "core/database/Keys.h"
+#include "core/records/BillAmounts.h"
 #include "core/records/Writing.h"
-#include "transactions/bills/Bill.h"
 
 #include <array>
 
@@ -26,7 +26,7 @@ const QString& DeliveryType(std::uint8_t place) {
 
 void SetTotals(Bill& bill) {
   const auto totals =
-      quorvane::bills::ComputeTotals(bill.lines, bill.other_charges, bill.transaction_charges);
+      quorvane::records::ComputeTotals(bill.lines, bill.other_charges, bill.transaction_charges);
   bill.total = totals.total;
   bill.stt = totals.stt;
   bill.grand_total = totals.grand_total;
@@ -83,7 +83,7 @@ BillLine TakenDocuments::LineOf(const TakenLine& taken, const Bill& bill) const 
   line.quantity = taken.quantity;
   line.rate = row.rate;
   line.brokerage = row.brokerage;
-  quorvane::bills::ComputeAmount(line);
+  quorvane::records::ComputeAmount(line);
   line.service_tax = taken.service_tax;
   line.fo = row.fo;
   line.stt = taken.stt;

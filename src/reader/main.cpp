@@ -79,7 +79,8 @@ int Answer(const Order& order) {
     return documents::kReaderRefused;
   }
   try {
-    return documents::WritePage(Read(order), out) ? documents::kReaderDone : documents::kReaderRefused;
+    return documents::WritePage(Read(order), out) ? documents::kReaderDone
+                                                  : documents::kReaderRefused;
   } catch (const std::bad_alloc&) {
     return Write(
         QCoreApplication::translate("Clients", "The Document is too Large to be Shown.").toUtf8(),

@@ -1,33 +1,53 @@
 #!/usr/bin/env python3
-"""Checks the order of the source folders: includes run down only, never in a circle, and SQL and
-the system's own calls stay in their places. Usage: floors.py SOURCE_ROOT"""
+"""Checks the order of the source folders: includes run down only, never in a circle and never from
+one feature to another, and SQL and the system's own calls stay in their places. Usage: floors.py SOURCE_ROOT"""
 
 import pathlib
 import re
 import sys
 
-# From the ground up; a folder may include its own floor and those below.
+# From the ground up; a folder may include its own floor and those below. The features stand side by
+# side: none includes another.
 FLOORS = [
     {"core"},
     {"controls"},
-    {"masters", "reports", "admin"},
-    {"transactions"},
-    {"portfolio"},
+    {"documents", "reporting"},
+    {"masters", "transactions", "reports", "admin", "portfolio"},
     {"ui", "cli", "reader"},
 ]
-WINDOW = re.compile(r"^(Frm|frm|Rpt|ImpScr|MDIForm|RepairTable)|(View|Viewer|Page|Pane|Window)\.|^main\.cpp$")
+SIDE_BY_SIDE = FLOORS[2] | FLOORS[3]
+ALL_WINDOWS = {"controls", "ui"}
 SQL = re.compile(r'"(Select [^"]* From |Insert Into |Update \w+ Set |Delete From |Alter Table |Create Table )')
 SYSTEM = re.compile(r"#include <(unistd|fcntl|signal|csignal|sys/[a-z]+|pwd)(\.h)?>")
 # The terminal is the command line's own business.
 SYSTEM_PLACES = ("src/core/platform/", "src/cli/TerminalProgress.cpp")
 
 
+def top_of(path):
+    return path.split("/")[1]
+
+
 def floor_of(path):
-    top = path.split("/")[1] if path.startswith("src/") else path.split("/")[0]
     for number, folders in enumerate(FLOORS):
-        if top in folders:
+        if top_of(path) in folders:
             return number
     return len(FLOORS)
+
+
+def is_window(path):
+    return "/window/" in path or top_of(path) in ALL_WINDOWS
+
+
+def goes_wrong(path, target):
+    """Why the one file may not include the other; empty when it may."""
+    if floor_of(target) > floor_of(path):
+        return "lies above it"
+    if top_of(target) != top_of(path) and {top_of(path), top_of(target)} <= SIDE_BY_SIDE and (
+            floor_of(target) == floor_of(path)):
+        return "stands beside it"
+    if is_window(target) and not is_window(path) and top_of(path) not in ("main.cpp", "reader"):
+        return "is a window's"
+    return ""
 
 
 def includes_of(text):
@@ -59,11 +79,11 @@ def check(root):
     for file in files:
         name, text = str(file.relative_to(root)), file.read_text(encoding="utf-8")
         graph[name] = [f"src/{one}" for one in includes_of(text)]
-        errors += [f"{name} includes {one}, which lies above it" for one in graph[name]
-                   if floor_of(one) > floor_of(name)]
+        errors += [f"{name} includes {one}, which {why}" for one in graph[name]
+                   if (why := goes_wrong(name, one))]
         errors += [f"{name} includes {one}, which does not exist" for one in graph[name]
                    if not (root / one).exists()]
-        if (WINDOW.match(file.name) or floor_of(name) == floor_of("src/cli/x")) and SQL.search(text):
+        if (is_window(name) or top_of(name) == "cli") and SQL.search(text):
             errors.append(f"{name} holds SQL; it belongs into a model")
         if SYSTEM.search(text) and not name.startswith(SYSTEM_PLACES):
             errors.append(f"{name} calls the system; that belongs into src/core/platform")

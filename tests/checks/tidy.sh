@@ -1,12 +1,21 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over folders, over all of src without any. It takes minutes, so no test runs it.
-# Usage: tidy.sh [FOLDER...], for example tidy.sh src/core/ledger src/cli
+# Runs clang-tidy over folders or files, over all of src without any, or with --changed over what
+# the last commit changed. All of src takes many minutes, so no test runs it.
+# Usage: tidy.sh [--changed | PATH...], for example tidy.sh src/core/ledger src/cli
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-folders=("$@")
-[ $# -gt 0 ] || folders=(src)
+places=("$@")
+if [ "${1:-}" = --changed ]; then
+  mapfile -t places < <(git diff --name-only --diff-filter=d HEAD^ -- 'src/*.cpp' 'tests/*.cpp')
+  if [ "${#places[@]}" -eq 0 ]; then
+    echo "no file was changed"
+    exit
+  fi
+elif [ $# -eq 0 ]; then
+  places=(src)
+fi
 cmake --preset tidy >/dev/null
-find "${folders[@]}" -name '*.cpp' -print0 | sort -z |
+find "${places[@]}" -name '*.cpp' -print0 | sort -z |
   xargs -0 -P "$(nproc)" -n 1 nice -n 15 \
     clang-tidy -p build/tidy --quiet --extra-arg=-Wno-unknown-warning-option 2>/dev/null
 echo "nothing to mend"

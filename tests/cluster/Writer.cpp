@@ -44,26 +44,26 @@ class Writer {
 
  private:
   void Add(int round) {
-    bills::Bill bill;
+    records::Bill bill;
     bill.number = QStringLiteral("W%1-%2").arg(number_).arg(round);
     bill.date = QStringLiteral("10/06/2011");
     bill.broker = BrokerId{1};
     bill.exchange = ExchangeId{1};
     bill.account = directory_.FindAccounts("A1").front()->id;
-    bills::BillLine line;
+    records::BillLine line;
     line.scrip = directory_.FindScrip("600001")->id;
     line.quantity = text::Shares(10);
     line.rate = 100 + round % 3;
-    bills::ComputeAmount(line);
+    records::ComputeAmount(line);
     bill.lines = {line, line};
     Insist(book_.Save(bill));
     saved_.push_back(bill);
     Tell(bill, "20");
   }
 
-  void Change(bills::Bill& bill) {
+  void Change(records::Bill& bill) {
     bill.lines[0].quantity = text::Shares(7);
-    bills::ComputeAmount(bill.lines[0]);
+    records::ComputeAmount(bill.lines[0]);
     Insist(book_.Save(bill));
     Tell(bill, "17");
   }
@@ -75,7 +75,7 @@ class Writer {
   }
 
   /// The bill's number and the shares that it holds now.
-  static void Tell(const bills::Bill& bill, const char* shares) {
+  static void Tell(const records::Bill& bill, const char* shares) {
     std::printf("%s %s\n", qPrintable(bill.number), shares);
     std::fflush(stdout);
   }
@@ -83,7 +83,7 @@ class Writer {
   lookups::Directory directory_;
   bills::BillBook book_;
   QString number_;
-  std::vector<bills::Bill> saved_;
+  std::vector<records::Bill> saved_;
 };
 
 }  // namespace

@@ -50,7 +50,9 @@ struct ShownReport {
   void Enter(const QString& box, const QString& text) const {
     Named<QLineEdit>(box)->setText(text);
   }
-  const reporting::ReportModel& Screen() const { return Named<reporting::ReportGridView>("VS")->Model(); }
+  const reporting::ReportModel& Screen() const {
+    return Named<reporting::ReportGridView>("VS")->Model();
+  }
 
   QTemporaryDir folder;
   app::Session session;

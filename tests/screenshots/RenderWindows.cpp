@@ -9,8 +9,8 @@
 #include "core/app/Ini.h"
 #include "core/lookups/Directory.h"
 #include "support/RecordingMessages.h"
+#include "ui/Features.h"
 #include "ui/main/MDIForm1.h"
-#include "ui/main/WindowTable.h"
 
 #include <QApplication>
 #include <QDir>
@@ -82,8 +82,10 @@ void RenderAll(const QStringList& arguments) {
   main.show();
   const QDir out(arguments[4]);
   out.mkpath(QStringLiteral("."));
-  for (const QString& name : ui::WindowNames()) {
-    Render(main, desk, name, out);
+  for (const ui::Feature& feature : ui::Features()) {
+    if (feature.make != nullptr) {
+      Render(main, desk, QLatin1String(feature.name), out);
+    }
   }
   for (const QString& text : messages.Texts()) {
     std::cerr << text.toStdString() << '\n';

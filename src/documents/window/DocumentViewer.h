@@ -1,7 +1,7 @@
 #pragma once
 
-#include "documents/window/DocumentPageView.h"
 #include "documents/DocumentReading.h"
+#include "documents/window/DocumentPageView.h"
 
 #include <QWidget>
 

@@ -5,27 +5,11 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <array>
 
 namespace quorvane::client_list {
 namespace {
 
 constexpr int kFirstCalendarYear = 2005;
-
-constexpr std::array kTargets{
-    Target{"FrmSalePurchase", "FrmSalePurchase"},
-    Target{"FrmStkOpBalance", "FrmStkOpBalance"},
-    Target{"FrmBrOpBal", "FrmBrOpBal"},
-    Target{"FrmBrPayment", "FrmBrPayment"},
-    Target{"FrmBrRec", "FrmBrPayment"},
-    Target{"FrmScriptTransfer", "FrmScriptTransfer"},
-    Target{"RptBrokerLedger", "RptBrokerLedger"},
-    Target{"RptDMatStatement", "RptDMatStatement"},
-    Target{"RptTransaction", "RptDMatStatement"},
-    Target{"RptProfitStatement", "RptProfitStatement"},
-    Target{"RptCapitalGain", "RptProfitStatement"},
-    Target{kUpdateStock, nullptr},
-};
 
 }  // namespace
 
@@ -44,13 +28,6 @@ std::vector<text::FinancialYear> YearsUpTo(text::Date today) {
 bool HasClients(database::Connection& connection) {
   auto rows = connection.Open("Select Id From ClientInfo Limit 1");
   return rows.Next();
-}
-
-std::optional<Target> FindTarget(const QString& name) {
-  const auto found = std::ranges::find_if(kTargets, [&](const Target& target) {
-    return name.compare(QLatin1String(target.name), Qt::CaseInsensitive) == 0;
-  });
-  return found == kTargets.end() ? std::nullopt : std::optional(*found);
 }
 
 QString UpdateStock(database::Connection& connection, const ClientYear& of, Progress& progress) {

@@ -6,7 +6,6 @@
 
 #include <QString>
 
-#include <optional>
 #include <vector>
 
 namespace quorvane::client_list {
@@ -18,16 +17,6 @@ text::FinancialYear DefaultYear(text::Date today);
 
 /// Whether any client is entered yet.
 bool HasClients(database::Connection& connection);
-
-/// What stands behind a target name of the menu. A window that has two duties is opened for one of
-/// them by the target.
-struct Target {
-  const char* name = "";    ///< as the menu writes it
-  const char* window = "";  ///< nullptr when the work is done at once
-};
-
-/// Finds a target without regard to capitals; nullopt for an unknown one.
-std::optional<Target> FindTarget(const QString& name);
 
 /// The target that opens no window.
 inline constexpr char kUpdateStock[] = "UpdateStock";

@@ -173,22 +173,34 @@ void ClientBook::Delete(ClientId id) {
   }
 }
 
+namespace {
+
+MaybeRefusal InDocumentBox(MaybeRefusal refusal) {
+  if (refusal) {
+    refusal->field = DocumentField();
+  }
+  return refusal;
+}
+
+}  // namespace
+
 MaybeRefusal ClientBook::ReceiveDocument(Client& client, const Client& stored,
                                          const QString& new_document,
                                          documents::DocumentStore::Incoming& incoming) const {
   if (!new_document.isEmpty()) {
     MaybeRefusal refusal = documents_.Receive(new_document, incoming);
     client.document = incoming.Name();
-    return refusal;
+    return InDocumentBox(std::move(refusal));
   }
   client.document = client.document.trimmed();
   const bool changed = client.document != stored.document.trimmed();
   const bool missing = changed && !client.document.isEmpty() &&
                        (!client.id || !documents_.Path(client.id, client.document));
-  return missing ? MaybeRefusal(documents::FileDoesNotExist()) : std::nullopt;
+  return missing ? InDocumentBox(documents::FileDoesNotExist()) : std::nullopt;
 }
 
-void ClientBook::FileDocument(const Client& client, documents::DocumentStore::Incoming incoming) const {
+void ClientBook::FileDocument(const Client& client,
+                              documents::DocumentStore::Incoming incoming) const {
   try {
     if (!incoming.Name().isEmpty()) {
       documents_.Place(client.id, std::move(incoming));

@@ -2,8 +2,8 @@
 
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
-#include "masters/clients/Client.h"
 #include "documents/DocumentStore.h"
+#include "masters/clients/Client.h"
 
 #include <optional>
 #include <vector>

@@ -23,11 +23,12 @@ Cell Amount(std::int64_t paise) {
 
 reporting::Table NewTable() {
   reporting::Table table;
-  table.columns = {reporting::DateColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Date"))),
-                   reporting::TextColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Particulars"))),
-                   reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amount (Dr.)"))),
-                   reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amount (Cr.)"))),
-                   reporting::TextColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Balance")))};
+  table.columns = {
+      reporting::DateColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Date"))),
+      reporting::TextColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Particulars"))),
+      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amount (Dr.)"))),
+      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amount (Cr.)"))),
+      reporting::TextColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Balance")))};
   table.columns.back().alignment = reporting::Alignment::kRight;
   return table;
 }
@@ -53,7 +54,7 @@ QString BalanceText(std::int64_t balance) {
 }
 
 reporting::ReportDocument MakeLedgerDocument(const LedgerQuery& query, const QString& client,
-                                          std::span<const BrokerAccount> accounts) {
+                                             std::span<const BrokerAccount> accounts) {
   reporting::ReportDocument document;
   document.titles = {Words(QT_TRANSLATE_NOOP("BrokerLedger", "Broker Ledger (From %1 To %2)"))
                          .arg(text::FormatDmy(query.period.from), text::FormatDmy(query.period.to)),

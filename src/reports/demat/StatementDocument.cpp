@@ -72,8 +72,8 @@ void AppendQuantity(std::string& out, Shares quantity) {
 }  // namespace
 
 reporting::ReportDocument MakeStatementDocument(const StatementQuery& query, ClientId client,
-                                             std::span<const ScripMovements> scrips,
-                                             const lookups::Directory& directory) {
+                                                std::span<const ScripMovements> scrips,
+                                                const lookups::Directory& directory) {
   const lookups::ClientEntry& entry = directory.Client(client);
   reporting::ReportDocument document;
   document.titles = {Tr("Demat A/c Statement") + QStringLiteral(" (") + Tr("From ") +

@@ -28,12 +28,13 @@ Cell Paise(std::int64_t paise) {
 
 Table NewTable() {
   Table table;
-  table.columns = {reporting::NumberColumn(Tr("S.No")),        reporting::DateColumn(Tr("Date")),
-                   reporting::TextColumn(Tr("Company Name")),  reporting::TextColumn(Tr("Transaction")),
-                   reporting::QuantityColumn(Tr("Quantity")),  reporting::AmountColumn(Tr("Rate")),
-                   reporting::AmountColumn(Tr("Trade Value")), reporting::AmountColumn(Tr("Brokerage")),
-                   reporting::AmountColumn(Tr("S.Tax")),       reporting::AmountColumn(Tr("S.T.T.")),
-                   reporting::AmountColumn(Tr("Total"))};
+  table.columns = {
+      reporting::NumberColumn(Tr("S.No")),        reporting::DateColumn(Tr("Date")),
+      reporting::TextColumn(Tr("Company Name")),  reporting::TextColumn(Tr("Transaction")),
+      reporting::QuantityColumn(Tr("Quantity")),  reporting::AmountColumn(Tr("Rate")),
+      reporting::AmountColumn(Tr("Trade Value")), reporting::AmountColumn(Tr("Brokerage")),
+      reporting::AmountColumn(Tr("S.Tax")),       reporting::AmountColumn(Tr("S.T.T.")),
+      reporting::AmountColumn(Tr("Total"))};
   return table;
 }
 
@@ -144,8 +145,8 @@ std::vector<ClosingLine> ClosingLines(const TransactionClosing& closing) {
 }
 
 reporting::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
-                                               std::span<const TransactionSection> sections,
-                                               const lookups::Directory& directory) {
+                                                  std::span<const TransactionSection> sections,
+                                                  const lookups::Directory& directory) {
   const lookups::ClientEntry& entry = directory.Client(client);
   reporting::ReportDocument document;
   document.titles = {TransactionTitle(query.layout),

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/lookups/Directory.h"
-#include "reports/demat/TransactionReport.h"
 #include "reporting/document/ReportDocument.h"
+#include "reports/demat/TransactionReport.h"
 
 #include <span>
 #include <string>
@@ -20,8 +20,8 @@ QString AccountLine(AccountId account, const lookups::Directory& directory);
 /// One client's report as a document, from what BuildTransactions hands out: a table a broker, and
 /// one with the totals of all where there are several; account by account also the grand total.
 reporting::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
-                                               std::span<const TransactionSection> sections,
-                                               const lookups::Directory& directory);
+                                                  std::span<const TransactionSection> sections,
+                                                  const lookups::Directory& directory);
 
 /// The label and amount of the lines that lead from the total to what is to be paid.
 struct ClosingLine {

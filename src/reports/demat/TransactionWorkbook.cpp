@@ -1,8 +1,8 @@
 #include "reports/demat/TransactionWorkbook.h"
 
 #include "core/text/Amounts.h"
-#include "reports/demat/TransactionDocument.h"
 #include "reporting/output/XlsxTemplate.h"
+#include "reports/demat/TransactionDocument.h"
 
 #include <QCoreApplication>
 

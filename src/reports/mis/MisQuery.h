@@ -51,7 +51,8 @@ struct MisQuery {
 
   /// The whole of a year.
   static MisQuery OfYear(ReportKind kind, Grouping grouping, text::FinancialYear year) {
-    return {.kind = kind, .grouping = grouping, .year = year, .period = reporting::Period::Of(year)};
+    return {
+        .kind = kind, .grouping = grouping, .year = year, .period = reporting::Period::Of(year)};
   }
 };
 

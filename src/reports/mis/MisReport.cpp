@@ -146,7 +146,7 @@ QString LongDate(Date date) {
 }
 
 reporting::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
-                                     Progress& progress) {
+                                        Progress& progress) {
   const Names names(connection);
   const auto [holdings, faults] = ReadHoldings(connection, query, PeriodOf(query), progress);
   const MarketRates market = NeedsRates(query.kind)

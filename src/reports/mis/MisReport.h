@@ -31,6 +31,6 @@ QString LongDate(Date date);
 ///
 /// Without holdings the table has no rows. Throws as gains::History does.
 reporting::ReportDocument MakeMisReport(database::Connection& connection, const MisQuery& query,
-                                     Progress& progress);
+                                        Progress& progress);
 
 }  // namespace quorvane::mis

@@ -228,7 +228,7 @@ class TableBuilder {
 }  // namespace
 
 reporting::Table MakeTable(const MisQuery& query, const ReportForm& form,
-                        const std::vector<Holding>& holdings, const Names& names) {
+                           const std::vector<Holding>& holdings, const Names& names) {
   TableBuilder builder(query, form, holdings, names);
   for (const Place& place : OrderBy(LevelsOf(query.grouping, query.detail), holdings, names)) {
     if (form.Shows(holdings[place.holding])) {

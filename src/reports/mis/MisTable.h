@@ -14,6 +14,6 @@ namespace quorvane::mis {
 /// count: money always, shares where all of them are of one scrip. A balance of shares in a total
 /// is that at the end of the period.
 reporting::Table MakeTable(const MisQuery& query, const ReportForm& form,
-                        const std::vector<Holding>& holdings, const Names& names);
+                           const std::vector<Holding>& holdings, const Names& names);
 
 }  // namespace quorvane::mis

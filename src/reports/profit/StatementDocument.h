@@ -20,8 +20,8 @@ QStringList ChoicesOf(const StatementQuery& query);
 
 /// One client's statement as a document, from the rows of BuildStatement.
 reporting::ReportDocument MakeStatementDocument(StatementMode mode, Layout layout,
-                                             const StatementQuery& query, ClientId client,
-                                             std::span<const StatementRow> rows,
-                                             const lookups::Directory& directory);
+                                                const StatementQuery& query, ClientId client,
+                                                std::span<const StatementRow> rows,
+                                                const lookups::Directory& directory);
 
 }  // namespace quorvane::profit

@@ -3,12 +3,15 @@
 #include "core/ClientYear.h"
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
-#include "transactions/bills/Bill.h"
+#include "core/records/BillAmounts.h"
 
 #include <optional>
 #include <vector>
 
 namespace quorvane::bills {
+
+using records::Bill;
+using records::BillLine;
 
 /// The bills of a client and year, and what they do to the holdings ledger. Every save and delete
 /// is one transaction: bill, lines and lots together. One that is refused, or that throws

@@ -82,7 +82,8 @@ QString ControlName(BillBox box) {
 }
 
 void RecomputeLine(Side side, BillBoxes& boxes) {
-  const double net = NetRate(side, boxes.Number(BillBox::kRate), boxes.Number(BillBox::kBrokerage));
+  const double net =
+      records::NetRate(side, boxes.Number(BillBox::kRate), boxes.Number(BillBox::kBrokerage));
   boxes.Show(BillBox::kNet, net);
   boxes.Show(BillBox::kAmount, text::RoundAmount(net * boxes.Number(BillBox::kQuantity)));
 }

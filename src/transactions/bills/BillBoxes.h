@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transactions/bills/Bill.h"
+#include "core/records/BillAmounts.h"
 
 #include <QString>
 
@@ -9,6 +9,8 @@
 #include <cstdint>
 
 namespace quorvane::bills {
+
+using records::Side;
 
 /// The entry boxes of a bill and of the line being entered, by their place in the control array
 /// Text1.

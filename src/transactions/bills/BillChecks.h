@@ -1,13 +1,17 @@
 #pragma once
 
 #include "core/Refusal.h"
+#include "core/records/BillAmounts.h"
 #include "core/text/Dates.h"
 #include "core/text/FinancialYear.h"
-#include "transactions/bills/Bill.h"
 
 #include <optional>
 
 namespace quorvane::bills {
+
+using records::Bill;
+using records::BillLine;
+using records::Side;
 
 /// Each check gives the first rule that is broken, with the control to focus.
 

@@ -36,7 +36,7 @@ void BillEntry::Begin(const Bill& bill) {
   lots_.emplace(connection_, ledger::Place{of_, bill.account}, bill);
   saved_ = bill.id ? bill : Bill();
   bill_ = bill;
-  caption_ = bill.id ? SavedCaption(bill.grand_total) : TotalCaption::kReceivable;
+  caption_ = bill.id ? records::SavedCaption(bill.grand_total) : records::TotalCaption::kReceivable;
 }
 
 void BillEntry::SetHeader(const Bill& header) {
@@ -198,8 +198,8 @@ void BillEntry::SetCharges(double other_charges, double transaction_charges) {
 }
 
 void BillEntry::Recompute() {
-  const BillTotals totals =
-      ComputeTotals(bill_.lines, bill_.other_charges, bill_.transaction_charges);
+  const records::BillTotals totals =
+      records::ComputeTotals(bill_.lines, bill_.other_charges, bill_.transaction_charges);
   bill_.total = totals.total;
   bill_.stt = totals.stt;
   bill_.grand_total = totals.grand_total;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/records/Bill.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/EntryLots.h"
 
@@ -7,6 +8,9 @@
 #include <vector>
 
 namespace quorvane::bills {
+
+using records::Bill;
+using records::BillLine;
 
 /// A bill while it is entered or changed, with the lots of its account as its lines leave them. The
 /// records and the ledger change when it is saved, not before. A command that is refused or throws
@@ -23,7 +27,7 @@ class BillEntry {
   bool IsOpen() const { return lots_.has_value(); }
 
   const Bill& Current() const { return bill_; }
-  TotalCaption Caption() const { return caption_; }
+  records::TotalCaption Caption() const { return caption_; }
 
   /// Number, date, broker, exchange and settlement number of `header`.
   void SetHeader(const Bill& header);
@@ -91,7 +95,7 @@ class BillEntry {
   std::optional<EntryLots> lots_;  ///< while the entry is open
   Bill saved_;                     ///< as it is recorded; without an id when it is new
   Bill bill_;
-  TotalCaption caption_ = TotalCaption::kReceivable;
+  records::TotalCaption caption_ = records::TotalCaption::kReceivable;
 };
 
 }  // namespace quorvane::bills

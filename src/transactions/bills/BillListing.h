@@ -2,13 +2,15 @@
 
 #include "core/ClientYear.h"
 #include "core/database/Connection.h"
-#include "transactions/bills/Bill.h"
+#include "core/records/BillAmounts.h"
 
 #include <QString>
 
 #include <vector>
 
 namespace quorvane::bills {
+
+using records::Bill;
 
 /// A bill in the list of bills, with the names behind its keys; empty for one that was deleted.
 struct ListedBill {

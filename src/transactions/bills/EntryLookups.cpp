@@ -32,10 +32,10 @@ std::optional<Delivery> DeliveryOf(const QString& text) {
   return std::nullopt;
 }
 
-ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
-                            Delivery delivery) {
+records::ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
+                                     Delivery delivery) {
   const PercentNames names = NamesOf(delivery);
-  ChargePercents percents;
+  records::ChargePercents percents;
   for (const auto& row : connection.Open(
            "Select Name,Percent From TransTaxPer Where FYear=? and (Name=? or Name=? or "
            "Name='Service Tax')",

@@ -3,8 +3,8 @@
 #include "core/Ids.h"
 #include "core/database/Connection.h"
 #include "core/lookups/Choices.h"
+#include "core/records/BillAmounts.h"
 #include "core/text/FinancialYear.h"
-#include "transactions/bills/Bill.h"
 
 #include <QString>
 #include <QStringList>
@@ -27,8 +27,8 @@ QString DeliveryText(Delivery delivery);
 std::optional<Delivery> DeliveryOf(const QString& text);
 
 /// The percentages of a year; one that was not recorded is 0.
-ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
-                            Delivery delivery);
+records::ChargePercents ReadPercents(database::Connection& connection, text::FinancialYear year,
+                                     Delivery delivery);
 
 /// The rate in rupees recorded for a scrip and day (dd/mm/yyyy) in a year; one of 0 is none.
 std::optional<double> MarketRateOf(database::Connection& connection, text::FinancialYear year,

@@ -1,9 +1,13 @@
 #pragma once
 
 #include "core/Refusal.h"
+#include "core/records/Bill.h"
 #include "transactions/bills/HeldLots.h"
 
 namespace quorvane::bills {
+
+using records::Bill;
+using records::BillLine;
 
 /// The lots of a bill's account while it is entered: the ledger's as they were read, with the lines
 /// that are recorded taken back and those of the entry posted. They live in memory and are written

@@ -137,7 +137,7 @@ std::vector<BillLine> SpreadOver(const BillLine& sale, std::span<const Piece> pi
     line.quantity = piece.quantity;
     line.service_tax = service_tax.Next(piece.quantity);
     line.stt = stt.Next(piece.quantity);
-    ComputeAmount(line);
+    records::ComputeAmount(line);
     lines.push_back(line);
   }
   return lines;

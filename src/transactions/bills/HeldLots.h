@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/ledger/Lots.h"
+#include "core/records/BillAmounts.h"
 #include "core/records/Movements.h"
 #include "core/text/Dates.h"
-#include "transactions/bills/Bill.h"
 
 #include <map>
 #include <optional>
@@ -12,6 +12,8 @@
 #include <vector>
 
 namespace quorvane::bills {
+
+using records::BillLine;
 
 /// A lot beside a bill.
 struct HeldLot {

@@ -26,7 +26,7 @@ void LineEntry::Clear() {
   offered_ = {};
 }
 
-void LineEntry::Show(const BillLine& line, const ChargePercents& percents) {
+void LineEntry::Show(const BillLine& line, const records::ChargePercents& percents) {
   line_ = line;
   side_ = line.side;
   percents_ = percents;
@@ -48,14 +48,15 @@ void LineEntry::Show(const BillLine& line, const ChargePercents& percents) {
 
 double LineEntry::Proposal(BillBox charge) const {
   if (charge == BillBox::kBrokerage) {
-    return DefaultBrokerage(percents_, boxes_.Number(BillBox::kRate));
+    return records::DefaultBrokerage(percents_, boxes_.Number(BillBox::kRate));
   }
   if (charge == BillBox::kServiceTax) {
-    return DefaultServiceTax(percents_, boxes_.Number(BillBox::kBrokerage),
-                             boxes_.Number(BillBox::kQuantity));
+    return records::DefaultServiceTax(percents_, boxes_.Number(BillBox::kBrokerage),
+                                      boxes_.Number(BillBox::kQuantity));
   }
-  const double stt = DefaultStt({.stt = line_.stt_percent}, boxes_.Number(BillBox::kAmount));
-  return stt_in_whole_rupees_ ? InWholeRupees(stt) : stt;
+  const double stt =
+      records::DefaultStt({.stt = line_.stt_percent}, boxes_.Number(BillBox::kAmount));
+  return stt_in_whole_rupees_ ? records::InWholeRupees(stt) : stt;
 }
 
 void LineEntry::Enter(BillBox box) {
@@ -110,7 +111,7 @@ void LineEntry::SetLot(const records::Lot& lot) {
   line_.lot_rate = lot.rate;
 }
 
-void LineEntry::SetDelivery(Delivery delivery, const ChargePercents& percents) {
+void LineEntry::SetDelivery(Delivery delivery, const records::ChargePercents& percents) {
   line_.delivery_type = DeliveryText(delivery);
   line_.stt_percent = percents.stt;
   percents_ = percents;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Refusal.h"
+#include "core/records/Bill.h"
 #include "core/records/Lot.h"
 #include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/EntryLookups.h"
@@ -9,6 +10,9 @@
 #include <optional>
 
 namespace quorvane::bills {
+
+using records::BillLine;
+using records::Side;
 
 /// The bill line that is being entered: what its boxes show, its scrip, the lot that a sale draws
 /// on, and the charges and the rate that are proposed. What is proposed gives way to what the user
@@ -21,7 +25,7 @@ class LineEntry {
 
   /// Puts a line of the bill here to be changed, with the percentages of its delivery type. A
   /// charge that is what they give counts as proposed, another one as typed.
-  void Show(const BillLine& line, const ChargePercents& percents);
+  void Show(const BillLine& line, const records::ChargePercents& percents);
 
   /// STT is proposed in whole rupees, 50 paise up.
   void SetSttInWholeRupees(bool on) { stt_in_whole_rupees_ = on; }
@@ -49,7 +53,7 @@ class LineEntry {
   void SetLot(const records::Lot& lot);
 
   /// Percentages for the charges proposed from now on.
-  void SetDelivery(Delivery delivery, const ChargePercents& percents);
+  void SetDelivery(Delivery delivery, const records::ChargePercents& percents);
   void SetSttPercent(double percent);
   double SttPercent() const { return line_.stt_percent; }
   const QString& DeliveryType() const { return line_.delivery_type; }
@@ -75,7 +79,7 @@ class LineEntry {
   BillBoxes boxes_;
   BillLine line_;  ///< what is not in the boxes
   std::optional<Side> side_;
-  ChargePercents percents_;
+  records::ChargePercents percents_;
   bool stt_in_whole_rupees_ = false;
   std::array<std::optional<double>, kBillBoxCount> offered_;
 };

@@ -57,7 +57,7 @@ reporting::Row TotalOf(std::span<const OpeningLot> lots) {
 }  // namespace
 
 reporting::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, const ClientYear& of,
-                                         const lookups::Directory& directory) {
+                                            const lookups::Directory& directory) {
   reporting::Table table;
   table.columns = Columns();
   for (const OpeningLot& lot : lots) {

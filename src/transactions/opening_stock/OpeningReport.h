@@ -11,6 +11,6 @@ namespace quorvane::opening_stock {
 
 /// "Stock Opening Balance": the lots in the order given, with the sum of their totals.
 reporting::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, const ClientYear& of,
-                                         const lookups::Directory& directory);
+                                            const lookups::Directory& directory);
 
 }  // namespace quorvane::opening_stock

@@ -2,7 +2,7 @@
 
 #include "controls/Style.h"
 #include "controls/ZENButton.h"
-#include "ui/help/HelpChapters.h"
+#include "ui/Features.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -52,6 +52,17 @@ void FrmHelp::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
   }
 }
+
+namespace {
+
+/// The chapter of the user guide about a window; its index for a window that has none.
+QString ChapterOf(const QString& window_name) {
+  const Feature* feature = FindFeature(window_name);
+  const QString chapter = QLatin1String(feature == nullptr ? "" : feature->chapter);
+  return chapter.isEmpty() ? QStringLiteral("README.md") : chapter;
+}
+
+}  // namespace
 
 FrmHelp* Help::Show(const QString& window_name, QWidget* over) {
   QWidget* window = over->window();

@@ -14,7 +14,6 @@
 #include "ui/main/MenuBar.h"
 #include "ui/main/MiscInfo.h"
 #include "ui/main/StartPage.h"
-#include "ui/main/WindowTable.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -84,8 +83,8 @@ void MDIForm1::BuildMenuBar() {
     controls::ChildWindow* front = Front();
     return front != nullptr && front->PressKey(key);
   }));
-  BuildMenu(*this, [this](const MenuItem& item) {
-    guard_.Run(QLatin1String(item.name) + QStringLiteral("_Click"), [&] { Do(item); });
+  BuildMenu(*this, [this](const Feature& item) {
+    guard_.Run(QLatin1String(item.item) + QStringLiteral("_Click"), [&] { Do(item); });
   });
 }
 
@@ -139,9 +138,10 @@ void MDIForm1::RememberPlace() const {
   }
 }
 
-void MDIForm1::Do(const MenuItem& item) {
-  const QString target = QLatin1String(item.target);
+void MDIForm1::Do(const Feature& item) {
+  const QString target = QLatin1String(item.name);
   switch (item.action) {
+    case MenuAction::kNoItem:
     case MenuAction::kHeading:
     case MenuAction::kSeparator:
       return;
@@ -250,10 +250,11 @@ controls::ChildWindow* MDIForm1::Show(const QString& name) {
     found->second->AskedAgain();
     return found->second;
   }
-  controls::ChildWindow* child = MakeWindow(name, desk_);
-  if (child == nullptr) {
+  const Feature* feature = FindFeature(name);
+  if (feature == nullptr || feature->make == nullptr) {
     throw std::runtime_error(tr("There is no window %1.").arg(name).toStdString());
   }
+  controls::ChildWindow* child = feature->make(desk_);
   open_[key] = child;
   connect(child, &controls::ChildWindow::Closed, this, [this, key] {
     open_.erase(key);
@@ -268,16 +269,15 @@ controls::ChildWindow* MDIForm1::Show(const QString& name) {
 // A window that works on the client and year of its opening is no window for another client.
 QString MDIForm1::KeyOf(const QString& name) const {
   const std::optional<ClientYear>& current = desk_.session.current;
-  if (!current || !client_list::FindTarget(name)) {
+  const Feature* feature = FindFeature(name);
+  if (!current || feature == nullptr || feature->action != MenuAction::kClientSelection) {
     return name;
   }
   return QStringLiteral("%1 %2 %3").arg(name, current->year.Text()).arg(current->client.value);
 }
 
 void MDIForm1::OpenModal(const QString& name) {
-  if (controls::ChildWindow* child = MakeWindow(name, desk_)) {
-    child->OpenModal(this);
-  }
+  FindFeature(name)->make(desk_)->OpenModal(this);
 }
 
 void MDIForm1::SelectClientFor(const QString& target) {

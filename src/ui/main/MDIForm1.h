@@ -2,8 +2,8 @@
 
 #include "controls/Desk.h"
 #include "controls/Guard.h"
+#include "ui/Features.h"
 #include "ui/main/HeadlineFeed.h"
-#include "ui/main/MenuTable.h"
 #include "ui/main/OutsideTools.h"
 
 #include <QMainWindow>
@@ -56,7 +56,7 @@ class MDIForm1 : public QMainWindow {
   void StartTimers();
   void PlaceOnScreen();
   void RememberPlace() const;
-  void Do(const MenuItem& item);
+  void Do(const Feature& item);
   controls::ChildWindow* Show(const QString& name);
   QString KeyOf(const QString& name) const;
   void OpenModal(const QString& name);

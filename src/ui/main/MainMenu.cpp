@@ -33,7 +33,7 @@ constexpr RowButton kRowButtons[] = {
     {"mnuVarReports", QT_TRANSLATE_NOOP("MainMenu", "MIS")},
     {"mnuAutoUpdateStock", QT_TRANSLATE_NOOP("MainMenu", "Update Stock")}};
 
-QString Caption(const MenuItem& item) {
+QString Caption(const Feature& item) {
   return QCoreApplication::translate("MainMenu", item.caption);
 }
 
@@ -46,11 +46,11 @@ QString NameOfButton(int number) {
 }
 
 /// The action of an item, in its sub-menu or in the menu bar itself.
-QAction* Add(QMainWindow& window, std::map<QString, QMenu*>& menus, const MenuItem& item) {
+QAction* Add(QMainWindow& window, std::map<QString, QMenu*>& menus, const Feature& item) {
   if (item.action == MenuAction::kHeading) {
     QMenu* menu = window.menuBar()->addMenu(Caption(item));
     menu->setToolTipsVisible(true);
-    menus[QLatin1String(item.name)] = menu;
+    menus[QLatin1String(item.item)] = menu;
     return menu->menuAction();
   }
   const auto heading = menus.find(QLatin1String(item.heading));
@@ -63,12 +63,14 @@ QAction* Add(QMainWindow& window, std::map<QString, QMenu*>& menus, const MenuIt
 
 }  // namespace
 
-void BuildMenu(QMainWindow& window, const std::function<void(const MenuItem&)>& chosen) {
+void BuildMenu(QMainWindow& window, const std::function<void(const Feature&)>& chosen) {
   std::map<QString, QMenu*> menus;
-  for (const MenuItem& item : MenuItems()) {
-    QAction* action = Add(window, menus, item);
-    action->setObjectName(QLatin1String(item.name));
-    QObject::connect(action, &QAction::triggered, &window, [chosen, &item] { chosen(item); });
+  for (const Feature& item : Features()) {
+    if (item.action != MenuAction::kNoItem) {
+      QAction* action = Add(window, menus, item);
+      action->setObjectName(QLatin1String(item.item));
+      QObject::connect(action, &QAction::triggered, &window, [chosen, &item] { chosen(item); });
+    }
   }
 }
 
@@ -93,9 +95,9 @@ void BuildButtonRow(QMainWindow& window, QHBoxLayout& row) {
 }
 
 void ShowCaptions(QMainWindow& window) {
-  for (const MenuItem& item : MenuItems()) {
-    if (item.action != MenuAction::kSeparator) {
-      window.findChild<QAction*>(QLatin1String(item.name))->setText(Caption(item));
+  for (const Feature& item : Features()) {
+    if (item.action != MenuAction::kSeparator && item.action != MenuAction::kNoItem) {
+      window.findChild<QAction*>(QLatin1String(item.item))->setText(Caption(item));
     }
   }
   int number = 0;

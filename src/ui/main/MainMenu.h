@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/main/MenuTable.h"
+#include "ui/Features.h"
 
 #include <functional>
 
@@ -11,7 +11,7 @@ namespace quorvane::ui {
 
 /// Builds the menu table into a window's menu bar. Every item is an action under its own name.
 /// `chosen` is called with the item that the user chose.
-void BuildMenu(QMainWindow& window, const std::function<void(const MenuItem&)>& chosen);
+void BuildMenu(QMainWindow& window, const std::function<void(const Feature&)>& chosen);
 
 /// The buttons "ZENButton1_0" and so on for the items that are used daily. Each does what its item
 /// in the window's menu does.

@@ -40,32 +40,6 @@ class ClientListTest : public QObject {
     }
   }
 
-  void TargetOpensItsWindow_data() {
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("window");
-    QTest::newRow("receipts share the payments' window") << "FrmBrRec"
-                                                         << "FrmBrPayment";
-    QTest::newRow("transaction report") << "RPTTRANSACTION"
-                                        << "RptDMatStatement";
-    QTest::newRow("capital gains") << "rptcapitalgain"
-                                   << "RptProfitStatement";
-    QTest::newRow("bills") << "FrmSalePurchase"
-                           << "FrmSalePurchase";
-    QTest::newRow("rebuild") << "updatestock"
-                             << "no window";
-    QTest::newRow("unknown") << "BackUp"
-                             << "unknown";
-    QTest::newRow("nothing") << ""
-                             << "unknown";
-  }
-
-  void TargetOpensItsWindow() {
-    QFETCH(const QString, target);
-    const std::optional<Target> found = FindTarget(target);
-    const char* window = found && found->window == nullptr ? "no window" : "unknown";
-    QTEST(QString(found && found->window != nullptr ? found->window : window), "window");
-  }
-
   void UpdateRebuildsOnlyTheChosenClientAndYear() {
     test::TestDatabase database;
     int lot = 0;

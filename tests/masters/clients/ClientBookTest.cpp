@@ -383,7 +383,9 @@ class ClientBookTest : public QObject {
   }
 
  private:
-  DocumentStore Documents() const { return DocumentStore(folder_->filePath("SignDocs")); }
+  documents::DocumentStore Documents() const {
+    return documents::DocumentStore(folder_->filePath("SignDocs"));
+  }
   ClientBook Book() { return ClientBook(**database_, Documents()); }
 
   ClientId Saved(const QString& code) {

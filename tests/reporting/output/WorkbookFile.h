@@ -67,7 +67,8 @@ class WorkbookFile {
   QStringList Names() const {
     QStringList names;
     const reporting::XmlDocument document = reporting::ParseXml(Part("xl/workbook.xml"));
-    for (xmlNode* node : reporting::Descendants(xmlDocGetRootElement(document.get()), "definedName")) {
+    for (xmlNode* node :
+         reporting::Descendants(xmlDocGetRootElement(document.get()), "definedName")) {
       names << QString::fromStdString(reporting::Attribute(node, "name").value_or("")) +
                    QLatin1Char('=') + Text(node);
     }

@@ -1,7 +1,7 @@
-#include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "reports/broker_ledger/BrokerLedger.h"
 #include "reports/broker_ledger/LedgerDocument.h"
+#include "support/Desk.h"
+#include "support/TestMain.h"
 
 #include <QTest>
 

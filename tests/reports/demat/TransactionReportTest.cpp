@@ -1,8 +1,8 @@
 #include "core/text/Amounts.h"
+#include "reporting/output/WorkbookFile.h"
 #include "reports/demat/Movements.h"
 #include "reports/demat/TransactionDocument.h"
 #include "reports/demat/TransactionWorkbook.h"
-#include "reporting/output/WorkbookFile.h"
 #include "support/TestMain.h"
 
 #include <QRegularExpression>

@@ -49,8 +49,8 @@ std::int64_t PaiseOf(const reporting::Cell& cell) {
 }
 
 /// Sums of the columns of money by kind of row.
-std::map<reporting::RowKind, std::vector<std::int64_t>> SumsOf(const reporting::Table& table,
-                                                            std::span<const std::size_t> columns) {
+std::map<reporting::RowKind, std::vector<std::int64_t>> SumsOf(
+    const reporting::Table& table, std::span<const std::size_t> columns) {
   std::map<reporting::RowKind, std::vector<std::int64_t>> sums;
   for (const reporting::Row& row : table.rows) {
     auto& sum = sums[row.kind];

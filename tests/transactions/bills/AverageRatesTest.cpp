@@ -1,7 +1,7 @@
 #include "core/gains/AverageCost.h"
 #include "core/text/Amounts.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/AverageRates.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/HeldLots.h"

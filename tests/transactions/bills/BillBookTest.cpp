@@ -1,7 +1,7 @@
 #include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
 
 #include <QTest>

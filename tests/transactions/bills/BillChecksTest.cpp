@@ -1,5 +1,5 @@
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillChecks.h"
 
 #include <QTest>

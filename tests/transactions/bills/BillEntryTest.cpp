@@ -1,5 +1,5 @@
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillEntry.h"
 
 #include <QTest>
@@ -86,7 +86,7 @@ class BillEntryTest : public QObject {
     QVERIFY(!entry_->Put(desk_->Purchase(2, 50), 1));
     QVERIFY(!entry_->Remove(0));
     QCOMPARE(entry_->Current().grand_total, 107.5);
-    QCOMPARE(entry_->Caption(), TotalCaption::kReceivable);
+    QCOMPARE(entry_->Caption(), records::TotalCaption::kReceivable);
   }
 
   void TotalsOfARecordedBillStayUntilSomethingChanges() {
@@ -94,7 +94,7 @@ class BillEntryTest : public QObject {
     bill.grand_total = -1000;
     QVERIFY(!BillBook(desk_->Connection(), desk_->of).Save(bill));
     entry_->Begin(bill);
-    QCOMPARE(entry_->Caption(), TotalCaption::kPayable);
+    QCOMPARE(entry_->Caption(), records::TotalCaption::kPayable);
     entry_->SetCharges(0, 0);
     QVERIFY(!entry_->Save());
     QCOMPARE(BillBook(desk_->Connection(), desk_->of).Load(bill.id)->grand_total, -1000.0);

@@ -1,5 +1,5 @@
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/EntryLookups.h"
 
 #include <QTest>
@@ -46,7 +46,7 @@ class EntryLookupsTest : public QObject {
   void PercentagesFollowYearAndDelivery() {
     QFETCH(int, year);
     QFETCH(bool, delivery);
-    const ChargePercents percents =
+    const records::ChargePercents percents =
         ReadPercents(desk_->Connection(), text::FinancialYear(year),
                      delivery ? Delivery::kDeliveryBased : Delivery::kNonDeliveryBased);
     QTEST(percents.brokerage, "brokerage");

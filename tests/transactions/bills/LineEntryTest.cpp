@@ -102,7 +102,7 @@ class LineEntryTest : public QObject {
     line.service_tax = service_tax;
     line.stt = stt;
     line.stt_percent = 0.125;
-    ComputeAmount(line);
+    records::ComputeAmount(line);
     entry_.Show(line, {.brokerage = 0.5, .stt = 0.125, .service_tax = 10.3});
     TypeInto(BillBox::kQuantity, "20");
     TypeInto(BillBox::kRate, "200");

@@ -1,6 +1,6 @@
-#include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "reports/broker_ledger/BrokerLedger.h"
+#include "support/Desk.h"
+#include "support/TestMain.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
 #include "transactions/broker_money/PaymentBook.h"
 
@@ -143,8 +143,8 @@ class BrokerMoneyTest : public QObject {
     QCOMPARE(Carried(), QStringList(QStringLiteral("%1:1234.56 Dr").arg(desk_->broker.value)));
     Progress progress;
     const auto accounts =
-        broker_ledger::ReadBrokerLedger(desk_->Connection(),
-                                        {desk_->of, reporting::Period::Of(desk_->year), {}}, progress)
+        broker_ledger::ReadBrokerLedger(
+            desk_->Connection(), {desk_->of, reporting::Period::Of(desk_->year), {}}, progress)
             .accounts;
     QCOMPARE(accounts.at(0).Closing(), std::int64_t{123456});
   }

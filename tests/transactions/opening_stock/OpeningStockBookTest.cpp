@@ -1,7 +1,7 @@
 #include "core/gains/RemainingLots.h"
 #include "core/ledger/Rebuild.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
@@ -65,7 +65,7 @@ class OpeningStockBookTest : public QObject {
   }
 
   void Sell(double quantity, double lot_rate) {
-    bills::Bill bill = desk_->NewBill({desk_->Sale(quantity, 150, desk_->IdOfLot(lot_rate))});
+    records::Bill bill = desk_->NewBill({desk_->Sale(quantity, 150, desk_->IdOfLot(lot_rate))});
     QVERIFY(!bills::BillBook(desk_->Connection(), desk_->of).Save(bill));
   }
 
@@ -265,7 +265,7 @@ class OpeningStockBookTest : public QObject {
     const ClientYear next{desk_->client, desk_->year.Next()};
     OpeningLot lot = Lot(10, 100);
     QVERIFY(!Book().Save(lot));
-    bills::Bill sale = desk_->NewBill({desk_->Sale(6, 120, desk_->IdOfLot(100))});
+    records::Bill sale = desk_->NewBill({desk_->Sale(6, 120, desk_->IdOfLot(100))});
     database::Connection other(desk_->database.Settings());
     {
       Meanwhile progress([&] { bills::BillBook(other, desk_->of).Save(sale); });

@@ -1,5 +1,5 @@
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/opening_stock/OpeningStock.h"
 
 #include <QTest>

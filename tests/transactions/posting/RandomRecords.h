@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transactions/Desk.h"
+#include "support/Desk.h"
 #include "transactions/bills/BillEntry.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 #include "transactions/transfers/TransferBook.h"
@@ -95,29 +95,29 @@ class RandomRecords {
     return std::max(0.001, Below(3) == 0 ? held : held * (1 + Below(12)) / 10);
   }
 
-  bills::BillLine Purchase() {
-    bills::BillLine line = desk_.Purchase(Quantity(), Rate());
+  records::BillLine Purchase() {
+    records::BillLine line = desk_.Purchase(Quantity(), Rate());
     line.scrip = Scrip();
     return line;
   }
 
-  bills::BillLine Sale(const std::vector<records::Lot>& lots) {
+  records::BillLine Sale(const std::vector<records::Lot>& lots) {
     if (lots.empty() || Below(30) == 0) {
       return desk_.Sale(Quantity(), 120, LotId{Below(2) * 3});
     }
     const records::Lot& lot = Pick(lots);
-    bills::BillLine line = desk_.Sale(QuantityFrom(lot), 120, lot.id);
+    records::BillLine line = desk_.Sale(QuantityFrom(lot), 120, lot.id);
     line.scrip = lot.scrip;
     line.lot_rate = lot.rate;
     return line;
   }
 
-  bills::BillLine Line(const std::vector<records::Lot>& lots) {
+  records::BillLine Line(const std::vector<records::Lot>& lots) {
     return Below(2) == 0 ? Purchase() : Sale(lots);
   }
 
-  bills::Bill EmptyBill(const Owner& owner) {
-    bills::Bill bill = desk_.NewBill(Date(), {});
+  records::Bill EmptyBill(const Owner& owner) {
+    records::Bill bill = desk_.NewBill(Date(), {});
     bill.account = Below(40) == 0 ? AccountId{} : Pick(owner.accounts);
     return bill;
   }
@@ -134,7 +134,7 @@ class RandomRecords {
     return lots;
   }
 
-  MaybeRefusal SaveBill(const Owner& owner, bills::Bill& bill) {
+  MaybeRefusal SaveBill(const Owner& owner, records::Bill& bill) {
     const bool is_new = !bill.id;
     MaybeRefusal refusal = bills::BillBook(connection_, owner.of).Save(bill);
     if (!refusal && is_new) {
@@ -144,7 +144,7 @@ class RandomRecords {
   }
 
   MaybeRefusal NewBill(const Owner& owner) {
-    bills::Bill bill = EmptyBill(owner);
+    records::Bill bill = EmptyBill(owner);
     const auto lots = Lots(owner, bill.account);
     for (int i = Below(4); i >= 0; --i) {
       bill.lines.push_back(Line(lots));
@@ -154,7 +154,7 @@ class RandomRecords {
 
   /// Entered line by line, with sales of what the bill itself has bought; now and then it is given
   /// up. Commands that are refused on the way leave the entry as it was.
-  MaybeRefusal EnteredBill(const Owner& owner, const bills::Bill& bill) {
+  MaybeRefusal EnteredBill(const Owner& owner, const records::Bill& bill) {
     bills::BillEntry entry(connection_, owner.of);
     entry.Begin(bill);
     for (int i = Below(6); i >= 0; --i) {
@@ -204,21 +204,21 @@ class RandomRecords {
 
   /// A sale from the oldest lots, whichever they are.
   void Spread(bills::BillEntry& entry) {
-    bills::BillLine sale = desk_.Sale(Quantity(), 120, {});
+    records::BillLine sale = desk_.Sale(Quantity(), 120, {});
     sale.scrip = Scrip();
     if (const auto pieces = entry.Spread(sale, std::nullopt); !pieces.empty()) {
       entry.Put(bills::SpreadOver(sale, pieces), std::nullopt);
     }
   }
 
-  void EditLine(bills::BillLine& line) {
+  void EditLine(records::BillLine& line) {
     switch (Below(3)) {
       case 0:
         line.quantity = text::Shares(Quantity());
         break;
       case 1:
         line.rate = Rate();
-        line.lot = line.side == bills::Side::kPurchase ? LotId{} : line.lot;
+        line.lot = line.side == records::Side::kPurchase ? LotId{} : line.lot;
         break;
       default:
         line = Purchase();
@@ -230,7 +230,7 @@ class RandomRecords {
     if (remove) {
       return book.Delete(saved.id);
     }
-    bills::Bill bill = book.Load(saved.id).value();
+    records::Bill bill = book.Load(saved.id).value();
     if (!bill.lines.empty()) {
       const auto place = bill.lines.begin() + Below(static_cast<int>(bill.lines.size()));
       if (Below(4) == 0) {

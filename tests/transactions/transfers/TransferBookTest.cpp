@@ -1,6 +1,6 @@
 #include "core/ledger/Rebuild.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/transfers/TransferBook.h"
 
@@ -55,7 +55,7 @@ class TransferBookTest : public QObject {
   void SellAtSecond(double quantity) {
     const auto lots = ledger::ReadLots(desk_->Connection(),
                                        ledger::LotScope::Of({desk_->of, desk_->second_account}));
-    bills::Bill bill = desk_->NewBill({desk_->Sale(quantity, 150, lots.front().id)});
+    records::Bill bill = desk_->NewBill({desk_->Sale(quantity, 150, lots.front().id)});
     bill.account = desk_->second_account;
     QVERIFY(!Bills().Save(bill));
   }
@@ -66,7 +66,7 @@ class TransferBookTest : public QObject {
   void initTestCase() { desk_.emplace(); }
   void init() {
     desk_->Empty();
-    bills::Bill bill = desk_->NewBill({desk_->Purchase(10, 100.1)});
+    records::Bill bill = desk_->NewBill({desk_->Purchase(10, 100.1)});
     QVERIFY(!Bills().Save(bill));
   }
   void cleanupTestCase() { desk_.reset(); }

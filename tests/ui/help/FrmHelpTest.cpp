@@ -1,7 +1,7 @@
 #include "support/OnScreen.h"
 #include "support/TestMain.h"
+#include "ui/Features.h"
 #include "ui/help/FrmHelp.h"
-#include "ui/help/HelpChapters.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -83,6 +83,9 @@ class FrmHelpTest : public QObject {
       }
     }
     QVERIFY(links > 0);
+    for (const Feature& feature : Features()) {
+      QVERIFY2(QFile::exists(kGuide + "/" + feature.chapter), feature.chapter);
+    }
     const QString index = ContentOf(kGuide + "/README.md");
     for (const QString& chapter : QDir(kGuide).entryList({"*.md"})) {
       QVERIFY2(chapter == "README.md" || index.contains("(" + chapter + ")"), qPrintable(chapter));

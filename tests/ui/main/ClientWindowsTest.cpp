@@ -1,10 +1,9 @@
 #include "core/lookups/Directory.h"
-#include "masters/client_list/ClientList.h"
 #include "portfolio/Import.h"
 #include "reporting/screen/window/ReportGridView.h"
 #include "support/TestMain.h"
+#include "ui/Features.h"
 #include "ui/main/ShownMain.h"
-#include "ui/main/WindowTable.h"
 
 using namespace quorvane;
 
@@ -53,11 +52,10 @@ class ClientWindowsTest : public QObject {
       printed << TitlesOf(document);
     };
     const QString own = make_current("ATH001", 2012);
-    for (const QString& name : ui::WindowNames()) {
-      const auto target = client_list::FindTarget(name);
-      if (target && target->window != nullptr) {
-        shown.session.target = name;
-        shown.desk.open(name);
+    for (const ui::Feature& feature : ui::Features()) {
+      if (feature.action == ui::MenuAction::kClientSelection && feature.make != nullptr) {
+        shown.session.target = QLatin1String(feature.name);
+        shown.desk.open(shown.session.target);
       }
     }
     const QString other = make_current("ATH002", 2011);

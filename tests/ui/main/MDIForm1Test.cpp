@@ -1,7 +1,7 @@
 #include "controls/Grid.h"
 #include "controls/RecordWindow.h"
 #include "support/TestMain.h"
-#include "ui/main/MenuTable.h"
+#include "ui/Features.h"
 #include "ui/main/ShownMain.h"
 #include "ui/main/StartPage.h"
 
@@ -41,8 +41,10 @@ class MDIForm1Test : public QObject {
     QStringList names;
     AddItems(shown.main->menuBar()->actions(), names);
     QStringList wanted;
-    for (const ui::MenuItem& item : ui::MenuItems()) {
-      wanted << QLatin1String(item.name);
+    for (const ui::Feature& feature : ui::Features()) {
+      if (feature.action != ui::MenuAction::kNoItem) {
+        wanted << QLatin1String(feature.item);
+      }
     }
     QCOMPARE(names, wanted);
     QCOMPARE(wanted.size(), 45);
@@ -52,9 +54,10 @@ class MDIForm1Test : public QObject {
   void EveryItemOpensSomething() {
     const ShownMain shown;
     QStringList disabled;
-    for (const ui::MenuItem& item : ui::MenuItems()) {
-      if (!shown.Named<QAction>(item.name)->isEnabled()) {
-        disabled << QLatin1String(item.name);
+    for (const ui::Feature& feature : ui::Features()) {
+      if (feature.action != ui::MenuAction::kNoItem &&
+          !shown.Named<QAction>(feature.item)->isEnabled()) {
+        disabled << QLatin1String(feature.item);
       }
     }
     QCOMPARE(disabled, QStringList());

@@ -26,7 +26,7 @@ frmdocuments::frmdocuments(controls::Desk& desk, documents::DocumentDialogs dial
                    {.heading = tr("Kept on"), .mask = controls::Mask::kDate},
                    {.heading = tr("Size"), .alignment = Qt::AlignRight | Qt::AlignVCenter}});
   sign_ = new documents::FrmSign(TheGuard(), std::move(dialogs),
-                               app::IniFile(Session().folders.config_file));
+                                 app::IniFile(Session().folders.config_file));
   auto* both = new QSplitter();
   both->addWidget(VSF);
   both->addWidget(sign_);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "masters/window/FrmContact.h"
 #include "masters/brokers/BrokerBook.h"
+#include "masters/window/FrmContact.h"
 
 #include <memory>
 

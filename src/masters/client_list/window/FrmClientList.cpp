@@ -161,12 +161,8 @@ void FrmClientList::Proceed(int client, text::FinancialYear year) {
   app::Session& session = Session();
   session.current = ClientYear{ClientId{client}, year};
   session.current_client_name = CVS->Model().Text(CVS->CurrentRow(), kName);
-  const auto target = FindTarget(target_);
-  if (!target) {
-    throw std::runtime_error(tr("There is no window %1.").arg(target_).toStdString());
-  }
   session.target = target_;  // a window of two duties reads it
-  if (target->window == nullptr) {
+  if (target_.compare(QLatin1String(kUpdateStock), Qt::CaseInsensitive) == 0) {
     controls::ProgressDialog progress(this);
     Say().Inform(UpdateStock(*session.connection, *session.current, progress));
   } else {

@@ -5,9 +5,9 @@
 #include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
 #include "controls/TextBox.h"
-#include "masters/clients/window/AccountsPane.h"
-#include "masters/clients/ClientBook.h"
 #include "documents/window/FrmSign.h"
+#include "masters/clients/ClientBook.h"
+#include "masters/clients/window/AccountsPane.h"
 
 #include <array>
 

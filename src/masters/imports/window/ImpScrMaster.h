@@ -1,7 +1,7 @@
 #pragma once
 
-#include "masters/imports/window/ImpScrWindow.h"
 #include "masters/imports/ScripImport.h"
+#include "masters/imports/window/ImpScrWindow.h"
 
 namespace quorvane::imports {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "masters/window/FrmContact.h"
 #include "masters/participants/ParticipantBook.h"
+#include "masters/window/FrmContact.h"
 
 namespace quorvane::participants {
 

@@ -2,8 +2,8 @@
 
 #include "controls/ProgressDialog.h"
 #include "reporting/output/PdfWriter.h"
-#include "reporting/output/window/PreviewWindow.h"
 #include "reporting/output/WriteReport.h"
+#include "reporting/output/window/PreviewWindow.h"
 
 #include <QBuffer>
 #include <QDir>

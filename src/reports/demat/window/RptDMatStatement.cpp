@@ -2,11 +2,11 @@
 
 #include "controls/ProgressDialog.h"
 #include "core/lookups/Directory.h"
+#include "reporting/output/WriteReport.h"
+#include "reporting/selection/ReportLists.h"
 #include "reports/demat/StatementDocument.h"
 #include "reports/demat/TransactionDocument.h"
 #include "reports/demat/TransactionWorkbook.h"
-#include "reporting/output/WriteReport.h"
-#include "reporting/selection/ReportLists.h"
 
 #include <QDir>
 #include <QFileInfo>

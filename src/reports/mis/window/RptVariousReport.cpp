@@ -4,9 +4,9 @@
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/text/FinancialYear.h"
+#include "reporting/output/WriteReport.h"
 #include "reports/mis/MisReport.h"
 #include "reports/mis/PortfolioCharts.h"
-#include "reporting/output/WriteReport.h"
 
 #include <QLabel>
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reporting/window/ReportWindow.h"
 #include "reporting/charts/window/ChartPane.h"
+#include "reporting/window/ReportWindow.h"
 #include "reports/mis/MisQuery.h"
 #include "reports/mis/window/OptionPairView.h"
 #include "reports/mis/window/RatesPane.h"

@@ -1,9 +1,9 @@
 #include "reports/mis/window/SelectionPane.h"
 
 #include "controls/Style.h"
+#include "reporting/selection/ReportLists.h"
 #include "reporting/window/ReportWindow.h"
 #include "reports/mis/MisLists.h"
-#include "reporting/selection/ReportLists.h"
 
 #include <QHeaderView>
 #include <QLabel>

@@ -5,8 +5,8 @@
 #include "core/lookups/Directory.h"
 #include "reporting/charts/GainsChart.h"
 #include "reporting/output/TemplateFolder.h"
-#include "reports/profit/StatementWorkbook.h"
 #include "reporting/selection/ReportLists.h"
+#include "reports/profit/StatementWorkbook.h"
 
 namespace quorvane::profit {
 namespace {
@@ -168,7 +168,8 @@ StatementQuery RptProfitStatement::Query() const {
   return query;
 }
 
-std::optional<reporting::ReportDocument> RptProfitStatement::Build(Layout layout, Progress& progress) {
+std::optional<reporting::ReportDocument> RptProfitStatement::Build(Layout layout,
+                                                                   Progress& progress) {
   const StatementQuery query = Query();
   const lookups::Directory directory(*Session().connection);
   reporting::ReportDocument document =
@@ -222,11 +223,12 @@ MaybeRefusal RptProfitStatement::CheckWorkbook() {
       reporting::TemplatePath(Session().folders, QLatin1String(kStatementTemplate)));
 }
 
-void RptProfitStatement::WriteWorkbook(const reporting::ReportDocument& document, const QString& path,
-                                       Progress& progress) {
-  WriteStatementWorkbook(document, OutputLayout(),
-                         reporting::TemplatePath(Session().folders, QLatin1String(kStatementTemplate)),
-                         path, progress);
+void RptProfitStatement::WriteWorkbook(const reporting::ReportDocument& document,
+                                       const QString& path, Progress& progress) {
+  WriteStatementWorkbook(
+      document, OutputLayout(),
+      reporting::TemplatePath(Session().folders, QLatin1String(kStatementTemplate)), path,
+      progress);
 }
 
 bool RptProfitStatement::BeforeReport() {
@@ -241,7 +243,8 @@ bool RptProfitStatement::BeforeReport() {
 }
 
 void RptProfitStatement::ReportShown(const reporting::ReportDocument& document) {
-  Say().Inform(reporting::RowCount(document) == 0 ? tr("No Record Found.") : tr("Report is Ready."));
+  Say().Inform(reporting::RowCount(document) == 0 ? tr("No Record Found.")
+                                                  : tr("Report is Ready."));
 }
 
 }  // namespace quorvane::profit

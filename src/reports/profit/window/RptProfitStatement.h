@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reporting/window/ReportWindow.h"
 #include "reporting/charts/window/ChartPane.h"
+#include "reporting/window/ReportWindow.h"
 #include "reports/profit/ProfitStatement.h"
 #include "reports/profit/StatementDocument.h"
 

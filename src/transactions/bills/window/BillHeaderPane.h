@@ -7,11 +7,13 @@
 #include "controls/TextBox.h"
 #include "core/ClientYear.h"
 #include "core/database/Connection.h"
-#include "transactions/bills/Bill.h"
+#include "core/records/BillAmounts.h"
 
 #include <QWidget>
 
 namespace quorvane::bills {
+
+using records::Bill;
 
 /// The head of a bill: number, date and settlement, broker, exchange and demat account.
 class BillHeaderPane : public QWidget {

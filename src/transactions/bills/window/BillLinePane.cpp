@@ -159,7 +159,8 @@ void BillLinePane::Begin() {
 
 void BillLinePane::Begin(const BillLine& line) {
   const std::optional<Delivery> delivery = DeliveryOf(line.delivery_type);
-  entry_.Show(line, delivery ? ReadPercents(connection_, year_, *delivery) : ChargePercents());
+  entry_.Show(line,
+              delivery ? ReadPercents(connection_, year_, *delivery) : records::ChargePercents());
   ShowEntry();
 }
 

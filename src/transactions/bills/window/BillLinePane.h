@@ -6,6 +6,7 @@
 #include "controls/TextBox.h"
 #include "core/ClientYear.h"
 #include "core/database/Connection.h"
+#include "core/records/Bill.h"
 #include "transactions/bills/LineEntry.h"
 
 #include <QCheckBox>
@@ -14,6 +15,9 @@
 #include <map>
 
 namespace quorvane::bills {
+
+using records::BillLine;
+using records::Side;
 
 /// The boxes of the bill line that is being entered.
 class BillLinePane : public QWidget {

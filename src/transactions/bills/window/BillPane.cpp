@@ -132,12 +132,12 @@ void BillPane::ReadChoices(database::Connection& connection, ClientId client) {
   line_->ReadChoices();
 }
 
-void BillPane::Show(const Bill& bill, TotalCaption caption) {
+void BillPane::Show(const Bill& bill, records::TotalCaption caption) {
   head_->Show(bill);
   ShowLines(bill, caption);
 }
 
-void BillPane::ShowLines(const Bill& bill, TotalCaption caption) {
+void BillPane::ShowLines(const Bill& bill, records::TotalCaption caption) {
   std::vector<Row> rows;
   for (const BillLine& line : bill.lines) {
     rows.push_back(RowOf(line, static_cast<int>(rows.size()) + 1, line_->Scrips()));

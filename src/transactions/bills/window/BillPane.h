@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/records/Bill.h"
 #include "transactions/bills/window/BillHeaderPane.h"
 #include "transactions/bills/window/BillLinePane.h"
 #include "transactions/bills/window/BillTotalsPane.h"
@@ -11,6 +12,9 @@
 class QHBoxLayout;
 
 namespace quorvane::bills {
+
+using records::Bill;
+using records::BillLine;
 
 /// What the user does with the lines of a bill.
 enum class LineCommand : std::uint8_t { kAdd, kModify, kUpdate, kDelete, kCancel };
@@ -37,10 +41,10 @@ class BillPane : public QWidget {
   /// Reads again what there is to choose from; the choices stay.
   void ReadChoices(database::Connection& connection, ClientId client);
 
-  void Show(const Bill& bill, TotalCaption caption);
+  void Show(const Bill& bill, records::TotalCaption caption);
 
   /// Lines and totals alone, after a change of a line.
-  void ShowLines(const Bill& bill, TotalCaption caption);
+  void ShowLines(const Bill& bill, records::TotalCaption caption);
 
   /// Head and foot are live while the bill is edited, the boxes of the line while one is entered.
   void SetEditing(bool bill, bool line);

@@ -55,13 +55,13 @@ BillTotalsPane::BillTotalsPane(const controls::Guard& guard) {
   LblTotal->setObjectName(QStringLiteral("LblTotal"));
 }
 
-void BillTotalsPane::Show(const Bill& bill, TotalCaption caption) {
+void BillTotalsPane::Show(const Bill& bill, records::TotalCaption caption) {
   boxes_.Show(BillBox::kTotal, bill.total);
   boxes_.Show(BillBox::kOtherCharges, bill.other_charges);
   boxes_.Show(BillBox::kTransactionCharges, bill.transaction_charges);
   boxes_.Show(BillBox::kStt, bill.stt);
   boxes_.Show(BillBox::kGrandTotal, bill.grand_total);
-  LblTotal->setText(CaptionText(caption));
+  LblTotal->setText(records::CaptionText(caption));
   ShowBoxes();
 }
 

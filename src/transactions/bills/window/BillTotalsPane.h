@@ -2,7 +2,7 @@
 
 #include "controls/Guard.h"
 #include "controls/TextBox.h"
-#include "transactions/bills/Bill.h"
+#include "core/records/BillAmounts.h"
 #include "transactions/bills/BillBoxes.h"
 
 #include <QLabel>
@@ -12,6 +12,9 @@
 
 namespace quorvane::bills {
 
+using records::Bill;
+using records::Side;
+
 /// The foot of a bill: its totals, which follow from the lines, and its charges.
 class BillTotalsPane : public QWidget {
   Q_OBJECT
@@ -19,7 +22,7 @@ class BillTotalsPane : public QWidget {
  public:
   explicit BillTotalsPane(const controls::Guard& guard);
 
-  void Show(const Bill& bill, TotalCaption caption);
+  void Show(const Bill& bill, records::TotalCaption caption);
 
   /// Rupees, with whatever is being typed.
   double OtherCharges();

@@ -1,8 +1,8 @@
 #include "transactions/bills/window/FrmSalePurchase.h"
 
+#include "core/app/CurrentClient.h"
 #include "core/app/Ini.h"
 #include "core/text/Amounts.h"
-#include "core/app/CurrentClient.h"
 #include "transactions/bills/BillChecks.h"
 
 #include <QHBoxLayout>
@@ -246,8 +246,8 @@ void FrmSalePurchase::TakeCharges() {
   page_->Foot().Show(Shown(), Caption());
 }
 
-TotalCaption FrmSalePurchase::Caption() const {
-  return IsEditing() ? entry_.Caption() : SavedCaption(shown_.grand_total);
+records::TotalCaption FrmSalePurchase::Caption() const {
+  return IsEditing() ? entry_.Caption() : records::SavedCaption(shown_.grand_total);
 }
 
 void FrmSalePurchase::ShowBalance() {

@@ -1,15 +1,20 @@
 #pragma once
 
 #include "controls/RecordWindow.h"
+#include "core/records/Bill.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/BillEntry.h"
 #include "transactions/bills/BillListing.h"
-#include "transactions/bills/window/BillPane.h"
 #include "transactions/bills/RateSource.h"
+#include "transactions/bills/window/BillPane.h"
 
 #include <optional>
 
 namespace quorvane::bills {
+
+using records::Bill;
+using records::BillLine;
+using records::Side;
 
 /// "Sale / Purchase": the bills of the client and year that are current when the window opens. The
 /// list stands behind one tab, the bill with its lines and the holdings of its account behind the
@@ -47,7 +52,7 @@ class FrmSalePurchase : public controls::RecordWindow {
   void ShowAverages(std::span<const records::Movement> movements);
   void ShowHoldings();
   void ShowFound();
-  TotalCaption Caption() const;
+  records::TotalCaption Caption() const;
   const Bill& Shown() const { return IsEditing() ? entry_.Current() : shown_; }
   void SetLineState(LineState state);
   std::optional<std::size_t> ChangedLine() const;

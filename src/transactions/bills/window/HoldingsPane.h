@@ -2,6 +2,7 @@
 
 #include "controls/Grid.h"
 #include "controls/ZENButton.h"
+#include "core/records/Bill.h"
 #include "transactions/bills/AverageRates.h"
 #include "transactions/bills/EntryLookups.h"
 #include "transactions/bills/HeldLots.h"
@@ -15,6 +16,8 @@
 #include <vector>
 
 namespace quorvane::bills {
+
+using records::BillLine;
 
 /// The holdings of a bill's account beside its lines: the lots with their balance, what the bill's
 /// lines move, and the average rates.

@@ -2,8 +2,8 @@
 
 #include "controls/FieldLayout.h"
 #include "controls/ValueList.h"
-#include "core/lookups/Choices.h"
 #include "core/app/CurrentClient.h"
+#include "core/lookups/Choices.h"
 
 #include <algorithm>
 
@@ -13,8 +13,8 @@ using controls::ComboBox;
 
 FrmBrOpBal::FrmBrOpBal(controls::Desk& desk)
     : RecordWindow(desk, QStringLiteral("FrmBrOpBal"),
-                   app::ClientTitle(tr("Broker Opening Balance"), desk.session),
-                   {620, 420}, QStringLiteral("VSF"), Panels::kTogether),
+                   app::ClientTitle(tr("Broker Opening Balance"), desk.session), {620, 420},
+                   QStringLiteral("VSF"), Panels::kTogether),
       book_(*desk.session.connection, app::CurrentOf(desk.session)) {
   BuildFields();
   CmdImport = new controls::ZENButton(QStringLiteral("CmdImport"), tr("Carry &Forward"));

@@ -2,8 +2,8 @@
 
 #include "controls/FieldLayout.h"
 #include "controls/ValueList.h"
-#include "core/lookups/Choices.h"
 #include "core/app/CurrentClient.h"
+#include "core/lookups/Choices.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "controls/AmountBox.h"
 #include "controls/ProgressDialog.h"
-#include "core/lookups/Choices.h"
 #include "core/app/CurrentClient.h"
+#include "core/lookups/Choices.h"
 #include "transactions/opening_stock/OpeningReport.h"
 
 #include <QCheckBox>

@@ -2,9 +2,9 @@
 
 #include "controls/AmountBox.h"
 #include "controls/Style.h"
+#include "core/app/CurrentClient.h"
 #include "core/lookups/Choices.h"
 #include "core/text/Amounts.h"
-#include "core/app/CurrentClient.h"
 #include "transactions/transfers/TransferChoices.h"
 
 #include <QHBoxLayout>

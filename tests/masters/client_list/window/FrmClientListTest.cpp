@@ -50,14 +50,6 @@ class FrmClientListTest : public QObject {
     QVERIFY(!shown.Session().current);
   }
 
-  void AnUnknownTargetIsTold() {
-    Shown shown(*database_);
-    AskFor(shown, "FrmNothing");
-    shown.Click("cmdproceed");
-    QVERIFY(shown.messages.LastText().contains(QStringLiteral("FrmNothing")));
-    QCOMPARE(shown.opened, QStringList());
-  }
-
   // The search keeps the keyboard: its arrows move the chosen client, Enter proceeds with it.
   void ArrowsInTheSearchMoveTheChosenClient() {
     Shown shown(*database_);

@@ -1,6 +1,6 @@
 #include "masters/Records.h"
-#include "masters/imports/window/ImpScrMaster.h"
 #include "masters/imports/ImportWindow.h"
+#include "masters/imports/window/ImpScrMaster.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;

@@ -1,6 +1,6 @@
 #include "masters/Records.h"
-#include "masters/imports/window/ImpScrRate.h"
 #include "masters/imports/ImportWindow.h"
+#include "masters/imports/window/ImpScrRate.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;

@@ -1,10 +1,10 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
-#include "support/TestMain.h"
-#include "transactions/Desk.h"
-#include "transactions/bills/BillBook.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
+#include "support/Desk.h"
+#include "support/TestMain.h"
+#include "transactions/bills/BillBook.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
 #include "transactions/broker_money/PaymentBook.h"
 
@@ -106,15 +106,15 @@ class RptBrokerLedgerTest : public QObject {
 
  private:
   void RecordYear() {
-    bills::BillLine line = desk_->Purchase(10, 100);
+    records::BillLine line = desk_->Purchase(10, 100);
     line.brokerage = 0.5;
     line.service_tax = 1.03;
     line.stt = 1.25;
-    bills::ComputeAmount(line);
-    bills::Bill bill = desk_->NewBill({line});
+    records::ComputeAmount(line);
+    records::Bill bill = desk_->NewBill({line});
     bill.other_charges = 2.72;
-    const bills::BillTotals totals =
-        bills::ComputeTotals(bill.lines, bill.other_charges, bill.transaction_charges);
+    const records::BillTotals totals =
+        records::ComputeTotals(bill.lines, bill.other_charges, bill.transaction_charges);
     bill.total = totals.total;
     bill.stt = totals.stt;
     bill.grand_total = totals.grand_total;

@@ -38,7 +38,9 @@ struct Shown {
   controls::Grid& Grid(const char* name) const { return *Named<controls::Grid>(name); }
   void Click(const char* button) const { Named<QAbstractButton>(button)->click(); }
   void GoToRates() const { Named<QTabWidget>("Pages")->setCurrentIndex(2); }
-  const reporting::ReportModel& Screen() const { return Named<reporting::ReportGridView>("VS")->Model(); }
+  const reporting::ReportModel& Screen() const {
+    return Named<reporting::ReportGridView>("VS")->Model();
+  }
   QStringList Titles() const { return Screen().Document().titles; }
   QString Total() const {
     const reporting::Table& table = Screen().Document().tables.front();

@@ -1,8 +1,8 @@
 #include "masters/ShownWindow.h"
 #include "portfolio/Import.h"
 #include "reports/profit/window/RptProfitStatement.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
 
 #include <QAction>
@@ -276,12 +276,12 @@ class RptProfitStatementTest : public QObject {
   void BillsWithoutAnAccountCountWhenEveryAccountIsTicked() {
     test::Desk books;
     bills::BillBook book(books.Connection(), books.of);
-    bills::Bill bought = books.NewBill({books.Purchase(10, 100)});
+    records::Bill bought = books.NewBill({books.Purchase(10, 100)});
     bought.account = {};
     QVERIFY(!book.Save(bought));
     const auto lots =
         ledger::ReadLots(books.Connection(), ledger::LotScope::Of({books.of, AccountId{}}));
-    bills::Bill sold = books.NewBill({books.Sale(10, 120, lots.front().id)});
+    records::Bill sold = books.NewBill({books.Sale(10, 120, lots.front().id)});
     sold.account = {};
     QVERIFY(!book.Save(sold));
     const Shown window(books.database, "RptProfitStatement", "C1");

@@ -1,9 +1,8 @@
 #include "controls/DateBox.h"
 #include "core/app/Ini.h"
-#include "masters/client_list/window/FrmClientList.h"
+#include "support/Desk.h"
 #include "support/RecordingMessages.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/window/FrmSalePurchase.h"
 
@@ -169,18 +168,8 @@ class FrmSalePurchaseTest : public QObject {
     session_.reset();
   }
 
-  void FromTheClientListToTheLedgerAndBack() {
-    session_->current.reset();
-    session_->target = QStringLiteral("FrmSalePurchase");
-    QString opened;
-    desk_->open = [&](const QString& name) {
-      opened = name;
-      Open();
-    };
-    auto* list = new client_list::FrmClientList(*desk_);
-    BringUp(list);
-    Fill({QStringLiteral("c1")});
-    QCOMPARE(opened, QStringLiteral("FrmSalePurchase"));
+  void FromAnEmptyLedgerToTheNextBill() {
+    Open();
     QVERIFY(window_->windowTitle().endsWith(QStringLiteral(" - 2011-12")));
 
     BeginBill();

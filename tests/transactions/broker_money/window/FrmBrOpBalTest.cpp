@@ -1,7 +1,7 @@
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/broker_money/window/FrmBrOpBal.h"
 
 using namespace quorvane;

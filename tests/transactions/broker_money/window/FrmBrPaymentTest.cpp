@@ -1,8 +1,8 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/broker_money/window/FrmBrPayment.h"
 
 using namespace quorvane;

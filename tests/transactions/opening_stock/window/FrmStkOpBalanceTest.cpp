@@ -1,8 +1,8 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/opening_stock/window/FrmStkOpBalance.h"
 
@@ -79,7 +79,7 @@ class FrmStkOpBalanceTest : public QObject {
   void LotWhoseSharesWereSoldIsNotDeleted() {
     Shown shown(desk_->database, ForClient{desk_->of});
     shown.AddByKeyboard({"reliance", "1001", "10", "100", "010410"});
-    bills::Bill bill = desk_->NewBill({desk_->Sale(6, 120, desk_->IdOfLot(100))});
+    records::Bill bill = desk_->NewBill({desk_->Sale(6, 120, desk_->IdOfLot(100))});
     QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
              test::kAccepted);
     const QStringList before = desk_->Everything();

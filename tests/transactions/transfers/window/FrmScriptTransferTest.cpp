@@ -1,8 +1,8 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/transfers/window/FrmScriptTransfer.h"
 
@@ -149,7 +149,7 @@ class FrmScriptTransferTest : public QObject {
     AddByKeyboard(shown, "1002", "4");
     const auto lots = ledger::ReadLots(desk_->Connection(),
                                        ledger::LotScope::Of({desk_->of, desk_->second_account}));
-    bills::Bill bill =
+    records::Bill bill =
         desk_->NewBill(QStringLiteral("01/07/2011"), {desk_->Sale(1, 120, lots.front().id)});
     bill.account = desk_->second_account;
     QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
@@ -163,7 +163,7 @@ class FrmScriptTransferTest : public QObject {
 
  private:
   void Buy(double quantity, double rate) {
-    bills::Bill bill = desk_->NewBill({desk_->Purchase(quantity, rate)});
+    records::Bill bill = desk_->NewBill({desk_->Purchase(quantity, rate)});
     QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
              test::kAccepted);
   }

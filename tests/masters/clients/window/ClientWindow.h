@@ -22,11 +22,11 @@
 
 namespace quorvane::test {
 
-using documents::DocumentDialogs;
-using documents::DocumentViewer;
 using clients::FrmClientMaster;
 using controls::Grid;
 using controls::TextBox;
+using documents::DocumentDialogs;
+using documents::DocumentViewer;
 
 /// The client window over a database of two participants; the base of the window's tests.
 class ClientWindow : public QObject {
@@ -78,8 +78,8 @@ class ClientWindow : public QObject {
                  participant, dp_id, number);
   }
 
-  DocumentDialogs Dialogs() {
-    DocumentDialogs dialogs;
+  documents::DocumentDialogs Dialogs() {
+    documents::DocumentDialogs dialogs;
     dialogs.choose_file = [this](QWidget*) { return picked_; };
     dialogs.choose_color = [](QWidget*, const QColor&) { return QColor(Qt::green); };
     dialogs.set_up_printer = [this](QWidget*, QPrinter& printer, int) {
@@ -118,7 +118,7 @@ class ClientWindow : public QObject {
   /// "shown" or what was said instead.
   QString View() {
     const auto* viewer = window_->findChild<DocumentViewer*>();
-    QSignalSpy opened(viewer, &DocumentViewer::Opened);
+    QSignalSpy opened(viewer, &documents::DocumentViewer::Opened);
     const std::size_t said = messages_->said.size();
     Click("CmdView");
     const bool done =

@@ -7,11 +7,7 @@
 #include <cstdint>
 #include <span>
 
-namespace quorvane::bills {
-
-using records::Bill;
-using records::BillLine;
-using records::Side;
+namespace quorvane::records {
 
 /// The percentages of a year and delivery type from which charges are proposed.
 struct ChargePercents {
@@ -64,4 +60,4 @@ struct BillTotals {
 BillTotals ComputeTotals(std::span<const BillLine> lines, double other_charges,
                          double transaction_charges);
 
-}  // namespace quorvane::bills
+}  // namespace quorvane::records

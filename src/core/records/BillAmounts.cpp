@@ -1,4 +1,4 @@
-#include "transactions/bills/Bill.h"
+#include "core/records/BillAmounts.h"
 
 #include "core/text/Amounts.h"
 #include "core/text/Paise.h"
@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-namespace quorvane::bills {
+namespace quorvane::records {
 namespace {
 
 constexpr double kHundred = 100;
@@ -82,4 +82,4 @@ BillTotals ComputeTotals(std::span<const BillLine> lines, double other_charges,
   return totals;
 }
 
-}  // namespace quorvane::bills
+}  // namespace quorvane::records

@@ -1,4 +1,4 @@
-#include "masters/clients/ClientWindow.h"
+#include "masters/clients/window/ClientWindow.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;

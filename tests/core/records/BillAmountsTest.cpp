@@ -1,10 +1,10 @@
+#include "core/records/BillAmounts.h"
+#include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/Desk.h"
-#include "transactions/bills/Bill.h"
 
 #include <QTest>
 
-using namespace quorvane::bills;
+using namespace quorvane::records;
 using quorvane::test::Exact;
 using quorvane::text::NumberText;
 
@@ -31,7 +31,7 @@ BillLine Sold(double amount, double service_tax = 0, double stt = 0) {
 
 Q_DECLARE_METATYPE(std::vector<BillLine>)
 
-class BillTest : public QObject {
+class BillAmountsTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -164,5 +164,5 @@ class BillTest : public QObject {
   }
 };
 
-static const quorvane::test::RegisterTest<BillTest> kRegistered;
-#include "BillTest.moc"
+static const quorvane::test::RegisterTest<BillAmountsTest> kRegistered;
+#include "BillAmountsTest.moc"

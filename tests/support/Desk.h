@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/ledger/Lots.h"
+#include "core/records/BillAmounts.h"
 #include "core/text/Amounts.h"
 #include "support/TestDatabase.h"
-#include "transactions/bills/Bill.h"
 
 #include <QStringList>
 
@@ -65,25 +65,25 @@ struct Desk {
   }
 
   /// A line of the first scrip without charges.
-  bills::BillLine Purchase(double quantity, double rate) const {
-    bills::BillLine line;
-    line.side = bills::Side::kPurchase;
+  records::BillLine Purchase(double quantity, double rate) const {
+    records::BillLine line;
+    line.side = records::Side::kPurchase;
     line.scrip = scrip;
     line.quantity = text::Shares(quantity);
     line.rate = rate;
-    bills::ComputeAmount(line);
+    records::ComputeAmount(line);
     return line;
   }
 
-  bills::BillLine Sale(double quantity, double rate, LotId lot) const {
-    bills::BillLine line = Purchase(quantity, rate);
-    line.side = bills::Side::kSale;
+  records::BillLine Sale(double quantity, double rate, LotId lot) const {
+    records::BillLine line = Purchase(quantity, rate);
+    line.side = records::Side::kSale;
     line.lot = lot;
     return line;
   }
 
-  bills::Bill NewBill(const QString& date, std::vector<bills::BillLine> lines) const {
-    bills::Bill bill;
+  records::Bill NewBill(const QString& date, std::vector<records::BillLine> lines) const {
+    records::Bill bill;
     bill.number = QStringLiteral("B/1");
     bill.date = date;
     bill.broker = broker;
@@ -93,7 +93,7 @@ struct Desk {
     return bill;
   }
 
-  bills::Bill NewBill(std::vector<bills::BillLine> lines) const {
+  records::Bill NewBill(std::vector<records::BillLine> lines) const {
     return NewBill(QStringLiteral("10/06/2011"), std::move(lines));
   }
 

@@ -291,7 +291,7 @@ std::optional<std::size_t> FrmSalePurchase::ChangedLine() const {
 
 bool FrmSalePurchase::Accepts(const MaybeRefusal& refusal) {
   if (refusal) {
-    Show(*refusal, Icon::kCritical);
+    Show(*refusal);
   }
   return !refusal;
 }

@@ -1103,6 +1103,10 @@ All Related Data will be Deleted.</source>
         <source>Enter Purchase Date.</source>
         <translation>ख़रीद की तारीख़ भरें।</translation>
     </message>
+    <message>
+        <source>Rate Can&apos;t be Negative.</source>
+        <translation>दर ऋणात्मक नहीं हो सकती।</translation>
+    </message>
 </context>
 <context>
     <name>OutputFormat</name>
@@ -3542,6 +3546,18 @@ Save this one, too?</source>
     <message>
         <source>%1 lots were carried forward. %2 other opening rows stay as they are; delete those that should not count.</source>
         <translation>%1 लॉट आगे लाए गए। %2 अन्य प्रारंभिक पंक्तियाँ वैसी ही हैं; जो नहीं गिननी हैं उन्हें हटा दें।</translation>
+    </message>
+    <message>
+        <source>Scrip Code</source>
+        <translation>शेयर कोड</translation>
+    </message>
+    <message>
+        <source>BSE or NSE</source>
+        <translation>बीएसई या एनएसई</translation>
+    </message>
+    <message>
+        <source>There is no Scrip of the Code %1.</source>
+        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
     </message>
 </context>
 <context>

@@ -34,11 +34,6 @@ std::optional<Side> SideAt(int place) {
   }
 }
 
-bool IsCodeOf(const ScripFound* scrip, const QString& code) {
-  return scrip != nullptr && (code.compare(scrip->code, Qt::CaseInsensitive) == 0 ||
-                              code.compare(scrip->ncode, Qt::CaseInsensitive) == 0);
-}
-
 }  // namespace
 
 BillLinePane::BillLinePane(const controls::Guard& guard, database::Connection& connection,
@@ -207,7 +202,7 @@ void BillLinePane::ShowScrip(ScripId scrip) {
     Combo4->setToolTip({});
     return;
   }
-  TxtScr->setText(found->code.isEmpty() ? found->ncode : found->code);
+  TxtScr->setText(found->ShownCode());
   Combo4->setToolTip(tr("%1\nBSE %2   NSE %3").arg(found->name, found->code, found->ncode));
 }
 
@@ -287,7 +282,8 @@ void BillLinePane::Check1_Click() {
 
 void BillLinePane::TxtScr_Validate() {
   const QString code = TxtScr->text().trimmed();
-  if (code.isEmpty() || IsCodeOf(scrips_.Find(entry_.Scrip()), code)) {
+  const ScripFound* shown = scrips_.Find(entry_.Scrip());
+  if (code.isEmpty() || (shown != nullptr && shown->HasCode(code))) {
     ShowScrip(entry_.Scrip());
     return;
   }

@@ -81,7 +81,8 @@ void FrmStkOpBalance::ReadScrips() {
 }
 
 void FrmStkOpBalance::ShowScripCode() {
-  const lookups::ScripFound* scrip = scrips_.Find(ScripId{Combo1->CurrentId()});
+  coded_ = ScripId{Combo1->CurrentId()};
+  const lookups::ScripFound* scrip = scrips_.Find(coded_);
   TxtScr->setText(scrip == nullptr ? QString() : scrip->ShownCode());
 }
 
@@ -107,8 +108,11 @@ void FrmStkOpBalance::TxtScr_Validate() {
   ShowScripCode();
 }
 
+/// A code that was refused stays for its user to correct while the scrip is the same.
 void FrmStkOpBalance::Combo1_Click() {
-  ShowScripCode();
+  if (ScripId{Combo1->CurrentId()} != coded_) {
+    ShowScripCode();
+  }
 }
 
 void FrmStkOpBalance::BuildBoxes(controls::FieldLayout& fields) {

@@ -68,6 +68,7 @@ class FrmStkOpBalance : public controls::RecordWindow {
   std::array<controls::TextBox*, kOpeningBoxCount> Text1{};
   controls::DateBox* date_ = nullptr;  ///< Text1_3
   lookups::ScripList scrips_;
+  ScripId coded_;  ///< whose code is shown
   controls::TextBox* TxtScr = nullptr;
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;

@@ -43,6 +43,17 @@ class FrmStkOpBalanceTest : public QObject {
     QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("1001"));
   }
 
+  void UnknownCodeStaysToBeCorrected() {
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    shown.Click("cmdAdd");
+    shown.Fill({"zzz"});
+    QCOMPARE(shown.messages.Texts(),
+             QStringList(QStringLiteral("There is no Scrip of the Code ZZZ.")));
+    QCOMPARE(shown.Named("TxtScr")->selectedText(), QStringLiteral("ZZZ"));
+    shown.Fill({"500325"});
+    QCOMPARE(shown.TextIn("Combo1"), QStringLiteral("RELIANCE"));
+  }
+
   void DateAfterTheYearIsClearedWithoutAWord() {
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.Click("cmdAdd");

@@ -33,6 +33,10 @@ MaybeRefusal CheckOpening(const OpeningLot& lot, text::FinancialYear year) {
     return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Enter Purchase Date."),
                   QStringLiteral("Text1_3"));
   }
+  if (lot.rate < 0) {
+    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Rate Can't be Negative."),
+                  QStringLiteral("Text1_1"));
+  }
   return std::nullopt;
 }
 

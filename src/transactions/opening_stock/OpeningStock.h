@@ -16,7 +16,7 @@ using text::Shares;
 /// empty text: a day after the year's last one is cleared without a word.
 QString KeepPurchaseDate(const QString& date, text::FinancialYear year);
 
-/// The first rule that the lot breaks: scrip, quantity, account, purchase date.
+/// The first rule that the lot breaks: scrip, quantity, account, purchase date, rate.
 MaybeRefusal CheckOpening(const OpeningLot& lot, text::FinancialYear year);
 
 }  // namespace quorvane::opening_stock

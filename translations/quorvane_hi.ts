@@ -2584,17 +2584,13 @@ Save this one, too?</source>
         <source>Press &quot;View Document&quot; to see %1.</source>
         <translation>%1 देखने के लिए &quot;दस्तावेज़ देखें&quot; दबाएँ।</translation>
     </message>
-</context>
-<context>
-    <name>quorvane::clients::FrmSign</name>
     <message>
         <source>Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;All files (*)</source>
         <translation>दस्तावेज़ (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;सभी फ़ाइलें (*)</translation>
     </message>
-    <message>
-        <source>Document of the Client</source>
-        <translation>ग्राहक का दस्तावेज़</translation>
-    </message>
+</context>
+<context>
+    <name>quorvane::clients::FrmSign</name>
     <message>
         <source>Background</source>
         <translation>पृष्ठभूमि</translation>

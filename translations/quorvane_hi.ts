@@ -495,8 +495,8 @@ Maximum Allowed Value is: %1</source>
 <context>
     <name>DoubleKeys</name>
     <message>
-        <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Delete the wrong one in its window, or restore a BackUp.</source>
-        <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। ग़लत रिकॉर्ड को उसकी विंडो में हटाएँ, या बैकअप पुनर्स्थापित करें।</translation>
+        <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Do not delete one of them in its window: both would go. Restore a BackUp.</source>
+        <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। इनमें से किसी को उसकी विंडो में न हटाएँ: दोनों हट जाएँगे। बैकअप पुनर्स्थापित करें।</translation>
     </message>
 </context>
 <context>
@@ -2588,17 +2588,13 @@ Save this one, too?</source>
         <source>Press &quot;View Document&quot; to see %1.</source>
         <translation>%1 देखने के लिए &quot;दस्तावेज़ देखें&quot; दबाएँ।</translation>
     </message>
-</context>
-<context>
-    <name>quorvane::documents::FrmSign</name>
     <message>
         <source>Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;All files (*)</source>
         <translation>दस्तावेज़ (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;सभी फ़ाइलें (*)</translation>
     </message>
-    <message>
-        <source>Document of the Client</source>
-        <translation>ग्राहक का दस्तावेज़</translation>
-    </message>
+</context>
+<context>
+    <name>quorvane::clients::FrmSign</name>
     <message>
         <source>Background</source>
         <translation>पृष्ठभूमि</translation>
@@ -3912,6 +3908,10 @@ Lots changed: %1</source>
     <message>
         <source>Records with a new key: %1</source>
         <translation>नई कुंजी वाले रिकॉर्ड: %1</translation>
+    </message>
+    <message>
+        <source>Copies of a record, equal in every field, that were removed: %1</source>
+        <translation>किसी रिकॉर्ड की हर फ़ील्ड में समान प्रतियाँ जो हटाई गईं: %1</translation>
     </message>
 </context>
 <context>

@@ -55,7 +55,8 @@ QString AskSavePath(QWidget* over, const QString& suggested_path, const LastFold
 QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters,
                     const LastFolder& last) {
   const QString path = QFileDialog::getOpenFileName(
-      over, QCoreApplication::translate("DesktopFiles", "Choose a File"), last.Or(folder), filters);
+      over, QCoreApplication::translate("DesktopFiles", "Choose a File"),
+      last.Or(folder.isEmpty() ? QDir::homePath() : folder), filters);
   return last.Note(QFileInfo(path).absolutePath(), path);
 }
 

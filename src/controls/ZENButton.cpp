@@ -12,9 +12,8 @@
 namespace quorvane::controls {
 namespace {
 
-constexpr int kMinimumWidth = 76;
+constexpr int kUsualWidth = 76;
 constexpr int kPadding = 12;
-constexpr int kLeastPadding = 6;
 constexpr int kGap = 6;
 
 }  // namespace
@@ -23,22 +22,24 @@ ZENButton::ZENButton(const QString& name, const QString& text, QWidget* parent)
     : QPushButton(text, parent) {
   setObjectName(name);
   setAutoDefault(false);
-  // In a row that is too narrow the empty room around the words goes first.
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   setAttribute(Qt::WA_Hover);
 }
 
-QSize ZENButton::sizeHint() const {
+QSize ZENButton::SizeWith(int padding) const {
   const QSize words = fontMetrics().size(Qt::TextShowMnemonic, text());
   const int icon_width = icon().isNull() ? 0 : iconSize().width() + kGap;
-  const int width = words.width() + icon_width + 2 * kPadding;
-  return {std::max(width, kMinimumWidth), std::max(words.height() + 2 * kGap, kBoxHeight)};
+  return {words.width() + icon_width + 2 * padding,
+          std::max(words.height() + 2 * kGap, kBoxHeight)};
 }
 
+QSize ZENButton::sizeHint() const {
+  return SizeWith(kPadding).expandedTo({kUsualWidth, 0});
+}
+
+// On a narrow screen short words give their room to the long ones.
 QSize ZENButton::minimumSizeHint() const {
-  const QSize words = fontMetrics().size(Qt::TextShowMnemonic, text());
-  const int icon_width = icon().isNull() ? 0 : iconSize().width() + kGap;
-  return {words.width() + icon_width + 2 * kLeastPadding, sizeHint().height()};
+  return SizeWith(kGap);
 }
 
 bool ZENButton::event(QEvent* event) {

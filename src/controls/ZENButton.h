@@ -28,6 +28,7 @@ class ZENButton : public QPushButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QSize SizeWith(int padding) const;
   QColor Fill() const;
   QColor Ink() const;
   void PaintFrame(QPainter& painter) const;

@@ -61,10 +61,10 @@ class Outside(unittest.TestCase):
         self.server.sql("Drop Database quorvane; Create Database quorvane Character Set utf8mb4;"
                         "Create Or Replace User clerk@localhost")
 
-    def new_desk(self, user="clerk") -> Desk:
+    def new_desk(self, database="quorvane") -> Desk:
         desk = Desk(Path(tempfile.mkdtemp(dir=self.home)))
         (desk.folder / "Confg.ini").write_text(
-            f"[Database]\nSocket={self.server.socket}\nDatabase=quorvane\nUser={user}\n")
+            f"[Database]\nSocket={self.server.socket}\nDatabase={database}\nUser=clerk\n")
         return desk
 
 
@@ -88,6 +88,16 @@ class Rights(Outside):
         self.server.sql("Create Or Replace Role desk; Grant All On quorvane.* To desk; "
                         "Grant desk To clerk@localhost; Set Default Role desk For clerk@localhost")
         self.new_desk().run("check")
+
+    def test_connect_prints_what_the_shell_takes(self):
+        name = "it's \"$0\" `x`"
+        quoted = name.replace("`", "``")
+        self.server.sql(f"Create Or Replace Database `{quoted}`;"
+                        "Grant All On *.* To clerk@localhost")
+        command = self.new_desk(name).run("connect").stdout.strip()
+        told = subprocess.run(f"{command} -N -e 'Select Database()'", shell=True, check=True,
+                              capture_output=True, text=True, timeout=SECONDS).stdout
+        self.assertEqual(told.strip(), name)
 
 
 class Check(Outside):

@@ -1,38 +1,79 @@
 // Opens every window of the program over a portfolio and saves a picture of each, for a look at
 // them and for the user guide: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER
+// IN_FOLDER. IN_FOLDER has the files that are opened, in a folder for each window.
 
 #include "controls/AppIcon.h"
 #include "controls/Appearance.h"
 #include "controls/ChildWindow.h"
+#include "controls/DateBox.h"
 #include "controls/Grid.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
 #include "core/lookups/Directory.h"
+#include "reporting/output/window/RepView.h"
 #include "support/RecordingMessages.h"
 #include "ui/Features.h"
 #include "ui/main/MDIForm1.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QTabWidget>
 #include <QTest>
 
 #include <iostream>
+#include <map>
+#include <utility>
 
 namespace {
 
 using namespace quorvane;
 
 constexpr int kSettleMs = 250;
+constexpr int kReadingMs = 2000;  // of a document
 
-/// As a user finds it at work: a report is on the screen, a record is chosen.
-void Fill(controls::ChildWindow& window) {
-  if (auto* report = window.findChild<controls::ZENButton*>(QStringLiteral("CmdReport"))) {
-    report->click();
-    return;
+/// What is pressed in a window before its picture is taken.
+const std::map<QString, QStringList> kPressed{
+    {QStringLiteral("RepairTable"), {QStringLiteral("cmdCheck")}},
+    {QStringLiteral("frmBackUpRestore"), {QStringLiteral("cmdBackUp")}},
+    {QStringLiteral("ImpScrMaster"), {QStringLiteral("CmdImport")}},
+    {QStringLiteral("ImpScrRate"), {QStringLiteral("CmdImport")}},
+    {QStringLiteral("FrmScriptTransfer"), {QStringLiteral("cmdModify")}},
+    {QStringLiteral("FrmClientMaster"),
+     {QStringLiteral("cmdModify"), QStringLiteral("CmdSource"), QStringLiteral("cmdUpdate")}},
+};
+
+const QStringList kShownByDetails{QStringLiteral("FrmClientMaster"), QStringLiteral("FrmDepPart"),
+                                  QStringLiteral("FrmBroker")};
+const QStringList kLeftUnsaved{QStringLiteral("FrmSalePurchase"),
+                               QStringLiteral("FrmScriptTransfer"), QStringLiteral("ImpScrMaster"),
+                               QStringLiteral("ImpScrRate")};
+const QString kBill = QStringLiteral("KV/1112/0015");
+const QString kCalculation = QStringLiteral("1250*48=");
+
+template <class Widget>
+Widget& Named(QWidget& window, const QString& name) {
+  auto* widget = window.findChild<Widget*>(name);
+  if (widget == nullptr) {
+    throw std::runtime_error("there is no " + name.toStdString());
   }
+  return *widget;
+}
+
+/// A sale from a lot, its line being changed.
+void ChangeSale(QWidget& window) {
+  Named<QLineEdit>(window, QStringLiteral("TxtSearch")).setText(kBill);
+  Named<controls::Grid>(window, QStringLiteral("VSF")).SelectRow(0);
+  Named<QAbstractButton>(window, QStringLiteral("cmdModify")).click();
+  Named<controls::Grid>(window, QStringLiteral("Vs1")).SelectRow(1);
+  Named<QAbstractButton>(window, QStringLiteral("CmdModify1")).click();
+}
+
+void ChooseRows(QWidget& window) {
   for (controls::Grid* grid : window.findChildren<controls::Grid*>()) {
     if (grid->Model().RowCount() > 0 && grid->CurrentRow() < 0) {
       grid->SelectRow(0);
@@ -40,19 +81,79 @@ void Fill(controls::ChildWindow& window) {
   }
 }
 
-void Render(ui::MDIForm1& main, controls::Desk& desk, const QString& name, const QDir& out) {
-  desk.session.target = name;
-  main.Open(name);
-  QTest::qWait(kSettleMs);
-  auto* window = qobject_cast<controls::ChildWindow*>(
-      main.findChild<QMdiArea*>()->subWindowList().last()->widget());
-  Fill(*window);
+/// As a user finds it at work: a report is on the screen, a record is chosen.
+void Fill(controls::ChildWindow& window) {
+  const QString name = window.objectName();
+  if (auto* report = window.findChild<controls::ZENButton*>(QStringLiteral("CmdReport"));
+      report != nullptr && name.startsWith(QLatin1String("Rpt"))) {
+    report->click();
+    return;
+  }
+  if (name == QLatin1String("frmcalc")) {
+    QTest::keyClicks(&window, kCalculation);
+  }
+  if (name == QLatin1String("FrmSalePurchase")) {
+    ChangeSale(window);
+    return;
+  }
+  if (auto* date = window.findChild<controls::DateBox*>(QStringLiteral("TxtDate"))) {
+    date->setText(QStringLiteral("31/03/2012"));
+  }
+  ChooseRows(window);
+  if (const auto pressed = kPressed.find(name); pressed != kPressed.end()) {
+    for (const QString& button : pressed->second) {
+      Named<QAbstractButton>(window, button).click();
+    }
+  }
+  if (kShownByDetails.contains(name)) {
+    Named<QAbstractButton>(window, QStringLiteral("ImgBack_0")).click();
+  }
+}
+
+void Save(ui::MDIForm1& main, const QString& name, const QDir& out) {
   QTest::qWait(kSettleMs);
   const QSize size = QGuiApplication::primaryScreen()->size();
   const QString file =
       QStringLiteral("%1-%2x%3.png").arg(name).arg(size.width()).arg(size.height());
   if (!main.grab().save(out.filePath(file))) {
     throw std::runtime_error("cannot write " + out.filePath(file).toStdString());
+  }
+}
+
+/// The panes beside the report.
+void RenderPanes(ui::MDIForm1& main, controls::ChildWindow& window, const QDir& out) {
+  auto& pages = Named<QTabWidget>(window, QString());
+  for (const auto& [page, name] : {std::pair{1, "chart"}, std::pair{2, "rates"}}) {
+    pages.setCurrentIndex(page);
+    ChooseRows(*pages.currentWidget());
+    Save(main, window.objectName() + QLatin1Char('-') + QLatin1String(name), out);
+  }
+}
+
+void RenderPreview(ui::MDIForm1& main, controls::ChildWindow& window, const QDir& out) {
+  Named<QAction>(window, QStringLiteral("mnupreview")).trigger();
+  QTest::qWait(kSettleMs);
+  Save(main, QStringLiteral("RepView"), out);
+  main.findChild<QMdiArea*>()->subWindowList().last()->close();
+}
+
+void Render(ui::MDIForm1& main, controls::Desk& desk, test::RecordingMessages& messages,
+            const QString& name, const QDir& out) {
+  desk.session.target = name;
+  main.Open(name);
+  QTest::qWait(kSettleMs);
+  auto* window = qobject_cast<controls::ChildWindow*>(
+      main.findChild<QMdiArea*>()->subWindowList().last()->widget());
+  Fill(*window);
+  QTest::qWait(name == QLatin1String("frmdocuments") ? kReadingMs : 0);
+  Save(main, name, out);
+  if (name == QLatin1String("RptVariousReport")) {
+    RenderPanes(main, *window, out);
+  } else if (name == QLatin1String("RptProfitStatement")) {
+    RenderPreview(main, *window, out);
+  }
+  if (kLeftUnsaved.contains(name)) {
+    messages.WillAnswer(true);
   }
   window->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -77,14 +178,23 @@ void RenderAll(const QStringList& arguments) {
   session->current_client_name = QString::fromStdString(client->name);
   test::RecordingMessages messages;
   controls::Desk desk{*session, messages};
+  desk.ask_open_path = [&](QWidget* over, const QString&, const QString&) {
+    const QDir in(QDir(arguments[5]).filePath(over->objectName()));
+    return in.filePath(in.entryList(QDir::Files).value(0));
+  };
+  reporting::RepView preview(desk);
+  desk.show_report = [&](const reporting::ReportDocument& document, QWidget* over) {
+    preview.Show(document, over);
+  };
   ui::MDIForm1 main(desk);
   main.setGeometry(QRect(QPoint(), screen));
   main.show();
   const QDir out(arguments[4]);
   out.mkpath(QStringLiteral("."));
+  Save(main, main.objectName(), out);
   for (const ui::Feature& feature : ui::Features()) {
     if (feature.make != nullptr) {
-      Render(main, desk, QLatin1String(feature.name), out);
+      Render(main, desk, messages, QLatin1String(feature.name), out);
     }
   }
   for (const QString& text : messages.Texts()) {
@@ -97,8 +207,8 @@ void RenderAll(const QStringList& arguments) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setWindowIcon(controls::AppIcon());
-  if (argc != 5) {
-    std::cerr << "usage: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER\n";
+  if (argc != 6) {
+    std::cerr << "usage: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER IN_FOLDER\n";
     return 2;
   }
   try {

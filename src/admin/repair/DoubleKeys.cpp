@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <set>
 #include <string_view>
 
@@ -20,12 +21,22 @@ using database::Transaction;
 
 constexpr qsizetype kLongestContents = 200;
 
-QString ContentsOf(const database::Recordset& row) {
-  QStringList fields;
-  for (std::size_t column = 1; column < row.ColumnCount(); ++column) {
-    fields << row.OptionalText(column).value_or(QString());
+using Fields = std::vector<std::optional<QString>>;
+
+Fields FieldsOf(const database::Recordset& row, std::size_t first) {
+  Fields fields;
+  for (std::size_t column = first; column < row.ColumnCount(); ++column) {
+    fields.push_back(row.OptionalText(column));
   }
-  return fields.join(QStringLiteral(", ")).left(kLongestContents);
+  return fields;
+}
+
+QString ContentsOf(const database::Recordset& row) {
+  QStringList texts;
+  for (const std::optional<QString>& field : FieldsOf(row, 1)) {
+    texts << field.value_or(QString());
+  }
+  return texts.join(QStringLiteral(", ")).left(kLongestContents);
 }
 
 /// The client that a record of the table belongs to; empty for what belongs to no client.
@@ -59,10 +70,10 @@ class Twins {
     const std::string client = ClientOf(table).empty() ? "0" : std::string(ClientOf(table));
     for (const auto& row : transaction.Open(
              fmt::format(
-                 "Select RowKey,Coalesce({},0) From {} Where Id=? Order By RowKey For Update",
+                 "Select RowKey,Coalesce({},0),T.* From {} T Where Id=? Order By RowKey For Update",
                  client, table),
              key)) {
-      rows_.push_back({row.Int64(0), row.Int(1)});
+      rows_.push_back({row.Int64(0), row.Int(1), FieldsOf(row, 2)});
     }
   }
 
@@ -79,6 +90,19 @@ class Twins {
       }
     }
     return {};
+  }
+
+  /// No field tells one from another: which of them is meant makes no difference.
+  bool AreEqual() const {
+    return std::ranges::all_of(rows_,
+                               [&](const Row& row) { return row.fields == rows_.front().fields; });
+  }
+
+  int RemoveCopies() {
+    for (std::size_t i = 1; i < rows_.size(); ++i) {
+      transaction_.Execute(fmt::format("Delete From {} Where RowKey=?", table_), rows_[i].number);
+    }
+    return static_cast<int>(rows_.size()) - 1;
   }
 
   int GiveNewKeys() {
@@ -101,6 +125,7 @@ class Twins {
   struct Row {
     std::int64_t number;
     int client;
+    Fields fields;
   };
 
   bool IsNamedBy(const KeyReference& reference) {
@@ -129,12 +154,15 @@ std::vector<int> DoubledKeys(database::Connection& connection, std::string_view 
 void GiveNewKeys(Transaction& transaction, std::string_view table, NewKeys& result) {
   for (const int key : DoubledKeys(transaction.GetConnection(), table)) {
     Twins twins(transaction, table, key);
-    if (const std::string_view named_by = twins.Ambiguous(); !named_by.empty()) {
+    const std::string_view named_by = twins.Ambiguous();
+    if (!named_by.empty() && twins.AreEqual()) {
+      result.removed += twins.RemoveCopies();
+    } else if (!named_by.empty()) {
       result.refused << QCoreApplication::translate(
                             "DoubleKeys",
                             "%1: the records of key %2 stay as they are, because records of %3 "
-                            "name the key and nothing tells which of them is meant. Delete the "
-                            "wrong one in its window, or restore a BackUp.")
+                            "name the key and nothing tells which of them is meant. Do not delete "
+                            "one of them in its window: both would go. Restore a BackUp.")
                             .arg(QString::fromLatin1(table.data(), std::ssize(table)))
                             .arg(key)
                             .arg(QString::fromLatin1(named_by.data(), std::ssize(named_by)));

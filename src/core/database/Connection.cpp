@@ -10,6 +10,9 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <algorithm>
+#include <array>
+
 namespace quorvane::database {
 namespace {
 
@@ -31,6 +34,25 @@ constexpr int kNotGranted = 1227;
 constexpr int kUnknownVariable = 1193;
 constexpr int kNotReady = 1047;
 constexpr int kLongestLoginSeconds = 15;
+
+/// No such driver, or its library cannot be loaded or does not start.
+bool IsWithoutDriver(const DatabaseError& error) {
+  constexpr std::array kStates{"IM002", "IM003", "IM004"};
+  return std::ranges::find(kStates, error.State()) != kStates.end() ||
+         std::string_view(error.what()).find("Can't open lib") != std::string_view::npos;
+}
+
+/// The manager's own text tells neither where the driver was named nor what to install.
+[[noreturn]] void FailWithoutDriver(const QString& driver) {
+  const bool is_usual = driver == ConnectionSettings().driver;
+  throw DatabaseError(
+      "IM003", 0,
+      fmt::format("the database driver \"{}\" is not installed; {}", driver.toStdString(),
+                  is_usual ? "install the package odbc-mariadb"
+                           : "install its package, or install the package odbc-mariadb and take "
+                             "the line Driver= out of [Database] in the settings file"),
+      "");
+}
 
 /// A query that takes no lock: to ask it twice is to ask it once.
 bool OnlyReads(std::string_view sql) {
@@ -133,6 +155,12 @@ void Connection::OpenHandles(const ServerAddress& address) {
     alive_ = true;
     ConfigureServerSession();
     LookForCluster();
+  } catch (const DatabaseError& error) {
+    CloseHandles();
+    if (IsWithoutDriver(error)) {
+      FailWithoutDriver(settings_.driver);
+    }
+    throw;
   } catch (...) {
     CloseHandles();
     throw;

@@ -4,7 +4,6 @@
 #include "controls/ProgressDialog.h"
 
 #include <QColorDialog>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -16,13 +15,6 @@ namespace {
 
 using controls::ZENButton;
 using View = DocumentViewer::View;
-
-QString ChooseFile(QWidget* parent) {
-  const QString kinds = FrmSign::tr(
-      "Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;"
-      "All files (*)");
-  return QFileDialog::getOpenFileName(parent, FrmSign::tr("Document of the Client"), {}, kinds);
-}
 
 QColor ChooseColor(QWidget* parent, const QColor& before) {
   return QColorDialog::getColor(before, parent, FrmSign::tr("Background"));
@@ -39,8 +31,7 @@ bool SetUpPrinter(QWidget* parent, QPrinter& printer, int pages) {
 
 }  // namespace
 
-DocumentDialogs::DocumentDialogs()
-    : choose_file(ChooseFile), choose_color(ChooseColor), set_up_printer(SetUpPrinter) {}
+DocumentDialogs::DocumentDialogs() : choose_color(ChooseColor), set_up_printer(SetUpPrinter) {}
 
 FrmSign::FrmSign(const controls::Guard& guard, DocumentDialogs dialogs, app::IniFile settings)
     : dialogs_(std::move(dialogs)),

@@ -15,9 +15,6 @@ namespace quorvane::documents {
 struct DocumentDialogs {
   DocumentDialogs();
 
-  /// The path of the chosen file; empty when none was chosen.
-  std::function<QString(QWidget* parent)> choose_file;
-
   /// The chosen colour; not valid when none was chosen.
   std::function<QColor(QWidget* parent, const QColor& before)> choose_color;
 

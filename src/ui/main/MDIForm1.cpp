@@ -78,6 +78,11 @@ MDIForm1::MDIForm1(controls::Desk& desk)
   StartTimers();
 }
 
+// The windows inside go after the members of this one, and must not call it then.
+MDIForm1::~MDIForm1() {
+  area_->disconnect(this);
+}
+
 void MDIForm1::BuildMenuBar() {
   setMenuBar(new MenuBar([this](const QKeySequence& key) {
     controls::ChildWindow* front = Front();
@@ -106,6 +111,9 @@ void MDIForm1::BuildCentre() {
   area_->setBackground(GroundOf(palette()));
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  // When a window closes, the one before it comes back.
+  area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+  connect(area_, &QMdiArea::subWindowActivated, this, &MDIForm1::RestButtonRow);
   layout->addWidget(area_, 1);
   start_ = new StartPage(*area_);
   connect(start_, &StartPage::Chosen, this,
@@ -291,10 +299,17 @@ void MDIForm1::SelectClientFor(const QString& target) {
   }
 }
 
-/// The row rests for the client list alone: windows stand beside each other.
 void MDIForm1::ChildClosed() {
-  EnableButtons(!open_.contains(kClientList));
+  RestButtonRow();
   ShowStartPage();
+}
+
+/// The row rests for the client list alone, and only while the list is in front: behind another
+/// window nobody would see why.
+void MDIForm1::RestButtonRow() {
+  const QMdiSubWindow* front = area_->currentSubWindow();
+  const auto list = open_.find(kClientList);
+  EnableButtons(list == open_.end() || front == nullptr || front->widget() != list->second);
 }
 
 /// Windows come and go also while the database cannot be asked.

@@ -30,12 +30,13 @@ class MDIForm1 : public QMainWindow {
 
  public:
   explicit MDIForm1(controls::Desk& desk);
+  ~MDIForm1() override;
 
   /// Opens a window by its name inside this one, or brings it to the front when it is open.
   void Open(const QString& name);
 
-  /// Stores the target's name and opens the client list for it; the button row rests until the list
-  /// closes.
+  /// Stores the target's name and opens the client list for it; the button row rests while the list
+  /// is in front.
   void SelectClientFor(const QString& target);
 
   /// Whether the buttons of the row can be pressed.
@@ -61,6 +62,7 @@ class MDIForm1 : public QMainWindow {
   QString KeyOf(const QString& name) const;
   void OpenModal(const QString& name);
   void ChildClosed();
+  void RestButtonRow();
   controls::ChildWindow* Front() const;
   bool ChildrenMayClose();
   void CloseChildren();

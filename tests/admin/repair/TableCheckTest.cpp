@@ -101,16 +101,18 @@ class TableCheckTest : public QObject {
   void DoubledKeysAreCuredWhereItIsClearWhatNamesThem() {
     test::TestDatabase database;
     database->Execute("Insert Into ScriptClass(Id,Name) Values(9,'X'),(9,'Y')");
-    database->Execute("Insert Into Broker(Id,Name) Values(1,'ONE'),(1,'TWO')");
+    database->Execute(
+        "Insert Into Broker(Id,Name) Values(1,'ONE'),(1,'TWO'),(3,'SAME'),(3,'SAME')");
     database->Execute(
         "Insert Into SPMaster(Cid,Fyear,ID,BrokId) Values(1,'2011-12',5,1),"
-        "(2,'2011-12',5,1),(3,'2011-12',4,1)");
+        "(2,'2011-12',5,1),(3,'2011-12',4,3)");
     database->Execute(
         "Insert Into SPTrans(Cid,Fyear,SID,Id,SP) Values(1,'2011-12',5,1,0),"
         "(2,'2011-12',5,1,1)");
-    QCOMPARE(repair::FindDoubleRecords(*database).size(), std::size_t{6});
+    QCOMPARE(repair::FindDoubleRecords(*database).size(), std::size_t{8});
     const repair::NewKeys keys = repair::GiveNewKeys(*database);
     QCOMPARE(keys.given, 2);
+    QCOMPARE(keys.removed, 1);
     QCOMPARE(keys.refused.size(), 1);
     QVERIFY2(keys.refused[0].contains("Broker: the records of key 1"), qPrintable(keys.refused[0]));
     auto rows = database->Open(

@@ -85,11 +85,14 @@ class ConnectionTest : public QObject {
     QVERIFY2(!QString::fromUtf8(error.what()).contains(QLatin1String("secret-word")), error.what());
   }
 
-  void UnknownDriverSaysSo() {
+  void UnknownDriverSaysWhatToInstall() {
     ConnectionSettings settings;
     settings.driver = QStringLiteral("No Such Driver");
     const DatabaseError error = ErrorOf([&] { Connection connection(settings); });
-    QVERIFY2(QString::fromUtf8(error.what()).contains(settings.driver), error.what());
+    const QString text = QString::fromUtf8(error.what());
+    QVERIFY2(text.contains(settings.driver), error.what());
+    QVERIFY2(text.contains(QLatin1String("install the package odbc-mariadb")), error.what());
+    QVERIFY2(!text.contains(QLatin1String("unixODBC")), error.what());
     QVERIFY(!error.IsConnectionLost());
   }
 

@@ -141,6 +141,10 @@ class MDIForm1Test : public QObject {
     shown.Choose("mnuBrPayment");
     QCOMPARE(shown.session.target, QStringLiteral("FrmBrPayment"));
     QVERIFY(!shown.main->IsButtonRowEnabled());
+    shown.Choose("mnuExchange");
+    QVERIFY(shown.main->IsButtonRowEnabled());
+    shown.Named<controls::ChildWindow>("FrmExchange")->close();
+    QTRY_VERIFY(!shown.main->IsButtonRowEnabled());
     QTest::mouseClick(shown.Named<controls::ZENButton>("cmdproceed"), Qt::LeftButton);
     QTRY_COMPARE(shown.OpenWindows(), QStringList("FrmBrPayment"));
     QVERIFY(shown.main->IsButtonRowEnabled());

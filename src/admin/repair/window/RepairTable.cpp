@@ -213,6 +213,9 @@ void RepairTable::cmdNewKeys_Click() {
     ShowCheck(CheckTables(*Session().connection, progress));
   }
   QStringList told{tr("Records with a new key: %1").arg(keys.given)};
+  if (keys.removed > 0) {
+    told << tr("Copies of a record, equal in every field, that were removed: %1").arg(keys.removed);
+  }
   Say().Inform((told + keys.refused.mid(0, kMostTold)).join(QStringLiteral("\n\n")));
 }
 

@@ -271,7 +271,10 @@ void FrmClientMaster::Text1_Pan_Left() {
 }
 
 void FrmClientMaster::CmdSource_Click() {
-  const QString path = dialogs_.choose_file(this);
+  const QString path = TheDesk().ask_open_path(
+      this, QString(),
+      tr("Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;"
+         "All files (*)"));
   if (!path.isEmpty()) {
     new_document_ = path;
     ShowDocumentName(QFileInfo(path).fileName());

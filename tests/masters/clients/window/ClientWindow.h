@@ -56,6 +56,7 @@ class ClientWindow : public QObject {
     messages_.emplace();
     desk_.emplace(controls::Desk{session_, *messages_, [] { return *text::MakeDate(1, 5, 2012); },
                                  [this](const QString& name) { opened_.append(name); }});
+    desk_->ask_open_path = [this](QWidget*, const QString&, const QString&) { return picked_; };
     opened_.clear();
     picked_.clear();
   }
@@ -80,7 +81,6 @@ class ClientWindow : public QObject {
 
   documents::DocumentDialogs Dialogs() {
     documents::DocumentDialogs dialogs;
-    dialogs.choose_file = [this](QWidget*) { return picked_; };
     dialogs.choose_color = [](QWidget*, const QColor&) { return QColor(Qt::green); };
     dialogs.set_up_printer = [this](QWidget*, QPrinter& printer, int) {
       printer.setOutputFileName(folder_->filePath("printed.pdf"));

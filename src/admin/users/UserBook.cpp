@@ -1,6 +1,6 @@
 #include "admin/users/UserBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/database/TextWidths.h"
 #include "core/text/PasswordCode.h"
 

@@ -1,6 +1,6 @@
 #include "masters/brokers/BrokerBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "masters/clients/ClientBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "masters/clients/AccountBook.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "masters/lookup_masters/LookupBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/text/Amounts.h"
 
 #include <QCoreApplication>

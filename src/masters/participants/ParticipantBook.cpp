@@ -1,7 +1,6 @@
 #include "masters/participants/ParticipantBook.h"
 
 #include "core/database/Keys.h"
-#include "core/database/RecordKey.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
 #include "masters/scrips/ScripBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/database/TextWidths.h"
 #include "core/ledger/Lots.h"
 #include "core/ledger/Rebuild.h"

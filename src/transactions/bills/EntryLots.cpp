@@ -2,7 +2,7 @@
 
 #include "core/database/Transaction.h"
 #include "core/ledger/Posting.h"
-#include "transactions/posting/Shortage.h"
+#include "transactions/posting/Owner.h"
 
 #include <algorithm>
 

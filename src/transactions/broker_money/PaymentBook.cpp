@@ -1,6 +1,6 @@
 #include "transactions/broker_money/PaymentBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/records/Money.h"
 #include "core/records/Writing.h"
 

@@ -4,7 +4,6 @@
 #include "core/ledger/Posting.h"
 #include "core/records/Writing.h"
 #include "transactions/posting/Owner.h"
-#include "transactions/posting/Shortage.h"
 
 #include <algorithm>
 

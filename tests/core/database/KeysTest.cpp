@@ -1,7 +1,6 @@
 #include "core/database/Connection.h"
 #include "core/database/KeyReferences.h"
 #include "core/database/Keys.h"
-#include "core/database/RecordKey.h"
 #include "core/database/Schema.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"

@@ -1103,6 +1103,10 @@ All Related Data will be Deleted.</source>
         <source>Enter Purchase Date.</source>
         <translation>ख़रीद की तारीख़ भरें।</translation>
     </message>
+    <message>
+        <source>Rate Can&apos;t be Negative.</source>
+        <translation>दर ऋणात्मक नहीं हो सकती।</translation>
+    </message>
 </context>
 <context>
     <name>OutputFormat</name>
@@ -3543,6 +3547,18 @@ Save this one, too?</source>
         <source>%1 lots were carried forward. %2 other opening rows stay as they are; delete those that should not count.</source>
         <translation>%1 लॉट आगे लाए गए। %2 अन्य प्रारंभिक पंक्तियाँ वैसी ही हैं; जो नहीं गिननी हैं उन्हें हटा दें।</translation>
     </message>
+    <message>
+        <source>Scrip Code</source>
+        <translation>शेयर कोड</translation>
+    </message>
+    <message>
+        <source>BSE or NSE</source>
+        <translation>बीएसई या एनएसई</translation>
+    </message>
+    <message>
+        <source>There is no Scrip of the Code %1.</source>
+        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::participants::FrmDepPart</name>
@@ -4268,8 +4284,8 @@ Lots changed: %1</source>
         <translation>स्क्रीन सेटिंग</translation>
     </message>
     <message>
-        <source>The program&apos;s &amp;own database</source>
-        <translation>प्रोग्राम का अपना डेटाबेस (&amp;O)</translation>
+        <source>T&amp;he program&apos;s own database</source>
+        <translation>प्रोग्राम का अपना डेटाबेस (&amp;H)</translation>
     </message>
     <message>
         <source>Another se&amp;rver</source>
@@ -4304,8 +4320,8 @@ Lots changed: %1</source>
         <translation>पासवर्ड (&amp;W)</translation>
     </message>
     <message>
-        <source>ODBC d&amp;river</source>
-        <translation>ओडीबीसी ड्राइवर (&amp;R)</translation>
+        <source>ODB&amp;C driver</source>
+        <translation>ओडीबीसी ड्राइवर (&amp;C)</translation>
     </message>
     <message>
         <source>Verify the server</source>
@@ -4336,12 +4352,12 @@ Lots changed: %1</source>
         <translation>सूचकांक समाचार (&amp;H)</translation>
     </message>
     <message>
-        <source>&amp;Bombay exchange</source>
-        <translation>बंबई एक्सचेंज (&amp;B)</translation>
+        <source>Bo&amp;mbay exchange</source>
+        <translation>बंबई एक्सचेंज (&amp;M)</translation>
     </message>
     <message>
-        <source>Its price &amp;files</source>
-        <translation>उसकी भाव फ़ाइलें (&amp;F)</translation>
+        <source>Its pri&amp;ce files</source>
+        <translation>उसकी भाव फ़ाइलें (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;National exchange</source>
@@ -4364,16 +4380,16 @@ Lots changed: %1</source>
         <translation>पता ख़ाली हो तो वहाँ से कुछ नहीं मँगाया जाता।</translation>
     </message>
     <message>
-        <source>Default &amp;printer</source>
-        <translation>डिफ़ॉल्ट प्रिंटर (&amp;P)</translation>
+        <source>Default p&amp;rinter</source>
+        <translation>डिफ़ॉल्ट प्रिंटर (&amp;R)</translation>
     </message>
     <message>
         <source>The desktop&apos;s own</source>
         <translation>डेस्कटॉप का अपना</translation>
     </message>
     <message>
-        <source>Page &amp;size</source>
-        <translation>पृष्ठ का आकार (&amp;S)</translation>
+        <source>Pa&amp;ge size</source>
+        <translation>पृष्ठ का आकार (&amp;G)</translation>
     </message>
     <message>
         <source>Every print dialog begins with them.</source>

@@ -235,11 +235,9 @@ void ChildWindow::DateRefused(DateBox* box, const QString& text) {
   }
 }
 
-void ChildWindow::Show(const Refusal& refusal, Icon icon) {
-  if (icon == Icon::kCritical) {
+void ChildWindow::Show(const Refusal& refusal) {
+  if (!refusal.text.isEmpty()) {
     Say().Refuse(refusal.text);
-  } else if (!refusal.text.isEmpty()) {
-    Say().Inform(refusal.text);
   }
   if (QWidget* field = FieldNamed(refusal.field)) {
     Reveal(field);

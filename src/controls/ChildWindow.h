@@ -89,9 +89,9 @@ class ChildWindow : public QWidget {
   /// years are completed by the desk's calendar.
   void Watch(DateBox* box);
 
-  /// Shows the text and focuses the control that the refusal names. Without a text, because the
-  /// user was asked and said no, it only focuses.
-  void Show(const Refusal& refusal, Icon icon = Icon::kInformation);
+  /// Shows the text with the critical icon and focuses the control that the refusal names. Without
+  /// a text, because the user was asked and said no, it only focuses.
+  void Show(const Refusal& refusal);
 
   /// Brings a control of the window on the screen before it gets the focus.
   virtual void Reveal(QWidget* field) { static_cast<void>(field); }

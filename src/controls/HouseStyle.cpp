@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -124,6 +125,10 @@ bool IsView(const QWidget* widget) {
   return qobject_cast<const QAbstractItemView*>(widget) != nullptr;
 }
 
+bool IsLines(const QWidget* widget) {
+  return qobject_cast<const QPlainTextEdit*>(widget) != nullptr;
+}
+
 void PaintHeading(QPainter& painter, const QStyleOption& option) {
   const QPalette& palette = option.palette;
   painter.fillRect(option.rect,
@@ -150,6 +155,10 @@ void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                QPainter* painter, const QWidget* widget) const {
   if (element == PE_Frame && IsView(widget)) {
     PaintViewFrame(*painter, *option);
+    return;
+  }
+  if (element == PE_Frame && IsLines(widget)) {
+    PaintField(*painter, *option);
     return;
   }
   switch (element) {
@@ -197,7 +206,8 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
   switch (metric) {
     case PM_DefaultFrameWidth:
-      return IsView(widget) ? 2 : QProxyStyle::pixelMetric(metric, option, widget);
+      return IsView(widget) || IsLines(widget) ? 2
+                                               : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_FocusFrameHMargin:
       return IsView(widget) ? kTightSpacing + 1 : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_HeaderMargin:

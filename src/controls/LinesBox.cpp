@@ -10,17 +10,20 @@ namespace {
 
 constexpr int kLines = 3;
 constexpr int kWidth = 200;
+constexpr int kTextMargin = kTightSpacing + 1;  // as in a box of one line
 
 }  // namespace
 
 LinesBox::LinesBox(QWidget* parent) : QPlainTextEdit(parent) {
   setTabChangesFocus(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  document()->setDocumentMargin(kTightSpacing);
+  document()->setDocumentMargin(kTextMargin);
+  // The frame fills the box: a ground of the text's own would cover its round corners.
+  viewport()->setAutoFillBackground(false);
 }
 
 QSize LinesBox::sizeHint() const {
-  return {kWidth, kLines * fontMetrics().lineSpacing() + 2 * (kTightSpacing + frameWidth())};
+  return {kWidth, kLines * fontMetrics().lineSpacing() + 2 * (kTextMargin + frameWidth())};
 }
 
 void LinesBox::keyPressEvent(QKeyEvent* event) {
@@ -32,6 +35,17 @@ void LinesBox::keyPressEvent(QKeyEvent* event) {
   }
   QKeyEvent upper(event->type(), event->key(), event->modifiers(), event->text().toUpper());
   QPlainTextEdit::keyPressEvent(&upper);
+}
+
+// The frame tells the focus, and only the text is painted anew by itself.
+void LinesBox::focusInEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusInEvent(event);
+  update();
+}
+
+void LinesBox::focusOutEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusOutEvent(event);
+  update();
 }
 
 void LinesBox::insertFromMimeData(const QMimeData* source) {

@@ -33,6 +33,8 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
   setTextMargins(kTightSpacing, 0, kTightSpacing, 0);
   connect(this, &QLineEdit::textEdited, this, &TextBox::TurnToUpperCase);
   connect(this, &QLineEdit::textChanged, this, &TextBox::ShowBeginning);
+  // The same text set again moves the cursor without a change.
+  connect(this, &QLineEdit::cursorPositionChanged, this, &TextBox::ShowBeginning);
 }
 
 void TextBox::SetCompletions(const QStringList& texts) {
@@ -103,7 +105,7 @@ void TextBox::TurnToUpperCase(const QString& text) {
 
 // Of a text that is longer than its box and that nobody is typing.
 void TextBox::ShowBeginning() {
-  if (!hasFocus() && !isModified()) {
+  if (!hasFocus() && !isModified() && !hasSelectedText()) {
     setCursorPosition(0);
   }
 }

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kMinimumWidth = 76;
 constexpr int kPadding = 12;
+constexpr int kLeastPadding = 6;
 constexpr int kGap = 6;
 
 }  // namespace
@@ -22,6 +23,8 @@ ZENButton::ZENButton(const QString& name, const QString& text, QWidget* parent)
     : QPushButton(text, parent) {
   setObjectName(name);
   setAutoDefault(false);
+  // In a row that is too narrow the empty room around the words goes first.
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   setAttribute(Qt::WA_Hover);
 }
 
@@ -33,7 +36,9 @@ QSize ZENButton::sizeHint() const {
 }
 
 QSize ZENButton::minimumSizeHint() const {
-  return sizeHint();
+  const QSize words = fontMetrics().size(Qt::TextShowMnemonic, text());
+  const int icon_width = icon().isNull() ? 0 : iconSize().width() + kGap;
+  return {words.width() + icon_width + 2 * kLeastPadding, sizeHint().height()};
 }
 
 bool ZENButton::event(QEvent* event) {

@@ -201,7 +201,7 @@ void RecordWindowTest::RefusalFocusesItsField() {
   shown.Click("ImgBack_1");
   shown.Click("cmdUpdate");
   QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Name."));
-  QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+  QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
   QVERIFY(shown.window->name->isVisible());
   QVERIFY(shown.window->name->hasFocus());
   QVERIFY(shown.window->IsEditing());

@@ -6,6 +6,7 @@
 #include "reporting/output/WriteReport.h"
 #include "reporting/period/window/MonthsPane.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QHeaderView>
 #include <QLabel>
@@ -97,13 +98,17 @@ void ReportWindow::AddReportKey() {
   key->setContext(Qt::WidgetWithChildrenShortcut);
   CmdReport->setToolTip(tr("F5"));
   connect(key, &QShortcut::activated, CmdReport, [this] {
-    // Leaving the box under entry checks it; a box that refuses keeps the focus.
-    QWidget* elsewhere = CmdReport->isVisibleTo(this) ? CmdReport : CmdOutput;
-    elsewhere->setFocus(Qt::ShortcutFocusReason);
-    if (elsewhere->hasFocus()) {
+    if (SettleEntry()) {
       CmdReport->click();
     }
   });
+}
+
+/// Leaving the box under entry completes and checks it; a box that refuses keeps the focus.
+bool ReportWindow::SettleEntry() {
+  QWidget* elsewhere = CmdReport->isVisibleTo(this) ? CmdReport : CmdOutput;
+  elsewhere->setFocus(Qt::ShortcutFocusReason);
+  return elsewhere->hasFocus();
 }
 
 void ReportWindow::BuildMenu() {
@@ -405,6 +410,11 @@ void ReportWindow::CmdExit_Click() {
 }
 
 void ReportWindow::mnupreview_Click() {
+  // By its key the action comes while a box is still under entry.
+  const auto* box = qobject_cast<controls::TextBox*>(QApplication::focusWidget());
+  if (box != nullptr && isAncestorOf(box) && !SettleEntry()) {
+    return;
+  }
   if (const auto document = MakeOutput()) {
     TheDesk().show_report(*document, this);
   }

@@ -218,6 +218,7 @@ class ReportWindow : public controls::ChildWindow {
  private:
   void BuildLayout();
   void AddReportKey();
+  bool SettleEntry();
   void BuildMenu();
   void MakePeriodBoxes();
   void AddMonths(QBoxLayout* row);

@@ -2,17 +2,14 @@
 
 #include "core/Ids.h"
 #include "core/database/Connection.h"
-#include "core/lookups/Choices.h"
+#include "core/lookups/Scrips.h"
 #include "core/records/BillAmounts.h"
 #include "core/text/FinancialYear.h"
 
 #include <QString>
-#include <QStringList>
 
-#include <cstddef>
+#include <cstdint>
 #include <optional>
-#include <unordered_map>
-#include <vector>
 
 namespace quorvane::bills {
 
@@ -34,38 +31,8 @@ records::ChargePercents ReadPercents(database::Connection& connection, text::Fin
 std::optional<double> MarketRateOf(database::Connection& connection, text::FinancialYear year,
                                    ScripId scrip, const QString& date);
 
-struct ScripFound {
-  ScripId id;
-  QString code;  ///< at the Bombay exchange
-  QString name;
-  QString ncode;  ///< at the National exchange
-};
-
-/// The scrips as they are chosen from, read at once. It is a copy of that moment.
-class ScripList {
- public:
-  ScripList() = default;
-  explicit ScripList(database::Connection& connection);
-
-  /// By name.
-  std::vector<lookups::Item> Names() const;
-
-  /// The codes of both exchanges, each once, in their order.
-  QStringList Codes() const;
-
-  /// nullptr when there is no such scrip.
-  const ScripFound* Find(ScripId id) const;
-
-  /// Empty when there is no such scrip.
-  QString NameOf(ScripId id) const;
-
- private:
-  std::vector<ScripFound> scrips_;
-  std::unordered_map<ScripId, std::size_t> places_;
-};
-
-/// The scrip of a code at either exchange, whatever the capitals; a code of the Bombay exchange
-/// comes first. An empty code finds nothing.
-std::optional<ScripFound> FindScripByCode(database::Connection& connection, const QString& code);
+using lookups::FindScripByCode;
+using lookups::ScripFound;
+using lookups::ScripList;
 
 }  // namespace quorvane::bills

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transactions/opening_stock/OpeningStockBook.h"
+#include "transactions/opening_stock/OpeningStock.h"
 
 #include <array>
 #include <cstdint>

@@ -3,7 +3,7 @@
 #include "core/ClientYear.h"
 #include "core/lookups/Directory.h"
 #include "reporting/document/ReportDocument.h"
-#include "transactions/opening_stock/OpeningStockBook.h"
+#include "transactions/opening_stock/OpeningStock.h"
 
 #include <span>
 

@@ -5,27 +5,13 @@
 #include "core/Refusal.h"
 #include "core/database/Transaction.h"
 #include "core/gains/RemainingLots.h"
-#include "core/records/Opening.h"
-#include "core/text/FinancialYear.h"
-
-#include <QString>
+#include "transactions/opening_stock/OpeningStock.h"
 
 #include <cstddef>
 #include <span>
 #include <vector>
 
 namespace quorvane::opening_stock {
-
-using OpeningLot = records::Opening;
-using records::OpeningTotal;
-using text::Shares;
-
-/// A completed purchase date (dd/mm/yyyy) when an opening lot of the year may have it, else an
-/// empty text: a day after the year's last one is cleared without a word.
-QString KeepPurchaseDate(const QString& date, text::FinancialYear year);
-
-/// The first rule that the lot breaks: scrip, quantity, account, purchase date.
-MaybeRefusal CheckOpening(const OpeningLot& lot, text::FinancialYear year);
 
 /// The opening lots of a client and year, each posted into its lot of the holdings ledger. Every
 /// save and delete is one transaction; one that is refused, or that throws DatabaseError, changes

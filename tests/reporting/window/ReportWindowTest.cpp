@@ -80,6 +80,33 @@ class ReportWindowTest : public QObject {
     QCOMPARE(window_->findChild<QComboBox*>("CmbToMth")->currentText(), QStringLiteral("June"));
   }
 
+  // The key comes while the date is still under entry.
+  void PrintKeySettlesTheDateUnderEntry_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("printed");
+    QTest::addColumn<QStringList>("said");
+    QTest::newRow("can be completed")
+        << "1.5.11" << QStringList("01/05/2011\t31/03/2012") << QStringList();
+    QTest::newRow("is no date") << "99" << QStringList() << QStringList("Enter Proper Date.");
+  }
+  void PrintKeySettlesTheDateUnderEntry() {
+    QFETCH(QString, typed);
+    QStringList printed;
+    desk_.show_report = [&](const ReportDocument& document, QWidget*) {
+      const Table& table = document.tables.front();
+      printed << CellText(table.rows.front().cells[0], table.columns[0].mask) + '\t' +
+                     CellText(table.rows.front().cells[1], table.columns[1].mask);
+    };
+    Box("Text1_0")->setFocus();
+    Box("Text1_0")->selectAll();
+    QTest::keyClicks(Box("Text1_0"), typed);
+    QTest::keyClick(Box("Text1_0"), Qt::Key_P, Qt::ControlModifier);
+    QTEST(printed, "printed");
+    QTEST(messages_.Texts(), "said");
+    QCOMPARE(Box("Text1_0")->hasFocus(), printed.isEmpty());
+    QCOMPARE(Box("Text1_0")->hasSelectedText(), printed.isEmpty());
+  }
+
   void StoppedOrFailedReportLeavesTheScreen() {
     Report();
     const QStringList shown = window_->ScreenRows();

@@ -68,6 +68,9 @@ class OpeningStockTest : public QObject {
     lot.purchase_date = QStringLiteral("01/04/2012");
     expect("Enter Purchase Date.", "Text1_3");
     lot.purchase_date = QStringLiteral("31/03/2012");
+    lot.rate = -0.01;
+    expect("Rate Can't be Negative.", "Text1_1");
+    lot.rate = 0;
     expect("accepted", "none");
   }
 };

@@ -136,7 +136,7 @@ class BackUpFlowTest : public QObject {
     Office::Click(office.Window("frmBackUpRestore"), "cmdBackUp");
     office.database.AddClient(QStringLiteral("C2"));
     office.Choose("mnuClientInfo");
-    QTest::keyClick(office.Window("FrmClientMaster"), Qt::Key_N, Qt::ControlModifier);
+    Office::Click(office.Window("FrmClientMaster"), "cmdAdd");
     QTest::keyClicks(office.Window("FrmClientMaster")->findChild<QWidget*>("Text1_0"), "C3");
     office.Choose("mnuRestore");
     office.messages.WillAnswer(true);

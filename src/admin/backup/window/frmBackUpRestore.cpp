@@ -188,7 +188,7 @@ void frmBackUpRestore::cmdVerify_Click() {
                 refusal ? refusal->text : QString());
   VSF_RowColChange(VSF->CurrentRow());
   if (refusal) {
-    Show(*refusal, controls::Icon::kCritical);
+    Show(*refusal);
   } else {
     Say().Inform(tr("The backup is whole: every file agrees with its checksum."));
   }

@@ -153,7 +153,7 @@ void frmrestoration::cmdVerify_Click() {
   }
   const QString path = entry->path;
   if (const MaybeRefusal refusal = Verify(path)) {
-    Show(*refusal, Icon::kCritical);
+    Show(*refusal);
   } else {
     Say().Inform(tr("The backup is whole: every file agrees with its checksum."));
   }
@@ -189,7 +189,7 @@ void frmrestoration::cmdRestore_Click() {
   const QString made = DateText(entry->made);
   // Nobody is asked to risk everything, or loses a window, for a backup that is no good.
   if (const MaybeRefusal refusal = Verify(path)) {
-    return Show(*refusal, Icon::kCritical);
+    return Show(*refusal);
   }
   if (!Say().Ask(tr("The backup of %1 takes the place of everything that the program holds now. "
                     "All other windows are closed.\n\nAre You Sure, You want to Restore it?")
@@ -208,7 +208,7 @@ void frmrestoration::cmdRestore_Click() {
                             QDateTime::currentDateTime(), progress, aside);
   }
   if (refusal) {
-    return Show(*refusal, Icon::kCritical);
+    return Show(*refusal);
   }
   ForgetClient();
   VSF->SetState(path, BackupState::kVerified);

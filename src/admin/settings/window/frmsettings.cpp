@@ -155,7 +155,7 @@ QWidget* frmsettings::FoldersPage() {
 
 QLayout* frmsettings::DatabaseChoice() {
   auto* choice = new QHBoxLayout();
-  Option1 = new QRadioButton(tr("The program's &own database"));
+  Option1 = new QRadioButton(tr("T&he program's own database"));
   Option1->setObjectName(QStringLiteral("Option1"));
   Option2 = new QRadioButton(tr("Another se&rver"));
   Option2->setObjectName(QStringLiteral("Option2"));
@@ -184,7 +184,7 @@ QWidget* frmsettings::DatabasePage() {
   AddText(*page.fields, Database, tr("Database &name"));
   AddText(*page.fields, User, tr("&User"));
   AddText(*page.fields, Password, tr("Pass&word"));
-  AddText(*page.fields, Driver, tr("ODBC d&river"));
+  AddText(*page.fields, Driver, tr("ODB&C driver"));
   AddChoice(*page.fields, TlsVerify, tr("Verify the server"), {kNo, kYes}, {tr("No"), tr("Yes")});
   AddText(*page.fields, TlsCa, tr("TLS authority file"));
   AddText(*page.fields, TlsCertificate, tr("TLS certificate file"));
@@ -207,8 +207,8 @@ QWidget* frmsettings::BillsPage() {
 QWidget* frmsettings::InternetPage() {
   Page page(1);
   AddText(*page.fields, IndexFeed, tr("Index &headline"));
-  AddText(*page.fields, BseHost, tr("&Bombay exchange"));
-  AddText(*page.fields, ArchiveHost, tr("Its price &files"));
+  AddText(*page.fields, BseHost, tr("Bo&mbay exchange"));
+  AddText(*page.fields, ArchiveHost, tr("Its pri&ce files"));
   AddText(*page.fields, NseHost, tr("&National exchange"));
   AddText(*page.fields, NseArchiveHost, tr("NSE &archive"));
   AddText(*page.fields, BseQuoteHost, tr("&Quotes, Bombay"));
@@ -220,8 +220,8 @@ QWidget* frmsettings::InternetPage() {
 
 QWidget* frmsettings::PrinterPage() {
   Page page(1);
-  AddChoice(*page.fields, Printer, tr("Default &printer"), {QString()}, {tr("The desktop's own")});
-  AddChoice(*page.fields, PageSize, tr("Page &size"), {"A4", "A3", "A5", "Letter", "Legal"},
+  AddChoice(*page.fields, Printer, tr("Default p&rinter"), {QString()}, {tr("The desktop's own")});
+  AddChoice(*page.fields, PageSize, tr("Pa&ge size"), {"A4", "A3", "A5", "Letter", "Legal"},
             {"A4", "A3", "A5", "Letter", "Legal"});
   QWidget* done = page.Done();
   page.rows->insertWidget(1, Hint(tr("Every print dialog begins with them.")));

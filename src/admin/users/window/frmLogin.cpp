@@ -10,7 +10,6 @@
 
 namespace quorvane::users {
 
-using controls::Icon;
 using controls::TextBox;
 using controls::ZENButton;
 
@@ -89,7 +88,7 @@ QGroupBox* frmLogin::BuildChange() {
 
 void frmLogin::Refused(const Refusal& refusal) {
   Text1[kPassword]->clear();
-  Show(refusal, Icon::kCritical);
+  Show(refusal);
   Text1[kPassword]->setFocus();
   Wait();
 }

@@ -81,7 +81,7 @@ void ImpScrMaster::CmdFetch_Click() {
 bool ImpScrMaster::Load(const QString& path) {
   rates::PriceFile file;
   if (const MaybeRefusal refusal = rates::ReadPriceFile(path, file)) {
-    Show(*refusal, controls::Icon::kCritical);
+    Show(*refusal);
     return false;
   }
   file_ = std::move(file);

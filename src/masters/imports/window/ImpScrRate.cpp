@@ -106,7 +106,7 @@ void ImpScrRate::TxtDate_Validate() {
 bool ImpScrRate::TakeDate() {
   if (const MaybeRefusal refusal =
           rates::CheckRateDate(TxtDate->DateText(), TheDesk().today(), TxtDate->objectName())) {
-    Show(*refusal, Icon::kCritical);
+    Show(*refusal);
     return false;
   }
   const text::Date date = *TxtDate->Date();
@@ -172,7 +172,7 @@ void ImpScrRate::LoadFile(const QString& path) {
     refusal = rates::CheckPrices(file, *date_);
   }
   if (refusal) {
-    Show(*refusal, Icon::kCritical);
+    Show(*refusal);
     return;
   }
   Enter(std::move(file));

@@ -1,5 +1,6 @@
 #include "transactions/bills/window/BillLinePane.h"
 
+#include "controls/Style.h"
 #include "core/text/Amounts.h"
 
 #include <QHBoxLayout>
@@ -14,6 +15,11 @@ using controls::TextBox;
 
 constexpr int kColumns = 5;
 constexpr int kTwo = 2;
+constexpr int kLettersOfSide = 5;
+constexpr int kLettersOfDelivery = 10;
+// An amount cut at its left would read as a smaller one.
+constexpr QLatin1String kLongAmount("0000000.00");
+constexpr int kGap = 6;
 constexpr int kSale = 0;  // place in Combo3
 constexpr int kPurchase = 1;
 
@@ -26,11 +32,6 @@ std::optional<Side> SideAt(int place) {
     default:
       return std::nullopt;
   }
-}
-
-bool IsCodeOf(const ScripFound* scrip, const QString& code) {
-  return scrip != nullptr && (code.compare(scrip->code, Qt::CaseInsensitive) == 0 ||
-                              code.compare(scrip->ncode, Qt::CaseInsensitive) == 0);
 }
 
 }  // namespace
@@ -47,6 +48,9 @@ BillLinePane::BillLinePane(const controls::Guard& guard, database::Connection& c
       TxtStkId(new TextBox()),
       Check1(new QCheckBox(tr("F&&O"))) {
   Arrange();
+  // In a narrow window "Purchase" needs less room than "Delivery Based".
+  Combo3->setMinimumContentsLength(kLettersOfSide);
+  Combo6->setMinimumContentsLength(kLettersOfDelivery);
   Combo3->SetTexts({tr("Sale"), tr("Purchase")});
   Combo6->SetTexts(
       {DeliveryText(Delivery::kDeliveryBased), DeliveryText(Delivery::kNonDeliveryBased)});
@@ -56,6 +60,7 @@ BillLinePane::BillLinePane(const controls::Guard& guard, database::Connection& c
 void BillLinePane::Arrange() {
   auto* fields = new FieldLayout(kColumns, this);
   fields->setContentsMargins(0, 0, 0, 0);
+  fields->setHorizontalSpacing(kGap);
   fields->Add(tr("Sale/Purc&hase"), QStringLiteral("Combo3"), Combo3);
   fields->Add(tr("Deli&very"), QStringLiteral("Combo6"), Combo6);
   AddScrip(*fields);
@@ -64,6 +69,9 @@ void BillLinePane::Arrange() {
   AddBox(*fields, BillBox::kBrokerage, tr("Brokerage"), false);
   AddBox(*fields, BillBox::kNet, tr("Net Rate"), true);
   AddBox(*fields, BillBox::kAmount, tr("Amount"), true);
+  TextBox* amount = Text1[BillBox::kAmount];
+  amount->setMinimumWidth(amount->fontMetrics().horizontalAdvance(kLongAmount) +
+                          2 * controls::kSpacing);
   AddBox(*fields, BillBox::kServiceTax, tr("Service Tax"), false);
   fields->Add(tr("S.T.T. %"), QStringLiteral("Combo5"), Combo5);
   Combo5->SetCompletes(false);
@@ -195,7 +203,7 @@ void BillLinePane::ShowScrip(ScripId scrip) {
     Combo4->setToolTip({});
     return;
   }
-  TxtScr->setText(found->code.isEmpty() ? found->ncode : found->code);
+  TxtScr->setText(found->ShownCode());
   Combo4->setToolTip(tr("%1\nBSE %2   NSE %3").arg(found->name, found->code, found->ncode));
 }
 
@@ -275,7 +283,8 @@ void BillLinePane::Check1_Click() {
 
 void BillLinePane::TxtScr_Validate() {
   const QString code = TxtScr->text().trimmed();
-  if (code.isEmpty() || IsCodeOf(scrips_.Find(entry_.Scrip()), code)) {
+  const ScripFound* shown = scrips_.Find(entry_.Scrip());
+  if (code.isEmpty() || (shown != nullptr && shown->HasCode(code))) {
     ShowScrip(entry_.Scrip());
     return;
   }

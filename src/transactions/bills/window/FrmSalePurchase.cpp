@@ -291,7 +291,7 @@ std::optional<std::size_t> FrmSalePurchase::ChangedLine() const {
 
 bool FrmSalePurchase::Accepts(const MaybeRefusal& refusal) {
   if (refusal) {
-    Show(*refusal, Icon::kCritical);
+    Show(*refusal);
   }
   return !refusal;
 }
@@ -335,10 +335,13 @@ void FrmSalePurchase::Scrip_Chosen(int scrip) {
 // A sale of a scrip that lies in one lot draws on it; of several the user picks one.
 void FrmSalePurchase::Side_Chosen() {
   const LineEntry& entry = page_->Line().Entry();
-  if (entry.GetSide() != Side::kSale || !entry.Scrip() || entry.Lot()) {
+  if (!entry.Scrip() || entry.Lot()) {
     return;
   }
   page_->Holdings().BringUp(entry.Scrip(), page_->Line().Scrips());
+  if (entry.GetSide() != Side::kSale) {
+    return;
+  }
   if (const std::optional<records::Lot> lot = page_->Holdings().OnlyLotOf(entry.Scrip())) {
     page_->Line().PickLot(*lot);
   }
@@ -437,9 +440,7 @@ void FrmSalePurchase::CmdModify1_Click() {
   const BillLine line = entry_.Current().lines.at(changed_line_);
   SetLineState(LineState::kChanging);
   page_->Line().Begin(line);
-  if (!line.IsPurchase()) {
-    page_->Holdings().BringUp(line.scrip, page_->Line().Scrips());
-  }
+  page_->Holdings().BringUp(line.scrip, page_->Line().Scrips());
   page_->Line().FocusQuantity();
 }
 

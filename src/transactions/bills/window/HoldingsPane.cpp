@@ -4,6 +4,7 @@
 #include "core/text/Amounts.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QVBoxLayout>
 
@@ -12,13 +13,15 @@
 namespace quorvane::bills {
 namespace {
 
+constexpr int kLeastName = 80;
+
 using controls::Grid;
 using controls::Mask;
 using controls::Row;
 
 QString Signed(const BillLine& line) {
   const QLatin1Char sign(line.IsPurchase() ? '+' : '-');
-  return sign + text::NumberText(line.quantity.Number());
+  return sign + text::FormatAmount(line.quantity.Number());
 }
 
 }  // namespace
@@ -89,6 +92,16 @@ void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {
                    held.since ? text::FormatDmy(*held.since) : QString()}});
   }
   VS3->SetRows(std::move(rows));
+  KeepNumbersInSight();
+}
+
+/// The names give way to the numbers and dates only so far.
+void HoldingsPane::KeepNumbersInSight() {
+  int width = kLeastName + VS3->verticalScrollBar()->sizeHint().width() + 2 * VS3->frameWidth();
+  for (int column = 1; column < VS3->Model().columnCount(); ++column) {
+    width += VS3->columnWidth(column);
+  }
+  VS3->setMinimumWidth(width);
 }
 
 void HoldingsPane::ShowMoves(std::span<const BillLine> lines, const ScripList& scrips) {

@@ -51,6 +51,7 @@ class HoldingsPane : public QWidget {
  private:
   void Arrange();
   void FillBalance(const ScripList& scrips, ScripId first = {});
+  void KeepNumbersInSight();
 
   QLabel* caption_;
   QTabWidget* tabs_;

@@ -58,14 +58,61 @@ FrmStkOpBalance::FrmStkOpBalance(controls::Desk& desk)
 void FrmStkOpBalance::BuildFields() {
   constexpr int kTwoColumns = 2;
   auto* fields = new controls::FieldLayout(3, Details());
+  TxtScr = fields->Add(tr("Scrip Code"), QStringLiteral("TxtScr"), new TextBox());
+  TxtScr->setPlaceholderText(tr("BSE or NSE"));
   Combo1 = fields->Add(tr("&Script Name"), QStringLiteral("Combo1"), new ComboBox(), kTwoColumns);
   Combo2 = fields->Add(tr("D&emat A/c No."), QStringLiteral("Combo2"), new ComboBox());
   BuildBoxes(*fields);
   ChkFO =
       fields->Add(tr("F&&O"), QStringLiteral("ChkFO"), new QCheckBox(tr("Futures and options")));
-  database::Connection& connection = *Session().connection;
-  Combo1->SetItems(lookups::DropDownItems(connection, lookups::DropDown::kScrips));
-  Combo2->SetItems(lookups::AccountItems(connection, of_.client));
+  ReadScrips();
+  Combo2->SetItems(lookups::AccountItems(*Session().connection, of_.client));
+  On(TxtScr, &TextBox::Left, &FrmStkOpBalance::TxtScr_Validate, QStringLiteral("TxtScr_Validate"));
+  On(Combo1, &QComboBox::activated, &FrmStkOpBalance::Combo1_Click, QStringLiteral("Combo1_Click"));
+  On(Combo1, &ComboBox::Left, &FrmStkOpBalance::Combo1_Click, QStringLiteral("Combo1_Click"));
+}
+
+void FrmStkOpBalance::ReadScrips() {
+  const int scrip = Combo1->CurrentId();
+  scrips_ = lookups::ScripList(*Session().connection);
+  Combo1->SetItems(scrips_.Names());
+  Combo1->ById(scrip);
+  TxtScr->SetCompletions(scrips_.Codes());
+}
+
+void FrmStkOpBalance::ShowScripCode() {
+  coded_ = ScripId{Combo1->CurrentId()};
+  const lookups::ScripFound* scrip = scrips_.Find(coded_);
+  TxtScr->setText(scrip == nullptr ? QString() : scrip->ShownCode());
+}
+
+void FrmStkOpBalance::TxtScr_Validate() {
+  const QString code = TxtScr->text().trimmed();
+  const lookups::ScripFound* shown = scrips_.Find(ScripId{Combo1->CurrentId()});
+  if (code.isEmpty() || (shown != nullptr && shown->HasCode(code))) {
+    ShowScripCode();
+    return;
+  }
+  const std::optional<lookups::ScripFound> found =
+      lookups::FindScripByCode(*Session().connection, code);
+  if (!found) {
+    if (!IsCancelling()) {
+      Show({tr("There is no Scrip of the Code %1.").arg(code), TxtScr->objectName()});
+    }
+    return;
+  }
+  if (scrips_.Find(found->id) == nullptr) {
+    ReadScrips();
+  }
+  Combo1->ById(found->id.value);
+  ShowScripCode();
+}
+
+/// A code that was refused stays for its user to correct while the scrip is the same.
+void FrmStkOpBalance::Combo1_Click() {
+  if (ScripId{Combo1->CurrentId()} != coded_) {
+    ShowScripCode();
+  }
 }
 
 void FrmStkOpBalance::BuildBoxes(controls::FieldLayout& fields) {
@@ -129,6 +176,7 @@ void FrmStkOpBalance::FillList() {
 void FrmStkOpBalance::Clear() {
   entry_ = OpeningEntry();
   Combo1->Clear();
+  ShowScripCode();
   Combo2->Clear();
   ChkFO->setChecked(false);
   ShowBoxes();
@@ -141,6 +189,7 @@ void FrmStkOpBalance::Load(int id) {
   }
   entry_ = OpeningEntry(*found);
   Combo1->ById(found->scrip.value);
+  ShowScripCode();
   Combo2->ById(found->account.value);
   ChkFO->setChecked(found->fo);
   ShowBoxes();

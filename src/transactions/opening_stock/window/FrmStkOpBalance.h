@@ -4,6 +4,7 @@
 #include "controls/DateBox.h"
 #include "controls/FieldLayout.h"
 #include "controls/RecordWindow.h"
+#include "core/lookups/Scrips.h"
 #include "transactions/opening_stock/OpeningEntry.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
@@ -44,6 +45,8 @@ class FrmStkOpBalance : public controls::RecordWindow {
   void BuildButtons();
   void SetListColumns();
   controls::TextBox* BoxOf(OpeningBox box) const { return Text1[static_cast<std::size_t>(box)]; }
+  void ReadScrips();
+  void ShowScripCode();
   QString TypedIn(OpeningBox box) const;
   void TakeBoxes();
   void ShowBoxes();
@@ -52,6 +55,8 @@ class FrmStkOpBalance : public controls::RecordWindow {
   void TellOfOtherRows(std::size_t carried);
 
   void Text1_Validate();
+  void TxtScr_Validate();
+  void Combo1_Click();
   void CmdImport_Click();
   void CmdReport_Click();
 
@@ -62,6 +67,9 @@ class FrmStkOpBalance : public controls::RecordWindow {
   AccountId last_account_;  ///< with which the next lot begins
   std::array<controls::TextBox*, kOpeningBoxCount> Text1{};
   controls::DateBox* date_ = nullptr;  ///< Text1_3
+  lookups::ScripList scrips_;
+  ScripId coded_;  ///< whose code is shown
+  controls::TextBox* TxtScr = nullptr;
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;
   QCheckBox* ChkFO = nullptr;

@@ -77,7 +77,7 @@ class FrmBrokerTest : public QObject {
     const test::ShownWindow<FrmBroker> shown(*database_);
     shown.AddByKeyboard({"", "1 fort road"});
     QCOMPARE(shown.messages.Texts(), QStringList("Enter Name."));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
     QVERIFY(shown.Named("Text1_0")->hasFocus());
     QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("1 FORT ROAD"));
     QCOMPARE(Brokers(), QStringList());

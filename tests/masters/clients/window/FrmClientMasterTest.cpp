@@ -121,7 +121,7 @@ class FrmClientMasterTest : public test::ClientWindow {
     const QStringList before = test::Contents(Db(), {"ClientInfo", "ClientActDet"});
     Click("cmdUpdate");
     QCOMPARE(messages_->said.size(), std::size_t{1});
-    QCOMPARE(messages_->said.front().kind, RecordingMessages::Kind::kInform);
+    QCOMPARE(messages_->said.front().kind, RecordingMessages::Kind::kRefuse);
     QVERIFY2(messages_->LastText().contains(message), qPrintable(messages_->LastText()));
     QCOMPARE(Focused(), control);
     QVERIFY(window_->IsEditing());

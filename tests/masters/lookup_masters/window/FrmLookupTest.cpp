@@ -72,7 +72,7 @@ class FrmLookupTest : public QObject {
 
     shown.AddByKeyboard({typed});
     QTEST(shown.messages.LastText(), "if_taken");
-    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
     QVERIFY(shown.Named("Text1_0")->hasFocus());
     shown.Click("cmdCancel");
 

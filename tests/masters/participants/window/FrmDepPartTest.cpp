@@ -108,7 +108,7 @@ class FrmDepPartTest : public QObject {
     shown.Click("cmdAdd");
     shown.Click("cmdUpdate");
     QCOMPARE(shown.messages.Texts(), QStringList("Enter Name."));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
     QVERIFY(shown.Named("Text1_0")->hasFocus());
     QCOMPARE(test::Contents(**database_, {"DepPart", "DpIDs"}), QStringList());
   }

@@ -72,7 +72,7 @@ class FrmScriptTest : public QObject {
     const test::ShownWindow<FrmScript> shown(*database_);
     shown.AddByKeyboard(entered);
     QCOMPARE(shown.messages.Texts(), QStringList(text));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kInform);
+    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
     const QWidget* focused = QApplication::focusWidget();
     QTEST(focused->objectName().startsWith("qt_") || focused->objectName().isEmpty()
               ? focused->parentWidget()->objectName()

@@ -183,7 +183,7 @@ class FrmSalePurchaseTest : public QObject {
     Press(Qt::Key_F8);
     QCOMPARE(RowsOf("VS3"),
              QStringList({"RELIANCE|5.00|110.00|10/06/2011", "RELIANCE|10.00|100.00|10/06/2011"}));
-    QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10", "RELIANCE|+5"}));
+    QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10.00", "RELIANCE|+5.00"}));
     QCOMPARE(Rows("Select * From SPMaster"), QStringList());
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(messages_->Texts(), QStringList());
@@ -224,7 +224,7 @@ class FrmSalePurchaseTest : public QObject {
     Press(Qt::Key_F7);
     Fill({QStringLiteral("5")});
     Press(Qt::Key_F8);
-    QCOMPARE(RowsOf("VS2"), QStringList("RELIANCE|-5"));
+    QCOMPARE(RowsOf("VS2"), QStringList("RELIANCE|-5.00"));
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(data_->LotAt(100), QStringLiteral("5@100"));
 
@@ -345,7 +345,7 @@ class FrmSalePurchaseTest : public QObject {
     Press(Qt::Key_F8);
     QCOMPARE(messages_->Texts(), QStringList(test::kNegativeReliance));
     QCOMPARE(Focused(), QStringLiteral("Text1_3"));
-    QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10", "RELIANCE|-8"}));
+    QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|+10.00", "RELIANCE|-8.00"}));
     QCOMPARE(RowsOf("VS3"), QStringList("RELIANCE|2.00|100.00|10/06/2011"));
     Press(Qt::Key_Escape);
     Named<Grid>("Vs1")->setFocus();
@@ -578,7 +578,7 @@ class FrmSalePurchaseTest : public QObject {
     QCOMPARE(messages_->said.size(), std::size_t{1});
     QVERIFY(messages_->LastText().startsWith(QStringLiteral("cmdUpdate_Click: ")));
     QVERIFY(window_->IsEditing());
-    QCOMPARE(RowsOf("VS2"), QStringList("RELIANCE|+10"));
+    QCOMPARE(RowsOf("VS2"), QStringList("RELIANCE|+10.00"));
     QCOMPARE(data_->Everything(), QStringList());
     Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(data_->LotAt(100), QStringLiteral("10@100"));
@@ -631,7 +631,7 @@ class FrmSalePurchaseTest : public QObject {
     QCOMPARE(RowsOf("Vs1"), QStringList());
     messages_->WillAnswer(true);
     Press(Qt::Key_F8);
-    QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|-10", "RELIANCE|-2"}));
+    QCOMPARE(RowsOf("VS2"), QStringList({"RELIANCE|-10.00", "RELIANCE|-2.00"}));
     QCOMPARE(RowsOf("VS3"),
              QStringList({"RELIANCE|8.00|110.00|10/06/2011", "RELIANCE|0.00|100.00|"}));
     Press(Qt::Key_S, Qt::ControlModifier);

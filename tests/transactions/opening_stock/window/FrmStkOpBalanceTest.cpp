@@ -32,7 +32,7 @@ class FrmStkOpBalanceTest : public QObject {
 
   void KeyboardAloneAddsALot() {
     const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.AddByKeyboard({"reliance", "1001", "-10", "100.256", "010410", "12.345", "1.005"});
+    shown.AddByKeyboard({"500325", "", "1001", "-10", "100.256", "010410", "12.345", "1.005"});
     QCOMPARE(shown.messages.Texts(), QStringList());
     QCOMPARE(Openings(),
              QStringList(QStringLiteral("1|10|100.26|1002.6|01/04/2010|12.35|0|1.005|0")));
@@ -41,6 +41,17 @@ class FrmStkOpBalanceTest : public QObject {
     // The next lot is most often of the same account.
     shown.Click("cmdAdd");
     QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("1001"));
+  }
+
+  void UnknownCodeStaysToBeCorrected() {
+    const Shown shown(desk_->database, ForClient{desk_->of});
+    shown.Click("cmdAdd");
+    shown.Fill({"zzz"});
+    QCOMPARE(shown.messages.Texts(),
+             QStringList(QStringLiteral("There is no Scrip of the Code ZZZ.")));
+    QCOMPARE(shown.Named("TxtScr")->selectedText(), QStringLiteral("ZZZ"));
+    shown.Fill({"500325"});
+    QCOMPARE(shown.TextIn("Combo1"), QStringLiteral("RELIANCE"));
   }
 
   void DateAfterTheYearIsClearedWithoutAWord() {
@@ -69,7 +80,7 @@ class FrmStkOpBalanceTest : public QObject {
 
   void ChangedQuantityMovesTheDifference() {
     const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.AddByKeyboard({"reliance", "1001", "10", "100", "010410"});
+    shown.AddByKeyboard({"", "reliance", "1001", "10", "100", "010410"});
     shown.Retype(1, "Text1_0", "4");
     shown.Click("cmdUpdate");
     QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
@@ -78,7 +89,7 @@ class FrmStkOpBalanceTest : public QObject {
 
   void LotWhoseSharesWereSoldIsNotDeleted() {
     Shown shown(desk_->database, ForClient{desk_->of});
-    shown.AddByKeyboard({"reliance", "1001", "10", "100", "010410"});
+    shown.AddByKeyboard({"", "reliance", "1001", "10", "100", "010410"});
     records::Bill bill = desk_->NewBill({desk_->Sale(6, 120, desk_->IdOfLot(100))});
     QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
              test::kAccepted);
@@ -117,7 +128,7 @@ class FrmStkOpBalanceTest : public QObject {
     shown.Click("CmdImport");
     QCOMPARE(shown.messages.Texts(), QStringList(kQuestion));
     QCOMPARE(Openings().size(), 1);
-    shown.AddByKeyboard({"infosys", "1001", "1", "1", "010410"});
+    shown.AddByKeyboard({"", "infosys", "1001", "1", "1", "010410"});
     shown.messages.WillAnswer(true);
     shown.Click("CmdImport");
     QCOMPARE(shown.messages.LastText(),

@@ -1,10 +1,10 @@
 // Opens every window of the program over a portfolio and saves a picture of each, for a look at
 // them and for the user guide: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER
 
-#include "controls/Style.h"
 #include "controls/Appearance.h"
 #include "controls/ChildWindow.h"
 #include "controls/Grid.h"
+#include "controls/Style.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
 #include "core/lookups/Directory.h"

@@ -52,7 +52,7 @@ std::string_view QueryOf(const std::array<Query<Key>, kCount>& queries, Key key)
 std::vector<Item> ReadItems(Recordset rows) {
   std::vector<Item> items;
   while (rows.Next()) {
-    items.push_back({rows.Int(std::size_t{0}), rows.Text(1)});
+    items.push_back({rows.Int(0), rows.Text(1)});
   }
   return items;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Progress.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/app/Folders.h"
 #include "reporting/document/ReportDocument.h"
 

@@ -90,7 +90,7 @@ class Closing {
 
   Balances Read() {
     for (const auto& row : connection_.Open("Select Id From Broker")) {
-      balances_.try_emplace(BrokerId{row.Int(std::size_t{0})});
+      balances_.try_emplace(BrokerId{row.Int(0)});
     }
     SelectOf<records::BrokerOpening>(connection_, of_).Shared().Each([this](const auto& row) {
       Add(row.broker, row.side == LedgerSide::kDebit ? -row.amount : row.amount);
@@ -194,11 +194,10 @@ MaybeRefusal BrokerOpeningBook::Save(BrokerOpening& opening) {
 }
 
 void BrokerOpeningBook::Delete(BrokerOpeningId id) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     records::Delete<records::BrokerOpening>(transaction)
         .Where(&records::BrokerOpening::id, id.value)
         .Run();
-    return std::nullopt;
   });
 }
 
@@ -212,13 +211,12 @@ bool BrokerOpeningBook::HasBalancesToCarryForward() const {
 
 std::size_t BrokerOpeningBook::CarryForward() {
   std::size_t written = 0;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     Balances balances = Closing(transaction, {of_.client, of_.year.Previous()}).Read();
     KeepOthers(transaction, of_, balances);
     DeleteRows(transaction, of_, balances);
     InsertRows(transaction, of_, balances);
     written = balances.size();
-    return std::nullopt;
   });
   return written;
 }

@@ -2,7 +2,7 @@
 
 #include "core/ClientYear.h"
 #include "core/Ids.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Transaction.h"
 #include "core/records/Money.h"
 

@@ -85,7 +85,7 @@ MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const Scr
   for (const auto& row : transaction.GetConnection().OpenValues(
            fmt::format("Select Id From Script Where Id In ({}) Lock In Share Mode", places),
            values)) {
-    missing.erase(ScripId{row.Int(std::size_t{0})});
+    missing.erase(ScripId{row.Int(0)});
   }
   if (missing.empty()) {
     return std::nullopt;
@@ -100,7 +100,7 @@ MaybeRefusal RefuseShortage(database::Connection& connection, const ledger::Lots
     return std::nullopt;
   }
   auto rows = connection.Open("Select Name From Script Where Id=?", *scrip);
-  const QString name = rows.Next() ? rows.Text(std::size_t{0}) : QString();
+  const QString name = rows.Next() ? rows.Text(0) : QString();
   return Refusal{
       QCoreApplication::translate(
           "Posting", "You Can't Update Record.\n\nQunatity of %1 Script Can't be Negative Value.")

@@ -1,4 +1,4 @@
-#include "core/rates/IndexHeadline.h"
+#include "core/rates/QuoteDesk.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   quorvane::rates::HeadlineOf(

@@ -141,12 +141,10 @@ int main(int argc, char** argv) {
   session.folders = app::Folders::At(office.folder.path());
   session.connection =
       std::make_unique<database::Connection>(bench::NewDatabase(office, QStringLiteral("windows")));
-  database::InTransaction(*session.connection,
-                          [](database::Transaction& transaction) -> MaybeRefusal {
-                            FillMasters(transaction);
-                            FillMovements(transaction);
-                            return std::nullopt;
-                          });
+  database::InTransaction(*session.connection, [](database::Transaction& transaction) {
+    FillMasters(transaction);
+    FillMovements(transaction);
+  });
   session.current = ClientYear{ClientId{1}, kYear};
   session.current_client_name = QStringLiteral("CLIENT NUMBER 1");
   return MeasureWindows(session) ? 0 : 1;

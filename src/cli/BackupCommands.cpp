@@ -21,18 +21,12 @@ QString Absolute(const std::string& folder) {
   return QDir(QString::fromStdString(folder)).absolutePath();
 }
 
-void Insist(const MaybeRefusal& refusal) {
-  if (refusal) {
-    throw Refused(refusal->text.toStdString());
-  }
-}
-
 void BackUp(Context& context, const std::string& folder) {
   app::Session& session = context.Session();
   const auto progress = context.MakeProgress();
-  QString made;
-  Insist(backup::MakeBackup({*session.connection, session.folders}, Absolute(folder),
-                            backup::Kind::kByHand, QDateTime::currentDateTime(), *progress, made));
+  const QString made =
+      ValueOf(backup::MakeBackup({*session.connection, session.folders}, Absolute(folder),
+                                 backup::Kind::kByHand, QDateTime::currentDateTime(), *progress));
   Print(made.toStdString() + "\n");
 }
 
@@ -58,9 +52,9 @@ void Restore(Context& context, const RestoreOptions& options) {
     Confirm();
   }
   const auto progress = context.MakeProgress();
-  QString aside;
-  Insist(backup::RestoreBackup({*session.connection, session.folders}, Absolute(options.folder),
-                               QDateTime::currentDateTime(), *progress, aside));
+  const QString aside = ValueOf(backup::RestoreBackup({*session.connection, session.folders},
+                                                      Absolute(options.folder),
+                                                      QDateTime::currentDateTime(), *progress));
   context.Inform("Restored. What was replaced lies in " + aside.toStdString());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Progress.h"
+#include "core/Result.h"
 #include "core/app/Session.h"
 #include "core/lookups/Directory.h"
 #include "core/records/Faults.h"
@@ -28,6 +29,15 @@ class WrongUsage : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// The value of a result; a refusal is thrown as Refused.
+template <class T>
+T ValueOf(Result<T> result) {
+  if (!result) {
+    throw Refused(result.Why().text.toStdString());
+  }
+  return std::move(*result);
+}
 
 /// What every command is given.
 struct Context {

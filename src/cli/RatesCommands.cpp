@@ -52,10 +52,7 @@ void Rates(Context& context, const RatesOptions& options) {
   const text::Date date = CheckedDate(options);
   const QString path =
       options.fetch ? FetchedFile(context, options, date) : QString::fromStdString(options.file);
-  rates::MatchedRates matched;
-  if (const MaybeRefusal refusal = rates::ReadRates(context.Connection(), path, date, matched)) {
-    throw Refused(refusal->text.toStdString());
-  }
+  const rates::MatchedRates matched = ValueOf(rates::ReadRates(context.Connection(), path, date));
   if (matched.rates.empty()) {
     throw Refused(
         fmt::format("no rate was saved: none of the {} rows of the file belongs to a scrip",

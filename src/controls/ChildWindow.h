@@ -4,7 +4,7 @@
 #include "controls/Desk.h"
 #include "controls/Guard.h"
 #include "controls/ZENButton.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "controls/ComboBox.h"
 
-#include "controls/ItemModel.h"
+#include "controls/GridModel.h"
 #include "controls/Style.h"
 #include "controls/TextBox.h"
 

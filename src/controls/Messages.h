@@ -22,4 +22,13 @@ class Messages {
   virtual bool Ask(const QString& text, Answer preset, Icon icon) = 0;
 };
 
+/// Messages in modal boxes over the active window, under the program's title. Texts are plain,
+/// never markup.
+class MessageBoxes final : public Messages {
+ public:
+  void Inform(const QString& text) override;
+  void Refuse(const QString& text) override;
+  bool Ask(const QString& text, Answer preset, Icon icon) override;
+};
+
 }  // namespace quorvane::controls

@@ -1,6 +1,6 @@
 #include "controls/PickList.h"
 
-#include "controls/ItemModel.h"
+#include "controls/GridModel.h"
 #include "controls/TextBox.h"
 
 #include <QKeyEvent>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 
 class QApplication;
 class QPalette;
@@ -28,5 +29,8 @@ inline constexpr int kSpacing = 8;
 inline constexpr int kTightSpacing = 4;
 inline constexpr int kBoxHeight = 28;
 inline constexpr int kRadius = 5;
+
+/// The program's icon as it is installed for the desktop, painted: no plug-in for SVG is needed.
+QIcon AppIcon();
 
 }  // namespace quorvane::controls

@@ -115,7 +115,7 @@ DocumentStore::Incoming& DocumentStore::Incoming::operator=(Incoming&& other) no
 DocumentStore::DocumentStore(QString folder, std::int64_t most_bytes)
     : folder_(std::move(folder)), most_bytes_(most_bytes) {}
 
-MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) const {
+Result<DocumentStore::Incoming> DocumentStore::Receive(const QString& source) const {
   const QFileInfo info(source);
   if (!info.exists()) {
     return FileDoesNotExist();
@@ -143,8 +143,7 @@ MaybeRefusal DocumentStore::Receive(const QString& source, Incoming& incoming) c
   if (!to.commit()) {
     Fail(to.fileName(), to.errorString());
   }
-  incoming = Incoming(to.fileName(), info.fileName());
-  return std::nullopt;
+  return Incoming(to.fileName(), info.fileName());
 }
 
 void DocumentStore::Place(ClientId client, Incoming incoming) const {
@@ -159,12 +158,11 @@ void DocumentStore::Place(ClientId client, Incoming incoming) const {
 }
 
 MaybeRefusal DocumentStore::Put(ClientId client, const QString& source) const {
-  Incoming incoming;
-  MaybeRefusal refusal = Receive(source, incoming);
-  if (!refusal) {
-    Place(client, std::move(incoming));
+  Result<Incoming> incoming = Receive(source);
+  if (incoming) {
+    Place(client, std::move(*incoming));
   }
-  return refusal;
+  return incoming.Refused();
 }
 
 std::optional<QString> DocumentStore::Path(ClientId client, const QString& name) const {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Ids.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 
 #include <QString>
 
@@ -36,10 +36,10 @@ class DocumentStore {
     QString name_;
   };
 
-  /// Copies a file into the store. Refused, with `incoming` unchanged, when there is no such file,
-  /// when it is no plain file, when its name could lead out of a folder, when it is of a kind that
-  /// nothing shows and when it is too large.
-  MaybeRefusal Receive(const QString& source, Incoming& incoming) const;
+  /// Copies a file into the store. Refused when there is no such file, when it is no plain file,
+  /// when its name could lead out of a folder, when it is of a kind that nothing shows and when it
+  /// is too large.
+  Result<Incoming> Receive(const QString& source) const;
 
   /// Makes the received file the client's document; the one before goes when the new one stands.
   void Place(ClientId client, Incoming incoming) const;

@@ -23,7 +23,7 @@ std::string_view TableOf(AddressBook book) {
 QStringList ValuesOf(Recordset rows) {
   QStringList values;
   while (rows.Next()) {
-    if (const QString value = rows.Text(std::size_t{0}); !value.trimmed().isEmpty()) {
+    if (const QString value = rows.Text(0); !value.trimmed().isEmpty()) {
       values << value;
     }
   }

@@ -2,7 +2,7 @@
 
 #include "core/records/Lot.h"
 #include "core/text/Dates.h"
-#include "portfolio/OutputRow.h"
+#include "portfolio/OutputFile.h"
 #include "portfolio/Portfolio.h"
 
 #include <fmt/format.h>

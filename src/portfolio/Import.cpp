@@ -27,8 +27,8 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
     result.errors = errors.Take();
     return dry_run || !result.errors.empty() ? MaybeRefusal(nothing_written) : std::nullopt;
   };
-  // Alone: what is recorded already decides what it writes.
-  database::InTransaction(connection, take_in, database::Turn::kAlone);
+  // Alone: what is recorded already decides what it writes. The refusal only rolls back.
+  static_cast<void>(database::InTransaction(connection, take_in, database::Turn::kAlone));
   return result;
 }
 

@@ -5,7 +5,6 @@
 #include "portfolio/BillShares.h"
 #include "portfolio/RecordedDocuments.h"
 #include "portfolio/TakenDocuments.h"
-#include "portfolio/TouchedYears.h"
 
 #include <fmt/format.h>
 

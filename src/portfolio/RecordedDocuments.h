@@ -5,6 +5,8 @@
 #include "core/records/Opening.h"
 #include "core/records/Query.h"
 #include "core/records/Transfer.h"
+#include "core/text/FinancialYear.h"
+#include "portfolio/Portfolio.h"
 
 #include <set>
 #include <string>
@@ -46,5 +48,8 @@ class RecordedDocuments {
  private:
   std::unordered_set<std::string> identities_;
 };
+
+/// The years of the folder's opening stock, bills and transfers.
+std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio);
 
 }  // namespace quorvane::portfolio

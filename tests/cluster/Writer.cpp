@@ -1,11 +1,13 @@
-// One writer of a cluster, beside others: saves, changes and deletes bills of one client and tells
-// of each on the output once it is done.
+// One writer of a cluster, beside others: saves, changes and deletes bills and transfers of one
+// client and tells on the output what each bill holds once it is saved, and at the end how many
+// shares it has transferred.
 //
 //   cluster_writer APPLICATION_FOLDER NUMBER ROUNDS
 
 #include "core/app/Session.h"
 #include "core/lookups/Directory.h"
 #include "transactions/bills/BillBook.h"
+#include "transactions/transfers/TransferBook.h"
 
 #include <QCoreApplication>
 
@@ -28,18 +30,27 @@ class Writer {
   Writer(database::Connection& connection, QString number)
       : directory_(connection),
         book_(connection, {directory_.FindClient("AN")->id, text::FinancialYear(2011)}),
+        transfers_(connection, {directory_.FindClient("AN")->id, text::FinancialYear(2011)}),
         number_(std::move(number)) {}
 
   void Run(int rounds) {
     for (int round = 1; round <= rounds; ++round) {
       Add(round);
+      Transfer();
       if (round % 2 == 0) {
         Change(saved_[saved_.size() - 2]);
+        ChangeTransfer(moved_.front());
       }
       if (round % 4 == 0) {
         Delete();
+        DeleteTransfer();
       }
     }
+    double shares = 0;
+    for (const records::Transfer& transfer : moved_) {
+      shares += transfer.quantity.Number();
+    }
+    std::printf("transferred %g\n", shares);
   }
 
  private:
@@ -74,6 +85,32 @@ class Writer {
     saved_.erase(saved_.begin());
   }
 
+  /// One share of the opening lot, to the client's other account.
+  void Transfer() {
+    records::Transfer transfer;
+    transfer.date = QStringLiteral("11/06/2011");
+    transfer.from = directory_.FindAccounts("A1").front()->id;
+    transfer.to = directory_.FindAccounts("A2").front()->id;
+    transfer.scrip = directory_.FindScrip("600001")->id;
+    transfer.rate = 50;
+    transfer.quantity = text::Shares(1);
+    const ClientYear of{directory_.FindClient("AN")->id, text::FinancialYear(2011)};
+    transfer.lot =
+        transfers_.Begin(std::nullopt).Find({of, transfer.from, transfer.scrip, transfer.rate})->id;
+    Insist(transfers_.Save(transfer));
+    moved_.push_back(transfer);
+  }
+
+  void ChangeTransfer(records::Transfer& transfer) {
+    transfer.quantity = text::Shares(transfer.quantity.Number() == 1 ? 2 : 1);
+    Insist(transfers_.Save(transfer));
+  }
+
+  void DeleteTransfer() {
+    Insist(transfers_.Delete(moved_.front().id));
+    moved_.erase(moved_.begin());
+  }
+
   /// The bill's number and the shares that it holds now.
   static void Tell(const records::Bill& bill, const char* shares) {
     std::printf("%s %s\n", qPrintable(bill.number), shares);
@@ -82,8 +119,10 @@ class Writer {
 
   lookups::Directory directory_;
   bills::BillBook book_;
+  transfers::TransferBook transfers_;
   QString number_;
   std::vector<records::Bill> saved_;
+  std::vector<records::Transfer> moved_;
 };
 
 }  // namespace

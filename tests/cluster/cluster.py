@@ -119,13 +119,17 @@ class Cluster(unittest.TestCase):
     def assert_every_document_stands_once(self):
         expected = {f"IC{node}{n}": 10.0 for node in NODES for n in range(self.imports)}
         expected["1"] = 10.0
+        transferred = 0.0
         for told in self.told.values():
-            expected.update((number, float(shares)) for number, shares in
-                            (line.split() for line in told.splitlines()))
+            *bills, last = told.splitlines()
+            expected.update((number, float(shares)) for number, shares in map(str.split, bills))
+            transferred += float(last.removeprefix("transferred "))
         found = {}
         for row in csv.DictReader(io.StringIO(self.desks[1].export()["bills.csv"].decode())):
             found[row["bill_no"]] = found.get(row["bill_no"], 0.0) + float(row["quantity"])
         self.assertEqual(found, {number: shares for number, shares in expected.items() if shares})
+        moved = csv.DictReader(io.StringIO(self.desks[1].export()["transfers.csv"].decode()))
+        self.assertEqual(sum(float(row["quantity"]) for row in moved), transferred)
 
     def assert_nodes_are_alike(self):
         tables = [table for table, in sql(1, "Show Tables")]

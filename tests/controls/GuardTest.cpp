@@ -1,6 +1,6 @@
 #include "controls/ClGrd.h"
 #include "controls/Guard.h"
-#include "controls/MessageBoxes.h"
+#include "controls/Messages.h"
 #include "controls/ProgressDialog.h"
 #include "controls/ZENButton.h"
 #include "core/database/DatabaseError.h"

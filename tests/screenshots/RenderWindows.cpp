@@ -2,11 +2,11 @@
 // them and for the user guide: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER
 // IN_FOLDER. IN_FOLDER has the files that are opened, in a folder for each window.
 
-#include "controls/AppIcon.h"
 #include "controls/Appearance.h"
 #include "controls/ChildWindow.h"
 #include "controls/DateBox.h"
 #include "controls/Grid.h"
+#include "controls/Style.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
 #include "core/lookups/Directory.h"

@@ -96,7 +96,7 @@ TestDatabase::~TestDatabase() {
 
 int TestDatabase::NextKey(const char* table) {
   auto rows = connection_->Open(fmt::format("Select Max(Id) From {}", table));
-  return rows.Next() ? rows.Int(std::size_t{0}) + 1 : 1;
+  return rows.Next() ? rows.Int(0) + 1 : 1;
 }
 
 ClientId TestDatabase::AddClient(const QString& code) {

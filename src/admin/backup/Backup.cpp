@@ -197,10 +197,10 @@ bool IsUnfinishedName(const QString& name) {
   return IsBackupName(name) && name.endsWith(kPart);
 }
 
-MaybeRefusal MakeBackup(const Source& source, const QString& into, Kind kind, const QDateTime& now,
-                        Progress& progress, QString& made) {
-  if (MaybeRefusal refusal = CheckPlace(source.folders, into)) {
-    return refusal;
+Result<QString> MakeBackup(const Source& source, const QString& into, Kind kind,
+                           const QDateTime& now, Progress& progress) {
+  if (const MaybeRefusal refusal = CheckPlace(source.folders, into)) {
+    return *refusal;
   }
   QDateTime moment = now;
   RemoveUnfinished(into);
@@ -213,29 +213,28 @@ MaybeRefusal MakeBackup(const Source& source, const QString& into, Kind kind, co
   maker.WriteTables(manifest);
   maker.CopyFiles(manifest);
   WriteManifest(part.Path(), manifest);
-  Manifest read;
-  if (const MaybeRefusal damage = VerifyBackup(part.Path(), progress, read)) {
+  if (const MaybeRefusal damage = VerifyBackup(part.Path(), progress).Refused()) {
     throw std::runtime_error(damage->text.toStdString());
   }
-  made = part.Finish();
-  return std::nullopt;
+  return part.Finish();
 }
 
-MaybeRefusal VerifyBackup(const QString& backup, Progress& progress, Manifest& manifest) {
-  if (MaybeRefusal refusal = ReadManifest(backup, manifest)) {
-    return refusal;
+Result<Manifest> VerifyBackup(const QString& backup, Progress& progress) {
+  Result<Manifest> manifest = ReadManifest(backup);
+  if (!manifest) {
+    return manifest;
   }
-  if (MaybeRefusal refusal = CheckSizes(backup, manifest)) {
-    return refusal;
+  if (const MaybeRefusal refusal = CheckSizes(backup, *manifest)) {
+    return *refusal;
   }
-  progress.Begin(Tr("Checking the backup"), manifest.Bytes());
+  progress.Begin(Tr("Checking the backup"), manifest->Bytes());
   ByteCount count{progress};
-  for (const BackupFile& file : manifest.files) {
+  for (const BackupFile& file : manifest->files) {
     if (HashOf(QDir(backup).filePath(file.path), count) != file.sha256) {
       return Damaged(backup, Tr("the file %1 does not agree with its checksum").arg(file.path));
     }
   }
-  return std::nullopt;
+  return manifest;
 }
 
 }  // namespace quorvane::backup

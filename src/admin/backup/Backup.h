@@ -2,7 +2,7 @@
 
 #include "admin/backup/Manifest.h"
 #include "core/Progress.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/app/Folders.h"
 #include "core/database/Connection.h"
 
@@ -18,18 +18,18 @@ struct Source {
   const app::Folders& folders;
 };
 
-/// Writes a backup as a new folder "Quorvane-YYYY-MM-DD-HHMMSS" below `into` and reads it back; its
-/// path is then in `made`. The tables are those of one instant, whatever other programs write
+/// Writes a backup as a new folder "Quorvane-YYYY-MM-DD-HHMMSS" below `into` and reads it back; the
+/// result is its path. The tables are those of one instant, whatever other programs write
 /// meanwhile. Until it is whole it is called "....part"; what a killed program has left of that
 /// name goes with the next backup.
 ///
 /// Refused when `into` lies inside a folder that is backed up. Throws DatabaseError,
 /// std::runtime_error with path and reason, or Cancellation; nothing is left then.
-MaybeRefusal MakeBackup(const Source& source, const QString& into, Kind kind, const QDateTime& now,
-                        Progress& progress, QString& made);
+Result<QString> MakeBackup(const Source& source, const QString& into, Kind kind,
+                           const QDateTime& now, Progress& progress);
 
 /// Reads every file of a backup and compares it with the manifest.
-MaybeRefusal VerifyBackup(const QString& backup, Progress& progress, Manifest& manifest);
+Result<Manifest> VerifyBackup(const QString& backup, Progress& progress);
 
 /// "Quorvane-2026-11-25-081500" and the same with ".part".
 bool IsBackupName(const QString& name);

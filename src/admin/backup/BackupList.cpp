@@ -57,16 +57,16 @@ MaybeRefusal WriteSettings(const app::Folders& folders, const Settings& settings
 Entry Look(const QString& backup) {
   const QFileInfo info(backup);
   Entry entry{.path = backup, .name = info.fileName(), .made = info.lastModified()};
-  Manifest manifest;
-  if (const MaybeRefusal refusal = ReadManifest(backup, manifest)) {
+  const Result<Manifest> manifest = ReadManifest(backup);
+  if (!manifest) {
     entry.state = IsUnfinishedName(entry.name) ? BackupState::kUnfinished : BackupState::kDamaged;
-    entry.fault = refusal->text;
+    entry.fault = manifest.Why().text;
     return entry;
   }
-  entry.made = manifest.made;
-  entry.kind = manifest.kind;
-  entry.bytes = manifest.Bytes();
-  if (const MaybeRefusal refusal = CheckSizes(backup, manifest)) {
+  entry.made = manifest->made;
+  entry.kind = manifest->kind;
+  entry.bytes = manifest->Bytes();
+  if (const MaybeRefusal refusal = CheckSizes(backup, *manifest)) {
     entry.state = BackupState::kDamaged;
     entry.fault = refusal->text;
   } else if (IsUnfinishedName(entry.name)) {
@@ -101,9 +101,8 @@ bool IsAutomaticDue(const Settings& settings, QDate today) {
 
 MaybeRefusal MakeAutomatic(const Source& source, const Settings& settings, const QDateTime& now,
                            Progress& progress) {
-  QString made;
   if (MaybeRefusal refusal =
-          MakeBackup(source, settings.folder, Kind::kAutomatic, now, progress, made)) {
+          MakeBackup(source, settings.folder, Kind::kAutomatic, now, progress).Refused()) {
     return refusal;
   }
   RemoveOldAutomatic(settings.folder, settings.keep);

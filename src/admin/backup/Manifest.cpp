@@ -197,7 +197,7 @@ void WriteManifest(const QString& folder, const Manifest& manifest) {
   platform::WritePrivate(QDir(folder).filePath(kManifest), json);
 }
 
-MaybeRefusal ReadManifest(const QString& folder, Manifest& manifest) {
+Result<Manifest> ReadManifest(const QString& folder) {
   QByteArray json;
   QByteArray checksum;
   if (!ReadFile(QDir(folder).filePath(kManifest), json)) {
@@ -219,9 +219,11 @@ MaybeRefusal ReadManifest(const QString& folder, Manifest& manifest) {
                        .arg(Manifest::kFormat),
                    {}};
   }
-  manifest = FromJson(root);
-  const QString fault = Fault(manifest);
-  return fault.isEmpty() ? MaybeRefusal() : Damaged(folder, fault);
+  Manifest manifest = FromJson(root);
+  if (const QString fault = Fault(manifest); !fault.isEmpty()) {
+    return Damaged(folder, fault);
+  }
+  return manifest;
 }
 
 MaybeRefusal CheckSizes(const QString& folder, const Manifest& manifest) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "admin/backup/HashedFile.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 
 #include <QDateTime>
 #include <QString>
@@ -55,7 +55,7 @@ void WriteManifest(const QString& folder, const Manifest& manifest);
 
 /// Refused when the folder is no backup, an unfinished one, one of a newer release, or when the
 /// manifest is damaged or names a file outside the backup.
-MaybeRefusal ReadManifest(const QString& folder, Manifest& manifest);
+Result<Manifest> ReadManifest(const QString& folder);
 
 /// Refused when a file of the manifest is missing or of another size. Does not read the files.
 MaybeRefusal CheckSizes(const QString& folder, const Manifest& manifest);

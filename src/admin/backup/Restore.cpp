@@ -182,33 +182,36 @@ QString ReplacedFolder(const app::Folders& folders) {
   return QDir(folders.application).filePath(QStringLiteral("BackUp/Replaced"));
 }
 
-MaybeRefusal RestoreBackup(const Source& source, const QString& backup, const QDateTime& now,
-                           Progress& progress, QString& aside) {
-  Manifest manifest;
+Result<QString> RestoreBackup(const Source& source, const QString& backup, const QDateTime& now,
+                              Progress& progress) {
   if (IsUnfinishedName(QFileInfo(backup).fileName())) {
     return Refusal{Tr("The backup %1 was not finished.").arg(QDir::toNativeSeparators(backup)), {}};
   }
-  if (MaybeRefusal refusal = VerifyBackup(backup, progress, manifest)) {
-    return refusal;
+  const Result<Manifest> verified = VerifyBackup(backup, progress);
+  if (!verified) {
+    return verified.Why();
   }
+  const Manifest& manifest = *verified;
   const std::vector<TableEntry> present = TablesOf(source.connection);
   if (MaybeRefusal refusal = CheckTables(backup, manifest, present)) {
-    return refusal;
+    return *refusal;
   }
   RestoreFiles files(source.connection, source.folders);
   if (!files.TryLock()) {
     return Refusal{Tr("Another program is restoring a backup at this moment."), {}};
   }
   if (MaybeRefusal refusal = files.CheckLinks(manifest)) {
-    return refusal;
+    return *refusal;
   }
   if (files.IsPending()) {
     files.Settle();
   }
-  if (MaybeRefusal refusal = MakeBackup(source, ReplacedFolder(source.folders), Kind::kReplaced,
-                                        now, progress, aside)) {
-    return refusal;
+  const Result<QString> replaced =
+      MakeBackup(source, ReplacedFolder(source.folders), Kind::kReplaced, now, progress);
+  if (!replaced) {
+    return replaced;
   }
+  const QString& aside = *replaced;
   MaybeRefusal broken;
   std::exception_ptr failure;
   try {
@@ -221,11 +224,11 @@ MaybeRefusal RestoreBackup(const Source& source, const QString& backup, const QD
     if (failure) {
       std::rethrow_exception(failure);
     }
-    return broken;
+    return broken.value();
   }
   CheckRestored(source.connection.Settings(), manifest, aside);
   RemoveEarlierAside(source.folders, aside, backup);
-  return std::nullopt;
+  return aside;
 }
 
 std::vector<Holding> HoldingsOf(const Manifest& manifest) {

@@ -18,7 +18,7 @@
 namespace quorvane::backup {
 namespace {
 
-constexpr char kPromise[] = "promise";
+constexpr char kCommitFile[] = "promise";
 constexpr int kNoSuchTable = 1146;
 
 [[noreturn]] void Fail(const QString& what, const QString& path) {
@@ -161,7 +161,7 @@ void RestoreFiles::Promise() {
   connection_.Execute("Create Table if not Exists RestoreMark(Id varchar(64) Primary Key)");
   number_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
   platform::SyncToDisk(stage_);
-  WriteWhole(File(kPromise), number_.toUtf8());
+  WriteWhole(File(kCommitFile), number_.toUtf8());
 }
 
 void RestoreFiles::Mark(database::Transaction& transaction) {
@@ -170,13 +170,13 @@ void RestoreFiles::Mark(database::Transaction& transaction) {
 
 /// Waits for a transaction that the server is still ending after its program was killed.
 bool RestoreFiles::IsMarked() {
-  if (!QFileInfo::exists(File(kPromise))) {
+  if (!QFileInfo::exists(File(kCommitFile))) {
     return false;
   }
   try {
     return connection_
         .Open("Select 1 From RestoreMark Where Id=? Lock In Share Mode",
-              QString::fromUtf8(ReadAll(File(kPromise))))
+              QString::fromUtf8(ReadAll(File(kCommitFile))))
         .Next();
   } catch (const database::DatabaseError& error) {
     if (error.Native() != kNoSuchTable) {
@@ -189,26 +189,26 @@ bool RestoreFiles::IsMarked() {
 bool RestoreFiles::Settle() {
   const bool happened = IsMarked();
   if (happened) {
-    TakeTheirPlaces();
+    PutInPlace();
     // Its own mark only: another folder may be restoring into the same database.
     connection_.Execute("Delete From RestoreMark Where Id=?",
-                        QString::fromUtf8(ReadAll(File(kPromise))));
+                        QString::fromUtf8(ReadAll(File(kCommitFile))));
   }
   // The note goes first: what is left without it is only swept up.
-  QFile::remove(File(kPromise));
+  QFile::remove(File(kCommitFile));
   if (!QDir(stage_).removeRecursively()) {
     Fail(QStringLiteral("cannot remove"), stage_);
   }
   return happened;
 }
 
-void RestoreFiles::TakeTheirPlaces() {
-  Manifest staged;
-  if (const MaybeRefusal refusal = ReadManifest(stage_, staged)) {
-    throw std::runtime_error(refusal->text.toStdString());
+void RestoreFiles::PutInPlace() {
+  const Result<Manifest> staged = ReadManifest(stage_);
+  if (!staged) {
+    throw std::runtime_error(staged.Why().text.toStdString());
   }
-  PlaceDocuments(staged);
-  PlaceData(staged);
+  PlaceDocuments(*staged);
+  PlaceData(*staged);
   if (QFileInfo::exists(File(kSettingsFile))) {
     WriteWhole(folders_.config_file, ReadAll(File(kSettingsFile)));
   }

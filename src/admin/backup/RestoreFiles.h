@@ -48,7 +48,7 @@ class RestoreFiles {
 
  private:
   bool IsMarked();
-  void TakeTheirPlaces();
+  void PutInPlace();
   void PlaceDocuments(const Manifest& staged);
   void PlaceData(const Manifest& staged);
   void StageSettings();

@@ -178,8 +178,7 @@ std::vector<TableEntry> TablesOf(Connection& connection) {
            "Select TABLE_NAME,COLUMN_NAME,DATA_TYPE From information_schema.COLUMNS Where "
            "TABLE_SCHEMA=Database() And EXTRA Not Like '%INVISIBLE%' Order By TABLE_NAME,"
            "ORDINAL_POSITION")) {
-    columns[row.Text(std::size_t{0}).toLower()].push_back(
-        {std::string(row.Utf8(1)), TypeOf(row.Text(2))});
+    columns[row.Text(0).toLower()].push_back({std::string(row.Utf8(1)), TypeOf(row.Text(2))});
   }
   std::vector<TableEntry> tables;
   for (const std::string& name : database::TableNames()) {

@@ -146,7 +146,7 @@ std::vector<int> DoubledKeys(database::Connection& connection, std::string_view 
   std::vector<int> keys;
   for (const auto& row : connection.Open(fmt::format(
            "Select Id From {} Where Id>0 Group By Id Having Count(*)>1 Order By Id", table))) {
-    keys.push_back(row.Int(std::size_t{0}));
+    keys.push_back(row.Int(0));
   }
   return keys;
 }
@@ -191,12 +191,11 @@ NewKeys GiveNewKeys(database::Connection& connection) {
   NewKeys result;
   database::InTransaction(
       connection,
-      [&](Transaction& transaction) -> MaybeRefusal {
+      [&](Transaction& transaction) {
         result = {};
         for (const std::string_view table : database::KeyedTables()) {
           GiveNewKeys(transaction, table, result);
         }
-        return std::nullopt;
       },
       database::Turn::kAlone);
   return result;

@@ -30,8 +30,8 @@ std::vector<LostLines> FindLostLines(database::Connection& connection) {
   for (const auto& row : connection.Open(
            "Select T.Cid,T.Fyear,T.SID,Count(*) From SPTrans T Left Join SPMaster M On M.ID=T.SID "
            "Where M.ID Is Null Group By T.SID,T.Cid,T.Fyear Order By T.SID,T.Cid,T.Fyear")) {
-    lost.push_back({ClientId{row.Int(std::size_t{0})}, std::string(row.Utf8(1)), BillId{row.Int(2)},
-                    row.Int64(3)});
+    lost.push_back(
+        {ClientId{row.Int(0)}, std::string(row.Utf8(1)), BillId{row.Int(2)}, row.Int64(3)});
   }
   return lost;
 }

@@ -1,7 +1,7 @@
 #include "admin/settings/SettingsFiles.h"
 
 #include "core/app/Ini.h"
-#include "core/rates/IndexHeadline.h"
+#include "core/rates/QuoteDesk.h"
 
 #include <vector>
 

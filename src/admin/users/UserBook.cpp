@@ -1,6 +1,6 @@
 #include "admin/users/UserBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/database/TextWidths.h"
 #include "core/text/PasswordCode.h"
 
@@ -32,7 +32,7 @@ bool SameName(const QString& a, const QString& b) {
 }
 
 User UserOf(const Recordset& row) {
-  User user{row.Int(std::size_t{0}), row.Text(1), std::nullopt};
+  User user{row.Int(0), row.Text(1), std::nullopt};
   if (const std::optional<QString> stored = row.OptionalText(2)) {
     user.password = text::DecodePassword(*stored);
   }
@@ -46,7 +46,7 @@ bool NameIsTaken(Transaction& transaction, const User& user) {
   }
   for (const auto& row : transaction.Open("Select Name,Name=? From LoginId Where id<>? For Update",
                                           user.name, user.id)) {
-    if (row.Int(1) != 0 || SameName(row.Text(std::size_t{0}), user.name)) {
+    if (row.Int(1) != 0 || SameName(row.Text(0), user.name)) {
       return true;
     }
   }
@@ -62,7 +62,7 @@ void Insert(Transaction& transaction, int id, const QString& name, const QString
 
 std::optional<QString> NameOf(Transaction& transaction, int id) {
   Recordset rows = transaction.Open("Select Name From LoginId Where id=? For Update", id);
-  return rows.Next() ? std::optional(rows.Text(std::size_t{0})) : std::nullopt;
+  return rows.Next() ? std::optional(rows.Text(0)) : std::nullopt;
 }
 
 MaybeRefusal SaveIn(Transaction& transaction, User& user) {
@@ -141,23 +141,21 @@ MaybeRefusal UserBook::Save(User& user) {
 
 bool UserBook::SetPassword(int id, const QString& password) {
   bool found = false;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     const std::optional<QString> name = NameOf(transaction, id);
     found = name.has_value();
     if (found) {
       transaction.Execute("Delete From LoginId Where id=?", id);
       Insert(transaction, id, *name, password);
     }
-    return std::nullopt;
   });
   return found;
 }
 
 void UserBook::Delete(int id) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     transaction.Execute("Delete From LoginId Where id=?", id);
     transaction.Execute("Delete From LoginPassword Where id=?", id);
-    return std::nullopt;
   });
 }
 

@@ -13,7 +13,8 @@ inline constexpr char kPreviousInstance[] =
     "A Previous Instance of the Application is Already Running.";
 
 /// Proof that this process is the only copy of the program working in an application folder. Ends
-/// with the object or with the process, however it ends, so that a crash bars nobody.
+/// with the object or with the process, however it ends, so that a program that crashed keeps
+/// nobody out.
 class SingleCopy {
  public:
   /// nullopt while another copy holds the folder; at once, without waiting. Makes the folder when

@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 namespace quorvane::database {
+
 namespace {
 
 constexpr std::string_view kLots = "Stock";
@@ -121,6 +122,12 @@ void MakeCounters(Connection& connection) {
       MakeCounter(connection, table);
     }
   }
+}
+
+int ClaimKey(Transaction& transaction, std::string_view table, int id) {
+  const bool stored =
+      id != 0 && transaction.Execute(fmt::format("Delete From {} Where Id=?", table), id) > 0;
+  return stored ? id : NextKey(transaction, table);
 }
 
 }  // namespace quorvane::database

@@ -322,7 +322,7 @@ ConnectionSettings PrivateServer::RootSettings() const {
 bool PrivateServer::IsReadOnly() const {
   Connection connection(RootSettings());
   auto rows = connection.Open("Select @@innodb_read_only");
-  return rows.Next() && rows.Int(std::size_t{0}) != 0;
+  return rows.Next() && rows.Int(0) != 0;
 }
 
 ConnectionSettings PrivateServer::SettingsOf(const QString& database) const {

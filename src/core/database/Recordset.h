@@ -65,6 +65,12 @@ class Recordset {
   std::optional<int> OptionalInt(std::size_t column) const;
   std::optional<QString> OptionalText(std::size_t column) const;
 
+  // A plain 0 would be as good a name as a number.
+  bool IsNull(int column) const { return IsNull(static_cast<std::size_t>(column)); }
+  int Int(int column) const { return Int(static_cast<std::size_t>(column)); }
+  double Double(int column) const { return Double(static_cast<std::size_t>(column)); }
+  QString Text(int column) const { return Text(static_cast<std::size_t>(column)); }
+
   bool IsNull(std::string_view column) const { return IsNull(Column(column)); }
   int Int(std::string_view column) const { return Int(Column(column)); }
   double Double(std::string_view column) const { return Double(Column(column)); }

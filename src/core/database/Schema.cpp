@@ -89,7 +89,7 @@ QString Lower(std::string_view name) {
 Names LowerNames(Connection& connection, std::string_view sql) {
   Names names;
   for (const auto& row : connection.Open(sql)) {
-    names.insert(row.Text(std::size_t{0}).toLower());
+    names.insert(row.Text(0).toLower());
   }
   return names;
 }
@@ -119,13 +119,12 @@ void Seed(SetUp& set_up, const TableDefinition& table) {
     if (set_up.GetConnection().Open(fmt::format("Select * From {} Limit 1", table.name)).Next()) {
       return;
     }
-    InTransaction(set_up.GetConnection(), [&](Transaction& transaction) -> MaybeRefusal {
+    InTransaction(set_up.GetConnection(), [&](Transaction& transaction) {
       const bool empty =
           !transaction.Open(fmt::format("Select * From {} Limit 1 For Update", table.name)).Next();
       if (empty) {
         transaction.Execute(insert);
       }
-      return std::nullopt;
     });
   } catch (const DatabaseError& error) {
     set_up.Skip(insert, error);
@@ -141,7 +140,7 @@ ColumnCounts CountColumns(Connection& connection) {
   for (const auto& row : connection.Open(
            "Select TABLE_NAME,Count(*) From information_schema.COLUMNS Where "
            "TABLE_SCHEMA=Database() And EXTRA Not Like '%INVISIBLE%' Group By TABLE_NAME")) {
-    counts[row.Text(std::size_t{0}).toLower()] = static_cast<std::size_t>(row.Int(1));
+    counts[row.Text(0).toLower()] = static_cast<std::size_t>(row.Int(1));
   }
   return counts;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Refusal.h"
+#include "core/Result.h"
 
 #include <QString>
 

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Connection.h"
 
 #include <cstdint>
 #include <functional>
 #include <string_view>
+#include <type_traits>
 
 namespace quorvane::database {
 
@@ -51,6 +52,19 @@ enum class Turn { kShared, kAlone };
 MaybeRefusal InTransaction(Connection& connection,
                            const std::function<MaybeRefusal(Transaction&)>& work,
                            Turn turn = Turn::kShared);
+
+/// The same for work that nothing refuses.
+template <class Work>
+requires std::is_void_v<std::invoke_result_t<Work&, Transaction&>>
+void InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {
+  static_cast<void>(InTransaction(
+      connection,
+      [&](Transaction& transaction) -> MaybeRefusal {
+        work(transaction);
+        return std::nullopt;
+      },
+      turn));
+}
 
 inline constexpr int kAttempts = 8;
 

@@ -3,8 +3,8 @@
 #include "core/files/Archive.h"
 #include "core/files/CompoundFile.h"
 #include "core/files/CsvText.h"
-#include "core/files/OldWorkbook.h"
 #include "core/files/Workbook.h"
+#include "core/files/XlsWorkbook.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -39,7 +39,7 @@ bool IsCsv(const ArchiveEntry& entry) {
   return QString::fromStdString(entry.name).endsWith(QLatin1String(".csv"), Qt::CaseInsensitive);
 }
 
-const ArchiveEntry& TheCsvOf(const std::vector<ArchiveEntry>& entries) {
+const ArchiveEntry& CsvEntryOf(const std::vector<ArchiveEntry>& entries) {
   const auto count = std::ranges::count_if(entries, IsCsv);
   if (count != 1) {
     throw TableError(
@@ -58,7 +58,7 @@ TextTable ReadArchived(std::string_view bytes) {
   if (FindPart(entries, "content.xml") != nullptr) {
     return ReadOds(entries);
   }
-  const ArchiveEntry& entry = TheCsvOf(entries);
+  const ArchiveEntry& entry = CsvEntryOf(entries);
   TextTable table = ReadCsvText(entry.content);
   table.name = entry.name;
   return table;
@@ -76,14 +76,14 @@ bool HasTableEnding(const QString& path) {
 TextTable ReadTableFile(const QString& path) {
   const QByteArray bytes = BytesOf(path);
   if (CompoundFile::IsOne(View(bytes))) {
-    return ReadOldWorkbook(View(bytes));
+    return ReadXlsWorkbook(View(bytes));
   }
   return IsArchive(View(bytes)) ? ReadArchived(View(bytes)) : ReadCsvText(View(bytes));
 }
 
 UnpackedFile UnpackTable(const QByteArray& archive) {
   const std::vector<ArchiveEntry> entries = ReadArchive(View(archive));
-  const ArchiveEntry& entry = TheCsvOf(entries);
+  const ArchiveEntry& entry = CsvEntryOf(entries);
   return {QFileInfo(QString::fromStdString(entry.name)).fileName(),
           QByteArray::fromStdString(entry.content)};
 }

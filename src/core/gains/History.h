@@ -3,17 +3,44 @@
 #include "core/ClientYear.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
-#include "core/gains/Blocks.h"
 #include "core/gains/Matching.h"
 #include "core/records/Movements.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
 
 namespace quorvane::gains {
+
+/// A row of values that grows without moving what it holds: reading millions in costs neither the
+/// copies of a vector nor its peak of twice the memory.
+template <class T>
+class Blocks {
+ public:
+  T& Add() {
+    if (size_ == blocks_.size() << kShift) {
+      blocks_.push_back(std::make_unique_for_overwrite<T[]>(kBlock));
+    }
+    T& value = (*this)[size_++];
+    value = T{};
+    return value;
+  }
+
+  std::size_t size() const { return size_; }
+  T& operator[](std::size_t i) { return blocks_[i >> kShift][i & (kBlock - 1)]; }
+  const T& operator[](std::size_t i) const { return blocks_[i >> kShift][i & (kBlock - 1)]; }
+
+ private:
+  static constexpr std::size_t kShift = 12;
+  static constexpr std::size_t kBlock = std::size_t{1} << kShift;
+
+  std::vector<std::unique_ptr<T[]>> blocks_;
+  std::size_t size_ = 0;
+};
 
 /// Which lines count: futures and options, the others, or all. Transfers are no futures or options.
 enum class FoChoice : std::uint8_t { kFo, kNonFo, kAll };

@@ -36,8 +36,8 @@ void HistoryReader::Read() {
 void HistoryReader::ReadRanking(Ranking& ranking, std::vector<int>& ids, std::string_view sql) {
   ranking.ids = &ids;
   for (const auto& row : connection_.Open(sql)) {
-    ranking.known.Put(row.Int(std::size_t{0}), static_cast<std::uint32_t>(ids.size()));
-    ids.push_back(row.Int(std::size_t{0}));
+    ranking.known.Put(row.Int(0), static_cast<std::uint32_t>(ids.size()));
+    ids.push_back(row.Int(0));
   }
   ranking.known.Seal();
 }

@@ -1,7 +1,7 @@
 #include "core/gains/Matching.h"
 
 #include "core/gains/AverageCost.h"
-#include "core/gains/LotIndex.h"
+#include "core/gains/RemainingLots.h"
 #include "core/text/Amounts.h"
 
 #include <algorithm>

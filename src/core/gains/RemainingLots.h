@@ -1,7 +1,10 @@
 #pragma once
 
 #include "core/gains/History.h"
+#include "core/gains/Matching.h"
 
+#include <cstdint>
+#include <span>
 #include <vector>
 
 namespace quorvane::gains {
@@ -26,5 +29,43 @@ struct RemainingLot {
 std::vector<RemainingLot> RemainingLots(database::Connection& connection,
                                         std::optional<ClientId> client, text::FinancialYear year,
                                         Progress& progress);
+
+/// Finds the purchases of a lot rate in row order and remembers for each rate up to where they are
+/// used up. Built and asked in constant time a purchase and a sale.
+class LotIndex {
+ public:
+  static constexpr std::uint32_t kEnd = 0xFFFFFFFF;
+
+  /// Purchases with nothing left are passed over.
+  explicit LotIndex(std::span<const Purchase> purchases);
+
+  /// The first row of the rate that is not used up, kEnd when all are, nullptr when there never was
+  /// one. Move it on with Next when its row is used up.
+  std::uint32_t* Head(double lot_rate);
+
+  /// Starts to bring the memory of a rate near; says nothing about the rate.
+  void Announce(double lot_rate) const { __builtin_prefetch(&slots_[Start(lot_rate)]); }
+
+  /// The likely row of Head, at no cost; kEnd or a row of another rate now and then.
+  std::uint32_t Guess(double lot_rate) const { return slots_[Start(lot_rate)].head; }
+
+  /// The next row of the same rate.
+  std::uint32_t Next(std::uint32_t row) const { return next_[row]; }
+
+ private:
+  struct Slot {
+    double rate = 0;
+    std::uint32_t head = kEnd;
+    std::uint32_t tail = kEnd;  ///< kEnd marks a free slot
+  };
+
+  std::size_t Start(double lot_rate) const;
+  Slot& Find(double lot_rate);
+  void Append(Slot& slot, double lot_rate, std::uint32_t row);
+
+  std::vector<Slot> slots_;  ///< open addressing, at most half full
+  std::vector<std::uint32_t> next_;
+  int shift_ = 0;
+};
 
 }  // namespace quorvane::gains

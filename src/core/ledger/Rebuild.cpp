@@ -205,9 +205,8 @@ std::size_t RebuildStock(Transaction& transaction, const std::optional<ClientYea
 std::size_t RebuildStock(Connection& connection, const std::optional<ClientYear>& of,
                          Progress& progress) {
   std::size_t changed = 0;
-  database::InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection, [&](Transaction& transaction) {
     changed = RebuildStock(transaction, of, progress);
-    return std::nullopt;
   });
   return changed;
 }

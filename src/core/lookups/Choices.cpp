@@ -1,11 +1,15 @@
 #include "core/lookups/Choices.h"
 
+#include <QFile>
+#include <QTextStream>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
 
 namespace quorvane::lookups {
+
 namespace {
 
 using database::Connection;
@@ -48,7 +52,7 @@ std::string_view QueryOf(const std::array<Query<Key>, kCount>& queries, Key key)
 std::vector<Item> ReadItems(Recordset rows) {
   std::vector<Item> items;
   while (rows.Next()) {
-    items.push_back({rows.Int(std::size_t{0}), rows.Text(1)});
+    items.push_back({rows.Int(0), rows.Text(1)});
   }
   return items;
 }
@@ -98,6 +102,20 @@ ClientId AccountOwner(Connection& connection, AccountId account) {
 QString ExchangeName(Connection& connection, ExchangeId exchange) {
   Recordset rows = connection.Open("Select ExName From Exchange Where Id=?", exchange);
   return rows.Next() ? rows.Text("ExName") : QString();
+}
+
+QStringList FillStateList(const QString& path) {
+  QStringList states;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    return states;
+  }
+  QTextStream lines(&file);
+  QString line;
+  while (lines.readLineInto(&line)) {
+    states << line;
+  }
+  return states;
 }
 
 }  // namespace quorvane::lookups

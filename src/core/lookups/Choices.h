@@ -3,6 +3,7 @@
 #include "core/database/Connection.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -60,5 +61,9 @@ ClientId AccountOwner(database::Connection& connection, AccountId account);
 
 /// Empty when there is no such exchange.
 QString ExchangeName(database::Connection& connection, ExchangeId exchange);
+
+/// The names of the states to choose from: the lines of a UTF-8 text file, in their order. Empty
+/// when there is no such file.
+QStringList FillStateList(const QString& path);
 
 }  // namespace quorvane::lookups

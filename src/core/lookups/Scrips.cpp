@@ -12,9 +12,8 @@ bool ScripFound::HasCode(const QString& wanted) const {
 ScripList::ScripList(database::Connection& connection) {
   for (const auto& row :
        connection.Open("Select Id,Code,Name,NCode From Script Order By Name,Id")) {
-    places_.try_emplace(ScripId{row.Int(std::size_t{0})}, scrips_.size());
-    scrips_.push_back(
-        {ScripId{row.Int(std::size_t{0})}, row.Text(1), row.Text(2), row.Text(3).trimmed()});
+    places_.try_emplace(ScripId{row.Int(0)}, scrips_.size());
+    scrips_.push_back({ScripId{row.Int(0)}, row.Text(1), row.Text(2), row.Text(3).trimmed()});
   }
 }
 
@@ -61,8 +60,7 @@ std::optional<ScripFound> FindScripByCode(database::Connection& connection, cons
   if (!rows.Next()) {
     return std::nullopt;
   }
-  return ScripFound{ScripId{rows.Int(std::size_t{0})}, rows.Text(1), rows.Text(2),
-                    rows.Text(3).trimmed()};
+  return ScripFound{ScripId{rows.Int(0)}, rows.Text(1), rows.Text(2), rows.Text(3).trimmed()};
 }
 
 }  // namespace quorvane::lookups

@@ -8,7 +8,7 @@ namespace quorvane::rates {
 
 Isins::Isins(database::Connection& connection) {
   for (const auto& row : connection.Open("Select ScrId,Isin From ScripIsin Order By ScrId,Isin")) {
-    const ScripId scrip{row.Int(std::size_t{0})};
+    const ScripId scrip{row.Int(0)};
     by_isin_.emplace(std::string(row.Utf8(1)), scrip);
     by_scrip_.emplace(scrip, std::string(row.Utf8(1)));
   }

@@ -52,7 +52,7 @@ std::optional<text::Date> DayInName(const QString& path) {
 
 }  // namespace
 
-MaybeRefusal ReadPriceTable(const files::TextTable& table, PriceFile& file) {
+Result<PriceFile> ReadPriceTable(const files::TextTable& table) {
   const auto layout = table.rows.empty() ? std::nullopt : LayoutOf(table.rows.front());
   if (!layout) {
     return Invalid(ExpectedHeadings());
@@ -62,25 +62,28 @@ MaybeRefusal ReadPriceTable(const files::TextTable& table, PriceFile& file) {
     rows.Add(table.rows[row]);
   }
   std::vector<std::string> errors;
-  file = rows.Take(errors);
+  PriceFile file = rows.Take(errors);
   if (!errors.empty()) {
     return Invalid(errors);
   }
-  return file.rows.empty() ? MaybeRefusal(Invalid(Tr("The file holds no scrip."))) : std::nullopt;
+  if (file.rows.empty()) {
+    return Invalid(Tr("The file holds no scrip."));
+  }
+  return file;
 }
 
-MaybeRefusal ReadPriceFile(const QString& path, PriceFile& file) {
+Result<PriceFile> ReadPriceFile(const QString& path) {
   if (!files::HasTableEnding(path)) {
     return Invalid(Tr("Expected is a .csv, .xls, .xlsx, .ods or .zip file."));
   }
   try {
     const files::TextTable table = files::ReadTableFile(path);
-    MaybeRefusal refusal = ReadPriceTable(table, file);
-    if (!refusal && !file.date && file.exchange == Exchange::kBse) {
+    Result<PriceFile> file = ReadPriceTable(table);
+    if (file && !file->date && file->exchange == Exchange::kBse) {
       const auto inner = DayInName(QString::fromStdString(table.name));
-      file.date = inner ? inner : DayInName(path);
+      file->date = inner ? inner : DayInName(path);
     }
-    return refusal;
+    return file;
   } catch (const files::TableError& error) {
     return Invalid(QString::fromUtf8(error.what()));
   }

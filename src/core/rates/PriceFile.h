@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/files/TextTable.h"
 #include "core/text/Dates.h"
 
@@ -43,17 +43,17 @@ struct PriceFile {
 
 /// Reads a table by its headings. Refuses headings that belong to no
 /// known file with "Invalid File." and what was expected, and rows that cannot be right with their
-/// lines; `file` is then not to be used.
+/// lines.
 ///
 /// Of the National exchange's several series of a symbol the share itself is taken (EQ, else BE,
 /// else BZ); block deals and bonds under its symbol are left out. Two records that were run
 /// together on one line are told apart.
-MaybeRefusal ReadPriceTable(const files::TextTable& table, PriceFile& file);
+Result<PriceFile> ReadPriceTable(const files::TextTable& table);
 
 /// The same from a file on the disk: .csv, .xls, .xlsx, .ods or .zip. Of a file of the Bombay
 /// exchange that holds no day, the day is taken from the name that the exchange gave it, or the
 /// file inside the archive.
-MaybeRefusal ReadPriceFile(const QString& path, PriceFile& file);
+Result<PriceFile> ReadPriceFile(const QString& path);
 
 /// Refuses a file of rates that has none, or whose prices are of another day.
 MaybeRefusal CheckPrices(const PriceFile& file, text::Date date);

@@ -4,7 +4,11 @@
 #include "core/rates/Download.h"
 #include "core/text/Dates.h"
 
+#include <QByteArray>
+#include <QString>
+
 #include <functional>
+#include <optional>
 
 namespace quorvane::rates {
 
@@ -62,5 +66,13 @@ class QuoteDesk : public QObject {
   DownloadLimits limits_;
   Download download_;
 };
+
+/// Where the feed is unless the settings ([Internet] IndexFeed) name another address.
+inline constexpr char kIndexFeed[] = "https://www.bseindia.com/sensex/xml-data/sensexrss.xml";
+
+/// The headline of the exchange's index feed (RSS): the title of its last item, with each "*"
+/// written as "  +", after "BSE ". nullopt when the text is no such feed, is larger than a feed can
+/// be, or its last title has no "*" (there is then no headline to show).
+std::optional<QString> HeadlineOf(const QByteArray& feed);
 
 }  // namespace quorvane::rates

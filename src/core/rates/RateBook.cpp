@@ -40,7 +40,7 @@ Changes CompareWithStored(Transaction& transaction, const QString& day,
   std::map<ScripId, StoredRate> stored;
   for (const auto& row :
        transaction.Open("Select ScrId,Id,Rate From MarketRate Where MDate=? For Update", day)) {
-    stored.try_emplace(ScripId{row.Int(std::size_t{0})}, StoredRate{row.Int(1), row.Double(2)});
+    stored.try_emplace(ScripId{row.Int(0)}, StoredRate{row.Int(1), row.Double(2)});
   }
   Changes changes;
   for (const auto& [scrip, rate] : rates) {
@@ -115,7 +115,7 @@ std::unordered_map<ScripId, double> RateBook::RatesOf(text::Date date) const {
   for (const auto& row :
        connection_.Open("Select ScrId,Rate From MarketRate Where MDate=? and Rate>0 Order By Id",
                         text::FormatDmy(date))) {
-    rates.try_emplace(ScripId{row.Int(std::size_t{0})}, row.Double(1));
+    rates.try_emplace(ScripId{row.Int(0)}, row.Double(1));
   }
   return rates;
 }
@@ -130,7 +130,7 @@ std::unordered_map<ScripId, DatedRate> RateBook::NewestUpTo(text::Date date) con
                        day, database::DateOf("m.MDate")),
            SqlDay(date))) {
     if (const auto rate_day = text::ParseDmy(row.Utf8(1))) {
-      newest.try_emplace(ScripId{row.Int(std::size_t{0})}, DatedRate{*rate_day, row.Double(2)});
+      newest.try_emplace(ScripId{row.Int(0)}, DatedRate{*rate_day, row.Double(2)});
     }
   }
   return newest;
@@ -155,22 +155,20 @@ void RateBook::Save(text::Date date, std::span<const ScripRate> rates,
     by_scrip.insert_or_assign(rate.scrip, rate.rate);
   }
   const QString day = text::FormatDmy(date);
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     const Changes changes = CompareWithStored(transaction, day, by_scrip);
     Update(transaction, changes);
     Insert(transaction, date, day, changes);
     if (!isins.empty()) {
       KeepIsins(transaction, isins, date);
     }
-    return std::nullopt;
   });
 }
 
 std::int64_t RateBook::DeleteDate(text::Date date) {
   std::int64_t deleted = 0;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     deleted = transaction.Execute("Delete From MarketRate Where MDate=?", text::FormatDmy(date));
-    return std::nullopt;
   });
   return deleted;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Ids.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Connection.h"
 #include "core/rates/IsinBook.h"
 #include "core/text/Dates.h"

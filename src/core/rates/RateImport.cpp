@@ -56,10 +56,10 @@ std::vector<ListedScrip> ListScrips(database::Connection& connection) {
            "Select S.Id,S.Code,S.NCode,S.Name,C.Name,T.Type From Script S "
            "Left Join ScriptClass C On C.Id=S.ScrCls Left Join ScriptType T On T.Id=S.Type "
            "Order By S.Name,S.Id")) {
-    scrips.push_back({ScripId{row.Int(std::size_t{0})}, std::string(row.Utf8(1)),
+    scrips.push_back({ScripId{row.Int(0)}, std::string(row.Utf8(1)),
                       std::string(files::Trimmed(row.Utf8(2))), std::string(row.Utf8(3)),
                       std::string(row.Utf8(4)), std::string(row.Utf8(5)),
-                      isins.Of(ScripId{row.Int(std::size_t{0})})});
+                      isins.Of(ScripId{row.Int(0)})});
   }
   return scrips;
 }
@@ -87,17 +87,13 @@ MatchedRates MatchRates(const PriceFile& file, const std::vector<ListedScrip>& s
   return result;
 }
 
-MaybeRefusal ReadRates(database::Connection& connection, const QString& path, text::Date date,
-                       MatchedRates& rates) {
-  PriceFile file;
-  if (MaybeRefusal refusal = ReadPriceFile(path, file)) {
-    return refusal;
+Result<MatchedRates> ReadRates(database::Connection& connection, const QString& path,
+                               text::Date date) {
+  const Result<PriceFile> file = ReadPriceFile(path);
+  if (const MaybeRefusal refusal = file ? CheckPrices(*file, date) : file.Refused()) {
+    return *refusal;
   }
-  if (MaybeRefusal refusal = CheckPrices(file, date)) {
-    return refusal;
-  }
-  rates = MatchRates(file, ListScrips(connection));
-  return std::nullopt;
+  return MatchRates(*file, ListScrips(connection));
 }
 
 }  // namespace quorvane::rates

@@ -35,7 +35,7 @@ MatchedRates MatchRates(const PriceFile& file, const std::vector<ListedScrip>& s
 
 /// Reads a file of rates for a day and matches it with the scrips in the database. Refuses what
 /// ReadPriceFile and CheckPrices refuse. Records nothing: RateBook::Save does.
-MaybeRefusal ReadRates(database::Connection& connection, const QString& path, text::Date date,
-                       MatchedRates& rates);
+Result<MatchedRates> ReadRates(database::Connection& connection, const QString& path,
+                               text::Date date);
 
 }  // namespace quorvane::rates

@@ -31,8 +31,8 @@ void AppendPaise(std::string& out, std::int64_t paise);
 /// FormatAmount as a number: the double nearest to the two-decimal text.
 double RoundAmount(double value);
 
-/// The double nearest to the value's decimal form of 15 significant digits: takes binary dust such
-/// as 100.30000000000001 off a sum or a product.
+/// The double nearest to the value's decimal form of 15 significant digits: takes rounding error
+/// such as 100.30000000000001 off a sum or a product.
 double Tidy(double value);
 
 /// A number as plain text: at most 15 significant digits, "." as the decimal mark, no exponent and

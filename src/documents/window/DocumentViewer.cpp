@@ -28,7 +28,7 @@ constexpr int kPrintDots = 300;
 constexpr int kLook = 50;  // milliseconds between two looks at whether printing is cancelled
 
 /// What speaks against a file before it is read.
-QString Objection(const QString& path) {
+QString ReasonNotShown(const QString& path) {
   const QFileInfo file(path);
   if (!file.exists()) {
     return FileDoesNotExist().text;
@@ -100,8 +100,8 @@ QWidget* DocumentViewer::PageBar() {
 
 void DocumentViewer::Open(const QString& path) {
   Clear();
-  if (const QString objection = Objection(path); !objection.isEmpty()) {
-    Fail(objection);
+  if (const QString reason = ReasonNotShown(path); !reason.isEmpty()) {
+    Fail(reason);
     return;
   }
   path_ = path;

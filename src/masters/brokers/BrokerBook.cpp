@@ -1,6 +1,6 @@
 #include "masters/brokers/BrokerBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
 
 #include <QCoreApplication>
@@ -25,8 +25,7 @@ std::string Columns() {
 }
 
 Broker BrokerOf(const Recordset& row) {
-  return {BrokerId{row.Int(std::size_t{0})}, row.Text(1),
-          masters::ContactOf(row, kFirstContactColumn)};
+  return {BrokerId{row.Int(0)}, row.Text(1), masters::ContactOf(row, kFirstContactColumn)};
 }
 
 void Insert(Transaction& transaction, const Broker& broker) {
@@ -82,21 +81,19 @@ MaybeRefusal BrokerBook::Save(Broker& broker) {
     return refusal;
   }
   Broker saved;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = broker;
     saved.id = database::ClaimKey(transaction, "Broker", saved.id);
     Insert(transaction, saved);
-    return std::nullopt;
   });
   broker = std::move(saved);
   return std::nullopt;
 }
 
 void BrokerBook::Delete(BrokerId id, Progress& progress) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     DeleteRows(transaction, id);
     ledger::RebuildStock(transaction, std::nullopt, progress);
-    return std::nullopt;
   });
 }
 

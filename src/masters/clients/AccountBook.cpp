@@ -33,7 +33,7 @@ std::set<AccountId> StoredIds(Transaction& transaction, ClientId client) {
   std::set<AccountId> ids;
   for (const auto& row :
        transaction.Open("Select id From ClientActDet Where CId=? For Update", client)) {
-    ids.insert(AccountId{row.Int(std::size_t{0})});
+    ids.insert(AccountId{row.Int(0)});
   }
   return ids;
 }
@@ -48,7 +48,7 @@ Removed ReadRemoved(Transaction& transaction, const Client& client) {
        transaction.Open("Select id,DMATAC,ACNo From ClientActDet Where CId=? Union All "
                         "Select id,DMATAC,ACNo From RemovedAccount Where CId=? Order By id",
                         client.id, client.id)) {
-    if (const AccountId id{row.Int(std::size_t{0})}; !is_kept(id)) {
+    if (const AccountId id{row.Int(0)}; !is_kept(id)) {
       removed.try_emplace(IdentityOf(ParticipantId{row.Int(1)}, row.Text(2)), id);
     }
   }
@@ -121,8 +121,8 @@ std::vector<Account> ReadAccounts(Connection& connection, ClientId client) {
            "Select id,DMATAC,DPID,ACNo,(Select D.DPID From DpIDs D Where D.DepId=A.DMATAC and "
            "D.id=A.DPID Limit 1) From ClientActDet A Where CId=? Order By id",
            client)) {
-    accounts.push_back({AccountId{row.Int(std::size_t{0})}, ParticipantId{row.Int(1)},
-                        DpIdId{row.Int(2)}, row.Text(4), row.Text(3)});
+    accounts.push_back({AccountId{row.Int(0)}, ParticipantId{row.Int(1)}, DpIdId{row.Int(2)},
+                        row.Text(4), row.Text(3)});
   }
   return accounts;
 }

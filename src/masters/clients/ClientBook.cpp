@@ -1,6 +1,6 @@
 #include "masters/clients/ClientBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "masters/clients/AccountBook.h"
 
 #include <QCoreApplication>
@@ -30,7 +30,7 @@ std::string Columns() {
 
 Client ClientOf(const Recordset& row) {
   Client client;
-  client.id = ClientId{row.Int(std::size_t{0})};
+  client.id = ClientId{row.Int(0)};
   client.code = row.Text(1);
   client.group_code = row.Text(2);
   client.name = row.Text(3);
@@ -104,7 +104,7 @@ ClientBook::ClientBook(Connection& connection, documents::DocumentStore document
 std::vector<ClientRow> ClientBook::List() const {
   std::vector<ClientRow> clients;
   for (const auto& row : connection_.Open("Select Id,Code,Name From ClientInfo Order By Code,Id")) {
-    clients.push_back({ClientId{row.Int(std::size_t{0})}, row.Text(1), row.Text(2)});
+    clients.push_back({ClientId{row.Int(0)}, row.Text(1), row.Text(2)});
   }
   return clients;
 }
@@ -157,12 +157,11 @@ void ClientBook::Delete(ClientId id) {
   if (!id) {
     return;
   }
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     transaction.Execute("Delete From ClientInfo Where Id=?", id);
     for (const std::string& table : ClientTables(transaction)) {
       transaction.Execute(fmt::format("Delete From `{}` Where Cid=?", table), id);
     }
-    return std::nullopt;
   });
   try {
     documents_.Remove(id);
@@ -188,9 +187,12 @@ MaybeRefusal ClientBook::ReceiveDocument(Client& client, const Client& stored,
                                          const QString& new_document,
                                          documents::DocumentStore::Incoming& incoming) const {
   if (!new_document.isEmpty()) {
-    MaybeRefusal refusal = documents_.Receive(new_document, incoming);
-    client.document = incoming.Name();
-    return InDocumentBox(std::move(refusal));
+    auto received = documents_.Receive(new_document);
+    if (received) {
+      incoming = std::move(*received);
+      client.document = incoming.Name();
+    }
+    return InDocumentBox(received.Refused());
   }
   client.document = client.document.trimmed();
   const bool changed = client.document != stored.document.trimmed();

@@ -30,10 +30,9 @@ class StoredScrips {
              "Select S.Id,S.Code,S.NCode,S.Name,C.Name,T.Type From Script S "
              "Left Join ScriptClass C On C.Id=S.ScrCls Left Join ScriptType T On T.Id=S.Type "
              "Order By S.Id")) {
-      scrips_.push_back({ScripId{row.Int(std::size_t{0})}, ScripState::kUnchanged,
-                         std::string(row.Utf8(1)), std::string(files::Trimmed(row.Utf8(2))),
-                         std::string(row.Utf8(3)), std::string(row.Utf8(4)),
-                         std::string(row.Utf8(5))});
+      scrips_.push_back({ScripId{row.Int(0)}, ScripState::kUnchanged, std::string(row.Utf8(1)),
+                         std::string(files::Trimmed(row.Utf8(2))), std::string(row.Utf8(3)),
+                         std::string(row.Utf8(4)), std::string(row.Utf8(5))});
     }
     for (std::size_t place = 0; place < scrips_.size(); ++place) {
       by_id_.try_emplace(scrips_[place].id, place);
@@ -162,7 +161,7 @@ class NameKeys {
       : transaction_(transaction), table_(table) {
     for (const auto& row : transaction.Open(
              fmt::format("Select Id,{} From {} Order By Id For Update", column, table))) {
-      keys_.try_emplace(Folded(row.Utf8(1)), row.Int(std::size_t{0}));
+      keys_.try_emplace(Folded(row.Utf8(1)), row.Int(0));
     }
   }
 
@@ -281,13 +280,12 @@ ImportCounts CountStates(const std::vector<ImportedScrip>& scrips) {
 ImportCounts ImportScrips(database::Connection& connection, const PriceFile& file,
                           Progress& progress) {
   ImportCounts counts;
-  database::InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection, [&](Transaction& transaction) {
     // The key is asked for first: a second writer then waits until this one has ended.
     database::FirstFreeKey(transaction, "Script");
     const std::vector<ImportedScrip> plan = PlanImport(transaction.GetConnection(), file);
     counts = CountStates(plan);
     Write(transaction, plan, file.date, progress);
-    return std::nullopt;
   });
   return counts;
 }

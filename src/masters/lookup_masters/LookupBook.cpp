@@ -1,6 +1,6 @@
 #include "masters/lookup_masters/LookupBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/text/Amounts.h"
 
 #include <QCoreApplication>
@@ -82,22 +82,20 @@ MaybeRefusal LookupBook::Save(LookupRow& row) {
 
 std::vector<LookupRow> LookupBook::AddMissing(const std::vector<LookupRow>& rows) {
   std::vector<LookupRow> added;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     added.clear();
     for (LookupRow row : rows) {
       if (!SaveIn(transaction, row)) {
         added.push_back(std::move(row));
       }
     }
-    return std::nullopt;
   });
   return added;
 }
 
 void LookupBook::Delete(int id) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     transaction.Execute(fmt::format("Delete From {} Where Id=?", master_.table), id);
-    return std::nullopt;
   });
 }
 
@@ -122,7 +120,7 @@ bool LookupBook::IsTaken(Transaction& transaction, const LookupRow& row) const {
 }
 
 LookupRow LookupBook::RowOf(const Recordset& record) const {
-  LookupRow row{record.Int(std::size_t{0}), {}};
+  LookupRow row{record.Int(0), {}};
   for (std::size_t i = 0; i < master_.columns.size(); ++i) {
     row.values.push_back(TextOf(master_.columns[i], record, i + 1));
   }

@@ -1,7 +1,6 @@
 #include "masters/participants/ParticipantBook.h"
 
 #include "core/database/Keys.h"
-#include "core/database/RecordKey.h"
 
 #include <QCoreApplication>
 
@@ -31,7 +30,7 @@ std::string Columns() {
 
 Participant ParticipantOf(const Recordset& row) {
   Participant participant;
-  participant.id = ParticipantId{row.Int(std::size_t{0})};
+  participant.id = ParticipantId{row.Int(0)};
   participant.name = row.Text(1);
   participant.contact = masters::ContactOf(row, kFirstContactColumn);
   participant.person = row.Text(kAfterContact);
@@ -76,7 +75,7 @@ void NumberDpIds(Transaction& transaction, Participant& participant) {
   std::set<DpIdId> stored;
   for (const auto& row :
        transaction.Open("Select id From DpIDs Where DepId=? For Update", participant.id)) {
-    stored.insert(DpIdId{row.Int(std::size_t{0})});
+    stored.insert(DpIdId{row.Int(0)});
   }
   int next = database::FirstFreeKey(transaction, "DpIDs");
   for (DpId& dp_id : participant.dp_ids) {
@@ -142,7 +141,7 @@ std::vector<DpId> ParticipantBook::DpIds(ParticipantId id) const {
   std::vector<DpId> dp_ids;
   for (const auto& row :
        connection_.Open("Select id,DPID From DpIDs Where DepId=? Order By id", id)) {
-    dp_ids.push_back({DpIdId{row.Int(std::size_t{0})}, row.Text(1)});
+    dp_ids.push_back({DpIdId{row.Int(0)}, row.Text(1)});
   }
   return dp_ids;
 }
@@ -150,7 +149,7 @@ std::vector<DpId> ParticipantBook::DpIds(ParticipantId id) const {
 DpIdId ParticipantBook::FindDpId(ParticipantId id, const QString& text) const {
   Recordset rows =
       connection_.Open("Select id From DpIDs Where DepId=? and DPID=? Order By id", id, text);
-  return DpIdId{rows.Next() ? rows.Int(std::size_t{0}) : 0};
+  return DpIdId{rows.Next() ? rows.Int(0) : 0};
 }
 
 MaybeRefusal ParticipantBook::Save(Participant& participant) {
@@ -158,22 +157,20 @@ MaybeRefusal ParticipantBook::Save(Participant& participant) {
     return refusal;
   }
   Participant saved;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = participant;
     saved.id = database::ClaimKey(transaction, "DepPart", saved.id);
     Insert(transaction, saved);
     ReplaceDpIds(transaction, saved);
-    return std::nullopt;
   });
   participant = std::move(saved);
   return std::nullopt;
 }
 
 void ParticipantBook::Delete(ParticipantId id) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     transaction.Execute("Delete From DepPart Where Id=?", id);
     transaction.Execute("Delete From DpIDs Where DepId=?", id);
-    return std::nullopt;
   });
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Ids.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Transaction.h"
 #include "masters/Contact.h"
 

@@ -1,6 +1,6 @@
 #include "masters/scrips/ScripBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/database/TextWidths.h"
 #include "core/ledger/Lots.h"
 #include "core/ledger/Rebuild.h"
@@ -29,12 +29,8 @@ Refusal Refuse(const char* text, const QString& field) {
 }
 
 Scrip ScripOf(const Recordset& row) {
-  return {ScripId{row.Int(std::size_t{0})},
-          row.Text(1),
-          row.Text(2),
-          row.Text(3).trimmed(),
-          row.Int(4),
-          row.Int(5)};
+  return {ScripId{row.Int(0)},   row.Text(1), row.Text(2),
+          row.Text(3).trimmed(), row.Int(4),  row.Int(5)};
 }
 
 MaybeRefusal CheckWidths(const Scrip& scrip) {
@@ -72,7 +68,7 @@ std::vector<ClientYear> HoldersOf(Transaction& transaction, ScripId id) {
            "Where T.ScriptId=? Order By M.Cid,M.Fyear For Update",
            id)) {
     if (const auto year = text::FinancialYear::Parse(row.Text(1))) {
-      holders.push_back({ClientId{row.Int(std::size_t{0})}, *year});
+      holders.push_back({ClientId{row.Int(0)}, *year});
     }
   }
   return holders;
@@ -169,11 +165,10 @@ MaybeRefusal ScripBook::Save(Scrip& scrip) {
 }
 
 void ScripBook::Delete(ScripId id, Progress& progress) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     const std::vector<ClientYear> holders = HoldersOf(transaction, id);
     DeleteRows(transaction, id);
     RebuildEach(transaction, holders, progress);
-    return std::nullopt;
   });
 }
 

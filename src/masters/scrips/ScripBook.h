@@ -2,7 +2,7 @@
 
 #include "core/Ids.h"
 #include "core/Progress.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Transaction.h"
 
 #include <QString>

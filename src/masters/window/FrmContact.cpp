@@ -1,6 +1,6 @@
 #include "masters/window/FrmContact.h"
 
-#include "core/lookups/StateList.h"
+#include "core/lookups/Choices.h"
 
 namespace quorvane::masters {
 

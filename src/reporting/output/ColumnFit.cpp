@@ -5,6 +5,7 @@
 #include <numeric>
 
 namespace quorvane::reporting {
+
 namespace {
 
 constexpr int kStepRows = 1000;
@@ -37,7 +38,7 @@ std::vector<Setting> Settings(Orientation orientation) {
 }
 
 /// What a table's columns want, for type of size 1.
-struct Wish {
+struct Widths {
   std::vector<double> widths;    ///< with long texts broken
   std::vector<double> headings;  ///< with the heading in one line
   std::vector<bool> bends;       ///< texts, which can be broken further
@@ -57,51 +58,51 @@ class Measurer {
   Measurer(Typesetter& typesetter, Progress& progress)
       : typesetter_(typesetter), progress_(progress) {}
 
-  Wish Measure(const Table& table) {
-    Wish wish;
+  Widths Measure(const Table& table) {
+    Widths measured;
     for (const Column& column : table.columns) {
-      wish.widths.push_back(LongestWord(typesetter_, column.heading));
-      wish.headings.push_back(typesetter_.Width(column.heading.toStdString(), Face::kBold));
-      wish.bends.push_back(column.mask == Mask::kText && column.alignment == Alignment::kLeft);
+      measured.widths.push_back(LongestWord(typesetter_, column.heading));
+      measured.headings.push_back(typesetter_.Width(column.heading.toStdString(), Face::kBold));
+      measured.bends.push_back(column.mask == Mask::kText && column.alignment == Alignment::kLeft);
     }
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
-      wish.insets += StandsApart(table, i) ? 1 : 0;
+      measured.insets += StandsApart(table, i) ? 1 : 0;
     }
     for (const Row& row : table.rows) {
       if (row.kind != RowKind::kGroup && row.kind != RowKind::kGap) {
-        MeasureRow(table, row, wish);
+        MeasureRow(table, row, measured);
       }
       if (++done_ % kStepRows == 0) {
         progress_.Step(done_);
         progress_.ThrowIfCancelled();
       }
     }
-    WidenForGroups(table, wish);
-    return wish;
+    WidenForGroups(table, measured);
+    return measured;
   }
 
  private:
-  void MeasureRow(const Table& table, const Row& row, Wish& wish) {
-    const std::size_t count = std::min(row.cells.size(), wish.widths.size());
+  void MeasureRow(const Table& table, const Row& row, Widths& measured) {
+    const std::size_t count = std::min(row.cells.size(), measured.widths.size());
     for (std::size_t i = 0; i < count; ++i) {
       text_.clear();
       AppendCell(text_, row.cells[i], table.columns[i].mask);
       const double width = typesetter_.Width(text_, FaceOf(row.kind));
-      wish.widths[i] =
-          std::max(wish.widths[i], wish.bends[i] ? std::min(width, kWidestText) : width);
+      measured.widths[i] =
+          std::max(measured.widths[i], measured.bends[i] ? std::min(width, kWidestText) : width);
     }
   }
 
-  void WidenForGroups(const Table& table, Wish& wish) {
+  void WidenForGroups(const Table& table, Widths& measured) {
     std::size_t first = 0;
     for (const ColumnGroup& group : table.groups) {
-      const std::size_t end = std::min(first + group.columns, wish.widths.size());
-      const auto begin = wish.widths.begin() + static_cast<std::ptrdiff_t>(first);
+      const std::size_t end = std::min(first + group.columns, measured.widths.size());
+      const auto begin = measured.widths.begin() + static_cast<std::ptrdiff_t>(first);
       const double has =
-          std::accumulate(begin, wish.widths.begin() + static_cast<std::ptrdiff_t>(end), 0.0);
+          std::accumulate(begin, measured.widths.begin() + static_cast<std::ptrdiff_t>(end), 0.0);
       const double missing = LongestWord(typesetter_, group.heading) - has;
       for (std::size_t i = first; i < end && missing > 0; ++i) {
-        wish.widths[i] += missing / static_cast<double>(end - first);
+        measured.widths[i] += missing / static_cast<double>(end - first);
       }
       first = end;
     }
@@ -114,23 +115,24 @@ class Measurer {
 };
 
 /// The room beside the texts of a table.
-double Gaps(const Wish& wish) {
-  return 2 * kCellGap * static_cast<double>(wish.widths.size()) + wish.insets * kInset;
+double Gaps(const Widths& measured) {
+  return 2 * kCellGap * static_cast<double>(measured.widths.size()) + measured.insets * kInset;
 }
 
-double Width(const Wish& wish, double type) {
-  return std::accumulate(wish.widths.begin(), wish.widths.end(), 0.0) * type + Gaps(wish);
+double Width(const Widths& measured, double type) {
+  return std::accumulate(measured.widths.begin(), measured.widths.end(), 0.0) * type +
+         Gaps(measured);
 }
 
 /// Takes from the columns of text what the table is too wide by; true when that is enough.
-bool Bend(Wish& wish, double type, double room) {
-  for (std::size_t i = 0; i < wish.widths.size() && Width(wish, type) > room; ++i) {
-    const double excess = (Width(wish, type) - room) / type;
-    if (wish.bends[i] && wish.widths[i] > kNarrowestText) {
-      wish.widths[i] = std::max(kNarrowestText, wish.widths[i] - excess);
+bool Bend(Widths& measured, double type, double room) {
+  for (std::size_t i = 0; i < measured.widths.size() && Width(measured, type) > room; ++i) {
+    const double excess = (Width(measured, type) - room) / type;
+    if (measured.bends[i] && measured.widths[i] > kNarrowestText) {
+      measured.widths[i] = std::max(kNarrowestText, measured.widths[i] - excess);
     }
   }
-  return Width(wish, type) <= room;
+  return Width(measured, type) <= room;
 }
 
 double Room(PageSize page) {
@@ -139,20 +141,21 @@ double Room(PageSize page) {
 
 /// The first setting in which every table fits; in the last one texts are broken further, and type
 /// shrinks when not even that helps.
-Setting Choose(std::vector<Wish>& wishes, Orientation orientation) {
+Setting Choose(std::vector<Widths>& all_widths, Orientation orientation) {
   const std::vector<Setting> settings = Settings(orientation);
   for (const Setting& setting : settings) {
-    if (std::ranges::all_of(wishes, [&](const Wish& wish) {
-          return Width(wish, setting.type) <= Room(setting.page);
+    if (std::ranges::all_of(all_widths, [&](const Widths& measured) {
+          return Width(measured, setting.type) <= Room(setting.page);
         })) {
       return setting;
     }
   }
   Setting last = settings.back();
   last.type = 7;
-  for (Wish& wish : wishes) {
-    if (!Bend(wish, last.type, Room(last.page))) {
-      last.type *= (Room(last.page) - Gaps(wish)) / (Width(wish, last.type) - Gaps(wish));
+  for (Widths& measured : all_widths) {
+    if (!Bend(measured, last.type, Room(last.page))) {
+      last.type *=
+          (Room(last.page) - Gaps(measured)) / (Width(measured, last.type) - Gaps(measured));
       last.type = std::max(last.type, 1.0);
     }
   }
@@ -160,14 +163,15 @@ Setting Choose(std::vector<Wish>& wishes, Orientation orientation) {
 }
 
 /// Shares of the room that is left over: the given weights, else the texts, else everybody.
-std::vector<double> Shares(const Table& table, const Wish& wish) {
+std::vector<double> Shares(const Table& table, const Widths& measured) {
   std::vector<double> shares;
   for (const Column& column : table.columns) {
     shares.push_back(column.weight);
   }
   const auto nobody = [&] { return std::ranges::all_of(shares, [](double x) { return x == 0; }); };
   if (nobody()) {
-    std::ranges::transform(wish.bends, shares.begin(), [](bool bends) { return bends ? 1 : 0; });
+    std::ranges::transform(measured.bends, shares.begin(),
+                           [](bool bends) { return bends ? 1 : 0; });
   }
   if (nobody()) {
     std::ranges::fill(shares, 1);
@@ -190,9 +194,10 @@ void Loosen(const PageLayout& layout, std::vector<double>& widths) {
 }
 
 /// Gives columns room for a heading in one line as long as there is some.
-void UnbreakHeadings(const Wish& wish, const PageLayout& layout, std::vector<double>& widths) {
+void UnbreakHeadings(const Widths& measured, const PageLayout& layout,
+                     std::vector<double>& widths) {
   for (std::size_t i = 0; i < widths.size(); ++i) {
-    const double missing = wish.headings[i] * layout.type + 2 * kCellGap - widths[i];
+    const double missing = measured.headings[i] * layout.type + 2 * kCellGap - widths[i];
     const double left_over = layout.Room() - Sum(widths);
     if (missing > 0 && missing <= left_over) {
       widths[i] += missing;
@@ -200,15 +205,15 @@ void UnbreakHeadings(const Wish& wish, const PageLayout& layout, std::vector<dou
   }
 }
 
-void Place(const Table& table, const Wish& wish, PageLayout& layout, TableShape& shape) {
+void Place(const Table& table, const Widths& measured, PageLayout& layout, TableShape& shape) {
   std::vector<double> widths;
-  for (std::size_t i = 0; i < wish.widths.size(); ++i) {
+  for (std::size_t i = 0; i < measured.widths.size(); ++i) {
     const double inset = StandsApart(table, i) ? kInset : 0;
-    widths.push_back(wish.widths[i] * layout.type + 2 * kCellGap + inset);
+    widths.push_back(measured.widths[i] * layout.type + 2 * kCellGap + inset);
   }
-  UnbreakHeadings(wish, layout, widths);
+  UnbreakHeadings(measured, layout, widths);
   Loosen(layout, widths);
-  const std::vector<double> shares = Shares(table, wish);
+  const std::vector<double> shares = Shares(table, measured);
   const double all = Sum(shares);
   const double left_over = std::max(0.0, layout.Room() - Sum(widths));
   for (std::size_t i = 0; i < widths.size() && all > 0; ++i) {
@@ -267,22 +272,73 @@ void CountLines(const Table& table, const PageLayout& layout, TableShape& shape,
 void FitColumns(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
                 PageLayout& layout) {
   Measurer measurer(typesetter, progress);
-  std::vector<Wish> wishes;
+  std::vector<Widths> all_widths;
   for (const Table& table : document.tables) {
-    wishes.push_back(measurer.Measure(table));
+    all_widths.push_back(measurer.Measure(table));
   }
-  const Setting setting = Choose(wishes, document.orientation);
+  const Setting setting = Choose(all_widths, document.orientation);
   layout.page = setting.page;
   layout.type = setting.type;
   layout.row_height = typesetter.LineHeight() * setting.type + kRowPadding;
-  for (std::size_t i = 0; i < wishes.size(); ++i) {
+  for (std::size_t i = 0; i < all_widths.size(); ++i) {
     const Table& table = document.tables[i];
     TableShape& shape = layout.tables.emplace_back();
-    Place(table, wishes[i], layout, shape);
+    Place(table, all_widths[i], layout, shape);
     shape.headings_height = HeadingsHeight(table, layout, shape, typesetter);
     shape.groups_height = table.groups.empty() ? 0 : layout.row_height + kRowPadding;
     CountLines(table, layout, shape, typesetter);
   }
+}
+
+namespace {
+
+constexpr int kPortraitLetters = 95;
+constexpr int kGap = 2;
+
+int Letters(const std::string& utf8) {
+  return static_cast<int>(std::ranges::count_if(
+      utf8, [](char c) { return (static_cast<unsigned char>(c) >> 6) != 2; }));
+}
+
+void WidenForGroups(const Table& table, std::vector<int>& widths) {
+  std::size_t first = 0;
+  for (const ColumnGroup& group : table.groups) {
+    const std::size_t end = std::min(first + group.columns, widths.size());
+    if (end > first) {
+      const auto begin = widths.begin() + static_cast<std::ptrdiff_t>(first);
+      const int has = std::accumulate(begin, widths.begin() + static_cast<std::ptrdiff_t>(end), 0);
+      widths[end - 1] += std::max(0, static_cast<int>(group.heading.size()) - has);
+    }
+    first = end;
+  }
+}
+
+}  // namespace
+
+std::vector<int> LetterWidths(const Table& table) {
+  std::vector<int> widths;
+  for (const Column& column : table.columns) {
+    widths.push_back(static_cast<int>(column.heading.size()));
+  }
+  std::string text;
+  for (const Row& row : table.rows) {
+    const bool whole_width = row.kind == RowKind::kGroup || row.kind == RowKind::kGap;
+    const std::size_t count = whole_width ? 0 : std::min(row.cells.size(), widths.size());
+    for (std::size_t i = 0; i < count; ++i) {
+      text.clear();
+      AppendCell(text, row.cells[i], table.columns[i].mask);
+      widths[i] = std::max(widths[i], Letters(text));
+    }
+  }
+  WidenForGroups(table, widths);
+  return widths;
+}
+
+bool IsWide(const ReportDocument& document, const std::vector<int>& widths) {
+  const int letters =
+      std::accumulate(widths.begin(), widths.end(), kGap * static_cast<int>(widths.size()));
+  return document.orientation == Orientation::kLandscape ||
+         (document.orientation == Orientation::kByWidth && letters > kPortraitLetters);
 }
 
 }  // namespace quorvane::reporting

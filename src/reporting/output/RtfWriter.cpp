@@ -1,6 +1,6 @@
 #include "reporting/output/RtfWriter.h"
 
-#include "reporting/output/LetterWidths.h"
+#include "reporting/output/ColumnFit.h"
 
 #include <QCoreApplication>
 

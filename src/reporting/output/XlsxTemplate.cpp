@@ -1,9 +1,11 @@
 #include "reporting/output/XlsxTemplate.h"
 
+#include "core/app/Ini.h"
 #include "core/platform/PrivateFile.h"
 #include "reporting/output/package/WorkbookPackage.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -12,6 +14,7 @@
 #include <stdexcept>
 
 namespace quorvane::reporting {
+
 namespace {
 
 constexpr std::size_t kStepLines = 1000;
@@ -199,6 +202,24 @@ void XlsxTemplate::RemoveSheetOf(const QString& name) {
 
 void XlsxTemplate::Save(const QString& path) const {
   book_->Save(path);
+}
+
+QString TemplatePath(const app::Folders& folders, const QString& file_name) {
+  const app::IniFile settings(folders.config_file);
+  const QString folder =
+      settings.Read(QStringLiteral("Paths"), QStringLiteral("Reports"), folders.data);
+  return QDir(folder).filePath(file_name);
+}
+
+MaybeRefusal RefuseWithoutTemplate(const QString& path) {
+  if (QFileInfo(path).isFile()) {
+    return std::nullopt;
+  }
+  return Refusal{QCoreApplication::translate("TemplateFolder",
+                                             "The template %1 is not there. Put it back, or name "
+                                             "its folder in the settings.")
+                     .arg(QDir::toNativeSeparators(path)),
+                 QString()};
 }
 
 }  // namespace quorvane::reporting

@@ -1,6 +1,6 @@
 #include "reporting/output/XlsxWriter.h"
 
-#include "reporting/output/LetterWidths.h"
+#include "reporting/output/ColumnFit.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 namespace quorvane::reporting {
+
 namespace {
 
 QString Tr(const char* text) {
@@ -49,6 +50,49 @@ MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year) {
 QString PeriodLine(const Period& period) {
   return Tr("Period - From ") + text::FormatDmy(period.from) + Tr(" To ") +
          text::FormatDmy(period.to);
+}
+
+namespace {
+
+constexpr int kMonths = 12;
+constexpr int kApril = 4;
+
+text::Date FirstDay(int month, int year) {
+  return *text::MakeDate(1, month, year);
+}
+
+}  // namespace
+
+const QStringList& MonthNames() {
+  // The spelling of the second month of the year is the one that the users' records have.
+  static const QStringList kNames{
+      QStringLiteral("April"),   QStringLiteral("May"),      QStringLiteral("June"),
+      QStringLiteral("July"),    QStringLiteral("August"),   QStringLiteral("September"),
+      QStringLiteral("October"), QStringLiteral("November"), QStringLiteral("December"),
+      QStringLiteral("January"), QStringLiteral("Febuary"),  QStringLiteral("March")};
+  return kNames;
+}
+
+int MonthNumber(const QString& name) {
+  for (int i = 0; i < kMonths; ++i) {
+    if (MonthNames()[i].compare(name.trimmed(), Qt::CaseInsensitive) == 0) {
+      return (i + kApril - 1) % kMonths + 1;
+    }
+  }
+  return 0;
+}
+
+std::variant<Period, Refusal> MonthPeriod(text::FinancialYear year, int month_number) {
+  if (month_number < 1 || month_number > kMonths) {
+    return Refusal{
+        QCoreApplication::translate(
+            "ReportPeriod", "Month is not between in Financial year Period.Pls Fill Correct"),
+        QString()};
+  }
+  const int calendar_year = year.FirstCalendarYear() + (month_number < kApril ? 1 : 0);
+  const text::Date next = month_number == kMonths ? FirstDay(1, calendar_year + 1)
+                                                  : FirstDay(month_number + 1, calendar_year);
+  return Period{FirstDay(month_number, calendar_year), next - std::chrono::days(1)};
 }
 
 }  // namespace quorvane::reporting

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/text/FinancialYear.h"
+
+#include <QStringList>
 
 #include <optional>
 #include <variant>
@@ -33,5 +35,17 @@ MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year);
 
 /// "Period - From 01/04/2011 To 31/03/2012".
 QString PeriodLine(const Period& period);
+
+/// The months of a financial year in their order, "April" to "March".
+const QStringList& MonthNames();
+
+/// The number of a month in the calendar (1 to 12) by its name, without regard to capitals; 0 for
+/// another text.
+int MonthNumber(const QString& name);
+
+/// The first to the last day of a month of the financial year: April to December lie in its first
+/// calendar year, January to March in its second. Refused for a number that is no month's: "Month
+/// is not between in Financial year Period.Pls Fill Correct".
+std::variant<Period, Refusal> MonthPeriod(text::FinancialYear year, int month_number);
 
 }  // namespace quorvane::reporting

@@ -6,7 +6,7 @@ namespace {
 std::vector<lookups::Item> ReadItems(database::Recordset rows) {
   std::vector<lookups::Item> items;
   while (rows.Next()) {
-    items.push_back({rows.Int(std::size_t{0}), rows.Text(1)});
+    items.push_back({rows.Int(0), rows.Text(1)});
   }
   return items;
 }

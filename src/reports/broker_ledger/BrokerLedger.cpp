@@ -64,7 +64,7 @@ class LedgerReader {
 
   void ReadBrokers() {
     for (const auto& row : connection_.Open("Select Id,Name From Broker Order By Name,Id")) {
-      const BrokerId id{row.Int(std::size_t{0})};
+      const BrokerId id{row.Int(0)};
       if (query_.brokers.empty() || std::ranges::find(query_.brokers, id) != query_.brokers.end()) {
         places_.emplace(id, accounts_.size());
         accounts_.push_back({id, row.Text(1), {}});

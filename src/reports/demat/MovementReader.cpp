@@ -53,17 +53,17 @@ std::vector<RawMovement> MovementReader::Read() {
 
 void MovementReader::ReadMasters() {
   for (const auto& row : connection_.Open("Select Id From ClientInfo Order By Code,Id")) {
-    clients_.Add(row.Int(std::size_t{0}));
+    clients_.Add(row.Int(0));
   }
   for (const auto& row : connection_.Open("Select id,ACNo From ClientActDet Order By ACNo,id")) {
-    accounts_.Add(row.Int(std::size_t{0}));
-    numbers_.emplace(row.Int(std::size_t{0}), row.Text(1));
+    accounts_.Add(row.Int(0));
+    numbers_.emplace(row.Int(0), row.Text(1));
   }
   for (const auto& row : connection_.Open("Select Id From Script Order By Name,Id")) {
-    scrips_.Add(row.Int(std::size_t{0}));
+    scrips_.Add(row.Int(0));
   }
   for (const auto& row : connection_.Open("Select Id,Name From Broker")) {
-    brokers_.emplace(row.Int(std::size_t{0}), row.Text(1));
+    brokers_.emplace(row.Int(0), row.Text(1));
   }
 }
 

@@ -65,14 +65,14 @@ class BillReader {
 
   void ReadMasters() {
     for (const auto& row : connection_.Open("Select Id From ClientInfo Order By Code,Id")) {
-      clients_.Add(row.Int(std::size_t{0}));
+      clients_.Add(row.Int(0));
     }
     for (const auto& row : connection_.Open("Select id From ClientActDet Order By ACNo,id")) {
-      accounts_.Add(row.Int(std::size_t{0}));
+      accounts_.Add(row.Int(0));
     }
     for (const auto& row : connection_.Open("Select Id,Name From Broker Order By Name,Id")) {
-      brokers_.Add(row.Int(std::size_t{0}));
-      names_.emplace(BrokerId{row.Int(std::size_t{0})}, row.Text(1));
+      brokers_.Add(row.Int(0));
+      names_.emplace(BrokerId{row.Int(0)}, row.Text(1));
     }
   }
 

@@ -3,7 +3,7 @@
 #include "core/gains/History.h"
 #include "core/text/Amounts.h"
 #include "core/text/Shares.h"
-#include "reports/mis/Selection.h"
+#include "reports/mis/MisQuery.h"
 
 #include <algorithm>
 #include <numeric>

@@ -11,7 +11,7 @@ using database::Value;
 std::vector<lookups::Item> ReadItems(database::Recordset rows) {
   std::vector<lookups::Item> items;
   while (rows.Next()) {
-    items.push_back({rows.Int(std::size_t{0}), rows.Text(1)});
+    items.push_back({rows.Int(0), rows.Text(1)});
   }
   return items;
 }
@@ -47,7 +47,7 @@ QStringList ClientGroups(database::Connection& connection) {
   for (const auto& row : connection.Open(
            "Select Min(Trim(GCode)) From ClientInfo Where Trim(GCode)<>'' Group By Trim(GCode) "
            "Order By 1")) {
-    groups << row.Text(std::size_t{0});
+    groups << row.Text(0);
   }
   return groups;
 }
@@ -63,7 +63,7 @@ std::vector<lookups::Item> ClientsOfGroup(database::Connection& connection, cons
 
 QString GroupOfClient(database::Connection& connection, ClientId client) {
   auto rows = connection.Open("Select Trim(GCode) From ClientInfo Where Id=?", client);
-  return rows.Next() ? rows.Text(std::size_t{0}) : QString();
+  return rows.Next() ? rows.Text(0) : QString();
 }
 
 std::vector<AccountItem> AccountsOfClients(database::Connection& connection,
@@ -79,7 +79,7 @@ std::vector<AccountItem> AccountsOfClients(database::Connection& connection,
        connection.OpenValues("Select id,ACNo,CId From ClientActDet Where CId In " + set.Places() +
                                  " Order By ACNo,id",
                              values)) {
-    accounts.push_back({AccountId{row.Int(std::size_t{0})}, row.Text(1), ClientId{row.Int(2)}});
+    accounts.push_back({AccountId{row.Int(0)}, row.Text(1), ClientId{row.Int(2)}});
   }
   return accounts;
 }

@@ -39,7 +39,7 @@ reporting::Period PeriodOf(const MisQuery& query) {
 }
 
 /// The client, or the group of which they are all; nothing for any other selection.
-QString Whose(const MisQuery& query, const Names& names) {
+QString ClientsText(const MisQuery& query, const Names& names) {
   if (query.clients.empty()) {
     return {};
   }
@@ -67,9 +67,9 @@ void AddTitles(reporting::ReportDocument& document, const MisQuery& query, const
   if (!IsOfOneDay(query.kind) && query.period != reporting::Period::Of(query.year)) {
     document.titles << reporting::PeriodLine(query.period);
   }
-  const QString whose = Whose(query, names);
-  if (!whose.isEmpty()) {
-    document.titles << whose;
+  const QString clients = ClientsText(query, names);
+  if (!clients.isEmpty()) {
+    document.titles << clients;
   }
 }
 

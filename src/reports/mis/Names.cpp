@@ -14,7 +14,7 @@ std::string Padded(const std::string& text, int id) {
 
 Names::Names(database::Connection& connection) : directory_(connection) {
   for (const auto& row : connection.Open("Select Id,GCode From ClientInfo")) {
-    groups_.emplace(ClientId{row.Int(std::size_t{0})}, row.Utf8(1));
+    groups_.emplace(ClientId{row.Int(0)}, row.Utf8(1));
   }
 }
 

@@ -5,9 +5,9 @@
 #include "reporting/charts/GainsChart.h"
 #include "reports/mis/Holdings.h"
 #include "reports/mis/MarketRates.h"
+#include "reports/mis/MisQuery.h"
 #include "reports/mis/MisReport.h"
 #include "reports/mis/Names.h"
-#include "reports/mis/Selection.h"
 
 #include <QCoreApplication>
 

@@ -105,7 +105,6 @@ void RebuildAverageRates(Connection& connection, const Place& place,
     if (!AreStored(connection, place, walks)) {
       Store(transaction, place, walks);
     }
-    return MaybeRefusal();
   });
 }
 

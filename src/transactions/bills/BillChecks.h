@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/records/BillAmounts.h"
 #include "core/text/Dates.h"
 #include "core/text/FinancialYear.h"

@@ -240,7 +240,6 @@ void BillEntry::Cancel() {
   lots_.reset();
   database::InTransaction(connection_, [&](database::Transaction& transaction) {
     ledger::ClearScratch(transaction, of_);
-    return MaybeRefusal();
   });
 }
 

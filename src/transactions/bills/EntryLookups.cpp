@@ -38,7 +38,7 @@ records::ChargePercents ReadPercents(database::Connection& connection, text::Fin
            "Select Name,Percent From TransTaxPer Where FYear=? and (Name=? or Name=? or "
            "Name='Service Tax')",
            year.Text(), names.brokerage, names.stt)) {
-    const QString name = row.Text(std::size_t{0});
+    const QString name = row.Text(0);
     double& percent =
         name.compare(QLatin1String(names.brokerage), Qt::CaseInsensitive) == 0 ? percents.brokerage
         : name.compare(QLatin1String(names.stt), Qt::CaseInsensitive) == 0     ? percents.stt

@@ -2,7 +2,7 @@
 
 #include "core/database/Transaction.h"
 #include "core/ledger/Posting.h"
-#include "transactions/posting/Shortage.h"
+#include "transactions/posting/Owner.h"
 
 #include <algorithm>
 
@@ -27,7 +27,6 @@ EntryLots::EntryLots(database::Connection& connection, const ledger::Place& plac
 void EntryLots::WriteScratch(const ledger::Lots& lots) {
   database::InTransaction(*connection_, [&](Transaction& transaction) {
     ledger::WriteScratch(transaction, place_.of, lots);
-    return MaybeRefusal();
   });
 }
 

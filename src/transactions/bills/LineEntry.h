@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/records/Bill.h"
 #include "core/records/Lot.h"
 #include "transactions/bills/BillBoxes.h"

@@ -1,7 +1,6 @@
 #include "transactions/broker_money/BrokerOpeningBook.h"
 
 #include "core/database/Keys.h"
-#include "core/database/RecordKey.h"
 #include "core/records/Bill.h"
 #include "core/records/Writing.h"
 #include "core/text/Amounts.h"
@@ -11,6 +10,37 @@
 #include <map>
 
 namespace quorvane::broker_money {
+
+namespace {
+
+Refusal Refuse(const char* text, const char* field) {
+  return {QCoreApplication::translate("BrokerMoney", text), QString::fromLatin1(field)};
+}
+
+}  // namespace
+
+MaybeRefusal CheckBrokerOpening(const BrokerOpening& opening) {
+  if (!opening.broker) {
+    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Enter Broker Name."), "Combo1");
+  }
+  if (!(opening.amount > 0)) {
+    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Enter Opening Balance Greater than Zero."),
+                  "Text1_0");
+  }
+  if (!opening.side) {
+    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Select Dr/Cr."), "Combo2");
+  }
+  return std::nullopt;
+}
+
+BrokerOpening CarriedOpening(BrokerId broker, std::int64_t balance_paise) {
+  const bool debit = balance_paise < 0;
+  return {.id = {},
+          .broker = broker,
+          .amount = text::FromPaise(debit ? -balance_paise : balance_paise),
+          .side = debit ? LedgerSide::kDebit : LedgerSide::kCredit};
+}
+
 namespace {
 
 using database::Connection;
@@ -60,7 +90,7 @@ class Closing {
 
   Balances Read() {
     for (const auto& row : connection_.Open("Select Id From Broker")) {
-      balances_.try_emplace(BrokerId{row.Int(std::size_t{0})});
+      balances_.try_emplace(BrokerId{row.Int(0)});
     }
     SelectOf<records::BrokerOpening>(connection_, of_).Shared().Each([this](const auto& row) {
       Add(row.broker, row.side == LedgerSide::kDebit ? -row.amount : row.amount);
@@ -164,11 +194,10 @@ MaybeRefusal BrokerOpeningBook::Save(BrokerOpening& opening) {
 }
 
 void BrokerOpeningBook::Delete(BrokerOpeningId id) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     records::Delete<records::BrokerOpening>(transaction)
         .Where(&records::BrokerOpening::id, id.value)
         .Run();
-    return std::nullopt;
   });
 }
 
@@ -182,13 +211,12 @@ bool BrokerOpeningBook::HasBalancesToCarryForward() const {
 
 std::size_t BrokerOpeningBook::CarryForward() {
   std::size_t written = 0;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     Balances balances = Closing(transaction, {of_.client, of_.year.Previous()}).Read();
     KeepOthers(transaction, of_, balances);
     DeleteRows(transaction, of_, balances);
     InsertRows(transaction, of_, balances);
     written = balances.size();
-    return std::nullopt;
   });
   return written;
 }

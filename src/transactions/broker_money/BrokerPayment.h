@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Ids.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/text/FinancialYear.h"
 
 #include <QString>

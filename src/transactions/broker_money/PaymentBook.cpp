@@ -1,6 +1,6 @@
 #include "transactions/broker_money/PaymentBook.h"
 
-#include "core/database/RecordKey.h"
+#include "core/database/Keys.h"
 #include "core/records/Money.h"
 #include "core/records/Writing.h"
 
@@ -59,22 +59,20 @@ MaybeRefusal PaymentBook::Save(BrokerPayment& payment) {
     return refusal;
   }
   BrokerPayment saved;
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     saved = payment;
     saved.id = database::ClaimKey(transaction, PaymentTable(kind_), saved.id);
     records::Insert(transaction, RecordOf(of_, saved), PaymentTable(kind_));
-    return std::nullopt;
   });
   payment = saved;
   return std::nullopt;
 }
 
 void PaymentBook::Delete(PaymentId id) {
-  database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  database::InTransaction(connection_, [&](Transaction& transaction) {
     records::Delete<records::Payment>(transaction, PaymentTable(kind_))
         .Where(&records::Payment::id, id.value)
         .Run();
-    return std::nullopt;
   });
 }
 

@@ -5,7 +5,6 @@
 #include "core/ledger/Posting.h"
 #include "core/records/Writing.h"
 #include "transactions/posting/Owner.h"
-#include "transactions/posting/Shortage.h"
 
 #include <algorithm>
 #include <set>

@@ -2,7 +2,7 @@
 
 #include "core/ClientYear.h"
 #include "core/Progress.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Transaction.h"
 #include "core/gains/RemainingLots.h"
 #include "transactions/opening_stock/OpeningStock.h"

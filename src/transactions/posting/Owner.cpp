@@ -9,6 +9,7 @@
 #include <vector>
 
 namespace quorvane::posting {
+
 namespace {
 
 Refusal Deleted(const char* text, const QString& field) {
@@ -84,12 +85,27 @@ MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const Scr
   for (const auto& row : transaction.GetConnection().OpenValues(
            fmt::format("Select Id From Script Where Id In ({}) Lock In Share Mode", places),
            values)) {
-    missing.erase(ScripId{row.Int(std::size_t{0})});
+    missing.erase(ScripId{row.Int(0)});
   }
   if (missing.empty()) {
     return std::nullopt;
   }
   return Deleted(QT_TRANSLATE_NOOP("Posting", "This Script was Deleted in the Meantime."), field);
+}
+
+MaybeRefusal RefuseShortage(database::Connection& connection, const ledger::Lots& lots,
+                            const QString& field) {
+  const std::optional<ScripId> scrip = lots.Shortage();
+  if (!scrip) {
+    return std::nullopt;
+  }
+  auto rows = connection.Open("Select Name From Script Where Id=?", *scrip);
+  const QString name = rows.Next() ? rows.Text(0) : QString();
+  return Refusal{
+      QCoreApplication::translate(
+          "Posting", "You Can't Update Record.\n\nQunatity of %1 Script Can't be Negative Value.")
+          .arg(name),
+      field};
 }
 
 }  // namespace quorvane::posting

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "core/Ids.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Transaction.h"
+#include "core/ledger/Lots.h"
 
 #include <span>
 
@@ -36,6 +37,15 @@ MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const Scr
 inline MaybeRefusal CheckScrip(database::Transaction& transaction, ScripId scrip, ScripId recorded,
                                const QString& field) {
   return CheckScrips(transaction, std::span(&scrip, 1), std::span(&recorded, 1), field);
+}
+
+/// The refusal of a record that would leave a lot below zero because its shares were sold or
+/// transferred; it names the scrip. `field` is what gets the focus.
+MaybeRefusal RefuseShortage(database::Connection& connection, const ledger::Lots& lots,
+                            const QString& field);
+inline MaybeRefusal RefuseShortage(database::Transaction& transaction, const ledger::Lots& lots,
+                                   const QString& field) {
+  return RefuseShortage(transaction.GetConnection(), lots, field);
 }
 
 }  // namespace quorvane::posting

@@ -4,7 +4,6 @@
 #include "core/ledger/Posting.h"
 #include "core/records/Writing.h"
 #include "transactions/posting/Owner.h"
-#include "transactions/posting/Shortage.h"
 
 #include <algorithm>
 
@@ -29,7 +28,7 @@ std::optional<Transfer> ReadForUpdate(Connection& connection, const ClientYear& 
 ClientId OwnerOf(Transaction& transaction, AccountId account) {
   auto rows =
       transaction.Open("Select CId From ClientActDet Where id=? Lock In Share Mode", account);
-  return rows.Next() ? ClientId{rows.Int(std::size_t{0})} : ClientId{};
+  return rows.Next() ? ClientId{rows.Int(0)} : ClientId{};
 }
 
 void DeleteRow(Transaction& transaction, const Transfer& transfer) {
@@ -167,18 +166,14 @@ ledger::Lots TransferBook::Begin(const std::optional<Transfer>& changed) {
   if (changed) {
     ledger::TakeBack(lots, *changed);
   }
-  database::InTransaction(connection_, [&](Transaction& transaction) {
-    ledger::WriteScratch(transaction, of_, lots);
-    return MaybeRefusal();
-  });
+  database::InTransaction(
+      connection_, [&](Transaction& transaction) { ledger::WriteScratch(transaction, of_, lots); });
   return lots;
 }
 
 void TransferBook::End() {
-  database::InTransaction(connection_, [&](Transaction& transaction) {
-    ledger::ClearScratch(transaction, of_);
-    return MaybeRefusal();
-  });
+  database::InTransaction(
+      connection_, [&](Transaction& transaction) { ledger::ClearScratch(transaction, of_); });
 }
 
 }  // namespace quorvane::transfers

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/ClientYear.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Transaction.h"
 #include "core/ledger/Lots.h"
 #include "transactions/transfers/Transfer.h"

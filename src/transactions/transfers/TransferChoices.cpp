@@ -9,8 +9,7 @@ std::vector<lookups::Item> AccountsOfOtherClients(database::Connection& connecti
            "Select A.id,C.Name,A.ACNo From ClientActDet A Join ClientInfo C On C.Id=A.CId Where "
            "A.CId<>? Order By C.Name,A.ACNo,A.id",
            client)) {
-    items.push_back(
-        {row.Int(std::size_t{0}), QStringLiteral("%1 - %2").arg(row.Text(1), row.Text(2))});
+    items.push_back({row.Int(0), QStringLiteral("%1 - %2").arg(row.Text(1), row.Text(2))});
   }
   return items;
 }
@@ -18,7 +17,7 @@ std::vector<lookups::Item> AccountsOfOtherClients(database::Connection& connecti
 QString ClientChoiceList(database::Connection& connection) {
   std::vector<lookups::Item> clients;
   for (const auto& row : connection.Open("Select Id,Name From ClientInfo")) {
-    clients.push_back({row.Int(std::size_t{0}), row.Text(1)});
+    clients.push_back({row.Int(0), row.Text(1)});
   }
   return lookups::ListOf(clients);
 }

@@ -1,6 +1,6 @@
 #include "ui/main/HeadlineFeed.h"
 
-#include "core/rates/IndexHeadline.h"
+#include "core/rates/QuoteDesk.h"
 
 #include <QSaveFile>
 

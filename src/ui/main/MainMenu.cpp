@@ -7,10 +7,13 @@
 #include <QHBoxLayout>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QShortcutEvent>
 
 #include <map>
+#include <utility>
 
 namespace quorvane::ui {
+
 namespace {
 
 using controls::ZENButton;
@@ -104,6 +107,19 @@ void ShowCaptions(QMainWindow& window) {
   for (const RowButton& entry : kRowButtons) {
     SetCaption(*window.findChild<ZENButton*>(NameOfButton(number++)), Caption(entry));
   }
+}
+
+MenuBar::MenuBar(std::function<bool(const QKeySequence& key)> child_takes)
+    : child_takes_(std::move(child_takes)) {}
+
+bool MenuBar::event(QEvent* event) {
+  if (event->type() == QEvent::Shortcut) {
+    const auto& shortcut = *static_cast<QShortcutEvent*>(event);
+    if (shortcut.isAmbiguous() && child_takes_(shortcut.key())) {
+      return true;
+    }
+  }
+  return QMenuBar::event(event);
 }
 
 }  // namespace quorvane::ui

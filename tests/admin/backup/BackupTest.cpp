@@ -58,15 +58,15 @@ struct Office {
   Source All() { return {database.Get(), folders}; }
 
   QString BackUp(Kind kind = Kind::kByHand, const QDateTime& now = kNow) {
-    QString made;
-    const MaybeRefusal refusal = MakeBackup(All(), backups, kind, now, quiet, made);
-    return refusal ? refusal->text : made;
+    const Result<QString> made = MakeBackup(All(), backups, kind, now, quiet);
+    return made ? *made : made.Why().text;
   }
 
   /// "" when it went well.
   QString Restore(const QString& backup) {
-    const MaybeRefusal refusal = RestoreBackup(All(), backup, kNow, quiet, aside);
-    return refusal ? refusal->text : QString();
+    const Result<QString> replaced = RestoreBackup(All(), backup, kNow, quiet);
+    aside = replaced ? *replaced : QString();
+    return replaced ? QString() : replaced.Why().text;
   }
 
   /// Every row of every table, and every file that belongs to the user.
@@ -209,11 +209,11 @@ class BackupTest : public QObject {
       other.Execute("Insert Into LoginId(id,Name) Values(9,'LATE')");
       other.Execute("Insert Into TransTaxPer(Id) Values(9)");
     });
-    QString made;
-    QVERIFY(!MakeBackup(office.All(), office.backups, Kind::kByHand, kNow, writer, made));
+    const Result<QString> made =
+        MakeBackup(office.All(), office.backups, Kind::kByHand, kNow, writer);
+    QVERIFY(made);
     QVERIFY(writer.HasActed());
-    Manifest manifest;
-    QVERIFY(!ReadManifest(made, manifest));
+    const Manifest manifest = *ReadManifest(*made);
     QCOMPARE(manifest.FindTable("LoginId")->rows, 0);
     QCOMPARE(manifest.FindTable("TransTaxPer")->rows, 0);
   }
@@ -306,7 +306,7 @@ class BackupTest : public QObject {
     for (int step = 1; !ended; ++step) {
       AtStep cancelling(step, [&] { cancelling.cancelled = true; });
       try {
-        QVERIFY(!RestoreBackup(office.All(), made, kNow, cancelling, office.aside));
+        QVERIFY(RestoreBackup(office.All(), made, kNow, cancelling));
         ended = true;
       } catch (const Cancellation&) {
         QCOMPARE(office.Everything(), before);
@@ -316,9 +316,9 @@ class BackupTest : public QObject {
     }
     QVERIFY(office.Everything() != before);
     AtStep cancelling(2, [&] { cancelling.cancelled = true; });
-    QString none;
-    QVERIFY_THROWS_EXCEPTION(Cancellation, MakeBackup(office.All(), office.backups, Kind::kByHand,
-                                                      kNow, cancelling, none));
+    QVERIFY_THROWS_EXCEPTION(
+        Cancellation, static_cast<void>(MakeBackup(office.All(), office.backups, Kind::kByHand,
+                                                   kNow, cancelling)));
     QCOMPARE(QDir(office.backups).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
   }
 
@@ -332,8 +332,7 @@ class BackupTest : public QObject {
     QFETCH(const bool, committed);
     Office office;
     const QString made = office.BackUp();
-    Manifest manifest;
-    QVERIFY(!ReadManifest(made, manifest));
+    const Manifest manifest = *ReadManifest(made);
     const QString sign = office.folders.documents + QStringLiteral("/1/sign.png");
     const QString stale = office.folders.documents + QStringLiteral("/2/stale.png");
     Write(sign, "another");

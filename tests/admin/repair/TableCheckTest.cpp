@@ -119,7 +119,7 @@ class TableCheckTest : public QObject {
         "Select M.Cid,T.Cid,T.SP From SPMaster M Join SPTrans T On T.SID=M.ID Order By M.Cid");
     for (const int client : {1, 2}) {
       QVERIFY(rows.Next());
-      QCOMPARE(rows.Int(std::size_t{0}), client);
+      QCOMPARE(rows.Int(0), client);
       QCOMPARE(rows.Int(1), client);
     }
     QVERIFY(!rows.Next());

@@ -1,7 +1,6 @@
 #include "core/database/Connection.h"
 #include "core/database/KeyReferences.h"
 #include "core/database/Keys.h"
-#include "core/database/RecordKey.h"
 #include "core/database/Schema.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
@@ -167,10 +166,9 @@ class KeysTest : public QObject {
       Connection connection(database_->Settings());
       for (int i = 0; i < kRowsEach; ++i) {
         try {
-          InTransaction(connection, [](Transaction& transaction) -> MaybeRefusal {
+          InTransaction(connection, [](Transaction& transaction) {
             const int key = NextKey(transaction, "Broker");
             transaction.Execute("Insert Into Broker(Id) Values(?)", key);
-            return std::nullopt;
           });
         } catch (const std::exception& error) {
           qWarning("%s", error.what());

@@ -27,8 +27,8 @@ class TextWidthsTest : public QObject {
     for (const auto& row :
          database_->Open("Select TABLE_NAME,COLUMN_NAME From information_schema.COLUMNS Where "
                          "TABLE_SCHEMA=Database() and DATA_TYPE in ('varchar','longtext')")) {
-      QTest::addRow("%s.%s", qPrintable(row.Text(std::size_t{0})), qPrintable(row.Text(1)))
-          << row.Text(std::size_t{0}) << row.Text(1);
+      QTest::addRow("%s.%s", qPrintable(row.Text(0)), qPrintable(row.Text(1)))
+          << row.Text(0) << row.Text(1);
     }
   }
 
@@ -42,7 +42,7 @@ class TextWidthsTest : public QObject {
         table, column);
     QVERIFY(rows.Next());
     const auto width = TextWidth(table.toStdString(), column.toStdString());
-    QCOMPARE(width.value_or(0), static_cast<std::size_t>(rows.Int(std::size_t{0})));
+    QCOMPARE(width.value_or(0), static_cast<std::size_t>(rows.Int(0)));
   }
 
   void CharactersAreCountedAsTheDatabaseCountsThem_data() {

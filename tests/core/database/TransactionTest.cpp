@@ -167,14 +167,13 @@ class TransactionTest : public QObject {
     std::array<int, 2> runs{};
     const auto work = [&](int mine, int theirs, int& count) {
       Connection connection(database_->Settings());
-      InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+      InTransaction(connection, [&](Transaction& transaction) {
         const char* add = "Update T Set Amount=Amount+1 Where Id=?";
         transaction.Execute(add, mine);
         if (++count == 1) {
           both_hold_a_row.arrive_and_wait();
         }
         transaction.Execute(add, theirs);
-        return std::nullopt;
       });
     };
     std::thread other([&] { work(2, 1, runs[1]); });
@@ -188,7 +187,7 @@ class TransactionTest : public QObject {
   void WorkIsGivenUpAfterTheLastAttempt() {
     int runs = 0;
     const auto work = [&] {
-      InTransaction(**database_, [&](Transaction& transaction) -> MaybeRefusal {
+      InTransaction(**database_, [&](Transaction& transaction) {
         ++runs;
         transaction.Execute("Insert Into T Values(?,?)", runs, 0);
         throw DatabaseError("40001", 1213, "Deadlock found", "");
@@ -202,10 +201,9 @@ class TransactionTest : public QObject {
   void ErrorsOfTheWorkItselfAreNotTriedAgain() {
     int runs = 0;
     const auto work = [&] {
-      InTransaction(**database_, [&](Transaction& transaction) -> MaybeRefusal {
+      InTransaction(**database_, [&](Transaction& transaction) {
         ++runs;
         transaction.Execute("Insert Into Nowhere Values(1)");
-        return std::nullopt;
       });
     };
     QVERIFY_EXCEPTION_THROWN(work(), DatabaseError);
@@ -260,11 +258,10 @@ class TransactionTest : public QObject {
       for (int save = 0; save < kSaves; ++save) {
         std::shuffle(rows.begin(), rows.end(), chance);
         try {
-          InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+          InTransaction(connection, [&](Transaction& transaction) {
             for (const int row : rows) {
               transaction.Execute("Update T Set Amount=Amount+1 Where Id=?", row);
             }
-            return std::nullopt;
           });
         } catch (const std::exception& error) {
           qWarning("%s", error.what());
@@ -290,7 +287,7 @@ class TransactionTest : public QObject {
     other.Execute("Set Session innodb_lock_wait_timeout=1");
     InTransaction(
         **database_,
-        [&](Transaction& transaction) -> MaybeRefusal {
+        [&](Transaction& transaction) {
           bool waited = false;
           try {
             Turns turns(other);
@@ -301,7 +298,6 @@ class TransactionTest : public QObject {
             waited = error.IsTransient();
           }
           transaction.Execute("Insert Into T Values(1,?)", waited);
-          return std::nullopt;
         },
         Turn::kAlone);
     QCOMPARE(NumberOf(**database_, "Select Amount From T"), 1);
@@ -342,11 +338,10 @@ class TransactionTest : public QObject {
     Connection& connection = **database_;
     int runs = 0;
     const auto work = [&] {
-      InTransaction(connection, [&](Transaction& transaction) -> MaybeRefusal {
+      InTransaction(connection, [&](Transaction& transaction) {
         ++runs;
         transaction.Execute("Insert Into T Values(?,?)", runs, 1.5);
         KillConnectionOf(*database_, connection);
-        return std::nullopt;
       });
     };
     QVERIFY_EXCEPTION_THROWN(work(), DatabaseError);

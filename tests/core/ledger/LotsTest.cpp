@@ -156,7 +156,6 @@ class LotsTest : public QObject {
       PostLines(lots, kPlace, lines);
       lots.Write(transaction);
       NumberLots(lots, lines);
-      return MaybeRefusal();
     });
     Lots written;
     for (const records::Lot& lot : ReadLots(*database, LotScope::Of(kPlace))) {

@@ -50,7 +50,7 @@ int WrongLots(Connection& connection, int lots) {
   auto rows = connection.Open(
       "Select Count(*) From Stock Where Qty<>If(Cid=1,Round(Id/3,6),1) And Id<=?", lots + 1);
   rows.Next();
-  return rows.Int(std::size_t{0});
+  return rows.Int(0);
 }
 
 const ClientYear kOf{ClientId{1}, text::FinancialYear(2011)};
@@ -107,7 +107,7 @@ void ManyLotsTest::LastQuantityCountsForTwoLotsOfOneId() {
   RebuildStock(*database, kOf, progress);
   auto rows = database->Open("Select Qty From Stock Where Id=5");
   while (rows.Next()) {
-    QCOMPARE(rows.Double(std::size_t{0}), quantities.back());
+    QCOMPARE(rows.Double(0), quantities.back());
   }
 }
 

@@ -72,12 +72,12 @@ class Desk {
   }
   double Quantity(int id) {
     auto rows = database_->Open("Select Qty From Stock Where Id=?", id);
-    return rows.Next() ? rows.Double(std::size_t{0}) : -999;
+    return rows.Next() ? rows.Double(0) : -999;
   }
   int Count(const char* table) {
     auto rows = database_->Open(std::string("Select Count(*) From ") + table);
     rows.Next();
-    return rows.Int(std::size_t{0});
+    return rows.Int(0);
   }
 
  private:
@@ -245,7 +245,7 @@ void RebuildTest::BillSavedMeanwhileIsNotLost() {
   database::Connection other(desk.Settings());
   {
     Meanwhile progress([&] {
-      database::InTransaction(other, [](Transaction& transaction) -> MaybeRefusal {
+      database::InTransaction(other, [](Transaction& transaction) {
         // A record locks the lots of its account before anything else.
         transaction.Open(
             "Select Id From Stock Where Cid=1 and Fyear='2011-12' and AcId=2 For Update");
@@ -254,7 +254,6 @@ void RebuildTest::BillSavedMeanwhileIsNotLost() {
             "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId,Qty,Rate) "
             "Values(1,'2011-12',9,1,1,5,3,7,100)");
         transaction.Execute("Update Stock Set Qty=Qty+7 Where Id=5");
-        return std::nullopt;
       });
     });
     RebuildStock(*desk, everything ? std::nullopt : std::optional(kOf), progress);

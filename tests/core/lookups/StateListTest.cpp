@@ -1,4 +1,4 @@
-#include "core/lookups/StateList.h"
+#include "core/lookups/Choices.h"
 #include "support/TestMain.h"
 
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "core/rates/IndexHeadline.h"
+#include "core/rates/QuoteDesk.h"
 #include "support/TestMain.h"
 
 #include <QTest>

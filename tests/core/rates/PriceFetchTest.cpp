@@ -74,9 +74,9 @@ class PriceFetchTest : public QObject {
     QCOMPARE(fetched.failure, QString());
     QCOMPARE(fetched.path, folder_->filePath(QStringLiteral("MRate/EQ310118.CSV")));
     QVERIFY(QFile::exists(folder_->filePath(QStringLiteral("MRate/EQ.zip"))));
-    PriceFile file;
-    QVERIFY(!ReadPriceFile(fetched.path, file));
-    QCOMPARE(file.rows.size(), std::size_t{2});
+    const Result<PriceFile> file = ReadPriceFile(fetched.path);
+    QVERIFY(file);
+    QCOMPARE(file->rows.size(), std::size_t{2});
   }
 
   void AddressIsThatOfTheDay_data() {

@@ -39,8 +39,10 @@ QByteArray NseRow(const QByteArray& symbol, const QByteArray& series, const QByt
 }
 
 MaybeRefusal Read(const QByteArray& csv, PriceFile& file) {
-  return ReadPriceTable(files::ReadCsvText({csv.constData(), static_cast<std::size_t>(csv.size())}),
-                        file);
+  Result<PriceFile> result =
+      ReadPriceTable(files::ReadCsvText({csv.constData(), static_cast<std::size_t>(csv.size())}));
+  file = result ? *result : PriceFile();
+  return result.Refused();
 }
 
 QStringList RowsOf(const PriceFile& file) {
@@ -180,11 +182,11 @@ class PriceFileTest : public QObject {
   }
 
   void EndingOfTheNameIsChecked() {
-    PriceFile file;
-    QCOMPARE(ReadPriceFile(QStringLiteral("/nowhere/rates.txt"), file)->text,
+    QCOMPARE(ReadPriceFile(QStringLiteral("/nowhere/rates.txt")).Why().text,
              QStringLiteral("Invalid File.\nExpected is a .csv, .xls, .xlsx, .ods or .zip file."));
-    QVERIFY(ReadPriceFile(QStringLiteral("/nowhere/rates.csv"), file)
-                ->text.startsWith(QLatin1String("Invalid File.\n/nowhere/rates.csv: ")));
+    QVERIFY(ReadPriceFile(QStringLiteral("/nowhere/rates.csv"))
+                .Why()
+                .text.startsWith(QLatin1String("Invalid File.\n/nowhere/rates.csv: ")));
   }
 
   void PricesMustBeOfTheDay() {
@@ -224,8 +226,7 @@ class PriceFileTest : public QObject {
     QFile written(folder.filePath(name));
     QVERIFY(written.open(QIODevice::WriteOnly) && written.write(csv) == csv.size());
     written.close();
-    PriceFile file;
-    QVERIFY(!ReadPriceFile(written.fileName(), file));
+    const PriceFile file = *ReadPriceFile(written.fileName());
     QTEST(file.date ? text::FormatDmy(*file.date) : QString(), "date");
   }
 

@@ -34,7 +34,7 @@ class RecordsTest : public QObject {
          database_->Get().Open("Select COLUMN_NAME From information_schema.COLUMNS Where "
                                "TABLE_SCHEMA=Database() and TABLE_NAME=? and COLUMN_NAME<>'RowKey'",
                                table)) {
-      names << row.Text(std::size_t{0});
+      names << row.Text(0);
     }
     names.sort();
     return names;
@@ -96,7 +96,6 @@ class RecordsTest : public QObject {
                   .delivery_type = QStringLiteral("Delivery Based")};
     database::InTransaction(**database_, [&](database::Transaction& transaction) {
       records::Insert(transaction, line);
-      return MaybeRefusal();
     });
     const auto read =
         records::Select<BillLine>(**database_).Where(&BillLine::bill, line.bill).All();
@@ -116,7 +115,6 @@ class RecordsTest : public QObject {
       records::Insert(transaction, line);
       records::Delete<BillLine>(transaction).Run();
       records::Delete<BillLine>(transaction).In(&BillLine::bill, std::vector<BillId>()).Run();
-      return MaybeRefusal();
     });
     QVERIFY(records::Select<BillLine>(**database_).Where(&BillLine::bill, BillId{9}).First());
   }

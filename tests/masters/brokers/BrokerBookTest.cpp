@@ -158,7 +158,7 @@ class BrokerBookTest : public QObject {
     test::TestDatabase& database = *database_;
     for (const char* name : {"GOES", "STAYS"}) {
       Broker broker = NewBroker(name);
-      Book().Save(broker);
+      static_cast<void>(Book().Save(broker));
       for (const char* table : {"BrOpBal", "BrPayment", "BrRec"}) {
         database->Execute(fmt::format("Insert Into {}(Cid,Id,BrId) Values(1,?,?)", table),
                           broker.id, broker.id);

@@ -373,7 +373,7 @@ class ClientBookTest : public QObject {
     QVERIFY(QDir(folder_->path()).mkpath("SignDocs/1/sign.txt/full"));
     Client client = NewClient("C1");
     try {
-      Book().Save(client, Write("sign.txt", "first"));
+      static_cast<void>(Book().Save(client, Write("sign.txt", "first")));
       QFAIL("a folder stands in the way");
     } catch (const std::runtime_error& error) {
       QVERIFY(QString(error.what()).startsWith("The Client is Saved, but the Document"));

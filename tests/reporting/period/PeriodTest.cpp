@@ -1,4 +1,3 @@
-#include "reporting/period/MonthPeriod.h"
 #include "reporting/period/Period.h"
 #include "support/TestMain.h"
 

@@ -156,7 +156,7 @@ void DematStatementTest::BalancesAreThoseOfTheLedger() {
            "Select AcId,ScriptId,Sum(Qty) From Stock Where Fyear=? Group By AcId,ScriptId",
            of.Text())) {
     if (std::abs(row.Double(2)) > 1e-9) {
-      ledger[{row.Int(std::size_t{0}), row.Int(1)}] = text::Tidy(row.Double(2));
+      ledger[{row.Int(0), row.Int(1)}] = text::Tidy(row.Double(2));
     }
   }
   std::map<std::pair<int, int>, double> statement;

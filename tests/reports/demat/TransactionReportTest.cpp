@@ -161,7 +161,7 @@ void TransactionReportTest::EveryCutOfTheSampleHasTheSameSums() {
   }
   QCOMPARE(outcomes, std::vector(4, outcomes.front()));
   for (const auto& row : database->Open("Select Count(*) From SPTrans Where Fyear='2012-13'")) {
-    QCOMPARE(static_cast<int>(lines), row.Int(std::size_t{0}));
+    QCOMPARE(static_cast<int>(lines), row.Int(0));
   }
 }
 

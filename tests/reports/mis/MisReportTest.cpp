@@ -256,7 +256,7 @@ void MisReportTest::BalanceIsThatOfTheLedger() {
        (*database_)
            ->Open("Select AcId,ScriptId,Sum(Qty) From Stock Where Fyear=? Group By 1,2",
                   query.year.Text())) {
-    ledger[{row.Int(std::size_t{0}), row.Int(1)}] = row.Double(2);
+    ledger[{row.Int(0), row.Int(1)}] = row.Double(2);
   }
   Progress progress;
   const auto holdings = ReadHoldings(**database_, query, query.period, progress).holdings;
@@ -303,7 +303,7 @@ void MisReportTest::MissingRateFallsBackIsMarkedOrLeftOut() {
   const auto scrip = [&](const char* code) {
     auto rows = (*database_)->Open("Select Id From Script Where Code=?", code);
     rows.Next();
-    return ScripId{rows.Int(std::size_t{0})};
+    return ScripId{rows.Int(0)};
   };
   const rates::ScripRate acc{scrip("500410"), 1000};
   const rates::ScripRate hdfc{scrip("500010"), 600};

@@ -1,6 +1,6 @@
 #include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/opening_stock/OpeningStock.h"
+#include "transactions/opening_stock/OpeningStockBook.h"
 
 #include <QTest>
 

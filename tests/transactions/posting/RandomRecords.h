@@ -185,14 +185,14 @@ class RandomRecords {
       case 1:
       case 2:
       case 3:
-        entry.Put(Line(LotsOf(entry)), std::nullopt);
+        static_cast<void>(entry.Put(Line(LotsOf(entry)), std::nullopt));
         break;
       case 4:
       case 5:
-        entry.Put(Line(LotsOf(entry)), place());
+        static_cast<void>(entry.Put(Line(LotsOf(entry)), place()));
         break;
       case 6:
-        entry.Remove(place());
+        static_cast<void>(entry.Remove(place()));
         break;
       case 7:
         Spread(entry);
@@ -207,7 +207,7 @@ class RandomRecords {
     records::BillLine sale = desk_.Sale(Quantity(), 120, {});
     sale.scrip = Scrip();
     if (const auto pieces = entry.Spread(sale, std::nullopt); !pieces.empty()) {
-      entry.Put(bills::SpreadOver(sale, pieces), std::nullopt);
+      static_cast<void>(entry.Put(bills::SpreadOver(sale, pieces), std::nullopt));
     }
   }
 

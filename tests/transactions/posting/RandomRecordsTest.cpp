@@ -39,8 +39,7 @@ class RandomRecordsTest : public QObject {
         "Select (Select Coalesce(Sum(Qty),0) From Stock),"
         "(Select Coalesce(Sum(Qty),0) From StkOpBal),"
         "(Select Coalesce(Sum(If(SP=1,Qty,If(StkId=0,0,-Qty))),0) From SPTrans)");
-    return rows.Next() &&
-           std::abs(rows.Double(std::size_t{0}) - rows.Double(1) - rows.Double(2)) < 1e-6;
+    return rows.Next() && std::abs(rows.Double(0) - rows.Double(1) - rows.Double(2)) < 1e-6;
   }
 
  private Q_SLOTS:
@@ -87,7 +86,7 @@ class RandomRecordsTest : public QObject {
           database::Connection own(desk.database.Settings());
           RandomRecords records(desk, third, own, 20111 + program);
           for (int step = 0; step < steps; ++step) {
-            records.Step();
+            static_cast<void>(records.Step());  // refused now and then
           }
         } catch (const std::exception& error) {
           failures[program] = error.what();

@@ -73,7 +73,7 @@ class SessionTest : public QObject {
  private:
   static int Count(ShownMain& shown, const std::string& from) {
     auto rows = shown.session.connection->Open("Select Count(*) From " + from);
-    return rows.Next() ? rows.Int(std::size_t{0}) : -1;
+    return rows.Next() ? rows.Int(0) : -1;
   }
 
   static void LogOutAndIn(ShownMain& shown) {

@@ -158,12 +158,13 @@ void frmBackUpRestore::cmdBackUp_Click() {
   QString made;
   {
     controls::ProgressDialog progress(this);
-    const MaybeRefusal refusal =
+    const Result<QString> result =
         MakeBackup({*Session().connection, Session().folders}, ShownSettings().folder,
-                   Kind::kByHand, QDateTime::currentDateTime(), progress, made);
-    if (refusal) {
-      return Show(*refusal);
+                   Kind::kByHand, QDateTime::currentDateTime(), progress);
+    if (!result) {
+      return Show(result.Why());
     }
+    made = *result;
   }
   SaveSettings();
   Refresh();
@@ -181,8 +182,7 @@ void frmBackUpRestore::cmdVerify_Click() {
   MaybeRefusal refusal;
   {
     controls::ProgressDialog progress(this);
-    Manifest manifest;
-    refusal = VerifyBackup(path, progress, manifest);
+    refusal = VerifyBackup(path, progress).Refused();
   }
   VSF->SetState(path, refusal ? BackupState::kDamaged : BackupState::kVerified,
                 refusal ? refusal->text : QString());

@@ -121,10 +121,11 @@ void frmrestoration::cmdBrowse_Click() {
 void frmrestoration::VSF_RowColChange(int) {
   const Entry* entry = VSF->Current();
   std::vector<controls::Row> rows;
-  Manifest manifest;
-  if (entry != nullptr && !ReadManifest(entry->path, manifest)) {
-    for (const Holding& holding : HoldingsOf(manifest)) {
-      rows.push_back({.cells = {holding.what, static_cast<qlonglong>(holding.count)}});
+  if (entry != nullptr) {
+    if (const Result<Manifest> manifest = ReadManifest(entry->path)) {
+      for (const Holding& holding : HoldingsOf(*manifest)) {
+        rows.push_back({.cells = {holding.what, static_cast<qlonglong>(holding.count)}});
+      }
     }
   }
   VSFHolds->SetRows(std::move(rows));
@@ -137,8 +138,7 @@ MaybeRefusal frmrestoration::Verify(const QString& path) {
   MaybeRefusal refusal;
   {
     controls::ProgressDialog progress(this);
-    Manifest manifest;
-    refusal = VerifyBackup(path, progress, manifest);
+    refusal = VerifyBackup(path, progress).Refused();
   }
   VSF->SetState(path, refusal ? BackupState::kDamaged : BackupState::kVerified,
                 refusal ? refusal->text : QString());
@@ -200,20 +200,18 @@ void frmrestoration::cmdRestore_Click() {
   if (!CloseOtherWindows()) {
     return Say().Refuse(tr("Close the other windows first. Nothing was changed."));
   }
-  QString aside;
-  MaybeRefusal refusal;
-  {
+  const Result<QString> aside = [&] {
     controls::ProgressDialog progress(this);
-    refusal = RestoreBackup({*Session().connection, Session().folders}, path,
-                            QDateTime::currentDateTime(), progress, aside);
-  }
-  if (refusal) {
-    return Show(*refusal);
+    return RestoreBackup({*Session().connection, Session().folders}, path,
+                         QDateTime::currentDateTime(), progress);
+  }();
+  if (!aside) {
+    return Show(aside.Why());
   }
   ForgetClient();
   VSF->SetState(path, BackupState::kVerified);
   Say().Inform(tr("The backup of %1 is restored.\nWhat it replaced lies in %2.")
-                   .arg(made, QDir::toNativeSeparators(aside)));
+                   .arg(made, QDir::toNativeSeparators(*aside)));
 }
 
 void frmrestoration::cmdexit_Click() {

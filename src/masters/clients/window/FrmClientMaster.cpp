@@ -1,6 +1,6 @@
 #include "masters/clients/window/FrmClientMaster.h"
 
-#include "core/lookups/StateList.h"
+#include "core/lookups/Choices.h"
 #include "masters/Completions.h"
 #include "masters/Questions.h"
 

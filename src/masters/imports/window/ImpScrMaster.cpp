@@ -79,12 +79,12 @@ void ImpScrMaster::CmdFetch_Click() {
 }
 
 bool ImpScrMaster::Load(const QString& path) {
-  rates::PriceFile file;
-  if (const MaybeRefusal refusal = rates::ReadPriceFile(path, file)) {
-    Show(*refusal);
+  Result<rates::PriceFile> file = rates::ReadPriceFile(path);
+  if (!file) {
+    Show(file.Why());
     return false;
   }
-  file_ = std::move(file);
+  file_ = std::move(*file);
   ShowAll();
   Plan();
   return true;

@@ -166,16 +166,12 @@ void ImpScrRate::CmdGainLose_Click() {
 }
 
 void ImpScrRate::LoadFile(const QString& path) {
-  rates::PriceFile file;
-  MaybeRefusal refusal = rates::ReadPriceFile(path, file);
-  if (!refusal) {
-    refusal = rates::CheckPrices(file, *date_);
-  }
-  if (refusal) {
+  Result<rates::PriceFile> file = rates::ReadPriceFile(path);
+  if (const MaybeRefusal refusal = file ? rates::CheckPrices(*file, *date_) : file.Refused()) {
     Show(*refusal);
     return;
   }
-  Enter(std::move(file));
+  Enter(std::move(*file));
 }
 
 void ImpScrRate::Enter(rates::PriceFile file) {

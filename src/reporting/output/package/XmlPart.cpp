@@ -8,7 +8,7 @@
 namespace quorvane::reporting {
 namespace {
 
-const xmlChar* X(const char* text) {
+const xmlChar* AsXml(const char* text) {
   return reinterpret_cast<const xmlChar*>(text);
 }
 
@@ -121,9 +121,9 @@ std::optional<std::string> Attribute(const xmlNode* element, std::string_view na
 
 void SetAttribute(xmlNode* element, std::string_view name, const std::string& value) {
   if (xmlAttr* attribute = FindAttribute(element, name)) {
-    xmlSetNsProp(element, attribute->ns, attribute->name, X(value.c_str()));
+    xmlSetNsProp(element, attribute->ns, attribute->name, AsXml(value.c_str()));
   } else {
-    xmlNewProp(element, X(std::string(name).c_str()), X(value.c_str()));
+    xmlNewProp(element, AsXml(std::string(name).c_str()), AsXml(value.c_str()));
   }
 }
 
@@ -134,12 +134,12 @@ void RemoveAttribute(xmlNode* element, std::string_view name) {
 }
 
 xmlNode* AddChild(xmlNode* parent, std::string_view name) {
-  return xmlNewChild(parent, parent->ns, X(std::string(name).c_str()), nullptr);
+  return xmlNewChild(parent, parent->ns, AsXml(std::string(name).c_str()), nullptr);
 }
 
 void SetText(xmlNode* element, const std::string& text) {
   xmlNodeSetContent(element, nullptr);
-  xmlNodeAddContentLen(element, X(text.data()), static_cast<int>(text.size()));
+  xmlNodeAddContentLen(element, AsXml(text.data()), static_cast<int>(text.size()));
 }
 
 std::string TextOf(xmlNode* element) {

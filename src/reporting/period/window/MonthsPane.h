@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/ComboBox.h"
-#include "reporting/period/MonthPeriod.h"
+#include "reporting/period/Period.h"
 
 #include <QWidget>
 

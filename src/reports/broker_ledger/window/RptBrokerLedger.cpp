@@ -1,7 +1,7 @@
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 
 #include "core/app/CurrentClient.h"
-#include "reporting/period/MonthPeriod.h"
+#include "reporting/period/Period.h"
 #include "reports/broker_ledger/LedgerDocument.h"
 
 #include <QLabel>

@@ -354,14 +354,14 @@ void RatesPane::CmdImportRate_Click() {
   if (path.isEmpty()) {
     return;
   }
-  rates::MatchedRates found;
-  if (const auto refusal = rates::ReadRates(*desk_.session.connection, path, *date, found)) {
-    Refuse(*refusal);
+  Result<rates::MatchedRates> found = rates::ReadRates(*desk_.session.connection, path, *date);
+  if (!found) {
+    Refuse(found.Why());
     return;
   }
-  isins_ = std::move(found.isins);
+  isins_ = std::move(found->isins);
   std::unordered_map<ScripId, double> by_scrip;
-  for (const rates::ScripRate& rate : found.rates) {
+  for (const rates::ScripRate& rate : found->rates) {
     by_scrip[rate.scrip] = rate.rate;
   }
   for (int row = 0; row < VSF->Model().RowCount(); ++row) {
@@ -373,7 +373,7 @@ void RatesPane::CmdImportRate_Click() {
   desk_.messages.Inform(tr("%1 rates were read; %2 lines of the file belong to no script. Press "
                            "Update to keep them.")
                             .arg(by_scrip.size())
-                            .arg(found.unmatched.size()));
+                            .arg(found->unmatched.size()));
   VSF->setFocus(Qt::OtherFocusReason);
 }
 

@@ -6,7 +6,7 @@
 #include "controls/Grid.h"
 #include "controls/Guard.h"
 #include "controls/ZENButton.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/rates/RateImport.h"
 #include "reports/mis/ExchangeRates.h"
 

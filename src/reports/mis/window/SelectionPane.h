@@ -3,7 +3,7 @@
 #include "controls/ComboBox.h"
 #include "controls/Grid.h"
 #include "controls/Guard.h"
-#include "core/Refusal.h"
+#include "core/Result.h"
 #include "core/database/Connection.h"
 #include "core/text/FinancialYear.h"
 #include "reports/mis/window/OptionPairView.h"

@@ -4,7 +4,7 @@
 #include "controls/WindowMemory.h"
 #include "core/lookups/Directory.h"
 #include "reporting/charts/GainsChart.h"
-#include "reporting/output/TemplateFolder.h"
+#include "reporting/output/XlsxTemplate.h"
 #include "reporting/selection/ReportLists.h"
 #include "reports/profit/StatementWorkbook.h"
 

@@ -14,7 +14,7 @@ using controls::FieldLayout;
 using controls::TextBox;
 
 constexpr int kColumns = 5;
-constexpr int kTwo = 2;
+constexpr int kTwoColumns = 2;
 constexpr int kLettersOfSide = 5;
 constexpr int kLettersOfDelivery = 10;
 // An amount cut at its left would read as a smaller one.
@@ -95,7 +95,7 @@ void BillLinePane::AddBox(FieldLayout& fields, BillBox box, const QString& label
 
 void BillLinePane::AddScrip(FieldLayout& fields) {
   fields.Add(tr("Scrip Code"), QStringLiteral("TxtScr"), TxtScr);
-  fields.Add(tr("Scrip"), QStringLiteral("Combo4"), Combo4, kTwo);
+  fields.Add(tr("Scrip"), QStringLiteral("Combo4"), Combo4, kTwoColumns);
   TxtScr->setPlaceholderText(tr("BSE or NSE"));
 }
 

@@ -4,7 +4,6 @@
 #include "core/records/Bill.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/BillEntry.h"
-#include "transactions/bills/BillListing.h"
 #include "transactions/bills/RateSource.h"
 #include "transactions/bills/window/BillPane.h"
 

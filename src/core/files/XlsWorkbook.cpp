@@ -1,4 +1,4 @@
-#include "core/files/OldWorkbook.h"
+#include "core/files/XlsWorkbook.h"
 
 #include "core/files/CompoundFile.h"
 #include "core/files/OldRecords.h"
@@ -174,7 +174,7 @@ class SheetReader {
 
 }  // namespace
 
-TextTable ReadOldWorkbook(std::string_view bytes) {
+TextTable ReadXlsWorkbook(std::string_view bytes) {
   const auto stream = CompoundFile(bytes).Stream("Workbook");
   if (!stream) {
     Refuse(QT_TRANSLATE_NOOP("Files", "The workbook cannot be read."));

@@ -1,9 +1,9 @@
-#include "core/files/OldWorkbook.h"
+#include "core/files/XlsWorkbook.h"
 
 using namespace quorvane;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
-    files::ReadOldWorkbook({reinterpret_cast<const char*>(data), size});
+    files::ReadXlsWorkbook({reinterpret_cast<const char*>(data), size});
   } catch (const files::TableError&) {
     // A refusal is what broken input gets.
   }

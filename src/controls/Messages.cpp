@@ -1,4 +1,4 @@
-#include "controls/MessageBoxes.h"
+#include "controls/Messages.h"
 
 #include "core/app/AppInfo.h"
 
@@ -6,6 +6,7 @@
 #include <QMessageBox>
 
 namespace quorvane::controls {
+
 namespace {
 
 QMessageBox::Icon BoxIcon(Icon icon) {

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <utility>
+#include <variant>
+
+namespace quorvane {
+
+/// A rule that the user's input broke: the text to show and the name of the field to focus.
+/// Nothing was changed.
+struct Refusal {
+  QString text;
+  QString field;
+};
+
+/// What comes of work that may be refused and has nothing to hand back.
+class [[nodiscard]] MaybeRefusal : public std::optional<Refusal> {
+ public:
+  using std::optional<Refusal>::optional;
+};
+
+/// What comes of work that hands something back unless it is refused.
+template <class T>
+class [[nodiscard]] Result {
+ public:
+  Result(T value) : outcome_(std::move(value)) {}            // NOLINT(google-explicit-constructor)
+  Result(Refusal refusal) : outcome_(std::move(refusal)) {}  // NOLINT(google-explicit-constructor)
+
+  /// True when there is a value; then it may be had, and otherwise the refusal.
+  explicit operator bool() const { return std::holds_alternative<T>(outcome_); }
+  T& operator*() { return std::get<T>(outcome_); }
+  const T& operator*() const { return std::get<T>(outcome_); }
+  T* operator->() { return &std::get<T>(outcome_); }
+  const T* operator->() const { return &std::get<T>(outcome_); }
+  const Refusal& Why() const { return std::get<Refusal>(outcome_); }
+
+  /// The refusal alone.
+  MaybeRefusal Refused() const { return *this ? MaybeRefusal() : MaybeRefusal(Why()); }
+
+ private:
+  std::variant<T, Refusal> outcome_;
+};
+
+}  // namespace quorvane

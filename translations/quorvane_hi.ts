@@ -2368,10 +2368,6 @@ Save this one, too?</source>
         <source>Enter Proper Financial Year</source>
         <translation>सही वित्तीय वर्ष भरें</translation>
     </message>
-    <message>
-        <source>There is no window %1.</source>
-        <translation>%1 नाम की कोई विंडो नहीं है।</translation>
-    </message>
 </context>
 <context>
     <name>quorvane::clients::AccountsPane</name>
@@ -2402,68 +2398,6 @@ Save this one, too?</source>
     <message>
         <source>Demat Accounts</source>
         <translation>डीमैट खाते</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::documents::DocumentPageView</name>
-    <message>
-        <source>Page of the document</source>
-        <translation>दस्तावेज़ का पृष्ठ</translation>
-    </message>
-    <message>
-        <source>Page %1 of %2</source>
-        <translation>पृष्ठ %1 / %2</translation>
-    </message>
-    <message>
-        <source>&amp;Copy the Text of the Page</source>
-        <translation>पृष्ठ का पाठ कॉपी करें (&amp;C)</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::documents::DocumentViewer</name>
-    <message>
-        <source>This is a Folder, not a Document.</source>
-        <translation>यह फ़ोल्डर है, दस्तावेज़ नहीं।</translation>
-    </message>
-    <message>
-        <source>The Document is too Large to be Shown.</source>
-        <translation>दस्तावेज़ दिखाने के लिए बहुत बड़ा है।</translation>
-    </message>
-    <message>
-        <source>The Document has no such Page.</source>
-        <translation>दस्तावेज़ में ऐसा कोई पृष्ठ नहीं है।</translation>
-    </message>
-    <message>
-        <source>Previous Pa&amp;ge</source>
-        <translation>पिछला पृष्ठ (&amp;G)</translation>
-    </message>
-    <message>
-        <source>Next Page</source>
-        <translation>अगला पृष्ठ</translation>
-    </message>
-    <message>
-        <source>The document is being read ...</source>
-        <translation>दस्तावेज़ पढ़ा जा रहा है ...</translation>
-    </message>
-    <message>
-        <source>Page %1 of %2</source>
-        <translation>पृष्ठ %1 / %2</translation>
-    </message>
-    <message>
-        <source>The Printer can&apos;t be Used.</source>
-        <translation>प्रिंटर का उपयोग नहीं हो सकता।</translation>
-    </message>
-    <message>
-        <source>Printing</source>
-        <translation>छपाई हो रही है</translation>
-    </message>
-    <message>
-        <source>The Document can&apos;t be Read: %1</source>
-        <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
-    </message>
-    <message>
-        <source>The Document is Broken.</source>
-        <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
 </context>
 <context>
@@ -2591,33 +2525,6 @@ Save this one, too?</source>
     <message>
         <source>Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;All files (*)</source>
         <translation>दस्तावेज़ (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;सभी फ़ाइलें (*)</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::clients::FrmSign</name>
-    <message>
-        <source>Background</source>
-        <translation>पृष्ठभूमि</translation>
-    </message>
-    <message>
-        <source>&amp;Rotate</source>
-        <translation>घुमाएँ (&amp;R)</translation>
-    </message>
-    <message>
-        <source>Actual &amp;Size</source>
-        <translation>असली आकार (&amp;S)</translation>
-    </message>
-    <message>
-        <source>Prin&amp;t...</source>
-        <translation>छापें (&amp;T)...</translation>
-    </message>
-    <message>
-        <source>&amp;Background...</source>
-        <translation>पृष्ठभूमि (&amp;B)...</translation>
-    </message>
-    <message>
-        <source>&amp;Fit to Window</source>
-        <translation>विंडो में फ़िट करें (&amp;F)</translation>
     </message>
 </context>
 <context>
@@ -2764,6 +2671,95 @@ Save this one, too?</source>
     <message>
         <source>The template %1 is not there.</source>
         <translation>साँचा %1 नहीं है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::documents::DocumentPageView</name>
+    <message>
+        <source>Page of the document</source>
+        <translation>दस्तावेज़ का पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>पृष्ठ %1 / %2</translation>
+    </message>
+    <message>
+        <source>&amp;Copy the Text of the Page</source>
+        <translation>पृष्ठ का पाठ कॉपी करें (&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::documents::DocumentViewer</name>
+    <message>
+        <source>This is a Folder, not a Document.</source>
+        <translation>यह फ़ोल्डर है, दस्तावेज़ नहीं।</translation>
+    </message>
+    <message>
+        <source>The Document is too Large to be Shown.</source>
+        <translation>दस्तावेज़ दिखाने के लिए बहुत बड़ा है।</translation>
+    </message>
+    <message>
+        <source>The Document has no such Page.</source>
+        <translation>दस्तावेज़ में ऐसा कोई पृष्ठ नहीं है।</translation>
+    </message>
+    <message>
+        <source>Previous Pa&amp;ge</source>
+        <translation>पिछला पृष्ठ (&amp;G)</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>अगला पृष्ठ</translation>
+    </message>
+    <message>
+        <source>The document is being read ...</source>
+        <translation>दस्तावेज़ पढ़ा जा रहा है ...</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>पृष्ठ %1 / %2</translation>
+    </message>
+    <message>
+        <source>The Printer can&apos;t be Used.</source>
+        <translation>प्रिंटर का उपयोग नहीं हो सकता।</translation>
+    </message>
+    <message>
+        <source>Printing</source>
+        <translation>छपाई हो रही है</translation>
+    </message>
+    <message>
+        <source>The Document can&apos;t be Read: %1</source>
+        <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
+    </message>
+    <message>
+        <source>The Document is Broken.</source>
+        <translation>दस्तावेज़ ख़राब है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::documents::FrmSign</name>
+    <message>
+        <source>Background</source>
+        <translation>पृष्ठभूमि</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate</source>
+        <translation>घुमाएँ (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Actual &amp;Size</source>
+        <translation>असली आकार (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Prin&amp;t...</source>
+        <translation>छापें (&amp;T)...</translation>
+    </message>
+    <message>
+        <source>&amp;Background...</source>
+        <translation>पृष्ठभूमि (&amp;B)...</translation>
+    </message>
+    <message>
+        <source>&amp;Fit to Window</source>
+        <translation>विंडो में फ़िट करें (&amp;F)</translation>
     </message>
 </context>
 <context>

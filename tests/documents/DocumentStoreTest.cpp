@@ -121,8 +121,8 @@ class DocumentStoreTest : public QObject {
   void DocumentThatCannotBePlacedLeavesTheOldOne() {
     QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
     QVERIFY(QDir(folder_->path()).mkpath("SignDocs/7/new.txt/full"));
-    QVERIFY_EXCEPTION_THROWN(
-        static_cast<void>(store_->Put(kClient, Write("home/new.txt", "new"))), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(static_cast<void>(store_->Put(kClient, Write("home/new.txt", "new"))),
+                             std::runtime_error);
     QCOMPARE(Files(), QStringList("7/old.txt"));
   }
 

@@ -211,7 +211,9 @@ void ChartPictureView::DrawParts(QChart& chart) {
   auto* shares = new QValueAxis;
   shares->setTitleText(tr("Per cent of the value"));
   shares->setLabelFormat(QStringLiteral("%.0f"));
-  Attach(chart, bars, CategoryAxis(names), shares, true);
+  auto* parts = CategoryAxis(names);
+  parts->setTruncateLabels(false);  // a low picture would show points in place of every name
+  Attach(chart, bars, parts, shares, true);
   // Room for the figures behind the longest bar.
   constexpr double kRoom = 1.25;
   shares->setRange(0, kRoom * kPerCent * static_cast<double>(std::ranges::max(paise)) / whole);

@@ -6,6 +6,7 @@
 #include <QBarCategoryAxis>
 #include <QBarSet>
 #include <QEvent>
+#include <QFontInfo>
 #include <QGraphicsLayout>
 #include <QHorizontalBarSeries>
 #include <QLineSeries>
@@ -168,13 +169,26 @@ void ChartPictureView::Draw() {
   QChart* const before = this->chart();
   setChart(chart);
   delete before;
-  TurnMonths();
+  FitLabels();
 }
 
-/// The names of months lie where there is room for twelve of them, else they stand.
-void ChartPictureView::TurnMonths() {
+/// The names of months lie where there is room for twelve of them, else they stand. The names of
+/// parts are as small as a low picture needs to show every one of them.
+void ChartPictureView::FitLabels() {
   constexpr int kRoomForMonths = 420;
   constexpr int kUpright = -90;
+  constexpr int kFrame = 90;  // title and scale
+  constexpr double kLine = 0.7;
+  constexpr int kSmallest = 7;
+  for (QAbstractAxis* axis : chart()->axes(Qt::Vertical)) {
+    if (const auto* parts = qobject_cast<QBarCategoryAxis*>(axis)) {
+      const int room = static_cast<int>(kLine * (height() - kFrame) / std::max(1, parts->count()));
+      QFont fitting = SmallFont();
+      const int usual = std::max(kSmallest, QFontInfo(fitting).pixelSize());
+      fitting.setPixelSize(std::clamp(room, kSmallest, usual));
+      axis->setLabelsFont(fitting);
+    }
+  }
   for (QAbstractAxis* axis : chart()->axes(Qt::Horizontal)) {
     if (qobject_cast<QBarCategoryAxis*>(axis) != nullptr) {
       axis->setLabelsAngle(width() < kRoomForMonths ? kUpright : 0);
@@ -184,7 +198,7 @@ void ChartPictureView::TurnMonths() {
 
 void ChartPictureView::resizeEvent(QResizeEvent* event) {
   QChartView::resizeEvent(event);
-  TurnMonths();
+  FitLabels();
 }
 
 // The largest part lies on top, as in the table; bars are filled from below.
@@ -267,6 +281,12 @@ void ChartPictureView::DrawStacked(QChart& chart) {
   chart.legend()->setAlignment(Qt::AlignBottom);
 }
 
+QFont ChartPictureView::SmallFont() const {
+  QFont small = font();
+  small.setPointSizeF(small.pointSizeF() * 0.9);
+  return small;
+}
+
 void ChartPictureView::SetColors(QChart& chart) {
   const QColor ground = for_paper_ ? QColor(Qt::white) : palette().color(QPalette::Base);
   const QColor ink = for_paper_ ? QColor(Qt::black) : palette().color(QPalette::Text);
@@ -277,8 +297,7 @@ void ChartPictureView::SetColors(QChart& chart) {
   chart.setTitleFont(bold);
   chart.legend()->setLabelColor(ink);
   chart.legend()->setFont(font());
-  QFont small = font();
-  small.setPointSizeF(small.pointSizeF() * 0.9);
+  const QFont small = SmallFont();
   for (QAbstractAxis* axis : chart.axes()) {
     axis->setLabelsColor(ink);
     axis->setLabelsFont(small);

@@ -31,7 +31,8 @@ class ChartPictureView : public QChartView {
   void DrawStacked(QChart& chart);
   void SetColors(QChart& chart);
   QColor ColorOf(int series) const;
-  void TurnMonths();
+  void FitLabels();
+  QFont SmallFont() const;
 
   ChartData data_;
   bool for_paper_ = false;

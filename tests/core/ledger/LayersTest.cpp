@@ -65,6 +65,28 @@ class LayersTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  void EarlierPurchaseThatComesLaterGoesFirst() {
+    Holding h;
+    h.Buy(5, 10, 5);
+    QCOMPARE(h.Oldest(9, 5), "5x10");
+    h.Buy(6, 12, 5);
+    h.Buy(1, 11, 5);
+    QCOMPARE(h.Oldest(9, 6), "5x11 1x12");
+  }
+
+  void GoingBackRestoresLotsAndOrder() {
+    Holding h;
+    h.Buy(1, 10, 5);
+    h.Buy(2, 11, 5);
+    h.layers.Mark();
+    QCOMPARE(h.Oldest(9, 6), "5x10 1x11");
+    QVERIFY(h.Sell(11, 4));
+    h.layers.GoBack();
+    QCOMPARE(h.Quantity(10), 5.0);
+    QCOMPARE(h.Quantity(11), 5.0);
+    QCOMPARE(h.Oldest(9, 10), "5x10 5x11");
+  }
+
   void SaleAheadIsServedByWhatComesInFirst() {
     Holding h;
     h.Buy(1, 10, 2);

@@ -93,17 +93,6 @@ class Accepted(Case):
         self.assertIn("Lots changed: 0",
                       desk.run("rebuild", "--client", code, "--year", "2011-12").stderr)
 
-    def test_numbers_keep_every_digit(self):
-        rates = ("0.0001", "412.3375", "123456789.01", "0.1", "99999.9999", "0")
-        desk = self.taken_in(BASE | {"bills.csv": BILL_HEADER + "\n" + "".join(
-            f"AN,A1,{n},02/05/2011,LOTUS,NSE,P,600002,0.001,{rate},0.0001,0.07,0.29,0,,\n"
-            for n, rate in enumerate(rates))})
-        exported = rows(desk.export()["bills.csv"].decode())
-        self.assertEqual(sorted(rates), sorted(row["rate"] for row in exported))
-        for row in exported:
-            self.assertEqual((row["quantity"], row["brokerage"], row["service_tax"], row["stt"]),
-                             ("0.001", "0.0001", "0.07", "0.29"))
-
     def test_bill_of_one_number_in_two_places_of_the_file_is_one_bill(self):
         line = "AN,A1,{},02/05/2011,LOTUS,NSE,P,600002,1,{},,,,,,"
         desk = self.taken_in(BASE | {"bills.csv": "\n".join(

@@ -87,21 +87,17 @@ class Desk:
             self.run("export", out, *options)
             return files(out)
 
+    def listed(self, what: str, client: str, year: str, *options) -> list[dict]:
+        """The rows of the holdings, or of a statement: demat, transactions, of capital gains."""
+        words = {"holdings": (what,), "statement": (what, "capital-gain")}
+        return rows(self.run(*words.get(what, ("statement", what)), "--client", client, "--year",
+                             year, *options, "--format", "csv").stdout)
+
     def statement(self, client: str, year: str, *options) -> list[dict]:
-        return rows(self.run("statement", "capital-gain", "--client", client, "--year", year,
-                             *options, "--format", "csv").stdout)
-
-    def demat(self, client: str, year: str, *options) -> list[dict]:
-        return rows(self.run("statement", "demat", "--client", client, "--year", year, *options,
-                             "--format", "csv").stdout)
-
-    def transactions(self, client: str, year: str, *options) -> list[dict]:
-        return rows(self.run("statement", "transactions", "--client", client, "--year", year,
-                             *options, "--format", "csv").stdout)
+        return self.listed("statement", client, year, *options)
 
     def holdings(self, client: str, year: str, *options) -> list[dict]:
-        return rows(self.run("holdings", "--client", client, "--year", year, *options,
-                             "--format", "csv").stdout)
+        return self.listed("holdings", client, year, *options)
 
 
 class Server:

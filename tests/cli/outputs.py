@@ -73,14 +73,9 @@ class Outputs(unittest.TestCase):
                 self.assertEqual(FIGURE.findall(text_of_rtf(Path(f"{stem}.rtf").read_text())),
                                  figures)
                 self.assertEqual(FIGURE.findall(text_of_pages(Path(f"{stem}.pdf"))), figures)
-
-    def test_csv_of_the_summary_has_the_same_figures(self):
-        summaries = [stem for stem in self.stems if stem.name.endswith("summary")]
-        for stem in summaries:
-            with self.subTest(stem.name):
-                figures = FIGURE.findall(Path(f"{stem}.txt").read_text())
-                csv = Path(f"{stem}.csv").read_text().replace(",", " ")
-                self.assertEqual(FIGURE.findall(csv), figures)
+                if stem.name.endswith("summary"):
+                    csv = Path(f"{stem}.csv").read_text().replace(",", " ")
+                    self.assertEqual(FIGURE.findall(csv), figures)
 
     def test_totals_of_the_workbook_are_sums(self):
         for stem in (stem for stem in self.stems if stem.name.endswith("gain-summary")):
@@ -100,16 +95,6 @@ class Outputs(unittest.TestCase):
                     self.assertEqual(amounts, [sum(column) for column in zip(*whole)], stem.name)
                     lines = whole
             self.assertTrue(lines, stem.name)
-
-    def test_workbook_is_ready_to_print(self):
-        for report, wide in (("capital-gain", True), ("demat", False)):
-            path = self.demo / f"ATH001-2011-12-{report}.xlsx"
-            sheet = openpyxl.load_workbook(path).worksheets[0]
-            heading = int(sheet.freeze_panes[1:]) - 1
-            self.assertEqual(sheet.cell(heading, 1).value, "Date")
-            self.assertTrue(sheet.print_title_rows.endswith(f"${heading}"))
-            self.assertEqual(sheet.page_setup.orientation == "landscape", wide)
-            self.assertFalse(sheet.sheet_view.showGridLines)
 
     def test_clients_whose_codes_make_one_file_name_have_a_file_each(self):
         with tempfile.TemporaryDirectory(dir=ctl.roomy_memory()) as folder:

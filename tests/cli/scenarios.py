@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Runs tests/scenarios through quorvanectl; their format is told in the README there."""
+"""Runs tests/scenarios through quorvanectl and through the exact computation; their format is told
+in the README there."""
 
 import csv
 import shutil
@@ -8,7 +9,15 @@ from pathlib import Path
 
 from ctl import DONE, REFUSED, TESTS, Case
 
+import portfolio
+from exact import Refusal, day
+from folder import read
+from ledger import Ledger
+from statement import Choice
+
 SCENARIOS = TESTS / "scenarios"
+OPTIONS = {"--from": ("start", day), "--to": ("end", day), "--charges": ("charges", str),
+           "--fo": ("fo", str), "--gains": ("gains", str)}
 
 
 def sections(text: str) -> list[tuple[list[str], list[str]]]:
@@ -25,6 +34,19 @@ def sections(text: str) -> list[tuple[list[str], list[str]]]:
 def table(lines: list[str]) -> tuple[list[str], list[dict]]:
     header, *rows = [[cell.strip() for cell in row] for row in csv.reader(lines)]
     return header, [dict(zip(header, row, strict=True)) for row in rows]
+
+
+def computed(ledger: Ledger, what: str, client: str, year: str, *options: str) -> list[dict] | None:
+    """None for what lists the documents; there is nothing to compute."""
+    if what == "holdings":
+        return portfolio.holding_cells(ledger, client, year, used_up=False)
+    if what != "statement":
+        return None
+    given = {}
+    for name, value in zip(options[::2], options[1::2], strict=True):
+        field, convert = OPTIONS[name]
+        given[field] = convert(value)
+    return portfolio.statement_cells(ledger, client, year, Choice(**given))
 
 
 class Scenarios(Case):
@@ -44,9 +66,14 @@ class Scenarios(Case):
             return
         desk = self.new_desk()
         desk.take_in(folder, DONE)
+        ledger = Ledger(read(folder))
         for heading, lines in expectations:
             with self.subTest(" ".join(heading)):
-                self.check_table(desk, heading, lines)
+                columns, expected = table(lines)
+                for actual in (desk.listed(*heading), computed(ledger, *heading)):
+                    if actual is not None:
+                        self.assertEqual(expected, [{name: row[name] for name in columns}
+                                                    for row in actual])
         self.check_is_well(desk)
 
     def check_refusal(self, folder: Path, texts: list[str]):
@@ -54,17 +81,12 @@ class Scenarios(Case):
         desk.take_in(SCENARIOS / "common")
         before = desk.export()
         told = desk.take_in(folder, REFUSED)
+        with self.assertRaises(Refusal) as refusal:
+            Ledger(read(folder))
         for text in texts:
             self.assertIn(text, told)
+            self.assertIn(text, str(refusal.exception))
         self.assertEqual(before, desk.export())
-
-    def check_table(self, desk, heading: list[str], lines: list[str]):
-        what, client, year, *options = heading
-        ask = {"statement": desk.statement, "holdings": desk.holdings, "demat": desk.demat,
-               "transactions": desk.transactions}[what]
-        columns, expected = table(lines)
-        self.assertEqual(expected, [{name: row[name] for name in columns}
-                                    for row in ask(client, year, *options)])
 
 
 def _add(path: Path):

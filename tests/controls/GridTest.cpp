@@ -2,6 +2,7 @@
 #include "controls/DateBox.h"
 #include "controls/Grid.h"
 #include "support/OnScreen.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QAbstractItemModelTester>
@@ -13,6 +14,7 @@
 using namespace quorvane::controls;
 
 using quorvane::test::PutOnScreen;
+namespace test = quorvane::test;
 
 namespace {
 
@@ -74,291 +76,225 @@ class GridTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void CellsShowTheirMask_data();
-  void CellsShowTheirMask();
-  void ValueListPassesBrokenPiecesOver();
-  void RowsOfOneGridMayHaveListsOfTheirOwn();
-  void HeadingSortsByValue_data();
-  void HeadingSortsByValue();
-  void SecondClickSortsTheOtherWay();
-  void SortingKeepsTheCurrentRecord();
-  void UnsortableGridKeepsItsOrder();
-  void TotalsHoldTheOrder();
-  void EmptyCellShowsNoChoice();
-  void TickIsSeen();
-  void ClickOrSpaceTicks();
-  void HeadingTicksAllThenNone();
-  void TotalsAreNeverTicked();
-  void EnterMovesThroughTheCells();
-  void TypedTextBecomesTheValue();
-  void UntouchedCellKeepsItsFullValue();
-  void ListOpensAtF2();
-  void ImproperDateIsRefused();
-  void ProgramsOwnChangesAreNoEdits();
-  void CopyTakesTheShownColumns();
-  void RefillKeepsTheCurrentRecord();
-  void RemovedRowLeavesTheNextOneCurrent();
-  void TenThousandRowsAreQuick();
-};
-
-void GridTest::CellsShowTheirMask_data() {
-  QTest::addColumn<int>("mask");
-  QTest::addColumn<QVariant>("value");
-  QTest::addColumn<QString>("shown");
-  const auto row = [](const char* name, Mask mask, const QVariant& value, const char* shown) {
-    QTest::newRow(name) << static_cast<int>(mask) << value << QString::fromLatin1(shown);
-  };
-  row("amount", Mask::kAmount, 2.675, "2.68");
-  row("percentage", Mask::kPercent, 0.1255, "0.126");
-  row("plain number", Mask::kNumber, 12.5, "12.5");
-  row("empty amount", Mask::kAmount, {}, "");
-  row("amount with its side", Mask::kAmount, "5.00Dr", "5.00Dr");
-  row("date", Mask::kDate, "01/04/2011", "01/04/2011");
-}
-
-void GridTest::CellsShowTheirMask() {
-  QFETCH(int, mask);
-  QFETCH(QVariant, value);
-  GridModel model;
-  model.SetColumns({{.heading = QStringLiteral("X"), .mask = static_cast<Mask>(mask)}});
-  model.SetRows({{.id = 1, .cells = {value}}});
-  QTEST(model.index(0, 0).data().toString(), "shown");
-}
-
-void GridTest::ValueListPassesBrokenPiecesOver() {
-  const ValueList list(QStringLiteral("#0;Dr|#1;Cr|Z|#x;Y||#7;A;B|") +
-                       quorvane::lookups::ListOf({{.id = 8, .text = QStringLiteral("C|D")}}));
-  QCOMPARE(list.Items().size(), std::size_t{4});
-  QCOMPARE(list.TextOf(8), QStringLiteral("C|D"));
-  QCOMPARE(list.TextOf(1), QStringLiteral("Cr"));
-  QCOMPARE(list.TextOf(7), QStringLiteral("A;B"));
-  QCOMPARE(list.TextOf(3), QString());
-}
-
-void GridTest::RowsOfOneGridMayHaveListsOfTheirOwn() {
-  Shown shown;
-  GridModel& model = shown.grid.Model();
-  model.SetCellChoices(0, kSide, QStringLiteral("#1;IN300|"));
-  QCOMPARE(model.Text(0, kSide), QStringLiteral("IN300"));
-  QCOMPARE(model.Text(2, kSide), QStringLiteral("P"));
-  shown.ClickHeading(kNote);
-  QCOMPARE(model.Text(model.RowOf(11), kSide), QStringLiteral("IN300"));
-}
-
-void GridTest::HeadingSortsByValue_data() {
-  QTest::addColumn<int>("column");
-  QTest::addColumn<std::vector<int>>("ids");
-  QTest::newRow("amount") << int{kRate} << std::vector<int>{12, 13, 11};
-  QTest::newRow("date, empty first") << int{kDay} << std::vector<int>{13, 12, 11};
-  QTest::newRow("text in any case") << int{kNote} << std::vector<int>{12, 11, 13};
-  QTest::newRow("shown text, equals in order") << int{kSide} << std::vector<int>{11, 13, 12};
-}
-
-void GridTest::HeadingSortsByValue() {
-  QFETCH(int, column);
-  Shown shown;
-  shown.ClickHeading(column);
-  QTEST(shown.Ids(), "ids");
-}
-
-void GridTest::SecondClickSortsTheOtherWay() {
-  Shown shown;
-  shown.ClickHeading(kRate);
-  shown.ClickHeading(kRate);
-  QCOMPARE(shown.Ids(), (std::vector<int>{11, 13, 12}));
-}
-
-void GridTest::SortingKeepsTheCurrentRecord() {
-  Shown shown;
-  shown.grid.SelectId(11);
-  shown.ClickHeading(kRate);
-  QCOMPARE(shown.grid.CurrentId(), 11);
-  QCOMPARE(shown.grid.CurrentRow(), 2);
-}
-
-void GridTest::UnsortableGridKeepsItsOrder() {
-  Shown shown;
-  shown.grid.SetSortable(false);
-  shown.ClickHeading(kRate);
-  QCOMPARE(shown.Ids(), (std::vector<int>{11, 12, 13}));
-}
-
-void GridTest::TotalsHoldTheOrder() {
-  Shown shown;
-  shown.grid.AddRow({.id = 0, .cells = {QVariant(), "Total"}, .kind = RowKind::kTotal});
-  shown.ClickHeading(kRate);
-  QCOMPARE(shown.Ids(), (std::vector<int>{11, 12, 13, 0}));
-}
-
-void GridTest::EmptyCellShowsNoChoice() {
-  Shown shown;
-  shown.grid.AddRow({.id = 0, .cells = {}, .kind = RowKind::kGroup});
-  shown.grid.AddRow();
-  QCOMPARE(shown.grid.Model().Text(3, kSide), QString());
-  QCOMPARE(shown.grid.Model().Text(4, kSide), QString());
-}
-
-void GridTest::TickIsSeen() {
-  Shown shown;
-  const QRect cell = shown.grid.visualRect(shown.grid.Model().index(0, kTicks));
-  const QImage without = shown.grid.viewport()->grab(cell).toImage();
-  shown.grid.Model().SetTicked(0, true);
-  QVERIFY(shown.grid.viewport()->grab(cell).toImage() != without);
-}
-
-void GridTest::ClickOrSpaceTicks() {
-  Shown shown;
-  QSignalSpy ticks(&shown.grid.Model(), &GridModel::TicksChanged);
-  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(0, kTicks));
-  QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 12}));
-  shown.grid.setCurrentIndex(shown.grid.Model().index(1, kNote));
-  QTest::keyClick(&shown.grid, Qt::Key_Space);
-  QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11}));
-  // A click on the row itself ticks as well, but not one that edits or chooses rows.
-  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kNote));
-  QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 13}));
-  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kRate));
-  QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, Qt::ControlModifier,
-                    shown.MiddleOf(1, kNote));
-  QCOMPARE(ticks.count(), 3);
-}
-
-void GridTest::HeadingTicksAllThenNone() {
-  Shown shown;
-  shown.ClickHeading(kTicks);
-  QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 12, 13}));
-  shown.ClickHeading(kTicks);
-  QVERIFY(shown.grid.Model().TickedIds().empty());
-}
-
-void GridTest::TotalsAreNeverTicked() {
-  Shown shown;
-  const int total = shown.grid.AddRow({.id = 99, .cells = {true}, .kind = RowKind::kTotal});
-  shown.grid.SelectRow(total);
-  QTest::keyClick(&shown.grid, Qt::Key_Space);
-  shown.ClickHeading(kTicks);
-  QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 12, 13}));
-  shown.ClickHeading(kTicks);
-  QVERIFY(shown.grid.Model().TickedIds().empty());
-}
-
-void GridTest::EnterMovesThroughTheCells() {
-  Shown shown;
-  QSignalSpy at_end(&shown.grid, &Grid::LastCellLeft);
-  shown.grid.EditCell(2, kDay);
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("010411"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QCOMPARE(shown.grid.currentIndex().column(), int{kSide});
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("s"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QCOMPARE(shown.grid.currentIndex().column(), int{kRate});
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("7.5"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QCOMPARE(at_end.count(), 1);
-  QCOMPARE(shown.grid.Model().Text(2, kDay), QStringLiteral("01/04/2011"));
-  QCOMPARE(shown.grid.Model().Value(2, kSide).toInt(), 0);
-  QCOMPARE(shown.grid.Model().Number(2, kRate), 7.5);
-}
-
-void GridTest::TypedTextBecomesTheValue() {
-  Shown shown;
-  QSignalSpy edited(&shown.grid.Model(), &GridModel::CellEdited);
-  shown.grid.setCurrentIndex(shown.grid.Model().index(0, kRate));
-  QTest::keyClick(shown.grid.viewport(), Qt::Key_4);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_2);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QCOMPARE(shown.grid.Model().Number(0, kRate), 42.0);
-  QCOMPARE(edited.count(), 1);
-}
-
-void GridTest::UntouchedCellKeepsItsFullValue() {
-  Shown shown;
-  shown.grid.Model().SetValue(0, kRate, 33.33333);
-  shown.grid.EditCell(0, kRate);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QCOMPARE(shown.grid.Model().Number(0, kRate), 33.33333);
-}
-
-void GridTest::ListOpensAtF2() {
-  Shown shown;
-  shown.grid.setCurrentIndex(shown.grid.Model().index(0, kSide));
-  QTest::keyClick(shown.grid.viewport(), Qt::Key_F2);
-  auto* list = shown.grid.findChild<ComboBox*>();
-  QVERIFY(list != nullptr);
-  QVERIFY(list->view()->isVisible());
-  QCOMPARE(list->CurrentId(), 1);
-}
-
-void GridTest::ImproperDateIsRefused() {
-  Shown shown;
-  QSignalSpy refused(&shown.grid, &Grid::EditRefused);
-  shown.grid.EditCell(0, kDay);
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("31022011"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QCOMPARE(refused.count(), 1);
-  QCOMPARE(shown.grid.Model().Text(0, kDay), QStringLiteral("02/04/2011"));
-}
-
-void GridTest::ProgramsOwnChangesAreNoEdits() {
-  Shown shown;
-  QSignalSpy edited(&shown.grid.Model(), &GridModel::CellEdited);
-  shown.grid.Model().SetValue(0, kRate, 1.0);
-  shown.grid.Model().ReplaceRow(1, {.id = 12, .cells = {false, "", 0, 2.0}});
-  QCOMPARE(edited.count(), 0);
-}
-
-void GridTest::CopyTakesTheShownColumns() {
-  Shown shown;
-  shown.grid.SelectRow(0);
-  QTest::keyClick(&shown.grid, Qt::Key_Down, Qt::ShiftModifier);
-  QCOMPARE(shown.grid.SelectedText(),
-           QStringLiteral("02/04/2011\tP\t100.00\tb\n31/12/2010\tS\t9.50\ta"));
-}
-
-void GridTest::RefillKeepsTheCurrentRecord() {
-  Shown shown;
-  shown.grid.SelectId(13);
-  QSignalSpy moved(&shown.grid, &Grid::CurrentRowChanged);
-  std::vector<Row> rows = BillRows();
-  rows.erase(rows.begin());
-  shown.grid.SetRows(rows);
-  QCOMPARE(shown.grid.CurrentId(), 13);
-  rows.pop_back();
-  shown.grid.SetRows(rows);
-  QCOMPARE(shown.grid.CurrentId(), 0);
-  QCOMPARE(moved.count(), 2);
-  QCOMPARE(moved.back().front().toInt(), -1);
-}
-
-void GridTest::RemovedRowLeavesTheNextOneCurrent() {
-  Shown shown;
-  shown.grid.SelectId(12);
-  shown.grid.RemoveCurrentRow();
-  QCOMPARE(shown.Ids(), (std::vector<int>{11, 13}));
-  QVERIFY(shown.grid.CurrentId() != 0);
-  shown.grid.RemoveCurrentRow();
-  shown.grid.RemoveCurrentRow();
-  QCOMPARE(shown.grid.CurrentId(), 0);
-  shown.grid.RemoveCurrentRow();
-}
-
-void GridTest::TenThousandRowsAreQuick() {
-  Shown shown;
-  std::vector<Row> rows;
-  for (int id = 1; id <= 10000; ++id) {
-    rows.push_back(
-        {.id = id,
-         .cells = {false, "01/04/2011", 1, id * 1.5, QStringLiteral("SCRIP %1").arg(id), id}});
+  void CellsShowTheirMask_data() {
+    const test::Table<Mask, QVariant, QString> row;
+    row("amount", Mask::kAmount, 2.675, "2.68");
+    row("percentage", Mask::kPercent, 0.1255, "0.126");
+    row("empty amount", Mask::kAmount, {}, "");
+    row("amount with its side", Mask::kAmount, "5.00Dr", "5.00Dr");
   }
-  QSignalSpy changes(&shown.grid.Model(), &QAbstractItemModel::dataChanged);
-  QSignalSpy inserts(&shown.grid.Model(), &QAbstractItemModel::rowsInserted);
-  QElapsedTimer clock;
-  clock.start();
-  shown.grid.SetRows(std::move(rows));
-  shown.grid.repaint();
-  QVERIFY2(clock.elapsed() < 500, qPrintable(QString::number(clock.elapsed())));
-  QCOMPARE(changes.count() + inserts.count(), 0);
-}
+
+  void CellsShowTheirMask() {
+    const auto [mask, value, shown] = test::Table<Mask, QVariant, QString>::Row();
+    GridModel model;
+    model.SetColumns({{.heading = QStringLiteral("X"), .mask = mask}});
+    model.SetRows({{.id = 1, .cells = {value}}});
+    QCOMPARE(model.index(0, 0).data().toString(), shown);
+  }
+
+  void ValueListPassesBrokenPiecesOver() {
+    const ValueList list(QStringLiteral("#0;Dr|#1;Cr|Z|#x;Y||#7;A;B|") +
+                         quorvane::lookups::ListOf({{.id = 8, .text = QStringLiteral("C|D")}}));
+    QCOMPARE(list.Items().size(), std::size_t{4});
+    QCOMPARE(list.TextOf(8), QStringLiteral("C|D"));
+    QCOMPARE(list.TextOf(1), QStringLiteral("Cr"));
+    QCOMPARE(list.TextOf(7), QStringLiteral("A;B"));
+    QCOMPARE(list.TextOf(3), QString());
+  }
+
+  void RowsOfOneGridMayHaveListsOfTheirOwn() {
+    Shown shown;
+    GridModel& model = shown.grid.Model();
+    model.SetCellChoices(0, kSide, QStringLiteral("#1;IN300|"));
+    QCOMPARE(model.Text(0, kSide), QStringLiteral("IN300"));
+    QCOMPARE(model.Text(2, kSide), QStringLiteral("P"));
+    shown.ClickHeading(kNote);
+    QCOMPARE(model.Text(model.RowOf(11), kSide), QStringLiteral("IN300"));
+  }
+
+  void HeadingSortsByValue_data() {
+    const test::Table<int, std::vector<int>> row;
+    row("amount", int{kRate}, std::vector<int>{12, 13, 11});
+    row("date, empty first", int{kDay}, std::vector<int>{13, 12, 11});
+    row("text in any case", int{kNote}, std::vector<int>{12, 11, 13});
+    row("shown text, equals in order", int{kSide}, std::vector<int>{11, 13, 12});
+  }
+
+  void HeadingSortsByValue() {
+    const auto [column, ids] = test::Table<int, std::vector<int>>::Row();
+    Shown shown;
+    shown.ClickHeading(column);
+    QCOMPARE(shown.Ids(), ids);
+  }
+
+  void SortingKeepsTheCurrentRecordAndASecondClickTurnsItRound() {
+    Shown shown;
+    shown.grid.SelectId(11);
+    shown.ClickHeading(kRate);
+    QCOMPARE(shown.grid.CurrentId(), 11);
+    QCOMPARE(shown.grid.CurrentRow(), 2);
+    shown.ClickHeading(kRate);
+    QCOMPARE(shown.Ids(), (std::vector<int>{11, 13, 12}));
+  }
+
+  void UnsortableGridKeepsItsOrder() {
+    Shown shown;
+    shown.grid.SetSortable(false);
+    shown.ClickHeading(kRate);
+    QCOMPARE(shown.Ids(), (std::vector<int>{11, 12, 13}));
+  }
+
+  void TotalsHoldTheOrder() {
+    Shown shown;
+    shown.grid.AddRow({.id = 0, .cells = {QVariant(), "Total"}, .kind = RowKind::kTotal});
+    shown.ClickHeading(kRate);
+    QCOMPARE(shown.Ids(), (std::vector<int>{11, 12, 13, 0}));
+  }
+
+  void EmptyCellShowsNoChoice() {
+    Shown shown;
+    shown.grid.AddRow({.id = 0, .cells = {}, .kind = RowKind::kGroup});
+    shown.grid.AddRow();
+    QCOMPARE(shown.grid.Model().Text(3, kSide), QString());
+    QCOMPARE(shown.grid.Model().Text(4, kSide), QString());
+  }
+
+  void TickIsSeen() {
+    Shown shown;
+    const QRect cell = shown.grid.visualRect(shown.grid.Model().index(0, kTicks));
+    const QImage without = shown.grid.viewport()->grab(cell).toImage();
+    shown.grid.Model().SetTicked(0, true);
+    QVERIFY(shown.grid.viewport()->grab(cell).toImage() != without);
+  }
+
+  void ClickOrSpaceTicks() {
+    Shown shown;
+    QSignalSpy ticks(&shown.grid.Model(), &GridModel::TicksChanged);
+    QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(0, kTicks));
+    QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 12}));
+    shown.grid.setCurrentIndex(shown.grid.Model().index(1, kNote));
+    QTest::keyClick(&shown.grid, Qt::Key_Space);
+    QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11}));
+    // A click on the row itself ticks as well, but not one that edits or chooses rows.
+    QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kNote));
+    QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 13}));
+    QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, {}, shown.MiddleOf(2, kRate));
+    QTest::mouseClick(shown.grid.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      shown.MiddleOf(1, kNote));
+    QCOMPARE(ticks.count(), 3);
+  }
+
+  void TotalsAreNeverTicked() {
+    Shown shown;
+    const int total = shown.grid.AddRow({.id = 99, .cells = {true}, .kind = RowKind::kTotal});
+    shown.grid.SelectRow(total);
+    QTest::keyClick(&shown.grid, Qt::Key_Space);
+    shown.ClickHeading(kTicks);
+    QCOMPARE(shown.grid.Model().TickedIds(), (std::vector<int>{11, 12, 13}));
+    shown.ClickHeading(kTicks);
+    QVERIFY(shown.grid.Model().TickedIds().empty());
+  }
+
+  void EnterMovesThroughTheCells() {
+    Shown shown;
+    QSignalSpy at_end(&shown.grid, &Grid::LastCellLeft);
+    shown.grid.EditCell(2, kDay);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("010411"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(shown.grid.currentIndex().column(), int{kSide});
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("s"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(shown.grid.currentIndex().column(), int{kRate});
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("7.5"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(at_end.count(), 1);
+    QCOMPARE(shown.grid.Model().Text(2, kDay), QStringLiteral("01/04/2011"));
+    QCOMPARE(shown.grid.Model().Value(2, kSide).toInt(), 0);
+    QCOMPARE(shown.grid.Model().Number(2, kRate), 7.5);
+  }
+
+  void TypedTextBecomesTheValue() {
+    Shown shown;
+    QSignalSpy edited(&shown.grid.Model(), &GridModel::CellEdited);
+    shown.grid.setCurrentIndex(shown.grid.Model().index(0, kRate));
+    QTest::keyClick(shown.grid.viewport(), Qt::Key_4);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_2);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(shown.grid.Model().Number(0, kRate), 42.0);
+    QCOMPARE(edited.count(), 1);
+  }
+
+  void UntouchedCellKeepsItsFullValue() {
+    Shown shown;
+    shown.grid.Model().SetValue(0, kRate, 33.33333);
+    shown.grid.EditCell(0, kRate);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(shown.grid.Model().Number(0, kRate), 33.33333);
+  }
+
+  void ListOpensAtF2() {
+    Shown shown;
+    shown.grid.setCurrentIndex(shown.grid.Model().index(0, kSide));
+    QTest::keyClick(shown.grid.viewport(), Qt::Key_F2);
+    auto* list = shown.grid.findChild<ComboBox*>();
+    QVERIFY(list != nullptr);
+    QVERIFY(list->view()->isVisible());
+    QCOMPARE(list->CurrentId(), 1);
+  }
+
+  void ImproperDateIsRefused() {
+    Shown shown;
+    QSignalSpy refused(&shown.grid, &Grid::EditRefused);
+    shown.grid.EditCell(0, kDay);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("31022011"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(refused.count(), 1);
+    QCOMPARE(shown.grid.Model().Text(0, kDay), QStringLiteral("02/04/2011"));
+  }
+
+  void ProgramsOwnChangesAreNoEdits() {
+    Shown shown;
+    QSignalSpy edited(&shown.grid.Model(), &GridModel::CellEdited);
+    shown.grid.Model().SetValue(0, kRate, 1.0);
+    shown.grid.Model().ReplaceRow(1, {.id = 12, .cells = {false, "", 0, 2.0}});
+    QCOMPARE(edited.count(), 0);
+  }
+
+  void CopyTakesTheShownColumns() {
+    Shown shown;
+    shown.grid.SelectRow(0);
+    QTest::keyClick(&shown.grid, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(shown.grid.SelectedText(),
+             QStringLiteral("02/04/2011\tP\t100.00\tb\n31/12/2010\tS\t9.50\ta"));
+  }
+
+  void RefillKeepsTheCurrentRecord() {
+    Shown shown;
+    shown.grid.SelectId(13);
+    QSignalSpy moved(&shown.grid, &Grid::CurrentRowChanged);
+    std::vector<Row> rows = BillRows();
+    rows.erase(rows.begin());
+    shown.grid.SetRows(rows);
+    QCOMPARE(shown.grid.CurrentId(), 13);
+    rows.pop_back();
+    shown.grid.SetRows(rows);
+    QCOMPARE(shown.grid.CurrentId(), 0);
+    QCOMPARE(moved.count(), 2);
+    QCOMPARE(moved.back().front().toInt(), -1);
+  }
+
+  void RemovedRowLeavesTheNextOneCurrent() {
+    Shown shown;
+    shown.grid.SelectId(12);
+    shown.grid.RemoveCurrentRow();
+    QCOMPARE(shown.Ids(), (std::vector<int>{11, 13}));
+    QVERIFY(shown.grid.CurrentId() != 0);
+    shown.grid.RemoveCurrentRow();
+    shown.grid.RemoveCurrentRow();
+    QCOMPARE(shown.grid.CurrentId(), 0);
+    shown.grid.RemoveCurrentRow();
+  }
+};
 
 static const quorvane::test::RegisterTest<GridTest> kRegistered;
 

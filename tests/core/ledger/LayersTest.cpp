@@ -9,21 +9,6 @@ using ledger::Lots;
 using ledger::Shares;
 using records::MovementKind;
 
-class LayersTest : public QObject {
-  Q_OBJECT
-
- private Q_SLOTS:
-  void OldestPurchaseGoesFirstWhateverItsRate();
-  void NeighbouringPurchasesOfOneRateAreOnePiece();
-  void PurchasesAfterTheDateAreNotSold();
-  void EarlierPurchaseThatComesLaterGoesFirst();
-  void NamedLotGoesByItsOwnPurchases();
-  void ShortageTakesNothingAndTellsTheBalance();
-  void GoingBackRestoresLotsAndOrder();
-  void SaleAheadIsServedByWhatComesInFirst();
-  void RecordedMovementsLeaveTheirPurchases();
-};
-
 namespace {
 
 const ledger::Place kPlace{{ClientId{1}, text::FinancialYear(2011)}, AccountId{2}};
@@ -76,128 +61,88 @@ struct Holding {
 
 }  // namespace
 
-void LayersTest::OldestPurchaseGoesFirstWhateverItsRate() {
-  Holding h;
-  h.Buy(1, 12, 5);
-  h.Buy(2, 10, 5);
-  h.Buy(3, 12, 5);
-  QCOMPARE(h.Oldest(9, 7), "5x12 2x10");
-  QCOMPARE(h.Oldest(9, 8), "3x10 5x12");
-}
+class LayersTest : public QObject {
+  Q_OBJECT
 
-void LayersTest::NeighbouringPurchasesOfOneRateAreOnePiece() {
-  Holding h;
-  h.Buy(1, 10, 5);
-  h.Buy(2, 10, 5);
-  h.Buy(2, 11, 5);
-  QCOMPARE(h.Oldest(9, 12), "10x10 2x11");
-}
+ private Q_SLOTS:
+  void EarlierPurchaseThatComesLaterGoesFirst() {
+    Holding h;
+    h.Buy(5, 10, 5);
+    QCOMPARE(h.Oldest(9, 5), "5x10");
+    h.Buy(6, 12, 5);
+    h.Buy(1, 11, 5);
+    QCOMPARE(h.Oldest(9, 6), "5x11 1x12");
+  }
 
-void LayersTest::PurchasesAfterTheDateAreNotSold() {
-  Holding h;
-  h.Buy(1, 10, 5);
-  h.Buy(8, 10, 5);
-  QCOMPARE(h.Oldest(7, 6), "only 5");
-  QCOMPARE(h.Oldest(8, 6), "6x10");
-}
+  void GoingBackRestoresLotsAndOrder() {
+    Holding h;
+    h.Buy(1, 10, 5);
+    h.Buy(2, 11, 5);
+    h.layers.Mark();
+    QCOMPARE(h.Oldest(9, 6), "5x10 1x11");
+    QVERIFY(h.Sell(11, 4));
+    h.layers.GoBack();
+    QCOMPARE(h.Quantity(10), 5.0);
+    QCOMPARE(h.Quantity(11), 5.0);
+    QCOMPARE(h.Oldest(9, 10), "5x10 5x11");
+  }
 
-void LayersTest::EarlierPurchaseThatComesLaterGoesFirst() {
-  Holding h;
-  h.Buy(5, 10, 5);
-  QCOMPARE(h.Oldest(9, 5), "5x10");
-  h.Buy(6, 12, 5);
-  h.Buy(1, 11, 5);
-  QCOMPARE(h.Oldest(9, 6), "5x11 1x12");
-}
+  void SaleAheadIsServedByWhatComesInFirst() {
+    Holding h;
+    h.Buy(1, 10, 2);
+    const auto first = h.layers.TakeAhead(Key(10), Shares(5));
+    const auto second = h.layers.TakeAhead(Key(10), Shares(4));
+    QCOMPARE(first.lot, h.lots.Find(Key(10))->id);
+    h.layers.Mark();
+    h.layers.TakeAhead(Key(10), Shares(50));
+    h.layers.GoBack();
+    h.Buy(2, 10, 6);
+    QVERIFY(!h.layers.IsOpen(first));
+    QVERIFY(h.layers.IsOpen(second));
+    QCOMPARE(h.Oldest(9, 1), "only 0");
+    h.Buy(3, 10, 3);
+    QVERIFY(!h.layers.IsOpen(second));
+    QCOMPARE(h.Oldest(9, 3), "only 2");
+    QCOMPARE(h.Quantity(10), 2.0);
+  }
 
-void LayersTest::NamedLotGoesByItsOwnPurchases() {
-  Holding h;
-  h.Buy(1, 10, 5);
-  h.Buy(2, 11, 5);
-  h.Buy(3, 10, 5);
-  QVERIFY(h.Sell(10, 7));
-  QCOMPARE(h.Left(10), "3:3");
-  QCOMPARE(h.Oldest(9, 8), "5x11 3x10");
-}
-
-void LayersTest::ShortageTakesNothingAndTellsTheBalance() {
-  Holding h;
-  h.Buy(1, 10, 5);
-  QCOMPARE(h.Sell(10, 5.5).available, Shares(5));
-  QVERIFY(!h.Sell(10, 5.5));
-  QVERIFY(!h.Sell(11, 1));
-  QCOMPARE(h.Sell(11, 1).available, Shares(0));
-  QCOMPARE(h.Oldest(9, 6), "only 5");
-  QCOMPARE(h.Oldest(9, 5), "5x10");
-}
-
-void LayersTest::GoingBackRestoresLotsAndOrder() {
-  Holding h;
-  h.Buy(1, 10, 5);
-  h.Buy(2, 11, 5);
-  h.layers.Mark();
-  QCOMPARE(h.Oldest(9, 6), "5x10 1x11");
-  QVERIFY(h.Sell(11, 4));
-  h.layers.GoBack();
-  QCOMPARE(h.Quantity(10), 5.0);
-  QCOMPARE(h.Quantity(11), 5.0);
-  QCOMPARE(h.Oldest(9, 10), "5x10 5x11");
-}
-
-void LayersTest::SaleAheadIsServedByWhatComesInFirst() {
-  Holding h;
-  h.Buy(1, 10, 2);
-  const auto first = h.layers.TakeAhead(Key(10), Shares(5));
-  const auto second = h.layers.TakeAhead(Key(10), Shares(4));
-  QCOMPARE(first.lot, h.lots.Find(Key(10))->id);
-  h.layers.Mark();
-  h.layers.TakeAhead(Key(10), Shares(50));
-  h.layers.GoBack();
-  h.Buy(2, 10, 6);
-  QVERIFY(!h.layers.IsOpen(first));
-  QVERIFY(h.layers.IsOpen(second));
-  QCOMPARE(h.Oldest(9, 1), "only 0");
-  h.Buy(3, 10, 3);
-  QVERIFY(!h.layers.IsOpen(second));
-  QCOMPARE(h.Oldest(9, 3), "only 2");
-  QCOMPARE(h.Quantity(10), 2.0);
-}
-
-/// As they come from the records, in no order: a sale comes off the lot that it names, whatever its
-/// own rate and date, and what has no date belongs to no purchase.
-void LayersTest::RecordedMovementsLeaveTheirPurchases() {
-  Holding h;
-  h.lots.Load({kPlace.of.client, kPlace.of.year, LotId{7}, kPlace.account, kScrip, Shares(9), 10});
-  const auto add = [&](MovementKind kind, int day, int document, double quantity, bool dated) {
-    records::Movement m;
-    m.kind = kind;
-    m.dated = dated;
-    m.client = kPlace.of.client;
-    m.year = kPlace.of.year;
-    m.account = kPlace.account;
-    m.scrip = kScrip;
-    m.date = Day(day);
-    m.document = document;
-    m.lot = LotId{7};
-    m.quantity = Shares(quantity);
-    m.rate = kind == MovementKind::kSale ? 99 : 10;
-    h.layers.Add(m);
-  };
-  add(MovementKind::kSale, 1, 1, 3, true);
-  add(MovementKind::kPurchase, 4, 2, 6, true);
-  add(MovementKind::kTransferIn, 2, 3, 4, true);
-  add(MovementKind::kPurchase, 2, 4, 2, true);
-  add(MovementKind::kTransferOut, 9, 5, 1, true);
-  add(MovementKind::kPurchase, 1, 6, 1, false);
-  h.layers.Arrange();
-  QCOMPARE(h.Left(10), "2:2 4:6");
-  QCOMPARE(h.Quantity(10), 9.0);
-  h.Buy(3, 10, 5);
-  QCOMPARE(h.lots.Find(Key(10))->id, LotId{7});
-  QCOMPARE(h.Oldest(3, 8), "only 7");
-  QVERIFY(h.Sell(10, 14));
-  QVERIFY(!h.Sell(10, 1));
-}
+  /// As they come from the records, in no order: a sale comes off the lot that it names, whatever
+  /// its own rate and date, and what has no date belongs to no purchase.
+  void RecordedMovementsLeaveTheirPurchases() {
+    Holding h;
+    h.lots.Load(
+        {kPlace.of.client, kPlace.of.year, LotId{7}, kPlace.account, kScrip, Shares(9), 10});
+    const auto add = [&](MovementKind kind, int day, int document, double quantity, bool dated) {
+      records::Movement m;
+      m.kind = kind;
+      m.dated = dated;
+      m.client = kPlace.of.client;
+      m.year = kPlace.of.year;
+      m.account = kPlace.account;
+      m.scrip = kScrip;
+      m.date = Day(day);
+      m.document = document;
+      m.lot = LotId{7};
+      m.quantity = Shares(quantity);
+      m.rate = kind == MovementKind::kSale ? 99 : 10;
+      h.layers.Add(m);
+    };
+    add(MovementKind::kSale, 1, 1, 3, true);
+    add(MovementKind::kPurchase, 4, 2, 6, true);
+    add(MovementKind::kTransferIn, 2, 3, 4, true);
+    add(MovementKind::kPurchase, 2, 4, 2, true);
+    add(MovementKind::kTransferOut, 9, 5, 1, true);
+    add(MovementKind::kPurchase, 1, 6, 1, false);
+    h.layers.Arrange();
+    QCOMPARE(h.Left(10), "2:2 4:6");
+    QCOMPARE(h.Quantity(10), 9.0);
+    h.Buy(3, 10, 5);
+    QCOMPARE(h.lots.Find(Key(10))->id, LotId{7});
+    QCOMPARE(h.Oldest(3, 8), "only 7");
+    QVERIFY(h.Sell(10, 14));
+    QVERIFY(!h.Sell(10, 1));
+  }
+};
 
 static const quorvane::test::RegisterTest<LayersTest> kRegistered;
 

@@ -1,4 +1,5 @@
 #include "core/ledger/Posting.h"
+#include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -52,42 +53,23 @@ class LotsTest : public QObject {
 
  private Q_SLOTS:
   void PostingFindsItsLotByEveryPartOfTheKey_data() {
-    QTest::addColumn<int>("client");
-    QTest::addColumn<int>("year");
-    QTest::addColumn<int>("account");
-    QTest::addColumn<int>("scrip");
-    QTest::addColumn<double>("rate");
-    QTest::addColumn<bool>("same");
-    QTest::newRow("same") << 1 << 2011 << 2 << 3 << 0.1 + 0.2 << true;
-    QTest::newRow("client") << 7 << 2011 << 2 << 3 << 0.1 + 0.2 << false;
-    QTest::newRow("year") << 1 << 2012 << 2 << 3 << 0.1 + 0.2 << false;
-    QTest::newRow("account") << 1 << 2011 << 7 << 3 << 0.1 + 0.2 << false;
-    QTest::newRow("scrip") << 1 << 2011 << 2 << 7 << 0.1 + 0.2 << false;
-    QTest::newRow("neighbouring double") << 1 << 2011 << 2 << 3 << 0.3 << false;
+    const test::Table<int, int, int, int, double, bool> row;
+    row("same", 1, 2011, 2, 3, 0.1 + 0.2, true);
+    row("client", 7, 2011, 2, 3, 0.1 + 0.2, false);
+    row("year", 1, 2012, 2, 3, 0.1 + 0.2, false);
+    row("account", 1, 2011, 7, 3, 0.1 + 0.2, false);
+    row("scrip", 1, 2011, 2, 7, 0.1 + 0.2, false);
+    row("neighbouring double", 1, 2011, 2, 3, 0.3, false);
   }
   void PostingFindsItsLotByEveryPartOfTheKey() {
-    QFETCH(int, client);
-    QFETCH(int, year);
-    QFETCH(int, account);
-    QFETCH(int, scrip);
-    QFETCH(double, rate);
-    QFETCH(bool, same);
+    const auto [client, year, account, scrip, rate, same] =
+        test::Table<int, int, int, int, double, bool>::Row();
     Lots lots;
     const LotId first = lots.PostLot(Posting::kAdd, Key(0.1 + 0.2), Shares(10));
     const LotKey key{
         {ClientId{client}, text::FinancialYear(year)}, AccountId{account}, ScripId{scrip}, rate};
     QCOMPARE(lots.PostLot(Posting::kSubtract, key, Shares(4)) == first, same);
     QCOMPARE(lots.Find(key)->quantity.Number(), same ? 6.0 : 4.0);
-  }
-
-  void QuantitiesStayExact() {
-    Lots lots;
-    for (int i = 0; i < 10; ++i) {
-      lots.PostLot(Posting::kAdd, Key(100), Shares(0.1));
-    }
-    lots.AdjustLotQty(Posting::kSubtract, LotId{-1}, Shares(0.3));
-    lots.AdjustLotQty(Posting::kSubtract, LotId{99}, Shares(5));
-    QVERIFY(lots.Find(Key(100))->quantity.Number() == 0.7);
   }
 
   void SaleDrawsOnAPurchaseOfItsOwnBill() {
@@ -103,11 +85,7 @@ class LotsTest : public QObject {
   }
 
   void ShortageIsWhatComesOfAllTogether_data() {
-    QTest::addColumn<double>("stored");
-    QTest::addColumn<std::function<void(Lots&)>>("post");
-    QTest::addColumn<bool>("shortage");
-    const auto row = [](const char* name, double stored, std::function<void(Lots&)> post,
-                        bool shortage) { QTest::newRow(name) << stored << post << shortage; };
+    const test::Table<double, std::function<void(Lots&)>, bool> row;
     const auto sell = [](Lots& lots, double quantity, int lot) {
       std::vector<BillLine> line{Line(Side::kSale, quantity, 120, lot)};
       PostLines(lots, kPlace, line);
@@ -134,9 +112,8 @@ class LotsTest : public QObject {
         true);
   }
   void ShortageIsWhatComesOfAllTogether() {
-    QFETCH(double, stored);
-    QFETCH(std::function<void(Lots&)>, post);
-    QFETCH(bool, shortage);
+    const auto [stored, post, shortage] =
+        test::Table<double, std::function<void(Lots&)>, bool>::Row();
     Lots lots;
     lots.Load(Stored(5, stored, 100));
     post(lots);

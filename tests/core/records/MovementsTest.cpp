@@ -1,9 +1,12 @@
 #include "core/gains/History.h"
 #include "core/ledger/Rebuild.h"
+#include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
 #include <QTest>
+
+#include <fmt/format.h>
 
 using namespace quorvane;
 using records::FaultKind;
@@ -12,18 +15,27 @@ using records::FaultKind;
 class MovementsTest : public QObject {
   Q_OBJECT
 
+  using Statements = std::vector<std::string>;
+
   std::optional<test::TestDatabase> database_;
   ClientId client_;
   AccountId account_;
 
-  void Bill(int id, const char* date, int client = 1) {
-    database_->Get().Execute("Insert Into SPMaster Values(?,'2011-12',?,?,?,1,1,?,0,0,0,0,0,'')",
-                             client, id, QStringLiteral("B%1").arg(id), date, account_);
+  static std::string Bill(int id, const char* date) {
+    return fmt::format(
+        "Insert Into SPMaster Values(1,'2011-12',{0},'B{0}','{1}',1,1,1,0,0,0,0,0,'')", id, date);
   }
-  void Line(int bill, int side, double quantity, int lot = 7, int client = 1,
-            const char* year = "2011-12") {
-    database_->Get().Execute("Insert Into SPTrans Values(?,?,?,1,?,?,1,?,100,0,100,?,0,0,0,0,'')",
-                             client, year, bill, side, lot, quantity, quantity * 100);
+  static std::string Line(int bill, int side, int quantity, int lot = 7, int client = 1,
+                          const char* year = "2011-12") {
+    return fmt::format(
+        "Insert Into SPTrans Values({},'{}',{},1,{},{},1,{},100,0,100,{}00,0,0,0,0,'')", client,
+        year, bill, side, lot, quantity, quantity);
+  }
+
+  void Execute(const Statements& statements) {
+    for (const std::string& statement : statements) {
+      database_->Get().Execute(statement);
+    }
   }
 
   /// The kinds and keys of faults.
@@ -57,73 +69,31 @@ class MovementsTest : public QObject {
   void cleanup() { database_.reset(); }
 
   void ABadRecordIsNamedAndTheOthersCount_data() {
-    QTest::addColumn<std::function<void(MovementsTest&)>>("record");
-    QTest::addColumn<QStringList>("faults");
-    QTest::addColumn<double>("lot");        // shares after a rebuild
-    QTest::addColumn<double>("purchases");  // shares that came in, in statements
-    QTest::addColumn<double>("sales");
-    using Record = std::function<void(MovementsTest&)>;
-    const auto row = [](const char* name, Record record, const QStringList& faults, double lot,
-                        double purchases, double sales) {
-      QTest::newRow(name) << record << faults << lot << purchases << sales;
-    };
-    row(
-        "bill without a date",
-        [](auto& t) {
-          t.Bill(2, "31/02/2012");
-          t.Line(2, 1, 5);
-        },
+    // The records, their faults, the lot after a rebuild, shares in and out in statements.
+    const test::Table<Statements, QStringList, double, double, double> row;
+    row("bill without a date", {Bill(2, "31/02/2012"), Line(2, 1, 5)},
         One(FaultKind::kBillWithoutDate, 2), 15, 10, 0);
-    row(
-        "line of another client",
-        [](auto& t) {
-          t.Bill(2, "01/06/2011");
-          t.Line(2, 1, 5, 7, 9);
-        },
+    row("line of another client", {Bill(2, "01/06/2011"), Line(2, 1, 5, 7, 9)},
         One(FaultKind::kLineOfAnotherBill, 2), 10, 10, 0);
-    row(
-        "line of another year",
-        [](auto& t) {
-          t.Bill(2, "01/06/2011");
-          t.Line(2, 1, 5, 7, 1, "2012-13");
-        },
+    row("line of another year", {Bill(2, "01/06/2011"), Line(2, 1, 5, 7, 1, "2012-13")},
         One(FaultKind::kLineOfAnotherBill, 2), 10, 10, 0);
-    row(
-        "line without a bill", [](auto& t) { t.Line(2, 1, 5); }, {}, 10, 10, 0);
-    row(
-        "transfer to itself",
-        [](auto& t) {
-          t.database_->Get().Execute(
-              "Insert Into ScrTransfer Values(1,'2011-12',3,'01/06/2011',?,0,?,1,7,1,100,4)",
-              t.account_, t.account_);
-        },
+    row("line without a bill", {Line(2, 1, 5)}, {}, 10, 10, 0);
+    row("transfer to itself",
+        {"Insert Into ScrTransfer Values(1,'2011-12',3,'01/06/2011',1,0,1,1,7,1,100,4)"},
         One(FaultKind::kTransferToItself, 3), 6, 10, 4);
-    row(
-        "sale of no lot",
-        [](auto& t) {
-          t.Bill(2, "01/06/2011");
-          t.Line(2, 0, 5, 0);
-        },
+    row("sale of no lot", {Bill(2, "01/06/2011"), Line(2, 0, 5, 0)},
         One(FaultKind::kSaleWithoutLot, 2), 10, 10, 5);
-    row(
-        "year that is none",
-        [](auto& t) {
-          t.database_->Get().Execute(
-              "Insert Into StkOpBal Values(1,'2011-13',4,1,5,100,500,?,'01/01/2010',0,0,0,0)",
-              t.account_);
-        },
+    row("year that is none",
+        {"Insert Into StkOpBal Values(1,'2011-13',4,1,5,100,500,1,'01/01/2010',0,0,0,0)"},
         One(FaultKind::kRecordWithoutYear, 4), 10, 10, 0);
   }
+
   void ABadRecordIsNamedAndTheOthersCount() {
-    QFETCH(std::function<void(MovementsTest&)>, record);
-    QFETCH(QStringList, faults);
-    QFETCH(double, lot);
-    QFETCH(double, purchases);
-    QFETCH(double, sales);
+    const auto [records, faults, lot, purchases, sales] =
+        test::Table<Statements, QStringList, double, double, double>::Row();
     const ClientYear of{client_, text::FinancialYear(2011)};
-    Bill(1, "01/05/2011");
-    Line(1, 1, 10);
-    record(*this);
+    Execute({Bill(1, "01/05/2011"), Line(1, 1, 10)});
+    Execute(records);
     Progress progress;
     QCOMPARE(TextsOf(ledger::CheckStock(database_->Get(), std::nullopt, progress).faults), faults);
     QCOMPARE(Rebuilt(std::nullopt), lot);
@@ -147,8 +117,7 @@ class MovementsTest : public QObject {
   void OpeningStockWithoutADateWasNotBoughtOnTheDayOfItsSale() {
     database_->Get().Execute(
         "Insert Into StkOpBal Values(1,'2011-12',4,1,10,100,1000,?,NULL,0,0,0,0)", account_);
-    Bill(1, "01/04/2011");
-    Line(1, 0, 10);
+    Execute({Bill(1, "01/04/2011"), Line(1, 0, 10)});
     const text::FinancialYear year(2011);
     Progress progress;
     gains::History history(database_->Get(), {std::nullopt, year, year.FirstDay(), year.LastDay()},

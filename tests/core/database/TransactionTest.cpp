@@ -137,7 +137,7 @@ class TransactionTest : public QObject {
   void WorkIsGivenUpAfterTheLastAttempt() {
     int runs = 0;
     const auto work = [&] {
-      InTransaction(**database_, [&](Transaction& transaction) -> MaybeRefusal {
+      InTransaction(**database_, [&](Transaction& transaction) {
         ++runs;
         transaction.Execute("Insert Into T Values(?,?)", runs, 0);
         throw DatabaseError("40001", 1213, "Deadlock found", "");

@@ -84,6 +84,44 @@ class RebuildTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  // Account, scrip, rate, lot sold from, year and client of documents that must not count.
+  void OnlyDocumentsOfTheLotsOwnPlaceCount_data() {
+    const test::Table<int, int, double, int, std::string, int> row;
+    row("other account", 7, 3, 100, 5, kYear, 1);
+    row("other scrip", 2, 7, 100, 5, kYear, 1);
+    row("other rate, sale of another lot", 2, 3, 101, 6, kYear, 1);
+    row("other year", 2, 3, 100, 5, "2012-13", 1);
+    row("other client", 2, 3, 100, 5, kYear, 7);
+  }
+
+  void OnlyDocumentsOfTheLotsOwnPlaceCount() {
+    const auto [account, scrip, rate, lot, year, client] =
+        test::Table<int, int, double, int, std::string, int>::Row();
+    Desk desk;
+    desk.Lot(5, 0);
+    desk.Opening(10);
+    desk->Execute("Insert Into StkOpBal Values(?,?,2,?,1000,?,0,?,'01/01/2010',0,0,0,0)", client,
+                  year, scrip, rate, account);
+    desk->Execute("Insert Into SPMaster Values(?,?,1,'1','01/05/2011',1,1,?,0,0,0,0,0,'')", client,
+                  year, account);
+    const char* line = "Insert Into SPTrans Values(?,?,1,?,?,?,?,?,?,0,0,0,0,0,0,0,'N.A.')";
+    desk->Execute(line, client, year, 1, 1, 0, scrip, 2000, rate);
+    desk->Execute(line, client, year, 2, 0, lot, scrip, 4000, 120);
+    desk.Rebuild();
+    QCOMPARE(desk.Quantity(5), 10.0);
+  }
+
+  void TransferFromAnotherClientCounts() {
+    Desk desk;
+    desk.Lot(5, 0);
+    for (const auto& [year, rate] : {std::pair{kYear, 100}, {kYear, 101}, {"2012-13", 100}}) {
+      desk->Execute("Insert Into ScrTransfer Values(8,?,1,'01/06/2011',77,1,2,9,0,3,?,30)", year,
+                    rate);
+    }
+    desk.Rebuild();
+    QCOMPARE(desk.Quantity(5), 30.0);
+  }
+
   void MissingLotIsNotMade() {
     Desk desk;
     desk.Opening(10);
@@ -91,14 +129,16 @@ class RebuildTest : public QObject {
     QCOMPARE(desk.Count("Stock"), 0);
   }
 
-  void SecondRowOfOneIdIsDroppedOnce() {
-    Desk desk;
-    desk.Lot(5, 10);
-    desk.Lot(5, 7);
-    desk.Opening(10);
-    desk.Rebuild();
-    QCOMPARE(desk.Count("Stock"), 1);
-    QCOMPARE(desk.Quantity(5), 10.0);
+  void SecondRowOfALotIsDroppedOnceWhateverItsId() {
+    for (const int second : {5, 6}) {
+      Desk desk;
+      desk.Lot(5, 10);
+      desk.Lot(second, 7);
+      desk.Opening(10);
+      desk.Rebuild();
+      QCOMPARE(desk.Count("Stock"), 1);
+      QCOMPARE(desk.Quantity(5), 10.0);
+    }
   }
 
   void OtherClientsAndYearsAreLeftAlone() {

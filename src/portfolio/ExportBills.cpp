@@ -118,7 +118,9 @@ class BillExport {
   }
 
   std::span<const Line> LinesOf(BillId bill) const {
-    return std::ranges::equal_range(lines_, bill, {}, &Line::bill);
+    const auto first = std::ranges::lower_bound(lines_, bill, {}, &Line::bill);
+    const auto end = std::ranges::upper_bound(first, lines_.end(), bill, {}, &Line::bill);
+    return {first, end};
   }
 
   void WriteBill(const Bill& bill) {

@@ -4,7 +4,7 @@
 # Usage: tidy.sh [--changed | PATH...], for example tidy.sh src/core/ledger src/cli
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-most=60  # files of one commit, ten seconds each
+most=30  # files of one commit, ten seconds each
 places=("$@")
 if [ "${1:-}" = --changed ]; then
   if ! git rev-parse --quiet --verify HEAD^ >/dev/null; then

@@ -206,7 +206,7 @@ Result<QString> RestoreBackup(const Source& source, const QString& backup, const
   if (files.IsPending()) {
     files.Settle();
   }
-  const Result<QString> replaced =
+  Result<QString> replaced =
       MakeBackup(source, ReplacedFolder(source.folders), Kind::kReplaced, now, progress);
   if (!replaced) {
     return replaced;

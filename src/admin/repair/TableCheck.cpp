@@ -86,7 +86,7 @@ class Look {
       });
     }
     for (const auto& [table, columns] : kKeys) {
-      LookInto(table, [&] { LookForDoubles(table, columns); });
+      LookInto(table, [&, &name = table, &key = columns] { LookForDoubles(name, key); });
     }
     if (check_.faults.empty()) {
       LookAcrossTables();

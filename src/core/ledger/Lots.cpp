@@ -191,7 +191,7 @@ std::vector<Lot> ReadLots(Connection& connection, const LotScope& scope) {
 void LockAndLoad(Transaction& transaction, Lots& lots, std::span<const Place> places) {
   std::vector<Place> ordered(places.begin(), places.end());
   std::ranges::sort(ordered);
-  ordered.erase(std::ranges::unique(ordered).begin(), ordered.end());
+  ordered.erase(std::unique(ordered.begin(), ordered.end()), ordered.end());
   for (const Place& place : ordered) {
     records::Select<Lot>(transaction.GetConnection())
         .Where(&Lot::client, place.of.client)

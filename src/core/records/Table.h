@@ -13,6 +13,8 @@ struct Column {
   std::string_view name;
   Field Record::*member;
 };
+template <class Record, class Field>
+Column(const char*, Field Record::*) -> Column<Record, Field>;
 
 /// The table of a kind of record. Each record's header specialises it with
 ///

@@ -1,10 +1,14 @@
 #include "documents/DocumentKind.h"
 #include "documents/DocumentStore.h"
+#include "documents/DocumentText.h"
 #include "masters/Records.h"
+#include "masters/clients/Documents.h"
+#include "support/Cases.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -14,6 +18,8 @@
 
 using namespace quorvane;
 using namespace quorvane::documents;
+using namespace std::chrono_literals;
+using test::WriteFile;
 
 class DocumentStoreTest : public QObject {
   Q_OBJECT
@@ -28,12 +34,10 @@ class DocumentStoreTest : public QObject {
   void cleanup() { folder_.reset(); }
 
   void DocumentIsCopiedUnderItsOwnName_data() {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("plain") << "sign.bmp";
-    QTest::newRow("quote and blanks") << "O'BRIEN & SONS 1.JPG";
-    QTest::newRow("Devanagari") << "हस्ताक्षर.pdf";
-    QTest::newRow("two dots inside") << "a..b.txt";
-    QTest::newRow("hidden") << ".sign.txt";
+    const test::Cases<QString> cases("name");
+    cases.Add("quote and blanks", "O'BRIEN & SONS 1.JPG");
+    cases.Add("Devanagari", "हस्ताक्षर.pdf");
+    cases.Add("hidden", ".sign.txt");
   }
 
   void DocumentIsCopiedUnderItsOwnName() {
@@ -64,55 +68,38 @@ class DocumentStoreTest : public QObject {
   }
 
   void RefusedSourceLeavesTheOldDocument_data() {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("text");
+    const test::Cases<QString, QString> cases("source", "text");
     const QString no_document = QStringLiteral("This File Can't be Kept as a Document.");
-    QTest::newRow("vanished") << "home/nothing.txt"
-                              << "File does not Exist.";
-    QTest::newRow("folder") << "home" << no_document;
-    QTest::newRow("name that climbs elsewhere") << "home/..\\..\\evil.txt" << no_document;
-    QTest::newRow("name of a drive") << "home/c:evil.txt" << no_document;
-    QTest::newRow("name with a line break") << "home/a\nb.txt" << no_document;
-    QTest::newRow("kind that nothing shows") << "home/sheet.xlsx"
-                                             << "Format Not Supported.";
-    QTest::newRow("too large") << "home/large.txt"
-                               << "The File is too Large. At Most 3 MB are Allowed.";
-    QTest::newRow("link to nowhere") << "home/dangling.txt"
-                                     << "File does not Exist.";
+    cases.Add("vanished", "home/nothing.txt", "File does not Exist.");
+    cases.Add("folder", "home", no_document);
+    cases.Add("device", "/dev/zero", no_document);
+    cases.Add("name that climbs elsewhere", "home/..\\..\\evil.txt", no_document);
+    cases.Add("name with a line break", "home/a\nb.txt", no_document);
+    cases.Add("kind that nothing shows", "home/sheet.xlsx", "Format Not Supported.");
+    cases.Add("too large", "home/large.txt", "The File is too Large. At Most 3 MB are Allowed.");
+    cases.Add("link to nowhere", "home/dangling.txt", "File does not Exist.");
   }
 
   void RefusedSourceLeavesTheOldDocument() {
     QFETCH(const QString, source);
     Write("home/..\\..\\evil.txt", "evil");
-    Write("home/c:evil.txt", "evil");
     Write("home/a\nb.txt", "evil");
     Write("home/sheet.xlsx", "PK");
     Write("home/large.txt", QByteArray(3 * 1024 * 1024 + 1, 'x'));
     QFile::link(folder_->filePath("nowhere"), folder_->filePath("home/dangling.txt"));
     QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
 
-    const MaybeRefusal refusal = store_->Put(kClient, folder_->filePath(source));
+    const MaybeRefusal refusal = store_->Put(kClient, QDir(folder_->path()).filePath(source));
     QTEST(test::TextOfRefusal(refusal), "text");
     QCOMPARE(Files(), QStringList("7/old.txt"));
-  }
-
-  void DeviceIsNoDocument() {
-    const MaybeRefusal refusal = store_->Put(kClient, QStringLiteral("/dev/zero"));
-    QCOMPARE(test::TextOfRefusal(refusal),
-             QStringLiteral("This File Can't be Kept as a Document."));
-  }
-
-  void FileOfTheLargestSizeIsKept() {
-    const QByteArray content(3 * 1024 * 1024, 'x');
-    QVERIFY(!store_->Put(kClient, Write("home/large.txt", content)));
-    QCOMPARE(Read(store_->Path(kClient, "large.txt")), content);
   }
 
   void ReceivedCopyThatIsNotPlacedGoes() {
     QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
     {
-      const auto incoming = store_->Receive(Write("home/new.txt", "new"));
-      QCOMPARE(incoming->Name(), QStringLiteral("new.txt"));
+      DocumentStore::Incoming incoming;
+      QVERIFY(!store_->Receive(Write("home/new.txt", "new"), incoming));
+      QCOMPARE(incoming.Name(), "new.txt");
       QCOMPARE(Files().size(), 2);
     }
     QCOMPARE(Files(), QStringList("7/old.txt"));
@@ -127,14 +114,12 @@ class DocumentStoreTest : public QObject {
   }
 
   void StoredNameNeverLeadsOut_data() {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("above the store") << "../../home/outside.txt";
-    QTest::newRow("another client") << "../8/other.txt";
-    QTest::newRow("whole path") << QDir::tempPath();
-    QTest::newRow("folder itself") << ".";
-    QTest::newRow("folder above") << "..";
-    QTest::newRow("nothing") << "";
-    QTest::newRow("link") << "link.txt";
+    const test::Cases<QString> cases("name");
+    cases.Add("above the store", "../../home/outside.txt");
+    cases.Add("another client", "../8/other.txt");
+    cases.Add("whole path", QDir::tempPath());
+    cases.Add("folder above", "..");
+    cases.Add("link", "link.txt");
   }
 
   void StoredNameNeverLeadsOut() {
@@ -175,39 +160,135 @@ class DocumentStoreTest : public QObject {
   void NoClientHasNoFolder() {
     QVERIFY(!store_->Put(kClient, Write("home/a.txt", "a")));
     QVERIFY_EXCEPTION_THROWN(store_->Remove(ClientId{}), std::logic_error);
-    QVERIFY_EXCEPTION_THROWN(store_->Put(ClientId{-1}, outside_), std::logic_error);
+    QVERIFY_EXCEPTION_THROWN(static_cast<void>(store_->Put(ClientId{-1}, outside_)),
+                             std::logic_error);
     QCOMPARE(Files(), QStringList("7/a.txt"));
   }
 
-  void ExtensionDecidesWhatShowsADocument_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("kind");
-    const auto rows = [](DocumentKind kind, const QStringList& names) {
-      for (const QString& name : names) {
-        QTest::newRow(qPrintable(name)) << name << static_cast<int>(kind);
-      }
-    };
-    rows(DocumentKind::kImage, {"a.bmp", "a.GIF", "a.b.Jpg", "a.TIF", "a.jpeg"});
-    rows(DocumentKind::kText, {"a.rtf", "a.DOC", "a.txt", "a.Htm", "a.html"});
-    rows(DocumentKind::kPdf, {"a.pdf", "A.PDF"});
-    rows(DocumentKind::kUnsupported, {"a.exe", "pdf", "a.pdf.zip", "a.", "", "a.docx"});
+  void ExtensionDecidesWhatShowsADocument() {
+    for (const auto& [name, kind] : {std::pair{"a.b.Jpg", DocumentKind::kImage},
+                                     {"a.TIF", DocumentKind::kImage},
+                                     {"a.DOC", DocumentKind::kText},
+                                     {"A.PDF", DocumentKind::kPdf},
+                                     {"pdf", DocumentKind::kUnsupported},
+                                     {"a.pdf.zip", DocumentKind::kUnsupported},
+                                     {"a.docx", DocumentKind::kUnsupported}}) {
+      QVERIFY2(KindOf(name) == kind, name);
+    }
   }
 
-  void ExtensionDecidesWhatShowsADocument() {
+  void EveryKindOfTextIsRead_data() {
+    const test::Cases<QString, QByteArray, QString, bool> cases("name", "bytes", "contents",
+                                                                "is_html");
+    const QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Fee \\u8377? 100 & <b>}";
+    const QByteArray doc = test::WordDocument(
+        "PAN of K. L. O\x92"
+        "BRIEN\r");
+    cases.Add("UTF-8", "a.txt", QByteArray("Caf\xc3\xa9"), "Café", false);
+    cases.Add("UTF-16", "a.txt", QByteArray("\xff\xfe\x39\x20", 4), "‹", false);
+    cases.Add("Windows", "a.txt", QByteArray("\x80 100 \xe9\x92"), "€ 100 é’", false);
+    cases.Add("markup in a plain text", "a.txt", QByteArray("<b>"), "<b>", false);
+    cases.Add("HTML", "a.htm", QByteArray("<b>\xe2\x82\xb9</b>"), "<b>₹</b>", true);
+    cases.Add("rich text", "a.rtf", rtf, "Fee &#8377; 100 &amp; &lt;b&gt;", true);
+    cases.Add("rich text called DOC", "a.DOC", rtf, "&lt;b&gt;", true);
+    cases.Add("word processor", "a.doc", doc, "PAN of K. L. O’BRIEN", false);
+  }
+
+  void EveryKindOfTextIsRead() {
     QFETCH(const QString, name);
-    QFETCH(const int, kind);
-    QCOMPARE(static_cast<int>(KindOf(name)), kind);
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, contents);
+    const DocumentText text = ReadText(WriteFile(Path(name), bytes));
+    QVERIFY2(text.contents.contains(contents), qPrintable(text.contents));
+    QTEST(text.is_html, "is_html");
+  }
+
+  void NameNeverBecomesAnOptionOrACommand_data() {
+    const test::Cases<QString> cases("name");
+    cases.Add("option", "-V.rtf");
+  }
+
+  void NameNeverBecomesAnOptionOrACommand() {
+    QFETCH(const QString, name);
+    QVERIFY(ReadText(WriteFile(Path(name), "{\\rtf1 inside}")).contents.contains("inside"));
+  }
+
+  void UnreadableDocumentIsRefused_data() {
+    const test::Cases<QString, QByteArray, QString> cases("name", "bytes", "reason");
+    const QByteArray large(kLimits.most_bytes + 1, 'x');
+    cases.Add("text too large", "a.txt", large, "The Document is too Large to be Shown.");
+    cases.Add("converted text too large", "a.rtf", "{\\rtf1 " + large + "}",
+              "The Document is too Large to be Shown.");
+    cases.Add("no text in it", "a.txt", QByteArray("\0\1\2", 3), "The Document holds no Text.");
+    cases.Add("broken compound file", "a.doc", QByteArray::fromHex("d0cf11e0a1b11ae1ffff"),
+              "The Document is Broken.");
+    cases.Add("compressed kind", "a.doc", QByteArray("PK\3\4rest"),
+              "The Document is of a Newer Kind. Save it as \"Rich Text\" to have it Shown.");
+  }
+
+  void UnreadableDocumentIsRefused() {
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, bytes);
+    QTEST(FailureOf(WriteFile(Path(name), bytes), kLimits), "reason");
+  }
+
+  void VanishedFileIsRefusedWithItsReason() {
+    const QString failure = FailureOf(Path("none.txt"), kLimits);
+    QVERIFY2(failure.startsWith("The Document can't be Read: "), qPrintable(failure));
+  }
+
+  void MissingHelperIsNamed_data() {
+    const test::Cases<QString, QByteArray, QString> cases("name", "bytes", "program");
+    cases.Add("rich text", "a.rtf", QByteArray("{\\rtf1 x}"), "unrtf");
+    cases.Add("word processor", "a.doc", test::WordDocument("x"), "catdoc");
+  }
+
+  void MissingHelperIsNamed() {
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, program);
+    TextLimits limits = kLimits;
+    limits.find_program = [](const QString&) { return QString(); };
+    QCOMPARE(FailureOf(WriteFile(Path(name), bytes), limits),
+             QString("To Show this Document the Program \"%1\" is Needed, which is not Installed.")
+                 .arg(program));
+  }
+
+  void AnotherHelperServesWhenTheFirstIsMissing() {
+    TextLimits limits = kLimits;
+    limits.find_program = [this](const QString& program) {
+      return program == QLatin1String("antiword") ? Helper("echo from the other") : QString();
+    };
+    const QString path = WriteFile(Path("a.doc"), test::WordDocument("x"));
+    QCOMPARE(ReadDocumentText(path, limits).contents, QString("from the other\n"));
+  }
+
+  void HelperIsStopped_data() {
+    const test::Cases<QByteArray, QString> cases("script", "reason");
+    cases.Add("after its time", QByteArray("exec sleep 60"),
+              "The Document takes too Long to be Shown.");
+    cases.Add("after too much output", QByteArray("exec yes"),
+              "The Document is too Large to be Shown.");
+    cases.Add("when it fails", QByteArray("exit 3"), "The Document is Broken.");
+    cases.Add("when it crashes", QByteArray("kill -9 $$"), "The Document is Broken.");
+  }
+
+  void HelperIsStopped() {
+    QFETCH(const QByteArray, script);
+    TextLimits limits = kLimits;
+    limits.longest = 300ms;
+    limits.find_program = [this, script](const QString&) { return Helper(script); };
+    QElapsedTimer clock;
+    clock.start();
+    QTEST(FailureOf(WriteFile(Path("a.rtf"), "{\\rtf1 x}"), limits), "reason");
+    QVERIFY2(clock.elapsed() < 20000, "the helper was waited for");
   }
 
  private:
   static constexpr ClientId kClient{7};
 
   QString Write(const QString& name, const QByteArray& content) const {
-    QFile file(folder_->filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-      throw std::runtime_error("a test's file cannot be written");
-    }
-    return file.fileName();
+    return test::WriteFile(folder_->filePath(name), content);
   }
 
   static QByteArray Read(const std::optional<QString>& path) {
@@ -231,6 +312,26 @@ class DocumentStoreTest : public QObject {
   std::optional<QTemporaryDir> folder_;
   std::optional<DocumentStore> store_;
   QString outside_;
+
+  static inline const TextLimits kLimits{.most_bytes = 65536};
+
+  QString Path(const QString& name) const { return folder_->filePath(name); }
+
+  QString Helper(const QByteArray& script) const {
+    QString path = WriteFile(Path("helper"), "#!/bin/sh\n" + script + "\n");
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return path;
+  }
+
+  static DocumentText ReadText(const QString& path) { return ReadDocumentText(path, kLimits); }
+
+  QString FailureOf(const QString& path, const TextLimits& limits) const {
+    try {
+      return "read: " + ReadDocumentText(path, limits).contents.left(100);
+    } catch (const std::runtime_error& error) {
+      return QString::fromUtf8(error.what());
+    }
+  }
 };
 
 static const test::RegisterTest<DocumentStoreTest> kRegistered;

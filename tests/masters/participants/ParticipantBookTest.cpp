@@ -1,11 +1,10 @@
 #include "masters/Records.h"
 #include "masters/participants/ParticipantBook.h"
-#include "support/TestDatabase.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 #include <QTest>
-
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::participants;
@@ -24,13 +23,11 @@ Participant NewParticipant(const QString& name, const QStringList& dp_ids = {}) 
 
 }  // namespace
 
-class ParticipantBookTest : public QObject {
+class ParticipantBookTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void cleanup() { test::Empty(**database_, {"DepPart", "DpIDs", "ClientActDet"}); }
-  void cleanupTestCase() { database_.reset(); }
 
   void SavedParticipantReadsBackAsItWas() {
     Participant participant =
@@ -52,28 +49,14 @@ class ParticipantBookTest : public QObject {
     QCOMPARE(read->designation, participant.designation);
     QCOMPARE(read->depository, 1);
     QCOMPARE(DpIds(), QStringList({"1|1|IN'30", "1|2|मे1"}));
-    QCOMPARE(Book().FindDpId(participant.id, "IN'30").value, 1);
-    QCOMPARE(Book().FindDpId(ParticipantId{2}, "IN'30").value, 0);
   }
 
   void FirstBrokenRuleChangesNothing_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("dp_id");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("field");
+    const test::Cases<QString, QString, QString, QString> cases("name", "dp_id", "text", "field");
     const QString long_id(101, QChar('1'));
-    QTest::newRow("no name") << "" << long_id << "Enter Name."
-                             << "Text1_0";
-    QTest::newRow("name of blanks") << "  "
-                                    << "IN1"
-                                    << "Enter Name."
-                                    << "Text1_0";
-    QTest::newRow("long name") << QString(256, QChar('X')) << "IN1"
-                               << "Name is too Long. At Most 255 Characters are Allowed."
-                               << "Text1_0";
-    QTest::newRow("long DP id") << "NAME" << long_id
-                                << "DP Id is too Long. At Most 100 Characters are Allowed."
-                                << "VS";
+    cases.Add("no name", "", long_id, "Enter Name.", "Text1_0");
+    cases.Add("long DP id", "NAME", long_id,
+              "DP Id is too Long. At Most 100 Characters are Allowed.", "VS");
   }
 
   void FirstBrokenRuleChangesNothing() {
@@ -115,28 +98,6 @@ class ParticipantBookTest : public QObject {
     QCOMPARE(DpIds(), QStringList({"1|1|A", "1|3|C"}));
   }
 
-  void ListIsByName() {
-    for (const char* name : {"beta", "ALPHA", "Gamma"}) {
-      Participant participant = NewParticipant(name);
-      QVERIFY(!Book().Save(participant));
-    }
-    QStringList names;
-    for (const Participant& participant : Book().List()) {
-      names << participant.name;
-    }
-    QCOMPARE(names, QStringList({"ALPHA", "beta", "Gamma"}));
-  }
-
-  void EmptyColumnsReadAsEmpty() {
-    (*database_)->Execute("Insert Into DepPart(Id) Values(7)");
-    const std::optional<Participant> read = Book().Load(ParticipantId{7});
-    QVERIFY(read);
-    QCOMPARE(read->name, QString());
-    QVERIFY(read->contact == masters::Contact());
-    QCOMPARE(read->depository, 0);
-    QVERIFY(!Book().Load(ParticipantId{8}));
-  }
-
   void DeleteLeavesClientsAccounts() {
     Participant gone = NewParticipant("GONE", {"A"});
     Participant stays = NewParticipant("STAYS", {"B"});
@@ -153,8 +114,6 @@ class ParticipantBookTest : public QObject {
   ParticipantBook Book() { return ParticipantBook(**database_); }
 
   QStringList DpIds() { return test::Rows(**database_, "Select * From DpIDs Order By DepId,id"); }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<ParticipantBookTest> kRegistered;

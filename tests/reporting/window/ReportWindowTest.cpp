@@ -1,4 +1,5 @@
 #include "reporting/window/ReportWindow.h"
+#include "support/Cases.h"
 #include "support/RecordingMessages.h"
 #include "support/TestMain.h"
 
@@ -63,9 +64,9 @@ class ReportWindowTest : public QObject {
   void MonthsSetTheirDates() {
     Choose("CmbFromMth", "January");
     Choose("CmbToMth", "Feb");
-    QCOMPARE(Box("Text1_0")->text(), QStringLiteral("01/01/2012"));
-    QCOMPARE(Box("Text1_1")->text(), QStringLiteral("29/02/2012"));
-    QCOMPARE(window_->findChild<QComboBox*>("CmbToMthId")->currentText(), QStringLiteral("2"));
+    QCOMPARE(Box("Text1_0")->text(), "01/01/2012");
+    QCOMPARE(Box("Text1_1")->text(), "29/02/2012");
+    QCOMPARE(window_->findChild<QComboBox*>("CmbToMthId")->currentText(), "2");
     QVERIFY(!window_->findChild<QComboBox*>("CmbToMthId")->isVisible());
   }
 
@@ -75,19 +76,16 @@ class ReportWindowTest : public QObject {
     Box("Text1_0")->setFocus();
     QTest::keyClicks(Box("Text1_0"), "02052011");
     QTest::keyClick(Box("Text1_0"), Qt::Key_Return);
-    QCOMPARE(Box("Text1_0")->text(), QStringLiteral("02/05/2011"));
+    QCOMPARE(Box("Text1_0")->text(), "02/05/2011");
     QCOMPARE(window_->findChild<QComboBox*>("CmbFromMth")->currentText(), QString());
-    QCOMPARE(window_->findChild<QComboBox*>("CmbToMth")->currentText(), QStringLiteral("June"));
+    QCOMPARE(window_->findChild<QComboBox*>("CmbToMth")->currentText(), "June");
   }
 
   // The key comes while the date is still under entry.
   void PrintKeySettlesTheDateUnderEntry_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("printed");
-    QTest::addColumn<QStringList>("said");
-    QTest::newRow("can be completed")
-        << "1.5.11" << QStringList("01/05/2011\t31/03/2012") << QStringList();
-    QTest::newRow("is no date") << "99" << QStringList() << QStringList("Enter Proper Date.");
+    const test::Cases<QString, QStringList, QStringList> cases("typed", "printed", "said");
+    cases.Add("can be completed", "1.5.11", QStringList("01/05/2011\t31/03/2012"), QStringList());
+    cases.Add("is no date", "99", QStringList(), QStringList("Enter Proper Date."));
   }
   void PrintKeySettlesTheDateUnderEntry() {
     QFETCH(QString, typed);
@@ -114,18 +112,12 @@ class ReportWindowTest : public QObject {
     Choose("CmbFromMth", "May");
     window_->before_building = [] { throw Cancellation(); };
     Report();
-    QCOMPARE(messages_.LastText(), QStringLiteral("Cancelled. Nothing was changed."));
+    QCOMPARE(messages_.LastText(), "Cancelled. Nothing was changed.");
     window_->before_building = [] { throw std::runtime_error("no disk"); };
     Report();
-    QCOMPARE(messages_.LastText(), QStringLiteral("CmdReport_Click: no disk"));
+    QCOMPARE(messages_.LastText(), "CmdReport_Click: no disk");
     QCOMPARE(window_->ScreenRows(), shown);
     QVERIFY(window_->isVisible());
-  }
-
-  void OtherClientChosenElsewhereChangesNothing() {
-    session_.current = ClientYear{ClientId{2}, text::FinancialYear(2012)};
-    Choose("CmbToMth", "March");
-    QCOMPARE(Box("Text1_1")->text(), QStringLiteral("31/03/2012"));
   }
 
  private:

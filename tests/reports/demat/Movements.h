@@ -1,21 +1,11 @@
 #pragma once
 
 #include "core/text/FinancialYear.h"
-#include "portfolio/Import.h"
 #include "support/TestDatabase.h"
 
 #include <QTest>
 
 namespace quorvane::test {
-
-inline void TakeInSample(TestDatabase& database) {
-  Progress progress;
-  const auto result = portfolio::ImportPortfolio(
-      *database, QStringLiteral(QUORVANE_SOURCE_DIR "/data/sample"), false, progress);
-  if (!result.errors.empty()) {
-    throw std::runtime_error(result.errors.front().Text());
-  }
-}
 
 /// A database with two clients, two accounts of the first and one of the second, two scrips and a
 /// broker, in the year 2011-12.

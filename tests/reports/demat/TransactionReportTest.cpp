@@ -1,8 +1,10 @@
 #include "core/text/Amounts.h"
 #include "reporting/output/WorkbookFile.h"
+#include "reports/Sample.h"
 #include "reports/demat/Movements.h"
 #include "reports/demat/TransactionDocument.h"
 #include "reports/demat/TransactionWorkbook.h"
+#include "support/Cases.h"
 #include "support/TestMain.h"
 
 #include <QRegularExpression>
@@ -41,167 +43,115 @@ class TransactionReportTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void LinesAndClosingAreThoseOfTheBills_data();
-  void LinesAndClosingAreThoseOfTheBills();
-  void CaptionFollowsWhatIsLarger_data();
-  void CaptionFollowsWhatIsLarger();
-  void EveryCutOfTheSampleHasTheSameSums();
-  void WorkbookHoldsEveryLineAndTheTotal_data();
-  void WorkbookHoldsEveryLineAndTheTotal();
-};
+  void LinesAndClosingAreThoseOfTheBills_data() {
+    const test::Cases<bool, bool, QStringList> cases("detailed", "account_wise", "records");
+    const QString head = "line,1001,LOTUS,B/4,S1,05/05/2011,";
+    const QString first = head + "500325,buy,10,100.05,1000.50,5.00,0.52,1.25,1006.75";
+    const QString second = head + "500325,buy,30,110,3300.00,15.00,1.55,4.13,3319.13";
+    const QString both = head + "500325,buy,40,107.5125,4300.50,20.00,2.07,5.38,4325.88";
+    const QString sale = head + "500209,sell,5,200,1000.00,2.50,0.26,1.25,1003.75";
+    const QString later =
+        "line,1002,LOTUS,B/2,S1,06/05/2011,500209,buy,1,50,50.00,0.00,0.00,0.00,50.00";
+    const QString amber =
+        "line,1001,AMBER,B/3,S1,07/05/2011,500209,sell,2,60,120.00,0.00,0.00,0.00,120.00";
+    const auto closing = [](const char* account, const char* broker, const char* other,
+                            const char* charges, const char* what, const char* amount) {
+      const QString between = QStringLiteral(",%1,%2,,,,,,,,,,,,").arg(account, broker);
+      return QStringList{"other_charges" + between + other,
+                         "transaction_charges" + between + charges,
+                         QLatin1String(what) + between + amount};
+    };
+    // 4300.50 + 20.00 + 2.07 - (1000.00 - 2.50 - 0.26) + 10.00 + 6.63 + 3.00 = 3344.96
+    cases.Add("detailed", true, false,
+              QStringList{amber} + closing("", "AMBER", "0.00", "0.00", "receivable", "120.00") +
+                  QStringList{first, second, sale, later} +
+                  closing("", "LOTUS", "10.00", "3.00", "payable", "3394.96"));
+    cases.Add(
+        "account by account", false, true,
+        QStringList{amber} + closing("1001", "AMBER", "0.00", "0.00", "receivable", "120.00") +
+            QStringList{both, sale} +
+            closing("1001", "LOTUS", "10.00", "3.00", "payable", "3344.96") + QStringList{later} +
+            closing("1002", "LOTUS", "0.00", "0.00", "payable", "50.00"));
+  }
 
-void TransactionReportTest::LinesAndClosingAreThoseOfTheBills_data() {
-  QTest::addColumn<bool>("detailed");
-  QTest::addColumn<bool>("account_wise");
-  QTest::addColumn<QStringList>("records");
-  const QString head = "line,1001,LOTUS,B/4,S1,05/05/2011,";
-  const QString first = head + "500325,buy,10,100.05,1000.50,5.00,0.52,1.25,1006.75";
-  const QString second = head + "500325,buy,30,110,3300.00,15.00,1.55,4.13,3319.13";
-  const QString both = head + "500325,buy,40,107.5125,4300.50,20.00,2.07,5.38,4325.88";
-  const QString sale = head + "500209,sell,5,200,1000.00,2.50,0.26,1.25,1003.75";
-  const QString later =
-      "line,1002,LOTUS,B/2,S1,06/05/2011,500209,buy,1,50,50.00,0.00,0.00,0.00,50.00";
-  const QString amber =
-      "line,1001,AMBER,B/3,S1,07/05/2011,500209,sell,2,60,120.00,0.00,0.00,0.00,120.00";
-  const auto closing = [](const char* account, const char* broker, const char* other,
-                          const char* charges, const char* what, const char* amount) {
-    const QString between = QStringLiteral(",%1,%2,,,,,,,,,,,,").arg(account, broker);
-    return QStringList{QStringLiteral("other_charges") + between + other,
-                       QStringLiteral("transaction_charges") + between + charges,
-                       QLatin1String(what) + between + amount};
-  };
-  // 4300.50 + 20.00 + 2.07 - (1000.00 - 2.50 - 0.26) + 10.00 + 6.63 + 3.00 = 3344.96
-  QTest::newRow("detailed") << true << false
-                            << QStringList{amber} +
-                                   closing("", "AMBER", "0.00", "0.00", "receivable", "120.00") +
-                                   QStringList{first, second, sale, later} +
-                                   closing("", "LOTUS", "10.00", "3.00", "payable", "3394.96");
-  QTest::newRow("summarized") << false << false
-                              << QStringList{amber} +
-                                     closing("", "AMBER", "0.00", "0.00", "receivable", "120.00") +
-                                     QStringList{both, sale, later} +
-                                     closing("", "LOTUS", "10.00", "3.00", "payable", "3394.96");
-  QTest::newRow("account by account")
-      << false << true
-      << QStringList{amber} + closing("1001", "AMBER", "0.00", "0.00", "receivable", "120.00") +
-             QStringList{both, sale} +
-             closing("1001", "LOTUS", "10.00", "3.00", "payable", "3344.96") + QStringList{later} +
-             closing("1002", "LOTUS", "0.00", "0.00", "payable", "50.00");
-}
+  void LinesAndClosingAreThoseOfTheBills() {
+    test::MovementDesk desk;
+    desk.AddBill(4, "05/05/2011", desk.first, desk.lotus, 10, 3);
+    desk.AddLine(4, true, desk.reliance, 10, 100.05, {0.5, 0.52, 1.25});
+    desk.AddLine(4, true, desk.reliance, 30, 110, {0.5, 1.55, 4.13});
+    desk.AddLine(4, false, desk.infosys, 5, 200, {0.5, 0.26, 1.25});
+    desk.AddBill(2, "06/05/2011", desk.second, desk.lotus);
+    desk.AddLine(2, true, desk.infosys, 1, 50);
+    desk.AddBill(3, "07/05/2011", desk.first, desk.amber);
+    desk.AddLine(3, false, desk.infosys, 2, 60);
+    desk.AddBill(5, "01/06/2011", desk.first, desk.amber, 99, 99);
+    QFETCH(bool, detailed);
+    QFETCH(bool, account_wise);
+    const reporting::Period may{*text::MakeDate(1, 5, 2011), *text::MakeDate(31, 5, 2011)};
+    QTEST(Records(*desk.database,
+                  {desk.client,
+                   desk.year,
+                   may,
+                   {},
+                   {},
+                   detailed ? TransactionLayout::kDetailed : TransactionLayout::kSummarized,
+                   account_wise}),
+          "records");
+  }
 
-void TransactionReportTest::LinesAndClosingAreThoseOfTheBills() {
-  test::MovementDesk desk;
-  desk.AddBill(4, "05/05/2011", desk.first, desk.lotus, 10, 3);
-  desk.AddLine(4, true, desk.reliance, 10, 100.05, {0.5, 0.52, 1.25});
-  desk.AddLine(4, true, desk.reliance, 30, 110, {0.5, 1.55, 4.13});
-  desk.AddLine(4, false, desk.infosys, 5, 200, {0.5, 0.26, 1.25});
-  desk.AddBill(2, "06/05/2011", desk.second, desk.lotus);
-  desk.AddLine(2, true, desk.infosys, 1, 50);
-  desk.AddBill(3, "07/05/2011", desk.first, desk.amber);
-  desk.AddLine(3, false, desk.infosys, 2, 60);
-  desk.AddBill(5, "01/06/2011", desk.first, desk.amber, 99, 99);
-  QFETCH(bool, detailed);
-  QFETCH(bool, account_wise);
-  const reporting::Period may{*text::MakeDate(1, 5, 2011), *text::MakeDate(31, 5, 2011)};
-  QTEST(Records(*desk.database,
-                {desk.client,
-                 desk.year,
-                 may,
-                 {},
-                 {},
-                 detailed ? TransactionLayout::kDetailed : TransactionLayout::kSummarized,
-                 account_wise}),
-        "records");
-}
+  void CaptionFollowsWhatIsLarger_data() {
+    const test::Cases<int, int, QString> cases("net", "charges", "caption");
+    cases.Add("charges exceed the rest of sales", -100, 101, "Total Payable");
+    cases.Add("equal", -100, 100, "Total Receivable");
+  }
 
-void TransactionReportTest::CaptionFollowsWhatIsLarger_data() {
-  QTest::addColumn<int>("net");
-  QTest::addColumn<int>("charges");
-  QTest::addColumn<QString>("caption");
-  QTest::newRow("purchases") << 100 << 0 << "Total Payable";
-  QTest::newRow("sales") << -100 << 0 << "Total Receivable";
-  QTest::newRow("charges exceed the rest of sales") << -100 << 101 << "Total Payable";
-  QTest::newRow("equal") << -100 << 100 << "Total Receivable";
-}
+  void CaptionFollowsWhatIsLarger() {
+    QFETCH(int, net);
+    QFETCH(int, charges);
+    TransactionClosing closing;
+    closing.net = net;
+    closing.stt = charges;
+    QTEST(ClosingCaption(closing), "caption");
+  }
 
-void TransactionReportTest::CaptionFollowsWhatIsLarger() {
-  QFETCH(int, net);
-  QFETCH(int, charges);
-  TransactionClosing closing;
-  closing.net = net;
-  closing.stt = charges;
-  QTEST(ClosingCaption(closing), "caption");
-}
+  void WorkbookHoldsEveryLineAndTheTotal_data() {
+    const test::Cases<bool> cases("detailed");
+    cases.Add("TransRpt", false);
+    cases.Add("TransRptNew", true);
+  }
 
-void TransactionReportTest::EveryCutOfTheSampleHasTheSameSums() {
-  test::TestDatabase database;
-  test::TakeInSample(database);
-  const text::FinancialYear year(2012);
-  TransactionQuery query{std::nullopt, year, reporting::Period::Of(year), {}, {}, {}, false};
-  std::vector<std::pair<std::int64_t, std::int64_t>> outcomes;
-  std::size_t lines = 0;
-  for (const bool account_wise : {false, true}) {
-    for (const auto layout : {TransactionLayout::kSummarized, TransactionLayout::kDetailed}) {
-      query.account_wise = account_wise;
-      query.layout = layout;
-      auto& outcome = outcomes.emplace_back();
-      lines = 0;
-      for (const auto& [client, sections] : Build(*database, query)) {
-        for (const TransactionSection& section : sections) {
-          outcome.second += section.closing.Amount();
-          for (const BrokerTransactions& broker : section.brokers) {
-            lines += broker.lines.size();
-            for (const TransactionLine& line : broker.lines) {
-              outcome.first += line.money.total;
-            }
-          }
-        }
-      }
+  void WorkbookHoldsEveryLineAndTheTotal() {
+    QFETCH(bool, detailed);
+    test::TestDatabase database;
+    test::TakeInSample(database);
+    const text::FinancialYear year(2011);
+    const lookups::Directory directory(*database);
+    const ClientId client = directory.FindClient("ATH001")->id;
+    const TransactionQuery query{
+        client, year, reporting::Period::Of(year),
+        {},     {},   detailed ? TransactionLayout::kDetailed : TransactionLayout::kSummarized,
+        false};
+    const auto sections = Build(*database, query).front().second;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("report.xlsx");
+    Progress progress;
+    WriteTransactionWorkbook(query, client, sections, directory,
+                             QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped"), path, progress);
+    const QStringList cells = test::WorkbookFile(path).Cells("xl/worksheets/sheet1.xml");
+    qsizetype lines = 0;
+    for (const BrokerTransactions& broker : sections.front().brokers) {
+      lines += static_cast<qsizetype>(broker.lines.size());
     }
+    QVERIFY(sections.front().brokers.size() > 1);
+    QCOMPARE(cells.filter(QRegularExpression("^A\\d+=#")).size(), lines);
+    const QString total = cells.filter(QRegularExpression("^E\\d+=TOTAL$")).value(0);
+    const QString row = total.mid(1, total.indexOf('=') - 1);
+    QVERIFY(cells.contains(QStringLiteral("M%1=#").arg(row) +
+                           text::NumberText(text::FromPaise(sections.front().sums.total))));
+    QVERIFY(cells.contains("A1=RAGHAV MOHAN ATHALEKAR (ATH001)"));
+    QVERIFY(cells.contains("A4=Period - From 01/04/2011 To 31/03/2012"));
   }
-  QCOMPARE(outcomes, std::vector(4, outcomes.front()));
-  for (const auto& row : database->Open("Select Count(*) From SPTrans Where Fyear='2012-13'")) {
-    QCOMPARE(static_cast<int>(lines), row.Int(0));
-  }
-}
-
-void TransactionReportTest::WorkbookHoldsEveryLineAndTheTotal_data() {
-  QTest::addColumn<bool>("detailed");
-  QTest::newRow("TransRpt") << false;
-  QTest::newRow("TransRptNew") << true;
-}
-
-void TransactionReportTest::WorkbookHoldsEveryLineAndTheTotal() {
-  QFETCH(bool, detailed);
-  test::TestDatabase database;
-  test::TakeInSample(database);
-  const text::FinancialYear year(2011);
-  const lookups::Directory directory(*database);
-  const ClientId client = directory.FindClient("ATH001")->id;
-  const TransactionQuery query{
-      client, year, reporting::Period::Of(year),
-      {},     {},   detailed ? TransactionLayout::kDetailed : TransactionLayout::kSummarized,
-      false};
-  const auto sections = Build(*database, query).front().second;
-  const QTemporaryDir folder;
-  const QString path = folder.filePath("report.xlsx");
-  Progress progress;
-  WriteTransactionWorkbook(query, client, sections, directory,
-                           QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped"), path, progress);
-  const QStringList cells = test::WorkbookFile(path).Cells("xl/worksheets/sheet1.xml");
-  qsizetype lines = 0;
-  for (const BrokerTransactions& broker : sections.front().brokers) {
-    lines += static_cast<qsizetype>(broker.lines.size());
-  }
-  QVERIFY(sections.front().brokers.size() > 1);
-  QCOMPARE(cells.filter(QRegularExpression("^A\\d+=#")).size(), lines);
-  const QString total = cells.filter(QRegularExpression("^E\\d+=TOTAL$")).value(0);
-  const QString row = total.mid(1, total.indexOf('=') - 1);
-  QVERIFY(cells.contains(QStringLiteral("M%1=#").arg(row) +
-                         text::NumberText(text::FromPaise(sections.front().sums.total))));
-  QVERIFY(cells.contains("A1=RAGHAV MOHAN ATHALEKAR (ATH001)"));
-  QVERIFY(cells.contains("A4=Period - From 01/04/2011 To 31/03/2012"));
-}
+};
 
 static const test::RegisterTest<TransactionReportTest> kRegistered;
 

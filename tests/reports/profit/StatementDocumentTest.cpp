@@ -1,7 +1,7 @@
 #include "core/text/Amounts.h"
-#include "portfolio/Import.h"
+#include "reports/Sample.h"
 #include "reports/profit/StatementDocument.h"
-#include "support/TestDatabase.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 #include <QTest>
@@ -11,32 +11,6 @@
 
 using namespace quorvane;
 using namespace quorvane::profit;
-
-Q_DECLARE_METATYPE(quorvane::profit::Layout)
-
-/// The statements of the sample portfolio: what is shown must add up to what is shown below it.
-class StatementDocumentTest : public QObject {
-  Q_OBJECT
-
- private Q_SLOTS:
-  void initTestCase();
-  void TotalsAreTheSumOfTheLinesShown_data();
-  void TotalsAreTheSumOfTheLinesShown();
-  void TransferIsShownAndGainsNothing();
-  void EveryTotalStandsBelowItsScrip_data();
-  void EveryTotalStandsBelowItsScrip();
-  void SummaryAndDetailEndWithTheSameGains();
-  void SelectionsLeaveOtherAccountsAndScripsOut();
-  void SpeculationFilterSplitsTheWhole();
-  void cleanupTestCase();
-
- private:
-  std::unique_ptr<test::TestDatabase> database_;
-  std::unique_ptr<lookups::Directory> directory_;
-
-  std::vector<std::pair<ClientId, std::vector<StatementRow>>> Build(const StatementQuery& query);
-  StatementQuery Whole(int year) const;
-};
 
 namespace {
 
@@ -64,170 +38,108 @@ std::map<reporting::RowKind, std::vector<std::int64_t>> SumsOf(
 
 }  // namespace
 
-void StatementDocumentTest::initTestCase() {
-  database_ = std::make_unique<test::TestDatabase>();
-  Progress progress;
-  const auto result = portfolio::ImportPortfolio(
-      **database_, QStringLiteral(QUORVANE_SOURCE_DIR "/data/sample"), false, progress);
-  QVERIFY2(result.errors.empty(), result.errors.empty() ? "" : result.errors[0].Text().c_str());
-  directory_ = std::make_unique<lookups::Directory>(**database_);
-}
+/// The statements of the sample portfolio: what is shown must add up to what is shown below it.
+class StatementDocumentTest : public test::DatabaseTest {
+  Q_OBJECT
 
-void StatementDocumentTest::cleanupTestCase() {
-  directory_.reset();
-  database_.reset();
-}
-
-StatementQuery StatementDocumentTest::Whole(int year) const {
-  return StatementQuery::OfYear(std::nullopt, text::FinancialYear(year));
-}
-
-std::vector<std::pair<ClientId, std::vector<StatementRow>>> StatementDocumentTest::Build(
-    const StatementQuery& query) {
-  std::vector<std::pair<ClientId, std::vector<StatementRow>>> clients;
-  Progress progress;
-  const auto faults = BuildStatement(
-      **database_, query, progress, [&](ClientId client, std::span<const StatementRow> rows) {
-        clients.emplace_back(client, std::vector(rows.begin(), rows.end()));
-      });
-  return faults.empty() ? clients : decltype(clients)();
-}
-
-void StatementDocumentTest::TotalsAreTheSumOfTheLinesShown_data() {
-  QTest::addColumn<int>("year");
-  QTest::addColumn<bool>("charges");
-  QTest::addColumn<bool>("average");
-  for (const int year : {2011, 2012, 2013}) {
-    QTest::addRow("%d", year) << year << false << false;
-    QTest::addRow("%d with charges", year) << year << true << false;
-    QTest::addRow("%d at the average", year) << year << true << true;
+ private Q_SLOTS:
+  void initTestCase() {
+    database_.emplace();
+    test::TakeInSample(*database_);
+    directory_ = std::make_unique<lookups::Directory>(**database_);
   }
-}
 
-void StatementDocumentTest::TotalsAreTheSumOfTheLinesShown() {
-  QFETCH(int, year);
-  QFETCH(bool, charges);
-  QFETCH(bool, average);
-  StatementQuery query = Whole(year);
-  query.charges = {charges, charges};
-  query.average = average;
-  const auto clients = Build(query);
-  QCOMPARE(clients.size(), std::size_t{4});
-  for (const auto& [client, rows] : clients) {
-    for (const Layout layout : {Layout::kDetail, Layout::kSummary}) {
-      const auto document = MakeStatementDocument(StatementMode::kCapitalGain, layout, query,
-                                                  client, rows, *directory_);
-      auto sums = SumsOf(document.tables.front(),
-                         layout == Layout::kDetail ? kMoneyOfDetail : kMoneyOfSummary);
-      QCOMPARE(sums[reporting::RowKind::kTotal], sums[reporting::RowKind::kData]);
-      QCOMPARE(sums[reporting::RowKind::kNetTotal], sums[reporting::RowKind::kData]);
-    }
-  }
-}
-
-void StatementDocumentTest::TransferIsShownAndGainsNothing() {
-  int transfers = 0;
-  for (const auto& [client, rows] : Build(Whole(2011))) {
-    for (const StatementRow& row : rows) {
-      if (row.kind == RowKind::kTransfer) {
-        ++transfers;
-        QCOMPARE(row.long_term + row.short_term + row.speculation + row.stt_paid, 0);
+  void TotalsAreTheSumOfTheLinesShown() {
+    for (const int year : {2011, 2012, 2013}) {
+      StatementQuery query = Whole(year);
+      query.charges = {true, true};
+      query.average = year == 2013;
+      const auto clients = Build(query);
+      QCOMPARE(clients.size(), std::size_t{4});
+      for (const auto& [client, rows] : clients) {
+        for (const Layout layout : {Layout::kDetail, Layout::kSummary}) {
+          const auto document = MakeStatementDocument(StatementMode::kCapitalGain, layout, query,
+                                                      client, rows, *directory_);
+          auto sums = SumsOf(document.tables.front(),
+                             layout == Layout::kDetail ? kMoneyOfDetail : kMoneyOfSummary);
+          QCOMPARE(sums[reporting::RowKind::kTotal], sums[reporting::RowKind::kData]);
+          QCOMPARE(sums[reporting::RowKind::kNetTotal], sums[reporting::RowKind::kData]);
+        }
       }
     }
   }
-  QVERIFY(transfers > 0);
-}
 
-void StatementDocumentTest::EveryTotalStandsBelowItsScrip_data() {
-  QTest::addColumn<Layout>("layout");
-  QTest::newRow("detail") << Layout::kDetail;
-  QTest::newRow("summary") << Layout::kSummary;
-}
-
-// Of most scrips nothing was bought and sold on one day: their total of 0 has their name, too.
-void StatementDocumentTest::EveryTotalStandsBelowItsScrip() {
-  QFETCH(Layout, layout);
-  StatementQuery query = Whole(2011);
-  query.gains = GainFilter::kSpeculation;
-  const auto clients = Build(query);
-  const auto& [client, rows] = clients.front();
-  const auto document =
-      MakeStatementDocument(StatementMode::kCapitalGain, layout, query, client, rows, *directory_);
-  QStringList named;
-  QString name;
-  for (const reporting::Row& row : document.tables.front().rows) {
-    if (row.kind == reporting::RowKind::kTotal) {
-      named << name;
-      name.clear();
-    } else if (name.isEmpty() && row.kind == reporting::RowKind::kGroup) {
-      name = reporting::GroupText(row);
-    } else if (name.isEmpty() && row.kind == reporting::RowKind::kData) {
-      name = reporting::CellText(row.cells[1], reporting::Mask::kText);
+  // Of most scrips nothing was bought and sold on one day: their total of 0 has their name, too.
+  void EveryTotalStandsBelowItsScrip() {
+    for (const Layout layout : {Layout::kDetail, Layout::kSummary}) {
+      StatementQuery query = Whole(2011);
+      query.gains = GainFilter::kSpeculation;
+      const auto clients = Build(query);
+      const auto& [client, rows] = clients.front();
+      const auto document = MakeStatementDocument(StatementMode::kCapitalGain, layout, query,
+                                                  client, rows, *directory_);
+      QStringList named;
+      QString name;
+      for (const reporting::Row& row : document.tables.front().rows) {
+        if (row.kind == reporting::RowKind::kTotal) {
+          named << name;
+          name.clear();
+        } else if (name.isEmpty() && row.kind == reporting::RowKind::kGroup) {
+          name = reporting::GroupText(row);
+        } else if (name.isEmpty() && row.kind == reporting::RowKind::kData) {
+          name = reporting::CellText(row.cells[1], reporting::Mask::kText);
+        }
+      }
+      QStringList wanted;
+      for (const StatementRow& row : rows) {
+        if (row.kind == RowKind::kTotal) {
+          wanted << QString::fromStdString(directory_->Scrip(row.scrip).name);
+        }
+      }
+      QVERIFY(wanted.size() > 20);
+      QCOMPARE(named, wanted);
     }
   }
-  QStringList wanted;
-  for (const StatementRow& row : rows) {
-    if (row.kind == RowKind::kTotal) {
-      wanted << QString::fromStdString(directory_->Scrip(row.scrip).name);
+
+  void SummaryAndDetailEndWithTheSameGains() {
+    const StatementQuery query = Whole(2012);
+    for (const auto& [client, rows] : Build(query)) {
+      const auto last_row = [&](Layout layout) {
+        return MakeStatementDocument(StatementMode::kProfit, layout, query, client, rows,
+                                     *directory_)
+            .tables.front()
+            .rows.back();
+      };
+      const reporting::Row detail = last_row(Layout::kDetail);
+      const reporting::Row summary = last_row(Layout::kSummary);
+      QCOMPARE(summary.kind, reporting::RowKind::kNetTotal);
+      std::int64_t gains = 0;
+      for (std::size_t i = 0; i < 3; ++i) {
+        QCOMPARE(PaiseOf(summary.cells[9 + i]), PaiseOf(detail.cells[9 + i]));
+        gains += PaiseOf(detail.cells[9 + i]);
+      }
+      constexpr std::size_t kProfitLoss = 8;
+      QCOMPARE(PaiseOf(summary.cells[kProfitLoss]), gains);
     }
   }
-  QVERIFY(wanted.size() > 20);
-  QCOMPARE(named, wanted);
-}
 
-void StatementDocumentTest::SummaryAndDetailEndWithTheSameGains() {
-  const StatementQuery query = Whole(2012);
-  for (const auto& [client, rows] : Build(query)) {
-    const auto last_row = [&](Layout layout) {
-      return MakeStatementDocument(StatementMode::kProfit, layout, query, client, rows, *directory_)
-          .tables.front()
-          .rows.back();
-    };
-    const reporting::Row detail = last_row(Layout::kDetail);
-    const reporting::Row summary = last_row(Layout::kSummary);
-    QCOMPARE(summary.kind, reporting::RowKind::kNetTotal);
-    std::int64_t gains = 0;
-    for (std::size_t i = 0; i < 3; ++i) {
-      QCOMPARE(PaiseOf(summary.cells[9 + i]), PaiseOf(detail.cells[9 + i]));
-      gains += PaiseOf(detail.cells[9 + i]);
-    }
-    constexpr std::size_t kProfitLoss = 8;
-    QCOMPARE(PaiseOf(summary.cells[kProfitLoss]), gains);
+ private:
+  std::unique_ptr<lookups::Directory> directory_;
+
+  std::vector<std::pair<ClientId, std::vector<StatementRow>>> Build(const StatementQuery& query) {
+    std::vector<std::pair<ClientId, std::vector<StatementRow>>> clients;
+    Progress progress;
+    const auto faults = BuildStatement(
+        **database_, query, progress, [&](ClientId client, std::span<const StatementRow> rows) {
+          clients.emplace_back(client, std::vector(rows.begin(), rows.end()));
+        });
+    return faults.empty() ? clients : decltype(clients)();
   }
-}
 
-void StatementDocumentTest::SelectionsLeaveOtherAccountsAndScripsOut() {
-  StatementQuery query = Whole(2011);
-  const auto whole = Build(query);
-  const StatementRow& first = whole.front().second.front();
-  query.accounts = {first.account};
-  query.scrips = {first.scrip};
-  const auto chosen = Build(query);
-  QCOMPARE(chosen.size(), std::size_t{1});
-  for (const StatementRow& row : chosen.front().second) {
-    if (row.kind != RowKind::kTotal && row.kind != RowKind::kNetTotal) {
-      QCOMPARE(row.account, first.account);
-      QCOMPARE(row.scrip, first.scrip);
-    }
+  StatementQuery Whole(int year) const {
+    return StatementQuery::OfYear(std::nullopt, text::FinancialYear(year));
   }
-}
-
-void StatementDocumentTest::SpeculationFilterSplitsTheWhole() {
-  const auto net = [&](GainFilter filter) {
-    StatementQuery query = Whole(2011);
-    query.gains = filter;
-    return Build(query).front().second.back();
-  };
-  const StatementRow all = net(GainFilter::kAll);
-  const StatementRow speculation = net(GainFilter::kSpeculation);
-  const StatementRow others = net(GainFilter::kNonSpeculation);
-  QVERIFY(all.speculation != 0);
-  QCOMPARE(speculation.speculation, all.speculation);
-  QCOMPARE(speculation.long_term + speculation.short_term, 0);
-  QCOMPARE(others.speculation, 0);
-  QCOMPARE(others.long_term, all.long_term);
-  QCOMPARE(speculation.sale_amount + others.sale_amount, all.sale_amount);
-}
+};
 
 static const quorvane::test::RegisterTest<StatementDocumentTest> kRegistered;
 

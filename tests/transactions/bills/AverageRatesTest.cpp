@@ -1,5 +1,6 @@
 #include "core/gains/AverageCost.h"
 #include "core/text/Amounts.h"
+#include "support/Cases.h"
 #include "support/Desk.h"
 #include "support/TestMain.h"
 #include "transactions/bills/AverageRates.h"
@@ -65,26 +66,15 @@ class AverageRatesTest : public QObject {
 
  private Q_SLOTS:
   void WalkKeepsTheAverageOfWhatIsHeld_data() {
-    QTest::addColumn<Steps>("steps");
-    QTest::addColumn<QString>("result");  // quantity@average
-    QTest::newRow("nothing") << Steps{} << QStringLiteral("0@0");
-    QTest::newRow("purchases are weighted")
-        << Steps{{10, 1000}, {30, 6000}} << QStringLiteral("40@175");
-    QTest::newRow("a sale leaves the average")
-        << Steps{{10, 1000}, {30, 6000}, {20, {}}} << QStringLiteral("20@175");
-    QTest::newRow("a purchase after a sale weighs what is left")
-        << Steps{{10, 1000}, {30, 6000}, {20, {}}, {20, 5500}} << QStringLiteral("40@225");
-    QTest::newRow("an empty holding starts again")
-        << Steps{{10, 1000}, {10, {}}, {5, 1500}} << QStringLiteral("5@300");
-    QTest::newRow("emptied in parts whose sum is not exact")
-        << Steps{{0.3, 30}, {0.1, {}}, {0.1, {}}, {0.1, {}}, {1, 7}} << QStringLiteral("1@7");
-    QTest::newRow("sold before it was bought")
-        << Steps{{10, {}}, {10, 1000}} << QStringLiteral("10@100");
-    QTest::newRow("bonus shares cost nothing")
-        << Steps{{10, 1000}, {10, 0}} << QStringLiteral("20@50");
-    QTest::newRow("an opening without shares") << Steps{{0, 500}, {10, 1000}} << "10@100";
-    QTest::newRow("nothing held at the end")
-        << Steps{{10, 1000}, {10, {}}} << QStringLiteral("0@0");
+    // quantity@average
+    const test::Cases<Steps, QString> cases("steps", "result");
+    cases.Add("a purchase after a sale weighs what is left",
+              Steps{{10, 1000}, {30, 6000}, {20, {}}, {20, 5500}}, "40@225");
+    cases.Add("an empty holding starts again", Steps{{10, 1000}, {10, {}}, {5, 1500}}, "5@300");
+    cases.Add("emptied in parts whose sum is not exact",
+              Steps{{0.3, 30}, {0.1, {}}, {0.1, {}}, {0.1, {}}, {1, 7}}, "1@7");
+    cases.Add("sold before it was bought", Steps{{10, {}}, {10, 1000}}, "10@100");
+    cases.Add("an opening without shares", Steps{{0, 500}, {10, 1000}}, "10@100");
   }
   void WalkKeepsTheAverageOfWhatIsHeld() {
     QFETCH(Steps, steps);
@@ -108,7 +98,7 @@ class AverageRatesTest : public QObject {
     Save(desk, "20/05/2011", desk.Sale(10, 300, lot));
     Save(desk, "10/05/2011", WithServiceTax(desk.Purchase(10, 200), 50));  // 2050 for 10
     Save(desk, "10/04/2011", WithServiceTax(desk.Purchase(20, 100), 0));   // 2000 for 20
-    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=127.5"));
+    QCOMPARE(Rates(desk, desk.account), "1=127.5");
   }
 
   void BillsOfOneDateAreTakenByKey() {
@@ -116,7 +106,7 @@ class AverageRatesTest : public QObject {
     Save(desk, "10/05/2011", desk.Purchase(10, 100));
     Save(desk, "10/05/2011", desk.Sale(10, 150, desk.IdOfLot(100)));
     Save(desk, "10/05/2011", desk.Purchase(10, 300));
-    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=300"));
+    QCOMPARE(Rates(desk, desk.account), "1=300");
   }
 
   void AccountsAndScripsAreKeptApart() {
@@ -128,12 +118,11 @@ class AverageRatesTest : public QObject {
     Bill elsewhere = desk.NewBill({desk.Purchase(10, 900)});
     elsewhere.account = desk.second_account;
     QVERIFY(!BillBook(desk.Connection(), desk.of).Save(elsewhere));
-    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=100 2=2500"));
-    QCOMPARE(Rates(desk, desk.second_account), QStringLiteral("1=900"));
-    QCOMPARE(Rates(desk, desk.account), QStringLiteral("1=100 2=2500"));
+    QCOMPARE(Rates(desk, desk.account), "1=100 2=2500");
+    QCOMPARE(Rates(desk, desk.second_account), "1=900");
+    QCOMPARE(Rates(desk, desk.account), "1=100 2=2500");
     QCOMPARE(desk.Contents("ScriptAvgRate").size(), 3);
-    QCOMPARE(desk.Contents("ScriptAvgRate").first(),
-             QStringLiteral("ScriptAvgRate|1|2011-12|1|1|0|100"));
+    QCOMPARE(desk.Contents("ScriptAvgRate").first(), "ScriptAvgRate|1|2011-12|1|1|0|100");
   }
 };
 

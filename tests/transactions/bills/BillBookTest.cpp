@@ -1,6 +1,7 @@
 #include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
-#include "support/Desk.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
 
@@ -23,18 +24,12 @@ using Edit = std::function<void(const Desk&, Bill&)>;
 
 Q_DECLARE_METATYPE(Edit)
 
-class BillBookTest : public QObject {
+class BillBookTest : public test::DeskTest {
   Q_OBJECT
 
   BillBook Book() { return {desk_->Connection(), desk_->of}; }
 
-  std::optional<Desk> desk_;
-
  private Q_SLOTS:
-  void initTestCase() { desk_.emplace(); }
-  void init() { desk_->Empty(); }
-  void cleanupTestCase() { desk_.reset(); }
-
   void SavedBillReadsBackAsItWas() {
     Bill bill = desk_->NewBill({desk_->Purchase(10, 100.1), desk_->Purchase(0.125, 33.333333)});
     bill.number = QStringLiteral("O'N-1 \\ \"x\"");
@@ -58,7 +53,7 @@ class BillBookTest : public QObject {
     QCOMPARE(read->number, bill.number);
     QCOMPARE(read->settlement_number, bill.settlement_number);
     QCOMPARE(test::Exact(read->lines[1].rate), std::string("33.333333"));
-    QCOMPARE(read->lines[1].delivery_type, QStringLiteral("N.A."));
+    QCOMPARE(read->lines[1].delivery_type, "N.A.");
     const QString header = QStringLiteral(
         "SPMaster|1|2011-12|1|O'N-1 \\ \"x\"|10/06/2011|1|1|1|1005.17|-1.5|0.25|3.75|1007.67|"
         "2011/42");
@@ -69,25 +64,11 @@ class BillBookTest : public QObject {
     QCOMPARE(desk_->Contents("SPTrans").first(), first_line);
   }
 
-  void NewBillTakesTheNextKeyAndNumbersItsLines() {
-    Bill first = desk_->NewBill({desk_->Purchase(10, 100)});
-    Bill second =
-        desk_->NewBill({desk_->Purchase(1, 103), desk_->Purchase(2, 102), desk_->Purchase(3, 101)});
-    QVERIFY(!Book().Save(first));
-    QVERIFY(!Book().Save(second));
-    QCOMPARE(first.id.value, 1);
-    QCOMPARE(second.id.value, 2);
-    const std::vector<BillLine> lines = Book().Load(second.id)->lines;
-    QCOMPARE(lines.size(), std::size_t{3});
-    QCOMPARE(lines[0].rate, 103.0);
-    QCOMPARE(lines[2].rate, 101.0);
-  }
-
   /// Another program took the header away and left the lines.
   void LinesThatLostTheirBillAreNotTakenOver_data() {
-    QTest::addColumn<bool>("by_an_older_program");
-    QTest::newRow("deleted by this release") << false;
-    QTest::newRow("deleted before this release") << true;
+    const test::Cases<bool> cases("by_an_older_program");
+    cases.Add("deleted by this release", false);
+    cases.Add("deleted before this release", true);
   }
 
   void LinesThatLostTheirBillAreNotTakenOver() {
@@ -107,24 +88,12 @@ class BillBookTest : public QObject {
     QCOMPARE(desk_->Contents("SPTrans").size(), qsizetype{2});
   }
 
-  void PurchasesOfOneRateShareALotAndSalesLowerIt() {
-    Bill bought = desk_->NewBill(
-        {desk_->Purchase(10, 100), desk_->Purchase(5, 100), desk_->Purchase(7, 100.01)});
-    QVERIFY(!Book().Save(bought));
-    QCOMPARE(bought.lines[0].lot, bought.lines[1].lot);
-    QVERIFY(bought.lines[0].lot != bought.lines[2].lot);
-    Bill sold = desk_->NewBill({desk_->Sale(15, 120, bought.lines[0].lot)});
-    QVERIFY(!Book().Save(sold));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
-    QCOMPARE(desk_->LotAt(100.01), QStringLiteral("7@100.01"));
-  }
-
   void SaleMayDrawOnAPurchaseOfTheSameBill() {
     BillLine sale = desk_->Sale(4, 120, LotId{-2});
     sale.lot_rate = 100;
     Bill bill = desk_->NewBill({sale, desk_->Purchase(5, 90), desk_->Purchase(10, 100)});
     QVERIFY(!Book().Save(bill));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("6@100"));
+    QCOMPARE(desk_->LotAt(100), "6@100");
     QCOMPARE(bill.lines[0].lot, desk_->IdOfLot(100));
     QCOMPARE(Book().Load(bill.id)->lines[0].lot, desk_->IdOfLot(100));
   }
@@ -136,44 +105,6 @@ class BillBookTest : public QObject {
     Bill bill = desk_->NewBill({desk_->Purchase(5, 80), sale});
     QCOMPARE(TextOf(Book().Save(bill)), kNegativeReliance);
     QCOMPARE(desk_->Everything(), QStringList());
-  }
-
-  void SaleWithoutALotMovesNothing() {
-    Bill bill = desk_->NewBill({desk_->Sale(4, 120, LotId{})});
-    QVERIFY(!Book().Save(bill));
-    QCOMPARE(desk_->Contents("Stock"), QStringList());
-  }
-
-  void BillWithoutAnAccountIsSavedUnderNone() {
-    Bill bill = desk_->NewBill({desk_->Purchase(4, 120)});
-    bill.account = {};
-    QVERIFY(!Book().Save(bill));
-    QCOMPARE(Book().Load(bill.id)->account.value, 0);
-    QCOMPARE(desk_->LotAt(desk_->of, AccountId{}, desk_->scrip, 120), QStringLiteral("4@120"));
-  }
-
-  void ChangedBillKeepsItsKeyAndMovesTheDifference() {
-    Bill bill = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(5, 200)});
-    QVERIFY(!Book().Save(bill));
-    const BillId id = bill.id;
-    bill.lines = {desk_->Purchase(4, 100), desk_->Purchase(6, 300)};
-    QVERIFY(!Book().Save(bill));
-    QCOMPARE(bill.id, id);
-    QCOMPARE(Book().List().size(), std::size_t{1});
-    QCOMPARE(Book().Load(id)->lines.size(), std::size_t{2});
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
-    QCOMPARE(desk_->LotAt(200), QStringLiteral("0@200"));
-    QCOMPARE(desk_->LotAt(300), QStringLiteral("6@300"));
-  }
-
-  void ChangeOfAccountMovesTheLots() {
-    Bill bill = desk_->NewBill({desk_->Purchase(10, 100)});
-    QVERIFY(!Book().Save(bill));
-    bill.account = desk_->second_account;
-    QVERIFY(!Book().Save(bill));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
-    QCOMPARE(desk_->LotAt(desk_->of, desk_->second_account, desk_->scrip, 100),
-             QStringLiteral("10@100"));
   }
 
   void BillDeletedMeanwhileIsSavedAsANewOne() {
@@ -188,7 +119,7 @@ class BillBookTest : public QObject {
     QVERIFY(bill.id != other.id);
     QVERIFY(other.id != deleted);
     QVERIFY(bill.id != deleted);
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("10@100"));
+    QCOMPARE(desk_->LotAt(100), "10@100");
     QVERIFY(BillBook(desk_->Connection(), desk_->other_of).Load(other.id));
   }
 
@@ -204,28 +135,24 @@ class BillBookTest : public QObject {
 
     Bill added = bill;
     added.id = {};
-    QCOMPARE(TextOf(book.Save(added)),
-             QStringLiteral("This Demat A/c was Deleted in the Meantime."));
+    QCOMPARE(TextOf(book.Save(added)), "This Demat A/c was Deleted in the Meantime.");
     bill.account = desk_->other_account;
-    QCOMPARE(TextOf(book.Save(bill)),
-             QStringLiteral("This Demat A/c was Deleted in the Meantime."));
+    QCOMPARE(TextOf(book.Save(bill)), "This Demat A/c was Deleted in the Meantime.");
     desk_->Connection().Execute("Delete From ClientInfo Where Id=?", client);
     bill.account = {};
-    QCOMPARE(TextOf(book.Save(bill)), QStringLiteral("This Client was Deleted in the Meantime."));
+    QCOMPARE(TextOf(book.Save(bill)), "This Client was Deleted in the Meantime.");
     QCOMPARE(desk_->Everything(), before);
   }
 
   void BillOfWhatWasDeletedMeanwhileIsRefused_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("broker") << Edit([](const Desk&, Bill& bill) { bill.broker = BrokerId{77}; })
-                            << "This Broker was Deleted in the Meantime.";
-    QTest::newRow("exchange") << Edit([](const Desk&, Bill& bill) {
-      bill.exchange = ExchangeId{77};
-    }) << "This Exchange was Deleted in the Meantime.";
-    QTest::newRow("scrip of a line")
-        << Edit([](const Desk&, Bill& bill) { bill.lines[1].scrip = ScripId{77}; })
-        << "This Script was Deleted in the Meantime.";
+    const test::Cases<Edit, QString> cases("edit", "text");
+    cases.Add("broker", Edit([](const Desk&, Bill& bill) { bill.broker = BrokerId{77}; }),
+              "This Broker was Deleted in the Meantime.");
+    cases.Add("exchange", Edit([](const Desk&, Bill& bill) { bill.exchange = ExchangeId{77}; }),
+              "This Exchange was Deleted in the Meantime.");
+    cases.Add("scrip of a line",
+              Edit([](const Desk&, Bill& bill) { bill.lines[1].scrip = ScripId{77}; }),
+              "This Script was Deleted in the Meantime.");
   }
   void BillOfWhatWasDeletedMeanwhileIsRefused() {
     QFETCH(const Edit, edit);
@@ -236,16 +163,14 @@ class BillBookTest : public QObject {
   }
 
   void BillOfTheSameNumberAndDateIsATwin_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<bool>("twin");
-    QTest::newRow("same") << Edit([](const Desk&, Bill&) {}) << true;
-    QTest::newRow("number") << Edit([](const Desk&, Bill& bill) {
-      bill.number = QStringLiteral("B/2");
-    }) << false;
-    QTest::newRow("date") << Edit([](const Desk&, Bill& bill) {
-      bill.date = QStringLiteral("11/06/2011");
-    }) << false;
-    QTest::newRow("broker") << Edit([](const Desk&, Bill& bill) { bill.broker = {}; }) << false;
+    const test::Cases<Edit, bool> cases("edit", "twin");
+    cases.Add("same", Edit([](const Desk&, Bill&) {}), true);
+    cases.Add("number", Edit([](const Desk&, Bill& bill) { bill.number = QStringLiteral("B/2"); }),
+              false);
+    cases.Add("date",
+              Edit([](const Desk&, Bill& bill) { bill.date = QStringLiteral("11/06/2011"); }),
+              false);
+    cases.Add("broker", Edit([](const Desk&, Bill& bill) { bill.broker = {}; }), false);
   }
   void BillOfTheSameNumberAndDateIsATwin() {
     QFETCH(const Edit, edit);
@@ -258,57 +183,24 @@ class BillBookTest : public QObject {
     QVERIFY(!BillBook(desk_->Connection(), desk_->other_of).HasTwin(second));
   }
 
-  void DeleteTakesEveryLineBack() {
-    Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
-    QVERIFY(!Book().Save(bought));
-    const QStringList before = desk_->Everything();
-    Bill mixed =
-        desk_->NewBill({desk_->Sale(3, 120, bought.lines[0].lot), desk_->Purchase(5, 100)});
-    QVERIFY(!Book().Save(mixed));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("12@100"));
-    QVERIFY(!Book().Delete(mixed.id));
-    QCOMPARE(desk_->Everything(), before);
-  }
-
-  void DeleteOfAnUnknownBillDoesNothing() { QVERIFY(!Book().Delete(BillId{99})); }
-
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("text");
+    const test::Cases<Edit, QString> cases("edit", "text");
     // The bill brought 10 at 100, of which 6 are sold.
-    QTest::newRow("fewer than sold")
-        << Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(5.999999, 100)}; })
-        << kNegativeReliance;
-    QTest::newRow("as many as sold")
-        << Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(6, 100)}; })
-        << kAccepted;
-    QTest::newRow("another rate") << Edit([](const Desk& desk, Bill& bill) {
-      bill.lines = {desk.Purchase(10, 100.01)};
-    }) << kNegativeReliance;
-    QTest::newRow("another scrip")
-        << Edit([](const Desk& desk, Bill& bill) { bill.lines[0].scrip = desk.second_scrip; })
-        << kNegativeReliance;
-    QTest::newRow("another account")
-        << Edit([](const Desk& desk, Bill& bill) { bill.account = desk.second_account; })
-        << kNegativeReliance;
-    QTest::newRow("line removed") << Edit([](const Desk&, Bill& bill) { bill.lines.clear(); })
-                                  << kNegativeReliance;
-    QTest::newRow("split into two lines of the rate") << Edit([](const Desk& desk, Bill& bill) {
-      bill.lines = {desk.Purchase(4, 100), desk.Purchase(3, 100)};
-    }) << kAccepted;
-    QTest::newRow("the rest sold in the same bill") << Edit([](const Desk& desk, Bill& bill) {
-      bill.lines.push_back(desk.Sale(4, 130, bill.lines[0].lot));
-    }) << kAccepted;
-    QTest::newRow("more than the rest sold in the same bill")
-        << Edit([](const Desk& desk, Bill& bill) {
-             bill.lines.push_back(desk.Sale(4.000001, 130, bill.lines[0].lot));
-           })
-        << kNegativeReliance;
-    QTest::newRow("sale of a lot that is not there") << Edit([](const Desk& desk, Bill& bill) {
-      bill.lines.push_back(desk.Sale(1, 130, LotId{4711}));
-    }) << kNegativeReliance;
-    QTest::newRow("only the header")
-        << Edit([](const Desk&, Bill& bill) { bill.number = QStringLiteral("B/2"); }) << kAccepted;
+    cases.Add("fewer than sold", Edit([](const Desk& desk, Bill& bill) {
+                bill.lines = {desk.Purchase(5.999999, 100)};
+              }),
+              kNegativeReliance);
+    cases.Add("as many as sold",
+              Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(6, 100)}; }),
+              kAccepted);
+    cases.Add("more than the rest sold in the same bill", Edit([](const Desk& desk, Bill& bill) {
+                bill.lines.push_back(desk.Sale(4.000001, 130, bill.lines[0].lot));
+              }),
+              kNegativeReliance);
+    cases.Add("sale of a lot that is not there", Edit([](const Desk& desk, Bill& bill) {
+                bill.lines.push_back(desk.Sale(1, 130, LotId{4711}));
+              }),
+              kNegativeReliance);
   }
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing() {
     QFETCH(Edit, edit);
@@ -332,7 +224,7 @@ class BillBookTest : public QObject {
     Bill other_scrip = desk_->NewBill({desk_->Sale(1, 120, bought.lines[0].lot)});
     other_scrip.lines[0].scrip = desk_->second_scrip;
     QVERIFY(Book().Save(other_scrip));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("10@100"));
+    QCOMPARE(desk_->LotAt(100), "10@100");
   }
 
   void DeleteIsRefusedWhenSharesWereSold() {
@@ -364,7 +256,7 @@ class BillBookTest : public QObject {
     Progress silent;
     QVERIFY(ledger::CheckStock(desk_->Connection(), desk_->of, silent).changes.empty());
     bill.lines = {desk_->Purchase(0.0000004, 100)};
-    QCOMPARE(TextOf(Book().Save(bill)), QStringLiteral("Enter Quantity Greater than Zero."));
+    QCOMPARE(TextOf(Book().Save(bill)), "Enter Quantity Greater than Zero.");
   }
 
   void BillsAreListedByDateThenKey() {

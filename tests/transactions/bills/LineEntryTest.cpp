@@ -1,10 +1,24 @@
+#include "support/Cases.h"
 #include "support/TestMain.h"
+#include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/LineEntry.h"
 
 #include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::bills;
+
+namespace {
+
+BillBoxes Entered(const char* quantity, const char* rate, const char* brokerage) {
+  BillBoxes boxes;
+  boxes[BillBox::kQuantity] = QLatin1String(quantity);
+  boxes[BillBox::kRate] = QLatin1String(rate);
+  boxes[BillBox::kBrokerage] = QLatin1String(brokerage);
+  return boxes;
+}
+
+}  // namespace
 
 class LineEntryTest : public QObject {
   Q_OBJECT
@@ -39,24 +53,13 @@ class LineEntryTest : public QObject {
 
   void ChargesAreProposedAndRoundedWhenLeft() {
     entry_.Enter(BillBox::kBrokerage);
-    QCOMPARE(TextOf(BillBox::kBrokerage), QStringLiteral("0.5005"));
+    QCOMPARE(TextOf(BillBox::kBrokerage), "0.5005");
     entry_.Leave(BillBox::kBrokerage);
-    QCOMPARE(TextOf(BillBox::kBrokerage), QStringLiteral("0.50"));
-    QCOMPARE(TextOf(BillBox::kAmount), QStringLiteral("1006.00"));
+    QCOMPARE(TextOf(BillBox::kBrokerage), "0.50");
+    QCOMPARE(TextOf(BillBox::kAmount), "1006.00");
     PassThrough(BillBox::kLineStt);
-    QCOMPARE(TextOf(BillBox::kLineStt), QStringLiteral("1.26"));
+    QCOMPARE(TextOf(BillBox::kLineStt), "1.26");
     QCOMPARE(entry_.Entered().stt_percent, 0.125);
-  }
-
-  void ProposalFollowsTheRateUntilItIsTypedOver() {
-    PassThrough(BillBox::kBrokerage);
-    TypeInto(BillBox::kRate, "200");
-    PassThrough(BillBox::kBrokerage);
-    QCOMPARE(TextOf(BillBox::kBrokerage), QStringLiteral("1.00"));
-    TypeInto(BillBox::kBrokerage, "0");
-    TypeInto(BillBox::kRate, "300");
-    PassThrough(BillBox::kBrokerage);
-    QCOMPARE(TextOf(BillBox::kBrokerage), QStringLiteral("0.00"));
   }
 
   void RecordedLineIsNotChangedByPassingThroughItsBoxes() {
@@ -79,17 +82,16 @@ class LineEntryTest : public QObject {
     QVERIFY(after.rate == line.rate && after.brokerage == line.brokerage && after.net == line.net);
     QVERIFY(after.amount == line.amount && after.stt == 0 && after.stt_percent == 0.0175);
     QCOMPARE(after.lot, line.lot);
-    QCOMPARE(after.delivery_type, QStringLiteral("N.A."));
+    QCOMPARE(after.delivery_type, "N.A.");
   }
 
   void ChangedLineProposesItsChargesAgainUnlessTheyWereTyped_data() {
-    QTest::addColumn<double>("brokerage");
-    QTest::addColumn<double>("service_tax");
-    QTest::addColumn<double>("stt");
-    QTest::addColumn<QStringList>("after");  // of the double quantity at the double rate
-    QTest::newRow("all as proposed") << 0.5 << 0.52 << 1.26 << QStringList{"1.00", "2.06", "5.03"};
-    QTest::newRow("service tax typed") << 0.5 << 0.6 << 1.26 << QStringList{"1.00", "0.60", "5.03"};
-    QTest::newRow("brokerage typed") << 0.4 << 0.41 << 1.26 << QStringList{"0.40", "0.82", "5.01"};
+    // of the double quantity at the double rate
+    const test::Cases<double, double, double, QStringList> cases("brokerage", "service_tax", "stt",
+                                                                 "after");
+    cases.Add("all as proposed", 0.5, 0.52, 1.26, QStringList{"1.00", "2.06", "5.03"});
+    cases.Add("service tax typed", 0.5, 0.6, 1.26, QStringList{"1.00", "0.60", "5.03"});
+    cases.Add("brokerage typed", 0.4, 0.41, 1.26, QStringList{"0.40", "0.82", "5.01"});
   }
   void ChangedLineProposesItsChargesAgainUnlessTheyWereTyped() {
     QFETCH(const double, brokerage);
@@ -115,21 +117,21 @@ class LineEntryTest : public QObject {
     PassThrough(BillBox::kBrokerage);
     PassThrough(BillBox::kLineStt);
     entry_.SetDelivery(Delivery::kNonDeliveryBased, {.brokerage = 0.1, .stt = 0.025});
-    QCOMPARE(TextOf(BillBox::kBrokerage), QStringLiteral("0.10"));
-    QCOMPARE(TextOf(BillBox::kAmount), QStringLiteral("1002.00"));
-    QCOMPARE(TextOf(BillBox::kLineStt), QStringLiteral("0.25"));
+    QCOMPARE(TextOf(BillBox::kBrokerage), "0.10");
+    QCOMPARE(TextOf(BillBox::kAmount), "1002.00");
+    QCOMPARE(TextOf(BillBox::kLineStt), "0.25");
     entry_.SetSttInWholeRupees(true);
     entry_.SetSttPercent(0.125);
-    QCOMPARE(TextOf(BillBox::kLineStt), QStringLiteral("1.00"));
+    QCOMPARE(TextOf(BillBox::kLineStt), "1.00");
   }
 
   void RateIsOfferedUntilOneIsTyped() {
     QVERIFY(!entry_.OfferRate(50));
-    QCOMPARE(TextOf(BillBox::kRate), QStringLiteral("100.10"));
+    QCOMPARE(TextOf(BillBox::kRate), "100.10");
     entry_.Clear();
     QVERIFY(entry_.OfferRate(50));
     QVERIFY(entry_.OfferRate(55.5));
-    QCOMPARE(TextOf(BillBox::kRate), QStringLiteral("55.50"));
+    QCOMPARE(TextOf(BillBox::kRate), "55.50");
     entry_.SetScrip(ScripId{9});
     QCOMPARE(TextOf(BillBox::kRate), QString());
   }
@@ -145,15 +147,65 @@ class LineEntryTest : public QObject {
     QVERIFY(!entry_.Entered().lot);
   }
 
-  void NextLineIsOfTheSameKind() {
-    entry_.SetFo(true);
-    entry_.SetScrip(ScripId{1});
-    QVERIFY(!entry_.IsEmpty());
-    entry_.Clear();
-    QVERIFY(entry_.IsEmpty());
-    QCOMPARE(entry_.GetSide(), std::optional(Side::kPurchase));
-    QCOMPARE(entry_.DeliveryType(), QStringLiteral("Delivery Based"));
-    QVERIFY(entry_.Fo() && entry_.SttPercent() == 0.125);
+  void BoxTakesItsFormWhenLeft_data() {
+    const test::Cases<BillBox, QString, QString> cases("box", "typed", "shown");
+    cases.Add("a broker is text", BillBox::kBroker, "3M", "3M");
+    cases.Add("a quantity keeps its decimals", BillBox::kQuantity, "-0.125", "0.125");
+    cases.Add("a quantity has six decimals at most", BillBox::kQuantity, "1.23456789", "1.234568");
+    cases.Add("a quantity that is no number", BillBox::kQuantity, "TEN", "0");
+    cases.Add("a rate gets two decimals", BillBox::kRate, "-100.005", "100.01");
+    cases.Add("a line's STT loses its sign", BillBox::kLineStt, "-1.5", "1.50");
+    cases.Add("other charges keep their sign", BillBox::kOtherCharges, "-10", "-10.00");
+    cases.Add("transaction charges keep their sign", BillBox::kTransactionCharges, "-1.005",
+              "-1.01");
+  }
+  void BoxTakesItsFormWhenLeft() {
+    QFETCH(const BillBox, box);
+    QFETCH(QString, typed);
+    BillBoxes boxes;
+    boxes[box] = typed;
+    LeaveBox(box, Side::kPurchase, boxes);
+    QTEST(boxes[box], "shown");
+  }
+
+  void LeavingABoxOfTheLineRecomputesItsAmount_data() {
+    const test::Cases<BillBox, bool> cases("box", "recomputes");
+    cases.Add("rate", BillBox::kRate, true);
+    cases.Add("net rate, whatever was typed", BillBox::kNet, true);
+    cases.Add("STT of the line", BillBox::kLineStt, false);
+    cases.Add("bill number", BillBox::kNumber, false);
+  }
+  void LeavingABoxOfTheLineRecomputesItsAmount() {
+    QFETCH(const BillBox, box);
+    QFETCH(bool, recomputes);
+    BillBoxes boxes = Entered("10", "100.00", "0.50");
+    boxes[BillBox::kNet] = QStringLiteral("77.00");
+    boxes[BillBox::kAmount] = QStringLiteral("770.00");
+    LeaveBox(box, Side::kPurchase, boxes);
+    QCOMPARE(boxes[BillBox::kNet], recomputes ? QStringLiteral("100.50") : QStringLiteral("77.00"));
+    QCOMPARE(boxes[BillBox::kAmount],
+             recomputes ? QStringLiteral("1005.00") : QStringLiteral("770.00"));
+  }
+
+  void NetRateOfNothingIsAnEmptyBox() {
+    BillBoxes boxes = Entered("10", "0.50", "0.50");
+    LeaveBox(BillBox::kBrokerage, Side::kSale, boxes);
+    QCOMPARE(boxes[BillBox::kNet], QString());
+    QCOMPARE(boxes[BillBox::kAmount], "0.00");
+  }
+
+  void NumberBehindABoxOutlivesItsForm() {
+    BillBoxes boxes = Entered("3", "", "0.10");
+    boxes.Show(BillBox::kRate, 100.0 / 3);
+    LeaveBox(BillBox::kRate, Side::kPurchase, boxes);
+    QCOMPARE(boxes[BillBox::kRate], "33.33");
+    QVERIFY(boxes.Number(BillBox::kRate) == 100.0 / 3);
+    QCOMPARE(boxes[BillBox::kNet], "33.43");
+    QCOMPARE(boxes[BillBox::kAmount], "100.30");
+    boxes.Type(BillBox::kRate, QStringLiteral("33.33"));
+    LeaveBox(BillBox::kRate, Side::kPurchase, boxes);
+    QVERIFY(boxes.Number(BillBox::kRate) == 33.33);
+    QCOMPARE(boxes[BillBox::kAmount], "100.29");
   }
 };
 

@@ -1,3 +1,4 @@
+#include "support/Cases.h"
 #include "support/LocalExchange.h"
 #include "support/TestMain.h"
 #include "transactions/bills/RateSource.h"
@@ -16,14 +17,12 @@ class RateSourceTest : public QObject {
 
  private Q_SLOTS:
   void ExchangeIsAskedByItsOwnCode_data() {
-    QTest::addColumn<QString>("exchange");
-    QTest::addColumn<int>("day");
-    QTest::addColumn<double>("rate");
-    QTest::newRow("Bombay") << "BSE" << 14 << 101.25;
-    QTest::newRow("National") << "nse" << 14 << 102.5;
-    QTest::newRow("no price of the day") << "BSE" << 13 << 0.0;
-    QTest::newRow("today there is a quote") << "BSE" << 15 << 99.75;
-    QTest::newRow("unknown exchange") << "MCX" << 14 << 0.0;
+    const test::Cases<QString, int, double> cases("exchange", "day", "rate");
+    cases.Add("Bombay", "BSE", 14, 101.25);
+    cases.Add("National", "nse", 14, 102.5);
+    cases.Add("no price of the day", "BSE", 13, 0.0);
+    cases.Add("today there is a quote", "BSE", 15, 99.75);
+    cases.Add("unknown exchange", "MCX", 14, 0.0);
   }
 
   void ExchangeIsAskedByItsOwnCode() {

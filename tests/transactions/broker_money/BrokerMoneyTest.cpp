@@ -1,5 +1,6 @@
 #include "reports/broker_ledger/BrokerLedger.h"
-#include "support/Desk.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
 #include "transactions/broker_money/PaymentBook.h"
@@ -25,7 +26,7 @@ constexpr PaymentKind kReceipt = PaymentKind::kReceipt;
 
 Q_DECLARE_METATYPE(Edit)
 
-class BrokerMoneyTest : public QObject {
+class BrokerMoneyTest : public test::DeskTest {
   Q_OBJECT
 
   ClientYear NextYear() { return {desk_->client, desk_->year.Next()}; }
@@ -72,8 +73,6 @@ class BrokerMoneyTest : public QObject {
   }
 
  private Q_SLOTS:
-  void initTestCase() { desk_ = std::make_unique<Desk>(); }
-  void cleanupTestCase() { desk_.reset(); }
   void cleanup() {
     for (const char* table : {"BrOpBal", "BrPayment", "BrRec", "SPMaster"}) {
       desk_->Connection().Execute(fmt::format("Delete From {}", table));
@@ -85,7 +84,7 @@ class BrokerMoneyTest : public QObject {
     BrokerOpening first = NewOpening(100, LedgerSide::kDebit);
     QCOMPARE(TextOf(Openings().Save(first)), kAccepted);
     BrokerOpening second = NewOpening(5, LedgerSide::kCredit);
-    QCOMPARE(TextOf(Openings().Save(second)), QStringLiteral("Record Already Exists!"));
+    QCOMPARE(TextOf(Openings().Save(second)), "Record Already Exists!");
     first.amount = 250.5;
     QCOMPARE(TextOf(Openings().Save(first)), kAccepted);
     const auto list = Openings().List();
@@ -95,17 +94,12 @@ class BrokerMoneyTest : public QObject {
   }
 
   void ClosingBalanceIsCarried_data() {
-    QTest::addColumn<double>("opening");
-    QTest::addColumn<bool>("debit");
-    QTest::addColumn<double>("bills");
-    QTest::addColumn<double>("payments");
-    QTest::addColumn<double>("receipts");
-    QTest::addColumn<QString>("carried");
+    const test::Cases<double, bool, double, double, double, QString> cases(
+        "opening", "debit", "bills", "payments", "receipts", "carried");
     // Credit positive: opening - bills - payments + receipts.
-    QTest::newRow("debit") << 100.25 << true << 100.25 << 50.0 << 0.0 << "250.50 Dr";
-    QTest::newRow("credit") << 500.0 << false << 100.0 << 0.1 << 0.2 << "400.10 Cr";
-    QTest::newRow("nothing left is a credit") << 70.1 << false << 70.1 << 0.0 << 0.0 << "0.00 Cr";
-    QTest::newRow("a bill that brings money") << 0.0 << true << -80.0 << 0.0 << 0.0 << "80.00 Cr";
+    cases.Add("debit", 100.25, true, 100.25, 50.0, 0.0, "250.50 Dr");
+    cases.Add("credit", 500.0, false, 100.0, 0.1, 0.2, "400.10 Cr");
+    cases.Add("nothing left is a credit", 70.1, false, 70.1, 0.0, 0.0, "0.00 Cr");
   }
 
   void ClosingBalanceIsCarried() {
@@ -150,24 +144,16 @@ class BrokerMoneyTest : public QObject {
   }
 
   void PaymentRules_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char* name, const QString& text, const Edit& edit) {
-      QTest::newRow(name) << edit << text;
-    };
-    row("all missing: the broker comes first", QStringLiteral("Enter Broker Name."),
-        [](BrokerPayment& payment) { payment = {}; });
-    row("no transaction mode", QStringLiteral("Select Transaction Mode."),
-        [](BrokerPayment& payment) { payment.transaction.reset(); });
-    row("no amount", QStringLiteral("Enter Amount Greater than Zero."),
-        [](BrokerPayment& payment) { payment.amount = -1; });
-    row("no date", QStringLiteral("Enter Payment Date."),
-        [](BrokerPayment& payment) { payment.date.clear(); });
-    row("a day of the next year",
-        QStringLiteral("The Payment Date is not in the Financial Year 2011-12."),
-        [](BrokerPayment& payment) { payment.date = QStringLiteral("01/04/2012"); });
-    row("no payment mode", QStringLiteral("Select Payment Mode."),
-        [](BrokerPayment& payment) { payment.mode.reset(); });
+    const test::Cases<QString, Edit> cases("text", "edit");
+    cases.Add("all missing: the broker comes first", QStringLiteral("Enter Broker Name."),
+              [](BrokerPayment& payment) { payment = {}; });
+    cases.Add("no amount", QStringLiteral("Enter Amount Greater than Zero."),
+              [](BrokerPayment& payment) { payment.amount = -1; });
+    cases.Add("no date", QStringLiteral("Enter Payment Date."),
+              [](BrokerPayment& payment) { payment.date.clear(); });
+    cases.Add("a day of the next year",
+              QStringLiteral("The Payment Date is not in the Financial Year 2011-12."),
+              [](BrokerPayment& payment) { payment.date = QStringLiteral("01/04/2012"); });
   }
 
   void PaymentRules() {
@@ -179,24 +165,7 @@ class BrokerMoneyTest : public QObject {
     QVERIFY(book.List().empty());
   }
 
-  void PaymentsAndReceiptsAreApart() {
-    BrokerPayment payment = NewPayment(10.1);
-    PaymentBook payments(desk_->Connection(), kPayment, desk_->of);
-    PaymentBook receipts(desk_->Connection(), kReceipt, desk_->of);
-    QCOMPARE(TextOf(payments.Save(payment)), kAccepted);
-    payment.remark = QStringLiteral("changed");
-    QCOMPARE(TextOf(payments.Save(payment)), kAccepted);
-    QVERIFY(receipts.List().empty());
-    const auto list = payments.List();
-    QCOMPARE(list.size(), std::size_t{1});
-    QCOMPARE(list[0].cheque_number, QStringLiteral("O'1"));
-    QCOMPARE(list[0].remark, QStringLiteral("changed"));
-    payments.Delete(list[0].id);
-    QVERIFY(payments.List().empty());
-  }
-
  private:
-  std::unique_ptr<Desk> desk_;
 };
 
 static const test::RegisterTest<BrokerMoneyTest> kRegistered;

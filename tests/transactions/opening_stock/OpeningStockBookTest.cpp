@@ -1,8 +1,12 @@
 #include "core/gains/RemainingLots.h"
 #include "core/ledger/Rebuild.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/Desk.h"
 #include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
+#include "transactions/opening_stock/OpeningEntry.h"
+#include "transactions/opening_stock/OpeningStock.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
 #include <QTest>
@@ -13,8 +17,11 @@
 
 using namespace quorvane;
 using namespace quorvane::opening_stock;
+using enum OpeningBox;
 using gains::RemainingLot;
 using test::Desk;
+using test::Exact;
+using test::FieldOf;
 using test::kAccepted;
 using test::kNegativeReliance;
 using test::TextOf;
@@ -23,11 +30,27 @@ namespace {
 
 using Edit = std::function<void(const Desk&, OpeningLot&)>;
 
+const text::FinancialYear kYear(2011);
+
+/// As a bill left it the year before: more decimals than the boxes show, and brokerage.
+OpeningLot CarriedLot() {
+  OpeningLot lot;
+  lot.id = OpeningId{7};
+  lot.quantity = Shares(1000);
+  lot.rate = 364.125;
+  lot.brokerage = 0.55;
+  lot.total = 364675;
+  lot.purchase_date = QStringLiteral("06/04/2010");
+  lot.service_tax = 4.166;
+  lot.stt = 20.4875;
+  return lot;
+}
+
 }  // namespace
 
 Q_DECLARE_METATYPE(Edit)
 
-class OpeningStockBookTest : public QObject {
+class OpeningStockBookTest : public test::DeskTest {
   Q_OBJECT
 
   OpeningStockBook Book() { return {desk_->Connection(), desk_->of}; }
@@ -69,13 +92,7 @@ class OpeningStockBookTest : public QObject {
     QVERIFY(!bills::BillBook(desk_->Connection(), desk_->of).Save(bill));
   }
 
-  std::optional<Desk> desk_;
-
  private Q_SLOTS:
-  void initTestCase() { desk_.emplace(); }
-  void init() { desk_->Empty(); }
-  void cleanupTestCase() { desk_.reset(); }
-
   void SavedLotIsWrittenAndPosted() {
     OpeningLot lot = Lot(10.5, 33.333333);
     lot.total = 350;
@@ -85,30 +102,9 @@ class OpeningStockBookTest : public QObject {
     QVERIFY(!Book().Save(lot));
     QCOMPARE(lot.id.value, 1);
     QCOMPARE(desk_->Contents("StkOpBal"),
-             QStringList(QStringLiteral("StkOpBal|1|2011-12|1|1|10.5|33.333333|350|1|01/03/2010|"
-                                        "1.25|0|0.75|1")));
-    QCOMPARE(desk_->LotAt(33.333333), QStringLiteral("10.5@33.333333"));
-  }
-
-  void LotsOfOneRateShareALotOfTheLedger() {
-    OpeningLot first = Lot(10, 100);
-    OpeningLot second = Lot(5, 100);
-    second.purchase_date = QStringLiteral("01/05/2010");
-    QVERIFY(!Book().Save(first));
-    QVERIFY(!Book().Save(second));
-    QCOMPARE(second.id.value, 2);
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("15@100"));
-    QCOMPARE(Book().List().size(), std::size_t{2});
-  }
-
-  void LotOfAClientDeletedMeanwhileIsRefused() {
-    const ClientId client = desk_->database.AddClient(QStringLiteral("C3"));
-    OpeningLot lot = Lot(10, 100);
-    lot.account = desk_->database.AddAccount(client, QStringLiteral("3001"));
-    desk_->Connection().Execute("Delete From ClientInfo Where Id=?", client);
-    QCOMPARE(TextOf(OpeningStockBook(desk_->Connection(), {client, desk_->year}).Save(lot)),
-             QStringLiteral("This Client was Deleted in the Meantime."));
-    QVERIFY(desk_->Everything().isEmpty());
+             QStringList("StkOpBal|1|2011-12|1|1|10.5|33.333333|350|1|01/03/2010|"
+                         "1.25|0|0.75|1"));
+    QCOMPARE(desk_->LotAt(33.333333), "10.5@33.333333");
   }
 
   void SharesAreRecordedAsTheLedgerKeepsThem() {
@@ -120,39 +116,14 @@ class OpeningStockBookTest : public QObject {
     QVERIFY(ledger::CheckStock(desk_->Connection(), desk_->of, silent).changes.empty());
   }
 
-  void ChangeMovesTheDifference() {
-    OpeningLot lot = Lot(10, 100);
-    QVERIFY(!Book().Save(lot));
-    lot.quantity = Shares(4);
-    QVERIFY(!Book().Save(lot));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
-    lot.rate = 90;
-    lot.account = desk_->second_account;
-    QVERIFY(!Book().Save(lot));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
-    QCOMPARE(desk_->LotAt(desk_->of, desk_->second_account, desk_->scrip, 90),
-             QStringLiteral("4@90"));
-    QCOMPARE(Book().List().size(), std::size_t{1});
-    QCOMPARE(Book().List().front().id, lot.id);
-  }
-
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("text");
+    const test::Cases<Edit, QString> cases("edit", "text");
     // The lot brought 10 at 100, of which 6 are sold.
-    QTest::newRow("fewer than sold")
-        << Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(5.999999); })
-        << kNegativeReliance;
-    QTest::newRow("as many as sold")
-        << Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(6); }) << kAccepted;
-    QTest::newRow("another rate") << Edit([](const Desk&, OpeningLot& lot) { lot.rate = 101; })
-                                  << kNegativeReliance;
-    QTest::newRow("another account")
-        << Edit([](const Desk& desk, OpeningLot& lot) { lot.account = desk.second_account; })
-        << kNegativeReliance;
-    QTest::newRow("only the date") << Edit([](const Desk&, OpeningLot& lot) {
-      lot.purchase_date = QStringLiteral("02/03/2010");
-    }) << kAccepted;
+    cases.Add("fewer than sold",
+              Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(5.999999); }),
+              kNegativeReliance);
+    cases.Add("as many as sold",
+              Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(6); }), kAccepted);
   }
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing() {
     QFETCH(Edit, edit);
@@ -175,16 +146,9 @@ class OpeningStockBookTest : public QObject {
     QCOMPARE(TextOf(Book().Delete(lot.id)), kNegativeReliance);
     QCOMPARE(Book().List().size(), std::size_t{2});
     QVERIFY(!Book().Delete(other.id));
-    QCOMPARE(desk_->LotAt(90), QStringLiteral("0@90"));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
+    QCOMPARE(desk_->LotAt(90), "0@90");
+    QCOMPARE(desk_->LotAt(100), "4@100");
     QCOMPARE(Book().List().size(), std::size_t{1});
-  }
-
-  void CarryForwardWritesOneRowALot() {
-    QVERIFY(!Carry({Carried(10, 100), Carried(5, 90)}));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("10@100"));
-    QCOMPARE(desk_->Contents("StkOpBal").first(),
-             QStringLiteral("StkOpBal|1|2011-12|1|1|10|100|1005|1|01/03/2010|1.25|0.5|0.75|0"));
   }
 
   void CarryForwardTwiceLeavesOneRowALot() {
@@ -192,9 +156,11 @@ class OpeningStockBookTest : public QObject {
     const std::vector<RemainingLot> lots{Carried(10, 100), Carried(5, 33.333333), Carried(10, 100)};
     QVERIFY(!Carry(lots));
     QVERIFY(!Carry(lots));
+    QCOMPARE(desk_->Contents("StkOpBal").first(),
+             "StkOpBal|1|2011-12|4|1|10|100|1005|1|01/03/2010|1.25|0.5|0.75|0");
     QCOMPARE(Book().List().size(), std::size_t{3});
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("20@100"));
-    QCOMPARE(desk_->LotAt(33.333333), QStringLiteral("5@33.333333"));
+    QCOMPARE(desk_->LotAt(100), "20@100");
+    QCOMPARE(desk_->LotAt(33.333333), "5@33.333333");
   }
 
   void CarryForwardLeavesOtherOpeningRows() {
@@ -202,14 +168,14 @@ class OpeningStockBookTest : public QObject {
     QVERIFY(!Book().Save(differs));
     QVERIFY(!Carry({Carried(10, 100)}));
     QCOMPARE(Book().List().size(), std::size_t{2});
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("20@100"));
+    QCOMPARE(desk_->LotAt(100), "20@100");
   }
 
   void CarryForwardAgainWorksWhenCarriedSharesWereSold() {
     QVERIFY(!Carry({Carried(10, 100)}));
     Sell(6, 100);
     QVERIFY(!Carry({Carried(10, 100)}));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
+    QCOMPARE(desk_->LotAt(100), "4@100");
     QCOMPARE(Book().List().size(), std::size_t{1});
   }
 
@@ -232,8 +198,8 @@ class OpeningStockBookTest : public QObject {
     QCOMPARE(openings.front().quantity.Number(), 4.0);
     QCOMPARE(openings.front().total, 402.0);
     QCOMPARE(openings.front().purchase_date, lot.purchase_date);
-    QCOMPARE(desk_->LotAt(next, desk_->account, desk_->scrip, 100), QStringLiteral("4@100"));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
+    QCOMPARE(desk_->LotAt(next, desk_->account, desk_->scrip, 100), "4@100");
+    QCOMPARE(desk_->LotAt(100), "4@100");
   }
 
   /// A sale that was reported as saved before the lots are written must be counted; so another
@@ -274,7 +240,105 @@ class OpeningStockBookTest : public QObject {
       QVERIFY(!progress.done_at_once);
     }
     QCOMPARE(OpeningStockBook(desk_->Connection(), next).List().front().quantity.Number(), 10.0);
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
+    QCOMPARE(desk_->LotAt(100), "4@100");
+  }
+
+  void TotalIsQuantityTimesRateWithBrokerage_data() {
+    const test::Cases<double, double, double, double> cases("quantity", "rate", "brokerage",
+                                                            "total");
+    cases.Add("brokerage of a share", 3.0, 100.0, 0.335, 301.01);
+    cases.Add("half a paisa goes up", 0.5, 2.01, 0.0, 1.01);
+    cases.Add("dust is no half paisa", 5.0, 0.1, 0.2, 1.5);
+  }
+  void TotalIsQuantityTimesRateWithBrokerage() {
+    QFETCH(double, quantity);
+    QFETCH(double, rate);
+    QFETCH(double, brokerage);
+    QFETCH(double, total);
+    QCOMPARE(test::Exact(OpeningTotal(Shares(quantity), rate, brokerage)), test::Exact(total));
+  }
+
+  void PurchaseDateAfterTheYearIsCleared_data() {
+    const test::Cases<QString, bool> cases("date", "kept");
+    cases.Add("last day of the year", "31/03/2012", true);
+    cases.Add("day after it", "01/04/2012", false);
+    cases.Add("later year, earlier month", "01/01/2013", false);
+    cases.Add("no such day", "29/02/2011", false);
+  }
+  void PurchaseDateAfterTheYearIsCleared() {
+    QFETCH(QString, date);
+    QFETCH(bool, kept);
+    QCOMPARE(KeepPurchaseDate(date, text::FinancialYear(2011)), kept ? date : QString());
+  }
+
+  void LotIsCheckedInOrder() {
+    const text::FinancialYear year(2011);
+    OpeningLot lot;
+    const auto expect = [&](const char* text, const char* field) {
+      const MaybeRefusal refusal = CheckOpening(lot, year);
+      QCOMPARE(TextOf(refusal), QString::fromLatin1(text));
+      QCOMPARE(FieldOf(refusal), QString::fromLatin1(field));
+    };
+    expect("Select Script Name.", "Combo1");
+    lot.scrip = ScripId{1};
+    expect("Enter Quantity Greater than Zero.", "Text1_0");
+    lot.quantity = Shares(-1);
+    expect("Enter Quantity Greater than Zero.", "Text1_0");
+    lot.quantity = Shares(1);
+    expect("Select Demat A/c No.", "Combo2");
+    lot.account = AccountId{1};
+    expect("Enter Purchase Date.", "Text1_3");
+    lot.purchase_date = QStringLiteral("01/04/2012");
+    expect("Enter Purchase Date.", "Text1_3");
+    lot.purchase_date = QStringLiteral("31/03/2012");
+    lot.rate = -0.01;
+    expect("Rate Can't be Negative.", "Text1_1");
+    lot.rate = 0;
+    expect("accepted", "none");
+  }
+
+  void BoxTakesItsFormWhenLeftAndTheTotalFollows_data() {
+    const test::Cases<OpeningBox, QString, QString, QString> cases("box", "typed", "shown",
+                                                                   "total");
+    // Before: 10 shares at 100.00.
+    cases.Add("a quantity loses its sign", kQuantity, "-2.5", "2.5", "250.00");
+    cases.Add("a quantity keeps six decimals", kQuantity, "0.0000025", "0.000003", "0.00");
+    cases.Add("a rate gets two decimals", kRate, "99.995", "100.00", "1000.00");
+    cases.Add("a total is computed", kTotal, "7", "1000.00", "1000.00");
+    cases.Add("a service tax gets two decimals", kServiceTax, "1.005", "1.01", "1000.00");
+    cases.Add("an STT stays as typed", kStt, "1.005", "1.005", "1000.00");
+    cases.Add("the year's last day", kPurchaseDate, "31/03/2012", "31/03/2012", "1000.00");
+    cases.Add("the day after it", kPurchaseDate, "01/04/2012", "", "1000.00");
+  }
+  void BoxTakesItsFormWhenLeftAndTheTotalFollows() {
+    QFETCH(const OpeningBox, box);
+    QFETCH(QString, typed);
+    OpeningEntry entry;
+    entry.Leave(kQuantity, QStringLiteral("10"), kYear);
+    entry.Leave(kRate, QStringLiteral("100"), kYear);
+    entry.Leave(box, typed, kYear);
+    QTEST(entry.Text(box), "shown");
+    QTEST(entry.Text(kTotal), "total");
+  }
+
+  void WhatIsLeftAsItWasShownKeepsItsExactNumber() {
+    OpeningEntry entry(CarriedLot());
+    for (std::size_t box = 0; box < kOpeningBoxCount; ++box) {
+      const auto place = static_cast<OpeningBox>(box);
+      entry.Leave(place, entry.Text(place), kYear);
+    }
+    QCOMPARE(entry.Text(kRate), "364.13");
+    QCOMPARE(Exact(entry.Lot().rate), std::string("364.125"));
+    QCOMPARE(Exact(entry.Lot().total), std::string("364675"));
+    QCOMPARE(Exact(entry.Lot().service_tax), std::string("4.166"));
+    QCOMPARE(Exact(entry.Lot().stt), std::string("20.4875"));
+  }
+
+  // 2000 x (364.125 + 0.55)
+  void TotalOfACarriedLotFollowsItsExactRateAndBrokerage() {
+    OpeningEntry entry(CarriedLot());
+    entry.Leave(kQuantity, QStringLiteral("2000"), kYear);
+    QCOMPARE(entry.Text(kTotal), "729350.00");
   }
 };
 

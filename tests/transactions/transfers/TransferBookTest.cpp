@@ -1,7 +1,10 @@
 #include "core/ledger/Rebuild.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/Desk.h"
 #include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
+#include "transactions/transfers/Transfer.h"
 #include "transactions/transfers/TransferBook.h"
 
 #include <QTest>
@@ -11,6 +14,7 @@
 using namespace quorvane;
 using namespace quorvane::transfers;
 using test::Desk;
+using test::FieldOf;
 using test::kAccepted;
 using test::kNegativeReliance;
 using test::TextOf;
@@ -30,7 +34,7 @@ QString OverBalance(const char* balance) {
 
 Q_DECLARE_METATYPE(Edit)
 
-class TransferBookTest : public QObject {
+class TransferBookTest : public test::DeskTest {
   Q_OBJECT
 
   TransferBook Book() { return {desk_->Connection(), desk_->of}; }
@@ -60,24 +64,20 @@ class TransferBookTest : public QObject {
     QVERIFY(!Bills().Save(bill));
   }
 
-  std::optional<Desk> desk_;
-
  private Q_SLOTS:
-  void initTestCase() { desk_.emplace(); }
   void init() {
     desk_->Empty();
     records::Bill bill = desk_->NewBill({desk_->Purchase(10, 100.1)});
     QVERIFY(!Bills().Save(bill));
   }
-  void cleanupTestCase() { desk_.reset(); }
 
   void TransferToAnotherAccountOfTheClientKeepsTheRate() {
     Transfer transfer = NewTransfer(4, desk_->second_account);
     QVERIFY(!Book().Save(transfer));
-    QCOMPARE(Source(), QStringLiteral("6@100.1"));
-    QCOMPARE(AtSecond(), QStringLiteral("4@100.1"));
+    QCOMPARE(Source(), "6@100.1");
+    QCOMPARE(AtSecond(), "4@100.1");
     QCOMPARE(desk_->Contents("ScrTransfer"),
-             QStringList(QStringLiteral("ScrTransfer|1|2011-12|1|20/06/2011|1|0|2|1|1|1|100.1|4")));
+             QStringList("ScrTransfer|1|2011-12|1|20/06/2011|1|0|2|1|1|1|100.1|4"));
   }
 
   void SharesAreRecordedAsTheLedgerKeepsThem() {
@@ -92,21 +92,11 @@ class TransferBookTest : public QObject {
   void TransferToAnotherClientArrivesThere() {
     Transfer transfer = NewTransfer(10, desk_->other_account);
     QVERIFY(!Book().Save(transfer));
-    QCOMPARE(Source(), QStringLiteral("0@100.1"));
-    QCOMPARE(AtOther(), QStringLiteral("10@100.1"));
-    QCOMPARE(
-        desk_->Contents("ScrTransfer"),
-        QStringList(QStringLiteral("ScrTransfer|1|2011-12|1|20/06/2011|1|1|3|2|1|1|100.1|10")));
+    QCOMPARE(Source(), "0@100.1");
+    QCOMPARE(AtOther(), "10@100.1");
+    QCOMPARE(desk_->Contents("ScrTransfer"),
+             QStringList("ScrTransfer|1|2011-12|1|20/06/2011|1|1|3|2|1|1|100.1|10"));
     QVERIFY(TransferBook(desk_->Connection(), desk_->other_of).List().empty());
-  }
-
-  void TransferJoinsTheLotOfTheRate() {
-    Transfer first = NewTransfer(4, desk_->second_account);
-    Transfer second = NewTransfer(1, desk_->second_account);
-    QVERIFY(!Book().Save(first));
-    QVERIFY(!Book().Save(second));
-    QCOMPARE(AtSecond(), QStringLiteral("5@100.1"));
-    QCOMPARE(desk_->Contents("Stock").size(), 2);
   }
 
   void RateAndScripAreTheLots() {
@@ -114,22 +104,22 @@ class TransferBookTest : public QObject {
     transfer.rate = 1;
     transfer.scrip = desk_->second_scrip;
     QVERIFY(!Book().Save(transfer));
-    QCOMPARE(AtSecond(), QStringLiteral("4@100.1"));
+    QCOMPARE(AtSecond(), "4@100.1");
   }
 
   void RefusedTransferChangesNothing_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("more than the lot has")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.000001); })
-        << OverBalance("10.00");
-    QTest::newRow("lot of another account") << Edit([](const Desk& desk, Transfer& transfer) {
-      transfer.from = desk.second_account;
-      transfer.to = desk.account;
-    }) << QStringLiteral("Select Script Name that You want to Transfer.");
-    QTest::newRow("account that nobody owns")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.to = AccountId{99}; })
-        << QStringLiteral("Select Demat A/c No. To which You want to Transfer Scripts.");
+    const test::Cases<Edit, QString> cases("edit", "text");
+    cases.Add("more than the lot has",
+              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.000001); }),
+              OverBalance("10.00"));
+    cases.Add("lot of another account", Edit([](const Desk& desk, Transfer& transfer) {
+                transfer.from = desk.second_account;
+                transfer.to = desk.account;
+              }),
+              "Select Script Name that You want to Transfer.");
+    cases.Add("account that nobody owns",
+              Edit([](const Desk&, Transfer& transfer) { transfer.to = AccountId{99}; }),
+              "Select Demat A/c No. To which You want to Transfer Scripts.");
   }
   void RefusedTransferChangesNothing() {
     QFETCH(Edit, edit);
@@ -141,27 +131,16 @@ class TransferBookTest : public QObject {
   }
 
   void ChangeMovesTheDifferenceUnlessSharesWereUsed_data() {
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("text");
-    // 6 of 10 were moved to the second account, where 5 of them were sold.
-    QTest::newRow("more, up to the whole lot")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10); })
-        << kAccepted;
-    QTest::newRow("more than the lot had before")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.5); })
-        << OverBalance("10.00");
-    QTest::newRow("as many as were sold")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(5); })
-        << kAccepted;
-    QTest::newRow("fewer than were sold")
-        << Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(4.999999); })
-        << kNegativeReliance;
-    QTest::newRow("to another client")
-        << Edit([](const Desk& desk, Transfer& transfer) { transfer.to = desk.other_account; })
-        << kNegativeReliance;
-    QTest::newRow("on another day") << Edit([](const Desk&, Transfer& transfer) {
-      transfer.date = QStringLiteral("21/06/2011");
-    }) << kAccepted;
+    const test::Cases<Edit, QString> cases("edit", "text");
+    cases.Add("more than the lot had before",
+              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.5); }),
+              OverBalance("10.00"));
+    cases.Add("as many as were sold",
+              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(5); }),
+              kAccepted);
+    cases.Add("fewer than were sold",
+              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(4.999999); }),
+              kNegativeReliance);
   }
   void ChangeMovesTheDifferenceUnlessSharesWereUsed() {
     QFETCH(Edit, edit);
@@ -188,8 +167,8 @@ class TransferBookTest : public QObject {
     QVERIFY(!Book().Save(away));
     QVERIFY(!Book().Save(near));
     QVERIFY(!Book().Delete(away.id));
-    QCOMPARE(AtOther(), QStringLiteral("0@100.1"));
-    QCOMPARE(Source(), QStringLiteral("6@100.1"));
+    QCOMPARE(AtOther(), "0@100.1");
+    QCOMPARE(Source(), "6@100.1");
     SellAtSecond(1);
     const QStringList used = desk_->Everything();
     QCOMPARE(TextOf(Book().Delete(near.id)), kNegativeReliance);
@@ -198,29 +177,45 @@ class TransferBookTest : public QObject {
     QVERIFY(Book().Load(near.id));
   }
 
-  void TransfersAreListedByDateThenKey() {
-    for (const char* date : {"02/01/2012", "15/04/2011", "03/12/2011", "15/04/2011"}) {
-      Transfer transfer = NewTransfer(1, desk_->second_account);
-      transfer.date = QString::fromLatin1(date);
-      QVERIFY(!Book().Save(transfer));
-    }
-    std::vector<int> order;
-    for (const Transfer& transfer : Book().List()) {
-      order.push_back(transfer.id.value);
-    }
-    QCOMPARE(order, std::vector<int>({2, 4, 3, 1}));
+  void TransferIsCheckedInOrder() {
+    Transfer transfer;
+    const auto expect = [&](const char* text, const char* field) {
+      const MaybeRefusal refusal = CheckTransfer(transfer, text::FinancialYear(2011));
+      QCOMPARE(TextOf(refusal), QString::fromLatin1(text));
+      QCOMPARE(FieldOf(refusal), QString::fromLatin1(field));
+    };
+    expect("Enter Date.", "Text1_0");
+    transfer.date = QStringLiteral("31/02/2012");
+    expect("Enter Proper Date.", "Text1_0");
+    transfer.date = QStringLiteral("31/03/2011");
+    expect("The Date is not in the Financial Year 2011-12.", "Text1_0");
+    transfer.date = QStringLiteral("01/04/2012");
+    expect("The Date is not in the Financial Year 2011-12.", "Text1_0");
+    transfer.date = QStringLiteral("29/02/2012");
+    expect("Select Demat A/c No. From which You want to Transfer Scripts.", "Combo1");
+    transfer.from = AccountId{1};
+    expect("Select Demat A/c No. To which You want to Transfer Scripts.", "Combo2");
+    transfer.to = AccountId{1};
+    expect("Select Demat A/c No. To which You want to Transfer Scripts.", "Combo2");
+    transfer.to = AccountId{2};
+    expect("Select Script Name that You want to Transfer.", "Text1_1");
+    transfer.lot = LotId{1};
+    expect("Enter Quantity Greater than Zero.", "Text1_2");
+    transfer.quantity = Shares(-1);
+    expect("Enter Quantity Greater than Zero.", "Text1_2");
+    transfer.quantity = Shares(0.0000004);
+    expect("Enter Quantity Greater than Zero.", "Text1_2");
+    transfer.quantity = Shares(0.000001);
+    expect("accepted", "none");
   }
 
-  void ChangedTransferIsTakenBackBesideTheLedger() {
-    Transfer transfer = NewTransfer(6, desk_->second_account);
-    QVERIFY(!Book().Save(transfer));
-    SellAtSecond(5);
-    const QStringList before = desk_->Everything();
-    const ledger::Lots lots = Book().Begin(transfer);
-    QCOMPARE(lots.Of({desk_->of, desk_->account}).front().quantity.Number(), 10.0);
-    QCOMPARE(lots.Of({desk_->of, desk_->second_account}).front().quantity.Number(), -5.0);
-    Book().End();
-    QCOMPARE(desk_->Everything(), before);
+  void QuantityStaysWithinTheBalance() {
+    QVERIFY(!CheckBalance(Shares(10), Shares(10)));
+    const MaybeRefusal refusal = CheckBalance(Shares(10.001), Shares(10));
+    QCOMPARE(TextOf(refusal),
+             "You Can't Transfer Scripts More than Balance.\n"
+             "Maximum Allowed Value is: 10.00");
+    QCOMPARE(FieldOf(refusal), "Text1_2");
   }
 };
 

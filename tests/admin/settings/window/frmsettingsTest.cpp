@@ -5,6 +5,7 @@
 #include "controls/TextBox.h"
 #include "core/app/Ini.h"
 #include "core/rates/QuoteDesk.h"
+#include "support/Cases.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
@@ -64,15 +65,6 @@ class frmsettingsTest : public QObject {
     QCOMPARE(messages_.said.size(), std::size_t{1});
   }
 
-  void PresetIsNotWrittenAndTakesItsLineAway() {
-    Write("[Display]\nTheme=dark\n");
-    Open();
-    Choice(BoxOf(Theme))->ById(0);
-    Click("cmdUpdate");
-    QCOMPARE(Read(Config()), QByteArray("[Display]\n"));
-    QVERIFY(!QFile::exists(session_.folders.screen_ini));
-  }
-
   void ThemeHoldsAtOnce() {
     Open();
     Choice(BoxOf(Theme))->ById(2);
@@ -96,28 +88,19 @@ class frmsettingsTest : public QObject {
   }
 
   void WhatCannotBeKeptIsRefusedAndNothingIsWritten_data() {
-    QTest::addColumn<int>("text");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("message");
     const QString pixels =
         "Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.";
     const QString address = "Enter a Web Address such as https://www.example.com, or Nothing.";
-    const auto row = [](const char* name, Text text, const QString& value, const QString& message) {
-      QTest::newRow(name) << static_cast<int>(text) << value << message;
-    };
-    row("too few pixels", Width, "639", pixels);
-    row("no pixels", Height, "wide", pixels);
-    row("folder", Reports, "/no/such", "The Folder /no/such does not Exist.");
-    row("port", Port, "65536", "Enter a Port from 1 to 65535.");
-    row("authority", TlsCa, "/no/such.pem", "The File /no/such.pem does not Exist.");
-    row("no server", Server, "", "Enter the Database Server.");
-    row("no database", Database, "", "Enter the Name of the Database.");
-    row("address without its kind", BseHost, "www.example.com", address);
-    row("address of a file", IndexFeed, "file:///etc/passwd", address);
-    row("archive without its kind", NseArchiveHost, "nsearchives.example", address);
-    row("no host", NseQuoteHost, "https://", address);
-    row("too long", ArchiveHost, "https://" + QString(250, 'a'),
-        "The Text is too Long. At Most 250 Letters are Kept.");
+    const test::Cases<int, QString, QString> cases("text", "value", "message");
+    cases.Add("too few pixels", Width, "639", pixels);
+    cases.Add("folder", Reports, "/no/such", "The Folder /no/such does not Exist.");
+    cases.Add("port", Port, "65536", "Enter a Port from 1 to 65535.");
+    cases.Add("authority", TlsCa, "/no/such.pem", "The File /no/such.pem does not Exist.");
+    cases.Add("no server", Server, "", "Enter the Database Server.");
+    cases.Add("address without its kind", BseHost, "www.example.com", address);
+    cases.Add("address of a file", IndexFeed, "file:///etc/passwd", address);
+    cases.Add("too long", ArchiveHost, "https://" + QString(250, 'a'),
+              "The Text is too Long. At Most 250 Letters are Kept.");
   }
 
   void WhatCannotBeKeptIsRefusedAndNothingIsWritten() {
@@ -173,24 +156,6 @@ class frmsettingsTest : public QObject {
     Click("cmdTest");
     QTRY_VERIFY_WITH_TIMEOUT(Outcome().contains("no_such_database"), 20000);
     QVERIFY(window_->findChild<QWidget*>("cmdTest")->isEnabled());
-  }
-
-  void SilentServerFreezesNothing() {
-    QTcpServer silent;
-    QVERIFY(silent.listen(QHostAddress::LocalHost));
-    Open();
-    window_->findChild<QRadioButton*>("Option2")->setChecked(true);
-    Box(Server)->setText("127.0.0.1");
-    Box(Port)->setText(QString::number(silent.serverPort()));
-    Box(Database)->setText("shares");
-    QElapsedTimer watch;
-    watch.start();
-    Click("cmdTest");
-    QVERIFY(watch.elapsed() < 1000);
-    messages_.WillAnswer(true);
-    QVERIFY(window_->close());
-    QVERIFY(watch.elapsed() < 1000);
-    silent.close();
   }
 
   void ChangedSettingsAreAskedAboutOnClosing() {

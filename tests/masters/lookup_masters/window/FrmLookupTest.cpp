@@ -1,6 +1,8 @@
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
 #include "masters/lookup_masters/window/FrmLookup.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
@@ -9,48 +11,25 @@ using Kind = test::RecordingMessages::Kind;
 
 Q_DECLARE_METATYPE(quorvane::lookup_masters::LookupKind)
 
-class FrmLookupTest : public QObject {
+class FrmLookupTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
     test::Empty(**database_, {"ScriptType", "ScriptClass", "Exchange", "STTPer", "TransTaxPer"});
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void EachWindowKeepsItsTable_data() {
-    QTest::addColumn<LookupKind>("kind");
-    QTest::addColumn<QString>("window");
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("if_empty");
-    QTest::addColumn<QString>("if_taken");
-    QTest::newRow("type") << LookupKind::kScripTypes << "FrmScriptType"
-                          << "ScriptType"
-                          << "o'bond"
-                          << "O'BOND"
-                          << "Enter Script Type."
-                          << "Script Type Already Exists.";
-    QTest::newRow("class") << LookupKind::kScripClasses << "FrmScriptCls"
-                           << "ScriptClass"
-                           << "a"
-                           << "A"
-                           << "Enter Script Class Name."
-                           << "Script Class Already Exists!";
-    QTest::newRow("exchange") << LookupKind::kExchanges << "FrmExchange"
-                              << "Exchange"
-                              << "mcx"
-                              << "MCX"
-                              << "Enter Exchange Name."
-                              << "Exchange Name Already Exists.";
-    QTest::newRow("STT") << LookupKind::kSttPercentages << "FrmSttPer"
-                         << "STTPer"
-                         << ".1"
-                         << "0.1"
-                         << "Enter S.T.T. Percent."
-                         << "S.T.T. Percent Already Exists.";
+    const test::Cases<LookupKind, QString, QString, QString, QString, QString, QString> cases(
+        "kind", "window", "table", "typed", "stored", "if_empty", "if_taken");
+    cases.Add("type", LookupKind::kScripTypes, "FrmScriptType", "ScriptType", "o'bond", "O'BOND",
+              "Enter Script Type.", "Script Type Already Exists.");
+    cases.Add("class", LookupKind::kScripClasses, "FrmScriptCls", "ScriptClass", "a", "A",
+              "Enter Script Class Name.", "Script Class Already Exists!");
+    cases.Add("exchange", LookupKind::kExchanges, "FrmExchange", "Exchange", "mcx", "MCX",
+              "Enter Exchange Name.", "Exchange Name Already Exists.");
+    cases.Add("STT", LookupKind::kSttPercentages, "FrmSttPer", "STTPer", ".1", "0.1",
+              "Enter S.T.T. Percent.", "S.T.T. Percent Already Exists.");
   }
 
   void EachWindowKeepsItsTable() {
@@ -83,8 +62,7 @@ class FrmLookupTest : public QObject {
     QCOMPARE(test::Rows(**database_, all), QStringList("1|" + stored));
 
     shown.Click("CmdDelete");
-    QCOMPARE(shown.messages.LastText(),
-             QStringLiteral("Are You Sure, You want to Delete this Record?"));
+    QCOMPARE(shown.messages.LastText(), "Are You Sure, You want to Delete this Record?");
     QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
     QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
     QCOMPARE(shown->List().Model().RowCount(), 1);
@@ -95,22 +73,11 @@ class FrmLookupTest : public QObject {
   }
 
   void ListShowsThreeDecimalsAndTheBoxAllThatThereAre_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("boxed");
-    QTest::addColumn<QString>("listed");
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("masked") << "0.1"
-                            << "0.100"
-                            << "0.100"
-                            << "0.1";
-    QTest::newRow("four decimals") << "0.0125"
-                                   << "0.0125"
-                                   << "0.013"
-                                   << "0.0125";
-    QTest::newRow("zero") << "0"
-                          << "0.000"
-                          << "0.000"
-                          << "0";
+    const test::Cases<QString, QString, QString, QString> cases("typed", "boxed", "listed",
+                                                                "stored");
+    cases.Add("masked", "0.1", "0.100", "0.100", "0.1");
+    cases.Add("four decimals", "0.0125", "0.0125", "0.013", "0.0125");
+    cases.Add("zero", "0", "0.000", "0.000", "0");
   }
 
   void ListShowsThreeDecimalsAndTheBoxAllThatThereAre() {
@@ -127,7 +94,7 @@ class FrmLookupTest : public QObject {
 
   void KeyboardAloneAddsAYearlyPercentage() {
     const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
-    QCOMPARE(shown->objectName(), QStringLiteral("FrmTransPer"));
+    QCOMPARE(shown->objectName(), "FrmTransPer");
     shown.AddByKeyboard({"2011-12", "brokerage n", "0.05", "1.4.11"});
     QCOMPARE(shown.messages.Texts(), QStringList());
     QCOMPARE(Percentages(), QStringList("1|2011-12|Brokerage Non Delivery Based|0.05|01/04/2011"));
@@ -135,49 +102,11 @@ class FrmLookupTest : public QObject {
              QStringList({"2011-12", "Brokerage Non Delivery Based", "0.050", "01/04/2011"}));
   }
 
-  void KindsOfYearlyPercentagesAreFive() {
-    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
-    const auto* combo = shown.Named<QComboBox>("CmbName");
-    QStringList kinds;
-    for (int i = 0; i < combo->count(); ++i) {
-      kinds.append(combo->itemText(i));
-    }
-    QCOMPARE(kinds, QStringList({"Brokerage Delivery Based", "Brokerage Non Delivery Based",
-                                 "STT Delivery Based", "STT Non Delivery Based", "Service Tax"}));
-  }
-
-  void BrokenRuleOfAYearlyPercentageIsTold_data() {
-    QTest::addColumn<QStringList>("entered");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("year") << QStringList({"", "Service Tax", "10.3", ""})
-                          << "Enter Financial Year.";
-    QTest::newRow("kind") << QStringList({"2011-12", "", "10.3", ""}) << "Select Delivery Type .";
-    QTest::newRow("percentage") << QStringList({"2011-12", "Service Tax", "", ""})
-                                << "Enter Percentage.";
-    QTest::newRow("same year and kind")
-        << QStringList({"2012-13", "Service Tax", "12.36", ""}) << "Percent Detail Already Exists.";
-  }
-
-  void BrokenRuleOfAYearlyPercentageIsTold() {
-    QFETCH(const QStringList, entered);
-    QFETCH(const QString, text);
-    (*database_)->Execute("Insert Into TransTaxPer Values(4,'2012-13','Service Tax',10.3,'')");
-    const QStringList before = Percentages();
-    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kTaxPercentages);
-    shown.AddByKeyboard(entered);
-    QCOMPARE(shown.messages.Texts(), QStringList(text));
-    QCOMPARE(Percentages(), before);
-  }
-
   void ImproperYearIsToldOnLeavingItsBox_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("said");
+    const test::Cases<QString, QStringList> cases("typed", "said");
     const QStringList refused("Enter Proper Financial Year");
-    QTest::newRow("one year") << "2011" << refused;
-    QTest::newRow("years that do not follow") << "2011-13" << refused;
-    QTest::newRow("other separator") << "2011/12" << refused;
-    QTest::newRow("proper") << "2011-12" << QStringList();
-    QTest::newRow("still empty") << "" << QStringList();
+    cases.Add("one year", "2011", refused);
+    cases.Add("still empty", "", QStringList());
   }
 
   void ImproperYearIsToldOnLeavingItsBox() {
@@ -205,7 +134,7 @@ class FrmLookupTest : public QObject {
     shown.Fill({"2011-12", "Service Tax", "10.3"});
     shown.Named("Text1_2")->setText("31/02/2011");
     shown.Click("cmdUpdate");
-    QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Proper Date."));
+    QCOMPARE(shown.messages.LastText(), "Enter Proper Date.");
     QVERIFY(shown.Named("Text1_2")->hasFocus());
     QCOMPARE(Percentages(), QStringList());
   }
@@ -234,7 +163,7 @@ class FrmLookupTest : public QObject {
              QStringList({"10.2", "10.2", "12.24", "12.36", "12.36", "10.3", "10.3", "10.3"}));
     shown.messages.WillAnswer(true);
     shown.Click("CmdLevies");
-    QCOMPARE(shown.messages.LastText(), QStringLiteral("No rate is missing."));
+    QCOMPARE(shown.messages.LastText(), "No rate is missing.");
   }
 
   void SttPercentagesOfTheLawAreAdded() {
@@ -242,23 +171,14 @@ class FrmLookupTest : public QObject {
     test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
     shown.messages.WillAnswer(true);
     shown.Click("CmdLevies");
-    QCOMPARE(shown.messages.LastText(),
-             QStringLiteral("4 rates were added.\n0.075, 0.100, 0.015, 0.020"));
+    QCOMPARE(shown.messages.LastText(), "4 rates were added.\n0.075, 0.100, 0.015, 0.020");
     QCOMPARE(shown->List().Model().RowCount(), 8);
-  }
-
-  void SttWindowOpensTheYearlyPercentages() {
-    const test::ShownWindow<FrmLookup> shown(*database_, LookupKind::kSttPercentages);
-    shown.Click("CmdTransPer");
-    QCOMPARE(shown.opened, QStringList("FrmTransPer"));
   }
 
  private:
   QStringList Percentages() {
     return test::Rows(**database_, "Select * From TransTaxPer Order By Id");
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<FrmLookupTest> kRegistered;

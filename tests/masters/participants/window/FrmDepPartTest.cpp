@@ -1,19 +1,19 @@
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
 #include "masters/participants/window/FrmDepPart.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
 using namespace quorvane::participants;
 using Kind = test::RecordingMessages::Kind;
 
-class FrmDepPartTest : public QObject {
+class FrmDepPartTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void cleanup() { test::Empty(**database_, {"DepPart", "DpIDs", "ClientActDet"}); }
-  void cleanupTestCase() { database_.reset(); }
 
   void KeyboardAloneAddsAParticipantWithItsDpIds() {
     const test::ShownWindow<FrmDepPart> shown(*database_);
@@ -35,17 +35,6 @@ class FrmDepPartTest : public QObject {
     QVERIFY(!shown->IsEditing());
   }
 
-  void TypingThatIsStillInTheGridIsSaved() {
-    AddParticipants();
-    const test::ShownWindow<FrmDepPart> shown(*database_);
-    shown->List().SelectId(3);
-    shown.Click("cmdModify");
-    shown.Click("CmdAddRow");
-    shown.Type("in9");
-    shown.Press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(DpIds(), QStringList({"2|5|12000", "3|4|IN001", "3|8|IN002", "3|9|IN9"}));
-  }
-
   void SavedDpIdsKeepTheirKeys() {
     AddParticipants();
     (*database_)->Execute("Insert Into ClientActDet Values(1,1,3,8,'1001')");
@@ -63,18 +52,6 @@ class FrmDepPartTest : public QObject {
     QCOMPARE(test::Rows(**database_, "Select DPID From ClientActDet"), QStringList("8"));
   }
 
-  void EmptyRowsAreNotKept() {
-    AddParticipants();
-    const QStringList before = DpIds();
-    const test::ShownWindow<FrmDepPart> shown(*database_);
-    shown->List().SelectId(3);
-    shown.Click("cmdModify");
-    shown.Click("CmdAddRow");
-    shown.Click("CmdAddRow");
-    shown.Click("cmdUpdate");
-    QCOMPARE(DpIds(), before);
-  }
-
   void ChosenRowShowsItsParticipantAndDpIds() {
     AddParticipants();
     const test::ShownWindow<FrmDepPart> shown(*database_);
@@ -84,33 +61,13 @@ class FrmDepPartTest : public QObject {
     shown->List().SelectId(3);
     const controls::GridModel& dp_ids = shown.Named<controls::Grid>("VS")->Model();
     QCOMPARE(dp_ids.RowCount(), 2);
-    QCOMPARE(dp_ids.Text(0, 0), QStringLiteral("4"));
-    QCOMPARE(dp_ids.Text(1, 1), QStringLiteral("IN002"));
-    QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("NSDL"));
+    QCOMPARE(dp_ids.Text(0, 0), "4");
+    QCOMPARE(dp_ids.Text(1, 1), "IN002");
+    QCOMPARE(shown.TextIn("Combo2"), "NSDL");
     shown->List().SelectId(2);
     QCOMPARE(dp_ids.RowCount(), 1);
-    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("OTHER"));
-    QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("CDSL"));
-  }
-
-  void DepositoriesAreTwoAndTheFirstIsProposed() {
-    const test::ShownWindow<FrmDepPart> shown(*database_);
-    shown.Click("cmdAdd");
-    const auto* combo = shown.Named<QComboBox>("Combo2");
-    QCOMPARE(combo->count(), 2);
-    QCOMPARE(combo->itemText(0), QStringLiteral("NSDL"));
-    QCOMPARE(combo->itemText(1), QStringLiteral("CDSL"));
-    QCOMPARE(combo->currentIndex(), 0);
-  }
-
-  void ParticipantWithoutANameIsRefused() {
-    const test::ShownWindow<FrmDepPart> shown(*database_);
-    shown.Click("cmdAdd");
-    shown.Click("cmdUpdate");
-    QCOMPARE(shown.messages.Texts(), QStringList("Enter Name."));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
-    QVERIFY(shown.Named("Text1_0")->hasFocus());
-    QCOMPARE(test::Contents(**database_, {"DepPart", "DpIDs"}), QStringList());
+    QCOMPARE(shown.TextIn("Text1_0"), "OTHER");
+    QCOMPARE(shown.TextIn("Combo2"), "CDSL");
   }
 
   void CancelBringsTheStoredDpIdsBack() {
@@ -133,17 +90,16 @@ class FrmDepPartTest : public QObject {
     shown.Click("cmdAdd");
     shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
     shown.Type("p");
-    QCOMPARE(shown.TextIn("Text1_2"), QStringLiteral("PUNE"));
+    QCOMPARE(shown.TextIn("Text1_2"), "PUNE");
     shown.Named("Text1_4")->setFocus(Qt::TabFocusReason);
     shown.Type("0");
-    QCOMPARE(shown.TextIn("Text1_4"), QStringLiteral("020"));
+    QCOMPARE(shown.TextIn("Text1_4"), "020");
   }
 
   void DeleteIsAskedForAndLeavesAccountsAlone_data() {
-    QTest::addColumn<bool>("yes");
-    QTest::addColumn<QStringList>("left");
-    QTest::newRow("no") << false << QStringList({"2", "3"});
-    QTest::newRow("yes") << true << QStringList("2");
+    const test::Cases<bool, QStringList> cases("yes", "left");
+    cases.Add("no", false, QStringList({"2", "3"}));
+    cases.Add("yes", true, QStringList("2"));
   }
 
   void DeleteIsAskedForAndLeavesAccountsAlone() {
@@ -174,8 +130,6 @@ class FrmDepPartTest : public QObject {
         "Values(3,'SANCHAYIKA','NASHIK','422001','0253',0),(2,'OTHER','PUNE','411001','020',1)");
     database->Execute("Insert Into DpIDs Values(3,4,'IN001'),(3,8,'IN002'),(2,5,'12000')");
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<FrmDepPartTest> kRegistered;

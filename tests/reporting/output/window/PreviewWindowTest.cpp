@@ -81,28 +81,15 @@ class PreviewWindowTest : public QObject {
     QCOMPARE(shown.view->Pages().CurrentPage(), 2);
   }
 
-  void ZoomStepsFromWhatIsSeen() {
-    const Shown shown(Lines(10));
-    PagesView& pages = shown.view->Pages();
-    const double fitted = pages.Zoom();
-    shown.Click("CmdZoomIn");
-    QCOMPARE(pages.Zoom(), fitted * 1.25);
-    for (int i = 0; i < 20; ++i) {
-      shown.Click("CmdZoomOut");
-    }
-    QCOMPARE(pages.Zoom(), 0.2);
-    QCOMPARE(shown.Named<QComboBox>("CmbZoom")->currentText(), QStringLiteral("20%"));
-  }
-
   void SearchGoesThroughAllPagesAndAround() {
     const Shown shown(Lines(200));
     shown.Named<QLineEdit>("TxtFind")->setText("<1");  // 111 of them
     shown.Click("CmdFindNext");
-    QCOMPARE(shown.Found(), QStringLiteral("Page 1"));
+    QCOMPARE(shown.Found(), "Page 1");
     shown.Click("CmdFindPrevious");
     QCOMPARE(shown.Found(), QStringLiteral("Page %1").arg(shown.view->PageCount()));
     shown.Click("CmdFindNext");
-    QCOMPARE(shown.Found(), QStringLiteral("Page 1"));
+    QCOMPARE(shown.Found(), "Page 1");
     shown.Named<QLineEdit>("TxtFind")->setText("line <150>");
     shown.Click("CmdFindNext");
     const QString page = shown.Found();
@@ -111,7 +98,7 @@ class PreviewWindowTest : public QObject {
     QCOMPARE(shown.Found(), page);
     shown.Named<QLineEdit>("TxtFind")->setText("no such text");
     shown.Click("CmdFindNext");
-    QCOMPARE(shown.Found(), QStringLiteral("Not found"));
+    QCOMPARE(shown.Found(), "Not found");
   }
 
   void ChosenPagesArePrinted() {
@@ -140,7 +127,7 @@ class PreviewWindowTest : public QObject {
       return folder.filePath("saved.pdf");
     };
     shown.Click("CmdSave");
-    QCOMPARE(QFileInfo(suggested).fileName(), QStringLiteral("Name of the report.pdf"));
+    QCOMPARE(QFileInfo(suggested).fileName(), "Name of the report.pdf");
     QPdfDocument saved;
     QCOMPARE(saved.load(folder.filePath("saved.pdf")), QPdfDocument::Error::None);
     QCOMPARE(saved.pageCount(), shown.view->PageCount());

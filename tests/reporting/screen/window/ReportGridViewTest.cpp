@@ -5,7 +5,6 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 
 using namespace quorvane;
 using namespace quorvane::reporting;
@@ -47,9 +46,9 @@ class ReportGridViewTest : public QObject {
                               int(Line::kTotal),    int(Line::kGap),   int(Line::kGroup),
                               int(Line::kHeadings), int(Line::kData),  int(Line::kTotal)};
     QCOMPARE(lines, expected);
-    QCOMPARE(model.RowText(0), QStringLiteral("Demat A/c No. 1\t"));
-    QCOMPARE(model.RowText(1), QStringLiteral("line 0\t0.01"));
-    QCOMPARE(model.RowText(9), QStringLiteral("Particulars\tBalance"));
+    QCOMPARE(model.RowText(0), "Demat A/c No. 1\t");
+    QCOMPARE(model.RowText(1), "line 0\t0.01");
+    QCOMPARE(model.RowText(9), "Particulars\tBalance");
     model.SetDocument({});
     QCOMPARE(model.rowCount(), 0);
   }
@@ -61,25 +60,7 @@ class ReportGridViewTest : public QObject {
     view.setFocus();
     QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(),
-             QStringLiteral("line 0\t0.01\nline 1\t1.01\nTotal\t1.00"));
-  }
-
-  void LargeReportsAreShownAtOnce() {
-    Table table = Amounts({}, "Amount", 100'000);
-    for (std::size_t i = 0; i < table.rows.size(); i += 10) {
-      table.rows[i] = {RowKind::kGroup, {QString("GROUP")}};
-    }
-    ReportGridView view("VS", "Report");
-    view.resize(700, 500);
-    test::PutOnScreen(view);
-    QElapsedTimer timer;
-    timer.start();
-    view.SetDocument({{"Report"}, {std::move(table)}});
-    view.grab();
-    view.scrollToBottom();
-    view.grab();
-    QVERIFY2(timer.elapsed() < 1500, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(QApplication::clipboard()->text(), "line 0\t0.01\nline 1\t1.01\nTotal\t1.00");
   }
 };
 

@@ -2,15 +2,13 @@
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
+#include "support/Cases.h"
 #include "support/Desk.h"
 #include "support/TestMain.h"
-#include "transactions/bills/BillBook.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
-#include "transactions/broker_money/PaymentBook.h"
 
 using namespace quorvane;
 using namespace quorvane::broker_ledger;
-using broker_money::PaymentKind;
 using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<RptBrokerLedger>;
@@ -26,10 +24,8 @@ class RptBrokerLedgerTest : public QObject {
   }
   void cleanupTestCase() { desk_.reset(); }
 
-  // Opening 5000.00 Cr. The bill buys 10 shares at 100.00 with 0.50 brokerage each: 10 x 100.50 =
-  // 1005.00, service tax 1.03, STT 1.25, other charges 2.72: 1010.00 Dr. Paid 4500.50 Dr, and
-  // 250.25 came in, Cr: -5000.00 + 1010.00 + 4500.50 - 250.25 = 260.25 Dr, which the next year
-  // opens with.
+  // Opening 5000.00 Cr, a bill of 1010.00 Dr, paid 4500.50 Dr, received 250.25 Cr: -5000.00 +
+  // 1010.00 + 4500.50 - 250.25 = 260.25 Dr, which the next year opens with.
   void WholeYearRunsFromTheRecordsToTheClosingBalance() {
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.Click("CmdReport");
@@ -52,8 +48,8 @@ class RptBrokerLedgerTest : public QObject {
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.Named<controls::ComboBox>("CmbMth")->setFocus(Qt::TabFocusReason);
     shown.Fill({"feb"});
-    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("01/02/2012"));
-    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("29/02/2012"));
+    QCOMPARE(shown.TextIn("Text1_0"), "01/02/2012");
+    QCOMPARE(shown.TextIn("Text1_1"), "29/02/2012");
     shown.Click("CmdReport");
     QCOMPARE(Screen(shown),
              QStringList({"O'BRIEN & SONS", "01/02/2012|Opening Balance|510.50||510.50Dr",
@@ -61,22 +57,10 @@ class RptBrokerLedgerTest : public QObject {
   }
 
   void PeriodAndBrokersAreChecked_data() {
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to");
-    QTest::addColumn<bool>("brokers");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("no from date") << ""
-                                  << "" << true << "Enter From Date.";
-    QTest::newRow("no to date") << "01/04/2011"
-                                << "" << true << "Enter To Date.";
-    QTest::newRow("from after to")
-        << "02/04/2011"
-        << "01/04/2011" << true << "From Date Can't be Greater than To Date.";
-    QTest::newRow("outside the year")
-        << "31/03/2011"
-        << "31/03/2012" << true << "The date lies outside the financial year 2011-12.";
-    QTest::newRow("no broker") << "01/04/2011"
-                               << "01/04/2011" << false << "Enter Broker Name.";
+    const test::Cases<QString, QString, bool, QString> cases("from", "to", "brokers", "text");
+    cases.Add("outside the year", "31/03/2011", "31/03/2012", true,
+              "The date lies outside the financial year 2011-12.");
+    cases.Add("no broker", "01/04/2011", "01/04/2011", false, "Enter Broker Name.");
   }
   void PeriodAndBrokersAreChecked() {
     QFETCH(QString, from);
@@ -97,8 +81,7 @@ class RptBrokerLedgerTest : public QObject {
     const Shown shown(desk_->database, ForClient{desk_->of});
     auto& brokers = shown.Named<controls::Grid>("VSB")->Model();
     QCOMPARE(brokers.columnCount(), 2);
-    QCOMPARE(brokers.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(),
-             QStringLiteral("BROKER NAME"));
+    QCOMPARE(brokers.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "BROKER NAME");
     brokers.SetTicked(brokers.RowOf(desk_->broker.value), false);
     shown.Click("CmdReport");
     QCOMPARE(Screen(shown), QStringList());
@@ -106,41 +89,22 @@ class RptBrokerLedgerTest : public QObject {
 
  private:
   void RecordYear() {
-    records::BillLine line = desk_->Purchase(10, 100);
-    line.brokerage = 0.5;
-    line.service_tax = 1.03;
-    line.stt = 1.25;
-    records::ComputeAmount(line);
-    records::Bill bill = desk_->NewBill({line});
-    bill.other_charges = 2.72;
-    const records::BillTotals totals =
-        records::ComputeTotals(bill.lines, bill.other_charges, bill.transaction_charges);
-    bill.total = totals.total;
-    bill.stt = totals.stt;
-    bill.grand_total = totals.grand_total;
-    QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
-             test::kAccepted);
-    broker_money::BrokerOpening opening{.id = {},
-                                        .broker = desk_->broker,
-                                        .amount = 5000,
-                                        .side = broker_money::LedgerSide::kCredit};
-    QCOMPARE(
-        test::TextOf(broker_money::BrokerOpeningBook(desk_->Connection(), desk_->of).Save(opening)),
-        test::kAccepted);
-    Pay(PaymentKind::kPayment, 4500.5, "10/06/2011", broker_money::PaymentMode::kCheque);
-    Pay(PaymentKind::kReceipt, 250.25, "31/03/2012", broker_money::PaymentMode::kCash);
-  }
-
-  void Pay(PaymentKind kind, double amount, const char* date, broker_money::PaymentMode mode) {
-    broker_money::BrokerPayment payment;
-    payment.broker = desk_->broker;
-    payment.transaction = 0;
-    payment.amount = amount;
-    payment.date = QLatin1String(date);
-    payment.mode = mode;
-    QCOMPARE(
-        test::TextOf(broker_money::PaymentBook(desk_->Connection(), kind, desk_->of).Save(payment)),
-        test::kAccepted);
+    database::Connection& connection = desk_->Connection();
+    connection.Execute(
+        "Insert Into SPMaster(Cid,Fyear,ID,BillNo,BDate,BrokId,Total) "
+        "Values(?,'2011-12',1,'B/1','10/06/2011',?,1010)",
+        desk_->client, desk_->broker);
+    connection.Execute(
+        "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(?,'2011-12',1,?,5000,1)",
+        desk_->client, desk_->broker);
+    connection.Execute(
+        "Insert Into BrPayment(Cid,Fyear,Id,BrId,TMode,Amt,PDate,PMode) "
+        "Values(?,'2011-12',1,?,0,4500.5,'10/06/2011',1)",
+        desk_->client, desk_->broker);
+    connection.Execute(
+        "Insert Into BrRec(Cid,Fyear,Id,BrId,TMode,Amt,PDate,PMode) "
+        "Values(?,'2011-12',1,?,0,250.25,'31/03/2012',0)",
+        desk_->client, desk_->broker);
   }
 
   /// The rows on the screen, cells parted by "|".

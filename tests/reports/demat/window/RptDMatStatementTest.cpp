@@ -1,6 +1,8 @@
+#include "reports/Sample.h"
 #include "reports/ShownReport.h"
-#include "reports/demat/Movements.h"
 #include "reports/demat/window/RptDMatStatement.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 
 #include <QFileInfo>
@@ -9,26 +11,21 @@ using namespace quorvane;
 using namespace quorvane::demat;
 using Shown = test::ShownReport<RptDMatStatement>;
 
-class RptDMatStatementTest : public QObject {
+class RptDMatStatementTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void initTestCase() {
-    database_ = std::make_unique<test::TestDatabase>();
+    database_.emplace();
     test::TakeInSample(*database_);
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void TargetDecidesTheReport_data() {
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("title");
-    QTest::newRow("statement") << "RPTDMATSTATEMENT"
-                               << "Demat A/c Statement RAGHAV MOHAN ATHALEKAR:2011-12"
-                               << "Demat A/c Statement (From 01/04/2011 To 31/03/2012)";
-    QTest::newRow("transactions") << "rpttransaction"
-                                  << "Transaction Report RAGHAV MOHAN ATHALEKAR:2011-12"
-                                  << "TRANSACTION REPORT";
+    const test::Cases<QString, QString, QString> cases("target", "caption", "title");
+    cases.Add("statement", "RPTDMATSTATEMENT", "Demat A/c Statement RAGHAV MOHAN ATHALEKAR:2011-12",
+              "Demat A/c Statement (From 01/04/2011 To 31/03/2012)");
+    cases.Add("transactions", "rpttransaction", "Transaction Report RAGHAV MOHAN ATHALEKAR:2011-12",
+              "TRANSACTION REPORT");
   }
 
   void TargetDecidesTheReport() {
@@ -41,19 +38,6 @@ class RptDMatStatementTest : public QObject {
     QCOMPARE(shown.Named<QWidget>("FTransaction")->isVisible(),
              target.contains("transaction", Qt::CaseInsensitive));
     QVERIFY(!shown.Named<QWidget>("FDemat")->isVisible());
-  }
-
-  void MonthsSetThePeriod() {
-    const Shown shown(*database_, "RptDMatStatement", "ATH001", 2011);
-    shown.Choose("CmbFromMth", "December");
-    shown.Choose("CmbToMth", "Febuary");
-    QCOMPARE(shown.TextIn("Text1_0"), QStringLiteral("01/12/2011"));
-    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("29/02/2012"));
-    shown.Click("CmdReport");
-    QCOMPARE(shown.Screen().Document().titles.first(),
-             QStringLiteral("Demat A/c Statement (From 01/12/2011 To 29/02/2012)"));
-    shown.Choose("CmbToMth", "March");
-    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("31/03/2012"));
   }
 
   void ReportIsRefusedInOrder() {
@@ -83,7 +67,7 @@ class RptDMatStatementTest : public QObject {
     shown.Named<controls::Grid>("VSF")->Model().SetTicked(0, false);
     shown.Click("CmdReport");
     const reporting::ReportDocument one = shown.Screen().Document();
-    QCOMPARE(one.titles.first(), QStringLiteral("EQUITY TRANSACTION REPORT"));
+    QCOMPARE(one.titles.first(), "EQUITY TRANSACTION REPORT");
     QCOMPARE(one.tables.front().titles.first(),
              QStringLiteral("Demat A/c No. ") + accounts.Text(1, 1));
     shown.Click("OptDemat_1");
@@ -108,12 +92,9 @@ class RptDMatStatementTest : public QObject {
   }
 
   void WorkbookNeedsItsTemplate_data() {
-    QTest::addColumn<QString>("layout");
-    QTest::addColumn<QString>("file");
-    QTest::newRow("summarized") << "OptTransaction_0"
-                                << "/TransRpt.xlsx";
-    QTest::newRow("detailed") << "OptTransaction_1"
-                              << "/TransRptNew.xlsx";
+    const test::Cases<QString, QString> cases("layout", "file");
+    cases.Add("summarized", "OptTransaction_0", "/TransRpt.xlsx");
+    cases.Add("detailed", "OptTransaction_1", "/TransRptNew.xlsx");
   }
 
   void WorkbookNeedsItsTemplate() {
@@ -133,7 +114,6 @@ class RptDMatStatementTest : public QObject {
   }
 
  private:
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<RptDMatStatementTest> kRegistered;

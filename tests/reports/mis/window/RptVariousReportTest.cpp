@@ -1,9 +1,12 @@
-#include "portfolio/Import.h"
+#include "masters/ShownWindow.h"
+#include "masters/clients/Documents.h"
+#include "reports/Sample.h"
 #include "reports/mis/window/RptVariousReport.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/LocalExchange.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -46,11 +49,7 @@ struct Shown {
     const reporting::Table& table = Screen().Document().tables.front();
     return reporting::CellText(table.rows.back().cells.back(), table.columns.back().mask);
   }
-  static void Type(const QString& text) {
-    for (const QChar letter : text) {
-      QTest::keyClick(QApplication::focusWidget(), letter.toLatin1());
-    }
-  }
+  static void Type(const QString& text) { test::ShownWindow<RptVariousReport>::Type(text); }
   static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
   }
@@ -66,18 +65,14 @@ struct Shown {
 
 }  // namespace
 
-class RptVariousReportTest : public QObject {
+class RptVariousReportTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void initTestCase() {
-    database_ = std::make_unique<test::TestDatabase>();
-    Progress progress;
-    const auto result = portfolio::ImportPortfolio(
-        **database_, QStringLiteral(QUORVANE_SOURCE_DIR "/data/sample"), false, progress);
-    QVERIFY(result.errors.empty());
+    database_.emplace();
+    test::TakeInSample(*database_);
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void ReportIsMadeByKeyboard() {
     const Shown window(*database_);
@@ -98,33 +93,12 @@ class RptVariousReportTest : public QObject {
     QVERIFY(window.Screen().rowCount() < rows);
   }
 
-  // What is lit is what is shown.
-  void ButtonsShowWhichReportIsOnTheScreen() {
-    const Shown window(*database_);
-    const auto lit = [&](const char* name) {
-      return window.Named<QAbstractButton>(name)->isChecked();
-    };
-    window.Click("CmdPortPos");
-    window.Click("CmdRepType_1");
-    QVERIFY(lit("CmdPortPos") && lit("CmdRepType_1"));
-    window.Click("CmdStkVal");
-    QVERIFY(lit("CmdStkVal") && !lit("CmdPortPos") && !lit("CmdRepType_1"));
-    QCOMPARE(window.Screen().rowCount(), 0);
-    window.Click("CmdRepType_2");
-    QVERIFY(lit("CmdStkVal") && lit("CmdRepType_2"));
-  }
-
   void EveryReportKeepsItsTitle_data() {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("title");
-    QTest::addRow("position") << "CmdPortPos"
-                              << "Portfolio Position (Demat A/c Wise)";
-    QTest::addRow("valuation") << "CmdPortVal"
-                               << "Portfolio Valuation as on 31 March, 2012";
-    QTest::addRow("profit") << "CmdProfitLossReport"
-                            << "Profit/Loss Report (Demat A/c Wise)";
-    QTest::addRow("stock") << "CmdStkVal"
-                           << "Stock Valuation as on 31 March, 2012";
+    const test::Cases<QString, QString> cases("button", "title");
+    cases.Add("position", "CmdPortPos", "Portfolio Position (Demat A/c Wise)");
+    cases.Add("valuation", "CmdPortVal", "Portfolio Valuation as on 31 March, 2012");
+    cases.Add("profit", "CmdProfitLossReport", "Profit/Loss Report (Demat A/c Wise)");
+    cases.Add("stock", "CmdStkVal", "Stock Valuation as on 31 March, 2012");
   }
 
   void EveryReportKeepsItsTitle() {
@@ -290,15 +264,8 @@ class RptVariousReportTest : public QObject {
 
  private:
   static QString Written(const Shown& window, const char* name, const QByteArray& content) {
-    QString path = window.folder.filePath(QLatin1String(name));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) < 0) {
-      throw std::runtime_error("cannot write the test's file");
-    }
-    return path;
+    return test::WriteFile(window.folder.filePath(QLatin1String(name)), content);
   }
-
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const quorvane::test::RegisterTest<RptVariousReportTest> kRegistered;

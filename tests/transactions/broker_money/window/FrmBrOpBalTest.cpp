@@ -41,19 +41,12 @@ class FrmBrOpBalTest : public QObject {
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.AddByKeyboard({"able", "5", "d"});
     shown.AddByKeyboard({"able", "7", "c"});
-    QCOMPARE(shown.messages.Texts(), QStringList(QStringLiteral("Record Already Exists!")));
+    QCOMPARE(shown.messages.Texts(), QStringList("Record Already Exists!"));
     QVERIFY(shown.Named<QWidget>("Combo1")->hasFocus());
     shown.Click("cmdCancel");
     shown.Retype(1, "Text1_0", "6");
     shown.Click("cmdUpdate");
     QCOMPARE(Balances(), QStringList("1|6|0"));
-  }
-
-  void SideIsAskedFor() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.AddByKeyboard({"able", "5"});
-    QCOMPARE(shown.messages.Texts(), QStringList(QStringLiteral("Select Dr/Cr.")));
-    QCOMPARE(Balances(), QStringList());
   }
 
   void BalancesOfTheYearBeforeAreOfferedOnceOnOpening() {

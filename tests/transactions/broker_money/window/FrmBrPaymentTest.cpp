@@ -1,7 +1,8 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
-#include "support/Desk.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 #include "transactions/broker_money/window/FrmBrPayment.h"
 
@@ -13,25 +14,17 @@ using Shown = test::ShownWindow<FrmBrPayment>;
 
 Q_DECLARE_METATYPE(PaymentKind)
 
-class FrmBrPaymentTest : public QObject {
+class FrmBrPaymentTest : public test::DeskTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { desk_ = std::make_unique<Desk>(); }
   void cleanup() { test::Empty(desk_->Connection(), {"BrPayment", "BrRec"}); }
-  void cleanupTestCase() { desk_.reset(); }
 
   void KeyboardAloneRecordsInTheTableOfTheMode_data() {
-    QTest::addColumn<PaymentKind>("kind");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("mode");
-    QTest::addColumn<QString>("table");
-    QTest::newRow("payment") << PaymentKind::kPayment << "Payment To Broker"
-                             << "cr"
-                             << "BrPayment";
-    QTest::newRow("receipt") << PaymentKind::kReceipt << "Received From Broker"
-                             << "dr"
-                             << "BrRec";
+    const test::Cases<PaymentKind, QString, QString, QString> cases("kind", "caption", "mode",
+                                                                    "table");
+    cases.Add("payment", PaymentKind::kPayment, "Payment To Broker", "cr", "BrPayment");
+    cases.Add("receipt", PaymentKind::kReceipt, "Received From Broker", "dr", "BrRec");
   }
   void KeyboardAloneRecordsInTheTableOfTheMode() {
     QFETCH(PaymentKind, kind);
@@ -54,8 +47,7 @@ class FrmBrPaymentTest : public QObject {
     const Shown shown(desk_->database, ForClient{desk_->of}, PaymentKind::kPayment);
     shown.AddByKeyboard({"o'b", "p", "10", "010411", "cash", "by hand"});
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Rows(QStringLiteral("BrPayment")),
-             QStringList(QStringLiteral("1|0|10|01/04/2011|0||||BY HAND")));
+    QCOMPARE(Rows(QStringLiteral("BrPayment")), QStringList("1|0|10|01/04/2011|0||||BY HAND"));
     // Changed to cash, a payment loses its cheque.
     shown.Click("cmdModify");
     shown.Named<QWidget>("Combo3")->setFocus(Qt::TabFocusReason);
@@ -66,38 +58,16 @@ class FrmBrPaymentTest : public QObject {
     shown.Fill({"cash"});
     QVERIFY(!shown.Named("Text1_2")->isEnabled());
     shown.Click("cmdUpdate");
-    QCOMPARE(Rows(QStringLiteral("BrPayment")),
-             QStringList(QStringLiteral("1|0|10|01/04/2011|0||||BY HAND")));
-  }
-
-  void DateOutsideTheYearIsRefusedAndAskedForAgain() {
-    const Shown shown(desk_->database, ForClient{desk_->of}, PaymentKind::kPayment);
-    shown.AddByKeyboard({"o'b", "p", "10", "010412", "cash"});
-    QCOMPARE(shown.messages.Texts(),
-             QStringList(QStringLiteral("The Payment Date is not in the Financial Year 2011-12.")));
-    QVERIFY(shown.Named("Text1_1")->hasFocus());
-    QCOMPARE(Rows(QStringLiteral("BrPayment")), QStringList());
+    QCOMPARE(Rows(QStringLiteral("BrPayment")), QStringList("1|0|10|01/04/2011|0||||BY HAND"));
   }
 
   void ChequeDateThatIsNoneIsNotDropped() {
     const Shown shown(desk_->database, ForClient{desk_->of}, PaymentKind::kPayment);
     shown.AddByKeyboard({"o'b", "p", "10", "010411", "ch", "7", "310212"});
-    QCOMPARE(shown.messages.LastText(), QStringLiteral("Enter Proper Date."));
+    QCOMPARE(shown.messages.LastText(), "Enter Proper Date.");
     QVERIFY(shown.Named("Text1_3")->hasFocus());
     QVERIFY(shown->IsEditing());
     QCOMPARE(Rows(QStringLiteral("BrPayment")), QStringList());
-  }
-
-  void DeleteTakesTheChosenOne() {
-    Shown shown(desk_->database, ForClient{desk_->of}, PaymentKind::kReceipt);
-    shown.AddByKeyboard({"o'b", "r", "10", "010411", "cash"});
-    shown.AddByKeyboard({"o'b", "r", "20", "020411", "cash"});
-    shown->List().SelectId(1);
-    shown.messages.WillAnswer(true);
-    shown.Click("CmdDelete");
-    QCOMPARE(shown.messages.LastText(),
-             QStringLiteral("Are You Sure, You want to Delete this Record?"));
-    QCOMPARE(Rows(QStringLiteral("BrRec")), QStringList(QStringLiteral("2|0|20|02/04/2011|0||||")));
   }
 
  private:
@@ -106,8 +76,6 @@ class FrmBrPaymentTest : public QObject {
                       "Select Id,TMode,Amt,PDate,PMode,ChqNo,ChqDate,DrawOn,Remark From " +
                           table.toStdString() + " Order By Id");
   }
-
-  std::unique_ptr<Desk> desk_;
 };
 
 static const test::RegisterTest<FrmBrPaymentTest> kRegistered;

@@ -1,7 +1,8 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
-#include "support/Desk.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/opening_stock/window/FrmStkOpBalance.h"
@@ -22,47 +23,30 @@ const QString kQuestion =
 
 }  // namespace
 
-class FrmStkOpBalanceTest : public QObject {
+class FrmStkOpBalanceTest : public test::DeskTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { desk_ = std::make_unique<Desk>(); }
-  void cleanup() { desk_->Empty(); }
-  void cleanupTestCase() { desk_.reset(); }
-
   void KeyboardAloneAddsALot() {
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.AddByKeyboard({"500325", "", "1001", "-10", "100.256", "010410", "12.345", "1.005"});
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Openings(),
-             QStringList(QStringLiteral("1|10|100.26|1002.6|01/04/2010|12.35|0|1.005|0")));
-    QCOMPARE(desk_->LotAt(100.26), QStringLiteral("10@100.26"));
+    QCOMPARE(Openings(), QStringList("1|10|100.26|1002.6|01/04/2010|12.35|0|1.005|0"));
+    QCOMPARE(desk_->LotAt(100.26), "10@100.26");
     QCOMPARE(shown->List().CurrentId(), 1);
     // The next lot is most often of the same account.
     shown.Click("cmdAdd");
-    QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("1001"));
+    QCOMPARE(shown.TextIn("Combo2"), "1001");
   }
 
   void UnknownCodeStaysToBeCorrected() {
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.Click("cmdAdd");
     shown.Fill({"zzz"});
-    QCOMPARE(shown.messages.Texts(),
-             QStringList(QStringLiteral("There is no Scrip of the Code ZZZ.")));
-    QCOMPARE(shown.Named("TxtScr")->selectedText(), QStringLiteral("ZZZ"));
+    QCOMPARE(shown.messages.Texts(), QStringList("There is no Scrip of the Code ZZZ."));
+    QCOMPARE(shown.Named("TxtScr")->selectedText(), "ZZZ");
     shown.Fill({"500325"});
-    QCOMPARE(shown.TextIn("Combo1"), QStringLiteral("RELIANCE"));
-  }
-
-  void DateAfterTheYearIsClearedWithoutAWord() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.Click("cmdAdd");
-    for (const auto& [typed, kept] : {std::pair{"310312", "31/03/2012"}, std::pair{"010412", ""}}) {
-      shown.Named("Text1_3")->setFocus(Qt::TabFocusReason);
-      shown.Fill({QLatin1String(typed)});
-      QCOMPARE(shown.TextIn("Text1_3"), QLatin1String(kept));
-    }
-    QCOMPARE(shown.messages.Texts(), QStringList());
+    QCOMPARE(shown.TextIn("Combo1"), "RELIANCE");
   }
 
   void NewDateOfACarriedLotChangesNothingElse() {
@@ -73,18 +57,8 @@ class FrmStkOpBalanceTest : public QObject {
     shown.Retype(3, "Text1_3", "050410");
     shown.Click("cmdUpdate");
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Openings(),
-             QStringList(QStringLiteral("3|1000|364.125|364675|05/04/2010|4.166|0.55|20.4875|1")));
-    QCOMPARE(desk_->LotAt(364.125), QStringLiteral("1000@364.125"));
-  }
-
-  void ChangedQuantityMovesTheDifference() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.AddByKeyboard({"", "reliance", "1001", "10", "100", "010410"});
-    shown.Retype(1, "Text1_0", "4");
-    shown.Click("cmdUpdate");
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("4@100"));
-    QCOMPARE(shown.ListRow(0).value(5), QStringLiteral("400.00"));
+    QCOMPARE(Openings(), QStringList("3|1000|364.125|364675|05/04/2010|4.166|0.55|20.4875|1"));
+    QCOMPARE(desk_->LotAt(364.125), "1000@364.125");
   }
 
   void LotWhoseSharesWereSoldIsNotDeleted() {
@@ -103,10 +77,9 @@ class FrmStkOpBalanceTest : public QObject {
   }
 
   void StockOfTheYearBeforeIsOfferedOnOpening_data() {
-    QTest::addColumn<bool>("answer");
-    QTest::addColumn<QStringList>("rows");
-    QTest::newRow("no") << false << QStringList();
-    QTest::newRow("yes") << true << QStringList(QStringLiteral("4|8|50|400|01/02/2010|0|0|0|0"));
+    const test::Cases<bool, QStringList> cases("answer", "rows");
+    cases.Add("no", false, QStringList());
+    cases.Add("yes", true, QStringList("4|8|50|400|01/02/2010|0|0|0|0"));
   }
   void StockOfTheYearBeforeIsOfferedOnOpening() {
     QFETCH(bool, answer);
@@ -132,15 +105,8 @@ class FrmStkOpBalanceTest : public QObject {
     shown.messages.WillAnswer(true);
     shown.Click("CmdImport");
     QCOMPARE(shown.messages.LastText(),
-             QStringLiteral("1 lots were carried forward. 1 other opening rows stay as they are; "
-                            "delete those that should not count."));
-  }
-
-  void NothingToCarryIsSaid() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.Click("CmdImport");
-    QCOMPARE(shown.messages.Texts(),
-             QStringList(QStringLiteral("There is no Stock of 2010-11 to Carry Forward.")));
+             "1 lots were carried forward. 1 other opening rows stay as they are; "
+             "delete those that should not count.");
   }
 
   void ReportShowsTheListWithItsTotals() {
@@ -150,7 +116,7 @@ class FrmStkOpBalanceTest : public QObject {
     shown.Press(Qt::Key_P, Qt::ControlModifier);
     QCOMPARE(shown.reports.size(), std::size_t{1});
     const reporting::ReportDocument& document = shown.reports.front();
-    QCOMPARE(document.titles.value(0), QStringLiteral("Stock Opening Balance"));
+    QCOMPARE(document.titles.value(0), "Stock Opening Balance");
     QStringList rows;
     const reporting::Table& table = document.tables.front();
     for (const reporting::Row& row : table.rows) {
@@ -160,12 +126,11 @@ class FrmStkOpBalanceTest : public QObject {
       }
       rows += cells.join(QLatin1Char('|'));
     }
-    QCOMPARE(rows,
-             QStringList({
-                 QStringLiteral("RELIANCE|1001|100.10|10.00|01/02/2010|1001.00|1.25|0.50|No|0.00"),
-                 QStringLiteral("RELIANCE|1001|0.35|1.00|02/02/2010|0.35|0.00|0.00|Yes|0.00"),
-                 QStringLiteral("Total|||||1001.35|1.25|0.50||"),
-             }));
+    QCOMPARE(rows, QStringList({
+                       "RELIANCE|1001|100.10|10.00|01/02/2010|1001.00|1.25|0.50|No|0.00",
+                       "RELIANCE|1001|0.35|1.00|02/02/2010|0.35|0.00|0.00|Yes|0.00",
+                       "Total|||||1001.35|1.25|0.50||",
+                   }));
   }
 
  private:
@@ -190,8 +155,6 @@ class FrmStkOpBalanceTest : public QObject {
     desk_->Connection().Execute("Insert Into Stock Values(?,'2010-11',1,?,?,8,50)", desk_->client,
                                 desk_->account, desk_->scrip);
   }
-
-  std::unique_ptr<Desk> desk_;
 };
 
 static const test::RegisterTest<FrmStkOpBalanceTest> kRegistered;

@@ -1,7 +1,8 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
-#include "support/Desk.h"
+#include "support/Cases.h"
+#include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/transfers/window/FrmScriptTransfer.h"
@@ -14,20 +15,20 @@ using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<FrmScriptTransfer>;
 
-class FrmScriptTransferTest : public QObject {
+class FrmScriptTransferTest : public test::DeskTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() { desk_ = std::make_unique<Desk>(); }
-  void init() { Buy(10, 100); }
-  void cleanup() { desk_->Empty(); }
-  void cleanupTestCase() { desk_.reset(); }
+  void init() {
+    desk_->Empty();
+    Buy(10, 100);
+  }
 
   void KeyboardAloneTransfersToAnOwnAccount() {
     const Shown shown(desk_->database, ForClient{desk_->of});
     AddByKeyboard(shown, "1002", "4");
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Transfers(), QStringList(QStringLiteral("1|20/06/2011|0|100|4")));
+    QCOMPARE(Transfers(), QStringList("1|20/06/2011|0|100|4"));
     QCOMPARE(LotsAt(desk_->second_account), QStringList({"6@100", "4@100"}));
     QCOMPARE(shown->List().CurrentId(), 1);
     QCOMPARE(shown.ListRow(0), QStringList({"20/06/2011", "1001", "Own Account", "1002", "C1",
@@ -42,55 +43,38 @@ class FrmScriptTransferTest : public QObject {
     QVERIFY(shown.Named<QRadioButton>("Option2")->isChecked());
     shown.Press(Qt::Key_Return);
     shown.Type("c2");
-    QCOMPARE(shown.TextIn("Combo2"), QStringLiteral("C2 - 2001"));
+    QCOMPARE(shown.TextIn("Combo2"), "C2 - 2001");
     shown.Press(Qt::Key_Return);
     shown.Press(Qt::Key_Return);
     shown.Fill({"10"});
     shown.Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Transfers(), QStringList(QStringLiteral("1|20/06/2011|1|100|10")));
-    QCOMPARE(desk_->LotAt(100), QStringLiteral("0@100"));
-    QCOMPARE(desk_->LotAt(desk_->other_of, desk_->other_account, desk_->scrip, 100),
-             QStringLiteral("10@100"));
+    QCOMPARE(Transfers(), QStringList("1|20/06/2011|1|100|10"));
+    QCOMPARE(desk_->LotAt(100), "0@100");
+    QCOMPARE(desk_->LotAt(desk_->other_of, desk_->other_account, desk_->scrip, 100), "10@100");
     // The lot is used up, and what was transferred from it is still to be seen.
-    QCOMPARE(shown.TextIn("Text1_1"), QStringLiteral("RELIANCE"));
-    QCOMPARE(shown.TextIn("Text1_3"), QStringLiteral("100.00"));
+    QCOMPARE(shown.TextIn("Text1_1"), "RELIANCE");
+    QCOMPARE(shown.TextIn("Text1_3"), "100.00");
   }
 
   void MoreThanTheBalanceIsRefusedWhenTheBoxIsLeft() {
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.Click("cmdAdd");
     shown.Fill({"200611", "1001", "", "1002", "", "10.5"});
-    QCOMPARE(shown.messages.Texts(),
-             QStringList(QStringLiteral("You Can't Transfer Scripts More than Balance.\n"
-                                        "Maximum Allowed Value is: 10.00")));
+    QCOMPARE(shown.messages.Texts(), QStringList("You Can't Transfer Scripts More than Balance.\n"
+                                                 "Maximum Allowed Value is: 10.00"));
     QVERIFY(shown.Named("Text1_2")->hasFocus());
-    QCOMPARE(shown.Named("Text1_2")->selectedText(), QStringLiteral("10.5"));
+    QCOMPARE(shown.Named("Text1_2")->selectedText(), "10.5");
     shown.Click("cmdCancel");
     QCOMPARE(shown.messages.said.size(), std::size_t{1});
   }
 
   void MissingPartIsAskedFor_data() {
-    QTest::addColumn<QStringList>("entered");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("field");
-    QTest::newRow("no date") << QStringList() << "Enter Date."
-                             << "Text1_0";
-    QTest::newRow("a day of another year")
-        << QStringList{"010412"} << "The Date is not in the Financial Year 2011-12."
-        << "Text1_0";
-    QTest::newRow("no from-account")
-        << QStringList{"200611"} << "Select Demat A/c No. From which You want to Transfer Scripts."
-        << "Combo1";
-    QTest::newRow("no to-account") << QStringList{"200611", "1001"}
-                                   << "Select Demat A/c No. To which You want to Transfer Scripts."
-                                   << "Combo2";
-    QTest::newRow("no lot") << QStringList{"200611", "1002", "", "1001"}
-                            << "Select Script Name that You want to Transfer."
-                            << "VS";
-    QTest::newRow("no quantity") << QStringList{"200611", "1001", "", "1002", ""}
-                                 << "Enter Quantity Greater than Zero."
-                                 << "Text1_2";
+    const test::Cases<QStringList, QString, QString> cases("entered", "text", "field");
+    cases.Add("no lot", QStringList{"200611", "1002", "", "1001"},
+              "Select Script Name that You want to Transfer.", "VS");
+    cases.Add("no quantity", QStringList{"200611", "1001", "", "1002", ""},
+              "Enter Quantity Greater than Zero.", "Text1_2");
   }
   void MissingPartIsAskedFor() {
     QFETCH(QStringList, entered);
@@ -111,13 +95,13 @@ class FrmScriptTransferTest : public QObject {
     const Shown shown(desk_->database, ForClient{desk_->of});
     AddByKeyboard(shown, "1002", "10");
     shown.Click("cmdModify");
-    QCOMPARE(shown.Named<Grid>("VS")->Model().Text(0, 2), QStringLiteral("10.00"));
+    QCOMPARE(shown.Named<Grid>("VS")->Model().Text(0, 2), "10.00");
     QCOMPARE(shown.Named<Grid>("VS")->CurrentRow(), 0);
     shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
     shown.Fill({"3"});
     shown.Click("cmdUpdate");
     QCOMPARE(shown.messages.Texts(), QStringList());
-    QCOMPARE(Transfers(), QStringList(QStringLiteral("1|20/06/2011|0|100|3")));
+    QCOMPARE(Transfers(), QStringList("1|20/06/2011|0|100|3"));
     QCOMPARE(LotsAt(desk_->second_account), QStringList({"7@100", "3@100"}));
   }
 
@@ -133,32 +117,6 @@ class FrmScriptTransferTest : public QObject {
              test::Rows(desk_->Connection(), fmt::format(fmt::runtime(lots), "Stock")));
     shown->close();
     QCOMPARE(desk_->Contents("Stock_Temp"), QStringList());
-  }
-
-  void DeletedTransferRestoresBothAccounts() {
-    Shown shown(desk_->database, ForClient{desk_->of});
-    AddByKeyboard(shown, "1002", "4");
-    shown.messages.WillAnswer(true);
-    shown.Click("CmdDelete");
-    QCOMPARE(Transfers(), QStringList());
-    QCOMPARE(LotsAt(desk_->second_account), QStringList({"10@100", "0@100"}));
-  }
-
-  void TransferWhoseSharesWereUsedIsNotDeleted() {
-    Shown shown(desk_->database, ForClient{desk_->of});
-    AddByKeyboard(shown, "1002", "4");
-    const auto lots = ledger::ReadLots(desk_->Connection(),
-                                       ledger::LotScope::Of({desk_->of, desk_->second_account}));
-    records::Bill bill =
-        desk_->NewBill(QStringLiteral("01/07/2011"), {desk_->Sale(1, 120, lots.front().id)});
-    bill.account = desk_->second_account;
-    QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
-             test::kAccepted);
-    const QStringList before = desk_->Everything();
-    shown.messages.WillAnswer(true);
-    shown.Click("CmdDelete");
-    QCOMPARE(shown.messages.LastText(), test::kNegativeReliance);
-    QCOMPARE(desk_->Everything(), before);
   }
 
  private:
@@ -182,8 +140,6 @@ class FrmScriptTransferTest : public QObject {
   QStringList LotsAt(AccountId account) {
     return {desk_->LotAt(100), desk_->LotAt(desk_->of, account, desk_->scrip, 100)};
   }
-
-  std::unique_ptr<Desk> desk_;
 };
 
 static const test::RegisterTest<FrmScriptTransferTest> kRegistered;

@@ -97,9 +97,9 @@ class DocumentStoreTest : public QObject {
   void ReceivedCopyThatIsNotPlacedGoes() {
     QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
     {
-      DocumentStore::Incoming incoming;
-      QVERIFY(!store_->Receive(Write("home/new.txt", "new"), incoming));
-      QCOMPARE(incoming.Name(), "new.txt");
+      const auto incoming = store_->Receive(Write("home/new.txt", "new"));
+      QVERIFY(incoming);
+      QCOMPARE(incoming->Name(), "new.txt");
       QCOMPARE(Files().size(), 2);
     }
     QCOMPARE(Files(), QStringList("7/old.txt"));

@@ -132,7 +132,13 @@ void Layers::TakeShares(LotId lot, std::uint32_t layer, Shares quantity) {
 /// those bought without delivery on that day, or of the others.
 void Layers::AddParts(Parts& parts, const Queue& queue, text::Date date, Shares wanted,
                       bool non_delivery_of_the_day) const {
-  for (std::size_t i = queue.first_left; i < queue.layers.size() && parts.sum < wanted; ++i) {
+  std::size_t i = queue.first_left;
+  if (non_delivery_of_the_day) {
+    const auto first = std::ranges::lower_bound(
+        queue.layers, date, {}, [this](std::uint32_t at) { return layers_[at].date; });
+    i = std::max(i, static_cast<std::size_t>(first - queue.layers.begin()));
+  }
+  for (; i < queue.layers.size() && parts.sum < wanted; ++i) {
     const Layer& layer = layers_[queue.layers[i]];
     if (layer.date > date) {
       break;

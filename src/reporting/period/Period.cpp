@@ -16,7 +16,7 @@ Refusal Refused(const char* text, const char* box) {
 
 }  // namespace
 
-std::variant<Period, Refusal> ReadPeriod(const QString& from, const QString& to) {
+Result<Period> ReadPeriod(const QString& from, const QString& to) {
   if (from.trimmed().isEmpty()) {
     return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "Enter From Date."), kFromBox);
   }
@@ -82,7 +82,7 @@ int MonthNumber(const QString& name) {
   return 0;
 }
 
-std::variant<Period, Refusal> MonthPeriod(text::FinancialYear year, int month_number) {
+Result<Period> MonthPeriod(text::FinancialYear year, int month_number) {
   if (month_number < 1 || month_number > kMonths) {
     return Refusal{
         QCoreApplication::translate(

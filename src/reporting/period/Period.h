@@ -6,7 +6,6 @@
 #include <QStringList>
 
 #include <optional>
-#include <variant>
 
 namespace quorvane::reporting {
 
@@ -27,7 +26,7 @@ inline constexpr char kToBox[] = "Text1_1";
 
 /// The period that the two boxes hold ("dd/mm/yyyy"), or the first rule that it breaks: "Enter From
 /// Date.", "Enter To Date.", "Enter Proper Date.", "From Date Can't be Greater than To Date."
-std::variant<Period, Refusal> ReadPeriod(const QString& from, const QString& to);
+Result<Period> ReadPeriod(const QString& from, const QString& to);
 
 /// Refuses days outside the financial year whose documents a report reads: they would stand in its
 /// heading, and their documents not in it.
@@ -46,6 +45,6 @@ int MonthNumber(const QString& name);
 /// The first to the last day of a month of the financial year: April to December lie in its first
 /// calendar year, January to March in its second. Refused for a number that is no month's: "Month
 /// is not between in Financial year Period.Pls Fill Correct".
-std::variant<Period, Refusal> MonthPeriod(text::FinancialYear year, int month_number);
+Result<Period> MonthPeriod(text::FinancialYear year, int month_number);
 
 }  // namespace quorvane::reporting

@@ -216,16 +216,16 @@ void ReportWindow::CmbToMth_Click() {
 }
 
 void ReportWindow::TakeMonth(std::size_t end) {
-  const auto month = months_->Chosen(end);
+  const std::optional<Result<Period>> chosen = months_->Chosen(end);
+  if (!chosen) {
+    return;
+  }
+  const Result<Period>& month = *chosen;
   if (!month) {
+    Show({month.Why().text, months_->Names(end)->objectName()});
     return;
   }
-  if (const auto* refusal = std::get_if<Refusal>(&*month)) {
-    Show({refusal->text, months_->Names(end)->objectName()});
-    return;
-  }
-  const auto& period = std::get<Period>(*month);
-  Text1[end]->SetDate(text::FormatDmy(end == 0 ? period.from : period.to));
+  Text1[end]->SetDate(text::FormatDmy(end == 0 ? month->from : month->to));
 }
 
 // A date that was typed in belongs to no chosen month any more.
@@ -341,18 +341,17 @@ void ReportWindow::Start() {
 }
 
 Period ReportWindow::ThePeriod() const {
-  const auto period = ReadPeriod(Text1[0]->text(), Text1[1]->text());
-  if (const auto* refusal = std::get_if<Refusal>(&period)) {
-    throw std::logic_error(refusal->text.toStdString());
+  const Result<Period> period = ReadPeriod(Text1[0]->text(), Text1[1]->text());
+  if (!period) {
+    throw std::logic_error(period.Why().text.toStdString());
   }
-  return std::get<Period>(period);
+  return *period;
 }
 
 MaybeRefusal ReportWindow::Check() {
   if (Text1[0] != nullptr) {
-    const auto period = ReadPeriod(Text1[0]->text(), Text1[1]->text());
-    if (const auto* refusal = std::get_if<Refusal>(&period)) {
-      return *refusal;
+    if (MaybeRefusal refusal = ReadPeriod(Text1[0]->text(), Text1[1]->text()).Refused()) {
+      return refusal;
     }
   }
   return CheckSelection();

@@ -13,10 +13,8 @@ QString Text(const Period& period) {
   return text::FormatDmy(period.from) + "-" + text::FormatDmy(period.to);
 }
 
-template <class Found>
-QString Outcome(const Found& found) {
-  const auto* refusal = std::get_if<Refusal>(&found);
-  return refusal != nullptr ? refusal->text : Text(std::get<Period>(found));
+QString Outcome(const Result<Period>& found) {
+  return found ? Text(*found) : found.Why().text;
 }
 
 }  // namespace
@@ -40,8 +38,8 @@ class PeriodTest : public QObject {
   }
 
   void RefusalPointsToItsBox() {
-    QCOMPARE(std::get<Refusal>(ReadPeriod("", "x")).field, "Text1_0");
-    QCOMPARE(std::get<Refusal>(ReadPeriod("01/04/2011", "x")).field, "Text1_1");
+    QCOMPARE(ReadPeriod("", "x").Why().field, "Text1_0");
+    QCOMPARE(ReadPeriod("01/04/2011", "x").Why().field, "Text1_1");
   }
 
   void MonthsLieInTheirCalendarYear_data() {
@@ -63,7 +61,7 @@ class PeriodTest : public QObject {
     const text::FinancialYear year(2011);
     text::Date next = year.FirstDay();
     for (const QString& name : MonthNames()) {
-      const Period month = std::get<Period>(MonthPeriod(year, MonthNumber(name)));
+      const Period month = *MonthPeriod(year, MonthNumber(name));
       QCOMPARE(text::FormatDmy(month.from), text::FormatDmy(next));
       next = month.to + std::chrono::days(1);
     }

@@ -52,7 +52,7 @@ void MonthsPane::SetYear(text::FinancialYear year) {
   }
 }
 
-std::optional<std::variant<Period, Refusal>> MonthsPane::Chosen(End end) const {
+std::optional<Result<Period>> MonthsPane::Chosen(End end) const {
   if (!names_[end]->HasChoice()) {
     return std::nullopt;
   }
@@ -60,9 +60,8 @@ std::optional<std::variant<Period, Refusal>> MonthsPane::Chosen(End end) const {
 }
 
 void MonthsPane::KeepOnly(End end, std::optional<text::Date> day) {
-  const auto chosen = Chosen(end);
-  const auto* period = chosen ? std::get_if<Period>(&*chosen) : nullptr;
-  if (chosen && (period == nullptr || day != (end == 0 ? period->from : period->to))) {
+  const std::optional<Result<Period>> chosen = Chosen(end);
+  if (chosen && (!*chosen || day != (end == 0 ? (*chosen)->from : (*chosen)->to))) {
     names_[end]->Clear();
   }
 }

@@ -27,7 +27,7 @@ class MonthsPane : public QWidget {
   controls::ComboBox* Names(End end) const { return names_[end]; }
 
   /// The days of the chosen month; nullopt while none is chosen.
-  std::optional<std::variant<Period, Refusal>> Chosen(End end) const;
+  std::optional<Result<Period>> Chosen(End end) const;
 
   /// Takes the choice back unless the month begins or ends with that day.
   void KeepOnly(End end, std::optional<text::Date> day);

@@ -47,15 +47,14 @@ void RptBrokerLedger::CmbMth_Click() {
   if (!CmbMth->HasChoice()) {
     return;
   }
-  const auto month = reporting::MonthPeriod(
+  const Result<reporting::Period> month = reporting::MonthPeriod(
       of_.year, reporting::MonthNumber(CmbMth->itemText(CmbMth->CurrentPosition())));
-  if (const auto* refusal = std::get_if<Refusal>(&month)) {
-    Show(*refusal);
+  if (!month) {
+    Show(month.Why());
     return;
   }
-  const auto& period = std::get<reporting::Period>(month);
-  Text1[0]->SetDate(text::FormatDmy(period.from));
-  Text1[1]->SetDate(text::FormatDmy(period.to));
+  Text1[0]->SetDate(text::FormatDmy(month->from));
+  Text1[1]->SetDate(text::FormatDmy(month->to));
 }
 
 MaybeRefusal RptBrokerLedger::CheckSelection() {

@@ -12,11 +12,10 @@ namespace quorvane::backup {
 /// program or the server is ended meanwhile.
 ///
 /// Verifies the backup first and makes a backup of what is about to be replaced, whose path is the
-/// result. The
-/// records of every table are replaced in one transaction, read back and compared with the backup
-/// before it is committed; documents, Data and settings follow (see RestoreFiles). The database is
-/// then opened anew and its rows are counted. That copy stays until the next restore has
-/// come that far.
+/// result. The records of every table are replaced in one transaction, read back and compared with
+/// the backup before it is committed; documents, Data and settings follow (see RestoreFiles). The
+/// database is then opened anew and its rows are counted. The copy of what was replaced stays until
+/// the next restore has come that far.
 ///
 /// Refused, with nothing changed, when the folder is no whole backup, was made by a newer release,
 /// or another program restores at the time. Throws DatabaseError, std::runtime_error or

@@ -96,6 +96,13 @@ std::vector<std::string> ClientTables(Transaction& transaction) {
                            error.what());
 }
 
+MaybeRefusal InDocumentBox(MaybeRefusal refusal) {
+  if (refusal) {
+    refusal->field = DocumentField();
+  }
+  return refusal;
+}
+
 }  // namespace
 
 ClientBook::ClientBook(Connection& connection, documents::DocumentStore documents)
@@ -171,17 +178,6 @@ void ClientBook::Delete(ClientId id) {
         error);
   }
 }
-
-namespace {
-
-MaybeRefusal InDocumentBox(MaybeRefusal refusal) {
-  if (refusal) {
-    refusal->field = DocumentField();
-  }
-  return refusal;
-}
-
-}  // namespace
 
 MaybeRefusal ClientBook::ReceiveDocument(Client& client, const Client& stored,
                                          const QString& new_document,

@@ -5,18 +5,42 @@
 namespace quorvane::database {
 namespace {
 
-constexpr std::array<ExtensionTable, 5> kTables{{
+constexpr std::array<ExtensionTable, 8> kTables{{
     {"ScripIsin", true},
+    {"CorpAction", true},
+    {"CorpActionLot", true},
+    {"Dividend", true},
     {"RemovedAccount", true},
     {"RecordKey", true},
     {"Writers", false},
     {"CommitMark", false},
 }};
 
-constexpr std::array<UpgradeStep, 5> kSteps{{
+constexpr std::array<UpgradeStep, 8> kSteps{{
     {"ScripIsin", 1,
      "Create Table if not Exists ScripIsin(ScrId int(11) Not Null, Isin varchar(12) Not Null, "
      "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"CorpAction", 1,
+     "Create Table if not Exists CorpAction(Id int(11) Primary Key, Kind int(11) Not Null, ScrId "
+     "int(11) Not Null, ExDay varchar(10) Not Null, RecordDay varchar(10) Not Null, AllotDay "
+     "varchar(10) Not Null, NewShares double Not Null, OldShares double Not Null, OtherScrId "
+     "int(11) Not Null, Price double Not Null, CostPercent double Not Null, Note varchar(255) Not "
+     "Null, Applied int(11) Not Null, Index IxCorpActionScrip(ScrId)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"CorpActionLot", 1,
+     "Create Table if not Exists CorpActionLot(ActionId int(11) Not Null, Id int(11) Not Null, CId "
+     "int(11) Not Null, Fyear varchar(10) Not Null, AcId int(11) Not Null, ScrId int(11) Not Null, "
+     "Rate double Not Null, OutQty double Not Null, ToScrId int(11) Not Null, ToRate double Not "
+     "Null, InQty double Not Null, Acquired varchar(10) Not Null, Brk double Not Null, STax double "
+     "Not Null, STT double Not Null, FO int(11) Not Null, Primary Key(ActionId,Id), Index "
+     "IxCorpActionLotClient(CId,Fyear)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"Dividend", 1,
+     "Create Table if not Exists Dividend(Id int(11) Primary Key, ActionId int(11) Not Null, CId "
+     "int(11) Not Null, AcId int(11) Not Null, ScrId int(11) Not Null, DDate varchar(10) Not Null, "
+     "Qty double Not Null, PerShare double Not Null, Tax double Not Null, Index "
+     "IxDividendClient(CId), Index IxDividendAction(ActionId)) "
      "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"RemovedAccount", 1,
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "

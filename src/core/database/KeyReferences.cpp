@@ -47,13 +47,24 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"ScriptAvgRate", "AcId", "ClientActDet"},
     {"ScriptAvgRate", "ScriptId", "Script"},
     {"ScriptAvgRate", "BrkId", "Broker"},
+    {"CorpAction", "ScrId", "Script"},
+    {"CorpAction", "OtherScrId", "Script"},
+    {"CorpActionLot", "ActionId", "CorpAction"},
+    {"CorpActionLot", "CId", "ClientInfo"},
+    {"CorpActionLot", "AcId", "ClientActDet"},
+    {"CorpActionLot", "ScrId", "Script"},
+    {"CorpActionLot", "ToScrId", "Script"},
+    {"Dividend", "ActionId", "CorpAction"},
+    {"Dividend", "CId", "ClientInfo"},
+    {"Dividend", "AcId", "ClientActDet"},
+    {"Dividend", "ScrId", "Script"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(
-    {"LoginId",  "ScriptClass", "ClientInfo", "ClientActDet", "DpIDs",
-     "DepPart",  "Broker",      "Script",     "ScriptType",   "STTPer",
-     "Exchange", "StkOpBal",    "BrOpBal",    "Stock",        "MarketRate",
-     "SPMaster", "BrPayment",   "BrRec",      "ScrTransfer",  "TransTaxPer"});
+    {"LoginId",     "ScriptClass", "ClientInfo", "ClientActDet", "DpIDs",     "DepPart",
+     "Broker",      "Script",      "ScriptType", "STTPer",       "Exchange",  "StkOpBal",
+     "BrOpBal",     "Stock",       "MarketRate", "SPMaster",     "BrPayment", "BrRec",
+     "ScrTransfer", "TransTaxPer", "CorpAction", "Dividend"});
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "core/records/Movements.h"
 
 #include "core/IdMap.h"
+#include "core/records/Action.h"
 #include "core/records/Bill.h"
 #include "core/records/Opening.h"
 #include "core/records/Query.h"
@@ -10,7 +11,7 @@
 namespace quorvane::records {
 namespace {
 
-constexpr int kSteps = 4;
+constexpr int kSteps = 5;
 
 /// What the lines of a bill need of it.
 struct Header {
@@ -37,6 +38,8 @@ class MovementReader {
     Done();
     ReadTransfers();
     Done();
+    ReadActions();
+    Done();
   }
 
  private:
@@ -52,6 +55,14 @@ class MovementReader {
     return select;
   }
 
+  /// The same of one scrip.
+  template <class Record>
+  Select<Record> ScopedToScrip() {
+    Select<Record> select = Scoped<Record>();
+    select.Where(&Record::scrip, scope_.scrip);
+    return select;
+  }
+
   /// Without a year a record belongs to no ledger and no statement.
   template <class Record>
   bool HasYear(const Record& record, int key) {
@@ -63,7 +74,7 @@ class MovementReader {
   }
 
   void ReadOpenings() {
-    Scoped<Opening>().Each([this](const Opening& opening) {
+    ScopedToScrip<Opening>().Each([this](const Opening& opening) {
       if (HasYear(opening, opening.id.value)) {
         take_(MovementOf(opening));
       }
@@ -97,6 +108,7 @@ class MovementReader {
                          {},
                          opening.purchase_date.toStdString()});
     }
+    m.acquired = m.date;
     return m;
   }
 
@@ -130,8 +142,14 @@ class MovementReader {
       }
       take_(MovementOf(line, *bill));
     };
-    Select<BillLine> lines = Scoped<BillLine>();
-    if (scope_.charges) {
+    Select<BillLine> lines = ScopedToScrip<BillLine>();
+    if (scope_.charges && scope_.delivery) {
+      lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
+                 &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
+                 &BillLine::rate, &BillLine::brokerage, &BillLine::net, &BillLine::amount,
+                 &BillLine::service_tax, &BillLine::stt, &BillLine::fo, &BillLine::delivery_type>(
+          take);
+    } else if (scope_.charges) {
       lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
                  &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
                  &BillLine::rate, &BillLine::brokerage, &BillLine::net, &BillLine::amount,
@@ -158,6 +176,7 @@ class MovementReader {
     m.account = bill.account;
     m.scrip = line.scrip;
     m.date = bill.date;
+    m.acquired = m.date;
     m.document = line.bill.value;
     m.line = line.number;
     m.other = bill.broker.value;
@@ -173,7 +192,9 @@ class MovementReader {
   }
 
   void ReadTransfers() {
-    Select<Transfer>(connection_).Where(&Transfer::year, scope_.year).Each([this](const auto& row) {
+    Select<Transfer> transfers(connection_);
+    transfers.Where(&Transfer::year, scope_.year).Where(&Transfer::scrip, scope_.scrip);
+    transfers.Each([this](const Transfer& row) {
       const bool wanted = !scope_.client || scope_.every_transfer || row.client == *scope_.client ||
                           row.to_client == *scope_.client;
       if (wanted && HasYear(row, row.id.value)) {
@@ -222,6 +243,7 @@ class MovementReader {
     const auto date = text::ParseDmy(transfer.date);
     m.dated = date.has_value();
     m.date = date.value_or(text::Date{});
+    m.acquired = m.date;
     m.document = transfer.id.value;
     m.other = transfer.to.value;
     m.lot = transfer.lot;
@@ -229,6 +251,72 @@ class MovementReader {
     m.rate = transfer.rate;
     m.net = transfer.rate;
     m.amount = text::RoundAmount(transfer.rate * transfer.quantity.Number());
+    return m;
+  }
+
+  void ReadActions() {
+    IdMap<text::Date> days;
+    Select<Action>(connection_)
+        .Where(&Action::applied, true)
+        .Only<&Action::id, &Action::ex_day>([&](const Action& action) {
+          if (const auto day = text::ParseDmy(action.ex_day)) {
+            days.Put(action.id.value, *day);
+          }
+        });
+    days.Seal();
+    Scoped<ActionLot>().Each([&](const ActionLot& lot) {
+      if (const text::Date* day = days.Find(lot.action.value)) {
+        TakeLot(lot, *day);
+      }
+    });
+  }
+
+  void TakeLot(const ActionLot& lot, text::Date day) {
+    if (lot.out && (!scope_.scrip || lot.scrip == *scope_.scrip)) {
+      take_(OutOf(lot, day));
+    }
+    if (lot.in && (!scope_.scrip || lot.to_scrip == *scope_.scrip)) {
+      take_(IntoOf(lot, day));
+    }
+  }
+
+  static Movement MovementOf(const ActionLot& lot, text::Date day) {
+    Movement m;
+    m.fo = lot.fo;
+    m.dated = true;
+    m.client = lot.client;
+    m.year = lot.year;
+    m.account = lot.account;
+    m.date = day;
+    m.acquired = day;
+    m.document = lot.action.value;
+    m.line = lot.number;
+    return m;
+  }
+
+  static Movement OutOf(const ActionLot& lot, text::Date day) {
+    Movement m = MovementOf(lot, day);
+    m.kind = MovementKind::kActionOut;
+    m.scrip = lot.scrip;
+    m.quantity = lot.out;
+    m.rate = lot.rate;
+    m.net = lot.rate;
+    m.amount = text::RoundAmount(lot.rate * lot.out.Number());
+    return m;
+  }
+
+  static Movement IntoOf(const ActionLot& lot, text::Date day) {
+    Movement m = MovementOf(lot, day);
+    m.kind = MovementKind::kActionIn;
+    m.scrip = lot.to_scrip;
+    m.acquired = text::ParseDmy(lot.acquired).value_or(day);
+    m.quantity = lot.in;
+    m.rate = lot.to_rate;
+    m.brokerage = lot.brokerage;
+    m.net = text::Tidy(lot.to_rate + lot.brokerage);
+    m.amount = OpeningTotal(lot.in, lot.to_rate, lot.brokerage);
+    m.service_tax = lot.service_tax;
+    m.stt = lot.stt;
     return m;
   }
 

@@ -64,6 +64,7 @@ using Registrar = void (*)(CLI::App& app, Context& context);
 
 void AddPortfolioCommands(CLI::App& app, Context& context);
 void AddHoldingsCommands(CLI::App& app, Context& context);
+void AddLayerCommands(CLI::App& app, Context& context);
 void AddStatementCommands(CLI::App& app, Context& context);
 void AddMisCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);

@@ -57,6 +57,19 @@ class Transfer(NamedTuple):
     row: int
 
 
+class Action(NamedTuple):
+    kind: str
+    scrip: str
+    ex_day: date
+    record_day: date | None
+    allotment: date | None
+    new: Fraction
+    old: Fraction
+    other: str
+    price: Fraction
+    percent: Fraction
+
+
 class Portfolio(NamedTuple):
     clients: dict[str, str]   # code -> name
     accounts: dict[str, str]  # account number -> client code
@@ -64,6 +77,7 @@ class Portfolio(NamedTuple):
     openings: list[Opening]
     bills: list[Bill]
     transfers: list[Transfer]
+    actions: list[Action]
 
 
 def _rows(folder: Path, name: str):
@@ -121,11 +135,22 @@ class _Reader:
                          row_number)
                 for row_number, row in _rows(self.folder, "transfers.csv")]
 
+    def actions(self) -> list[Action]:
+        def maybe_day(text: str) -> date | None:
+            return day(text) if text else None
+
+        return [Action(row["kind"], row["scrip_code"], day(row["ex_date"]),
+                       maybe_day(row.get("record_date", "")),
+                       maybe_day(row.get("allotment_date", "")), number(row.get("new", "")),
+                       number(row.get("old", "")), row.get("other_scrip_code", ""),
+                       number(row.get("price", "")), number(row.get("cost_percent", "")))
+                for _row_number, row in _rows(self.folder, "corporate_actions.csv")]
+
 
 def read(path) -> Portfolio:
     reader = _Reader(Path(path))
     return Portfolio(reader.clients, reader.accounts, reader.scrips, reader.openings(),
-                     reader.bills(), reader.transfers())
+                     reader.bills(), reader.transfers(), reader.actions())
 
 
 def years(portfolio: Portfolio) -> list[str]:

@@ -1,8 +1,10 @@
 #include "core/actions/Application.h"
 
 #include "core/actions/Terms.h"
+#include "core/database/Keys.h"
 #include "core/gains/RemainingLots.h"
 #include "core/ledger/Posting.h"
+#include "core/records/Dividend.h"
 #include "core/records/Movements.h"
 #include "core/records/Writing.h"
 #include "core/text/Amounts.h"
@@ -45,16 +47,28 @@ std::vector<gains::RemainingLot> HeldBefore(Connection& connection, const Action
   return gains::RemainingLots(connection, query, progress);
 }
 
-std::vector<ActionLot> LotsOf(const Action& action, const AccountEffect& account, int& number) {
-  std::vector<ActionLot> lots = account.effect.lots;
-  for (ActionLot& lot : lots) {
-    lot.action = action.id;
-    lot.number = ++number;
-    lot.client = account.client;
-    lot.year = FinancialYear::Of(ExDayOf(action));
-    lot.account = account.account;
+/// The lots of all accounts, numbered.
+std::vector<ActionLot> LotsOf(const Action& action, std::span<const AccountEffect> effects) {
+  std::vector<ActionLot> lots;
+  int number = 0;
+  for (const AccountEffect& account : effects) {
+    for (ActionLot lot : account.effect.lots) {
+      lot.action = action.id;
+      lot.number = ++number;
+      lot.client = account.client;
+      lot.year = FinancialYear::Of(ExDayOf(action));
+      lot.account = account.account;
+      lots.push_back(lot);
+    }
   }
   return lots;
+}
+
+std::vector<ActionLot> RecordedLots(Connection& connection, const Action& action) {
+  return records::Select<ActionLot>(connection)
+      .Where(&ActionLot::action, action.id)
+      .OrderBy(&ActionLot::number)
+      .All();
 }
 
 void LockPlaces(Transaction& transaction, Lots& lots, std::span<const ActionLot> touched) {
@@ -135,6 +149,30 @@ void SetApplied(Transaction& transaction, const Action& action, bool applied) {
   transaction.Execute("Update CorpAction Set Applied=? Where Id=?", applied ? 1 : 0, action.id);
 }
 
+/// Every holder of the ex-day's beginning gets the dividend. Tax is entered when it is known.
+void PayDividend(Transaction& transaction, const Action& action,
+                 std::span<const AccountEffect> holders) {
+  if (holders.empty()) {
+    return;
+  }
+  int key = database::NextKeys(transaction, records::Table<records::Dividend>::kName,
+                               static_cast<int>(holders.size()));
+  records::Writer<records::Dividend> writer(transaction);
+  for (const AccountEffect& holder : holders) {
+    records::Dividend dividend;
+    dividend.id = DividendId{key++};
+    dividend.action = action.id;
+    dividend.client = holder.client;
+    dividend.account = holder.account;
+    dividend.scrip = action.scrip;
+    dividend.date = action.ex_day;
+    dividend.quantity = holder.effect.before;
+    dividend.per_share = action.price;
+    writer.Write(dividend);
+  }
+  writer.Finish();
+}
+
 }  // namespace
 
 std::vector<AccountEffect> EffectsOf(Connection& connection, const Action& action,
@@ -157,15 +195,32 @@ std::vector<AccountEffect> EffectsOf(Connection& connection, const Action& actio
   return effects;
 }
 
+ChosenShares AppliedShares(Connection& connection, const Action& action) {
+  ChosenShares chosen;
+  if (action.kind == ActionKind::kRights || action.kind == ActionKind::kBuyBack) {
+    for (const ActionLot& lot : RecordedLots(connection, action)) {
+      chosen[{lot.client, lot.account}] += lot.in + lot.out;
+    }
+  }
+  return chosen;
+}
+
+bool IsCurrent(Connection& connection, const Action& action, Progress& progress) {
+  const std::vector<ActionLot> recorded = RecordedLots(connection, action);
+  const std::vector<ActionLot> now =
+      LotsOf(action, EffectsOf(connection, action, AppliedShares(connection, action), progress));
+  const auto terms = [](const ActionLot& lot) {
+    return std::tuple(lot.client, lot.account, lot.scrip, lot.rate, lot.out, lot.to_scrip,
+                      lot.to_rate, lot.in, lot.acquired);
+  };
+  return std::ranges::equal(recorded, now, {}, terms, terms);
+}
+
 Result<std::size_t> Apply(Transaction& transaction, const Action& action,
                           const ChosenShares& chosen, Progress& progress) {
   const std::vector<AccountEffect> effects =
       EffectsOf(transaction.GetConnection(), action, chosen, progress);
-  std::vector<ActionLot> touched;
-  int number = 0;
-  for (const AccountEffect& account : effects) {
-    std::ranges::move(LotsOf(action, account, number), std::back_inserter(touched));
-  }
+  const std::vector<ActionLot> touched = LotsOf(action, effects);
   Lots lots;
   LockPlaces(transaction, lots, touched);
   for (const ActionLot& lot : touched) {
@@ -177,15 +232,15 @@ Result<std::size_t> Apply(Transaction& transaction, const Action& action,
   }
   lots.Write(transaction);
   records::Insert(transaction, std::span<const ActionLot>(touched));
+  if (action.kind == ActionKind::kDividend) {
+    PayDividend(transaction, action, effects);
+  }
   SetApplied(transaction, action, true);
   return effects.size();
 }
 
 MaybeRefusal TakeBack(Transaction& transaction, const Action& action) {
-  const std::vector<ActionLot> touched = records::Select<ActionLot>(transaction.GetConnection())
-                                             .Where(&ActionLot::action, action.id)
-                                             .OrderBy(&ActionLot::number)
-                                             .All();
+  const std::vector<ActionLot> touched = RecordedLots(transaction.GetConnection(), action);
   Lots lots;
   LockPlaces(transaction, lots, touched);
   for (const ActionLot& lot : touched) {
@@ -196,6 +251,9 @@ MaybeRefusal TakeBack(Transaction& transaction, const Action& action) {
   }
   lots.Write(transaction);
   records::Delete<ActionLot>(transaction).Where(&ActionLot::action, action.id).Run();
+  records::Delete<records::Dividend>(transaction)
+      .Where(&records::Dividend::action, action.id)
+      .Run();
   SetApplied(transaction, action, false);
   return std::nullopt;
 }

@@ -28,6 +28,13 @@ using ChosenShares = std::map<std::pair<ClientId, AccountId>, Shares>;
 std::vector<AccountEffect> EffectsOf(database::Connection& connection, const Action& action,
                                      const ChosenShares& chosen, Progress& progress);
 
+/// What was subscribed or given when an action was applied.
+ChosenShares AppliedShares(database::Connection& connection, const Action& action);
+
+/// Whether the books still say what an action was applied to. After bills of earlier days were
+/// entered or deleted it is to be taken back and applied again.
+bool IsCurrent(database::Connection& connection, const Action& action, Progress& progress);
+
 /// Applies a recorded action: its lots are written and the holdings follow. Refused, with a list,
 /// when sales or transfers of the ex-day or later would then lack shares. Reads plainly, so the
 /// transaction must run alone (database::Turn::kAlone). Returns the number of accounts.

@@ -1,8 +1,13 @@
 #include "core/rates/IsinBook.h"
 
 #include "core/database/BulkWriter.h"
+#include "core/text/Isin.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
+#include <set>
+#include <tuple>
 
 namespace quorvane::rates {
 
@@ -34,6 +39,56 @@ std::vector<std::string> Isins::Of(ScripId scrip) const {
 bool Isins::Has(ScripId scrip, const std::string& isin) const {
   const auto [first, last] = by_scrip_.equal_range(scrip);
   return std::any_of(first, last, [&](const auto& entry) { return entry.second == isin; });
+}
+
+std::map<ScripId, std::vector<DatedIsin>> AllIsins(database::Connection& connection) {
+  std::map<ScripId, std::vector<DatedIsin>> all;
+  for (const auto& row : connection.Open("Select ScrId,Isin,FromDay From ScripIsin")) {
+    all[ScripId{row.Int(0)}].push_back({row.Text(1), row.Text(2)});
+  }
+  for (auto& [scrip, isins] : all) {
+    std::ranges::sort(isins, {}, [](const DatedIsin& one) {
+      return std::tuple(text::ParseDmy(one.from_day), one.isin);
+    });
+  }
+  return all;
+}
+
+std::vector<DatedIsin> IsinsOf(database::Connection& connection, ScripId scrip) {
+  std::map<ScripId, std::vector<DatedIsin>> all = AllIsins(connection);
+  return std::move(all[scrip]);
+}
+
+MaybeRefusal CheckIsins(std::span<const DatedIsin> isins) {
+  std::set<QString> seen;
+  for (const DatedIsin& one : isins) {
+    if (!text::IsValidIsin(one.isin.toStdString())) {
+      return Refusal{
+          QCoreApplication::translate("Scrips",
+                                      "%1 is no ISIN: Two Letters, Nine Letters or Digits, and the "
+                                      "Check Digit.")
+              .arg(one.isin),
+          {}};
+    }
+    if (!one.from_day.isEmpty() && !text::ParseDmy(one.from_day)) {
+      return Refusal{QCoreApplication::translate("Scrips", "Enter Proper Date."), {}};
+    }
+    if (!seen.insert(one.isin).second) {
+      return Refusal{
+          QCoreApplication::translate("Scrips", "The ISIN %1 is Entered Twice.").arg(one.isin), {}};
+    }
+  }
+  return std::nullopt;
+}
+
+void SetIsins(database::Transaction& transaction, ScripId scrip, std::span<const DatedIsin> isins) {
+  transaction.Execute("Delete From ScripIsin Where ScrId=?", scrip);
+  database::BulkWriter insert(transaction,
+                              "Insert Into ScripIsin(ScrId,Isin,FromDay) Values(?,?,?)", "itt");
+  for (const DatedIsin& one : isins) {
+    insert.Int(scrip.value).Text(one.isin.toStdString()).Text(one.from_day.toStdString()).EndRow();
+  }
+  insert.Finish();
 }
 
 void KeepIsins(database::Transaction& transaction, std::span<const SeenIsin> seen,

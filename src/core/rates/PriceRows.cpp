@@ -3,6 +3,7 @@
 #include "core/lookups/Directory.h"
 #include "core/rates/PriceText.h"
 #include "core/text/Amounts.h"
+#include "core/text/Isin.h"
 
 #include <QCoreApplication>
 
@@ -69,13 +70,9 @@ std::string TypeOfSeries(Exchange exchange, const std::string& series) {
 
 /// Empty for what is no ISIN.
 std::string IsinOf(std::string text) {
-  constexpr std::size_t kLength = 12;
   std::ranges::transform(text, text.begin(),
                          [](unsigned char one) { return static_cast<char>(std::toupper(one)); });
-  const bool is_isin = text.size() == kLength && std::ranges::all_of(text, [](unsigned char one) {
-                         return std::isalnum(one) != 0;
-                       });
-  return is_isin ? text : std::string();
+  return text::IsValidIsin(text) ? text : std::string();
 }
 
 /// A day as written, or as a workbook counts it: days since 30 December 1899.

@@ -1,0 +1,238 @@
+#include "transactions/corporate_actions/ActionBook.h"
+
+#include "core/actions/Terms.h"
+#include "core/database/Keys.h"
+#include "core/records/Writing.h"
+#include "transactions/posting/Owner.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace quorvane::corporate_actions {
+namespace {
+
+using database::Transaction;
+
+Refusal Refuse(const char* text) {
+  return {QCoreApplication::translate("Actions", text), {}};
+}
+
+Refusal Gone() {
+  return Refuse(QT_TRANSLATE_NOOP("Actions", "This Corporate Action was Deleted in the Meantime."));
+}
+
+std::optional<Action> ReadForUpdate(Transaction& transaction, ActionId id) {
+  return records::Select<Action>(transaction.GetConnection())
+      .Where(&Action::id, id)
+      .ForUpdate()
+      .First();
+}
+
+auto TermsOf(const Action& action) {
+  return std::tuple(action.kind, action.ex_day, action.new_shares, action.old_shares, action.other,
+                    action.price, action.cost_percent);
+}
+
+MaybeRefusal CheckIsNew(Transaction& transaction, const Action& action) {
+  const std::vector<Action> same = records::Select<Action>(transaction.GetConnection())
+                                       .Where(&Action::scrip, action.scrip)
+                                       .ForUpdate()
+                                       .All();
+  const bool is_recorded = std::ranges::any_of(same, [&](const Action& other) {
+    return other.id != action.id && TermsOf(other) == TermsOf(action);
+  });
+  if (is_recorded) {
+    return Refuse(QT_TRANSLATE_NOOP("Actions", "This Corporate Action is Recorded Already."));
+  }
+  return std::nullopt;
+}
+
+Result<ActionId> SaveIn(Transaction& transaction, const Action& entered) {
+  if (MaybeRefusal refusal = actions::Check(entered)) {
+    return *refusal;
+  }
+  Action action = entered;
+  const std::optional<Action> old =
+      action.id ? ReadForUpdate(transaction, action.id) : std::nullopt;
+  if (old && old->applied) {
+    return Refuse(
+        QT_TRANSLATE_NOOP("Actions", "Take the Corporate Action back before it is Changed."));
+  }
+  const std::array scrips{action.scrip, action.other};
+  if (MaybeRefusal refusal = posting::CheckScrips(transaction, scrips, {}, {})) {
+    return *refusal;
+  }
+  if (MaybeRefusal refusal = CheckIsNew(transaction, action)) {
+    return *refusal;
+  }
+  action.applied = false;
+  action.id = database::ClaimKey(transaction, records::Table<Action>::kName, action.id);
+  records::Insert(transaction, action);
+  return action.id;
+}
+
+/// The refusal with the action that it is about.
+Refusal Named(Transaction& transaction, const Action& action, const Refusal& refusal) {
+  auto rows = transaction.Open("Select Name From Script Where Id=?", action.scrip);
+  const QString scrip = rows.Next() ? rows.Text(0) : QString();
+  return {QStringLiteral("%1, %2, %3: %4")
+              .arg(scrip, actions::Describe(action), action.ex_day, refusal.text),
+          refusal.field};
+}
+
+/// Whether an action of a later day, or one applied after it, touched lots of the same scrips.
+MaybeRefusal CheckIsLast(Transaction& transaction, const Action& action) {
+  const auto day = text::ParseDmy(action.ex_day);
+  const auto touches = [&](const Action& other) {
+    const bool same = other.scrip == action.scrip || other.scrip == action.other ||
+                      (other.other && (other.other == action.scrip || other.other == action.other));
+    return other.applied && other.id != action.id && same;
+  };
+  for (const Action& other : records::Select<Action>(transaction.GetConnection()).All()) {
+    const auto other_day = text::ParseDmy(other.ex_day);
+    if (touches(other) && (other_day > day || (other_day == day && other.id > action.id))) {
+      return Refusal{
+          QCoreApplication::translate("Actions", "Take back the Later Action %1 of %2 First.")
+              .arg(actions::Describe(other), other.ex_day),
+          {}};
+    }
+  }
+  return std::nullopt;
+}
+
+Result<std::size_t> ApplyIn(Transaction& transaction, std::vector<Action> chosen_actions,
+                            const ChosenShares& chosen, text::Date today, Progress& progress) {
+  std::ranges::sort(chosen_actions, {}, [](const Action& action) {
+    return std::tuple(text::ParseDmy(action.ex_day), action.id);
+  });
+  std::size_t accounts = 0;
+  for (const Action& action : chosen_actions) {
+    if (action.applied) {
+      return Named(
+          transaction, action,
+          Refuse(QT_TRANSLATE_NOOP("Actions", "This Corporate Action is Applied Already.")));
+    }
+    if (text::ParseDmy(action.ex_day) > today) {
+      return Named(transaction, action,
+                   Refuse(QT_TRANSLATE_NOOP("Actions", "The Ex-Date is still to Come.")));
+    }
+    if (MaybeRefusal refusal = CheckIsLast(transaction, action)) {
+      return *refusal;
+    }
+    const Result<std::size_t> applied = actions::Apply(transaction, action, chosen, progress);
+    if (!applied) {
+      return Named(transaction, action, applied.Why());
+    }
+    accounts += *applied;
+  }
+  return accounts;
+}
+
+}  // namespace
+
+std::vector<Action> ActionBook::List() const {
+  std::vector<Action> all = records::Select<Action>(connection_).OrderDownBy(&Action::id).All();
+  std::ranges::stable_sort(all, std::ranges::greater(),
+                           [](const Action& action) { return text::ParseDmy(action.ex_day); });
+  return all;
+}
+
+std::optional<Action> ActionBook::Load(ActionId id) const {
+  return records::Select<Action>(connection_).Where(&Action::id, id).First();
+}
+
+Result<ActionId> ActionBook::Save(const Action& action) {
+  const Result<std::vector<ActionId>> saved = SaveAll(std::span(&action, 1));
+  if (!saved) {
+    return saved.Why();
+  }
+  return saved->front();
+}
+
+Result<std::vector<ActionId>> ActionBook::SaveAll(std::span<const Action> entered) {
+  std::vector<ActionId> ids;
+  const MaybeRefusal refusal =
+      database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+        ids.clear();
+        for (const Action& action : entered) {
+          const Result<ActionId> saved = SaveIn(transaction, action);
+          if (!saved) {
+            return entered.size() == 1 ? saved.Why() : Named(transaction, action, saved.Why());
+          }
+          ids.push_back(*saved);
+        }
+        return std::nullopt;
+      });
+  if (refusal) {
+    return *refusal;
+  }
+  return ids;
+}
+
+MaybeRefusal ActionBook::Delete(ActionId id) {
+  return database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+    const std::optional<Action> old = ReadForUpdate(transaction, id);
+    if (old && old->applied) {
+      return Refuse(
+          QT_TRANSLATE_NOOP("Actions", "Take the Corporate Action back before it is Deleted."));
+    }
+    records::Delete<Action>(transaction).Where(&Action::id, id).Run();
+    return std::nullopt;
+  });
+}
+
+Result<std::vector<actions::AccountEffect>> ActionBook::Preview(const Action& action,
+                                                                const ChosenShares& chosen,
+                                                                Progress& progress) const {
+  if (MaybeRefusal refusal = actions::Check(action)) {
+    return *refusal;
+  }
+  return actions::EffectsOf(connection_, action,
+                            action.applied ? actions::AppliedShares(connection_, action) : chosen,
+                            progress);
+}
+
+Result<std::size_t> ActionBook::Apply(std::span<const ActionId> ids, const ChosenShares& chosen,
+                                      text::Date today, Progress& progress) {
+  std::size_t accounts = 0;
+  const MaybeRefusal refusal = database::InTransaction(
+      connection_,
+      [&](Transaction& transaction) -> MaybeRefusal {
+        std::vector<Action> wanted;
+        for (const ActionId id : ids) {
+          const std::optional<Action> action = ReadForUpdate(transaction, id);
+          if (!action) {
+            return Gone();
+          }
+          wanted.push_back(*action);
+        }
+        const Result<std::size_t> applied =
+            ApplyIn(transaction, std::move(wanted), chosen, today, progress);
+        accounts = applied ? *applied : 0;
+        return applied.Refused();
+      },
+      database::Turn::kAlone);
+  if (refusal) {
+    return *refusal;
+  }
+  return accounts;
+}
+
+MaybeRefusal ActionBook::TakeBack(ActionId id) {
+  return database::InTransaction(
+      connection_,
+      [&](Transaction& transaction) -> MaybeRefusal {
+        const std::optional<Action> action = ReadForUpdate(transaction, id);
+        if (!action || !action->applied) {
+          return action ? std::nullopt : MaybeRefusal(Gone());
+        }
+        if (MaybeRefusal refusal = CheckIsLast(transaction, *action)) {
+          return refusal;
+        }
+        return actions::TakeBack(transaction, *action);
+      },
+      database::Turn::kAlone);
+}
+
+}  // namespace quorvane::corporate_actions

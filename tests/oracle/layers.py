@@ -1,0 +1,283 @@
+"""What is held and what was sold over all years, worked out a second time: layers with their days
+and costs, first in, first out by the day on which they entered an account."""
+
+from datetime import date, timedelta
+from fractions import Fraction
+
+from exact import dmy, financial_year, first_day, money, paise, plain
+from folder import Action
+from ledger import Ledger
+
+COLUMNS = ("row", "account_no", "scrip_code", "acquired", "entered", "quantity", "cost", "sold",
+           "sale", "expenses", "stt")
+MILLIONTH = 10**6
+
+
+def half_away(value: Fraction) -> int:
+    return paise(value / 100)
+
+
+def kept(quantity: Fraction) -> Fraction:
+    """Quantities are kept to a millionth of a share."""
+    return Fraction(half_away(quantity * MILLIONTH), MILLIONTH)
+
+
+def held_from(action: Action) -> date:
+    """Of bonus shares: the allotment, else the working day after the record day."""
+    if action.allotment or action.kind != "bonus":
+        return action.allotment or action.ex_day
+    when = (action.record_day or action.ex_day) + timedelta(days=1)
+    while when.weekday() > 4:
+        when += timedelta(days=1)
+    return when
+
+
+def shared(whole: int, parts: list[Fraction]) -> list[int]:
+    """Paise over parts of a quantity, so that up to any part the sum is the rounded share."""
+    total, before, taken, result = sum(parts), 0, Fraction(0), []
+    for part in parts:
+        taken += part
+        upto = half_away(whole * taken / total)
+        result.append(upto - before)
+        before = upto
+    return result
+
+
+class Layer:
+    def __init__(self, acquired, entered, quantity, cost, intraday=False):
+        self.acquired, self.entered = acquired, entered
+        self.quantity, self.cost, self.intraday = quantity, cost, intraday
+
+    def part(self, quantity: Fraction) -> "Layer":
+        """Takes a part out, with its share of the cost."""
+        cost = half_away(Fraction(self.cost) * quantity / self.quantity)
+        self.quantity -= quantity
+        self.cost -= cost
+        return Layer(self.acquired, self.entered, quantity, cost, self.intraday)
+
+
+def take(layers: list[Layer], quantity: Fraction, when: date, intraday=False) -> list[Layer]:
+    """The parts taken; what is not there is missing in their sum."""
+    def of_the_day(layer):
+        return layer.intraday and layer.entered == when
+    taken = []
+    for layer in sorted(layers, key=lambda one: of_the_day(one) != intraday):
+        part = min(quantity, layer.quantity)
+        if part:
+            taken.append(layer.part(part))
+            quantity -= part
+    layers[:] = [layer for layer in layers if layer.quantity]
+    return taken
+
+
+def put(layers: list[Layer], new: list[Layer]):
+    layers += new
+    layers.sort(key=lambda layer: layer.entered)
+
+
+def restate(layers: list[Layer], total: Fraction):
+    """Each layer gets its part of the new total, to a millionth."""
+    whole = sum(layer.quantity for layer in layers)
+    before = given = Fraction(0)
+    for layer in layers:
+        before += layer.quantity
+        upto = kept(total * before / whole)
+        layer.quantity, given = upto - given, upto
+
+
+class History:
+    """`layers`: (account, scrip, futures) -> what is held, and `rows` of what was sold."""
+
+    def __init__(self, ledger: Ledger):
+        self.portfolio = ledger.portfolio
+        self.lines = ledger.lines
+        self.layers: dict[tuple[str, str, bool], list[Layer]] = {}
+        self.rows: list[tuple] = []
+        opened = {(row.client, row.year) for row in self.portfolio.openings}
+        self.first = self._first_years()
+        days = {one.date for one in (*self.portfolio.bills, *self.portfolio.transfers)}
+        days |= {action.ex_day for action in self.portfolio.actions}
+        days |= {first_day(year) for _client, year in opened}
+        for when in sorted(days):
+            year = financial_year(when)
+            if when == first_day(year):
+                self._open(year, {client for client, of in opened if of == year})
+            self._play(when)
+
+    def _first_years(self) -> dict[str, str]:
+        first: dict[str, str] = {}
+        owners = self.portfolio.accounts
+        for client, year in (
+                *((row.client, row.year) for row in self.portfolio.openings),
+                *((bill.client, financial_year(bill.date)) for bill in self.portfolio.bills),
+                *((owners[move.source], financial_year(move.date))
+                  for move in self.portfolio.transfers)):
+            first[client] = min(first.get(client, year), year)
+        return first
+
+    def _at(self, account, scrip, fo=False) -> list[Layer]:
+        return self.layers.setdefault((account, scrip, fo), [])
+
+    def _open(self, year: str, clients: set[str]):
+        opening: dict[tuple, list[Layer]] = {}
+        for row in self.portfolio.openings:
+            if row.year == year:
+                cost = paise((row.rate + row.brokerage) * row.quantity) + paise(row.service_tax)
+                self._at(row.account, row.scrip, row.fo)
+                opening.setdefault((row.account, row.scrip, row.fo), []).append(
+                    Layer(row.date, row.date, row.quantity, cost))
+        for place, layers in self.layers.items():
+            client = self.portfolio.accounts[place[0]]
+            if client in clients:
+                if self.first[client] == year:
+                    put(layers, opening.get(place, []))
+                else:
+                    self._compare(place, layers, opening.get(place, []), year)
+
+    def _compare(self, place, layers: list[Layer], recorded: list[Layer], year: str):
+        excess = sum(one.quantity for one in recorded) - sum(one.quantity for one in layers)
+        if not excess:
+            return
+        cost = sum(one.cost for one in recorded) - sum(one.cost for one in layers)
+        self.rows.append((place, first_day(year), "difference", first_day(year), None, excess,
+                          cost, None, None, None, None))
+        by_day: dict[date, Fraction] = {}
+        for sign, some in ((1, recorded), (-1, layers)):
+            for one in some:
+                by_day[one.acquired] = by_day.get(one.acquired, Fraction(0)) + sign * one.quantity
+        if excess > 0:
+            for one in recorded:
+                part = min(excess, one.quantity, max(by_day[one.acquired], Fraction(0)))
+                if part:
+                    by_day[one.acquired] -= part
+                    excess -= part
+                    put(layers, [one.part(part)])
+            return
+        for when in sorted(by_day):
+            part = min(-excess, max(-by_day[when], Fraction(0)))
+            excess += part
+            for layer in [one for one in layers if one.acquired == when]:
+                some = min(part, layer.quantity)
+                if some:
+                    layer.part(some)
+                    part -= some
+        layers[:] = [layer for layer in layers if layer.quantity]
+
+    def _play(self, when: date):
+        for action in self.portfolio.actions:
+            if action.ex_day == when:
+                self._apply(action)
+        bills = [bill for bill in self.portfolio.bills if bill.date == when]
+        for bill in bills:
+            for line in self.lines[bill.order]:
+                if line.purchase:
+                    cost = (paise((line.rate + line.brokerage) * line.quantity)
+                            + paise(line.service_tax))
+                    put(self._at(bill.account, line.scrip, line.fo),
+                        [Layer(when, when, line.quantity, cost, line.non_delivery)])
+        for move in self.portfolio.transfers:
+            if move.date == when:
+                taken = take(self._at(move.source, move.scrip), move.quantity, when)
+                put(self._at(move.target, move.scrip),
+                    [Layer(one.acquired, when, one.quantity, one.cost) for one in taken])
+        for bill in bills:
+            for line in self.lines[bill.order]:
+                if not line.purchase:
+                    self._sell(bill, line)
+
+    def _sell(self, bill, line):
+        place = (bill.account, line.scrip, line.fo)
+        parts = take(self._at(*place), line.quantity, bill.date, line.non_delivery)
+        before = paise(line.rate * line.quantity)
+        net = paise((line.rate - line.brokerage) * line.quantity)
+        quantities = [one.quantity for one in parts]
+        missing = line.quantity - sum(quantities)
+        if missing:
+            quantities.append(missing)
+            parts.append(Layer(bill.date, bill.date, missing, 0))
+        amounts = [shared(whole, quantities) for whole in
+                   (before, before - net + paise(line.service_tax), paise(line.stt))]
+        for n, part in enumerate(parts):
+            kind = "fo" if line.fo else "sale"
+            if not line.fo and line.non_delivery and part.intraday and part.entered == bill.date:
+                kind = "speculation"
+            if missing and part is parts[-1]:
+                kind = "without-cost"
+            self._sold(place, kind, part, bill.date, *(one[n] for one in amounts))
+
+    def _sold(self, place, kind, part: Layer, when: date, sale: int, expenses: int, stt: int):
+        self.rows.append((place, when, kind, part.acquired, part.entered, part.quantity,
+                          part.cost, when, sale, expenses, stt))
+
+    def _apply(self, action: Action):
+        for account in self.portfolio.accounts:
+            layers = self._at(account, action.scrip)
+            held = sum((layer.quantity for layer in layers), Fraction(0))
+            if held > 0:
+                self._apply_to(account, layers, held, action)
+
+    def _apply_to(self, account, layers: list[Layer], held: Fraction, action: Action):
+        here, there = (account, action.scrip, False), (account, action.other, False)
+        new = kept(held * action.new / action.old) if action.old else Fraction(0)
+        if action.kind in ("split", "consolidation"):
+            restate(layers, new)
+            self._fraction(here, layers, action)
+        elif action.kind == "bonus":
+            given = [Layer(held_from(action), action.ex_day, new, 0)]
+            self._fraction(here, given, action)
+            put(layers, given)
+        elif action.kind == "rights":
+            whole = new - new % 1
+            if whole:
+                put(layers, [Layer(held_from(action), action.ex_day, whole,
+                                   paise(action.price * whole))])
+        elif action.kind in ("merger", "name-change") and action.other:
+            moved, layers[:] = list(layers), []
+            if action.kind == "merger":
+                restate(moved, new)
+            self._fraction(there, moved, action)
+            put(self._at(*there), moved)
+        elif action.kind == "demerger":
+            moved = [Layer(one.acquired, one.entered, one.quantity,
+                           half_away(Fraction(one.cost) * action.percent / 100)) for one in layers]
+            for one, part in zip(layers, moved):
+                one.cost -= part.cost
+            restate(moved, new)
+            self._fraction(there, moved, action)
+            put(self._at(*there), moved)
+
+    def _fraction(self, place, layers: list[Layer], action: Action):
+        total = sum(layer.quantity for layer in layers)
+        parts = take(layers, total % 1, action.ex_day)
+        if parts:
+            quantities = [one.quantity for one in parts]
+            money_parts = shared(paise(action.price * sum(quantities)), quantities)
+            for part, amount in zip(parts, money_parts):
+                self._sold(place, "fraction", part, action.ex_day, amount, 0, 0)
+
+    def cells(self, client: str) -> list[dict]:
+        """In the form and order of the program's csv."""
+        accounts, scrips = list(self.portfolio.accounts), list(self.portfolio.scrips)
+
+        def order(place):
+            account, scrip, fo = place
+            return accounts.index(account), scrips.index(scrip), fo
+
+        def is_of_client(place):
+            return self.portfolio.accounts[place[0]] == client
+
+        rows = [("layer", *place[:2], dmy(one.acquired), dmy(one.entered), plain(one.quantity),
+                 money(one.cost), "", "", "", "")
+                for place in sorted(filter(is_of_client, self.layers), key=order)
+                for one in self.layers[place]]
+        mine = [row for row in self.rows if is_of_client(row[0])]
+        sold = sorted((row for row in mine if row[2] != "difference"),
+                      key=lambda row: (order(row[0]), row[1]))
+        sold += sorted((row for row in mine if row[2] == "difference"),
+                       key=lambda row: (row[1], order(row[0])))
+        for place, _when, kind, acquired, entered, quantity, cost, *rest in sold:
+            rows.append((kind, *place[:2], dmy(acquired), dmy(entered) if entered else "",
+                         plain(quantity), money(cost),
+                         *(("",) * 4 if rest[0] is None else
+                           (dmy(rest[0]), *map(money, rest[1:])))))
+        return [dict(zip(COLUMNS, row)) for row in rows]

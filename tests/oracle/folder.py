@@ -157,4 +157,5 @@ def years(portfolio: Portfolio) -> list[str]:
     found = {opening.year for opening in portfolio.openings}
     found.update(financial_year(bill.date) for bill in portfolio.bills)
     found.update(financial_year(transfer.date) for transfer in portfolio.transfers)
+    found.update(financial_year(action.ex_day) for action in portfolio.actions)
     return sorted(found)

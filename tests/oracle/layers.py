@@ -1,35 +1,20 @@
 """What is held and what was sold over all years, worked out a second time: layers with their days
 and costs, first in, first out by the day on which they entered an account."""
 
-from datetime import date, timedelta
+from datetime import date
 from fractions import Fraction
 
+from actions import held_from, kept, restated
 from exact import dmy, financial_year, first_day, money, paise, plain
 from folder import Action
 from ledger import Ledger
 
 COLUMNS = ("row", "account_no", "scrip_code", "acquired", "entered", "quantity", "cost", "sold",
            "sale", "expenses", "stt")
-MILLIONTH = 10**6
 
 
 def half_away(value: Fraction) -> int:
     return paise(value / 100)
-
-
-def kept(quantity: Fraction) -> Fraction:
-    """Quantities are kept to a millionth of a share."""
-    return Fraction(half_away(quantity * MILLIONTH), MILLIONTH)
-
-
-def held_from(action: Action) -> date:
-    """Of bonus shares: the allotment, else the working day after the record day."""
-    if action.allotment or action.kind != "bonus":
-        return action.allotment or action.ex_day
-    when = (action.record_day or action.ex_day) + timedelta(days=1)
-    while when.weekday() > 4:
-        when += timedelta(days=1)
-    return when
 
 
 def shared(whole: int, parts: list[Fraction]) -> list[int]:
@@ -76,13 +61,8 @@ def put(layers: list[Layer], new: list[Layer]):
 
 
 def restate(layers: list[Layer], total: Fraction):
-    """Each layer gets its part of the new total, to a millionth."""
-    whole = sum(layer.quantity for layer in layers)
-    before = given = Fraction(0)
-    for layer in layers:
-        before += layer.quantity
-        upto = kept(total * before / whole)
-        layer.quantity, given = upto - given, upto
+    for layer, quantity in zip(layers, restated([one.quantity for one in layers], total)):
+        layer.quantity = quantity
 
 
 class History:
@@ -178,6 +158,11 @@ class History:
         for move in self.portfolio.transfers:
             if move.date == when:
                 taken = take(self._at(move.source, move.scrip), move.quantity, when)
+                missing = move.quantity - sum(one.quantity for one in taken)
+                if missing:  # as recorded, at the rate of the lot
+                    whole = paise(move.rate * move.quantity)
+                    taken.append(Layer(when, when, missing,
+                                       half_away(whole * missing / move.quantity)))
                 put(self._at(move.target, move.scrip),
                     [Layer(one.acquired, when, one.quantity, one.cost) for one in taken])
         for bill in bills:

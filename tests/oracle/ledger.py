@@ -1,6 +1,6 @@
 """Moves the shares of a portfolio day by day: which lot each sale takes from, and what is left.
 
-On one day what was bought without delivery comes first, then bills in file order, the purchases of
+On one day corporate actions come first, then what was bought without delivery, then bills in file order, the purchases of
 a bill before its sales, then transfers in file order. A sale without delivery that names no lot
 takes what was bought so on that day before the oldest purchases; another one that names no lot takes
 it last. A bill that lacks balance is tried again after those transfers of the day that are
@@ -13,7 +13,8 @@ from datetime import date
 from fractions import Fraction
 
 from exact import Refusal, financial_year, plain, rounded
-from folder import Bill, Line, Portfolio, Transfer, years
+from actions import Piece, effect
+from folder import Action, Bill, Line, Portfolio, Transfer, years
 
 
 class Shortage(Refusal):
@@ -24,11 +25,12 @@ class _Layer:
     """A quantity that came in at one time. Layers are used up by purchase date; those of one date
     in the order of their arrival, and a year's opening rows arrive first."""
 
-    __slots__ = ("key", "rate", "left", "non_delivery")
+    __slots__ = ("key", "entered", "rate", "left", "non_delivery")
 
-    def __init__(self, when: date, arrival: int, rate: Fraction, left: Fraction,
+    def __init__(self, when: date, entered: date, arrival: int, rate: Fraction, left: Fraction,
                  non_delivery: bool):
         self.key = (when, arrival)
+        self.entered = (entered, arrival)
         self.non_delivery = non_delivery
         self.rate = rate
         self.left = left
@@ -44,10 +46,24 @@ class _Shelf:
         self._layers: dict[tuple[str, str], list[_Layer]] = defaultdict(list)
         self._arrivals = 0
 
-    def put(self, account, scrip, when, rate, quantity, non_delivery=False):
+    def put(self, account, scrip, when, rate, quantity, non_delivery=False, entered=None):
         self._arrivals += 1
         insort(self._layers[account, scrip],
-               _Layer(when, self._arrivals, rate, quantity, non_delivery))
+               _Layer(when, entered or when, self._arrivals, rate, quantity, non_delivery))
+
+    def apply(self, account, action: Action) -> list[tuple[str, Fraction]]:
+        """Lets a corporate action change an account; the lots that shares came into."""
+        layers = sorted(self._layers[account, action.scrip], key=lambda layer: layer.entered)
+        pieces = [Piece(one.rate, one.left, one.key[0]) for one in layers]
+        if not pieces:
+            return []
+        done = effect(pieces, action)
+        if done.out:
+            self._layers[account, action.scrip] = []
+        for scrip, piece in done.into:
+            self.put(account, scrip, piece.acquired, piece.rate, piece.quantity,
+                     entered=action.ex_day)
+        return [(scrip, piece.rate) for scrip, piece in done.into]
 
     def take(self, account, scrip, quantity, rate=None,
              last=lambda layer: False) -> list[tuple[Fraction, Fraction]]:
@@ -121,12 +137,13 @@ class Ledger:
             bills[bill.date].append(bill)
         for transfer in portfolio.transfers:
             transfers[transfer.date].append(transfer)
-        days = sorted({*bills, *transfers})
+        days = sorted({*bills, *transfers, *(action.ex_day for action in portfolio.actions)})
         for year in years(portfolio):
             self._shelf = _Shelf()
             self._open(year)
             for when in days:
                 if financial_year(when) == year:
+                    self._act(when)
                     self._settle_day(bills[when], transfers[when])
             self._close(year)
 
@@ -143,6 +160,12 @@ class Ledger:
     def _close(self, year: str):
         for lot, quantity in self._shelf.lots().items():
             self.lots[(year, *lot)] = quantity
+
+    def _act(self, when: date):
+        for action in self.portfolio.actions:
+            for account in self.portfolio.accounts if action.ex_day == when else ():
+                for scrip, rate in self._shelf.apply(account, action):
+                    self.lots[self._year, account, scrip, rate] = Fraction(0)
 
     def _settle_day(self, bills: list[Bill], transfers: list[Transfer]):
         for bill in bills:

@@ -1,12 +1,14 @@
 """The capital-gain statement of a client and year, from the settled lines of a ledger."""
 
 from collections import defaultdict, deque
+from copy import copy
 from datetime import date
 from fractions import Fraction
 from typing import NamedTuple
 
+from actions import Piece, effect
 from exact import anniversary, financial_year, first_day, last_day, paise, rounded
-from folder import Bill, Line, Transfer
+from folder import Action, Bill, Line, Transfer
 from ledger import Ledger
 
 CHARGES = ("none", "stax", "stt", "both")
@@ -91,7 +93,7 @@ class _Sides:
                 [one for _key, one in sorted(self.sales, key=lambda pair: pair[0])])
 
 
-_OPENING, _BILL, _TRANSFER = range(3)
+_OPENING, _ACTION, _BILL, _TRANSFER = range(4)
 
 
 class _Collector:
@@ -113,6 +115,9 @@ class _Collector:
             for order, move in enumerate(portfolio.transfers):
                 if self._within(move.date):
                     self._add_transfer(move, order, portfolio.accounts)
+            for order, action in enumerate(sorted(portfolio.actions, key=lambda one: one.ex_day)):
+                if self._within(action.ex_day):
+                    self._add_action(action, order)
 
     def _wanted(self, fo: bool) -> bool:
         return self._fo == "all" or fo == (self._fo == "fo")
@@ -147,6 +152,41 @@ class _Collector:
         if owners[move.target] == self._client:
             self.sides[move.target, move.scrip].purchases.append((key, _Purchase(
                 move.date, move.quantity, move.rate, zero, zero, zero, False)))
+
+
+    def _add_action(self, action: Action, order: int):
+        """Changes what is held when its ex-day begins; earlier ones were added before."""
+        for account in [one for one, scrip in self.sides if scrip == action.scrip]:
+            pieces = self._held(self.sides[account, action.scrip], action)
+            if not pieces:
+                continue
+            done, zero = effect(pieces, action), Fraction(0)
+            for n, piece in enumerate(done.out):
+                self.sides[account, action.scrip].sales.append((
+                    (action.ex_day, _ACTION, order, n),
+                    _Sale(action.ex_day, piece.quantity, piece.rate, piece.rate, zero, True,
+                          action.ex_day >= self._start)))
+            for n, (scrip, piece) in enumerate(done.into):
+                self.sides[account, scrip].purchases.append((
+                    (action.ex_day, _ACTION, order, n),
+                    _Purchase(piece.acquired, piece.quantity, piece.rate, piece.brokerage,
+                              piece.service_tax, piece.stt, False)))
+
+    @staticmethod
+    def _held(sides: "_Sides", action: Action) -> list[Piece]:
+        before = (action.ex_day, _ACTION)
+        purchases = [copy(one) for key, one in sorted(sides.purchases, key=lambda pair: pair[0])
+                     if key[:2] <= before and not one.fo]
+        sales = [one for key, one in sorted(sides.sales, key=lambda pair: pair[0])
+                 if key[:2] <= before]
+        _match((None, None), purchases, sales, Choice())
+        pieces = []
+        for one in purchases:
+            if one.left:
+                share = one.left / one.quantity
+                pieces.append(Piece(one.lot_rate, one.left, one.date, one.brokerage,
+                                    rounded(one.service_tax * share), rounded(one.stt * share)))
+        return pieces
 
 
 def _collect(ledger: Ledger, client: str, year: str, choice: Choice):

@@ -41,22 +41,35 @@ bool Isins::Has(ScripId scrip, const std::string& isin) const {
   return std::any_of(first, last, [&](const auto& entry) { return entry.second == isin; });
 }
 
+namespace {
+
+void SortByDay(std::vector<DatedIsin>& isins) {
+  std::ranges::sort(isins, {}, [](const DatedIsin& one) {
+    return std::tuple(text::ParseDmy(one.from_day), one.isin);
+  });
+}
+
+}  // namespace
+
 std::map<ScripId, std::vector<DatedIsin>> AllIsins(database::Connection& connection) {
   std::map<ScripId, std::vector<DatedIsin>> all;
   for (const auto& row : connection.Open("Select ScrId,Isin,FromDay From ScripIsin")) {
     all[ScripId{row.Int(0)}].push_back({row.Text(1), row.Text(2)});
   }
   for (auto& [scrip, isins] : all) {
-    std::ranges::sort(isins, {}, [](const DatedIsin& one) {
-      return std::tuple(text::ParseDmy(one.from_day), one.isin);
-    });
+    SortByDay(isins);
   }
   return all;
 }
 
 std::vector<DatedIsin> IsinsOf(database::Connection& connection, ScripId scrip) {
-  std::map<ScripId, std::vector<DatedIsin>> all = AllIsins(connection);
-  return std::move(all[scrip]);
+  std::vector<DatedIsin> isins;
+  for (const auto& row :
+       connection.Open("Select Isin,FromDay From ScripIsin Where ScrId=?", scrip)) {
+    isins.push_back({row.Text(0), row.Text(1)});
+  }
+  SortByDay(isins);
+  return isins;
 }
 
 MaybeRefusal CheckIsins(std::span<const DatedIsin> isins) {

@@ -193,6 +193,11 @@ Result<std::vector<actions::AccountEffect>> ActionBook::Preview(const Action& ac
                             progress);
 }
 
+bool ActionBook::IsCurrent(const Action& action) const {
+  Progress silent;
+  return actions::IsCurrent(connection_, action, silent);
+}
+
 Result<std::size_t> ActionBook::Apply(std::span<const ActionId> ids, const ChosenShares& chosen,
                                       text::Date today, Progress& progress) {
   std::size_t accounts = 0;

@@ -42,6 +42,9 @@ class ActionBook {
                                                       const ChosenShares& chosen,
                                                       Progress& progress) const;
 
+  /// Whether the books still say what an applied action was applied to.
+  bool IsCurrent(const Action& action) const;
+
   /// Applies recorded actions in the order of their ex-days, in one transaction: all or none. One
   /// that is applied already, or whose ex-day is after `today`, is refused. Returns the number of
   /// accounts.

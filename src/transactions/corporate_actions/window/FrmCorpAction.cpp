@@ -1,0 +1,428 @@
+#include "transactions/corporate_actions/window/FrmCorpAction.h"
+
+#include "controls/ProgressDialog.h"
+#include "core/actions/Terms.h"
+#include "core/lookups/Choices.h"
+#include "core/lookups/Directory.h"
+#include "core/lookups/Scrips.h"
+#include "core/text/Amounts.h"
+
+#include <QLabel>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quorvane::corporate_actions {
+namespace {
+
+using actions::AccountEffect;
+using actions::ActionKind;
+using controls::ComboBox;
+using controls::Mask;
+using controls::TextBox;
+using controls::ZENButton;
+
+enum Day { kExDay, kRecordDay, kAllotment };
+enum AccountColumn { kClient, kAccount, kBefore, kChosen };
+
+TextBox* NumberBox() {
+  auto* box = new TextBox();
+  box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  static const QRegularExpression kTypable(QStringLiteral("[0-9]*\\.?[0-9]*"));
+  box->setValidator(new QRegularExpressionValidator(kTypable, box));
+  return box;
+}
+
+QString KindTitle(ActionKind kind) {
+  return QCoreApplication::translate("Actions", actions::NameOf(kind).title);
+}
+
+std::vector<lookups::Item> KindItems() {
+  std::vector<lookups::Item> items;
+  for (const actions::KindName& name : actions::kKinds) {
+    items.push_back({static_cast<int>(name.kind), KindTitle(name.kind)});
+  }
+  return items;
+}
+
+bool HasChoice(ActionKind kind) {
+  return kind == ActionKind::kRights || kind == ActionKind::kBuyBack;
+}
+
+QString NumberOrNothing(double number) {
+  return number == 0 ? QString() : text::NumberText(number);
+}
+
+}  // namespace
+
+FrmCorpAction::FrmCorpAction(controls::Desk& desk)
+    : RecordWindow(desk, QStringLiteral("FrmCorpAction"), tr("Corporate Actions"), {790, 520},
+                   QStringLiteral("VSF")),
+      book_(*desk.session.connection) {
+  BuildFields();
+  BuildAccounts();
+  BuildButtons();
+  SetListColumns();
+  Hold({{Field::kKind, QStringLiteral("Combo1")},
+        {Field::kScrip, QStringLiteral("Combo2")},
+        {Field::kToScrip, QStringLiteral("Combo3")},
+        {Field::kRatio, QStringLiteral("Text1_0")},
+        {Field::kPrice, QStringLiteral("Text1_2")},
+        {Field::kPercent, QStringLiteral("Text1_3")},
+        {Field::kDate, QStringLiteral("Text2_0")},
+        {Field::kRecordDate, QStringLiteral("Text2_1")},
+        {Field::kAllotmentDate, QStringLiteral("Text2_2")}});
+  Start();
+}
+
+void FrmCorpAction::BuildFields() {
+  constexpr int kWhole = 2;
+  auto* fields = new controls::FieldLayout(2, Details());
+  Combo1 = fields->Add(tr("&Kind"), QStringLiteral("Combo1"), new ComboBox());
+  fields->NewRow();
+  Combo2 = fields->Add(tr("&Script"), QStringLiteral("Combo2"), new ComboBox(), kWhole);
+  const auto add_day = [&](Day day, const QString& label) {
+    Text2[day] = fields->Add(label, QStringLiteral("Text2_%1").arg(day), new controls::DateBox());
+    Watch(Text2[day]);
+  };
+  const auto add = [&](Box box, const QString& label, TextBox* control) {
+    Text1[box] = fields->Add(label, QStringLiteral("Text1_%1").arg(box), control);
+  };
+  add_day(kExDay, tr("E&x-Date"));
+  add_day(kRecordDay, tr("&Record Date"));
+  add(New, tr("Ne&w Shares"), NumberBox());
+  add(Old, tr("for Shares &Held"), NumberBox());
+  Combo3 = fields->Add(tr("&To Script"), QStringLiteral("Combo3"), new ComboBox(), kWhole);
+  add(Price, tr("Pr&ice per Share"), new controls::AmountBox());
+  add(Percent, tr("Cost Mo&ved (%)"), NumberBox());
+  add_day(kAllotment, tr("A&llotment Date"));
+  fields->NewRow();
+  TxtNote = fields->Add(tr("N&ote"), QStringLiteral("TxtNote"), new TextBox(), kWhole);
+  constexpr int kNoteLength = 255;
+  TxtNote->setMaxLength(kNoteLength);
+  fields->setRowStretch(fields->rowCount(), 1);
+  Combo1->SetItems(KindItems());
+  On(Combo1, &QComboBox::activated, &FrmCorpAction::Combo1_Click, QStringLiteral("Combo1_Click"));
+  On(Combo1, &ComboBox::Left, &FrmCorpAction::Combo1_Click, QStringLiteral("Combo1_Click"));
+}
+
+void FrmCorpAction::BuildAccounts() {
+  auto* panel = new QWidget();
+  auto* rows = new QVBoxLayout(panel);
+  rows->setContentsMargins(0, 0, 0, 0);
+  LblEffect = new QLabel();
+  LblEffect->setObjectName(QStringLiteral("LblEffect"));
+  LblEffect->setWordWrap(true);
+  VSA = new controls::Grid(QStringLiteral("VSA"), tr("What the action makes of every account"));
+  rows->addWidget(LblEffect);
+  rows->addWidget(VSA, 1);
+  AddPanel(tr("Accounts"), panel);
+  On(&VSA->Model(), &controls::GridModel::CellEdited, &FrmCorpAction::VSA_AfterEdit,
+     QStringLiteral("VSA_AfterEdit"));
+}
+
+void FrmCorpAction::BuildButtons() {
+  const auto add = [this](ZENButton*& button, const QString& name, const QString& text,
+                          const QString& tip, void (FrmCorpAction::*handler)()) {
+    button = new ZENButton(name, text);
+    button->setToolTip(tip);
+    Buttons()->addWidget(button);
+    OnClick(button, handler);
+  };
+  add(CmdPreview, QStringLiteral("CmdPreview"), tr("Previe&w"),
+      tr("Shows what the action makes of every account; nothing is changed"),
+      &FrmCorpAction::CmdPreview_Click);
+  add(CmdApply, QStringLiteral("CmdApply"), tr("Apply to &Holdings"),
+      tr("Changes the holdings of every account shown"), &FrmCorpAction::CmdApply_Click);
+  add(CmdTakeBack, QStringLiteral("CmdTakeBack"), tr("Ta&ke Back"),
+      tr("Makes the holdings as they were before the action"), &FrmCorpAction::CmdTakeBack_Click);
+  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File ..."),
+      tr("Reads the corporate actions of an exchange's list"), &FrmCorpAction::CmdFile_Click);
+}
+
+void FrmCorpAction::SetListColumns() {
+  List().SetColumns({{.heading = tr("Ex-Date"), .mask = Mask::kDate},
+                     {.heading = tr("Script Name")},
+                     {.heading = tr("Action")},
+                     {.heading = tr("To Script")},
+                     {.heading = tr("Applied")},
+                     {.heading = tr("Note")}});
+}
+
+void FrmCorpAction::FillScrips() {
+  const std::vector<lookups::Item> scrips =
+      lookups::DropDownItems(*Session().connection, lookups::DropDown::kScrips);
+  for (ComboBox* box : {Combo2, Combo3}) {
+    const int chosen = box->CurrentId();
+    box->SetItems(scrips);
+    box->ById(chosen);
+  }
+}
+
+void FrmCorpAction::FillList() {
+  FillScrips();
+  listed_ = book_.List();
+  const lookups::Directory directory(*Session().connection);
+  const auto name = [&](ScripId scrip) {
+    return scrip ? QString::fromStdString(directory.Scrip(scrip).name) : QString();
+  };
+  std::vector<controls::Row> rows;
+  for (const Action& action : listed_) {
+    rows.push_back(
+        {.id = action.id.value,
+         .cells = {action.ex_day, name(action.scrip), actions::Describe(action), name(action.other),
+                   action.applied ? tr("Yes") : tr("No"), action.note}});
+  }
+  List().SetRows(std::move(rows));
+}
+
+void FrmCorpAction::Clear() {
+  for (ComboBox* box : {Combo1, Combo2, Combo3}) {
+    box->Clear();
+  }
+  for (TextBox* box : Text1) {
+    box->clear();
+  }
+  for (controls::DateBox* box : Text2) {
+    box->clear();
+  }
+  TxtNote->clear();
+  ClearEffects();
+}
+
+void FrmCorpAction::Load(int id) {
+  const auto found = std::ranges::find(listed_, ActionId{id}, &Action::id);
+  if (found == listed_.end()) {
+    return;
+  }
+  Combo1->ById(static_cast<int>(found->kind));
+  Combo2->ById(found->scrip.value);
+  Combo3->ById(found->other.value);
+  Text2[kExDay]->setText(found->ex_day);
+  Text2[kRecordDay]->setText(found->record_day);
+  Text2[kAllotment]->setText(found->allotment_day);
+  Text1[New]->setText(NumberOrNothing(found->new_shares.Number()));
+  Text1[Old]->setText(NumberOrNothing(found->old_shares.Number()));
+  Text1[Price]->setText(NumberOrNothing(found->price));
+  Text1[Percent]->setText(NumberOrNothing(found->cost_percent));
+  TxtNote->setText(found->note);
+}
+
+void FrmCorpAction::BeginEditing() {
+  EnableTerms();
+}
+
+/// Only the terms that the kind has can be entered.
+void FrmCorpAction::EnableTerms() {
+  const bool chosen = Combo1->HasChoice();
+  const actions::Terms terms =
+      chosen ? actions::TermsOf(static_cast<ActionKind>(Combo1->CurrentId())) : actions::Terms{};
+  const bool ratio = terms.ratio || terms.any_ratio;
+  Text1[New]->setEnabled(ratio);
+  Text1[Old]->setEnabled(ratio);
+  Combo3->setEnabled(terms.other || terms.any_other);
+  Text1[Price]->setEnabled(terms.price || terms.fraction);
+  Text1[Price]->setPlaceholderText(terms.fraction ? tr("paid for a part of a share") : QString());
+  Text1[Percent]->setEnabled(terms.percent);
+  Text2[kAllotment]->setEnabled(terms.allotment);
+}
+
+void FrmCorpAction::Combo1_Click() {
+  if (IsEditing()) {
+    EnableTerms();
+  }
+}
+
+Action FrmCorpAction::Entered() const {
+  Action action;
+  action.id = ActionId{CurrentId()};
+  action.kind = static_cast<ActionKind>(Combo1->CurrentId());
+  action.scrip = ScripId{Combo2->CurrentId()};
+  action.ex_day = Text2[kExDay]->DateText();
+  action.record_day = Text2[kRecordDay]->DateText();
+  action.note = TxtNote->text().trimmed();
+  const actions::Terms terms = actions::TermsOf(action.kind);
+  const auto number = [this](Box box) { return text::Val(Text1[box]->text()); };
+  if (terms.ratio || terms.any_ratio) {
+    action.new_shares = text::Shares(number(New));
+    action.old_shares = text::Shares(number(Old));
+  }
+  if (terms.other || terms.any_other) {
+    action.other = ScripId{Combo3->CurrentId()};
+  }
+  if (terms.price || terms.fraction) {
+    action.price = number(Price);
+  }
+  if (terms.percent) {
+    action.cost_percent = number(Percent);
+  }
+  if (terms.allotment) {
+    action.allotment_day = Text2[kAllotment]->DateText();
+  }
+  return action;
+}
+
+MaybeRefusal FrmCorpAction::Save() {
+  if (!Combo1->HasChoice()) {
+    return Refusal{tr("Select the Kind of Action."), Field::kKind};
+  }
+  return Saved(book_.Save(Entered()));
+}
+
+void FrmCorpAction::Remove(int id) {
+  if (const MaybeRefusal refusal = book_.Delete(ActionId{id})) {
+    Show(*refusal);
+  }
+}
+
+void FrmCorpAction::StateChanged() {
+  const Action action = Chosen();
+  const bool browses = !IsEditing() && action.id;
+  CmdPreview->setEnabled(browses);
+  CmdApply->setEnabled(browses && !action.applied);
+  CmdTakeBack->setEnabled(browses && action.applied);
+  CmdFile->setEnabled(!IsEditing());
+}
+
+/// The action chosen in the list; without a key when there is none.
+Action FrmCorpAction::Chosen() const {
+  const auto found = std::ranges::find(listed_, ActionId{CurrentId()}, &Action::id);
+  return found == listed_.end() ? Action{} : *found;
+}
+
+void FrmCorpAction::ClearEffects() {
+  effects_.clear();
+  chosen_.clear();
+  effects_of_ = 0;
+  VSA->SetRows({});
+  LblEffect->setText(tr("Preview shows what the chosen action makes of every account."));
+}
+
+void FrmCorpAction::CmdPreview_Click() {
+  ShowEffects();
+}
+
+void FrmCorpAction::ShowEffects() {
+  const Action action = Chosen();
+  Result<std::vector<AccountEffect>> effects = [&] {
+    controls::ProgressDialog progress(this);
+    return book_.Preview(action, chosen_, progress);
+  }();
+  if (!effects) {
+    Show(effects.Why());
+    return;
+  }
+  effects_ = std::move(*effects);
+  effects_of_ = action.id.value;
+  FillAccounts(effects_);
+  TellOfEffects(action, effects_.size());
+  constexpr int kAccountsPanel = 2;
+  ShowPanel(kAccountsPanel);
+}
+
+void FrmCorpAction::FillAccounts(const std::vector<AccountEffect>& effects) {
+  const Action action = Chosen();
+  const lookups::Directory directory(*Session().connection);
+  const bool choice = HasChoice(action.kind);
+  VSA->SetColumns({{.heading = tr("Client")},
+                   {.heading = tr("Demat A/c No.")},
+                   {.heading = tr("Shares Before"), .mask = Mask::kNumber},
+                   {.heading = action.kind == ActionKind::kBuyBack ? tr("Given") : tr("Subscribed"),
+                    .mask = Mask::kNumber,
+                    .editable = choice && !action.applied,
+                    .hidden = !choice},
+                   {.heading = tr("Received"), .mask = Mask::kNumber},
+                   {.heading = tr("Shares After"), .mask = Mask::kNumber},
+                   {.heading = tr("Fraction"), .mask = Mask::kNumber},
+                   {.heading = tr("Paid for It"), .mask = Mask::kAmount},
+                   {.heading = tr("Cost"), .mask = Mask::kAmount},
+                   {.heading = tr("Cost Moved"), .mask = Mask::kAmount}});
+  std::vector<controls::Row> rows;
+  for (std::size_t i = 0; i < effects.size(); ++i) {
+    const auto& [client, account, effect] = effects[i];
+    const text::Shares given = effect.before - effect.after;
+    rows.push_back(
+        {.id = static_cast<int>(i) + 1,
+         .cells = {QString::fromStdString(directory.Client(client).name),
+                   QString::fromStdString(directory.Account(account).number),
+                   effect.before.Number(),
+                   (action.kind == ActionKind::kBuyBack ? given : effect.received).Number(),
+                   effect.received.Number(), effect.after.Number(), effect.fraction.Number(),
+                   effect.fraction_money.Rupees(), effect.cost_before.Rupees(),
+                   effect.cost_moved.Rupees()}});
+  }
+  VSA->SetRows(std::move(rows));
+}
+
+void FrmCorpAction::TellOfEffects(const Action& action, std::size_t accounts) {
+  const lookups::Directory directory(*Session().connection);
+  QString text = tr("%1 of %2, Ex-Date %3. Accounts that hold the shares: %4.")
+                     .arg(actions::Describe(action),
+                          QString::fromStdString(directory.Scrip(action.scrip).name), action.ex_day)
+                     .arg(accounts);
+  if (action.applied && !book_.IsCurrent(action)) {
+    text += QLatin1Char(' ') + tr("The books were changed since it was applied: take it back and "
+                                  "apply it again.");
+  } else if (action.applied) {
+    text += QLatin1Char(' ') + tr("It is applied.");
+  }
+  LblEffect->setText(text);
+}
+
+/// Shares subscribed by rights, or given to a buy-back, as entered beside the account.
+void FrmCorpAction::VSA_AfterEdit(int row, int column) {
+  if (column != kChosen || row >= static_cast<int>(effects_.size())) {
+    return;
+  }
+  const AccountEffect& account = effects_[static_cast<std::size_t>(row)];
+  chosen_[{account.client, account.account}] = text::Shares(VSA->Model().Number(row, column));
+  const int at = row;
+  ShowEffects();
+  VSA->SelectRow(at);
+}
+
+void FrmCorpAction::CmdApply_Click() {
+  const Action action = Chosen();
+  if (effects_of_ != action.id.value) {
+    ShowEffects();
+  }
+  if (effects_of_ != action.id.value ||
+      !Say().Ask(tr("Apply %1 to the Holdings of %2 Accounts?")
+                     .arg(actions::Describe(action))
+                     .arg(effects_.size()),
+                 controls::Answer::kNo, controls::Icon::kInformation)) {
+    return;
+  }
+  const Result<std::size_t> applied = [&] {
+    controls::ProgressDialog progress(this);
+    return book_.Apply(std::span(&action.id, 1), chosen_, TheDesk().today(), progress);
+  }();
+  if (!applied) {
+    Show(applied.Why());
+    return;
+  }
+  Refill();
+  Say().Inform(tr("Applied to %1 Accounts. Carry the Stock Forward again where a Later Year was "
+                  "Opened already.")
+                   .arg(*applied));
+}
+
+void FrmCorpAction::CmdTakeBack_Click() {
+  const Action action = Chosen();
+  if (!Say().Ask(tr("Take back %1 of %2?").arg(actions::Describe(action), action.ex_day),
+                 controls::Answer::kNo, controls::Icon::kInformation)) {
+    return;
+  }
+  if (const MaybeRefusal refusal = book_.TakeBack(action.id)) {
+    Show(*refusal);
+    return;
+  }
+  Refill();
+}
+
+void FrmCorpAction::CmdFile_Click() {
+  TheDesk().open(QStringLiteral("ImpCorpAction"));
+}
+
+}  // namespace quorvane::corporate_actions

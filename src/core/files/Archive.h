@@ -10,7 +10,7 @@ struct ArchiveEntry {
 };
 
 /// The files in a zip archive, in its order, each read to its end and checked. Throws TableError
-/// for what is no whole zip archive, an encrypted one, one with a name that climbs out of its
+/// for what is no whole zip archive, an encrypted one, one with a name that leads out of its
 /// folder, with an archive inside, with too many files, or one that unpacks to more than
 /// kLargestUnpacked.
 std::vector<ArchiveEntry> ReadArchive(std::string_view bytes);

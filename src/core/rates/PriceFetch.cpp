@@ -3,8 +3,8 @@
 #include "core/files/Archive.h"
 #include "core/files/HtmlDocument.h"
 #include "core/files/TableFile.h"
-#include "core/rates/MoverTable.h"
-#include "core/rates/PriceArchive.h"
+#include "core/rates/PriceText.h"
+#include "core/rates/QuoteDesk.h"
 
 #include <QCoreApplication>
 #include <QDir>

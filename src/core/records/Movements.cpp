@@ -1,25 +1,13 @@
 #include "core/records/Movements.h"
 
 #include "core/IdMap.h"
-#include "core/records/Bill.h"
-#include "core/records/Opening.h"
+#include "core/records/MovementOf.h"
 #include "core/records/Query.h"
-#include "core/records/Transfer.h"
-#include "core/text/Amounts.h"
 
 namespace quorvane::records {
 namespace {
 
 constexpr int kSteps = 4;
-
-/// What the lines of a bill need of it.
-struct Header {
-  ClientYear of;
-  AccountId account;
-  BrokerId broker;
-  text::Date date;
-  bool dated = false;
-};
 
 class MovementReader {
  public:
@@ -65,39 +53,21 @@ class MovementReader {
   void ReadOpenings() {
     Scoped<Opening>().Each([this](const Opening& opening) {
       if (HasYear(opening, opening.id.value)) {
-        take_(MovementOf(opening));
+        TakeOpening(opening);
       }
     });
   }
 
-  Movement MovementOf(const Opening& opening) {
-    Movement m;
-    m.kind = MovementKind::kOpening;
-    m.fo = opening.fo;
-    m.dated = true;
-    m.client = opening.client;
-    m.year = opening.year;
-    m.account = opening.account;
-    m.scrip = opening.scrip;
-    m.document = opening.id.value;
-    m.quantity = opening.quantity;
-    m.rate = opening.rate;
-    m.brokerage = opening.brokerage;
-    m.net = text::Tidy(opening.rate + opening.brokerage);
-    m.amount = opening.total;
-    m.service_tax = opening.service_tax;
-    m.stt = opening.stt;
-    if (const auto date = text::ParseDmy(opening.purchase_date)) {
-      m.date = *date;
-    } else {
-      m.date = opening.year.FirstDay() - std::chrono::days(1);
+  void TakeOpening(const Opening& opening) {
+    const auto date = text::ParseDmy(opening.purchase_date);
+    if (!date) {
       faults_.push_back({FaultKind::kOpeningWithoutDate,
                          opening.client,
                          opening.id.value,
                          {},
                          opening.purchase_date.toStdString()});
     }
-    return m;
+    take_(MovementOf(opening, date.value_or(opening.year.FirstDay() - std::chrono::days(1))));
   }
 
   void ReadBills() {
@@ -120,7 +90,7 @@ class MovementReader {
 
   void ReadLines() {
     const auto take = [this](const BillLine& line) {
-      const Header* bill = headers_.Find(line.bill.value);
+      const BillHead* bill = headers_.Find(line.bill.value);
       if (bill == nullptr) {
         return;
       }
@@ -147,31 +117,6 @@ class MovementReader {
     }
   }
 
-  static Movement MovementOf(const BillLine& line, const Header& bill) {
-    Movement m;
-    m.kind = line.IsPurchase() ? MovementKind::kPurchase : MovementKind::kSale;
-    m.fo = line.fo;
-    m.dated = bill.dated;
-    m.non_delivery = line.delivery_type == kNonDeliveryBased;
-    m.client = line.client;
-    m.year = line.year;
-    m.account = bill.account;
-    m.scrip = line.scrip;
-    m.date = bill.date;
-    m.document = line.bill.value;
-    m.line = line.number;
-    m.other = bill.broker.value;
-    m.lot = line.lot;
-    m.quantity = line.quantity;
-    m.rate = line.rate;
-    m.brokerage = line.brokerage;
-    m.net = line.net;
-    m.amount = line.amount;
-    m.service_tax = line.service_tax;
-    m.stt = line.stt;
-    return m;
-  }
-
   void ReadTransfers() {
     Select<Transfer>(connection_).Where(&Transfer::year, scope_.year).Each([this](const auto& row) {
       const bool wanted = !scope_.client || scope_.every_transfer || row.client == *scope_.client ||
@@ -187,24 +132,17 @@ class MovementReader {
   }
 
   void TakeBothEnds(const Transfer& transfer) {
-    Movement m = MovementOf(transfer);
-    if (!m.dated) {
+    const Movement out = TransferOut(transfer);
+    if (!out.dated) {
       AddFault(FaultKind::kTransferWithoutDate, transfer);
     }
     if (IsWanted(transfer.client)) {
-      take_(m);
+      take_(out);
     }
     if (transfer.from == transfer.to) {
       AddFault(FaultKind::kTransferToItself, transfer);
-      return;
-    }
-    m.kind = MovementKind::kTransferIn;
-    m.client = transfer.to_client;
-    m.account = transfer.to;
-    m.other = transfer.from.value;
-    m.lot = {};
-    if (IsWanted(transfer.to_client)) {
-      take_(m);
+    } else if (IsWanted(transfer.to_client)) {
+      take_(TransferIn(transfer));
     }
   }
 
@@ -212,32 +150,12 @@ class MovementReader {
     faults_.push_back({kind, transfer.client, transfer.id.value, {}, transfer.date.toStdString()});
   }
 
-  static Movement MovementOf(const Transfer& transfer) {
-    Movement m;
-    m.kind = MovementKind::kTransferOut;
-    m.client = transfer.client;
-    m.year = transfer.year;
-    m.account = transfer.from;
-    m.scrip = transfer.scrip;
-    const auto date = text::ParseDmy(transfer.date);
-    m.dated = date.has_value();
-    m.date = date.value_or(text::Date{});
-    m.document = transfer.id.value;
-    m.other = transfer.to.value;
-    m.lot = transfer.lot;
-    m.quantity = transfer.quantity;
-    m.rate = transfer.rate;
-    m.net = transfer.rate;
-    m.amount = text::RoundAmount(transfer.rate * transfer.quantity.Number());
-    return m;
-  }
-
   database::Connection& connection_;
   const MovementScope& scope_;
   Faults& faults_;
   Progress& progress_;
   const std::function<void(const Movement&)>& take_;
-  IdMap<Header> headers_;
+  IdMap<BillHead> headers_;
   int steps_ = 0;
 };
 

@@ -9,7 +9,7 @@
 namespace quorvane::ui {
 
 /// Fetches the exchange's index feed in the background, keeps it in a file and tells its headline.
-/// Whatever goes wrong, there is just no headline.
+/// After a failure there is no headline.
 class HeadlineFeed : public QObject {
   Q_OBJECT
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transactions/bills/RateSource.h"
+#include "transactions/bills/EntryLookups.h"
 #include "transactions/bills/window/BillContext.h"
 #include "transactions/bills/window/BillHeaderPane.h"
 #include "transactions/bills/window/BillLineForm.h"

@@ -1,6 +1,6 @@
 #include "transactions/bills/window/FrmSalePurchase.h"
 
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 #include "transactions/bills/BillChecks.h"
 
 #include <QHBoxLayout>

@@ -4,7 +4,7 @@
 #include "core/records/Bill.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/BillEntry.h"
-#include "transactions/bills/RateSource.h"
+#include "transactions/bills/EntryLookups.h"
 #include "transactions/bills/window/BillContext.h"
 #include "transactions/bills/window/BillPane.h"
 

@@ -2,6 +2,105 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="hi_IN" sourcelanguage="en">
 <context>
+    <name>Actions</name>
+    <message>
+        <source>%1: Bill %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: Transfer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Holdings can&apos;t Follow: these Sales and Transfers from the Ex-Date on would Lack Shares. Delete them, Apply again, and Enter them anew.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2, %3 Shares</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>Enter Ex-Date.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Enter a Ratio Above Zero.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A Split Gives More Shares than were Held, such as 10 for 1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A Consolidation Gives Fewer Shares than were Held, such as 1 for 10.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select the Script that the Shares Go to.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Two Scripts must Differ.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter a Price Above Zero.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter a Percent of Cost between 0 and 100.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Consolidation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bonus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Merger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Demerger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Buy-Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Change of Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dividend</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Backup</name>
     <message>
         <source>The folder&apos;s name is too long.</source>
@@ -1573,6 +1672,10 @@ Maximum Allowed Value is: %1</source>
         <source>Folder</source>
         <translation>फ़ोल्डर</translation>
     </message>
+    <message>
+        <source>Select a BackUp!</source>
+        <translation>बैकअप चुनें!</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::backup::frmBackUpRestore</name>
@@ -1635,10 +1738,6 @@ Maximum Allowed Value is: %1</source>
 %1</translation>
     </message>
     <message>
-        <source>Select a BackUp!</source>
-        <translation>बैकअप चुनें!</translation>
-    </message>
-    <message>
         <source>The backup is whole: every file agrees with its checksum.</source>
         <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
     </message>
@@ -1688,10 +1787,6 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>There is no backup in this folder.</source>
         <translation>इस फ़ोल्डर में कोई बैकअप नहीं है।</translation>
-    </message>
-    <message>
-        <source>Select a BackUp!</source>
-        <translation>बैकअप चुनें!</translation>
     </message>
     <message>
         <source>The backup is whole: every file agrees with its checksum.</source>

@@ -122,18 +122,42 @@ constexpr std::array<IndexDefinition, 29> kIndexes{{
     {"ScriptAvgRate", "IxScriptAvgRateAccount", "Cid,Fyear,AcId"},
 }};
 
-constexpr std::array<ExtensionTable, 5> kExtensionTables{{
+constexpr std::array<ExtensionTable, 8> kExtensionTables{{
     {"ScripIsin", true},
+    {"CorpAction", true},
+    {"CorpActionLot", true},
+    {"Dividend", true},
     {"RemovedAccount", true},
     {"RecordKey", true},
     {"Writers", false},
     {"CommitMark", false},
 }};
 
-constexpr std::array<UpgradeStep, 5> kExtensionSteps{{
+constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
     {"ScripIsin", 1,
      "Create Table if not Exists ScripIsin(ScrId int(11) Not Null, Isin varchar(12) Not Null, "
      "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"CorpAction", 1,
+     "Create Table if not Exists CorpAction(Id int(11) Primary Key, Kind int(11) Not Null, ScrId "
+     "int(11) Not Null, ExDay varchar(10) Not Null, RecordDay varchar(10) Not Null, AllotDay "
+     "varchar(10) Not Null, NewShares double Not Null, OldShares double Not Null, OtherScrId "
+     "int(11) Not Null, Price double Not Null, CostPercent double Not Null, Note varchar(255) Not "
+     "Null, Applied int(11) Not Null, Index IxCorpActionScrip(ScrId)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"CorpActionLot", 1,
+     "Create Table if not Exists CorpActionLot(ActionId int(11) Not Null, Id int(11) Not Null, CId "
+     "int(11) Not Null, Fyear varchar(10) Not Null, AcId int(11) Not Null, ScrId int(11) Not Null, "
+     "Rate double Not Null, OutQty double Not Null, ToScrId int(11) Not Null, ToRate double Not "
+     "Null, InQty double Not Null, Acquired varchar(10) Not Null, Brk double Not Null, STax double "
+     "Not Null, STT double Not Null, FO int(11) Not Null, Primary Key(ActionId,Id), Index "
+     "IxCorpActionLotClient(CId,Fyear)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"Dividend", 1,
+     "Create Table if not Exists Dividend(Id int(11) Primary Key, ActionId int(11) Not Null, CId "
+     "int(11) Not Null, AcId int(11) Not Null, ScrId int(11) Not Null, DDate varchar(10) Not Null, "
+     "Qty double Not Null, PerShare double Not Null, Tax double Not Null, Index "
+     "IxDividendClient(CId), Index IxDividendAction(ActionId)) "
      "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"RemovedAccount", 1,
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
@@ -194,13 +218,24 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"ScriptAvgRate", "AcId", "ClientActDet"},
     {"ScriptAvgRate", "ScriptId", "Script"},
     {"ScriptAvgRate", "BrkId", "Broker"},
+    {"CorpAction", "ScrId", "Script"},
+    {"CorpAction", "OtherScrId", "Script"},
+    {"CorpActionLot", "ActionId", "CorpAction"},
+    {"CorpActionLot", "CId", "ClientInfo"},
+    {"CorpActionLot", "AcId", "ClientActDet"},
+    {"CorpActionLot", "ScrId", "Script"},
+    {"CorpActionLot", "ToScrId", "Script"},
+    {"Dividend", "ActionId", "CorpAction"},
+    {"Dividend", "CId", "ClientInfo"},
+    {"Dividend", "AcId", "ClientActDet"},
+    {"Dividend", "ScrId", "Script"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(
-    {"LoginId",  "ScriptClass", "ClientInfo", "ClientActDet", "DpIDs",
-     "DepPart",  "Broker",      "Script",     "ScriptType",   "STTPer",
-     "Exchange", "StkOpBal",    "BrOpBal",    "Stock",        "MarketRate",
-     "SPMaster", "BrPayment",   "BrRec",      "ScrTransfer",  "TransTaxPer"});
+    {"LoginId",     "ScriptClass", "ClientInfo", "ClientActDet", "DpIDs",     "DepPart",
+     "Broker",      "Script",      "ScriptType", "STTPer",       "Exchange",  "StkOpBal",
+     "BrOpBal",     "Stock",       "MarketRate", "SPMaster",     "BrPayment", "BrRec",
+     "ScrTransfer", "TransTaxPer", "CorpAction", "Dividend"});
 
 }  // namespace
 

@@ -66,10 +66,12 @@ void History::AddToBuffers(const Movement& m) {
   const Date date{std::chrono::days{m.day}};
   switch (m.kind) {
     case Kind::kOpening:
+    case Kind::kActionIn:
     case Kind::kPurchase:
     case Kind::kTransferIn: {
       Purchase purchase;
-      purchase.date = date;
+      purchase.date = Date{std::chrono::days{m.acquired}};
+      purchase.entered = date;
       purchase.quantity = m.quantity;
       purchase.lot_rate = m.lot_rate;
       purchase.net = m.net;
@@ -84,10 +86,11 @@ void History::AddToBuffers(const Movement& m) {
       purchases_.push_back(purchase);
       break;
     }
+    case Kind::kActionOut:
     case Kind::kSale:
     case Kind::kTransferOut:
-      sales_.push_back({date, m.quantity, m.lot_rate, m.net, m.amount, m.stt,
-                        m.kind == Kind::kTransferOut, date >= query_.from});
+      sales_.push_back({date, m.quantity, m.lot_rate, m.net, m.amount, m.stt, m.kind != Kind::kSale,
+                        date >= query_.from, m.kind == Kind::kActionOut});
       break;
   }
 }

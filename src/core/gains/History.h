@@ -51,11 +51,12 @@ struct HistoryQuery {
   Date from;  ///< sales before it use lots up but are not listed
   Date to;    ///< nothing after it counts
   FoChoice fo = FoChoice::kAll;
+  std::optional<ScripId> scrip = {};  ///< every scrip when there is none
 };
 
 /// What happened to one scrip in one account: lots that came in and what left, in date order.
-/// Purchases of one date: opening lots, bill lines by bill, transfers in; sales of one date: bill
-/// lines by bill, transfers out.
+/// Purchases of one date: opening lots, corporate actions, bill lines by bill, transfers in; sales
+/// of one date: corporate actions, bill lines by bill, transfers out.
 struct ScripHistory {
   ClientId client;
   ScripId scrip;
@@ -93,6 +94,7 @@ class History {
     std::int32_t line;
     Kind kind;
     bool fo;
+    std::int32_t acquired;  ///< as `day`
     double quantity;
     double lot_rate;
     double net;

@@ -25,7 +25,8 @@ void HistoryReader::Read() {
   ReadRanks(accounts_, history_.accounts_, "Select id From ClientActDet Order By ACNo,id");
   ReadLotRates();
   const HistoryQuery& query = history_.query_;
-  records::ReadMovements(connection_, {.client = query.client, .year = query.year},
+  records::ReadMovements(connection_,
+                         {.client = query.client, .year = query.year, .scrip = query.scrip},
                          history_.faults_, progress_, [this](const records::Movement& movement) {
                            if (IsWanted(movement)) {
                              Take(movement);
@@ -93,6 +94,7 @@ void HistoryReader::Take(const records::Movement& movement) {
   m.account_rank = accounts_.Of(movement.account.value);
   m.kind = movement.kind;
   m.day = DayNumber(movement.date);
+  m.acquired = DayNumber(movement.acquired);
   m.document = movement.document;
   m.line = movement.line;
   m.fo = movement.fo;

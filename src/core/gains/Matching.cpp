@@ -57,7 +57,7 @@ class Matcher {
 
 /// Adds what came in up to and on a day to the average, less what was already sold ahead of it.
 void Matcher::TakeIn(Date until) {
-  while (taken_in_ < purchases_.size() && purchases_[taken_in_].date <= until) {
+  while (taken_in_ < purchases_.size() && purchases_[taken_in_].entered <= until) {
     const Purchase& purchase = purchases_[taken_in_++];
     average_.Receive(purchase.remaining,
                      text::ToPaise(CostOf(purchase, purchase.remaining, charges_)));
@@ -124,7 +124,7 @@ std::int64_t Matcher::CostOfTheRest() {
   if (!average_wanted_ || purchases_.empty()) {
     return 0;
   }
-  TakeIn(std::ranges::max(purchases_, {}, &Purchase::date).date);
+  TakeIn(purchases_.back().entered);
   return average_.Cost();
 }
 
@@ -132,7 +132,7 @@ void Matcher::MatchSale(std::uint32_t row) {
   const Sale& sale = sales_[row];
   LookAhead(row);
   if (average_wanted_) {
-    TakeIn(sale.date);
+    TakeIn(sale.at_opening ? sale.date - std::chrono::days(1) : sale.date);
   }
   const double quantity = Shares::Clean(sale.quantity);
   OpenSale open{.sale = sale,

@@ -10,10 +10,11 @@ namespace quorvane::gains {
 
 using text::Date;
 
-/// One lot that came in: an opening lot, a purchase line or a transfer in. Rows are given in date
-/// order; that order is the order in which sales use them up.
+/// One lot that came in: an opening lot, a purchase line, a transfer in or what a corporate action
+/// gave. Rows are given in the order of `entered`; sales use them up in that order.
 struct Purchase {
-  Date date;
+  Date date;               ///< from which the shares count as held
+  Date entered;            ///< on which they came in; before it only for corporate actions
   double quantity = 0;     ///< shares
   double lot_rate = 0;     ///< rupees a share; compared exactly with a sale's lot rate
   double net = 0;          ///< rupees a share, brokerage included
@@ -27,16 +28,17 @@ struct Purchase {
   double remaining = 0;    ///< shares not yet used up; MatchSales lowers it
 };
 
-/// One sale line or transfer out, in date order.
+/// One sale line, transfer out or what a corporate action took, in date order.
 struct Sale {
   Date date;
-  double quantity = 0;    ///< shares
-  double lot_rate = 0;    ///< rate of the lot that the sale names
-  double net = 0;         ///< rupees a share, brokerage deducted
-  double amount = 0;      ///< rupees for the whole quantity
-  double stt = 0;         ///< rupees for the whole quantity
-  bool transfer = false;  ///< leaves by a transfer: uses lots up, gains nothing
-  bool listed = true;     ///< false for a sale before the period: uses lots up, is not reported
+  double quantity = 0;      ///< shares
+  double lot_rate = 0;      ///< rate of the lot that the sale names
+  double net = 0;           ///< rupees a share, brokerage deducted
+  double amount = 0;        ///< rupees for the whole quantity
+  double stt = 0;           ///< rupees for the whole quantity
+  bool transfer = false;    ///< leaves by a transfer: uses lots up, gains nothing
+  bool listed = true;       ///< false for a sale before the period: uses lots up, is not reported
+  bool at_opening = false;  ///< leaves before what comes in on its day: by a corporate action
 };
 
 enum class GainKind : std::uint8_t { kSpeculation, kShortTerm, kLongTerm };

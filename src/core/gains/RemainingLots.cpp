@@ -37,7 +37,13 @@ RemainingLot LotOf(const ScripHistory& history, const Purchase& purchase) {
 std::vector<RemainingLot> RemainingLots(database::Connection& connection,
                                         std::optional<ClientId> client, text::FinancialYear year,
                                         Progress& progress) {
-  History history(connection, {client, year, year.FirstDay(), year.LastDay()}, progress);
+  return RemainingLots(connection, HistoryQuery{client, year, year.FirstDay(), year.LastDay()},
+                       progress);
+}
+
+std::vector<RemainingLot> RemainingLots(database::Connection& connection, const HistoryQuery& query,
+                                        Progress& progress) {
+  History history(connection, query, progress);
   std::vector<RemainingLot> lots;
   std::vector<Match> matches;
   history.Visit([&](const ScripHistory& scrip) {

@@ -30,6 +30,11 @@ std::vector<RemainingLot> RemainingLots(database::Connection& connection,
                                         std::optional<ClientId> client, text::FinancialYear year,
                                         Progress& progress);
 
+/// The same at the end of a day, `query.to`: without what came in or left after it. By client code,
+/// scrip name, account number and the day on which the shares came in.
+std::vector<RemainingLot> RemainingLots(database::Connection& connection, const HistoryQuery& query,
+                                        Progress& progress);
+
 /// Finds the purchases of a lot rate in row order and remembers for each rate up to where they are
 /// used up. Built and asked in constant time a purchase and a sale.
 class LotIndex {

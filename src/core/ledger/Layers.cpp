@@ -35,10 +35,11 @@ void Layers::Add(const Movement& m) {
   if (lot == nullptr) {
     return;
   }
-  if (m.kind == MovementKind::kSale || m.kind == MovementKind::kTransferOut) {
+  if (!records::IsReceipt(m.kind)) {
     gone_[lot->id] += m.quantity;
   } else {
-    arrivals_.push_back({m.date, m.kind, m.document, m.line, lot->id, m.quantity, m.non_delivery});
+    arrivals_.push_back(
+        {m.acquired, m.kind, m.document, m.line, lot->id, m.quantity, m.non_delivery});
   }
 }
 

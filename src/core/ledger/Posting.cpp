@@ -3,6 +3,7 @@
 namespace quorvane::ledger {
 namespace {
 
+using records::ActionLot;
 using records::BillLine;
 using records::Opening;
 using records::Transfer;
@@ -29,6 +30,14 @@ void Move(Lots& lots, const Transfer& transfer, const Place& from, const Place& 
   TakeFrom(lots, KeyAt(from, transfer.scrip, transfer.rate), transfer.quantity);
 }
 
+LotKey OutOf(const ActionLot& action) {
+  return {action.Of(), action.account, action.scrip, action.rate};
+}
+
+LotKey InOf(const ActionLot& action) {
+  return {action.Of(), action.account, action.to_scrip, action.to_rate};
+}
+
 void PostSale(Lots& lots, const Place& place, BillLine& line) {
   const auto* lot = line.lot.value < 0 ? lots.Find(KeyAt(place, line.scrip, line.lot_rate))
                                        : lots.Find(place, line.lot, line.scrip);
@@ -48,6 +57,24 @@ void Post(Lots& lots, const Opening& opening) {
 
 void TakeBack(Lots& lots, const Opening& opening) {
   TakeFrom(lots, KeyOf(opening), opening.quantity);
+}
+
+void Post(Lots& lots, const ActionLot& action) {
+  if (action.in) {
+    lots.PostLot(Posting::kAdd, InOf(action), action.in);
+  }
+  if (action.out) {
+    TakeFrom(lots, OutOf(action), action.out);
+  }
+}
+
+void TakeBack(Lots& lots, const ActionLot& action) {
+  if (action.out) {
+    lots.PostLot(Posting::kAdd, OutOf(action), action.out);
+  }
+  if (action.in) {
+    TakeFrom(lots, InOf(action), action.in);
+  }
 }
 
 Place SourceOf(const Transfer& transfer) {

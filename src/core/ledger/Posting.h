@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ledger/Lots.h"
+#include "core/records/Action.h"
 #include "core/records/Bill.h"
 #include "core/records/Opening.h"
 #include "core/records/Transfer.h"
@@ -22,6 +23,11 @@ void Post(Lots& lots, const records::Transfer& transfer);
 void TakeBack(Lots& lots, const records::Transfer& transfer);
 Place SourceOf(const records::Transfer& transfer);
 Place DestinationOf(const records::Transfer& transfer);
+
+/// A lot of a corporate action takes its shares from the lot of the old rate and adds those that
+/// came of them to the lot of the new one.
+void Post(Lots& lots, const records::ActionLot& action);
+void TakeBack(Lots& lots, const records::ActionLot& action);
 
 /// A purchase goes into the lot of its scrip and rate, which it then names. A sale comes off the
 /// lot that it names; one that names a lot without a number yet finds it by `lot_rate`, and one

@@ -47,8 +47,11 @@ class Recount {
   void Count(const Movement& m) {
     switch (m.kind) {
       case MovementKind::kOpening:
+      case MovementKind::kActionIn:
       case MovementKind::kPurchase:
         return AddIn(m);
+      case MovementKind::kActionOut:
+        return TakeByAction(m);
       case MovementKind::kSale:
         return TakeSale(m);
       case MovementKind::kTransferIn:
@@ -75,6 +78,12 @@ class Recount {
       lots_.AdjustLotQty(Posting::kSubtract, m.lot, m.quantity);
     } else {
       without_lot_.push_back({{place, m.scrip}, m.document});
+    }
+  }
+
+  void TakeByAction(const Movement& m) {
+    if (const records::Lot* lot = lots_.Find(KeyOf(m))) {
+      lots_.AdjustLotQty(Posting::kSubtract, lot->id, m.quantity);
     }
   }
 

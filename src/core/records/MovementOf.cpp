@@ -3,6 +3,23 @@
 #include "core/text/Amounts.h"
 
 namespace quorvane::records {
+namespace {
+
+Movement OfAction(const ActionLot& lot, text::Date day) {
+  Movement m;
+  m.fo = lot.fo;
+  m.dated = true;
+  m.client = lot.client;
+  m.year = lot.year;
+  m.account = lot.account;
+  m.date = day;
+  m.acquired = day;
+  m.document = lot.action.value;
+  m.line = lot.number;
+  return m;
+}
+
+}  // namespace
 
 Movement MovementOf(const Opening& opening, text::Date date) {
   Movement m;
@@ -22,6 +39,7 @@ Movement MovementOf(const Opening& opening, text::Date date) {
   m.service_tax = opening.service_tax;
   m.stt = opening.stt;
   m.date = date;
+  m.acquired = date;
   return m;
 }
 
@@ -36,6 +54,7 @@ Movement MovementOf(const BillLine& line, const BillHead& bill) {
   m.account = bill.account;
   m.scrip = line.scrip;
   m.date = bill.date;
+  m.acquired = bill.date;
   m.document = line.bill.value;
   m.line = line.number;
   m.other = bill.broker.value;
@@ -60,6 +79,7 @@ Movement TransferOut(const Transfer& transfer) {
   const auto date = text::ParseDmy(transfer.date);
   m.dated = date.has_value();
   m.date = date.value_or(text::Date{});
+  m.acquired = m.date;
   m.document = transfer.id.value;
   m.other = transfer.to.value;
   m.lot = transfer.lot;
@@ -77,6 +97,32 @@ Movement TransferIn(const Transfer& transfer) {
   m.account = transfer.to;
   m.other = transfer.from.value;
   m.lot = {};
+  return m;
+}
+
+Movement ActionOut(const ActionLot& lot, text::Date day) {
+  Movement m = OfAction(lot, day);
+  m.kind = MovementKind::kActionOut;
+  m.scrip = lot.scrip;
+  m.quantity = lot.out;
+  m.rate = lot.rate;
+  m.net = lot.rate;
+  m.amount = text::RoundAmount(lot.rate * lot.out.Number());
+  return m;
+}
+
+Movement ActionIn(const ActionLot& lot, text::Date day) {
+  Movement m = OfAction(lot, day);
+  m.kind = MovementKind::kActionIn;
+  m.scrip = lot.to_scrip;
+  m.acquired = text::ParseDmy(lot.acquired).value_or(day);
+  m.quantity = lot.in;
+  m.rate = lot.to_rate;
+  m.brokerage = lot.brokerage;
+  m.net = text::Tidy(lot.to_rate + lot.brokerage);
+  m.amount = OpeningTotal(lot.in, lot.to_rate, lot.brokerage);
+  m.service_tax = lot.service_tax;
+  m.stt = lot.stt;
   return m;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/records/Action.h"
 #include "core/records/Bill.h"
 #include "core/records/Movements.h"
 #include "core/records/Opening.h"
@@ -28,5 +29,9 @@ Movement TransferOut(const Transfer& transfer);
 
 /// What comes into the account that the transfer is to.
 Movement TransferIn(const Transfer& transfer);
+
+/// What a corporate action takes out of the lot, and what it gives into the other one, on `day`.
+Movement ActionOut(const ActionLot& lot, text::Date day);
+Movement ActionIn(const ActionLot& lot, text::Date day);
 
 }  // namespace quorvane::records

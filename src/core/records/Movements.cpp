@@ -7,7 +7,7 @@
 namespace quorvane::records {
 namespace {
 
-constexpr int kSteps = 4;
+constexpr int kSteps = 5;
 
 class MovementReader {
  public:
@@ -25,6 +25,8 @@ class MovementReader {
     Done();
     ReadTransfers();
     Done();
+    ReadActions();
+    Done();
   }
 
  private:
@@ -40,6 +42,14 @@ class MovementReader {
     return select;
   }
 
+  /// The same of one scrip.
+  template <class Record>
+  Select<Record> ScopedToScrip() {
+    Select<Record> select = Scoped<Record>();
+    select.Where(&Record::scrip, scope_.scrip);
+    return select;
+  }
+
   /// Without a year a record belongs to no ledger and no statement.
   template <class Record>
   bool HasYear(const Record& record, int key) {
@@ -51,7 +61,7 @@ class MovementReader {
   }
 
   void ReadOpenings() {
-    Scoped<Opening>().Each([this](const Opening& opening) {
+    ScopedToScrip<Opening>().Each([this](const Opening& opening) {
       if (HasYear(opening, opening.id.value)) {
         TakeOpening(opening);
       }
@@ -100,8 +110,14 @@ class MovementReader {
       }
       take_(MovementOf(line, *bill));
     };
-    Select<BillLine> lines = Scoped<BillLine>();
-    if (scope_.charges) {
+    Select<BillLine> lines = ScopedToScrip<BillLine>();
+    if (scope_.charges && scope_.delivery) {
+      lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
+                 &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
+                 &BillLine::rate, &BillLine::brokerage, &BillLine::net, &BillLine::amount,
+                 &BillLine::service_tax, &BillLine::stt, &BillLine::fo, &BillLine::delivery_type>(
+          take);
+    } else if (scope_.charges) {
       lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
                  &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
                  &BillLine::rate, &BillLine::brokerage, &BillLine::net, &BillLine::amount,
@@ -118,7 +134,9 @@ class MovementReader {
   }
 
   void ReadTransfers() {
-    Select<Transfer>(connection_).Where(&Transfer::year, scope_.year).Each([this](const auto& row) {
+    Select<Transfer> transfers(connection_);
+    transfers.Where(&Transfer::year, scope_.year).Where(&Transfer::scrip, scope_.scrip);
+    transfers.Each([this](const Transfer& row) {
       const bool wanted = !scope_.client || scope_.every_transfer || row.client == *scope_.client ||
                           row.to_client == *scope_.client;
       if (wanted && HasYear(row, row.id.value)) {
@@ -148,6 +166,32 @@ class MovementReader {
 
   void AddFault(FaultKind kind, const Transfer& transfer) {
     faults_.push_back({kind, transfer.client, transfer.id.value, {}, transfer.date.toStdString()});
+  }
+
+  void ReadActions() {
+    IdMap<text::Date> days;
+    Select<Action>(connection_)
+        .Where(&Action::applied, true)
+        .Only<&Action::id, &Action::ex_day>([&](const Action& action) {
+          if (const auto day = text::ParseDmy(action.ex_day)) {
+            days.Put(action.id.value, *day);
+          }
+        });
+    days.Seal();
+    Scoped<ActionLot>().Each([&](const ActionLot& lot) {
+      if (const text::Date* day = days.Find(lot.action.value)) {
+        TakeLot(lot, *day);
+      }
+    });
+  }
+
+  void TakeLot(const ActionLot& lot, text::Date day) {
+    if (lot.out && (!scope_.scrip || lot.scrip == *scope_.scrip)) {
+      take_(ActionOut(lot, day));
+    }
+    if (lot.in && (!scope_.scrip || lot.to_scrip == *scope_.scrip)) {
+      take_(ActionIn(lot, day));
+    }
   }
 
   database::Connection& connection_;

@@ -59,14 +59,16 @@ MaybeRefusal SaveIn(Transaction& transaction, Scrip& scrip) {
   return std::nullopt;
 }
 
-/// The clients and years that have a bill with the scrip on it. The bills stay locked, so that none
-/// is saved between the look and the delete.
+/// The clients and years that have a bill with the scrip on it, or had a corporate action of it.
+/// The records stay locked, so that none is saved between the look and the delete.
 std::vector<ClientYear> HoldersOf(Transaction& transaction, ScripId id) {
   std::vector<ClientYear> holders;
   for (const auto& row : transaction.Open(
            "Select Distinct M.Cid,M.Fyear From SPTrans T Join SPMaster M On M.ID=T.SID "
-           "Where T.ScriptId=? Order By M.Cid,M.Fyear For Update",
-           id)) {
+           "Where T.ScriptId=? Union Select Distinct L.CId,L.Fyear From CorpActionLot L Join "
+           "CorpAction A On A.Id=L.ActionId Where A.ScrId=? Or A.OtherScrId=? "
+           "Order By Cid,Fyear For Update",
+           id, id, id)) {
     if (const auto year = text::FinancialYear::Parse(row.Text(1))) {
       holders.push_back({ClientId{row.Int(0)}, *year});
     }
@@ -86,6 +88,12 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   transaction.Execute("Delete From Stock Where ScriptId=?", id);
   transaction.Execute("Delete From MarketRate Where ScrId=?", id);
   transaction.Execute("Delete From ScripIsin Where ScrId=?", id);
+  transaction.Execute("Delete From Dividend Where ScrId=?", id);
+  transaction.Execute(
+      "Delete CorpActionLot From CorpActionLot Join CorpAction On CorpAction.Id="
+      "CorpActionLot.ActionId Where CorpAction.ScrId=? Or CorpAction.OtherScrId=?",
+      id, id);
+  transaction.Execute("Delete From CorpAction Where ScrId=? Or OtherScrId=?", id, id);
 }
 
 /// Passes a wish to stop on to a part of the work and counts nothing.

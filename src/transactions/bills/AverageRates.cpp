@@ -43,14 +43,24 @@ void ReceiveOpenings(std::span<const Movement> movements, Walks& walks) {
   }
 }
 
-/// Lines of a bill without a date come first.
+bool IsOfBill(const Movement& m) {
+  return m.kind == MovementKind::kPurchase || m.kind == MovementKind::kSale;
+}
+
+bool IsOfAction(const Movement& m) {
+  return m.kind == MovementKind::kActionIn || m.kind == MovementKind::kActionOut;
+}
+
+/// Lines of a bill without a date come first. A corporate action comes before the bills of its day,
+/// and what it takes before what it gives.
 std::vector<Movement> LinesInOrder(std::span<const Movement> movements) {
   std::vector<Movement> lines;
-  std::ranges::copy_if(movements, std::back_inserter(lines), [](const Movement& m) {
-    return m.kind == MovementKind::kPurchase || m.kind == MovementKind::kSale;
+  std::ranges::copy_if(movements, std::back_inserter(lines),
+                       [](const Movement& m) { return IsOfBill(m) || IsOfAction(m); });
+  std::ranges::sort(lines, {}, [](const Movement& m) {
+    return std::tuple(m.dated, m.date, IsOfBill(m), m.document, m.kind == MovementKind::kActionIn,
+                      m.line);
   });
-  std::ranges::sort(
-      lines, {}, [](const Movement& m) { return std::tuple(m.dated, m.date, m.document, m.line); });
   return lines;
 }
 
@@ -67,7 +77,7 @@ Walks WalkAccount(Connection& connection, const Place& place, std::span<const Mo
     if (walk == walks.end()) {
       continue;
     }
-    if (m.kind == MovementKind::kPurchase) {
+    if (records::IsReceipt(m.kind)) {
       walk->second.Receive(m.quantity.Number(), text::ToPaise(m.amount + m.service_tax));
     } else {
       walk->second.Release(m.quantity.Number());

@@ -14,11 +14,6 @@ using records::Movement;
 using records::MovementKind;
 using text::Shares;
 
-bool IsReceipt(const Movement& movement) {
-  return movement.kind == MovementKind::kOpening || movement.kind == MovementKind::kPurchase ||
-         movement.kind == MovementKind::kTransferIn;
-}
-
 /// Oldest first; a day that is not known comes after all others, and so does a lot without a
 /// number.
 auto AgeOf(const HeldLot& held) {
@@ -61,8 +56,8 @@ void LotDates::Receive(std::span<const Movement> movements, BillId without) {
   for (const Movement& m : movements) {
     const bool is_left_out =
         without && m.kind == MovementKind::kPurchase && m.document == without.value;
-    if (m.dated && IsReceipt(m) && !is_left_out) {
-      Receive(m.scrip, m.rate, m.date, m.quantity);
+    if (m.dated && records::IsReceipt(m.kind) && !is_left_out) {
+      Receive(m.scrip, m.rate, m.acquired, m.quantity);
     }
   }
 }

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/Progress.h"
+#include "core/Result.h"
+#include "core/actions/Effect.h"
+#include "core/database/Transaction.h"
+
+#include <map>
+#include <vector>
+
+namespace quorvane::actions {
+
+using records::Action;
+
+/// What an action makes of an account.
+struct AccountEffect {
+  ClientId client;
+  AccountId account;
+  Effect effect;
+};
+
+/// Shares subscribed by rights or given to a buy-back, where they are not the usual ones.
+using ChosenShares = std::map<std::pair<ClientId, AccountId>, Shares>;
+
+/// What the action makes of every account that holds the scrip when its ex-day begins, by client
+/// code and account number, as the books of that year have it. Changes nothing. One query a table.
+/// Throws DatabaseError and Cancellation.
+std::vector<AccountEffect> EffectsOf(database::Connection& connection, const Action& action,
+                                     const ChosenShares& chosen, Progress& progress);
+
+/// Applies a recorded action: its lots are written and the holdings follow. Refused, with a list,
+/// when sales or transfers of the ex-day or later would then lack shares. Reads plainly, so the
+/// transaction must run alone (database::Turn::kAlone). Returns the number of accounts.
+Result<std::size_t> Apply(database::Transaction& transaction, const Action& action,
+                          const ChosenShares& chosen, Progress& progress);
+
+/// Takes an applied action back: the holdings are as before it. Refused, with a list, when sales or
+/// transfers would then lack shares. The transaction must run alone.
+MaybeRefusal TakeBack(database::Transaction& transaction, const Action& action);
+
+}  // namespace quorvane::actions

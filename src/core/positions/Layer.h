@@ -1,0 +1,100 @@
+#pragma once
+
+#include "core/ClientYear.h"
+#include "core/text/Dates.h"
+#include "core/text/Paise.h"
+
+#include <compare>
+#include <cstdint>
+#include <vector>
+
+namespace quorvane::positions {
+
+using text::Date;
+using text::Paise;
+using text::Shares;
+
+/// How the shares of a layer were acquired first.
+enum class Source : std::uint8_t { kOpening, kPurchase, kBonus, kRights, kTransfer };
+
+/// Shares of one scrip in one account that were acquired together.
+struct Layer {
+  Date acquired;  ///< holding periods count from it
+  Date entered;   ///< into this account: the order in which shares leave
+  Shares quantity;
+  Paise cost;  ///< of the quantity, with brokerage and the tax on it, without STT
+  Source source = Source::kPurchase;
+};
+
+/// Where shares are: futures and options apart from shares held.
+struct Place {
+  AccountId account;
+  ScripId scrip;
+  bool fo = false;
+
+  auto operator<=>(const Place&) const = default;
+};
+
+/// What of a layer left the account, and what was got for it.
+enum class PieceKind : std::uint8_t {
+  kDelivery,     ///< sold by a bill
+  kSpeculation,  ///< bought and sold on one day without delivery
+  kFo,           ///< futures and options
+  kBuyBack,      ///< taken by the company
+  kFraction,     ///< a part of a share, paid for in money by a corporate action
+};
+
+/// A quantity that was sold, with the layer that it came from. The pieces of a sale add up to its
+/// amounts, to the paisa.
+struct Piece {
+  ClientId client{};
+  Place place{};
+  PieceKind kind = PieceKind::kDelivery;
+  bool has_cost = true;  ///< false for shares that were not there: cost and days are not known
+  Date acquired{};
+  Date entered{};
+  Date sold{};
+  Shares quantity{};
+  Paise cost{};
+  Paise sale{};      ///< before expenses
+  Paise expenses{};  ///< brokerage and the tax on it
+  Paise stt{};
+  Source source = Source::kPurchase;
+  int document = 0;  ///< key of the bill or corporate action
+  int line = 0;
+
+  Paise Gain() const { return has_cost ? sale - expenses - cost : Paise(); }
+};
+
+/// What an account holds of a scrip, by the day on which the layers entered.
+struct Holding {
+  ClientId client{};
+  Place place{};
+  std::vector<Layer> layers;
+
+  Shares Quantity() const;
+  Paise Cost() const;
+};
+
+/// An opening balance that is not what the years before leave. The balance is taken as recorded.
+struct Difference {
+  ClientYear of{};
+  Place place{};
+  Shares recorded{};
+  Shares computed{};
+  Paise recorded_cost{};
+  Paise computed_cost{};
+
+  Shares Excess() const { return recorded - computed; }
+};
+
+/// Shares that left an account which did not have them.
+struct Shortage {
+  ClientId client{};
+  Place place{};
+  Date day{};
+  Shares quantity{};
+  int document = 0;  ///< key of the bill, transfer or corporate action
+};
+
+}  // namespace quorvane::positions

@@ -1,4 +1,3 @@
-#include "core/files/Archive.h"
 #include "core/files/TableReaders.h"
 
 using namespace quorvane;

@@ -1,4 +1,4 @@
-#include "portfolio/BillRows.h"
+#include "portfolio/PortfolioRows.h"
 
 #include <fmt/format.h>
 

@@ -1,6 +1,5 @@
-#include "portfolio/MasterRows.h"
-
 #include "core/text/Pan.h"
+#include "portfolio/PortfolioRows.h"
 
 #include <algorithm>
 

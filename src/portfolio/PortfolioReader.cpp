@@ -1,6 +1,5 @@
-#include "portfolio/BillRows.h"
-#include "portfolio/MasterRows.h"
 #include "portfolio/Portfolio.h"
+#include "portfolio/PortfolioRows.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,5 @@
-#include "portfolio/RowFields.h"
-
 #include "core/lookups/Directory.h"
+#include "portfolio/PortfolioRows.h"
 
 namespace quorvane::portfolio {
 

@@ -4,7 +4,7 @@
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "core/database/SchemaTables.h"
-#include "core/ledger/StockCheck.h"
+#include "core/ledger/Rebuild.h"
 
 #include <cstdint>
 #include <string>

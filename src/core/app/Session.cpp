@@ -2,7 +2,7 @@
 
 #include "core/app/Ini.h"
 #include "core/database/DatabaseSettings.h"
-#include "core/database/ServerCheck.h"
+#include "core/database/Schema.h"
 #include "core/platform/Processes.h"
 #include "core/text/Amounts.h"
 

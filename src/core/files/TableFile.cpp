@@ -1,6 +1,5 @@
 #include "core/files/TableFile.h"
 
-#include "core/files/Archive.h"
 #include "core/files/CompoundFile.h"
 #include "core/files/TableReaders.h"
 

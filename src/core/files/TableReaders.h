@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/files/Archive.h"
 #include "core/files/TextTable.h"
 
 #include <span>
@@ -8,6 +7,21 @@
 #include <string_view>
 
 namespace quorvane::files {
+
+/// A file in a zip archive.
+struct ArchiveEntry {
+  std::string name;  ///< with its folders, as the archive writes it
+  std::string content;
+};
+
+/// The files in a zip archive, in its order, each read to its end and checked. Throws TableError
+/// for what is no whole zip archive, an encrypted one, one with a name that leads out of its
+/// folder, with an archive inside, with too many files, or one that unpacks to more than
+/// kLargestUnpacked.
+std::vector<ArchiveEntry> ReadArchive(std::string_view bytes);
+
+/// True when the bytes begin as a zip archive does, workbooks in the form of one included.
+bool IsArchive(std::string_view bytes);
 
 /// The readers of one form of file each; ReadTableFile chooses among them. Each throws TableError
 /// for what is not of its form. Of several sheets they read the first with contents, of a formula

@@ -1,5 +1,4 @@
-#include "core/ledger/StockCheck.h"
-
+#include "core/ledger/Rebuild.h"
 #include "core/records/Movements.h"
 
 #include <set>

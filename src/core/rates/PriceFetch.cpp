@@ -1,8 +1,8 @@
 #include "core/rates/PriceFetch.h"
 
-#include "core/files/Archive.h"
 #include "core/files/HtmlDocument.h"
 #include "core/files/TableFile.h"
+#include "core/files/TableReaders.h"
 #include "core/rates/PriceText.h"
 #include "core/rates/QuoteDesk.h"
 

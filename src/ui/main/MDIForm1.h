@@ -3,7 +3,7 @@
 #include "controls/Desk.h"
 #include "controls/Guard.h"
 #include "ui/Features.h"
-#include "ui/main/HeadlineFeed.h"
+#include "ui/main/MainHead.h"
 #include "ui/main/OutsideTools.h"
 
 #include <QMainWindow>

@@ -1,5 +1,4 @@
-#include "core/files/Archive.h"
-#include "core/files/Workbook.h"
+#include "core/files/TableReaders.h"
 
 using namespace quorvane;
 

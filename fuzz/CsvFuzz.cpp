@@ -1,4 +1,4 @@
-#include "core/files/CsvText.h"
+#include "core/files/TableReaders.h"
 #include "core/rates/PriceFile.h"
 #include "core/rates/PriceText.h"
 

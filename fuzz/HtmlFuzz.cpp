@@ -1,5 +1,5 @@
 #include "core/files/HtmlDocument.h"
-#include "core/rates/MoverTable.h"
+#include "core/rates/PriceText.h"
 
 using namespace quorvane;
 

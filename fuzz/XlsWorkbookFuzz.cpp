@@ -1,4 +1,4 @@
-#include "core/files/XlsWorkbook.h"
+#include "core/files/TableReaders.h"
 
 using namespace quorvane;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -11,7 +11,7 @@
 #include "core/app/Ini.h"
 #include "core/app/MachineKey.h"
 #include "core/app/Session.h"
-#include "core/platform/EndRequests.h"
+#include "core/platform/Processes.h"
 #include "reporting/output/window/RepView.h"
 #include "ui/help/FrmHelp.h"
 #include "ui/main/MDIForm1.h"

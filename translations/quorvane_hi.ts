@@ -1573,6 +1573,10 @@ Maximum Allowed Value is: %1</source>
         <source>Folder</source>
         <translation>फ़ोल्डर</translation>
     </message>
+    <message>
+        <source>Select a BackUp!</source>
+        <translation>बैकअप चुनें!</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::backup::frmBackUpRestore</name>
@@ -1635,10 +1639,6 @@ Maximum Allowed Value is: %1</source>
 %1</translation>
     </message>
     <message>
-        <source>Select a BackUp!</source>
-        <translation>बैकअप चुनें!</translation>
-    </message>
-    <message>
         <source>The backup is whole: every file agrees with its checksum.</source>
         <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
     </message>
@@ -1690,10 +1690,6 @@ Maximum Allowed Value is: %1</source>
         <translation>इस फ़ोल्डर में कोई बैकअप नहीं है।</translation>
     </message>
     <message>
-        <source>Select a BackUp!</source>
-        <translation>बैकअप चुनें!</translation>
-    </message>
-    <message>
         <source>The backup is whole: every file agrees with its checksum.</source>
         <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
     </message>
@@ -1742,9 +1738,13 @@ What it replaced lies in %2.</source>
         <source>Demat A/c</source>
         <translation>डीमैट खाता</translation>
     </message>
+    <message>
+        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
+        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
+    </message>
 </context>
 <context>
-    <name>quorvane::bills::BillLinePane</name>
+    <name>quorvane::bills::BillLineForm</name>
     <message>
         <source>F&amp;&amp;O</source>
         <translation>एफ़&amp;&amp;ओ</translation>
@@ -1833,6 +1833,13 @@ BSE %2   NSE %3</source>
     </message>
 </context>
 <context>
+    <name>quorvane::bills::BillLinePane</name>
+    <message>
+        <source>There is no Scrip of the Code %1.</source>
+        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::bills::BillPane</name>
     <message>
         <source>Lines of the bill</source>
@@ -1890,6 +1897,26 @@ BSE %2   NSE %3</source>
         <source>Delivery</source>
         <translation>डिलीवरी</translation>
     </message>
+    <message>
+        <source>%1 at %2, held since %3</source>
+        <translation>%1 शेयर, दर %2, %3 से</translation>
+    </message>
+    <message>
+        <source>Take the Sale from these Lots, with a Line for each?
+
+%1</source>
+        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
+
+%1</translation>
+    </message>
+    <message>
+        <source>Are You Sure, You want to Delete this Record?</source>
+        <translation>क्या आप सचमुच यह रिकॉर्ड हटाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Refresh Successfully!</source>
+        <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::FrmSalePurchase</name>
@@ -1942,36 +1969,12 @@ BSE %2   NSE %3</source>
         <translation>बिल सहेजा नहीं गया है। क्या उसे छोड़ दें?</translation>
     </message>
     <message>
-        <source>There is no Scrip of the Code %1.</source>
-        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
-    </message>
-    <message>
-        <source>Refresh Successfully!</source>
-        <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
-    </message>
-    <message>
-        <source>%1 at %2, held since %3</source>
-        <translation>%1 शेयर, दर %2, %3 से</translation>
-    </message>
-    <message>
         <source>There is a Bill No. %1 of this Broker on %2 already.
 
 Save this one, too?</source>
         <translation>इस ब्रोकर का %2 का बिल सं. %1 पहले से है।
 
 क्या इसे भी सहेजें?</translation>
-    </message>
-    <message>
-        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
-        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
-    </message>
-    <message>
-        <source>Take the Sale from these Lots, with a Line for each?
-
-%1</source>
-        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
-
-%1</translation>
     </message>
 </context>
 <context>

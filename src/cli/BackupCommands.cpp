@@ -1,7 +1,7 @@
 #include "admin/backup/Restore.h"
 #include "cli/Command.h"
 #include "cli/TerminalProgress.h"
-#include "core/app/SingleCopy.h"
+#include "core/app/Session.h"
 
 #include <QDateTime>
 #include <QDir>

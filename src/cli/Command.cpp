@@ -2,8 +2,8 @@
 
 #include "admin/backup/RestoreFiles.h"
 #include "cli/TerminalProgress.h"
-#include "core/platform/EndRequests.h"
 #include "core/platform/PrivateFile.h"
+#include "core/platform/Processes.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -16,8 +16,8 @@ struct DemoReport {
   std::optional<std::string> csv = {};  ///< in place of the document's own CSV
 };
 
-/// A kind of report: its name, which files are named by, and what hands out each client's report
-/// of a year. One line in DemoReports.cpp adds a report to the demonstration.
+/// A kind of report: its name, which files are named by, and the function that makes each client's
+/// report of a year. One line in DemoReports.cpp adds a report to the demonstration.
 struct DemoReportKind {
   using Give = std::function<void(const DemoReport&)>;
 
@@ -28,7 +28,7 @@ struct DemoReportKind {
 
 std::span<const DemoReportKind> DemoReportKinds();
 
-/// What hands out reports whose commands stand in files of their own.
+/// Makes the reports whose commands are in files of their own.
 void MakeDemoLedgers(Context& context, const lookups::Directory& directory,
                      text::FinancialYear year, const DemoReportKind::Give& give);
 void MakeDemoDematStatements(Context& context, const lookups::Directory& directory,

@@ -1,7 +1,7 @@
 #include "cli/Command.h"
 #include "core/app/AppInfo.h"
 #include "core/database/DatabaseError.h"
-#include "core/platform/EndRequests.h"
+#include "core/platform/Processes.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
 #include "cli/TerminalProgress.h"
 
-#include "core/platform/EndRequests.h"
+#include "core/platform/Processes.h"
 
 #include <unistd.h>
 

@@ -12,7 +12,7 @@ namespace quorvane::cli {
 /// cancels the work at its next step.
 std::unique_ptr<Progress> MakeTerminalProgress(bool quiet);
 
-/// The line that the user types after a question; nullopt when nobody sits at a terminal.
+/// The line that the user types after a question; nullopt when there is no terminal.
 std::optional<std::string> AskOnTerminal(const std::string& question);
 
 }  // namespace quorvane::cli

@@ -2,7 +2,7 @@
 
 #include "controls/Style.h"
 #include "controls/ZENButton.h"
-#include "core/platform/EndRequests.h"
+#include "core/platform/Processes.h"
 
 #include <QCoreApplication>
 #include <QDialog>

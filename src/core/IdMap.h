@@ -8,9 +8,8 @@
 
 namespace quorvane {
 
-/// Values by database key for the millions of look-ups of a set-wise pass: filled first, then
-/// sealed, then searched. Keys that lie close together, as keys of one table do, are found by
-/// place, others by bisection.
+/// Values by database key for millions of look-ups: filled first, then sealed, then searched. Keys
+/// that are close together, as keys of one table do, are found by place, others by bisection.
 template <class T>
 class IdMap {
  public:

@@ -12,7 +12,7 @@ class Progress {
  public:
   virtual ~Progress() = default;
 
-  /// A new stretch of work begins; `total` 0 means that its length is not known.
+  /// A new part of the work begins; `total` 0 means that its length is not known.
   virtual void Begin(const QString& what, std::int64_t total) {
     static_cast<void>(what);
     static_cast<void>(total);

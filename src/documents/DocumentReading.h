@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/platform/ProcessLimits.h"
+#include "core/platform/Processes.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -16,12 +16,12 @@ namespace quorvane::documents {
 
 /// How the reader program ends.
 enum ReaderStatus {
-  kReaderDone = 0,     ///< the page stands on its standard output
+  kReaderDone = 0,     ///< the page is on its standard output
   kReaderRefused = 1,  ///< a line for the user does
   kReaderUsedUp = 3    ///< its CPU time is used up
 };
 
-/// Where the program "quorvane-reader" lies: in the folder of the running program, in the folder
+/// Where the program "quorvane-reader" is: in the folder of the running program, in the folder
 /// above it, or where it is installed; empty when it is missing.
 QString FindReader();
 
@@ -33,8 +33,8 @@ struct ReadingLimits {
 };
 
 /// Has a page of a document read by a program of its own, which ends when it takes too long and
-/// with this object: whatever a document does to its reader, this program goes on. Nothing here
-/// waits; to be used in a thread with an event loop.
+/// with this object: when a document breaks its reader, this program goes on. Nothing here waits;
+/// to be used in a thread with an event loop.
 class DocumentReading : public QObject {
   Q_OBJECT
 

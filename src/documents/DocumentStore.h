@@ -2,17 +2,20 @@
 
 #include "core/Ids.h"
 #include "core/Result.h"
+#include "core/database/Connection.h"
 
+#include <QDateTime>
 #include <QString>
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace quorvane::documents {
 
 /// The scanned documents of the clients, one file a client: <folder>/<client's key>/<file name>.
-/// Nothing outside the store is ever written or removed, whatever names it is given and whatever
-/// links lie in it. Failures of the disk are thrown as std::runtime_error with path and reason.
+/// Nothing outside the store is ever written or removed, with any name and with any links in it.
+/// Failures of the disk are thrown as std::runtime_error with path and reason.
 class DocumentStore {
  public:
   static constexpr std::int64_t kMostBytes = std::int64_t{200} * 1024 * 1024;
@@ -63,5 +66,20 @@ class DocumentStore {
 
 /// Said about a document that is not there.
 Refusal FileDoesNotExist();
+
+/// A document that a client's record names.
+struct ListedDocument {
+  ClientId client;
+  QString code;
+  QString name;    ///< of the client
+  QString file;    ///< the file's name
+  QString path;    ///< empty when the file is not in the store
+  QDateTime kept;  ///< when it was put there
+  qint64 bytes = 0;
+};
+
+/// The documents of all clients, by the clients' code and id. Throws DatabaseError.
+std::vector<ListedDocument> ListDocuments(database::Connection& connection,
+                                          const documents::DocumentStore& store);
 
 }  // namespace quorvane::documents

@@ -1,6 +1,6 @@
 #include "documents/DocumentText.h"
 
-#include "core/platform/ProcessLimits.h"
+#include "core/platform/Processes.h"
 
 #include <QCoreApplication>
 #include <QDir>

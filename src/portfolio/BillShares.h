@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/ledger/Layers.h"
-#include "portfolio/MasterImport.h"
+#include "portfolio/ImportSteps.h"
 #include "portfolio/TakenDocuments.h"
 
 #include <span>

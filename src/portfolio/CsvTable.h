@@ -15,9 +15,9 @@
 
 namespace quorvane::portfolio {
 
-/// One file of a portfolio folder, read row by row with its columns in the layout's places,
-/// whatever their order in the file. What does not fit goes to the error list with its place, and
-/// reads as empty or 0.
+/// One file of a portfolio folder, read row by row with its columns in the layout's places, not in
+/// the file's order. What does not fit goes to the error list with its place, and reads as empty or
+/// 0.
 class CsvTable {
  public:
   /// The content is kept: texts of its rows are valid as long as the table.

@@ -3,8 +3,6 @@
 #include "core/database/Transaction.h"
 #include "core/lookups/Directory.h"
 #include "core/text/Dates.h"
-#include "portfolio/ExportBills.h"
-#include "portfolio/ExportMasters.h"
 #include "portfolio/ExportedNames.h"
 #include "portfolio/Portfolio.h"
 

@@ -1,7 +1,6 @@
-#include "portfolio/ExportBills.h"
-
 #include "core/records/Lot.h"
 #include "core/text/Dates.h"
+#include "portfolio/ExportedNames.h"
 #include "portfolio/OutputFile.h"
 #include "portfolio/Portfolio.h"
 

@@ -1,6 +1,5 @@
-#include "portfolio/ExportMasters.h"
-
 #include "core/records/Rates.h"
+#include "portfolio/ExportedNames.h"
 #include "portfolio/Portfolio.h"
 
 #include <map>

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "core/IdMap.h"
+#include "core/Progress.h"
+#include "core/database/Connection.h"
 #include "core/records/Masters.h"
 #include "core/records/Query.h"
+#include "portfolio/OutputFile.h"
 
 #include <set>
 #include <string>
@@ -94,5 +97,16 @@ struct ExportedNames {
   NameList<ParticipantId> participants;
   NameList<ExchangeId> exchanges;
 };
+
+// Further parts of ExportPortfolio, with the names that it uses.
+
+/// Writes bills.csv: bills by client, account, date and key, each with its lines in order.
+void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportedNames& names,
+                 Progress& progress);
+
+/// Writes the master files and rates.csv: what the documents that were written before have used, or
+/// everything when the export is of every client.
+void ExportMasters(database::Connection& connection, OutputFolder& folder,
+                   const ExportedNames& names);
 
 }  // namespace quorvane::portfolio

@@ -1,9 +1,7 @@
 #include "portfolio/Import.h"
 
 #include "core/database/Transaction.h"
-#include "portfolio/MasterImport.h"
-#include "portfolio/MoneyImport.h"
-#include "portfolio/MovementImport.h"
+#include "portfolio/ImportSteps.h"
 
 namespace quorvane::portfolio {
 

@@ -1,7 +1,6 @@
-#include "portfolio/MoneyImport.h"
-
 #include "core/database/Keys.h"
 #include "core/records/Writing.h"
+#include "portfolio/ImportSteps.h"
 #include "portfolio/RecordedDocuments.h"
 
 #include <fmt/format.h>

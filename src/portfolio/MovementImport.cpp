@@ -1,12 +1,8 @@
-#include "portfolio/MovementImport.h"
-
-#include "core/ledger/Posting.h"
-#include "core/text/Amounts.h"
 #include "portfolio/BillShares.h"
+#include "portfolio/ImportSteps.h"
 #include "portfolio/RecordedDocuments.h"
 #include "portfolio/TakenDocuments.h"
-
-#include <fmt/format.h>
+#include "portfolio/TransferImport.h"
 
 #include <algorithm>
 #include <numeric>
@@ -29,7 +25,8 @@ class MovementImport {
         result_(result),
         progress_(progress),
         bill_shares_(portfolio, names, layers_, errors),
-        documents_(portfolio, names) {}
+        documents_(portfolio, names),
+        transfers_(names, layers_, documents_, errors) {}
 
   void Run() {
     // Each line is taken and then written.
@@ -50,18 +47,13 @@ class MovementImport {
   }
 
  private:
-  struct TransferEnds {
-    ResolvedNames::Owned from;
-    ResolvedNames::Owned to;
-  };
-
   /// What stands in the database in the years that the folder touches.
   void ReadRecorded() {
     database::Connection& connection = transaction_.GetConnection();
     const std::set<FinancialYear> years = TouchedYears(portfolio_);
     recorded_openings_.Read(connection, years);
     recorded_bills_.Read(connection, years);
-    recorded_transfers_.Read(connection, years);
+    transfers_.ReadRecorded(connection, years);
     for (const FinancialYear year : years) {
       for (const records::Lot& lot : ledger::ReadLots(connection, {{}, year, {}})) {
         lots_.Load(lot);
@@ -148,7 +140,7 @@ class MovementImport {
       BeginDate();
       for (; transfer < transfers.size() && portfolio_.transfers[transfers[transfer]].date == date;
            ++transfer) {
-        open_transfers_.push_back(&portfolio_.transfers[transfers[transfer]]);
+        transfers_.Add(portfolio_.transfers[transfers[transfer]]);
       }
       const std::size_t first_bill = bill;
       for (; bill < bills.size() && portfolio_.bills[bills[bill]].date == date; ++bill) {
@@ -157,7 +149,7 @@ class MovementImport {
       for (std::size_t i = first_bill; i < bill && !errors_.Full(); ++i) {
         TakeBill(portfolio_.bills[bills[i]]);
       }
-      FinishTransfers();
+      transfers_.ApplyRest();
     }
   }
 
@@ -190,92 +182,11 @@ class MovementImport {
     const Place place = PlaceOf(bill, client, *account);
     bill_shares_.ReceiveDelivered(bill, place);
     if (bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo) ||
-        (ApplyTransfers() && bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo)) ||
+        (transfers_.ApplyPossible() &&
+         bill_shares_.TrySales(bill, place, BillShares::Ahead::kNo)) ||
         bill_shares_.TrySales(bill, place, BillShares::Ahead::kAllowed)) {
       documents_.Add(bill, client, *account, bill_shares_.Lines());
     }
-  }
-
-  /// The date's transfers that are possible now; true when there was one.
-  bool ApplyTransfers() {
-    const std::size_t before = open_transfers_.size();
-    std::erase_if(open_transfers_, [this](const TransferRow* row) { return Apply(*row, false); });
-    return open_transfers_.size() < before;
-  }
-
-  /// A transfer may need what another one of its date brings.
-  void FinishTransfers() {
-    while (ApplyTransfers()) {
-    }
-    for (const TransferRow* row : open_transfers_) {
-      Apply(*row, true);
-    }
-    open_transfers_.clear();
-  }
-
-  bool Apply(const TransferRow& row, bool report) {
-    const auto ends = EndsOf(row, report);
-    if (!ends) {
-      return false;
-    }
-    records::Transfer transfer = row.record;
-    transfer.client = ends->from.client;
-    transfer.from = ends->from.account;
-    transfer.kind = ends->from.client == ends->to.client ? records::TransTo::kSameClient
-                                                         : records::TransTo::kOtherClient;
-    transfer.to = ends->to.account;
-    transfer.to_client = ends->to.client;
-    transfer.scrip = names_.scrips[row.scrip];
-    const auto taken = layers_.TakeFromLot(
-        names_.LotKeyAt(ledger::SourceOf(transfer), row.scrip, transfer.rate), transfer.quantity);
-    if (!taken) {
-      if (report) {
-        errors_.Add(FileKind::kTransfers, row.line, "quantity",
-                    "You Can't Transfer Scripts More than Balance. Maximum Allowed Value is: " +
-                        text::FormatAmount(taken.available.Number()).toStdString());
-      }
-      return false;
-    }
-    layers_.Receive(names_.LotKeyAt(ledger::DestinationOf(transfer), row.scrip, transfer.rate),
-                    row.date, transfer.quantity);
-    if (recorded_transfers_.Has(transfer)) {
-      errors_.Add(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
-    }
-    transfer.lot = taken.pieces.front().lot;
-    documents_.Add(transfer);
-    return true;
-  }
-
-  std::vector<ResolvedNames::Owned> AccountsOf(Symbol number, std::optional<Symbol> client) const {
-    std::vector<ResolvedNames::Owned> found = names_.Accounts(number);
-    if (client) {
-      std::erase_if(found, [&](const ResolvedNames::Owned& owned) {
-        return owned.client != names_.clients[*client];
-      });
-    }
-    return found;
-  }
-
-  std::optional<TransferEnds> EndsOf(const TransferRow& row, bool report) {
-    const auto from = AccountsOf(row.from_account, row.from_client);
-    const auto to = AccountsOf(row.to_account, row.to_client);
-    if (from.size() == 1 && to.size() == 1) {
-      return TransferEnds{from.front(), to.front()};
-    }
-    const auto fail = [&](const auto& found, std::string_view column,
-                          std::string_view client_column) {
-      if (report && found.size() != 1) {
-        errors_.Add(FileKind::kTransfers, row.line, column,
-                    found.empty()
-                        ? "expected a known account number"
-                        : fmt::format("several clients have an account of this number: the "
-                                      "column {} tells which",
-                                      client_column));
-      }
-    };
-    fail(from, "from_account", "from_client");
-    fail(to, "to_account", "to_client");
-    return std::nullopt;
   }
 
   Transaction& transaction_;
@@ -286,12 +197,11 @@ class MovementImport {
   Progress& progress_;
   RecordedDocuments<records::Opening> recorded_openings_;
   RecordedDocuments<records::Bill> recorded_bills_;
-  RecordedDocuments<records::Transfer> recorded_transfers_;
   ledger::Lots lots_;
   ledger::Layers layers_{lots_};
   BillShares bill_shares_;
   TakenDocuments documents_;
-  std::vector<const TransferRow*> open_transfers_;
+  TransferImport transfers_;
 };
 
 }  // namespace

@@ -78,7 +78,7 @@ struct AccountRow {
   std::size_t line = 0;
 };
 
-// Of the rows below, `record` has everything but its keys, which the names stand for.
+// Of the rows below, `record` has everything but its keys: these follow from the names.
 
 struct OpeningRow {
   records::Opening record;

@@ -2,7 +2,7 @@
 
 #include "core/Progress.h"
 #include "core/ledger/Lots.h"
-#include "portfolio/MasterImport.h"
+#include "portfolio/ImportSteps.h"
 #include "portfolio/Portfolio.h"
 
 #include <span>

@@ -1,6 +1,4 @@
-#include "reader/PdfPage.h"
-
-#include "reader/Paper.h"
+#include "reader/Pages.h"
 #include "reader/Refuse.h"
 
 #include <QFile>

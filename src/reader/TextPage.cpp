@@ -1,8 +1,5 @@
-#include "reader/TextPage.h"
-
 #include "documents/DocumentText.h"
-#include "reader/Paper.h"
-#include "reader/PicturePage.h"
+#include "reader/Pages.h"
 #include "reader/Refuse.h"
 
 #include <QAbstractTextDocumentLayout>

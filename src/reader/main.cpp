@@ -1,11 +1,9 @@
 #include "core/app/AppInfo.h"
-#include "core/platform/ProcessLimits.h"
+#include "core/platform/Processes.h"
 #include "documents/DocumentKind.h"
 #include "documents/DocumentReading.h"
-#include "reader/PdfPage.h"
-#include "reader/PicturePage.h"
+#include "reader/Pages.h"
 #include "reader/Refuse.h"
-#include "reader/TextPage.h"
 
 #include <QCommandLineParser>
 #include <QFile>

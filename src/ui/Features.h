@@ -14,7 +14,7 @@ namespace quorvane::ui {
 
 /// What choosing a menu item does.
 enum class MenuAction {
-  kNoItem,   ///< the feature does not stand in the menu
+  kNoItem,   ///< the feature is not in the menu
   kHeading,  ///< opens its sub-menu
   kSeparator,
   kOpenWindow,
@@ -37,7 +37,7 @@ struct Feature {
   const char* item;     ///< object name of the menu item, such as "mnuClientInfo"
   const char* caption;  ///< of the menu item, with "&" before the access key
   MenuAction action;
-  const char* heading;  ///< the item whose sub-menu it stands in; empty for the menu bar
+  const char* heading;  ///< the item whose sub-menu it is in; empty for the menu bar
 
   const char* name = "";     ///< of the window or duty, by which other windows ask for it
   const char* chapter = "";  ///< the file of the user guide
@@ -47,7 +47,7 @@ struct Feature {
 /// Everything that the program does, in the order of the menu.
 std::span<const Feature> Features();
 
-/// The feature of a window or duty, in whatever capitals its name is given; nullptr when there is
+/// The feature of a window or duty, its name without regard to capitals; nullptr when there is
 /// none.
 const Feature* FindFeature(const QString& name);
 

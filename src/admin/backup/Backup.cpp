@@ -3,8 +3,8 @@
 #include "admin/backup/TableRows.h"
 #include "core/app/AppInfo.h"
 #include "core/database/Transaction.h"
-#include "core/platform/DiskSync.h"
 #include "core/platform/FileLock.h"
+#include "core/platform/PrivateFile.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -52,7 +52,7 @@ BackupFile CopyHashed(const QString& source, const QString& root, const QString&
                       ByteCount& count);
 
 struct FileBelow {
-  QString source;  ///< where it lies
+  QString source;  ///< its path
   QString path;    ///< its place in a backup
 };
 

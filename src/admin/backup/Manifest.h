@@ -22,7 +22,7 @@ struct TableColumn {
   bool operator==(const TableColumn&) const = default;
 };
 
-/// The rows of one table lie in "tables/<name>.tsv".
+/// The rows of one table are in "tables/<name>.tsv".
 struct TableEntry {
   std::string name;
   std::vector<TableColumn> columns;  ///< in the order of the file

@@ -23,7 +23,7 @@ namespace quorvane::backup {
 Result<QString> RestoreBackup(const Source& source, const QString& backup, const QDateTime& now,
                               Progress& progress);
 
-/// Where the copies of replaced data lie.
+/// Where the copies of replaced data are.
 QString ReplacedFolder(const app::Folders& folders);
 
 /// What a backup holds, for the user who chooses one: "Clients", 12 and so on.

@@ -1,7 +1,6 @@
 #include "admin/backup/RestoreFiles.h"
 
 #include "admin/settings/Settings.h"
-#include "core/platform/DiskSync.h"
 #include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 

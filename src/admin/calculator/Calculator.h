@@ -8,7 +8,7 @@
 namespace quorvane::calculator {
 
 /// A desk calculator: what is entered is worked off from left to right. After an error ("Division
-/// by Zero") every key but those that clear is passed over.
+/// by Zero") every key but those that clear does nothing.
 class Calculator {
  public:
   enum class Operation { kNone, kAdd, kSubtract, kMultiply, kDivide };

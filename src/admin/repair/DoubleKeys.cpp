@@ -1,7 +1,7 @@
 #include "admin/repair/DoubleKeys.h"
 
-#include "core/database/KeyReferences.h"
 #include "core/database/Keys.h"
+#include "core/database/SchemaTables.h"
 
 #include <QCoreApplication>
 

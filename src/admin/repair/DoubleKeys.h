@@ -22,16 +22,16 @@ struct DoubleRecord {
 /// All of them, by table, key and row.
 std::vector<DoubleRecord> FindDoubleRecords(database::Connection& connection);
 
-/// What came of giving new keys.
+/// The result of giving new keys.
 struct NewKeys {
   int given = 0;
   int removed = 0;      ///< copies, equal to the record that stays in every field
   QStringList refused;  ///< a sentence for each key that stays doubled, with the reason
 };
 
-/// Gives all but the first record of each doubled key a new one, in one transaction. What names the
-/// key goes along when the client tells which record it means; where nothing tells, equal records
-/// become one, and others stay as they are. Throws DatabaseError.
+/// Gives all but the first record of each doubled key a new one, in one transaction. Records that
+/// name the key get the new one when their client shows which record is meant; where it does not,
+/// equal records become one, and others stay as they are. Throws DatabaseError.
 NewKeys GiveNewKeys(database::Connection& connection);
 
 }  // namespace quorvane::repair

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "admin/repair/References.h"
+#include "core/Ids.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
+#include "core/database/SchemaTables.h"
 #include "core/ledger/Rebuild.h"
 
 #include <cstdint>
@@ -22,14 +23,31 @@ struct TableFault {
   std::string text;
 };
 
-/// A key that the program keeps unique by itself and that stands more than once.
+/// A key that the program keeps unique by itself and that is there more than once.
 struct DoubleKey {
   std::string table;
   std::string columns;
   std::int64_t keys = 0;  ///< how many of them
 };
 
-/// What a look through the whole database finds.
+/// Rows of a table that name a record which is not there. Reports pass over such rows or show them
+/// without a name.
+struct Dangling {
+  std::string table;
+  std::string column;
+  std::string names;  ///< table of the missing records
+  std::int64_t rows = 0;
+};
+
+/// Lines whose bill is gone. They count nowhere, and no new bill takes them over.
+struct LostLines {
+  ClientId client;
+  std::string year;
+  BillId bill;
+  std::int64_t lines = 0;
+};
+
+/// What a check of the whole database finds.
 struct TableCheck {
   std::vector<TableSize> sizes;  ///< every table, in the order of its creation
   std::vector<TableFault> faults;
@@ -50,10 +68,20 @@ struct TableCheck {
 /// The number of rows of every table, in the order of its creation.
 std::vector<TableSize> CountRows(database::Connection& connection);
 
-/// Lets the server check every table, then looks through keys, references and lots as they are at
-/// one instant. A table that cannot be read is told of, and the look goes on with the others.
-/// Changes nothing. Not for use inside a transaction. Throws DatabaseError when the connection is
-/// lost, or Cancellation.
+/// Lets the server check every table, then checks keys, references and lots as they are at one
+/// instant. A table that cannot be read is listed, and the check goes on with the others. Changes
+/// nothing. Not for use inside a transaction. Throws DatabaseError when the connection is lost, or
+/// Cancellation.
 TableCheck CheckTables(database::Connection& connection, Progress& progress);
+
+/// The references to look into; not those of the scratch table.
+std::vector<database::KeyReference> CheckedReferences();
+
+/// How many rows name a record that is not there. NULL and 0 name none.
+std::int64_t CountDangling(database::Connection& connection,
+                           const database::KeyReference& reference);
+
+/// By bill.
+std::vector<LostLines> FindLostLines(database::Connection& connection);
 
 }  // namespace quorvane::repair

@@ -1,6 +1,6 @@
 #include "admin/settings/DatabaseTrial.h"
 
-#include "core/database/ServerCheck.h"
+#include "core/database/Schema.h"
 
 #include <QPromise>
 #include <QThreadPool>

@@ -7,8 +7,8 @@
 
 namespace quorvane::settings {
 
-/// Tries to reach a database without making anybody wait. One trial at a time; its answer comes by
-/// Finished, within seconds when nobody answers. A trial goes on by itself when the object goes.
+/// Tries to reach a database in the background. One trial at a time; its result comes by Finished,
+/// within seconds when no server answers. A trial ends by itself after the object is deleted.
 class DatabaseTrial : public QObject {
   Q_OBJECT
 

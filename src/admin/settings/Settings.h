@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Result.h"
+#include "core/app/Folders.h"
 #include "core/database/Connection.h"
 
 #include <QString>
@@ -75,5 +76,15 @@ bool IsOfDatabase(Text text);
 
 /// The texts that are kept in the user's screen settings, not with the application folder.
 bool IsOfScreen(Text text);
+
+/// The settings as they are kept in "OrvikConfig.INI" (section "ScrReso") and "Confg.ini" (all
+/// others), with the presets of what is missing there. Throws std::runtime_error when a file cannot
+/// be read.
+Settings LoadSettings(const app::Folders& folders);
+
+/// Keeps what differs from the files; every other line of them stays, and a preset is not
+/// written. Refused settings change nothing, and so does a failure (std::runtime_error) of either
+/// file.
+MaybeRefusal SaveSettings(const app::Folders& folders, const Settings& settings);
 
 }  // namespace quorvane::settings

@@ -1,5 +1,4 @@
-#include "admin/settings/SettingsFiles.h"
-
+#include "admin/settings/Settings.h"
 #include "core/app/Ini.h"
 #include "core/rates/QuoteDesk.h"
 

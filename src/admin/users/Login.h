@@ -21,7 +21,7 @@ class Attempts {
   explicit Attempts(Clock now = std::chrono::steady_clock::now);
 
   /// Failures of an account count until its own password is given: somebody who knows another one
-  /// cannot begin afresh. An empty account is a name that nobody has; any success forgets those.
+  /// cannot begin afresh. An empty account is a name that no user has; any success forgets those.
   void Failed(const QString& account);
   void Succeeded(const QString& account);
 

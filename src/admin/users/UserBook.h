@@ -34,7 +34,7 @@ class UserBook {
   std::optional<User> FindUser(const QString& name) const;
 
   /// Writes a new user, or a changed one in place of the old. Sets the id. Refused when another
-  /// user, or the administrator, has that name in whatever capitals.
+  /// user, or the administrator, has that name, without regard to capitals.
   MaybeRefusal Save(User& user);
 
   /// Gives a stored user another password and leaves the name; false when there is no such user.

@@ -19,7 +19,7 @@ struct IniSetting {
 
 /// A settings file of "[Section]" and "key=value" lines. Sections and keys are the same in capital
 /// and small letters; the first of several equal ones counts. The file is read anew at each call
-/// and may be changed by hand at any time.
+/// and may be edited at any time.
 class IniFile {
  public:
   explicit IniFile(QString path);
@@ -36,9 +36,9 @@ class IniFile {
   std::optional<QString> Find(const QString& section, const QString& key) const;
 
   /// Sets one value so that Read gives it back, and leaves every other line, comment and blank line
-  /// where it is. The file and its folder are made when missing;
-  /// nobody but this user can read the file afterwards. Either the whole change reaches
-  /// the disk or the file stays as it was. Throws std::runtime_error with the path and the reason.
+  /// where it is. The file and its folder are made when missing; nobody but this user can read the
+  /// file afterwards. Either the whole change reaches the disk or the file stays as it was. Throws
+  /// std::runtime_error with the path and the reason.
   void Write(const QString& section, const QString& key, const QString& value) const;
 
   /// The same for several settings at once: all of them reach the disk or none.

@@ -2,11 +2,11 @@
 
 #include "core/ClientYear.h"
 #include "core/app/Folders.h"
-#include "core/app/ScreenFactors.h"
-#include "core/app/SingleCopy.h"
+#include "core/app/Ini.h"
 #include "core/database/Connection.h"
 #include "core/database/PrivateServer.h"
 #include "core/database/Schema.h"
+#include "core/platform/FileLock.h"
 
 #include <QString>
 
@@ -18,7 +18,32 @@
 
 namespace quorvane::app {
 
-/// What the whole program shares, passed by reference to whoever needs it. Made by StartUp.
+/// How far windows, designed for 800 by 600 pixels, are stretched.
+struct ScreenFactors {
+  float horizontal = 1;
+  float vertical = 1;
+};
+
+/// The factors by section "ScrReso" of the screen settings. "Opt" 0 (also when missing) stretches
+/// to the screen, 1 to the resolution "X" by "Y" (where 0 stands for the screen's), anything else
+/// not at all. Screen sizes in pixels.
+ScreenFactors SetScreenFactors(const IniFile& screen_ini, int screen_width, int screen_height);
+
+/// Proof that this process is the only copy of the program working in an application folder. Ends
+/// with the object or with the process, so that a program that crashed does not keep others out.
+class SingleCopy {
+ public:
+  /// nullopt while another copy holds the folder; at once, without waiting. Makes the folder when
+  /// it is missing; throws std::runtime_error when it cannot be used.
+  static std::optional<SingleCopy> Take(const QString& application_folder);
+
+ private:
+  explicit SingleCopy(platform::FileLock lock);
+
+  platform::FileLock lock_;
+};
+
+/// What the whole program shares, passed by reference. Made by StartUp.
 struct Session {
   Folders folders;
   std::optional<SingleCopy> single_copy;
@@ -45,6 +70,10 @@ struct StartUpOptions {
   std::function<void()> on_first_start;  ///< the database folder is about to be made
 };
 
+/// Shown with the critical-stop icon to the user who starts a second copy.
+inline constexpr char kPreviousInstance[] =
+    "A Previous Instance of the Application is Already Running.";
+
 /// Another copy of the program works in this application folder. what() is the text to show.
 class AlreadyRunning : public std::runtime_error {
  public:
@@ -56,5 +85,11 @@ class AlreadyRunning : public std::runtime_error {
 /// std::runtime_error, also for a server that the program cannot work with; nothing is left running
 /// then.
 std::unique_ptr<Session> StartUp(const StartUpOptions& options);
+
+/// The client and year that a window opens for; throws std::runtime_error while none is chosen.
+ClientYear CurrentOf(const Session& session);
+
+/// "Payment To Broker - SUNANDA RAGHAV - 2011-12": what the window does, and for whom.
+QString ClientTitle(const QString& title, const Session& session);
 
 }  // namespace quorvane::app

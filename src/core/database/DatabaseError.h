@@ -5,8 +5,8 @@
 
 namespace quorvane::database {
 
-/// A failure of the database or of the way to it. what() is fit to be shown: the server's text, the
-/// SQLSTATE and the statement, never the values that were bound to it.
+/// A failure of the database or of the connection to it. what() is fit to be shown: the server's
+/// text, the SQLSTATE and the statement, never the values that were bound to it.
 class DatabaseError : public std::runtime_error {
  public:
   DatabaseError(std::string state, int native, const std::string& server_text,

@@ -1,6 +1,6 @@
 #include "core/database/Keys.h"
 
-#include "core/database/KeyReferences.h"
+#include "core/database/SchemaTables.h"
 
 #include <fmt/format.h>
 

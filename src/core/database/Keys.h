@@ -37,7 +37,7 @@ KeyCounters ReadCounters(Connection& connection);
 void RaiseCounters(Transaction& transaction, const KeyCounters& counters);
 
 /// Makes the counters that are missing. They start after every key that stands in the database,
-/// also where only lines name it whose record is gone: those lines stay nobody's.
+/// also where only lines name it whose record is gone: those lines belong to no record.
 void MakeCounters(Connection& connection);
 
 /// Makes room for a record that is about to be written whole, and returns its key. A stored record

@@ -1,6 +1,5 @@
 #include "core/database/PrivateServer.h"
 
-#include "core/platform/EndRequests.h"
 #include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
 

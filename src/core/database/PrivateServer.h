@@ -23,7 +23,7 @@ class PrivateServer {
   /// Joins the folder's server; makes the folder and starts the server when need be, which takes
   /// about a second the first time (`on_first_start` is then called). Throws std::runtime_error at
   /// once when a program, the driver or room on the disk is missing, and with the server's own
-  /// words and the way to its log when it does not come up; nothing is left running then.
+  /// words and the path of its log when it does not come up; nothing is left running then.
   explicit PrivateServer(const QString& folder,
                          const std::function<void()>& on_first_start = nullptr);
   ~PrivateServer();

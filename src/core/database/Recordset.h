@@ -31,7 +31,7 @@ struct ColumnBuffer {
   static constexpr std::int64_t kNull = -1;
 };
 
-/// The rows of a query, walked once from first to last:
+/// The rows of a query, read once from first to last:
 ///
 ///     for (const auto& row : connection.Open("Select Id,Name From Broker Order By Name")) {
 ///       Use(row.Int(0), row.Text("Name"));

@@ -1,9 +1,9 @@
 #include "core/database/Schema.h"
 
 #include "core/database/CommitMark.h"
-#include "core/database/ExtensionTables.h"
 #include "core/database/Keys.h"
 #include "core/database/SchemaTables.h"
+#include "core/database/SetUp.h"
 #include "core/database/Transaction.h"
 
 #include <QString>
@@ -22,63 +22,6 @@ constexpr std::string_view kStorage =
     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci";
 constexpr std::string_view kRowKey =
     "RowKey bigint unsigned Not Null Auto_Increment Invisible Primary Key";
-
-constexpr int kDuplicateColumn = 1060;
-constexpr int kDuplicateIndex = 1061;
-
-/// Runs the statements of a set-up and keeps what was refused, so that one refusal does not keep
-/// the rest from being done. A lost connection ends the set-up.
-class SetUp {
- public:
-  enum class Makes { kTablesAndColumns, kAids };
-
-  SetUp(Connection& connection, Makes makes) : connection_(connection), makes_(makes) {}
-
-  bool Run(const std::string& statement) {
-    try {
-      connection_.Execute(statement);
-      changed_ = true;
-      return true;
-    } catch (const DatabaseError& error) {
-      Skip(statement, error);
-      return false;
-    }
-  }
-
-  /// For a statement whose refusal is expected and answered by another one.
-  bool Try(const std::string& statement) {
-    const std::size_t before = skipped_.size();
-    const bool done = Run(statement);
-    skipped_.resize(before);
-    return done;
-  }
-
-  void Skip(const std::string& statement, const DatabaseError& error) {
-    if (error.IsConnectionLost()) {
-      throw error;
-    }
-    if (error.Native() == kDuplicateColumn || error.Native() == kDuplicateIndex) {
-      return;
-    }
-    skipped_.push_back({statement, error.what(), makes_ == Makes::kTablesAndColumns});
-  }
-
-  std::vector<SkippedStatement> Finish() {
-    if (changed_) {
-      connection_.ForgetStatements();
-      connection_.FlushTables();
-    }
-    return std::move(skipped_);
-  }
-
-  Connection& GetConnection() { return connection_; }
-
- private:
-  Connection& connection_;
-  Makes makes_;
-  bool changed_ = false;
-  std::vector<SkippedStatement> skipped_;
-};
 
 using Names = std::set<QString>;
 

@@ -2,6 +2,9 @@
 
 #include "core/database/Connection.h"
 
+#include <QString>
+
+#include <span>
 #include <string>
 #include <vector>
 
@@ -35,5 +38,14 @@ std::vector<SkippedStatement> PrepareDatabase(Connection& connection);
 
 /// The names of all tables that hold records, in the order of creation.
 std::vector<std::string> TableNames();
+
+/// Why the program cannot work with this server, with the setting to change; empty when it can. A
+/// server must tell table names not apart by case, and must let this user read, write, create and
+/// change tables. Changes nothing. Throws DatabaseError.
+QString WhyUnsuitable(Connection& connection);
+
+/// Why the program cannot work with tables of which the set-up had to leave this out; empty when it
+/// can: only what makes work quicker or safer is missing.
+QString WhyIncomplete(std::span<const SkippedStatement> skipped);
 
 }  // namespace quorvane::database

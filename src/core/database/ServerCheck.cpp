@@ -1,4 +1,4 @@
-#include "core/database/ServerCheck.h"
+#include "core/database/Schema.h"
 
 #include <QCoreApplication>
 #include <QStringList>

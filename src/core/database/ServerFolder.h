@@ -6,7 +6,7 @@
 
 namespace quorvane::database {
 
-/// The folder of the program's own server: what lies in it, and where the rest is when the folder
+/// The folder of the program's own server: what is in it, and where the rest is when the folder
 /// itself will not do.
 class ServerFolder {
  public:

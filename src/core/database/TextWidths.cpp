@@ -1,6 +1,5 @@
 #include "core/database/TextWidths.h"
 
-#include "core/database/ExtensionTables.h"
 #include "core/database/SchemaTables.h"
 
 #include <QCoreApplication>

@@ -8,10 +8,11 @@ namespace quorvane::database {
 /// one row of the table Writers. A database without the table has no turns.
 ///
 /// On one server a shared turn is a shared lock of the row and a turn alone an exclusive one, taken
-/// before anything else: who runs alone meets no lock of another. The nodes of a cluster do not see
-/// each other's locks, only each other's changes; there every transaction changes the row first, so
-/// that of two at once the later one is given up by the cluster and done again. Who wants to run
-/// alone there reserves the row for a while first, and the others wait before they begin.
+/// before anything else: a transaction that runs alone meets no lock of another. The nodes of a
+/// cluster do not see each other's locks, only each other's changes; there every transaction
+/// changes the row first, so that of two at once the later one is given up by the cluster and done
+/// again. A transaction that is to run alone there reserves the row for a while first, and the
+/// others wait before they begin.
 class Turns {
  public:
   explicit Turns(Connection& connection);

@@ -1,4 +1,4 @@
-#include "core/files/Archive.h"
+#include "core/files/TableReaders.h"
 
 #include <QCoreApplication>
 

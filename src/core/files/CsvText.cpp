@@ -1,5 +1,4 @@
-#include "core/files/CsvText.h"
-
+#include "core/files/TableReaders.h"
 #include "core/text/Csv.h"
 
 #include <QByteArrayView>

@@ -7,7 +7,7 @@
 
 namespace quorvane::files {
 
-/// A web page, read as browsers do: whatever is broken in it is passed over.
+/// A web page, read as browsers do: what is broken in it is passed over.
 class HtmlDocument {
  public:
   explicit HtmlDocument(std::string_view html);

@@ -13,7 +13,7 @@ struct OldRecord {
   std::string_view data;
 };
 
-/// Walks through the records of an .xls stream.
+/// Reads the records of an .xls stream.
 class OldRecords {
  public:
   OldRecords(std::string_view stream, std::size_t start) : stream_(stream), at_(start) {}

@@ -1,10 +1,7 @@
 #include "core/files/TableFile.h"
 
-#include "core/files/Archive.h"
 #include "core/files/CompoundFile.h"
-#include "core/files/CsvText.h"
-#include "core/files/Workbook.h"
-#include "core/files/XlsWorkbook.h"
+#include "core/files/TableReaders.h"
 
 #include <QCoreApplication>
 #include <QFile>

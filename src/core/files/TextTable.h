@@ -42,7 +42,7 @@ inline constexpr std::size_t kMostText = 256 << 20;
 /// The text without blanks, tabs, no-break blanks and line ends around it.
 std::string_view Trimmed(std::string_view utf8);
 
-/// Collects the cells of a sheet, whatever order they come in. Throws TableError beyond the bounds.
+/// Collects the cells of a sheet in any order. Throws TableError beyond the bounds.
 class TableBuilder {
  public:
   /// Rows and columns are counted from 0.

@@ -1,4 +1,4 @@
-#include "core/files/Workbook.h"
+#include "core/files/TableReaders.h"
 #include "core/files/XmlStream.h"
 
 #include <QCoreApplication>

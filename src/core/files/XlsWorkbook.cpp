@@ -1,7 +1,6 @@
-#include "core/files/XlsWorkbook.h"
-
 #include "core/files/CompoundFile.h"
 #include "core/files/OldRecords.h"
+#include "core/files/TableReaders.h"
 #include "core/text/Amounts.h"
 
 #include <QCoreApplication>

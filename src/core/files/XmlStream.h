@@ -6,9 +6,9 @@
 
 namespace quorvane::files {
 
-/// Walks through an XML text from start to end, an element or a piece of text at a time. Names are
-/// without their prefixes. Throws TableError where the text is no XML. Entities of the text's own
-/// are not replaced.
+/// Reads an XML text from start to end, an element or a piece of text at a time. Names are without
+/// their prefixes. Throws TableError where the text is no XML. Entities of the text's own are not
+/// replaced.
 class XmlStream {
  public:
   explicit XmlStream(std::string_view xml);

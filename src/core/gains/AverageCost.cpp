@@ -1,11 +1,14 @@
 #include "core/gains/AverageCost.h"
 
 #include "core/text/Amounts.h"
+#include "core/text/Shares.h"
 
 #include <algorithm>
 
 namespace quorvane::gains {
 namespace {
+
+using text::Shares;
 
 constexpr double kPaise = 100;  // a rupee
 
@@ -24,14 +27,14 @@ void AverageCost::Receive(double shares, std::int64_t paid) {
     return;
   }
   const double cost = held_ > 0 ? CostOf(held_) : 0;
-  held_ = CleanQuantity(held_ + shares);
+  held_ = Shares::Clean(held_ + shares);
   shares_ = held_;
   cost_ = cost + static_cast<double>(paid);
   held_cost_ += paid;
 }
 
 std::int64_t AverageCost::Release(double shares) {
-  held_ = std::max(0.0, CleanQuantity(held_ - shares));
+  held_ = std::max(0.0, Shares::Clean(held_ - shares));
   const std::int64_t left = held_ > 0 ? Rounded(CostOf(held_)) : 0;
   const std::int64_t cost = held_cost_ - left;
   held_cost_ = left;

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cmath>
 #include <cstdint>
 
 namespace quorvane::gains {
 
-/// The average cost of a holding while its movements are walked in order: of one scrip in one
+/// The average cost of a holding while its movements are taken in order: of one scrip in one
 /// account, for the statements at the average rate and for the average rates of the bill window.
 ///
 /// The average changes with what comes in only, and starts again after the holding was empty. Costs
@@ -34,16 +33,5 @@ class AverageCost {
   double shares_ = 1;  ///< with cost_ the average as it was after the last receipt
   double cost_ = 0;    ///< paise, not rounded
 };
-
-/// Shares without the rounding error of sums and differences: they have at most six decimals.
-inline double CleanQuantity(double shares) {
-  constexpr double kMillion = 1e6;
-  constexpr double kLargest = 9e9;
-  if (!(std::abs(shares) < kLargest)) {
-    return shares;
-  }
-  const auto millionths = static_cast<std::int64_t>(shares * kMillion + std::copysign(0.5, shares));
-  return static_cast<double>(millionths) / kMillion;
-}
 
 }  // namespace quorvane::gains

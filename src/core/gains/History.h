@@ -65,7 +65,7 @@ struct ScripHistory {
   std::span<const Sale> sales;
 };
 
-/// The movements of a year, read set-wise: one query a table whatever the number of clients.
+/// The movements of a year, read by one query a table, however many clients there are.
 class History {
  public:
   /// Throws DatabaseError or Cancellation.

@@ -20,9 +20,9 @@ HistoryReader::HistoryReader(database::Connection& connection, History& history,
     : connection_(connection), history_(history), progress_(progress) {}
 
 void HistoryReader::Read() {
-  ReadRanking(clients_, history_.clients_, "Select Id From ClientInfo Order By Code,Id");
-  ReadRanking(scrips_, history_.scrips_, "Select Id From Script Order By Name,Id");
-  ReadRanking(accounts_, history_.accounts_, "Select id From ClientActDet Order By ACNo,id");
+  ReadRanks(clients_, history_.clients_, "Select Id From ClientInfo Order By Code,Id");
+  ReadRanks(scrips_, history_.scrips_, "Select Id From Script Order By Name,Id");
+  ReadRanks(accounts_, history_.accounts_, "Select id From ClientActDet Order By ACNo,id");
   ReadLotRates();
   const HistoryQuery& query = history_.query_;
   records::ReadMovements(connection_,
@@ -34,16 +34,16 @@ void HistoryReader::Read() {
                          });
 }
 
-void HistoryReader::ReadRanking(Ranking& ranking, std::vector<int>& ids, std::string_view sql) {
-  ranking.ids = &ids;
+void HistoryReader::ReadRanks(Ranks& ranks, std::vector<int>& ids, std::string_view sql) {
+  ranks.ids = &ids;
   for (const auto& row : connection_.Open(sql)) {
-    ranking.known.Put(row.Int(0), static_cast<std::uint32_t>(ids.size()));
+    ranks.known.Put(row.Int(0), static_cast<std::uint32_t>(ids.size()));
     ids.push_back(row.Int(0));
   }
-  ranking.known.Seal();
+  ranks.known.Seal();
 }
 
-std::uint32_t HistoryReader::Ranking::Of(int id) {
+std::uint32_t HistoryReader::Ranks::Of(int id) {
   if (const std::uint32_t* rank = known.Find(id)) {
     return *rank;
   }

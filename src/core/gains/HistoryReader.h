@@ -19,7 +19,7 @@ class HistoryReader {
  private:
   /// Ids in the query's order become ranks; ids that documents name and no master knows follow in
   /// the order of their appearance.
-  struct Ranking {
+  struct Ranks {
     IdMap<std::uint32_t> known;
     std::vector<int>* ids = nullptr;
     std::vector<std::pair<int, std::uint32_t>> strangers;
@@ -27,7 +27,7 @@ class HistoryReader {
     std::uint32_t Of(int id);
   };
 
-  void ReadRanking(Ranking& ranking, std::vector<int>& ids, std::string_view sql);
+  void ReadRanks(Ranks& ranks, std::vector<int>& ids, std::string_view sql);
   void ReadLotRates();
   bool IsWanted(const records::Movement& movement) const;
   void Take(const records::Movement& movement);
@@ -36,9 +36,9 @@ class HistoryReader {
   database::Connection& connection_;
   History& history_;
   Progress& progress_;
-  Ranking clients_;
-  Ranking scrips_;
-  Ranking accounts_;
+  Ranks clients_;
+  Ranks scrips_;
+  Ranks accounts_;
   IdMap<double> lot_rates_;
 };
 

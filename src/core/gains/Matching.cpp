@@ -1,8 +1,10 @@
 #include "core/gains/Matching.h"
 
 #include "core/gains/AverageCost.h"
+#include "core/gains/MatchAmounts.h"
 #include "core/gains/RemainingLots.h"
 #include "core/text/Amounts.h"
+#include "core/text/Shares.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,36 +12,7 @@
 namespace quorvane::gains {
 namespace {
 
-/// Multiplies before it divides and rounds nothing, so that a cost on a half paisa stays there
-/// until it is rounded once.
-double CostOf(const Purchase& purchase, double shares, ChargeChoice charges) {
-  const double paid =
-      (charges.service_tax ? purchase.service_tax : 0) + (charges.stt ? purchase.stt : 0);
-  const double cost = purchase.net * shares;
-  return paid != 0 && purchase.quantity > 0 ? cost + paid * shares / purchase.quantity : cost;
-}
-
-/// Spreads a whole over parts of a quantity so that the rounded parts add up to it.
-class Spread {
- public:
-  Spread(double whole, double quantity)
-      : whole_(whole), quantity_(quantity), paise_(text::ToPaise(whole)) {}
-
-  /// The next part in paise, with `open` shares still to come after it.
-  std::int64_t Next(double open) {
-    const std::int64_t upto =
-        open > 0 && paise_ != 0 ? text::ToPaise(whole_ * (quantity_ - open) / quantity_) : paise_;
-    const std::int64_t part = upto - given_;
-    given_ = upto;
-    return part;
-  }
-
- private:
-  double whole_;
-  double quantity_;
-  std::int64_t paise_;
-  std::int64_t given_ = 0;
-};
+using text::Shares;
 
 class Matcher {
  public:
@@ -101,7 +74,7 @@ std::int64_t Matcher::CostPaise(std::uint32_t lot, double shares) {
   if (lot < taken_in_) {
     return average_.Release(shares);
   }
-  return text::ToPaise(CostOf(purchase, CleanQuantity(purchase.remaining + shares), charges_)) -
+  return text::ToPaise(CostOf(purchase, Shares::Clean(purchase.remaining + shares), charges_)) -
          text::ToPaise(CostOf(purchase, purchase.remaining, charges_));
 }
 
@@ -124,9 +97,9 @@ void Matcher::Record(OpenSale& open, std::uint32_t lot, double shares, std::int6
 /// Takes what the sale needs, at most what is left.
 void Matcher::UseUp(std::uint32_t lot, OpenSale& sale) {
   double& remaining = purchases_[lot].remaining;
-  const double taken = CleanQuantity(std::min(sale.open, remaining));
-  remaining = CleanQuantity(remaining - taken);
-  sale.open = CleanQuantity(sale.open - taken);
+  const double taken = Shares::Clean(std::min(sale.open, remaining));
+  remaining = Shares::Clean(remaining - taken);
+  sale.open = Shares::Clean(sale.open - taken);
   if (taken > 0) {
     Record(sale, lot, taken, CostPaise(lot, taken));
   }
@@ -161,7 +134,7 @@ void Matcher::MatchSale(std::uint32_t row) {
   if (average_wanted_) {
     TakeIn(sale.at_opening ? sale.date - std::chrono::days(1) : sale.date);
   }
-  const double quantity = CleanQuantity(sale.quantity);
+  const double quantity = Shares::Clean(sale.quantity);
   OpenSale open{.sale = sale,
                 .row = row,
                 .open = quantity,

@@ -78,7 +78,7 @@ double UnitCost(const Purchase& purchase, ChargeChoice charges);
 /// of all lots held at the sale (holding periods still follow the lots). The average counts the
 /// purchases of the sale's own day, starts again after the holding was empty, and leaves out lots
 /// that come in only after the sale: a sale that names such a lot takes that lot's cost. Service
-/// tax counts into the average cost whatever the choice of charges.
+/// tax counts into the average cost with every choice of charges.
 enum class CostBasis : std::uint8_t { kLot, kAverage };
 
 /// Uses the purchases up by the sales, each sale within the purchases of its lot rate, first in
@@ -87,9 +87,10 @@ enum class CostBasis : std::uint8_t { kLot, kAverage };
 /// Match. A sale's amount and STT are spread over its matches so that the parts add up to the
 /// whole, to the paisa.
 ///
-/// `purchases` and `sales` are those of one account and one scrip. Linear in their number, a sort
-/// aside. Returns, with CostBasis::kAverage, what all the shares that remain cost at the average,
-/// in paise: together with the costs of the matches it is what was paid. 0 with CostBasis::kLot.
+/// `purchases` and `sales` are those of one account and one scrip. Linear in their number, apart
+/// from a sort. Returns, with CostBasis::kAverage, what all the shares that remain cost at the
+/// average, in paise: together with the costs of the matches it is what was paid. 0 with
+/// CostBasis::kLot.
 std::int64_t MatchSales(std::span<Purchase> purchases, std::span<const Sale> sales,
                         ChargeChoice charges, CostBasis basis, std::vector<Match>& matches);
 

@@ -48,7 +48,7 @@ class LotIndex {
   /// one. Move it on with Next when its row is used up.
   std::uint32_t* Head(double lot_rate);
 
-  /// Starts to bring the memory of a rate near; says nothing about the rate.
+  /// Starts to load the memory of a rate into the cache; does not tell whether the rate is there.
   void Announce(double lot_rate) const { __builtin_prefetch(&slots_[Start(lot_rate)]); }
 
   /// The likely row of Head, at no cost; kEnd or a row of another rate now and then.

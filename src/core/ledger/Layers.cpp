@@ -38,7 +38,8 @@ void Layers::Add(const Movement& m) {
   if (!records::IsReceipt(m.kind)) {
     gone_[lot->id] += m.quantity;
   } else {
-    arrivals_.push_back({m.acquired, m.kind, m.document, m.line, lot->id, m.quantity, m.non_delivery});
+    arrivals_.push_back(
+        {m.acquired, m.kind, m.document, m.line, lot->id, m.quantity, m.non_delivery});
   }
 }
 

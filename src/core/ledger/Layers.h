@@ -25,7 +25,7 @@ struct Layer {
 /// first out by the day on which they were bought. Posts what comes in and goes out to the lots.
 ///
 /// Filled with Add and Arrange from recorded movements, over lots that have them already. Within a
-/// lot every sale and transfer uses up the oldest purchases first, whatever its own date.
+/// lot every sale and transfer uses up the oldest purchases first, also those of a later date.
 class Layers {
  public:
   /// The lots must outlive the layers. Another may not change them meanwhile.

@@ -41,9 +41,9 @@ struct LotKey {
 
 LotKey KeyOf(const records::Lot& lot);
 
-/// Lots in memory: what the ledger holds, and what records under entry or on their way in make of
-/// it. The one place where shares are posted; the ledger's table is read into it and written from
-/// it.
+/// Lots in memory: what the ledger holds, and what records that are being entered or imported make
+/// of it. The one place where shares are posted; the ledger's table is read into it and written
+/// from it.
 ///
 /// A lot that is made here has a number below 0 until it is written. Nothing in the database has
 /// such a number, so a record under entry may name the lot by it.
@@ -72,7 +72,7 @@ class Lots {
   bool IsDuplicate(LotId id) const;
 
   /// Posts a positive quantity into the lot of that key and returns its number. A lot that does not
-  /// exist is made with the quantity as it stands, whatever `posting` says; so a caller subtracts
+  /// exist is made with the quantity as it is given, with either `posting`; so a caller subtracts
   /// only from a lot that it has found.
   LotId PostLot(Posting posting, const LotKey& key, Shares quantity);
 
@@ -92,7 +92,7 @@ class Lots {
   /// All quantities become 0, as before the first document of the year.
   void Empty();
 
-  /// Calls `change` with every lot of that account, scrip and rate, whoever its client is.
+  /// Calls `change` with every lot of that account, scrip and rate, of every client.
   template <class Change>
   void ForEachClientAt(const LotKey& key, const Change& change) {
     for (std::uint32_t i = FirstAt(key); i != kNone; i = entries_[i].next) {
@@ -116,7 +116,7 @@ class Lots {
   struct KeyHash {
     std::size_t operator()(const LotKey& key) const noexcept;
   };
-  /// Equal whatever the client: a transfer finds the lots of its account by it.
+  /// Equal for different clients, too: a transfer finds the lots of its account by it.
   struct SamePlace {
     bool operator()(const LotKey& a, const LotKey& b) const noexcept;
   };
@@ -147,12 +147,12 @@ struct LotScope {
 /// The lots of the ledger in the order of their numbers.
 std::vector<records::Lot> ReadLots(Connection& connection, const LotScope& scope);
 
-/// Reads an account's lots into `lots` and locks them to the end of the transaction, so that nobody
-/// sells the same shares meanwhile. A record that touches several accounts locks them in ascending
-/// order, so that two records do not wait for each other.
+/// Reads an account's lots into `lots` and locks them to the end of the transaction, so that no
+/// other program sells the same shares meanwhile. A record that touches several accounts locks them
+/// in ascending order, so that two records do not wait for each other.
 void LockAndLoad(Transaction& transaction, Lots& lots, std::span<const Place> places);
 
-/// Replaces the client's lots of the year on the scratch table by these. Nobody reads them from
+/// Replaces the client's lots of the year on the scratch table by these. They are not read from
 /// there.
 void WriteScratch(Transaction& transaction, const ClientYear& of, const Lots& lots);
 void ClearScratch(Transaction& transaction, const ClientYear& of);

@@ -11,7 +11,7 @@
 namespace quorvane::ledger {
 
 // What each kind of record does to the lots. To put a record in the place of another, post the new
-// one first and then take the old one back: only what comes of both counts (Lots::Shortage).
+// one first and then take the old one back: only the quantities after both count (Lots::Shortage).
 
 /// An opening lot adds its shares to the lot of its scrip and rate.
 void Post(Lots& lots, const records::Opening& opening);

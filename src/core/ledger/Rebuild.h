@@ -4,6 +4,7 @@
 #include "core/ledger/Lots.h"
 #include "core/records/Faults.h"
 
+#include <optional>
 #include <vector>
 
 namespace quorvane::ledger {
@@ -21,14 +22,14 @@ struct StockCheck {
 };
 
 /// Compares the lots of the ledger with opening stock + purchases + transfers - sales. Changes
-/// nothing. One query a table, whatever the number of lots. Without `of`, every client and year.
+/// nothing. One query a table, however many lots there are. Without `of`, every client and year.
 StockCheck CheckStock(Connection& connection, const std::optional<ClientYear>& of,
                       Progress& progress);
 
-/// Recomputes the quantity of every lot that exists; lots that are missing are not made. Empties
-/// the scratch copy. A bill that another program saves meanwhile is counted or waits (LockLots), so
-/// the caller's transaction must not have read anything plainly before. Returns the number of lots
-/// changed.
+/// Sets the quantity of every lot that exists to what CheckStock finds; lots that are missing are
+/// not made. Empties the scratch copy. A bill that another program saves meanwhile is counted or
+/// waits (LockLots), so the caller's transaction must not have read anything plainly before.
+/// Returns the number of lots changed.
 std::size_t RebuildStock(Transaction& transaction, const std::optional<ClientYear>& of,
                          Progress& progress);
 

@@ -10,7 +10,7 @@
 namespace quorvane::lookups {
 
 /// What a grid column lets the user choose from. The three lists of scrips stand in the same order,
-/// by name from Z to A, whatever they show.
+/// by name from Z to A, with each of the texts that they show.
 enum class Choices {
   kParticipants,
   kScripTypes,

@@ -48,7 +48,7 @@ class Directory {
   /// The client's account of that number.
   const AccountEntry* FindAccount(ClientId client, std::string_view number) const;
 
-  /// Every account of that number, whoever owns it.
+  /// Every account of that number, of every client.
   std::vector<const AccountEntry*> FindAccounts(std::string_view number) const;
 
   const std::vector<ClientEntry>& Clients() const { return clients_; }     ///< by code

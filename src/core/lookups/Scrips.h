@@ -20,7 +20,7 @@ struct ScripFound {
   QString name;
   QString ncode;  ///< at the National exchange
 
-  /// Whatever the capitals, at either exchange.
+  /// Without regard to capitals, at either exchange.
   bool HasCode(const QString& wanted) const;
 
   /// By which it is shown: that of the Bombay exchange when it has one.
@@ -50,8 +50,8 @@ class ScripList {
   std::unordered_map<ScripId, std::size_t> places_;
 };
 
-/// The scrip of a code at either exchange, whatever the capitals; a code of the Bombay exchange
-/// comes first. An empty code finds nothing.
+/// The scrip of a code at either exchange, without regard to capitals; a code of the Bombay
+/// exchange comes first. An empty code finds nothing.
 std::optional<ScripFound> FindScripByCode(database::Connection& connection, const QString& code);
 
 }  // namespace quorvane::lookups

@@ -4,8 +4,8 @@
 
 namespace quorvane::platform {
 
-/// A lock on a file that the system itself lets go when the process ends, however it ends. Several
-/// holders may share it, or one holds it alone.
+/// A lock on a file that the system itself releases when the process ends, also after a crash.
+/// Several holders may share it, or one holds it alone.
 class FileLock {
  public:
   /// Makes the file when it is missing; throws std::runtime_error when it cannot be opened.
@@ -14,7 +14,7 @@ class FileLock {
   FileLock(FileLock&& other) noexcept;
   FileLock& operator=(FileLock&& other) noexcept;
 
-  /// False when another holder stands in the way. A held lock changes its kind.
+  /// False when another holder has it. A held lock changes its kind.
   bool TryShared();
   bool TryExclusive();
 

@@ -4,7 +4,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -52,6 +54,25 @@ void MakeOutputFolder(const QString& path) {
   if (mkdir(name.constData(), 0700) != 0 && !(errno == EEXIST && folder.isDir())) {
     throw std::runtime_error("cannot make the folder " + folder.filePath().toStdString() + ": " +
                              std::strerror(errno));
+  }
+}
+
+void SyncToDisk(const QString& folder) {
+  const int descriptor = open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) {
+    throw std::runtime_error("cannot open " + folder.toStdString() + ": " + std::strerror(errno));
+  }
+#ifdef __linux__
+  const bool done = syncfs(descriptor) == 0;
+#else
+  sync();
+  const bool done = true;
+#endif
+  const int error = errno;
+  close(descriptor);
+  if (!done) {
+    throw std::runtime_error("the disk does not keep " + folder.toStdString() + ": " +
+                             std::strerror(error));
   }
 }
 

@@ -21,4 +21,8 @@ void WritePrivate(const QString& path, QByteArrayView content);
 /// that are there stay as they are. Throws std::runtime_error.
 void MakeOutputFolder(const QString& path);
 
+/// Returns once everything that was written below a folder is safe from a power cut. Throws
+/// std::runtime_error when the system reports that it could not be written.
+void SyncToDisk(const QString& folder);
+
 }  // namespace quorvane::platform

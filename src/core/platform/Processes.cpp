@@ -3,10 +3,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -24,7 +31,6 @@
 #include <utility>
 
 namespace quorvane::platform {
-
 namespace {
 
 /// A process that has ended stays listed until its parent asks how, which in a container nobody
@@ -173,6 +179,81 @@ bool ShowWindowTitled(const QString& title) {
   static_cast<void>(title);
   return false;
 #endif
+}
+
+namespace {
+
+volatile std::sig_atomic_t status_when_used_up = 1;
+
+void EndUsedUp(int /*signal*/) {
+  _exit(status_when_used_up);
+}
+
+void Limit(int resource, rlim_t soft, rlim_t hard) {
+  rlimit limit = {};
+  if (getrlimit(resource, &limit) == 0) {
+    limit.rlim_cur = std::min(soft, limit.rlim_max);
+    limit.rlim_max = std::min(hard, limit.rlim_max);
+    setrlimit(resource, &limit);
+  }
+}
+
+// A signal's handler reaches nothing but what belongs to the whole process.
+volatile std::sig_atomic_t g_requested = 0;
+std::array<int, 2> g_pipe{-1, -1};
+
+void Note(int) {
+  g_requested = 1;
+  const int error = errno;
+  const char byte = 0;
+  // A full pipe has told it already.
+  static_cast<void>(write(g_pipe[1], &byte, 1) < 0);
+  errno = error;
+}
+
+}  // namespace
+
+void LimitThisProcess(const ProcessLimits& limits, int exit_status) {
+  status_when_used_up = exit_status;
+  std::signal(SIGXCPU, EndUsedUp);
+  const auto seconds = static_cast<rlim_t>(limits.cpu.count());
+  Limit(RLIMIT_CPU, seconds, seconds + 1);
+  Limit(RLIMIT_CORE, 0, 0);
+// The address sanitizer reserves terabytes of addresses for itself.
+#ifndef __SANITIZE_ADDRESS__
+  const auto bytes = static_cast<rlim_t>(limits.bytes);
+  Limit(RLIMIT_AS, bytes, bytes);
+#endif
+}
+
+void EndWithParent() {
+#ifdef __linux__
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
+}
+
+void NoteEndRequests() {
+  if (pipe2(g_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    return;
+  }
+  struct sigaction action = {};
+  action.sa_handler = Note;
+  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+    sigaction(signal, &action, nullptr);
+  }
+}
+
+bool EndRequested() {
+  return g_requested != 0;
+}
+
+void OnEndRequest(QObject* owner, const std::function<void()>& act) {
+  auto* notifier = new QSocketNotifier(g_pipe[0], QSocketNotifier::Read, owner);
+  QObject::connect(notifier, &QSocketNotifier::activated, owner, [notifier, act] {
+    notifier->setEnabled(false);
+    act();
+  });
 }
 
 }  // namespace quorvane::platform

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 
 namespace quorvane::platform {
 
@@ -37,19 +40,45 @@ void MakePrivateFolder(const QString& path);
 /// there stay as they are, links to some included. Throws std::runtime_error.
 void MakeMissingFolder(const QString& path);
 
-/// Makes a folder for a socket, with a short path and of this user alone. It lies where every
-/// session of the user sees it. Throws std::runtime_error.
+/// Makes a folder for a socket, with a short path and of this user alone. It is where every session
+/// of the user sees it. Throws std::runtime_error.
 QString NewShortFolder();
 
 /// Folders of the machine for what is needed only while a program runs, the fastest first.
 QStringList ScratchDisks();
 
-/// Where an executable lies; empty when it is not installed. Looks into the system's folders for
+/// Where an executable is; empty when it is not installed. Looks into the system's folders for
 /// servers too, which are not on every user's path.
 QString FindProgram(const QString& name);
 
 /// Shows the top-level window of another program by its title, in its normal size. False when there
 /// is none, and on systems that let no program do that.
 bool ShowWindowTitled(const QString& title);
+
+/// What a process may use.
+struct ProcessLimits {
+  std::chrono::seconds cpu{10};
+  std::int64_t bytes = std::int64_t{1536} << 20;  ///< of addresses
+};
+
+/// Bounds this process and each one that it starts, and lets none leave a copy of its memory on the
+/// disk. When its time is used up this process ends with `exit_status`; memory beyond the bound is
+/// not given. Limits that the system does not know are passed over.
+void LimitThisProcess(const ProcessLimits& limits, int exit_status);
+
+/// Has the system end this process when the one that started it ends, however that happens. Nothing
+/// happens where the system cannot. May be called between fork and exec.
+void EndWithParent();
+
+/// From now on a request to end this program (SIGTERM, SIGHUP, Ctrl-C) is noted, so that the
+/// program can end in good order with what it has started. A second request ends it at once.
+void NoteEndRequests();
+
+/// Whether such a request came. Long work asks this and then stops.
+bool EndRequested();
+
+/// Calls `act` from the event loop when the request comes, as long as `owner` lives. Once a
+/// program.
+void OnEndRequest(QObject* owner, const std::function<void()>& act);
 
 }  // namespace quorvane::platform

@@ -14,7 +14,7 @@ class QTimer;
 
 namespace quorvane::rates {
 
-/// What came of a download. `body` is whole when there is no `error`.
+/// The result of a download. `body` is whole when there is no `error`.
 struct Downloaded {
   QByteArray body;
   QString error = {};  ///< what went wrong, for a person; empty when nothing did
@@ -40,7 +40,7 @@ class Download : public QObject {
   explicit Download(QObject* parent = nullptr);
   ~Download() override;
 
-  /// Gives up what is under way (its answer is never given) and begins anew. `answer` is called
+  /// Cancels what is under way (its answer is never given) and begins anew. `answer` is called
   /// once, later; not at all when this object is gone or the download is cancelled by then.
   void Get(const QUrl& address, const DownloadLimits& limits, Answer answer);
   void Cancel();

@@ -1,10 +1,10 @@
 #include "core/rates/PriceFetch.h"
 
-#include "core/files/Archive.h"
 #include "core/files/HtmlDocument.h"
 #include "core/files/TableFile.h"
-#include "core/rates/MoverTable.h"
-#include "core/rates/PriceArchive.h"
+#include "core/files/TableReaders.h"
+#include "core/rates/PriceText.h"
+#include "core/rates/QuoteDesk.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -8,7 +8,7 @@
 
 namespace quorvane::rates {
 
-/// What came of a fetch: a file on the disk, or the rows of pages; or why there is nothing.
+/// The result of a fetch: a file on the disk, or the rows of pages; or why there is nothing.
 struct Fetched {
   QString failure = {};  ///< the text to show; empty when all went well
   QString path = {};     ///< the unpacked price file

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/rates/PriceFile.h"
 #include "core/text/Dates.h"
 
 #include <QByteArray>
@@ -28,5 +29,10 @@ double ClosingPriceIn(const QByteArray& csv, text::Date day);
 /// between "INR" and "-". 0 when there is no title or no such number.
 double BseQuoteIn(const QByteArray& page);
 double NseQuoteIn(const QByteArray& page);
+
+/// Adds the scrips on one page of gainers or losers, whose tables are "grd1" and "grd2", with
+/// their prices; a scrip that is there already stays as it is. Columns are told by their headings:
+/// a code, a name, and the last price. False when the page has no such table. Never throws.
+bool AddMovers(std::string_view html, PriceFile& file);
 
 }  // namespace quorvane::rates

@@ -2,10 +2,12 @@
 
 #include "core/app/Ini.h"
 #include "core/rates/Download.h"
+#include "core/rates/PriceFile.h"
 #include "core/text/Dates.h"
 
 #include <QByteArray>
 #include <QString>
+#include <QVector>
 
 #include <functional>
 #include <optional>
@@ -27,6 +29,11 @@ struct ExchangeHosts {
   static ExchangeHosts From(const app::IniFile& settings);
 };
 
+/// Where an exchange's archive keeps the daily price file of a day, the likeliest address first.
+/// Since 8 July 2024 both have the common daily file; before it, and after it when there is none,
+/// the Bombay exchange's is "/Hisbhav/eq<ddmmyy>_csv.zip". Empty without a host.
+QVector<QUrl> ArchiveAddresses(const ExchangeHosts& hosts, Exchange exchange, text::Date date);
+
 /// A scrip's price on a day. The exchange is "BSE" or "NSE", in any capitals and with blanks.
 struct PriceQuestion {
   QString exchange;
@@ -35,9 +42,9 @@ struct PriceQuestion {
   text::Date date;
 };
 
-/// Asks the exchanges for prices without making anybody wait. One question at a time: a new one
-/// takes the place of the one under way, whose answer is then never given. An answer comes within
-/// the time of DownloadLimits, in rupees; 0 when nothing was found, whatever the reason.
+/// Asks the exchanges for prices in the background. One question at a time: a new one takes the
+/// place of the one under way, whose answer is then never given. An answer comes within the time of
+/// DownloadLimits, in rupees; 0 when nothing was found, for any reason.
 class QuoteDesk : public QObject {
   Q_OBJECT
 

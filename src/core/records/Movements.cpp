@@ -1,26 +1,13 @@
 #include "core/records/Movements.h"
 
 #include "core/IdMap.h"
-#include "core/records/Action.h"
-#include "core/records/Bill.h"
-#include "core/records/Opening.h"
+#include "core/records/MovementOf.h"
 #include "core/records/Query.h"
-#include "core/records/Transfer.h"
-#include "core/text/Amounts.h"
 
 namespace quorvane::records {
 namespace {
 
 constexpr int kSteps = 5;
-
-/// What the lines of a bill need of it.
-struct Header {
-  ClientYear of;
-  AccountId account;
-  BrokerId broker;
-  text::Date date;
-  bool dated = false;
-};
 
 class MovementReader {
  public:
@@ -76,40 +63,21 @@ class MovementReader {
   void ReadOpenings() {
     ScopedToScrip<Opening>().Each([this](const Opening& opening) {
       if (HasYear(opening, opening.id.value)) {
-        take_(MovementOf(opening));
+        TakeOpening(opening);
       }
     });
   }
 
-  Movement MovementOf(const Opening& opening) {
-    Movement m;
-    m.kind = MovementKind::kOpening;
-    m.fo = opening.fo;
-    m.dated = true;
-    m.client = opening.client;
-    m.year = opening.year;
-    m.account = opening.account;
-    m.scrip = opening.scrip;
-    m.document = opening.id.value;
-    m.quantity = opening.quantity;
-    m.rate = opening.rate;
-    m.brokerage = opening.brokerage;
-    m.net = text::Tidy(opening.rate + opening.brokerage);
-    m.amount = opening.total;
-    m.service_tax = opening.service_tax;
-    m.stt = opening.stt;
-    if (const auto date = text::ParseDmy(opening.purchase_date)) {
-      m.date = *date;
-    } else {
-      m.date = opening.year.FirstDay() - std::chrono::days(1);
+  void TakeOpening(const Opening& opening) {
+    const auto date = text::ParseDmy(opening.purchase_date);
+    if (!date) {
       faults_.push_back({FaultKind::kOpeningWithoutDate,
                          opening.client,
                          opening.id.value,
                          {},
                          opening.purchase_date.toStdString()});
     }
-    m.acquired = m.date;
-    return m;
+    take_(MovementOf(opening, date.value_or(opening.year.FirstDay() - std::chrono::days(1))));
   }
 
   void ReadBills() {
@@ -132,7 +100,7 @@ class MovementReader {
 
   void ReadLines() {
     const auto take = [this](const BillLine& line) {
-      const Header* bill = headers_.Find(line.bill.value);
+      const BillHead* bill = headers_.Find(line.bill.value);
       if (bill == nullptr) {
         return;
       }
@@ -165,32 +133,6 @@ class MovementReader {
     }
   }
 
-  static Movement MovementOf(const BillLine& line, const Header& bill) {
-    Movement m;
-    m.kind = line.IsPurchase() ? MovementKind::kPurchase : MovementKind::kSale;
-    m.fo = line.fo;
-    m.dated = bill.dated;
-    m.non_delivery = line.delivery_type == kNonDeliveryBased;
-    m.client = line.client;
-    m.year = line.year;
-    m.account = bill.account;
-    m.scrip = line.scrip;
-    m.date = bill.date;
-    m.acquired = m.date;
-    m.document = line.bill.value;
-    m.line = line.number;
-    m.other = bill.broker.value;
-    m.lot = line.lot;
-    m.quantity = line.quantity;
-    m.rate = line.rate;
-    m.brokerage = line.brokerage;
-    m.net = line.net;
-    m.amount = line.amount;
-    m.service_tax = line.service_tax;
-    m.stt = line.stt;
-    return m;
-  }
-
   void ReadTransfers() {
     Select<Transfer> transfers(connection_);
     transfers.Where(&Transfer::year, scope_.year).Where(&Transfer::scrip, scope_.scrip);
@@ -208,50 +150,22 @@ class MovementReader {
   }
 
   void TakeBothEnds(const Transfer& transfer) {
-    Movement m = MovementOf(transfer);
-    if (!m.dated) {
+    const Movement out = TransferOut(transfer);
+    if (!out.dated) {
       AddFault(FaultKind::kTransferWithoutDate, transfer);
     }
     if (IsWanted(transfer.client)) {
-      take_(m);
+      take_(out);
     }
     if (transfer.from == transfer.to) {
       AddFault(FaultKind::kTransferToItself, transfer);
-      return;
-    }
-    m.kind = MovementKind::kTransferIn;
-    m.client = transfer.to_client;
-    m.account = transfer.to;
-    m.other = transfer.from.value;
-    m.lot = {};
-    if (IsWanted(transfer.to_client)) {
-      take_(m);
+    } else if (IsWanted(transfer.to_client)) {
+      take_(TransferIn(transfer));
     }
   }
 
   void AddFault(FaultKind kind, const Transfer& transfer) {
     faults_.push_back({kind, transfer.client, transfer.id.value, {}, transfer.date.toStdString()});
-  }
-
-  static Movement MovementOf(const Transfer& transfer) {
-    Movement m;
-    m.kind = MovementKind::kTransferOut;
-    m.client = transfer.client;
-    m.year = transfer.year;
-    m.account = transfer.from;
-    m.scrip = transfer.scrip;
-    const auto date = text::ParseDmy(transfer.date);
-    m.dated = date.has_value();
-    m.date = date.value_or(text::Date{});
-    m.acquired = m.date;
-    m.document = transfer.id.value;
-    m.other = transfer.to.value;
-    m.lot = transfer.lot;
-    m.quantity = transfer.quantity;
-    m.rate = transfer.rate;
-    m.net = transfer.rate;
-    m.amount = text::RoundAmount(transfer.rate * transfer.quantity.Number());
-    return m;
   }
 
   void ReadActions() {
@@ -273,51 +187,11 @@ class MovementReader {
 
   void TakeLot(const ActionLot& lot, text::Date day) {
     if (lot.out && (!scope_.scrip || lot.scrip == *scope_.scrip)) {
-      take_(OutOf(lot, day));
+      take_(ActionOut(lot, day));
     }
     if (lot.in && (!scope_.scrip || lot.to_scrip == *scope_.scrip)) {
-      take_(IntoOf(lot, day));
+      take_(ActionIn(lot, day));
     }
-  }
-
-  static Movement MovementOf(const ActionLot& lot, text::Date day) {
-    Movement m;
-    m.fo = lot.fo;
-    m.dated = true;
-    m.client = lot.client;
-    m.year = lot.year;
-    m.account = lot.account;
-    m.date = day;
-    m.acquired = day;
-    m.document = lot.action.value;
-    m.line = lot.number;
-    return m;
-  }
-
-  static Movement OutOf(const ActionLot& lot, text::Date day) {
-    Movement m = MovementOf(lot, day);
-    m.kind = MovementKind::kActionOut;
-    m.scrip = lot.scrip;
-    m.quantity = lot.out;
-    m.rate = lot.rate;
-    m.net = lot.rate;
-    m.amount = text::RoundAmount(lot.rate * lot.out.Number());
-    return m;
-  }
-
-  static Movement IntoOf(const ActionLot& lot, text::Date day) {
-    Movement m = MovementOf(lot, day);
-    m.kind = MovementKind::kActionIn;
-    m.scrip = lot.to_scrip;
-    m.acquired = text::ParseDmy(lot.acquired).value_or(day);
-    m.quantity = lot.in;
-    m.rate = lot.to_rate;
-    m.brokerage = lot.brokerage;
-    m.net = text::Tidy(lot.to_rate + lot.brokerage);
-    m.amount = OpeningTotal(lot.in, lot.to_rate, lot.brokerage);
-    m.service_tax = lot.service_tax;
-    m.stt = lot.stt;
-    return m;
   }
 
   database::Connection& connection_;
@@ -325,7 +199,7 @@ class MovementReader {
   Faults& faults_;
   Progress& progress_;
   const std::function<void(const Movement&)>& take_;
-  IdMap<Header> headers_;
+  IdMap<BillHead> headers_;
   int steps_ = 0;
 };
 

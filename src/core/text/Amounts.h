@@ -10,7 +10,7 @@
 namespace quorvane::text {
 
 /// The masks round half away from zero on the value's decimal form of 15 significant digits, so
-/// 2.675 gives 2.68 although the nearest double lies below it. They never write "-0.00". What is no
+/// 2.675 gives 2.68 although the nearest double is below it. They never write "-0.00". What is no
 /// finite number is written as "nan", "inf" or "-inf".
 QString FormatAmount(double value);     ///< "###0.00": rupees, rates, quantities
 QString FormatPercent(double value);    ///< "###0.000": percentages
@@ -36,7 +36,7 @@ double RoundAmount(double value);
 double Tidy(double value);
 
 /// A number as plain text: at most 15 significant digits, "." as the decimal mark, no exponent and
-/// no thousands separator, whatever the locale. 0 is "0", never "-0".
+/// no thousands separator, in every locale. 0 is "0", never "-0".
 QString NumberText(double value);
 void AppendNumber(std::string& out, double value);
 

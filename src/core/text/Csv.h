@@ -47,7 +47,7 @@ class CsvReader {
   std::size_t line_ = 1;
   std::size_t record_line_ = 0;
   std::vector<std::string_view> fields_;
-  std::deque<std::string> unquoted_;  ///< fields that do not stand in the text as they are
+  std::deque<std::string> unquoted_;  ///< fields that are not in the text as they are
 };
 
 /// Appends a field, quoted when it must be.

@@ -26,6 +26,18 @@ class Shares {
   /// The double nearest to the decimal number: what is stored, shown and multiplied by a rate.
   constexpr double Number() const { return static_cast<double>(millionths_) / kMillion; }
 
+  /// A quantity without the rounding error of sums and differences, for loops that count in
+  /// doubles. Of 9e9 shares and more it is left as it is.
+  static double Clean(double shares) {
+    constexpr double kLargest = 9e9;
+    if (!(std::abs(shares) < kLargest)) {
+      return shares;
+    }
+    const auto millionths =
+        static_cast<std::int64_t>(shares * kMillion + std::copysign(0.5, shares));
+    return OfMillionths(millionths).Number();
+  }
+
   constexpr auto operator<=>(const Shares&) const = default;
   constexpr explicit operator bool() const { return millionths_ != 0; }
 

@@ -31,10 +31,10 @@ struct DocumentPage {
 /// for a large one: not for the thread of the windows.
 DocumentPage MakePage(QImage image, const QSizeF& actual, int number, int count);
 
-/// How the reader program hands a page over. False when the device does not take it.
+/// Writes a page as the reader program passes it on. False when the device does not take it.
 bool WritePage(const DocumentPage& page, QIODevice& device);
 
-/// The page that was written; nullopt when the bytes are none within the bounds, whoever made them.
+/// The page that was written; nullopt when the bytes are no page within the bounds.
 std::optional<DocumentPage> PageOf(const QByteArray& bytes);
 
 }  // namespace quorvane::documents

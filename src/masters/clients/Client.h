@@ -42,14 +42,15 @@ QStringList MaritalStatusItems();
 
 /// The rules of a client in their order: first code, name and accounts; then, after the book has
 /// seen whether the code is free, the date of birth, the permanent account number and texts that
-/// are too long. What an older record holds and nobody changed, as in `stored`, stops no save.
+/// are too long. What an older record holds and was not changed, as in `stored`, does not stop a
+/// save.
 MaybeRefusal CheckEntries(const Client& client);
 MaybeRefusal CheckValues(const Client& client, const Client& stored);
 
 /// An empty text, or the mask that older records hold in place of one: "__/__/____".
 bool IsEmptyDate(const QString& date);
 
-/// Whether a row of the accounts' grid says nothing and is not to be kept. A row that stands in the
+/// Whether a row of the accounts' grid is empty and is not to be kept. A row that stands in the
 /// database is kept: records point at it.
 bool IsBlank(const Account& account);
 

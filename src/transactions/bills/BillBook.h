@@ -56,7 +56,7 @@ struct ListedBill {
   QString exchange;
   QString account;
 
-  /// True when number, date or broker has the text in it, whatever the capitals.
+  /// True when number, date or broker has the text in it, without regard to capitals.
   bool Has(const QString& text) const;
 };
 

@@ -49,8 +49,8 @@ class BillBoxes {
   /// a change of the quantity. A net rate of 0 is shown as an empty box.
   void Show(BillBox box, double number);
 
-  /// The number behind a box: what was shown, or the number at the start of what was typed,
-  /// grouping commas passed over; 0 when there is none.
+  /// The number behind a box: what was shown, or the number at the start of what was typed, without
+  /// grouping commas; 0 when there is none.
   double Number(BillBox box) const;
 
  private:

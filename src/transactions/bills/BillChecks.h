@@ -19,7 +19,7 @@ using records::Side;
 /// order. Statements take bills by year and date: one dated outside its year would be lost to them.
 MaybeRefusal CheckBill(const Bill& bill, text::FinancialYear year);
 
-/// A date that is filled in and lies outside of the year.
+/// A date that is filled in and is not in the year.
 MaybeRefusal CheckYear(const QString& date, text::FinancialYear year);
 
 /// What a bill needs before a line is begun: date and exchange.

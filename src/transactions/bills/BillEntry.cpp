@@ -32,6 +32,13 @@ Refusal InLine(std::size_t place, const Refusal& refusal) {
 BillEntry::BillEntry(database::Connection& connection, const ClientYear& of)
     : connection_(connection), of_(of), book_(connection, of) {}
 
+void BillEntry::Show(const Bill& bill) {
+  lots_.reset();
+  saved_ = bill;
+  bill_ = bill;
+  caption_ = records::SavedCaption(bill.grand_total);
+}
+
 void BillEntry::Begin(const Bill& bill) {
   lots_.emplace(connection_, ledger::Place{of_, bill.account}, bill);
   saved_ = bill.id ? bill : Bill();

@@ -12,9 +12,10 @@ namespace quorvane::bills {
 using records::Bill;
 using records::BillLine;
 
-/// A bill while it is entered or changed, with the lots of its account as its lines leave them. The
-/// records and the ledger change when it is saved, not before. A command that is refused or throws
-/// leaves bill and lots as they were.
+/// The bill of the window: one that is looked at, or one that is entered or changed, with the lots
+/// of its account as its lines leave them. The records and the ledger change when it is saved, not
+/// before. A command that is refused or throws leaves bill and lots as they were. Commands and
+/// questions about lots are for an entry that is open.
 class BillEntry {
  public:
   /// The place of a line that another one replaces; none for a new one.
@@ -22,11 +23,15 @@ class BillEntry {
 
   BillEntry(database::Connection& connection, const ClientYear& of);
 
+  /// Looks at a bill. Ends an entry that is open, without the work of Cancel.
+  void Show(const Bill& bill);
+
   /// Starts to enter a bill: an empty one, or a saved one that is to be changed.
   void Begin(const Bill& bill);
   bool IsOpen() const { return lots_.has_value(); }
 
   const Bill& Current() const { return bill_; }
+  ledger::Place Place() const { return {of_, bill_.account}; }
   records::TotalCaption Caption() const { return caption_; }
 
   /// Number, date, broker, exchange and settlement number of `header`.

@@ -1,5 +1,11 @@
 #include "transactions/bills/EntryLookups.h"
 
+#include "core/app/Ini.h"
+#include "core/rates/QuoteDesk.h"
+
+#include <memory>
+#include <utility>
+
 namespace quorvane::bills {
 namespace {
 
@@ -13,6 +19,34 @@ PercentNames NamesOf(Delivery delivery) {
              ? PercentNames{"Brokerage Delivery Based", "STT Delivery Based"}
              : PercentNames{"Brokerage Non Delivery Based", "STT Non Delivery Based"};
 }
+
+using Answer = std::function<void(double rate)>;
+
+rates::PriceQuestion PriceQuestionOf(const RateQuestion& question) {
+  const bool national = question.exchange.trimmed().toUpper() == QLatin1String("NSE");
+  return {.exchange = question.exchange,
+          .code = national ? question.scrip.ncode : question.scrip.code,
+          .name = question.scrip.name,
+          .date = question.date};
+}
+
+/// The desk is made for the first question: most windows ask none.
+class ExchangeDesk {
+ public:
+  explicit ExchangeDesk(app::Folders folders) : folders_(std::move(folders)) {}
+
+  void Ask(const RateQuestion& question, Answer answer) {
+    if (!desk_) {
+      desk_ = std::make_unique<rates::QuoteDesk>(
+          rates::ExchangeHosts::From(app::IniFile(folders_.config_file)), folders_.market_rate);
+    }
+    desk_->PriceOn(PriceQuestionOf(question), question.today, std::move(answer));
+  }
+
+ private:
+  app::Folders folders_;
+  std::unique_ptr<rates::QuoteDesk> desk_;
+};
 
 }  // namespace
 
@@ -54,6 +88,12 @@ std::optional<double> MarketRateOf(database::Connection& connection, text::Finan
                               scrip, year.Text(), date);
   const std::optional<double> rate = rows.Next() ? rows.OptionalDouble(0) : std::nullopt;
   return rate && *rate > 0 ? rate : std::nullopt;
+}
+
+RateSource AskExchanges(const app::Folders& folders) {
+  return
+      [desk = std::make_shared<ExchangeDesk>(folders)](
+          const RateQuestion& question, Answer answer) { desk->Ask(question, std::move(answer)); };
 }
 
 }  // namespace quorvane::bills

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "core/Ids.h"
+#include "core/app/Folders.h"
 #include "core/database/Connection.h"
 #include "core/lookups/Scrips.h"
 #include "core/records/BillAmounts.h"
+#include "core/text/Dates.h"
 #include "core/text/FinancialYear.h"
 
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace quorvane::bills {
@@ -20,7 +23,7 @@ enum class Delivery : std::uint8_t { kDeliveryBased, kNonDeliveryBased };
 /// "Delivery Based" or "Non Delivery Based": what is shown and stored.
 QString DeliveryText(Delivery delivery);
 
-/// nullopt for any other text, as bills of old have it.
+/// nullopt for any other text; old bills have some.
 std::optional<Delivery> DeliveryOf(const QString& text);
 
 /// The percentages of a year; one that was not recorded is 0.
@@ -34,5 +37,22 @@ std::optional<double> MarketRateOf(database::Connection& connection, text::Finan
 using lookups::FindScripByCode;
 using lookups::ScripFound;
 using lookups::ScripList;
+
+/// A scrip whose price on a day is looked for at an exchange.
+struct RateQuestion {
+  QString exchange;  ///< "BSE" or "NSE"
+  ScripFound scrip;
+  text::Date date;
+  text::Date today;
+};
+
+/// Looks for a price in the background and calls `answer` later in the same thread with the rate in
+/// rupees, 0 when nothing was found. A new question takes the place of the one under way.
+using RateSource =
+    std::function<void(const RateQuestion& question, std::function<void(double rate)> answer)>;
+
+/// Asks the exchange for the closing price of the day, and for the current quote when that is today
+/// and there is none yet. Answers are given as long as the source exists.
+RateSource AskExchanges(const app::Folders& folders);
 
 }  // namespace quorvane::bills

@@ -10,8 +10,8 @@ using records::Bill;
 using records::BillLine;
 
 /// The lots of a bill's account while it is entered: the ledger's as they were read, with the lines
-/// that are recorded taken back and those of the entry posted. They live in memory and are written
-/// along to the scratch table, from which nobody reads them; so nobody else can change them.
+/// that are recorded taken back and those of the entry posted. They are held in memory and written
+/// to the scratch table as well, which is never read; so no other program can change them.
 class EntryLots {
  public:
   /// Reads the account's lots. `recorded` is the bill as it is recorded, if it is.

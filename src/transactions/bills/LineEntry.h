@@ -15,8 +15,9 @@ using records::BillLine;
 using records::Side;
 
 /// The bill line that is being entered: what its boxes show, its scrip, the lot that a sale draws
-/// on, and the charges and the rate that are proposed. What is proposed gives way to what the user
-/// types; until then it follows the quantity, rate, delivery type and side that it comes from.
+/// on, and the charges and the rate that are proposed. What the user types replaces what is
+/// proposed; until then the proposal follows the quantity, rate, delivery type and side that it
+/// comes from.
 class LineEntry {
  public:
   /// Empties everything but the side, the delivery type with its percentages and the F&O mark: the
@@ -44,7 +45,7 @@ class LineEntry {
 
   ScripId Scrip() const { return line_.scrip; }
 
-  /// Another scrip lets go of the lot and of a rate that was proposed.
+  /// Another scrip clears the lot and a rate that was proposed.
   void SetScrip(ScripId scrip);
 
   LotId Lot() const { return line_.lot; }

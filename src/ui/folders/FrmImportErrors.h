@@ -7,8 +7,8 @@
 
 namespace quorvane::ui {
 
-/// What stands in the way of a portfolio folder: file, line, column and what is wrong there, a row
-/// an error. Nothing of the folder was taken in.
+/// Why a portfolio folder was not taken in: file, line, column and what is wrong there, a row an
+/// error. Nothing of the folder was taken in.
 class FrmImportErrors : public controls::ChildWindow {
   Q_OBJECT
 

@@ -12,7 +12,7 @@ class GuidePane : public QTextBrowser {
  public:
   explicit GuidePane(const QString& folder, QWidget* parent = nullptr);
 
-  /// Shows a chapter by its file name; the index when it is not there, and a word on where the
+  /// Shows a chapter by its file name; the index when it is not there, and the folder in which the
   /// guide was looked for when there is none at all.
   void ShowChapter(const QString& file_name);
 

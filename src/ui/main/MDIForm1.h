@@ -3,7 +3,7 @@
 #include "controls/Desk.h"
 #include "controls/Guard.h"
 #include "ui/Features.h"
-#include "ui/main/HeadlineFeed.h"
+#include "ui/main/MainHead.h"
 #include "ui/main/OutsideTools.h"
 
 #include <QMainWindow>
@@ -95,7 +95,7 @@ class MDIForm1 : public QMainWindow {
   OutsideTools tools_;
   std::map<QString, controls::ChildWindow*> open_;  ///< by name
   bool closing_confirmed_ = false;
-  bool has_clients_ = false;  ///< once there was one, nobody needs to be told how to begin
+  bool has_clients_ = false;  ///< once there was one, the start page is not needed
   QRect opened_at_;           ///< before the user moved it
 };
 

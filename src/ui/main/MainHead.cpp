@@ -2,12 +2,14 @@
 
 #include "controls/Style.h"
 #include "controls/ZENButton.h"
+#include "core/rates/QuoteDesk.h"
 #include "ui/main/MainMenu.h"
 
 #include <QDateTime>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QSaveFile>
 
 namespace quorvane::ui {
 namespace {
@@ -18,6 +20,16 @@ QLabel* Named(const QString& name) {
   auto* label = new QLabel;
   label->setObjectName(name);
   return label;
+}
+
+constexpr rates::DownloadLimits kFeedLimits{.milliseconds = 10000, .bytes = 1 << 20};
+
+/// The feed is kept for a look at it; when that fails nothing else does.
+void Keep(const QString& path, const QByteArray& feed) {
+  QSaveFile file(path);
+  if (file.open(QIODevice::WriteOnly) && file.write(feed) == feed.size()) {
+    file.commit();
+  }
 }
 
 }  // namespace
@@ -80,6 +92,24 @@ void MainHead::ShowTime() {
 void MainHead::ShowHeadline(const QString& headline) {
   has_headline_ = true;
   lblSensex->setText(QString(headline).replace(QLatin1Char('&'), QStringLiteral("&&")));
+}
+
+HeadlineFeed::HeadlineFeed(const QUrl& address, const QString& file, QObject* parent)
+    : QObject(parent), address_(address), file_(file) {}
+
+void HeadlineFeed::Fetch() {
+  if (download_.IsRunning() || !address_.isValid() || address_.isEmpty()) {
+    return;
+  }
+  download_.Get(address_, kFeedLimits, [this](const rates::Downloaded& feed) {
+    if (!feed.IsWhole()) {
+      return;
+    }
+    Keep(file_, feed.body);
+    if (const auto headline = rates::HeadlineOf(feed.body)) {
+      Q_EMIT HeadlineRead(*headline);
+    }
+  });
 }
 
 }  // namespace quorvane::ui

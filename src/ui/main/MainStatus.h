@@ -11,9 +11,9 @@ class QStatusBar;
 
 namespace quorvane::ui {
 
-/// The status bar `TXStatusBar1`: where the data lies, and at which place the keyboard is: "Page"
-/// in pages on the screen, "Line" and "Col" in a grid. Panels without a place are not shown. A
-/// passing message covers the folder only for as long as it stands.
+/// The status bar `TXStatusBar1`: where the data is, and at which place the keyboard is: "Page" in
+/// pages on the screen, "Line" and "Col" in a grid. Panels without a place are not shown. A passing
+/// message covers the folder only for as long as it stands.
 class MainStatus : public QObject {
   Q_OBJECT
 

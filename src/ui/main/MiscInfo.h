@@ -5,7 +5,7 @@
 
 namespace quorvane::ui {
 
-/// "Miscellaneous Information": the release, where the data lies, the database and its tables.
+/// "Miscellaneous Information": the release, where the data is, the database and its tables.
 class MiscInfo : public controls::ChildWindow {
   Q_OBJECT
 

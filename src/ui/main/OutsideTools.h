@@ -9,7 +9,7 @@
 
 namespace quorvane::ui {
 
-/// The separate programs that come with this one and lie in its Data folder: "MRate" and
+/// The separate programs that come with this one and are in its Data folder: "MRate" and
 /// "Converter". On Windows they end in ".exe", elsewhere they may.
 class OutsideTools : public QObject {
   Q_OBJECT

@@ -15,7 +15,7 @@ class StartPage : public QWidget {
   Q_OBJECT
 
  public:
-  /// Lies over `area` and keeps its size.
+  /// Covers `area` and keeps its size.
   explicit StartPage(QWidget& area);
 
   /// Writes its texts in the language in force.

@@ -1,6 +1,6 @@
 #include "core/app/Folders.h"
 #include "core/app/MachineKey.h"
-#include "core/app/SingleCopy.h"
+#include "core/app/Session.h"
 #include "support/Table.h"
 #include "support/TestMain.h"
 

@@ -1,5 +1,5 @@
 #include "core/app/Ini.h"
-#include "core/app/ScreenFactors.h"
+#include "core/app/Session.h"
 #include "support/Table.h"
 #include "support/TestMain.h"
 

@@ -1,7 +1,7 @@
 #include "core/database/Connection.h"
-#include "core/database/KeyReferences.h"
 #include "core/database/Keys.h"
 #include "core/database/Schema.h"
+#include "core/database/SchemaTables.h"
 #include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"

@@ -1,6 +1,6 @@
 #include "core/database/Connection.h"
-#include "core/database/ExtensionTables.h"
 #include "core/database/Schema.h"
+#include "core/database/SchemaTables.h"
 #include "support/Table.h"
 #include "support/TestDatabase.h"
 #include "support/TestMain.h"

@@ -1,6 +1,6 @@
-#include "core/files/CsvText.h"
 #include "core/files/HtmlDocument.h"
 #include "core/files/TableFile.h"
+#include "core/files/TableReaders.h"
 #include "support/Table.h"
 #include "support/TestMain.h"
 

@@ -1,7 +1,7 @@
 #include "support/Cases.h"
 #include "support/LocalExchange.h"
 #include "support/TestMain.h"
-#include "transactions/bills/RateSource.h"
+#include "transactions/bills/EntryLookups.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,5 +1,7 @@
 #include "admin/backup/window/BackupsView.h"
 
+#include "controls/ProgressDialog.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
@@ -95,6 +97,21 @@ void BackupsView::Select(const QString& path) {
   if (found != entries_.end()) {
     SelectId(static_cast<int>(found - entries_.begin()) + 1);
   }
+}
+
+MaybeRefusal BackupsView::Verify() {
+  if (Current() == nullptr) {
+    return Refusal{tr("Select a BackUp!"), objectName()};
+  }
+  const QString path = Current()->path;
+  MaybeRefusal refusal;
+  {
+    controls::ProgressDialog progress(window());
+    refusal = VerifyBackup(path, progress).Refused();
+  }
+  SetState(path, refusal ? BackupState::kDamaged : BackupState::kVerified,
+           refusal ? refusal->text : QString());
+  return refusal;
 }
 
 void BackupsView::SetState(const QString& path, BackupState state, const QString& fault) {

@@ -2,6 +2,7 @@
 
 #include "admin/backup/BackupList.h"
 #include "controls/Grid.h"
+#include "core/Result.h"
 
 #include <vector>
 
@@ -22,13 +23,18 @@ class BackupsView : public controls::Grid {
   const Entry* Current() const;
   void Select(const QString& path);
 
-  /// After every byte of a backup was read.
-  void SetState(const QString& path, BackupState state, const QString& fault = {});
+  /// Reads every byte of the current backup, shows the progress and then the state in the list.
+  /// Refused when none is current or it is damaged. Throws Cancellation.
+  MaybeRefusal Verify();
+
+  /// Shows that a backup was just made or read without a fault.
+  void ShowVerified(const QString& path) { SetState(path, BackupState::kVerified); }
 
   bool IsEmpty() const { return entries_.empty(); }
 
  private:
   void Fill();
+  void SetState(const QString& path, BackupState state, const QString& fault = {});
 
   std::vector<Entry> entries_;
 };

@@ -169,23 +169,12 @@ void frmBackUpRestore::cmdBackUp_Click() {
   SaveSettings();
   Refresh();
   VSF->Select(made);
-  VSF->SetState(made, BackupState::kVerified);
+  VSF->ShowVerified(made);
   Say().Inform(tr("The backup is made and verified:\n%1").arg(QDir::toNativeSeparators(made)));
 }
 
 void frmBackUpRestore::cmdVerify_Click() {
-  const Entry* entry = VSF->Current();
-  if (entry == nullptr) {
-    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
-  }
-  const QString path = entry->path;
-  MaybeRefusal refusal;
-  {
-    controls::ProgressDialog progress(this);
-    refusal = VerifyBackup(path, progress).Refused();
-  }
-  VSF->SetState(path, refusal ? BackupState::kDamaged : BackupState::kVerified,
-                refusal ? refusal->text : QString());
+  const MaybeRefusal refusal = VSF->Verify();
   VSF_RowColChange(VSF->CurrentRow());
   if (refusal) {
     Show(*refusal);

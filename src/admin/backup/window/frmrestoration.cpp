@@ -133,26 +133,14 @@ void frmrestoration::VSF_RowColChange(int) {
   LblState->setVisible(!LblState->text().isEmpty());
 }
 
-/// Reads every byte of a backup and shows in the list what came of it.
-MaybeRefusal frmrestoration::Verify(const QString& path) {
-  MaybeRefusal refusal;
-  {
-    controls::ProgressDialog progress(this);
-    refusal = VerifyBackup(path, progress).Refused();
-  }
-  VSF->SetState(path, refusal ? BackupState::kDamaged : BackupState::kVerified,
-                refusal ? refusal->text : QString());
+MaybeRefusal frmrestoration::Verify() {
+  const MaybeRefusal refusal = VSF->Verify();
   VSF_RowColChange(VSF->CurrentRow());
   return refusal;
 }
 
 void frmrestoration::cmdVerify_Click() {
-  const Entry* entry = VSF->Current();
-  if (entry == nullptr) {
-    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
-  }
-  const QString path = entry->path;
-  if (const MaybeRefusal refusal = Verify(path)) {
+  if (const MaybeRefusal refusal = Verify()) {
     Show(*refusal);
   } else {
     Say().Inform(tr("The backup is whole: every file agrees with its checksum."));
@@ -181,16 +169,12 @@ void frmrestoration::ForgetClient() {
 }
 
 void frmrestoration::cmdRestore_Click() {
-  const Entry* entry = VSF->Current();
-  if (entry == nullptr) {
-    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
-  }
-  const QString path = entry->path;
-  const QString made = DateText(entry->made);
   // Nobody is asked to risk everything, or loses a window, for a backup that is no good.
-  if (const MaybeRefusal refusal = Verify(path)) {
+  if (const MaybeRefusal refusal = Verify()) {
     return Show(*refusal);
   }
+  const QString path = VSF->Current()->path;
+  const QString made = DateText(VSF->Current()->made);
   if (!Say().Ask(tr("The backup of %1 takes the place of everything that the program holds now. "
                     "All other windows are closed.\n\nAre You Sure, You want to Restore it?")
                      .arg(made),
@@ -209,7 +193,7 @@ void frmrestoration::cmdRestore_Click() {
     return Show(aside.Why());
   }
   ForgetClient();
-  VSF->SetState(path, BackupState::kVerified);
+  VSF->ShowVerified(path);
   Say().Inform(tr("The backup of %1 is restored.\nWhat it replaced lies in %2.")
                    .arg(made, QDir::toNativeSeparators(*aside)));
 }

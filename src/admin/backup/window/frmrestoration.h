@@ -21,7 +21,7 @@ class frmrestoration : public controls::ChildWindow {
   QWidget* FolderRow();
   QWidget* ButtonRow();
   void Refresh();
-  MaybeRefusal Verify(const QString& path);
+  MaybeRefusal Verify();
   bool CloseOtherWindows();
   void ForgetClient();
   void TxtFolder_Validate();

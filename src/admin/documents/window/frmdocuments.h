@@ -1,8 +1,8 @@
 #pragma once
 
-#include "admin/documents/DocumentList.h"
 #include "controls/ChildWindow.h"
 #include "controls/Grid.h"
+#include "documents/DocumentStore.h"
 #include "documents/window/FrmSign.h"
 
 #include <vector>

@@ -19,7 +19,7 @@ class ImpScrWindow : public controls::ChildWindow {
   Q_OBJECT
 
  public:
-  /// Downloads give up after this; tests are less patient.
+  /// Downloads fail after this; tests set less.
   void SetLimits(const rates::DownloadLimits& limits) { fetch_->SetLimits(limits); }
 
  protected:

@@ -27,7 +27,7 @@ class FrmLookup : public controls::RecordWindow {
   void StateChanged() override;
 
  private:
-  /// The box of a column, whatever its kind.
+  /// The box of a column of either kind.
   struct Field {
     std::function<QString()> entered;
     std::function<void(const QString& value)> show;

@@ -1,6 +1,6 @@
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 #include "reporting/period/Period.h"
 #include "reports/broker_ledger/LedgerDocument.h"
 

@@ -2,18 +2,13 @@
 
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
-#include "controls/Guard.h"
 #include "controls/PickList.h"
 #include "controls/TextBox.h"
-#include "core/ClientYear.h"
-#include "core/database/Connection.h"
-#include "core/records/BillAmounts.h"
+#include "transactions/bills/window/BillContext.h"
 
 #include <QWidget>
 
 namespace quorvane::bills {
-
-using records::Bill;
 
 /// The head of a bill: number, date and settlement, broker, exchange and demat account.
 class BillHeaderPane : public QWidget {
@@ -21,32 +16,38 @@ class BillHeaderPane : public QWidget {
 
  public:
   /// The broker's pick list opens over `window`.
-  BillHeaderPane(const controls::Guard& guard, QWidget* window);
+  BillHeaderPane(const BillContext& context, QWidget* window);
 
   /// Reads again what there is to choose from; the choices stay.
-  void ReadChoices(database::Connection& connection, ClientId client);
+  void ReadChoices();
 
-  void Show(const Bill& bill);
+  void Show();
 
-  /// The bill's head as it is entered; the account is the window's to choose.
-  Bill Entered() const;
+  /// Gives the head to the entry, but for the account: that goes there as soon as it is chosen.
+  void Take() const;
 
   controls::DateBox* DateBox() const { return date_; }
+
+  /// The date box refused its text when it was left, and has the focus again.
+  bool IsDateRefused() const { return date_->hasFocus() && !date_->IsProper(); }
+
   QString ExchangeName() const { return Combo1->currentText(); }
   QString AccountNumber() const;
-  void ShowAccount(AccountId account);
 
   /// The account for a new bill: `wanted` when the client has it, else the client's only one.
   AccountId AccountToBeginWith(AccountId wanted) const;
 
  Q_SIGNALS:
-  /// The user chose another one than was shown.
-  void AccountChosen(int account);
+  /// The entry has another account, perhaps with other lines.
+  void AccountChanged();
 
  private:
   void Arrange();
+  void ShowAccount();
   void Combo2_Click();
+  void OfferOldestLots();
 
+  const BillContext& context_;
   controls::TextBox* number_;
   controls::DateBox* date_;
   controls::TextBox* settlement_;

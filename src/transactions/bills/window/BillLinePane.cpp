@@ -1,148 +1,74 @@
 #include "transactions/bills/window/BillLinePane.h"
 
-#include "controls/Style.h"
+#include "core/app/Ini.h"
 #include "core/text/Amounts.h"
-
-#include <QHBoxLayout>
-#include <QRegularExpressionValidator>
+#include "transactions/bills/BillChecks.h"
 
 namespace quorvane::bills {
 namespace {
 
 using controls::ComboBox;
-using controls::FieldLayout;
 using controls::TextBox;
 
-constexpr int kColumns = 5;
-constexpr int kTwoColumns = 2;
-constexpr int kLettersOfSide = 5;
-constexpr int kLettersOfDelivery = 10;
-// An amount cut at its left would read as a smaller one.
-constexpr QLatin1String kLongAmount("0000000.00");
-constexpr int kGap = 6;
-constexpr int kSale = 0;  // place in Combo3
-constexpr int kPurchase = 1;
-
-std::optional<Side> SideAt(int place) {
-  switch (place) {
-    case kSale:
-      return Side::kSale;
-    case kPurchase:
-      return Side::kPurchase;
-    default:
-      return std::nullopt;
-  }
+bool RoundsStt(const app::Folders& folders) {
+  return app::IniFile(folders.config_file)
+             .Read(QStringLiteral("Bills"), QStringLiteral("WholeRupeeStt"))
+             .compare(QLatin1String("yes"), Qt::CaseInsensitive) == 0;
 }
 
 }  // namespace
 
-BillLinePane::BillLinePane(const controls::Guard& guard, database::Connection& connection,
-                           text::FinancialYear year)
-    : connection_(connection),
-      year_(year),
-      Combo3(new ComboBox()),
-      Combo4(new ComboBox()),
-      Combo5(new ComboBox(nullptr, ComboBox::Entry::kFreeText)),
-      Combo6(new ComboBox()),
-      TxtScr(new TextBox()),
-      TxtStkId(new TextBox()),
-      Check1(new QCheckBox(tr("F&&O"))) {
-  Arrange();
-  // In a narrow window "Purchase" needs less room than "Delivery Based".
-  Combo3->setMinimumContentsLength(kLettersOfSide);
-  Combo6->setMinimumContentsLength(kLettersOfDelivery);
-  Combo3->SetTexts({tr("Sale"), tr("Purchase")});
-  Combo6->SetTexts(
-      {DeliveryText(Delivery::kDeliveryBased), DeliveryText(Delivery::kNonDeliveryBased)});
-  Connect(guard);
+BillLinePane::BillLinePane(BillContext& context, const BillHeaderPane& head, HoldingsPane& holdings,
+                           RateSource rates)
+    : context_(context),
+      head_(head),
+      holdings_(holdings),
+      rates_(std::move(rates)),
+      stt_in_whole_rupees_(RoundsStt(context.desk.session.folders)) {
+  entry_.SetSttInWholeRupees(stt_in_whole_rupees_);
+  Connect();
 }
 
-void BillLinePane::Arrange() {
-  auto* fields = new FieldLayout(kColumns, this);
-  fields->setContentsMargins(0, 0, 0, 0);
-  fields->setHorizontalSpacing(kGap);
-  fields->Add(tr("Sale/Purc&hase"), QStringLiteral("Combo3"), Combo3);
-  fields->Add(tr("Deli&very"), QStringLiteral("Combo6"), Combo6);
-  AddScrip(*fields);
-  AddBox(*fields, BillBox::kQuantity, tr("Quantity"), false);
-  AddBox(*fields, BillBox::kRate, tr("Rate"), false);
-  AddBox(*fields, BillBox::kBrokerage, tr("Brokerage"), false);
-  AddBox(*fields, BillBox::kNet, tr("Net Rate"), true);
-  AddBox(*fields, BillBox::kAmount, tr("Amount"), true);
-  TextBox* amount = Text1[BillBox::kAmount];
-  amount->setMinimumWidth(amount->fontMetrics().horizontalAdvance(kLongAmount) +
-                          2 * controls::kSpacing);
-  AddBox(*fields, BillBox::kServiceTax, tr("Service Tax"), false);
-  fields->Add(tr("S.T.T. %"), QStringLiteral("Combo5"), Combo5);
-  Combo5->SetCompletes(false);
-  AddBox(*fields, BillBox::kLineStt, tr("S.T.T."), false);
-  Check1->setAccessibleName(tr("Futures and options"));
-  fields->Add(QString(), QStringLiteral("Check1"), Check1);
-  AddLot(*fields);
-}
-
-void BillLinePane::AddBox(FieldLayout& fields, BillBox box, const QString& label, bool computed) {
-  auto* text = fields.Add(label, ControlName(box), new TextBox());
-  text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  static const QRegularExpression kTypable(QStringLiteral("-?[0-9,]*\\.?[0-9]*"));
-  text->setValidator(new QRegularExpressionValidator(kTypable, text));
-  if (computed) {
-    text->setReadOnly(true);
-    text->setFocusPolicy(Qt::ClickFocus);
-  }
-  Text1[box] = text;
-}
-
-void BillLinePane::AddScrip(FieldLayout& fields) {
-  fields.Add(tr("Scrip Code"), QStringLiteral("TxtScr"), TxtScr);
-  fields.Add(tr("Scrip"), QStringLiteral("Combo4"), Combo4, kTwoColumns);
-  TxtScr->setPlaceholderText(tr("BSE or NSE"));
-}
-
-void BillLinePane::AddLot(FieldLayout& fields) {
-  fields.Add(tr("Lot"), QStringLiteral("TxtStkId"), TxtStkId);
-  TxtStkId->setReadOnly(true);
-  TxtStkId->setFocusPolicy(Qt::NoFocus);
-  TxtStkId->setToolTip(tr("The lot that a sale draws on, picked from the balance (F9)"));
-}
-
-void BillLinePane::Connect(const controls::Guard& guard) {
+void BillLinePane::Connect() {
   for (const auto& [box, text] : Text1) {
-    ConnectBox(guard, box);
+    ConnectBox(box);
   }
-  const auto choice = [&](ComboBox* combo, void (BillLinePane::*handler)(), const char* name) {
-    guard.Connect(combo, &QComboBox::activated, this, handler, QLatin1String(name));
-    guard.Connect(combo, &ComboBox::Left, this, handler, QLatin1String(name));
+  const auto choice = [this](ComboBox* combo, void (BillLinePane::*handler)(), const char* name) {
+    context_.guard.Connect(combo, &QComboBox::activated, this, handler, QLatin1String(name));
+    context_.guard.Connect(combo, &ComboBox::Left, this, handler, QLatin1String(name));
   };
   choice(Combo3, &BillLinePane::Combo3_Click, "Combo3_Click");
   choice(Combo4, &BillLinePane::Combo4_Click, "Combo4_Click");
   choice(Combo5, &BillLinePane::Combo5_Click, "Combo5_Click");
   choice(Combo6, &BillLinePane::Combo6_Click, "Combo6_Click");
-  guard.Connect(Check1, &QCheckBox::clicked, this, &BillLinePane::Check1_Click,
-                QStringLiteral("Check1_Click"));
-  guard.Connect(TxtScr, &TextBox::Left, this, &BillLinePane::TxtScr_Validate,
-                QStringLiteral("TxtScr_Validate"));
+  context_.guard.Connect(Check1, &QCheckBox::clicked, this, &BillLinePane::Check1_Click,
+                         QStringLiteral("Check1_Click"));
+  context_.guard.Connect(TxtScr, &TextBox::Left, this, &BillLinePane::TxtScr_Validate,
+                         QStringLiteral("TxtScr_Validate"));
+  context_.guard.Connect(head_.DateBox(), &TextBox::Left, this, &BillLinePane::Text1_Date_Left,
+                         QStringLiteral("Text1_Validate"));
 }
 
-void BillLinePane::ConnectBox(const controls::Guard& guard, BillBox box) {
-  const TextBox* text = Text1[box];
-  connect(text, &TextBox::Entered, this, [this, &guard, box] {
-    guard.Run(QStringLiteral("Text1_GotFocus"), [this, box] { Text1_GotFocus(box); });
-  });
-  connect(text, &TextBox::Left, this, [this, &guard, box] {
-    guard.Run(QStringLiteral("Text1_Validate"), [this, box] { Text1_Validate(box); });
-  });
+void BillLinePane::ConnectBox(BillBox box) {
+  const auto on = [&](auto signal, const char* name, void (BillLinePane::*handler)(BillBox)) {
+    connect(Text1[box], signal, this, [this, box, name, handler] {
+      context_.guard.Run(QLatin1String(name), [&] { (this->*handler)(box); });
+    });
+  };
+  on(&TextBox::Entered, "Text1_GotFocus", &BillLinePane::Text1_GotFocus);
+  on(&TextBox::Left, "Text1_Validate", &BillLinePane::Text1_Validate);
 }
 
 void BillLinePane::ReadChoices() {
+  database::Connection& connection = context_.Connection();
   const int scrip = Combo4->CurrentId();
   const QString stt_percent = Combo5->currentText();
-  scrips_ = ScripList(connection_);
-  Combo4->SetItems(scrips_.Names());
+  context_.scrips = ScripList(connection);
+  Combo4->SetItems(context_.scrips.Names());
   Combo4->ById(scrip);
-  TxtScr->SetCompletions(scrips_.Codes());
+  TxtScr->SetCompletions(context_.scrips.Codes());
   std::vector<lookups::Item> percents =
-      lookups::DropDownItems(connection_, lookups::DropDown::kSttPercentages);
+      lookups::DropDownItems(connection, lookups::DropDown::kSttPercentages);
   for (lookups::Item& percent : percents) {
     percent.text = text::FormatPercent(text::Val(percent.text));
   }
@@ -153,104 +79,90 @@ void BillLinePane::ReadChoices() {
 void BillLinePane::Reset() {
   entry_ = {};
   entry_.SetSttInWholeRupees(stt_in_whole_rupees_);
-  Begin();
+  Clear();
 }
 
-void BillLinePane::Begin() {
+void BillLinePane::Clear() {
   if (!DeliveryOf(entry_.DeliveryType())) {
-    entry_.SetDelivery(Delivery::kDeliveryBased,
-                       ReadPercents(connection_, year_, Delivery::kDeliveryBased));
+    entry_.SetDelivery(Delivery::kDeliveryBased, PercentsOf(Delivery::kDeliveryBased));
   }
   entry_.Clear();
   ShowEntry();
 }
 
-void BillLinePane::Begin(const BillLine& line) {
+void BillLinePane::Add() {
+  state_ = State::kNew;
+}
+
+void BillLinePane::Change(std::size_t place) {
+  const records::BillLine& line = context_.entry.Current().lines.at(place);
+  state_ = State::kChange;
+  changed_ = place;
   const std::optional<Delivery> delivery = DeliveryOf(line.delivery_type);
-  entry_.Show(line,
-              delivery ? ReadPercents(connection_, year_, *delivery) : records::ChargePercents());
+  entry_.Show(line, delivery ? PercentsOf(*delivery) : records::ChargePercents());
   ShowEntry();
 }
 
-void BillLinePane::ShowEntry() {
-  ShowBoxes();
-  ShowScrip(entry_.Scrip());
-  const std::optional<Side> side = entry_.GetSide();
-  Combo3->setCurrentIndex(!side ? -1 : *side == Side::kSale ? kSale : kPurchase);
-  if (!Combo6->ByText(entry_.DeliveryType())) {
-    Combo6->Clear();
-  }
-  Combo5->ByText(text::FormatPercent(entry_.SttPercent()));
-  Check1->setChecked(entry_.Fo());
-  ShowLot();
+void BillLinePane::End() {
+  state_ = State::kNone;
+  ++question_;
+  Clear();
 }
 
-void BillLinePane::ShowBoxes() {
-  for (const auto& [box, text] : Text1) {
-    if (text->text() != entry_.Boxes()[box]) {
-      text->setText(entry_.Boxes()[box]);
-    }
-    text->setModified(false);
-  }
-}
-
-void BillLinePane::ShowScrip(ScripId scrip) {
-  Combo4->ById(scrip.value);
-  const ScripFound* found = scrips_.Find(scrip);
-  if (found == nullptr) {
-    TxtScr->clear();
-    Combo4->Clear();
-    Combo4->setToolTip({});
-    return;
-  }
-  TxtScr->setText(found->ShownCode());
-  Combo4->setToolTip(tr("%1\nBSE %2   NSE %3").arg(found->name, found->code, found->ncode));
-}
-
-void BillLinePane::ShowLot() {
-  const LotId lot = entry_.GetSide() == Side::kSale ? entry_.Lot() : LotId{};
-  TxtStkId->setText(!lot ? QString() : lot.value < 0 ? tr("New") : QString::number(lot.value));
-}
-
-void BillLinePane::Read() {
-  for (const auto& [box, text] : Text1) {
-    if (text->isModified()) {
-      entry_.Type(box, text->text());
-      text->setModified(false);
-    }
-  }
+BillEntry::Changed BillLinePane::Changed() const {
+  return state_ == State::kChange ? BillEntry::Changed(changed_) : std::nullopt;
 }
 
 const LineEntry& BillLinePane::Entry() {
-  Read();
+  ReadInto(entry_);
   return entry_;
 }
 
+records::ChargePercents BillLinePane::PercentsOf(Delivery delivery) const {
+  return ReadPercents(context_.Connection(), context_.of.year, delivery);
+}
+
+void BillLinePane::ShowEntry() {
+  ShowLine(entry_, context_.scrips.Find(entry_.Scrip()));
+}
+
 void BillLinePane::Text1_GotFocus(BillBox box) {
-  Read();
+  ReadInto(entry_);
   entry_.Enter(box);
-  ShowBoxes();
+  ShowBoxes(entry_);
 }
 
 void BillLinePane::Text1_Validate(BillBox box) {
-  Read();
+  ReadInto(entry_);
   entry_.Leave(box);
-  ShowBoxes();
-  if (box == BillBox::kQuantity) {
-    Q_EMIT QuantityLeft();
+  ShowBoxes(entry_);
+  if (box == BillBox::kQuantity && IsOpen() && !context_.is_cancelling()) {
+    context_.Accepts(context_.entry.CheckQuantity(entry_.Entered(), Changed()));
+  }
+}
+
+// Another date has other rates.
+void BillLinePane::Text1_Date_Left() {
+  if (context_.is_cancelling() || !head_.DateBox()->IsProper()) {
+    return;
+  }
+  const QString date = head_.DateBox()->DateText();
+  if (context_.Accepts(CheckYear(date, context_.of.year)) && IsOpen() && Entry().Scrip() &&
+      !CheckDate(date, context_.desk.today())) {
+    OfferRate();
   }
 }
 
 void BillLinePane::Combo3_Click() {
-  const std::optional<Side> side = SideAt(Combo3->CurrentPosition());
+  const std::optional<Side> side = ChosenSide();
   if (side == entry_.GetSide()) {
     return;
   }
-  Read();
+  ReadInto(entry_);
   entry_.SetSide(side);
-  ShowBoxes();
-  ShowLot();
-  Q_EMIT SideChosen();
+  ShowBoxes(entry_);
+  ShowLot(entry_);
+  PickOnlyLot();
 }
 
 void BillLinePane::Combo4_Click() {
@@ -259,22 +171,21 @@ void BillLinePane::Combo4_Click() {
 
 void BillLinePane::Combo5_Click() {
   if (Combo5->currentText() != text::FormatPercent(entry_.SttPercent())) {
-    Read();
+    ReadInto(entry_);
     entry_.SetSttPercent(text::Val(Combo5->currentText()));
-    ShowBoxes();
+    ShowBoxes(entry_);
   }
 }
 
 void BillLinePane::Combo6_Click() {
-  const int place = Combo6->CurrentPosition();
-  if (place < 0 || Combo6->currentText() == entry_.DeliveryType()) {
+  const std::optional<Delivery> delivery = ChosenDelivery();
+  if (!delivery || DeliveryText(*delivery) == entry_.DeliveryType()) {
     return;
   }
-  const Delivery delivery = place == 0 ? Delivery::kDeliveryBased : Delivery::kNonDeliveryBased;
-  Read();
-  entry_.SetDelivery(delivery, ReadPercents(connection_, year_, delivery));
-  ShowBoxes();
-  Combo5->ByText(text::FormatPercent(entry_.SttPercent()));
+  ReadInto(entry_);
+  entry_.SetDelivery(*delivery, PercentsOf(*delivery));
+  ShowBoxes(entry_);
+  ShowSttPercent(entry_);
 }
 
 void BillLinePane::Check1_Click() {
@@ -283,17 +194,20 @@ void BillLinePane::Check1_Click() {
 
 void BillLinePane::TxtScr_Validate() {
   const QString code = TxtScr->text().trimmed();
-  const ScripFound* shown = scrips_.Find(entry_.Scrip());
+  const ScripFound* shown = context_.scrips.Find(entry_.Scrip());
   if (code.isEmpty() || (shown != nullptr && shown->HasCode(code))) {
-    ShowScrip(entry_.Scrip());
+    ShowScrip(shown);
     return;
   }
-  const std::optional<ScripFound> found = FindScripByCode(connection_, code);
+  const std::optional<ScripFound> found = FindScripByCode(context_.Connection(), code);
   if (!found) {
-    Q_EMIT CodeUnknown(code);
+    if (!context_.is_cancelling()) {
+      context_.refuse(
+          {tr("There is no Scrip of the Code %1.").arg(code), QStringLiteral("TxtScr")});
+    }
     return;
   }
-  if (scrips_.Find(found->id) == nullptr) {
+  if (context_.scrips.Find(found->id) == nullptr) {
     ReadChoices();
   }
   ChooseScrip(found->id);
@@ -303,18 +217,33 @@ void BillLinePane::ChooseScrip(ScripId scrip) {
   if (scrip == entry_.Scrip()) {
     return;
   }
-  Read();
+  ReadInto(entry_);
   entry_.SetScrip(scrip);
-  ShowScrip(scrip);
-  ShowBoxes();
-  ShowLot();
+  ShowScrip(context_.scrips.Find(scrip));
+  ShowBoxes(entry_);
+  ShowLot(entry_);
   if (scrip) {
-    Q_EMIT ScripChosen(scrip.value);
+    PickOnlyLot();
+    OfferRate();
+  }
+}
+
+// A sale of a scrip that has one lot draws on it; of several the user picks one.
+void BillLinePane::PickOnlyLot() {
+  if (!Entry().Scrip() || entry_.Lot()) {
+    return;
+  }
+  holdings_.BringUp(entry_.Scrip());
+  if (entry_.GetSide() != Side::kSale) {
+    return;
+  }
+  if (const std::optional<records::Lot> lot = holdings_.OnlyLotOf(entry_.Scrip())) {
+    PickLot(*lot);
   }
 }
 
 void BillLinePane::PickLot(const records::Lot& lot) {
-  Read();
+  ReadInto(entry_);
   if (!entry_.GetSide()) {
     entry_.SetSide(Side::kSale);
   }
@@ -322,28 +251,43 @@ void BillLinePane::PickLot(const records::Lot& lot) {
   entry_.SetLot(lot);
   ShowEntry();
   if (other_scrip) {
-    Q_EMIT ScripChosen(lot.scrip.value);
+    PickOnlyLot();
+    OfferRate();
   }
 }
 
-void BillLinePane::OfferRate(double rate) {
-  Read();
+/// The rate of the scrip on the bill's day, recorded or asked for. One that comes later is dropped
+/// when another was asked for or the line has ended.
+void BillLinePane::OfferRate() {
+  const int question = ++question_;
+  const QString date = head_.DateBox()->DateText();
+  const text::Date today = context_.desk.today();
+  if (!context_.Accepts(CheckDate(date, today))) {
+    return;
+  }
+  const ScripId scrip = entry_.Scrip();
+  const ScripFound* found = context_.scrips.Find(scrip);
+  if (const auto rate = MarketRateOf(context_.Connection(), context_.of.year, scrip, date)) {
+    TakeRate(*rate);
+  } else if (found != nullptr) {
+    rates_({head_.ExchangeName(), *found, *text::ParseDmy(date), today},
+           [this, question](double found_rate) {
+             if (question == question_ && found_rate > 0) {
+               context_.guard.Run(QStringLiteral("TxtScr_Validate"), [&] { TakeRate(found_rate); });
+             }
+           });
+  }
+}
+
+void BillLinePane::TakeRate(double rate) {
+  ReadInto(entry_);
   if (!entry_.OfferRate(rate)) {
     return;
   }
-  ShowBoxes();
+  ShowBoxes(entry_);
   if (Text1[BillBox::kRate]->hasFocus()) {
     Text1[BillBox::kRate]->selectAll();
   }
-}
-
-void BillLinePane::FocusFirst() {
-  QWidget* first = entry_.GetSide() ? static_cast<QWidget*>(TxtScr) : Combo3;
-  first->setFocus(Qt::OtherFocusReason);
-}
-
-void BillLinePane::FocusQuantity() {
-  Text1[BillBox::kQuantity]->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace quorvane::bills

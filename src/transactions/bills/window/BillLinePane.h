@@ -1,80 +1,66 @@
 #pragma once
 
-#include "controls/ComboBox.h"
-#include "controls/FieldLayout.h"
-#include "controls/Guard.h"
-#include "controls/TextBox.h"
-#include "core/ClientYear.h"
-#include "core/database/Connection.h"
-#include "core/records/Bill.h"
-#include "transactions/bills/LineEntry.h"
+#include "transactions/bills/EntryLookups.h"
+#include "transactions/bills/window/BillContext.h"
+#include "transactions/bills/window/BillHeaderPane.h"
+#include "transactions/bills/window/BillLineForm.h"
+#include "transactions/bills/window/HoldingsPane.h"
 
-#include <QCheckBox>
-#include <QWidget>
-
-#include <map>
+#include <optional>
 
 namespace quorvane::bills {
 
-using records::BillLine;
-using records::Side;
-
-/// The boxes of the bill line that is being entered.
-class BillLinePane : public QWidget {
+/// The bill line that is being entered, a new one or one of the bill's that is changed: what its
+/// boxes do when they are left and chosen in.
+class BillLinePane : public BillLineForm {
   Q_OBJECT
 
  public:
-  BillLinePane(const controls::Guard& guard, database::Connection& connection,
-               text::FinancialYear year);
+  /// The lot of a sale is picked from `holdings`; day and exchange of a rate are those of `head`.
+  BillLinePane(BillContext& context, const BillHeaderPane& head, HoldingsPane& holdings,
+               RateSource rates);
 
-  /// Reads again what there is to choose from; the choices stay.
+  /// Reads again what there is to choose from, for all panes; the choices stay.
   void ReadChoices();
-  const ScripList& Scrips() const { return scrips_; }
 
   /// Forgets what the lines of the last bill were like.
   void Reset();
 
-  /// Begins another line, or one of the bill's to be changed.
-  void Begin();
-  void Begin(const BillLine& line);
+  /// Starts a new line, or the change of the bill's line at a place.
+  void Add();
+  void Change(std::size_t place);
 
-  /// The line with whatever is being typed.
+  /// No line is being entered any more; the boxes are empty.
+  void End();
+
+  bool IsOpen() const { return state_ != State::kNone; }
+  bool IsNew() const { return state_ == State::kNew; }
+
+  /// The place of the line that is being changed.
+  BillEntry::Changed Changed() const;
+
+  /// The line with what is being typed.
   const LineEntry& Entry();
 
-  /// Begins a sale from a lot, whatever was chosen before; only its scrip on a purchase.
+  /// Begins a sale from a lot, however the line was begun; only its scrip on a purchase.
   void PickLot(const records::Lot& lot);
 
-  void OfferRate(double rate);
-  void SetSttInWholeRupees(bool on) { stt_in_whole_rupees_ = on; }
-
-  /// To the first box that has to be filled in for a new line, or to the quantity.
-  void FocusFirst();
-  void FocusQuantity();
-
- Q_SIGNALS:
-  void ScripChosen(int scrip);
-  void SideChosen();
-  void QuantityLeft();
-
-  /// A code that no scrip has.
-  void CodeUnknown(const QString& code);
-
  private:
-  void Arrange();
-  void AddBox(controls::FieldLayout& fields, BillBox box, const QString& label, bool computed);
-  void AddScrip(controls::FieldLayout& fields);
-  void AddLot(controls::FieldLayout& fields);
-  void Connect(const controls::Guard& guard);
-  void ConnectBox(const controls::Guard& guard, BillBox box);
-  void ShowBoxes();
+  enum class State { kNone, kNew, kChange };
+
+  void Connect();
+  void ConnectBox(BillBox box);
+  void Clear();
   void ShowEntry();
-  void ShowScrip(ScripId scrip);
-  void Read();
+  records::ChargePercents PercentsOf(Delivery delivery) const;
   void ChooseScrip(ScripId scrip);
-  void ShowLot();
+  void PickOnlyLot();
+  void OfferRate();
+  void TakeRate(double rate);
 
   void Text1_GotFocus(BillBox box);
   void Text1_Validate(BillBox box);
+  void Text1_Date_Left();
   void Combo3_Click();
   void Combo4_Click();
   void Combo5_Click();
@@ -82,19 +68,15 @@ class BillLinePane : public QWidget {
   void Check1_Click();
   void TxtScr_Validate();
 
-  database::Connection& connection_;
-  text::FinancialYear year_;
-  ScripList scrips_;
+  BillContext& context_;
+  const BillHeaderPane& head_;
+  HoldingsPane& holdings_;
+  RateSource rates_;
   LineEntry entry_;
-  bool stt_in_whole_rupees_ = false;
-  std::map<BillBox, controls::TextBox*> Text1;
-  controls::ComboBox* Combo3;
-  controls::ComboBox* Combo4;
-  controls::ComboBox* Combo5;
-  controls::ComboBox* Combo6;
-  controls::TextBox* TxtScr;
-  controls::TextBox* TxtStkId;
-  QCheckBox* Check1;
+  bool stt_in_whole_rupees_;
+  State state_ = State::kNone;
+  std::size_t changed_ = 0;
+  int question_ = 0;  ///< the last rate that was asked for; others come too late
 };
 
 }  // namespace quorvane::bills

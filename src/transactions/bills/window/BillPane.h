@@ -1,6 +1,8 @@
 #pragma once
 
-#include "core/records/Bill.h"
+#include "controls/Grid.h"
+#include "controls/ZENButton.h"
+#include "transactions/bills/window/BillContext.h"
 #include "transactions/bills/window/BillHeaderPane.h"
 #include "transactions/bills/window/BillLinePane.h"
 #include "transactions/bills/window/BillTotalsPane.h"
@@ -13,53 +15,78 @@ class QHBoxLayout;
 
 namespace quorvane::bills {
 
-using records::Bill;
-using records::BillLine;
-
 /// What the user does with the lines of a bill.
 enum class LineCommand : std::uint8_t { kAdd, kModify, kUpdate, kDelete, kCancel };
 
 /// A bill on the screen: its head, the line that is being entered with the buttons for it, the list
-/// of lines beside the holdings of the account, and its foot.
+/// of lines beside the holdings of the account, and its foot. It gives to the entry what the user
+/// does with the lines; what a box of the line does is BillLinePane's.
 class BillPane : public QWidget {
   Q_OBJECT
 
  public:
-  /// Pick lists open over `window`.
-  BillPane(const controls::Guard& guard, database::Connection& connection, text::FinancialYear year,
-           QWidget* window);
+  /// Pick lists open over `window`, which the keys are for.
+  BillPane(BillContext& context, RateSource rates, QWidget* window);
 
-  BillHeaderPane& Head() const { return *head_; }
-  BillLinePane& Line() const { return *line_; }
-  HoldingsPane& Holdings() const { return *holdings_; }
-  BillTotalsPane& Foot() const { return *foot_; }
-  controls::Grid& Lines() const { return *Vs1; }
-  controls::ZENButton& Button(LineCommand command) const {
-    return *buttons_[static_cast<std::size_t>(command)];
-  }
+  const BillHeaderPane& Head() const { return *head_; }
 
   /// Reads again what there is to choose from; the choices stay.
-  void ReadChoices(database::Connection& connection, ClientId client);
+  void ReadChoices();
 
-  void Show(const Bill& bill, records::TotalCaption caption);
+  /// Empties everything; the entry has an empty bill.
+  void Clear();
 
-  /// Lines and totals alone, after a change of a line.
-  void ShowLines(const Bill& bill, records::TotalCaption caption);
+  /// Shows the entry's bill and the holdings of its account.
+  void Show();
 
-  /// Head and foot are live while the bill is edited, the boxes of the line while one is entered.
-  void SetEditing(bool bill, bool line);
+  /// The same for an entry that begins: its first line is like none before.
+  void Begin();
+
+  /// Head and foot are live while the bill is edited. No line is being entered then.
+  void SetEditing(bool editing);
+
+  /// Gives the head and the charges to the entry.
+  void Take();
+
+  /// True while a line is being entered, and when it has something that would be lost.
+  bool IsEnteringLine() const { return line_->IsOpen(); }
+  bool HasLineToLose() const { return line_->IsOpen() && !line_->Entry().IsEmpty(); }
+  void CancelLine();
 
  private:
   QWidget* BuildLists();
   void BuildButtons(QHBoxLayout& row);
   void BuildKeys(QWidget* window);
+  void Connect();
 
+  controls::ZENButton& Button(LineCommand command) const {
+    return *buttons_[static_cast<std::size_t>(command)];
+  }
+  controls::Messages& Say() const { return context_.desk.messages; }
+  void ShowLines();
+  void EndLine();
+  void Enable();
+  void StartNewLine();
+  MaybeRefusal PutLine(const records::BillLine& line);
+
+  void Account_Changed();
+  void VS1_RowActivated();
+  void VS3_RowActivated();
+  void CmdAdd1_Click();
+  void CmdModify1_Click();
+  void CmdUpdate1_Click();
+  void CmdDelete1_Click();
+  void cmdCancel1_Click();
+  void ImgRefresh_Click();
+
+  BillContext& context_;
   BillHeaderPane* head_;
-  BillLinePane* line_;
   HoldingsPane* holdings_;
+  BillLinePane* line_;
   BillTotalsPane* foot_;
   controls::Grid* Vs1;
   std::array<controls::ZENButton*, 5> buttons_{};
+  bool editing_ = false;
 };
 
 }  // namespace quorvane::bills

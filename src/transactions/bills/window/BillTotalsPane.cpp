@@ -35,7 +35,7 @@ QLabel* LabelOf(const QWidget& parent, const QWidget* box) {
 
 }  // namespace
 
-BillTotalsPane::BillTotalsPane(const controls::Guard& guard) {
+BillTotalsPane::BillTotalsPane(const BillContext& context) : context_(context) {
   auto* fields = new controls::FieldLayout(static_cast<int>(kFields.size()), this);
   fields->setContentsMargins(0, 0, 0, 0);
   static const QRegularExpression kTypable(QStringLiteral("-?[0-9,]*\\.?[0-9]*"));
@@ -47,21 +47,22 @@ BillTotalsPane::BillTotalsPane(const controls::Guard& guard) {
     text->setReadOnly(field.computed);
     text->setFocusPolicy(field.computed ? Qt::ClickFocus : Qt::StrongFocus);
     Text1[field.box] = text;
-    connect(text, &TextBox::Left, this, [this, &guard, box = field.box] {
-      guard.Run(QStringLiteral("Text1_Validate"), [this, box] { Leave(box); });
+    connect(text, &TextBox::Left, this, [this, box = field.box] {
+      context_.guard.Run(QStringLiteral("Text1_Validate"), [this, box] { Text1_Validate(box); });
     });
   }
   LblTotal = LabelOf(*this, Text1[BillBox::kGrandTotal]);
   LblTotal->setObjectName(QStringLiteral("LblTotal"));
 }
 
-void BillTotalsPane::Show(const Bill& bill, records::TotalCaption caption) {
+void BillTotalsPane::Show() {
+  const records::Bill& bill = context_.entry.Current();
   boxes_.Show(BillBox::kTotal, bill.total);
   boxes_.Show(BillBox::kOtherCharges, bill.other_charges);
   boxes_.Show(BillBox::kTransactionCharges, bill.transaction_charges);
   boxes_.Show(BillBox::kStt, bill.stt);
   boxes_.Show(BillBox::kGrandTotal, bill.grand_total);
-  LblTotal->setText(records::CaptionText(caption));
+  LblTotal->setText(records::CaptionText(context_.entry.Caption()));
   ShowBoxes();
 }
 
@@ -81,24 +82,23 @@ void BillTotalsPane::Read() {
   }
 }
 
-void BillTotalsPane::Leave(BillBox box) {
+void BillTotalsPane::Text1_Validate(BillBox box) {
   if (Text1[box]->isReadOnly()) {
     return;
   }
   Read();
   LeaveBox(box, Side::kPurchase, boxes_);
   ShowBoxes();
-  Q_EMIT ChargesLeft();
+  if (context_.entry.IsOpen()) {
+    Take();
+  }
 }
 
-double BillTotalsPane::OtherCharges() {
+void BillTotalsPane::Take() {
   Read();
-  return boxes_.Number(BillBox::kOtherCharges);
-}
-
-double BillTotalsPane::TransactionCharges() {
-  Read();
-  return boxes_.Number(BillBox::kTransactionCharges);
+  context_.entry.SetCharges(boxes_.Number(BillBox::kOtherCharges),
+                            boxes_.Number(BillBox::kTransactionCharges));
+  Show();
 }
 
 }  // namespace quorvane::bills

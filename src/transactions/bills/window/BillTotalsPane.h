@@ -1,9 +1,8 @@
 #pragma once
 
-#include "controls/Guard.h"
 #include "controls/TextBox.h"
-#include "core/records/BillAmounts.h"
 #include "transactions/bills/BillBoxes.h"
+#include "transactions/bills/window/BillContext.h"
 
 #include <QLabel>
 #include <QWidget>
@@ -12,30 +11,24 @@
 
 namespace quorvane::bills {
 
-using records::Bill;
-using records::Side;
-
 /// The foot of a bill: its totals, which follow from the lines, and its charges.
 class BillTotalsPane : public QWidget {
   Q_OBJECT
 
  public:
-  explicit BillTotalsPane(const controls::Guard& guard);
+  explicit BillTotalsPane(const BillContext& context);
 
-  void Show(const Bill& bill, records::TotalCaption caption);
+  void Show();
 
-  /// Rupees, with whatever is being typed.
-  double OtherCharges();
-  double TransactionCharges();
-
- Q_SIGNALS:
-  void ChargesLeft();
+  /// Gives the charges to the entry, also one that is being typed, and shows the totals.
+  void Take();
 
  private:
   void Read();
   void ShowBoxes();
-  void Leave(BillBox box);
+  void Text1_Validate(BillBox box);
 
+  const BillContext& context_;
   BillBoxes boxes_;
   std::map<BillBox, controls::TextBox*> Text1;
   QLabel* LblTotal = nullptr;

@@ -19,15 +19,16 @@ using controls::Grid;
 using controls::Mask;
 using controls::Row;
 
-QString Signed(const BillLine& line) {
+QString Signed(const records::BillLine& line) {
   const QLatin1Char sign(line.IsPurchase() ? '+' : '-');
   return sign + text::FormatAmount(line.quantity.Number());
 }
 
 }  // namespace
 
-HoldingsPane::HoldingsPane()
-    : caption_(new QLabel()),
+HoldingsPane::HoldingsPane(const BillContext& context)
+    : context_(context),
+      caption_(new QLabel()),
       tabs_(new QTabWidget()),
       VS3(new Grid(QStringLiteral("VS3"), tr("Balance of the demat account"))),
       VS2(new Grid(QStringLiteral("VS2"), tr("Quantities of the bill"))),
@@ -66,21 +67,52 @@ void HoldingsPane::Arrange() {
   rows->addWidget(tabs_, 1);
 }
 
-void HoldingsPane::ShowBalance(const QString& account_number, std::vector<HeldLot> lots,
-                               const ScripList& scrips) {
-  caption_->setText(tr("Balance in Demat A/c No. - %1").arg(account_number));
-  lots_ = std::move(lots);
-  FillBalance(scrips);
+void HoldingsPane::Clear() {
+  caption_->setText(tr("Balance in Demat A/c No. - %1").arg(QString()));
+  lots_.clear();
+  FillBalance();
+  FillAverages({});
 }
 
-void HoldingsPane::BringUp(ScripId scrip, const ScripList& scrips) {
-  FillBalance(scrips, scrip);
+void HoldingsPane::ShowAccount(const QString& account_number) {
+  caption_->setText(tr("Balance in Demat A/c No. - %1").arg(account_number));
+  const BillEntry& entry = context_.entry;
+  if (entry.IsOpen()) {
+    ShowBalance();
+    ShowAverages(entry.Movements());
+    return;
+  }
+  const std::vector<records::Movement> movements =
+      ReadAccount(context_.Connection(), entry.Place());
+  lots_ = ReadBalance(context_.Connection(), entry.Place(), movements);
+  FillBalance();
+  ShowAverages(movements);
+}
+
+void HoldingsPane::ShowBalance() {
+  lots_ = context_.entry.Balance();
+  FillBalance();
+}
+
+void HoldingsPane::ShowRecordedAverages() {
+  ShowAverages(ReadAccount(context_.Connection(), context_.entry.Place()));
+}
+
+void HoldingsPane::ShowAverages(std::span<const records::Movement> movements) {
+  database::Connection& connection = context_.Connection();
+  const ledger::Place place = context_.entry.Place();
+  RebuildAverageRates(connection, place, movements);
+  FillAverages(ReadAverageRates(connection, place));
+}
+
+void HoldingsPane::BringUp(ScripId scrip) {
+  FillBalance(scrip);
   const bool held = std::ranges::any_of(
       lots_, [scrip](const HeldLot& one) { return one.lot.scrip == scrip && one.lot.quantity; });
   VS3->SelectRow(held ? 0 : -1);
 }
 
-void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {
+void HoldingsPane::FillBalance(ScripId first) {
   std::vector<HeldLot> arranged = lots_;
   bills::Arrange(arranged, first);
   std::vector<Row> rows;
@@ -88,8 +120,8 @@ void HoldingsPane::FillBalance(const ScripList& scrips, ScripId first) {
   for (const HeldLot& held : arranged) {
     rows.push_back(
         {.id = held.lot.id.value,
-         .cells = {scrips.NameOf(held.lot.scrip), held.lot.quantity.Number(), held.lot.rate,
-                   held.since ? text::FormatDmy(*held.since) : QString()}});
+         .cells = {context_.scrips.NameOf(held.lot.scrip), held.lot.quantity.Number(),
+                   held.lot.rate, held.since ? text::FormatDmy(*held.since) : QString()}});
   }
   VS3->SetRows(std::move(rows));
   KeepNumbersInSight();
@@ -104,19 +136,20 @@ void HoldingsPane::KeepNumbersInSight() {
   VS3->setMinimumWidth(width);
 }
 
-void HoldingsPane::ShowMoves(std::span<const BillLine> lines, const ScripList& scrips) {
+void HoldingsPane::ShowMoves() {
   std::vector<Row> rows;
-  for (const BillLine& line : lines) {
-    rows.push_back({.cells = {scrips.NameOf(line.scrip), Signed(line)}});
+  for (const records::BillLine& line : context_.entry.Current().lines) {
+    rows.push_back({.cells = {context_.scrips.NameOf(line.scrip), Signed(line)}});
   }
   VS2->SetRows(std::move(rows));
 }
 
-void HoldingsPane::ShowAverages(const std::vector<AverageRate>& rates, const ScripList& scrips) {
+void HoldingsPane::FillAverages(const std::vector<AverageRate>& rates) {
   std::vector<Row> rows;
   rows.reserve(rates.size());
   for (const AverageRate& rate : rates) {
-    rows.push_back({.id = rate.scrip.value, .cells = {scrips.NameOf(rate.scrip), rate.rate}});
+    rows.push_back(
+        {.id = rate.scrip.value, .cells = {context_.scrips.NameOf(rate.scrip), rate.rate}});
   }
   VSAvg->SetRows(std::move(rows));
 }

@@ -2,10 +2,9 @@
 
 #include "controls/Grid.h"
 #include "controls/ZENButton.h"
-#include "core/records/Bill.h"
 #include "transactions/bills/AverageRates.h"
-#include "transactions/bills/EntryLookups.h"
 #include "transactions/bills/HeldLots.h"
+#include "transactions/bills/window/BillContext.h"
 
 #include <QLabel>
 #include <QTabWidget>
@@ -17,25 +16,30 @@
 
 namespace quorvane::bills {
 
-using records::BillLine;
-
 /// The holdings of a bill's account beside its lines: the lots with their balance, what the bill's
 /// lines move, and the average rates.
 class HoldingsPane : public QWidget {
   Q_OBJECT
 
  public:
-  HoldingsPane();
+  explicit HoldingsPane(const BillContext& context);
 
-  /// The lots as they are given, used-up ones last.
-  void ShowBalance(const QString& account_number, std::vector<HeldLot> lots,
-                   const ScripList& scrips);
+  void Clear();
+
+  /// The lots and the average rates of the bill's account.
+  void ShowAccount(const QString& account_number);
+
+  /// The lots alone, as the lines of the entry leave them. Used-up ones stand last.
+  void ShowBalance();
+
+  /// The average rates as the records have them.
+  void ShowRecordedAverages();
+
+  /// What the bill's lines move.
+  void ShowMoves();
 
   /// Puts the lots of a scrip on top, oldest first, and the cursor on the first of them.
-  void BringUp(ScripId scrip, const ScripList& scrips);
-
-  void ShowMoves(std::span<const BillLine> lines, const ScripList& scrips);
-  void ShowAverages(const std::vector<AverageRate>& rates, const ScripList& scrips);
+  void BringUp(ScripId scrip);
 
   /// The lot of the current row.
   std::optional<records::Lot> CurrentLot() const;
@@ -50,9 +54,12 @@ class HoldingsPane : public QWidget {
 
  private:
   void Arrange();
-  void FillBalance(const ScripList& scrips, ScripId first = {});
+  void ShowAverages(std::span<const records::Movement> movements);
+  void FillAverages(const std::vector<AverageRate>& rates);
+  void FillBalance(ScripId first = {});
   void KeepNumbersInSight();
 
+  const BillContext& context_;
   QLabel* caption_;
   QTabWidget* tabs_;
   controls::Grid* VS3;

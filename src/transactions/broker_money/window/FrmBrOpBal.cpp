@@ -2,7 +2,7 @@
 
 #include "controls/FieldLayout.h"
 #include "controls/ValueList.h"
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "controls/AmountBox.h"
 #include "controls/ProgressDialog.h"
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 #include "transactions/opening_stock/OpeningReport.h"
 

@@ -2,10 +2,10 @@
 
 #include "controls/AmountBox.h"
 #include "controls/Style.h"
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 #include "core/text/Amounts.h"
-#include "transactions/transfers/TransferChoices.h"
+#include "transactions/transfers/Transfer.h"
 
 #include <QHBoxLayout>
 #include <QRegularExpressionValidator>

@@ -1,4 +1,4 @@
-#include "admin/settings/SettingsFiles.h"
+#include "admin/settings/Settings.h"
 #include "admin/settings/window/frmsettings.h"
 #include "controls/ComboBox.h"
 #include "controls/Style.h"

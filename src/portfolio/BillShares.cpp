@@ -31,8 +31,9 @@ void BillShares::ReceiveDelivered(const BillRow& bill, const Place& place) {
 void BillShares::Receive(const BillRow& bill, const Place& place, bool non_delivery) {
   for (const BillLineRow& row : LinesOf(bill)) {
     if (row.IsPurchase() && row.IsNonDelivery() == non_delivery) {
-      purchase_lots_[PlaceOf(row)] = layers_.Receive(names_.LotKeyAt(place, row.scrip, row.rate),
-                                                     bill.date, row.quantity, non_delivery);
+      purchase_lots_[PlaceOf(row)] =
+          layers_.Receive(names_.LotKeyAt(place, row.scrip, row.rate),
+                          {bill.date, row.quantity, non_delivery, row.fo});
     }
   }
 }

@@ -1,12 +1,15 @@
 #include "portfolio/Export.h"
 
+#include "core/actions/Terms.h"
 #include "core/database/Transaction.h"
 #include "core/lookups/Directory.h"
+#include "core/records/Dividend.h"
 #include "core/text/Dates.h"
 #include "portfolio/ExportedNames.h"
 #include "portfolio/Portfolio.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <tuple>
 
@@ -29,6 +32,7 @@ class DocumentExport {
     WriteBrokerOpenings();
     WritePayments(FileKind::kPayments, records::Table<records::Payment>::kName, kPaymentModes);
     WritePayments(FileKind::kReceipts, records::kReceipts, kReceiptModes);
+    WriteActions();
   }
 
  private:
@@ -114,6 +118,100 @@ class DocumentExport {
           file.Row(names_.clients.Use(p.client), names_.brokers.Use(p.broker),
                    WordOf(modes, p.mode), p.amount, p.date, WordOf(kPaymentKinds, p.payment_mode),
                    p.cheque_number, p.cheque_date, p.drawn_on, p.remark);
+        });
+    file.Finish();
+  }
+
+  /// Of one client's export those that changed the client's holdings or paid a dividend.
+  std::vector<records::Action> WantedActions(const std::vector<records::ActionLot>& lots,
+                                             const std::vector<records::Dividend>& dividends) {
+    std::vector<records::Action> actions = AllOf<records::Action>(connection_);
+    std::set<ActionId> touched;
+    for (const records::ActionLot& lot : lots) {
+      touched.insert(lot.action);
+    }
+    for (const records::Dividend& dividend : dividends) {
+      touched.insert(dividend.action);
+    }
+    std::erase_if(actions, [&](const records::Action& action) {
+      const bool wanted = names_.wanted_clients.empty() || touched.contains(action.id);
+      return !wanted || !names_.scrips.Has(action.scrip);
+    });
+    return actions;
+  }
+
+  void WriteActions() {
+    std::vector<records::ActionLot> lots = names_.Select(connection_, &records::ActionLot::client)
+                                               .OrderBy(&records::ActionLot::action)
+                                               .OrderBy(&records::ActionLot::number)
+                                               .All();
+    std::erase_if(lots, [this](const auto& lot) { return !names_.clients.Has(lot.client); });
+    const std::vector<records::Dividend> dividends =
+        names_.OfKnownClients<records::Dividend>(connection_);
+    const std::vector<records::Action> actions = WantedActions(lots, dividends);
+    std::map<ActionId, std::size_t> places;
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kActions));
+    InOrder(
+        actions,
+        [this](const records::Action& action) {
+          return std::tuple(text::ParseDmy(action.ex_day), action.id,
+                            names_.scrips.Use(action.scrip));
+        },
+        [&](const records::Action& action) {
+          places.emplace(action.id, places.size() + 1);
+          file.Row(names_.scrips.Use(action.scrip), actions::NameOf(action.kind).file_name,
+                   action.ex_day, action.record_day, Given(action.new_shares),
+                   Given(action.old_shares), names_.scrips.Use(action.other), action.price,
+                   action.cost_percent, action.note, action.allotment_day, action.applied);
+        });
+    file.Finish();
+    WriteActionLots(lots, places);
+    WriteDividends(dividends, places);
+  }
+
+  /// Empty for a ratio that an action does not have.
+  static std::string Given(text::Shares shares) {
+    std::string out;
+    if (shares) {
+      AppendField(out, shares);
+    }
+    return out;
+  }
+
+  void WriteActionLots(const std::vector<records::ActionLot>& lots,
+                       const std::map<ActionId, std::size_t>& places) {
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kActionLots));
+    InOrder(
+        lots,
+        [&](const records::ActionLot& lot) {
+          const auto place = places.find(lot.action);
+          return std::pair(place == places.end() ? 0 : place->second, lot.number);
+        },
+        [&](const records::ActionLot& lot) {
+          if (const auto place = places.find(lot.action); place != places.end()) {
+            file.Row(std::to_string(place->second), names_.clients.Use(lot.client),
+                     names_.accounts.Use(lot.account), names_.scrips.Use(lot.scrip), lot.rate,
+                     lot.out, names_.scrips.Use(lot.to_scrip), lot.to_rate, lot.in, lot.acquired,
+                     lot.brokerage, lot.service_tax, lot.stt);
+          }
+        });
+    file.Finish();
+  }
+
+  void WriteDividends(const std::vector<records::Dividend>& dividends,
+                      const std::map<ActionId, std::size_t>& places) {
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kDividends));
+    InOrder(
+        dividends,
+        [this](const records::Dividend& d) {
+          return std::tuple(names_.clients.Use(d.client), text::ParseDmy(d.date),
+                            names_.accounts.Use(d.account), names_.scrips.Use(d.scrip));
+        },
+        [&](const records::Dividend& d) {
+          const auto place = places.find(d.action);
+          file.Row(names_.clients.Use(d.client), names_.accounts.Use(d.account),
+                   names_.scrips.Use(d.scrip), d.date, d.quantity, d.per_share, d.tax_deducted,
+                   place == places.end() ? std::string() : std::to_string(place->second));
         });
     file.Finish();
   }

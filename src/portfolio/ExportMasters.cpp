@@ -1,3 +1,4 @@
+#include "core/rates/IsinBook.h"
 #include "core/records/Rates.h"
 #include "portfolio/ExportedNames.h"
 #include "portfolio/Portfolio.h"
@@ -22,6 +23,7 @@ class MasterExport {
     WriteParticipants();
     WriteBrokers();
     WriteScrips();
+    WriteIsins();
     WritePercentages();
   }
 
@@ -149,6 +151,22 @@ class MasterExport {
             file.Row(s.code, s.second_code, s.name, types[s.type], classes[s.scrip_class]);
           }
         });
+    file.Finish();
+  }
+
+  void WriteIsins() {
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kIsins));
+    std::map<std::string, std::vector<quorvane::rates::DatedIsin>> by_code;
+    for (auto& [scrip, isins] : quorvane::rates::AllIsins(connection_)) {
+      if (names_.IsWanted(names_.scrips, scrip)) {
+        by_code.emplace(names_.scrips.Use(scrip), std::move(isins));
+      }
+    }
+    for (const auto& [code, isins] : by_code) {
+      for (const quorvane::rates::DatedIsin& isin : isins) {
+        file.Row(code, isin.isin, isin.from_day);
+      }
+    }
     file.Finish();
   }
 

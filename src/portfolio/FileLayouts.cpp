@@ -127,7 +127,46 @@ constexpr std::array<ColumnLayout, 10> kMoney{{{"client_code", true, 100},
 constexpr std::array<ColumnLayout, 3> kRates{
     {{"date", true, 0}, {"scrip_code", true, 255}, {"rate", true, 0}}};
 
-constexpr std::array<FileLayout, 13> kLayouts{
+constexpr std::array<ColumnLayout, 3> kIsins{
+    {{"scrip_code", true, 255}, {"isin", true, 12}, {"from_date", false, 0}}};
+
+constexpr std::array<ColumnLayout, 12> kActions{{{"scrip_code", true, 255},
+                                                 {"kind", true, 0},
+                                                 {"ex_date", true, 0},
+                                                 {"record_date", false, 0},
+                                                 {"new", false, 0},
+                                                 {"old", false, 0},
+                                                 {"other_scrip_code", false, 255},
+                                                 {"price", false, 0},
+                                                 {"cost_percent", false, 0},
+                                                 {"note", false, 255},
+                                                 {"allotment_date", false, 0},
+                                                 {"applied", false, 0}}};
+
+constexpr std::array<ColumnLayout, 13> kActionLots{{{"action", true, 0},
+                                                    {"client_code", true, 100},
+                                                    {"account_no", false, 100},
+                                                    {"scrip_code", true, 255},
+                                                    {"rate", false, 0},
+                                                    {"out", false, 0},
+                                                    {"to_scrip_code", false, 255},
+                                                    {"to_rate", false, 0},
+                                                    {"in", false, 0},
+                                                    {"acquired", false, 0},
+                                                    {"brokerage", false, 0},
+                                                    {"service_tax", false, 0},
+                                                    {"stt", false, 0}}};
+
+constexpr std::array<ColumnLayout, 8> kDividends{{{"client_code", true, 100},
+                                                  {"account_no", false, 100},
+                                                  {"scrip_code", true, 255},
+                                                  {"date", true, 0},
+                                                  {"quantity", true, 0},
+                                                  {"per_share", true, 0},
+                                                  {"tax_deducted", false, 0},
+                                                  {"action", false, 0}}};
+
+constexpr std::array<FileLayout, 17> kLayouts{
     {{FileKind::kParticipants, "participants.csv", kParticipants},
      {FileKind::kClients, "clients.csv", kClients},
      {FileKind::kAccounts, "accounts.csv", kAccounts},
@@ -140,7 +179,11 @@ constexpr std::array<FileLayout, 13> kLayouts{
      {FileKind::kBrokerOpening, "broker_opening.csv", kBrokerOpening},
      {FileKind::kPayments, "payments.csv", kMoney},
      {FileKind::kReceipts, "receipts.csv", kMoney},
-     {FileKind::kRates, "rates.csv", kRates}}};
+     {FileKind::kRates, "rates.csv", kRates},
+     {FileKind::kIsins, "isins.csv", kIsins},
+     {FileKind::kActions, "corporate_actions.csv", kActions},
+     {FileKind::kActionLots, "corporate_action_lots.csv", kActionLots},
+     {FileKind::kDividends, "dividends.csv", kDividends}}};
 
 }  // namespace
 

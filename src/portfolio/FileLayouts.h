@@ -20,7 +20,11 @@ enum class FileKind {
   kBrokerOpening,
   kPayments,
   kReceipts,
-  kRates
+  kRates,
+  kIsins,
+  kActions,
+  kActionLots,
+  kDividends
 };
 
 struct ColumnLayout {
@@ -160,6 +164,54 @@ enum {
 }
 namespace rates {
 enum { kDate, kScripCode, kRate };
+}
+namespace isins {
+enum { kScripCode, kIsin, kFromDate };
+}
+namespace corporate_actions {
+enum {
+  kScripCode,
+  kKind,
+  kExDate,
+  kRecordDate,
+  kNew,
+  kOld,
+  kOtherScripCode,
+  kPrice,
+  kCostPercent,
+  kNote,
+  kAllotmentDate,
+  kApplied  ///< 0 for an action that is only recorded
+};
+}
+namespace corporate_action_lots {
+enum {
+  kAction,  ///< place in corporate_actions.csv, from 1 on
+  kClientCode,
+  kAccountNo,
+  kScripCode,
+  kRate,
+  kOut,
+  kToScripCode,
+  kToRate,
+  kIn,
+  kAcquired,
+  kBrokerage,
+  kServiceTax,
+  kStt
+};
+}
+namespace dividends {
+enum {
+  kClientCode,
+  kAccountNo,
+  kScripCode,
+  kDate,
+  kQuantity,
+  kPerShare,
+  kTaxDeducted,
+  kAction  ///< place in corporate_actions.csv; empty for one that was entered by hand
+};
 }
 
 }  // namespace quorvane::portfolio

@@ -44,15 +44,15 @@ struct ResolvedNames {
 ResolvedNames ImportMasters(database::Transaction& transaction, const Portfolio& portfolio,
                             ErrorList& errors, ImportResult& result);
 
-/// Takes in opening lots, bills and transfers in the order of their dates and posts them to the
-/// holdings ledger. On one date bills come in file order, in a bill purchases before sales, then
-/// transfers; a bill that lacks shares is tried again after the date's transfers that are possible.
-/// Writes nothing when there is an error.
+/// Takes in opening lots, corporate actions, bills and transfers in the order of their dates and
+/// posts them to the holdings ledger. On one date corporate actions come first, then bills in file
+/// order, in a bill purchases before sales, then transfers; a bill that lacks shares is tried again
+/// after the date's transfers that are possible. Writes nothing when there is an error.
 void ImportMovements(database::Transaction& transaction, const Portfolio& portfolio,
                      const ResolvedNames& names, ErrorList& errors, ImportResult& result,
                      Progress& progress);
 
-/// Takes in broker opening balances, payments to and receipts from brokers, and market rates.
+/// Takes in broker opening balances, payments to and receipts from brokers, market rates and ISINs.
 void ImportMoney(database::Transaction& transaction, const Portfolio& portfolio,
                  const ResolvedNames& names, ErrorList& errors, ImportResult& result);
 

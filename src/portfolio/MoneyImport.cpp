@@ -5,7 +5,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <map>
+#include <set>
 
 namespace quorvane::portfolio {
 namespace {
@@ -31,6 +33,7 @@ class MoneyImport {
                    "payments");
     ImportPayments(records::kReceipts, FileKind::kReceipts, portfolio_.receipts, "receipts");
     ImportRates();
+    ImportIsins();
   }
 
  private:
@@ -109,6 +112,30 @@ class MoneyImport {
     writer.Finish();
     database::KeepKeys(transaction_, records::Table<MarketRate>::kName, next);
     result_.Count("market rates", added);
+  }
+
+  void ImportIsins() {
+    std::map<ScripId, std::vector<quorvane::rates::DatedIsin>> known =
+        quorvane::rates::AllIsins(transaction_.GetConnection());
+    std::set<ScripId> changed;
+    std::size_t added = 0;
+    for (const IsinRow& row : portfolio_.isins) {
+      const ScripId scrip = names_.scrips[row.scrip];
+      std::vector<quorvane::rates::DatedIsin>& isins = known[scrip];
+      const auto same = std::ranges::find(isins, row.isin.isin, &quorvane::rates::DatedIsin::isin);
+      if (same == isins.end()) {
+        isins.push_back(row.isin);
+        changed.insert(scrip);
+        ++added;
+      } else if (same->from_day != row.isin.from_day) {
+        errors_.Add(FileKind::kIsins, row.line, "from_date",
+                    "the scrip has this ISIN from another day");
+      }
+    }
+    for (const ScripId scrip : changed) {
+      quorvane::rates::SetIsins(transaction_, scrip, known[scrip]);
+    }
+    result_.Count("ISINs", added);
   }
 
   Transaction& transaction_;

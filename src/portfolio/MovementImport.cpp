@@ -1,3 +1,4 @@
+#include "portfolio/ActionImport.h"
 #include "portfolio/BillShares.h"
 #include "portfolio/ImportSteps.h"
 #include "portfolio/RecordedDocuments.h"
@@ -26,13 +27,15 @@ class MovementImport {
         progress_(progress),
         bill_shares_(portfolio, names, layers_, errors),
         documents_(portfolio, names),
-        transfers_(names, layers_, documents_, errors) {}
+        transfers_(names, layers_, documents_, errors),
+        actions_(portfolio, names, lots_, layers_, errors) {}
 
   void Run() {
     // Each line is taken and then written.
     progress_.Begin(QStringLiteral("Import"),
                     2 * static_cast<std::int64_t>(portfolio_.bill_lines.size()));
     ReadRecorded();
+    actions_.Check(transaction_.GetConnection());
     TakeOpenings();
     TakeByDate();
     bill_shares_.ReportAdvances();
@@ -44,6 +47,7 @@ class MovementImport {
     result_.Count("bill lines", documents_.LineCount());
     result_.Count("transfers", portfolio_.transfers.size());
     documents_.Write(transaction_, lots_, progress_);
+    actions_.Write(transaction_, result_);
   }
 
  private:
@@ -105,7 +109,7 @@ class MovementImport {
     for (const auto& [row, opening] : taken) {
       layers_.Receive(
           {{opening.client, opening.year}, opening.account, opening.scrip, opening.rate},
-          row->purchase_date, opening.quantity);
+          {row->purchase_date, opening.quantity, false, opening.fo});
     }
   }
 
@@ -130,13 +134,20 @@ class MovementImport {
     const std::vector<std::uint32_t> transfers = ByDate(portfolio_.transfers);
     std::size_t bill = 0;
     std::size_t transfer = 0;
-    while ((bill < bills.size() || transfer < transfers.size()) && !errors_.Full()) {
-      const bool bill_first =
-          transfer == transfers.size() ||
-          (bill < bills.size() &&
-           portfolio_.bills[bills[bill]].date <= portfolio_.transfers[transfers[transfer]].date);
-      const text::Date date = bill_first ? portfolio_.bills[bills[bill]].date
-                                         : portfolio_.transfers[transfers[transfer]].date;
+    const auto next_date = [&] {
+      std::optional<text::Date> next = actions_.NextDay();
+      if (bill < bills.size()) {
+        next = std::min(next.value_or(text::Date::max()), portfolio_.bills[bills[bill]].date);
+      }
+      if (transfer < transfers.size()) {
+        next = std::min(next.value_or(text::Date::max()),
+                        portfolio_.transfers[transfers[transfer]].date);
+      }
+      return next;
+    };
+    for (auto next = next_date(); next && !errors_.Full(); next = next_date()) {
+      const text::Date date = *next;
+      actions_.Apply(date);
       BeginDate();
       for (; transfer < transfers.size() && portfolio_.transfers[transfers[transfer]].date == date;
            ++transfer) {
@@ -202,6 +213,7 @@ class MovementImport {
   BillShares bill_shares_;
   TakenDocuments documents_;
   TransferImport transfers_;
+  ActionImport actions_;
 };
 
 }  // namespace

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/rates/IsinBook.h"
+#include "core/records/Action.h"
 #include "core/records/Bill.h"
+#include "core/records/Dividend.h"
 #include "core/records/Masters.h"
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
@@ -161,6 +164,40 @@ struct RateRow {
   std::size_t line = 0;
 };
 
+struct IsinRow {
+  quorvane::rates::DatedIsin isin;
+  Symbol scrip = 0;
+  std::size_t line = 0;
+};
+
+struct ActionRow {
+  records::Action record;
+  text::Date ex_day;
+  Symbol scrip = 0;
+  std::optional<Symbol> other;
+  std::size_t line = 0;
+};
+
+struct ActionLotRow {
+  records::ActionLot record;
+  std::size_t action = 0;  ///< place in Portfolio::actions
+  Symbol client = 0;
+  Symbol account = 0;
+  Symbol scrip = 0;
+  std::optional<Symbol> to_scrip;
+  std::optional<text::Date> acquired;
+  std::size_t line = 0;
+};
+
+struct DividendRow {
+  records::Dividend record;
+  std::optional<std::size_t> action;  ///< place in Portfolio::actions
+  Symbol client = 0;
+  Symbol account = 0;
+  Symbol scrip = 0;
+  std::size_t line = 0;
+};
+
 /// A portfolio folder in memory, checked row by row but not yet against a database.
 struct Portfolio {
   std::vector<MasterRow<records::Participant>> participants;
@@ -178,6 +215,13 @@ struct Portfolio {
   std::vector<MoneyRow> payments;
   std::vector<MoneyRow> receipts;
   std::vector<RateRow> rates;
+  std::vector<IsinRow> isins;
+  std::vector<ActionRow> actions;  ///< in file order, of which lots and dividends give the place
+  std::vector<ActionLotRow> action_lots;
+  std::vector<DividendRow> dividends;
+
+  /// Whether the folder says what was applied; otherwise actions are applied as they are taken in.
+  bool has_action_lots = false;
 
   Interner client_codes;
   Interner account_numbers;

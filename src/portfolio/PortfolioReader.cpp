@@ -49,6 +49,7 @@ class Reader {
     CsvTable& table = *portfolio_.tables.emplace_back(
         std::make_unique<CsvTable>(layout, std::move(content), errors_));
     fields_.Begin(table, layout.kind);
+    portfolio_.has_action_lots |= layout.kind == FileKind::kActionLots;
     while (table.Next()) {
       ReadRow();
     }
@@ -82,6 +83,14 @@ class Reader {
         return ReadMoney(portfolio_.receipts, kReceiptModes);
       case FileKind::kRates:
         return ReadRate();
+      case FileKind::kIsins:
+        return actions_.ReadIsin();
+      case FileKind::kActions:
+        return actions_.ReadAction();
+      case FileKind::kActionLots:
+        return actions_.ReadActionLot();
+      case FileKind::kDividends:
+        return actions_.ReadDividend();
     }
   }
 
@@ -198,6 +207,7 @@ class Reader {
   RowFields fields_{portfolio_};
   MasterRows masters_{portfolio_, fields_};
   BillRows bills_{portfolio_, fields_};
+  ActionRows actions_{portfolio_, fields_};
 };
 
 }  // namespace

@@ -99,4 +99,24 @@ class BillRows {
   std::uint32_t last_bill_ = 0;
 };
 
+/// Takes the rows of the files about corporate actions, dividends and ISINs into the portfolio.
+class ActionRows {
+ public:
+  ActionRows(Portfolio& portfolio, RowFields& fields) : portfolio_(portfolio), fields_(fields) {}
+
+  // The current row, which is of that file.
+  void ReadIsin();
+  void ReadAction();
+  void ReadActionLot();
+  void ReadDividend();
+
+ private:
+  text::Shares AnyShares(int column);
+  std::optional<Symbol> OptionalScrip(int column);
+  std::optional<std::size_t> ActionAt(int column);
+
+  Portfolio& portfolio_;
+  RowFields& fields_;
+};
+
 }  // namespace quorvane::portfolio

@@ -34,6 +34,12 @@ std::string IdentityOf(const records::BrokerOpening& opening) {
                      opening.broker.value);
 }
 
+std::string IdentityOf(const records::Dividend& dividend) {
+  return fmt::format("{}|{}|{}|{}|{}|{}", dividend.client.value, dividend.account.value,
+                     dividend.scrip.value, dividend.date.toStdString(),
+                     dividend.quantity.Millionths(), dividend.per_share);
+}
+
 std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio) {
   std::set<text::FinancialYear> years;
   for (const OpeningRow& row : portfolio.openings) {
@@ -50,6 +56,9 @@ std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio) {
   };
   add_dates(portfolio.bills);
   add_dates(portfolio.transfers);
+  for (const ActionRow& row : portfolio.actions) {
+    years.insert(text::FinancialYear::Of(row.ex_day));
+  }
   return years;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/records/Bill.h"
+#include "core/records/Dividend.h"
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
 #include "core/records/Query.h"
@@ -21,6 +22,7 @@ std::string IdentityOf(const records::Opening& opening);
 std::string IdentityOf(const records::Transfer& transfer);
 std::string IdentityOf(const records::Payment& payment);
 std::string IdentityOf(const records::BrokerOpening& opening);
+std::string IdentityOf(const records::Dividend& dividend);
 
 /// The documents of a kind that stand in the database before an import, so that a folder taken in
 /// twice is noticed.
@@ -49,7 +51,7 @@ class RecordedDocuments {
   std::unordered_set<std::string> identities_;
 };
 
-/// The years of the folder's opening stock, bills and transfers.
+/// The years of the folder's opening stock, bills, transfers and corporate actions.
 std::set<text::FinancialYear> TouchedYears(const Portfolio& portfolio);
 
 }  // namespace quorvane::portfolio

@@ -48,7 +48,7 @@ bool TransferImport::Apply(const TransferRow& row, bool report) {
     return false;
   }
   layers_.Receive(names_.LotKeyAt(ledger::DestinationOf(transfer), row.scrip, transfer.rate),
-                  row.date, transfer.quantity);
+                  {row.date, transfer.quantity});
   if (recorded_.Has(transfer)) {
     errors_.Add(FileKind::kTransfers, row.line, "", "this transfer is recorded already");
   }

@@ -42,26 +42,10 @@ std::vector<gains::RemainingLot> HeldBefore(Connection& connection, const Action
   query.year = FinancialYear::Of(ex_day);
   query.from = query.year.FirstDay();
   query.to = ex_day - std::chrono::days(1);
-  query.fo = gains::FoChoice::kNonFo;
   query.scrip = action.scrip;
-  return gains::RemainingLots(connection, query, progress);
-}
-
-/// The lots of all accounts, numbered.
-std::vector<ActionLot> LotsOf(const Action& action, std::span<const AccountEffect> effects) {
-  std::vector<ActionLot> lots;
-  int number = 0;
-  for (const AccountEffect& account : effects) {
-    for (ActionLot lot : account.effect.lots) {
-      lot.action = action.id;
-      lot.number = ++number;
-      lot.client = account.client;
-      lot.year = FinancialYear::Of(ExDayOf(action));
-      lot.account = account.account;
-      lots.push_back(lot);
-    }
-  }
-  return lots;
+  std::vector<gains::RemainingLot> held = gains::RemainingLots(connection, query, progress);
+  std::erase_if(held, [](const gains::RemainingLot& lot) { return lot.fo; });
+  return held;
 }
 
 std::vector<ActionLot> RecordedLots(Connection& connection, const Action& action) {
@@ -175,6 +159,31 @@ void PayDividend(Transaction& transaction, const Action& action,
 
 }  // namespace
 
+std::vector<ActionLot> LotsOf(const Action& action, std::span<const AccountEffect> effects) {
+  std::vector<ActionLot> lots;
+  int number = 0;
+  for (const AccountEffect& account : effects) {
+    for (ActionLot lot : account.effect.lots) {
+      lot.action = action.id;
+      lot.number = ++number;
+      lot.client = account.client;
+      lot.year = FinancialYear::Of(ExDayOf(action));
+      lot.account = account.account;
+      lots.push_back(lot);
+    }
+  }
+  return lots;
+}
+
+void WriteEffects(Transaction& transaction, const Action& action,
+                  std::span<const AccountEffect> effects) {
+  const std::vector<ActionLot> lots = LotsOf(action, effects);
+  records::Insert(transaction, std::span<const ActionLot>(lots));
+  if (action.kind == ActionKind::kDividend) {
+    PayDividend(transaction, action, effects);
+  }
+}
+
 std::vector<AccountEffect> EffectsOf(Connection& connection, const Action& action,
                                      const ChosenShares& chosen, Progress& progress) {
   const std::vector<gains::RemainingLot> held = HeldBefore(connection, action, progress);
@@ -231,10 +240,7 @@ Result<std::size_t> Apply(Transaction& transaction, const Action& action,
     return LacksShares(transaction, lots, action);
   }
   lots.Write(transaction);
-  records::Insert(transaction, std::span<const ActionLot>(touched));
-  if (action.kind == ActionKind::kDividend) {
-    PayDividend(transaction, action, effects);
-  }
+  WriteEffects(transaction, action, effects);
   SetApplied(transaction, action, true);
   return effects.size();
 }

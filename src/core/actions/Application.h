@@ -6,6 +6,8 @@
 #include "core/database/Transaction.h"
 
 #include <map>
+#include <span>
+#include <utility>
 #include <vector>
 
 namespace quorvane::actions {
@@ -34,6 +36,14 @@ ChosenShares AppliedShares(database::Connection& connection, const Action& actio
 /// Whether the books still say what an action was applied to. After bills of earlier days were
 /// entered or deleted it is to be taken back and applied again.
 bool IsCurrent(database::Connection& connection, const Action& action, Progress& progress);
+
+/// The lots of an action by account, numbered, with what they belong to.
+std::vector<records::ActionLot> LotsOf(const Action& action,
+                                       std::span<const AccountEffect> effects);
+
+/// Writes an action's lots, and of a dividend what every holder gets. Holdings stay as they are.
+void WriteEffects(database::Transaction& transaction, const Action& action,
+                  std::span<const AccountEffect> effects);
 
 /// Applies a recorded action: its lots are written and the holdings follow. Refused, with a list,
 /// when sales or transfers of the ex-day or later would then lack shares. Reads plainly, so the

@@ -38,8 +38,8 @@ void Layers::Add(const Movement& m) {
   if (!records::IsReceipt(m.kind)) {
     gone_[lot->id] += m.quantity;
   } else {
-    arrivals_.push_back(
-        {m.acquired, m.kind, m.document, m.line, lot->id, m.quantity, m.non_delivery});
+    arrivals_.push_back({m.acquired, m.kind, m.document, m.line, lot->id, m.quantity,
+                         m.non_delivery, m.fo, m.date});
   }
 }
 
@@ -50,7 +50,12 @@ void Layers::Arrange() {
     const Shares used_up = std::min(gone, arrival.quantity);
     gone -= used_up;
     if (used_up < arrival.quantity) {
-      Append({arrival.date, arrival.lot, arrival.quantity - used_up, arrival.non_delivery});
+      Append({.date = arrival.date,
+              .lot = arrival.lot,
+              .left = arrival.quantity - used_up,
+              .non_delivery = arrival.non_delivery,
+              .fo = arrival.fo,
+              .entered = arrival.entered});
     }
   }
   gone_.clear();
@@ -75,10 +80,15 @@ Layers::OfLot& Layers::StateOf(LotId id) {
   return place->second;
 }
 
-LotId Layers::Receive(const LotKey& key, text::Date date, Shares quantity, bool non_delivery) {
-  const LotId lot = lots_.PostLot(Posting::kAdd, key, quantity);
-  if (const Shares left = Repay(StateOf(lot), quantity)) {
-    Append({date, lot, left, non_delivery});
+LotId Layers::Receive(const LotKey& key, const Receipt& receipt) {
+  const LotId lot = lots_.PostLot(Posting::kAdd, key, receipt.quantity);
+  if (const Shares left = Repay(StateOf(lot), receipt.quantity)) {
+    Append({.date = receipt.date,
+            .lot = lot,
+            .left = left,
+            .non_delivery = receipt.non_delivery,
+            .fo = receipt.fo,
+            .entered = receipt.entered.value_or(receipt.date)});
   }
   return lot;
 }
@@ -100,6 +110,7 @@ Shares Layers::Repay(OfLot& state, Shares quantity) {
 void Layers::Append(const Layer& received) {
   const auto layer = static_cast<std::uint32_t>(layers_.size());
   layers_.push_back(received);
+  layers_.back().arrival = layer;
   OfLot& state = StateOf(received.lot);
   Insert(holdings_[state.holding], layer);
   Insert(state.queue, layer);

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -19,6 +20,18 @@ struct Layer {
   LotId lot;
   Shares left;
   bool non_delivery = false;  ///< bought to be sold on the same day
+  bool fo = false;            ///< futures and options
+  text::Date entered;         ///< `date`, but of shares from a corporate action its ex-day
+  std::uint32_t arrival = 0;  ///< in the order in which layers were added
+};
+
+/// Shares that come in.
+struct Receipt {
+  text::Date date;  ///< from which they count as held
+  Shares quantity;
+  bool non_delivery = false;
+  bool fo = false;
+  std::optional<text::Date> entered = {};  ///< `date` when there is none
 };
 
 /// The purchases that lots are made of, by account and scrip, so that shares can be taken first in,
@@ -39,7 +52,7 @@ class Layers {
   void Arrange();
 
   /// Shares come in: by an opening lot, a purchase or a transfer.
-  LotId Receive(const LotKey& key, text::Date date, Shares quantity, bool non_delivery = false);
+  LotId Receive(const LotKey& key, const Receipt& receipt);
 
   /// Shares taken from one lot.
   struct Piece {
@@ -127,6 +140,8 @@ class Layers {
     LotId lot;
     Shares quantity;
     bool non_delivery;
+    bool fo;
+    text::Date entered;
 
     auto Order() const { return std::tuple(date, kind, document, line); }
   };

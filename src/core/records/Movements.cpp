@@ -125,7 +125,7 @@ class MovementReader {
     } else if (scope_.delivery) {
       lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
                  &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,
-                 &BillLine::rate, &BillLine::delivery_type>(take);
+                 &BillLine::rate, &BillLine::fo, &BillLine::delivery_type>(take);
     } else {
       lines.Only<&BillLine::client, &BillLine::year, &BillLine::bill, &BillLine::number,
                  &BillLine::side, &BillLine::lot, &BillLine::scrip, &BillLine::quantity,

@@ -64,7 +64,7 @@ struct MovementScope {
   std::optional<text::FinancialYear> year = {};
   std::optional<ScripId> scrip = {};
   bool charges = true;          ///< read the money of the records, too
-  bool delivery = false;        ///< read the delivery type of the lines, too
+  bool delivery = false;        ///< read the delivery type and F&O of the lines, too
   bool every_transfer = false;  ///< transfers between other clients, too
 };
 

@@ -71,7 +71,7 @@ void ActionRows::ReadAction() {
   record.cost_percent = fields_.Table().Number(kCostPercent);
   record.note = fields_.Text(kNote);
   record.allotment_day = fields_.DayText(kAllotmentDate);
-  record.applied = fields_.Table().Text(kApplied).empty() || fields_.Table().Flag(kApplied);
+  record.applied = fields_.Table().OptionalNumber(kApplied).value_or(1) != 0;
   row.line = fields_.Table().Line();
   // A row that is refused keeps its place, because lots and dividends count the rows.
   if (kind >= 0 && ex_day) {
@@ -121,7 +121,7 @@ void ActionRows::ReadDividend() {
   record.quantity = fields_.Table().Shares(kQuantity);
   record.per_share = fields_.Table().PositiveNumber(kPerShare);
   record.tax_deducted = fields_.Table().Number(kTaxDeducted);
-  if (!fields_.Table().Text(kAction).empty()) {
+  if (fields_.Table().OptionalNumber(kAction)) {
     row.action = ActionAt(kAction);
   }
   row.line = fields_.Table().Line();

@@ -2,9 +2,9 @@
 """Writes a random but legal portfolio folder: the same arguments give the same files.
 
     generate.py --lines N --seed S --out FOLDER [--clients C] [--scrips K] [--years Y]
-                [--first-year 2011] [--order date|client]
+                [--first-year 2011] [--order date|client] [--actions A]
 
-N is the number of lines in bills.csv. Files are written as they come up; memory follows the number
+N is the number of lines in bills.csv, A that of corporate actions a year. Files are written as they come up; memory follows the number
 of lots held, not N. With --order client the bills are sorted by client at the end, in memory.
 """
 
@@ -12,9 +12,14 @@ import argparse
 import random
 from collections import defaultdict
 from datetime import date, timedelta
+from fractions import Fraction
 from pathlib import Path
 
-QUANTITY = 1000   # quantities are counted in thousandths of a share
+from actions import Piece, effect
+from exact import plain as exact_text
+from folder import Action
+
+QUANTITY = 10**6  # quantities are counted in millionths of a share
 RATE = 10000      # rates and brokerage in ten-thousandths of a rupee
 KINDS = ("Brokerage Delivery Based", "Brokerage Non Delivery Based", "STT Delivery Based",
          "STT Non Delivery Based", "Service Tax")
@@ -23,7 +28,15 @@ BILL_HEADER = ("client_code,account_no,bill_no,bill_date,settlement_no,broker,ex
                "lot_rate,other_charges,transaction_charges\n")
 
 
-def plain(value: int, unit: int) -> str:
+ACTIONS = (("split", 2, 1), ("split", 10, 1), ("split", 5, 2), ("consolidation", 1, 10),
+           ("bonus", 1, 2), ("bonus", 17, 25), ("bonus", 2, 1), ("rights", 1, 15),
+           ("merger", 42, 25), ("merger", 2, 5), ("demerger", 1, 10), ("demerger", 1, 1),
+           ("name-change", 0, 0), ("dividend", 0, 0))
+
+
+def plain(value: int | Fraction, unit: int) -> str:
+    if isinstance(value, Fraction):
+        return exact_text(value / unit)
     whole, rest = divmod(value, unit)
     if not rest:
         return str(whole)
@@ -39,10 +52,12 @@ def year_text(first: int) -> str:
 
 
 class Layer:
-    __slots__ = ("bought", "rate", "left", "intraday")
+    __slots__ = ("bought", "entered", "rate", "left", "intraday")
 
-    def __init__(self, bought: date, rate: int, left: int, intraday: bool = False):
+    def __init__(self, bought: date, rate: int | Fraction, left: int, intraday: bool = False,
+                 entered: date | None = None):
         self.bought, self.rate, self.left, self.intraday = bought, rate, left, intraday
+        self.entered = entered or bought
 
 
 class Generator:
@@ -51,6 +66,9 @@ class Generator:
         self.out = Path(arguments.out)
         self.out.mkdir(parents=True, exist_ok=True)
         self.lines = arguments.lines
+        self.action_count = arguments.actions
+        self.actions: list[str] = []
+        self.ended: set[str] = set()  # scrips that have gone into another one
         self.years = [arguments.first_year + n for n in range(arguments.years)]
         self.by_client = arguments.order == "client"
         self.kept: list[tuple[str, list[str]]] = []  # bills that wait for --order client
@@ -101,7 +119,7 @@ class Generator:
 
     def quantity(self) -> int:
         if self.chance(4):
-            return self.random.randint(1, 500 * QUANTITY)
+            return self.random.randint(1, 500 * 1000) * QUANTITY // 1000
         return self.random.choice((1, 5, 10, 25, 50, 100, 250, 37, 400)) * QUANTITY
 
     def rate(self, scrip: str) -> int:
@@ -114,6 +132,7 @@ class Generator:
         """Brokerage a share in RATE units; service tax and STT of the line in paise."""
         if self.chance(5):
             return 0, 0, 0
+        rate = int(rate)
         step = 1 if self.chance(5) else RATE // 100
         brokerage = rate // (2000 if intraday else 200) // step * step
         value = quantity * rate // QUANTITY // (RATE // 100)
@@ -138,7 +157,8 @@ class Generator:
         """Some of a balance: all of it now and then, else whole shares where there are any."""
         if self.chance(20) or balance <= QUANTITY:
             return balance
-        part = self.random.randint(1, balance)
+        thousandth = QUANTITY // 1000
+        part = self.random.randint(1, balance // thousandth) * thousandth
         return part if self.chance(4) else max(QUANTITY, part // QUANTITY * QUANTITY)
 
     # Bills
@@ -183,7 +203,7 @@ class Generator:
         kind = "Non Delivery Based" if intraday else "Delivery Based"
         return (f"{side},{scrip},{plain(quantity, QUANTITY)},{plain(rate, RATE)},"
                 f"{plain(brokerage, RATE)},{plain(tax, 100)},{plain(stt, 100)},"
-                f"{'0.025' if intraday else '0.125'},{kind},{int(self.chance(3))},{lot_rate}")
+                f"{'0.025' if intraday else '0.125'},{kind},{int(not self.action_count and self.chance(3))},{lot_rate}")
 
     def purchase(self, key, when: date, intraday: bool) -> tuple[str, Layer]:
         _account, scrip = key
@@ -268,7 +288,8 @@ class Generator:
                     yield (f"{owners[account]},{account},{year_text(year)},{scrip},"
                            f"{plain(layer.left, QUANTITY)},{plain(layer.rate, RATE)},"
                            f"{dmy(layer.bought)},{plain(tax, 100)},{plain(brokerage, RATE)},"
-                           f"{plain(stt, 100)},{int(self.chance(2))}")
+                           f"{plain(stt, 100)},"
+                           f"{int(not self.action_count and self.chance(2))}")
             self.trading_year(year, self.lines * (n + 1) // len(self.years)
                               - self.lines * n // len(self.years))
 
@@ -285,8 +306,11 @@ class Generator:
         first = date(year, 4, 1)
         days = (date(year + 1, 4, 1) - first).days
         written = 0
+        due_actions = self.random.sample(range(days), self.action_count)
         for n in range(days):
             when = first + timedelta(days=n)
+            if n in due_actions:
+                self.act(when)
             due = lines * (n + 1) // days - written
             written += due
             on_arrival = due > 0 and self.chance(10)
@@ -295,6 +319,39 @@ class Generator:
                 self.day_transfers(self.transfers, when, due)
             elif not self.sold_on_arrival(self.transfers, when, busy):
                 self.day_bills(when, 1)
+
+    # Corporate actions
+
+    def act(self, when: date):
+        scrip, other = self.random.sample([one for one in self.scrips if one not in self.ended], 2)
+        kind, new, old = self.random.choice(ACTIONS)
+        action = Action(kind, scrip, when, None, None, Fraction(new), Fraction(old),
+                        other if kind in ("merger", "demerger", "name-change") else "",
+                        Fraction(self.random.randint(1, 500)),
+                        Fraction("33.35") if kind == "demerger" else Fraction(0))
+        if kind in ("merger", "name-change"):
+            self.ended.add(scrip)
+        for _client, account in self.accounts:
+            self.act_on(account, action)
+        self.actions.append(
+            f"{scrip},{kind},{dmy(when)},{exact_text(action.new) if new else ''},"
+            f"{exact_text(action.old) if old else ''},{action.other},{exact_text(action.price)},"
+            f"{exact_text(action.percent)}")
+
+    def act_on(self, account: str, action: Action):
+        layers = sorted(self.held[account, action.scrip], key=lambda layer: layer.entered)
+        if not layers:
+            return
+        done = effect([Piece(Fraction(one.rate) / RATE, Fraction(one.left, QUANTITY), one.bought)
+                       for one in layers], action)
+        if done.out:
+            self.held[account, action.scrip] = []
+        for scrip, piece in done.into:
+            rate = piece.rate * RATE
+            held = self.held[account, scrip]
+            held.append(Layer(piece.acquired, int(rate) if rate.denominator == 1 else rate,
+                              int(piece.quantity * QUANTITY), entered=action.ex_day))
+            held.sort(key=lambda layer: layer.bought)
 
     def day_bills(self, when: date, due: int) -> set[str]:
         """Writes bills of `due` lines in all and returns their accounts."""
@@ -338,6 +395,9 @@ class Generator:
             self.write("opening.csv",
                        "client_code,account_no,fyear,scrip_code,quantity,rate,purchase_date,"
                        "service_tax,brokerage,stt,fo", self.opening_rows())
+            if self.actions:
+                self.write("corporate_actions.csv", "scrip_code,kind,ex_date,new,old,"
+                           "other_scrip_code,price,cost_percent", self.actions)
             for _client, rows in sorted(self.kept, key=lambda bill: bill[0]):
                 self.bills.writelines(rows)
 
@@ -353,6 +413,7 @@ def main():
     parser.add_argument("--years", type=int, default=1)
     parser.add_argument("--first-year", type=int, default=2011)
     parser.add_argument("--order", choices=("date", "client"), default="date")
+    parser.add_argument("--actions", type=int, default=0, help="corporate actions a year")
     Generator(parser.parse_args()).run()
 
 

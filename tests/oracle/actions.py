@@ -70,6 +70,8 @@ def _converted(pieces: list[Piece], action: Action, new: Fraction, old: Fraction
 
 
 def effect(pieces: list[Piece], action: Action) -> Effect:
+    if not pieces:
+        return Effect([], [])
     held = sum((one.quantity for one in pieces), Fraction(0))
     one, here, there = Fraction(1), action.scrip, action.other
     if action.kind in ("split", "consolidation"):

@@ -15,7 +15,7 @@ from datetime import date, timedelta
 from fractions import Fraction
 from pathlib import Path
 
-from actions import Piece, effect
+from actions import Effect, Piece, effect
 from exact import plain as exact_text
 from folder import Action
 
@@ -30,7 +30,7 @@ BILL_HEADER = ("client_code,account_no,bill_no,bill_date,settlement_no,broker,ex
 
 ACTIONS = (("split", 2, 1), ("split", 10, 1), ("split", 5, 2), ("consolidation", 1, 10),
            ("bonus", 1, 2), ("bonus", 17, 25), ("bonus", 2, 1), ("rights", 1, 15),
-           ("merger", 42, 25), ("merger", 2, 5), ("demerger", 1, 10), ("demerger", 1, 1),
+           ("merger", 8, 5), ("merger", 2, 5), ("demerger", 1, 10), ("demerger", 1, 1),
            ("name-change", 0, 0), ("dividend", 0, 0))
 
 
@@ -329,21 +329,25 @@ class Generator:
                         other if kind in ("merger", "demerger", "name-change") else "",
                         Fraction(self.random.randint(1, 500)),
                         Fraction("33.35") if kind == "demerger" else Fraction(0))
+        effects = {account: self.effect_on(account, action) for _client, account in self.accounts}
+        if any(len(exact_text(piece.rate)) > 14 for done in effects.values()
+               for _scrip, piece in done.into):
+            return  # such a rate is no lot's: the program keeps fifteen digits
         if kind in ("merger", "name-change"):
             self.ended.add(scrip)
-        for _client, account in self.accounts:
-            self.act_on(account, action)
+        for account, done in effects.items():
+            self.apply(account, action, done)
         self.actions.append(
             f"{scrip},{kind},{dmy(when)},{exact_text(action.new) if new else ''},"
             f"{exact_text(action.old) if old else ''},{action.other},{exact_text(action.price)},"
             f"{exact_text(action.percent)}")
 
-    def act_on(self, account: str, action: Action):
+    def effect_on(self, account: str, action: Action) -> Effect:
         layers = sorted(self.held[account, action.scrip], key=lambda layer: layer.entered)
-        if not layers:
-            return
-        done = effect([Piece(Fraction(one.rate) / RATE, Fraction(one.left, QUANTITY), one.bought)
+        return effect([Piece(Fraction(one.rate) / RATE, Fraction(one.left, QUANTITY), one.bought)
                        for one in layers], action)
+
+    def apply(self, account: str, action: Action, done: Effect):
         if done.out:
             self.held[account, action.scrip] = []
         for scrip, piece in done.into:

@@ -50,7 +50,7 @@ app::StartUpOptions Options(const QString& folder, QSplashScreen& splash) {
 /// Shows the main window, after a log-out the login window, and so on until one is closed.
 class Desktop {
  public:
-  explicit Desktop(app::Session& session) : desk_{session, messages_} {
+  explicit Desktop(app::Session& session) : desk_{{session, messages_}} {
     reports_.Setapppath(session.folders.application);
     reports_.winmodereport(1);
     desk_.show_report = [this](const reporting::ReportDocument& document, QWidget* over) {
@@ -102,7 +102,7 @@ class Desktop {
   }
 
   controls::MessageBoxes messages_;
-  controls::Desk desk_;
+  reporting::ReportDesk desk_;
   users::Attempts attempts_;
   reporting::RepView reports_{desk_};
   ui::Help help_{app::ShippedFolder(QCoreApplication::applicationDirPath(),

@@ -88,7 +88,7 @@ void FillMovements(database::Transaction& transaction) {
 }
 
 /// Milliseconds until the window stands painted on the screen; it is closed again.
-double OpenOnce(ui::MDIForm1& main, controls::Desk& desk, const QString& name) {
+double OpenOnce(ui::MDIForm1& main, reporting::ReportDesk& desk, const QString& name) {
   desk.session.target = name;
   const double seconds = bench::Seconds([&] {
     main.Open(name);
@@ -104,7 +104,7 @@ double OpenOnce(ui::MDIForm1& main, controls::Desk& desk, const QString& name) {
 
 bool MeasureWindows(app::Session& session) {
   NobodyThere messages;
-  controls::Desk desk{session, messages};
+  reporting::ReportDesk desk{{session, messages}};
   bench::Table table;
   table.Head();
   std::unique_ptr<ui::MDIForm1> main;

@@ -8,10 +8,6 @@
 
 class QWidget;
 
-namespace quorvane::reporting {
-struct ReportDocument;
-}
-
 namespace quorvane::controls {
 
 /// What every window is given: what the program shares, the way to speak to the user, the calendar
@@ -27,10 +23,6 @@ struct Desk {
   /// Shows the chapter of the user guide about a window, in front of `over`.
   std::function<void(const QString& window_name, QWidget* over)> help = [](const QString&,
                                                                            QWidget*) {};
-
-  /// Shows a report as pages, to look at, print and save.
-  std::function<void(const reporting::ReportDocument& document, QWidget* over)> show_report =
-      [](const reporting::ReportDocument&, QWidget*) {};
 
   /// Asks where a file is to be saved; empty when the user gives it up.
   std::function<QString(QWidget* over, const QString& suggested_path)> ask_save_path =

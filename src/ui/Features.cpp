@@ -32,22 +32,22 @@ namespace {
 
 using broker_money::PaymentKind;
 using controls::ChildWindow;
-using controls::Desk;
 using lookup_masters::LookupKind;
+using reporting::ReportDesk;
 using enum MenuAction;
 
 template <class Window>
-ChildWindow* Make(Desk& desk) {
+ChildWindow* Make(ReportDesk& desk) {
   return new Window(desk);
 }
 
 template <LookupKind kind>
-ChildWindow* MakeLookup(Desk& desk) {
+ChildWindow* MakeLookup(ReportDesk& desk) {
   return new lookup_masters::FrmLookup(desk, kind);
 }
 
 template <PaymentKind kind>
-ChildWindow* MakePayment(Desk& desk) {
+ChildWindow* MakePayment(ReportDesk& desk) {
   return new broker_money::FrmBrPayment(desk, kind);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Desk.h"
+#include "reporting/window/ReportDesk.h"
 
 #include <QString>
 
@@ -41,7 +41,8 @@ struct Feature {
 
   const char* name = "";     ///< of the window or duty, by which other windows ask for it
   const char* chapter = "";  ///< the file of the user guide
-  controls::ChildWindow* (*make)(controls::Desk&) = nullptr;  ///< not shown, belongs to itself
+  controls::ChildWindow* (*make)(reporting::ReportDesk&) =
+      nullptr;  ///< not shown, belongs to itself
 };
 
 /// Everything that the program does, in the order of the menu.

@@ -4,6 +4,7 @@
 #include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
 #include "reporting/document/ReportDocument.h"
+#include "reporting/window/ReportDesk.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"
 
@@ -165,7 +166,7 @@ class ShownWindow {
   }
 
   app::Session session_;
-  controls::Desk desk_{session_, messages, [] { return *text::MakeDate(15, 11, 2011); }};
+  reporting::ReportDesk desk_{{session_, messages, [] { return *text::MakeDate(15, 11, 2011); }}};
 };
 
 }  // namespace quorvane::test

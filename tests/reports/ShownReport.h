@@ -61,7 +61,7 @@ struct ShownReport {
   QTemporaryDir folder;
   app::Session session;
   RecordingMessages messages;
-  controls::Desk desk{session, messages, [] { return *text::MakeDate(15, 11, 2011); }};
+  reporting::ReportDesk desk{{session, messages, [] { return *text::MakeDate(15, 11, 2011); }}};
   QStringList opened;
   bool opens = true;
   QString save_path;

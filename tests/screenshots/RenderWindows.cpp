@@ -137,7 +137,7 @@ void RenderPreview(ui::MDIForm1& main, controls::ChildWindow& window, const QDir
   main.findChild<QMdiArea*>()->subWindowList().last()->close();
 }
 
-void Render(ui::MDIForm1& main, controls::Desk& desk, test::RecordingMessages& messages,
+void Render(ui::MDIForm1& main, reporting::ReportDesk& desk, test::RecordingMessages& messages,
             const QString& name, const QDir& out) {
   desk.session.target = name;
   main.Open(name);
@@ -177,7 +177,7 @@ void RenderAll(const QStringList& arguments) {
   session->current = ClientYear{client->id, *year};
   session->current_client_name = QString::fromStdString(client->name);
   test::RecordingMessages messages;
-  controls::Desk desk{*session, messages};
+  reporting::ReportDesk desk{{*session, messages}};
   desk.ask_open_path = [&](QWidget* over, const QString&, const QString&) {
     const QDir in(QDir(arguments[5]).filePath(over->objectName()));
     return in.filePath(in.entryList(QDir::Files).value(0));

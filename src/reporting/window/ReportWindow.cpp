@@ -44,9 +44,10 @@ Box* Named(Box* box, const QString& name, const QString& purpose) {
 
 }  // namespace
 
-ReportWindow::ReportWindow(controls::Desk& desk, const QString& name, const QString& title,
+ReportWindow::ReportWindow(ReportDesk& desk, const QString& name, const QString& title,
                            QSize designed)
     : ChildWindow(desk, name, title, designed),
+      desk_(desk),
       current_(desk.session.current),
       client_name_(desk.session.current_client_name) {
   BuildLayout();

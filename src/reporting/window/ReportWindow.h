@@ -10,6 +10,7 @@
 #include "reporting/output/OutputFormat.h"
 #include "reporting/period/Period.h"
 #include "reporting/screen/window/ReportGridView.h"
+#include "reporting/window/ReportDesk.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -32,7 +33,7 @@ class MonthsPane;
 ///
 /// A derived window adds its parts in its constructor and builds the document:
 ///
-///     RptDMatStatement::RptDMatStatement(controls::Desk& desk)
+///     RptDMatStatement::RptDMatStatement(reporting::ReportDesk& desk)
 ///         : ReportWindow(desk, "RptDMatStatement", tr("Demat A/c Statement"), {780, 520}) {
 ///       AddPeriod(Months::kYes);
 ///       VSF = AddTickGrid("VSF", tr("Demat A/c No."), tr("Demat accounts"));
@@ -77,7 +78,9 @@ class ReportWindow : public controls::ChildWindow {
   enum class Months { kNo, kYes };
 
   /// `name`, `title` and `designed` as for ChildWindow.
-  ReportWindow(controls::Desk& desk, const QString& name, const QString& title, QSize designed);
+  ReportWindow(ReportDesk& desk, const QString& name, const QString& title, QSize designed);
+
+  ReportDesk& TheDesk() const { return desk_; }
 
   /// The client and year that were current when the window opened: what its title names is what it
   /// reports, whatever is chosen elsewhere later.
@@ -230,6 +233,7 @@ class ReportWindow : public controls::ChildWindow {
   void VS_MouseUp(const QPoint& at);
   void Write(const ReportDocument& document, OutputFormat format, const QString& path);
 
+  ReportDesk& desk_;
   std::optional<ClientYear> current_;
   QString client_name_;
   MonthsPane* months_ = nullptr;

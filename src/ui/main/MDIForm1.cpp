@@ -54,7 +54,7 @@ QUrl FeedAddress(const app::Session& session) {
 
 }  // namespace
 
-MDIForm1::MDIForm1(controls::Desk& desk)
+MDIForm1::MDIForm1(reporting::ReportDesk& desk)
     : desk_(desk),
       guard_(desk.messages),
       area_(new QMdiArea),

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/Desk.h"
 #include "controls/Guard.h"
+#include "reporting/window/ReportDesk.h"
 #include "ui/Features.h"
 #include "ui/main/MainHead.h"
 #include "ui/main/OutsideTools.h"
@@ -29,7 +29,7 @@ class MDIForm1 : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit MDIForm1(controls::Desk& desk);
+  explicit MDIForm1(reporting::ReportDesk& desk);
   ~MDIForm1() override;
 
   /// Opens a window by its name inside this one, or brings it to the front when it is open.
@@ -83,7 +83,7 @@ class MDIForm1 : public QMainWindow {
   void mnuContact_Click();
   void mnuQuit_Click();
 
-  controls::Desk& desk_;
+  reporting::ReportDesk& desk_;
   controls::Guard guard_;
   QMdiArea* area_;
   MainHead* head_ = nullptr;

@@ -23,7 +23,7 @@ ReportDocument OneLine(const Period& period) {
 /// The smallest report window.
 class RptSample : public ReportWindow {
  public:
-  explicit RptSample(controls::Desk& desk) : ReportWindow(desk, "RptSample", "Sample", {700, 400}) {
+  explicit RptSample(ReportDesk& desk) : ReportWindow(desk, "RptSample", "Sample", {700, 400}) {
     AddPeriod(Months::kYes);
     Start();
   }
@@ -134,7 +134,7 @@ class ReportWindowTest : public QObject {
 
   app::Session session_;
   test::RecordingMessages messages_;
-  controls::Desk desk_{session_, messages_};
+  ReportDesk desk_{{session_, messages_}};
   std::unique_ptr<RptSample> window_;
 };
 

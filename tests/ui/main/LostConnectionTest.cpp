@@ -24,7 +24,7 @@ class LostConnectionWindowTest : public QObject {
     options.application_folder = folder.filePath(QStringLiteral("app"));
     const auto session = app::StartUp(options);
     test::RecordingMessages messages;
-    controls::Desk desk{*session, messages};
+    reporting::ReportDesk desk{{*session, messages}};
     brokers::FrmBroker window(desk);
     window.setAttribute(Qt::WA_DeleteOnClose, false);
     test::PutOnScreen(window);

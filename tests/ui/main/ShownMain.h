@@ -65,7 +65,7 @@ struct ShownMain {
   TestDatabase database;
   app::Session session;
   RecordingMessages messages;
-  controls::Desk desk{session, messages, [] { return *text::MakeDate(15, 11, 2011); }};
+  reporting::ReportDesk desk{{session, messages, [] { return *text::MakeDate(15, 11, 2011); }}};
   QPointer<ui::MDIForm1> main;
 };
 

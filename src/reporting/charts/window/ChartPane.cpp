@@ -27,7 +27,8 @@ QString SuggestedPath(const ChartData& chart) {
 
 }  // namespace
 
-ChartPane::ChartPane(const controls::Guard& guard, controls::Desk& desk, const QStringList& titles)
+ChartPane::ChartPane(const controls::Guard& guard, reporting::ReportDesk& desk,
+                     const QStringList& titles)
     : desk_(desk),
       picture_(new ChartPictureView),
       VSChart(new reporting::ReportGridView(QStringLiteral("VSChart"), tr("The chart as a table"))),

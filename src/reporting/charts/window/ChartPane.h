@@ -1,11 +1,11 @@
 #pragma once
 
 #include "controls/ComboBox.h"
-#include "controls/Desk.h"
 #include "controls/Guard.h"
 #include "controls/ZENButton.h"
 #include "reporting/charts/window/ChartPictureView.h"
 #include "reporting/screen/window/ReportGridView.h"
+#include "reporting/window/ReportDesk.h"
 
 #include <QWidget>
 
@@ -24,7 +24,8 @@ class ChartPane : public QWidget {
 
  public:
   /// With `titles` the pane has a list to choose from (`CmbChart`) and sends Chosen.
-  ChartPane(const controls::Guard& guard, controls::Desk& desk, const QStringList& titles = {});
+  ChartPane(const controls::Guard& guard, reporting::ReportDesk& desk,
+            const QStringList& titles = {});
 
   void Show(const ChartData& chart);
 
@@ -48,7 +49,7 @@ class ChartPane : public QWidget {
   void CmdSaveChart_Click();
   void CmdChartPages_Click();
 
-  controls::Desk& desk_;
+  reporting::ReportDesk& desk_;
   ChartData chart_;
   ChartPictureView* picture_;
   reporting::ReportGridView* VSChart;

@@ -16,7 +16,7 @@ constexpr float kBrokerWidth = 190;  // on a screen of 800 by 600
 
 }  // namespace
 
-RptBrokerLedger::RptBrokerLedger(controls::Desk& desk)
+RptBrokerLedger::RptBrokerLedger(reporting::ReportDesk& desk)
     : ReportWindow(desk, QStringLiteral("RptBrokerLedger"),
                    app::ClientTitle(tr("Broker Ledger"), desk.session), {790, 520}),
       of_(CurrentOf(desk.session)) {

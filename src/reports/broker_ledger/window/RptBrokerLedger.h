@@ -10,7 +10,7 @@ class RptBrokerLedger : public reporting::ReportWindow {
   Q_OBJECT
 
  public:
-  explicit RptBrokerLedger(controls::Desk& desk);
+  explicit RptBrokerLedger(reporting::ReportDesk& desk);
 
  protected:
   MaybeRefusal CheckSelection() override;

@@ -36,7 +36,7 @@ RptDMatStatement::Mode RptDMatStatement::ModeOf(const QString& target) {
   return IsForTransactions(target) ? Mode::kTransactions : Mode::kStatement;
 }
 
-RptDMatStatement::RptDMatStatement(controls::Desk& desk)
+RptDMatStatement::RptDMatStatement(reporting::ReportDesk& desk)
     : ReportWindow(desk, QStringLiteral("RptDMatStatement"), WindowTitle(desk.session), {790, 540}),
       mode_(ModeOf(desk.session.target)) {
   if (!Current()) {

@@ -12,7 +12,7 @@ class RptDMatStatement : public reporting::ReportWindow {
   Q_OBJECT
 
  public:
-  explicit RptDMatStatement(controls::Desk& desk);
+  explicit RptDMatStatement(reporting::ReportDesk& desk);
 
  protected:
   MaybeRefusal CheckSelection() override;

@@ -45,7 +45,7 @@ QLabel* LabelFor(const QString& text, QWidget* buddy) {
 
 }  // namespace
 
-RptVariousReport::RptVariousReport(controls::Desk& desk)
+RptVariousReport::RptVariousReport(reporting::ReportDesk& desk)
     : ReportWindow(desk, QStringLiteral("RptVariousReport"), tr("MIS Report:"), {790, 560}) {
   BuildHead();
   AddPeriod(Months::kYes);

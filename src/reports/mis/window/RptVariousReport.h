@@ -18,7 +18,7 @@ class RptVariousReport : public reporting::ReportWindow {
   Q_OBJECT
 
  public:
-  explicit RptVariousReport(controls::Desk& desk);
+  explicit RptVariousReport(reporting::ReportDesk& desk);
 
  protected:
   std::optional<text::FinancialYear> PeriodYear() const override;

@@ -51,7 +51,7 @@ GainFilter GainsOf(int index) {
 
 }  // namespace
 
-RptProfitStatement::RptProfitStatement(controls::Desk& desk)
+RptProfitStatement::RptProfitStatement(reporting::ReportDesk& desk)
     : ReportWindow(desk, QStringLiteral("RptProfitStatement"), WindowTitle(desk.session),
                    {790, 540}),
       mode_(ModeOf(desk.session.target)) {

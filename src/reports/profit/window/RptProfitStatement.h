@@ -17,7 +17,7 @@ class RptProfitStatement : public reporting::ReportWindow {
   Q_OBJECT
 
  public:
-  explicit RptProfitStatement(controls::Desk& desk);
+  explicit RptProfitStatement(reporting::ReportDesk& desk);
 
  protected:
   MaybeRefusal CheckSelection() override;

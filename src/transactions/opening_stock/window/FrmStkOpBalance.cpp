@@ -43,10 +43,11 @@ TextBox* ShownBox() {
 
 }  // namespace
 
-FrmStkOpBalance::FrmStkOpBalance(controls::Desk& desk)
+FrmStkOpBalance::FrmStkOpBalance(reporting::ReportDesk& desk)
     : RecordWindow(desk, QStringLiteral("FrmStkOpBalance"),
                    app::ClientTitle(tr("Stock Opening Balance"), desk.session), {780, 520},
                    QStringLiteral("VSF"), Panels::kTogether),
+      desk_(desk),
       of_(app::CurrentOf(desk.session)),
       book_(*desk.session.connection, of_) {
   BuildFields();
@@ -321,7 +322,7 @@ std::unique_ptr<Progress> FrmStkOpBalance::NewProgress() {
 
 void FrmStkOpBalance::CmdReport_Click() {
   const lookups::Directory directory(*Session().connection);
-  TheDesk().show_report(MakeOpeningReport(lots_, of_, directory), this);
+  desk_.show_report(MakeOpeningReport(lots_, of_, directory), this);
 }
 
 }  // namespace quorvane::opening_stock

@@ -5,6 +5,7 @@
 #include "controls/FieldLayout.h"
 #include "controls/RecordWindow.h"
 #include "core/lookups/Scrips.h"
+#include "reporting/window/ReportDesk.h"
 #include "transactions/opening_stock/OpeningEntry.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
@@ -24,7 +25,7 @@ class FrmStkOpBalance : public controls::RecordWindow {
 
  public:
   /// Throws std::runtime_error when no client is current.
-  explicit FrmStkOpBalance(controls::Desk& desk);
+  explicit FrmStkOpBalance(reporting::ReportDesk& desk);
 
  protected:
   void FillList() override;
@@ -60,6 +61,7 @@ class FrmStkOpBalance : public controls::RecordWindow {
   void CmdImport_Click();
   void CmdReport_Click();
 
+  reporting::ReportDesk& desk_;
   ClientYear of_;
   OpeningStockBook book_;
   std::vector<OpeningLot> lots_;  ///< as listed

@@ -57,7 +57,7 @@ struct Shown {
   QTemporaryDir folder;
   app::Session session;
   test::RecordingMessages messages;
-  controls::Desk desk{session, messages, [] { return *text::MakeDate(15, 11, 2013); }};
+  reporting::ReportDesk desk{{session, messages, [] { return *text::MakeDate(15, 11, 2013); }}};
   QString rate_file;
   std::vector<reporting::ReportDocument> shown;
   std::unique_ptr<RptVariousReport> window;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/Desk.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "ui/Features.h"
 #include "ui/main/HeadlineFeed.h"
 #include "ui/main/OutsideTools.h"

@@ -2,7 +2,7 @@
 
 #include "controls/ComboBox.h"
 #include "controls/Desk.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "reporting/charts/window/ChartPictureView.h"
 #include "reporting/screen/window/ReportGridView.h"

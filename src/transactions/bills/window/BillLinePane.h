@@ -2,7 +2,7 @@
 
 #include "controls/ComboBox.h"
 #include "controls/FieldLayout.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/TextBox.h"
 #include "core/ClientYear.h"
 #include "core/database/Connection.h"

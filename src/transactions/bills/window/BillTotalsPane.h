@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/TextBox.h"
 #include "core/records/BillAmounts.h"
 #include "transactions/bills/BillBoxes.h"

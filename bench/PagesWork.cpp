@@ -36,13 +36,15 @@ reporting::ReportDocument LongStatement() {
   const text::Date day = *text::MakeDate(1, 4, 2011);
   for (int i = 0; i < kPages * kRowsAPage; ++i) {
     if (i % kScripEvery == 0) {
-      table.rows.push_back({RowKind::kGroup, {QStringLiteral("SCRIP %1 LIMITED").arg(i)}});
+      table.rows.push_back(
+          {.kind = RowKind::kGroup, .cells = {QStringLiteral("SCRIP %1 LIMITED").arg(i)}});
     }
     const double number = i * 17.03 + 1000;
-    table.rows.push_back({i % kScripEvery == kScripEvery - 1 ? RowKind::kTotal : RowKind::kData,
-                          {day + std::chrono::days(i % 365), 1.0 * (i % 5000), number / 100, number,
-                           day + std::chrono::days(i % 300), 1.0 * (i % 4000), number / 90,
-                           number + 1, number - 3, number / 7, number / 3, -number / 11}});
+    table.rows.push_back(
+        {.kind = i % kScripEvery == kScripEvery - 1 ? RowKind::kTotal : RowKind::kData,
+         .cells = {day + std::chrono::days(i % 365), 1.0 * (i % 5000), number / 100, number,
+                   day + std::chrono::days(i % 300), 1.0 * (i % 4000), number / 90, number + 1,
+                   number - 3, number / 7, number / 3, -number / 11}});
   }
   return document;
 }

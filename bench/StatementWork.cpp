@@ -4,7 +4,7 @@
 #include "bench/Works.h"
 #include "core/ledger/Rebuild.h"
 #include "core/lookups/Directory.h"
-#include "reports/profit/StatementCsv.h"
+#include "reports/profit/ProfitDocument.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -42,7 +42,7 @@ std::size_t WriteStatement(Connection& connection, const std::string& path) {
     text.clear();
   };
   const auto faults = profit::BuildStatement(
-      connection, profit::StatementQuery::OfYear(std::nullopt, kYear), progress, take);
+      connection, profit::ProfitQuery::OfYear(std::nullopt, kYear), progress, take);
   return faults.empty() ? count : 0;
 }
 

@@ -1,9 +1,7 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/users/window/frmLogin.h"
-#include "controls/Appearance.h"
-#include "controls/DesktopFiles.h"
-#include "controls/Guard.h"
+#include "controls/Desk.h"
 #include "controls/Messages.h"
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
@@ -54,7 +52,7 @@ class Desktop {
     reports_.Setapppath(session.folders.application);
     reports_.winmodereport(1);
     desk_.show_report = [this](const reporting::ReportDocument& document, QWidget* over) {
-      reports_.Show(document, over);
+      reporting::HandOver(document, reports_, over);
     };
     desk_.help = [this](const QString& window_name, QWidget* over) {
       help_.Show(window_name, over);

@@ -2332,16 +2332,8 @@ Save this one, too?</source>
         <translation>ग्राहक सूची</translation>
     </message>
     <message>
-        <source>Code or name begins with ...</source>
-        <translation>कोड या नाम इससे शुरू होता है ...</translation>
-    </message>
-    <message>
         <source>Clients</source>
         <translation>ग्राहक</translation>
-    </message>
-    <message>
-        <source>Code</source>
-        <translation>कोड</translation>
     </message>
     <message>
         <source>Client Name</source>
@@ -2354,10 +2346,6 @@ Save this one, too?</source>
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
-    </message>
-    <message>
-        <source>&amp;Search</source>
-        <translation>खोजें (&amp;S)</translation>
     </message>
     <message>
         <source>Financial &amp;Year</source>
@@ -2537,8 +2525,12 @@ Save this one, too?</source>
         <translation>कोड</translation>
     </message>
     <message>
-        <source>Name</source>
-        <translation>नाम</translation>
+        <source>Code or name begins with ...</source>
+        <translation>कोड या नाम इससे शुरू होता है ...</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>खोजें (&amp;S)</translation>
     </message>
 </context>
 <context>
@@ -3925,6 +3917,29 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
+    <name>quorvane::reporting::PeriodPane</name>
+    <message>
+        <source>From</source>
+        <translation>तारीख़ से</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>तारीख़ तक</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>तारीख़ से (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>तारीख़ तक (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>अवधि</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::reporting::PreviewWindow</name>
     <message>
         <source>Fit Width</source>
@@ -4024,23 +4039,7 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
-    <name>quorvane::reporting::ReportWindow</name>
-    <message>
-        <source>Report</source>
-        <translation>रिपोर्ट</translation>
-    </message>
-    <message>
-        <source>The report appears here.</source>
-        <translation>रिपोर्ट यहाँ दिखेगी।</translation>
-    </message>
-    <message>
-        <source>Pages, Word, Excel, PDF and CSV</source>
-        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
-    </message>
-    <message>
-        <source>E&amp;xit</source>
-        <translation>बंद करें (&amp;X)</translation>
-    </message>
+    <name>quorvane::reporting::ReportOutputs</name>
     <message>
         <source>&amp;Preview and Print</source>
         <translation>पूर्वावलोकन और छपाई (&amp;P)</translation>
@@ -4062,36 +4061,35 @@ Lots changed: %1</source>
         <translation>सीएसवी (&amp;C)</translation>
     </message>
     <message>
-        <source>From</source>
-        <translation>तारीख़ से</translation>
-    </message>
-    <message>
-        <source>To</source>
-        <translation>तारीख़ तक</translation>
-    </message>
-    <message>
-        <source>&amp;From</source>
-        <translation>तारीख़ से (&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;To</source>
-        <translation>तारीख़ तक (&amp;T)</translation>
-    </message>
-    <message>
-        <source>Period</source>
-        <translation>अवधि</translation>
-    </message>
-    <message>
-        <source>No Record Found.</source>
-        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
-    </message>
-    <message>
         <source>The report lies in %1. No program that opens it was found.</source>
         <translation>रिपोर्ट %1 में है। उसे खोलने वाला कोई प्रोग्राम नहीं मिला।</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
         <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::reporting::ReportWindow</name>
+    <message>
+        <source>Report</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>The report appears here.</source>
+        <translation>रिपोर्ट यहाँ दिखेगी।</translation>
+    </message>
+    <message>
+        <source>Pages, Word, Excel, PDF and CSV</source>
+        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>No Record Found.</source>
+        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
     </message>
     <message>
         <source>&amp;Report</source>
@@ -4109,13 +4107,16 @@ Lots changed: %1</source>
         <source>Report and charts</source>
         <translation>रिपोर्ट और चार्ट</translation>
     </message>
-    <message>
-        <source>Select Demat A/c!</source>
-        <translation>डीमैट खाता चुनें!</translation>
-    </message>
+</context>
+<context>
+    <name>quorvane::reporting::TickGrid</name>
     <message>
         <source>and %1 more</source>
         <translation>और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c!</source>
+        <translation>डीमैट खाता चुनें!</translation>
     </message>
 </context>
 <context>

@@ -65,17 +65,12 @@ using Registrar = void (*)(CLI::App& app, Context& context);
 void AddPortfolioCommands(CLI::App& app, Context& context);
 void AddHoldingsCommands(CLI::App& app, Context& context);
 void AddLayerCommands(CLI::App& app, Context& context);
-void AddStatementCommands(CLI::App& app, Context& context);
-void AddMisCommands(CLI::App& app, Context& context);
+void AddReportCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddRatesCommands(CLI::App& app, Context& context);
 void AddDatabaseCommands(CLI::App& app, Context& context);
 void AddBackupCommands(CLI::App& app, Context& context);
 void AddDemoCommand(CLI::App& app, Context& context);
-
-/// Statements of other files than StatementCommands.cpp.
-void AddBrokerLedger(CLI::App& statement, Context& context);
-void AddDematStatements(CLI::App& statement, Context& context);
 
 /// The text as a year, a date, a client, an account; Refused or WrongUsage when it is none.
 text::FinancialYear YearOf(const std::string& text);

@@ -1,7 +1,6 @@
 #include "cli/Command.h"
-#include "cli/DemoReports.h"
 #include "cli/ReportCommand.h"
-#include "reports/demat/StatementDocument.h"
+#include "reports/demat/DematStatement.h"
 #include "reports/demat/TransactionDocument.h"
 
 namespace quorvane::cli {
@@ -27,19 +26,19 @@ struct DematReport {
   template <class Give>
   records::Faults Build(database::Connection& connection, Progress& progress,
                         const Give& give) const {
-    return demat::BuildStatement(connection, query, progress, give);
+    return demat::BuildDematStatement(connection, query, progress, give);
   }
   reporting::ReportDocument Document(ClientId client, std::span<const Part> parts,
                                      const lookups::Directory& directory) const {
-    return demat::MakeStatementDocument(query, client, parts, directory);
+    return demat::MakeDematDocument(query, client, parts, directory);
   }
-  static void Header(std::string& out) { demat::AppendStatementCsvHeader(out); }
+  static void Header(std::string& out) { demat::AppendDematCsvHeader(out); }
   static void Csv(std::string& out, std::span<const Part> parts,
                   const lookups::Directory& directory) {
-    demat::AppendStatementCsv(out, parts, directory);
+    demat::AppendDematCsv(out, parts, directory);
   }
 
-  demat::StatementQuery query;
+  demat::DematQuery query;
 };
 
 /// The transaction report for ClientReports.
@@ -119,59 +118,19 @@ class ClientReports {
   Report report_;
 };
 
-/// The whole of every client's year, for the demonstration.
-template <class Report>
-void MakeDemo(Context& context, const lookups::Directory& directory, const Report& report,
-              bool with_csv, const DemoReportKind::Give& give) {
-  using Part = typename Report::Part;
-  Progress progress;
-  const auto take = [&](ClientId client, std::span<const Part> parts) {
-    DemoReport demo{client, report.Document(client, parts, directory)};
-    if (with_csv) {
-      Report::Header(demo.csv.emplace());
-      Report::Csv(*demo.csv, parts, directory);
-    }
-    give(demo);
-  };
-  InformOf(context, report.Build(context.Connection(), progress, take));
-}
-
-void MakeDemoOf(Context& context, const lookups::Directory& directory, text::FinancialYear year,
-                const char* layout, const DemoReportKind::Give& give) {
-  DematOptions options;
-  options.layout = layout;
-  const Scope scope{{}, year, reporting::Period::Of(year), {}, {}};
-  MakeDemo(context, directory, TransactionsReport(options, scope), options.layout == "detail",
-           give);
-}
-
 }  // namespace
 
-void MakeDemoDematStatements(Context& context, const lookups::Directory& directory,
-                             text::FinancialYear year, const DemoReportKind::Give& give) {
-  const Scope scope{{}, year, reporting::Period::Of(year), {}, {}};
-  MakeDemo(context, directory, DematReport({}, scope), true, give);
-}
-
-void MakeDemoTransactions(Context& context, const lookups::Directory& directory,
-                          text::FinancialYear year, const DemoReportKind::Give& give) {
-  MakeDemoOf(context, directory, year, "detail", give);
-}
-
-void MakeDemoTransactionSummaries(Context& context, const lookups::Directory& directory,
-                                  text::FinancialYear year, const DemoReportKind::Give& give) {
-  MakeDemoOf(context, directory, year, "summary", give);
-}
-
-void AddDematStatements(CLI::App& statement, Context& context) {
+void AddDematStatement(CLI::App& group, Context& context, const reports::Report& report) {
   auto options = std::make_shared<DematOptions>();
-  CLI::App* demat = statement.add_subcommand("demat", "Demat account statement");
+  CLI::App* demat = group.add_subcommand(report.command, report.about);
   AddScopeOptions(*demat, options->scope);
   AddOutputOptions(*demat, options->output);
   demat->callback([&context, options] { ClientReports<DematReport>(context, *options).Run(); });
+}
 
-  options = std::make_shared<DematOptions>();
-  CLI::App* transactions = statement.add_subcommand("transactions", "Transaction report");
+void AddTransactions(CLI::App& group, Context& context, const reports::Report& report) {
+  auto options = std::make_shared<DematOptions>();
+  CLI::App* transactions = group.add_subcommand(report.command, report.about);
   AddScopeOptions(*transactions, options->scope);
   transactions
       ->add_option("--layout", options->layout,

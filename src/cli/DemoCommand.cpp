@@ -1,9 +1,8 @@
 #include "cli/Command.h"
-#include "cli/DemoReports.h"
 #include "core/platform/PrivateFile.h"
 #include "portfolio/Import.h"
-#include "reporting/output/TextWriter.h"
 #include "reporting/output/WriteReport.h"
+#include "reports/Reports.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -31,7 +30,7 @@ void ImportSample(Context& context) {
 }
 
 /// Writes a report in every format and prints the capital-gain statement.
-void WriteDemoReport(const DemoReportKind& kind, const DemoReport& report,
+void WriteDemoReport(std::string_view name, const reports::SampleReport& report,
                      const std::string& stem) {
   Progress progress;
   for (const reporting::OutputFormatEntry& entry : reporting::OutputFormats()) {
@@ -42,27 +41,36 @@ void WriteDemoReport(const DemoReportKind& kind, const DemoReport& report,
       reporting::WriteReport(report.document, entry.format, QString::fromStdString(path), progress);
     }
   }
-  if (std::string_view(kind.name) == kPrinted) {
+  if (name == kPrinted) {
     Print(reporting::WriteText(report.document) + "\n");
   }
+}
+
+std::vector<reports::Sample> AllSamples() {
+  std::vector<reports::Sample> samples;
+  for (const reports::Report& report : reports::Reports()) {
+    samples.insert(samples.end(), report.samples.begin(), report.samples.end());
+  }
+  return samples;
 }
 
 void WriteReports(Context& context, const std::string& folder) {
   const lookups::Directory directory(context.Connection());
   const auto progress = context.MakeProgress();
-  const auto kinds = DemoReportKinds();
+  const std::vector<reports::Sample> samples = AllSamples();
   progress->Begin(QStringLiteral("Writing reports"),
-                  kYears * static_cast<std::int64_t>(kinds.size()));
+                  kYears * static_cast<std::int64_t>(samples.size()));
   std::int64_t done = 0;
   for (int first = kFirstYear; first < kFirstYear + kYears; ++first) {
     const text::FinancialYear year(first);
-    for (const DemoReportKind& kind : kinds) {
-      kind.make(context, directory, year, [&](const DemoReport& report) {
+    for (const reports::Sample& sample : samples) {
+      const auto write = [&](const reports::SampleReport& report) {
         const std::string whose = report.client ? directory.Client(report.client).code : "all";
         const QString stem = reporting::FileStem(
-            {QString::fromStdString(fmt::format("{}-{}-{}", whose, year.Utf8(), kind.name))});
-        WriteDemoReport(kind, report, folder + "/" + stem.toStdString());
-      });
+            {QString::fromStdString(fmt::format("{}-{}-{}", whose, year.Utf8(), sample.name))});
+        WriteDemoReport(sample.name, report, folder + "/" + stem.toStdString());
+      };
+      InformOf(context, sample.make({context.Connection(), directory, year}, write));
       progress->Step(++done);
     }
   }

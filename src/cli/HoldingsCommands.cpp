@@ -3,7 +3,7 @@
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
 #include "reporting/document/ReportDocument.h"
-#include "reporting/output/TextWriter.h"
+#include "reporting/output/WriteReport.h"
 
 #include <algorithm>
 #include <tuple>
@@ -70,9 +70,9 @@ reporting::ReportDocument HoldingsDocument(const HoldingsOptions& options,
                    reporting::QuantityColumn(QStringLiteral("Quantity"))};
   for (const records::Lot& lot : lots) {
     const auto& scrip = directory.Scrip(lot.scrip);
-    table.rows.push_back({reporting::RowKind::kData,
-                          {utf8(directory.Account(lot.account).number), utf8(scrip.code),
-                           utf8(scrip.name), lot.rate, lot.quantity.Number()}});
+    table.rows.push_back({.kind = reporting::RowKind::kData,
+                          .cells = {utf8(directory.Account(lot.account).number), utf8(scrip.code),
+                                    utf8(scrip.name), lot.rate, lot.quantity.Number()}});
   }
   const auto& client = directory.Client(ClientOf(directory, options.client));
   return {{QStringLiteral("Holdings"), QStringLiteral("Financial Year - ") + utf8(options.year),

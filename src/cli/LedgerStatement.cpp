@@ -1,8 +1,7 @@
 #include "cli/Command.h"
-#include "cli/DemoReports.h"
 #include "cli/ReportCommand.h"
 #include "core/lookups/Choices.h"
-#include "reports/broker_ledger/LedgerDocument.h"
+#include "reports/broker_ledger/BrokerLedger.h"
 
 namespace quorvane::cli {
 namespace {
@@ -56,21 +55,13 @@ void PrintLedgers(Context& context, const LedgerOptions& options) {
 
 }  // namespace
 
-void AddBrokerLedger(CLI::App& statement, Context& context) {
+void AddBrokerLedger(CLI::App& group, Context& context, const reports::Report& report) {
   auto options = std::make_shared<LedgerOptions>();
-  CLI::App* command = statement.add_subcommand("broker-ledger", "Accounts of the brokers");
+  CLI::App* command = group.add_subcommand(report.command, report.about);
   AddPeriodOptions(*command, options->scope);
   command->add_option("--brokers", options->brokers, "Brokers, by name")->delimiter(',');
   AddOutputOptions(*command, options->output);
   command->callback([&context, options] { PrintLedgers(context, *options); });
-}
-
-void MakeDemoLedgers(Context& context, const lookups::Directory& directory,
-                     text::FinancialYear year, const DemoReportKind::Give& give) {
-  for (const lookups::ClientEntry& client : directory.Clients()) {
-    give({client.id,
-          MakeLedger(context, {{client.id, year}, reporting::Period::Of(year), {}}, directory)});
-  }
 }
 
 }  // namespace quorvane::cli

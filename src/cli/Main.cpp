@@ -47,8 +47,8 @@ int main(int argc, char** argv) {
   app.add_option("--data", context.data_folder, "Application folder with the settings and data");
   app.add_flag("--quiet", context.quiet, "No progress bar and no notices");
   for (const Registrar add :
-       {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands, AddStatementCommands,
-        AddMisCommands, AddLedgerCommands, AddRatesCommands, AddDatabaseCommands, AddBackupCommands,
+       {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands, AddReportCommands,
+        AddLedgerCommands, AddRatesCommands, AddDatabaseCommands, AddBackupCommands,
         AddDemoCommand}) {
     add(app, context);
   }

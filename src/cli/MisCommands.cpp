@@ -1,5 +1,4 @@
 #include "cli/Command.h"
-#include "cli/DemoReports.h"
 #include "cli/ReportCommand.h"
 #include "reports/mis/MisReport.h"
 #include "reports/mis/Names.h"
@@ -78,17 +77,19 @@ void Run(Context& context, mis::ReportKind kind, const MisOptions& options) {
   output.Take(mis::MakeMisReport(context.Connection(), query, *progress), "mis");
 }
 
-void AddMisReport(CLI::App& reports, Context& context, const char* name, const char* what,
+}  // namespace
+
+void AddMisReport(CLI::App& group, Context& context, const reports::Report& report,
                   mis::ReportKind kind) {
   auto options = std::make_shared<MisOptions>();
-  CLI::App* command = reports.add_subcommand(name, what);
+  CLI::App* command = group.add_subcommand(report.command, report.about);
   command->add_option("--by", options->by, "Grouping")
       ->check(CLI::IsMember({"script", "account", "client"}))
       ->capture_default_str();
-  auto* group = command->add_option("--group", options->group, "Every client of a group");
+  auto* of_group = command->add_option("--group", options->group, "Every client of a group");
   command->add_option("--clients", options->clients, "Clients, by code; all without")
       ->delimiter(',')
-      ->excludes(group);
+      ->excludes(of_group);
   command->add_option("--year", options->year, "Financial year, such as 2011-12")->required();
   command->add_option("--from", options->from,
                       "First day, dd/mm/yyyy; of no account for a report of one day");
@@ -100,54 +101,6 @@ void AddMisReport(CLI::App& reports, Context& context, const char* name, const c
       ->excludes(consolidated);
   AddOutputOptions(*command, options->output);
   command->callback([&context, options, kind] { Run(context, kind, *options); });
-}
-
-/// Of all clients, by group and client.
-void GiveDemo(Context& context, mis::ReportKind kind, bool detail, text::FinancialYear year,
-              const DemoReportKind::Give& give) {
-  mis::MisQuery query = mis::MisQuery::OfYear(kind, mis::Grouping::kClient, year);
-  query.detail = detail;
-  Progress progress;
-  give({ClientId{}, mis::MakeMisReport(context.Connection(), query, progress)});
-}
-
-}  // namespace
-
-void AddMisCommands(CLI::App& app, Context& context) {
-  CLI::App* reports = app.add_subcommand("mis", "Management reports of several clients");
-  reports->require_subcommand(1);
-  AddMisReport(*reports, context, "position", "Portfolio position", mis::ReportKind::kPosition);
-  AddMisReport(*reports, context, "valuation", "Portfolio valuation at market rates",
-               mis::ReportKind::kValuation);
-  AddMisReport(*reports, context, "market", "Cost beside market value", mis::ReportKind::kMarket);
-  AddMisReport(*reports, context, "profit-loss", "Movements and gains",
-               mis::ReportKind::kProfitLoss);
-  AddMisReport(*reports, context, "stock", "Stock valuation at cost", mis::ReportKind::kStock);
-}
-
-void MakeDemoPositions(Context& context, const lookups::Directory&, text::FinancialYear year,
-                       const DemoReportKind::Give& give) {
-  GiveDemo(context, mis::ReportKind::kPosition, false, year, give);
-}
-
-void MakeDemoValuations(Context& context, const lookups::Directory&, text::FinancialYear year,
-                        const DemoReportKind::Give& give) {
-  GiveDemo(context, mis::ReportKind::kValuation, false, year, give);
-}
-
-void MakeDemoMarketValuations(Context& context, const lookups::Directory&, text::FinancialYear year,
-                              const DemoReportKind::Give& give) {
-  GiveDemo(context, mis::ReportKind::kMarket, false, year, give);
-}
-
-void MakeDemoProfitReports(Context& context, const lookups::Directory&, text::FinancialYear year,
-                           const DemoReportKind::Give& give) {
-  GiveDemo(context, mis::ReportKind::kProfitLoss, true, year, give);
-}
-
-void MakeDemoStockValuations(Context& context, const lookups::Directory&, text::FinancialYear year,
-                             const DemoReportKind::Give& give) {
-  GiveDemo(context, mis::ReportKind::kStock, true, year, give);
 }
 
 }  // namespace quorvane::cli

@@ -1,8 +1,6 @@
 #include "cli/ReportCommand.h"
 
 #include "core/platform/PrivateFile.h"
-#include "reporting/output/CsvWriter.h"
-#include "reporting/output/TextWriter.h"
 #include "reporting/output/WriteReport.h"
 
 namespace quorvane::cli {
@@ -50,7 +48,41 @@ void AddScrips(Scope& scope, const lookups::Directory& directory,
   }
 }
 
+void AddReport(CLI::App& group, Context& context, const reports::Report& report) {
+  using enum reports::ReportId;
+  switch (report.id) {
+    case kProfit:
+      return AddProfitStatement(group, context, report, profit::StatementMode::kProfit);
+    case kCapitalGain:
+      return AddProfitStatement(group, context, report, profit::StatementMode::kCapitalGain);
+    case kBrokerLedger:
+      return AddBrokerLedger(group, context, report);
+    case kDemat:
+      return AddDematStatement(group, context, report);
+    case kTransactions:
+      return AddTransactions(group, context, report);
+    case kPosition:
+      return AddMisReport(group, context, report, mis::ReportKind::kPosition);
+    case kValuation:
+      return AddMisReport(group, context, report, mis::ReportKind::kValuation);
+    case kMarket:
+      return AddMisReport(group, context, report, mis::ReportKind::kMarket);
+    case kProfitLoss:
+      return AddMisReport(group, context, report, mis::ReportKind::kProfitLoss);
+    case kStock:
+      return AddMisReport(group, context, report, mis::ReportKind::kStock);
+  }
+}
+
 }  // namespace
+
+void AddReportCommands(CLI::App& app, Context& context) {
+  app.add_subcommand("statement", "A statement of a client")->require_subcommand(1);
+  app.add_subcommand("mis", "Management reports of several clients")->require_subcommand(1);
+  for (const reports::Report& report : reports::Reports()) {
+    AddReport(*app.get_subcommand(report.group), context, report);
+  }
+}
 
 void AddPeriodOptions(CLI::App& command, ScopeOptions& options) {
   auto* client = command.add_option("--client", options.client, "Client code");

@@ -2,8 +2,11 @@
 
 #include "cli/Command.h"
 #include "reporting/document/ReportDocument.h"
-#include "reporting/output/OutputFormat.h"
+#include "reporting/output/WriteReport.h"
 #include "reporting/period/Period.h"
+#include "reports/Reports.h"
+#include "reports/mis/MisQuery.h"
+#include "reports/profit/ProfitDocument.h"
 
 #include <optional>
 #include <set>
@@ -11,6 +14,16 @@
 #include <vector>
 
 namespace quorvane::cli {
+
+/// Adds the command of a report, with its options, to its group. One for each kind of report; the
+/// register's reports come to them in ReportCommand.cpp.
+void AddProfitStatement(CLI::App& group, Context& context, const reports::Report& report,
+                        profit::StatementMode mode);
+void AddBrokerLedger(CLI::App& group, Context& context, const reports::Report& report);
+void AddDematStatement(CLI::App& group, Context& context, const reports::Report& report);
+void AddTransactions(CLI::App& group, Context& context, const reports::Report& report);
+void AddMisReport(CLI::App& group, Context& context, const reports::Report& report,
+                  mis::ReportKind kind);
 
 /// Whose report and of what: the options that the statements share.
 struct ScopeOptions {

@@ -1,7 +1,6 @@
 #include "cli/Command.h"
 #include "cli/ReportCommand.h"
-#include "reports/profit/StatementCsv.h"
-#include "reports/profit/StatementDocument.h"
+#include "reports/profit/ProfitDocument.h"
 
 #include <map>
 
@@ -43,10 +42,9 @@ gains::FoChoice FoOf(const std::string& word) {
   return kWords.at(word);
 }
 
-profit::StatementQuery QueryOf(const StatementOptions& options,
-                               const lookups::Directory& directory) {
+profit::ProfitQuery QueryOf(const StatementOptions& options, const lookups::Directory& directory) {
   Scope scope = ScopeOf(options.scope, directory);
-  profit::StatementQuery query = profit::StatementQuery::OfYear(scope.client, scope.year);
+  profit::ProfitQuery query = profit::ProfitQuery::OfYear(scope.client, scope.year);
   query.from = scope.period.from;
   query.to = scope.period.to;
   query.accounts = std::move(scope.accounts);
@@ -100,7 +98,7 @@ class StatementCommand {
       output_.TakeText(Csv(rows), name);
     } else {
       output_.Take(
-          profit::MakeStatementDocument(mode_, options_.Layout(), query_, client, rows, directory_),
+          profit::MakeProfitDocument(mode_, options_.Layout(), query_, client, rows, directory_),
           name);
     }
   }
@@ -120,14 +118,16 @@ class StatementCommand {
   ReportOutput output_;
   lookups::Directory directory_;
   std::unique_ptr<Progress> progress_;
-  profit::StatementQuery query_;
+  profit::ProfitQuery query_;
   std::int64_t written_ = 0;
 };
 
-void AddStatement(CLI::App& statement, Context& context, const char* name, const char* what,
-                  profit::StatementMode mode) {
+}  // namespace
+
+void AddProfitStatement(CLI::App& group, Context& context, const reports::Report& report,
+                        profit::StatementMode mode) {
   auto options = std::make_shared<StatementOptions>();
-  CLI::App* command = statement.add_subcommand(name, what);
+  CLI::App* command = group.add_subcommand(report.command, report.about);
   AddScopeOptions(*command, options->scope);
   command->add_option("--charges", options->charges, "Charges in the cost")
       ->check(CLI::IsMember({"none", "stax", "stt", "both"}));
@@ -139,19 +139,6 @@ void AddStatement(CLI::App& statement, Context& context, const char* name, const
   command->add_option("--layout", options->layout)->check(CLI::IsMember({"detail", "summary"}));
   AddOutputOptions(*command, options->output);
   command->callback([&context, options, mode] { StatementCommand(context, mode, *options).Run(); });
-}
-
-}  // namespace
-
-void AddStatementCommands(CLI::App& app, Context& context) {
-  CLI::App* statement = app.add_subcommand("statement", "A statement of a client");
-  statement->require_subcommand(1);
-  AddStatement(*statement, context, "profit", "Scriptwise profitability statement",
-               profit::StatementMode::kProfit);
-  AddStatement(*statement, context, "capital-gain", "Capital gain statement",
-               profit::StatementMode::kCapitalGain);
-  AddBrokerLedger(*statement, context);
-  AddDematStatements(*statement, context);
 }
 
 }  // namespace quorvane::cli

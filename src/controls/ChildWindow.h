@@ -2,7 +2,7 @@
 
 #include "controls/DateBox.h"
 #include "controls/Desk.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "core/Result.h"
 

@@ -2,91 +2,96 @@
 
 #include "controls/Style.h"
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
+
+#include <algorithm>
 
 namespace quorvane::controls {
+namespace {
 
-ClGrd::ClGrd(const QString& name, const QString& purpose, const Guard& guard, QWidget* parent)
-    : QWidget(parent),
-      guard_(guard),
-      code_(new TextBox(this)),
-      name_(new TextBox(this)),
-      grid_(new Grid(name + QLatin1String("_Grid"), purpose, this)) {
-  setObjectName(name);
-  code_->setObjectName(name + QLatin1String("_Code"));
-  name_->setObjectName(name + QLatin1String("_Name"));
-  code_->setPlaceholderText(tr("Code"));
-  name_->setPlaceholderText(tr("Name"));
-  grid_->SetColumns({{.heading = tr("Code")}, {.heading = tr("Name")}});
-  BuildLayout();
-  for (TextBox* box : {code_, name_}) {
-    box->setClearButtonEnabled(true);
-    box->setAccessibleName(box->placeholderText());
-    box->installEventFilter(this);
-    connect(box, &QLineEdit::textChanged, this, &ClGrd::Refresh);
-  }
-  connect(grid_, &Grid::CurrentRowChanged, this, [this] { Q_EMIT CurrentChanged(CurrentId()); });
-  connect(grid_, &Grid::RowActivated, this, [this] { Q_EMIT Chosen(CurrentId()); });
-}
+enum ListColumn { kCode, kName };
 
-void ClGrd::BuildLayout() {
-  auto* rows = new QGridLayout(this);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->setSpacing(kTightSpacing);
-  rows->addWidget(code_, 0, 0);
-  rows->addWidget(name_, 0, 1);
-  rows->addWidget(grid_, 1, 0, 1, 2);
-  rows->setColumnStretch(0, 1);
-  rows->setColumnStretch(1, 2);
-}
+}  // namespace
 
-void ClGrd::SetSource(Source source) {
-  source_ = std::move(source);
-  Refresh();
-}
-
-void ClGrd::Refresh() {
-  guard_.Run(objectName() + QLatin1String("_Change"), [this] {
-    if (!source_) {
-      return;
-    }
-    std::vector<Row> rows;
-    for (const Record& record : source_(code_->text().toUpper(), name_->text().toUpper())) {
-      rows.push_back({.id = record.id, .cells = {record.code, record.name}});
-    }
-    grid_->SetRows(std::move(rows));
+ClGrd::ClGrd(const QString& list_name, const QString& purpose, const QString& name_heading,
+             const Guard& guard, QWidget* parent)
+    : QWidget(parent), TxtSearch(new TextBox), CVS(new Grid(list_name, purpose)) {
+  TxtSearch->setObjectName(QStringLiteral("TxtSearch"));
+  TxtSearch->setPlaceholderText(tr("Code or name begins with ..."));
+  TxtSearch->installEventFilter(this);
+  CVS->SetColumns({{.heading = tr("Code")}, {.heading = name_heading}});
+  Arrange();
+  guard.Connect(TxtSearch, &QLineEdit::textChanged, this, &ClGrd::TxtSearch_Change,
+                QStringLiteral("TxtSearch_Change"));
+  connect(CVS, &Grid::RowActivated, this, [this](int row) {
+    CVS->SelectRow(row);
+    Q_EMIT Taken();
   });
 }
 
-QString ClGrd::CurrentName() const {
-  return grid_->CurrentRow() < 0 ? QString() : grid_->Model().Text(grid_->CurrentRow(), 1);
+void ClGrd::Arrange() {
+  auto* label = new QLabel(tr("&Search"));
+  label->setBuddy(TxtSearch);
+  auto* search = new QHBoxLayout;
+  search->addWidget(label);
+  search->addWidget(TxtSearch, 1);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(kSpacing);
+  rows->addLayout(search);
+  rows->addWidget(CVS, 1);
 }
 
-// The list is one key away from the boxes.
-bool ClGrd::eventFilter(QObject* watched, QEvent* event) {
-  const bool down =
-      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down;
-  if (!down) {
-    return QWidget::eventFilter(watched, event);
+void ClGrd::SetRecords(std::vector<Record> records) {
+  records_ = std::move(records);
+  TxtSearch_Change();
+}
+
+QString ClGrd::CurrentName() const {
+  return CVS->CurrentRow() < 0 ? QString() : CVS->Model().Text(CVS->CurrentRow(), kName);
+}
+
+void ClGrd::Choose(int id) {
+  if (CVS->Model().RowOf(id) >= 0) {
+    CVS->SelectId(id);
   }
-  grid_->setFocus(Qt::OtherFocusReason);
-  if (grid_->CurrentRow() < 0) {
-    grid_->SelectRow(0);
+}
+
+void ClGrd::TxtSearch_Change() {
+  const QString wanted = TxtSearch->text();
+  std::vector<Row> found;
+  for (const Record& record : records_) {
+    if (record.code.startsWith(wanted, Qt::CaseInsensitive) ||
+        record.name.startsWith(wanted, Qt::CaseInsensitive)) {
+      found.push_back({.id = record.id, .cells = {record.code, record.name}});
+    }
+  }
+  CVS->SetRows(std::move(found));
+  if (CVS->CurrentRow() < 0 && CVS->Model().RowCount() > 0) {
+    CVS->SelectRow(0);
+  }
+}
+
+bool ClGrd::eventFilter(QObject* watched, QEvent* event) {
+  return (event->type() == QEvent::KeyPress && SearchKey(*static_cast<QKeyEvent*>(event))) ||
+         QWidget::eventFilter(watched, event);
+}
+
+/// The keys of the list that the search has, too.
+bool ClGrd::SearchKey(const QKeyEvent& event) {
+  const int last = CVS->Model().RowCount() - 1;
+  if (IsEnter(event)) {
+    Q_EMIT Taken();
+  } else if (event.key() == Qt::Key_Up) {
+    CVS->SelectRow(std::max(CVS->CurrentRow() - 1, 0));
+  } else if (event.key() == Qt::Key_Down) {
+    CVS->SelectRow(std::min(CVS->CurrentRow() + 1, last));
+  } else {
+    return false;
   }
   return true;
-}
-
-ClGrd::Source SourceOf(std::vector<ClGrd::Record> records) {
-  return [records = std::move(records)](const QString& code, const QString& name) {
-    std::vector<ClGrd::Record> found;
-    for (const ClGrd::Record& record : records) {
-      if (record.code.toUpper().startsWith(code) && record.name.toUpper().startsWith(name)) {
-        found.push_back(record);
-      }
-    }
-    return found;
-  };
 }
 
 }  // namespace quorvane::controls

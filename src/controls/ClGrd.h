@@ -1,17 +1,17 @@
 #pragma once
 
 #include "controls/Grid.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/TextBox.h"
 
 #include <QWidget>
 
-#include <functional>
 #include <vector>
 
 namespace quorvane::controls {
 
-/// A search: a code box and a name box over the list of the records that begin so.
+/// A search: a box over the list of the records whose code or name begins with what stands in it.
+/// The keyboard stays in the box: Up and Down move the chosen record, Enter takes it.
 class ClGrd : public QWidget {
   Q_OBJECT
 
@@ -22,47 +22,38 @@ class ClGrd : public QWidget {
     QString name = {};
   };
 
-  /// Gives the records whose code and name begin with the two upper-cased texts (empty: any), in
-  /// the order in which they are to stand.
-  using Source =
-      std::function<std::vector<Record>(const QString& code_prefix, const QString& name_prefix)>;
+  /// The box is `TxtSearch`, the list has the name given; `purpose` is what a screen reader calls
+  /// it, `name_heading` stands over the names.
+  ClGrd(const QString& list_name, const QString& purpose, const QString& name_heading,
+        const Guard& guard, QWidget* parent = nullptr);
 
-  ClGrd(const QString& name, const QString& purpose, const Guard& guard, QWidget* parent = nullptr);
+  /// The records to search, in the order in which they are to stand. The first one is chosen.
+  void SetRecords(std::vector<Record> records);
 
-  /// Sets where records come from and fills the list.
-  void SetSource(Source source);
-
-  /// Asks the source again. A failure is reported by the guard and leaves the list as it was.
-  void Refresh();
-
-  int CurrentId() const { return grid_->CurrentId(); }
+  /// 0 and empty when no record is chosen.
+  int CurrentId() const { return CVS->CurrentId(); }
   QString CurrentName() const;
-  void SelectId(int id) { grid_->SelectId(id); }
 
-  TextBox* CodeBox() { return code_; }
-  TextBox* NameBox() { return name_; }
-  Grid* List() { return grid_; }
+  /// Chooses a record; one that is not there leaves the choice as it is.
+  void Choose(int id);
+
+  void FocusSearch() { TxtSearch->setFocus(Qt::OtherFocusReason); }
 
  Q_SIGNALS:
-  void CurrentChanged(int id);
-
-  /// Enter or a double click on a record.
-  void Chosen(int id);
+  /// Enter, or a double click on a record.
+  void Taken();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void BuildLayout();
+  void Arrange();
+  void TxtSearch_Change();
+  bool SearchKey(const QKeyEvent& event);
 
-  const Guard& guard_;
-  Source source_;
-  TextBox* code_;
-  TextBox* name_;
-  Grid* grid_;
+  std::vector<Record> records_;
+  TextBox* TxtSearch;
+  Grid* CVS;
 };
-
-/// A source over records in memory; it keeps their order.
-ClGrd::Source SourceOf(std::vector<ClGrd::Record> records);
 
 }  // namespace quorvane::controls

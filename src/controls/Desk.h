@@ -4,6 +4,8 @@
 #include "core/app/Session.h"
 #include "core/text/Dates.h"
 
+#include <QString>
+
 #include <functional>
 
 class QWidget;
@@ -40,5 +42,12 @@ struct Desk {
   /// Opens a finished file with the desktop's own program; false when there is none for it.
   std::function<bool(const QString& path)> open_file = [](const QString&) { return true; };
 };
+
+/// Opens a file with the program that the desktop has for its kind; false when there is none.
+bool OpenWithDesktop(const QString& path);
+
+/// Lets the desk ask for files and folders with the desktop's dialogs. Those for a file open where
+/// the user chose one last, and so does the one for a folder that is asked for without a start.
+void AskWithDialogs(Desk& desk);
 
 }  // namespace quorvane::controls

@@ -1,9 +1,9 @@
 #include "controls/GridDelegate.h"
 
-#include "controls/AmountBox.h"
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
 #include "controls/GridModel.h"
+#include "controls/TextBox.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -7,33 +7,44 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
+#include <utility>
 
 namespace quorvane::controls {
 namespace {
 
 constexpr double kBeforeAllDays = -1e9;  // where cells without a date stand
 
-bool IsNumeric(Mask mask) {
-  return mask == Mask::kNumber || mask == Mask::kAmount || mask == Mask::kPercent;
+QString Masked(Mask mask, const QVariant& value) {
+  const bool number = table::IsNumeric(mask) && value.typeId() != QMetaType::QString;
+  return number ? table::NumberText(value.toDouble(), mask) : value.toString();
 }
 
-QString Masked(Mask mask, const QVariant& value) {
-  if (value.typeId() == QMetaType::QString) {
-    return value.toString();
+std::optional<lookups::Item> ReadItem(QStringView piece) {
+  const qsizetype semicolon = piece.indexOf(QLatin1Char(';'));
+  if (!piece.startsWith(QLatin1Char('#')) || semicolon < 0) {
+    return std::nullopt;
   }
-  switch (mask) {
-    case Mask::kAmount:
-      return text::FormatAmount(value.toDouble());
-    case Mask::kPercent:
-      return text::FormatPercent(value.toDouble());
-    case Mask::kNumber:
-      return text::NumberText(value.toDouble());
-    default:
-      return value.toString();
+  bool is_number = false;
+  const int id = piece.mid(1, semicolon - 1).toInt(&is_number);
+  if (!is_number) {
+    return std::nullopt;
   }
+  QString text = piece.mid(semicolon + 1).toString();
+  text.replace(lookups::kBarInText, QLatin1Char('|'));
+  return lookups::Item{.id = id, .text = std::move(text)};
 }
 
 }  // namespace
+
+ValueList::ValueList(const QString& list) {
+  for (const QStringView piece : QStringView(list).split(QLatin1Char('|'), Qt::SkipEmptyParts)) {
+    if (std::optional<lookups::Item> item = ReadItem(piece)) {
+      texts_.insert(item->id, item->text);
+      items_.push_back(std::move(*item));
+    }
+  }
+}
 
 GridModel::GridModel(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -210,7 +221,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return IsTickCell(index) ? QVariant(IsTicked(index.row()) ? Qt::Checked : Qt::Unchecked)
                                : QVariant();
     case Qt::TextAlignmentRole:
-      return static_cast<int>(AlignmentOf(index.column()));
+      return static_cast<int>(
+          table::ViewAlignment(columns_[static_cast<std::size_t>(index.column())]));
     case Qt::FontRole:
       return FontOf(RowAt(index.row()).kind);
     case Qt::AccessibleTextRole:
@@ -219,12 +231,6 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     default:
       return {};
   }
-}
-
-Qt::Alignment GridModel::AlignmentOf(int column) const {
-  const Column& shape = columns_[static_cast<std::size_t>(column)];
-  const bool right = IsNumeric(shape.mask) && shape.choices.isEmpty();
-  return shape.alignment.value_or(right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
 QVariant GridModel::FontOf(RowKind kind) {
@@ -260,7 +266,7 @@ QVariant GridModel::Kept(int row, int column, const QVariant& given) const {
   if (!ChoicesOf(row, column).IsEmpty()) {
     return given.toInt();
   }
-  if (!IsNumeric(columns_[static_cast<std::size_t>(column)].mask)) {
+  if (!table::IsNumeric(columns_[static_cast<std::size_t>(column)].mask)) {
     return given.toString();
   }
   return given.typeId() == QMetaType::QString ? text::Val(given.toString().remove(QLatin1Char(',')))
@@ -272,7 +278,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     return QAbstractTableModel::headerData(section, orientation, role);
   }
   if (role == Qt::TextAlignmentRole) {
-    return static_cast<int>(AlignmentOf(section));
+    return static_cast<int>(table::ViewAlignment(columns_[static_cast<std::size_t>(section)]));
   }
   return role == Qt::DisplayRole ? QVariant(columns_[static_cast<std::size_t>(section)].heading)
                                  : QVariant();

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "controls/ValueList.h"
 #include "core/lookups/Choices.h"
+#include "core/table/Columns.h"
 
 #include <QAbstractListModel>
 #include <QAbstractTableModel>
+#include <QHash>
+#include <QString>
 #include <QVariant>
 
 #include <map>
@@ -42,30 +44,31 @@ class ItemModel : public QAbstractListModel {
   std::vector<lookups::Item> items_;
 };
 
-/// How a column shows and takes its values. kDate holds "dd/mm/yyyy" texts and sorts by day; kTick
-/// holds a bool behind a check box.
-enum class Mask { kText, kNumber, kAmount, kPercent, kDate, kTick };
+using table::Alignment;
+using table::Column;
+using table::Mask;
+using table::RowKind;
 
-struct Column {
-  QString heading = {};
-  Mask mask = Mask::kText;
-  QString choices = {};  ///< "#0;S|#1;P": the cell keeps the number and shows the text
-  bool editable = false;
-  bool hidden = false;
-  int max_length = 0;  ///< of a text; 0: any
-  std::optional<Qt::Alignment> alignment =
-      std::nullopt;        ///< numbers stand right unless told otherwise
-  bool upper_case = true;  ///< typed letters turn to upper case
-};
+/// A row's cells hold texts, numbers, "dd/mm/yyyy" in a column of dates, a bool behind a tick.
+using Row = table::Row<QVariant>;
 
-/// Headings, groups and totals stand out and are never ticked or edited.
-enum class RowKind { kData, kGroup, kTotal };
+/// A list of numbers with the texts that stand for them, read from "#0;S|#1;P". A piece without the
+/// "#number;" form is passed over. lookups::kBarInText in a text is a "|".
+class ValueList {
+ public:
+  ValueList() = default;
+  explicit ValueList(const QString& list);
 
-/// `id` is the record's key and is not shown.
-struct Row {
-  int id = 0;
-  std::vector<QVariant> cells = {};
-  RowKind kind = RowKind::kData;
+  const std::vector<lookups::Item>& Items() const { return items_; }
+  bool IsEmpty() const { return items_.empty(); }
+  bool Contains(int value) const { return texts_.contains(value); }
+
+  /// Empty for a number that is not in the list.
+  QString TextOf(int value) const { return texts_.value(value); }
+
+ private:
+  std::vector<lookups::Item> items_;
+  QHash<int, QString> texts_;
 };
 
 /// The contents of a Grid. Rows are counted from 0, in the order in which they are shown.
@@ -141,7 +144,6 @@ class GridModel : public QAbstractTableModel {
   using SortKey = std::pair<double, QString>;
 
   bool IsTickCell(const QModelIndex& index) const;
-  Qt::Alignment AlignmentOf(int column) const;
   static QVariant FontOf(RowKind kind);
   bool Accept(const QModelIndex& index, const QVariant& value);
   QVariant Kept(int row, int column, const QVariant& given) const;

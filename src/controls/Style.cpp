@@ -1,15 +1,22 @@
 #include "controls/Style.h"
 
 #include "controls/HouseStyle.h"
+#include "controls/Style.h"
+#include "core/app/Folders.h"
+#include "core/app/Ini.h"
 
 #include <QApplication>
+#include <QPageSize>
 #include <QPainter>
 #include <QPalette>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QTranslator>
 
+#include <map>
 #include <memory>
 
 namespace quorvane::controls {
-
 namespace {
 
 struct Colors {
@@ -105,6 +112,68 @@ class SystemFollower final : public QObject {
   Theme theme_;
 };
 
+constexpr int kGrid = 128;  ///< the drawing's own units
+
+void PaintBars(QPainter& painter) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0x1f, 0x4e, 0x79));
+  painter.drawRoundedRect(8, 8, 112, 112, 24, 24);
+  const std::pair<QRect, QColor> bars[] = {{{35, 66, 13, 20}, {0x9f, 0xc1, 0xe0}},
+                                           {{57, 52, 13, 34}, {0xcf, 0xe2, 0xf3}},
+                                           {{79, 38, 13, 48}, Qt::white}};
+  for (const auto& [bar, color] : bars) {
+    painter.setBrush(color);
+    painter.drawRoundedRect(bar, 3, 3);
+  }
+}
+
+void PaintLines(QPainter& painter) {
+  const QColor rise(0xf2, 0xb1, 0x34);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(QColor(0x9f, 0xc1, 0xe0), 5, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(30, 92, 98, 92);
+  painter.setPen(QPen(rise, 6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(QPolygon({{32, 54}, {54, 37}, {70, 42}, {94, 22}}));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(rise);
+  painter.drawEllipse(QPoint(94, 22), 6, 6);
+}
+
+const QString kTranslator = QStringLiteral("ProgramLanguage");
+const QString kEnglish = QStringLiteral("en");
+
+/// The buttons of message boxes are the toolkit's, which has no words of its own for every
+/// language.
+[[maybe_unused]] constexpr const char* kToolkitTexts[] = {
+    QT_TRANSLATE_NOOP("QPlatformTheme", "OK"),     QT_TRANSLATE_NOOP("QPlatformTheme", "&Yes"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "&No"),    QT_TRANSLATE_NOOP("QPlatformTheme", "Cancel"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Save"),   QT_TRANSLATE_NOOP("QPlatformTheme", "Open"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Close"),  QT_TRANSLATE_NOOP("QPlatformTheme", "Apply"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Reset"),  QT_TRANSLATE_NOOP("QPlatformTheme", "Help"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Discard")};
+
+void ApplyLanguage(QApplication& application, const QString& language) {
+  delete application.findChild<QTranslator*>(kTranslator);
+  if (language == kEnglish) {
+    return;
+  }
+  auto translator = std::make_unique<QTranslator>();
+  translator->setObjectName(kTranslator);
+  const QString folder =
+      app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("languages"));
+  if (translator->load(QStringLiteral("quorvane_") + language, folder)) {
+    QCoreApplication::installTranslator(translator.get());
+    translator.release()->setParent(&application);
+  }
+}
+
+Theme ThemeOf(const QString& name) {
+  static const std::map<QString, Theme> kThemes{{QStringLiteral("light"), Theme::kLight},
+                                                {QStringLiteral("dark"), Theme::kDark}};
+  const auto found = kThemes.find(name.toLower());
+  return found == kThemes.end() ? Theme::kSystem : found->second;
+}
+
 }  // namespace
 
 void ApplyTheme(QApplication& application, Theme theme) {
@@ -138,37 +207,6 @@ QColor EdgeColor(const QPalette& palette) {
   return palette.color(QPalette::Mid);
 }
 
-namespace {
-
-constexpr int kGrid = 128;  ///< the drawing's own units
-
-void PaintBars(QPainter& painter) {
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(0x1f, 0x4e, 0x79));
-  painter.drawRoundedRect(8, 8, 112, 112, 24, 24);
-  const std::pair<QRect, QColor> bars[] = {{{35, 66, 13, 20}, {0x9f, 0xc1, 0xe0}},
-                                           {{57, 52, 13, 34}, {0xcf, 0xe2, 0xf3}},
-                                           {{79, 38, 13, 48}, Qt::white}};
-  for (const auto& [bar, color] : bars) {
-    painter.setBrush(color);
-    painter.drawRoundedRect(bar, 3, 3);
-  }
-}
-
-void PaintLines(QPainter& painter) {
-  const QColor rise(0xf2, 0xb1, 0x34);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(QColor(0x9f, 0xc1, 0xe0), 5, Qt::SolidLine, Qt::RoundCap));
-  painter.drawLine(30, 92, 98, 92);
-  painter.setPen(QPen(rise, 6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPolyline(QPolygon({{32, 54}, {54, 37}, {70, 42}, {94, 22}}));
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(rise);
-  painter.drawEllipse(QPoint(94, 22), 6, 6);
-}
-
-}  // namespace
-
 QIcon AppIcon() {
   QIcon icon;
   for (const int size : {16, 32, 48, 64, 128, 256}) {
@@ -182,6 +220,28 @@ QIcon AppIcon() {
     icon.addPixmap(picture);
   }
   return icon;
+}
+
+void ApplyAppearance(QApplication& application, const app::IniFile& settings) {
+  const QString section = QStringLiteral("Display");
+  ApplyTheme(application, ThemeOf(settings.Read(section, QStringLiteral("Theme"))));
+  ApplyLanguage(application,
+                settings.Read(section, QStringLiteral("Language"), kEnglish).toLower());
+}
+
+void ProposePrinter(QPrinter& printer, const app::IniFile& settings) {
+  const QString section = QStringLiteral("Printer");
+  const QString name = settings.Read(section, QStringLiteral("Name"));
+  if (!name.isEmpty() && QPrinterInfo::availablePrinterNames().contains(name)) {
+    printer.setPrinterName(name);
+  }
+  static const std::map<QString, QPageSize::PageSizeId> kSizes{{"A3", QPageSize::A3},
+                                                               {"A4", QPageSize::A4},
+                                                               {"A5", QPageSize::A5},
+                                                               {"LEGAL", QPageSize::Legal},
+                                                               {"LETTER", QPageSize::Letter}};
+  const auto size = kSizes.find(settings.Read(section, QStringLiteral("PageSize")).toUpper());
+  printer.setPageSize(QPageSize(size == kSizes.end() ? QPageSize::A4 : size->second));
 }
 
 }  // namespace quorvane::controls

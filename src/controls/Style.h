@@ -2,9 +2,15 @@
 
 #include <QColor>
 #include <QIcon>
+#include <QString>
 
 class QApplication;
 class QPalette;
+class QPrinter;
+
+namespace quorvane::app {
+class IniFile;
+}
 
 namespace quorvane::controls {
 
@@ -32,5 +38,14 @@ inline constexpr int kRadius = 5;
 
 /// The program's icon as it is installed for the desktop, painted: no plug-in for SVG is needed.
 QIcon AppIcon();
+
+/// Gives the program the theme and the language of the settings ([Display] Theme and Language).
+/// Windows that are open turn to the theme at once; texts are in the language from the next window
+/// on, and the main window's menu follows at once.
+void ApplyAppearance(QApplication& application, const app::IniFile& settings);
+
+/// Proposes the printer and the paper of the settings ([Printer] Name and PageSize). A printer that
+/// is not there any more leaves the desktop's own.
+void ProposePrinter(QPrinter& printer, const app::IniFile& settings);
 
 }  // namespace quorvane::controls

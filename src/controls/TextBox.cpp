@@ -1,8 +1,11 @@
 #include "controls/TextBox.h"
 
 #include "controls/Style.h"
+#include "core/text/Amounts.h"
 
 #include <QKeyEvent>
+#include <QMimeData>
+#include <QRegularExpressionValidator>
 
 #include <algorithm>
 #include <utility>
@@ -20,6 +23,10 @@ bool IsTyped(const QKeyEvent& event) {
   const bool shortcut = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
   return !shortcut && !event.text().isEmpty() && event.text().front().isLetterOrNumber();
 }
+
+constexpr int kLines = 3;
+constexpr int kWidth = 200;
+constexpr int kTextMargin = kTightSpacing + 1;  // as in a box of one line
 
 }  // namespace
 
@@ -125,6 +132,72 @@ void TextBox::Complete() {
   // From the end backwards: the cursor stays behind what was typed.
   const auto length = static_cast<int>(text().size());
   setSelection(length, static_cast<int>(typed.size()) - length);
+}
+
+AmountBox::AmountBox(QWidget* parent, Form form) : TextBox(parent), form_(form) {
+  setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  static const QRegularExpression kTypable(QStringLiteral("-?[0-9,]*\\.?[0-9]*"));
+  setValidator(new QRegularExpressionValidator(kTypable, this));
+}
+
+double AmountBox::Amount() const {
+  return text::Val(QLineEdit::text().remove(QLatin1Char(',')));
+}
+
+void AmountBox::SetAmount(double value) {
+  setText(form_ == Form::kPercent ? text::FormatPercent(value) : text::FormatAmount(value));
+}
+
+void AmountBox::SetAmountOrEmpty(double value) {
+  if (value == 0) {
+    clear();
+  } else {
+    SetAmount(value);
+  }
+}
+
+void AmountBox::Leave() {
+  if (!QLineEdit::text().isEmpty()) {
+    SetAmount(Amount());
+  }
+}
+
+LinesBox::LinesBox(QWidget* parent) : QPlainTextEdit(parent) {
+  setTabChangesFocus(true);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  document()->setDocumentMargin(kTextMargin);
+  // The frame fills the box: a ground of the text's own would cover its round corners.
+  viewport()->setAutoFillBackground(false);
+}
+
+QSize LinesBox::sizeHint() const {
+  return {kWidth, kLines * fontMetrics().lineSpacing() + 2 * (kTextMargin + frameWidth())};
+}
+
+void LinesBox::keyPressEvent(QKeyEvent* event) {
+  const bool letter = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0 &&
+                      !event->text().isEmpty() && event->text().front().isLetter();
+  if (!letter) {
+    QPlainTextEdit::keyPressEvent(event);
+    return;
+  }
+  QKeyEvent upper(event->type(), event->key(), event->modifiers(), event->text().toUpper());
+  QPlainTextEdit::keyPressEvent(&upper);
+}
+
+// The frame tells the focus, and only the text is painted anew by itself.
+void LinesBox::focusInEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusInEvent(event);
+  update();
+}
+
+void LinesBox::focusOutEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusOutEvent(event);
+  update();
+}
+
+void LinesBox::insertFromMimeData(const QMimeData* source) {
+  insertPlainText(source->text().toUpper());
 }
 
 }  // namespace quorvane::controls

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QStringList>
 
 #include <functional>
@@ -61,5 +62,51 @@ class TextBox : public QLineEdit {
 
 /// True when the key is Enter without a modifier.
 bool IsEnter(const QKeyEvent& event);
+
+/// A number of the "###0.00" kind (or "###0.000" for a percentage). It is typed plainly and brought
+/// into its form when the box is left. An empty box stays empty and counts as 0.
+class AmountBox : public TextBox {
+  Q_OBJECT
+
+ public:
+  enum class Form { kAmount, kPercent };
+
+  explicit AmountBox(QWidget* parent = nullptr, Form form = Form::kAmount);
+
+  /// Grouping commas are passed over; a text without a number is 0.
+  double Amount() const;
+  void SetAmount(double value);
+
+  /// Shows 0 as an empty box.
+  void SetAmountOrEmpty(double value);
+
+ protected:
+  void Leave() override;
+
+ private:
+  Form form_;
+};
+
+/// A text of several lines, such as an address: letters turn to upper case as they are typed, Enter
+/// begins another line and Tab moves to the next control.
+class LinesBox : public QPlainTextEdit {
+  Q_OBJECT
+
+ public:
+  explicit LinesBox(QWidget* parent = nullptr);
+
+  /// The lines with a line break between them.
+  QString text() const { return toPlainText(); }
+  void setText(const QString& text) { setPlainText(text); }
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void insertFromMimeData(const QMimeData* source) override;
+};
 
 }  // namespace quorvane::controls

@@ -15,6 +15,7 @@
 #include "masters/lookup_masters/window/FrmLookup.h"
 #include "masters/participants/window/FrmDepPart.h"
 #include "masters/scrips/window/FrmScript.h"
+#include "reports/Reports.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
 #include "reports/mis/window/RptVariousReport.h"
@@ -51,6 +52,12 @@ ChildWindow* MakePayment(ReportDesk& desk) {
   return new broker_money::FrmBrPayment(desk, kind);
 }
 
+constexpr Feature ReportOf(const reports::WindowEntry& report, ChildWindow* (*make)(Desk&)) {
+  return {report.item, report.caption, report.of_client ? kClientSelection : kOpenWindow,
+          "mnuReport", report.name,    report.chapter,
+          make};
+}
+
 constexpr Feature kFeatures[] = {
     {"mnuClientInfo", QT_TRANSLATE_NOOP("MainMenu", "&Client Info"), kOpenWindow, "",
      "FrmClientMaster", "masters.md", Make<clients::FrmClientMaster>},
@@ -80,18 +87,12 @@ constexpr Feature kFeatures[] = {
     {"mnuTransferScr", QT_TRANSLATE_NOOP("MainMenu", "&Transfer of Scripts"), kClientSelection,
      "mnuTransaction", "FrmScriptTransfer", "transfers.md", Make<transfers::FrmScriptTransfer>},
     {"mnuReport", QT_TRANSLATE_NOOP("MainMenu", "&Report"), kHeading, ""},
-    {"mnuTransRpt", QT_TRANSLATE_NOOP("MainMenu", "&Transaction Report"), kClientSelection,
-     "mnuReport", "RptTransaction", "demat-statement.md", Make<demat::RptDMatStatement>},
-    {"mnuVarReports", QT_TRANSLATE_NOOP("MainMenu", "&Various MIS Reports"), kOpenWindow,
-     "mnuReport", "RptVariousReport", "mis-reports.md", Make<mis::RptVariousReport>},
-    {"mnuBrokerLedger", QT_TRANSLATE_NOOP("MainMenu", "&Broker Ledger"), kClientSelection,
-     "mnuReport", "RptBrokerLedger", "broker-ledger.md", Make<broker_ledger::RptBrokerLedger>},
-    {"mnuDmatStatement", QT_TRANSLATE_NOOP("MainMenu", "&Demat A/c Statement"), kClientSelection,
-     "mnuReport", "RptDMatStatement", "demat-statement.md", Make<demat::RptDMatStatement>},
-    {"mnuProfitStatement", QT_TRANSLATE_NOOP("MainMenu", "&Profit Statement"), kClientSelection,
-     "mnuReport", "RptProfitStatement", "profit-statement.md", Make<profit::RptProfitStatement>},
-    {"mnuCapitalGain", QT_TRANSLATE_NOOP("MainMenu", "&Capital Gain Statement"), kClientSelection,
-     "mnuReport", "RptCapitalGain", "profit-statement.md", Make<profit::RptProfitStatement>},
+    ReportOf(reports::kTransactionWindow, Make<demat::RptDMatStatement>),
+    ReportOf(reports::kMisWindow, Make<mis::RptVariousReport>),
+    ReportOf(reports::kLedgerWindow, Make<broker_ledger::RptBrokerLedger>),
+    ReportOf(reports::kDematWindow, Make<demat::RptDMatStatement>),
+    ReportOf(reports::kProfitWindow, Make<profit::RptProfitStatement>),
+    ReportOf(reports::kCapitalGainWindow, Make<profit::RptProfitStatement>),
     {"mnuUtility", QT_TRANSLATE_NOOP("MainMenu", "&Utility"), kHeading, ""},
     {"mnuImpScrMaster", QT_TRANSLATE_NOOP("MainMenu", "&Import Script Master"), kOpenWindow,
      "mnuUtility", "ImpScrMaster", "rates-and-imports.md", Make<imports::ImpScrMaster>},

@@ -1,6 +1,6 @@
-#include "controls/AmountBox.h"
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
+#include "controls/TextBox.h"
 #include "support/OnScreen.h"
 #include "support/Table.h"
 #include "support/TestMain.h"

@@ -146,14 +146,14 @@ class GridTest : public QObject {
 
   void TotalsHoldTheOrder() {
     Shown shown;
-    shown.grid.AddRow({.id = 0, .cells = {QVariant(), "Total"}, .kind = RowKind::kTotal});
+    shown.grid.AddRow({.kind = RowKind::kTotal, .cells = {QVariant(), "Total"}});
     shown.ClickHeading(kRate);
     QCOMPARE(shown.Ids(), (std::vector<int>{11, 12, 13, 0}));
   }
 
   void EmptyCellShowsNoChoice() {
     Shown shown;
-    shown.grid.AddRow({.id = 0, .cells = {}, .kind = RowKind::kGroup});
+    shown.grid.AddRow({.kind = RowKind::kGroup});
     shown.grid.AddRow();
     QCOMPARE(shown.grid.Model().Text(3, kSide), QString());
     QCOMPARE(shown.grid.Model().Text(4, kSide), QString());
@@ -186,7 +186,7 @@ class GridTest : public QObject {
 
   void TotalsAreNeverTicked() {
     Shown shown;
-    const int total = shown.grid.AddRow({.id = 99, .cells = {true}, .kind = RowKind::kTotal});
+    const int total = shown.grid.AddRow({.id = 99, .kind = RowKind::kTotal, .cells = {true}});
     shown.grid.SelectRow(total);
     QTest::keyClick(&shown.grid, Qt::Key_Space);
     shown.ClickHeading(kTicks);

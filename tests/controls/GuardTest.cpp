@@ -1,7 +1,6 @@
-#include "controls/ClGrd.h"
-#include "controls/Guard.h"
 #include "controls/Messages.h"
 #include "controls/ProgressDialog.h"
+#include "controls/TextBox.h"
 #include "controls/ZENButton.h"
 #include "core/database/DatabaseError.h"
 #include "support/OnScreen.h"
@@ -224,39 +223,6 @@ class GuardTest : public QObject {
             [&] { order.append(QStringLiteral("click")); });
     QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
     QTRY_COMPARE(order, (QStringList{QStringLiteral("left"), QStringLiteral("click")}));
-  }
-
-  void SearchKeepsRecordsThatBeginSo() {
-    RecordingMessages messages;
-    const Guard guard(messages);
-    ClGrd search(QStringLiteral("ClGrd1"), QStringLiteral("Clients"), guard);
-    search.SetSource(SourceOf({{1, QStringLiteral("A1"), QStringLiteral("Shah")},
-                               {2, QStringLiteral("A2"), QStringLiteral("Mehta")},
-                               {3, QStringLiteral("B1"), QStringLiteral("SHETH")}}));
-    PutOnScreen(search);
-    QCOMPARE(search.List()->Model().RowCount(), 3);
-    QTest::keyClicks(search.NameBox(), QStringLiteral("sh"));
-    QTest::keyClicks(search.CodeBox(), QStringLiteral("b"));
-    QCOMPARE(search.List()->Model().RowCount(), 1);
-    QSignalSpy chosen(&search, &ClGrd::Chosen);
-    QTest::keyClick(search.CodeBox(), Qt::Key_Down);
-    QCOMPARE(search.CurrentId(), 3);
-    QCOMPARE(search.CurrentName(), QStringLiteral("SHETH"));
-    QTest::keyClick(search.List(), Qt::Key_Return);
-    QCOMPARE(chosen.count(), 1);
-  }
-
-  void SearchSurvivesAFailingSource() {
-    RecordingMessages messages;
-    const Guard guard(messages);
-    ClGrd search(QStringLiteral("ClGrd1"), QStringLiteral("Clients"), guard);
-    search.SetSource(SourceOf({{1, QStringLiteral("A1"), QStringLiteral("Shah")}}));
-    search.SetSource([](const QString&, const QString&) -> std::vector<ClGrd::Record> {
-      throw Failure("HY000");
-    });
-    QCOMPARE(messages.said.size(), std::size_t{1});
-    QVERIFY(messages.LastText().startsWith(QStringLiteral("ClGrd1_Change: ")));
-    QCOMPARE(search.List()->Model().RowCount(), 1);
   }
 };
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/ComboBox.h"
-#include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
 #include "reporting/document/ReportDocument.h"
 #include "reporting/window/ReportDesk.h"
 #include "support/RecordingMessages.h"

@@ -2,7 +2,6 @@
 // them and for the user guide: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER
 // IN_FOLDER. IN_FOLDER has the files that are opened, in a folder for each window.
 
-#include "controls/Appearance.h"
 #include "controls/ChildWindow.h"
 #include "controls/DateBox.h"
 #include "controls/Grid.h"
@@ -184,7 +183,7 @@ void RenderAll(const QStringList& arguments) {
   };
   reporting::RepView preview(desk);
   desk.show_report = [&](const reporting::ReportDocument& document, QWidget* over) {
-    preview.Show(document, over);
+    reporting::HandOver(document, preview, over);
   };
   ui::MDIForm1 main(desk);
   main.setGeometry(QRect(QPoint(), screen));

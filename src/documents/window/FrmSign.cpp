@@ -1,7 +1,7 @@
 #include "documents/window/FrmSign.h"
 
-#include "controls/Appearance.h"
 #include "controls/ProgressDialog.h"
+#include "controls/Style.h"
 
 #include <QColorDialog>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "core/app/Ini.h"
 #include "documents/window/DocumentViewer.h"

@@ -1,4 +1,5 @@
-#include "reporting/output/ColumnFit.h"
+#include "reporting/output/ColumnWidths.h"
+#include "reporting/output/PageLayout.h"
 
 #include <algorithm>
 #include <limits>
@@ -8,13 +9,11 @@ namespace quorvane::reporting {
 
 namespace {
 
-constexpr int kStepRows = 1000;
 constexpr PageSize kPortrait{595.28, 841.89};
 constexpr PageSize kLandscape{841.89, 595.28};
 constexpr double kRowPadding = 1.5;
 
 // Widths for type of size 1.
-constexpr double kWidestText = 24;     // a longer text is broken into lines
 constexpr double kNarrowestText = 9;   // where room is short
 constexpr double kWidestStretch = 14;  // what a column gets at most of the room that is left over
 
@@ -23,96 +22,17 @@ struct Setting {
   double type = 9;
 };
 
-std::vector<Setting> Settings(Orientation orientation) {
+std::vector<Setting> Settings(bool may_lie) {
   std::vector<Setting> settings;
-  if (orientation != Orientation::kLandscape) {
-    for (const double type : {9.0, 8.5, 8.0}) {
-      settings.push_back({kPortrait, type});
-    }
+  for (const double type : {9.0, 8.5, 8.0}) {
+    settings.push_back({kPortrait, type});
   }
-  const PageSize page = orientation == Orientation::kPortrait ? kPortrait : kLandscape;
+  const PageSize page = may_lie ? kLandscape : kPortrait;
   for (const double type : {9.0, 8.5, 8.0, 7.5, 7.0, 6.5, 6.0}) {
     settings.push_back({page, type});
   }
   return settings;
 }
-
-/// What a table's columns want, for type of size 1.
-struct Widths {
-  std::vector<double> widths;    ///< with long texts broken
-  std::vector<double> headings;  ///< with the heading in one line
-  std::vector<bool> bends;       ///< texts, which can be broken further
-  double insets = 0;             ///< how many columns stand apart from the one before
-};
-
-double LongestWord(Typesetter& typesetter, const QString& heading) {
-  double width = 0;
-  for (const QString& word : heading.split(QLatin1Char(' '))) {
-    width = std::max(width, typesetter.Width(word.toStdString(), Face::kBold));
-  }
-  return width;
-}
-
-class Measurer {
- public:
-  Measurer(Typesetter& typesetter, Progress& progress)
-      : typesetter_(typesetter), progress_(progress) {}
-
-  Widths Measure(const Table& table) {
-    Widths measured;
-    for (const Column& column : table.columns) {
-      measured.widths.push_back(LongestWord(typesetter_, column.heading));
-      measured.headings.push_back(typesetter_.Width(column.heading.toStdString(), Face::kBold));
-      measured.bends.push_back(column.mask == Mask::kText && column.alignment == Alignment::kLeft);
-    }
-    for (std::size_t i = 0; i < table.columns.size(); ++i) {
-      measured.insets += StandsApart(table, i) ? 1 : 0;
-    }
-    for (const Row& row : table.rows) {
-      if (row.kind != RowKind::kGroup && row.kind != RowKind::kGap) {
-        MeasureRow(table, row, measured);
-      }
-      if (++done_ % kStepRows == 0) {
-        progress_.Step(done_);
-        progress_.ThrowIfCancelled();
-      }
-    }
-    WidenForGroups(table, measured);
-    return measured;
-  }
-
- private:
-  void MeasureRow(const Table& table, const Row& row, Widths& measured) {
-    const std::size_t count = std::min(row.cells.size(), measured.widths.size());
-    for (std::size_t i = 0; i < count; ++i) {
-      text_.clear();
-      AppendCell(text_, row.cells[i], table.columns[i].mask);
-      const double width = typesetter_.Width(text_, FaceOf(row.kind));
-      measured.widths[i] =
-          std::max(measured.widths[i], measured.bends[i] ? std::min(width, kWidestText) : width);
-    }
-  }
-
-  void WidenForGroups(const Table& table, Widths& measured) {
-    std::size_t first = 0;
-    for (const ColumnGroup& group : table.groups) {
-      const std::size_t end = std::min(first + group.columns, measured.widths.size());
-      const auto begin = measured.widths.begin() + static_cast<std::ptrdiff_t>(first);
-      const double has =
-          std::accumulate(begin, measured.widths.begin() + static_cast<std::ptrdiff_t>(end), 0.0);
-      const double missing = LongestWord(typesetter_, group.heading) - has;
-      for (std::size_t i = first; i < end && missing > 0; ++i) {
-        measured.widths[i] += missing / static_cast<double>(end - first);
-      }
-      first = end;
-    }
-  }
-
-  Typesetter& typesetter_;
-  Progress& progress_;
-  std::string text_;
-  std::int64_t done_ = 0;
-};
 
 /// The room beside the texts of a table.
 double Gaps(const Widths& measured) {
@@ -141,8 +61,8 @@ double Room(PageSize page) {
 
 /// The first setting in which every table fits; in the last one texts are broken further, and type
 /// shrinks when not even that helps.
-Setting Choose(std::vector<Widths>& all_widths, Orientation orientation) {
-  const std::vector<Setting> settings = Settings(orientation);
+Setting Choose(std::vector<Widths>& all_widths, bool may_lie) {
+  const std::vector<Setting> settings = Settings(may_lie);
   for (const Setting& setting : settings) {
     if (std::ranges::all_of(all_widths, [&](const Widths& measured) {
           return Width(measured, setting.type) <= Room(setting.page);
@@ -271,12 +191,12 @@ void CountLines(const Table& table, const PageLayout& layout, TableShape& shape,
 
 void FitColumns(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
                 PageLayout& layout) {
-  Measurer measurer(typesetter, progress);
+  ColumnMeasurer measurer(typesetter, progress);
   std::vector<Widths> all_widths;
   for (const Table& table : document.tables) {
     all_widths.push_back(measurer.Measure(table));
   }
-  const Setting setting = Choose(all_widths, document.orientation);
+  const Setting setting = Choose(all_widths, document.may_lie);
   layout.page = setting.page;
   layout.type = setting.type;
   layout.row_height = typesetter.LineHeight() * setting.type + kRowPadding;
@@ -288,57 +208,6 @@ void FitColumns(const ReportDocument& document, Typesetter& typesetter, Progress
     shape.groups_height = table.groups.empty() ? 0 : layout.row_height + kRowPadding;
     CountLines(table, layout, shape, typesetter);
   }
-}
-
-namespace {
-
-constexpr int kPortraitLetters = 95;
-constexpr int kGap = 2;
-
-int Letters(const std::string& utf8) {
-  return static_cast<int>(std::ranges::count_if(
-      utf8, [](char c) { return (static_cast<unsigned char>(c) >> 6) != 2; }));
-}
-
-void WidenForGroups(const Table& table, std::vector<int>& widths) {
-  std::size_t first = 0;
-  for (const ColumnGroup& group : table.groups) {
-    const std::size_t end = std::min(first + group.columns, widths.size());
-    if (end > first) {
-      const auto begin = widths.begin() + static_cast<std::ptrdiff_t>(first);
-      const int has = std::accumulate(begin, widths.begin() + static_cast<std::ptrdiff_t>(end), 0);
-      widths[end - 1] += std::max(0, static_cast<int>(group.heading.size()) - has);
-    }
-    first = end;
-  }
-}
-
-}  // namespace
-
-std::vector<int> LetterWidths(const Table& table) {
-  std::vector<int> widths;
-  for (const Column& column : table.columns) {
-    widths.push_back(static_cast<int>(column.heading.size()));
-  }
-  std::string text;
-  for (const Row& row : table.rows) {
-    const bool whole_width = row.kind == RowKind::kGroup || row.kind == RowKind::kGap;
-    const std::size_t count = whole_width ? 0 : std::min(row.cells.size(), widths.size());
-    for (std::size_t i = 0; i < count; ++i) {
-      text.clear();
-      AppendCell(text, row.cells[i], table.columns[i].mask);
-      widths[i] = std::max(widths[i], Letters(text));
-    }
-  }
-  WidenForGroups(table, widths);
-  return widths;
-}
-
-bool IsWide(const ReportDocument& document, const std::vector<int>& widths) {
-  const int letters =
-      std::accumulate(widths.begin(), widths.end(), kGap * static_cast<int>(widths.size()));
-  return document.orientation == Orientation::kLandscape ||
-         (document.orientation == Orientation::kByWidth && letters > kPortraitLetters);
 }
 
 }  // namespace quorvane::reporting

@@ -1,6 +1,5 @@
-#include "reporting/output/CsvWriter.h"
-
 #include "core/text/Csv.h"
+#include "reporting/output/WriteReport.h"
 
 #include <QRegularExpression>
 

@@ -1,7 +1,5 @@
 #include "reporting/output/PageLayout.h"
 
-#include "reporting/output/ColumnFit.h"
-
 namespace quorvane::reporting {
 namespace {
 
@@ -130,8 +128,8 @@ Face FaceOf(RowKind kind) {
 }
 
 bool StandsApart(const Table& table, std::size_t column) {
-  return column > 0 && table.columns[column].alignment == Alignment::kLeft &&
-         table.columns[column - 1].alignment == Alignment::kRight;
+  return column > 0 && AlignmentOf(table.columns[column]) == Alignment::kLeft &&
+         AlignmentOf(table.columns[column - 1]) == Alignment::kRight;
 }
 
 double TextLeft(const Table& table, const TableShape& shape, std::size_t column) {

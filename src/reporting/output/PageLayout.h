@@ -67,6 +67,11 @@ double RoomOf(const Table& table, const TableShape& shape, std::size_t column);
 /// Height in points of a text that is broken into lines of `room` points.
 double TextHeight(Typesetter& typesetter, const QString& text, Face face, double size, double room);
 
+/// Chooses page and type size by the contents and gives every column its place: the first half of
+/// laying out, which fills all of the layout but its pages.
+void FitColumns(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
+                PageLayout& layout);
+
 /// Lays the report out. Throws Cancellation.
 PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress);
 

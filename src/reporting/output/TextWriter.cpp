@@ -1,4 +1,4 @@
-#include "reporting/output/TextWriter.h"
+#include "reporting/output/WriteReport.h"
 
 #include <algorithm>
 
@@ -71,7 +71,7 @@ class TableText {
 
   QString Padded(const QString& text, std::size_t column) const {
     const qsizetype width = widths_[column];
-    switch (table_.columns[column].alignment) {
+    switch (AlignmentOf(table_.columns[column])) {
       case Alignment::kRight:
         return text.rightJustified(width);
       case Alignment::kCentre:

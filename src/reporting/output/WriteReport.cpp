@@ -1,18 +1,29 @@
 #include "reporting/output/WriteReport.h"
 
 #include "core/platform/PrivateFile.h"
-#include "reporting/output/CsvWriter.h"
-#include "reporting/output/PdfWriter.h"
-#include "reporting/output/RtfWriter.h"
-#include "reporting/output/TextWriter.h"
-#include "reporting/output/XlsxWriter.h"
 
 #include <QSaveFile>
+#include <QtGlobal>
 
+#include <algorithm>
+#include <array>
 #include <stdexcept>
 
 namespace quorvane::reporting {
 namespace {
+
+constexpr std::array kFormats{
+    OutputFormatEntry{OutputFormat::kText, "text", ".txt",
+                      QT_TRANSLATE_NOOP("OutputFormat", "Text")},
+    OutputFormatEntry{OutputFormat::kCsv, "csv", ".csv",
+                      QT_TRANSLATE_NOOP("OutputFormat", "Comma separated values")},
+    OutputFormatEntry{OutputFormat::kPdf, "pdf", ".pdf",
+                      QT_TRANSLATE_NOOP("OutputFormat", "PDF document")},
+    OutputFormatEntry{OutputFormat::kXlsx, "xlsx", ".xlsx",
+                      QT_TRANSLATE_NOOP("OutputFormat", "Workbook")},
+    OutputFormatEntry{OutputFormat::kRtf, "rtf", ".rtf",
+                      QT_TRANSLATE_NOOP("OutputFormat", "Rich text document")},
+};
 
 constexpr qsizetype kLongestStem = 180;  // bytes; file systems take 255
 
@@ -49,6 +60,24 @@ bool IsPlain(QChar c) {
 }
 
 }  // namespace
+
+std::span<const OutputFormatEntry> OutputFormats() {
+  return kFormats;
+}
+
+const OutputFormatEntry& EntryOf(OutputFormat format) {
+  return kFormats[static_cast<std::size_t>(format)];
+}
+
+QString ExtensionOf(OutputFormat format) {
+  return QLatin1String(EntryOf(format).extension);
+}
+
+std::optional<OutputFormat> FormatNamed(std::string_view name) {
+  const auto found = std::ranges::find(
+      kFormats, name, [](const OutputFormatEntry& entry) { return std::string_view(entry.name); });
+  return found == kFormats.end() ? std::nullopt : std::optional(found->format);
+}
 
 void WriteReport(const ReportDocument& document, OutputFormat format, const QString& path,
                  Progress& progress) {

@@ -111,11 +111,7 @@ QString ReportModel::TextAt(const Place& place, int column) const {
 Qt::Alignment ReportModel::AlignmentAt(std::size_t table, int column) const {
   const std::vector<Column>& columns = document_.tables[table].columns;
   const auto at = static_cast<std::size_t>(column);
-  if (at >= columns.size() || columns[at].alignment == Alignment::kLeft) {
-    return Qt::AlignLeft | Qt::AlignVCenter;
-  }
-  return columns[at].alignment == Alignment::kRight ? Qt::AlignRight | Qt::AlignVCenter
-                                                    : Qt::AlignCenter;
+  return table::ViewAlignment(at < columns.size() ? columns[at] : Column());
 }
 
 QVariant ReportModel::data(const QModelIndex& index, int role) const {

@@ -2,9 +2,7 @@
 
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
-#include "core/platform/PrivateFile.h"
 #include "reporting/output/WriteReport.h"
-#include "reporting/period/window/MonthsPane.h"
 
 #include <QApplication>
 #include <QDir>
@@ -19,28 +17,11 @@
 namespace quorvane::reporting {
 namespace {
 
-using controls::DateBox;
-using controls::Grid;
 using controls::ZENButton;
 
-constexpr int kDateWidth = 110;
 constexpr int kBesideWidth = 230;
 constexpr int kTextColumn = 1;            // of a grid with ticks
 constexpr qsizetype kLongestClient = 40;  // letters of a file's name
-constexpr qsizetype kMostNamed = 3;
-
-QLabel* LabelFor(const QString& text, QWidget* buddy) {
-  auto* label = new QLabel(text);
-  label->setBuddy(buddy);
-  return label;
-}
-
-template <class Box>
-Box* Named(Box* box, const QString& name, const QString& purpose) {
-  box->setObjectName(name);
-  box->setAccessibleName(purpose);
-  return box;
-}
 
 }  // namespace
 
@@ -49,9 +30,9 @@ ReportWindow::ReportWindow(ReportDesk& desk, const QString& name, const QString&
     : ChildWindow(desk, name, title, designed),
       desk_(desk),
       current_(desk.session.current),
-      client_name_(desk.session.current_client_name) {
+      client_name_(desk.session.current_client_name),
+      outputs_(new ReportOutputs(desk, TheGuard(), *this, this)) {
   BuildLayout();
-  BuildMenu();
 }
 
 void ReportWindow::BuildLayout() {
@@ -81,16 +62,19 @@ void ReportWindow::BuildLayout() {
   middle->setStretchFactor(0, 0);
   middle->setStretchFactor(1, 1);
   rows->addWidget(middle, 1);
-  buttons_ = new QHBoxLayout;
-  buttons_->addStretch(1);
-  buttons_->addWidget(CmdReport);
-  buttons_->addWidget(CmdOutput);
-  buttons_->addWidget(CmdExit);
-  rows->addLayout(buttons_);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(CmdReport);
+  buttons->addWidget(CmdOutput);
+  buttons->addWidget(CmdExit);
+  rows->addLayout(buttons);
 
   OnClick(CmdReport, &ReportWindow::CmdReport_Click);
   OnClick(CmdOutput, &ReportWindow::CmdOutput_Click);
   OnClick(CmdExit, &ReportWindow::CmdExit_Click);
+  VS->setContextMenuPolicy(Qt::CustomContextMenu);
+  On(VS, &QWidget::customContextMenuRequested, &ReportWindow::VS_MouseUp,
+     QStringLiteral("VS_MouseUp"));
 }
 
 /// One key that no other window has.
@@ -112,135 +96,38 @@ bool ReportWindow::SettleEntry() {
   return elsewhere->hasFocus();
 }
 
-void ReportWindow::BuildMenu() {
-  mnuReport = new QMenu(this);
-  mnuReport->setObjectName(QStringLiteral("mnuReport"));
-  AddAction("mnupreview", tr("&Preview and Print"), &ReportWindow::mnupreview_Click)
-      ->setShortcut(QKeySequence::Print);
-  AddAction("mnuword", tr("&Word"), &ReportWindow::mnuword_Click);
-  AddAction("mnuexcel", tr("&Excel"), &ReportWindow::mnuexcel_Click);
-  AddAction("mnupdf", tr("P&DF"), &ReportWindow::mnupdf_Click);
-  AddAction("mnucsv", tr("&CSV"), &ReportWindow::mnucsv_Click);
-  VS->setContextMenuPolicy(Qt::CustomContextMenu);
-  On(VS, &QWidget::customContextMenuRequested, &ReportWindow::VS_MouseUp,
-     QStringLiteral("VS_MouseUp"));
-}
-
-QAction* ReportWindow::AddAction(const char* name, const QString& caption,
-                                 void (ReportWindow::*handler)()) {
-  QAction* action = mnuReport->addAction(caption);
-  action->setObjectName(QLatin1String(name));
-  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  addAction(action);
-  On(action, &QAction::triggered, handler, QLatin1String(name) + QStringLiteral("_Click"));
-  return action;
-}
-
-void ReportWindow::SetPeriodYear(text::FinancialYear year) {
-  Text1[0]->SetDate(text::FormatDmy(year.FirstDay()));
-  Text1[1]->SetDate(text::FormatDmy(year.LastDay()));
-  if (months_ != nullptr) {
-    months_->SetYear(year);
-  }
-}
-
 std::optional<text::FinancialYear> ReportWindow::PeriodYear() const {
   return current_ ? std::optional(current_->year) : std::nullopt;
 }
 
-void ReportWindow::MakePeriodBoxes() {
-  const auto year = PeriodYear();
-  for (std::size_t i = 0; i < Text1.size(); ++i) {
-    Text1[i] =
-        Named(new DateBox, QStringLiteral("Text1_%1").arg(i), i == 0 ? tr("From") : tr("To"));
-    Text1[i]->setFixedWidth(kDateWidth);
-    if (year) {
-      Text1[i]->SetDate(text::FormatDmy(i == 0 ? year->FirstDay() : year->LastDay()));
-    }
-    Watch(Text1[i]);
-    On(Text1[i], &DateBox::Left, &ReportWindow::Text1_Validate, QStringLiteral("Text1_Validate"));
+void ReportWindow::MakePeriod(PeriodPane::Form form) {
+  period_ = new PeriodPane(TheGuard(), PeriodYear(), form);
+  for (controls::DateBox* box : period_->Boxes()) {
+    Watch(box);
   }
+  connect(period_, &PeriodPane::MonthRefused, this,
+          [this](const Refusal& refusal) { Show(refusal); });
 }
 
 void ReportWindow::AddPeriod(Months months) {
-  MakePeriodBoxes();
+  MakePeriod(months == Months::kYes ? PeriodPane::Form::kRowWithMonths : PeriodPane::Form::kRow);
   auto* row = new QHBoxLayout;
-  row->addWidget(LabelFor(tr("&From"), Text1[0]));
-  row->addWidget(Text1[0]);
-  row->addWidget(LabelFor(tr("&To"), Text1[1]));
-  row->addWidget(Text1[1]);
-  if (months == Months::kYes) {
-    AddMonths(row);
-  }
+  row->addWidget(period_);
   row->addStretch(1);
   options_->addLayout(row);
 }
 
 QBoxLayout* ReportWindow::AddPeriodFrame() {
-  MakePeriodBoxes();
-  auto* frame = new QGroupBox(tr("Period"));
-  frame->setObjectName(QStringLiteral("FrmPeriod"));
-  auto* boxes = new QGridLayout(frame);
-  boxes->setContentsMargins(controls::kSpacing, controls::kTightSpacing, controls::kSpacing,
-                            controls::kTightSpacing);
-  boxes->addWidget(LabelFor(tr("&From"), Text1[0]), 0, 0);
-  boxes->addWidget(Text1[0], 0, 1);
-  boxes->addWidget(LabelFor(tr("&To"), Text1[1]), 1, 0);
-  boxes->addWidget(Text1[1], 1, 1);
+  MakePeriod(PeriodPane::Form::kFrame);
   auto* row = new QHBoxLayout;
-  row->addWidget(frame);
+  row->addWidget(period_);
   options_->addLayout(row);
   return row;
 }
 
-void ReportWindow::AddMonths(QBoxLayout* row) {
-  const auto year = PeriodYear();
-  if (!year) {
-    throw std::logic_error("months are those of a chosen financial year");
-  }
-  months_ = new MonthsPane(*year);
-  CmbFromMth = months_->Names(0);
-  CmbToMth = months_->Names(1);
-  row->addWidget(months_);
-  On(CmbFromMth, &QComboBox::currentIndexChanged, &ReportWindow::CmbFromMth_Click,
-     QStringLiteral("CmbFromMth_Click"));
-  On(CmbToMth, &QComboBox::currentIndexChanged, &ReportWindow::CmbToMth_Click,
-     QStringLiteral("CmbToMth_Click"));
-}
-
-void ReportWindow::CmbFromMth_Click() {
-  TakeMonth(0);
-}
-
-void ReportWindow::CmbToMth_Click() {
-  TakeMonth(1);
-}
-
-void ReportWindow::TakeMonth(std::size_t end) {
-  const std::optional<Result<Period>> chosen = months_->Chosen(end);
-  if (!chosen) {
-    return;
-  }
-  const Result<Period>& month = *chosen;
-  if (!month) {
-    Show({month.Why().text, months_->Names(end)->objectName()});
-    return;
-  }
-  Text1[end]->SetDate(text::FormatDmy(end == 0 ? month->from : month->to));
-}
-
-// A date that was typed in belongs to no chosen month any more.
-void ReportWindow::Text1_Validate() {
-  for (std::size_t end = 0; months_ != nullptr && end < Text1.size(); ++end) {
-    months_->KeepOnly(end, Text1[end]->Date());
-  }
-}
-
-Grid* ReportWindow::AddTickGrid(const QString& name, const QString& heading, const QString& purpose,
-                                int share) {
-  auto* grid = new Grid(name, purpose);
-  grid->SetColumns({{.heading = QString(), .mask = controls::Mask::kTick}, {.heading = heading}});
-  grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+TickGrid* ReportWindow::AddTickGrid(const QString& name, const QString& heading,
+                                    const QString& purpose, int share) {
+  auto* grid = new TickGrid(name, purpose, {{.heading = heading}});
   grid->horizontalHeader()->setSectionResizeMode(kTextColumn, QHeaderView::Stretch);
   AddBesideReport(grid, share);
   return grid;
@@ -298,42 +185,14 @@ void ReportWindow::AddBesideReport(QWidget* widget, int share) {
   beside_->show();
 }
 
-void ReportWindow::FillTicks(Grid& grid, const std::vector<lookups::Item>& items, bool ticked) {
-  std::vector<controls::Row> rows;
-  rows.reserve(items.size());
-  for (const lookups::Item& item : items) {
-    rows.push_back({.id = item.id, .cells = {ticked, item.text}});
-  }
-  grid.SetRows(std::move(rows));
-}
-
-MaybeRefusal ReportWindow::RefuseWithoutTick(const Grid& grid, const QString& text) {
-  return grid.Model().TickedIds().empty() ? MaybeRefusal({text, grid.objectName()}) : std::nullopt;
-}
-
-MaybeRefusal ReportWindow::RefuseWithoutAccount(const Grid& grid) {
-  return grid.Model().RowCount() == 0 ? std::nullopt
-                                      : RefuseWithoutTick(grid, tr("Select Demat A/c!"));
-}
-
-std::vector<AccountId> ReportWindow::ChosenAccounts(const Grid& grid) {
-  return grid.Model().AllTicked() ? std::vector<AccountId>() : Ticked<AccountId>(grid);
-}
-
-ZENButton* ReportWindow::AddButton(const QString& name, const QString& caption) {
-  auto* button = new ZENButton(name, caption);
-  buttons_->insertWidget(buttons_->indexOf(CmdReport), button);
-  return button;
-}
-
 // The Tab key goes from the options over the ticks to the report and the buttons, although these
 // were made first.
 void ReportWindow::Start() {
   for (QWidget* last : std::initializer_list<QWidget*>{VS, CmdReport, CmdOutput, CmdExit}) {
     setTabOrder(previousInFocusChain(), last);
   }
-  if (Text1[0] != nullptr) {
-    Text1[0]->setFocus();
+  if (period_ != nullptr) {
+    period_->Boxes().front()->setFocus();
   }
   // What is ticked takes as much as it needs; the rest is the report's.
   constexpr int kEverything = 10000;
@@ -342,7 +201,7 @@ void ReportWindow::Start() {
 }
 
 Period ReportWindow::ThePeriod() const {
-  const Result<Period> period = ReadPeriod(Text1[0]->text(), Text1[1]->text());
+  const Result<Period> period = period_->Read();
   if (!period) {
     throw std::logic_error(period.Why().text.toStdString());
   }
@@ -350,8 +209,8 @@ Period ReportWindow::ThePeriod() const {
 }
 
 MaybeRefusal ReportWindow::Check() {
-  if (Text1[0] != nullptr) {
-    if (MaybeRefusal refusal = ReadPeriod(Text1[0]->text(), Text1[1]->text()).Refused()) {
+  if (period_ != nullptr) {
+    if (MaybeRefusal refusal = period_->Read().Refused()) {
       return refusal;
     }
   }
@@ -380,8 +239,15 @@ void ReportWindow::CmdReport_Click() {
   }
 }
 
-std::optional<ReportDocument> ReportWindow::MakeOutput() {
-  if (const MaybeRefusal refusal = Check()) {
+std::optional<ReportDocument> ReportWindow::MakeOutput(std::optional<OutputFormat> format) {
+  if (!format && !SettleOwnEntry()) {
+    return std::nullopt;
+  }
+  MaybeRefusal refusal = format == OutputFormat::kXlsx ? CheckWorkbook() : std::nullopt;
+  if (!refusal) {
+    refusal = Check();
+  }
+  if (refusal) {
     Show(*refusal);
     return std::nullopt;
   }
@@ -397,59 +263,27 @@ std::optional<ReportDocument> ReportWindow::MakeOutput() {
   return document;
 }
 
+/// The pages have a key, so they may be asked for while a box is still under entry.
+bool ReportWindow::SettleOwnEntry() {
+  const auto* box = qobject_cast<controls::TextBox*>(QApplication::focusWidget());
+  return box == nullptr || !isAncestorOf(box) || SettleEntry();
+}
+
 void ReportWindow::CmdOutput_Click() {
-  mnuReport->popup(CmdOutput->mapToGlobal(QPoint(0, -mnuReport->sizeHint().height())));
+  QMenu& menu = outputs_->Menu();
+  menu.popup(CmdOutput->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
 }
 
 void ReportWindow::VS_MouseUp(const QPoint& at) {
-  mnuReport->popup(VS->viewport()->mapToGlobal(at));
+  outputs_->Menu().popup(VS->viewport()->mapToGlobal(at));
 }
 
 void ReportWindow::CmdExit_Click() {
   close();
 }
 
-void ReportWindow::mnupreview_Click() {
-  // By its key the action comes while a box is still under entry.
-  const auto* box = qobject_cast<controls::TextBox*>(QApplication::focusWidget());
-  if (box != nullptr && isAncestorOf(box) && !SettleEntry()) {
-    return;
-  }
-  if (const auto document = MakeOutput()) {
-    TheDesk().show_report(*document, this);
-  }
-}
-
-void ReportWindow::mnuword_Click() {
-  if (const auto document = MakeOutput()) {
-    WriteWord(*document);
-  }
-}
-
 void ReportWindow::WriteWord(const ReportDocument& document) {
-  WriteAndOpen(document, OutputFormat::kRtf);
-}
-
-void ReportWindow::mnuexcel_Click() {
-  if (const MaybeRefusal refusal = CheckWorkbook()) {
-    Show(*refusal);
-    return;
-  }
-  if (const auto document = MakeOutput()) {
-    WriteAndOpen(*document, OutputFormat::kXlsx);
-  }
-}
-
-void ReportWindow::mnupdf_Click() {
-  if (const auto document = MakeOutput()) {
-    WriteWhereAsked(*document, OutputFormat::kPdf);
-  }
-}
-
-void ReportWindow::mnucsv_Click() {
-  if (const auto document = MakeOutput()) {
-    WriteWhereAsked(*document, OutputFormat::kCsv);
-  }
+  outputs_->WriteAndOpen(document, OutputFormat::kRtf);
 }
 
 void ReportWindow::WriteWorkbook(const ReportDocument& document, const QString& path,
@@ -467,56 +301,13 @@ QString ReportWindow::FileName(const ReportDocument& document) const {
 
 QStringList ReportWindow::Choices() const {
   const auto year = PeriodYear();
-  if (Text1[0] == nullptr || !year) {
+  if (period_ == nullptr || !year) {
     return {};
   }
   const Period period = ThePeriod();
   return period == Period::Of(*year)
              ? QStringList()
              : QStringList{text::FormatDmy(period.from), text::FormatDmy(period.to)};
-}
-
-QStringList ReportWindow::ChosenOf(const Grid& grid) {
-  QStringList texts;
-  for (int row = 0; row < grid.Model().RowCount() && !grid.Model().AllTicked(); ++row) {
-    if (grid.Model().IsTicked(row)) {
-      texts << grid.Model().Text(row, kTextColumn);
-    }
-  }
-  const qsizetype more = texts.size() - kMostNamed;
-  return more <= 0 ? texts : texts.mid(0, kMostNamed) << tr("and %1 more").arg(more);
-}
-
-void ReportWindow::Write(const ReportDocument& document, OutputFormat format, const QString& path) {
-  controls::ProgressDialog progress(this);
-  if (format == OutputFormat::kXlsx) {
-    WriteWorkbook(document, path, progress);
-  } else {
-    WriteReport(document, format, path, progress);
-  }
-}
-
-void ReportWindow::WriteAndOpen(const ReportDocument& document, OutputFormat format) {
-  const QDir folder(Session().folders.application + QStringLiteral("/Reports"));
-  platform::MakeOutputFolder(folder.path());
-  const QString path = folder.filePath(FileName(document) + ExtensionOf(format));
-  Write(document, format, path);
-  Open(path);
-}
-
-void ReportWindow::Open(const QString& path) {
-  if (!TheDesk().open_file(path)) {
-    Say().Inform(tr("The report lies in %1. No program that opens it was found.").arg(path));
-  }
-}
-
-void ReportWindow::WriteWhereAsked(const ReportDocument& document, OutputFormat format) {
-  const QString suggested = QDir::home().filePath(FileName(document) + ExtensionOf(format));
-  const QString path = TheDesk().ask_save_path(this, suggested);
-  if (!path.isEmpty()) {
-    Write(document, format, path);
-    Say().Inform(tr("Saved as %1.").arg(path));
-  }
 }
 
 }  // namespace quorvane::reporting

@@ -4,11 +4,13 @@
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "core/records/Faults.h"
+#include "reporting/document/ReportDocument.h"
 #include "reporting/period/Period.h"
 
 #include <QString>
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace quorvane::broker_ledger {
@@ -50,5 +52,13 @@ struct BrokerLedger {
 /// DatabaseError and Cancellation.
 BrokerLedger ReadBrokerLedger(database::Connection& connection, const LedgerQuery& query,
                               Progress& progress);
+
+/// The brokers' accounts as a document: a group a broker, closed by "Closing Balance" with the sums
+/// of both sides. `client` is named below the title.
+reporting::ReportDocument MakeLedgerDocument(const LedgerQuery& query, const QString& client,
+                                             std::span<const BrokerAccount> accounts);
+
+/// A balance in paise as the ledger shows it: "250.50Dr", or "Cr" when it is negative.
+QString BalanceText(std::int64_t balance);
 
 }  // namespace quorvane::broker_ledger

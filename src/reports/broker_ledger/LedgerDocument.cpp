@@ -1,6 +1,5 @@
-#include "reports/broker_ledger/LedgerDocument.h"
-
 #include "core/text/Amounts.h"
+#include "reports/broker_ledger/BrokerLedger.h"
 
 #include <QCoreApplication>
 
@@ -34,16 +33,17 @@ reporting::Table NewTable() {
 }
 
 void AddAccount(reporting::Table& table, const BrokerAccount& account) {
-  table.rows.push_back({RowKind::kGroup, {account.name}});
+  table.rows.push_back({.kind = RowKind::kGroup, .cells = {account.name}});
   for (const LedgerLine& line : account.lines) {
-    table.rows.push_back({RowKind::kData,
-                          {line.date, line.particulars, Amount(line.debit), Amount(line.credit),
-                           BalanceText(line.balance)}});
+    table.rows.push_back({.kind = RowKind::kData,
+                          .cells = {line.date, line.particulars, Amount(line.debit),
+                                    Amount(line.credit), BalanceText(line.balance)}});
   }
-  table.rows.push_back({RowKind::kTotal,
-                        {Cell{}, Words(QT_TRANSLATE_NOOP("BrokerLedger", "Closing Balance")),
-                         text::FromPaise(account.Debits()), text::FromPaise(account.Credits()),
-                         BalanceText(account.Closing())}});
+  table.rows.push_back(
+      {.kind = RowKind::kTotal,
+       .cells = {Cell{}, Words(QT_TRANSLATE_NOOP("BrokerLedger", "Closing Balance")),
+                 text::FromPaise(account.Debits()), text::FromPaise(account.Credits()),
+                 BalanceText(account.Closing())}});
 }
 
 }  // namespace

@@ -49,11 +49,11 @@ QString ParticularsOf(Movement movement, const RawMovement& raw, const MovementR
 /// The lines of one scrip in one account.
 class LineMaker {
  public:
-  LineMaker(const StatementQuery& query, const MovementReader& reader)
+  LineMaker(const DematQuery& query, const MovementReader& reader)
       : query_(query), reader_(reader), folds_(query.period.from > query.year.FirstDay()) {}
 
-  std::vector<StatementLine> Make(std::span<const RawMovement> movements) const {
-    std::vector<StatementLine> lines;
+  std::vector<DematLine> Make(std::span<const RawMovement> movements) const {
+    std::vector<DematLine> lines;
     Shares balance;
     const auto is_before = [this](const RawMovement& raw) {
       return folds_ && (raw.kind == RawMovement::Kind::kOpening || raw.date < query_.period.from);
@@ -79,15 +79,15 @@ class LineMaker {
   }
 
  private:
-  const StatementQuery& query_;
+  const DematQuery& query_;
   const MovementReader& reader_;
   bool folds_;
 };
 
 }  // namespace
 
-records::Faults BuildStatement(
-    database::Connection& connection, const StatementQuery& query, Progress& progress,
+records::Faults BuildDematStatement(
+    database::Connection& connection, const DematQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const ScripMovements>)>& give) {
   MovementReader reader(connection, query, progress);
   const std::vector<RawMovement> all = reader.Read();

@@ -3,8 +3,10 @@
 #include "core/ClientYear.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
+#include "core/lookups/Directory.h"
 #include "core/records/Faults.h"
 #include "core/text/Shares.h"
+#include "reporting/document/ReportDocument.h"
 #include "reporting/period/Period.h"
 
 #include <QString>
@@ -13,6 +15,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace quorvane::demat {
@@ -21,7 +24,7 @@ using text::Date;
 using text::Shares;
 
 /// What a demat statement is made of.
-struct StatementQuery {
+struct DematQuery {
   std::optional<ClientId> client;  ///< every client when there is none
   text::FinancialYear year;
   reporting::Period period;
@@ -39,7 +42,7 @@ enum class Movement : std::uint8_t {
 };
 
 /// One line of the statement.
-struct StatementLine {
+struct DematLine {
   Movement movement = Movement::kOpening;
   Date date;
   QString particulars;
@@ -51,7 +54,7 @@ struct StatementLine {
 struct ScripMovements {
   AccountId account;
   ScripId scrip;
-  std::vector<StatementLine> lines;  ///< never empty
+  std::vector<DematLine> lines;  ///< never empty
 };
 
 /// Hands out the movements of each client that has any, clients by code; in each the accounts by
@@ -65,8 +68,19 @@ struct ScripMovements {
 ///
 /// One query a table, whatever the number of clients. The span lasts as long as the call. Returns
 /// the records that could not count as they are written. Throws DatabaseError and Cancellation.
-[[nodiscard]] records::Faults BuildStatement(
-    database::Connection& connection, const StatementQuery& query, Progress& progress,
+[[nodiscard]] records::Faults BuildDematStatement(
+    database::Connection& connection, const DematQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const ScripMovements>)>& give);
+
+/// One client's "Demat A/c Statement" as a document, from what BuildDematStatement hands out: a
+/// table an account, the scrips one after the other, each closed by its totals.
+reporting::ReportDocument MakeDematDocument(const DematQuery& query, ClientId client,
+                                            std::span<const ScripMovements> scrips,
+                                            const lookups::Directory& directory);
+
+/// The statement for machines: plain quantities, one record a line.
+void AppendDematCsvHeader(std::string& out);
+void AppendDematCsv(std::string& out, std::span<const ScripMovements> scrips,
+                    const lookups::Directory& directory);
 
 }  // namespace quorvane::demat

@@ -34,7 +34,7 @@ bool Leaves(const records::Movement& movement) {
 
 }  // namespace
 
-MovementReader::MovementReader(database::Connection& connection, const StatementQuery& query,
+MovementReader::MovementReader(database::Connection& connection, const DematQuery& query,
                                Progress& progress)
     : connection_(connection), query_(query), progress_(progress) {}
 

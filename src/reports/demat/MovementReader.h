@@ -35,7 +35,7 @@ struct RawMovement {
 /// Reads everything that moved shares in a year, with one query a table.
 class MovementReader {
  public:
-  MovementReader(database::Connection& connection, const StatementQuery& query, Progress& progress);
+  MovementReader(database::Connection& connection, const DematQuery& query, Progress& progress);
 
   /// Sorted; the lines of one bill and scrip are one movement.
   std::vector<RawMovement> Read();
@@ -59,7 +59,7 @@ class MovementReader {
   void Sort();
 
   database::Connection& connection_;
-  const StatementQuery& query_;
+  const DematQuery& query_;
   Progress& progress_;
   Ranking clients_;
   Ranking accounts_;

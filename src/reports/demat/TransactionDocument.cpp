@@ -39,15 +39,15 @@ Table NewTable() {
 }
 
 Row LineRow(int number, const TransactionLine& line, const lookups::Directory& directory) {
-  return {RowKind::kData,
-          {static_cast<double>(number), line.date, Utf8(directory.Scrip(line.scrip).name),
-           line.purchase ? Tr("Buy") : Tr("Sell"), line.quantity.Number(), line.rate,
-           Paise(line.money.trade_value), Paise(line.money.brokerage),
-           Paise(line.money.service_tax), Paise(line.money.stt), Paise(line.money.total)}};
+  return {.kind = RowKind::kData,
+          .cells = {static_cast<double>(number), line.date, Utf8(directory.Scrip(line.scrip).name),
+                    line.purchase ? Tr("Buy") : Tr("Sell"), line.quantity.Number(), line.rate,
+                    Paise(line.money.trade_value), Paise(line.money.brokerage),
+                    Paise(line.money.service_tax), Paise(line.money.stt), Paise(line.money.total)}};
 }
 
 Row AmountRow(RowKind kind, const QString& label, double amount) {
-  Row row{kind, std::vector<Cell>(11)};
+  Row row{.kind = kind, .cells = std::vector<Cell>(11)};
   row.cells[2] = label;
   row.cells[10] = amount;
   return row;
@@ -55,10 +55,10 @@ Row AmountRow(RowKind kind, const QString& label, double amount) {
 
 void AddTotals(Table& table, const QString& label, const TransactionSums& sums,
                const TransactionClosing& closing) {
-  table.rows.push_back(
-      {RowKind::kTotal,
-       {Cell(), Cell(), label, Cell(), Cell(), Cell(), Paise(sums.trade_value),
-        Paise(sums.brokerage), Paise(sums.service_tax), Paise(sums.stt), Paise(sums.total)}});
+  table.rows.push_back({.kind = RowKind::kTotal,
+                        .cells = {Cell(), Cell(), label, Cell(), Cell(), Cell(),
+                                  Paise(sums.trade_value), Paise(sums.brokerage),
+                                  Paise(sums.service_tax), Paise(sums.stt), Paise(sums.total)}});
   for (const ClosingLine& line : ClosingLines(closing)) {
     table.rows.push_back(AmountRow(RowKind::kData, line.label, line.amount));
   }

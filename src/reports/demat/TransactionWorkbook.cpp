@@ -1,4 +1,3 @@
-#include "reports/demat/TransactionWorkbook.h"
 
 #include "core/text/Amounts.h"
 #include "reporting/output/XlsxTemplate.h"
@@ -99,7 +98,7 @@ class LineList {
                                   Utf8(directory_.Scrip(line.scrip).name),
                                   line.purchase ? Tr("Buy") : Tr("Sell"),
                                   line.quantity.Number(),
-                                  reporting::ShownNumber(line.rate, reporting::Mask::kAmount)};
+                                  table::ShownNumber(line.rate, reporting::Mask::kAmount)};
     std::ranges::copy(texts, out.cells.begin());
     lines_.push_back(std::move(out));
   }

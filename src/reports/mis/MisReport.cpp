@@ -1,7 +1,7 @@
 #include "reports/mis/MisReport.h"
 
 #include "core/text/Amounts.h"
-#include "reports/mis/MisTable.h"
+#include "reports/mis/Groups.h"
 
 #include <QCoreApplication>
 #include <QDate>

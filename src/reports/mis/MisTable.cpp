@@ -1,6 +1,6 @@
-#include "reports/mis/MisTable.h"
 
 #include "core/text/Amounts.h"
+#include "reports/mis/Groups.h"
 
 #include <QCoreApplication>
 
@@ -48,11 +48,7 @@ struct Sum {
   }
 };
 
-bool HasSeveralClients(const std::vector<Holding>& holdings) {
-  return std::ranges::any_of(
-      holdings, [&](const Holding& holding) { return holding.client != holdings.front().client; });
-}
-
+/// Fills the table holding by holding, in the order of the groups.
 class TableBuilder {
  public:
   TableBuilder(const MisQuery& query, const ReportForm& form, const std::vector<Holding>& holdings,
@@ -61,8 +57,8 @@ class TableBuilder {
         form_(form),
         columns_(form.Columns()),
         names_(names),
-        several_clients_(HasSeveralClients(holdings)),
         levels_(LevelsOf(query.grouping, query.detail)),
+        headings_(form, holdings, names, levels_),
         sums_(levels_.size() + 1) {
     table_.columns.push_back(reporting::TextColumn(Tr("Particulars")));
     for (const FigureColumn& column : columns_) {
@@ -100,49 +96,12 @@ class TableBuilder {
         std::mismatch(place.path.begin(), end, last_.path.begin()).first - place.path.begin());
   }
 
-  QString NameAt(Level level, const Holding& holding) const {
-    switch (level) {
-      case Level::kGroup: {
-        const QString group = names_.GroupOf(holding.client);
-        return group.isEmpty() ? Tr("(none)") : group;
-      }
-      case Level::kClient:
-        return names_.Client(holding.client);
-      case Level::kAccount:
-        return names_.Account(holding.account);
-      case Level::kScrip:
-        break;
-    }
-    return names_.Scrip(holding.scrip);
-  }
-
-  QString HeadingAt(Level level, const Holding& holding) const {
-    QString name = NameAt(level, holding);
-    switch (level) {
-      case Level::kGroup:
-        return Tr("GROUP NAME- ") + name;
-      case Level::kAccount:
-        return (holding.account ? Tr("Demat A/c No - ") + name : Tr("Without Demat A/c")) +
-               OwnerOf(holding);
-      case Level::kScrip:
-        return name + form_.Mark(holding.scrip);
-      case Level::kClient:
-        break;
-    }
-    return name;
-  }
-
-  /// Whose account it is, unless a heading above or the report's title says so.
-  QString OwnerOf(const Holding& holding) const {
-    const bool told = levels_.front() == Level::kGroup || !several_clients_;
-    return told ? QString() : QStringLiteral(", ") + names_.Client(holding.client);
-  }
-
   void Open(std::size_t from, const Holding& holding) {
     for (std::size_t level = from; level < levels_.size(); ++level) {
       sums_[level + 1] = {};
-      sums_[level + 1].name = NameAt(levels_[level], holding);
-      table_.rows.push_back({RowKind::kGroup, {HeadingAt(levels_[level], holding)}});
+      sums_[level + 1].name = headings_.NameAt(levels_[level], holding);
+      table_.rows.push_back(
+          {.kind = RowKind::kGroup, .cells = {headings_.At(levels_[level], holding)}});
       running_ = 0;
     }
   }
@@ -155,7 +114,7 @@ class TableBuilder {
                sum);
     }
     if (down_to == 0 && !levels_.empty()) {
-      table_.rows.push_back({RowKind::kGap, {}});
+      table_.rows.push_back({.kind = RowKind::kGap, .cells = {}});
     }
   }
 
@@ -215,8 +174,8 @@ class TableBuilder {
   const ReportForm& form_;
   const std::vector<FigureColumn>& columns_;
   const Names& names_;
-  bool several_clients_;
   std::vector<Level> levels_;
+  GroupHeadings headings_;
   std::vector<Sum> sums_;  ///< of everything, then of the open group of each level
   Sum line_;               ///< of one scrip, while it is not detailed
   double running_ = 0;

@@ -1,13 +1,12 @@
-#include "reports/mis/PortfolioCharts.h"
 
 #include "core/gains/History.h"
 #include "core/text/Amounts.h"
-#include "reporting/charts/GainsChart.h"
+#include "reporting/charts/ChartData.h"
 #include "reports/mis/Holdings.h"
-#include "reports/mis/MarketRates.h"
 #include "reports/mis/MisQuery.h"
 #include "reports/mis/MisReport.h"
 #include "reports/mis/Names.h"
+#include "reports/mis/ReportForm.h"
 
 #include <QCoreApplication>
 

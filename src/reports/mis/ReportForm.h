@@ -1,15 +1,19 @@
 #pragma once
 
+#include "core/rates/RateBook.h"
 #include "reports/mis/Holdings.h"
-#include "reports/mis/MarketRates.h"
 
 #include <QString>
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace quorvane::mis {
+
+/// The newest rate of each scrip up to some day, with the day that it is of.
+using MarketRates = std::unordered_map<ScripId, rates::DatedRate>;
 
 /// What a column's figures are, and so how they add up.
 enum class Nature : std::uint8_t {

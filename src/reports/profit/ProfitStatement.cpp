@@ -52,7 +52,7 @@ class Builder {
  public:
   using Give = std::function<void(ClientId, std::span<const StatementRow>)>;
 
-  Builder(const StatementQuery& query, const Give& give) : query_(query), give_(give) {}
+  Builder(const ProfitQuery& query, const Give& give) : query_(query), give_(give) {}
 
   void Take(const ScripHistory& history) {
     if (!Selected(query_.accounts, history.account) || !Selected(query_.scrips, history.scrip)) {
@@ -65,7 +65,7 @@ class Builder {
     if (history.scrip != total_.scrip) {
       CloseScrip();
       total_ = {};
-      total_.kind = RowKind::kTotal;
+      total_.kind = LineKind::kTotal;
       total_.scrip = history.scrip;
     }
     matches_.clear();
@@ -83,7 +83,7 @@ class Builder {
   void CloseClient() {
     CloseScrip();
     if (!rows_.empty()) {
-      net_total_.kind = RowKind::kNetTotal;
+      net_total_.kind = LineKind::kNetTotal;
       net_total_.quantity = 0;
       net_total_.sale_quantity = 0;
       rows_.push_back(net_total_);
@@ -111,7 +111,7 @@ class Builder {
     const Sale& sale = history.sales[match.sale];
     StatementRow row = SaleSide(history, sale, match);
     if (match.purchase == Match::kNoPurchase) {
-      row.kind = sale.transfer ? RowKind::kTransfer : RowKind::kUnmatched;
+      row.kind = sale.transfer ? LineKind::kTransfer : LineKind::kUnmatched;
       if (query_.gains != GainFilter::kSpeculation) {
         Push(row);
       }
@@ -122,7 +122,7 @@ class Builder {
       return;
     }
     const Purchase& purchase = history.purchases[match.purchase];
-    row.kind = sale.transfer ? RowKind::kTransfer : RowKind::kMatch;
+    row.kind = sale.transfer ? LineKind::kTransfer : LineKind::kMatch;
     row.purchase_date = purchase.date;
     row.quantity = match.quantity;
     row.purchase_cost = match.cost;
@@ -169,7 +169,7 @@ class Builder {
         continue;
       }
       StatementRow row;
-      row.kind = RowKind::kUnsold;
+      row.kind = LineKind::kUnsold;
       row.account = history.account;
       row.scrip = history.scrip;
       row.purchase_date = purchase.date;
@@ -187,7 +187,7 @@ class Builder {
     }
   }
 
-  const StatementQuery& query_;
+  const ProfitQuery& query_;
   const Give& give_;
   ClientId client_;
   StatementRow total_;
@@ -198,7 +198,7 @@ class Builder {
 
 }  // namespace
 
-StatementQuery StatementQuery::OfYear(std::optional<ClientId> client, text::FinancialYear year) {
+ProfitQuery ProfitQuery::OfYear(std::optional<ClientId> client, text::FinancialYear year) {
   return {.client = client,
           .year = year,
           .from = year.FirstDay(),
@@ -209,7 +209,7 @@ StatementQuery StatementQuery::OfYear(std::optional<ClientId> client, text::Fina
 }
 
 records::Faults BuildStatement(
-    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    database::Connection& connection, const ProfitQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const StatementRow>)>& give) {
   gains::History history(connection, {query.client, query.year, query.from, query.to, query.fo},
                          progress);

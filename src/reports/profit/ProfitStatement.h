@@ -16,7 +16,7 @@ using text::Date;
 enum class GainFilter : std::uint8_t { kAll, kSpeculation, kNonSpeculation };
 
 /// What a profit or capital-gain statement is made of.
-struct StatementQuery {
+struct ProfitQuery {
   std::optional<ClientId> client;  ///< every client when there is none
   text::FinancialYear year;
   Date from;
@@ -30,10 +30,10 @@ struct StatementQuery {
   bool unsold = true;    ///< list what is left of the purchases, too
 
   /// The whole of a year, everything in it.
-  static StatementQuery OfYear(std::optional<ClientId> client, text::FinancialYear year);
+  static ProfitQuery OfYear(std::optional<ClientId> client, text::FinancialYear year);
 };
 
-enum class RowKind : std::uint8_t {
+enum class LineKind : std::uint8_t {
   kMatch,      ///< a quantity sold and the purchase that it used up
   kUnmatched,  ///< a quantity sold without a purchase
   kTransfer,   ///< a quantity that left by a transfer, at its purchase rate: no gain
@@ -44,7 +44,7 @@ enum class RowKind : std::uint8_t {
 
 /// One line of a statement. Money in paise. What does not apply to the kind is 0.
 struct StatementRow {
-  RowKind kind = RowKind::kMatch;
+  LineKind kind = LineKind::kMatch;
   AccountId account;
   ScripId scrip;
   Date purchase_date;
@@ -63,11 +63,11 @@ struct StatementRow {
 
   /// True for a line with a purchase side; for one with a sale's or transfer's side.
   bool HasPurchase() const {
-    return kind == RowKind::kMatch || kind == RowKind::kUnsold ||
-           (kind == RowKind::kTransfer && quantity != 0);
+    return kind == LineKind::kMatch || kind == LineKind::kUnsold ||
+           (kind == LineKind::kTransfer && quantity != 0);
   }
   bool HasSale() const {
-    return kind == RowKind::kMatch || kind == RowKind::kUnmatched || kind == RowKind::kTransfer;
+    return kind == LineKind::kMatch || kind == LineKind::kUnmatched || kind == LineKind::kTransfer;
   }
 };
 
@@ -79,7 +79,7 @@ struct StatementRow {
 /// are no speculation, and not listed where only that is wanted. Returns the records that could not
 /// count as they are written. Throws as gains::History does.
 [[nodiscard]] records::Faults BuildStatement(
-    database::Connection& connection, const StatementQuery& query, Progress& progress,
+    database::Connection& connection, const ProfitQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const StatementRow>)>& give);
 
 }  // namespace quorvane::profit

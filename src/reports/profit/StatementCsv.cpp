@@ -1,7 +1,6 @@
-#include "reports/profit/StatementCsv.h"
-
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
+#include "reports/profit/ProfitDocument.h"
 
 #include <array>
 
@@ -17,7 +16,7 @@ class CsvRows {
   void Write(const StatementRow& row) {
     const bool bought = row.HasPurchase();
     const bool sold = row.HasSale();
-    const bool total = row.kind == RowKind::kTotal || row.kind == RowKind::kNetTotal;
+    const bool total = row.kind == LineKind::kTotal || row.kind == LineKind::kNetTotal;
     out_ += Name(row.kind);
     out_ += ',';
     Places(row);
@@ -27,7 +26,7 @@ class CsvRows {
   }
 
  private:
-  static std::string_view Name(RowKind kind) {
+  static std::string_view Name(LineKind kind) {
     static constexpr std::array<std::string_view, 6> kNames{"match",  "unmatched", "transfer",
                                                             "unsold", "total",     "net_total"};
     return kNames[static_cast<std::size_t>(kind)];
@@ -52,7 +51,7 @@ class CsvRows {
       text::AppendDmy(out_, row.purchase_date);
     }
     out_ += ',';
-    if (bought || row.kind == RowKind::kTotal) {
+    if (bought || row.kind == LineKind::kTotal) {
       text::AppendNumber(out_, row.quantity);
     }
     out_ += ',';
@@ -68,7 +67,7 @@ class CsvRows {
       text::AppendDmy(out_, row.sale_date);
     }
     out_ += ',';
-    if (sold || row.kind == RowKind::kTotal) {
+    if (sold || row.kind == LineKind::kTotal) {
       text::AppendNumber(out_, row.sale_quantity);
     }
     out_ += ',';

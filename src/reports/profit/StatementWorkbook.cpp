@@ -1,6 +1,5 @@
-#include "reports/profit/StatementWorkbook.h"
-
 #include "reporting/output/XlsxTemplate.h"
+#include "reports/profit/ProfitDocument.h"
 
 #include <QCoreApplication>
 
@@ -42,7 +41,7 @@ TemplateLine LineOf(const Row& row, const Table& table, const QString& prefix) {
   TemplateLine line{prefix + PatternOf(row.kind), row.cells};
   for (std::size_t i = 0; i < std::min(line.cells.size(), table.columns.size()); ++i) {
     if (auto* number = std::get_if<double>(&line.cells[i])) {
-      *number = reporting::ShownNumber(*number, table.columns[i].mask);
+      *number = table::ShownNumber(*number, table.columns[i].mask);
     }
   }
   return line;

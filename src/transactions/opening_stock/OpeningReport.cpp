@@ -32,11 +32,11 @@ reporting::Cell DateCell(const QString& dmy) {
 }
 
 reporting::Row RowOf(const OpeningLot& lot, const lookups::Directory& directory) {
-  return {reporting::RowKind::kData,
-          {QString::fromStdString(directory.Scrip(lot.scrip).name),
-           QString::fromStdString(directory.Account(lot.account).number), lot.rate,
-           lot.quantity.Number(), DateCell(lot.purchase_date), lot.total, lot.service_tax, lot.stt,
-           lot.fo ? Tr("Yes") : Tr("No"), lot.brokerage}};
+  return {.kind = reporting::RowKind::kData,
+          .cells = {QString::fromStdString(directory.Scrip(lot.scrip).name),
+                    QString::fromStdString(directory.Account(lot.account).number), lot.rate,
+                    lot.quantity.Number(), DateCell(lot.purchase_date), lot.total, lot.service_tax,
+                    lot.stt, lot.fo ? Tr("Yes") : Tr("No"), lot.brokerage}};
 }
 
 reporting::Row TotalOf(std::span<const OpeningLot> lots) {
@@ -49,9 +49,9 @@ reporting::Row TotalOf(std::span<const OpeningLot> lots) {
     stt += text::ToPaise(lot.stt);
   }
   const std::monostate none;
-  return {reporting::RowKind::kNetTotal,
-          {Tr("Total"), none, none, none, none, text::FromPaise(total),
-           text::FromPaise(service_tax), text::FromPaise(stt), none, none}};
+  return {.kind = reporting::RowKind::kNetTotal,
+          .cells = {Tr("Total"), none, none, none, none, text::FromPaise(total),
+                    text::FromPaise(service_tax), text::FromPaise(stt), none, none}};
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "reporting/window/ReportDesk.h"
 #include "ui/Features.h"
 #include "ui/main/MainHead.h"

@@ -21,14 +21,17 @@ ReportDocument Groups(int groups, int lines) {
   table.groups = {{"Sale", 2}};
   table.columns = {TextColumn("Particulars"), AmountColumn("Amount")};
   for (int group = 0; group < groups; ++group) {
-    table.rows.push_back({RowKind::kGroup, {QStringLiteral("GROUP %1").arg(group)}});
+    table.rows.push_back(
+        {.kind = RowKind::kGroup, .cells = {QStringLiteral("GROUP %1").arg(group)}});
     for (int line = 0; line < lines; ++line) {
-      table.rows.push_back({RowKind::kData, {QStringLiteral("line %1").arg(line), 1.5}});
+      table.rows.push_back(
+          {.kind = RowKind::kData, .cells = {QStringLiteral("line %1").arg(line), 1.5}});
     }
-    table.rows.push_back({RowKind::kTotal, {QString("Total"), 1.5 * lines}});
-    table.rows.push_back({RowKind::kGap, {}});
+    table.rows.push_back({.kind = RowKind::kTotal, .cells = {QString("Total"), 1.5 * lines}});
+    table.rows.push_back({.kind = RowKind::kGap, .cells = {}});
   }
-  table.rows.push_back({RowKind::kNetTotal, {QString("Net Total"), 1.5 * lines * groups}});
+  table.rows.push_back(
+      {.kind = RowKind::kNetTotal, .cells = {QString("Net Total"), 1.5 * lines * groups}});
   return document;
 }
 
@@ -147,9 +150,10 @@ class PagesTest : public QObject {
     ReportDocument document{{"शेयर विवरण"}, {}};
     Table& table = document.tables.emplace_back();
     table.columns = {TextColumn("नाम"), AmountColumn("Amount")};
-    table.rows = {{RowKind::kData, {QString("भारत हेवी इलेक्ट्रिकल्स"), 2.0}},
-                  {RowKind::kData, {QString("Müller & Söhne \u20ac"), 3.0}},
-                  {RowKind::kData, {QString("A long name of many words ").repeated(9), 4.0}}};
+    table.rows = {{.kind = RowKind::kData, .cells = {QString("भारत हेवी इलेक्ट्रिकल्स"), 2.0}},
+                  {.kind = RowKind::kData, .cells = {QString("Müller & Söhne \u20ac"), 3.0}},
+                  {.kind = RowKind::kData,
+                   .cells = {QString("A long name of many words ").repeated(9), 4.0}}};
     const QString page = PagesOf(document).first().join(' ');
     QVERIFY(page.contains("भारत"));
     QVERIFY(page.contains("Müller & Söhne \u20ac"));

@@ -1,5 +1,4 @@
-#include "reporting/output/CsvWriter.h"
-#include "reporting/output/TextWriter.h"
+#include "reporting/output/WriteReport.h"
 #include "support/Cases.h"
 #include "support/TestMain.h"
 
@@ -15,10 +14,11 @@ class TextWriterTest : public QObject {
     Table table;
     table.columns = {{"Name", Mask::kText, Alignment::kLeft},
                      {"Amount", Mask::kAmount, Alignment::kRight}};
-    table.rows = {{RowKind::kGroup, {QString("a text wider than the table is not cut")}},
-                  {RowKind::kData, {QString("TATA STEEL"), 1234567.5}},
-                  {RowKind::kData, {QString("हिन्दी"), Cell()}},
-                  {RowKind::kTotal, {QString("Total"), 1234567.5}}};
+    table.rows = {
+        {.kind = RowKind::kGroup, .cells = {QString("a text wider than the table is not cut")}},
+        {.kind = RowKind::kData, .cells = {QString("TATA STEEL"), 1234567.5}},
+        {.kind = RowKind::kData, .cells = {QString("हिन्दी"), Cell()}},
+        {.kind = RowKind::kTotal, .cells = {QString("Total"), 1234567.5}}};
     QCOMPARE(QString::fromStdString(WriteText({{"Title"}, {table}})),
              QString::fromUtf8("Title\n"
                                "\n"
@@ -37,7 +37,7 @@ class TextWriterTest : public QObject {
     table.columns = {{"A", Mask::kText, Alignment::kLeft},
                      {"B", Mask::kNumber, Alignment::kRight},
                      {"C", Mask::kNumber, Alignment::kRight}};
-    table.rows = {{RowKind::kData, {QString("x"), 1.5, 2.0}}};
+    table.rows = {{.kind = RowKind::kData, .cells = {QString("x"), 1.5, 2.0}}};
     QCOMPARE(QString::fromStdString(WriteText({{}, {table}})), QString("\n"
                                                                        "Purchases  S\n"
                                                                        "A       B  C\n"
@@ -65,7 +65,8 @@ class TextWriterTest : public QObject {
     QFETCH(const QString, written);
     Table table;
     table.columns = {TextColumn("Name"), AmountColumn("Amount")};
-    table.rows = {{RowKind::kGroup, {text}}, {RowKind::kData, {text, -12.5}}};
+    table.rows = {{.kind = RowKind::kGroup, .cells = {text}},
+                  {.kind = RowKind::kData, .cells = {text, -12.5}}};
     QCOMPARE(QString::fromStdString(WriteCsv({{text}, {table}})),
              written + "\nName,Amount\n" + written + "\n" + written + ",-12.50\n");
   }

@@ -16,7 +16,7 @@ ReportDocument OneLine(const Period& period) {
   ReportDocument document{{"Report"}, {}};
   Table& table = document.tables.emplace_back();
   table.columns = {DateColumn("From"), DateColumn("To")};
-  table.rows = {{RowKind::kData, {period.from, period.to}}};
+  table.rows = {{.kind = RowKind::kData, .cells = {period.from, period.to}}};
   return document;
 }
 

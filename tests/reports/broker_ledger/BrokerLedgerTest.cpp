@@ -1,5 +1,4 @@
 #include "reports/broker_ledger/BrokerLedger.h"
-#include "reports/broker_ledger/LedgerDocument.h"
 #include "support/Desk.h"
 #include "support/TestMain.h"
 

@@ -2,7 +2,6 @@
 #include "reports/Sample.h"
 #include "reports/demat/DematStatement.h"
 #include "reports/demat/Movements.h"
-#include "reports/demat/StatementDocument.h"
 #include "support/Cases.h"
 #include "support/TestMain.h"
 
@@ -14,14 +13,14 @@ using namespace quorvane::demat;
 
 namespace {
 
-QStringList Lines(database::Connection& connection, const StatementQuery& query) {
+QStringList Lines(database::Connection& connection, const DematQuery& query) {
   Progress progress;
   std::string csv;
   const lookups::Directory directory(connection);
-  const auto faults = BuildStatement(connection, query, progress,
-                                     [&](ClientId, std::span<const ScripMovements> scrips) {
-                                       AppendStatementCsv(csv, scrips, directory);
-                                     });
+  const auto faults = BuildDematStatement(connection, query, progress,
+                                          [&](ClientId, std::span<const ScripMovements> scrips) {
+                                            AppendDematCsv(csv, scrips, directory);
+                                          });
   return records::FaultTexts(connection, faults) +
          QString::fromStdString(csv).split('\n', Qt::SkipEmptyParts);
 }
@@ -98,7 +97,7 @@ class DematStatementTest : public QObject {
     desk.AddLine(12, true, desk.reliance, 6);
     desk.AddBill(13, "15/06/2011", desk.first, desk.lotus);
     desk.AddLine(13, true, desk.infosys, 4);
-    const StatementQuery query{desk.client, desk.year, reporting::Period::Of(desk.year), {}, {}};
+    const DematQuery query{desk.client, desk.year, reporting::Period::Of(desk.year), {}, {}};
     const QStringList lines = Lines(*desk.database, query);
     QCOMPARE(lines.size(), 2);
     QVERIFY2(lines[0].contains("31/02/2012"), qPrintable(lines[0]));
@@ -124,7 +123,7 @@ class DematStatementTest : public QObject {
       const auto take = [&](ClientId, std::span<const ScripMovements> scrips) {
         for (const ScripMovements& scrip : scrips) {
           text::Shares sum;
-          for (const StatementLine& line : scrip.lines) {
+          for (const DematLine& line : scrip.lines) {
             sum += line.in - line.out;
             QVERIFY(line.balance == sum);
           }
@@ -133,8 +132,8 @@ class DematStatementTest : public QObject {
           }
         }
       };
-      QVERIFY(BuildStatement(*database, {std::nullopt, of, {from, of.LastDay()}, {}, {}}, progress,
-                             take)
+      QVERIFY(BuildDematStatement(*database, {std::nullopt, of, {from, of.LastDay()}, {}, {}},
+                                  progress, take)
                   .empty());
       QVERIFY(ledger.size() > 50);
       QCOMPARE(statement, ledger);
@@ -148,14 +147,14 @@ class DematStatementTest : public QObject {
     desk.AddLine(1, false, desk.reliance, 4);
     desk.AddBill(2, "15/06/2011", desk.second, desk.lotus);
     desk.AddLine(2, true, desk.infosys, 4);
-    const StatementQuery query{desk.client, desk.year, reporting::Period::Of(desk.year), {}, {}};
+    const DematQuery query{desk.client, desk.year, reporting::Period::Of(desk.year), {}, {}};
     const lookups::Directory directory(*desk.database);
     Progress progress;
     reporting::ReportDocument document;
     const auto take = [&](ClientId client, std::span<const ScripMovements> scrips) {
-      document = MakeStatementDocument(query, client, scrips, directory);
+      document = MakeDematDocument(query, client, scrips, directory);
     };
-    QVERIFY(BuildStatement(*desk.database, query, progress, take).empty());
+    QVERIFY(BuildDematStatement(*desk.database, query, progress, take).empty());
     QCOMPARE(document.titles.first(), "Demat A/c Statement (From 01/04/2011 To 31/03/2012)");
     QCOMPARE(document.tables.size(), std::size_t{2});
     const reporting::Table& table = document.tables.front();

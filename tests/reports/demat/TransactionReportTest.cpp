@@ -3,7 +3,6 @@
 #include "reports/Sample.h"
 #include "reports/demat/Movements.h"
 #include "reports/demat/TransactionDocument.h"
-#include "reports/demat/TransactionWorkbook.h"
 #include "support/Cases.h"
 #include "support/TestMain.h"
 

@@ -5,7 +5,6 @@
 #include "reports/Sample.h"
 #include "reports/mis/Holdings.h"
 #include "reports/mis/MisReport.h"
-#include "reports/mis/PortfolioCharts.h"
 #include "reports/profit/ProfitStatement.h"
 #include "support/Cases.h"
 #include "support/DatabaseTest.h"
@@ -157,7 +156,7 @@ class MisReportTest : public test::DatabaseTest {
     for (const int client : {1, 2, 3, 4}) {
       for (const int year : {2011, 2012, 2013}) {
         const text::FinancialYear of(year);
-        auto statement = profit::StatementQuery::OfYear(ClientId{client}, of);
+        auto statement = profit::ProfitQuery::OfYear(ClientId{client}, of);
         statement.from = *text::MakeDate(10, 6, year);
         statement.to = *text::MakeDate(20, 2, year + 1);
         std::int64_t gain = 0;

@@ -1,5 +1,6 @@
 #include "controls/Grid.h"
 #include "controls/RecordWindow.h"
+#include "reports/Reports.h"
 #include "support/Cases.h"
 #include "support/TestMain.h"
 #include "ui/Features.h"
@@ -48,6 +49,9 @@ class MDIForm1Test : public QObject {
     }
     QCOMPARE(names, wanted);
     QCOMPARE(wanted.size(), 45);
+    for (const reports::Report& report : reports::Reports()) {
+      QVERIFY2(wanted.contains(QLatin1String(report.window.item)), report.command);
+    }
     QCOMPARE(shown.Named<QAction>("mnuSttDetail")->text(), "S&TT Percent Detail");
   }
 

@@ -57,7 +57,7 @@ QString StateText(BackupState state) {
 BackupsView::BackupsView(QWidget* parent) : Grid(QStringLiteral("VSF"), tr("Backups"), parent) {
   SetColumns({{.heading = tr("Made")},
               {.heading = tr("How")},
-              {.heading = tr("Size"), .alignment = Qt::AlignRight | Qt::AlignVCenter},
+              {.heading = tr("Size"), .alignment = controls::Alignment::kRight},
               {.heading = tr("State")},
               {.heading = tr("Folder")}});
   // The order by date would be one of texts.

@@ -24,7 +24,7 @@ frmdocuments::frmdocuments(controls::Desk& desk, documents::DocumentDialogs dial
                    {.heading = tr("Client")},
                    {.heading = tr("Document")},
                    {.heading = tr("Kept on"), .mask = controls::Mask::kDate},
-                   {.heading = tr("Size"), .alignment = Qt::AlignRight | Qt::AlignVCenter}});
+                   {.heading = tr("Size"), .alignment = controls::Alignment::kRight}});
   sign_ = new documents::FrmSign(TheGuard(), std::move(dialogs),
                                  app::IniFile(Session().folders.config_file));
   auto* both = new QSplitter();

@@ -1,7 +1,6 @@
 #include "admin/settings/window/frmsettings.h"
 
 #include "admin/settings/Settings.h"
-#include "controls/Appearance.h"
 #include "controls/ComboBox.h"
 #include "controls/FieldLayout.h"
 #include "controls/Style.h"

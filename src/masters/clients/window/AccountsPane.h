@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controls/Grid.h"
-#include "controls/Guard.h"
 #include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "core/database/Connection.h"

@@ -2,7 +2,6 @@
 
 #include "controls/ComboBox.h"
 #include "controls/FieldLayout.h"
-#include "controls/LinesBox.h"
 #include "controls/RecordWindow.h"
 #include "controls/TextBox.h"
 #include "documents/window/FrmSign.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/ComboBox.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "reporting/charts/window/ChartPictureView.h"
 #include "reporting/screen/window/ReportGridView.h"

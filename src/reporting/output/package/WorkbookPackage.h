@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reporting/output/package/DateStyles.h"
+#include "reporting/output/package/CellXml.h"
 #include "reporting/output/package/TemplateSheet.h"
 #include "reporting/output/package/ZipPackage.h"
 

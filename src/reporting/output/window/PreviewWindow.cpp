@@ -1,6 +1,5 @@
 #include "reporting/output/window/PreviewWindow.h"
 
-#include "controls/Appearance.h"
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/app/Ini.h"

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "controls/Desk.h"
-#include "reporting/document/ReportBuilder.h"
+#include "reporting/document/ReportDocument.h"
 
 #include <QPointer>
 #include <QStatusBar>
+
+#include <span>
 
 class QWidget;
 
@@ -12,9 +14,10 @@ namespace quorvane::reporting {
 
 class PreviewWindow;
 
-/// The report writer: shows reports as pages to look at, print and save. One object serves the
-/// whole run of the program. A report is handed over whole (Show), or is written into it block by
-/// block (newreport ... ShowReport).
+/// The report writer: takes a report block by block and shows it as pages to look at, print and
+/// save. One object serves the whole run of the program. The order is newreport, then for each
+/// table createtable and WriteToReport as often as needed, then ShowReport. Report windows do not
+/// hold it: what they hand to Desk::show_report comes here by HandOver.
 class RepView {
  public:
   explicit RepView(controls::Desk& desk) : desk_(desk) {}
@@ -28,35 +31,54 @@ class RepView {
   /// 1 fills the whole area of the main window with the pages, 0 gives them a window in it.
   void winmodereport(int mode) { mode_ = mode; }
 
-  /// 1 turns the pages of the next report on their side, for tables of 130 letters a line; 0 leaves
-  /// that to the width of its columns.
-  void setcol130(int setting) { wide_ = setting != 0; }
+  /// 1 lets the pages of the next report lie on their side where its columns need the room, as for
+  /// 130 letters a line; 0 keeps them upright.
+  void setcol130(int setting) { may_lie_ = setting != 0; }
 
-  /// Makes the pages and shows them over the window that asks. Long work shows its progress and
-  /// throws Cancellation when the user stops it.
-  PreviewWindow* Show(const ReportDocument& document, QWidget* over);
-
+  /// Starts an empty report.
   void newreport();
 
-  /// One character a column; "1" as the second value begins a table with headings of its own.
+  /// Opens a table with a column for each character of `columns`. "1" as the second value begins a
+  /// table with headings of its own, "0" continues the one before when that has as many columns. A
+  /// table without columns is the place below the report: its titles are the report's notes.
   void createtable(const QString& columns, const QString& ruled);
 
-  /// A block of lines, as ReportBuilder::Write takes it. `amounts` has a "1" for each column of
-  /// amounts; the titles stand once over the report, the last one over the table.
-  void WriteToReport(std::span<const QVariant> cells, std::span<const std::int16_t> alignments,
+  /// Adds lines of one kind to the table that was opened last. `cells` holds them one after the
+  /// other, each as wide as the table. `alignments` (0 left, 1 right, 2 centre), `widths` (shares
+  /// of the room that is left over), `headings` and `groups` (one a column; equal neighbours stand
+  /// under one heading) are set when they are not empty, and so are the columns' masks: a character
+  /// each, "1" for amounts and "0" for texts (all of them at MaskLetter). Titles stand over the
+  /// report, each once, the last one over the table; empty ones are none. A block without lines
+  /// only sets titles or columns; titles of the report may come before its first table. Throws
+  /// std::invalid_argument when lines come before a table or the last line is not whole.
+  void WriteToReport(std::span<const Cell> cells, std::span<const std::int16_t> alignments,
                      std::span<const std::int32_t> widths, const QStringList& headings,
-                     const QStringList& groups, bool total, const QString& amounts,
+                     const QStringList& groups, RowKind kind, const QString& masks,
                      const QString& title, const QString& second_title, const QString& table_title);
 
-  PreviewWindow* ShowReport(QWidget* over) { return Show(builder_.Document(), over); }
+  /// Makes the pages and shows them over the window that asks. Long work shows its progress and
+  /// throws Cancellation when the user stops it. The report is finished then.
+  PreviewWindow* ShowReport(QWidget* over);
 
  private:
+  void WriteBesideTables(std::span<const Cell> cells, const QString& note);
+  QByteArray TakePages(QWidget* over);
+  PreviewWindow* Open(const QStringList& titles, QByteArray pages, QWidget* over);
+
   controls::Desk& desk_;
   QString folder_;
   QPointer<QStatusBar> status_bar_;
   int mode_ = 0;
-  bool wide_ = false;
-  ReportBuilder builder_;
+  bool may_lie_ = false;
+  bool below_ = false;  ///< the table without columns is open
+  ReportDocument document_;
 };
+
+/// The character that stands for a mask in WriteToReport.
+QChar MaskLetter(Mask mask);
+
+/// Gives a finished report to the writer and shows it. The pages are those of the document's other
+/// outputs.
+PreviewWindow* HandOver(const ReportDocument& document, RepView& writer, QWidget* over);
 
 }  // namespace quorvane::reporting

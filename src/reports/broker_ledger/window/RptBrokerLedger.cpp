@@ -2,7 +2,7 @@
 
 #include "core/app/Session.h"
 #include "reporting/period/Period.h"
-#include "reports/broker_ledger/LedgerDocument.h"
+#include "reports/broker_ledger/BrokerLedger.h"
 
 #include <QLabel>
 
@@ -38,7 +38,7 @@ RptBrokerLedger::RptBrokerLedger(reporting::ReportDesk& desk)
   // Narrower than beside other reports: the balance is in sight on a small screen.
   VSB->parentWidget()->setMinimumWidth(
       static_cast<int>(kBrokerWidth * desk.session.screen_factors.horizontal));
-  FillTicks(*VSB, lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
+  VSB->Fill(lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
   Start();
 }
 
@@ -53,24 +53,23 @@ void RptBrokerLedger::CmbMth_Click() {
     Show(month.Why());
     return;
   }
-  Text1[0]->SetDate(text::FormatDmy(month->from));
-  Text1[1]->SetDate(text::FormatDmy(month->to));
+  ThePeriodPane().Set(*month);
 }
 
 MaybeRefusal RptBrokerLedger::CheckSelection() {
   if (MaybeRefusal refusal = reporting::RefuseOutside(ThePeriod(), of_.year)) {
     return refusal;
   }
-  return RefuseWithoutTick(*VSB, tr("Enter Broker Name."));
+  return VSB->RefuseWithoutTick(tr("Enter Broker Name."));
 }
 
 // The period stands in the report's name.
 QStringList RptBrokerLedger::Choices() const {
-  return ChosenOf(*VSB);
+  return VSB->TickedTexts();
 }
 
 std::optional<reporting::ReportDocument> RptBrokerLedger::BuildDocument(Progress& progress) {
-  const LedgerQuery query{of_, ThePeriod(), Ticked<BrokerId>(*VSB)};
+  const LedgerQuery query{of_, ThePeriod(), VSB->Ticked<BrokerId>()};
   database::Connection& connection = *Session().connection;
   const BrokerLedger ledger = ReadBrokerLedger(connection, query, progress);
   reporting::ReportDocument document = MakeLedgerDocument(query, ClientName(), ledger.accounts);

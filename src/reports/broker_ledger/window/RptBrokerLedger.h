@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/ComboBox.h"
 #include "core/ClientYear.h"
 #include "reporting/window/ReportWindow.h"
 
@@ -22,7 +23,7 @@ class RptBrokerLedger : public reporting::ReportWindow {
 
   ClientYear of_;
   controls::ComboBox* CmbMth;
-  controls::Grid* VSB;  ///< brokers
+  reporting::TickGrid* VSB;  ///< brokers
 };
 
 }  // namespace quorvane::broker_ledger

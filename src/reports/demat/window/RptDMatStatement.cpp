@@ -4,9 +4,8 @@
 #include "core/lookups/Directory.h"
 #include "reporting/output/WriteReport.h"
 #include "reporting/selection/ReportLists.h"
-#include "reports/demat/StatementDocument.h"
+#include "reports/demat/DematStatement.h"
 #include "reports/demat/TransactionDocument.h"
-#include "reports/demat/TransactionWorkbook.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -45,7 +44,7 @@ RptDMatStatement::RptDMatStatement(reporting::ReportDesk& desk)
   AddPeriod(Months::kYes);
   BuildOptions();
   VSF = AddTickGrid(QStringLiteral("VSF"), tr("Demat A/c No."), tr("Demat accounts"));
-  FillTicks(*VSF, reporting::AccountsByNumber(*Session().connection, Current()->client));
+  VSF->Fill(reporting::AccountsByNumber(*Session().connection, Current()->client));
   Start();
 }
 
@@ -81,14 +80,14 @@ void RptDMatStatement::OptDemat_Click(int index) {
 }
 
 MaybeRefusal RptDMatStatement::CheckSelection() {
-  if (MaybeRefusal refusal = RefuseWithoutAccount(*VSF)) {
+  if (MaybeRefusal refusal = VSF->RefuseWithoutAccount()) {
     return refusal;
   }
   return reporting::RefuseOutside(ThePeriod(), Current()->year);
 }
 
-StatementQuery RptDMatStatement::QueryOfStatement() const {
-  return {Current()->client, Current()->year, ThePeriod(), ChosenAccounts(*VSF), {}};
+DematQuery RptDMatStatement::QueryOfStatement() const {
+  return {Current()->client, Current()->year, ThePeriod(), VSF->TickedAccounts(), {}};
 }
 
 TransactionLayout RptDMatStatement::ChosenLayout() const {
@@ -100,7 +99,7 @@ TransactionQuery RptDMatStatement::QueryOfTransactions() const {
   const TransactionLayout layout = ChosenLayout();
   const bool account_wise =
       layout == TransactionLayout::kDetailed && OptDemat.Index() == kAccountWise;
-  return {Current()->client, Current()->year, ThePeriod(), ChosenAccounts(*VSF), {}, layout,
+  return {Current()->client, Current()->year, ThePeriod(), VSF->TickedAccounts(), {}, layout,
           account_wise};
 }
 
@@ -110,14 +109,14 @@ std::optional<reporting::ReportDocument> RptDMatStatement::BuildDocument(Progres
 }
 
 reporting::ReportDocument RptDMatStatement::BuildStatementDocument(Progress& progress) const {
-  const StatementQuery query = QueryOfStatement();
+  const DematQuery query = QueryOfStatement();
   const lookups::Directory directory(*Session().connection);
-  reporting::ReportDocument document = MakeStatementDocument(query, *query.client, {}, directory);
+  reporting::ReportDocument document = MakeDematDocument(query, *query.client, {}, directory);
   const auto take = [&](ClientId client, std::span<const ScripMovements> scrips) {
-    document = MakeStatementDocument(query, client, scrips, directory);
+    document = MakeDematDocument(query, client, scrips, directory);
   };
   database::Connection& connection = *Session().connection;
-  const records::Faults faults = BuildStatement(connection, query, progress, take);
+  const records::Faults faults = BuildDematStatement(connection, query, progress, take);
   document.notes += records::FaultTexts(connection, faults);
   return document;
 }
@@ -138,11 +137,11 @@ reporting::ReportDocument RptDMatStatement::BuildTransactionDocument(Progress& p
 
 QStringList RptDMatStatement::Choices() const {
   if (mode_ == Mode::kStatement) {
-    return ChosenOf(*VSF);  // the period stands in the report's name
+    return VSF->TickedTexts();  // the period stands in the report's name
   }
   const QString extent =
       QueryOfTransactions().account_wise ? OptDemat.group->button(kAccountWise)->text() : QString();
-  return ReportWindow::Choices() + ChosenOf(*VSF) + QStringList{extent};
+  return ReportWindow::Choices() + VSF->TickedTexts() + QStringList{extent};
 }
 
 MaybeRefusal RptDMatStatement::CheckWorkbook() {
@@ -179,7 +178,7 @@ void RptDMatStatement::WriteWord(const reporting::ReportDocument& document) {
     WriteReport(document, reporting::OutputFormat::kRtf,
                 folder.filePath(QStringLiteral("TransactionRpt.rtf")), progress);
   }
-  Open(path);
+  Outputs().Open(path);
 }
 
 }  // namespace quorvane::demat

@@ -28,7 +28,7 @@ class RptDMatStatement : public reporting::ReportWindow {
 
   static Mode ModeOf(const QString& target);
   void BuildOptions();
-  StatementQuery QueryOfStatement() const;
+  DematQuery QueryOfStatement() const;
   TransactionQuery QueryOfTransactions() const;
   TransactionLayout ChosenLayout() const;
   reporting::ReportDocument BuildStatementDocument(Progress& progress) const;
@@ -40,7 +40,7 @@ class RptDMatStatement : public reporting::ReportWindow {
   Mode mode_;
   Choice OptTransaction;
   Choice OptDemat;  ///< its frame is `FDemat`
-  controls::Grid* VSF = nullptr;
+  reporting::TickGrid* VSF = nullptr;
 
   /// What the last transaction report was made of, for the workbook.
   std::optional<TransactionQuery> query_;

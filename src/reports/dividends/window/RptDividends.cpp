@@ -1,6 +1,6 @@
 #include "reports/dividends/window/RptDividends.h"
 
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 #include "reports/dividends/DividendReport.h"
 
 namespace quorvane::dividends {

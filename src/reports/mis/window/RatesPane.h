@@ -4,7 +4,7 @@
 #include "controls/DateBox.h"
 #include "controls/Desk.h"
 #include "controls/Grid.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "core/Result.h"
 #include "core/rates/RateImport.h"

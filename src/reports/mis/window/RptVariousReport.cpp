@@ -6,10 +6,8 @@
 #include "core/text/FinancialYear.h"
 #include "reporting/output/WriteReport.h"
 #include "reports/mis/MisReport.h"
-#include "reports/mis/PortfolioCharts.h"
 
 #include <QLabel>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -160,17 +158,11 @@ void RptVariousReport::BuildPages() {
 }
 
 // The captions of the reports take nearly every letter: what is shared with other windows gives its
-// own up. A language without Latin letters names the key in brackets behind the word.
+// own up.
 void RptVariousReport::FreeKeys() {
-  static const QRegularExpression kKey(QStringLiteral("\\s*\\(&\\w\\)|&"));
   CmdReport->hide();
   CmdOutput->setText(tr("Output"));
-  for (QLabel* label : findChildren<QLabel*>()) {
-    const QWidget* buddy = label->buddy();
-    if (buddy == Text1[0] || buddy == Text1[1] || buddy == CmbFromMth || buddy == CmbToMth) {
-      label->setText(label->text().remove(kKey));
-    }
-  }
+  ThePeriodPane().FreeKeys();
 }
 
 std::optional<text::FinancialYear> RptVariousReport::PeriodYear() const {
@@ -182,7 +174,7 @@ void RptVariousReport::CboYr_Click() {
   if (!year) {
     return;
   }
-  SetPeriodYear(*year);
+  ThePeriodPane().SetYear(*year);
   Text3->SetDate({});
   selection_->SetYear(*year);
 }
@@ -241,7 +233,7 @@ bool RptVariousReport::BeforeReport() {
 }
 
 void RptVariousReport::CmdShowReport_Click() {
-  mnupreview_Click();
+  Outputs().mnupreview_Click();
 }
 
 // The market valuation is the profit or loss that is not realised yet, on the date of the rates.

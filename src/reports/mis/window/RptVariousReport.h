@@ -3,7 +3,6 @@
 #include "reporting/charts/window/ChartPane.h"
 #include "reporting/window/ReportWindow.h"
 #include "reports/mis/MisQuery.h"
-#include "reports/mis/window/OptionPairView.h"
 #include "reports/mis/window/RatesPane.h"
 #include "reports/mis/window/SelectionPane.h"
 

@@ -2,9 +2,9 @@
 
 #include "controls/Style.h"
 #include "reporting/selection/ReportLists.h"
-#include "reporting/window/ReportWindow.h"
 #include "reports/mis/MisLists.h"
 
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QSplitter>
@@ -17,18 +17,15 @@ using controls::Grid;
 using controls::GridModel;
 using controls::Mask;
 using controls::Row;
-using reporting::ReportWindow;
+using reporting::TickGrid;
 
 constexpr int kLeastHeight = 2 * controls::kBoxHeight + 4;
 enum OptionIndex { kScriptsOption = 2, kGroupOption = 4 };
 
-Grid* TickGrid(const QString& name, const QString& purpose, std::vector<controls::Column> more) {
-  auto* grid = new Grid(name, purpose);
-  std::vector<controls::Column> columns{{.heading = QString(), .mask = Mask::kTick}};
-  columns.insert(columns.end(), more.begin(), more.end());
-  grid->SetColumns(std::move(columns));
+TickGrid* MakeGrid(const QString& name, const QString& purpose,
+                   std::vector<controls::Column> columns) {
+  auto* grid = new TickGrid(name, purpose, std::move(columns));
   grid->setMinimumHeight(kLeastHeight);
-  grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   grid->horizontalHeader()->setStretchLastSection(true);
   return grid;
 }
@@ -56,6 +53,25 @@ std::vector<Row> RowsOf(const std::vector<lookups::Item>& items, const std::set<
 
 }  // namespace
 
+OptionPairView::OptionPairView(int first, const QString& one, const QString& other,
+                               const QString& purpose)
+    : group_(new QButtonGroup(this)) {
+  setAccessibleName(purpose);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(controls::kSpacing);
+  int number = 0;
+  for (const QString& caption : {one, other}) {
+    auto* button = new QRadioButton(caption);
+    button->setObjectName(QStringLiteral("Option1_%1").arg(first + number));
+    button->setChecked(number == 0);
+    group_->addButton(button, number++);
+    row->addWidget(button);
+  }
+  row->addStretch(1);
+  connect(group_, &QButtonGroup::idClicked, this, &OptionPairView::Clicked);
+}
+
 SelectionPane::SelectionPane(const controls::Guard& guard, database::Connection& connection)
     : connection_(connection),
       by_group_(new OptionPairView(kGroupOption, tr("&Group Wise"), tr("&Individual"),
@@ -63,12 +79,12 @@ SelectionPane::SelectionPane(const controls::Guard& guard, database::Connection&
       client_scrips_(new OptionPairView(kScriptsOption, tr("Gro&up/Client Scripts"),
                                         tr("&All Scripts"), tr("Which scrips"))),
       CboGroup(new controls::ComboBox),
-      VSC(TickGrid(QStringLiteral("VSC"), tr("Clients"),
+      VSC(MakeGrid(QStringLiteral("VSC"), tr("Clients"),
                    {{.heading = tr("ID"), .mask = Mask::kNumber}, {.heading = tr("CLIENT NAME")}})),
-      VSD(TickGrid(QStringLiteral("VSD"), tr("Demat accounts"),
+      VSD(MakeGrid(QStringLiteral("VSD"), tr("Demat accounts"),
                    {{.heading = tr("DEMAT A/c NO.")},
                     {.heading = tr("Cid"), .mask = Mask::kNumber, .hidden = true}})),
-      VSS(TickGrid(QStringLiteral("VSS"), tr("Scrips"), {{.heading = tr("SCRIPT NAME")}})) {
+      VSS(MakeGrid(QStringLiteral("VSS"), tr("Scrips"), {{.heading = tr("SCRIPT NAME")}})) {
   CboGroup->setObjectName(QStringLiteral("CboGroup"));
   CboGroup->setAccessibleName(tr("Select Group Name"));
   Arrange();
@@ -204,27 +220,27 @@ void SelectionPane::VSC_AfterEdit() {
 }
 
 MaybeRefusal SelectionPane::Check() const {
-  if (MaybeRefusal refusal = ReportWindow::RefuseWithoutTick(*VSC, tr("Select Client!"))) {
+  if (MaybeRefusal refusal = VSC->RefuseWithoutTick(tr("Select Client!"))) {
     return refusal;
   }
-  if (MaybeRefusal refusal = ReportWindow::RefuseWithoutAccount(*VSD)) {
+  if (MaybeRefusal refusal = VSD->RefuseWithoutAccount()) {
     return refusal;
   }
-  return ReportWindow::RefuseWithoutTick(*VSS, tr("Select Script Name!"));
+  return VSS->RefuseWithoutTick(tr("Select Script Name!"));
 }
 
 QStringList SelectionPane::Choices() const {
-  return ReportWindow::ChosenOf(*VSD) + ReportWindow::ChosenOf(*VSS);
+  return VSD->TickedTexts() + VSS->TickedTexts();
 }
 
 std::vector<ClientId> SelectionPane::Clients() const {
-  return ReportWindow::Ticked<ClientId>(*VSC);
+  return VSC->Ticked<ClientId>();
 }
 std::vector<AccountId> SelectionPane::Accounts() const {
-  return ReportWindow::ChosenAccounts(*VSD);
+  return VSD->TickedAccounts();
 }
 std::vector<ScripId> SelectionPane::Scrips() const {
-  return ReportWindow::Ticked<ScripId>(*VSS);
+  return VSS->Ticked<ScripId>();
 }
 
 }  // namespace quorvane::mis

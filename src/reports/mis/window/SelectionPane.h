@@ -1,19 +1,40 @@
 #pragma once
 
 #include "controls/ComboBox.h"
-#include "controls/Grid.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "core/Result.h"
 #include "core/database/Connection.h"
 #include "core/text/FinancialYear.h"
-#include "reports/mis/window/OptionPairView.h"
+#include "reporting/window/TickGrid.h"
 
+#include <QButtonGroup>
+#include <QRadioButton>
 #include <QWidget>
 
 #include <set>
 #include <vector>
 
 namespace quorvane::mis {
+
+/// A choice of one of two, side by side.
+class OptionPairView : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// The buttons are "Option1_N" and "Option1_N+1", N being `first`; the first one is chosen.
+  OptionPairView(int first, const QString& one, const QString& other, const QString& purpose);
+
+  bool IsFirst() const { return group_->checkedId() == 0; }
+  QString Text() const { return group_->checkedButton()->text(); }  ///< of the choice, with its key
+  void ChooseFirst(bool on) { group_->button(on ? 0 : 1)->setChecked(true); }
+
+ Q_SIGNALS:
+  /// The user chose; setting the choice from the program does not send it.
+  void Clicked();
+
+ private:
+  QButtonGroup* group_;
+};
 
 /// What the management reports are of: the clients of a group or single ones, their demat accounts
 /// and scrips. The accounts are those of the ticked clients, and so are the scrips unless all are
@@ -62,9 +83,9 @@ class SelectionPane : public QWidget {
   OptionPairView* by_group_;
   OptionPairView* client_scrips_;
   controls::ComboBox* CboGroup;
-  controls::Grid* VSC;
-  controls::Grid* VSD;
-  controls::Grid* VSS;
+  reporting::TickGrid* VSC;
+  reporting::TickGrid* VSD;
+  reporting::TickGrid* VSS;
   std::set<int> accounts_left_out_;
   std::set<int> scrips_left_out_;
   std::set<ClientId> filled_for_;  ///< clients whose accounts and scrips are listed

@@ -3,10 +3,10 @@
 #include "controls/Style.h"
 #include "controls/WindowMemory.h"
 #include "core/lookups/Directory.h"
-#include "reporting/charts/GainsChart.h"
+#include "reporting/charts/ChartData.h"
 #include "reporting/output/XlsxTemplate.h"
 #include "reporting/selection/ReportLists.h"
-#include "reports/profit/StatementWorkbook.h"
+#include "reports/profit/ProfitDocument.h"
 
 namespace quorvane::profit {
 namespace {
@@ -71,7 +71,7 @@ RptProfitStatement::RptProfitStatement(reporting::ReportDesk& desk)
   BuildExport();
   chart_ = new charts::ChartPane(TheGuard(), TheDesk());
   AddPage(tr("Chart"), chart_);
-  FillTicks(*VSD, reporting::AccountsByNumber(*Session().connection, Current()->client));
+  VSD->Fill(reporting::AccountsByNumber(*Session().connection, Current()->client));
   FillScrips();
   Start();
 }
@@ -113,14 +113,16 @@ void RptProfitStatement::BuildExport() {
   row->addWidget(button);
   AddBesideReport(FrmExp);
   FrmExp->setVisible(mode_ == StatementMode::kCapitalGain);
-  OnClick(button, &RptProfitStatement::mnuexcel_Click);
+  TheGuard().Connect(button, &QAbstractButton::clicked, &Outputs(),
+                     &reporting::ReportOutputs::mnuexcel_Click,
+                     QStringLiteral("CmdExpCapGain_Click"));
 }
 
 void RptProfitStatement::FillScrips() {
   database::Connection& connection = *Session().connection;
-  FillTicks(*VSS, Option1.Index() == kAllScrips
-                      ? reporting::AllScrips(connection)
-                      : reporting::ScripsOfClient(connection, *Current(), ChosenFo()));
+  VSS->Fill(Option1.Index() == kAllScrips
+                ? reporting::AllScrips(connection)
+                : reporting::ScripsOfClient(connection, *Current(), ChosenFo()));
 }
 
 void RptProfitStatement::optF_Click(int) {
@@ -143,23 +145,23 @@ gains::FoChoice RptProfitStatement::ChosenFo() const {
 }
 
 MaybeRefusal RptProfitStatement::CheckSelection() {
-  if (MaybeRefusal refusal = RefuseWithoutAccount(*VSD)) {
+  if (MaybeRefusal refusal = VSD->RefuseWithoutAccount()) {
     return refusal;
   }
   if (MaybeRefusal refusal = reporting::RefuseOutside(ThePeriod(), Current()->year)) {
     return refusal;
   }
-  return RefuseWithoutTick(*VSS, tr("Select Script Name!"));
+  return VSS->RefuseWithoutTick(tr("Select Script Name!"));
 }
 
-StatementQuery RptProfitStatement::Query() const {
+ProfitQuery RptProfitStatement::Query() const {
   const ClientYear& current = *Current();
   const reporting::Period period = ThePeriod();
-  StatementQuery query = StatementQuery::OfYear(current.client, current.year);
+  ProfitQuery query = ProfitQuery::OfYear(current.client, current.year);
   query.from = period.from;
   query.to = period.to;
-  query.accounts = ChosenAccounts(*VSD);
-  query.scrips = Ticked<ScripId>(*VSS);
+  query.accounts = VSD->TickedAccounts();
+  query.scrips = VSS->Ticked<ScripId>();
   query.charges = {optSTax.Index() == kWithCharge, optSTT.Index() == kWithCharge};
   query.gains = GainsOf(Option2.Index());
   query.fo = ChosenFo();
@@ -170,14 +172,14 @@ StatementQuery RptProfitStatement::Query() const {
 
 std::optional<reporting::ReportDocument> RptProfitStatement::Build(Layout layout,
                                                                    Progress& progress) {
-  const StatementQuery query = Query();
+  const ProfitQuery query = Query();
   const lookups::Directory directory(*Session().connection);
   reporting::ReportDocument document =
-      MakeStatementDocument(mode_, layout, query, Current()->client, {}, directory);
+      MakeProfitDocument(mode_, layout, query, Current()->client, {}, directory);
   const reporting::Period period{query.from, query.to};
   ShowChart(period, {});
   const auto take = [&](ClientId client, std::span<const StatementRow> rows) {
-    document = MakeStatementDocument(mode_, layout, query, client, rows, directory);
+    document = MakeProfitDocument(mode_, layout, query, client, rows, directory);
     ShowChart(period, rows);
   };
   database::Connection& connection = *Session().connection;
@@ -190,7 +192,7 @@ void RptProfitStatement::ShowChart(const reporting::Period& period,
                                    std::span<const StatementRow> rows) {
   charts::GainsChart by_month(period);
   for (const StatementRow& row : rows) {
-    if (row.kind == RowKind::kMatch) {
+    if (row.kind == LineKind::kMatch) {
       by_month.Add(row.sale_date, gains::GainKind::kSpeculation, row.speculation);
       by_month.Add(row.sale_date, gains::GainKind::kShortTerm, row.short_term);
       by_month.Add(row.sale_date, gains::GainKind::kLongTerm, row.long_term);
@@ -215,7 +217,7 @@ Layout RptProfitStatement::OutputLayout() const {
 
 QStringList RptProfitStatement::Choices() const {
   return QStringList{OptFormat.group->checkedButton()->text()} + ReportWindow::Choices() +
-         ChoicesOf(Query()) + ChosenOf(*VSD) + ChosenOf(*VSS);
+         ChoicesOf(Query()) + VSD->TickedTexts() + VSS->TickedTexts();
 }
 
 MaybeRefusal RptProfitStatement::CheckWorkbook() {

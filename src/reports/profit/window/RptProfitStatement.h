@@ -2,8 +2,8 @@
 
 #include "reporting/charts/window/ChartPane.h"
 #include "reporting/window/ReportWindow.h"
+#include "reports/profit/ProfitDocument.h"
 #include "reports/profit/ProfitStatement.h"
-#include "reports/profit/StatementDocument.h"
 
 #include <QCheckBox>
 
@@ -35,7 +35,7 @@ class RptProfitStatement : public reporting::ReportWindow {
   void BuildExport();
   void FillScrips();
   gains::FoChoice ChosenFo() const;
-  StatementQuery Query() const;
+  ProfitQuery Query() const;
   Layout OutputLayout() const;
   std::optional<reporting::ReportDocument> Build(Layout layout, Progress& progress);
   void ShowChart(const reporting::Period& period, std::span<const StatementRow> rows);
@@ -53,8 +53,8 @@ class RptProfitStatement : public reporting::ReportWindow {
   Choice Option1;
   QCheckBox* ChkAverage = nullptr;
   QGroupBox* FrmExp = nullptr;
-  controls::Grid* VSD = nullptr;
-  controls::Grid* VSS = nullptr;
+  reporting::TickGrid* VSD = nullptr;
+  reporting::TickGrid* VSS = nullptr;
   charts::ChartPane* chart_ = nullptr;
 };
 

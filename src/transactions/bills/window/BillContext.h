@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/Desk.h"
-#include "controls/Guard.h"
+#include "controls/Messages.h"
 #include "core/ClientYear.h"
 #include "core/Result.h"
 #include "transactions/bills/BillEntry.h"

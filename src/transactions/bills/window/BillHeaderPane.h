@@ -2,6 +2,7 @@
 
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
+#include "controls/Messages.h"
 #include "controls/PickList.h"
 #include "controls/TextBox.h"
 #include "transactions/bills/window/BillContext.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/Messages.h"
 #include "controls/TextBox.h"
 #include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/window/BillContext.h"

@@ -39,8 +39,8 @@ HoldingsPane::HoldingsPane(const BillContext& context)
                    {.heading = tr("Balance"), .mask = Mask::kAmount},
                    {.heading = tr("Rate"), .mask = Mask::kAmount},
                    {.heading = tr("Held Since"), .mask = Mask::kDate}});
-  VS2->SetColumns(
-      {{.heading = tr("Scrip")}, {.heading = tr("Quantity"), .alignment = Qt::AlignRight}});
+  VS2->SetColumns({{.heading = tr("Scrip")},
+                   {.heading = tr("Quantity"), .alignment = controls::Alignment::kRight}});
   VS2->SetSortable(false);
   VSAvg->SetColumns(
       {{.heading = tr("Scrip")}, {.heading = tr("Average Rate"), .mask = Mask::kAmount}});

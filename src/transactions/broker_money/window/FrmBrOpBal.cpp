@@ -1,7 +1,7 @@
 #include "transactions/broker_money/window/FrmBrOpBal.h"
 
 #include "controls/FieldLayout.h"
-#include "controls/ValueList.h"
+#include "controls/GridModel.h"
 #include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 

@@ -1,7 +1,7 @@
 #include "transactions/broker_money/window/FrmBrPayment.h"
 
 #include "controls/FieldLayout.h"
-#include "controls/ValueList.h"
+#include "controls/GridModel.h"
 #include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 

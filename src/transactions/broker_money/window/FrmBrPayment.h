@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/AmountBox.h"
 #include "controls/ComboBox.h"
 #include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
 #include "transactions/broker_money/PaymentBook.h"
 
 namespace quorvane::broker_money {

@@ -1,7 +1,7 @@
 #include "transactions/dividends/window/FrmDividend.h"
 
 #include "controls/FieldLayout.h"
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 #include "core/text/Amounts.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/AmountBox.h"
+#include "controls/TextBox.h"
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
 #include "controls/RecordWindow.h"

@@ -1,7 +1,7 @@
 #include "transactions/opening_stock/window/FrmStkOpBalance.h"
 
-#include "controls/AmountBox.h"
 #include "controls/ProgressDialog.h"
+#include "controls/TextBox.h"
 #include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 #include "transactions/opening_stock/OpeningReport.h"

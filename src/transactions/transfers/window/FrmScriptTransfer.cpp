@@ -1,7 +1,7 @@
 #include "transactions/transfers/window/FrmScriptTransfer.h"
 
-#include "controls/AmountBox.h"
 #include "controls/Style.h"
+#include "controls/TextBox.h"
 #include "core/app/Session.h"
 #include "core/lookups/Choices.h"
 #include "core/text/Amounts.h"

@@ -1,9 +1,11 @@
 #include "controls/ZENButton.h"
+#include "reporting/output/WriteReport.h"
 #include "reporting/output/window/PreviewWindow.h"
 #include "reporting/output/window/RepView.h"
 #include "support/RecordingMessages.h"
 #include "support/TestMain.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QMdiArea>
 #include <QPdfPageNavigator>
@@ -22,7 +24,8 @@ ReportDocument Lines(int lines) {
   Table& table = document.tables.emplace_back();
   table.columns = {TextColumn("Particulars"), AmountColumn("Amount")};
   for (int line = 0; line < lines; ++line) {
-    table.rows.push_back({RowKind::kData, {QStringLiteral("line <%1>").arg(line), 1.5}});
+    table.rows.push_back(
+        {.kind = RowKind::kData, .cells = {QStringLiteral("line <%1>").arg(line), 1.5}});
   }
   return document;
 }
@@ -32,7 +35,7 @@ struct Shown {
     area.resize(900, 700);
     area.show();
     area.activateWindow();
-    view = writer.Show(document, &area);
+    view = HandOver(document, writer, &area);
     if (!QTest::qWaitForWindowActive(&area)) {
       throw std::runtime_error("the window does not become active");
     }
@@ -136,23 +139,58 @@ class PreviewWindowTest : public QObject {
   void ReportIsWrittenBlockByBlock() {
     Shown shown(Lines(1));
     RepView& writer = shown.writer;
-    writer.setcol130(1);
     writer.newreport();
+    const Cell lines[] = {QString("ACC LTD"), 20.0, 1059.5, QString("TCS LTD"), 5.0, 100.0};
+    const auto write = [&](std::span<const Cell> cells) {
+      writer.WriteToReport(cells, {}, {}, {}, {}, RowKind::kTotal, "0N1", "Capital Gain Statement",
+                           "", "");
+    };
+    QVERIFY_EXCEPTION_THROWN(write(lines), std::invalid_argument);
     writer.createtable("111", "1");
-    const std::int16_t alignments[] = {0, 1, 1};
-    const std::int32_t widths[] = {3, 1, 1};
-    const QVariant lines[] = {"ACC LTD", 20, 1059.5, "TCS LTD", 5, 100};
-    writer.WriteToReport(lines, alignments, widths, {"Name", "Quantity", "Amount"}, {}, false,
-                         "001", "Capital Gain Statement", "Financial Year - 2011-12",
-                         "Demat A/c No. 1001");
-    const QVariant total[] = {"Total", 25, 1159.5};
-    writer.WriteToReport(total, {}, {}, {}, {}, true, "", "Capital Gain Statement", "", "");
+    write(lines);
+    QVERIFY_EXCEPTION_THROWN(write(std::span(lines).first(2)), std::invalid_argument);
     const PreviewWindow* view = writer.ShowReport(&shown.area);
     QCOMPARE(view->PageCount(), 1);
     QVERIFY(view->windowTitle() == QStringLiteral("Capital Gain Statement"));
-    QVERIFY_EXCEPTION_THROWN(
-        writer.WriteToReport(std::span(total).first(2), {}, {}, {}, {}, true, "", "", "", ""),
-        std::invalid_argument);
+  }
+
+  /// What goes through the writer's blocks looks as the report's own PDF does.
+  void PagesAreThoseOfTheReport() {
+    ReportDocument document = Lines(3);
+    document.titles << "Financial Year - 2011-12";
+    document.notes << "a note";
+    Table& table = document.tables.emplace_back();
+    table.titles << "Demat A/c No. 1001"
+                 << "a second line";
+    table.groups = {{"Purchase", 2}, {"", 1}, {"Sale", 2}};
+    table.columns = {DateColumn("Date"), QuantityColumn("Quantity"), NumberColumn("S.No"),
+                     AmountColumn("Rate", Mask::kPercent), AmountColumn("Sum", Mask::kThousands)};
+    table.columns[2].alignment = Alignment::kCentre;
+    table.columns[3].weight = 2;
+    table.rows = {{.kind = RowKind::kGroup, .cells = {QString("ACC LTD")}},
+                  {.kind = RowKind::kData,
+                   .cells = {*text::MakeDate(1, 4, 2011), 2.5, Cell(), 0.1255, 1234567.5}},
+                  {.kind = RowKind::kTotal, .cells = {QString("Total"), 2.5}},
+                  {.kind = RowKind::kGap, .cells = {}},
+                  {.kind = RowKind::kNetTotal, .cells = {QString("Net Total"), 2.5}}};
+    QByteArray pdf;
+    QBuffer buffer(&pdf);
+    buffer.open(QIODevice::WriteOnly);
+    Progress progress;
+    WritePdf(document, buffer, progress);
+    buffer.close();
+    buffer.open(QIODevice::ReadOnly);
+    QPdfDocument expected;
+    expected.load(&buffer);
+
+    Shown shown(document);
+    const QTemporaryDir folder;
+    shown.desk.ask_save_path = [&](QWidget*, const QString&) { return folder.filePath("s.pdf"); };
+    shown.Click("CmdSave");
+    QPdfDocument saved;
+    QCOMPARE(saved.load(folder.filePath("s.pdf")), QPdfDocument::Error::None);
+    QCOMPARE(saved.pageCount(), expected.pageCount());
+    QCOMPARE(saved.render(0, QSize(1200, 1700)), expected.render(0, QSize(1200, 1700)));
   }
 };
 

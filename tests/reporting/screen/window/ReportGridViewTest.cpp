@@ -18,9 +18,10 @@ Table Amounts(const QStringList& titles, const QString& heading, int lines) {
   table.groups = {{"Sale", 2}};
   table.columns = {TextColumn("Particulars"), AmountColumn(heading)};
   for (int i = 0; i < lines; ++i) {
-    table.rows.push_back({RowKind::kData, {QStringLiteral("line %1").arg(i), i + 0.005}});
+    table.rows.push_back(
+        {.kind = RowKind::kData, .cells = {QStringLiteral("line %1").arg(i), i + 0.005}});
   }
-  table.rows.push_back({RowKind::kTotal, {QString("Total"), 1.0}});
+  table.rows.push_back({.kind = RowKind::kTotal, .cells = {QString("Total"), 1.0}});
   return table;
 }
 

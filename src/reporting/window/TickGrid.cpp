@@ -1,0 +1,53 @@
+#include "reporting/window/TickGrid.h"
+
+#include <utility>
+
+namespace quorvane::reporting {
+namespace {
+
+constexpr int kTextColumn = 1;
+constexpr qsizetype kMostNamed = 3;
+
+}  // namespace
+
+TickGrid::TickGrid(const QString& name, const QString& purpose,
+                   std::vector<controls::Column> columns)
+    : Grid(name, purpose) {
+  columns.insert(columns.begin(), {.mask = controls::Mask::kTick});
+  SetColumns(std::move(columns));
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+void TickGrid::Fill(const std::vector<lookups::Item>& items, bool ticked) {
+  std::vector<controls::Row> rows;
+  rows.reserve(items.size());
+  for (const lookups::Item& item : items) {
+    rows.push_back({.id = item.id, .cells = {ticked, item.text}});
+  }
+  SetRows(std::move(rows));
+}
+
+std::vector<AccountId> TickGrid::TickedAccounts() const {
+  return Model().AllTicked() ? std::vector<AccountId>() : Ticked<AccountId>();
+}
+
+QStringList TickGrid::TickedTexts() const {
+  QStringList texts;
+  for (int row = 0; row < Model().RowCount() && !Model().AllTicked(); ++row) {
+    if (Model().IsTicked(row)) {
+      texts << Model().Text(row, kTextColumn);
+    }
+  }
+  const qsizetype more = texts.size() - kMostNamed;
+  return more <= 0 ? texts : texts.mid(0, kMostNamed) << tr("and %1 more").arg(more);
+}
+
+MaybeRefusal TickGrid::RefuseWithoutTick(const QString& text) const {
+  return Model().TickedIds().empty() ? MaybeRefusal({text, objectName()}) : std::nullopt;
+}
+
+MaybeRefusal TickGrid::RefuseWithoutAccount() const {
+  return Model().RowCount() == 0 ? std::nullopt : RefuseWithoutTick(tr("Select Demat A/c!"));
+}
+
+}  // namespace quorvane::reporting

@@ -3,6 +3,7 @@
 #include "core/files/Archive.h"
 #include "core/files/CompoundFile.h"
 #include "core/files/CsvText.h"
+#include "core/files/JsonTable.h"
 #include "core/files/Workbook.h"
 #include "core/files/XlsWorkbook.h"
 
@@ -78,7 +79,10 @@ TextTable ReadTableFile(const QString& path) {
   if (CompoundFile::IsOne(View(bytes))) {
     return ReadXlsWorkbook(View(bytes));
   }
-  return IsArchive(View(bytes)) ? ReadArchived(View(bytes)) : ReadCsvText(View(bytes));
+  if (IsArchive(View(bytes))) {
+    return ReadArchived(View(bytes));
+  }
+  return IsJson(View(bytes)) ? ReadJsonTable(View(bytes)) : ReadCsvText(View(bytes));
 }
 
 UnpackedFile UnpackTable(const QByteArray& archive) {

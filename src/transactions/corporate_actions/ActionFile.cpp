@@ -28,7 +28,7 @@ QString Text(const std::string& utf8) {
 }
 
 Refusal Invalid(const QString& why) {
-  return {Tr("Invalid File.") + QLatin1Char('\n') + why, {}};
+  return {Tr(QT_TRANSLATE_NOOP("ActionList", "Invalid File.")) + QLatin1Char('\n') + why, {}};
 }
 
 bool IsAbsent(const std::string& text) {
@@ -93,7 +93,7 @@ class ActionRows {
     record.name = Text(Cell(row, kNameField));
     record.purpose = Text(Cell(row, kPurposeField));
     if (record.code.empty() && record.symbol.empty()) {
-      return Fail(row.line, Tr("there is no code"));
+      return Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "there is no code")));
     }
     const bool is_own = file_.source == ActionSource::kOwn;
     if (is_own ? ReadOwn(row, record) : ReadListed(row, record)) {
@@ -106,13 +106,13 @@ class ActionRows {
       return Invalid(ErrorText());
     }
     if (file_.rows.empty() && file_.left_out == 0) {
-      return Invalid(Tr("The file holds no corporate action."));
+      return Invalid(Tr(QT_TRANSLATE_NOOP("ActionList", "The file holds no corporate action.")));
     }
     return std::move(file_);
   }
 
  private:
-  const std::string& Cell(const files::TextRow& row, Field field) const {
+  const std::string& Cell(const files::TextRow& row, ActionField field) const {
     return layout_.Cell(row, field);
   }
 
@@ -130,7 +130,8 @@ class ActionRows {
   bool ReadOwn(const files::TextRow& row, ActionRow& record) {
     const auto kind = actions::KindOf(Cell(row, kKindField));
     if (!kind) {
-      Fail(row.line, Tr("%1 is no kind of corporate action").arg(Text(Cell(row, kKindField))));
+      Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "%1 is no kind of corporate action"))
+                         .arg(Text(Cell(row, kKindField))));
       return false;
     }
     Action action;
@@ -161,38 +162,41 @@ class ActionRows {
     return true;
   }
 
-  bool ReadDay(const files::TextRow& row, Field field, QString& into) {
+  bool ReadDay(const files::TextRow& row, ActionField field, QString& into) {
     const std::string& text = Cell(row, field);
     if (IsAbsent(text)) {
       return true;
     }
     const auto day = DayIn(text);
     if (!day) {
-      Fail(row.line, Tr("%1 is no date").arg(Text(text)));
+      Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "%1 is no date")).arg(Text(text)));
       return false;
     }
     into = text::FormatDmy(*day);
     return true;
   }
 
-  bool ReadNumber(const files::TextRow& row, Field field, double& into) {
+  bool ReadNumber(const files::TextRow& row, ActionField field, double& into) {
     const std::string& text = Cell(row, field);
     if (!IsAbsent(text) && (!text::ParseNumber(text, into) || into < 0 || into > 1e9)) {
-      Fail(row.line, Tr("%1 is no number that can stand there").arg(Text(text)));
+      Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "%1 is no number that can stand there"))
+                         .arg(Text(text)));
       return false;
     }
     return true;
   }
 
   void Fail(std::size_t line, const QString& what) {
-    errors_ << Tr("Line %1: %2.").arg(static_cast<qulonglong>(line)).arg(what);
+    errors_ << Tr(QT_TRANSLATE_NOOP("ActionList", "Line %1: %2."))
+                   .arg(static_cast<qulonglong>(line))
+                   .arg(what);
   }
 
   QString ErrorText() const {
     constexpr qsizetype kShown = 10;
     QStringList lines = errors_.mid(0, kShown);
     if (errors_.size() > kShown) {
-      lines << Tr("... and %1 more.").arg(errors_.size() - kShown);
+      lines << Tr(QT_TRANSLATE_NOOP("ActionList", "... and %1 more.")).arg(errors_.size() - kShown);
     }
     return lines.join(QLatin1Char('\n'));
   }
@@ -206,14 +210,14 @@ class ActionRows {
 
 Result<ActionFile> ReadActionTable(const files::TextTable& table) {
   if (table.rows.empty()) {
-    return Invalid(Tr("The file holds no corporate action."));
+    return Invalid(Tr(QT_TRANSLATE_NOOP("ActionList", "The file holds no corporate action.")));
   }
   const auto layout = LayoutOf(table.rows.front());
   if (!layout) {
     return Invalid(ExpectedActionHeadings());
   }
   if (table.rows.size() > kMostActions) {
-    return Invalid(Tr("The file holds more than can be read."));
+    return Invalid(Tr(QT_TRANSLATE_NOOP("ActionList", "The file holds more than can be read.")));
   }
   ActionRows rows(*layout);
   for (std::size_t row = 1; row < table.rows.size(); ++row) {

@@ -68,7 +68,7 @@ std::optional<FoundActionLayout> Fit(const ActionLayout& layout,
 
 }  // namespace
 
-const std::string& FoundActionLayout::Cell(const files::TextRow& row, Field field) const {
+const std::string& FoundActionLayout::Cell(const files::TextRow& row, ActionField field) const {
   static const std::string kNone;
   const auto column = static_cast<std::size_t>(columns[field]);
   return columns[field] >= 0 && column < row.cells.size() ? row.cells[column] : kNone;

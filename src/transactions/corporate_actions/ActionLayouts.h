@@ -11,7 +11,7 @@
 namespace quorvane::corporate_actions {
 
 /// What is read from a file; the rest of its columns is passed over.
-enum Field : std::uint8_t {
+enum ActionField : std::uint8_t {
   kCodeField,
   kSymbolField,
   kIsinField,
@@ -43,7 +43,7 @@ struct FoundActionLayout {
   const ActionLayout* layout = nullptr;
   std::array<int, kFieldCount> columns{};
 
-  const std::string& Cell(const files::TextRow& row, Field field) const;
+  const std::string& Cell(const files::TextRow& row, ActionField field) const;
 };
 
 /// The layout whose headings a row has, in any order, capitals or blanks; nullopt when it has those

@@ -150,7 +150,7 @@ PurposeMoney MoneyIn(const QString& text) {
 
 std::optional<double> DividendIn(const QString& text) {
   static const QRegularExpression kOtherwise = Pattern(
-      R"(\bpref|\bfrom\b.*\bto\b|\binstead\b|\bearlier\b|\b(?:every|per)\s+\d|\bfor\s+\d+\s+(?:equity\s+)?shares)");
+      R"(\bpref|\bon\s+r[se]\b|\bpaid\s*-?\s*up\b|\bfrom\b.*\bto\b|\binstead\b|\bearlier\b|\b(?:every|per)\s+\d|\bfor\s+\d+\s+(?:equity\s+)?shares)");
   static const QRegularExpression kBrackets(QStringLiteral(R"(\([^()]*\))"));
   if (Has(text, kOtherwise) || MoneyIn(text).doubtful) {
     return std::nullopt;

@@ -47,11 +47,14 @@ QString WithoutIncluded(QString text) {
   return text.replace(kInBrackets, QStringLiteral(" ")).replace(kToTheEnd, QStringLiteral(" "));
 }
 
-/// A piece between joints that names no topic and says nothing either: "Per Share", "(Revised)".
-bool IsFiller(const QString& piece) {
+/// A piece between joints that names no topic and says nothing either: "Per Share", "(Revised)". At
+/// the end "Special" is what is left of a second dividend.
+bool IsFiller(const QString& piece, bool is_last) {
   static const QRegularExpression kFiller = Pattern(QStringLiteral(
       R"(^(?:[\s().,:=-]|\b(?:purpose|revised?|per|pe|r|sh|shares?|equity|interim|int|final|special|spl|rs|re|of|the|and|composite)\b)*$)"));
-  return kFiller.match(piece).hasMatch();
+  static const QRegularExpression kDividend =
+      Pattern(QStringLiteral(R"(\b(?:interim|int|final|special|spl)\b)"));
+  return kFiller.match(piece).hasMatch() && !(is_last && kDividend.match(piece).hasMatch());
 }
 
 bool HasDigit(const QString& text) {
@@ -60,7 +63,7 @@ bool HasDigit(const QString& text) {
 
 class Cutter {
  public:
-  void Add(const QString& piece) {
+  void Add(const QString& piece, bool is_last) {
     static const QRegularExpression kTopics = AllTopics();
     std::vector<Clause> found;
     qsizetype last = 0;
@@ -80,7 +83,7 @@ class Cutter {
       last = start;
     }
     if (found.empty()) {
-      AddWithoutTopic(piece);
+      AddWithoutTopic(piece, is_last);
       return;
     }
     found.back().text = piece.mid(last);
@@ -91,12 +94,12 @@ class Cutter {
 
  private:
   /// A further ratio or amount of the purpose before it: "Rights - 4:25 ... / 2:25 ...".
-  void AddWithoutTopic(const QString& piece) {
+  void AddWithoutTopic(const QString& piece, bool is_last) {
     const bool goes_on = !result_.clauses.empty() && HasDigit(piece) &&
                          result_.clauses.back().topic != Topic::kNothing;
     if (goes_on) {
       result_.clauses.back().text += QLatin1Char('/') + piece;
-    } else if (!IsFiller(piece)) {
+    } else if (!IsFiller(piece, is_last)) {
       result_.unknown << piece.trimmed();
     }
   }
@@ -120,8 +123,9 @@ class Cutter {
 PurposeClauses ClausesOf(const QString& purpose) {
   static const QRegularExpression kJoint = Pattern(QStringLiteral(R"(/(?!\s*[-=])|[+&;])"));
   Cutter cutter;
-  for (const QString& piece : WithoutIncluded(purpose).simplified().split(kJoint)) {
-    cutter.Add(piece);
+  const QStringList pieces = WithoutIncluded(purpose).simplified().split(kJoint);
+  for (qsizetype at = 0; at < pieces.size(); ++at) {
+    cutter.Add(pieces[at], at + 1 == pieces.size());
   }
   return cutter.Take();
 }

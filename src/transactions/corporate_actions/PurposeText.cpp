@@ -229,7 +229,19 @@ class Reading {
     }
   }
 
-  void AddOne(Action action) { actions_.push_back(std::move(action)); }
+  /// "Sub-Division/Split From Rs 10 To Rs 2" names one thing twice.
+  void AddOne(Action action) {
+    const bool is_same = !actions_.empty() && actions_.back().kind == action.kind;
+    if (is_same && SaysNothing(actions_.back())) {
+      actions_.back() = std::move(action);
+    } else if (!is_same || !SaysNothing(action)) {
+      actions_.push_back(std::move(action));
+    }
+  }
+
+  static bool SaysNothing(const Action& action) {
+    return !action.new_shares && action.price == 0 && action.note.isEmpty();
+  }
 
   void AddFaceValue(ActionKind kind, const QString& text) { AddOne(FaceValueAction(kind, text)); }
 

@@ -69,6 +69,7 @@ class PurposeTextTest : public QObject {
     row("Face Value Split From Rs 2 Per Share To Rs 1 Per Share", "split 2:1");
     row("Face Valus Split From Rs 10 To Rs 5", "split 2:1");
     row("Stock  Split From Rs.5/- to Rs.1/-", "split 5:1");
+    row("Sub-Division/Split From Rs 10 To Rs 2", "split 5:1");
     row("FV SPLIT FROM RS10 TO RS", "split ?ratio (FV SPLIT FROM RS10 TO RS)");
     row("Face Value Split From Rs 2 To Rs 10",
         "split ?ratio (Face Value Split From Rs 2 To Rs 10)");
@@ -123,6 +124,9 @@ class PurposeTextTest : public QObject {
         "(Dividend Rs 10 (Interim / Dividend Rs 4 / Final Dividend Rs 6))");
     row("Dividend Revised From Rs 2 To Rs 3",
         "dividend ?amount a share (Dividend Revised From Rs 2 To Rs 3)");
+    row("Dividend Rs 5 On Rs 10 Paid Up",
+        "dividend ?amount a share (Dividend Rs 5 On Rs 10 Paid Up)");
+    row("AGM/DIV-RS 5 PER SHR+ SPL", "dividend Rs 5 | SPL");
     row("Interim Dividend 2023-24", "dividend ?amount a share (Interim Dividend 2023-24)");
     row("Annual General Meeting/Dividend - Rs  Per Share", "dividend ?amount a share");
     row("AGM/DIVIDEND-100%", "dividend ?amount a share (DIVIDEND-100%)");

@@ -2,6 +2,93 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="hi_IN" sourcelanguage="en">
 <context>
+    <name>ActionList</name>
+    <message>
+        <source>Expected are the columns scrip_code, kind, ex_date and, as far as there are any, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; or those of an exchange&apos;s list of corporate actions: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date.</source>
+        <translation>अपेक्षित कॉलम हैं scrip_code, kind, ex_date और, जो हों, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; या किसी एक्सचेंज की कॉर्पोरेट कार्रवाइयों की सूची के: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date।</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>नया</translation>
+    </message>
+    <message>
+        <source>Recorded Already</source>
+        <translation>पहले से दर्ज</translation>
+    </message>
+    <message>
+        <source>Doubled</source>
+        <translation>दोहराया गया</translation>
+    </message>
+    <message>
+        <source>Script not Here</source>
+        <translation>शेयर यहाँ नहीं है</translation>
+    </message>
+    <message>
+        <source>Not Understood</source>
+        <translation>समझा नहीं गया</translation>
+    </message>
+    <message>
+        <source>ex-date</source>
+        <translation>एक्स-तारीख</translation>
+    </message>
+    <message>
+        <source>ratio</source>
+        <translation>अनुपात</translation>
+    </message>
+    <message>
+        <source>other script</source>
+        <translation>दूसरा शेयर</translation>
+    </message>
+    <message>
+        <source>price</source>
+        <translation>मूल्य</translation>
+    </message>
+    <message>
+        <source>amount a share</source>
+        <translation>प्रति शेयर राशि</translation>
+    </message>
+    <message>
+        <source>percent of cost</source>
+        <translation>लागत का प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Invalid File.</source>
+        <translation>अमान्य फ़ाइल।</translation>
+    </message>
+    <message>
+        <source>there is no code</source>
+        <translation>कोड नहीं है</translation>
+    </message>
+    <message>
+        <source>The file holds no corporate action.</source>
+        <translation>फ़ाइल में कोई कॉर्पोरेट कार्रवाई नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 is no kind of corporate action</source>
+        <translation>%1 कॉर्पोरेट कार्रवाई का कोई प्रकार नहीं है</translation>
+    </message>
+    <message>
+        <source>%1 is no date</source>
+        <translation>%1 कोई तारीख नहीं है</translation>
+    </message>
+    <message>
+        <source>%1 is no number that can stand there</source>
+        <translation>%1 ऐसी संख्या नहीं है जो यहाँ हो सके</translation>
+    </message>
+    <message>
+        <source>Line %1: %2.</source>
+        <translation>पंक्ति %1: %2।</translation>
+    </message>
+    <message>
+        <source>... and %1 more.</source>
+        <translation>... और %1 अन्य।</translation>
+    </message>
+    <message>
+        <source>The file holds more than can be read.</source>
+        <translation>फ़ाइल पढ़ने की सीमा से बड़ी है।</translation>
+    </message>
+</context>
+<context>
     <name>Backup</name>
     <message>
         <source>The folder&apos;s name is too long.</source>
@@ -544,6 +631,14 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>The file holds more than can be read.</source>
         <translation>फ़ाइल पढ़ने की सीमा से बड़ी है।</translation>
+    </message>
+    <message>
+        <source>The file holds no list of records.</source>
+        <translation>फ़ाइल में रिकॉर्ड की कोई सूची नहीं है।</translation>
+    </message>
+    <message>
+        <source>The file is no JSON: %1 at character %2.</source>
+        <translation>फ़ाइल JSON नहीं है: %1, वर्ण %2 पर।</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include "core/records/Writing.h"
 #include "core/text/Amounts.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <fmt/format.h>

@@ -3,6 +3,8 @@
 #include "core/text/Amounts.h"
 #include "core/text/Dates.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace quorvane::actions {

@@ -1,6 +1,7 @@
 #include "core/files/TableFile.h"
 
 #include "core/files/CompoundFile.h"
+#include "core/files/JsonTable.h"
 #include "core/files/TableReaders.h"
 
 #include <QCoreApplication>
@@ -75,7 +76,10 @@ TextTable ReadTableFile(const QString& path) {
   if (CompoundFile::IsOne(View(bytes))) {
     return ReadXlsWorkbook(View(bytes));
   }
-  return IsArchive(View(bytes)) ? ReadArchived(View(bytes)) : ReadCsvText(View(bytes));
+  if (IsArchive(View(bytes))) {
+    return ReadArchived(View(bytes));
+  }
+  return IsJson(View(bytes)) ? ReadJsonTable(View(bytes)) : ReadCsvText(View(bytes));
 }
 
 UnpackedFile UnpackTable(const QByteArray& archive) {

@@ -11,8 +11,8 @@ namespace quorvane::files {
 bool HasTableEnding(const QString& path);
 
 /// Reads the table in a file, which is told by what it holds, not by its name: comma separated
-/// text, the first sheet of a workbook, or the one comma separated file in a zip archive. Throws
-/// TableError with a text for the user.
+/// text, a list of objects in JSON, the first sheet of a workbook, or the one comma separated file
+/// in a zip archive. Throws TableError with a text for the user.
 TextTable ReadTableFile(const QString& path);
 
 /// The one comma separated file in a zip archive: its name without folders and its bytes. Throws

@@ -1,51 +1,17 @@
 #include "core/rates/RateImport.h"
 
-#include "core/lookups/Directory.h"
+#include "core/rates/ScripFinder.h"
 
 namespace quorvane::rates {
 namespace {
 
-using lookups::Folded;
-using Index = std::unordered_multimap<std::string, ScripId>;
-
-class ScripFinder {
- public:
-  explicit ScripFinder(const std::vector<ListedScrip>& scrips) {
-    for (const ListedScrip& scrip : scrips) {
-      by_code_.emplace(Folded(scrip.code), scrip.id);
-      if (!scrip.symbol.empty()) {
-        by_symbol_.emplace(Folded(scrip.symbol), scrip.id);
-      }
-      for (const std::string& isin : scrip.isins) {
-        by_isin_.emplace(Folded(isin), scrip.id);
-      }
-    }
+std::vector<ScripId> ScripsOf(const ScripFinder& finder, const PriceRow& row) {
+  std::vector<ScripId> found = finder.OfCode(row.code);
+  if (found.empty()) {
+    found = finder.OfSymbol(row.symbol);
   }
-
-  std::vector<ScripId> ScripsOf(const PriceRow& row) const {
-    std::vector<ScripId> found;
-    if (!row.code.empty()) {
-      found = Find(by_code_, row.code);
-    }
-    if (found.empty() && !row.symbol.empty()) {
-      found = Find(by_symbol_, row.symbol);
-    }
-    return found.empty() && !row.isin.empty() ? Find(by_isin_, row.isin) : found;
-  }
-
- private:
-  static std::vector<ScripId> Find(const Index& index, const std::string& key) {
-    std::vector<ScripId> found;
-    const auto [first, last] = index.equal_range(Folded(key));
-    std::transform(first, last, std::back_inserter(found),
-                   [](const auto& entry) { return entry.second; });
-    return found;
-  }
-
-  Index by_code_;
-  Index by_symbol_;
-  Index by_isin_;
-};
+  return found.empty() ? finder.OfIsin(row.isin) : found;
+}
 
 }  // namespace
 
@@ -69,7 +35,7 @@ MatchedRates MatchRates(const PriceFile& file, const std::vector<ListedScrip>& s
   MatchedRates result;
   for (std::size_t place = 0; place < file.rows.size(); ++place) {
     const PriceRow& row = file.rows[place];
-    const std::vector<ScripId> found = finder.ScripsOf(row);
+    const std::vector<ScripId> found = ScripsOf(finder, row);
     if (found.empty()) {
       result.unmatched.push_back(place);
       continue;

@@ -1,9 +1,9 @@
 #include "core/files/CsvText.h"
 
 #include "core/text/Csv.h"
+#include "core/text/Tr.h"
 
 #include <QByteArrayView>
-#include <QCoreApplication>
 #include <QStringConverter>
 
 #include <algorithm>
@@ -15,10 +15,6 @@
 
 namespace quorvane::files {
 namespace {
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Files", text);
-}
 
 std::string DecodedWith(QStringDecoder decoder, std::string_view bytes) {
   const QString text =
@@ -81,10 +77,10 @@ std::string WithoutEntities(std::string_view field) {
 void RefuseNoTable(std::string_view text) {
   const std::string_view start = Trimmed(text.starts_with("\xEF\xBB\xBF") ? text.substr(3) : text);
   if (start.empty()) {
-    throw TableError(Tr("The file is empty.").toStdString());
+    Fail(Tr("Files", "The file is empty."));
   }
   if (start.front() == '<') {
-    throw TableError(Tr("The file is a web page, not a table.").toStdString());
+    Fail(Tr("Files", "The file is a web page, not a table."));
   }
 }
 
@@ -105,7 +101,7 @@ TextTable ReadCsvText(std::string_view bytes) {
       lines.push_back(reader.Line());
     }
   } catch (const text::CsvError& error) {
-    throw TableError(Tr("Line %1: %2.")
+    throw TableError(Tr("Files", "Line %1: %2.")
                          .arg(static_cast<qulonglong>(error.Line()))
                          .arg(QString::fromUtf8(error.what()))
                          .toStdString());

@@ -4,8 +4,7 @@
 #include "core/database/Keys.h"
 #include "core/lookups/Directory.h"
 #include "core/rates/IsinBook.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -232,8 +231,7 @@ class ScripWriter {
 void Write(Transaction& transaction, const std::vector<ImportedScrip>& scrips,
            std::optional<text::Date> day, Progress& progress) {
   ScripWriter writer(transaction);
-  progress.Begin(QCoreApplication::translate("Imports", "Saving scrips"),
-                 static_cast<std::int64_t>(scrips.size()));
+  progress.Begin(Tr("Imports", "Saving scrips"), static_cast<std::int64_t>(scrips.size()));
   for (std::size_t done = 0; done < scrips.size(); ++done) {
     if (scrips[done].state != ScripState::kUnchanged) {
       writer.Write(scrips[done]);

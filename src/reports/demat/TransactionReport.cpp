@@ -3,9 +3,8 @@
 #include "core/records/Bill.h"
 #include "core/records/Query.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "reports/demat/Ranking.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <tuple>
@@ -36,7 +35,7 @@ class BillReader {
       : connection_(connection), query_(query), progress_(progress) {}
 
   std::vector<PlacedBill> Read() {
-    progress_.Begin(QCoreApplication::translate("TransactionReport", "Reading bills"), kSteps);
+    progress_.Begin(Tr("TransactionReport", "Reading bills"), kSteps);
     ReadMasters();
     Step();
     ReadBills();
@@ -248,9 +247,8 @@ void TransactionClosing::Add(const TransactionClosing& more) {
 }
 
 QString ClosingCaption(const TransactionClosing& closing) {
-  return closing.Amount() > 0
-             ? QCoreApplication::translate("TransactionReport", "Total Payable")
-             : QCoreApplication::translate("TransactionReport", "Total Receivable");
+  return closing.Amount() > 0 ? Tr("TransactionReport", "Total Payable")
+                              : Tr("TransactionReport", "Total Receivable");
 }
 
 records::Faults BuildTransactions(

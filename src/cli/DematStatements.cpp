@@ -82,26 +82,31 @@ class ClientReports {
       : context_(context),
         options_(options),
         output_(context, options.output, options.scope.all),
-        directory_(context.Connection()),
-        report_(options, ScopeOf(options.scope, directory_)) {}
+        directory_(context.Connection()) {}
 
-  void Run() {
+  MaybeRefusal Run() {
+    const Result<Scope> scope = ScopeOf(options_.scope, directory_);
+    if (!scope) {
+      return scope.Why();
+    }
+    const Report report(options_, *scope);
     using Part = typename Report::Part;
     const auto progress = context_.MakeProgress();
-    const records::Faults faults = report_.Build(
-        context_.Connection(), *progress,
-        [this](ClientId client, std::span<const Part> parts) { Take(client, parts); });
-    InformOf(context_, faults);
+    const auto take = [&](ClientId client, std::span<const Part> parts) {
+      Take(report, client, parts);
+    };
+    InformOf(context_, report.Build(context_.Connection(), *progress, take));
     if (output_.IsFirst() && !(options_.scope.all && output_.ToFiles())) {
-      Take(report_.query.client.value_or(ClientId{}), {});
+      take(scope->client.value_or(ClientId{}), {});
     }
+    return std::nullopt;
   }
 
  private:
-  void Take(ClientId client, std::span<const typename Report::Part> parts) {
+  void Take(const Report& report, ClientId client, std::span<const typename Report::Part> parts) {
     const std::string& name = directory_.Client(client).code;
     if (options_.output.Format() != OutputFormat::kCsv) {
-      output_.Take(report_.Document(client, parts, directory_), name);
+      output_.Take(report.Document(client, parts, directory_), name);
       return;
     }
     std::string text;
@@ -116,7 +121,6 @@ class ClientReports {
   const DematOptions& options_;
   ReportOutput output_;
   lookups::Directory directory_;
-  Report report_;
 };
 
 /// The whole of every client's year, for the demonstration.
@@ -168,7 +172,8 @@ void AddDematStatements(CLI::App& statement, Context& context) {
   CLI::App* demat = statement.add_subcommand("demat", "Demat account statement");
   AddScopeOptions(*demat, options->scope);
   AddOutputOptions(*demat, options->output);
-  demat->callback([&context, options] { ClientReports<DematReport>(context, *options).Run(); });
+  SetWork(*demat, context,
+          [&context, options] { return ClientReports<DematReport>(context, *options).Run(); });
 
   options = std::make_shared<DematOptions>();
   CLI::App* transactions = statement.add_subcommand("transactions", "Transaction report");
@@ -179,8 +184,9 @@ void AddDematStatements(CLI::App& statement, Context& context) {
       ->check(CLI::IsMember({"detail", "summary"}));
   transactions->add_flag("--account-wise", options->account_wise, "Each account by itself");
   AddOutputOptions(*transactions, options->output);
-  transactions->callback(
-      [&context, options] { ClientReports<TransactionsReport>(context, *options).Run(); });
+  SetWork(*transactions, context, [&context, options] {
+    return ClientReports<TransactionsReport>(context, *options).Run();
+  });
 }
 
 }  // namespace quorvane::cli

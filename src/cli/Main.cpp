@@ -19,13 +19,12 @@ int Report(const char* what, ExitStatus status) {
 int Run(CLI::App& app, Context& context, int argc, char** argv) {
   try {
     app.parse(argc, argv);
-    return context.status;
+    return context.refusal ? Report(context.refusal->text.toUtf8().constData(), kRefused)
+                           : context.status;
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kWrongUsage;
   } catch (const WrongUsage& error) {
     return Report(error.what(), kWrongUsage);
-  } catch (const Refused& error) {
-    return Report(error.what(), kRefused);
   } catch (const quorvane::Cancellation&) {
     return Report("cancelled; nothing was changed", kRefused);
   } catch (const std::exception& error) {

@@ -123,8 +123,8 @@ double NumberAfter(const QString& title, QLatin1String marker, QChar stop) {
 double PriceOf(std::string_view text) {
   std::string digits(Trimmed(text));
   std::erase(digits, ',');
-  double price = 0;
-  return text::ParseNumber(digits, price) && price > 0 ? text::RoundAmount(price) : 0;
+  const double price = text::ParseNumber(digits).value_or(0);
+  return price > 0 ? text::RoundAmount(price) : 0;
 }
 
 std::optional<text::Date> DayOf(std::string_view text) {

@@ -148,6 +148,7 @@ std::optional<text::FinancialYear> ReportWindow::PeriodYear() const {
 }
 
 void ReportWindow::MakePeriodBoxes() {
+  Hold({{Field::kFromDate, "Text1_0"}, {Field::kToDate, "Text1_1"}});
   const auto year = PeriodYear();
   for (std::size_t i = 0; i < Text1.size(); ++i) {
     Text1[i] =
@@ -222,7 +223,7 @@ void ReportWindow::TakeMonth(std::size_t end) {
   }
   const Result<Period>& month = *chosen;
   if (!month) {
-    Show({month.Why().text, months_->Names(end)->objectName()});
+    ShowAt(month.Why().text, months_->Names(end));
     return;
   }
   Text1[end]->SetDate(text::FormatDmy(end == 0 ? month->from : month->to));
@@ -306,13 +307,14 @@ void ReportWindow::FillTicks(Grid& grid, const std::vector<lookups::Item>& items
   grid.SetRows(std::move(rows));
 }
 
-MaybeRefusal ReportWindow::RefuseWithoutTick(const Grid& grid, const QString& text) {
-  return grid.Model().TickedIds().empty() ? MaybeRefusal({text, grid.objectName()}) : std::nullopt;
+MaybeRefusal ReportWindow::RefuseWithoutTick(const Grid& grid, const QString& text, Field field) {
+  return grid.Model().TickedIds().empty() ? MaybeRefusal({text, field}) : std::nullopt;
 }
 
 MaybeRefusal ReportWindow::RefuseWithoutAccount(const Grid& grid) {
-  return grid.Model().RowCount() == 0 ? std::nullopt
-                                      : RefuseWithoutTick(grid, tr("Select Demat A/c!"));
+  return grid.Model().RowCount() == 0
+             ? std::nullopt
+             : RefuseWithoutTick(grid, tr("Select Demat A/c!"), Field::kAccounts);
 }
 
 std::vector<AccountId> ReportWindow::ChosenAccounts(const Grid& grid) {

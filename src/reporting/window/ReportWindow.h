@@ -50,7 +50,8 @@ class ReportWindow : public controls::ChildWindow {
 
  public:
   /// A refusal with that text while nothing is ticked in the grid.
-  static MaybeRefusal RefuseWithoutTick(const controls::Grid& grid, const QString& text);
+  static MaybeRefusal RefuseWithoutTick(const controls::Grid& grid, const QString& text,
+                                        Field field);
 
   /// The keys of the ticked rows as a vector of typed ids, in the order of the grid.
   template <class IdType>

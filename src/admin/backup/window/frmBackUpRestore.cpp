@@ -62,6 +62,7 @@ QWidget* frmBackUpRestore::FolderRow() {
   auto* layout = RowIn(row);
   TxtFolder = new TextBox;
   TxtFolder->setObjectName(QStringLiteral("TxtFolder"));
+  Hold({{Field::kFolder, TxtFolder->objectName()}});
   TxtFolder->SetUpperCase(false);
   TxtFolder->setAccessibleName(tr("Folder of the backups"));
   auto* label = new QLabel(tr("&Folder"));
@@ -176,7 +177,7 @@ void frmBackUpRestore::cmdBackUp_Click() {
 void frmBackUpRestore::cmdVerify_Click() {
   const Entry* entry = VSF->Current();
   if (entry == nullptr) {
-    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
+    return ShowAt(tr("Select a BackUp!"), VSF);
   }
   const QString path = entry->path;
   MaybeRefusal refusal;

@@ -70,6 +70,7 @@ QWidget* frmrestoration::FolderRow() {
   auto* layout = RowIn(row);
   TxtFolder = new TextBox;
   TxtFolder->setObjectName(QStringLiteral("TxtFolder"));
+  Hold({{Field::kFolder, TxtFolder->objectName()}});
   TxtFolder->SetUpperCase(false);
   TxtFolder->setAccessibleName(tr("Folder of the backups"));
   auto* label = new QLabel(tr("&Folder"));
@@ -149,7 +150,7 @@ MaybeRefusal frmrestoration::Verify(const QString& path) {
 void frmrestoration::cmdVerify_Click() {
   const Entry* entry = VSF->Current();
   if (entry == nullptr) {
-    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
+    return ShowAt(tr("Select a BackUp!"), VSF);
   }
   const QString path = entry->path;
   if (const MaybeRefusal refusal = Verify(path)) {
@@ -183,7 +184,7 @@ void frmrestoration::ForgetClient() {
 void frmrestoration::cmdRestore_Click() {
   const Entry* entry = VSF->Current();
   if (entry == nullptr) {
-    return Show({tr("Select a BackUp!"), QStringLiteral("VSF")});
+    return ShowAt(tr("Select a BackUp!"), VSF);
   }
   const QString path = entry->path;
   const QString made = DateText(entry->made);

@@ -204,13 +204,14 @@ void SelectionPane::VSC_AfterEdit() {
 }
 
 MaybeRefusal SelectionPane::Check() const {
-  if (MaybeRefusal refusal = ReportWindow::RefuseWithoutTick(*VSC, tr("Select Client!"))) {
+  if (MaybeRefusal refusal =
+          ReportWindow::RefuseWithoutTick(*VSC, tr("Select Client!"), Field::kClients)) {
     return refusal;
   }
   if (MaybeRefusal refusal = ReportWindow::RefuseWithoutAccount(*VSD)) {
     return refusal;
   }
-  return ReportWindow::RefuseWithoutTick(*VSS, tr("Select Script Name!"));
+  return ReportWindow::RefuseWithoutTick(*VSS, tr("Select Script Name!"), Field::kScrips);
 }
 
 QStringList SelectionPane::Choices() const {

@@ -1,6 +1,7 @@
 #include "transactions/bills/window/BillTotalsPane.h"
 
 #include "controls/FieldLayout.h"
+#include "transactions/bills/window/ControlName.h"
 
 #include <QCoreApplication>
 #include <QRegularExpressionValidator>

@@ -4,6 +4,7 @@
 #include "core/app/Ini.h"
 #include "core/text/Amounts.h"
 #include "transactions/bills/BillChecks.h"
+#include "transactions/bills/window/ControlName.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -62,9 +63,26 @@ FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
   page_->Line().SetSttInWholeRupees(RoundsStt(Session().folders));
   Watch(page_->Head().DateBox());
   page_->ReadChoices(*Session().connection, of_.client);
+  HoldFields();
   BuildSearch();
   Connect();
   Start();
+}
+
+void FrmSalePurchase::HoldFields() {
+  Hold({{Field::kNumber, ControlName(BillBox::kNumber)},
+        {Field::kDate, ControlName(BillBox::kDate)},
+        {Field::kSettlementNumber, ControlName(BillBox::kSettlementNumber)},
+        {Field::kBroker, ControlName(BillBox::kBroker)},
+        {Field::kExchange, "Combo1"},
+        {Field::kAccount, "Combo2"},
+        {Field::kSide, "Combo3"},
+        {Field::kScrip, "Combo4"},
+        {Field::kScripCode, "TxtScr"},
+        {Field::kLot, "VS3"},
+        {Field::kQuantity, ControlName(BillBox::kQuantity)},
+        {Field::kLine, "CmdUpdate1"},
+        {Field::kLines, "Vs1"}});
 }
 
 void FrmSalePurchase::BuildSearch() {
@@ -180,14 +198,13 @@ MaybeRefusal FrmSalePurchase::Save() {
     return refusal;
   }
   if (line_state_ != LineState::kNone && !page_->Line().Entry().IsEmpty()) {
-    return Refusal{tr("The Line is not in the Bill yet. Update or Cancel it First."),
-                   QStringLiteral("CmdUpdate1")};
+    return Refusal{tr("The Line is not in the Bill yet. Update or Cancel it First."), Field::kLine};
   }
   if (MaybeRefusal refusal = entry_.CheckLots()) {
     return refusal;
   }
   if (entry_.IsTwin() && !AsksForTwin()) {
-    return Refusal{{}, ControlName(BillBox::kNumber)};
+    return Refusal{{}, Field::kNumber};
   }
   MaybeRefusal refusal = entry_.Save();
   if (!refusal) {
@@ -375,7 +392,7 @@ void FrmSalePurchase::Quantity_Left() {
 
 void FrmSalePurchase::Code_Unknown(const QString& code) {
   if (!IsCancelling()) {
-    Accepts(Refusal{tr("There is no Scrip of the Code %1.").arg(code), QStringLiteral("TxtScr")});
+    Accepts(Refusal{tr("There is no Scrip of the Code %1.").arg(code), Field::kScripCode});
   }
 }
 

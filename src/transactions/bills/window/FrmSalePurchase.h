@@ -39,6 +39,7 @@ class FrmSalePurchase : public controls::RecordWindow {
  private:
   enum class LineState { kNone, kAdding, kChanging };
 
+  void HoldFields();
   void BuildSearch();
   void Connect();
   void ConnectLineButtons();

@@ -80,7 +80,7 @@ BillFigures SaveBills(const Office& office, const QString& name, const Portfolio
   for (int number = 1; number <= kBills; ++number) {
     records::Bill bill = MakeBill(portfolio, account, lots, number);
     MaybeRefusal refusal;
-    times.push_back(Seconds([&] { refusal = book.Save(bill); }));
+    times.push_back(Seconds([&] { refusal = book.Save(bill).Refused(); }));
     if (refusal) {
       throw std::runtime_error("the bill was refused: " + refusal->text.toStdString());
     }

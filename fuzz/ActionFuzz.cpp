@@ -1,5 +1,5 @@
-#include "core/files/CsvText.h"
 #include "core/files/JsonTable.h"
+#include "core/files/TableReaders.h"
 #include "transactions/corporate_actions/ActionFile.h"
 
 using namespace quorvane;

@@ -10,6 +10,7 @@
 #include "core/app/MachineKey.h"
 #include "core/app/Session.h"
 #include "core/platform/Processes.h"
+#include "core/text/Tr.h"
 #include "reporting/output/window/RepView.h"
 #include "ui/help/FrmHelp.h"
 #include "ui/main/MDIForm1.h"
@@ -38,8 +39,7 @@ app::StartUpOptions Options(const QString& folder, QSplashScreen& splash) {
   options.screen = app::ScreenSize{screen.width(), screen.height()};
   options.on_first_start = [&splash] {
     splash.show();
-    splash.showMessage(QCoreApplication::translate("Main", "Making the database folder ..."),
-                       Qt::AlignCenter);
+    splash.showMessage(quorvane::Tr("Main", "Making the database folder ..."), Qt::AlignCenter);
     QCoreApplication::processEvents();
   };
   return options;
@@ -120,10 +120,10 @@ int Run(QApplication& application, const QString& folder) {
     if (session->read_only) {
       QMessageBox::warning(
           nullptr, app::TitleText().trimmed(),
-          QCoreApplication::translate("Main",
-                                      "The disk of %1 is full. Records can be shown, exported and "
-                                      "backed up to another disk; nothing can be changed until "
-                                      "there is room and the program was started again.")
+          quorvane::Tr("Main",
+                       "The disk of %1 is full. Records can be shown, exported and "
+                       "backed up to another disk; nothing can be changed until "
+                       "there is room and the program was started again.")
               .arg(QDir::toNativeSeparators(folder)));
     }
     Desktop desktop(*session);

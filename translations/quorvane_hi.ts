@@ -2,93 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="hi_IN" sourcelanguage="en">
 <context>
-    <name>ActionList</name>
-    <message>
-        <source>Expected are the columns scrip_code, kind, ex_date and, as far as there are any, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; or those of an exchange&apos;s list of corporate actions: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date.</source>
-        <translation>अपेक्षित कॉलम हैं scrip_code, kind, ex_date और, जो हों, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; या किसी एक्सचेंज की कॉर्पोरेट कार्रवाइयों की सूची के: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date।</translation>
-    </message>
-    <message>
-        <source>New</source>
-        <translation>नया</translation>
-    </message>
-    <message>
-        <source>Recorded Already</source>
-        <translation>पहले से दर्ज</translation>
-    </message>
-    <message>
-        <source>Doubled</source>
-        <translation>दोहराया गया</translation>
-    </message>
-    <message>
-        <source>Script not Here</source>
-        <translation>शेयर यहाँ नहीं है</translation>
-    </message>
-    <message>
-        <source>Not Understood</source>
-        <translation>समझा नहीं गया</translation>
-    </message>
-    <message>
-        <source>ex-date</source>
-        <translation>एक्स-तारीख</translation>
-    </message>
-    <message>
-        <source>ratio</source>
-        <translation>अनुपात</translation>
-    </message>
-    <message>
-        <source>other script</source>
-        <translation>दूसरा शेयर</translation>
-    </message>
-    <message>
-        <source>price</source>
-        <translation>मूल्य</translation>
-    </message>
-    <message>
-        <source>amount a share</source>
-        <translation>प्रति शेयर राशि</translation>
-    </message>
-    <message>
-        <source>percent of cost</source>
-        <translation>लागत का प्रतिशत</translation>
-    </message>
-    <message>
-        <source>Invalid File.</source>
-        <translation>अमान्य फ़ाइल।</translation>
-    </message>
-    <message>
-        <source>there is no code</source>
-        <translation>कोड नहीं है</translation>
-    </message>
-    <message>
-        <source>The file holds no corporate action.</source>
-        <translation>फ़ाइल में कोई कॉर्पोरेट कार्रवाई नहीं है।</translation>
-    </message>
-    <message>
-        <source>%1 is no kind of corporate action</source>
-        <translation>%1 कॉर्पोरेट कार्रवाई का कोई प्रकार नहीं है</translation>
-    </message>
-    <message>
-        <source>%1 is no date</source>
-        <translation>%1 कोई तारीख नहीं है</translation>
-    </message>
-    <message>
-        <source>%1 is no number that can stand there</source>
-        <translation>%1 ऐसी संख्या नहीं है जो यहाँ हो सके</translation>
-    </message>
-    <message>
-        <source>Line %1: %2.</source>
-        <translation>पंक्ति %1: %2।</translation>
-    </message>
-    <message>
-        <source>... and %1 more.</source>
-        <translation>... और %1 अन्य।</translation>
-    </message>
-    <message>
-        <source>The file holds more than can be read.</source>
-        <translation>फ़ाइल पढ़ने की सीमा से बड़ी है।</translation>
-    </message>
-</context>
-<context>
     <name>Backup</name>
     <message>
         <source>The folder&apos;s name is too long.</source>
@@ -157,6 +70,94 @@
     <message>
         <source>%1 is a link. A restore writes through no link: put what it leads to in its place first.</source>
         <translation>%1 एक लिंक है। पुनर्स्थापना किसी लिंक से होकर नहीं लिखती: पहले लिंक की जगह वही रखें जिस पर वह ले जाता है।</translation>
+    </message>
+    <message>
+        <source>Choose a Folder for the BackUp.</source>
+        <translation>बैकअप के लिए फ़ोल्डर चुनें।</translation>
+    </message>
+    <message>
+        <source>A backup cannot lie inside %1, which is backed up or in use itself.</source>
+        <translation>बैकअप %1 के भीतर नहीं रखा जा सकता, क्योंकि उसी का बैकअप लिया जाता है या वह उपयोग में है।</translation>
+    </message>
+    <message>
+        <source>Backing up the records</source>
+        <translation>रिकॉर्ड का बैकअप लिया जा रहा है</translation>
+    </message>
+    <message>
+        <source>Backing up the documents</source>
+        <translation>दस्तावेज़ों का बैकअप लिया जा रहा है</translation>
+    </message>
+    <message>
+        <source>Checking the backup</source>
+        <translation>बैकअप जाँचा जा रहा है</translation>
+    </message>
+    <message>
+        <source>the file %1 does not agree with its checksum</source>
+        <translation>फ़ाइल %1 अपने चेकसम से मेल नहीं खाती</translation>
+    </message>
+    <message>
+        <source>the manifest names the file &quot;%1&quot;</source>
+        <translation>बैकअप की सूची में फ़ाइल &quot;%1&quot; का नाम है</translation>
+    </message>
+    <message>
+        <source>the manifest names %1 twice</source>
+        <translation>बैकअप की सूची में %1 दो बार है</translation>
+    </message>
+    <message>
+        <source>the manifest names no file for the table %1</source>
+        <translation>बैकअप की सूची में तालिका %1 की कोई फ़ाइल नहीं है</translation>
+    </message>
+    <message>
+        <source>the manifest names no table</source>
+        <translation>बैकअप की सूची में कोई तालिका नहीं है</translation>
+    </message>
+    <message>
+        <source>The backup %1 was not finished.</source>
+        <translation>बैकअप %1 पूरा नहीं हुआ था।</translation>
+    </message>
+    <message>
+        <source>%1 is no backup of Quorvane: it has no manifest.</source>
+        <translation>%1 Quorvane का बैकअप नहीं है: उसमें बैकअप की सूची नहीं है।</translation>
+    </message>
+    <message>
+        <source>The backup %1 is damaged: %2.</source>
+        <translation>बैकअप %1 ख़राब है: %2।</translation>
+    </message>
+    <message>
+        <source>the manifest does not agree with its checksum</source>
+        <translation>बैकअप की सूची अपने चेकसम से मेल नहीं खाती</translation>
+    </message>
+    <message>
+        <source>The backup %1 was made by a newer release (format %2). This release reads format %3.</source>
+        <translation>बैकअप %1 नए संस्करण से बना है (प्रारूप %2)। यह संस्करण प्रारूप %3 पढ़ता है।</translation>
+    </message>
+    <message>
+        <source>the file %1 is missing</source>
+        <translation>फ़ाइल %1 नहीं मिली</translation>
+    </message>
+    <message>
+        <source>the file %1 has %2 bytes instead of %3</source>
+        <translation>फ़ाइल %1 में %3 के बजाय %2 बाइट हैं</translation>
+    </message>
+    <message>
+        <source>The backup %1 holds %2, which this release does not know.</source>
+        <translation>बैकअप %1 में %2 है, जिसे यह संस्करण नहीं जानता।</translation>
+    </message>
+    <message>
+        <source>Restoring the records</source>
+        <translation>रिकॉर्ड पुनर्स्थापित हो रहे हैं</translation>
+    </message>
+    <message>
+        <source>The backup was restored, but the table %1 has another number of rows now. What was replaced lies in %2.</source>
+        <translation>बैकअप पुनर्स्थापित हुआ, पर तालिका %1 में अब पंक्तियों की संख्या अलग है। जो पहले था वह %2 में है।</translation>
+    </message>
+    <message>
+        <source>Another program is restoring a backup at this moment.</source>
+        <translation>इस समय कोई दूसरा प्रोग्राम बैकअप पुनर्स्थापित कर रहा है।</translation>
+    </message>
+    <message>
+        <source>Scanned documents</source>
+        <translation>स्कैन किए गए दस्तावेज़</translation>
     </message>
 </context>
 <context>
@@ -331,6 +332,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Broker Ledger (From %1 To %2)</source>
         <translation>Broker Ledger (From %1 To %2)</translation>
+    </message>
+    <message>
+        <source>Reading the broker ledger</source>
+        <translation>Reading the broker ledger</translation>
     </message>
 </context>
 <context>
@@ -633,12 +638,24 @@ Maximum Allowed Value is: %1</source>
         <translation>फ़ाइल पढ़ने की सीमा से बड़ी है।</translation>
     </message>
     <message>
-        <source>The file holds no list of records.</source>
-        <translation>फ़ाइल में रिकॉर्ड की कोई सूची नहीं है।</translation>
+        <source>The file is a web page, not a table.</source>
+        <translation>फ़ाइल एक वेब पेज है, तालिका नहीं।</translation>
     </message>
     <message>
-        <source>The file is no JSON: %1 at character %2.</source>
-        <translation>फ़ाइल JSON नहीं है: %1, वर्ण %2 पर।</translation>
+        <source>Line %1: %2.</source>
+        <translation>पंक्ति %1: %2।</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>The archive holds no .csv file.</source>
+        <translation>संग्रह में कोई .csv फ़ाइल नहीं है।</translation>
+    </message>
+    <message>
+        <source>The archive holds more than one .csv file. Unpack it and choose one.</source>
+        <translation>संग्रह में एक से अधिक .csv फ़ाइलें हैं। उसे खोलकर एक चुनें।</translation>
     </message>
 </context>
 <context>
@@ -851,6 +868,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Line %1 of levies.csv is no dated rate.</source>
         <translation>levies.csv की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Financial Year</source>
+        <translation>सही वित्तीय वर्ष भरें</translation>
     </message>
 </context>
 <context>
@@ -1366,6 +1387,82 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange&apos;s daily price file or scrip list.</source>
         <translation>अपेक्षित स्तंभ हैं SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; या SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; या एक्सचेंज की दैनिक भाव फ़ाइल अथवा शेयर सूची के।</translation>
     </message>
+    <message>
+        <source>Server Problem. Please Try Again.</source>
+        <translation>सर्वर में समस्या है। कृपया फिर से प्रयास करें।</translation>
+    </message>
+    <message>
+        <source>Invalid Site.</source>
+        <translation>साइट अमान्य है।</translation>
+    </message>
+    <message>
+        <source>File Not Found.This Date Bhav Copy Not available on site.</source>
+        <translation>फ़ाइल नहीं मिली। इस तारीख़ की भाव कॉपी साइट पर उपलब्ध नहीं है।</translation>
+    </message>
+    <message>
+        <source>Invalid File.</source>
+        <translation>फ़ाइल अमान्य है।</translation>
+    </message>
+    <message>
+        <source>... and %1 more.</source>
+        <translation>... और %1 अन्य।</translation>
+    </message>
+    <message>
+        <source>The file holds no scrip.</source>
+        <translation>फ़ाइल में कोई शेयर नहीं है।</translation>
+    </message>
+    <message>
+        <source>Expected is a .csv, .xls, .xlsx, .ods or .zip file.</source>
+        <translation>.csv, .xls, .xlsx, .ods या .zip फ़ाइल अपेक्षित है।</translation>
+    </message>
+    <message>
+        <source>The file holds no rates.</source>
+        <translation>फ़ाइल में कोई भाव नहीं है।</translation>
+    </message>
+    <message>
+        <source>The file holds the prices of %1, not of %2.</source>
+        <translation>फ़ाइल में %1 के भाव हैं, %2 के नहीं।</translation>
+    </message>
+    <message>
+        <source>there are more values than headings</source>
+        <translation>शीर्षकों से अधिक मान हैं</translation>
+    </message>
+    <message>
+        <source>the file holds two exchanges</source>
+        <translation>फ़ाइल में दो एक्सचेंज हैं</translation>
+    </message>
+    <message>
+        <source>%1 is no date</source>
+        <translation>%1 कोई तारीख़ नहीं है</translation>
+    </message>
+    <message>
+        <source>the date is another than above</source>
+        <translation>तारीख़ ऊपर वाली से अलग है</translation>
+    </message>
+    <message>
+        <source>%1 is no rate</source>
+        <translation>%1 कोई भाव नहीं है</translation>
+    </message>
+    <message>
+        <source>there is no code</source>
+        <translation>कोड नहीं है</translation>
+    </message>
+    <message>
+        <source>there is no name</source>
+        <translation>नाम नहीं है</translation>
+    </message>
+    <message>
+        <source>a text is longer than %1 characters</source>
+        <translation>कोई टेक्स्ट %1 अक्षरों से लंबा है</translation>
+    </message>
+    <message>
+        <source>%1 stands in line %2 already, with another rate</source>
+        <translation>%1 पहले से पंक्ति %2 में दूसरे भाव के साथ है</translation>
+    </message>
+    <message>
+        <source>Line %1: %2.</source>
+        <translation>पंक्ति %1: %2।</translation>
+    </message>
 </context>
 <context>
     <name>ReportOutput</name>
@@ -1615,6 +1712,37 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>XlsxTemplate</name>
+    <message>
+        <source>The template %1 is not there.</source>
+        <translation>साँचा %1 नहीं है।</translation>
+    </message>
+    <message>
+        <source>The template %1 is no workbook that can be read (%2).</source>
+        <translation>साँचा %1 पढ़ी जा सकने वाली कार्यपुस्तिका नहीं है (%2)।</translation>
+    </message>
+    <message>
+        <source>The template %1 has no cell named &quot;%2&quot;.</source>
+        <translation>साँचे %1 में &quot;%2&quot; नाम का कोई सेल नहीं है।</translation>
+    </message>
+    <message>
+        <source>Writing the workbook</source>
+        <translation>कार्यपुस्तिका लिखी जा रही है</translation>
+    </message>
+    <message>
+        <source>The cells named &quot;%2...&quot; of the template %1 do not stand in one row.</source>
+        <translation>साँचे %1 के &quot;%2...&quot; नाम वाले सेल एक पंक्ति में नहीं हैं।</translation>
+    </message>
+    <message>
+        <source>The rows of the template %1 do not stand on one sheet.</source>
+        <translation>साँचे %1 की पंक्तियाँ एक शीट पर नहीं हैं।</translation>
+    </message>
+    <message>
+        <source>The template %1 has no cell of its own named &quot;%2&quot;.</source>
+        <translation>साँचे %1 में &quot;%2&quot; नाम का अपना सेल नहीं है।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::backup::BackupsView</name>
     <message>
         <source>Automatic</source>
@@ -1667,10 +1795,6 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Folder</source>
         <translation>फ़ोल्डर</translation>
-    </message>
-    <message>
-        <source>Select a BackUp!</source>
-        <translation>बैकअप चुनें!</translation>
     </message>
 </context>
 <context>
@@ -1734,6 +1858,10 @@ Maximum Allowed Value is: %1</source>
 %1</translation>
     </message>
     <message>
+        <source>Select a BackUp!</source>
+        <translation>बैकअप चुनें!</translation>
+    </message>
+    <message>
         <source>The backup is whole: every file agrees with its checksum.</source>
         <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
     </message>
@@ -1785,6 +1913,10 @@ Maximum Allowed Value is: %1</source>
         <translation>इस फ़ोल्डर में कोई बैकअप नहीं है।</translation>
     </message>
     <message>
+        <source>Select a BackUp!</source>
+        <translation>बैकअप चुनें!</translation>
+    </message>
+    <message>
         <source>The backup is whole: every file agrees with its checksum.</source>
         <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
     </message>
@@ -1833,13 +1965,9 @@ What it replaced lies in %2.</source>
         <source>Demat A/c</source>
         <translation>डीमैट खाता</translation>
     </message>
-    <message>
-        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
-        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
-    </message>
 </context>
 <context>
-    <name>quorvane::bills::BillLineForm</name>
+    <name>quorvane::bills::BillLinePane</name>
     <message>
         <source>F&amp;&amp;O</source>
         <translation>एफ़&amp;&amp;ओ</translation>
@@ -1928,13 +2056,6 @@ BSE %2   NSE %3</source>
     </message>
 </context>
 <context>
-    <name>quorvane::bills::BillLinePane</name>
-    <message>
-        <source>There is no Scrip of the Code %1.</source>
-        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
-    </message>
-</context>
-<context>
     <name>quorvane::bills::BillPane</name>
     <message>
         <source>Lines of the bill</source>
@@ -1992,26 +2113,6 @@ BSE %2   NSE %3</source>
         <source>Delivery</source>
         <translation>डिलीवरी</translation>
     </message>
-    <message>
-        <source>%1 at %2, held since %3</source>
-        <translation>%1 शेयर, दर %2, %3 से</translation>
-    </message>
-    <message>
-        <source>Take the Sale from these Lots, with a Line for each?
-
-%1</source>
-        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
-
-%1</translation>
-    </message>
-    <message>
-        <source>Are You Sure, You want to Delete this Record?</source>
-        <translation>क्या आप सचमुच यह रिकॉर्ड हटाना चाहते हैं?</translation>
-    </message>
-    <message>
-        <source>Refresh Successfully!</source>
-        <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
-    </message>
 </context>
 <context>
     <name>quorvane::bills::FrmSalePurchase</name>
@@ -2064,12 +2165,36 @@ BSE %2   NSE %3</source>
         <translation>बिल सहेजा नहीं गया है। क्या उसे छोड़ दें?</translation>
     </message>
     <message>
+        <source>There is no Scrip of the Code %1.</source>
+        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
+    </message>
+    <message>
+        <source>Refresh Successfully!</source>
+        <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
+    </message>
+    <message>
+        <source>%1 at %2, held since %3</source>
+        <translation>%1 शेयर, दर %2, %3 से</translation>
+    </message>
+    <message>
         <source>There is a Bill No. %1 of this Broker on %2 already.
 
 Save this one, too?</source>
         <translation>इस ब्रोकर का %2 का बिल सं. %1 पहले से है।
 
 क्या इसे भी सहेजें?</translation>
+    </message>
+    <message>
+        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
+        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
+    </message>
+    <message>
+        <source>Take the Sale from these Lots, with a Line for each?
+
+%1</source>
+        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
+
+%1</translation>
     </message>
 </context>
 <context>
@@ -2427,8 +2552,16 @@ Save this one, too?</source>
         <translation>ग्राहक सूची</translation>
     </message>
     <message>
+        <source>Code or name begins with ...</source>
+        <translation>कोड या नाम इससे शुरू होता है ...</translation>
+    </message>
+    <message>
         <source>Clients</source>
         <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
     </message>
     <message>
         <source>Client Name</source>
@@ -2441,6 +2574,10 @@ Save this one, too?</source>
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>खोजें (&amp;S)</translation>
     </message>
     <message>
         <source>Financial &amp;Year</source>
@@ -2620,12 +2757,8 @@ Save this one, too?</source>
         <translation>कोड</translation>
     </message>
     <message>
-        <source>Code or name begins with ...</source>
-        <translation>कोड या नाम इससे शुरू होता है ...</translation>
-    </message>
-    <message>
-        <source>&amp;Search</source>
-        <translation>खोजें (&amp;S)</translation>
+        <source>Name</source>
+        <translation>नाम</translation>
     </message>
 </context>
 <context>
@@ -4012,29 +4145,6 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
-    <name>quorvane::reporting::PeriodPane</name>
-    <message>
-        <source>From</source>
-        <translation>तारीख़ से</translation>
-    </message>
-    <message>
-        <source>To</source>
-        <translation>तारीख़ तक</translation>
-    </message>
-    <message>
-        <source>&amp;From</source>
-        <translation>तारीख़ से (&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;To</source>
-        <translation>तारीख़ तक (&amp;T)</translation>
-    </message>
-    <message>
-        <source>Period</source>
-        <translation>अवधि</translation>
-    </message>
-</context>
-<context>
     <name>quorvane::reporting::PreviewWindow</name>
     <message>
         <source>Fit Width</source>
@@ -4134,7 +4244,23 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
-    <name>quorvane::reporting::ReportOutputs</name>
+    <name>quorvane::reporting::ReportWindow</name>
+    <message>
+        <source>Report</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>The report appears here.</source>
+        <translation>रिपोर्ट यहाँ दिखेगी।</translation>
+    </message>
+    <message>
+        <source>Pages, Word, Excel, PDF and CSV</source>
+        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
     <message>
         <source>&amp;Preview and Print</source>
         <translation>पूर्वावलोकन और छपाई (&amp;P)</translation>
@@ -4156,35 +4282,36 @@ Lots changed: %1</source>
         <translation>सीएसवी (&amp;C)</translation>
     </message>
     <message>
+        <source>From</source>
+        <translation>तारीख़ से</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>तारीख़ तक</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>तारीख़ से (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>तारीख़ तक (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>अवधि</translation>
+    </message>
+    <message>
+        <source>No Record Found.</source>
+        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
+    </message>
+    <message>
         <source>The report lies in %1. No program that opens it was found.</source>
         <translation>रिपोर्ट %1 में है। उसे खोलने वाला कोई प्रोग्राम नहीं मिला।</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
         <translation>%1 के रूप में सहेजा गया।</translation>
-    </message>
-</context>
-<context>
-    <name>quorvane::reporting::ReportWindow</name>
-    <message>
-        <source>Report</source>
-        <translation>रिपोर्ट</translation>
-    </message>
-    <message>
-        <source>The report appears here.</source>
-        <translation>रिपोर्ट यहाँ दिखेगी।</translation>
-    </message>
-    <message>
-        <source>Pages, Word, Excel, PDF and CSV</source>
-        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
-    </message>
-    <message>
-        <source>E&amp;xit</source>
-        <translation>बंद करें (&amp;X)</translation>
-    </message>
-    <message>
-        <source>No Record Found.</source>
-        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
     </message>
     <message>
         <source>&amp;Report</source>
@@ -4202,16 +4329,13 @@ Lots changed: %1</source>
         <source>Report and charts</source>
         <translation>रिपोर्ट और चार्ट</translation>
     </message>
-</context>
-<context>
-    <name>quorvane::reporting::TickGrid</name>
-    <message>
-        <source>and %1 more</source>
-        <translation>और %1 अन्य</translation>
-    </message>
     <message>
         <source>Select Demat A/c!</source>
         <translation>डीमैट खाता चुनें!</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
     </message>
 </context>
 <context>

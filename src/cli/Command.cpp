@@ -69,19 +69,27 @@ text::Date DateOf(const std::string& option, const std::string& text) {
   return *date;
 }
 
-ClientId ClientOf(const lookups::Directory& directory, const std::string& code) {
+void SetWork(CLI::App& command, Context& context, std::function<MaybeRefusal()> work) {
+  command.callback([&context, work = std::move(work)] { context.refusal = work(); });
+}
+
+Refusal RefusalOf(const std::string& text) {
+  return {QString::fromStdString(text)};
+}
+
+Result<ClientId> ClientOf(const lookups::Directory& directory, const std::string& code) {
   const lookups::ClientEntry* client = directory.FindClient(code);
   if (client == nullptr) {
-    throw Refused("there is no client \"" + code + "\"");
+    return RefusalOf("there is no client \"" + code + "\"");
   }
   return client->id;
 }
 
-AccountId AccountOf(const lookups::Directory& directory, ClientId client,
-                    const std::string& number) {
+Result<AccountId> AccountOf(const lookups::Directory& directory, ClientId client,
+                            const std::string& number) {
   const lookups::AccountEntry* account = directory.FindAccount(client, number);
   if (account == nullptr) {
-    throw Refused("the client has no demat account \"" + number + "\"");
+    return RefusalOf("the client has no demat account \"" + number + "\"");
   }
   return account->id;
 }

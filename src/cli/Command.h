@@ -18,32 +18,18 @@ namespace quorvane::cli {
 /// Exit statuses of quorvanectl.
 enum ExitStatus { kDone = 0, kRefused = 1, kWrongUsage = 2, kFailure = 3 };
 
-/// A rule that the user's input broke: printed on standard error, status 1, nothing changed.
-class Refused : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
 /// Words that cannot be understood: status 2.
 class WrongUsage : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// The value of a result; a refusal is thrown as Refused.
-template <class T>
-T ValueOf(Result<T> result) {
-  if (!result) {
-    throw Refused(result.Why().text.toStdString());
-  }
-  return std::move(*result);
-}
-
 /// What every command is given.
 struct Context {
   std::string data_folder;  ///< empty: the default application folder
   bool quiet = false;
-  int status = kDone;  ///< set by a command that ends without an exception
+  int status = kDone;    ///< set by a command that ends without an exception
+  MaybeRefusal refusal;  ///< of the command that was given
 
   /// Opens the database on first use.
   app::Session& Session();
@@ -72,12 +58,21 @@ void AddDatabaseCommands(CLI::App& app, Context& context);
 void AddBackupCommands(CLI::App& app, Context& context);
 void AddDemoCommand(CLI::App& app, Context& context);
 
-/// The text as a year, a date, a client, an account; Refused or WrongUsage when it is none.
+/// What a command does when it is given. A refusal is printed on standard error, with status 1;
+/// nothing was changed then.
+void SetWork(CLI::App& command, Context& context, std::function<MaybeRefusal()> work);
+
+/// A refusal in words of the command line's own.
+Refusal RefusalOf(const std::string& text);
+
+/// The text as a year or a date; throws WrongUsage when it is none.
 text::FinancialYear YearOf(const std::string& text);
 text::Date DateOf(const std::string& option, const std::string& text);
-ClientId ClientOf(const lookups::Directory& directory, const std::string& code);
-AccountId AccountOf(const lookups::Directory& directory, ClientId client,
-                    const std::string& number);
+
+/// The client or account of that name.
+Result<ClientId> ClientOf(const lookups::Directory& directory, const std::string& code);
+Result<AccountId> AccountOf(const lookups::Directory& directory, ClientId client,
+                            const std::string& number);
 
 /// Tells of records that a report could not count as they are written.
 void InformOf(Context& context, const records::Faults& faults);

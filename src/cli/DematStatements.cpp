@@ -81,26 +81,31 @@ class ClientReports {
       : context_(context),
         options_(options),
         output_(context, options.output, options.scope.all),
-        directory_(context.Connection()),
-        report_(options, ScopeOf(options.scope, directory_)) {}
+        directory_(context.Connection()) {}
 
-  void Run() {
+  MaybeRefusal Run() {
+    const Result<Scope> scope = ScopeOf(options_.scope, directory_);
+    if (!scope) {
+      return scope.Why();
+    }
+    const Report report(options_, *scope);
     using Part = typename Report::Part;
     const auto progress = context_.MakeProgress();
-    const records::Faults faults = report_.Build(
-        context_.Connection(), *progress,
-        [this](ClientId client, std::span<const Part> parts) { Take(client, parts); });
-    InformOf(context_, faults);
+    const auto take = [&](ClientId client, std::span<const Part> parts) {
+      Take(report, client, parts);
+    };
+    InformOf(context_, report.Build(context_.Connection(), *progress, take));
     if (output_.IsFirst() && !(options_.scope.all && output_.ToFiles())) {
-      Take(report_.query.client.value_or(ClientId{}), {});
+      take(scope->client.value_or(ClientId{}), {});
     }
+    return std::nullopt;
   }
 
  private:
-  void Take(ClientId client, std::span<const typename Report::Part> parts) {
+  void Take(const Report& report, ClientId client, std::span<const typename Report::Part> parts) {
     const std::string& name = directory_.Client(client).code;
     if (options_.output.Format() != OutputFormat::kCsv) {
-      output_.Take(report_.Document(client, parts, directory_), name);
+      output_.Take(report.Document(client, parts, directory_), name);
       return;
     }
     std::string text;
@@ -115,7 +120,6 @@ class ClientReports {
   const DematOptions& options_;
   ReportOutput output_;
   lookups::Directory directory_;
-  Report report_;
 };
 
 }  // namespace
@@ -125,7 +129,8 @@ void AddDematStatement(CLI::App& group, Context& context, const reports::Report&
   CLI::App* demat = group.add_subcommand(report.command, report.about);
   AddScopeOptions(*demat, options->scope);
   AddOutputOptions(*demat, options->output);
-  demat->callback([&context, options] { ClientReports<DematReport>(context, *options).Run(); });
+  SetWork(*demat, context,
+          [&context, options] { return ClientReports<DematReport>(context, *options).Run(); });
 }
 
 void AddTransactions(CLI::App& group, Context& context, const reports::Report& report) {
@@ -138,8 +143,9 @@ void AddTransactions(CLI::App& group, Context& context, const reports::Report& r
       ->check(CLI::IsMember({"detail", "summary"}));
   transactions->add_flag("--account-wise", options->account_wise, "Each account by itself");
   AddOutputOptions(*transactions, options->output);
-  transactions->callback(
-      [&context, options] { ClientReports<TransactionsReport>(context, *options).Run(); });
+  SetWork(*transactions, context, [&context, options] {
+    return ClientReports<TransactionsReport>(context, *options).Run();
+  });
 }
 
 }  // namespace quorvane::cli

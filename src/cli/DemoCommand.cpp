@@ -76,11 +76,11 @@ void WriteReports(Context& context, const std::string& folder) {
   }
 }
 
-void Demo(Context& context, const std::string& out) {
+MaybeRefusal Demo(Context& context, const std::string& out) {
   const QDir folder(QString::fromStdString(out));
   const QString data = folder.filePath(QStringLiteral("data"));
   if (QFileInfo::exists(data)) {
-    throw Refused("there is a demonstration in " + out + " already; name another folder");
+    return RefusalOf("there is a demonstration in " + out + " already; name another folder");
   }
   platform::MakeOutputFolder(folder.path());
   context.UseFolder(data.toStdString());
@@ -90,6 +90,7 @@ void Demo(Context& context, const std::string& out) {
       fmt::format("The reports lie in {}\nThe portfolio itself lies in {}; look into it with "
                   "quorvanectl --data {} ...\n",
                   folder.absolutePath().toStdString(), data.toStdString(), data.toStdString()));
+  return std::nullopt;
 }
 
 }  // namespace
@@ -98,7 +99,7 @@ void AddDemoCommand(CLI::App& app, Context& context) {
   auto out = std::make_shared<std::string>();
   CLI::App* demo = app.add_subcommand("demo", "A sample portfolio and every report of it");
   demo->add_option("--out", *out, "Folder to make")->required();
-  demo->callback([&context, out] { Demo(context, *out); });
+  SetWork(*demo, context, [&context, out] { return Demo(context, *out); });
 }
 
 }  // namespace quorvane::cli

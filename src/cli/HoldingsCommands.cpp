@@ -19,16 +19,26 @@ struct HoldingsOptions {
   std::string format = "text";
 };
 
+Result<ledger::LotScope> ScopeOf(const lookups::Directory& directory,
+                                 const HoldingsOptions& options) {
+  const Result<ClientId> client = ClientOf(directory, options.client);
+  if (!client) {
+    return client.Why();
+  }
+  if (options.account.empty()) {
+    return ledger::LotScope{*client, YearOf(options.year), {}};
+  }
+  const Result<AccountId> account = AccountOf(directory, *client, options.account);
+  if (!account) {
+    return account.Why();
+  }
+  return ledger::LotScope{*client, YearOf(options.year), *account};
+}
+
 /// By account, scrip and rate, as people look for them.
 std::vector<records::Lot> LotsOf(Context& context, const lookups::Directory& directory,
-                                 const HoldingsOptions& options) {
-  const ClientId client = ClientOf(directory, options.client);
-  std::optional<AccountId> account;
-  if (!options.account.empty()) {
-    account = AccountOf(directory, client, options.account);
-  }
-  std::vector<records::Lot> lots =
-      ledger::ReadLots(context.Connection(), {client, YearOf(options.year), account});
+                                 const ledger::LotScope& scope, const HoldingsOptions& options) {
+  std::vector<records::Lot> lots = ledger::ReadLots(context.Connection(), scope);
   if (!options.all) {
     std::erase_if(lots, [](const records::Lot& lot) { return !lot.quantity; });
   }
@@ -56,7 +66,7 @@ std::string HoldingsCsv(const std::vector<records::Lot>& lots,
   return out;
 }
 
-reporting::ReportDocument HoldingsDocument(const HoldingsOptions& options,
+reporting::ReportDocument HoldingsDocument(const HoldingsOptions& options, ClientId id,
                                            const std::vector<records::Lot>& lots,
                                            const lookups::Directory& directory) {
   using reporting::Alignment;
@@ -74,17 +84,23 @@ reporting::ReportDocument HoldingsDocument(const HoldingsOptions& options,
                           .cells = {utf8(directory.Account(lot.account).number), utf8(scrip.code),
                                     utf8(scrip.name), lot.rate, lot.quantity.Number()}});
   }
-  const auto& client = directory.Client(ClientOf(directory, options.client));
+  const auto& client = directory.Client(id);
   return {{QStringLiteral("Holdings"), QStringLiteral("Financial Year - ") + utf8(options.year),
            utf8(client.name) + QStringLiteral(" (") + utf8(client.code) + QLatin1Char(')')},
           {table}};
 }
 
-void Holdings(Context& context, const HoldingsOptions& options) {
+MaybeRefusal Holdings(Context& context, const HoldingsOptions& options) {
   const lookups::Directory directory(context.Connection());
-  const std::vector<records::Lot> lots = LotsOf(context, directory, options);
-  Print(options.format == "csv" ? HoldingsCsv(lots, directory)
-                                : reporting::WriteText(HoldingsDocument(options, lots, directory)));
+  const Result<ledger::LotScope> scope = ScopeOf(directory, options);
+  if (!scope) {
+    return scope.Why();
+  }
+  const std::vector<records::Lot> lots = LotsOf(context, directory, *scope, options);
+  Print(options.format == "csv"
+            ? HoldingsCsv(lots, directory)
+            : reporting::WriteText(HoldingsDocument(options, *scope->client, lots, directory)));
+  return std::nullopt;
 }
 
 }  // namespace
@@ -98,7 +114,7 @@ void AddHoldingsCommands(CLI::App& app, Context& context) {
   holdings->add_flag("--all", options->all, "Lots that are used up, too");
   holdings->add_option("--format", options->format, "text or csv")
       ->check(CLI::IsMember({"text", "csv"}));
-  holdings->callback([&context, options] { Holdings(context, *options); });
+  SetWork(*holdings, context, [&context, options] { return Holdings(context, *options); });
 }
 
 }  // namespace quorvane::cli

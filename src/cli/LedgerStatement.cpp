@@ -12,7 +12,7 @@ struct LedgerOptions {
   OutputOptions output;
 };
 
-std::vector<BrokerId> BrokersOf(Context& context, const std::vector<std::string>& names) {
+Result<std::vector<BrokerId>> BrokersOf(Context& context, const std::vector<std::string>& names) {
   const auto known = lookups::DropDownItems(context.Connection(), lookups::DropDown::kBrokers);
   std::vector<BrokerId> brokers;
   for (const std::string& name : names) {
@@ -20,7 +20,7 @@ std::vector<BrokerId> BrokersOf(Context& context, const std::vector<std::string>
       return lookups::Folded(item.text.toStdString()) == lookups::Folded(name);
     });
     if (found == known.end()) {
-      throw Refused("there is no broker " + name);
+      return RefusalOf("there is no broker " + name);
     }
     brokers.push_back(BrokerId{found->id});
   }
@@ -35,22 +35,29 @@ reporting::ReportDocument MakeLedger(Context& context, const broker_ledger::Ledg
       broker_ledger::ReadBrokerLedger(context.Connection(), query, progress).accounts);
 }
 
-void PrintLedgers(Context& context, const LedgerOptions& options) {
+MaybeRefusal PrintLedgers(Context& context, const LedgerOptions& options) {
   const lookups::Directory directory(context.Connection());
-  const Scope scope = ScopeOf(options.scope, directory);
-  const std::vector<BrokerId> brokers = BrokersOf(context, options.brokers);
+  const Result<Scope> scope = ScopeOf(options.scope, directory);
+  if (!scope) {
+    return scope.Why();
+  }
+  const Result<std::vector<BrokerId>> brokers = BrokersOf(context, options.brokers);
+  if (!brokers) {
+    return brokers.Why();
+  }
   ReportOutput output(context, options.output, options.scope.all);
-  const auto clients = ClientsOf(scope, directory);
+  const auto clients = ClientsOf(*scope, directory);
   const auto progress = context.MakeProgress();
   progress->Begin(QStringLiteral("Writing broker ledgers"),
                   static_cast<std::int64_t>(clients.size()));
   std::int64_t done = 0;
   for (const ClientId client : clients) {
-    output.Take(MakeLedger(context, {{client, scope.year}, scope.period, brokers}, directory),
+    output.Take(MakeLedger(context, {{client, scope->year}, scope->period, *brokers}, directory),
                 directory.Client(client).code);
     progress->Step(++done);
     progress->ThrowIfCancelled();
   }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -61,7 +68,7 @@ void AddBrokerLedger(CLI::App& group, Context& context, const reports::Report& r
   AddPeriodOptions(*command, options->scope);
   command->add_option("--brokers", options->brokers, "Brokers, by name")->delimiter(',');
   AddOutputOptions(*command, options->output);
-  command->callback([&context, options] { PrintLedgers(context, *options); });
+  SetWork(*command, context, [&context, options] { return PrintLedgers(context, *options); });
 }
 
 }  // namespace quorvane::cli

@@ -19,13 +19,12 @@ int Report(const char* what, ExitStatus status) {
 int Run(CLI::App& app, Context& context, int argc, char** argv) {
   try {
     app.parse(argc, argv);
-    return context.status;
+    return context.refusal ? Report(context.refusal->text.toUtf8().constData(), kRefused)
+                           : context.status;
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kWrongUsage;
   } catch (const WrongUsage& error) {
     return Report(error.what(), kWrongUsage);
-  } catch (const Refused& error) {
-    return Report(error.what(), kRefused);
   } catch (const quorvane::Cancellation&) {
     return Report("cancelled; nothing was changed", kRefused);
   } catch (const std::exception& error) {
@@ -46,10 +45,9 @@ int main(int argc, char** argv) {
   app.set_version_flag("--version", quorvane::app::kVersionText);
   app.add_option("--data", context.data_folder, "Application folder with the settings and data");
   app.add_flag("--quiet", context.quiet, "No progress bar and no notices");
-  for (const Registrar add :
-       {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands, AddReportCommands,
-        AddLedgerCommands, AddRatesCommands, AddDatabaseCommands, AddBackupCommands,
-        AddDemoCommand}) {
+  for (const Registrar add : {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands,
+                              AddReportCommands, AddLedgerCommands, AddRatesCommands,
+                              AddDatabaseCommands, AddBackupCommands, AddDemoCommand}) {
     add(app, context);
   }
   return Run(app, context, argc, argv);

@@ -28,53 +28,73 @@ mis::Grouping GroupingOf(const std::string& word) {
   return kWords.at(word);
 }
 
-std::vector<ClientId> ClientsOf(const MisOptions& options, const mis::Names& names) {
+Result<std::vector<ClientId>> ClientsOf(const MisOptions& options, const mis::Names& names) {
   if (!options.group.empty()) {
     auto clients = names.ClientsOf(QString::fromStdString(options.group));
     if (clients.empty()) {
-      throw Refused("there is no client group \"" + options.group + "\"");
+      return RefusalOf("there is no client group \"" + options.group + "\"");
     }
     return clients;
   }
   std::vector<ClientId> clients;
   for (const std::string& code : options.clients) {
-    clients.push_back(ClientOf(names.Directory(), code));
+    const Result<ClientId> client = ClientOf(names.Directory(), code);
+    if (!client) {
+      return client.Why();
+    }
+    clients.push_back(*client);
   }
   return clients;
 }
 
-text::Date DayInYear(const std::string& option, const std::string& text, text::FinancialYear year) {
-  const text::Date day = DateOf(option, text);
+/// The day that an option names, or `day` when it names none.
+Result<text::Date> DayInYear(const std::string& option, const std::string& text,
+                             text::FinancialYear year, text::Date day) {
+  if (text.empty()) {
+    return day;
+  }
+  day = DateOf(option, text);
   if (!year.Contains(day)) {
-    throw Refused(option + " " + text + " lies outside the financial year " + year.Utf8());
+    return RefusalOf(option + " " + text + " lies outside the financial year " + year.Utf8());
   }
   return day;
 }
 
-mis::MisQuery QueryOf(mis::ReportKind kind, const MisOptions& options, const mis::Names& names) {
-  mis::MisQuery query = mis::MisQuery::OfYear(kind, GroupingOf(options.by), YearOf(options.year));
-  query.detail = !options.consolidated;
-  query.clients = ClientsOf(options, names);
-  if (!options.from.empty()) {
-    query.period.from = DayInYear("--from", options.from, query.year);
+/// --to and --as-on exclude each other.
+Result<reporting::Period> PeriodOf(const MisOptions& options, text::FinancialYear year) {
+  const auto from = DayInYear("--from", options.from, year, year.FirstDay());
+  if (!from) {
+    return from.Why();
   }
-  if (!options.to.empty()) {
-    query.period.to = DayInYear("--to", options.to, query.year);
+  const auto to = options.as_on.empty() ? DayInYear("--to", options.to, year, year.LastDay())
+                                        : DayInYear("--as-on", options.as_on, year, year.LastDay());
+  if (!to) {
+    return to.Why();
   }
-  if (!options.as_on.empty()) {
-    query.period.to = DayInYear("--as-on", options.as_on, query.year);
+  if (*from > *to) {
+    return RefusalOf("From Date Can't be Greater than To Date.");
   }
-  if (query.period.from > query.period.to) {
-    throw Refused("From Date Can't be Greater than To Date.");
-  }
-  return query;
+  return reporting::Period{*from, *to};
 }
 
-void Run(Context& context, mis::ReportKind kind, const MisOptions& options) {
+MaybeRefusal PrintReport(Context& context, mis::ReportKind kind, const MisOptions& options) {
   ReportOutput output(context, options.output, false);
-  const mis::MisQuery query = QueryOf(kind, options, mis::Names(context.Connection()));
+  const mis::Names names(context.Connection());
+  mis::MisQuery query = mis::MisQuery::OfYear(kind, GroupingOf(options.by), YearOf(options.year));
+  query.detail = !options.consolidated;
+  const Result<std::vector<ClientId>> clients = ClientsOf(options, names);
+  if (!clients) {
+    return clients.Why();
+  }
+  query.clients = *clients;
+  const Result<reporting::Period> period = PeriodOf(options, query.year);
+  if (!period) {
+    return period.Why();
+  }
+  query.period = *period;
   const auto progress = context.MakeProgress();
   output.Take(mis::MakeMisReport(context.Connection(), query, *progress), "mis");
+  return std::nullopt;
 }
 
 }  // namespace
@@ -100,7 +120,8 @@ void AddMisReport(CLI::App& group, Context& context, const reports::Report& repo
   command->add_flag("--detail", options->detail, "A line a movement or a lot, as without a choice")
       ->excludes(consolidated);
   AddOutputOptions(*command, options->output);
-  command->callback([&context, options, kind] { Run(context, kind, *options); });
+  SetWork(*command, context,
+          [&context, options, kind] { return PrintReport(context, kind, *options); });
 }
 
 }  // namespace quorvane::cli

@@ -12,7 +12,7 @@ struct ImportOptions {
   bool dry_run = false;
 };
 
-void Import(Context& context, const ImportOptions& options) {
+MaybeRefusal Import(Context& context, const ImportOptions& options) {
   const auto progress = context.MakeProgress();
   const portfolio::ImportResult result = portfolio::ImportPortfolio(
       context.Connection(), QString::fromStdString(options.folder), options.dry_run, *progress);
@@ -21,7 +21,7 @@ void Import(Context& context, const ImportOptions& options) {
     for (const portfolio::ImportError& error : result.errors) {
       text += "\n  " + error.Text();
     }
-    throw Refused(text);
+    return RefusalOf(text);
   }
   for (const std::string& note : result.notes) {
     context.Inform(note);
@@ -30,6 +30,7 @@ void Import(Context& context, const ImportOptions& options) {
     context.Inform(fmt::format("{:>9} {}", count.added, count.what));
   }
   context.Inform(options.dry_run ? "Checked; nothing was written." : "Taken in.");
+  return std::nullopt;
 }
 
 struct ExportOptions {
@@ -37,14 +38,20 @@ struct ExportOptions {
   std::string client;
 };
 
-void Export(Context& context, const ExportOptions& options) {
+MaybeRefusal Export(Context& context, const ExportOptions& options) {
   std::optional<ClientId> client;
   if (!options.client.empty()) {
-    client = ClientOf(lookups::Directory(context.Connection()), options.client);
+    const Result<ClientId> found =
+        ClientOf(lookups::Directory(context.Connection()), options.client);
+    if (!found) {
+      return found.Why();
+    }
+    client = *found;
   }
   const auto progress = context.MakeProgress();
   portfolio::ExportPortfolio(context.Connection(), QString::fromStdString(options.folder), client,
                              *progress);
+  return std::nullopt;
 }
 
 }  // namespace
@@ -55,14 +62,16 @@ void AddPortfolioCommands(CLI::App& app, Context& context) {
       app.add_subcommand("import", "Take a portfolio folder in, all or nothing");
   import_command->add_option("folder", import_options->folder, "Folder of CSV files")->required();
   import_command->add_flag("--dry-run", import_options->dry_run, "Check only");
-  import_command->callback([&context, import_options] { Import(context, *import_options); });
+  SetWork(*import_command, context,
+          [&context, import_options] { return Import(context, *import_options); });
 
   auto export_options = std::make_shared<ExportOptions>();
   CLI::App* export_command = app.add_subcommand("export", "Write the portfolio as a folder");
   export_command->add_option("folder", export_options->folder, "Folder to write to")->required();
   export_command->add_option("--client", export_options->client,
                              "Only this client and those that transfers join to it");
-  export_command->callback([&context, export_options] { Export(context, *export_options); });
+  SetWork(*export_command, context,
+          [&context, export_options] { return Export(context, *export_options); });
 }
 
 }  // namespace quorvane::cli

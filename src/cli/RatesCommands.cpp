@@ -17,17 +17,8 @@ struct RatesOptions {
   std::string exchange;
 };
 
-text::Date CheckedDate(const RatesOptions& options) {
-  const text::Date date = DateOf("--date", options.date);
-  if (const MaybeRefusal refusal =
-          rates::CheckRateDate(text::FormatDmy(date), text::Today(), QString())) {
-    throw Refused(refusal->text.toStdString());
-  }
-  return date;
-}
-
 /// The path of the daily price file from the exchange's archive.
-QString FetchedFile(Context& context, const RatesOptions& options, text::Date date) {
+Result<QString> FetchedFile(Context& context, const RatesOptions& options, text::Date date) {
   const app::Session& session = context.Session();
   rates::PriceFetch fetch(rates::ExchangeHosts::From(app::IniFile(session.folders.config_file)),
                           session.folders.market_rate);
@@ -40,27 +31,38 @@ QString FetchedFile(Context& context, const RatesOptions& options, text::Date da
                });
   waiting.exec();
   if (!fetched.failure.isEmpty()) {
-    throw Refused(fetched.failure.toStdString());
+    return Refusal{fetched.failure};
   }
   return fetched.path;
 }
 
-void Rates(Context& context, const RatesOptions& options) {
+MaybeRefusal Rates(Context& context, const RatesOptions& options) {
   if (options.fetch != options.file.empty() || options.fetch == options.exchange.empty()) {
     throw WrongUsage("expected FILE --date D, or --fetch --date D --exchange BSE|NSE");
   }
-  const text::Date date = CheckedDate(options);
-  const QString path =
-      options.fetch ? FetchedFile(context, options, date) : QString::fromStdString(options.file);
-  const rates::MatchedRates matched = ValueOf(rates::ReadRates(context.Connection(), path, date));
-  if (matched.rates.empty()) {
-    throw Refused(
-        fmt::format("no rate was saved: none of the {} rows of the file belongs to a scrip",
-                    matched.unmatched.size()));
+  const text::Date date = DateOf("--date", options.date);
+  if (MaybeRefusal refusal = rates::CheckRateDate(text::FormatDmy(date), text::Today())) {
+    return refusal;
   }
-  rates::RateBook(context.Connection()).Save(date, matched.rates, matched.isins);
+  const Result<QString> path = options.fetch
+                                   ? FetchedFile(context, options, date)
+                                   : Result<QString>(QString::fromStdString(options.file));
+  if (!path) {
+    return path.Why();
+  }
+  const Result<rates::MatchedRates> matched = rates::ReadRates(context.Connection(), *path, date);
+  if (!matched) {
+    return matched.Why();
+  }
+  if (matched->rates.empty()) {
+    return RefusalOf(
+        fmt::format("no rate was saved: none of the {} rows of the file belongs to a scrip",
+                    matched->unmatched.size()));
+  }
+  rates::RateBook(context.Connection()).Save(date, matched->rates, matched->isins);
   context.Inform(fmt::format("{} rates of {} saved; {} rows of the file belong to no scrip.",
-                             matched.rates.size(), options.date, matched.unmatched.size()));
+                             matched->rates.size(), options.date, matched->unmatched.size()));
+  return std::nullopt;
 }
 
 }  // namespace
@@ -75,7 +77,7 @@ void AddRatesCommands(CLI::App& app, Context& context) {
   rates->add_flag("--fetch", options->fetch, "Get the file from the exchange's archive");
   rates->add_option("--exchange", options->exchange, "BSE or NSE, for --fetch")
       ->check(CLI::IsMember({"BSE", "NSE"}));
-  rates->callback([&context, options] { Rates(context, *options); });
+  SetWork(*rates, context, [&context, options] { return Rates(context, *options); });
 }
 
 }  // namespace quorvane::cli

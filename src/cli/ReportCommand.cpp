@@ -20,32 +20,58 @@ std::vector<std::string> FormatNames() {
   return names;
 }
 
-void AddAccounts(Scope& scope, const lookups::Directory& directory,
-                 const std::vector<std::string>& numbers) {
-  for (const std::string& number : numbers) {
-    if (scope.client) {
-      scope.accounts.push_back(AccountOf(directory, *scope.client, number));
+Result<std::vector<AccountId>> AccountsOf(const ScopeOptions& options,
+                                          std::optional<ClientId> client,
+                                          const lookups::Directory& directory) {
+  std::vector<AccountId> accounts;
+  for (const std::string& number : options.accounts) {
+    if (client) {
+      const Result<AccountId> account = AccountOf(directory, *client, number);
+      if (!account) {
+        return account.Why();
+      }
+      accounts.push_back(*account);
       continue;
     }
     const auto found = directory.FindAccounts(number);
     if (found.empty()) {
-      throw Refused("there is no demat account \"" + number + "\"");
+      return RefusalOf("there is no demat account \"" + number + "\"");
     }
     for (const lookups::AccountEntry* account : found) {
-      scope.accounts.push_back(account->id);
+      accounts.push_back(account->id);
     }
   }
+  return accounts;
 }
 
-void AddScrips(Scope& scope, const lookups::Directory& directory,
-               const std::vector<std::string>& codes) {
-  for (const std::string& code : codes) {
+Result<std::vector<ScripId>> ScripsOf(const ScopeOptions& options,
+                                      const lookups::Directory& directory) {
+  std::vector<ScripId> scrips;
+  for (const std::string& code : options.scrips) {
     const lookups::ScripEntry* scrip = directory.FindScrip(code);
     if (scrip == nullptr) {
-      throw Refused("there is no scrip \"" + code + "\"");
+      return RefusalOf("there is no scrip \"" + code + "\"");
     }
-    scope.scrips.push_back(scrip->id);
+    scrips.push_back(scrip->id);
   }
+  return scrips;
+}
+
+Result<reporting::Period> PeriodOf(const ScopeOptions& options, text::FinancialYear year) {
+  reporting::Period period = reporting::Period::Of(year);
+  if (!options.from.empty()) {
+    period.from = DateOf("--from", options.from);
+  }
+  if (!options.to.empty()) {
+    period.to = DateOf("--to", options.to);
+  }
+  if (const MaybeRefusal outside = reporting::RefuseOutside(period, year)) {
+    return *outside;
+  }
+  if (period.from > period.to) {
+    return RefusalOf("From Date Can't be Greater than To Date.");
+  }
+  return period;
 }
 
 void AddReport(CLI::App& group, Context& context, const reports::Report& report) {
@@ -99,29 +125,33 @@ void AddScopeOptions(CLI::App& command, ScopeOptions& options) {
   command.add_option("--scrips", options.scrips, "Scrips, by code")->delimiter(',');
 }
 
-Scope ScopeOf(const ScopeOptions& options, const lookups::Directory& directory) {
+Result<Scope> ScopeOf(const ScopeOptions& options, const lookups::Directory& directory) {
   if (options.client.empty() && !options.all) {
     throw WrongUsage("expected --client CODE or --all");
   }
-  const text::FinancialYear year = YearOf(options.year);
-  Scope scope{{}, year, reporting::Period::Of(year), {}, {}};
+  Scope scope{{}, YearOf(options.year), {}, {}, {}};
   if (!options.all) {
-    scope.client = ClientOf(directory, options.client);
+    const Result<ClientId> client = ClientOf(directory, options.client);
+    if (!client) {
+      return client.Why();
+    }
+    scope.client = *client;
   }
-  if (!options.from.empty()) {
-    scope.period.from = DateOf("--from", options.from);
+  const Result<reporting::Period> period = PeriodOf(options, scope.year);
+  if (!period) {
+    return period.Why();
   }
-  if (!options.to.empty()) {
-    scope.period.to = DateOf("--to", options.to);
+  scope.period = *period;
+  Result<std::vector<AccountId>> accounts = AccountsOf(options, scope.client, directory);
+  if (!accounts) {
+    return accounts.Why();
   }
-  if (const auto outside = reporting::RefuseOutside(scope.period, year)) {
-    throw Refused(outside->text.toStdString());
+  scope.accounts = std::move(*accounts);
+  Result<std::vector<ScripId>> scrips = ScripsOf(options, directory);
+  if (!scrips) {
+    return scrips.Why();
   }
-  if (scope.period.from > scope.period.to) {
-    throw Refused("From Date Can't be Greater than To Date.");
-  }
-  AddAccounts(scope, directory, options.accounts);
-  AddScrips(scope, directory, options.scrips);
+  scope.scrips = std::move(*scrips);
   return scope;
 }
 

@@ -51,8 +51,9 @@ struct Scope {
   std::vector<ScripId> scrips;
 };
 
-/// Throws Refused or WrongUsage for what there is not.
-Scope ScopeOf(const ScopeOptions& options, const lookups::Directory& directory);
+/// Refused when there is no such client, account or scrip, and for days outside the year; throws
+/// WrongUsage for words that cannot be understood.
+Result<Scope> ScopeOf(const ScopeOptions& options, const lookups::Directory& directory);
 
 /// The clients of a scope, by code.
 std::vector<ClientId> ClientsOf(const Scope& scope, const lookups::Directory& directory);

@@ -42,8 +42,7 @@ gains::FoChoice FoOf(const std::string& word) {
   return kWords.at(word);
 }
 
-profit::ProfitQuery QueryOf(const StatementOptions& options, const lookups::Directory& directory) {
-  Scope scope = ScopeOf(options.scope, directory);
+profit::ProfitQuery QueryOf(const StatementOptions& options, Scope scope) {
   profit::ProfitQuery query = profit::ProfitQuery::OfYear(scope.client, scope.year);
   query.from = scope.period.from;
   query.to = scope.period.to;
@@ -65,10 +64,14 @@ class StatementCommand {
         options_(options),
         output_(context, options.output, options.scope.all),
         directory_(context.Connection()),
-        progress_(context.MakeProgress()),
-        query_(QueryOf(options, directory_)) {}
+        progress_(context.MakeProgress()) {}
 
-  void Run() {
+  MaybeRefusal Run() {
+    Result<Scope> scope = ScopeOf(options_.scope, directory_);
+    if (!scope) {
+      return scope.Why();
+    }
+    query_ = QueryOf(options_, std::move(*scope));
     const records::Faults faults =
         profit::BuildStatement(context_.Connection(), query_, *progress_,
                                [this](ClientId client, std::span<const profit::StatementRow> rows) {
@@ -78,6 +81,7 @@ class StatementCommand {
     if (output_.IsFirst() && !(options_.scope.all && output_.ToFiles())) {
       Take(query_.client.value_or(ClientId{}), {});
     }
+    return std::nullopt;
   }
 
  private:
@@ -138,7 +142,8 @@ void AddProfitStatement(CLI::App& group, Context& context, const reports::Report
   command->add_flag("--average", options->average, "Cost at the average rate");
   command->add_option("--layout", options->layout)->check(CLI::IsMember({"detail", "summary"}));
   AddOutputOptions(*command, options->output);
-  command->callback([&context, options, mode] { StatementCommand(context, mode, *options).Run(); });
+  SetWork(*command, context,
+          [&context, options, mode] { return StatementCommand(context, mode, *options).Run(); });
 }
 
 }  // namespace quorvane::cli

@@ -168,8 +168,10 @@ void ChildWindow::ScaleForm() {
   }
 }
 
-QWidget* ChildWindow::FieldNamed(const QString& name) const {
-  return name.isEmpty() ? nullptr : findChild<QWidget*>(name);
+void ChildWindow::Hold(const std::vector<FieldControl>& controls) {
+  for (const FieldControl& one : controls) {
+    controls_[one.field] = one.control;
+  }
 }
 
 void ChildWindow::PressOn(const QKeySequence& keys, QAbstractButton* button) {
@@ -231,22 +233,28 @@ void ChildWindow::Watch(DateBox* box) {
 
 void ChildWindow::DateRefused(DateBox* box, const QString& text) {
   if (!IsCancelling()) {
-    Show({.text = text, .field = box->objectName()});
+    ShowAt(text, box);
   }
 }
 
 void ChildWindow::Show(const Refusal& refusal) {
-  if (!refusal.text.isEmpty()) {
-    Say().Refuse(refusal.text);
+  const auto control = controls_.find(refusal.field);
+  ShowAt(refusal.text, control == controls_.end() ? nullptr : findChild<QWidget*>(control->second));
+}
+
+void ChildWindow::ShowAt(const QString& text, QWidget* control) {
+  if (!text.isEmpty()) {
+    Say().Refuse(text);
   }
-  if (QWidget* field = FieldNamed(refusal.field)) {
-    Reveal(field);
-    field->setFocus(Qt::OtherFocusReason);
-    // Closing a message box gives the focus back without the selection of an entry.
-    const auto* list = qobject_cast<QComboBox*>(field);
-    if (auto* box = list == nullptr ? qobject_cast<QLineEdit*>(field) : list->lineEdit()) {
-      box->selectAll();
-    }
+  if (control == nullptr) {
+    return;
+  }
+  Reveal(control);
+  control->setFocus(Qt::OtherFocusReason);
+  // Closing a message box gives the focus back without the selection of an entry.
+  const auto* list = qobject_cast<QComboBox*>(control);
+  if (auto* box = list == nullptr ? qobject_cast<QLineEdit*>(control) : list->lineEdit()) {
+    box->selectAll();
   }
 }
 

@@ -8,11 +8,20 @@
 
 #include <QWidget>
 
+#include <map>
+#include <vector>
+
 class QKeySequence;
 class QMdiArea;
 class QMdiSubWindow;
 
 namespace quorvane::controls {
+
+/// The control, by its name, in which a window holds a value.
+struct FieldControl {
+  Field field;
+  QString control;
+};
 
 /// The base of every window that opens inside the main window. Enter moves to the next control, Esc
 /// closes, F1 asks for help. The window deletes itself when it is closed. In the area of the main
@@ -46,7 +55,9 @@ class ChildWindow : public QWidget {
   /// The designed size times the screen factors, at most what the place for it has.
   QSize sizeHint() const override;
 
-  QWidget* FieldNamed(const QString& name) const;
+  /// Shows the text with the critical icon and focuses the control of what was entered wrong.
+  /// Without a text, because the user was asked and said no, it only focuses.
+  void Show(const Refusal& refusal);
 
  Q_SIGNALS:
   void Closed();
@@ -89,9 +100,12 @@ class ChildWindow : public QWidget {
   /// years are completed by the desk's calendar.
   void Watch(DateBox* box);
 
-  /// Shows the text with the critical icon and focuses the control that the refusal names. Without
-  /// a text, because the user was asked and said no, it only focuses.
-  void Show(const Refusal& refusal);
+  /// Says which control holds which value, for the refusals of the window's model. Several calls
+  /// add up.
+  void Hold(const std::vector<FieldControl>& controls);
+
+  /// The same as Show for a control that no refusal of a model names, or for none.
+  void ShowAt(const QString& text, QWidget* control);
 
   /// Brings a control of the window on the screen before it gets the focus.
   virtual void Reveal(QWidget* field) { static_cast<void>(field); }
@@ -126,7 +140,8 @@ class ChildWindow : public QWidget {
   bool was_shown_ = false;
   bool closing_ = false;
   bool agreed_ = false;  ///< that it closes
-  QRect opened_at_;      ///< place of its frame, before the user moved it
+  std::map<Field, QString> controls_;
+  QRect opened_at_;  ///< place of its frame, before the user moved it
 };
 
 }  // namespace quorvane::controls

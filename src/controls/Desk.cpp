@@ -1,8 +1,8 @@
 #include "controls/Desk.h"
 
 #include "controls/WindowMemory.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -40,7 +40,7 @@ class LastFolder {
 
 QString AskSavePath(QWidget* over, const QString& suggested_path, const LastFolder& last) {
   const QFileInfo suggested(suggested_path);
-  QFileDialog dialog(over, QCoreApplication::translate("DesktopFiles", "Save As"));
+  QFileDialog dialog(over, Tr("DesktopFiles", "Save As"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(suggested.suffix());
   dialog.setNameFilter(
@@ -54,16 +54,16 @@ QString AskSavePath(QWidget* over, const QString& suggested_path, const LastFold
 
 QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters,
                     const LastFolder& last) {
-  const QString path = QFileDialog::getOpenFileName(
-      over, QCoreApplication::translate("DesktopFiles", "Choose a File"),
-      last.Or(folder.isEmpty() ? QDir::homePath() : folder), filters);
+  const QString path =
+      QFileDialog::getOpenFileName(over, Tr("DesktopFiles", "Choose a File"),
+                                   last.Or(folder.isEmpty() ? QDir::homePath() : folder), filters);
   return last.Note(QFileInfo(path).absolutePath(), path);
 }
 
 QString AskFolder(QWidget* over, const QString& start, const LastFolder& last) {
-  const QString folder = QFileDialog::getExistingDirectory(
-      over, QCoreApplication::translate("DesktopFiles", "Choose a Folder"),
-      start.isEmpty() ? last.Or(QDir::homePath()) : start);
+  const QString folder =
+      QFileDialog::getExistingDirectory(over, Tr("DesktopFiles", "Choose a Folder"),
+                                        start.isEmpty() ? last.Or(QDir::homePath()) : start);
   return last.Note(folder, folder);
 }
 

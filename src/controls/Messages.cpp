@@ -3,9 +3,9 @@
 #include "core/Progress.h"
 #include "core/app/AppInfo.h"
 #include "core/database/DatabaseError.h"
+#include "core/text/Tr.h"
 
 #include <QApplication>
-#include <QCoreApplication>
 #include <QMessageBox>
 
 #include <exception>
@@ -44,17 +44,16 @@ namespace {
 
 QString HintFor(const database::DatabaseError& error) {
   if (error.IsConnectionLost()) {
-    return QCoreApplication::translate(
-        "Guard",
-        "The connection to the database was lost. Check whether the last record was saved, "
-        "then try again.");
+    return Tr("Guard",
+              "The connection to the database was lost. Check whether the last record was saved, "
+              "then try again.");
   }
   if (error.IsTransient()) {
-    return QCoreApplication::translate(
-        "Guard", "The database was busy with other work. Nothing was changed. Please try again.");
+    return Tr("Guard",
+              "The database was busy with other work. Nothing was changed. Please try again.");
   }
-  return QCoreApplication::translate(
-      "Guard", "What was not yet saved is still in the window. Mend the cause and try again.");
+  return Tr("Guard",
+            "What was not yet saved is still in the window. Mend the cause and try again.");
 }
 
 QString TextOf(const database::DatabaseError& error) {
@@ -65,7 +64,7 @@ QString TextOf(const database::DatabaseError& error) {
 
 void Guard::Report(const QString& handler, const std::optional<QString>& failure) const {
   if (!failure) {
-    messages_.Inform(QCoreApplication::translate("Guard", "Cancelled. Nothing was changed."));
+    messages_.Inform(Tr("Guard", "Cancelled. Nothing was changed."));
   } else {
     messages_.Refuse(handler + QStringLiteral(": ") + *failure);
   }
@@ -84,7 +83,7 @@ bool Guard::Run(const QString& handler, const std::function<void()>& work) const
   } catch (const std::exception& error) {
     failure = QString::fromUtf8(error.what());
   } catch (...) {
-    failure = QCoreApplication::translate("Guard", "An unknown failure.");
+    failure = Tr("Guard", "An unknown failure.");
   }
   Report(handler, failure);
   return false;

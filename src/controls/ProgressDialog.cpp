@@ -3,6 +3,7 @@
 #include "controls/Style.h"
 #include "controls/ZENButton.h"
 #include "core/platform/Processes.h"
+#include "core/text/Tr.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -25,7 +26,7 @@ class ProgressDialog::Window final : public QDialog {
  public:
   explicit Window(QWidget* parent) : QDialog(parent) {
     setWindowModality(Qt::ApplicationModal);
-    setWindowTitle(QCoreApplication::translate("ProgressDialog", "Please wait"));
+    setWindowTitle(Tr("ProgressDialog", "Please wait"));
     setMinimumWidth(kMinimumWidth);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -40,13 +41,12 @@ class ProgressDialog::Window final : public QDialog {
   void reject() override {
     cancelled = true;
     cancel.setEnabled(false);
-    label.setText(QCoreApplication::translate("ProgressDialog", "Stopping..."));
+    label.setText(Tr("ProgressDialog", "Stopping..."));
   }
 
   QLabel label;
   QProgressBar bar;
-  ZENButton cancel{QStringLiteral("cmdCancel"),
-                   QCoreApplication::translate("ProgressDialog", "&Cancel")};
+  ZENButton cancel{QStringLiteral("cmdCancel"), Tr("ProgressDialog", "&Cancel")};
   bool cancelled = false;
 };
 

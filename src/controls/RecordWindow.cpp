@@ -143,6 +143,7 @@ void RecordWindow::BuildButtons() {
 }
 
 void RecordWindow::Start() {
+  Hold({{Field::kRecord, list_->objectName()}});
   On(list_, &Grid::CurrentRowChanged, &RecordWindow::List_RowChanged,
      list_->objectName() + QLatin1String("_RowColChange"));
   On(list_, &Grid::RowActivated, &RecordWindow::List_RowActivated,
@@ -214,7 +215,7 @@ bool RecordWindow::RefusesDate() {
     }
     if (!ChecksItsDates()) {
       if (!box->hasFocus()) {
-        Show({tr("Enter Proper Date."), box->objectName()});
+        ShowAt(tr("Enter Proper Date."), box);
       }
       return true;
     }

@@ -59,9 +59,18 @@ class RecordWindow : public ChildWindow {
   /// browsing.
   virtual void BeginEditing() {}
 
-  /// Checks the form and saves it as record CurrentId(), 0 being a new one. A new record's key goes
-  /// to SetCurrentId. A refusal's field is the control name to focus; nothing was changed then.
+  /// Checks the form and saves it as record CurrentId(), 0 being a new one; the key of what was
+  /// saved becomes the current one. When it is refused, nothing was changed.
   virtual MaybeRefusal Save() = 0;
+
+  /// What Save hands back for what came of saving by a book: a key, or a record with its key.
+  template <class T>
+  MaybeRefusal Saved(const Result<T>& saved) {
+    if (saved) {
+      SetCurrentId(KeyOf(*saved));
+    }
+    return saved.Refused();
+  }
 
   /// Deletes the record; the user has agreed to it.
   virtual void Remove(int id) = 0;
@@ -112,6 +121,17 @@ class RecordWindow : public ChildWindow {
   void List_RowChanged(int row);
   void List_RowActivated(int row);
   void ImgBack_Click(int panel);
+
+  template <class T>
+  static int KeyOf(const T& saved) {
+    if constexpr (requires { saved.id; }) {
+      return KeyOf(saved.id);
+    } else if constexpr (requires { saved.value; }) {
+      return saved.value;
+    } else {
+      return saved;
+    }
+  }
 
   void BuildTabs(QVBoxLayout& rows);
   void BuildTogether(QVBoxLayout& rows);

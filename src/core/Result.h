@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Field.h"
+
 #include <QString>
 
 #include <optional>
@@ -8,11 +10,11 @@
 
 namespace quorvane {
 
-/// A rule that the user's input broke: the text to show and the name of the field to focus.
-/// Nothing was changed.
+/// A rule that the user's input broke: the text to show and what was entered wrong. Nothing was
+/// changed.
 struct Refusal {
   QString text;
-  QString field;
+  Field field = Field::kNone;
 };
 
 /// What comes of work that may be refused and has nothing to hand back.
@@ -42,5 +44,10 @@ class [[nodiscard]] Result {
  private:
   std::variant<T, Refusal> outcome_;
 };
+
+template <class T>
+inline constexpr bool kIsResult = false;
+template <class T>
+inline constexpr bool kIsResult<Result<T>> = true;
 
 }  // namespace quorvane

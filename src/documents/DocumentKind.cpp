@@ -1,6 +1,7 @@
 #include "documents/DocumentKind.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
+
 #include <QFileInfo>
 #include <QStringList>
 
@@ -20,7 +21,7 @@ DocumentKind KindOf(const QString& file_name) {
 }
 
 QString FormatNotSupported() {
-  return QCoreApplication::translate("Clients", "Format Not Supported.");
+  return Tr("Clients", "Format Not Supported.");
 }
 
 }  // namespace quorvane::documents

@@ -1,5 +1,7 @@
 #include "documents/DocumentReading.h"
 
+#include "core/text/Tr.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -17,19 +19,15 @@ constexpr qsizetype kMostAnswer = qsizetype{160} << 20;  // bytes; more than the
 constexpr qsizetype kLongestRefusal = 500;
 constexpr int kMegabyte = 1 << 20;
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Clients", text);
-}
-
 QString TooLong() {
-  return Tr(QT_TRANSLATE_NOOP("Clients", "The Document takes too Long to be Shown."));
+  return Tr("Clients", "The Document takes too Long to be Shown.");
 }
 
 /// The reader is not believed: what it says is one short line.
 QString RefusalIn(const QByteArray& answer) {
   const QString line =
       QString::fromUtf8(answer.left(answer.indexOf('\n'))).left(kLongestRefusal).trimmed();
-  return line.isEmpty() ? Tr(QT_TRANSLATE_NOOP("Clients", "The Document is Broken.")) : line;
+  return line.isEmpty() ? Tr("Clients", "The Document is Broken.") : line;
 }
 
 /// The file with the texts of the language in which the program speaks; empty in English.
@@ -72,9 +70,9 @@ void DocumentReading::Start(const QString& path, int page, int dots) {
   Stop();
   const QString reader = limits_.find_reader();
   if (reader.isEmpty()) {
-    Fail(Tr(QT_TRANSLATE_NOOP("Clients",
-                              "The Program \"quorvane-reader\", which Reads Documents, is Missing. "
-                              "Install Quorvane Again.")));
+    Fail(Tr("Clients",
+            "The Program \"quorvane-reader\", which Reads Documents, is Missing. "
+            "Install Quorvane Again."));
     return;
   }
   // Not a child of this object: a process that is to end is never waited for.
@@ -88,8 +86,7 @@ void DocumentReading::Start(const QString& path, int page, int dots) {
   });
   connect(process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
     if (error == QProcess::FailedToStart) {
-      Fail(Tr(QT_TRANSLATE_NOOP("Clients", "The Document can't be Read: %1"))
-               .arg(process_->errorString()));
+      Fail(Tr("Clients", "The Document can't be Read: %1").arg(process_->errorString()));
     }
   });
   clock_.start(limits_.longest);
@@ -112,7 +109,7 @@ void DocumentReading::Stop() {
 void DocumentReading::Take() {
   answer_ += process_->readAllStandardOutput();
   if (answer_.size() > kMostAnswer) {
-    Fail(Tr(QT_TRANSLATE_NOOP("Clients", "The Document is too Large to be Shown.")));
+    Fail(Tr("Clients", "The Document is too Large to be Shown."));
   }
 }
 
@@ -120,8 +117,7 @@ void DocumentReading::End(int status, bool crashed) {
   answer_ += process_->readAllStandardOutput();
   const QByteArray answer = std::move(answer_);
   if (crashed) {
-    Fail(Tr(QT_TRANSLATE_NOOP("Clients",
-                              "The Document is Broken, or Showing it Needs too Much Memory.")));
+    Fail(Tr("Clients", "The Document is Broken, or Showing it Needs too Much Memory."));
   } else if (status == kReaderUsedUp) {
     Fail(TooLong());
   } else if (status != kReaderDone) {

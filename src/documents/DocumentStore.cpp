@@ -2,9 +2,9 @@
 
 #include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
+#include "core/text/Tr.h"
 #include "documents/DocumentKind.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -21,15 +21,9 @@ namespace {
 
 constexpr std::int64_t kMegabyte = 1 << 20;
 
-Refusal Refuse(const char* text) {
-  return {QCoreApplication::translate("Clients", text), {}};
-}
-
 Refusal TooLarge(std::int64_t most_bytes) {
-  Refusal refusal =
-      Refuse(QT_TRANSLATE_NOOP("Clients", "The File is too Large. At Most %1 MB are Allowed."));
-  refusal.text = refusal.text.arg(most_bytes / kMegabyte);
-  return refusal;
+  return {Tr("Clients", "The File is too Large. At Most %1 MB are Allowed.")
+              .arg(most_bytes / kMegabyte)};
 }
 
 [[noreturn]] void Fail(const QString& path, const QString& reason) {
@@ -90,7 +84,7 @@ void RemoveWhole(const QString& path) {
 }  // namespace
 
 Refusal FileDoesNotExist() {
-  return Refuse(QT_TRANSLATE_NOOP("Clients", "File does not Exist."));
+  return {Tr("Clients", "File does not Exist.")};
 }
 
 DocumentStore::Incoming::Incoming(QString copy, QString name)
@@ -121,10 +115,10 @@ Result<DocumentStore::Incoming> DocumentStore::Receive(const QString& source) co
     return FileDoesNotExist();
   }
   if (!info.isFile() || !StaysInItsFolder(info.fileName())) {
-    return Refuse(QT_TRANSLATE_NOOP("Clients", "This File Can't be Kept as a Document."));
+    return Refusal{Tr("Clients", "This File Can't be Kept as a Document.")};
   }
   if (KindOf(info.fileName()) == DocumentKind::kUnsupported) {
-    return Refusal{FormatNotSupported(), {}};
+    return Refusal{FormatNotSupported()};
   }
   QFile from(source);
   if (!from.open(QIODevice::ReadOnly)) {

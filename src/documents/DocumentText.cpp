@@ -1,6 +1,7 @@
 #include "documents/DocumentText.h"
 
 #include "core/platform/Processes.h"
+#include "core/text/Tr.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -22,7 +23,7 @@ constexpr int kPoll = 50;  // milliseconds between two looks at the clock
 constexpr qsizetype kSignature = 8;
 
 [[noreturn]] void Fail(const char* text) {
-  throw std::runtime_error(QCoreApplication::translate("Clients", text).toStdString());
+  throw std::runtime_error(Tr("Clients", text).toStdString());
 }
 
 [[noreturn]] void FailTooLarge() {
@@ -30,15 +31,13 @@ constexpr qsizetype kSignature = 8;
 }
 
 [[noreturn]] void FailToRead(const QString& reason) {
-  throw std::runtime_error(QCoreApplication::translate("Clients", "The Document can't be Read: %1")
-                               .arg(reason)
-                               .toStdString());
+  throw std::runtime_error(
+      Tr("Clients", "The Document can't be Read: %1").arg(reason).toStdString());
 }
 
 [[noreturn]] void FailMissing(const QString& program) {
   throw std::runtime_error(
-      QCoreApplication::translate(
-          "Clients", "To Show this Document the Program \"%1\" is Needed, which is not Installed.")
+      Tr("Clients", "To Show this Document the Program \"%1\" is Needed, which is not Installed.")
           .arg(program)
           .toStdString());
 }

@@ -18,21 +18,19 @@ void AppendValues(std::vector<database::Value>& values, const Contact& contact) 
   }
 }
 
-void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact, int address_box) {
-  const auto box = [address_box](int after) { return BoxName(address_box + after); };
-  cells.push_back({"City", QT_TRANSLATE_NOOP("Masters", "City"), contact.city, box(1)});
-  cells.push_back(
-      {"State", QT_TRANSLATE_NOOP("Masters", "State"), contact.state, QStringLiteral("Combo1")});
-  cells.push_back({"PIN", QT_TRANSLATE_NOOP("Masters", "PIN"), contact.pin, box(2)});
-  cells.push_back({"STD", QT_TRANSLATE_NOOP("Masters", "STD Code"), contact.std_code, box(3)});
-  cells.push_back({"Phone", QT_TRANSLATE_NOOP("Masters", "Phone"), contact.phone, box(4)});
-  cells.push_back({"Mobile", QT_TRANSLATE_NOOP("Masters", "Mobile"), contact.mobile, box(5)});
-  cells.push_back({"Fax", QT_TRANSLATE_NOOP("Masters", "Fax"), contact.fax, box(6)});
-  cells.push_back({"EMail", QT_TRANSLATE_NOOP("Masters", "E-Mail"), contact.email, box(7)});
-}
-
-QString BoxName(int number) {
-  return QStringLiteral("Text1_%1").arg(number);
+void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact) {
+  const auto add = [&](std::string_view column, const char* label, const QString& text,
+                       Field field) {
+    cells.push_back({column, label, text, field});
+  };
+  add("City", QT_TRANSLATE_NOOP("Masters", "City"), contact.city, Field::kCity);
+  add("State", QT_TRANSLATE_NOOP("Masters", "State"), contact.state, Field::kState);
+  add("PIN", QT_TRANSLATE_NOOP("Masters", "PIN"), contact.pin, Field::kPin);
+  add("STD", QT_TRANSLATE_NOOP("Masters", "STD Code"), contact.std_code, Field::kStdCode);
+  add("Phone", QT_TRANSLATE_NOOP("Masters", "Phone"), contact.phone, Field::kPhone);
+  add("Mobile", QT_TRANSLATE_NOOP("Masters", "Mobile"), contact.mobile, Field::kMobile);
+  add("Fax", QT_TRANSLATE_NOOP("Masters", "Fax"), contact.fax, Field::kFax);
+  add("EMail", QT_TRANSLATE_NOOP("Masters", "E-Mail"), contact.email, Field::kEmail);
 }
 
 std::string Placeholders(std::size_t count) {

@@ -23,12 +23,8 @@ Contact ContactOf(const database::Recordset& row, std::size_t first);
 
 void AppendValues(std::vector<database::Value>& values, const Contact& contact);
 
-/// The texts for the check of their widths. The windows number their boxes from the address on:
-/// its box is "Text1_<address_box>"; the state stands in "Combo1".
-void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact, int address_box);
-
-/// The name of a window's numbered box.
-QString BoxName(int number);
+/// The texts for the check of their widths.
+void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact);
 
 /// "(?,?,?)" for that many values.
 std::string Placeholders(std::size_t count);

@@ -154,8 +154,8 @@ std::optional<double> CsvTable::OptionalNumber(std::size_t column) {
     }
     return std::nullopt;
   }
-  double value = 0;
-  if (!text::ParseNumber(text, value) || value < 0) {
+  const std::optional<double> value = text::ParseNumber(text);
+  if (!value || *value < 0) {
     Expected(column, "a number of 0 or more");
     return std::nullopt;
   }
@@ -167,12 +167,12 @@ double CsvTable::Number(std::size_t column) {
 }
 
 double CsvTable::PositiveNumber(std::size_t column) {
-  double value = 0;
-  if (!text::ParseNumber(Trimmed(Raw(column)), value) || value <= 0) {
+  const std::optional<double> value = text::ParseNumber(Trimmed(Raw(column)));
+  if (!value || *value <= 0) {
     Expected(column, "a number above 0");
     return 0;
   }
-  return value;
+  return *value;
 }
 
 text::Shares CsvTable::Shares(std::size_t column) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <stdexcept>
 
@@ -8,7 +8,7 @@ namespace quorvane::reader {
 
 /// Throws std::runtime_error with a text for the user.
 [[noreturn]] inline void Refuse(const char* text) {
-  throw std::runtime_error(QCoreApplication::translate("Clients", text).toStdString());
+  throw std::runtime_error(Tr("Clients", text).toStdString());
 }
 
 [[noreturn]] inline void RefuseTooLarge() {

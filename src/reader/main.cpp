@@ -1,5 +1,6 @@
 #include "core/app/AppInfo.h"
 #include "core/platform/Processes.h"
+#include "core/text/Tr.h"
 #include "documents/DocumentKind.h"
 #include "documents/DocumentReading.h"
 #include "reader/Pages.h"
@@ -80,9 +81,7 @@ int Answer(const Order& order) {
     return documents::WritePage(Read(order), out) ? documents::kReaderDone
                                                   : documents::kReaderRefused;
   } catch (const std::bad_alloc&) {
-    return Write(
-        QCoreApplication::translate("Clients", "The Document is too Large to be Shown.").toUtf8(),
-        out);
+    return Write(quorvane::Tr("Clients", "The Document is too Large to be Shown.").toUtf8(), out);
   } catch (const std::exception& error) {
     return Write(error.what(), out);
   }

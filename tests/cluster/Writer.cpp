@@ -25,6 +25,12 @@ void Insist(const MaybeRefusal& refusal) {
   }
 }
 
+template <class T>
+T Saved(Result<T> saved) {
+  Insist(saved.Refused());
+  return std::move(*saved);
+}
+
 class Writer {
  public:
   Writer(database::Connection& connection, QString number)
@@ -67,7 +73,7 @@ class Writer {
     line.rate = 100 + round % 3;
     records::ComputeAmount(line);
     bill.lines = {line, line};
-    Insist(book_.Save(bill));
+    bill = Saved(book_.Save(bill));
     saved_.push_back(bill);
     Tell(bill, "20");
   }
@@ -75,7 +81,7 @@ class Writer {
   void Change(records::Bill& bill) {
     bill.lines[0].quantity = text::Shares(7);
     records::ComputeAmount(bill.lines[0]);
-    Insist(book_.Save(bill));
+    bill = Saved(book_.Save(bill));
     Tell(bill, "17");
   }
 
@@ -97,13 +103,13 @@ class Writer {
     const ClientYear of{directory_.FindClient("AN")->id, text::FinancialYear(2011)};
     transfer.lot =
         transfers_.Begin(std::nullopt).Find({of, transfer.from, transfer.scrip, transfer.rate})->id;
-    Insist(transfers_.Save(transfer));
+    transfer = Saved(transfers_.Save(transfer));
     moved_.push_back(transfer);
   }
 
   void ChangeTransfer(records::Transfer& transfer) {
     transfer.quantity = text::Shares(transfer.quantity.Number() == 1 ? 2 : 1);
-    Insist(transfers_.Save(transfer));
+    transfer = Saved(transfers_.Save(transfer));
   }
 
   void DeleteTransfer() {

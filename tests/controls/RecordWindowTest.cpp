@@ -16,6 +16,7 @@
 #include <stdexcept>
 
 using namespace quorvane::controls;
+using quorvane::Field;
 using quorvane::MaybeRefusal;
 using quorvane::Refusal;
 using quorvane::test::RecordingMessages;
@@ -36,6 +37,7 @@ class FrmSample : public RecordWindow {
     auto* fields = new FieldLayout(2, Details());
     name = fields->Add(QStringLiteral("&Name"), QStringLiteral("Text1_0"), new TextBox());
     date = fields->Add(QStringLiteral("Date"), QStringLiteral("Text1_1"), new DateBox());
+    Hold({{Field::kName, "Text1_0"}});
     Watch(date);
     CompleteFrom(name, [this]() -> QStringList {
       if (broken) {
@@ -67,7 +69,7 @@ class FrmSample : public RecordWindow {
       throw std::runtime_error("disk full");
     }
     if (name->text().isEmpty()) {
-      return Refusal{QStringLiteral("Enter Name."), QStringLiteral("Text1_0")};
+      return Refusal{QStringLiteral("Enter Name."), Field::kName};
     }
     if (CurrentId() == 0) {
       SetCurrentId(records.empty() ? 1 : records.rbegin()->first + 1);

@@ -2,6 +2,7 @@
 
 #include "core/Result.h"
 #include "core/database/Connection.h"
+#include "support/Save.h"
 
 #include <QStringList>
 
@@ -13,8 +14,8 @@ inline QString TextOfRefusal(const MaybeRefusal& refusal) {
   return refusal ? refusal->text : QStringLiteral("accepted");
 }
 
-inline QString FieldOfRefusal(const MaybeRefusal& refusal) {
-  return refusal ? refusal->field : QStringLiteral("none");
+inline Field FieldOfRefusal(const MaybeRefusal& refusal) {
+  return refusal ? refusal->field : Field::kNone;
 }
 
 /// The rows of a query as "a|b|c", in its order.

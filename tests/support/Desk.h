@@ -3,6 +3,7 @@
 #include "core/ledger/Lots.h"
 #include "core/records/BillAmounts.h"
 #include "core/text/Amounts.h"
+#include "support/Save.h"
 #include "support/TestDatabase.h"
 
 #include <QStringList>
@@ -124,8 +125,8 @@ inline QString TextOf(const MaybeRefusal& refusal) {
   return refusal ? refusal->text : QStringLiteral("accepted");
 }
 
-inline QString FieldOf(const MaybeRefusal& refusal) {
-  return refusal ? refusal->field : QStringLiteral("none");
+inline Field FieldOf(const MaybeRefusal& refusal) {
+  return refusal ? refusal->field : Field::kNone;
 }
 
 inline const QString kAccepted = QStringLiteral("accepted");

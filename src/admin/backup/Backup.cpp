@@ -5,8 +5,8 @@
 #include "core/database/Transaction.h"
 #include "core/platform/FileLock.h"
 #include "core/platform/PrivateFile.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -23,10 +23,6 @@ namespace {
 
 const QString kPart = QStringLiteral(".part");
 const QString kWritingLock = QStringLiteral("writing.lock");
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Backup", text);
-}
 
 /// The folder of a backup that is being written. What is not finished goes with the object; its
 /// lock tells others that somebody is still writing.
@@ -111,13 +107,14 @@ bool LiesIn(const QString& path, const QString& folder) {
 
 MaybeRefusal CheckPlace(const app::Folders& folders, const QString& into) {
   if (into.trimmed().isEmpty()) {
-    return Refusal{Tr("Choose a Folder for the BackUp."), QStringLiteral("TxtFolder")};
+    return Refusal{Tr("Backup", "Choose a Folder for the BackUp."), Field::kFolder};
   }
   for (const QString& own : {folders.documents, folders.data, folders.database}) {
     if (LiesIn(into, own)) {
-      return Refusal{Tr("A backup cannot lie inside %1, which is backed up or in use itself.")
-                         .arg(QDir::toNativeSeparators(own)),
-                     QStringLiteral("TxtFolder")};
+      return Refusal{
+          Tr("Backup", "A backup cannot lie inside %1, which is backed up or in use itself.")
+              .arg(QDir::toNativeSeparators(own)),
+          Field::kFolder};
     }
   }
   return std::nullopt;
@@ -138,7 +135,7 @@ class Maker {
     for (const TableEntry& table : manifest.tables) {
       all_rows += Count(instant, table);
     }
-    progress_.Begin(Tr("Backing up the records"), all_rows);
+    progress_.Begin(Tr("Backup", "Backing up the records"), all_rows);
     std::int64_t done = 0;
     for (TableEntry& table : manifest.tables) {
       HashedFile file(root_, table.Path());
@@ -167,7 +164,7 @@ class Maker {
     for (const FileBelow& file : files) {
       bytes += QFileInfo(file.source).size();
     }
-    progress_.Begin(Tr("Backing up the documents"), bytes);
+    progress_.Begin(Tr("Backup", "Backing up the documents"), bytes);
     ByteCount count{progress_};
     for (const FileBelow& file : files) {
       manifest.files.push_back(CopyHashed(file.source, root_, file.path, count));
@@ -227,11 +224,12 @@ Result<Manifest> VerifyBackup(const QString& backup, Progress& progress) {
   if (const MaybeRefusal refusal = CheckSizes(backup, *manifest)) {
     return *refusal;
   }
-  progress.Begin(Tr("Checking the backup"), manifest->Bytes());
+  progress.Begin(Tr("Backup", "Checking the backup"), manifest->Bytes());
   ByteCount count{progress};
   for (const BackupFile& file : manifest->files) {
     if (HashOf(QDir(backup).filePath(file.path), count) != file.sha256) {
-      return Damaged(backup, Tr("the file %1 does not agree with its checksum").arg(file.path));
+      return Damaged(backup,
+                     Tr("Backup", "the file %1 does not agree with its checksum").arg(file.path));
     }
   }
   return manifest;

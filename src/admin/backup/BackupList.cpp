@@ -1,8 +1,8 @@
 #include "admin/backup/BackupList.h"
 
 #include "core/app/Ini.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -45,8 +45,7 @@ MaybeRefusal WriteSettings(const app::Folders& folders, const Settings& settings
   const app::IniFile config(folders.config_file);
   constexpr qsizetype kLongest = 250;
   if (settings.folder.size() > kLongest) {
-    return Refusal{QCoreApplication::translate("Backup", "The folder's name is too long."),
-                   QStringLiteral("TxtFolder")};
+    return Refusal{Tr("Backup", "The folder's name is too long."), Field::kFolder};
   }
   config.Write(kSection, kFolder, settings.folder);
   config.Write(kSection, kAutomatic, QString::number(settings.automatic ? 1 : 0));

@@ -1,8 +1,8 @@
 #include "admin/backup/Manifest.h"
 
 #include "core/platform/PrivateFile.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -22,10 +22,6 @@ const QString kManifest = QStringLiteral("manifest.json");
 const QString kChecksum = QStringLiteral("manifest.sha256");
 const QString kSystem = QStringLiteral("Quorvane backup");
 constexpr std::array kKinds{"by hand", "automatic", "replaced"};
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Backup", text);
-}
 
 QString Shown(const QString& folder) {
   return QDir::toNativeSeparators(folder);
@@ -106,10 +102,10 @@ QString Fault(const Manifest& manifest) {
   QSet<QString> seen;
   for (const BackupFile& file : manifest.files) {
     if (!IsBackupPath(file.path)) {
-      return Tr("the manifest names the file \"%1\"").arg(file.path);
+      return Tr("Backup", "the manifest names the file \"%1\"").arg(file.path);
     }
     if (seen.contains(file.path)) {
-      return Tr("the manifest names %1 twice").arg(file.path);
+      return Tr("Backup", "the manifest names %1 twice").arg(file.path);
     }
     seen.insert(file.path);
   }
@@ -117,21 +113,21 @@ QString Fault(const Manifest& manifest) {
   for (const TableEntry& table : manifest.tables) {
     const QString name = FromUtf8(table.name);
     if (!seen.contains(table.Path())) {
-      return Tr("the manifest names no file for the table %1").arg(name);
+      return Tr("Backup", "the manifest names no file for the table %1").arg(name);
     }
     if (tables.contains(name.toLower())) {
-      return Tr("the manifest names %1 twice").arg(name);
+      return Tr("Backup", "the manifest names %1 twice").arg(name);
     }
     tables.insert(name.toLower());
   }
-  return manifest.tables.empty() ? Tr("the manifest names no table") : QString();
+  return manifest.tables.empty() ? Tr("Backup", "the manifest names no table") : QString();
 }
 
 Refusal NoBackup(const QString& folder) {
   const bool begun = folder.endsWith(QLatin1String(".part")) ||
                      QFileInfo(QDir(folder).filePath(QStringLiteral("tables"))).isDir();
-  return {(begun ? Tr("The backup %1 was not finished.")
-                 : Tr("%1 is no backup of Quorvane: it has no manifest."))
+  return {(begun ? Tr("Backup", "The backup %1 was not finished.")
+                 : Tr("Backup", "%1 is no backup of Quorvane: it has no manifest."))
               .arg(Shown(folder)),
           {}};
 }
@@ -187,7 +183,7 @@ bool IsBackupPath(const QString& path) {
 }
 
 Refusal Damaged(const QString& folder, const QString& reason) {
-  return {Tr("The backup %1 is damaged: %2.").arg(Shown(folder), reason), {}};
+  return {Tr("Backup", "The backup %1 is damaged: %2.").arg(Shown(folder), reason), {}};
 }
 
 void WriteManifest(const QString& folder, const Manifest& manifest) {
@@ -209,10 +205,11 @@ Result<Manifest> ReadManifest(const QString& folder) {
   }
   if (root.isEmpty() || !ReadFile(QDir(folder).filePath(kChecksum), checksum) ||
       checksum.left(64) != Sha256(json)) {
-    return Damaged(folder, Tr("the manifest does not agree with its checksum"));
+    return Damaged(folder, Tr("Backup", "the manifest does not agree with its checksum"));
   }
   if (const int format = root[QStringLiteral("format")].toInt(); format > Manifest::kFormat) {
-    return Refusal{Tr("The backup %1 was made by a newer release (format %2). This release reads "
+    return Refusal{Tr("Backup",
+                      "The backup %1 was made by a newer release (format %2). This release reads "
                       "format %3.")
                        .arg(Shown(folder))
                        .arg(format)
@@ -232,10 +229,10 @@ MaybeRefusal CheckSizes(const QString& folder, const Manifest& manifest) {
     const QFileInfo info(QDir(folder).filePath(file.path));
     // A link could lead out of the backup, whatever the manifest says.
     if (!info.isFile() || !info.canonicalFilePath().startsWith(root + QLatin1Char('/'))) {
-      return Damaged(folder, Tr("the file %1 is missing").arg(file.path));
+      return Damaged(folder, Tr("Backup", "the file %1 is missing").arg(file.path));
     }
     if (info.size() != file.bytes) {
-      return Damaged(folder, Tr("the file %1 has %2 bytes instead of %3")
+      return Damaged(folder, Tr("Backup", "the file %1 has %2 bytes instead of %3")
                                  .arg(file.path)
                                  .arg(info.size())
                                  .arg(file.bytes));

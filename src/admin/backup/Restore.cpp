@@ -5,6 +5,7 @@
 #include "admin/backup/TableRows.h"
 #include "core/database/Keys.h"
 #include "core/database/Transaction.h"
+#include "core/text/Tr.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -20,10 +21,6 @@
 namespace quorvane::backup {
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Backup", text);
-}
-
 bool SameName(const std::string& one, const std::string& other) {
   return QString::fromStdString(one).compare(QString::fromStdString(other), Qt::CaseInsensitive) ==
          0;
@@ -35,7 +32,7 @@ MaybeRefusal FindPlace(const QString& backup, const TableEntry& stored,
   const auto place = std::ranges::find_if(
       present, [&](const TableEntry& table) { return table.name == stored.name; });
   const auto unknown = [&](const std::string& what) {
-    return Refusal{Tr("The backup %1 holds %2, which this release does not know.")
+    return Refusal{Tr("Backup", "The backup %1 holds %2, which this release does not know.")
                        .arg(QDir::toNativeSeparators(backup), QString::fromStdString(what)),
                    {}};
   };
@@ -71,7 +68,7 @@ class RowCount {
     for (const TableEntry& table : manifest.tables) {
       rows += table.rows;
     }
-    progress_.Begin(Tr("Restoring the records"), 2 * rows);
+    progress_.Begin(Tr("Backup", "Restoring the records"), 2 * rows);
   }
 
   void operator()(std::int64_t rows) {
@@ -134,7 +131,8 @@ void CheckRestored(const database::ConnectionSettings& settings, const Manifest&
     const bool is_counters = table.name == "RecordKey";  // has those of both by now
     if (!rows.Next() || (rows.Int64(0) != table.rows && !is_counters)) {
       throw std::runtime_error(
-          Tr("The backup was restored, but the table %1 has another number of rows now. What was "
+          Tr("Backup",
+             "The backup was restored, but the table %1 has another number of rows now. What was "
              "replaced lies in %2.")
               .arg(QString::fromStdString(table.name), QDir::toNativeSeparators(aside))
               .toStdString());
@@ -185,7 +183,8 @@ QString ReplacedFolder(const app::Folders& folders) {
 Result<QString> RestoreBackup(const Source& source, const QString& backup, const QDateTime& now,
                               Progress& progress) {
   if (IsUnfinishedName(QFileInfo(backup).fileName())) {
-    return Refusal{Tr("The backup %1 was not finished.").arg(QDir::toNativeSeparators(backup)), {}};
+    return Refusal{
+        Tr("Backup", "The backup %1 was not finished.").arg(QDir::toNativeSeparators(backup)), {}};
   }
   const Result<Manifest> verified = VerifyBackup(backup, progress);
   if (!verified) {
@@ -198,7 +197,7 @@ Result<QString> RestoreBackup(const Source& source, const QString& backup, const
   }
   RestoreFiles files(source.connection, source.folders);
   if (!files.TryLock()) {
-    return Refusal{Tr("Another program is restoring a backup at this moment."), {}};
+    return Refusal{Tr("Backup", "Another program is restoring a backup at this moment."), {}};
   }
   if (MaybeRefusal refusal = files.CheckLinks(manifest)) {
     return *refusal;
@@ -249,13 +248,13 @@ std::vector<Holding> HoldingsOf(const Manifest& manifest) {
       {"LoginId", QT_TRANSLATE_NOOP("Backup", "Users")}};
   for (const auto& [table, what] : kTables) {
     if (const TableEntry* entry = manifest.FindTable(table)) {
-      holdings.push_back({Tr(what), entry->rows});
+      holdings.push_back({Tr("Backup", what), entry->rows});
     }
   }
-  holdings.push_back(
-      {Tr("Scanned documents"), std::ranges::count_if(manifest.files, [](const BackupFile& file) {
-         return file.path.startsWith(QLatin1String(kDocumentsFolder));
-       })});
+  holdings.push_back({Tr("Backup", "Scanned documents"),
+                      std::ranges::count_if(manifest.files, [](const BackupFile& file) {
+                        return file.path.startsWith(QLatin1String(kDocumentsFolder));
+                      })});
   return holdings;
 }
 

@@ -3,8 +3,8 @@
 #include "admin/settings/Settings.h"
 #include "core/platform/PrivateFile.h"
 #include "core/platform/Processes.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -106,7 +106,7 @@ bool RestoreFiles::IsPending() const {
 
 void RestoreFiles::Stage(const QString& backup, const Manifest& manifest, Progress& progress) {
   platform::MakeMissingFolder(stage_);
-  progress.Begin(QCoreApplication::translate("Backup", "Fetching the documents"), manifest.Bytes());
+  progress.Begin(Tr("Backup", "Fetching the documents"), manifest.Bytes());
   ByteCount count{progress};
   for (const BackupFile& file : manifest.files) {
     if (IsRow(file)) {
@@ -145,12 +145,11 @@ MaybeRefusal RestoreFiles::CheckLinks(const Manifest& manifest) const {
   }
   for (const QString& place : places) {
     if (QFileInfo(place).isSymLink()) {
-      return Refusal{
-          QCoreApplication::translate("Backup",
-                                      "%1 is a link. A restore writes through no link: put what it "
-                                      "leads to in its place first.")
-              .arg(QDir::toNativeSeparators(place)),
-          {}};
+      return Refusal{Tr("Backup",
+                        "%1 is a link. A restore writes through no link: put what it "
+                        "leads to in its place first.")
+                         .arg(QDir::toNativeSeparators(place)),
+                     {}};
     }
   }
   return std::nullopt;

@@ -2,8 +2,8 @@
 
 #include "core/database/BulkWriter.h"
 #include "core/database/Schema.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QFile>
 
 #include <fmt/format.h>
@@ -165,7 +165,7 @@ std::string TypesOf(const TableEntry& table) {
 }
 
 Refusal NoTable(const TableEntry& table) {
-  return {QCoreApplication::translate("Backup", "The rows of the table %1 cannot be read.")
+  return {Tr("Backup", "The rows of the table %1 cannot be read.")
               .arg(QString::fromStdString(table.name)),
           {}};
 }

@@ -1,6 +1,6 @@
 #include "admin/calculator/Calculator.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 namespace quorvane::calculator {
 namespace {
@@ -134,8 +134,8 @@ std::optional<Number> Calculator::Apply(Operation operation, Number left, Number
 bool Calculator::Take(std::optional<Number> result) {
   if (!result) {
     const bool by_zero = waiting_ == Operation::kDivide && Current().IsZero();
-    error_ = by_zero ? QCoreApplication::translate("Calculator", "Division by Zero")
-                     : QCoreApplication::translate("Calculator", "The Number is too Large");
+    error_ = by_zero ? Tr("Calculator", "Division by Zero")
+                     : Tr("Calculator", "The Number is too Large");
     return false;
   }
   Enter(*result);

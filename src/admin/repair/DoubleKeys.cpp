@@ -2,8 +2,7 @@
 
 #include "core/database/Keys.h"
 #include "core/database/SchemaTables.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -158,11 +157,10 @@ void GiveNewKeys(Transaction& transaction, std::string_view table, NewKeys& resu
     if (!named_by.empty() && twins.AreEqual()) {
       result.removed += twins.RemoveCopies();
     } else if (!named_by.empty()) {
-      result.refused << QCoreApplication::translate(
-                            "DoubleKeys",
-                            "%1: the records of key %2 stay as they are, because records of %3 "
-                            "name the key and nothing tells which of them is meant. Do not delete "
-                            "one of them in its window: both would go. Restore a BackUp.")
+      result.refused << Tr("DoubleKeys",
+                           "%1: the records of key %2 stay as they are, because records of %3 "
+                           "name the key and nothing tells which of them is meant. Do not delete "
+                           "one of them in its window: both would go. Restore a BackUp.")
                             .arg(QString::fromLatin1(table.data(), std::ssize(table)))
                             .arg(key)
                             .arg(QString::fromLatin1(named_by.data(), std::ssize(named_by)));

@@ -2,8 +2,7 @@
 
 #include "core/database/Schema.h"
 #include "core/database/Transaction.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -68,8 +67,7 @@ class Look {
       : connection_(connection), progress_(progress) {
     const std::size_t steps =
         2 * database::TableNames().size() + std::size(kKeys) + references_.size() + 2;
-    progress_.Begin(QCoreApplication::translate("TableCheck", "Checking the tables"),
-                    static_cast<std::int64_t>(steps));
+    progress_.Begin(Tr("TableCheck", "Checking the tables"), static_cast<std::int64_t>(steps));
   }
 
   TableCheck Run() {

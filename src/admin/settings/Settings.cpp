@@ -1,8 +1,8 @@
 #include "admin/settings/Settings.h"
 
 #include "core/database/DatabaseSettings.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QUrl>
@@ -16,32 +16,32 @@ constexpr int kMostPixels = 16384;
 constexpr int kLastPort = 65535;
 
 constexpr TextPlace kPlaces[kTexts] = {
-    {"ScrReso", "X", Rule::kPixels},
-    {"ScrReso", "Y", Rule::kPixels},
-    {"Display", "Theme", Rule::kAny},
-    {"Display", "Language", Rule::kAny},
-    {"Paths", "Reports", Rule::kFolder},
-    {"Database", "Driver", Rule::kDriver},
-    {"Database", "Server", Rule::kAny},
-    {"Database", "Port", Rule::kPort},
-    {"Database", "Socket", Rule::kAny},
-    {"Database", "Database", Rule::kAny},
-    {"Database", "User", Rule::kAny},
-    {"Database", "Password", Rule::kAny},
-    {"Database", "TlsCa", Rule::kFile},
-    {"Database", "TlsCertificate", Rule::kFile},
-    {"Database", "TlsKey", Rule::kFile},
-    {"Database", "TlsVerify", Rule::kAny},
-    {"Internet", "IndexFeed", Rule::kWebAddress},
-    {"Internet", "BseHost", Rule::kWebAddress},
-    {"Internet", "NseHost", Rule::kWebAddress},
-    {"Internet", "BseQuoteHost", Rule::kWebAddress},
-    {"Internet", "NseQuoteHost", Rule::kWebAddress},
-    {"Internet", "ArchiveHost", Rule::kWebAddress},
-    {"Internet", "NseArchiveHost", Rule::kWebAddress},
-    {"Printer", "Name", Rule::kAny},
-    {"Printer", "PageSize", Rule::kAny},
-    {"Bills", "WholeRupeeStt", Rule::kAny},
+    {"ScrReso", "X", Rule::kPixels, Field::kScreenWidth},
+    {"ScrReso", "Y", Rule::kPixels, Field::kScreenHeight},
+    {"Display", "Theme", Rule::kAny, Field::kTheme},
+    {"Display", "Language", Rule::kAny, Field::kLanguage},
+    {"Paths", "Reports", Rule::kFolder, Field::kTemplates},
+    {"Database", "Driver", Rule::kDriver, Field::kDriver},
+    {"Database", "Server", Rule::kAny, Field::kServer},
+    {"Database", "Port", Rule::kPort, Field::kPort},
+    {"Database", "Socket", Rule::kAny, Field::kSocket},
+    {"Database", "Database", Rule::kAny, Field::kDatabase},
+    {"Database", "User", Rule::kAny, Field::kUser},
+    {"Database", "Password", Rule::kAny, Field::kPassword},
+    {"Database", "TlsCa", Rule::kFile, Field::kTlsAuthority},
+    {"Database", "TlsCertificate", Rule::kFile, Field::kTlsCertificate},
+    {"Database", "TlsKey", Rule::kFile, Field::kTlsKey},
+    {"Database", "TlsVerify", Rule::kAny, Field::kTlsVerify},
+    {"Internet", "IndexFeed", Rule::kWebAddress, Field::kIndexFeed},
+    {"Internet", "BseHost", Rule::kWebAddress, Field::kBseHost},
+    {"Internet", "NseHost", Rule::kWebAddress, Field::kNseHost},
+    {"Internet", "BseQuoteHost", Rule::kWebAddress, Field::kBseQuoteHost},
+    {"Internet", "NseQuoteHost", Rule::kWebAddress, Field::kNseQuoteHost},
+    {"Internet", "ArchiveHost", Rule::kWebAddress, Field::kArchiveHost},
+    {"Internet", "NseArchiveHost", Rule::kWebAddress, Field::kNseArchiveHost},
+    {"Printer", "Name", Rule::kAny, Field::kPrinter},
+    {"Printer", "PageSize", Rule::kAny, Field::kPageSize},
+    {"Bills", "WholeRupeeStt", Rule::kAny, Field::kWholeRupeeStt},
 };
 
 bool IsWholeNumber(const QString& text, int first, int last) {
@@ -64,36 +64,28 @@ QString Fault(Rule rule, const QString& text) {
     case Rule::kPixels:
       return text == QStringLiteral("0") || IsWholeNumber(text, kFewestPixels, kMostPixels)
                  ? QString()
-                 : QCoreApplication::translate(
-                       "Settings",
-                       "Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.");
+                 : Tr("Settings",
+                      "Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.");
     case Rule::kPort:
-      return IsWholeNumber(text, 1, kLastPort)
-                 ? QString()
-                 : QCoreApplication::translate("Settings", "Enter a Port from 1 to 65535.");
+      return IsWholeNumber(text, 1, kLastPort) ? QString()
+                                               : Tr("Settings", "Enter a Port from 1 to 65535.");
     case Rule::kFolder:
-      return QFileInfo(text).isDir()
-                 ? QString()
-                 : QCoreApplication::translate("Settings", "The Folder %1 does not Exist.")
-                       .arg(shown);
+      return QFileInfo(text).isDir() ? QString()
+                                     : Tr("Settings", "The Folder %1 does not Exist.").arg(shown);
     case Rule::kFile:
-      return QFileInfo(text).isFile()
-                 ? QString()
-                 : QCoreApplication::translate("Settings", "The File %1 does not Exist.")
-                       .arg(shown);
+      return QFileInfo(text).isFile() ? QString()
+                                      : Tr("Settings", "The File %1 does not Exist.").arg(shown);
     case Rule::kDriver:
       return database::MayLoadDriver(text)
                  ? QString()
-                 : QCoreApplication::translate(
-                       "Settings",
-                       "Enter the Name of an Installed Driver, or a File of "
-                       "the Machine's Administrator.");
+                 : Tr("Settings",
+                      "Enter the Name of an Installed Driver, or a File of "
+                      "the Machine's Administrator.");
     case Rule::kWebAddress:
       return IsWebAddress(text)
                  ? QString()
-                 : QCoreApplication::translate(
-                       "Settings",
-                       "Enter a Web Address such as https://www.example.com, or Nothing.");
+                 : Tr("Settings",
+                      "Enter a Web Address such as https://www.example.com, or Nothing.");
     case Rule::kAny:
       break;
   }
@@ -110,13 +102,12 @@ bool IsUsed(const Settings& settings, Text text) {
 MaybeRefusal CheckText(const Settings& settings, Text text) {
   const QString& value = settings.texts[text];
   if (value.size() > kLongest || value.contains(QLatin1Char('\n'))) {
-    return Refusal{QCoreApplication::translate(
-                       "Settings", "The Text is too Long. At Most 250 Letters are Kept."),
-                   BoxOf(text)};
+    return Refusal{Tr("Settings", "The Text is too Long. At Most 250 Letters are Kept."),
+                   PlaceOf(text).field};
   }
   const QString fault =
       value.isEmpty() || !IsUsed(settings, text) ? QString() : Fault(PlaceOf(text).rule, value);
-  return fault.isEmpty() ? std::nullopt : MaybeRefusal(Refusal{fault, BoxOf(text)});
+  return fault.isEmpty() ? std::nullopt : MaybeRefusal(Refusal{fault, PlaceOf(text).field});
 }
 
 MaybeRefusal CheckDatabase(const Settings& settings) {
@@ -124,12 +115,10 @@ MaybeRefusal CheckDatabase(const Settings& settings) {
     return std::nullopt;
   }
   if (settings.texts[Server].isEmpty() && settings.texts[Socket].isEmpty()) {
-    return Refusal{QCoreApplication::translate("Settings", "Enter the Database Server."),
-                   BoxOf(Server)};
+    return Refusal{Tr("Settings", "Enter the Database Server."), PlaceOf(Server).field};
   }
   if (settings.texts[Database].isEmpty()) {
-    return Refusal{QCoreApplication::translate("Settings", "Enter the Name of the Database."),
-                   BoxOf(Database)};
+    return Refusal{Tr("Settings", "Enter the Name of the Database."), PlaceOf(Database).field};
   }
   return std::nullopt;
 }
@@ -138,10 +127,6 @@ MaybeRefusal CheckDatabase(const Settings& settings) {
 
 const TextPlace& PlaceOf(Text text) {
   return kPlaces[text];
-}
-
-QString BoxOf(Text text) {
-  return QStringLiteral("Text1_%1").arg(static_cast<int>(text));
 }
 
 bool IsOfDatabase(Text text) {

@@ -15,7 +15,7 @@ namespace quorvane::settings {
 /// How windows are stretched; the number is what the file keeps.
 enum class ScreenMode { kToScreen = 0, kToResolution = 1, kAsDesigned = 2 };
 
-/// A setting that is a text. Its box on the window is called BoxOf(text).
+/// A setting that is a text.
 enum Text {
   Width,
   Height,
@@ -46,15 +46,15 @@ enum Text {
   kTexts
 };
 
-/// Where a text is kept and which rule it follows.
+/// Where a text is kept, which rule it follows, and what a refusal calls it.
 enum class Rule { kAny, kPixels, kFolder, kFile, kDriver, kPort, kWebAddress };
 struct TextPlace {
   const char* section;
   const char* key;
   Rule rule;
+  Field field;  ///< that a refusal names
 };
 const TextPlace& PlaceOf(Text text);
-QString BoxOf(Text text);
 
 /// What the settings window shows and keeps. Texts are as they are typed.
 struct Settings {

@@ -1,6 +1,6 @@
 #include "admin/users/Login.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <numeric>
@@ -32,37 +32,27 @@ milliseconds Attempts::Delay() const {
 namespace {
 
 constexpr char kDefaultAdministratorPassword[] = "tavel";
-constexpr char kLogInName[] = "Text1_0";
-constexpr char kLogInPassword[] = "Text1_1";
-constexpr char kChangeName[] = "Text2_0";
-constexpr char kChangeOld[] = "Text2_1";
-constexpr char kChangeNew[] = "Text2_2";
-constexpr char kChangeConfirmed[] = "Text2_3";
 
-Refusal Refuse(const char* text, const char* field) {
-  return {QCoreApplication::translate("Login", text), QString::fromLatin1(field)};
-}
-
-Refusal UserNotFound(const char* field) {
-  return Refuse(QT_TRANSLATE_NOOP("Login", "User Not Found!"), field);
+Refusal UserNotFound(Field field) {
+  return {Tr("Login", "User Not Found!"), field};
 }
 
 MaybeRefusal CheckEntries(const PasswordChange& change) {
   if (change.name.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Login", "Enter Login ID."), kChangeName);
+    return Refusal{Tr("Login", "Enter Login ID."), Field::kChangedName};
   }
   if (change.old_password.isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Login", "Enter Old Password."), kChangeOld);
+    return Refusal{Tr("Login", "Enter Old Password."), Field::kOldPassword};
   }
   if (change.new_password.isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Login", "Enter New Password."), kChangeNew);
+    return Refusal{Tr("Login", "Enter New Password."), Field::kNewPassword};
   }
   if (change.confirmed_password.isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Login", "Enter Confirm Password."), kChangeConfirmed);
+    return Refusal{Tr("Login", "Enter Confirm Password."), Field::kConfirmedPassword};
   }
   if (change.new_password != change.confirmed_password) {
-    return Refuse(QT_TRANSLATE_NOOP("Login", "New Password and Confirm Password not Match."),
-                  kChangeConfirmed);
+    return Refusal{Tr("Login", "New Password and Confirm Password not Match."),
+                   Field::kConfirmedPassword};
   }
   return std::nullopt;
 }
@@ -78,10 +68,10 @@ MaybeRefusal Login::LogIn(const QString& name, const QString& password) {
 
 MaybeRefusal Login::EnterSetUp(const QString& name, const QString& password) {
   if (!IsAdministrator(name)) {
-    return Refuse(QT_TRANSLATE_NOOP("Login", "You have no Rights to Enter in SetUp."), kLogInName);
+    return Refusal{Tr("Login", "You have no Rights to Enter in SetUp."), Field::kName};
   }
   if (!IsAdministratorPassword(password)) {
-    return Counted(name, Refuse(QT_TRANSLATE_NOOP("Login", "Invalid Password."), kLogInPassword));
+    return Counted(name, Refusal{Tr("Login", "Invalid Password."), Field::kPassword});
   }
   return Counted(name, std::nullopt);
 }
@@ -107,40 +97,37 @@ bool Login::IsAdministratorPassword(const QString& password) const {
 }
 
 MaybeRefusal Login::CheckLogIn(const QString& name, const QString& password) const {
-  const Refusal wrong_password =
-      Refuse(QT_TRANSLATE_NOOP("Login", "InVaild Password."), kLogInPassword);
+  const Refusal wrong_password{Tr("Login", "InVaild Password."), Field::kPassword};
   if (IsAdministrator(name)) {
     return IsAdministratorPassword(password) ? std::nullopt : MaybeRefusal(wrong_password);
   }
   const std::optional<User> user = users_.FindUser(name);
   if (!user) {
-    return UserNotFound(kLogInPassword);
+    return UserNotFound(Field::kPassword);
   }
   return user->password == password ? std::nullopt : MaybeRefusal(wrong_password);
 }
 
 MaybeRefusal Login::CheckOldPassword(const PasswordChange& change) const {
-  const Refusal wrong_password =
-      Refuse(QT_TRANSLATE_NOOP("Login", "Old Password is Incorrect."), kChangeOld);
+  const Refusal wrong_password{Tr("Login", "Old Password is Incorrect."), Field::kOldPassword};
   if (IsAdministrator(change.name)) {
     return IsAdministratorPassword(change.old_password) ? std::nullopt
                                                         : MaybeRefusal(wrong_password);
   }
   const std::optional<User> user = users_.FindUser(change.name);
   if (!user) {
-    return UserNotFound(kChangeName);
+    return UserNotFound(Field::kChangedName);
   }
   return user->password == change.old_password ? std::nullopt : MaybeRefusal(wrong_password);
 }
 
 MaybeRefusal Login::StoreUserPassword(const PasswordChange& change) {
-  if (MaybeRefusal refusal =
-          CheckPasswordLength(change.new_password, QString::fromLatin1(kChangeNew))) {
+  if (MaybeRefusal refusal = CheckPasswordLength(change.new_password, Field::kNewPassword)) {
     return refusal;
   }
   const std::optional<User> user = users_.FindUser(change.name);
   if (!user || !users_.SetPassword(user->id, change.new_password)) {
-    return UserNotFound(kChangeName);
+    return UserNotFound(Field::kChangedName);
   }
   return std::nullopt;
 }
@@ -160,7 +147,7 @@ MaybeRefusal Login::Counted(const QString& name, MaybeRefusal refusal) {
 }
 
 QString PasswordChanged() {
-  return QCoreApplication::translate("Login", "Password has Successfully Changed.");
+  return Tr("Login", "Password has Successfully Changed.");
 }
 
 }  // namespace quorvane::users

@@ -37,8 +37,7 @@ class Attempts {
   std::chrono::steady_clock::time_point next_;
 };
 
-/// What the change-password panel holds. Its boxes: "Text2_0" login id, "Text2_1" old, "Text2_2"
-/// new, "Text2_3" confirmed password.
+/// What is entered to change a password.
 struct PasswordChange {
   QString name;
   QString old_password;
@@ -47,7 +46,7 @@ struct PasswordChange {
 };
 
 /// Who may come in: the ordinary users of the database, and the administrator, whose password is
-/// kept with the machine. The log-in's boxes: "Text1_0" name, "Text1_1" password.
+/// kept with the machine.
 ///
 /// Throws DatabaseError, or std::runtime_error when the machine's settings cannot be used.
 class Login {

@@ -3,8 +3,7 @@
 #include "core/database/Keys.h"
 #include "core/database/TextWidths.h"
 #include "core/text/PasswordCode.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <array>
 
@@ -15,17 +14,6 @@ using database::Connection;
 using database::Recordset;
 using database::TextCell;
 using database::Transaction;
-
-QString NameField() {
-  return QStringLiteral("Text1_0");
-}
-QString PasswordField() {
-  return QStringLiteral("Text1_1");
-}
-
-Refusal Refuse(const char* text, const QString& field) {
-  return {QCoreApplication::translate("Users", text), field};
-}
 
 bool SameName(const QString& a, const QString& b) {
   return a.trimmed().toUpper() == b.trimmed().toUpper();
@@ -65,13 +53,13 @@ std::optional<QString> NameOf(Transaction& transaction, int id) {
   return rows.Next() ? std::optional(rows.Text(0)) : std::nullopt;
 }
 
-MaybeRefusal SaveIn(Transaction& transaction, User& user) {
+Result<int> SaveIn(Transaction& transaction, User user) {
   if (NameIsTaken(transaction, user)) {
-    return Refuse(QT_TRANSLATE_NOOP("Users", "User Already Exits!"), NameField());
+    return Refusal{Tr("Users", "User Already Exits!"), Field::kName};
   }
   user.id = database::ClaimKey(transaction, "LoginId", user.id);
   Insert(transaction, user.id, user.name, *user.password);
-  return std::nullopt;
+  return user.id;
 }
 
 }  // namespace
@@ -84,24 +72,24 @@ bool IsAdministrator(const QString& name) {
   return SameName(name, AdministratorName());
 }
 
-MaybeRefusal CheckPasswordLength(const QString& password, const QString& field) {
+MaybeRefusal CheckPasswordLength(const QString& password, Field field) {
   if (text::EncodePassword(password).size() > database::TextWidth("LoginPassword", "Password")) {
-    return Refuse(QT_TRANSLATE_NOOP("Users", "Password is too Long."), field);
+    return Refusal{Tr("Users", "Password is too Long."), field};
   }
   return std::nullopt;
 }
 
 MaybeRefusal CheckUser(const User& user) {
   if (user.name.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Users", "Enter Login Id!"), NameField());
+    return Refusal{Tr("Users", "Enter Login Id!"), Field::kName};
   }
   if (!user.password || user.password->isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Users", "Enter Password!"), PasswordField());
+    return Refusal{Tr("Users", "Enter Password!"), Field::kPassword};
   }
   const std::array cells{
-      TextCell{"Name", QT_TRANSLATE_NOOP("Masters", "Login Id"), user.name, NameField()}};
+      TextCell{"Name", QT_TRANSLATE_NOOP("Masters", "Login Id"), user.name, Field::kName}};
   MaybeRefusal refusal = database::CheckTextWidths("LoginId", cells);
-  return refusal ? refusal : CheckPasswordLength(*user.password, PasswordField());
+  return refusal ? refusal : CheckPasswordLength(*user.password, Field::kPassword);
 }
 
 UserBook::UserBook(Connection& connection) : connection_(connection) {}
@@ -124,19 +112,12 @@ std::optional<User> UserBook::FindUser(const QString& name) const {
   return rows.Next() ? std::optional(UserOf(rows)) : std::nullopt;
 }
 
-MaybeRefusal UserBook::Save(User& user) {
-  if (MaybeRefusal refusal = CheckUser(user)) {
-    return refusal;
+Result<int> UserBook::Save(const User& user) {
+  if (const MaybeRefusal refusal = CheckUser(user)) {
+    return *refusal;
   }
-  User saved;
-  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = user;
-    return SaveIn(transaction, saved);
-  });
-  if (!refusal) {
-    user = std::move(saved);
-  }
-  return refusal;
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveIn(transaction, user); });
 }
 
 bool UserBook::SetPassword(int id, const QString& password) {
@@ -160,11 +141,11 @@ void UserBook::Delete(int id) {
 }
 
 QString AskDeleteUser() {
-  return QCoreApplication::translate("Users", "Do you want to Delete this User?");
+  return Tr("Users", "Do you want to Delete this User?");
 }
 
 QString AskExit() {
-  return QCoreApplication::translate("Users", "Do You want to Exit?");
+  return Tr("Users", "Do You want to Exit?");
 }
 
 }  // namespace quorvane::users

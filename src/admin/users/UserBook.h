@@ -17,8 +17,7 @@ struct User {
   std::optional<QString> password;  ///< none when none is stored that can be read
 };
 
-/// Name, password, then texts that are too long. Whether the name is free is for the book. The
-/// boxes: "Text1_0" name, "Text1_1" password.
+/// Name, password, then texts that are too long. Whether the name is free is for the book.
 MaybeRefusal CheckUser(const User& user);
 
 /// The ordinary users in the database. Every save and delete is one transaction; one that is
@@ -33,9 +32,9 @@ class UserBook {
   /// The user whom the database takes for that name, without regard to capitals.
   std::optional<User> FindUser(const QString& name) const;
 
-  /// Writes a new user, or a changed one in place of the old. Sets the id. Refused when another
+  /// Writes a new user, or a changed one in place of the old. Returns its id. Refused when another
   /// user, or the administrator, has that name, without regard to capitals.
-  MaybeRefusal Save(User& user);
+  Result<int> Save(const User& user);
 
   /// Gives a stored user another password and leaves the name; false when there is no such user.
   /// The password is short enough to be stored.
@@ -52,7 +51,7 @@ QString AdministratorName();
 bool IsAdministrator(const QString& name);
 
 /// Refuses a password that is too long to be stored.
-MaybeRefusal CheckPasswordLength(const QString& password, const QString& field);
+MaybeRefusal CheckPasswordLength(const QString& password, Field field);
 
 /// What is asked before a user is deleted and before the set-up window closes.
 QString AskDeleteUser();

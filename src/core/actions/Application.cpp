@@ -8,8 +8,8 @@
 #include "core/records/Movements.h"
 #include "core/records/Writing.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <fmt/format.h>
@@ -107,25 +107,25 @@ QString NameOf(Connection& connection, const Lacking& lacking) {
                                     lacking.document);
   const bool found = rows.Next();
   const QString client = found ? rows.Text(0) : QString();
-  return lacking.is_sale ? QCoreApplication::translate("Actions", "%1: Bill %2")
-                               .arg(client, found ? rows.Text(1) : QString())
-                         : QCoreApplication::translate("Actions", "%1: Transfer").arg(client);
+  return lacking.is_sale
+             ? Tr("Actions", "%1: Bill %2").arg(client, found ? rows.Text(1) : QString())
+             : Tr("Actions", "%1: Transfer").arg(client);
 }
 
 Refusal LacksShares(Transaction& transaction, const Lots& lots, const Action& action) {
   constexpr std::size_t kMost = 15;
   const std::vector<Lacking> lacking = FindLacking(transaction, lots, action);
-  QStringList lines{QCoreApplication::translate(
-      "Actions",
-      "The Holdings can't Follow: these Sales and Transfers from the Ex-Date on would Lack "
-      "Shares. Delete them, Apply again, and Enter them anew.")};
+  QStringList lines{
+      Tr("Actions",
+         "The Holdings can't Follow: these Sales and Transfers from the Ex-Date on would Lack "
+         "Shares. Delete them, Apply again, and Enter them anew.")};
   for (const Lacking& one : std::span(lacking).first(std::min(kMost, lacking.size()))) {
-    lines << QCoreApplication::translate("Actions", "%1 of %2, %3 Shares")
+    lines << Tr("Actions", "%1 of %2, %3 Shares")
                  .arg(NameOf(transaction.GetConnection(), one), one.day,
                       text::NumberText(one.quantity.Number()));
   }
   if (lacking.size() > kMost) {
-    lines << QCoreApplication::translate("Actions", "and %1 more").arg(lacking.size() - kMost);
+    lines << Tr("Actions", "and %1 more").arg(lacking.size() - kMost);
   }
   return {lines.join(QLatin1Char('\n')), {}};
 }

@@ -2,25 +2,20 @@
 
 #include "core/text/Amounts.h"
 #include "core/text/Dates.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 
 namespace quorvane::actions {
 namespace {
 
-Refusal Refuse(const char* text) {
-  return {QCoreApplication::translate("Actions", text), {}};
-}
-
 MaybeRefusal CheckDays(const Action& action) {
   if (!text::ParseDmy(action.ex_day)) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "Enter Ex-Date."));
+    return Refusal{Tr("Actions", "Enter Ex-Date."), Field::kDate};
   }
   for (const QString& day : {action.record_day, action.allotment_day}) {
     if (!day.isEmpty() && !text::ParseDmy(day)) {
-      return Refuse(QT_TRANSLATE_NOOP("Actions", "Enter Proper Date."));
+      return Refusal{Tr("Actions", "Enter Proper Date."), Field::kRecordDate};
     }
   }
   return std::nullopt;
@@ -33,25 +28,26 @@ MaybeRefusal CheckRatio(const Action& action) {
     return std::nullopt;
   }
   if (action.new_shares <= text::Shares() || action.old_shares <= text::Shares()) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "Enter a Ratio Above Zero."));
+    return Refusal{Tr("Actions", "Enter a Ratio Above Zero."), Field::kRatio};
   }
   if (action.kind == ActionKind::kSplit && action.new_shares <= action.old_shares) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions",
-                                    "A Split Gives More Shares than were Held, such as 10 for 1."));
+    return Refusal{Tr("Actions", "A Split Gives More Shares than were Held, such as 10 for 1."),
+                   Field::kRatio};
   }
   if (action.kind == ActionKind::kConsolidation && action.new_shares >= action.old_shares) {
-    return Refuse(QT_TRANSLATE_NOOP(
-        "Actions", "A Consolidation Gives Fewer Shares than were Held, such as 1 for 10."));
+    return Refusal{
+        Tr("Actions", "A Consolidation Gives Fewer Shares than were Held, such as 1 for 10."),
+        Field::kRatio};
   }
   return std::nullopt;
 }
 
 MaybeRefusal CheckOther(const Action& action) {
   if (TermsOf(action.kind).other && !action.other) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "Select the Script that the Shares Go to."));
+    return Refusal{Tr("Actions", "Select the Script that the Shares Go to."), Field::kToScrip};
   }
   if (action.other && action.other == action.scrip) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "The Two Scripts must Differ."));
+    return Refusal{Tr("Actions", "The Two Scripts must Differ."), Field::kToScrip};
   }
   return std::nullopt;
 }
@@ -59,10 +55,10 @@ MaybeRefusal CheckOther(const Action& action) {
 MaybeRefusal CheckMoney(const Action& action) {
   const Terms terms = TermsOf(action.kind);
   if (action.price < 0 || (terms.price && !(action.price > 0))) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "Enter a Price Above Zero."));
+    return Refusal{Tr("Actions", "Enter a Price Above Zero."), Field::kPrice};
   }
   if (terms.percent && !(action.cost_percent > 0 && action.cost_percent < 100)) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "Enter a Percent of Cost between 0 and 100."));
+    return Refusal{Tr("Actions", "Enter a Percent of Cost between 0 and 100."), Field::kPercent};
   }
   return std::nullopt;
 }
@@ -109,7 +105,7 @@ Terms TermsOf(ActionKind kind) {
 
 MaybeRefusal Check(const Action& action) {
   if (!action.scrip) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "Select Script."));
+    return Refusal{Tr("Actions", "Select Script."), Field::kScrip};
   }
   for (const auto check : {CheckDays, CheckRatio, CheckOther, CheckMoney}) {
     if (MaybeRefusal refusal = check(action)) {

@@ -5,8 +5,8 @@
 #include "core/database/Schema.h"
 #include "core/platform/Processes.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QDir>
 
 #include <stdexcept>
@@ -81,8 +81,7 @@ std::unique_ptr<Session> StartUp(const StartUpOptions& options) {
 
 ClientYear CurrentOf(const app::Session& session) {
   if (!session.current) {
-    throw std::runtime_error(
-        QCoreApplication::translate("Transactions", "Select Client!").toStdString());
+    throw std::runtime_error(Tr("Transactions", "Select Client!").toStdString());
   }
   return *session.current;
 }

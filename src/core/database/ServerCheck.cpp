@@ -1,6 +1,6 @@
 #include "core/database/Schema.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -39,7 +39,7 @@ QStringList MissingRights(Connection& connection) {
 
 QString WhyUnsuitable(Connection& connection) {
   if (TellsNamesApartByCase(connection)) {
-    return QCoreApplication::translate(
+    return Tr(
         "Database",
         "The server tells table names apart by upper and lower case. Set lower_case_table_names=1 "
         "in its settings file (section [mysqld]), start it again and make the database after "
@@ -47,9 +47,8 @@ QString WhyUnsuitable(Connection& connection) {
   }
   const QStringList missing = MissingRights(connection);
   if (!missing.isEmpty()) {
-    return QCoreApplication::translate(
-               "Database",
-               "The server does not give the user %1 these rights on the database %2: %3.")
+    return Tr("Database",
+              "The server does not give the user %1 these rights on the database %2: %3.")
         .arg(connection.Settings().user, connection.Settings().database,
              missing.join(QStringLiteral(", ")));
   }
@@ -61,8 +60,7 @@ QString WhyIncomplete(std::span<const SkippedStatement> skipped) {
   if (needed == skipped.end()) {
     return {};
   }
-  return QCoreApplication::translate("Database",
-                                     "The server refused a statement that the tables need: %1")
+  return Tr("Database", "The server refused a statement that the tables need: %1")
       .arg(QString::fromStdString(needed->reason));
 }
 

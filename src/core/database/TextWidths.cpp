@@ -1,8 +1,8 @@
 #include "core/database/TextWidths.h"
 
 #include "core/database/SchemaTables.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <stdexcept>
@@ -41,9 +41,8 @@ std::size_t CharactersIn(const QString& text) {
 }
 
 Refusal TooLong(const TextCell& cell, std::size_t width) {
-  const QString text =
-      QCoreApplication::translate("Masters", "%1 is too Long. At Most %2 Characters are Allowed.");
-  return {text.arg(QCoreApplication::translate("Masters", cell.label)).arg(width), cell.field};
+  const QString text = Tr("Masters", "%1 is too Long. At Most %2 Characters are Allowed.");
+  return {text.arg(Tr("Masters", cell.label)).arg(width), cell.field};
 }
 
 }  // namespace

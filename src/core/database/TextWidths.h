@@ -16,7 +16,7 @@ struct TextCell {
   std::string_view column;
   const char* label = "";  ///< "Client Code"
   QString text;
-  QString field;  ///< name of its box
+  Field field = Field::kNone;
 };
 
 /// How many characters a column of the schema takes; nullopt for one without a bound. Throws

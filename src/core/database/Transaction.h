@@ -66,6 +66,21 @@ void InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared)
       turn));
 }
 
+/// The same for work that hands something back: what it was in the try that was committed.
+template <class Work>
+requires kIsResult<std::invoke_result_t<Work&, Transaction&>>
+auto InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {
+  std::optional<std::invoke_result_t<Work&, Transaction&>> outcome;
+  static_cast<void>(InTransaction(
+      connection,
+      [&](Transaction& transaction) -> MaybeRefusal {
+        outcome.emplace(work(transaction));
+        return outcome->Refused();
+      },
+      turn));
+  return *std::move(outcome);
+}
+
 inline constexpr int kAttempts = 8;
 
 }  // namespace quorvane::database

@@ -1,6 +1,5 @@
 #include "core/files/TableReaders.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <archive.h>
 #include <archive_entry.h>
@@ -18,17 +17,13 @@ constexpr std::size_t kMostEntries = 2'000;
 constexpr std::size_t kLargestRatio = 200;
 constexpr std::size_t kAnyRatio = std::size_t{1} << 20;  ///< bytes below which it does not matter
 
-[[noreturn]] void Refuse(const char* text) {
-  throw TableError(QCoreApplication::translate("Files", text).toStdString());
-}
-
 using Reader = std::unique_ptr<archive, decltype(&archive_read_free)>;
 
 Reader Open(std::string_view bytes) {
   Reader reader(archive_read_new(), &archive_read_free);
   archive_read_support_format_zip_seekable(reader.get());
   if (archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) {
-    Refuse(QT_TRANSLATE_NOOP("Files", "The archive cannot be read."));
+    Fail(Tr("Files", "The archive cannot be read."));
   }
   return reader;
 }
@@ -65,12 +60,12 @@ std::string ContentOf(archive* reader, std::size_t room) {
       return content;
     }
     if (read < 0) {
-      Refuse(archive_read_has_encrypted_entries(reader) > 0
-                 ? QT_TRANSLATE_NOOP("Files", "The archive is locked by a password.")
-                 : QT_TRANSLATE_NOOP("Files", "The archive is damaged."));
+      Fail(archive_read_has_encrypted_entries(reader) > 0
+               ? Tr("Files", "The archive is locked by a password.")
+               : Tr("Files", "The archive is damaged."));
     }
     if (content.size() + static_cast<std::size_t>(read) > room) {
-      Refuse(QT_TRANSLATE_NOOP("Files", "The archive unpacks to more than can be read."));
+      Fail(Tr("Files", "The archive unpacks to more than can be read."));
     }
     content.append(block.data(), static_cast<std::size_t>(read));
   }
@@ -93,22 +88,22 @@ std::vector<ArchiveEntry> ReadArchive(std::string_view bytes) {
       break;
     }
     if (status < ARCHIVE_WARN) {
-      Refuse(QT_TRANSLATE_NOOP("Files", "The archive is damaged."));
+      Fail(Tr("Files", "The archive is damaged."));
     }
     std::string name = NameOf(entry);
     if (Climbs(name)) {
-      Refuse(QT_TRANSLATE_NOOP("Files", "The archive holds a file outside its own folder."));
+      Fail(Tr("Files", "The archive holds a file outside its own folder."));
     }
     if (archive_entry_filetype(entry) == AE_IFDIR) {
       continue;
     }
     if (archive_entry_filetype(entry) != AE_IFREG || entries.size() >= kMostEntries) {
-      Refuse(QT_TRANSLATE_NOOP("Files", "The archive holds something else than files."));
+      Fail(Tr("Files", "The archive holds something else than files."));
     }
     std::string content = ContentOf(reader.get(), room);
     room -= content.size();
     if (IsArchive(content)) {
-      Refuse(QT_TRANSLATE_NOOP("Files", "The archive holds another archive."));
+      Fail(Tr("Files", "The archive holds another archive."));
     }
     entries.push_back({std::move(name), std::move(content)});
   }

@@ -1,8 +1,8 @@
 #include "core/files/TableReaders.h"
 #include "core/text/Csv.h"
+#include "core/text/Tr.h"
 
 #include <QByteArrayView>
-#include <QCoreApplication>
 #include <QStringConverter>
 
 #include <algorithm>
@@ -14,10 +14,6 @@
 
 namespace quorvane::files {
 namespace {
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Files", text);
-}
 
 std::string DecodedWith(QStringDecoder decoder, std::string_view bytes) {
   const QString text =
@@ -80,10 +76,10 @@ std::string WithoutEntities(std::string_view field) {
 void RefuseNoTable(std::string_view text) {
   const std::string_view start = Trimmed(text.starts_with("\xEF\xBB\xBF") ? text.substr(3) : text);
   if (start.empty()) {
-    throw TableError(Tr("The file is empty.").toStdString());
+    Fail(Tr("Files", "The file is empty."));
   }
   if (start.front() == '<') {
-    throw TableError(Tr("The file is a web page, not a table.").toStdString());
+    Fail(Tr("Files", "The file is a web page, not a table."));
   }
 }
 
@@ -104,7 +100,7 @@ TextTable ReadCsvText(std::string_view bytes) {
       lines.push_back(reader.Line());
     }
   } catch (const text::CsvError& error) {
-    throw TableError(Tr("Line %1: %2.")
+    throw TableError(Tr("Files", "Line %1: %2.")
                          .arg(static_cast<qulonglong>(error.Line()))
                          .arg(QString::fromUtf8(error.what()))
                          .toStdString());

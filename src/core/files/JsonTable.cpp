@@ -1,8 +1,8 @@
 #include "core/files/JsonTable.h"
 
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -21,8 +21,7 @@ std::string_view WithoutMark(std::string_view bytes) {
 }
 
 [[noreturn]] void RefuseNoList() {
-  throw TableError(
-      QCoreApplication::translate("Files", "The file holds no list of records.").toStdString());
+  throw TableError(Tr("Files", "The file holds no list of records.").toStdString());
 }
 
 QJsonArray RecordsOf(const QJsonDocument& document) {
@@ -62,11 +61,10 @@ TextTable ReadJsonTable(std::string_view bytes) {
   const QJsonDocument document = QJsonDocument::fromJson(
       QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size())), &error);
   if (document.isNull()) {
-    throw TableError(
-        QCoreApplication::translate("Files", "The file is no JSON: %1 at character %2.")
-            .arg(error.errorString())
-            .arg(error.offset)
-            .toStdString());
+    throw TableError(Tr("Files", "The file is no JSON: %1 at character %2.")
+                         .arg(error.errorString())
+                         .arg(error.offset)
+                         .toStdString());
   }
   TableBuilder builder;
   std::unordered_map<std::string, std::size_t> columns;

@@ -3,8 +3,8 @@
 #include "core/files/CompoundFile.h"
 #include "core/files/JsonTable.h"
 #include "core/files/TableReaders.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -13,18 +13,14 @@
 namespace quorvane::files {
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Files", text);
-}
-
 QByteArray BytesOf(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
-    throw TableError(Tr("%1: %2").arg(path, file.errorString()).toStdString());
+    Fail(Tr("Files", "%1: %2").arg(path, file.errorString()));
   }
   QByteArray bytes = file.read(static_cast<qint64>(kLargestFile) + 1);
   if (static_cast<std::size_t>(bytes.size()) > kLargestFile) {
-    throw TableError(Tr("The file holds more than can be read.").toStdString());
+    Fail(Tr("Files", "The file holds more than can be read."));
   }
   return bytes;
 }
@@ -41,8 +37,9 @@ const ArchiveEntry& CsvEntryOf(const std::vector<ArchiveEntry>& entries) {
   const auto count = std::ranges::count_if(entries, IsCsv);
   if (count != 1) {
     throw TableError(
-        (count == 0 ? Tr("The archive holds no .csv file.")
-                    : Tr("The archive holds more than one .csv file. Unpack it and choose one."))
+        (count == 0
+             ? Tr("Files", "The archive holds no .csv file.")
+             : Tr("Files", "The archive holds more than one .csv file. Unpack it and choose one."))
             .toStdString());
   }
   return *std::ranges::find_if(entries, IsCsv);

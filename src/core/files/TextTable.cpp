@@ -1,6 +1,6 @@
 #include "core/files/TextTable.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,8 +11,7 @@ namespace {
 constexpr std::string_view kNoBreakBlank = "\xC2\xA0";
 
 [[noreturn]] void TooLarge() {
-  throw TableError(
-      QCoreApplication::translate("Files", "The file holds more than can be read.").toStdString());
+  Fail(Tr("Files", "The file holds more than can be read."));
 }
 
 bool IsBlank(char one) {
@@ -20,6 +19,10 @@ bool IsBlank(char one) {
 }
 
 }  // namespace
+
+void Fail(const QString& why) {
+  throw TableError(why.toStdString());
+}
 
 std::string_view Trimmed(std::string_view utf8) {
   while (!utf8.empty()) {

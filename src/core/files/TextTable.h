@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -27,6 +29,9 @@ class TableError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// Throws TableError.
+[[noreturn]] void Fail(const QString& why);
 
 /// What a table may hold at most; more of it is no exchange's file.
 inline constexpr std::size_t kMostRows = 200'000;

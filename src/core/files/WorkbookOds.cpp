@@ -1,17 +1,12 @@
 #include "core/files/TableReaders.h"
 #include "core/files/XmlStream.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <charconv>
 
 namespace quorvane::files {
 namespace {
-
-[[noreturn]] void Refuse(const char* text) {
-  throw TableError(QCoreApplication::translate("Files", text).toStdString());
-}
 
 /// How often something stands in a row; 1 when it does not tell.
 std::size_t Times(const std::string& text) {
@@ -59,7 +54,7 @@ class SheetReader {
     }
     if (!Trimmed(text).empty()) {
       if (times > kMostColumns || column_ + times > kMostColumns) {
-        Refuse(QT_TRANSLATE_NOOP("Files", "The file holds more than can be read."));
+        Fail(Tr("Files", "The file holds more than can be read."));
       }
       for (std::size_t i = 0; i < times; ++i) {
         cells_.push_back({column_ + i, text});
@@ -119,7 +114,7 @@ class SheetReader {
 TextTable ReadOds(std::span<const ArchiveEntry> parts) {
   const ArchiveEntry* content = FindPart(parts, "content.xml");
   if (content == nullptr) {
-    Refuse(QT_TRANSLATE_NOOP("Files", "The workbook cannot be read."));
+    Fail(Tr("Files", "The workbook cannot be read."));
   }
   XmlStream xml(content->content);
   while (xml.Next()) {
@@ -130,7 +125,7 @@ TextTable ReadOds(std::span<const ArchiveEntry> parts) {
       }
     }
   }
-  Refuse(QT_TRANSLATE_NOOP("Files", "The file is empty."));
+  Fail(Tr("Files", "The file is empty."));
 }
 
 }  // namespace quorvane::files

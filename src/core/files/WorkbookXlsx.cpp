@@ -1,8 +1,7 @@
 #include "core/files/TableReaders.h"
 #include "core/files/XmlStream.h"
 #include "core/text/Amounts.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <charconv>
@@ -14,10 +13,6 @@ namespace {
 constexpr const char* kFolder = "xl/";
 
 using Targets = std::map<std::string, std::string>;
-
-[[noreturn]] void Refuse(const char* text) {
-  throw TableError(QCoreApplication::translate("Files", text).toStdString());
-}
 
 std::size_t NumberOf(std::string_view text) {
   std::size_t number = 0;
@@ -44,7 +39,7 @@ Targets TargetsOf(std::span<const ArchiveEntry> parts) {
 std::vector<std::string> SheetParts(std::span<const ArchiveEntry> parts) {
   const ArchiveEntry* workbook = FindPart(parts, "xl/workbook.xml");
   if (workbook == nullptr) {
-    Refuse(QT_TRANSLATE_NOOP("Files", "The workbook cannot be read."));
+    Fail(Tr("Files", "The workbook cannot be read."));
   }
   const Targets targets = TargetsOf(parts);
   std::vector<std::string> sheets;
@@ -69,7 +64,7 @@ std::vector<std::string> SharedTexts(std::span<const ArchiveEntry> parts) {
   while (xml.Next()) {
     if (xml.Starts("si")) {
       if (texts.size() >= kMostCells) {
-        Refuse(QT_TRANSLATE_NOOP("Files", "The file holds more than can be read."));
+        Fail(Tr("Files", "The file holds more than can be read."));
       }
       texts.emplace_back();
     } else if (xml.Starts("rPh")) {
@@ -181,7 +176,7 @@ TextTable ReadXlsx(std::span<const ArchiveEntry> parts) {
       return table;
     }
   }
-  Refuse(QT_TRANSLATE_NOOP("Files", "The file is empty."));
+  Fail(Tr("Files", "The file is empty."));
 }
 
 }  // namespace quorvane::files

@@ -2,8 +2,7 @@
 #include "core/files/OldRecords.h"
 #include "core/files/TableReaders.h"
 #include "core/text/Amounts.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <bit>
 #include <cmath>
@@ -31,10 +30,6 @@ enum Kind {
 constexpr std::size_t kCellHead = 6;  ///< row, column and format of a cell
 constexpr std::size_t kRelease97 = 0x0600;
 
-[[noreturn]] void Refuse(const char* text) {
-  throw TableError(QCoreApplication::translate("Files", text).toStdString());
-}
-
 double DoubleAt(std::string_view data, std::size_t at) {
   return std::bit_cast<double>(std::uint64_t{LittleEndian(data, at, 8)});
 }
@@ -49,13 +44,13 @@ Contents ReadContents(std::string_view stream) {
   OldRecords records(stream, 0);
   if (!records.Next() || records.Current().kind != kBegin ||
       LittleEndian(records.Current().data, 0, 2) != kRelease97) {
-    Refuse(QT_TRANSLATE_NOOP("Files", "The workbook cannot be read."));
+    Fail(Tr("Files", "The workbook cannot be read."));
   }
   Contents contents;
   while (records.Next() && records.Current().kind != kEnd) {
     const std::string_view data = records.Current().data;
     if (records.Current().kind == kPassword) {
-      Refuse(QT_TRANSLATE_NOOP("Files", "The workbook is locked by a password."));
+      Fail(Tr("Files", "The workbook is locked by a password."));
     }
     if (records.Current().kind == kSheet && LittleEndian(data, 5, 1) == 0) {
       contents.sheets.push_back(LittleEndian(data, 0, 4));
@@ -176,7 +171,7 @@ class SheetReader {
 TextTable ReadXlsWorkbook(std::string_view bytes) {
   const auto stream = CompoundFile(bytes).Stream("Workbook");
   if (!stream) {
-    Refuse(QT_TRANSLATE_NOOP("Files", "The workbook cannot be read."));
+    Fail(Tr("Files", "The workbook cannot be read."));
   }
   const Contents contents = ReadContents(*stream);
   for (const std::size_t start : contents.sheets) {
@@ -185,7 +180,7 @@ TextTable ReadXlsWorkbook(std::string_view bytes) {
       return table;
     }
   }
-  Refuse(QT_TRANSLATE_NOOP("Files", "The file is empty."));
+  Fail(Tr("Files", "The file is empty."));
 }
 
 }  // namespace quorvane::files

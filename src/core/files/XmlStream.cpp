@@ -1,17 +1,15 @@
 #include "core/files/XmlStream.h"
 
 #include "core/files/TextTable.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <libxml/xmlreader.h>
 
 namespace quorvane::files {
 namespace {
 
-[[noreturn]] void Refuse() {
-  throw TableError(
-      QCoreApplication::translate("Files", "The workbook cannot be read.").toStdString());
+[[noreturn]] void Unreadable() {
+  Fail(Tr("Files", "The workbook cannot be read."));
 }
 
 std::string_view View(const xmlChar* text) {
@@ -31,7 +29,7 @@ XmlStream::XmlStream(std::string_view xml) : reader_(std::make_unique<Reader>())
           : xmlReaderForMemory(xml.data(), static_cast<int>(xml.size()), nullptr, nullptr,
                                XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
   if (reader_->xml == nullptr) {
-    Refuse();
+    Unreadable();
   }
 }
 
@@ -43,7 +41,7 @@ bool XmlStream::Next() {
   const int status = skipped_ ? 1 : xmlTextReaderRead(reader_->xml);
   skipped_ = false;
   if (status < 0) {
-    Refuse();
+    Unreadable();
   }
   return status == 1;
 }
@@ -90,7 +88,7 @@ std::string XmlStream::Attribute(const char* name) const {
 void XmlStream::Skip() {
   const int status = xmlTextReaderNext(reader_->xml);
   if (status < 0) {
-    Refuse();
+    Unreadable();
   }
   skipped_ = status == 1;
 }

@@ -2,8 +2,7 @@
 
 #include "core/database/BulkWriter.h"
 #include "core/text/Isin.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <set>
@@ -76,19 +75,17 @@ MaybeRefusal CheckIsins(std::span<const DatedIsin> isins) {
   std::set<QString> seen;
   for (const DatedIsin& one : isins) {
     if (!text::IsValidIsin(one.isin.toStdString())) {
-      return Refusal{
-          QCoreApplication::translate("Scrips",
-                                      "%1 is no ISIN: Two Letters, Nine Letters or Digits, and the "
-                                      "Check Digit.")
-              .arg(one.isin),
-          {}};
+      return Refusal{Tr("Scrips",
+                        "%1 is no ISIN: Two Letters, Nine Letters or Digits, and the "
+                        "Check Digit.")
+                         .arg(one.isin),
+                     Field::kIsins};
     }
     if (!one.from_day.isEmpty() && !text::ParseDmy(one.from_day)) {
-      return Refusal{QCoreApplication::translate("Scrips", "Enter Proper Date."), {}};
+      return Refusal{Tr("Scrips", "Enter Proper Date."), Field::kIsins};
     }
     if (!seen.insert(one.isin).second) {
-      return Refusal{
-          QCoreApplication::translate("Scrips", "The ISIN %1 is Entered Twice.").arg(one.isin), {}};
+      return Refusal{Tr("Scrips", "The ISIN %1 is Entered Twice.").arg(one.isin), Field::kIsins};
     }
   }
   return std::nullopt;

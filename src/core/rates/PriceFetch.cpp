@@ -5,8 +5,8 @@
 #include "core/files/TableReaders.h"
 #include "core/rates/PriceText.h"
 #include "core/rates/QuoteDesk.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QSaveFile>
 
@@ -17,16 +17,12 @@ namespace {
 
 constexpr int kNotFound = 404;
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Rates", text);
-}
-
 QString ServerProblem() {
-  return Tr("Server Problem. Please Try Again.");
+  return Tr("Rates", "Server Problem. Please Try Again.");
 }
 
 QString InvalidSite() {
-  return Tr("Invalid Site.");
+  return Tr("Rates", "Invalid Site.");
 }
 
 std::string_view View(const QByteArray& bytes) {
@@ -96,7 +92,7 @@ void PriceFetch::FollowLink(const Downloaded& page, const Answer& answer) {
 void PriceFetch::FileOf(Exchange exchange, text::Date date, const Answer& answer) {
   const QVector<QUrl> addresses = ArchiveAddresses(hosts_, exchange, date);
   TryNext(addresses.isEmpty() ? QVector<QUrl>{QUrl()} : addresses,
-          {.missing = Tr("File Not Found.This Date Bhav Copy Not available on site."),
+          {.missing = Tr("Rates", "File Not Found.This Date Bhav Copy Not available on site."),
            .unusable = InvalidSite()},
           answer);
 }

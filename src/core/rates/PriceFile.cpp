@@ -2,20 +2,16 @@
 
 #include "core/files/TableFile.h"
 #include "core/rates/PriceRows.h"
+#include "core/text/Tr.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QRegularExpression>
 
 namespace quorvane::rates {
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Rates", text);
-}
-
 Refusal Invalid(const QString& why) {
-  return {Tr("Invalid File.") + QLatin1Char('\n') + why, {}};
+  return {Tr("Rates", "Invalid File.") + QLatin1Char('\n') + why, {}};
 }
 
 Refusal Invalid(const std::vector<std::string>& errors) {
@@ -25,7 +21,7 @@ Refusal Invalid(const std::vector<std::string>& errors) {
     lines << QString::fromStdString(errors[i]);
   }
   if (errors.size() > kShown) {
-    lines << Tr("... and %1 more.").arg(static_cast<qulonglong>(errors.size() - kShown));
+    lines << Tr("Rates", "... and %1 more.").arg(static_cast<qulonglong>(errors.size() - kShown));
   }
   return Invalid(lines.join(QLatin1Char('\n')));
 }
@@ -67,14 +63,14 @@ Result<PriceFile> ReadPriceTable(const files::TextTable& table) {
     return Invalid(errors);
   }
   if (file.rows.empty()) {
-    return Invalid(Tr("The file holds no scrip."));
+    return Invalid(Tr("Rates", "The file holds no scrip."));
   }
   return file;
 }
 
 Result<PriceFile> ReadPriceFile(const QString& path) {
   if (!files::HasTableEnding(path)) {
-    return Invalid(Tr("Expected is a .csv, .xls, .xlsx, .ods or .zip file."));
+    return Invalid(Tr("Rates", "Expected is a .csv, .xls, .xlsx, .ods or .zip file."));
   }
   try {
     const files::TextTable table = files::ReadTableFile(path);
@@ -91,10 +87,10 @@ Result<PriceFile> ReadPriceFile(const QString& path) {
 
 MaybeRefusal CheckPrices(const PriceFile& file, text::Date date) {
   if (!file.has_rates) {
-    return Invalid(Tr("The file holds no rates."));
+    return Invalid(Tr("Rates", "The file holds no rates."));
   }
   if (file.date && *file.date != date) {
-    return Refusal{Tr("The file holds the prices of %1, not of %2.")
+    return Refusal{Tr("Rates", "The file holds the prices of %1, not of %2.")
                        .arg(text::FormatDmy(*file.date), text::FormatDmy(date)),
                    {}};
   }

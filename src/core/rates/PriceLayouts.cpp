@@ -1,6 +1,6 @@
 #include "core/rates/PriceLayouts.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <cctype>
@@ -94,7 +94,7 @@ std::optional<FoundLayout> LayoutOf(const files::TextRow& headings) {
 }
 
 QString ExpectedHeadings() {
-  return QCoreApplication::translate(
+  return Tr(
       "Rates",
       "Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, "
       "SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange's daily price file "

@@ -4,8 +4,7 @@
 #include "core/rates/PriceText.h"
 #include "core/text/Amounts.h"
 #include "core/text/Isin.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <cctype>
@@ -19,10 +18,6 @@ namespace {
 constexpr std::size_t kWidest = 255;  ///< characters of a code, a name, a class or a type
 constexpr std::size_t kBseCodeDigits = 6;
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Rates", text);
-}
-
 bool IsAbsent(std::string_view text) {
   return text.empty() || text == "-" || text == "NA" || text == "N.A.";
 }
@@ -35,9 +30,8 @@ bool IsDigits(std::string_view text) {
 std::optional<double> StrictPrice(std::string_view text) {
   std::string digits(text);
   std::erase(digits, ',');
-  double price = 0;
-  const bool read = !text.starts_with(',') && text::ParseNumber(digits, price) && price >= 0;
-  return read ? std::optional(price) : std::nullopt;
+  const std::optional<double> price = text::ParseNumber(digits);
+  return text.starts_with(',') || price < 0 ? std::nullopt : price;
 }
 
 /// The series of a share come first, in the order in which they are preferred; then funds, trusts
@@ -120,7 +114,7 @@ void PriceRows::Add(const files::TextRow& row) {
   if (row.cells.size() <= layout_.width) {
     AddRecord(row);
   } else if (!AddRunTogether(row)) {
-    Fail(row.line, Tr("there are more values than headings"));
+    Fail(row.line, Tr("Rates", "there are more values than headings"));
   }
 }
 
@@ -173,7 +167,7 @@ void PriceRows::AddRecord(const files::TextRow& row) {
   }
   const Exchange exchange = ExchangeOf(row);
   if (!file_.rows.empty() && exchange != file_.exchange) {
-    Fail(row.line, Tr("the file holds two exchanges"));
+    Fail(row.line, Tr("Rates", "the file holds two exchanges"));
     return;
   }
   file_.exchange = exchange;
@@ -208,11 +202,11 @@ bool PriceRows::ReadDate(const files::TextRow& row) {
   }
   const auto date = DayIn(text);
   if (!date) {
-    Fail(row.line, Tr("%1 is no date").arg(QString::fromStdString(text)));
+    Fail(row.line, Tr("Rates", "%1 is no date").arg(QString::fromStdString(text)));
     return false;
   }
   if (file_.date && *file_.date != *date) {
-    Fail(row.line, Tr("the date is another than above"));
+    Fail(row.line, Tr("Rates", "the date is another than above"));
     return false;
   }
   file_.date = date;
@@ -226,7 +220,7 @@ bool PriceRows::ReadRate(const files::TextRow& row, PriceRow& record) {
   }
   const auto price = StrictPrice(text);
   if (!price) {
-    Fail(row.line, Tr("%1 is no rate").arg(QString::fromStdString(text)));
+    Fail(row.line, Tr("Rates", "%1 is no rate").arg(QString::fromStdString(text)));
     return false;
   }
   record.rate = text::RoundAmount(*price);
@@ -235,17 +229,17 @@ bool PriceRows::ReadRate(const files::TextRow& row, PriceRow& record) {
 
 bool PriceRows::CheckTexts(const PriceRow& record) {
   if (record.code.empty() && record.symbol.empty()) {
-    Fail(record.line, Tr("there is no code"));
+    Fail(record.line, Tr("Rates", "there is no code"));
     return false;
   }
   if (file_.has_names && record.name.empty()) {
-    Fail(record.line, Tr("there is no name"));
+    Fail(record.line, Tr("Rates", "there is no name"));
     return false;
   }
   for (const std::string* text :
        {&record.code, &record.symbol, &record.name, &record.scrip_class, &record.type}) {
     if (QString::fromStdString(*text).size() > static_cast<qsizetype>(kWidest)) {
-      Fail(record.line, Tr("a text is longer than %1 characters").arg(kWidest));
+      Fail(record.line, Tr("Rates", "a text is longer than %1 characters").arg(kWidest));
       return false;
     }
   }
@@ -267,7 +261,7 @@ void PriceRows::Keep(PriceRow record, int rank) {
   PriceRow& earlier = file_.rows[place->second];
   int& earlier_rank = ranks_[place->second];
   if (rank == earlier_rank && record.rate != earlier.rate) {
-    Fail(record.line, Tr("%1 stands in line %2 already, with another rate")
+    Fail(record.line, Tr("Rates", "%1 stands in line %2 already, with another rate")
                           .arg(QString::fromStdString(record.code + record.symbol))
                           .arg(static_cast<qulonglong>(earlier.line)));
     return;
@@ -280,7 +274,8 @@ void PriceRows::Keep(PriceRow record, int rank) {
 }
 
 void PriceRows::Fail(std::size_t line, const QString& what) {
-  errors_.push_back(Tr("Line %1: %2.").arg(static_cast<qulonglong>(line)).arg(what).toStdString());
+  errors_.push_back(
+      Tr("Rates", "Line %1: %2.").arg(static_cast<qulonglong>(line)).arg(what).toStdString());
 }
 
 PriceFile PriceRows::Take(std::vector<std::string>& errors) {

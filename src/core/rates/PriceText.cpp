@@ -194,8 +194,8 @@ bool AddTable(const files::TextTable& table, PriceFile& file) {
 double PriceOf(std::string_view text) {
   std::string digits(Trimmed(text));
   std::erase(digits, ',');
-  double price = 0;
-  return text::ParseNumber(digits, price) && price > 0 ? text::RoundAmount(price) : 0;
+  const double price = text::ParseNumber(digits).value_or(0);
+  return price > 0 ? text::RoundAmount(price) : 0;
 }
 
 std::optional<text::Date> DayOf(std::string_view text) {

@@ -5,8 +5,7 @@
 #include "core/database/Keys.h"
 #include "core/database/Transaction.h"
 #include "core/text/FinancialYear.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <map>
 
@@ -97,13 +96,13 @@ void Insert(Transaction& transaction, text::Date date, const QString& day, const
 
 }  // namespace
 
-MaybeRefusal CheckRateDate(const QString& date, text::Date today, const QString& field) {
+MaybeRefusal CheckRateDate(const QString& date, text::Date today) {
   const auto day = text::ParseDmy(date);
   if (!day) {
-    return Refusal{QCoreApplication::translate("Rates", "Enter Date."), field};
+    return Refusal{Tr("Rates", "Enter Date."), Field::kDate};
   }
   if (*day > today) {
-    return Refusal{QCoreApplication::translate("Rates", "You can't insert future Date"), field};
+    return Refusal{Tr("Rates", "You can't insert future Date"), Field::kDate};
   }
   return std::nullopt;
 }

@@ -28,7 +28,7 @@ struct DatedRate {
 
 /// The date of rates as typed: "Enter Date." when it is missing or no date, "You can't insert
 /// future Date" when it is after `today`. `field` is the box.
-MaybeRefusal CheckRateDate(const QString& date, text::Date today, const QString& field);
+MaybeRefusal CheckRateDate(const QString& date, text::Date today);
 
 /// The recorded market rates, at most one a scrip and day. A rate of 0 is none.
 class RateBook {

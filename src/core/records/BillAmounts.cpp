@@ -2,8 +2,7 @@
 
 #include "core/text/Amounts.h"
 #include "core/text/Paise.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <cmath>
 
@@ -45,9 +44,8 @@ void ComputeAmount(BillLine& line) {
 }
 
 QString CaptionText(TotalCaption caption) {
-  return caption == TotalCaption::kPayable
-             ? QCoreApplication::translate("Bills", "Total Payable")
-             : QCoreApplication::translate("Bills", "Total Receivable");
+  return caption == TotalCaption::kPayable ? Tr("Bills", "Total Payable")
+                                           : Tr("Bills", "Total Receivable");
 }
 
 GrandTotal ShowGrandTotal(double total, double sum) {

@@ -2,29 +2,24 @@
 
 #include "core/lookups/Directory.h"
 
-#include <QCoreApplication>
-
 namespace quorvane::records {
 namespace {
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Faults", text);
-}
 
 QString RecordName(const Fault& fault) {
   const QString key = QString::number(fault.key);
   switch (fault.kind) {
     case FaultKind::kTransferWithoutDate:
     case FaultKind::kTransferToItself:
-      return Tr("Transfer %1").arg(key);
+      return QStringLiteral("Transfer %1").arg(key);
     case FaultKind::kOpeningWithoutDate:
-      return Tr("Opening stock %1").arg(key);
+      return QStringLiteral("Opening stock %1").arg(key);
     case FaultKind::kPaymentWithoutDate:
-      return Tr("Payment or receipt %1").arg(key);
+      return QStringLiteral("Payment or receipt %1").arg(key);
     case FaultKind::kRecordWithoutYear:
-      return Tr("Record %1").arg(key);
+      return QStringLiteral("Record %1").arg(key);
     default:
-      return Tr("Bill %1").arg(fault.number.empty() ? key : QString::fromStdString(fault.number));
+      return QStringLiteral("Bill %1").arg(
+          fault.number.empty() ? key : QString::fromStdString(fault.number));
   }
 }
 
@@ -32,19 +27,19 @@ QString Reason(FaultKind kind) {
   switch (kind) {
     case FaultKind::kBillWithoutDate:
     case FaultKind::kTransferWithoutDate:
-      return Tr("has no proper date and is left out of the statements");
+      return QStringLiteral("has no proper date and is left out of the statements");
     case FaultKind::kOpeningWithoutDate:
-      return Tr("has no proper purchase date and counts as bought before the year");
+      return QStringLiteral("has no proper purchase date and counts as bought before the year");
     case FaultKind::kLineOfAnotherBill:
-      return Tr("has a line of another client or year, which is left out");
+      return QStringLiteral("has a line of another client or year, which is left out");
     case FaultKind::kTransferToItself:
-      return Tr("goes to the account that it comes from and counts as gone");
+      return QStringLiteral("goes to the account that it comes from and counts as gone");
     case FaultKind::kPaymentWithoutDate:
-      return Tr("has no proper date and is left out of the broker ledger");
+      return QStringLiteral("has no proper date and is left out of the broker ledger");
     case FaultKind::kSaleWithoutLot:
-      return Tr("sells shares from no lot of its account");
+      return QStringLiteral("sells shares from no lot of its account");
     case FaultKind::kRecordWithoutYear:
-      return Tr("has no proper financial year and is left out");
+      return QStringLiteral("has no proper financial year and is left out");
   }
   return {};
 }
@@ -59,10 +54,10 @@ QStringList FaultTexts(database::Connection& connection, const Faults& faults, s
   const lookups::Directory directory(connection);
   for (const Fault& fault : faults) {
     if (static_cast<std::size_t>(texts.size()) == most) {
-      texts.append(Tr("and %1 more").arg(faults.size() - most));
+      texts.append(QStringLiteral("and %1 more").arg(faults.size() - most));
       break;
     }
-    texts.append(Tr("%1 of client %2, dated \"%3\", %4.")
+    texts.append(QStringLiteral("%1 of client %2, dated \"%3\", %4.")
                      .arg(RecordName(fault),
                           QString::fromStdString(directory.Client(fault.client).code),
                           QString::fromStdString(fault.date), Reason(fault.kind)));

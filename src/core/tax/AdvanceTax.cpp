@@ -1,8 +1,7 @@
 #include "core/tax/AdvanceTax.h"
 
 #include "core/files/TableFile.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 namespace quorvane::tax {
 namespace {
@@ -10,10 +9,9 @@ namespace {
 enum Cell { kFirstYear, kLastDay, kSource, kCells };
 
 [[noreturn]] void FailAt(std::size_t line) {
-  throw files::TableError(
-      QCoreApplication::translate("Tax", "Line %1 of advance-tax-windows.csv is no window.")
-          .arg(static_cast<qulonglong>(line))
-          .toStdString());
+  throw files::TableError(Tr("Tax", "Line %1 of advance-tax-windows.csv is no window.")
+                              .arg(static_cast<qulonglong>(line))
+                              .toStdString());
 }
 
 /// "15/06" as a day of the year.

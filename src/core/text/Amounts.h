@@ -4,6 +4,7 @@
 #include <QStringView>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -49,7 +50,7 @@ void AppendExact(std::string& out, double value);
 double Val(QStringView text);
 
 /// Reads a whole text as a plain decimal number ("-12.5"; no blanks, no exponent, no separators, no
-/// "nan" or "inf"). False, with `value` unchanged, for anything else.
-bool ParseNumber(std::string_view text, double& value);
+/// "nan" or "inf"); nullopt for anything else.
+std::optional<double> ParseNumber(std::string_view text);
 
 }  // namespace quorvane::text

@@ -143,19 +143,18 @@ double Val(QStringView text) {
   return value + 0.0;
 }
 
-bool ParseNumber(std::string_view text, double& value) {
+std::optional<double> ParseNumber(std::string_view text) {
   const std::string_view digits = text.starts_with('-') ? text.substr(1) : text;
   if (digits.empty() || digits.find_first_not_of("0123456789.") != std::string_view::npos) {
-    return false;
+    return std::nullopt;
   }
   double number = 0;
   const char* const end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, number, std::chars_format::fixed);
   if (result.ec != std::errc() || result.ptr != end) {
-    return false;
+    return std::nullopt;
   }
-  value = number + 0.0;
-  return true;
+  return number + 0.0;
 }
 
 }  // namespace quorvane::text

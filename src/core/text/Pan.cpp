@@ -1,6 +1,6 @@
 #include "core/text/Pan.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <array>
@@ -36,8 +36,7 @@ QString HolderKindWarning(QChar kind) {
   if (QStringLiteral("PHCJFATBLG").contains(kind)) {
     return {};
   }
-  return QCoreApplication::translate("Pan",
-                                     "Fourth character of PAN should be [P,H,C,J,F,A,T,B,L,G].");
+  return Tr("Pan", "Fourth character of PAN should be [P,H,C,J,F,A,T,B,L,G].");
 }
 
 }  // namespace

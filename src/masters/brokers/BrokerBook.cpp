@@ -2,8 +2,7 @@
 
 #include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -16,7 +15,6 @@ using database::TextCell;
 using database::Transaction;
 using database::Value;
 
-constexpr int kAddressBox = 1;
 constexpr std::size_t kFirstContactColumn = 2;
 constexpr std::size_t kColumnCount = kFirstContactColumn + masters::kContactColumnCount;
 
@@ -53,11 +51,11 @@ void DeleteRows(Transaction& transaction, BrokerId id) {
 
 MaybeRefusal CheckBroker(const Broker& broker) {
   if (broker.name.trimmed().isEmpty()) {
-    return Refusal{QCoreApplication::translate("Masters", "Enter Name."), masters::BoxName(0)};
+    return Refusal{Tr("Masters", "Enter Name."), Field::kName};
   }
   std::vector<TextCell> cells{
-      {"Name", QT_TRANSLATE_NOOP("Masters", "Name"), broker.name, masters::BoxName(0)}};
-  masters::AppendCells(cells, broker.contact, kAddressBox);
+      {"Name", QT_TRANSLATE_NOOP("Masters", "Name"), broker.name, Field::kName}};
+  masters::AppendCells(cells, broker.contact);
   return database::CheckTextWidths("Broker", cells);
 }
 
@@ -76,18 +74,16 @@ std::optional<Broker> BrokerBook::Load(BrokerId id) const {
   return rows.Next() ? std::optional(BrokerOf(rows)) : std::nullopt;
 }
 
-MaybeRefusal BrokerBook::Save(Broker& broker) {
-  if (MaybeRefusal refusal = CheckBroker(broker)) {
-    return refusal;
+Result<BrokerId> BrokerBook::Save(const Broker& broker) {
+  if (const MaybeRefusal refusal = CheckBroker(broker)) {
+    return *refusal;
   }
-  Broker saved;
-  database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = broker;
+  return database::InTransaction(connection_, [&](Transaction& transaction) -> Result<BrokerId> {
+    Broker saved = broker;
     saved.id = database::ClaimKey(transaction, "Broker", saved.id);
     Insert(transaction, saved);
+    return saved.id;
   });
-  broker = std::move(saved);
-  return std::nullopt;
 }
 
 void BrokerBook::Delete(BrokerId id, Progress& progress) {

@@ -34,8 +34,8 @@ class BrokerBook {
 
   std::optional<Broker> Load(BrokerId id) const;
 
-  /// Writes a new broker, or a changed one in place of the old. Sets the id.
-  MaybeRefusal Save(Broker& broker);
+  /// Writes a new broker, or a changed one in place of the old. Hands back its id.
+  Result<BrokerId> Save(const Broker& broker);
 
   /// Removes the broker with every bill, opening balance, payment and receipt, and recomputes the
   /// holdings of every client and year. Throws Cancellation, with everything as it was, when the

@@ -1,8 +1,7 @@
 #include "masters/client_list/ClientList.h"
 
 #include "core/ledger/Rebuild.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 
@@ -32,7 +31,7 @@ bool HasClients(database::Connection& connection) {
 
 QString UpdateStock(database::Connection& connection, const ClientYear& of, Progress& progress) {
   ledger::RebuildStock(connection, of, progress);
-  return QCoreApplication::translate("ClientList", "Stock is Updated Successfully !!!");
+  return Tr("ClientList", "Stock is Updated Successfully !!!");
 }
 
 }  // namespace quorvane::client_list

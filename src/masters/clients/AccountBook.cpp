@@ -2,8 +2,7 @@
 
 #include "core/database/Keys.h"
 #include "core/lookups/Directory.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -105,10 +104,9 @@ AccountUse RecordsNaming(Connection& connection, AccountId account) {
 }
 
 QString AskRemoveAccount(const AccountUse& use) {
-  return QCoreApplication::translate(
-             "Clients",
-             "%1 bills, %2 opening rows, %3 transfers and %4 lots name this Demat A/c. They belong "
-             "to it again when its number is entered again. Remove it?")
+  return Tr("Clients",
+            "%1 bills, %2 opening rows, %3 transfers and %4 lots name this Demat A/c. They belong "
+            "to it again when its number is entered again. Remove it?")
       .arg(use.bills)
       .arg(use.openings)
       .arg(use.transfers)

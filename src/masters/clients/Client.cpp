@@ -1,8 +1,7 @@
 #include "masters/clients/Client.h"
 
 #include "core/text/Pan.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 
@@ -10,23 +9,6 @@ namespace quorvane::clients {
 namespace {
 
 using database::TextCell;
-
-constexpr int kGroupCodeBox = 1;
-constexpr int kNameBox = 2;
-constexpr int kAddressBox = 3;
-constexpr int kPanBox = 11;
-constexpr int kDocumentBox = 12;
-
-Refusal Refuse(const char* text, const QString& field) {
-  return {QCoreApplication::translate("Clients", text), field};
-}
-
-QString DateField() {
-  return QStringLiteral("MaskEdBox1");
-}
-QString AccountsField() {
-  return QStringLiteral("VS");
-}
 
 bool HasNumber(const Account& account) {
   return !account.number.trimmed().isEmpty();
@@ -36,17 +18,15 @@ MaybeRefusal CheckDateOfBirth(const QString& date) {
   if (date.isEmpty() || text::ParseDmy(date)) {
     return std::nullopt;
   }
-  return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Proper Date."), DateField());
+  return Refusal{Tr("Clients", "Enter Proper Date."), Field::kDateOfBirth};
 }
 
 std::vector<TextCell> Cells(const Client& client) {
   std::vector<TextCell> cells{
-      {"Code", QT_TRANSLATE_NOOP("Masters", "Client Code"), client.code, CodeField()},
-      {"GCode", QT_TRANSLATE_NOOP("Masters", "Group Code"), client.group_code,
-       masters::BoxName(kGroupCodeBox)},
-      {"Name", QT_TRANSLATE_NOOP("Masters", "Client Name"), client.name,
-       masters::BoxName(kNameBox)}};
-  masters::AppendCells(cells, client.contact, kAddressBox);
+      {"Code", QT_TRANSLATE_NOOP("Masters", "Client Code"), client.code, Field::kCode},
+      {"GCode", QT_TRANSLATE_NOOP("Masters", "Group Code"), client.group_code, Field::kGroupCode},
+      {"Name", QT_TRANSLATE_NOOP("Masters", "Client Name"), client.name, Field::kName}};
+  masters::AppendCells(cells, client.contact);
   return cells;
 }
 
@@ -54,7 +34,7 @@ std::vector<TextCell> AccountCells(const Client& client) {
   std::vector<TextCell> cells;
   for (const Account& account : client.accounts) {
     cells.push_back(
-        {"ACNo", QT_TRANSLATE_NOOP("Masters", "Demat A/c No."), account.number, AccountsField()});
+        {"ACNo", QT_TRANSLATE_NOOP("Masters", "Demat A/c No."), account.number, Field::kAccounts});
   }
   return cells;
 }
@@ -66,36 +46,24 @@ MaybeRefusal CheckWidths(const Client& client) {
 
 }  // namespace
 
-QString CodeField() {
-  return masters::BoxName(0);
-}
-
-QString DocumentField() {
-  return masters::BoxName(kDocumentBox);
-}
-
 QStringList SexItems() {
-  return {QCoreApplication::translate("Clients", "Male"),
-          QCoreApplication::translate("Clients", "Female"),
-          QCoreApplication::translate("Clients", "Other")};
+  return {Tr("Clients", "Male"), Tr("Clients", "Female"), Tr("Clients", "Other")};
 }
 
 QStringList MaritalStatusItems() {
-  return {QCoreApplication::translate("Clients", "Single"),
-          QCoreApplication::translate("Clients", "Married"),
-          QCoreApplication::translate("Clients", "Widowed"),
-          QCoreApplication::translate("Clients", "Divorced")};
+  return {Tr("Clients", "Single"), Tr("Clients", "Married"), Tr("Clients", "Widowed"),
+          Tr("Clients", "Divorced")};
 }
 
 MaybeRefusal CheckEntries(const Client& client) {
   if (client.code.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Code."), CodeField());
+    return Refusal{Tr("Clients", "Enter Client Code."), Field::kCode};
   }
   if (client.name.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Client Name."), masters::BoxName(kNameBox));
+    return Refusal{Tr("Clients", "Enter Client Name."), Field::kName};
   }
   if (std::ranges::none_of(client.accounts, HasNumber)) {
-    return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Demat A/c Details."), AccountsField());
+    return Refusal{Tr("Clients", "Enter Demat A/c Details."), Field::kAccounts};
   }
   return std::nullopt;
 }
@@ -127,7 +95,7 @@ MaybeRefusal CheckPan(const QString& pan) {
   if (text::IsValidPan(pan).valid) {
     return std::nullopt;
   }
-  return Refuse(QT_TRANSLATE_NOOP("Clients", "Enter Proper PAN."), masters::BoxName(kPanBox));
+  return Refusal{Tr("Clients", "Enter Proper PAN."), Field::kPan};
 }
 
 QString PanWarning(const QString& pan) {

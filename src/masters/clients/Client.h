@@ -59,8 +59,4 @@ bool IsBlank(const Account& account);
 MaybeRefusal CheckPan(const QString& pan);
 QString PanWarning(const QString& pan);
 
-/// Names of boxes that a refusal of a client may name.
-QString CodeField();
-QString DocumentField();
-
 }  // namespace quorvane::clients

@@ -1,9 +1,8 @@
 #include "masters/clients/ClientBook.h"
 
 #include "core/database/Keys.h"
+#include "core/text/Tr.h"
 #include "masters/clients/AccountBook.h"
-
-#include <QCoreApplication>
 
 #include <fmt/format.h>
 
@@ -52,7 +51,7 @@ bool CodeIsTaken(Connection& connection, const Client& client) {
 }
 
 Refusal CodeTaken() {
-  return {QCoreApplication::translate("Clients", "Client Code Already Exists."), CodeField()};
+  return {Tr("Clients", "Client Code Already Exists."), Field::kCode};
 }
 
 void Insert(Transaction& transaction, const Client& client) {
@@ -66,14 +65,14 @@ void Insert(Transaction& transaction, const Client& client) {
       values);
 }
 
-MaybeRefusal SaveIn(Transaction& transaction, Client& client) {
+Result<Client> SaveIn(Transaction& transaction, Client client) {
   if (CodeIsTaken(transaction.GetConnection(), client)) {
     return CodeTaken();
   }
   client.id = database::ClaimKey(transaction, "ClientInfo", client.id);
   Insert(transaction, client);
   ReplaceAccounts(transaction, client);
-  return std::nullopt;
+  return client;
 }
 
 /// The tables that carry the client's key as their first column, those of later releases and of
@@ -91,15 +90,12 @@ std::vector<std::string> ClientTables(Transaction& transaction) {
   return tables;
 }
 
-[[noreturn]] void FailAfterCommit(const char* done, const std::runtime_error& error) {
-  throw std::runtime_error(QCoreApplication::translate("Clients", done).toStdString() + "\n" +
-                           error.what());
+std::string AfterCommit(const QString& done, const std::runtime_error& error) {
+  return done.toStdString() + "\n" + error.what();
 }
 
-MaybeRefusal InDocumentBox(MaybeRefusal refusal) {
-  if (refusal) {
-    refusal->field = DocumentField();
-  }
+Refusal OfDocument(Refusal refusal) {
+  refusal.field = Field::kDocument;
   return refusal;
 }
 
@@ -131,26 +127,23 @@ std::optional<Client> ClientBook::Load(ClientId id) const {
   return client;
 }
 
-MaybeRefusal ClientBook::Save(Client& client, const QString& new_document) {
+Result<Client> ClientBook::Save(const Client& client, const QString& new_document) {
   const Client stored = Load(client.id).value_or(Client{});
-  if (MaybeRefusal refusal = Check(client, stored)) {
-    return refusal;
+  if (const MaybeRefusal refusal = Check(client, stored)) {
+    return *refusal;
   }
-  Client received = client;
-  documents::DocumentStore::Incoming incoming;
-  if (MaybeRefusal refusal = ReceiveDocument(received, stored, new_document, incoming)) {
-    return refusal;
+  Result<Document> document = ReceiveDocument(client, stored, new_document);
+  if (!document) {
+    return document.Why();
   }
-  Client saved;
-  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = received;
-    return SaveIn(transaction, saved);
-  });
-  if (!refusal) {
-    client = std::move(saved);
-    FileDocument(client, std::move(incoming));
+  Client with_document = client;
+  with_document.document = document->name;
+  Result<Client> saved = database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveIn(transaction, with_document); });
+  if (saved) {
+    FileDocument(*saved, std::move(document->incoming));
   }
-  return refusal;
+  return saved;
 }
 
 MaybeRefusal ClientBook::Check(const Client& client, const Client& stored) const {
@@ -173,28 +166,27 @@ void ClientBook::Delete(ClientId id) {
   try {
     documents_.Remove(id);
   } catch (const std::runtime_error& error) {
-    FailAfterCommit(
-        QT_TRANSLATE_NOOP("Clients", "The Client is Deleted, but the Document could not be."),
-        error);
+    throw std::runtime_error(
+        AfterCommit(Tr("Clients", "The Client is Deleted, but the Document could not be."), error));
   }
 }
 
-MaybeRefusal ClientBook::ReceiveDocument(Client& client, const Client& stored,
-                                         const QString& new_document,
-                                         documents::DocumentStore::Incoming& incoming) const {
+Result<ClientBook::Document> ClientBook::ReceiveDocument(const Client& client, const Client& stored,
+                                                         const QString& new_document) const {
   if (!new_document.isEmpty()) {
     auto received = documents_.Receive(new_document);
-    if (received) {
-      incoming = std::move(*received);
-      client.document = incoming.Name();
+    if (!received) {
+      return OfDocument(received.Why());
     }
-    return InDocumentBox(received.Refused());
+    const QString name = received->Name();
+    return Document{name, std::move(*received)};
   }
-  client.document = client.document.trimmed();
-  const bool changed = client.document != stored.document.trimmed();
-  const bool missing = changed && !client.document.isEmpty() &&
-                       (!client.id || !documents_.Path(client.id, client.document));
-  return missing ? InDocumentBox(documents::FileDoesNotExist()) : std::nullopt;
+  const QString name = client.document.trimmed();
+  const bool changed = name != stored.document.trimmed();
+  if (changed && !name.isEmpty() && (!client.id || !documents_.Path(client.id, name))) {
+    return OfDocument(documents::FileDoesNotExist());
+  }
+  return Document{name, {}};
 }
 
 void ClientBook::FileDocument(const Client& client,
@@ -206,9 +198,10 @@ void ClientBook::FileDocument(const Client& client,
       documents_.Remove(client.id);
     }
   } catch (const std::runtime_error& error) {
-    FailAfterCommit(
-        QT_TRANSLATE_NOOP("Clients", "The Client is Saved, but the Document could not be Filed."),
-        error);
+    throw DocumentNotFiled(
+        AfterCommit(Tr("Clients", "The Client is Saved, but the Document could not be Filed."),
+                    error),
+        client.id);
   }
 }
 

@@ -6,6 +6,8 @@
 #include "masters/clients/Client.h"
 
 #include <optional>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace quorvane::clients {
@@ -17,10 +19,22 @@ struct ClientRow {
   QString name;
 };
 
+/// The client is saved, but the document that came with it could not be filed.
+class DocumentNotFiled : public std::runtime_error {
+ public:
+  DocumentNotFiled(const std::string& what, ClientId client)
+      : std::runtime_error(what), client_(client) {}
+
+  ClientId Client() const { return client_; }
+
+ private:
+  ClientId client_;
+};
+
 /// The clients with their demat accounts in the database and their documents in the store. Every
 /// save and delete is one transaction; one that is refused, or that throws DatabaseError, changes
-/// nothing. Files follow the commit; when that fails, std::runtime_error says that the record is
-/// saved all the same.
+/// nothing. Files follow the commit; when that fails, DocumentNotFiled, or std::runtime_error for a
+/// delete, says that the record is saved or deleted all the same.
 class ClientBook {
  public:
   ClientBook(database::Connection& connection, documents::DocumentStore documents);
@@ -33,13 +47,13 @@ class ClientBook {
 
   /// Checks what the record breaks by itself (Client.h), the code being free after the accounts and
   /// before the values, and the document last. Writes a new client, or a changed one in place of
-  /// the old, and the accounts in place of those there were. Sets the ids of the client and of new
-  /// accounts, and leaves out blank accounts.
+  /// the old, and the accounts in place of those there were. Hands back what was saved: with the
+  /// ids of the client and of new accounts, and without blank accounts.
   ///
   /// The document is the file `new_document`, whose name the client takes over; without one it is
   /// the file of that name which the client has; a client that names none loses the one there was.
   /// A name that the record had before is kept although its file is missing.
-  MaybeRefusal Save(Client& client, const QString& new_document = {});
+  Result<Client> Save(const Client& client, const QString& new_document = {});
 
   /// Removes the client, every row of every table whose first column is the client's key, and the
   /// document.
@@ -48,9 +62,15 @@ class ClientBook {
   const documents::DocumentStore& Documents() const { return documents_; }
 
  private:
+  /// The document that a client will have, and its file when it is a new one.
+  struct Document {
+    QString name;
+    documents::DocumentStore::Incoming incoming;
+  };
+
   MaybeRefusal Check(const Client& client, const Client& stored) const;
-  MaybeRefusal ReceiveDocument(Client& client, const Client& stored, const QString& new_document,
-                               documents::DocumentStore::Incoming& incoming) const;
+  Result<Document> ReceiveDocument(const Client& client, const Client& stored,
+                                   const QString& new_document) const;
   void FileDocument(const Client& client, documents::DocumentStore::Incoming incoming) const;
 
   database::Connection& connection_;

@@ -2,10 +2,9 @@
 
 #include "core/database/Keys.h"
 #include "core/lookups/Directory.h"
+#include "core/text/Tr.h"
 #include "masters/imports/ScripWriter.h"
 #include "masters/imports/StoredScrips.h"
-
-#include <QCoreApplication>
 
 namespace quorvane::imports {
 namespace {
@@ -76,8 +75,7 @@ ImportedScrip Changed(const ImportedScrip& stored, const PriceRow& row, const Pr
 void Write(Transaction& transaction, const std::vector<ImportedScrip>& scrips,
            std::optional<text::Date> day, Progress& progress) {
   ScripWriter writer(transaction);
-  progress.Begin(QCoreApplication::translate("Imports", "Saving scrips"),
-                 static_cast<std::int64_t>(scrips.size()));
+  progress.Begin(Tr("Imports", "Saving scrips"), static_cast<std::int64_t>(scrips.size()));
   for (std::size_t done = 0; done < scrips.size(); ++done) {
     if (scrips[done].state != ScripState::kUnchanged) {
       writer.Write(scrips[done]);

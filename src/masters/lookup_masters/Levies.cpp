@@ -2,8 +2,7 @@
 
 #include "core/files/TableFile.h"
 #include "core/text/Amounts.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <chrono>
@@ -15,10 +14,9 @@ namespace {
 enum Cell { kKind, kFrom, kPercent, kCells };
 
 [[noreturn]] void FailAt(std::size_t line) {
-  throw files::TableError(
-      QCoreApplication::translate("LookupMasters", "Line %1 of levies.csv is no dated rate.")
-          .arg(static_cast<qulonglong>(line))
-          .toStdString());
+  throw files::TableError(Tr("LookupMasters", "Line %1 of levies.csv is no dated rate.")
+                              .arg(static_cast<qulonglong>(line))
+                              .toStdString());
 }
 
 Levy LevyOf(const files::TextRow& row) {
@@ -27,11 +25,12 @@ Levy LevyOf(const files::TextRow& row) {
   }
   Levy levy{.kind = QString::fromStdString(row.cells[kKind]), .from = {}};
   const auto from = text::ParseDmy(row.cells[kFrom]);
-  const bool is_number = text::ParseNumber(row.cells[kPercent], levy.percent);
-  if (!PercentageKinds().contains(levy.kind) || !from || !is_number || levy.percent < 0) {
+  const auto percent = text::ParseNumber(row.cells[kPercent]);
+  if (!PercentageKinds().contains(levy.kind) || !from || !percent || *percent < 0) {
     FailAt(row.line);
   }
   levy.from = *from;
+  levy.percent = *percent;
   return levy;
 }
 

@@ -2,8 +2,7 @@
 
 #include "core/database/Keys.h"
 #include "core/text/Amounts.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -65,19 +64,12 @@ std::optional<LookupRow> LookupBook::Load(int id) const {
   return records.Next() ? std::optional(RowOf(records)) : std::nullopt;
 }
 
-MaybeRefusal LookupBook::Save(LookupRow& row) {
-  if (MaybeRefusal refusal = CheckRow(master_, row)) {
-    return refusal;
+Result<int> LookupBook::Save(const LookupRow& row) {
+  if (const MaybeRefusal refusal = CheckRow(master_, row)) {
+    return *refusal;
   }
-  LookupRow saved;
-  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = row;
-    return SaveIn(transaction, saved);
-  });
-  if (!refusal) {
-    row = std::move(saved);
-  }
-  return refusal;
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveIn(transaction, row); });
 }
 
 std::vector<LookupRow> LookupBook::AddMissing(const std::vector<LookupRow>& rows) {
@@ -85,7 +77,8 @@ std::vector<LookupRow> LookupBook::AddMissing(const std::vector<LookupRow>& rows
   database::InTransaction(connection_, [&](Transaction& transaction) {
     added.clear();
     for (LookupRow row : rows) {
-      if (!SaveIn(transaction, row)) {
+      if (const Result<int> id = SaveIn(transaction, row)) {
+        row.id = *id;
         added.push_back(std::move(row));
       }
     }
@@ -99,14 +92,13 @@ void LookupBook::Delete(int id) {
   });
 }
 
-MaybeRefusal LookupBook::SaveIn(Transaction& transaction, LookupRow& row) const {
+Result<int> LookupBook::SaveIn(Transaction& transaction, LookupRow row) const {
   if (IsTaken(transaction, row)) {
-    return Refusal{QCoreApplication::translate("LookupMasters", master_.if_taken),
-                   QString::fromLatin1(master_.columns.front().box)};
+    return Refusal{Tr("LookupMasters", master_.if_taken), master_.columns.front().field};
   }
   row.id = database::ClaimKey(transaction, master_.table, row.id);
   Insert(transaction, master_, row);
-  return std::nullopt;
+  return row.id;
 }
 
 bool LookupBook::IsTaken(Transaction& transaction, const LookupRow& row) const {

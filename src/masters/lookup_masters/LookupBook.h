@@ -21,9 +21,9 @@ class LookupBook {
 
   std::optional<LookupRow> Load(int id) const;
 
-  /// Writes a new row, or a changed one in place of the old. Sets the id. `row` has a value a
-  /// column.
-  MaybeRefusal Save(LookupRow& row);
+  /// Writes a new row, or a changed one in place of the old. Hands back its id. `row` has a
+  /// value a column.
+  Result<int> Save(const LookupRow& row);
 
   /// Adds those rows that the table lacks by its unique columns, in one transaction; those that
   /// exist stay. Returns what was added.
@@ -33,7 +33,7 @@ class LookupBook {
   void Delete(int id);
 
  private:
-  MaybeRefusal SaveIn(database::Transaction& transaction, LookupRow& row) const;
+  Result<int> SaveIn(database::Transaction& transaction, LookupRow row) const;
   bool IsTaken(database::Transaction& transaction, const LookupRow& row) const;
   LookupRow RowOf(const database::Recordset& record) const;
   std::string SelectFrom() const;

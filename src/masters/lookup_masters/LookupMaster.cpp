@@ -3,8 +3,7 @@
 #include "core/database/TextWidths.h"
 #include "core/text/Amounts.h"
 #include "core/text/FinancialYear.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <array>
@@ -15,25 +14,27 @@ namespace {
 using Kind = LookupColumn::Kind;
 
 constexpr std::array kTypeColumns{
-    LookupColumn{"Type", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Script Type"), "Text1_0",
-                 QT_TRANSLATE_NOOP("LookupMasters", "Enter Script Type.")}};
+    LookupColumn{"Type", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Script Type"),
+                 Field::kName, QT_TRANSLATE_NOOP("LookupMasters", "Enter Script Type.")}};
 constexpr std::array kClassColumns{
     LookupColumn{"Name", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Script Class Name"),
-                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter Script Class Name.")}};
+                 Field::kName, QT_TRANSLATE_NOOP("LookupMasters", "Enter Script Class Name.")}};
 constexpr std::array kExchangeColumns{
     LookupColumn{"ExName", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Exchange Name"),
-                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter Exchange Name.")}};
+                 Field::kName, QT_TRANSLATE_NOOP("LookupMasters", "Enter Exchange Name.")}};
 constexpr std::array kSttColumns{
     LookupColumn{"STTPer", Kind::kNumber, QT_TRANSLATE_NOOP("LookupMasters", "S.T.T. Percent"),
-                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter S.T.T. Percent.")}};
+                 Field::kPercent, QT_TRANSLATE_NOOP("LookupMasters", "Enter S.T.T. Percent.")}};
 constexpr std::array kTaxColumns{
     LookupColumn{"FYear", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Financial Year"),
-                 "Text1_0", QT_TRANSLATE_NOOP("LookupMasters", "Enter Financial Year.")},
+                 Field::kYear, QT_TRANSLATE_NOOP("LookupMasters", "Enter Financial Year.")},
     LookupColumn{"Name", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "Delivery Type"),
-                 "CmbName", QT_TRANSLATE_NOOP("LookupMasters", "Select Delivery Type .")},
+                 Field::kDeliveryType,
+                 QT_TRANSLATE_NOOP("LookupMasters", "Select Delivery Type .")},
     LookupColumn{"Percent", Kind::kNumber, QT_TRANSLATE_NOOP("LookupMasters", "Percentage"),
-                 "Text1_1", QT_TRANSLATE_NOOP("LookupMasters", "Enter Percentage.")},
-    LookupColumn{"Ason", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "As On"), "Text1_2", ""}};
+                 Field::kPercent, QT_TRANSLATE_NOOP("LookupMasters", "Enter Percentage.")},
+    LookupColumn{"Ason", Kind::kText, QT_TRANSLATE_NOOP("LookupMasters", "As On"), Field::kAsOn,
+                 ""}};
 
 constexpr std::array<LookupMaster, 5> kMasters{{
     {LookupKind::kScripTypes, "FrmScriptType", "ScriptType", kTypeColumns, 1,
@@ -48,17 +49,12 @@ constexpr std::array<LookupMaster, 5> kMasters{{
      QT_TRANSLATE_NOOP("LookupMasters", "Percent Detail Already Exists."), ""},
 }};
 
-QString Translated(const char* text) {
-  return QCoreApplication::translate("LookupMasters", text);
-}
-
 bool IsMissing(const LookupColumn& column, const QString& value) {
   const QString text = value.trimmed();
   if (column.kind == Kind::kText) {
     return text.isEmpty();
   }
-  double number = 0;
-  return !text::ParseNumber(text.toStdString(), number) || number < 0;
+  return text::ParseNumber(text.toStdString()).value_or(-1) < 0;
 }
 
 MaybeRefusal CheckMissing(const LookupMaster& master, const LookupRow& row) {
@@ -66,7 +62,7 @@ MaybeRefusal CheckMissing(const LookupMaster& master, const LookupRow& row) {
     const LookupColumn& column = master.columns[i];
     const bool required = *column.if_empty != '\0';
     if (required && IsMissing(column, row.values.at(i))) {
-      return Refusal{Translated(column.if_empty), QString::fromLatin1(column.box)};
+      return Refusal{Tr("LookupMasters", column.if_empty), column.field};
     }
   }
   return std::nullopt;
@@ -77,8 +73,7 @@ MaybeRefusal CheckWidths(const LookupMaster& master, const LookupRow& row) {
   for (std::size_t i = 0; i < master.columns.size(); ++i) {
     const LookupColumn& column = master.columns[i];
     if (column.kind == Kind::kText) {
-      cells.push_back(
-          {column.name, column.label, row.values.at(i), QString::fromLatin1(column.box)});
+      cells.push_back({column.name, column.label, row.values.at(i), column.field});
     }
   }
   return database::CheckTextWidths(master.table, cells);
@@ -106,8 +101,7 @@ MaybeRefusal CheckFinancialYear(const QString& typed) {
   if (text::FinancialYear::Parse(typed)) {
     return std::nullopt;
   }
-  return Refusal{Translated("Enter Proper Financial Year"),
-                 QString::fromLatin1(kTaxColumns.front().box)};
+  return Refusal{Tr("LookupMasters", "Enter Proper Financial Year"), Field::kYear};
 }
 
 QStringList PercentageKinds() {

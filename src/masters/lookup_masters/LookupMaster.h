@@ -14,14 +14,14 @@ namespace quorvane::lookup_masters {
 
 enum class LookupKind { kScripTypes, kScripClasses, kExchanges, kSttPercentages, kTaxPercentages };
 
-/// A value of a row: its column, and its box in the window.
+/// A value of a row, and its column.
 struct LookupColumn {
   enum class Kind : std::uint8_t { kText, kNumber };
 
   std::string_view name;
   Kind kind = Kind::kText;
-  const char* label = "";     ///< "Script Type"
-  const char* box = "";       ///< "Text1_0"
+  const char* label = "";  ///< "Script Type"
+  Field field = Field::kNone;
   const char* if_empty = "";  ///< what is said when it is missing; empty when it may be missing
 };
 

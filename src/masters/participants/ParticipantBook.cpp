@@ -1,8 +1,7 @@
 #include "masters/participants/ParticipantBook.h"
 
 #include "core/database/Keys.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -17,9 +16,6 @@ using database::TextCell;
 using database::Transaction;
 using database::Value;
 
-constexpr int kAddressBox = 1;
-constexpr int kPersonBox = 9;
-constexpr int kDesignationBox = 10;
 constexpr std::size_t kFirstContactColumn = 2;
 constexpr std::size_t kAfterContact = kFirstContactColumn + masters::kContactColumnCount;
 constexpr std::size_t kColumnCount = kAfterContact + 3;
@@ -41,20 +37,19 @@ Participant ParticipantOf(const Recordset& row) {
 
 std::vector<TextCell> Cells(const Participant& participant) {
   std::vector<TextCell> cells{
-      {"Name", QT_TRANSLATE_NOOP("Masters", "Name"), participant.name, masters::BoxName(0)}};
-  masters::AppendCells(cells, participant.contact, kAddressBox);
-  cells.push_back({"Person", QT_TRANSLATE_NOOP("Masters", "Person"), participant.person,
-                   masters::BoxName(kPersonBox)});
+      {"Name", QT_TRANSLATE_NOOP("Masters", "Name"), participant.name, Field::kName}};
+  masters::AppendCells(cells, participant.contact);
+  cells.push_back(
+      {"Person", QT_TRANSLATE_NOOP("Masters", "Person"), participant.person, Field::kPerson});
   cells.push_back({"Designation", QT_TRANSLATE_NOOP("Masters", "Designation"),
-                   participant.designation, masters::BoxName(kDesignationBox)});
+                   participant.designation, Field::kDesignation});
   return cells;
 }
 
 MaybeRefusal CheckDpIds(const Participant& participant) {
   std::vector<TextCell> cells;
   for (const DpId& dp_id : participant.dp_ids) {
-    cells.push_back(
-        {"DPID", QT_TRANSLATE_NOOP("Masters", "DP Id"), dp_id.text, QStringLiteral("VS")});
+    cells.push_back({"DPID", QT_TRANSLATE_NOOP("Masters", "DP Id"), dp_id.text, Field::kDpIds});
   }
   return database::CheckTextWidths("DpIDs", cells);
 }
@@ -105,7 +100,7 @@ QStringList DepositoryItems() {
 
 MaybeRefusal CheckParticipant(const Participant& participant) {
   if (participant.name.trimmed().isEmpty()) {
-    return Refusal{QCoreApplication::translate("Masters", "Enter Name."), masters::BoxName(0)};
+    return Refusal{Tr("Masters", "Enter Name."), Field::kName};
   }
   MaybeRefusal refusal = database::CheckTextWidths("DepPart", Cells(participant));
   return refusal ? refusal : CheckDpIds(participant);
@@ -146,19 +141,17 @@ std::vector<DpId> ParticipantBook::DpIds(ParticipantId id) const {
   return dp_ids;
 }
 
-MaybeRefusal ParticipantBook::Save(Participant& participant) {
-  if (MaybeRefusal refusal = CheckParticipant(participant)) {
-    return refusal;
+Result<Participant> ParticipantBook::Save(const Participant& participant) {
+  if (const MaybeRefusal refusal = CheckParticipant(participant)) {
+    return *refusal;
   }
-  Participant saved;
-  database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = participant;
+  return database::InTransaction(connection_, [&](Transaction& transaction) -> Result<Participant> {
+    Participant saved = participant;
     saved.id = database::ClaimKey(transaction, "DepPart", saved.id);
     Insert(transaction, saved);
     ReplaceDpIds(transaction, saved);
+    return saved;
   });
-  participant = std::move(saved);
-  return std::nullopt;
 }
 
 void ParticipantBook::Delete(ParticipantId id) {

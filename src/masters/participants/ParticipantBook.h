@@ -51,9 +51,9 @@ class ParticipantBook {
   std::vector<DpId> DpIds(ParticipantId id) const;
 
   /// Writes a new participant, or a changed one in place of the old, and the DP ids in place of
-  /// those there were. Sets the ids of the participant and of new DP ids, and leaves out new DP ids
-  /// without a text.
-  MaybeRefusal Save(Participant& participant);
+  /// those there were. Hands back what was saved: with the ids of the participant and of new DP
+  /// ids, and without new DP ids that have no text.
+  Result<Participant> Save(const Participant& participant);
 
   /// Removes the participant and its DP ids. Clients' accounts stay and point at nothing.
   void Delete(ParticipantId id);

@@ -4,8 +4,7 @@
 #include "core/database/TextWidths.h"
 #include "core/ledger/Lots.h"
 #include "core/ledger/Rebuild.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <array>
 
@@ -17,17 +16,6 @@ using database::Recordset;
 using database::TextCell;
 using database::Transaction;
 
-QString CodeField() {
-  return QStringLiteral("Text1_0");
-}
-QString NameField() {
-  return QStringLiteral("Text1_1");
-}
-
-Refusal Refuse(const char* text, const QString& field) {
-  return {QCoreApplication::translate("Scrips", text), field};
-}
-
 Scrip ScripOf(const Recordset& row) {
   return {ScripId{row.Int(0)},   row.Text(1), row.Text(2),
           row.Text(3).trimmed(), row.Int(4),  row.Int(5)};
@@ -35,10 +23,10 @@ Scrip ScripOf(const Recordset& row) {
 
 MaybeRefusal CheckWidths(const Scrip& scrip) {
   const std::array cells{
-      TextCell{"Code", QT_TRANSLATE_NOOP("Masters", "Script Code"), scrip.code, CodeField()},
-      TextCell{"Name", QT_TRANSLATE_NOOP("Masters", "Script Name"), scrip.name, NameField()},
+      TextCell{"Code", QT_TRANSLATE_NOOP("Masters", "Script Code"), scrip.code, Field::kCode},
+      TextCell{"Name", QT_TRANSLATE_NOOP("Masters", "Script Name"), scrip.name, Field::kName},
       TextCell{"NCode", QT_TRANSLATE_NOOP("Masters", "Second Script Code"), scrip.second_code,
-               QStringLiteral("Text1_2")}};
+               Field::kSecondCode}};
   return database::CheckTextWidths("Script", cells);
 }
 
@@ -48,15 +36,15 @@ bool CodeIsTaken(Transaction& transaction, const Scrip& scrip) {
       .Next();
 }
 
-MaybeRefusal SaveIn(Transaction& transaction, Scrip& scrip) {
+Result<ScripId> SaveIn(Transaction& transaction, Scrip scrip) {
   if (CodeIsTaken(transaction, scrip)) {
-    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Script Code Already Exists."), CodeField());
+    return Refusal{Tr("Scrips", "Script Code Already Exists."), Field::kCode};
   }
   scrip.id = database::ClaimKey(transaction, "Script", scrip.id);
   transaction.Execute("Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) Values(?,?,?,?,?,?)",
                       scrip.id, scrip.code, scrip.name, scrip.type, scrip.scrip_class,
                       scrip.second_code);
-  return std::nullopt;
+  return scrip.id;
 }
 
 /// The clients and years that have a bill with the scrip on it, or had a corporate action of it.
@@ -126,16 +114,16 @@ void RebuildEach(Transaction& transaction, const std::vector<ClientYear>& holder
 
 MaybeRefusal CheckScrip(const Scrip& scrip) {
   if (scrip.code.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Enter Script Code."), CodeField());
+    return Refusal{Tr("Scrips", "Enter Script Code."), Field::kCode};
   }
   if (scrip.name.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Enter Script Name."), NameField());
+    return Refusal{Tr("Scrips", "Enter Script Name."), Field::kName};
   }
   if (scrip.type == 0) {
-    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Select Script Type."), QStringLiteral("Combo1"));
+    return Refusal{Tr("Scrips", "Select Script Type."), Field::kType};
   }
   if (scrip.scrip_class == 0) {
-    return Refuse(QT_TRANSLATE_NOOP("Scrips", "Select Script Class."), QStringLiteral("Combo2"));
+    return Refusal{Tr("Scrips", "Select Script Class."), Field::kClass};
   }
   return CheckWidths(scrip);
 }
@@ -157,19 +145,12 @@ std::optional<Scrip> ScripBook::Load(ScripId id) const {
   return rows.Next() ? std::optional(ScripOf(rows)) : std::nullopt;
 }
 
-MaybeRefusal ScripBook::Save(Scrip& scrip) {
-  if (MaybeRefusal refusal = CheckScrip(scrip)) {
-    return refusal;
+Result<ScripId> ScripBook::Save(const Scrip& scrip) {
+  if (const MaybeRefusal refusal = CheckScrip(scrip)) {
+    return *refusal;
   }
-  Scrip saved;
-  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = scrip;
-    return SaveIn(transaction, saved);
-  });
-  if (!refusal) {
-    scrip = std::move(saved);
-  }
-  return refusal;
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveIn(transaction, scrip); });
 }
 
 void ScripBook::Delete(ScripId id, Progress& progress) {

@@ -23,7 +23,6 @@ struct Scrip {
 };
 
 /// Code, name, type, class, then texts that are too long. Whether the code is free is for the book.
-/// The boxes: "Text1_0" code, "Text1_1" name, "Text1_2" second code, "Combo1" type, "Combo2" class.
 MaybeRefusal CheckScrip(const Scrip& scrip);
 
 /// The scrips in the database. Every save and delete is one transaction; one that is refused, or
@@ -37,8 +36,8 @@ class ScripBook {
 
   std::optional<Scrip> Load(ScripId id) const;
 
-  /// Writes a new scrip, or a changed one in place of the old. Sets the id.
-  MaybeRefusal Save(Scrip& scrip);
+  /// Writes a new scrip, or a changed one in place of the old. Hands back its id.
+  Result<ScripId> Save(const Scrip& scrip);
 
   /// Removes the scrip with its transfers, bill lines, opening stock, lots and rates, and the
   /// header of every bill that it stood on; lines of other scrips on those bills stay and count

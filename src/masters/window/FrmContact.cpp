@@ -1,6 +1,7 @@
 #include "masters/window/FrmContact.h"
 
 #include "core/lookups/Choices.h"
+#include "masters/window/BoxName.h"
 
 namespace quorvane::masters {
 
@@ -11,7 +12,10 @@ using controls::TextBox;
 FrmContact::FrmContact(controls::Desk& desk, const QString& name, const QString& title,
                        QSize designed, AddressBook address_book)
     : RecordWindow(desk, name, title, designed, QStringLiteral("VSF")),
-      address_book_(address_book) {}
+      address_book_(address_book) {
+  Hold({{Field::kName, BoxName(Name)}});
+  Hold(ContactControls(Address));
+}
 
 void FrmContact::AddContact(FieldLayout& fields) {
   constexpr int kWhole = 2;
@@ -71,8 +75,8 @@ Contact FrmContact::EnteredContact() const {
           .email = Text1[Email]->text()};
 }
 
-TextBox* FrmContact::AddBox(FieldLayout& fields, Field field, const QString& label, int span) {
-  return fields.Add(label, BoxName(field), new TextBox(), span);
+TextBox* FrmContact::AddBox(FieldLayout& fields, Box box, const QString& label, int span) {
+  return fields.Add(label, BoxName(box), new TextBox(), span);
 }
 
 void FrmContact::Complete() {

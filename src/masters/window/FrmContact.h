@@ -18,7 +18,7 @@ class FrmContact : public controls::RecordWindow {
   Q_OBJECT
 
  protected:
-  enum Field { Name, Address, City, Pin, Std, Phone, Mobile, Fax, Email, kFields };
+  enum Box { Name, Address, City, Pin, Std, Phone, Mobile, Fax, Email, kBoxes };
 
   FrmContact(controls::Desk& desk, const QString& name, const QString& title, QSize designed,
              AddressBook address_book);
@@ -32,12 +32,12 @@ class FrmContact : public controls::RecordWindow {
   Contact EnteredContact() const;
 
  private:
-  controls::TextBox* AddBox(controls::FieldLayout& fields, Field field, const QString& label,
+  controls::TextBox* AddBox(controls::FieldLayout& fields, Box box, const QString& label,
                             int span = 1);
   void Complete();
 
   AddressBook address_book_;
-  std::array<controls::TextBox*, kFields> Text1{};  ///< none for the address
+  std::array<controls::TextBox*, kBoxes> Text1{};  ///< none for the address
   controls::LinesBox* address_ = nullptr;
   controls::ComboBox* Combo1 = nullptr;
 };

@@ -2,7 +2,6 @@
 
 #include "core/text/Amounts.h"
 
-#include <QCoreApplication>
 #include <QLocale>
 
 #include <algorithm>
@@ -12,10 +11,6 @@ namespace quorvane::charts {
 namespace {
 
 using reporting::Cell;
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Charts", text);
-}
 
 std::int64_t SumOf(const std::vector<std::int64_t>& paise) {
   return std::accumulate(paise.begin(), paise.end(), std::int64_t{0});
@@ -32,7 +27,7 @@ reporting::Row RowOf(const ChartData& chart, std::ptrdiff_t category) {
   const bool total = category < 0;
   reporting::Row row;
   row.kind = total ? reporting::RowKind::kNetTotal : reporting::RowKind::kData;
-  row.cells.emplace_back(total ? Tr("Total") : chart.categories[category]);
+  row.cells.emplace_back(total ? QStringLiteral("Total") : chart.categories[category]);
   std::int64_t across = 0;
   for (const ChartData::Series& series : chart.series) {
     const std::int64_t paise =
@@ -55,9 +50,9 @@ reporting::Table TableOfAmounts(const ChartData& chart) {
     table.columns.push_back(reporting::AmountColumn(series.name));
   }
   if (chart.kind == ChartKind::kParts) {
-    table.columns.push_back(reporting::AmountColumn(Tr("Per Cent")));
+    table.columns.push_back(reporting::AmountColumn(QStringLiteral("Per Cent")));
   } else if (chart.kind == ChartKind::kStacked) {
-    table.columns.push_back(reporting::AmountColumn(Tr("Total")));
+    table.columns.push_back(reporting::AmountColumn(QStringLiteral("Total")));
   }
   if (chart.IsEmpty()) {
     return table;

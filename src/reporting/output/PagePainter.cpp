@@ -1,6 +1,6 @@
 #include "reporting/output/PagePainter.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 
@@ -194,10 +194,7 @@ void PagePainter::PaintMargins(std::size_t number) {
 }
 
 std::string PagePainter::PageNumber(std::size_t number, std::size_t pages) {
-  return QCoreApplication::translate("ReportOutput", "Page %1 of %2")
-      .arg(number)
-      .arg(pages)
-      .toStdString();
+  return Tr("ReportOutput", "Page %1 of %2").arg(number).arg(pages).toStdString();
 }
 
 // The place above later pages is one line high.

@@ -1,7 +1,6 @@
+#include "core/text/Tr.h"
 #include "reporting/output/PagePainter.h"
 #include "reporting/output/WriteReport.h"
-
-#include <QCoreApplication>
 
 #include <cairo-pdf.h>
 
@@ -39,7 +38,7 @@ void PaintPages(const ReportDocument& document, const PageLayout& layout, Typese
                 cairo_surface_t* surface, Progress& progress) {
   const Canvas canvas(cairo_create(surface));
   PagePainter painter(document, layout, typesetter, canvas.get());
-  progress.Begin(QCoreApplication::translate("ReportOutput", "Writing the pages"),
+  progress.Begin(Tr("ReportOutput", "Writing the pages"),
                  static_cast<std::int64_t>(layout.pages.size()));
   for (std::size_t i = 0; i < layout.pages.size(); ++i) {
     painter.Paint(i);
@@ -52,8 +51,7 @@ void PaintPages(const ReportDocument& document, const PageLayout& layout, Typese
 
 void WritePdf(const ReportDocument& document, QIODevice& out, Progress& progress) {
   Typesetter typesetter;
-  progress.Begin(QCoreApplication::translate("ReportOutput", "Laying out the pages"),
-                 RowCount(document));
+  progress.Begin(Tr("ReportOutput", "Laying out the pages"), RowCount(document));
   const PageLayout layout = LayOut(document, typesetter, progress);
   Sink sink{out};
   const Surface surface(cairo_pdf_surface_create_for_stream(Sink::Write, &sink, layout.page.width,

@@ -1,7 +1,6 @@
+#include "core/text/Tr.h"
 #include "reporting/output/RtfCode.h"
 #include "reporting/output/WriteReport.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <numeric>
@@ -162,8 +161,7 @@ class Writer {
 }  // namespace
 
 std::string WriteRtf(const ReportDocument& document, Progress& progress) {
-  progress.Begin(QCoreApplication::translate("ReportOutput", "Writing the document"),
-                 RowCount(document));
+  progress.Begin(Tr("ReportOutput", "Writing the document"), RowCount(document));
   return Writer(document, progress).Write();
 }
 

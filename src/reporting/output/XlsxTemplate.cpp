@@ -2,9 +2,9 @@
 
 #include "core/app/Ini.h"
 #include "core/platform/PrivateFile.h"
+#include "core/text/Tr.h"
 #include "reporting/output/package/WorkbookPackage.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -19,22 +19,18 @@ namespace {
 
 constexpr std::size_t kStepLines = 1000;
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("XlsxTemplate", text);
-}
-
 [[noreturn]] void Fail(const QString& text) {
   throw std::runtime_error(text.toStdString());
 }
 
 WorkbookPackage Open(const QString& path) {
   if (!QFileInfo(path).isFile()) {
-    Fail(Tr("The template %1 is not there.").arg(path));
+    Fail(Tr("XlsxTemplate", "The template %1 is not there.").arg(path));
   }
   try {
     return WorkbookPackage(ZipPackage::Read(path));
   } catch (const std::runtime_error& error) {
-    Fail(Tr("The template %1 is no workbook that can be read (%2).")
+    Fail(Tr("XlsxTemplate", "The template %1 is no workbook that can be read (%2).")
              .arg(path, QString::fromUtf8(error.what())));
   }
 }
@@ -60,7 +56,7 @@ class XlsxTemplate::Book {
   const WorkbookPackage::NamedCell& Named(const QString& name) const {
     const WorkbookPackage::NamedCell* cell = Find(name);
     if (cell == nullptr) {
-      Fail(Tr("The template %1 has no cell named \"%2\".").arg(path_, name));
+      Fail(Tr("XlsxTemplate", "The template %1 has no cell named \"%2\".").arg(path_, name));
     }
     return *cell;
   }
@@ -83,7 +79,7 @@ class XlsxTemplate::Book {
       shift.first = std::min(shift.first, used.row);
       shift.last = std::max(shift.last, used.row);
     }
-    progress.Begin(Tr("Writing the workbook"), shift.count);
+    progress.Begin(Tr("XlsxTemplate", "Writing the workbook"), shift.count);
     package_.Sheet(sheet).ReplaceBlock(
         shift,
         [&](std::size_t index) -> const RowPattern& {
@@ -139,7 +135,8 @@ class XlsxTemplate::Book {
         }
         if (!fields.columns.empty() &&
             (cell.sheet != fields.sheet || cell.place.row != fields.row)) {
-          Fail(Tr("The cells named \"%2...\" of the template %1 do not stand in one row.")
+          Fail(Tr("XlsxTemplate",
+                  "The cells named \"%2...\" of the template %1 do not stand in one row.")
                    .arg(path_, pattern));
         }
         fields.sheet = cell.sheet;
@@ -151,7 +148,8 @@ class XlsxTemplate::Book {
     Named(patterns.front() + QLatin1Char('1'));
     for (const Fields& fields : fields_) {
       if (!fields.columns.empty() && fields.sheet != fields_.front().sheet) {
-        Fail(Tr("The rows of the template %1 do not stand on one sheet.").arg(path_));
+        Fail(Tr("XlsxTemplate", "The rows of the template %1 do not stand on one sheet.")
+                 .arg(path_));
       }
     }
   }
@@ -168,7 +166,8 @@ class XlsxTemplate::Book {
             used.columns, [&](const auto& column) { return column.second == i; });
         if (!empty && !named) {
           const QString name = (own ? line.pattern : patterns.front()) + QString::number(i + 1);
-          Fail(Tr("The template %1 has no cell of its own named \"%2\".").arg(path_, name));
+          Fail(Tr("XlsxTemplate", "The template %1 has no cell of its own named \"%2\".")
+                   .arg(path_, name));
         }
       }
     }
@@ -215,11 +214,11 @@ MaybeRefusal RefuseWithoutTemplate(const QString& path) {
   if (QFileInfo(path).isFile()) {
     return std::nullopt;
   }
-  return Refusal{QCoreApplication::translate("TemplateFolder",
-                                             "The template %1 is not there. Put it back, or name "
-                                             "its folder in the settings.")
+  return Refusal{Tr("TemplateFolder",
+                    "The template %1 is not there. Put it back, or name "
+                    "its folder in the settings.")
                      .arg(QDir::toNativeSeparators(path)),
-                 QString()};
+                 Field::kNone};
 }
 
 }  // namespace quorvane::reporting

@@ -1,7 +1,7 @@
+#include "core/text/Tr.h"
 #include "reporting/output/WriteReport.h"
 #include "reporting/output/XlsxSheet.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -186,8 +186,7 @@ void WriteXlsx(const ReportDocument& document, QIODevice& out, Progress& progres
     throw std::runtime_error("cannot make a temporary folder: " +
                              folder.errorString().toStdString());
   }
-  progress.Begin(QCoreApplication::translate("ReportOutput", "Writing the workbook"),
-                 RowCount(document));
+  progress.Begin(Tr("ReportOutput", "Writing the workbook"), RowCount(document));
   const QString path = folder.filePath(QStringLiteral("report.xlsx"));
   QByteArray scratch = folder.path().toUtf8();
   lxw_workbook_options options{};

@@ -1,37 +1,25 @@
 #include "reporting/period/Period.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 namespace quorvane::reporting {
 
-namespace {
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("ReportPeriod", text);
-}
-
-Refusal Refused(const char* text, const char* box) {
-  return {Tr(text), QLatin1String(box)};
-}
-
-}  // namespace
-
 Result<Period> ReadPeriod(const QString& from, const QString& to) {
   if (from.trimmed().isEmpty()) {
-    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "Enter From Date."), kFromBox);
+    return Refusal{Tr("ReportPeriod", "Enter From Date."), Field::kFromDate};
   }
   if (to.trimmed().isEmpty()) {
-    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "Enter To Date."), kToBox);
+    return Refusal{Tr("ReportPeriod", "Enter To Date."), Field::kToDate};
   }
   const auto first = text::ParseDmy(from);
   const auto last = text::ParseDmy(to);
   if (!first || !last) {
-    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "Enter Proper Date."),
-                   first ? kToBox : kFromBox);
+    return Refusal{Tr("ReportPeriod", "Enter Proper Date."),
+                   first ? Field::kToDate : Field::kFromDate};
   }
   if (*first > *last) {
-    return Refused(QT_TRANSLATE_NOOP("ReportPeriod", "From Date Can't be Greater than To Date."),
-                   kFromBox);
+    return Refusal{Tr("ReportPeriod", "From Date Can't be Greater than To Date."),
+                   Field::kFromDate};
   }
   return Period{*first, *last};
 }
@@ -42,13 +30,12 @@ MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year) {
     return std::nullopt;
   }
   return Refusal{
-      Tr(QT_TRANSLATE_NOOP("ReportPeriod", "The date lies outside the financial year %1."))
-          .arg(year.Text()),
-      QLatin1String(from_is_in ? kToBox : kFromBox)};
+      Tr("ReportPeriod", "The date lies outside the financial year %1.").arg(year.Text()),
+      from_is_in ? Field::kToDate : Field::kFromDate};
 }
 
 QString PeriodLine(const Period& period) {
-  return Tr("Period - From ") + text::FormatDmy(period.from) + Tr(" To ") +
+  return QStringLiteral("Period - From ") + text::FormatDmy(period.from) + QStringLiteral(" To ") +
          text::FormatDmy(period.to);
 }
 
@@ -85,9 +72,8 @@ int MonthNumber(const QString& name) {
 Result<Period> MonthPeriod(text::FinancialYear year, int month_number) {
   if (month_number < 1 || month_number > kMonths) {
     return Refusal{
-        QCoreApplication::translate(
-            "ReportPeriod", "Month is not between in Financial year Period.Pls Fill Correct"),
-        QString()};
+        Tr("ReportPeriod", "Month is not between in Financial year Period.Pls Fill Correct"),
+        Field::kNone};
   }
   const int calendar_year = year.FirstCalendarYear() + (month_number < kApril ? 1 : 0);
   const text::Date next = month_number == kMonths ? FirstDay(1, calendar_year + 1)

@@ -20,10 +20,6 @@ struct Period {
   static Period Of(text::FinancialYear year) { return {year.FirstDay(), year.LastDay()}; }
 };
 
-/// Names of the two date boxes, which refusals point to.
-inline constexpr char kFromBox[] = "Text1_0";
-inline constexpr char kToBox[] = "Text1_1";
-
 /// The period that the two boxes hold ("dd/mm/yyyy"), or the first rule that it breaks: "Enter From
 /// Date.", "Enter To Date.", "Enter Proper Date.", "From Date Can't be Greater than To Date."
 Result<Period> ReadPeriod(const QString& from, const QString& to);

@@ -101,6 +101,7 @@ std::optional<text::FinancialYear> ReportWindow::PeriodYear() const {
 }
 
 void ReportWindow::MakePeriod(PeriodPane::Form form) {
+  Hold({{Field::kFromDate, "Text1_0"}, {Field::kToDate, "Text1_1"}});
   period_ = new PeriodPane(TheGuard(), PeriodYear(), form);
   for (controls::DateBox* box : period_->Boxes()) {
     Watch(box);

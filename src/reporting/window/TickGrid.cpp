@@ -42,12 +42,13 @@ QStringList TickGrid::TickedTexts() const {
   return more <= 0 ? texts : texts.mid(0, kMostNamed) << tr("and %1 more").arg(more);
 }
 
-MaybeRefusal TickGrid::RefuseWithoutTick(const QString& text) const {
-  return Model().TickedIds().empty() ? MaybeRefusal({text, objectName()}) : std::nullopt;
+MaybeRefusal TickGrid::RefuseWithoutTick(const QString& text, Field field) const {
+  return Model().TickedIds().empty() ? MaybeRefusal({text, field}) : std::nullopt;
 }
 
 MaybeRefusal TickGrid::RefuseWithoutAccount() const {
-  return Model().RowCount() == 0 ? std::nullopt : RefuseWithoutTick(tr("Select Demat A/c!"));
+  return Model().RowCount() == 0 ? std::nullopt
+                                 : RefuseWithoutTick(tr("Select Demat A/c!"), Field::kAccounts);
 }
 
 }  // namespace quorvane::reporting

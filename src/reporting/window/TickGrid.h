@@ -38,8 +38,8 @@ class TickGrid : public controls::Grid {
   /// The texts of what is ticked, at most a few; none when everything is.
   QStringList TickedTexts() const;
 
-  /// A refusal with that text while nothing is ticked.
-  MaybeRefusal RefuseWithoutTick(const QString& text) const;
+  /// A refusal with that text, of that field, while nothing is ticked.
+  MaybeRefusal RefuseWithoutTick(const QString& text, Field field) const;
 
   /// "Select Demat A/c!" while no account of a client that has some is ticked. A client without
   /// accounts may have bills, which then have none either.

@@ -4,6 +4,7 @@
 #include "core/records/Money.h"
 #include "core/records/Query.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 
 #include <QCoreApplication>
 
@@ -13,10 +14,6 @@
 
 namespace quorvane::broker_ledger {
 namespace {
-
-QString Words(const char* text) {
-  return QCoreApplication::translate("BrokerLedger", text);
-}
 
 /// Payments and receipts: the table, the words for the transaction modes 0 and any other, the side.
 struct MoneyTable {
@@ -40,7 +37,7 @@ class LedgerReader {
       : connection_(connection), query_(query), progress_(progress) {}
 
   BrokerLedger Read() {
-    progress_.Begin(Words("Reading the broker ledger"), 5);
+    progress_.Begin(Tr("BrokerLedger", "Reading the broker ledger"), 5);
     ReadBrokers();
     ReadOpenings();
     ReadBills();
@@ -90,17 +87,15 @@ class LedgerReader {
       Add(bill.broker, bill.date,
           {records::FaultKind::kBillWithoutDate, bill.client, bill.id.value,
            bill.number.toStdString(), bill.date.toStdString()},
-          Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amt Bill No. ")) + bill.number,
-          text::ToPaise(bill.grand_total));
+          Tr("BrokerLedger", "Amt Bill No. ") + bill.number, text::ToPaise(bill.grand_total));
     });
     Step();
   }
 
   void ReadMoney(const MoneyTable& table) {
     Recorded<records::Payment>(table.name).Each([&](const records::Payment& payment) {
-      const QString mode = payment.payment_mode == 0
-                               ? Words(QT_TRANSLATE_NOOP("BrokerLedger", "Cash"))
-                               : Words(QT_TRANSLATE_NOOP("BrokerLedger", "Cheque"));
+      const QString mode =
+          payment.payment_mode == 0 ? Tr("BrokerLedger", "Cash") : Tr("BrokerLedger", "Cheque");
       const std::int64_t amount = text::ToPaise(payment.amount);
       Add(payment.broker, payment.date,
           {records::FaultKind::kPaymentWithoutDate,
@@ -108,7 +103,8 @@ class LedgerReader {
            payment.id,
            {},
            payment.date.toStdString()},
-          QStringLiteral("%1 (%2)").arg(Words(table.modes[payment.mode == 0 ? 0 : 1]), mode),
+          QStringLiteral("%1 (%2)").arg(Tr("BrokerLedger", table.modes[payment.mode == 0 ? 0 : 1]),
+                                        mode),
           table.debit ? amount : -amount);
     });
     Step();
@@ -142,8 +138,7 @@ class LedgerReader {
     if (opening != 0) {
       account.lines.insert(
           account.lines.begin(),
-          LineOf(query_.period.from, Words(QT_TRANSLATE_NOOP("BrokerLedger", "Opening Balance")),
-                 opening));
+          LineOf(query_.period.from, Tr("BrokerLedger", "Opening Balance"), opening));
     }
     std::int64_t balance = 0;
     for (LedgerLine& line : account.lines) {

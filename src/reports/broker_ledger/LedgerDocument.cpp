@@ -1,7 +1,6 @@
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "reports/broker_ledger/BrokerLedger.h"
-
-#include <QCoreApplication>
 
 #include <cstdlib>
 
@@ -11,10 +10,6 @@ namespace {
 using reporting::Cell;
 using reporting::RowKind;
 
-QString Words(const char* text) {
-  return QCoreApplication::translate("BrokerLedger", text);
-}
-
 /// An empty cell for the side on which nothing stands.
 Cell Amount(std::int64_t paise) {
   return paise == 0 ? Cell{} : Cell{text::FromPaise(paise)};
@@ -22,12 +17,11 @@ Cell Amount(std::int64_t paise) {
 
 reporting::Table NewTable() {
   reporting::Table table;
-  table.columns = {
-      reporting::DateColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Date"))),
-      reporting::TextColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Particulars"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amount (Dr.)"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Amount (Cr.)"))),
-      reporting::TextColumn(Words(QT_TRANSLATE_NOOP("BrokerLedger", "Balance")))};
+  table.columns = {reporting::DateColumn(Tr("BrokerLedger", "Date")),
+                   reporting::TextColumn(Tr("BrokerLedger", "Particulars")),
+                   reporting::AmountColumn(Tr("BrokerLedger", "Amount (Dr.)")),
+                   reporting::AmountColumn(Tr("BrokerLedger", "Amount (Cr.)")),
+                   reporting::TextColumn(Tr("BrokerLedger", "Balance"))};
   table.columns.back().alignment = reporting::Alignment::kRight;
   return table;
 }
@@ -41,9 +35,8 @@ void AddAccount(reporting::Table& table, const BrokerAccount& account) {
   }
   table.rows.push_back(
       {.kind = RowKind::kTotal,
-       .cells = {Cell{}, Words(QT_TRANSLATE_NOOP("BrokerLedger", "Closing Balance")),
-                 text::FromPaise(account.Debits()), text::FromPaise(account.Credits()),
-                 BalanceText(account.Closing())}});
+       .cells = {Cell{}, Tr("BrokerLedger", "Closing Balance"), text::FromPaise(account.Debits()),
+                 text::FromPaise(account.Credits()), BalanceText(account.Closing())}});
 }
 
 }  // namespace
@@ -56,7 +49,7 @@ QString BalanceText(std::int64_t balance) {
 reporting::ReportDocument MakeLedgerDocument(const LedgerQuery& query, const QString& client,
                                              std::span<const BrokerAccount> accounts) {
   reporting::ReportDocument document;
-  document.titles = {Words(QT_TRANSLATE_NOOP("BrokerLedger", "Broker Ledger (From %1 To %2)"))
+  document.titles = {Tr("BrokerLedger", "Broker Ledger (From %1 To %2)")
                          .arg(text::FormatDmy(query.period.from), text::FormatDmy(query.period.to)),
                      client};
   reporting::Table table = NewTable();

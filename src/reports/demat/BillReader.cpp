@@ -1,6 +1,6 @@
 #include "reports/demat/BillReader.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <tuple>
@@ -18,7 +18,7 @@ bool IsWanted(const std::vector<IdType>& wanted, IdType id) {
 }  // namespace
 
 std::vector<PlacedBill> BillReader::Read() {
-  progress_.Begin(QCoreApplication::translate("TransactionReport", "Reading bills"), kSteps);
+  progress_.Begin(Tr("TransactionReport", "Reading bills"), kSteps);
   ReadMasters();
   Step();
   ReadBills();

@@ -1,8 +1,7 @@
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
+#include "core/text/Tr.h"
 #include "reports/demat/DematStatement.h"
-
-#include <QCoreApplication>
 
 #include <array>
 
@@ -12,10 +11,6 @@ namespace {
 using reporting::Cell;
 using reporting::RowKind;
 using reporting::Table;
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("DematStatement", text);
-}
 
 QString Utf8(const std::string& text) {
   return QString::fromStdString(text);
@@ -28,11 +23,13 @@ Cell QuantityOrNothing(Shares quantity) {
 
 Table NewTable(const lookups::AccountEntry& account) {
   Table table;
-  table.titles = {account.id ? Tr("Demat A/c No. ") + Utf8(account.number)
-                             : Tr("Without Demat A/c")};
-  table.columns = {reporting::DateColumn(Tr("Date")), reporting::TextColumn(Tr("Particulars")),
-                   reporting::QuantityColumn(Tr("In")), reporting::QuantityColumn(Tr("Out")),
-                   reporting::QuantityColumn(Tr("Balance"))};
+  table.titles = {account.id ? Tr("DematStatement", "Demat A/c No. ") + Utf8(account.number)
+                             : Tr("DematStatement", "Without Demat A/c")};
+  table.columns = {reporting::DateColumn(Tr("DematStatement", "Date")),
+                   reporting::TextColumn(Tr("DematStatement", "Particulars")),
+                   reporting::QuantityColumn(Tr("DematStatement", "In")),
+                   reporting::QuantityColumn(Tr("DematStatement", "Out")),
+                   reporting::QuantityColumn(Tr("DematStatement", "Balance"))};
   return table;
 }
 
@@ -51,7 +48,7 @@ void AddScrip(Table& table, const ScripMovements& scrip, const QString& name) {
     out += line.out;
   }
   table.rows.push_back({.kind = RowKind::kTotal,
-                        .cells = {Cell(), Tr("Total"), in.Number(), out.Number(),
+                        .cells = {Cell(), Tr("DematStatement", "Total"), in.Number(), out.Number(),
                                   scrip.lines.back().balance.Number()}});
 }
 
@@ -75,9 +72,10 @@ reporting::ReportDocument MakeDematDocument(const DematQuery& query, ClientId cl
                                             const lookups::Directory& directory) {
   const lookups::ClientEntry& entry = directory.Client(client);
   reporting::ReportDocument document;
-  document.titles = {Tr("Demat A/c Statement") + QStringLiteral(" (") + Tr("From ") +
-                         text::FormatDmy(query.period.from) + Tr(" To ") +
-                         text::FormatDmy(query.period.to) + QLatin1Char(')'),
+  document.titles = {Tr("DematStatement", "Demat A/c Statement") + QStringLiteral(" (") +
+                         Tr("DematStatement", "From ") + text::FormatDmy(query.period.from) +
+                         Tr("DematStatement", " To ") + text::FormatDmy(query.period.to) +
+                         QLatin1Char(')'),
                      Utf8(entry.name) + QStringLiteral(" (") + Utf8(entry.code) + QLatin1Char(')')};
   std::optional<AccountId> account;
   for (const ScripMovements& scrip : scrips) {

@@ -1,17 +1,12 @@
 #include "reports/demat/DematStatement.h"
 
+#include "core/text/Tr.h"
 #include "reports/demat/MovementReader.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace quorvane::demat {
 namespace {
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("DematStatement", text);
-}
 
 Movement KindOf(const RawMovement& raw) {
   switch (raw.kind) {
@@ -31,17 +26,17 @@ Movement KindOf(const RawMovement& raw) {
 QString ParticularsOf(Movement movement, const RawMovement& raw, const MovementReader& reader) {
   switch (movement) {
     case Movement::kOpening:
-      return Tr("Opening Balance");
+      return Tr("DematStatement", "Opening Balance");
     case Movement::kPurchase:
-      return Tr("(P) - ") + reader.BrokerName(raw.other);
+      return Tr("DematStatement", "(P) - ") + reader.BrokerName(raw.other);
     case Movement::kSale:
-      return Tr("(S) - ") + reader.BrokerName(raw.other);
+      return Tr("DematStatement", "(S) - ") + reader.BrokerName(raw.other);
     case Movement::kPurchaseAndSale:
-      return Tr("(P & S) - ") + reader.BrokerName(raw.other);
+      return Tr("DematStatement", "(P & S) - ") + reader.BrokerName(raw.other);
     case Movement::kTransferTo:
-      return Tr("Transfer To - ") + reader.AccountNumber(raw.other);
+      return Tr("DematStatement", "Transfer To - ") + reader.AccountNumber(raw.other);
     case Movement::kTransferFrom:
-      return Tr("Transfer From - ") + reader.AccountNumber(raw.other);
+      return Tr("DematStatement", "Transfer From - ") + reader.AccountNumber(raw.other);
   }
   return {};
 }
@@ -64,8 +59,9 @@ class LineMaker {
       }
     }
     if (balance) {
-      lines.push_back({Movement::kOpening, query_.period.from, Tr("Opening Balance"),
-                       std::max(balance, Shares()), std::max(-balance, Shares()), balance});
+      lines.push_back({Movement::kOpening, query_.period.from,
+                       Tr("DematStatement", "Opening Balance"), std::max(balance, Shares()),
+                       std::max(-balance, Shares()), balance});
     }
     for (const RawMovement& raw : movements) {
       if (!is_before(raw) && (raw.in || raw.out)) {

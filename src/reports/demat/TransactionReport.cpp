@@ -3,8 +3,6 @@
 #include "core/text/Amounts.h"
 #include "reports/demat/BillReader.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <tuple>
 
@@ -134,9 +132,8 @@ void TransactionClosing::Add(const TransactionClosing& more) {
 }
 
 QString ClosingCaption(const TransactionClosing& closing) {
-  return closing.Amount() > 0
-             ? QCoreApplication::translate("TransactionReport", "Total Payable")
-             : QCoreApplication::translate("TransactionReport", "Total Receivable");
+  return closing.Amount() > 0 ? Tr("TransactionReport", "Total Payable")
+                              : Tr("TransactionReport", "Total Receivable");
 }
 
 records::Faults BuildTransactions(

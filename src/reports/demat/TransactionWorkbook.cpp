@@ -1,9 +1,8 @@
 
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "reporting/output/XlsxTemplate.h"
 #include "reports/demat/TransactionDocument.h"
-
-#include <QCoreApplication>
 
 #include <cstdlib>
 
@@ -16,10 +15,6 @@ using reporting::TemplateLine;
 constexpr std::size_t kFields = 13;
 constexpr std::size_t kCompany = 4;
 constexpr std::size_t kFirstMoney = 8;
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("TransactionReport", text);
-}
 
 QString Utf8(const std::string& text) {
   return QString::fromStdString(text);
@@ -54,7 +49,7 @@ class LineList {
       AddSection(section);
     }
     if (!only_broker_) {
-      AddTotals(Tr("TOTAL"), sums, closing);
+      AddTotals(Tr("TransactionReport", "TOTAL"), sums, closing);
     }
   }
 
@@ -71,7 +66,8 @@ class LineList {
       for (const TransactionLine& line : broker.lines) {
         AddLine(++number, line);
       }
-      AddTotals(only_broker_ ? Tr("TOTAL") : Tr("Total"), broker.sums, broker.closing);
+      AddTotals(only_broker_ ? Tr("TransactionReport", "TOTAL") : Tr("TransactionReport", "Total"),
+                broker.sums, broker.closing);
       lines_.push_back({QStringLiteral("Gap"), {}});
     }
   }
@@ -91,14 +87,15 @@ class LineList {
 
   void AddLine(int number, const TransactionLine& line) {
     TemplateLine out{QStringLiteral("Fld"), MoneyCells(line.money)};
-    const std::vector<Cell> texts{static_cast<double>(number),
-                                  line.date,
-                                  line.bill_number,
-                                  line.settlement_number,
-                                  Utf8(directory_.Scrip(line.scrip).name),
-                                  line.purchase ? Tr("Buy") : Tr("Sell"),
-                                  line.quantity.Number(),
-                                  table::ShownNumber(line.rate, reporting::Mask::kAmount)};
+    const std::vector<Cell> texts{
+        static_cast<double>(number),
+        line.date,
+        line.bill_number,
+        line.settlement_number,
+        Utf8(directory_.Scrip(line.scrip).name),
+        line.purchase ? Tr("TransactionReport", "Buy") : Tr("TransactionReport", "Sell"),
+        line.quantity.Number(),
+        table::ShownNumber(line.rate, reporting::Mask::kAmount)};
     std::ranges::copy(texts, out.cells.begin());
     lines_.push_back(std::move(out));
   }

@@ -3,8 +3,7 @@
 #include "core/lookups/Directory.h"
 #include "core/records/Query.h"
 #include "core/text/Paise.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <tuple>
@@ -15,10 +14,6 @@ namespace {
 using records::Dividend;
 using reporting::RowKind;
 using text::Paise;
-
-QString Words(const char* text) {
-  return QCoreApplication::translate("DividendReport", text);
-}
 
 /// A dividend with its day read and its amounts in paise.
 struct Received {
@@ -60,15 +55,14 @@ std::vector<Received> InPeriod(std::span<const Dividend> all, const reporting::P
 
 reporting::Table ListOf(std::span<const Received> received) {
   reporting::Table table;
-  table.columns = {
-      reporting::DateColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Date"))),
-      reporting::TextColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Script Name"))),
-      reporting::TextColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Demat A/c No."))),
-      reporting::QuantityColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Quantity"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Rs a Share"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Dividend"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Tax Deducted"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Received")))};
+  table.columns = {reporting::DateColumn(Tr("DividendReport", "Date")),
+                   reporting::TextColumn(Tr("DividendReport", "Script Name")),
+                   reporting::TextColumn(Tr("DividendReport", "Demat A/c No.")),
+                   reporting::QuantityColumn(Tr("DividendReport", "Quantity")),
+                   reporting::AmountColumn(Tr("DividendReport", "Rs a Share")),
+                   reporting::AmountColumn(Tr("DividendReport", "Dividend")),
+                   reporting::AmountColumn(Tr("DividendReport", "Tax Deducted")),
+                   reporting::AmountColumn(Tr("DividendReport", "Received"))};
   Sums total;
   for (const Received& one : received) {
     total.Add(one);
@@ -79,7 +73,7 @@ reporting::Table ListOf(std::span<const Received> received) {
   }
   table.rows.push_back({.kind = RowKind::kNetTotal,
                         .cells = {{},
-                                  Words(QT_TRANSLATE_NOOP("DividendReport", "Total")),
+                                  Tr("DividendReport", "Total"),
                                   {},
                                   {},
                                   {},
@@ -92,12 +86,11 @@ reporting::Table ListOf(std::span<const Received> received) {
 reporting::Table WindowsOf(std::span<const Received> received,
                            std::span<const tax::AdvanceTaxWindow> windows) {
   reporting::Table table;
-  table.titles = {Words(QT_TRANSLATE_NOOP("DividendReport", "By Advance-Tax Window"))};
-  table.columns = {
-      reporting::DateColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "From"))),
-      reporting::DateColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "To"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Dividend"))),
-      reporting::AmountColumn(Words(QT_TRANSLATE_NOOP("DividendReport", "Tax Deducted")))};
+  table.titles = {Tr("DividendReport", "By Advance-Tax Window")};
+  table.columns = {reporting::DateColumn(Tr("DividendReport", "From")),
+                   reporting::DateColumn(Tr("DividendReport", "To")),
+                   reporting::AmountColumn(Tr("DividendReport", "Dividend")),
+                   reporting::AmountColumn(Tr("DividendReport", "Tax Deducted"))};
   for (const tax::AdvanceTaxWindow& window : windows) {
     Sums sums;
     for (const Received& one : received) {
@@ -123,7 +116,7 @@ reporting::ReportDocument MakeDividendReport(database::Connection& connection,
                                         .All();
   const std::vector<Received> received = InPeriod(all, query.period, directory);
   reporting::ReportDocument document;
-  document.titles = {Words(QT_TRANSLATE_NOOP("DividendReport", "Dividends (From %1 To %2)"))
+  document.titles = {Tr("DividendReport", "Dividends (From %1 To %2)")
                          .arg(text::FormatDmy(query.period.from), text::FormatDmy(query.period.to)),
                      QString::fromStdString(directory.Client(query.of.client).name)};
   document.tables.push_back(ListOf(received));

@@ -1,6 +1,6 @@
 #include "reports/mis/Groups.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -58,10 +58,6 @@ std::unordered_map<int, std::uint32_t> RanksOf(Level level, const std::vector<Ho
   return ranks;
 }
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("MisReport", text);
-}
-
 bool HasSeveralClients(const std::vector<Holding>& holdings) {
   return std::ranges::any_of(
       holdings, [&](const Holding& holding) { return holding.client != holdings.front().client; });
@@ -111,7 +107,7 @@ QString GroupHeadings::NameAt(Level level, const Holding& holding) const {
   switch (level) {
     case Level::kGroup: {
       const QString group = names_.GroupOf(holding.client);
-      return group.isEmpty() ? Tr("(none)") : group;
+      return group.isEmpty() ? Tr("MisReport", "(none)") : group;
     }
     case Level::kClient:
       return names_.Client(holding.client);
@@ -127,9 +123,10 @@ QString GroupHeadings::At(Level level, const Holding& holding) const {
   QString name = NameAt(level, holding);
   switch (level) {
     case Level::kGroup:
-      return Tr("GROUP NAME- ") + name;
+      return Tr("MisReport", "GROUP NAME- ") + name;
     case Level::kAccount:
-      return (holding.account ? Tr("Demat A/c No - ") + name : Tr("Without Demat A/c")) +
+      return (holding.account ? Tr("MisReport", "Demat A/c No - ") + name
+                              : Tr("MisReport", "Without Demat A/c")) +
              OwnerOf(holding);
     case Level::kScrip:
       return name + form_.Mark(holding.scrip);

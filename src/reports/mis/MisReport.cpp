@@ -3,7 +3,6 @@
 #include "core/text/Amounts.h"
 #include "reports/mis/Groups.h"
 
-#include <QCoreApplication>
 #include <QDate>
 #include <QLocale>
 
@@ -13,24 +12,20 @@
 namespace quorvane::mis {
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("MisReport", text);
-}
-
 QString GroupedName(ReportKind kind) {
-  return kind == ReportKind::kProfitLoss ? Tr("Profit/Loss Report") : TitleOf(kind);
+  return kind == ReportKind::kProfitLoss ? QStringLiteral("Profit/Loss Report") : TitleOf(kind);
 }
 
 QString NameOf(Grouping grouping) {
   switch (grouping) {
     case Grouping::kScrip:
-      return Tr("Script Wise");
+      return QStringLiteral("Script Wise");
     case Grouping::kAccount:
-      return Tr("Demat A/c Wise");
+      return QStringLiteral("Demat A/c Wise");
     case Grouping::kClient:
       break;
   }
-  return Tr("Client/Group Wise");
+  return QStringLiteral("Client/Group Wise");
 }
 
 reporting::Period PeriodOf(const MisQuery& query) {
@@ -51,19 +46,19 @@ QString ClientsText(const MisQuery& query, const Names& names) {
   std::vector<ClientId> all = names.ClientsOf(group);
   std::ranges::sort(chosen);
   std::ranges::sort(all);
-  return !group.isEmpty() && chosen == all ? Tr("GROUP NAME- ") + group
-                                           : Tr("Clients : %1").arg(chosen.size());
+  return !group.isEmpty() && chosen == all ? QStringLiteral("GROUP NAME- ") + group
+                                           : QStringLiteral("Clients : %1").arg(chosen.size());
 }
 
 void AddTitles(reporting::ReportDocument& document, const MisQuery& query, const Names& names) {
   const QString grouped = TitleOf(query.kind, query.grouping);
   if (IsOfOneDay(query.kind)) {
-    document.titles << TitleOf(query.kind) + Tr(" as on ") + LongDate(query.ValuedOn());
+    document.titles << TitleOf(query.kind) + QStringLiteral(" as on ") + LongDate(query.ValuedOn());
     document.tables.front().titles << grouped;
   } else {
     document.titles << grouped;
   }
-  document.titles << Tr("Financial Year : ") + query.year.Text();
+  document.titles << QStringLiteral("Financial Year : ") + query.year.Text();
   if (!IsOfOneDay(query.kind) && query.period != reporting::Period::Of(query.year)) {
     document.titles << reporting::PeriodLine(query.period);
   }
@@ -81,7 +76,9 @@ QString Listed(const std::set<QString>& all) {
   if (more <= 0) {
     return names.join(QStringLiteral(", "));
   }
-  return Tr("%1 and %2 more").arg(names.mid(0, kMost).join(QStringLiteral(", "))).arg(more);
+  return QStringLiteral("%1 and %2 more")
+      .arg(names.mid(0, kMost).join(QStringLiteral(", ")))
+      .arg(more);
 }
 
 void AddNotes(reporting::ReportDocument& document, const ReportForm& form,
@@ -103,14 +100,17 @@ void AddNotes(reporting::ReportDocument& document, const ReportForm& form,
     }
   }
   if (older) {
-    document.notes << Tr("[Rate of ...]: the newest rate before the day of the valuation.");
+    document.notes << QStringLiteral(
+        "[Rate of ...]: the newest rate before the day of the valuation.");
   }
   if (!uncounted.empty()) {
-    document.notes << Tr("Without any market rate, and in no total: %1").arg(Listed(uncounted));
+    document.notes
+        << QStringLiteral("Without any market rate, and in no total: %1").arg(Listed(uncounted));
   }
   if (!without_lot.empty()) {
-    document.notes << Tr("Shares sold without a purchase at their lot's rate, which lower no lot: "
-                         "%1")
+    document.notes << QStringLiteral(
+                          "Shares sold without a purchase at their lot's rate, which lower no lot: "
+                          "%1")
                           .arg(Listed(without_lot));
   }
 }
@@ -120,17 +120,17 @@ void AddNotes(reporting::ReportDocument& document, const ReportForm& form,
 QString TitleOf(ReportKind kind) {
   switch (kind) {
     case ReportKind::kPosition:
-      return Tr("Portfolio Position");
+      return QStringLiteral("Portfolio Position");
     case ReportKind::kValuation:
-      return Tr("Portfolio Valuation");
+      return QStringLiteral("Portfolio Valuation");
     case ReportKind::kMarket:
-      return Tr("Market Valuation");
+      return QStringLiteral("Market Valuation");
     case ReportKind::kProfitLoss:
-      return Tr("Profit/Loss Statement");
+      return QStringLiteral("Profit/Loss Statement");
     case ReportKind::kStock:
       break;
   }
-  return Tr("Stock Valuation");
+  return QStringLiteral("Stock Valuation");
 }
 
 QString TitleOf(ReportKind kind, Grouping grouping) {

@@ -1,8 +1,7 @@
 
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "reports/mis/Groups.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -11,10 +10,6 @@ namespace {
 
 using reporting::Cell;
 using reporting::RowKind;
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("MisReport", text);
-}
 
 reporting::Column ColumnOf(const FigureColumn& column) {
   return column.nature == Nature::kShares ? reporting::QuantityColumn(column.heading)
@@ -60,7 +55,7 @@ class TableBuilder {
         levels_(LevelsOf(query.grouping, query.detail)),
         headings_(form, holdings, names, levels_),
         sums_(levels_.size() + 1) {
-    table_.columns.push_back(reporting::TextColumn(Tr("Particulars")));
+    table_.columns.push_back(reporting::TextColumn(Tr("MisReport", "Particulars")));
     for (const FigureColumn& column : columns_) {
       table_.columns.push_back(ColumnOf(column));
     }
@@ -84,7 +79,7 @@ class TableBuilder {
     if (any_) {
       CloseLine();
       Close(0);
-      AddTotal(RowKind::kNetTotal, Tr("Total"), sums_[0]);
+      AddTotal(RowKind::kNetTotal, Tr("MisReport", "Total"), sums_[0]);
     }
     return std::move(table_);
   }
@@ -110,8 +105,10 @@ class TableBuilder {
     for (std::size_t level = levels_.size(); level > down_to; --level) {
       const Sum& sum = sums_[level];
       const bool innermost = level == levels_.size();
-      AddTotal(RowKind::kTotal, innermost ? Tr("SubTotal") : Tr("SubTotal - %1").arg(sum.name),
-               sum);
+      AddTotal(
+          RowKind::kTotal,
+          innermost ? Tr("MisReport", "SubTotal") : Tr("MisReport", "SubTotal - %1").arg(sum.name),
+          sum);
     }
     if (down_to == 0 && !levels_.empty()) {
       table_.rows.push_back({.kind = RowKind::kGap, .cells = {}});

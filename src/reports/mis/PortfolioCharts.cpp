@@ -8,8 +8,6 @@
 #include "reports/mis/Names.h"
 #include "reports/mis/ReportForm.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 namespace quorvane::mis {
@@ -17,10 +15,6 @@ namespace {
 
 using charts::ChartData;
 using charts::ChartKind;
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("Charts", text);
-}
 
 std::int64_t ValueOf(const MarketRates& rates, ScripId scrip, double shares, std::int64_t cost) {
   const auto rate = rates.find(scrip);
@@ -142,17 +136,17 @@ ChartData Composition(database::Connection& connection, const MisQuery& query, i
       ValuesByScrip(holdings, rates::RateBook(connection).NewestUpTo(day), names, unrated);
   ChartData chart;
   chart.kind = ChartKind::kParts;
-  chart.title = Tr("Composition");
-  chart.subtitle = Tr("as on %1").arg(LongDate(day));
-  chart.category_heading = Tr("Script");
-  chart.series.push_back({Tr("Market Value"), {}});
+  chart.title = QStringLiteral("Composition");
+  chart.subtitle = QStringLiteral("as on %1").arg(LongDate(day));
+  chart.category_heading = QStringLiteral("Script");
+  chart.series.push_back({QStringLiteral("Market Value"), {}});
   std::vector<std::int64_t>& parts = chart.series.front().paise;
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (static_cast<int>(i) < most) {
       chart.categories << names.Scrip(values[i].scrip);
       parts.push_back(values[i].paise);
     } else if (static_cast<int>(i) == most) {
-      chart.categories << Tr("Others");
+      chart.categories << QStringLiteral("Others");
       parts.push_back(values[i].paise);
     } else {
       parts.back() += values[i].paise;
@@ -160,8 +154,8 @@ ChartData Composition(database::Connection& connection, const MisQuery& query, i
   }
   if (!unrated.isEmpty()) {
     unrated.sort();
-    chart.notes
-        << Tr("Without any market rate, and left out: %1").arg(unrated.join(QStringLiteral(", ")));
+    chart.notes << QStringLiteral("Without any market rate, and left out: %1")
+                       .arg(unrated.join(QStringLiteral(", ")));
   }
   return chart;
 }
@@ -181,14 +175,15 @@ ChartData ValueByMonth(database::Connection& connection, const MisQuery& query,
   });
   ChartData chart;
   chart.kind = ChartKind::kLines;
-  chart.title = Tr("Value by month");
-  chart.subtitle = Tr("Financial Year : ") + query.year.Text();
-  chart.category_heading = Tr("End of");
+  chart.title = QStringLiteral("Value by month");
+  chart.subtitle = QStringLiteral("Financial Year : ") + query.year.Text();
+  chart.category_heading = QStringLiteral("End of");
   for (const Date day : values.Days()) {
     chart.categories << charts::MonthName(day);
   }
-  chart.series = {{Tr("Market Value"), values.Values()}, {Tr("Cost"), values.Costs()}};
-  chart.notes << Tr(
+  chart.series = {{QStringLiteral("Market Value"), values.Values()},
+                  {QStringLiteral("Cost"), values.Costs()}};
+  chart.notes << QStringLiteral(
       "Valued at the newest rates up to each month's end; at cost where there is none.");
   return chart;
 }
@@ -204,7 +199,7 @@ ChartData GainsByKind(database::Connection& connection, const MisQuery& query, P
     }
   }
   ChartData chart = gains.Take();
-  chart.subtitle = Tr("Financial Year : ") + query.year.Text();
+  chart.subtitle = QStringLiteral("Financial Year : ") + query.year.Text();
   return chart;
 }
 

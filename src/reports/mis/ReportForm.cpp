@@ -2,8 +2,6 @@
 
 #include "core/text/Amounts.h"
 
-#include <QCoreApplication>
-
 #include <utility>
 
 namespace quorvane::mis {
@@ -44,10 +42,6 @@ std::unique_ptr<ReportForm> MakeForm(ReportKind kind, const MarketRates& rates, 
 
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("MisReport", text);
-}
-
 /// Reports of the lots that are held on a day, a line a lot in detail. Amounts are those of the
 /// lots, each rounded to paise once, so that every grouping has the same totals.
 class LotForm : public ReportForm {
@@ -68,7 +62,8 @@ class LotForm : public ReportForm {
   std::vector<FigureLine> Detail(const Holding& holding) const override {
     std::vector<FigureLine> lines;
     for (const HeldLot& lot : holding.lots) {
-      lines.push_back({text::FormatDmy(lot.date) + Tr(" Purchase"), OfLot(holding.scrip, lot)});
+      lines.push_back(
+          {text::FormatDmy(lot.date) + QStringLiteral(" Purchase"), OfLot(holding.scrip, lot)});
     }
     return lines;
   }
@@ -81,10 +76,10 @@ class LotForm : public ReportForm {
 class StockForm final : public LotForm {
  public:
   StockForm()
-      : LotForm({{Tr("Rate"), Nature::kRate},
-                 {Tr("Quantity"), Nature::kShares},
-                 {Tr("Amount"), Nature::kMoney},
-                 {Tr("Balance"), Nature::kRunning}}) {}
+      : LotForm({{QStringLiteral("Rate"), Nature::kRate},
+                 {QStringLiteral("Quantity"), Nature::kShares},
+                 {QStringLiteral("Amount"), Nature::kMoney},
+                 {QStringLiteral("Balance"), Nature::kRunning}}) {}
 
   void SettleRate(Figures& figures) const override {
     if (figures[kQuantity] && *figures[kQuantity] > 0) {
@@ -114,10 +109,11 @@ class RatedForm : public LotForm {
   QString Mark(ScripId scrip) const override {
     const auto rate = rates_.find(scrip);
     if (rate == rates_.end()) {
-      return Tr(" [No rate]");
+      return QStringLiteral(" [No rate]");
     }
-    return rate->second.date == day_ ? QString()
-                                     : Tr(" [Rate of %1]").arg(text::FormatDmy(rate->second.date));
+    return rate->second.date == day_
+               ? QString()
+               : QStringLiteral(" [Rate of %1]").arg(text::FormatDmy(rate->second.date));
   }
 
  protected:
@@ -143,10 +139,10 @@ class RatedForm : public LotForm {
 class ValuationForm final : public RatedForm {
  public:
   ValuationForm(const MarketRates& rates, Date day)
-      : RatedForm({{Tr("Rate"), Nature::kRate},
-                   {Tr("Quantity"), Nature::kShares},
-                   {Tr("Amount"), Nature::kMoney},
-                   {Tr("Balance"), Nature::kRunning}},
+      : RatedForm({{QStringLiteral("Rate"), Nature::kRate},
+                   {QStringLiteral("Quantity"), Nature::kShares},
+                   {QStringLiteral("Amount"), Nature::kMoney},
+                   {QStringLiteral("Balance"), Nature::kRunning}},
                   rates, day) {}
 
  protected:
@@ -159,11 +155,11 @@ class ValuationForm final : public RatedForm {
 class MarketForm final : public RatedForm {
  public:
   MarketForm(const MarketRates& rates, Date day)
-      : RatedForm({{Tr("Balance"), Nature::kShares},
-                   {Tr("Purchase Cost"), Nature::kMoney},
-                   {Tr("Market Rate"), Nature::kRate},
-                   {Tr("Market Cost"), Nature::kMoney},
-                   {Tr("Profit/Loss"), Nature::kMoney}},
+      : RatedForm({{QStringLiteral("Balance"), Nature::kShares},
+                   {QStringLiteral("Purchase Cost"), Nature::kMoney},
+                   {QStringLiteral("Market Rate"), Nature::kRate},
+                   {QStringLiteral("Market Cost"), Nature::kMoney},
+                   {QStringLiteral("Profit/Loss"), Nature::kMoney}},
                   rates, day) {}
 
  protected:
@@ -203,15 +199,15 @@ double Change(const Movement& movement) {
 QString NameOf(const Movement& movement) {
   switch (movement.kind) {
     case Movement::Kind::kPurchase:
-      return Tr("Purchase");
+      return QStringLiteral("Purchase");
     case Movement::Kind::kTransferIn:
-      return Tr("Transfer in");
+      return QStringLiteral("Transfer in");
     case Movement::Kind::kSale:
-      return Tr("Sale");
+      return QStringLiteral("Sale");
     case Movement::Kind::kTransferOut:
       break;
   }
-  return Tr("Transfer out");
+  return QStringLiteral("Transfer out");
 }
 
 /// Opening, what came in and left, and the balance; the last column is the report's own.
@@ -238,7 +234,7 @@ class MovementForm : public ReportForm {
     std::vector<FigureLine> lines;
     double balance = holding.opening;
     if (balance != 0) {
-      FigureLine opening{Tr("Opening Balance"), Figures(kColumns)};
+      FigureLine opening{QStringLiteral("Opening Balance"), Figures(kColumns)};
       opening.figures[kOpening] = balance;
       opening.figures[kBalance] = balance;
       lines.push_back(std::move(opening));
@@ -274,12 +270,12 @@ class MovementForm : public ReportForm {
 class PositionForm final : public MovementForm {
  public:
   PositionForm()
-      : MovementForm({{Tr("Opening"), Nature::kShares},
-                      {Tr("Purchase"), Nature::kShares},
-                      {Tr("Sale"), Nature::kShares},
-                      {Tr("Transfer"), Nature::kShares},
-                      {Tr("Balance"), Nature::kShares},
-                      {Tr("Stock Value"), Nature::kMoney}}) {}
+      : MovementForm({{QStringLiteral("Opening"), Nature::kShares},
+                      {QStringLiteral("Purchase"), Nature::kShares},
+                      {QStringLiteral("Sale"), Nature::kShares},
+                      {QStringLiteral("Transfer"), Nature::kShares},
+                      {QStringLiteral("Balance"), Nature::kShares},
+                      {QStringLiteral("Stock Value"), Nature::kMoney}}) {}
 
  protected:
   std::size_t Place(Movement::Kind kind) const override {
@@ -293,7 +289,7 @@ class PositionForm final : public MovementForm {
   std::optional<double> Result(const Movement&) const override { return std::nullopt; }
   QString Remark(const Movement& movement) const override {
     return movement.purchase_date
-               ? Tr(" [Purchase of %1]").arg(text::FormatDmy(*movement.purchase_date))
+               ? QStringLiteral(" [Purchase of %1]").arg(text::FormatDmy(*movement.purchase_date))
                : QString();
   }
 };
@@ -301,12 +297,12 @@ class PositionForm final : public MovementForm {
 class ProfitLossForm final : public MovementForm {
  public:
   ProfitLossForm()
-      : MovementForm({{Tr("Opening"), Nature::kShares},
-                      {Tr("Purchase"), Nature::kShares},
-                      {Tr("Transfer"), Nature::kShares},
-                      {Tr("Sale"), Nature::kShares},
-                      {Tr("Balance"), Nature::kShares},
-                      {Tr("Profit/Loss"), Nature::kMoney}}) {}
+      : MovementForm({{QStringLiteral("Opening"), Nature::kShares},
+                      {QStringLiteral("Purchase"), Nature::kShares},
+                      {QStringLiteral("Transfer"), Nature::kShares},
+                      {QStringLiteral("Sale"), Nature::kShares},
+                      {QStringLiteral("Balance"), Nature::kShares},
+                      {QStringLiteral("Profit/Loss"), Nature::kMoney}}) {}
 
  protected:
   std::size_t Place(Movement::Kind kind) const override {
@@ -322,9 +318,9 @@ class ProfitLossForm final : public MovementForm {
   }
   QString Remark(const Movement& movement) const override {
     return movement.purchase_rate
-               ? Tr(" [Purchase Rate : Rs. ") + text::FormatAmount(*movement.purchase_rate) +
-                     QLatin1Char(']')
-               : Tr(" [No cost]");
+               ? QStringLiteral(" [Purchase Rate : Rs. ") +
+                     text::FormatAmount(*movement.purchase_rate) + QLatin1Char(']')
+               : QStringLiteral(" [No cost]");
   }
 };
 

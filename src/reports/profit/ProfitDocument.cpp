@@ -1,17 +1,12 @@
 #include "reports/profit/ProfitDocument.h"
 
+#include "core/text/Tr.h"
 #include "reports/profit/StatementTables.h"
-
-#include <QCoreApplication>
 
 namespace quorvane::profit {
 namespace {
 
 using reporting::ReportDocument;
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("ProfitStatement", text);
-}
 
 QString Utf8(const std::string& text) {
   return QString::fromStdString(text);
@@ -20,12 +15,13 @@ QString Utf8(const std::string& text) {
 QStringList Titles(StatementMode mode, const ProfitQuery& query, ClientId client,
                    const lookups::Directory& directory) {
   const auto& entry = directory.Client(client);
-  QStringList titles{mode == StatementMode::kProfit ? Tr("Scriptwise Profitability Statement")
-                                                    : Tr("Capital Gain Statement"),
-                     Tr("Financial Year - ") + query.year.Text()};
+  QStringList titles{mode == StatementMode::kProfit
+                         ? Tr("ProfitStatement", "Scriptwise Profitability Statement")
+                         : Tr("ProfitStatement", "Capital Gain Statement"),
+                     Tr("ProfitStatement", "Financial Year - ") + query.year.Text()};
   if (query.from != query.year.FirstDay() || query.to != query.year.LastDay()) {
-    titles << Tr("Period - From ") + text::FormatDmy(query.from) + Tr(" To ") +
-                  text::FormatDmy(query.to);
+    titles << Tr("ProfitStatement", "Period - From ") + text::FormatDmy(query.from) +
+                  Tr("ProfitStatement", " To ") + text::FormatDmy(query.to);
   }
   if (const QStringList choices = ChoicesOf(query); !choices.isEmpty()) {
     titles << choices.join(QStringLiteral(", "));
@@ -43,14 +39,14 @@ QStringList ChoicesOf(const ProfitQuery& query) {
       choices << text;
     }
   };
-  add(query.fo == gains::FoChoice::kFo, Tr("F & O"));
-  add(query.fo == gains::FoChoice::kNonFo, Tr("Non F & O"));
-  add(query.gains == GainFilter::kSpeculation, Tr("Speculation"));
-  add(query.gains == GainFilter::kNonSpeculation, Tr("Non-Speculation"));
-  add(query.average, Tr("Average Rate"));
-  add(query.charges.service_tax || query.average, Tr("S.Tax"));
-  add(query.charges.stt, Tr("S.T.T."));
-  add(!query.unsold, Tr("Without unsold quantity"));
+  add(query.fo == gains::FoChoice::kFo, Tr("ProfitStatement", "F & O"));
+  add(query.fo == gains::FoChoice::kNonFo, Tr("ProfitStatement", "Non F & O"));
+  add(query.gains == GainFilter::kSpeculation, Tr("ProfitStatement", "Speculation"));
+  add(query.gains == GainFilter::kNonSpeculation, Tr("ProfitStatement", "Non-Speculation"));
+  add(query.average, Tr("ProfitStatement", "Average Rate"));
+  add(query.charges.service_tax || query.average, Tr("ProfitStatement", "S.Tax"));
+  add(query.charges.stt, Tr("ProfitStatement", "S.T.T."));
+  add(!query.unsold, Tr("ProfitStatement", "Without unsold quantity"));
   return choices;
 }
 

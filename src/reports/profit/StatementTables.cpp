@@ -1,8 +1,7 @@
 #include "reports/profit/StatementTables.h"
 
 #include "core/text/Amounts.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 namespace quorvane::profit {
 namespace {
@@ -12,10 +11,6 @@ using reporting::Cell;
 using reporting::DateColumn;
 using reporting::Mask;
 using reporting::QuantityColumn;
-
-QString Tr(const char* text) {
-  return QCoreApplication::translate("ProfitStatement", text);
-}
 
 QString Utf8(const std::string& text) {
   return QString::fromStdString(text);
@@ -31,12 +26,13 @@ Cell PaiseOrNothing(std::int64_t paise) {
 }
 
 Cell CostOf(const StatementRow& row) {
-  return row.HasPurchase() ? Paise(row.purchase_cost) : Tr("No cost");
+  return row.HasPurchase() ? Paise(row.purchase_cost) : Tr("ProfitStatement", "No cost");
 }
 
 /// In the first column of gains; what left by a transfer gained none.
 Cell GainOf(const StatementRow& row, std::int64_t paise) {
-  return row.kind == LineKind::kTransfer ? Tr("Transfer") : PaiseOrNothing(paise);
+  return row.kind == LineKind::kTransfer ? Tr("ProfitStatement", "Transfer")
+                                         : PaiseOrNothing(paise);
 }
 
 }  // namespace
@@ -44,17 +40,21 @@ Cell GainOf(const StatementRow& row, std::int64_t paise) {
 DetailTable::DetailTable(StatementMode mode, bool average, const lookups::Directory& directory)
     : directory_(directory) {
   const char* profit = mode == StatementMode::kProfit ? "Profit" : "Capital Gain/Profit";
-  table_.groups = {{Tr("Purchase"), 4}, {Tr("Sale"), 4}, {Tr("Proportionate"), 1}, {Tr(profit), 3}};
+  table_.groups = {{Tr("ProfitStatement", "Purchase"), 4},
+                   {Tr("ProfitStatement", "Sale"), 4},
+                   {Tr("ProfitStatement", "Proportionate"), 1},
+                   {Tr("ProfitStatement", profit), 3}};
   for (int side = 0; side < 2; ++side) {
-    table_.columns.push_back(DateColumn(Tr("Date")));
-    table_.columns.push_back(QuantityColumn(Tr("Quantity")));
-    table_.columns.push_back(AmountColumn(Tr("Net")));
-    table_.columns.push_back(AmountColumn(Tr("Amount")));
+    table_.columns.push_back(DateColumn(Tr("ProfitStatement", "Date")));
+    table_.columns.push_back(QuantityColumn(Tr("ProfitStatement", "Quantity")));
+    table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Net")));
+    table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Amount")));
   }
-  table_.columns.push_back(AmountColumn(Tr(average ? "Avg. Pur. Cost" : "Purchase Cost")));
-  table_.columns.push_back(AmountColumn(Tr("Long Term")));
-  table_.columns.push_back(AmountColumn(Tr("Short Term")));
-  table_.columns.push_back(AmountColumn(Tr("Speculation")));
+  table_.columns.push_back(
+      AmountColumn(Tr("ProfitStatement", average ? "Avg. Pur. Cost" : "Purchase Cost")));
+  table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Long Term")));
+  table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Short Term")));
+  table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Speculation")));
 }
 
 void DetailTable::Add(const StatementRow& row) {
@@ -83,9 +83,9 @@ void DetailTable::Head(const StatementRow& row) {
   if (row.account != account_) {
     account_ = row.account;
     table_.rows.push_back({.kind = reporting::RowKind::kGroup,
-                           .cells = {row.account ? Tr("Demat A/c No - ") +
+                           .cells = {row.account ? Tr("ProfitStatement", "Demat A/c No - ") +
                                                        Utf8(directory_.Account(row.account).number)
-                                                 : Tr("Without Demat A/c")}});
+                                                 : Tr("ProfitStatement", "Without Demat A/c")}});
   }
 }
 
@@ -114,10 +114,11 @@ void DetailTable::AddTotal(const StatementRow& row) {
   const auto quantity = [&](double value) { return net ? Cell() : Cell(value); };
   table_.rows.push_back(
       {.kind = net ? reporting::RowKind::kNetTotal : reporting::RowKind::kTotal,
-       .cells = {net ? Tr("Net Total") : Tr("Total"), quantity(row.quantity), Cell(),
-                 Paise(row.purchase_amount), Cell(), quantity(row.sale_quantity), Cell(),
-                 Paise(row.sale_amount), Paise(row.purchase_cost), Paise(row.long_term),
-                 Paise(row.short_term), Paise(row.speculation)}});
+       .cells = {net ? Tr("ProfitStatement", "Net Total") : Tr("ProfitStatement", "Total"),
+                 quantity(row.quantity), Cell(), Paise(row.purchase_amount), Cell(),
+                 quantity(row.sale_quantity), Cell(), Paise(row.sale_amount),
+                 Paise(row.purchase_cost), Paise(row.long_term), Paise(row.short_term),
+                 Paise(row.speculation)}});
   if (!net) {
     table_.rows.push_back({.kind = reporting::RowKind::kGap, .cells = {}});
   }
@@ -125,18 +126,18 @@ void DetailTable::AddTotal(const StatementRow& row) {
 }
 
 SummaryTable::SummaryTable(const lookups::Directory& directory) : directory_(directory) {
-  table_.columns = {reporting::NumberColumn(Tr("S.No")),
-                    reporting::TextColumn(Tr("Company Name")),
-                    QuantityColumn(Tr("Quantity")),
-                    DateColumn(Tr("Sale Date")),
-                    AmountColumn(Tr("S.Amount"), Mask::kSummary),
-                    DateColumn(Tr("Purc. Date")),
-                    AmountColumn(Tr("Avg. Pur. Cost"), Mask::kSummary),
-                    AmountColumn(Tr("Purc. Cost"), Mask::kSummary),
-                    AmountColumn(Tr("Profit/Loss"), Mask::kSummary),
-                    AmountColumn(Tr("Long term"), Mask::kSummary),
-                    AmountColumn(Tr("Short Term"), Mask::kSummary),
-                    AmountColumn(Tr("Speculation"), Mask::kSummary)};
+  table_.columns = {reporting::NumberColumn(Tr("ProfitStatement", "S.No")),
+                    reporting::TextColumn(Tr("ProfitStatement", "Company Name")),
+                    QuantityColumn(Tr("ProfitStatement", "Quantity")),
+                    DateColumn(Tr("ProfitStatement", "Sale Date")),
+                    AmountColumn(Tr("ProfitStatement", "S.Amount"), Mask::kSummary),
+                    DateColumn(Tr("ProfitStatement", "Purc. Date")),
+                    AmountColumn(Tr("ProfitStatement", "Avg. Pur. Cost"), Mask::kSummary),
+                    AmountColumn(Tr("ProfitStatement", "Purc. Cost"), Mask::kSummary),
+                    AmountColumn(Tr("ProfitStatement", "Profit/Loss"), Mask::kSummary),
+                    AmountColumn(Tr("ProfitStatement", "Long term"), Mask::kSummary),
+                    AmountColumn(Tr("ProfitStatement", "Short Term"), Mask::kSummary),
+                    AmountColumn(Tr("ProfitStatement", "Speculation"), Mask::kSummary)};
 }
 
 void SummaryTable::Add(const StatementRow& row) {
@@ -187,7 +188,7 @@ void SummaryTable::AddTotal(const StatementRow& row) {
   sold_ = false;
   table_.rows.push_back(
       {.kind = net ? reporting::RowKind::kNetTotal : reporting::RowKind::kTotal,
-       .cells = {Cell(), net ? Tr("Net Total") : Tr("Total"),
+       .cells = {Cell(), net ? Tr("ProfitStatement", "Net Total") : Tr("ProfitStatement", "Total"),
                  net ? Cell() : Cell(row.sale_quantity), Cell(), Paise(row.sale_amount), Cell(),
                  Cell(), Paise(row.purchase_cost),
                  Paise(row.long_term + row.short_term + row.speculation), Paise(row.long_term),

@@ -1,7 +1,6 @@
+#include "core/text/Tr.h"
 #include "reporting/output/XlsxTemplate.h"
 #include "reports/profit/ProfitDocument.h"
-
-#include <QCoreApplication>
 
 namespace quorvane::profit {
 namespace {
@@ -84,8 +83,7 @@ void WriteStatementWorkbook(const ReportDocument& document, Layout layout,
   for (const char* pattern : {"Fld", "Grp", "Tot", "Net", "Gap"}) {
     patterns.append(prefix + QLatin1String(pattern));
   }
-  progress.Begin(QCoreApplication::translate("ProfitStatement", "Filling the template"),
-                 reporting::RowCount(document));
+  progress.Begin(Tr("ProfitStatement", "Filling the template"), reporting::RowCount(document));
   book.Repeat(patterns, lines, progress);
   book.Save(path);
 }

@@ -5,7 +5,6 @@
 #include "core/lookups/Choices.h"
 #include "core/records/Query.h"
 #include "core/records/Writing.h"
-#include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/BillChecks.h"
 #include "transactions/posting/Owner.h"
 
@@ -74,26 +73,22 @@ std::vector<ScripId> ScripsOf(const Bill& bill) {
 
 /// What the bill names is still there. `old` is the bill as it is recorded, or an empty one.
 MaybeRefusal CheckNames(Transaction& transaction, const Bill& old, const Bill& bill) {
-  const QString account_box = QStringLiteral("Combo2");
   MaybeRefusal refusal =
-      posting::CheckAccount(transaction, bill.client, bill.account, old.account, account_box);
+      posting::CheckAccount(transaction, bill.client, bill.account, old.account, Field::kAccount);
   if (!refusal) {
-    refusal =
-        posting::CheckBroker(transaction, bill.broker, old.broker, ControlName(BillBox::kBroker));
+    refusal = posting::CheckBroker(transaction, bill.broker, old.broker, Field::kBroker);
   }
   if (!refusal) {
-    refusal =
-        posting::CheckExchange(transaction, bill.exchange, old.exchange, QStringLiteral("Combo1"));
+    refusal = posting::CheckExchange(transaction, bill.exchange, old.exchange, Field::kExchange);
   }
   if (!refusal) {
-    refusal =
-        posting::CheckScrips(transaction, ScripsOf(bill), ScripsOf(old), QStringLiteral("Vs1"));
+    refusal = posting::CheckScrips(transaction, ScripsOf(bill), ScripsOf(old), Field::kLines);
   }
   return refusal;
 }
 
 /// Puts the lines of `bill` in the place of those of `old` in the ledger. Either may have none.
-MaybeRefusal Post(Transaction& transaction, const Bill& old, Bill& bill, const QString& field) {
+MaybeRefusal Post(Transaction& transaction, const Bill& old, Bill& bill, Field field) {
   const Place was{bill.Of(), old.account};
   const Place is{bill.Of(), bill.account};
   std::vector<Place> places{is};
@@ -112,21 +107,21 @@ MaybeRefusal Post(Transaction& transaction, const Bill& old, Bill& bill, const Q
   return std::nullopt;
 }
 
-MaybeRefusal SaveIn(Transaction& transaction, Bill& bill) {
-  if (MaybeRefusal refusal =
-          posting::CheckClient(transaction, bill.client, QStringLiteral("Combo2"))) {
-    return refusal;
+Result<Bill> SaveIn(Transaction& transaction, Bill bill) {
+  if (const MaybeRefusal refusal =
+          posting::CheckClient(transaction, bill.client, Field::kAccount)) {
+    return *refusal;
   }
   const std::optional<Bill> recorded =
       bill.id ? ReadBill(transaction.GetConnection(), bill.Of(), bill.id, true) : std::nullopt;
   const Bill old = recorded.value_or(Bill());
-  if (MaybeRefusal refusal = CheckNames(transaction, old, bill)) {
-    return refusal;
+  if (const MaybeRefusal refusal = CheckNames(transaction, old, bill)) {
+    return *refusal;
   }
   // Before new lots are numbered, so that they can have the numbers that they had there.
   ledger::ClearScratch(transaction, bill.Of());
-  if (MaybeRefusal refusal = Post(transaction, old, bill, QStringLiteral("Vs1"))) {
-    return refusal;
+  if (const MaybeRefusal refusal = Post(transaction, old, bill, Field::kLines)) {
+    return *refusal;
   }
   if (recorded) {
     DeleteRows(transaction, old);
@@ -135,7 +130,7 @@ MaybeRefusal SaveIn(Transaction& transaction, Bill& bill) {
     bill.id = BillId{database::NextKey(transaction, "SPMaster")};
   }
   InsertRows(transaction, bill);
-  return std::nullopt;
+  return bill;
 }
 
 }  // namespace
@@ -168,21 +163,15 @@ bool BillBook::HasTwin(const Bill& bill) const {
   return found;
 }
 
-MaybeRefusal BillBook::Save(Bill& bill) {
-  if (MaybeRefusal refusal = CheckBill(bill, of_.year)) {
-    return refusal;
+Result<Bill> BillBook::Save(const Bill& bill) {
+  if (const MaybeRefusal refusal = CheckBill(bill, of_.year)) {
+    return *refusal;
   }
-  Bill saved;
-  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = bill;
-    saved.client = of_.client;
-    saved.year = of_.year;
-    return SaveIn(transaction, saved);
-  });
-  if (!refusal) {
-    bill = std::move(saved);
-  }
-  return refusal;
+  Bill owned = bill;
+  owned.client = of_.client;
+  owned.year = of_.year;
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveIn(transaction, owned); });
 }
 
 MaybeRefusal BillBook::Delete(BillId id) {
@@ -193,7 +182,7 @@ MaybeRefusal BillBook::Delete(BillId id) {
     }
     Bill nothing = *old;
     nothing.lines.clear();
-    if (MaybeRefusal refusal = Post(transaction, *old, nothing, QStringLiteral("VSF"))) {
+    if (MaybeRefusal refusal = Post(transaction, *old, nothing, Field::kRecord)) {
       return refusal;
     }
     DeleteRows(transaction, *old);

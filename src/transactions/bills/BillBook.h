@@ -33,11 +33,11 @@ class BillBook {
   bool HasTwin(const Bill& bill) const;
 
   /// Writes a new bill, or a changed one in place of the old, and posts its lines to the ledger.
-  /// What stood on the scratch table for the client is gone afterwards. Sets the keys of the bill
-  /// and its lines and their lots. Refused when a check fails, when the client or a newly chosen
-  /// account, broker, exchange or scrip was deleted meanwhile, or when a lot would be lowered below
-  /// zero, because its shares were sold or transferred meanwhile.
-  MaybeRefusal Save(Bill& bill);
+  /// What stood on the scratch table for the client is gone afterwards. Hands back what was saved:
+  /// with the keys of the bill, its lines and their lots. Refused when a check fails, when the
+  /// client or a newly chosen account, broker, exchange or scrip was deleted meanwhile, or when a
+  /// lot would be lowered below zero, because its shares were sold or transferred meanwhile.
+  Result<Bill> Save(const Bill& bill);
 
   /// Takes a bill back. Refused when shares that it brought were sold or transferred.
   MaybeRefusal Delete(BillId id);

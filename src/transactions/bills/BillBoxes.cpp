@@ -77,10 +77,6 @@ double BillBoxes::Number(BillBox box) const {
   return !text.isEmpty() && text == shown.text ? shown.number : ReadNumber(text);
 }
 
-QString ControlName(BillBox box) {
-  return QStringLiteral("Text1_%1").arg(static_cast<int>(box));
-}
-
 void RecomputeLine(Side side, BillBoxes& boxes) {
   const double net =
       records::NetRate(side, boxes.Number(BillBox::kRate), boxes.Number(BillBox::kBrokerage));

@@ -12,8 +12,7 @@ namespace quorvane::bills {
 
 using records::Side;
 
-/// The entry boxes of a bill and of the line being entered, by their place in the control array
-/// Text1.
+/// The entry boxes of a bill and of the line being entered.
 enum class BillBox : std::uint8_t {
   kNumber = 0,
   kDate = 1,
@@ -62,9 +61,6 @@ class BillBoxes {
   std::array<QString, kBillBoxCount> texts_;
   std::array<Shown, kBillBoxCount> shown_;
 };
-
-/// The control's name, as "Text1_3".
-QString ControlName(BillBox box);
 
 /// What leaving a box does: the box is brought into its form (a quantity and the line's amounts
 /// lose their sign, a quantity keeps six decimals at most, amounts get two), and leaving one of the

@@ -2,37 +2,27 @@
 
 #include "core/database/TextWidths.h"
 #include "core/text/Amounts.h"
-#include "transactions/bills/BillBoxes.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <array>
 
 namespace quorvane::bills {
 namespace {
 
-Refusal Refuse(const char* text, const QString& field) {
-  return {QCoreApplication::translate("Bills", text), field};
-}
-
-Refusal Refuse(const char* text, BillBox box) {
-  return Refuse(text, ControlName(box));
-}
-
 /// Movements without a date that can be read would be lost to every statement.
 MaybeRefusal CheckDateText(const QString& date) {
   if (date.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Date."), BillBox::kDate);
+    return Refusal{Tr("Bills", "Enter Date."), Field::kDate};
   }
   if (!text::ParseDmy(date)) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Proper Date."), BillBox::kDate);
+    return Refusal{Tr("Bills", "Enter Proper Date."), Field::kDate};
   }
   return std::nullopt;
 }
 
 MaybeRefusal CheckExchange(ExchangeId exchange) {
   if (!exchange) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Select Stock Exchange."), QStringLiteral("Combo1"));
+    return Refusal{Tr("Bills", "Select Stock Exchange."), Field::kExchange};
   }
   return std::nullopt;
 }
@@ -40,15 +30,15 @@ MaybeRefusal CheckExchange(ExchangeId exchange) {
 MaybeRefusal CheckTexts(const Bill& bill) {
   const std::array cells{
       database::TextCell{"BillNo", QT_TRANSLATE_NOOP("Masters", "Bill No."), bill.number,
-                         ControlName(BillBox::kNumber)},
+                         Field::kNumber},
       database::TextCell{"SettlNo", QT_TRANSLATE_NOOP("Masters", "Settlement No."),
-                         bill.settlement_number, ControlName(BillBox::kSettlementNumber)}};
+                         bill.settlement_number, Field::kSettlementNumber}};
   return database::CheckTextWidths("SPMaster", cells);
 }
 
 MaybeRefusal CheckHeader(const Bill& bill, text::FinancialYear year) {
   if (bill.number.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Bill No."), BillBox::kNumber);
+    return Refusal{Tr("Bills", "Enter Bill No."), Field::kNumber};
   }
   if (MaybeRefusal refusal = CheckDateText(bill.date)) {
     return refusal;
@@ -57,7 +47,7 @@ MaybeRefusal CheckHeader(const Bill& bill, text::FinancialYear year) {
     return refusal;
   }
   if (!bill.broker) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Broker Name."), BillBox::kBroker);
+    return Refusal{Tr("Bills", "Enter Broker Name."), Field::kBroker};
   }
   if (MaybeRefusal refusal = CheckExchange(bill.exchange)) {
     return refusal;
@@ -72,8 +62,7 @@ MaybeRefusal CheckYear(const QString& date, text::FinancialYear year) {
   if (!day || year.Contains(*day)) {
     return std::nullopt;
   }
-  Refusal refusal = Refuse(QT_TRANSLATE_NOOP("Bills", "The Date is not in the Financial Year %1."),
-                           BillBox::kDate);
+  Refusal refusal = Refusal{Tr("Bills", "The Date is not in the Financial Year %1."), Field::kDate};
   refusal.text = refusal.text.arg(year.Text());
   return refusal;
 }
@@ -99,22 +88,20 @@ MaybeRefusal CheckBeforeLine(const Bill& bill) {
 
 MaybeRefusal CheckLine(std::optional<Side> side, ScripId scrip, text::Shares quantity) {
   if (!side) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Sale/Purchase."), QStringLiteral("Combo3"));
+    return Refusal{Tr("Bills", "Enter Sale/Purchase."), Field::kSide};
   }
   if (!scrip) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Script Name."), QStringLiteral("Combo4"));
+    return Refusal{Tr("Bills", "Enter Script Name."), Field::kScrip};
   }
   if (quantity <= text::Shares()) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Enter Quantity Greater than Zero."),
-                  BillBox::kQuantity);
+    return Refusal{Tr("Bills", "Enter Quantity Greater than Zero."), Field::kQuantity};
   }
   return std::nullopt;
 }
 
 MaybeRefusal CheckLot(Side side, LotId lot, bool scrip_has_lots) {
   if (side == Side::kSale && !lot && scrip_has_lots) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "Select the Lot to be Sold from the Balance."),
-                  QStringLiteral("VS3"));
+    return Refusal{Tr("Bills", "Select the Lot to be Sold from the Balance."), Field::kLot};
   }
   return std::nullopt;
 }
@@ -124,7 +111,7 @@ MaybeRefusal CheckDate(const QString& date, text::Date today) {
     return refusal;
   }
   if (text::ParseDmy(date).value() > today) {
-    return Refuse(QT_TRANSLATE_NOOP("Bills", "You can't insert future Date"), BillBox::kDate);
+    return Refusal{Tr("Bills", "You can't insert future Date"), Field::kDate};
   }
   return std::nullopt;
 }
@@ -133,10 +120,9 @@ MaybeRefusal CheckSale(Side side, text::Shares quantity, std::optional<text::Sha
   if (side != Side::kSale || !balance || quantity <= *balance) {
     return std::nullopt;
   }
-  Refusal refusal = Refuse(
-      QT_TRANSLATE_NOOP(
-          "Bills", "You Can't Sale Scripts More than Balance.\n\nMaximum Allowed Value is: %1"),
-      BillBox::kQuantity);
+  Refusal refusal = Refusal{
+      Tr("Bills", "You Can't Sale Scripts More than Balance.\n\nMaximum Allowed Value is: %1"),
+      Field::kQuantity};
   refusal.text = refusal.text.arg(text::FormatAmount(balance->Number()));
   return refusal;
 }

@@ -13,7 +13,7 @@ using records::Bill;
 using records::BillLine;
 using records::Side;
 
-/// Each check gives the first rule that is broken, with the control to focus.
+/// Each check gives the first rule that is broken, with what was entered wrong.
 
 /// What a bill needs to be saved in a year: number, date, broker and exchange, then its lines in
 /// order. Statements take bills by year and date: one dated outside its year would be lost to them.

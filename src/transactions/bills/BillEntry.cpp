@@ -1,10 +1,8 @@
 #include "transactions/bills/BillEntry.h"
 
 #include "core/database/Transaction.h"
-#include "transactions/bills/BillBoxes.h"
+#include "core/text/Tr.h"
 #include "transactions/bills/BillChecks.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <utility>
@@ -23,8 +21,7 @@ bool SellsFromNone(const BillLine& line) {
 }
 
 Refusal InLine(std::size_t place, const Refusal& refusal) {
-  return {QCoreApplication::translate("Bills", "Line %1: %2").arg(place + 1).arg(refusal.text),
-          QStringLiteral("Vs1")};
+  return {Tr("Bills", "Line %1: %2").arg(place + 1).arg(refusal.text), Field::kLines};
 }
 
 }  // namespace
@@ -59,9 +56,8 @@ MaybeRefusal BillEntry::ChooseAccount(AccountId account) {
     return std::nullopt;
   }
   if (std::ranges::any_of(bill_.lines, SellsFromALot)) {
-    return Refusal{
-        QCoreApplication::translate("Bills", "The Bill has Sales from the Lots of its Demat A/c."),
-        QStringLiteral("Combo2")};
+    return Refusal{Tr("Bills", "The Bill has Sales from the Lots of its Demat A/c."),
+                   Field::kAccount};
   }
   return Stage(account);
 }
@@ -72,12 +68,13 @@ MaybeRefusal BillEntry::Refresh() {
 
 MaybeRefusal BillEntry::Stage(AccountId account) {
   EntryLots lots(connection_, {of_, account}, saved_);
-  MaybeRefusal refusal = lots.Post(bill_.lines, QStringLiteral("Vs1"));
-  if (!refusal) {
+  Result<std::vector<BillLine>> posted = lots.Post(bill_.lines, Field::kLines);
+  if (posted) {
     bill_.account = account;
+    bill_.lines = std::move(*posted);
     lots_ = std::move(lots);
   }
-  return refusal;
+  return posted.Refused();
 }
 
 const BillLine* BillEntry::LineAt(Changed place) const {
@@ -141,22 +138,22 @@ MaybeRefusal BillEntry::Put(std::span<const BillLine> lines, Changed changed) {
     place = all.erase(all.begin() + static_cast<std::ptrdiff_t>(*changed));
   }
   all.insert(place, lines.begin(), lines.end());
-  return Take(std::move(all), ControlName(BillBox::kQuantity));
+  return Take(std::move(all), Field::kQuantity);
 }
 
 MaybeRefusal BillEntry::Remove(std::size_t place) {
   std::vector<BillLine> rest = bill_.lines;
   rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(place));
-  return Take(std::move(rest), ControlName(BillBox::kQuantity));
+  return Take(std::move(rest), Field::kQuantity);
 }
 
-MaybeRefusal BillEntry::Take(std::vector<BillLine> lines, const QString& field) {
-  MaybeRefusal refusal = lots_->Post(lines, field);
-  if (!refusal) {
-    bill_.lines = std::move(lines);
+MaybeRefusal BillEntry::Take(std::vector<BillLine> lines, Field field) {
+  Result<std::vector<BillLine>> posted = lots_->Post(std::move(lines), field);
+  if (posted) {
+    bill_.lines = std::move(*posted);
     Recompute();
   }
-  return refusal;
+  return posted.Refused();
 }
 
 bool BillEntry::WantsLot(const BillLine& line) const {
@@ -192,7 +189,7 @@ MaybeRefusal BillEntry::TakeOldestLots() {
     }
     std::ranges::copy(SpreadOver(line, pieces), std::back_inserter(lines));
   }
-  return Take(std::move(lines), QStringLiteral("Vs1"));
+  return Take(std::move(lines), Field::kLines);
 }
 
 void BillEntry::SetCharges(double other_charges, double transaction_charges) {
@@ -233,14 +230,15 @@ bool BillEntry::IsTwin() const {
 }
 
 MaybeRefusal BillEntry::Save() {
-  MaybeRefusal refusal = CheckLots();
-  if (!refusal) {
-    refusal = book_.Save(bill_);
+  if (MaybeRefusal refusal = CheckLots()) {
+    return refusal;
   }
-  if (!refusal) {
+  Result<Bill> saved = book_.Save(bill_);
+  if (saved) {
+    bill_ = std::move(*saved);
     lots_.reset();
   }
-  return refusal;
+  return saved.Refused();
 }
 
 void BillEntry::Cancel() {

@@ -87,7 +87,7 @@ class BillEntry {
 
  private:
   MaybeRefusal Stage(AccountId account);
-  MaybeRefusal Take(std::vector<BillLine> lines, const QString& field);
+  MaybeRefusal Take(std::vector<BillLine> lines, Field field);
   MaybeRefusal CheckSaleLine(const BillLine& line, Changed changed) const;
   bool WantsLot(const BillLine& line) const;
   std::optional<text::Shares> Available(ScripId scrip, LotId lot, Changed changed) const;

@@ -30,18 +30,16 @@ void EntryLots::WriteScratch(const ledger::Lots& lots) {
   });
 }
 
-MaybeRefusal EntryLots::Post(std::vector<BillLine>& lines, const QString& field) {
+Result<std::vector<BillLine>> EntryLots::Post(std::vector<BillLine> lines, Field field) {
   ledger::Lots posted = stock_;
-  std::vector<BillLine> with_lots = lines;
-  ledger::PostLines(posted, place_, with_lots);
+  ledger::PostLines(posted, place_, lines);
   ledger::TakeBackLines(posted, place_, recorded_);
-  if (MaybeRefusal refusal = posting::RefuseShortage(*connection_, posted, field)) {
-    return refusal;
+  if (const MaybeRefusal refusal = posting::RefuseShortage(*connection_, posted, field)) {
+    return *refusal;
   }
   WriteScratch(posted);
   lots_ = std::move(posted);
-  lines = std::move(with_lots);
-  return std::nullopt;
+  return lines;
 }
 
 std::vector<HeldLot> EntryLots::Balance(const Bill& bill, const BillLine* replaced) const {

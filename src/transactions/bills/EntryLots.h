@@ -17,9 +17,9 @@ class EntryLots {
   /// Reads the account's lots. `recorded` is the bill as it is recorded, if it is.
   EntryLots(database::Connection& connection, const ledger::Place& place, const Bill& recorded);
 
-  /// Posts the lines in place of those before, and sets their lots. A refusal, with the field, and
-  /// a DatabaseError leave everything as it was.
-  MaybeRefusal Post(std::vector<BillLine>& lines, const QString& field);
+  /// Posts the lines in place of those before, and hands them back with their lots. A refusal,
+  /// with the field, and a DatabaseError leave everything as it was.
+  Result<std::vector<BillLine>> Post(std::vector<BillLine> lines, Field field);
 
   /// The account's lots, smallest quantity first, a line that is replaced taken back. Purchases of
   /// `bill` are of its day.

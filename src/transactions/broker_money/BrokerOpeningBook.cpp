@@ -4,31 +4,21 @@
 #include "core/records/Bill.h"
 #include "core/records/Writing.h"
 #include "core/text/Amounts.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <map>
 
 namespace quorvane::broker_money {
 
-namespace {
-
-Refusal Refuse(const char* text, const char* field) {
-  return {QCoreApplication::translate("BrokerMoney", text), QString::fromLatin1(field)};
-}
-
-}  // namespace
-
 MaybeRefusal CheckBrokerOpening(const BrokerOpening& opening) {
   if (!opening.broker) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Enter Broker Name."), "Combo1");
+    return Refusal{Tr("BrokerMoney", "Enter Broker Name."), Field::kBroker};
   }
   if (!(opening.amount > 0)) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Enter Opening Balance Greater than Zero."),
-                  "Text1_0");
+    return Refusal{Tr("BrokerMoney", "Enter Opening Balance Greater than Zero."), Field::kAmount};
   }
   if (!opening.side) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Select Dr/Cr."), "Combo2");
+    return Refusal{Tr("BrokerMoney", "Select Dr/Cr."), Field::kSide};
   }
   return std::nullopt;
 }
@@ -171,26 +161,20 @@ std::vector<BrokerOpening> BrokerOpeningBook::List() const {
   return openings;
 }
 
-MaybeRefusal BrokerOpeningBook::Save(BrokerOpening& opening) {
-  if (MaybeRefusal refusal = CheckBrokerOpening(opening)) {
-    return refusal;
+Result<BrokerOpeningId> BrokerOpeningBook::Save(const BrokerOpening& opening) {
+  if (const MaybeRefusal refusal = CheckBrokerOpening(opening)) {
+    return *refusal;
   }
-  BrokerOpening saved;
-  MaybeRefusal refusal =
-      database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) -> Result<BrokerOpeningId> {
         if (IsTaken(transaction, of_, opening)) {
-          return Refusal{QCoreApplication::translate("BrokerMoney", "Record Already Exists!"),
-                         QStringLiteral("Combo1")};
+          return Refusal{Tr("BrokerMoney", "Record Already Exists!"), Field::kBroker};
         }
-        saved = opening;
+        BrokerOpening saved = opening;
         saved.id = database::ClaimKey(transaction, "BrOpBal", saved.id);
         records::Insert(transaction, RecordOf(of_, saved));
-        return std::nullopt;
+        return saved.id;
       });
-  if (!refusal) {
-    opening = saved;
-  }
-  return refusal;
 }
 
 void BrokerOpeningBook::Delete(BrokerOpeningId id) {

@@ -44,9 +44,9 @@ class BrokerOpeningBook {
   /// The largest amount first; equal ones by id.
   std::vector<BrokerOpening> List() const;
 
-  /// Writes a new balance, or a changed one in place of the old, and sets its id. Refused when a
-  /// check fails or the broker has another balance in the year.
-  MaybeRefusal Save(BrokerOpening& opening);
+  /// Writes a new balance, or a changed one in place of the old. Hands back its id. Refused when
+  /// a check fails or the broker has another balance in the year.
+  Result<BrokerOpeningId> Save(const BrokerOpening& opening);
 
   void Delete(BrokerOpeningId id);
 

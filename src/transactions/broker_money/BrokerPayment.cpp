@@ -1,27 +1,21 @@
 #include "transactions/broker_money/BrokerPayment.h"
 
 #include "core/database/TextWidths.h"
+#include "core/text/Tr.h"
 #include "transactions/broker_money/PaymentBook.h"
-
-#include <QCoreApplication>
 
 namespace quorvane::broker_money {
 namespace {
 
-Refusal Refuse(const char* text, const char* field) {
-  return {QCoreApplication::translate("BrokerMoney", text), QString::fromLatin1(field)};
-}
-
 MaybeRefusal CheckPaymentDate(const QString& date, text::FinancialYear year) {
   const auto day = text::ParseDmy(date);
   if (!day) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Enter Payment Date."), "Text1_1");
+    return Refusal{Tr("BrokerMoney", "Enter Payment Date."), Field::kDate};
   }
   if (!year.Contains(*day)) {
-    return Refusal{QCoreApplication::translate("BrokerMoney",
-                                               "The Payment Date is not in the Financial Year %1.")
-                       .arg(year.Text()),
-                   QStringLiteral("Text1_1")};
+    return Refusal{
+        Tr("BrokerMoney", "The Payment Date is not in the Financial Year %1.").arg(year.Text()),
+        Field::kDate};
   }
   return std::nullopt;
 }
@@ -34,35 +28,32 @@ QString TransactionChoices(PaymentKind kind) {
 }
 
 QString KindTitle(PaymentKind kind) {
-  return kind == PaymentKind::kPayment
-             ? QCoreApplication::translate("BrokerMoney", "Payment To Broker")
-             : QCoreApplication::translate("BrokerMoney", "Received From Broker");
+  return kind == PaymentKind::kPayment ? Tr("BrokerMoney", "Payment To Broker")
+                                       : Tr("BrokerMoney", "Received From Broker");
 }
 
 MaybeRefusal CheckPayment(const BrokerPayment& payment, PaymentKind kind,
                           text::FinancialYear year) {
   if (!payment.broker) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Enter Broker Name."), "Combo1");
+    return Refusal{Tr("BrokerMoney", "Enter Broker Name."), Field::kBroker};
   }
   if (!payment.transaction) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Select Transaction Mode."), "Combo2");
+    return Refusal{Tr("BrokerMoney", "Select Transaction Mode."), Field::kTransactionMode};
   }
   if (!(payment.amount > 0)) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Enter Amount Greater than Zero."), "Text1_0");
+    return Refusal{Tr("BrokerMoney", "Enter Amount Greater than Zero."), Field::kAmount};
   }
   if (MaybeRefusal refusal = CheckPaymentDate(payment.date, year)) {
     return refusal;
   }
   if (!payment.mode) {
-    return Refuse(QT_TRANSLATE_NOOP("BrokerMoney", "Select Payment Mode."), "Combo3");
+    return Refusal{Tr("BrokerMoney", "Select Payment Mode."), Field::kPaymentMode};
   }
   const std::array<database::TextCell, 3> cells{
       {{"ChqNo", QT_TRANSLATE_NOOP("BrokerMoney", "Cheque No."), payment.cheque_number,
-        QStringLiteral("Text1_2")},
-       {"DrawOn", QT_TRANSLATE_NOOP("BrokerMoney", "Drawn On"), payment.drawn_on,
-        QStringLiteral("Text1_4")},
-       {"Remark", QT_TRANSLATE_NOOP("BrokerMoney", "Remark"), payment.remark,
-        QStringLiteral("Text1_5")}}};
+        Field::kChequeNumber},
+       {"DrawOn", QT_TRANSLATE_NOOP("BrokerMoney", "Drawn On"), payment.drawn_on, Field::kDrawnOn},
+       {"Remark", QT_TRANSLATE_NOOP("BrokerMoney", "Remark"), payment.remark, Field::kRemark}}};
   return database::CheckTextWidths(PaymentTable(kind), cells);
 }
 

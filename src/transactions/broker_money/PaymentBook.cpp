@@ -54,18 +54,16 @@ std::vector<BrokerPayment> PaymentBook::List() const {
   return payments;
 }
 
-MaybeRefusal PaymentBook::Save(BrokerPayment& payment) {
-  if (MaybeRefusal refusal = CheckPayment(payment, kind_, of_.year)) {
-    return refusal;
+Result<PaymentId> PaymentBook::Save(const BrokerPayment& payment) {
+  if (const MaybeRefusal refusal = CheckPayment(payment, kind_, of_.year)) {
+    return *refusal;
   }
-  BrokerPayment saved;
-  database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = payment;
+  return database::InTransaction(connection_, [&](Transaction& transaction) -> Result<PaymentId> {
+    BrokerPayment saved = payment;
     saved.id = database::ClaimKey(transaction, PaymentTable(kind_), saved.id);
     records::Insert(transaction, RecordOf(of_, saved), PaymentTable(kind_));
+    return saved.id;
   });
-  payment = saved;
-  return std::nullopt;
 }
 
 void PaymentBook::Delete(PaymentId id) {

@@ -21,8 +21,8 @@ class PaymentBook {
   /// In the order in which they were recorded.
   std::vector<BrokerPayment> List() const;
 
-  /// Writes a new payment, or a changed one in place of the old, and sets its id.
-  MaybeRefusal Save(BrokerPayment& payment);
+  /// Writes a new payment, or a changed one in place of the old. Hands back its id.
+  Result<PaymentId> Save(const BrokerPayment& payment);
 
   void Delete(PaymentId id);
 

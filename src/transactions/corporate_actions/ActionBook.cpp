@@ -3,9 +3,8 @@
 #include "core/actions/Terms.h"
 #include "core/database/Keys.h"
 #include "core/records/Writing.h"
+#include "core/text/Tr.h"
 #include "transactions/posting/Owner.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -14,12 +13,8 @@ namespace {
 
 using database::Transaction;
 
-Refusal Refuse(const char* text) {
-  return {QCoreApplication::translate("Actions", text), {}};
-}
-
 Refusal Gone() {
-  return Refuse(QT_TRANSLATE_NOOP("Actions", "This Corporate Action was Deleted in the Meantime."));
+  return Refusal{Tr("Actions", "This Corporate Action was Deleted in the Meantime."), {}};
 }
 
 std::optional<Action> ReadForUpdate(Transaction& transaction, ActionId id) {
@@ -43,7 +38,7 @@ MaybeRefusal CheckIsNew(Transaction& transaction, const Action& action) {
     return other.id != action.id && TermsOf(other) == TermsOf(action);
   });
   if (is_recorded) {
-    return Refuse(QT_TRANSLATE_NOOP("Actions", "This Corporate Action is Recorded Already."));
+    return Refusal{Tr("Actions", "This Corporate Action is Recorded Already."), {}};
   }
   return std::nullopt;
 }
@@ -56,11 +51,10 @@ Result<ActionId> SaveIn(Transaction& transaction, const Action& entered) {
   const std::optional<Action> old =
       action.id ? ReadForUpdate(transaction, action.id) : std::nullopt;
   if (old && old->applied) {
-    return Refuse(
-        QT_TRANSLATE_NOOP("Actions", "Take the Corporate Action back before it is Changed."));
+    return Refusal{Tr("Actions", "Take the Corporate Action back before it is Changed."), {}};
   }
   const std::array scrips{action.scrip, action.other};
-  if (MaybeRefusal refusal = posting::CheckScrips(transaction, scrips, {}, {})) {
+  if (MaybeRefusal refusal = posting::CheckScrips(transaction, scrips, {}, Field::kScrip)) {
     return *refusal;
   }
   if (MaybeRefusal refusal = CheckIsNew(transaction, action)) {
@@ -92,10 +86,9 @@ MaybeRefusal CheckIsLast(Transaction& transaction, const Action& action) {
   for (const Action& other : records::Select<Action>(transaction.GetConnection()).All()) {
     const auto other_day = text::ParseDmy(other.ex_day);
     if (touches(other) && (other_day > day || (other_day == day && other.id > action.id))) {
-      return Refusal{
-          QCoreApplication::translate("Actions", "Take back the Later Action %1 of %2 First.")
-              .arg(actions::Describe(other), other.ex_day),
-          {}};
+      return Refusal{Tr("Actions", "Take back the Later Action %1 of %2 First.")
+                         .arg(actions::Describe(other), other.ex_day),
+                     {}};
     }
   }
   return std::nullopt;
@@ -109,13 +102,12 @@ Result<std::size_t> ApplyIn(Transaction& transaction, std::vector<Action> chosen
   std::size_t accounts = 0;
   for (const Action& action : chosen_actions) {
     if (action.applied) {
-      return Named(
-          transaction, action,
-          Refuse(QT_TRANSLATE_NOOP("Actions", "This Corporate Action is Applied Already.")));
+      return Named(transaction, action,
+                   Refusal{Tr("Actions", "This Corporate Action is Applied Already."), {}});
     }
     if (text::ParseDmy(action.ex_day) > today) {
       return Named(transaction, action,
-                   Refuse(QT_TRANSLATE_NOOP("Actions", "The Ex-Date is still to Come.")));
+                   Refusal{Tr("Actions", "The Ex-Date is still to Come."), {}});
     }
     if (MaybeRefusal refusal = CheckIsLast(transaction, action)) {
       return *refusal;
@@ -174,8 +166,7 @@ MaybeRefusal ActionBook::Delete(ActionId id) {
   return database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
     const std::optional<Action> old = ReadForUpdate(transaction, id);
     if (old && old->applied) {
-      return Refuse(
-          QT_TRANSLATE_NOOP("Actions", "Take the Corporate Action back before it is Deleted."));
+      return Refusal{Tr("Actions", "Take the Corporate Action back before it is Deleted."), {}};
     }
     records::Delete<Action>(transaction).Where(&Action::id, id).Run();
     return std::nullopt;

@@ -4,9 +4,8 @@
 #include "core/files/TableFile.h"
 #include "core/rates/PriceText.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "transactions/corporate_actions/ActionLayouts.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -19,16 +18,12 @@ namespace {
 constexpr std::size_t kMostActions = 100'000;  ///< rows; ten years of an exchange have 21,000
 constexpr std::size_t kWidest = 255;           ///< characters of a note
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("ActionList", text);
-}
-
 QString Text(const std::string& utf8) {
   return QString::fromStdString(utf8);
 }
 
 Refusal Invalid(const QString& why) {
-  return {Tr(QT_TRANSLATE_NOOP("ActionList", "Invalid File.")) + QLatin1Char('\n') + why, {}};
+  return {Tr("ActionList", "Invalid File.") + QLatin1Char('\n') + why, {}};
 }
 
 bool IsAbsent(const std::string& text) {
@@ -93,7 +88,7 @@ class ActionRows {
     record.name = Text(Cell(row, kNameField));
     record.purpose = Text(Cell(row, kPurposeField));
     if (record.code.empty() && record.symbol.empty()) {
-      return Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "there is no code")));
+      return Fail(row.line, Tr("ActionList", "there is no code"));
     }
     const bool is_own = file_.source == ActionSource::kOwn;
     if (is_own ? ReadOwn(row, record) : ReadListed(row, record)) {
@@ -106,7 +101,7 @@ class ActionRows {
       return Invalid(ErrorText());
     }
     if (file_.rows.empty() && file_.left_out == 0) {
-      return Invalid(Tr(QT_TRANSLATE_NOOP("ActionList", "The file holds no corporate action.")));
+      return Invalid(Tr("ActionList", "The file holds no corporate action."));
     }
     return std::move(file_);
   }
@@ -130,8 +125,8 @@ class ActionRows {
   bool ReadOwn(const files::TextRow& row, ActionRow& record) {
     const auto kind = actions::KindOf(Cell(row, kKindField));
     if (!kind) {
-      Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "%1 is no kind of corporate action"))
-                         .arg(Text(Cell(row, kKindField))));
+      Fail(row.line,
+           Tr("ActionList", "%1 is no kind of corporate action").arg(Text(Cell(row, kKindField))));
       return false;
     }
     Action action;
@@ -169,7 +164,7 @@ class ActionRows {
     }
     const auto day = DayIn(text);
     if (!day) {
-      Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "%1 is no date")).arg(Text(text)));
+      Fail(row.line, Tr("ActionList", "%1 is no date").arg(Text(text)));
       return false;
     }
     into = text::FormatDmy(*day);
@@ -179,24 +174,21 @@ class ActionRows {
   bool ReadNumber(const files::TextRow& row, ActionField field, double& into) {
     const std::string& text = Cell(row, field);
     if (!IsAbsent(text) && (!text::ParseNumber(text, into) || into < 0 || into > 1e9)) {
-      Fail(row.line, Tr(QT_TRANSLATE_NOOP("ActionList", "%1 is no number that can stand there"))
-                         .arg(Text(text)));
+      Fail(row.line, Tr("ActionList", "%1 is no number that can stand there").arg(Text(text)));
       return false;
     }
     return true;
   }
 
   void Fail(std::size_t line, const QString& what) {
-    errors_ << Tr(QT_TRANSLATE_NOOP("ActionList", "Line %1: %2."))
-                   .arg(static_cast<qulonglong>(line))
-                   .arg(what);
+    errors_ << Tr("ActionList", "Line %1: %2.").arg(static_cast<qulonglong>(line)).arg(what);
   }
 
   QString ErrorText() const {
     constexpr qsizetype kShown = 10;
     QStringList lines = errors_.mid(0, kShown);
     if (errors_.size() > kShown) {
-      lines << Tr(QT_TRANSLATE_NOOP("ActionList", "... and %1 more.")).arg(errors_.size() - kShown);
+      lines << Tr("ActionList", "... and %1 more.").arg(errors_.size() - kShown);
     }
     return lines.join(QLatin1Char('\n'));
   }
@@ -210,14 +202,14 @@ class ActionRows {
 
 Result<ActionFile> ReadActionTable(const files::TextTable& table) {
   if (table.rows.empty()) {
-    return Invalid(Tr(QT_TRANSLATE_NOOP("ActionList", "The file holds no corporate action.")));
+    return Invalid(Tr("ActionList", "The file holds no corporate action."));
   }
   const auto layout = LayoutOf(table.rows.front());
   if (!layout) {
     return Invalid(ExpectedActionHeadings());
   }
   if (table.rows.size() > kMostActions) {
-    return Invalid(Tr(QT_TRANSLATE_NOOP("ActionList", "The file holds more than can be read.")));
+    return Invalid(Tr("ActionList", "The file holds more than can be read."));
   }
   ActionRows rows(*layout);
   for (std::size_t row = 1; row < table.rows.size(); ++row) {

@@ -1,6 +1,6 @@
 #include "transactions/corporate_actions/ActionLayouts.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <cctype>
@@ -88,7 +88,7 @@ std::optional<FoundActionLayout> LayoutOf(const files::TextRow& headings) {
 }
 
 QString ExpectedActionHeadings() {
-  return QCoreApplication::translate(
+  return Tr(
       "ActionList",
       "Expected are the columns scrip_code, kind, ex_date and, as far as there are any, "
       "record_date, "

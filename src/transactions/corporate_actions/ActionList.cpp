@@ -4,6 +4,7 @@
 #include "core/rates/ScripFinder.h"
 #include "core/records/Query.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "transactions/corporate_actions/SameActions.h"
 
 #include <QCoreApplication>
@@ -142,7 +143,7 @@ QString TextOf(ActionState state) {
                               QT_TRANSLATE_NOOP("ActionList", "Doubled"),
                               QT_TRANSLATE_NOOP("ActionList", "Script not Here"),
                               QT_TRANSLATE_NOOP("ActionList", "Not Understood")};
-  return QCoreApplication::translate("ActionList", kTexts[static_cast<std::size_t>(state)]);
+  return Tr("ActionList", kTexts[static_cast<std::size_t>(state)]);
 }
 
 KnownActions ReadKnownActions(database::Connection& connection) {

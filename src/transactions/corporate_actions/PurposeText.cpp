@@ -2,6 +2,7 @@
 
 #include "core/actions/Terms.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "transactions/corporate_actions/PurposeAmounts.h"
 #include "transactions/corporate_actions/PurposeClauses.h"
 
@@ -310,7 +311,7 @@ QString TextOf(OpenPoint point) {
                               QT_TRANSLATE_NOOP("ActionList", "price"),
                               QT_TRANSLATE_NOOP("ActionList", "amount a share"),
                               QT_TRANSLATE_NOOP("ActionList", "percent of cost")};
-  return QCoreApplication::translate("ActionList", kTexts[static_cast<std::size_t>(point)]);
+  return Tr("ActionList", kTexts[static_cast<std::size_t>(point)]);
 }
 
 }  // namespace quorvane::corporate_actions

@@ -3,9 +3,8 @@
 #include "core/database/Keys.h"
 #include "core/records/Writing.h"
 #include "core/text/Dates.h"
+#include "core/text/Tr.h"
 #include "transactions/posting/Owner.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -14,21 +13,18 @@ namespace {
 
 using database::Transaction;
 
-Refusal Refuse(const char* text) {
-  return {QCoreApplication::translate("Dividends", text), {}};
-}
-
 MaybeRefusal CheckOwners(Transaction& transaction, const Dividend& dividend,
                          const std::optional<Dividend>& old) {
-  if (MaybeRefusal refusal = posting::CheckClient(transaction, dividend.client, {})) {
+  if (MaybeRefusal refusal = posting::CheckClient(transaction, dividend.client, Field::kNone)) {
     return refusal;
   }
   const AccountId account = old ? old->account : AccountId{};
-  if (MaybeRefusal refusal =
-          posting::CheckAccount(transaction, dividend.client, dividend.account, account, {})) {
+  if (MaybeRefusal refusal = posting::CheckAccount(transaction, dividend.client, dividend.account,
+                                                   account, Field::kAccount)) {
     return refusal;
   }
-  return posting::CheckScrip(transaction, dividend.scrip, old ? old->scrip : ScripId{}, {});
+  return posting::CheckScrip(transaction, dividend.scrip, old ? old->scrip : ScripId{},
+                             Field::kScrip);
 }
 
 std::optional<Dividend> ReadForUpdate(Transaction& transaction, DividendId id) {
@@ -42,26 +38,26 @@ std::optional<Dividend> ReadForUpdate(Transaction& transaction, DividendId id) {
 
 MaybeRefusal CheckDividend(const Dividend& dividend, text::FinancialYear year) {
   if (!dividend.account) {
-    return Refuse(QT_TRANSLATE_NOOP("Dividends", "Select Demat Account."));
+    return Refusal{Tr("Dividends", "Select Demat Account."), Field::kAccount};
   }
   if (!dividend.scrip) {
-    return Refuse(QT_TRANSLATE_NOOP("Dividends", "Select Script."));
+    return Refusal{Tr("Dividends", "Select Script."), Field::kScrip};
   }
   const auto date = text::ParseDmy(dividend.date);
   if (!date) {
-    return Refuse(QT_TRANSLATE_NOOP("Dividends", "Enter Proper Date."));
+    return Refusal{Tr("Dividends", "Enter Proper Date."), Field::kDate};
   }
   if (!year.Contains(*date)) {
-    return Refuse(QT_TRANSLATE_NOOP("Dividends", "Enter a Date within the Financial Year."));
+    return Refusal{Tr("Dividends", "Enter a Date within the Financial Year."), Field::kDate};
   }
   if (dividend.quantity <= text::Shares()) {
-    return Refuse(QT_TRANSLATE_NOOP("Dividends", "Enter Quantity."));
+    return Refusal{Tr("Dividends", "Enter Quantity."), Field::kQuantity};
   }
   if (!(dividend.per_share > 0)) {
-    return Refuse(QT_TRANSLATE_NOOP("Dividends", "Enter the Dividend per Share."));
+    return Refusal{Tr("Dividends", "Enter the Dividend per Share."), Field::kRate};
   }
   if (dividend.tax_deducted < 0 || dividend.tax_deducted > dividend.Gross()) {
-    return Refuse(QT_TRANSLATE_NOOP("Dividends", "Enter Tax Deducted between 0 and the Dividend."));
+    return Refusal{Tr("Dividends", "Enter Tax Deducted between 0 and the Dividend."), Field::kTax};
   }
   return std::nullopt;
 }

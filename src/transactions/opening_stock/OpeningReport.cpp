@@ -1,28 +1,23 @@
 #include "transactions/opening_stock/OpeningReport.h"
 
 #include "core/text/Amounts.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 namespace quorvane::opening_stock {
 namespace {
 
-QString Tr(const char* text) {
-  return QCoreApplication::translate("OpeningStock", text);
-}
-
 std::vector<reporting::Column> Columns() {
   using reporting::AmountColumn;
-  return {reporting::TextColumn(Tr("Script Name")),
-          reporting::TextColumn(Tr("Demat A/c No.")),
-          AmountColumn(Tr("Rate")),
-          reporting::QuantityColumn(Tr("Quantity")),
-          reporting::DateColumn(Tr("Purchase Date")),
-          AmountColumn(Tr("Total")),
-          AmountColumn(Tr("Service Tax")),
-          AmountColumn(Tr("STT")),
-          reporting::TextColumn(Tr("F&O")),
-          AmountColumn(Tr("Brokerage"))};
+  return {reporting::TextColumn(Tr("OpeningStock", "Script Name")),
+          reporting::TextColumn(Tr("OpeningStock", "Demat A/c No.")),
+          AmountColumn(Tr("OpeningStock", "Rate")),
+          reporting::QuantityColumn(Tr("OpeningStock", "Quantity")),
+          reporting::DateColumn(Tr("OpeningStock", "Purchase Date")),
+          AmountColumn(Tr("OpeningStock", "Total")),
+          AmountColumn(Tr("OpeningStock", "Service Tax")),
+          AmountColumn(Tr("OpeningStock", "STT")),
+          reporting::TextColumn(Tr("OpeningStock", "F&O")),
+          AmountColumn(Tr("OpeningStock", "Brokerage"))};
 }
 
 /// Old rows may hold a text that is no date; it is shown as it stands.
@@ -36,7 +31,8 @@ reporting::Row RowOf(const OpeningLot& lot, const lookups::Directory& directory)
           .cells = {QString::fromStdString(directory.Scrip(lot.scrip).name),
                     QString::fromStdString(directory.Account(lot.account).number), lot.rate,
                     lot.quantity.Number(), DateCell(lot.purchase_date), lot.total, lot.service_tax,
-                    lot.stt, lot.fo ? Tr("Yes") : Tr("No"), lot.brokerage}};
+                    lot.stt, lot.fo ? Tr("OpeningStock", "Yes") : Tr("OpeningStock", "No"),
+                    lot.brokerage}};
 }
 
 reporting::Row TotalOf(std::span<const OpeningLot> lots) {
@@ -50,7 +46,7 @@ reporting::Row TotalOf(std::span<const OpeningLot> lots) {
   }
   const std::monostate none;
   return {.kind = reporting::RowKind::kNetTotal,
-          .cells = {Tr("Total"), none, none, none, none, text::FromPaise(total),
+          .cells = {Tr("OpeningStock", "Total"), none, none, none, none, text::FromPaise(total),
                     text::FromPaise(service_tax), text::FromPaise(stt), none, none}};
 }
 
@@ -67,7 +63,8 @@ reporting::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, co
     table.rows.push_back(TotalOf(lots));
   }
   const lookups::ClientEntry& client = directory.Client(of.client);
-  return {{Tr("Stock Opening Balance"), Tr("Financial Year - ") + of.year.Text(),
+  return {{Tr("OpeningStock", "Stock Opening Balance"),
+           Tr("OpeningStock", "Financial Year - ") + of.year.Text(),
            QString::fromStdString(client.name) + QStringLiteral(" (") +
                QString::fromStdString(client.code) + QLatin1Char(')')},
           {table}};

@@ -1,16 +1,8 @@
 #include "transactions/opening_stock/OpeningStock.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 namespace quorvane::opening_stock {
-namespace {
-
-Refusal Refuse(const char* text, const QString& field) {
-  return {QCoreApplication::translate("OpeningStock", text), field};
-}
-
-}  // namespace
-
 QString KeepPurchaseDate(const QString& date, text::FinancialYear year) {
   const auto day = text::ParseDmy(date);
   return day && *day <= year.LastDay() ? date : QString();
@@ -18,24 +10,19 @@ QString KeepPurchaseDate(const QString& date, text::FinancialYear year) {
 
 MaybeRefusal CheckOpening(const OpeningLot& lot, text::FinancialYear year) {
   if (!lot.scrip) {
-    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Select Script Name."),
-                  QStringLiteral("Combo1"));
+    return Refusal{Tr("OpeningStock", "Select Script Name."), Field::kScrip};
   }
   if (lot.quantity <= Shares()) {
-    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Enter Quantity Greater than Zero."),
-                  QStringLiteral("Text1_0"));
+    return Refusal{Tr("OpeningStock", "Enter Quantity Greater than Zero."), Field::kQuantity};
   }
   if (!lot.account) {
-    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Select Demat A/c No."),
-                  QStringLiteral("Combo2"));
+    return Refusal{Tr("OpeningStock", "Select Demat A/c No."), Field::kAccount};
   }
   if (KeepPurchaseDate(lot.purchase_date, year).isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Enter Purchase Date."),
-                  QStringLiteral("Text1_3"));
+    return Refusal{Tr("OpeningStock", "Enter Purchase Date."), Field::kDate};
   }
   if (lot.rate < 0) {
-    return Refuse(QT_TRANSLATE_NOOP("OpeningStock", "Rate Can't be Negative."),
-                  QStringLiteral("Text1_1"));
+    return Refusal{Tr("OpeningStock", "Rate Can't be Negative."), Field::kRate};
   }
   return std::nullopt;
 }

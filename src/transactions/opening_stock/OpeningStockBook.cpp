@@ -59,8 +59,7 @@ std::vector<ledger::Place> PlacesOf(const ClientYear& of, std::span<const Openin
 /// Inserts the new rows in place of old ones, which are deleted already, and moves their lots. What
 /// matters is the outcome for each lot: old shares may leave it below zero when new ones come in.
 MaybeRefusal Replace(Transaction& transaction, const ClientYear& of,
-                     std::span<const OpeningLot> old, std::span<OpeningLot> rows,
-                     const QString& field) {
+                     std::span<const OpeningLot> old, std::span<OpeningLot> rows, Field field) {
   std::vector<ledger::Place> places = PlacesOf(of, old);
   const std::vector<ledger::Place> more = PlacesOf(of, rows);
   places.insert(places.end(), more.begin(), more.end());
@@ -80,27 +79,29 @@ MaybeRefusal Replace(Transaction& transaction, const ClientYear& of,
   return std::nullopt;
 }
 
-MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, OpeningLot& lot) {
-  const QString field = QStringLiteral("Combo2");
-  if (MaybeRefusal refusal = posting::CheckClient(transaction, of.client, field)) {
-    return refusal;
+Result<OpeningId> SaveIn(Transaction& transaction, const ClientYear& of, OpeningLot lot) {
+  if (const MaybeRefusal refusal = posting::CheckClient(transaction, of.client, Field::kAccount)) {
+    return *refusal;
   }
   std::vector<OpeningLot> old;
   if (lot.id) {
     old =
         SelectOf(transaction.GetConnection(), of).Where(&OpeningLot::id, lot.id).ForUpdate().All();
   }
-  if (MaybeRefusal refusal =
+  if (const MaybeRefusal refusal =
           posting::CheckAccount(transaction, of.client, lot.account,
-                                old.empty() ? AccountId{} : old.front().account, field)) {
-    return refusal;
+                                old.empty() ? AccountId{} : old.front().account, Field::kAccount)) {
+    return *refusal;
   }
   if (old.empty()) {
     // A row that was deleted meanwhile is written as a new one.
     lot.id = {};
   }
   DeleteRows(transaction, of, old);
-  return Replace(transaction, of, old, {&lot, 1}, QStringLiteral("Text1_0"));
+  if (const MaybeRefusal refusal = Replace(transaction, of, old, {&lot, 1}, Field::kQuantity)) {
+    return *refusal;
+  }
+  return lot.id;
 }
 
 OpeningLot OpeningOf(const gains::RemainingLot& lot) {
@@ -143,19 +144,12 @@ std::vector<OpeningLot> OpeningStockBook::List() const {
   return SelectOf(connection_, of_).All();
 }
 
-MaybeRefusal OpeningStockBook::Save(OpeningLot& lot) {
-  if (MaybeRefusal refusal = CheckOpening(lot, of_.year)) {
-    return refusal;
+Result<OpeningId> OpeningStockBook::Save(const OpeningLot& lot) {
+  if (const MaybeRefusal refusal = CheckOpening(lot, of_.year)) {
+    return *refusal;
   }
-  OpeningLot saved;
-  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = lot;
-    return SaveIn(transaction, of_, saved);
-  });
-  if (!refusal) {
-    lot = saved;
-  }
-  return refusal;
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveIn(transaction, of_, lot); });
 }
 
 MaybeRefusal OpeningStockBook::Delete(OpeningId id) {
@@ -163,7 +157,7 @@ MaybeRefusal OpeningStockBook::Delete(OpeningId id) {
     const std::vector<OpeningLot> old =
         SelectOf(connection_, of_).Where(&OpeningLot::id, id).ForUpdate().All();
     DeleteRows(transaction, of_, old);
-    return Replace(transaction, of_, old, {}, QStringLiteral("VSF"));
+    return Replace(transaction, of_, old, {}, Field::kRecord);
   });
 }
 
@@ -174,16 +168,17 @@ bool HasLotsToCarryForward(Connection& connection, const ClientYear& of) {
       .Next();
 }
 
-MaybeRefusal CarryForward(Connection& connection, const ClientYear& of, Progress& progress,
-                          std::size_t& carried) {
-  return database::InTransaction(connection, [&](Transaction& transaction) {
+Result<std::size_t> CarryForward(Connection& connection, const ClientYear& of, Progress& progress) {
+  return database::InTransaction(connection, [&](Transaction& transaction) -> Result<std::size_t> {
     const ClientYear before{of.client, of.year.Previous()};
     ledger::LockLots(transaction, before);
     ledger::LockLots(transaction, of);
     const std::vector<gains::RemainingLot> lots =
         gains::RemainingLots(connection, before.client, before.year, progress);
-    carried = lots.size();
-    return CarryForward(transaction, of, lots);
+    if (const MaybeRefusal refusal = CarryForward(transaction, of, lots)) {
+      return *refusal;
+    }
+    return lots.size();
   });
 }
 
@@ -194,7 +189,7 @@ MaybeRefusal CarryForward(Transaction& transaction, const ClientYear& of,
   const std::vector<OpeningLot> old =
       IdenticalTo(carried, SelectOf(transaction.GetConnection(), of).ForUpdate().All());
   DeleteRows(transaction, of, old);
-  return Replace(transaction, of, old, carried, QStringLiteral("VSF"));
+  return Replace(transaction, of, old, carried, Field::kRecord);
 }
 
 }  // namespace quorvane::opening_stock

@@ -24,10 +24,10 @@ class OpeningStockBook {
   /// In the order of their ids.
   std::vector<OpeningLot> List() const;
 
-  /// Writes a new lot, or a changed one in place of the old. Sets its id. Refused when a check
-  /// fails, when the client or a newly chosen account was deleted meanwhile, or when a lot of the
-  /// ledger would be lowered below zero.
-  MaybeRefusal Save(OpeningLot& lot);
+  /// Writes a new lot, or a changed one in place of the old. Hands back its id. Refused when a
+  /// check fails, when the client or a newly chosen account was deleted meanwhile, or when a lot of
+  /// the ledger would be lowered below zero.
+  Result<OpeningId> Save(const OpeningLot& lot);
 
   MaybeRefusal Delete(OpeningId id);
 
@@ -41,9 +41,9 @@ bool HasLotsToCarryForward(database::Connection& connection, const ClientYear& o
 
 /// Works out what is left of the year before (gains::RemainingLots of the client) and writes it as
 /// opening lots of the year, in one transaction: what another program records in either year
-/// meanwhile is counted or waits. `carried` is then their number.
-MaybeRefusal CarryForward(database::Connection& connection, const ClientYear& of,
-                          Progress& progress, std::size_t& carried);
+/// meanwhile is counted or waits. Hands back their number.
+Result<std::size_t> CarryForward(database::Connection& connection, const ClientYear& of,
+                                 Progress& progress);
 
 /// Writes these lots as opening lots of the year, as part of a caller's transaction. Opening rows
 /// that are identical to a carried lot make place for it, so doing it twice leaves one row a lot;

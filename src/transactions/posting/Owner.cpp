@@ -1,6 +1,6 @@
 #include "transactions/posting/Owner.h"
 
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 #include <fmt/format.h>
 
@@ -12,10 +12,6 @@ namespace quorvane::posting {
 
 namespace {
 
-Refusal Deleted(const char* text, const QString& field) {
-  return {QCoreApplication::translate("Posting", text), field};
-}
-
 template <class Key>
 bool IsThere(database::Transaction& transaction, std::string_view sql, Key key) {
   return transaction.Open(sql, key).Next();
@@ -23,17 +19,16 @@ bool IsThere(database::Transaction& transaction, std::string_view sql, Key key) 
 
 }  // namespace
 
-MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client,
-                         const QString& field) {
+MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client, Field field) {
   auto rows = transaction.Open("Select Id From ClientInfo Where Id=? Lock In Share Mode", client);
   if (rows.Next()) {
     return std::nullopt;
   }
-  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Client was Deleted in the Meantime."), field);
+  return Refusal{Tr("Posting", "This Client was Deleted in the Meantime."), field};
 }
 
 MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, AccountId account,
-                          AccountId recorded, const QString& field) {
+                          AccountId recorded, Field field) {
   if (!account || account == recorded) {
     return std::nullopt;
   }
@@ -42,32 +37,31 @@ MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, A
   if (rows.Next()) {
     return std::nullopt;
   }
-  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Demat A/c was Deleted in the Meantime."),
-                 field);
+  return Refusal{Tr("Posting", "This Demat A/c was Deleted in the Meantime."), field};
 }
 
 MaybeRefusal CheckBroker(database::Transaction& transaction, BrokerId broker, BrokerId recorded,
-                         const QString& field) {
+                         Field field) {
   const bool stays = !broker || broker == recorded;
   if (stays ||
       IsThere(transaction, "Select Id From Broker Where Id=? Lock In Share Mode", broker)) {
     return std::nullopt;
   }
-  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Broker was Deleted in the Meantime."), field);
+  return Refusal{Tr("Posting", "This Broker was Deleted in the Meantime."), field};
 }
 
 MaybeRefusal CheckExchange(database::Transaction& transaction, ExchangeId exchange,
-                           ExchangeId recorded, const QString& field) {
+                           ExchangeId recorded, Field field) {
   const bool stays = !exchange || exchange == recorded;
   if (stays ||
       IsThere(transaction, "Select Id From Exchange Where Id=? Lock In Share Mode", exchange)) {
     return std::nullopt;
   }
-  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Exchange was Deleted in the Meantime."), field);
+  return Refusal{Tr("Posting", "This Exchange was Deleted in the Meantime."), field};
 }
 
 MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const ScripId> scrips,
-                         std::span<const ScripId> recorded, const QString& field) {
+                         std::span<const ScripId> recorded, Field field) {
   std::set<ScripId> missing(scrips.begin(), scrips.end());
   missing.erase(ScripId{});
   for (const ScripId scrip : recorded) {
@@ -90,11 +84,11 @@ MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const Scr
   if (missing.empty()) {
     return std::nullopt;
   }
-  return Deleted(QT_TRANSLATE_NOOP("Posting", "This Script was Deleted in the Meantime."), field);
+  return Refusal{Tr("Posting", "This Script was Deleted in the Meantime."), field};
 }
 
 MaybeRefusal RefuseShortage(database::Connection& connection, const ledger::Lots& lots,
-                            const QString& field) {
+                            Field field) {
   const std::optional<ScripId> scrip = lots.Shortage();
   if (!scrip) {
     return std::nullopt;
@@ -102,8 +96,7 @@ MaybeRefusal RefuseShortage(database::Connection& connection, const ledger::Lots
   auto rows = connection.Open("Select Name From Script Where Id=?", *scrip);
   const QString name = rows.Next() ? rows.Text(0) : QString();
   return Refusal{
-      QCoreApplication::translate(
-          "Posting", "You Can't Update Record.\n\nQunatity of %1 Script Can't be Negative Value.")
+      Tr("Posting", "You Can't Update Record.\n\nQunatity of %1 Script Can't be Negative Value.")
           .arg(name),
       field};
 }

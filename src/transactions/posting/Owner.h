@@ -11,40 +11,41 @@ namespace quorvane::posting {
 
 // Refuse a record whose owner, broker or scrip was deleted while its window stood open: no report
 // would find the record, and an export would not hold it. What is found is held to the end of the
-// transaction, so that it is not deleted before the record is written. `field` is where it is
-// chosen.
+// transaction, so that it is not deleted before the record is written. `field` is what
+// the refusal names.
 
-MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client, const QString& field);
+MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client, Field field);
 
 /// No account is none that could be missing. A record may stay in the account `recorded` that it is
 /// in already, although that was deleted.
 MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, AccountId account,
-                          AccountId recorded, const QString& field);
+                          AccountId recorded, Field field);
 
 /// No broker is none that could be missing. A record may keep the broker `recorded`, although that
 /// was deleted.
 MaybeRefusal CheckBroker(database::Transaction& transaction, BrokerId broker, BrokerId recorded,
-                         const QString& field);
+                         Field field);
 
 /// The same for the exchange of a bill.
 MaybeRefusal CheckExchange(database::Transaction& transaction, ExchangeId exchange,
-                           ExchangeId recorded, const QString& field);
+                           ExchangeId recorded, Field field);
 
 /// All scrips of a record with one query. A record may keep the scrips in `recorded`, although they
 /// were deleted; no scrip is none that could be missing.
 MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const ScripId> scrips,
-                         std::span<const ScripId> recorded, const QString& field);
+                         std::span<const ScripId> recorded, Field field);
 inline MaybeRefusal CheckScrip(database::Transaction& transaction, ScripId scrip, ScripId recorded,
-                               const QString& field) {
+                               Field field) {
   return CheckScrips(transaction, std::span(&scrip, 1), std::span(&recorded, 1), field);
 }
 
 /// The refusal of a record that would leave a lot below zero because its shares were sold or
-/// transferred; it names the scrip. `field` is what gets the focus.
+/// transferred; it names the scrip. `field` is what the refusal
+/// names.
 MaybeRefusal RefuseShortage(database::Connection& connection, const ledger::Lots& lots,
-                            const QString& field);
+                            Field field);
 inline MaybeRefusal RefuseShortage(database::Transaction& transaction, const ledger::Lots& lots,
-                                   const QString& field) {
+                                   Field field) {
   return RefuseShortage(transaction.GetConnection(), lots, field);
 }
 

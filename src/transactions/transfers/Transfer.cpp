@@ -2,38 +2,23 @@
 
 #include "core/text/Amounts.h"
 #include "core/text/Dates.h"
-
-#include <QCoreApplication>
+#include "core/text/Tr.h"
 
 namespace quorvane::transfers {
 namespace {
 
-Refusal Refuse(const char* text, const QString& field) {
-  return {QCoreApplication::translate("Transfers", text), field};
-}
-
-QString DateField() {
-  return QStringLiteral("Text1_0");
-}
-QString ScripField() {
-  return QStringLiteral("Text1_1");
-}
-QString QuantityField() {
-  return QStringLiteral("Text1_2");
-}
-
 /// A movement without a date that can be read would be lost to every statement.
 MaybeRefusal CheckDate(const QString& date, text::FinancialYear year) {
   if (date.trimmed().isEmpty()) {
-    return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Date."), DateField());
+    return Refusal{Tr("Transfers", "Enter Date."), Field::kDate};
   }
   const auto day = text::ParseDmy(date);
   if (!day) {
-    return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Proper Date."), DateField());
+    return Refusal{Tr("Transfers", "Enter Proper Date."), Field::kDate};
   }
   if (!year.Contains(*day)) {
-    Refusal refusal = Refuse(
-        QT_TRANSLATE_NOOP("Transfers", "The Date is not in the Financial Year %1."), DateField());
+    Refusal refusal =
+        Refusal{Tr("Transfers", "The Date is not in the Financial Year %1."), Field::kDate};
     refusal.text = refusal.text.arg(year.Text());
     return refusal;
   }
@@ -42,9 +27,8 @@ MaybeRefusal CheckDate(const QString& date, text::FinancialYear year) {
 
 MaybeRefusal CheckAccounts(const Transfer& transfer) {
   if (!transfer.from) {
-    return Refuse(QT_TRANSLATE_NOOP(
-                      "Transfers", "Select Demat A/c No. From which You want to Transfer Scripts."),
-                  QStringLiteral("Combo1"));
+    return Refusal{Tr("Transfers", "Select Demat A/c No. From which You want to Transfer Scripts."),
+                   Field::kAccount};
   }
   if (!transfer.to || transfer.to == transfer.from) {
     return NoDestination();
@@ -55,14 +39,12 @@ MaybeRefusal CheckAccounts(const Transfer& transfer) {
 }  // namespace
 
 Refusal NoDestination() {
-  return Refuse(
-      QT_TRANSLATE_NOOP("Transfers", "Select Demat A/c No. To which You want to Transfer Scripts."),
-      QStringLiteral("Combo2"));
+  return Refusal{Tr("Transfers", "Select Demat A/c No. To which You want to Transfer Scripts."),
+                 Field::kToAccount};
 }
 
 Refusal NoLot() {
-  return Refuse(QT_TRANSLATE_NOOP("Transfers", "Select Script Name that You want to Transfer."),
-                ScripField());
+  return Refusal{Tr("Transfers", "Select Script Name that You want to Transfer."), Field::kLot};
 }
 
 MaybeRefusal CheckTransfer(const Transfer& transfer, text::FinancialYear year) {
@@ -76,8 +58,7 @@ MaybeRefusal CheckTransfer(const Transfer& transfer, text::FinancialYear year) {
     return NoLot();
   }
   if (transfer.quantity <= Shares()) {
-    return Refuse(QT_TRANSLATE_NOOP("Transfers", "Enter Quantity Greater than Zero."),
-                  QuantityField());
+    return Refusal{Tr("Transfers", "Enter Quantity Greater than Zero."), Field::kQuantity};
   }
   return std::nullopt;
 }
@@ -87,10 +68,9 @@ MaybeRefusal CheckBalance(Shares quantity, Shares balance) {
     return std::nullopt;
   }
   Refusal refusal =
-      Refuse(QT_TRANSLATE_NOOP(
-                 "Transfers",
+      Refusal{Tr("Transfers",
                  "You Can't Transfer Scripts More than Balance.\nMaximum Allowed Value is: %1"),
-             QuantityField());
+              Field::kQuantity};
   refusal.text = refusal.text.arg(text::FormatAmount(balance.Number()));
   return refusal;
 }

@@ -71,24 +71,23 @@ MaybeRefusal Move(Transaction& transaction, const std::optional<Transfer>& old,
   if (MaybeRefusal refusal = TakeFromLot(lots, transfer)) {
     return refusal;
   }
-  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, QStringLiteral("VSF"))) {
+  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, Field::kRecord)) {
     return refusal;
   }
   lots.Write(transaction);
   return std::nullopt;
 }
 
-MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& transfer) {
-  const QString field = QStringLiteral("Combo1");
-  if (MaybeRefusal refusal = posting::CheckClient(transaction, of.client, field)) {
-    return refusal;
+Result<Transfer> SaveIn(Transaction& transaction, const ClientYear& of, Transfer transfer) {
+  if (const MaybeRefusal refusal = posting::CheckClient(transaction, of.client, Field::kAccount)) {
+    return *refusal;
   }
   ledger::ClearScratch(transaction, of);
   const std::optional<Transfer> old =
       transfer.id ? ReadForUpdate(transaction.GetConnection(), of, transfer.id) : std::nullopt;
-  if (MaybeRefusal refusal = posting::CheckAccount(transaction, of.client, transfer.from,
-                                                   old ? old->from : AccountId{}, field)) {
-    return refusal;
+  if (const MaybeRefusal refusal = posting::CheckAccount(
+          transaction, of.client, transfer.from, old ? old->from : AccountId{}, Field::kAccount)) {
+    return *refusal;
   }
   transfer.client = of.client;
   transfer.year = of.year;
@@ -97,8 +96,8 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& tr
     return NoDestination();
   }
   transfer.kind = transfer.to_client == of.client ? TransTo::kSameClient : TransTo::kOtherClient;
-  if (MaybeRefusal refusal = Move(transaction, old, transfer)) {
-    return refusal;
+  if (const MaybeRefusal refusal = Move(transaction, old, transfer)) {
+    return *refusal;
   }
   if (old) {
     DeleteRow(transaction, *old);
@@ -107,7 +106,7 @@ MaybeRefusal SaveIn(Transaction& transaction, const ClientYear& of, Transfer& tr
     transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer")};
   }
   records::Insert(transaction, transfer);
-  return std::nullopt;
+  return transfer;
 }
 
 MaybeRefusal DeleteIn(Transaction& transaction, const Transfer& transfer) {
@@ -115,7 +114,7 @@ MaybeRefusal DeleteIn(Transaction& transaction, const Transfer& transfer) {
   ledger::LockAndLoad(transaction, lots,
                       std::vector{ledger::SourceOf(transfer), ledger::DestinationOf(transfer)});
   ledger::TakeBack(lots, transfer);
-  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, QStringLiteral("VSF"))) {
+  if (MaybeRefusal refusal = posting::RefuseShortage(transaction, lots, Field::kRecord)) {
     return refusal;
   }
   lots.Write(transaction);
@@ -136,19 +135,12 @@ std::optional<Transfer> TransferBook::Load(TransferId id) const {
   return SelectOf(connection_, of_).Where(&Transfer::id, id).First();
 }
 
-MaybeRefusal TransferBook::Save(Transfer& transfer) {
-  if (MaybeRefusal refusal = CheckTransfer(transfer, of_.year)) {
-    return refusal;
+Result<Transfer> TransferBook::Save(const Transfer& transfer) {
+  if (const MaybeRefusal refusal = CheckTransfer(transfer, of_.year)) {
+    return *refusal;
   }
-  Transfer saved;
-  MaybeRefusal refusal = database::InTransaction(connection_, [&](Transaction& transaction) {
-    saved = transfer;
-    return SaveIn(transaction, of_, saved);
-  });
-  if (!refusal) {
-    transfer = saved;
-  }
-  return refusal;
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveIn(transaction, of_, transfer); });
 }
 
 MaybeRefusal TransferBook::Delete(TransferId id) {

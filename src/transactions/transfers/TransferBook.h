@@ -24,10 +24,10 @@ class TransferBook {
   std::optional<Transfer> Load(TransferId id) const;
 
   /// Writes a new transfer, or a changed one in place of the old, and moves the shares in the
-  /// ledger. Sets what the transfer takes from its lot and its id. Refused when the client or one
-  /// of the accounts was deleted meanwhile, when the lot has too few shares, or when a change would
-  /// leave the old destination's lot below zero because its shares were used.
-  MaybeRefusal Save(Transfer& transfer);
+  /// ledger. Hands back what was saved: with what it takes from its lot, and its id. Refused when
+  /// the client or one of the accounts was deleted meanwhile, when the lot has too few shares, or
+  /// when a change would leave the old destination's lot below zero because its shares were used.
+  Result<Transfer> Save(const Transfer& transfer);
 
   /// Takes a transfer back. Refused when the shares were used at their destination.
   MaybeRefusal Delete(TransferId id);

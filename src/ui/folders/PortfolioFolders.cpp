@@ -2,6 +2,7 @@
 
 #include "controls/ProgressDialog.h"
 #include "core/app/Folders.h"
+#include "core/text/Tr.h"
 #include "portfolio/Export.h"
 #include "portfolio/Import.h"
 #include "ui/folders/FrmImportErrors.h"
@@ -15,7 +16,7 @@ namespace quorvane::ui {
 namespace {
 
 QString Told(const portfolio::ImportResult& result) {
-  QStringList lines{QCoreApplication::translate("PortfolioFolders", "The folder was taken in.")};
+  QStringList lines{Tr("PortfolioFolders", "The folder was taken in.")};
   for (const portfolio::ImportCount& count : result.counts) {
     if (count.added > 0) {
       lines << QStringLiteral("%1 %2")
@@ -47,8 +48,7 @@ void PortfolioFolders::ImportSample() {
       app::ShippedFolder(QCoreApplication::applicationDirPath(), QStringLiteral("sample"));
   if (sample.isEmpty()) {
     throw std::runtime_error(
-        QCoreApplication::translate("PortfolioFolders", "The sample portfolio is not installed.")
-            .toStdString());
+        Tr("PortfolioFolders", "The sample portfolio is not installed.").toStdString());
   }
   TakeIn(sample);
 }
@@ -72,9 +72,9 @@ void PortfolioFolders::Export() {
   if (folder.isEmpty()) {
     return;
   }
-  const QString question = QCoreApplication::translate(
-      "PortfolioFolders",
-      "%1 holds CSV files already. Files of a portfolio there are replaced. Write into it?");
+  const QString question =
+      Tr("PortfolioFolders",
+         "%1 holds CSV files already. Files of a portfolio there are replaced. Write into it?");
   if (HoldsPortfolio(folder) &&
       !desk_.messages.Ask(question.arg(QDir::toNativeSeparators(folder)), controls::Answer::kNo,
                           controls::Icon::kInformation)) {
@@ -84,8 +84,8 @@ void PortfolioFolders::Export() {
     controls::ProgressDialog progress(&over_);
     portfolio::ExportPortfolio(*desk_.session.connection, folder, std::nullopt, progress);
   }
-  desk_.messages.Inform(QCoreApplication::translate("PortfolioFolders", "The portfolio lies in %1.")
-                            .arg(QDir::toNativeSeparators(folder)));
+  desk_.messages.Inform(
+      Tr("PortfolioFolders", "The portfolio lies in %1.").arg(QDir::toNativeSeparators(folder)));
 }
 
 }  // namespace quorvane::ui

@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 #include "controls/ZENButton.h"
+#include "core/text/Tr.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -37,11 +38,11 @@ constexpr RowButton kRowButtons[] = {
     {"mnuAutoUpdateStock", QT_TRANSLATE_NOOP("MainMenu", "Update Stock")}};
 
 QString Caption(const Feature& item) {
-  return QCoreApplication::translate("MainMenu", item.caption);
+  return Tr("MainMenu", item.caption);
 }
 
 QString Caption(const RowButton& button) {
-  return QCoreApplication::translate("MainMenu", button.caption);
+  return Tr("MainMenu", button.caption);
 }
 
 QString NameOfButton(int number) {

@@ -1,6 +1,7 @@
 #include "ui/main/StartPage.h"
 
 #include "controls/Style.h"
+#include "core/text/Tr.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -76,8 +77,8 @@ void StartPage::ShowTexts() {
   title_->setText(tr("No client is entered yet. Begin with one of these:"));
   hint_->setText(tr("F1 opens the user guide. This page goes with the first client."));
   for (std::size_t step = 0; step < kSteps; ++step) {
-    buttons_[step]->setText(QCoreApplication::translate("StartPage", kBeginnings[step].caption));
-    words_[step]->setText(QCoreApplication::translate("StartPage", kBeginnings[step].words));
+    buttons_[step]->setText(Tr("StartPage", kBeginnings[step].caption));
+    words_[step]->setText(Tr("StartPage", kBeginnings[step].words));
   }
 }
 

@@ -28,7 +28,7 @@ class LoginTest : public test::DatabaseTest {
     attempts_.emplace([] { return std::chrono::steady_clock::time_point(); });
     folder_ = std::make_unique<QTemporaryDir>();
     User user{0, "Ravi", "Secret"};
-    QVERIFY(!UserBook(**database_).Save(user));
+    QVERIFY(!test::Save(UserBook(**database_), user));
     (*database_)->Execute("Insert Into LoginId Values(2,'NoPassword')");
   }
   void cleanup() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
@@ -57,7 +57,7 @@ class LoginTest : public test::DatabaseTest {
     }
     const MaybeRefusal refusal = NewLogin().LogIn(name, password);
     QTEST(TextOfRefusal(refusal), "text");
-    QCOMPARE(test::FieldOfRefusal(refusal), QString(refusal ? "Text1_1" : "none"));
+    QCOMPARE(test::FieldOfRefusal(refusal), refusal ? Field::kPassword : Field::kNone);
   }
 
   void OnlyTheAdministratorSetsUsersUp_data() {
@@ -74,19 +74,21 @@ class LoginTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleOfAChangeIsNamed_data() {
-    const test::Cases<QStringList, QString, QString> cases("boxes", "text", "field");
-    cases.Add("nothing", {"", "", "", ""}, "Enter Login ID.", "Text2_0");
-    cases.Add("not confirmed", {"Nobody", "x", "new", ""}, "Enter Confirm Password.", "Text2_3");
+    const test::Cases<QStringList, QString, Field> cases("boxes", "text", "field");
+    cases.Add("nothing", {"", "", "", ""}, "Enter Login ID.", Field::kChangedName);
+    cases.Add("not confirmed", {"Nobody", "x", "new", ""}, "Enter Confirm Password.",
+              Field::kConfirmedPassword);
     cases.Add("confirmed otherwise", {"Nobody", "x", "new", "New"},
-              "New Password and Confirm Password not Match.", "Text2_3");
-    cases.Add("unknown user", {"Nobody", "x", "new", "new"}, "User Not Found!", "Text2_0");
+              "New Password and Confirm Password not Match.", Field::kConfirmedPassword);
+    cases.Add("unknown user", {"Nobody", "x", "new", "new"}, "User Not Found!",
+              Field::kChangedName);
     cases.Add("wrong old password", {"Ravi", "secret", "new", "new"}, "Old Password is Incorrect.",
-              "Text2_1");
+              Field::kOldPassword);
     cases.Add("administrator's wrong old password", {"Administrator", "Secret", "new", "new"},
-              "Old Password is Incorrect.", "Text2_1");
+              "Old Password is Incorrect.", Field::kOldPassword);
     const QString endless(5000, QChar('X'));
     cases.Add("endless password", {"Ravi", "Secret", endless, endless}, "Password is too Long.",
-              "Text2_2");
+              Field::kNewPassword);
   }
 
   void FirstBrokenRuleOfAChangeIsNamed() {

@@ -32,7 +32,7 @@ class UserBookTest : public test::DatabaseTest {
     QFETCH(const QString, name);
     QFETCH(const QString, password);
     User user{0, name, password};
-    QCOMPARE(TextOfRefusal(Book().Save(user)), "accepted");
+    QCOMPARE(TextOfRefusal(test::Save(Book(), user)), "accepted");
     QCOMPARE(user.id, 1);
     const std::optional<User> found = Book().FindUser(name.toLower());
     QVERIFY(found);
@@ -43,22 +43,21 @@ class UserBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleIsNamed_data() {
-    const test::Cases<QString, QString, QString, QString> cases("name", "password", "text",
-                                                                "field");
-    cases.Add("nothing", " ", "", "Enter Login Id!", "Text1_0");
-    cases.Add("no password", "Administrator", "", "Enter Password!", "Text1_1");
-    cases.Add("name of the administrator", "aDMINISTRATOR", "x", kTaken, "Text1_0");
+    const test::Cases<QString, QString, QString, Field> cases("name", "password", "text", "field");
+    cases.Add("nothing", " ", "", "Enter Login Id!", Field::kName);
+    cases.Add("no password", "Administrator", "", "Enter Password!", Field::kPassword);
+    cases.Add("name of the administrator", "aDMINISTRATOR", "x", kTaken, Field::kName);
     cases.Add("long password", "RAVI", QString(5000, QChar('X')), "Password is too Long.",
-              "Text1_1");
+              Field::kPassword);
     cases.Add("password long by its characters", "RAVI", QString(60, QChar(0x915)),
-              "Password is too Long.", "Text1_1");
+              "Password is too Long.", Field::kPassword);
   }
 
   void FirstBrokenRuleIsNamed() {
     QFETCH(const QString, name);
     QFETCH(const QString, password);
     User user{0, name, password};
-    const MaybeRefusal refusal = Book().Save(user);
+    const MaybeRefusal refusal = test::Save(Book(), user);
     QTEST(TextOfRefusal(refusal), "text");
     QTEST(test::FieldOfRefusal(refusal), "field");
     QVERIFY(Book().List().empty());
@@ -73,27 +72,27 @@ class UserBookTest : public test::DatabaseTest {
     QFETCH(const QString, name);
     User ravi{0, "Ravi", "one"};
     User mira{0, "Mira", "two"};
-    QVERIFY(!Book().Save(ravi));
-    QVERIFY(!Book().Save(mira));
+    QVERIFY(!test::Save(Book(), ravi));
+    QVERIFY(!test::Save(Book(), mira));
     const QStringList before = Everything();
     User fresh{0, name, "three"};
-    QCOMPARE(TextOfRefusal(Book().Save(fresh)), kTaken);
+    QCOMPARE(TextOfRefusal(test::Save(Book(), fresh)), kTaken);
     mira.name = name;
-    QCOMPARE(TextOfRefusal(Book().Save(mira)), kTaken);
+    QCOMPARE(TextOfRefusal(test::Save(Book(), mira)), kTaken);
     QCOMPARE(Everything(), before);
     ravi.name = name;
-    QCOMPARE(TextOfRefusal(Book().Save(ravi)), "accepted");
+    QCOMPARE(TextOfRefusal(test::Save(Book(), ravi)), "accepted");
     QCOMPARE(ravi.id, 1);
   }
 
   void ChangedUserKeepsItsIdAndHasOnePassword() {
     User ravi{0, "Ravi", "one"};
     User mira{0, "Mira", "two"};
-    QVERIFY(!Book().Save(ravi));
-    QVERIFY(!Book().Save(mira));
+    QVERIFY(!test::Save(Book(), ravi));
+    QVERIFY(!test::Save(Book(), mira));
     ravi.name = QStringLiteral("Zubin");
     ravi.password = QStringLiteral("three");
-    QVERIFY(!Book().Save(ravi));
+    QVERIFY(!test::Save(Book(), ravi));
     QVERIFY(!Book().FindUser("Ravi"));
     const std::vector<User> users = Book().List();
     QCOMPARE(users.size(), std::size_t{2});
@@ -107,14 +106,14 @@ class UserBookTest : public test::DatabaseTest {
   void NewUserDoesNotInheritAPasswordThatWasLeftBehind() {
     (*database_)->Execute("Insert Into LoginPassword Values(1,'46')");
     User ravi{0, "Ravi", "one"};
-    QVERIFY(!Book().Save(ravi));
+    QVERIFY(!test::Save(Book(), ravi));
     QCOMPARE(ravi.id, 1);
     QCOMPARE(Book().FindUser("Ravi")->password, std::optional(QStringLiteral("one")));
   }
 
   void DeletedUserDoesNotComeBackWithAPassword() {
     User ravi{0, "Ravi", "one"};
-    QVERIFY(!Book().Save(ravi));
+    QVERIFY(!test::Save(Book(), ravi));
     QVERIFY(Book().SetPassword(ravi.id, "two"));
     QCOMPARE(Book().FindUser("Ravi")->password, std::optional(QStringLiteral("two")));
     Book().Delete(ravi.id);

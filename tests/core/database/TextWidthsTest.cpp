@@ -13,7 +13,7 @@ class TextWidthsTest : public QObject {
   Q_OBJECT
 
   static MaybeRefusal Check(const QString& code) {
-    const std::array cells{TextCell{"Code", "Client Code", code, QStringLiteral("Text1_0")}};
+    const std::array cells{TextCell{"Code", "Client Code", code, Field::kCode}};
     return CheckTextWidths("ClientInfo", cells);
   }
 
@@ -37,7 +37,7 @@ class TextWidthsTest : public QObject {
     const QString text = QStringLiteral("\U0001F600").repeated(100);
     const auto refusal = Check(text + QLatin1Char('X'));
     QVERIFY(refusal);
-    QCOMPARE(refusal->field, QStringLiteral("Text1_0"));
+    QCOMPARE(refusal->field, Field::kCode);
     QCOMPARE(refusal->text,
              QStringLiteral("Client Code is too Long. At Most 100 Characters are Allowed."));
     QVERIFY(!Check(text));

@@ -19,6 +19,7 @@
 #include <stdexcept>
 #include <thread>
 
+using quorvane::Field;
 using quorvane::MaybeRefusal;
 using quorvane::Refusal;
 using quorvane::database::Connection;
@@ -127,10 +128,10 @@ class TransactionTest : public QObject {
     const MaybeRefusal refusal =
         InTransaction(**database_, [](Transaction& transaction) -> MaybeRefusal {
           transaction.Execute("Insert Into T Values(?,?)", 1, 1.5);
-          return Refusal{QStringLiteral("Enter Proper Date."), QStringLiteral("txtDate")};
+          return Refusal{QStringLiteral("Enter Proper Date."), Field::kDate};
         });
     QVERIFY(refusal.has_value());
-    QCOMPARE(refusal->field, QStringLiteral("txtDate"));
+    QCOMPARE(refusal->field, Field::kDate);
     QCOMPARE(CountElsewhere(*database_), 0);
   }
 

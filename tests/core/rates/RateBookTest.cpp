@@ -77,7 +77,7 @@ class RateBookTest : public QObject {
 
   void DatesThatAreNotTaken() {
     const auto text = [](const char* date) {
-      const auto refusal = CheckRateDate(QLatin1String(date), kLastOfYear, QStringLiteral("box"));
+      const auto refusal = CheckRateDate(QLatin1String(date), kLastOfYear);
       return refusal ? refusal->text : QString();
     };
     QCOMPARE(text(""), QStringLiteral("Enter Date."));

@@ -34,32 +34,32 @@ class BrokerBookTest : public test::DatabaseTest {
   void SavedBrokerReadsBackAndAChangedOneKeepsItsKey() {
     Broker first = NewBroker("FIRST");
     Broker second = NewBroker("SECOND");
-    QVERIFY(!Book().Save(first));
-    QVERIFY(!Book().Save(second));
+    QVERIFY(!test::Save(Book(), first));
+    QVERIFY(!test::Save(Book(), second));
     second.name = QStringLiteral("O'BRIEN & SONS \\ शाह");
     second.contact = {"1, FORT\nROAD", "MUMBAI", "MAHARASHTRA", "40000100001", "022", "1", "2", "3",
                       "a@b.example"};
-    QVERIFY(!Book().Save(second));
+    QVERIFY(!test::Save(Book(), second));
     QCOMPARE(test::Rows(**database_, "Select Id,Name From Broker Order By Id"),
              QStringList({"1|FIRST", "2|" + second.name}));
     QVERIFY(Book().Load(second.id)->contact == second.contact);
   }
 
   void BrokenRuleChangesNothing_data() {
-    const test::Cases<QString, QString, QString, QString> cases("name", "email", "text", "field");
-    cases.Add("no name", " ", QString(101, QChar('e')), "Enter Name.", "Text1_0");
+    const test::Cases<QString, QString, QString, Field> cases("name", "email", "text", "field");
+    cases.Add("no name", " ", QString(101, QChar('e')), "Enter Name.", Field::kName);
     cases.Add("long e-mail", "NAME", QString(101, QChar('e')),
-              "E-Mail is too Long. At Most 100 Characters are Allowed.", "Text1_8");
+              "E-Mail is too Long. At Most 100 Characters are Allowed.", Field::kEmail);
   }
 
   void BrokenRuleChangesNothing() {
     QFETCH(const QString, name);
     QFETCH(const QString, email);
     Broker broker = NewBroker("STORED");
-    QVERIFY(!Book().Save(broker));
+    QVERIFY(!test::Save(Book(), broker));
     broker.name = name;
     broker.contact.email = email;
-    const MaybeRefusal refusal = Book().Save(broker);
+    const MaybeRefusal refusal = test::Save(Book(), broker);
     QTEST(TextOfRefusal(refusal), "text");
     QTEST(test::FieldOfRefusal(refusal), "field");
     QCOMPARE(Book().List()[0].name, "STORED");
@@ -86,7 +86,7 @@ class BrokerBookTest : public test::DatabaseTest {
     FillTwoBrokers();
     (*database_)->Execute("Update Stock Set Qty=99");
     Broker broker = NewBroker("WITHOUT BILLS");
-    QVERIFY(!Book().Save(broker));
+    QVERIFY(!test::Save(Book(), broker));
     Progress progress;
     Book().Delete(broker.id, progress);
     QCOMPARE(Lots(), QStringList({"1|2010-11|1|10", "1|2011-12|2|5", "2|2011-12|3|7"}));
@@ -129,7 +129,7 @@ class BrokerBookTest : public test::DatabaseTest {
     test::TestDatabase& database = *database_;
     for (const char* name : {"GOES", "STAYS"}) {
       Broker broker = NewBroker(name);
-      static_cast<void>(Book().Save(broker));
+      static_cast<void>(test::Save(Book(), broker));
       for (const char* table : {"BrOpBal", "BrPayment", "BrRec"}) {
         database->Execute(fmt::format("Insert Into {}(Cid,Id,BrId) Values(1,?,?)", table),
                           broker.id, broker.id);

@@ -21,30 +21,32 @@ class LookupBookTest : public test::DatabaseTest {
   }
 
   void MissingValueIsNamed_data() {
-    const test::Cases<LookupKind, QStringList, QString, QString> cases("kind", "values", "text",
-                                                                       "field");
-    cases.Add("type", LookupKind::kScripTypes, {" "}, "Enter Script Type.", "Text1_0");
+    const test::Cases<LookupKind, QStringList, QString, Field> cases("kind", "values", "text",
+                                                                     "field");
+    cases.Add("type", LookupKind::kScripTypes, {" "}, "Enter Script Type.", Field::kName);
     cases.Add("STT that is no number", LookupKind::kSttPercentages, {"0.1x"},
-              "Enter S.T.T. Percent.", "Text1_0");
+              "Enter S.T.T. Percent.", Field::kPercent);
     cases.Add("STT below nothing", LookupKind::kSttPercentages, {"-0.1"}, "Enter S.T.T. Percent.",
-              "Text1_0");
+              Field::kPercent);
     const LookupKind tax = LookupKind::kTaxPercentages;
-    cases.Add("nothing of a percentage", tax, {"", "", "", ""}, "Enter Financial Year.", "Text1_0");
-    cases.Add("kind", tax, {"2011", "", "", ""}, "Select Delivery Type .", "CmbName");
-    cases.Add("percentage", tax, {"2011", "Service Tax", " ", ""}, "Enter Percentage.", "Text1_1");
+    cases.Add("nothing of a percentage", tax, {"", "", "", ""}, "Enter Financial Year.",
+              Field::kYear);
+    cases.Add("kind", tax, {"2011", "", "", ""}, "Select Delivery Type .", Field::kDeliveryType);
+    cases.Add("percentage", tax, {"2011", "Service Tax", " ", ""}, "Enter Percentage.",
+              Field::kPercent);
     cases.Add("year of one", tax, {"2011", "Service Tax", "12.36", ""},
-              "Enter Proper Financial Year", "Text1_0");
+              "Enter Proper Financial Year", Field::kYear);
     cases.Add("long name", LookupKind::kExchanges, {QString(256, QChar('X'))},
-              "Exchange Name is too Long. At Most 255 Characters are Allowed.", "Text1_0");
+              "Exchange Name is too Long. At Most 255 Characters are Allowed.", Field::kName);
     cases.Add("long remark", tax, {"2011-12", "Service Tax", "12.36", QString(101, QChar('X'))},
-              "As On is too Long. At Most 100 Characters are Allowed.", "Text1_2");
+              "As On is too Long. At Most 100 Characters are Allowed.", Field::kAsOn);
   }
 
   void MissingValueIsNamed() {
     QFETCH(const LookupKind, kind);
     QFETCH(const QStringList, values);
     LookupRow row{0, {values.begin(), values.end()}};
-    const MaybeRefusal refusal = Book(kind).Save(row);
+    const MaybeRefusal refusal = test::Save(Book(kind), row);
     QTEST(TextOfRefusal(refusal), "text");
     QTEST(test::FieldOfRefusal(refusal), "field");
     QVERIFY(Book(kind).List().empty());
@@ -70,15 +72,15 @@ class LookupBookTest : public test::DatabaseTest {
     LookupRow row{0, {first}};
     LookupRow second{0, {other}};
     LookupRow fresh{0, {same}};
-    QVERIFY(!Book(kind).Save(row));
-    QVERIFY(!Book(kind).Save(second));
+    QVERIFY(!test::Save(Book(kind), row));
+    QVERIFY(!test::Save(Book(kind), second));
     QCOMPARE(row.id, 1);
     QCOMPARE(second.id, 2);
-    QTEST(TextOfRefusal(Book(kind).Save(fresh)), "text");
+    QTEST(TextOfRefusal(test::Save(Book(kind), fresh)), "text");
     second.values = {same};
-    QTEST(TextOfRefusal(Book(kind).Save(second)), "text");
+    QTEST(TextOfRefusal(test::Save(Book(kind), second)), "text");
     row.values = {same};
-    QCOMPARE(TextOfRefusal(Book(kind).Save(row)), "accepted");
+    QCOMPARE(TextOfRefusal(test::Save(Book(kind), row)), "accepted");
     QCOMPARE(row.id, 1);
     QCOMPARE(Book(kind).List().size(), std::size_t{2});
     QCOMPARE(Book(kind).Load(2)->values.front(), other);
@@ -89,12 +91,12 @@ class LookupBookTest : public test::DatabaseTest {
     LookupRow next_year = Percentage("2012-13", "Service Tax", "12.36");
     LookupRow other_kind = Percentage("2011-12", "STT Delivery Based", "0.125");
     LookupRow again = Percentage("2011-12", "Service Tax", "10.3");
-    QVERIFY(!Tax().Save(row));
-    QVERIFY(!Tax().Save(next_year));
-    QVERIFY(!Tax().Save(other_kind));
-    QCOMPARE(TextOfRefusal(Tax().Save(again)), "Percent Detail Already Exists.");
+    QVERIFY(!test::Save(Tax(), row));
+    QVERIFY(!test::Save(Tax(), next_year));
+    QVERIFY(!test::Save(Tax(), other_kind));
+    QCOMPARE(TextOfRefusal(test::Save(Tax(), again)), "Percent Detail Already Exists.");
     row.values[2] = QStringLiteral("10.3");
-    QVERIFY(!Tax().Save(row));
+    QVERIFY(!test::Save(Tax(), row));
     QCOMPARE(test::Rows(**database_, "Select * From TransTaxPer Order By Id"),
              QStringList({"1|2011-12|Service Tax|10.3|01/04/2011",
                           "2|2012-13|Service Tax|12.36|01/04/2011",
@@ -105,7 +107,7 @@ class LookupBookTest : public test::DatabaseTest {
     for (const LookupKind kind : {LookupKind::kScripClasses, LookupKind::kScripTypes}) {
       for (const char* name : {"B", "A"}) {
         LookupRow row{0, {name}};
-        QVERIFY(!Book(kind).Save(row));
+        QVERIFY(!test::Save(Book(kind), row));
       }
     }
     QCOMPARE(Book(LookupKind::kScripClasses).List().front().values.front(), "A");
@@ -123,8 +125,8 @@ class LookupBookTest : public test::DatabaseTest {
   void DeleteTakesOneRow() {
     LookupRow first{0, {"A"}};
     LookupRow second{0, {"B"}};
-    QVERIFY(!Book(LookupKind::kExchanges).Save(first));
-    QVERIFY(!Book(LookupKind::kExchanges).Save(second));
+    QVERIFY(!test::Save(Book(LookupKind::kExchanges), first));
+    QVERIFY(!test::Save(Book(LookupKind::kExchanges), second));
     Book(LookupKind::kExchanges).Delete(first.id);
     QCOMPARE(test::Rows(**database_, "Select * From Exchange"), QStringList("2|B"));
   }

@@ -38,7 +38,7 @@ class ParticipantBookTest : public test::DatabaseTest {
     participant.person = QStringLiteral("D'SOUZA");
     participant.designation = QStringLiteral("MANAGER");
     participant.depository = 1;
-    QVERIFY(!Book().Save(participant));
+    QVERIFY(!test::Save(Book(), participant));
     QCOMPARE(participant.id.value, 1);
 
     const std::optional<Participant> read = Book().Load(participant.id);
@@ -52,22 +52,22 @@ class ParticipantBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleChangesNothing_data() {
-    const test::Cases<QString, QString, QString, QString> cases("name", "dp_id", "text", "field");
+    const test::Cases<QString, QString, QString, Field> cases("name", "dp_id", "text", "field");
     const QString long_id(101, QChar('1'));
-    cases.Add("no name", "", long_id, "Enter Name.", "Text1_0");
+    cases.Add("no name", "", long_id, "Enter Name.", Field::kName);
     cases.Add("long DP id", "NAME", long_id,
-              "DP Id is too Long. At Most 100 Characters are Allowed.", "VS");
+              "DP Id is too Long. At Most 100 Characters are Allowed.", Field::kDpIds);
   }
 
   void FirstBrokenRuleChangesNothing() {
     QFETCH(const QString, name);
     QFETCH(const QString, dp_id);
     Participant stored = NewParticipant("STORED", {"IN1"});
-    QVERIFY(!Book().Save(stored));
+    QVERIFY(!test::Save(Book(), stored));
     const QStringList before = test::Contents(**database_, {"DepPart", "DpIDs"});
     Participant participant = NewParticipant(name, {dp_id});
     participant.id = stored.id;
-    const MaybeRefusal refusal = Book().Save(participant);
+    const MaybeRefusal refusal = test::Save(Book(), participant);
     QTEST(TextOfRefusal(refusal), "text");
     QTEST(test::FieldOfRefusal(refusal), "field");
     QCOMPARE(test::Contents(**database_, {"DepPart", "DpIDs"}), before);
@@ -76,8 +76,8 @@ class ParticipantBookTest : public test::DatabaseTest {
   void DpIdsKeepTheirNumbers() {
     Participant first = NewParticipant("FIRST", {"A", "B", "C"});
     Participant second = NewParticipant("SECOND", {"A"});
-    QVERIFY(!Book().Save(first));
-    QVERIFY(!Book().Save(second));
+    QVERIFY(!test::Save(Book(), first));
+    QVERIFY(!test::Save(Book(), second));
     QCOMPARE(second.dp_ids[0].id.value, 4);
 
     first.name = QStringLiteral("RENAMED");
@@ -85,24 +85,24 @@ class ParticipantBookTest : public test::DatabaseTest {
     first.dp_ids[1].text = QStringLiteral("C/1");
     first.dp_ids.push_back({{}, "D"});
     first.dp_ids.push_back({{}, " "});
-    QVERIFY(!Book().Save(first));
+    QVERIFY(!test::Save(Book(), first));
     QCOMPARE(first.id.value, 1);
     QCOMPARE(DpIds(), QStringList({"1|1|A", "1|3|C/1", "1|5|D", "2|4|A"}));
   }
 
   void RemovedDpIdsNumberIsNotGivenToOneAddedInTheSameSave() {
     Participant participant = NewParticipant("FIRST", {"A", "B"});
-    QVERIFY(!Book().Save(participant));
+    QVERIFY(!test::Save(Book(), participant));
     participant.dp_ids.back() = {{}, "C"};
-    QVERIFY(!Book().Save(participant));
+    QVERIFY(!test::Save(Book(), participant));
     QCOMPARE(DpIds(), QStringList({"1|1|A", "1|3|C"}));
   }
 
   void DeleteLeavesClientsAccounts() {
     Participant gone = NewParticipant("GONE", {"A"});
     Participant stays = NewParticipant("STAYS", {"B"});
-    QVERIFY(!Book().Save(gone));
-    QVERIFY(!Book().Save(stays));
+    QVERIFY(!test::Save(Book(), gone));
+    QVERIFY(!test::Save(Book(), stays));
     (*database_)->Execute("Insert Into ClientActDet Values(1,1,?,1,'1001')", gone.id);
     Book().Delete(gone.id);
     QCOMPARE(DpIds(), QStringList("2|2|B"));

@@ -36,24 +36,25 @@ class ScripBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleIsNamed_data() {
-    const test::Cases<QString, QString, Edit> cases("text", "field", "edit");
-    cases.Add("complete", "accepted", "none", [](Scrip&) {});
-    cases.Add("nothing at all", "Enter Script Code.", "Text1_0", [](Scrip& s) { s = {}; });
-    cases.Add("code only", "Enter Script Name.", "Text1_1",
+    const test::Cases<QString, Field, Edit> cases("text", "field", "edit");
+    cases.Add("complete", "accepted", Field::kNone, [](Scrip&) {});
+    cases.Add("nothing at all", "Enter Script Code.", Field::kCode, [](Scrip& s) { s = {}; });
+    cases.Add("code only", "Enter Script Name.", Field::kName,
               [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
-    cases.Add("no type, no class", "Select Script Type.", "Combo1",
+    cases.Add("no type, no class", "Select Script Type.", Field::kType,
               [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
-    cases.Add("no class", "Select Script Class.", "Combo2", [](Scrip& s) { s.scrip_class = 0; });
+    cases.Add("no class", "Select Script Class.", Field::kClass,
+              [](Scrip& s) { s.scrip_class = 0; });
     cases.Add("long second code",
-              "Second Script Code is too Long. At Most 255 Characters are Allowed.", "Text1_2",
-              [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
+              "Second Script Code is too Long. At Most 255 Characters are Allowed.",
+              Field::kSecondCode, [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
   }
 
   void FirstBrokenRuleIsNamed() {
     QFETCH(const Edit, edit);
     Scrip scrip = NewScrip("500325");
     edit(scrip);
-    const MaybeRefusal refusal = Book().Save(scrip);
+    const MaybeRefusal refusal = test::Save(Book(), scrip);
     QTEST(TextOfRefusal(refusal), "text");
     QTEST(test::FieldOfRefusal(refusal), "field");
     QCOMPARE(Book().List().size(), refusal ? std::size_t{0} : std::size_t{1});
@@ -61,10 +62,10 @@ class ScripBookTest : public test::DatabaseTest {
 
   void RowHoldsTheValuesInTheirColumns() {
     Scrip scrip = NewScrip("M&M'S", "महिंद्रा \\ \"M\"");
-    QVERIFY(!Book().Save(scrip));
+    QVERIFY(!test::Save(Book(), scrip));
     Scrip second = NewScrip("500209", "INFOSYS");
     second.second_code = QStringLiteral("INFY");
-    QVERIFY(!Book().Save(second));
+    QVERIFY(!test::Save(Book(), second));
     QCOMPARE(test::Rows(**database_, "Select * From Script Order By Id"),
              QStringList({"1|M&M'S|महिंद्रा \\ \"M\"|1|2|", "2|500209|INFOSYS|1|2|INFY"}));
     QCOMPARE(Book().Load(second.id)->second_code, "INFY");
@@ -74,16 +75,16 @@ class ScripBookTest : public test::DatabaseTest {
   void CodeOfAnotherScripIsRefused() {
     Scrip first = NewScrip("O'N");
     Scrip second = NewScrip("500209");
-    QVERIFY(!Book().Save(first));
-    QVERIFY(!Book().Save(second));
+    QVERIFY(!test::Save(Book(), first));
+    QVERIFY(!test::Save(Book(), second));
     const QStringList before = test::Contents(**database_, {"Script"});
     Scrip fresh = NewScrip("o'n ");
-    QCOMPARE(TextOfRefusal(Book().Save(fresh)), kTaken);
+    QCOMPARE(TextOfRefusal(test::Save(Book(), fresh)), kTaken);
     second.code = QStringLiteral("O'N");
-    QCOMPARE(TextOfRefusal(Book().Save(second)), kTaken);
+    QCOMPARE(TextOfRefusal(test::Save(Book(), second)), kTaken);
     QCOMPARE(test::Contents(**database_, {"Script"}), before);
     first.name = QStringLiteral("UNDER ITS OWN CODE");
-    QVERIFY(!Book().Save(first));
+    QVERIFY(!test::Save(Book(), first));
     QCOMPARE(first.id.value, 1);
     QCOMPARE(Book().Load(first.id)->name, first.name);
   }
@@ -101,8 +102,8 @@ class ScripBookTest : public test::DatabaseTest {
   void DeleteTakesTheBillsHeaderAndTheLotsOfTheLinesThatStay() {
     Scrip gone = NewScrip("1");
     Scrip stays = NewScrip("2");
-    QVERIFY(!Book().Save(gone));
-    QVERIFY(!Book().Save(stays));
+    QVERIFY(!test::Save(Book(), gone));
+    QVERIFY(!test::Save(Book(), stays));
     AddPurchase(1, 1, "2010-11", 1, 10, 50);
     AddPurchase(1, 1, "2010-11", 2, 11, 7);
     AddPurchase(2, 2, "2011-12", 1, 20, 8);

@@ -38,8 +38,8 @@ class PeriodTest : public QObject {
   }
 
   void RefusalPointsToItsBox() {
-    QCOMPARE(ReadPeriod("", "x").Why().field, "Text1_0");
-    QCOMPARE(ReadPeriod("01/04/2011", "x").Why().field, "Text1_1");
+    QCOMPARE(ReadPeriod("", "x").Why().field, Field::kFromDate);
+    QCOMPARE(ReadPeriod("01/04/2011", "x").Why().field, Field::kToDate);
   }
 
   void MonthsLieInTheirCalendarYear_data() {

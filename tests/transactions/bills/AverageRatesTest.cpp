@@ -38,7 +38,7 @@ class AverageRatesTest : public QObject {
 
   static void Save(Desk& desk, const char* date, const BillLine& line) {
     Bill bill = desk.NewBill(QString::fromLatin1(date), {line});
-    const MaybeRefusal refusal = BillBook(desk.Connection(), desk.of).Save(bill);
+    const MaybeRefusal refusal = test::Save(BillBook(desk.Connection(), desk.of), bill);
     QVERIFY2(!refusal, qPrintable(test::TextOf(refusal)));
   }
 
@@ -51,7 +51,7 @@ class AverageRatesTest : public QObject {
     lot.total = quantity * rate;
     lot.service_tax = service_tax;
     lot.purchase_date = QStringLiteral("01/03/2010");
-    QVERIFY(!opening_stock::OpeningStockBook(desk.Connection(), desk.of).Save(lot));
+    QVERIFY(!test::Save(opening_stock::OpeningStockBook(desk.Connection(), desk.of), lot));
   }
 
   static QString Rates(Desk& desk, AccountId account) {
@@ -117,7 +117,7 @@ class AverageRatesTest : public QObject {
     Save(desk, "11/05/2011", infosys);
     Bill elsewhere = desk.NewBill({desk.Purchase(10, 900)});
     elsewhere.account = desk.second_account;
-    QVERIFY(!BillBook(desk.Connection(), desk.of).Save(elsewhere));
+    QVERIFY(!test::Save(BillBook(desk.Connection(), desk.of), elsewhere));
     QCOMPARE(Rates(desk, desk.account), "1=100 2=2500");
     QCOMPARE(Rates(desk, desk.second_account), "1=900");
     QCOMPARE(Rates(desk, desk.account), "1=100 2=2500");

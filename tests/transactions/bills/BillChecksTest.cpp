@@ -17,41 +17,41 @@ class BillChecksTest : public QObject {
 
  private Q_SLOTS:
   void BillIsCheckedInOrder() {
-    const auto expect = [&](const char* text, const char* field) {
+    const auto expect = [&](const char* text, Field field) {
       const MaybeRefusal refusal = CheckBill(bill_, text::FinancialYear(2011));
       QCOMPARE(TextOf(refusal), text);
       QCOMPARE(FieldOf(refusal), field);
     };
-    const auto expect_before_line = [&](const char* text, const char* field) {
+    const auto expect_before_line = [&](const char* text, Field field) {
       const MaybeRefusal refusal = CheckBeforeLine(bill_);
       QCOMPARE(TextOf(refusal), text);
       QCOMPARE(FieldOf(refusal), field);
     };
-    expect("Enter Bill No.", "Text1_0");
-    expect_before_line("Enter Date.", "Text1_1");
+    expect("Enter Bill No.", Field::kNumber);
+    expect_before_line("Enter Date.", Field::kDate);
     bill_.number = "1";
-    expect("Enter Date.", "Text1_1");
+    expect("Enter Date.", Field::kDate);
     bill_.date = "31/02/2012";
-    expect("Enter Proper Date.", "Text1_1");
+    expect("Enter Proper Date.", Field::kDate);
     bill_.date = "29/02/2012";
-    expect("Enter Broker Name.", "Text1_2");
-    expect_before_line("Select Stock Exchange.", "Combo1");
+    expect("Enter Broker Name.", Field::kBroker);
+    expect_before_line("Select Stock Exchange.", Field::kExchange);
     bill_.broker = BrokerId{1};
-    expect("Select Stock Exchange.", "Combo1");
+    expect("Select Stock Exchange.", Field::kExchange);
     bill_.exchange = ExchangeId{1};
-    expect_before_line("accepted", "none");
+    expect_before_line("accepted", Field::kNone);
     bill_.lines.resize(2);
-    expect("Enter Script Name.", "Combo4");
+    expect("Enter Script Name.", Field::kScrip);
     bill_.lines[0].scrip = ScripId{1};
-    expect("Enter Quantity Greater than Zero.", "Text1_3");
+    expect("Enter Quantity Greater than Zero.", Field::kQuantity);
     bill_.lines[0].quantity = text::Shares(1);
     bill_.lines[1].scrip = ScripId{1};
     bill_.lines[1].quantity = text::Shares(-1);
-    expect("Enter Quantity Greater than Zero.", "Text1_3");
+    expect("Enter Quantity Greater than Zero.", Field::kQuantity);
     bill_.lines[1].quantity = text::Shares(0.001);
-    expect("accepted", "none");
+    expect("accepted", Field::kNone);
     bill_.settlement_number = QString(101, '1');
-    QCOMPARE(FieldOf(CheckBill(bill_, text::FinancialYear(2011))), "Text1_15");
+    QCOMPARE(FieldOf(CheckBill(bill_, text::FinancialYear(2011))), Field::kSettlementNumber);
     bill_.settlement_number.clear();
   }
 
@@ -68,7 +68,7 @@ class BillChecksTest : public QObject {
     bill_.date = date;
     const MaybeRefusal refusal = CheckBill(bill_, text::FinancialYear(2011));
     QTEST(TextOf(refusal), "text");
-    QCOMPARE(FieldOf(refusal), refusal ? QStringLiteral("Text1_1") : QStringLiteral("none"));
+    QCOMPARE(FieldOf(refusal), refusal ? Field::kDate : Field::kNone);
   }
 
   void LineIsCheckedInOrder() {
@@ -99,7 +99,7 @@ class BillChecksTest : public QObject {
     QCOMPARE(TextOf(refusal),
              "You Can't Sale Scripts More than Balance.\n\n"
              "Maximum Allowed Value is: 5.00");
-    QCOMPARE(FieldOf(refusal), "Text1_3");
+    QCOMPARE(FieldOf(refusal), Field::kQuantity);
   }
 };
 

@@ -49,7 +49,8 @@ class BrokerMoneyTest : public test::DeskTest {
 
   void Pay(PaymentKind kind, double amount) {
     BrokerPayment payment = NewPayment(amount);
-    QCOMPARE(TextOf(PaymentBook(desk_->Connection(), kind, desk_->of).Save(payment)), kAccepted);
+    QCOMPARE(TextOf(test::Save(PaymentBook(desk_->Connection(), kind, desk_->of), payment)),
+             kAccepted);
   }
 
   void RecordBill(double total) {
@@ -82,11 +83,11 @@ class BrokerMoneyTest : public test::DeskTest {
 
   void OneBalanceABroker() {
     BrokerOpening first = NewOpening(100, LedgerSide::kDebit);
-    QCOMPARE(TextOf(Openings().Save(first)), kAccepted);
+    QCOMPARE(TextOf(test::Save(Openings(), first)), kAccepted);
     BrokerOpening second = NewOpening(5, LedgerSide::kCredit);
-    QCOMPARE(TextOf(Openings().Save(second)), "Record Already Exists!");
+    QCOMPARE(TextOf(test::Save(Openings(), second)), "Record Already Exists!");
     first.amount = 250.5;
-    QCOMPARE(TextOf(Openings().Save(first)), kAccepted);
+    QCOMPARE(TextOf(test::Save(Openings(), first)), kAccepted);
     const auto list = Openings().List();
     QCOMPARE(list.size(), std::size_t{1});
     QCOMPARE(list[0].amount, 250.5);
@@ -110,7 +111,7 @@ class BrokerMoneyTest : public test::DeskTest {
     QFETCH(double, receipts);
     if (opening > 0) {
       BrokerOpening row = NewOpening(opening, debit ? LedgerSide::kDebit : LedgerSide::kCredit);
-      QCOMPARE(TextOf(Openings().Save(row)), kAccepted);
+      QCOMPARE(TextOf(test::Save(Openings(), row)), kAccepted);
     }
     RecordBill(bills);
     if (payments > 0) {
@@ -131,7 +132,7 @@ class BrokerMoneyTest : public test::DeskTest {
     Pay(kPayment, 1234.56);
     BrokerOpeningBook next(desk_->Connection(), NextYear());
     BrokerOpening typed = NewOpening(1, LedgerSide::kCredit);
-    QCOMPARE(TextOf(next.Save(typed)), kAccepted);
+    QCOMPARE(TextOf(test::Save(next, typed)), kAccepted);
     next.CarryForward();
     next.CarryForward();
     QCOMPARE(Carried(), QStringList(QStringLiteral("%1:1234.56 Dr").arg(desk_->broker.value)));
@@ -161,7 +162,7 @@ class BrokerMoneyTest : public test::DeskTest {
     BrokerPayment payment = NewPayment(10);
     edit(payment);
     PaymentBook book(desk_->Connection(), kPayment, desk_->of);
-    QTEST(TextOf(book.Save(payment)), "text");
+    QTEST(TextOf(test::Save(book, payment)), "text");
     QVERIFY(book.List().empty());
   }
 
@@ -171,3 +172,4 @@ class BrokerMoneyTest : public test::DeskTest {
 static const test::RegisterTest<BrokerMoneyTest> kRegistered;
 
 #include "BrokerMoneyTest.moc"
+#include "support/Save.h"

@@ -1,7 +1,7 @@
 #include "core/actions/Terms.h"
 #include "core/database/Transaction.h"
-#include "core/files/CsvText.h"
 #include "core/files/JsonTable.h"
+#include "core/files/TableReaders.h"
 #include "core/records/Writing.h"
 #include "support/DatabaseTest.h"
 #include "support/Table.h"

@@ -16,7 +16,7 @@ namespace {
 
 using Check = std::function<MaybeRefusal(database::Transaction&, int id, int recorded)>;
 
-const QString kField = QStringLiteral("Combo1");
+constexpr Field kField = Field::kBroker;
 
 }  // namespace
 

@@ -136,7 +136,7 @@ class RandomRecords {
 
   MaybeRefusal SaveBill(const Owner& owner, records::Bill& bill) {
     const bool is_new = !bill.id;
-    MaybeRefusal refusal = bills::BillBook(connection_, owner.of).Save(bill);
+    MaybeRefusal refusal = test::Save(bills::BillBook(connection_, owner.of), bill);
     if (!refusal && is_new) {
       bills_.push_back({&owner, bill.id});
     }
@@ -253,7 +253,7 @@ class RandomRecords {
     lot.quantity = text::Shares(Quantity());
     lot.rate = Rate();
     lot.purchase_date = QStringLiteral("01/02/2010");
-    MaybeRefusal refusal = opening_stock::OpeningStockBook(connection_, owner.of).Save(lot);
+    MaybeRefusal refusal = test::Save(opening_stock::OpeningStockBook(connection_, owner.of), lot);
     if (!refusal && !id) {
       openings_.push_back({&owner, lot.id});
     }
@@ -277,7 +277,7 @@ class RandomRecords {
       transfer.lot = lot.id;
       transfer.quantity = text::Shares(QuantityFrom(lot));
     }
-    MaybeRefusal refusal = transfers::TransferBook(connection_, owner.of).Save(transfer);
+    MaybeRefusal refusal = test::Save(transfers::TransferBook(connection_, owner.of), transfer);
     if (!refusal && !id) {
       transfers_.push_back({&owner, transfer.id});
     }

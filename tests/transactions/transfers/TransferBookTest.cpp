@@ -61,19 +61,19 @@ class TransferBookTest : public test::DeskTest {
                                        ledger::LotScope::Of({desk_->of, desk_->second_account}));
     records::Bill bill = desk_->NewBill({desk_->Sale(quantity, 150, lots.front().id)});
     bill.account = desk_->second_account;
-    QVERIFY(!Bills().Save(bill));
+    QVERIFY(!test::Save(Bills(), bill));
   }
 
  private Q_SLOTS:
   void init() {
     desk_->Empty();
     records::Bill bill = desk_->NewBill({desk_->Purchase(10, 100.1)});
-    QVERIFY(!Bills().Save(bill));
+    QVERIFY(!test::Save(Bills(), bill));
   }
 
   void TransferToAnotherAccountOfTheClientKeepsTheRate() {
     Transfer transfer = NewTransfer(4, desk_->second_account);
-    QVERIFY(!Book().Save(transfer));
+    QVERIFY(!test::Save(Book(), transfer));
     QCOMPARE(Source(), "6@100.1");
     QCOMPARE(AtSecond(), "4@100.1");
     QCOMPARE(desk_->Contents("ScrTransfer"),
@@ -83,7 +83,7 @@ class TransferBookTest : public test::DeskTest {
   void SharesAreRecordedAsTheLedgerKeepsThem() {
     for (const double quantity : {1.0000004, 2.0000004}) {
       Transfer transfer = NewTransfer(quantity, desk_->second_account);
-      QVERIFY(!Book().Save(transfer));
+      QVERIFY(!test::Save(Book(), transfer));
     }
     Progress silent;
     QVERIFY(ledger::CheckStock(desk_->Connection(), std::nullopt, silent).changes.empty());
@@ -91,7 +91,7 @@ class TransferBookTest : public test::DeskTest {
 
   void TransferToAnotherClientArrivesThere() {
     Transfer transfer = NewTransfer(10, desk_->other_account);
-    QVERIFY(!Book().Save(transfer));
+    QVERIFY(!test::Save(Book(), transfer));
     QCOMPARE(Source(), "0@100.1");
     QCOMPARE(AtOther(), "10@100.1");
     QCOMPARE(desk_->Contents("ScrTransfer"),
@@ -103,7 +103,7 @@ class TransferBookTest : public test::DeskTest {
     Transfer transfer = NewTransfer(4, desk_->second_account);
     transfer.rate = 1;
     transfer.scrip = desk_->second_scrip;
-    QVERIFY(!Book().Save(transfer));
+    QVERIFY(!test::Save(Book(), transfer));
     QCOMPARE(AtSecond(), "4@100.1");
   }
 
@@ -126,7 +126,7 @@ class TransferBookTest : public test::DeskTest {
     const QStringList before = desk_->Everything();
     Transfer transfer = NewTransfer(1, desk_->second_account);
     edit(*desk_, transfer);
-    QTEST(TextOf(Book().Save(transfer)), "text");
+    QTEST(TextOf(test::Save(Book(), transfer)), "text");
     QCOMPARE(desk_->Everything(), before);
   }
 
@@ -146,11 +146,11 @@ class TransferBookTest : public test::DeskTest {
     QFETCH(Edit, edit);
     QFETCH(QString, text);
     Transfer transfer = NewTransfer(6, desk_->second_account);
-    QVERIFY(!Book().Save(transfer));
+    QVERIFY(!test::Save(Book(), transfer));
     SellAtSecond(5);
     const QStringList before = desk_->Everything();
     edit(*desk_, transfer);
-    QCOMPARE(TextOf(Book().Save(transfer)), text);
+    QCOMPARE(TextOf(test::Save(Book(), transfer)), text);
     QCOMPARE(desk_->Everything() == before, text != kAccepted);
     if (text == kAccepted) {
       QCOMPARE(Source(),
@@ -164,8 +164,8 @@ class TransferBookTest : public test::DeskTest {
   void DeleteRestoresBothAccountsUnlessSharesWereUsed() {
     Transfer away = NewTransfer(3, desk_->other_account);
     Transfer near = NewTransfer(4, desk_->second_account);
-    QVERIFY(!Book().Save(away));
-    QVERIFY(!Book().Save(near));
+    QVERIFY(!test::Save(Book(), away));
+    QVERIFY(!test::Save(Book(), near));
     QVERIFY(!Book().Delete(away.id));
     QCOMPARE(AtOther(), "0@100.1");
     QCOMPARE(Source(), "6@100.1");
@@ -179,34 +179,34 @@ class TransferBookTest : public test::DeskTest {
 
   void TransferIsCheckedInOrder() {
     Transfer transfer;
-    const auto expect = [&](const char* text, const char* field) {
+    const auto expect = [&](const char* text, Field field) {
       const MaybeRefusal refusal = CheckTransfer(transfer, text::FinancialYear(2011));
       QCOMPARE(TextOf(refusal), QString::fromLatin1(text));
-      QCOMPARE(FieldOf(refusal), QString::fromLatin1(field));
+      QCOMPARE(FieldOf(refusal), field);
     };
-    expect("Enter Date.", "Text1_0");
+    expect("Enter Date.", Field::kDate);
     transfer.date = QStringLiteral("31/02/2012");
-    expect("Enter Proper Date.", "Text1_0");
+    expect("Enter Proper Date.", Field::kDate);
     transfer.date = QStringLiteral("31/03/2011");
-    expect("The Date is not in the Financial Year 2011-12.", "Text1_0");
+    expect("The Date is not in the Financial Year 2011-12.", Field::kDate);
     transfer.date = QStringLiteral("01/04/2012");
-    expect("The Date is not in the Financial Year 2011-12.", "Text1_0");
+    expect("The Date is not in the Financial Year 2011-12.", Field::kDate);
     transfer.date = QStringLiteral("29/02/2012");
-    expect("Select Demat A/c No. From which You want to Transfer Scripts.", "Combo1");
+    expect("Select Demat A/c No. From which You want to Transfer Scripts.", Field::kAccount);
     transfer.from = AccountId{1};
-    expect("Select Demat A/c No. To which You want to Transfer Scripts.", "Combo2");
+    expect("Select Demat A/c No. To which You want to Transfer Scripts.", Field::kToAccount);
     transfer.to = AccountId{1};
-    expect("Select Demat A/c No. To which You want to Transfer Scripts.", "Combo2");
+    expect("Select Demat A/c No. To which You want to Transfer Scripts.", Field::kToAccount);
     transfer.to = AccountId{2};
-    expect("Select Script Name that You want to Transfer.", "Text1_1");
+    expect("Select Script Name that You want to Transfer.", Field::kLot);
     transfer.lot = LotId{1};
-    expect("Enter Quantity Greater than Zero.", "Text1_2");
+    expect("Enter Quantity Greater than Zero.", Field::kQuantity);
     transfer.quantity = Shares(-1);
-    expect("Enter Quantity Greater than Zero.", "Text1_2");
+    expect("Enter Quantity Greater than Zero.", Field::kQuantity);
     transfer.quantity = Shares(0.0000004);
-    expect("Enter Quantity Greater than Zero.", "Text1_2");
+    expect("Enter Quantity Greater than Zero.", Field::kQuantity);
     transfer.quantity = Shares(0.000001);
-    expect("accepted", "none");
+    expect("accepted", Field::kNone);
   }
 
   void QuantityStaysWithinTheBalance() {
@@ -215,7 +215,7 @@ class TransferBookTest : public test::DeskTest {
     QCOMPARE(TextOf(refusal),
              "You Can't Transfer Scripts More than Balance.\n"
              "Maximum Allowed Value is: 10.00");
-    QCOMPARE(FieldOf(refusal), "Text1_2");
+    QCOMPARE(FieldOf(refusal), Field::kQuantity);
   }
 };
 

@@ -62,6 +62,7 @@ QWidget* frmBackUpRestore::FolderRow() {
   auto* layout = RowIn(row);
   TxtFolder = new TextBox;
   TxtFolder->setObjectName(QStringLiteral("TxtFolder"));
+  Hold({{Field::kFolder, TxtFolder->objectName()}});
   TxtFolder->SetUpperCase(false);
   TxtFolder->setAccessibleName(tr("Folder of the backups"));
   auto* label = new QLabel(tr("&Folder"));

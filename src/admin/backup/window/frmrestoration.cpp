@@ -70,6 +70,7 @@ QWidget* frmrestoration::FolderRow() {
   auto* layout = RowIn(row);
   TxtFolder = new TextBox;
   TxtFolder->setObjectName(QStringLiteral("TxtFolder"));
+  Hold({{Field::kFolder, TxtFolder->objectName()}});
   TxtFolder->SetUpperCase(false);
   TxtFolder->setAccessibleName(tr("Folder of the backups"));
   auto* label = new QLabel(tr("&Folder"));

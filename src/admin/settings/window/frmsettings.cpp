@@ -81,6 +81,9 @@ frmsettings::frmsettings(controls::Desk& desk, FolderDialog choose_folder)
   pages_->addTab(BillsPage(), tr("Bills"));
   rows->addWidget(pages_, 1);
   rows->addLayout(Buttons());
+  for (int text = 0; text < kTexts; ++text) {
+    Hold({{PlaceOf(static_cast<Text>(text)).field, BoxOf(static_cast<Text>(text))}});
+  }
   Connect();
   Put(LoadSettings(Session().folders));
 }

@@ -18,6 +18,11 @@ class FieldLayout;
 
 namespace quorvane::settings {
 
+/// The name of the box of a setting, as "Text1_3".
+inline QString BoxOf(Text text) {
+  return QStringLiteral("Text1_%1").arg(static_cast<int>(text));
+}
+
 /// The settings: screen, theme and language, folders, database, exchange hosts, printer. They are
 /// kept as a whole by "Save" or not at all.
 class frmsettings : public controls::ChildWindow {

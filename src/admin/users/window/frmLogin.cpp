@@ -25,6 +25,12 @@ frmLogin::frmLogin(controls::Desk& desk, Login login)
   change_->hide();
   layout->addWidget(change_);
   layout->addStretch(1);
+  Hold({{Field::kName, "Text1_0"},
+        {Field::kPassword, "Text1_1"},
+        {Field::kChangedName, "Text2_0"},
+        {Field::kOldPassword, "Text2_1"},
+        {Field::kNewPassword, "Text2_2"},
+        {Field::kConfirmedPassword, "Text2_3"}});
   // What was guessed in an earlier window counts here too.
   Wait();
 }

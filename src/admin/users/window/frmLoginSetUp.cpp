@@ -25,6 +25,7 @@ frmLoginSetUp::frmLoginSetUp(controls::Desk& desk)
     : ChildWindow(desk, QStringLiteral("frmLoginSetUp"), tr("User Set Up"), {420, 360}),
       book_(*desk.session.connection) {
   BuildControls();
+  Hold({{Field::kName, "Text1_0"}, {Field::kPassword, "Text1_1"}});
   FillList();
 }
 
@@ -109,9 +110,9 @@ void frmLoginSetUp::cmdAdd_Click() {
 }
 
 void frmLoginSetUp::cmdUpdate_Click() {
-  User user{current_, name_box_->text(), password_box_->text()};
-  if (const MaybeRefusal refusal = book_.Save(user)) {
-    Show(*refusal);
+  const User user{current_, name_box_->text(), password_box_->text()};
+  if (const Result<int> saved = book_.Save(user); !saved) {
+    Show(saved.Why());
     return;
   }
   FillList();

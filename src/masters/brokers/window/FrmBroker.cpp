@@ -44,12 +44,7 @@ void FrmBroker::Load(int id) {
 }
 
 MaybeRefusal FrmBroker::Save() {
-  Broker broker{BrokerId{CurrentId()}, EnteredName(), EnteredContact()};
-  MaybeRefusal refusal = book_.Save(broker);
-  if (!refusal) {
-    SetCurrentId(broker.id.value);
-  }
-  return refusal;
+  return Saved(book_.Save({BrokerId{CurrentId()}, EnteredName(), EnteredContact()}));
 }
 
 void FrmBroker::Remove(int id) {

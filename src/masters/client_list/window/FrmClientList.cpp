@@ -90,12 +90,12 @@ void FrmClientList::FillYears() {
 void FrmClientList::cmdproceed_Click() {
   const int client = ClGrd1->CurrentId();
   if (client == 0) {
-    Show({tr("Select Client!"), QStringLiteral("CVS")});
+    ShowAt(tr("Select Client!"), CVS);
     return;
   }
   const auto year = text::FinancialYear::Parse(CboYr->currentText());
   if (!year) {
-    Show({tr("Enter Proper Financial Year"), QStringLiteral("CboYr")});
+    ShowAt(tr("Enter Proper Financial Year"), CboYr);
     return;
   }
   Proceed(client, *year);

@@ -3,10 +3,10 @@
 #include "core/lookups/Choices.h"
 #include "masters/Completions.h"
 #include "masters/Questions.h"
+#include "masters/window/BoxName.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QScopeGuard>
 #include <QVBoxLayout>
 
 #include <stdexcept>
@@ -40,13 +40,21 @@ FrmClientMaster::FrmClientMaster(controls::Desk& desk, documents::DocumentDialog
   AddPanel(tr("Document"), sign_);
   AddButtons();
   List().SetColumns({{.heading = tr("Client Code")}, {.heading = tr("Client Name")}});
+  Hold({{Field::kCode, masters::BoxName(Code)},
+        {Field::kGroupCode, masters::BoxName(GroupCode)},
+        {Field::kName, masters::BoxName(Name)},
+        {Field::kDateOfBirth, MaskEdBox1->objectName()},
+        {Field::kPan, masters::BoxName(Pan)},
+        {Field::kDocument, masters::BoxName(Document)},
+        {Field::kAccounts, QStringLiteral("VS")}});
+  Hold(masters::ContactControls(Address));
   Complete();
   Connect();
   Start();
 }
 
-TextBox* FrmClientMaster::AddBox(FieldLayout& fields, Field field, const QString& label, int span) {
-  return Text1[field] = fields.Add(label, masters::BoxName(field), new TextBox(), span);
+TextBox* FrmClientMaster::AddBox(FieldLayout& fields, Box box, const QString& label, int span) {
+  return Text1[box] = fields.Add(label, masters::BoxName(box), new TextBox(), span);
 }
 
 ComboBox* FrmClientMaster::AddChoice(FieldLayout& fields, const QString& name, const QString& label,
@@ -97,7 +105,7 @@ void FrmClientMaster::AddDocument(FieldLayout& fields) {
   auto* columns = new QHBoxLayout(row);
   columns->setContentsMargins(0, 0, 0, 0);
   Text1[Document] = new TextBox();
-  Text1[Document]->setObjectName(DocumentField());
+  Text1[Document]->setObjectName(masters::BoxName(Document));
   Text1[Document]->setAccessibleName(tr("Document"));
   Text1[Document]->setReadOnly(true);
   Text1[Document]->SetUpperCase(false);
@@ -186,7 +194,7 @@ void FrmClientMaster::Load(int id) {
 
 void FrmClientMaster::ShowClient(const Client& client) {
   const masters::Contact& contact = client.contact;
-  const std::array<QString, kFields> texts{
+  const std::array<QString, kBoxes> texts{
       client.code,   client.group_code, client.name,    contact.address, contact.city,
       contact.pin,   contact.std_code,  contact.phone,  contact.mobile,  contact.fax,
       contact.email, client.pan,        client.document};
@@ -207,10 +215,12 @@ void FrmClientMaster::ShowClient(const Client& client) {
 }
 
 MaybeRefusal FrmClientMaster::Save() {
-  Client client = Entered();
-  // The key is known as soon as the record stands, also when its document could not be filed.
-  const auto keep_key = qScopeGuard([&] { SetCurrentId(client.id.value); });
-  return book_.Save(client, new_document_);
+  try {
+    return Saved(book_.Save(Entered(), new_document_));
+  } catch (const DocumentNotFiled& failure) {
+    SetCurrentId(failure.Client().value);
+    throw;
+  }
 }
 
 Client FrmClientMaster::Entered() const {

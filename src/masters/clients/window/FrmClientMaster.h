@@ -31,7 +31,7 @@ class FrmClientMaster : public controls::RecordWindow {
   void StateChanged() override;
 
  private:
-  enum Field {
+  enum Box {
     Code,
     GroupCode,
     Name,
@@ -45,10 +45,10 @@ class FrmClientMaster : public controls::RecordWindow {
     Email,
     Pan,
     Document,
-    kFields
+    kBoxes
   };
 
-  controls::TextBox* AddBox(controls::FieldLayout& fields, Field field, const QString& label,
+  controls::TextBox* AddBox(controls::FieldLayout& fields, Box box, const QString& label,
                             int span = 1);
   controls::ComboBox* AddChoice(controls::FieldLayout& fields, const QString& name,
                                 const QString& label, const QStringList& texts);
@@ -80,7 +80,7 @@ class FrmClientMaster : public controls::RecordWindow {
   QString new_document_;  ///< path of a document that was chosen and is not saved yet
   QString warned_pan_;    ///< the number that the user was warned of last
   QString stored_pan_;    ///< of the record that is shown
-  std::array<controls::TextBox*, kFields> Text1{};  ///< none for the address
+  std::array<controls::TextBox*, kBoxes> Text1{};  ///< none for the address
   controls::LinesBox* address_ = nullptr;
   controls::DateBox* MaskEdBox1 = nullptr;
   controls::ComboBox* Combo1 = nullptr;

@@ -47,6 +47,7 @@ ImpScrRate::ImpScrRate(controls::Desk& desk)
 
 void ImpScrRate::BuildSources() {
   TxtDate->setObjectName(QStringLiteral("TxtDate"));
+  Hold({{Field::kDate, TxtDate->objectName()}});
   CboExchange->setObjectName(QStringLiteral("CboExchange"));
   CboExchange->setAccessibleName(tr("Exchange of the archive"));
   CboExchange->SetTexts({QStringLiteral("BSE"), QStringLiteral("NSE")});
@@ -104,8 +105,7 @@ void ImpScrRate::TxtDate_Validate() {
 }
 
 bool ImpScrRate::TakeDate() {
-  if (const MaybeRefusal refusal =
-          rates::CheckRateDate(TxtDate->DateText(), TheDesk().today(), TxtDate->objectName())) {
+  if (const MaybeRefusal refusal = rates::CheckRateDate(TxtDate->DateText(), TheDesk().today())) {
     Show(*refusal);
     return false;
   }

@@ -3,6 +3,7 @@
 #include "controls/ComboBox.h"
 #include "controls/TextBox.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "masters/Questions.h"
 #include "masters/lookup_masters/Levies.h"
 
@@ -68,14 +69,6 @@ const Face& FaceOf(LookupKind kind) {
   return *std::ranges::find(kFaces, kind, &Face::kind);
 }
 
-QString Words(const char* text) {
-  return QCoreApplication::translate("LookupMasters", text);
-}
-
-QString BoxOf(const LookupColumn& column) {
-  return QString::fromLatin1(column.box);
-}
-
 bool IsMasked(const QString& number) {
   const double value = text::Val(number);
   return text::Val(text::FormatPercent(value)) == value;
@@ -120,8 +113,9 @@ QString Added(const std::vector<LookupRow>& rows, const std::vector<YearLevy>& l
 }  // namespace
 
 FrmLookup::FrmLookup(controls::Desk& desk, LookupKind kind)
-    : RecordWindow(desk, QString::fromLatin1(MasterOf(kind).window), Words(FaceOf(kind).title),
-                   FaceOf(kind).designed, QStringLiteral("VSF"), Panels::kTogether),
+    : RecordWindow(desk, QString::fromLatin1(MasterOf(kind).window),
+                   Tr("LookupMasters", FaceOf(kind).title), FaceOf(kind).designed,
+                   QStringLiteral("VSF"), Panels::kTogether),
       book_(*desk.session.connection, kind) {
   AddFields();
   AddButtons();
@@ -144,33 +138,29 @@ void FrmLookup::FillList() {
 }
 
 void FrmLookup::Clear() {
-  for (const Field& field : fields_) {
-    field.show({});
+  for (const Box& box : boxes_) {
+    box.show({});
   }
 }
 
 void FrmLookup::Load(int id) {
   if (const std::optional<LookupRow> row = book_.Load(id)) {
-    for (std::size_t i = 0; i < fields_.size(); ++i) {
-      fields_[i].show(row->values[i]);
+    for (std::size_t i = 0; i < boxes_.size(); ++i) {
+      boxes_[i].show(row->values[i]);
     }
   }
 }
 
 MaybeRefusal FrmLookup::Save() {
   LookupRow row{CurrentId(), {}};
-  for (const Field& field : fields_) {
-    row.values.push_back(field.entered());
+  for (const Box& box : boxes_) {
+    row.values.push_back(box.entered());
   }
   MaybeRefusal refusal = CheckRow(book_.Master(), row);
-  for (const Field& field : fields_) {
-    refusal = refusal ? refusal : field.check();
+  for (const Box& box : boxes_) {
+    refusal = refusal ? refusal : box.check();
   }
-  refusal = refusal ? refusal : book_.Save(row);
-  if (!refusal) {
-    SetCurrentId(row.id);
-  }
-  return refusal;
+  return refusal ? refusal : Saved(book_.Save(row));
 }
 
 void FrmLookup::Remove(int id) {
@@ -181,6 +171,14 @@ QString FrmLookup::DeleteQuestion() const {
   return masters::AskDeleteRecord();
 }
 
+/// Boxes are numbered; the delivery type is chosen from a list.
+QString FrmLookup::NameBox(const LookupColumn& column) {
+  const bool listed = column.field == Field::kDeliveryType;
+  QString name = listed ? QStringLiteral("CmbName") : QStringLiteral("Text1_%1").arg(numbered_++);
+  Hold({{column.field, name}});
+  return name;
+}
+
 void FrmLookup::AddFields() {
   const auto& columns = book_.Master().columns;
   const Face& face = FaceOf(book_.Master().kind);
@@ -189,48 +187,48 @@ void FrmLookup::AddFields() {
     const auto& [label, entry] = face.fields[i];
     switch (entry) {
       case Entry::kText:
-        fields_.push_back(AddText(*fields, columns[i], label));
+        boxes_.push_back(AddText(*fields, columns[i], label));
         break;
       case Entry::kYear:
-        fields_.push_back(AddYear(*fields, columns[i], label));
+        boxes_.push_back(AddYear(*fields, columns[i], label));
         break;
       case Entry::kPercent:
-        fields_.push_back(AddPercent(*fields, columns[i], label));
+        boxes_.push_back(AddPercent(*fields, columns[i], label));
         break;
       case Entry::kKinds:
-        fields_.push_back(AddKinds(*fields, columns[i], label));
+        boxes_.push_back(AddKinds(*fields, columns[i], label));
         break;
       case Entry::kDate:
-        fields_.push_back(AddDate(*fields, columns[i], label));
+        boxes_.push_back(AddDate(*fields, columns[i], label));
         break;
     }
   }
   fields->setRowStretch(fields->rowCount(), 1);
 }
 
-FrmLookup::Field FrmLookup::FieldOf(TextBox* box) {
+FrmLookup::Box FrmLookup::BoxOf(TextBox* box) {
   return {.entered = [box] { return box->text(); },
           .show = [box](const QString& value) { box->setText(value); }};
 }
 
-FrmLookup::Field FrmLookup::AddText(FieldLayout& fields, const LookupColumn& column,
-                                    const char* label) {
+FrmLookup::Box FrmLookup::AddText(FieldLayout& fields, const LookupColumn& column,
+                                  const char* label) {
   constexpr int kWhole = 2;
-  return FieldOf(fields.Add(Words(label), BoxOf(column), new TextBox(), kWhole));
+  return BoxOf(fields.Add(Tr("LookupMasters", label), NameBox(column), new TextBox(), kWhole));
 }
 
-FrmLookup::Field FrmLookup::AddYear(FieldLayout& fields, const LookupColumn& column,
-                                    const char* label) {
-  auto* box = fields.Add(Words(label), BoxOf(column), new TextBox());
+FrmLookup::Box FrmLookup::AddYear(FieldLayout& fields, const LookupColumn& column,
+                                  const char* label) {
+  auto* box = fields.Add(Tr("LookupMasters", label), NameBox(column), new TextBox());
   box->setPlaceholderText(QStringLiteral("2011-12"));
   On(box, &TextBox::Left, &FrmLookup::Text1_Validate, QStringLiteral("Text1_Validate"));
-  return FieldOf(box);
+  return BoxOf(box);
 }
 
-FrmLookup::Field FrmLookup::AddPercent(FieldLayout& fields, const LookupColumn& column,
-                                       const char* label) {
+FrmLookup::Box FrmLookup::AddPercent(FieldLayout& fields, const LookupColumn& column,
+                                     const char* label) {
   static const QRegularExpression kTypable(QStringLiteral("[0-9]*\\.?[0-9]*"));
-  auto* box = fields.Add(Words(label), BoxOf(column), new TextBox());
+  auto* box = fields.Add(Tr("LookupMasters", label), NameBox(column), new TextBox());
   box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   box->setValidator(new QRegularExpressionValidator(kTypable, box));
   connect(box, &TextBox::Left, this, [box] { box->setText(PercentText(box->text())); });
@@ -238,9 +236,9 @@ FrmLookup::Field FrmLookup::AddPercent(FieldLayout& fields, const LookupColumn& 
           .show = [box](const QString& value) { box->setText(PercentText(value)); }};
 }
 
-FrmLookup::Field FrmLookup::AddKinds(FieldLayout& fields, const LookupColumn& column,
-                                     const char* label) {
-  auto* combo = fields.Add(Words(label), BoxOf(column), new ComboBox());
+FrmLookup::Box FrmLookup::AddKinds(FieldLayout& fields, const LookupColumn& column,
+                                   const char* label) {
+  auto* combo = fields.Add(Tr("LookupMasters", label), NameBox(column), new ComboBox());
   combo->SetTexts(PercentageKinds());
   return {.entered = [combo] { return combo->itemText(combo->CurrentPosition()); },
           .show =
@@ -250,16 +248,15 @@ FrmLookup::Field FrmLookup::AddKinds(FieldLayout& fields, const LookupColumn& co
               }};
 }
 
-FrmLookup::Field FrmLookup::AddDate(FieldLayout& fields, const LookupColumn& column,
-                                    const char* label) {
-  auto* box = fields.Add(Words(label), BoxOf(column), new DateBox());
+FrmLookup::Box FrmLookup::AddDate(FieldLayout& fields, const LookupColumn& column,
+                                  const char* label) {
+  auto* box = fields.Add(Tr("LookupMasters", label), NameBox(column), new DateBox());
   Watch(box);
   return {.entered = [box] { return box->DateText(); },
           .show = [box](const QString& value) { box->SetDate(value); },
-          .check = [box]() -> MaybeRefusal {
-            return box->IsProper()
-                       ? std::nullopt
-                       : MaybeRefusal(Refusal{tr("Enter Proper Date."), box->objectName()});
+          .check = [box, field = column.field]() -> MaybeRefusal {
+            return box->IsProper() ? std::nullopt
+                                   : MaybeRefusal(Refusal{tr("Enter Proper Date."), field});
           }};
 }
 
@@ -283,14 +280,14 @@ std::vector<controls::Column> FrmLookup::ListColumns() const {
   std::vector<controls::Column> columns;
   for (const LookupColumn& column : book_.Master().columns) {
     const bool number = column.kind == LookupColumn::Kind::kNumber;
-    columns.push_back(
-        {.heading = Words(column.label), .mask = number ? Mask::kPercent : Mask::kText});
+    columns.push_back({.heading = Tr("LookupMasters", column.label),
+                       .mask = number ? Mask::kPercent : Mask::kText});
   }
   return columns;
 }
 
 void FrmLookup::Text1_Validate() {
-  const QString year = fields_.front().entered();
+  const QString year = boxes_.front().entered();
   if (year.isEmpty() || IsCancelling() || !IsEditing()) {
     return;
   }

@@ -27,20 +27,21 @@ class FrmLookup : public controls::RecordWindow {
   void StateChanged() override;
 
  private:
-  /// The box of a column of either kind.
-  struct Field {
+  /// The control of a column of either kind.
+  struct Box {
     std::function<QString()> entered;
     std::function<void(const QString& value)> show;
     std::function<MaybeRefusal()> check = [] { return std::nullopt; };
   };
 
-  static Field FieldOf(controls::TextBox* box);
+  static Box BoxOf(controls::TextBox* box);
+  QString NameBox(const LookupColumn& column);
   void AddFields();
-  Field AddText(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
-  Field AddYear(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
-  Field AddPercent(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
-  Field AddKinds(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
-  Field AddDate(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Box AddText(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Box AddYear(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Box AddPercent(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Box AddKinds(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
+  Box AddDate(controls::FieldLayout& fields, const LookupColumn& column, const char* label);
   void AddButtons();
   std::vector<controls::Column> ListColumns() const;
 
@@ -49,8 +50,9 @@ class FrmLookup : public controls::RecordWindow {
   void CmdLevies_Click();
 
   LookupBook book_;
+  int numbered_ = 0;                         ///< boxes so far
   controls::ZENButton* CmdLevies = nullptr;  ///< in the windows of percentages
-  std::vector<Field> fields_;                ///< in the order of the table's columns
+  std::vector<Box> boxes_;                   ///< in the order of the table's columns
 };
 
 }  // namespace quorvane::lookup_masters

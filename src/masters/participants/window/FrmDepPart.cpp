@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 #include "masters/Questions.h"
+#include "masters/window/BoxName.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -21,6 +22,8 @@ using controls::ZENButton;
 
 enum DpIdColumn { kId, kText };
 
+constexpr int kPersonBox = 9;
+constexpr int kDesignationBox = 10;
 constexpr int kDpIdLength = 100;
 
 Row RowOf(const DpId& dp_id) {
@@ -37,8 +40,8 @@ FrmDepPart::FrmDepPart(controls::Desk& desk)
   auto* fields = new FieldLayout(2);
   rows->addLayout(fields);
   AddContact(*fields);
-  person_ = fields->Add(tr("Contact Pe&rson"), masters::BoxName(9), new TextBox());
-  designation_ = fields->Add(tr("Desi&gnation"), masters::BoxName(10), new TextBox());
+  person_ = fields->Add(tr("Contact Pe&rson"), masters::BoxName(kPersonBox), new TextBox());
+  designation_ = fields->Add(tr("Desi&gnation"), masters::BoxName(kDesignationBox), new TextBox());
   Combo2 = fields->Add(tr("Dep&ository"), QStringLiteral("Combo2"), new ComboBox());
   Combo2->SetTexts(DepositoryItems());
   rows->addWidget(DpIdPanel(), 1);
@@ -47,6 +50,9 @@ FrmDepPart::FrmDepPart(controls::Desk& desk)
                      {.heading = tr("City")},
                      {.heading = tr("Phone")},
                      {.heading = tr("Contact Person")}});
+  Hold({{Field::kPerson, masters::BoxName(kPersonBox)},
+        {Field::kDesignation, masters::BoxName(kDesignationBox)},
+        {Field::kDpIds, VS->objectName()}});
   Start();
 }
 
@@ -82,18 +88,13 @@ void FrmDepPart::Load(int id) {
 }
 
 MaybeRefusal FrmDepPart::Save() {
-  Participant participant{.id = ParticipantId{CurrentId()},
-                          .name = EnteredName(),
-                          .contact = EnteredContact(),
-                          .person = person_->text(),
-                          .designation = designation_->text(),
-                          .depository = Combo2->CurrentId(),
-                          .dp_ids = EnteredDpIds()};
-  MaybeRefusal refusal = book_.Save(participant);
-  if (!refusal) {
-    SetCurrentId(participant.id.value);
-  }
-  return refusal;
+  return Saved(book_.Save({.id = ParticipantId{CurrentId()},
+                           .name = EnteredName(),
+                           .contact = EnteredContact(),
+                           .person = person_->text(),
+                           .designation = designation_->text(),
+                           .depository = Combo2->CurrentId(),
+                           .dp_ids = EnteredDpIds()}));
 }
 
 void FrmDepPart::Remove(int id) {

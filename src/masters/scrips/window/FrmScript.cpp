@@ -37,6 +37,11 @@ FrmScript::FrmScript(controls::Desk& desk)
                      {.heading = tr("Second Code")},
                      {.heading = tr("Type")},
                      {.heading = tr("Class")}});
+  Hold({{Field::kCode, "Text1_0"},
+        {Field::kName, "Text1_1"},
+        {Field::kSecondCode, "Text1_2"},
+        {Field::kType, "Combo1"},
+        {Field::kClass, "Combo2"}});
   Start();
 }
 
@@ -75,17 +80,12 @@ void FrmScript::Load(int id) {
 }
 
 MaybeRefusal FrmScript::Save() {
-  Scrip scrip{.id = ScripId{CurrentId()},
-              .code = Text1[Code]->text(),
-              .name = Text1[Name]->text(),
-              .second_code = Text1[SecondCode]->text(),
-              .type = Combo1->CurrentId(),
-              .scrip_class = Combo2->CurrentId()};
-  MaybeRefusal refusal = book_.Save(scrip);
-  if (!refusal) {
-    SetCurrentId(scrip.id.value);
-  }
-  return refusal;
+  return Saved(book_.Save({.id = ScripId{CurrentId()},
+                           .code = Text1[Code]->text(),
+                           .name = Text1[Name]->text(),
+                           .second_code = Text1[SecondCode]->text(),
+                           .type = Combo1->CurrentId(),
+                           .scrip_class = Combo2->CurrentId()}));
 }
 
 void FrmScript::Remove(int id) {

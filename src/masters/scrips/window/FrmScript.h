@@ -25,7 +25,7 @@ class FrmScript : public controls::RecordWindow {
   QString DeleteQuestion() const override;
 
  private:
-  enum Field { Code, Name, SecondCode, kFields };
+  enum Box { Code, Name, SecondCode, kBoxes };
 
   void AddFields();
   void AddButtons();
@@ -37,7 +37,7 @@ class FrmScript : public controls::RecordWindow {
   void CmdScriptCls_Click();
 
   ScripBook book_;
-  std::array<controls::TextBox*, kFields> Text1{};
+  std::array<controls::TextBox*, kBoxes> Text1{};
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;
 };

@@ -35,6 +35,7 @@ RptBrokerLedger::RptBrokerLedger(reporting::ReportDesk& desk)
   On(CmbMth, &QComboBox::currentIndexChanged, &RptBrokerLedger::CmbMth_Click,
      QStringLiteral("CmbMth_Click"));
   VSB = AddTickGrid(QStringLiteral("VSB"), tr("BROKER NAME"), tr("Brokers"));
+  Hold({{Field::kBrokers, "VSB"}});
   // Narrower than beside other reports: the balance is in sight on a small screen.
   VSB->parentWidget()->setMinimumWidth(
       static_cast<int>(kBrokerWidth * desk.session.screen_factors.horizontal));
@@ -60,7 +61,7 @@ MaybeRefusal RptBrokerLedger::CheckSelection() {
   if (MaybeRefusal refusal = reporting::RefuseOutside(ThePeriod(), of_.year)) {
     return refusal;
   }
-  return VSB->RefuseWithoutTick(tr("Enter Broker Name."));
+  return VSB->RefuseWithoutTick(tr("Enter Broker Name."), Field::kBrokers);
 }
 
 // The period stands in the report's name.

@@ -44,6 +44,7 @@ RptDMatStatement::RptDMatStatement(reporting::ReportDesk& desk)
   AddPeriod(Months::kYes);
   BuildOptions();
   VSF = AddTickGrid(QStringLiteral("VSF"), tr("Demat A/c No."), tr("Demat accounts"));
+  Hold({{Field::kAccounts, "VSF"}});
   VSF->Fill(reporting::AccountsByNumber(*Session().connection, Current()->client));
   Start();
 }
@@ -147,8 +148,7 @@ QStringList RptDMatStatement::Choices() const {
 MaybeRefusal RptDMatStatement::CheckWorkbook() {
   const QString path = QDir(Session().folders.data).filePath(TransactionTemplate(ChosenLayout()));
   if (mode_ == Mode::kTransactions && !QFileInfo(path).isFile()) {
-    return Refusal{tr("The template %1 is not there.").arg(QDir::toNativeSeparators(path)),
-                   QString()};
+    return Refusal{tr("The template %1 is not there.").arg(QDir::toNativeSeparators(path))};
   }
   return std::nullopt;
 }

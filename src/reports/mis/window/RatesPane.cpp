@@ -19,7 +19,6 @@ using controls::Row;
 using controls::ZENButton;
 
 enum Column { kName, kType, kNcode, kRate, kScrCls };
-constexpr char kDateBox[] = "Text2";
 constexpr int kDateWidth = 110;
 constexpr int kDatesWidth = 150;
 
@@ -61,7 +60,7 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
       cmdCancel(Button("cmdCancel", tr("Cancel"))) {
   FrmDtList->setObjectName(QStringLiteral("FrmDtList"));
   FrmRates->setObjectName(QStringLiteral("FrmRates"));
-  Text2->setObjectName(QLatin1String(kDateBox));
+  Text2->setObjectName(QStringLiteral("Text2"));
   Text2->setAccessibleName(tr("Rate date"));
   Text2->setFixedWidth(kDateWidth);
   Text2->SetToday(desk.today);
@@ -297,14 +296,13 @@ std::vector<rates::ScripRate> RatesPane::Changed() const {
 
 void RatesPane::Refuse(const Refusal& refusal) {
   desk_.messages.Inform(refusal.text);
-  if (refusal.field == QLatin1String(kDateBox)) {
+  if (refusal.field == Field::kDate) {
     Text2->setFocus(Qt::OtherFocusReason);
   }
 }
 
 std::optional<text::Date> RatesPane::CheckedDate() {
-  if (const auto refusal =
-          rates::CheckRateDate(Text2->text(), desk_.today(), QLatin1String(kDateBox))) {
+  if (const auto refusal = rates::CheckRateDate(Text2->text(), desk_.today())) {
     Refuse(*refusal);
     return std::nullopt;
   }

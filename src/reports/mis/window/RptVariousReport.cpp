@@ -22,7 +22,6 @@ constexpr int kDateWidth = 110;
 constexpr float kSelectionWidth = 215;  // of a screen of 800 by 600
 constexpr float kMostStretch = 1.3F;    // the rest of a larger screen is the report's
 constexpr int kPartsShown = 10;
-constexpr char kRateDateBox[] = "Text3";
 enum PageIndex { kReportPage, kChartPage, kRatesPage };
 enum ChartIndex { kComposition, kValueByMonth, kGainsByKind };
 
@@ -73,7 +72,11 @@ void RptVariousReport::BuildHead() {
   }
   detail_ = new OptionPairView(0, tr("De&tail"), tr("C&onsolidated"), tr("Extent"));
   Text3 = new controls::DateBox;
-  Text3->setObjectName(QLatin1String(kRateDateBox));
+  Text3->setObjectName(QStringLiteral("Text3"));
+  Hold({{Field::kRateDate, "Text3"},
+        {Field::kClients, "VSC"},
+        {Field::kAccounts, "VSD"},
+        {Field::kScrips, "VSS"}});
   Text3->setAccessibleName(tr("Rates as on"));
   Text3->setToolTip(tr("The day of a valuation and of its rates; empty: the period's last day"));
   Text3->setFixedWidth(kDateWidth);
@@ -258,11 +261,11 @@ MaybeRefusal RptVariousReport::CheckDays() const {
   }
   const auto date = Text3->Date();
   if (!date) {
-    return Refusal{tr("Enter Proper Date."), QLatin1String(kRateDateBox)};
+    return Refusal{tr("Enter Proper Date."), Field::kRateDate};
   }
   MaybeRefusal outside = reporting::RefuseOutside({*date, *date}, year);
   if (outside) {
-    outside->field = QLatin1String(kRateDateBox);
+    outside->field = Field::kRateDate;
   }
   return outside;
 }

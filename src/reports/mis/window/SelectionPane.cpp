@@ -220,13 +220,13 @@ void SelectionPane::VSC_AfterEdit() {
 }
 
 MaybeRefusal SelectionPane::Check() const {
-  if (MaybeRefusal refusal = VSC->RefuseWithoutTick(tr("Select Client!"))) {
+  if (MaybeRefusal refusal = VSC->RefuseWithoutTick(tr("Select Client!"), Field::kClients)) {
     return refusal;
   }
   if (MaybeRefusal refusal = VSD->RefuseWithoutAccount()) {
     return refusal;
   }
-  return VSS->RefuseWithoutTick(tr("Select Script Name!"));
+  return VSS->RefuseWithoutTick(tr("Select Script Name!"), Field::kScrips);
 }
 
 QStringList SelectionPane::Choices() const {

@@ -60,6 +60,7 @@ RptProfitStatement::RptProfitStatement(reporting::ReportDesk& desk)
   }
   BuildOptions();
   VSD = AddTickGrid(QStringLiteral("VSD"), tr("Demat A/c No."), tr("Demat accounts"));
+  Hold({{Field::kAccounts, "VSD"}, {Field::kScrips, "VSS"}});
   Option1 = MakeChoice(QStringLiteral("Frame5"), QString(), QStringLiteral("Option1"),
                        {tr("Show Client Scripts"), tr("Show All Scripts")});
   AddBesideReport(Option1.frame);
@@ -151,7 +152,7 @@ MaybeRefusal RptProfitStatement::CheckSelection() {
   if (MaybeRefusal refusal = reporting::RefuseOutside(ThePeriod(), Current()->year)) {
     return refusal;
   }
-  return VSS->RefuseWithoutTick(tr("Select Script Name!"));
+  return VSS->RefuseWithoutTick(tr("Select Script Name!"), Field::kScrips);
 }
 
 ProfitQuery RptProfitStatement::Query() const {

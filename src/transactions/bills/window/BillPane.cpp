@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "transactions/bills/BillChecks.h"
 
 #include <QCoreApplication>
@@ -119,9 +120,8 @@ QWidget* BillPane::BuildLists() {
 
 void BillPane::BuildButtons(QHBoxLayout& row) {
   for (std::size_t i = 0; i < kButtons.size(); ++i) {
-    buttons_[i] = new ZENButton(QLatin1String(kButtons[i].name),
-                                QCoreApplication::translate("Bills", kButtons[i].caption));
-    buttons_[i]->setToolTip(QCoreApplication::translate("Bills", kButtons[i].keys));
+    buttons_[i] = new ZENButton(QLatin1String(kButtons[i].name), Tr("Bills", kButtons[i].caption));
+    buttons_[i]->setToolTip(Tr("Bills", kButtons[i].keys));
     row.addWidget(buttons_[i]);
   }
   Button(LineCommand::kCancel).SetCancels(true);

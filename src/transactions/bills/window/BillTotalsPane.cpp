@@ -1,6 +1,8 @@
 #include "transactions/bills/window/BillTotalsPane.h"
 
 #include "controls/FieldLayout.h"
+#include "core/text/Tr.h"
+#include "transactions/bills/window/ControlName.h"
 
 #include <QCoreApplication>
 #include <QRegularExpressionValidator>
@@ -40,8 +42,7 @@ BillTotalsPane::BillTotalsPane(const BillContext& context) : context_(context) {
   fields->setContentsMargins(0, 0, 0, 0);
   static const QRegularExpression kTypable(QStringLiteral("-?[0-9,]*\\.?[0-9]*"));
   for (const Field& field : kFields) {
-    auto* text = fields->Add(QCoreApplication::translate("Bills", field.label),
-                             ControlName(field.box), new TextBox());
+    auto* text = fields->Add(Tr("Bills", field.label), ControlName(field.box), new TextBox());
     text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     text->setValidator(new QRegularExpressionValidator(kTypable, text));
     text->setReadOnly(field.computed);

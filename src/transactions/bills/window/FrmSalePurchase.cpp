@@ -2,6 +2,7 @@
 
 #include "core/app/Session.h"
 #include "transactions/bills/BillChecks.h"
+#include "transactions/bills/window/ControlName.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -41,9 +42,26 @@ FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
   rows->addWidget(page_);
   Watch(page_->Head().DateBox());
   page_->ReadChoices();
+  HoldFields();
   BuildSearch();
   On(this, &ChildWindow::Closed, &FrmSalePurchase::Form_Unload, QStringLiteral("Form_Unload"));
   Start();
+}
+
+void FrmSalePurchase::HoldFields() {
+  Hold({{Field::kNumber, ControlName(BillBox::kNumber)},
+        {Field::kDate, ControlName(BillBox::kDate)},
+        {Field::kSettlementNumber, ControlName(BillBox::kSettlementNumber)},
+        {Field::kBroker, ControlName(BillBox::kBroker)},
+        {Field::kExchange, "Combo1"},
+        {Field::kAccount, "Combo2"},
+        {Field::kSide, "Combo3"},
+        {Field::kScrip, "Combo4"},
+        {Field::kScripCode, "TxtScr"},
+        {Field::kLot, "VS3"},
+        {Field::kQuantity, ControlName(BillBox::kQuantity)},
+        {Field::kLine, "CmdUpdate1"},
+        {Field::kLines, "Vs1"}});
 }
 
 void FrmSalePurchase::BuildSearch() {
@@ -116,14 +134,13 @@ MaybeRefusal FrmSalePurchase::Save() {
     return refusal;
   }
   if (page_->HasLineToLose()) {
-    return Refusal{tr("The Line is not in the Bill yet. Update or Cancel it First."),
-                   QStringLiteral("CmdUpdate1")};
+    return Refusal{tr("The Line is not in the Bill yet. Update or Cancel it First."), Field::kLine};
   }
   if (MaybeRefusal refusal = entry_.CheckLots()) {
     return refusal;
   }
   if (entry_.IsTwin() && !AsksForTwin()) {
-    return Refusal{{}, ControlName(BillBox::kNumber)};
+    return Refusal{{}, Field::kNumber};
   }
   MaybeRefusal refusal = entry_.Save();
   if (!refusal) {

@@ -36,6 +36,7 @@ class FrmSalePurchase : public controls::RecordWindow {
   QString GiveUpQuestion() const override;
 
  private:
+  void HoldFields();
   void BuildSearch();
   Bill NewBill() const;
   void ShowFound();

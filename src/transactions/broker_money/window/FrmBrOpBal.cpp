@@ -21,6 +21,7 @@ FrmBrOpBal::FrmBrOpBal(controls::Desk& desk)
   CmdImport->setToolTip(tr("Brings the closing balances of the year before into this year"));
   Buttons()->addWidget(CmdImport);
   OnClick(CmdImport, &FrmBrOpBal::CmdImport_Click);
+  Hold({{Field::kBroker, "Combo1"}, {Field::kAmount, "Text1_0"}, {Field::kSide, "Combo2"}});
   Start();
 }
 
@@ -73,11 +74,7 @@ MaybeRefusal FrmBrOpBal::Save() {
   if (Combo2->HasChoice()) {
     opening.side = static_cast<LedgerSide>(Combo2->CurrentId());
   }
-  MaybeRefusal refusal = book_.Save(opening);
-  if (!refusal) {
-    SetCurrentId(opening.id.value);
-  }
-  return refusal;
+  return Saved(book_.Save(opening));
 }
 
 void FrmBrOpBal::Remove(int id) {

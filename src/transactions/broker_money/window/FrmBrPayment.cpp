@@ -22,6 +22,14 @@ FrmBrPayment::FrmBrPayment(controls::Desk& desk, PaymentKind kind)
       book_(*desk.session.connection, kind, app::CurrentOf(desk.session)) {
   BuildFields();
   SetListColumns();
+  Hold({{Field::kBroker, "Combo1"},
+        {Field::kTransactionMode, "Combo2"},
+        {Field::kAmount, "Text1_0"},
+        {Field::kDate, "Text1_1"},
+        {Field::kPaymentMode, "Combo3"},
+        {Field::kChequeNumber, "Text1_2"},
+        {Field::kDrawnOn, "Text1_4"},
+        {Field::kRemark, "Text1_5"}});
   Start();
 }
 
@@ -125,12 +133,7 @@ BrokerPayment FrmBrPayment::Entered() const {
 }
 
 MaybeRefusal FrmBrPayment::Save() {
-  BrokerPayment payment = Entered();
-  MaybeRefusal refusal = book_.Save(payment);
-  if (!refusal) {
-    SetCurrentId(payment.id.value);
-  }
-  return refusal;
+  return Saved(book_.Save(Entered()));
 }
 
 void FrmBrPayment::Remove(int id) {

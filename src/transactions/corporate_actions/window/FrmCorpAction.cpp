@@ -6,6 +6,7 @@
 #include "core/lookups/Directory.h"
 #include "core/lookups/Scrips.h"
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 
 #include <QLabel>
 #include <QRegularExpressionValidator>
@@ -35,7 +36,7 @@ TextBox* NumberBox() {
 }
 
 QString KindTitle(ActionKind kind) {
-  return QCoreApplication::translate("Actions", actions::NameOf(kind).title);
+  return Tr("Actions", actions::NameOf(kind).title);
 }
 
 std::vector<lookups::Item> KindItems() {

@@ -53,6 +53,11 @@ FrmStkOpBalance::FrmStkOpBalance(reporting::ReportDesk& desk)
   BuildFields();
   BuildButtons();
   SetListColumns();
+  Hold({{Field::kScrip, "Combo1"},
+        {Field::kAccount, "Combo2"},
+        {Field::kQuantity, "Text1_0"},
+        {Field::kRate, "Text1_1"},
+        {Field::kDate, "Text1_3"}});
   Start();
 }
 
@@ -98,7 +103,7 @@ void FrmStkOpBalance::TxtScr_Validate() {
       lookups::FindScripByCode(*Session().connection, code);
   if (!found) {
     if (!IsCancelling()) {
-      Show({tr("There is no Scrip of the Code %1.").arg(code), TxtScr->objectName()});
+      ShowAt(tr("There is no Scrip of the Code %1.").arg(code), TxtScr);
     }
     return;
   }
@@ -212,11 +217,10 @@ void FrmStkOpBalance::BeginEditing() {
 
 MaybeRefusal FrmStkOpBalance::Save() {
   TakeBoxes();
-  OpeningLot lot = Entered();
-  MaybeRefusal refusal = book_.Save(lot);
+  const OpeningLot lot = Entered();
+  MaybeRefusal refusal = Saved(book_.Save(lot));
   if (!refusal) {
     last_account_ = lot.account;
-    SetCurrentId(lot.id.value);
   }
   return refusal;
 }
@@ -291,18 +295,16 @@ void FrmStkOpBalance::CarryForwardIfWanted() {
                  controls::Answer::kNo, controls::Icon::kInformation)) {
     return;
   }
-  std::size_t carried = 0;
-  MaybeRefusal refusal;
-  {
+  const Result<std::size_t> carried = [this] {
     const std::unique_ptr<Progress> progress = NewProgress();
-    refusal = CarryForward(*Session().connection, of_, *progress, carried);
-  }
-  if (refusal) {
-    Show(*refusal);
+    return CarryForward(*Session().connection, of_, *progress);
+  }();
+  if (!carried) {
+    Show(carried.Why());
     return;
   }
   Refill();
-  TellOfOtherRows(carried);
+  TellOfOtherRows(*carried);
 }
 
 /// Only rows that are identical to a carried lot make place for it. Those of an earlier carry

@@ -51,6 +51,11 @@ FrmScriptTransfer::FrmScriptTransfer(controls::Desk& desk)
   BuildDetails();
   SetColumns();
   Connect();
+  Hold({{Field::kDate, "Text1_0"},
+        {Field::kAccount, "Combo1"},
+        {Field::kToAccount, "Combo2"},
+        {Field::kLot, "VS"},
+        {Field::kQuantity, "Text1_2"}});
   Start();
 }
 
@@ -69,8 +74,8 @@ void FrmScriptTransfer::BuildDetails() {
 }
 
 void FrmScriptTransfer::BuildFields(controls::FieldLayout& fields) {
-  const auto add = [&](Field field, const QString& label, TextBox* box) {
-    Text1[field] = fields.Add(label, QStringLiteral("Text1_%1").arg(field), box);
+  const auto add = [&](Box place, const QString& label, TextBox* box) {
+    Text1[place] = fields.Add(label, QStringLiteral("Text1_%1").arg(place), box);
   };
   date_ = new controls::DateBox();
   add(Date, tr("Date"), date_);
@@ -186,14 +191,7 @@ void FrmScriptTransfer::BeginEditing() {
 }
 
 MaybeRefusal FrmScriptTransfer::Save() {
-  Transfer transfer = Entered();
-  MaybeRefusal refusal = book_.Save(transfer);
-  if (!refusal) {
-    SetCurrentId(transfer.id.value);
-  } else if (refusal->field == Text1[Script]->objectName()) {
-    refusal->field = VS->objectName();  // where it is picked
-  }
-  return refusal;
+  return Saved(book_.Save(Entered()));
 }
 
 void FrmScriptTransfer::Remove(int id) {

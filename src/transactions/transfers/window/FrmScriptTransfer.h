@@ -35,7 +35,7 @@ class FrmScriptTransfer : public controls::RecordWindow {
   void StateChanged() override;
 
  private:
-  enum Field { Date, Script, Quantity, Rate, kFields };
+  enum Box { Date, Script, Quantity, Rate, kBoxes };
 
   void BuildDetails();
   void BuildFields(controls::FieldLayout& fields);
@@ -66,7 +66,7 @@ class FrmScriptTransfer : public controls::RecordWindow {
   std::optional<bool> destinations_are_own_;  ///< what Combo2 offers
   bool was_editing_ = false;
   bool filling_ = false;
-  std::array<controls::TextBox*, kFields> Text1{};
+  std::array<controls::TextBox*, kBoxes> Text1{};
   controls::DateBox* date_ = nullptr;  ///< Text1_0
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;

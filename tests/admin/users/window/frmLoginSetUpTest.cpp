@@ -34,7 +34,7 @@ class frmLoginSetUpTest : public test::DatabaseTest {
   void ShowingPasswordsLeavesTheEntryAlone() {
     UserBook book(**database_);
     User user{0, QStringLiteral("Asha"), QStringLiteral("one")};
-    QVERIFY(!book.Save(user));
+    QVERIFY(!test::Save(book, user));
     test::ShownWindow<frmLoginSetUp> shown(*database_);
     ClickFirstUser(shown);
     shown.Named("Text1_1")->setText(QStringLiteral("typed"));

@@ -58,7 +58,7 @@ class frmLoginTest : public QObject {
     session_.connection = std::make_unique<database::Connection>(database_->Settings());
     desk_ = std::make_unique<controls::Desk>(controls::Desk{session_, *messages_});
     User user{0, "Ravi", "Secret"};
-    QVERIFY(!UserBook(**database_).Save(user));
+    QVERIFY(!test::Save(UserBook(**database_), user));
   }
   void cleanup() {
     delete login_;

@@ -5,6 +5,7 @@
 #include "masters/ShownWindow.h"
 #include "masters/clients/Documents.h"
 #include "masters/clients/window/FrmClientMaster.h"
+#include "masters/window/BoxName.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -37,30 +37,6 @@ class FrmScriptTest : public test::DatabaseTest {
     QCOMPARE(shown.ListRow(1), QStringList({"500325", "RELIANCE", "REL", "EQUITY", "A"}));
   }
 
-  void BrokenRuleIsToldAtItsBox_data() {
-    const test::Cases<QStringList, QString, QString> cases("entered", "text", "box");
-    cases.Add("code", QStringList({"", "NAME", "", "EQ", "A"}), "Enter Script Code.", "Text1_0");
-    cases.Add("unknown type", QStringList({"CODE", "NAME", "", "GOLD", "A"}), "Select Script Type.",
-              "Combo1");
-  }
-
-  void BrokenRuleIsToldAtItsBox() {
-    QFETCH(const QStringList, entered);
-    QFETCH(const QString, text);
-    const QStringList before = Scrips();
-    const test::ShownWindow<FrmScript> shown(*database_);
-    shown.AddByKeyboard(entered);
-    QCOMPARE(shown.messages.Texts(), QStringList(text));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
-    const QWidget* focused = QApplication::focusWidget();
-    QTEST(focused->objectName().startsWith("qt_") || focused->objectName().isEmpty()
-              ? focused->parentWidget()->objectName()
-              : focused->objectName(),
-          "box");
-    QVERIFY(shown->IsEditing());
-    QCOMPARE(Scrips(), before);
-  }
-
   void NewTypeCanBeChosenAtOnceAndTheChoiceIsKept() {
     const test::ShownWindow<FrmScript> shown(*database_);
     shown->List().SelectId(3);

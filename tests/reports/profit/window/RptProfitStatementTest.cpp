@@ -178,12 +178,12 @@ class RptProfitStatementTest : public test::DatabaseTest {
     bills::BillBook book(books.Connection(), books.of);
     records::Bill bought = books.NewBill({books.Purchase(10, 100)});
     bought.account = {};
-    QVERIFY(!book.Save(bought));
+    QVERIFY(!test::Save(book, bought));
     const auto lots =
         ledger::ReadLots(books.Connection(), ledger::LotScope::Of({books.of, AccountId{}}));
     records::Bill sold = books.NewBill({books.Sale(10, 120, lots.front().id)});
     sold.account = {};
-    QVERIFY(!book.Save(sold));
+    QVERIFY(!test::Save(book, sold));
     const Shown window(books.database, "RptProfitStatement", "C1");
     QVERIFY(window.Report().contains("200.00"));
     QStringList lines;

@@ -51,7 +51,7 @@ class FrmSalePurchaseTest : public test::DeskTest {
   void SavePurchase(double rate = 100) {
     Bill bill = desk_->NewBill({desk_->Purchase(10, rate)});
     bill.grand_total = 1000;
-    QVERIFY(!BillBook(desk_->Connection(), desk_->of).Save(bill));
+    QVERIFY(!test::Save(BillBook(desk_->Connection(), desk_->of), bill));
   }
   void ModifyTheBill() {
     shown_->Named<Grid>("VSF")->SelectRow(0);

@@ -65,7 +65,7 @@ class FrmStkOpBalanceTest : public test::DeskTest {
     Shown shown(desk_->database, ForClient{desk_->of});
     shown.AddByKeyboard({"", "reliance", "1001", "10", "100", "010410"});
     records::Bill bill = desk_->NewBill({desk_->Sale(6, 120, desk_->IdOfLot(100))});
-    QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
+    QCOMPARE(test::TextOf(test::Save(bills::BillBook(desk_->Connection(), desk_->of), bill)),
              test::kAccepted);
     const QStringList before = desk_->Everything();
     shown->List().SelectId(1);

@@ -69,28 +69,6 @@ class FrmScriptTransferTest : public test::DeskTest {
     QCOMPARE(shown.messages.said.size(), std::size_t{1});
   }
 
-  void MissingPartIsAskedFor_data() {
-    const test::Cases<QStringList, QString, QString> cases("entered", "text", "field");
-    cases.Add("no lot", QStringList{"200611", "1002", "", "1001"},
-              "Select Script Name that You want to Transfer.", "VS");
-    cases.Add("no quantity", QStringList{"200611", "1001", "", "1002", ""},
-              "Enter Quantity Greater than Zero.", "Text1_2");
-  }
-  void MissingPartIsAskedFor() {
-    QFETCH(QStringList, entered);
-    QFETCH(QString, field);
-    const QStringList before = desk_->Everything();
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.Click("cmdAdd");
-    shown.Fill(entered);
-    shown.Click("cmdUpdate");
-    QTEST(shown.messages.LastText(), "text");
-    QCOMPARE(shown.messages.said.size(), std::size_t{1});
-    const auto* box = shown.Named<QWidget>(field.toLatin1().constData());
-    QVERIFY(box->hasFocus() || box->isAncestorOf(QApplication::focusWidget()));
-    QCOMPARE(desk_->Everything(), before);
-  }
-
   void ChangedTransferFindsItsSharesBackInTheirLot() {
     const Shown shown(desk_->database, ForClient{desk_->of});
     AddByKeyboard(shown, "1002", "10");
@@ -122,7 +100,7 @@ class FrmScriptTransferTest : public test::DeskTest {
  private:
   void Buy(double quantity, double rate) {
     records::Bill bill = desk_->NewBill({desk_->Purchase(quantity, rate)});
-    QCOMPARE(test::TextOf(bills::BillBook(desk_->Connection(), desk_->of).Save(bill)),
+    QCOMPARE(test::TextOf(test::Save(bills::BillBook(desk_->Connection(), desk_->of), bill)),
              test::kAccepted);
   }
 

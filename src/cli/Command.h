@@ -51,6 +51,7 @@ using Registrar = void (*)(CLI::App& app, Context& context);
 void AddPortfolioCommands(CLI::App& app, Context& context);
 void AddHoldingsCommands(CLI::App& app, Context& context);
 void AddLayerCommands(CLI::App& app, Context& context);
+void AddActionCommands(CLI::App& app, Context& context);
 void AddReportCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddRatesCommands(CLI::App& app, Context& context);

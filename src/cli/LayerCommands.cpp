@@ -90,10 +90,14 @@ class LayerCsv {
       "row,account_no,scrip_code,acquired,entered,quantity,cost,sold,sale,expenses,stt\n";
 };
 
-void Layers(Context& context, const LayerOptions& options) {
+MaybeRefusal Layers(Context& context, const LayerOptions& options) {
   const lookups::Directory directory(context.Connection());
   positions::PositionsQuery query;
-  query.client = ClientOf(directory, options.client);
+  const Result<ClientId> client = ClientOf(directory, options.client);
+  if (!client) {
+    return client.Why();
+  }
+  query.client = *client;
   if (!options.as_on.empty()) {
     query.to = DateOf("--as-on", options.as_on);
   }
@@ -111,6 +115,7 @@ void Layers(Context& context, const LayerOptions& options) {
   }
   Print(csv.Text());
   InformOf(context, all.faults);
+  return std::nullopt;
 }
 
 }  // namespace
@@ -121,7 +126,7 @@ void AddLayerCommands(CLI::App& app, Context& context) {
       "layers", "What a client holds and sold over all years, with days and costs, as CSV");
   layers->add_option("--client", options->client, "Client code")->required();
   layers->add_option("--as-on", options->as_on, "Only what happened up to this day, dd/mm/yyyy");
-  layers->callback([&context, options] { Layers(context, *options); });
+  SetWork(*layers, context, [&context, options] { return Layers(context, *options); });
 }
 
 }  // namespace quorvane::cli

@@ -87,6 +87,10 @@ void AddReport(CLI::App& group, Context& context, const reports::Report& report)
       return AddDematStatement(group, context, report);
     case kTransactions:
       return AddTransactions(group, context, report);
+    case kDividends:
+      return AddDividends(group, context, report);
+    case kScripPage:
+      return AddScripPage(group, context, report);
     case kPosition:
       return AddMisReport(group, context, report, mis::ReportKind::kPosition);
     case kValuation:

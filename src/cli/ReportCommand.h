@@ -22,6 +22,8 @@ void AddProfitStatement(CLI::App& group, Context& context, const reports::Report
 void AddBrokerLedger(CLI::App& group, Context& context, const reports::Report& report);
 void AddDematStatement(CLI::App& group, Context& context, const reports::Report& report);
 void AddTransactions(CLI::App& group, Context& context, const reports::Report& report);
+void AddDividends(CLI::App& group, Context& context, const reports::Report& report);
+void AddScripPage(CLI::App& group, Context& context, const reports::Report& report);
 void AddMisReport(CLI::App& group, Context& context, const reports::Report& report,
                   mis::ReportKind kind);
 

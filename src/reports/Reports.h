@@ -24,6 +24,7 @@ struct WindowEntry {
   bool of_client;       ///< the client and year are asked for first
   const char* name;     ///< by which the window is asked for
   const char* chapter;  ///< the file of the user guide
+  const char* menu = "mnuReport";
 };
 
 inline constexpr WindowEntry kTransactionWindow{
@@ -44,6 +45,19 @@ inline constexpr WindowEntry kProfitWindow{"mnuProfitStatement",
 inline constexpr WindowEntry kCapitalGainWindow{
     "mnuCapitalGain", QT_TRANSLATE_NOOP("MainMenu", "&Capital Gain Statement"), true,
     "RptCapitalGain", "profit-statement.md"};
+
+inline constexpr WindowEntry kDividendWindow{"mnuDividendRpt",
+                                             QT_TRANSLATE_NOOP("MainMenu", "Dividend &Report"),
+                                             true,
+                                             "RptDividends",
+                                             "dividends.md",
+                                             "mnuPortfolio"};
+inline constexpr WindowEntry kScripPageWindow{"mnuScripPage",
+                                              QT_TRANSLATE_NOOP("MainMenu", "Script &Page"),
+                                              true,
+                                              "RptScripPage",
+                                              "scrip-page.md",
+                                              "mnuPortfolio"};
 
 /// What a sample is made of: the whole of a year of every client.
 struct SampleQuery {
@@ -73,6 +87,8 @@ enum class ReportId : std::uint8_t {
   kBrokerLedger,
   kDemat,
   kTransactions,
+  kDividends,
+  kScripPage,
   kPosition,
   kValuation,
   kMarket,

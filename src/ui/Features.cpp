@@ -18,11 +18,16 @@
 #include "reports/Reports.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
+#include "reports/dividends/window/RptDividends.h"
 #include "reports/mis/window/RptVariousReport.h"
 #include "reports/profit/window/RptProfitStatement.h"
+#include "reports/scrip_page/window/RptScripPage.h"
 #include "transactions/bills/window/FrmSalePurchase.h"
 #include "transactions/broker_money/window/FrmBrOpBal.h"
 #include "transactions/broker_money/window/FrmBrPayment.h"
+#include "transactions/corporate_actions/window/FrmCorpAction.h"
+#include "transactions/corporate_actions/window/ImpCorpAction.h"
+#include "transactions/dividends/window/FrmDividend.h"
 #include "transactions/opening_stock/window/FrmStkOpBalance.h"
 #include "transactions/transfers/window/FrmScriptTransfer.h"
 
@@ -52,9 +57,9 @@ ChildWindow* MakePayment(ReportDesk& desk) {
   return new broker_money::FrmBrPayment(desk, kind);
 }
 
-constexpr Feature ReportOf(const reports::WindowEntry& report, ChildWindow* (*make)(Desk&)) {
+constexpr Feature ReportOf(const reports::WindowEntry& report, ChildWindow* (*make)(ReportDesk&)) {
   return {report.item, report.caption, report.of_client ? kClientSelection : kOpenWindow,
-          "mnuReport", report.name,    report.chapter,
+          report.menu, report.name,    report.chapter,
           make};
 }
 
@@ -126,12 +131,22 @@ constexpr Feature kFeatures[] = {
      "mnuPortfolio"},
     {"mnuImpSample", QT_TRANSLATE_NOOP("MainMenu", "Take In the &Sample Portfolio"), kImportSample,
      "mnuPortfolio"},
+    {"mnuLineActions", "", kSeparator, "mnuPortfolio"},
+    {"mnuCorpAction", QT_TRANSLATE_NOOP("MainMenu", "&Corporate Actions"), kOpenWindow,
+     "mnuPortfolio", "FrmCorpAction", "corporate-actions.md",
+     Make<corporate_actions::FrmCorpAction>},
+    {"mnuDividends", QT_TRANSLATE_NOOP("MainMenu", "&Dividends"), kClientSelection, "mnuPortfolio",
+     "FrmDividend", "dividends.md", Make<dividends::FrmDividend>},
+    ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),
+    ReportOf(reports::kScripPageWindow, Make<scrip_page::RptScripPage>),
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},
 
     {"", "", kNoItem, "", "FrmClientList", "main-window.md", Make<client_list::FrmClientList>},
     {"", "", kNoItem, "", "frmdocuments", "users-and-settings.md", Make<documents::frmdocuments>},
+    {"", "", kNoItem, "", "ImpCorpAction", "corporate-actions.md",
+     Make<corporate_actions::ImpCorpAction>},
     {"", "", kNoItem, "", "FrmScriptType", "masters.md", MakeLookup<LookupKind::kScripTypes>},
     {"", "", kNoItem, "", "FrmScriptCls", "masters.md", MakeLookup<LookupKind::kScripClasses>},
     {"", "", kNoItem, "", "FrmTransPer", "masters.md", MakeLookup<LookupKind::kTaxPercentages>},

@@ -105,14 +105,14 @@ QString MonthName(text::Date date) {
 
 GainsChart::GainsChart(const reporting::Period& period) : first_month_(MonthNumber(period.from)) {
   chart_.kind = ChartKind::kStacked;
-  chart_.title = Tr("Gains by kind");
-  chart_.category_heading = Tr("Month");
+  chart_.title = QStringLiteral("Gains by kind");
+  chart_.category_heading = QStringLiteral("Month");
   for (int month = first_month_; month <= MonthNumber(period.to); ++month) {
     chart_.categories << NameOf(month);
   }
   const auto months = static_cast<std::size_t>(chart_.categories.size());
   for (const char* name : {"Speculation", "Short Term", "Long Term"}) {
-    chart_.series.push_back({Tr(name), std::vector<std::int64_t>(months)});
+    chart_.series.push_back({QLatin1String(name), std::vector<std::int64_t>(months)});
   }
 }
 

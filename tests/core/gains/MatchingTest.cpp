@@ -25,7 +25,9 @@ Date Day(const char* dmy) {
 }
 
 Purchase Bought(const char* day, double quantity, double rate, double net) {
-  Purchase purchase{.date = Day(day), .quantity = quantity, .lot_rate = rate, .net = net};
+  Purchase purchase{.date = Day(day), .entered = Day(day), .quantity = quantity};
+  purchase.lot_rate = rate;
+  purchase.net = net;
   purchase.remaining = quantity;
   return purchase;
 }
@@ -58,7 +60,9 @@ Portfolio RandomPortfolio(std::mt19937_64& random) {
     const std::int64_t net = below(20'000'000);
     const std::int64_t service_tax = below(30'000);
     const std::int64_t stt = below(70'000);
-    Purchase purchase{.date = day(i), .lot_rate = rate()};
+    Purchase purchase;
+    purchase.date = purchase.entered = day(i);
+    purchase.lot_rate = rate();
     purchase.quantity = purchase.remaining = static_cast<double>(shares) / 1e6;
     purchase.net = static_cast<double>(net) / 1e4;
     purchase.service_tax = static_cast<double>(service_tax) / 100;

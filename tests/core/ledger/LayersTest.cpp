@@ -27,7 +27,7 @@ struct Holding {
   Layers layers{lots};
 
   void Buy(int day, double rate, double quantity) {
-    layers.Receive(Key(rate), Day(day), Shares(quantity));
+    layers.Receive(Key(rate), {Day(day), Shares(quantity)});
   }
   Layers::Taken Sell(double rate, double quantity) {
     return layers.TakeFromLot(Key(rate), Shares(quantity));

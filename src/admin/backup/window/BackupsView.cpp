@@ -101,7 +101,7 @@ void BackupsView::Select(const QString& path) {
 
 MaybeRefusal BackupsView::Verify() {
   if (Current() == nullptr) {
-    return Refusal{tr("Select a BackUp!"), objectName()};
+    return Refusal{tr("Select a BackUp!"), Field::kRecord};
   }
   const QString path = Current()->path;
   MaybeRefusal refusal;

@@ -90,7 +90,7 @@ void FrmClientList::FillYears() {
 void FrmClientList::cmdproceed_Click() {
   const int client = ClGrd1->CurrentId();
   if (client == 0) {
-    ShowAt(tr("Select Client!"), CVS);
+    ShowAt(tr("Select Client!"), ClGrd1);
     return;
   }
   const auto year = text::FinancialYear::Parse(CboYr->currentText());

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "controls/TextBox.h"
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
 #include "controls/FieldLayout.h"
 #include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
 #include "transactions/corporate_actions/ActionBook.h"
 
 #include <array>

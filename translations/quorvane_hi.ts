@@ -2,6 +2,220 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="hi_IN" sourcelanguage="en">
 <context>
+    <name>ActionList</name>
+    <message>
+        <source>Invalid File.</source>
+        <translation>फ़ाइल अमान्य है।</translation>
+    </message>
+    <message>
+        <source>there is no code</source>
+        <translation>कोड नहीं है</translation>
+    </message>
+    <message>
+        <source>The file holds no corporate action.</source>
+        <translation>फ़ाइल में कोई कॉर्पोरेट कार्रवाई नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 is no kind of corporate action</source>
+        <translation>%1 कॉर्पोरेट कार्रवाई का कोई प्रकार नहीं है</translation>
+    </message>
+    <message>
+        <source>%1 is no date</source>
+        <translation>%1 कोई तारीख़ नहीं है</translation>
+    </message>
+    <message>
+        <source>%1 is no number that can stand there</source>
+        <translation>%1 ऐसी संख्या नहीं है जो यहाँ हो सके</translation>
+    </message>
+    <message>
+        <source>Line %1: %2.</source>
+        <translation>पंक्ति %1: %2।</translation>
+    </message>
+    <message>
+        <source>... and %1 more.</source>
+        <translation>... और %1 अन्य।</translation>
+    </message>
+    <message>
+        <source>The file holds more than can be read.</source>
+        <translation>फ़ाइल पढ़ने की सीमा से बड़ी है।</translation>
+    </message>
+    <message>
+        <source>Expected are the columns scrip_code, kind, ex_date and, as far as there are any, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; or those of an exchange&apos;s list of corporate actions: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date.</source>
+        <translation>अपेक्षित कॉलम हैं scrip_code, kind, ex_date और, जो हों, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; या किसी एक्सचेंज की कॉर्पोरेट कार्रवाइयों की सूची के: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date।</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>नया</translation>
+    </message>
+    <message>
+        <source>Recorded Already</source>
+        <translation>पहले से दर्ज</translation>
+    </message>
+    <message>
+        <source>Doubled</source>
+        <translation>दोहराया गया</translation>
+    </message>
+    <message>
+        <source>Script not Here</source>
+        <translation>शेयर यहाँ नहीं है</translation>
+    </message>
+    <message>
+        <source>Not Understood</source>
+        <translation>समझा नहीं गया</translation>
+    </message>
+    <message>
+        <source>ex-date</source>
+        <translation>एक्स-तारीख</translation>
+    </message>
+    <message>
+        <source>ratio</source>
+        <translation>अनुपात</translation>
+    </message>
+    <message>
+        <source>other script</source>
+        <translation>दूसरा शेयर</translation>
+    </message>
+    <message>
+        <source>price</source>
+        <translation>मूल्य</translation>
+    </message>
+    <message>
+        <source>amount a share</source>
+        <translation>प्रति शेयर राशि</translation>
+    </message>
+    <message>
+        <source>percent of cost</source>
+        <translation>लागत का प्रतिशत</translation>
+    </message>
+</context>
+<context>
+    <name>Actions</name>
+    <message>
+        <source>%1: Bill %2</source>
+        <translation>%1: बिल %2</translation>
+    </message>
+    <message>
+        <source>%1: Transfer</source>
+        <translation>%1: ट्रांसफ़र</translation>
+    </message>
+    <message>
+        <source>The Holdings can&apos;t Follow: these Sales and Transfers from the Ex-Date on would Lack Shares. Delete them, Apply again, and Enter them anew.</source>
+        <translation>होल्डिंग नहीं बदली जा सकती: एक्स-डेट से आगे की इन बिक्रियों और ट्रांसफ़रों के लिए शेयर कम पड़ेंगे। उन्हें हटाएँ, दोबारा लागू करें और उन्हें फिर से दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>%1 of %2, %3 Shares</source>
+        <translation>%1, तारीख %2, %3 शेयर</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>Enter Ex-Date.</source>
+        <translation>एक्स-डेट दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Enter a Ratio Above Zero.</source>
+        <translation>शून्य से अधिक अनुपात दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>A Split Gives More Shares than were Held, such as 10 for 1.</source>
+        <translation>स्प्लिट में पहले से अधिक शेयर मिलते हैं, जैसे 1 के बदले 10।</translation>
+    </message>
+    <message>
+        <source>A Consolidation Gives Fewer Shares than were Held, such as 1 for 10.</source>
+        <translation>कंसोलिडेशन में पहले से कम शेयर मिलते हैं, जैसे 10 के बदले 1।</translation>
+    </message>
+    <message>
+        <source>Select the Script that the Shares Go to.</source>
+        <translation>वह स्क्रिप्ट चुनें जिसमें शेयर जाते हैं।</translation>
+    </message>
+    <message>
+        <source>The Two Scripts must Differ.</source>
+        <translation>दोनों स्क्रिप्ट अलग होनी चाहिए।</translation>
+    </message>
+    <message>
+        <source>Enter a Price Above Zero.</source>
+        <translation>शून्य से अधिक मूल्य दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Enter a Percent of Cost between 0 and 100.</source>
+        <translation>लागत का प्रतिशत 0 और 100 के बीच दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>Split</source>
+        <translation>स्प्लिट</translation>
+    </message>
+    <message>
+        <source>Consolidation</source>
+        <translation>कंसोलिडेशन</translation>
+    </message>
+    <message>
+        <source>Bonus</source>
+        <translation>बोनस</translation>
+    </message>
+    <message>
+        <source>Rights</source>
+        <translation>राइट्स</translation>
+    </message>
+    <message>
+        <source>Merger</source>
+        <translation>विलय</translation>
+    </message>
+    <message>
+        <source>Demerger</source>
+        <translation>डीमर्जर</translation>
+    </message>
+    <message>
+        <source>Buy-Back</source>
+        <translation>बायबैक</translation>
+    </message>
+    <message>
+        <source>Change of Name</source>
+        <translation>नाम परिवर्तन</translation>
+    </message>
+    <message>
+        <source>Dividend</source>
+        <translation>लाभांश</translation>
+    </message>
+    <message>
+        <source>This Corporate Action was Deleted in the Meantime.</source>
+        <translation>यह कॉरपोरेट एक्शन इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>This Corporate Action is Recorded Already.</source>
+        <translation>यह कॉरपोरेट एक्शन पहले से दर्ज है।</translation>
+    </message>
+    <message>
+        <source>Take the Corporate Action back before it is Changed.</source>
+        <translation>बदलने से पहले कॉरपोरेट एक्शन वापस लें।</translation>
+    </message>
+    <message>
+        <source>Take back the Later Action %1 of %2 First.</source>
+        <translation>पहले %2 का बाद वाला एक्शन %1 वापस लें।</translation>
+    </message>
+    <message>
+        <source>This Corporate Action is Applied Already.</source>
+        <translation>यह कॉरपोरेट एक्शन पहले ही लागू है।</translation>
+    </message>
+    <message>
+        <source>The Ex-Date is still to Come.</source>
+        <translation>एक्स-डेट अभी आनी है।</translation>
+    </message>
+    <message>
+        <source>Take the Corporate Action back before it is Deleted.</source>
+        <translation>हटाने से पहले कॉरपोरेट एक्शन वापस लें।</translation>
+    </message>
+</context>
+<context>
     <name>Backup</name>
     <message>
         <source>The folder&apos;s name is too long.</source>
@@ -290,50 +504,6 @@ Maximum Allowed Value is: %1</source>
         <translation>Cr. By Broker</translation>
     </message>
     <message>
-        <source>Amt Bill No. </source>
-        <translation>Amt Bill No. </translation>
-    </message>
-    <message>
-        <source>Cash</source>
-        <translation>Cash</translation>
-    </message>
-    <message>
-        <source>Cheque</source>
-        <translation>Cheque</translation>
-    </message>
-    <message>
-        <source>Opening Balance</source>
-        <translation>Opening Balance</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>Date</translation>
-    </message>
-    <message>
-        <source>Particulars</source>
-        <translation>Particulars</translation>
-    </message>
-    <message>
-        <source>Amount (Dr.)</source>
-        <translation>Amount (Dr.)</translation>
-    </message>
-    <message>
-        <source>Amount (Cr.)</source>
-        <translation>Amount (Cr.)</translation>
-    </message>
-    <message>
-        <source>Balance</source>
-        <translation>Balance</translation>
-    </message>
-    <message>
-        <source>Closing Balance</source>
-        <translation>Closing Balance</translation>
-    </message>
-    <message>
-        <source>Broker Ledger (From %1 To %2)</source>
-        <translation>Broker Ledger (From %1 To %2)</translation>
-    </message>
-    <message>
         <source>Reading the broker ledger</source>
         <translation>Reading the broker ledger</translation>
     </message>
@@ -585,6 +755,37 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>Dividends</name>
+    <message>
+        <source>Select Demat Account.</source>
+        <translation>डीमैट खाता चुनें।</translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Enter a Date within the Financial Year.</source>
+        <translation>वित्तीय वर्ष के भीतर की तारीख दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Enter Quantity.</source>
+        <translation>मात्रा दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Enter the Dividend per Share.</source>
+        <translation>प्रति शेयर लाभांश दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Enter Tax Deducted between 0 and the Dividend.</source>
+        <translation>काटा गया कर 0 और लाभांश के बीच दर्ज करें।</translation>
+    </message>
+</context>
+<context>
     <name>DoubleKeys</name>
     <message>
         <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Do not delete one of them in its window: both would go. Restore a BackUp.</source>
@@ -656,6 +857,14 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>The archive holds more than one .csv file. Unpack it and choose one.</source>
         <translation>संग्रह में एक से अधिक .csv फ़ाइलें हैं। उसे खोलकर एक चुनें।</translation>
+    </message>
+    <message>
+        <source>The file holds no list of records.</source>
+        <translation>फ़ाइल में रिकॉर्ड की कोई सूची नहीं है।</translation>
+    </message>
+    <message>
+        <source>The file is no JSON: %1 at character %2.</source>
+        <translation>फ़ाइल JSON नहीं है: %1, वर्ण %2 पर।</translation>
     </message>
 </context>
 <context>
@@ -1082,6 +1291,22 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Take In the &amp;Sample Portfolio</source>
         <translation>नमूना पोर्टफ़ोलियो लें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Dividend &amp;Report</source>
+        <translation>लाभांश रिपोर्ट (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Script &amp;Page</source>
+        <translation>स्क्रिप्ट पृष्ठ (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Corporate Actions</source>
+        <translation>कॉरपोरेट एक्शन (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Dividends</source>
+        <translation>लाभांश (&amp;D)</translation>
     </message>
 </context>
 <context>
@@ -1536,6 +1761,18 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <source>Select Script Class.</source>
         <translation>शेयर श्रेणी चुनें।</translation>
     </message>
+    <message>
+        <source>%1 is no ISIN: Two Letters, Nine Letters or Digits, and the Check Digit.</source>
+        <translation>%1 कोई ISIN नहीं है: दो अक्षर, नौ अक्षर या अंक, और जाँच अंक।</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>The ISIN %1 is Entered Twice.</source>
+        <translation>ISIN %1 दो बार दर्ज है।</translation>
+    </message>
 </context>
 <context>
     <name>Settings</name>
@@ -1616,6 +1853,13 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Checking the tables</source>
         <translation>तालिकाएँ जाँची जा रही हैं</translation>
+    </message>
+</context>
+<context>
+    <name>Tax</name>
+    <message>
+        <source>Line %1 of advance-tax-windows.csv is no window.</source>
+        <translation>advance-tax-windows.csv की पंक्ति %1 कोई अवधि नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -1796,6 +2040,10 @@ Maximum Allowed Value is: %1</source>
         <source>Folder</source>
         <translation>फ़ोल्डर</translation>
     </message>
+    <message>
+        <source>Select a BackUp!</source>
+        <translation>बैकअप चुनें!</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::backup::frmBackUpRestore</name>
@@ -1858,10 +2106,6 @@ Maximum Allowed Value is: %1</source>
 %1</translation>
     </message>
     <message>
-        <source>Select a BackUp!</source>
-        <translation>बैकअप चुनें!</translation>
-    </message>
-    <message>
         <source>The backup is whole: every file agrees with its checksum.</source>
         <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
     </message>
@@ -1913,10 +2157,6 @@ Maximum Allowed Value is: %1</source>
         <translation>इस फ़ोल्डर में कोई बैकअप नहीं है।</translation>
     </message>
     <message>
-        <source>Select a BackUp!</source>
-        <translation>बैकअप चुनें!</translation>
-    </message>
-    <message>
         <source>The backup is whole: every file agrees with its checksum.</source>
         <translation>बैकअप पूरा है: हर फ़ाइल अपने चेकसम से मेल खाती है।</translation>
     </message>
@@ -1965,9 +2205,13 @@ What it replaced lies in %2.</source>
         <source>Demat A/c</source>
         <translation>डीमैट खाता</translation>
     </message>
+    <message>
+        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
+        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
+    </message>
 </context>
 <context>
-    <name>quorvane::bills::BillLinePane</name>
+    <name>quorvane::bills::BillLineForm</name>
     <message>
         <source>F&amp;&amp;O</source>
         <translation>एफ़&amp;&amp;ओ</translation>
@@ -2056,6 +2300,13 @@ BSE %2   NSE %3</source>
     </message>
 </context>
 <context>
+    <name>quorvane::bills::BillLinePane</name>
+    <message>
+        <source>There is no Scrip of the Code %1.</source>
+        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::bills::BillPane</name>
     <message>
         <source>Lines of the bill</source>
@@ -2113,6 +2364,26 @@ BSE %2   NSE %3</source>
         <source>Delivery</source>
         <translation>डिलीवरी</translation>
     </message>
+    <message>
+        <source>%1 at %2, held since %3</source>
+        <translation>%1 शेयर, दर %2, %3 से</translation>
+    </message>
+    <message>
+        <source>Take the Sale from these Lots, with a Line for each?
+
+%1</source>
+        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
+
+%1</translation>
+    </message>
+    <message>
+        <source>Are You Sure, You want to Delete this Record?</source>
+        <translation>क्या आप सचमुच यह रिकॉर्ड हटाना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Refresh Successfully!</source>
+        <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::bills::FrmSalePurchase</name>
@@ -2165,36 +2436,12 @@ BSE %2   NSE %3</source>
         <translation>बिल सहेजा नहीं गया है। क्या उसे छोड़ दें?</translation>
     </message>
     <message>
-        <source>There is no Scrip of the Code %1.</source>
-        <translation>कोड %1 का कोई शेयर नहीं है।</translation>
-    </message>
-    <message>
-        <source>Refresh Successfully!</source>
-        <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
-    </message>
-    <message>
-        <source>%1 at %2, held since %3</source>
-        <translation>%1 शेयर, दर %2, %3 से</translation>
-    </message>
-    <message>
         <source>There is a Bill No. %1 of this Broker on %2 already.
 
 Save this one, too?</source>
         <translation>इस ब्रोकर का %2 का बिल सं. %1 पहले से है।
 
 क्या इसे भी सहेजें?</translation>
-    </message>
-    <message>
-        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
-        <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
-    </message>
-    <message>
-        <source>Take the Sale from these Lots, with a Line for each?
-
-%1</source>
-        <translation>क्या बिक्री इन लॉट से लें, हर लॉट की एक पंक्ति?
-
-%1</translation>
     </message>
 </context>
 <context>
@@ -2552,16 +2799,8 @@ Save this one, too?</source>
         <translation>ग्राहक सूची</translation>
     </message>
     <message>
-        <source>Code or name begins with ...</source>
-        <translation>कोड या नाम इससे शुरू होता है ...</translation>
-    </message>
-    <message>
         <source>Clients</source>
         <translation>ग्राहक</translation>
-    </message>
-    <message>
-        <source>Code</source>
-        <translation>कोड</translation>
     </message>
     <message>
         <source>Client Name</source>
@@ -2574,10 +2813,6 @@ Save this one, too?</source>
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
-    </message>
-    <message>
-        <source>&amp;Search</source>
-        <translation>खोजें (&amp;S)</translation>
     </message>
     <message>
         <source>Financial &amp;Year</source>
@@ -2757,8 +2992,12 @@ Save this one, too?</source>
         <translation>कोड</translation>
     </message>
     <message>
-        <source>Name</source>
-        <translation>नाम</translation>
+        <source>Code or name begins with ...</source>
+        <translation>कोड या नाम इससे शुरू होता है ...</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>खोजें (&amp;S)</translation>
     </message>
 </context>
 <context>
@@ -2842,6 +3081,288 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::corporate_actions::FrmCorpAction</name>
+    <message>
+        <source>Corporate Actions</source>
+        <translation>कॉरपोरेट एक्शन</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>प्रकार (&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Script</source>
+        <translation>स्क्रिप्ट (&amp;S)</translation>
+    </message>
+    <message>
+        <source>E&amp;x-Date</source>
+        <translation>एक्स-डेट (&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Record Date</source>
+        <translation>रिकॉर्ड तारीख (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Ne&amp;w Shares</source>
+        <translation>नए शेयर (&amp;W)</translation>
+    </message>
+    <message>
+        <source>for Shares &amp;Held</source>
+        <translation>धारित शेयरों पर (&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;To Script</source>
+        <translation>नई स्क्रिप्ट (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Pr&amp;ice per Share</source>
+        <translation>प्रति शेयर मूल्य (&amp;I)</translation>
+    </message>
+    <message>
+        <source>Cost Mo&amp;ved (%)</source>
+        <translation>स्थानांतरित लागत (%) (&amp;V)</translation>
+    </message>
+    <message>
+        <source>A&amp;llotment Date</source>
+        <translation>आवंटन तारीख (&amp;L)</translation>
+    </message>
+    <message>
+        <source>N&amp;ote</source>
+        <translation>टिप्पणी (&amp;O)</translation>
+    </message>
+    <message>
+        <source>What the action makes of every account</source>
+        <translation>एक्शन का हर खाते पर असर</translation>
+    </message>
+    <message>
+        <source>Accounts</source>
+        <translation>खाते</translation>
+    </message>
+    <message>
+        <source>Previe&amp;w</source>
+        <translation>पूर्वावलोकन (&amp;W)</translation>
+    </message>
+    <message>
+        <source>Shows what the action makes of every account; nothing is changed</source>
+        <translation>दिखाता है कि एक्शन का हर खाते पर क्या असर है; कुछ बदला नहीं जाता</translation>
+    </message>
+    <message>
+        <source>Apply to &amp;Holdings</source>
+        <translation>होल्डिंग पर लागू करें (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Changes the holdings of every account shown</source>
+        <translation>दिखाए गए हर खाते की होल्डिंग बदलता है</translation>
+    </message>
+    <message>
+        <source>Ta&amp;ke Back</source>
+        <translation>वापस लें (&amp;K)</translation>
+    </message>
+    <message>
+        <source>Makes the holdings as they were before the action</source>
+        <translation>होल्डिंग को एक्शन से पहले जैसा करता है</translation>
+    </message>
+    <message>
+        <source>From &amp;File ...</source>
+        <translation>फ़ाइल से (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>Reads the corporate actions of an exchange&apos;s list</source>
+        <translation>एक्सचेंज की सूची से कॉरपोरेट एक्शन पढ़ता है</translation>
+    </message>
+    <message>
+        <source>Ex-Date</source>
+        <translation>एक्स-डेट</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>एक्शन</translation>
+    </message>
+    <message>
+        <source>To Script</source>
+        <translation>नई स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>Applied</source>
+        <translation>लागू</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>paid for a part of a share</source>
+        <translation>शेयर के अंश के लिए मिला</translation>
+    </message>
+    <message>
+        <source>Select the Kind of Action.</source>
+        <translation>एक्शन का प्रकार चुनें।</translation>
+    </message>
+    <message>
+        <source>Preview shows what the chosen action makes of every account.</source>
+        <translation>पूर्वावलोकन दिखाता है कि चुने एक्शन का हर खाते पर क्या असर है।</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Shares Before</source>
+        <translation>पहले शेयर</translation>
+    </message>
+    <message>
+        <source>Given</source>
+        <translation>दिए</translation>
+    </message>
+    <message>
+        <source>Subscribed</source>
+        <translation>अभिदत्त</translation>
+    </message>
+    <message>
+        <source>Received</source>
+        <translation>प्राप्त</translation>
+    </message>
+    <message>
+        <source>Shares After</source>
+        <translation>बाद में शेयर</translation>
+    </message>
+    <message>
+        <source>Fraction</source>
+        <translation>अंश</translation>
+    </message>
+    <message>
+        <source>Paid for It</source>
+        <translation>उसका भुगतान</translation>
+    </message>
+    <message>
+        <source>Cost</source>
+        <translation>लागत</translation>
+    </message>
+    <message>
+        <source>Cost Moved</source>
+        <translation>स्थानांतरित लागत</translation>
+    </message>
+    <message>
+        <source>%1 of %2, Ex-Date %3. Accounts that hold the shares: %4.</source>
+        <translation>%2 का %1, एक्स-डेट %3। शेयर रखने वाले खाते: %4।</translation>
+    </message>
+    <message>
+        <source>The books were changed since it was applied: take it back and apply it again.</source>
+        <translation>लागू करने के बाद बहियाँ बदली गईं: इसे वापस लें और फिर लागू करें।</translation>
+    </message>
+    <message>
+        <source>It is applied.</source>
+        <translation>यह लागू है।</translation>
+    </message>
+    <message>
+        <source>Apply %1 to the Holdings of %2 Accounts?</source>
+        <translation>%2 खातों की होल्डिंग पर %1 लागू करें?</translation>
+    </message>
+    <message>
+        <source>Applied to %1 Accounts. Carry the Stock Forward again where a Later Year was Opened already.</source>
+        <translation>%1 खातों पर लागू। जहाँ अगला वर्ष खुल चुका है, वहाँ स्टॉक फिर से आगे ले जाएँ।</translation>
+    </message>
+    <message>
+        <source>Take back %1 of %2?</source>
+        <translation>%2 का %1 वापस लें?</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::corporate_actions::ImpCorpAction</name>
+    <message>
+        <source>Corporate Actions from a File</source>
+        <translation>फ़ाइल से कॉरपोरेट एक्शन</translation>
+    </message>
+    <message>
+        <source>Choose a list of corporate actions of an exchange, or a corporate_actions.csv.</source>
+        <translation>एक्सचेंज की कॉरपोरेट एक्शन सूची या corporate_actions.csv चुनें।</translation>
+    </message>
+    <message>
+        <source>Only Scripts that Somebody &amp;Holds or Held</source>
+        <translation>केवल वे स्क्रिप्ट जो किसी के पास हैं या थीं (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Corporate actions in the file</source>
+        <translation>फ़ाइल के कॉरपोरेट एक्शन</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Ex-Date</source>
+        <translation>एक्स-डेट</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>एक्शन</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>As Written</source>
+        <translation>जैसा लिखा है</translation>
+    </message>
+    <message>
+        <source>Open Points</source>
+        <translation>अधूरी बातें</translation>
+    </message>
+    <message>
+        <source>From &amp;File ...</source>
+        <translation>फ़ाइल से (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>&amp;Record Ticked</source>
+        <translation>चुने हुए दर्ज करें (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Record and &amp;Apply Ticked</source>
+        <translation>चुने हुए दर्ज और लागू करें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>Lists (*.csv *.json *.xlsx *.xls *.ods *.zip);;All Files (*)</source>
+        <translation>सूचियाँ (*.csv *.json *.xlsx *.xls *.ods *.zip);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>%1: %2 actions, %3 of them ready to be recorded. %4 rows mean nothing for shares.</source>
+        <translation>%1: %2 एक्शन, इनमें से %3 दर्ज करने योग्य। %4 पंक्तियों का शेयरों पर कोई असर नहीं।</translation>
+    </message>
+    <message>
+        <source>Tick an Action without Open Points.</source>
+        <translation>बिना अधूरी बात वाला एक्शन चुनें।</translation>
+    </message>
+    <message>
+        <source>%1 Actions are Recorded. They are Applied in the Window of the Corporate Actions.</source>
+        <translation>%1 एक्शन दर्ज हुए। वे कॉरपोरेट एक्शन की विंडो में लागू किए जाते हैं।</translation>
+    </message>
+    <message>
+        <source>The Actions are Recorded, but not Applied.</source>
+        <translation>एक्शन दर्ज हुए, पर लागू नहीं हुए।</translation>
+    </message>
+    <message>
+        <source>%1 Actions are Recorded and Applied.</source>
+        <translation>%1 एक्शन दर्ज और लागू हुए।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::demat::RptDMatStatement</name>
     <message>
         <source>Transaction Report</source>
@@ -2894,6 +3415,80 @@ Save this one, too?</source>
     <message>
         <source>The template %1 is not there.</source>
         <translation>साँचा %1 नहीं है।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::dividends::FrmDividend</name>
+    <message>
+        <source>Dividends</source>
+        <translation>लाभांश</translation>
+    </message>
+    <message>
+        <source>&amp;Script Name</source>
+        <translation>शेयर का नाम (&amp;S)</translation>
+    </message>
+    <message>
+        <source>D&amp;emat A/c No.</source>
+        <translation>डीमैट खाता सं. (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Da&amp;te</source>
+        <translation>तारीख (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Quantity</source>
+        <translation>मात्रा (&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Rs a Share</source>
+        <translation>रु. प्रति शेयर (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Ta&amp;x Deducted</source>
+        <translation>काटा गया कर (&amp;X)</translation>
+    </message>
+    <message>
+        <source>Dividend</source>
+        <translation>लाभांश</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rs a Share</source>
+        <translation>रु. प्रति शेयर</translation>
+    </message>
+    <message>
+        <source>Tax Deducted</source>
+        <translation>काटा गया कर</translation>
+    </message>
+    <message>
+        <source>Corporate Action</source>
+        <translation>कॉरपोरेट एक्शन</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::dividends::RptDividends</name>
+    <message>
+        <source>Dividend Report</source>
+        <translation>लाभांश रिपोर्ट</translation>
     </message>
 </context>
 <context>
@@ -4145,6 +4740,29 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
+    <name>quorvane::reporting::PeriodPane</name>
+    <message>
+        <source>From</source>
+        <translation>तारीख़ से</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>तारीख़ तक</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>तारीख़ से (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>तारीख़ तक (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>अवधि</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::reporting::PreviewWindow</name>
     <message>
         <source>Fit Width</source>
@@ -4244,23 +4862,7 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
-    <name>quorvane::reporting::ReportWindow</name>
-    <message>
-        <source>Report</source>
-        <translation>रिपोर्ट</translation>
-    </message>
-    <message>
-        <source>The report appears here.</source>
-        <translation>रिपोर्ट यहाँ दिखेगी।</translation>
-    </message>
-    <message>
-        <source>Pages, Word, Excel, PDF and CSV</source>
-        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
-    </message>
-    <message>
-        <source>E&amp;xit</source>
-        <translation>बंद करें (&amp;X)</translation>
-    </message>
+    <name>quorvane::reporting::ReportOutputs</name>
     <message>
         <source>&amp;Preview and Print</source>
         <translation>पूर्वावलोकन और छपाई (&amp;P)</translation>
@@ -4282,36 +4884,35 @@ Lots changed: %1</source>
         <translation>सीएसवी (&amp;C)</translation>
     </message>
     <message>
-        <source>From</source>
-        <translation>तारीख़ से</translation>
-    </message>
-    <message>
-        <source>To</source>
-        <translation>तारीख़ तक</translation>
-    </message>
-    <message>
-        <source>&amp;From</source>
-        <translation>तारीख़ से (&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;To</source>
-        <translation>तारीख़ तक (&amp;T)</translation>
-    </message>
-    <message>
-        <source>Period</source>
-        <translation>अवधि</translation>
-    </message>
-    <message>
-        <source>No Record Found.</source>
-        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
-    </message>
-    <message>
         <source>The report lies in %1. No program that opens it was found.</source>
         <translation>रिपोर्ट %1 में है। उसे खोलने वाला कोई प्रोग्राम नहीं मिला।</translation>
     </message>
     <message>
         <source>Saved as %1.</source>
         <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::reporting::ReportWindow</name>
+    <message>
+        <source>Report</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>The report appears here.</source>
+        <translation>रिपोर्ट यहाँ दिखेगी।</translation>
+    </message>
+    <message>
+        <source>Pages, Word, Excel, PDF and CSV</source>
+        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>No Record Found.</source>
+        <translation>कोई रिकॉर्ड नहीं मिला।</translation>
     </message>
     <message>
         <source>&amp;Report</source>
@@ -4329,13 +4930,63 @@ Lots changed: %1</source>
         <source>Report and charts</source>
         <translation>रिपोर्ट और चार्ट</translation>
     </message>
+</context>
+<context>
+    <name>quorvane::reporting::TickGrid</name>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
     <message>
         <source>Select Demat A/c!</source>
         <translation>डीमैट खाता चुनें!</translation>
     </message>
+</context>
+<context>
+    <name>quorvane::scrip_page::RptScripPage</name>
     <message>
-        <source>and %1 more</source>
-        <translation>और %1 अन्य</translation>
+        <source>Script Page</source>
+        <translation>स्क्रिप्ट पृष्ठ</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>&amp;Script Name</source>
+        <translation>शेयर का नाम (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Whose</source>
+        <translation>किसका</translation>
+    </message>
+    <message>
+        <source>&amp;Client</source>
+        <translation>क्लाइंट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Family</source>
+        <translation>परिवार (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Holding</source>
+        <translation>होल्डिंग</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>चार्ट</translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>परिवार</translation>
     </message>
 </context>
 <context>

@@ -45,9 +45,10 @@ int main(int argc, char** argv) {
   app.set_version_flag("--version", quorvane::app::kVersionText);
   app.add_option("--data", context.data_folder, "Application folder with the settings and data");
   app.add_flag("--quiet", context.quiet, "No progress bar and no notices");
-  for (const Registrar add : {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands,
-                              AddReportCommands, AddLedgerCommands, AddRatesCommands,
-                              AddDatabaseCommands, AddBackupCommands, AddDemoCommand}) {
+  for (const Registrar add :
+       {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands, AddActionCommands,
+        AddReportCommands, AddLedgerCommands, AddRatesCommands, AddDatabaseCommands,
+        AddBackupCommands, AddDemoCommand}) {
     add(app, context);
   }
   return Run(app, context, argc, argv);

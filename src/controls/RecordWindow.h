@@ -94,6 +94,9 @@ class RecordWindow : public ChildWindow {
   void ShowDetails();
   void ShowList();
 
+  /// Brings a panel to the front: 0 the details, 1 the list, then those of AddPanel.
+  void ShowPanel(int panel);
+
   /// True when a record is edited and something in its form was changed since that began.
   bool IsChanged() const;
 
@@ -143,7 +146,6 @@ class RecordWindow : public ChildWindow {
   void ShowRecord(int id);
   void Refill(int id);
   void FillAgain(int id);
-  void ShowPanel(int panel);
 
   Panels panels_;
   QWidget* details_;

@@ -23,7 +23,7 @@ class ServerFolder {
   QString Socket() const;
 
   /// For the server's scratch tables: every server that starts clears those in its folder away,
-  /// whosever they are.
+  /// those of other programs too.
   QString Scratch(const QString& socket) const;
 
   /// Room for small files on another disk, while the folder's own is full; empty when there is

@@ -8,7 +8,7 @@
 
 namespace quorvane::reporting {
 
-ReportOutputs::ReportOutputs(controls::Desk& desk, const controls::Guard& guard, Source& source,
+ReportOutputs::ReportOutputs(ReportDesk& desk, const controls::Guard& guard, Source& source,
                              QWidget* window)
     : QObject(window), desk_(desk), source_(source), window_(window), mnuReport(new QMenu(window)) {
   mnuReport->setObjectName(QStringLiteral("mnuReport"));

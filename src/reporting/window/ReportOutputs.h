@@ -1,10 +1,10 @@
 #pragma once
 
-#include "controls/Desk.h"
 #include "controls/Messages.h"
 #include "core/Progress.h"
 #include "reporting/document/ReportDocument.h"
 #include "reporting/output/WriteReport.h"
+#include "reporting/window/ReportDesk.h"
 
 #include <QMenu>
 
@@ -37,8 +37,7 @@ class ReportOutputs : public QObject {
   };
 
   /// The menu's shortcuts hold in `window`, which is also what progress and questions stand over.
-  ReportOutputs(controls::Desk& desk, const controls::Guard& guard, Source& source,
-                QWidget* window);
+  ReportOutputs(ReportDesk& desk, const controls::Guard& guard, Source& source, QWidget* window);
 
   QMenu& Menu() { return *mnuReport; }
 
@@ -60,7 +59,7 @@ class ReportOutputs : public QObject {
   void Write(const ReportDocument& document, OutputFormat format, const QString& path);
   void WriteWhereAsked(OutputFormat format);
 
-  controls::Desk& desk_;
+  ReportDesk& desk_;
   Source& source_;
   QWidget* window_;
   QMenu* mnuReport;

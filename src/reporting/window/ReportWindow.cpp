@@ -107,7 +107,7 @@ void ReportWindow::MakePeriod(PeriodPane::Form form) {
     Watch(box);
   }
   connect(period_, &PeriodPane::MonthRefused, this,
-          [this](const Refusal& refusal) { Show(refusal); });
+          [this](const QString& text, QWidget* month) { ShowAt(text, month); });
 }
 
 void ReportWindow::AddPeriod(Months months) {

@@ -87,7 +87,7 @@ class LedgerReader {
       Add(bill.broker, bill.date,
           {records::FaultKind::kBillWithoutDate, bill.client, bill.id.value,
            bill.number.toStdString(), bill.date.toStdString()},
-          Tr("BrokerLedger", "Amt Bill No. ") + bill.number, text::ToPaise(bill.grand_total));
+          QStringLiteral("Amt Bill No. ") + bill.number, text::ToPaise(bill.grand_total));
     });
     Step();
   }
@@ -95,7 +95,7 @@ class LedgerReader {
   void ReadMoney(const MoneyTable& table) {
     Recorded<records::Payment>(table.name).Each([&](const records::Payment& payment) {
       const QString mode =
-          payment.payment_mode == 0 ? Tr("BrokerLedger", "Cash") : Tr("BrokerLedger", "Cheque");
+          payment.payment_mode == 0 ? QStringLiteral("Cash") : QStringLiteral("Cheque");
       const std::int64_t amount = text::ToPaise(payment.amount);
       Add(payment.broker, payment.date,
           {records::FaultKind::kPaymentWithoutDate,
@@ -136,9 +136,8 @@ class LedgerReader {
   void Finish(BrokerAccount& account, std::int64_t opening) const {
     std::ranges::stable_sort(account.lines, {}, &LedgerLine::date);
     if (opening != 0) {
-      account.lines.insert(
-          account.lines.begin(),
-          LineOf(query_.period.from, Tr("BrokerLedger", "Opening Balance"), opening));
+      account.lines.insert(account.lines.begin(),
+                           LineOf(query_.period.from, QStringLiteral("Opening Balance"), opening));
     }
     std::int64_t balance = 0;
     for (LedgerLine& line : account.lines) {

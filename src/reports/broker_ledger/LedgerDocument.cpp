@@ -1,5 +1,4 @@
 #include "core/text/Amounts.h"
-#include "core/text/Tr.h"
 #include "reports/broker_ledger/BrokerLedger.h"
 
 #include <cstdlib>
@@ -17,11 +16,11 @@ Cell Amount(std::int64_t paise) {
 
 reporting::Table NewTable() {
   reporting::Table table;
-  table.columns = {reporting::DateColumn(Tr("BrokerLedger", "Date")),
-                   reporting::TextColumn(Tr("BrokerLedger", "Particulars")),
-                   reporting::AmountColumn(Tr("BrokerLedger", "Amount (Dr.)")),
-                   reporting::AmountColumn(Tr("BrokerLedger", "Amount (Cr.)")),
-                   reporting::TextColumn(Tr("BrokerLedger", "Balance"))};
+  table.columns = {reporting::DateColumn(QStringLiteral("Date")),
+                   reporting::TextColumn(QStringLiteral("Particulars")),
+                   reporting::AmountColumn(QStringLiteral("Amount (Dr.)")),
+                   reporting::AmountColumn(QStringLiteral("Amount (Cr.)")),
+                   reporting::TextColumn(QStringLiteral("Balance"))};
   table.columns.back().alignment = reporting::Alignment::kRight;
   return table;
 }
@@ -35,7 +34,7 @@ void AddAccount(reporting::Table& table, const BrokerAccount& account) {
   }
   table.rows.push_back(
       {.kind = RowKind::kTotal,
-       .cells = {Cell{}, Tr("BrokerLedger", "Closing Balance"), text::FromPaise(account.Debits()),
+       .cells = {Cell{}, QStringLiteral("Closing Balance"), text::FromPaise(account.Debits()),
                  text::FromPaise(account.Credits()), BalanceText(account.Closing())}});
 }
 
@@ -49,7 +48,7 @@ QString BalanceText(std::int64_t balance) {
 reporting::ReportDocument MakeLedgerDocument(const LedgerQuery& query, const QString& client,
                                              std::span<const BrokerAccount> accounts) {
   reporting::ReportDocument document;
-  document.titles = {Tr("BrokerLedger", "Broker Ledger (From %1 To %2)")
+  document.titles = {QStringLiteral("Broker Ledger (From %1 To %2)")
                          .arg(text::FormatDmy(query.period.from), text::FormatDmy(query.period.to)),
                      client};
   reporting::Table table = NewTable();

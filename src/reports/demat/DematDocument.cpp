@@ -1,6 +1,5 @@
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
-#include "core/text/Tr.h"
 #include "reports/demat/DematStatement.h"
 
 #include <array>
@@ -23,13 +22,13 @@ Cell QuantityOrNothing(Shares quantity) {
 
 Table NewTable(const lookups::AccountEntry& account) {
   Table table;
-  table.titles = {account.id ? Tr("DematStatement", "Demat A/c No. ") + Utf8(account.number)
-                             : Tr("DematStatement", "Without Demat A/c")};
-  table.columns = {reporting::DateColumn(Tr("DematStatement", "Date")),
-                   reporting::TextColumn(Tr("DematStatement", "Particulars")),
-                   reporting::QuantityColumn(Tr("DematStatement", "In")),
-                   reporting::QuantityColumn(Tr("DematStatement", "Out")),
-                   reporting::QuantityColumn(Tr("DematStatement", "Balance"))};
+  table.titles = {account.id ? QStringLiteral("Demat A/c No. ") + Utf8(account.number)
+                             : QStringLiteral("Without Demat A/c")};
+  table.columns = {reporting::DateColumn(QStringLiteral("Date")),
+                   reporting::TextColumn(QStringLiteral("Particulars")),
+                   reporting::QuantityColumn(QStringLiteral("In")),
+                   reporting::QuantityColumn(QStringLiteral("Out")),
+                   reporting::QuantityColumn(QStringLiteral("Balance"))};
   return table;
 }
 
@@ -48,7 +47,7 @@ void AddScrip(Table& table, const ScripMovements& scrip, const QString& name) {
     out += line.out;
   }
   table.rows.push_back({.kind = RowKind::kTotal,
-                        .cells = {Cell(), Tr("DematStatement", "Total"), in.Number(), out.Number(),
+                        .cells = {Cell(), QStringLiteral("Total"), in.Number(), out.Number(),
                                   scrip.lines.back().balance.Number()}});
 }
 
@@ -72,9 +71,9 @@ reporting::ReportDocument MakeDematDocument(const DematQuery& query, ClientId cl
                                             const lookups::Directory& directory) {
   const lookups::ClientEntry& entry = directory.Client(client);
   reporting::ReportDocument document;
-  document.titles = {Tr("DematStatement", "Demat A/c Statement") + QStringLiteral(" (") +
-                         Tr("DematStatement", "From ") + text::FormatDmy(query.period.from) +
-                         Tr("DematStatement", " To ") + text::FormatDmy(query.period.to) +
+  document.titles = {QStringLiteral("Demat A/c Statement") + QStringLiteral(" (") +
+                         QStringLiteral("From ") + text::FormatDmy(query.period.from) +
+                         QStringLiteral(" To ") + text::FormatDmy(query.period.to) +
                          QLatin1Char(')'),
                      Utf8(entry.name) + QStringLiteral(" (") + Utf8(entry.code) + QLatin1Char(')')};
   std::optional<AccountId> account;

@@ -1,6 +1,5 @@
 #include "reports/demat/DematStatement.h"
 
-#include "core/text/Tr.h"
 #include "reports/demat/MovementReader.h"
 
 #include <algorithm>
@@ -26,17 +25,17 @@ Movement KindOf(const RawMovement& raw) {
 QString ParticularsOf(Movement movement, const RawMovement& raw, const MovementReader& reader) {
   switch (movement) {
     case Movement::kOpening:
-      return Tr("DematStatement", "Opening Balance");
+      return QStringLiteral("Opening Balance");
     case Movement::kPurchase:
-      return Tr("DematStatement", "(P) - ") + reader.BrokerName(raw.other);
+      return QStringLiteral("(P) - ") + reader.BrokerName(raw.other);
     case Movement::kSale:
-      return Tr("DematStatement", "(S) - ") + reader.BrokerName(raw.other);
+      return QStringLiteral("(S) - ") + reader.BrokerName(raw.other);
     case Movement::kPurchaseAndSale:
-      return Tr("DematStatement", "(P & S) - ") + reader.BrokerName(raw.other);
+      return QStringLiteral("(P & S) - ") + reader.BrokerName(raw.other);
     case Movement::kTransferTo:
-      return Tr("DematStatement", "Transfer To - ") + reader.AccountNumber(raw.other);
+      return QStringLiteral("Transfer To - ") + reader.AccountNumber(raw.other);
     case Movement::kTransferFrom:
-      return Tr("DematStatement", "Transfer From - ") + reader.AccountNumber(raw.other);
+      return QStringLiteral("Transfer From - ") + reader.AccountNumber(raw.other);
   }
   return {};
 }
@@ -59,9 +58,8 @@ class LineMaker {
       }
     }
     if (balance) {
-      lines.push_back({Movement::kOpening, query_.period.from,
-                       Tr("DematStatement", "Opening Balance"), std::max(balance, Shares()),
-                       std::max(-balance, Shares()), balance});
+      lines.push_back({Movement::kOpening, query_.period.from, QStringLiteral("Opening Balance"),
+                       std::max(balance, Shares()), std::max(-balance, Shares()), balance});
     }
     for (const RawMovement& raw : movements) {
       if (!is_before(raw) && (raw.in || raw.out)) {

@@ -1,7 +1,6 @@
 #include "reports/demat/TransactionDocument.h"
 
 #include "core/text/Amounts.h"
-#include "core/text/Tr.h"
 
 #include <cstdlib>
 
@@ -23,28 +22,27 @@ Cell Paise(std::int64_t paise) {
 
 Table NewTable() {
   Table table;
-  table.columns = {reporting::NumberColumn(Tr("TransactionReport", "S.No")),
-                   reporting::DateColumn(Tr("TransactionReport", "Date")),
-                   reporting::TextColumn(Tr("TransactionReport", "Company Name")),
-                   reporting::TextColumn(Tr("TransactionReport", "Transaction")),
-                   reporting::QuantityColumn(Tr("TransactionReport", "Quantity")),
-                   reporting::AmountColumn(Tr("TransactionReport", "Rate")),
-                   reporting::AmountColumn(Tr("TransactionReport", "Trade Value")),
-                   reporting::AmountColumn(Tr("TransactionReport", "Brokerage")),
-                   reporting::AmountColumn(Tr("TransactionReport", "S.Tax")),
-                   reporting::AmountColumn(Tr("TransactionReport", "S.T.T.")),
-                   reporting::AmountColumn(Tr("TransactionReport", "Total"))};
+  table.columns = {reporting::NumberColumn(QStringLiteral("S.No")),
+                   reporting::DateColumn(QStringLiteral("Date")),
+                   reporting::TextColumn(QStringLiteral("Company Name")),
+                   reporting::TextColumn(QStringLiteral("Transaction")),
+                   reporting::QuantityColumn(QStringLiteral("Quantity")),
+                   reporting::AmountColumn(QStringLiteral("Rate")),
+                   reporting::AmountColumn(QStringLiteral("Trade Value")),
+                   reporting::AmountColumn(QStringLiteral("Brokerage")),
+                   reporting::AmountColumn(QStringLiteral("S.Tax")),
+                   reporting::AmountColumn(QStringLiteral("S.T.T.")),
+                   reporting::AmountColumn(QStringLiteral("Total"))};
   return table;
 }
 
 Row LineRow(int number, const TransactionLine& line, const lookups::Directory& directory) {
-  return {
-      .kind = RowKind::kData,
-      .cells = {static_cast<double>(number), line.date, Utf8(directory.Scrip(line.scrip).name),
-                line.purchase ? Tr("TransactionReport", "Buy") : Tr("TransactionReport", "Sell"),
-                line.quantity.Number(), line.rate, Paise(line.money.trade_value),
-                Paise(line.money.brokerage), Paise(line.money.service_tax), Paise(line.money.stt),
-                Paise(line.money.total)}};
+  return {.kind = RowKind::kData,
+          .cells = {static_cast<double>(number), line.date, Utf8(directory.Scrip(line.scrip).name),
+                    line.purchase ? QStringLiteral("Buy") : QStringLiteral("Sell"),
+                    line.quantity.Number(), line.rate, Paise(line.money.trade_value),
+                    Paise(line.money.brokerage), Paise(line.money.service_tax),
+                    Paise(line.money.stt), Paise(line.money.total)}};
 }
 
 Row AmountRow(RowKind kind, const QString& label, double amount) {
@@ -74,7 +72,7 @@ Table BrokerTable(const BrokerTransactions& broker, const lookups::Directory& di
   for (const TransactionLine& line : broker.lines) {
     table.rows.push_back(LineRow(++number, line, directory));
   }
-  AddTotals(table, Tr("TransactionReport", "Total"), broker.sums, broker.closing);
+  AddTotals(table, QStringLiteral("Total"), broker.sums, broker.closing);
   return table;
 }
 
@@ -83,7 +81,7 @@ void AddTotalsOf(reporting::ReportDocument& document, const QString& title,
                  const TransactionSums& sums, const TransactionClosing& closing) {
   Table table = NewTable();
   table.titles = {title};
-  AddTotals(table, Tr("TransactionReport", "TOTAL"), sums, closing);
+  AddTotals(table, QStringLiteral("TOTAL"), sums, closing);
   document.tables.push_back(std::move(table));
 }
 
@@ -108,7 +106,7 @@ void AddSection(reporting::ReportDocument& document, const TransactionSection& s
     document.tables.push_back(BrokerTable(broker, directory));
   }
   if (section.brokers.size() > 1) {
-    AddTotalsOf(document, Tr("TransactionReport", "All Brokers"), section.sums, section.closing);
+    AddTotalsOf(document, QStringLiteral("All Brokers"), section.sums, section.closing);
   }
   if (section.account && first < document.tables.size()) {
     document.tables[first].titles.prepend(AccountLine(*section.account, directory));
@@ -118,35 +116,32 @@ void AddSection(reporting::ReportDocument& document, const TransactionSection& s
 }  // namespace
 
 QString TransactionTitle(TransactionLayout layout) {
-  return layout == TransactionLayout::kSummarized
-             ? Tr("TransactionReport", "TRANSACTION REPORT")
-             : Tr("TransactionReport", "EQUITY TRANSACTION REPORT");
+  return layout == TransactionLayout::kSummarized ? QStringLiteral("TRANSACTION REPORT")
+                                                  : QStringLiteral("EQUITY TRANSACTION REPORT");
 }
 
 QString AccountLine(AccountId account, const lookups::Directory& directory) {
-  return account
-             ? Tr("TransactionReport", "Demat A/c No. ") + Utf8(directory.Account(account).number)
-             : Tr("TransactionReport", "Without Demat A/c");
+  return account ? QStringLiteral("Demat A/c No. ") + Utf8(directory.Account(account).number)
+                 : QStringLiteral("Without Demat A/c");
 }
 
 QString AccountsLine(const TransactionQuery& query, const lookups::Directory& directory) {
   if (query.accounts.empty()) {
-    return Tr("TransactionReport", "All Demat A/c");
+    return QStringLiteral("All Demat A/c");
   }
   QStringList numbers;
   for (const AccountId account : query.accounts) {
     numbers << Utf8(directory.Account(account).number);
   }
-  return Tr("TransactionReport", "Demat A/c No. ") + numbers.join(QStringLiteral(", "));
+  return QStringLiteral("Demat A/c No. ") + numbers.join(QStringLiteral(", "));
 }
 
 std::vector<ClosingLine> ClosingLines(const TransactionClosing& closing) {
-  return {{Tr("TransactionReport", "Total :"), text::FromPaise(closing.net)},
-          {Tr("TransactionReport", "Add/Less: Other Charges :"),
-           text::FromPaise(closing.other_charges)},
-          {Tr("TransactionReport", "Add/Less: S.T.T. :"), text::FromPaise(closing.stt)},
-          {Tr("TransactionReport", "Add/Less: Trans. Charges :"),
-           text::FromPaise(closing.transaction_charges)}};
+  return {
+      {QStringLiteral("Total :"), text::FromPaise(closing.net)},
+      {QStringLiteral("Add/Less: Other Charges :"), text::FromPaise(closing.other_charges)},
+      {QStringLiteral("Add/Less: S.T.T. :"), text::FromPaise(closing.stt)},
+      {QStringLiteral("Add/Less: Trans. Charges :"), text::FromPaise(closing.transaction_charges)}};
 }
 
 reporting::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,

@@ -1,6 +1,7 @@
 #include "reports/demat/TransactionReport.h"
 
 #include "core/text/Amounts.h"
+#include "core/text/Tr.h"
 #include "reports/demat/BillReader.h"
 
 #include <algorithm>

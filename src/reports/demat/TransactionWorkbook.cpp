@@ -1,6 +1,5 @@
 
 #include "core/text/Amounts.h"
-#include "core/text/Tr.h"
 #include "reporting/output/XlsxTemplate.h"
 #include "reports/demat/TransactionDocument.h"
 
@@ -49,7 +48,7 @@ class LineList {
       AddSection(section);
     }
     if (!only_broker_) {
-      AddTotals(Tr("TransactionReport", "TOTAL"), sums, closing);
+      AddTotals(QStringLiteral("TOTAL"), sums, closing);
     }
   }
 
@@ -66,8 +65,8 @@ class LineList {
       for (const TransactionLine& line : broker.lines) {
         AddLine(++number, line);
       }
-      AddTotals(only_broker_ ? Tr("TransactionReport", "TOTAL") : Tr("TransactionReport", "Total"),
-                broker.sums, broker.closing);
+      AddTotals(only_broker_ ? QStringLiteral("TOTAL") : QStringLiteral("Total"), broker.sums,
+                broker.closing);
       lines_.push_back({QStringLiteral("Gap"), {}});
     }
   }
@@ -87,15 +86,14 @@ class LineList {
 
   void AddLine(int number, const TransactionLine& line) {
     TemplateLine out{QStringLiteral("Fld"), MoneyCells(line.money)};
-    const std::vector<Cell> texts{
-        static_cast<double>(number),
-        line.date,
-        line.bill_number,
-        line.settlement_number,
-        Utf8(directory_.Scrip(line.scrip).name),
-        line.purchase ? Tr("TransactionReport", "Buy") : Tr("TransactionReport", "Sell"),
-        line.quantity.Number(),
-        table::ShownNumber(line.rate, reporting::Mask::kAmount)};
+    const std::vector<Cell> texts{static_cast<double>(number),
+                                  line.date,
+                                  line.bill_number,
+                                  line.settlement_number,
+                                  Utf8(directory_.Scrip(line.scrip).name),
+                                  line.purchase ? QStringLiteral("Buy") : QStringLiteral("Sell"),
+                                  line.quantity.Number(),
+                                  table::ShownNumber(line.rate, reporting::Mask::kAmount)};
     std::ranges::copy(texts, out.cells.begin());
     lines_.push_back(std::move(out));
   }

@@ -3,7 +3,6 @@
 #include "core/lookups/Directory.h"
 #include "core/records/Query.h"
 #include "core/text/Paise.h"
-#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <tuple>
@@ -55,14 +54,14 @@ std::vector<Received> InPeriod(std::span<const Dividend> all, const reporting::P
 
 reporting::Table ListOf(std::span<const Received> received) {
   reporting::Table table;
-  table.columns = {reporting::DateColumn(Tr("DividendReport", "Date")),
-                   reporting::TextColumn(Tr("DividendReport", "Script Name")),
-                   reporting::TextColumn(Tr("DividendReport", "Demat A/c No.")),
-                   reporting::QuantityColumn(Tr("DividendReport", "Quantity")),
-                   reporting::AmountColumn(Tr("DividendReport", "Rs a Share")),
-                   reporting::AmountColumn(Tr("DividendReport", "Dividend")),
-                   reporting::AmountColumn(Tr("DividendReport", "Tax Deducted")),
-                   reporting::AmountColumn(Tr("DividendReport", "Received"))};
+  table.columns = {reporting::DateColumn(QStringLiteral("Date")),
+                   reporting::TextColumn(QStringLiteral("Script Name")),
+                   reporting::TextColumn(QStringLiteral("Demat A/c No.")),
+                   reporting::QuantityColumn(QStringLiteral("Quantity")),
+                   reporting::AmountColumn(QStringLiteral("Rs a Share")),
+                   reporting::AmountColumn(QStringLiteral("Dividend")),
+                   reporting::AmountColumn(QStringLiteral("Tax Deducted")),
+                   reporting::AmountColumn(QStringLiteral("Received"))};
   Sums total;
   for (const Received& one : received) {
     total.Add(one);
@@ -73,7 +72,7 @@ reporting::Table ListOf(std::span<const Received> received) {
   }
   table.rows.push_back({.kind = RowKind::kNetTotal,
                         .cells = {{},
-                                  Tr("DividendReport", "Total"),
+                                  QStringLiteral("Total"),
                                   {},
                                   {},
                                   {},
@@ -86,11 +85,11 @@ reporting::Table ListOf(std::span<const Received> received) {
 reporting::Table WindowsOf(std::span<const Received> received,
                            std::span<const tax::AdvanceTaxWindow> windows) {
   reporting::Table table;
-  table.titles = {Tr("DividendReport", "By Advance-Tax Window")};
-  table.columns = {reporting::DateColumn(Tr("DividendReport", "From")),
-                   reporting::DateColumn(Tr("DividendReport", "To")),
-                   reporting::AmountColumn(Tr("DividendReport", "Dividend")),
-                   reporting::AmountColumn(Tr("DividendReport", "Tax Deducted"))};
+  table.titles = {QStringLiteral("By Advance-Tax Window")};
+  table.columns = {reporting::DateColumn(QStringLiteral("From")),
+                   reporting::DateColumn(QStringLiteral("To")),
+                   reporting::AmountColumn(QStringLiteral("Dividend")),
+                   reporting::AmountColumn(QStringLiteral("Tax Deducted"))};
   for (const tax::AdvanceTaxWindow& window : windows) {
     Sums sums;
     for (const Received& one : received) {
@@ -116,7 +115,7 @@ reporting::ReportDocument MakeDividendReport(database::Connection& connection,
                                         .All();
   const std::vector<Received> received = InPeriod(all, query.period, directory);
   reporting::ReportDocument document;
-  document.titles = {Tr("DividendReport", "Dividends (From %1 To %2)")
+  document.titles = {QStringLiteral("Dividends (From %1 To %2)")
                          .arg(text::FormatDmy(query.period.from), text::FormatDmy(query.period.to)),
                      QString::fromStdString(directory.Client(query.of.client).name)};
   document.tables.push_back(ListOf(received));

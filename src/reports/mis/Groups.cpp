@@ -1,7 +1,5 @@
 #include "reports/mis/Groups.h"
 
-#include "core/text/Tr.h"
-
 #include <algorithm>
 #include <unordered_map>
 
@@ -107,7 +105,7 @@ QString GroupHeadings::NameAt(Level level, const Holding& holding) const {
   switch (level) {
     case Level::kGroup: {
       const QString group = names_.GroupOf(holding.client);
-      return group.isEmpty() ? Tr("MisReport", "(none)") : group;
+      return group.isEmpty() ? QStringLiteral("(none)") : group;
     }
     case Level::kClient:
       return names_.Client(holding.client);
@@ -123,10 +121,10 @@ QString GroupHeadings::At(Level level, const Holding& holding) const {
   QString name = NameAt(level, holding);
   switch (level) {
     case Level::kGroup:
-      return Tr("MisReport", "GROUP NAME- ") + name;
+      return QStringLiteral("GROUP NAME- ") + name;
     case Level::kAccount:
-      return (holding.account ? Tr("MisReport", "Demat A/c No - ") + name
-                              : Tr("MisReport", "Without Demat A/c")) +
+      return (holding.account ? QStringLiteral("Demat A/c No - ") + name
+                              : QStringLiteral("Without Demat A/c")) +
              OwnerOf(holding);
     case Level::kScrip:
       return name + form_.Mark(holding.scrip);

@@ -1,6 +1,5 @@
 
 #include "core/text/Amounts.h"
-#include "core/text/Tr.h"
 #include "reports/mis/Groups.h"
 
 #include <algorithm>
@@ -55,7 +54,7 @@ class TableBuilder {
         levels_(LevelsOf(query.grouping, query.detail)),
         headings_(form, holdings, names, levels_),
         sums_(levels_.size() + 1) {
-    table_.columns.push_back(reporting::TextColumn(Tr("MisReport", "Particulars")));
+    table_.columns.push_back(reporting::TextColumn(QStringLiteral("Particulars")));
     for (const FigureColumn& column : columns_) {
       table_.columns.push_back(ColumnOf(column));
     }
@@ -79,7 +78,7 @@ class TableBuilder {
     if (any_) {
       CloseLine();
       Close(0);
-      AddTotal(RowKind::kNetTotal, Tr("MisReport", "Total"), sums_[0]);
+      AddTotal(RowKind::kNetTotal, QStringLiteral("Total"), sums_[0]);
     }
     return std::move(table_);
   }
@@ -107,7 +106,7 @@ class TableBuilder {
       const bool innermost = level == levels_.size();
       AddTotal(
           RowKind::kTotal,
-          innermost ? Tr("MisReport", "SubTotal") : Tr("MisReport", "SubTotal - %1").arg(sum.name),
+          innermost ? QStringLiteral("SubTotal") : QStringLiteral("SubTotal - %1").arg(sum.name),
           sum);
     }
     if (down_to == 0 && !levels_.empty()) {

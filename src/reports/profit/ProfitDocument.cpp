@@ -1,6 +1,5 @@
 #include "reports/profit/ProfitDocument.h"
 
-#include "core/text/Tr.h"
 #include "reports/profit/StatementTables.h"
 
 namespace quorvane::profit {
@@ -16,12 +15,12 @@ QStringList Titles(StatementMode mode, const ProfitQuery& query, ClientId client
                    const lookups::Directory& directory) {
   const auto& entry = directory.Client(client);
   QStringList titles{mode == StatementMode::kProfit
-                         ? Tr("ProfitStatement", "Scriptwise Profitability Statement")
-                         : Tr("ProfitStatement", "Capital Gain Statement"),
-                     Tr("ProfitStatement", "Financial Year - ") + query.year.Text()};
+                         ? QStringLiteral("Scriptwise Profitability Statement")
+                         : QStringLiteral("Capital Gain Statement"),
+                     QStringLiteral("Financial Year - ") + query.year.Text()};
   if (query.from != query.year.FirstDay() || query.to != query.year.LastDay()) {
-    titles << Tr("ProfitStatement", "Period - From ") + text::FormatDmy(query.from) +
-                  Tr("ProfitStatement", " To ") + text::FormatDmy(query.to);
+    titles << QStringLiteral("Period - From ") + text::FormatDmy(query.from) +
+                  QStringLiteral(" To ") + text::FormatDmy(query.to);
   }
   if (const QStringList choices = ChoicesOf(query); !choices.isEmpty()) {
     titles << choices.join(QStringLiteral(", "));
@@ -39,14 +38,14 @@ QStringList ChoicesOf(const ProfitQuery& query) {
       choices << text;
     }
   };
-  add(query.fo == gains::FoChoice::kFo, Tr("ProfitStatement", "F & O"));
-  add(query.fo == gains::FoChoice::kNonFo, Tr("ProfitStatement", "Non F & O"));
-  add(query.gains == GainFilter::kSpeculation, Tr("ProfitStatement", "Speculation"));
-  add(query.gains == GainFilter::kNonSpeculation, Tr("ProfitStatement", "Non-Speculation"));
-  add(query.average, Tr("ProfitStatement", "Average Rate"));
-  add(query.charges.service_tax || query.average, Tr("ProfitStatement", "S.Tax"));
-  add(query.charges.stt, Tr("ProfitStatement", "S.T.T."));
-  add(!query.unsold, Tr("ProfitStatement", "Without unsold quantity"));
+  add(query.fo == gains::FoChoice::kFo, QStringLiteral("F & O"));
+  add(query.fo == gains::FoChoice::kNonFo, QStringLiteral("Non F & O"));
+  add(query.gains == GainFilter::kSpeculation, QStringLiteral("Speculation"));
+  add(query.gains == GainFilter::kNonSpeculation, QStringLiteral("Non-Speculation"));
+  add(query.average, QStringLiteral("Average Rate"));
+  add(query.charges.service_tax || query.average, QStringLiteral("S.Tax"));
+  add(query.charges.stt, QStringLiteral("S.T.T."));
+  add(!query.unsold, QStringLiteral("Without unsold quantity"));
   return choices;
 }
 

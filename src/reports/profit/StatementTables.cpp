@@ -26,13 +26,12 @@ Cell PaiseOrNothing(std::int64_t paise) {
 }
 
 Cell CostOf(const StatementRow& row) {
-  return row.HasPurchase() ? Paise(row.purchase_cost) : Tr("ProfitStatement", "No cost");
+  return row.HasPurchase() ? Paise(row.purchase_cost) : QStringLiteral("No cost");
 }
 
 /// In the first column of gains; what left by a transfer gained none.
 Cell GainOf(const StatementRow& row, std::int64_t paise) {
-  return row.kind == LineKind::kTransfer ? Tr("ProfitStatement", "Transfer")
-                                         : PaiseOrNothing(paise);
+  return row.kind == LineKind::kTransfer ? QStringLiteral("Transfer") : PaiseOrNothing(paise);
 }
 
 }  // namespace
@@ -40,21 +39,21 @@ Cell GainOf(const StatementRow& row, std::int64_t paise) {
 DetailTable::DetailTable(StatementMode mode, bool average, const lookups::Directory& directory)
     : directory_(directory) {
   const char* profit = mode == StatementMode::kProfit ? "Profit" : "Capital Gain/Profit";
-  table_.groups = {{Tr("ProfitStatement", "Purchase"), 4},
-                   {Tr("ProfitStatement", "Sale"), 4},
-                   {Tr("ProfitStatement", "Proportionate"), 1},
-                   {Tr("ProfitStatement", profit), 3}};
+  table_.groups = {{QStringLiteral("Purchase"), 4},
+                   {QStringLiteral("Sale"), 4},
+                   {QStringLiteral("Proportionate"), 1},
+                   {QLatin1String(profit), 3}};
   for (int side = 0; side < 2; ++side) {
-    table_.columns.push_back(DateColumn(Tr("ProfitStatement", "Date")));
-    table_.columns.push_back(QuantityColumn(Tr("ProfitStatement", "Quantity")));
-    table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Net")));
-    table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Amount")));
+    table_.columns.push_back(DateColumn(QStringLiteral("Date")));
+    table_.columns.push_back(QuantityColumn(QStringLiteral("Quantity")));
+    table_.columns.push_back(AmountColumn(QStringLiteral("Net")));
+    table_.columns.push_back(AmountColumn(QStringLiteral("Amount")));
   }
   table_.columns.push_back(
-      AmountColumn(Tr("ProfitStatement", average ? "Avg. Pur. Cost" : "Purchase Cost")));
-  table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Long Term")));
-  table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Short Term")));
-  table_.columns.push_back(AmountColumn(Tr("ProfitStatement", "Speculation")));
+      AmountColumn(QLatin1String(average ? "Avg. Pur. Cost" : "Purchase Cost")));
+  table_.columns.push_back(AmountColumn(QStringLiteral("Long Term")));
+  table_.columns.push_back(AmountColumn(QStringLiteral("Short Term")));
+  table_.columns.push_back(AmountColumn(QStringLiteral("Speculation")));
 }
 
 void DetailTable::Add(const StatementRow& row) {
@@ -83,9 +82,9 @@ void DetailTable::Head(const StatementRow& row) {
   if (row.account != account_) {
     account_ = row.account;
     table_.rows.push_back({.kind = reporting::RowKind::kGroup,
-                           .cells = {row.account ? Tr("ProfitStatement", "Demat A/c No - ") +
+                           .cells = {row.account ? QStringLiteral("Demat A/c No - ") +
                                                        Utf8(directory_.Account(row.account).number)
-                                                 : Tr("ProfitStatement", "Without Demat A/c")}});
+                                                 : QStringLiteral("Without Demat A/c")}});
   }
 }
 
@@ -114,7 +113,7 @@ void DetailTable::AddTotal(const StatementRow& row) {
   const auto quantity = [&](double value) { return net ? Cell() : Cell(value); };
   table_.rows.push_back(
       {.kind = net ? reporting::RowKind::kNetTotal : reporting::RowKind::kTotal,
-       .cells = {net ? Tr("ProfitStatement", "Net Total") : Tr("ProfitStatement", "Total"),
+       .cells = {net ? QStringLiteral("Net Total") : QStringLiteral("Total"),
                  quantity(row.quantity), Cell(), Paise(row.purchase_amount), Cell(),
                  quantity(row.sale_quantity), Cell(), Paise(row.sale_amount),
                  Paise(row.purchase_cost), Paise(row.long_term), Paise(row.short_term),
@@ -126,18 +125,18 @@ void DetailTable::AddTotal(const StatementRow& row) {
 }
 
 SummaryTable::SummaryTable(const lookups::Directory& directory) : directory_(directory) {
-  table_.columns = {reporting::NumberColumn(Tr("ProfitStatement", "S.No")),
-                    reporting::TextColumn(Tr("ProfitStatement", "Company Name")),
-                    QuantityColumn(Tr("ProfitStatement", "Quantity")),
-                    DateColumn(Tr("ProfitStatement", "Sale Date")),
-                    AmountColumn(Tr("ProfitStatement", "S.Amount"), Mask::kSummary),
-                    DateColumn(Tr("ProfitStatement", "Purc. Date")),
-                    AmountColumn(Tr("ProfitStatement", "Avg. Pur. Cost"), Mask::kSummary),
-                    AmountColumn(Tr("ProfitStatement", "Purc. Cost"), Mask::kSummary),
-                    AmountColumn(Tr("ProfitStatement", "Profit/Loss"), Mask::kSummary),
-                    AmountColumn(Tr("ProfitStatement", "Long term"), Mask::kSummary),
-                    AmountColumn(Tr("ProfitStatement", "Short Term"), Mask::kSummary),
-                    AmountColumn(Tr("ProfitStatement", "Speculation"), Mask::kSummary)};
+  table_.columns = {reporting::NumberColumn(QStringLiteral("S.No")),
+                    reporting::TextColumn(QStringLiteral("Company Name")),
+                    QuantityColumn(QStringLiteral("Quantity")),
+                    DateColumn(QStringLiteral("Sale Date")),
+                    AmountColumn(QStringLiteral("S.Amount"), Mask::kSummary),
+                    DateColumn(QStringLiteral("Purc. Date")),
+                    AmountColumn(QStringLiteral("Avg. Pur. Cost"), Mask::kSummary),
+                    AmountColumn(QStringLiteral("Purc. Cost"), Mask::kSummary),
+                    AmountColumn(QStringLiteral("Profit/Loss"), Mask::kSummary),
+                    AmountColumn(QStringLiteral("Long term"), Mask::kSummary),
+                    AmountColumn(QStringLiteral("Short Term"), Mask::kSummary),
+                    AmountColumn(QStringLiteral("Speculation"), Mask::kSummary)};
 }
 
 void SummaryTable::Add(const StatementRow& row) {
@@ -188,7 +187,7 @@ void SummaryTable::AddTotal(const StatementRow& row) {
   sold_ = false;
   table_.rows.push_back(
       {.kind = net ? reporting::RowKind::kNetTotal : reporting::RowKind::kTotal,
-       .cells = {Cell(), net ? Tr("ProfitStatement", "Net Total") : Tr("ProfitStatement", "Total"),
+       .cells = {Cell(), net ? QStringLiteral("Net Total") : QStringLiteral("Total"),
                  net ? Cell() : Cell(row.sale_quantity), Cell(), Paise(row.sale_amount), Cell(),
                  Cell(), Paise(row.purchase_cost),
                  Paise(row.long_term + row.short_term + row.speculation), Paise(row.long_term),

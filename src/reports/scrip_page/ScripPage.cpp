@@ -9,8 +9,6 @@
 #include "core/records/Query.h"
 #include "core/records/Rates.h"
 #include "core/records/Transfer.h"
-#include "core/text/Tr.h"
-
 
 #include <algorithm>
 #include <tuple>
@@ -39,15 +37,15 @@ Paise ValueOf(Shares quantity, double rate) {
 QString KindText(PieceKind kind) {
   switch (kind) {
     case PieceKind::kDelivery:
-      return Tr("ScripPage", "Sale");
+      return QStringLiteral("Sale");
     case PieceKind::kSpeculation:
-      return Tr("ScripPage", "Speculation");
+      return QStringLiteral("Speculation");
     case PieceKind::kFo:
-      return Tr("ScripPage", "F&O");
+      return QStringLiteral("F&O");
     case PieceKind::kBuyBack:
-      return Tr("ScripPage", "Buy-Back");
+      return QStringLiteral("Buy-Back");
     case PieceKind::kFraction:
-      return Tr("ScripPage", "Fraction of a Share");
+      return QStringLiteral("Fraction of a Share");
   }
   return {};
 }
@@ -55,17 +53,17 @@ QString KindText(PieceKind kind) {
 QString KindText(EventKind kind) {
   switch (kind) {
     case EventKind::kOpening:
-      return Tr("ScripPage", "Opening Balance");
+      return QStringLiteral("Opening Balance");
     case EventKind::kRights:
-      return Tr("ScripPage", "Rights");
+      return QStringLiteral("Rights");
     case EventKind::kBuyBack:
-      return Tr("ScripPage", "Buy-Back");
+      return QStringLiteral("Buy-Back");
     case EventKind::kPurchase:
-      return Tr("ScripPage", "Purchase");
+      return QStringLiteral("Purchase");
     case EventKind::kTransfer:
-      return Tr("ScripPage", "Transfer");
+      return QStringLiteral("Transfer");
     case EventKind::kSale:
-      return Tr("ScripPage", "Sale");
+      return QStringLiteral("Sale");
     case EventKind::kAction:
       break;
   }
@@ -186,15 +184,15 @@ const ScripPage::RateOfDay* ScripPage::NewestRate(Date day) const {
 
 reporting::Table ScripPage::HoldingTable() const {
   reporting::Table table;
-  table.titles = {Tr("ScripPage", "Held")};
-  table.columns = {TextColumn(Tr("ScripPage", "Client")),
-                   TextColumn(Tr("ScripPage", "Demat A/c No.")),
-                   DateColumn(Tr("ScripPage", "Acquired")),
-                   DateColumn(Tr("ScripPage", "In the Account Since")),
-                   QuantityColumn(Tr("ScripPage", "Quantity")),
-                   AmountColumn(Tr("ScripPage", "Cost")),
-                   AmountColumn(Tr("ScripPage", "Value")),
-                   AmountColumn(Tr("ScripPage", "Gain"))};
+  table.titles = {QStringLiteral("Held")};
+  table.columns = {TextColumn(QStringLiteral("Client")),
+                   TextColumn(QStringLiteral("Demat A/c No.")),
+                   DateColumn(QStringLiteral("Acquired")),
+                   DateColumn(QStringLiteral("In the Account Since")),
+                   QuantityColumn(QStringLiteral("Quantity")),
+                   AmountColumn(QStringLiteral("Cost")),
+                   AmountColumn(QStringLiteral("Value")),
+                   AmountColumn(QStringLiteral("Gain"))};
   const RateOfDay* rate = NewestRate(query_.as_on);
   Shares quantity;
   Paise cost;
@@ -225,25 +223,21 @@ reporting::Table ScripPage::HoldingTable() const {
   if (!table.rows.empty()) {
     table.rows.push_back(
         {.kind = RowKind::kNetTotal,
-         .cells = with_value(
-             {Tr("ScripPage", "Total"), {}, {}, {}, quantity.Number()}, cost,
-             value)});
+         .cells =
+             with_value({QStringLiteral("Total"), {}, {}, {}, quantity.Number()}, cost, value)});
   }
   return table;
 }
 
 reporting::Table ScripPage::GainTable() const {
   reporting::Table table;
-  table.titles = {Tr("ScripPage", "Sold")};
-  table.columns = {DateColumn(Tr("ScripPage", "Sold")),
-                   TextColumn(Tr("ScripPage", "Demat A/c No.")),
-                   TextColumn(Tr("ScripPage", "Kind")),
-                   DateColumn(Tr("ScripPage", "Acquired")),
-                   QuantityColumn(Tr("ScripPage", "Quantity")),
-                   AmountColumn(Tr("ScripPage", "Sale Amount")),
-                   AmountColumn(Tr("ScripPage", "Expenses")),
-                   AmountColumn(Tr("ScripPage", "Cost")),
-                   AmountColumn(Tr("ScripPage", "Gain"))};
+  table.titles = {QStringLiteral("Sold")};
+  table.columns = {
+      DateColumn(QStringLiteral("Sold")),         TextColumn(QStringLiteral("Demat A/c No.")),
+      TextColumn(QStringLiteral("Kind")),         DateColumn(QStringLiteral("Acquired")),
+      QuantityColumn(QStringLiteral("Quantity")), AmountColumn(QStringLiteral("Sale Amount")),
+      AmountColumn(QStringLiteral("Expenses")),   AmountColumn(QStringLiteral("Cost")),
+      AmountColumn(QStringLiteral("Gain"))};
   Paise sale;
   Paise expenses;
   Paise cost;
@@ -252,9 +246,8 @@ reporting::Table ScripPage::GainTable() const {
     if (!IsWanted(piece.client) || piece.place.scrip != query_.scrip) {
       continue;
     }
-    const reporting::Cell acquired =
-        piece.has_cost ? reporting::Cell(piece.acquired)
-                       : reporting::Cell(Tr("ScripPage", "not known"));
+    const reporting::Cell acquired = piece.has_cost ? reporting::Cell(piece.acquired)
+                                                    : reporting::Cell(QStringLiteral("not known"));
     table.rows.push_back(
         {.cells = {piece.sold, accounts_.at(piece.place.account), KindText(piece.kind), acquired,
                    piece.quantity.Number(), piece.sale.Rupees(), piece.expenses.Rupees(),
@@ -266,7 +259,7 @@ reporting::Table ScripPage::GainTable() const {
   }
   if (!table.rows.empty()) {
     table.rows.push_back({.kind = RowKind::kNetTotal,
-                          .cells = {Tr("ScripPage", "Total"),
+                          .cells = {QStringLiteral("Total"),
                                     {},
                                     {},
                                     {},
@@ -281,13 +274,11 @@ reporting::Table ScripPage::GainTable() const {
 
 reporting::Table ScripPage::MovementTable() const {
   reporting::Table table;
-  table.titles = {Tr("ScripPage", "Recorded")};
-  table.columns = {DateColumn(Tr("ScripPage", "Date")),
-                   TextColumn(Tr("ScripPage", "Record")),
-                   TextColumn(Tr("ScripPage", "Demat A/c No.")),
-                   TextColumn(Tr("ScripPage", "To A/c No.")),
-                   QuantityColumn(Tr("ScripPage", "Quantity")),
-                   AmountColumn(Tr("ScripPage", "Amount"))};
+  table.titles = {QStringLiteral("Recorded")};
+  table.columns = {
+      DateColumn(QStringLiteral("Date")),          TextColumn(QStringLiteral("Record")),
+      TextColumn(QStringLiteral("Demat A/c No.")), TextColumn(QStringLiteral("To A/c No.")),
+      QuantityColumn(QStringLiteral("Quantity")),  AmountColumn(QStringLiteral("Amount"))};
   std::vector<Event> events;
   std::ranges::copy_if(history_.events, std::back_inserter(events), [this](const Event& event) {
     const bool concerns = IsWanted(event.client) || IsWanted(event.to_client);
@@ -307,12 +298,10 @@ reporting::Table ScripPage::MovementTable() const {
 
 reporting::Table ScripPage::ActionTable() const {
   reporting::Table table;
-  table.titles = {Tr("ScripPage", "Corporate Actions")};
-  table.columns = {DateColumn(Tr("ScripPage", "Ex-Date")),
-                   TextColumn(Tr("ScripPage", "Script Name")),
-                   TextColumn(Tr("ScripPage", "Action")),
-                   TextColumn(Tr("ScripPage", "To Script")),
-                   TextColumn(Tr("ScripPage", "Note"))};
+  table.titles = {QStringLiteral("Corporate Actions")};
+  table.columns = {DateColumn(QStringLiteral("Ex-Date")), TextColumn(QStringLiteral("Script Name")),
+                   TextColumn(QStringLiteral("Action")), TextColumn(QStringLiteral("To Script")),
+                   TextColumn(QStringLiteral("Note"))};
   std::vector<const positions::DatedAction*> actions;
   for (const positions::DatedAction& action : history_.actions) {
     const bool concerns = action.terms.scrip == query_.scrip || action.terms.other == query_.scrip;
@@ -334,13 +323,11 @@ reporting::Table ScripPage::ActionTable() const {
 
 reporting::Table ScripPage::DividendTable() const {
   reporting::Table table;
-  table.titles = {Tr("ScripPage", "Dividends")};
-  table.columns = {DateColumn(Tr("ScripPage", "Date")),
-                   TextColumn(Tr("ScripPage", "Demat A/c No.")),
-                   QuantityColumn(Tr("ScripPage", "Quantity")),
-                   AmountColumn(Tr("ScripPage", "Rs a Share")),
-                   AmountColumn(Tr("ScripPage", "Dividend")),
-                   AmountColumn(Tr("ScripPage", "Tax Deducted"))};
+  table.titles = {QStringLiteral("Dividends")};
+  table.columns = {
+      DateColumn(QStringLiteral("Date")),         TextColumn(QStringLiteral("Demat A/c No.")),
+      QuantityColumn(QStringLiteral("Quantity")), AmountColumn(QStringLiteral("Rs a Share")),
+      AmountColumn(QStringLiteral("Dividend")),   AmountColumn(QStringLiteral("Tax Deducted"))};
   Paise gross;
   Paise deducted;
   for (const records::Dividend& dividend : dividends_) {
@@ -352,13 +339,9 @@ reporting::Table ScripPage::DividendTable() const {
     deducted += Paise::OfRupees(dividend.tax_deducted);
   }
   if (!table.rows.empty()) {
-    table.rows.push_back({.kind = RowKind::kNetTotal,
-                          .cells = {Tr("ScripPage", "Total"),
-                                    {},
-                                    {},
-                                    {},
-                                    gross.Rupees(),
-                                    deducted.Rupees()}});
+    table.rows.push_back(
+        {.kind = RowKind::kNetTotal,
+         .cells = {QStringLiteral("Total"), {}, {}, {}, gross.Rupees(), deducted.Rupees()}});
   }
   return table;
 }
@@ -369,9 +352,9 @@ reporting::ReportDocument ScripPage::Document() const {
   for (const ClientId client : query_.clients) {
     names << clients_.at(client);
   }
-  document.titles = {Tr("ScripPage", "%1 (Up To %2)")
-                         .arg(scrips_.at(query_.scrip), text::FormatDmy(query_.as_on)),
-                     names.join(QStringLiteral(", "))};
+  document.titles = {
+      QStringLiteral("%1 (Up To %2)").arg(scrips_.at(query_.scrip), text::FormatDmy(query_.as_on)),
+      names.join(QStringLiteral(", "))};
   for (reporting::Table table :
        {HoldingTable(), GainTable(), MovementTable(), ActionTable(), DividendTable()}) {
     if (!table.rows.empty()) {
@@ -379,8 +362,7 @@ reporting::ReportDocument ScripPage::Document() const {
     }
   }
   if (const RateOfDay* rate = NewestRate(query_.as_on)) {
-    document.notes << Tr("ScripPage", "Valued at the rate of %1.")
-                          .arg(text::FormatDmy(rate->date));
+    document.notes << QStringLiteral("Valued at the rate of %1.").arg(text::FormatDmy(rate->date));
   }
   return document;
 }
@@ -388,9 +370,9 @@ reporting::ReportDocument ScripPage::Document() const {
 charts::ChartData ScripPage::RateChart() const {
   charts::ChartData chart;
   chart.kind = charts::ChartKind::kLines;
-  chart.title = Tr("ScripPage", "Rate of %1").arg(scrips_.at(query_.scrip));
-  chart.category_heading = Tr("ScripPage", "Month");
-  chart.series = {{Tr("ScripPage", "Rate"), {}}};
+  chart.title = QStringLiteral("Rate of %1").arg(scrips_.at(query_.scrip));
+  chart.category_heading = QStringLiteral("Month");
+  chart.series = {{QStringLiteral("Rate"), {}}};
   for (std::size_t i = 0; i < rates_.size(); ++i) {
     const bool is_last_of_month =
         i + 1 == rates_.size() || EndOfMonth(rates_[i + 1].date) != EndOfMonth(rates_[i].date);
@@ -425,11 +407,9 @@ std::vector<Date> ScripPage::MonthEnds() const {
 charts::ChartData ScripPage::HoldingChart() const {
   charts::ChartData chart;
   chart.kind = charts::ChartKind::kLines;
-  chart.title =
-      Tr("ScripPage", "Holding of %1").arg(scrips_.at(query_.scrip));
-  chart.category_heading = Tr("ScripPage", "Month");
-  chart.series = {{Tr("ScripPage", "Cost"), {}},
-                  {Tr("ScripPage", "Value"), {}}};
+  chart.title = QStringLiteral("Holding of %1").arg(scrips_.at(query_.scrip));
+  chart.category_heading = QStringLiteral("Month");
+  chart.series = {{QStringLiteral("Cost"), {}}, {QStringLiteral("Value"), {}}};
   for (const Date end : MonthEnds()) {
     positions::EventList list = history_;
     Shares quantity;

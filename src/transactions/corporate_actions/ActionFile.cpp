@@ -31,10 +31,10 @@ bool IsAbsent(const std::string& text) {
 }
 
 std::optional<int> WholeNumber(std::string_view text) {
-  double number = 0;
-  const bool is_whole = text.find_first_not_of("0123456789") == std::string_view::npos &&
-                        text.size() <= 8 && text::ParseNumber(text, number);
-  return is_whole ? std::optional(static_cast<int>(number)) : std::nullopt;
+  const bool is_whole =
+      text.find_first_not_of("0123456789") == std::string_view::npos && text.size() <= 8;
+  const std::optional<double> number = is_whole ? text::ParseNumber(text) : std::nullopt;
+  return number ? std::optional(static_cast<int>(*number)) : std::nullopt;
 }
 
 /// A day as a list writes it, as eight digits, or as a workbook counts it: days since 30 December
@@ -173,10 +173,15 @@ class ActionRows {
 
   bool ReadNumber(const files::TextRow& row, ActionField field, double& into) {
     const std::string& text = Cell(row, field);
-    if (!IsAbsent(text) && (!text::ParseNumber(text, into) || into < 0 || into > 1e9)) {
+    if (IsAbsent(text)) {
+      return true;
+    }
+    const std::optional<double> number = text::ParseNumber(text);
+    if (!number || *number < 0 || *number > 1e9) {
       Fail(row.line, Tr("ActionList", "%1 is no number that can stand there").arg(Text(text)));
       return false;
     }
+    into = *number;
     return true;
   }
 

@@ -33,9 +33,8 @@ std::optional<double> NumberIn(QString digits) {
   if (digits.startsWith(QLatin1Char('.'))) {
     digits.prepend(QLatin1Char('0'));
   }
-  double number = 0;
-  const bool read = text::ParseNumber(digits.toStdString(), number) && number <= kMost;
-  return read ? std::optional(number) : std::nullopt;
+  const std::optional<double> number = text::ParseNumber(digits.toStdString());
+  return number && *number <= kMost ? number : std::nullopt;
 }
 
 /// The first number that the pattern finds, which is taken out of the text.

@@ -1,23 +1,22 @@
 #include "transactions/opening_stock/OpeningReport.h"
 
 #include "core/text/Amounts.h"
-#include "core/text/Tr.h"
 
 namespace quorvane::opening_stock {
 namespace {
 
 std::vector<reporting::Column> Columns() {
   using reporting::AmountColumn;
-  return {reporting::TextColumn(Tr("OpeningStock", "Script Name")),
-          reporting::TextColumn(Tr("OpeningStock", "Demat A/c No.")),
-          AmountColumn(Tr("OpeningStock", "Rate")),
-          reporting::QuantityColumn(Tr("OpeningStock", "Quantity")),
-          reporting::DateColumn(Tr("OpeningStock", "Purchase Date")),
-          AmountColumn(Tr("OpeningStock", "Total")),
-          AmountColumn(Tr("OpeningStock", "Service Tax")),
-          AmountColumn(Tr("OpeningStock", "STT")),
-          reporting::TextColumn(Tr("OpeningStock", "F&O")),
-          AmountColumn(Tr("OpeningStock", "Brokerage"))};
+  return {reporting::TextColumn(QStringLiteral("Script Name")),
+          reporting::TextColumn(QStringLiteral("Demat A/c No.")),
+          AmountColumn(QStringLiteral("Rate")),
+          reporting::QuantityColumn(QStringLiteral("Quantity")),
+          reporting::DateColumn(QStringLiteral("Purchase Date")),
+          AmountColumn(QStringLiteral("Total")),
+          AmountColumn(QStringLiteral("Service Tax")),
+          AmountColumn(QStringLiteral("STT")),
+          reporting::TextColumn(QStringLiteral("F&O")),
+          AmountColumn(QStringLiteral("Brokerage"))};
 }
 
 /// Old rows may hold a text that is no date; it is shown as it stands.
@@ -31,8 +30,7 @@ reporting::Row RowOf(const OpeningLot& lot, const lookups::Directory& directory)
           .cells = {QString::fromStdString(directory.Scrip(lot.scrip).name),
                     QString::fromStdString(directory.Account(lot.account).number), lot.rate,
                     lot.quantity.Number(), DateCell(lot.purchase_date), lot.total, lot.service_tax,
-                    lot.stt, lot.fo ? Tr("OpeningStock", "Yes") : Tr("OpeningStock", "No"),
-                    lot.brokerage}};
+                    lot.stt, lot.fo ? QStringLiteral("Yes") : QStringLiteral("No"), lot.brokerage}};
 }
 
 reporting::Row TotalOf(std::span<const OpeningLot> lots) {
@@ -46,7 +44,7 @@ reporting::Row TotalOf(std::span<const OpeningLot> lots) {
   }
   const std::monostate none;
   return {.kind = reporting::RowKind::kNetTotal,
-          .cells = {Tr("OpeningStock", "Total"), none, none, none, none, text::FromPaise(total),
+          .cells = {QStringLiteral("Total"), none, none, none, none, text::FromPaise(total),
                     text::FromPaise(service_tax), text::FromPaise(stt), none, none}};
 }
 
@@ -63,8 +61,8 @@ reporting::ReportDocument MakeOpeningReport(std::span<const OpeningLot> lots, co
     table.rows.push_back(TotalOf(lots));
   }
   const lookups::ClientEntry& client = directory.Client(of.client);
-  return {{Tr("OpeningStock", "Stock Opening Balance"),
-           Tr("OpeningStock", "Financial Year - ") + of.year.Text(),
+  return {{QStringLiteral("Stock Opening Balance"),
+           QStringLiteral("Financial Year - ") + of.year.Text(),
            QString::fromStdString(client.name) + QStringLiteral(" (") +
                QString::fromStdString(client.code) + QLatin1Char(')')},
           {table}};

@@ -253,7 +253,10 @@ class MisReportTest : public test::DatabaseTest {
 
   // A sale of 5 of a lot that never was: the balance falls to 5, the lot of 10 stays whole.
   void ShareSoldWithoutItsLotIsTold() {
-    gains::Purchase purchase{.date = *text::MakeDate(1, 5, 2011), .quantity = 10, .lot_rate = 100};
+    gains::Purchase purchase;
+    purchase.date = purchase.entered = *text::MakeDate(1, 5, 2011);
+    purchase.quantity = 10;
+    purchase.lot_rate = 100;
     purchase.net = 101;
     purchase.remaining = 10;
     const gains::Sale sale{.date = *text::MakeDate(2, 5, 2011), .quantity = 5, .lot_rate = 99};

@@ -126,7 +126,7 @@ void PeriodPane::TakeMonth(std::size_t end) {
   }
   const Result<Period>& month = *chosen;
   if (!month) {
-    Q_EMIT MonthRefused({month.Why().text, months_->Names(end)->objectName()});
+    Q_EMIT MonthRefused(month.Why().text, months_->Names(end));
     return;
   }
   boxes_[end]->SetDate(text::FormatDmy(end == 0 ? month->from : month->to));

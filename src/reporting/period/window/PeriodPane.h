@@ -42,7 +42,7 @@ class PeriodPane : public QWidget {
 
  Q_SIGNALS:
   /// A month was chosen that has no days in the year; `field` is its box.
-  void MonthRefused(const Refusal& refusal);
+  void MonthRefused(const QString& text, QWidget* month);
 
  private:
   void MakeBoxes();

@@ -5,7 +5,7 @@
 
 namespace quorvane::dividends {
 
-RptDividends::RptDividends(controls::Desk& desk)
+RptDividends::RptDividends(reporting::ReportDesk& desk)
     : ReportWindow(desk, QStringLiteral("RptDividends"),
                    app::ClientTitle(tr("Dividend Report"), desk.session), {790, 520}),
       of_(app::CurrentOf(desk.session)) {

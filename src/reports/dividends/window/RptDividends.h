@@ -10,7 +10,7 @@ class RptDividends : public reporting::ReportWindow {
   Q_OBJECT
 
  public:
-  explicit RptDividends(controls::Desk& desk);
+  explicit RptDividends(reporting::ReportDesk& desk);
 
  protected:
   MaybeRefusal CheckSelection() override;

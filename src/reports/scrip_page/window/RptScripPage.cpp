@@ -1,7 +1,7 @@
 #include "reports/scrip_page/window/RptScripPage.h"
 
 #include "controls/ProgressDialog.h"
-#include "core/app/CurrentClient.h"
+#include "core/app/Session.h"
 
 #include <QLabel>
 
@@ -14,7 +14,7 @@ enum Chart { kHolding, kRate };
 
 }  // namespace
 
-RptScripPage::RptScripPage(controls::Desk& desk)
+RptScripPage::RptScripPage(reporting::ReportDesk& desk)
     : ReportWindow(desk, QStringLiteral("RptScripPage"),
                    app::ClientTitle(tr("Script Page"), desk.session), {790, 520}),
       of_(app::CurrentOf(desk.session)) {

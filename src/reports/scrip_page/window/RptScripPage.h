@@ -16,7 +16,7 @@ class RptScripPage : public reporting::ReportWindow {
   Q_OBJECT
 
  public:
-  explicit RptScripPage(controls::Desk& desk);
+  explicit RptScripPage(reporting::ReportDesk& desk);
 
  protected:
   MaybeRefusal CheckSelection() override;

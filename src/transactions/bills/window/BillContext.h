@@ -4,12 +4,18 @@
 #include "controls/Messages.h"
 #include "core/ClientYear.h"
 #include "core/Result.h"
+#include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/BillEntry.h"
 #include "transactions/bills/EntryLookups.h"
 
 #include <functional>
 
 namespace quorvane::bills {
+
+/// The name of a box on the window, as "Text1_3".
+inline QString ControlName(BillBox box) {
+  return QStringLiteral("Text1_%1").arg(static_cast<int>(box));
+}
 
 /// What the panes of the bill window work with. It outlives them.
 struct BillContext {

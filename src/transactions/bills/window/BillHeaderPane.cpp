@@ -2,7 +2,7 @@
 
 #include "controls/FieldLayout.h"
 #include "core/lookups/Choices.h"
-#include "transactions/bills/window/ControlName.h"
+#include "transactions/bills/window/BillContext.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,6 +2,7 @@
 
 #include "controls/Style.h"
 #include "core/text/Amounts.h"
+#include "transactions/bills/window/BillContext.h"
 
 #include <QHBoxLayout>
 #include <QRegularExpressionValidator>

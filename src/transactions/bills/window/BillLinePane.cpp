@@ -202,8 +202,7 @@ void BillLinePane::TxtScr_Validate() {
   const std::optional<ScripFound> found = FindScripByCode(context_.Connection(), code);
   if (!found) {
     if (!context_.is_cancelling()) {
-      context_.refuse(
-          {tr("There is no Scrip of the Code %1.").arg(code), QStringLiteral("TxtScr")});
+      context_.refuse({tr("There is no Scrip of the Code %1.").arg(code), Field::kScripCode});
     }
     return;
   }

@@ -2,7 +2,7 @@
 
 #include "controls/FieldLayout.h"
 #include "core/text/Tr.h"
-#include "transactions/bills/window/ControlName.h"
+#include "transactions/bills/window/BillContext.h"
 
 #include <QCoreApplication>
 #include <QRegularExpressionValidator>

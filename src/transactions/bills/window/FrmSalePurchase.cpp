@@ -2,7 +2,7 @@
 
 #include "core/app/Session.h"
 #include "transactions/bills/BillChecks.h"
-#include "transactions/bills/window/ControlName.h"
+#include "transactions/bills/window/BillContext.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

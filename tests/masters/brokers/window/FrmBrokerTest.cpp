@@ -7,7 +7,6 @@
 
 using namespace quorvane;
 using namespace quorvane::brokers;
-using Kind = test::RecordingMessages::Kind;
 
 namespace {
 
@@ -55,16 +54,6 @@ class FrmBrokerTest : public test::DatabaseTest {
     shown.Click("cmdUpdate");
     QVERIFY(!shown->IsEditing());
     QCOMPARE(Brokers(), before);
-  }
-
-  void BrokerWithoutANameIsRefused() {
-    const test::ShownWindow<FrmBroker> shown(*database_);
-    shown.AddByKeyboard({"", "1 fort road"});
-    QCOMPARE(shown.messages.Texts(), QStringList("Enter Name."));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
-    QVERIFY(shown.Named("Text1_0")->hasFocus());
-    QCOMPARE(shown.TextIn("Text1_1"), "1 FORT ROAD");
-    QCOMPARE(Brokers(), QStringList());
   }
 
   void CityAndItsCodesCompleteFromTheBrokers() {

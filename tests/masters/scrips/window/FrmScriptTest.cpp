@@ -7,7 +7,6 @@
 
 using namespace quorvane;
 using namespace quorvane::scrips;
-using Kind = test::RecordingMessages::Kind;
 
 class FrmScriptTest : public test::DatabaseTest {
   Q_OBJECT

@@ -1,7 +1,6 @@
 #include "controls/DateBox.h"
 #include "masters/Records.h"
 #include "masters/ShownWindow.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
 #include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"

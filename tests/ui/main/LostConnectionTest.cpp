@@ -1,6 +1,7 @@
 #include "controls/ZENButton.h"
 #include "core/platform/Processes.h"
 #include "masters/brokers/window/FrmBroker.h"
+#include "reporting/window/ReportDesk.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
 #include "support/TestDatabase.h"

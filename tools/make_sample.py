@@ -197,7 +197,7 @@ class Sample:
 
         openings = [row for row in self.openings if year in (None, row.year)]
         return Portfolio(self.clients, self.accounts, NAMES, openings, within(self.bills),
-                         within(self.transfers))
+                         within(self.transfers), [])
 
     def _build(self):
         trader = Trader(self.market)

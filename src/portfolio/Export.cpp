@@ -149,6 +149,12 @@ class DocumentExport {
     const std::vector<records::Dividend> dividends =
         names_.OfKnownClients<records::Dividend>(connection_);
     const std::vector<records::Action> actions = WantedActions(lots, dividends);
+    if (actions.empty()) {
+      folder_.Remove(LayoutOf(FileKind::kActions));
+      folder_.Remove(LayoutOf(FileKind::kActionLots));
+      WriteDividends(dividends, {});
+      return;
+    }
     std::map<ActionId, std::size_t> places;
     OutputFile& file = folder_.Add(LayoutOf(FileKind::kActions));
     InOrder(
@@ -200,6 +206,9 @@ class DocumentExport {
 
   void WriteDividends(const std::vector<records::Dividend>& dividends,
                       const std::map<ActionId, std::size_t>& places) {
+    if (dividends.empty()) {
+      return folder_.Remove(LayoutOf(FileKind::kDividends));
+    }
     OutputFile& file = folder_.Add(LayoutOf(FileKind::kDividends));
     InOrder(
         dividends,

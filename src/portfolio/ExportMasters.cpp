@@ -155,13 +155,16 @@ class MasterExport {
   }
 
   void WriteIsins() {
-    OutputFile& file = folder_.Add(LayoutOf(FileKind::kIsins));
     std::map<std::string, std::vector<quorvane::rates::DatedIsin>> by_code;
     for (auto& [scrip, isins] : quorvane::rates::AllIsins(connection_)) {
       if (names_.IsWanted(names_.scrips, scrip)) {
         by_code.emplace(names_.scrips.Use(scrip), std::move(isins));
       }
     }
+    if (by_code.empty()) {
+      return folder_.Remove(LayoutOf(FileKind::kIsins));
+    }
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kIsins));
     for (const auto& [code, isins] : by_code) {
       for (const quorvane::rates::DatedIsin& isin : isins) {
         file.Row(code, isin.isin, isin.from_day);

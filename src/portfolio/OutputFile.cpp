@@ -63,9 +63,19 @@ OutputFile& OutputFolder::Add(const FileLayout& layout) {
   return *files_.emplace_back(std::make_unique<OutputFile>(folder_, layout));
 }
 
+void OutputFolder::Remove(const FileLayout& layout) {
+  removed_.push_back(folder_ + QLatin1Char('/') +
+                     QString::fromUtf8(layout.name.data(), std::ssize(layout.name)));
+}
+
 void OutputFolder::Publish() {
   for (const auto& file : files_) {
     file->Publish();
+  }
+  for (const QString& path : removed_) {
+    if (QFile::exists(path) && !QFile::remove(path)) {
+      throw std::runtime_error("cannot remove " + path.toStdString());
+    }
   }
 }
 

@@ -111,11 +111,15 @@ class OutputFolder {
 
   /// The file is finished by its writer.
   OutputFile& Add(const FileLayout& layout);
+
+  /// The folder has no such file any more.
+  void Remove(const FileLayout& layout);
   void Publish();
 
  private:
   QString folder_;
   std::vector<std::unique_ptr<OutputFile>> files_;
+  std::vector<QString> removed_;
 };
 
 }  // namespace quorvane::portfolio

@@ -87,8 +87,11 @@ class Desk:
             self.run("export", out, *options)
             return files(out)
 
-    def listed(self, what: str, client: str, year: str, *options) -> list[dict]:
-        """The rows of the holdings, or of a statement: demat, transactions, of capital gains."""
+    def listed(self, what: str, client: str, year: str = "", *options) -> list[dict]:
+        """The rows of the layers, the holdings, or of a statement: demat, transactions, of capital
+        gains."""
+        if what == "layers":
+            return rows(self.run("layers", "--client", client).stdout)
         words = {"holdings": (what,), "statement": (what, "capital-gain")}
         return rows(self.run(*words.get(what, ("statement", what)), "--client", client, "--year",
                              year, *options, "--format", "csv").stdout)

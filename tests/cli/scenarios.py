@@ -12,6 +12,7 @@ from ctl import DONE, REFUSED, TESTS, Case
 import portfolio
 from exact import Refusal, day
 from folder import read
+from layers import History
 from ledger import Ledger
 from statement import Choice
 
@@ -36,10 +37,12 @@ def table(lines: list[str]) -> tuple[list[str], list[dict]]:
     return header, [dict(zip(header, row, strict=True)) for row in rows]
 
 
-def computed(ledger: Ledger, what: str, client: str, year: str, *options: str) -> list[dict] | None:
+def computed(ledger: Ledger, what: str, client: str, year: str = "", *options: str) -> list[dict] | None:
     """None for what lists the documents; there is nothing to compute."""
     if what == "holdings":
         return portfolio.holding_cells(ledger, client, year, used_up=False)
+    if what == "layers":
+        return History(ledger).cells(client)
     if what != "statement":
         return None
     given = {}

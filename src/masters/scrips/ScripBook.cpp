@@ -17,8 +17,8 @@ using database::TextCell;
 using database::Transaction;
 
 Scrip ScripOf(const Recordset& row) {
-  return {ScripId{row.Int(0)},   row.Text(1), row.Text(2),
-          row.Text(3).trimmed(), row.Int(4),  row.Int(5)};
+  return {ScripId{row.Int(0)}, row.Text(1), row.Text(2), row.Text(3).trimmed(),
+          row.Int(4),          row.Int(5),  {}};
 }
 
 MaybeRefusal CheckWidths(const Scrip& scrip) {
@@ -44,6 +44,9 @@ Result<ScripId> SaveIn(Transaction& transaction, Scrip scrip) {
   transaction.Execute("Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) Values(?,?,?,?,?,?)",
                       scrip.id, scrip.code, scrip.name, scrip.type, scrip.scrip_class,
                       scrip.second_code);
+  if (scrip.isins) {
+    rates::SetIsins(transaction, scrip.id, *scrip.isins);
+  }
   return scrip.id;
 }
 
@@ -125,7 +128,10 @@ MaybeRefusal CheckScrip(const Scrip& scrip) {
   if (scrip.scrip_class == 0) {
     return Refusal{Tr("Scrips", "Select Script Class."), Field::kClass};
   }
-  return CheckWidths(scrip);
+  if (MaybeRefusal refusal = CheckWidths(scrip)) {
+    return refusal;
+  }
+  return scrip.isins ? rates::CheckIsins(*scrip.isins) : std::nullopt;
 }
 
 ScripBook::ScripBook(Connection& connection) : connection_(connection) {}
@@ -142,7 +148,12 @@ std::vector<Scrip> ScripBook::List() const {
 std::optional<Scrip> ScripBook::Load(ScripId id) const {
   Recordset rows =
       connection_.Open("Select Id,Code,Name,NCode,Type,ScrCls From Script Where Id=?", id);
-  return rows.Next() ? std::optional(ScripOf(rows)) : std::nullopt;
+  if (!rows.Next()) {
+    return std::nullopt;
+  }
+  Scrip scrip = ScripOf(rows);
+  scrip.isins = rates::IsinsOf(connection_, id);
+  return scrip;
 }
 
 Result<ScripId> ScripBook::Save(const Scrip& scrip) {

@@ -4,6 +4,7 @@
 #include "core/Progress.h"
 #include "core/Result.h"
 #include "core/database/Transaction.h"
+#include "core/rates/IsinBook.h"
 
 #include <QString>
 
@@ -20,9 +21,13 @@ struct Scrip {
   QString second_code;  ///< the other exchange's; may be empty
   int type = 0;         ///< key of a scrip type, 0 when none is chosen
   int scrip_class = 0;  ///< key of a scrip class, 0 when none is chosen
+
+  /// By the days from which the scrip has them; nullopt leaves them as they are recorded.
+  std::optional<std::vector<rates::DatedIsin>> isins = {};
 };
 
-/// Code, name, type, class, then texts that are too long. Whether the code is free is for the book.
+/// Code, name, type, class, then texts that are too long, then the ISINs. Whether the code is free
+/// is for the book.
 MaybeRefusal CheckScrip(const Scrip& scrip);
 
 /// The scrips in the database. Every save and delete is one transaction; one that is refused, or
@@ -31,9 +36,10 @@ class ScripBook {
  public:
   explicit ScripBook(database::Connection& connection);
 
-  /// By name, then by id.
+  /// By name, then by id, without their ISINs.
   std::vector<Scrip> List() const;
 
+  /// With its ISINs.
   std::optional<Scrip> Load(ScripId id) const;
 
   /// Writes a new scrip, or a changed one in place of the old. Hands back its id.

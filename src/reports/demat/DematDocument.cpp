@@ -52,8 +52,9 @@ void AddScrip(Table& table, const ScripMovements& scrip, const QString& name) {
 }
 
 std::string_view NameOf(Movement movement) {
-  static constexpr std::array<std::string_view, 6> kNames{
-      "opening", "purchase", "sale", "purchase_and_sale", "transfer_to", "transfer_from"};
+  static constexpr std::array<std::string_view, 7> kNames{
+      "opening",       "purchase",        "sale", "purchase_and_sale", "transfer_to",
+      "transfer_from", "corporate_action"};
   return kNames[static_cast<std::size_t>(movement)];
 }
 

@@ -16,6 +16,8 @@ Movement KindOf(const RawMovement& raw) {
         return Movement::kPurchase;
       }
       return !raw.in ? Movement::kSale : Movement::kPurchaseAndSale;
+    case RawMovement::Kind::kAction:
+      return Movement::kAction;
     case RawMovement::Kind::kTransfer:
       break;
   }
@@ -36,6 +38,8 @@ QString ParticularsOf(Movement movement, const RawMovement& raw, const MovementR
       return QStringLiteral("Transfer To - ") + reader.AccountNumber(raw.other);
     case Movement::kTransferFrom:
       return QStringLiteral("Transfer From - ") + reader.AccountNumber(raw.other);
+    case Movement::kAction:
+      return reader.ActionText(raw.document);
   }
   return {};
 }

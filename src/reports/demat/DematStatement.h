@@ -38,7 +38,8 @@ enum class Movement : std::uint8_t {
   kSale,             ///< a bill that sold it
   kPurchaseAndSale,  ///< a bill that did both
   kTransferTo,       ///< out, to another account
-  kTransferFrom      ///< in, from another account
+  kTransferFrom,     ///< in, from another account
+  kAction            ///< what a corporate action took and gave
 };
 
 /// One line of the statement.

@@ -1,5 +1,8 @@
 #include "reports/demat/MovementReader.h"
 
+#include "core/actions/Terms.h"
+#include "core/records/Query.h"
+
 #include <algorithm>
 #include <tuple>
 
@@ -17,19 +20,21 @@ bool Has(const std::vector<IdType>& wanted, IdType id) {
   return wanted.empty() || std::ranges::find(wanted, id) != wanted.end();
 }
 
-bool IsBill(const records::Movement& movement) {
-  return movement.kind == MovementKind::kPurchase || movement.kind == MovementKind::kSale;
-}
-
 RawMovement::Kind KindOf(const records::Movement& movement) {
-  if (movement.kind == MovementKind::kOpening) {
-    return RawMovement::Kind::kOpening;
+  switch (movement.kind) {
+    case MovementKind::kOpening:
+      return RawMovement::Kind::kOpening;
+    case MovementKind::kActionIn:
+    case MovementKind::kActionOut:
+      return RawMovement::Kind::kAction;
+    case MovementKind::kPurchase:
+    case MovementKind::kSale:
+      return RawMovement::Kind::kBill;
+    case MovementKind::kTransferIn:
+    case MovementKind::kTransferOut:
+      break;
   }
-  return IsBill(movement) ? RawMovement::Kind::kBill : RawMovement::Kind::kTransfer;
-}
-
-bool Leaves(const records::Movement& movement) {
-  return movement.kind == MovementKind::kSale || movement.kind == MovementKind::kTransferOut;
+  return RawMovement::Kind::kTransfer;
 }
 
 }  // namespace
@@ -65,6 +70,9 @@ void MovementReader::ReadMasters() {
   for (const auto& row : connection_.Open("Select Id,Name From Broker")) {
     brokers_.emplace(row.Int(0), row.Text(1));
   }
+  for (const records::Action& action : records::Select<records::Action>(connection_).All()) {
+    actions_.emplace(action.id.value, actions::Describe(action));
+  }
 }
 
 QString MovementReader::Text(const Texts& texts, int id) {
@@ -87,7 +95,7 @@ void MovementReader::Take(const records::Movement& movement) {
   m.kind = KindOf(movement);
   m.document = m.kind == RawMovement::Kind::kOpening ? 0 : movement.document;
   m.other = movement.other;
-  (Leaves(movement) ? m.out : m.in) = movement.quantity;
+  (records::IsReceipt(movement.kind) ? m.in : m.out) = movement.quantity;
 }
 
 void MovementReader::Sort() {
@@ -103,6 +111,10 @@ void MovementReader::Sort() {
       merged.push_back(movement);
     }
   }
+  // What a demerger leaves of a lot has another rate, not another quantity.
+  std::erase_if(merged, [](const RawMovement& m) {
+    return m.kind == RawMovement::Kind::kAction && m.in == m.out;
+  });
   movements_ = std::move(merged);
 }
 

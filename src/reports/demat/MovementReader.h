@@ -14,14 +14,14 @@ namespace quorvane::demat {
 /// A quantity that came into an account or left it, as a document has it. In the order of the
 /// statement: place by place, in each by date, kind and key.
 struct RawMovement {
-  enum class Kind : std::uint8_t { kOpening, kBill, kTransfer };
+  enum class Kind : std::uint8_t { kOpening, kAction, kBill, kTransfer };
 
   std::uint32_t client_rank = 0;
   std::uint32_t account_rank = 0;
   std::uint32_t scrip_rank = 0;
   Date date;
   Kind kind = Kind::kOpening;
-  int document = 0;  ///< key of the bill or transfer; 0 for opening stock
+  int document = 0;  ///< key of the bill, transfer or corporate action; 0 for opening stock
   int other = 0;     ///< the broker, or the account at the other end
   Shares in;
   Shares out;
@@ -49,6 +49,9 @@ class MovementReader {
   QString BrokerName(int broker) const { return Text(brokers_, broker); }
   QString AccountNumber(int account) const { return Text(numbers_, account); }
 
+  /// "Split 10:1".
+  QString ActionText(int action) const { return Text(actions_, action); }
+
  private:
   using Texts = std::unordered_map<int, QString>;
 
@@ -66,6 +69,7 @@ class MovementReader {
   Ranking scrips_;
   Texts numbers_;
   Texts brokers_;
+  Texts actions_;
   records::Faults faults_;
   std::vector<RawMovement> movements_;
 };

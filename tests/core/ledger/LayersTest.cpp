@@ -120,7 +120,7 @@ class LayersTest : public QObject {
       m.year = kPlace.of.year;
       m.account = kPlace.account;
       m.scrip = kScrip;
-      m.date = Day(day);
+      m.date = m.acquired = Day(day);
       m.document = document;
       m.lot = LotId{7};
       m.quantity = Shares(quantity);

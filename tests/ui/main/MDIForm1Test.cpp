@@ -48,7 +48,7 @@ class MDIForm1Test : public QObject {
       }
     }
     QCOMPARE(names, wanted);
-    QCOMPARE(wanted.size(), 45);
+    QCOMPARE(wanted.size(), 50);
     for (const reports::Report& report : reports::Reports()) {
       QVERIFY2(wanted.contains(QLatin1String(report.window.item)), report.command);
     }

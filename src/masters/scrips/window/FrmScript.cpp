@@ -6,6 +6,7 @@
 #include "masters/Questions.h"
 
 #include <QHBoxLayout>
+#include <QVBoxLayout>
 
 namespace quorvane::scrips {
 namespace {
@@ -41,7 +42,8 @@ FrmScript::FrmScript(controls::Desk& desk)
         {Field::kName, "Text1_1"},
         {Field::kSecondCode, "Text1_2"},
         {Field::kType, "Combo1"},
-        {Field::kClass, "Combo2"}});
+        {Field::kClass, "Combo2"},
+        {Field::kIsins, "VS"}});
   Start();
 }
 
@@ -65,6 +67,7 @@ void FrmScript::Clear() {
   }
   Combo1->Clear();
   Combo2->Clear();
+  ShowIsins({});
 }
 
 void FrmScript::Load(int id) {
@@ -77,6 +80,7 @@ void FrmScript::Load(int id) {
   Text1[SecondCode]->setText(scrip->second_code);
   Combo1->ById(scrip->type);
   Combo2->ById(scrip->scrip_class);
+  ShowIsins(scrip->isins.value_or(std::vector<rates::DatedIsin>()));
 }
 
 MaybeRefusal FrmScript::Save() {
@@ -85,7 +89,8 @@ MaybeRefusal FrmScript::Save() {
                            .name = Text1[Name]->text(),
                            .second_code = Text1[SecondCode]->text(),
                            .type = Combo1->CurrentId(),
-                           .scrip_class = Combo2->CurrentId()}));
+                           .scrip_class = Combo2->CurrentId(),
+                           .isins = EnteredIsins()}));
 }
 
 void FrmScript::Remove(int id) {
@@ -106,9 +111,77 @@ void FrmScript::AddFields() {
   fields->NewRow();
   Combo1 = fields->Add(tr("&Type"), QStringLiteral("Combo1"), new ComboBox());
   Combo2 = fields->Add(tr("C&lass"), QStringLiteral("Combo2"), new ComboBox());
-  fields->setRowStretch(fields->rowCount(), 1);
+  AddIsins(*fields);
   On(Combo1, &ComboBox::Entered, &FrmScript::Combo1_GotFocus, QStringLiteral("Combo1_GotFocus"));
   On(Combo2, &ComboBox::Entered, &FrmScript::Combo2_GotFocus, QStringLiteral("Combo2_GotFocus"));
+}
+
+/// A scrip may have had several ISINs, each from a day.
+void FrmScript::AddIsins(controls::FieldLayout& fields) {
+  constexpr int kIsinLength = 12;
+  constexpr int kRows = 4;
+  auto* panel = new QWidget();
+  auto* row = new QHBoxLayout(panel);
+  row->setContentsMargins(0, 0, 0, 0);
+  VS = new controls::Grid(QStringLiteral("VS"), tr("ISINs of the script"));
+  VS->SetColumns({{.heading = tr("ISIN"), .editable = true, .max_length = kIsinLength},
+                  {.heading = tr("From Day"), .mask = controls::Mask::kDate, .editable = true}});
+  VS->SetSortable(false);
+  VS->setFixedHeight(VS->fontMetrics().height() * 2 * kRows);
+  auto* buttons = new QVBoxLayout();
+  auto* add = new ZENButton(QStringLiteral("CmdAddIsin"), tr("Add ISI&N"));
+  auto* remove = new ZENButton(QStringLiteral("CmdDeleteIsin"), tr("Remo&ve ISIN"));
+  buttons->addWidget(add);
+  buttons->addWidget(remove);
+  buttons->addStretch();
+  row->addWidget(VS, 1);
+  row->addLayout(buttons);
+  fields.Add(tr("ISINs"), QStringLiteral("IsinPanel"), panel, 2);
+  VS->setObjectName(QStringLiteral("VS"));
+  OnClick(add, &FrmScript::CmdAddIsin_Click);
+  OnClick(remove, &FrmScript::CmdDeleteIsin_Click);
+  On(VS, &controls::Grid::LastCellLeft, &FrmScript::VS_LastCellLeft,
+     QStringLiteral("VS_LastCellLeft"));
+}
+
+void FrmScript::ShowIsins(const std::vector<rates::DatedIsin>& isins) {
+  std::vector<controls::Row> rows;
+  for (const rates::DatedIsin& one : isins) {
+    rows.push_back({.cells = {one.isin, one.from_day}});
+  }
+  VS->SetRows(std::move(rows));
+}
+
+/// Rows without an ISIN do not count.
+std::vector<rates::DatedIsin> FrmScript::EnteredIsins() const {
+  enum Column { kIsin, kFromDay };
+  std::vector<rates::DatedIsin> isins;
+  for (int row = 0; row < VS->Model().RowCount(); ++row) {
+    const QString isin = VS->Model().Text(row, kIsin).trimmed().toUpper();
+    if (!isin.isEmpty()) {
+      isins.push_back({isin, VS->Model().Text(row, kFromDay)});
+    }
+  }
+  return isins;
+}
+
+void FrmScript::CmdAddIsin_Click() {
+  VS->AddRow();
+  VS->setFocus(Qt::OtherFocusReason);
+}
+
+// Enter on an empty row is the way out of the grid.
+void FrmScript::VS_LastCellLeft() {
+  const int row = VS->CurrentRow();
+  if (row >= 0 && VS->Model().Text(row, 0).trimmed().isEmpty()) {
+    cmdUpdate->setFocus(Qt::TabFocusReason);
+  } else {
+    VS->AddRow();
+  }
+}
+
+void FrmScript::CmdDeleteIsin_Click() {
+  VS->RemoveCurrentRow();
 }
 
 void FrmScript::AddButtons() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ComboBox.h"
+#include "controls/FieldLayout.h"
 #include "controls/RecordWindow.h"
 #include "controls/TextBox.h"
 #include "masters/scrips/ScripBook.h"
@@ -28,18 +29,25 @@ class FrmScript : public controls::RecordWindow {
   enum Box { Code, Name, SecondCode, kBoxes };
 
   void AddFields();
+  void AddIsins(controls::FieldLayout& fields);
   void AddButtons();
+  void ShowIsins(const std::vector<rates::DatedIsin>& isins);
+  std::vector<rates::DatedIsin> EnteredIsins() const;
   void FillCombos();
 
   void Combo1_GotFocus();
   void Combo2_GotFocus();
   void CmdScriptType_Click();
   void CmdScriptCls_Click();
+  void CmdAddIsin_Click();
+  void CmdDeleteIsin_Click();
+  void VS_LastCellLeft();
 
   ScripBook book_;
   std::array<controls::TextBox*, kBoxes> Text1{};
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;
+  controls::Grid* VS = nullptr;  ///< ISINs
 };
 
 }  // namespace quorvane::scrips

@@ -106,24 +106,18 @@ MaybeRefusal PrintPreview(Context& context, ActionBook& book, const ActionList& 
   return std::nullopt;
 }
 
-/// Records what is ready and applies it; all or nothing of what is recorded, then of what is
-/// applied.
+/// Records what is ready and applies it, all or nothing.
 MaybeRefusal Apply(Context& context, ActionBook& book, const ActionList& list) {
   const std::vector<records::Action> ready = Ready(list);
   if (ready.empty()) {
     return RefusalOf("the file holds no action that is new, complete and of a scrip that is held");
   }
-  const Result<std::vector<ActionId>> ids = book.SaveAll(ready);
-  if (!ids) {
-    return ids.Why();
-  }
   const auto progress = context.MakeProgress();
-  const Result<std::size_t> accounts = book.Apply(*ids, {}, text::Today(), *progress);
+  const Result<std::size_t> accounts = book.RecordAndApply(ready, text::Today(), *progress);
   if (!accounts) {
-    return RefusalOf("the actions are recorded, but not applied: " +
-                     accounts.Why().text.toStdString());
+    return accounts.Why();
   }
-  context.Inform(fmt::format("{} actions applied to {} accounts", ids->size(), *accounts));
+  context.Inform(fmt::format("{} actions applied to {} accounts", ready.size(), *accounts));
   return std::nullopt;
 }
 

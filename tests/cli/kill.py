@@ -3,7 +3,7 @@
 quorvanectl to end, starts again and looks whether the portfolio is exactly what it was before the
 command or exactly what it is after it.
 
-    kill.py [--times 12] [--seed S] [--lines 4000] [unittest options]
+    kill.py [--times 15] [--seed S] [--lines 4000] [unittest options]
 
 Also: several programs at once over one application folder. Only processes of folders that this
 script has made are ended.
@@ -111,7 +111,7 @@ class Folders(unittest.TestCase):
 
 
 class Killed(Folders):
-    times = 12
+    times = 15
     seed = 0
     lines = 4000
 
@@ -145,10 +145,15 @@ class Killed(Folders):
         run(other, "import", SAMPLE)
         sign(other, "1/sign.png", "another")
         sign(other, "2/more.png", "more")
+        actions = cls.home / "actions.csv"
+        actions.write_text("scrip_code,kind,ex_date,new,old\n"
+                           + "".join(f"{code},bonus,31/03/2012,1,2\n"
+                                     for code in ("600001", "600008", "600015")))
         cls.commands = (
             Command("import", empty, "import", documents),
             Command("restore", other, "restore", backup, "--yes"),
             Command("rebuild", wrong, "rebuild", "--all"),
+            Command("corporate action", filled, "corporate-action", actions, "--apply"),
             Command("carry forward", filled, "carry-forward", "stock", "--client", "C00001",
                     "--year", NEXT_YEAR))
 

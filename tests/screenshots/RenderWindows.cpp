@@ -42,6 +42,8 @@ const std::map<QString, QStringList> kPressed{
     {QStringLiteral("ImpScrMaster"), {QStringLiteral("CmdImport")}},
     {QStringLiteral("ImpScrRate"), {QStringLiteral("CmdImport")}},
     {QStringLiteral("FrmScriptTransfer"), {QStringLiteral("cmdModify")}},
+    {QStringLiteral("FrmCorpAction"), {QStringLiteral("CmdPreview")}},
+    {QStringLiteral("ImpCorpAction"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("FrmClientMaster"),
      {QStringLiteral("cmdModify"), QStringLiteral("CmdSource"), QStringLiteral("cmdUpdate")}},
 };

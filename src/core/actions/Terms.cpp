@@ -118,10 +118,10 @@ MaybeRefusal Check(const Action& action) {
 QString Describe(const Action& action) {
   QString described = QString::fromLatin1(NameOf(action.kind).title);
   const Terms terms = TermsOf(action.kind);
-  if (terms.ratio || (terms.any_ratio && action.new_shares)) {
+  if ((terms.ratio || terms.any_ratio) && action.new_shares) {
     described += QLatin1Char(' ') + RatioText(action);
   }
-  if (terms.price) {
+  if (terms.price && action.price > 0) {
     described += QStringLiteral(" Rs ") + text::FormatAmount(action.price);
   }
   return described;

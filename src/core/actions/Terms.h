@@ -52,7 +52,8 @@ Terms TermsOf(ActionKind kind);
 /// The first rule that the terms break: days, ratio, the other scrip, price, per cent.
 MaybeRefusal Check(const Action& action);
 
-/// In English, for statements: "Bonus 1:1", "Split 10:1", "Dividend Rs 12.50".
+/// In English, for statements: "Bonus 1:1", "Split 10:1", "Dividend Rs 12.50". Terms that are not
+/// filled are left out.
 QString Describe(const Action& action);
 
 }  // namespace quorvane::actions

@@ -139,27 +139,29 @@ constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
      "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
      "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"CorpAction", 1,
-     "Create Table if not Exists CorpAction(Id int(11) Primary Key, Kind int(11) Not Null Default "
-     "0, ScrId int(11) Not Null Default 0, ExDay varchar(10) Not Null Default '', RecordDay "
-     "varchar(10) Not Null Default '', AllotDay varchar(10) Not Null Default '', NewShares double "
-     "Not Null Default 0, OldShares double Not Null Default 0, OtherScrId int(11) Not Null Default "
-     "0, Price double Not Null Default 0, CostPercent double Not Null Default 0, Note varchar(255) "
-     "Not Null Default '', Applied int(11) Not Null Default 0, Index IxCorpActionScrip(ScrId)) "
-     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+     "Create Table if not Exists CorpAction(Id int(11) Default 0 Primary Key, Kind int(11) Not "
+     "Null Default 0, ScrId int(11) Not Null Default 0, ExDay varchar(10) Not Null Default '', "
+     "RecordDay varchar(10) Not Null Default '', AllotDay varchar(10) Not Null Default '', "
+     "NewShares double Not Null Default 0, OldShares double Not Null Default 0, OtherScrId int(11) "
+     "Not Null Default 0, Price double Not Null Default 0, CostPercent double Not Null Default 0, "
+     "Note varchar(255) Not Null Default '', Applied int(11) Not Null Default 0, Index "
+     "IxCorpActionScrip(ScrId)) Engine=InnoDB Default Character Set utf8mb4 Collate "
+     "utf8mb4_general_ci"},
     {"CorpActionLot", 1,
-     "Create Table if not Exists CorpActionLot(ActionId int(11) Not Null, Id int(11) Not Null, CId "
-     "int(11) Not Null Default 0, Fyear varchar(10) Not Null Default '', AcId int(11) Not Null "
-     "Default 0, ScrId int(11) Not Null Default 0, Rate double Not Null Default 0, OutQty double "
-     "Not Null Default 0, ToScrId int(11) Not Null Default 0, ToRate double Not Null Default 0, "
-     "InQty double Not Null Default 0, Acquired varchar(10) Not Null Default '', Brk double Not "
-     "Null Default 0, STax double Not Null Default 0, STT double Not Null Default 0, FO int(11) "
-     "Not Null Default 0, Primary Key(ActionId,Id), Index IxCorpActionLotClient(CId,Fyear)) "
-     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+     "Create Table if not Exists CorpActionLot(ActionId int(11) Not Null Default 0, Id int(11) Not "
+     "Null Default 0, CId int(11) Not Null Default 0, Fyear varchar(10) Not Null Default '', AcId "
+     "int(11) Not Null Default 0, ScrId int(11) Not Null Default 0, Rate double Not Null Default "
+     "0, OutQty double Not Null Default 0, ToScrId int(11) Not Null Default 0, ToRate double Not "
+     "Null Default 0, InQty double Not Null Default 0, Acquired varchar(10) Not Null Default '', "
+     "Brk double Not Null Default 0, STax double Not Null Default 0, STT double Not Null Default "
+     "0, FO int(11) Not Null Default 0, Primary Key(ActionId,Id), Index "
+     "IxCorpActionLotClient(CId,Fyear)) Engine=InnoDB Default Character Set utf8mb4 Collate "
+     "utf8mb4_general_ci"},
     {"Dividend", 1,
-     "Create Table if not Exists Dividend(Id int(11) Primary Key, ActionId int(11) Not Null "
-     "Default 0, CId int(11) Not Null Default 0, AcId int(11) Not Null Default 0, ScrId int(11) "
-     "Not Null Default 0, DDate varchar(10) Not Null Default '', Qty double Not Null Default 0, "
-     "PerShare double Not Null Default 0, Tax double Not Null Default 0, Index "
+     "Create Table if not Exists Dividend(Id int(11) Default 0 Primary Key, ActionId int(11) Not "
+     "Null Default 0, CId int(11) Not Null Default 0, AcId int(11) Not Null Default 0, ScrId "
+     "int(11) Not Null Default 0, DDate varchar(10) Not Null Default '', Qty double Not Null "
+     "Default 0, PerShare double Not Null Default 0, Tax double Not Null Default 0, Index "
      "IxDividendClient(CId), Index IxDividendAction(ActionId)) Engine=InnoDB Default Character Set "
      "utf8mb4 Collate utf8mb4_general_ci"},
     {"RemovedAccount", 1,

@@ -272,6 +272,14 @@ reporting::Table ScripPage::GainTable() const {
   return table;
 }
 
+/// The balances that later years open with are the shares that are listed already.
+bool ScripPage::IsCarried(const Event& event) const {
+  return event.kind == EventKind::kOpening &&
+         std::ranges::any_of(history_.events, [&](const Event& other) {
+           return other.client == event.client && other.day < event.day;
+         });
+}
+
 reporting::Table ScripPage::MovementTable() const {
   reporting::Table table;
   table.titles = {QStringLiteral("Recorded")};
@@ -282,7 +290,8 @@ reporting::Table ScripPage::MovementTable() const {
   std::vector<Event> events;
   std::ranges::copy_if(history_.events, std::back_inserter(events), [this](const Event& event) {
     const bool concerns = IsWanted(event.client) || IsWanted(event.to_client);
-    return concerns && event.scrip == query_.scrip && event.day <= query_.as_on;
+    return concerns && event.scrip == query_.scrip && event.day <= query_.as_on &&
+           !IsCarried(event);
   });
   std::ranges::stable_sort(events, {}, [](const Event& event) {
     return std::tuple(event.day, event.kind, event.document, event.line);

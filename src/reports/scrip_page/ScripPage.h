@@ -55,6 +55,7 @@ class ScripPage {
   void ReadRates(database::Connection& connection);
   void ReadNames(database::Connection& connection);
   bool IsWanted(ClientId client) const { return query_.clients.contains(client); }
+  bool IsCarried(const positions::Event& event) const;
   const RateOfDay* NewestRate(Date day) const;
   std::vector<Date> MonthEnds() const;
 

@@ -121,6 +121,31 @@ Result<std::size_t> ApplyIn(Transaction& transaction, std::vector<Action> chosen
   return accounts;
 }
 
+Result<std::size_t> ApplyThose(Transaction& transaction, std::span<const ActionId> ids,
+                               const ChosenShares& chosen, text::Date today, Progress& progress) {
+  std::vector<Action> wanted;
+  for (const ActionId id : ids) {
+    const std::optional<Action> action = ReadForUpdate(transaction, id);
+    if (!action) {
+      return Gone();
+    }
+    wanted.push_back(*action);
+  }
+  return ApplyIn(transaction, std::move(wanted), chosen, today, progress);
+}
+
+Result<std::vector<ActionId>> SaveAllIn(Transaction& transaction, std::span<const Action> entered) {
+  std::vector<ActionId> ids;
+  for (const Action& action : entered) {
+    const Result<ActionId> saved = SaveIn(transaction, action);
+    if (!saved) {
+      return entered.size() == 1 ? saved.Why() : Named(transaction, action, saved.Why());
+    }
+    ids.push_back(*saved);
+  }
+  return ids;
+}
+
 }  // namespace
 
 std::vector<Action> ActionBook::List() const {
@@ -143,23 +168,20 @@ Result<ActionId> ActionBook::Save(const Action& action) {
 }
 
 Result<std::vector<ActionId>> ActionBook::SaveAll(std::span<const Action> entered) {
-  std::vector<ActionId> ids;
-  const MaybeRefusal refusal =
-      database::InTransaction(connection_, [&](Transaction& transaction) -> MaybeRefusal {
-        ids.clear();
-        for (const Action& action : entered) {
-          const Result<ActionId> saved = SaveIn(transaction, action);
-          if (!saved) {
-            return entered.size() == 1 ? saved.Why() : Named(transaction, action, saved.Why());
-          }
-          ids.push_back(*saved);
-        }
-        return std::nullopt;
-      });
-  if (refusal) {
-    return *refusal;
-  }
-  return ids;
+  return database::InTransaction(
+      connection_, [&](Transaction& transaction) { return SaveAllIn(transaction, entered); });
+}
+
+Result<std::size_t> ActionBook::RecordAndApply(std::span<const Action> entered, text::Date today,
+                                               Progress& progress) {
+  return database::InTransaction(
+      connection_,
+      [&](Transaction& transaction) -> Result<std::size_t> {
+        const Result<std::vector<ActionId>> ids = SaveAllIn(transaction, entered);
+        return ids ? ApplyThose(transaction, *ids, {}, today, progress)
+                   : Result<std::size_t>(ids.Why());
+      },
+      database::Turn::kAlone);
 }
 
 MaybeRefusal ActionBook::Delete(ActionId id) {
@@ -191,28 +213,12 @@ bool ActionBook::IsCurrent(const Action& action) const {
 
 Result<std::size_t> ActionBook::Apply(std::span<const ActionId> ids, const ChosenShares& chosen,
                                       text::Date today, Progress& progress) {
-  std::size_t accounts = 0;
-  const MaybeRefusal refusal = database::InTransaction(
+  return database::InTransaction(
       connection_,
-      [&](Transaction& transaction) -> MaybeRefusal {
-        std::vector<Action> wanted;
-        for (const ActionId id : ids) {
-          const std::optional<Action> action = ReadForUpdate(transaction, id);
-          if (!action) {
-            return Gone();
-          }
-          wanted.push_back(*action);
-        }
-        const Result<std::size_t> applied =
-            ApplyIn(transaction, std::move(wanted), chosen, today, progress);
-        accounts = applied ? *applied : 0;
-        return applied.Refused();
+      [&](Transaction& transaction) {
+        return ApplyThose(transaction, ids, chosen, today, progress);
       },
       database::Turn::kAlone);
-  if (refusal) {
-    return *refusal;
-  }
-  return accounts;
 }
 
 MaybeRefusal ActionBook::TakeBack(ActionId id) {

@@ -93,7 +93,7 @@ class ActionListTest : public test::DatabaseTest {
           "PURPOSE\nEQ,ONE,One Ltd,07/12/2019, , ,05/12/2019, , ,BONUS 1:1\n"
           "EQ,ONE,One Ltd,2026-02-03, , ,2026-02-02, , ,FVSPLT FRM RS 100 TO RS 1\n",
           {"|ONE||One Ltd|05/12/2019|07/12/2019|Bonus 1:1",
-           "|ONE||One Ltd|02/02/2026|03/02/2026|Split 0:0"},
+           "|ONE||One Ltd|02/02/2026|03/02/2026|Split"},
           0);
     table("Bombay page",
           "Security Code,Security Name,Company Name,Ex Date,Purpose,Record Date,BC Start Date,"

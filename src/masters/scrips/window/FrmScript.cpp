@@ -119,7 +119,7 @@ void FrmScript::AddFields() {
 /// A scrip may have had several ISINs, each from a day.
 void FrmScript::AddIsins(controls::FieldLayout& fields) {
   constexpr int kIsinLength = 12;
-  constexpr int kRows = 4;
+  constexpr int kRows = 3;
   auto* panel = new QWidget();
   auto* row = new QHBoxLayout(panel);
   row->setContentsMargins(0, 0, 0, 0);

@@ -33,6 +33,7 @@ RptScripPage::RptScripPage(reporting::ReportDesk& desk)
   chart_ = new charts::ChartPane(TheGuard(), TheDesk(), {tr("Holding"), tr("Rate")});
   QTabWidget* pages = AddPage(tr("Chart"), chart_);
   FillScrips();
+  Combo1->setCurrentIndex(Combo1->count() > 0 ? 0 : -1);
   Hold({{Field::kScrip, QStringLiteral("Combo1")}});
   On(whose_.group, &QButtonGroup::idClicked, &RptScripPage::Chart_Click,
      QStringLiteral("optW_Click"));

@@ -326,6 +326,7 @@ void FrmCorpAction::FillAccounts(const std::vector<AccountEffect>& effects) {
   const Action action = Chosen();
   const lookups::Directory directory(*Session().connection);
   const bool choice = HasChoice(action.kind);
+  const bool pays = action.kind == ActionKind::kDividend;
   VSA->SetColumns({{.heading = tr("Client")},
                    {.heading = tr("Demat A/c No.")},
                    {.heading = tr("Shares Before"), .mask = Mask::kNumber},
@@ -338,7 +339,7 @@ void FrmCorpAction::FillAccounts(const std::vector<AccountEffect>& effects) {
                    {.heading = tr("Fraction"), .mask = Mask::kNumber},
                    {.heading = tr("Paid for It"), .mask = Mask::kAmount},
                    {.heading = tr("Cost"), .mask = Mask::kAmount},
-                   {.heading = tr("Cost Moved"), .mask = Mask::kAmount}});
+                   {.heading = pays ? tr("Dividend") : tr("Cost Moved"), .mask = Mask::kAmount}});
   std::vector<controls::Row> rows;
   for (std::size_t i = 0; i < effects.size(); ++i) {
     const auto& [client, account, effect] = effects[i];
@@ -351,7 +352,8 @@ void FrmCorpAction::FillAccounts(const std::vector<AccountEffect>& effects) {
                    (action.kind == ActionKind::kBuyBack ? given : effect.received).Number(),
                    effect.received.Number(), effect.after.Number(), effect.fraction.Number(),
                    effect.fraction_money.Rupees(), effect.cost_before.Rupees(),
-                   effect.cost_moved.Rupees()}});
+                   pays ? text::RoundAmount(effect.before.Number() * action.price)
+                        : effect.cost_moved.Rupees()}});
   }
   VSA->SetRows(std::move(rows));
 }

@@ -5,6 +5,7 @@
 #include "core/actions/Terms.h"
 
 #include <QCheckBox>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -119,7 +120,7 @@ void ImpCorpAction::Fill() {
   if (!path_.isEmpty()) {
     LblFile->setText(tr("%1: %2 actions, %3 of them ready to be recorded. %4 rows mean nothing "
                         "for shares.")
-                         .arg(path_)
+                         .arg(QFileInfo(path_).fileName())
                          .arg(rows.size())
                          .arg(ready)
                          .arg(list_.left_out));
@@ -144,48 +145,37 @@ std::vector<Action> ImpCorpAction::Chosen() const {
   return chosen;
 }
 
-MaybeRefusal ImpCorpAction::Record(std::vector<ActionId>& ids) {
+void ImpCorpAction::CmdRecord_Click() {
   const std::vector<Action> chosen = Chosen();
   if (chosen.empty()) {
-    return Refusal{tr("Tick an Action without Open Points.")};
+    return ShowAt(tr("Tick an Action without Open Points."), VSF);
   }
-  const Result<std::vector<ActionId>> saved = book_.SaveAll(chosen);
-  if (saved) {
-    ids = *saved;
-  }
-  return saved.Refused();
-}
-
-void ImpCorpAction::CmdRecord_Click() {
-  std::vector<ActionId> ids;
-  if (const MaybeRefusal refusal = Record(ids)) {
-    Show(*refusal);
+  const auto saved = book_.SaveAll(chosen);
+  if (!saved) {
+    Show(saved.Why());
     return;
   }
   Load(path_);
   Say().Inform(tr("%1 Actions are Recorded. They are Applied in the Window of the Corporate "
                   "Actions.")
-                   .arg(ids.size()));
+                   .arg(chosen.size()));
 }
 
-/// An action that cannot be applied stays recorded: it is looked at in its own window.
 void ImpCorpAction::CmdApply_Click() {
-  std::vector<ActionId> ids;
-  if (const MaybeRefusal refusal = Record(ids)) {
-    Show(*refusal);
-    return;
+  const std::vector<Action> chosen = Chosen();
+  if (chosen.empty()) {
+    return ShowAt(tr("Tick an Action without Open Points."), VSF);
   }
   const Result<std::size_t> applied = [&] {
     controls::ProgressDialog progress(this);
-    return book_.Apply(ids, {}, TheDesk().today(), progress);
+    return book_.RecordAndApply(chosen, TheDesk().today(), progress);
   }();
-  Load(path_);
   if (!applied) {
-    Show({tr("The Actions are Recorded, but not Applied.") + QLatin1Char('\n') +
-          applied.Why().text});
+    Show(applied.Why());
     return;
   }
-  Say().Inform(tr("%1 Actions are Recorded and Applied.").arg(ids.size()));
+  Load(path_);
+  Say().Inform(tr("%1 Actions are Recorded and Applied.").arg(chosen.size()));
 }
 
 }  // namespace quorvane::corporate_actions

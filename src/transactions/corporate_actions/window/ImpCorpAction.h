@@ -27,7 +27,6 @@ class ImpCorpAction : public controls::ChildWindow {
   void Load(const QString& path);
   void Fill();
   std::vector<Action> Chosen() const;
-  MaybeRefusal Record(std::vector<ActionId>& ids);
 
   void CmdFile_Click();
   void CmdRecord_Click();

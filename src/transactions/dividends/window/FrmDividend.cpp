@@ -51,8 +51,8 @@ void FrmDividend::BuildFields() {
   date_ = fields->Add(tr("Da&te"), QStringLiteral("Text1_0"), new controls::DateBox());
   TxtQuantity = fields->Add(tr("&Quantity"), QStringLiteral("Text1_1"), NumberBox());
   TxtRate = fields->Add(tr("&Rs a Share"), QStringLiteral("Text1_2"), NumberBox());
-  TxtTax = fields->Add(tr("Ta&x Deducted"), QStringLiteral("Text1_3"), new controls::AmountBox());
   TxtAmount = fields->Add(tr("Dividend"), QStringLiteral("Text1_4"), new controls::AmountBox());
+  TxtTax = fields->Add(tr("Ta&x Deducted"), QStringLiteral("Text1_3"), new controls::AmountBox());
   TxtAmount->setReadOnly(true);
   TxtAmount->setFocusPolicy(Qt::NoFocus);
   Combo2->SetItems(lookups::AccountItems(*Session().connection, of_.client));

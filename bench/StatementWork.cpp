@@ -4,6 +4,7 @@
 #include "bench/Works.h"
 #include "core/ledger/Rebuild.h"
 #include "core/lookups/Directory.h"
+#include "core/positions/Positions.h"
 #include "reports/profit/ProfitDocument.h"
 
 #include <QCoreApplication>
@@ -101,6 +102,25 @@ void AddRebuild(Table& table, Connection& connection, std::string_view work,
   table.Add(work, Times(rebuild, read), "at most 3x the read", rebuild <= 3 * read);
 }
 
+/// The history of every client: layers, sales and their gains over all years.
+void AddHistory(Table& table, Connection& connection, const Portfolio& portfolio) {
+  std::vector<double> reads;
+  std::vector<double> histories;
+  std::size_t pieces = 0;
+  for (int run = 0; run < kRuns; ++run) {
+    reads.push_back(Seconds([&] { ReadAndDrop(connection, kYear); }));
+    histories.push_back(Seconds([&] {
+      Progress progress;
+      pieces = positions::ReadPositions(connection, {}, progress).pieces.size();
+    }));
+  }
+  const double read = Median(reads);
+  const double history = Median(histories);
+  table.Add(fmt::format("history of every client, N = {}, {} pieces sold", portfolio.lines.size(),
+                        pieces),
+            Times(history, read), "at most 3x the read", history <= 3 * read);
+}
+
 }  // namespace
 
 int StatementProcess(const QStringList& arguments) {
@@ -127,6 +147,7 @@ void MeasureStatementAndRebuild(Table& table, const Office& office, const Portfo
   Connection connection(NewDatabase(office, name));
   FillDatabase(connection, portfolio);
   AddStatement(table, RunStatementProcess(office, name), portfolio);
+  AddHistory(table, connection, portfolio);
   const std::string of = fmt::format("rebuild of every client, N = {}", portfolio.lines.size());
   AddRebuild(table, connection, of, 0, [] {});
   AddRebuild(table, connection, of + ", every lot wrong", portfolio.lots.size(),

@@ -2,7 +2,7 @@
 """A random portfolio is taken in, and every line, lot and statement compared with the exact
 computation in tests/oracle, to the paisa.
 
-    exactness.py [--lines 10000] [--seed S] [unittest options]
+    exactness.py [--lines 10000] [--seed S] [--portfolios 2] [unittest options]
 
 --lines 100000 takes one to two minutes. The seed is told, so that a failure can be had again.
 """
@@ -17,7 +17,8 @@ from ctl import Case, files, generate, rows
 
 import portfolio
 from exact import day, number
-from folder import read
+from folder import read, years
+from layers import History
 from ledger import Ledger
 from statement import Choice, remaining
 
@@ -177,13 +178,58 @@ class Exactness(Case):
         self.check_is_well(self.desk)
 
 
+class WithActions(Case):
+    """Corporate actions of every kind among the bills and transfers of three years."""
+
+    portfolios = 2
+    seed = 20140303
+
+    def test_history_books_and_export_are_exact(self):
+        for n in range(self.portfolios):
+            with self.subTest(seed=self.seed + n):
+                folder = generate(self.new_folder(), 500, self.seed + n, "--years", "3",
+                                  "--clients", "6", "--scrips", "14", "--actions", "9")
+                self.check_portfolio(folder)
+
+    def check_portfolio(self, folder):
+        ledger = Ledger(read(folder))
+        self.assertTrue(ledger.portfolio.actions)
+        desk = self.new_desk()
+        desk.take_in(folder)
+        history = History(ledger)
+        for client in ledger.portfolio.clients:
+            self.assertEqual(history.cells(client), desk.listed("layers", client), client)
+            for year in years(ledger.portfolio):
+                self.assertEqual(
+                    portfolio.holding_cells(ledger, client, year, used_up=False),
+                    [{name: lot[name] for name in portfolio.HOLDING_COLUMNS}
+                     for lot in desk.holdings(client, year)], f"{client} {year}")
+                self.assertEqual(
+                    portfolio.statement_cells(ledger, client, year, Choice(charges="both")),
+                    desk.statement(client, year, "--charges", "both"), f"{client} {year}")
+        self.check_is_well(desk)
+        exported = desk.export()
+        again = self.new_desk()
+        again.take_in(self.folder_of(exported))
+        self.assertEqual(exported, again.export())
+
+    def folder_of(self, exported: dict[str, bytes]):
+        folder = self.new_folder()
+        for name, content in exported.items():
+            (folder / name).write_bytes(content)
+        return folder
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--lines", type=int, default=Exactness.lines)
     parser.add_argument("--seed", type=int, default=Exactness.seed)
+    parser.add_argument("--portfolios", type=int, default=WithActions.portfolios,
+                        help="with corporate actions")
     given, rest = parser.parse_known_args()
     Exactness.lines, Exactness.seed = given.lines, given.seed
+    WithActions.portfolios = given.portfolios
     print(f"{given.lines} lines, seed {given.seed}")
     unittest.main(argv=[sys.argv[0], *rest])
 

@@ -305,6 +305,23 @@ reporting::Table ScripPage::MovementTable() const {
   return table;
 }
 
+/// Balances that a year opens with and that the years before do not leave.
+reporting::Table ScripPage::DifferenceTable() const {
+  reporting::Table table;
+  table.titles = {QStringLiteral("Opening Balances that Differ")};
+  table.columns = {TextColumn(QStringLiteral("Year")), TextColumn(QStringLiteral("Demat A/c No.")),
+                   QuantityColumn(QStringLiteral("Recorded")),
+                   QuantityColumn(QStringLiteral("Left by the Years Before"))};
+  for (const positions::Difference& difference : now_.differences) {
+    if (IsWanted(difference.of.client) && difference.place.scrip == query_.scrip) {
+      table.rows.push_back(
+          {.cells = {difference.of.year.Text(), accounts_.at(difference.place.account),
+                     difference.recorded.Number(), difference.computed.Number()}});
+    }
+  }
+  return table;
+}
+
 reporting::Table ScripPage::ActionTable() const {
   reporting::Table table;
   table.titles = {QStringLiteral("Corporate Actions")};
@@ -364,8 +381,8 @@ reporting::ReportDocument ScripPage::Document() const {
   document.titles = {
       QStringLiteral("%1 (Up To %2)").arg(scrips_.at(query_.scrip), text::FormatDmy(query_.as_on)),
       names.join(QStringLiteral(", "))};
-  for (reporting::Table table :
-       {HoldingTable(), GainTable(), MovementTable(), ActionTable(), DividendTable()}) {
+  for (reporting::Table table : {HoldingTable(), GainTable(), MovementTable(), DifferenceTable(),
+                                 ActionTable(), DividendTable()}) {
     if (!table.rows.empty()) {
       document.tables.push_back(std::move(table));
     }

@@ -62,6 +62,7 @@ class ScripPage {
   reporting::Table HoldingTable() const;
   reporting::Table GainTable() const;
   reporting::Table MovementTable() const;
+  reporting::Table DifferenceTable() const;
   reporting::Table ActionTable() const;
   reporting::Table DividendTable() const;
 

@@ -3,6 +3,8 @@
 #include "core/files/TableFile.h"
 #include "core/text/Tr.h"
 
+#include <QFile>
+
 namespace quorvane::tax {
 namespace {
 
@@ -32,8 +34,11 @@ text::Date DayIn(text::FinancialYear year, const files::TextRow& row) {
 
 std::vector<AdvanceTaxWindow> AdvanceTaxWindows(const QString& data_folder,
                                                 text::FinancialYear year) {
-  const files::TextTable table =
-      files::ReadTableFile(data_folder + QStringLiteral("/tax/advance-tax-windows.csv"));
+  const QString path = data_folder + QStringLiteral("/tax/advance-tax-windows.csv");
+  if (!QFile::exists(path)) {
+    return {};
+  }
+  const files::TextTable table = files::ReadTableFile(path);
   std::vector<AdvanceTaxWindow> windows;
   std::optional<text::FinancialYear> newest;
   for (std::size_t i = 1; i < table.rows.size(); ++i) {

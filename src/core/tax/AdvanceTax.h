@@ -19,8 +19,8 @@ struct AdvanceTaxWindow {
 };
 
 /// The windows of a year, in order, from the shipped file "tax/advance-tax-windows.csv" in the data
-/// folder; empty for a year that it does not know. Throws files::TableError for a file that is
-/// missing or broken.
+/// folder; empty for a year that it does not know, and when there is no such file. Throws
+/// files::TableError for a broken one.
 std::vector<AdvanceTaxWindow> AdvanceTaxWindows(const QString& data_folder,
                                                 text::FinancialYear year);
 

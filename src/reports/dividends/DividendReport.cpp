@@ -119,7 +119,9 @@ reporting::ReportDocument MakeDividendReport(database::Connection& connection,
                          .arg(text::FormatDmy(query.period.from), text::FormatDmy(query.period.to)),
                      QString::fromStdString(directory.Client(query.of.client).name)};
   document.tables.push_back(ListOf(received));
-  if (!windows.empty()) {
+  if (windows.empty()) {
+    document.notes << QStringLiteral("The windows of advance tax of this year are not known.");
+  } else {
     document.tables.push_back(WindowsOf(received, windows));
   }
   return document;

@@ -113,7 +113,8 @@ class RefusedFieldsTest : public QObject {
                       {Field::kName, "Text1_1"},
                       {Field::kSecondCode, "Text1_2"},
                       {Field::kType, "Combo1"},
-                      {Field::kClass, "Combo2"}});
+                      {Field::kClass, "Combo2"},
+                      {Field::kIsins, "VS"}});
     for (const char* name : {"FrmScriptType", "FrmScriptCls", "FrmExchange"}) {
       Add(name, {{Field::kName, "Text1_0"}});
     }
@@ -126,6 +127,20 @@ class RefusedFieldsTest : public QObject {
   }
 
   static void AddDocuments() {
+    Add("FrmCorpAction", {{Field::kKind, "Combo1"},
+                          {Field::kScrip, "Combo2"},
+                          {Field::kToScrip, "Combo3"},
+                          {Field::kRatio, "Text1_0"},
+                          {Field::kPrice, "Text1_2"},
+                          {Field::kPercent, "Text1_3"},
+                          {Field::kDate, "Text2_0"},
+                          {Field::kRecordDate, "Text2_1"}});
+    Add("FrmDividend", {{Field::kScrip, "Combo1"},
+                        {Field::kAccount, "Combo2"},
+                        {Field::kDate, "Text1_0"},
+                        {Field::kQuantity, "Text1_1"},
+                        {Field::kRate, "Text1_2"},
+                        {Field::kTax, "Text1_3"}});
     Add("FrmSalePurchase", {{Field::kNumber, "Text1_0"},
                             {Field::kDate, "Text1_1"},
                             {Field::kBroker, "Text1_2"},

@@ -51,8 +51,8 @@ class ActionBook {
   Result<std::size_t> Apply(std::span<const ActionId> ids, const ChosenShares& chosen,
                             text::Date today, Progress& progress);
 
-  /// Records new actions and applies them, in one transaction: all or nothing. Refused as by SaveAll
-  /// and Apply.
+  /// Records new actions and applies them, in one transaction: all or nothing. Refused as by
+  /// SaveAll and Apply.
   Result<std::size_t> RecordAndApply(std::span<const Action> actions, text::Date today,
                                      Progress& progress);
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controls/TextBox.h"
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
 #include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
 #include "transactions/dividends/DividendBook.h"
 
 #include <vector>

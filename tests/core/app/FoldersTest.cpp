@@ -58,14 +58,6 @@ class FoldersTest : public QObject {
     QCOMPARE(folders.database, stem + "database");
   }
 
-  void ScreenSettingsAreTheUsers() {
-    QStandardPaths::setTestModeEnabled(true);
-    const QString path = Folders::At("/opt/q").screen_ini;
-    QVERIFY(path.endsWith("/OrvikConfig.INI"));
-    QVERIFY(
-        path.startsWith(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
-  }
-
   void DataGoesWhereItCanBeWritten() {
     QStandardPaths::setTestModeEnabled(true);
     const QString user =
@@ -96,13 +88,6 @@ class FoldersTest : public QObject {
     Put(folders.data + "/statelist.txt", "GOA\n");
     InstallShippedFiles(folders, shipped.path());
     QCOMPARE(Get(folders.data + "/statelist.txt"), QByteArray("GOA\n"));
-  }
-
-  void MissingShippedFolderIsReported() {
-    const QTemporaryDir application;
-    const Folders folders = Folders::At(application.path());
-    QVERIFY_EXCEPTION_THROWN(InstallShippedFiles(folders, application.filePath("none")),
-                             std::runtime_error);
   }
 
   void SecondCopyIsKeptOutOfTheSameFolderOnly() {

@@ -108,14 +108,6 @@ class KeysTest : public QObject {
     QCOMPARE(Taken(*database_, "Broker"), 6);
   }
 
-  void KeysOfWorkThatWasRolledBackAreFree() {
-    {
-      Transaction transaction(**database_);
-      QCOMPARE(NextKey(transaction, "Broker"), 1);
-    }
-    QCOMPARE(Taken(*database_, "Broker"), 1);
-  }
-
   void KeysThatAreUsedUpAreRefused() {
     (*database_)->Execute("Insert Into Broker(Id) Values(2147483647)");
     QVERIFY_EXCEPTION_THROWN(Taken(*database_, "Broker"), std::runtime_error);

@@ -85,16 +85,6 @@ class RecordsetTest : public QObject {
     QCOMPARE(first.Int(kFirst), 1011);
   }
 
-  void ARecordsetLeftInTheMiddleFreesItsStatement() {
-    Connection& connection = **database_;
-    const char* sql = "Select seq From seq_1_to_3000 Order By seq";
-    for (int round = 0; round < 3; ++round) {
-      Recordset rows = connection.Open(sql);
-      QVERIFY(rows.Next());
-      QCOMPARE(rows.Int(kFirst), 1);
-    }
-  }
-
   void WritesWhileRowsAreReadDoNotDisturbThem() {
     Connection& connection = **database_;
     connection.Execute("Create Or Replace Table Lots(Id int)");

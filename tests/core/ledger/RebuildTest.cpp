@@ -122,13 +122,6 @@ class RebuildTest : public QObject {
     QCOMPARE(desk.Quantity(5), 30.0);
   }
 
-  void MissingLotIsNotMade() {
-    Desk desk;
-    desk.Opening(10);
-    QCOMPARE(desk.Rebuild(), std::size_t{0});
-    QCOMPARE(desk.Count("Stock"), 0);
-  }
-
   void SecondRowOfALotIsDroppedOnceWhateverItsId() {
     for (const int second : {5, 6}) {
       Desk desk;

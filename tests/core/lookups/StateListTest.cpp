@@ -34,13 +34,6 @@ class StateListTest : public QObject {
     QCOMPARE(FillStateList(path), states);
   }
 
-  void MissingFileIsAnEmptyListAndStaysMissing() {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("statelist.txt"));
-    QCOMPARE(FillStateList(path), QStringList());
-    QVERIFY(!QFile::exists(path));
-  }
-
   void ShippedListNamesEveryStateOnceInCapitals() {
     const QStringList states =
         FillStateList(QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped/statelist.txt"));

@@ -85,10 +85,6 @@ class PlatformTest : public QObject {
     QVERIFY(lock.TryShared());
   }
 
-  void ALockInAMissingFolderIsAnError() {
-    QVERIFY_EXCEPTION_THROWN(FileLock(QStringLiteral("/nowhere/at/all/lock")), std::runtime_error);
-  }
-
   void APrivateFolderIsClosedToOthers() {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a/b"));

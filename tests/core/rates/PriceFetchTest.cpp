@@ -177,12 +177,6 @@ class PriceFetchTest : public QObject {
     QCOMPARE(exchange_->asked.size(), 2 * PriceFetch::kMostPages);
   }
 
-  void MoversOfAnotherPageAreNone() {
-    exchange_->Answer(kMovers + QStringLiteral("gainer*all$all$"), {.body = "<html>closed</html>"});
-    QCOMPARE(Await([&](auto answer) { fetch_->Movers(answer); }).failure,
-             QStringLiteral("Invalid Site."));
-  }
-
  private:
   std::unique_ptr<LocalExchange> exchange_;
   std::unique_ptr<QTemporaryDir> folder_;

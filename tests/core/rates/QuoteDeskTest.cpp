@@ -101,20 +101,6 @@ class QuoteDeskTest : public QObject {
     QVERIFY(!answered);
   }
 
-  void QuotePagesAreAskedByCode() {
-    exchange_->Answer(QStringLiteral("/Markets/Company/500325%20/"),
-                      {.body = "<title>Rs. 12.5</title>"});
-    exchange_->Answer(QStringLiteral("/companies/INFY/"), {.body = "<title>INR 13.5-</title>"});
-    std::vector<double> quotes;
-    const auto keep = [&](double quote) { quotes.push_back(quote); };
-    desk_->CurrentQuote(QStringLiteral("BSE"), QStringLiteral("500325"), keep);
-    QTRY_COMPARE(quotes.size(), std::size_t{1});
-    desk_->CurrentQuote(QStringLiteral("nse"), QStringLiteral("INFY"), keep);
-    QTRY_COMPARE(quotes.size(), std::size_t{2});
-    desk_->CurrentQuote(QStringLiteral("NSE"), QString(), keep);
-    QTRY_COMPARE(quotes, std::vector<double>({12.5, 13.5, 0}));
-  }
-
  private:
   std::unique_ptr<LocalExchange> exchange_;
   std::unique_ptr<QTemporaryDir> folder_;

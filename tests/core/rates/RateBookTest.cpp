@@ -65,16 +65,6 @@ class RateBookTest : public QObject {
     QCOMPARE(rates.at(kTwo).date, *text::MakeDate(2, 12, 2011));
   }
 
-  void ADayIsListedAndDeletedByItself() {
-    Save(*text::MakeDate(2, 12, 2011), {{kOne, 9}});
-    Save(kLastOfYear, {{kOne, 10}, {kTwo, 20}});
-    RateBook book(**database_);
-    QCOMPARE(book.Dates(), std::vector({kLastOfYear, *text::MakeDate(2, 12, 2011)}));
-    QCOMPARE(book.DeleteDate(kLastOfYear), std::int64_t{2});
-    QVERIFY(book.RatesOf(kLastOfYear).empty());
-    QCOMPARE(book.Dates().size(), std::size_t{1});
-  }
-
   void DatesThatAreNotTaken() {
     const auto text = [](const char* date) {
       const auto refusal = CheckRateDate(QLatin1String(date), kLastOfYear, QStringLiteral("box"));

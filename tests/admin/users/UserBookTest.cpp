@@ -1,14 +1,9 @@
 #include "admin/users/UserBook.h"
-#include "masters/Records.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::users;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -23,16 +18,14 @@ class UserBookTest : public test::DatabaseTest {
   void cleanup() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
 
   void SavedUserIsFound_data() {
-    const test::Cases<QString, QString> cases("name", "password");
-    cases.Add("Devanagari", "मीरा", "पासवर्ड");
-    cases.Add("longest password", "RAVI", QString(63, QChar('~')));
+    const test::Table<QString, QString> row;
+    row("Devanagari", "मीरा", "पासवर्ड");
+    row("longest password", "RAVI", QString(63, QChar('~')));
   }
-
   void SavedUserIsFound() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, password);
+    const auto [name, password] = test::Table<QString, QString>::Row();
     User user{0, name, password};
-    QCOMPARE(TextOfRefusal(Book().Save(user)), "accepted");
+    QCOMPARE(TextOf(Book().Save(user)), "accepted");
     QCOMPARE(user.id, 1);
     const std::optional<User> found = Book().FindUser(name.toLower());
     QVERIFY(found);
@@ -43,46 +36,38 @@ class UserBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleIsNamed_data() {
-    const test::Cases<QString, QString, QString, QString> cases("name", "password", "text",
-                                                                "field");
-    cases.Add("nothing", " ", "", "Enter Login Id!", "Text1_0");
-    cases.Add("no password", "Administrator", "", "Enter Password!", "Text1_1");
-    cases.Add("name of the administrator", "aDMINISTRATOR", "x", kTaken, "Text1_0");
-    cases.Add("long password", "RAVI", QString(5000, QChar('X')), "Password is too Long.",
-              "Text1_1");
-    cases.Add("password long by its characters", "RAVI", QString(60, QChar(0x915)),
-              "Password is too Long.", "Text1_1");
+    const test::Table<QString, QString, QString, QString> row;
+    row("nothing", " ", "", "Enter Login Id!", "Text1_0");
+    row("no password", "Administrator", "", "Enter Password!", "Text1_1");
+    row("name of the administrator", "aDMINISTRATOR", "x", kTaken, "Text1_0");
+    row("long password", "RAVI", QString(5000, QChar('X')), "Password is too Long.", "Text1_1");
+    row("password long by its characters", "RAVI", QString(60, QChar(0x915)),
+        "Password is too Long.", "Text1_1");
   }
-
   void FirstBrokenRuleIsNamed() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, password);
+    const auto [name, password, text, field] =
+        test::Table<QString, QString, QString, QString>::Row();
     User user{0, name, password};
     const MaybeRefusal refusal = Book().Save(user);
-    QTEST(TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
     QVERIFY(Book().List().empty());
   }
 
-  void NameOfAnotherUserIsRefused_data() {
-    const test::Cases<QString> cases("name");
-    cases.Add("a letter that the database takes for the same", "RÀVI");
-  }
-
   void NameOfAnotherUserIsRefused() {
-    QFETCH(const QString, name);
+    const QString name = QStringLiteral("RÀVI");  // the database takes the letter for the same
     User ravi{0, "Ravi", "one"};
     User mira{0, "Mira", "two"};
     QVERIFY(!Book().Save(ravi));
     QVERIFY(!Book().Save(mira));
     const QStringList before = Everything();
     User fresh{0, name, "three"};
-    QCOMPARE(TextOfRefusal(Book().Save(fresh)), kTaken);
+    QCOMPARE(TextOf(Book().Save(fresh)), kTaken);
     mira.name = name;
-    QCOMPARE(TextOfRefusal(Book().Save(mira)), kTaken);
+    QCOMPARE(TextOf(Book().Save(mira)), kTaken);
     QCOMPARE(Everything(), before);
     ravi.name = name;
-    QCOMPARE(TextOfRefusal(Book().Save(ravi)), "accepted");
+    QCOMPARE(TextOf(Book().Save(ravi)), "accepted");
     QCOMPARE(ravi.id, 1);
   }
 
@@ -129,5 +114,4 @@ class UserBookTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<UserBookTest> kRegistered;
-
 #include "UserBookTest.moc"

@@ -1,17 +1,10 @@
 #include "core/app/Ini.h"
 #include "core/app/ScreenFactors.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <functional>
-#include <memory>
 #include <stdexcept>
 
 using namespace quorvane::app;
@@ -21,17 +14,10 @@ class IniTest : public QObject {
   Q_OBJECT
 
   IniFile Given(const QByteArray& content) {
-    QFile file(folder_->filePath("Confg.ini"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-      qFatal("cannot write the test's settings");
-    }
-    return IniFile(file.fileName());
+    return IniFile(test::WriteFile(folder_->filePath("Confg.ini"), content));
   }
 
-  QByteArray Content() {
-    QFile file(folder_->filePath("Confg.ini"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-  }
+  QByteArray Content() { return test::ReadFile(folder_->filePath("Confg.ini")); }
 
   using Make = std::function<bool(const QString&)>;
 
@@ -48,6 +34,8 @@ class IniTest : public QObject {
     row("blanks", QByteArray(" [ Paths ] \n\t Backup =  /srv \t\n"), "/srv");
     row("single quotes", QByteArray("[Paths]\nBackup='/srv'\n"), "/srv");
     row("empty value", QByteArray("[Paths]\nBackup=\n"), "");
+    row("key without =", QByteArray("[Paths]\nBackup\n"), "default");
+    row("other key", QByteArray("[Paths]\nBackups=1\n"), "default");
     row("value with =", QByteArray("[Paths]\nBackup=a=b;c\n"), "a=b;c");
     row("key is not taken from another section",
         QByteArray("[Other]\nBackup=no\n[Paths]\nBackup=yes\n[Third]\nBackup=no\n"), "yes");
@@ -56,24 +44,10 @@ class IniTest : public QObject {
     row("UTF-8", QByteArray("[Paths]\nBackup=\xE2\x82\xB9\n"), QString(QChar(0x20B9)));
     row("8-bit code", QByteArray("[Paths]\nBackup=\xE9t\xE9\n"), QString::fromLatin1("\xE9t\xE9"));
   }
-
   void ReadsAValue() {
     const auto [content, value] = test::Table<QByteArray, QString>::Row();
     QCOMPARE(Given(content).Read("Paths", "Backup", "default"), value);
-  }
-
-  void MissingGivesTheDefault_data() {
-    const test::Table<QByteArray> row;
-    row("empty file", QByteArray());
-    row("other key", QByteArray("[Paths]\nBackups=1\n"));
-    row("key without =", QByteArray("[Paths]\nBackup\n"));
-  }
-
-  void MissingGivesTheDefault() {
-    const auto [content] = test::Table<QByteArray>::Row();
-    QCOMPARE(Given(content).Read("Paths", "Backup", "default"), "default");
-    QCOMPARE(IniFile(folder_->filePath("none/none.ini")).Read("Paths", "Backup", "default"),
-             "default");
+    QCOMPARE(IniFile(folder_->filePath("none.ini")).Read("Paths", "Backup", "default"), "default");
   }
 
   void LongValueIsCutAtTheBufferSize() {
@@ -99,7 +73,6 @@ class IniTest : public QObject {
     row("bytes of another code stay", QByteArray("[Z]\nz=\xE9\n"),
         QByteArray("[Z]\nz=\xE9\n[Paths]\nBackup=new\n"));
   }
-
   void WriteChangesOneLineOnly() {
     const auto [before, after] = test::Table<QByteArray, QByteArray>::Row();
     const IniFile ini = Given(before);
@@ -115,7 +88,6 @@ class IniTest : public QObject {
     row("empty", "");
     row("like a comment", ";no");
   }
-
   void WhatIsWrittenIsRead() {
     const auto [value] = test::Table<QString>::Row();
     const IniFile ini = Given("[Paths]\nBackup=old\n");
@@ -139,7 +111,6 @@ class IniTest : public QObject {
     row("= in the key", "Paths", "a=b", "a");
     row("no key", "Paths", " ", "a");
   }
-
   void UnusableSettingIsRefused() {
     const auto [section, key, value] = test::Table<QString, QString, QString>::Row();
     const IniFile ini = Given("[Paths]\nBackup=old\n");
@@ -149,10 +120,7 @@ class IniTest : public QObject {
 
   void UnreadableFileIsNotAMissingOne_data() {
     const auto holds = [](const QByteArray& content) -> Make {
-      return [content](const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-      };
+      return [content](const QString& path) { return !test::WriteFile(path, content).isEmpty(); };
     };
     const test::Table<Make> row;
     row("folder", Make([](const QString& path) { return QDir().mkpath(path); }));
@@ -162,7 +130,6 @@ class IniTest : public QObject {
     row("UTF-16", holds(QByteArray("\xFF\xFE[\0P\0]\0", 8)));
     row("too large", holds(QByteArray((1 << 20) + 1, '\n')));
   }
-
   void UnreadableFileIsNotAMissingOne() {
     const auto [make] = test::Table<Make>::Row();
     const QString path = folder_->filePath("odd.ini");
@@ -184,7 +151,6 @@ class IniTest : public QObject {
     row("1 with an impossible size", QByteArray("[ScrReso]\nOpt=1\nX=-5\n"), 2.0F, 1.5F);
     row("2 is as designed", QByteArray("[ScrReso]\nOpt=2\nX=1000\n"), 1.0F, 1.0F);
   }
-
   void ScreenFactorsFollowTheMode() {
     const auto [content, horizontal, vertical] = test::Table<QByteArray, float, float>::Row();
     const ScreenFactors factors = SetScreenFactors(Given(content), 1600, 900);
@@ -194,5 +160,4 @@ class IniTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<IniTest> kRegistered;
-
 #include "IniTest.moc"

@@ -1,17 +1,10 @@
 #include "core/database/Connection.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <fmt/format.h>
 
-#include <functional>
-
-using quorvane::database::Connection;
-using quorvane::database::ConnectionSettings;
-using quorvane::database::DatabaseError;
+using namespace quorvane::database;
 using quorvane::test::TestDatabase;
 namespace test = quorvane::test;
 
@@ -50,7 +43,6 @@ class ConnectionTest : public QObject {
     row("braces", "{a}b}c{d");
     row("quotes", "a'b\"c\\d");
   }
-
   void PasswordOfAnyCharactersLogsIn() {
     const auto [password] = test::Table<QString>::Row();
     TestDatabase database(TestDatabase::Tables::kNone);
@@ -91,7 +83,6 @@ class ConnectionTest : public QObject {
     row("not a number in a condition", "Update T Set Number=1 Where Real_=?", secret);
     row("sum out of range", "Update T Set Real_=1e308*10*Length(?)", secret);
   }
-
   void ErrorNeverShowsABoundValue() {
     const auto [sql, value] = test::Table<QString, QString>::Row();
     TestDatabase database(TestDatabase::Tables::kNone);
@@ -150,20 +141,6 @@ class ConnectionTest : public QObject {
     QVERIFY(is_lost("Select Id From T Lock In Share Mode"));
     Kill(database, ConnectionNumber(connection));
     QVERIFY(!connection.Open("Select Id From T").Next());
-  }
-
-  void AnOpenRecordsetSurvivesTheReopening() {
-    TestDatabase database(TestDatabase::Tables::kNone);
-    Connection& connection = *database;
-    auto rows = connection.Open("Select seq From seq_1_to_3 Order By seq");
-    QVERIFY(rows.Next());
-    Kill(database, ConnectionNumber(connection));
-    QVERIFY(ErrorOf([&] {
-              connection.Open("Select seq From seq_1_to_3 For Update");
-            }).IsConnectionLost());
-    connection.Reopen();
-    QCOMPARE(rows.Int(kFirst), 1);
-    QVERIFY(connection.Open("Select 1").Next());
   }
 };
 

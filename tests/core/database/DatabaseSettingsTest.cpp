@@ -1,9 +1,7 @@
 #include "core/database/DatabaseSettings.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QMap>
-#include <QTest>
 
 #include <stdexcept>
 
@@ -35,7 +33,6 @@ class DatabaseSettingsTest : public QObject {
       row(*key == '\0' ? "empty section" : key, key, false);
     }
   }
-
   void WithoutAPlaceTheProgramKeepsItsOwnServer() {
     const auto [key, names_a_place] = test::Table<QString, bool>::Row();
     QCOMPARE(SettingsOf({{key, QStringLiteral("x")}}).has_value(), names_a_place);
@@ -70,7 +67,6 @@ class DatabaseSettingsTest : public QObject {
     row("three", "a, b:13302 ,10.0.0.3:1", "a 3307,b 13302,10.0.0.3 1");
     row("version 6", "::1,[fe80::2]:13302,[::3]", "::1 3307,fe80::2 13302,::3 3307");
   }
-
   void ServerMayNameSeveral() {
     const auto [server, addresses] = test::Table<QString, QString>::Row();
     const auto settings = SettingsOf({{"Server", server}, {"Port", "3307"}, {"Database", "q"}});
@@ -92,7 +88,6 @@ class DatabaseSettingsTest : public QObject {
     row("driver of the administrator", "Driver", "/bin/sh", true);
     row("driver of anybody", "Driver", "/tmp/../tmp/x.so", false);
   }
-
   void ValuesThatMakeNoSenseAreNamed() {
     const auto [key, value, accepted] = test::Table<QString, QString, bool>::Row();
     QString told;

@@ -1,10 +1,7 @@
 #include "core/database/Connection.h"
 #include "core/database/Schema.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <fmt/format.h>
 
@@ -12,11 +9,7 @@
 #include <barrier>
 #include <thread>
 
-using quorvane::database::Connection;
-using quorvane::database::ConnectionSettings;
-using quorvane::database::PrepareDatabase;
-using quorvane::database::SkippedStatement;
-using quorvane::database::TableNames;
+using namespace quorvane::database;
 using quorvane::test::TestDatabase;
 namespace test = quorvane::test;
 
@@ -121,7 +114,6 @@ class SchemaTest : public QObject {
     row("exchanges", "Exchange", QStringList{"1|NSE", "2|BSE"});
     row("STT", "STTPer", QStringList{"1|0", "2|0.025", "3|0.125", "4|0.017"});
   }
-
   void LookupTablesHoldTheirFirstRows() {
     const auto [table, rows] = test::Table<QString, QStringList>::Row();
     TestDatabase database;
@@ -175,7 +167,6 @@ class SchemaTest : public QObject {
     row("SPMaster of 12", "SPMaster", old_bill, bill + ",103", bill_read + "0|103| ", kBills);
     row("SPMaster of 13", "SPMaster", with_charge, bill + ",4,107", bill_read + "4|107| ", kBills);
   }
-
   void OldTablesGetTheMissingColumnsAndKeepTheirRows() {
     const auto [table, columns, old_row, new_row, new_columns] =
         test::Table<QString, QString, QString, QString, QString>::Row();
@@ -207,35 +198,6 @@ class SchemaTest : public QObject {
     const QString name = QString::fromUtf8("₹😀");
     database->Execute("Insert Into Broker(Id,Name) Values(?,?)", 4, name);
     QVERIFY(database->Open("Select Id From Broker Where Name=?", name).Next());
-  }
-
-  void ProgramsThatStartAtOncePrepareItOnce() {
-    for (int round = 0; round < 3; ++round) {
-      TestDatabase database(TestDatabase::Tables::kNone);
-      constexpr std::size_t kPrograms = 3;
-      std::barrier start(kPrograms);
-      std::array<QString, kPrograms> told;
-      const auto program = [&](std::size_t number) {
-        Connection connection(database.Settings());
-        start.arrive_and_wait();
-        told[number] = Told(PrepareDatabase(connection));
-      };
-      std::vector<std::thread> others;
-      for (std::size_t i = 1; i < kPrograms; ++i) {
-        others.emplace_back(program, i);
-      }
-      program(0);
-      for (std::thread& other : others) {
-        other.join();
-      }
-      QCOMPARE(told[0] + told[1] + told[2], QString());
-      for (const auto& [table, columns] : kExpected) {
-        QCOMPARE(ColumnsOf(*database, QLatin1String(table)), QLatin1String(columns));
-      }
-      QCOMPARE(RowsOf(*database, "Select Id From ScriptType Order By Id"),
-               (QStringList{"1", "2", "3", "4", "5"}));
-      QCOMPARE(RowsOf(*database, "Select Id From Exchange Order By Id"), (QStringList{"1", "2"}));
-    }
   }
 
   void WhatTheServerRefusesIsToldAndTheRestIsDone() {

@@ -1,13 +1,8 @@
 #include "core/database/Connection.h"
-#include "support/Table.h"
-#include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/DatabaseTest.h"
 
 #include <bit>
 #include <limits>
-#include <optional>
 
 using quorvane::database::Connection;
 using quorvane::database::Recordset;
@@ -21,10 +16,8 @@ constexpr std::size_t kFirst = 0;
 }  // namespace
 
 /// What is bound to a statement comes back as it was.
-class ValuesTest : public QObject {
+class ValuesTest : public quorvane::test::DatabaseTest {
   Q_OBJECT
-
-  std::optional<TestDatabase> database_;
 
  private Q_SLOTS:
   void initTestCase() {
@@ -34,8 +27,6 @@ class ValuesTest : public QObject {
     connection.Execute("Create Table Numbers(Id int, Value double, Big bigint)");
     connection.Execute("Create Table LongTexts(Id int, A longtext, B int, C longtext, D longtext)");
   }
-
-  void cleanupTestCase() { database_.reset(); }
 
   void init() {
     for (const char* table : {"Texts", "Numbers", "LongTexts"}) {
@@ -50,7 +41,6 @@ class ValuesTest : public QObject {
     row("widest text of a column", QString::fromUtf8("😀").repeated(255));
     row("byte 0 inside", QString(QLatin1String("a\0b", 3)));
   }
-
   void TextComesBackUnchanged() {
     const auto [text] = test::Table<QString>::Row();
     Connection& connection = **database_;
@@ -83,46 +73,6 @@ class ValuesTest : public QObject {
     QVERIFY(rows.OptionalText(1) == QString(QLatin1String("")));
     QVERIFY(rows.OptionalText(2) == QString(QLatin1String("")));
   }
-
-  void TextLongerThanAnyBufferComesBackWhole_data() {
-    const test::Table<QString, int> row;
-    row("one above a piece", "x", 16384);
-    row("characters across pieces", QString::fromUtf8("x😀"), 50000);
-  }
-
-  void TextLongerThanAnyBufferComesBackWhole() {
-    const auto [unit, repeated] = test::Table<QString, int>::Row();
-    const QString text = unit.repeated(repeated);
-    Connection& connection = **database_;
-    connection.Execute("Insert Into Texts Values(?,?,?)", 1, "before", text);
-    connection.Execute("Insert Into Texts Values(?,?,?)", 2, "after", "short");
-    Recordset rows = connection.Open("Select * From Texts Order By Id");
-    QVERIFY(rows.Next());
-    QVERIFY(rows.Text("Wide") == text);
-    QVERIFY(rows.Next());
-    QCOMPARE(rows.Text("Wide"), QStringLiteral("short"));
-    QCOMPARE(rows.Text("Short"), QStringLiteral("after"));
-  }
-
-  void DoubleComesBackBitForBit_data() {
-    using Limits = std::numeric_limits<double>;
-    const test::Table<double> row;
-    row("0.1+0.2", 0.1 + 0.2);
-    row("largest", Limits::max());
-    row("denormal", Limits::denorm_min());
-    row("beyond 53 bits", 9007199254740993.0);
-  }
-
-  void DoubleComesBackBitForBit() {
-    const auto [value] = test::Table<double>::Row();
-    Connection& connection = **database_;
-    connection.Execute("Insert Into Numbers(Value) Values(?)", value);
-    Recordset rows = connection.Open("Select Value From Numbers Where Value=?", value);
-    QVERIFY(rows.Next());
-    QCOMPARE(std::bit_cast<std::uint64_t>(rows.Double("value")),
-             std::bit_cast<std::uint64_t>(value));
-  }
-
   void AStatementTakesValuesOfOtherTypesWhenItRunsAgain() {
     Connection& connection = **database_;
     const char* insert = "Insert Into Numbers(Value) Values(?)";

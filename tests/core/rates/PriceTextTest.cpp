@@ -1,9 +1,6 @@
 #include "core/rates/PriceText.h"
 #include "core/rates/QuoteDesk.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 using namespace quorvane;
 using namespace quorvane::rates;
@@ -46,7 +43,6 @@ class PriceTextTest : public QObject {
         0.0);
     row("below zero", QByteArray("Close Price\n-3\n"), 0.0);
   }
-
   void ClosingPrice() {
     const auto [csv, price] = test::Table<QByteArray, double>::Row();
     QCOMPARE(ClosingPriceIn(csv, kDay), price);
@@ -58,7 +54,6 @@ class PriceTextTest : public QObject {
     row("nse", QByteArray("<title>Infy INR 99.5-NSE 100</title>"), 0.0, 99.5);
     row("marker outside the title", QByteArray("<title>Prices</title>Rs. 5 INR 6-"), 0.0, 0.0);
   }
-
   void Quotes() {
     const auto [page, bse, nse] = test::Table<QByteArray, double, double>::Row();
     QCOMPARE(BseQuoteIn(page), bse);
@@ -82,7 +77,6 @@ class PriceTextTest : public QObject {
     row("endless title", Feed("<item><title>*" + QByteArray(9999, 'x') + "</title></item>"),
         "none");
   }
-
   void LastTitleIsTheHeadline() {
     const auto [feed, headline] = test::Table<QByteArray, QString>::Row();
     QCOMPARE(HeadlineOf(feed).value_or(QStringLiteral("none")), headline);
@@ -90,5 +84,4 @@ class PriceTextTest : public QObject {
 };
 
 static const test::RegisterTest<PriceTextTest> kRegistered;
-
 #include "PriceTextTest.moc"

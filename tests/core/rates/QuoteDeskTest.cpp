@@ -1,12 +1,7 @@
 #include "core/rates/QuoteDesk.h"
+#include "support/Files.h"
 #include "support/LocalExchange.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <optional>
+#include "support/Test.h"
 
 using namespace quorvane;
 using namespace quorvane::rates;
@@ -67,15 +62,14 @@ class QuoteDeskTest : public QObject {
     QVERIFY(work.mkpath(QStringLiteral(".")));
     QCOMPARE(Ask(Question(" bse ", "500325")), 950.25);
     QVERIFY(!work.exists());
-    QFile kept(folder_->filePath(QStringLiteral("MRate/DateMRate.csv")));
-    QVERIFY(kept.open(QIODevice::ReadOnly));
-    QCOMPARE(kept.readAll(), kFile);
+    const QString kept = folder_->filePath(QStringLiteral("MRate/DateMRate.csv"));
+    QCOMPARE(test::ReadFile(kept), kFile);
     QCOMPARE(Ask(Question("NSE", "M&M")), 7.0);
     QCOMPARE(exchange_->asked, QStringList({kBseFile, kNseFile}));
     QCOMPARE(Ask(Question("MCX", "GOLD")), 0.0);
     QCOMPARE(Ask(Question("BSE", "")), 0.0);
     QCOMPARE(exchange_->asked.size(), 2);
-    QVERIFY(!kept.exists());
+    QVERIFY(!QFile::exists(kept));
   }
 
   void BadAnswersAreNoPrice_data() {
@@ -84,7 +78,6 @@ class QuoteDeskTest : public QObject {
     row("larger than the limit", Reply{.body = kFile + QByteArray(kMostBytes, ' ')});
     row("redirect to itself", Reply{.status = 302, .location = kBseFile.toLatin1()});
   }
-
   void BadAnswersAreNoPrice() {
     const auto [reply] = test::Table<Reply>::Row();
     exchange_->Answer(kBseFile, reply);
@@ -108,5 +101,4 @@ class QuoteDeskTest : public QObject {
 };
 
 static const test::RegisterTest<QuoteDeskTest> kRegistered;
-
 #include "QuoteDeskTest.moc"

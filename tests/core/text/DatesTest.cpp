@@ -1,10 +1,8 @@
 #include "core/text/Dates.h"
 #include "core/text/FinancialYear.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QDate>
-#include <QTest>
 
 using namespace quorvane::text;
 namespace test = quorvane::test;
@@ -32,7 +30,6 @@ class DatesTest : public QObject {
     row("sign in the year", "01/04/+012", false);
     row("longer", "01/04/2012 ", false);
   }
-
   void ParseDmyTakesExactDaysOnly() {
     const auto [text, taken] = test::Table<QString, bool>::Row();
     QCOMPARE(TextOf(ParseDmy(text)), taken ? text : QString());
@@ -69,7 +66,6 @@ class DatesTest : public QObject {
     row("three-digit day", "001/4/12", "");
     row("sign", "+1/4/12", "");
   }
-
   void CompleteDateFillsUp() {
     const auto [typed, complete] = test::Table<QString, QString>::Row();
     const auto date = CompleteDate(typed, *MakeDate(5, 7, 2012));
@@ -82,7 +78,6 @@ class DatesTest : public QObject {
     row("leap day", "29/02/2012", "28/02/2013");
     row("28 February before a leap year", "28/02/2011", "28/02/2012");
   }
-
   void YearLater() {
     const auto [day, later] = test::Table<QString, QString>::Row();
     QCOMPARE(FormatDmy(AddYear(*ParseDmy(day))), later);
@@ -94,7 +89,6 @@ class DatesTest : public QObject {
     row("last day", "31/03/2012", "2011-12");
     row("day after", "01/04/2012", "2012-13");
   }
-
   void FinancialYearOfDays() {
     const auto [day, text] = test::Table<QString, QString>::Row();
     const Date date = *ParseDmy(day);
@@ -113,7 +107,6 @@ class DatesTest : public QObject {
     row("dash for a digit", "20-1-12", 0);
     row("empty", "", 0);
   }
-
   void FinancialYearText() {
     const auto [text, first] = test::Table<QString, int>::Row();
     const auto year = FinancialYear::Parse(text);
@@ -126,5 +119,4 @@ class DatesTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<DatesTest> kRegistered;
-
 #include "DatesTest.moc"

@@ -1,8 +1,5 @@
 #include "core/text/Amounts.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <bit>
 #include <cmath>
@@ -59,7 +56,6 @@ class NumbersTest : public QObject {
     row("infinite", -std::numeric_limits<double>::infinity(), "-inf", "-inf");
     row("no number", std::numeric_limits<double>::quiet_NaN(), "nan", "nan");
   }
-
   void NumberIsPlainText() {
     const auto [value, text, exact] = test::Table<double, QString, QString>::Row();
     QCOMPARE(NumberText(value), text);
@@ -97,7 +93,6 @@ class NumbersTest : public QObject {
     row("sign alone", "-", 0.0);
     row("digits of another script", QString(QChar(0x0967)), 0.0);
   }
-
   void ValReadsTheLeadingNumber() {
     const auto [text, value] = test::Table<QString, double>::Row();
     QCOMPARE(Val(text), value);
@@ -115,7 +110,6 @@ class NumbersTest : public QObject {
     row("hexadecimal", QByteArray("0x10"), false, 0.0);
     row("too large", QByteArray(400, '9'), false, 0.0);
   }
-
   void ParseNumberTakesWholePlainNumbersOnly() {
     const auto [text, taken, value] = test::Table<QByteArray, bool, double>::Row();
     double number = 77;
@@ -125,5 +119,4 @@ class NumbersTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<NumbersTest> kRegistered;
-
 #include "NumbersTest.moc"

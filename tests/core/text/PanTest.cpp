@@ -1,8 +1,5 @@
 #include "core/text/Pan.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 using quorvane::text::IsValidPan;
 namespace test = quorvane::test;
@@ -23,7 +20,6 @@ class PanTest : public QObject {
     row("comma is no holder kind", "ABC,E1234F", false, false);
     row("applied for, any case", "PANApplied", true, false);
   }
-
   void PanForm() {
     const auto [pan, valid, warned] = test::Table<QString, bool, bool>::Row();
     const auto check = IsValidPan(pan);
@@ -35,5 +31,4 @@ class PanTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<PanTest> kRegistered;
-
 #include "PanTest.moc"

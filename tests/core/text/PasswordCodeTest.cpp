@@ -1,8 +1,5 @@
 #include "core/text/PasswordCode.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <set>
 
@@ -19,7 +16,6 @@ class PasswordCodeTest : public QObject {
     row("beyond the first plane", "\U0001F600\U0010FFFF");
     row("control characters", QString::fromUtf16(u"\0\n\t\x7f", 4));
   }
-
   void PasswordReadsBackAsItWas() {
     const auto [password] = test::Table<QString>::Row();
     const QString stored = EncodePassword(password);
@@ -54,7 +50,6 @@ class PasswordCodeTest : public QObject {
     row("negative", "-46");
     row("half a character", "55386");
   }
-
   void TextThatIsNoListOfNumbersIsNoPassword() {
     const auto [stored] = test::Table<QString>::Row();
     QCOMPARE(DecodePassword(stored), std::optional<QString>());
@@ -62,5 +57,4 @@ class PasswordCodeTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<PasswordCodeTest> kRegistered;
-
 #include "PasswordCodeTest.moc"

@@ -1,8 +1,5 @@
 #include "core/text/Paise.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <cmath>
 
@@ -26,7 +23,6 @@ class ShareOutTest : public QObject {
     row("one part is the whole, to the last digit", 0.30000000000000004, QList<double>{7},
         QList<double>{0.30000000000000004});
   }
-
   void PartsAreWhatTheyShouldBe() {
     const auto [whole, quantities, parts] =
         test::Table<double, QList<double>, QList<double>>::Row();
@@ -62,5 +58,4 @@ class ShareOutTest : public QObject {
 };
 
 static const test::RegisterTest<ShareOutTest> kRegistered;
-
 #include "ShareOutTest.moc"

@@ -1,16 +1,9 @@
-#include "masters/Records.h"
 #include "masters/scrips/ScripBook.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTest>
-
-#include <functional>
 
 using namespace quorvane;
 using namespace quorvane::scrips;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -36,26 +29,24 @@ class ScripBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleIsNamed_data() {
-    const test::Cases<QString, QString, Edit> cases("text", "field", "edit");
-    cases.Add("complete", "accepted", "none", [](Scrip&) {});
-    cases.Add("nothing at all", "Enter Script Code.", "Text1_0", [](Scrip& s) { s = {}; });
-    cases.Add("code only", "Enter Script Name.", "Text1_1",
-              [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
-    cases.Add("no type, no class", "Select Script Type.", "Combo1",
-              [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
-    cases.Add("no class", "Select Script Class.", "Combo2", [](Scrip& s) { s.scrip_class = 0; });
-    cases.Add("long second code",
-              "Second Script Code is too Long. At Most 255 Characters are Allowed.", "Text1_2",
-              [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
+    const test::Table<QString, QString, Edit> row;
+    row("complete", "accepted", "none", [](Scrip&) {});
+    row("nothing at all", "Enter Script Code.", "Text1_0", [](Scrip& s) { s = {}; });
+    row("code only", "Enter Script Name.", "Text1_1",
+        [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
+    row("no type, no class", "Select Script Type.", "Combo1",
+        [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
+    row("no class", "Select Script Class.", "Combo2", [](Scrip& s) { s.scrip_class = 0; });
+    row("long second code", "Second Script Code is too Long. At Most 255 Characters are Allowed.",
+        "Text1_2", [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
   }
-
   void FirstBrokenRuleIsNamed() {
-    QFETCH(const Edit, edit);
+    const auto [text, field, edit] = test::Table<QString, QString, Edit>::Row();
     Scrip scrip = NewScrip("500325");
     edit(scrip);
     const MaybeRefusal refusal = Book().Save(scrip);
-    QTEST(TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
     QCOMPARE(Book().List().size(), refusal ? std::size_t{0} : std::size_t{1});
   }
 
@@ -78,22 +69,14 @@ class ScripBookTest : public test::DatabaseTest {
     QVERIFY(!Book().Save(second));
     const QStringList before = test::Contents(**database_, {"Script"});
     Scrip fresh = NewScrip("o'n ");
-    QCOMPARE(TextOfRefusal(Book().Save(fresh)), kTaken);
+    QCOMPARE(TextOf(Book().Save(fresh)), kTaken);
     second.code = QStringLiteral("O'N");
-    QCOMPARE(TextOfRefusal(Book().Save(second)), kTaken);
+    QCOMPARE(TextOf(Book().Save(second)), kTaken);
     QCOMPARE(test::Contents(**database_, {"Script"}), before);
     first.name = QStringLiteral("UNDER ITS OWN CODE");
     QVERIFY(!Book().Save(first));
     QCOMPARE(first.id.value, 1);
     QCOMPARE(Book().Load(first.id)->name, first.name);
-  }
-
-  void ScripOfAnOlderReleaseReadsWithoutASecondCode() {
-    const ScripId id = database_->AddScrip("500325", "RELIANCE");
-    QCOMPARE(Book().Load(id)->second_code, QString());
-    (*database_)->Execute("Insert Into Script(Id,NCode) Values(9,Null)");
-    QCOMPARE(Book().Load(ScripId{9})->code, QString());
-    QCOMPARE(Book().Load(ScripId{9})->type, 0);
   }
 
   // Bill 1 holds both scrips, bill 2 the first one, bill 3 of another year and bill 4 of another
@@ -150,5 +133,4 @@ class ScripBookTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<ScripBookTest> kRegistered;
-
 #include "ScripBookTest.moc"

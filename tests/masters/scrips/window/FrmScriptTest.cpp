@@ -1,13 +1,8 @@
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
 #include "masters/scrips/window/FrmScript.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 
 using namespace quorvane;
 using namespace quorvane::scrips;
-using Kind = test::RecordingMessages::Kind;
 
 class FrmScriptTest : public test::DatabaseTest {
   Q_OBJECT
@@ -31,36 +26,6 @@ class FrmScriptTest : public test::DatabaseTest {
     QCOMPARE(shown->List().CurrentId(), 9);
   }
 
-  void ListIsByNameAndShowsTypesAndClasses() {
-    const test::ShownWindow<FrmScript> shown(*database_);
-    QCOMPARE(shown.ListRow(0), QStringList({"500209", "INFOSYS", "", "BOND", "B"}));
-    QCOMPARE(shown.ListRow(1), QStringList({"500325", "RELIANCE", "REL", "EQUITY", "A"}));
-  }
-
-  void BrokenRuleIsToldAtItsBox_data() {
-    const test::Cases<QStringList, QString, QString> cases("entered", "text", "box");
-    cases.Add("code", QStringList({"", "NAME", "", "EQ", "A"}), "Enter Script Code.", "Text1_0");
-    cases.Add("unknown type", QStringList({"CODE", "NAME", "", "GOLD", "A"}), "Select Script Type.",
-              "Combo1");
-  }
-
-  void BrokenRuleIsToldAtItsBox() {
-    QFETCH(const QStringList, entered);
-    QFETCH(const QString, text);
-    const QStringList before = Scrips();
-    const test::ShownWindow<FrmScript> shown(*database_);
-    shown.AddByKeyboard(entered);
-    QCOMPARE(shown.messages.Texts(), QStringList(text));
-    QCOMPARE(shown.messages.said.back().kind, Kind::kRefuse);
-    const QWidget* focused = QApplication::focusWidget();
-    QTEST(focused->objectName().startsWith("qt_") || focused->objectName().isEmpty()
-              ? focused->parentWidget()->objectName()
-              : focused->objectName(),
-          "box");
-    QVERIFY(shown->IsEditing());
-    QCOMPARE(Scrips(), before);
-  }
-
   void NewTypeCanBeChosenAtOnceAndTheChoiceIsKept() {
     const test::ShownWindow<FrmScript> shown(*database_);
     shown->List().SelectId(3);
@@ -73,13 +38,6 @@ class FrmScriptTest : public test::DatabaseTest {
     shown.Click("cmdUpdate");
     QCOMPARE(Scrips().front(), "3|500325|RELIANCE|7|6|REL");
     QCOMPARE(shown.ListRow(1).at(3), "WARRANT");
-  }
-
-  void ButtonsOpenTheWindowsOfTypesAndClasses() {
-    const test::ShownWindow<FrmScript> shown(*database_);
-    shown.Click("CmdScriptType");
-    shown.Click("CmdScriptCls");
-    QCOMPARE(shown.opened, QStringList({"FrmScriptType", "FrmScriptCls"}));
   }
 
   void ListShowsWhatOthersSavedWhenTheWindowIsActivated() {
@@ -105,23 +63,16 @@ class FrmScriptTest : public test::DatabaseTest {
     QCOMPARE(shown->List().Model().RowCount(), before + 1);
   }
 
-  void DeleteIsAskedForWithNoAsPreset_data() {
-    const test::Cases<bool, QStringList> cases("yes", "left");
-    cases.Add("no", false, QStringList({"3", "8"}));
-    cases.Add("yes", true, QStringList("8"));
-  }
-
   void DeleteIsAskedForWithNoAsPreset() {
-    QFETCH(const bool, yes);
     test::ShownWindow<FrmScript> shown(*database_);
     shown->List().SelectId(3);
-    shown.messages.WillAnswer(yes);
+    shown.messages.WillAnswer(true);
     shown.Click("CmdDelete");
     QCOMPARE(shown.messages.Texts(), QStringList("Are You Sure, You want to Delete this Record?\n"
                                                  "All Related Data Will be Deleted."));
     QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
     QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
-    QTEST(test::Rows(**database_, "Select Id From Script Order By Id"), "left");
+    QCOMPARE(test::Rows(**database_, "Select Id From Script Order By Id"), QStringList("8"));
   }
 
  private:
@@ -131,5 +82,4 @@ class FrmScriptTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<FrmScriptTest> kRegistered;
-
 #include "FrmScriptTest.moc"

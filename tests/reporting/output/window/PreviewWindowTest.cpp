@@ -2,15 +2,13 @@
 #include "reporting/output/window/PreviewWindow.h"
 #include "reporting/output/window/RepView.h"
 #include "support/RecordingMessages.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QFile>
 #include <QMdiArea>
 #include <QPdfPageNavigator>
 #include <QPointer>
 #include <QPrinter>
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::reporting;
@@ -79,6 +77,12 @@ class PreviewWindowTest : public QObject {
     QTest::keyClicks(number, "3");
     QTest::keyClick(number, Qt::Key_Tab);
     QCOMPARE(shown.view->Pages().CurrentPage(), 2);
+    auto* zoom = shown.Named<QComboBox>("CmbZoom");
+    zoom->setFocus();
+    zoom->lineEdit()->selectAll();
+    QTest::keyClicks(zoom, "33");
+    number->setFocus();
+    QCOMPARE(shown.view->Pages().Zoom(), 0.33);
   }
 
   void SearchGoesThroughAllPagesAndAround() {
@@ -157,5 +161,4 @@ class PreviewWindowTest : public QObject {
 };
 
 static const test::RegisterTest<PreviewWindowTest> kRegistered;
-
 #include "PreviewWindowTest.moc"

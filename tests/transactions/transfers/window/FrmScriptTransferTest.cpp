@@ -1,17 +1,11 @@
 #include "controls/DateBox.h"
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/transfers/window/FrmScriptTransfer.h"
 
 using namespace quorvane;
 using namespace quorvane::transfers;
-using controls::ComboBox;
 using controls::Grid;
-using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<FrmScriptTransfer>;
 
@@ -70,21 +64,20 @@ class FrmScriptTransferTest : public test::DeskTest {
   }
 
   void MissingPartIsAskedFor_data() {
-    const test::Cases<QStringList, QString, QString> cases("entered", "text", "field");
-    cases.Add("no lot", QStringList{"200611", "1002", "", "1001"},
-              "Select Script Name that You want to Transfer.", "VS");
-    cases.Add("no quantity", QStringList{"200611", "1001", "", "1002", ""},
-              "Enter Quantity Greater than Zero.", "Text1_2");
+    const test::Table<QStringList, QString, QString> row;
+    row("no lot", QStringList{"200611", "1002", "", "1001"},
+        "Select Script Name that You want to Transfer.", "VS");
+    row("no quantity", QStringList{"200611", "1001", "", "1002", ""},
+        "Enter Quantity Greater than Zero.", "Text1_2");
   }
   void MissingPartIsAskedFor() {
-    QFETCH(QStringList, entered);
-    QFETCH(QString, field);
+    const auto [entered, text, field] = test::Table<QStringList, QString, QString>::Row();
     const QStringList before = desk_->Everything();
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.Click("cmdAdd");
     shown.Fill(entered);
     shown.Click("cmdUpdate");
-    QTEST(shown.messages.LastText(), "text");
+    QCOMPARE(shown.messages.LastText(), text);
     QCOMPARE(shown.messages.said.size(), std::size_t{1});
     const auto* box = shown.Named<QWidget>(field.toLatin1().constData());
     QVERIFY(box->hasFocus() || box->isAncestorOf(QApplication::focusWidget()));
@@ -103,20 +96,6 @@ class FrmScriptTransferTest : public test::DeskTest {
     QCOMPARE(shown.messages.Texts(), QStringList());
     QCOMPARE(Transfers(), QStringList("1|20/06/2011|0|100|3"));
     QCOMPARE(LotsAt(desk_->second_account), QStringList({"7@100", "3@100"}));
-  }
-
-  void CancelledChangeLeavesTheTransfer() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    AddByKeyboard(shown, "1002", "4");
-    const QStringList before = desk_->Everything();
-    shown.Click("cmdModify");
-    shown.Click("cmdCancel");
-    QCOMPARE(desk_->Everything(), before);
-    const std::string lots = "Select Id,AcId,Qty From {} Order By Id";
-    QCOMPARE(test::Rows(desk_->Connection(), fmt::format(fmt::runtime(lots), "Stock_Temp")),
-             test::Rows(desk_->Connection(), fmt::format(fmt::runtime(lots), "Stock")));
-    shown->close();
-    QCOMPARE(desk_->Contents("Stock_Temp"), QStringList());
   }
 
  private:
@@ -143,5 +122,4 @@ class FrmScriptTransferTest : public test::DeskTest {
 };
 
 static const test::RegisterTest<FrmScriptTransferTest> kRegistered;
-
 #include "FrmScriptTransferTest.moc"

@@ -9,11 +9,13 @@
 
 namespace quorvane::test {
 
-inline QString TextOfRefusal(const MaybeRefusal& refusal) {
-  return refusal ? refusal->text : QStringLiteral("accepted");
+inline const QString kAccepted = QStringLiteral("accepted");
+
+inline QString TextOf(const MaybeRefusal& refusal) {
+  return refusal ? refusal->text : kAccepted;
 }
 
-inline QString FieldOfRefusal(const MaybeRefusal& refusal) {
+inline QString FieldOf(const MaybeRefusal& refusal) {
   return refusal ? refusal->field : QStringLiteral("none");
 }
 

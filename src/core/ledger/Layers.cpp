@@ -246,16 +246,4 @@ void Layers::GoBack() {
   }
 }
 
-std::vector<Layer> Layers::Of(LotId lot) const {
-  std::vector<Layer> left;
-  if (const auto state = of_lot_.find(lot); state != of_lot_.end()) {
-    for (const std::uint32_t layer : state->second.queue.layers) {
-      if (layers_[layer].left > Shares()) {
-        left.push_back(layers_[layer]);
-      }
-    }
-  }
-  return left;
-}
-
 }  // namespace quorvane::ledger

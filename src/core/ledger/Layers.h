@@ -84,10 +84,6 @@ class Layers {
   void Mark() { taken_.clear(); }
   void GoBack();
 
-  /// What is left of the purchases of a lot, oldest first. The lot may have further shares that
-  /// belong to no purchase.
-  std::vector<Layer> Of(LotId lot) const;
-
  private:
   /// Layers by date, then by arrival. Those before `first_left` are used up.
   struct Queue {

@@ -15,7 +15,6 @@ class FileLock {
   FileLock& operator=(FileLock&& other) noexcept;
 
   /// False when another holder stands in the way. A held lock changes its kind.
-  bool TryShared();
   bool TryExclusive();
 
   /// Wait for the lock.

@@ -319,12 +319,6 @@ std::vector<AccountId> ReportWindow::ChosenAccounts(const Grid& grid) {
   return grid.Model().AllTicked() ? std::vector<AccountId>() : Ticked<AccountId>(grid);
 }
 
-ZENButton* ReportWindow::AddButton(const QString& name, const QString& caption) {
-  auto* button = new ZENButton(name, caption);
-  buttons_->insertWidget(buttons_->indexOf(CmdReport), button);
-  return button;
-}
-
 // The Tab key goes from the options over the ticks to the report and the buttons, although these
 // were made first.
 void ReportWindow::Start() {

@@ -135,9 +135,6 @@ class ReportWindow : public controls::ChildWindow {
   static void FillTicks(controls::Grid& grid, const std::vector<lookups::Item>& items,
                         bool ticked = true);
 
-  /// A button of the window's own, before `CmdReport`.
-  controls::ZENButton* AddButton(const QString& name, const QString& caption);
-
   /// To be called at the end of the derived constructor: settles the order of the Tab key.
   void Start();
 

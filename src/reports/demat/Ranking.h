@@ -13,7 +13,6 @@ class Ranking {
   void Add(int id);
   std::uint32_t Of(int id) const;
   int IdOf(std::uint32_t rank) const;
-  bool Knows(int id) const { return ranks_.contains(id); }
 
  private:
   std::unordered_map<int, std::uint32_t> ranks_;

@@ -171,12 +171,6 @@ void Grid::RemoveCurrentRow() {
   }
 }
 
-void Grid::EditCell(int row, int column) {
-  const QModelIndex cell = model_->index(row, column);
-  MakeCurrent(cell);
-  edit(cell);
-}
-
 // Asked for by key or click, a list opens; when it was typed into, the typing completes.
 bool Grid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
   const bool opened = QTableView::edit(index, trigger, event);

@@ -52,7 +52,6 @@ class Grid : public QTableView {
   /// Adds an empty row and puts the cursor on its first cell that can be edited.
   int AddRow(Row row = {});
   void RemoveCurrentRow();
-  void EditCell(int row, int column);
 
   /// Column widths by the headings and a sample of the rows; what is left over goes to the widest
   /// column of text.

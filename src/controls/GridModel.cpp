@@ -103,16 +103,6 @@ void GridModel::RemoveRow(int row) {
   endRemoveRows();
 }
 
-void GridModel::ReplaceRow(int row, Row contents) {
-  contents.cells.resize(columns_.size());
-  rows_[static_cast<std::size_t>(row)].row = std::move(contents);
-  Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
-}
-
-void GridModel::SetId(int row, int id) {
-  rows_[static_cast<std::size_t>(row)].row.id = id;
-}
-
 int GridModel::RowOf(int id) const {
   const auto found =
       std::ranges::find_if(rows_, [&](const Entry& entry) { return entry.row.id == id; });

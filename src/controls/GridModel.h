@@ -93,12 +93,10 @@ class GridModel : public QAbstractTableModel {
   /// The new row's number. Missing cells are empty.
   int AddRow(Row row);
   void RemoveRow(int row);
-  void ReplaceRow(int row, Row contents);
 
   int RowCount() const { return static_cast<int>(rows_.size()); }
   const Row& RowAt(int row) const { return rows_[static_cast<std::size_t>(row)].row; }
   int IdOf(int row) const { return RowAt(row).id; }
-  void SetId(int row, int id);
 
   /// The first row with that key, -1 when there is none.
   int RowOf(int id) const;

@@ -148,14 +148,6 @@ void AmountBox::SetAmount(double value) {
   setText(form_ == Form::kPercent ? text::FormatPercent(value) : text::FormatAmount(value));
 }
 
-void AmountBox::SetAmountOrEmpty(double value) {
-  if (value == 0) {
-    clear();
-  } else {
-    SetAmount(value);
-  }
-}
-
 void AmountBox::Leave() {
   if (!QLineEdit::text().isEmpty()) {
     SetAmount(Amount());

@@ -77,9 +77,6 @@ class AmountBox : public TextBox {
   double Amount() const;
   void SetAmount(double value);
 
-  /// Shows 0 as an empty box.
-  void SetAmountOrEmpty(double value);
-
  protected:
   void Leave() override;
 

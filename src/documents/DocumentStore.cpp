@@ -151,14 +151,6 @@ void DocumentStore::Place(ClientId client, Incoming incoming) const {
   ThrowAwayOthers(client, incoming.name_);
 }
 
-MaybeRefusal DocumentStore::Put(ClientId client, const QString& source) const {
-  Result<Incoming> incoming = Receive(source);
-  if (incoming) {
-    Place(client, std::move(*incoming));
-  }
-  return incoming.Refused();
-}
-
 std::optional<QString> DocumentStore::Path(ClientId client, const QString& name) const {
   const QString folder = FolderOf(client);
   const QFileInfo file(folder + QChar('/') + name);

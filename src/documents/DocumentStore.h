@@ -47,9 +47,6 @@ class DocumentStore {
   /// Makes the received file the client's document; the one before goes when the new one stands.
   void Place(ClientId client, Incoming incoming) const;
 
-  /// Both in one go.
-  MaybeRefusal Put(ClientId client, const QString& source) const;
-
   /// The document's path; nullopt when the client has no such file.
   std::optional<QString> Path(ClientId client, const QString& name) const;
 

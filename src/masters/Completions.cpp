@@ -56,16 +56,4 @@ QStringList StdCodesOf(Connection& connection, AddressBook book, const QString& 
   return DistinctOfCity(connection, book, "STD", city);
 }
 
-QString Completed(const QStringList& values, const QString& typed) {
-  if (typed.isEmpty()) {
-    return typed;
-  }
-  for (const QString& value : values) {
-    if (value.startsWith(typed, Qt::CaseInsensitive)) {
-      return value;
-    }
-  }
-  return typed;
-}
-
 }  // namespace quorvane::masters

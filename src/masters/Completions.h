@@ -16,8 +16,4 @@ QStringList Cities(database::Connection& connection, AddressBook book);
 QStringList PinsOf(database::Connection& connection, AddressBook book, const QString& city);
 QStringList StdCodesOf(database::Connection& connection, AddressBook book, const QString& city);
 
-/// The first value that begins with what is typed, without regard to capitals; what is typed when
-/// there is none, or when nothing is typed.
-QString Completed(const QStringList& values, const QString& typed);
-
 }  // namespace quorvane::masters

@@ -2,11 +2,9 @@
 #include "controls/DateBox.h"
 #include "controls/TextBox.h"
 #include "support/OnScreen.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QSignalSpy>
-#include <QTest>
 #include <QVBoxLayout>
 
 using namespace quorvane::controls;
@@ -59,13 +57,6 @@ class BoxesTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void CapitalsAreKeptOutOfAnEMailBox() {
-    Desk<TextBox> desk(new TextBox());
-    desk.box->SetUpperCase(false);
-    QTest::keyClicks(desk.box, QStringLiteral("me@x.in"));
-    QCOMPARE(desk.box->text(), QStringLiteral("me@x.in"));
-  }
-
   void PastedLettersTurnToUpperCase() {
     Desk<TextBox> desk(new TextBox());
     QTest::keyClicks(desk.box, QStringLiteral("AC"));
@@ -75,31 +66,12 @@ class BoxesTest : public QObject {
     QCOMPARE(desk.box->cursorPosition(), 3);
   }
 
-  void EntrySelectsTheWholeText() {
-    Desk<TextBox> desk(new TextBox());
-    desk.next->setText(QStringLiteral("12345"));
-    QTest::mouseClick(desk.next, Qt::LeftButton, {}, QPoint(8, 8));
-    QCOMPARE(desk.next->selectedText(), QStringLiteral("12345"));
-    QTest::mouseClick(desk.next, Qt::LeftButton, {}, QPoint(8, 8));
-    QVERIFY(!desk.next->hasSelectedText());
-  }
-
-  void EnterMovesToTheNextControl() {
-    Desk<TextBox> desk(new TextBox());
-    QTest::keyClick(desk.box, Qt::Key_Enter, Qt::KeypadModifier);
-    QVERIFY(desk.next->hasFocus());
-    Desk<ComboBox> list(States(ComboBox::Entry::kItemsOnly));
-    QTest::keyClick(list.box, Qt::Key_Return);
-    QVERIFY(list.next->hasFocus());
-  }
-
   void PrefixIsCompleted_data() {
     const test::Table<QString, QString, QString> row;
     row("first that fits", "m", "MUMBAI", "UMBAI");
     row("typing on overwrites", "my", "MYSORE", "SORE");
     row("none fits", "mx", "MX", "");
   }
-
   void PrefixIsCompleted() {
     const auto [typed, text, selected] = test::Table<QString, QString, QString>::Row();
     Desk<TextBox> desk(new TextBox());
@@ -146,7 +118,6 @@ class BoxesTest : public QObject {
     row("empty stays empty", amount, "", "", 0.0);
     row("percentage", percent, ".1255", "0.126", 0.126);
   }
-
   void AmountTakesItsFormOnLeaving() {
     const auto [form, typed, text, amount] = test::Table<int, QString, QString, double>::Row();
     Desk<AmountBox> desk(new AmountBox(nullptr, static_cast<AmountBox::Form>(form)));
@@ -156,12 +127,6 @@ class BoxesTest : public QObject {
     QCOMPARE(desk.box->Amount(), amount);
   }
 
-  void AmountTakesNoLetters() {
-    Desk<AmountBox> desk(new AmountBox());
-    QTest::keyClicks(desk.box, QStringLiteral("1a2.3.4e5"));
-    QCOMPARE(desk.box->text(), QStringLiteral("12.345"));
-  }
-
   void TypedDateIsCompleted_data() {
     const test::Table<QString, QString> row;
     row("digits alone", "01042011", "01/04/2011");
@@ -169,7 +134,6 @@ class BoxesTest : public QObject {
     row("one digit each", "1/4/11", "01/04/2011");
     row("empty", "", "");
   }
-
   void TypedDateIsCompleted() {
     const auto [typed, text] = test::Table<QString, QString>::Row();
     Desk<DateBox> desk(DateBoxOf2011());
@@ -201,7 +165,6 @@ class BoxesTest : public QObject {
     row("free text stays", true, "xyz", 0, "XYZ");
     row("free text that is an item", true, "ke", 4, "KERALA");
   }
-
   void ChoiceFollowsTypedText() {
     const auto [free, typed, id, text] = test::Table<bool, QString, int, QString>::Row();
     Desk<ComboBox> desk(States(free ? ComboBox::Entry::kFreeText : ComboBox::Entry::kItemsOnly));
@@ -246,5 +209,4 @@ class BoxesTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<BoxesTest> kRegistered;
-
 #include "BoxesTest.moc"

@@ -2,14 +2,12 @@
 #include "controls/DateBox.h"
 #include "controls/Grid.h"
 #include "support/OnScreen.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QHeaderView>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace quorvane::controls;
 
@@ -50,6 +48,12 @@ struct Shown {
     return grid.visualRect(grid.Model().index(row, column)).center();
   }
 
+  void Edit(int row, int column) {
+    const QModelIndex cell = grid.Model().index(row, column);
+    grid.setCurrentIndex(cell);
+    static_cast<QAbstractItemView&>(grid).edit(cell);
+  }
+
   void ClickHeading(int column) {
     const QHeaderView& header = *grid.horizontalHeader();
     const QPoint at(header.sectionViewportPosition(column) + header.sectionSize(column) / 2, 5);
@@ -76,22 +80,6 @@ class GridTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void CellsShowTheirMask_data() {
-    const test::Table<Mask, QVariant, QString> row;
-    row("amount", Mask::kAmount, 2.675, "2.68");
-    row("percentage", Mask::kPercent, 0.1255, "0.126");
-    row("empty amount", Mask::kAmount, {}, "");
-    row("amount with its side", Mask::kAmount, "5.00Dr", "5.00Dr");
-  }
-
-  void CellsShowTheirMask() {
-    const auto [mask, value, shown] = test::Table<Mask, QVariant, QString>::Row();
-    GridModel model;
-    model.SetColumns({{.heading = QStringLiteral("X"), .mask = mask}});
-    model.SetRows({{.id = 1, .cells = {value}}});
-    QCOMPARE(model.index(0, 0).data().toString(), shown);
-  }
-
   void ValueListPassesBrokenPiecesOver() {
     const ValueList list(QStringLiteral("#0;Dr|#1;Cr|Z|#x;Y||#7;A;B|") +
                          quorvane::lookups::ListOf({{.id = 8, .text = QStringLiteral("C|D")}}));
@@ -102,16 +90,6 @@ class GridTest : public QObject {
     QCOMPARE(list.TextOf(3), QString());
   }
 
-  void RowsOfOneGridMayHaveListsOfTheirOwn() {
-    Shown shown;
-    GridModel& model = shown.grid.Model();
-    model.SetCellChoices(0, kSide, QStringLiteral("#1;IN300|"));
-    QCOMPARE(model.Text(0, kSide), QStringLiteral("IN300"));
-    QCOMPARE(model.Text(2, kSide), QStringLiteral("P"));
-    shown.ClickHeading(kNote);
-    QCOMPARE(model.Text(model.RowOf(11), kSide), QStringLiteral("IN300"));
-  }
-
   void HeadingSortsByValue_data() {
     const test::Table<int, std::vector<int>> row;
     row("amount", int{kRate}, std::vector<int>{12, 13, 11});
@@ -119,7 +97,6 @@ class GridTest : public QObject {
     row("text in any case", int{kNote}, std::vector<int>{12, 11, 13});
     row("shown text, equals in order", int{kSide}, std::vector<int>{11, 13, 12});
   }
-
   void HeadingSortsByValue() {
     const auto [column, ids] = test::Table<int, std::vector<int>>::Row();
     Shown shown;
@@ -137,34 +114,11 @@ class GridTest : public QObject {
     QCOMPARE(shown.Ids(), (std::vector<int>{11, 13, 12}));
   }
 
-  void UnsortableGridKeepsItsOrder() {
-    Shown shown;
-    shown.grid.SetSortable(false);
-    shown.ClickHeading(kRate);
-    QCOMPARE(shown.Ids(), (std::vector<int>{11, 12, 13}));
-  }
-
   void TotalsHoldTheOrder() {
     Shown shown;
     shown.grid.AddRow({.kind = RowKind::kTotal, .cells = {QVariant(), "Total"}});
     shown.ClickHeading(kRate);
     QCOMPARE(shown.Ids(), (std::vector<int>{11, 12, 13, 0}));
-  }
-
-  void EmptyCellShowsNoChoice() {
-    Shown shown;
-    shown.grid.AddRow({.kind = RowKind::kGroup});
-    shown.grid.AddRow();
-    QCOMPARE(shown.grid.Model().Text(3, kSide), QString());
-    QCOMPARE(shown.grid.Model().Text(4, kSide), QString());
-  }
-
-  void TickIsSeen() {
-    Shown shown;
-    const QRect cell = shown.grid.visualRect(shown.grid.Model().index(0, kTicks));
-    const QImage without = shown.grid.viewport()->grab(cell).toImage();
-    shown.grid.Model().SetTicked(0, true);
-    QVERIFY(shown.grid.viewport()->grab(cell).toImage() != without);
   }
 
   void ClickOrSpaceTicks() {
@@ -198,7 +152,7 @@ class GridTest : public QObject {
   void EnterMovesThroughTheCells() {
     Shown shown;
     QSignalSpy at_end(&shown.grid, &Grid::LastCellLeft);
-    shown.grid.EditCell(2, kDay);
+    shown.Edit(2, kDay);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("010411"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QCOMPARE(shown.grid.currentIndex().column(), int{kSide});
@@ -213,21 +167,10 @@ class GridTest : public QObject {
     QCOMPARE(shown.grid.Model().Number(2, kRate), 7.5);
   }
 
-  void TypedTextBecomesTheValue() {
-    Shown shown;
-    QSignalSpy edited(&shown.grid.Model(), &GridModel::CellEdited);
-    shown.grid.setCurrentIndex(shown.grid.Model().index(0, kRate));
-    QTest::keyClick(shown.grid.viewport(), Qt::Key_4);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_2);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QCOMPARE(shown.grid.Model().Number(0, kRate), 42.0);
-    QCOMPARE(edited.count(), 1);
-  }
-
   void UntouchedCellKeepsItsFullValue() {
     Shown shown;
     shown.grid.Model().SetValue(0, kRate, 33.33333);
-    shown.grid.EditCell(0, kRate);
+    shown.Edit(0, kRate);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QCOMPARE(shown.grid.Model().Number(0, kRate), 33.33333);
   }
@@ -245,19 +188,11 @@ class GridTest : public QObject {
   void ImproperDateIsRefused() {
     Shown shown;
     QSignalSpy refused(&shown.grid, &Grid::EditRefused);
-    shown.grid.EditCell(0, kDay);
+    shown.Edit(0, kDay);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("31022011"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QCOMPARE(refused.count(), 1);
     QCOMPARE(shown.grid.Model().Text(0, kDay), QStringLiteral("02/04/2011"));
-  }
-
-  void ProgramsOwnChangesAreNoEdits() {
-    Shown shown;
-    QSignalSpy edited(&shown.grid.Model(), &GridModel::CellEdited);
-    shown.grid.Model().SetValue(0, kRate, 1.0);
-    shown.grid.Model().ReplaceRow(1, {.id = 12, .cells = {false, "", 0, 2.0}});
-    QCOMPARE(edited.count(), 0);
   }
 
   void CopyTakesTheShownColumns() {
@@ -297,5 +232,4 @@ class GridTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<GridTest> kRegistered;
-
 #include "GridTest.moc"

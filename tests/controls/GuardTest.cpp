@@ -5,13 +5,11 @@
 #include "core/database/DatabaseError.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -92,7 +90,6 @@ class GuardTest : public QObject {
     row("standard", Work([] { throw std::runtime_error("no disk"); }), "cmdUpdate_Click: no disk");
     row("foreign", Work([] { throw 5; }), "cmdUpdate_Click: An unknown failure.");
   }
-
   void WhatEscapesIsReportedUnderTheHandlersName() {
     const auto [work, text] = test::Table<Work, QString>::Row();
     RecordingMessages messages;
@@ -129,7 +126,6 @@ class GuardTest : public QObject {
     row("lost", QByteArray("08S01"), "Check whether the last record was saved");
     row("other", QByteArray("42S02"), "still in the window");
   }
-
   void DatabaseFailureTellsWhatToDo() {
     const auto [state, hint] = test::Table<QByteArray, QString>::Row();
     RecordingMessages messages;
@@ -144,7 +140,6 @@ class GuardTest : public QObject {
     row("no pressed", true, int{QMessageBox::No}, false);
     row("closed is no", true, int{QMessageBox::NoButton}, false);
   }
-
   void BoxesAskWithTheirPresetAnswer() {
     const auto [preset_yes, press, answer] = test::Table<bool, int, bool>::Row();
     BoxDriver driver(static_cast<QMessageBox::StandardButton>(press));
@@ -155,17 +150,6 @@ class GuardTest : public QObject {
     QCOMPARE(driver.preset, preset_yes ? QMessageBox::Yes : QMessageBox::No);
     QCOMPARE(driver.icon, QMessageBox::Critical);
     QCOMPARE(driver.title, QStringLiteral("Quorvane: ver 2.12.2 "));
-  }
-
-  void NoticesAndRefusalsDifferByIcon() {
-    MessageBoxes boxes;
-    BoxDriver notice(QMessageBox::Ok);
-    boxes.Inform(QStringLiteral("Enter Name."));
-    QCOMPARE(notice.icon, QMessageBox::Information);
-    QCOMPARE(notice.text, QStringLiteral("Enter Name."));
-    BoxDriver refusal(QMessageBox::Ok);
-    boxes.Refuse(QStringLiteral("Stop."));
-    QCOMPARE(refusal.icon, QMessageBox::Critical);
   }
 
   void LongWorkIsShownAndBlocksOtherWindows() {
@@ -227,5 +211,4 @@ class GuardTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<GuardTest> kRegistered;
-
 #include "GuardTest.moc"

@@ -3,14 +3,13 @@
 #include "controls/RecordWindow.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <map>
 #include <stdexcept>
@@ -152,18 +151,6 @@ class RecordWindowTest : public QObject {
     QCOMPARE(shown.window->CurrentId(), 0);
   }
 
-  void ModifiedRecordKeepsItsKey() {
-    const Shown shown;
-    shown.window->List().SelectId(1);
-    QTest::keyClick(&shown.window->List(), Qt::Key_Return);
-    QVERIFY(shown.window->IsEditing());
-    QVERIFY(shown.window->name->isVisible());
-    QTest::keyClicks(shown.window->name, QStringLiteral("omega"));
-    shown.Click("cmdUpdate");
-    QCOMPARE(shown.window->records.at(1), QStringLiteral("OMEGA"));
-    QCOMPARE(shown.window->records.size(), std::size_t{2});
-  }
-
   void RefusalFocusesItsField() {
     const Shown shown;
     shown.Click("cmdAdd");
@@ -242,15 +229,6 @@ class RecordWindowTest : public QObject {
     QVERIFY(!shown.window->IsEditing());
   }
 
-  void FailingCompletionIsReported() {
-    const Shown shown;
-    shown.window->broken = true;
-    shown.Click("cmdAdd");
-    QCOMPARE(shown.messages.LastText(), QStringLiteral("Text1_0_GotFocus: no names"));
-    QTest::keyClicks(shown.window->name, QStringLiteral("s"));
-    QCOMPARE(shown.window->name->text(), QStringLiteral("S"));
-  }
-
   void EscapeCancelsThenCloses() {
     Shown shown;
     QSignalSpy closed(shown.window, &ChildWindow::Closed);
@@ -320,5 +298,4 @@ class RecordWindowTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<RecordWindowTest> kRegistered;
-
 #include "RecordWindowTest.moc"

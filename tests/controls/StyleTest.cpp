@@ -1,10 +1,8 @@
 #include "controls/Style.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QApplication>
 #include <QPalette>
-#include <QTest>
 #include <QWindow>
 
 #include <algorithm>
@@ -51,7 +49,6 @@ class StyleTest : public QObject {
     row("resting box", QPalette::Disabled, QPalette::Text, QPalette::Base);
     row("resting selection", QPalette::Disabled, QPalette::HighlightedText, QPalette::Highlight);
   }
-
   void TextIsReadableOnItsGround() {
     const auto [theme, group, ink, ground] =
         test::Table<Theme, QPalette::ColorGroup, QPalette::ColorRole, QPalette::ColorRole>::Row();
@@ -62,25 +59,8 @@ class StyleTest : public QObject {
     QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
   }
 
-  void SystemThemeComesBackWhenTheDesktopChanges_data() {
-    const test::Table<Theme, bool> row;
-    row("system", Theme::kSystem, true);
-    row("light", Theme::kLight, false);
-  }
-
-  void SystemThemeComesBackWhenTheDesktopChanges() {
-    const auto [theme, follows] = test::Table<Theme, bool>::Row();
-    ApplyTheme(*qApp, theme);
-    QWindow window;
-    QApplication::setPalette(QPalette(Qt::red));
-    QEvent changed(QEvent::ThemeChange);
-    QCoreApplication::sendEvent(&window, &changed);
-    QCOMPARE(QApplication::palette().color(QPalette::Button) != QColor(Qt::red), follows);
-  }
-
   void cleanupTestCase() { ApplyTheme(*qApp, Theme::kLight); }
 };
 
 static const quorvane::test::RegisterTest<StyleTest> kRegistered;
-
 #include "StyleTest.moc"

@@ -1,19 +1,14 @@
 #include "documents/DocumentKind.h"
 #include "documents/DocumentStore.h"
 #include "documents/DocumentText.h"
-#include "masters/Records.h"
 #include "masters/clients/Documents.h"
-#include "support/Cases.h"
-#include "support/TestMain.h"
+#include "support/Files.h"
+#include "support/Records.h"
+#include "support/Test.h"
 
-#include <QDir>
 #include <QDirIterator>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <optional>
 #include <stdexcept>
 
 using namespace quorvane;
@@ -34,15 +29,14 @@ class DocumentStoreTest : public QObject {
   void cleanup() { folder_.reset(); }
 
   void DocumentIsCopiedUnderItsOwnName_data() {
-    const test::Cases<QString> cases("name");
-    cases.Add("quote and blanks", "O'BRIEN & SONS 1.JPG");
-    cases.Add("Devanagari", "हस्ताक्षर.pdf");
-    cases.Add("hidden", ".sign.txt");
+    const test::Table<QString> row;
+    row("quote and blanks", "O'BRIEN & SONS 1.JPG");
+    row("Devanagari", "हस्ताक्षर.pdf");
+    row("hidden", ".sign.txt");
   }
-
   void DocumentIsCopiedUnderItsOwnName() {
-    QFETCH(const QString, name);
-    QVERIFY(!store_->Put(kClient, Write("home/" + name, "first")));
+    const auto [name] = test::Table<QString>::Row();
+    QVERIFY(!Put(kClient, Write("home/" + name, "first")));
     QCOMPARE(Read(store_->Path(kClient, name)), QByteArray("first"));
     QCOMPARE(Files(), QStringList("7/" + name));
     for (const char* made : {"SignDocs", "SignDocs/7"}) {
@@ -53,49 +47,48 @@ class DocumentStoreTest : public QObject {
   }
 
   void NewDocumentTakesThePlaceOfTheOldOne() {
-    QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
-    QVERIFY(!store_->Put(ClientId{8}, Write("home/old.txt", "of another client")));
-    QVERIFY(!store_->Put(kClient, Write("home/new.txt", "new")));
+    QVERIFY(!Put(kClient, Write("home/old.txt", "old")));
+    QVERIFY(!Put(ClientId{8}, Write("home/old.txt", "of another client")));
+    QVERIFY(!Put(kClient, Write("home/new.txt", "new")));
     QCOMPARE(Files(), QStringList({"7/new.txt", "8/old.txt"}));
-    QVERIFY(!store_->Put(kClient, Write("home/new.txt", "newer")));
+    QVERIFY(!Put(kClient, Write("home/new.txt", "newer")));
     QCOMPARE(Read(store_->Path(kClient, "new.txt")), QByteArray("newer"));
   }
 
   void StoredDocumentMayBePickedAgain() {
-    QVERIFY(!store_->Put(kClient, Write("home/sign.txt", "sign")));
-    QVERIFY(!store_->Put(kClient, *store_->Path(kClient, "sign.txt")));
+    QVERIFY(!Put(kClient, Write("home/sign.txt", "sign")));
+    QVERIFY(!Put(kClient, *store_->Path(kClient, "sign.txt")));
     QCOMPARE(Read(store_->Path(kClient, "sign.txt")), QByteArray("sign"));
   }
 
   void RefusedSourceLeavesTheOldDocument_data() {
-    const test::Cases<QString, QString> cases("source", "text");
+    const test::Table<QString, QString> row;
     const QString no_document = QStringLiteral("This File Can't be Kept as a Document.");
-    cases.Add("vanished", "home/nothing.txt", "File does not Exist.");
-    cases.Add("folder", "home", no_document);
-    cases.Add("device", "/dev/zero", no_document);
-    cases.Add("name that climbs elsewhere", "home/..\\..\\evil.txt", no_document);
-    cases.Add("name with a line break", "home/a\nb.txt", no_document);
-    cases.Add("kind that nothing shows", "home/sheet.xlsx", "Format Not Supported.");
-    cases.Add("too large", "home/large.txt", "The File is too Large. At Most 3 MB are Allowed.");
-    cases.Add("link to nowhere", "home/dangling.txt", "File does not Exist.");
+    row("vanished", "home/nothing.txt", "File does not Exist.");
+    row("folder", "home", no_document);
+    row("device", "/dev/zero", no_document);
+    row("name that climbs elsewhere", "home/..\\..\\evil.txt", no_document);
+    row("name with a line break", "home/a\nb.txt", no_document);
+    row("kind that nothing shows", "home/sheet.xlsx", "Format Not Supported.");
+    row("too large", "home/large.txt", "The File is too Large. At Most 3 MB are Allowed.");
+    row("link to nowhere", "home/dangling.txt", "File does not Exist.");
   }
-
   void RefusedSourceLeavesTheOldDocument() {
-    QFETCH(const QString, source);
+    const auto [source, text] = test::Table<QString, QString>::Row();
     Write("home/..\\..\\evil.txt", "evil");
     Write("home/a\nb.txt", "evil");
     Write("home/sheet.xlsx", "PK");
     Write("home/large.txt", QByteArray(3 * 1024 * 1024 + 1, 'x'));
     QFile::link(folder_->filePath("nowhere"), folder_->filePath("home/dangling.txt"));
-    QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
+    QVERIFY(!Put(kClient, Write("home/old.txt", "old")));
 
-    const MaybeRefusal refusal = store_->Put(kClient, QDir(folder_->path()).filePath(source));
-    QTEST(test::TextOfRefusal(refusal), "text");
+    const MaybeRefusal refusal = Put(kClient, QDir(folder_->path()).filePath(source));
+    QCOMPARE(test::TextOf(refusal), text);
     QCOMPARE(Files(), QStringList("7/old.txt"));
   }
 
   void ReceivedCopyThatIsNotPlacedGoes() {
-    QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
+    QVERIFY(!Put(kClient, Write("home/old.txt", "old")));
     {
       const auto incoming = store_->Receive(Write("home/new.txt", "new"));
       QVERIFY(incoming);
@@ -106,26 +99,25 @@ class DocumentStoreTest : public QObject {
   }
 
   void DocumentThatCannotBePlacedLeavesTheOldOne() {
-    QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
+    QVERIFY(!Put(kClient, Write("home/old.txt", "old")));
     QVERIFY(QDir(folder_->path()).mkpath("SignDocs/7/new.txt/full"));
-    QVERIFY_EXCEPTION_THROWN(static_cast<void>(store_->Put(kClient, Write("home/new.txt", "new"))),
+    QVERIFY_EXCEPTION_THROWN(static_cast<void>(Put(kClient, Write("home/new.txt", "new"))),
                              std::runtime_error);
     QCOMPARE(Files(), QStringList("7/old.txt"));
   }
 
   void StoredNameNeverLeadsOut_data() {
-    const test::Cases<QString> cases("name");
-    cases.Add("above the store", "../../home/outside.txt");
-    cases.Add("another client", "../8/other.txt");
-    cases.Add("whole path", QDir::tempPath());
-    cases.Add("folder above", "..");
-    cases.Add("link", "link.txt");
+    const test::Table<QString> row;
+    row("above the store", "../../home/outside.txt");
+    row("another client", "../8/other.txt");
+    row("whole path", QDir::tempPath());
+    row("folder above", "..");
+    row("link", "link.txt");
   }
-
   void StoredNameNeverLeadsOut() {
-    QFETCH(const QString, name);
-    QVERIFY(!store_->Put(kClient, Write("home/old.txt", "old")));
-    QVERIFY(!store_->Put(ClientId{8}, Write("home/other.txt", "other")));
+    const auto [name] = test::Table<QString>::Row();
+    QVERIFY(!Put(kClient, Write("home/old.txt", "old")));
+    QVERIFY(!Put(ClientId{8}, Write("home/other.txt", "other")));
     QVERIFY(QFile::link(outside_, folder_->filePath("SignDocs/7/link.txt")));
     QCOMPARE(store_->Path(kClient, name), std::optional<QString>());
   }
@@ -138,30 +130,29 @@ class DocumentStoreTest : public QObject {
     QCOMPARE(Read(outside_), QByteArray("outside"));
 
     QVERIFY(QFile::link(folder_->filePath("home"), folder_->filePath("SignDocs/7")));
-    QVERIFY(!store_->Put(kClient, Write("elsewhere.txt", "new")));
+    QVERIFY(!Put(kClient, Write("elsewhere.txt", "new")));
     QCOMPARE(Files(), QStringList("7/elsewhere.txt"));
     QVERIFY(!QFile::exists(folder_->filePath("home/elsewhere.txt")));
 
     QVERIFY(QFile::link(outside_, folder_->filePath("SignDocs/7/outside.txt")));
-    QVERIFY(!store_->Put(kClient, Write("outside.txt", "mine")));
+    QVERIFY(!Put(kClient, Write("outside.txt", "mine")));
     QCOMPARE(Read(outside_), QByteArray("outside"));
     QCOMPARE(Read(store_->Path(kClient, "outside.txt")), QByteArray("mine"));
   }
 
   void RemoveTakesOneClientsFolder() {
     store_->Remove(kClient);
-    QVERIFY(!store_->Put(kClient, Write("home/a.txt", "a")));
-    QVERIFY(!store_->Put(ClientId{77}, Write("home/b.txt", "b")));
+    QVERIFY(!Put(kClient, Write("home/a.txt", "a")));
+    QVERIFY(!Put(ClientId{77}, Write("home/b.txt", "b")));
     store_->Remove(kClient);
     QVERIFY(!QFile::exists(folder_->filePath("SignDocs/7")));
     QCOMPARE(Files(), QStringList("77/b.txt"));
   }
 
   void NoClientHasNoFolder() {
-    QVERIFY(!store_->Put(kClient, Write("home/a.txt", "a")));
+    QVERIFY(!Put(kClient, Write("home/a.txt", "a")));
     QVERIFY_EXCEPTION_THROWN(store_->Remove(ClientId{}), std::logic_error);
-    QVERIFY_EXCEPTION_THROWN(static_cast<void>(store_->Put(ClientId{-1}, outside_)),
-                             std::logic_error);
+    QVERIFY_EXCEPTION_THROWN(static_cast<void>(Put(ClientId{-1}, outside_)), std::logic_error);
     QCOMPARE(Files(), QStringList("7/a.txt"));
   }
 
@@ -178,75 +169,56 @@ class DocumentStoreTest : public QObject {
   }
 
   void EveryKindOfTextIsRead_data() {
-    const test::Cases<QString, QByteArray, QString, bool> cases("name", "bytes", "contents",
-                                                                "is_html");
+    const test::Table<QString, QByteArray, QString, bool> row;
     const QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Fee \\u8377? 100 & <b>}";
     const QByteArray doc = test::WordDocument(
         "PAN of K. L. O\x92"
         "BRIEN\r");
-    cases.Add("UTF-8", "a.txt", QByteArray("Caf\xc3\xa9"), "Café", false);
-    cases.Add("UTF-16", "a.txt", QByteArray("\xff\xfe\x39\x20", 4), "‹", false);
-    cases.Add("Windows", "a.txt", QByteArray("\x80 100 \xe9\x92"), "€ 100 é’", false);
-    cases.Add("markup in a plain text", "a.txt", QByteArray("<b>"), "<b>", false);
-    cases.Add("HTML", "a.htm", QByteArray("<b>\xe2\x82\xb9</b>"), "<b>₹</b>", true);
-    cases.Add("rich text", "a.rtf", rtf, "Fee &#8377; 100 &amp; &lt;b&gt;", true);
-    cases.Add("rich text called DOC", "a.DOC", rtf, "&lt;b&gt;", true);
-    cases.Add("word processor", "a.doc", doc, "PAN of K. L. O’BRIEN", false);
+    row("UTF-8", "a.txt", QByteArray("Caf\xc3\xa9"), "Café", false);
+    row("UTF-16", "a.txt", QByteArray("\xff\xfe\x39\x20", 4), "‹", false);
+    row("Windows", "a.txt", QByteArray("\x80 100 \xe9\x92"), "€ 100 é’", false);
+    row("markup in a plain text", "a.txt", QByteArray("<b>"), "<b>", false);
+    row("HTML", "a.htm", QByteArray("<b>\xe2\x82\xb9</b>"), "<b>₹</b>", true);
+    row("rich text", "a.rtf", rtf, "Fee &#8377; 100 &amp; &lt;b&gt;", true);
+    row("rich text called DOC", "a.DOC", rtf, "&lt;b&gt;", true);
+    row("word processor", "a.doc", doc, "PAN of K. L. O’BRIEN", false);
   }
-
   void EveryKindOfTextIsRead() {
-    QFETCH(const QString, name);
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, contents);
+    const auto [name, bytes, contents, is_html] =
+        test::Table<QString, QByteArray, QString, bool>::Row();
     const DocumentText text = ReadText(WriteFile(Path(name), bytes));
     QVERIFY2(text.contents.contains(contents), qPrintable(text.contents));
-    QTEST(text.is_html, "is_html");
-  }
-
-  void NameNeverBecomesAnOptionOrACommand_data() {
-    const test::Cases<QString> cases("name");
-    cases.Add("option", "-V.rtf");
+    QCOMPARE(text.is_html, is_html);
   }
 
   void NameNeverBecomesAnOptionOrACommand() {
-    QFETCH(const QString, name);
-    QVERIFY(ReadText(WriteFile(Path(name), "{\\rtf1 inside}")).contents.contains("inside"));
+    QVERIFY(ReadText(WriteFile(Path("-V.rtf"), "{\\rtf1 inside}")).contents.contains("inside"));
   }
 
   void UnreadableDocumentIsRefused_data() {
-    const test::Cases<QString, QByteArray, QString> cases("name", "bytes", "reason");
+    const test::Table<QString, QByteArray, QString> row;
     const QByteArray large(kLimits.most_bytes + 1, 'x');
-    cases.Add("text too large", "a.txt", large, "The Document is too Large to be Shown.");
-    cases.Add("converted text too large", "a.rtf", "{\\rtf1 " + large + "}",
-              "The Document is too Large to be Shown.");
-    cases.Add("no text in it", "a.txt", QByteArray("\0\1\2", 3), "The Document holds no Text.");
-    cases.Add("broken compound file", "a.doc", QByteArray::fromHex("d0cf11e0a1b11ae1ffff"),
-              "The Document is Broken.");
-    cases.Add("compressed kind", "a.doc", QByteArray("PK\3\4rest"),
-              "The Document is of a Newer Kind. Save it as \"Rich Text\" to have it Shown.");
+    row("text too large", "a.txt", large, "The Document is too Large to be Shown.");
+    row("converted text too large", "a.rtf", "{\\rtf1 " + large + "}",
+        "The Document is too Large to be Shown.");
+    row("no text in it", "a.txt", QByteArray("\0\1\2", 3), "The Document holds no Text.");
+    row("broken compound file", "a.doc", QByteArray::fromHex("d0cf11e0a1b11ae1ffff"),
+        "The Document is Broken.");
+    row("compressed kind", "a.doc", QByteArray("PK\3\4rest"),
+        "The Document is of a Newer Kind. Save it as \"Rich Text\" to have it Shown.");
   }
-
   void UnreadableDocumentIsRefused() {
-    QFETCH(const QString, name);
-    QFETCH(const QByteArray, bytes);
-    QTEST(FailureOf(WriteFile(Path(name), bytes), kLimits), "reason");
-  }
-
-  void VanishedFileIsRefusedWithItsReason() {
-    const QString failure = FailureOf(Path("none.txt"), kLimits);
-    QVERIFY2(failure.startsWith("The Document can't be Read: "), qPrintable(failure));
+    const auto [name, bytes, reason] = test::Table<QString, QByteArray, QString>::Row();
+    QCOMPARE(FailureOf(WriteFile(Path(name), bytes), kLimits), reason);
   }
 
   void MissingHelperIsNamed_data() {
-    const test::Cases<QString, QByteArray, QString> cases("name", "bytes", "program");
-    cases.Add("rich text", "a.rtf", QByteArray("{\\rtf1 x}"), "unrtf");
-    cases.Add("word processor", "a.doc", test::WordDocument("x"), "catdoc");
+    const test::Table<QString, QByteArray, QString> row;
+    row("rich text", "a.rtf", QByteArray("{\\rtf1 x}"), "unrtf");
+    row("word processor", "a.doc", test::WordDocument("x"), "catdoc");
   }
-
   void MissingHelperIsNamed() {
-    QFETCH(const QString, name);
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, program);
+    const auto [name, bytes, program] = test::Table<QString, QByteArray, QString>::Row();
     TextLimits limits = kLimits;
     limits.find_program = [](const QString&) { return QString(); };
     QCOMPARE(FailureOf(WriteFile(Path(name), bytes), limits),
@@ -254,46 +226,41 @@ class DocumentStoreTest : public QObject {
                  .arg(program));
   }
 
-  void AnotherHelperServesWhenTheFirstIsMissing() {
-    TextLimits limits = kLimits;
-    limits.find_program = [this](const QString& program) {
-      return program == QLatin1String("antiword") ? Helper("echo from the other") : QString();
-    };
-    const QString path = WriteFile(Path("a.doc"), test::WordDocument("x"));
-    QCOMPARE(ReadDocumentText(path, limits).contents, QString("from the other\n"));
-  }
-
   void HelperIsStopped_data() {
-    const test::Cases<QByteArray, QString> cases("script", "reason");
-    cases.Add("after its time", QByteArray("exec sleep 60"),
-              "The Document takes too Long to be Shown.");
-    cases.Add("after too much output", QByteArray("exec yes"),
-              "The Document is too Large to be Shown.");
-    cases.Add("when it fails", QByteArray("exit 3"), "The Document is Broken.");
-    cases.Add("when it crashes", QByteArray("kill -9 $$"), "The Document is Broken.");
+    const test::Table<QByteArray, QString> row;
+    row("after its time", QByteArray("exec sleep 60"), "The Document takes too Long to be Shown.");
+    row("after too much output", QByteArray("exec yes"), "The Document is too Large to be Shown.");
+    row("when it fails", QByteArray("exit 3"), "The Document is Broken.");
+    row("when it crashes", QByteArray("kill -9 $$"), "The Document is Broken.");
   }
-
   void HelperIsStopped() {
-    QFETCH(const QByteArray, script);
+    const auto [script, reason] = test::Table<QByteArray, QString>::Row();
     TextLimits limits = kLimits;
     limits.longest = 300ms;
     limits.find_program = [this, script](const QString&) { return Helper(script); };
     QElapsedTimer clock;
     clock.start();
-    QTEST(FailureOf(WriteFile(Path("a.rtf"), "{\\rtf1 x}"), limits), "reason");
+    QCOMPARE(FailureOf(WriteFile(Path("a.rtf"), "{\\rtf1 x}"), limits), reason);
     QVERIFY2(clock.elapsed() < 20000, "the helper was waited for");
   }
 
  private:
   static constexpr ClientId kClient{7};
 
+  MaybeRefusal Put(ClientId client, const QString& source) const {
+    auto incoming = store_->Receive(source);
+    if (incoming) {
+      store_->Place(client, std::move(*incoming));
+    }
+    return incoming.Refused();
+  }
+
   QString Write(const QString& name, const QByteArray& content) const {
     return test::WriteFile(folder_->filePath(name), content);
   }
 
   static QByteArray Read(const std::optional<QString>& path) {
-    QFile file(path.value_or(QString()));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing");
+    return test::ReadFile(path.value_or(QString()));
   }
 
   /// Every file of the store.
@@ -335,5 +302,4 @@ class DocumentStoreTest : public QObject {
 };
 
 static const test::RegisterTest<DocumentStoreTest> kRegistered;
-
 #include "DocumentStoreTest.moc"

@@ -1,10 +1,5 @@
 #include "masters/Completions.h"
-#include "masters/Records.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <fmt/format.h>
 
@@ -63,24 +58,7 @@ class CompletionsTest : public test::DatabaseTest {
     (*database_)->Execute("Insert Into ClientInfo(Id) Values(1)");
     QCOMPARE(GroupCodes(**database_), QStringList({"MEHTA", "SHAH"}));
   }
-
-  void TypedPrefixIsCompletedByTheFirstValue_data() {
-    const test::Cases<QString, QString> cases("typed", "completed");
-    cases.Add("capitals do not matter", "mu", "MUMBAI");
-    cases.Add("not inside a value", "BAI", "BAI");
-    cases.Add("Devanagari", "मु", "मुंबई");
-  }
-
-  void TypedPrefixIsCompletedByTheFirstValue() {
-    QFETCH(const QString, typed);
-    QFETCH(const QString, completed);
-    const QStringList values{"DELHI", "MUMBAI", "MUZAFFARNAGAR", "मुंबई"};
-    QCOMPARE(Completed(values, typed), completed);
-  }
-
- private:
 };
 
 static const test::RegisterTest<CompletionsTest> kRegistered;
-
 #include "CompletionsTest.moc"

@@ -1,11 +1,7 @@
 #include "portfolio/Export.h"
+#include "support/Files.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace quorvane;
 
@@ -17,11 +13,7 @@ class ExportTest : public QObject {
     test::TestDatabase database;
     database.AddClient(QStringLiteral("C1"));
     const QTemporaryDir folder;
-    const QString clients = folder.filePath(QStringLiteral("clients.csv"));
-    QFile old(clients);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("old");
-    old.close();
+    const QString clients = test::WriteFile(folder.filePath("clients.csv"), "old");
     // The last file cannot be written.
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("bills.csv")));
     Progress progress;
@@ -29,12 +21,10 @@ class ExportTest : public QObject {
       portfolio::ExportPortfolio(*database, folder.path(), std::nullopt, progress);
     };
     QVERIFY_THROWS_EXCEPTION(std::runtime_error, write());
-    QVERIFY(old.open(QIODevice::ReadOnly));
-    QCOMPARE(old.readAll(), QByteArray("old"));
+    QCOMPARE(test::ReadFile(clients), QByteArray("old"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList("clients.csv"));
   }
 };
 
 static const test::RegisterTest<ExportTest> kRegistered;
-
 #include "ExportTest.moc"

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "support/Desk.h"
+#include "support/Records.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-
-#include <QObject>
-
-#include <optional>
 
 namespace quorvane::test {
 

@@ -3,12 +3,9 @@
 #include "core/ledger/Lots.h"
 #include "core/records/BillAmounts.h"
 #include "core/text/Amounts.h"
+#include "support/Records.h"
 #include "support/Save.h"
 #include "support/TestDatabase.h"
-
-#include <QStringList>
-
-#include <fmt/format.h>
 
 #include <string>
 
@@ -33,11 +30,8 @@ struct Desk {
 
   /// Takes every record and lot away again; the masters stay.
   void Empty() {
-    for (const char* table : {"SPMaster", "SPTrans", "StkOpBal", "ScrTransfer", "Stock",
-                              "Stock_Temp", "ScriptAvgRate"}) {
-      Connection().Execute(fmt::format("Delete From {}", table));
-    }
-    Connection().Execute("Update RecordKey Set LastKey=0");
+    test::Empty(Connection(), {"SPMaster", "SPTrans", "StkOpBal", "ScrTransfer", "Stock",
+                               "Stock_Temp", "ScriptAvgRate", "BrOpBal", "BrPayment", "BrRec"});
   }
 
   /// A lot of the ledger as "10@100", "none" when there is no such lot.
@@ -100,36 +94,13 @@ struct Desk {
 
   /// Every row of the records and of the ledger, to see that nothing changed.
   QStringList Everything() {
-    QStringList rows;
-    for (const char* table : {"SPMaster", "SPTrans", "StkOpBal", "ScrTransfer", "Stock"}) {
-      rows += Contents(table);
-    }
-    return rows;
+    return test::Contents(Connection(),
+                          {"SPMaster", "SPTrans", "StkOpBal", "ScrTransfer", "Stock"});
   }
 
-  QStringList Contents(const char* table) {
-    QStringList rows;
-    for (const auto& row : Connection().Open(fmt::format("Select * From {}", table))) {
-      QStringList cells{QLatin1String(table)};
-      for (std::size_t i = 0; i < row.ColumnCount(); ++i) {
-        cells += row.Text(i);
-      }
-      rows += cells.join(QLatin1Char('|'));
-    }
-    rows.sort();
-    return rows;
-  }
+  QStringList Contents(const char* table) { return test::Contents(Connection(), {table}); }
 };
 
-inline QString TextOf(const MaybeRefusal& refusal) {
-  return refusal ? refusal->text : QStringLiteral("accepted");
-}
-
-inline Field FieldOf(const MaybeRefusal& refusal) {
-  return refusal ? refusal->field : Field::kNone;
-}
-
-inline const QString kAccepted = QStringLiteral("accepted");
 inline const QString kNegativeReliance = QStringLiteral(
     "You Can't Update Record.\n\nQunatity of RELIANCE Script Can't be Negative Value.");
 

@@ -10,6 +10,7 @@ class StopAfter final : public Progress {
   explicit StopAfter(std::int64_t steps) : steps_(steps) {}
   void Step(std::int64_t done) override { done_ = done; }
   bool Cancelled() const override { return done_ >= steps_; }
+  std::int64_t Done() const { return done_; }
 
  private:
   std::int64_t steps_;

@@ -1,4 +1,4 @@
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #ifdef QUORVANE_WINDOW_TESTS
 #include <QApplication>

@@ -2,12 +2,9 @@
 
 #include <QString>
 
-#include <cstdint>
-
 namespace quorvane::app {
 
 /// The release that this program is: the version year names it, not the calendar.
-inline constexpr std::int16_t kVersionYear = 2012;
 inline constexpr char kVersionText[] = "2.12.2";
 
 /// Start of the main window's title: "Quorvane: ver 2.12.2 ", the blank included.

@@ -167,10 +167,6 @@ GainKind Classify(Date purchase, Date sale) {
   return within_year ? GainKind::kShortTerm : GainKind::kLongTerm;
 }
 
-double UnitCost(const Purchase& purchase, ChargeChoice charges) {
-  return text::Tidy(CostOf(purchase, 1, charges));
-}
-
 std::int64_t MatchSales(std::span<Purchase> purchases, std::span<const Sale> sales,
                         ChargeChoice charges, CostBasis basis, std::vector<Match>& matches) {
   Matcher matcher(purchases, sales, charges, basis, matches);

@@ -70,10 +70,6 @@ struct Match {
 /// February has its anniversary on 28 February); long term after it.
 GainKind Classify(Date purchase, Date sale);
 
-/// Cost of one share of a purchase in rupees: its net rate and the chosen charges spread over its
-/// quantity.
-double UnitCost(const Purchase& purchase, ChargeChoice charges);
-
 /// How the cost of a sold share is found: of the lot that the sale used up, or the moving average
 /// of all lots held at the sale (holding periods still follow the lots). The average counts the
 /// purchases of the sale's own day, starts again after the holding was empty, and leaves out lots

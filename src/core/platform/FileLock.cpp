@@ -45,9 +45,6 @@ FileLock& FileLock::operator=(FileLock&& other) noexcept {
   return *this;
 }
 
-bool FileLock::TryShared() {
-  return Lock(descriptor_, LOCK_SH | LOCK_NB);
-}
 bool FileLock::TryExclusive() {
   return Lock(descriptor_, LOCK_EX | LOCK_NB);
 }

@@ -15,7 +15,6 @@ class FileLock {
   FileLock& operator=(FileLock&& other) noexcept;
 
   /// False when another holder has it. A held lock changes its kind.
-  bool TryShared();
   bool TryExclusive();
 
   /// Wait for the lock.

@@ -132,12 +132,6 @@ QString FormatThousands(double value) {
   return QString::fromStdString(text);
 }
 
-QString FormatIndian(double value) {
-  std::string text = Fixed(value, kPaiseDecimals);
-  SetCommas(text, 2);
-  return QString::fromStdString(text);
-}
-
 void AppendAmount(std::string& out, double value) {
   AppendFixed(out, value, kPaiseDecimals);
 }

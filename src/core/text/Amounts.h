@@ -17,7 +17,6 @@ QString FormatAmount(double value);     ///< "###0.00": rupees, rates, quantitie
 QString FormatPercent(double value);    ///< "###0.000": percentages
 QString FormatSummary(double value);    ///< "##0.00": summary layouts
 QString FormatThousands(double value);  ///< "###,###.00": commas, no 0 before the point
-QString FormatIndian(double value);     ///< "1,23,45,678.90": for people reading large amounts
 
 /// "###0.00" appended to UTF-8 text. Fast: used on every cell of a large output.
 void AppendAmount(std::string& out, double value);

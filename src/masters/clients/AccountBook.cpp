@@ -116,11 +116,9 @@ QString AskRemoveAccount(const AccountUse& use) {
 std::vector<Account> ReadAccounts(Connection& connection, ClientId client) {
   std::vector<Account> accounts;
   for (const auto& row : connection.Open(
-           "Select id,DMATAC,DPID,ACNo,(Select D.DPID From DpIDs D Where D.DepId=A.DMATAC and "
-           "D.id=A.DPID Limit 1) From ClientActDet A Where CId=? Order By id",
-           client)) {
-    accounts.push_back({AccountId{row.Int(0)}, ParticipantId{row.Int(1)}, DpIdId{row.Int(2)},
-                        row.Text(4), row.Text(3)});
+           "Select id,DMATAC,DPID,ACNo From ClientActDet Where CId=? Order By id", client)) {
+    accounts.push_back(
+        {AccountId{row.Int(0)}, ParticipantId{row.Int(1)}, DpIdId{row.Int(2)}, row.Text(3)});
   }
   return accounts;
 }

@@ -17,7 +17,6 @@ struct Account {
   AccountId id;  ///< none until it is saved; bills and lots point at it, so it stays
   ParticipantId participant;
   DpIdId dp_id;
-  QString dp_id_text;  ///< shown beside the key; set by loading, not read by saving
   QString number;
 };
 

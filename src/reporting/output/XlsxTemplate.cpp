@@ -182,10 +182,6 @@ XlsxTemplate::XlsxTemplate(const QString& path) : book_(std::make_unique<Book>(p
 XlsxTemplate::~XlsxTemplate() = default;
 XlsxTemplate::XlsxTemplate(XlsxTemplate&&) noexcept = default;
 
-bool XlsxTemplate::Has(const QString& name) const {
-  return book_->Find(name) != nullptr;
-}
-
 void XlsxTemplate::Set(const QString& name, const Cell& value) {
   book_->Set(name, value);
 }

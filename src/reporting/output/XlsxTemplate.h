@@ -38,10 +38,8 @@ class XlsxTemplate {
   ~XlsxTemplate();
   XlsxTemplate(XlsxTemplate&&) noexcept;
 
-  /// Whether a cell has that name, without regard to capitals.
-  bool Has(const QString& name) const;
-
-  /// Writes into the named cell. Throws when no cell has the name.
+  /// Writes into the named cell, found without regard to capitals. Throws when no cell has the
+  /// name.
   void Set(const QString& name, const Cell& value);
 
   /// Writes the lines into the rows of the patterns: the rows from the first to the last pattern

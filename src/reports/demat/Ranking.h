@@ -31,8 +31,6 @@ class Ranking {
     return rank >= kStranger ? static_cast<int>(rank - kStranger) : ids_[rank];
   }
 
-  bool Knows(int id) const { return ranks_.contains(id); }
-
  private:
   static constexpr std::uint32_t kStranger = 0x80000000;
   static constexpr std::uint32_t kNobody = std::numeric_limits<std::uint32_t>::max();

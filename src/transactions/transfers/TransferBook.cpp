@@ -131,10 +131,6 @@ std::vector<Transfer> TransferBook::List() const {
   return SelectOf(connection_, of_).OrderByDay(&Transfer::date).OrderBy(&Transfer::id).All();
 }
 
-std::optional<Transfer> TransferBook::Load(TransferId id) const {
-  return SelectOf(connection_, of_).Where(&Transfer::id, id).First();
-}
-
 Result<Transfer> TransferBook::Save(const Transfer& transfer) {
   if (const MaybeRefusal refusal = CheckTransfer(transfer, of_.year)) {
     return *refusal;

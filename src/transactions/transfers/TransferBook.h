@@ -21,8 +21,6 @@ class TransferBook {
   /// By date, then by id.
   std::vector<Transfer> List() const;
 
-  std::optional<Transfer> Load(TransferId id) const;
-
   /// Writes a new transfer, or a changed one in place of the old, and moves the shares in the
   /// ledger. Hands back what was saved: with what it takes from its lot, and its id. Refused when
   /// the client or one of the accounts was deleted meanwhile, when the lot has too few shares, or

@@ -55,10 +55,6 @@ void GuidePane::ShowChapter(const QString& file_name) {
   setSource(QUrl::fromLocalFile(guide.filePath(chapter)), QTextDocument::MarkdownResource);
 }
 
-QString GuidePane::Chapter() const {
-  return QFileInfo(source().toLocalFile()).fileName();
-}
-
 void GuidePane::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
   if (name.scheme() == QStringLiteral("http") || name.scheme() == QStringLiteral("https")) {
     QDesktopServices::openUrl(name);

@@ -16,9 +16,6 @@ class GuidePane : public QTextBrowser {
   /// guide was looked for when there is none at all.
   void ShowChapter(const QString& file_name);
 
-  /// The file name of the chapter that is shown; empty when there is no guide.
-  QString Chapter() const;
-
   QVariant loadResource(int type, const QUrl& name) override;
 
  protected:

@@ -350,10 +350,6 @@ void MDIForm1::EnableButtons(bool enabled) {
   head_->ButtonRow().setEnabled(enabled);
 }
 
-bool MDIForm1::IsButtonRowEnabled() const {
-  return head_->ButtonRow().isEnabled();
-}
-
 void MDIForm1::mnuMisc_Click() {
   (new MiscInfo(desk_))->OpenModal(this);
 }

@@ -39,9 +39,6 @@ class MDIForm1 : public QMainWindow {
   /// is in front.
   void SelectClientFor(const QString& target);
 
-  /// Whether the buttons of the row can be pressed.
-  bool IsButtonRowEnabled() const;
-
  Q_SIGNALS:
   /// The user has logged out; every window has agreed to close and the main window is closing.
   void LoggedOut();

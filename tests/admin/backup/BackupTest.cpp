@@ -5,42 +5,27 @@
 #include "admin/backup/TableRows.h"
 #include "core/database/Keys.h"
 #include "core/database/Transaction.h"
-#include "support/Cases.h"
+#include "support/Files.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <cfloat>
-#include <functional>
 #include <limits>
 
 using namespace quorvane;
 using namespace quorvane::backup;
+using test::ReadFile;
+using test::WriteFile;
 
 namespace {
 
 const QDateTime kNow(QDate(2026, 11, 25), QTime(8, 15, 0));
-
-void Write(const QString& path, const QByteArray& content) {
-  QDir().mkpath(QFileInfo(path).absolutePath());
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write(content);
-}
-
-QByteArray Read(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
 
 /// Does harm to a backup, or leads elsewhere.
 using Spoil = std::function<void(QString& backup)>;
@@ -54,9 +39,9 @@ struct Office {
   Progress quiet;
 
   Office() {
-    Write(folders.documents + QStringLiteral("/1/sign.png"), "signature");
-    Write(folders.data + QStringLiteral("/TransRpt.xlsx"), "template");
-    Write(folders.config_file, "[Internet]\nIndexFeed=x\n\n[Database]\nServer=here\n");
+    WriteFile(folders.documents + QStringLiteral("/1/sign.png"), "signature");
+    WriteFile(folders.data + QStringLiteral("/TransRpt.xlsx"), "template");
+    WriteFile(folders.config_file, "[Internet]\nIndexFeed=x\n\n[Database]\nServer=here\n");
   }
 
   Source All() { return {database.Get(), folders}; }
@@ -90,10 +75,10 @@ struct Office {
       }
       names.sort();
       for (const QString& name : names) {
-        all << QDir(folder).relativeFilePath(name).toUtf8() + '=' + Read(name);
+        all << QDir(folder).relativeFilePath(name).toUtf8() + '=' + ReadFile(name);
       }
     }
-    return all << Read(folders.config_file);
+    return all << ReadFile(folders.config_file);
   }
 
   QString aside;
@@ -122,12 +107,13 @@ class AtStep final : public Progress {
 /// Replaces a text in the manifest and mends its checksum, as somebody would who means harm.
 void Forge(const QString& backup, const QByteArray& from, const QByteArray& to) {
   const QString path = backup + QStringLiteral("/manifest.json");
-  QByteArray json = Read(path);
+  QByteArray json = ReadFile(path);
   QVERIFY(json.contains(from));
   json.replace(from, to);
-  Write(path, json);
-  Write(backup + QStringLiteral("/manifest.sha256"),
-        QCryptographicHash::hash(json, QCryptographicHash::Sha256).toHex() + "  manifest.json\n");
+  WriteFile(path, json);
+  WriteFile(
+      backup + QStringLiteral("/manifest.sha256"),
+      QCryptographicHash::hash(json, QCryptographicHash::Sha256).toHex() + "  manifest.json\n");
 }
 
 }  // namespace
@@ -161,9 +147,9 @@ class BackupTest : public QObject {
     connection.Execute("Delete From ClientInfo Where Id>3");
     connection.Execute("Update Stock Set Qty=1");
     connection.Execute("Insert Into Broker(Id,Name) Values(1,'NEW')");
-    Write(office.folders.documents + QStringLiteral("/1/sign.png"), "another");
-    Write(office.folders.documents + QStringLiteral("/2/new.png"), "new");
-    Write(office.folders.data + QStringLiteral("/TransRpt.xlsx"), "spoilt");
+    WriteFile(office.folders.documents + QStringLiteral("/1/sign.png"), "another");
+    WriteFile(office.folders.documents + QStringLiteral("/2/new.png"), "new");
+    WriteFile(office.folders.data + QStringLiteral("/TransRpt.xlsx"), "spoilt");
     QCOMPARE(office.Restore(made), QString());
     QCOMPARE(office.Everything(), before);
     auto rows = connection.Open("Select Qty From Stock Order By RowKey");
@@ -223,40 +209,40 @@ class BackupTest : public QObject {
   }
 
   void ADamagedOrForeignBackupChangesNothing_data() {
-    const test::Cases<QString, Spoil> cases("says", "spoil");
-    cases.Add("a changed byte", "does not agree with its checksum", [](QString& backup) {
-      QByteArray rows = Read(backup + "/tables/ScriptType.tsv");
+    const test::Table<QString, Spoil> row;
+    row("a changed byte", "does not agree with its checksum", [](QString& backup) {
+      QByteArray rows = ReadFile(backup + "/tables/ScriptType.tsv");
       rows[0] = '9';
-      Write(backup + "/tables/ScriptType.tsv", rows);
+      WriteFile(backup + "/tables/ScriptType.tsv", rows);
     });
-    cases.Add("a shorter file", "bytes instead of",
-              [](QString& backup) { Write(backup + "/SignDocs/1/sign.png", "sig"); });
-    cases.Add("a link to elsewhere", "is missing", [](QString& backup) {
+    row("a shorter file", "bytes instead of",
+        [](QString& backup) { WriteFile(backup + "/SignDocs/1/sign.png", "sig"); });
+    row("a link to elsewhere", "is missing", [](QString& backup) {
       QFile::remove(backup + "/Confg.ini");
       QFile::link("/etc/hostname", backup + "/Confg.ini");
     });
-    cases.Add("a changed manifest", "does not agree with its checksum", [](QString& backup) {
-      QByteArray json = Read(backup + "/manifest.json");
-      Write(backup + "/manifest.json", json.replace("\"rows\": 5", "\"rows\": 4"));
+    row("a changed manifest", "does not agree with its checksum", [](QString& backup) {
+      QByteArray json = ReadFile(backup + "/manifest.json");
+      WriteFile(backup + "/manifest.json", json.replace("\"rows\": 5", "\"rows\": 4"));
     });
-    cases.Add("a table named twice", " twice", [](QString& backup) {
-      const QByteArray json = Read(backup + "/manifest.json");
+    row("a table named twice", " twice", [](QString& backup) {
+      const QByteArray json = ReadFile(backup + "/manifest.json");
       QJsonObject root = QJsonDocument::fromJson(json).object();
       QJsonArray tables = root["tables"].toArray();
       tables.append(tables.last());
       root["tables"] = tables;
       Forge(backup, json, QJsonDocument(root).toJson());
     });
-    cases.Add("not finished", "was not finished", [](QString& backup) {
+    row("not finished", "was not finished", [](QString& backup) {
       QDir().rename(backup, backup + ".part");
       backup += ".part";
     });
-    cases.Add("ended while it was written", "was not finished",
-              [](QString& backup) { QFile::remove(backup + "/manifest.json"); });
-    cases.Add("another folder", "is no backup of Quorvane",
-              [](QString& backup) { backup = QFileInfo(backup).path(); });
+    row("ended while it was written", "was not finished",
+        [](QString& backup) { QFile::remove(backup + "/manifest.json"); });
+    row("another folder", "is no backup of Quorvane",
+        [](QString& backup) { backup = QFileInfo(backup).path(); });
     const auto forged = [&](const char* name, const char* says, const char* from, const char* to) {
-      cases.Add(name, says, [from, to](QString& backup) { Forge(backup, from, to); });
+      row(name, says, [from, to](QString& backup) { Forge(backup, from, to); });
     };
     forged("a path that climbs out", "names the file", "SignDocs/1/sign.png", "SignDocs/../../x");
     forged("an absolute path", "names the file", "SignDocs/1/sign.png", "/tmp/quorvane-x");
@@ -264,10 +250,8 @@ class BackupTest : public QObject {
     forged("an unknown column", "does not know", "\"SettlNo\"", "\"SettlNo2\"");
     forged("a wrong number of rows", "cannot be read", "\"rows\": 5", "\"rows\": 4");
   }
-
   void ADamagedOrForeignBackupChangesNothing() {
-    QFETCH(const Spoil, spoil);
-    QFETCH(const QString, says);
+    const auto [says, spoil] = test::Table<QString, Spoil>::Row();
     Office office;
     QString made = office.BackUp();
     office.database.AddClient(QStringLiteral("LATER"));
@@ -306,20 +290,19 @@ class BackupTest : public QObject {
   }
 
   void ARestoreCutShortIsSettledByTheNextStart_data() {
-    const test::Cases<bool> cases("committed");
-    cases.Add("before its commit", false);
-    cases.Add("after its commit", true);
+    const test::Table<bool> row;
+    row("before its commit", false);
+    row("after its commit", true);
   }
-
   void ARestoreCutShortIsSettledByTheNextStart() {
-    QFETCH(const bool, committed);
+    const auto [committed] = test::Table<bool>::Row();
     Office office;
     const QString made = office.BackUp();
     const Manifest manifest = *ReadManifest(made);
     const QString sign = office.folders.documents + QStringLiteral("/1/sign.png");
     const QString stale = office.folders.documents + QStringLiteral("/2/stale.png");
-    Write(sign, "another");
-    Write(stale, "stale");
+    WriteFile(sign, "another");
+    WriteFile(stale, "stale");
     {
       RestoreFiles files(office.database.Get(), office.folders);
       QVERIFY(files.TryLock());
@@ -334,7 +317,7 @@ class BackupTest : public QObject {
       }
     }
     SettleInterruptedRestore(office.database.Get(), office.folders);
-    QCOMPARE(Read(sign), committed ? QByteArray("signature") : QByteArray("another"));
+    QCOMPARE(ReadFile(sign), committed ? QByteArray("signature") : QByteArray("another"));
     QCOMPARE(QFileInfo::exists(stale), !committed);
     QVERIFY(!QFileInfo::exists(office.folders.application + QStringLiteral("/Restore")));
   }
@@ -353,36 +336,35 @@ class BackupTest : public QObject {
   }
 
   void SettingsOfTheMachineStay_data() {
-    const test::Cases<QByteArray> cases("section");
-    cases.Add("plain", QByteArray("database"));
-    cases.Add("no-break space before it", QByteArray("\xC2\xA0"
-                                                     "Database"));
-    cases.Add("long s", QByteArray("Databa\xC5\xBF"
-                                   "e"));
+    const test::Table<QByteArray> row;
+    row("plain", QByteArray("database"));
+    row("no-break space before it", QByteArray("\xC2\xA0"
+                                               "Database"));
+    row("long s", QByteArray("Databa\xC5\xBF"
+                             "e"));
   }
-
   void SettingsOfTheMachineStay() {
-    QFETCH(const QByteArray, section);
+    const auto [section] = test::Table<QByteArray>::Row();
     Office office;
-    Write(office.folders.config_file, "[Internet]\nIndexFeed=a\nBseHost=c\n[" + section +
-                                          "]\nDriver=/tmp/x.so\nServer=there\n[Backup]\nKeep=3\n");
+    WriteFile(office.folders.config_file,
+              "[Internet]\nIndexFeed=a\nBseHost=c\n[" + section +
+                  "]\nDriver=/tmp/x.so\nServer=there\n[Backup]\nKeep=3\n");
     const QString made = office.BackUp();
-    Write(office.folders.config_file,
-          "; mine\n[Internet]\nIndexFeed=b\nNseHost=d\n[Database]\nServer=here\n");
+    WriteFile(office.folders.config_file,
+              "; mine\n[Internet]\nIndexFeed=b\nNseHost=d\n[Database]\nServer=here\n");
     QCOMPARE(office.Restore(made), QString());
-    QCOMPARE(Read(office.folders.config_file),
+    QCOMPARE(ReadFile(office.folders.config_file),
              QByteArray("; mine\n[Internet]\nIndexFeed=a\nBseHost=c\n[Database]\nServer=here\n"));
   }
 
   void NothingIsWrittenThroughALink_data() {
-    const test::Cases<QString> cases("link");
+    const test::Table<QString> row;
     for (const char* link : {"SignDocs", "SignDocs/1", "Data", "Data/TransRpt.xlsx", "Confg.ini"}) {
-      cases.Add(link, link);
+      row(link, link);
     }
   }
-
   void NothingIsWrittenThroughALink() {
-    QFETCH(const QString, link);
+    const auto [link] = test::Table<QString>::Row();
     Office office;
     const QString made = office.BackUp();
     const QString place = QDir(office.folders.application).filePath(link);
@@ -420,7 +402,7 @@ class BackupTest : public QObject {
   void WhatAKilledProgramLeftGoesWithTheNextBackup() {
     Office office;
     const QString left = office.backups + QStringLiteral("/Quorvane-2026-01-01-000000.part");
-    Write(left + QStringLiteral("/tables/Stock.tsv"), "1");
+    WriteFile(left + QStringLiteral("/tables/Stock.tsv"), "1");
     const std::vector<Entry> entries = ListBackups(office.backups);
     QCOMPARE(entries.size(), 1U);
     QVERIFY(entries[0].state == BackupState::kUnfinished);
@@ -436,5 +418,4 @@ class BackupTest : public QObject {
 };
 
 static const test::RegisterTest<BackupTest> kRegistered;
-
 #include "BackupTest.moc"

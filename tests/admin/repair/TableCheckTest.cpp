@@ -1,10 +1,7 @@
 #include "admin/repair/DoubleKeys.h"
 #include "admin/repair/TableCheck.h"
-#include "support/Cases.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 using namespace quorvane;
 
@@ -13,35 +10,29 @@ class TableCheckTest : public QObject {
 
  private Q_SLOTS:
   void FindsWhatIsWrong_data() {
-    const test::Cases<QString, QString> cases("statement", "found");
-    cases.Add("nothing", "Update Broker Set City='X'", "");
-    cases.Add("double key", "Insert Into Broker(Id,Name) Values(1,'TWIN')", "Broker(Id) 1;");
-    cases.Add("two users under one number",
-              "Insert Into LoginId(id,Name) Values(7,'ANN'),(7,'BOB'),(8,'CARL')",
-              "LoginId(id) 1;");
-    cases.Add("broker's opening balance twice",
-              "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(1,'2011-12',1,1,5,0),"
-              "(1,'2011-12',2,1,5,0),(1,'2012-13',3,1,5,0)",
-              "BrOpBal(CId,Fyear,BrId) 1;");
-    cases.Add(
-        "two rates of a day",
+    const test::Table<QString, QString> row;
+    row("nothing", "Update Broker Set City='X'", "");
+    row("double key", "Insert Into Broker(Id,Name) Values(1,'TWIN')", "Broker(Id) 1;");
+    row("two users under one number",
+        "Insert Into LoginId(id,Name) Values(7,'ANN'),(7,'BOB'),(8,'CARL')", "LoginId(id) 1;");
+    row("broker's opening balance twice",
+        "Insert Into BrOpBal(CId,Fyear,Id,BrId,OpBal,Dr) Values(1,'2011-12',1,1,5,0),"
+        "(1,'2011-12',2,1,5,0),(1,'2012-13',3,1,5,0)",
+        "BrOpBal(CId,Fyear,BrId) 1;");
+    row("two rates of a day",
         "Insert Into MarketRate(Fyear,Id,MDate,ScrId,Rate) Values('2011-12',1,'2011-06-15',1,5),"
         "('2011-12',2,'2011-06-15',1,6),('2011-12',3,'2011-06-16',1,6)",
         "MarketRate(ScrId,MDate) 1;");
-    cases.Add("wrong lot", "Update Stock Set Qty=7", "lot 1 7;");
-    cases.Add("lines without a bill",
-              "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId) "
-              "Values(1,'2011-12',55,1,0,0,1),(1,'2011-12',55,2,0,0,1)",
-              "SPTrans.SID>SPMaster 2;2 of bill 55, 1 2011-12;");
-    cases.Add("table that cannot be read", "Alter Table Broker Discard Tablespace",
-              "Broker damaged;");
-    cases.Add("no reference at all", "Insert Into Script(Id,Code,Type,ScrCls) Values(2,'S',Null,0)",
-              "");
+    row("wrong lot", "Update Stock Set Qty=7", "lot 1 7;");
+    row("lines without a bill",
+        "Insert Into SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId) "
+        "Values(1,'2011-12',55,1,0,0,1),(1,'2011-12',55,2,0,0,1)",
+        "SPTrans.SID>SPMaster 2;2 of bill 55, 1 2011-12;");
+    row("table that cannot be read", "Alter Table Broker Discard Tablespace", "Broker damaged;");
+    row("no reference at all", "Insert Into Script(Id,Code,Type,ScrCls) Values(2,'S',Null,0)", "");
   }
-
   void FindsWhatIsWrong() {
-    QFETCH(const QString, statement);
-    QFETCH(const QString, found);
+    const auto [statement, found] = test::Table<QString, QString>::Row();
     test::TestDatabase database;
     const ClientId client = database.AddClient(QStringLiteral("C1"));
     const AccountId account = database.AddAccount(client, QStringLiteral("1001"));
@@ -117,5 +108,4 @@ class TableCheckTest : public QObject {
 };
 
 static const test::RegisterTest<TableCheckTest> kRegistered;
-
 #include "TableCheckTest.moc"

@@ -1,17 +1,9 @@
 #include "admin/users/Login.h"
-#include "masters/Records.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::users;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -34,88 +26,67 @@ class LoginTest : public test::DatabaseTest {
   void cleanup() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
 
   void LogInAdmitsWhoKnowsThePassword_data() {
-    const test::Cases<QString, QString, QString, QString> cases("stored", "name", "password",
-                                                                "text");
-    cases.Add("administrator by default", "", "Administrator", "tavel", kAccepted);
-    cases.Add("no password at all", "", "Administrator", "", kInvalid);
-    cases.Add("administrator's own", "Own'1", "Administrator", "Own'1", kAccepted);
-    cases.Add("default after another was set", "Own'1", "Administrator", "tavel", kInvalid);
-    cases.Add("user", "", "Ravi", "Secret", kAccepted);
-    cases.Add("user in other capitals", "", "RAVI", "Secret", kAccepted);
-    cases.Add("password in other capitals", "", "Ravi", "secret", kInvalid);
-    cases.Add("user whose password is missing", "", "NoPassword", "", kInvalid);
-    cases.Add("unknown user", "", "Nobody", "Secret", "User Not Found!");
-    cases.Add("statement for a name", "", "' or '1'='1", "Secret", "User Not Found!");
+    const test::Table<QString, QString, QString, QString> row;
+    row("administrator by default", "", "Administrator", "tavel", kAccepted);
+    row("no password at all", "", "Administrator", "", kInvalid);
+    row("administrator's own", "Own'1", "Administrator", "Own'1", kAccepted);
+    row("default after another was set", "Own'1", "Administrator", "tavel", kInvalid);
+    row("user", "", "Ravi", "Secret", kAccepted);
+    row("user in other capitals", "", "RAVI", "Secret", kAccepted);
+    row("password in other capitals", "", "Ravi", "secret", kInvalid);
+    row("user whose password is missing", "", "NoPassword", "", kInvalid);
+    row("unknown user", "", "Nobody", "Secret", "User Not Found!");
+    row("statement for a name", "", "' or '1'='1", "Secret", "User Not Found!");
   }
-
   void LogInAdmitsWhoKnowsThePassword() {
-    QFETCH(const QString, stored);
-    QFETCH(const QString, name);
-    QFETCH(const QString, password);
+    const auto [stored, name, password, text] =
+        test::Table<QString, QString, QString, QString>::Row();
     if (!stored.isEmpty()) {
       Key().SetAdminPass(stored);
     }
     const MaybeRefusal refusal = NewLogin().LogIn(name, password);
-    QTEST(TextOfRefusal(refusal), "text");
-    QCOMPARE(test::FieldOfRefusal(refusal), refusal ? Field::kPassword : Field::kNone);
-  }
-
-  void OnlyTheAdministratorSetsUsersUp_data() {
-    const test::Cases<QString, QString, QString> cases("name", "password", "text");
-    cases.Add("administrator", "Administrator", "tavel", kAccepted);
-    cases.Add("wrong password", "Administrator", "Tavel", "Invalid Password.");
-    cases.Add("user", "Ravi", "Secret", "You have no Rights to Enter in SetUp.");
-  }
-
-  void OnlyTheAdministratorSetsUsersUp() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, password);
-    QTEST(TextOfRefusal(NewLogin().EnterSetUp(name, password)), "text");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), refusal ? Field::kPassword : Field::kNone);
   }
 
   void FirstBrokenRuleOfAChangeIsNamed_data() {
-    const test::Cases<QStringList, QString, Field> cases("boxes", "text", "field");
-    cases.Add("nothing", {"", "", "", ""}, "Enter Login ID.", Field::kChangedName);
-    cases.Add("not confirmed", {"Nobody", "x", "new", ""}, "Enter Confirm Password.",
-              Field::kConfirmedPassword);
-    cases.Add("confirmed otherwise", {"Nobody", "x", "new", "New"},
-              "New Password and Confirm Password not Match.", Field::kConfirmedPassword);
-    cases.Add("unknown user", {"Nobody", "x", "new", "new"}, "User Not Found!",
-              Field::kChangedName);
-    cases.Add("wrong old password", {"Ravi", "secret", "new", "new"}, "Old Password is Incorrect.",
-              Field::kOldPassword);
-    cases.Add("administrator's wrong old password", {"Administrator", "Secret", "new", "new"},
-              "Old Password is Incorrect.", Field::kOldPassword);
+    const test::Table<QStringList, QString, Field> row;
+    row("nothing", {"", "", "", ""}, "Enter Login ID.", Field::kChangedName);
+    row("not confirmed", {"Nobody", "x", "new", ""}, "Enter Confirm Password.",
+        Field::kConfirmedPassword);
+    row("confirmed otherwise", {"Nobody", "x", "new", "New"},
+        "New Password and Confirm Password not Match.", Field::kConfirmedPassword);
+    row("unknown user", {"Nobody", "x", "new", "new"}, "User Not Found!", Field::kChangedName);
+    row("wrong old password", {"Ravi", "secret", "new", "new"}, "Old Password is Incorrect.",
+        Field::kOldPassword);
+    row("administrator's wrong old password", {"Administrator", "Secret", "new", "new"},
+        "Old Password is Incorrect.", Field::kOldPassword);
     const QString endless(5000, QChar('X'));
-    cases.Add("endless password", {"Ravi", "Secret", endless, endless}, "Password is too Long.",
-              Field::kNewPassword);
+    row("endless password", {"Ravi", "Secret", endless, endless}, "Password is too Long.",
+        Field::kNewPassword);
   }
-
   void FirstBrokenRuleOfAChangeIsNamed() {
-    QFETCH(const QStringList, boxes);
+    const auto [boxes, text, field] = test::Table<QStringList, QString, Field>::Row();
     const QStringList before = test::Contents(**database_, {"LoginId", "LoginPassword"});
     const MaybeRefusal refusal =
         NewLogin().ChangePassword({boxes[0], boxes[1], boxes[2], boxes[3]});
-    QTEST(TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
     QCOMPARE(test::Contents(**database_, {"LoginId", "LoginPassword"}), before);
     QCOMPARE(Key().AdminPass(), QString());
   }
 
   void ChangedPasswordIsTheOneThatAdmits_data() {
-    const test::Cases<QString, QString> cases("name", "old_password");
-    cases.Add("user", "ravi", "Secret");
-    cases.Add("administrator", "Administrator", "tavel");
+    const test::Table<QString, QString> row;
+    row("user", "ravi", "Secret");
+    row("administrator", "Administrator", "tavel");
   }
-
   void ChangedPasswordIsTheOneThatAdmits() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, old_password);
+    const auto [name, old_password] = test::Table<QString, QString>::Row();
     const QString fresh = QStringLiteral("नया, 'n\"ew; \\ =%");
-    QCOMPARE(TextOfRefusal(NewLogin().ChangePassword({name, old_password, fresh, fresh})),
-             kAccepted);
-    QCOMPARE(TextOfRefusal(NewLogin().LogIn(name, fresh)), kAccepted);
-    QCOMPARE(TextOfRefusal(NewLogin().LogIn(name, old_password)), kInvalid);
+    QCOMPARE(TextOf(NewLogin().ChangePassword({name, old_password, fresh, fresh})), kAccepted);
+    QCOMPARE(TextOf(NewLogin().LogIn(name, fresh)), kAccepted);
+    QCOMPARE(TextOf(NewLogin().LogIn(name, old_password)), kInvalid);
     QCOMPARE(test::Rows(**database_, "Select id,Name From LoginId Order By id"),
              QStringList({"1|Ravi", "2|NoPassword"}));
   }
@@ -159,5 +130,4 @@ class LoginTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<LoginTest> kRegistered;
-
 #include "LoginTest.moc"

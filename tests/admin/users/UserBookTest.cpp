@@ -1,14 +1,9 @@
 #include "admin/users/UserBook.h"
-#include "masters/Records.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::users;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -23,16 +18,14 @@ class UserBookTest : public test::DatabaseTest {
   void cleanup() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
 
   void SavedUserIsFound_data() {
-    const test::Cases<QString, QString> cases("name", "password");
-    cases.Add("Devanagari", "मीरा", "पासवर्ड");
-    cases.Add("longest password", "RAVI", QString(63, QChar('~')));
+    const test::Table<QString, QString> row;
+    row("Devanagari", "मीरा", "पासवर्ड");
+    row("longest password", "RAVI", QString(63, QChar('~')));
   }
-
   void SavedUserIsFound() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, password);
+    const auto [name, password] = test::Table<QString, QString>::Row();
     User user{0, name, password};
-    QCOMPARE(TextOfRefusal(test::Save(Book(), user)), "accepted");
+    QCOMPARE(TextOf(test::Save(Book(), user)), "accepted");
     QCOMPARE(user.id, 1);
     const std::optional<User> found = Book().FindUser(name.toLower());
     QVERIFY(found);
@@ -43,45 +36,38 @@ class UserBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleIsNamed_data() {
-    const test::Cases<QString, QString, QString, Field> cases("name", "password", "text", "field");
-    cases.Add("nothing", " ", "", "Enter Login Id!", Field::kName);
-    cases.Add("no password", "Administrator", "", "Enter Password!", Field::kPassword);
-    cases.Add("name of the administrator", "aDMINISTRATOR", "x", kTaken, Field::kName);
-    cases.Add("long password", "RAVI", QString(5000, QChar('X')), "Password is too Long.",
-              Field::kPassword);
-    cases.Add("password long by its characters", "RAVI", QString(60, QChar(0x915)),
-              "Password is too Long.", Field::kPassword);
+    const test::Table<QString, QString, QString, Field> row;
+    row("nothing", " ", "", "Enter Login Id!", Field::kName);
+    row("no password", "Administrator", "", "Enter Password!", Field::kPassword);
+    row("name of the administrator", "aDMINISTRATOR", "x", kTaken, Field::kName);
+    row("long password", "RAVI", QString(5000, QChar('X')), "Password is too Long.",
+        Field::kPassword);
+    row("password long by its characters", "RAVI", QString(60, QChar(0x915)),
+        "Password is too Long.", Field::kPassword);
   }
-
   void FirstBrokenRuleIsNamed() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, password);
+    const auto [name, password, text, field] = test::Table<QString, QString, QString, Field>::Row();
     User user{0, name, password};
     const MaybeRefusal refusal = test::Save(Book(), user);
-    QTEST(TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
     QVERIFY(Book().List().empty());
   }
 
-  void NameOfAnotherUserIsRefused_data() {
-    const test::Cases<QString> cases("name");
-    cases.Add("a letter that the database takes for the same", "RÀVI");
-  }
-
   void NameOfAnotherUserIsRefused() {
-    QFETCH(const QString, name);
+    const QString name = QStringLiteral("RÀVI");  // the database takes the letter for the same
     User ravi{0, "Ravi", "one"};
     User mira{0, "Mira", "two"};
     QVERIFY(!test::Save(Book(), ravi));
     QVERIFY(!test::Save(Book(), mira));
     const QStringList before = Everything();
     User fresh{0, name, "three"};
-    QCOMPARE(TextOfRefusal(test::Save(Book(), fresh)), kTaken);
+    QCOMPARE(TextOf(test::Save(Book(), fresh)), kTaken);
     mira.name = name;
-    QCOMPARE(TextOfRefusal(test::Save(Book(), mira)), kTaken);
+    QCOMPARE(TextOf(test::Save(Book(), mira)), kTaken);
     QCOMPARE(Everything(), before);
     ravi.name = name;
-    QCOMPARE(TextOfRefusal(test::Save(Book(), ravi)), "accepted");
+    QCOMPARE(TextOf(test::Save(Book(), ravi)), "accepted");
     QCOMPARE(ravi.id, 1);
   }
 
@@ -128,5 +114,4 @@ class UserBookTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<UserBookTest> kRegistered;
-
 #include "UserBookTest.moc"

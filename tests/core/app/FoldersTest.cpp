@@ -1,37 +1,17 @@
 #include "core/app/Folders.h"
 #include "core/app/MachineKey.h"
 #include "core/app/Session.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <stdexcept>
 
 using namespace quorvane::app;
+using quorvane::test::ReadFile;
+using quorvane::test::WriteFile;
 namespace test = quorvane::test;
-
-namespace {
-
-void Put(const QString& path, const QByteArray& content) {
-  QDir().mkpath(QFileInfo(path).absolutePath());
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-    qFatal("cannot write a test file");
-  }
-}
-
-QByteArray Get(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-}
-
-}  // namespace
 
 class FoldersTest : public QObject {
   Q_OBJECT
@@ -44,7 +24,6 @@ class FoldersTest : public QObject {
     row("root stays", "/", "/", "/Confg.ini");
     row("nothing is the current folder, not the root", "", ".", "./Confg.ini");
   }
-
   void FoldersStandUnderTheApplicationFolder() {
     const auto [path, application, config] = test::Table<QString, QString, QString>::Row();
     const Folders folders = Folders::At(path);
@@ -56,14 +35,6 @@ class FoldersTest : public QObject {
     QCOMPARE(folders.documents, stem + "SignDocs");
     QCOMPARE(folders.market_rate, stem + "MRate");
     QCOMPARE(folders.database, stem + "database");
-  }
-
-  void ScreenSettingsAreTheUsers() {
-    QStandardPaths::setTestModeEnabled(true);
-    const QString path = Folders::At("/opt/q").screen_ini;
-    QVERIFY(path.endsWith("/OrvikConfig.INI"));
-    QVERIFY(
-        path.startsWith(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
   }
 
   void DataGoesWhereItCanBeWritten() {
@@ -82,27 +53,20 @@ class FoldersTest : public QObject {
   void ShippedFilesFillGapsOnly() {
     const QTemporaryDir shipped;
     const QTemporaryDir application;
-    Put(shipped.filePath("statelist.txt"), "GUJARAT\n");
-    Put(shipped.filePath("TransRpt.xlsx"), "shipped");
-    Put(shipped.filePath("sample/clients.csv"), "code\n");
+    WriteFile(shipped.filePath("statelist.txt"), "GUJARAT\n");
+    WriteFile(shipped.filePath("TransRpt.xlsx"), "shipped");
+    WriteFile(shipped.filePath("sample/clients.csv"), "code\n");
     const Folders folders = Folders::At(application.path());
-    Put(folders.data + "/TransRpt.xlsx", "the user's");
+    WriteFile(folders.data + "/TransRpt.xlsx", "the user's");
 
     InstallShippedFiles(folders, shipped.path());
-    QCOMPARE(Get(folders.data + "/statelist.txt"), QByteArray("GUJARAT\n"));
-    QCOMPARE(Get(folders.data + "/sample/clients.csv"), QByteArray("code\n"));
-    QCOMPARE(Get(folders.data + "/TransRpt.xlsx"), QByteArray("the user's"));
+    QCOMPARE(ReadFile(folders.data + "/statelist.txt"), QByteArray("GUJARAT\n"));
+    QCOMPARE(ReadFile(folders.data + "/sample/clients.csv"), QByteArray("code\n"));
+    QCOMPARE(ReadFile(folders.data + "/TransRpt.xlsx"), QByteArray("the user's"));
 
-    Put(folders.data + "/statelist.txt", "GOA\n");
+    WriteFile(folders.data + "/statelist.txt", "GOA\n");
     InstallShippedFiles(folders, shipped.path());
-    QCOMPARE(Get(folders.data + "/statelist.txt"), QByteArray("GOA\n"));
-  }
-
-  void MissingShippedFolderIsReported() {
-    const QTemporaryDir application;
-    const Folders folders = Folders::At(application.path());
-    QVERIFY_EXCEPTION_THROWN(InstallShippedFiles(folders, application.filePath("none")),
-                             std::runtime_error);
+    QCOMPARE(ReadFile(folders.data + "/statelist.txt"), QByteArray("GOA\n"));
   }
 
   void SecondCopyIsKeptOutOfTheSameFolderOnly() {
@@ -123,7 +87,6 @@ class FoldersTest : public QObject {
     row("blanks, quotes and commas", " a,\"b\"; =\\n ");
     row("digits keep their zeros", "007");
   }
-
   void PasswordIsKeptExactly() {
     const auto [password] = test::Table<QString>::Row();
     const QTemporaryDir folder;
@@ -138,16 +101,11 @@ class FoldersTest : public QObject {
   void PlainPasswordOfAnEarlierReleaseIsCovered() {
     const QTemporaryDir folder;
     const QString path = folder.filePath("machine.ini");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    file.write("[Software]\nOrvikInfo\\Quorvane\\AdminPass=\"59,46\"\n");
-    file.close();
-    QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+    WriteFile(path, "[Software]\nOrvikInfo\\Quorvane\\AdminPass=\"59,46\"\n");
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
     for (int reading = 0; reading < 2; ++reading) {
       QCOMPARE(MachineKey(path).AdminPass(), QString("59,46"));
-      QVERIFY(file.open(QIODevice::ReadOnly));
-      QVERIFY(!file.readAll().contains("59,46"));
-      file.close();
+      QVERIFY(!ReadFile(path).contains("59,46"));
       QVERIFY(!(QFile::permissions(path) & QFile::ReadOther));
     }
   }
@@ -160,5 +118,4 @@ class FoldersTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<FoldersTest> kRegistered;
-
 #include "FoldersTest.moc"

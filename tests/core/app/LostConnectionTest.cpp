@@ -1,11 +1,8 @@
 #include "core/app/Session.h"
 #include "core/database/Transaction.h"
 #include "core/platform/Processes.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <csignal>
 
@@ -43,18 +40,6 @@ class LostConnectionTest : public QObject {
     QCOMPARE(Brokers(), 1);
   }
 
-  /// Nobody knows whether the server had done it before it died.
-  void AStatementThatWritesIsNotSentAgain() {
-    QCOMPARE(Brokers(), 1);
-    Crash();
-    const auto write = [&] {
-      session_->connection->Execute("Update Broker Set City='X' Where Id=1");
-    };
-    QVERIFY_THROWS_EXCEPTION(DatabaseError, write());
-    write();
-    QCOMPARE(Brokers(), 1);
-  }
-
   void InATransactionTheLossStays() {
     {
       database::Transaction transaction(*session_->connection);
@@ -86,5 +71,4 @@ class LostConnectionTest : public QObject {
 };
 
 static const test::RegisterTest<LostConnectionTest> kRegistered;
-
 #include "LostConnectionTest.moc"

@@ -1,16 +1,10 @@
 #include "core/database/BulkWriter.h"
 #include "core/database/Connection.h"
-#include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/DatabaseTest.h"
 
 #include <sys/resource.h>
 
-using quorvane::database::BulkWriter;
-using quorvane::database::Connection;
-using quorvane::database::DatabaseError;
-using quorvane::database::Transaction;
+using namespace quorvane::database;
 using quorvane::test::TestDatabase;
 
 namespace {
@@ -34,10 +28,8 @@ std::string TextOf(int row) {
 }  // namespace
 
 /// Many rows arrive as single ones would.
-class BulkWriterTest : public QObject {
+class BulkWriterTest : public quorvane::test::DatabaseTest {
   Q_OBJECT
-
-  std::optional<TestDatabase> database_;
 
  private Q_SLOTS:
   void initTestCase() {
@@ -47,8 +39,6 @@ class BulkWriterTest : public QObject {
             "Create Table Records(Id bigint, Name longtext, Amount double, "
             "Written int Not Null Auto_Increment Primary Key) Engine=InnoDB");
   }
-
-  void cleanupTestCase() { database_.reset(); }
 
   void init() { (*database_)->Execute("Truncate Table Records"); }
 

@@ -1,17 +1,10 @@
 #include "core/database/Connection.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <fmt/format.h>
 
-#include <functional>
-
-using quorvane::database::Connection;
-using quorvane::database::ConnectionSettings;
-using quorvane::database::DatabaseError;
+using namespace quorvane::database;
 using quorvane::test::TestDatabase;
 namespace test = quorvane::test;
 
@@ -50,7 +43,6 @@ class ConnectionTest : public QObject {
     row("braces", "{a}b}c{d");
     row("quotes", "a'b\"c\\d");
   }
-
   void PasswordOfAnyCharactersLogsIn() {
     const auto [password] = test::Table<QString>::Row();
     TestDatabase database(TestDatabase::Tables::kNone);
@@ -80,35 +72,17 @@ class ConnectionTest : public QObject {
     QVERIFY2(!QString::fromUtf8(error.what()).contains(QLatin1String("secret-word")), error.what());
   }
 
-  void ErrorHasStateNumberTextAndStatement() {
-    TestDatabase database(TestDatabase::Tables::kNone);
-    const DatabaseError error = ErrorOf([&] { database->Execute("Delete From Nowhere"); });
-    QCOMPARE(error.State(), std::string("42S02"));
-    QCOMPARE(error.Native(), 1146);
-    const QString text = QString::fromUtf8(error.what());
-    QVERIFY(text.contains(QLatin1String("Nowhere"), Qt::CaseInsensitive));
-    QVERIFY(text.contains(QLatin1String("42S02")));
-    QVERIFY(text.contains(QLatin1String("Delete From Nowhere")));
-    QVERIFY(!error.IsTransient());
-    QVERIFY(!error.IsConnectionLost());
-    QVERIFY(database->IsAlive());
-  }
-
   void ErrorNeverShowsABoundValue_data() {
     const test::Table<QString, QString> row;
     const QString secret = QStringLiteral("ABCDE1234F");
     row("text for a number", "Insert Into T(Number) Values(?)", secret);
-    row("second of its key", "Insert Into T(Key_) Values('x'),(?),(?)", secret);
     row("quotes inside", "Insert Into T(Number) Values(?)",
         QStringLiteral("' for column 'ABCDE1234F' at row 1 'x"));
-    row("line break inside", "Insert Into T(Number) Values(?)", QStringLiteral("a\nABCDE1234F"));
     row("long text", "Insert Into T(Number) Values(?)", QStringLiteral("ABCDE1234F").repeated(500));
     row("text too long", "Insert Into T(Short) Values(?)", secret);
     row("not a number in a condition", "Update T Set Number=1 Where Real_=?", secret);
     row("sum out of range", "Update T Set Real_=1e308*10*Length(?)", secret);
-    row("unknown table", "Insert Into T(Short) Select Number From Nowhere Where Short=?", secret);
   }
-
   void ErrorNeverShowsABoundValue() {
     const auto [sql, value] = test::Table<QString, QString>::Row();
     TestDatabase database(TestDatabase::Tables::kNone);
@@ -167,32 +141,6 @@ class ConnectionTest : public QObject {
     QVERIFY(is_lost("Select Id From T Lock In Share Mode"));
     Kill(database, ConnectionNumber(connection));
     QVERIFY(!connection.Open("Select Id From T").Next());
-  }
-
-  void AnOpenRecordsetSurvivesTheReopening() {
-    TestDatabase database(TestDatabase::Tables::kNone);
-    Connection& connection = *database;
-    auto rows = connection.Open("Select seq From seq_1_to_3 Order By seq");
-    QVERIFY(rows.Next());
-    Kill(database, ConnectionNumber(connection));
-    QVERIFY(ErrorOf([&] {
-              connection.Open("Select seq From seq_1_to_3 For Update");
-            }).IsConnectionLost());
-    connection.Reopen();
-    QCOMPARE(rows.Int(kFirst), 1);
-    QVERIFY(connection.Open("Select 1").Next());
-  }
-
-  void FlushThatIsNotGrantedIsLeftOut() {
-    TestDatabase database(TestDatabase::Tables::kNone);
-    database->Execute("Create Or Replace User guest@localhost");
-    ConnectionSettings settings;
-    settings.socket = database.Settings().socket;
-    settings.user = QStringLiteral("guest");
-    Connection connection(settings);
-    connection.FlushTables();
-    connection.FlushTables();
-    QVERIFY(connection.IsAlive());
   }
 };
 

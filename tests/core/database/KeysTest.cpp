@@ -2,18 +2,14 @@
 #include "core/database/Keys.h"
 #include "core/database/Schema.h"
 #include "core/database/SchemaTables.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <fmt/format.h>
 
 #include <atomic>
 #include <thread>
 
-using quorvane::MaybeRefusal;
 namespace test = quorvane::test;
 using quorvane::test::TestDatabase;
 using namespace quorvane::database;
@@ -79,7 +75,6 @@ class KeysTest : public QObject {
     row("lot", "Insert Into Stock(Id) Values(5)", "Stock", 6);
     row("lot of the scratch table", "Insert Into Stock_Temp(Id) Values(9)", "Stock", 10);
   }
-
   void CounterFollowsTheTable() {
     const auto [written, table, next] = test::Table<std::string, std::string, int>::Row();
     (*database_)->Execute(written);
@@ -97,75 +92,9 @@ class KeysTest : public QObject {
     }
   }
 
-  void KeysCountedOnFromTheFirstFreeAreGiven() {
-    {
-      Transaction transaction(**database_);
-      const int first = FirstFreeKey(transaction, "Broker");
-      QCOMPARE(NextKey(transaction, "Broker"), first);
-      KeepKeys(transaction, "Broker", first + 5);
-      transaction.Commit();
-    }
-    QCOMPARE(Taken(*database_, "Broker"), 6);
-  }
-
-  void KeysOfWorkThatWasRolledBackAreFree() {
-    {
-      Transaction transaction(**database_);
-      QCOMPARE(NextKey(transaction, "Broker"), 1);
-    }
-    QCOMPARE(Taken(*database_, "Broker"), 1);
-  }
-
   void KeysThatAreUsedUpAreRefused() {
     (*database_)->Execute("Insert Into Broker(Id) Values(2147483647)");
     QVERIFY_EXCEPTION_THROWN(Taken(*database_, "Broker"), std::runtime_error);
-  }
-
-  void CountersAreRaisedAndNeverLowered() {
-    Taken(*database_, "Broker", 9);
-    {
-      Transaction transaction(**database_);
-      RaiseCounters(transaction, {{"Broker", 4}, {"Script", 6}, {"Later", 2}});
-      transaction.Commit();
-    }
-    QCOMPARE(Taken(*database_, "Broker"), 10);
-    QCOMPARE(Taken(*database_, "Script"), 7);
-    QCOMPARE(ReadCounters(**database_).at("Later"), std::int64_t{2});
-  }
-
-  void WritersAtOnceNeverTakeTheSameKey() {
-    constexpr int kWriters = 4;
-    constexpr int kRowsEach = 25;
-    std::atomic<int> failures = 0;
-    const auto write = [&] {
-      Connection connection(database_->Settings());
-      for (int i = 0; i < kRowsEach; ++i) {
-        try {
-          InTransaction(connection, [](Transaction& transaction) {
-            const int key = NextKey(transaction, "Broker");
-            transaction.Execute("Insert Into Broker(Id) Values(?)", key);
-          });
-        } catch (const std::exception& error) {
-          qWarning("%s", error.what());
-          ++failures;
-        }
-      }
-    };
-    std::vector<std::thread> writers;
-    writers.reserve(kWriters);
-    for (int i = 0; i < kWriters; ++i) {
-      writers.emplace_back(write);
-    }
-    for (std::thread& writer : writers) {
-      writer.join();
-    }
-    QCOMPARE(failures.load(), 0);
-    auto rows = (*database_)->Open("Select Count(*),Count(Distinct Id),Max(Id) From Broker");
-    QVERIFY(rows.Next());
-    constexpr int kExpected = kWriters * kRowsEach;
-    QCOMPARE(rows.Int(kFirst), kExpected);
-    QCOMPARE(rows.Int(1), kExpected);
-    QCOMPARE(rows.Int(2), kExpected);
   }
 };
 

@@ -1,19 +1,13 @@
 #include "core/database/PrivateServer.h"
 #include "core/platform/Processes.h"
-#include "support/Table.h"
+#include "support/Files.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <csignal>
 #include <stdexcept>
-#include <utility>
 
 using quorvane::database::Connection;
 using quorvane::database::PrivateServer;
@@ -108,27 +102,6 @@ class PrivateServerTest : public QObject {
     QCOMPARE(Answer(connection, "Select @@lower_case_table_names"), QStringLiteral("1"));
   }
 
-  void TheFolderIsMadeOnceOnly() {
-    int first_starts = 0;
-    const auto count = [&] { ++first_starts; };
-    {
-      const PrivateServer server(Path(), count);
-      Connect(server).Execute("Create Table T(Id int)");
-      QCOMPARE(first_starts, 1);
-    }
-    const PrivateServer server(Path(), count);
-    QCOMPARE(first_starts, 1);
-    Connection connection = Connect(server);
-    QCOMPARE(Answer(connection, "Select Count(*) From T"), QStringLiteral("0"));
-  }
-
-  void AFirstStartThatWasBrokenOffIsBegunAgain() {
-    QVERIFY(QDir().mkpath(Path() + QStringLiteral("/data.new/mysql")));
-    const PrivateServer server(Path());
-    Connection connection = Connect(server);
-    QCOMPARE(Answer(connection, "Select 1"), QStringLiteral("1"));
-  }
-
   /// After a crash the number in the file may be that of any program.
   void LeavingACrashedServerEndsNoOtherProgram() {
     QProcess bystander;
@@ -137,9 +110,8 @@ class PrivateServerTest : public QObject {
     {
       const PrivateServer server(Path());
       Crash(server);
-      QFile file(Path() + QStringLiteral("/server.pid"));
-      QVERIFY(file.open(QIODevice::WriteOnly));
-      file.write(QByteArray::number(bystander.processId()));
+      test::WriteFile(Path() + QStringLiteral("/server.pid"),
+                      QByteArray::number(bystander.processId()));
     }
     QVERIFY(!bystander.waitForFinished(300));
     {
@@ -157,7 +129,6 @@ class PrivateServerTest : public QObject {
     row("a colon", "a:b");
     row("blanks, quotes, other letters", QString::fromUtf8("O'Brien \"& ₹\" Söhne"));
   }
-
   void AnyFolderWillDo() {
     const auto [name] = test::Table<QString>::Row();
     const QString folder = folder_->path() + QLatin1Char('/') + name;

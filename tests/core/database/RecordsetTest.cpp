@@ -1,20 +1,12 @@
 #include "core/database/Connection.h"
 #include "core/database/Recordset.h"
 #include "core/database/Statement.h"
-#include "support/Table.h"
-#include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/DatabaseTest.h"
 
 #include <fmt/format.h>
 
-#include <vector>
-
-using quorvane::database::Connection;
-using quorvane::database::Recordset;
-using quorvane::database::StatementCache;
 namespace test = quorvane::test;
+using namespace quorvane::database;
 using quorvane::test::TestDatabase;
 
 namespace {
@@ -24,15 +16,11 @@ constexpr std::size_t kFirst = 0;
 }  // namespace
 
 /// How rows are walked and columns named, and that statements of one connection keep apart.
-class RecordsetTest : public QObject {
+class RecordsetTest : public quorvane::test::DatabaseTest {
   Q_OBJECT
-
-  std::optional<TestDatabase> database_;
 
  private Q_SLOTS:
   void initTestCase() { database_.emplace(TestDatabase::Tables::kNone); }
-
-  void cleanupTestCase() { database_.reset(); }
 
   // A block has 1024 rows, and fewer when the rows are wide.
   void EveryRowIsReadOnceInOrder_data() {
@@ -51,7 +39,6 @@ class RecordsetTest : public QObject {
       row(fmt::format("{} rows with a long text", rows).c_str(), with_long_text, rows);
     }
   }
-
   void EveryRowIsReadOnceInOrder() {
     const auto [columns, rows] = test::Table<std::string, int>::Row();
     int seen = 0;
@@ -83,16 +70,6 @@ class RecordsetTest : public QObject {
     QCOMPARE(read, 1000);
     QVERIFY(first.Next());
     QCOMPARE(first.Int(kFirst), 1011);
-  }
-
-  void ARecordsetLeftInTheMiddleFreesItsStatement() {
-    Connection& connection = **database_;
-    const char* sql = "Select seq From seq_1_to_3000 Order By seq";
-    for (int round = 0; round < 3; ++round) {
-      Recordset rows = connection.Open(sql);
-      QVERIFY(rows.Next());
-      QCOMPARE(rows.Int(kFirst), 1);
-    }
   }
 
   void WritesWhileRowsAreReadDoNotDisturbThem() {
@@ -145,15 +122,6 @@ class RecordsetTest : public QObject {
       last = before.Int(kFirst);
     }
     QCOMPARE(last, 3000);
-  }
-
-  void AfterAColumnWasAddedAForgottenStatementSeesIt() {
-    Connection& connection = **database_;
-    connection.Execute("Create Or Replace Table Changing(Id int)");
-    QCOMPARE(connection.Open("Select * From Changing").ColumnCount(), std::size_t{1});
-    connection.Execute("Alter Table Changing Add(Name varchar(5) Default 'N.A.')");
-    connection.ForgetStatements();
-    QCOMPARE(connection.Open("Select * From Changing").ColumnCount(), std::size_t{2});
   }
 };
 

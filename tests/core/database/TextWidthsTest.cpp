@@ -1,8 +1,6 @@
 #include "core/database/TextWidths.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <array>
 
@@ -50,5 +48,4 @@ class TextWidthsTest : public QObject {
 };
 
 static const test::RegisterTest<TextWidthsTest> kRegistered;
-
 #include "TextWidthsTest.moc"

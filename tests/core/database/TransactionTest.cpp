@@ -3,11 +3,8 @@
 #include "core/database/Transaction.h"
 #include "core/database/Turns.h"
 #include "support/CuttingLine.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <fmt/format.h>
 
@@ -19,17 +16,10 @@
 #include <stdexcept>
 #include <thread>
 
+using namespace quorvane::database;
 using quorvane::Field;
 using quorvane::MaybeRefusal;
 using quorvane::Refusal;
-using quorvane::database::Connection;
-using quorvane::database::ConnectionSettings;
-using quorvane::database::DatabaseError;
-using quorvane::database::InTransaction;
-using quorvane::database::kAttempts;
-using quorvane::database::Transaction;
-using quorvane::database::Turn;
-using quorvane::database::Turns;
 using quorvane::test::CuttingLine;
 using quorvane::test::TestDatabase;
 namespace test = quorvane::test;
@@ -167,7 +157,6 @@ class TransactionTest : public QObject {
     row("before the first statement", 1);
     row("between two statements", 2);
   }
-
   void WorkIsDoneAgainWhenTheConnectionWasKilled() {
     const auto [when] = test::Table<int>::Row();
     Connection& connection = **database_;
@@ -260,7 +249,6 @@ class TransactionTest : public QObject {
     row("lost on its way", false);
     row("answer lost", true);
   }
-
   void ACommitWithoutAnAnswerIsDoneExactlyOnce() {
     const auto [reaches_the_server] = test::Table<bool>::Row();
     Prepare();

@@ -1,7 +1,5 @@
 #include "core/files/OldRecords.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 using namespace quorvane::files;
 using Texts = std::vector<std::string>;
@@ -48,5 +46,4 @@ class OldRecordsTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<OldRecordsTest> kRegistered;
-
 #include "OldRecordsTest.moc"

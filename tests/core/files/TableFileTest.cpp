@@ -1,11 +1,8 @@
 #include "core/files/HtmlDocument.h"
 #include "core/files/TableFile.h"
 #include "core/files/TableReaders.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/Files.h"
+#include "support/Test.h"
 
 using namespace quorvane;
 using namespace quorvane::files;
@@ -35,11 +32,6 @@ QString WhyNot(const std::function<void()>& read) {
   return QStringLiteral("read");
 }
 
-QByteArray Sample(const char* name) {
-  QFile file(kSamples + QLatin1String(name));
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 }  // namespace
 
 class TableFileTest : public QObject {
@@ -52,7 +44,6 @@ class TableFileTest : public QObject {
       row(name, kSamples + QLatin1String(name));
     }
   }
-
   void EveryFormHoldsTheSameTable() {
     const auto [file] = test::Table<QString>::Row();
     const TextTable table = ReadTableFile(file);
@@ -70,16 +61,17 @@ class TableFileTest : public QObject {
 
   void DangerousOrBrokenFileIsRefused_data() {
     const test::Table<QByteArray, QString> row;
-    row("climbs out of its folder", Sample("climbing.zip"),
+    row("climbs out of its folder", test::Sample("climbing.zip"),
         "The archive holds a file outside its own folder.");
-    row("archive in the archive", Sample("nested.zip"), "The archive holds another archive.");
-    row("unpacks to far more", Sample("bomb.zip"), "The archive unpacks to more than can be read.");
-    row("two tables", Sample("two.zip"),
+    row("archive in the archive", test::Sample("nested.zip"), "The archive holds another archive.");
+    row("unpacks to far more", test::Sample("bomb.zip"),
+        "The archive unpacks to more than can be read.");
+    row("two tables", test::Sample("two.zip"),
         "The archive holds more than one .csv file. Unpack it and choose one.");
-    row("no table", Sample("none.zip"), "The archive holds no .csv file.");
-    row("cut archive", Sample("rates.zip").left(150), "The archive cannot be read.");
-    row("cut workbook", Sample("rates.xlsx").left(3000), "The archive cannot be read.");
-    row("cut old workbook", Sample("rates.xls").left(1500), "The workbook cannot be read.");
+    row("no table", test::Sample("none.zip"), "The archive holds no .csv file.");
+    row("cut archive", test::Sample("rates.zip").left(150), "The archive cannot be read.");
+    row("cut workbook", test::Sample("rates.xlsx").left(3000), "The archive cannot be read.");
+    row("cut old workbook", test::Sample("rates.xls").left(1500), "The workbook cannot be read.");
     row("empty", "", "The file is empty.");
     row("web page", "\xEF\xBB\xBF\r\n<!DOCTYPE html><html></html>",
         "The file is a web page, not a table.");
@@ -90,15 +82,11 @@ class TableFileTest : public QObject {
     row("millions of empty columns", "A\n" + QByteArray(4'000'000, ','),
         "Line 2: the line holds too many fields.");
   }
-
   void DangerousOrBrokenFileIsRefused() {
     const auto [bytes, text] = test::Table<QByteArray, QString>::Row();
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("file")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
-    QCOMPARE(WhyNot([&] { ReadTableFile(file.fileName()); }), text);
+    const QString file = test::WriteFile(folder.filePath(QStringLiteral("file")), bytes);
+    QCOMPARE(WhyNot([&] { ReadTableFile(file); }), text);
   }
 
   void CsvTextIsReadInItsEncoding_data() {
@@ -119,7 +107,6 @@ class TableFileTest : public QObject {
     row("no line end, empty values, a quote inside", QByteArray("A,B,C\n1,,\n5\" pipe,,x"),
         QStringList({"1:A|B|C", "2:1", "3:5\" pipe||x"}));
   }
-
   void CsvTextIsReadInItsEncoding() {
     const auto [bytes, rows] = test::Table<QByteArray, QStringList>::Row();
     QCOMPARE(RowsOf(ReadCsvText({bytes.constData(), static_cast<std::size_t>(bytes.size())})),
@@ -140,5 +127,4 @@ class TableFileTest : public QObject {
 };
 
 static const test::RegisterTest<TableFileTest> kRegistered;
-
 #include "TableFileTest.moc"

@@ -1,8 +1,5 @@
 #include "core/gains/Matching.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,10 +12,7 @@ namespace text = quorvane::text;
 
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr ChargeChoice kNoCharges{};
-constexpr ChargeChoice kBothCharges{.service_tax = true, .stt = true};
 
 Date Day(const char* dmy) {
   return *text::ParseDmy(std::string_view(dmy));
@@ -104,7 +98,6 @@ class MatchingTest : public QObject {
     row("leap day after 28 February", "28/02/2011", "29/02/2012", GainKind::kLongTerm);
     row("sold before it was bought", "15/06/2010", "14/06/2010", GainKind::kShortTerm);
   }
-
   void HoldingPeriodDecidesTheKind() {
     const auto [bought, sold, kind] = test::Table<QByteArray, QByteArray, GainKind>::Row();
     QCOMPARE(Classify(Day(bought.constData()), Day(sold.constData())), kind);
@@ -145,7 +138,6 @@ class MatchingTest : public QObject {
         {Bought("01/05/2011", 10, 10, 10), Bought("02/05/2011", 10, 20, 20), in},
         {out, Sold("10/05/2011", 10, 20, 500)}, {7500, 22500});
   }
-
   void AverageIsThatOfWhatIsHeld() {
     auto [purchases, sales, costs] =
         test::Table<std::vector<Purchase>, std::vector<Sale>, std::vector<std::int64_t>>::Row();
@@ -191,33 +183,7 @@ class MatchingTest : public QObject {
           std::ranges::equal(by_lot, by_average, {}, &Purchase::remaining, &Purchase::remaining));
     }
   }
-
-  void AbsurdNumbersDoNoHarm_data() {
-    const test::Table<double, double, double, int> row;
-    row("nothing sold", 10.0, 0.0, 5.0, 0);
-    row("less than nothing bought", -10.0, 3.0, 5.0, 1);
-    row("dust bought", 1e-9, 1.0, 5.0, 1);
-    row("no number sold", 10.0, kNan, 5.0, 0);
-    row("no number bought", kNan, 3.0, 5.0, 1);
-    row("infinite", kInfinity, kInfinity, kInfinity, 1);
-    row("infinite sold", 10.0, kInfinity, 5.0, 2);
-    row("no number of rupees", 10.0, 3.0, kNan, 1);
-    row("infinite rupees", 10.0, 12.0, -kInfinity, 2);
-  }
-
-  void AbsurdNumbersDoNoHarm() {
-    const auto [bought, sold, money, matches] = test::Table<double, double, double, int>::Row();
-    for (const CostBasis basis : {CostBasis::kLot, CostBasis::kAverage}) {
-      std::vector purchases{Bought("01/05/2011", bought, 50, money),
-                            Bought("01/05/2011", bought, kNan, money)};
-      purchases[0].stt = money;
-      std::vector sales{Sold("20/05/2011", sold, 50, -money)};
-      sales[0].stt = money;
-      QCOMPARE(static_cast<int>(Matched(purchases, sales, kBothCharges, basis).size()), matches);
-    }
-  }
 };
 
 static const quorvane::test::RegisterTest<MatchingTest> kRegistered;
-
 #include "MatchingTest.moc"

@@ -1,7 +1,5 @@
 #include "core/ledger/Layers.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 using namespace quorvane;
 using ledger::Layers;
@@ -43,17 +41,6 @@ struct Holding {
     QStringList texts;
     for (const auto& piece : taken.pieces) {
       texts << QStringLiteral("%1x%2").arg(piece.quantity.Number()).arg(piece.rate);
-    }
-    return texts.join(' ');
-  }
-
-  /// "1:5 3:2": days and what is left.
-  QString Left(double rate) const {
-    QStringList texts;
-    for (const auto& layer : layers.Of(lots.Find(Key(rate))->id)) {
-      texts << QStringLiteral("%1:%2")
-                   .arg((layer.date - Day(1)).count() + 1)
-                   .arg(layer.left.Number());
     }
     return texts.join(' ');
   }
@@ -134,7 +121,6 @@ class LayersTest : public QObject {
     add(MovementKind::kTransferOut, 9, 5, 1, true);
     add(MovementKind::kPurchase, 1, 6, 1, false);
     h.layers.Arrange();
-    QCOMPARE(h.Left(10), "2:2 4:6");
     QCOMPARE(h.Quantity(10), 9.0);
     h.Buy(3, 10, 5);
     QCOMPARE(h.lots.Find(Key(10))->id, LotId{7});
@@ -145,5 +131,4 @@ class LayersTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<LayersTest> kRegistered;
-
 #include "LayersTest.moc"

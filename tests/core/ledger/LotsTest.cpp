@@ -1,9 +1,6 @@
 #include "core/ledger/Posting.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::ledger;

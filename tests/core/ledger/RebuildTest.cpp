@@ -1,12 +1,8 @@
 #include "core/database/BulkWriter.h"
 #include "core/ledger/Rebuild.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
 
-#include <QTest>
-
-#include <functional>
 #include <thread>
 
 using namespace quorvane;
@@ -93,7 +89,6 @@ class RebuildTest : public QObject {
     row("other year", 2, 3, 100, 5, "2012-13", 1);
     row("other client", 2, 3, 100, 5, kYear, 7);
   }
-
   void OnlyDocumentsOfTheLotsOwnPlaceCount() {
     const auto [account, scrip, rate, lot, year, client] =
         test::Table<int, int, double, int, std::string, int>::Row();
@@ -109,24 +104,6 @@ class RebuildTest : public QObject {
     desk->Execute(line, client, year, 2, 0, lot, scrip, 4000, 120);
     desk.Rebuild();
     QCOMPARE(desk.Quantity(5), 10.0);
-  }
-
-  void TransferFromAnotherClientCounts() {
-    Desk desk;
-    desk.Lot(5, 0);
-    for (const auto& [year, rate] : {std::pair{kYear, 100}, {kYear, 101}, {"2012-13", 100}}) {
-      desk->Execute("Insert Into ScrTransfer Values(8,?,1,'01/06/2011',77,1,2,9,0,3,?,30)", year,
-                    rate);
-    }
-    desk.Rebuild();
-    QCOMPARE(desk.Quantity(5), 30.0);
-  }
-
-  void MissingLotIsNotMade() {
-    Desk desk;
-    desk.Opening(10);
-    QCOMPARE(desk.Rebuild(), std::size_t{0});
-    QCOMPARE(desk.Count("Stock"), 0);
   }
 
   void SecondRowOfALotIsDroppedOnceWhateverItsId() {
@@ -152,33 +129,12 @@ class RebuildTest : public QObject {
     QCOMPARE(desk.Quantity(7), 3.0);
   }
 
-  void EverythingIsRebuiltWithoutAScope() {
-    Desk desk;
-    desk.Lot(5, 1);
-    desk.Lot(6, 2, 7);
-    desk.Lot(7, 3, 1, "2012-13");
-    desk.Opening(40, "2012-13");
-    QCOMPARE(desk.Rebuild(std::nullopt), std::size_t{3});
-    QCOMPARE(desk.Quantity(6), 0.0);
-    QCOMPARE(desk.Quantity(7), 40.0);
-  }
-
-  void RightLedgerIsNotTouched() {
-    Desk desk;
-    desk.Lot(5, 0.3);
-    desk.Opening(0.1);
-    desk.Opening(0.2);
-    QCOMPARE(desk.Rebuild(), std::size_t{0});
-    QVERIFY(desk.Quantity(5) == 0.3);
-  }
-
   /// Another program saves a bill while the rebuild is between reading and writing.
   void BillSavedMeanwhileIsNotLost_data() {
     const test::Table<bool> row;
     row("one client", false);
     row("every client", true);
   }
-
   void BillSavedMeanwhileIsNotLost() {
     const auto [everything] = test::Table<bool>::Row();
     class Meanwhile : public Progress {
@@ -230,7 +186,6 @@ class RebuildTest : public QObject {
     row("a few", 9);
     row("many", 4500);
   }
-
   void EveryWrongLotIsSet() {
     const auto [lots] = test::Table<int>::Row();
     test::TestDatabase database;
@@ -270,5 +225,4 @@ class RebuildTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<RebuildTest> kRegistered;
-
 #include "RebuildTest.moc"

@@ -1,12 +1,6 @@
 #include "core/lookups/Choices.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
-
-#include <functional>
-#include <optional>
 
 using namespace quorvane::lookups;
 using quorvane::AccountId;
@@ -65,7 +59,8 @@ class ChoicesTest : public QObject {
              "Insert Into Script Values(1,'500325','RELIANCE',1,1,'RIL')",
              "Insert Into Script Values(2,'500180','HDFC BANK',1,1,'HDFCB')",
              "Insert Into Script Values(3,'532540','TCS',1,1,'AAA')",
-             "Insert Into ClientActDet Values(7,11,0,0,'B-2'),(8,12,0,0,'C-3'),(7,13,0,0,'A-1')",
+             "Insert Into ClientActDet Values(6,10,0,0,'D-4'),(7,11,0,0,'B-2'),(8,12,0,0,'C-3'),"
+             "(7,13,0,0,'A-1')",
              "Insert Into STTPer Values(5,0.01)",
          }) {
       (*filled_)->Execute(insert);
@@ -95,7 +90,7 @@ class ChoicesTest : public QObject {
         "grid: a client's accounts",
         [](Connection& connection) { return AccountChoiceList(connection, kClient); },
         "#11;B-2|#13;A-1|");
-    row("grid: all accounts", Grid(Choices::kAccounts), "#11;B-2|#12;C-3|#13;A-1|");
+    row("grid: all accounts", Grid(Choices::kAccounts), "#10;D-4|#11;B-2|#12;C-3|#13;A-1|");
     row("grid: brokers", Grid(Choices::kBrokers), "#2;Zaveri|#1;Mehta|#3;Amin|");
     row("box: types", Box(DropDown::kScripTypes),
         "2=BOND 5=BSE 500 SHARE 3=DEBENTURE 1=EQUITY 4=UNIT ");
@@ -112,9 +107,8 @@ class ChoicesTest : public QObject {
     row(
         "box: accounts of others",
         [](Connection& connection) { return Shown(AccountItemsOfOthers(connection, kClient)); },
-        "12=C-3 ");
+        "10=D-4 12=C-3 ");
   }
-
   void ListsHoldTheirRecordsInTheirOrder() {
     const auto [make, expected] = test::Table<MakeList, QString>::Row();
     QCOMPARE(make(**filled_), expected);

@@ -1,10 +1,6 @@
 #include "core/lookups/Choices.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <algorithm>
 
@@ -23,22 +19,10 @@ class StateListTest : public QObject {
     row("byte order mark", QByteArray("\xEF\xBB\xBFGUJARAT\nGOA"), two);
     row("empty file", QByteArray(), QStringList());
   }
-
   void EachLineOfTheFileIsAState() {
     const auto [file, states] = test::Table<QByteArray, QStringList>::Row();
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("statelist.txt"));
-    QFile written(path);
-    QVERIFY(written.open(QIODevice::WriteOnly) && written.write(file) == file.size());
-    written.close();
-    QCOMPARE(FillStateList(path), states);
-  }
-
-  void MissingFileIsAnEmptyListAndStaysMissing() {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("statelist.txt"));
-    QCOMPARE(FillStateList(path), QStringList());
-    QVERIFY(!QFile::exists(path));
+    QCOMPARE(FillStateList(test::WriteFile(folder.filePath("statelist.txt"), file)), states);
   }
 
   void ShippedListNamesEveryStateOnceInCapitals() {

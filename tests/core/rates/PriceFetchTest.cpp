@@ -1,12 +1,7 @@
 #include "core/rates/PriceFetch.h"
+#include "support/Files.h"
 #include "support/LocalExchange.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <optional>
+#include "support/Test.h"
 
 using namespace quorvane;
 using namespace quorvane::rates;
@@ -25,11 +20,6 @@ const QString kCommon =
 const QString kMovers = QStringLiteral("/sensex/mktwatchR.aspx?filter=");
 const QString kMissing =
     QStringLiteral("File Not Found.This Date Bhav Copy Not available on site.");
-
-QByteArray Archive() {
-  QFile file(QStringLiteral(QUORVANE_SOURCE_DIR "/tests/core/files/samples/rates.zip"));
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QByteArray MoverPage(const QByteArray& table, const QByteArray& rows, bool more = false) {
   return "<table id='" + table + "'><tr><th>Scrip Code<th>Scrip Name<th>LTP (Rs.)<th>Change</tr>" +
@@ -70,7 +60,7 @@ class PriceFetchTest : public QObject {
   }
 
   void ArchivedFileIsKeptAndUnpacked() {
-    exchange_->Answer(kArchived, {.body = Archive()});
+    exchange_->Answer(kArchived, {.body = test::Sample("rates.zip")});
     const Fetched fetched = Archived(Exchange::kBse, *text::MakeDate(31, 1, 2018));
     QCOMPARE(fetched.failure, QString());
     QCOMPARE(fetched.path, folder_->filePath(QStringLiteral("MRate/EQ310118.CSV")));
@@ -91,7 +81,6 @@ class PriceFetchTest : public QObject {
     row("National, common file", int(Exchange::kNse), *text::MakeDate(8, 7, 2024),
         QStringList("/content/cm/BhavCopy_NSE_CM_0_0_0_20240708_F_0000.csv.zip"));
   }
-
   void AddressIsThatOfTheDay() {
     const auto [exchange, date, asked] = test::Table<int, text::Date, QStringList>::Row();
     QCOMPARE(Archived(Exchange{exchange}, date).failure, kMissing);
@@ -102,14 +91,14 @@ class PriceFetchTest : public QObject {
     const test::Table<Reply, QString> row;
     const QString unusable = QStringLiteral("Invalid Site.");
     row("page in its place", Reply{.body = "<html>gone</html>"}, unusable);
-    row("damaged", Reply{.body = Archive().left(200)}, unusable);
-    row("cut short", Reply{.body = Archive(), .manner = Manner::kTruncated}, unusable);
+    row("damaged", Reply{.body = test::Sample("rates.zip").left(200)}, unusable);
+    row("cut short", Reply{.body = test::Sample("rates.zip"), .manner = Manner::kTruncated},
+        unusable);
     row("silent", Reply{.manner = Manner::kSilent}, unusable);
     row("endless", Reply{.manner = Manner::kEndless}, unusable);
     row("server's failure", Reply{.status = 500}, unusable);
     row("none", Reply{.status = 404}, kMissing);
   }
-
   void BadAnswerIsTold() {
     const auto [reply, text] = test::Table<Reply, QString>::Row();
     exchange_->Answer(kArchived, reply);
@@ -119,14 +108,14 @@ class PriceFetchTest : public QObject {
   void NextAddressIsAskedAfterAnyFailure_data() {
     const test::Table<Reply> row;
     row("forbidden", Reply{.status = 403});
-    row("damaged", Reply{.body = Archive().left(200)});
+    row("damaged", Reply{.body = test::Sample("rates.zip").left(200)});
   }
-
   void NextAddressIsAskedAfterAnyFailure() {
     const auto [first] = test::Table<Reply>::Row();
     const text::Date date = *text::MakeDate(8, 7, 2024);
     exchange_->Answer(kCommon, first);
-    exchange_->Answer(QStringLiteral("/Hisbhav/eq080724_csv.zip"), {.body = Archive()});
+    exchange_->Answer(QStringLiteral("/Hisbhav/eq080724_csv.zip"),
+                      {.body = test::Sample("rates.zip")});
     const Fetched fetched = Archived(Exchange::kBse, date);
     QCOMPARE(fetched.failure, QString());
     QVERIFY(fetched.path.endsWith(QLatin1String("/EQ310118.CSV")));
@@ -137,7 +126,7 @@ class PriceFetchTest : public QObject {
   void NewestFileIsFoundByTheLinkOnItsPage() {
     exchange_->Answer(QStringLiteral("/mktlive/bhavcopy.asp"),
                       {.body = "<a href='/x.htm'>x</a><a href='../files/EQ_CSV.ZIP'>file</a>"});
-    exchange_->Answer(QStringLiteral("/files/EQ_CSV.ZIP"), {.body = Archive()});
+    exchange_->Answer(QStringLiteral("/files/EQ_CSV.ZIP"), {.body = test::Sample("rates.zip")});
     const Fetched fetched = Await([&](auto answer) { fetch_->NewestFile(answer); });
     QCOMPARE(fetched.failure, QString());
     QVERIFY(fetched.path.endsWith(QLatin1String("/EQ310118.CSV")));
@@ -177,12 +166,6 @@ class PriceFetchTest : public QObject {
     QCOMPARE(exchange_->asked.size(), 2 * PriceFetch::kMostPages);
   }
 
-  void MoversOfAnotherPageAreNone() {
-    exchange_->Answer(kMovers + QStringLiteral("gainer*all$all$"), {.body = "<html>closed</html>"});
-    QCOMPARE(Await([&](auto answer) { fetch_->Movers(answer); }).failure,
-             QStringLiteral("Invalid Site."));
-  }
-
  private:
   std::unique_ptr<LocalExchange> exchange_;
   std::unique_ptr<QTemporaryDir> folder_;
@@ -190,5 +173,4 @@ class PriceFetchTest : public QObject {
 };
 
 static const test::RegisterTest<PriceFetchTest> kRegistered;
-
 #include "PriceFetchTest.moc"

@@ -2,12 +2,9 @@
 #include "core/rates/PriceFile.h"
 #include "core/rates/RateImport.h"
 #include "core/text/Amounts.h"
-#include "support/Table.h"
+#include "support/Files.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::rates;
@@ -127,7 +124,6 @@ class PriceFileTest : public QObject {
         "Industry,Instrument\n500002,ABB,ABB,ABB India,Active,A,2.00,NA,Heavy,Equity,\n",
         {"500002||ABB India|A|Equity|0"});
   }
-
   void LayoutIsToldByItsHeadings() {
     const auto [csv, rows, date] = test::Table<QByteArray, QStringList, QString>::Row();
     PriceFile file;
@@ -170,7 +166,6 @@ class PriceFileTest : public QObject {
         "SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange's daily price file "
         "or scrip list.");
   }
-
   void BadRowIsReportedByItsLine() {
     const auto [csv, line] = test::Table<QByteArray, QString>::Row();
     PriceFile file;
@@ -200,14 +195,10 @@ class PriceFileTest : public QObject {
     row("a file of one's own", "EQ310118.csv",
         QByteArray("SC_Type,SC_Rate,SC_Code,SC_Name,SC_Group,SC_Class\nP,1,1,One,A,\n"), "");
   }
-
   void NameTellsTheDayThatTheFileDoesNotHold() {
     const auto [name, csv, date] = test::Table<QString, QByteArray, QString>::Row();
     const QTemporaryDir folder;
-    QFile written(folder.filePath(name));
-    QVERIFY(written.open(QIODevice::WriteOnly) && written.write(csv) == csv.size());
-    written.close();
-    const PriceFile file = *ReadPriceFile(written.fileName());
+    const PriceFile file = *ReadPriceFile(test::WriteFile(folder.filePath(name), csv));
     QCOMPARE(file.date ? text::FormatDmy(*file.date) : QString(), date);
   }
 
@@ -229,7 +220,6 @@ class PriceFileTest : public QObject {
     row("National", int(Exchange::kNse), QStringList({"1=6", "3=6"}), 2);
     row("own", int(Exchange::kOwn), QStringList({"1=5", "2=6"}), 1);
   }
-
   void RowsBelongToTheScripOfTheirCode() {
     const auto [exchange, rates, unmatched] = test::Table<int, QStringList, int>::Row();
     PriceFile file{.exchange = Exchange{exchange}, .has_rates = true};
@@ -251,5 +241,4 @@ class PriceFileTest : public QObject {
 };
 
 static const test::RegisterTest<PriceFileTest> kRegistered;
-
 #include "PriceFileTest.moc"

@@ -1,12 +1,7 @@
 #include "core/rates/QuoteDesk.h"
+#include "support/Files.h"
 #include "support/LocalExchange.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <optional>
+#include "support/Test.h"
 
 using namespace quorvane;
 using namespace quorvane::rates;
@@ -67,15 +62,14 @@ class QuoteDeskTest : public QObject {
     QVERIFY(work.mkpath(QStringLiteral(".")));
     QCOMPARE(Ask(Question(" bse ", "500325")), 950.25);
     QVERIFY(!work.exists());
-    QFile kept(folder_->filePath(QStringLiteral("MRate/DateMRate.csv")));
-    QVERIFY(kept.open(QIODevice::ReadOnly));
-    QCOMPARE(kept.readAll(), kFile);
+    const QString kept = folder_->filePath(QStringLiteral("MRate/DateMRate.csv"));
+    QCOMPARE(test::ReadFile(kept), kFile);
     QCOMPARE(Ask(Question("NSE", "M&M")), 7.0);
     QCOMPARE(exchange_->asked, QStringList({kBseFile, kNseFile}));
     QCOMPARE(Ask(Question("MCX", "GOLD")), 0.0);
     QCOMPARE(Ask(Question("BSE", "")), 0.0);
     QCOMPARE(exchange_->asked.size(), 2);
-    QVERIFY(!kept.exists());
+    QVERIFY(!QFile::exists(kept));
   }
 
   void BadAnswersAreNoPrice_data() {
@@ -84,7 +78,6 @@ class QuoteDeskTest : public QObject {
     row("larger than the limit", Reply{.body = kFile + QByteArray(kMostBytes, ' ')});
     row("redirect to itself", Reply{.status = 302, .location = kBseFile.toLatin1()});
   }
-
   void BadAnswersAreNoPrice() {
     const auto [reply] = test::Table<Reply>::Row();
     exchange_->Answer(kBseFile, reply);
@@ -101,20 +94,6 @@ class QuoteDeskTest : public QObject {
     QVERIFY(!answered);
   }
 
-  void QuotePagesAreAskedByCode() {
-    exchange_->Answer(QStringLiteral("/Markets/Company/500325%20/"),
-                      {.body = "<title>Rs. 12.5</title>"});
-    exchange_->Answer(QStringLiteral("/companies/INFY/"), {.body = "<title>INR 13.5-</title>"});
-    std::vector<double> quotes;
-    const auto keep = [&](double quote) { quotes.push_back(quote); };
-    desk_->CurrentQuote(QStringLiteral("BSE"), QStringLiteral("500325"), keep);
-    QTRY_COMPARE(quotes.size(), std::size_t{1});
-    desk_->CurrentQuote(QStringLiteral("nse"), QStringLiteral("INFY"), keep);
-    QTRY_COMPARE(quotes.size(), std::size_t{2});
-    desk_->CurrentQuote(QStringLiteral("NSE"), QString(), keep);
-    QTRY_COMPARE(quotes, std::vector<double>({12.5, 13.5, 0}));
-  }
-
  private:
   std::unique_ptr<LocalExchange> exchange_;
   std::unique_ptr<QTemporaryDir> folder_;
@@ -122,5 +101,4 @@ class QuoteDeskTest : public QObject {
 };
 
 static const test::RegisterTest<QuoteDeskTest> kRegistered;
-
 #include "QuoteDeskTest.moc"

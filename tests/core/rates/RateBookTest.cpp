@@ -1,8 +1,5 @@
 #include "core/rates/RateBook.h"
-#include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/DatabaseTest.h"
 
 using namespace quorvane;
 using namespace quorvane::rates;
@@ -17,22 +14,12 @@ const ScripId kThree{3};
 
 }  // namespace
 
-class RateBookTest : public QObject {
+class RateBookTest : public test::DatabaseTest {
   Q_OBJECT
 
   /// Rows as "year|id|date|scrip|rate".
   QStringList Rows() {
-    QStringList rows;
-    for (const auto& row :
-         (*database_)->Open("Select Fyear,Id,MDate,ScrId,Rate From MarketRate Order By Id")) {
-      rows << QStringLiteral("%1|%2|%3|%4|%5")
-                  .arg(row.Text(0))
-                  .arg(row.Int(1))
-                  .arg(row.Text(2))
-                  .arg(row.Int(3))
-                  .arg(row.Double(4));
-    }
-    return rows;
+    return test::Rows(**database_, "Select Fyear,Id,MDate,ScrId,Rate From MarketRate Order By Id");
   }
 
   void Save(text::Date date, const std::vector<ScripRate>& rates) {
@@ -40,8 +27,6 @@ class RateBookTest : public QObject {
   }
 
  private Q_SLOTS:
-  void initTestCase() { database_ = std::make_unique<test::TestDatabase>(); }
-  void cleanupTestCase() { database_.reset(); }
   void cleanup() { (*database_)->Execute("Delete From MarketRate"); }
 
   void SavingReplacesAddsAndRemoves() {
@@ -64,32 +49,7 @@ class RateBookTest : public QObject {
     QCOMPARE(rates.at(kTwo).rate, 8.0);
     QCOMPARE(rates.at(kTwo).date, *text::MakeDate(2, 12, 2011));
   }
-
-  void ADayIsListedAndDeletedByItself() {
-    Save(*text::MakeDate(2, 12, 2011), {{kOne, 9}});
-    Save(kLastOfYear, {{kOne, 10}, {kTwo, 20}});
-    RateBook book(**database_);
-    QCOMPARE(book.Dates(), std::vector({kLastOfYear, *text::MakeDate(2, 12, 2011)}));
-    QCOMPARE(book.DeleteDate(kLastOfYear), std::int64_t{2});
-    QVERIFY(book.RatesOf(kLastOfYear).empty());
-    QCOMPARE(book.Dates().size(), std::size_t{1});
-  }
-
-  void DatesThatAreNotTaken() {
-    const auto text = [](const char* date) {
-      const auto refusal = CheckRateDate(QLatin1String(date), kLastOfYear);
-      return refusal ? refusal->text : QString();
-    };
-    QCOMPARE(text(""), QStringLiteral("Enter Date."));
-    QCOMPARE(text("31/02/2012"), QStringLiteral("Enter Date."));
-    QCOMPARE(text("01/04/2012"), QStringLiteral("You can't insert future Date"));
-    QCOMPARE(text("31/03/2012"), QString());
-  }
-
- private:
-  std::unique_ptr<test::TestDatabase> database_;
 };
 
 static const test::RegisterTest<RateBookTest> kRegistered;
-
 #include "RateBookTest.moc"

@@ -1,9 +1,6 @@
 #include "core/records/BillAmounts.h"
 #include "support/Desk.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 using namespace quorvane::records;
 using quorvane::test::Exact;

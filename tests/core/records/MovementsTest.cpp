@@ -1,10 +1,7 @@
 #include "core/gains/History.h"
 #include "core/ledger/Rebuild.h"
-#include "support/Table.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <fmt/format.h>
 
@@ -87,7 +84,6 @@ class MovementsTest : public QObject {
         {"Insert Into StkOpBal Values(1,'2011-13',4,1,5,100,500,1,'01/01/2010',0,0,0,0)"},
         One(FaultKind::kRecordWithoutYear, 4), 10, 10, 0);
   }
-
   void ABadRecordIsNamedAndTheOthersCount() {
     const auto [records, faults, lot, purchases, sales] =
         test::Table<Statements, QStringList, double, double, double>::Row();

@@ -6,16 +6,13 @@
 #include "core/records/Rates.h"
 #include "core/records/Transfer.h"
 #include "core/records/Writing.h"
-#include "support/TestDatabase.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/DatabaseTest.h"
 
 using namespace quorvane;
 using records::BillLine;
 
 /// The lists of columns against the tables as they are made.
-class RecordsTest : public QObject {
+class RecordsTest : public test::DatabaseTest {
   Q_OBJECT
 
   template <class Record>
@@ -45,12 +42,7 @@ class RecordsTest : public QObject {
     QCOMPARE(Listed<Record>(), Made(table));
   }
 
-  std::optional<test::TestDatabase> database_;
-
  private Q_SLOTS:
-  void initTestCase() { database_.emplace(); }
-  void cleanupTestCase() { database_.reset(); }
-
   void EveryColumnOfATableIsListed() {
     Compare<records::Bill>();
     Compare<BillLine>();

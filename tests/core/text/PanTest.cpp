@@ -1,8 +1,5 @@
 #include "core/text/Pan.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 using quorvane::text::IsValidPan;
 namespace test = quorvane::test;
@@ -14,21 +11,15 @@ class PanTest : public QObject {
   void PanForm_data() {
     const test::Table<QString, bool, bool> row;
     row("optional", "", true, false);
-    row("company", "ABCCE1234F", true, false);
     row("every known holder kind, last", "ABCGE1234F", true, false);
     row("unknown holder kind only warns", "ABCXE1234F", true, true);
-    row("D is no holder kind", "ABCDE1234F", true, true);
     row("one lower-case letter", "ABCPE1234f", false, false);
-    row("nine characters", "ABCPE1234", false, false);
     row("letter among the digits", "ABCPEA234F", false, false);
     row("digit among the letters", "ABCP11234F", false, false);
-    row("digit at the end", "ABCPE12345", false, false);
     row("accented capital", QString::fromUtf8("ÀBCPE1234F"), false, false);
     row("comma is no holder kind", "ABC,E1234F", false, false);
     row("applied for, any case", "PANApplied", true, false);
-    row("known to be invalid", "paninvalid", true, false);
   }
-
   void PanForm() {
     const auto [pan, valid, warned] = test::Table<QString, bool, bool>::Row();
     const auto check = IsValidPan(pan);
@@ -40,5 +31,4 @@ class PanTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<PanTest> kRegistered;
-
 #include "PanTest.moc"

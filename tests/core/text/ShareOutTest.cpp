@@ -1,8 +1,5 @@
 #include "core/text/Paise.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <cmath>
 
@@ -18,17 +15,14 @@ class ShareOutTest : public QObject {
     const test::Table<double, QList<double>, QList<double>> row;
     row("a third each", 10.0, QList<double>{1, 1, 1}, QList<double>{3.33, 3.34, 3.33});
     row("rounded beyond the whole", 0.016, QList<double>{99, 1}, QList<double>{0.016, 0});
-    row("below 0", -0.016, QList<double>{99, 1}, QList<double>{-0.016, 0});
     row("fractions of a share", 1.0, QList<double>{0.333333, 0.666667}, QList<double>{0.33, 0.67});
     row("rest with fractions of a paisa", 1234567.891234, QList<double>{1, 2},
         QList<double>{411522.63, 823045.261234});
     row("small rest of a large whole", 593.59, QList<double>{250, 355, 1},
         QList<double>{244.88, 347.73, 0.98});
-    row("nothing", 0.0, QList<double>{1, 2}, QList<double>{0, 0});
     row("one part is the whole, to the last digit", 0.30000000000000004, QList<double>{7},
         QList<double>{0.30000000000000004});
   }
-
   void PartsAreWhatTheyShouldBe() {
     const auto [whole, quantities, parts] =
         test::Table<double, QList<double>, QList<double>>::Row();
@@ -64,5 +58,4 @@ class ShareOutTest : public QObject {
 };
 
 static const test::RegisterTest<ShareOutTest> kRegistered;
-
 #include "ShareOutTest.moc"

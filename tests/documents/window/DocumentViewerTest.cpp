@@ -2,8 +2,7 @@
 #include "core/platform/Processes.h"
 #include "documents/window/DocumentViewer.h"
 #include "masters/clients/Documents.h"
-#include "support/Cases.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QAction>
 #include <QBuffer>
@@ -17,8 +16,6 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 using namespace quorvane;
@@ -42,38 +39,33 @@ class DocumentViewerTest : public QObject {
  private Q_SLOTS:
   void KindIsShown_data() {
     // The text that is read is empty for a picture.
-    const test::Cases<QString, QByteArray, QString> cases("name", "content", "text");
+    const test::Table<QString, QByteArray, QString> row;
     QImage picture(40, 30, QImage::Format_RGB32);
     picture.fill(Qt::darkGreen);
     for (const char* format : {"BMP", "JPG"}) {
-      cases.Add(format, QStringLiteral("a.") + format, Encoded(picture, format), "");
+      row(format, QStringLiteral("a.") + format, Encoded(picture, format), "");
     }
-    cases.Add("GIF", "a.gif", test::Gif(), "");
-    cases.Add("PDF", "A.PDF", Pdf(1), "");
-    cases.Add("HTM", "a.htm", "<p>Sig<b>ned</b></p>", "Signed");
-    cases.Add("RTF", "a.rtf", "{\\rtf1 Signed\\par}", "Signed");
-    cases.Add("DOC", "a.doc", test::WordDocument("Signed\r"), "Signed");
+    row("GIF", "a.gif", test::Gif(), "");
+    row("PDF", "A.PDF", Pdf(1), "");
+    row("HTM", "a.htm", "<p>Sig<b>ned</b></p>", "Signed");
+    row("RTF", "a.rtf", "{\\rtf1 Signed\\par}", "Signed");
+    row("DOC", "a.doc", test::WordDocument("Signed\r"), "Signed");
   }
-
   void KindIsShown() {
-    QFETCH(const QString, name);
-    QFETCH(const QByteArray, content);
-    QFETCH(const QString, text);
+    const auto [name, content, text] = test::Table<QString, QByteArray, QString>::Row();
     DocumentViewer viewer;
     QCOMPARE(Opened(viewer, Write(name, content)), QString("shown"));
     QVERIFY2(viewer.Page().text.contains(text), qPrintable(viewer.Page().text));
   }
 
   void FileThatIsNoDocumentIsRefusedAtOnce_data() {
-    const test::Cases<QString, QString> cases("name", "message");
-    cases.Add("vanished", "nothing.txt", "File does not Exist.");
-    cases.Add("folder", "folder.pdf", "This is a Folder, not a Document.");
-    cases.Add("1 GB", "large.txt", "The Document is too Large to be Shown.");
+    const test::Table<QString, QString> row;
+    row("vanished", "nothing.txt", "File does not Exist.");
+    row("folder", "folder.pdf", "This is a Folder, not a Document.");
+    row("1 GB", "large.txt", "The Document is too Large to be Shown.");
   }
-
   void FileThatIsNoDocumentIsRefusedAtOnce() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, message);
+    const auto [name, message] = test::Table<QString, QString>::Row();
     QVERIFY(QDir(folder_.path()).mkpath("folder.pdf"));
     QFile large(folder_.filePath("large.txt"));
     QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(qint64{1} << 30));
@@ -86,26 +78,23 @@ class DocumentViewerTest : public QObject {
 
   void DocumentThatHarmsItsReaderIsGivenUp_data() {
     // One of the messages is said.
-    const test::Cases<QString, QByteArray, QStringList> cases("name", "content", "messages");
+    const test::Table<QString, QByteArray, QStringList> row;
     const QString too_long = "The Document takes too Long to be Shown.";
     const QString too_large = "The Document is too Large to be Shown.";
     const QString broken = "The Document is Broken, or Showing it Needs too Much Memory.";
-    cases.Add("draws itself", "a.pdf", test::PdfThatDrawsItself(), QStringList(too_long));
-    cases.Add("unpacks to 600 MB", "a.pdf", test::PdfThatUnpacksToMuch(),
-              QStringList({too_long, too_large, broken}));
-    cases.Add("deeply nested", "a.html", QByteArray("<table><tr><td>").repeated(60000),
-              QStringList({too_long, broken}));
-    cases.Add("marks on one letter", "a.html", "a" + QByteArray("\u0301").repeated(500000),
-              QStringList(too_long));
-    cases.Add("picture of 30000x30000", "a.html",
-              "<img src='data:image/png;base64," + PngOfNothing(30000).toBase64() + "'>",
-              QStringList(too_large));
+    row("draws itself", "a.pdf", test::PdfThatDrawsItself(), QStringList(too_long));
+    row("unpacks to 600 MB", "a.pdf", test::PdfThatUnpacksToMuch(),
+        QStringList({too_long, too_large, broken}));
+    row("deeply nested", "a.html", QByteArray("<table><tr><td>").repeated(60000),
+        QStringList({too_long, broken}));
+    row("marks on one letter", "a.html", "a" + QByteArray("\u0301").repeated(500000),
+        QStringList(too_long));
+    row("picture of 30000x30000", "a.html",
+        "<img src='data:image/png;base64," + PngOfNothing(30000).toBase64() + "'>",
+        QStringList(too_large));
   }
-
   void DocumentThatHarmsItsReaderIsGivenUp() {
-    QFETCH(const QString, name);
-    QFETCH(const QByteArray, content);
-    QFETCH(const QStringList, messages);
+    const auto [name, content, messages] = test::Table<QString, QByteArray, QStringList>::Row();
     DocumentViewer viewer(
         {.process = {.cpu = std::chrono::seconds(2)}, .longest = std::chrono::seconds(60)});
     const QString outcome = Opened(viewer, Write(name, content));
@@ -135,17 +124,15 @@ class DocumentViewerTest : public QObject {
   }
 
   void AnswerThatIsNoPageIsRefused_data() {
-    const test::Cases<int, QByteArray> cases("at", "bytes");
-    cases.Add("mark", 0, QByteArray(1, 'X'));
-    cases.Add("size that is no number", 4, QByteArray(8, '\xff'));
-    cases.Add("page beyond the last", 23, QByteArray(1, '\x7'));
-    cases.Add("negative width", 33, QByteArray(1, '\xff'));
-    cases.Add("more pixels than a page has", 33, QByteArray("\0\x70\0\0\0\x70", 6));
+    const test::Table<int, QByteArray> row;
+    row("mark", 0, QByteArray(1, 'X'));
+    row("size that is no number", 4, QByteArray(8, '\xff'));
+    row("page beyond the last", 23, QByteArray(1, '\x7'));
+    row("negative width", 33, QByteArray(1, '\xff'));
+    row("more pixels than a page has", 33, QByteArray("\0\x70\0\0\0\x70", 6));
   }
-
   void AnswerThatIsNoPageIsRefused() {
-    QFETCH(const int, at);
-    QFETCH(const QByteArray, bytes);
+    const auto [at, bytes] = test::Table<int, QByteArray>::Row();
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QImage picture(3, 2, QImage::Format_RGB32);
@@ -156,20 +143,6 @@ class DocumentViewerTest : public QObject {
     QVERIFY(!PageOf(answer.chopped(1)));
     answer.replace(at, bytes.size(), bytes);
     QVERIFY(!PageOf(answer));
-  }
-
-  void TextFitsThePaperAndIsCopied() {
-    DocumentViewer viewer;
-    const QByteArray wide =
-        "<table width=1500><tr><td>Scrip<td>Rate</table><img width=30000 height=30000 "
-        "src='data:image/gif;base64," +
-        test::Gif().toBase64() + "'>";
-    QCOMPARE(Opened(viewer, Write("a.html", wide)), QString("shown"));
-    QVERIFY2(viewer.Page().actual.width() >= 1500 && viewer.Page().actual.width() < 1700,
-             qPrintable(QString::number(viewer.Page().actual.width())));
-    auto* pages = viewer.findChild<DocumentPageView*>();
-    pages->actions().constFirst()->trigger();
-    QVERIFY(QGuiApplication::clipboard()->text().contains("Scrip"));
   }
 
   void PagesAreTurnedAndCounted() {
@@ -185,15 +158,13 @@ class DocumentViewerTest : public QObject {
 
   void ChosenPagesArePrinted_data() {
     // of the printed pages' pictures: their numbers
-    const test::Cases<QString, QList<int>> cases("ranges", "widths");
-    cases.Add("all", "", QList<int>{1, 2, 3, 4});
-    cases.Add("from and to", "2-3", QList<int>{2, 3});
-    cases.Add("apart", "1,3-9", QList<int>{1, 3, 4});
+    const test::Table<QString, QList<int>> row;
+    row("all", "", QList<int>{1, 2, 3, 4});
+    row("from and to", "2-3", QList<int>{2, 3});
+    row("apart", "1,3-9", QList<int>{1, 3, 4});
   }
-
   void ChosenPagesArePrinted() {
-    QFETCH(const QString, ranges);
-    QFETCH(const QList<int>, widths);
+    const auto [ranges, widths] = test::Table<QString, QList<int>>::Row();
     DocumentViewer viewer;
     QCOMPARE(Opened(viewer, Write("four.pdf", Pdf(4))), QString("shown"));
     QPrinter printer(QPrinter::ScreenResolution);
@@ -292,8 +263,5 @@ class DocumentViewerTest : public QObject {
   QTemporaryDir folder_;
 };
 
-namespace {
-const test::RegisterTest<DocumentViewerTest> kRegistered;
-}
-
+static const test::RegisterTest<DocumentViewerTest> kRegistered;
 #include "DocumentViewerTest.moc"

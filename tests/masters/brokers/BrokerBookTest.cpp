@@ -1,16 +1,11 @@
 #include "core/ledger/Rebuild.h"
-#include "masters/Records.h"
 #include "masters/brokers/BrokerBook.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
 #include "support/StopAfter.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::brokers;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -46,22 +41,20 @@ class BrokerBookTest : public test::DatabaseTest {
   }
 
   void BrokenRuleChangesNothing_data() {
-    const test::Cases<QString, QString, QString, Field> cases("name", "email", "text", "field");
-    cases.Add("no name", " ", QString(101, QChar('e')), "Enter Name.", Field::kName);
-    cases.Add("long e-mail", "NAME", QString(101, QChar('e')),
-              "E-Mail is too Long. At Most 100 Characters are Allowed.", Field::kEmail);
+    const test::Table<QString, QString, QString, Field> row;
+    row("no name", " ", QString(101, QChar('e')), "Enter Name.", Field::kName);
+    row("long e-mail", "NAME", QString(101, QChar('e')),
+        "E-Mail is too Long. At Most 100 Characters are Allowed.", Field::kEmail);
   }
-
   void BrokenRuleChangesNothing() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, email);
+    const auto [name, email, text, field] = test::Table<QString, QString, QString, Field>::Row();
     Broker broker = NewBroker("STORED");
     QVERIFY(!test::Save(Book(), broker));
     broker.name = name;
     broker.contact.email = email;
     const MaybeRefusal refusal = test::Save(Book(), broker);
-    QTEST(TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
     QCOMPARE(Book().List()[0].name, "STORED");
   }
 
@@ -82,24 +75,13 @@ class BrokerBookTest : public test::DatabaseTest {
     QCOMPARE(Lots(), QStringList({"1|2010-11|1|0", "1|2011-12|2|5", "2|2011-12|3|0"}));
   }
 
-  void BrokerWithoutBillsStillRebuildsTheHoldings() {
-    FillTwoBrokers();
-    (*database_)->Execute("Update Stock Set Qty=99");
-    Broker broker = NewBroker("WITHOUT BILLS");
-    QVERIFY(!test::Save(Book(), broker));
-    Progress progress;
-    Book().Delete(broker.id, progress);
-    QCOMPARE(Lots(), QStringList({"1|2010-11|1|10", "1|2011-12|2|5", "2|2011-12|3|7"}));
-  }
-
   void CancelledDeleteLeavesEverything_data() {
-    const test::Cases<int> cases("steps");
-    cases.Add("at the first step", 1);
-    cases.Add("at the last step", 4);
+    const test::Table<int> row;
+    row("at the first step", 1);
+    row("at the last step", 4);
   }
-
   void CancelledDeleteLeavesEverything() {
-    QFETCH(const int, steps);
+    const auto [steps] = test::Table<int>::Row();
     FillTwoBrokers();
     const QStringList before = Everything();
     test::StopAfter progress(steps);
@@ -158,5 +140,4 @@ class BrokerBookTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<BrokerBookTest> kRegistered;
-
 #include "BrokerBookTest.moc"

@@ -1,22 +1,14 @@
-#include "masters/Records.h"
 #include "masters/clients/Client.h"
 #include "masters/clients/ClientBook.h"
 #include "masters/clients/Documents.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/Files.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <functional>
-#include <memory>
 #include <stdexcept>
 
 using namespace quorvane;
 using namespace quorvane::clients;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -81,7 +73,7 @@ class ClientBookTest : public test::DatabaseTest {
     client.pan = QStringLiteral("ABCPE1234F");
     client.sex = 1;
     client.marital_status = 2;
-    QCOMPARE(TextOfRefusal(test::Save(Book(), client)), kAccepted);
+    QCOMPARE(TextOf(test::Save(Book(), client)), kAccepted);
 
     const std::optional<Client> read = Book().Load(client.id);
     QVERIFY(read);
@@ -106,45 +98,20 @@ class ClientBookTest : public test::DatabaseTest {
     const QStringList before = Everything();
 
     Client fresh = NewClient(code, {"3001"});
-    QCOMPARE(TextOfRefusal(test::Save(Book(), fresh)), kTaken);
+    QCOMPARE(TextOf(test::Save(Book(), fresh)), kTaken);
     QCOMPARE(fresh.id.value, 0);
     const QString second_code = second.code;
     second.code = code;
     second.accounts.push_back(NewAccount("2002"));
-    QCOMPARE(TextOfRefusal(test::Save(Book(), second)), kTaken);
+    QCOMPARE(TextOf(test::Save(Book(), second)), kTaken);
     QCOMPARE(second.accounts.back().id.value, 0);
     QCOMPARE(Everything(), before);
 
     first.name = QStringLiteral("UNDER ITS OWN CODE");
-    QCOMPARE(TextOfRefusal(test::Save(Book(), first)), kAccepted);
+    QCOMPARE(TextOf(test::Save(Book(), first)), kAccepted);
     QCOMPARE(Book().Load(first.id)->name, first.name);
     QCOMPARE(Book().List().front().code, second_code);
     QCOMPARE(Book().List().size(), std::size_t{2});
-  }
-
-  void BrokenRuleChangesNothing() {
-    Client client = NewClient("C1");
-    QVERIFY(!test::Save(Book(), client));
-    const QStringList before = Everything();
-    client.name.clear();
-    QCOMPARE(TextOfRefusal(test::Save(Book(), client)), "Enter Client Name.");
-    QCOMPARE(Everything(), before);
-  }
-
-  void AccountsKeepTheirIds() {
-    Client client = NewClient("C1", {"1001", "1002", "1003"});
-    Client other = NewClient("C2", {"2001"});
-    QVERIFY(!test::Save(Book(), client));
-    QVERIFY(!test::Save(Book(), other));
-    QCOMPARE(other.accounts[0].id.value, 4);
-
-    client.accounts.erase(client.accounts.begin() + 1);
-    client.accounts[1].number = QStringLiteral("1003/A");
-    client.accounts.insert(client.accounts.begin(), NewAccount("1004"));
-    client.accounts.push_back({});
-    QVERIFY(!test::Save(Book(), client));
-    QCOMPARE(client.accounts.size(), std::size_t{3});
-    QCOMPARE(Accounts(), QStringList({"1|1|1001", "1|3|1003/A", "1|5|1004", "2|4|2001"}));
   }
 
   void RemovedAccountsIdIsNotGivenToOneAddedInTheSameSave() {
@@ -157,19 +124,15 @@ class ClientBookTest : public test::DatabaseTest {
 
   // Removed and entered again in one save, or a save later.
   void AccountThatRecordsNameKeepsItsIdWhenItIsEnteredAgain_data() {
-    const test::Cases<QString, bool, bool> cases("record", "saved_between", "same");
+    const test::Table<QString, bool, bool> row;
     const QString bill("Insert Into SPMaster(Cid,AcId) Values(?,?)");
-    cases.Add("in one save", bill, false, true);
-    cases.Add("named by a bill", bill, true, true);
-    cases.Add("named by a transfer", "Insert Into ScrTransfer(Cid,ToAcId) Values(?+1,?)", true,
-              true);
-    cases.Add("named by none", "Insert Into SPMaster(Cid,AcId) Values(?,?+1000)", true, false);
+    row("in one save", bill, false, true);
+    row("named by a bill", bill, true, true);
+    row("named by a transfer", "Insert Into ScrTransfer(Cid,ToAcId) Values(?+1,?)", true, true);
+    row("named by none", "Insert Into SPMaster(Cid,AcId) Values(?,?+1000)", true, false);
   }
-
   void AccountThatRecordsNameKeepsItsIdWhenItIsEnteredAgain() {
-    QFETCH(const QString, record);
-    QFETCH(const bool, saved_between);
-    QFETCH(const bool, same);
+    const auto [record, saved_between, same] = test::Table<QString, bool, bool>::Row();
     Client client = NewClient("C1", {"1001", "1002"});
     QVERIFY(!test::Save(Book(), client));
     const AccountId first = client.accounts[0].id;
@@ -196,38 +159,6 @@ class ClientBookTest : public test::DatabaseTest {
     client.accounts.push_back(client.accounts[0]);
     QVERIFY(!test::Save(Book(), client));
     QCOMPARE(Accounts(), QStringList({"1|1|1001", "1|3|2001", "1|4|1001", "2|2|2001"}));
-  }
-
-  void ClientDeletedMeanwhileIsWrittenAsANewOne() {
-    Client client = NewClient("C1");
-    QVERIFY(!test::Save(Book(), client));
-    Book().Delete(client.id);
-    Client other = NewClient("C2", {"2001"});
-    QVERIFY(!test::Save(Book(), other));
-    QCOMPARE(other.id.value, 2);
-    client.id = ClientId{5};
-    QVERIFY(!test::Save(Book(), client));
-    QCOMPARE(client.id.value, 3);
-    QCOMPARE(Accounts(), QStringList({"2|2|2001", "3|3|1001"}));
-  }
-
-  void EmptyColumnsReadAsEmpty() {
-    (*database_)->Execute("Insert Into ClientInfo(Id,Code) Values(3,'C3')");
-    (*database_)->Execute("Insert Into ClientActDet(CId,id) Values(3,8)");
-    const std::optional<Client> client = Book().Load(ClientId{3});
-    QVERIFY(client);
-    QCOMPARE(client->name, QString());
-    QVERIFY(client->contact == masters::Contact());
-    QCOMPARE(client->sex, -1);
-    QCOMPARE(client->accounts[0].participant.value, 0);
-    QVERIFY(!Book().Load(ClientId{4}));
-  }
-
-  void DpIdIsShownAsTheTextOfThatParticipant() {
-    (*database_)->Execute("Insert Into DpIDs Values(4,9,'IN300011'),(5,9,'IN9'),(4,10,'IN10')");
-    Client client = NewClient("C1");
-    QVERIFY(!test::Save(Book(), client));
-    QCOMPARE(Book().Load(client.id)->accounts[0].dp_id_text, "IN300011");
   }
 
   void DeleteReachesEveryTableKeyedByTheClient() {
@@ -265,7 +196,8 @@ class ClientBookTest : public test::DatabaseTest {
         ->Execute(
             "Create Table ZRefers (Id int, Owner int, Foreign Key (Owner) References ZLast(Cid))");
     (*database_)->Execute("Insert Into ZRefers Values(1,?)", client);
-    QVERIFY(!Documents().Put(client, Write("sign.txt", "sign")));
+    auto incoming = Documents().Receive(Write("sign.txt", "sign"));
+    Documents().Place(client, std::move(*incoming));
     const QStringList before = Everything();
     QVERIFY_EXCEPTION_THROWN(Book().Delete(client), database::DatabaseError);
     QCOMPARE(Everything(), before);
@@ -300,9 +232,9 @@ class ClientBookTest : public test::DatabaseTest {
     const QStringList before = Everything();
     Client changed = client;
     changed.code = QStringLiteral("C2");
-    QCOMPARE(TextOfRefusal(test::Save(Book(), changed, Write("new.txt", "second"))), kTaken);
+    QCOMPARE(TextOf(test::Save(Book(), changed, Write("new.txt", "second"))), kTaken);
     QCOMPARE(changed.document, "sign.txt");
-    QCOMPARE(TextOfRefusal(test::Save(Book(), client, folder_->filePath("vanished.txt"))),
+    QCOMPARE(TextOf(test::Save(Book(), client, folder_->filePath("vanished.txt"))),
              "File does not Exist.");
     QCOMPARE(client.document, "sign.txt");
     QCOMPARE(Everything(), before);
@@ -318,10 +250,10 @@ class ClientBookTest : public test::DatabaseTest {
     Client other = NewClient("C2", {"2001"});
     QVERIFY(!test::Save(Book(), other, Write("sign.txt", "other's")));
     client.document = name;
-    QCOMPARE(TextOfRefusal(test::Save(Book(), client)), "File does not Exist.");
+    QCOMPARE(TextOf(test::Save(Book(), client)), "File does not Exist.");
     Client fresh = NewClient("C3");
     fresh.document = name;
-    QCOMPARE(TextOfRefusal(test::Save(Book(), fresh)), "File does not Exist.");
+    QCOMPARE(TextOf(test::Save(Book(), fresh)), "File does not Exist.");
     QCOMPARE(Book().List().size(), std::size_t{2});
   }
 
@@ -352,59 +284,43 @@ class ClientBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleIsNamed_data() {
-    const test::Cases<QString, Field, Edit> cases("text", "field", "edit");
-    cases.Add("complete", "accepted", Field::kNone, [](Client&) {});
-    cases.Add("nothing at all", "Enter Client Code.", Field::kCode, [](Client& c) { c = {}; });
-    cases.Add("name and accounts", "Enter Client Name.", Field::kName, [](Client& c) {
+    const test::Table<QString, Field, Edit> row;
+    row("complete", "accepted", Field::kNone, [](Client&) {});
+    row("nothing at all", "Enter Client Code.", Field::kCode, [](Client& c) { c = {}; });
+    row("name and accounts", "Enter Client Name.", Field::kName, [](Client& c) {
       c.name.clear();
       c.accounts.clear();
     });
-    cases.Add("no account", "Enter Demat A/c Details.", Field::kAccounts,
-              [](Client& c) { c.accounts.clear(); });
-    cases.Add("account without a number", "Enter Demat A/c Details.", Field::kAccounts,
-              [](Client& c) {
-                c.accounts[0].number = " ";
-                c.accounts[0].participant = ParticipantId{1};
-                c.pan = "X";
-              });
-    cases.Add("one account of two", "accepted", Field::kNone,
-              [](Client& c) { c.accounts.insert(c.accounts.begin(), Account{}); });
-    cases.Add("day that is none", "Enter Proper Date.", Field::kDateOfBirth, [](Client& c) {
+    row("no account", "Enter Demat A/c Details.", Field::kAccounts,
+        [](Client& c) { c.accounts.clear(); });
+    row("account without a number", "Enter Demat A/c Details.", Field::kAccounts, [](Client& c) {
+      c.accounts[0].number = " ";
+      c.accounts[0].participant = ParticipantId{1};
+      c.pan = "X";
+    });
+    row("one account of two", "accepted", Field::kNone,
+        [](Client& c) { c.accounts.insert(c.accounts.begin(), Account{}); });
+    row("day that is none", "Enter Proper Date.", Field::kDateOfBirth, [](Client& c) {
       c.date_of_birth = "30/02/1970";
       c.pan = "X";
     });
-    cases.Add("small letters in the number", "Enter Proper PAN.", Field::kPan,
-              [](Client& c) { c.pan = "abcpe1234f"; });
-    cases.Add("number that only warns", "accepted", Field::kNone,
-              [](Client& c) { c.pan = "ABCXE1234F"; });
-    cases.Add("long account number",
-              "Demat A/c No. is too Long. At Most 100 Characters are Allowed.", Field::kAccounts,
-              [](Client& c) { c.accounts[0].number = QString(101, QChar('9')); });
-    cases.Add("long PIN", "PIN is too Long. At Most 10 Characters are Allowed.", Field::kPin,
-              [](Client& c) { c.contact.pin = "12345678901"; });
+    row("small letters in the number", "Enter Proper PAN.", Field::kPan,
+        [](Client& c) { c.pan = "abcpe1234f"; });
+    row("number that only warns", "accepted", Field::kNone,
+        [](Client& c) { c.pan = "ABCXE1234F"; });
+    row("long account number", "Demat A/c No. is too Long. At Most 100 Characters are Allowed.",
+        Field::kAccounts, [](Client& c) { c.accounts[0].number = QString(101, QChar('9')); });
+    row("long PIN", "PIN is too Long. At Most 10 Characters are Allowed.", Field::kPin,
+        [](Client& c) { c.contact.pin = "12345678901"; });
   }
-
   void FirstBrokenRuleIsNamed() {
-    QFETCH(const Edit, edit);
+    const auto [text, field, edit] = test::Table<QString, Field, Edit>::Row();
     Client client = Complete();
     edit(client);
     MaybeRefusal refusal = CheckEntries(client);
     refusal = refusal ? refusal : CheckValues(client, {});
-    QTEST(test::TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
-  }
-
-  void UnchangedValuesOfAnOlderRecordStopNoSave() {
-    Client stored = Complete();
-    stored.date_of_birth = QStringLiteral("00/00/0000");
-    stored.pan = QStringLiteral("A1");
-    Client client = stored;
-    QCOMPARE(test::TextOfRefusal(CheckValues(client, stored)), "accepted");
-    client.date_of_birth = QStringLiteral("00/00/0001");
-    QCOMPARE(test::FieldOfRefusal(CheckValues(client, stored)), Field::kDateOfBirth);
-    client.date_of_birth.clear();
-    client.pan = QStringLiteral("A2");
-    QCOMPARE(test::FieldOfRefusal(CheckValues(client, stored)), Field::kPan);
+    QCOMPARE(test::TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
   }
 
  private:
@@ -426,8 +342,7 @@ class ClientBookTest : public test::DatabaseTest {
   }
 
   QByteArray Stored(const Client& client) const {
-    QFile file(Documents().Path(client.id, client.document).value_or(QString()));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing");
+    return test::ReadFile(Documents().Path(client.id, client.document).value_or(QString()));
   }
 
   QStringList Accounts() {
@@ -439,5 +354,4 @@ class ClientBookTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<ClientBookTest> kRegistered;
-
 #include "ClientBookTest.moc"

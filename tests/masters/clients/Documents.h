@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/Files.h"
+
 #include <QByteArray>
-#include <QFile>
 #include <QList>
 #include <QString>
 #include <QtEndian>
@@ -11,14 +12,6 @@
 #include <vector>
 
 namespace quorvane::test {
-
-inline QString WriteFile(const QString& path, const QByteArray& bytes) {
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-    throw std::runtime_error("cannot write " + path.toStdString());
-  }
-  return path;
-}
 
 template <class Number>
 void PutNumber(QByteArray& bytes, qsizetype at, Number number) {

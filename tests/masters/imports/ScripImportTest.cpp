@@ -1,11 +1,6 @@
-#include "masters/Records.h"
 #include "masters/imports/ScripImport.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
 #include "support/StopAfter.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::imports;
@@ -41,48 +36,45 @@ class ScripImportTest : public test::DatabaseTest {
   }
 
   void FileChangesAndAddsScrips_data() {
-    const test::Cases<PriceFile, QStringList, QList<int>> cases("file", "scrips", "counts");
-    cases.Add("own list: name, class, type and second code are the file's",
-              FileOf(Exchange::kOwn, {{.code = "500325",
-                                       .symbol = "",
-                                       .name = "O'REL",
-                                       .scrip_class = "b",
-                                       .type = "EQUITY"},
-                                      {.code = "500209",
-                                       .symbol = "INFY",
-                                       .name = "INFOSYS",
-                                       .scrip_class = "a",
-                                       .type = "equity"},
-                                      {.code = "512345",
-                                       .symbol = "NEW",
-                                       .name = "New",
-                                       .scrip_class = "B",
-                                       .type = "DEBENTURE"}}),
-              QStringList({"7|500325|O'REL|Equity|b|", "9|500209|INFOSYS|Equity|A|INFY",
-                           "10|512345|New|DEBENTURE|b|NEW"}),
-              QList<int>{1, 1, 1});
-    cases.Add(
-        "Bombay file: the second code stays",
+    const test::Table<PriceFile, QStringList, QList<int>> row;
+    row("own list: name, class, type and second code are the file's",
+        FileOf(Exchange::kOwn, {{.code = "500325",
+                                 .symbol = "",
+                                 .name = "O'REL",
+                                 .scrip_class = "b",
+                                 .type = "EQUITY"},
+                                {.code = "500209",
+                                 .symbol = "INFY",
+                                 .name = "INFOSYS",
+                                 .scrip_class = "a",
+                                 .type = "equity"},
+                                {.code = "512345",
+                                 .symbol = "NEW",
+                                 .name = "New",
+                                 .scrip_class = "B",
+                                 .type = "DEBENTURE"}}),
+        QStringList({"7|500325|O'REL|Equity|b|", "9|500209|INFOSYS|Equity|A|INFY",
+                     "10|512345|New|DEBENTURE|b|NEW"}),
+        QList<int>{1, 1, 1});
+    row("Bombay file: the second code stays",
         FileOf(Exchange::kBse,
                {{.code = "500325", .name = "RELIANCE INDS", .scrip_class = "T", .type = ""}}),
         QStringList({"7|500325|RELIANCE INDS|Equity|T|RELIANCE", "9|500209|INFOSYS|Equity|A|INFY"}),
         QList<int>{0, 1, 0});
-    cases.Add("National file: found by the second code, the class stays",
-              FileOf(Exchange::kNse, {{.symbol = "infy", .scrip_class = "EQ"},
-                                      {.symbol = "RELIANCE", .scrip_class = "EQ"},
-                                      {.symbol = "ZEEL", .scrip_class = "EQ"}}),
-              QStringList({"7|500325|RELIANCE|Equity|A|RELIANCE", "9|500209|INFOSYS|Equity|A|infy",
-                           "10|ZEEL|ZEEL|Equity|EQ|ZEEL"}),
-              QList<int>{1, 1, 1});
+    row("National file: found by the second code, the class stays",
+        FileOf(Exchange::kNse, {{.symbol = "infy", .scrip_class = "EQ"},
+                                {.symbol = "RELIANCE", .scrip_class = "EQ"},
+                                {.symbol = "ZEEL", .scrip_class = "EQ"}}),
+        QStringList({"7|500325|RELIANCE|Equity|A|RELIANCE", "9|500209|INFOSYS|Equity|A|infy",
+                     "10|ZEEL|ZEEL|Equity|EQ|ZEEL"}),
+        QList<int>{1, 1, 1});
   }
-
   void FileChangesAndAddsScrips() {
-    QFETCH(const PriceFile, file);
-    QFETCH(const QList<int>, counts);
+    const auto [file, scrips, counts] = test::Table<PriceFile, QStringList, QList<int>>::Row();
     Progress progress;
     const ImportCounts got = ImportScrips(**database_, file, progress);
     QCOMPARE(QList<int>({int(got.added), int(got.changed), int(got.unchanged)}), counts);
-    QTEST(Scrips(), "scrips");
+    QCOMPARE(Scrips(), scrips);
     const ImportCounts again = ImportScrips(**database_, file, progress);
     QCOMPARE(again.added + again.changed, std::size_t{0});
     QCOMPARE(test::Rows(**database_, "Select Count(*) From ScriptType Where Type='EQUITY'"),
@@ -91,7 +83,7 @@ class ScripImportTest : public test::DatabaseTest {
 
   // The lists of both exchanges meet by ISIN, in either order, also when the codes share none.
   void ListsOfBothExchangesMeetInOneScrip_data() {
-    const test::Cases<PriceFile, PriceFile, QStringList> cases("first", "second", "scrips");
+    const test::Table<PriceFile, PriceFile, QStringList> row;
     PriceFile bombay =
         FileOf(Exchange::kBse,
                {{.code = "532540",
@@ -111,26 +103,24 @@ class ScripImportTest : public test::DatabaseTest {
                                                   .series_type = "BOND",
                                                   .isin = "IN0020200120"}});
     national.has_names = true;
-    cases.Add("Bombay first", bombay, national,
-              QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
-                           "SGBAUG28|Gold Bond|SGBAUG28|BOND"}));
-    cases.Add("National first", national, bombay,
-              QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
-                           "SGBAUG28|Gold Bond|SGBAUG28|BOND"}));
+    row("Bombay first", bombay, national,
+        QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
+                     "SGBAUG28|Gold Bond|SGBAUG28|BOND"}));
+    row("National first", national, bombay,
+        QStringList({"532540|TCS LTD|TCS|Equity", "890144|TCS PP||Equity",
+                     "SGBAUG28|Gold Bond|SGBAUG28|BOND"}));
   }
-
   void ListsOfBothExchangesMeetInOneScrip() {
-    QFETCH(const PriceFile, first);
-    QFETCH(const PriceFile, second);
+    const auto [first, second, scrips] = test::Table<PriceFile, PriceFile, QStringList>::Row();
     test::Empty(**database_, {"Script", "ScripIsin"});
     Progress progress;
     ImportScrips(**database_, first, progress);
     ImportScrips(**database_, second, progress);
     QCOMPARE(ImportScrips(**database_, first, progress).unchanged, std::size_t{2});
-    QTEST(test::Rows(**database_,
-                     "Select S.Code,S.Name,S.NCode,T.Type From Script S Join ScriptType T On "
-                     "T.Id=S.Type Order By S.Code"),
-          "scrips");
+    QCOMPARE(test::Rows(**database_,
+                        "Select S.Code,S.Name,S.NCode,T.Type From Script S Join ScriptType T On "
+                        "T.Id=S.Type Order By S.Code"),
+             scrips);
   }
 
   void CancelledImportChangesNothing() {
@@ -156,5 +146,4 @@ class ScripImportTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<ScripImportTest> kRegistered;
-
 #include "ScripImportTest.moc"

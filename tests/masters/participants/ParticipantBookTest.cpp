@@ -1,14 +1,9 @@
-#include "masters/Records.h"
 #include "masters/participants/ParticipantBook.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::participants;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -52,24 +47,22 @@ class ParticipantBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleChangesNothing_data() {
-    const test::Cases<QString, QString, QString, Field> cases("name", "dp_id", "text", "field");
+    const test::Table<QString, QString, QString, Field> row;
     const QString long_id(101, QChar('1'));
-    cases.Add("no name", "", long_id, "Enter Name.", Field::kName);
-    cases.Add("long DP id", "NAME", long_id,
-              "DP Id is too Long. At Most 100 Characters are Allowed.", Field::kDpIds);
+    row("no name", "", long_id, "Enter Name.", Field::kName);
+    row("long DP id", "NAME", long_id, "DP Id is too Long. At Most 100 Characters are Allowed.",
+        Field::kDpIds);
   }
-
   void FirstBrokenRuleChangesNothing() {
-    QFETCH(const QString, name);
-    QFETCH(const QString, dp_id);
+    const auto [name, dp_id, text, field] = test::Table<QString, QString, QString, Field>::Row();
     Participant stored = NewParticipant("STORED", {"IN1"});
     QVERIFY(!test::Save(Book(), stored));
     const QStringList before = test::Contents(**database_, {"DepPart", "DpIDs"});
     Participant participant = NewParticipant(name, {dp_id});
     participant.id = stored.id;
     const MaybeRefusal refusal = test::Save(Book(), participant);
-    QTEST(TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
     QCOMPARE(test::Contents(**database_, {"DepPart", "DpIDs"}), before);
   }
 
@@ -88,14 +81,6 @@ class ParticipantBookTest : public test::DatabaseTest {
     QVERIFY(!test::Save(Book(), first));
     QCOMPARE(first.id.value, 1);
     QCOMPARE(DpIds(), QStringList({"1|1|A", "1|3|C/1", "1|5|D", "2|4|A"}));
-  }
-
-  void RemovedDpIdsNumberIsNotGivenToOneAddedInTheSameSave() {
-    Participant participant = NewParticipant("FIRST", {"A", "B"});
-    QVERIFY(!test::Save(Book(), participant));
-    participant.dp_ids.back() = {{}, "C"};
-    QVERIFY(!test::Save(Book(), participant));
-    QCOMPARE(DpIds(), QStringList({"1|1|A", "1|3|C"}));
   }
 
   void DeleteLeavesClientsAccounts() {
@@ -117,5 +102,4 @@ class ParticipantBookTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<ParticipantBookTest> kRegistered;
-
 #include "ParticipantBookTest.moc"

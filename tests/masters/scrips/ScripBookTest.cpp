@@ -1,16 +1,9 @@
-#include "masters/Records.h"
 #include "masters/scrips/ScripBook.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTest>
-
-#include <functional>
 
 using namespace quorvane;
 using namespace quorvane::scrips;
-using test::TextOfRefusal;
+using test::TextOf;
 
 namespace {
 
@@ -36,27 +29,24 @@ class ScripBookTest : public test::DatabaseTest {
   }
 
   void FirstBrokenRuleIsNamed_data() {
-    const test::Cases<QString, Field, Edit> cases("text", "field", "edit");
-    cases.Add("complete", "accepted", Field::kNone, [](Scrip&) {});
-    cases.Add("nothing at all", "Enter Script Code.", Field::kCode, [](Scrip& s) { s = {}; });
-    cases.Add("code only", "Enter Script Name.", Field::kName,
-              [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
-    cases.Add("no type, no class", "Select Script Type.", Field::kType,
-              [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
-    cases.Add("no class", "Select Script Class.", Field::kClass,
-              [](Scrip& s) { s.scrip_class = 0; });
-    cases.Add("long second code",
-              "Second Script Code is too Long. At Most 255 Characters are Allowed.",
-              Field::kSecondCode, [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
+    const test::Table<QString, Field, Edit> row;
+    row("complete", "accepted", Field::kNone, [](Scrip&) {});
+    row("nothing at all", "Enter Script Code.", Field::kCode, [](Scrip& s) { s = {}; });
+    row("code only", "Enter Script Name.", Field::kName,
+        [](Scrip& s) { s = {{}, s.code, " ", {}, 0, 0}; });
+    row("no type, no class", "Select Script Type.", Field::kType,
+        [](Scrip& s) { s = {{}, s.code, s.name, {}, 0, 0}; });
+    row("no class", "Select Script Class.", Field::kClass, [](Scrip& s) { s.scrip_class = 0; });
+    row("long second code", "Second Script Code is too Long. At Most 255 Characters are Allowed.",
+        Field::kSecondCode, [](Scrip& s) { s.second_code = QString(256, QChar('X')); });
   }
-
   void FirstBrokenRuleIsNamed() {
-    QFETCH(const Edit, edit);
+    const auto [text, field, edit] = test::Table<QString, Field, Edit>::Row();
     Scrip scrip = NewScrip("500325");
     edit(scrip);
     const MaybeRefusal refusal = test::Save(Book(), scrip);
-    QTEST(TextOfRefusal(refusal), "text");
-    QTEST(test::FieldOfRefusal(refusal), "field");
+    QCOMPARE(TextOf(refusal), text);
+    QCOMPARE(test::FieldOf(refusal), field);
     QCOMPARE(Book().List().size(), refusal ? std::size_t{0} : std::size_t{1});
   }
 
@@ -79,22 +69,14 @@ class ScripBookTest : public test::DatabaseTest {
     QVERIFY(!test::Save(Book(), second));
     const QStringList before = test::Contents(**database_, {"Script"});
     Scrip fresh = NewScrip("o'n ");
-    QCOMPARE(TextOfRefusal(test::Save(Book(), fresh)), kTaken);
+    QCOMPARE(TextOf(test::Save(Book(), fresh)), kTaken);
     second.code = QStringLiteral("O'N");
-    QCOMPARE(TextOfRefusal(test::Save(Book(), second)), kTaken);
+    QCOMPARE(TextOf(test::Save(Book(), second)), kTaken);
     QCOMPARE(test::Contents(**database_, {"Script"}), before);
     first.name = QStringLiteral("UNDER ITS OWN CODE");
     QVERIFY(!test::Save(Book(), first));
     QCOMPARE(first.id.value, 1);
     QCOMPARE(Book().Load(first.id)->name, first.name);
-  }
-
-  void ScripOfAnOlderReleaseReadsWithoutASecondCode() {
-    const ScripId id = database_->AddScrip("500325", "RELIANCE");
-    QCOMPARE(Book().Load(id)->second_code, QString());
-    (*database_)->Execute("Insert Into Script(Id,NCode) Values(9,Null)");
-    QCOMPARE(Book().Load(ScripId{9})->code, QString());
-    QCOMPARE(Book().Load(ScripId{9})->type, 0);
   }
 
   // Bill 1 holds both scrips, bill 2 the first one, bill 3 of another year and bill 4 of another
@@ -151,5 +133,4 @@ class ScripBookTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<ScripBookTest> kRegistered;
-
 #include "ScripBookTest.moc"

@@ -1,13 +1,10 @@
 #include "reporting/output/WriteReport.h"
-#include "support/Cases.h"
+#include "support/Files.h"
 #include "support/StopAfter.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::reporting;
@@ -120,14 +117,12 @@ class PagesTest : public QObject {
   }
 
   void WideTablesLieOnTheirSide_data() {
-    const test::Cases<int, bool> cases("columns", "landscape");
-    cases.Add("few columns", 5, false);
-    cases.Add("more than any page has", 60, true);
+    const test::Table<int, bool> row;
+    row("few columns", 5, false);
+    row("more than any page has", 60, true);
   }
-
   void WideTablesLieOnTheirSide() {
-    QFETCH(int, columns);
-    QFETCH(bool, landscape);
+    const auto [columns, landscape] = test::Table<int, bool>::Row();
     ReportDocument document{{"Wide"}, {}};
     Table& table = document.tables.emplace_back();
     Row row;
@@ -139,9 +134,8 @@ class PagesTest : public QObject {
     const QTemporaryDir folder;
     Progress progress;
     WriteReport(document, OutputFormat::kPdf, folder.filePath("wide.pdf"), progress);
-    QFile file(folder.filePath("wide.pdf"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll().contains("/MediaBox [ 0 0 841.8"), landscape);
+    QCOMPARE(test::ReadFile(folder.filePath("wide.pdf")).contains("/MediaBox [ 0 0 841.8"),
+             landscape);
     const QStringList page = PagesOf(document).first();
     QVERIFY(page.join(' ').contains(QString::number(1234567.25 + columns - 1, 'f', 2)));
   }
@@ -161,25 +155,20 @@ class PagesTest : public QObject {
   }
 
   void StoppedOrFailedWritingLeavesTheOldFile_data() {
-    const test::Cases<OutputFormat> cases("format");
+    const test::Table<OutputFormat> row;
     for (const OutputFormat format :
          {OutputFormat::kPdf, OutputFormat::kXlsx, OutputFormat::kRtf, OutputFormat::kCsv}) {
-      cases.Add(EntryOf(format).name, format);
+      row(EntryOf(format).name, format);
     }
   }
-
   void StoppedOrFailedWritingLeavesTheOldFile() {
-    QFETCH(OutputFormat, format);
+    const auto [format] = test::Table<OutputFormat>::Row();
     const QTemporaryDir folder;
-    const QString path = folder.filePath("report");
-    QFile old(path);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("older");
-    old.close();
+    const QString path = test::WriteFile(folder.filePath("report"), "older");
     test::StopAfter stopped(0);
     QVERIFY_EXCEPTION_THROWN(WriteReport(Groups(400, 9), format, path, stopped), Cancellation);
-    QVERIFY(old.open(QIODevice::ReadOnly));
-    QCOMPARE(old.readAll(), QByteArray("older"));
+    QVERIFY2(stopped.Done() < 4000, "all lines were written first");
+    QCOMPARE(test::ReadFile(path), QByteArray("older"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     Progress progress;
     QVERIFY_EXCEPTION_THROWN(
@@ -188,20 +177,17 @@ class PagesTest : public QObject {
   }
 
   void FileNamesLeadNowhereElse_data() {
-    const test::Cases<QStringList, QString> cases("words", "stem");
-    cases.Add("words", QStringList{"Broker Ledger", " A & B ", "2011-12"},
-              "Broker Ledger A & B 2011-12");
-    cases.Add("separators", QStringList{"../a\\b:c"}, "_.._a_b_c");
-    cases.Add("nothing", QStringList{}, "_");
-    cases.Add("dots", QStringList{".."}, "_");
+    const test::Table<QStringList, QString> row;
+    row("words", QStringList{"Broker Ledger", " A & B ", "2011-12"}, "Broker Ledger A & B 2011-12");
+    row("separators", QStringList{"../a\\b:c"}, "_.._a_b_c");
+    row("nothing", QStringList{}, "_");
+    row("dots", QStringList{".."}, "_");
   }
-
   void FileNamesLeadNowhereElse() {
-    QFETCH(QStringList, words);
-    QTEST(FileStem(words), "stem");
+    const auto [words, stem] = test::Table<QStringList, QString>::Row();
+    QCOMPARE(FileStem(words), stem);
   }
 };
 
 static const test::RegisterTest<PagesTest> kRegistered;
-
 #include "PagesTest.moc"

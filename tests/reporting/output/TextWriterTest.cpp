@@ -1,8 +1,5 @@
 #include "reporting/output/WriteReport.h"
-#include "support/Cases.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 using namespace quorvane::reporting;
 
@@ -47,22 +44,21 @@ class TextWriterTest : public QObject {
   }
 
   void SpreadsheetComputesNoTextOfACsv_data() {
-    const quorvane::test::Cases<QString> cases("written");
+    const quorvane::test::Table<QString> row;
     for (const char* text : {"ITC LTD", "-", "--", "-12.50", "A=B", "1001", "O'BRIEN"}) {
-      cases.Add(text, text);
+      row(text, text);
     }
-    cases.Add("+1,234", "\"+1,234\"");
-    cases.Add("=1+1", "'=1+1");
-    cases.Add("@SUM(A1)", "'@SUM(A1)");
-    cases.Add("-2+3", "'-2+3");
-    cases.Add("+cmd|x", "'+cmd|x");
-    cases.Add("\tA", "'\tA");
-    cases.Add(" \"=A1,2", "\"' \"\"=A1,2\"");
+    row("+1,234", "\"+1,234\"");
+    row("=1+1", "'=1+1");
+    row("@SUM(A1)", "'@SUM(A1)");
+    row("-2+3", "'-2+3");
+    row("+cmd|x", "'+cmd|x");
+    row("\tA", "'\tA");
+    row(" \"=A1,2", "\"' \"\"=A1,2\"");
   }
-
   void SpreadsheetComputesNoTextOfACsv() {
     const QString text = QTest::currentDataTag();
-    QFETCH(const QString, written);
+    const auto [written] = quorvane::test::Table<QString>::Row();
     Table table;
     table.columns = {TextColumn("Name"), AmountColumn("Amount")};
     table.rows = {{.kind = RowKind::kGroup, .cells = {text}},
@@ -73,5 +69,4 @@ class TextWriterTest : public QObject {
 };
 
 static const quorvane::test::RegisterTest<TextWriterTest> kRegistered;
-
 #include "TextWriterTest.moc"

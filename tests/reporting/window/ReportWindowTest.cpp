@@ -1,11 +1,6 @@
 #include "reporting/window/ReportWindow.h"
-#include "support/Cases.h"
 #include "support/RecordingMessages.h"
-#include "support/TestMain.h"
-
-#include <QTest>
-
-#include <functional>
+#include "support/Test.h"
 
 using namespace quorvane;
 using namespace quorvane::reporting;
@@ -83,24 +78,24 @@ class ReportWindowTest : public QObject {
 
   // The key comes while the date is still under entry.
   void PrintKeySettlesTheDateUnderEntry_data() {
-    const test::Cases<QString, QStringList, QStringList> cases("typed", "printed", "said");
-    cases.Add("can be completed", "1.5.11", QStringList("01/05/2011\t31/03/2012"), QStringList());
-    cases.Add("is no date", "99", QStringList(), QStringList("Enter Proper Date."));
+    const test::Table<QString, QStringList, QStringList> row;
+    row("can be completed", "1.5.11", QStringList("01/05/2011\t31/03/2012"), QStringList());
+    row("is no date", "99", QStringList(), QStringList("Enter Proper Date."));
   }
   void PrintKeySettlesTheDateUnderEntry() {
-    QFETCH(QString, typed);
-    QStringList printed;
+    const auto [typed, printed, said] = test::Table<QString, QStringList, QStringList>::Row();
+    QStringList rows;
     desk_.show_report = [&](const ReportDocument& document, QWidget*) {
       const Table& table = document.tables.front();
-      printed << CellText(table.rows.front().cells[0], table.columns[0].mask) + '\t' +
-                     CellText(table.rows.front().cells[1], table.columns[1].mask);
+      rows << CellText(table.rows.front().cells[0], table.columns[0].mask) + '\t' +
+                  CellText(table.rows.front().cells[1], table.columns[1].mask);
     };
     Box("Text1_0")->setFocus();
     Box("Text1_0")->selectAll();
     QTest::keyClicks(Box("Text1_0"), typed);
     QTest::keyClick(Box("Text1_0"), Qt::Key_P, Qt::ControlModifier);
-    QTEST(printed, "printed");
-    QTEST(messages_.Texts(), "said");
+    QCOMPARE(rows, printed);
+    QCOMPARE(messages_.Texts(), said);
     QCOMPARE(Box("Text1_0")->hasFocus(), printed.isEmpty());
     QCOMPARE(Box("Text1_0")->hasSelectedText(), printed.isEmpty());
   }
@@ -139,5 +134,4 @@ class ReportWindowTest : public QObject {
 };
 
 static const test::RegisterTest<ReportWindowTest> kRegistered;
-
 #include "ReportWindowTest.moc"

@@ -1,12 +1,8 @@
 #include "reports/broker_ledger/BrokerLedger.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
-
-#include <QTest>
+#include "support/DatabaseTest.h"
 
 using namespace quorvane;
 using namespace quorvane::broker_ledger;
-using test::Desk;
 
 namespace {
 
@@ -16,7 +12,7 @@ text::Date Day(const QString& dmy) {
 
 }  // namespace
 
-class BrokerLedgerTest : public QObject {
+class BrokerLedgerTest : public test::DeskTest {
   Q_OBJECT
 
   void Bill(int id, BrokerId broker, const char* date, double total) {
@@ -61,15 +57,8 @@ class BrokerLedgerTest : public QObject {
 
  private Q_SLOTS:
   void initTestCase() {
-    desk_ = std::make_unique<Desk>();
+    desk_.emplace();
     other_broker_ = desk_->database.AddBroker(QStringLiteral("ABLE"));
-  }
-  void cleanupTestCase() { desk_.reset(); }
-  void cleanup() {
-    for (const char* table : {"BrOpBal", "BrPayment", "BrRec", "SPMaster"}) {
-      desk_->Connection().Execute(fmt::format("Delete From {}", table));
-    }
-    desk_->Connection().Execute("Update RecordKey Set LastKey=0");
   }
 
   // 1000.00 Cr, bill 250.50 Dr: 749.50 Cr; on 31/03 bill -40 is 40 Cr: 789.50 Cr; payment 800 Dr:
@@ -120,10 +109,8 @@ class BrokerLedgerTest : public QObject {
   }
 
  private:
-  std::unique_ptr<Desk> desk_;
   BrokerId other_broker_;
 };
 
 static const test::RegisterTest<BrokerLedgerTest> kRegistered;
-
 #include "BrokerLedgerTest.moc"

@@ -2,8 +2,7 @@
 #include "reports/Sample.h"
 #include "reports/demat/DematStatement.h"
 #include "reports/demat/Movements.h"
-#include "support/Cases.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <cmath>
 #include <map>
@@ -32,24 +31,22 @@ class DematStatementTest : public QObject {
 
  private Q_SLOTS:
   void MovementsAreListedByDate_data() {
-    const test::Cases<QString, QString, QStringList> cases("from", "to", "lines");
+    const test::Table<QString, QString, QStringList> row;
     const QString bill = "1001,500325,15/06/2011,purchase_and_sale,(P & S) - LOTUS,22,8,";
     const QString to = "1001,500325,15/06/2011,transfer_to,Transfer To - 2001,,6,";
     const QString from = "1001,500325,20/06/2011,transfer_from,Transfer From - 2001,2,,23";
     const QString infosys = "1001,500209,15/06/2011,purchase,(P) - LOTUS,4,,4";
-    cases.Add(
-        "the year", "01/04/2011", "31/03/2012",
+    row("the year", "01/04/2011", "31/03/2012",
         QStringList{infosys, "1001,500325,10/02/2010,opening,Opening Balance,5,,5",
                     "1001,500325,05/01/2011,opening,Opening Balance,13,,18",
                     "1001,500325,01/06/2011,sale,(S) - AMBER,,5,13", bill + "27", to + "21", from});
-    cases.Add("from the day of a bill", "01/06/2011", "14/06/2011",
-              QStringList{"1001,500325,01/06/2011,opening,Opening Balance,18,,18",
-                          "1001,500325,01/06/2011,sale,(S) - AMBER,,5,13"});
-    cases.Add("after all of it", "01/07/2011", "31/07/2011",
-              QStringList{"1001,500209,01/07/2011,opening,Opening Balance,4,,4",
-                          "1001,500325,01/07/2011,opening,Opening Balance,23,,23"});
+    row("from the day of a bill", "01/06/2011", "14/06/2011",
+        QStringList{"1001,500325,01/06/2011,opening,Opening Balance,18,,18",
+                    "1001,500325,01/06/2011,sale,(S) - AMBER,,5,13"});
+    row("after all of it", "01/07/2011", "31/07/2011",
+        QStringList{"1001,500209,01/07/2011,opening,Opening Balance,4,,4",
+                    "1001,500325,01/07/2011,opening,Opening Balance,23,,23"});
   }
-
   void MovementsAreListedByDate() {
     test::MovementDesk desk;
     desk.AddOpening(desk.reliance, 10, "05/01/2011");
@@ -64,11 +61,10 @@ class DematStatementTest : public QObject {
     desk.AddLine(7, true, desk.reliance, 2);
     desk.AddBill(9, "01/06/2011", desk.first, desk.amber);
     desk.AddLine(9, false, desk.reliance, 5);
-    QFETCH(QString, from);
-    QFETCH(QString, to);
-    QTEST(Lines(*desk.database,
-                {desk.client, desk.year, {*text::ParseDmy(from), *text::ParseDmy(to)}, {}, {}}),
-          "lines");
+    const auto [from, to, lines] = test::Table<QString, QString, QStringList>::Row();
+    QCOMPARE(Lines(*desk.database,
+                   {desk.client, desk.year, {*text::ParseDmy(from), *text::ParseDmy(to)}, {}, {}}),
+             lines);
   }
 
   void AccountsByThemselvesGiveTheirOwnLines() {
@@ -173,5 +169,4 @@ class DematStatementTest : public QObject {
 };
 
 static const test::RegisterTest<DematStatementTest> kRegistered;
-
 #include "DematStatementTest.moc"

@@ -2,9 +2,6 @@
 #include "reports/Sample.h"
 #include "reports/profit/ProfitDocument.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QTest>
 
 #include <array>
 #include <map>
@@ -101,27 +98,6 @@ class ProfitDocumentTest : public test::DatabaseTest {
     }
   }
 
-  void SummaryAndDetailEndWithTheSameGains() {
-    const ProfitQuery query = Whole(2012);
-    for (const auto& [client, rows] : Build(query)) {
-      const auto last_row = [&](Layout layout) {
-        return MakeProfitDocument(StatementMode::kProfit, layout, query, client, rows, *directory_)
-            .tables.front()
-            .rows.back();
-      };
-      const reporting::Row detail = last_row(Layout::kDetail);
-      const reporting::Row summary = last_row(Layout::kSummary);
-      QCOMPARE(summary.kind, reporting::RowKind::kNetTotal);
-      std::int64_t gains = 0;
-      for (std::size_t i = 0; i < 3; ++i) {
-        QCOMPARE(PaiseOf(summary.cells[9 + i]), PaiseOf(detail.cells[9 + i]));
-        gains += PaiseOf(detail.cells[9 + i]);
-      }
-      constexpr std::size_t kProfitLoss = 8;
-      QCOMPARE(PaiseOf(summary.cells[kProfitLoss]), gains);
-    }
-  }
-
  private:
   std::unique_ptr<lookups::Directory> directory_;
 
@@ -141,5 +117,4 @@ class ProfitDocumentTest : public test::DatabaseTest {
 };
 
 static const quorvane::test::RegisterTest<ProfitDocumentTest> kRegistered;
-
 #include "ProfitDocumentTest.moc"

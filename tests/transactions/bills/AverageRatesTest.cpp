@@ -1,19 +1,15 @@
 #include "core/gains/AverageCost.h"
 #include "core/text/Amounts.h"
-#include "support/Cases.h"
 #include "support/Desk.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "transactions/bills/AverageRates.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/HeldLots.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
-#include <QTest>
-
 using namespace quorvane;
 using namespace quorvane::bills;
 using test::Desk;
-using test::Exact;
 
 namespace {
 
@@ -67,17 +63,17 @@ class AverageRatesTest : public QObject {
  private Q_SLOTS:
   void WalkKeepsTheAverageOfWhatIsHeld_data() {
     // quantity@average
-    const test::Cases<Steps, QString> cases("steps", "result");
-    cases.Add("a purchase after a sale weighs what is left",
-              Steps{{10, 1000}, {30, 6000}, {20, {}}, {20, 5500}}, "40@225");
-    cases.Add("an empty holding starts again", Steps{{10, 1000}, {10, {}}, {5, 1500}}, "5@300");
-    cases.Add("emptied in parts whose sum is not exact",
-              Steps{{0.3, 30}, {0.1, {}}, {0.1, {}}, {0.1, {}}, {1, 7}}, "1@7");
-    cases.Add("sold before it was bought", Steps{{10, {}}, {10, 1000}}, "10@100");
-    cases.Add("an opening without shares", Steps{{0, 500}, {10, 1000}}, "10@100");
+    const test::Table<Steps, QString> row;
+    row("a purchase after a sale weighs what is left",
+        Steps{{10, 1000}, {30, 6000}, {20, {}}, {20, 5500}}, "40@225");
+    row("an empty holding starts again", Steps{{10, 1000}, {10, {}}, {5, 1500}}, "5@300");
+    row("emptied in parts whose sum is not exact",
+        Steps{{0.3, 30}, {0.1, {}}, {0.1, {}}, {0.1, {}}, {1, 7}}, "1@7");
+    row("sold before it was bought", Steps{{10, {}}, {10, 1000}}, "10@100");
+    row("an opening without shares", Steps{{0, 500}, {10, 1000}}, "10@100");
   }
   void WalkKeepsTheAverageOfWhatIsHeld() {
-    QFETCH(Steps, steps);
+    const auto [steps, result] = test::Table<Steps, QString>::Row();
     gains::AverageCost walk;
     for (const Step& step : steps) {
       if (step.cost) {
@@ -86,8 +82,8 @@ class AverageRatesTest : public QObject {
         walk.Release(step.quantity);
       }
     }
-    QTEST(text::NumberText(walk.Held()) + QLatin1Char('@') + text::NumberText(walk.Average()),
-          "result");
+    QCOMPARE(text::NumberText(walk.Held()) + QLatin1Char('@') + text::NumberText(walk.Average()),
+             result);
   }
 
   void RatesFollowOpeningThenBillsByDateAndKey() {
@@ -99,14 +95,6 @@ class AverageRatesTest : public QObject {
     Save(desk, "10/05/2011", WithServiceTax(desk.Purchase(10, 200), 50));  // 2050 for 10
     Save(desk, "10/04/2011", WithServiceTax(desk.Purchase(20, 100), 0));   // 2000 for 20
     QCOMPARE(Rates(desk, desk.account), "1=127.5");
-  }
-
-  void BillsOfOneDateAreTakenByKey() {
-    Desk desk;
-    Save(desk, "10/05/2011", desk.Purchase(10, 100));
-    Save(desk, "10/05/2011", desk.Sale(10, 150, desk.IdOfLot(100)));
-    Save(desk, "10/05/2011", desk.Purchase(10, 300));
-    QCOMPARE(Rates(desk, desk.account), "1=300");
   }
 
   void AccountsAndScripsAreKeptApart() {

@@ -1,13 +1,7 @@
 #include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
-
-#include <QTest>
-
-#include <functional>
 
 using namespace quorvane;
 using namespace quorvane::bills;
@@ -64,40 +58,6 @@ class BillBookTest : public test::DeskTest {
     QCOMPARE(desk_->Contents("SPTrans").first(), first_line);
   }
 
-  /// Another program took the header away and left the lines.
-  void LinesThatLostTheirBillAreNotTakenOver_data() {
-    const test::Cases<bool> cases("by_an_older_program");
-    cases.Add("deleted by this release", false);
-    cases.Add("deleted before this release", true);
-  }
-
-  void LinesThatLostTheirBillAreNotTakenOver() {
-    QFETCH(const bool, by_an_older_program);
-    Bill old = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(20, 101)});
-    QVERIFY(!test::Save(Book(), old));
-    desk_->Connection().Execute("Delete From SPMaster");
-    if (by_an_older_program) {
-      desk_->Connection().Execute("Delete From RecordKey");
-      database::MakeCounters(desk_->Connection());
-    }
-    Bill bill = desk_->NewBill({desk_->Purchase(1, 102)});
-    QVERIFY(!test::Save(Book(), bill));
-    QVERIFY(bill.id.value > old.id.value);
-    QCOMPARE(Book().Load(bill.id)->lines.size(), std::size_t{1});
-    QVERIFY(!Book().Delete(bill.id));
-    QCOMPARE(desk_->Contents("SPTrans").size(), qsizetype{2});
-  }
-
-  void SaleMayDrawOnAPurchaseOfTheSameBill() {
-    BillLine sale = desk_->Sale(4, 120, LotId{-2});
-    sale.lot_rate = 100;
-    Bill bill = desk_->NewBill({sale, desk_->Purchase(5, 90), desk_->Purchase(10, 100)});
-    QVERIFY(!test::Save(Book(), bill));
-    QCOMPARE(desk_->LotAt(100), "6@100");
-    QCOMPARE(bill.lines[0].lot, desk_->IdOfLot(100));
-    QCOMPARE(Book().Load(bill.id)->lines[0].lot, desk_->IdOfLot(100));
-  }
-
   // The number alone would lead to another purchase of the bill.
   void SaleOfAPurchaseThatIsNotInTheBillIsRefused() {
     BillLine sale = desk_->Sale(1, 120, LotId{-1});
@@ -123,88 +83,66 @@ class BillBookTest : public test::DeskTest {
     QVERIFY(BillBook(desk_->Connection(), desk_->other_of).Load(other.id));
   }
 
-  void BillOfAClientOrAccountDeletedMeanwhileIsRefused() {
-    const ClientId client = desk_->database.AddClient(QStringLiteral("C3"));
-    BillBook book(desk_->Connection(), {client, desk_->year});
-    Bill bill = desk_->NewBill({desk_->Purchase(10, 100)});
-    bill.account = desk_->database.AddAccount(client, QStringLiteral("3001"));
-    QVERIFY(!test::Save(book, bill));
-    desk_->Connection().Execute("Delete From ClientActDet Where CId=?", client);
-    QCOMPARE(TextOf(test::Save(book, bill)), kAccepted);
-    const QStringList before = desk_->Everything();
-
-    Bill added = bill;
-    added.id = {};
-    QCOMPARE(TextOf(test::Save(book, added)), "This Demat A/c was Deleted in the Meantime.");
-    bill.account = desk_->other_account;
-    QCOMPARE(TextOf(test::Save(book, bill)), "This Demat A/c was Deleted in the Meantime.");
-    desk_->Connection().Execute("Delete From ClientInfo Where Id=?", client);
-    bill.account = {};
-    QCOMPARE(TextOf(test::Save(book, bill)), "This Client was Deleted in the Meantime.");
-    QCOMPARE(desk_->Everything(), before);
-  }
-
   void BillOfWhatWasDeletedMeanwhileIsRefused_data() {
-    const test::Cases<Edit, QString> cases("edit", "text");
-    cases.Add("broker", Edit([](const Desk&, Bill& bill) { bill.broker = BrokerId{77}; }),
-              "This Broker was Deleted in the Meantime.");
-    cases.Add("exchange", Edit([](const Desk&, Bill& bill) { bill.exchange = ExchangeId{77}; }),
-              "This Exchange was Deleted in the Meantime.");
-    cases.Add("scrip of a line",
-              Edit([](const Desk&, Bill& bill) { bill.lines[1].scrip = ScripId{77}; }),
-              "This Script was Deleted in the Meantime.");
+    const test::Table<Edit, QString> row;
+    row("account of another client",
+        Edit([](const Desk& desk, Bill& bill) { bill.account = desk.other_account; }),
+        "This Demat A/c was Deleted in the Meantime.");
+    row("broker", Edit([](const Desk&, Bill& bill) { bill.broker = BrokerId{77}; }),
+        "This Broker was Deleted in the Meantime.");
+    row("exchange", Edit([](const Desk&, Bill& bill) { bill.exchange = ExchangeId{77}; }),
+        "This Exchange was Deleted in the Meantime.");
+    row("scrip of a line", Edit([](const Desk&, Bill& bill) { bill.lines[1].scrip = ScripId{77}; }),
+        "This Script was Deleted in the Meantime.");
   }
   void BillOfWhatWasDeletedMeanwhileIsRefused() {
-    QFETCH(const Edit, edit);
+    const auto [edit, text] = test::Table<Edit, QString>::Row();
     Bill bill = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(5, 90)});
     edit(*desk_, bill);
-    QTEST(TextOf(test::Save(Book(), bill)), "text");
+    QCOMPARE(TextOf(test::Save(Book(), bill)), text);
     QCOMPARE(desk_->Everything(), QStringList());
   }
 
   void BillOfTheSameNumberAndDateIsATwin_data() {
-    const test::Cases<Edit, bool> cases("edit", "twin");
-    cases.Add("same", Edit([](const Desk&, Bill&) {}), true);
-    cases.Add("number", Edit([](const Desk&, Bill& bill) { bill.number = QStringLiteral("B/2"); }),
-              false);
-    cases.Add("date",
-              Edit([](const Desk&, Bill& bill) { bill.date = QStringLiteral("11/06/2011"); }),
-              false);
-    cases.Add("broker", Edit([](const Desk&, Bill& bill) { bill.broker = {}; }), false);
+    const test::Table<Edit, bool> row;
+    row("same", Edit([](const Desk&, Bill&) {}), true);
+    row("number", Edit([](const Desk&, Bill& bill) { bill.number = QStringLiteral("B/2"); }),
+        false);
+    row("date", Edit([](const Desk&, Bill& bill) { bill.date = QStringLiteral("11/06/2011"); }),
+        false);
+    row("broker", Edit([](const Desk&, Bill& bill) { bill.broker = {}; }), false);
   }
   void BillOfTheSameNumberAndDateIsATwin() {
-    QFETCH(const Edit, edit);
+    const auto [edit, twin] = test::Table<Edit, bool>::Row();
     Bill first = desk_->NewBill({});
     QVERIFY(!test::Save(Book(), first));
     QVERIFY(!Book().HasTwin(first));
     Bill second = desk_->NewBill({});
     edit(*desk_, second);
-    QTEST(Book().HasTwin(second), "twin");
+    QCOMPARE(Book().HasTwin(second), twin);
     QVERIFY(!BillBook(desk_->Connection(), desk_->other_of).HasTwin(second));
   }
 
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing_data() {
-    const test::Cases<Edit, QString> cases("edit", "text");
+    const test::Table<Edit, QString> row;
     // The bill brought 10 at 100, of which 6 are sold.
-    cases.Add("fewer than sold", Edit([](const Desk& desk, Bill& bill) {
-                bill.lines = {desk.Purchase(5.999999, 100)};
-              }),
-              kNegativeReliance);
-    cases.Add("as many as sold",
-              Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(6, 100)}; }),
-              kAccepted);
-    cases.Add("more than the rest sold in the same bill", Edit([](const Desk& desk, Bill& bill) {
-                bill.lines.push_back(desk.Sale(4.000001, 130, bill.lines[0].lot));
-              }),
-              kNegativeReliance);
-    cases.Add("sale of a lot that is not there", Edit([](const Desk& desk, Bill& bill) {
-                bill.lines.push_back(desk.Sale(1, 130, LotId{4711}));
-              }),
-              kNegativeReliance);
+    row("fewer than sold",
+        Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(5.999999, 100)}; }),
+        kNegativeReliance);
+    row("as many as sold",
+        Edit([](const Desk& desk, Bill& bill) { bill.lines = {desk.Purchase(6, 100)}; }),
+        kAccepted);
+    row("more than the rest sold in the same bill", Edit([](const Desk& desk, Bill& bill) {
+          bill.lines.push_back(desk.Sale(4.000001, 130, bill.lines[0].lot));
+        }),
+        kNegativeReliance);
+    row("sale of a lot that is not there", Edit([](const Desk& desk, Bill& bill) {
+          bill.lines.push_back(desk.Sale(1, 130, LotId{4711}));
+        }),
+        kNegativeReliance);
   }
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing() {
-    QFETCH(Edit, edit);
-    QFETCH(QString, text);
+    const auto [edit, text] = test::Table<Edit, QString>::Row();
     Bill bought = desk_->NewBill({desk_->Purchase(10, 100)});
     QVERIFY(!test::Save(Book(), bought));
     Bill sold = desk_->NewBill({desk_->Sale(6, 120, bought.lines[0].lot)});
@@ -277,4 +215,3 @@ class BillBookTest : public test::DeskTest {
 
 static const quorvane::test::RegisterTest<BillBookTest> kRegistered;
 #include "BillBookTest.moc"
-#include "support/Save.h"

@@ -1,9 +1,6 @@
-#include "support/Cases.h"
 #include "support/Desk.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "transactions/bills/BillChecks.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::bills;
@@ -56,50 +53,31 @@ class BillChecksTest : public QObject {
   }
 
   void DateOutsideTheYearIsRefused_data() {
-    const test::Cases<QString, QString> cases("date", "text");
+    const test::Table<QString, QString> row;
     const QString refused = QStringLiteral("The Date is not in the Financial Year 2011-12.");
-    cases.Add("day before", "31/03/2011", refused);
-    cases.Add("first day", "01/04/2011", test::kAccepted);
-    cases.Add("last day", "31/03/2012", test::kAccepted);
-    cases.Add("day after", "01/04/2012", refused);
+    row("day before", "31/03/2011", refused);
+    row("first day", "01/04/2011", test::kAccepted);
+    row("last day", "31/03/2012", test::kAccepted);
+    row("day after", "01/04/2012", refused);
   }
   void DateOutsideTheYearIsRefused() {
-    QFETCH(QString, date);
+    const auto [date, text] = test::Table<QString, QString>::Row();
     bill_.date = date;
     const MaybeRefusal refusal = CheckBill(bill_, text::FinancialYear(2011));
-    QTEST(TextOf(refusal), "text");
+    QCOMPARE(TextOf(refusal), text);
     QCOMPARE(FieldOf(refusal), refusal ? Field::kDate : Field::kNone);
   }
 
-  void LineIsCheckedInOrder() {
-    QCOMPARE(TextOf(CheckLine(std::nullopt, {}, text::Shares(0))), "Enter Sale/Purchase.");
-    QCOMPARE(TextOf(CheckLine(Side::kSale, {}, text::Shares(0))), "Enter Script Name.");
-    QCOMPARE(TextOf(CheckLine(Side::kSale, ScripId{1}, text::Shares(0))),
-             "Enter Quantity Greater than Zero.");
-    QVERIFY(!CheckLine(Side::kSale, ScripId{1}, text::Shares(0.000001)));
-  }
-
   void DateIsNotAfterToday_data() {
-    const test::Cases<QString, QString> cases("date", "text");
-    cases.Add("no such day", "31/06/2011", "Enter Proper Date.");
-    cases.Add("tomorrow", "11/06/2011", "You can't insert future Date");
-    cases.Add("today", "10/06/2011", test::kAccepted);
-    cases.Add("a day of a later month a year ago", "31/12/2010", test::kAccepted);
+    const test::Table<QString, QString> row;
+    row("no such day", "31/06/2011", "Enter Proper Date.");
+    row("tomorrow", "11/06/2011", "You can't insert future Date");
+    row("today", "10/06/2011", test::kAccepted);
+    row("a day of a later month a year ago", "31/12/2010", test::kAccepted);
   }
   void DateIsNotAfterToday() {
-    QFETCH(QString, date);
-    QTEST(TextOf(CheckDate(date, text::MakeDate(10, 6, 2011).value())), "text");
-  }
-
-  void SaleStaysWithinTheBalance() {
-    QVERIFY(!CheckSale(Side::kPurchase, text::Shares(100), text::Shares(5)));
-    QVERIFY(!CheckSale(Side::kSale, text::Shares(100), std::nullopt));
-    QVERIFY(!CheckSale(Side::kSale, text::Shares(5), text::Shares(5)));
-    const MaybeRefusal refusal = CheckSale(Side::kSale, text::Shares(5.001), text::Shares(5));
-    QCOMPARE(TextOf(refusal),
-             "You Can't Sale Scripts More than Balance.\n\n"
-             "Maximum Allowed Value is: 5.00");
-    QCOMPARE(FieldOf(refusal), Field::kQuantity);
+    const auto [date, text] = test::Table<QString, QString>::Row();
+    QCOMPARE(TextOf(CheckDate(date, text::MakeDate(10, 6, 2011).value())), text);
   }
 };
 

@@ -1,17 +1,12 @@
-#include "support/Cases.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
+#include "support/DatabaseTest.h"
 #include "transactions/bills/BillEntry.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::bills;
-using test::Desk;
 using test::FieldOf;
 using test::TextOf;
 
-class BillEntryTest : public QObject {
+class BillEntryTest : public test::DeskTest {
   Q_OBJECT
 
   QString Balance() const {
@@ -64,30 +59,13 @@ class BillEntryTest : public QObject {
     return bill;
   }
 
-  std::optional<Desk> desk_;
   std::optional<BillEntry> entry_;
 
  private Q_SLOTS:
-  void initTestCase() { desk_.emplace(); }
-  void cleanupTestCase() {
-    entry_.reset();
-    desk_.reset();
-  }
+  void cleanup() { entry_.reset(); }
   void init() {
     desk_->Empty();
     entry_.emplace(desk_->Connection(), desk_->of);
-  }
-
-  void TotalsFollowLinesAndCharges() {
-    entry_->Begin(desk_->NewBill({}));
-    QVERIFY(!entry_->Put(desk_->Purchase(10, 100), std::nullopt));
-    QVERIFY(!entry_->Put(desk_->Purchase(1, 50), std::nullopt));
-    entry_->SetCharges(5, 2.5);
-    QCOMPARE(entry_->Current().grand_total, 1057.5);
-    QVERIFY(!entry_->Put(desk_->Purchase(2, 50), 1));
-    QVERIFY(!entry_->Remove(0));
-    QCOMPARE(entry_->Current().grand_total, 107.5);
-    QCOMPARE(entry_->Caption(), records::TotalCaption::kReceivable);
   }
 
   void TotalsOfARecordedBillStayUntilSomethingChanges() {
@@ -117,15 +95,6 @@ class BillEntryTest : public QObject {
       return bill;
     }());
     QVERIFY(!entry_->Put(desk_->Sale(5, 120, {}), std::nullopt));
-  }
-
-  void AccountStaysWhenALineSellsFromIt() {
-    Saved({desk_->Purchase(10, 100)});
-    entry_->Begin(desk_->NewBill({}));
-    QVERIFY(!entry_->Put(desk_->Sale(5, 120, desk_->IdOfLot(100)), std::nullopt));
-    QCOMPARE(FieldOf(entry_->ChooseAccount(desk_->second_account)), Field::kAccount);
-    QCOMPARE(entry_->Current().account, desk_->account);
-    QCOMPARE(Balance(), "5@100");
   }
 
   void SaleFollowsAPurchaseThatWasEnteredAgain() {
@@ -175,15 +144,13 @@ class BillEntryTest : public QObject {
   }
 
   void ChangeThatWouldLeaveALotBelowZeroChangesNothing_data() {
-    const test::Cases<double, double, bool> cases("quantity", "rate", "accepted");
+    const test::Table<double, double, bool> row;
     // 10 came at 100 and 8 of them are sold.
-    cases.Add("as many as sold", 8.0, 100.0, true);
-    cases.Add("fewer than sold", 7.999999, 100.0, false);
+    row("as many as sold", 8.0, 100.0, true);
+    row("fewer than sold", 7.999999, 100.0, false);
   }
   void ChangeThatWouldLeaveALotBelowZeroChangesNothing() {
-    QFETCH(const double, quantity);
-    QFETCH(const double, rate);
-    QFETCH(const bool, accepted);
+    const auto [quantity, rate, accepted] = test::Table<double, double, bool>::Row();
     entry_->Begin(Saved({desk_->Purchase(10, 100)}));
     QVERIFY(!entry_->Put(SaleFrom(100, 8), std::nullopt));
     const MaybeRefusal refusal = entry_->Put(desk_->Purchase(quantity, rate), 0);
@@ -194,15 +161,14 @@ class BillEntryTest : public QObject {
 
   void SaleOfSeveralLotsTakesTheOldestFirst_data() {
     // 0 is none
-    const test::Cases<double, double, QString> cases("lot", "quantity", "pieces");
-    cases.Add("no lot, several", 0.0, 12.0, "10@100 2@80");
-    cases.Add("its own lot first", 90.0, 11.0, "4@90 7@100");
-    cases.Add("all", 0.0, 20.0, "10@100 6@80 4@90");
-    cases.Add("more than all", 0.0, 20.5, QString());
+    const test::Table<double, double, QString> row;
+    row("no lot, several", 0.0, 12.0, "10@100 2@80");
+    row("its own lot first", 90.0, 11.0, "4@90 7@100");
+    row("all", 0.0, 20.0, "10@100 6@80 4@90");
+    row("more than all", 0.0, 20.5, QString());
   }
   void SaleOfSeveralLotsTakesTheOldestFirst() {
-    QFETCH(const double, lot);
-    QFETCH(const double, quantity);
+    const auto [lot, quantity, pieces] = test::Table<double, double, QString>::Row();
     for (const auto& [date, line] : {std::pair{"10/07/2011", desk_->Purchase(6, 80)},
                                      {"10/06/2011", desk_->Purchase(10, 100)},
                                      {"10/08/2011", desk_->Purchase(4, 90)}}) {
@@ -211,12 +177,12 @@ class BillEntryTest : public QObject {
     }
     Begin(desk_->account, {});
     const BillLine sale = lot == 0 ? desk_->Sale(quantity, 150, {}) : SaleFrom(lot, quantity);
-    QStringList pieces;
+    QStringList found;
     for (const Piece& piece : entry_->Spread(sale, std::nullopt)) {
-      pieces += text::NumberText(piece.quantity.Number()) + QLatin1Char('@') +
-                text::NumberText(piece.from.lot.rate);
+      found += text::NumberText(piece.quantity.Number()) + QLatin1Char('@') +
+               text::NumberText(piece.from.lot.rate);
     }
-    QTEST(pieces.join(QLatin1Char(' ')), "pieces");
+    QCOMPARE(found.join(QLatin1Char(' ')), pieces);
   }
 
   void ChargesOfASaleAreSharedOut() {

@@ -1,18 +1,11 @@
-#include "support/Cases.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
+#include "support/DatabaseTest.h"
 #include "transactions/bills/EntryLookups.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::bills;
-using test::Desk;
 
-class EntryLookupsTest : public QObject {
+class EntryLookupsTest : public test::DeskTest {
   Q_OBJECT
-
-  std::optional<Desk> desk_;
 
  private Q_SLOTS:
   void initTestCase() {
@@ -31,24 +24,21 @@ class EntryLookupsTest : public QObject {
     connection.Execute("Update Script Set NCode='500209' Where Id=1");
     connection.Execute("Update Script Set NCode='Infy' Where Id=2");
   }
-  void cleanupTestCase() { desk_.reset(); }
-
   void PercentagesFollowYearAndDelivery_data() {
-    const test::Cases<int, bool, double, double, double> cases("year", "delivery", "brokerage",
-                                                               "stt", "service_tax");
-    cases.Add("delivery", 2011, true, 0.3, 0.125, 10.3);
-    cases.Add("no delivery", 2011, false, 0.03, 0.025, 10.3);
-    cases.Add("only one recorded", 2012, true, 0.0, 0.0, 12.36);
+    const test::Table<int, bool, double, double, double> row;
+    row("delivery", 2011, true, 0.3, 0.125, 10.3);
+    row("no delivery", 2011, false, 0.03, 0.025, 10.3);
+    row("only one recorded", 2012, true, 0.0, 0.0, 12.36);
   }
   void PercentagesFollowYearAndDelivery() {
-    QFETCH(int, year);
-    QFETCH(bool, delivery);
+    const auto [year, delivery, brokerage, stt, service_tax] =
+        test::Table<int, bool, double, double, double>::Row();
     const records::ChargePercents percents =
         ReadPercents(desk_->Connection(), text::FinancialYear(year),
                      delivery ? Delivery::kDeliveryBased : Delivery::kNonDeliveryBased);
-    QTEST(percents.brokerage, "brokerage");
-    QTEST(percents.stt, "stt");
-    QTEST(percents.service_tax, "service_tax");
+    QCOMPARE(percents.brokerage, brokerage);
+    QCOMPARE(percents.stt, stt);
+    QCOMPARE(percents.service_tax, service_tax);
   }
 
   void MarketRateIsOfTheYearDayAndScrip() {
@@ -62,15 +52,15 @@ class EntryLookupsTest : public QObject {
   }
 
   void ScripIsFoundByEitherCode_data() {
-    const test::Cases<QString, int> cases("code", "scrip");
-    cases.Add("BSE code", "500325", 1);
-    cases.Add("BSE code before another scrip's NSE code", "500209", 2);
-    cases.Add("NSE code in other capitals", " infy ", 2);
+    const test::Table<QString, int> row;
+    row("BSE code", "500325", 1);
+    row("BSE code before another scrip's NSE code", "500209", 2);
+    row("NSE code in other capitals", " infy ", 2);
   }
   void ScripIsFoundByEitherCode() {
-    QFETCH(QString, code);
+    const auto [code, scrip] = test::Table<QString, int>::Row();
     const auto found = FindScripByCode(desk_->Connection(), code);
-    QTEST(found ? found->id.value : 0, "scrip");
+    QCOMPARE(found ? found->id.value : 0, scrip);
   }
 };
 

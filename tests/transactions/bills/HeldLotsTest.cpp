@@ -1,8 +1,5 @@
-#include "support/Cases.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "transactions/bills/HeldLots.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::bills;
@@ -29,16 +26,15 @@ class HeldLotsTest : public QObject {
  private Q_SLOTS:
   void LotIsHeldSinceTheOldestOfItsSharesThatAreLeft_data() {
     // 0 is none
-    const test::Cases<double, int> cases("left", "month");
-    cases.Add("all", 15.0, 4);
-    cases.Add("a part of the oldest sold", 5.000001, 4);
-    cases.Add("the oldest sold", 5.0, 6);
-    cases.Add("used up", 0.0, 0);
-    cases.Add("more than the records say", 20.0, 4);
+    const test::Table<double, int> row;
+    row("all", 15.0, 4);
+    row("a part of the oldest sold", 5.000001, 4);
+    row("the oldest sold", 5.0, 6);
+    row("used up", 0.0, 0);
+    row("more than the records say", 20.0, 4);
   }
   void LotIsHeldSinceTheOldestOfItsSharesThatAreLeft() {
-    QFETCH(const double, left);
-    QFETCH(const int, month);
+    const auto [left, month] = test::Table<double, int>::Row();
     LotDates dates;
     dates.Receive(ScripId{1}, 100, Day(6), text::Shares(5));
     dates.Receive(ScripId{1}, 100, Day(4), text::Shares(10));

@@ -1,9 +1,6 @@
-#include "support/Cases.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "transactions/bills/BillBoxes.h"
 #include "transactions/bills/LineEntry.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::bills;
@@ -87,16 +84,14 @@ class LineEntryTest : public QObject {
 
   void ChangedLineProposesItsChargesAgainUnlessTheyWereTyped_data() {
     // of the double quantity at the double rate
-    const test::Cases<double, double, double, QStringList> cases("brokerage", "service_tax", "stt",
-                                                                 "after");
-    cases.Add("all as proposed", 0.5, 0.52, 1.26, QStringList{"1.00", "2.06", "5.03"});
-    cases.Add("service tax typed", 0.5, 0.6, 1.26, QStringList{"1.00", "0.60", "5.03"});
-    cases.Add("brokerage typed", 0.4, 0.41, 1.26, QStringList{"0.40", "0.82", "5.01"});
+    const test::Table<double, double, double, QStringList> row;
+    row("all as proposed", 0.5, 0.52, 1.26, QStringList{"1.00", "2.06", "5.03"});
+    row("service tax typed", 0.5, 0.6, 1.26, QStringList{"1.00", "0.60", "5.03"});
+    row("brokerage typed", 0.4, 0.41, 1.26, QStringList{"0.40", "0.82", "5.01"});
   }
   void ChangedLineProposesItsChargesAgainUnlessTheyWereTyped() {
-    QFETCH(const double, brokerage);
-    QFETCH(const double, service_tax);
-    QFETCH(const double, stt);
+    const auto [brokerage, service_tax, stt, after] =
+        test::Table<double, double, double, QStringList>::Row();
     BillLine line;
     line.quantity = text::Shares(10);
     line.rate = 100;
@@ -108,9 +103,9 @@ class LineEntryTest : public QObject {
     entry_.Show(line, {.brokerage = 0.5, .stt = 0.125, .service_tax = 10.3});
     TypeInto(BillBox::kQuantity, "20");
     TypeInto(BillBox::kRate, "200");
-    QTEST(QStringList({TextOf(BillBox::kBrokerage), TextOf(BillBox::kServiceTax),
-                       TextOf(BillBox::kLineStt)}),
-          "after");
+    QCOMPARE(QStringList({TextOf(BillBox::kBrokerage), TextOf(BillBox::kServiceTax),
+                          TextOf(BillBox::kLineStt)}),
+             after);
   }
 
   void DeliveryTypeAndSttPercentProposeAgain() {
@@ -148,45 +143,23 @@ class LineEntryTest : public QObject {
   }
 
   void BoxTakesItsFormWhenLeft_data() {
-    const test::Cases<BillBox, QString, QString> cases("box", "typed", "shown");
-    cases.Add("a broker is text", BillBox::kBroker, "3M", "3M");
-    cases.Add("a quantity keeps its decimals", BillBox::kQuantity, "-0.125", "0.125");
-    cases.Add("a quantity has six decimals at most", BillBox::kQuantity, "1.23456789", "1.234568");
-    cases.Add("a quantity that is no number", BillBox::kQuantity, "TEN", "0");
-    cases.Add("a rate gets two decimals", BillBox::kRate, "-100.005", "100.01");
-    cases.Add("a line's STT loses its sign", BillBox::kLineStt, "-1.5", "1.50");
-    cases.Add("other charges keep their sign", BillBox::kOtherCharges, "-10", "-10.00");
-    cases.Add("transaction charges keep their sign", BillBox::kTransactionCharges, "-1.005",
-              "-1.01");
+    const test::Table<BillBox, QString, QString> row;
+    row("a broker is text", BillBox::kBroker, "3M", "3M");
+    row("a quantity keeps its decimals", BillBox::kQuantity, "-0.125", "0.125");
+    row("a quantity has six decimals at most", BillBox::kQuantity, "1.23456789", "1.234568");
+    row("a quantity that is no number", BillBox::kQuantity, "TEN", "0");
+    row("a rate gets two decimals", BillBox::kRate, "-100.005", "100.01");
+    row("a line's STT loses its sign", BillBox::kLineStt, "-1.5", "1.50");
+    row("other charges keep their sign", BillBox::kOtherCharges, "-10", "-10.00");
+    row("transaction charges keep their sign", BillBox::kTransactionCharges, "-1.005", "-1.01");
   }
   void BoxTakesItsFormWhenLeft() {
-    QFETCH(const BillBox, box);
-    QFETCH(QString, typed);
+    const auto [box, typed, shown] = test::Table<BillBox, QString, QString>::Row();
     BillBoxes boxes;
     boxes[box] = typed;
     LeaveBox(box, Side::kPurchase, boxes);
-    QTEST(boxes[box], "shown");
+    QCOMPARE(boxes[box], shown);
   }
-
-  void LeavingABoxOfTheLineRecomputesItsAmount_data() {
-    const test::Cases<BillBox, bool> cases("box", "recomputes");
-    cases.Add("rate", BillBox::kRate, true);
-    cases.Add("net rate, whatever was typed", BillBox::kNet, true);
-    cases.Add("STT of the line", BillBox::kLineStt, false);
-    cases.Add("bill number", BillBox::kNumber, false);
-  }
-  void LeavingABoxOfTheLineRecomputesItsAmount() {
-    QFETCH(const BillBox, box);
-    QFETCH(bool, recomputes);
-    BillBoxes boxes = Entered("10", "100.00", "0.50");
-    boxes[BillBox::kNet] = QStringLiteral("77.00");
-    boxes[BillBox::kAmount] = QStringLiteral("770.00");
-    LeaveBox(box, Side::kPurchase, boxes);
-    QCOMPARE(boxes[BillBox::kNet], recomputes ? QStringLiteral("100.50") : QStringLiteral("77.00"));
-    QCOMPARE(boxes[BillBox::kAmount],
-             recomputes ? QStringLiteral("1005.00") : QStringLiteral("770.00"));
-  }
-
   void NetRateOfNothingIsAnEmptyBox() {
     BillBoxes boxes = Entered("10", "0.50", "0.50");
     LeaveBox(BillBox::kBrokerage, Side::kSale, boxes);

@@ -1,13 +1,7 @@
-#include "support/Cases.h"
+#include "support/Files.h"
 #include "support/LocalExchange.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "transactions/bills/EntryLookups.h"
-
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <optional>
 
 using namespace quorvane;
 using namespace quorvane::bills;
@@ -17,17 +11,15 @@ class RateSourceTest : public QObject {
 
  private Q_SLOTS:
   void ExchangeIsAskedByItsOwnCode_data() {
-    const test::Cases<QString, int, double> cases("exchange", "day", "rate");
-    cases.Add("Bombay", "BSE", 14, 101.25);
-    cases.Add("National", "nse", 14, 102.5);
-    cases.Add("no price of the day", "BSE", 13, 0.0);
-    cases.Add("today there is a quote", "BSE", 15, 99.75);
-    cases.Add("unknown exchange", "MCX", 14, 0.0);
+    const test::Table<QString, int, double> row;
+    row("Bombay", "BSE", 14, 101.25);
+    row("National", "nse", 14, 102.5);
+    row("no price of the day", "BSE", 13, 0.0);
+    row("today there is a quote", "BSE", 15, 99.75);
+    row("unknown exchange", "MCX", 14, 0.0);
   }
-
   void ExchangeIsAskedByItsOwnCode() {
-    QFETCH(const QString, exchange);
-    QFETCH(const int, day);
+    const auto [exchange, day, rate] = test::Table<QString, int, double>::Row();
     test::LocalExchange web;
     web.Answer(QStringLiteral("/stockinfo/stockprc2_excel.aspx?scripcd=500325&FromDate=06/14/2011&"
                               "ToDate=06/14/2011&OldDMY=D&ScripName=RELIANCE"),
@@ -39,13 +31,9 @@ class RateSourceTest : public QObject {
                {.body = "<html><TITLE>RELIANCE Rs.99.75</TITLE></html>"});
     QTemporaryDir folder;
     const app::Folders folders = app::Folders::At(folder.path());
-    QFile config(folders.config_file);
-    QVERIFY(config.open(QIODevice::WriteOnly));
-    config.write("[Internet]\n");
-    for (const char* host : {"BseHost", "NseHost", "BseQuoteHost"}) {
-      config.write(host + ('=' + web.Address().toEncoded()) + '\n');
-    }
-    config.close();
+    const QByteArray here = '=' + web.Address().toEncoded() + '\n';
+    test::WriteFile(folders.config_file,
+                    "[Internet]\nBseHost" + here + "NseHost" + here + "BseQuoteHost" + here);
     const RateSource source = AskExchanges(folders);
     std::optional<double> got;
     source(
@@ -53,10 +41,10 @@ class RateSourceTest : public QObject {
          {ScripId{1}, QStringLiteral("500325"), QStringLiteral("RELIANCE"), QStringLiteral("REL")},
          *text::MakeDate(day, 6, 2011),
          *text::MakeDate(15, 6, 2011)},
-        [&](double rate) { got = rate; });
+        [&](double answer) { got = answer; });
     QVERIFY(!got);
     QTRY_VERIFY_WITH_TIMEOUT(got.has_value(), 10000);
-    QTEST(*got, "rate");
+    QCOMPARE(*got, rate);
   }
 };
 

@@ -1,17 +1,10 @@
 #include "reports/broker_ledger/BrokerLedger.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/TestMain.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
 #include "transactions/broker_money/PaymentBook.h"
 
-#include <QTest>
-
-#include <functional>
-
 using namespace quorvane;
 using namespace quorvane::broker_money;
-using test::Desk;
 using test::kAccepted;
 using test::TextOf;
 
@@ -74,13 +67,6 @@ class BrokerMoneyTest : public test::DeskTest {
   }
 
  private Q_SLOTS:
-  void cleanup() {
-    for (const char* table : {"BrOpBal", "BrPayment", "BrRec", "SPMaster"}) {
-      desk_->Connection().Execute(fmt::format("Delete From {}", table));
-    }
-    desk_->Connection().Execute("Update RecordKey Set LastKey=0");
-  }
-
   void OneBalanceABroker() {
     BrokerOpening first = NewOpening(100, LedgerSide::kDebit);
     QCOMPARE(TextOf(test::Save(Openings(), first)), kAccepted);
@@ -95,20 +81,15 @@ class BrokerMoneyTest : public test::DeskTest {
   }
 
   void ClosingBalanceIsCarried_data() {
-    const test::Cases<double, bool, double, double, double, QString> cases(
-        "opening", "debit", "bills", "payments", "receipts", "carried");
+    const test::Table<double, bool, double, double, double, QString> row;
     // Credit positive: opening - bills - payments + receipts.
-    cases.Add("debit", 100.25, true, 100.25, 50.0, 0.0, "250.50 Dr");
-    cases.Add("credit", 500.0, false, 100.0, 0.1, 0.2, "400.10 Cr");
-    cases.Add("nothing left is a credit", 70.1, false, 70.1, 0.0, 0.0, "0.00 Cr");
+    row("debit", 100.25, true, 100.25, 50.0, 0.0, "250.50 Dr");
+    row("credit", 500.0, false, 100.0, 0.1, 0.2, "400.10 Cr");
+    row("nothing left is a credit", 70.1, false, 70.1, 0.0, 0.0, "0.00 Cr");
   }
-
   void ClosingBalanceIsCarried() {
-    QFETCH(double, opening);
-    QFETCH(bool, debit);
-    QFETCH(double, bills);
-    QFETCH(double, payments);
-    QFETCH(double, receipts);
+    const auto [opening, debit, bills, payments, receipts, carried] =
+        test::Table<double, bool, double, double, double, QString>::Row();
     if (opening > 0) {
       BrokerOpening row = NewOpening(opening, debit ? LedgerSide::kDebit : LedgerSide::kCredit);
       QCOMPARE(TextOf(test::Save(Openings(), row)), kAccepted);
@@ -123,7 +104,7 @@ class BrokerMoneyTest : public test::DeskTest {
     BrokerOpeningBook next(desk_->Connection(), NextYear());
     QVERIFY(next.HasBalancesToCarryForward());
     QCOMPARE(next.CarryForward(), std::size_t{1});
-    QTEST(Carried().value(0).section(QLatin1Char(':'), 1), "carried");
+    QCOMPARE(Carried().value(0).section(QLatin1Char(':'), 1), carried);
   }
 
   // What was typed or carried before makes place: doing it twice leaves one balance a broker, and
@@ -145,31 +126,26 @@ class BrokerMoneyTest : public test::DeskTest {
   }
 
   void PaymentRules_data() {
-    const test::Cases<QString, Edit> cases("text", "edit");
-    cases.Add("all missing: the broker comes first", QStringLiteral("Enter Broker Name."),
-              [](BrokerPayment& payment) { payment = {}; });
-    cases.Add("no amount", QStringLiteral("Enter Amount Greater than Zero."),
-              [](BrokerPayment& payment) { payment.amount = -1; });
-    cases.Add("no date", QStringLiteral("Enter Payment Date."),
-              [](BrokerPayment& payment) { payment.date.clear(); });
-    cases.Add("a day of the next year",
-              QStringLiteral("The Payment Date is not in the Financial Year 2011-12."),
-              [](BrokerPayment& payment) { payment.date = QStringLiteral("01/04/2012"); });
+    const test::Table<QString, Edit> row;
+    row("all missing: the broker comes first", QStringLiteral("Enter Broker Name."),
+        [](BrokerPayment& payment) { payment = {}; });
+    row("no amount", QStringLiteral("Enter Amount Greater than Zero."),
+        [](BrokerPayment& payment) { payment.amount = -1; });
+    row("no date", QStringLiteral("Enter Payment Date."),
+        [](BrokerPayment& payment) { payment.date.clear(); });
+    row("a day of the next year",
+        QStringLiteral("The Payment Date is not in the Financial Year 2011-12."),
+        [](BrokerPayment& payment) { payment.date = QStringLiteral("01/04/2012"); });
   }
-
   void PaymentRules() {
-    QFETCH(Edit, edit);
+    const auto [text, edit] = test::Table<QString, Edit>::Row();
     BrokerPayment payment = NewPayment(10);
     edit(payment);
     PaymentBook book(desk_->Connection(), kPayment, desk_->of);
-    QTEST(TextOf(test::Save(book, payment)), "text");
+    QCOMPARE(TextOf(test::Save(book, payment)), text);
     QVERIFY(book.List().empty());
   }
-
- private:
 };
 
 static const test::RegisterTest<BrokerMoneyTest> kRegistered;
-
 #include "BrokerMoneyTest.moc"
-#include "support/Save.h"

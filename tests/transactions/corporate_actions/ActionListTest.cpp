@@ -4,12 +4,7 @@
 #include "core/files/TableReaders.h"
 #include "core/records/Writing.h"
 #include "support/DatabaseTest.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
 #include "transactions/corporate_actions/ActionList.h"
-
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::corporate_actions;
@@ -197,6 +192,5 @@ class ActionListTest : public test::DatabaseTest {
   }
 };
 
-static const test::RegisterTest<ActionListTest> kRegistered;
-
+static const quorvane::test::RegisterTest<ActionListTest> kRegistered;
 #include "ActionListTest.moc"

@@ -1,10 +1,7 @@
 #include "core/actions/Terms.h"
 #include "core/text/Amounts.h"
-#include "support/Table.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "transactions/corporate_actions/PurposeText.h"
-
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::corporate_actions;
@@ -156,6 +153,5 @@ class PurposeTextTest : public QObject {
   }
 };
 
-static const test::RegisterTest<PurposeTextTest> kRegistered;
-
+static const quorvane::test::RegisterTest<PurposeTextTest> kRegistered;
 #include "PurposeTextTest.moc"

@@ -1,18 +1,12 @@
 #include "core/gains/RemainingLots.h"
 #include "core/ledger/Rebuild.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/opening_stock/OpeningEntry.h"
 #include "transactions/opening_stock/OpeningStock.h"
 #include "transactions/opening_stock/OpeningStockBook.h"
 
-#include <QTest>
-
 #include <atomic>
-#include <functional>
 #include <thread>
 
 using namespace quorvane;
@@ -117,17 +111,16 @@ class OpeningStockBookTest : public test::DeskTest {
   }
 
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing_data() {
-    const test::Cases<Edit, QString> cases("edit", "text");
+    const test::Table<Edit, QString> row;
     // The lot brought 10 at 100, of which 6 are sold.
-    cases.Add("fewer than sold",
-              Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(5.999999); }),
-              kNegativeReliance);
-    cases.Add("as many as sold",
-              Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(6); }), kAccepted);
+    row("fewer than sold",
+        Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(5.999999); }),
+        kNegativeReliance);
+    row("as many as sold", Edit([](const Desk&, OpeningLot& lot) { lot.quantity = Shares(6); }),
+        kAccepted);
   }
   void ChangeIsRefusedWhenSoldSharesWouldBeMissing() {
-    QFETCH(Edit, edit);
-    QFETCH(QString, text);
+    const auto [edit, text] = test::Table<Edit, QString>::Row();
     OpeningLot lot = Lot(10, 100);
     QVERIFY(!test::Save(Book(), lot));
     Sell(6, 100);
@@ -151,55 +144,12 @@ class OpeningStockBookTest : public test::DeskTest {
     QCOMPARE(Book().List().size(), std::size_t{1});
   }
 
-  void CarryForwardTwiceLeavesOneRowALot() {
-    // Two lots that do not differ in anything are still two lots.
-    const std::vector<RemainingLot> lots{Carried(10, 100), Carried(5, 33.333333), Carried(10, 100)};
-    QVERIFY(!Carry(lots));
-    QVERIFY(!Carry(lots));
-    QCOMPARE(desk_->Contents("StkOpBal").first(),
-             "StkOpBal|1|2011-12|4|1|10|100|1005|1|01/03/2010|1.25|0.5|0.75|0");
-    QCOMPARE(Book().List().size(), std::size_t{3});
-    QCOMPARE(desk_->LotAt(100), "20@100");
-    QCOMPARE(desk_->LotAt(33.333333), "5@33.333333");
-  }
-
   void CarryForwardLeavesOtherOpeningRows() {
     OpeningLot differs = Lot(10, 100);
     QVERIFY(!test::Save(Book(), differs));
     QVERIFY(!Carry({Carried(10, 100)}));
     QCOMPARE(Book().List().size(), std::size_t{2});
     QCOMPARE(desk_->LotAt(100), "20@100");
-  }
-
-  void CarryForwardAgainWorksWhenCarriedSharesWereSold() {
-    QVERIFY(!Carry({Carried(10, 100)}));
-    Sell(6, 100);
-    QVERIFY(!Carry({Carried(10, 100)}));
-    QCOMPARE(desk_->LotAt(100), "4@100");
-    QCOMPARE(Book().List().size(), std::size_t{1});
-  }
-
-  void RemainingLotsOfAYearBecomeOpeningLotsOfTheNext() {
-    const ClientYear next{desk_->client, desk_->year.Next()};
-    QVERIFY(!HasLotsToCarryForward(desk_->Connection(), next));
-    OpeningLot lot = Lot(10, 100);
-    lot.brokerage = 0.5;
-    QVERIFY(!test::Save(Book(), lot));
-    Sell(6, 100);
-    QVERIFY(HasLotsToCarryForward(desk_->Connection(), next));
-    for (int i = 0; i < 2; ++i) {
-      Progress silent;
-      const auto carried = CarryForward(desk_->Connection(), next, silent);
-      QVERIFY(carried);
-      QCOMPARE(*carried, std::size_t{1});
-    }
-    const auto openings = OpeningStockBook(desk_->Connection(), next).List();
-    QCOMPARE(openings.size(), std::size_t{1});
-    QCOMPARE(openings.front().quantity.Number(), 4.0);
-    QCOMPARE(openings.front().total, 402.0);
-    QCOMPARE(openings.front().purchase_date, lot.purchase_date);
-    QCOMPARE(desk_->LotAt(next, desk_->account, desk_->scrip, 100), "4@100");
-    QCOMPARE(desk_->LotAt(100), "4@100");
   }
 
   /// A sale that was reported as saved before the lots are written must be counted; so another
@@ -244,33 +194,16 @@ class OpeningStockBookTest : public test::DeskTest {
   }
 
   void TotalIsQuantityTimesRateWithBrokerage_data() {
-    const test::Cases<double, double, double, double> cases("quantity", "rate", "brokerage",
-                                                            "total");
-    cases.Add("brokerage of a share", 3.0, 100.0, 0.335, 301.01);
-    cases.Add("half a paisa goes up", 0.5, 2.01, 0.0, 1.01);
-    cases.Add("dust is no half paisa", 5.0, 0.1, 0.2, 1.5);
+    const test::Table<double, double, double, double> row;
+    row("brokerage of a share", 3.0, 100.0, 0.335, 301.01);
+    row("half a paisa goes up", 0.5, 2.01, 0.0, 1.01);
+    row("dust is no half paisa", 5.0, 0.1, 0.2, 1.5);
   }
   void TotalIsQuantityTimesRateWithBrokerage() {
-    QFETCH(double, quantity);
-    QFETCH(double, rate);
-    QFETCH(double, brokerage);
-    QFETCH(double, total);
+    const auto [quantity, rate, brokerage, total] =
+        test::Table<double, double, double, double>::Row();
     QCOMPARE(test::Exact(OpeningTotal(Shares(quantity), rate, brokerage)), test::Exact(total));
   }
-
-  void PurchaseDateAfterTheYearIsCleared_data() {
-    const test::Cases<QString, bool> cases("date", "kept");
-    cases.Add("last day of the year", "31/03/2012", true);
-    cases.Add("day after it", "01/04/2012", false);
-    cases.Add("later year, earlier month", "01/01/2013", false);
-    cases.Add("no such day", "29/02/2011", false);
-  }
-  void PurchaseDateAfterTheYearIsCleared() {
-    QFETCH(QString, date);
-    QFETCH(bool, kept);
-    QCOMPARE(KeepPurchaseDate(date, text::FinancialYear(2011)), kept ? date : QString());
-  }
-
   void LotIsCheckedInOrder() {
     const text::FinancialYear year(2011);
     OpeningLot lot;
@@ -298,27 +231,26 @@ class OpeningStockBookTest : public test::DeskTest {
   }
 
   void BoxTakesItsFormWhenLeftAndTheTotalFollows_data() {
-    const test::Cases<OpeningBox, QString, QString, QString> cases("box", "typed", "shown",
-                                                                   "total");
+    const test::Table<OpeningBox, QString, QString, QString> row;
     // Before: 10 shares at 100.00.
-    cases.Add("a quantity loses its sign", kQuantity, "-2.5", "2.5", "250.00");
-    cases.Add("a quantity keeps six decimals", kQuantity, "0.0000025", "0.000003", "0.00");
-    cases.Add("a rate gets two decimals", kRate, "99.995", "100.00", "1000.00");
-    cases.Add("a total is computed", kTotal, "7", "1000.00", "1000.00");
-    cases.Add("a service tax gets two decimals", kServiceTax, "1.005", "1.01", "1000.00");
-    cases.Add("an STT stays as typed", kStt, "1.005", "1.005", "1000.00");
-    cases.Add("the year's last day", kPurchaseDate, "31/03/2012", "31/03/2012", "1000.00");
-    cases.Add("the day after it", kPurchaseDate, "01/04/2012", "", "1000.00");
+    row("a quantity loses its sign", kQuantity, "-2.5", "2.5", "250.00");
+    row("a quantity keeps six decimals", kQuantity, "0.0000025", "0.000003", "0.00");
+    row("a rate gets two decimals", kRate, "99.995", "100.00", "1000.00");
+    row("a total is computed", kTotal, "7", "1000.00", "1000.00");
+    row("a service tax gets two decimals", kServiceTax, "1.005", "1.01", "1000.00");
+    row("an STT stays as typed", kStt, "1.005", "1.005", "1000.00");
+    row("the year's last day", kPurchaseDate, "31/03/2012", "31/03/2012", "1000.00");
+    row("the day after it", kPurchaseDate, "01/04/2012", "", "1000.00");
   }
   void BoxTakesItsFormWhenLeftAndTheTotalFollows() {
-    QFETCH(const OpeningBox, box);
-    QFETCH(QString, typed);
+    const auto [box, typed, shown, total] =
+        test::Table<OpeningBox, QString, QString, QString>::Row();
     OpeningEntry entry;
     entry.Leave(kQuantity, QStringLiteral("10"), kYear);
     entry.Leave(kRate, QStringLiteral("100"), kYear);
     entry.Leave(box, typed, kYear);
-    QTEST(entry.Text(box), "shown");
-    QTEST(entry.Text(kTotal), "total");
+    QCOMPARE(entry.Text(box), shown);
+    QCOMPARE(entry.Text(kTotal), total);
   }
 
   void WhatIsLeftAsItWasShownKeepsItsExactNumber() {

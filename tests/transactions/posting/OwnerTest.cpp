@@ -1,13 +1,8 @@
 #include "core/database/Transaction.h"
-#include "masters/Records.h"
+#include "support/Records.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
 #include "transactions/posting/Owner.h"
-
-#include <QTest>
-
-#include <functional>
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::posting;
@@ -42,15 +37,8 @@ class OwnerTest : public QObject {
   }
 
   void MissingRecordIsRefusedAndAStoredOneIsHeld_data() {
-    QTest::addColumn<Check>("check");
-    QTest::addColumn<QString>("refused");
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<bool>("may_stay");  // although it was deleted
-    const auto row = [](const char* name, const char* table, bool may_stay, const Check& check) {
-      QTest::newRow(name) << check
-                          << QStringLiteral("This %1 was Deleted in the Meantime.").arg(name)
-                          << QString(table) << may_stay;
-    };
+    // The last cell: whether a record may keep it although it was deleted.
+    const test::Table<QString, bool, Check> row;
     row("Client", "ClientInfo", false, [](database::Transaction& transaction, int id, int) {
       return CheckClient(transaction, ClientId{id}, kField);
     });
@@ -67,17 +55,14 @@ class OwnerTest : public QObject {
       return CheckScrips(transaction, scrips, before, kField);
     });
   }
-
   void MissingRecordIsRefusedAndAStoredOneIsHeld() {
-    QFETCH(const Check, check);
-    QFETCH(const QString, refused);
-    QFETCH(const QString, table);
-    QFETCH(const bool, may_stay);
+    const auto [table, may_stay, check] = test::Table<QString, bool, Check>::Row();
     {
       database::Transaction transaction(**database_);
       const MaybeRefusal refusal = check(transaction, 2, 0);
-      QCOMPARE(test::TextOfRefusal(refusal), refused);
-      QCOMPARE(test::FieldOfRefusal(refusal), kField);
+      QCOMPARE(test::TextOf(refusal),
+               QStringLiteral("This %1 was Deleted in the Meantime.").arg(QTest::currentDataTag()));
+      QCOMPARE(test::FieldOf(refusal), kField);
       QCOMPARE(!check(transaction, 2, 2), may_stay);
       QVERIFY(!check(transaction, 1, 0));
       QVERIFY_EXCEPTION_THROWN(Delete(table), database::DatabaseError);
@@ -96,5 +81,4 @@ class OwnerTest : public QObject {
 };
 
 static const test::RegisterTest<OwnerTest> kRegistered;
-
 #include "OwnerTest.moc"

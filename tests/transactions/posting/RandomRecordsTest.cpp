@@ -1,14 +1,10 @@
 #include "core/ledger/Rebuild.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "transactions/posting/RandomRecords.h"
-
-#include <QTest>
 
 #include <array>
 #include <cmath>
-#include <string>
 #include <thread>
-#include <vector>
 
 using namespace quorvane;
 using test::Desk;

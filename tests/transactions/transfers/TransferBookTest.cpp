@@ -1,15 +1,8 @@
 #include "core/ledger/Rebuild.h"
-#include "support/Cases.h"
 #include "support/DatabaseTest.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/transfers/Transfer.h"
 #include "transactions/transfers/TransferBook.h"
-
-#include <QTest>
-
-#include <functional>
 
 using namespace quorvane;
 using namespace quorvane::transfers;
@@ -108,43 +101,41 @@ class TransferBookTest : public test::DeskTest {
   }
 
   void RefusedTransferChangesNothing_data() {
-    const test::Cases<Edit, QString> cases("edit", "text");
-    cases.Add("more than the lot has",
-              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.000001); }),
-              OverBalance("10.00"));
-    cases.Add("lot of another account", Edit([](const Desk& desk, Transfer& transfer) {
-                transfer.from = desk.second_account;
-                transfer.to = desk.account;
-              }),
-              "Select Script Name that You want to Transfer.");
-    cases.Add("account that nobody owns",
-              Edit([](const Desk&, Transfer& transfer) { transfer.to = AccountId{99}; }),
-              "Select Demat A/c No. To which You want to Transfer Scripts.");
+    const test::Table<Edit, QString> row;
+    row("more than the lot has",
+        Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.000001); }),
+        OverBalance("10.00"));
+    row("lot of another account", Edit([](const Desk& desk, Transfer& transfer) {
+          transfer.from = desk.second_account;
+          transfer.to = desk.account;
+        }),
+        "Select Script Name that You want to Transfer.");
+    row("account that nobody owns",
+        Edit([](const Desk&, Transfer& transfer) { transfer.to = AccountId{99}; }),
+        "Select Demat A/c No. To which You want to Transfer Scripts.");
   }
   void RefusedTransferChangesNothing() {
-    QFETCH(Edit, edit);
+    const auto [edit, text] = test::Table<Edit, QString>::Row();
     const QStringList before = desk_->Everything();
     Transfer transfer = NewTransfer(1, desk_->second_account);
     edit(*desk_, transfer);
-    QTEST(TextOf(test::Save(Book(), transfer)), "text");
+    QCOMPARE(TextOf(test::Save(Book(), transfer)), text);
     QCOMPARE(desk_->Everything(), before);
   }
 
   void ChangeMovesTheDifferenceUnlessSharesWereUsed_data() {
-    const test::Cases<Edit, QString> cases("edit", "text");
-    cases.Add("more than the lot had before",
-              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.5); }),
-              OverBalance("10.00"));
-    cases.Add("as many as were sold",
-              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(5); }),
-              kAccepted);
-    cases.Add("fewer than were sold",
-              Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(4.999999); }),
-              kNegativeReliance);
+    const test::Table<Edit, QString> row;
+    row("more than the lot had before",
+        Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(10.5); }),
+        OverBalance("10.00"));
+    row("as many as were sold",
+        Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(5); }), kAccepted);
+    row("fewer than were sold",
+        Edit([](const Desk&, Transfer& transfer) { transfer.quantity = Shares(4.999999); }),
+        kNegativeReliance);
   }
   void ChangeMovesTheDifferenceUnlessSharesWereUsed() {
-    QFETCH(Edit, edit);
-    QFETCH(QString, text);
+    const auto [edit, text] = test::Table<Edit, QString>::Row();
     Transfer transfer = NewTransfer(6, desk_->second_account);
     QVERIFY(!test::Save(Book(), transfer));
     SellAtSecond(5);
@@ -173,8 +164,8 @@ class TransferBookTest : public test::DeskTest {
     const QStringList used = desk_->Everything();
     QCOMPARE(TextOf(Book().Delete(near.id)), kNegativeReliance);
     QCOMPARE(desk_->Everything(), used);
-    QVERIFY(!Book().Load(away.id));
-    QVERIFY(Book().Load(near.id));
+    QCOMPARE(Book().List().size(), std::size_t{1});
+    QCOMPARE(Book().List().front().id, near.id);
   }
 
   void TransferIsCheckedInOrder() {
@@ -207,15 +198,6 @@ class TransferBookTest : public test::DeskTest {
     expect("Enter Quantity Greater than Zero.", Field::kQuantity);
     transfer.quantity = Shares(0.000001);
     expect("accepted", Field::kNone);
-  }
-
-  void QuantityStaysWithinTheBalance() {
-    QVERIFY(!CheckBalance(Shares(10), Shares(10)));
-    const MaybeRefusal refusal = CheckBalance(Shares(10.001), Shares(10));
-    QCOMPARE(TextOf(refusal),
-             "You Can't Transfer Scripts More than Balance.\n"
-             "Maximum Allowed Value is: 10.00");
-    QCOMPARE(FieldOf(refusal), Field::kQuantity);
   }
 };
 

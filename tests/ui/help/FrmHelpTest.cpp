@@ -1,14 +1,11 @@
-#include "support/Cases.h"
+#include "support/Files.h"
 #include "support/OnScreen.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "ui/Features.h"
 #include "ui/help/FrmHelp.h"
 
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 using namespace quorvane;
 using namespace quorvane::ui;
@@ -22,20 +19,18 @@ class FrmHelpTest : public QObject {
 
  private Q_SLOTS:
   void WindowLeadsToItsChapter_data() {
-    const test::Cases<QString, QString> cases("window", "chapter");
-    cases.Add("main window", "MDIForm1", "main-window.md");
-    cases.Add("any capitals", "FRMBROKER", "masters.md");
-    cases.Add("name that climbs", "../../README", "README.md");
+    const test::Table<QString, QString> row;
+    row("main window", "MDIForm1", "main-window.md");
+    row("any capitals", "FRMBROKER", "masters.md");
+    row("name that climbs", "../../README", "README.md");
   }
-
   void WindowLeadsToItsChapter() {
-    QFETCH(const QString, window);
-    QFETCH(const QString, chapter);
+    const auto [window, chapter] = test::Table<QString, QString>::Row();
     QWidget main;
     Help help(kGuide);
     FrmHelp* shown = help.Show(window, &main);
     QVERIFY(shown->isVisible());
-    QCOMPARE(shown->Guide().Chapter(), chapter);
+    QCOMPARE(shown->Guide().source().fileName(), chapter);
     QVERIFY(shown->Guide().toPlainText().size() > 100);
     QCOMPARE(help.Show("frmcalc", &main), shown);
   }
@@ -58,7 +53,8 @@ class FrmHelpTest : public QObject {
     QDirIterator files(kGuide, {"*.md"});
     while (files.hasNext()) {
       const QString path = files.next();
-      auto found = QRegularExpression(R"(\]\(([^)#]+)\))").globalMatch(ContentOf(path));
+      auto found = QRegularExpression(R"(\]\(([^)#]+)\))")
+                       .globalMatch(QString::fromUtf8(test::ReadFile(path)));
       while (found.hasNext()) {
         const QString target = found.next().captured(1);
         QVERIFY2(QFile::exists(QFileInfo(path).dir().filePath(target)),
@@ -70,24 +66,12 @@ class FrmHelpTest : public QObject {
     for (const Feature& feature : Features()) {
       QVERIFY2(QFile::exists(kGuide + "/" + feature.chapter), feature.chapter);
     }
-    const QString index = ContentOf(kGuide + "/README.md");
+    const QString index = QString::fromUtf8(test::ReadFile(kGuide + "/README.md"));
     for (const QString& chapter : QDir(kGuide).entryList({"*.md"})) {
       QVERIFY2(chapter == "README.md" || index.contains("(" + chapter + ")"), qPrintable(chapter));
     }
   }
-
- private:
-  static QString ContentOf(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-      throw std::runtime_error("cannot read " + path.toStdString());
-    }
-    return QString::fromUtf8(file.readAll());
-  }
 };
 
-namespace {
-const quorvane::test::RegisterTest<FrmHelpTest> kRegistered;
-}
-
+static const quorvane::test::RegisterTest<FrmHelpTest> kRegistered;
 #include "FrmHelpTest.moc"

@@ -1,7 +1,7 @@
 #include "admin/backup/BackupList.h"
 #include "controls/Grid.h"
 #include "controls/ZENButton.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "ui/main/ShownMain.h"
 
 using namespace quorvane;
@@ -119,5 +119,4 @@ class BackUpFlowTest : public QObject {
 };
 
 static const test::RegisterTest<BackUpFlowTest> kRegistered;
-
 #include "BackUpFlowTest.moc"

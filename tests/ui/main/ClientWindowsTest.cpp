@@ -1,7 +1,7 @@
 #include "core/lookups/Directory.h"
 #include "portfolio/Import.h"
 #include "reporting/screen/window/ReportGridView.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "ui/Features.h"
 #include "ui/main/ShownMain.h"
 
@@ -87,5 +87,4 @@ class ClientWindowsTest : public QObject {
 };
 
 static const test::RegisterTest<ClientWindowsTest> kRegistered;
-
 #include "ClientWindowsTest.moc"

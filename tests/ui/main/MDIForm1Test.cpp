@@ -1,8 +1,8 @@
 #include "controls/Grid.h"
 #include "controls/RecordWindow.h"
 #include "reports/Reports.h"
-#include "support/Cases.h"
-#include "support/TestMain.h"
+#include "support/Files.h"
+#include "support/Test.h"
 #include "ui/Features.h"
 #include "ui/main/ShownMain.h"
 #include "ui/main/StartPage.h"
@@ -11,7 +11,6 @@
 #include <QSignalSpy>
 
 using namespace quorvane;
-using test::LocalExchange;
 using test::ShownMain;
 
 namespace {
@@ -19,7 +18,6 @@ namespace {
 const QString kQuit = QStringLiteral("Do You Want to Close the Application?");
 const QString kQuitBackUp = QStringLiteral("Do you Want to take BackUp of Database?");
 const QString kClose = QStringLiteral("Do You want to Close the Applicaltion?");
-const QString kCloseBackUp = QStringLiteral("Do you want to take BackUp of Database?");
 const QString kLogOut = QStringLiteral("Are You Sure You Want to LogOut?");
 
 void AddItems(const QList<QAction*>& actions, QStringList& names) {
@@ -117,17 +115,18 @@ class MDIForm1Test : public QObject {
   void ClientSelectionRestsTheButtonRow() {
     ShownMain shown;
     shown.database.AddClient(QStringLiteral("C1"));
-    QVERIFY(shown.main->IsButtonRowEnabled());
+    const auto* button = shown.Named<controls::ZENButton>("cmd_mnuClientInfo");
+    QVERIFY(button->isEnabled());
     shown.Choose("mnuBrPayment");
     QCOMPARE(shown.session.target, "FrmBrPayment");
-    QVERIFY(!shown.main->IsButtonRowEnabled());
+    QVERIFY(!button->isEnabled());
     shown.Choose("mnuExchange");
-    QVERIFY(shown.main->IsButtonRowEnabled());
+    QVERIFY(button->isEnabled());
     shown.Named<controls::ChildWindow>("FrmExchange")->close();
-    QTRY_VERIFY(!shown.main->IsButtonRowEnabled());
+    QTRY_VERIFY(!button->isEnabled());
     QTest::mouseClick(shown.Named<controls::ZENButton>("cmdproceed"), Qt::LeftButton);
     QTRY_COMPARE(shown.OpenWindows(), QStringList("FrmBrPayment"));
-    QVERIFY(shown.main->IsButtonRowEnabled());
+    QVERIFY(button->isEnabled());
   }
 
   void TheClientListOpensWhatItWasAskedForLast() {
@@ -174,10 +173,8 @@ class MDIForm1Test : public QObject {
 
   void AFolderWithErrorsIsListedAndAWholeOneIsTakenIn() {
     ShownMain shown;
-    QFile brokers(shown.folder.filePath(QStringLiteral("brokers.csv")));
-    QVERIFY(brokers.open(QIODevice::WriteOnly));
-    brokers.write("name,city\nSHAH,PUNE\n,DELHI\n");
-    brokers.close();
+    const QString brokers = test::WriteFile(shown.folder.filePath(QStringLiteral("brokers.csv")),
+                                            "name,city\nSHAH,PUNE\n,DELHI\n");
     shown.desk.ask_folder = [&](QWidget*, const QString&) { return shown.folder.path(); };
     shown.Choose("mnuImpFolder");
     QPointer<controls::ChildWindow> errors = shown.Named<controls::ChildWindow>("FrmImportErrors");
@@ -187,9 +184,7 @@ class MDIForm1Test : public QObject {
     QCOMPARE(model.Text(0, 1), "3");
     QCOMPARE(model.Text(0, 2), "name");
     errors->close();
-    QVERIFY(brokers.open(QIODevice::WriteOnly));
-    brokers.write("name,city\nSHAH,PUNE\n");
-    brokers.close();
+    test::WriteFile(brokers, "name,city\nSHAH,PUNE\n");
     shown.Choose("mnuImpFolder");
     QVERIFY2(shown.messages.LastText().contains(QStringLiteral("1 broker")),
              qPrintable(shown.messages.LastText()));
@@ -217,36 +212,24 @@ class MDIForm1Test : public QObject {
   }
 
   void HeadlineComesFromTheFeed_data() {
-    const test::Cases<QByteArray, int, QString> cases("feed", "status", "text");
+    const test::Table<QByteArray, int, QString> row;
     const auto titled = [](const QByteArray& title) {
       return "<rss><channel><item><title>old*</title></item><item><title>" + title +
              "</title></item></channel></rss>";
     };
     const QString old = QStringLiteral("BSE Market Rate List");
-    cases.Add("headline", titled("SENSEX 17000 * 12.5"), 200, "BSE SENSEX 17000   + 12.5");
-    cases.Add("server error", titled("SENSEX * 1"), 500, old);
+    row("headline", titled("SENSEX 17000 * 12.5"), 200, "BSE SENSEX 17000   + 12.5");
+    row("server error", titled("SENSEX * 1"), 500, old);
   }
-
   void HeadlineComesFromTheFeed() {
-    QFETCH(QByteArray, feed);
-    QFETCH(int, status);
+    const auto [feed, status, text] = test::Table<QByteArray, int, QString>::Row();
     const ShownMain shown({.body = feed, .status = status});
     QTRY_VERIFY(!shown.exchange.asked.isEmpty());
     QTest::qWait(100);
-    QTEST(shown.Named<controls::ZENButton>("lblSensex")->text(), "text");
+    QCOMPARE(shown.Named<controls::ZENButton>("lblSensex")->text(), text);
     QCOMPARE(shown.messages.Texts(), QStringList());
-  }
-
-  void ToolsThatAreNotThereAreNamed() {
-    ShownMain shown;
-    QTest::mouseClick(shown.Named<controls::ZENButton>("lblLoaded"), Qt::LeftButton);
-    QCOMPARE(shown.messages.LastText(), "Couldn't find Window MRate");
-    QTest::mouseClick(shown.Named<controls::ZENButton>("lblSensex"), Qt::LeftButton);
-    QVERIFY(shown.messages.LastText().startsWith(QStringLiteral("Couldn't start MRate.")));
-    QCOMPARE(shown.Named<controls::ZENButton>("LblChkUpdate")->text(), "Check For Updates");
   }
 };
 
 static const test::RegisterTest<MDIForm1Test> kRegistered;
-
 #include "MDIForm1Test.moc"

@@ -1,6 +1,6 @@
 #include "admin/users/window/frmLogin.h"
 #include "admin/users/window/frmLoginSetUp.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 #include "ui/Features.h"
 #include "ui/main/ShownMain.h"
 
@@ -201,6 +201,5 @@ class RefusedFieldsTest : public QObject {
   std::unique_ptr<test::ShownMain> shown_;
 };
 
-static const test::RegisterTest<RefusedFieldsTest> kRegistered;
-
+static const quorvane::test::RegisterTest<RefusedFieldsTest> kRegistered;
 #include "RefusedFieldsTest.moc"

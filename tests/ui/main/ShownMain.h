@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ChildWindow.h"
+#include "support/Files.h"
 #include "support/LocalExchange.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
@@ -9,7 +10,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -26,11 +26,8 @@ struct ShownMain {
     exchange.Answer(QLatin1String(kFeedPath), feed);
     session.folders = app::Folders::At(folder.path());
     session.connection = std::make_unique<database::Connection>(database.Settings());
-    QFile config(session.folders.config_file);
-    if (config.open(QIODevice::WriteOnly)) {
-      config.write("[Internet]\nIndexFeed=" + exchange.Address().toEncoded() + kFeedPath + "\n");
-    }
-    config.close();
+    WriteFile(session.folders.config_file,
+              "[Internet]\nIndexFeed=" + exchange.Address().toEncoded() + kFeedPath + "\n");
     Open();
   }
   ~ShownMain() { delete main; }

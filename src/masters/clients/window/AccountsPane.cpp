@@ -95,7 +95,6 @@ std::vector<Account> AccountsPane::Entered() const {
     accounts.push_back({.id = AccountId{model.IdOf(row)},
                         .participant = ParticipantId{model.Value(row, kParticipant).toInt()},
                         .dp_id = DpIdId{model.Value(row, kDpId).toInt()},
-                        .dp_id_text = {},
                         .number = model.Text(row, kNumber)});
   }
   return accounts;

@@ -35,7 +35,6 @@ class TemplateSheet {
   using ValuesOf = std::function<const std::vector<Cell>&(std::size_t index)>;
   void ReplaceBlock(const BlockShift& shift, const PatternOf& pattern_of,
                     const ValuesOf& values_of);
-  bool IsFilled() const { return filled_; }
 
   /// Changes the rows of references to a sheet in this sheet's formulas, whose old results go.
   /// False when there is no formula.

@@ -153,6 +153,8 @@ void PreviewWindow::AddZoom(QBoxLayout* row) {
                  &PreviewWindow::CmdZoomIn_Click);
   On(CmbZoom, &QComboBox::activated, &PreviewWindow::CmbZoom_Click,
      QStringLiteral("CmbZoom_Click"));
+  On(CmbZoom, &controls::ComboBox::Left, &PreviewWindow::CmbZoom_Validate,
+     QStringLiteral("CmbZoom_Validate"));
   connect(pages_, &QPdfView::zoomFactorChanged, this, &PreviewWindow::ShowZoom);
 }
 

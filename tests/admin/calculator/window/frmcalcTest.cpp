@@ -1,8 +1,7 @@
 #include "admin/calculator/window/frmcalc.h"
-#include "support/Cases.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -23,35 +22,32 @@ class frmcalcTest : public QObject {
   void cleanup() { delete window_; }
 
   void KeysGive_data() {
-    const test::Cases<QString, QString> cases("keys", "display");
-    cases.Add("no binary dust", "0.1+0.2=", "0.3");
-    cases.Add("rounded, not cut", "2/3=", "0.666666666666667");
-    cases.Add("repeated", "5+3===", "14");
-    cases.Add("part on top", "500+18%=", "590");
-    cases.Add("part of a product", "2500*0.125%=", "3.125");
-    cases.Add("by zero", "5/0=", "Division by Zero");
-    cases.Add("keys after an error", "5/0=7+1=", "Division by Zero");
-    cases.Add("far apart", "99999999999999.5+0.5=", "10,00,00,00,00,00,000");
-    cases.Add("too large", "999999999999999*999999999999999=", "The Number is too Large");
-    cases.Add("typed commas", "1,000+1,23,456.50=", "1,24,456.5");
+    const test::Table<QString, QString> row;
+    row("no binary dust", "0.1+0.2=", "0.3");
+    row("rounded, not cut", "2/3=", "0.666666666666667");
+    row("repeated", "5+3===", "14");
+    row("part on top", "500+18%=", "590");
+    row("part of a product", "2500*0.125%=", "3.125");
+    row("by zero", "5/0=", "Division by Zero");
+    row("keys after an error", "5/0=7+1=", "Division by Zero");
+    row("far apart", "99999999999999.5+0.5=", "10,00,00,00,00,00,000");
+    row("too large", "999999999999999*999999999999999=", "The Number is too Large");
+    row("typed commas", "1,000+1,23,456.50=", "1,24,456.5");
   }
-
   void KeysGive() {
-    QFETCH(const QString, keys);
+    const auto [keys, display] = test::Table<QString, QString>::Row();
     Type(keys);
-    QTEST(Display(), "display");
+    QCOMPARE(Display(), display);
   }
 
   void CopiedAmountIsTaken_data() {
-    const test::Cases<QString, QString> cases("copied", "display");
-    cases.Add("Indian commas", "1,23,456.50", "1,23,456.5");
-    cases.Add("currency", "Rs. 500", "500");
-    cases.Add("no number", "12 shares", "0");
+    const test::Table<QString, QString> row;
+    row("Indian commas", "1,23,456.50", "1,23,456.5");
+    row("currency", "Rs. 500", "500");
+    row("no number", "12 shares", "0");
   }
-
   void CopiedAmountIsTaken() {
-    QFETCH(const QString, copied);
-    QFETCH(const QString, display);
+    const auto [copied, display] = test::Table<QString, QString>::Row();
     QApplication::clipboard()->setText(copied);
     QTest::keyClick(window_, Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(Display(), display);
@@ -70,20 +66,6 @@ class frmcalcTest : public QObject {
     QCOMPARE(Display(), QString("15"));
     QTest::keyClick(window_, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->text(), QString("15"));
-  }
-
-  void MemoryOutlivesClear() {
-    Type("12.5");
-    QTest::mouseClick(Button("cmdMPlus"), Qt::LeftButton);
-    Type("2.5");
-    QTest::mouseClick(Button("cmdMMinus"), Qt::LeftButton);
-    QTest::keyClick(window_, Qt::Key_Escape);
-    QCOMPARE(Display(), QString("0"));
-    QVERIFY(window_->isVisible());
-    Type("3*");
-    QTest::mouseClick(Button("cmdMR"), Qt::LeftButton);
-    QTest::keyClick(window_, Qt::Key_Return);
-    QCOMPARE(Display(), QString("30"));
   }
 
  private:
@@ -105,8 +87,5 @@ class frmcalcTest : public QObject {
   frmcalc* window_ = nullptr;
 };
 
-namespace {
-const test::RegisterTest<frmcalcTest> kRegistered;
-}
-
+static const test::RegisterTest<frmcalcTest> kRegistered;
 #include "frmcalcTest.moc"

@@ -2,14 +2,11 @@
 #include "masters/clients/Documents.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
 
 #include <QDir>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::documents;
@@ -67,8 +64,5 @@ class frmdocumentsTest : public QObject {
   }
 };
 
-namespace {
-const test::RegisterTest<frmdocumentsTest> kRegistered;
-}
-
+static const test::RegisterTest<frmdocumentsTest> kRegistered;
 #include "frmdocumentsTest.moc"

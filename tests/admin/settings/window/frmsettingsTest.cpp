@@ -5,21 +5,17 @@
 #include "controls/TextBox.h"
 #include "core/app/Ini.h"
 #include "core/rates/QuoteDesk.h"
-#include "support/Cases.h"
+#include "support/Files.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QLabel>
 #include <QPointer>
 #include <QRadioButton>
 #include <QTcpServer>
-#include <QTemporaryDir>
-
-#include <optional>
 
 using namespace quorvane;
 using namespace quorvane::settings;
@@ -53,26 +49,18 @@ class frmsettingsTest : public QObject {
     Choice(BoxOf(WholeRupeeStt))->ById(1);
     Click("cmdUpdate");
     QCOMPARE(messages_.Texts(), QStringList("The settings are saved."));
-    QCOMPARE(Read(Config()), QByteArray("; by hand\n[Backup]\nFolder=/b\n[Internet]\nBseHost=\n"
-                                        "NseHost=https://nse.example\n"
-                                        "NseArchiveHost=https://archive.example\n"
-                                        "[Bills]\nWholeRupeeStt=yes\n"));
+    QCOMPARE(test::ReadFile(Config()),
+             QByteArray("; by hand\n[Backup]\nFolder=/b\n[Internet]\nBseHost=\n"
+                        "NseHost=https://nse.example\n"
+                        "NseArchiveHost=https://archive.example\n"
+                        "[Bills]\nWholeRupeeStt=yes\n"));
     const auto hosts = rates::ExchangeHosts::From(app::IniFile(Config()));
     QCOMPARE(hosts.nse_archive, QUrl("https://archive.example"));
-    QCOMPARE(Read(session_.folders.screen_ini), QByteArray("[ScrReso]\nOpt=1\nX=1024\nY=768\n"));
+    QCOMPARE(test::ReadFile(session_.folders.screen_ini),
+             QByteArray("[ScrReso]\nOpt=1\nX=1024\nY=768\n"));
     QCOMPARE(session_.screen_factors.horizontal, 1024.0F / 800);
     QVERIFY(window_->close());
     QCOMPARE(messages_.said.size(), std::size_t{1});
-  }
-
-  void ThemeHoldsAtOnce() {
-    Open();
-    Choice(BoxOf(Theme))->ById(2);
-    Click("cmdUpdate");
-    QVERIFY(controls::IsDark());
-    Choice(BoxOf(Theme))->ById(1);
-    Click("cmdUpdate");
-    QVERIFY(!controls::IsDark());
   }
 
   void LanguageHoldsAtOnce() {
@@ -91,22 +79,19 @@ class frmsettingsTest : public QObject {
     const QString pixels =
         "Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.";
     const QString address = "Enter a Web Address such as https://www.example.com, or Nothing.";
-    const test::Cases<int, QString, QString> cases("text", "value", "message");
-    cases.Add("too few pixels", Width, "639", pixels);
-    cases.Add("folder", Reports, "/no/such", "The Folder /no/such does not Exist.");
-    cases.Add("port", Port, "65536", "Enter a Port from 1 to 65535.");
-    cases.Add("authority", TlsCa, "/no/such.pem", "The File /no/such.pem does not Exist.");
-    cases.Add("no server", Server, "", "Enter the Database Server.");
-    cases.Add("address without its kind", BseHost, "www.example.com", address);
-    cases.Add("address of a file", IndexFeed, "file:///etc/passwd", address);
-    cases.Add("too long", ArchiveHost, "https://" + QString(250, 'a'),
-              "The Text is too Long. At Most 250 Letters are Kept.");
+    const test::Table<int, QString, QString> row;
+    row("too few pixels", Width, "639", pixels);
+    row("folder", Reports, "/no/such", "The Folder /no/such does not Exist.");
+    row("port", Port, "65536", "Enter a Port from 1 to 65535.");
+    row("authority", TlsCa, "/no/such.pem", "The File /no/such.pem does not Exist.");
+    row("no server", Server, "", "Enter the Database Server.");
+    row("address without its kind", BseHost, "www.example.com", address);
+    row("address of a file", IndexFeed, "file:///etc/passwd", address);
+    row("too long", ArchiveHost, "https://" + QString(250, 'a'),
+        "The Text is too Long. At Most 250 Letters are Kept.");
   }
-
   void WhatCannotBeKeptIsRefusedAndNothingIsWritten() {
-    QFETCH(const int, text);
-    QFETCH(const QString, value);
-    QFETCH(const QString, message);
+    const auto [text, value, message] = test::Table<int, QString, QString>::Row();
     Open();
     Choice("Combo1")->ById(1);
     window_->findChild<QRadioButton*>("Option2")->setChecked(true);
@@ -137,7 +122,7 @@ class frmsettingsTest : public QObject {
     window_->findChild<QRadioButton*>("Option1")->setChecked(true);
     QVERIFY(!Box(Server)->isEnabled());
     Click("cmdUpdate");
-    QCOMPARE(Read(Config()), QByteArray("[Database]\n"));
+    QCOMPARE(test::ReadFile(Config()), QByteArray("[Database]\n"));
     QVERIFY(messages_.LastText().contains("the next time"));
   }
 
@@ -184,16 +169,7 @@ class frmsettingsTest : public QObject {
   }
   QString Outcome() const { return window_->findChild<QLabel*>("lblTest")->text(); }
   QString Config() const { return session_.folders.config_file; }
-  void Write(const QByteArray& content) const {
-    QFile file(Config());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-  }
-  static QByteArray Read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-  }
-
+  void Write(const QByteArray& content) const { test::WriteFile(Config(), content); }
   std::optional<QTemporaryDir> folder_;
   app::Session session_;
   test::RecordingMessages messages_;
@@ -201,8 +177,5 @@ class frmsettingsTest : public QObject {
   QPointer<frmsettings> window_;
 };
 
-namespace {
-const test::RegisterTest<frmsettingsTest> kRegistered;
-}
-
+static const test::RegisterTest<frmsettingsTest> kRegistered;
 #include "frmsettingsTest.moc"

@@ -1,9 +1,6 @@
 #include "admin/users/window/frmLoginSetUp.h"
 #include "controls/TextBox.h"
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 
 using namespace quorvane;
 using namespace quorvane::users;
@@ -37,6 +34,7 @@ class frmLoginSetUpTest : public test::DatabaseTest {
     QVERIFY(!test::Save(book, user));
     test::ShownWindow<frmLoginSetUp> shown(*database_);
     ClickFirstUser(shown);
+    QVERIFY(!shown.RowsOf("VSF").front().contains("one"));
     shown.Named("Text1_1")->setText(QStringLiteral("typed"));
     shown.Named<QCheckBox>("ChkShow")->click();
     QCOMPARE(shown.TextIn("Text1_1"), "typed");
@@ -56,5 +54,4 @@ class frmLoginSetUpTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<frmLoginSetUpTest> kRegistered;
-
 #include "frmLoginSetUpTest.moc"

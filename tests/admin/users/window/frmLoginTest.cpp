@@ -1,16 +1,15 @@
 #include "admin/users/window/frmLogin.h"
 #include "admin/users/window/frmLoginSetUp.h"
 #include "controls/Grid.h"
-#include "masters/Records.h"
 #include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
+#include "support/Records.h"
+#include "support/Test.h"
 #include "support/TestDatabase.h"
-#include "support/TestMain.h"
 
 #include <QCheckBox>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 using namespace quorvane;
 using namespace quorvane::users;
@@ -111,48 +110,6 @@ class frmLoginTest : public QObject {
     QCOMPARE(messages_->Texts().mid(1), QStringList({kExit, kExit}));
   }
 
-  void ChangedPasswordIsTheNewOne() {
-    OpenLogin();
-    Box(login_, "Text1_0")->setText(QStringLiteral("Ravi"));
-    Click(login_, "cmdChange");
-    QCOMPARE(Box(login_, "Text2_0")->text(), "Ravi");
-    Click(login_, "cmdOk1");
-    QCOMPARE(messages_->LastText(), "Enter Old Password.");
-    QVERIFY(Box(login_, "Text2_1")->hasFocus());
-    const auto* change = login_->findChild<ZENButton*>(QStringLiteral("cmdOk1"));
-    Box(login_, "Text2_1")->setText(QStringLiteral("guess"));
-    Box(login_, "Text2_2")->setText(QStringLiteral("New'1"));
-    Box(login_, "Text2_3")->setText(QStringLiteral("New'1"));
-    Click(login_, "cmdOk1");
-    QCOMPARE(messages_->LastText(), "Old Password is Incorrect.");
-    QVERIFY(!change->isEnabled());
-    QTRY_VERIFY(change->isEnabled());
-    Box(login_, "Text2_1")->setText(QStringLiteral("Secret"));
-    Box(login_, "Text2_2")->setText(QStringLiteral("New'1"));
-    Box(login_, "Text2_3")->setText(QStringLiteral("New'1"));
-    Click(login_, "cmdOk1");
-    QCOMPARE(messages_->LastText(), "Password has Successfully Changed.");
-    const QSignalSpy admitted(login_, &frmLogin::Admitted);
-    Type("Ravi", "New'1");
-    Click(login_, "cmdOK");
-    QCOMPARE(admitted.count(), 1);
-  }
-
-  void UsersAreKeptAndTheirPasswordsCovered() {
-    QPointer<frmLoginSetUp> window = new frmLoginSetUp(*desk_);
-    test::PutOnScreen(*window);
-    const auto* grid = window->findChild<controls::Grid*>(QStringLiteral("VSF"));
-    QVERIFY(!grid->Model().Text(0, 1).contains(QStringLiteral("Secret")));
-    window->findChild<QCheckBox*>(QStringLiteral("ChkShow"))->click();
-    QCOMPARE(grid->Model().Text(0, 1), "Secret");
-    Click(window, "cmdAdd");
-    Box(window, "Text1_0")->setText("aDMINISTRATOR");
-    Box(window, "Text1_1")->setText("x");
-    Click(window, "cmdUpdate");
-    QCOMPARE(messages_->LastText(), "User Already Exits!");
-    delete window;
-  }
-
  private:
   std::unique_ptr<test::TestDatabase> database_;
   std::unique_ptr<QTemporaryDir> folder_;
@@ -164,5 +121,4 @@ class frmLoginTest : public QObject {
 };
 
 static const test::RegisterTest<frmLoginTest> kRegistered;
-
 #include "frmLoginTest.moc"

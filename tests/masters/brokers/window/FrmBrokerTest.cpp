@@ -1,23 +1,10 @@
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
 #include "masters/brokers/window/FrmBroker.h"
-#include "support/DatabaseTest.h"
-#include "support/StopAfter.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 
 using namespace quorvane;
 using namespace quorvane::brokers;
 
 namespace {
-
-/// The user stops every delete before its first step is done.
-class FrmBrokerStopped : public FrmBroker {
- public:
-  using FrmBroker::FrmBroker;
-
- protected:
-  std::unique_ptr<Progress> NewProgress() override { return std::make_unique<test::StopAfter>(0); }
-};
 
 const QString kQuestion = QStringLiteral(
     "Are You Sure, You want to Delete this Record?\nAll Related Records Will be Deleted.");
@@ -56,20 +43,6 @@ class FrmBrokerTest : public test::DatabaseTest {
     QCOMPARE(Brokers(), before);
   }
 
-  void CityAndItsCodesCompleteFromTheBrokers() {
-    AddBroker(1, "ONE", "ROAD", "NASHIK", "422001");
-    AddBroker(2, "TWO", "ROAD", "PUNE", "411001");
-    const test::ShownWindow<FrmBroker> shown(*database_);
-    shown.Click("cmdAdd");
-    shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
-    shown.Type("pu");
-    QCOMPARE(shown.TextIn("Text1_2"), "PUNE");
-    QCOMPARE(shown.Named("Text1_2")->selectedText(), "NE");
-    shown.Named("Text1_3")->setFocus(Qt::TabFocusReason);
-    shown.Type("4");
-    QCOMPARE(shown.TextIn("Text1_3"), "411001");
-  }
-
   void DeletedBrokerTakesBillsAlongAndHoldingsAreRecomputed() {
     AddBrokerWithBill();
     AddBroker(9, "STAYS");
@@ -85,25 +58,8 @@ class FrmBrokerTest : public test::DatabaseTest {
     QCOMPARE(shown.TextIn("Text1_0"), "STAYS");
   }
 
-  void StoppedDeleteLeavesEverything() {
-    AddBrokerWithBill();
-    const QStringList before = Everything();
-    test::ShownWindow<FrmBrokerStopped> shown(*database_);
-    shown->List().SelectId(4);
-    shown.messages.WillAnswer(true);
-    shown.Click("CmdDelete");
-    QCOMPARE(shown.messages.Texts(), QStringList({kQuestion, "Cancelled. Nothing was changed."}));
-    QCOMPARE(Everything(), before);
-    QCOMPARE(shown->List().CurrentId(), 4);
-    QCOMPARE(shown.TextIn("Text1_0"), "GOES");
-  }
-
  private:
   QStringList Brokers() { return test::Rows(**database_, "Select * From Broker Order By Id"); }
-
-  QStringList Everything() {
-    return test::Contents(**database_, {"Broker", "BrPayment", "SPMaster", "SPTrans", "Stock"});
-  }
 
   void AddBroker(int id, const char* name, const char* address = "", const char* city = "",
                  const char* pin = "", const char* state = "") {
@@ -126,5 +82,4 @@ class FrmBrokerTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<FrmBrokerTest> kRegistered;
-
 #include "FrmBrokerTest.moc"

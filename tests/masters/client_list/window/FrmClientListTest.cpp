@@ -1,21 +1,19 @@
-#include "masters/ShownWindow.h"
 #include "masters/client_list/window/FrmClientList.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 
 using namespace quorvane;
 using namespace quorvane::client_list;
 using Shown = test::ShownWindow<FrmClientList>;
 
-class FrmClientListTest : public QObject {
+class FrmClientListTest : public test::DatabaseTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void initTestCase() {
-    database_ = std::make_unique<test::TestDatabase>();
+    database_.emplace();
     database_->AddClient(QStringLiteral("ABC"));
     client_ = database_->AddClient(QStringLiteral("XYZ"));
   }
-  void cleanupTestCase() { database_.reset(); }
 
   void TypingAndEnterChooseAClientOfThisYear() {
     Shown shown(*database_);
@@ -76,10 +74,8 @@ class FrmClientListTest : public QObject {
     shown->AskedAgain();
   }
 
-  std::unique_ptr<test::TestDatabase> database_;
   ClientId client_;
 };
 
 static const test::RegisterTest<FrmClientListTest> kRegistered;
-
 #include "FrmClientListTest.moc"

@@ -1,13 +1,7 @@
 #include "masters/clients/window/ClientWindow.h"
-#include "support/Cases.h"
-#include "support/TestMain.h"
 
 using namespace quorvane;
 using namespace quorvane::documents;
-using controls::ComboBox;
-using controls::DateBox;
-using controls::Grid;
-using controls::TextBox;
 using test::RecordingMessages;
 using test::Rows;
 
@@ -23,12 +17,12 @@ class FrmSignTest : public test::ClientWindow {
     QVERIFY(!Button("CmdView")->isEnabled());
     Click("CmdSource");
     QVERIFY(!Button("CmdView")->isEnabled());
-    picked_ = test::WriteFile(folder_->filePath("Sign 1.txt"), "Signed");
+    shown_->chosen = test::WriteFile(folder_->filePath("Sign 1.txt"), "Signed");
     Click("CmdSource");
     QCOMPARE(Box(12)->text(), QString("Sign 1.txt"));
     QCOMPARE(View(), QString("shown"));
     Click("cmdUpdate");
-    QFile::remove(picked_);
+    QFile::remove(shown_->chosen);
     QVERIFY(QFile::exists(folder_->filePath("SignDocs/7/Sign 1.txt")));
     QCOMPARE(View(), QString("shown"));
     QVERIFY(window_->findChild<DocumentViewer*>()->Page().text.contains("Signed"));
@@ -41,14 +35,12 @@ class FrmSignTest : public test::ClientWindow {
   }
 
   void DocumentThatCannotBeShownIsToldAndThePaneIsEmpty_data() {
-    const test::Cases<QString, bool, QString> cases("name", "there", "message");
-    cases.Add("path out of the folder", "../a.jpg", false, "File does not Exist.");
-    cases.Add("broken", "a.jpg", true, "The Image is Broken.");
+    const test::Table<QString, bool, QString> row;
+    row("path out of the folder", "../a.jpg", false, "File does not Exist.");
+    row("broken", "a.jpg", true, "The Image is Broken.");
   }
-
   void DocumentThatCannotBeShownIsToldAndThePaneIsEmpty() {
-    QFETCH(const QString, name);
-    QFETCH(const bool, there);
+    const auto [name, there, message] = test::Table<QString, bool, QString>::Row();
     AddClient(7, "C7");
     Db().Execute("Update ClientInfo Set SignDoc=?", name);
     if (there) {
@@ -57,7 +49,7 @@ class FrmSignTest : public test::ClientWindow {
     }
     Open();
     window_->List().SelectId(7);
-    QTEST(View(), "message");
+    QCOMPARE(View(), message);
     QCOMPARE(messages_->said.front().kind, RecordingMessages::Kind::kInform);
     QVERIFY(window_->findChild<DocumentViewer*>()->IsEmpty());
   }
@@ -75,38 +67,14 @@ class FrmSignTest : public test::ClientWindow {
     QCOMPARE(Rows(Db(), "Select Name,SignDoc From ClientInfo"),
              QStringList("ANOTHER NAME|old.docx"));
     Modify(7);
-    picked_ = test::WriteFile(folder_->filePath("new.xyz"), "new");
+    shown_->chosen = test::WriteFile(folder_->filePath("new.xyz"), "new");
     Click("CmdSource");
     Click("cmdUpdate");
     QCOMPARE(messages_->Texts(), QStringList("Format Not Supported."));
     QVERIFY(window_->IsEditing());
     QVERIFY(QFile::exists(folder_->filePath("SignDocs/7/old.docx")));
   }
-
-  void ButtonsOfThePaneActOnItsDocument() {
-    AddClient(7, "C7");
-    AddAccount(7, 5, 1, 11, "A");
-    Open();
-    Modify(7);
-    QVERIFY(!Button("cmd_Rotate")->isEnabled() && !Button("CmdPrint")->isEnabled());
-    picked_ = test::WriteFile(folder_->filePath("a.gif"), test::Gif());
-    Click("CmdSource");
-    QCOMPARE(View(), QString("shown"));
-    auto* pages = window_->findChild<DocumentPageView*>();
-    Click("cmd_Rotate");
-    QCOMPARE(pages->QuarterTurns(), 1);
-    Click("cmdpicview");
-    QCOMPARE(pages->CurrentView(), DocumentPageView::View::kActual);
-    Click("CmdBGClr");
-    QCOMPARE(pages->viewport()->grab().toImage().pixelColor(2, 2), QColor(Qt::green));
-    Click("CmdPrint");
-    QVERIFY(QFile::exists(folder_->filePath("printed.pdf")));
-    QCOMPARE(messages_->Texts(), QStringList());
-  }
 };
 
-namespace {
-const test::RegisterTest<FrmSignTest> kRegistered;
-}
-
+static const test::RegisterTest<FrmSignTest> kRegistered;
 #include "FrmSignTest.moc"

@@ -1,13 +1,8 @@
-#include "masters/Records.h"
 #include "masters/imports/ImportWindow.h"
 #include "masters/imports/window/ImpScrRate.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
 
 using namespace quorvane;
 using namespace quorvane::imports;
-using Kind = test::RecordingMessages::Kind;
 using Window = test::ImportWindow<ImpScrRate>;
 
 class ImpScrRateTest : public test::DatabaseTest {
@@ -28,67 +23,46 @@ class ImpScrRateTest : public test::DatabaseTest {
   }
 
   void DateIsCheckedBeforeAnythingIsRead_data() {
-    const test::Cases<QString, QString> cases("date", "text");
-    cases.Add("empty", QString(), "Enter Date.");
-    cases.Add("future", "01/02/2018", "You can't insert future Date");
+    const test::Table<QString, QString> row;
+    row("empty", QString(), "Enter Date.");
+    row("future", "01/02/2018", "You can't insert future Date");
   }
-
   void DateIsCheckedBeforeAnythingIsRead() {
-    QFETCH(const QString, date);
+    const auto [date, text] = test::Table<QString, QString>::Row();
     Window shown(*database_);
     shown.Named("TxtDate")->setText(date);
     for (const char* button : {"CmdImport", "CmdSite", "CmdGainLose"}) {
       shown.Click(button);
-      QTEST(shown.messages.LastText(), "text");
+      QCOMPARE(shown.messages.LastText(), text);
     }
     QVERIFY(shown.asked_filters.isEmpty());
     QVERIFY(shown.exchange.asked.isEmpty());
   }
 
-  void StoredRatesOfTheDateAreShown() {
-    const Window shown(*database_);
-    QVERIFY(shown.Cells("VSF").first().startsWith(QLatin1String("500010|H|HDFC|")));
-    shown.TypeDate(QStringLiteral("30/01/2018"));
-    QVERIFY(shown.Cells("VSF").first().endsWith(QLatin1String("|70.00|70.00")));
-    QVERIFY(shown.Cells("VSF").last().endsWith(QLatin1String("||")));
-  }
-
   void FileIsMatchedReviewedAndSaved() {
     Window shown(*database_);
     shown.TypeDate(QStringLiteral("31/01/2018"));
-    shown.Choose("EQ.CSV", test::PriceSample("rates.csv"));
+    shown.Choose("EQ.CSV", test::Sample("rates.csv"));
     shown.Click("CmdImport");
     QCOMPARE(shown.messages.Texts(), QStringList("Completed."));
     QCOMPARE(shown.Counts(),
              "2 of 2 scrips have a rate. Rows of the file: 1 "
              "matched, 1 without a scrip.");
     shown.Show(1);
-    QCOMPARE(shown.Cells("VSF").size(), 1);
-    QVERIFY(shown.Cells("VSF").first().endsWith(QLatin1String("|900.00|961.15")));
+    QCOMPARE(shown.RowsOf("VSF").size(), 1);
+    QVERIFY(shown.RowsOf("VSF").first().endsWith(QLatin1String("|900.00|961.15")));
     shown.Show(3);
-    QCOMPARE(shown.Cells("VSU"), QStringList("3|500209|INFOSYS|A|EQUITY|1150.10"));
+    QCOMPARE(shown.RowsOf("VSU"), QStringList("3|500209|INFOSYS|A|EQUITY|1150.10"));
     shown.Click("cmdUpdate");
     QCOMPARE(shown.messages.LastText(), "Update Successfully!");
     QCOMPARE(Rates(), QStringList({"31/01/2018|3|961.15", "31/01/2018|4|70.5", "30/01/2018|4|70"}));
-  }
-
-  void FileOfAnotherDayIsRefused() {
-    Window shown(*database_);
-    const QStringList before = Rates();
-    shown.TypeDate(QStringLiteral("30/01/2018"));
-    shown.Choose("EQ.CSV", test::PriceSample("rates.csv"));
-    shown.Click("CmdImport");
-    QCOMPARE(shown.messages.Texts(),
-             QStringList("The file holds the prices of 31/01/2018, not of 30/01/2018."));
-    QVERIFY(!shown.Named<controls::ZENButton>("cmdUpdate")->isEnabled());
-    QCOMPARE(Rates(), before);
   }
 
   void ArchiveAndMoversFillTheGrid() {
     Window shown(*database_);
     shown.TypeDate(QStringLiteral("31/01/2018"));
     shown.exchange.Answer(QStringLiteral("/Hisbhav/eq310118_csv.zip"),
-                          {.body = test::PriceSample("rates.zip")});
+                          {.body = test::Sample("rates.zip")});
     shown.Click("CmdSite");
     QTRY_COMPARE(shown.messages.LastText(), QStringLiteral("Completed."));
     for (const char* filter : {"gainer", "loser"}) {
@@ -98,8 +72,8 @@ class ImpScrRateTest : public test::DatabaseTest {
     }
     shown.Click("CmdGainLose");
     QTRY_COMPARE(shown.messages.said.size(), std::size_t{2});
-    QVERIFY(shown.Cells("VSF").first().endsWith(QLatin1String("|70.50|80.25")));
-    QVERIFY(shown.Cells("VSF").last().endsWith(QLatin1String("|900.00|961.15")));
+    QVERIFY(shown.RowsOf("VSF").first().endsWith(QLatin1String("|70.50|80.25")));
+    QVERIFY(shown.RowsOf("VSF").last().endsWith(QLatin1String("|900.00|961.15")));
   }
 
   void RatesTypedByHandAreSavedAndClearedOnesGo() {
@@ -135,5 +109,4 @@ class ImpScrRateTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<ImpScrRateTest> kRegistered;
-
 #include "ImpScrRateTest.moc"

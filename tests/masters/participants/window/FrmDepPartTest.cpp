@@ -1,13 +1,8 @@
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
 #include "masters/participants/window/FrmDepPart.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 
 using namespace quorvane;
 using namespace quorvane::participants;
-using Kind = test::RecordingMessages::Kind;
 
 class FrmDepPartTest : public test::DatabaseTest {
   Q_OBJECT
@@ -52,24 +47,6 @@ class FrmDepPartTest : public test::DatabaseTest {
     QCOMPARE(test::Rows(**database_, "Select DPID From ClientActDet"), QStringList("8"));
   }
 
-  void ChosenRowShowsItsParticipantAndDpIds() {
-    AddParticipants();
-    const test::ShownWindow<FrmDepPart> shown(*database_);
-    // By name.
-    QCOMPARE(shown.ListRow(0).mid(0, 3), QStringList({"OTHER", "CDSL", "PUNE"}));
-    QCOMPARE(shown.ListRow(1).mid(0, 3), QStringList({"SANCHAYIKA", "NSDL", "NASHIK"}));
-    shown->List().SelectId(3);
-    const controls::GridModel& dp_ids = shown.Named<controls::Grid>("VS")->Model();
-    QCOMPARE(dp_ids.RowCount(), 2);
-    QCOMPARE(dp_ids.Text(0, 0), "4");
-    QCOMPARE(dp_ids.Text(1, 1), "IN002");
-    QCOMPARE(shown.TextIn("Combo2"), "NSDL");
-    shown->List().SelectId(2);
-    QCOMPARE(dp_ids.RowCount(), 1);
-    QCOMPARE(shown.TextIn("Text1_0"), "OTHER");
-    QCOMPARE(shown.TextIn("Combo2"), "CDSL");
-  }
-
   void CancelBringsTheStoredDpIdsBack() {
     AddParticipants();
     const QStringList before = DpIds();
@@ -84,37 +61,19 @@ class FrmDepPartTest : public test::DatabaseTest {
     QCOMPARE(DpIds(), before);
   }
 
-  void CodesCompleteFromParticipantsOfTheCity() {
-    AddParticipants();
-    const test::ShownWindow<FrmDepPart> shown(*database_);
-    shown.Click("cmdAdd");
-    shown.Named("Text1_2")->setFocus(Qt::TabFocusReason);
-    shown.Type("p");
-    QCOMPARE(shown.TextIn("Text1_2"), "PUNE");
-    shown.Named("Text1_4")->setFocus(Qt::TabFocusReason);
-    shown.Type("0");
-    QCOMPARE(shown.TextIn("Text1_4"), "020");
-  }
-
-  void DeleteIsAskedForAndLeavesAccountsAlone_data() {
-    const test::Cases<bool, QStringList> cases("yes", "left");
-    cases.Add("no", false, QStringList({"2", "3"}));
-    cases.Add("yes", true, QStringList("2"));
-  }
-
   void DeleteIsAskedForAndLeavesAccountsAlone() {
-    QFETCH(const bool, yes);
     AddParticipants();
     (*database_)->Execute("Insert Into ClientActDet Values(1,1,3,8,'1001')");
     test::ShownWindow<FrmDepPart> shown(*database_);
     shown->List().SelectId(3);
-    shown.messages.WillAnswer(yes);
+    shown.messages.WillAnswer(true);
     shown.Click("CmdDelete");
     QCOMPARE(shown.messages.Texts(), QStringList("Are You Sure, You want to Delete this Record?"));
     QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
     QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
-    QTEST(test::Rows(**database_, "Select Id From DepPart Order By Id"), "left");
-    QTEST(test::Rows(**database_, "Select Distinct(DepId) From DpIDs Order By DepId"), "left");
+    QCOMPARE(test::Rows(**database_, "Select Id From DepPart Order By Id"), QStringList("2"));
+    QCOMPARE(test::Rows(**database_, "Select Distinct(DepId) From DpIDs Order By DepId"),
+             QStringList("2"));
     QCOMPARE(test::Rows(**database_, "Select DMATAC,DPID From ClientActDet"), QStringList("3|8"));
   }
 
@@ -133,5 +92,4 @@ class FrmDepPartTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<FrmDepPartTest> kRegistered;
-
 #include "FrmDepPartTest.moc"

@@ -1,9 +1,5 @@
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
 #include "masters/scrips/window/FrmScript.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 
 using namespace quorvane;
 using namespace quorvane::scrips;
@@ -30,12 +26,6 @@ class FrmScriptTest : public test::DatabaseTest {
     QCOMPARE(shown->List().CurrentId(), 9);
   }
 
-  void ListIsByNameAndShowsTypesAndClasses() {
-    const test::ShownWindow<FrmScript> shown(*database_);
-    QCOMPARE(shown.ListRow(0), QStringList({"500209", "INFOSYS", "", "BOND", "B"}));
-    QCOMPARE(shown.ListRow(1), QStringList({"500325", "RELIANCE", "REL", "EQUITY", "A"}));
-  }
-
   void NewTypeCanBeChosenAtOnceAndTheChoiceIsKept() {
     const test::ShownWindow<FrmScript> shown(*database_);
     shown->List().SelectId(3);
@@ -48,13 +38,6 @@ class FrmScriptTest : public test::DatabaseTest {
     shown.Click("cmdUpdate");
     QCOMPARE(Scrips().front(), "3|500325|RELIANCE|7|6|REL");
     QCOMPARE(shown.ListRow(1).at(3), "WARRANT");
-  }
-
-  void ButtonsOpenTheWindowsOfTypesAndClasses() {
-    const test::ShownWindow<FrmScript> shown(*database_);
-    shown.Click("CmdScriptType");
-    shown.Click("CmdScriptCls");
-    QCOMPARE(shown.opened, QStringList({"FrmScriptType", "FrmScriptCls"}));
   }
 
   void ListShowsWhatOthersSavedWhenTheWindowIsActivated() {
@@ -80,23 +63,16 @@ class FrmScriptTest : public test::DatabaseTest {
     QCOMPARE(shown->List().Model().RowCount(), before + 1);
   }
 
-  void DeleteIsAskedForWithNoAsPreset_data() {
-    const test::Cases<bool, QStringList> cases("yes", "left");
-    cases.Add("no", false, QStringList({"3", "8"}));
-    cases.Add("yes", true, QStringList("8"));
-  }
-
   void DeleteIsAskedForWithNoAsPreset() {
-    QFETCH(const bool, yes);
     test::ShownWindow<FrmScript> shown(*database_);
     shown->List().SelectId(3);
-    shown.messages.WillAnswer(yes);
+    shown.messages.WillAnswer(true);
     shown.Click("CmdDelete");
     QCOMPARE(shown.messages.Texts(), QStringList("Are You Sure, You want to Delete this Record?\n"
                                                  "All Related Data Will be Deleted."));
     QCOMPARE(shown.messages.said.back().icon, controls::Icon::kCritical);
     QCOMPARE(shown.messages.said.back().preset, controls::Answer::kNo);
-    QTEST(test::Rows(**database_, "Select Id From Script Order By Id"), "left");
+    QCOMPARE(test::Rows(**database_, "Select Id From Script Order By Id"), QStringList("8"));
   }
 
  private:
@@ -106,5 +82,4 @@ class FrmScriptTest : public test::DatabaseTest {
 };
 
 static const test::RegisterTest<FrmScriptTest> kRegistered;
-
 #include "FrmScriptTest.moc"

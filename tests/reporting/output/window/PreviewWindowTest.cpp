@@ -3,7 +3,7 @@
 #include "reporting/output/window/PreviewWindow.h"
 #include "reporting/output/window/RepView.h"
 #include "support/RecordingMessages.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -11,8 +11,6 @@
 #include <QPdfPageNavigator>
 #include <QPointer>
 #include <QPrinter>
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace quorvane;
 using namespace quorvane::reporting;
@@ -82,6 +80,12 @@ class PreviewWindowTest : public QObject {
     QTest::keyClicks(number, "3");
     QTest::keyClick(number, Qt::Key_Tab);
     QCOMPARE(shown.view->Pages().CurrentPage(), 2);
+    auto* zoom = shown.Named<QComboBox>("CmbZoom");
+    zoom->setFocus();
+    zoom->lineEdit()->selectAll();
+    QTest::keyClicks(zoom, "33");
+    number->setFocus();
+    QCOMPARE(shown.view->Pages().Zoom(), 0.33);
   }
 
   void SearchGoesThroughAllPagesAndAround() {
@@ -195,5 +199,4 @@ class PreviewWindowTest : public QObject {
 };
 
 static const test::RegisterTest<PreviewWindowTest> kRegistered;
-
 #include "PreviewWindowTest.moc"

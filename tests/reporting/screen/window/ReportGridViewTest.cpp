@@ -1,6 +1,6 @@
 #include "reporting/screen/window/ReportGridView.h"
 #include "support/OnScreen.h"
-#include "support/TestMain.h"
+#include "support/Test.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -66,5 +66,4 @@ class ReportGridViewTest : public QObject {
 };
 
 static const test::RegisterTest<ReportGridViewTest> kRegistered;
-
 #include "ReportGridViewTest.moc"

@@ -1,28 +1,25 @@
 #include "controls/DateBox.h"
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
-#include "support/Cases.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 #include "transactions/broker_money/BrokerOpeningBook.h"
 
 using namespace quorvane;
 using namespace quorvane::broker_ledger;
-using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<RptBrokerLedger>;
 
-class RptBrokerLedgerTest : public QObject {
+class RptBrokerLedgerTest : public test::DeskTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void initTestCase() {
-    desk_ = std::make_unique<Desk>();
-    able_ = desk_->database.AddBroker(QStringLiteral("ABLE"));
+    desk_.emplace();
+    desk_->database.AddBroker(QStringLiteral("ABLE"));
+  }
+  void init() {
+    desk_->Empty();
     RecordYear();
   }
-  void cleanupTestCase() { desk_.reset(); }
 
   // Opening 5000.00 Cr, a bill of 1010.00 Dr, paid 4500.50 Dr, received 250.25 Cr: -5000.00 +
   // 1010.00 + 4500.50 - 250.25 = 260.25 Dr, which the next year opens with.
@@ -44,28 +41,14 @@ class RptBrokerLedgerTest : public QObject {
     QCOMPARE(*next.List().front().side, broker_money::LedgerSide::kDebit);
   }
 
-  void MonthSetsThePeriodAndFoldsWhatWasBefore() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.Named<controls::ComboBox>("CmbMth")->setFocus(Qt::TabFocusReason);
-    shown.Fill({"feb"});
-    QCOMPARE(shown.TextIn("Text1_0"), "01/02/2012");
-    QCOMPARE(shown.TextIn("Text1_1"), "29/02/2012");
-    shown.Click("CmdReport");
-    QCOMPARE(Screen(shown),
-             QStringList({"O'BRIEN & SONS", "01/02/2012|Opening Balance|510.50||510.50Dr",
-                          "|Closing Balance|510.50|0.00|510.50Dr"}));
-  }
-
   void PeriodAndBrokersAreChecked_data() {
-    const test::Cases<QString, QString, bool, QString> cases("from", "to", "brokers", "text");
-    cases.Add("outside the year", "31/03/2011", "31/03/2012", true,
-              "The date lies outside the financial year 2011-12.");
-    cases.Add("no broker", "01/04/2011", "01/04/2011", false, "Enter Broker Name.");
+    const test::Table<QString, QString, bool, QString> row;
+    row("outside the year", "31/03/2011", "31/03/2012", true,
+        "The date lies outside the financial year 2011-12.");
+    row("no broker", "01/04/2011", "01/04/2011", false, "Enter Broker Name.");
   }
   void PeriodAndBrokersAreChecked() {
-    QFETCH(QString, from);
-    QFETCH(QString, to);
-    QFETCH(bool, brokers);
+    const auto [from, to, brokers, text] = test::Table<QString, QString, bool, QString>::Row();
     const Shown shown(desk_->database, ForClient{desk_->of});
     shown.Click("CmdReport");
     const QStringList before = Screen(shown);
@@ -73,7 +56,7 @@ class RptBrokerLedgerTest : public QObject {
     shown.Named("Text1_1")->setText(to);
     shown.Named<controls::Grid>("VSB")->Model().TickAll(brokers);
     shown.Click("CmdReport");
-    QTEST(shown.messages.LastText(), "text");
+    QCOMPARE(shown.messages.LastText(), text);
     QCOMPARE(Screen(shown), before);
   }
 
@@ -123,11 +106,7 @@ class RptBrokerLedgerTest : public QObject {
     }
     return rows;
   }
-
-  std::unique_ptr<Desk> desk_;
-  BrokerId able_;
 };
 
 static const test::RegisterTest<RptBrokerLedgerTest> kRegistered;
-
 #include "RptBrokerLedgerTest.moc"

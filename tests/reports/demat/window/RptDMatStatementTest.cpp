@@ -1,11 +1,6 @@
 #include "reports/Sample.h"
 #include "reports/ShownReport.h"
 #include "reports/demat/window/RptDMatStatement.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
-
-#include <QFileInfo>
 
 using namespace quorvane;
 using namespace quorvane::demat;
@@ -21,19 +16,18 @@ class RptDMatStatementTest : public test::DatabaseTest {
   }
 
   void TargetDecidesTheReport_data() {
-    const test::Cases<QString, QString, QString> cases("target", "caption", "title");
-    cases.Add("statement", "RPTDMATSTATEMENT", "Demat A/c Statement RAGHAV MOHAN ATHALEKAR:2011-12",
-              "Demat A/c Statement (From 01/04/2011 To 31/03/2012)");
-    cases.Add("transactions", "rpttransaction", "Transaction Report RAGHAV MOHAN ATHALEKAR:2011-12",
-              "TRANSACTION REPORT");
+    const test::Table<QString, QString, QString> row;
+    row("statement", "RPTDMATSTATEMENT", "Demat A/c Statement RAGHAV MOHAN ATHALEKAR:2011-12",
+        "Demat A/c Statement (From 01/04/2011 To 31/03/2012)");
+    row("transactions", "rpttransaction", "Transaction Report RAGHAV MOHAN ATHALEKAR:2011-12",
+        "TRANSACTION REPORT");
   }
-
   void TargetDecidesTheReport() {
-    QFETCH(QString, target);
+    const auto [target, caption, title] = test::Table<QString, QString, QString>::Row();
     const Shown shown(*database_, target, "ATH001", 2011);
-    QTEST(shown.window->windowTitle(), "caption");
+    QCOMPARE(shown.window->windowTitle(), caption);
     shown.Click("CmdReport");
-    QTEST(shown.Screen().Document().titles.first(), "title");
+    QCOMPARE(shown.Screen().Document().titles.first(), title);
     QCOMPARE(shown.messages.Texts(), QStringList());
     QCOMPARE(shown.Named<QWidget>("FTransaction")->isVisible(),
              target.contains("transaction", Qt::CaseInsensitive));
@@ -81,41 +75,33 @@ class RptDMatStatementTest : public test::DatabaseTest {
     const Shown shown(*database_, "RptTransaction", "ATH001", 2011);
     shown.Menu("mnuword");
     QCOMPARE(shown.messages.Texts(), QStringList());
-    const QString document = shown.session.folders.data + "/TransactionRpt.Doc";
+    const QString document = shown.Session().folders.data + "/TransactionRpt.Doc";
     QCOMPARE(shown.opened, QStringList{document});
-    QFile first(document);
-    QFile second(shown.session.folders.data + "/TransactionRpt.rtf");
-    QVERIFY(first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly));
-    const QByteArray text = first.readAll();
+    const QByteArray text = test::ReadFile(document);
     QVERIFY(text.startsWith("{\\rtf") && text.contains("Total Payable"));
-    QCOMPARE(second.readAll(), text);
+    QCOMPARE(test::ReadFile(shown.Session().folders.data + "/TransactionRpt.rtf"), text);
   }
 
   void WorkbookNeedsItsTemplate_data() {
-    const test::Cases<QString, QString> cases("layout", "file");
-    cases.Add("summarized", "OptTransaction_0", "/TransRpt.xlsx");
-    cases.Add("detailed", "OptTransaction_1", "/TransRptNew.xlsx");
+    const test::Table<QString, QString> row;
+    row("summarized", "OptTransaction_0", "/TransRpt.xlsx");
+    row("detailed", "OptTransaction_1", "/TransRptNew.xlsx");
   }
-
   void WorkbookNeedsItsTemplate() {
-    QFETCH(QString, layout);
-    QFETCH(QString, file);
+    const auto [layout, file] = test::Table<QString, QString>::Row();
     const Shown shown(*database_, "RptTransaction", "ATH001", 2011);
     shown.Click(layout);
     shown.Menu("mnuexcel");
     QCOMPARE(shown.messages.Texts(), QStringList());
     QCOMPARE(shown.opened.size(), 1);
     QVERIFY(QFileInfo(shown.opened.first()).size() > 5000);
-    const QString path = shown.session.folders.data + file;
+    const QString path = shown.Session().folders.data + file;
     QVERIFY(QFile::remove(path));
     shown.Menu("mnuexcel");
     QCOMPARE(shown.opened.size(), 1);
     QVERIFY2(shown.messages.LastText().contains(path), qPrintable(shown.messages.LastText()));
   }
-
- private:
 };
 
 static const test::RegisterTest<RptDMatStatementTest> kRegistered;
-
 #include "RptDMatStatementTest.moc"

@@ -1,43 +1,23 @@
-#include "masters/ShownWindow.h"
-#include "masters/clients/Documents.h"
 #include "reports/Sample.h"
 #include "reports/mis/window/RptVariousReport.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
+#include "support/Files.h"
 #include "support/LocalExchange.h"
-#include "support/OnScreen.h"
-#include "support/RecordingMessages.h"
-#include "support/TestMain.h"
-
-#include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include "support/ShownWindow.h"
 
 using namespace quorvane;
 using namespace quorvane::mis;
-using Kind = test::RecordingMessages::Kind;
 
 namespace {
 
 /// The window over the sample portfolio, opened without a client and driven by keys and clicks.
-struct Shown {
+struct Shown : test::ShownWindow<RptVariousReport> {
   explicit Shown(test::TestDatabase& database) {
-    session.connection = std::make_unique<database::Connection>(database.Settings());
-    session.folders = app::Folders::At(folder.path());
-    desk.show_report = [this](const reporting::ReportDocument& document, QWidget*) {
-      shown.push_back(document);
-    };
-    desk.ask_open_path = [this](QWidget*, const QString&, const QString&) { return rate_file; };
-    window = std::make_unique<RptVariousReport>(desk);
-    test::PutOnScreen(*window);
+    today_ = *text::MakeDate(15, 11, 2013);
+    session_.folders = app::Folders::At(folder.path());
+    Open(database);
     Named<controls::ComboBox>("CboYr")->ByText("2011-12");
   }
 
-  template <class Control>
-  Control* Named(const char* name) const {
-    return window->findChild<Control*>(QLatin1String(name));
-  }
   controls::Grid& Grid(const char* name) const { return *Named<controls::Grid>(name); }
   void Click(const char* button) const { Named<QAbstractButton>(button)->click(); }
   void GoToRates() const { Named<QTabWidget>("Pages")->setCurrentIndex(2); }
@@ -45,22 +25,6 @@ struct Shown {
     return Named<reporting::ReportGridView>("VS")->Model();
   }
   QStringList Titles() const { return Screen().Document().titles; }
-  QString Total() const {
-    const reporting::Table& table = Screen().Document().tables.front();
-    return reporting::CellText(table.rows.back().cells.back(), table.columns.back().mask);
-  }
-  static void Type(const QString& text) { test::ShownWindow<RptVariousReport>::Type(text); }
-  static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-  }
-
-  QTemporaryDir folder;
-  app::Session session;
-  test::RecordingMessages messages;
-  reporting::ReportDesk desk{{session, messages, [] { return *text::MakeDate(15, 11, 2013); }}};
-  QString rate_file;
-  std::vector<reporting::ReportDocument> shown;
-  std::unique_ptr<RptVariousReport> window;
 };
 
 }  // namespace
@@ -77,7 +41,7 @@ class RptVariousReportTest : public test::DatabaseTest {
   void ReportIsMadeByKeyboard() {
     const Shown window(*database_);
     QVERIFY(!window.Named<QWidget>("CmdRepType_0")->isVisible());
-    QTest::keyClick(window.window.get(), Qt::Key_V, Qt::AltModifier);
+    QTest::keyClick(window.window, Qt::Key_V, Qt::AltModifier);
     QTRY_VERIFY(window.Named<QWidget>("CmdRepType_0")->isVisible());
     Shown::Press(Qt::Key_Right);
     Shown::Press(Qt::Key_Right);
@@ -85,28 +49,12 @@ class RptVariousReportTest : public test::DatabaseTest {
     QCOMPARE(window.Titles(), QStringList({"Portfolio Valuation as on 31 March, 2012",
                                            "Financial Year : 2011-12", "GROUP NAME- ATHALEKAR"}));
     window.Click("CmdShowReport");
-    QCOMPARE(window.shown.size(), std::size_t{1});
-    QCOMPARE(window.shown.front().titles, window.Titles());
+    QCOMPARE(window.reports.size(), std::size_t{1});
+    QCOMPARE(window.reports.front().titles, window.Titles());
     const int rows = window.Screen().rowCount();
     window.Click("Option1_1");
     Shown::Press(Qt::Key_F5);
     QVERIFY(window.Screen().rowCount() < rows);
-  }
-
-  void EveryReportKeepsItsTitle_data() {
-    const test::Cases<QString, QString> cases("button", "title");
-    cases.Add("position", "CmdPortPos", "Portfolio Position (Demat A/c Wise)");
-    cases.Add("valuation", "CmdPortVal", "Portfolio Valuation as on 31 March, 2012");
-    cases.Add("profit", "CmdProfitLossReport", "Profit/Loss Report (Demat A/c Wise)");
-    cases.Add("stock", "CmdStkVal", "Stock Valuation as on 31 March, 2012");
-  }
-
-  void EveryReportKeepsItsTitle() {
-    QFETCH(QString, button);
-    const Shown window(*database_);
-    window.Click(button.toLatin1());
-    window.Click("CmdRepType_1");
-    QTEST(window.Titles().first(), "title");
   }
 
   void GroupIsWholeAndSingleClientsAreTicked() {
@@ -182,26 +130,6 @@ class RptVariousReportTest : public test::DatabaseTest {
     QCOMPARE(window.Grid("VSF").Model().Text(0, 3), "1101.50");
   }
 
-  void EnteredRatesAreGivenUpOrDeletedOnlyWhenAsked() {
-    Shown window(*database_);
-    window.GoToRates();
-    window.Click("cmdModify");
-    QCOMPARE(window.Grid("VSF").Model().RowCount(), 40);
-    window.Grid("VSF").Model().SetValue(0, 3, 9.0);
-    QVERIFY(!window.window->close());
-    QCOMPARE(window.messages.said.back().kind, Kind::kAsk);
-    window.Click("cmdCancel");
-    const rates::RateBook book(**database_);
-    const auto dates = book.Dates();
-    window.Click("CmdDelete");
-    QCOMPARE(window.messages.LastText(),
-             "Are You Sure, You want to Delete All Records of this Date?");
-    QCOMPARE(book.Dates(), dates);
-    window.messages.WillAnswer(true);
-    window.Click("CmdDelete");
-    QCOMPARE(book.Dates().size(), dates.size() - 1);
-  }
-
   // The second scrip of the list has no price there; what is typed is kept as it is shown.
   void RatesOfTheChosenScripsAreFetchedAndWholePaiseKept() {
     Shown window(*database_);
@@ -235,25 +163,6 @@ class RptVariousReportTest : public test::DatabaseTest {
     QCOMPARE(kept, std::vector<double>({12.35, 1234.5}));
   }
 
-  void RateFileIsCheckedAndFilledIn() {
-    Shown window(*database_);
-    window.GoToRates();
-    window.Click("cmdAdd");
-    window.Named<controls::DateBox>("Text2")->SetDate("04/11/2013");
-    window.rate_file = Written(window, "bad.csv", "a,b\n1,2\n");
-    window.Click("CmdImportRate");
-    QVERIFY(window.messages.LastText().startsWith("Invalid File."));
-    window.rate_file = Written(window, "good.csv",
-                               "SYMBOL,SC_Code,SC_Name,SC_Group,SC_Class,SERIES,SC_Type,SC_Rate\n"
-                               "HDFC,500010,HDFC,A,A,EQ,Q,812.35\n"
-                               "NONE,999999,NOBODY,A,A,EQ,Q,5\n");
-    window.Click("CmdImportRate");
-    const rates::RateBook book(**database_);
-    QVERIFY(book.RatesOf(*text::MakeDate(4, 11, 2013)).empty());
-    window.Click("cmdUpdate");
-    QCOMPARE(book.RatesOf(*text::MakeDate(4, 11, 2013)).size(), std::size_t{1});
-  }
-
   void ChartSaysTheSameInItsTable() {
     const Shown window(*database_);
     window.Named<QTabWidget>("Pages")->setCurrentIndex(1);
@@ -269,5 +178,4 @@ class RptVariousReportTest : public test::DatabaseTest {
 };
 
 static const quorvane::test::RegisterTest<RptVariousReportTest> kRegistered;
-
 #include "RptVariousReportTest.moc"

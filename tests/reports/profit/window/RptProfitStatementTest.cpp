@@ -1,13 +1,8 @@
 #include "reports/Sample.h"
 #include "reports/ShownReport.h"
 #include "reports/profit/window/RptProfitStatement.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
 #include "transactions/bills/BillBook.h"
 
-#include <QFile>
 #include <QProcess>
 
 using namespace quorvane;
@@ -32,14 +27,6 @@ struct Shown : test::ShownReport<RptProfitStatement> {
 
 constexpr int kFirstGain = 9;
 
-/// The sheets, and the amounts of the last line.
-const QString kReadWorkbook = QStringLiteral(
-    "import openpyxl, sys\n"
-    "book = openpyxl.load_workbook(sys.argv[1])\n"
-    "print(*book.sheetnames)\n"
-    "last = [row for row in book.worksheets[0].values if any(row)][-1]\n"
-    "print(*[f'{cell:.2f}' for cell in last if isinstance(cell, (int, float))])\n");
-
 }  // namespace
 
 class RptProfitStatementTest : public test::DatabaseTest {
@@ -52,25 +39,23 @@ class RptProfitStatementTest : public test::DatabaseTest {
   }
 
   void TargetDecidesTheReport_data() {
-    const test::Cases<QString, QString, QString, bool> cases("target", "caption", "title",
-                                                             "exports");
-    cases.Add("profit", "RptProfitStatement", "Profit Statement RAGHAV MOHAN ATHALEKAR:2011-12",
-              "Scriptwise Profitability Statement", false);
-    cases.Add("gain", "rptcapitalgain", "Capital Gain Statement RAGHAV MOHAN ATHALEKAR:2011-12",
-              "Capital Gain Statement", true);
+    const test::Table<QString, QString, QString, bool> row;
+    row("profit", "RptProfitStatement", "Profit Statement RAGHAV MOHAN ATHALEKAR:2011-12",
+        "Scriptwise Profitability Statement", false);
+    row("gain", "rptcapitalgain", "Capital Gain Statement RAGHAV MOHAN ATHALEKAR:2011-12",
+        "Capital Gain Statement", true);
   }
-
   void TargetDecidesTheReport() {
-    QFETCH(QString, target);
-    QFETCH(bool, exports);
+    const auto [target, caption, title, exports] =
+        test::Table<QString, QString, QString, bool>::Row();
     const Shown window(*database_, target);
-    QTEST(window.window->windowTitle(), "caption");
+    QCOMPARE(window.window->windowTitle(), caption);
     QCOMPARE(window.Named<QWidget>("FrmExp")->isVisible(), exports);
     QCOMPARE(window.Named<QLineEdit>("Text1_0")->text(), "01/04/2011");
     QCOMPARE(window.Named<QLineEdit>("Text1_1")->text(), "31/03/2012");
     QVERIFY(window.Named<QAbstractButton>("optF_2")->isChecked());
     window.Click("CmdReport");
-    QTEST(window.Screen().Document().titles.first(), "title");
+    QCOMPARE(window.Screen().Document().titles.first(), title);
     QCOMPARE(window.messages.said.size(), std::size_t{2});
     QCOMPARE(window.messages.said[0].kind, Kind::kAsk);
     QCOMPARE(window.messages.said[1].kind, Kind::kInform);
@@ -83,8 +68,8 @@ class RptProfitStatementTest : public test::DatabaseTest {
     window.Menu("mnupreview");
     window.Click("OptFormat_1");
     window.Menu("mnupreview");
-    QCOMPARE(window.printed.size(), std::size_t{2});
-    for (const reporting::ReportDocument& document : window.printed) {
+    QCOMPARE(window.reports.size(), std::size_t{2});
+    for (const reporting::ReportDocument& document : window.reports) {
       const reporting::Table& table = document.tables.front();
       QStringList gains;
       for (std::size_t i = kFirstGain; i < table.columns.size(); ++i) {
@@ -92,19 +77,18 @@ class RptProfitStatementTest : public test::DatabaseTest {
       }
       QCOMPARE(gains, net.mid(kFirstGain));
     }
-    QCOMPARE(window.printed[0].tables.front().columns.front().heading, "S.No");
-    QCOMPARE(window.printed[1].tables.front().columns.front().heading, "Date");
+    QCOMPARE(window.reports[0].tables.front().columns.front().heading, "S.No");
+    QCOMPARE(window.reports[1].tables.front().columns.front().heading, "Date");
   }
 
   void ChoicesChangeTheFigures_data() {
-    const test::Cases<QString> cases("choice");
+    const test::Table<QString> row;
     for (const char* choice : {"optSTax_1", "optSTT_1", "Option2_1", "Option2_2", "ChkAverage"}) {
-      cases.Add(choice, choice);
+      row(choice, choice);
     }
   }
-
   void ChoicesChangeTheFigures() {
-    QFETCH(QString, choice);
+    const auto [choice] = test::Table<QString>::Row();
     const Shown window(*database_);
     const QStringList before = window.Report();
     window.Click(choice);
@@ -120,45 +104,6 @@ class RptProfitStatementTest : public test::DatabaseTest {
     const QStringList with = window.Report();
     QVERIFY(without[3] != with[3]);
     QCOMPARE(without.mid(4), with.mid(4));
-  }
-
-  void NothingTickedBuildsNothing() {
-    const Shown window(*database_);
-    auto* scrips = window.Named<controls::Grid>("VSS");
-    QVERIFY(scrips->Model().RowCount() > 5);
-    scrips->Model().TickAll(false);
-    window.Click("CmdReport");
-    QCOMPARE(window.messages.Texts(), QStringList("Select Script Name!"));
-    QCOMPARE(window.Screen().rowCount(), 0);
-    window.Named<controls::Grid>("VSD")->Model().TickAll(false);
-    window.Click("CmdReport");
-    QCOMPARE(window.messages.LastText(), "Select Demat A/c!");
-  }
-
-  void KeysAloneTickOneScripAndReport() {
-    const Shown window(*database_);
-    auto* scrips = window.Named<controls::Grid>("VSS");
-    scrips->Model().TickAll(false);
-    scrips->setFocus();
-    QTest::keyClick(scrips, Qt::Key_Home, Qt::ControlModifier);
-    QTest::keyClick(scrips, Qt::Key_Space);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
-    QTRY_COMPARE(window.messages.LastText(), QStringLiteral("Report is Ready."));
-    QCOMPARE(window.Screen().RowText(0).trimmed(), scrips->Model().Text(0, 1));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_P, Qt::ControlModifier);
-    QCOMPARE(window.printed.size(), std::size_t{1});
-  }
-
-  void ScripsFollowTheirSource() {
-    const Shown window(*database_);
-    const int of_client = window.Scrips().RowCount();
-    window.Click("Option1_1");
-    const int all = window.Scrips().RowCount();
-    QVERIFY(all > of_client);
-    window.Click("Option1_0");
-    window.Click("optF_0");
-    const int fo = window.Scrips().RowCount();
-    QVERIFY(fo < of_client);
   }
 
   void ClientWithoutAnythingHasNoScrips() {
@@ -210,63 +155,19 @@ class RptProfitStatementTest : public test::DatabaseTest {
     window.Menu("mnuword");
     QVERIFY(window.messages.LastText().contains(stem + ".rtf"));
   }
-
-  void WorkbookIsTheTemplateFilled_data() {
-    const test::Cases<QString, QString> cases("format", "sheet");
-    cases.Add("summary", "OptFormat_0", "Summary");
-    cases.Add("detail", "OptFormat_1", "Detail");
-  }
-
-  void WorkbookIsTheTemplateFilled() {
-    QFETCH(QString, format);
-    const Shown window(*database_, "RptCapitalGain");
-    window.Click(format);
-    window.Menu("mnupreview");
-    window.Menu("mnuexcel");
-    QCOMPARE(window.messages.Texts(), QStringList());
-    QProcess reader;
-    reader.start("/usr/bin/python3", {"-c", kReadWorkbook, window.opened.first()});
-    QVERIFY(reader.waitForFinished());
-    const QStringList lines =
-        QString::fromUtf8(reader.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    QTEST(lines.value(0), "sheet");
-    const reporting::Table& table = window.printed.front().tables.front();
-    const reporting::Row& net = table.rows.back();
-    QStringList amounts;
-    for (std::size_t i = 1; i < net.cells.size(); ++i) {
-      if (std::holds_alternative<double>(net.cells[i])) {
-        amounts.append(reporting::CellText(net.cells[i], reporting::Mask::kAmount));
-      }
-    }
-    QCOMPARE(lines.last(), amounts.join(' '));
-  }
-
-  void WorkbookNeedsItsTemplate() {
-    Shown window(*database_);
-    window.session.folders.data = window.folder.path();
-    window.Menu("mnuexcel");
-    QVERIFY(window.messages.LastText().contains("ProfitGainRpt.xlsx is not there"));
-    QVERIFY(window.opened.isEmpty());
-  }
-
   void SavingAsksForThePlace() {
     Shown window(*database_);
     window.Menu("mnupdf");
     QVERIFY(window.messages.said.empty());
     window.save_path = window.folder.filePath("mine.pdf");
     window.Menu("mnupdf");
-    QFile file(window.save_path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(file.read(5) == "%PDF-");
+    QVERIFY(test::ReadFile(window.save_path).startsWith("%PDF-"));
     window.save_path = window.folder.filePath("none/mine.csv");
     window.Menu("mnucsv");
     QCOMPARE(window.messages.said.back().kind, Kind::kRefuse);
     QVERIFY(window.messages.LastText().startsWith("mnucsv_Click"));
   }
-
- private:
 };
 
 static const test::RegisterTest<RptProfitStatementTest> kRegistered;
-
 #include "RptProfitStatementTest.moc"

@@ -1,17 +1,10 @@
 #include "controls/DateBox.h"
 #include "core/app/Ini.h"
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/bills/window/FrmSalePurchase.h"
 
 #include <QLabel>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <memory>
 
 using namespace quorvane;
 using namespace quorvane::bills;
@@ -221,17 +214,6 @@ class FrmSalePurchaseTest : public test::DeskTest {
     desk_->Connection().Execute("Delete From Script Where Id=?", added);
   }
 
-  void RecordedRateOfTheDayIsOffered() {
-    desk_->Connection().Execute("Insert Into MarketRate Values('2011-12',1,'10/06/2011',?,98.765)",
-                                desk_->scrip);
-    Open();
-    BeginBill();
-    Shown::Fill({"p", "", "500325"});
-    desk_->Connection().Execute("Delete From MarketRate");
-    QCOMPARE(shown_->TextIn("Text1_4"), "98.77");
-    QVERIFY(answers_.empty());
-  }
-
   void RateThatArrivesLaterFillsTheBoxUnlessOneWasTyped() {
     Open();
     BeginBill();
@@ -253,41 +235,6 @@ class FrmSalePurchaseTest : public test::DeskTest {
     QCOMPARE(shown_->TextIn("Text1_4"), QString());
   }
 
-  void DateComesBeforeTheScrip() {
-    Open();
-    BeginBill("16112011");
-    Shown::Fill({"p", "", "500325"});
-    QCOMPARE(shown_->messages.LastText(), "You can't insert future Date");
-    QCOMPARE(Shown::Focused(), "Text1_1");
-    Shown::Fill({"31032011"});
-    QCOMPARE(shown_->messages.LastText(), "The Date is not in the Financial Year 2011-12.");
-    QCOMPARE(Shown::Focused(), "Text1_1");
-    Shown::Fill({"10062011"});
-    QCOMPARE(asked_, QStringList("BSE 500325 10/06/2011"));
-    QCOMPARE(shown_->messages.said.size(), std::size_t{2});
-  }
-
-  void DeliveryTypeChoosesThePercentages() {
-    Open();
-    BeginBill();
-    Shown::Fill({"s", "non", "500325", "", "10", "100"});
-    QCOMPARE(Shown::Focused(), "Text1_5");
-    QCOMPARE(shown_->TextIn("Text1_5"), "0.05");
-    Shown::Press(Qt::Key_Return);
-    QCOMPARE(shown_->TextIn("Text1_6"), "99.95");
-    QCOMPARE(shown_->TextIn("Text1_8"), "0.0515");
-    Shown::Press(Qt::Key_Return);
-    QCOMPARE(shown_->TextIn("Combo5"), "0.017");
-    Shown::Press(Qt::Key_Return);
-    QCOMPARE(shown_->TextIn("Text1_13"), "0.169915");
-    Shown::Press(Qt::Key_F8);
-    QCOMPARE(shown_->RowsOf("Vs1"),
-             QStringList("S|RELIANCE|10.00|100.00|0.05|99.95|999.50|0.05|0.17|0.017||"
-                         "Non Delivery Based"));
-    QCOMPARE(shown_->TextIn("Text1_12"), "999.62");
-    QCOMPARE(shown_->Named<QLabel>("LblTotal")->text(), "Total Receivable");
-  }
-
   void SttIsProposedInWholeRupeesWhenTheSettingsSaySo() {
     const QTemporaryDir folder;
     app::IniFile(folder.filePath("Confg.ini")).Write("Bills", "WholeRupeeStt", "yes");
@@ -295,19 +242,6 @@ class FrmSalePurchaseTest : public test::DeskTest {
     BeginBill();
     Shown::Fill({"p", "", "500325", "", "10", "120", "", "", ""});
     QCOMPARE(shown_->TextIn("Text1_13"), "2");
-  }
-
-  void ChargesOfTheBillCountWhenTheyAreLeftOrSaved() {
-    Open();
-    BeginPurchase();
-    Shown::Press(Qt::Key_F8);
-    shown_->Overtype("Text1_10", "2.5");
-    QCOMPARE(shown_->TextIn("Text1_10"), "2.50");
-    QCOMPARE(shown_->TextIn("Text1_12"), "1007.50");
-    QCOMPARE(Shown::Focused(), "Text1_14");
-    QTest::keyClick(QApplication::focusWidget(), '1');
-    Shown::Press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(Rows("Select OthCharge,TranChg,Total From SPMaster"), QStringList("2.5|1|1008.5"));
   }
 
   void LineThatIsNotTakenYetHoldsTheBillBack() {
@@ -319,36 +253,6 @@ class FrmSalePurchaseTest : public test::DeskTest {
              "The Line is not in the Bill yet. Update or Cancel it First.");
     QCOMPARE(Shown::Focused(), "CmdUpdate1");
     QCOMPARE(Rows("Select * From SPMaster"), QStringList());
-  }
-
-  void LotOfABrokenRateSurvivesAChangeOfTheQuantity() {
-    SavePurchase(100.0 / 3);
-    Open();
-    ModifyTheBill();
-    shown_->Named<Grid>("Vs1")->SelectRow(0);
-    Shown::Press(Qt::Key_F7);
-    Shown::Fill({"12", ""});
-    Shown::Press(Qt::Key_F8);
-    Shown::Press(Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(shown_->messages.Texts(), QStringList());
-    QCOMPARE(Rows("Select Qty From Stock"), QStringList("12"));
-    QCOMPARE(desk_->LotAt(100.0 / 3), "12@33.3333333333333");
-  }
-
-  void CancelLeavesTheLedgerAndTheScratchTableAlone() {
-    SavePurchase();
-    Open();
-    const QStringList before = desk_->Everything();
-    ModifyTheBill();
-    shown_->Named<Grid>("Vs1")->SelectRow(0);
-    shown_->messages.WillAnswer(true);
-    shown_->Click("CmdDelete1");
-    QCOMPARE(shown_->RowsOf("VS3"), QStringList("RELIANCE|0.00|100.00|"));
-    shown_->Click("cmdCancel");
-    QCOMPARE(shown_->RowsOf("Vs1").size(), 1);
-    QCOMPARE(shown_->RowsOf("VS3"), QStringList("RELIANCE|10.00|100.00|10/06/2011"));
-    QCOMPARE(desk_->Everything(), before);
-    QCOMPARE(Rows("Select * From Stock_Temp"), QStringList());
   }
 
   void EscapeAsksBeforeItGivesUpWhatWasChanged() {

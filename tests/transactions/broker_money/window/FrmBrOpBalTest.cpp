@@ -1,12 +1,8 @@
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
-#include "support/Desk.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 #include "transactions/broker_money/window/FrmBrOpBal.h"
 
 using namespace quorvane;
 using namespace quorvane::broker_money;
-using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<FrmBrOpBal>;
 
@@ -16,16 +12,14 @@ const QString kQuestion = QStringLiteral("Do you want to Carry Forward From Prev
 
 }  // namespace
 
-class FrmBrOpBalTest : public QObject {
+class FrmBrOpBalTest : public test::DeskTest {
   Q_OBJECT
 
  private Q_SLOTS:
   void initTestCase() {
-    desk_ = std::make_unique<Desk>();
+    desk_.emplace();
     able_ = desk_->database.AddBroker(QStringLiteral("ABLE"));
   }
-  void cleanup() { test::Empty(desk_->Connection(), {"BrOpBal", "BrPayment"}); }
-  void cleanupTestCase() { desk_.reset(); }
 
   void KeyboardAloneAddsBalancesLargestFirst() {
     const Shown shown(desk_->database, ForClient{desk_->of});
@@ -35,18 +29,6 @@ class FrmBrOpBalTest : public QObject {
     QCOMPARE(Balances(), QStringList({"1|100.26|1", "2|250.5|0"}));
     QCOMPARE(shown.ListRow(0), QStringList({"ABLE", "250.50", "Dr"}));
     QCOMPARE(shown->CurrentId(), 2);
-  }
-
-  void SecondBalanceOfABrokerIsRefused() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.AddByKeyboard({"able", "5", "d"});
-    shown.AddByKeyboard({"able", "7", "c"});
-    QCOMPARE(shown.messages.Texts(), QStringList("Record Already Exists!"));
-    QVERIFY(shown.Named<QWidget>("Combo1")->hasFocus());
-    shown.Click("cmdCancel");
-    shown.Retype(1, "Text1_0", "6");
-    shown.Click("cmdUpdate");
-    QCOMPARE(Balances(), QStringList("1|6|0"));
   }
 
   void BalancesOfTheYearBeforeAreOfferedOnceOnOpening() {
@@ -92,10 +74,8 @@ class FrmBrOpBalTest : public QObject {
         desk_->client, desk_->broker);
   }
 
-  std::unique_ptr<Desk> desk_;
   BrokerId able_;
 };
 
 static const test::RegisterTest<FrmBrOpBalTest> kRegistered;
-
 #include "FrmBrOpBalTest.moc"

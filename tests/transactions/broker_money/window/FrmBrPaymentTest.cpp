@@ -1,14 +1,9 @@
 #include "controls/DateBox.h"
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 #include "transactions/broker_money/window/FrmBrPayment.h"
 
 using namespace quorvane;
 using namespace quorvane::broker_money;
-using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<FrmBrPayment>;
 
@@ -18,19 +13,14 @@ class FrmBrPaymentTest : public test::DeskTest {
   Q_OBJECT
 
  private Q_SLOTS:
-  void cleanup() { test::Empty(desk_->Connection(), {"BrPayment", "BrRec"}); }
-
   void KeyboardAloneRecordsInTheTableOfTheMode_data() {
-    const test::Cases<PaymentKind, QString, QString, QString> cases("kind", "caption", "mode",
-                                                                    "table");
-    cases.Add("payment", PaymentKind::kPayment, "Payment To Broker", "cr", "BrPayment");
-    cases.Add("receipt", PaymentKind::kReceipt, "Received From Broker", "dr", "BrRec");
+    const test::Table<PaymentKind, QString, QString, QString> row;
+    row("payment", PaymentKind::kPayment, "Payment To Broker", "cr", "BrPayment");
+    row("receipt", PaymentKind::kReceipt, "Received From Broker", "dr", "BrRec");
   }
   void KeyboardAloneRecordsInTheTableOfTheMode() {
-    QFETCH(PaymentKind, kind);
-    QFETCH(QString, caption);
-    QFETCH(QString, mode);
-    QFETCH(QString, table);
+    const auto [kind, caption, mode, table] =
+        test::Table<PaymentKind, QString, QString, QString>::Row();
     const Shown shown(desk_->database, ForClient{desk_->of}, kind);
     QVERIFY(shown->windowTitle().startsWith(caption));
     shown.AddByKeyboard(
@@ -79,5 +69,4 @@ class FrmBrPaymentTest : public test::DeskTest {
 };
 
 static const test::RegisterTest<FrmBrPaymentTest> kRegistered;
-
 #include "FrmBrPaymentTest.moc"

@@ -1,9 +1,5 @@
 #include "controls/DateBox.h"
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
-#include "support/Cases.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/opening_stock/window/FrmStkOpBalance.h"
 
@@ -11,7 +7,6 @@
 
 using namespace quorvane;
 using namespace quorvane::opening_stock;
-using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<FrmStkOpBalance>;
 using Kind = test::RecordingMessages::Kind;
@@ -39,16 +34,6 @@ class FrmStkOpBalanceTest : public test::DeskTest {
     QCOMPARE(shown.TextIn("Combo2"), "1001");
   }
 
-  void UnknownCodeStaysToBeCorrected() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    shown.Click("cmdAdd");
-    shown.Fill({"zzz"});
-    QCOMPARE(shown.messages.Texts(), QStringList("There is no Scrip of the Code ZZZ."));
-    QCOMPARE(shown.Named("TxtScr")->selectedText(), "ZZZ");
-    shown.Fill({"500325"});
-    QCOMPARE(shown.TextIn("Combo1"), "RELIANCE");
-  }
-
   void NewDateOfACarriedLotChangesNothingElse() {
     AddOpening("3,?,1000,364.125,364675,?,'06/04/2010',4.166,0.55,20.4875,1");
     desk_->Connection().Execute("Insert Into Stock Values(?,'2011-12',1,?,?,1000,364.125)",
@@ -61,34 +46,19 @@ class FrmStkOpBalanceTest : public test::DeskTest {
     QCOMPARE(desk_->LotAt(364.125), "1000@364.125");
   }
 
-  void LotWhoseSharesWereSoldIsNotDeleted() {
-    Shown shown(desk_->database, ForClient{desk_->of});
-    shown.AddByKeyboard({"", "reliance", "1001", "10", "100", "010410"});
-    records::Bill bill = desk_->NewBill({desk_->Sale(6, 120, desk_->IdOfLot(100))});
-    QCOMPARE(test::TextOf(test::Save(bills::BillBook(desk_->Connection(), desk_->of), bill)),
-             test::kAccepted);
-    const QStringList before = desk_->Everything();
-    shown->List().SelectId(1);
-    shown.messages.WillAnswer(true);
-    shown.Click("CmdDelete");
-    QCOMPARE(shown.messages.LastText(), test::kNegativeReliance);
-    QCOMPARE(desk_->Everything(), before);
-    QCOMPARE(shown->List().Model().RowCount(), 1);
-  }
-
   void StockOfTheYearBeforeIsOfferedOnOpening_data() {
-    const test::Cases<bool, QStringList> cases("answer", "rows");
-    cases.Add("no", false, QStringList());
-    cases.Add("yes", true, QStringList("4|8|50|400|01/02/2010|0|0|0|0"));
+    const test::Table<bool, QStringList> row;
+    row("no", false, QStringList());
+    row("yes", true, QStringList("4|8|50|400|01/02/2010|0|0|0|0"));
   }
   void StockOfTheYearBeforeIsOfferedOnOpening() {
-    QFETCH(bool, answer);
+    const auto [answer, rows] = test::Table<bool, QStringList>::Row();
     HoldLastYear();
     const Shown shown(desk_->database, ForClient{desk_->of, {answer}});
     QCOMPARE(shown.messages.Texts(), QStringList(kQuestion));
     QCOMPARE(shown.messages.said.back().kind, Kind::kAsk);
     QCOMPARE(shown.messages.said.back().icon, controls::Icon::kInformation);
-    QTEST(Openings(), "rows");
+    QCOMPARE(Openings(), rows);
     QCOMPARE(shown->List().Model().RowCount(), answer ? 1 : 0);
     QCOMPARE(desk_->LotAt(50), answer ? QStringLiteral("8@50") : QStringLiteral("none"));
   }
@@ -158,5 +128,4 @@ class FrmStkOpBalanceTest : public test::DeskTest {
 };
 
 static const test::RegisterTest<FrmStkOpBalanceTest> kRegistered;
-
 #include "FrmStkOpBalanceTest.moc"

@@ -1,16 +1,11 @@
 #include "controls/DateBox.h"
-#include "masters/Records.h"
-#include "masters/ShownWindow.h"
-#include "support/DatabaseTest.h"
-#include "support/TestMain.h"
+#include "support/ShownWindow.h"
 #include "transactions/bills/BillBook.h"
 #include "transactions/transfers/window/FrmScriptTransfer.h"
 
 using namespace quorvane;
 using namespace quorvane::transfers;
-using controls::ComboBox;
 using controls::Grid;
-using test::Desk;
 using test::ForClient;
 using Shown = test::ShownWindow<FrmScriptTransfer>;
 
@@ -82,20 +77,6 @@ class FrmScriptTransferTest : public test::DeskTest {
     QCOMPARE(LotsAt(desk_->second_account), QStringList({"7@100", "3@100"}));
   }
 
-  void CancelledChangeLeavesTheTransfer() {
-    const Shown shown(desk_->database, ForClient{desk_->of});
-    AddByKeyboard(shown, "1002", "4");
-    const QStringList before = desk_->Everything();
-    shown.Click("cmdModify");
-    shown.Click("cmdCancel");
-    QCOMPARE(desk_->Everything(), before);
-    const std::string lots = "Select Id,AcId,Qty From {} Order By Id";
-    QCOMPARE(test::Rows(desk_->Connection(), fmt::format(fmt::runtime(lots), "Stock_Temp")),
-             test::Rows(desk_->Connection(), fmt::format(fmt::runtime(lots), "Stock")));
-    shown->close();
-    QCOMPARE(desk_->Contents("Stock_Temp"), QStringList());
-  }
-
  private:
   void Buy(double quantity, double rate) {
     records::Bill bill = desk_->NewBill({desk_->Purchase(quantity, rate)});
@@ -120,5 +101,4 @@ class FrmScriptTransferTest : public test::DeskTest {
 };
 
 static const test::RegisterTest<FrmScriptTransferTest> kRegistered;
-
 #include "FrmScriptTransferTest.moc"

@@ -10,11 +10,13 @@
 
 namespace quorvane::test {
 
-inline QString TextOfRefusal(const MaybeRefusal& refusal) {
-  return refusal ? refusal->text : QStringLiteral("accepted");
+inline const QString kAccepted = QStringLiteral("accepted");
+
+inline QString TextOf(const MaybeRefusal& refusal) {
+  return refusal ? refusal->text : kAccepted;
 }
 
-inline Field FieldOfRefusal(const MaybeRefusal& refusal) {
+inline Field FieldOf(const MaybeRefusal& refusal) {
   return refusal ? refusal->field : Field::kNone;
 }
 

@@ -5,16 +5,14 @@
 #include "controls/TextBox.h"
 #include "reporting/document/ReportDocument.h"
 #include "reporting/window/ReportDesk.h"
+#include "support/DatabaseTest.h"
+#include "support/OnScreen.h"
 #include "support/RecordingMessages.h"
-#include "support/TestDatabase.h"
 
 #include <QApplication>
 #include <QPointer>
-#include <QTest>
 
-#include <memory>
 #include <stdexcept>
-#include <vector>
 
 namespace quorvane::test {
 
@@ -26,17 +24,19 @@ struct ForClient {
   QString config_file = {};
 };
 
-/// A window of records over a test database, in front and driven by keys and clicks; what it says,
-/// and which windows and reports it opens, is written down.
+/// A window over a test database, in front and driven by keys and clicks; what it says, and which
+/// windows, reports and files it opens, is written down.
 template <class Window>
 class ShownWindow {
  public:
   template <class... More>
   explicit ShownWindow(TestDatabase& database, More... more) {
+    session_.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
     Open(database, more...);
   }
   template <class... More>
   ShownWindow(TestDatabase& database, const ForClient& current, More... more) {
+    session_.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
     session_.current = current.of;
     session_.current_client_name = QStringLiteral("A CLIENT");
     session_.folders.config_file = current.config_file;
@@ -50,13 +50,14 @@ class ShownWindow {
 
   Window* operator->() const { return window; }
   app::Session& Session() { return session_; }
+  const app::Session& Session() const { return session_; }
 
   template <class Control = QLineEdit>
-  Control* Named(const char* name) const {
-    return window->template findChild<Control*>(QLatin1String(name));
+  Control* Named(const QString& name) const {
+    return window->template findChild<Control*>(name);
   }
 
-  QString TextIn(const char* name) const {
+  QString TextIn(const QString& name) const {
     if (const auto* lines = Named<controls::LinesBox>(name)) {
       return lines->text();
     }
@@ -64,7 +65,7 @@ class ShownWindow {
     return combo != nullptr ? combo->currentText() : Named(name)->text();
   }
 
-  void Click(const char* button) const {
+  void Click(const QString& button) const {
     QTest::mouseClick(Named<controls::ZENButton>(button), Qt::LeftButton);
   }
 
@@ -99,7 +100,7 @@ class ShownWindow {
   }
 
   /// Begins to modify the record and types over the text of a box.
-  void Retype(int id, const char* box, const QString& text) const {
+  void Retype(int id, const QString& box, const QString& text) const {
     window->List().SelectId(id);
     Click("cmdModify");
     Named(box)->setFocus(Qt::TabFocusReason);
@@ -107,7 +108,7 @@ class ShownWindow {
   }
 
   /// Types over the text of a box, Enter after it.
-  void Overtype(const char* box, const QString& text) const {
+  void Overtype(const QString& box, const QString& text) const {
     Named<QWidget>(box)->setFocus(Qt::TabFocusReason);
     Fill({text});
   }
@@ -125,7 +126,7 @@ class ShownWindow {
   QStringList ListRow(int row) const { return Cells(window->List().Model(), row); }
 
   /// The rows of a grid as "a|b|c".
-  QStringList RowsOf(const char* grid) const {
+  QStringList RowsOf(const QString& grid) const {
     const controls::GridModel& model = Named<controls::Grid>(grid)->Model();
     QStringList rows;
     for (int row = 0; row < model.RowCount(); ++row) {
@@ -137,25 +138,18 @@ class ShownWindow {
   RecordingMessages messages;
   QStringList opened;
   std::vector<reporting::ReportDocument> reports;
+  QString chosen;  ///< the file that the user chooses whenever one is asked for
+  QTemporaryDir folder;
   QPointer<Window> window;
 
- private:
-  static QStringList Cells(const controls::GridModel& model, int row) {
-    QStringList cells;
-    for (int column = 0; column < model.columnCount(); ++column) {
-      cells.append(model.Text(row, column));
-    }
-    return cells;
-  }
+ protected:
+  /// For windows that need more before they open: they fill the session and the desk, and call
+  /// Open.
+  ShownWindow() = default;
 
   template <class... More>
   void Open(TestDatabase& database, More... more) {
     session_.connection = std::make_unique<database::Connection>(database.Settings());
-    session_.folders.data = QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped");
-    desk_.open = [this](const QString& name) { opened.append(name); };
-    desk_.show_report = [this](const reporting::ReportDocument& document, QWidget*) {
-      reports.push_back(document);
-    };
     window = new Window(desk_, more...);
     window->show();
     window->activateWindow();
@@ -166,7 +160,23 @@ class ShownWindow {
   }
 
   app::Session session_;
-  reporting::ReportDesk desk_{{session_, messages, [] { return *text::MakeDate(15, 11, 2011); }}};
+  text::Date today_ = *text::MakeDate(15, 11, 2011);
+  reporting::ReportDesk desk_{
+      {.session = session_,
+       .messages = messages,
+       .today = [this] { return today_; },
+       .open = [this](const QString& name) { opened.append(name); },
+       .ask_open_path = [this](QWidget*, const QString&, const QString&) { return chosen; }},
+      [this](const reporting::ReportDocument& document, QWidget*) { reports.push_back(document); }};
+
+ private:
+  static QStringList Cells(const controls::GridModel& model, int row) {
+    QStringList cells;
+    for (int column = 0; column < model.columnCount(); ++column) {
+      cells.append(model.Text(row, column));
+    }
+    return cells;
+  }
 };
 
 }  // namespace quorvane::test

@@ -28,6 +28,10 @@ class Sample(Case):
     def test_export_is_the_folder_that_was_taken_in(self):
         self.assert_same_files(portfolio_files(SAMPLE), self.desk.export())
 
+    def test_transfers_know_whether_they_leave_the_client(self):
+        self.assertEqual(self.desk.sql("Select Distinct TransTo,Cid=ToClientID From ScrTransfer "
+                                       "Order By TransTo"), [["0", "1"], ["1", "0"]])
+
     def part_of_sample(self, *names):
         folder = self.new_folder()
         for name in names:

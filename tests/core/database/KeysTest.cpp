@@ -7,9 +7,6 @@
 
 #include <fmt/format.h>
 
-#include <atomic>
-#include <thread>
-
 namespace test = quorvane::test;
 using quorvane::test::TestDatabase;
 using namespace quorvane::database;
@@ -95,6 +92,27 @@ class KeysTest : public QObject {
   void KeysThatAreUsedUpAreRefused() {
     (*database_)->Execute("Insert Into Broker(Id) Values(2147483647)");
     QVERIFY_EXCEPTION_THROWN(Taken(*database_, "Broker"), std::runtime_error);
+  }
+
+  void CountersAreRaisedAndNeverLowered() {
+    Taken(*database_, "Broker", 9);
+    {
+      Transaction transaction(**database_);
+      RaiseCounters(transaction, {{"Broker", 4}, {"Script", 6}, {"Later", 2}});
+      transaction.Commit();
+    }
+    QCOMPARE(Taken(*database_, "Broker"), 10);
+    QCOMPARE(Taken(*database_, "Script"), 7);
+    QCOMPARE(ReadCounters(**database_).at("Later"), std::int64_t{2});
+  }
+
+  void KeysThatAreBeingCountedKeepOthersWaiting() {
+    Connection other(database_->Settings());
+    other.Execute("Set Session innodb_lock_wait_timeout=1");
+    Transaction counting(**database_);
+    QCOMPARE(FirstFreeKey(counting, "Broker"), 1);
+    Transaction waiting(other);
+    QVERIFY_EXCEPTION_THROWN(FirstFreeKey(waiting, "Broker"), DatabaseError);
   }
 };
 

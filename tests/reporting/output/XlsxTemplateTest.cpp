@@ -135,6 +135,39 @@ class XlsxTemplateTest : public QObject {
              QStringList());
   }
 
+  void ShippedTemplateRepeatsItsRowsInTheirLooks() {
+    const QString path = QLatin1String(kShippedFolder) + "TransRpt.xlsx";
+    const test::WorkbookFile original(path);
+    XlsxTemplate book(path);
+    for (const char* name : {"CompId", "DMat", "FrmAndToDt"}) {
+      book.Set(name, QString(name));
+    }
+    std::vector<Cell> cells;
+    for (int i = 0; i < 13; ++i) {
+      cells.emplace_back(i + 0.5);
+    }
+    Progress progress;
+    book.Repeat({"Fld", "Grp", "Tot", "Sum", "Net", "Gap"},
+                {{"Grp", {QString("BROKER")}}, {"Fld", cells}, {"Fld", cells}, {"Tot", cells}},
+                progress);
+    book.Save(PathOf("filled.xlsx"));
+    const test::WorkbookFile filled(PathOf("filled.xlsx"));
+    auto before = original.Styles(kSheet);
+    auto after = filled.Styles(kSheet);
+    for (const char* column : {"A", "E", "H", "M"}) {
+      const QString at = QLatin1String(column);
+      QCOMPARE(after[at + "7"], before[at + "7"]);
+      QCOMPARE(after[at + "8"], before[at + "8"]);
+      QCOMPARE(after[at + "9"], before[at + "8"]);
+      QCOMPARE(after[at + "10"], before[at + "9"]);
+    }
+    const QStringList texts = filled.Cells(kSheet);
+    QVERIFY(texts.contains("A7=BROKER") && texts.contains("M9=#12.5") &&
+            texts.contains("M10=#12.5"));
+    QCOMPARE(texts.filter(QRegularExpression("^[A-Z]+1[1-9]=")), QStringList());
+    QVERIFY(filled.Attributes(kSheet, "mergeCell", "ref").contains("A7:M7"));
+  }
+
   void FailureNamesTheTemplate_data() {
     const test::Table<QString> row;
     row("absent", "is not there");

@@ -105,6 +105,44 @@ class TransactionReportTest : public QObject {
     closing.stt = charges;
     QCOMPARE(ClosingCaption(closing), caption);
   }
+
+  void WorkbookHoldsEveryLineAndTheTotal_data() {
+    const test::Table<bool> row;
+    row("TransRpt", false);
+    row("TransRptNew", true);
+  }
+
+  void WorkbookHoldsEveryLineAndTheTotal() {
+    const auto [detailed] = test::Table<bool>::Row();
+    test::TestDatabase database;
+    test::TakeInSample(database);
+    const text::FinancialYear year(2011);
+    const lookups::Directory directory(*database);
+    const ClientId client = directory.FindClient("ATH001")->id;
+    const TransactionQuery query{
+        client, year, reporting::Period::Of(year),
+        {},     {},   detailed ? TransactionLayout::kDetailed : TransactionLayout::kSummarized,
+        false};
+    const auto sections = Build(*database, query).front().second;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("report.xlsx");
+    Progress progress;
+    WriteTransactionWorkbook(query, client, sections, directory,
+                             QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped"), path, progress);
+    const QStringList cells = test::WorkbookFile(path).Cells("xl/worksheets/sheet1.xml");
+    qsizetype lines = 0;
+    for (const BrokerTransactions& broker : sections.front().brokers) {
+      lines += static_cast<qsizetype>(broker.lines.size());
+    }
+    QVERIFY(sections.front().brokers.size() > 1);
+    QCOMPARE(cells.filter(QRegularExpression("^A\\d+=#")).size(), lines);
+    const QString total = cells.filter(QRegularExpression("^E\\d+=TOTAL$")).value(0);
+    const QString row = total.mid(1, total.indexOf('=') - 1);
+    QVERIFY(cells.contains(QStringLiteral("M%1=#").arg(row) +
+                           text::NumberText(text::FromPaise(sections.front().sums.total))));
+    QVERIFY(cells.contains("A1=RAGHAV MOHAN ATHALEKAR (ATH001)"));
+    QVERIFY(cells.contains("A4=Period - From 01/04/2011 To 31/03/2012"));
+  }
 };
 
 static const test::RegisterTest<TransactionReportTest> kRegistered;

@@ -115,18 +115,18 @@ class MDIForm1Test : public QObject {
   void ClientSelectionRestsTheButtonRow() {
     ShownMain shown;
     shown.database.AddClient(QStringLiteral("C1"));
-    const auto* button = shown.Named<controls::ZENButton>("cmd_mnuClientInfo");
-    QVERIFY(button->isEnabled());
+    const auto* row = shown.Named<QWidget>("ZENButton1");
+    QVERIFY(row->isEnabled());
     shown.Choose("mnuBrPayment");
     QCOMPARE(shown.session.target, "FrmBrPayment");
-    QVERIFY(!button->isEnabled());
+    QVERIFY(!row->isEnabled());
     shown.Choose("mnuExchange");
-    QVERIFY(button->isEnabled());
+    QVERIFY(row->isEnabled());
     shown.Named<controls::ChildWindow>("FrmExchange")->close();
-    QTRY_VERIFY(!button->isEnabled());
+    QTRY_VERIFY(!row->isEnabled());
     QTest::mouseClick(shown.Named<controls::ZENButton>("cmdproceed"), Qt::LeftButton);
     QTRY_COMPARE(shown.OpenWindows(), QStringList("FrmBrPayment"));
-    QVERIFY(button->isEnabled());
+    QVERIFY(row->isEnabled());
   }
 
   void TheClientListOpensWhatItWasAskedForLast() {

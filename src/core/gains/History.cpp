@@ -80,7 +80,7 @@ void History::AddToBuffers(const Movement& m) {
       purchase.stt = m.stt;
       purchase.brokerage = m.brokerage;
       purchase.fo = m.fo;
-      purchase.transfer = m.kind == Kind::kTransferIn;
+      purchase.transfer = m.kind == Kind::kTransferIn || m.kind == Kind::kActionIn;
       purchase.opening = m.kind == Kind::kOpening;
       purchase.remaining = m.quantity;
       purchases_.push_back(purchase);

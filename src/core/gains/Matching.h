@@ -23,7 +23,7 @@ struct Purchase {
   double stt = 0;          ///< rupees for the whole quantity
   double brokerage = 0;    ///< rupees a share
   bool fo = false;         ///< futures and options
-  bool transfer = false;   ///< came in by a transfer
+  bool transfer = false;   ///< came in by a transfer or a corporate action
   bool opening = false;    ///< opening stock of the year, whatever its date
   double remaining = 0;    ///< shares not yet used up; MatchSales lowers it
 };

@@ -13,11 +13,11 @@
 #include <string>
 
 /// The register of the reports. Menu, help and windows (ui/Features), the commands of quorvanectl
-/// and its demonstration take from here what a report is called.
+/// and its demonstration take the names of reports from here.
 namespace quorvane::reports {
 
 /// A window that makes reports, and its place in the menu and in the user guide. A window of two
-/// duties stands here for each.
+/// duties has an entry for each.
 struct WindowEntry {
   const char* item;     ///< object name of the menu item
   const char* caption;  ///< of the menu item, with "&" before the access key

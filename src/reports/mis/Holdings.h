@@ -79,8 +79,8 @@ struct HoldingsRead {
 HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
                           const reporting::Period& period, Progress& progress);
 
-/// The holding of one place out of what came in and left there, both in date order; `purchases` are
-/// used up.
+/// Makes the holding of one place from what came in and what left, both in date order. Changes
+/// `purchases`: matching uses them up.
 Holding MakeHolding(std::span<gains::Purchase> purchases, std::span<const gains::Sale> sales,
                     const reporting::Period& period);
 

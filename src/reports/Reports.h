@@ -72,8 +72,8 @@ struct SampleReport {
   std::optional<std::string> csv = {};  ///< in place of the document's own CSV
 };
 
-/// A form of a report that the demonstration writes: its name, which files are named by, and what
-/// hands out each client's. Returns the records that could not count.
+/// A form of a report that the demonstration writes: its name, which is part of file names, and
+/// the function that gives each client's report and returns the records that could not count.
 struct Sample {
   using Give = std::function<void(const SampleReport&)>;
 

@@ -67,7 +67,7 @@ struct ScripMovements {
 /// opening stock and all movements before the period are one line dated with its first day; where
 /// nothing is left of them there is none.
 ///
-/// One query a table, whatever the number of clients. The span lasts as long as the call. Returns
+/// One query a table for any number of clients. The span lasts as long as the call. Returns
 /// the records that could not count as they are written. Throws DatabaseError and Cancellation.
 [[nodiscard]] records::Faults BuildDematStatement(
     database::Connection& connection, const DematQuery& query, Progress& progress,

@@ -75,7 +75,7 @@ struct HoldingsRead {
 
 /// The holdings of the query's clients, accounts and scrips over `period`, those without any
 /// movement or stock left out: by client code, scrip name and account number. One query a table,
-/// whatever the number of clients. Throws as gains::History does.
+/// for any number of clients. Throws as gains::History does.
 HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
                           const reporting::Period& period, Progress& progress);
 

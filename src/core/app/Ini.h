@@ -35,7 +35,7 @@ class IniFile {
   /// The same value; nothing when it is missing.
   std::optional<QString> Find(const QString& section, const QString& key) const;
 
-  /// Sets one value so that Read gives it back, and leaves every other line, comment and blank line
+  /// Sets one value so that Read returns it, and leaves every other line, comment and blank line
   /// where it is. The file and its folder are made when missing; nobody but this user can read the
   /// file afterwards. Either the whole change reaches the disk or the file stays as it was. Throws
   /// std::runtime_error with the path and the reason.

@@ -19,7 +19,7 @@ struct Statement;
 
 enum class ColumnKind : std::uint8_t { kInteger, kDouble, kText, kLongText };
 
-/// The rows of one block, a column.
+/// One column of a block of rows.
 struct ColumnBuffer {
   std::string name;
   ColumnKind kind = ColumnKind::kInteger;
@@ -65,7 +65,7 @@ class Recordset {
   std::optional<int> OptionalInt(std::size_t column) const;
   std::optional<QString> OptionalText(std::size_t column) const;
 
-  // A plain 0 would be as good a name as a number.
+  // Without these a literal 0 would be ambiguous: it converts to a number and to a name.
   bool IsNull(int column) const { return IsNull(static_cast<std::size_t>(column)); }
   int Int(int column) const { return Int(static_cast<std::size_t>(column)); }
   double Double(int column) const { return Double(static_cast<std::size_t>(column)); }

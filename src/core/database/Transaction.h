@@ -37,7 +37,7 @@ class Transaction {
   bool open_ = true;
 };
 
-/// What may run beside a transaction: shared, every other one but one alone; alone, none.
+/// What may run beside a transaction: with kShared all that are shared, with kAlone none.
 enum class Turn { kShared, kAlone };
 
 /// Runs `work` in a transaction, commits when it returns without a refusal and then sends "Flush
@@ -53,7 +53,7 @@ MaybeRefusal InTransaction(Connection& connection,
                            const std::function<MaybeRefusal(Transaction&)>& work,
                            Turn turn = Turn::kShared);
 
-/// The same for work that nothing refuses.
+/// The same for work that is never refused.
 template <class Work>
 requires std::is_void_v<std::invoke_result_t<Work&, Transaction&>>
 void InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {
@@ -66,7 +66,7 @@ void InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared)
       turn));
 }
 
-/// The same for work that hands something back: what it was in the try that was committed.
+/// The same for work that returns a value: that of the try that was committed.
 template <class Work>
 requires kIsResult<std::invoke_result_t<Work&, Transaction&>>
 auto InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {

@@ -43,8 +43,8 @@ struct Sale {
 
 enum class GainKind : std::uint8_t { kSpeculation, kShortTerm, kLongTerm };
 
-/// Which per-share charges of a purchase count into its cost. With `stt` the sale's STT is deducted
-/// from the gain as well.
+/// Which charges of a purchase count into its cost, in addition to the net rate. With `stt` the
+/// sale's STT is deducted from the gain as well.
 struct ChargeChoice {
   bool service_tax = false;
   bool stt = false;

@@ -91,7 +91,7 @@ class Select {
     return OrderByText(database::DateOf(ColumnOf(member)));
   }
 
-  /// Locks the rows to the end of the transaction, and the places where rows could come in.
+  /// Locks the rows to the end of the transaction, and the places where rows could be inserted.
   Select& ForUpdate() {
     lock_ = " For Update";
     return *this;

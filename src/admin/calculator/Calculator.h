@@ -18,7 +18,7 @@ class Calculator {
   void Negate();
   void Backspace();
 
-  /// Clears the number being entered; Clear also clears all but memory and history.
+  /// Clears the number being entered; Clear clears everything but memory and history.
   void ClearEntry();
   void Clear();
 

@@ -34,7 +34,7 @@ class BillLineForm : public QWidget {
   void ShowLot(const LineEntry& line);
   void ShowSttPercent(const LineEntry& line);
 
-  /// Gives the line what was typed in the box with the focus.
+  /// Gives the line what was typed and is not yet read.
   void ReadInto(LineEntry& line);
 
   /// What the user chose.

@@ -39,7 +39,7 @@ class BillLinePane : public BillLineForm {
   /// The place of the line that is being changed.
   BillEntry::Changed Changed() const;
 
-  /// The line, with what was typed in the box with the focus.
+  /// The line, after what was typed and not yet read is read.
   const LineEntry& Entry();
 
   /// Takes a lot; a line without a side becomes a sale. A purchase takes only the scrip of the lot.

@@ -44,8 +44,8 @@ class Grid : public QTableView {
   int CurrentRow() const;
   int CurrentId() const;
 
-  /// Makes that row the current and the only selected one, whatever keys are held down; an unknown
-  /// row leaves none current.
+  /// Makes that row the current and the only selected one, with any keys held down; an unknown row
+  /// leaves none current.
   void SelectRow(int row);
   void SelectId(int id);
 
@@ -53,8 +53,8 @@ class Grid : public QTableView {
   int AddRow(Row row = {});
   void RemoveCurrentRow();
 
-  /// Column widths by the headings and a sample of the rows; what is left over goes to the widest
-  /// column of text.
+  /// Column widths by the headings and a sample of the rows; what is left over is given to the
+  /// widest column of text.
   void FitColumns();
 
   /// The widths that the user gave the columns by hand, in pixels; empty while there are none.

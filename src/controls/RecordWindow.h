@@ -16,7 +16,7 @@ namespace quorvane::controls {
 /// to add, modify, save, cancel and delete. It browses (the list takes input, the details are
 /// shown) or edits (the details take input, the list does not). Rows of the list carry the record's
 /// key. While there is any record, one row is chosen: the saved one after saving. Esc asks before
-/// it gives up what was changed.
+/// it drops what was changed.
 ///
 /// A window derives from it, builds its controls into Details(), sets the list's columns, and calls
 /// Start() at the end of its constructor. The hooks below may throw: the failure is reported and
@@ -55,7 +55,7 @@ class RecordWindow : public ChildWindow {
   /// Shows a record in the form, which is empty.
   virtual void Load(int id) = 0;
 
-  /// The record in the form, CurrentId(), is about to be edited. When it throws, the window goes on
+  /// The record in the form, CurrentId(), is about to be edited. When it throws, the window keeps
   /// browsing.
   virtual void BeginEditing() {}
 

@@ -33,8 +33,8 @@ struct ReadingLimits {
 };
 
 /// Lets a separate program read a page of a document, so that a bad document cannot end this
-/// program. The reader is ended when it takes too long and when this object goes. Nothing here
-/// waits; to be used in a thread with an event loop.
+/// program. The reader is ended when it takes too long and with this object. Nothing here waits; to
+/// be used in a thread with an event loop.
 class DocumentReading : public QObject {
   Q_OBJECT
 

@@ -10,7 +10,7 @@ namespace quorvane::app {
 /// The text before its first NUL character; the whole text when there is none.
 QString TrimNul(const QString& text);
 
-/// One setting to be written; without a value its line goes and the fallback counts again.
+/// One setting to be written; without a value its line is removed and the fallback counts.
 struct IniSetting {
   QString section;
   QString key;

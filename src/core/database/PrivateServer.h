@@ -36,7 +36,7 @@ class PrivateServer {
   /// constructor does.
   void Revive();
 
-  /// The server keeps running when this object goes, for another program to use.
+  /// The server keeps running after this object, for another program to use.
   void LeaveRunning() { leave_running_ = true; }
 
   QString Socket() const { return socket_; }

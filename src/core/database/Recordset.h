@@ -40,7 +40,7 @@ struct ColumnBuffer {
 /// Columns are named by their place, counted from 0, or by name without regard to case; an unknown
 /// name throws std::out_of_range. NULL reads as 0 or as an empty text; the Optional accessors and
 /// IsNull tell it apart. Rows are fetched in blocks. The statement is free for another use once the
-/// recordset is gone; a second Open of the same text meanwhile uses a statement of its own.
+/// recordset is destroyed; a second Open of the same text meanwhile uses a statement of its own.
 class Recordset {
  public:
   Recordset(Connection& connection, std::shared_ptr<Statement> statement);

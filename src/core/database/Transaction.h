@@ -11,8 +11,8 @@
 namespace quorvane::database {
 
 /// A unit of work that happens wholly or not at all: what is not committed is rolled back when the
-/// object goes. Everything that writes records takes a Transaction&, so that it cannot be called
-/// outside one. There is at most one at a time a connection.
+/// object is destroyed. Everything that writes records takes a Transaction&, so that it cannot be
+/// called outside one. There is at most one at a time a connection.
 class Transaction {
  public:
   /// Opens a lost connection again first; throws DatabaseError.
@@ -44,8 +44,8 @@ enum class Turn { kShared, kAlone };
 /// Tables" once; a refusal or an exception rolls back. Work that the server gave up because of
 /// another transaction, or whose connection was lost, is done again, at most kAttempts times in
 /// all; so `work` changes nothing but the database, and sets what its caller reads afresh each
-/// time. The later tries are made alone, so that none is given up for ever. A commit whose answer
-/// was lost is looked up: it is done, or the work is done again.
+/// time. The later tries are made alone, so that no other work stops them. A commit whose answer was
+/// lost is looked up: it is done, or the work is done again.
 ///
 /// A Turn::kAlone waits for all others and keeps them waiting: what it reads stays as it is until
 /// it ends.

@@ -24,7 +24,7 @@ struct Purchase {
   double brokerage = 0;    ///< rupees a share
   bool fo = false;         ///< futures and options
   bool transfer = false;   ///< came in by a transfer
-  bool opening = false;    ///< opening stock of the year, whatever its date
+  bool opening = false;    ///< opening stock of the year, of any date
   double remaining = 0;    ///< shares not yet used up; MatchSales lowers it
 };
 

@@ -35,7 +35,7 @@ struct Receipt {
 };
 
 /// The purchases that lots are made of, by account and scrip, so that shares can be taken first in,
-/// first out by the day on which they were bought. Posts what comes in and goes out to the lots.
+/// first out by the day on which they were bought. Posts what comes in and what leaves to the lots.
 ///
 /// Filled with Add and Arrange from recorded movements, over lots that have them already. Within a
 /// lot every sale and transfer uses up the oldest purchases first, also those of a later date.

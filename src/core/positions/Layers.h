@@ -22,8 +22,8 @@ class Layers {
   void Add(const OpenLayer& layer);
 
   /// Takes a quantity, the first that entered first, and calls `take` with each part and its part
-  /// of the cost. What was bought without delivery on `day` goes last, or first when the sale is
-  /// without delivery, too. Returns how many shares are missing.
+  /// of the cost. What was bought without delivery on `day` is taken last, or first when the sale
+  /// is without delivery, too. Returns how many shares are missing.
   using TakePart = std::function<void(const OpenLayer& part)>;
   Shares Take(Shares quantity, Date day, bool non_delivery, const TakePart& take);
 

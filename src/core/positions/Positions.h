@@ -14,10 +14,10 @@ namespace quorvane::positions {
 /// Everything that was ever recorded, read as one history over all years: what is held, since when
 /// and at what cost, and what every sale brought.
 ///
-/// Within an account shares leave first in, first out by the day on which they entered it, whatever
-/// lot a sale names. Purchases and sales of one day without delivery are matched with each other
-/// first. A transfer takes quantity, cost and day of acquisition along. Corporate actions come
-/// before the trades of their ex-day, and apply to every account that holds the scrip then.
+/// Within an account shares leave first in, first out by the day on which they entered it, not by
+/// the lot that a sale names. Purchases and sales of one day without delivery are matched with each
+/// other first. A transfer takes quantity, cost and day of acquisition along. Corporate actions
+/// come before the trades of their ex-day, and apply to every account that holds the scrip then.
 /// Futures and options are kept apart and have no corporate actions.
 struct Positions {
   std::vector<Holding> holdings;        ///< by client, account and scrip

@@ -45,7 +45,7 @@ class Conditions {
   }
 };
 
-/// Reads records of a table, one query whatever their number:
+/// Reads records of a table, one query for any number:
 ///
 ///     Select<BillLine>(connection).Where(&BillLine::bill, id).OrderBy(&BillLine::number).All()
 ///

@@ -22,7 +22,7 @@ class PagesView : public QPdfView {
   double Zoom() const;
   void SetZoom(double zoom);
 
-  /// Marks a place that was found and brings it into sight; nullopt takes the mark away.
+  /// Marks a place that was found and scrolls to it; nullopt removes the mark.
   void Mark(const std::optional<QPdfLink>& place);
 
  protected:

@@ -25,7 +25,7 @@ class RepView {
   /// The application's folder; saved files are suggested there.
   void Setapppath(const QString& folder) { folder_ = folder; }
 
-  /// Where the number of the page in sight is told; it may go before this object.
+  /// Where the number of the page in sight is told; it may be destroyed before this object.
   void StatusBarobj(QStatusBar* bar) { status_bar_ = bar; }
 
   /// 1 fills the whole area of the main window with the pages, 0 gives them a window in it.
@@ -74,7 +74,7 @@ class RepView {
   ReportDocument document_;
 };
 
-/// The character that stands for a mask in WriteToReport.
+/// The character for a mask in WriteToReport.
 QChar MaskLetter(Mask mask);
 
 /// Gives a finished report to the writer and shows it. The pages are those of the document's other

@@ -53,8 +53,8 @@ class BrokerOpeningBook {
   /// Whether the year before has anything that could be carried forward.
   bool HasBalancesToCarryForward() const;
 
-  /// Computes the closing balance of every broker's account of the year before (opening balance minus
-  /// bills, minus payments, plus receipts; credit positive) and writes it as this year's opening
+  /// Computes the closing balance of every broker's account of the year before (opening balance
+  /// - bills - payments + receipts; credit positive) and writes it as this year's opening
   /// balance, 0 for a broker without any. A balance that the year has already, typed or carried
   /// before, is replaced, so doing it twice changes nothing; it stays where the year before has no
   /// record of the broker. Returns the number of balances written.

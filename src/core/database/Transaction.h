@@ -44,7 +44,7 @@ enum class Turn { kShared, kAlone };
 /// Tables" once; a refusal or an exception rolls back. Work that the server gave up because of
 /// another transaction, or whose connection was lost, is done again, at most kAttempts times in
 /// all; so `work` changes nothing but the database, and sets what its caller reads afresh each
-/// time. The later tries are made alone, so that no other work stops them. A commit whose answer was
+/// time. The later tries are made alone, so that no other one stops them. A commit whose answer was
 /// lost is looked up: it is done, or the work is done again.
 ///
 /// A Turn::kAlone waits for all others and keeps them waiting: what it reads stays as it is until

@@ -7,7 +7,7 @@
 
 namespace quorvane::bench {
 
-/// A database server over a folder of its own, gone afterwards.
+/// A database server with a folder of its own, removed afterwards.
 struct Office {
   QTemporaryDir folder;
   database::PrivateServer server{folder.path() + QStringLiteral("/database")};

@@ -7,8 +7,8 @@
 
 namespace quorvane::bench {
 
-/// Reads the columns that a statement of every client is made of, row by row, and drops them: what
-/// the database and the way to it cost alone. Returns the number of rows.
+/// Reads the columns that a statement of every client is made of, row by row, and drops them: its
+/// time is that of the database and the connection alone. Returns the number of rows.
 std::size_t ReadAndDrop(database::Connection& connection, text::FinancialYear year);
 
 }  // namespace quorvane::bench

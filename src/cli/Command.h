@@ -63,10 +63,10 @@ void AddDemoCommand(CLI::App& app, Context& context);
 /// nothing was changed then.
 void SetWork(CLI::App& command, Context& context, std::function<MaybeRefusal()> work);
 
-/// A refusal in words of the command line's own.
+/// A refusal with a text of the command line.
 Refusal RefusalOf(const std::string& text);
 
-/// The text as a year or a date; throws WrongUsage when it is none.
+/// The text as a year or a date; throws WrongUsage for any other text.
 text::FinancialYear YearOf(const std::string& text);
 text::Date DateOf(const std::string& option, const std::string& text);
 

@@ -15,8 +15,8 @@
 
 namespace quorvane::cli {
 
-/// Adds the command of a report, with its options, to its group. One for each kind of report; the
-/// register's reports come to them in ReportCommand.cpp.
+/// Adds the command of a report, with its options, to its group. There is one for each kind of
+/// report; ReportCommand.cpp calls the one of each report in the register.
 void AddProfitStatement(CLI::App& group, Context& context, const reports::Report& report,
                         profit::StatementMode mode);
 void AddBrokerLedger(CLI::App& group, Context& context, const reports::Report& report);
@@ -27,7 +27,7 @@ void AddScripPage(CLI::App& group, Context& context, const reports::Report& repo
 void AddMisReport(CLI::App& group, Context& context, const reports::Report& report,
                   mis::ReportKind kind);
 
-/// Whose report and of what: the options that the statements share.
+/// The options that statements share: client, period, accounts and scrips.
 struct ScopeOptions {
   std::string client;
   bool all = false;

@@ -17,7 +17,7 @@ class QMdiSubWindow;
 
 namespace quorvane::controls {
 
-/// The control, by its name, in which a window holds a value.
+/// The name of the control in which a window holds a value.
 struct FieldControl {
   Field field;
   QString control;
@@ -46,13 +46,13 @@ class ChildWindow : public QWidget {
   virtual void AskedAgain() {}
 
   /// Does what the access key of one of the window's own buttons, labels or choices does; false
-  /// when none of those in sight has that key.
+  /// when none that is visible has that key.
   bool PressKey(const QKeySequence& key);
 
-  /// Gives the keyboard to the control that a fresh window starts with, unless one has it.
+  /// Gives the focus to the control that a new window starts with, unless another one has it.
   void FocusFirst();
 
-  /// The designed size times the screen factors, at most what the place for it has.
+  /// The designed size times the screen factors, at most what there is room for.
   QSize sizeHint() const override;
 
   /// Shows the text with the critical icon and focuses the control of what was entered wrong.
@@ -92,12 +92,12 @@ class ChildWindow : public QWidget {
   /// source is reported and leaves the box without completions.
   void CompleteFrom(TextBox* box, TextBox::Completions source);
 
-  /// True while the focus goes to a button that cancels or the window closes: the time not to
-  /// complain about what a box holds.
+  /// True while the focus goes to a button that cancels or the window closes: no message about what
+  /// a box holds is shown then.
   bool IsCancelling() const;
 
-  /// Says "Enter Proper Date." when the box is left with another text, and leads back to it. Short
-  /// years are completed by the desk's calendar.
+  /// Says "Enter Proper Date." when the box is left with a text that is no date, and gives it the
+  /// focus again. Short years are completed by the desk's calendar.
   void Watch(DateBox* box);
 
   /// Says which control holds which value, for the refusals of the window's model. Several calls

@@ -10,8 +10,8 @@
 
 namespace quorvane::controls {
 
-/// A search: a box over the list of the records whose code or name begins with what stands in it.
-/// The keyboard stays in the box: Up and Down move the chosen record, Enter takes it.
+/// A search: a box over the list of the records whose code or name begins with the text in it. The
+/// keyboard stays in the box: Up and Down move the chosen record, Enter takes it.
 class ClGrd : public QWidget {
   Q_OBJECT
 
@@ -23,11 +23,11 @@ class ClGrd : public QWidget {
   };
 
   /// The box is `TxtSearch`, the list has the name given; `purpose` is what a screen reader calls
-  /// it, `name_heading` stands over the names.
+  /// it, `name_heading` is the heading of the names.
   ClGrd(const QString& list_name, const QString& purpose, const QString& name_heading,
         const Guard& guard, QWidget* parent = nullptr);
 
-  /// The records to search, in the order in which they are to stand. The first one is chosen.
+  /// The records to search, in the order in which they are shown. The first one is chosen.
   void SetRecords(std::vector<Record> records);
 
   /// 0 and empty when no record is chosen.

@@ -13,8 +13,8 @@ class ItemModel;
 class TextBox;
 
 /// A drop-down list of records. Typing completes the text from the items; Enter moves on as Tab
-/// does. A text that is no item goes back to the chosen item when the box is left, unless free text
-/// is allowed. Filling it with 10,000 items is quick.
+/// does. A text that is no item is replaced by the chosen item when the box is left, unless free
+/// text is allowed. Filling it with 10,000 items is quick.
 class ComboBox : public QComboBox {
   Q_OBJECT
 
@@ -23,8 +23,8 @@ class ComboBox : public QComboBox {
 
   explicit ComboBox(QWidget* parent = nullptr, Entry entry = Entry::kItemsOnly);
 
-  /// On unless switched off, as for numbers: 0.1 is not the beginning of 0.125. To be called before
-  /// the items are set.
+  /// Whether typed text is completed. On by default; off for numbers, where 0.1 must not become
+  /// 0.125. To be called before the items are set.
   void SetCompletes(bool on) { completes_ = on; }
 
   /// Replaces the items; nothing is chosen afterwards and no signal of a choice is sent.
@@ -39,8 +39,8 @@ class ComboBox : public QComboBox {
   int CurrentId() const;
   bool HasChoice() const { return CurrentPosition() >= 0; }
 
-  /// Choose an item, or none when there is no such item; false then. The comparison of texts is in
-  /// upper case. With free text, a text that is no item stands in the box.
+  /// Choose an item; false when there is no such item, and then none is chosen. Texts are compared
+  /// in upper case. With free text, a text that is no item is put into the box.
   bool ById(int id);
   bool ByText(const QString& text);
 
@@ -50,7 +50,7 @@ class ComboBox : public QComboBox {
  Q_SIGNALS:
   void Entered();
 
-  /// The box lost the focus to another control; the choice is settled by then.
+  /// The box lost the focus to another control; the choice is final by then.
   void Left();
 
  protected:

@@ -10,8 +10,8 @@ namespace quorvane::controls {
 
 /// A date, "dd/mm/yyyy". Only digits, "/" and "." are taken; after two digits of the day and of the
 /// month the "/" comes by itself. On leaving, a short form ("1.4.11", "010411") is completed. A
-/// text that is no date stays, is marked, and is refused with "Enter Proper Date."; not so the text
-/// of an older record that is shown and left as it was. Empty is allowed.
+/// text that is no date stays, is marked, and is refused with "Enter Proper Date."; a text of an
+/// older record that is not changed is accepted. Empty is allowed.
 class DateBox : public TextBox {
   Q_OBJECT
 

@@ -12,8 +12,8 @@ class QWidget;
 
 namespace quorvane::controls {
 
-/// What every window is given: what the program shares, the way to speak to the user, the calendar
-/// and the way to other windows. It outlives the windows.
+/// What every window is given: what the program shares, messages to the user, today's date and the
+/// opening of other windows. It outlives the windows.
 struct Desk {
   app::Session& session;
   Messages& messages;
@@ -26,16 +26,16 @@ struct Desk {
   std::function<void(const QString& window_name, QWidget* over)> help = [](const QString&,
                                                                            QWidget*) {};
 
-  /// Asks where a file is to be saved; empty when the user gives it up.
+  /// Asks where a file is to be saved; empty when the user cancels.
   std::function<QString(QWidget* over, const QString& suggested_path)> ask_save_path =
       [](QWidget*, const QString& suggested_path) { return suggested_path; };
 
-  /// Asks for a file to read; empty when the user gives it up. `filters` is of the form
+  /// Asks for a file to read; empty when the user cancels. `filters` is of the form
   /// "Comma separated (*.csv);;All files (*)".
   std::function<QString(QWidget* over, const QString& folder, const QString& filters)>
       ask_open_path = [](QWidget*, const QString&, const QString&) { return QString(); };
 
-  /// Asks for a folder, starting with one; empty when the user gives it up.
+  /// Asks for a folder, starting with one; empty when the user cancels.
   std::function<QString(QWidget* over, const QString& start)> ask_folder =
       [](QWidget*, const QString& start) { return start; };
 
@@ -46,8 +46,8 @@ struct Desk {
 /// Opens a file with the program that the desktop has for its kind; false when there is none.
 bool OpenWithDesktop(const QString& path);
 
-/// Lets the desk ask for files and folders with the desktop's dialogs. Those for a file open where
-/// the user chose one last, and so does the one for a folder that is asked for without a start.
+/// Lets the desk ask for files and folders with the desktop's dialogs. A dialog opens in the folder
+/// that the user chose last; one for a folder opens in `start` when that is given.
 void AskWithDialogs(Desk& desk);
 
 }  // namespace quorvane::controls

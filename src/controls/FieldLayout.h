@@ -8,8 +8,8 @@ class QLabel;
 namespace quorvane::controls {
 
 /// Labelled boxes in one or more columns, filled row by row. The label's mnemonic leads to its box,
-/// and the label is the box's accessible name. As the layout of a panel of its own, the rows stand
-/// at the top of it.
+/// and the label is the box's accessible name. As the layout of a whole panel it puts the rows at
+/// the top.
 class FieldLayout : public QGridLayout {
   Q_OBJECT
 

@@ -11,8 +11,8 @@ namespace quorvane::controls {
 /// A table of records on the screen: a view over its own GridModel. A click on a heading sorts, on
 /// the heading of ticks it ticks all or none; Space or a click on a row ticks it; F2 or typing
 /// edits, Enter then moves on to the next cell that can be edited; Ctrl+C copies as tab-separated
-/// text. Reached by key without a current row, it takes its first one; in an empty grid Enter is
-/// left to the window, which moves on.
+/// text. When it gets the focus by key and has no current row, the first row becomes current. In an
+/// empty grid the window handles Enter and moves on.
 class Grid : public QTableView {
   Q_OBJECT
 
@@ -29,7 +29,7 @@ class Grid : public QTableView {
   /// it is still there; otherwise there is none.
   void SetRows(std::vector<Row> rows);
 
-  /// How the user sorted the rows; nullopt when they stand as they were set.
+  /// How the user sorted the rows; nullopt when they are in the order that was set.
   struct Order {
     int column = 0;
     Qt::SortOrder direction = Qt::AscendingOrder;
@@ -44,8 +44,8 @@ class Grid : public QTableView {
   int CurrentRow() const;
   int CurrentId() const;
 
-  /// Makes that row the current and the only selected one, whatever keys are held down; a row that
-  /// is not there leaves none.
+  /// Makes that row the current and the only selected one, with any keys held down; an unknown row
+  /// leaves none current.
   void SelectRow(int row);
   void SelectId(int id);
 
@@ -53,14 +53,14 @@ class Grid : public QTableView {
   int AddRow(Row row = {});
   void RemoveCurrentRow();
 
-  /// Column widths by the headings and a sample of the rows; what is left over goes to the widest
-  /// column of text.
+  /// Column widths by the headings and a sample of the rows; what is left over is given to the
+  /// widest column of text.
   void FitColumns();
 
   /// The widths that the user gave the columns by hand, in pixels; empty while there are none.
   QList<int> WidthsByHand() const;
 
-  /// Gives the columns such widths again; others than one a column are left out of account.
+  /// Gives the columns such widths again; a list that is not one width a column changes nothing.
   void SetWidths(const QList<int>& widths);
 
   /// What Ctrl+C copies.

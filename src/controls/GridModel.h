@@ -49,7 +49,7 @@ using table::Column;
 using table::Mask;
 using table::RowKind;
 
-/// A row's cells hold texts, numbers, "dd/mm/yyyy" in a column of dates, a bool behind a tick.
+/// A row's cells hold texts, numbers, "dd/mm/yyyy" in a column of dates, a bool in a tick column.
 using Row = table::Row<QVariant>;
 
 /// A list of numbers with the texts that stand for them, read from "#0;S|#1;P". A piece without the
@@ -86,7 +86,7 @@ class GridModel : public QAbstractTableModel {
   void SetCellChoices(int row, int column, const QString& choices);
   const ValueList& ChoicesOf(int row, int column) const;
 
-  /// Replaces all rows at once, without a signal a row.
+  /// Replaces all rows at once, without a signal for each row.
   void SetRows(std::vector<Row> rows);
   void Clear() { SetRows({}); }
 

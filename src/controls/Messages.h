@@ -11,7 +11,7 @@ namespace quorvane::controls {
 enum class Icon { kInformation, kCritical };
 enum class Answer { kYes, kNo };
 
-/// The way to speak to the user. Every call returns once the user has read or answered.
+/// Messages and questions to the user. Every call returns once the user has read or answered.
 class Messages {
  public:
   virtual ~Messages() = default;
@@ -35,14 +35,14 @@ class MessageBoxes final : public Messages {
   bool Ask(const QString& text, Answer preset, Icon icon) override;
 };
 
-/// Runs event handlers. What escapes from one is caught here and reported in a box under the
+/// Runs event handlers. An exception that leaves one is caught here and reported in a box under the
 /// handler's name; the window stays open with its contents. A handler may cause another handler to
 /// run: each one is guarded by itself. The guard must outlive the objects that it connects.
 class Guard {
  public:
   explicit Guard(Messages& messages) : messages_(messages) {}
 
-  /// True when the work came to its end.
+  /// True when the work ended without an exception.
   bool Run(const QString& handler, const std::function<void()>& work) const;
 
   /// Runs `window->*slot` under the handler's name whenever the signal is sent. The slot may take

@@ -18,7 +18,7 @@ class PickList : public QListView {
   Q_OBJECT
 
  public:
-  /// The list lies over `window`, in which the box stands.
+  /// The list is shown over `window`, which has the box.
   PickList(const QString& name, TextBox* box, QWidget* window);
 
   void SetItems(std::vector<lookups::Item> items);

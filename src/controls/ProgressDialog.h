@@ -11,8 +11,8 @@ class QWidget;
 namespace quorvane::controls {
 
 /// Shows how far long work is, with a Cancel button. It appears once the work has lasted for 300
-/// ms. While it is shown it keeps the screen alive at every Step; all other windows of the program
-/// take no input until the object goes, so that no handler runs inside the work.
+/// ms. While it is shown, Step also redraws the windows that need it; all other windows of the
+/// program take no input until the object is destroyed, so that no handler runs inside the work.
 class ProgressDialog final : public Progress {
  public:
   explicit ProgressDialog(QWidget* parent);

@@ -13,10 +13,10 @@ class QVBoxLayout;
 namespace quorvane::controls {
 
 /// A window that keeps the records of one kind: a list of them, the details of one, and the buttons
-/// to add, modify, save, cancel and delete. It browses (the list is live, the details are shown) or
-/// edits (the details are live, the list rests). Rows of the list carry the record's key. While
-/// there is any record, one row is chosen: the saved one after saving. Esc asks before it gives up
-/// what was changed.
+/// to add, modify, save, cancel and delete. It browses (the list takes input, the details are
+/// shown) or edits (the details take input, the list does not). Rows of the list carry the record's
+/// key. While there is any record, one row is chosen: the saved one after saving. Esc asks before
+/// it drops what was changed.
 ///
 /// A window derives from it, builds its controls into Details(), sets the list's columns, and calls
 /// Start() at the end of its constructor. The hooks below may throw: the failure is reported and
@@ -38,7 +38,7 @@ class RecordWindow : public ChildWindow {
 
   QWidget* Details() { return details_; }
 
-  /// Another panel behind a tab of its own ("FrmSign"), live in both states.
+  /// Another panel behind a tab of its own ("FrmSign"), which takes input in both states.
   void AddPanel(const QString& title, QWidget* panel);
 
   /// The row of buttons, for a window's own ones.
@@ -55,7 +55,7 @@ class RecordWindow : public ChildWindow {
   /// Shows a record in the form, which is empty.
   virtual void Load(int id) = 0;
 
-  /// The record in the form, CurrentId(), is about to be edited. When it throws, the window goes on
+  /// The record in the form, CurrentId(), is about to be edited. When it throws, the window keeps
   /// browsing.
   virtual void BeginEditing() {}
 
@@ -63,7 +63,7 @@ class RecordWindow : public ChildWindow {
   /// saved becomes the current one. When it is refused, nothing was changed.
   virtual MaybeRefusal Save() = 0;
 
-  /// What Save hands back for what came of saving by a book: a key, or a record with its key.
+  /// What Save returns for the outcome of saving in a book: a key, or a record with its key.
   template <class T>
   MaybeRefusal Saved(const Result<T>& saved) {
     if (saved) {

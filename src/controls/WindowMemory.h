@@ -12,7 +12,7 @@ namespace quorvane::controls {
 
 /// What windows remember from one opening to the next: their place, their columns' widths, the
 /// folder of the last file, the last answer. It is kept in "Windows.ini" of the application folder;
-/// without such a folder nothing is kept. What cannot be read or written is as never remembered.
+/// without such a folder nothing is kept. What cannot be read or written counts as not remembered.
 class WindowMemory {
  public:
   explicit WindowMemory(const app::Folders& folders);
@@ -21,7 +21,7 @@ class WindowMemory {
   QString Text(const QString& window, const QString& key) const;
   void Keep(const QString& window, const QString& key, const QString& text) const;
 
-  /// Where a window that is not maximized stands.
+  /// The place of a window that is not maximized.
   std::optional<QRect> Place(const QString& window) const;
   void KeepPlace(const QString& window, const QRect& place) const;
 

@@ -15,7 +15,7 @@ class ZENButton : public QPushButton {
   /// `name` is the control's name ("cmdAdd"), `text` its caption ("&Add").
   ZENButton(const QString& name, const QString& text, QWidget* parent = nullptr);
 
-  /// True for a button that gives up what was entered: boxes left for it are not complained about.
+  /// True for a button that drops what was entered: no message is shown about a box left for it.
   void SetCancels(bool on) { cancels_ = on; }
   bool Cancels() const { return cancels_; }
 

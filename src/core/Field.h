@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// What a value is that a user enters or chooses. A refusal names the one that broke its rule;
-/// which control holds it, the window knows.
+/// A value that a user enters or chooses. A refusal names the value that broke its rule; the window
+/// knows which control holds it.
 enum class Field : std::uint8_t {
   kNone,
 

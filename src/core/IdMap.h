@@ -15,7 +15,7 @@ class IdMap {
  public:
   void Put(int id, T value) { entries_.emplace_back(id, std::move(value)); }
 
-  /// Of two values of one key the first put stays.
+  /// Of two values of one key the first one stays.
   void Seal() {
     const auto by_id = [](const auto& a, const auto& b) { return a.first < b.first; };
     if (!std::is_sorted(entries_.begin(), entries_.end(), by_id)) {

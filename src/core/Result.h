@@ -17,20 +17,20 @@ struct Refusal {
   Field field = Field::kNone;
 };
 
-/// What comes of work that may be refused and has nothing to hand back.
+/// The outcome of work that may be refused and returns nothing else.
 class [[nodiscard]] MaybeRefusal : public std::optional<Refusal> {
  public:
   using std::optional<Refusal>::optional;
 };
 
-/// What comes of work that hands something back unless it is refused.
+/// The outcome of work that returns a value unless it is refused.
 template <class T>
 class [[nodiscard]] Result {
  public:
   Result(T value) : outcome_(std::move(value)) {}            // NOLINT(google-explicit-constructor)
   Result(Refusal refusal) : outcome_(std::move(refusal)) {}  // NOLINT(google-explicit-constructor)
 
-  /// True when there is a value; then it may be had, and otherwise the refusal.
+  /// True when there is a value, which may then be read; otherwise there is the refusal.
   explicit operator bool() const { return std::holds_alternative<T>(outcome_); }
   T& operator*() { return std::get<T>(outcome_); }
   const T& operator*() const { return std::get<T>(outcome_); }
@@ -38,7 +38,7 @@ class [[nodiscard]] Result {
   const T* operator->() const { return &std::get<T>(outcome_); }
   const Refusal& Why() const { return std::get<Refusal>(outcome_); }
 
-  /// The refusal alone.
+  /// The refusal without the value; nullopt when there is a value.
   MaybeRefusal Refused() const { return *this ? MaybeRefusal() : MaybeRefusal(Why()); }
 
  private:

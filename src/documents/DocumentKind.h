@@ -6,13 +6,13 @@
 
 namespace quorvane::documents {
 
-/// What shows a client's document.
+/// What a client's document is shown as.
 enum class DocumentKind { kImage, kText, kPdf, kUnsupported };
 
 /// By the extension of the file's name, in capital or small letters.
 DocumentKind KindOf(const QString& file_name);
 
-/// Said about a document that nothing shows.
+/// The text for a document that the program cannot show.
 QString FormatNotSupported();
 
 }  // namespace quorvane::documents

@@ -17,7 +17,7 @@ namespace quorvane::documents {
 /// How the reader program ends.
 enum ReaderStatus {
   kReaderDone = 0,     ///< the page is on its standard output
-  kReaderRefused = 1,  ///< a line for the user does
+  kReaderRefused = 1,  ///< a line for the user is on it
   kReaderUsedUp = 3    ///< its CPU time is used up
 };
 
@@ -32,9 +32,9 @@ struct ReadingLimits {
   std::function<QString()> find_reader = FindReader;
 };
 
-/// Has a page of a document read by a program of its own, which ends when it takes too long and
-/// with this object: when a document breaks its reader, this program goes on. Nothing here waits;
-/// to be used in a thread with an event loop.
+/// Lets a separate program read a page of a document, so that a bad document cannot end this
+/// program. The reader is ended when it takes too long and with this object. Nothing here waits; to
+/// be used in a thread with an event loop.
 class DocumentReading : public QObject {
   Q_OBJECT
 
@@ -42,11 +42,11 @@ class DocumentReading : public QObject {
   explicit DocumentReading(ReadingLimits limits = {}, QObject* parent = nullptr);
   ~DocumentReading() override;
 
-  /// Starts to read a page, counted from 0, in `dots` an inch (pictures in their own); what was
-  /// being read is forgotten. Finished or Failed follows, once, possibly before this returns.
+  /// Starts to read a page, counted from 0, in `dots` an inch (pictures in their own); an earlier
+  /// reading is cancelled. Finished or Failed follows, once, possibly before this returns.
   void Start(const QString& path, int page, int dots);
 
-  /// Neither of them follows any more.
+  /// Cancels the reading: neither signal follows any more.
   void Stop();
 
  Q_SIGNALS:

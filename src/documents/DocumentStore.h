@@ -22,7 +22,7 @@ class DocumentStore {
 
   explicit DocumentStore(QString folder, std::int64_t most_bytes = kMostBytes);
 
-  /// A copy of a file, safely on the disk but not yet a client's. It goes with the object.
+  /// A copy of a file, safely on the disk but not yet a client's. It is deleted with the object.
   class Incoming {
    public:
     Incoming() = default;
@@ -40,11 +40,11 @@ class DocumentStore {
   };
 
   /// Copies a file into the store. Refused when there is no such file, when it is no plain file,
-  /// when its name could lead out of a folder, when it is of a kind that nothing shows and when it
-  /// is too large.
+  /// when its name could lead out of a folder, when it is of a kind that the program cannot show
+  /// and when it is too large.
   Result<Incoming> Receive(const QString& source) const;
 
-  /// Makes the received file the client's document; the one before goes when the new one stands.
+  /// Makes the received file the client's document; the earlier one is deleted after that.
   void Place(ClientId client, Incoming incoming) const;
 
   /// The document's path; nullopt when the client has no such file.
@@ -61,7 +61,7 @@ class DocumentStore {
   std::int64_t most_bytes_;
 };
 
-/// Said about a document that is not there.
+/// The refusal for a document that is not there.
 Refusal FileDoesNotExist();
 
 /// A document that a client's record names.

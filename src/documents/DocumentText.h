@@ -10,7 +10,7 @@
 
 namespace quorvane::documents {
 
-/// What a text document says.
+/// The contents of a text document.
 struct DocumentText {
   QString contents;
   bool is_html = false;
@@ -24,10 +24,10 @@ struct TextLimits {
 };
 
 /// Reads a document of kind kText. Rich text goes through "unrtf", a word processor's document
-/// through "catdoc" or "antiword"; which of them it is follows from the contents, since both names
-/// are given to both. Throws std::runtime_error with a text for the user when that fails. It can
-/// take seconds, and the text may be one that breaks its reader: not for the program of the
-/// windows.
+/// through "catdoc" or "antiword"; which of them it is follows from the contents, since both kinds
+/// of file have either name. Throws std::runtime_error with a text for the user when that fails. It
+/// can take seconds, and a bad text may make the converter crash: not to be called in the program
+/// that has the windows.
 DocumentText ReadDocumentText(const QString& path, const TextLimits& limits);
 
 }  // namespace quorvane::documents

@@ -13,7 +13,7 @@ namespace quorvane::masters {
 
 using records::Contact;
 
-/// The columns in the order of the members, for a list of columns.
+/// The columns of a contact, in the order of the members.
 inline constexpr std::string_view kContactColumns =
     "Address,City,State,PIN,STD,Phone,Mobile,Fax,EMail";
 inline constexpr std::size_t kContactColumnCount = 9;
@@ -23,7 +23,7 @@ Contact ContactOf(const database::Recordset& row, std::size_t first);
 
 void AppendValues(std::vector<database::Value>& values, const Contact& contact);
 
-/// The texts for the check of their widths.
+/// Appends the texts, so that their lengths can be checked.
 void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact);
 
 /// "(?,?,?)" for that many values.

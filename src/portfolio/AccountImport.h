@@ -19,13 +19,13 @@ using Ids = std::unordered_map<std::string, int>;
 /// Writes the DP ids and demat accounts that are new. What does not fit goes to the errors.
 class AccountImport {
  public:
-  /// `participants` are all that there are, and outlive the import.
+  /// `participants` are all of the database, and outlive the import.
   AccountImport(database::Transaction& transaction, const Ids& participants, ErrorList& errors)
       : transaction_(transaction), participants_(participants), errors_(errors) {}
 
   void ImportDpIds(std::span<const DpIdRow> rows);
 
-  /// After the DP ids. The clients are by symbol; a row of one without a key is passed over, since
+  /// After the DP ids. The clients are by symbol; a row of one without a key is left out, since
   /// it has its error already. Returns how many accounts are new.
   std::size_t ImportAccounts(std::span<const AccountRow> rows, std::span<const ClientId> clients);
 

@@ -20,15 +20,15 @@ class BillShares {
         errors_(errors),
         purchase_lots_(portfolio.bill_lines.size()) {}
 
-  /// Takes in what the bill buys without delivery: for every bill of a day, before the first of
-  /// them is taken. What is sold without delivery may stand in an earlier bill of the day.
+  /// Takes in what the bill buys without delivery. Called for every bill of a day before any of
+  /// them is taken: what is sold without delivery may be in an earlier bill of the day.
   void ReceiveNonDelivery(const BillRow& bill, const ledger::Place& place);
 
   /// Takes in what else the bill buys. Then its sales are tried.
   void ReceiveDelivered(const BillRow& bill, const ledger::Place& place);
 
-  /// Whether sales may name a lot whose shares come in later, as the bill window lets them: it
-  /// looks at the lot's balance and at no date. The last try, which tells what is missing.
+  /// Whether sales may name a lot whose shares come in later, as in the bill window, which checks
+  /// the lot's balance and no date. Allowed in the last try, which reports what is missing.
   enum class Ahead : std::uint8_t { kNo, kAllowed };
 
   /// Takes out what the bill sells. False, and nothing taken, when shares are missing.

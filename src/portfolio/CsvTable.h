@@ -24,7 +24,7 @@ class CsvTable {
   CsvTable(const FileLayout& layout, std::string content, ErrorList& errors);
   CsvTable(const CsvTable&) = delete;
 
-  /// Moves to the next row; false at the end, or when the file cannot be read on.
+  /// Moves to the next row; false at the end, or when the rest of the file cannot be read.
   bool Next();
 
   std::size_t Line() const { return reader_.Line(); }

@@ -15,7 +15,7 @@ namespace quorvane::portfolio {
 /// date; bills by client, account, date and number, their lines in order; transfers, payments and
 /// rates by date. With `client` only what concerns that client, and the clients to whom transfers
 /// join it. All is read at one instant. The folder keeps its old files until every new one is
-/// written under another name; they then take their places in one go (see OutputFolder). Throws
+/// written under another name; then all are renamed together (see OutputFolder). Throws
 /// std::runtime_error when a file cannot be written, DatabaseError, or Cancellation, and has then
 /// left the old files.
 void ExportPortfolio(database::Connection& connection, const QString& folder,

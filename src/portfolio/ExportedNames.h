@@ -72,7 +72,7 @@ struct ExportedNames {
     return wanted_clients.empty() ? select : select.In(client, wanted_clients);
   }
 
-  /// Whether a master is exported: any that is there, or one that was used.
+  /// Whether a master is exported: every one, or in an export of one client those that were used.
   template <class Id>
   bool IsWanted(const NameList<Id>& names, Id id) const {
     return wanted_clients.empty() ? names.Has(id) : names.IsUsed(id);
@@ -98,7 +98,7 @@ struct ExportedNames {
   NameList<ExchangeId> exchanges;
 };
 
-// Further parts of ExportPortfolio, with the names that it uses.
+// Parts of ExportPortfolio, which use these names.
 
 /// Writes bills.csv: bills by client, account, date and key, each with its lines in order.
 void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportedNames& names,

@@ -19,20 +19,20 @@ struct ImportCount {
 };
 
 struct ImportResult {
-  /// Nothing is said of what no record of was written.
+  /// A table without a new record gets no count.
   void Count(std::string_view what, std::size_t added) {
     if (added > 0) {
       counts.push_back({std::string(what), added});
     }
   }
 
-  std::vector<ImportError> errors;  ///< when there is any, nothing was written
+  std::vector<ImportError> errors;  ///< when there are any, nothing was written
   std::vector<ImportCount> counts;
   std::vector<std::string> notes;  ///< types, classes and exchanges that were new
 };
 
 /// Takes a portfolio folder into the database, all or nothing, in one transaction. Master records
-/// that stand in the database with the same details are taken as they are; with other details they
+/// that are in the database with the same details are left as they are; with other details they
 /// are an error, as is a bill, an opening lot, a transfer or a payment that is recorded already.
 /// With `dry_run` everything is checked and nothing written. Throws DatabaseError, Cancellation, or
 /// std::runtime_error when a file cannot be read.

@@ -28,8 +28,8 @@ struct ImportError {
 std::string Quoted(std::string_view value);
 inline constexpr std::size_t kLongestQuote = 80;
 
-/// Errors are collected so that a user can mend a whole file at once; a hopeless one stops early.
-/// Those of one kind, the same fault of one column, are told kMostOfAKind times and then counted.
+/// Errors are collected, up to kMost, so that a user can correct a whole file at once.
+/// Those of one kind, the same fault of one column, are listed kMostOfAKind times and then counted.
 class ErrorList {
  public:
   static constexpr std::size_t kMost = 100;
@@ -42,7 +42,7 @@ class ErrorList {
   bool Empty() const { return errors_.empty(); }
   bool Full() const { return errors_.size() >= kMost; }
 
-  /// In the order of their adding, then how many more there are of a kind.
+  /// In the order in which they were added, then how many more there are of a kind.
   std::vector<ImportError> Take();
   const std::vector<ImportError>& Errors() const { return errors_; }
 

@@ -35,7 +35,7 @@ bool IsSame(const Field& a, const Field& b) {
   return a == b;
 }
 
-/// Whether a recorded master has the details of a file's, capitals aside.
+/// Whether a recorded master has the details of the one in the file, without regard to capitals.
 template <class Record>
 bool HasDetailsOf(const Record& recorded, Record given) {
   given.id = recorded.id;

@@ -57,7 +57,7 @@ void AppendFields(std::string& out, const First& first, const Rest&... rest) {
   ((out += ',', AppendField(out, rest)), ...);
 }
 
-/// Calls `write` with the records in the order of their keys, equal ones as they come.
+/// Calls `write` with the records in the order of their keys, equal keys in the given order.
 template <class Record, class Key, class Write>
 void InOrder(const std::vector<Record>& records, const Key& key_of, const Write& write) {
   std::vector<std::pair<decltype(key_of(records.front())), std::size_t>> order;
@@ -88,7 +88,7 @@ class OutputFile {
     WriteWhenLarge();
   }
 
-  /// Everything is on the disk; what could go wrong has.
+  /// Writes everything to the disk, so that only renaming remains.
   void Finish();
 
   /// Puts the finished file in the place of the old one.
@@ -102,14 +102,14 @@ class OutputFile {
 };
 
 /// The files of a portfolio folder that is written as one: until Publish the folder has its old
-/// files, all of them. They are then renamed one after the other, so that only an end of the
-/// program in that instant, or a disk that fails in it, leaves old files beside new ones.
+/// files, all of them. They are then renamed one after the other, so that old files
+/// are beside new ones only when the program ends or the disk fails in that instant.
 class OutputFolder {
  public:
   /// Makes the folder when it is missing.
   explicit OutputFolder(QString folder);
 
-  /// The file is finished by its writer.
+  /// The writer of the file calls its Finish.
   OutputFile& Add(const FileLayout& layout);
 
   /// The folder has no such file any more.

@@ -47,14 +47,14 @@ class Interner {
   Symbol last_ = 0;
 };
 
-/// A master record of the file; its key is none.
+/// A master record of the file, without a key.
 template <class Record>
 struct MasterRow {
   Record record;
   std::size_t line = 0;
 };
 
-// By what a master record is known: a code, a name, or a name of a year, folded.
+// What identifies a master record: a code, a name, or a name of a year, folded.
 std::string KeyOf(const records::Participant& participant);
 std::string KeyOf(const records::Client& client);
 std::string KeyOf(const records::Broker& broker);

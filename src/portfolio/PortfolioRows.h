@@ -14,7 +14,7 @@
 
 namespace quorvane::portfolio {
 
-/// The fields of the row that is being read, in the forms that the rows of a portfolio have them.
+/// The fields of the row that is being read, in the form that the rows of a portfolio have.
 /// Columns are those of the file's layout.
 class RowFields {
  public:
@@ -40,7 +40,7 @@ class RowFields {
   /// "dd/mm/yyyy"; empty for an empty field.
   QString DayText(int column) const;
 
-  /// The columns of a contact stand together in every file, in one order, from the address on.
+  /// The columns of a contact are together in every file, in one order, beginning with the address.
   void ReadContact(records::Contact& contact, int address) const;
 
  private:
@@ -52,12 +52,12 @@ class RowFields {
 };
 
 /// Takes the rows of the master files into the portfolio. A breach of the rules goes to the errors
-/// of the file; a record whose key its file has already is one.
+/// of the file; so does a record whose key the file has already.
 class MasterRows {
  public:
   MasterRows(Portfolio& portfolio, RowFields& fields) : portfolio_(portfolio), fields_(fields) {}
 
-  // The current row, which is of that file.
+  // Each reads the current row, which is of the file in its name.
   void ReadParticipant();
   void ReadClient();
   void ReadAccount();
@@ -104,7 +104,7 @@ class ActionRows {
  public:
   ActionRows(Portfolio& portfolio, RowFields& fields) : portfolio_(portfolio), fields_(fields) {}
 
-  // The current row, which is of that file.
+  // Each reads the current row, which is of the file in its name.
   void ReadIsin();
   void ReadAction();
   void ReadActionLot();

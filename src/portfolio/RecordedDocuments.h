@@ -15,8 +15,8 @@
 
 namespace quorvane::portfolio {
 
-// What makes two records of a kind the same document. Numbers are written shortest, so that equal
-// texts mean equal numbers.
+// What makes two records of a kind the same document. Numbers have their shortest form, so that
+// equal texts mean equal numbers.
 std::string IdentityOf(const records::Bill& bill);
 std::string IdentityOf(const records::Opening& opening);
 std::string IdentityOf(const records::Transfer& transfer);
@@ -24,7 +24,7 @@ std::string IdentityOf(const records::Payment& payment);
 std::string IdentityOf(const records::BrokerOpening& opening);
 std::string IdentityOf(const records::Dividend& dividend);
 
-/// The documents of a kind that stand in the database before an import, so that a folder taken in
+/// The documents of a kind that are in the database before an import, so that a folder taken in
 /// twice is noticed.
 template <class Record>
 class RecordedDocuments {

@@ -20,7 +20,7 @@ struct TakenLine {
 };
 
 /// Documents of a folder in the order in which they are recorded, with the lots that they move.
-/// What they may hold was decided before.
+/// They are not checked here.
 class TakenDocuments {
  public:
   TakenDocuments(const Portfolio& portfolio, const ResolvedNames& names)

@@ -13,11 +13,11 @@
 #include <string>
 
 /// The register of the reports. Menu, help and windows (ui/Features), the commands of quorvanectl
-/// and its demonstration take from here what a report is called.
+/// and its demonstration take the names of reports from here.
 namespace quorvane::reports {
 
 /// A window that makes reports, and its place in the menu and in the user guide. A window of two
-/// duties stands here for each.
+/// duties has an entry for each.
 struct WindowEntry {
   const char* item;     ///< object name of the menu item
   const char* caption;  ///< of the menu item, with "&" before the access key
@@ -72,8 +72,8 @@ struct SampleReport {
   std::optional<std::string> csv = {};  ///< in place of the document's own CSV
 };
 
-/// A form of a report that the demonstration writes: its name, which files are named by, and what
-/// hands out each client's. Returns the records that could not count.
+/// A form of a report that the demonstration writes: its name, which is part of file names, and
+/// the function that gives each client's report and returns the records that could not count.
 struct Sample {
   using Give = std::function<void(const SampleReport&)>;
 

@@ -32,14 +32,14 @@ enum class MenuAction {
 };
 
 /// A thing that the program does for its user: its menu item, its window and its chapter of the
-/// user guide. A window of two duties is a feature for each.
+/// user guide. A window of two duties is two features.
 struct Feature {
   const char* item;     ///< object name of the menu item, such as "mnuClientInfo"
   const char* caption;  ///< of the menu item, with "&" before the access key
   MenuAction action;
   const char* heading;  ///< the item whose sub-menu it is in; empty for the menu bar
 
-  const char* name = "";     ///< of the window or duty, by which other windows ask for it
+  const char* name = "";     ///< of the window or duty; other windows ask for it by this
   const char* chapter = "";  ///< the file of the user guide
   controls::ChildWindow* (*make)(reporting::ReportDesk&) =
       nullptr;  ///< not shown, belongs to itself

@@ -9,8 +9,8 @@
 
 namespace quorvane::test {
 
-/// A line between a program and a database server that goes away at a commit: before the commit
-/// reaches the server, or after it, with the answer.
+/// A line between a program and a database server that is cut at a commit: before the commit
+/// reaches the server, or after that and before its answer reaches the program.
 class CuttingLine {
  public:
   CuttingLine(const QString& server_socket, bool commit_reaches_the_server);

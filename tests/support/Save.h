@@ -6,7 +6,7 @@
 
 namespace quorvane::test {
 
-/// Saves a record by its book and takes over what comes of it: the key, or the whole record.
+/// Saves a record by its book and takes over the result: the key, or the whole record.
 template <class Book, class Record, class... More>
 MaybeRefusal Save(Book&& book, Record& record, const More&... more) {
   const auto saved = book.Save(record, more...);

@@ -69,7 +69,7 @@ class ShownWindow {
     QTest::mouseClick(Named<controls::ZENButton>(button), Qt::LeftButton);
   }
 
-  /// To whatever has the focus by then: the first letter may open an editor in a grid.
+  /// Types into the control with the focus; the first letter may open an editor in a grid.
   static void Type(const QString& text) {
     for (const QChar letter : text) {
       if (letter == QLatin1Char('\n')) {
@@ -92,7 +92,7 @@ class ShownWindow {
     }
   }
 
-  /// As a user does it who never leaves the keyboard.
+  /// Adds a record with keys alone.
   void AddByKeyboard(const QStringList& texts) const {
     QTest::keyClick(window, Qt::Key_N, Qt::ControlModifier);
     Fill(texts);
@@ -113,7 +113,7 @@ class ShownWindow {
     Fill({text});
   }
 
-  /// The control that has the focus: the name of a box inside of a list counts for the list.
+  /// The control that has the focus: for a box inside a list, the name of the list.
   static QString Focused() {
     const QWidget* focus = QApplication::focusWidget();
     while (focus != nullptr && (focus->objectName().isEmpty() ||

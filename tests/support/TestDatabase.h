@@ -10,11 +10,11 @@
 
 namespace quorvane::test {
 
-/// For a QTemporaryDir in which databases are made: in memory where there is room, because a disk
-/// that others use too would be waited for at each of many small steps.
+/// For a QTemporaryDir in which databases are made: in memory where there is room, because many
+/// small writes to a shared disk take long.
 QString TestFolderTemplate();
 
-/// The database server of this test process, over a folder that is gone afterwards. It is started
+/// The database server of this test process, with a folder that is removed later. It is started
 /// when it is first asked for and stopped at the end of main, or soon after when the process is
 /// killed.
 class TestServer {
@@ -22,8 +22,8 @@ class TestServer {
   static database::PrivateServer& Get();
 };
 
-/// A new database on the test server, dropped when the object goes. Connections of one's own to it
-/// belong after it in the same scope.
+/// A new database on the test server, dropped when the object is destroyed. A test declares
+/// its own connections to it later in the same scope.
 class TestDatabase {
  public:
   enum class Tables { kPrepared, kNone };

@@ -19,9 +19,9 @@ struct Source {
 };
 
 /// Writes a backup as a new folder "Quorvane-YYYY-MM-DD-HHMMSS" below `into` and reads it back; the
-/// result is its path. The tables are those of one instant, also while other programs write
-/// meanwhile. Until it is whole it is called "....part"; what a killed program has left of that
-/// name goes with the next backup.
+/// result is its path. The tables are those of one instant, also while other programs write.
+/// Until it is complete its name ends in ".part"; such folders that a killed program has left are
+/// removed by the next backup.
 ///
 /// Refused when `into` is inside a folder that is backed up. Throws DatabaseError,
 /// std::runtime_error with path and reason, or Cancellation; nothing is left then.

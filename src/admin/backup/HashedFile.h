@@ -35,7 +35,7 @@ class HashedFile {
   BackupFile told_;
 };
 
-/// Work over many files, told as bytes done since its beginning.
+/// Work over many files, whose progress is the bytes done so far.
 struct ByteCount {
   Progress& progress;
   std::int64_t done = 0;

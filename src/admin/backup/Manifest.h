@@ -61,7 +61,7 @@ Result<Manifest> ReadManifest(const QString& folder);
 MaybeRefusal CheckSizes(const QString& folder, const Manifest& manifest);
 
 /// True for "tables/Broker.tsv"; false for what could lead out of the backup or does not belong
-/// into one.
+/// in one.
 bool IsBackupPath(const QString& path);
 
 /// "The backup %1 is damaged: %2."

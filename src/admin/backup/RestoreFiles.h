@@ -18,8 +18,8 @@ namespace quorvane::backup {
 ///
 ///   1. Stage copies them beside their places, into the folder "Restore" of the application folder.
 ///   2. Promise notes there that a transaction is about to replace the records.
-///   3. Mark, inside that transaction, leaves the note's number in the database.
-///   4. Settle looks for the mark: with it the files take their places, without it they go.
+///   3. Mark, inside that transaction, writes the note's number to the database.
+///   4. Settle looks for the mark and moves the files to their places, or removes them without it.
 ///
 /// Settle is called at the end of a restore and again when a program starts, for a restore that was
 /// cut short.
@@ -39,8 +39,8 @@ class RestoreFiles {
   void Promise();
   void Mark(database::Transaction& transaction);
 
-  /// Whether the restore happened. Asks the database, so that a commit whose answer was lost is
-  /// told from one that never was.
+  /// Whether the restore happened. Asks the database, so that the result is right also when the
+  /// answer to the commit was lost.
   bool Settle();
 
   /// Whether there is anything to settle. Cheap: asked at every start.
@@ -63,7 +63,7 @@ class RestoreFiles {
 
 /// What a backup's settings file changes in the present one: every setting of the program takes the
 /// backup's value. Where the database and the backups are does not come back with the records, and
-/// what the program does not know stays out.
+/// unknown settings are left out.
 std::vector<app::IniSetting> RestoredSettings(const app::IniFile& backup);
 
 /// To be called after every start: completes or drops a restore that was cut short.

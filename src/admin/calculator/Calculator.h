@@ -7,7 +7,7 @@
 
 namespace quorvane::calculator {
 
-/// A desk calculator: what is entered is worked off from left to right. After an error ("Division
+/// A desk calculator: it computes from left to right. After an error ("Division
 /// by Zero") every key but those that clear does nothing.
 class Calculator {
  public:
@@ -18,11 +18,11 @@ class Calculator {
   void Negate();
   void Backspace();
 
-  /// The number being entered; everything but memory and history.
+  /// Clears the number being entered; Clear clears everything but memory and history.
   void ClearEntry();
   void Clear();
 
-  /// Takes a copied number for the entry; false, with nothing changed, when the text is none.
+  /// Takes a copied number as the entry; false, with nothing changed, when the text is no number.
   bool Paste(const QString& text);
 
   void Operate(Operation operation);
@@ -30,8 +30,8 @@ class Calculator {
   /// Ends the sum and adds it to the history. Again: repeats the last operation.
   void Equals();
 
-  /// After "+" or "-" that part of the first number, so that 500 + 18 % is 590; otherwise the
-  /// hundredth.
+  /// After "+" or "-" the entry becomes that part of the first number: 500 + 18 % is 590. Otherwise
+  /// it is divided by 100.
   void Percent();
 
   void MemoryClear() { memory_ = Number(); }
@@ -44,7 +44,7 @@ class Calculator {
   /// The number as it is copied, or the error.
   QString Display() const;
 
-  /// What has been entered before it: "12 +"; empty when nothing waits.
+  /// What has been entered before it: "12 +"; empty when there is none.
   QString Waiting() const;
   bool HasError() const { return !error_.isEmpty(); }
 

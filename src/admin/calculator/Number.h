@@ -9,7 +9,7 @@
 namespace quorvane::calculator {
 
 /// A decimal number of at most 18 significant digits. Sums, products and quotients are rounded half
-/// away from zero to these; nothing passes through binary fractions.
+/// away from zero to these; binary fractions are not used.
 class Number {
  public:
   Number() = default;

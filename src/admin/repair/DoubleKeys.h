@@ -19,7 +19,7 @@ struct DoubleRecord {
   QString contents;      ///< its fields, cut at 200 letters
 };
 
-/// All of them, by table, key and row.
+/// All such records, by table, key and row.
 std::vector<DoubleRecord> FindDoubleRecords(database::Connection& connection);
 
 /// The result of giving new keys.

@@ -30,7 +30,7 @@ struct DoubleKey {
   std::int64_t keys = 0;  ///< how many of them
 };
 
-/// Rows of a table that name a record which is not there. Reports pass over such rows or show them
+/// Rows of a table that name a record which is not there. Reports leave such rows out or show them
 /// without a name.
 struct Dangling {
   std::string table;
@@ -51,9 +51,9 @@ struct LostLines {
 struct TableCheck {
   std::vector<TableSize> sizes;  ///< every table, in the order of its creation
   std::vector<TableFault> faults;
-  std::vector<std::string> unchecked;  ///< tables whose check the server does not grant
+  std::vector<std::string> unchecked;  ///< tables that the server does not let this user check
   std::vector<DoubleKey> double_keys;
-  // What several tables say together; not looked for while one of them has a fault.
+  // Faults between several tables; not looked for while one of the tables has a fault.
   std::vector<ledger::LotChange> wrong_lots;
   QStringList record_faults;  ///< a sentence for each record that cannot count as it is written
   // For information: nothing is wrong with the table itself.
@@ -74,7 +74,7 @@ std::vector<TableSize> CountRows(database::Connection& connection);
 /// Cancellation.
 TableCheck CheckTables(database::Connection& connection, Progress& progress);
 
-/// The references to look into; not those of the scratch table.
+/// The references that are checked; not those of the scratch table.
 std::vector<database::KeyReference> CheckedReferences();
 
 /// How many rows name a record that is not there. NULL and 0 name none.

@@ -11,7 +11,7 @@
 
 namespace quorvane::users {
 
-/// How long to wait before the next password is taken, longer with every one that failed in a row:
+/// How long to wait before the next password is taken. The time grows with each failure in a row,
 /// against guessing. One object serves every window of the program, so that a new window starts no
 /// new count.
 class Attempts {
@@ -20,8 +20,8 @@ class Attempts {
 
   explicit Attempts(Clock now = std::chrono::steady_clock::now);
 
-  /// Failures of an account count until its own password is given: somebody who knows another one
-  /// cannot begin afresh. An empty account is a name that no user has; any success forgets those.
+  /// Failures of an account count until its own password is given: the password of another account
+  /// does not reset them. An empty account is a name that no user has; any success resets those.
   void Failed(const QString& account);
   void Succeeded(const QString& account);
 
@@ -45,7 +45,7 @@ struct PasswordChange {
   QString confirmed_password;
 };
 
-/// Who may come in: the ordinary users of the database, and the administrator, whose password is
+/// Who may log in: the ordinary users of the database, and the administrator, whose password is
 /// kept with the machine.
 ///
 /// Throws DatabaseError, or std::runtime_error when the machine's settings cannot be used.
@@ -76,7 +76,7 @@ class Login {
   Attempts& attempts_;
 };
 
-/// Said when a password was changed.
+/// The message after a password was changed.
 QString PasswordChanged();
 
 }  // namespace quorvane::users

@@ -10,14 +10,14 @@
 
 namespace quorvane::users {
 
-/// An ordinary user. The administrator is none.
+/// An ordinary user; the administrator is not one of them.
 struct User {
   int id = 0;  ///< 0 until it is saved
   QString name;
-  std::optional<QString> password;  ///< none when none is stored that can be read
+  std::optional<QString> password;  ///< none when no readable one is stored
 };
 
-/// Name, password, then texts that are too long. Whether the name is free is for the book.
+/// Checks name and password, then the lengths of texts. The book checks that the name is free.
 MaybeRefusal CheckUser(const User& user);
 
 /// The ordinary users in the database. Every save and delete is one transaction; one that is

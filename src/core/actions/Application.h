@@ -14,7 +14,7 @@ namespace quorvane::actions {
 
 using records::Action;
 
-/// What an action makes of an account.
+/// What an action does to an account.
 struct AccountEffect {
   ClientId client;
   AccountId account;
@@ -24,17 +24,17 @@ struct AccountEffect {
 /// Shares subscribed by rights or given to a buy-back, where they are not the usual ones.
 using ChosenShares = std::map<std::pair<ClientId, AccountId>, Shares>;
 
-/// What the action makes of every account that holds the scrip when its ex-day begins, by client
-/// code and account number, as the books of that year have it. Changes nothing. One query a table.
-/// Throws DatabaseError and Cancellation.
+/// What the action does to every account that holds the scrip when its ex-day begins, by the
+/// records of that year; in the order of client code and account number. Changes nothing. One query
+/// a table. Throws DatabaseError and Cancellation.
 std::vector<AccountEffect> EffectsOf(database::Connection& connection, const Action& action,
                                      const ChosenShares& chosen, Progress& progress);
 
 /// What was subscribed or given when an action was applied.
 ChosenShares AppliedShares(database::Connection& connection, const Action& action);
 
-/// Whether the books still say what an action was applied to. After bills of earlier days were
-/// entered or deleted it is to be taken back and applied again.
+/// Whether the records still give the holdings that an action was applied to. If not, because bills
+/// of earlier days were entered or deleted, it is to be taken back and applied again.
 bool IsCurrent(database::Connection& connection, const Action& action, Progress& progress);
 
 /// The lots of an action by account, numbered, with what they belong to.
@@ -46,8 +46,8 @@ void WriteEffects(database::Transaction& transaction, const Action& action,
                   std::span<const AccountEffect> effects);
 
 /// Applies a recorded action: its lots are written and the holdings follow. Refused, with a list,
-/// when sales or transfers of the ex-day or later would then lack shares. Reads plainly, so the
-/// transaction must run alone (database::Turn::kAlone). Returns the number of accounts.
+/// when sales or transfers of the ex-day or later would then lack shares. Reads without locks, so
+/// the transaction must run alone (database::Turn::kAlone). Returns the number of accounts.
 Result<std::size_t> Apply(database::Transaction& transaction, const Action& action,
                           const ChosenShares& chosen, Progress& progress);
 

@@ -26,7 +26,7 @@ struct HeldPiece {
   Paise Cost() const;
 };
 
-/// What an action makes of the shares of one account.
+/// What an action does to the shares of one account.
 struct Effect {
   Shares before;         ///< of the action's scrip
   Shares after;          ///< of it

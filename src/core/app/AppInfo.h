@@ -4,7 +4,7 @@
 
 namespace quorvane::app {
 
-/// The release that this program is: the version year names it, not the calendar.
+/// The version of this program. It does not follow the calendar.
 inline constexpr char kVersionText[] = "2.12.2";
 
 /// Start of the main window's title: "Quorvane: ver 2.12.2 ", the blank included.

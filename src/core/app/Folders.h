@@ -4,7 +4,7 @@
 
 namespace quorvane::app {
 
-/// Where the program keeps its files. No path ends in a separator, a root apart.
+/// Where the program keeps its files. No path ends in a separator, except a root.
 struct Folders {
   QString application;
   QString temporary;    ///< scratch files; the application folder itself
@@ -21,7 +21,7 @@ struct Folders {
 };
 
 /// The program's own folder when it can be written to and holds nothing but the program, so that
-/// program and data can be carried about together; else the user's data folder.
+/// program and data can be moved together; else the user's data folder.
 QString DefaultApplicationFolder(const QString& program_folder);
 
 /// A folder that is shipped with the program: "shipped" (what is copied to Data), "sample" (the

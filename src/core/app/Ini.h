@@ -10,7 +10,7 @@ namespace quorvane::app {
 /// The text before its first NUL character; the whole text when there is none.
 QString TrimNul(const QString& text);
 
-/// One setting to be written; without a value its line goes and the fallback counts again.
+/// One setting to be written; without a value its line is removed and the fallback counts.
 struct IniSetting {
   QString section;
   QString key;
@@ -35,7 +35,7 @@ class IniFile {
   /// The same value; nothing when it is missing.
   std::optional<QString> Find(const QString& section, const QString& key) const;
 
-  /// Sets one value so that Read gives it back, and leaves every other line, comment and blank line
+  /// Sets one value so that Read returns it, and leaves every other line, comment and blank line
   /// where it is. The file and its folder are made when missing; nobody but this user can read the
   /// file afterwards. Either the whole change reaches the disk or the file stays as it was. Throws
   /// std::runtime_error with the path and the reason.

@@ -19,8 +19,8 @@ class IniLines {
   /// Without blanks and one pair of quotes around it; nothing when the section or key is missing.
   std::optional<QString> Value(const QString& section, const QString& key) const;
 
-  /// In quotes when Value would otherwise not give it back. A section or key that is missing is
-  /// added. Names and value hold no line break.
+  /// In quotes when Value would otherwise not return it unchanged. A section or key that is missing
+  /// is added. Names and value hold no line break.
   void Set(const QString& section, const QString& key, const QString& value);
 
   void Remove(const QString& section, const QString& key);
@@ -37,7 +37,7 @@ class IniLines {
   void Add(qsizetype at, const QByteArray& line);
 
   bool has_mark_;
-  QByteArray line_end_;  ///< what stands before the line feed
+  QByteArray line_end_;  ///< what comes before the line feed
   bool ends_with_line_end_ = false;
   QByteArrayList lines_;  ///< each without its line end
 };

@@ -13,9 +13,9 @@ class MachineKey {
   MachineKey();
   explicit MachineKey(QString settings_file);
 
-  /// Value "AdminPass"; empty when it is missing. One that an earlier release has kept as plain
-  /// text is kept in the form of the other passwords from then on. Throws std::runtime_error when
-  /// it cannot be read, so that a protected password never passes for a missing one.
+  /// Value "AdminPass"; empty when it is missing. A plain text of an earlier release is rewritten
+  /// in the form of the other passwords. Throws std::runtime_error when it cannot be read, so that
+  /// a protected password is never taken for a missing one.
   QString AdminPass() const;
 
   /// A settings file is closed to all but its owner. Throws std::runtime_error, with the value

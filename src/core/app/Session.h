@@ -25,8 +25,8 @@ struct ScreenFactors {
 };
 
 /// The factors by section "ScrReso" of the screen settings. "Opt" 0 (also when missing) stretches
-/// to the screen, 1 to the resolution "X" by "Y" (where 0 stands for the screen's), anything else
-/// not at all. Screen sizes in pixels.
+/// to the screen, 1 to the resolution "X" by "Y" (where 0 means the screen's), anything else not at
+/// all. Screen sizes in pixels.
 ScreenFactors SetScreenFactors(const IniFile& screen_ini, int screen_width, int screen_height);
 
 /// Proof that this process is the only copy of the program working in an application folder. Ends

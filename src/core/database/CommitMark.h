@@ -7,9 +7,9 @@
 
 namespace quorvane::database {
 
-/// A row that a transaction writes along, so that it can be told whether it is still under way, and
-/// whether it was committed when the answer to the commit was lost. A connection has one row, which
-/// each of its transactions changes.
+/// A row that a transaction writes in addition. It shows whether the transaction is still under
+/// way, and whether it was committed when the answer to the commit was lost. A connection has one
+/// row, which each of its transactions changes.
 class CommitMark {
  public:
   explicit CommitMark(Connection& connection) : connection_(connection) {}
@@ -22,14 +22,14 @@ class CommitMark {
 
   /// Throws a transient DatabaseError when the transaction that wrote the mark is not the one that
   /// is under way: a cluster gives up a transaction that waits for its program, and the driver may
-  /// keep the news of it to itself. What was read since belongs to no whole work then.
+  /// not report it. What was read since is then not of one transaction.
   void InsistOnTransaction(Transaction& transaction) const;
 
   /// After the connection was lost at the commit: opens it again and looks. Nothing when it cannot
   /// be told. Waits some seconds for a server that comes back.
   std::optional<bool> WasCommitted();
 
-  /// Takes the rows of programs of long ago away.
+  /// Deletes the rows of programs of long ago.
   static void RemoveOld(Connection& connection);
 
  private:

@@ -30,7 +30,7 @@ struct ServerAddress {
 /// Where the database is and how to log in. Empty members are left to the driver.
 struct ConnectionSettings {
   QString driver = QStringLiteral("MariaDB Unicode");
-  QString server;  ///< several, "host" or "host:port", are parted by commas: the nodes of a cluster
+  QString server;  ///< several, "host" or "host:port", separated by commas: the nodes of a cluster
   int port = 0;
   QString socket;
   QString database;
@@ -71,8 +71,8 @@ class Connection {
   }
   std::int64_t ExecuteValues(std::string_view sql, std::span<const Value> values);
 
-  /// Runs a query. The rows come in the order the server gives them; without "Order By" that is no
-  /// order at all.
+  /// Runs a query. The rows come in the order in which the server gives them; without "Order By"
+  /// that may be any order.
   template <class... Values>
   Recordset Open(std::string_view sql, const Values&... values) {
     const std::array<Value, sizeof...(Values)> list{Value(values)...};
@@ -113,11 +113,11 @@ class Connection {
   friend class CommitMark;
   friend class Turns;
 
-  /// Names this connection among all others; stays when it is opened again.
+  /// A text that no other connection has; stays the same when this one is opened again.
   const std::string& Token() const { return token_; }
   std::int64_t NextSerial() { return ++serial_; }
 
-  /// The tables that programs agree by (Writers, CommitMark) were there at the last look.
+  /// The tables by which programs take turns (Writers, CommitMark) existed at the last look.
   bool HasSharedTables() const { return has_shared_tables_; }
   void LookForSharedTables();
 

@@ -22,8 +22,8 @@ int NextKey(Transaction& transaction, std::string_view table);
 int NextKeys(Transaction& transaction, std::string_view table, int count);
 
 /// The key that NextKey would give. Nobody else is given one of the table until the transaction
-/// ends. For work that learns only as it goes how many it needs: it counts on from here and says
-/// with KeepKeys how far it came.
+/// ends. For work that does not know in advance how many keys it needs: it counts on from this one
+/// and then calls KeepKeys.
 int FirstFreeKey(Transaction& transaction, std::string_view table);
 
 /// All keys below `next` count as given. Follows FirstFreeKey in its transaction.
@@ -36,8 +36,8 @@ KeyCounters ReadCounters(Connection& connection);
 /// Raises each counter to the one given and makes those that are missing; lowers none.
 void RaiseCounters(Transaction& transaction, const KeyCounters& counters);
 
-/// Makes the counters that are missing. They start after every key that stands in the database,
-/// also where only lines name it whose record is gone: those lines belong to no record.
+/// Makes the counters that are missing. They start after every key in the database, also one that
+/// only lines of a deleted record name, so that no new record gets those lines.
 void MakeCounters(Connection& connection);
 
 /// Makes room for a record that is about to be written whole, and returns its key. A stored record

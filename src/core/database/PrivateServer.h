@@ -23,7 +23,7 @@ class PrivateServer {
   /// Joins the folder's server; makes the folder and starts the server when need be, which takes
   /// about a second the first time (`on_first_start` is then called). Throws std::runtime_error at
   /// once when a program, the driver or room on the disk is missing, and with the server's own
-  /// words and the path of its log when it does not come up; nothing is left running then.
+  /// words and the path of its log when it does not start; nothing is left running then.
   explicit PrivateServer(const QString& folder,
                          const std::function<void()>& on_first_start = nullptr);
   ~PrivateServer();
@@ -36,13 +36,13 @@ class PrivateServer {
   /// constructor does.
   void Revive();
 
-  /// The server stays up when this object goes, for another client to use.
+  /// The server keeps running after this object, for another program to use.
   void LeaveRunning() { leave_running_ = true; }
 
   QString Socket() const { return socket_; }
   std::int64_t Process() const { return folder_.Process(); }
 
-  /// The disk was full when the server came up: records can be read and copied to another disk, and
+  /// The disk was full when the server started: records can be read and copied to another disk, and
   /// not changed.
   bool IsReadOnly() const;
 

@@ -19,7 +19,7 @@ struct Statement;
 
 enum class ColumnKind : std::uint8_t { kInteger, kDouble, kText, kLongText };
 
-/// The rows of one block, a column.
+/// One column of a block of rows.
 struct ColumnBuffer {
   std::string name;
   ColumnKind kind = ColumnKind::kInteger;
@@ -40,7 +40,7 @@ struct ColumnBuffer {
 /// Columns are named by their place, counted from 0, or by name without regard to case; an unknown
 /// name throws std::out_of_range. NULL reads as 0 or as an empty text; the Optional accessors and
 /// IsNull tell it apart. Rows are fetched in blocks. The statement is free for another use once the
-/// recordset is gone; a second Open of the same text meanwhile uses a statement of its own.
+/// recordset is destroyed; a second Open of the same text meanwhile uses a statement of its own.
 class Recordset {
  public:
   Recordset(Connection& connection, std::shared_ptr<Statement> statement);
@@ -65,7 +65,7 @@ class Recordset {
   std::optional<int> OptionalInt(std::size_t column) const;
   std::optional<QString> OptionalText(std::size_t column) const;
 
-  // A plain 0 would be as good a name as a number.
+  // Without these a literal 0 would be ambiguous: it converts to a number and to a name.
   bool IsNull(int column) const { return IsNull(static_cast<std::size_t>(column)); }
   int Int(int column) const { return Int(static_cast<std::size_t>(column)); }
   double Double(int column) const { return Double(static_cast<std::size_t>(column)); }

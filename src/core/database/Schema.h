@@ -40,7 +40,7 @@ std::vector<SkippedStatement> PrepareDatabase(Connection& connection);
 std::vector<std::string> TableNames();
 
 /// Why the program cannot work with this server, with the setting to change; empty when it can. A
-/// server must tell table names not apart by case, and must let this user read, write, create and
+/// server must not tell table names apart by case, and must let this user read, write, create and
 /// change tables. Changes nothing. Throws DatabaseError.
 QString WhyUnsuitable(Connection& connection);
 

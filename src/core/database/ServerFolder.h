@@ -7,7 +7,7 @@
 namespace quorvane::database {
 
 /// The folder of the program's own server: what is in it, and where the rest is when the folder
-/// itself will not do.
+/// itself cannot hold it.
 class ServerFolder {
  public:
   /// Makes the folder, for this user alone. Throws std::runtime_error.
@@ -22,7 +22,7 @@ class ServerFolder {
   /// called under the lock of starting and stopping.
   QString Socket() const;
 
-  /// For the server's scratch tables: every server that starts clears those in its folder away,
+  /// For the server's scratch tables: a server that starts deletes all such tables in its folder,
   /// those of other programs too.
   QString Scratch(const QString& socket) const;
 
@@ -43,8 +43,8 @@ class ServerFolder {
   QString path_;
 };
 
-/// What a server says that went wrong, in at most three lines of its log; empty when it says
-/// nothing.
+/// The lines of a server's log that tell what went wrong, at most three; empty when there are
+/// none.
 QString ErrorsIn(const QByteArray& log);
 
 }  // namespace quorvane::database

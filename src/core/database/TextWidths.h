@@ -11,7 +11,7 @@
 
 namespace quorvane::database {
 
-/// A text on its way into a column, and how the user knows it.
+/// A text to be stored in a column, and the name by which the user knows it.
 struct TextCell {
   std::string_view column;
   const char* label = "";  ///< "Client Code"

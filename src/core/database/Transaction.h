@@ -11,8 +11,8 @@
 namespace quorvane::database {
 
 /// A unit of work that happens wholly or not at all: what is not committed is rolled back when the
-/// object goes. Everything that writes records takes a Transaction&, so that it cannot be called
-/// outside one. There is at most one at a time a connection.
+/// object is destroyed. Everything that writes records takes a Transaction&, so that it cannot be
+/// called outside one. There is at most one at a time a connection.
 class Transaction {
  public:
   /// Opens a lost connection again first; throws DatabaseError.
@@ -37,15 +37,15 @@ class Transaction {
   bool open_ = true;
 };
 
-/// What may run beside a transaction: shared, every other one but one alone; alone, none.
+/// What may run beside a transaction: with kShared all that are shared, with kAlone none.
 enum class Turn { kShared, kAlone };
 
 /// Runs `work` in a transaction, commits when it returns without a refusal and then sends "Flush
 /// Tables" once; a refusal or an exception rolls back. Work that the server gave up because of
 /// another transaction, or whose connection was lost, is done again, at most kAttempts times in
 /// all; so `work` changes nothing but the database, and sets what its caller reads afresh each
-/// time. The later tries are made alone, so that none is given up for ever. A commit whose answer
-/// was lost is looked up: it is done, or the work is done again.
+/// time. The later tries are made alone, so that no other one stops them. A commit whose answer was
+/// lost is looked up: it is done, or the work is done again.
 ///
 /// A Turn::kAlone waits for all others and keeps them waiting: what it reads stays as it is until
 /// it ends.
@@ -53,7 +53,7 @@ MaybeRefusal InTransaction(Connection& connection,
                            const std::function<MaybeRefusal(Transaction&)>& work,
                            Turn turn = Turn::kShared);
 
-/// The same for work that nothing refuses.
+/// The same for work that is never refused.
 template <class Work>
 requires std::is_void_v<std::invoke_result_t<Work&, Transaction&>>
 void InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {
@@ -66,7 +66,7 @@ void InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared)
       turn));
 }
 
-/// The same for work that hands something back: what it was in the try that was committed.
+/// The same for work that returns a value: that of the try that was committed.
 template <class Work>
 requires kIsResult<std::invoke_result_t<Work&, Transaction&>>
 auto InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {

@@ -10,7 +10,7 @@ namespace quorvane::files {
 /// The endings of files that tables are read from: "csv", "xls", "xlsx", "ods" and "zip".
 bool HasTableEnding(const QString& path);
 
-/// Reads the table in a file, which is told by what it holds, not by its name: comma separated
+/// Reads the table in a file, whose kind is found from its contents, not its name: comma separated
 /// text, a list of objects in JSON, the first sheet of a workbook, or the one comma separated file
 /// in a zip archive. Throws TableError with a text for the user.
 TextTable ReadTableFile(const QString& path);

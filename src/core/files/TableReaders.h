@@ -44,8 +44,8 @@ TextTable ReadOds(std::span<const ArchiveEntry> parts);
 /// The part of that name; nullptr when there is none.
 const ArchiveEntry* FindPart(std::span<const ArchiveEntry> parts, std::string_view name);
 
-/// A number as workbooks write it ("961.14999999999998") in its shortest form ("961.15"); another
-/// text as it stands.
+/// A number as workbooks write it ("961.14999999999998") in its shortest form ("961.15"); any other
+/// text unchanged.
 std::string ShortNumber(const std::string& text);
 
 }  // namespace quorvane::files

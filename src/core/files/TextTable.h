@@ -11,7 +11,7 @@
 namespace quorvane::files {
 
 /// A row of a file as text (UTF-8, without blanks at the ends) and the line, or the row of the
-/// sheet, on which it stands, counted from 1.
+/// sheet, on which it is, counted from 1.
 struct TextRow {
   std::size_t line = 0;
   std::vector<std::string> cells = {};
@@ -33,10 +33,10 @@ class TableError : public std::runtime_error {
 /// Throws TableError.
 [[noreturn]] void Fail(const QString& why);
 
-/// What a table may hold at most; more of it is no exchange's file.
+/// What a table may hold at most; a larger one is no exchange's file.
 inline constexpr std::size_t kMostRows = 200'000;
 inline constexpr std::size_t kMostColumns = 256;
-inline constexpr std::size_t kMostCells = 8'000'000;        ///< empty ones before others counted
+inline constexpr std::size_t kMostCells = 8'000'000;        ///< with the empty ones before others
 inline constexpr std::size_t kLongestCell = 4'096;          ///< bytes
 inline constexpr std::size_t kLargestFile = 64 << 20;       ///< bytes
 inline constexpr std::size_t kLargestUnpacked = 256 << 20;  ///< bytes, of everything in an archive

@@ -19,7 +19,7 @@ class XmlStream {
   bool Next();
 
   bool Starts(const char* element) const;  ///< an element begins, or is empty
-  bool Ends(const char* element) const;    ///< an element ends; an empty one does not tell
+  bool Ends(const char* element) const;    ///< an element ends; not reported for an empty one
   bool IsEmpty() const;                    ///< the element that begins has no contents
   bool IsText() const;
 

@@ -16,8 +16,8 @@
 
 namespace quorvane::gains {
 
-/// A row of values that grows without moving what it holds: reading millions in costs neither the
-/// copies of a vector nor its peak of twice the memory.
+/// A list that grows without moving its values: unlike a vector it makes no copies and never needs
+/// twice the memory when millions of values are read in.
 template <class T>
 class Blocks {
  public:

@@ -9,7 +9,7 @@
 
 namespace quorvane::gains {
 
-/// Fills a History from the database. Apart from it so that the History's users do not see how.
+/// Fills a History from the database. A class apart, so that users of History do not include it.
 class HistoryReader {
  public:
   HistoryReader(database::Connection& connection, History& history, Progress& progress);

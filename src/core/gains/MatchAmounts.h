@@ -7,10 +7,10 @@
 
 namespace quorvane::gains {
 
-/// The amounts of a match. They are here to be put into the loop over the sales.
+/// The amounts of a match. In a header to be inlined into the loop over the sales.
 
 /// What shares of a purchase cost in rupees, with the chosen charges. Multiplies before it divides
-/// and rounds nothing, so that a cost on a half paisa stays there until it is rounded once.
+/// and rounds nothing, so that a cost of exactly half a paisa is rounded only once, later.
 inline double CostOf(const Purchase& purchase, double shares, ChargeChoice charges) {
   const double paid =
       (charges.service_tax ? purchase.service_tax : 0) + (charges.stt ? purchase.stt : 0);

@@ -24,7 +24,7 @@ struct Purchase {
   double brokerage = 0;    ///< rupees a share
   bool fo = false;         ///< futures and options
   bool transfer = false;   ///< came in by a transfer or a corporate action
-  bool opening = false;    ///< opening stock of the year, whatever its date
+  bool opening = false;    ///< opening stock of the year, of any date
   double remaining = 0;    ///< shares not yet used up; MatchSales lowers it
 };
 
@@ -43,8 +43,8 @@ struct Sale {
 
 enum class GainKind : std::uint8_t { kSpeculation, kShortTerm, kLongTerm };
 
-/// Which per-share charges of a purchase count into its cost. With `stt` the sale's STT is deducted
-/// from the gain as well.
+/// Which charges of a purchase count into its cost, in addition to the net rate. With `stt` the
+/// sale's STT is deducted from the gain as well.
 struct ChargeChoice {
   bool service_tax = false;
   bool stt = false;

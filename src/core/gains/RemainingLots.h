@@ -36,7 +36,7 @@ std::vector<RemainingLot> RemainingLots(database::Connection& connection, const 
                                         Progress& progress);
 
 /// Finds the purchases of a lot rate in row order and remembers for each rate up to where they are
-/// used up. Built and asked in constant time a purchase and a sale.
+/// used up. Built in constant time a purchase, searched in constant time a sale.
 class LotIndex {
  public:
   static constexpr std::uint32_t kEnd = 0xFFFFFFFF;
@@ -51,7 +51,7 @@ class LotIndex {
   /// Starts to load the memory of a rate into the cache; does not tell whether the rate is there.
   void Announce(double lot_rate) const { __builtin_prefetch(&slots_[Start(lot_rate)]); }
 
-  /// The likely row of Head, at no cost; kEnd or a row of another rate now and then.
+  /// The row that Head probably gives, found faster; sometimes kEnd or a row of another rate.
   std::uint32_t Guess(double lot_rate) const { return slots_[Start(lot_rate)].head; }
 
   /// The next row of the same rate.

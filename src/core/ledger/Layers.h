@@ -35,13 +35,13 @@ struct Receipt {
 };
 
 /// The purchases that lots are made of, by account and scrip, so that shares can be taken first in,
-/// first out by the day on which they were bought. Posts what comes in and goes out to the lots.
+/// first out by the day on which they were bought. Posts what comes in and what leaves to the lots.
 ///
 /// Filled with Add and Arrange from recorded movements, over lots that have them already. Within a
 /// lot every sale and transfer uses up the oldest purchases first, also those of a later date.
 class Layers {
  public:
-  /// The lots must outlive the layers. Another may not change them meanwhile.
+  /// The lots must outlive the layers. Nothing else may change them meanwhile.
   explicit Layers(Lots& lots) : lots_(lots) {}
 
   /// A movement that the lots hold. One without a date, or of a lot that is not there, is passed
@@ -80,7 +80,7 @@ class Layers {
   /// Takes a positive quantity from one lot.
   Taken TakeFromLot(const LotKey& key, Shares quantity);
 
-  /// A sale from shares that the lot does not have yet.
+  /// A sale of shares that the lot does not have yet.
   struct Advance {
     LotId lot;
     std::size_t number = 0;
@@ -146,7 +146,7 @@ class Layers {
     auto Order() const { return std::tuple(date, kind, document, line); }
   };
 
-  static constexpr std::uint32_t kNoLayer = 0xFFFFFFFF;  ///< from beyond the known purchases
+  static constexpr std::uint32_t kNoLayer = 0xFFFFFFFF;  ///< shares that belong to no purchase
   static constexpr std::uint32_t kAhead = 0xFFFFFFFE;    ///< by the last advance
 
   const records::Lot* LotOf(const records::Movement& movement) const;

@@ -79,8 +79,8 @@ class Lots {
   /// Changes the quantity of the lot of that number; an unknown one changes nothing.
   void AdjustLotQty(Posting posting, LotId id, Shares quantity);
 
-  /// Shares of a lot that the account does not have reach no lot. When in the end more were taken
-  /// from it than given back, they count as a shortage.
+  /// Posts shares of a lot that the account does not have: no lot changes. When in the end more
+  /// were taken than given back, they count as a shortage.
   void PostUnknown(Posting posting, LotId id, ScripId scrip, Shares quantity);
 
   /// Every lot, in the order in which they were loaded or made.
@@ -101,7 +101,7 @@ class Lots {
   }
 
   /// The scrip of the first lot that is below zero and lower than it was; a lot that was too low
-  /// before may come nearer to zero.
+  /// before may rise towards zero.
   std::optional<ScripId> Shortage() const;
 
   /// Writes the lots that are new, which get their numbers, and those whose quantity changed.
@@ -159,8 +159,8 @@ void ClearScratch(Transaction& transaction, const ClientYear& of);
 
 /// Waits until no other program changes lots of the client and year (of all, without `of`) and
 /// keeps others waiting until the transaction ends. Documents are saved together with their lots,
-/// so what the transaction reads from then on is all that there is, and stays so. To be called
-/// before the transaction reads anything: a plain read fixes the instant that all later ones see.
+/// so what the transaction reads from then on is complete and stays so. To be called before the
+/// transaction reads anything: a read without locks fixes the state that all later ones see.
 void LockLots(Transaction& transaction, const std::optional<ClientYear>& of);
 
 }  // namespace quorvane::ledger

@@ -11,7 +11,7 @@ namespace quorvane::ledger {
 
 /// What a rebuild finds wrong with one lot.
 struct LotChange {
-  records::Lot lot;        ///< as it stands in the ledger
+  records::Lot lot;        ///< as it is in the ledger
   Shares quantity;         ///< what opening stock, bills and transfers say
   bool duplicate = false;  ///< a second row of one lot; the rebuild drops it
 };
@@ -28,7 +28,7 @@ StockCheck CheckStock(Connection& connection, const std::optional<ClientYear>& o
 
 /// Sets the quantity of every lot that exists to what CheckStock finds; lots that are missing are
 /// not made. Empties the scratch copy. A bill that another program saves meanwhile is counted or
-/// waits (LockLots), so the caller's transaction must not have read anything plainly before.
+/// waits (LockLots), so the caller's transaction must not have read anything without locks before.
 /// Returns the number of lots changed.
 std::size_t RebuildStock(Transaction& transaction, const std::optional<ClientYear>& of,
                          Progress& progress);

@@ -9,8 +9,8 @@
 
 namespace quorvane::lookups {
 
-/// What a grid column lets the user choose from. The three lists of scrips stand in the same order,
-/// by name from Z to A, with each of the texts that they show.
+/// What a grid column lets the user choose from. The three lists of scrips have the same order, by
+/// name from Z to A; they show names, codes and second codes.
 enum class Choices {
   kParticipants,
   kScripTypes,

@@ -23,11 +23,11 @@ struct ScripFound {
   /// Without regard to capitals, at either exchange.
   bool HasCode(const QString& wanted) const;
 
-  /// By which it is shown: that of the Bombay exchange when it has one.
+  /// The code by which it is shown: that of the Bombay exchange when it has one.
   QString ShownCode() const { return code.isEmpty() ? ncode : code; }
 };
 
-/// The scrips as they are chosen from, read at once. It is a copy of that moment.
+/// All scrips to choose from, read at once. It is a copy of that moment.
 class ScripList {
  public:
   ScripList() = default;

@@ -7,7 +7,7 @@
 namespace quorvane::platform {
 
 /// Opens a file for a whole new content that only this user may read, also where the old one was
-/// open to others; a disk that knows no permissions takes it as it can. Everything that may hold
+/// open to others; a disk without permissions does not keep others out. Everything that may hold
 /// personal data is written through here. Throws std::runtime_error "cannot write PATH: reason".
 void OpenPrivate(QSaveFile& file);
 

@@ -77,8 +77,8 @@ void NoteEndRequests();
 /// Whether such a request came. Long work asks this and then stops.
 bool EndRequested();
 
-/// Calls `act` from the event loop when the request comes, as long as `owner` lives. Once a
-/// program.
+/// Calls `act` from the event loop when the request comes, as long as `owner` lives. To be called
+/// once in a program.
 void OnEndRequest(QObject* owner, const std::function<void()>& act);
 
 }  // namespace quorvane::platform

@@ -8,7 +8,7 @@
 
 namespace quorvane::positions {
 
-/// What happened, in the order in which what happens on one day counts.
+/// The kinds of events, in the order in which events of one day count.
 enum class EventKind : std::uint8_t {
   kOpening,
   kAction,

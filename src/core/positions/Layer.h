@@ -26,7 +26,7 @@ struct Layer {
   Source source = Source::kPurchase;
 };
 
-/// Where shares are: futures and options apart from shares held.
+/// The account and scrip of shares; futures and options are a place of their own.
 struct Place {
   AccountId account;
   ScripId scrip;
@@ -35,7 +35,7 @@ struct Place {
   auto operator<=>(const Place&) const = default;
 };
 
-/// What of a layer left the account, and what was got for it.
+/// How a piece of a layer left the account.
 enum class PieceKind : std::uint8_t {
   kDelivery,     ///< sold by a bill
   kSpeculation,  ///< bought and sold on one day without delivery

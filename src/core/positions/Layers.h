@@ -21,9 +21,9 @@ class Layers {
   /// Puts a layer behind those that entered before or on its day.
   void Add(const OpenLayer& layer);
 
-  /// Takes a quantity, the first that entered first, and tells each part with its share of the
-  /// cost. What was bought without delivery on `day` goes last, or first when the sale is without
-  /// delivery, too. Returns the shares that are not there.
+  /// Takes a quantity, the first that entered first, and calls `take` with each part and its part
+  /// of the cost. What was bought without delivery on `day` is taken last, or first when the sale
+  /// is without delivery, too. Returns how many shares are missing.
   using TakePart = std::function<void(const OpenLayer& part)>;
   Shares Take(Shares quantity, Date day, bool non_delivery, const TakePart& take);
 
@@ -54,7 +54,7 @@ class Layers {
   std::size_t first_left_ = 0;  ///< those before it are used up
 };
 
-/// Shares an amount out over parts of a quantity, so that the parts add up to it.
+/// Divides an amount among the parts of a quantity, so that the parts add up to it.
 class Spread {
  public:
   Spread(Paise whole, Shares quantity) : whole_(whole), quantity_(quantity) {}

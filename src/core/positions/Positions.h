@@ -12,13 +12,13 @@
 namespace quorvane::positions {
 
 /// Everything that was ever recorded, read as one history over all years: what is held, since when
-/// and at what cost, and what came of every sale.
+/// and at what cost, and what every sale brought.
 ///
-/// Within an account shares leave first in, first out by the day on which they entered it, whatever
-/// lot a sale names. Purchases and sales of one day without delivery are matched with each other
-/// first. A transfer takes quantity, cost and day of acquisition along. Corporate actions come
-/// before the trades of their ex-day, and apply to every account that holds the scrip then.
-/// Futures and options stand apart and know no corporate actions.
+/// Within an account shares leave first in, first out by the day on which they entered it, not by
+/// the lot that a sale names. Purchases and sales of one day without delivery are matched with each
+/// other first. A transfer takes quantity, cost and day of acquisition along. Corporate actions
+/// come before the trades of their ex-day, and apply to every account that holds the scrip then.
+/// Futures and options are kept apart and have no corporate actions.
 struct Positions {
   std::vector<Holding> holdings;        ///< by client, account and scrip
   std::vector<Piece> pieces;            ///< by client, account, scrip and day
@@ -35,7 +35,7 @@ struct PositionsQuery {
 };
 
 /// The pure computation; `list` is sorted by it. Holdings and pieces of all clients in the list.
-/// Linear in the number of events, a sort aside.
+/// Linear in the number of events, apart from a sort.
 Positions Compute(EventList& list, Date to = Date::max());
 
 /// Reads with one query a table and computes. Only holdings, pieces and differences of the wanted

@@ -22,8 +22,8 @@ struct SeenIsin {
   std::string isin;
 };
 
-/// The ISINs by which files of both exchanges meet in one scrip. A scrip may have had several, and
-/// two codes may share one.
+/// The ISINs by which the codes of both exchanges are known to be one scrip. A scrip may have had
+/// several, and two codes may share one.
 class Isins {
  public:
   explicit Isins(database::Connection& connection);

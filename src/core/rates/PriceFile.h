@@ -12,8 +12,8 @@
 
 namespace quorvane::rates {
 
-/// By what a file names its scrips: the program's own files by the Bombay exchange's code, the
-/// National exchange's symbol, or both.
+/// Whose file it is and what names its scrips: in the program's own files the Bombay exchange's
+/// code, the National exchange's symbol, or both.
 enum class Exchange { kOwn, kBse, kNse };
 
 /// What a file says of one scrip. Texts are UTF-8; what the file does not say is empty.
@@ -29,8 +29,8 @@ struct PriceRow {
   double rate = 0;               ///< closing price in rupees; 0 when there was none
 };
 
-/// A scrip list or the closing prices of one day, from whichever exchange and year. Each scrip
-/// stands in it once.
+/// A scrip list or the closing prices of one day, of any exchange and year. Each scrip is in it
+/// once.
 struct PriceFile {
   Exchange exchange = Exchange::kOwn;
   bool has_names = false;

@@ -34,7 +34,7 @@ struct PriceLayout {
   std::array<std::string_view, kFieldCount> headings;
 };
 
-/// A layout and where its columns stand in a file; -1 for one that is not there.
+/// A layout and where its columns are in a file; -1 for one that is not there.
 struct FoundLayout {
   const PriceLayout* layout = nullptr;
   std::array<int, kFieldCount> columns{};
@@ -48,7 +48,7 @@ struct FoundLayout {
 /// of none.
 std::optional<FoundLayout> LayoutOf(const files::TextRow& headings);
 
-/// For the user who chose another file.
+/// The headings of the known files, for the user who chose another one.
 QString ExpectedHeadings();
 
 }  // namespace quorvane::rates

@@ -37,7 +37,7 @@ class PriceRows {
   std::vector<std::string> errors_;
 };
 
-/// The name of a type that a price file writes as a letter; another text as it stands.
+/// The name of a type that a price file writes as a letter; any other text unchanged.
 std::string TypeNamed(const std::string& text);
 
 }  // namespace quorvane::rates

@@ -40,7 +40,7 @@ struct Action {
   text::Shares old_shares;
   ScripId other;            ///< the scrip that the shares of a merger, demerger or change go to
   double price = 0;         ///< a share: paid or received; of splits, mergers: for a fraction
-  double cost_percent = 0;  ///< of a demerger: the part of the cost that goes along
+  double cost_percent = 0;  ///< of a demerger: the part of the cost that moves to `other`
   QString note;
   bool applied = false;  ///< the holdings have it
 

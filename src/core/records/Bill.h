@@ -27,7 +27,7 @@ struct BillLine {
   BillId bill;
   int number = 0;  ///< from 1 on, in the order of entry
   Side side = Side::kPurchase;
-  LotId lot;  ///< the lot that a sale draws on or that a purchase landed in; below 0: see lot_rate
+  LotId lot;  ///< the lot that a sale draws on or a purchase came into; below 0: see lot_rate
   ScripId scrip;
   text::Shares quantity;
   double rate = 0;         ///< rupees a share

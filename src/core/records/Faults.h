@@ -12,14 +12,14 @@
 
 namespace quorvane::records {
 
-/// A record that cannot count as it is written. What becomes of it is said once, here, and is the
-/// same for the statements, the ledger's rebuild and the check:
+/// A record that cannot count as it is written. What is done with it is the same in the statements,
+/// the ledger's rebuild and the check:
 enum class FaultKind : std::uint8_t {
   kBillWithoutDate,      ///< in no statement; counts in the ledger
   kTransferWithoutDate,  ///< in no statement; counts in the ledger
   kOpeningWithoutDate,   ///< counts as bought on the day before the year begins
   kLineOfAnotherBill,    ///< its client or year is not its bill's: counts nowhere
-  kTransferToItself,     ///< the account is the sender and nothing else
+  kTransferToItself,     ///< counts as shares that leave the account
   kSaleWithoutLot,       ///< takes its shares from no lot although its account has lots of them
   kPaymentWithoutDate,   ///< a payment or receipt; left out of the broker ledger
   kRecordWithoutYear,    ///< its year cannot be read: counts nowhere

@@ -41,7 +41,7 @@ struct Client : Contact {
 /// A demat account of a client with a depository participant.
 struct Account {
   ClientId client;
-  AccountId id;  ///< none until it is saved; bills and lots point at it, so it stays
+  AccountId id;  ///< none until it is saved; bills and lots name it, so it stays
   ParticipantId participant;
   DpIdId dp_id;  ///< may be none
   QString number;
@@ -53,7 +53,7 @@ enum class Depository : std::uint8_t { kNsdl = 0, kCdsl = 1 };
 struct Participant : Contact {
   ParticipantId id;  ///< none until it is saved
   QString name;
-  QString person;  ///< to speak to
+  QString person;  ///< whom to speak to
   QString designation;
   Depository depository = Depository::kNsdl;
 

@@ -17,7 +17,7 @@ inline void ReadCell(const Recordset& row, std::size_t column, DebitCredit& into
   into = row.Int(column) == 0 ? DebitCredit::kDebit : DebitCredit::kCredit;
 }
 
-/// What a client owed a broker (debit) or had with him (credit) when a year began.
+/// What a client owed a broker (debit) or had with the broker (credit) when a year began.
 struct BrokerOpening {
   ClientId client;
   text::FinancialYear year;
@@ -27,7 +27,7 @@ struct BrokerOpening {
   DebitCredit side = DebitCredit::kDebit;
 };
 
-/// Money paid to a broker or received from one; which of the two, the table says.
+/// Money paid to a broker or received from one; the table tells which.
 struct Payment {
   ClientId client;
   text::FinancialYear year;

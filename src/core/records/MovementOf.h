@@ -13,7 +13,7 @@ namespace quorvane::records {
 /// The opening lot came in on `date`.
 Movement MovementOf(const Opening& opening, text::Date date);
 
-/// What the lines of a bill need of it.
+/// What the movements of a bill's lines need of the bill.
 struct BillHead {
   ClientYear of;
   AccountId account;

@@ -12,8 +12,8 @@
 
 namespace quorvane::records {
 
-/// In the order in which movements of one day count: what a corporate action does comes before the
-/// trades of its ex-day.
+/// The kinds of movements, in the order in which those of one day count: what a corporate action
+/// does comes before the trades of its ex-day.
 enum class MovementKind : std::uint8_t {
   kOpening,
   kActionIn,
@@ -46,7 +46,7 @@ struct Movement {
   int document = 0;     ///< key of the bill, transfer, opening lot or corporate action
   int line = 0;         ///< of the bill or action
   int other = 0;        ///< the broker of a bill, the account at the other end of a transfer
-  LotId lot;            ///< as the record names it: what a sale draws on, a purchase landed in
+  LotId lot;            ///< as the record names it: what a sale draws on, a purchase came into
   text::Shares quantity;
   double rate = 0;  ///< rupees a share: the lot's, but of a sale the rate sold at
 

@@ -45,7 +45,7 @@ class Conditions {
   }
 };
 
-/// Reads records of a table, one query whatever their number:
+/// Reads records of a table, one query for any number:
 ///
 ///     Select<BillLine>(connection).Where(&BillLine::bill, id).OrderBy(&BillLine::number).All()
 ///
@@ -91,7 +91,7 @@ class Select {
     return OrderByText(database::DateOf(ColumnOf(member)));
   }
 
-  /// Locks the rows to the end of the transaction, and the places where rows could come in.
+  /// Locks the rows to the end of the transaction, and the places where rows could be inserted.
   Select& ForUpdate() {
     lock_ = " For Update";
     return *this;

@@ -21,7 +21,7 @@ Column(const char*, Field Record::*) -> Column<Record, Field>;
 ///     static constexpr std::string_view kName = "StkOpBal";
 ///     static constexpr auto kColumns = std::tuple(Column{"CId", &Opening::client}, ...);
 ///
-/// This is the one list of the columns: everything that reads or writes the table goes by it.
+/// This is the one list of the columns: everything that reads or writes the table uses it.
 template <class Record>
 struct Table;
 

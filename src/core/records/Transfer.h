@@ -13,7 +13,7 @@ namespace quorvane::records {
 /// Whose account the shares go to, as stored.
 enum class TransTo : std::uint8_t { kSameClient = 0, kOtherClient = 1 };
 
-/// Shares of one lot that move from an account of the client to another account of theirs or of
+/// Shares of one lot that move from an account of the client to another one of the same or of
 /// another client; the purchase rate goes with them.
 struct Transfer {
   ClientId client;

@@ -27,7 +27,7 @@ enum class Mask : std::uint8_t {
 
 enum class Alignment : std::uint8_t { kLeft, kRight, kCentre };
 
-/// A column of a table. What stands from `choices` on is about entering, which reports leave alone.
+/// A column of a table. The members from `choices` on are for entry; reports do not use them.
 struct Column {
   QString heading = {};
   Mask mask = Mask::kText;
@@ -46,7 +46,7 @@ struct Column {
   bool operator==(const Column&) const = default;
 };
 
-/// What a row is. Only data is ticked, edited and sorted; the others stand out.
+/// What a row is. Only data is ticked, edited and sorted; the others look different.
 enum class RowKind : std::uint8_t {
   kGroup,     ///< the heading of what follows; in a report one text over the whole width
   kData,      ///< a line
@@ -68,14 +68,14 @@ struct Row {
 bool IsNumeric(Mask mask);
 bool HasDecimals(Mask mask);
 
-/// Where the cells of a column stand. A number that only chooses a text stands as a text.
+/// How the cells of a column are aligned. A number that only chooses a text is aligned as a text.
 Alignment AlignmentOf(const Column& column);
 
 /// The same as Qt's views take it, in the middle of the row's height.
 Qt::Alignment ViewAlignment(const Column& column);
 
-/// A number as it is shown; appended as UTF-8, or as a text of its own. A mask of no number writes
-/// it plain.
+/// A number as it is shown; appended as UTF-8, or as a text of its own. A mask that is not of
+/// numbers writes it plain.
 void AppendNumber(std::string& out, double number, Mask mask);
 QString NumberText(double number, Mask mask);
 

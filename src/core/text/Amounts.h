@@ -44,8 +44,8 @@ void AppendNumber(std::string& out, double value);
 /// 15 digits are enough.
 void AppendExact(std::string& out, double value);
 
-/// The number at the start of a text, as a cash register reads it: blanks are passed over, reading
-/// stops at the first character that does not belong to a number, and a text without a number is 0.
+/// The number at the start of a text: blanks are passed over, reading stops at the first character
+/// that does not belong to a number, and a text without a number is 0.
 double Val(QStringView text);
 
 /// Reads a whole text as a plain decimal number ("-12.5"; no blanks, no exponent, no separators, no

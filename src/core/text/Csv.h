@@ -20,7 +20,7 @@ class CsvError : public std::runtime_error {
   std::size_t line_;
 };
 
-/// More fields are in no table's record.
+/// The most fields of a record; no table has so many.
 inline constexpr std::size_t kMostCsvFields = 4'096;
 
 /// Reads comma separated values as RFC 4180 has them: quoted fields with doubled quotes and line

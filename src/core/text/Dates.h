@@ -25,12 +25,12 @@ QString FormatDmy(Date date);
 void AppendDmy(std::string& out, Date date);
 
 /// Completes a typed date to "dd/mm/yyyy": "." counts as "/", one-digit days and months are padded,
-/// a year of fewer than four digits takes the leading digits of `today`'s year and, when that goes
-/// beyond 2029, falls back by centuries. nullopt when the text is no date (the user then sees
+/// a year of fewer than four digits takes the leading digits of `today`'s year and, when that is
+/// beyond 2029, is lowered by centuries. nullopt when the text is no date (the user then sees
 /// "Enter Proper Date.").
 std::optional<QString> CompleteDate(const QString& typed, Date today);
 
-/// True when 29 February of that year is a day.
+/// True when that year has a 29 February.
 bool IsLeapYear(int year);
 
 /// The same day a year later; 29 February becomes 28 February.

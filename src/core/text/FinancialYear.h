@@ -13,7 +13,7 @@ namespace quorvane::text {
 /// An Indian financial year, 1 April to 31 March, written "2011-12".
 class FinancialYear {
  public:
-  /// No year of anything: what a record has before it is filled in.
+  /// No year: what a record has before it is filled in.
   FinancialYear() = default;
   explicit FinancialYear(int first_calendar_year) : first_year_(first_calendar_year) {}
 

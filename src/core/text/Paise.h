@@ -37,7 +37,7 @@ class Paise {
   std::int64_t paise_ = 0;
 };
 
-/// Shares an amount in rupees out over parts of a quantity, one after the other. Up to any part the
+/// Divides an amount in rupees among parts of a quantity, one after the other. Up to any part the
 /// sum is the amount of the shares so far, rounded to paise; the last part gets what is left. So no
 /// part has another sign than the whole and the parts add up to it, also a whole with fractions of
 /// a paisa.

@@ -7,8 +7,8 @@
 namespace quorvane::text {
 
 /// A password as it is stored: a decimal number a character, joined with ",". The mapping is fixed,
-/// reversible and the same for every user and position; it keeps a password from being read in
-/// passing, not from somebody who has the database.
+/// reversible and the same for every user and position; it is no protection against somebody who
+/// can read the database.
 QString EncodePassword(const QString& password);
 
 /// The password again; nullopt for a text that is no such list, the empty one included.

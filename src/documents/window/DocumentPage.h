@@ -19,7 +19,7 @@ struct DocumentPage {
   QSizeF actual;               ///< its size as it is, in device-independent pixels
   int number = 0;              ///< counted from 0
   int count = 0;               ///< of the document's pages
-  QString text = {};           ///< that stands on it, as far as it is known; its start when long
+  QString text = {};           ///< on it, as far as it is known; its start when long
 
   bool IsEmpty() const { return levels.empty(); }
 

@@ -10,7 +10,7 @@ namespace quorvane::documents {
 
 /// Paints a page: fitted into the pane or in its actual size, turned by quarters, on a background
 /// of any colour. In actual size it is scrolled by bars, wheel, arrow keys and dragging. The text
-/// that stands on the page can be copied.
+/// on the page can be copied.
 class DocumentPageView : public QAbstractScrollArea {
   Q_OBJECT
 

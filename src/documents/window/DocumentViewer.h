@@ -18,8 +18,8 @@ class ZENButton;
 namespace quorvane::documents {
 
 /// A pane that shows a picture, a PDF document or a text page by page. Documents are read by a
-/// program of their own: Open returns at once, Opened or Failed follows. Nothing that a document
-/// names is fetched, neither from the network nor from the disk.
+/// separate program: Open returns at once, Opened or Failed follows. Nothing that a document names
+/// is fetched, neither from the network nor from the disk.
 class DocumentViewer : public QWidget {
   Q_OBJECT
 
@@ -32,7 +32,7 @@ class DocumentViewer : public QWidget {
   /// at once.
   void Open(const QString& path);
 
-  /// Shows nothing but the hint; a document on its way is forgotten.
+  /// Shows nothing but the hint; the reading of a document is cancelled.
   void Clear(const QString& hint = {});
 
   bool IsEmpty() const { return Page().IsEmpty(); }
@@ -51,8 +51,8 @@ class DocumentViewer : public QWidget {
   void SetBackgroundColor(const QColor& color);
   QColor BackgroundColor() const { return background_; }
 
-  /// Prints the pages of the printer's range, each as large as the paper allows. Events go on being
-  /// handled meanwhile. Throws std::runtime_error, or Cancellation.
+  /// Prints the pages of the printer's range, each as large as the paper allows. Events are handled
+  /// meanwhile. Throws std::runtime_error, or Cancellation.
   void PrintImage(QPrinter& printer, Progress& progress) const;
 
  Q_SIGNALS:

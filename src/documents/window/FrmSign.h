@@ -18,7 +18,7 @@ struct DocumentDialogs {
   /// The chosen colour; not valid when none was chosen.
   std::function<QColor(QWidget* parent, const QColor& before)> choose_color;
 
-  /// Sets a printer of `pages` pages up (0: they are not counted); false when it was given up.
+  /// Sets a printer of `pages` pages up (0: they are not counted); false when the user cancelled.
   std::function<bool(QWidget* parent, QPrinter& printer, int pages)> set_up_printer;
 };
 

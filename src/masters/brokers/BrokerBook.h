@@ -20,7 +20,7 @@ struct Broker {
   masters::Contact contact;
 };
 
-/// The name, then texts that are too long.
+/// Checks the name, then whether a text is too long.
 MaybeRefusal CheckBroker(const Broker& broker);
 
 /// The brokers in the database. Every save and delete is one transaction; one that is refused, or
@@ -29,12 +29,12 @@ class BrokerBook {
  public:
   explicit BrokerBook(database::Connection& connection);
 
-  /// As they stand in the table: a saved broker comes last.
+  /// In the order of the table: a broker saved later comes later.
   std::vector<Broker> List() const;
 
   std::optional<Broker> Load(BrokerId id) const;
 
-  /// Writes a new broker, or a changed one in place of the old. Hands back its id.
+  /// Writes a new broker, or a changed one in place of the old. Returns its id.
   Result<BrokerId> Save(const Broker& broker);
 
   /// Removes the broker with every bill, opening balance, payment and receipt, and recomputes the

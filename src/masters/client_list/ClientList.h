@@ -21,8 +21,8 @@ bool HasClients(database::Connection& connection);
 /// The target that opens no window.
 inline constexpr char kUpdateStock[] = "UpdateStock";
 
-/// Recomputes the holdings of the client and year in one transaction, and returns what is said
-/// then. Throws DatabaseError or Cancellation, with everything as it was.
+/// Recomputes the holdings of the client and year in one transaction, and returns the message
+/// for the user. Throws DatabaseError or Cancellation, with everything as it was.
 QString UpdateStock(database::Connection& connection, const ClientYear& of, Progress& progress);
 
 }  // namespace quorvane::client_list

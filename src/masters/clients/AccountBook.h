@@ -18,7 +18,7 @@ struct AccountUse {
   bool IsNone() const { return bills + openings + transfers + lots == 0; }
 };
 
-/// One query. A new account is named by none.
+/// One query. No record names a new account.
 AccountUse RecordsNaming(database::Connection& connection, AccountId account);
 
 /// What is asked before an account is removed that records name.
@@ -27,10 +27,10 @@ QString AskRemoveAccount(const AccountUse& use);
 /// The client's accounts by id.
 std::vector<Account> ReadAccounts(database::Connection& connection, ClientId client);
 
-/// Writes the accounts of a client in place of those there were; blank ones are left out. Stored
-/// ones keep their ids. A new one of the same participant and number as one that is removed now, or
-/// was removed while records named it, gets that one's id, so that the records are its own again;
-/// the others get new ids.
+/// Replaces the accounts of a client by these; blank ones are left out. Stored ones keep their ids.
+/// A new one may have the participant and number of an account that is removed now, or that was
+/// removed while records named it: it gets the id of that account, and so its records. Other new
+/// ones get new ids.
 void ReplaceAccounts(database::Transaction& transaction, Client& client);
 
 }  // namespace quorvane::clients

@@ -14,7 +14,7 @@ namespace quorvane::clients {
 
 /// A demat account of a client with a depository participant.
 struct Account {
-  AccountId id;  ///< none until it is saved; bills and lots point at it, so it stays
+  AccountId id;  ///< none until it is saved; bills and lots refer to it, so it never changes
   ParticipantId participant;
   DpIdId dp_id;
   QString number;
@@ -49,12 +49,12 @@ MaybeRefusal CheckValues(const Client& client, const Client& stored);
 /// An empty text, or the mask that older records hold in place of one: "__/__/____".
 bool IsEmptyDate(const QString& date);
 
-/// Whether a row of the accounts' grid is empty and is not to be kept. A row that stands in the
-/// database is kept: records point at it.
+/// Whether a row of the accounts' grid is empty and is not to be kept. A row that is in the
+/// database is kept: records refer to it.
 bool IsBlank(const Account& account);
 
-/// For leaving the box: what is wrong with a permanent account number, and a warning about one that
-/// is accepted nevertheless.
+/// When the box is left: what is wrong with a permanent account number, and a warning about one
+/// that is accepted nevertheless.
 MaybeRefusal CheckPan(const QString& pan);
 QString PanWarning(const QString& pan);
 

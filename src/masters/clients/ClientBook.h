@@ -45,13 +45,13 @@ class ClientBook {
   /// A client with the accounts in the order of their ids.
   std::optional<Client> Load(ClientId id) const;
 
-  /// Checks what the record breaks by itself (Client.h), the code being free after the accounts and
-  /// before the values, and the document last. Writes a new client, or a changed one in place of
-  /// the old, and the accounts in place of those there were. Hands back what was saved: with the
-  /// ids of the client and of new accounts, and without blank accounts.
+  /// Checks the rules of Client.h in their order: entries, then that the code is free, then the
+  /// values; and the document last. Writes a new client, or a changed one in place of the old, and
+  /// replaces its accounts. Returns what was saved: with the ids of the client and of new accounts,
+  /// and without blank accounts.
   ///
-  /// The document is the file `new_document`, whose name the client takes over; without one it is
-  /// the file of that name which the client has; a client that names none loses the one there was.
+  /// The document is the file `new_document`, and the client gets its name. Without a new one the
+  /// client keeps the file that it has under that name; a client without a name loses its file.
   /// A name that the record had before is kept although its file is missing.
   Result<Client> Save(const Client& client, const QString& new_document = {});
 

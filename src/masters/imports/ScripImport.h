@@ -29,12 +29,12 @@ struct ImportCounts {
   bool operator==(const ImportCounts&) const = default;
 };
 
-/// What taking the file in would make of the scrips, a row each in the order of the file. A row
+/// The scrips as they would be after the import, one for each row in the order of the file. A row
 /// belongs to the scrip of its code; one of the National exchange to the scrip of its symbol. Where
-/// there is none, or where that one is known under other ISINs, it belongs to the scrip that was
-/// seen under its ISIN, so that the lists of both exchanges meet in one scrip with both codes; a
-/// second code of the Bombay exchange with one ISIN is a scrip of its own. What the file does not
-/// tell stays as the scrip has it; a new scrip has the type that its series tells, else "EQUITY".
+/// there is none, or where that one has other ISINs, it belongs to the scrip that was seen under
+/// its ISIN, so that a scrip of both exchanges is one scrip with both codes; a second code of the
+/// Bombay exchange with one ISIN is a scrip of its own. What the file does not tell stays as the
+/// scrip has it; a new scrip has the type that its series tells, else "EQUITY".
 std::vector<ImportedScrip> PlanImport(database::Connection& connection,
                                       const rates::PriceFile& file);
 

@@ -29,7 +29,7 @@ class NameKeys {
 };
 
 /// Writes the scrips of an import that are new or changed, and the ISINs under which they were
-/// seen. What was written after the last Finish is not sent. Throws DatabaseError.
+/// seen. Until Finish is called, they may not be in the database. Throws DatabaseError.
 class ScripWriter {
  public:
   explicit ScripWriter(database::Transaction& transaction);

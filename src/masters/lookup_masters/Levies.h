@@ -15,7 +15,7 @@ struct Levy {
 };
 
 /// The dated rates in a comma separated file with the columns kind, from and percent, in the order
-/// of the file. Throws files::TableError for a file that is missing or is none such.
+/// of the file. Throws files::TableError for a file that is missing or has other contents.
 std::vector<Levy> ReadLevies(const QString& path);
 
 /// The rate of a kind in a financial year: where it changed within the year, the one that held on

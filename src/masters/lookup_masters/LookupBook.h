@@ -21,8 +21,8 @@ class LookupBook {
 
   std::optional<LookupRow> Load(int id) const;
 
-  /// Writes a new row, or a changed one in place of the old. Hands back its id. `row` has a
-  /// value a column.
+  /// Writes a new row, or a changed one in place of the old. Returns its id. `row` has a
+  /// value for each column.
   Result<int> Save(const LookupRow& row);
 
   /// Adds those rows that the table lacks by its unique columns, in one transaction; those that

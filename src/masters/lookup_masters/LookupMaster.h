@@ -22,7 +22,7 @@ struct LookupColumn {
   Kind kind = Kind::kText;
   const char* label = "";  ///< "Script Type"
   Field field = Field::kNone;
-  const char* if_empty = "";  ///< what is said when it is missing; empty when it may be missing
+  const char* if_empty = "";  ///< the message when it is missing; empty when it may be missing
 };
 
 /// What the windows of the small lookup tables differ in.
@@ -32,7 +32,7 @@ struct LookupMaster {
   std::string_view table;
   std::span<const LookupColumn> columns;  ///< after the key, in the order of the table
   std::size_t unique_columns = 1;         ///< how many of the first columns no two rows share
-  const char* if_taken = "";              ///< what is said when another row has the same
+  const char* if_taken = "";              ///< the message when another row has the same
   std::string_view order;                 ///< of the list; empty for the order of the table
 };
 
@@ -44,15 +44,15 @@ struct LookupRow {
   std::vector<QString> values;
 };
 
-/// The first rule that a row breaks by itself: missing values in the order of the columns, a number
-/// that is none or is negative counting as missing; then the form of a financial year, then texts
-/// that are too long.
+/// The first rule that a row breaks by itself: missing values in the order of the columns (a
+/// number that cannot be read or is negative counts as missing), then the form of a financial year,
+/// then texts that are too long.
 MaybeRefusal CheckRow(const LookupMaster& master, const LookupRow& row);
 
-/// Two years joined by "-", the second one following the first: "2011-12". For leaving the box.
+/// "2011-12": two years joined by "-", the second following the first. Checked on leaving the box.
 MaybeRefusal CheckFinancialYear(const QString& typed);
 
-/// What a yearly percentage may be of, to choose from.
+/// The charges that a yearly percentage may be for.
 QStringList PercentageKinds();
 
 }  // namespace quorvane::lookup_masters

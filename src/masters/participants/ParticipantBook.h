@@ -15,7 +15,7 @@ namespace quorvane::participants {
 
 /// One of the identities under which a participant keeps accounts.
 struct DpId {
-  DpIdId id;  ///< none until it is saved; clients' accounts point at it, so it stays
+  DpIdId id;  ///< none until it is saved; clients' accounts refer to it, so it never changes
   QString text;
 };
 
@@ -24,7 +24,7 @@ struct Participant {
   ParticipantId id;  ///< none until it is saved
   QString name;
   masters::Contact contact;
-  QString person;  ///< to ask for there
+  QString person;  ///< whom to ask for there
   QString designation;
   int depository = 0;  ///< place in DepositoryItems()
   std::vector<DpId> dp_ids;
@@ -33,7 +33,7 @@ struct Participant {
 /// The list whose places are stored; an item's place never changes.
 QStringList DepositoryItems();
 
-/// The name, then texts that are too long.
+/// Checks the name, then whether a text is too long.
 MaybeRefusal CheckParticipant(const Participant& participant);
 
 /// The participants in the database. Every save and delete is one transaction; one that is refused,
@@ -50,12 +50,12 @@ class ParticipantBook {
   /// By id.
   std::vector<DpId> DpIds(ParticipantId id) const;
 
-  /// Writes a new participant, or a changed one in place of the old, and the DP ids in place of
-  /// those there were. Hands back what was saved: with the ids of the participant and of new DP
+  /// Writes a new participant, or a changed one in place of the old, and replaces its DP
+  /// ids by these. Returns what was saved: with the ids of the participant and of new DP
   /// ids, and without new DP ids that have no text.
   Result<Participant> Save(const Participant& participant);
 
-  /// Removes the participant and its DP ids. Clients' accounts stay and point at nothing.
+  /// Removes the participant and its DP ids. Clients' accounts stay, without a participant.
   void Delete(ParticipantId id);
 
  private:

@@ -26,8 +26,8 @@ struct Scrip {
   std::optional<std::vector<rates::DatedIsin>> isins = {};
 };
 
-/// Code, name, type, class, then texts that are too long, then the ISINs. Whether the code is free
-/// is for the book.
+/// Checks code, name, type and class, then the lengths of texts, then the ISINs. That the code is
+/// free is checked by the book.
 MaybeRefusal CheckScrip(const Scrip& scrip);
 
 /// The scrips in the database. Every save and delete is one transaction; one that is refused, or
@@ -42,13 +42,13 @@ class ScripBook {
   /// With its ISINs.
   std::optional<Scrip> Load(ScripId id) const;
 
-  /// Writes a new scrip, or a changed one in place of the old. Hands back its id.
+  /// Writes a new scrip, or a changed one in place of the old. Returns its id.
   Result<ScripId> Save(const Scrip& scrip);
 
   /// Removes the scrip with its transfers, bill lines, opening stock, lots and rates, and the
-  /// header of every bill that it stood on; lines of other scrips on those bills stay and count
-  /// nowhere: the holdings of every client and year that lost a bill are rebuilt. Throws
-  /// Cancellation when `progress` says so.
+  /// header of every bill that had it; lines of other scrips on those bills stay but no longer
+  /// count: the holdings of every client and year that lost a bill are rebuilt. Throws
+  /// Cancellation when the user stops it.
   void Delete(ScripId id, Progress& progress);
 
  private:

@@ -9,8 +9,8 @@ inline QString BoxName(int number) {
   return QStringLiteral("Text1_%1").arg(number);
 }
 
-/// Where a window holds an address that is in the box of that number: what follows it has the next
-/// numbers, and the state is in "Combo1".
+/// The controls of a contact whose address is in the box of that number: what follows the address
+/// has the next numbers, and the state is in "Combo1".
 inline std::vector<controls::FieldControl> ContactControls(int address) {
   return {{Field::kCity, BoxName(address + 1)},  {Field::kState, QStringLiteral("Combo1")},
           {Field::kPin, BoxName(address + 2)},   {Field::kStdCode, BoxName(address + 3)},

@@ -11,9 +11,9 @@
 
 namespace quorvane::masters {
 
-/// The base of the windows whose records are a name with an address: "Text1_0" the name, "Text1_1"
-/// the address, "Text1_2" the city, "Combo1" the state, "Text1_3" and on what follows it. City, PIN
-/// and STD code complete from the records that are there.
+/// The base of the windows whose records are a name with an address. "Text1_0" is the name,
+/// "Text1_1" the address, "Text1_2" the city, "Combo1" the state; the rest follows from "Text1_3"
+/// on. City, PIN and STD code complete from the stored records.
 class FrmContact : public controls::RecordWindow {
   Q_OBJECT
 

@@ -46,7 +46,7 @@ class GainsChart {
  public:
   explicit GainsChart(const reporting::Period& period);
 
-  /// A gain in paise, by the day of the sale. What lies outside the period is passed over.
+  /// A gain in paise, by the day of the sale. A sale outside the period is passed over.
   void Add(text::Date sale, gains::GainKind kind, std::int64_t paise);
 
   ChartData Take();

@@ -21,7 +21,7 @@ using table::RowKind;
 /// An empty cell, a text, a number or a date.
 using Cell = std::variant<std::monostate, QString, double, text::Date>;
 
-/// Columns of the usual kinds: texts and dates stand left, numbers right.
+/// Columns of the usual kinds: texts and dates are aligned left, numbers right.
 Column TextColumn(const QString& heading);
 Column DateColumn(const QString& heading);
 Column NumberColumn(const QString& heading);
@@ -53,7 +53,7 @@ struct ReportDocument {
   QStringList titles;  ///< centred above everything
   std::vector<Table> tables;
   QStringList notes = {};  ///< lines below everything
-  bool may_lie = true;     ///< pages lie on their side where the columns need the room
+  bool may_lie = true;     ///< pages are landscape where the columns need the width
 };
 
 /// A cell as it is shown in a column; appended as UTF-8, or as a text of its own.
@@ -73,7 +73,7 @@ std::int64_t RowCount(const ReportDocument& document);
 /// heading of a group needs more than its columns, the last of them gets it.
 std::vector<int> LetterWidths(const Table& table);
 
-/// True when tables of these widths are to stand on a page that lies on its side.
+/// True when tables of these widths need landscape pages.
 bool IsWide(const ReportDocument& document, const std::vector<int>& widths);
 
 }  // namespace quorvane::reporting

@@ -9,7 +9,7 @@
 
 namespace quorvane::reporting {
 
-/// What a table's columns want, for type of size 1.
+/// The widths that a table's columns need, for type of size 1.
 struct Widths {
   std::vector<double> widths;    ///< with long texts broken
   std::vector<double> headings;  ///< with the heading in one line

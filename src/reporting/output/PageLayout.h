@@ -16,7 +16,7 @@ struct PageSize {
 
 inline constexpr double kSideMargin = 34;
 inline constexpr double kTopMargin = 34;
-inline constexpr double kBottomMargin = 46;  ///< the page number stands in it
+inline constexpr double kBottomMargin = 46;  ///< the page number is in it
 inline constexpr double kCellGap = 3;        ///< on either side of a cell's text
 inline constexpr double kInset = 7;          ///< before a column that stands apart
 inline constexpr double kTitleSize = 14;
@@ -24,7 +24,7 @@ inline constexpr double kSubtitleSize = 10;
 inline constexpr double kRunningHeadSize = 8;
 inline constexpr double kRunningHeadHeight = 16;
 
-/// Where the columns of a table stand, and how high its parts are.
+/// Where the columns of a table are, and how high its parts are.
 struct TableShape {
   std::vector<double> lefts;  ///< one more than there are columns: the last is the right edge
   double groups_height = 0;   ///< 0 without group headings
@@ -34,7 +34,7 @@ struct TableShape {
 
 enum class ItemKind : std::uint8_t { kTitles, kTableTitles, kHeadings, kRow, kNotes };
 
-/// Something that stands on a page, from top to bottom.
+/// A part of a page; a page has its parts from top to bottom.
 struct Item {
   ItemKind kind = ItemKind::kRow;
   std::uint32_t table = 0;
@@ -44,8 +44,8 @@ struct Item {
 
 using Page = std::vector<Item>;
 
-/// What stands where: decided before the first page is drawn, so that each page can tell how many
-/// there are.
+/// The place of everything: decided before the first page is drawn, so that each page can tell how
+/// many there are.
 struct PageLayout {
   PageSize page;
   double type = 9;  ///< size of the type in the tables, in points
@@ -57,7 +57,7 @@ struct PageLayout {
   double Room() const { return page.width - 2 * kSideMargin; }
 };
 
-/// True for a column of texts after one of numbers, whose contents would else touch.
+/// True for a column of texts after one of numbers, whose contents would otherwise touch.
 bool StandsApart(const Table& table, std::size_t column);
 
 /// Left edge and width of the text in a column, in points.
@@ -68,7 +68,7 @@ double RoomOf(const Table& table, const TableShape& shape, std::size_t column);
 double TextHeight(Typesetter& typesetter, const QString& text, Face face, double size, double room);
 
 /// Chooses page and type size by the contents and gives every column its place: the first half of
-/// laying out, which fills all of the layout but its pages.
+/// LayOut, which fills all of the layout except its pages.
 void FitColumns(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
                 PageLayout& layout);
 

@@ -9,7 +9,7 @@
 namespace quorvane::reporting {
 
 /// Draws the pages of a report that is laid out: titles, headings, rows with their rules, notes,
-/// and what stands in the margins. The order of the pages is the caller's.
+/// and what is in the margins. The caller chooses the order of the pages.
 class PagePainter {
  public:
   PagePainter(const ReportDocument& document, const PageLayout& layout, Typesetter& typesetter,

@@ -23,15 +23,15 @@ class RtfCode {
   /// A line or more of text over the whole width.
   void Paragraph(const char* words, int type, const QString& text);
 
-  /// A row of a table with a cell for each of `ends`, where its right edge lies; `ruled` gives it
-  /// lines above and below. A Cell for each follows, then EndRow.
+  /// A row of a table with a cell for each of `ends`, its right edge; `ruled` gives it lines above
+  /// and below. A Cell for each follows, then EndRow.
   void BeginRow(const std::vector<int>& ends, const char* words, bool ruled);
   void Cell(const char* words, int type, const QString& text);
 
   /// Closes the row.
   void EndRow() { out_ += "\\row\n"; }
 
-  /// Ends the text and hands it out.
+  /// Ends the text and returns it.
   std::string Take();
 
  private:

@@ -32,8 +32,8 @@ class CellFormats {
 /// Throws std::runtime_error for a failure of the library that writes workbooks.
 void CheckBook(lxw_error error);
 
-/// Writes the cells of a sheet; rows and columns are counted from 0. Without a format a text has
-/// none, and an empty one is no cell. Throws std::runtime_error.
+/// Writes the cells of a sheet; rows and columns are counted from 0. Without a format an empty text
+/// makes no cell. Throws std::runtime_error.
 class XlsxCells {
  public:
   explicit XlsxCells(lxw_worksheet* sheet) : sheet_(sheet) {}

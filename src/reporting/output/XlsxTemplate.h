@@ -13,8 +13,8 @@
 
 namespace quorvane::reporting {
 
-/// A line that is written into a template: by which of its pattern rows, and what goes into the
-/// cells named after the pattern. `cells[0]` goes into "Fld1" for the pattern "Fld".
+/// A line to be written into a template: the pattern row by which it is written, and the values of
+/// the cells named after the pattern. `cells[0]` goes into "Fld1" for the pattern "Fld".
 struct TemplateLine {
   QString pattern;
   std::vector<Cell> cells;
@@ -28,9 +28,9 @@ struct TemplateLine {
 ///     book.Repeat({"Fld", "Tot"}, {{"Fld", {1.0, QString("TATA STEEL")}}, {"Tot",
 ///     {Cell(), 1.0}}}); book.Save(target, progress);
 ///
-/// Spreadsheet programs take "Fld1" for a place and want "_Fld1"; here both mean the same. Values
-/// take the style of the cell that they stand in; numbers are numbers, and dates too where
-/// the style is one for dates. Every failure is a std::runtime_error that names the template.
+/// Spreadsheet programs take "Fld1" for the place of a cell and want "_Fld1"; here both mean the
+/// same. Values take the style of the cell that they are in; numbers are numbers, and dates too
+/// where the style is one for dates. Every failure is a std::runtime_error that names the template.
 class XlsxTemplate {
  public:
   /// Throws when there is no such file or it is no workbook.
@@ -43,8 +43,8 @@ class XlsxTemplate {
   void Set(const QString& name, const Cell& value);
 
   /// Writes the lines into the rows of the patterns: the rows from the first to the last pattern
-  /// row give way to one row a line, each in the height, the styles and the merged cells of its
-  /// pattern; what stands below moves, with names, areas, pictures and formulas. A pattern that the
+  /// row are replaced by one row a line, each in the height, the styles and the merged cells of its
+  /// pattern; what is below moves, with names, areas, pictures and formulas. A pattern that the
   /// template does not have is written as the first one, which it must have. A value whose cell has
   /// no name is an error, an empty one is not. Once a sheet.
   void Repeat(const QStringList& patterns, const std::vector<TemplateLine>& lines,

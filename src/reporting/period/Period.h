@@ -24,8 +24,8 @@ struct Period {
 /// Date.", "Enter To Date.", "Enter Proper Date.", "From Date Can't be Greater than To Date."
 Result<Period> ReadPeriod(const QString& from, const QString& to);
 
-/// Refuses days outside the financial year whose documents a report reads: they would stand in its
-/// heading, and their documents not in it.
+/// Refuses days outside the financial year whose documents a report reads: the report's heading
+/// would name them, but their documents would be missing.
 MaybeRefusal RefuseOutside(const Period& period, text::FinancialYear year);
 
 /// "Period - From 01/04/2011 To 31/03/2012".
@@ -38,7 +38,7 @@ const QStringList& MonthNames();
 /// another text.
 int MonthNumber(const QString& name);
 
-/// The first to the last day of a month of the financial year: April to December lie in its first
+/// The first to the last day of a month of the financial year: April to December are in its first
 /// calendar year, January to March in its second. Refused for a number that is no month's: "Month
 /// is not between in Financial year Period.Pls Fill Correct".
 Result<Period> MonthPeriod(text::FinancialYear year, int month_number);

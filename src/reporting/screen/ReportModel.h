@@ -28,10 +28,10 @@ class ReportModel : public QAbstractTableModel {
 
   Line LineAt(int row) const { return lines_[static_cast<std::size_t>(row)].line; }
 
-  /// Headings over neighbouring columns; empty without.
+  /// Headings over neighbouring columns; empty when there are none.
   std::vector<ColumnGroup> Groups() const;
 
-  /// The row with its cells parted by tabs, for the clipboard.
+  /// The row with its cells separated by tabs, for the clipboard.
   QString RowText(int row) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;

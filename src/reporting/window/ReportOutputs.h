@@ -36,7 +36,7 @@ class ReportOutputs : public QObject {
     virtual void WriteWord(const ReportDocument& document) = 0;
   };
 
-  /// The menu's shortcuts hold in `window`, which is also what progress and questions stand over.
+  /// The menu's shortcuts hold in `window`, over which progress and questions are shown, too.
   ReportOutputs(ReportDesk& desk, const controls::Guard& guard, Source& source, QWidget* window);
 
   QMenu& Menu() { return *mnuReport; }
@@ -44,7 +44,7 @@ class ReportOutputs : public QObject {
   /// Writes into the folder of reports and opens the file with the desktop's own program.
   void WriteAndOpen(const ReportDocument& document, OutputFormat format);
 
-  /// Opens a written file with the desktop's own program, or tells where it lies.
+  /// Opens a written file with the desktop's own program, or tells where it is.
   void Open(const QString& path);
 
   void mnupreview_Click();

@@ -49,7 +49,7 @@ class ReportWindow : public controls::ChildWindow, private ReportOutputs::Source
   ReportDesk& TheDesk() const { return desk_; }
 
   /// The client and year that were current when the window opened: what its title names is what it
-  /// reports, whatever is chosen elsewhere later.
+  /// reports, also after another choice elsewhere.
   const std::optional<ClientYear>& Current() const { return current_; }
 
   /// The name of that client, as it was then.
@@ -124,8 +124,8 @@ class ReportWindow : public controls::ChildWindow, private ReportOutputs::Source
   virtual bool BeforeReport() { return true; }
   virtual void ReportShown(const ReportDocument& document) { static_cast<void>(document); }
 
-  /// What stands in the way of a workbook, such as a template that is not there; checked before
-  /// the report is built.
+  /// Why no workbook can be written, such as a template that is missing; checked before the report
+  /// is built.
   virtual MaybeRefusal CheckWorkbook() { return std::nullopt; }
 
   /// Writes the workbook; the place to fill a template instead.

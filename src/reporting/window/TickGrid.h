@@ -15,7 +15,7 @@ class TickGrid : public controls::Grid {
   Q_OBJECT
 
  public:
-  /// `name` and `purpose` as for Grid; `columns` stand behind the ticks, the first one names a row.
+  /// `name` and `purpose` as for Grid; `columns` follow the ticks, the first one names a row.
   TickGrid(const QString& name, const QString& purpose, std::vector<controls::Column> columns);
 
   /// Replaces the rows, for a grid of one column; all of them are ticked, or none.

@@ -48,7 +48,7 @@ struct BrokerLedger {
 /// The brokers' accounts, by name. An account begins with the balance of its first day: the opening
 /// balance of the year and everything that was recorded before the period, in one line; a balance
 /// of 0 has no line. Then bills, payments and receipts by date, on one day in that order. A broker
-/// without any line is left out. One query a table, whatever the number of brokers. Throws
+/// without any line is left out. One query a table for any number of brokers. Throws
 /// DatabaseError and Cancellation.
 BrokerLedger ReadBrokerLedger(database::Connection& connection, const LedgerQuery& query,
                               Progress& progress);

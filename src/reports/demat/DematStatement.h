@@ -58,22 +58,22 @@ struct ScripMovements {
   std::vector<DematLine> lines;  ///< never empty
 };
 
-/// Hands out the movements of each client that has any, clients by code; in each the accounts by
+/// Calls `give` with the movements of each client that has any, by code; in each the accounts by
 /// number, in each the scrips by name. Lines are in the order of their dates; of one date opening
 /// stock comes first, then bills by key, then transfers by key. A bill is one line a scrip.
-/// Transfers count whichever client they were entered for.
+/// Transfers count for both clients, whichever they were entered for.
 ///
 /// Opening stock is listed by its purchase dates. When the period begins after the year does, the
 /// opening stock and all movements before the period are one line dated with its first day; where
 /// nothing is left of them there is none.
 ///
-/// One query a table, whatever the number of clients. The span lasts as long as the call. Returns
+/// One query a table for any number of clients. The span lasts as long as the call. Returns
 /// the records that could not count as they are written. Throws DatabaseError and Cancellation.
 [[nodiscard]] records::Faults BuildDematStatement(
     database::Connection& connection, const DematQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const ScripMovements>)>& give);
 
-/// One client's "Demat A/c Statement" as a document, from what BuildDematStatement hands out: a
+/// One client's "Demat A/c Statement" as a document, from what BuildDematStatement gives: a
 /// table an account, the scrips one after the other, each closed by its totals.
 reporting::ReportDocument MakeDematDocument(const DematQuery& query, ClientId client,
                                             std::span<const ScripMovements> scrips,

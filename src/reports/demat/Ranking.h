@@ -7,8 +7,8 @@
 
 namespace quorvane::demat {
 
-/// Keys of a master in its order. Keys that records name and no master knows follow, in the order
-/// of their values; 0, a record without one, comes last.
+/// Keys of a master in its order. Keys in records that the master does not have follow, in the
+/// order of their values; 0, a record without one, comes last.
 class Ranking {
  public:
   void Add(int id) {

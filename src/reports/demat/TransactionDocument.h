@@ -14,12 +14,12 @@ namespace quorvane::demat {
 /// "TRANSACTION REPORT" or "EQUITY TRANSACTION REPORT".
 QString TransactionTitle(TransactionLayout layout);
 
-/// "Demat A/c No. 1001, 1002": the accounts of the query, of the client's section by itself, or of
-/// all accounts.
+/// "Demat A/c No. 1001, 1002": the accounts of the query; "All Demat A/c" when the query names
+/// none.
 QString AccountsLine(const TransactionQuery& query, const lookups::Directory& directory);
 QString AccountLine(AccountId account, const lookups::Directory& directory);
 
-/// One client's report as a document, from what BuildTransactions hands out: a table a broker, and
+/// One client's report as a document, from what BuildTransactions gives: a table a broker, and
 /// one with the totals of all where there are several; account by account also the grand total.
 reporting::ReportDocument MakeTransactionDocument(const TransactionQuery& query, ClientId client,
                                                   std::span<const TransactionSection> sections,
@@ -41,7 +41,7 @@ void AppendTransactionCsv(std::string& out, std::span<const TransactionSection> 
 /// File name of a layout's template: "TransRpt.xlsx" or "TransRptNew.xlsx".
 QString TransactionTemplate(TransactionLayout layout);
 
-/// Fills the layout's template, which lies in `templates`, with one client's report and writes the
+/// Fills the layout's template, which is in `templates`, with one client's report and writes the
 /// workbook. The template's named cells: `CompId` (the client), `DMat` (the accounts),
 /// `FrmAndToDt` (the period), and the rows `Grp1` (an account, a broker), `Fld1` to `Fld13` (a
 /// line: number, date, bill, settlement, company, buy or sell, quantity, rate, trade value,

@@ -29,7 +29,7 @@ struct TransactionQuery {
   std::vector<AccountId> accounts;  ///< all when empty, bills without an account included
   std::vector<ScripId> scrips;      ///< all when empty
   TransactionLayout layout = TransactionLayout::kSummarized;
-  bool account_wise = false;  ///< each account by itself instead of all together
+  bool account_wise = false;  ///< each account separately instead of all together
 };
 
 /// Sums of money in paise, as they are shown line by line.
@@ -87,10 +87,10 @@ struct TransactionSection {
   TransactionClosing closing;
 };
 
-/// Hands out each client's sections, accounts by number, clients by code; a client without bills in
-/// the period is left out. With scrips chosen, the charges of whole bills are left out: they cannot
-/// be told apart. One query a table. The span lasts as long as the call. Returns the records that
-/// could not count as they are written. Throws DatabaseError and Cancellation.
+/// Calls `give` with each client's sections, accounts by number, clients by code; a client without
+/// bills in the period is left out. With scrips chosen, the charges of whole bills are left out:
+/// they belong to no single scrip. One query a table. The span lasts as long as the call. Returns
+/// the records that could not count as they are written. Throws DatabaseError and Cancellation.
 [[nodiscard]] records::Faults BuildTransactions(
     database::Connection& connection, const TransactionQuery& query, Progress& progress,
     const std::function<void(ClientId, std::span<const TransactionSection>)>& give);

@@ -18,15 +18,15 @@ struct RateQuestions {
   text::Date today;
 };
 
-/// Asks an exchange for the prices of scrips, one after the other, without making anybody wait.
+/// Asks an exchange for the prices of scrips in the background, one after the other.
 class ExchangeRates {
  public:
-  /// Of the scrip in its turn: the rate in rupees, 0 when nothing was found.
+  /// Called for each scrip with its rate in rupees, 0 when nothing was found.
   using Answer = std::function<void(ScripId scrip, double rate)>;
 
   explicit ExchangeRates(app::Folders folders) : folders_(std::move(folders)) {}
 
-  /// Begins with the first scrip; what was under way is given up. `done` follows the last answer;
+  /// Begins with the first scrip; questions before are dropped. `done` follows the last answer;
   /// neither is called after Stop, or when this object is gone.
   void Ask(RateQuestions questions, Answer answer, std::function<void()> done);
   void Stop();

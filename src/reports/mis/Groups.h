@@ -34,7 +34,7 @@ std::vector<Place> OrderBy(const std::vector<Level>& levels, const std::vector<H
 /// What the groups of a management report are called.
 class GroupHeadings {
  public:
-  /// `levels` are the report's; all that is given outlives this.
+  /// `levels` are the report's; all arguments must outlive this object.
   GroupHeadings(const ReportForm& form, const std::vector<Holding>& holdings, const Names& names,
                 const std::vector<Level>& levels);
 

@@ -75,12 +75,12 @@ struct HoldingsRead {
 
 /// The holdings of the query's clients, accounts and scrips over `period`, those without any
 /// movement or stock left out: by client code, scrip name and account number. One query a table,
-/// whatever the number of clients. Throws as gains::History does.
+/// for any number of clients. Throws as gains::History does.
 HoldingsRead ReadHoldings(database::Connection& connection, const MisQuery& query,
                           const reporting::Period& period, Progress& progress);
 
-/// The holding of one place out of what came in and left there, both in date order; `purchases` are
-/// used up.
+/// Makes the holding of one place from what came in and what left, both in date order. Changes
+/// `purchases`: matching uses them up.
 Holding MakeHolding(std::span<gains::Purchase> purchases, std::span<const gains::Sale> sales,
                     const reporting::Period& period);
 

@@ -57,7 +57,7 @@ struct MisQuery {
   }
 };
 
-/// The clients, accounts and scrips of a query, quick to ask.
+/// The clients, accounts and scrips of a query, for fast look-up.
 class Selection {
  public:
   explicit Selection(const MisQuery& query)
@@ -69,7 +69,7 @@ class Selection {
     return Holds(clients_, client) && Holds(accounts_, account) && Holds(scrips_, scrip);
   }
 
-  /// The client when it is a single one: what others did need not be read then.
+  /// The client when there is only one: records of others need not be read then.
   std::optional<ClientId> OnlyClient() const {
     return clients_.size() == 1 ? std::optional(*clients_.begin()) : std::nullopt;
   }

@@ -9,14 +9,14 @@
 
 namespace quorvane::mis {
 
-/// The names that reports are grouped by: a copy of that moment.
+/// The names that reports are grouped by, copied when this is made.
 class Names {
  public:
   explicit Names(database::Connection& connection);
 
   QString Scrip(ScripId id) const;
   QString Account(AccountId id) const;  ///< its number
-  QString Client(ClientId id) const;    ///< its name, the code in brackets
+  QString Client(ClientId id) const;    ///< its name, with the code in brackets
   QString GroupOf(ClientId id) const;   ///< as kept; empty without one
   const lookups::Directory& Directory() const { return directory_; }
 

@@ -12,10 +12,10 @@
 
 namespace quorvane::mis {
 
-/// The newest rate of each scrip up to some day, with the day that it is of.
+/// The newest rate of each scrip up to some day, with its day.
 using MarketRates = std::unordered_map<ScripId, rates::DatedRate>;
 
-/// What a column's figures are, and so how they add up.
+/// What a column's figures are. It decides how they add up.
 enum class Nature : std::uint8_t {
   kShares,   ///< add up within one scrip only, and where every line counts
   kMoney,    ///< whole paise; always add up
@@ -44,14 +44,14 @@ class ReportForm {
 
   const std::vector<FigureColumn>& Columns() const { return columns_; }
 
-  /// False for a holding of which the report has nothing to tell.
+  /// False for a holding that the report does not show.
   virtual bool Shows(const Holding& holding) const = 0;
 
   /// What the holding adds to a line or a total.
   virtual Figures Of(const Holding& holding) const = 0;
 
   /// The holding's own lines, of which a detailed report is made. The figures of a column of shares
-  /// or money add up to those of Of, except a balance, which runs on from line to line, and money
+  /// or money add up to those of Of, except a balance, which is the one after each line, and money
   /// that is only known for the whole.
   virtual std::vector<FigureLine> Detail(const Holding& holding) const = 0;
 
@@ -64,7 +64,7 @@ class ReportForm {
     return true;
   }
 
-  /// What stands behind the scrip's name: " [Rate of 28/03/2012]".
+  /// What follows the scrip's name: " [Rate of 28/03/2012]".
   virtual QString Mark(ScripId scrip) const {
     static_cast<void>(scrip);
     return {};

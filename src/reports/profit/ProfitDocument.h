@@ -18,7 +18,7 @@ enum class StatementMode : std::uint8_t { kProfit, kCapitalGain };
 /// Detail lists purchases beside sales, account by account; summary has a line a sale.
 enum class Layout : std::uint8_t { kDetail, kSummary };
 
-/// The choices that decide what the statement lists and costs, as a user reads them; empty when
+/// The choices that decide what the statement lists and at what cost, as users see them; empty when
 /// everything is listed, lot by lot and without charges.
 QStringList ChoicesOf(const ProfitQuery& query);
 

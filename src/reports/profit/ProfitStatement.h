@@ -61,7 +61,7 @@ struct StatementRow {
   std::int64_t speculation = 0;
   std::int64_t stt_paid = 0;
 
-  /// True for a line with a purchase side; for one with a sale's or transfer's side.
+  /// True for a line with a purchase side; HasSale for one with the side of a sale or transfer.
   bool HasPurchase() const {
     return kind == LineKind::kMatch || kind == LineKind::kUnsold ||
            (kind == LineKind::kTransfer && quantity != 0);
@@ -71,7 +71,7 @@ struct StatementRow {
   }
 };
 
-/// Computes the statement and hands out each client's rows in one piece, clients by code: scrips by
+/// Computes the statement and calls `give` once with each client's rows, clients by code: scrips by
 /// name, in each the accounts by number, in each the sales by date and then what is left unsold by
 /// purchase date; after each scrip its total, at the end the net total. A client without any row
 /// is left out. Every total is the sum of the rows that it closes, to the paisa. The span lasts as

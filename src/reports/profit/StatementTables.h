@@ -26,7 +26,7 @@ class DetailTable {
   const lookups::Directory& directory_;
   Table table_;
   ScripId scrip_;
-  std::optional<AccountId> account_;  ///< whose heading stands above; none at a scrip's start
+  std::optional<AccountId> account_;  ///< whose heading is above; none at a scrip's start
 };
 
 /// One line a sale or transfer; what is left does not appear.

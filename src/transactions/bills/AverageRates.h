@@ -12,14 +12,14 @@ namespace quorvane::bills {
 
 using records::AverageRate;
 
-/// Works the average rates of an account out and keeps them, for every scrip that has a lot: from
+/// Computes and saves the average rates of an account, for every scrip that has a lot: from
 /// the opening balance, then the bill lines by date, bill and line, as `movements` of the account
 /// have them. One transaction, and the same few queries for any number of scrips; nothing is
-/// written when the rates are what they were. Transfers do not count.
+/// written when no rate has changed. Transfers do not count.
 void RebuildAverageRates(database::Connection& connection, const ledger::Place& place,
                          std::span<const records::Movement> movements);
 
-/// The rates as last worked out, by scrip id.
+/// The rates as last saved, by scrip id.
 std::vector<AverageRate> ReadAverageRates(database::Connection& connection,
                                           const ledger::Place& place);
 

@@ -23,7 +23,7 @@ class BillBook {
  public:
   BillBook(database::Connection& connection, const ClientYear& of);
 
-  /// The bills without their lines, by date and then in the order of their numbers as keys.
+  /// The bills without their lines, by date and then by key.
   std::vector<Bill> List() const;
 
   /// A bill with its lines in the order of entry.
@@ -33,13 +33,13 @@ class BillBook {
   bool HasTwin(const Bill& bill) const;
 
   /// Writes a new bill, or a changed one in place of the old, and posts its lines to the ledger.
-  /// What stood on the scratch table for the client is gone afterwards. Hands back what was saved:
+  /// The client's part of the scratch table is empty afterwards. Returns what was saved:
   /// with the keys of the bill, its lines and their lots. Refused when a check fails, when the
   /// client or a newly chosen account, broker, exchange or scrip was deleted meanwhile, or when a
   /// lot would be lowered below zero, because its shares were sold or transferred meanwhile.
   Result<Bill> Save(const Bill& bill);
 
-  /// Takes a bill back. Refused when shares that it brought were sold or transferred.
+  /// Deletes a bill and its posting. Refused when shares that it brought were sold or transferred.
   MaybeRefusal Delete(BillId id);
 
  private:

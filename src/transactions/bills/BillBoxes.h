@@ -44,7 +44,7 @@ class BillBoxes {
   void Type(BillBox box, const QString& text);
 
   /// Shows a number in the form of its box. The box shows two decimals; the number behind it stays
-  /// what it is until something else stands in the box, so that a lot's rate of 33.333333 survives
+  /// what it is until the text of the box changes, so that a lot's rate of 33.333333 survives
   /// a change of the quantity. A net rate of 0 is shown as an empty box.
   void Show(BillBox box, double number);
 
@@ -65,11 +65,11 @@ class BillBoxes {
 /// What leaving a box does: the box is brought into its form (a quantity and the line's amounts
 /// lose their sign, a quantity keeps six decimals at most, amounts get two), and leaving one of the
 /// line's boxes up to the service tax recomputes net rate and amount. A net rate of 0 is shown as
-/// an empty box. The bill's totals are the caller's to recompute after the charges and STT of the
-/// bill.
+/// an empty box. The caller recomputes the bill's totals when a charge or the STT of the bill was
+/// left.
 void LeaveBox(BillBox box, Side side, BillBoxes& boxes);
 
-/// Net rate and amount from rate, brokerage and quantity; also for use when the side changes.
+/// Net rate and amount from rate, brokerage and quantity; also called when the side changes.
 void RecomputeLine(Side side, BillBoxes& boxes);
 
 }  // namespace quorvane::bills

@@ -12,10 +12,10 @@ namespace quorvane::bills {
 using records::Bill;
 using records::BillLine;
 
-/// The bill of the window: one that is looked at, or one that is entered or changed, with the lots
-/// of its account as its lines leave them. The records and the ledger change when it is saved, not
+/// The bill of the window: one that is shown, or one that is entered or changed, with the lots of
+/// its account as they are after its lines. The records and the ledger change when it is saved, not
 /// before. A command that is refused or throws leaves bill and lots as they were. Commands and
-/// questions about lots are for an entry that is open.
+/// questions about lots need an open entry.
 class BillEntry {
  public:
   /// The place of a line that another one replaces; none for a new one.
@@ -23,7 +23,7 @@ class BillEntry {
 
   BillEntry(database::Connection& connection, const ClientYear& of);
 
-  /// Looks at a bill. Ends an entry that is open, without the work of Cancel.
+  /// Shows a bill. Ends an open entry; unlike Cancel, it leaves the scratch table as it is.
   void Show(const Bill& bill);
 
   /// Starts to enter a bill: an empty one, or a saved one that is to be changed.
@@ -44,11 +44,11 @@ class BillEntry {
   /// Reads the account's lots from the ledger again and posts the lines to them.
   MaybeRefusal Refresh();
 
-  /// The account's lots as the lines leave them, smallest quantity first.
+  /// The account's lots after the lines, smallest quantity first.
   std::vector<HeldLot> Balance() const { return lots_->Balance(bill_); }
   const std::vector<records::Movement>& Movements() const { return lots_->Movements(); }
 
-  /// The quantity of a sale against all lots of its scrip.
+  /// Checks the quantity of a sale against all lots of its scrip.
   MaybeRefusal CheckQuantity(const BillLine& line, Changed changed) const;
 
   /// The parts of a sale that names no lot, or one that has too few shares: of that lot, then of
@@ -82,7 +82,7 @@ class BillEntry {
   /// Saves the bill and ends its entry.
   MaybeRefusal Save();
 
-  /// Gives the bill up.
+  /// Ends the entry without saving.
   void Cancel();
 
  private:

@@ -47,7 +47,7 @@ struct RateQuestion {
 };
 
 /// Looks for a price in the background and calls `answer` later in the same thread with the rate in
-/// rupees, 0 when nothing was found. A new question takes the place of the one under way.
+/// rupees, 0 when nothing was found. A new question ends the one before.
 using RateSource =
     std::function<void(const RateQuestion& question, std::function<void(double rate)> answer)>;
 

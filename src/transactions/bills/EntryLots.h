@@ -9,20 +9,20 @@ namespace quorvane::bills {
 using records::Bill;
 using records::BillLine;
 
-/// The lots of a bill's account while it is entered: the ledger's as they were read, with the lines
-/// that are recorded taken back and those of the entry posted. They are held in memory and written
-/// to the scratch table as well, which is never read; so no other program can change them.
+/// The lots of a bill's account while it is entered: the ledger's as they were read, with the
+/// recorded lines taken back and those of the entry posted. They are in memory, so no other program
+/// can change them; a copy is written to the scratch table, which is never read.
 class EntryLots {
  public:
   /// Reads the account's lots. `recorded` is the bill as it is recorded, if it is.
   EntryLots(database::Connection& connection, const ledger::Place& place, const Bill& recorded);
 
-  /// Posts the lines in place of those before, and hands them back with their lots. A refusal,
+  /// Posts the lines in place of those before, and returns them with their lots. A refusal,
   /// with the field, and a DatabaseError leave everything as it was.
   Result<std::vector<BillLine>> Post(std::vector<BillLine> lines, Field field);
 
-  /// The account's lots, smallest quantity first, a line that is replaced taken back. Purchases of
-  /// `bill` are of its day.
+  /// The account's lots, smallest quantity first, without the line that is replaced. Purchases of
+  /// `bill` count from its day.
   std::vector<HeldLot> Balance(const Bill& bill, const BillLine* replaced = nullptr) const;
 
   /// What moved shares of the account, the bill as it is recorded included.
@@ -33,10 +33,10 @@ class EntryLots {
 
   database::Connection* connection_;
   ledger::Place place_;
-  std::vector<BillLine> recorded_;  ///< that the ledger has posted in this account
+  std::vector<BillLine> recorded_;  ///< lines that the ledger has posted in this account
   BillId bill_;
   ledger::Lots stock_;  ///< as the ledger was read
-  ledger::Lots lots_;   ///< as the entry's lines leave them
+  ledger::Lots lots_;   ///< as they are after the entry's lines
   std::vector<records::Movement> movements_;
 };
 

@@ -15,7 +15,7 @@ namespace quorvane::bills {
 
 using records::BillLine;
 
-/// A lot beside a bill.
+/// A lot as it is shown beside a bill.
 struct HeldLot {
   records::Lot lot;
   std::optional<text::Date> since;  ///< the day on which the oldest of its shares came in
@@ -29,13 +29,13 @@ std::vector<records::Movement> ReadAccount(database::Connection& connection,
 std::vector<HeldLot> ReadBalance(database::Connection& connection, const ledger::Place& place,
                                  std::span<const records::Movement> movements);
 
-/// Since when lots are held. Of the shares that came into a lot, the oldest leave it first.
+/// From which day lots are held. Of the shares that came into a lot, the oldest leave it first.
 class LotDates {
  public:
   /// Shares came into the lot of that scrip and rate.
   void Receive(ScripId scrip, double rate, text::Date day, text::Shares quantity);
 
-  /// All of them but those of one bill.
+  /// Shares came in by these movements, except those of one bill.
   void Receive(std::span<const records::Movement> movements, BillId without);
 
   /// None for a lot that is used up or whose shares came in on no known day.
@@ -62,7 +62,7 @@ struct Piece {
 std::vector<Piece> TakeOldest(std::vector<HeldLot>& lots, ScripId scrip, LotId chosen,
                               text::Shares quantity);
 
-/// A line for each piece of a sale. Brokerage is by the share; service tax and STT are shared out.
+/// A line for each piece of a sale. Brokerage stays as it is; service tax and STT are shared out.
 std::vector<BillLine> SpreadOver(const BillLine& sale, std::span<const Piece> pieces);
 
 }  // namespace quorvane::bills

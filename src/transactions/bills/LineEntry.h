@@ -21,10 +21,10 @@ using records::Side;
 class LineEntry {
  public:
   /// Empties everything but the side, the delivery type with its percentages and the F&O mark: the
-  /// next line of a contract note is mostly of the same kind.
+  /// next line of a bill is mostly of the same kind.
   void Clear();
 
-  /// Puts a line of the bill here to be changed, with the percentages of its delivery type. A
+  /// Takes a line of the bill to be changed, with the percentages of its delivery type. A
   /// charge that is what they give counts as proposed, another one as typed.
   void Show(const BillLine& line, const records::ChargePercents& percents);
 
@@ -65,7 +65,7 @@ class LineEntry {
   /// Proposes a rate in rupees; false when the user has typed one.
   bool OfferRate(double rate);
 
-  /// True when there is nothing that could be lost: neither a scrip nor a number was entered.
+  /// True when neither a scrip nor a number was entered.
   bool IsEmpty() const;
 
   /// The line as the boxes have it; a purchase when no side was chosen.

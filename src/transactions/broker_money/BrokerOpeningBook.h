@@ -19,7 +19,7 @@ using LedgerSide = records::DebitCredit;
 /// The sides as a grid shows them.
 inline constexpr char kSideChoices[] = "#0;Dr|#1;Cr";
 
-/// What stood in a broker's account when a financial year began.
+/// What a client owed a broker, or had with the broker, when a financial year began.
 struct BrokerOpening {
   BrokerOpeningId id;  ///< none until it is saved
   BrokerId broker;
@@ -44,7 +44,7 @@ class BrokerOpeningBook {
   /// The largest amount first; equal ones by id.
   std::vector<BrokerOpening> List() const;
 
-  /// Writes a new balance, or a changed one in place of the old. Hands back its id. Refused when
+  /// Writes a new balance, or a changed one in place of the old. Returns its id. Refused when
   /// a check fails or the broker has another balance in the year.
   Result<BrokerOpeningId> Save(const BrokerOpening& opening);
 
@@ -53,11 +53,11 @@ class BrokerOpeningBook {
   /// Whether the year before has anything that could be carried forward.
   bool HasBalancesToCarryForward() const;
 
-  /// Works out what every broker's account of the year before closed with (its opening balance,
-  /// less bills and payments, and receipts; credit positive) and writes it as this year's opening
-  /// balance, 0 for a broker without any. A balance that stands in the year already, typed or
-  /// carried before, is replaced, so doing it twice changes nothing; but where the year before has
-  /// no record of the broker, it stays. Returns the number of balances written.
+  /// Computes the closing balance of every broker's account of the year before (opening balance
+  /// - bills - payments + receipts; credit positive) and writes it as this year's opening
+  /// balance, 0 for a broker without any. A balance that the year has already, typed or carried
+  /// before, is replaced, so doing it twice changes nothing; it stays where the year before has no
+  /// record of the broker. Returns the number of balances written.
   std::size_t CarryForward();
 
  private:

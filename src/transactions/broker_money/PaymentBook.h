@@ -21,7 +21,7 @@ class PaymentBook {
   /// In the order in which they were recorded.
   std::vector<BrokerPayment> List() const;
 
-  /// Writes a new payment, or a changed one in place of the old. Hands back its id.
+  /// Writes a new payment, or a changed one in place of the old. Returns its id.
   Result<PaymentId> Save(const BrokerPayment& payment);
 
   void Delete(PaymentId id);

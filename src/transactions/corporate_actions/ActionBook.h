@@ -15,9 +15,9 @@ namespace quorvane::corporate_actions {
 using actions::ChosenShares;
 using records::Action;
 
-/// Corporate actions in the database. An action is recorded first, shown with what it makes of
-/// every account, and then applied to the holdings; an applied one is taken back before it is
-/// changed.
+/// Corporate actions in the database. An action is recorded first, shown with what it does to
+/// every account, and then applied to the holdings. An applied one has to be taken back before it
+/// is changed.
 class ActionBook {
  public:
   explicit ActionBook(database::Connection& connection) : connection_(connection) {}
@@ -36,13 +36,13 @@ class ActionBook {
   /// Refused while the action is applied.
   MaybeRefusal Delete(ActionId id);
 
-  /// What a complete action makes of every account that holds the scrip when its ex-day begins. Of
+  /// What a complete action does to every account that holds the scrip when its ex-day begins. Of
   /// an applied action the result is what was applied. Changes nothing.
   Result<std::vector<actions::AccountEffect>> Preview(const Action& action,
                                                       const ChosenShares& chosen,
                                                       Progress& progress) const;
 
-  /// Whether the books still say what an applied action was applied to.
+  /// Whether the records still give the shares that an applied action was applied to.
   bool IsCurrent(const Action& action) const;
 
   /// Applies recorded actions in the order of their ex-days, in one transaction: all or none. One
@@ -56,7 +56,7 @@ class ActionBook {
   Result<std::size_t> RecordAndApply(std::span<const Action> actions, text::Date today,
                                      Progress& progress);
 
-  /// Refused when a later action changed the same shares, or when shares would be lacking.
+  /// Undoes an action. Refused if a later one changed the same shares, or shares would be missing.
   MaybeRefusal TakeBack(ActionId id);
 
  private:

@@ -14,7 +14,7 @@
 
 namespace quorvane::corporate_actions {
 
-/// Whose list a file is: the program's own, or an exchange's.
+/// The kind of a file: the program's own, or the list of an exchange.
 enum class ActionSource : std::uint8_t { kOwn, kNse, kBse };
 
 /// What a file says of one scrip on one day. What it does not say is empty.
@@ -28,12 +28,12 @@ struct ActionRow {
   QString purpose = {};
   QString ex_day = {};      ///< dd/mm/yyyy
   QString record_day = {};  ///< dd/mm/yyyy
-  /// What was understood, with days and without scrips. The program's own row has one action.
+  /// What was understood, with days, without scrips; one action in a row of the program's own file.
   Purpose meaning = {};
-  std::string other_code = {};  ///< of the program's own row
+  std::string other_code = {};  ///< in a row of the program's own file
 };
 
-/// A file of corporate actions. Rows that mean nothing for shares are left out: meetings and the
+/// A file of corporate actions. Rows that do not change shares are left out: meetings and the
 /// like, and series that are no shares.
 struct ActionFile {
   ActionSource source = ActionSource::kOwn;

@@ -10,7 +10,7 @@
 
 namespace quorvane::corporate_actions {
 
-/// What is read from a file; the rest of its columns is passed over.
+/// What is read from a file; its other columns are not read.
 enum ActionField : std::uint8_t {
   kCodeField,
   kSymbolField,
@@ -38,7 +38,7 @@ struct ActionLayout {
   std::array<std::string_view, kFieldCount> headings{};
 };
 
-/// A layout and where its columns stand in a file; -1 for one that is not there.
+/// A layout and where its columns are in a file; -1 for one that is missing.
 struct FoundActionLayout {
   const ActionLayout* layout = nullptr;
   std::array<int, kFieldCount> columns{};
@@ -46,11 +46,11 @@ struct FoundActionLayout {
   const std::string& Cell(const files::TextRow& row, ActionField field) const;
 };
 
-/// The layout whose headings a row has, in any order, capitals or blanks; nullopt when it has those
-/// of none, or others than the program's own file knows.
+/// The layout whose headings a row has, in any order; capitals and blanks do not count. nullopt
+/// when there is none, or when the headings of the program's own file have unknown ones among them.
 std::optional<FoundActionLayout> LayoutOf(const files::TextRow& headings);
 
-/// For the user who chose another file.
+/// What a user is told who chose another file.
 QString ExpectedActionHeadings();
 
 }  // namespace quorvane::corporate_actions

@@ -14,34 +14,34 @@ namespace quorvane::corporate_actions {
 enum class ActionState : std::uint8_t {
   kNew,
   kRecorded,       ///< the database has it
-  kDoubled,        ///< another row says the same, or more
+  kDoubled,        ///< another row tells the same, or more
   kScripMissing,   ///< no scrip has its ISIN or code
   kNotUnderstood,  ///< by its text, or because its terms break a rule
 };
 
-/// What a user calls it.
+/// Its name for the user.
 QString TextOf(ActionState state);
 
-/// An action that lists of corporate actions tell of, or a text there that was not understood.
+/// An action in the lists of corporate actions, or a text there that was not understood.
 struct ListedAction {
   ActionState state = ActionState::kNew;
   ActionSource source = ActionSource::kOwn;
   std::size_t line = 0;         ///< in its file
-  QString code;                 ///< by which the list names the scrip
-  QString name;                 ///< by which the list names the company
+  QString code;                 ///< the scrip's code in the list
+  QString name;                 ///< the company's name in the list
   QString purpose;              ///< as written
   QString scrip_name;           ///< the database's; empty when there is no such scrip
   bool held = false;            ///< somebody holds or held the scrip
-  Action action;                ///< of a text that was not understood its scrip and days alone
+  Action action;                ///< scrip and days alone when the text was not understood
   std::vector<OpenPoint> open;  ///< to be filled before the action can be recorded
   QString remark;               ///< what was not understood, or the rule that is broken
 };
 
 struct ActionList {
-  /// Scrips that somebody holds or held first, those that are not here last; else by name, ex-day
+  /// Scrips that somebody holds or held first, those not in the database last; else by name, ex-day
   /// and the order of the files.
   std::vector<ListedAction> rows;
-  std::size_t left_out = 0;  ///< rows of the files that mean nothing for shares
+  std::size_t left_out = 0;  ///< rows of the files that do not change shares
 };
 
 /// What lists are compared with.

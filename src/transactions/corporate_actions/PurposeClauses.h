@@ -8,7 +8,7 @@
 
 namespace quorvane::corporate_actions {
 
-/// What a part of a purpose text speaks of.
+/// What a part of a purpose text is about.
 enum class Topic : std::uint8_t {
   kSplit,
   kConsolidation,
@@ -17,7 +17,7 @@ enum class Topic : std::uint8_t {
   kBuyBack,
   kDemerger,
   kMerger,
-  kArrangement,  ///< a scheme of which the text does not say what it gives
+  kArrangement,  ///< a scheme whose terms the text does not tell
   kReduction,    ///< of capital
   kNothing,      ///< meetings, interest and the like, which leave shares as they are
   kDividend,
@@ -31,7 +31,7 @@ struct Clause {
 
 struct PurposeClauses {
   std::vector<Clause> clauses;  ///< in the order of the text
-  QStringList unknown;          ///< parts that speak of no known topic
+  QStringList unknown;          ///< parts without a known topic
 };
 
 /// Cuts a purpose text where it joins purposes ("/", "+", "&", ";") and before each word that names

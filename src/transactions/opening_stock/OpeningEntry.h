@@ -21,8 +21,8 @@ inline constexpr std::size_t kOpeningBoxCount = 6;
 
 /// The numbers of an opening lot while they are entered. Boxes show two decimals where a lot may
 /// have more: what is left as it was shown keeps its exact number, so that changing the date of a
-/// lot moves neither its rate, by which sales find it, nor its total. A carried lot keeps its
-/// brokerage.
+/// lot moves neither its rate, by which sales find it, nor its total. A carried forward lot keeps
+/// its brokerage.
 class OpeningEntry {
  public:
   /// A lot without an id is a new one, with empty boxes.

@@ -24,7 +24,7 @@ class OpeningStockBook {
   /// In the order of their ids.
   std::vector<OpeningLot> List() const;
 
-  /// Writes a new lot, or a changed one in place of the old. Hands back its id. Refused when a
+  /// Writes a new lot, or a changed one in place of the old. Returns its id. Refused when a
   /// check fails, when the client or a newly chosen account was deleted meanwhile, or when a lot of
   /// the ledger would be lowered below zero.
   Result<OpeningId> Save(const OpeningLot& lot);
@@ -36,18 +36,18 @@ class OpeningStockBook {
   ClientYear of_;
 };
 
-/// Whether the year before left the client any lots.
+/// Whether the client has lots left of the year before.
 bool HasLotsToCarryForward(database::Connection& connection, const ClientYear& of);
 
-/// Works out what is left of the year before (gains::RemainingLots of the client) and writes it as
+/// Computes what is left of the year before (gains::RemainingLots of the client) and writes it as
 /// opening lots of the year, in one transaction: what another program records in either year
-/// meanwhile is counted or waits. Hands back their number.
+/// meanwhile is counted or waits. Returns their number.
 Result<std::size_t> CarryForward(database::Connection& connection, const ClientYear& of,
                                  Progress& progress);
 
 /// Writes these lots as opening lots of the year, as part of a caller's transaction. Opening rows
-/// that are identical to a carried lot make place for it, so doing it twice leaves one row a lot;
-/// carried lots that are identical to each other all stay.
+/// that are identical to a carried lot are replaced by it, so doing it twice leaves one row a lot.
+/// Carried lots that are identical to each other all stay.
 MaybeRefusal CarryForward(database::Transaction& transaction, const ClientYear& of,
                           std::span<const gains::RemainingLot> lots);
 

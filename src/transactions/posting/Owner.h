@@ -9,19 +9,19 @@
 
 namespace quorvane::posting {
 
-// Refuse a record whose owner, broker or scrip was deleted while its window stood open: no report
-// would find the record, and an export would not hold it. What is found is held to the end of the
+// Refuse a record whose owner, broker or scrip was deleted while its window was open: no report
+// would find the record, and an export would not hold it. What is found is locked to the end of the
 // transaction, so that it is not deleted before the record is written. `field` is what
 // the refusal names.
 
 MaybeRefusal CheckClient(database::Transaction& transaction, ClientId client, Field field);
 
-/// No account is none that could be missing. A record may stay in the account `recorded` that it is
-/// in already, although that was deleted.
+/// A record without an account passes. A record may stay in the account `recorded` that it is in
+/// already, although that was deleted.
 MaybeRefusal CheckAccount(database::Transaction& transaction, ClientId client, AccountId account,
                           AccountId recorded, Field field);
 
-/// No broker is none that could be missing. A record may keep the broker `recorded`, although that
+/// A record without a broker passes. A record may keep the broker `recorded`, although that
 /// was deleted.
 MaybeRefusal CheckBroker(database::Transaction& transaction, BrokerId broker, BrokerId recorded,
                          Field field);
@@ -31,7 +31,7 @@ MaybeRefusal CheckExchange(database::Transaction& transaction, ExchangeId exchan
                            ExchangeId recorded, Field field);
 
 /// All scrips of a record with one query. A record may keep the scrips in `recorded`, although they
-/// were deleted; no scrip is none that could be missing.
+/// were deleted; an empty scrip passes.
 MaybeRefusal CheckScrips(database::Transaction& transaction, std::span<const ScripId> scrips,
                          std::span<const ScripId> recorded, Field field);
 inline MaybeRefusal CheckScrip(database::Transaction& transaction, ScripId scrip, ScripId recorded,

@@ -19,7 +19,7 @@ using text::Shares;
 /// would show the transfer), from-account, to-account (which must be another one), lot, quantity.
 MaybeRefusal CheckTransfer(const Transfer& transfer, text::FinancialYear year);
 
-/// The quantity against the lot's balance.
+/// Refuses a quantity above the lot's balance.
 MaybeRefusal CheckBalance(Shares quantity, Shares balance);
 
 /// What is said when there is no account to transfer to, or no lot to transfer.

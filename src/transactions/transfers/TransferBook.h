@@ -22,12 +22,12 @@ class TransferBook {
   std::vector<Transfer> List() const;
 
   /// Writes a new transfer, or a changed one in place of the old, and moves the shares in the
-  /// ledger. Hands back what was saved: with what it takes from its lot, and its id. Refused when
+  /// ledger. Returns what was saved: with what it takes from its lot, and its id. Refused when
   /// the client or one of the accounts was deleted meanwhile, when the lot has too few shares, or
   /// when a change would leave the old destination's lot below zero because its shares were used.
   Result<Transfer> Save(const Transfer& transfer);
 
-  /// Takes a transfer back. Refused when the shares were used at their destination.
+  /// Deletes a transfer and returns its shares. Refused when they were used at their destination.
   MaybeRefusal Delete(TransferId id);
 
   /// The client's lots as the ledger has them, with `changed` taken back so that it can be entered

@@ -5,8 +5,8 @@
 namespace quorvane::ui {
 
 /// Takes portfolio folders in and writes them, over the main window: asks for the folder, shows the
-/// progress, tells what was done. A folder with errors is taken in not at all; they are listed in a
-/// window of their own. Throws what the work throws, Cancellation included; nothing was changed
+/// progress, tells what was done. Nothing is taken in from a folder with errors; they are listed in
+/// a window. Throws what the work throws, Cancellation included; nothing was changed
 /// then.
 class PortfolioFolders {
  public:

@@ -7,7 +7,7 @@
 
 namespace quorvane::ui {
 
-/// The window of the user guide: a chapter, the way back and forth, and the index.
+/// The window of the user guide: a chapter, buttons to go back and forth, and the index.
 class FrmHelp : public QWidget {
   Q_OBJECT
 
@@ -23,8 +23,8 @@ class FrmHelp : public QWidget {
   GuidePane* guide_;
 };
 
-/// Shows help on windows: one window of the guide beside the main window, and one of its own over
-/// each modal window, which would bar any other.
+/// Shows help on windows: one window of the guide beside the main window, and one over each modal
+/// window, which blocks all others.
 class Help {
  public:
   /// `folder` holds the chapters.

@@ -23,8 +23,8 @@ class MainStatus;
 class StartPage;
 
 /// The main window: menu, button row, clock, index headline, status bar, and the area in which
-/// every other window opens. While there is no client and no window is open, a page tells how to
-/// begin.
+/// every other window opens. While there is no client and no window is open, the start page tells
+/// how to begin.
 class MDIForm1 : public QMainWindow {
   Q_OBJECT
 
@@ -35,8 +35,8 @@ class MDIForm1 : public QMainWindow {
   /// Opens a window by its name inside this one, or brings it to the front when it is open.
   void Open(const QString& name);
 
-  /// Stores the target's name and opens the client list for it; the button row rests while the list
-  /// is in front.
+  /// Stores the target's name and opens the client list for it; the button row is disabled
+  /// while the list is in front.
   void SelectClientFor(const QString& target);
 
  Q_SIGNALS:

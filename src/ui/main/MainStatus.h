@@ -12,8 +12,8 @@ class QStatusBar;
 namespace quorvane::ui {
 
 /// The status bar `TXStatusBar1`: where the data is, and at which place the keyboard is: "Page" in
-/// pages on the screen, "Line" and "Col" in a grid. Panels without a place are not shown. A passing
-/// message covers the folder only for as long as it stands.
+/// pages on the screen, "Line" and "Col" in a grid. Panels without a place are not shown. A
+/// temporary message covers the folder while it is shown.
 class MainStatus : public QObject {
   Q_OBJECT
 

@@ -26,7 +26,7 @@ class OutsideTools : public QObject {
   /// Starts the program unless it runs already. False when it is not installed or does not start.
   bool Start(const QString& name);
 
-  /// Where it is looked for, for the message when it is not there.
+  /// Where the program is looked for; named in the message when it is missing.
   QString PathOf(const QString& name) const;
 
  private:

@@ -20,7 +20,7 @@ class frmLogin : public controls::ChildWindow {
   frmLogin(controls::Desk& desk, Login login);
 
  Q_SIGNALS:
-  /// The user may come in; the window closes.
+  /// The user has logged in; the window closes.
   void Admitted();
 
  private:

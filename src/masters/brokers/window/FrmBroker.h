@@ -8,7 +8,7 @@
 namespace quorvane::brokers {
 
 /// "Broker Details": the brokers through whom bills are made. Deleting one recomputes the holdings
-/// of every client, which can be stopped; everything is as it was then.
+/// of every client. The user can stop that; nothing is changed then.
 class FrmBroker : public masters::FrmContact {
   Q_OBJECT
 
@@ -23,7 +23,7 @@ class FrmBroker : public masters::FrmContact {
   void Remove(int id) override;
   QString DeleteQuestion() const override;
 
-  /// What shows how far a delete is and offers to stop it.
+  /// Shows how far a delete is and lets the user stop it.
   virtual std::unique_ptr<Progress> NewProgress();
 
  private:

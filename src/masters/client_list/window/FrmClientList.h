@@ -10,9 +10,9 @@
 
 namespace quorvane::client_list {
 
-/// The chooser of client and financial year that stands before every window that works on one
-/// client in one year. It opens what was the session's target when it was asked for last, so that
-/// other windows may be opened meanwhile. The keyboard starts in the search, whose Enter proceeds.
+/// Lets the user choose client and financial year before a window that works on one client in one
+/// year. It then opens the target that the session had when the list was last asked for; other
+/// windows may be opened meanwhile. The search has the focus first; Enter there goes on.
 class FrmClientList : public controls::ChildWindow {
   Q_OBJECT
 

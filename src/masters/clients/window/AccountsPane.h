@@ -27,7 +27,7 @@ class AccountsPane : public QWidget {
   /// Every row, blank ones included. An account keeps the id that it was shown with.
   std::vector<Account> Entered() const;
 
-  /// Asks the database again for what there is to choose from.
+  /// Reads the lists of the choices again.
   void RefreshChoices();
 
  protected:

@@ -13,7 +13,7 @@
 namespace quorvane::clients {
 
 /// "Client Master": the clients with their demat accounts and a scanned document each. The list,
-/// the details and the document stand behind a tab each.
+/// the details and the document have a tab each.
 class FrmClientMaster : public controls::RecordWindow {
   Q_OBJECT
 

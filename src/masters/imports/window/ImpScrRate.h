@@ -33,7 +33,7 @@ class ImpScrRate final : public ImpScrWindow {
   void CmdGainLose_Click();
   void VSF_AfterEdit(int row, int column);
 
-  /// Shows the rates of the date in the box; false, with a message, when it is none to take.
+  /// Shows the rates of the date in the box; false, with a message, when it cannot be used.
   bool TakeDate();
   void LoadDate(text::Date date);
   void LoadFile(const QString& path);
@@ -54,7 +54,7 @@ class ImpScrRate final : public ImpScrWindow {
   controls::ComboBox* CboExchange;
   QStackedWidget* grids_;
   controls::Grid* VSF;  ///< scrips
-  controls::Grid* VSU;  ///< rows of the file that belong to none
+  controls::Grid* VSU;  ///< rows of the file that belong to no scrip
 };
 
 }  // namespace quorvane::imports

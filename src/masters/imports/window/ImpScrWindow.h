@@ -12,30 +12,30 @@
 
 namespace quorvane::imports {
 
-/// What the two import windows share: a row of sources on top, what was read to look at, how much
-/// it is, and the buttons to save it or to leave. A download goes on in the background; meanwhile
-/// only it can be cancelled.
+/// What the two import windows share: a row of sources on top, the rows that were read, their
+/// counts, and the buttons to save them or to leave. A download runs in the background; meanwhile
+/// the user can only cancel it.
 class ImpScrWindow : public controls::ChildWindow {
   Q_OBJECT
 
  public:
-  /// Downloads fail after this; tests set less.
+  /// Bounds of a download, beyond which it fails; tests set lower ones.
   void SetLimits(const rates::DownloadLimits& limits) { fetch_->SetLimits(limits); }
 
  protected:
   ImpScrWindow(controls::Desk& desk, const QString& name, const QString& title, QSize designed);
 
-  /// The places for a window's own controls.
+  /// The row for a window's own controls.
   QHBoxLayout* Sources() { return sources_; }
   QVBoxLayout* Middle() { return middle_; }
 
   controls::ZENButton* AddSource(const QString& name, const QString& caption, const QString& tip);
 
-  /// Ends the window with the choice of what is shown, the counts and the buttons.
+  /// Adds the last rows of the window: the choice of what is shown, the counts and the buttons.
   void Finish(const QStringList& choices);
 
-  /// The answer to a fetch, for the handler of that name: ends the wait, tells a failure, or goes
-  /// on with `then`.
+  /// What a fetch calls when it is done, under the name of that handler: ends the wait and tells a
+  /// failure, or calls `then`.
   rates::PriceFetch::Answer Awaited(const QString& handler,
                                     std::function<void(const rates::Fetched&)> then);
   rates::PriceFetch& Fetch() { return *fetch_; }

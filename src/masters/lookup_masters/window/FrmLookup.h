@@ -10,7 +10,7 @@
 namespace quorvane::lookup_masters {
 
 /// The window of a small lookup table: "FrmScriptType", "FrmScriptCls", "FrmExchange", "FrmSttPer"
-/// or "FrmTransPer". The list shows percentages with three decimals, the box all that a value has.
+/// or "FrmTransPer". The list shows percentages with three decimals, the box shows all of them.
 class FrmLookup : public controls::RecordWindow {
   Q_OBJECT
 

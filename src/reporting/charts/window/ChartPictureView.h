@@ -17,7 +17,7 @@ class ChartPictureView : public QChartView {
 
   void SetData(const ChartData& chart_data);
 
-  /// The picture as it is shown, on a white ground whatever the theme, for paper and files.
+  /// The picture as it is shown, on a white ground in every theme, for paper and files.
   QImage Picture(QSize size);
 
  protected:

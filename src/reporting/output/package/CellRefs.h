@@ -32,20 +32,20 @@ struct SheetCell {
 };
 std::optional<SheetCell> ParseSheetCell(std::string_view text);
 
-/// Where a row stands in a reference.
+/// Which part of a reference a row is.
 enum class RefEnd : std::uint8_t { kSingle, kFirst, kLast };
 
 /// The row that takes the place of a row of a reference.
 using RowMap = std::function<int(int row, RefEnd end, bool absolute)>;
 
-/// True for the sheet's name that stands before a reference; empty when there is none.
+/// True for the wanted sheet's name before a reference; empty when there is none.
 using SheetTest = std::function<bool(std::string_view sheet)>;
 
 /// Rewrites the rows of the cell references, ranges ("B4:B9") and ranges of rows ("$5:$6") in a
 /// formula or a list of ranges; all else stays as it is.
 std::string MapReferences(std::string_view formula, const SheetTest& wanted, const RowMap& map);
 
-/// Rows `first` to `last` that were replaced by `count` rows; what stands below has moved.
+/// Rows `first` to `last` that were replaced by `count` rows; what is below has moved.
 struct BlockShift {
   int first = 0;
   int last = 0;

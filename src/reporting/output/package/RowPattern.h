@@ -11,7 +11,7 @@
 namespace quorvane::reporting {
 
 /// A row of a sheet that is written again and again: its height and styles, the cells that take
-/// values, and what else stands in it.
+/// values, and what else is in it.
 class RowPattern {
  public:
   /// `fields` tells which value (counted from 0) goes into which column; `row` may be null for a

@@ -19,7 +19,7 @@ class TemplateSheet {
   const std::string& Name() const { return name_; }
   const std::string& Part() const { return part_; }
 
-  /// True for this sheet's name as it stands in a formula.
+  /// True for this sheet's name as it is written in a formula.
   bool IsNamed(std::string_view name) const;
 
   /// Writes a value, keeping the cell's style.
@@ -29,15 +29,15 @@ class TemplateSheet {
   RowPattern MakePattern(int number, const std::map<int, std::size_t>& fields,
                          const DateStyles& styles) const;
 
-  /// Puts rows in the place of a block of pattern rows and moves what stands below. `pattern_of`
-  /// gives the pattern of each new row and `values_of` its values.
+  /// Puts rows in the place of a block of pattern rows and moves what is below. `pattern_of` gives
+  /// the pattern of each new row and `values_of` its values.
   using PatternOf = std::function<const RowPattern&(std::size_t index)>;
   using ValuesOf = std::function<const std::vector<Cell>&(std::size_t index)>;
   void ReplaceBlock(const BlockShift& shift, const PatternOf& pattern_of,
                     const ValuesOf& values_of);
 
-  /// Changes the rows of references to a sheet in this sheet's formulas, whose old results go.
-  /// False when there is no formula.
+  /// Changes the rows of references to a sheet in this sheet's formulas, whose old results are
+  /// removed. False when there is no formula.
   bool MapFormulas(const TemplateSheet& target, const BlockShift& shift);
 
   std::string Write() const;

@@ -28,8 +28,8 @@ class WorkbookPackage {
   TemplateSheet& Sheet(std::size_t index) { return sheets_[index]; }
   const DateStyles& Styles() const { return styles_; }
 
-  /// To be called once a sheet's block was replaced: moves names, pictures and formulas along. The
-  /// names that `dropped` tells go.
+  /// To be called once a sheet's block was replaced: moves names, pictures and formulas along.
+  /// Names for which `dropped` is true are removed.
   void Shift(std::size_t sheet, const BlockShift& shift,
              const std::function<bool(const std::string& name)>& dropped);
 

@@ -22,7 +22,7 @@ std::string WriteXml(xmlDoc& document);
 /// The content of an element as XML text.
 std::string InnerXml(xmlNode* element);
 
-/// Elements are found by their local name, whatever prefix the writing program gave them.
+/// Elements are found by their local name, with any prefix.
 bool Is(const xmlNode* node, std::string_view name);
 xmlNode* Child(const xmlNode* parent, std::string_view name);
 std::vector<xmlNode*> Children(const xmlNode* parent, std::string_view name);

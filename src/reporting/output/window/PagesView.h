@@ -14,15 +14,15 @@ class PagesView : public QPdfView {
  public:
   explicit PagesView(QWidget* parent = nullptr);
 
-  /// The page at the top of the view, counted from 0, and the way to another.
+  /// The page at the top of the view, counted from 0; GoTo shows another one.
   int CurrentPage() const;
   void GoTo(int page);
 
-  /// The zoom in force, whatever the mode; 1 is the pages' own size.
+  /// The zoom in force, in any mode; 1 is the pages' own size.
   double Zoom() const;
   void SetZoom(double zoom);
 
-  /// Marks a place that was found and brings it into sight; nullopt takes the mark away.
+  /// Marks a place that was found and scrolls to it; nullopt removes the mark.
   void Mark(const std::optional<QPdfLink>& place);
 
  protected:

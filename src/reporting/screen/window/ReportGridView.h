@@ -48,7 +48,7 @@ class ReportGridView : public QTableView {
   /// What is shown while there is no report.
   void SetHint(const QString& hint);
 
-  /// The chosen rows with their cells parted by tabs.
+  /// The chosen rows with their cells separated by tabs.
   QString SelectedText() const;
 
  protected:

@@ -34,7 +34,7 @@ class RatesPane : public QWidget {
 
   bool IsEditing() const { return editing_; }
 
-  /// Gives up what was entered.
+  /// Discards what was entered.
   void Cancel() { cmdCancel_Click(); }
 
   /// The date whose rates are shown.
@@ -99,8 +99,8 @@ class RatesPane : public QWidget {
   std::vector<rates::ListedScrip> scrips_;
   std::unordered_map<ScripId, double> recorded_;  ///< of the date that is shown
   std::vector<rates::SeenIsin> isins_;            ///< of the file that was read in
-  std::size_t fetched_ = 0;                       ///< rates that came of the fetch under way
-  std::size_t asked_ = 0;                         ///< scrips of that fetch whose answer came
+  std::size_t fetched_ = 0;                       ///< rates found by the running fetch
+  std::size_t asked_ = 0;                         ///< scrips of that fetch that were answered
   bool editing_ = false;
   bool filling_ = false;
 };

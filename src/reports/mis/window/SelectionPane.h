@@ -36,9 +36,9 @@ class OptionPairView : public QWidget {
   QButtonGroup* group_;
 };
 
-/// What the management reports are of: the clients of a group or single ones, their demat accounts
+/// What a management report covers: the clients of a group or single ones, their demat accounts
 /// and scrips. The accounts are those of the ticked clients, and so are the scrips unless all are
-/// asked for; ticks taken away stay away while the clients change.
+/// asked for; a tick that was removed stays removed while the clients change.
 class SelectionPane : public QWidget {
   Q_OBJECT
 

@@ -19,12 +19,12 @@ class BillHeaderPane : public QWidget {
   /// The broker's pick list opens over `window`.
   BillHeaderPane(const BillContext& context, QWidget* window);
 
-  /// Reads again what there is to choose from; the choices stay.
+  /// Reads the lists of the choices again; what is chosen stays.
   void ReadChoices();
 
   void Show();
 
-  /// Gives the head to the entry, but for the account: that goes there as soon as it is chosen.
+  /// Gives the head to the entry, without the account, which is given as soon as it is chosen.
   void Take() const;
 
   controls::DateBox* DateBox() const { return date_; }

@@ -12,32 +12,32 @@
 
 namespace quorvane::bills {
 
-/// The boxes of a bill line, laid out, and how they show the line and give it what was typed.
-/// BillLinePane says what they do.
+/// The boxes of a bill line and their layout: shows the line and gives it what was typed.
+/// BillLinePane says what the boxes do.
 class BillLineForm : public QWidget {
   Q_OBJECT
 
  public:
-  /// To the first box that has to be filled in for a new line, or to the quantity.
+  /// Focuses the first box that has to be filled in for a new line, or the quantity.
   void FocusFirst();
   void FocusQuantity();
 
  protected:
   BillLineForm();
 
-  /// Everything of the line; `scrip` is the line's, or nullptr.
+  /// Shows everything of the line; `scrip` is the line's, or nullptr.
   void ShowLine(const LineEntry& line, const ScripFound* scrip);
 
-  /// Parts of it. What is typed and not yet read is lost.
+  /// These show parts of it. What is typed and not yet read is lost.
   void ShowBoxes(const LineEntry& line);
   void ShowScrip(const ScripFound* scrip);
   void ShowLot(const LineEntry& line);
   void ShowSttPercent(const LineEntry& line);
 
-  /// Gives the line what is being typed.
+  /// Gives the line what was typed and is not yet read.
   void ReadInto(LineEntry& line);
 
-  /// What is chosen.
+  /// What the user chose.
   std::optional<Side> ChosenSide() const;
   std::optional<Delivery> ChosenDelivery() const;
 

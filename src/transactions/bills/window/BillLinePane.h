@@ -10,8 +10,8 @@
 
 namespace quorvane::bills {
 
-/// The bill line that is being entered, a new one or one of the bill's that is changed: what its
-/// boxes do when they are left and chosen in.
+/// The bill line that is being entered, a new one or a line of the bill that is changed: what
+/// its boxes do when they are left or a choice is made.
 class BillLinePane : public BillLineForm {
   Q_OBJECT
 
@@ -20,13 +20,13 @@ class BillLinePane : public BillLineForm {
   BillLinePane(BillContext& context, const BillHeaderPane& head, HoldingsPane& holdings,
                RateSource rates);
 
-  /// Reads again what there is to choose from, for all panes; the choices stay.
+  /// Reads the lists of the choices again, for all panes; what is chosen stays.
   void ReadChoices();
 
   /// Forgets what the lines of the last bill were like.
   void Reset();
 
-  /// Starts a new line, or the change of the bill's line at a place.
+  /// Starts a new line; Change starts to change the line of the bill at that place.
   void Add();
   void Change(std::size_t place);
 
@@ -39,10 +39,10 @@ class BillLinePane : public BillLineForm {
   /// The place of the line that is being changed.
   BillEntry::Changed Changed() const;
 
-  /// The line with what is being typed.
+  /// The line, after what was typed and not yet read is read.
   const LineEntry& Entry();
 
-  /// Begins a sale from a lot, however the line was begun; only its scrip on a purchase.
+  /// Takes a lot; a line without a side becomes a sale. A purchase takes only the scrip of the lot.
   void PickLot(const records::Lot& lot);
 
  private:
@@ -76,7 +76,7 @@ class BillLinePane : public BillLineForm {
   bool stt_in_whole_rupees_;
   State state_ = State::kNone;
   std::size_t changed_ = 0;
-  int question_ = 0;  ///< the last rate that was asked for; others come too late
+  int question_ = 0;  ///< number of the last rate that was asked for; answers to others are dropped
 };
 
 }  // namespace quorvane::bills

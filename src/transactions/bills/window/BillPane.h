@@ -19,18 +19,18 @@ namespace quorvane::bills {
 enum class LineCommand : std::uint8_t { kAdd, kModify, kUpdate, kDelete, kCancel };
 
 /// A bill on the screen: its head, the line that is being entered with the buttons for it, the list
-/// of lines beside the holdings of the account, and its foot. It gives to the entry what the user
-/// does with the lines; what a box of the line does is BillLinePane's.
+/// of lines beside the holdings of the account, and its foot. It passes what the user does with the
+/// lines to the entry; BillLinePane handles the boxes of the line.
 class BillPane : public QWidget {
   Q_OBJECT
 
  public:
-  /// Pick lists open over `window`, which the keys are for.
+  /// Pick lists open over `window`, which also gets the keys.
   BillPane(BillContext& context, RateSource rates, QWidget* window);
 
   const BillHeaderPane& Head() const { return *head_; }
 
-  /// Reads again what there is to choose from; the choices stay.
+  /// Reads the lists of the choices again; what is chosen stays.
   void ReadChoices();
 
   /// Empties everything; the entry has an empty bill.
@@ -39,10 +39,10 @@ class BillPane : public QWidget {
   /// Shows the entry's bill and the holdings of its account.
   void Show();
 
-  /// The same for an entry that begins: its first line is like none before.
+  /// The same when an entry begins; its first line takes nothing over from the last bill.
   void Begin();
 
-  /// Head and foot are live while the bill is edited. No line is being entered then.
+  /// Head and foot are enabled while the bill is edited. No line is being entered then.
   void SetEditing(bool editing);
 
   /// Gives the head and the charges to the entry.

@@ -15,7 +15,7 @@ namespace quorvane::bills {
 using records::Bill;
 
 /// "Sale / Purchase": the bills of the client and year that are current when the window opens. The
-/// list stands behind one tab, the bill with its lines and the holdings of its account behind the
+/// list is on one tab, the bill with its lines and the holdings of its account on the
 /// other. While a bill is edited, its lines are added, changed and deleted one by one.
 class FrmSalePurchase : public controls::RecordWindow {
   Q_OBJECT

@@ -29,7 +29,7 @@ class HoldingsPane : public QWidget {
   /// The lots and the average rates of the bill's account.
   void ShowAccount(const QString& account_number);
 
-  /// The lots alone, as the lines of the entry leave them. Used-up ones stand last.
+  /// The lots alone, after the lines of the entry. Used-up ones come last.
   void ShowBalance();
 
   /// The average rates as the records have them.

@@ -7,8 +7,8 @@
 
 namespace quorvane::broker_money {
 
-/// "Broker Opening Balance": what stood in the brokers' accounts when the year began. While the
-/// year has none, the closing balances of the year before are offered on opening.
+/// "Broker Opening Balance": the balances with the brokers when the year began. While the year has
+/// none, the closing balances of the year before are offered on opening.
 class FrmBrOpBal : public controls::RecordWindow {
   Q_OBJECT
 

@@ -41,6 +41,7 @@ QString KindTitle(ActionKind kind) {
 
 std::vector<lookups::Item> KindItems() {
   std::vector<lookups::Item> items;
+  items.reserve(actions::kKinds.size());
   for (const actions::KindName& name : actions::kKinds) {
     items.push_back({static_cast<int>(name.kind), KindTitle(name.kind)});
   }

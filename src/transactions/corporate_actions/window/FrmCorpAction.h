@@ -15,7 +15,7 @@ class QLabel;
 namespace quorvane::corporate_actions {
 
 /// "Corporate Actions": splits, bonus shares, mergers and the rest, of all scrips. Beside list and
-/// details a panel shows what the chosen action makes of every account; there it is applied to the
+/// details a panel shows what the chosen action does to every account; there it is applied to the
 /// holdings and taken back.
 class FrmCorpAction : public controls::RecordWindow {
   Q_OBJECT

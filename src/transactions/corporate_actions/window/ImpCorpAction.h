@@ -13,8 +13,8 @@ class QLabel;
 
 namespace quorvane::corporate_actions {
 
-/// "Corporate Actions from a File": what was understood of the lists of the exchanges, to be looked
-/// through before anything is recorded. Actions without open points are ticked; the others are
+/// "Corporate Actions from a File": shows what was understood of the lists of the exchanges, before
+/// anything is recorded. Actions without open points are ticked; the others are
 /// recorded by hand.
 class ImpCorpAction : public controls::ChildWindow {
   Q_OBJECT

@@ -10,8 +10,8 @@
 
 namespace quorvane::dividends {
 
-/// "Dividends": what the current client received in the year. Those of a corporate action stand
-/// here too, for the tax that was deducted from each.
+/// "Dividends": what the current client received in the year. Those of a corporate action are
+/// listed too, so that the tax deducted from each can be entered.
 class FrmDividend : public controls::RecordWindow {
   Q_OBJECT
 

@@ -37,7 +37,7 @@ class FrmStkOpBalance : public controls::RecordWindow {
   void StateChanged() override;
   void FirstShown() override;
 
-  /// What shows how far a carry forward is and offers to stop it.
+  /// Shows how far a carry forward is and lets the user stop it.
   virtual std::unique_ptr<Progress> NewProgress();
 
  private:
@@ -66,7 +66,7 @@ class FrmStkOpBalance : public controls::RecordWindow {
   OpeningStockBook book_;
   std::vector<OpeningLot> lots_;  ///< as listed
   OpeningEntry entry_;
-  AccountId last_account_;  ///< with which the next lot begins
+  AccountId last_account_;  ///< proposed for the next lot
   std::array<controls::TextBox*, kOpeningBoxCount> Text1{};
   controls::DateBox* date_ = nullptr;  ///< Text1_3
   lookups::ScripList scrips_;

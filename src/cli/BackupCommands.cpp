@@ -49,7 +49,7 @@ MaybeRefusal Restore(Context& context, const RestoreOptions& options) {
   if (!alone) {
     return RefusalOf("the program is open on this application folder; close it first");
   }
-  if (const MaybeRefusal refusal = options.yes ? std::nullopt : Confirm()) {
+  if (MaybeRefusal refusal = options.yes ? std::nullopt : Confirm()) {
     return refusal;
   }
   const auto progress = context.MakeProgress();

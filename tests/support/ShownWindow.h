@@ -153,7 +153,7 @@ class ShownWindow {
     window = new Window(desk_, more...);
     window->show();
     window->activateWindow();
-    if (!QTest::qWaitForWindowActive(window)) {
+    if (!QTest::qWaitForWindowActive(window, kPatience)) {
       throw std::runtime_error("the window does not become active");
     }
     QCoreApplication::processEvents();

@@ -154,6 +154,14 @@ void AmountBox::Leave() {
   }
 }
 
+NumberBox::NumberBox(Sign sign, QWidget* parent) : TextBox(parent) {
+  setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  static const QRegularExpression kTypable(QStringLiteral("[0-9]*\\.?[0-9]*"));
+  static const QRegularExpression kTypableBelowZero(QStringLiteral("-?[0-9]*\\.?[0-9]*"));
+  setValidator(
+      new QRegularExpressionValidator(sign == Sign::kAny ? kTypableBelowZero : kTypable, this));
+}
+
 LinesBox::LinesBox(QWidget* parent) : QPlainTextEdit(parent) {
   setTabChangesFocus(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

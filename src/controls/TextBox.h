@@ -84,6 +84,16 @@ class AmountBox : public TextBox {
   Form form_;
 };
 
+/// A number that keeps the decimals with which it is typed: a quantity, a ratio, a rate.
+class NumberBox : public TextBox {
+  Q_OBJECT
+
+ public:
+  enum class Sign { kPositive, kAny };
+
+  explicit NumberBox(Sign sign = Sign::kPositive, QWidget* parent = nullptr);
+};
+
 /// A text of several lines, such as an address: letters turn to upper case as they are typed, Enter
 /// begins another line and Tab moves to the next control.
 class LinesBox : public QPlainTextEdit {

@@ -9,7 +9,6 @@
 #include "core/text/Tr.h"
 
 #include <QLabel>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -26,14 +25,6 @@ using controls::ZENButton;
 
 enum Day { kExDay, kRecordDay, kAllotment };
 enum AccountColumn { kClient, kAccount, kBefore, kChosen };
-
-TextBox* NumberBox() {
-  auto* box = new TextBox();
-  box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  static const QRegularExpression kTypable(QStringLiteral("[0-9]*\\.?[0-9]*"));
-  box->setValidator(new QRegularExpressionValidator(kTypable, box));
-  return box;
-}
 
 QString KindTitle(ActionKind kind) {
   return Tr("Actions", actions::NameOf(kind).title);
@@ -93,11 +84,11 @@ void FrmCorpAction::BuildFields() {
   };
   add_day(kExDay, tr("E&x-Date"));
   add_day(kRecordDay, tr("&Record Date"));
-  add(New, tr("Ne&w Shares"), NumberBox());
-  add(Old, tr("for Shares &Held"), NumberBox());
+  add(New, tr("Ne&w Shares"), new controls::NumberBox());
+  add(Old, tr("for Shares &Held"), new controls::NumberBox());
   Combo3 = fields->Add(tr("&To Script"), QStringLiteral("Combo3"), new ComboBox(), kWhole);
-  add(Price, tr("Pr&ice per Share"), new controls::AmountBox());
-  add(Percent, tr("Cost Mo&ved (%)"), NumberBox());
+  add(Price, tr("Pr&ice per Share"), new controls::NumberBox());
+  add(Percent, tr("Cost Mo&ved (%)"), new controls::NumberBox());
   add_day(kAllotment, tr("A&llotment Date"));
   fields->NewRow();
   TxtNote = fields->Add(tr("N&ote"), QStringLiteral("TxtNote"), new TextBox(), kWhole);

@@ -5,8 +5,6 @@
 #include "core/lookups/Choices.h"
 #include "core/text/Amounts.h"
 
-#include <QRegularExpressionValidator>
-
 #include <algorithm>
 
 namespace quorvane::dividends {
@@ -15,14 +13,6 @@ namespace {
 using controls::ComboBox;
 using controls::Mask;
 using controls::TextBox;
-
-TextBox* NumberBox() {
-  auto* box = new TextBox();
-  box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  static const QRegularExpression kTypable(QStringLiteral("[0-9]*\\.?[0-9]*"));
-  box->setValidator(new QRegularExpressionValidator(kTypable, box));
-  return box;
-}
 
 }  // namespace
 
@@ -49,8 +39,8 @@ void FrmDividend::BuildFields() {
   Combo1 = fields->Add(tr("&Script Name"), QStringLiteral("Combo1"), new ComboBox(), kTwoColumns);
   Combo2 = fields->Add(tr("D&emat A/c No."), QStringLiteral("Combo2"), new ComboBox());
   date_ = fields->Add(tr("Da&te"), QStringLiteral("Text1_0"), new controls::DateBox());
-  TxtQuantity = fields->Add(tr("&Quantity"), QStringLiteral("Text1_1"), NumberBox());
-  TxtRate = fields->Add(tr("&Rs a Share"), QStringLiteral("Text1_2"), NumberBox());
+  TxtQuantity = fields->Add(tr("&Quantity"), QStringLiteral("Text1_1"), new controls::NumberBox());
+  TxtRate = fields->Add(tr("&Rs a Share"), QStringLiteral("Text1_2"), new controls::NumberBox());
   TxtAmount = fields->Add(tr("Dividend"), QStringLiteral("Text1_4"), new controls::AmountBox());
   TxtTax = fields->Add(tr("Ta&x Deducted"), QStringLiteral("Text1_3"), new controls::AmountBox());
   TxtAmount->setReadOnly(true);

@@ -8,7 +8,6 @@
 
 #include <QCheckBox>
 #include <QHBoxLayout>
-#include <QRegularExpressionValidator>
 #include <QShortcut>
 
 #include <algorithm>
@@ -23,15 +22,6 @@ using controls::TextBox;
 using controls::ZENButton;
 
 constexpr char kFoChoices[] = "#0;No|#1;Yes";
-
-/// For a number that keeps the decimals it was typed with.
-TextBox* NumberBox() {
-  auto* box = new TextBox();
-  box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  static const QRegularExpression kTypable(QStringLiteral("-?[0-9]*\\.?[0-9]*"));
-  box->setValidator(new QRegularExpressionValidator(kTypable, box));
-  return box;
-}
 
 /// For a number that follows from others.
 TextBox* ShownBox() {
@@ -128,12 +118,13 @@ void FrmStkOpBalance::BuildBoxes(controls::FieldLayout& fields) {
     On(control, &TextBox::Left, &FrmStkOpBalance::Text1_Validate, QStringLiteral("Text1_Validate"));
   };
   date_ = new controls::DateBox();
-  add(OpeningBox::kQuantity, tr("Quantity"), NumberBox());
+  add(OpeningBox::kQuantity, tr("Quantity"),
+      new controls::NumberBox(controls::NumberBox::Sign::kAny));
   add(OpeningBox::kRate, tr("Rate"), new AmountBox());
   add(OpeningBox::kTotal, tr("Total"), ShownBox());
   add(OpeningBox::kPurchaseDate, tr("Purc&hase Date"), date_);
   add(OpeningBox::kServiceTax, tr("Ser&vice Tax"), new AmountBox());
-  add(OpeningBox::kStt, tr("STT"), NumberBox());
+  add(OpeningBox::kStt, tr("STT"), new controls::NumberBox(controls::NumberBox::Sign::kAny));
   Watch(date_);
 }
 

@@ -8,7 +8,6 @@
 #include "transactions/transfers/Transfer.h"
 
 #include <QHBoxLayout>
-#include <QRegularExpressionValidator>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -23,14 +22,6 @@ using lookups::Choices;
 
 constexpr int kListScript = 5;
 constexpr char kDestinationChoices[] = "#0;Own Account|#1;Another Client|";
-
-TextBox* QuantityBox() {
-  auto* box = new TextBox();
-  box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  static const QRegularExpression kTypable(QStringLiteral("[0-9]*\\.?[0-9]*"));
-  box->setValidator(new QRegularExpressionValidator(kTypable, box));
-  return box;
-}
 
 /// Shows what the chosen lot says.
 template <class Box>
@@ -84,7 +75,7 @@ void FrmScriptTransfer::BuildFields(controls::FieldLayout& fields) {
   Combo2 = fields.Add(tr("To D&emat A/c"), QStringLiteral("Combo2"), new ComboBox());
   add(Script, tr("Script Name"), Shown(new TextBox()));
   add(Rate, tr("Rate"), Shown(new controls::AmountBox()));
-  add(Quantity, tr("Quantity"), QuantityBox());
+  add(Quantity, tr("Quantity"), new controls::NumberBox());
   Watch(date_);
 }
 

@@ -135,7 +135,7 @@ void frmrestoration::VSF_RowColChange(int) {
 }
 
 MaybeRefusal frmrestoration::Verify() {
-  const MaybeRefusal refusal = VSF->Verify();
+  MaybeRefusal refusal = VSF->Verify();
   VSF_RowColChange(VSF->CurrentRow());
   return refusal;
 }

@@ -79,7 +79,7 @@ MachineKey::MachineKey(QString settings_file) : location_(std::move(settings_fil
 QString MachineKey::AdminPass() const {
   QSettings settings(location_, kFormat);
   ThrowIfFailed(settings, "reading");
-  const QString stored = settings.value(kAdminPass).toString();
+  QString stored = settings.value(kAdminPass).toString();
   if (settings.value(kAdminPassForm).toString() != kMapped) {
     // An earlier release has written it as it is.
     if (!stored.isEmpty() && settings.isWritable()) {

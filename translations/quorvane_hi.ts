@@ -40,7 +40,7 @@
         <translation>फ़ाइल पढ़ने की सीमा से बड़ी है।</translation>
     </message>
     <message>
-        <source>Expected are the columns scrip_code, kind, ex_date and, as far as there are any, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; or those of an exchange's list of corporate actions: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date.</source>
+        <source>Expected are the columns scrip_code, kind, ex_date and, as far as there are any, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; or those of an exchange&apos;s list of corporate actions: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date.</source>
         <translation>अपेक्षित कॉलम हैं scrip_code, kind, ex_date और, जो हों, record_date, new, old, other_scrip_code, price, cost_percent, note, allotment_date; या किसी एक्सचेंज की कॉर्पोरेट कार्रवाइयों की सूची के: SYMBOL, COMPANY NAME, SERIES, PURPOSE, EX-DATE; SYMBOL, SERIES, SUBJECT, EXDATE; SYMBOL, SECURITY, SERIES, PURPOSE, EX_DT; Security Code, Company Name, Ex Date, Purpose; scrip_code, Purpose, Ex_date।</translation>
     </message>
     <message>
@@ -99,7 +99,7 @@
         <translation>%1: ट्रांसफ़र</translation>
     </message>
     <message>
-        <source>The Holdings can't Follow: these Sales and Transfers from the Ex-Date on would Lack Shares. Delete them, Apply again, and Enter them anew.</source>
+        <source>The Holdings can&apos;t Follow: these Sales and Transfers from the Ex-Date on would Lack Shares. Delete them, Apply again, and Enter them anew.</source>
         <translation>होल्डिंग नहीं बदली जा सकती: एक्स-डेट से आगे की इन बिक्रियों और ट्रांसफ़रों के लिए शेयर कम पड़ेंगे। उन्हें हटाएँ, दोबारा लागू करें और उन्हें फिर से दर्ज करें।</translation>
     </message>
     <message>
@@ -214,11 +214,15 @@
         <source>Take the Corporate Action back before it is Deleted.</source>
         <translation>हटाने से पहले कॉरपोरेट एक्शन वापस लें।</translation>
     </message>
+    <message>
+        <source>%1 of %2, Ex-Date %3: the books were changed since it was applied. Take it back and apply it again.</source>
+        <translation>%2 का %1, एक्स-तारीख %3: लागू करने के बाद बहियाँ बदली गईं। इसे वापस लें और फिर लागू करें।</translation>
+    </message>
 </context>
 <context>
     <name>Backup</name>
     <message>
-        <source>The folder's name is too long.</source>
+        <source>The folder&apos;s name is too long.</source>
         <translation>फ़ोल्डर का नाम बहुत लंबा है।</translation>
     </message>
     <message>
@@ -310,8 +314,8 @@
         <translation>फ़ाइल %1 अपने चेकसम से मेल नहीं खाती</translation>
     </message>
     <message>
-        <source>the manifest names the file "%1"</source>
-        <translation>बैकअप की सूची में फ़ाइल "%1" का नाम है</translation>
+        <source>the manifest names the file &quot;%1&quot;</source>
+        <translation>बैकअप की सूची में फ़ाइल &quot;%1&quot; का नाम है</translation>
     </message>
     <message>
         <source>the manifest names %1 twice</source>
@@ -425,11 +429,11 @@
         <translation>शेष में से बेचने का लॉट चुनें।</translation>
     </message>
     <message>
-        <source>You can't insert future Date</source>
+        <source>You can&apos;t insert future Date</source>
         <translation>भविष्य की तारीख़ नहीं भर सकते</translation>
     </message>
     <message>
-        <source>You Can't Sale Scripts More than Balance.
+        <source>You Can&apos;t Sale Scripts More than Balance.
 
 Maximum Allowed Value is: %1</source>
         <translation>शेष से अधिक शेयर नहीं बेच सकते।
@@ -684,16 +688,16 @@ Maximum Allowed Value is: %1</source>
         <translation>फ़ाइल बहुत बड़ी है। अधिकतम %1 MB की अनुमति है।</translation>
     </message>
     <message>
-        <source>This File Can't be Kept as a Document.</source>
+        <source>This File Can&apos;t be Kept as a Document.</source>
         <translation>यह फ़ाइल दस्तावेज़ के रूप में नहीं रखी जा सकती।</translation>
     </message>
     <message>
-        <source>The Document can't be Read: %1</source>
+        <source>The Document can&apos;t be Read: %1</source>
         <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
     </message>
     <message>
-        <source>To Show this Document the Program "%1" is Needed, which is not Installed.</source>
-        <translation>यह दस्तावेज़ दिखाने के लिए प्रोग्राम "%1" चाहिए, जो स्थापित नहीं है।</translation>
+        <source>To Show this Document the Program &quot;%1&quot; is Needed, which is not Installed.</source>
+        <translation>यह दस्तावेज़ दिखाने के लिए प्रोग्राम &quot;%1&quot; चाहिए, जो स्थापित नहीं है।</translation>
     </message>
     <message>
         <source>The Document holds no Text.</source>
@@ -708,16 +712,16 @@ Maximum Allowed Value is: %1</source>
         <translation>दस्तावेज़ ख़राब है।</translation>
     </message>
     <message>
-        <source>The Document is of a Newer Kind. Save it as "Rich Text" to have it Shown.</source>
-        <translation>दस्तावेज़ नए प्रारूप का है। दिखाने के लिए उसे "Rich Text" के रूप में सहेजें।</translation>
+        <source>The Document is of a Newer Kind. Save it as &quot;Rich Text&quot; to have it Shown.</source>
+        <translation>दस्तावेज़ नए प्रारूप का है। दिखाने के लिए उसे &quot;Rich Text&quot; के रूप में सहेजें।</translation>
     </message>
     <message>
         <source>%1 bills, %2 opening rows, %3 transfers and %4 lots name this Demat A/c. They belong to it again when its number is entered again. Remove it?</source>
         <translation>%1 बिल, %2 आरंभिक पंक्तियाँ, %3 हस्तांतरण और %4 लॉट इस डीमैट खाते के नाम हैं। इसका नंबर फिर भरने पर वे फिर इसी के होंगे। क्या इसे हटाएँ?</translation>
     </message>
     <message>
-        <source>The Program "quorvane-reader", which Reads Documents, is Missing. Install Quorvane Again.</source>
-        <translation>दस्तावेज़ पढ़ने वाला प्रोग्राम "quorvane-reader" नहीं मिला। Quorvane फिर से इंस्टॉल करें।</translation>
+        <source>The Program &quot;quorvane-reader&quot;, which Reads Documents, is Missing. Install Quorvane Again.</source>
+        <translation>दस्तावेज़ पढ़ने वाला प्रोग्राम &quot;quorvane-reader&quot; नहीं मिला। Quorvane फिर से इंस्टॉल करें।</translation>
     </message>
     <message>
         <source>The Document is Broken, or Showing it Needs too Much Memory.</source>
@@ -1445,7 +1449,7 @@ All Related Data will be Deleted.</source>
         <translation>ख़रीद की तारीख़ भरें।</translation>
     </message>
     <message>
-        <source>Rate Can't be Negative.</source>
+        <source>Rate Can&apos;t be Negative.</source>
         <translation>दर ऋणात्मक नहीं हो सकती।</translation>
     </message>
 </context>
@@ -1501,9 +1505,9 @@ All Related Data will be Deleted.</source>
 <context>
     <name>Posting</name>
     <message>
-        <source>You Can't Update Record.
+        <source>You Can&apos;t Update Record.
 
-Qunatity of %1 Script Can't be Negative Value.</source>
+Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <translation>रिकॉर्ड सहेजा नहीं जा सकता।
 
 शेयर %1 की मात्रा ऋणात्मक नहीं हो सकती।</translation>
@@ -1605,11 +1609,11 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>तारीख़ भरें।</translation>
     </message>
     <message>
-        <source>You can't insert future Date</source>
+        <source>You can&apos;t insert future Date</source>
         <translation>भविष्य की तारीख़ नहीं भर सकते</translation>
     </message>
     <message>
-        <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange's daily price file or scrip list.</source>
+        <source>Expected are the columns SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; or SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; or those of an exchange&apos;s daily price file or scrip list.</source>
         <translation>अपेक्षित स्तंभ हैं SC_BCode, SC_NCode, SC_Name, SC_Class, SC_Type; या SC_Code, SC_Name, SC_Group, SC_Class, SC_Type, SC_Rate; या एक्सचेंज की दैनिक भाव फ़ाइल अथवा शेयर सूची के।</translation>
     </message>
     <message>
@@ -1731,7 +1735,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>सही तारीख़ भरें।</translation>
     </message>
     <message>
-        <source>From Date Can't be Greater than To Date.</source>
+        <source>From Date Can&apos;t be Greater than To Date.</source>
         <translation>“तारीख़ से” “तारीख़ तक” के बाद की नहीं हो सकती।</translation>
     </message>
     <message>
@@ -1777,7 +1781,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
 <context>
     <name>Settings</name>
     <message>
-        <source>Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen's own.</source>
+        <source>Enter a Resolution from 640 to 16384 Pixels, or 0 for the Screen&apos;s own.</source>
         <translation>640 से 16384 पिक्सेल तक का रिज़ॉल्यूशन भरें, या स्क्रीन का अपना रिज़ॉल्यूशन रखने के लिए 0 भरें।</translation>
     </message>
     <message>
@@ -1809,7 +1813,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>डेटाबेस का नाम भरें।</translation>
     </message>
     <message>
-        <source>Enter the Name of an Installed Driver, or a File of the Machine's Administrator.</source>
+        <source>Enter the Name of an Installed Driver, or a File of the Machine&apos;s Administrator.</source>
         <translation>स्थापित ड्राइवर का नाम, या मशीन के प्रशासक की फ़ाइल भरें।</translation>
     </message>
 </context>
@@ -1824,7 +1828,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>काल्पनिक ग्राहक, बिल और भाव, ताकि हर विंडो देखी जा सके।</translation>
     </message>
     <message>
-        <source>Scrips From an Exchange's File</source>
+        <source>Scrips From an Exchange&apos;s File</source>
         <translation>एक्सचेंज की फ़ाइल से शेयर</translation>
     </message>
     <message>
@@ -1922,7 +1926,7 @@ Qunatity of %1 Script Can't be Negative Value.</source>
         <translation>शून्य से अधिक मात्रा भरें।</translation>
     </message>
     <message>
-        <source>You Can't Transfer Scripts More than Balance.
+        <source>You Can&apos;t Transfer Scripts More than Balance.
 Maximum Allowed Value is: %1</source>
         <translation>शेष से अधिक शेयर हस्तांतरित नहीं कर सकते।
 अधिकतम मात्रा: %1</translation>
@@ -1966,24 +1970,24 @@ Maximum Allowed Value is: %1</source>
         <translation>साँचा %1 पढ़ी जा सकने वाली कार्यपुस्तिका नहीं है (%2)।</translation>
     </message>
     <message>
-        <source>The template %1 has no cell named "%2".</source>
-        <translation>साँचे %1 में "%2" नाम का कोई सेल नहीं है।</translation>
+        <source>The template %1 has no cell named &quot;%2&quot;.</source>
+        <translation>साँचे %1 में &quot;%2&quot; नाम का कोई सेल नहीं है।</translation>
     </message>
     <message>
         <source>Writing the workbook</source>
         <translation>कार्यपुस्तिका लिखी जा रही है</translation>
     </message>
     <message>
-        <source>The cells named "%2..." of the template %1 do not stand in one row.</source>
-        <translation>साँचे %1 के "%2..." नाम वाले सेल एक पंक्ति में नहीं हैं।</translation>
+        <source>The cells named &quot;%2...&quot; of the template %1 do not stand in one row.</source>
+        <translation>साँचे %1 के &quot;%2...&quot; नाम वाले सेल एक पंक्ति में नहीं हैं।</translation>
     </message>
     <message>
         <source>The rows of the template %1 do not stand on one sheet.</source>
         <translation>साँचे %1 की पंक्तियाँ एक शीट पर नहीं हैं।</translation>
     </message>
     <message>
-        <source>The template %1 has no cell of its own named "%2".</source>
-        <translation>साँचे %1 में "%2" नाम का अपना सेल नहीं है।</translation>
+        <source>The template %1 has no cell of its own named &quot;%2&quot;.</source>
+        <translation>साँचे %1 में &quot;%2&quot; नाम का अपना सेल नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -2206,7 +2210,7 @@ What it replaced lies in %2.</source>
         <translation>डीमैट खाता</translation>
     </message>
     <message>
-        <source>%1 of the Bill's Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
+        <source>%1 of the Bill&apos;s Sales name no Lot. Take the oldest Lots of the Demat A/c?</source>
         <translation>बिल की %1 बिक्री में लॉट नहीं है। क्या डीमैट खाते के सबसे पुराने लॉट लें?</translation>
     </message>
 </context>
@@ -2977,8 +2981,8 @@ Save this one, too?</source>
         <translation>ग्राहक का कोई दस्तावेज़ नहीं है।</translation>
     </message>
     <message>
-        <source>Press "View Document" to see %1.</source>
-        <translation>%1 देखने के लिए "दस्तावेज़ देखें" दबाएँ।</translation>
+        <source>Press &quot;View Document&quot; to see %1.</source>
+        <translation>%1 देखने के लिए &quot;दस्तावेज़ देखें&quot; दबाएँ।</translation>
     </message>
     <message>
         <source>Documents (*.bmp *.gif *.jpg *.jpeg *.tif *.pdf *.rtf *.doc *.txt *.htm *.html);;All files (*)</source>
@@ -3167,7 +3171,7 @@ Save this one, too?</source>
         <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
-        <source>Reads the corporate actions of an exchange's list</source>
+        <source>Reads the corporate actions of an exchange&apos;s list</source>
         <translation>एक्सचेंज की सूची से कॉरपोरेट एक्शन पढ़ता है</translation>
     </message>
     <message>
@@ -3358,10 +3362,6 @@ Save this one, too?</source>
         <translation>%1 एक्शन दर्ज हुए। वे कॉरपोरेट एक्शन की विंडो में लागू किए जाते हैं।</translation>
     </message>
     <message>
-        <source>The Actions are Recorded, but not Applied.</source>
-        <translation>एक्शन दर्ज हुए, पर लागू नहीं हुए।</translation>
-    </message>
-    <message>
         <source>%1 Actions are Recorded and Applied.</source>
         <translation>%1 एक्शन दर्ज और लागू हुए।</translation>
     </message>
@@ -3541,7 +3541,7 @@ Save this one, too?</source>
         <translation>पृष्ठ %1 / %2</translation>
     </message>
     <message>
-        <source>The Printer can't be Used.</source>
+        <source>The Printer can&apos;t be Used.</source>
         <translation>प्रिंटर का उपयोग नहीं हो सकता।</translation>
     </message>
     <message>
@@ -3549,7 +3549,7 @@ Save this one, too?</source>
         <translation>छपाई हो रही है</translation>
     </message>
     <message>
-        <source>The Document can't be Read: %1</source>
+        <source>The Document can&apos;t be Read: %1</source>
         <translation>दस्तावेज़ पढ़ा नहीं जा सकता: %1</translation>
     </message>
     <message>
@@ -3678,7 +3678,7 @@ Save this one, too?</source>
         <translation>एक्सचेंज से (&amp;E)</translation>
     </message>
     <message>
-        <source>The Bombay exchange's newest daily price file</source>
+        <source>The Bombay exchange&apos;s newest daily price file</source>
         <translation>बंबई एक्सचेंज की सबसे नई दैनिक भाव फ़ाइल</translation>
     </message>
     <message>
@@ -4054,7 +4054,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>%1 rates were read; %2 lines of the file belong to no script. Press Update to keep them.</source>
-        <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। भाव रखने के लिए "सहेजें" दबाएँ।</translation>
+        <translation>%1 भाव पढ़े गए; फ़ाइल की %2 पंक्तियाँ किसी शेयर की नहीं हैं। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
     </message>
     <message>
         <source>Fetch</source>
@@ -4108,7 +4108,7 @@ Save this one, too?</source>
         <translation>इस दिन के भाव</translation>
     </message>
     <message>
-        <source>The day of a valuation and of its rates; empty: the period's last day</source>
+        <source>The day of a valuation and of its rates; empty: the period&apos;s last day</source>
         <translation>मूल्यांकन और उसके भावों का दिन; ख़ाली: अवधि का अंतिम दिन</translation>
     </message>
     <message>
@@ -4686,8 +4686,8 @@ Save this one, too?</source>
         <translation>कुछ ग़लत है। सबसे पहले बैकअप लें।</translation>
     </message>
     <message>
-        <source>Something is wrong. "Update Stock" mends the holdings.</source>
-        <translation>कुछ ग़लत है। "स्टॉक अद्यतन" होल्डिंग ठीक करता है।</translation>
+        <source>Something is wrong. &quot;Update Stock&quot; mends the holdings.</source>
+        <translation>कुछ ग़लत है। &quot;स्टॉक अद्यतन&quot; होल्डिंग ठीक करता है।</translation>
     </message>
     <message>
         <source>All tables are in order, and every holding agrees with its documents.</source>
@@ -5182,7 +5182,7 @@ Lots changed: %1</source>
         <translation>स्क्रीन सेटिंग</translation>
     </message>
     <message>
-        <source>T&amp;he program's own database</source>
+        <source>T&amp;he program&apos;s own database</source>
         <translation>प्रोग्राम का अपना डेटाबेस (&amp;H)</translation>
     </message>
     <message>
@@ -5282,7 +5282,7 @@ Lots changed: %1</source>
         <translation>डिफ़ॉल्ट प्रिंटर (&amp;R)</translation>
     </message>
     <message>
-        <source>The desktop's own</source>
+        <source>The desktop&apos;s own</source>
         <translation>डेस्कटॉप का अपना</translation>
     </message>
     <message>
@@ -5477,12 +5477,12 @@ Lots changed: %1</source>
         <translation>%1 पहले से चल रहा है।</translation>
     </message>
     <message>
-        <source>Couldn't start %1. Expected the program as %2.</source>
+        <source>Couldn&apos;t start %1. Expected the program as %2.</source>
         <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
     </message>
     <message>
         <source>This is %1.
-The program never goes to the internet by itself for another release; your supplier's page has the newest one.</source>
+The program never goes to the internet by itself for another release; your supplier&apos;s page has the newest one.</source>
         <translation>यह %1 है।
 प्रोग्राम नए संस्करण के लिए अपने आप इंटरनेट पर नहीं जाता; नया संस्करण आपके आपूर्तिकर्ता के पृष्ठ पर है।</translation>
     </message>
@@ -5513,7 +5513,7 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>क्या आप प्रोग्राम बंद करना चाहते हैं?</translation>
     </message>
     <message>
-        <source>Couldn't find Window %1</source>
+        <source>Couldn&apos;t find Window %1</source>
         <translation>विंडो %1 नहीं मिली</translation>
     </message>
     <message>

@@ -63,6 +63,9 @@ void Check(Context& context) {
   if (check.faults.empty()) {
     report += AcrossTables(check, lookups::Directory(context.Connection()));
   }
+  for (const QString& action : check.outdated_actions) {
+    report += fmt::format("note: {}\n", action.toStdString());
+  }
   for (const QString& fault : check.record_faults) {
     report += fmt::format("{}\n", fault.toStdString());
   }

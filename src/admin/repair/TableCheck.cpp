@@ -1,5 +1,6 @@
 #include "admin/repair/TableCheck.h"
 
+#include "core/actions/Application.h"
 #include "core/database/Schema.h"
 #include "core/database/Transaction.h"
 #include "core/text/Tr.h"
@@ -60,13 +61,13 @@ std::vector<TableSize> CountRows(database::Connection& connection) {
 namespace {
 
 /// One look through the database; two steps a table, one a key and a reference, and one each for
-/// lost lines and lots.
+/// lost lines, lots and corporate actions.
 class Look {
  public:
   Look(database::Connection& connection, Progress& progress)
       : connection_(connection), progress_(progress) {
     const std::size_t steps =
-        2 * database::TableNames().size() + std::size(kKeys) + references_.size() + 2;
+        2 * database::TableNames().size() + std::size(kKeys) + references_.size() + 3;
     progress_.Begin(Tr("TableCheck", "Checking the tables"), static_cast<std::int64_t>(steps));
   }
 
@@ -99,6 +100,10 @@ class Look {
     }
     LookInto("SPTrans", [&] { check_.lost_lines = FindLostLines(connection_); });
     LookInto("Stock", [&] { CheckLots(); });
+    LookInto("CorpAction", [&] {
+      Progress quiet;
+      check_.outdated_actions = actions::OutdatedActions(connection_, quiet);
+    });
   }
 
   void Done() {

@@ -59,6 +59,7 @@ struct TableCheck {
   // For information: nothing is wrong with the table itself.
   std::vector<Dangling> dangling;
   std::vector<LostLines> lost_lines;
+  QStringList outdated_actions;  ///< a sentence for each that the books no longer agree with
 
   bool AllIsWell() const {
     return faults.empty() && double_keys.empty() && wrong_lots.empty() && record_faults.isEmpty();

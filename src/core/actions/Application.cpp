@@ -4,6 +4,7 @@
 #include "core/database/Keys.h"
 #include "core/gains/RemainingLots.h"
 #include "core/ledger/Posting.h"
+#include "core/lookups/Directory.h"
 #include "core/records/Dividend.h"
 #include "core/records/Movements.h"
 #include "core/records/Writing.h"
@@ -224,6 +225,27 @@ bool IsCurrent(Connection& connection, const Action& action, Progress& progress)
                       lot.to_rate, lot.in, lot.acquired);
   };
   return std::ranges::equal(recorded, now, {}, terms, terms);
+}
+
+QStringList OutdatedActions(Connection& connection, Progress& progress) {
+  std::vector<Action> applied =
+      records::Select<Action>(connection).Where(&Action::applied, true).All();
+  std::ranges::stable_sort(applied, {}, ExDayOf);
+  std::erase_if(applied,
+                [&](const Action& action) { return IsCurrent(connection, action, progress); });
+  QStringList texts;
+  if (applied.empty()) {
+    return texts;
+  }
+  const lookups::Directory directory(connection);
+  for (const Action& action : applied) {
+    texts << Tr("Actions",
+                "%1 of %2, Ex-Date %3: the books were changed since it was applied. Take it back "
+                "and apply it again.")
+                 .arg(Describe(action), QString::fromStdString(directory.Scrip(action.scrip).name),
+                      action.ex_day);
+  }
+  return texts;
 }
 
 Result<std::size_t> Apply(Transaction& transaction, const Action& action,

@@ -37,6 +37,9 @@ ChosenShares AppliedShares(database::Connection& connection, const Action& actio
 /// of earlier days were entered or deleted, it is to be taken back and applied again.
 bool IsCurrent(database::Connection& connection, const Action& action, Progress& progress);
 
+/// A sentence for each applied action that is not current, by ex-day.
+QStringList OutdatedActions(database::Connection& connection, Progress& progress);
+
 /// The lots of an action by account, numbered, with what they belong to.
 std::vector<records::ActionLot> LotsOf(const Action& action,
                                        std::span<const AccountEffect> effects);

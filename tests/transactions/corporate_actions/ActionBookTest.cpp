@@ -186,9 +186,13 @@ class ActionBookTest : public test::DeskTest {
   void BooksThatChangedSinceAreTold() {
     const ActionId bonus = Recorded(NewAction(ActionKind::kBonus, 1, 2));
     QVERIFY(!Apply(bonus));
-    QVERIFY(Book().IsCurrent(*Book().Load(bonus)));
+    Progress silent;
+    QVERIFY(actions::OutdatedActions(desk_->Connection(), silent).isEmpty());
     Buy("03/05/2011", 2, 101);
     QVERIFY(!Book().IsCurrent(*Book().Load(bonus)));
+    const QStringList outdated = actions::OutdatedActions(desk_->Connection(), silent);
+    QCOMPARE(outdated.size(), 1);
+    QVERIFY2(outdated[0].contains("Ex-Date 01/08/2011"), qPrintable(outdated[0]));
   }
 
   void RightsAreAsSubscribed() {

@@ -160,6 +160,9 @@ void RepairTable::ShowCheck(const TableCheck& check) {
   for (const QString& fault : check.record_faults) {
     rows.push_back({.cells = {QString(), QVariant(), tr("Wrong"), fault}});
   }
+  for (const QString& action : check.outdated_actions) {
+    rows.push_back({.cells = {QStringLiteral("CorpAction"), QVariant(), tr("Note"), action}});
+  }
   const std::vector<DoubleRecord> doubles = check.double_keys.empty()
                                                 ? std::vector<DoubleRecord>()
                                                 : FindDoubleRecords(*Session().connection);

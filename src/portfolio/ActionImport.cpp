@@ -172,7 +172,7 @@ std::vector<ActionImport::Holder> ActionImport::HoldersOf(const ActionRow& row) 
     if (lot.year != year || lot.scrip != names_.scrips[row.scrip] || entry.duplicate) {
       continue;
     }
-    for (const Layer& layer : layers_.Of(lot.id)) {
+    for (const Layer& layer : layers_.ByEntry(lot.id)) {
       if (!layer.fo && layer.entered < row.ex_day) {
         held[{lot.Of(), lot.account}].push_back(layer);
       }

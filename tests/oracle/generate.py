@@ -305,6 +305,9 @@ class Generator:
     def trading_year(self, year: int, lines: int):
         first = date(year, 4, 1)
         days = (date(year + 1, 4, 1) - first).days
+        for layers in self.held.values():
+            for layer in layers:
+                layer.entered = layer.bought  # an opening row has no other day
         written = 0
         due_actions = self.random.sample(range(days), self.action_count)
         for n in range(days):

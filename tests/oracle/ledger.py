@@ -25,7 +25,7 @@ class _Layer:
     """A quantity that came in at one time. Layers are used up by purchase date; those of one date
     in the order of their arrival, and a year's opening rows arrive first."""
 
-    __slots__ = ("key", "entered", "rate", "left", "non_delivery")
+    __slots__ = ("key", "entered", "rate", "left", "received", "non_delivery")
 
     def __init__(self, when: date, entered: date, arrival: int, rate: Fraction, left: Fraction,
                  non_delivery: bool):
@@ -33,7 +33,7 @@ class _Layer:
         self.entered = (entered, arrival)
         self.non_delivery = non_delivery
         self.rate = rate
-        self.left = left
+        self.left = self.received = left
 
     def __lt__(self, other: "_Layer") -> bool:
         return self.key < other.key
@@ -53,8 +53,7 @@ class _Shelf:
 
     def apply(self, account, action: Action) -> list[tuple[str, Fraction]]:
         """Lets a corporate action change an account; the lots that shares came into."""
-        layers = sorted(self._layers[account, action.scrip], key=lambda layer: layer.entered)
-        pieces = [Piece(one.rate, one.left, one.key[0]) for one in layers]
+        pieces = self._by_entry(self._layers[account, action.scrip])
         if not pieces:
             return []
         done = effect(pieces, action)
@@ -64,6 +63,20 @@ class _Shelf:
             self.put(account, scrip, piece.acquired, piece.rate, piece.quantity,
                      entered=action.ex_day)
         return [(scrip, piece.rate) for scrip, piece in done.into]
+
+    @staticmethod
+    def _by_entry(layers: list[_Layer]) -> list[Piece]:
+        """What is left when sales use up, within the lot that they name, what came in first."""
+        taken = defaultdict(Fraction)
+        for layer in layers:
+            taken[layer.rate] += layer.received - layer.left
+        pieces = []
+        for layer in sorted(layers, key=lambda layer: layer.entered):
+            used_up = min(taken[layer.rate], layer.received)
+            taken[layer.rate] -= used_up
+            if used_up < layer.received:
+                pieces.append(Piece(layer.rate, layer.received - used_up, layer.key[0]))
+        return pieces
 
     def take(self, account, scrip, quantity, rate=None,
              last=lambda layer: False) -> list[tuple[Fraction, Fraction]]:
@@ -81,12 +94,13 @@ class _Shelf:
             if not quantity:
                 break
             part = min(quantity, layer.left)
+            if not part:
+                continue
             layer.left -= part
             quantity -= part
             if takes and takes[-1][0] == layer.rate:
                 part += takes.pop()[1]
             takes.append((layer.rate, part))
-        self._layers[account, scrip] = [layer for layer in layers if layer.left]
         return takes
 
     def saved(self, keys):

@@ -19,7 +19,11 @@ def cell(value) -> str:
         return dmy(value)
     if isinstance(value, int):
         return money(value)
-    return plain(value) if isinstance(value, Fraction) else value
+    if isinstance(value, Fraction):
+        text = plain(value)
+        # The program prints at most fifteen digits.
+        return text if len(text) <= 16 else f"{float(value):.15g}"
+    return value
 
 
 def statement_cells(ledger: Ledger, client: str, year: str, choice: Choice) -> list[dict]:

@@ -111,6 +111,7 @@ void Layers::Append(const Layer& received) {
   const auto layer = static_cast<std::uint32_t>(layers_.size());
   layers_.push_back(received);
   layers_.back().arrival = layer;
+  layers_.back().received = received.left;
   OfLot& state = StateOf(received.lot);
   Insert(holdings_[state.holding], layer);
   Insert(state.queue, layer);
@@ -258,16 +259,24 @@ void Layers::GoBack() {
   }
 }
 
-std::vector<Layer> Layers::Of(LotId lot) const {
-  std::vector<Layer> left;
+std::vector<Layer> Layers::ByEntry(LotId lot) const {
+  std::vector<Layer> layers;
+  Shares taken;
   if (const auto state = of_lot_.find(lot); state != of_lot_.end()) {
     for (const std::uint32_t layer : state->second.queue.layers) {
-      if (layers_[layer].left > Shares()) {
-        left.push_back(layers_[layer]);
-      }
+      layers.push_back(layers_[layer]);
+      taken += layers.back().received - layers.back().left;
     }
   }
-  return left;
+  std::ranges::sort(layers, {},
+                    [](const Layer& layer) { return std::pair(layer.entered, layer.arrival); });
+  for (Layer& layer : layers) {
+    const Shares used_up = std::min(taken, layer.received);
+    layer.left = layer.received - used_up;
+    taken -= used_up;
+  }
+  std::erase_if(layers, [](const Layer& layer) { return !layer.left; });
+  return layers;
 }
 
 }  // namespace quorvane::ledger

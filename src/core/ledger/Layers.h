@@ -19,6 +19,7 @@ struct Layer {
   text::Date date;
   LotId lot;
   Shares left;
+  Shares received = {};       ///< `left` before the first Take
   bool non_delivery = false;  ///< bought to be sold on the same day
   bool fo = false;            ///< futures and options
   text::Date entered;         ///< `date`, but of shares from a corporate action its ex-day
@@ -38,7 +39,8 @@ struct Receipt {
 /// first out by the day on which they were bought. Posts what comes in and what leaves to the lots.
 ///
 /// Filled with Add and Arrange from recorded movements, over lots that have them already. Within a
-/// lot every sale and transfer uses up the oldest purchases first, also those of a later date.
+/// lot their sales and transfers use up first what came in first, also what came in later than
+/// they.
 class Layers {
  public:
   /// The lots must outlive the layers. Nothing else may change them meanwhile.
@@ -97,9 +99,10 @@ class Layers {
   void Mark() { taken_.clear(); }
   void GoBack();
 
-  /// What is left of the purchases of a lot, oldest first. The lot may have further shares that
-  /// belong to no purchase.
-  std::vector<Layer> Of(LotId lot) const;
+  /// What is left of the purchases of a lot when all that was taken of it used up first what came
+  /// in first, as statements count it; in that order. The lot may have further shares that belong
+  /// to no purchase.
+  std::vector<Layer> ByEntry(LotId lot) const;
 
  private:
   /// Layers by date, then by arrival. Those before `first_left` are used up.
@@ -143,7 +146,7 @@ class Layers {
     bool fo;
     text::Date entered;
 
-    auto Order() const { return std::tuple(date, kind, document, line); }
+    auto Order() const { return std::tuple(entered, kind, document, line); }
   };
 
   static constexpr std::uint32_t kNoLayer = 0xFFFFFFFF;  ///< shares that belong to no purchase

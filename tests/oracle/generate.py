@@ -9,6 +9,7 @@ of lots held, not N. With --order client the bills are sorted by client at the e
 """
 
 import argparse
+import itertools
 import random
 from collections import defaultdict
 from datetime import date, timedelta
@@ -52,12 +53,13 @@ def year_text(first: int) -> str:
 
 
 class Layer:
-    __slots__ = ("bought", "entered", "rate", "left", "intraday")
+    __slots__ = ("bought", "entered", "arrival", "rate", "left", "received", "intraday")
+    arrivals = itertools.count()
 
     def __init__(self, bought: date, rate: int | Fraction, left: int, intraday: bool = False,
                  entered: date | None = None):
         self.bought, self.rate, self.left, self.intraday = bought, rate, left, intraday
-        self.entered = entered or bought
+        self.entered, self.received, self.arrival = entered or bought, left, next(self.arrivals)
 
 
 class Generator:
@@ -80,6 +82,7 @@ class Generator:
         self.brokers = ["AMARNATH BROKING", "BHAGIRATHI SHARES & STOCKS", 'CHITRA "FAST" EQUITY']
         # (account, scrip) -> layers, earliest purchase first
         self.held: dict[tuple[str, str], list[Layer]] = defaultdict(list)
+        self.gone: dict[tuple[str, str], list[Layer]] = defaultdict(list)  # used up in this year
         self.bill_count = 0
 
     # Masters
@@ -151,6 +154,7 @@ class Generator:
                 layer.left -= part
                 quantity -= part
         assert quantity == 0
+        self.gone[key] += [layer for layer in self.held[key] if not layer.left]
         self.held[key] = [layer for layer in self.held[key] if layer.left]
 
     def part_of(self, balance: int) -> int:
@@ -226,7 +230,9 @@ class Generator:
         return self.line("S", scrip, quantity, self.rate(scrip), intraday, lot)
 
     def add_sale(self, key, when: date, sold: list[str]):
-        lot_rate = self.random.choice(self.held[key]).rate if self.chance(50) else None
+        # Bonus shares are sold without a lot's rate only from the day on which they are held.
+        named = self.chance(50) or any(layer.bought > when for layer in self.held[key])
+        lot_rate = self.random.choice(self.held[key]).rate if named else None
         quantity = self.part_of(self.balance(key, lot_rate))
         sold.append(self.sale(key, when, quantity, lot_rate, False))
 
@@ -305,9 +311,11 @@ class Generator:
     def trading_year(self, year: int, lines: int):
         first = date(year, 4, 1)
         days = (date(year + 1, 4, 1) - first).days
+        self.gone.clear()
         for layers in self.held.values():
             for layer in layers:
                 layer.entered = layer.bought  # an opening row has no other day
+                layer.received, layer.arrival = layer.left, next(Layer.arrivals)
         written = 0
         due_actions = self.random.sample(range(days), self.action_count)
         for n in range(days):
@@ -346,13 +354,24 @@ class Generator:
             f"{exact_text(action.percent)}")
 
     def effect_on(self, account: str, action: Action) -> Effect:
-        layers = sorted(self.held[account, action.scrip], key=lambda layer: layer.entered)
-        return effect([Piece(Fraction(one.rate) / RATE, Fraction(one.left, QUANTITY), one.bought)
-                       for one in layers], action)
+        """Within a lot the sales have used up what came in first."""
+        layers = self.held[account, action.scrip] + self.gone[account, action.scrip]
+        taken = defaultdict(int)
+        for layer in layers:
+            taken[layer.rate] += layer.received - layer.left
+        pieces = []
+        for layer in sorted(layers, key=lambda one: (one.entered, not one.intraday, one.arrival)):
+            used_up = min(taken[layer.rate], layer.received)
+            taken[layer.rate] -= used_up
+            if used_up < layer.received:
+                pieces.append(Piece(Fraction(layer.rate) / RATE,
+                                    Fraction(layer.received - used_up, QUANTITY), layer.bought))
+        return effect(pieces, action)
 
     def apply(self, account: str, action: Action, done: Effect):
         if done.out:
             self.held[account, action.scrip] = []
+            self.gone[account, action.scrip] = []
         for scrip, piece in done.into:
             rate = piece.rate * RATE
             held = self.held[account, scrip]

@@ -78,13 +78,14 @@ class _Shelf:
                 pieces.append(Piece(layer.rate, layer.received - used_up, layer.key[0]))
         return pieces
 
-    def take(self, account, scrip, quantity, rate=None,
+    def take(self, account, scrip, quantity, rate=None, until=date.max,
              last=lambda layer: False) -> list[tuple[Fraction, Fraction]]:
-        """Takes from the earliest layers (of that rate, if given; those that are to be `last` after
-        all others): (rate, quantity) in order, neighbours of one rate joined. Takes nothing when
-        there is not enough."""
+        """Takes from the earliest layers (of that rate, if given; none that counts as held from
+        after `until`; those that are to be `last` after all others): (rate, quantity) in order,
+        neighbours of one rate joined. Takes nothing when there is not enough."""
         layers = self._layers[account, scrip]
-        usable = [layer for layer in layers if rate is None or layer.rate == rate]
+        usable = [layer for layer in layers
+                  if layer.key[0] <= until and (rate is None or layer.rate == rate)]
         usable.sort(key=last)
         balance = sum((layer.left for layer in usable), Fraction(0))
         if quantity > balance:
@@ -219,7 +220,8 @@ class Ledger:
             of_the_day = layer.non_delivery and layer.key[0] == bill.date
             return line.lot_rate is None and of_the_day != line.non_delivery
         try:
-            takes = self._shelf.take(bill.account, line.scrip, line.quantity, line.lot_rate, last)
+            takes = self._shelf.take(bill.account, line.scrip, line.quantity, line.lot_rate,
+                                     bill.date if line.lot_rate is None else date.max, last)
         except Shortage as shortage:
             raise Shortage(f"bills.csv line {line.row}: You Can't Sale Scripts More than Balance. "
                            f"{shortage}") from None

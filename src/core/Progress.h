@@ -25,6 +25,20 @@ class Progress {
   void ThrowIfCancelled() const;
 };
 
+/// Part of a longer work, within the step that began at `at`: the program lives and can be
+/// cancelled meanwhile, and no steps are added.
+class WithinStep : public Progress {
+ public:
+  WithinStep(Progress& whole, std::int64_t at) : whole_(whole), at_(at) {}
+
+  void Step(std::int64_t) override { whole_.Step(at_); }
+  bool Cancelled() const override { return whole_.Cancelled(); }
+
+ private:
+  Progress& whole_;
+  std::int64_t at_;
+};
+
 class Cancellation : public std::runtime_error {
  public:
   Cancellation() : std::runtime_error("cancelled") {}

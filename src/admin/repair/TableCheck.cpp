@@ -101,8 +101,8 @@ class Look {
     LookInto("SPTrans", [&] { check_.lost_lines = FindLostLines(connection_); });
     LookInto("Stock", [&] { CheckLots(); });
     LookInto("CorpAction", [&] {
-      Progress quiet;
-      check_.outdated_actions = actions::OutdatedActions(connection_, quiet);
+      WithinStep step(progress_, done_);
+      check_.outdated_actions = actions::OutdatedActions(connection_, step);
     });
   }
 
@@ -152,8 +152,8 @@ class Look {
   }
 
   void CheckLots() {
-    Progress quiet;
-    ledger::StockCheck stock = ledger::CheckStock(connection_, std::nullopt, quiet);
+    WithinStep step(progress_, done_);
+    ledger::StockCheck stock = ledger::CheckStock(connection_, std::nullopt, step);
     check_.wrong_lots = std::move(stock.changes);
     check_.record_faults = records::FaultTexts(connection_, stock.faults);
   }

@@ -231,8 +231,10 @@ QStringList OutdatedActions(Connection& connection, Progress& progress) {
   std::vector<Action> applied =
       records::Select<Action>(connection).Where(&Action::applied, true).All();
   std::ranges::stable_sort(applied, {}, ExDayOf);
-  std::erase_if(applied,
-                [&](const Action& action) { return IsCurrent(connection, action, progress); });
+  std::erase_if(applied, [&](const Action& action) {
+    progress.ThrowIfCancelled();
+    return IsCurrent(connection, action, progress);
+  });
   QStringList texts;
   if (applied.empty()) {
     return texts;

@@ -3,6 +3,7 @@
 #include "core/text/Tr.h"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 namespace quorvane::files {
@@ -71,6 +72,37 @@ TextTable TableBuilder::Take() {
   cells_ = 0;
   text_ = 0;
   return {std::exchange(rows_, {})};
+}
+
+const std::string& CellAt(const TextRow& row, int column) {
+  static const std::string kNone;
+  const auto place = static_cast<std::size_t>(column);
+  return column >= 0 && place < row.cells.size() ? row.cells[place] : kNone;
+}
+
+std::vector<std::string> HeadingsOf(const TextRow& row) {
+  std::vector<std::string> headings;
+  for (const std::string& cell : row.cells) {
+    std::string& upper = headings.emplace_back(Trimmed(cell));
+    std::ranges::transform(upper, upper.begin(),
+                           [](unsigned char one) { return static_cast<char>(std::toupper(one)); });
+  }
+  return headings;
+}
+
+bool FindColumns(std::span<const std::string_view> wanted, std::span<const std::string> headings,
+                 std::span<int> columns) {
+  for (std::size_t field = 0; field < wanted.size(); ++field) {
+    std::string_view heading = wanted[field];
+    const bool optional = heading.empty() || heading.front() == '?';
+    heading.remove_prefix(heading.starts_with('?') ? 1 : 0);
+    const auto at = heading.empty() ? headings.end() : std::ranges::find(headings, heading);
+    columns[field] = at == headings.end() ? -1 : static_cast<int>(at - headings.begin());
+    if (at == headings.end() && !optional) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace quorvane::files

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -46,6 +47,17 @@ inline constexpr std::size_t kMostText = 256 << 20;
 
 /// The text without blanks, tabs, no-break blanks and line ends around it.
 std::string_view Trimmed(std::string_view utf8);
+
+/// The cell of a column; an empty text where the row has none, and for column -1.
+const std::string& CellAt(const TextRow& row, int column);
+
+/// The cells of a row in capitals and without blanks around them, so that files are known by them.
+std::vector<std::string> HeadingsOf(const TextRow& row);
+
+/// Puts the column of each wanted heading, or -1, into `columns`. A heading that begins with "?"
+/// may be missing; an empty one is in no column. False when another one is missing.
+bool FindColumns(std::span<const std::string_view> wanted, std::span<const std::string> headings,
+                 std::span<int> columns);
 
 /// Collects the cells of a sheet in any order. Throws TableError beyond the bounds.
 class TableBuilder {

@@ -2,8 +2,7 @@
 
 #include "core/text/Tr.h"
 
-#include <algorithm>
-#include <cctype>
+#include <vector>
 
 namespace quorvane::rates {
 namespace {
@@ -50,43 +49,17 @@ constexpr std::array kLayouts{
                 {"SECURITY CODE", "", "SECURITY NAME", "", "GROUP", "INSTRUMENT", "", "", "", "",
                  "", "?ISIN NO"}}};
 
-std::string Upper(std::string_view text) {
-  std::string upper(files::Trimmed(text));
-  std::ranges::transform(upper, upper.begin(),
-                         [](unsigned char one) { return static_cast<char>(std::toupper(one)); });
-  return upper;
-}
-
-std::optional<FoundLayout> Fit(const PriceLayout& layout, const std::vector<std::string>& names) {
-  FoundLayout found{.layout = &layout, .width = names.size()};
-  for (std::size_t field = 0; field < kFieldCount; ++field) {
-    std::string_view heading = layout.headings[field];
-    const bool optional = heading.empty() || heading.front() == '?';
-    heading.remove_prefix(heading.starts_with('?') ? 1 : 0);
-    const auto at = heading.empty() ? names.end() : std::ranges::find(names, heading);
-    found.columns[field] = at == names.end() ? -1 : static_cast<int>(at - names.begin());
-    if (at == names.end() && !optional) {
-      return std::nullopt;
-    }
-  }
-  return found;
-}
-
 }  // namespace
 
 const std::string& FoundLayout::Cell(const files::TextRow& row, Field field) const {
-  static const std::string kNone;
-  const auto column = static_cast<std::size_t>(columns[field]);
-  return Has(field) && column < row.cells.size() ? row.cells[column] : kNone;
+  return files::CellAt(row, columns[field]);
 }
 
 std::optional<FoundLayout> LayoutOf(const files::TextRow& headings) {
-  std::vector<std::string> names;
-  for (const std::string& cell : headings.cells) {
-    names.push_back(Upper(cell));
-  }
+  const std::vector<std::string> names = files::HeadingsOf(headings);
   for (const PriceLayout& layout : kLayouts) {
-    if (const auto found = Fit(layout, names)) {
+    FoundLayout found{.layout = &layout, .width = names.size()};
+    if (files::FindColumns(layout.headings, names, found.columns)) {
       return found;
     }
   }

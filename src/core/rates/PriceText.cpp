@@ -155,11 +155,6 @@ MoverColumns ColumnsOf(const files::TextRow& headings) {
                              "Last", "Current Price", "Current", "Price", "Rate"})};
 }
 
-std::string CellAt(const files::TextRow& row, int column) {
-  const auto place = static_cast<std::size_t>(column);
-  return column >= 0 && place < row.cells.size() ? row.cells[place] : std::string();
-}
-
 void AddRows(const files::TextTable& table, std::size_t headings, const MoverColumns& columns,
              PriceFile& file) {
   std::unordered_set<std::string> known;
@@ -169,9 +164,9 @@ void AddRows(const files::TextTable& table, std::size_t headings, const MoverCol
   for (std::size_t place = headings + 1; place < table.rows.size(); ++place) {
     const files::TextRow& row = table.rows[place];
     PriceRow mover{.line = row.line,
-                   .code = CellAt(row, columns.code),
-                   .name = CellAt(row, columns.name),
-                   .rate = PriceOf(CellAt(row, columns.price))};
+                   .code = files::CellAt(row, columns.code),
+                   .name = files::CellAt(row, columns.name),
+                   .rate = PriceOf(files::CellAt(row, columns.price))};
     if (!mover.code.empty() && mover.rate > 0 && known.insert(lookups::Folded(mover.code)).second) {
       file.rows.push_back(std::move(mover));
     }

@@ -87,16 +87,6 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   transaction.Execute("Delete From CorpAction Where ScrId=? Or OtherScrId=?", id, id);
 }
 
-/// Passes a wish to stop on to a part of the work and counts nothing.
-class PartOf : public Progress {
- public:
-  explicit PartOf(const Progress& whole) : whole_(whole) {}
-  bool Cancelled() const override { return whole_.Cancelled(); }
-
- private:
-  const Progress& whole_;
-};
-
 /// All lots are locked before the first is read: a plain read fixes the instant that the later ones
 /// see.
 void RebuildEach(Transaction& transaction, const std::vector<ClientYear>& holders,
@@ -105,10 +95,10 @@ void RebuildEach(Transaction& transaction, const std::vector<ClientYear>& holder
   for (const ClientYear& holder : holders) {
     ledger::LockLots(transaction, holder);
   }
-  PartOf part(progress);
   progress.Begin(QStringLiteral("Holdings"), static_cast<std::int64_t>(holders.size()));
   for (std::size_t done = 0; done < holders.size(); ++done) {
-    ledger::RebuildStock(transaction, holders[done], part);
+    WithinStep step(progress, static_cast<std::int64_t>(done));
+    ledger::RebuildStock(transaction, holders[done], step);
     progress.Step(static_cast<std::int64_t>(done + 1));
   }
 }

@@ -3,7 +3,7 @@
 #include "core/text/Tr.h"
 
 #include <algorithm>
-#include <cctype>
+#include <vector>
 
 namespace quorvane::corporate_actions {
 namespace {
@@ -39,48 +39,24 @@ constexpr std::array kLayouts{
                  false,
                  {"SCRIP_CODE", "", "", "?LONG_NAME", "", "PURPOSE", "EXDATE", "?RD_DATE"}}};
 
-std::string Upper(std::string_view text) {
-  std::string upper(files::Trimmed(text));
-  std::ranges::transform(upper, upper.begin(),
-                         [](unsigned char one) { return static_cast<char>(std::toupper(one)); });
-  return upper;
-}
-
-std::optional<FoundActionLayout> Fit(const ActionLayout& layout,
-                                     const std::vector<std::string>& names) {
-  FoundActionLayout found{.layout = &layout};
-  std::size_t known = 0;
-  for (std::size_t field = 0; field < kFieldCount; ++field) {
-    std::string_view heading = layout.headings[field];
-    const bool optional = heading.empty() || heading.front() == '?';
-    heading.remove_prefix(heading.starts_with('?') ? 1 : 0);
-    const auto at = heading.empty() ? names.end() : std::ranges::find(names, heading);
-    found.columns[field] = at == names.end() ? -1 : static_cast<int>(at - names.begin());
-    known += at == names.end() ? 0 : 1;
-    if (at == names.end() && !optional) {
-      return std::nullopt;
-    }
-  }
-  // A term under a misspelt heading must not be lost.
-  const bool has_others = layout.source == ActionSource::kOwn && known < names.size();
-  return has_others ? std::nullopt : std::optional(found);
+/// A term under a misspelt heading of the program's own file must not be lost.
+bool HasUnknown(const FoundActionLayout& found, std::size_t headings) {
+  const auto known = std::ranges::count_if(found.columns, [](int column) { return column >= 0; });
+  return found.layout->source == ActionSource::kOwn && static_cast<std::size_t>(known) < headings;
 }
 
 }  // namespace
 
 const std::string& FoundActionLayout::Cell(const files::TextRow& row, ActionField field) const {
-  static const std::string kNone;
-  const auto column = static_cast<std::size_t>(columns[field]);
-  return columns[field] >= 0 && column < row.cells.size() ? row.cells[column] : kNone;
+  return files::CellAt(row, columns[field]);
 }
 
 std::optional<FoundActionLayout> LayoutOf(const files::TextRow& headings) {
-  std::vector<std::string> names;
-  for (const std::string& cell : headings.cells) {
-    names.push_back(Upper(cell));
-  }
+  const std::vector<std::string> names = files::HeadingsOf(headings);
   for (const ActionLayout& layout : kLayouts) {
-    if (const auto found = Fit(layout, names)) {
+    FoundActionLayout found{.layout = &layout};
+    if (files::FindColumns(layout.headings, names, found.columns) &&
+        !HasUnknown(found, names.size())) {
       return found;
     }
   }

@@ -105,6 +105,7 @@ EventList EventReader::Read(const PositionsQuery& query) {
   ReadActions();
   ReadOwners();
   ReadOpenedYears();
+  list_.fair_values = tax::ReadFairValues(connection_);
   for (const auto& client : ClientsOf(query)) {
     for (const auto& scrip : ScripsOf(query)) {
       records::ReadMovements(connection_, {.client = client, .scrip = scrip, .delivery = true},

@@ -2,6 +2,7 @@
 
 #include "core/positions/Layer.h"
 #include "core/records/Action.h"
+#include "core/tax/FairValues.h"
 
 #include <cstdint>
 #include <vector>
@@ -57,6 +58,7 @@ struct EventList {
   std::vector<Event> events;         ///< in any order
   std::vector<DatedAction> actions;  ///< applied ones
   std::vector<OpenedYear> opened;
+  tax::FairValues fair_values;
 };
 
 }  // namespace quorvane::positions

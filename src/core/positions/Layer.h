@@ -6,6 +6,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace quorvane::positions {
@@ -24,6 +25,10 @@ struct Layer {
   Shares quantity;
   Paise cost;  ///< of the quantity, with brokerage and the tax on it, without STT
   Source source = Source::kPurchase;
+
+  /// What the shares were worth at the highest price of 31-Jan-2018. It stays with them as their
+  /// cost does. None for shares acquired later, and where the price is not known.
+  std::optional<Paise> fair = std::nullopt;
 };
 
 /// The account and scrip of shares; futures and options are a place of their own.
@@ -59,6 +64,8 @@ struct Piece {
   Paise sale{};      ///< before expenses
   Paise expenses{};  ///< brokerage and the tax on it
   Paise stt{};
+  bool stt_paid = false;  ///< on the sale, also where this piece's part of it rounds to nothing
+  std::optional<Paise> fair{};  ///< as of the layer
   Source source = Source::kPurchase;
   int document = 0;  ///< key of the bill or corporate action
   int line = 0;

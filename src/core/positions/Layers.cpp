@@ -3,6 +3,22 @@
 #include <algorithm>
 
 namespace quorvane::positions {
+namespace {
+
+constexpr std::int64_t kAllPercent = 100'000'000;
+
+/// Moves a part of an amount that may be unknown.
+template <class PartOf>
+std::optional<Paise> Move(std::optional<Paise>& from, const PartOf& part_of) {
+  if (!from) {
+    return std::nullopt;
+  }
+  const Paise moved = part_of(*from);
+  *from -= moved;
+  return moved;
+}
+
+}  // namespace
 
 void Layers::Add(const OpenLayer& layer) {
   const auto place = std::upper_bound(
@@ -25,6 +41,8 @@ void Layers::TakeFrom(OpenLayer& layer, Shares& wanted, const TakePart& take) {
   OpenLayer part = layer;
   part.quantity = quantity;
   part.cost = text::PartOf(layer.cost, quantity, layer.quantity);
+  part.fair =
+      Move(layer.fair, [&](Paise whole) { return text::PartOf(whole, quantity, layer.quantity); });
   layer.quantity -= quantity;
   layer.cost -= part.cost;
   wanted -= quantity;
@@ -67,14 +85,17 @@ void Layers::Restate(Shares total) {
 }
 
 Layers Layers::SplitOff(Shares total, std::int64_t percent_millionths) {
-  constexpr std::int64_t kAll = 100'000'000;
+  const auto part_of = [&](Paise whole) {
+    return Paise(text::Proportion(whole.Count(), percent_millionths, kAllPercent));
+  };
   SkipUsedUp();
   Layers part = *this;
   part.Restate(total);
   for (std::size_t i = 0; i < layers_.size(); ++i) {
-    const Paise moved(text::Proportion(layers_[i].cost.Count(), percent_millionths, kAll));
+    const Paise moved = part_of(layers_[i].cost);
     part.layers_[i].cost = moved;
     layers_[i].cost -= moved;
+    part.layers_[i].fair = Move(layers_[i].fair, part_of);
   }
   return part;
 }
@@ -86,6 +107,15 @@ void Layers::TakeOver(Layers& from) {
     }
   }
   from = {};
+}
+
+void Layers::Value(Date acquired_to, const FairRate& rate) {
+  for (std::size_t i = first_left_; i < layers_.size(); ++i) {
+    OpenLayer& layer = layers_[i];
+    if (layer.acquired <= acquired_to) {
+      layer.fair = rate.ValueOf(layer.quantity);
+    }
+  }
 }
 
 Shares Layers::Quantity() const {

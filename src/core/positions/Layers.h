@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/positions/FairRates.h"
 #include "core/positions/Layer.h"
 #include "core/text/Ratio.h"
 
@@ -39,6 +40,9 @@ class Layers {
 
   /// Adds all layers of another scrip or account and leaves none there.
   void TakeOver(Layers& from);
+
+  /// Gives the layers that were acquired up to a day their value of that day.
+  void Value(Date acquired_to, const FairRate& rate);
 
   Shares Quantity() const;
   Paise Cost() const;

@@ -127,7 +127,7 @@ Positions Compute(EventList& list, Date to) {
   ScripGroups groups(list.actions);
   const std::vector<Event> events = InOrder(list);
   Positions result;
-  Replay replay(list.actions, years, result);
+  Replay replay(list.actions, years, list.fair_values, result);
   for (std::size_t first = 0; first < events.size();) {
     const int group = groups.Of(events[first].scrip.value);
     std::size_t next = first + 1;

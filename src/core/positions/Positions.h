@@ -29,9 +29,9 @@ struct Positions {
 
 /// What is to be read.
 struct PositionsQuery {
-  std::optional<ClientId> client;  ///< with those whose shares came to the client; else all
-  std::optional<ScripId> scrip;    ///< with those that its shares came from or went to; else all
-  Date to = Date::max();           ///< nothing after it counts
+  std::optional<ClientId> client{};  ///< with those whose shares came to the client; else all
+  std::optional<ScripId> scrip{};    ///< with those that its shares came from or went to; else all
+  Date to = Date::max();             ///< nothing after it counts
 };
 
 /// The pure computation; `list` is sorted by it. Holdings and pieces of all clients in the list.

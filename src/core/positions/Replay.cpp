@@ -43,9 +43,12 @@ Replay::Account& Replay::At(ClientId client, const Place& place) {
 void Replay::Run(std::span<const Event> events, Date to) {
   accounts_.clear();
   by_account_.clear();
+  fair_ = FairRates(fair_values_);
+  valued_ = false;
   std::size_t next = 0;
   const auto play_before = [&](Date day) {
     while (next < events.size() && events[next].day < day) {
+      PassTo(events[next].day);
       Play(events[next++]);
     }
   };
@@ -55,6 +58,7 @@ void Replay::Run(std::span<const Event> events, Date to) {
       break;
     }
     play_before(first_day);
+    PassTo(first_day);
     const std::size_t first = next;
     while (next < events.size() && events[next].day == first_day &&
            events[next].kind == EventKind::kOpening) {
@@ -64,6 +68,29 @@ void Replay::Run(std::span<const Event> events, Date to) {
   }
   play_before(to == Date::max() ? to : to + std::chrono::days(1));
   Finish();
+}
+
+/// Once 31-Jan-2018 is past, what is held has its value of that day.
+void Replay::PassTo(Date day) {
+  if (valued_ || day <= tax::kFairValueDay) {
+    return;
+  }
+  valued_ = true;
+  for (Account& account : accounts_) {
+    const FairRate* rate = fair_.Find(account.place.scrip);
+    if (rate != nullptr && !account.place.fo) {
+      account.layers.Value(tax::kFairValueDay, *rate);
+    }
+  }
+}
+
+/// Shares of an opening balance may be older than the books.
+void Replay::AddOpening(Account& account, OpenLayer layer) {
+  const FairRate* rate = fair_.Find(account.place.scrip);
+  if (valued_ && rate != nullptr && !account.place.fo && layer.acquired <= tax::kFairValueDay) {
+    layer.fair = rate->ValueOf(layer.quantity);
+  }
+  account.layers.Add(layer);
 }
 
 /// Compares the balances that the clients' books open the year with.
@@ -93,7 +120,7 @@ void Replay::Open(Account& account, text::FinancialYear year, std::span<const Ev
   const auto first = years_.first.find(account.client.value);
   if (first == years_.first.end() || first->second == year) {
     for (const Event& opening : openings) {
-      account.layers.Add(LayerOf(opening, Source::kOpening));
+      AddOpening(account, LayerOf(opening, Source::kOpening));
     }
     return;
   }
@@ -139,7 +166,7 @@ void Replay::Adopt(Account& account, Shares excess, std::span<const Event> openi
     OpenLayer layer = LayerOf(opening, Source::kOpening);
     layer.cost = text::PartOf(opening.amount, part, opening.quantity);
     layer.quantity = part;
-    account.layers.Add(layer);
+    AddOpening(account, layer);
     of_day -= part;
     excess -= part;
   }
@@ -159,6 +186,7 @@ void Replay::Drop(Account& account, Shares missing, std::span<const Event> openi
 void Replay::Play(const Event& event) {
   switch (event.kind) {
     case EventKind::kOpening:
+      return AddOpening(Of(event), LayerOf(event, Source::kPurchase));
     case EventKind::kPurchase:
       return Of(event).layers.Add(LayerOf(event, Source::kPurchase));
     case EventKind::kRights:
@@ -180,6 +208,7 @@ void Replay::Sell(const Event& event, PieceKind kind) {
   Spread expenses(event.expenses, event.quantity);
   Spread stt(event.stt, event.quantity);
   Piece piece{.client = event.client, .place = account.place, .sold = event.day};
+  piece.stt_paid = event.stt > Paise();
   piece.document = event.document;
   piece.line = event.line;
   const auto add = [&](Shares quantity) {
@@ -196,6 +225,7 @@ void Replay::Sell(const Event& event, PieceKind kind) {
         piece.acquired = part.acquired;
         piece.entered = part.entered;
         piece.cost = part.cost;
+        piece.fair = part.fair;
         piece.source = part.source;
         add(part.quantity);
       });
@@ -203,6 +233,7 @@ void Replay::Sell(const Event& event, PieceKind kind) {
     piece.kind = kind;
     piece.has_cost = false;
     piece.cost = {};
+    piece.fair = std::nullopt;
     piece.acquired = event.day;
     piece.entered = event.day;
     piece.source = Source::kPurchase;
@@ -234,6 +265,11 @@ void Replay::AddShortage(const Account& account, const Event& event, Shares quan
 }
 
 void Replay::Apply(const DatedAction& action, const Event& event) {
+  const bool split = action.terms.kind == records::ActionKind::kSplit ||
+                     action.terms.kind == records::ActionKind::kConsolidation;
+  if (split && valued_) {
+    fair_.Split(action.terms.scrip, action.terms.Ratio());
+  }
   // What the action makes of an account is no holder of it.
   const std::size_t holders = accounts_.size();
   for (std::size_t i = 0; i < holders; ++i) {
@@ -308,6 +344,7 @@ void Replay::TakeFraction(const Account& account, Layers& layers, const DatedAct
     piece.sold = event.day;
     piece.quantity = part.quantity;
     piece.cost = part.cost;
+    piece.fair = part.fair;
     piece.sale = money.Next(part.quantity);
     piece.source = part.source;
     piece.document = action.terms.id.value;

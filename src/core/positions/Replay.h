@@ -25,8 +25,13 @@ class Replay {
     std::vector<text::FinancialYear> all;                  ///< those in `opened`, ascending
   };
 
-  Replay(std::span<const DatedAction> actions, const Years& years, Positions& result)
-      : actions_(actions), years_(years), result_(result) {}
+  Replay(std::span<const DatedAction> actions, const Years& years,
+         const tax::FairValues& fair_values, Positions& result)
+      : actions_(actions),
+        years_(years),
+        fair_values_(fair_values),
+        fair_(fair_values),
+        result_(result) {}
 
   /// The events of the scrips; adds to the result.
   void Run(std::span<const Event> events, Date to);
@@ -49,8 +54,10 @@ class Replay {
     return At(event.client, {event.account, event.scrip, event.fo});
   }
 
+  void PassTo(Date day);
   void OpenYear(text::FinancialYear year, std::span<const Event> openings);
   void Open(Account& account, text::FinancialYear year, std::span<const Event> openings);
+  void AddOpening(Account& account, OpenLayer layer);
   void Adopt(Account& account, Shares excess, std::span<const Event> openings);
   void Drop(Account& account, Shares missing, std::span<const Event> openings);
   void Play(const Event& event);
@@ -67,6 +74,9 @@ class Replay {
 
   std::span<const DatedAction> actions_;
   const Years& years_;
+  const tax::FairValues& fair_values_;
+  FairRates fair_;
+  bool valued_ = false;  ///< 31-Jan-2018 is past
   Positions& result_;
   std::deque<Account> accounts_;
   std::unordered_map<std::uint64_t, std::vector<Account*>> by_account_;

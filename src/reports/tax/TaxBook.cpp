@@ -1,0 +1,114 @@
+#include "reports/tax/TaxBook.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace quorvane::tax_year {
+namespace {
+
+using positions::Positions;
+
+/// The parts of a history of all clients by client.
+std::map<ClientId, Positions> ByClient(Positions all) {
+  std::map<ClientId, Positions> clients;
+  for (positions::Holding& one : all.holdings) {
+    clients[one.client].holdings.push_back(std::move(one));
+  }
+  for (const positions::Piece& one : all.pieces) {
+    clients[one.client].pieces.push_back(one);
+  }
+  for (const positions::Difference& one : all.differences) {
+    clients[one.of.client].differences.push_back(one);
+  }
+  for (const positions::Shortage& one : all.shortages) {
+    clients[one.client].shortages.push_back(one);
+  }
+  for (const records::Fault& one : all.faults) {
+    clients[one.client].faults.push_back(one);
+  }
+  return clients;
+}
+
+void Sort(std::vector<positions::Piece>& pieces, const lookups::Directory& directory) {
+  std::ranges::stable_sort(pieces, {}, [&](const positions::Piece& piece) {
+    return std::tuple(std::string_view(directory.Account(piece.place.account).number),
+                      std::string_view(directory.Scrip(piece.place.scrip).code), piece.sold);
+  });
+}
+
+bool IsSame(const tax::TaxLoss& entered, const OpenLoss& left) {
+  return entered.loss_year == left.loss_year && entered.kind == left.kind;
+}
+
+}  // namespace
+
+ClientTax TaxBook::Make(ClientId client, Positions history) const {
+  Sort(history.pieces, directory_);
+  ClientTax result;
+  result.year = Compute(rules_, client, history.pieces,
+                        tax::ReadTaxLosses(connection_, client, rules_.Year()));
+  if (before_ != nullptr) {
+    result.left_before = Compute(*before_, client, history.pieces,
+                                 tax::ReadTaxLosses(connection_, client, before_->Year()))
+                             .set_off.carried;
+  }
+  result.history = std::move(history);
+  return result;
+}
+
+ClientTax TaxBook::Of(ClientId client, Progress& progress) const {
+  return Make(client,
+              positions::ReadPositions(
+                  connection_, {.client = client, .to = rules_.Year().LastDay()}, progress));
+}
+
+std::vector<ClientTax> TaxBook::Of(std::span<const ClientId> clients, Progress& progress) const {
+  std::vector<ClientTax> result;
+  if (clients.size() == 1) {
+    result.push_back(Of(clients.front(), progress));
+    return result;
+  }
+  auto histories =
+      ByClient(positions::ReadPositions(connection_, {.to = rules_.Year().LastDay()}, progress));
+  for (const ClientId client : clients) {
+    progress.ThrowIfCancelled();
+    result.push_back(Make(client, std::move(histories[client])));
+  }
+  return result;
+}
+
+std::vector<tax::TaxLoss> Carried(const TaxYear& year, std::span<const OpenLoss> left_before) {
+  std::vector<tax::TaxLoss> losses;
+  for (const OpenLoss& left : left_before) {
+    losses.push_back({year.of.client, year.of.year, left.loss_year, left.kind, left.amount});
+  }
+  for (const tax::TaxLoss& entered : year.brought_forward) {
+    if (std::ranges::none_of(left_before,
+                             [&](const OpenLoss& left) { return IsSame(entered, left); })) {
+      losses.push_back(entered);
+    }
+  }
+  return losses;
+}
+
+bool IsCarried(const TaxYear& year, std::span<const OpenLoss> left_before) {
+  return std::ranges::all_of(left_before, [&](const OpenLoss& left) {
+    return std::ranges::any_of(year.brought_forward, [&](const tax::TaxLoss& entered) {
+      return IsSame(entered, left) && entered.amount == left.amount;
+    });
+  });
+}
+
+std::vector<ClientId> FamilyOf(database::Connection& connection, ClientId client) {
+  std::vector<ClientId> family;
+  for (const auto& row :
+       connection.Open("Select B.Id From ClientInfo A Join ClientInfo B On B.Id=A.Id Or "
+                       "(B.GCode=A.GCode And Trim(A.GCode)<>'') Where A.Id=? Order By B.Code",
+                       client)) {
+    family.push_back(ClientId{row.Int(0)});
+  }
+  return family;
+}
+
+}  // namespace quorvane::tax_year

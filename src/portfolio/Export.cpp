@@ -33,6 +33,7 @@ class DocumentExport {
     WritePayments(FileKind::kPayments, records::Table<records::Payment>::kName, kPaymentModes);
     WritePayments(FileKind::kReceipts, records::kReceipts, kReceiptModes);
     WriteActions();
+    WriteTaxLosses();
   }
 
  private:
@@ -221,6 +222,25 @@ class DocumentExport {
           file.Row(names_.clients.Use(d.client), names_.accounts.Use(d.account),
                    names_.scrips.Use(d.scrip), d.date, d.quantity, d.per_share, d.tax_deducted,
                    place == places.end() ? std::string() : std::to_string(place->second));
+        });
+    file.Finish();
+  }
+
+  void WriteTaxLosses() {
+    std::vector<tax::TaxLoss> losses = tax::ReadAllTaxLosses(connection_);
+    std::erase_if(losses, [this](const tax::TaxLoss& loss) {
+      return !names_.clients.Has(loss.client) ||
+             !(names_.wanted_clients.empty() || names_.wanted_clients.contains(loss.client));
+    });
+    if (losses.empty()) {
+      return folder_.Remove(LayoutOf(FileKind::kTaxLosses));
+    }
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kTaxLosses));
+    InOrder(
+        losses, [this](const tax::TaxLoss& loss) { return names_.clients.Use(loss.client); },
+        [&](const tax::TaxLoss& loss) {
+          file.Row(names_.clients.Use(loss.client), loss.year, tax::NameOf(loss.kind).file_name,
+                   loss.amount.Rupees(), loss.loss_year);
         });
     file.Finish();
   }

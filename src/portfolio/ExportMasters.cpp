@@ -1,5 +1,6 @@
 #include "core/rates/IsinBook.h"
 #include "core/records/Rates.h"
+#include "core/tax/FairValues.h"
 #include "portfolio/ExportedNames.h"
 #include "portfolio/Portfolio.h"
 
@@ -24,6 +25,7 @@ class MasterExport {
     WriteBrokers();
     WriteScrips();
     WriteIsins();
+    WriteFairValues();
     WritePercentages();
   }
 
@@ -169,6 +171,23 @@ class MasterExport {
       for (const quorvane::rates::DatedIsin& isin : isins) {
         file.Row(code, isin.isin, isin.from_day);
       }
+    }
+    file.Finish();
+  }
+
+  void WriteFairValues() {
+    std::map<std::string, double> by_code;
+    for (const auto& [scrip, rate] : tax::ReadFairValues(connection_)) {
+      if (names_.IsWanted(names_.scrips, scrip)) {
+        by_code.emplace(names_.scrips.Use(scrip), rate);
+      }
+    }
+    if (by_code.empty()) {
+      return folder_.Remove(LayoutOf(FileKind::kFairValues));
+    }
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kFairValues));
+    for (const auto& [code, rate] : by_code) {
+      file.Row(code, rate);
     }
     file.Finish();
   }

@@ -166,7 +166,15 @@ constexpr std::array<ColumnLayout, 8> kDividends{{{"client_code", true, 100},
                                                   {"tax_deducted", false, 0},
                                                   {"action", false, 0}}};
 
-constexpr std::array<FileLayout, 17> kLayouts{
+constexpr std::array<ColumnLayout, 2> kFairValues{{{"scrip_code", true, 255}, {"rate", true, 0}}};
+
+constexpr std::array<ColumnLayout, 5> kTaxLosses{{{"client_code", true, 100},
+                                                  {"fyear", true, 0},
+                                                  {"kind", true, 0},
+                                                  {"amount", true, 0},
+                                                  {"loss_year", false, 0}}};
+
+constexpr std::array<FileLayout, 19> kLayouts{
     {{FileKind::kParticipants, "participants.csv", kParticipants},
      {FileKind::kClients, "clients.csv", kClients},
      {FileKind::kAccounts, "accounts.csv", kAccounts},
@@ -183,7 +191,9 @@ constexpr std::array<FileLayout, 17> kLayouts{
      {FileKind::kIsins, "isins.csv", kIsins},
      {FileKind::kActions, "corporate_actions.csv", kActions},
      {FileKind::kActionLots, "corporate_action_lots.csv", kActionLots},
-     {FileKind::kDividends, "dividends.csv", kDividends}}};
+     {FileKind::kDividends, "dividends.csv", kDividends},
+     {FileKind::kFairValues, "fair_values.csv", kFairValues},
+     {FileKind::kTaxLosses, "tax_losses.csv", kTaxLosses}}};
 
 }  // namespace
 

@@ -24,7 +24,9 @@ enum class FileKind {
   kIsins,
   kActions,
   kActionLots,
-  kDividends
+  kDividends,
+  kFairValues,
+  kTaxLosses
 };
 
 struct ColumnLayout {
@@ -211,6 +213,18 @@ enum {
   kPerShare,
   kTaxDeducted,
   kAction  ///< place in corporate_actions.csv; empty for one that was entered by hand
+};
+}
+namespace fair_values {
+enum { kScripCode, kRate };
+}
+namespace tax_losses {
+enum {
+  kClientCode,
+  kFyear,
+  kKind,
+  kAmount,
+  kLossYear  ///< empty: the year before
 };
 }
 

@@ -22,6 +22,7 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
     const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
     ImportMovements(transaction, portfolio, names, errors, result, progress);
     ImportMoney(transaction, portfolio, names, errors, result);
+    ImportTaxRecords(transaction, portfolio, names, errors, result);
     result.errors = errors.Take();
     return dry_run || !result.errors.empty() ? MaybeRefusal(nothing_written) : std::nullopt;
   };

@@ -56,4 +56,8 @@ void ImportMovements(database::Transaction& transaction, const Portfolio& portfo
 void ImportMoney(database::Transaction& transaction, const Portfolio& portfolio,
                  const ResolvedNames& names, ErrorList& errors, ImportResult& result);
 
+/// Takes in fair values and losses brought forward.
+void ImportTaxRecords(database::Transaction& transaction, const Portfolio& portfolio,
+                      const ResolvedNames& names, ErrorList& errors, ImportResult& result);
+
 }  // namespace quorvane::portfolio

@@ -9,6 +9,7 @@
 #include "core/records/Opening.h"
 #include "core/records/Rates.h"
 #include "core/records/Transfer.h"
+#include "core/tax/TaxLosses.h"
 #include "portfolio/CsvTable.h"
 
 #include <QString>
@@ -198,6 +199,19 @@ struct DividendRow {
   std::size_t line = 0;
 };
 
+/// The highest price of a scrip on the day of the fair values.
+struct FairValueRow {
+  double rate = 0;  ///< rupees a share
+  Symbol scrip = 0;
+  std::size_t line = 0;
+};
+
+struct TaxLossRow {
+  tax::TaxLoss record;
+  Symbol client = 0;
+  std::size_t line = 0;
+};
+
 /// A portfolio folder in memory, checked row by row but not yet against a database.
 struct Portfolio {
   std::vector<MasterRow<records::Participant>> participants;
@@ -219,6 +233,8 @@ struct Portfolio {
   std::vector<ActionRow> actions;  ///< in file order, of which lots and dividends give the place
   std::vector<ActionLotRow> action_lots;
   std::vector<DividendRow> dividends;
+  std::vector<FairValueRow> fair_values;
+  std::vector<TaxLossRow> tax_losses;
 
   /// Whether the folder says what was applied; otherwise actions are applied as they are taken in.
   bool has_action_lots = false;

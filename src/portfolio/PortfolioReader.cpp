@@ -91,6 +91,10 @@ class Reader {
         return actions_.ReadActionLot();
       case FileKind::kDividends:
         return actions_.ReadDividend();
+      case FileKind::kFairValues:
+        return tax_.ReadFairValue();
+      case FileKind::kTaxLosses:
+        return tax_.ReadTaxLoss();
     }
   }
 
@@ -208,6 +212,7 @@ class Reader {
   MasterRows masters_{portfolio_, fields_};
   BillRows bills_{portfolio_, fields_};
   ActionRows actions_{portfolio_, fields_};
+  TaxRows tax_{portfolio_, fields_};
 };
 
 }  // namespace

@@ -119,4 +119,18 @@ class ActionRows {
   RowFields& fields_;
 };
 
+/// Takes the rows of the files about tax into the portfolio.
+class TaxRows {
+ public:
+  TaxRows(Portfolio& portfolio, RowFields& fields) : portfolio_(portfolio), fields_(fields) {}
+
+  // Each reads the current row, which is of the file in its name.
+  void ReadFairValue();
+  void ReadTaxLoss();
+
+ private:
+  Portfolio& portfolio_;
+  RowFields& fields_;
+};
+
 }  // namespace quorvane::portfolio

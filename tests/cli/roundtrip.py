@@ -230,6 +230,59 @@ class Recorded(ComesAgain):
         self.assert_comes_again(desk)
 
 
+class TaxRecords(ComesAgain):
+    """Fair values and losses brought forward."""
+
+    FILES = {"fair_values.csv": "scrip_code,rate\n600002,964.9\n600001,0.05\n",
+             "tax_losses.csv": "client_code,fyear,kind,amount,loss_year\n"
+                               "BI,2011-12,speculation,0.01,2007-08\n"
+                               "AN,2011-12,Short-Term,1234567.89,\n"
+                               "AN,2011-12,long-term,5,2003-04\n"}
+
+    def test_they_come_out_and_in_again(self):
+        desk = self.new_desk()
+        desk.take_in(write(self.new_folder(), BASE | self.FILES))
+        out = {name: content.decode() for name, content in desk.export().items()}
+        self.assertEqual(out["fair_values.csv"],
+                         "scrip_code,rate\n600001,0.05\n600002,964.9\n")
+        self.assertEqual(out["tax_losses.csv"],
+                         "client_code,fyear,kind,amount,loss_year\n"
+                         "AN,2011-12,long-term,5,2003-04\n"
+                         "AN,2011-12,short-term,1234567.89,2010-11\n"
+                         "BI,2011-12,speculation,0.01,2007-08\n")
+        self.assert_comes_again(desk)
+        desk.take_in(write(self.new_folder(), self.FILES))
+        part = {name: content.decode()
+                for name, content in desk.export("--client", "AN").items()}
+        self.assertEqual(len(rows(part["tax_losses.csv"])), 2)
+        self.assertEqual(part["fair_values.csv"],
+                         "scrip_code,rate\n600001,0.05\n")
+
+    def test_what_cannot_be_is_refused(self):
+        desk = self.new_desk()
+        desk.take_in(write(self.new_folder(), BASE | self.FILES))
+        before = desk.export()
+        for name, line, told in (
+                ("fair_values.csv", "600001,0", "column rate: expected a number above 0"),
+                ("fair_values.csv", "600001,1000000000", "column rate: Enter a Rate Above Zero"),
+                ("fair_values.csv", "600001,0.06", "has the fair value 0.05 already"),
+                ("fair_values.csv", "699999,1", "column scrip_code: expected a known scrip"),
+                ("tax_losses.csv", "AN,2011-12,other,1,", "column kind: expected one of"),
+                ("tax_losses.csv", "AN,2011-12,long-term,0,", "column amount: expected"),
+                ("tax_losses.csv", "AN,2011-12,long-term,0.001,", "column amount: Enter an"),
+                ("tax_losses.csv", "AN,2012-13,long-term,1,2003-04", "column loss_year: Long-Term"),
+                ("tax_losses.csv", "AN,2012-13,speculation,1,2007-08", "column loss_year: Specul"),
+                ("tax_losses.csv", "AN,2012-13,speculation,1,2012-13", "column loss_year: Enter"),
+                ("tax_losses.csv", "AN,2012-13,speculation,1,2012", "column loss_year: expected"),
+                ("tax_losses.csv", "XX,2012-13,speculation,1,", "expected a known client"),
+                ("tax_losses.csv", "AN,2011-12,long-term,6,2003-04", "recorded already, with 5")):
+            with self.subTest(line):
+                header = self.FILES[name].splitlines()[0]
+                folder = write(self.new_folder(), {name: f"{header}\n{line}\n"})
+                self.assertIn(told, desk.take_in(folder, REFUSED))
+                self.assert_same_files(before, desk.export())
+
+
 class Generated(ComesAgain):
     def test_import_of_an_export_exports_the_same(self):
         for seed, options in ((11, ("--years", "2")), (12, ("--order", "client", "--scrips", "5")),

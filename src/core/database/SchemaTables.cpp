@@ -122,18 +122,20 @@ constexpr std::array<IndexDefinition, 29> kIndexes{{
     {"ScriptAvgRate", "IxScriptAvgRateAccount", "Cid,Fyear,AcId"},
 }};
 
-constexpr std::array<ExtensionTable, 8> kExtensionTables{{
+constexpr std::array<ExtensionTable, 10> kExtensionTables{{
     {"ScripIsin", true},
     {"CorpAction", true},
     {"CorpActionLot", true},
     {"Dividend", true},
+    {"FairValue", true},
+    {"TaxLoss", true},
     {"RemovedAccount", true},
     {"RecordKey", true},
     {"Writers", false},
     {"CommitMark", false},
 }};
 
-constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
+constexpr std::array<UpgradeStep, 10> kExtensionSteps{{
     {"ScripIsin", 1,
      "Create Table if not Exists ScripIsin(ScrId int(11) Not Null, Isin varchar(12) Not Null, "
      "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
@@ -164,6 +166,16 @@ constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
      "Default 0, PerShare double Not Null Default 0, Tax double Not Null Default 0, Index "
      "IxDividendClient(CId), Index IxDividendAction(ActionId)) Engine=InnoDB Default Character Set "
      "utf8mb4 Collate utf8mb4_general_ci"},
+    {"FairValue", 1,
+     "Create Table if not Exists FairValue(ScrId int(11) Default 0 Primary Key, Rate double "
+     "Not Null Default 0) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"TaxLoss", 1,
+     "Create Table if not Exists TaxLoss(CId int(11) Not Null Default 0, Fyear varchar(10) Not "
+     "Null Default '', LossYear varchar(10) Not Null Default '', Kind int(11) Not Null Default 0, "
+     "Amount double Not Null Default 0, Primary Key(CId,Fyear,LossYear,Kind)) Engine=InnoDB "
+     "Default Character Set utf8mb4 Collate "
+     "utf8mb4_general_ci"},
     {"RemovedAccount", 1,
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
      "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "
@@ -234,6 +246,8 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"Dividend", "CId", "ClientInfo"},
     {"Dividend", "AcId", "ClientActDet"},
     {"Dividend", "ScrId", "Script"},
+    {"FairValue", "ScrId", "Script"},
+    {"TaxLoss", "CId", "ClientInfo"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(

@@ -167,9 +167,9 @@ class ClientBookTest : public test::DatabaseTest {
     (*database_)->Execute("Create Table `Later ``one` (cID int, Note varchar(10))");
     (*database_)->Execute("Create Table Unrelated (Id int, Cid int)");
     (*database_)->Execute("Create View Seen As Select Cid,Fyear From Stock");
-    const QStringList keyed{"ClientActDet", "StkOpBal",    "BrOpBal",       "Stock",
-                            "Stock_Temp",   "SPMaster",    "SPTrans",       "BrPayment",
-                            "BrRec",        "ScrTransfer", "ScriptAvgRate", "`Later ``one`"};
+    const QStringList keyed{"ClientActDet",  "StkOpBal", "BrOpBal",      "Stock", "Stock_Temp",
+                            "SPMaster",      "SPTrans",  "BrPayment",    "BrRec", "ScrTransfer",
+                            "ScriptAvgRate", "TaxLoss",  "`Later ``one`"};
     for (const ClientId client : {gone, stays}) {
       for (const QString& table : keyed) {
         (*database_)

@@ -97,6 +97,7 @@ class ScripBookTest : public test::DatabaseTest {
       (*database_)->Execute("Insert Into ScrTransfer(ScrId) Values(?)", scrip);
       (*database_)->Execute("Insert Into StkOpBal(ScriptId) Values(?)", scrip);
       (*database_)->Execute("Insert Into MarketRate(ScrId) Values(?)", scrip);
+      (*database_)->Execute("Insert Into FairValue(ScrId,Rate) Values(?,1)", scrip);
     }
     Progress progress;
     Book().Delete(gone.id, progress);
@@ -111,6 +112,7 @@ class ScripBookTest : public test::DatabaseTest {
     QCOMPARE(test::Rows(**database_, "Select ScrId From ScrTransfer"), other);
     QCOMPARE(test::Rows(**database_, "Select ScriptId From StkOpBal"), other);
     QCOMPARE(test::Rows(**database_, "Select ScrId From MarketRate"), other);
+    QCOMPARE(test::Rows(**database_, "Select ScrId From FairValue"), other);
   }
 
  private:

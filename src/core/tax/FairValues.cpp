@@ -1,0 +1,135 @@
+#include "core/tax/FairValues.h"
+
+#include "core/database/BulkWriter.h"
+#include "core/database/DateSql.h"
+#include "core/text/Amounts.h"
+#include "core/text/FinancialYear.h"
+#include "core/text/Tr.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace quorvane::tax {
+namespace {
+
+using database::Connection;
+using database::Transaction;
+
+constexpr double kMostRupees = 1e8;  ///< a share
+
+using Holding = std::pair<ClientId, ScripId>;
+
+/// What the server makes a date of an empty text is before any other.
+std::string UpToDay(std::string_view column) {
+  return database::DateOf(column) + " Between '1000-01-01' and ?";
+}
+
+/// Who acquired what up to the day. Opening stock of the day's year and of earlier ones was held
+/// then, whatever day it names.
+std::set<Holding> AcquiredByDay(Connection& connection) {
+  const std::string day = fmt::format("{:%F}", kFairValueDay);
+  const std::string year = text::FinancialYear::Of(kFairValueDay).Utf8();
+  const std::string sql = fmt::format(
+      "Select CId,ScriptId From StkOpBal Where Coalesce(FO,0)=0 and (Fyear<=? or {0}) "
+      "Union Select T.Cid,T.ScriptId From SPTrans T Join SPMaster M On M.ID=T.SID "
+      "Where T.SP=1 and Coalesce(T.FO,0)=0 and {1} "
+      "Union Select CId,ToScrId From CorpActionLot Where InQty>0 and FO=0 and {2}",
+      UpToDay("PDate"), UpToDay("M.BDate"), UpToDay("Acquired"));
+  std::set<Holding> acquired;
+  for (const auto& row : connection.Open(sql, year, day, day, day)) {
+    acquired.emplace(ClientId{row.Int(0)}, ScripId{row.Int(1)});
+  }
+  return acquired;
+}
+
+struct Gift {
+  ClientId from;
+  ClientId to;
+  ScripId scrip;
+};
+
+std::vector<Gift> GiftsBetweenClients(Connection& connection) {
+  std::vector<Gift> gifts;
+  for (const auto& row : connection.Open(
+           "Select Distinct Cid,ToClientID,ScrId From ScrTransfer Where Cid<>ToClientID")) {
+    gifts.push_back({ClientId{row.Int(0)}, ClientId{row.Int(1)}, ScripId{row.Int(2)}});
+  }
+  return gifts;
+}
+
+}  // namespace
+
+FairValues ReadFairValues(Connection& connection) {
+  FairValues values;
+  for (const auto& row : connection.Open("Select ScrId,Rate From FairValue")) {
+    values.emplace(ScripId{row.Int(0)}, row.Double(1));
+  }
+  return values;
+}
+
+MaybeRefusal CheckFairValue(double rate) {
+  if (!(rate > 0) || rate > kMostRupees) {
+    return Refusal{Tr("Tax", "Enter a Rate Above Zero, of at Most %1 Rupees.")
+                       .arg(text::NumberText(kMostRupees)),
+                   Field::kRate};
+  }
+  return std::nullopt;
+}
+
+void SaveFairValue(Transaction& transaction, ScripId scrip, double rate) {
+  SaveFairValues(transaction, {{scrip, rate}});
+}
+
+void SaveFairValues(Transaction& transaction, const FairValues& values) {
+  database::BulkWriter insert(
+      transaction,
+      "Insert Into FairValue(ScrId,Rate) Values(?,?) On Duplicate Key Update Rate=Values(Rate)",
+      "id");
+  for (const auto& [scrip, rate] : values) {
+    insert.Int(scrip.value).Double(rate).EndRow();
+  }
+  insert.Finish();
+}
+
+void RemoveFairValue(Transaction& transaction, ScripId scrip) {
+  RemoveFairValues(transaction, {scrip});
+}
+
+void RemoveFairValues(Transaction& transaction, const std::vector<ScripId>& scrips) {
+  database::BulkWriter remove(transaction, "Delete From FairValue Where ScrId=?", "i");
+  for (const ScripId scrip : scrips) {
+    remove.Int(scrip.value).EndRow();
+  }
+  remove.Finish();
+}
+
+std::set<ScripId> ScripsAcquiredByFairValueDay(Connection& connection) {
+  std::set<ScripId> scrips;
+  for (const auto& [client, scrip] : AcquiredByDay(connection)) {
+    scrips.insert(scrip);
+  }
+  return scrips;
+}
+
+std::set<ScripId> ScripsAcquiredByFairValueDay(Connection& connection, ClientId client) {
+  std::set<Holding> acquired = AcquiredByDay(connection);
+  const std::vector<Gift> gifts = GiftsBetweenClients(connection);
+  for (std::size_t before = 0; before != acquired.size();) {
+    before = acquired.size();
+    for (const Gift& gift : gifts) {
+      if (acquired.contains({gift.from, gift.scrip})) {
+        acquired.emplace(gift.to, gift.scrip);
+      }
+    }
+  }
+  std::set<ScripId> scrips;
+  for (auto held = acquired.lower_bound({client, {}});
+       held != acquired.end() && held->first == client; ++held) {
+    scrips.insert(held->second);
+  }
+  return scrips;
+}
+
+}  // namespace quorvane::tax

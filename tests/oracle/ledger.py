@@ -56,8 +56,11 @@ class _Shelf:
         pieces = self._by_entry(self._layers[account, action.scrip])
         if not pieces:
             return []
-        done = effect(pieces, action)
-        if done.out:
+        done = effect(pieces, action, account)
+        if action.kind == "buy-back":
+            for piece in done.out:
+                self.take(account, action.scrip, piece.quantity, piece.rate)
+        elif done.out:
             self._layers[account, action.scrip] = []
         for scrip, piece in done.into:
             self.put(account, scrip, piece.acquired, piece.rate, piece.quantity,

@@ -6,7 +6,7 @@ from datetime import date
 from fractions import Fraction
 from typing import NamedTuple
 
-from actions import Piece, effect
+from actions import Effect, Piece, effect
 from exact import anniversary, financial_year, first_day, last_day, paise, rounded
 from folder import Action, Bill, Line, Transfer
 from ledger import Ledger
@@ -104,6 +104,7 @@ class _Collector:
         self._start = choice.start or first_day(year)
         self._end = choice.end or last_day(year)
         self.sides: dict[tuple[str, str], _Sides] = defaultdict(_Sides)
+        self.effects: list[tuple[int, str, Effect]] = []  # with the action's place by day
         portfolio = ledger.portfolio
         for order, row in enumerate(portfolio.openings):
             if (row.client, row.year) == (client, year) and self._wanted(row.fo):
@@ -160,7 +161,8 @@ class _Collector:
             pieces = self._held(self.sides[account, action.scrip], action)
             if not pieces:
                 continue
-            done, zero = effect(pieces, action), Fraction(0)
+            done, zero = effect(pieces, action, account), Fraction(0)
+            self.effects.append((order, account, done))
             for n, piece in enumerate(done.out):
                 self.sides[account, action.scrip].sales.append((
                     (action.ex_day, _ACTION, order, n),

@@ -108,6 +108,7 @@ def effect(pieces: list[Piece], action: Action, account: str = "") -> Effect:
         return Effect([])
     held = sum((one.quantity for one in pieces), Fraction(0))
     one, here, there = Fraction(1), action.scrip, action.other
+    chosen = None if action.given is None else sum(action.given.get(account, ()), Fraction(0))
     if action.kind in ("split", "consolidation"):
         return _exchanged(pieces, here, action.new, action.old)
     if action.kind == "merger":
@@ -124,9 +125,9 @@ def effect(pieces: list[Piece], action: Action, account: str = "") -> Effect:
                       + [Move(each, Fraction(0), there, gone)
                          for each, gone in zip(pieces, moved)])
     if action.kind == "buy-back":
-        return _given(pieces, sum(action.given.get(account, ()), Fraction(0)))
+        return _given(pieces, chosen or Fraction(0))
     if action.kind in ("bonus", "rights"):
-        whole = kept(held * action.new / action.old)
+        whole = kept(held * action.new / action.old) if chosen is None else chosen
         whole -= whole % 1
         rate = action.price if action.kind == "rights" else Fraction(0)
         none = Piece(Fraction(0), Fraction(0), action.ex_day)

@@ -37,6 +37,7 @@ class Line(NamedTuple):
     lot_rate: Fraction | None
     non_delivery: bool
     row: int
+    no_lot: bool = False  # a sale that takes from none
 
 
 class Bill(NamedTuple):
@@ -68,7 +69,7 @@ class Action(NamedTuple):
     other: str
     price: Fraction
     percent: Fraction
-    given: dict[str, list[Fraction]] = {}  # to a buy-back: account -> shares, lot by lot
+    given: dict[str, list[Fraction]] | None = None  # or subscribed: account -> shares, lot by lot
 
 
 class Loss(NamedTuple):
@@ -139,8 +140,8 @@ class _Reader:
             row["side"] == "P", row["scrip_code"], number(row["quantity"]), number(row["rate"]),
             number(row.get("brokerage", "")), number(row.get("service_tax", "")),
             number(row.get("stt", "")), row.get("fo", "") == "1",
-            number(lot_rate) if lot_rate else None,
-            row.get("delivery_type", "") == "Non Delivery Based", row_number)
+            number(lot_rate) if lot_rate not in ("", "none") else None,
+            row.get("delivery_type", "") == "Non Delivery Based", row_number, lot_rate == "none")
 
     def transfers(self) -> list[Transfer]:
         return [Transfer(day(row["date"]), row["from_account"], row["to_account"],
@@ -157,15 +158,19 @@ class _Reader:
                        maybe_day(row.get("allotment_date", "")), number(row.get("new", "")),
                        number(row.get("old", "")), row.get("other_scrip_code", ""),
                        number(row.get("price", "")), number(row.get("cost_percent", "")),
-                       self._given(n) if row["kind"] == "buy-back" else {})
+                       self._given(n, row["kind"]))
                 for n, (_row_number, row) in
                 enumerate(_rows(self.folder, "corporate_actions.csv"), 1)]
 
-    def _given(self, action: int) -> dict[str, list[Fraction]]:
+    def _given(self, action: int, kind: str) -> dict[str, list[Fraction]] | None:
+        """What the folder says about rights and buy-backs, where it says anything."""
+        column = {"rights": "in", "buy-back": "out"}.get(kind)
+        if not column or not (self.folder / "corporate_action_lots.csv").exists():
+            return None
         given: dict[str, list[Fraction]] = {}
         for _row_number, row in _rows(self.folder, "corporate_action_lots.csv"):
             if row["action"] == str(action):
-                given.setdefault(row["account_no"], []).append(number(row["out"]))
+                given.setdefault(row["account_no"], []).append(number(row[column]))
         return given
 
     def losses(self) -> list[Loss]:

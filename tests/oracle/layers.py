@@ -209,7 +209,7 @@ class History:
                 self._apply(action)
         for action in self.portfolio.actions:
             if action.ex_day == when:
-                self._take_back(action)
+                self._subscribe_or_give(action)
         bills = [bill for bill in self.portfolio.bills if bill.date == when]
         for bill in bills:
             for line in self.lines[bill.order]:
@@ -258,12 +258,16 @@ class History:
                 kind = "without-cost"
             self._sold(place, kind, part, when, *(one[n] for one in amounts), wholes[2] > 0)
 
-    def _take_back(self, action: Action):
-        """A buy-back: the company takes what was given, lot by lot."""
-        for account, lots in action.given.items():
+    def _subscribe_or_give(self, action: Action):
+        """What accounts chose to take of rights, or to give to a buy-back, lot by lot."""
+        for account, lots in (action.given or {}).items():
             for quantity in lots:
-                self._leave((account, action.scrip, False), "buy-back", action.ex_day, quantity,
-                            (paise(action.price * quantity), 0, 0))
+                place, amount = (account, action.scrip, False), paise(action.price * quantity)
+                if action.kind == "rights":
+                    put(self._at(*place),
+                        [Layer(held_from(action), action.ex_day, quantity, amount)])
+                else:
+                    self._leave(place, "buy-back", action.ex_day, quantity, (amount, 0, 0))
 
     def _sold(self, place, kind, part: Layer, when: date, sale: int, expenses=0, stt=0,
               stt_paid=False):
@@ -287,7 +291,7 @@ class History:
             given = [Layer(held_from(action), action.ex_day, new, 0)]
             self._fraction(here, given, action)
             put(layers, given)
-        elif action.kind == "rights":
+        elif action.kind == "rights" and action.given is None:
             whole = new - new % 1
             if whole:
                 put(layers, [Layer(held_from(action), action.ex_day, whole,

@@ -191,9 +191,9 @@ class _Collector:
         return pieces
 
 
-def _collect(ledger: Ledger, client: str, year: str, choice: Choice):
-    """(account, scrip) -> _Sides"""
-    return _Collector(ledger, client, year, choice).sides
+def collect(ledger: Ledger, client: str, year: str, choice: Choice) -> _Collector:
+    """`sides`: (account, scrip) -> _Sides, and `effects` of the corporate actions."""
+    return _Collector(ledger, client, year, choice)
 
 
 def _kind(bought: date, sold: date) -> str:
@@ -286,7 +286,7 @@ def statement(ledger: Ledger, client: str, year: str, choice: Choice = Choice())
     """Scrips by name, in them accounts by number: sales and transfers out in their order, then
     what is unsold in purchase order; then the scrip's total, also when nothing of it is listed.
     Last the net total. Nothing at all for a client without a movement in the period."""
-    sides = _collect(ledger, client, year, choice)
+    sides = collect(ledger, client, year, choice).sides
     names = ledger.portfolio.scrips
     result: list[Row] = []
     listed: list[Row] = []
@@ -320,7 +320,7 @@ class Remaining(NamedTuple):
 def remaining(ledger: Ledger, client: str, year: str) -> list[Remaining]:
     """By account and scrip code, in purchase order; charges pro rata to the paisa."""
     result = []
-    sides = _collect(ledger, client, year, Choice())
+    sides = collect(ledger, client, year, Choice()).sides
     for account, scrip in sorted(sides):
         purchases, sales = sides[account, scrip].in_order()
         _match((account, scrip), purchases, sales, Choice())

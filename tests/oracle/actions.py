@@ -21,9 +21,27 @@ class Piece(NamedTuple):
     stt: Fraction = Fraction(0)
 
 
-class Effect(NamedTuple):
-    out: list[Piece]
-    into: list[tuple[str, Piece]]  # with their scrips
+class Move(NamedTuple):
+    """What goes out of one piece, and what comes in for it."""
+
+    source: Piece
+    out: Fraction
+    scrip: str = ""
+    into: Piece | None = None
+
+
+class Effect:
+    def __init__(self, moves: list[Move]):
+        self.moves = [one for one in moves if one.out or one.into]
+
+    @property
+    def out(self) -> list[Piece]:
+        return [one.source._replace(quantity=one.out) for one in self.moves if one.out]
+
+    @property
+    def into(self) -> list[tuple[str, Piece]]:
+        """With their scrips."""
+        return [(one.scrip, one.into) for one in self.moves if one.into]
 
 
 def kept(quantity: Fraction) -> Fraction:
@@ -52,9 +70,10 @@ def restated(quantities: list[Fraction], total: Fraction) -> list[Fraction]:
     return result
 
 
-def _converted(pieces: list[Piece], action: Action, new: Fraction, old: Fraction,
-               part: Fraction) -> list[Piece]:
-    """The pieces at a ratio with a part of their cost; the fraction of a share goes off the first."""
+def _converted(pieces: list[Piece], new: Fraction, old: Fraction,
+               part: Fraction) -> list[Piece | None]:
+    """The pieces at a ratio with a part of their cost; the fraction of a share goes off the first.
+    None where nothing is left."""
     exact = restated([one.quantity for one in pieces],
                      kept(sum(one.quantity for one in pieces) * new / old))
     fraction = sum(exact) % 1
@@ -66,32 +85,52 @@ def _converted(pieces: list[Piece], action: Action, new: Fraction, old: Fraction
         result.append(Piece(one.rate * part * old / new, quantity - gone, one.acquired,
                             one.brokerage * part * old / new, rounded(one.service_tax * share),
                             rounded(one.stt * share)))
-    return [one for one in result if one.quantity]
+    return [one if one.quantity else None for one in result]
 
 
-def effect(pieces: list[Piece], action: Action) -> Effect:
+def _exchanged(pieces: list[Piece], scrip: str, new: Fraction, old: Fraction) -> Effect:
+    return Effect([Move(piece, piece.quantity, scrip, into)
+                   for piece, into in zip(pieces, _converted(pieces, new, old, Fraction(1)))])
+
+
+def _given(pieces: list[Piece], quantity: Fraction) -> Effect:
+    """Shares that go to a buy-back, first those that came in first."""
+    moves = []
+    for piece in pieces:
+        part = min(quantity, piece.quantity)
+        quantity -= part
+        moves.append(Move(piece, part))
+    return Effect(moves)
+
+
+def effect(pieces: list[Piece], action: Action, account: str = "") -> Effect:
     if not pieces:
-        return Effect([], [])
+        return Effect([])
     held = sum((one.quantity for one in pieces), Fraction(0))
     one, here, there = Fraction(1), action.scrip, action.other
+    chosen = None if action.given is None else sum(action.given.get(account, ()), Fraction(0))
     if action.kind in ("split", "consolidation"):
-        return Effect(pieces, [(here, piece) for piece in
-                               _converted(pieces, action, action.new, action.old, one)])
-    if action.kind == "merger" or action.kind == "name-change" and there:
-        new, old = (action.new, action.old) if action.kind == "merger" else (one, one)
-        return Effect(pieces, [(there, piece) for piece in
-                               _converted(pieces, action, new, old, one)])
+        return _exchanged(pieces, here, action.new, action.old)
+    if action.kind == "merger":
+        return _exchanged(pieces, there, action.new, action.old)
+    if action.kind == "name-change" and there:
+        return _exchanged(pieces, there, one, one)
     if action.kind == "demerger":
         part = action.percent / 100
         stay = [Piece(each.rate * (1 - part), each.quantity, each.acquired,
                       each.brokerage * (1 - part), rounded(each.service_tax * (1 - part)),
                       rounded(each.stt * (1 - part))) for each in pieces]
-        return Effect(pieces, [(here, piece) for piece in stay]
-                      + [(there, piece) for piece in
-                         _converted(pieces, action, action.new, action.old, part)])
+        moved = _converted(pieces, action.new, action.old, part)
+        return Effect([Move(each, each.quantity, here, left) for each, left in zip(pieces, stay)]
+                      + [Move(each, Fraction(0), there, gone)
+                         for each, gone in zip(pieces, moved)])
+    if action.kind == "buy-back":
+        return _given(pieces, chosen or Fraction(0))
     if action.kind in ("bonus", "rights"):
-        whole = kept(held * action.new / action.old)
+        whole = kept(held * action.new / action.old) if chosen is None else chosen
         whole -= whole % 1
         rate = action.price if action.kind == "rights" else Fraction(0)
-        return Effect([], [(here, Piece(rate, whole, held_from(action)))] if whole else [])
-    return Effect([], [])
+        none = Piece(Fraction(0), Fraction(0), action.ex_day)
+        into = Piece(rate, whole, held_from(action)) if whole else None
+        return Effect([Move(none, Fraction(0), here, into)])
+    return Effect([])

@@ -37,6 +37,7 @@ class Line(NamedTuple):
     lot_rate: Fraction | None
     non_delivery: bool
     row: int
+    no_lot: bool = False  # a sale that takes from none
 
 
 class Bill(NamedTuple):
@@ -68,6 +69,17 @@ class Action(NamedTuple):
     other: str
     price: Fraction
     percent: Fraction
+    given: dict[str, list[Fraction]] | None = None  # or subscribed: account -> shares, lot by lot
+
+
+class Loss(NamedTuple):
+    """Brought forward into a year."""
+
+    client: str
+    year: str
+    kind: str
+    amount: Fraction
+    loss_year: str
 
 
 class Portfolio(NamedTuple):
@@ -78,6 +90,8 @@ class Portfolio(NamedTuple):
     bills: list[Bill]
     transfers: list[Transfer]
     actions: list[Action]
+    fair_values: dict[str, Fraction] = {}  # scrip code -> highest price of 31/01/2018
+    losses: list[Loss] = []
 
 
 def _rows(folder: Path, name: str):
@@ -94,11 +108,11 @@ def _rows(folder: Path, name: str):
 class _Reader:
     def __init__(self, folder: Path):
         self.folder = folder
-        self.clients = self._keyed("clients.csv", "code", "name")
-        self.accounts = self._keyed("accounts.csv", "account_no", "client_code")
-        self.scrips = self._keyed("scrips.csv", "code", "name")
+        self.clients = self.keyed("clients.csv", "code", "name")
+        self.accounts = self.keyed("accounts.csv", "account_no", "client_code")
+        self.scrips = self.keyed("scrips.csv", "code", "name")
 
-    def _keyed(self, name: str, key: str, value: str) -> dict[str, str]:
+    def keyed(self, name: str, key: str, value: str) -> dict[str, str]:
         return {row[key]: row[value] for _row_number, row in _rows(self.folder, name)}
 
     def openings(self) -> list[Opening]:
@@ -126,8 +140,8 @@ class _Reader:
             row["side"] == "P", row["scrip_code"], number(row["quantity"]), number(row["rate"]),
             number(row.get("brokerage", "")), number(row.get("service_tax", "")),
             number(row.get("stt", "")), row.get("fo", "") == "1",
-            number(lot_rate) if lot_rate else None,
-            row.get("delivery_type", "") == "Non Delivery Based", row_number)
+            number(lot_rate) if lot_rate not in ("", "none") else None,
+            row.get("delivery_type", "") == "Non Delivery Based", row_number, lot_rate == "none")
 
     def transfers(self) -> list[Transfer]:
         return [Transfer(day(row["date"]), row["from_account"], row["to_account"],
@@ -143,14 +157,34 @@ class _Reader:
                        maybe_day(row.get("record_date", "")),
                        maybe_day(row.get("allotment_date", "")), number(row.get("new", "")),
                        number(row.get("old", "")), row.get("other_scrip_code", ""),
-                       number(row.get("price", "")), number(row.get("cost_percent", "")))
-                for _row_number, row in _rows(self.folder, "corporate_actions.csv")]
+                       number(row.get("price", "")), number(row.get("cost_percent", "")),
+                       self._given(n, row["kind"]))
+                for n, (_row_number, row) in
+                enumerate(_rows(self.folder, "corporate_actions.csv"), 1)]
+
+    def _given(self, action: int, kind: str) -> dict[str, list[Fraction]] | None:
+        """What the folder says about rights and buy-backs, where it says anything."""
+        column = {"rights": "in", "buy-back": "out"}.get(kind)
+        if not column or not (self.folder / "corporate_action_lots.csv").exists():
+            return None
+        given: dict[str, list[Fraction]] = {}
+        for _row_number, row in _rows(self.folder, "corporate_action_lots.csv"):
+            if row["action"] == str(action):
+                given.setdefault(row["account_no"], []).append(number(row[column]))
+        return given
+
+    def losses(self) -> list[Loss]:
+        return [Loss(row["client_code"], row["fyear"], row["kind"], number(row["amount"]),
+                     row["loss_year"]) for _row_number, row in _rows(self.folder, "tax_losses.csv")]
 
 
 def read(path) -> Portfolio:
     reader = _Reader(Path(path))
     return Portfolio(reader.clients, reader.accounts, reader.scrips, reader.openings(),
-                     reader.bills(), reader.transfers(), reader.actions())
+                     reader.bills(), reader.transfers(), reader.actions(),
+                     {code: number(rate) for code, rate in
+                      reader.keyed("fair_values.csv", "scrip_code", "rate").items()},
+                     reader.losses())
 
 
 def years(portfolio: Portfolio) -> list[str]:

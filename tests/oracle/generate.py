@@ -2,10 +2,11 @@
 """Writes a random but legal portfolio folder: the same arguments give the same files.
 
     generate.py --lines N --seed S --out FOLDER [--clients C] [--scrips K] [--years Y]
-                [--first-year 2011] [--order date|client] [--actions A]
+                [--first-year 2011] [--order date|client] [--actions A] [--tax]
 
-N is the number of lines in bills.csv, A that of corporate actions a year. Files are written as they come up; memory follows the number
-of lots held, not N. With --order client the bills are sorted by client at the end, in memory.
+N is the number of lines in bills.csv, A that of corporate actions a year. Files are written as they
+come up; memory follows the number of lots held, not N. With --order client the bills are sorted by
+client at the end, in memory. --tax makes what the tax of a year depends on (generate_tax.py).
 """
 
 import argparse
@@ -70,6 +71,7 @@ class Generator:
         self.lines = arguments.lines
         self.action_count = arguments.actions
         self.actions: list[str] = []
+        self.applied: list[tuple[Action, dict[str, Effect]]] = []
         self.ended: set[str] = set()  # scrips that have gone into another one
         self.years = [arguments.first_year + n for n in range(arguments.years)]
         self.by_client = arguments.order == "client"
@@ -78,6 +80,8 @@ class Generator:
         self.clients = [f"C{n:05d}" for n in range(1, clients + 1)]
         self.accounts: list[tuple[str, str]] = []
         self.scrips = [f"{600001 + 7 * n}" for n in range(arguments.scrips)]
+        self.delivered = self.scrips  # scrips that are transferred and have actions
+        self.oldest = 900  # days that an opening purchase lies back at most
         self.price = {scrip: self.random.randint(20, 3000) * RATE for scrip in self.scrips}
         self.brokers = ["AMARNATH BROKING", "BHAGIRATHI SHARES & STOCKS", 'CHITRA "FAST" EQUITY']
         # (account, scrip) -> layers, earliest purchase first
@@ -190,8 +194,11 @@ class Generator:
                 self.intraday(key, when, bought, sold)
             else:
                 bought.append(self.purchase(key, when, False)[0])
+        return self.bill_rows(client, account, when, sold + bought if self.chance(30)
+                              else bought + sold)
+
+    def bill_rows(self, client: str, account: str, when: date, rows: list[str]) -> list[str]:
         self.bill_count += 1
-        rows = sold + bought if self.chance(30) else bought + sold
         head = (f"{client},{account},{self.bill_count:07d},{dmy(when)},"
                 f"{when.year}{when.month:02d}{when.day:02d},{self.broker()},"
                 f"{self.random.choice(('NSE', 'BSE'))},")
@@ -207,7 +214,11 @@ class Generator:
         kind = "Non Delivery Based" if intraday else "Delivery Based"
         return (f"{side},{scrip},{plain(quantity, QUANTITY)},{plain(rate, RATE)},"
                 f"{plain(brokerage, RATE)},{plain(tax, 100)},{plain(stt, 100)},"
-                f"{'0.025' if intraday else '0.125'},{kind},{int(not self.action_count and self.chance(3))},{lot_rate}")
+                f"{'0.025' if intraday else '0.125'},{kind},{self.fo(scrip, 3)},{lot_rate}")
+
+    def fo(self, _scrip: str, percent: int) -> int:
+        """Whether a line is one of futures and options."""
+        return int(not self.action_count and self.chance(percent))
 
     def purchase(self, key, when: date, intraday: bool) -> tuple[str, Layer]:
         _account, scrip = key
@@ -247,7 +258,7 @@ class Generator:
     def holder(self, among) -> tuple[str, str] | None:
         """An (account, scrip) with something in it, among some accounts."""
         for _attempt in range(20):
-            key = (self.random.choice(among)[1], self.random.choice(self.scrips))
+            key = (self.random.choice(among)[1], self.random.choice(self.delivered))
             if self.held.get(key):
                 return key
         return None
@@ -286,23 +297,26 @@ class Generator:
     def opening_rows(self):
         owners = {account: client for client, account in self.accounts}
         for n, year in enumerate(self.years):
-            if n == 0:
-                self.first_layers(year)
+            self.begin_year(n, year)
             for (account, scrip), layers in sorted(self.held.items()):
                 for layer in layers:
                     brokerage, tax, stt = self.charges(layer.left, layer.rate, False)
                     yield (f"{owners[account]},{account},{year_text(year)},{scrip},"
                            f"{plain(layer.left, QUANTITY)},{plain(layer.rate, RATE)},"
                            f"{dmy(layer.bought)},{plain(tax, 100)},{plain(brokerage, RATE)},"
-                           f"{plain(stt, 100)},"
-                           f"{int(not self.action_count and self.chance(2))}")
+                           f"{plain(stt, 100)},{self.fo(scrip, 2)}")
             self.trading_year(year, self.lines * (n + 1) // len(self.years)
                               - self.lines * n // len(self.years))
 
-    def first_layers(self, year: int):
-        for _client, account in self.accounts:
+    def begin_year(self, n: int, year: int):
+        if n == 0:
+            self.first_layers(year, self.accounts)
+
+    def first_layers(self, year: int, accounts):
+        for _client, account in accounts:
             for scrip in self.random.sample(self.scrips, min(3, len(self.scrips))):
-                days = [self.random.randint(1, 900) for _ in range(self.random.choice((1, 2)))]
+                days = [self.random.randint(1, self.oldest)
+                        for _ in range(self.random.choice((1, 2)))]
                 for back in sorted(days, reverse=True):
                     self.held[account, scrip].append(Layer(
                         date(year, 4, 1) - timedelta(days=back), self.rate(scrip),
@@ -316,14 +330,11 @@ class Generator:
             for layer in layers:
                 layer.entered = layer.bought  # an opening row has no other day
                 layer.received, layer.arrival = layer.left, next(Layer.arrivals)
-        written = 0
-        due_actions = self.random.sample(range(days), self.action_count)
-        for n in range(days):
+        due_actions = self.action_days(first, days)
+        for n, due in enumerate(self.lines_by_day(first, days, lines)):
             when = first + timedelta(days=n)
             if n in due_actions:
                 self.act(when)
-            due = lines * (n + 1) // days - written
-            written += due
             on_arrival = due > 0 and self.chance(10)
             busy = self.day_bills(when, due - 1 if on_arrival else due)
             if not on_arrival:
@@ -331,15 +342,29 @@ class Generator:
             elif not self.sold_on_arrival(self.transfers, when, busy):
                 self.day_bills(when, 1)
 
+    def lines_by_day(self, _first: date, days: int, lines: int) -> list[int]:
+        return [lines * (n + 1) // days - lines * n // days for n in range(days)]
+
     # Corporate actions
 
+    def action_days(self, _first: date, days: int) -> list[int]:
+        return self.random.sample(range(days), self.action_count)
+
+    def new_action(self, when: date) -> Action:
+        scrip, other = self.random.sample([one for one in self.delivered
+                                           if one not in self.ended], 2)
+        kind, new, old = self.kind_of_action(when)
+        return Action(kind, scrip, when, None, None, Fraction(new), Fraction(old),
+                      other if kind in ("merger", "demerger", "name-change") else "",
+                      Fraction(self.random.randint(1, 500)),
+                      Fraction("33.35") if kind == "demerger" else Fraction(0))
+
+    def kind_of_action(self, _when: date) -> tuple[str, int, int]:
+        return self.random.choice(ACTIONS)
+
     def act(self, when: date):
-        scrip, other = self.random.sample([one for one in self.scrips if one not in self.ended], 2)
-        kind, new, old = self.random.choice(ACTIONS)
-        action = Action(kind, scrip, when, None, None, Fraction(new), Fraction(old),
-                        other if kind in ("merger", "demerger", "name-change") else "",
-                        Fraction(self.random.randint(1, 500)),
-                        Fraction("33.35") if kind == "demerger" else Fraction(0))
+        action = self.new_action(when)
+        kind, scrip = action.kind, action.scrip
         effects = {account: self.effect_on(account, action) for _client, account in self.accounts}
         if any(len(exact_text(piece.rate)) > 14 for done in effects.values()
                for _scrip, piece in done.into):
@@ -348,10 +373,11 @@ class Generator:
             self.ended.add(scrip)
         for account, done in effects.items():
             self.apply(account, action, done)
+        self.applied.append((action, effects))
         self.actions.append(
-            f"{scrip},{kind},{dmy(when)},{exact_text(action.new) if new else ''},"
-            f"{exact_text(action.old) if old else ''},{action.other},{exact_text(action.price)},"
-            f"{exact_text(action.percent)}")
+            f"{scrip},{kind},{dmy(when)},{exact_text(action.new) if action.new else ''},"
+            f"{exact_text(action.old) if action.old else ''},{action.other},"
+            f"{exact_text(action.price)},{exact_text(action.percent)}")
 
     def effect_on(self, account: str, action: Action) -> Effect:
         """Within a lot the sales have used up what came in first."""
@@ -366,10 +392,18 @@ class Generator:
             if used_up < layer.received:
                 pieces.append(Piece(Fraction(layer.rate) / RATE,
                                     Fraction(layer.received - used_up, QUANTITY), layer.bought))
-        return effect(pieces, action)
+        return effect(pieces, self.chosen(account, action, pieces), account)
+
+    def chosen(self, _account: str, action: Action, _pieces: list[Piece]) -> Action:
+        """The action with what an account chooses of it."""
+        return action
 
     def apply(self, account: str, action: Action, done: Effect):
-        if done.out:
+        if action.kind == "buy-back":
+            for piece in done.out:
+                self.take((account, action.scrip), int(piece.quantity * QUANTITY),
+                          piece.rate * RATE)
+        elif done.out:
             self.held[account, action.scrip] = []
             self.gone[account, action.scrip] = []
         for scrip, piece in done.into:
@@ -440,7 +474,12 @@ def main():
     parser.add_argument("--first-year", type=int, default=2011)
     parser.add_argument("--order", choices=("date", "client"), default="date")
     parser.add_argument("--actions", type=int, default=0, help="corporate actions a year")
-    Generator(parser.parse_args()).run()
+    parser.add_argument("--tax", action="store_true", help="has corporate actions, too")
+    arguments = parser.parse_args()
+    generator = Generator
+    if arguments.tax:
+        from generate_tax import TaxGenerator as generator  # which builds on this module
+    generator(arguments).run()
 
 
 if __name__ == "__main__":

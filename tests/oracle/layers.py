@@ -3,6 +3,7 @@ and costs, first in, first out by the day on which they entered an account."""
 
 from datetime import date
 from fractions import Fraction
+from typing import NamedTuple
 
 from actions import held_from, kept, restated
 from exact import dmy, financial_year, first_day, money, paise, plain
@@ -11,6 +12,7 @@ from ledger import Ledger
 
 COLUMNS = ("row", "account_no", "scrip_code", "acquired", "entered", "quantity", "cost", "sold",
            "sale", "expenses", "stt")
+FAIR_DAY = date(2018, 1, 31)
 
 
 def half_away(value: Fraction) -> int:
@@ -29,16 +31,50 @@ def shared(whole: int, parts: list[Fraction]) -> list[int]:
 
 
 class Layer:
-    def __init__(self, acquired, entered, quantity, cost, intraday=False):
+    """`fair` is the fair value of 31/01/2018 in paise, of shares acquired until then; None where
+    there is none. It is divided as the cost is."""
+
+    def __init__(self, acquired, entered, quantity, cost, intraday=False, fair=None):
         self.acquired, self.entered = acquired, entered
-        self.quantity, self.cost, self.intraday = quantity, cost, intraday
+        self.quantity, self.cost, self.intraday, self.fair = quantity, cost, intraday, fair
 
     def part(self, quantity: Fraction) -> "Layer":
         """Takes a part out, with its share of the cost."""
-        cost = half_away(Fraction(self.cost) * quantity / self.quantity)
+        cost, fair = self._shares(quantity / self.quantity)
         self.quantity -= quantity
+        return Layer(self.acquired, self.entered, quantity, cost, self.intraday, fair)
+
+    def split_off(self, percent: Fraction) -> "Layer":
+        """Takes a part of the cost out, for as many shares."""
+        cost, fair = self._shares(percent / 100)
+        return Layer(self.acquired, self.entered, self.quantity, cost, fair=fair)
+
+    def _shares(self, part: Fraction) -> tuple[int, int | None]:
+        """Takes a part of the cost and of the fair value out."""
+        cost, fair = half_away(self.cost * part), None
         self.cost -= cost
-        return Layer(self.acquired, self.entered, quantity, cost, self.intraday)
+        if self.fair is not None:
+            fair = half_away(self.fair * part)
+            self.fair -= fair
+        return cost, fair
+
+
+class Sold(NamedTuple):
+    """A piece that left, or a difference of a year's opening."""
+
+    place: tuple[str, str, bool]
+    when: date
+    kind: str
+    acquired: date
+    entered: date | None
+    quantity: Fraction
+    cost: int
+    sold: date | None = None
+    sale: int | None = None
+    expenses: int | None = None
+    stt: int | None = None
+    stt_paid: bool = False
+    fair: int | None = None
 
 
 def take(layers: list[Layer], quantity: Fraction, when: date, intraday=False) -> list[Layer]:
@@ -72,13 +108,17 @@ class History:
         self.portfolio = ledger.portfolio
         self.lines = ledger.lines
         self.layers: dict[tuple[str, str, bool], list[Layer]] = {}
-        self.rows: list[tuple] = []
+        self.rows: list[Sold] = []
         opened = {(row.client, row.year) for row in self.portfolio.openings}
         self.first = self._first_years()
         days = {one.date for one in (*self.portfolio.bills, *self.portfolio.transfers)}
         days |= {action.ex_day for action in self.portfolio.actions}
         days |= {first_day(year) for _client, year in opened}
+        valued = False
         for when in sorted(days):
+            if when > FAIR_DAY and not valued:
+                self._value()
+                valued = True
             year = financial_year(when)
             if when == first_day(year):
                 self._open(year, {client for client, of in opened if of == year})
@@ -98,14 +138,32 @@ class History:
     def _at(self, account, scrip, fo=False) -> list[Layer]:
         return self.layers.setdefault((account, scrip, fo), [])
 
+    def _value(self):
+        """What is held at the end of 31/01/2018 gets its fair value."""
+        for (_account, scrip, _fo), layers in self.layers.items():
+            for layer in layers:
+                layer.fair = self._fair(scrip, layer.acquired, layer.quantity, FAIR_DAY)
+
+    def _fair(self, scrip: str, acquired: date, quantity: Fraction, entered: date) -> int | None:
+        """Of shares that enter on a day; splits until then have changed their number."""
+        if scrip not in self.portfolio.fair_values or acquired > FAIR_DAY or entered < FAIR_DAY:
+            return None
+        value = self.portfolio.fair_values[scrip] * quantity
+        for action in self.portfolio.actions:
+            if (action.kind in ("split", "consolidation") and action.scrip == scrip
+                    and FAIR_DAY < action.ex_day < entered):
+                value *= action.old / action.new
+        return paise(value)
+
     def _open(self, year: str, clients: set[str]):
         opening: dict[tuple, list[Layer]] = {}
         for row in self.portfolio.openings:
             if row.year == year:
                 cost = paise((row.rate + row.brokerage) * row.quantity) + paise(row.service_tax)
                 self._at(row.account, row.scrip, row.fo)
+                fair = self._fair(row.scrip, row.date, row.quantity, first_day(year))
                 opening.setdefault((row.account, row.scrip, row.fo), []).append(
-                    Layer(row.date, row.date, row.quantity, cost))
+                    Layer(row.date, row.date, row.quantity, cost, fair=fair))
         for place, layers in self.layers.items():
             client = self.portfolio.accounts[place[0]]
             if client in clients:
@@ -119,8 +177,8 @@ class History:
         if not excess:
             return
         cost = sum(one.cost for one in recorded) - sum(one.cost for one in layers)
-        self.rows.append((place, first_day(year), "difference", first_day(year), None, excess,
-                          cost, None, None, None, None))
+        self.rows.append(Sold(place, first_day(year), "difference", first_day(year), None, excess,
+                              cost))
         by_day: dict[date, Fraction] = {}
         for sign, some in ((1, recorded), (-1, layers)):
             for one in some:
@@ -131,7 +189,9 @@ class History:
                 if part:
                     by_day[one.acquired] -= part
                     excess -= part
-                    put(layers, [one.part(part)])
+                    new = one.part(part)
+                    new.fair = self._fair(place[1], new.acquired, part, first_day(year))
+                    put(layers, [new])
             return
         for when in sorted(by_day):
             part = min(-excess, max(-by_day[when], Fraction(0)))
@@ -147,6 +207,9 @@ class History:
         for action in self.portfolio.actions:
             if action.ex_day == when:
                 self._apply(action)
+        for action in self.portfolio.actions:
+            if action.ex_day == when:
+                self._subscribe_or_give(action)
         bills = [bill for bill in self.portfolio.bills if bill.date == when]
         for bill in bills:
             for line in self.lines[bill.order]:
@@ -164,35 +227,52 @@ class History:
                     taken.append(Layer(when, when, missing,
                                        half_away(whole * missing / move.quantity)))
                 put(self._at(move.target, move.scrip),
-                    [Layer(one.acquired, when, one.quantity, one.cost) for one in taken])
+                    [Layer(one.acquired, when, one.quantity, one.cost, fair=one.fair)
+                     for one in taken])
         for bill in bills:
             for line in self.lines[bill.order]:
                 if not line.purchase:
                     self._sell(bill, line)
 
     def _sell(self, bill, line):
-        place = (bill.account, line.scrip, line.fo)
-        parts = take(self._at(*place), line.quantity, bill.date, line.non_delivery)
         before = paise(line.rate * line.quantity)
         net = paise((line.rate - line.brokerage) * line.quantity)
+        self._leave((bill.account, line.scrip, line.fo), "fo" if line.fo else "sale", bill.date,
+                    line.quantity, (before, before - net + paise(line.service_tax),
+                                    paise(line.stt)), line.non_delivery)
+
+    def _leave(self, place, usual: str, when: date, quantity: Fraction, wholes, intraday=False):
+        """Takes shares out, with their parts of the whole amounts: sale, expenses, STT."""
+        parts = take(self._at(*place), quantity, when, intraday)
         quantities = [one.quantity for one in parts]
-        missing = line.quantity - sum(quantities)
+        missing = quantity - sum(quantities)
         if missing:
             quantities.append(missing)
-            parts.append(Layer(bill.date, bill.date, missing, 0))
-        amounts = [shared(whole, quantities) for whole in
-                   (before, before - net + paise(line.service_tax), paise(line.stt))]
+            parts.append(Layer(when, when, missing, 0))
+        amounts = [shared(whole, quantities) for whole in wholes]
         for n, part in enumerate(parts):
-            kind = "fo" if line.fo else "sale"
-            if not line.fo and line.non_delivery and part.intraday and part.entered == bill.date:
+            kind = usual
+            if usual == "sale" and intraday and part.intraday and part.entered == when:
                 kind = "speculation"
             if missing and part is parts[-1]:
                 kind = "without-cost"
-            self._sold(place, kind, part, bill.date, *(one[n] for one in amounts))
+            self._sold(place, kind, part, when, *(one[n] for one in amounts), wholes[2] > 0)
 
-    def _sold(self, place, kind, part: Layer, when: date, sale: int, expenses: int, stt: int):
-        self.rows.append((place, when, kind, part.acquired, part.entered, part.quantity,
-                          part.cost, when, sale, expenses, stt))
+    def _subscribe_or_give(self, action: Action):
+        """What accounts chose to take of rights, or to give to a buy-back, lot by lot."""
+        for account, lots in (action.given or {}).items():
+            for quantity in lots:
+                place, amount = (account, action.scrip, False), paise(action.price * quantity)
+                if action.kind == "rights":
+                    put(self._at(*place),
+                        [Layer(held_from(action), action.ex_day, quantity, amount)])
+                else:
+                    self._leave(place, "buy-back", action.ex_day, quantity, (amount, 0, 0))
+
+    def _sold(self, place, kind, part: Layer, when: date, sale: int, expenses=0, stt=0,
+              stt_paid=False):
+        self.rows.append(Sold(place, when, kind, part.acquired, part.entered, part.quantity,
+                              part.cost, when, sale, expenses, stt, stt_paid, part.fair))
 
     def _apply(self, action: Action):
         for account in self.portfolio.accounts:
@@ -211,7 +291,7 @@ class History:
             given = [Layer(held_from(action), action.ex_day, new, 0)]
             self._fraction(here, given, action)
             put(layers, given)
-        elif action.kind == "rights":
+        elif action.kind == "rights" and action.given is None:
             whole = new - new % 1
             if whole:
                 put(layers, [Layer(held_from(action), action.ex_day, whole,
@@ -223,10 +303,7 @@ class History:
             self._fraction(there, moved, action)
             put(self._at(*there), moved)
         elif action.kind == "demerger":
-            moved = [Layer(one.acquired, one.entered, one.quantity,
-                           half_away(Fraction(one.cost) * action.percent / 100)) for one in layers]
-            for one, part in zip(layers, moved):
-                one.cost -= part.cost
+            moved = [one.split_off(action.percent) for one in layers]
             restate(moved, new)
             self._fraction(there, moved, action)
             put(self._at(*there), moved)
@@ -238,7 +315,7 @@ class History:
             quantities = [one.quantity for one in parts]
             money_parts = shared(paise(action.price * sum(quantities)), quantities)
             for part, amount in zip(parts, money_parts):
-                self._sold(place, "fraction", part, action.ex_day, amount, 0, 0)
+                self._sold(place, "fraction", part, action.ex_day, amount)
 
     def cells(self, client: str) -> list[dict]:
         """In the form and order of the program's csv."""
@@ -255,14 +332,16 @@ class History:
                  money(one.cost), "", "", "", "")
                 for place in sorted(filter(is_of_client, self.layers), key=order)
                 for one in self.layers[place]]
-        mine = [row for row in self.rows if is_of_client(row[0])]
-        sold = sorted((row for row in mine if row[2] != "difference"),
-                      key=lambda row: (order(row[0]), row[1]))
-        sold += sorted((row for row in mine if row[2] == "difference"),
-                       key=lambda row: (row[1], order(row[0])))
-        for place, _when, kind, acquired, entered, quantity, cost, *rest in sold:
-            rows.append((kind, *place[:2], dmy(acquired), dmy(entered) if entered else "",
-                         plain(quantity), money(cost),
-                         *(("",) * 4 if rest[0] is None else
-                           (dmy(rest[0]), *map(money, rest[1:])))))
+        mine = [row for row in self.rows if is_of_client(row.place)]
+        sold = sorted((row for row in mine if row.kind != "difference"),
+                      key=lambda row: (order(row.place), row.when))
+        sold += sorted((row for row in mine if row.kind == "difference"),
+                       key=lambda row: (row.when, order(row.place)))
+        for one in sold:
+            rows.append((one.kind, *one.place[:2], dmy(one.acquired),
+                         dmy(one.entered) if one.entered else "", plain(one.quantity),
+                         money(one.cost),
+                         *(("",) * 4 if one.sold is None else
+                           (dmy(one.sold), money(one.sale), money(one.expenses),
+                            money(one.stt)))))
         return [dict(zip(COLUMNS, row)) for row in rows]

@@ -1,9 +1,9 @@
 """Moves the shares of a portfolio day by day: which lot each sale takes from, and what is left.
 
-On one day corporate actions come first, then what was bought without delivery, then bills in file order, the purchases of
-a bill before its sales, then transfers in file order. A sale without delivery that names no lot
-takes what was bought so on that day before the oldest purchases; another one that names no lot takes
-it last. A bill that lacks balance is tried again after those transfers of the day that are
+On one day corporate actions come first, then what was bought without delivery, then bills in file
+order, the purchases of a bill before its sales, then transfers in file order. A sale without
+delivery that names no lot takes what was bought so on that day before the oldest purchases; another
+one that names no lot takes it last. A bill that lacks balance is tried again after those transfers of the day that are
 possible. Each financial year stands on its own opening rows.
 """
 
@@ -56,8 +56,11 @@ class _Shelf:
         pieces = self._by_entry(self._layers[account, action.scrip])
         if not pieces:
             return []
-        done = effect(pieces, action)
-        if done.out:
+        done = effect(pieces, action, account)
+        if action.kind == "buy-back":
+            for piece in done.out:
+                self.take(account, action.scrip, piece.quantity, piece.rate)
+        elif done.out:
             self._layers[account, action.scrip] = []
         for scrip, piece in done.into:
             self.put(account, scrip, piece.acquired, piece.rate, piece.quantity,
@@ -216,6 +219,9 @@ class Ledger:
         return settled
 
     def _sold(self, bill: Bill, line: Line) -> list[Line]:
+        if line.no_lot:
+            return [line]
+
         def last(layer: _Layer) -> bool:
             of_the_day = layer.non_delivery and layer.key[0] == bill.date
             return line.lot_rate is None and of_the_day != line.non_delivery

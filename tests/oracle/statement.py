@@ -6,7 +6,7 @@ from datetime import date
 from fractions import Fraction
 from typing import NamedTuple
 
-from actions import Piece, effect
+from actions import Effect, Piece, effect
 from exact import anniversary, financial_year, first_day, last_day, paise, rounded
 from folder import Action, Bill, Line, Transfer
 from ledger import Ledger
@@ -104,6 +104,7 @@ class _Collector:
         self._start = choice.start or first_day(year)
         self._end = choice.end or last_day(year)
         self.sides: dict[tuple[str, str], _Sides] = defaultdict(_Sides)
+        self.effects: list[tuple[int, str, Effect]] = []  # with the action's place by day
         portfolio = ledger.portfolio
         for order, row in enumerate(portfolio.openings):
             if (row.client, row.year) == (client, year) and self._wanted(row.fo):
@@ -160,7 +161,8 @@ class _Collector:
             pieces = self._held(self.sides[account, action.scrip], action)
             if not pieces:
                 continue
-            done, zero = effect(pieces, action), Fraction(0)
+            done, zero = effect(pieces, action, account), Fraction(0)
+            self.effects.append((order, account, done))
             for n, piece in enumerate(done.out):
                 self.sides[account, action.scrip].sales.append((
                     (action.ex_day, _ACTION, order, n),
@@ -189,9 +191,9 @@ class _Collector:
         return pieces
 
 
-def _collect(ledger: Ledger, client: str, year: str, choice: Choice):
-    """(account, scrip) -> _Sides"""
-    return _Collector(ledger, client, year, choice).sides
+def collect(ledger: Ledger, client: str, year: str, choice: Choice) -> _Collector:
+    """`sides`: (account, scrip) -> _Sides, and `effects` of the corporate actions."""
+    return _Collector(ledger, client, year, choice)
 
 
 def _kind(bought: date, sold: date) -> str:
@@ -284,7 +286,7 @@ def statement(ledger: Ledger, client: str, year: str, choice: Choice = Choice())
     """Scrips by name, in them accounts by number: sales and transfers out in their order, then
     what is unsold in purchase order; then the scrip's total, also when nothing of it is listed.
     Last the net total. Nothing at all for a client without a movement in the period."""
-    sides = _collect(ledger, client, year, choice)
+    sides = collect(ledger, client, year, choice).sides
     names = ledger.portfolio.scrips
     result: list[Row] = []
     listed: list[Row] = []
@@ -318,7 +320,7 @@ class Remaining(NamedTuple):
 def remaining(ledger: Ledger, client: str, year: str) -> list[Remaining]:
     """By account and scrip code, in purchase order; charges pro rata to the paisa."""
     result = []
-    sides = _collect(ledger, client, year, Choice())
+    sides = collect(ledger, client, year, Choice()).sides
     for account, scrip in sorted(sides):
         purchases, sales = sides[account, scrip].in_order()
         _match((account, scrip), purchases, sales, Choice())

@@ -53,7 +53,6 @@ void AddHoldingsCommands(CLI::App& app, Context& context);
 void AddLayerCommands(CLI::App& app, Context& context);
 void AddActionCommands(CLI::App& app, Context& context);
 void AddReportCommands(CLI::App& app, Context& context);
-void AddTaxCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddRatesCommands(CLI::App& app, Context& context);
 void AddDatabaseCommands(CLI::App& app, Context& context);

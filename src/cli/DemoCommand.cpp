@@ -70,7 +70,9 @@ void WriteReports(Context& context, const std::string& folder) {
             {QString::fromStdString(fmt::format("{}-{}-{}", whose, year.Utf8(), sample.name))});
         WriteDemoReport(sample.name, report, folder + "/" + stem.toStdString());
       };
-      InformOf(context, sample.make({context.Connection(), directory, year}, write));
+      InformOf(context,
+               sample.make({context.Connection(), directory, year, context.Session().folders.data},
+                           write));
       progress->Step(++done);
     }
   }

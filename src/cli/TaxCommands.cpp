@@ -59,9 +59,10 @@ class TaxDesk {
 
   std::vector<tax_year::Member> Read() {
     const tax_year::TaxBook book(connection_, directory, rules, before_ ? &*before_ : nullptr);
+    tax_year::CheckList list(connection_, directory);
     std::vector<tax_year::Member> members;
     for (tax_year::ClientTax& client : book.Of(clients, *progress_)) {
-      auto points = tax_year::CheckPoints(connection_, directory, client, *progress_);
+      auto points = list.PointsOf(client, *progress_);
       members.push_back({std::move(client), std::move(points)});
     }
     return members;
@@ -203,10 +204,9 @@ CLI::App* AddCommand(CLI::App& parent, Context& context, const char* name, const
 
 }  // namespace
 
-void AddTaxCommands(CLI::App& app, Context& context) {
+void AddTaxCommands(CLI::App& app, Context& context, const reports::Report& report) {
   auto options = std::make_shared<TaxOptions>();
-  CLI::App* tax = AddCommand(app, context, "tax", "Gains of a year by section, set-off and tax",
-                             PrintTax, true, options);
+  CLI::App* tax = AddCommand(app, context, report.command, report.about, PrintTax, true, options);
   tax->add_flag("--family", options->family, "The client's group on one page");
   AddOutputOptions(*tax, options->output);
   SetWork(*tax, context, [&context, options, tax] {

@@ -5,6 +5,7 @@
 #include "reports/demat/TransactionDocument.h"
 #include "reports/mis/MisReport.h"
 #include "reports/profit/ProfitDocument.h"
+#include "reports/tax/TaxDocument.h"
 
 namespace quorvane::reports {
 namespace {
@@ -82,6 +83,26 @@ records::Faults MisSamples(const SampleQuery& of, const Sample::Give& give) {
   return {};
 }
 
+records::Faults TaxSamples(const SampleQuery& of, const Sample::Give& give) {
+  const Result<tax::Rules> rules = tax::Rules::Load(of.data_folder, of.year);
+  const Result<tax::Rules> before = tax::Rules::Load(of.data_folder, of.year.Previous());
+  if (!rules) {
+    return {};
+  }
+  const tax_year::TaxBook book(of.connection, of.directory, *rules, before ? &*before : nullptr);
+  tax_year::CheckList list(of.connection, of.directory);
+  Progress progress;
+  for (const lookups::ClientEntry& client : of.directory.Clients()) {
+    const tax_year::ClientTax tax = book.Of(client.id, progress);
+    SampleReport sample{client.id, tax_year::MakeTaxDocument(
+                                       *rules, tax, list.PointsOf(tax, progress), of.directory)};
+    tax_year::AppendTaxCsvHeader(sample.csv.emplace());
+    tax_year::AppendTaxCsv(*sample.csv, tax, of.directory);
+    give(sample);
+  }
+  return {};
+}
+
 constexpr Sample kProfitSamples[] = {
     {"profit", ProfitSamples<StatementMode::kProfit, Layout::kDetail>},
     {"profit-summary", ProfitSamples<StatementMode::kProfit, Layout::kSummary>}};
@@ -93,6 +114,7 @@ constexpr Sample kDematSamples[] = {{"demat", DematSamples}};
 constexpr Sample kTransactionSamples[] = {
     {"transactions", TransactionSamples<TransactionLayout::kDetailed>},
     {"transactions-summary", TransactionSamples<TransactionLayout::kSummarized>}};
+constexpr Sample kTaxSamples[] = {{"tax-year", TaxSamples}};
 constexpr Sample kPositionSamples[] = {
     {"portfolio-position", MisSamples<ReportKind::kPosition, false>}};
 constexpr Sample kValuationSamples[] = {
@@ -119,6 +141,8 @@ constexpr Report kReports[] = {
      "scrip-page",
      "Everything of one scrip over all years",
      {}},
+    {kTaxYear, kTaxYearWindow, "", "tax", "Gains of a year by section, set-off and tax",
+     kTaxSamples},
     {kPosition, kMisWindow, "mis", "position", "Portfolio position", kPositionSamples},
     {kValuation, kMisWindow, "mis", "valuation", "Portfolio valuation at market rates",
      kValuationSamples},

@@ -59,11 +59,16 @@ inline constexpr WindowEntry kScripPageWindow{"mnuScripPage",
                                               "scrip-page.md",
                                               "mnuPortfolio"};
 
+inline constexpr WindowEntry kTaxYearWindow{
+    "mnuTaxYear",  QT_TRANSLATE_NOOP("MainMenu", "&Tax Year"), true, "RptTaxYear", "tax-year.md",
+    "mnuPortfolio"};
+
 /// What a sample is made of: the whole of a year of every client.
 struct SampleQuery {
   database::Connection& connection;
   const lookups::Directory& directory;
   text::FinancialYear year;
+  QString data_folder;  ///< of shipped files
 };
 
 struct SampleReport {
@@ -89,6 +94,7 @@ enum class ReportId : std::uint8_t {
   kTransactions,
   kDividends,
   kScripPage,
+  kTaxYear,
   kPosition,
   kValuation,
   kMarket,
@@ -99,7 +105,7 @@ enum class ReportId : std::uint8_t {
 struct Report {
   ReportId id;
   const WindowEntry& window;
-  const char* group;    ///< of commands: "statement" or "mis"
+  const char* group;    ///< of commands: "statement" or "mis"; empty for a command of its own
   const char* command;  ///< its word behind the group's
   const char* about;    ///< what the help of the command line says of it
   std::span<const Sample> samples;

@@ -22,6 +22,7 @@
 #include "reports/mis/window/RptVariousReport.h"
 #include "reports/profit/window/RptProfitStatement.h"
 #include "reports/scrip_page/window/RptScripPage.h"
+#include "reports/tax/window/RptTaxYear.h"
 #include "transactions/bills/window/FrmSalePurchase.h"
 #include "transactions/broker_money/window/FrmBrOpBal.h"
 #include "transactions/broker_money/window/FrmBrPayment.h"
@@ -139,6 +140,7 @@ constexpr Feature kFeatures[] = {
      "FrmDividend", "dividends.md", Make<dividends::FrmDividend>},
     ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),
     ReportOf(reports::kScripPageWindow, Make<scrip_page::RptScripPage>),
+    ReportOf(reports::kTaxYearWindow, Make<tax_year::RptTaxYear>),
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},

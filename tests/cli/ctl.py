@@ -88,10 +88,15 @@ class Desk:
             return files(out)
 
     def listed(self, what: str, client: str, year: str = "", *options) -> list[dict]:
-        """The rows of the layers, the holdings, or of a statement: demat, transactions, of capital
-        gains."""
+        """The rows of the layers, the holdings, the tax year, its upload file, or of a statement:
+        demat, transactions, of capital gains."""
         if what == "layers":
             return rows(self.run("layers", "--client", client).stdout)
+        if what == "tax":
+            return self.tax(client, year)
+        if what == "schedule-112a":
+            return rows(self.run("tax", what, "--client", client, "--year", year,
+                                 "--with-open-points").stdout)
         words = {"holdings": (what,), "statement": (what, "capital-gain")}
         return rows(self.run(*words.get(what, ("statement", what)), "--client", client, "--year",
                              year, *options, "--format", "csv").stdout)

@@ -15,6 +15,7 @@ from folder import read
 from layers import History
 from ledger import Ledger
 from statement import Choice
+from tax import tax_cells
 
 SCENARIOS = TESTS / "scenarios"
 OPTIONS = {"--from": ("start", day), "--to": ("end", day), "--charges": ("charges", str),
@@ -43,6 +44,8 @@ def computed(ledger: Ledger, what: str, client: str, year: str = "", *options: s
         return portfolio.holding_cells(ledger, client, year, used_up=False)
     if what == "layers":
         return History(ledger).cells(client)
+    if what == "tax":
+        return tax_cells(History(ledger), client, year)
     if what != "statement":
         return None
     given = {}

@@ -158,8 +158,9 @@ class TaxGenerator(Generator):
         for client in self.clients:
             for year in range(self.begun[client], LAST_YEAR + 1):
                 some = {(self.random.choice(("short-term", "long-term", "speculation")),
-                         self.random.choice((1, 2, 3, 4, 4, 5, 7, 8, 8, 9)))
+                         self.random.choice((1, 2, 3, 4, 4, 5, 7, 8, 8)))
                         for _ in range(self.random.choice((0, 0, 1, 3)))}
+                some = {(kind, min(age, 4) if kind == "speculation" else age) for kind, age in some}
                 for kind, age in sorted(some):
                     amount = Fraction(self.random.randint(1, 200_000_00), 100)
                     yield (f"{client},{year_text(year)},{kind},{plain(amount)},"

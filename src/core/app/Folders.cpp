@@ -66,15 +66,20 @@ bool IsShared(const QString& folder) {
       QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), reason).toStdString());
 }
 
+QByteArray ReadWhole(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    Fail(path, file.errorString());
+  }
+  QByteArray content = file.readAll();
+  if (file.error() != QFileDevice::NoError) {
+    Fail(path, file.errorString());
+  }
+  return content;
+}
+
 void CopyWhole(const QString& source, const QString& target) {
-  QFile from(source);
-  if (!from.open(QIODevice::ReadOnly)) {
-    Fail(source, from.errorString());
-  }
-  const QByteArray content = from.readAll();
-  if (from.error() != QFileDevice::NoError) {
-    Fail(source, from.errorString());
-  }
+  const QByteArray content = ReadWhole(source);
   platform::MakeMissingFolder(QFileInfo(target).absolutePath());
   QSaveFile to(target);
   if (!to.open(QIODevice::WriteOnly) || to.write(content) != content.size() || !to.commit()) {
@@ -111,8 +116,10 @@ void InstallShippedFiles(const Folders& folders, const QString& shipped_data_fol
   QDirIterator files(shipped.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
   while (files.hasNext()) {
     const QString source = files.next();
-    const QString target = QDir(folders.data).filePath(shipped.relativeFilePath(source));
-    if (!QFileInfo::exists(target)) {
+    const QString name = shipped.relativeFilePath(source);
+    const QString target = QDir(folders.data).filePath(name);
+    const bool of_the_program = name.contains(u'/');
+    if (!QFileInfo::exists(target) || (of_the_program && ReadWhole(source) != ReadWhole(target))) {
       CopyWhole(source, target);
     }
   }

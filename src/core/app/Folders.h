@@ -30,7 +30,9 @@ QString DefaultApplicationFolder(const QString& program_folder);
 QString ShippedFolder(const QString& program_folder, const QString& name);
 
 /// Copies the files that are missing in the data folder from the folder they are shipped in,
-/// subfolders included; files that are there stay as the user made them. A copy is whole or absent.
+/// subfolders included; files that are there stay as the user made them. Those in subfolders, such
+/// as the tax law of the years, belong to the program: they are replaced when it ships others. A
+/// copy is whole or absent.
 /// Throws std::runtime_error with path and reason.
 void InstallShippedFiles(const Folders& folders, const QString& shipped_data_folder);
 

@@ -4,7 +4,6 @@
 #include "core/actions/Terms.h"
 #include "core/positions/EventReader.h"
 #include "core/rates/IsinBook.h"
-#include "core/records/Masters.h"
 #include "core/records/Query.h"
 #include "core/text/Amounts.h"
 
@@ -35,16 +34,17 @@ Date AddMonths(Date day, int months) {
   return moved.ok() ? Date(moved) : Date(moved.year() / moved.month() / std::chrono::last);
 }
 
+}  // namespace
+
 /// Finds the points of one client and year.
 class Finder {
  public:
-  Finder(database::Connection& connection, const lookups::Directory& directory,
-         const ClientTax& tax)
-      : connection_(connection), directory_(directory), tax_(tax) {}
+  Finder(CheckList& list, const ClientTax& tax)
+      : list_(list), directory_(list.directory_), tax_(tax) {}
 
   void FindMissingCosts() {
     for (const TaxPiece& piece : tax_.year.pieces) {
-      if (piece.kind == GainKind::kUnknown || !piece.of.has_cost) {
+      if (piece.kind == GainKind::kUnknown) {
         Add(PointKind::kCost, piece.of.place.scrip,
             QStringLiteral(
                 "%1 of %2 sold on %3 have no purchase on record: enter it, or the opening "
@@ -107,26 +107,24 @@ class Finder {
     std::ranges::copy_if(
         tax_.history.faults, std::back_inserter(faults),
         [&](const records::Fault& fault) { return fault.client == tax_.year.of.client; });
-    for (const QString& text : records::FaultTexts(connection_, faults)) {
+    for (const QString& text : records::FaultTexts(list_.connection_, faults)) {
       Add(PointKind::kFault, {}, text, "RepairTable");
     }
   }
 
   void FindActions(Progress& progress) {
-    for (const records::Action& action :
-         records::Select<records::Action>(connection_).OrderBy(&records::Action::id).All()) {
-      const auto dated = positions::Dated(action);
-      if (!dated || dated->ex_day > tax_.year.of.year.LastDay() ||
-          action.kind == ActionKind::kDividend || !scrips_.contains(action.scrip)) {
+    for (CheckList::KnownAction& known : list_.actions_) {
+      const records::Action& action = known.dated.terms;
+      if (known.dated.ex_day > tax_.year.of.year.LastDay() || !scrips_.contains(action.scrip)) {
         continue;
       }
       if (!action.applied) {
         AddAction(action, QStringLiteral("is recorded but not applied."));
-      } else if (!actions::IsCurrent(connection_, action, progress)) {
+      } else if (!list_.IsCurrent(known, progress)) {
         AddAction(action, QStringLiteral("was applied before the books were changed: take it back "
                                          "and apply it again."));
       } else if (action.kind == ActionKind::kBonus) {
-        FindBonusStripping(*dated);
+        FindBonusStripping(known.dated);
       }
     }
   }
@@ -147,10 +145,10 @@ class Finder {
   }
 
   void FindIsins() {
-    const auto isins = rates::AllIsins(connection_);
     std::map<QString, ScripId> scrips;
     for (const TaxPiece& piece : tax_.year.pieces) {
-      if (piece.kind == GainKind::kLongTermStt && !isins.contains(piece.of.place.scrip)) {
+      if (piece.kind == GainKind::kLongTermStt &&
+          !list_.with_isin_.contains(piece.of.place.scrip)) {
         scrips.emplace(Name(piece.of.place.scrip), piece.of.place.scrip);
       }
     }
@@ -162,10 +160,7 @@ class Finder {
   }
 
   void FindPan() {
-    const auto client = records::Select<records::Client>(connection_)
-                            .Where(&records::Client::id, tax_.year.of.client)
-                            .First();
-    if (client && client->pan.trimmed().isEmpty()) {
+    if (list_.without_pan_.contains(tax_.year.of.client)) {
       Add(PointKind::kPan, {}, QStringLiteral("The client has no PAN."), "FrmClientMaster");
       points_.back().open = false;
     }
@@ -233,19 +228,39 @@ class Finder {
   static constexpr Date kBonusStrippingFrom = std::chrono::sys_days(std::chrono::year_month_day(
       std::chrono::year(2022), std::chrono::April, std::chrono::day(1)));
 
-  database::Connection& connection_;
+  CheckList& list_;
   const lookups::Directory& directory_;
   const ClientTax& tax_;
   std::set<ScripId> scrips_;  ///< sold in the year
   std::vector<Point> points_;
 };
 
-}  // namespace
+CheckList::CheckList(database::Connection& connection, const lookups::Directory& directory)
+    : connection_(connection), directory_(directory) {
+  for (const auto& [scrip, isins] : rates::AllIsins(connection)) {
+    with_isin_.insert(scrip);
+  }
+  for (const auto& row : connection.Open("Select Id From ClientInfo Where Trim(PAN)=''")) {
+    without_pan_.insert(ClientId{row.Int(0)});
+  }
+  for (const records::Action& action :
+       records::Select<records::Action>(connection).OrderBy(&records::Action::id).All()) {
+    const auto dated = positions::Dated(action);
+    if (dated && action.kind != ActionKind::kDividend) {
+      actions_.push_back({*dated, {}});
+    }
+  }
+}
 
-std::vector<Point> CheckPoints(database::Connection& connection,
-                               const lookups::Directory& directory, const ClientTax& tax,
-                               Progress& progress) {
-  Finder finder(connection, directory, tax);
+bool CheckList::IsCurrent(KnownAction& action, Progress& progress) {
+  if (!action.current) {
+    action.current = actions::IsCurrent(connection_, action.dated.terms, progress);
+  }
+  return *action.current;
+}
+
+std::vector<Point> CheckList::PointsOf(const ClientTax& tax, Progress& progress) {
+  Finder finder(*this, tax);
   finder.FindScrips();
   finder.FindMissingCosts();
   finder.FindMissingFairValues();

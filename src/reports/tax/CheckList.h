@@ -1,11 +1,14 @@
 #pragma once
 
 #include "core/database/Connection.h"
+#include "core/positions/Events.h"
 #include "reports/tax/TaxBook.h"
 
 #include <QString>
 
 #include <cstdint>
+#include <optional>
+#include <set>
 #include <vector>
 
 namespace quorvane::tax_year {
@@ -33,11 +36,32 @@ struct Point {
   ScripId scrip;
 };
 
-/// In the order of the kinds; those of one kind by scrip and day. Reads names, ISINs and corporate
-/// actions, one query a table.
-std::vector<Point> CheckPoints(database::Connection& connection,
-                               const lookups::Directory& directory, const ClientTax& tax,
-                               Progress& progress);
+/// Finds what stands before filing. Names, ISINs and corporate actions are read once for all
+/// clients.
+class CheckList {
+ public:
+  CheckList(database::Connection& connection, const lookups::Directory& directory);
+
+  /// In the order of the kinds. Throws DatabaseError and Cancellation.
+  std::vector<Point> PointsOf(const ClientTax& tax, Progress& progress);
+
+ private:
+  friend class Finder;
+
+  /// A corporate action, and whether the books still agree with it once somebody asked.
+  struct KnownAction {
+    positions::DatedAction dated;
+    std::optional<bool> current;
+  };
+
+  bool IsCurrent(KnownAction& action, Progress& progress);
+
+  database::Connection& connection_;
+  const lookups::Directory& directory_;
+  std::set<ScripId> with_isin_;
+  std::set<ClientId> without_pan_;
+  std::vector<KnownAction> actions_;
+};
 
 bool HasOpen(const std::vector<Point>& points);
 

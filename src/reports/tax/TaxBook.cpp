@@ -9,6 +9,9 @@ namespace {
 
 using positions::Positions;
 
+/// From so many clients on all records are read at once.
+constexpr std::size_t kMany = 24;
+
 /// The parts of a history of all clients by client.
 std::map<ClientId, Positions> ByClient(Positions all) {
   std::map<ClientId, Positions> clients;
@@ -65,8 +68,10 @@ ClientTax TaxBook::Of(ClientId client, Progress& progress) const {
 
 std::vector<ClientTax> TaxBook::Of(std::span<const ClientId> clients, Progress& progress) const {
   std::vector<ClientTax> result;
-  if (clients.size() == 1) {
-    result.push_back(Of(clients.front(), progress));
+  if (clients.size() < kMany) {
+    for (const ClientId client : clients) {
+      result.push_back(Of(client, progress));
+    }
     return result;
   }
   auto histories =

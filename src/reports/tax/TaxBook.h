@@ -32,7 +32,7 @@ class TaxBook {
 
   ClientTax Of(ClientId client, Progress& progress) const;
 
-  /// Of several clients from one reading of all records, in the order given.
+  /// Of several clients, in the order given; of many from one reading of all records.
   std::vector<ClientTax> Of(std::span<const ClientId> clients, Progress& progress) const;
 
  private:

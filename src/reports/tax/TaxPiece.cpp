@@ -13,11 +13,11 @@ using tax::BuyBackTreatment;
 using tax::GainKind;
 
 GainKind KindOf(const Piece& piece) {
-  if (piece.kind == PieceKind::kFo) {
-    return GainKind::kFo;
-  }
   if (!piece.has_cost) {
     return GainKind::kUnknown;
+  }
+  if (piece.kind == PieceKind::kFo) {
+    return GainKind::kFo;
   }
   if (piece.kind == PieceKind::kSpeculation) {
     return GainKind::kSpeculation;

@@ -50,7 +50,7 @@ class FoldersTest : public QObject {
     QCOMPARE(DefaultApplicationFolder("/proc"), user);
   }
 
-  void ShippedFilesFillGapsOnly() {
+  void ShippedFilesFillGapsAndReplaceTheProgramsOwn() {
     const QTemporaryDir shipped;
     const QTemporaryDir application;
     WriteFile(shipped.filePath("statelist.txt"), "GUJARAT\n");
@@ -65,8 +65,10 @@ class FoldersTest : public QObject {
     QCOMPARE(ReadFile(folders.data + "/TransRpt.xlsx"), QByteArray("the user's"));
 
     WriteFile(folders.data + "/statelist.txt", "GOA\n");
+    WriteFile(shipped.filePath("sample/clients.csv"), "code,name\n");
     InstallShippedFiles(folders, shipped.path());
     QCOMPARE(ReadFile(folders.data + "/statelist.txt"), QByteArray("GOA\n"));
+    QCOMPARE(ReadFile(folders.data + "/sample/clients.csv"), QByteArray("code,name\n"));
   }
 
   void SecondCopyIsKeptOutOfTheSameFolderOnly() {

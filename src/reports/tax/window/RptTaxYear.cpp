@@ -1,0 +1,212 @@
+#include "reports/tax/window/RptTaxYear.h"
+
+#include "controls/ProgressDialog.h"
+#include "core/app/Session.h"
+#include "core/database/Transaction.h"
+#include "core/platform/PrivateFile.h"
+#include "reporting/output/WriteReport.h"
+#include "reports/tax/Schedule112A.h"
+
+#include <QDir>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quorvane::tax_year {
+namespace {
+
+enum Whose { kClient, kFamily };
+
+}  // namespace
+
+RptTaxYear::RptTaxYear(reporting::ReportDesk& desk)
+    : ReportWindow(desk, QStringLiteral("RptTaxYear"),
+                   app::ClientTitle(tr("Tax Year"), desk.session), {790, 520}),
+      of_(app::CurrentOf(desk.session)) {
+  auto* row = new QHBoxLayout();
+  whose_ = MakeChoice(QStringLiteral("Frame1"), tr("Whose"), QStringLiteral("optW"),
+                      {tr("&Client"), tr("&Family")});
+  row->addWidget(whose_.frame);
+  row->addStretch(1);
+  cmdUpload = new controls::ZENButton(QStringLiteral("cmdUpload"), tr("Schedule 112&A..."));
+  cmdUpload->setToolTip(tr("The upload file of schedule 112A of the return, of the client"));
+  row->addWidget(cmdUpload);
+  AddOptions(row);
+  pages_ = AddPage(tr("Check List"), MakeCheckList());
+  OnClick(cmdUpload, &RptTaxYear::cmdUpload_Click);
+  OnClick(cmdOpen, &RptTaxYear::cmdOpen_Click);
+  On(VSF, &controls::Grid::RowActivated, &RptTaxYear::VSF_RowActivated,
+     QStringLiteral("VSF_RowActivated"));
+  ShowPoints();
+  Start();
+}
+
+QWidget* RptTaxYear::MakeCheckList() {
+  auto* pane = new QWidget();
+  auto* rows = new QVBoxLayout(pane);
+  VSF = new controls::Grid(QStringLiteral("VSF"), tr("What stands before filing"));
+  VSF->SetColumns({{.heading = tr("Client")}, {.heading = tr("State")}, {.heading = tr("Point")}});
+  VSF->setWordWrap(true);
+  cmdOpen =
+      new controls::ZENButton(QStringLiteral("cmdOpen"), tr("&Open the Window That Mends It"));
+  auto* buttons = new QHBoxLayout();
+  buttons->addStretch(1);
+  buttons->addWidget(cmdOpen);
+  rows->addWidget(VSF, 1);
+  rows->addLayout(buttons);
+  return pane;
+}
+
+bool RptTaxYear::IsFamily() const {
+  return whose_.Index() == kFamily;
+}
+
+MaybeRefusal RptTaxYear::CheckSelection() {
+  return tax::Rules::Load(Session().folders.data, of_.year).Refused();
+}
+
+QStringList RptTaxYear::Choices() const {
+  return {IsFamily() ? tr("Family") : QString()};
+}
+
+Result<std::vector<Member>> RptTaxYear::Read(std::vector<ClientId> clients,
+                                             Progress& progress) const {
+  database::Connection& connection = *Session().connection;
+  const Result<tax::Rules> rules = tax::Rules::Load(Session().folders.data, of_.year);
+  if (!rules) {
+    return rules.Why();
+  }
+  const Result<tax::Rules> before = tax::Rules::Load(Session().folders.data, of_.year.Previous());
+  const lookups::Directory directory(connection);
+  const TaxBook book(connection, directory, *rules, before ? &*before : nullptr);
+  CheckList list(connection, directory);
+  std::vector<Member> members;
+  for (ClientTax& client : book.Of(clients, progress)) {
+    auto points = list.PointsOf(client, progress);
+    members.push_back({std::move(client), std::move(points)});
+  }
+  return members;
+}
+
+std::optional<reporting::ReportDocument> RptTaxYear::BuildDocument(Progress& progress) {
+  database::Connection& connection = *Session().connection;
+  Result<std::vector<Member>> members =
+      Read(IsFamily() ? FamilyOf(connection, of_.client) : std::vector{of_.client}, progress);
+  const Result<tax::Rules> rules = tax::Rules::Load(Session().folders.data, of_.year);
+  if (!members || !rules) {
+    Show(members ? rules.Why() : members.Why());
+    return std::nullopt;
+  }
+  members_ = std::move(*members);
+  const lookups::Directory directory(connection);
+  return IsFamily()
+             ? MakeFamilyDocument(*rules, members_, directory)
+             : MakeTaxDocument(*rules, members_.front().tax, members_.front().points, directory);
+}
+
+void RptTaxYear::ReportShown(const reporting::ReportDocument& /*document*/) {
+  ShowPoints();
+  CarryLosses();
+}
+
+void RptTaxYear::ShowPoints() {
+  const lookups::Directory directory(*Session().connection);
+  points_.clear();
+  std::vector<controls::Row> rows;
+  for (const Member& member : members_) {
+    for (const Point& point : member.points) {
+      points_.push_back(point);
+      rows.push_back({.id = static_cast<int>(points_.size()),
+                      .cells = {QString::fromStdString(directory.Client(point.of.client).name),
+                                point.open ? tr("Open") : tr("Hint"), point.text}});
+    }
+  }
+  cmdOpen->setEnabled(!rows.empty());
+  const auto open = std::ranges::count_if(points_, &Point::open);
+  pages_->setTabText(1, open > 0 ? tr("Check List (%1)").arg(open) : tr("Check List"));
+  if (rows.empty()) {
+    rows.push_back({.cells = {QString(), QString(),
+                              members_.empty() ? tr("Press Report: what stands before filing is "
+                                                    "then listed here.")
+                                               : tr("Nothing stands before filing.")}});
+  }
+  VSF->SetRows(std::move(rows));
+}
+
+/// Asks once, after the report that shows what is meant.
+void RptTaxYear::CarryLosses() {
+  const bool missing = std::ranges::any_of(members_, [](const Member& member) {
+    return !IsCarried(member.tax.year, member.tax.left_before);
+  });
+  if (asked_ || !missing) {
+    return;
+  }
+  asked_ = true;
+  if (!Say().Ask(tr("The losses that %1 leaves are not brought forward into %2. Bring them "
+                    "forward now?")
+                     .arg(of_.year.Previous().Text(), of_.year.Text()),
+                 controls::Answer::kYes, controls::Icon::kInformation)) {
+    return;
+  }
+  database::InTransaction(*Session().connection, [this](database::Transaction& transaction) {
+    for (const Member& member : members_) {
+      if (!IsCarried(member.tax.year, member.tax.left_before)) {
+        tax::ReplaceTaxLosses(transaction, member.tax.year.of.client, of_.year,
+                              Carried(member.tax.year, member.tax.left_before));
+      }
+    }
+  });
+  CmdReport_Click();
+}
+
+/// The upload file is of one taxpayer, also while the family is shown.
+void RptTaxYear::cmdUpload_Click() {
+  controls::ProgressDialog progress(this);
+  const Result<std::vector<Member>> members = Read({of_.client}, progress);
+  const Result<tax::Rules> rules = tax::Rules::Load(Session().folders.data, of_.year);
+  if (!members || !rules) {
+    return Show(members ? rules.Why() : members.Why());
+  }
+  const Member& member = members->front();
+  database::Connection& connection = *Session().connection;
+  const Result<std::string> upload = MakeSchedule112A(
+      *rules, member.tax.year, lookups::Directory(connection), rates::AllIsins(connection));
+  if (!upload) {
+    return Show(upload.Why());
+  }
+  const auto open = std::ranges::count_if(member.points, &Point::open);
+  if (open > 0 && !Say().Ask(tr("The check list has %1 open points, so the figures may be wrong. "
+                                "Write the file all the same?")
+                                 .arg(open),
+                             controls::Answer::kNo, controls::Icon::kCritical)) {
+    pages_->setCurrentIndex(1);
+    return;
+  }
+  const QString name =
+      reporting::FileStem({QStringLiteral("Schedule 112A"), ClientName(), of_.year.Text()});
+  const QString path =
+      TheDesk().ask_save_path(this, QDir::home().filePath(name + QStringLiteral(".csv")));
+  if (!path.isEmpty()) {
+    platform::WritePrivate(path, QByteArray::fromStdString(*upload));
+    Say().Inform(tr("Saved as %1.").arg(path));
+  }
+}
+
+void RptTaxYear::cmdOpen_Click() {
+  VSF_RowActivated(VSF->CurrentRow());
+}
+
+/// The window opens for the client and year of the point.
+void RptTaxYear::VSF_RowActivated(int /*row*/) {
+  const int id = VSF->CurrentId();
+  if (id <= 0) {
+    return;
+  }
+  const Point& point = points_[static_cast<std::size_t>(id) - 1];
+  const lookups::Directory directory(*Session().connection);
+  Session().current = point.of;
+  Session().current_client_name = QString::fromStdString(directory.Client(point.of.client).name);
+  TheDesk().open(point.window);
+}
+
+}  // namespace quorvane::tax_year

@@ -96,6 +96,9 @@ class Desk:
         return rows(self.run(*words.get(what, ("statement", what)), "--client", client, "--year",
                              year, *options, "--format", "csv").stdout)
 
+    def tax(self, client: str, year: str) -> list[dict]:
+        return rows(self.run("tax", "--client", client, "--year", year, "--format", "csv").stdout)
+
     def statement(self, client: str, year: str, *options) -> list[dict]:
         return self.listed("statement", client, year, *options)
 

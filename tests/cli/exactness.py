@@ -2,7 +2,7 @@
 """A random portfolio is taken in, and every line, lot and statement compared with the exact
 computation in tests/oracle, to the paisa.
 
-    exactness.py [--lines 10000] [--seed S] [--portfolios 2] [unittest options]
+    exactness.py [--lines 10000] [--seed S] [--portfolios N] [unittest options]
 
 --lines 100000 takes one to two minutes. The seed is told, so that a failure can be had again.
 """
@@ -11,6 +11,7 @@ import argparse
 import sys
 import unittest
 from collections import defaultdict
+from pathlib import Path
 from types import SimpleNamespace
 
 from ctl import Case, files, generate, rows
@@ -21,6 +22,7 @@ from folder import read, years
 from layers import History
 from ledger import Ledger
 from statement import Choice, remaining
+from tax import tax_cells
 
 YEARS = ("2011-12", "2012-13")
 OPTIONS = {"start": "--from", "end": "--to", "charges": "--charges", "fo": "--fo",
@@ -208,16 +210,60 @@ class WithActions(Case):
                     portfolio.statement_cells(ledger, client, year, Choice(charges="both")),
                     desk.statement(client, year, "--charges", "both"), f"{client} {year}")
         self.check_is_well(desk)
-        exported = desk.export()
-        again = self.new_desk()
-        again.take_in(self.folder_of(exported))
-        self.assertEqual(exported, again.export())
+        check_export(self, desk)
 
-    def folder_of(self, exported: dict[str, bytes]):
-        folder = self.new_folder()
-        for name, content in exported.items():
-            (folder / name).write_bytes(content)
-        return folder
+
+class TaxYears(Case):
+    """Gains by kind and per cent, set-off and tax of every client and year until 2026-27."""
+
+    portfolios = 2
+    seed = 20180131
+    first_years = (2015, 2018, 2016, 2014, 2017, 2019)
+    last = 2026
+
+    def test_tax_years_are_exact(self):
+        for n in range(self.portfolios):
+            with self.subTest(seed=self.seed + n):
+                first = self.first_years[n % len(self.first_years)]
+                folder = generate(self.new_folder(), 500, self.seed + n, "--tax", "--clients", "4",
+                                  "--first-year", str(first), "--years",
+                                  str(self.last + 1 - first), "--scrips", "14", "--actions", "5")
+                self.check_portfolio(folder, first)
+
+    def check_portfolio(self, folder, since: int):
+        history = History(Ledger(read(folder)))
+        desk = self.new_desk()
+        desk.take_in(folder)
+        for client in history.portfolio.clients:
+            self.assertEqual(history.cells(client), desk.listed("layers", client), client)
+            for first in range(since, self.last + 1):
+                year = f"{first}-{(first + 1) % 100:02d}"
+                with self.subTest(client=client, year=year):
+                    self.compare(tax_cells(history, client, year), desk.tax(client, year))
+        exported, given = read(check_export(self, desk)), history.portfolio
+        self.assertEqual(given.fair_values, exported.fair_values)
+        self.assertEqual(sorted(given.losses), sorted(exported.losses))
+
+    def compare(self, expected: list[dict], actual: list[dict]):
+        """Pieces in any order, what follows them as it stands."""
+        def parts(found: list[dict]):
+            pieces = [row for row in found if row["row"] == "piece"]
+            return (sorted(tuple(row.values()) for row in pieces),
+                    [row for row in found if row["row"] != "piece"])
+        for some, others in zip(parts(expected), parts(actual)):
+            self.assertEqual(some, others)
+
+
+def check_export(case: Case, desk) -> Path:
+    """What is exported and taken in again is exported as it was. Returns the folder with it."""
+    exported = desk.export()
+    folder = case.new_folder()
+    for name, content in exported.items():
+        (folder / name).write_bytes(content)
+    again = case.new_desk()
+    again.take_in(folder)
+    case.assertEqual(exported, again.export())
+    return folder
 
 
 def main():
@@ -226,10 +272,10 @@ def main():
     parser.add_argument("--lines", type=int, default=Exactness.lines)
     parser.add_argument("--seed", type=int, default=Exactness.seed)
     parser.add_argument("--portfolios", type=int, default=WithActions.portfolios,
-                        help="with corporate actions")
+                        help="with corporate actions, and for the tax")
     given, rest = parser.parse_known_args()
     Exactness.lines, Exactness.seed = given.lines, given.seed
-    WithActions.portfolios = given.portfolios
+    WithActions.portfolios = TaxYears.portfolios = given.portfolios
     print(f"{given.lines} lines, seed {given.seed}")
     unittest.main(argv=[sys.argv[0], *rest])
 

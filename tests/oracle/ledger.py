@@ -3,8 +3,8 @@
 On one day corporate actions come first, then what was bought without delivery, then bills in file
 order, the purchases of a bill before its sales, then transfers in file order. A sale without
 delivery that names no lot takes what was bought so on that day before the oldest purchases; another
-one that names no lot takes it last. A bill that lacks balance is tried again after those transfers of the day that are
-possible. Each financial year stands on its own opening rows.
+one that names no lot takes it last. A bill that lacks balance is tried again after those transfers
+of the day that are possible. Each financial year stands on its own opening rows.
 """
 
 from bisect import insort

@@ -27,7 +27,7 @@ QString TotalsText(std::span<const TaxLoss> losses) {
       total += loss.kind == name.kind ? loss.amount : text::Paise();
     }
     if (total != text::Paise()) {
-      totals << Tr("Tax", name.title) + QLatin1Char(' ') + text::FormatThousands(total.Rupees());
+      totals << Tr("Tax", name.title) + QLatin1Char(' ') + text::FormatAmount(total.Rupees());
     }
   }
   return totals.join(QStringLiteral(", "));

@@ -15,6 +15,8 @@ using controls::Icon;
 using controls::Mask;
 using controls::ZENButton;
 
+constexpr int kLettersOfChoice = 26;
+
 enum Choice { kHeldScrips, kScripsWithoutValue, kAllScrips };
 enum Column { kCode, kSymbol, kName, kHeld, kStoredRate, kRate };
 
@@ -58,6 +60,7 @@ void FrmFairValue::Build() {
   CboShow->SetTexts(
       {tr("Scrips acquired up to that day"), tr("Of these, without a value"), tr("All scrips")});
   CboShow->setCurrentIndex(kHeldScrips);
+  CboShow->setMinimumContentsLength(kLettersOfChoice);
   LblCount->setObjectName(QStringLiteral("LblCount"));
   LblCount->setWordWrap(true);
   CmdExit->SetCancels(true);

@@ -28,7 +28,7 @@ class FrmTaxLossTest : public test::DeskTest {
     shown.Fill({"2008", "spec", "5.255", "2010", "short", "1234567.5"});
     QCOMPARE(shown.messages.Texts(), QStringList());
     QCOMPARE(shown.Named<QLabel>("LblTotal")->text(),
-             "Short-Term Capital Loss 1,234,567.50, Speculation Loss 5.26");
+             "Short-Term Capital Loss 1234567.50, Speculation Loss 5.26");
     QCOMPARE(Stored(), QStringList("2|2011-12|2010-11|1|9"));
     shown.Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(shown.messages.LastText(), "Enter an Amount Above Zero.");

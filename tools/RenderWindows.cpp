@@ -44,6 +44,7 @@ const std::map<QString, QStringList> kPressed{
     {QStringLiteral("FrmScriptTransfer"), {QStringLiteral("cmdModify")}},
     {QStringLiteral("FrmCorpAction"), {QStringLiteral("CmdPreview")}},
     {QStringLiteral("ImpCorpAction"), {QStringLiteral("CmdFile")}},
+    {QStringLiteral("FrmFairValue"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("FrmClientMaster"),
      {QStringLiteral("cmdModify"), QStringLiteral("CmdSource"), QStringLiteral("cmdUpdate")}},
 };
@@ -52,7 +53,7 @@ const QStringList kShownByDetails{QStringLiteral("FrmClientMaster"), QStringLite
                                   QStringLiteral("FrmBroker")};
 const QStringList kLeftUnsaved{QStringLiteral("FrmSalePurchase"),
                                QStringLiteral("FrmScriptTransfer"), QStringLiteral("ImpScrMaster"),
-                               QStringLiteral("ImpScrRate")};
+                               QStringLiteral("ImpScrRate"), QStringLiteral("FrmFairValue")};
 const QString kBill = QStringLiteral("KV/1112/0015");
 const QString kCalculation = QStringLiteral("1250*48=");
 

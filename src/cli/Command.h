@@ -55,6 +55,7 @@ void AddActionCommands(CLI::App& app, Context& context);
 void AddReportCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddRatesCommands(CLI::App& app, Context& context);
+void AddFairValueCommands(CLI::App& app, Context& context);
 void AddDatabaseCommands(CLI::App& app, Context& context);
 void AddBackupCommands(CLI::App& app, Context& context);
 void AddDemoCommand(CLI::App& app, Context& context);

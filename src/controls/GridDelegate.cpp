@@ -35,8 +35,9 @@ TextBox* MakeBox(const Column& column) {
     case Mask::kDate:
       return new DateBox();
     case Mask::kAmount:
-    case Mask::kNumber:
       return new AmountBox();
+    case Mask::kNumber:
+      return new NumberBox();
     case Mask::kPercent:
       return new AmountBox(nullptr, AmountBox::Form::kPercent);
     default:

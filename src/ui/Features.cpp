@@ -10,6 +10,7 @@
 #include "masters/brokers/window/FrmBroker.h"
 #include "masters/client_list/window/FrmClientList.h"
 #include "masters/clients/window/FrmClientMaster.h"
+#include "masters/fair_values/window/FrmFairValue.h"
 #include "masters/imports/window/ImpScrMaster.h"
 #include "masters/imports/window/ImpScrRate.h"
 #include "masters/lookup_masters/window/FrmLookup.h"
@@ -30,6 +31,7 @@
 #include "transactions/corporate_actions/window/ImpCorpAction.h"
 #include "transactions/dividends/window/FrmDividend.h"
 #include "transactions/opening_stock/window/FrmStkOpBalance.h"
+#include "transactions/tax_losses/window/FrmTaxLoss.h"
 #include "transactions/transfers/window/FrmScriptTransfer.h"
 
 #include <algorithm>
@@ -141,6 +143,10 @@ constexpr Feature kFeatures[] = {
     ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),
     ReportOf(reports::kScripPageWindow, Make<scrip_page::RptScripPage>),
     ReportOf(reports::kTaxYearWindow, Make<tax_year::RptTaxYear>),
+    {"mnuFairValues", QT_TRANSLATE_NOOP("MainMenu", "&Fair Values of 31-Jan-2018"), kOpenWindow,
+     "mnuPortfolio", "FrmFairValue", "fair-values.md", Make<fair_values::FrmFairValue>},
+    {"mnuTaxLosses", QT_TRANSLATE_NOOP("MainMenu", "&Losses Brought Forward"), kClientSelection,
+     "mnuPortfolio", "FrmTaxLoss", "tax-losses.md", Make<tax_losses::FrmTaxLoss>},
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},

@@ -87,5 +87,92 @@ class Rates(Case):
                       self.desk.run(*fetch, "29/03/2012", status=REFUSED).stderr)
 
 
+BSE = ("SC_CODE,SC_NAME,SC_GROUP,SC_TYPE,OPEN,HIGH,LOW,CLOSE,LAST,PREVCLOSE,NO_TRADES,NO_OF_SHRS,"
+       "NET_TURNOV,TDCLOINDI\r\n")
+BSE_ROW = "{},ZINC ALLOYS ,A ,Q,950.00,{},942.00,961.15,961.15,949.25,5985,457062,4382304.00,"
+NSE = ("SYMBOL,SERIES,OPEN,HIGH,LOW,CLOSE,LAST,PREVCLOSE,TOTTRDQTY,TOTTRDVAL,TIMESTAMP,TOTALTRADES,"
+       "ISIN,\nZINC,EQ,950,{},940,961,961,949,10,10,{},1,INE002A01018,\n")
+WITH_ISIN = BSE.strip() + ",ISIN_CODE,TRADING_DATE,FILLER2,FILLER3\r\n"
+
+
+class FairValues(Case):
+    """The highest prices of 31-Jan-2018."""
+
+    def setUp(self):
+        self.desk = self.new_desk()
+        self.desk.take_in(write(self.new_folder(), BASE | {
+            "scrips.csv": BASE["scrips.csv"].replace("code,", "code,ncode,").replace(
+                "600001,", "600001,ZINC,").replace("600002,", "600002,,"),
+            "isins.csv": "scrip_code,isin\n600002,INE467B01029\n"}))
+        self.folder = self.new_folder()
+
+    def file(self, name, text):
+        (self.folder / name).write_text(text, newline="")
+        return self.folder / name
+
+    def bse(self, *rows, name="EQ310118.CSV"):
+        return self.file(name, BSE + "\r\n".join(BSE_ROW.format(*row) for row in rows) + "\r\n")
+
+    def values(self):
+        return self.desk.export().get("fair_values.csv", b"").decode().splitlines()[1:]
+
+    def missing(self, *arguments):
+        return self.desk.run("fair-values", "--missing", *arguments).stdout.splitlines()[1:]
+
+    def test_the_higher_price_of_both_exchanges_counts(self):
+        self.assertEqual(self.missing(), ["600001,ZINC,ZINC ALLOYS LTD"])
+        bse = self.bse((600001, "964.90"), (699999, 5))
+        nse = self.file("cm31JAN2018bhav.csv", NSE.format("965.05", "31-JAN-2018"))
+        told = self.desk.run("fair-values", bse, nse, "--dry-run").stderr
+        self.assertIn("Nothing was written. 1 fair values are new, 0 are higher", told)
+        self.assertEqual(self.values(), [])
+        self.desk.run("fair-values", bse)
+        self.assertEqual(self.values(), ["600001,964.9"])
+        for _ in range(2):
+            told = self.desk.run("fair-values", nse, bse).stderr
+            self.assertEqual(self.values(), ["600001,965.05"])
+        self.assertIn("0 fair values are new, 0 are higher than before, 1 stay; 1 rows", told)
+        self.assertEqual(self.missing(), [])
+
+    def test_what_the_exchanges_files_do(self):
+        """Two records on one line, a scrip known by its ISIN alone, no trade, a day in the name of
+        the file in the archive."""
+        with zipfile.ZipFile(self.folder / "day.zip", "w") as archive:
+            archive.writestr("EQ310118.CSV", BSE + BSE_ROW.format(600001, "70.5")
+                             + BSE_ROW.format(600002, "-") + "\r\n")
+        self.desk.run("fair-values", self.folder / "day.zip")
+        self.assertEqual(self.values(), ["600001,70.5"])
+        isin = self.file("a.csv", WITH_ISIN + BSE_ROW.format(512345, "80.25")
+                         + ",INE467B01029,31-Jan-18,,\r\n")
+        self.desk.run("fair-values", isin)
+        self.assertEqual(self.values(), ["600001,70.5", "600002,80.25"])
+
+    def test_of_a_client(self):
+        self.assertEqual(self.missing("--client", "BI"), [])
+        self.assertEqual(self.missing("--client", "AN"), ["600001,ZINC,ZINC ALLOYS LTD"])
+
+    def test_what_is_refused_changes_nothing(self):
+        good = self.bse((600001, 964))
+        for arguments, status, told in (
+                ((good, self.bse((600001, 964), name="EQ010218.CSV")), REFUSED,
+                 "EQ010218.CSV: The file holds the prices of 01/02/2018, not of 31/01/2018."),
+                ((self.file("b.csv", NSE.format(1, "30-JAN-2018")),), REFUSED, "of 30/01/2018"),
+                ((good, self.bse((600001, 964), name="prices.csv")), REFUSED, "with --date"),
+                ((good, "--date", "01/02/2018"), REFUSED, "of 31/01/2018, not of 01/02/2018"),
+                ((self.file("c.csv", "<html><title>Not here</title></html>"),), REFUSED, "Invalid"),
+                ((self.file("d.csv", FILE.replace("30-Mar-2012", "31-Jan-2018")),), REFUSED,
+                 "no highest prices"),
+                ((good, self.bse((600001, "x"), name="EQ_ISINCODE_310118.CSV")), REFUSED,
+                 "x is no rate"),
+                (("--missing", "--client", "XX"), REFUSED, "XX"),
+                ((), WRONG_USAGE, "expected FILE"), ((good, "--missing"), WRONG_USAGE, "expected"),
+                ((good, "--client", "AN"), WRONG_USAGE, "expected")):
+            with self.subTest(arguments=arguments):
+                self.assertIn(told, self.desk.run("fair-values", *arguments, status=status).stderr)
+        self.assertEqual(self.values(), [])
+        self.desk.run("fair-values", self.folder / "prices.csv", "--date", "31/01/2018")
+        self.assertEqual(self.values(), ["600001,964"])
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -85,16 +85,26 @@ Result<PriceFile> ReadPriceFile(const QString& path) {
   }
 }
 
-MaybeRefusal CheckPrices(const PriceFile& file, text::Date date) {
-  if (!file.has_rates) {
-    return Invalid(Tr("Rates", "The file holds no rates."));
-  }
+namespace {
+
+MaybeRefusal CheckDay(const PriceFile& file, text::Date date) {
   if (file.date && *file.date != date) {
     return Refusal{Tr("Rates", "The file holds the prices of %1, not of %2.")
                        .arg(text::FormatDmy(*file.date), text::FormatDmy(date)),
                    {}};
   }
   return std::nullopt;
+}
+
+}  // namespace
+
+MaybeRefusal CheckPrices(const PriceFile& file, text::Date date) {
+  return file.has_rates ? CheckDay(file, date) : Invalid(Tr("Rates", "The file holds no rates."));
+}
+
+MaybeRefusal CheckHighestPrices(const PriceFile& file, text::Date date) {
+  return file.has_highs ? CheckDay(file, date)
+                        : Invalid(Tr("Rates", "The file holds no highest prices of a day."));
 }
 
 }  // namespace quorvane::rates

@@ -27,6 +27,7 @@ struct PriceRow {
   std::string series_type = {};  ///< the type that the series or group tells, for a new scrip
   std::string isin = {};         ///< twelve capitals and digits
   double rate = 0;               ///< closing price in rupees; 0 when there was none
+  double high = 0;               ///< highest price in rupees; 0 when there was none
 };
 
 /// A scrip list or the closing prices of one day, of any exchange and year. Each scrip is in it
@@ -36,6 +37,7 @@ struct PriceFile {
   bool has_names = false;
   bool has_symbols = false;  ///< an empty symbol means that the scrip has none
   bool has_rates = false;
+  bool has_highs = false;
   std::optional<text::Date> date = {};  ///< the day of the prices, when the file tells it
   std::vector<PriceRow> rows = {};      ///< in the order of the file
   std::size_t left_out = 0;  ///< rows of other segments and of series beside the chosen one
@@ -57,5 +59,8 @@ Result<PriceFile> ReadPriceFile(const QString& path);
 
 /// Refuses a file of rates that has none, or whose prices are of another day.
 MaybeRefusal CheckPrices(const PriceFile& file, text::Date date);
+
+/// The same for the highest prices of the day.
+MaybeRefusal CheckHighestPrices(const PriceFile& file, text::Date date);
 
 }  // namespace quorvane::rates

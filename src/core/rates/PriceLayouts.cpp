@@ -8,46 +8,46 @@ namespace quorvane::rates {
 namespace {
 
 // The order of the columns is that of the fields: code, symbol, name, class, group, type, rate,
-// date, series, source, segment, ISIN. What has more of its headings stands first.
+// date, series, source, segment, ISIN, highest price. What has more of its headings stands first.
 constexpr std::array kLayouts{
     // The program's own files.
     PriceLayout{Exchange::kOwn,
                 {"SC_BCODE", "SC_NCODE", "SC_NAME", "SC_CLASS", "", "SC_TYPE", "?SC_RATE", "", "",
-                 "", "", "?ISIN"}},
+                 "", "", "?ISIN", ""}},
     PriceLayout{Exchange::kOwn,
                 {"SC_CODE", "?SYMBOL", "SC_NAME", "SC_CLASS", "SC_GROUP", "SC_TYPE", "SC_RATE", "",
-                 "", "", "", "?ISIN"}},
+                 "", "", "", "?ISIN", ""}},
     PriceLayout{Exchange::kOwn,
                 {"SC_CODE", "SYMBOL", "SC_NAME", "SC_CLASS", "SC_GROUP", "SC_TYPE", "?CLOSE", "",
-                 "SERIES", "", "", "?ISIN"}},
+                 "SERIES", "", "", "?ISIN", "?HIGH"}},
     PriceLayout{Exchange::kOwn,
                 {"SC_CODE", "", "SC_NAME", "SC_CLASS", "SC_GROUP", "SC_TYPE", "?CLOSE", "", "", "",
-                 "", "?ISIN"}},
+                 "", "?ISIN", "?HIGH"}},
     // Daily prices of the Bombay exchange, without and with ISIN, then of 2022.
     PriceLayout{Exchange::kBse,
                 {"SC_CODE", "", "SC_NAME", "", "SC_GROUP", "SC_TYPE", "CLOSE", "?TRADING_DATE", "",
-                 "", "", "?ISIN_CODE"}},
+                 "", "", "?ISIN_CODE", "?HIGH"}},
     PriceLayout{Exchange::kBse,
                 {"SCRIP_CODE", "", "SC_NAME", "", "SC_GROUP", "", "CLOSING PRICE", "?TRADING_DATE",
-                 "", "", "", "?ISIN"}},
+                 "", "", "", "?ISIN", "?HIGH PRICE"}},
     // The common daily file of both exchanges; the Bombay exchange's of 2023 names no source.
     PriceLayout{Exchange::kBse,
                 {"FININSTRMID", "TCKRSYMB", "FININSTRMNM", "", "SCTYSRS", "", "CLSPRIC", "TRADDT",
-                 "SCTYSRS", "?SRC", "?SGMT", "?ISIN"}},
+                 "SCTYSRS", "?SRC", "?SGMT", "?ISIN", "?HGHPRIC"}},
     // Daily prices of the National exchange: with deliveries, and the older one.
-    PriceLayout{
-        Exchange::kNse,
-        {"", "SYMBOL", "", "", "SERIES", "", "CLOSE_PRICE", "DATE1", "SERIES", "", "", "?ISIN"}},
-    PriceLayout{
-        Exchange::kNse,
-        {"", "SYMBOL", "", "", "SERIES", "", "CLOSE", "TIMESTAMP", "SERIES", "", "", "?ISIN"}},
+    PriceLayout{Exchange::kNse,
+                {"", "SYMBOL", "", "", "SERIES", "", "CLOSE_PRICE", "DATE1", "SERIES", "", "",
+                 "?ISIN", "?HIGH_PRICE"}},
+    PriceLayout{Exchange::kNse,
+                {"", "SYMBOL", "", "", "SERIES", "", "CLOSE", "TIMESTAMP", "SERIES", "", "",
+                 "?ISIN", "?HIGH"}},
     // Scrip lists.
     PriceLayout{Exchange::kNse,
                 {"", "SYMBOL", "NAME OF COMPANY", "", "SERIES", "", "", "", "SERIES", "", "",
-                 "?ISIN NUMBER"}},
+                 "?ISIN NUMBER", ""}},
     PriceLayout{Exchange::kBse,
                 {"SECURITY CODE", "", "SECURITY NAME", "", "GROUP", "INSTRUMENT", "", "", "", "",
-                 "", "?ISIN NO"}}};
+                 "", "?ISIN NO", ""}}};
 
 }  // namespace
 

@@ -25,6 +25,7 @@ enum Field {
   kSourceField,
   kSegmentField,
   kIsinField,
+  kHighField,
   kFieldCount
 };
 

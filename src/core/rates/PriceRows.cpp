@@ -107,6 +107,7 @@ PriceRows::PriceRows(const FoundLayout& layout) : layout_(layout) {
   file_.exchange = layout.layout->exchange;
   file_.has_names = layout.Has(kNameField);
   file_.has_rates = layout.Has(kRateField);
+  file_.has_highs = layout.Has(kHighField);
   file_.has_symbols = file_.exchange == Exchange::kOwn && layout.Has(kSymbolField);
 }
 
@@ -190,7 +191,8 @@ void PriceRows::AddRecord(const files::TextRow& row) {
       exchange == Exchange::kOwn ? std::string() : TypeOfSeries(exchange, record.scrip_class);
   record.isin = IsinOf(layout_.Cell(row, kIsinField));
   const int rank = exchange == Exchange::kNse ? RankOf(layout_.Cell(row, kSeriesField)) : 0;
-  if (ReadDate(row) && ReadRate(row, record) && CheckTexts(record)) {
+  if (ReadDate(row) && ReadPrice(row, kRateField, record.rate) &&
+      ReadPrice(row, kHighField, record.high) && CheckTexts(record)) {
     Keep(std::move(record), rank);
   }
 }
@@ -213,17 +215,18 @@ bool PriceRows::ReadDate(const files::TextRow& row) {
   return true;
 }
 
-bool PriceRows::ReadRate(const files::TextRow& row, PriceRow& record) {
-  const std::string& text = layout_.Cell(row, kRateField);
+/// What is absent leaves the price as it is.
+bool PriceRows::ReadPrice(const files::TextRow& row, Field field, double& price) {
+  const std::string& text = layout_.Cell(row, field);
   if (IsAbsent(text)) {
     return true;
   }
-  const auto price = StrictPrice(text);
-  if (!price) {
+  const auto read = StrictPrice(text);
+  if (!read) {
     Fail(row.line, Tr("Rates", "%1 is no rate").arg(QString::fromStdString(text)));
     return false;
   }
-  record.rate = text::RoundAmount(*price);
+  price = text::RoundAmount(*read);
   return true;
 }
 
@@ -267,7 +270,9 @@ void PriceRows::Keep(PriceRow record, int rank) {
     return;
   }
   ++file_.left_out;
-  if (rank < earlier_rank) {
+  if (rank == earlier_rank) {
+    earlier.high = std::max(earlier.high, record.high);
+  } else if (rank < earlier_rank) {
     earlier = std::move(record);
     earlier_rank = rank;
   }

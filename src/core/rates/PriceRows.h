@@ -25,7 +25,7 @@ class PriceRows {
   bool IsOfOtherMarket(const files::TextRow& row) const;
   Exchange ExchangeOf(const files::TextRow& row) const;
   bool ReadDate(const files::TextRow& row);
-  bool ReadRate(const files::TextRow& row, PriceRow& record);
+  bool ReadPrice(const files::TextRow& row, Field field, double& price);
   bool CheckTexts(const PriceRow& record);
   void Keep(PriceRow record, int rank);
   void Fail(std::size_t line, const QString& what);

@@ -133,6 +133,35 @@ class PriceFileTest : public QObject {
     QCOMPARE(file.date ? text::FormatDmy(*file.date) : QString(), date);
   }
 
+  void HighestPriceIsRead_data() {
+    const test::Table<QByteArray, double> row;
+    row("old Bombay file", kLegacy + "500325" + kRecord + "\r\n", 964);
+    row("two records on one line", kLegacy + "500325" + kRecord + "500209" + kRecord + "XD\r\n",
+        964);
+    row("Bombay file of 2022",
+        "SCRIP_CODE,SC_NAME,SC_GROUP,HIGH PRICE,CLOSING PRICE\n500325,RELIANCE,A,2.75,2.5\n", 2.75);
+    row("common file", kUdiff + UdiffRow("BSE", "511260", "ICONIK", "X", "43.09"), 1208);
+    row("National file", kNse + NseRow("RELIANCE", "EQ", "0.5"), 1);
+    row("National file with deliveries",
+        "SYMBOL, SERIES, DATE1, HIGH_PRICE, CLOSE_PRICE\nM&M, EQ, 31-Jan-2018, 766, 1\n", 766);
+    row("not traded",
+        "SYMBOL, SERIES, DATE1, HIGH_PRICE, CLOSE_PRICE\nM&M, EQ, 31-Jan-2018, -, 1\n", 0);
+    row("the share, not its other series",
+        kNse + "M&M,N1,1,900,1,1,1,1,10,10,05-JUL-2024,1,INE002A01018,\n" +
+            NseRow("M&M", "EQ", "1") + "M&M,BE,1,950,1,1,1,1,10,10,05-JUL-2024,1,INE002A01018,\n",
+        1);
+    row("a row that stands twice",
+        kNse + NseRow("M&M", "EQ", "1") + "M&M,EQ,1,2,1,1,1,1,10,10,05-JUL-2024,1,INE002A01018,\n",
+        2);
+  }
+  void HighestPriceIsRead() {
+    const auto [csv, high] = test::Table<QByteArray, double>::Row();
+    PriceFile file;
+    QVERIFY(!Read(csv, file));
+    QVERIFY(file.has_highs);
+    QCOMPARE(file.rows[0].high, high);
+  }
+
   void SeriesTellsTheTypeAndTheIsinIsRead() {
     PriceFile file;
     QVERIFY(!Read(kNse + NseRow("RELIANCE", "EQ", "1") + NseRow("SGB", "GB", "2"), file));

@@ -124,6 +124,7 @@ class RefusedFieldsTest : public QObject {
                         {Field::kPercent, "Text1_1"},
                         {Field::kAsOn, "Text1_2"}});
     Add("ImpScrRate", {{Field::kDate, "TxtDate"}});
+    Add("FrmFairValue", {{Field::kRate, "VSF"}, {Field::kScrip, "VSF"}});
   }
 
   static void AddDocuments() {
@@ -141,6 +142,7 @@ class RefusedFieldsTest : public QObject {
                         {Field::kQuantity, "Text1_1"},
                         {Field::kRate, "Text1_2"},
                         {Field::kTax, "Text1_3"}});
+    Add("FrmTaxLoss", {{Field::kYear, "VSF"}, {Field::kKind, "VSF"}, {Field::kAmount, "VSF"}});
     Add("FrmSalePurchase", {{Field::kNumber, "Text1_0"},
                             {Field::kDate, "Text1_1"},
                             {Field::kBroker, "Text1_2"},

@@ -1,3 +1,4 @@
+#include "core/files/TextTable.h"
 #include "core/tax/Rules.h"
 #include "reports/tax/Folder.h"
 #include "reports/tax/TaxDocument.h"
@@ -72,12 +73,12 @@ class TaxYearTest : public test::DatabaseTest {
   }
 
   void EveryPrintedTotalIsTheSumOfItsRows() {
-    const lookups::Directory directory(*database_);
+    const lookups::Directory directory(**database_);
     const tax::Rules rules = RulesOf(2024);
     const tax::Rules before = RulesOf(2023);
     Progress progress;
-    const ClientTax tax =
-        TaxBook(*database_, directory, rules, &before).Of(directory.FindClient("AN")->id, progress);
+    const ClientTax tax = TaxBook(**database_, directory, rules, &before)
+                              .Of(directory.FindClient("AN")->id, progress);
     const reporting::ReportDocument document = MakeTaxDocument(rules, tax, {}, directory);
     const reporting::Table& pieces = document.tables.back();
     QCOMPARE(pieces.titles.front(), "Sales");
@@ -107,14 +108,14 @@ class TaxYearTest : public test::DatabaseTest {
   }
 
   void PointsNameWhatIsMissing() {
-    const lookups::Directory directory(*database_);
+    const lookups::Directory directory(**database_);
     const tax::Rules rules = RulesOf(2024);
     const tax::Rules before = RulesOf(2023);
     Progress progress;
-    const ClientTax tax =
-        TaxBook(*database_, directory, rules, &before).Of(directory.FindClient("AN")->id, progress);
+    const ClientTax tax = TaxBook(**database_, directory, rules, &before)
+                              .Of(directory.FindClient("AN")->id, progress);
     QStringList found;
-    for (const Point& point : CheckList(*database_, directory).PointsOf(tax, progress)) {
+    for (const Point& point : CheckList(**database_, directory).PointsOf(tax, progress)) {
       found << point.window + (point.open ? ": " : "? ") + point.text;
     }
     QCOMPARE(found, QStringList({

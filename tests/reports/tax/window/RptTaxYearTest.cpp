@@ -26,7 +26,7 @@ class RptTaxYearTest : public test::DatabaseTest {
   void init() {
     database_.emplace();
     test::TakeInTaxYears(*database_);
-    client_ = lookups::Directory(*database_).FindClient("AN")->id;
+    client_ = lookups::Directory(**database_).FindClient("AN")->id;
   }
 
   void APointOpensTheWindowThatMendsItForItsClient() {
@@ -42,21 +42,21 @@ class RptTaxYearTest : public test::DatabaseTest {
       QCOMPARE(window.Session().current->client, client_);
     }
     QCOMPARE(window.opened, QStringList({"FrmFairValue", "FrmSalePurchase", "FrmTaxLoss",
-                                          "FrmScript", "FrmClientMaster"}));
+                                         "FrmScript", "FrmClientMaster"}));
   }
 
   void LossesOfTheYearBeforeAreBroughtForwardOnAQuestion() {
     Shown window(*database_);
     window.messages.WillAnswer(false);
     window.Click("CmdReport");
-    QVERIFY(tax::ReadTaxLosses(*database_, client_, text::FinancialYear(2024)).empty());
+    QVERIFY(tax::ReadTaxLosses(**database_, client_, text::FinancialYear(2024)).empty());
     window.Click("CmdReport");
     QCOMPARE(window.messages.said.size(), std::size_t{1});
 
     Shown other(*database_);
     other.messages.WillAnswer(true);
     other.Click("CmdReport");
-    const auto losses = tax::ReadTaxLosses(*database_, client_, text::FinancialYear(2024));
+    const auto losses = tax::ReadTaxLosses(**database_, client_, text::FinancialYear(2024));
     QCOMPARE(losses.size(), std::size_t{1});
     QCOMPARE(losses.front().amount, text::Paise(50000));
     QCOMPARE(losses.front().loss_year, text::FinancialYear(2023));

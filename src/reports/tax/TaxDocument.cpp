@@ -49,16 +49,14 @@ Cell Money(std::optional<Paise> amount) {
   return amount ? Cell(amount->Rupees()) : Cell();
 }
 
-Table PointTable(std::span<const Point> points) {
-  Table table;
-  table.titles = {QStringLiteral("To Be Settled Before Filing")};
-  table.columns = {reporting::TextColumn(QStringLiteral("")),
-                   reporting::TextColumn(QStringLiteral("Point"))};
+/// What stands before filing, a line a point.
+QStringList NotesOf(std::span<const Point> points) {
+  QStringList notes;
   for (const Point& point : points) {
-    table.rows.push_back(
-        {.cells = {point.open ? QStringLiteral("Open") : QStringLiteral("Hint"), point.text}});
+    notes << (point.open ? QStringLiteral("Open before filing: %1") : QStringLiteral("Hint: %1"))
+                 .arg(point.text);
   }
-  return table;
+  return notes;
 }
 
 Row PieceRow(const TaxPiece& piece, const lookups::Directory& directory) {
@@ -273,9 +271,7 @@ reporting::ReportDocument MakeTaxDocument(const tax::Rules& rules, const ClientT
   reporting::ReportDocument document;
   document.titles = TitlesOf(QStringLiteral("Tax Year"), year.of.year);
   document.titles << QString::fromStdString(directory.Client(year.of.client).name);
-  if (!points.empty()) {
-    document.tables.push_back(PointTable(points));
-  }
+  document.notes = NotesOf(points);
   if (year.pieces.empty()) {
     document.notes << QStringLiteral("Nothing was sold in the year.");
   } else {

@@ -10,8 +10,8 @@
 
 namespace quorvane::tax_year {
 
-/// The tax year of a client: what stands before filing, the pieces by section, their sums with
-/// set-off, exemption and tax, the advance-tax windows, the losses.
+/// The tax year of a client: the sums by section with set-off, exemption and tax, the advance-tax
+/// windows, the losses, the sales by section, and as notes what stands before filing.
 reporting::ReportDocument MakeTaxDocument(const tax::Rules& rules, const ClientTax& tax,
                                           std::span<const Point> points,
                                           const lookups::Directory& directory);

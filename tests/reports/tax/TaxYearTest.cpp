@@ -52,6 +52,9 @@ class TaxYearTest : public test::DatabaseTest {
       QCOMPARE(rules.Windows().back().last_day, FinancialYear(year).LastDay());
       QVERIFY(!rules.SectionOf(tax::GainKind::kLongTermStt, FinancialYear(year).FirstDay())
                    .name.isEmpty());
+      for (const tax::LossKindName& loss : tax::kLossKinds) {
+        QCOMPARE(rules.CarryYears(loss.kind), loss.years);  // what may be entered can be set off
+      }
     }
   }
 

@@ -797,6 +797,13 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>FairValues</name>
+    <message>
+        <source>A Script was Deleted Meanwhile. Open the Window Again.</source>
+        <translation>इस बीच एक शेयर हटा दिया गया। विंडो फिर से खोलें।</translation>
+    </message>
+</context>
+<context>
     <name>Files</name>
     <message>
         <source>The archive cannot be read.</source>
@@ -1312,6 +1319,14 @@ Maximum Allowed Value is: %1</source>
         <source>&amp;Dividends</source>
         <translation>लाभांश (&amp;D)</translation>
     </message>
+    <message>
+        <source>&amp;Fair Values of 31-Jan-2018</source>
+        <translation>31-Jan-2018 के उचित मूल्य (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Losses Brought Forward</source>
+        <translation>आगे लाई गई हानियाँ (&amp;L)</translation>
+    </message>
 </context>
 <context>
     <name>Masters</name>
@@ -1692,6 +1707,10 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <source>Line %1: %2.</source>
         <translation>पंक्ति %1: %2।</translation>
     </message>
+    <message>
+        <source>The file holds no highest prices of a day.</source>
+        <translation>फ़ाइल में किसी दिन के उच्चतम भाव नहीं हैं।</translation>
+    </message>
 </context>
 <context>
     <name>ReportOutput</name>
@@ -1864,6 +1883,38 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Line %1 of advance-tax-windows.csv is no window.</source>
         <translation>advance-tax-windows.csv की पंक्ति %1 कोई अवधि नहीं है।</translation>
+    </message>
+    <message>
+        <source>Enter a Rate Above Zero, of at Most %1 Rupees.</source>
+        <translation>शून्य से अधिक और अधिकतम %1 रुपये का भाव दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Enter a Year before %1.</source>
+        <translation>%1 से पहले का वर्ष दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>%1: a loss of %2 may be set off up to %3.</source>
+        <translation>%1: %2 की हानि %3 तक ही समायोजित हो सकती है।</translation>
+    </message>
+    <message>
+        <source>Enter an Amount Above Zero.</source>
+        <translation>शून्य से अधिक राशि दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is Entered Twice.</source>
+        <translation>%2 की %1 दो बार दर्ज है।</translation>
+    </message>
+    <message>
+        <source>Long-Term Capital Loss</source>
+        <translation>दीर्घकालिक पूँजी हानि</translation>
+    </message>
+    <message>
+        <source>Short-Term Capital Loss</source>
+        <translation>अल्पकालिक पूँजी हानि</translation>
+    </message>
+    <message>
+        <source>Speculation Loss</source>
+        <translation>सट्टा हानि</translation>
     </message>
 </context>
 <context>
@@ -3644,6 +3695,109 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::fair_values::FrmFairValue</name>
+    <message>
+        <source>Fair Values of 31-Jan-2018</source>
+        <translation>31-Jan-2018 के उचित मूल्य</translation>
+    </message>
+    <message>
+        <source>Take from &amp;File ...</source>
+        <translation>फ़ाइल से लें (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>Highest prices of 31-Jan-2018</source>
+        <translation>31-Jan-2018 के उच्चतम भाव</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>सहेजें (&amp;U)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>A daily price file of 31-Jan-2018 of the Bombay or the National exchange: of each scrip the higher price counts</source>
+        <translation>बॉम्बे या नेशनल एक्सचेंज की 31-Jan-2018 की दैनिक भाव फ़ाइल: हर शेयर का ऊँचा भाव गिना जाता है</translation>
+    </message>
+    <message>
+        <source>Scrips acquired up to that day</source>
+        <translation>उस दिन तक लिए गए शेयर</translation>
+    </message>
+    <message>
+        <source>Of these, without a value</source>
+        <translation>इनमें से बिना मूल्य वाले</translation>
+    </message>
+    <message>
+        <source>All scrips</source>
+        <translation>सभी शेयर</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>दिखाएँ (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Ncode</source>
+        <translation>दूसरा कोड</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Held Then</source>
+        <translation>तब थे</translation>
+    </message>
+    <message>
+        <source>Stored Rate</source>
+        <translation>सहेजा हुआ भाव</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Files of the exchanges (*.csv *.CSV *.zip *.xls *.xlsx *.ods)</source>
+        <translation>एक्सचेंजों की फ़ाइलें (*.csv *.CSV *.zip *.xls *.xlsx *.ods)</translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>The file %1 does not tell its day. Are its prices of %2?</source>
+        <translation>फ़ाइल %1 अपना दिन नहीं बताती। क्या उसके भाव %2 के हैं?</translation>
+    </message>
+    <message>
+        <source>%1 values are new, %2 are higher than before, %3 stay. %4 rows of the file belong to no scrip. Nothing is saved before Update.</source>
+        <translation>%1 मूल्य नए हैं, %2 पहले से ऊँचे हैं, %3 वही रहे। फ़ाइल की %4 पंक्तियाँ किसी शेयर की नहीं हैं। &apos;सहेजें&apos; से पहले कुछ नहीं सहेजा जाता।</translation>
+    </message>
+    <message>
+        <source>No shares are recorded that were acquired up to %1. Choose All scrips to enter values for later.</source>
+        <translation>%1 तक लिए गए कोई शेयर दर्ज नहीं हैं। आगे के लिए मूल्य भरने हों तो &apos;सभी शेयर&apos; चुनें।</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 scrips that were acquired up to %3 have a value: the highest price quoted on that day, in rupees a share.</source>
+        <translation>%3 तक लिए गए %2 शेयरों में से %1 के मूल्य हैं: उस दिन का उच्चतम भाव, रुपये प्रति शेयर।</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>Update Successfully!</source>
+        <translation>सफलतापूर्वक सहेजा गया!</translation>
+    </message>
+    <message>
+        <source>The values are not saved. Close without saving them?</source>
+        <translation>मूल्य सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::imports::ImpScrMaster</name>
     <message>
         <source>New</source>
@@ -5340,6 +5494,61 @@ Lots changed: %1</source>
     <message>
         <source>How it is proposed in bill windows opened from now on.</source>
         <translation>अब से खुलने वाली बिल विंडो में यह ऐसे सुझाया जाएगा।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::tax_losses::FrmTaxLoss</name>
+    <message>
+        <source>Losses Brought Forward</source>
+        <translation>आगे लाई गई हानियाँ</translation>
+    </message>
+    <message>
+        <source>Losses of earlier years</source>
+        <translation>पिछले वर्षों की हानियाँ</translation>
+    </message>
+    <message>
+        <source>Add Ro&amp;w</source>
+        <translation>पंक्ति जोड़ें (&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Row</source>
+        <translation>पंक्ति हटाएँ (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>सहेजें (&amp;U)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>What is left of losses of earlier years when %1 begins, as in the return of the year before.</source>
+        <translation>%1 के आरंभ में पिछले वर्षों की हानियों में से जो शेष है, जैसा पिछले वर्ष की विवरणी में है।</translation>
+    </message>
+    <message>
+        <source>Year of the Loss</source>
+        <translation>हानि का वर्ष</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>राशि</translation>
+    </message>
+    <message>
+        <source>No loss is brought forward into %1. Add Row enters one.</source>
+        <translation>%1 में कोई हानि आगे नहीं लाई गई है। &apos;पंक्ति जोड़ें&apos; से दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Update Successfully!</source>
+        <translation>सफलतापूर्वक सहेजा गया!</translation>
+    </message>
+    <message>
+        <source>The losses are not saved. Close without saving them?</source>
+        <translation>हानियाँ सहेजी नहीं गई हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
+#include <unordered_set>
 #include <utility>
 
 namespace quorvane::tax {
@@ -26,21 +27,39 @@ std::string UpToDay(std::string_view column) {
   return database::DateOf(column) + " Between '1000-01-01' and ?";
 }
 
+std::string TheDay() {
+  return fmt::format("{:%F}", kFairValueDay);
+}
+
+/// Of the bills up to the day. Lines and bills are joined here: a server that has no statistics of
+/// new tables yet compares each line with each bill.
+void AddPurchases(Connection& connection, std::set<Holding>& acquired) {
+  std::unordered_set<BillId> bills;
+  for (const auto& row : connection.Open(
+           fmt::format("Select ID From SPMaster Where {}", UpToDay("BDate")), TheDay())) {
+    bills.insert(BillId{row.Int(0)});
+  }
+  for (const auto& row :
+       connection.Open("Select Cid,ScriptId,SID From SPTrans Where SP=1 and Coalesce(FO,0)=0")) {
+    if (bills.contains(BillId{row.Int(2)})) {
+      acquired.emplace(ClientId{row.Int(0)}, ScripId{row.Int(1)});
+    }
+  }
+}
+
 /// Who acquired what up to the day. Opening stock of the day's year and of earlier ones was held
 /// then, whatever day it names.
 std::set<Holding> AcquiredByDay(Connection& connection) {
-  const std::string day = fmt::format("{:%F}", kFairValueDay);
   const std::string year = text::FinancialYear::Of(kFairValueDay).Utf8();
   const std::string sql = fmt::format(
-      "Select CId,ScriptId From StkOpBal Where Coalesce(FO,0)=0 and (Fyear<=? or {0}) "
-      "Union Select T.Cid,T.ScriptId From SPTrans T Join SPMaster M On M.ID=T.SID "
-      "Where T.SP=1 and Coalesce(T.FO,0)=0 and {1} "
-      "Union Select CId,ToScrId From CorpActionLot Where InQty>0 and FO=0 and {2}",
-      UpToDay("PDate"), UpToDay("M.BDate"), UpToDay("Acquired"));
+      "Select CId,ScriptId From StkOpBal Where Coalesce(FO,0)=0 and (Fyear<=? or {}) "
+      "Union Select CId,ToScrId From CorpActionLot Where InQty>0 and FO=0 and {}",
+      UpToDay("PDate"), UpToDay("Acquired"));
   std::set<Holding> acquired;
-  for (const auto& row : connection.Open(sql, year, day, day, day)) {
+  for (const auto& row : connection.Open(sql, year, TheDay(), TheDay())) {
     acquired.emplace(ClientId{row.Int(0)}, ScripId{row.Int(1)});
   }
+  AddPurchases(connection, acquired);
   return acquired;
 }
 

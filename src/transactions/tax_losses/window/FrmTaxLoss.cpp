@@ -110,6 +110,7 @@ void FrmTaxLoss::Fill() {
 std::vector<TaxLoss> FrmTaxLoss::Entered() const {
   const controls::GridModel& model = VSF->Model();
   std::vector<TaxLoss> losses;
+  losses.reserve(static_cast<std::size_t>(model.RowCount()));
   for (int row = 0; row < model.RowCount(); ++row) {
     losses.push_back({of_.client, of_.year,
                       text::FinancialYear(model.Value(row, kLossYear).toInt()),

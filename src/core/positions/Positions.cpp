@@ -43,11 +43,17 @@ Replay::Years YearsOf(const EventList& list) {
   }
   std::ranges::sort(years.all);
   years.all.erase(std::unique(years.all.begin(), years.all.end()), years.all.end());
-  for (const Event& event : list.events) {
-    const auto year = text::FinancialYear::Of(event.day);
-    const auto [first, fresh] = years.first.try_emplace(event.client.value, year);
+  const auto note = [&](ClientId client, text::FinancialYear year) {
+    const auto [first, fresh] = years.first.try_emplace(client.value, year);
     if (!fresh) {
       first->second = std::min(first->second, year);
+    }
+  };
+  for (const Event& event : list.events) {
+    const auto year = text::FinancialYear::Of(event.day);
+    note(event.client, year);
+    if (event.to_client) {
+      note(event.to_client, year);
     }
   }
   return years;

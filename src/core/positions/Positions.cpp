@@ -127,13 +127,13 @@ Paise Holding::Cost() const {
                          [](Paise sum, const Layer& layer) { return sum + layer.cost; });
 }
 
-Positions Compute(EventList& list, Date to) {
+Positions Compute(EventList& list, Date to, std::span<const Date> days) {
   const Replay::Years years = YearsOf(list);
   AddActions(list);
   ScripGroups groups(list.actions);
   const std::vector<Event> events = InOrder(list);
   Positions result;
-  Replay replay(list.actions, years, result);
+  Replay replay(list.actions, years, days, result);
   for (std::size_t first = 0; first < events.size();) {
     const int group = groups.Of(events[first].scrip.value);
     std::size_t next = first + 1;

@@ -25,8 +25,10 @@ class Replay {
     std::vector<text::FinancialYear> all;                  ///< those in `opened`, ascending
   };
 
-  Replay(std::span<const DatedAction> actions, const Years& years, Positions& result)
-      : actions_(actions), years_(years), result_(result) {}
+  /// `days`, ascending, are those whose balances are noted.
+  Replay(std::span<const DatedAction> actions, const Years& years, std::span<const Date> days,
+         Positions& result)
+      : actions_(actions), years_(years), days_(days), result_(result) {}
 
   /// The events of the scrips; adds to the result.
   void Run(std::span<const Event> events, Date to);
@@ -63,10 +65,15 @@ class Replay {
   void TakeFraction(const Account& account, Layers& layers, const DatedAction& action,
                     const Event& event);
   void AddShortage(const Account& account, const Event& event, Shares quantity);
+  void AddOpeningMove(const Account& account, text::FinancialYear year, Shares before,
+                      Paise cost_before);
+  void NoteBalancesBefore(Date day);
   void Finish();
 
   std::span<const DatedAction> actions_;
   const Years& years_;
+  std::span<const Date> days_;
+  std::size_t next_day_ = 0;
   Positions& result_;
   std::deque<Account> accounts_;
   std::unordered_map<std::uint64_t, std::vector<Account*>> by_account_;

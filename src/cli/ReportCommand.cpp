@@ -91,6 +91,8 @@ void AddReport(CLI::App& group, Context& context, const reports::Report& report)
       return AddDividends(group, context, report);
     case kScripPage:
       return AddScripPage(group, context, report);
+    case kBrokerAccount:
+      return AddBrokerAccount(group, context, report);
     case kPosition:
       return AddMisReport(group, context, report, mis::ReportKind::kPosition);
     case kValuation:

@@ -24,6 +24,7 @@ void AddDematStatement(CLI::App& group, Context& context, const reports::Report&
 void AddTransactions(CLI::App& group, Context& context, const reports::Report& report);
 void AddDividends(CLI::App& group, Context& context, const reports::Report& report);
 void AddScripPage(CLI::App& group, Context& context, const reports::Report& report);
+void AddBrokerAccount(CLI::App& group, Context& context, const reports::Report& report);
 void AddMisReport(CLI::App& group, Context& context, const reports::Report& report,
                   mis::ReportKind kind);
 

@@ -1,5 +1,6 @@
 #include "reports/Reports.h"
 
+#include "reports/broker_account/BrokerAccount.h"
 #include "reports/broker_ledger/BrokerLedger.h"
 #include "reports/demat/DematStatement.h"
 #include "reports/demat/TransactionDocument.h"
@@ -40,6 +41,18 @@ records::Faults LedgerSamples(const SampleQuery& of, const Sample::Give& give) {
         {client.id, broker_ledger::MakeLedgerDocument(
                         query, QString::fromStdString(client.name),
                         broker_ledger::ReadBrokerLedger(of.connection, query, progress).accounts)});
+  }
+  return {};
+}
+
+records::Faults AccountSamples(const SampleQuery& of, const Sample::Give& give) {
+  for (const lookups::ClientEntry& client : of.directory.Clients()) {
+    const broker_account::AccountQuery query{
+        {client.id, of.year}, reporting::Period::Of(of.year), {}};
+    Progress progress;
+    give({client.id, broker_account::MakeAccountDocument(
+                         query, QString::fromStdString(client.name),
+                         broker_account::ReadBrokerAccounts(of.connection, query, progress))});
   }
   return {};
 }
@@ -89,6 +102,7 @@ constexpr Sample kCapitalGainSamples[] = {
     {"capital-gain", ProfitSamples<StatementMode::kCapitalGain, Layout::kDetail>},
     {"capital-gain-summary", ProfitSamples<StatementMode::kCapitalGain, Layout::kSummary>}};
 constexpr Sample kLedgerSamples[] = {{"broker-ledger", LedgerSamples}};
+constexpr Sample kAccountSamples[] = {{"broker-account", AccountSamples}};
 constexpr Sample kDematSamples[] = {{"demat", DematSamples}};
 constexpr Sample kTransactionSamples[] = {
     {"transactions", TransactionSamples<TransactionLayout::kDetailed>},
@@ -119,6 +133,8 @@ constexpr Report kReports[] = {
      "scrip-page",
      "Everything of one scrip over all years",
      {}},
+    {kBrokerAccount, kBrokerAccountWindow, "statement", "broker-account",
+     "What is owed to the brokers and due from them, with open bills by age", kAccountSamples},
     {kPosition, kMisWindow, "mis", "position", "Portfolio position", kPositionSamples},
     {kValuation, kMisWindow, "mis", "valuation", "Portfolio valuation at market rates",
      kValuationSamples},

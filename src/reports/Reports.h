@@ -59,6 +59,12 @@ inline constexpr WindowEntry kScripPageWindow{"mnuScripPage",
                                               "scrip-page.md",
                                               "mnuPortfolio"};
 
+inline constexpr WindowEntry kBrokerAccountWindow{"mnuBrokerAccount",
+                                                  QT_TRANSLATE_NOOP("MainMenu", "&Broker Account"),
+                                                  true,
+                                                  "RptBrokerAccount",
+                                                  "broker-account.md",
+                                                  "mnuPortfolio"};
 /// What a sample is made of: the whole of a year of every client.
 struct SampleQuery {
   database::Connection& connection;
@@ -89,6 +95,7 @@ enum class ReportId : std::uint8_t {
   kTransactions,
   kDividends,
   kScripPage,
+  kBrokerAccount,
   kPosition,
   kValuation,
   kMarket,

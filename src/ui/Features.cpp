@@ -16,6 +16,7 @@
 #include "masters/participants/window/FrmDepPart.h"
 #include "masters/scrips/window/FrmScript.h"
 #include "reports/Reports.h"
+#include "reports/broker_account/window/RptBrokerAccount.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
 #include "reports/dividends/window/RptDividends.h"
@@ -139,6 +140,7 @@ constexpr Feature kFeatures[] = {
      "FrmDividend", "dividends.md", Make<dividends::FrmDividend>},
     ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),
     ReportOf(reports::kScripPageWindow, Make<scrip_page::RptScripPage>),
+    ReportOf(reports::kBrokerAccountWindow, Make<broker_account::RptBrokerAccount>),
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},

@@ -226,7 +226,9 @@ class Refusals(Case):
                 (("statement", "capital-gain", "--all", "--year", "2011-12", "--scrips",
                   "600001,9"), 'no scrip "9"'),
                 (("statement", "capital-gain", "--all", "--year", "2011-12", "--from",
-                  "02/06/2011", "--to", "01/06/2011"), "From Date Can't be Greater")):
+                  "02/06/2011", "--to", "01/06/2011"), "From Date Can't be Greater"),
+                (("statement", "broker-account", "--client", "AN", "--year", "2011-12", "--broker",
+                  "LOTUS", "--broker", "ROSE"), "no broker ROSE")):
             with self.subTest(" ".join(words)):
                 out = self.new_folder()
                 result = self.desk.run(*(word.format(out=out) for word in words), status=REFUSED)

@@ -93,6 +93,8 @@ void AddReport(CLI::App& group, Context& context, const reports::Report& report)
       return AddScripPage(group, context, report);
     case kBrokerAccount:
       return AddBrokerAccount(group, context, report);
+    case kReturns:
+      return AddReturns(group, context, report);
     case kPosition:
       return AddMisReport(group, context, report, mis::ReportKind::kPosition);
     case kValuation:
@@ -112,7 +114,8 @@ void AddReportCommands(CLI::App& app, Context& context) {
   app.add_subcommand("statement", "A statement of a client")->require_subcommand(1);
   app.add_subcommand("mis", "Management reports of several clients")->require_subcommand(1);
   for (const reports::Report& report : reports::Reports()) {
-    AddReport(*app.get_subcommand(report.group), context, report);
+    const std::string group = report.group;
+    AddReport(group.empty() ? app : *app.get_subcommand(group), context, report);
   }
 }
 

@@ -5,6 +5,7 @@
 #include "reports/demat/DematStatement.h"
 #include "reports/demat/TransactionDocument.h"
 #include "reports/mis/MisReport.h"
+#include "reports/performance/Returns.h"
 #include "reports/profit/ProfitDocument.h"
 
 namespace quorvane::reports {
@@ -57,6 +58,17 @@ records::Faults AccountSamples(const SampleQuery& of, const Sample::Give& give) 
   return {};
 }
 
+records::Faults ReturnsSamples(const SampleQuery& of, const Sample::Give& give) {
+  for (const lookups::ClientEntry& client : of.directory.Clients()) {
+    const performance::ReturnsQuery query{
+        .clients = {client.id}, .from = of.year.FirstDay(), .to = of.year.LastDay()};
+    Progress progress;
+    give({client.id, performance::MakeReturnsDocument(
+                         performance::ReadReturns(of.connection, query, progress))});
+  }
+  return {};
+}
+
 records::Faults DematSamples(const SampleQuery& of, const Sample::Give& give) {
   const demat::DematQuery query{{}, of.year, reporting::Period::Of(of.year), {}, {}};
   Progress progress;
@@ -103,6 +115,7 @@ constexpr Sample kCapitalGainSamples[] = {
     {"capital-gain-summary", ProfitSamples<StatementMode::kCapitalGain, Layout::kSummary>}};
 constexpr Sample kLedgerSamples[] = {{"broker-ledger", LedgerSamples}};
 constexpr Sample kAccountSamples[] = {{"broker-account", AccountSamples}};
+constexpr Sample kReturnsSamples[] = {{"returns", ReturnsSamples}};
 constexpr Sample kDematSamples[] = {{"demat", DematSamples}};
 constexpr Sample kTransactionSamples[] = {
     {"transactions", TransactionSamples<TransactionLayout::kDetailed>},
@@ -135,6 +148,8 @@ constexpr Report kReports[] = {
      {}},
     {kBrokerAccount, kBrokerAccountWindow, "statement", "broker-account",
      "What is owed to the brokers and due from them, with open bills by age", kAccountSamples},
+    {kReturns, kReturnsWindow, "", "returns",
+     "Money-weighted annual returns of scrips, accounts, clients and families", kReturnsSamples},
     {kPosition, kMisWindow, "mis", "position", "Portfolio position", kPositionSamples},
     {kValuation, kMisWindow, "mis", "valuation", "Portfolio valuation at market rates",
      kValuationSamples},

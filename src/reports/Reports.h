@@ -65,6 +65,10 @@ inline constexpr WindowEntry kBrokerAccountWindow{"mnuBrokerAccount",
                                                   "RptBrokerAccount",
                                                   "broker-account.md",
                                                   "mnuPortfolio"};
+inline constexpr WindowEntry kReturnsWindow{"mnuReturns", QT_TRANSLATE_NOOP("MainMenu", "Ret&urns"),
+                                            true,         "RptReturns",
+                                            "returns.md", "mnuPortfolio"};
+
 /// What a sample is made of: the whole of a year of every client.
 struct SampleQuery {
   database::Connection& connection;
@@ -96,6 +100,7 @@ enum class ReportId : std::uint8_t {
   kDividends,
   kScripPage,
   kBrokerAccount,
+  kReturns,
   kPosition,
   kValuation,
   kMarket,
@@ -106,7 +111,7 @@ enum class ReportId : std::uint8_t {
 struct Report {
   ReportId id;
   const WindowEntry& window;
-  const char* group;    ///< of commands: "statement" or "mis"
+  const char* group;    ///< of commands: "statement", "mis", or empty for a command by itself
   const char* command;  ///< its word behind the group's
   const char* about;    ///< what the help of the command line says of it
   std::span<const Sample> samples;

@@ -21,6 +21,7 @@
 #include "reports/demat/window/RptDMatStatement.h"
 #include "reports/dividends/window/RptDividends.h"
 #include "reports/mis/window/RptVariousReport.h"
+#include "reports/performance/window/RptReturns.h"
 #include "reports/profit/window/RptProfitStatement.h"
 #include "reports/scrip_page/window/RptScripPage.h"
 #include "transactions/bills/window/FrmSalePurchase.h"
@@ -141,6 +142,7 @@ constexpr Feature kFeatures[] = {
     ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),
     ReportOf(reports::kScripPageWindow, Make<scrip_page::RptScripPage>),
     ReportOf(reports::kBrokerAccountWindow, Make<broker_account::RptBrokerAccount>),
+    ReportOf(reports::kReturnsWindow, Make<performance::RptReturns>),
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},

@@ -20,7 +20,7 @@ SCENARIOS = TESTS / "scenarios"
 OPTIONS = {"--from": ("start", day), "--to": ("end", day), "--charges": ("charges", str),
            "--fo": ("fo", str), "--gains": ("gains", str)}
 
-PRINTED = {"broker-account": ("statement", "broker-account")}
+PRINTED = {"broker-account": ("statement", "broker-account"), "returns": ("returns",)}
 
 
 def sections(text: str) -> list[tuple[list[str], list[str]]]:

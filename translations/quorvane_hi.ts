@@ -488,6 +488,25 @@ Maximum Allowed Value is: %1</source>
         <source>Line %1: %2</source>
         <translation>पंक्ति %1: %2</translation>
     </message>
+    <message>
+        <source>%1 to pay</source>
+        <translation>%1 देय</translation>
+    </message>
+    <message>
+        <source>%1 to receive</source>
+        <translation>%1 प्राप्य</translation>
+    </message>
+    <message>
+        <source>Net as on the note</source>
+        <translation>नोट के अनुसार शुद्ध राशि</translation>
+    </message>
+</context>
+<context>
+    <name>BrokerAccount</name>
+    <message>
+        <source>Reading the broker accounts</source>
+        <translation>ब्रोकर खाते पढ़े जा रहे हैं</translation>
+    </message>
 </context>
 <context>
     <name>BrokerLedger</name>
@@ -1326,6 +1345,14 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>&amp;Losses Brought Forward</source>
         <translation>आगे लाई गई हानियाँ (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker Account</source>
+        <translation>ब्रोकर खाता (&amp;B)</translation>
+    </message>
+    <message>
+        <source>Ret&amp;urns</source>
+        <translation>प्रतिफल (&amp;U)</translation>
     </message>
 </context>
 <context>
@@ -2556,6 +2583,25 @@ Save this one, too?</source>
     <message>
         <source>Held Since</source>
         <translation>कब से</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::broker_account::RptBrokerAccount</name>
+    <message>
+        <source>Broker Account</source>
+        <translation>ब्रोकर खाता</translation>
+    </message>
+    <message>
+        <source>BROKER NAME</source>
+        <translation>ब्रोकर का नाम</translation>
+    </message>
+    <message>
+        <source>Brokers</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Enter Broker Name.</source>
+        <translation>ब्रोकर का नाम भरें।</translation>
     </message>
 </context>
 <context>
@@ -4588,6 +4634,49 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::performance::RptReturns</name>
+    <message>
+        <source>Returns</source>
+        <translation>प्रतिफल</translation>
+    </message>
+    <message>
+        <source>&amp;Script Name</source>
+        <translation>शेयर का नाम (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c No.</source>
+        <translation>डीमैट खाता सं. (&amp;D)</translation>
+    </message>
+    <message>
+        <source>Whose</source>
+        <translation>किसका</translation>
+    </message>
+    <message>
+        <source>&amp;Client</source>
+        <translation>क्लाइंट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Family</source>
+        <translation>परिवार (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Chart</source>
+        <translation>चार्ट</translation>
+    </message>
+    <message>
+        <source>All Scripts</source>
+        <translation>सभी शेयर</translation>
+    </message>
+    <message>
+        <source>All Accounts</source>
+        <translation>सभी खाते</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>परिवार</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::profit::RptProfitStatement</name>
     <message>
         <source>Capital Gain Statement</source>
@@ -4728,6 +4817,14 @@ Save this one, too?</source>
     <message>
         <source>Financial Year : </source>
         <translation>Financial Year : </translation>
+    </message>
+    <message>
+        <source>From 2018-19 the return needs the Tax Year report: fair values of 31-Jan-2018, sections and set-off.</source>
+        <translation>2018-19 से आयकर विवरणी के लिए कर वर्ष रिपोर्ट चाहिए: 31-Jan-2018 के उचित मूल्य, धाराएँ और समायोजन।</translation>
+    </message>
+    <message>
+        <source>Tax Year</source>
+        <translation>कर वर्ष</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "cli/Command.h"
 #include "cli/ReportCommand.h"
 #include "core/lookups/Choices.h"
+#include "reports/broker_account/BrokerAccount.h"
 #include "reports/broker_ledger/BrokerLedger.h"
 
 namespace quorvane::cli {
@@ -35,7 +36,20 @@ reporting::ReportDocument MakeLedger(Context& context, const broker_ledger::Ledg
       broker_ledger::ReadBrokerLedger(context.Connection(), query, progress).accounts);
 }
 
-MaybeRefusal PrintLedgers(Context& context, const LedgerOptions& options) {
+reporting::ReportDocument MakeAccount(Context& context, const broker_ledger::LedgerQuery& of,
+                                      const lookups::Directory& directory) {
+  const broker_account::AccountQuery query{of.of, of.period, of.brokers};
+  Progress progress;
+  const auto accounts = broker_account::ReadBrokerAccounts(context.Connection(), query, progress);
+  InformOf(context, accounts.faults);
+  return broker_account::MakeAccountDocument(
+      query, QString::fromStdString(directory.Client(query.of.client).name), accounts);
+}
+
+using MakeDocument = reporting::ReportDocument (*)(Context&, const broker_ledger::LedgerQuery&,
+                                                   const lookups::Directory&);
+
+MaybeRefusal PrintLedgers(Context& context, const LedgerOptions& options, MakeDocument make) {
   const lookups::Directory directory(context.Connection());
   const Result<Scope> scope = ScopeOf(options.scope, directory);
   if (!scope) {
@@ -52,7 +66,7 @@ MaybeRefusal PrintLedgers(Context& context, const LedgerOptions& options) {
                   static_cast<std::int64_t>(clients.size()));
   std::int64_t done = 0;
   for (const ClientId client : clients) {
-    output.Take(MakeLedger(context, {{client, scope->year}, scope->period, *brokers}, directory),
+    output.Take(make(context, {{client, scope->year}, scope->period, *brokers}, directory),
                 directory.Client(client).code);
     progress->Step(++done);
     progress->ThrowIfCancelled();
@@ -68,7 +82,19 @@ void AddBrokerLedger(CLI::App& group, Context& context, const reports::Report& r
   AddPeriodOptions(*command, options->scope);
   command->add_option("--brokers", options->brokers, "Brokers, by name")->delimiter(',');
   AddOutputOptions(*command, options->output);
-  SetWork(*command, context, [&context, options] { return PrintLedgers(context, *options); });
+  SetWork(*command, context,
+          [&context, options] { return PrintLedgers(context, *options, MakeLedger); });
+}
+
+void AddBrokerAccount(CLI::App& group, Context& context, const reports::Report& report) {
+  auto options = std::make_shared<LedgerOptions>();
+  CLI::App* command = group.add_subcommand(report.command, report.about);
+  AddPeriodOptions(*command, options->scope);
+  command->add_option("--broker", options->brokers, "Broker, by name; may be given several times")
+      ->allow_extra_args(false);
+  AddOutputOptions(*command, options->output);
+  SetWork(*command, context,
+          [&context, options] { return PrintLedgers(context, *options, MakeAccount); });
 }
 
 }  // namespace quorvane::cli

@@ -93,6 +93,10 @@ void AddReport(CLI::App& group, Context& context, const reports::Report& report)
       return AddScripPage(group, context, report);
     case kTaxYear:
       return AddTaxCommands(group, context, report);
+    case kBrokerAccount:
+      return AddBrokerAccount(group, context, report);
+    case kReturns:
+      return AddReturns(group, context, report);
     case kPosition:
       return AddMisReport(group, context, report, mis::ReportKind::kPosition);
     case kValuation:

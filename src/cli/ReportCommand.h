@@ -25,6 +25,8 @@ void AddTransactions(CLI::App& group, Context& context, const reports::Report& r
 void AddDividends(CLI::App& group, Context& context, const reports::Report& report);
 void AddScripPage(CLI::App& group, Context& context, const reports::Report& report);
 void AddTaxCommands(CLI::App& app, Context& context, const reports::Report& report);
+void AddBrokerAccount(CLI::App& group, Context& context, const reports::Report& report);
+void AddReturns(CLI::App& app, Context& context, const reports::Report& report);
 void AddMisReport(CLI::App& group, Context& context, const reports::Report& report,
                   mis::ReportKind kind);
 

@@ -1,4 +1,5 @@
 #include "cli/ReportCommand.h"
+#include "reporting/selection/ReportLists.h"
 #include "reports/dividends/DividendReport.h"
 #include "reports/scrip_page/ScripPage.h"
 
@@ -46,7 +47,7 @@ MaybeRefusal PrintPage(Context& context, const PageOptions& options) {
     return RefusalOf("there is no scrip \"" + options.scrip + "\"");
   }
   const scrip_page::ScripPageQuery query{
-      options.family ? scrip_page::FamilyOf(connection, *client) : std::set<ClientId>{*client},
+      options.family ? reporting::FamilyOf(connection, *client) : std::set<ClientId>{*client},
       scrip->id, options.as_on.empty() ? text::Today() : DateOf("--as-on", options.as_on)};
   const auto progress = context.MakeProgress();
   ReportOutput output(context, options.output, false);

@@ -46,8 +46,9 @@ class TaxDesk {
     if (!client) {
       return client.Why();
     }
-    desk->clients =
-        options.family ? tax_year::FamilyOf(context.Connection(), *client) : std::vector{*client};
+    desk->clients = options.family
+                        ? tax_year::FamilyByCode(context.Connection(), desk->directory, *client)
+                        : std::vector{*client};
     return desk;
   }
 

@@ -22,6 +22,9 @@ struct Desk {
   /// Opens a window by its name ("FrmDepPart") as a child of the main window.
   std::function<void(const QString& name)> open = [](const QString&) {};
 
+  /// Whether `open` knows a window of that name.
+  std::function<bool(const QString& name)> has_window = [](const QString&) { return false; };
+
   /// Shows the chapter of the user guide about a window, in front of `over`.
   std::function<void(const QString& window_name, QWidget* over)> help = [](const QString&,
                                                                            QWidget*) {};

@@ -1,9 +1,11 @@
 #include "reports/Reports.h"
 
+#include "reports/broker_account/BrokerAccount.h"
 #include "reports/broker_ledger/BrokerLedger.h"
 #include "reports/demat/DematStatement.h"
 #include "reports/demat/TransactionDocument.h"
 #include "reports/mis/MisReport.h"
+#include "reports/performance/Returns.h"
 #include "reports/profit/ProfitDocument.h"
 #include "reports/tax/TaxDocument.h"
 
@@ -41,6 +43,29 @@ records::Faults LedgerSamples(const SampleQuery& of, const Sample::Give& give) {
         {client.id, broker_ledger::MakeLedgerDocument(
                         query, QString::fromStdString(client.name),
                         broker_ledger::ReadBrokerLedger(of.connection, query, progress).accounts)});
+  }
+  return {};
+}
+
+records::Faults AccountSamples(const SampleQuery& of, const Sample::Give& give) {
+  for (const lookups::ClientEntry& client : of.directory.Clients()) {
+    const broker_account::AccountQuery query{
+        {client.id, of.year}, reporting::Period::Of(of.year), {}};
+    Progress progress;
+    give({client.id, broker_account::MakeAccountDocument(
+                         query, QString::fromStdString(client.name),
+                         broker_account::ReadBrokerAccounts(of.connection, query, progress))});
+  }
+  return {};
+}
+
+records::Faults ReturnsSamples(const SampleQuery& of, const Sample::Give& give) {
+  for (const lookups::ClientEntry& client : of.directory.Clients()) {
+    const performance::ReturnsQuery query{
+        .clients = {client.id}, .from = of.year.FirstDay(), .to = of.year.LastDay()};
+    Progress progress;
+    give({client.id, performance::MakeReturnsDocument(
+                         performance::ReadReturns(of.connection, query, progress))});
   }
   return {};
 }
@@ -110,6 +135,8 @@ constexpr Sample kCapitalGainSamples[] = {
     {"capital-gain", ProfitSamples<StatementMode::kCapitalGain, Layout::kDetail>},
     {"capital-gain-summary", ProfitSamples<StatementMode::kCapitalGain, Layout::kSummary>}};
 constexpr Sample kLedgerSamples[] = {{"broker-ledger", LedgerSamples}};
+constexpr Sample kAccountSamples[] = {{"broker-account", AccountSamples}};
+constexpr Sample kReturnsSamples[] = {{"returns", ReturnsSamples}};
 constexpr Sample kDematSamples[] = {{"demat", DematSamples}};
 constexpr Sample kTransactionSamples[] = {
     {"transactions", TransactionSamples<TransactionLayout::kDetailed>},
@@ -143,6 +170,10 @@ constexpr Report kReports[] = {
      {}},
     {kTaxYear, kTaxYearWindow, "", "tax", "Gains of a year by section, set-off and tax",
      kTaxSamples},
+    {kBrokerAccount, kBrokerAccountWindow, "statement", "broker-account",
+     "What is owed to the brokers and due from them, with open bills by age", kAccountSamples},
+    {kReturns, kReturnsWindow, "", "returns",
+     "Money-weighted annual returns of scrips, accounts, clients and families", kReturnsSamples},
     {kPosition, kMisWindow, "mis", "position", "Portfolio position", kPositionSamples},
     {kValuation, kMisWindow, "mis", "valuation", "Portfolio valuation at market rates",
      kValuationSamples},

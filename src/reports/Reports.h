@@ -62,6 +62,15 @@ inline constexpr WindowEntry kScripPageWindow{"mnuScripPage",
 inline constexpr WindowEntry kTaxYearWindow{
     "mnuTaxYear",  QT_TRANSLATE_NOOP("MainMenu", "&Tax Year"), true, "RptTaxYear", "tax-year.md",
     "mnuPortfolio"};
+inline constexpr WindowEntry kBrokerAccountWindow{"mnuBrokerAccount",
+                                                  QT_TRANSLATE_NOOP("MainMenu", "&Broker Account"),
+                                                  true,
+                                                  "RptBrokerAccount",
+                                                  "broker-account.md",
+                                                  "mnuPortfolio"};
+inline constexpr WindowEntry kReturnsWindow{"mnuReturns", QT_TRANSLATE_NOOP("MainMenu", "Ret&urns"),
+                                            true,         "RptReturns",
+                                            "returns.md", "mnuPortfolio"};
 
 /// What a sample is made of: the whole of a year of every client.
 struct SampleQuery {
@@ -95,6 +104,8 @@ enum class ReportId : std::uint8_t {
   kDividends,
   kScripPage,
   kTaxYear,
+  kBrokerAccount,
+  kReturns,
   kPosition,
   kValuation,
   kMarket,
@@ -105,7 +116,7 @@ enum class ReportId : std::uint8_t {
 struct Report {
   ReportId id;
   const WindowEntry& window;
-  const char* group;    ///< of commands: "statement" or "mis"; empty for a command of its own
+  const char* group;    ///< of commands: "statement", "mis", or empty for a command by itself
   const char* command;  ///< its word behind the group's
   const char* about;    ///< what the help of the command line says of it
   std::span<const Sample> samples;

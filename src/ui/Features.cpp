@@ -17,10 +17,12 @@
 #include "masters/participants/window/FrmDepPart.h"
 #include "masters/scrips/window/FrmScript.h"
 #include "reports/Reports.h"
+#include "reports/broker_account/window/RptBrokerAccount.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
 #include "reports/dividends/window/RptDividends.h"
 #include "reports/mis/window/RptVariousReport.h"
+#include "reports/performance/window/RptReturns.h"
 #include "reports/profit/window/RptProfitStatement.h"
 #include "reports/scrip_page/window/RptScripPage.h"
 #include "reports/tax/window/RptTaxYear.h"
@@ -147,6 +149,8 @@ constexpr Feature kFeatures[] = {
      "mnuPortfolio", "FrmFairValue", "fair-values.md", Make<fair_values::FrmFairValue>},
     {"mnuTaxLosses", QT_TRANSLATE_NOOP("MainMenu", "&Losses Brought Forward"), kClientSelection,
      "mnuPortfolio", "FrmTaxLoss", "tax-losses.md", Make<tax_losses::FrmTaxLoss>},
+    ReportOf(reports::kBrokerAccountWindow, Make<broker_account::RptBrokerAccount>),
+    ReportOf(reports::kReturnsWindow, Make<performance::RptReturns>),
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},

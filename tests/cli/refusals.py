@@ -226,7 +226,14 @@ class Refusals(Case):
                 (("statement", "capital-gain", "--all", "--year", "2011-12", "--scrips",
                   "600001,9"), 'no scrip "9"'),
                 (("statement", "capital-gain", "--all", "--year", "2011-12", "--from",
-                  "02/06/2011", "--to", "01/06/2011"), "From Date Can't be Greater")):
+                  "02/06/2011", "--to", "01/06/2011"), "From Date Can't be Greater"),
+                (("statement", "broker-account", "--client", "AN", "--year", "2011-12", "--broker",
+                  "LOTUS", "--broker", "ROSE"), "no broker ROSE"),
+                (("returns", "--group", "ZZ"), 'no client group "ZZ"'),
+                (("returns", "--client", "AN", "--account", "B1"), 'no demat account "B1"'),
+                (("returns", "--group", "KAM", "--scrip", "9"), 'no scrip "9"'),
+                (("returns", "--client", "AN", "--from", "02/06/2011", "--to", "01/06/2011"),
+                 "From Date Can't be Greater")):
             with self.subTest(" ".join(words)):
                 out = self.new_folder()
                 result = self.desk.run(*(word.format(out=out) for word in words), status=REFUSED)
@@ -248,6 +255,8 @@ class Refusals(Case):
                   "31/02/2012"), "31/02/2012"),
                 (("statement", "capital-gain", "--all", "--year", "2011-12", "--charges", "all"),
                  "all"),
+                (("returns", "--to", "01/04/2012"), "--group"),
+                (("returns", "--client", "AN", "--group", "KAM"), "--client"),
                 (("rebuild",), "--all"),
                 (("carry-forward",), "subcommand"),
                 (("carry-forward", "stock", "--client", "AN"), "--year")):

@@ -130,8 +130,9 @@ class History:
         for client, year in (
                 *((row.client, row.year) for row in self.portfolio.openings),
                 *((bill.client, financial_year(bill.date)) for bill in self.portfolio.bills),
-                *((owners[move.source], financial_year(move.date))
-                  for move in self.portfolio.transfers)):
+                *((owners[account], financial_year(move.date))
+                  for move in self.portfolio.transfers
+                  for account in (move.source, move.target))):
             first[client] = min(first.get(client, year), year)
         return first
 

@@ -9,10 +9,12 @@
 
 namespace quorvane::test {
 
-/// A report window over a test database. The shipped files lie in a folder of its own.
+/// A report window over a test database. The shipped files lie in a folder of its own. `known` are
+/// the other windows that the program has.
 template <class Window>
 struct ShownReport : ShownWindow<Window> {
-  ShownReport(TestDatabase& database, const QString& target, const char* client, int year) {
+  ShownReport(TestDatabase& database, const QString& target, const char* client, int year,
+              const QStringList& known = {}) {
     app::Session& session = this->session_;
     session.folders = app::Folders::At(this->folder.path());
     app::InstallShippedFiles(session.folders, QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped"));
@@ -21,6 +23,7 @@ struct ShownReport : ShownWindow<Window> {
     session.current = ClientYear{found->id, text::FinancialYear(year)};
     session.current_client_name = QString::fromStdString(found->name);
     session.target = target;
+    this->desk_.has_window = [known](const QString& name) { return known.contains(name); };
     this->desk_.open_file = [this](const QString& path) {
       this->opened.append(path);
       return opens;

@@ -19,9 +19,9 @@ Paise CostOf(const Movement& m) {
 
 /// What a scope reaches from its start over connections.
 template <class Id>
-std::set<Id> Reached(Id start, const std::multimap<Id, Id>& connections) {
-  std::set<Id> reached{start};
-  std::vector<Id> open{start};
+std::set<Id> Reached(const std::set<Id>& start, const std::multimap<Id, Id>& connections) {
+  std::set<Id> reached = start;
+  std::vector<Id> open(start.begin(), start.end());
   while (!open.empty()) {
     const auto [first, last] = connections.equal_range(open.back());
     open.pop_back();
@@ -71,16 +71,20 @@ void EventReader::ReadOpenedYears() {
   }
 }
 
-/// The client and everyone whose shares may have come to the client.
+/// The clients and everyone whose shares may have come to them.
 std::vector<std::optional<ClientId>> EventReader::ClientsOf(const PositionsQuery& query) {
-  if (!query.client) {
+  std::set<ClientId> wanted = query.clients;
+  if (query.client) {
+    wanted.insert(*query.client);
+  }
+  if (wanted.empty()) {
     return {std::nullopt};
   }
   std::multimap<ClientId, ClientId> givers;
   for (const auto& row : connection_.Open("Select Distinct ToClientID,Cid From ScrTransfer")) {
     givers.emplace(ClientId{row.Int(0)}, ClientId{row.Int(1)});
   }
-  const std::set<ClientId> reached = Reached(*query.client, givers);
+  const std::set<ClientId> reached = Reached(wanted, givers);
   return {reached.begin(), reached.end()};
 }
 
@@ -96,7 +100,7 @@ std::vector<std::optional<ScripId>> EventReader::ScripsOf(const PositionsQuery& 
       connected.emplace(action.terms.other, action.terms.scrip);
     }
   }
-  const std::set<ScripId> reached = Reached(*query.scrip, connected);
+  const std::set<ScripId> reached = Reached(std::set{*query.scrip}, connected);
   return {reached.begin(), reached.end()};
 }
 
@@ -129,6 +133,7 @@ void EventReader::Add(const Movement& m, EventKind kind, Paise amount) {
   event.acquired = m.acquired;
   event.quantity = m.quantity;
   event.amount = amount;
+  event.stt = Paise::OfRupees(m.stt);
 }
 
 void EventReader::Take(const Movement& m) {
@@ -157,7 +162,6 @@ void EventReader::TakeSale(const Movement& m) {
   Add(m, EventKind::kSale, before);
   list_.events.back().expenses =
       before - Paise::OfRupees(m.amount) + Paise::OfRupees(m.service_tax);
-  list_.events.back().stt = Paise::OfRupees(m.stt);
 }
 
 void EventReader::TakeTransfer(const Movement& m) {

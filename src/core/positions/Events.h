@@ -38,7 +38,7 @@ struct Event {
   Shares quantity;
   Paise amount;    ///< cost of what comes in, price before expenses of what is sold
   Paise expenses;  ///< of a sale: brokerage and the tax on it
-  Paise stt;       ///< of a sale
+  Paise stt;       ///< of a trade or of rights; not part of the cost
 };
 
 /// A corporate action with its days read.

@@ -95,6 +95,35 @@ struct Difference {
   Shares Excess() const { return recorded - computed; }
 };
 
+/// How shares came into an account or left it without a trade.
+enum class MoveKind : std::uint8_t {
+  kOpening,   ///< recorded by an opening balance, and not what the years before leave
+  kTransfer,  ///< to an account of the same or of another client
+  kAction,    ///< to another scrip, by a corporate action
+};
+
+/// Shares that came in, left or went from one place to another without a trade, with their cost.
+struct Move {
+  Date day{};
+  MoveKind kind = MoveKind::kOpening;
+  ClientId from_client{};  ///< none of shares that an opening balance brings
+  Place from{};
+  ClientId to_client{};  ///< none of shares that an opening balance lacks
+  Place to{};
+  Shares quantity{};  ///< of the scrip that they come into; of `from` when there is none
+  Paise cost{};
+  int document = 0;  ///< key of the transfer or corporate action
+};
+
+/// What an account had of a scrip when a day ended.
+struct Balance {
+  Date day{};
+  ClientId client{};
+  Place place{};
+  Shares quantity{};
+  Paise cost{};
+};
+
 /// Shares that left an account which did not have them.
 struct Shortage {
   ClientId client{};

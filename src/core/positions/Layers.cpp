@@ -7,9 +7,9 @@ namespace {
 
 constexpr std::int64_t kAllPercent = 100'000'000;
 
-/// Moves a part of an amount that may be unknown.
+/// Takes a part out of an amount that may be unknown.
 template <class PartOf>
-std::optional<Paise> Move(std::optional<Paise>& from, const PartOf& part_of) {
+std::optional<Paise> TakeOut(std::optional<Paise>& from, const PartOf& part_of) {
   if (!from) {
     return std::nullopt;
   }
@@ -42,7 +42,7 @@ void Layers::TakeFrom(OpenLayer& layer, Shares& wanted, const TakePart& take) {
   part.quantity = quantity;
   part.cost = text::PartOf(layer.cost, quantity, layer.quantity);
   part.fair =
-      Move(layer.fair, [&](Paise whole) { return text::PartOf(whole, quantity, layer.quantity); });
+      TakeOut(layer.fair, [&](Paise whole) { return text::PartOf(whole, quantity, layer.quantity); });
   layer.quantity -= quantity;
   layer.cost -= part.cost;
   wanted -= quantity;
@@ -95,7 +95,7 @@ Layers Layers::SplitOff(Shares total, std::int64_t percent_millionths) {
     const Paise moved = part_of(layers_[i].cost);
     part.layers_[i].cost = moved;
     layers_[i].cost -= moved;
-    part.layers_[i].fair = Move(layers_[i].fair, part_of);
+    part.layers_[i].fair = TakeOut(layers_[i].fair, part_of);
   }
   return part;
 }

@@ -43,11 +43,17 @@ Replay::Years YearsOf(const EventList& list) {
   }
   std::ranges::sort(years.all);
   years.all.erase(std::unique(years.all.begin(), years.all.end()), years.all.end());
-  for (const Event& event : list.events) {
-    const auto year = text::FinancialYear::Of(event.day);
-    const auto [first, fresh] = years.first.try_emplace(event.client.value, year);
+  const auto note = [&](ClientId client, text::FinancialYear year) {
+    const auto [first, fresh] = years.first.try_emplace(client.value, year);
     if (!fresh) {
       first->second = std::min(first->second, year);
+    }
+  };
+  for (const Event& event : list.events) {
+    const auto year = text::FinancialYear::Of(event.day);
+    note(event.client, year);
+    if (event.to_client) {
+      note(event.to_client, year);
     }
   }
   return years;
@@ -121,13 +127,13 @@ Paise Holding::Cost() const {
                          [](Paise sum, const Layer& layer) { return sum + layer.cost; });
 }
 
-Positions Compute(EventList& list, Date to) {
+Positions Compute(EventList& list, Date to, std::span<const Date> days) {
   const Replay::Years years = YearsOf(list);
   AddActions(list);
   ScripGroups groups(list.actions);
   const std::vector<Event> events = InOrder(list);
   Positions result;
-  Replay replay(list.actions, years, list.fair_values, result);
+  Replay replay(list.actions, years, list.fair_values, days, result);
   for (std::size_t first = 0; first < events.size();) {
     const int group = groups.Of(events[first].scrip.value);
     std::size_t next = first + 1;

@@ -7,6 +7,8 @@
 #include "core/records/Faults.h"
 
 #include <optional>
+#include <set>
+#include <span>
 #include <vector>
 
 namespace quorvane::positions {
@@ -24,19 +26,23 @@ struct Positions {
   std::vector<Piece> pieces;            ///< by client, account, scrip and day
   std::vector<Difference> differences;  ///< by client, year, account and scrip
   std::vector<Shortage> shortages;      ///< in the same order as the pieces
+  std::vector<Move> moves;              ///< in no order
+  std::vector<Balance> balances;        ///< of the days that were asked for, in no order
   records::Faults faults;               ///< records that could not count as they are written
 };
 
 /// What is to be read.
 struct PositionsQuery {
   std::optional<ClientId> client{};  ///< with those whose shares came to the client; else all
+  std::set<ClientId> clients = {};   ///< several, in place of `client`
   std::optional<ScripId> scrip{};    ///< with those that its shares came from or went to; else all
   Date to = Date::max();             ///< nothing after it counts
 };
 
 /// The pure computation; `list` is sorted by it. Holdings and pieces of all clients in the list.
-/// Linear in the number of events, apart from a sort.
-Positions Compute(EventList& list, Date to = Date::max());
+/// `days`, ascending, are those whose balances are wanted. Linear in the number of events, apart
+/// from a sort.
+Positions Compute(EventList& list, Date to = Date::max(), std::span<const Date> days = {});
 
 /// Reads with one query a table and computes. Only holdings, pieces and differences of the wanted
 /// client are returned. Throws DatabaseError and Cancellation.

@@ -45,10 +45,12 @@ void Replay::Run(std::span<const Event> events, Date to) {
   by_account_.clear();
   fair_ = FairRates(fair_values_);
   valued_ = false;
+  next_day_ = 0;
   std::size_t next = 0;
   const auto play_before = [&](Date day) {
     while (next < events.size() && events[next].day < day) {
       PassTo(events[next].day);
+      NoteBalancesBefore(events[next].day);
       Play(events[next++]);
     }
   };
@@ -64,9 +66,11 @@ void Replay::Run(std::span<const Event> events, Date to) {
            events[next].kind == EventKind::kOpening) {
       ++next;
     }
+    NoteBalancesBefore(first_day);
     OpenYear(year, events.subspan(first, next - first));
   }
   play_before(to == Date::max() ? to : to + std::chrono::days(1));
+  NoteBalancesBefore(Date::max());
   Finish();
 }
 
@@ -117,11 +121,13 @@ void Replay::Open(Account& account, text::FinancialYear year, std::span<const Ev
     difference.recorded += opening.quantity;
     difference.recorded_cost += opening.amount;
   }
+  const Paise cost = account.layers.Cost();
   const auto first = years_.first.find(account.client.value);
   if (first == years_.first.end() || first->second == year) {
     for (const Event& opening : openings) {
       AddOpening(account, LayerOf(opening, Source::kOpening));
     }
+    AddOpeningMove(account, year, computed, cost);
     return;
   }
   const Shares excess = difference.Excess();
@@ -134,6 +140,23 @@ void Replay::Open(Account& account, text::FinancialYear year, std::span<const Ev
   } else {
     Drop(account, -excess, openings);
   }
+  AddOpeningMove(account, year, computed, cost);
+}
+
+void Replay::AddOpeningMove(const Account& account, text::FinancialYear year, Shares before,
+                            Paise cost_before) {
+  const Shares more = account.layers.Quantity() - before;
+  if (!more) {
+    return;
+  }
+  Move move{.day = year.FirstDay()};
+  const bool came_in = more > Shares();
+  (came_in ? move.to_client : move.from_client) = account.client;
+  (came_in ? move.to : move.from) = account.place;
+  move.quantity = came_in ? more : -more;
+  const Paise cost = account.layers.Cost() - cost_before;
+  move.cost = came_in ? cost : -cost;
+  result_.moves.push_back(move);
 }
 
 namespace {
@@ -245,7 +268,16 @@ void Replay::Sell(const Event& event, PieceKind kind) {
 void Replay::Transfer(const Event& event) {
   Account& from = Of(event);
   Account& to = At(event.to_client, {event.to, event.scrip, event.fo});
+  Move move{.day = event.day,
+            .kind = MoveKind::kTransfer,
+            .from_client = event.client,
+            .from = from.place,
+            .to_client = event.to_client,
+            .to = to.place,
+            .quantity = event.quantity,
+            .document = event.document};
   const auto enter = [&](OpenLayer layer) {
+    move.cost += layer.cost;
     layer.entered = event.day;
     layer.non_delivery = false;
     to.layers.Add(layer);
@@ -258,6 +290,7 @@ void Replay::Transfer(const Event& event) {
     enter(layer);
     AddShortage(from, event, missing);
   }
+  result_.moves.push_back(move);
 }
 
 void Replay::AddShortage(const Account& account, const Event& event, Shares quantity) {
@@ -327,6 +360,15 @@ void Replay::GiveBonus(Account& account, const DatedAction& action, const Event&
 
 void Replay::MoveTo(Account& account, Layers moved, const DatedAction& action, const Event& event) {
   Account& to = At(account.client, {account.place.account, action.terms.other, false});
+  result_.moves.push_back({.day = event.day,
+                           .kind = MoveKind::kAction,
+                           .from_client = account.client,
+                           .from = account.place,
+                           .to_client = account.client,
+                           .to = to.place,
+                           .quantity = moved.Quantity(),
+                           .cost = moved.Cost(),
+                           .document = action.terms.id.value});
   TakeFraction(to, moved, action, event);
   to.layers.TakeOver(moved);
 }
@@ -350,6 +392,19 @@ void Replay::TakeFraction(const Account& account, Layers& layers, const DatedAct
     piece.document = action.terms.id.value;
     result_.pieces.push_back(piece);
   });
+}
+
+/// Balances of days that have passed when the events of `day` begin.
+void Replay::NoteBalancesBefore(Date day) {
+  for (; next_day_ < days_.size() && days_[next_day_] < day; ++next_day_) {
+    for (const Account& account : accounts_) {
+      const Shares quantity = account.layers.Quantity();
+      if (quantity) {
+        result_.balances.push_back(
+            {days_[next_day_], account.client, account.place, quantity, account.layers.Cost()});
+      }
+    }
+  }
 }
 
 void Replay::Finish() {

@@ -25,12 +25,14 @@ class Replay {
     std::vector<text::FinancialYear> all;                  ///< those in `opened`, ascending
   };
 
+  /// `days`, ascending, are those whose balances are noted.
   Replay(std::span<const DatedAction> actions, const Years& years,
-         const tax::FairValues& fair_values, Positions& result)
+         const tax::FairValues& fair_values, std::span<const Date> days, Positions& result)
       : actions_(actions),
         years_(years),
         fair_values_(fair_values),
         fair_(fair_values),
+        days_(days),
         result_(result) {}
 
   /// The events of the scrips; adds to the result.
@@ -70,6 +72,9 @@ class Replay {
   void TakeFraction(const Account& account, Layers& layers, const DatedAction& action,
                     const Event& event);
   void AddShortage(const Account& account, const Event& event, Shares quantity);
+  void AddOpeningMove(const Account& account, text::FinancialYear year, Shares before,
+                      Paise cost_before);
+  void NoteBalancesBefore(Date day);
   void Finish();
 
   std::span<const DatedAction> actions_;
@@ -77,6 +82,8 @@ class Replay {
   const tax::FairValues& fair_values_;
   FairRates fair_;
   bool valued_ = false;  ///< 31-Jan-2018 is past
+  std::span<const Date> days_;
+  std::size_t next_day_ = 0;
   Positions& result_;
   std::deque<Account> accounts_;
   std::unordered_map<std::uint64_t, std::vector<Account*>> by_account_;

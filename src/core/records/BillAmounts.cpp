@@ -80,4 +80,30 @@ BillTotals ComputeTotals(std::span<const BillLine> lines, double other_charges,
   return totals;
 }
 
+NoteAmounts& NoteAmounts::operator+=(const NoteAmounts& other) {
+  purchases += other.purchases;
+  sales += other.sales;
+  service_tax += other.service_tax;
+  stt += other.stt;
+  charges += other.charges;
+  return *this;
+}
+
+QString NetText(text::Paise net) {
+  return net < text::Paise() ? Tr("Bills", "%1 to pay").arg(text::FormatAmount((-net).Rupees()))
+                             : Tr("Bills", "%1 to receive").arg(text::FormatAmount(net.Rupees()));
+}
+
+NoteAmounts AmountsOnNote(std::span<const BillLine> lines, double other_charges,
+                          double transaction_charges) {
+  NoteAmounts note;
+  for (const BillLine& line : lines) {
+    (line.IsPurchase() ? note.purchases : note.sales) += text::Paise::OfRupees(line.amount);
+    note.service_tax += text::Paise::OfRupees(line.service_tax);
+    note.stt += text::Paise::OfRupees(line.stt);
+  }
+  note.charges = text::Paise::OfRupees(other_charges) + text::Paise::OfRupees(transaction_charges);
+  return note;
+}
+
 }  // namespace quorvane::records

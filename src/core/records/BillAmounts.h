@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/records/Bill.h"
+#include "core/text/Paise.h"
 
 #include <QString>
 
@@ -59,5 +60,27 @@ struct BillTotals {
 /// The totals of a bill while it is entered, in rupees rounded to paise.
 BillTotals ComputeTotals(std::span<const BillLine> lines, double other_charges,
                          double transaction_charges);
+
+/// What a bill comes to as its contract note has it, in whole paise: the same on paper, in the bill
+/// window and in the broker account. Every line counts with the paise that it shows.
+struct NoteAmounts {
+  text::Paise purchases;    ///< with brokerage
+  text::Paise sales;        ///< brokerage taken off
+  text::Paise service_tax;  ///< or GST, of both sides
+  text::Paise stt;          ///< of both sides
+  text::Paise charges;      ///< other and transaction charges
+
+  /// What the client is to receive; below zero what the client owes the broker.
+  text::Paise Net() const { return sales - purchases - service_tax - stt - charges; }
+
+  NoteAmounts& operator+=(const NoteAmounts& other);
+};
+
+/// The net of a note in words: "1250.00 to receive" or "1250.00 to pay".
+QString NetText(text::Paise net);
+
+/// Charges in rupees; a discount is a charge below zero.
+NoteAmounts AmountsOnNote(std::span<const BillLine> lines, double other_charges,
+                          double transaction_charges);
 
 }  // namespace quorvane::records

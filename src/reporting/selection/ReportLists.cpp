@@ -1,5 +1,12 @@
 #include "reporting/selection/ReportLists.h"
 
+#include "core/records/Bill.h"
+#include "core/records/Dividend.h"
+#include "core/records/Lot.h"
+#include "core/records/Opening.h"
+#include "core/records/Query.h"
+#include "core/records/Transfer.h"
+
 namespace quorvane::reporting {
 namespace {
 
@@ -51,6 +58,44 @@ std::vector<lookups::Item> ScripsOfClient(database::Connection& connection, cons
       break;
   }
   return ReadItems(connection.Open(kScripsOfLots, of.client, of.client, year, of.client, year));
+}
+
+std::vector<lookups::Item> ScripsEverHeld(database::Connection& connection,
+                                          const std::set<ClientId>& clients) {
+  std::set<ScripId> had;
+  const auto add = [&]<class Record>(records::Select<Record> select) {
+    select.In(&Record::client, clients).template Only<&Record::scrip>([&](const Record& record) {
+      had.insert(record.scrip);
+    });
+  };
+  add(records::Select<records::Opening>(connection));
+  add(records::Select<records::BillLine>(connection));
+  add(records::Select<records::Transfer>(connection));
+  add(records::Select<records::Lot>(connection));
+  add(records::Select<records::Dividend>(connection));
+  std::vector<lookups::Item> items = lookups::DropDownItems(connection, lookups::DropDown::kScrips);
+  std::erase_if(items, [&](const lookups::Item& item) { return !had.contains(ScripId{item.id}); });
+  return items;
+}
+
+std::set<ClientId> FamilyOf(database::Connection& connection, ClientId client) {
+  std::set<ClientId> family{client};
+  for (const auto& row :
+       connection.Open("Select B.Id From ClientInfo A Join ClientInfo B On B.GCode=A.GCode Where "
+                       "A.Id=? And Trim(A.GCode)<>''",
+                       client)) {
+    family.insert(ClientId{row.Int(0)});
+  }
+  return family;
+}
+
+std::set<ClientId> ClientsOfGroup(database::Connection& connection, const QString& group) {
+  std::set<ClientId> clients;
+  for (const auto& row : connection.Open(
+           "Select Id From ClientInfo Where Trim(GCode)=? And Trim(GCode)<>''", group.trimmed())) {
+    clients.insert(ClientId{row.Int(0)});
+  }
+  return clients;
 }
 
 std::vector<lookups::Item> AllScrips(database::Connection& connection) {

@@ -5,6 +5,7 @@
 #include "core/gains/History.h"
 #include "core/lookups/Choices.h"
 
+#include <set>
 #include <vector>
 
 namespace quorvane::reporting {
@@ -19,6 +20,16 @@ std::vector<lookups::Item> AccountsByNumber(database::Connection& connection, Cl
 /// it; lots carry no such mark and count unless futures and options are asked for alone.
 std::vector<lookups::Item> ScripsOfClient(database::Connection& connection, const ClientYear& of,
                                           gains::FoChoice fo = gains::FoChoice::kAll);
+
+/// The scrips that the clients ever had, by name.
+std::vector<lookups::Item> ScripsEverHeld(database::Connection& connection,
+                                          const std::set<ClientId>& clients);
+
+/// The client and those of the same group; the client alone without a group.
+std::set<ClientId> FamilyOf(database::Connection& connection, ClientId client);
+
+/// The clients of a group, by its code without regard to capitals; empty when there is none.
+std::set<ClientId> ClientsOfGroup(database::Connection& connection, const QString& group);
 
 /// Every scrip, by name.
 std::vector<lookups::Item> AllScrips(database::Connection& connection);

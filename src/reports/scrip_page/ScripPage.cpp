@@ -3,12 +3,8 @@
 #include "core/actions/Terms.h"
 #include "core/lookups/Directory.h"
 #include "core/positions/EventReader.h"
-#include "core/records/Bill.h"
-#include "core/records/Lot.h"
-#include "core/records/Opening.h"
 #include "core/records/Query.h"
 #include "core/records/Rates.h"
-#include "core/records/Transfer.h"
 
 #include <algorithm>
 #include <tuple>
@@ -79,35 +75,6 @@ Date EndOfMonth(Date day) {
 }
 
 }  // namespace
-
-std::set<ClientId> FamilyOf(database::Connection& connection, ClientId client) {
-  std::set<ClientId> family{client};
-  for (const auto& row :
-       connection.Open("Select B.Id From ClientInfo A Join ClientInfo B On B.GCode=A.GCode Where "
-                       "A.Id=? And Trim(A.GCode)<>''",
-                       client)) {
-    family.insert(ClientId{row.Int(0)});
-  }
-  return family;
-}
-
-std::vector<lookups::Item> ScripsEverHeld(database::Connection& connection,
-                                          const std::set<ClientId>& clients) {
-  std::set<ScripId> had;
-  const auto add = [&]<class Record>(records::Select<Record> select) {
-    select.In(&Record::client, clients).template Only<&Record::scrip>([&](const Record& record) {
-      had.insert(record.scrip);
-    });
-  };
-  add(records::Select<records::Opening>(connection));
-  add(records::Select<records::BillLine>(connection));
-  add(records::Select<records::Transfer>(connection));
-  add(records::Select<records::Lot>(connection));
-  add(records::Select<records::Dividend>(connection));
-  std::vector<lookups::Item> items = lookups::DropDownItems(connection, lookups::DropDown::kScrips);
-  std::erase_if(items, [&](const lookups::Item& item) { return !had.contains(ScripId{item.id}); });
-  return items;
-}
 
 ScripPage::ScripPage(database::Connection& connection, const ScripPageQuery& query,
                      Progress& progress)

@@ -2,7 +2,6 @@
 
 #include "core/Progress.h"
 #include "core/database/Connection.h"
-#include "core/lookups/Choices.h"
 #include "core/positions/Positions.h"
 #include "core/records/Dividend.h"
 #include "reporting/charts/ChartData.h"
@@ -21,13 +20,6 @@ struct ScripPageQuery {
   ScripId scrip;
   Date as_on;  ///< nothing after it counts
 };
-
-/// The client and those of the same group; the client alone without a group.
-std::set<ClientId> FamilyOf(database::Connection& connection, ClientId client);
-
-/// The scrips that the clients ever had, by name.
-std::vector<lookups::Item> ScripsEverHeld(database::Connection& connection,
-                                          const std::set<ClientId>& clients);
 
 /// Everything that is recorded of one scrip of a client or a family, over all years.
 class ScripPage {

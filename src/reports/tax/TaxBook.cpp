@@ -1,6 +1,9 @@
 #include "reports/tax/TaxBook.h"
 
+#include "reporting/selection/ReportLists.h"
+
 #include <algorithm>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -68,14 +71,11 @@ ClientTax TaxBook::Of(ClientId client, Progress& progress) const {
 
 std::vector<ClientTax> TaxBook::Of(std::span<const ClientId> clients, Progress& progress) const {
   std::vector<ClientTax> result;
+  positions::PositionsQuery query{.to = rules_.Year().LastDay()};
   if (clients.size() < kMany) {
-    for (const ClientId client : clients) {
-      result.push_back(Of(client, progress));
-    }
-    return result;
+    query.clients = {clients.begin(), clients.end()};
   }
-  auto histories =
-      ByClient(positions::ReadPositions(connection_, {.to = rules_.Year().LastDay()}, progress));
+  auto histories = ByClient(positions::ReadPositions(connection_, query, progress));
   for (const ClientId client : clients) {
     progress.ThrowIfCancelled();
     result.push_back(Make(client, std::move(histories[client])));
@@ -105,15 +105,16 @@ bool IsCarried(const TaxYear& year, std::span<const OpenLoss> left_before) {
   });
 }
 
-std::vector<ClientId> FamilyOf(database::Connection& connection, ClientId client) {
-  std::vector<ClientId> family;
-  for (const auto& row :
-       connection.Open("Select B.Id From ClientInfo A Join ClientInfo B On B.Id=A.Id Or "
-                       "(B.GCode=A.GCode And Trim(A.GCode)<>'') Where A.Id=? Order By B.Code",
-                       client)) {
-    family.push_back(ClientId{row.Int(0)});
+std::vector<ClientId> FamilyByCode(database::Connection& connection,
+                                   const lookups::Directory& directory, ClientId client) {
+  const std::set<ClientId> family = reporting::FamilyOf(connection, client);
+  std::vector<ClientId> clients;
+  for (const lookups::ClientEntry& entry : directory.Clients()) {
+    if (family.contains(entry.id)) {
+      clients.push_back(entry.id);
+    }
   }
-  return family;
+  return clients;
 }
 
 }  // namespace quorvane::tax_year

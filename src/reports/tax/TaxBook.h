@@ -32,7 +32,7 @@ class TaxBook {
 
   ClientTax Of(ClientId client, Progress& progress) const;
 
-  /// Of several clients, in the order given; of many from one reading of all records.
+  /// Of several clients from one reading, in the order given.
   std::vector<ClientTax> Of(std::span<const ClientId> clients, Progress& progress) const;
 
  private:
@@ -51,7 +51,8 @@ std::vector<tax::TaxLoss> Carried(const TaxYear& year, std::span<const OpenLoss>
 /// Whether those that the year before leaves are what the year brings forward.
 bool IsCarried(const TaxYear& year, std::span<const OpenLoss> left_before);
 
-/// The client and all others of the same group code.
-std::vector<ClientId> FamilyOf(database::Connection& connection, ClientId client);
+/// The client and all others of the same group code, by code.
+std::vector<ClientId> FamilyByCode(database::Connection& connection,
+                                   const lookups::Directory& directory, ClientId client);
 
 }  // namespace quorvane::tax_year

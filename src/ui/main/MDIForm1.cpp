@@ -73,6 +73,10 @@ MDIForm1::MDIForm1(reporting::ReportDesk& desk)
       self->Open(name);
     }
   };
+  desk_.has_window = [](const QString& name) {
+    const Feature* feature = FindFeature(name);
+    return feature != nullptr && feature->make != nullptr;
+  };
   PlaceOnScreen();
   StartTimers();
 }

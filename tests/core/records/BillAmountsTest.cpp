@@ -99,6 +99,37 @@ class BillAmountsTest : public QObject {
     QCOMPARE(CaptionText(totals.caption), QStringLiteral("Total Receivable"));
   }
 
+  // Bills of the sample portfolio, worked out on paper: an amount is quantity x (rate and brokerage
+  // of a purchase, rate less brokerage of a sale).
+  void NetOfANoteIsWhatIsPaid_data() {
+    const test::Table<std::vector<BillLine>, double, double, QString> row;
+    using Lines = std::vector<BillLine>;
+    // 225 x 364.18 + 155 x 211.40 = 114707.50; 225 x 350.57 + 20 x 1079.38 = 100465.85; service tax
+    // 36.27, STT 108.15, charges 28.50: 100465.85 - 114707.50 - 172.92 = -14414.57.
+    row("KV/1112/0001, both sides",
+        Lines{Bought(81940.50, 4.17, 20.49), Bought(32767, 16.76, 40.96),
+              Sold(78878.25, 4.17, 19.72), Sold(21587.60, 11.17, 26.98)},
+        21.51, 6.99, "14414.57 to pay");
+    // 60 x 1284.99 = 77099.40; 77099.40 + 39.49 + 96.37 + 7.67 + 2.49 = 77245.42.
+    row("KV/1112/0002, a purchase", Lines{Bought(77099.40, 39.49, 96.37)}, 7.67, 2.49,
+        "77245.42 to pay");
+    // 170 x 457.15 + 335 x 126.24 = 120005.90; 335 x 126.86 = 42498.10; tax 44.41, STT 118.33, no
+    // other charges, transaction charges 5.29: 120005.90 - 42498.10 - 168.03 = 77339.77.
+    row("TE/1112/0011, more sold than bought",
+        Lines{Bought(42498.10, 2.07, 10.62), Sold(77715.50, 40.27, 97.14),
+              Sold(42290.40, 2.07, 10.57)},
+        0.0, 5.29, "77339.77 to receive");
+    row("a discount lowers what is paid", Lines{Bought(1000)}, -12.5, 2.5, "990.00 to pay");
+    row("each line counts with the paise that it shows", Lines(3, Sold(10.005)), 0.0, 0.0,
+        "30.03 to receive");
+    row("no lines", Lines(), 0.0, 0.0, "0.00 to receive");
+  }
+  void NetOfANoteIsWhatIsPaid() {
+    const auto [lines, other, transaction, text] =
+        test::Table<std::vector<BillLine>, double, double, QString>::Row();
+    QCOMPARE(NetText(AmountsOnNote(lines, other, transaction).Net()), text);
+  }
+
   void GrandTotalIsPayableOnlyWhenTheTotalIsNegativeAndTheSumIsNot_data() {
     const test::Table<double, double, double, QString> row;
     const auto receivable = QStringLiteral("Total Receivable");

@@ -8,6 +8,8 @@
 #include "reporting/selection/ReportLists.h"
 #include "reports/profit/ProfitDocument.h"
 
+#include <QLabel>
+
 namespace quorvane::profit {
 namespace {
 
@@ -17,6 +19,9 @@ enum ChargeIndex { kWithoutCharge, kWithCharge };
 enum GainIndex { kBoth, kNonSpeculation, kSpeculation };
 enum FormatIndex { kNewFormat, kOldFormat };
 enum SourceIndex { kClientScrips, kAllScrips };
+
+constexpr int kFirstYearOfSections = 2017;  // sales from February 2018 on
+const QString kTaxYear = QStringLiteral("RptTaxYear");
 
 const QString kUnsold = QStringLiteral("Unsold");
 const QString kNo = QStringLiteral("no");
@@ -59,6 +64,9 @@ RptProfitStatement::RptProfitStatement(reporting::ReportDesk& desk)
     throw std::runtime_error("no client and year were chosen");
   }
   BuildOptions();
+  if (Current()->year >= text::FinancialYear(kFirstYearOfSections)) {
+    AddTaxYearLine();
+  }
   VSD = AddTickGrid(QStringLiteral("VSD"), tr("Demat A/c No."), tr("Demat accounts"));
   Hold({{Field::kAccounts, "VSD"}, {Field::kScrips, "VSS"}});
   Option1 = MakeChoice(QStringLiteral("Frame5"), QString(), QStringLiteral("Option1"),
@@ -100,6 +108,31 @@ void RptProfitStatement::BuildOptions() {
     row->addWidget(choice->frame);
   }
   row->addStretch(1);
+}
+
+/// What these statements do not know of the law, and the way to the report that does.
+void RptProfitStatement::AddTaxYearLine() {
+  auto* row = new QHBoxLayout;
+  auto* line =
+      new QLabel(tr("From 2018-19 the return needs the Tax Year report: fair values of "
+                    "31-Jan-2018, sections and set-off."));
+  line->setObjectName(QStringLiteral("LblTaxYear"));
+  line->setWordWrap(true);
+  row->addWidget(line, 1);
+  if (TheDesk().has_window(kTaxYear)) {
+    auto* button = new controls::ZENButton(QStringLiteral("CmdTaxYear"), tr("Tax Year"));
+    row->addWidget(button);
+    OnClick(button, &RptProfitStatement::CmdTaxYear_Click);
+  }
+  AddOptions(row);
+}
+
+/// The report opens for the client and year of this window, also after another choice elsewhere.
+void RptProfitStatement::CmdTaxYear_Click() {
+  Session().current = Current();
+  Session().current_client_name = ClientName();
+  Session().target = kTaxYear;
+  TheDesk().open(kTaxYear);
 }
 
 // Only the capital-gain statement is handed on as a workbook by a button of its own.

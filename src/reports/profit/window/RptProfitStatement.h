@@ -33,6 +33,7 @@ class RptProfitStatement : public reporting::ReportWindow {
  private:
   void BuildOptions();
   void BuildExport();
+  void AddTaxYearLine();
   void FillScrips();
   gains::FoChoice ChosenFo() const;
   ProfitQuery Query() const;
@@ -42,6 +43,7 @@ class RptProfitStatement : public reporting::ReportWindow {
 
   void optF_Click(int index);
   void Option1_Click(int index);
+  void CmdTaxYear_Click();
 
   StatementMode mode_;
   bool unsold_ = true;  ///< as answered last

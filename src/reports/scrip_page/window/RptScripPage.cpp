@@ -2,6 +2,7 @@
 
 #include "controls/ProgressDialog.h"
 #include "core/app/Session.h"
+#include "reporting/selection/ReportLists.h"
 
 #include <QLabel>
 
@@ -45,12 +46,13 @@ RptScripPage::RptScripPage(reporting::ReportDesk& desk)
 }
 
 void RptScripPage::FillScrips() {
-  Combo1->SetItems(ScripsEverHeld(*Session().connection, Query().clients));
+  Combo1->SetItems(reporting::ScripsEverHeld(*Session().connection, Query().clients));
 }
 
 ScripPageQuery RptScripPage::Query() const {
   const bool family = whose_.group != nullptr && whose_.Index() == kFamily;
-  return {family ? FamilyOf(*Session().connection, of_.client) : std::set<ClientId>{of_.client},
+  return {family ? reporting::FamilyOf(*Session().connection, of_.client)
+                 : std::set<ClientId>{of_.client},
           ScripId{Combo1->CurrentId()}, TheDesk().today()};
 }
 

@@ -90,15 +90,16 @@ Result<std::vector<Member>> RptTaxYear::Read(std::vector<ClientId> clients,
 
 std::optional<reporting::ReportDocument> RptTaxYear::BuildDocument(Progress& progress) {
   database::Connection& connection = *Session().connection;
+  const lookups::Directory directory(connection);
   Result<std::vector<Member>> members =
-      Read(IsFamily() ? FamilyOf(connection, of_.client) : std::vector{of_.client}, progress);
+      Read(IsFamily() ? FamilyByCode(connection, directory, of_.client) : std::vector{of_.client},
+           progress);
   const Result<tax::Rules> rules = tax::Rules::Load(Session().folders.data, of_.year);
   if (!members || !rules) {
     Show(members ? rules.Why() : members.Why());
     return std::nullopt;
   }
   members_ = std::move(*members);
-  const lookups::Directory directory(connection);
   return IsFamily()
              ? MakeFamilyDocument(*rules, members_, directory)
              : MakeTaxDocument(*rules, members_.front().tax, members_.front().points, directory);

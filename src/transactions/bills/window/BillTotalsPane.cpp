@@ -38,7 +38,7 @@ QLabel* LabelOf(const QWidget& parent, const QWidget* box) {
 }  // namespace
 
 BillTotalsPane::BillTotalsPane(const BillContext& context) : context_(context) {
-  auto* fields = new controls::FieldLayout(static_cast<int>(kFields.size()), this);
+  auto* fields = new controls::FieldLayout(static_cast<int>(kFields.size()) + 1, this);
   fields->setContentsMargins(0, 0, 0, 0);
   static const QRegularExpression kTypable(QStringLiteral("-?[0-9,]*\\.?[0-9]*"));
   for (const Field& field : kFields) {
@@ -52,6 +52,11 @@ BillTotalsPane::BillTotalsPane(const BillContext& context) : context_(context) {
       context_.guard.Run(QStringLiteral("Text1_Validate"), [this, box] { Text1_Validate(box); });
     });
   }
+  TxtNoteNet =
+      fields->Add(Tr("Bills", "Net as on the note"), QStringLiteral("TxtNoteNet"), new TextBox());
+  TxtNoteNet->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  TxtNoteNet->setReadOnly(true);
+  TxtNoteNet->setFocusPolicy(Qt::ClickFocus);
   LblTotal = LabelOf(*this, Text1[BillBox::kGrandTotal]);
   LblTotal->setObjectName(QStringLiteral("LblTotal"));
 }
@@ -63,6 +68,8 @@ void BillTotalsPane::Show() {
   boxes_.Show(BillBox::kTransactionCharges, bill.transaction_charges);
   boxes_.Show(BillBox::kStt, bill.stt);
   boxes_.Show(BillBox::kGrandTotal, bill.grand_total);
+  TxtNoteNet->setText(records::NetText(
+      records::AmountsOnNote(bill.lines, bill.other_charges, bill.transaction_charges).Net()));
   LblTotal->setText(records::CaptionText(context_.entry.Caption()));
   ShowBoxes();
 }

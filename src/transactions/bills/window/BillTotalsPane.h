@@ -12,7 +12,8 @@
 
 namespace quorvane::bills {
 
-/// The foot of a bill: its totals, which follow from the lines, and its charges.
+/// The foot of a bill: its totals, which follow from the lines, its charges, and the net of its
+/// contract note.
 class BillTotalsPane : public QWidget {
   Q_OBJECT
 
@@ -33,6 +34,7 @@ class BillTotalsPane : public QWidget {
   BillBoxes boxes_;
   std::map<BillBox, controls::TextBox*> Text1;
   QLabel* LblTotal = nullptr;
+  controls::TextBox* TxtNoteNet = nullptr;  ///< what the contract note comes to
 };
 
 }  // namespace quorvane::bills

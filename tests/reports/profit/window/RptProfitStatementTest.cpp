@@ -61,6 +61,28 @@ class RptProfitStatementTest : public test::DatabaseTest {
     QCOMPARE(window.messages.said[1].kind, Kind::kInform);
   }
 
+  void YearsWithSectionsPointToTheTaxYear_data() {
+    const test::Table<int, bool, bool, bool> row;
+    row("before", 2016, true, false, false);
+    row("from 2017-18 on", 2017, true, true, true);
+    row("without such a window", 2020, false, true, false);
+  }
+  void YearsWithSectionsPointToTheTaxYear() {
+    const auto [year, known, line, button] = test::Table<int, bool, bool, bool>::Row();
+    using Window = test::ShownReport<RptProfitStatement>;
+    Window window(*database_, "RptCapitalGain", "ATH002", year,
+                  known ? QStringList("RptTaxYear") : QStringList());
+    QCOMPARE(window.Named<QWidget>("LblTaxYear") != nullptr, line);
+    QCOMPARE(window.Named<QWidget>("CmdTaxYear") != nullptr, button);
+    if (button) {
+      const auto current = window.Session().current;
+      window.Session().current.reset();  // another client was chosen elsewhere
+      window.Click("CmdTaxYear");
+      QCOMPARE(window.opened, QStringList("RptTaxYear"));
+      QVERIFY(window.Session().current == current);
+    }
+  }
+
   void ScreenPaperAndFilesHaveTheSameGains() {
     Shown window(*database_, "RptCapitalGain");
     const QStringList net = window.Report();

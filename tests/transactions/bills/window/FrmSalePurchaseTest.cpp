@@ -96,6 +96,7 @@ class FrmSalePurchaseTest : public test::DeskTest {
                           "1|5|110|0.55|110.55|552.75|0|0|0.125|0|Delivery Based"}));
     QCOMPARE(Rows("Select BillNo,BDate,BrokId,ExId,AcId,Tot,STT,Total From SPMaster"),
              QStringList("B/2|10/06/2011|1|2|1|1558.27|1.26|1559.53"));
+    QCOMPARE(shown_->TextIn("TxtNoteNet"), "1559.53 to pay");
     QCOMPARE(shown_->RowsOf("VSF"), QStringList("B/2|10/06/2011|O'BRIEN & SONS|BSE|1001|1559.53"));
     QCOMPARE(Rows("Select Qty From Stock_Temp"), QStringList());
 

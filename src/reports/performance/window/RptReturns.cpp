@@ -1,0 +1,99 @@
+#include "reports/performance/window/RptReturns.h"
+
+#include "core/app/Session.h"
+#include "reporting/selection/ReportLists.h"
+
+#include <QLabel>
+
+namespace quorvane::performance {
+namespace {
+
+enum Whose { kClient, kFamily };
+
+}  // namespace
+
+RptReturns::RptReturns(reporting::ReportDesk& desk)
+    : ReportWindow(desk, QStringLiteral("RptReturns"),
+                   app::ClientTitle(tr("Returns"), desk.session), {790, 540}),
+      of_(app::CurrentOf(desk.session)) {
+  AddPeriod();
+  auto* row = new QHBoxLayout();
+  CmbScript = MakeCombo(QStringLiteral("CmbScript"), tr("&Script Name"), *row);
+  CmbAccount = MakeCombo(QStringLiteral("CmbAccount"), tr("&Demat A/c No."), *row);
+  whose_ = MakeChoice(QStringLiteral("Frame1"), tr("Whose"), QStringLiteral("optW"),
+                      {tr("&Client"), tr("&Family")});
+  row->addWidget(whose_.frame);
+  AddOptions(row);
+  chart_ = new charts::ChartPane(TheGuard(), TheDesk());
+  AddPage(tr("Chart"), chart_);
+  FillLists();
+  On(whose_.group, &QButtonGroup::idClicked, &RptReturns::optW_Click, QStringLiteral("optW_Click"));
+  Start();
+}
+
+controls::ComboBox* RptReturns::MakeCombo(const QString& name, const QString& label,
+                                          QBoxLayout& row) {
+  auto* combo = new controls::ComboBox();
+  combo->setObjectName(name);
+  combo->setAccessibleName(QString(label).remove(QLatin1Char('&')));
+  auto* caption = new QLabel(label);
+  caption->setBuddy(combo);
+  row.addWidget(caption);
+  row.addWidget(combo, 1);
+  return combo;
+}
+
+std::set<ClientId> RptReturns::Clients() const {
+  return whose_.Index() == kFamily ? reporting::FamilyOf(*Session().connection, of_.client)
+                                   : std::set<ClientId>{of_.client};
+}
+
+/// Everything is the first line of each list, and chosen.
+void RptReturns::FillLists() {
+  database::Connection& connection = *Session().connection;
+  const std::set<ClientId> clients = Clients();
+  std::vector<lookups::Item> scrips = reporting::ScripsEverHeld(connection, clients);
+  scrips.insert(scrips.begin(), {0, tr("All Scripts")});
+  CmbScript->SetItems(scrips);
+  CmbScript->setCurrentIndex(0);
+  std::vector<lookups::Item> accounts{{0, tr("All Accounts")}};
+  for (const ClientId client : clients) {
+    const auto own = reporting::AccountsByNumber(connection, client);
+    accounts.insert(accounts.end(), own.begin(), own.end());
+  }
+  CmbAccount->SetItems(accounts);
+  CmbAccount->setCurrentIndex(0);
+}
+
+void RptReturns::optW_Click(int /*whose*/) {
+  FillLists();
+}
+
+QStringList RptReturns::Choices() const {
+  QStringList choices = ReportWindow::Choices();
+  for (const controls::ComboBox* combo : {CmbScript, CmbAccount}) {
+    if (combo->CurrentId() > 0) {
+      choices << combo->currentText();
+    }
+  }
+  return choices << (whose_.Index() == kFamily ? tr("Family") : QString());
+}
+
+std::optional<reporting::ReportDocument> RptReturns::BuildDocument(Progress& progress) {
+  const reporting::Period period = ThePeriod();
+  ReturnsQuery query{.clients = Clients(), .from = period.from, .to = period.to};
+  if (CmbScript->CurrentId() > 0) {
+    query.scrip = ScripId{CmbScript->CurrentId()};
+  }
+  if (CmbAccount->CurrentId() > 0) {
+    query.account = AccountId{CmbAccount->CurrentId()};
+  }
+  database::Connection& connection = *Session().connection;
+  const Returns returns = ReadReturns(connection, query, progress);
+  chart_->Show(ValueChart(returns));
+  reporting::ReportDocument document = MakeReturnsDocument(returns);
+  document.notes += records::FaultTexts(connection, returns.faults);
+  return document;
+}
+
+}  // namespace quorvane::performance

@@ -33,7 +33,7 @@ namespace {
 using namespace quorvane;
 
 constexpr int kSettleMs = 250;
-constexpr int kReadingMs = 2000;  // of a document
+constexpr int kReadingMs = 2000;  // of a document, of the figures at first
 
 /// What is pressed in a window before its picture is taken.
 const std::map<QString, QStringList> kPressed{
@@ -54,6 +54,7 @@ const QStringList kLeftUnsaved{QStringLiteral("FrmSalePurchase"),
                                QStringLiteral("FrmScriptTransfer"), QStringLiteral("ImpScrMaster"),
                                QStringLiteral("ImpScrRate")};
 const QString kBill = QStringLiteral("KV/1112/0015");
+const QString kSearched = QStringLiteral("in");
 const QString kCalculation = QStringLiteral("1250*48=");
 
 template <class Widget>
@@ -92,6 +93,11 @@ void Fill(controls::ChildWindow& window) {
   }
   if (name == QLatin1String("frmcalc")) {
     QTest::keyClicks(&window, kCalculation);
+  }
+  if (name == QLatin1String("FrmSearch")) {
+    Named<QLineEdit>(window, QStringLiteral("TxtSearch")).setText(kSearched);
+    QTest::qWait(kSettleMs);
+    return;
   }
   if (name == QLatin1String("FrmSalePurchase")) {
     ChangeSale(window);
@@ -192,6 +198,7 @@ void RenderAll(const QStringList& arguments) {
   main.show();
   const QDir out(arguments[4]);
   out.mkpath(QStringLiteral("."));
+  QTest::qWait(kReadingMs);  // the figures
   Save(main, main.objectName(), out);
   for (const ui::Feature& feature : ui::Features()) {
     if (feature.make != nullptr) {

@@ -50,13 +50,19 @@ class HomeWork::Worker : public QObject {
     if (connection_ == nullptr) {
       connection_ = std::make_unique<database::Connection>(settings_);
       checked_state_.clear();
+      shown_state_.clear();
     }
     // What is committed from here on is looked at the next time.
     const std::string state = database::CommitMark::StateOfOthers(*connection_);
     const bool is_checked = !state.empty() && state == checked_state_ &&
                             scope.year == checked_year_ && scope.today == checked_day_;
     const bool checks = !read_only_ && !is_checked;
+    if (!checks && !state.empty() && state == shown_state_ && scope == shown_scope_) {
+      return;  // nothing was recorded since
+    }
     Show(scope, checks, until);
+    shown_state_ = state;
+    shown_scope_ = scope;
     if (!checks) {
       return;
     }
@@ -77,6 +83,8 @@ class HomeWork::Worker : public QObject {
   database::ConnectionSettings settings_;
   bool read_only_;
   std::unique_ptr<database::Connection> connection_;
+  std::string shown_state_;
+  Scope shown_scope_;
   std::string checked_state_;  ///< of the others' commits when all was up to date
   text::FinancialYear checked_year_;
   Date checked_day_;
@@ -87,17 +95,25 @@ HomeWork::HomeWork(database::ConnectionSettings settings, bool read_only, QObjec
   qRegisterMetaType<Shown>("quorvane::home::Shown");
   worker_->moveToThread(&thread_);
   connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);
+  connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &HomeWork::End);
   thread_.setObjectName(QStringLiteral("Home"));
   thread_.start(QThread::LowPriority);
 }
 
 HomeWork::~HomeWork() {
+  End();
+}
+
+void HomeWork::End() {
   newest_ = -1;
   thread_.quit();
   thread_.wait();
 }
 
 void HomeWork::Ask(const Scope& scope) {
+  if (newest_ < 0) {
+    return;
+  }
   const int question = ++newest_;
   QMetaObject::invokeMethod(
       worker_, [worker = worker_, scope, question] { worker->Run(scope, question); },

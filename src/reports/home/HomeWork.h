@@ -29,7 +29,7 @@ class HomeWork : public QObject {
   /// With `read_only` nothing is compared or computed.
   HomeWork(database::ConnectionSettings settings, bool read_only, QObject* parent = nullptr);
 
-  /// Ends what is under way; waits for the step that it is in.
+  /// Ends what is under way, as the end of the program does; waits for the step that it is in.
   ~HomeWork() override;
 
   /// Another scope takes the place of one that is under way.
@@ -41,6 +41,8 @@ class HomeWork : public QObject {
 
  private:
   class Worker;
+
+  void End();
 
   QThread thread_;
   Worker* worker_;

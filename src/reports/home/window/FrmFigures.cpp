@@ -173,6 +173,7 @@ void FrmFigures::Read() {
       scrip_names_[held.scrip.value] = QString::fromStdString(directory.Scrip(held.scrip).name);
     }
   }
+  since_read_.start();
   ShowLines();
 }
 
@@ -296,7 +297,8 @@ void FrmFigures::AskedAgain() {
 
 /// Others may have computed anew meanwhile; the program is not in the middle of anything.
 void FrmFigures::Activated() {
-  if (!Session().connection->InTransaction()) {
+  constexpr qint64 kFreshMs = 2000;
+  if (since_read_.elapsed() > kFreshMs && !Session().connection->InTransaction()) {
     TheGuard().Run(QStringLiteral("Form_Activate"), [this] { Read(); });
   }
 }

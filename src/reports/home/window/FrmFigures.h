@@ -6,6 +6,7 @@
 #include "reports/home/Figures.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QLabel>
 
 #include <cstdint>
@@ -69,6 +70,7 @@ class FrmFigures : public controls::ChildWindow {
   std::vector<ClientGains> gains_;
   std::map<int, QString> client_names_;
   std::map<int, QString> scrip_names_;
+  QElapsedTimer since_read_;
   ScripId scrip_;    ///< whose holders are shown
   ClientId client_;  ///< whose scrips are shown
   controls::ComboBox* CboFamily;

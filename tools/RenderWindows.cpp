@@ -167,6 +167,16 @@ void Render(ui::MDIForm1& main, reporting::ReportDesk& desk, test::RecordingMess
   QTest::qWait(1);
 }
 
+/// Several windows, each behind a tab.
+void RenderTabs(ui::MDIForm1& main, const QDir& out) {
+  Named<QAction>(main, QStringLiteral("mnuTabs")).trigger();
+  for (const char* window : {"FrmClientMaster", "FrmHoldings", "FrmScript"}) {
+    main.Open(QLatin1String(window));
+  }
+  Save(main, QStringLiteral("Tabs"), out);
+  Named<QAction>(main, QStringLiteral("mnuTabs")).trigger();
+}
+
 void RenderAll(const QStringList& arguments) {
   app::StartUpOptions options;
   options.application_folder = arguments[1];
@@ -205,6 +215,7 @@ void RenderAll(const QStringList& arguments) {
       Render(main, desk, messages, QLatin1String(feature.name), out);
     }
   }
+  RenderTabs(main, out);
   for (const QString& text : messages.Texts()) {
     std::cerr << text.toStdString() << '\n';
   }

@@ -189,9 +189,6 @@ void ReportGridView::SetDocument(ReportDocument document) {
   Headings().SetGroups(model_->Groups());
   Headings().ColumnsChanged();
   Headings().RowsChanged(model_->rowCount());
-  if (const auto& order = Headings().Wanted()) {
-    model_->sort(order->column, order->direction);
-  }
   ShowOrder();
   RowsChanged();
 }

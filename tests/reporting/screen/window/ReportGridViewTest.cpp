@@ -73,9 +73,9 @@ class ReportGridViewTest : public QObject {
     QCOMPARE(texts(), whole);
     model.sort(1, Qt::DescendingOrder);
     QCOMPARE(texts(), "No. 1|line 2|line 1|line 0|Total||No. 2|line 1|line 0|Total||A note");
-    model.SetFilter("LINE 1");
+    model.SetFilter("LINE 1.0");
     QCOMPARE(texts(), "No. 1|line 1|No. 2|line 1");
-    model.SetFilter("2 2.");
+    model.SetFilter("2.0");
     QCOMPARE(texts(), "No. 1|line 2");
     model.SetFilter("none");
     QCOMPARE(texts(), "");

@@ -55,6 +55,7 @@ void FrmFigures::Build() {
   cmdExit->SetCancels(true);
   cmdBack->setVisible(what_ == What::kHoldings);
   VSF->SetFilterable(true);
+  LblTotals->setObjectName(QStringLiteral("LblTotals"));
   LblTotals->setTextFormat(Qt::PlainText);
   LblTotals->setWordWrap(true);
   auto* choices = new QHBoxLayout;

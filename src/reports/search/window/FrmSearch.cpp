@@ -44,6 +44,7 @@ FrmSearch::FrmSearch(controls::Desk& desk)
   TxtSearch->installEventFilter(this);
   VSF->SetColumns({{.heading = tr("Found")}, {.heading = tr("About")}});
   VSF->SetSortable(false);
+  LblHint->setObjectName(QStringLiteral("LblHint"));
   LblHint->setWordWrap(true);
   Arrange();
   Timer1.setSingleShot(true);

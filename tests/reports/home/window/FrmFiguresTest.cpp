@@ -122,12 +122,7 @@ class FrmFiguresTest : public QObject {
   enum { kCost = 4, kValue = 5 };
 
   static QString Totals(const ShownFigures& shown) {
-    for (const QLabel* label : shown.window->findChildren<QLabel*>()) {
-      if (label->text().startsWith(QStringLiteral("Cost "))) {
-        return label->text();
-      }
-    }
-    return {};
+    return shown.Named<QLabel>("LblTotals")->text();
   }
 
   std::optional<test::TestDatabase> database_;

@@ -68,7 +68,7 @@ class FrmSearchTest : public test::DeskTest {
     ShownSearch shown(desk_->database);
     shown.Type(QStringLiteral("zzz\n"));
     QCOMPARE(shown.places.size(), std::size_t{0});
-    QVERIFY(shown.window->findChildren<QLabel*>().last()->text() == "Nothing was found.");
+    QCOMPARE(shown.Named<QLabel>("LblHint")->text(), "Nothing was found.");
     shown.Press(Qt::Key_Escape);
     QTRY_VERIFY(shown.window.isNull());
   }

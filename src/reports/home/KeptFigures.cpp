@@ -8,8 +8,9 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <map>
-#include <set>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -21,6 +22,7 @@ using database::Connection;
 using database::Transaction;
 
 constexpr qint64 kBatchMs = 1000;
+constexpr std::size_t kFewClients = 20;
 constexpr int kEverybody = 0;  // the row of HomeClient that tells when all were looked at
 
 /// What a client's figures were computed from.
@@ -33,8 +35,8 @@ struct Kept {
 struct Computed {
   ClientId client;
   std::string stamp;
+  bool has_holdings = false;  // that are computed now
   std::optional<Date> up_to = {};
-  bool has_holdings = false;  // that were computed now
   std::map<ScripId, std::pair<Shares, Paise>> holdings = {};
   Gains gains = {};
 };
@@ -50,29 +52,55 @@ class Refresher {
         committed_(committed) {}
 
   int Run() {
-    const std::vector<ClientId> clients = Clients();
+    Compare();
+    const auto count = static_cast<int>(stale_.size());
+    // Where many clients share their history, or most are stale, everything is read at once.
+    if (parts_ > clients_.size()) {
+      ComputeHoldings(std::nullopt, stale_);
+      parts_ = 0;
+    }
+    if (stale_.size() > kFewClients && stale_.size() > clients_.size() / 4) {
+      ComputeGains(std::nullopt, stale_);
+    } else {
+      gains_one_by_one_ = true;
+    }
+    since_.start();
+    for (std::size_t next = 0; next < stale_.size(); ++next) {
+      progress_.ThrowIfCancelled();
+      ComputeRest(std::span(stale_).subspan(next, 1));
+      if (since_.elapsed() >= kBatchMs) {
+        Write(next + 1);
+        since_.restart();
+        committed_();
+      }
+    }
+    Write(stale_.size());
+    NoteRefresh(count > 0);
+    return count;
+  }
+
+ private:
+  /// Looks which clients' figures are not those of their records.
+  void Compare() {
+    for (const auto& row : connection_.Open("Select Id From ClientInfo Order By Id")) {
+      clients_.push_back(ClientId{row.Int(0)});
+    }
     std::map<ClientId, Kept> kept = ReadKept();
     RecordStamps stamps(connection_);
-    since_.start();
-    for (const ClientId client : clients) {
+    for (const ClientId client : clients_) {
       progress_.ThrowIfCancelled();
-      Look(client, kept[client], stamps.Of(client));
+      const Kept& figures = kept[client];
+      const std::string stamp = stamps.Of(client);
+      const bool holds = figures.stamp == stamp && (!figures.up_to || today_ < *figures.up_to);
+      if (!holds || figures.gain_stamp != stamp) {
+        stale_.push_back({.client = client, .stamp = stamp, .has_holdings = !holds});
+        parts_ += holds ? 0 : stamps.GiversTo(client).size();
+      }
       kept.erase(client);
     }
     for (const auto& [client, figures] : kept) {
       gone_.push_back(client);
     }
-    Write(true);
-    return count_;
-  }
-
- private:
-  std::vector<ClientId> Clients() {
-    std::vector<ClientId> clients;
-    for (const auto& row : connection_.Open("Select Id From ClientInfo Order By Id")) {
-      clients.push_back(ClientId{row.Int(0)});
-    }
-    return clients;
   }
 
   std::map<ClientId, Kept> ReadKept() {
@@ -87,90 +115,103 @@ class Refresher {
     return kept;
   }
 
-  void Look(ClientId client, const Kept& kept, const std::string& stamp) {
-    const bool holds = kept.stamp == stamp && (!kept.up_to || today_ < *kept.up_to);
-    if (holds && kept.gain_stamp == stamp) {
-      return;
+  void ComputeRest(std::span<Computed> one) {
+    if (parts_ > 0 && one.front().has_holdings) {
+      ComputeHoldings(one.front().client, one);
     }
-    Computed computed{.client = client, .stamp = stamp};
-    if (!holds) {
-      ComputeHoldings(computed);
-    }
-    ComputeGains(computed);
-    done_.push_back(std::move(computed));
-    ++count_;
-    if (since_.elapsed() >= kBatchMs) {
-      Write(false);
-      since_.restart();
-      committed_();
+    if (gains_one_by_one_) {
+      ComputeGains(one.front().client, one);
     }
   }
 
-  void ComputeHoldings(Computed& computed) {
-    computed.has_holdings = true;
+  /// Of one client, or of all.
+  void ComputeHoldings(std::optional<ClientId> client, std::span<Computed> into) {
     positions::EventReader reader(connection_, progress_);
     positions::PositionsQuery query;
-    query.client = computed.client;
+    query.client = client;
     positions::EventList list = reader.Read(query);
-    const auto later = [&](Date day) {
-      if (day > today_ && (!computed.up_to || day < *computed.up_to)) {
-        computed.up_to = day;
-      }
-    };
-    for (const positions::Event& event : list.events) {
-      later(event.day);
-    }
-    for (const positions::DatedAction& action : list.actions) {
-      later(action.ex_day);
+    const std::optional<Date> up_to = NextDay(list);
+    std::map<ClientId, Computed*> wanted;
+    for (Computed& one : into) {
+      one.up_to = up_to;
+      wanted[one.client] = one.has_holdings ? &one : nullptr;
     }
     for (const positions::Holding& holding : positions::Compute(list, today_).holdings) {
-      if (holding.client == computed.client && !holding.place.fo && holding.Quantity()) {
-        auto& [quantity, cost] = computed.holdings[holding.place.scrip];
+      const auto found = wanted.find(holding.client);
+      if (found != wanted.end() && found->second != nullptr && !holding.place.fo &&
+          holding.Quantity()) {
+        auto& [quantity, cost] = found->second->holdings[holding.place.scrip];
         quantity += holding.Quantity();
         cost += holding.Cost();
       }
     }
   }
 
-  void ComputeGains(Computed& computed) {
-    const auto query = profit::ProfitQuery::OfYear(computed.client, year_);
+  /// The first day after today on which something is recorded.
+  std::optional<Date> NextDay(const positions::EventList& list) const {
+    std::optional<Date> next;
+    const auto look = [&](Date day) {
+      if (day > today_ && (!next || day < *next)) {
+        next = day;
+      }
+    };
+    std::ranges::for_each(list.events, look, &positions::Event::day);
+    std::ranges::for_each(list.actions, look, &positions::DatedAction::ex_day);
+    return next;
+  }
+
+  void ComputeGains(std::optional<ClientId> client, std::span<Computed> into) {
+    std::map<ClientId, Computed*> wanted;
+    for (Computed& one : into) {
+      wanted[one.client] = &one;
+    }
+    profit::ProfitQuery query = profit::ProfitQuery::OfYear(client, year_);
+    query.unsold = false;
     static_cast<void>(profit::BuildStatement(
         connection_, query, progress_,
-        [&](ClientId client, std::span<const profit::StatementRow> rows) {
-          if (client == computed.client && !rows.empty()) {
+        [&](ClientId of, std::span<const profit::StatementRow> rows) {
+          const auto found = wanted.find(of);
+          if (found != wanted.end() && !rows.empty()) {
             const profit::StatementRow& total = rows.back();
-            computed.gains = {Paise(total.long_term), Paise(total.short_term),
-                              Paise(total.speculation)};
+            found->second->gains = {Paise(total.long_term), Paise(total.short_term),
+                                    Paise(total.speculation)};
           }
         }));
   }
 
-  /// The row of everybody is written at the end alone, and only when something changed or it is
-  /// old: looking changes nothing that others would have to look at.
-  void Write(bool at_end) {
-    constexpr int kOldSeconds = 600;
-    const auto last = LastRefresh(connection_);
-    const bool is_old = !last || last->secsTo(QDateTime::currentDateTime()) > kOldSeconds;
-    if (done_.empty() && gone_.empty() && !(at_end && (is_old || count_ > 0))) {
+  /// Writes the stale clients up to the first `count`, and drops the figures of those that are
+  /// gone.
+  void Write(std::size_t count) {
+    const auto done = std::span(stale_).subspan(written_, count - written_);
+    if (done.empty() && gone_.empty()) {
       return;
     }
     database::InTransaction(connection_, [&](Transaction& transaction) {
-      DeleteOld(transaction);
-      WriteClients(transaction);
-      WriteHoldings(transaction);
-      WriteGains(transaction);
-      if (at_end) {
+      DeleteOld(transaction, done);
+      WriteClients(transaction, done);
+      WriteHoldings(transaction, done);
+      WriteGains(transaction, done);
+    });
+    written_ = count;
+    gone_.clear();
+  }
+
+  /// Only when something changed or the note is old: looking changes nothing that others would have
+  /// to look at.
+  void NoteRefresh(bool changed) {
+    constexpr int kOldSeconds = 600;
+    const auto last = LastRefresh(connection_);
+    if (changed || !last || last->secsTo(QDateTime::currentDateTime()) > kOldSeconds) {
+      database::InTransaction(connection_, [&](Transaction& transaction) {
         transaction.Execute(
             "Insert Into HomeClient Values(?,'','',Utc_Timestamp()) On Duplicate Key Update "
             "MadeAt=Values(MadeAt)",
             kEverybody);
-      }
-    });
-    done_.clear();
-    gone_.clear();
+      });
+    }
   }
 
-  void DeleteOld(Transaction& transaction) {
+  void DeleteOld(Transaction& transaction, std::span<const Computed> done) {
     BulkWriter clients(transaction, "Delete From HomeClient Where CId=?", "i");
     BulkWriter holdings(transaction, "Delete From HomeHolding Where CId=?", "i");
     BulkWriter gains(transaction, "Delete From HomeGain Where CId=? and Fyear=?", "it");
@@ -178,7 +219,7 @@ class Refresher {
       clients.Int(client.value).EndRow();
       holdings.Int(client.value).EndRow();
     };
-    for (const Computed& one : done_) {
+    for (const Computed& one : done) {
       if (one.has_holdings) {
         drop(one.client);
       }
@@ -193,12 +234,12 @@ class Refresher {
     gains.Finish();
   }
 
-  void WriteClients(Transaction& transaction) {
+  static void WriteClients(Transaction& transaction, std::span<const Computed> done) {
     BulkWriter writer(transaction,
                       "Insert Into HomeClient(CId,Stamp,UpTo,MadeAt) "
                       "Values(?,?,?,Utc_Timestamp())",
                       "itt");
-    for (const Computed& one : done_) {
+    for (const Computed& one : done) {
       if (one.has_holdings) {
         const QString up_to = one.up_to ? text::FormatDmy(*one.up_to) : QString();
         writer.Int(one.client.value).Text(one.stamp).Text(up_to.toStdString()).EndRow();
@@ -207,10 +248,10 @@ class Refresher {
     writer.Finish();
   }
 
-  void WriteHoldings(Transaction& transaction) {
+  static void WriteHoldings(Transaction& transaction, std::span<const Computed> done) {
     BulkWriter writer(transaction, "Insert Into HomeHolding(CId,ScrId,Qty,Cost) Values(?,?,?,?)",
                       "iiii");
-    for (const Computed& one : done_) {
+    for (const Computed& one : done) {
       for (const auto& [scrip, held] : one.holdings) {
         writer.Int(one.client.value)
             .Int(scrip.value)
@@ -222,12 +263,12 @@ class Refresher {
     writer.Finish();
   }
 
-  void WriteGains(Transaction& transaction) {
+  void WriteGains(Transaction& transaction, std::span<const Computed> done) {
     BulkWriter writer(
         transaction,
         "Insert Into HomeGain(CId,Fyear,Stamp,LongTerm,ShortTerm,Speculation) Values(?,?,?,?,?,?)",
         "ittiii");
-    for (const Computed& one : done_) {
+    for (const Computed& one : done) {
       writer.Int(one.client.value)
           .Text(year_.Utf8())
           .Text(one.stamp)
@@ -244,10 +285,13 @@ class Refresher {
   Date today_;
   Progress& progress_;
   const std::function<void()>& committed_;
-  std::vector<Computed> done_;
+  std::vector<ClientId> clients_;
+  std::vector<Computed> stale_;
   std::vector<ClientId> gone_;
+  std::size_t parts_ = 0;    // clients' histories to be read for the holdings, one by one
+  std::size_t written_ = 0;  // of the stale clients
+  bool gains_one_by_one_ = false;
   QElapsedTimer since_;
-  int count_ = 0;
 };
 
 }  // namespace

@@ -20,9 +20,11 @@ class RecordStamps {
   /// included whose shares came to the client. Reads each client's records once.
   std::string Of(ClientId client);
 
+  /// The client and everyone whose shares may have come to the client.
+  std::set<ClientId> GiversTo(ClientId client) const;
+
  private:
   const std::string& OwnOf(ClientId client);
-  std::set<ClientId> GiversTo(ClientId client) const;
 
   database::Connection& connection_;
   std::string common_;

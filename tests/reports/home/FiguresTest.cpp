@@ -88,7 +88,25 @@ class FiguresTest : public QObject {
     QVERIFY(kept == expected);
   }
 
+  // Alone a client is read with those whose shares came to it, not with everybody.
+  void EachClientAloneGivesTheSame() {
+    const auto contents = [&] {
+      return test::Contents(**database_, {"HomeHolding", "HomeGain"}).join(QLatin1Char(' '));
+    };
+    const QString all = contents();
+    for (const auto& row : (*database_)->Open("Select Id From ClientInfo")) {
+      const ClientId client{row.Int(0)};
+      for (const char* table : {"HomeClient", "HomeHolding", "HomeGain"}) {
+        (*database_)->Execute(fmt::format("Delete From {} Where CId=?", table), client);
+      }
+      QVERIFY(contents() != all);
+      QCOMPARE(Refresh(), 1);
+      QCOMPARE(contents(), all);
+    }
+  }
+
   void FamiliesAddUpToTheWhole() {
+    (*database_)->Execute("Update ClientInfo Set GCode='SECOND' Order By Id Limit 1");
     const home::Figures whole = home::ReadFigures(**database_, All());
     Paise value;
     Paise cost;
@@ -147,7 +165,7 @@ class FiguresTest : public QObject {
 
   void WhatIsCancelledGoesOnWhereItStopped() {
     (*database_)->Execute("Delete From HomeClient");
-    Impatient progress(40);
+    Impatient progress(3);
     QVERIFY_THROWS_EXCEPTION(Cancellation,
                              home::RefreshFigures(**database_, year_, today_, progress));
     Refresh();

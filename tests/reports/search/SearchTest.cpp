@@ -70,7 +70,7 @@ class SearchTest : public test::DeskTest {
     database::Connection& connection = desk_->Connection();
     connection.Execute("Update ClientInfo Set Name='SUNANDA RAGHAV' Where Id=?", desk_->client);
     connection.Execute("Update ClientInfo Set Name='SHAH & SONS' Where Id=?", desk_->other_client);
-    const rates::SeenIsin isin{desk_->second_scrip, QStringLiteral("INE009A01021")};
+    const rates::SeenIsin isin{desk_->second_scrip, "INE009A01021"};
     rates::RateBook(connection).Save(*text::MakeDate(1, 6, 2011), {}, {&isin, 1});
     for (const auto& [number, day] : {std::pair{"B/17", "10/06/2011"}, {"B/18", "11/06/2011"}}) {
       records::Bill bill = desk_->NewBill(QLatin1String(day), {desk_->Purchase(20, 100)});

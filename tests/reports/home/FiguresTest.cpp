@@ -94,8 +94,8 @@ class FiguresTest : public QObject {
       return test::Contents(**database_, {"HomeHolding", "HomeGain"}).join(QLatin1Char(' '));
     };
     const QString all = contents();
-    for (const auto& row : (*database_)->Open("Select Id From ClientInfo")) {
-      const ClientId client{row.Int(0)};
+    for (const QString& key : test::Rows(**database_, "Select Id From ClientInfo")) {
+      const ClientId client{key.toInt()};
       for (const char* table : {"HomeClient", "HomeHolding", "HomeGain"}) {
         (*database_)->Execute(fmt::format("Delete From {} Where CId=?", table), client);
       }

@@ -57,7 +57,8 @@ struct Office : ShownMain {
     const controls::GridModel& model = Named<controls::Grid>(name)->Model();
     QStringList rows;
     for (int row = 0; row < model.RowCount(); ++row) {
-      rows << model.Text(row, 0) + QLatin1Char('|') + model.Text(row, 1);
+      const QString second = model.columnCount() > 1 ? model.Text(row, 1) : QString();
+      rows << model.Text(row, 0) + QLatin1Char('|') + second;
     }
     return rows;
   }

@@ -45,6 +45,7 @@ ClientBar::ClientBar(controls::Desk& desk)
                  QStringLiteral("CboClient_GotFocus"));
   FillYears();
   ShowTexts();
+  guard_.Run(QStringLiteral("Form_Load"), [this] { Refresh(); });
 }
 
 void ClientBar::ShowTexts() {

@@ -64,7 +64,7 @@ void HomePane::Build() {
   missing_ = AddPart(*layout, QStringLiteral("VSMissing"), 2, 0, 1);
   dividends_ = AddPart(*layout, QStringLiteral("VSDividends"), 2, 1, 1);
   last_ = AddPart(*layout, QStringLiteral("VSLast"), 3, 0, 2);
-  layout->setRowStretch(1, 5);
+  layout->setRowStretch(1, 6);
   layout->setRowStretch(2, 3);
   layout->setRowStretch(3, 4);
   layout->setColumnStretch(0, 4);

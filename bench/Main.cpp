@@ -27,7 +27,7 @@ Choice ReadChoice() {
   parser.addHelpOption();
   parser.addPositionalArgument(
       QStringLiteral("works"),
-      QStringLiteral("start, matching, bill, pages, statement, import; or all"));
+      QStringLiteral("start, matching, bill, pages, statement, import, desk; or all"));
   const QCommandLineOption lines(QStringLiteral("lines"),
                                  QStringLiteral("bill lines of the portfolio; may be repeated"),
                                  QStringLiteral("N"));
@@ -61,6 +61,9 @@ void MeasurePortfolio(Table& table, const Choice& choice, const Office& office, 
   }
   if (choice.Has("import")) {
     MeasureImport(table, office, portfolio);
+  }
+  if (choice.Has("desk")) {
+    MeasureDesk(table, office, portfolio);
   }
 }
 

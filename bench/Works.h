@@ -23,6 +23,9 @@ void MeasureMatching(Table& table, std::span<const std::size_t> line_counts);
 void MeasureBill(Table& table, const Office& office);
 void MeasureStart(Table& table);
 
+/// The search, and what the main window shows while no window is open.
+void MeasureDesk(Table& table, const Office& office, const Portfolio& portfolio);
+
 /// A report of 2,000 pages in each of its outputs.
 void MeasurePages(Table& table);
 

@@ -33,7 +33,7 @@ namespace {
 using namespace quorvane;
 
 constexpr int kSettleMs = 250;
-constexpr int kReadingMs = 2000;  // of a document
+constexpr int kReadingMs = 2000;  // of a document, of the figures at first
 
 /// What is pressed in a window before its picture is taken.
 const std::map<QString, QStringList> kPressed{
@@ -55,6 +55,7 @@ const QStringList kLeftUnsaved{QStringLiteral("FrmSalePurchase"),
                                QStringLiteral("FrmScriptTransfer"), QStringLiteral("ImpScrMaster"),
                                QStringLiteral("ImpScrRate"), QStringLiteral("FrmFairValue")};
 const QString kBill = QStringLiteral("KV/1112/0015");
+const QString kSearched = QStringLiteral("in");
 const QString kCalculation = QStringLiteral("1250*48=");
 
 template <class Widget>
@@ -93,6 +94,11 @@ void Fill(controls::ChildWindow& window) {
   }
   if (name == QLatin1String("frmcalc")) {
     QTest::keyClicks(&window, kCalculation);
+  }
+  if (name == QLatin1String("FrmSearch")) {
+    Named<QLineEdit>(window, QStringLiteral("TxtSearch")).setText(kSearched);
+    QTest::qWait(kSettleMs);
+    return;
   }
   if (name == QLatin1String("FrmSalePurchase")) {
     ChangeSale(window);
@@ -162,6 +168,16 @@ void Render(ui::MDIForm1& main, reporting::ReportDesk& desk, test::RecordingMess
   QTest::qWait(1);
 }
 
+/// Several windows, each behind a tab.
+void RenderTabs(ui::MDIForm1& main, const QDir& out) {
+  Named<QAction>(main, QStringLiteral("mnuTabs")).trigger();
+  for (const char* window : {"FrmClientMaster", "FrmHoldings", "FrmScript"}) {
+    main.Open(QLatin1String(window));
+  }
+  Save(main, QStringLiteral("Tabs"), out);
+  Named<QAction>(main, QStringLiteral("mnuTabs")).trigger();
+}
+
 void RenderAll(const QStringList& arguments) {
   app::StartUpOptions options;
   options.application_folder = arguments[1];
@@ -193,12 +209,14 @@ void RenderAll(const QStringList& arguments) {
   main.show();
   const QDir out(arguments[4]);
   out.mkpath(QStringLiteral("."));
+  QTest::qWait(kReadingMs);  // the figures
   Save(main, main.objectName(), out);
   for (const ui::Feature& feature : ui::Features()) {
     if (feature.make != nullptr) {
       Render(main, desk, messages, QLatin1String(feature.name), out);
     }
   }
+  RenderTabs(main, out);
   for (const QString& text : messages.Texts()) {
     std::cerr << text.toStdString() << '\n';
   }

@@ -921,6 +921,109 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>Home</name>
+    <message>
+        <source>rates up to %1</source>
+        <translation>%1 तक के भाव</translation>
+    </message>
+    <message>
+        <source>no rates are recorded</source>
+        <translation>कोई भाव दर्ज नहीं है</translation>
+    </message>
+    <message>
+        <source>sales of %1</source>
+        <translation>%1 की बिक्री</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Day&apos;s change</source>
+        <translation>दिन का बदलाव</translation>
+    </message>
+    <message>
+        <source>Cost</source>
+        <translation>लागत</translation>
+    </message>
+    <message>
+        <source>all that is held</source>
+        <translation>जो भी धारित है</translation>
+    </message>
+    <message>
+        <source>Value less cost</source>
+        <translation>मूल्य घटा लागत</translation>
+    </message>
+    <message>
+        <source>what has a rate</source>
+        <translation>जिसका भाव है</translation>
+    </message>
+    <message>
+        <source>Long-term gain</source>
+        <translation>दीर्घकालिक लाभ</translation>
+    </message>
+    <message>
+        <source>Short-term gain</source>
+        <translation>अल्पकालिक लाभ</translation>
+    </message>
+    <message>
+        <source>Speculation</source>
+        <translation>सट्टा</translation>
+    </message>
+    <message>
+        <source>The figures could not be read: %1</source>
+        <translation>आँकड़े नहीं पढ़े जा सके: %1</translation>
+    </message>
+    <message>
+        <source>The figures are being read ...</source>
+        <translation>आँकड़े पढ़े जा रहे हैं ...</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>कभी नहीं</translation>
+    </message>
+    <message>
+        <source>Figures of %1 of %2 clients; the others are being computed ...</source>
+        <translation>%2 में से %1 ग्राहकों के आँकड़े; बाकी की गणना हो रही है ...</translation>
+    </message>
+    <message>
+        <source>Figures as checked on %1; being checked again ...</source>
+        <translation>%1 को जाँचे गए आँकड़े; फिर जाँच हो रही है ...</translation>
+    </message>
+    <message>
+        <source>Figures as checked on %1</source>
+        <translation>%1 को जाँचे गए आँकड़े</translation>
+    </message>
+    <message>
+        <source>recorded, to be received</source>
+        <translation>दर्ज, मिलना बाकी</translation>
+    </message>
+    <message>
+        <source>announced</source>
+        <translation>घोषित</translation>
+    </message>
+    <message>
+        <source>not recorded yet</source>
+        <translation>अभी दर्ज नहीं</translation>
+    </message>
+    <message>
+        <source>Bill</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>Payment</source>
+        <translation>Payment</translation>
+    </message>
+    <message>
+        <source>Receipt</source>
+        <translation>प्राप्ति</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>अंतरण</translation>
+    </message>
+</context>
+<context>
     <name>Imports</name>
     <message>
         <source>Saving scrips</source>
@@ -1353,6 +1456,26 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Ret&amp;urns</source>
         <translation>प्रतिफल (&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>विंडो (&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>खोजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Client and Year</source>
+        <translation>ग्राहक और वर्ष (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Windows as &amp;Tabs</source>
+        <translation>विंडो टैब में (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Close &amp;All Windows</source>
+        <translation>सभी विंडो बंद करें (&amp;A)</translation>
     </message>
 </context>
 <context>
@@ -1822,6 +1945,33 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>The ISIN %1 is Entered Twice.</source>
         <translation>ISIN %1 दो बार दर्ज है।</translation>
+    </message>
+</context>
+<context>
+    <name>Search</name>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Demat Accounts</source>
+        <translation>डीमैट खाते</translation>
+    </message>
+    <message>
+        <source>Scrips</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>Bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>Payments to Brokers</source>
+        <translation>ब्रोकरों को भुगतान</translation>
+    </message>
+    <message>
+        <source>Receipts from Brokers</source>
+        <translation>ब्रोकरों से प्राप्तियाँ</translation>
     </message>
 </context>
 <context>
@@ -3131,6 +3281,41 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::controls::ListHeader</name>
+    <message>
+        <source>Filter of %1</source>
+        <translation>%1 का फ़िल्टर</translation>
+    </message>
+    <message>
+        <source>Filter the list (F3)</source>
+        <translation>सूची छाँटें (F3)</translation>
+    </message>
+    <message>
+        <source>Columns as They Were at First</source>
+        <translation>स्तंभ पहले जैसे</translation>
+    </message>
+    <message>
+        <source>Sort by</source>
+        <translation>इस पर क्रमबद्ध करें</translation>
+    </message>
+    <message>
+        <source>Columns Shown</source>
+        <translation>दिखने वाले स्तंभ</translation>
+    </message>
+    <message>
+        <source>Move a Column</source>
+        <translation>स्तंभ खिसकाएँ</translation>
+    </message>
+    <message>
+        <source>%1 to the Left</source>
+        <translation>%1 बाईं ओर</translation>
+    </message>
+    <message>
+        <source>%1 to the Right</source>
+        <translation>%1 दाईं ओर</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::controls::RecordWindow</name>
     <message>
         <source>&amp;Add</source>
@@ -3179,6 +3364,10 @@ Save this one, too?</source>
     <message>
         <source>The record is not saved. Give up what was entered?</source>
         <translation>रिकॉर्ड सहेजा नहीं गया है। क्या दर्ज किया हुआ छोड़ दें?</translation>
+    </message>
+    <message>
+        <source>Another record is under entry here. Save it or cancel it first.</source>
+        <translation>यहाँ दूसरा रिकॉर्ड दर्ज किया जा रहा है। पहले उसे सहेजें या रद्द करें।</translation>
     </message>
 </context>
 <context>
@@ -3759,6 +3948,24 @@ Save this one, too?</source>
         <translation>सहेजें (&amp;U)</translation>
     </message>
     <message>
+    <name>quorvane::home::FrmFigures</name>
+    <message>
+        <source>Gains of the Year</source>
+        <translation>वर्ष का लाभ</translation>
+    </message>
+    <message>
+        <source>Holdings of Today</source>
+        <translation>आज की धारिता</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>खोलें (&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>पीछे (&amp;B)</translation>
+    </message>
+    <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
     </message>
@@ -3803,6 +4010,62 @@ Save this one, too?</source>
         <translation>सहेजा हुआ भाव</translation>
     </message>
     <message>
+        <source>&amp;Family</source>
+        <translation>परिवार (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Financial &amp;Year</source>
+        <translation>वित्तीय वर्ष (&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Scrips</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Li&amp;st</source>
+        <translation>सूची (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Without a rate of the last seven days</source>
+        <translation>पिछले सात दिनों के भाव के बिना (&amp;W)</translation>
+    </message>
+    <message>
+        <source>All clients</source>
+        <translation>सभी ग्राहक</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Long Term</source>
+        <translation>दीर्घकालिक</translation>
+    </message>
+    <message>
+        <source>Short Term</source>
+        <translation>अल्पकालिक</translation>
+    </message>
+    <message>
+        <source>Speculation</source>
+        <translation>सट्टा</translation>
+    </message>
+    <message>
+        <source>Together</source>
+        <translation>कुल</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
         <source>Rate</source>
         <translation>भाव</translation>
     </message>
@@ -3841,6 +4104,181 @@ Save this one, too?</source>
     <message>
         <source>The values are not saved. Close without saving them?</source>
         <translation>मूल्य सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>Rate of</source>
+        <translation>भाव का दिन</translation>
+    </message>
+    <message>
+        <source>Cost</source>
+        <translation>लागत</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Day&apos;s Change</source>
+        <translation>दिन का बदलाव</translation>
+    </message>
+    <message>
+        <source>Who Holds %1</source>
+        <translation>%1 किसके पास</translation>
+    </message>
+    <message>
+        <source>Holdings of %1</source>
+        <translation>%1 की धारिता</translation>
+    </message>
+    <message>
+        <source>Nothing was gained by sales of that year.</source>
+        <translation>उस वर्ष की बिक्री से कोई लाभ नहीं।</translation>
+    </message>
+    <message>
+        <source>Nothing is held.</source>
+        <translation>कुछ धारित नहीं है।</translation>
+    </message>
+    <message>
+        <source>Long term %1, short term %2, speculation %3, together %4</source>
+        <translation>दीर्घकालिक %1, अल्पकालिक %2, सट्टा %3, कुल %4</translation>
+    </message>
+    <message>
+        <source>Cost %1, value %2, day&apos;s change %3</source>
+        <translation>लागत %1, मूल्य %2, दिन का बदलाव %3</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::home::HomePane</name>
+    <message>
+        <source>Family</source>
+        <translation>परिवार</translation>
+    </message>
+    <message>
+        <source>Gains of</source>
+        <translation>लाभ का वर्ष</translation>
+    </message>
+    <message>
+        <source>Year of the gains</source>
+        <translation>लाभ का वर्ष</translation>
+    </message>
+    <message>
+        <source>Enter or a double click opens what the line is made of.</source>
+        <translation>Enter या दो बार क्लिक करने से खुलता है कि पंक्ति किससे बनी है।</translation>
+    </message>
+    <message>
+        <source>Value and Gains</source>
+        <translation>मूल्य और लाभ</translation>
+    </message>
+    <message>
+        <source>Figure</source>
+        <translation>आँकड़ा</translation>
+    </message>
+    <message>
+        <source>Rupees</source>
+        <translation>रुपये</translation>
+    </message>
+    <message>
+        <source>Of</source>
+        <translation>किसका</translation>
+    </message>
+    <message>
+        <source>Largest Holdings</source>
+        <translation>सबसे बड़ी धारिताएँ</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Day&apos;s Change</source>
+        <translation>दिन का बदलाव</translation>
+    </message>
+    <message>
+        <source>What Is Missing</source>
+        <translation>क्या छूटा है</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>छूटा हुआ</translation>
+    </message>
+    <message>
+        <source>Dividends to Come</source>
+        <translation>आने वाले लाभांश</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>दिन</translation>
+    </message>
+    <message>
+        <source>A Share</source>
+        <translation>प्रति शेयर</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>राशि</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>स्थिति</translation>
+    </message>
+    <message>
+        <source>Last Records Entered</source>
+        <translation>पिछले दर्ज रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>विवरण</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>All clients</source>
+        <translation>सभी ग्राहक</translation>
+    </message>
+    <message>
+        <source>Nothing that is held has a rate.</source>
+        <translation>जो धारित है उसका कोई भाव नहीं है।</translation>
+    </message>
+    <message>
+        <source>None is announced or outstanding.</source>
+        <translation>कोई घोषित या बकाया नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 scrips held have no rate of the last seven days.</source>
+        <translation>धारित %1 शेयरों का पिछले सात दिनों का भाव नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no backup.</source>
+        <translation>कोई बैकअप नहीं है।</translation>
+    </message>
+    <message>
+        <source>The newest backup is %1 days old.</source>
+        <translation>सबसे नया बैकअप %1 दिन पुराना है।</translation>
+    </message>
+    <message>
+        <source>Nothing is missing.</source>
+        <translation>कुछ छूटा नहीं है।</translation>
+    </message>
+    <message>
+        <source>Nothing is entered yet.</source>
+        <translation>अभी कुछ दर्ज नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -5324,6 +5762,41 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
+    <name>quorvane::search::FrmSearch</name>
+    <message>
+        <source>Search</source>
+        <translation>खोजें</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>क्या मिला</translation>
+    </message>
+    <message>
+        <source>Found</source>
+        <translation>मिला</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>विवरण</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>खोजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>Part of a client, an account or a scrip, or the beginning of an ISIN, a bill number or a cheque number.</source>
+        <translation>ग्राहक, खाते या शेयर का कोई भाग, या ISIN, बिल संख्या या चेक संख्या की शुरुआत।</translation>
+    </message>
+    <message>
+        <source>Nothing was found.</source>
+        <translation>कुछ नहीं मिला।</translation>
+    </message>
+    <message>
+        <source>Enter opens the chosen record. At most %1 of a kind are shown.</source>
+        <translation>Enter चुना हुआ रिकॉर्ड खोलता है। हर प्रकार के अधिक से अधिक %1 दिखते हैं।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::settings::DatabaseTrial</name>
     <message>
         <source>The Server Gives no Answer.</source>
@@ -5708,6 +6181,29 @@ Lots changed: %1</source>
     </message>
 </context>
 <context>
+    <name>quorvane::ui::ClientBar</name>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>वर्ष</translation>
+    </message>
+    <message>
+        <source>Financial Year</source>
+        <translation>वित्तीय वर्ष</translation>
+    </message>
+    <message>
+        <source>The client that windows open for (Ctrl+L)</source>
+        <translation>जिस ग्राहक के लिए विंडो खुलती हैं (Ctrl+L)</translation>
+    </message>
+    <message>
+        <source>The financial year that windows open for</source>
+        <translation>जिस वित्तीय वर्ष के लिए विंडो खुलती हैं</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::ui::FrmHelp</name>
     <message>
         <source>User Guide</source>
@@ -5825,6 +6321,14 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Do you want to take BackUp of Database?</source>
         <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>This record is not there any more.</source>
+        <translation>यह रिकॉर्ड अब नहीं है।</translation>
+    </message>
+    <message>
+        <source>Open windows</source>
+        <translation>खुली विंडो</translation>
     </message>
 </context>
 <context>

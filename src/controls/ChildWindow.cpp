@@ -34,6 +34,11 @@ bool IsTakenPlace(const QMdiArea& area, const QMdiSubWindow& frame, QPoint place
   });
 }
 
+/// The window fills the area behind a tab: it has no place of its own.
+bool IsTab(const QMdiSubWindow& frame) {
+  return frame.mdiArea() != nullptr && frame.mdiArea()->viewMode() == QMdiArea::TabbedView;
+}
+
 bool IsInSight(const QWidget* widget) {
   return widget != nullptr && widget->isVisible() && widget->isEnabled();
 }
@@ -74,10 +79,12 @@ void ChildWindow::OpenIn(QMdiArea& area) {
     }
   });
   show();
-  frame->setGeometry(PlaceIn(area, *frame));
+  if (!IsTab(*frame)) {
+    frame->setGeometry(PlaceIn(area, *frame));
+  }
   RestoreColumns();
   opened_at_ = frame->geometry();
-  if (WindowMemory(desk_.session.folders).IsMaximized(objectName())) {
+  if (!IsTab(*frame) && WindowMemory(desk_.session.folders).IsMaximized(objectName())) {
     frame->showMaximized();
   }
 }
@@ -98,6 +105,9 @@ QRect ChildWindow::PlaceIn(const QMdiArea& area, const QMdiSubWindow& frame) con
 
 void ChildWindow::RestoreColumns() {
   const WindowMemory memory(desk_.session.folders);
+  for (ListHeader* header : findChildren<ListHeader*>()) {
+    header->KeepIn(memory, objectName());
+  }
   for (Grid* grid : findChildren<Grid*>()) {
     grid->SetWidths(memory.Numbers(objectName(), grid->objectName()));
   }
@@ -112,6 +122,9 @@ void ChildWindow::Remember() const {
     }
   }
   const auto* sub_window = qobject_cast<const QMdiSubWindow*>(parentWidget());
+  if (sub_window != nullptr && IsTab(*sub_window)) {
+    return;
+  }
   const QWidget& frame = sub_window == nullptr ? *static_cast<const QWidget*>(this) : *sub_window;
   if (frame.isMinimized() || (sub_window != nullptr && sub_window->isShaded())) {
     return;

@@ -45,6 +45,10 @@ class ChildWindow : public QWidget {
   /// The menu asked for the window, which is open already.
   virtual void AskedAgain() {}
 
+  /// Chooses a record, by its key, in a window of records, or what the key stands for elsewhere;
+  /// false when it is not there.
+  virtual bool GoTo(int record) { return record == 0; }
+
   /// Does what the access key of one of the window's own buttons, labels or choices does; false
   /// when none that is visible has that key.
   bool PressKey(const QKeySequence& key);

@@ -1,16 +1,26 @@
 #pragma once
 
 #include "controls/Messages.h"
+#include "core/ClientYear.h"
 #include "core/app/Session.h"
 #include "core/text/Dates.h"
 
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 class QWidget;
 
 namespace quorvane::controls {
+
+/// A record, and the window that shows it.
+struct RecordPlace {
+  QString window;                               ///< its name ("FrmSalePurchase")
+  int record = 0;                               ///< its key; 0 for the window alone
+  std::optional<ClientYear> of = std::nullopt;  ///< none: the current client and year stay
+  QString client_name = {};                     ///< of that client
+};
 
 /// What every window is given: what the program shares, messages to the user, today's date and the
 /// opening of other windows. It outlives the windows.
@@ -24,6 +34,8 @@ struct Desk {
 
   /// Whether `open` knows a window of that name.
   std::function<bool(const QString& name)> has_window = [](const QString&) { return false; };
+  /// Opens the window of a record for its client and year, and chooses the record there.
+  std::function<void(const RecordPlace& place)> open_record = [](const RecordPlace&) {};
 
   /// Shows the chapter of the user guide about a window, in front of `over`.
   std::function<void(const QString& window_name, QWidget* over)> help = [](const QString&,

@@ -29,11 +29,20 @@ Grid::Grid(const QString& name, const QString& purpose, QWidget* parent)
     : QTableView(parent), model_(new GridModel(this)) {
   setObjectName(name);
   setAccessibleName(purpose);
+  header_ = new ListHeader(*this);
+  setHorizontalHeader(header_);
   setModel(model_);
   auto* delegate = new GridDelegate(this);
   setItemDelegate(delegate);
   connect(delegate, &GridDelegate::Refused, this, &Grid::EditRefused);
-  connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &Grid::HeadingClicked);
+  connect(header_, &QHeaderView::sectionClicked, this, &Grid::HeadingClicked);
+  connect(header_, &ListHeader::SortWanted, this, &Grid::SortWanted);
+  connect(header_, &ListHeader::FilterChanged, this, &Grid::FilterChanged);
+  connect(header_, &ListHeader::Arranged, this, [this] {
+    if (!fitted_by_hand_) {
+      FitColumns();
+    }
+  });
   connect(this, &QAbstractItemView::clicked, this, &Grid::RowClicked);
   connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& cell) {
     if ((cell.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable)) == 0) {
@@ -54,10 +63,7 @@ void Grid::SetLook() {
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setSectionsClickable(true);
   horizontalHeader()->setMinimumSectionSize(kNarrowest);
-  horizontalHeader()->setFixedHeight(fontMetrics().height() + kRowPadding + kTightSpacing);
   // Dragging a heading's edge is the user's wish for a width; from then on widths are left alone.
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, &Grid::SectionResized);
 }
@@ -72,7 +78,7 @@ void Grid::SectionResized(int column) {
 QList<int> Grid::WidthsByHand() const {
   QList<int> widths;
   for (int column = 0; fitted_by_hand_ && column < model_->columnCount(); ++column) {
-    widths << columnWidth(column);
+    widths << (isColumnHidden(column) ? kNarrowest : columnWidth(column));
   }
   return widths;
 }
@@ -96,6 +102,10 @@ void Grid::SetColumns(std::vector<Column> columns) {
     setColumnHidden(column, model_->Columns()[static_cast<std::size_t>(column)].hidden);
   }
   horizontalHeader()->setSortIndicatorShown(false);
+  sorted_column_ = -1;
+  header_->SetArrangeable(sortable_ && std::ranges::none_of(model_->Columns(), &Column::editable));
+  header_->ColumnsChanged();
+  header_->RowsChanged(0);
   FitColumns();
 }
 
@@ -104,8 +114,8 @@ void Grid::SetRows(std::vector<Row> rows) {
   {
     const QScopedValueRollback<bool> filling(filling_, true);
     model_->SetRows(std::move(rows));
-    horizontalHeader()->setSortIndicatorShown(false);
-    sorted_column_ = -1;
+    header_->RowsChanged(model_->CountOfAll());
+    SortAgain();
     FitColumns();
     SelectId(id);
   }
@@ -114,6 +124,46 @@ void Grid::SetRows(std::vector<Row> rows) {
 
 void Grid::SetSortable(bool on) {
   sortable_ = on;
+  header_->SetSortable(on);
+  header_->SetArrangeable(on && header_->IsArrangeable());
+}
+
+void Grid::SortAgain() {
+  const std::optional<Order> order = header_->Wanted();
+  sorted_column_ = -1;
+  horizontalHeader()->setSortIndicatorShown(false);
+  if (sortable_) {
+    SortBy(order);
+  }
+}
+
+/// Column -1 is the order in which the rows were set.
+void Grid::SortWanted(int column, Qt::SortOrder direction) {
+  if (!sortable_) {
+    return;
+  }
+  if (column < 0) {
+    sorted_column_ = -1;
+    model_->ResetOrder();
+  } else {
+    header_->Want({column, direction});
+    SortBy(Order{column, direction});
+  }
+}
+
+// The cursor stays on its record; where that is not shown, the first one gets it.
+void Grid::FilterChanged() {
+  const int id = CurrentId();
+  {
+    const QScopedValueRollback<bool> filling(filling_, true);
+    model_->SetFilter(header_->Filter());
+    SortAgain();
+    SelectId(id);
+    if (CurrentRow() < 0) {
+      SelectRow(0);
+    }
+  }
+  Q_EMIT CurrentRowChanged(CurrentRow());
 }
 
 int Grid::CurrentRow() const {
@@ -141,15 +191,22 @@ void Grid::MakeCurrent(const QModelIndex& cell) {
 }
 
 int Grid::FirstShownColumn() const {
-  int column = 0;
-  while (column + 1 < model_->columnCount() && isColumnHidden(column)) {
-    ++column;
+  int place = 0;
+  while (place + 1 < model_->columnCount() && isColumnHidden(header_->logicalIndex(place))) {
+    ++place;
   }
-  return column;
+  return std::max(0, header_->logicalIndex(place));
 }
 
 void Grid::SelectId(int id) {
   SelectRow(id == 0 ? -1 : model_->RowOf(id));
+}
+
+void Grid::Reveal(int id) {
+  if (id != 0 && model_->IsAside(id)) {
+    header_->ClearFilter();
+  }
+  SelectId(id);
 }
 
 int Grid::AddRow(Row row) {
@@ -184,10 +241,10 @@ bool Grid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
 
 void Grid::HeadingClicked(int column) {
   if (model_->TickColumn() == column) {
-    model_->TickAll(!model_->AllTicked());
-  } else if (sortable_) {
+    model_->TickAll(!model_->AllShownTicked());
+  } else {
     const bool again = sorted_column_ == column && !descending_;
-    SortBy(Order{column, again ? Qt::DescendingOrder : Qt::AscendingOrder});
+    SortWanted(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
   }
 }
 
@@ -199,7 +256,7 @@ std::optional<Grid::Order> Grid::SortedBy() const {
 }
 
 void Grid::SortBy(const std::optional<Order>& order) {
-  if (!order) {
+  if (!order || order->column >= model_->columnCount()) {
     return;
   }
   sorted_column_ = order->column;
@@ -228,6 +285,8 @@ void Grid::ToggleTick(int row) {
 void Grid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
     QApplication::clipboard()->setText(SelectedText());
+  } else if (header_->TakesKey(*event)) {
+    event->accept();
   } else if (IsEnter(*event)) {
     event->setAccepted(EnterPressed());
   } else if (event->key() == Qt::Key_Space && model_->TickColumn()) {
@@ -320,7 +379,8 @@ QString Grid::SelectedText() const {
   std::ranges::sort(rows, {}, &QModelIndex::row);
   for (const QModelIndex& row : rows) {
     QStringList cells;
-    for (int column = 0; column < model_->columnCount(); ++column) {
+    for (int place = 0; place < model_->columnCount(); ++place) {
+      const int column = header_->logicalIndex(place);
       if (!isColumnHidden(column) && model_->TickColumn() != column) {
         cells.append(model_->Text(row.row(), column));
       }

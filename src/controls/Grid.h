@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/GridModel.h"
+#include "controls/ListHeader.h"
 
 #include <QTableView>
 
@@ -12,7 +13,8 @@ namespace quorvane::controls {
 /// the heading of ticks it ticks all or none; Space or a click on a row ticks it; F2 or typing
 /// edits, Enter then moves on to the next cell that can be edited; Ctrl+C copies as tab-separated
 /// text. When it gets the focus by key and has no current row, the first row becomes current. In an
-/// empty grid the window handles Enter and moves on.
+/// empty grid the window handles Enter and moves on. Lists that are not for entry have the filter
+/// and the columns of a ListHeader.
 class Grid : public QTableView {
   Q_OBJECT
 
@@ -29,16 +31,18 @@ class Grid : public QTableView {
   /// it is still there; otherwise there is none.
   void SetRows(std::vector<Row> rows);
 
-  /// How the user sorted the rows; nullopt when they are in the order that was set.
-  struct Order {
-    int column = 0;
-    Qt::SortOrder direction = Qt::AscendingOrder;
-  };
+  /// How the user sorted the rows; nullopt when they are in the order that was set. Other rows are
+  /// sorted in the same way.
+  using Order = ListHeader::Order;
   std::optional<Order> SortedBy() const;
   void SortBy(const std::optional<Order>& order);
 
   /// Off where the order of the rows has a meaning of its own, as for the lines of a bill.
   void SetSortable(bool on);
+
+  /// Gives the list a box that filters its rows.
+  void SetFilterable(bool on) { header_->SetFilterable(on); }
+  ListHeader& Header() { return *header_; }
 
   /// -1 and 0 when no row is current.
   int CurrentRow() const;
@@ -48,6 +52,9 @@ class Grid : public QTableView {
   /// leaves none current.
   void SelectRow(int row);
   void SelectId(int id);
+
+  /// The same for a row that the filter may not show: it is emptied then.
+  void Reveal(int id);
 
   /// Adds an empty row and puts the cursor on its first cell that can be edited.
   int AddRow(Row row = {});
@@ -91,6 +98,9 @@ class Grid : public QTableView {
  private:
   void SetLook();
   void HeadingClicked(int column);
+  void SortAgain();
+  void SortWanted(int column, Qt::SortOrder direction);
+  void FilterChanged();
   void RowClicked(const QModelIndex& cell);
   void SectionResized(int column);
   void MakeCurrent(const QModelIndex& cell);
@@ -102,6 +112,7 @@ class Grid : public QTableView {
   int WidthOf(int column) const;
 
   GridModel* model_;
+  ListHeader* header_;
   bool sortable_ = true;
   bool descending_ = false;
   bool filling_ = false;

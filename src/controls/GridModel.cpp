@@ -6,6 +6,7 @@
 #include <QFont>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <optional>
 #include <utility>
@@ -56,6 +57,7 @@ void GridModel::SetColumns(std::vector<Column> columns) {
     choices_.emplace_back(column.choices);
   }
   rows_.clear();
+  aside_.clear();
   endResetModel();
 }
 
@@ -72,7 +74,10 @@ void GridModel::SetCellChoices(int row, int column, const QString& choices) {
 }
 
 const ValueList& GridModel::ChoicesOf(int row, int column) const {
-  const Entry& entry = rows_[static_cast<std::size_t>(row)];
+  return ChoicesIn(rows_[static_cast<std::size_t>(row)], column);
+}
+
+const ValueList& GridModel::ChoicesIn(const Entry& entry, int column) const {
   const auto own = entry.choices.find(column);
   return own != entry.choices.end() ? own->second : choices_[static_cast<std::size_t>(column)];
 }
@@ -80,19 +85,72 @@ const ValueList& GridModel::ChoicesOf(int row, int column) const {
 void GridModel::SetRows(std::vector<Row> rows) {
   beginResetModel();
   rows_.clear();
+  aside_.clear();
   rows_.reserve(rows.size());
   for (Row& row : rows) {
     row.cells.resize(columns_.size());
-    rows_.push_back({.row = std::move(row), .choices = {}});
+    rows_.push_back({.row = std::move(row), .place = RowCount()});
   }
+  PutAside();
   endResetModel();
+}
+
+void GridModel::SetFilter(const QString& text) {
+  beginResetModel();
+  TakeBack();
+  words_ = text.toUpper().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  PutAside();
+  endResetModel();
+}
+
+bool GridModel::Fits(const Entry& entry) const {
+  if (entry.row.kind != RowKind::kData) {
+    return false;
+  }
+  QString text;
+  for (int column = 0; column < columnCount(); ++column) {
+    if (!columns_[static_cast<std::size_t>(column)].hidden) {
+      text += TextIn(entry, column).toUpper() + QLatin1Char('\n');
+    }
+  }
+  return std::ranges::all_of(words_, [&](const QString& word) { return text.contains(word); });
+}
+
+void GridModel::PutAside() {
+  if (words_.isEmpty()) {
+    return;
+  }
+  const auto kept = std::stable_partition(rows_.begin(), rows_.end(),
+                                          [this](const Entry& entry) { return Fits(entry); });
+  aside_.assign(std::move_iterator(kept), std::move_iterator(rows_.end()));
+  rows_.erase(kept, rows_.end());
+}
+
+void GridModel::TakeBack() {
+  if (aside_.empty()) {
+    return;
+  }
+  std::ranges::move(aside_, std::back_inserter(rows_));
+  aside_.clear();
+  std::ranges::stable_sort(rows_, {}, &Entry::place);
+}
+
+bool GridModel::IsAside(int id) const {
+  return std::ranges::any_of(aside_, [&](const Entry& entry) { return entry.row.id == id; });
+}
+
+void GridModel::ResetOrder() {
+  std::vector<std::size_t> sequence(rows_.size());
+  std::iota(sequence.begin(), sequence.end(), std::size_t{0});
+  std::ranges::stable_sort(sequence, {}, [this](std::size_t at) { return rows_[at].place; });
+  Reorder(sequence);
 }
 
 int GridModel::AddRow(Row row) {
   const int at = RowCount();
   row.cells.resize(columns_.size());
   beginInsertRows({}, at, at);
-  rows_.push_back({.row = std::move(row), .choices = {}});
+  rows_.push_back({.row = std::move(row), .place = CountOfAll()});
   endInsertRows();
   return at;
 }
@@ -114,11 +172,15 @@ QVariant GridModel::Value(int row, int column) const {
 }
 
 QString GridModel::Text(int row, int column) const {
-  const QVariant value = Value(row, column);
+  return TextIn(rows_[static_cast<std::size_t>(row)], column);
+}
+
+QString GridModel::TextIn(const Entry& entry, int column) const {
+  const QVariant value = entry.row.cells[static_cast<std::size_t>(column)];
   if (!value.isValid()) {
     return {};
   }
-  if (const ValueList& choices = ChoicesOf(row, column); !choices.IsEmpty()) {
+  if (const ValueList& choices = ChoicesIn(entry, column); !choices.IsEmpty()) {
     return value.typeId() == QMetaType::QString ? value.toString() : choices.TextOf(value.toInt());
   }
   const Mask mask = columns_[static_cast<std::size_t>(column)].mask;
@@ -141,19 +203,42 @@ std::optional<int> GridModel::TickColumn() const {
                                  : std::optional(static_cast<int>(found - columns_.begin()));
 }
 
-bool GridModel::IsTicked(int row) const {
+bool GridModel::IsTickedIn(const Entry& entry) const {
   const std::optional<int> column = TickColumn();
-  return column && RowAt(row).kind == RowKind::kData && Value(row, *column).toBool();
+  return column && entry.row.kind == RowKind::kData &&
+         entry.row.cells[static_cast<std::size_t>(*column)].toBool();
+}
+
+bool GridModel::IsUnticked(const Entry& entry) const {
+  return entry.row.kind == RowKind::kData && !IsTickedIn(entry);
+}
+
+bool GridModel::IsTicked(int row) const {
+  return IsTickedIn(rows_[static_cast<std::size_t>(row)]);
 }
 
 std::vector<int> GridModel::TickedIds() const {
   std::vector<int> ids;
-  for (int row = 0; row < RowCount(); ++row) {
-    if (IsTicked(row)) {
-      ids.push_back(IdOf(row));
+  for (const auto* entries : {&rows_, &aside_}) {
+    for (const Entry& entry : *entries) {
+      if (IsTickedIn(entry)) {
+        ids.push_back(entry.row.id);
+      }
     }
   }
   return ids;
+}
+
+QStringList GridModel::TickedTexts(int column) const {
+  QStringList texts;
+  for (const auto* entries : {&rows_, &aside_}) {
+    for (const Entry& entry : *entries) {
+      if (IsTickedIn(entry)) {
+        texts << TextIn(entry, column);
+      }
+    }
+  }
+  return texts;
 }
 
 void GridModel::SetTicked(int row, bool on) {
@@ -177,13 +262,13 @@ void GridModel::TickAll(bool on) {
   Q_EMIT TicksChanged();
 }
 
+bool GridModel::AllShownTicked() const {
+  return std::ranges::none_of(rows_, [this](const Entry& entry) { return IsUnticked(entry); });
+}
+
 bool GridModel::AllTicked() const {
-  for (int row = 0; row < RowCount(); ++row) {
-    if (RowAt(row).kind == RowKind::kData && !IsTicked(row)) {
-      return false;
-    }
-  }
-  return true;
+  return AllShownTicked() &&
+         std::ranges::none_of(aside_, [this](const Entry& entry) { return IsUnticked(entry); });
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const {

@@ -90,6 +90,21 @@ class GridModel : public QAbstractTableModel {
   void SetRows(std::vector<Row> rows);
   void Clear() { SetRows({}); }
 
+  /// Shows only the data rows that have each word of a text in one of their cells, in any case; an
+  /// empty text shows all. Rows that are not shown are still there: their ticks count. Where a
+  /// function counts or names rows, it means those that are shown.
+  void SetFilter(const QString& text);
+  bool IsFiltered() const { return !words_.isEmpty(); }
+
+  /// All rows, those included that are not shown.
+  int CountOfAll() const { return RowCount() + static_cast<int>(aside_.size()); }
+
+  /// True for a row that the filter does not show.
+  bool IsAside(int id) const;
+
+  /// Puts the rows back into the order in which they were set.
+  void ResetOrder();
+
   /// The new row's number. Missing cells are empty.
   int AddRow(Row row);
   void RemoveRow(int row);
@@ -107,13 +122,18 @@ class GridModel : public QAbstractTableModel {
   double Number(int row, int column) const { return Value(row, column).toDouble(); }
   void SetValue(int row, int column, const QVariant& value);
 
-  /// The keys of the rows that are ticked in the first tick column, in the order of the grid.
+  /// The keys of the rows that are ticked in the first tick column, in the order of the grid; those
+  /// that are not shown come last. TickedTexts tells the same rows by the texts of a column.
   std::vector<int> TickedIds() const;
+  QStringList TickedTexts(int column) const;
   bool IsTicked(int row) const;
   void SetTicked(int row, bool on);
-  void TickAll(bool on);
 
-  /// True when no row that could be ticked is left.
+  /// Ticks every row that is shown, or none of them.
+  void TickAll(bool on);
+  bool AllShownTicked() const;
+
+  /// True when no row that could be ticked is left, shown or not.
   bool AllTicked() const;
   std::optional<int> TickColumn() const;
 
@@ -136,12 +156,20 @@ class GridModel : public QAbstractTableModel {
  private:
   struct Entry {
     Row row;
-    std::map<int, ValueList> choices;
+    std::map<int, ValueList> choices = {};
+    int place = 0;  ///< in the order in which the rows were set
   };
 
   using SortKey = std::pair<double, QString>;
 
   bool IsTickCell(const QModelIndex& index) const;
+  bool IsTickedIn(const Entry& entry) const;
+  bool IsUnticked(const Entry& entry) const;
+  QString TextIn(const Entry& entry, int column) const;
+  const ValueList& ChoicesIn(const Entry& entry, int column) const;
+  bool Fits(const Entry& entry) const;
+  void PutAside();
+  void TakeBack();
   static QVariant FontOf(RowKind kind);
   bool Accept(const QModelIndex& index, const QVariant& value);
   QVariant Kept(int row, int column, const QVariant& given) const;
@@ -151,7 +179,9 @@ class GridModel : public QAbstractTableModel {
 
   std::vector<Column> columns_;
   std::vector<ValueList> choices_;
-  std::vector<Entry> rows_;
+  std::vector<Entry> rows_;   ///< that are shown
+  std::vector<Entry> aside_;  ///< that the filter does not show, in the order of their places
+  QStringList words_;         ///< of the filter
 };
 
 }  // namespace quorvane::controls

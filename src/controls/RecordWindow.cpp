@@ -84,6 +84,7 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
       details_(new QWidget()),
       list_(new Grid(list_name, title)),
       buttons_(new QHBoxLayout()) {
+  list_->SetFilterable(true);
   auto* rows = new QVBoxLayout(this);
   if (panels == Panels::kTabs) {
     BuildTabs(*rows);
@@ -268,7 +269,24 @@ void RecordWindow::FillAgain(int id) {
   const QScopedValueRollback<bool> filling(filling_, true);
   FillList();
   since_filled_.start();
-  list_->SelectRow(std::max(list_->Model().RowOf(id), 0));
+  list_->Reveal(id);
+  if (list_->CurrentRow() < 0) {
+    list_->SelectRow(0);
+  }
+}
+
+bool RecordWindow::GoTo(int record) {
+  if (record == 0 || (editing_ && current_ == record)) {
+    return true;
+  }
+  if (editing_) {
+    Say().Inform(tr("Another record is under entry here. Save it or cancel it first."));
+    return true;
+  }
+  Refill(record);
+  ShowList();
+  list_->setFocus(Qt::OtherFocusReason);
+  return list_->CurrentId() == record;
 }
 
 void RecordWindow::ShowRecord(int id) {

@@ -31,6 +31,10 @@ class RecordWindow : public ChildWindow {
   bool IsEditing() const { return editing_; }
   Grid& List() { return *list_; }
 
+  /// Chooses the record in the list, also where the filter does not show it. A record under entry
+  /// is left as it is, and the user is told.
+  bool GoTo(int record) override;
+
  protected:
   /// `list_name` is the control name of the list ("VSF").
   RecordWindow(Desk& desk, const QString& name, const QString& title, QSize designed,

@@ -21,11 +21,13 @@
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
 #include "reports/dividends/window/RptDividends.h"
+#include "reports/home/window/FrmFigures.h"
 #include "reports/mis/window/RptVariousReport.h"
 #include "reports/performance/window/RptReturns.h"
 #include "reports/profit/window/RptProfitStatement.h"
 #include "reports/scrip_page/window/RptScripPage.h"
 #include "reports/tax/window/RptTaxYear.h"
+#include "reports/search/window/FrmSearch.h"
 #include "transactions/bills/window/FrmSalePurchase.h"
 #include "transactions/broker_money/window/FrmBrOpBal.h"
 #include "transactions/broker_money/window/FrmBrPayment.h"
@@ -43,6 +45,7 @@ namespace {
 
 using broker_money::PaymentKind;
 using controls::ChildWindow;
+using home::FrmFigures;
 using lookup_masters::LookupKind;
 using reporting::ReportDesk;
 using enum MenuAction;
@@ -60,6 +63,11 @@ ChildWindow* MakeLookup(ReportDesk& desk) {
 template <PaymentKind kind>
 ChildWindow* MakePayment(ReportDesk& desk) {
   return new broker_money::FrmBrPayment(desk, kind);
+}
+
+template <FrmFigures::What what>
+ChildWindow* MakeFigures(ReportDesk& desk) {
+  return new FrmFigures(desk, what);
 }
 
 constexpr Feature ReportOf(const reports::WindowEntry& report, ChildWindow* (*make)(ReportDesk&)) {
@@ -151,6 +159,15 @@ constexpr Feature kFeatures[] = {
      "mnuPortfolio", "FrmTaxLoss", "tax-losses.md", Make<tax_losses::FrmTaxLoss>},
     ReportOf(reports::kBrokerAccountWindow, Make<broker_account::RptBrokerAccount>),
     ReportOf(reports::kReturnsWindow, Make<performance::RptReturns>),
+    {"mnuWindow", QT_TRANSLATE_NOOP("MainMenu", "&Window"), kHeading, ""},
+    {"mnuSearch", QT_TRANSLATE_NOOP("MainMenu", "&Search"), kOpenModal, "mnuWindow", "FrmSearch",
+     "search.md", Make<search::FrmSearch>, "Ctrl+F"},
+    {"mnuClientBar", QT_TRANSLATE_NOOP("MainMenu", "&Client and Year"), kClientBar, "mnuWindow", "",
+     "", nullptr, "Ctrl+L"},
+    {"mnuLineWindow", "", kSeparator, "mnuWindow"},
+    {"mnuTabs", QT_TRANSLATE_NOOP("MainMenu", "Windows as &Tabs"), kTabs, "mnuWindow"},
+    {"mnuCloseAll", QT_TRANSLATE_NOOP("MainMenu", "Close &All Windows"), kCloseAll, "mnuWindow", "",
+     "", nullptr, "Ctrl+Shift+W"},
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},
@@ -159,6 +176,8 @@ constexpr Feature kFeatures[] = {
     {"", "", kNoItem, "", "frmdocuments", "users-and-settings.md", Make<documents::frmdocuments>},
     {"", "", kNoItem, "", "ImpCorpAction", "corporate-actions.md",
      Make<corporate_actions::ImpCorpAction>},
+    {"", "", kNoItem, "", "FrmHoldings", "home.md", MakeFigures<FrmFigures::What::kHoldings>},
+    {"", "", kNoItem, "", "FrmGains", "home.md", MakeFigures<FrmFigures::What::kGains>},
     {"", "", kNoItem, "", "FrmScriptType", "masters.md", MakeLookup<LookupKind::kScripTypes>},
     {"", "", kNoItem, "", "FrmScriptCls", "masters.md", MakeLookup<LookupKind::kScripClasses>},
     {"", "", kNoItem, "", "FrmTransPer", "masters.md", MakeLookup<LookupKind::kTaxPercentages>},

@@ -26,6 +26,9 @@ enum class MenuAction {
   kImportFolder,  ///< takes a portfolio folder in
   kExportFolder,
   kImportSample,  ///< takes the sample portfolio in
+  kClientBar,     ///< goes to the client and year in the main window
+  kTabs,          ///< shows the windows behind tabs, or free again
+  kCloseAll,      ///< closes every window that is open
   kLogOut,
   kContact,
   kQuit
@@ -43,6 +46,8 @@ struct Feature {
   const char* chapter = "";  ///< the file of the user guide
   controls::ChildWindow* (*make)(reporting::ReportDesk&) =
       nullptr;  ///< not shown, belongs to itself
+
+  const char* key = "";  ///< the key of the menu item ("Ctrl+F")
 };
 
 /// Everything that the program does, in the order of the menu.

@@ -67,6 +67,18 @@ bool CommitMark::IsThere() {
   return there;
 }
 
+std::string CommitMark::StateOfOthers(Connection& connection) {
+  connection.LookForSharedTables();
+  if (!connection.HasSharedTables()) {
+    return {};
+  }
+  auto rows = connection.Open(
+      "Select Count(*),Sum(Crc32(Concat(Token,':',Serial))) From CommitMark Where Token<>?",
+      connection.Token());
+  rows.Next();
+  return rows.Text(0).toStdString() + ':' + rows.Text(1).toStdString();
+}
+
 void CommitMark::RemoveOld(Connection& connection) {
   std::vector<std::string> old;
   for (const auto& row : connection.Open(

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace quorvane::database {
 
@@ -28,6 +29,10 @@ class CommitMark {
   /// After the connection was lost at the commit: opens it again and looks. Nothing when it cannot
   /// be told. Waits some seconds for a server that comes back.
   std::optional<bool> WasCommitted();
+
+  /// A text that is another one after any other connection, of any program, has committed a
+  /// transaction. Empty where the database keeps no marks.
+  static std::string StateOfOthers(Connection& connection);
 
   /// Deletes the rows of programs of long ago.
   static void RemoveOld(Connection& connection);

@@ -90,7 +90,7 @@ constexpr std::array<UpgradeStep, 8> kUpgradeSteps{{
      "Alter Table stkOpBal Add(Brk Double Default 0,STT Double Default 0,FO Int(11) Default 0)"},
 }};
 
-constexpr std::array<IndexDefinition, 29> kIndexes{{
+constexpr std::array<IndexDefinition, 32> kIndexes{{
     {"ClientInfo", "IxClientInfoId", "Id"},
     {"ClientInfo", "IxClientInfoCode", "Code"},
     {"ClientActDet", "IxClientActDetClient", "CId"},
@@ -114,15 +114,18 @@ constexpr std::array<IndexDefinition, 29> kIndexes{{
     {"SPMaster", "IxSPMasterClient", "Cid,Fyear"},
     {"SPMaster", "IxSPMasterId", "ID"},
     {"SPMaster", "IxSPMasterBroker", "BrokId"},
+    {"SPMaster", "IxSPMasterNumber", "BillNo"},
     {"SPTrans", "IxSPTransClient", "Cid,Fyear,ScriptId"},
     {"SPTrans", "IxSPTransBill", "SID"},
     {"ScrTransfer", "IxScrTransferClient", "Cid,Fyear"},
     {"ScrTransfer", "IxScrTransferScrip", "Fyear,ScrId"},
     {"ScrTransfer", "IxScrTransferId", "ID"},
     {"ScriptAvgRate", "IxScriptAvgRateAccount", "Cid,Fyear,AcId"},
+    {"BrPayment", "IxBrPaymentCheque", "ChqNo"},
+    {"BrRec", "IxBrRecCheque", "ChqNo"},
 }};
 
-constexpr std::array<ExtensionTable, 10> kExtensionTables{{
+constexpr auto kExtensionTables = std::to_array<ExtensionTable>({
     {"ScripIsin", true},
     {"CorpAction", true},
     {"CorpActionLot", true},
@@ -133,9 +136,12 @@ constexpr std::array<ExtensionTable, 10> kExtensionTables{{
     {"RecordKey", true},
     {"Writers", false},
     {"CommitMark", false},
-}};
+    {"HomeClient", false},
+    {"HomeHolding", false},
+    {"HomeGain", false},
+});
 
-constexpr std::array<UpgradeStep, 10> kExtensionSteps{{
+constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
     {"ScripIsin", 1,
      "Create Table if not Exists ScripIsin(ScrId int(11) Not Null, Isin varchar(12) Not Null, "
      "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
@@ -191,7 +197,21 @@ constexpr std::array<UpgradeStep, 10> kExtensionSteps{{
      "Create Table if not Exists CommitMark(Token varchar(40) Primary Key, Serial bigint Not Null, "
      "MadeAt datetime Not Null) Engine=InnoDB Default Character Set utf8mb4 Collate "
      "utf8mb4_general_ci"},
-}};
+    {"HomeClient", 1,
+     "Create Table if not Exists HomeClient(CId int(11) Primary Key, Stamp varchar(64) Not Null, "
+     "UpTo varchar(10) Not Null, MadeAt datetime Not Null) Engine=InnoDB Default Character Set "
+     "utf8mb4 Collate utf8mb4_general_ci"},
+    {"HomeHolding", 1,
+     "Create Table if not Exists HomeHolding(CId int(11) Not Null, ScrId int(11) Not Null, Qty "
+     "bigint Not Null, Cost bigint Not Null, Primary Key(CId,ScrId)) Engine=InnoDB Default "
+     "Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"HomeGain", 1,
+     "Create Table if not Exists HomeGain(CId int(11) Not Null, Fyear varchar(10) Not Null, Stamp "
+     "varchar(64) Not Null, LongTerm bigint Not Null, ShortTerm bigint Not Null, Speculation "
+     "bigint "
+     "Not Null, Primary Key(Fyear,CId)) Engine=InnoDB Default Character Set utf8mb4 Collate "
+     "utf8mb4_general_ci"},
+});
 
 constexpr auto kReferences = std::to_array<KeyReference>({
     {"LoginPassword", "id", "LoginId"},

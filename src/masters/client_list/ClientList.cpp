@@ -29,6 +29,14 @@ bool HasClients(database::Connection& connection) {
   return rows.Next();
 }
 
+std::vector<ListedClient> ListClients(database::Connection& connection) {
+  std::vector<ListedClient> clients;
+  for (const auto& row : connection.Open("Select Id,Code,Name From ClientInfo Order By Name,Id")) {
+    clients.push_back({ClientId{row.Int(0)}, row.Text(1), row.Text(2)});
+  }
+  return clients;
+}
+
 QString UpdateStock(database::Connection& connection, const ClientYear& of, Progress& progress) {
   ledger::RebuildStock(connection, of, progress);
   return Tr("ClientList", "Stock is Updated Successfully !!!");

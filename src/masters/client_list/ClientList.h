@@ -18,6 +18,16 @@ text::FinancialYear DefaultYear(text::Date today);
 /// Whether any client is entered yet.
 bool HasClients(database::Connection& connection);
 
+/// A client to choose.
+struct ListedClient {
+  ClientId id;
+  QString code;
+  QString name;
+};
+
+/// All clients, by name.
+std::vector<ListedClient> ListClients(database::Connection& connection);
+
 /// The target that opens no window.
 inline constexpr char kUpdateStock[] = "UpdateStock";
 

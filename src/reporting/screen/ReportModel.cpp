@@ -1,6 +1,7 @@
 #include "reporting/screen/ReportModel.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace quorvane::reporting {
 namespace {
@@ -40,7 +41,88 @@ void ReportModel::SetDocument(ReportDocument document) {
     AddTable(i);
   }
   AddNotes();
+  sort_column_ = -1;
+  Arrange();
   endResetModel();
+}
+
+void ReportModel::SetFilter(const QString& text) {
+  beginResetModel();
+  filter_ = text.toUpper();
+  Arrange();
+  endResetModel();
+}
+
+void ReportModel::sort(int column, Qt::SortOrder order) {
+  beginResetModel();
+  sort_column_ = column < columns_ ? column : -1;
+  sort_order_ = order;
+  Arrange();
+  endResetModel();
+}
+
+void ReportModel::Arrange() {
+  shown_ = lines_;
+  if (sort_column_ >= 0) {
+    SortLines();
+  }
+  if (!filter_.isEmpty()) {
+    KeepFitting();
+  }
+}
+
+const Cell& ReportModel::CellAt(const Place& place, int column) const {
+  static const Cell kNothing;
+  const std::vector<Cell>& cells = document_.tables[place.table].rows[place.row].cells;
+  const auto at = static_cast<std::size_t>(column);
+  return at < cells.size() ? cells[at] : kNothing;
+}
+
+/// Lines that follow each other without anything between them are one group's.
+void ReportModel::SortLines() {
+  const auto is_data = [](const Place& place) { return place.line == Line::kData; };
+  for (auto first = shown_.begin(); first != shown_.end();) {
+    first = std::find_if(first, shown_.end(), is_data);
+    const auto last = std::find_if_not(first, shown_.end(), is_data);
+    std::stable_sort(first, last, [this](const Place& left, const Place& right) {
+      const Cell& a = CellAt(left, sort_column_);
+      const Cell& b = CellAt(right, sort_column_);
+      return sort_order_ == Qt::AscendingOrder ? a < b : b < a;
+    });
+    first = last;
+  }
+}
+
+bool ReportModel::Fits(const Place& place, const QStringList& words) const {
+  QString text;
+  for (int column = 0; column < columns_; ++column) {
+    text += TextAt(place, column).toUpper() + QLatin1Char('\n');
+  }
+  return std::ranges::all_of(words, [&](const QString& word) { return text.contains(word); });
+}
+
+void ReportModel::KeepFitting() {
+  const QStringList words = filter_.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  std::vector<Place> kept;
+  std::vector<Place> headings;
+  bool after_data = false;
+  for (const Place& place : shown_) {
+    if (place.line == Line::kGroup || place.line == Line::kHeadings) {
+      if (after_data) {
+        headings.clear();
+      }
+      after_data = false;
+      headings.push_back(place);
+    } else if (place.line == Line::kData) {
+      after_data = true;
+      if (Fits(place, words)) {
+        std::ranges::move(headings, std::back_inserter(kept));
+        headings.clear();
+        kept.push_back(place);
+      }
+    }
+  }
+  shown_ = std::move(kept);
 }
 
 void ReportModel::AddTable(std::uint32_t index) {
@@ -74,7 +156,7 @@ std::vector<ColumnGroup> ReportModel::Groups() const {
 }
 
 int ReportModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+  return parent.isValid() ? 0 : static_cast<int>(shown_.size());
 }
 
 int ReportModel::columnCount(const QModelIndex& parent) const {
@@ -118,7 +200,7 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
     return {};
   }
-  const Place& place = lines_[static_cast<std::size_t>(index.row())];
+  const Place& place = At(index.row());
   switch (role) {
     case Qt::DisplayRole:
       return TextAt(place, index.column());
@@ -149,7 +231,7 @@ QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int r
 }
 
 QString ReportModel::RowText(int row) const {
-  const Place& place = lines_[static_cast<std::size_t>(row)];
+  const Place& place = At(row);
   QStringList cells;
   for (int column = 0; column < columns_; ++column) {
     cells.append(TextAt(place, column));

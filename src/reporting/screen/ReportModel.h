@@ -26,7 +26,16 @@ class ReportModel : public QAbstractTableModel {
   void SetDocument(ReportDocument document);
   const ReportDocument& Document() const { return document_; }
 
-  Line LineAt(int row) const { return lines_[static_cast<std::size_t>(row)].line; }
+  Line LineAt(int row) const { return At(row).line; }
+
+  /// Shows only the lines of data that have each word of a text in one of their cells, in any case,
+  /// each under the headings of its group. Totals are of all lines, so they are not shown then. An
+  /// empty text shows everything.
+  void SetFilter(const QString& text);
+
+  /// Sorts the lines of data by a column, those of a group among themselves; equal ones keep their
+  /// order. Column -1 is the report's own order.
+  void sort(int column, Qt::SortOrder order) override;
 
   /// Headings over neighbouring columns; empty when there are none.
   std::vector<ColumnGroup> Groups() const;
@@ -46,13 +55,23 @@ class ReportModel : public QAbstractTableModel {
     std::uint32_t row = 0;  ///< of the table, or number of its title or of the note
   };
 
+  const Place& At(int row) const { return shown_[static_cast<std::size_t>(row)]; }
+  void Arrange();
+  void SortLines();
+  void KeepFitting();
+  bool Fits(const Place& place, const QStringList& words) const;
+  const Cell& CellAt(const Place& place, int column) const;
   void AddTable(std::uint32_t index);
   void AddNotes();
   QString TextAt(const Place& place, int column) const;
   Qt::Alignment AlignmentAt(std::size_t table, int column) const;
 
   ReportDocument document_;
-  std::vector<Place> lines_;
+  std::vector<Place> lines_;  ///< of the whole report in its order
+  std::vector<Place> shown_;
+  QString filter_;
+  int sort_column_ = -1;
+  Qt::SortOrder sort_order_ = Qt::AscendingOrder;
   int columns_ = 0;
 };
 

@@ -15,6 +15,7 @@ TickGrid::TickGrid(const QString& name, const QString& purpose,
     : Grid(name, purpose) {
   columns.insert(columns.begin(), {.mask = controls::Mask::kTick});
   SetColumns(std::move(columns));
+  SetFilterable(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
@@ -32,14 +33,9 @@ std::vector<AccountId> TickGrid::TickedAccounts() const {
 }
 
 QStringList TickGrid::TickedTexts() const {
-  QStringList texts;
-  for (int row = 0; row < Model().RowCount() && !Model().AllTicked(); ++row) {
-    if (Model().IsTicked(row)) {
-      texts << Model().Text(row, kTextColumn);
-    }
-  }
+  const QStringList texts = Model().AllTicked() ? QStringList() : Model().TickedTexts(kTextColumn);
   const qsizetype more = texts.size() - kMostNamed;
-  return more <= 0 ? texts : texts.mid(0, kMostNamed) << tr("and %1 more").arg(more);
+  return more <= 0 ? texts : texts.mid(0, kMostNamed) + QStringList(tr("and %1 more").arg(more));
 }
 
 MaybeRefusal TickGrid::RefuseWithoutTick(const QString& text, Field field) const {
@@ -47,8 +43,8 @@ MaybeRefusal TickGrid::RefuseWithoutTick(const QString& text, Field field) const
 }
 
 MaybeRefusal TickGrid::RefuseWithoutAccount() const {
-  return Model().RowCount() == 0 ? std::nullopt
-                                 : RefuseWithoutTick(tr("Select Demat A/c!"), Field::kAccounts);
+  return Model().CountOfAll() == 0 ? std::nullopt
+                                   : RefuseWithoutTick(tr("Select Demat A/c!"), Field::kAccounts);
 }
 
 }  // namespace quorvane::reporting

@@ -25,6 +25,7 @@ FrmImportErrors::FrmImportErrors(controls::Desk& desk,
     : ChildWindow(desk, QStringLiteral("FrmImportErrors"), tr("Errors in the Portfolio Folder"),
                   {700, 400}) {
   auto* grid = new controls::Grid(QStringLiteral("VSF"), tr("Errors"));
+  grid->SetFilterable(true);
   grid->SetColumns({{.heading = tr("File")},
                     {.heading = tr("Line"), .mask = controls::Mask::kNumber},
                     {.heading = tr("Column")},

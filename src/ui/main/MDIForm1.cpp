@@ -1,5 +1,6 @@
 #include "ui/main/MDIForm1.h"
 
+#include "admin/backup/BackupList.h"
 #include "controls/ChildWindow.h"
 #include "controls/WindowMemory.h"
 #include "controls/ZENButton.h"
@@ -7,7 +8,9 @@
 #include "core/app/Ini.h"
 #include "core/rates/QuoteDesk.h"
 #include "masters/client_list/ClientList.h"
+#include "reports/home/window/HomePane.h"
 #include "ui/folders/PortfolioFolders.h"
+#include "ui/main/ClientBar.h"
 #include "ui/main/MainHead.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/MainStatus.h"
@@ -23,6 +26,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -38,6 +42,7 @@ constexpr int kHeadlineMs = 5 * 60 * 1000;
 const QString kMarketRateTool = QStringLiteral("MRate");
 const QString kConverterTool = QStringLiteral("Converter");
 const QString kClientList = QStringLiteral("FrmClientList");
+const QString kTabsKey = QStringLiteral("Tabs");
 constexpr QSize kUsualSize(1180, 740);
 constexpr double kScreenShare = 0.85;
 constexpr int kGroundDarker = 106;  // per cent of the windows' ground
@@ -77,6 +82,11 @@ MDIForm1::MDIForm1(reporting::ReportDesk& desk)
     const Feature* feature = FindFeature(name);
     return feature != nullptr && feature->make != nullptr;
   };
+  desk_.open_record = [self = QPointer(this)](const controls::RecordPlace& place) {
+    if (self != nullptr) {
+      self->OpenRecord(place);
+    }
+  };
   PlaceOnScreen();
   StartTimers();
 }
@@ -104,6 +114,10 @@ void MDIForm1::BuildCentre() {
   setCentralWidget(centre);
   head_ = new MainHead(*this);
   layout->addWidget(head_);
+  bar_ = new ClientBar(desk_);
+  head_->AddLine(*bar_);
+  connect(bar_, &ClientBar::Chosen, this,
+          [this] { guard_.Run(QStringLiteral("CboClient_Click"), [this] { OpenForChosen(); }); });
   guard_.Connect(head_->lblSensex, &QAbstractButton::clicked, this, &MDIForm1::lblSensex_Click,
                  QStringLiteral("lblSensex_Click"));
   guard_.Connect(head_->lblLoaded, &QAbstractButton::clicked, this, &MDIForm1::lblLoaded_Click,
@@ -117,10 +131,13 @@ void MDIForm1::BuildCentre() {
   // When a window closes, the one before it comes back.
   area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
   connect(area_, &QMdiArea::subWindowActivated, this, &MDIForm1::RestButtonRow);
+  ShowTabs(!controls::WindowMemory(desk_.session.folders).Text(objectName(), kTabsKey).isEmpty());
   layout->addWidget(area_, 1);
+  const auto choose = [this](const QString& item) { findChild<QAction*>(item)->trigger(); };
   start_ = new StartPage(*area_);
-  connect(start_, &StartPage::Chosen, this,
-          [this](const QString& item) { findChild<QAction*>(item)->trigger(); });
+  connect(start_, &StartPage::Chosen, this, choose);
+  home_ = new home::HomePane(desk_, *area_);
+  connect(home_, &home::HomePane::Chosen, this, choose);
   ShowStartPage();
 }
 
@@ -176,6 +193,12 @@ void MDIForm1::Do(const Feature& item) {
     case MenuAction::kImportSample:
       PortfolioFolders(desk_, *this).ImportSample();
       return ShowStartPage();
+    case MenuAction::kClientBar:
+      return bar_->FocusClient();
+    case MenuAction::kTabs:
+      return ShowTabs(area_->viewMode() != QMdiArea::TabbedView);
+    case MenuAction::kCloseAll:
+      return CloseAll();
     case MenuAction::kLogOut:
       return mnuLogOut_Click();
     case MenuAction::kContact:
@@ -272,9 +295,54 @@ controls::ChildWindow* MDIForm1::Show(const QString& name) {
     ChildClosed();
   });
   start_->hide();
+  home_->hide();
   child->OpenIn(*area_);
   child->FocusFirst();
   return child;
+}
+
+void MDIForm1::OpenRecord(const controls::RecordPlace& place) {
+  if (place.of) {
+    desk_.session.current = place.of;
+    desk_.session.current_client_name = place.client_name;
+  }
+  desk_.session.target = place.window;  // a window of two duties reads it
+  if (!Show(place.window)->GoTo(place.record)) {
+    desk_.messages.Inform(tr("This record is not there any more."));
+  }
+}
+
+/// The window in front, for the client and year that were chosen in the bar.
+void MDIForm1::OpenForChosen() {
+  const auto front = std::ranges::find(open_, Front(), [](const auto& one) { return one.second; });
+  if (front == open_.end()) {
+    return;
+  }
+  const QString name = front->first.section(QLatin1Char(' '), 0, 0);
+  const Feature* feature = FindFeature(name);
+  if (feature != nullptr && feature->action == MenuAction::kClientSelection) {
+    desk_.session.target = name;
+    Show(name);
+  }
+}
+
+void MDIForm1::ShowTabs(bool on) {
+  area_->setViewMode(on ? QMdiArea::TabbedView : QMdiArea::SubWindowView);
+  area_->setTabsClosable(true);
+  area_->setTabsMovable(true);
+  area_->setDocumentMode(true);
+  if (auto* tabs = area_->findChild<QTabBar*>()) {
+    tabs->setAccessibleName(tr("Open windows"));
+  }
+  findChild<QAction*>(QStringLiteral("mnuTabs"))->setChecked(on);
+  controls::WindowMemory(desk_.session.folders)
+      .Keep(objectName(), kTabsKey, on ? QStringLiteral("1") : QString());
+}
+
+void MDIForm1::CloseAll() {
+  if (ChildrenMayClose()) {
+    CloseChildren();
+  }
 }
 
 // A window that works on the client and year of its opening is no window for another client.
@@ -310,6 +378,7 @@ void MDIForm1::ChildClosed() {
 /// The row rests for the client list alone, and only while the list is in front: behind another
 /// window nobody would see why.
 void MDIForm1::RestButtonRow() {
+  bar_->Refresh();
   const QMdiSubWindow* front = area_->currentSubWindow();
   const auto list = open_.find(kClientList);
   EnableButtons(list == open_.end() || front == nullptr || front->widget() != list->second);
@@ -320,6 +389,11 @@ void MDIForm1::ShowStartPage() {
   guard_.Run(QStringLiteral("Form_Load"), [this] {
     has_clients_ = has_clients_ || client_list::HasClients(*desk_.session.connection);
     start_->setVisible(open_.empty() && !has_clients_);
+    if (open_.empty() && has_clients_) {
+      const auto backups = backup::ListBackups(backup::ReadSettings(desk_.session.folders).folder);
+      home_->SetBackup(backups.empty() ? std::nullopt : std::optional(backups.front().made));
+    }
+    home_->setVisible(open_.empty() && has_clients_);
   });
 }
 
@@ -399,7 +473,9 @@ void MDIForm1::changeEvent(QEvent* event) {
   if (event->type() == QEvent::LanguageChange) {
     ShowCaptions(*this);
     head_->ShowTexts();
+    bar_->ShowTexts();
     start_->ShowTexts();
+    home_->ShowTexts();
     status_->Refresh();
   } else if (event->type() == QEvent::PaletteChange && area_ != nullptr) {
     area_->setBackground(GroundOf(palette()));

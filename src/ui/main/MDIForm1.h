@@ -16,15 +16,20 @@ namespace quorvane::controls {
 class ChildWindow;
 }
 
+namespace quorvane::home {
+class HomePane;
+}
+
 namespace quorvane::ui {
 
+class ClientBar;
 class MainHead;
 class MainStatus;
 class StartPage;
 
 /// The main window: menu, button row, clock, index headline, status bar, and the area in which
-/// every other window opens. While there is no client and no window is open, the start page tells
-/// how to begin.
+/// every other window opens, each free or behind a tab. While there is no client and no window is
+/// open, the start page tells how to begin.
 class MDIForm1 : public QMainWindow {
   Q_OBJECT
 
@@ -34,6 +39,9 @@ class MDIForm1 : public QMainWindow {
 
   /// Opens a window by its name inside this one, or brings it to the front when it is open.
   void Open(const QString& name);
+
+  /// Opens the window of a record and chooses the record there.
+  void OpenRecord(const controls::RecordPlace& place);
 
   /// Stores the target's name and opens the client list for it; the button row is disabled
   /// while the list is in front.
@@ -63,6 +71,9 @@ class MDIForm1 : public QMainWindow {
   controls::ChildWindow* Front() const;
   bool ChildrenMayClose();
   void CloseChildren();
+  void CloseAll();
+  void OpenForChosen();
+  void ShowTabs(bool on);
   void ShowStartPage();
   void EnableButtons(bool enabled);
   bool ShowTool(const QString& name);
@@ -84,8 +95,10 @@ class MDIForm1 : public QMainWindow {
   controls::Guard guard_;
   QMdiArea* area_;
   MainHead* head_ = nullptr;
+  ClientBar* bar_ = nullptr;
   MainStatus* status_ = nullptr;
   StartPage* start_ = nullptr;
+  home::HomePane* home_ = nullptr;
   QTimer Timer1;  ///< the clock
   QTimer Timer2;  ///< asks for the headline again
   HeadlineFeed feed_;

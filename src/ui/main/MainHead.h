@@ -2,6 +2,7 @@
 
 #include "core/rates/Download.h"
 
+#include <QLayout>
 #include <QObject>
 #include <QString>
 #include <QUrl>
@@ -34,6 +35,9 @@ class MainHead : public QWidget {
   void ShowTime();
 
   void ShowHeadline(const QString& headline);
+
+  /// Adds a line below the others.
+  void AddLine(QWidget& line) { layout()->addWidget(&line); }
 
   QWidget& ButtonRow() { return *button_row_; }
 

@@ -73,6 +73,8 @@ void BuildMenu(QMainWindow& window, const std::function<void(const Feature&)>& c
     if (item.action != MenuAction::kNoItem) {
       QAction* action = Add(window, menus, item);
       action->setObjectName(QLatin1String(item.item));
+      action->setShortcut(QKeySequence(QLatin1String(item.key)));
+      action->setCheckable(item.action == MenuAction::kTabs);
       QObject::connect(action, &QAction::triggered, &window, [chosen, &item] { chosen(item); });
     }
   }

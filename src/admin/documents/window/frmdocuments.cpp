@@ -20,6 +20,7 @@ frmdocuments::frmdocuments(controls::Desk& desk, documents::DocumentDialogs dial
                            controls::kMargin);
   rows->setSpacing(controls::kSpacing);
   VSF = new controls::Grid(QStringLiteral("VSF"), tr("Documents of the clients"));
+  VSF->SetFilterable(true);
   VSF->SetColumns({{.heading = tr("Code")},
                    {.heading = tr("Client")},
                    {.heading = tr("Document")},

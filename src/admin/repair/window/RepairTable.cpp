@@ -119,6 +119,7 @@ void RepairTable::BuildControls() {
   LblResult->setTextFormat(Qt::PlainText);
   LblResult->setWordWrap(true);
   VSF = new controls::Grid(QStringLiteral("VSF"), tr("Findings"));
+  VSF->SetFilterable(true);
   VSF->SetColumns({{.heading = tr("Table")},
                    {.heading = tr("Records"), .mask = controls::Mask::kNumber},
                    {.heading = tr("State")},

@@ -46,6 +46,7 @@ ImpScrMaster::ImpScrMaster(controls::Desk& desk)
                 tr("A scrip list or a daily price file: .xls, .xlsx, .ods, .csv or .zip"));
   controls::ZENButton* fetch = AddSource(QStringLiteral("CmdFetch"), tr("From the &Exchange"),
                                          tr("The Bombay exchange's newest daily price file"));
+  VSF->SetFilterable(true);
   VSF->SetColumns({{.heading = QStringLiteral("SC_BCode")},
                    {.heading = QStringLiteral("SC_NCode")},
                    {.heading = QStringLiteral("SC_Name")},

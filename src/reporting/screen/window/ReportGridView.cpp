@@ -89,15 +89,17 @@ QStringList ExtremesOf(const Table& table, std::size_t column) {
 
 }  // namespace
 
-ReportHeadingsView::ReportHeadingsView(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-  setHighlightSections(false);
-  setSectionsClickable(false);
+ReportHeadingsView::ReportHeadingsView(QTableView& list) : ListHeader(list) {
   setMinimumSectionSize(controls::kBoxHeight);
+  SetFilterable(true);
 }
 
 void ReportHeadingsView::SetGroups(std::vector<ColumnGroup> groups) {
   groups_ = std::move(groups);
+  SetArrangeable(true);
+  setSectionsMovable(groups_.empty());
   updateGeometry();
+  Q_EMIT geometriesChanged();
   viewport()->update();
 }
 
@@ -105,19 +107,23 @@ int ReportHeadingsView::LineHeight() const {
   return fontMetrics().height() + controls::kSpacing + controls::kTightSpacing;
 }
 
-QSize ReportHeadingsView::sizeHint() const {
-  return {QHeaderView::sizeHint().width(), LineHeight() * (groups_.empty() ? 1 : 2)};
+int ReportHeadingsView::HeadingHeight() const {
+  return LineHeight() * (groups_.empty() ? 1 : 2);
 }
 
 void ReportHeadingsView::paintSection(QPainter* painter, const QRect& area, int section) const {
-  QHeaderView::paintSection(painter, groups_.empty() ? area : area.adjusted(0, LineHeight(), 0, 0),
-                            section);
+  ListHeader::paintSection(painter, groups_.empty() ? area : area.adjusted(0, LineHeight(), 0, 0),
+                           section);
 }
 
 QRect ReportHeadingsView::GroupArea(int first, int count) const {
-  const int last = std::min(first + count, this->count()) - 1;
-  const int left = sectionViewportPosition(first);
-  return {left, 0, sectionViewportPosition(last) + sectionSize(last) - left, LineHeight()};
+  QRect area;
+  for (int column = first; column < std::min(first + count, this->count()); ++column) {
+    if (!isSectionHidden(column)) {
+      area |= QRect(sectionViewportPosition(column), 0, sectionSize(column), LineHeight());
+    }
+  }
+  return area;
 }
 
 void ReportHeadingsView::paintEvent(QPaintEvent* event) {
@@ -144,8 +150,16 @@ ReportGridView::ReportGridView(const QString& name, const QString& purpose, QWid
     : QTableView(parent), model_(new ReportModel(this)) {
   setObjectName(name);
   setAccessibleName(purpose);
-  setHorizontalHeader(new ReportHeadingsView(this));
+  auto* headings = new ReportHeadingsView(*this);
+  setHorizontalHeader(headings);
   setModel(model_);
+  connect(headings, &controls::ListHeader::FilterChanged, this, [this] {
+    model_->SetFilter(Headings().Filter());
+    RowsChanged();
+  });
+  connect(headings, &controls::ListHeader::SortWanted, this, &ReportGridView::SortWanted);
+  connect(headings, &controls::ListHeader::Arranged, this, &ReportGridView::FitColumns);
+  connect(headings, &QHeaderView::sectionClicked, this, &ReportGridView::HeadingClicked);
   setItemDelegate(new LineDelegate(this));
   setSelectionBehavior(SelectRows);
   setEditTriggers(NoEditTriggers);
@@ -159,15 +173,55 @@ ReportGridView::ReportGridView(const QString& name, const QString& purpose, QWid
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
 }
 
+ReportHeadingsView& ReportGridView::Headings() const {
+  return *static_cast<ReportHeadingsView*>(horizontalHeader());
+}
+
+// Another report begins whole, with the columns as the user had them in a report like it.
 void ReportGridView::SetDocument(ReportDocument document) {
+  Headings().ClearFilter();
   clearSpans();
   model_->SetDocument(std::move(document));
-  qobject_cast<ReportHeadingsView*>(horizontalHeader())->SetGroups(model_->Groups());
-  SpanGroups();
   MeasureColumns();
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    setColumnHidden(column, false);
+  }
+  Headings().SetGroups(model_->Groups());
+  Headings().ColumnsChanged();
+  Headings().RowsChanged(model_->rowCount());
+  ShowOrder();
+  RowsChanged();
+}
+
+/// Other rows are shown.
+void ReportGridView::RowsChanged() {
+  clearSpans();
+  SpanGroups();
   FitColumns();
   updateGeometries();
   scrollToTop();
+}
+
+void ReportGridView::ShowOrder() {
+  const auto& order = Headings().Wanted();
+  Headings().setSortIndicatorShown(order.has_value());
+  if (order) {
+    Headings().setSortIndicator(order->column, order->direction);
+  }
+}
+
+void ReportGridView::SortWanted(int column, Qt::SortOrder direction) {
+  if (column >= 0) {
+    Headings().Want({column, direction});
+  }
+  model_->sort(column, direction);
+  ShowOrder();
+  RowsChanged();
+}
+
+void ReportGridView::HeadingClicked(int column) {
+  const bool again = Headings().Wanted() == controls::ListHeader::Order{column, Qt::AscendingOrder};
+  SortWanted(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void ReportGridView::SpanGroups() {
@@ -198,6 +252,8 @@ QString ReportGridView::SelectedText() const {
 void ReportGridView::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
     QApplication::clipboard()->setText(SelectedText());
+  } else if (Headings().TakesKey(*event)) {
+    event->accept();
   } else {
     QTableView::keyPressEvent(event);
   }
@@ -278,6 +334,9 @@ void ReportGridView::FitColumns() {
   int taken = 0;
   int widest = -1;
   for (int column = 0; column < columns; ++column) {
+    if (isColumnHidden(column)) {
+      continue;
+    }
     setColumnWidth(column, widths_[static_cast<std::size_t>(column)]);
     taken += columnWidth(column);
     if (IsText(column) && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
@@ -291,7 +350,9 @@ void ReportGridView::FitColumns() {
   const int left_over = std::max(0, -missing);
   const int more = columns == 0 ? 0 : std::min(left_over / columns, kMostStretch);
   for (int column = 0; column < columns; ++column) {
-    setColumnWidth(column, columnWidth(column) + more);
+    if (!isColumnHidden(column)) {
+      setColumnWidth(column, columnWidth(column) + more);
+    }
   }
   if (widest >= 0) {
     const int rest = std::min(left_over - more * columns, kMostTextStretch);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "controls/ListHeader.h"
 #include "reporting/document/ReportDocument.h"
 #include "reporting/screen/ReportModel.h"
 
-#include <QHeaderView>
 #include <QTableView>
 
 #include <vector>
@@ -11,17 +11,17 @@
 namespace quorvane::reporting {
 
 /// Headings of a report's columns with, above them, the headings of groups of columns.
-class ReportHeadingsView : public QHeaderView {
+class ReportHeadingsView : public controls::ListHeader {
   Q_OBJECT
 
  public:
-  explicit ReportHeadingsView(QWidget* parent = nullptr);
+  explicit ReportHeadingsView(QTableView& list);
 
+  /// Columns under a common heading stay beside each other: they cannot be moved.
   void SetGroups(std::vector<ColumnGroup> groups);
 
-  QSize sizeHint() const override;
-
  protected:
+  int HeadingHeight() const override;
   void paintSection(QPainter* painter, const QRect& area, int section) const override;
   void paintEvent(QPaintEvent* event) override;
 
@@ -33,7 +33,8 @@ class ReportHeadingsView : public QHeaderView {
 };
 
 /// A report on the screen: group headings over the whole width, totals bold, numbers right, the
-/// headings of groups of columns above the columns. Ctrl+C copies the chosen rows as tab-separated
+/// headings of groups of columns above the columns. Its lines are filtered and sorted on the screen
+/// alone: pages and files have the whole report. Ctrl+C copies the chosen rows as tab-separated
 /// text, Ctrl+A chooses all.
 class ReportGridView : public QTableView {
   Q_OBJECT
@@ -58,6 +59,11 @@ class ReportGridView : public QTableView {
   void changeEvent(QEvent* event) override;
 
  private:
+  ReportHeadingsView& Headings() const;
+  void RowsChanged();
+  void ShowOrder();
+  void SortWanted(int column, Qt::SortOrder direction);
+  void HeadingClicked(int column);
   void SpanGroups();
   void MeasureColumns();
   void FitColumns();

@@ -49,6 +49,15 @@ void RptScripPage::FillScrips() {
   Combo1->SetItems(reporting::ScripsEverHeld(*Session().connection, Query().clients));
 }
 
+bool RptScripPage::GoTo(int record) {
+  FillScrips();
+  if (!Combo1->ById(record)) {
+    return false;
+  }
+  TheGuard().Run(QStringLiteral("CmdReport_Click"), [this] { CmdReport_Click(); });
+  return true;
+}
+
 ScripPageQuery RptScripPage::Query() const {
   const bool family = whose_.group != nullptr && whose_.Index() == kFamily;
   return {family ? reporting::FamilyOf(*Session().connection, of_.client)

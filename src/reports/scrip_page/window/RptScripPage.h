@@ -18,6 +18,9 @@ class RptScripPage : public reporting::ReportWindow {
  public:
   explicit RptScripPage(reporting::ReportDesk& desk);
 
+  /// Shows the page of a scrip.
+  bool GoTo(int record) override;
+
  protected:
   MaybeRefusal CheckSelection() override;
   QStringList Choices() const override;

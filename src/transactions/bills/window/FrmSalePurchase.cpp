@@ -35,6 +35,7 @@ FrmSalePurchase::FrmSalePurchase(controls::Desk& desk, RateSource rates)
                      {.heading = tr("Exchange")},
                      {.heading = tr("Demat A/c")},
                      {.heading = tr("Total"), .mask = Mask::kAmount}});
+  List().SetFilterable(false);  // the search box below does it
   auto* rows = new QVBoxLayout(Details());
   rows->setContentsMargins(0, 0, 0, 0);
   page_ =
@@ -83,6 +84,13 @@ void FrmSalePurchase::FillList() {
     }
   }
   ShowFound();
+}
+
+bool FrmSalePurchase::GoTo(int record) {
+  if (!IsEditing()) {
+    TxtSearch->clear();
+  }
+  return RecordWindow::GoTo(record);
 }
 
 /// The bills that the search finds.

@@ -24,6 +24,8 @@ class FrmSalePurchase : public controls::RecordWindow {
   /// Without `rates` the exchanges are asked. Throws std::runtime_error when no client is current.
   explicit FrmSalePurchase(controls::Desk& desk, RateSource rates = {});
 
+  bool GoTo(int record) override;
+
  protected:
   void FillList() override;
   void Clear() override;

@@ -108,6 +108,7 @@ void FrmCorpAction::BuildAccounts() {
   LblEffect->setObjectName(QStringLiteral("LblEffect"));
   LblEffect->setWordWrap(true);
   VSA = new controls::Grid(QStringLiteral("VSA"), tr("What the action makes of every account"));
+  VSA->SetSortable(false);  // its rows are those of the effects
   rows->addWidget(LblEffect);
   rows->addWidget(VSA, 1);
   AddPanel(tr("Accounts"), panel);

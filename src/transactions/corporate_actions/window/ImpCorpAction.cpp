@@ -54,6 +54,7 @@ void ImpCorpAction::Build() {
   ChkHeld->setObjectName(QStringLiteral("ChkHeld"));
   ChkHeld->setChecked(true);
   VSF = new controls::Grid(QStringLiteral("VSF"), tr("Corporate actions in the file"));
+  VSF->SetFilterable(true);
   VSF->SetColumns({{.heading = QString(), .mask = Mask::kTick},
                    {.heading = tr("Script Name")},
                    {.heading = tr("Ex-Date"), .mask = Mask::kDate},

@@ -54,6 +54,36 @@ class ReportGridViewTest : public QObject {
     QCOMPARE(model.rowCount(), 0);
   }
 
+  // Totals are of all lines: beside some of them they would tell something else.
+  void LinesAreFilteredAndSortedWithinTheirGroups() {
+    ReportModel model;
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.SetDocument({{"Report"},
+                       {Amounts({"No. 1"}, "Amount", 3), Amounts({"No. 2"}, "Amount", 2)},
+                       {"A note"}});
+    const auto texts = [&] {
+      QStringList rows;
+      for (int row = 0; row < model.rowCount(); ++row) {
+        rows << model.index(row, 0).data().toString();
+      }
+      return rows.join(QLatin1Char('|'));
+    };
+    const QString whole = "No. 1|line 0|line 1|line 2|Total||No. 2|line 0|line 1|Total||A note";
+    QCOMPARE(texts(), whole);
+    model.sort(1, Qt::DescendingOrder);
+    QCOMPARE(texts(), "No. 1|line 2|line 1|line 0|Total||No. 2|line 1|line 0|Total||A note");
+    model.SetFilter("LINE 1.0");
+    QCOMPARE(texts(), "No. 1|line 1|No. 2|line 1");
+    model.SetFilter("2.0");
+    QCOMPARE(texts(), "No. 1|line 2");
+    model.SetFilter("none");
+    QCOMPARE(texts(), "");
+    model.SetFilter("");
+    model.sort(-1, Qt::AscendingOrder);
+    QCOMPARE(texts(), whole);
+  }
+
   void ChosenRowsAreCopiedWithTabs() {
     ReportGridView view("VS", "Report");
     view.SetDocument({{"Report"}, {Amounts({}, "Amount", 2)}});

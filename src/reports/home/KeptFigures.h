@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/Progress.h"
+#include "core/database/Connection.h"
+#include "core/text/Dates.h"
+#include "core/text/FinancialYear.h"
+#include "core/text/Paise.h"
+#include "core/text/Shares.h"
+
+#include <QDateTime>
+
+#include <functional>
+#include <optional>
+
+namespace quorvane::home {
+
+using text::Date;
+using text::Paise;
+using text::Shares;
+
+/// What a client gained in a financial year by sales, as the capital-gain statement without charges
+/// has it.
+struct Gains {
+  Paise long_term = {};
+  Paise short_term = {};
+  Paise speculation = {};
+
+  Paise Total() const { return long_term + short_term + speculation; }
+};
+
+/// Brings the kept figures up to date: each client's holdings of `today`, read over all years, and
+/// the gains of a year. Clients whose records did not change since are left as they are. Works in
+/// small steps, for a connection of its own in the background: `committed` is called after each
+/// transaction, at most about once a second. Returns how many clients were computed anew. Throws
+/// DatabaseError and Cancellation; what was committed stays.
+int RefreshFigures(
+    database::Connection& connection, text::FinancialYear year, Date today, Progress& progress,
+    const std::function<void()>& committed = [] {});
+
+/// When RefreshFigures last came to its end; none when it never did. In local time.
+std::optional<QDateTime> LastRefresh(database::Connection& connection);
+
+}  // namespace quorvane::home

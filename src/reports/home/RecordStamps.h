@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/Ids.h"
+#include "core/database/Connection.h"
+
+#include <map>
+#include <set>
+#include <string>
+
+namespace quorvane::home {
+
+/// Tells whether the records behind a client's figures changed since they were computed, whoever
+/// changed them and with which program: a stamp is another text when any of them is.
+class RecordStamps {
+ public:
+  /// Reads what concerns all clients. Throws DatabaseError.
+  explicit RecordStamps(database::Connection& connection);
+
+  /// Of all records from which the client's holdings and gains are computed, those of clients
+  /// included whose shares came to the client. Reads each client's records once.
+  std::string Of(ClientId client);
+
+  /// The client and everyone whose shares may have come to the client.
+  std::set<ClientId> GiversTo(ClientId client) const;
+
+ private:
+  const std::string& OwnOf(ClientId client);
+
+  database::Connection& connection_;
+  std::string common_;
+  std::multimap<ClientId, ClientId> givers_;  ///< whose shares came to whom
+  std::map<ClientId, std::string> own_;
+};
+
+}  // namespace quorvane::home

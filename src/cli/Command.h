@@ -56,6 +56,7 @@ void AddReportCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddRatesCommands(CLI::App& app, Context& context);
 void AddDatabaseCommands(CLI::App& app, Context& context);
+void AddLogCommands(CLI::App& app, Context& context);
 void AddBackupCommands(CLI::App& app, Context& context);
 void AddDemoCommand(CLI::App& app, Context& context);
 

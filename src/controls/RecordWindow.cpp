@@ -1,11 +1,13 @@
 #include "controls/RecordWindow.h"
 
 #include "controls/Style.h"
+#include "core/changes/Words.h"
 
 #include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -83,7 +85,8 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
       panels_(panels),
       details_(new QWidget()),
       list_(new Grid(list_name, title)),
-      buttons_(new QHBoxLayout()) {
+      buttons_(new QHBoxLayout()),
+      lblNotice(new QLabel()) {
   auto* rows = new QVBoxLayout(this);
   if (panels == Panels::kTabs) {
     BuildTabs(*rows);
@@ -92,6 +95,10 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
   }
   BuildButtons();
   rows->addLayout(buttons_);
+  lblNotice->setObjectName(QStringLiteral("lblNotice"));
+  lblNotice->setWordWrap(true);
+  lblNotice->hide();
+  rows->addWidget(lblNotice);
 }
 
 void RecordWindow::BuildTabs(QVBoxLayout& rows) {
@@ -173,6 +180,7 @@ QString RecordWindow::DeleteQuestion() const {
 }
 
 void RecordWindow::cmdAdd_Click() {
+  record_.reset();
   Clear();
   current_ = 0;
   BeginEditing();
@@ -184,11 +192,28 @@ void RecordWindow::cmdModify_Click() {
   if (id == 0) {
     return;
   }
-  Clear();
-  Load(id);
-  current_ = id;
-  BeginEditing();
+  // Before it is read, so that no change of another program goes unseen.
+  BeginRecord(id);
+  try {
+    Clear();
+    Load(id);
+    current_ = id;
+    BeginEditing();
+  } catch (...) {
+    record_.reset();
+    throw;
+  }
   SetEditing(true);
+  LookForOthers();
+}
+
+void RecordWindow::BeginRecord(int id) {
+  if (!RecordTable().empty()) {
+    record_ = std::make_unique<changes::EditedRecord>(*Session().connection, RecordTable(), id);
+  }
+  since_beat_.start();
+  others_.clear();
+  changed_.clear();
 }
 
 void RecordWindow::cmdUpdate_Click() {
@@ -250,7 +275,7 @@ void RecordWindow::List_RowChanged(int /*row*/) {
 }
 
 void RecordWindow::List_RowActivated(int /*row*/) {
-  if (!editing_) {
+  if (!editing_ && cmdModify->isEnabled()) {
     cmdModify_Click();
   }
 }
@@ -282,6 +307,10 @@ void RecordWindow::ShowRecord(int id) {
 
 void RecordWindow::SetEditing(bool editing) {
   editing_ = editing;
+  if (!editing) {
+    record_.reset();
+    Notice({});
+  }
   Enable();
   if (editing) {
     begun_with_ = ContentsOf(*details_);
@@ -299,12 +328,17 @@ void RecordWindow::Enable() {
     list_->setFocus(Qt::OtherFocusReason);
   }
   details_->setEnabled(editing_);
-  cmdAdd->setEnabled(!editing_);
-  cmdModify->setEnabled(!editing_ && chosen);
-  CmdDelete->setEnabled(!editing_ && chosen);
+  const bool may_enter = May(changes::kEnter);
+  cmdAdd->setEnabled(!editing_ && may_enter);
+  cmdModify->setEnabled(!editing_ && chosen && may_enter);
+  CmdDelete->setEnabled(!editing_ && chosen && May(changes::kDelete));
   cmdUpdate->setEnabled(editing_);
   cmdCancel->setEnabled(editing_);
   StateChanged();
+}
+
+bool RecordWindow::May(changes::Right right) const {
+  return Session().connection == nullptr || Session().connection->Author().May(right);
 }
 
 void RecordWindow::ShowPanel(int panel) {
@@ -339,6 +373,10 @@ void RecordWindow::Activated() {
       std::exchange(reading_again_, false)) {
     return;
   }
+  ReadAgain();
+}
+
+void RecordWindow::ReadAgain() {
   reading_again_ = true;
   TheGuard().Run(QStringLiteral("Form_Activate"), [this] {
     const std::optional<Grid::Order> order = list_->SortedBy();
@@ -350,6 +388,60 @@ void RecordWindow::Activated() {
     }
     reading_again_ = false;
   });
+}
+
+void RecordWindow::LookAround(std::span<const changes::Entry> news) {
+  const auto concerns = [this](const changes::Entry& entry) { return Concerns(entry); };
+  if (editing_) {
+    const auto mine = std::ranges::find_if(news, [&](const changes::Entry& entry) {
+      return concerns(entry) && entry.key == current_ && current_ != 0;
+    });
+    if (mine != news.end()) {
+      changed_ = tr("%1 changed this record on %2 at %3. Saving shows what differs.")
+                     .arg(mine->user, mine->host, changes::TimeOf(*mine));
+    }
+    constexpr qint64 kBeatMs = 5000;
+    if (mine != news.end() || (record_ != nullptr && since_beat_.hasExpired(kBeatMs))) {
+      LookForOthers();
+    }
+  } else if (isVisible() && !reading_again_ && std::ranges::any_of(news, concerns) &&
+             !ShowsAlready(news)) {
+    ReadAgain();
+  }
+}
+
+/// The list was filled after this window's own save.
+bool RecordWindow::ShowsAlready(std::span<const changes::Entry> news) const {
+  constexpr qint64 kSinceSaveMs = 1500;
+  const changes::Author& author = Session().connection->Author();
+  return since_filled_.isValid() && since_filled_.elapsed() < kSinceSaveMs &&
+         std::ranges::all_of(news, [&](const changes::Entry& entry) {
+           return entry.user == author.user && entry.host == author.host;
+         });
+}
+
+/// An entry without a record is of many: an import.
+bool RecordWindow::Concerns(const changes::Entry& entry) const {
+  const std::optional<ClientId> client = RecordClient();
+  const bool of_client = !client || !entry.client || entry.client == *client;
+  return of_client && (entry.table == RecordTable() || entry.table.empty() ||
+                       entry.table == changes::kEverything);
+}
+
+void RecordWindow::LookForOthers() {
+  if (record_ != nullptr) {
+    record_->Beat();
+    since_beat_.start();
+    others_ = changes::TextOf(record_->Others());
+  }
+  Notice(QStringList({changed_, others_}).join(QLatin1Char(' ')).trimmed());
+}
+
+void RecordWindow::Notice(const QString& text) {
+  if (lblNotice->text() != text) {
+    lblNotice->setText(text);
+    lblNotice->setVisible(!text.isEmpty());
+  }
 }
 
 bool RecordWindow::MayClose() {

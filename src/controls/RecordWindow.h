@@ -2,11 +2,17 @@
 
 #include "controls/ChildWindow.h"
 #include "controls/Grid.h"
+#include "core/changes/EditedRecord.h"
 
 #include <QElapsedTimer>
 
+#include <memory>
+#include <optional>
+#include <string_view>
+
 class QButtonGroup;
 class QHBoxLayout;
+class QLabel;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -29,6 +35,10 @@ class RecordWindow : public ChildWindow {
 
   int CurrentId() const { return current_; }
   bool IsEditing() const { return editing_; }
+
+  /// Reads the list again when others changed a record of its kind; what is being edited stays as
+  /// it is, with a notice.
+  void LookAround(std::span<const changes::Entry> news) override;
   Grid& List() { return *list_; }
 
  protected:
@@ -45,6 +55,14 @@ class RecordWindow : public ChildWindow {
   QHBoxLayout* Buttons() { return buttons_; }
 
   void Start();
+
+  /// The table of the window's records, by which the log of changes knows them. While one is
+  /// edited, its save is refused when another program changed it meanwhile. Empty for records that
+  /// are not in the database.
+  virtual std::string_view RecordTable() const = 0;
+
+  /// The client whose records the window shows; nothing when they are of no client.
+  virtual std::optional<ClientId> RecordClient() const { return std::nullopt; }
 
   /// Puts all records into List().
   virtual void FillList() = 0;
@@ -146,6 +164,13 @@ class RecordWindow : public ChildWindow {
   void ShowRecord(int id);
   void Refill(int id);
   void FillAgain(int id);
+  void ReadAgain();
+  bool May(changes::Right right) const;
+  void BeginRecord(int id);
+  void Notice(const QString& text);
+  void LookForOthers();
+  bool ShowsAlready(std::span<const changes::Entry> news) const;
+  bool Concerns(const changes::Entry& entry) const;
 
   Panels panels_;
   QWidget* details_;
@@ -158,8 +183,13 @@ class RecordWindow : public ChildWindow {
   bool editing_ = false;
   bool filling_ = false;
   QElapsedTimer since_filled_;
-  bool reading_again_ = false;  ///< also after it failed
-  QStringList begun_with_;      ///< contents of the form when editing began
+  bool reading_again_ = false;                     ///< also after it failed
+  QStringList begun_with_;                         ///< contents of the form when editing began
+  std::unique_ptr<changes::EditedRecord> record_;  ///< while a stored record is edited
+  QElapsedTimer since_beat_;
+  QString others_;   ///< who else has it open
+  QString changed_;  ///< who changed it meanwhile
+  QLabel* lblNotice;
 };
 
 }  // namespace quorvane::controls

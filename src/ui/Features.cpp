@@ -3,6 +3,7 @@
 #include "admin/backup/window/frmBackUpRestore.h"
 #include "admin/backup/window/frmrestoration.h"
 #include "admin/calculator/window/frmcalc.h"
+#include "admin/change_log/window/FrmChangeLog.h"
 #include "admin/documents/window/frmdocuments.h"
 #include "admin/repair/window/RepairTable.h"
 #include "admin/settings/window/frmsettings.h"
@@ -139,6 +140,10 @@ constexpr Feature kFeatures[] = {
      "FrmDividend", "dividends.md", Make<dividends::FrmDividend>},
     ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),
     ReportOf(reports::kScripPageWindow, Make<scrip_page::RptScripPage>),
+    {"mnuLineChanges", "", kSeparator, "mnuPortfolio"},
+    {"mnuUndo", QT_TRANSLATE_NOOP("MainMenu", "Take &Back the Last Change"), kUndo, "mnuPortfolio"},
+    {"mnuChangeLog", QT_TRANSLATE_NOOP("MainMenu", "&Log of Changes"), kOpenWindow, "mnuPortfolio",
+     "FrmChangeLog", "log-of-changes.md", Make<change_log::FrmChangeLog>},
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},

@@ -26,6 +26,7 @@ enum class MenuAction {
   kImportFolder,  ///< takes a portfolio folder in
   kExportFolder,
   kImportSample,  ///< takes the sample portfolio in
+  kUndo,          ///< takes the user's last change back
   kLogOut,
   kContact,
   kQuit

@@ -48,6 +48,9 @@ class State:
         self.lots = server.sql("Select Cid,Fyear,AcId,ScriptId,Rate,Qty From Stock Order By "
                                "Cid,Fyear,AcId,ScriptId,Rate")
         self.scratch = server.sql("Select Count(*) From Stock_Temp")
+        # What was done is in the log, once, and what was not done is not. `check` follows its chain.
+        self.log = server.sql("Select Id,Kind,TableName,RecordId,OldRows,NewRows From ChangeLog "
+                              "Order By Id")
         self.documents = {str(path.relative_to(folder)): path.read_bytes()
                           for path in sorted((folder / "SignDocs").rglob("*")) if path.is_file()}
         self.sound = server.desk.run("check", status=None).returncode == DONE

@@ -73,6 +73,9 @@ void BuildMenu(QMainWindow& window, const std::function<void(const Feature&)>& c
     if (item.action != MenuAction::kNoItem) {
       QAction* action = Add(window, menus, item);
       action->setObjectName(QLatin1String(item.item));
+      if (item.action == MenuAction::kUndo) {
+        action->setShortcut(QKeySequence::Undo);
+      }
       QObject::connect(action, &QAction::triggered, &window, [chosen, &item] { chosen(item); });
     }
   }

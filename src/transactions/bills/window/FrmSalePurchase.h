@@ -25,6 +25,8 @@ class FrmSalePurchase : public controls::RecordWindow {
   explicit FrmSalePurchase(controls::Desk& desk, RateSource rates = {});
 
  protected:
+  std::string_view RecordTable() const override { return records::Table<Bill>::kName; }
+  std::optional<ClientId> RecordClient() const override { return of_.client; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

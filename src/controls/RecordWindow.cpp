@@ -1,13 +1,11 @@
 #include "controls/RecordWindow.h"
 
 #include "controls/Style.h"
-#include "core/changes/Words.h"
 
 #include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -86,7 +84,7 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
       details_(new QWidget()),
       list_(new Grid(list_name, title)),
       buttons_(new QHBoxLayout()),
-      lblNotice(new QLabel()) {
+      watch_(new EditWatch()) {
   auto* rows = new QVBoxLayout(this);
   if (panels == Panels::kTabs) {
     BuildTabs(*rows);
@@ -95,10 +93,7 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
   }
   BuildButtons();
   rows->addLayout(buttons_);
-  lblNotice->setObjectName(QStringLiteral("lblNotice"));
-  lblNotice->setWordWrap(true);
-  lblNotice->hide();
-  rows->addWidget(lblNotice);
+  rows->addWidget(watch_);
 }
 
 void RecordWindow::BuildTabs(QVBoxLayout& rows) {
@@ -180,7 +175,6 @@ QString RecordWindow::DeleteQuestion() const {
 }
 
 void RecordWindow::cmdAdd_Click() {
-  record_.reset();
   Clear();
   current_ = 0;
   BeginEditing();
@@ -193,27 +187,20 @@ void RecordWindow::cmdModify_Click() {
     return;
   }
   // Before it is read, so that no change of another program goes unseen.
-  BeginRecord(id);
+  if (!RecordTable().empty()) {
+    watch_->Begin(*Session().connection, RecordTable(), id);
+  }
   try {
     Clear();
     Load(id);
     current_ = id;
     BeginEditing();
   } catch (...) {
-    record_.reset();
+    watch_->End();
     throw;
   }
   SetEditing(true);
-  LookForOthers();
-}
-
-void RecordWindow::BeginRecord(int id) {
-  if (!RecordTable().empty()) {
-    record_ = std::make_unique<changes::EditedRecord>(*Session().connection, RecordTable(), id);
-  }
-  since_beat_.start();
-  others_.clear();
-  changed_.clear();
+  watch_->LookForOthers(true);
 }
 
 void RecordWindow::cmdUpdate_Click() {
@@ -308,8 +295,7 @@ void RecordWindow::ShowRecord(int id) {
 void RecordWindow::SetEditing(bool editing) {
   editing_ = editing;
   if (!editing) {
-    record_.reset();
-    Notice({});
+    watch_->End();
   }
   Enable();
   if (editing) {
@@ -393,17 +379,12 @@ void RecordWindow::ReadAgain() {
 void RecordWindow::LookAround(std::span<const changes::Entry> news) {
   const auto concerns = [this](const changes::Entry& entry) { return Concerns(entry); };
   if (editing_) {
-    const auto mine = std::ranges::find_if(news, [&](const changes::Entry& entry) {
-      return concerns(entry) && entry.key == current_ && current_ != 0;
-    });
-    if (mine != news.end()) {
-      changed_ = tr("%1 changed this record on %2 at %3. Saving shows what differs.")
-                     .arg(mine->user, mine->host, changes::TimeOf(*mine));
+    for (const changes::Entry& entry : news) {
+      if (entry.key == current_ && current_ != 0 && Concerns(entry)) {
+        watch_->ChangedBy(entry);
+      }
     }
-    constexpr qint64 kBeatMs = 5000;
-    if (mine != news.end() || (record_ != nullptr && since_beat_.hasExpired(kBeatMs))) {
-      LookForOthers();
-    }
+    watch_->LookForOthers(false);
   } else if (isVisible() && !reading_again_ && std::ranges::any_of(news, concerns) &&
              !ShowsAlready(news)) {
     ReadAgain();
@@ -426,22 +407,6 @@ bool RecordWindow::Concerns(const changes::Entry& entry) const {
   const bool of_client = !client || !entry.client || entry.client == *client;
   return of_client && (entry.table == RecordTable() || entry.table.empty() ||
                        entry.table == changes::kEverything);
-}
-
-void RecordWindow::LookForOthers() {
-  if (record_ != nullptr) {
-    record_->Beat();
-    since_beat_.start();
-    others_ = changes::TextOf(record_->Others());
-  }
-  Notice(QStringList({changed_, others_}).join(QLatin1Char(' ')).trimmed());
-}
-
-void RecordWindow::Notice(const QString& text) {
-  if (lblNotice->text() != text) {
-    lblNotice->setText(text);
-    lblNotice->setVisible(!text.isEmpty());
-  }
 }
 
 bool RecordWindow::MayClose() {

@@ -1,18 +1,16 @@
 #pragma once
 
 #include "controls/ChildWindow.h"
+#include "controls/EditWatch.h"
 #include "controls/Grid.h"
-#include "core/changes/EditedRecord.h"
 
 #include <QElapsedTimer>
 
-#include <memory>
 #include <optional>
 #include <string_view>
 
 class QButtonGroup;
 class QHBoxLayout;
-class QLabel;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -166,9 +164,6 @@ class RecordWindow : public ChildWindow {
   void FillAgain(int id);
   void ReadAgain();
   bool May(changes::Right right) const;
-  void BeginRecord(int id);
-  void Notice(const QString& text);
-  void LookForOthers();
   bool ShowsAlready(std::span<const changes::Entry> news) const;
   bool Concerns(const changes::Entry& entry) const;
 
@@ -183,13 +178,9 @@ class RecordWindow : public ChildWindow {
   bool editing_ = false;
   bool filling_ = false;
   QElapsedTimer since_filled_;
-  bool reading_again_ = false;                     ///< also after it failed
-  QStringList begun_with_;                         ///< contents of the form when editing began
-  std::unique_ptr<changes::EditedRecord> record_;  ///< while a stored record is edited
-  QElapsedTimer since_beat_;
-  QString others_;   ///< who else has it open
-  QString changed_;  ///< who changed it meanwhile
-  QLabel* lblNotice;
+  bool reading_again_ = false;  ///< also after it failed
+  QStringList begun_with_;      ///< contents of the form when editing began
+  EditWatch* watch_;
 };
 
 }  // namespace quorvane::controls

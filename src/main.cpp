@@ -1,5 +1,6 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
+#include "admin/users/UserBook.h"
 #include "admin/users/window/frmLogin.h"
 #include "controls/Desk.h"
 #include "controls/Messages.h"
@@ -59,6 +60,15 @@ class Desktop {
     };
     controls::AskWithDialogs(desk_);
     desk_.open_file = controls::OpenWithDesktop;
+  }
+
+  /// Where a user has fewer rights than all, nobody begins without logging in.
+  void Begin() {
+    if (desk_.session.read_only || !users::UserBook(*desk_.session.connection).HasLimitedUsers()) {
+      ShowMainWindow();
+    } else {
+      ShowLogin();
+    }
   }
 
   /// There is one main window at most: one that is open comes to the front.
@@ -127,7 +137,7 @@ int Run(QApplication& application, const QString& folder) {
               .arg(QDir::toNativeSeparators(folder)));
     }
     Desktop desktop(*session);
-    desktop.ShowMainWindow();
+    desktop.Begin();
     QTimer::singleShot(0, &application, [&desktop] { desktop.BackUpIfDue(); });
     return application.exec();
   } catch (const std::exception& error) {

@@ -1,5 +1,6 @@
 #include "admin/repair/TableCheck.h"
 #include "cli/Command.h"
+#include "core/changes/Chain.h"
 
 #include <fmt/format.h>
 
@@ -36,6 +37,12 @@ std::string Verdict(const repair::TableCheck& check) {
   if (check.AllIsWell()) {
     return "Keys are unique, and every lot agrees with its documents.\n";
   }
+  const bool only_log = check.faults.empty() && check.double_keys.empty() &&
+                        check.wrong_lots.empty() && check.record_faults.isEmpty();
+  if (only_log) {
+    return "Keys are unique, and every lot agrees with its documents. The log of changes was "
+           "tampered with.\n";
+  }
   return check.faults.empty()
              ? "Something is wrong; \"quorvanectl rebuild --all\" mends the lots.\n"
              : "A table is damaged; references and lots were not looked into. Restore a backup.\n";
@@ -65,6 +72,13 @@ void Check(Context& context) {
   }
   for (const QString& action : check.outdated_actions) {
     report += fmt::format("note: {}\n", action.toStdString());
+  }
+  if (check.faults.empty()) {
+    report += fmt::format("the log of changes ends at {}\n",
+                          changes::EndOf(context.Connection()).toStdString());
+  }
+  for (const QString& fault : check.log_faults) {
+    report += fmt::format("{}\n", fault.toStdString());
   }
   for (const QString& fault : check.record_faults) {
     report += fmt::format("{}\n", fault.toStdString());

@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
   for (const Registrar add :
        {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands, AddActionCommands,
         AddReportCommands, AddLedgerCommands, AddRatesCommands, AddFairValueCommands,
-        AddDatabaseCommands, AddBackupCommands, AddDemoCommand}) {
+        AddDatabaseCommands, AddLogCommands, AddBackupCommands, AddDemoCommand}) {
     add(app, context);
   }
   return Run(app, context, argc, argv);

@@ -5,10 +5,12 @@
 #include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "core/Result.h"
+#include "core/changes/Log.h"
 
 #include <QWidget>
 
 #include <map>
+#include <span>
 #include <vector>
 
 class QKeySequence;
@@ -41,6 +43,10 @@ class ChildWindow : public QWidget {
   /// closes without another question, until StayOpen.
   bool AgreeToClose();
   void StayOpen() { agreed_ = false; }
+
+  /// Called about once a second while the window is open, with what this and other programs changed
+  /// since (rows are not read); mostly nothing.
+  virtual void LookAround(std::span<const changes::Entry> news) { static_cast<void>(news); }
 
   /// The menu asked for the window, which is open already.
   virtual void AskedAgain() {}

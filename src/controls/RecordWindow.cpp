@@ -83,7 +83,8 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
       panels_(panels),
       details_(new QWidget()),
       list_(new Grid(list_name, title)),
-      buttons_(new QHBoxLayout()) {
+      buttons_(new QHBoxLayout()),
+      watch_(new EditWatch()) {
   list_->SetFilterable(true);
   auto* rows = new QVBoxLayout(this);
   if (panels == Panels::kTabs) {
@@ -93,6 +94,7 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
   }
   BuildButtons();
   rows->addLayout(buttons_);
+  rows->addWidget(watch_);
 }
 
 void RecordWindow::BuildTabs(QVBoxLayout& rows) {
@@ -185,11 +187,21 @@ void RecordWindow::cmdModify_Click() {
   if (id == 0) {
     return;
   }
-  Clear();
-  Load(id);
-  current_ = id;
-  BeginEditing();
+  // Before it is read, so that no change of another program goes unseen.
+  if (!RecordTable().empty()) {
+    watch_->Begin(*Session().connection, RecordTable(), id);
+  }
+  try {
+    Clear();
+    Load(id);
+    current_ = id;
+    BeginEditing();
+  } catch (...) {
+    watch_->End();
+    throw;
+  }
   SetEditing(true);
+  watch_->LookForOthers(true);
 }
 
 void RecordWindow::cmdUpdate_Click() {
@@ -251,7 +263,7 @@ void RecordWindow::List_RowChanged(int /*row*/) {
 }
 
 void RecordWindow::List_RowActivated(int /*row*/) {
-  if (!editing_) {
+  if (!editing_ && cmdModify->isEnabled()) {
     cmdModify_Click();
   }
 }
@@ -300,6 +312,9 @@ void RecordWindow::ShowRecord(int id) {
 
 void RecordWindow::SetEditing(bool editing) {
   editing_ = editing;
+  if (!editing) {
+    watch_->End();
+  }
   Enable();
   if (editing) {
     begun_with_ = ContentsOf(*details_);
@@ -317,12 +332,17 @@ void RecordWindow::Enable() {
     list_->setFocus(Qt::OtherFocusReason);
   }
   details_->setEnabled(editing_);
-  cmdAdd->setEnabled(!editing_);
-  cmdModify->setEnabled(!editing_ && chosen);
-  CmdDelete->setEnabled(!editing_ && chosen);
+  const bool may_enter = May(changes::kEnter);
+  cmdAdd->setEnabled(!editing_ && may_enter);
+  cmdModify->setEnabled(!editing_ && chosen && may_enter);
+  CmdDelete->setEnabled(!editing_ && chosen && May(changes::kDelete));
   cmdUpdate->setEnabled(editing_);
   cmdCancel->setEnabled(editing_);
   StateChanged();
+}
+
+bool RecordWindow::May(changes::Right right) const {
+  return Session().connection == nullptr || Session().connection->Author().May(right);
 }
 
 void RecordWindow::ShowPanel(int panel) {
@@ -357,6 +377,10 @@ void RecordWindow::Activated() {
       std::exchange(reading_again_, false)) {
     return;
   }
+  ReadAgain();
+}
+
+void RecordWindow::ReadAgain() {
   reading_again_ = true;
   TheGuard().Run(QStringLiteral("Form_Activate"), [this] {
     const std::optional<Grid::Order> order = list_->SortedBy();
@@ -368,6 +392,39 @@ void RecordWindow::Activated() {
     }
     reading_again_ = false;
   });
+}
+
+void RecordWindow::LookAround(std::span<const changes::Entry> news) {
+  const auto concerns = [this](const changes::Entry& entry) { return Concerns(entry); };
+  if (editing_) {
+    for (const changes::Entry& entry : news) {
+      if (entry.key == current_ && current_ != 0 && Concerns(entry)) {
+        watch_->ChangedBy(entry);
+      }
+    }
+    watch_->LookForOthers(false);
+  } else if (isVisible() && !reading_again_ && std::ranges::any_of(news, concerns) &&
+             !ShowsAlready(news)) {
+    ReadAgain();
+  }
+}
+
+/// The list was filled after this window's own save.
+bool RecordWindow::ShowsAlready(std::span<const changes::Entry> news) const {
+  constexpr qint64 kSinceSaveMs = 1500;
+  const changes::Author& author = Session().connection->Author();
+  return since_filled_.isValid() && since_filled_.elapsed() < kSinceSaveMs &&
+         std::ranges::all_of(news, [&](const changes::Entry& entry) {
+           return entry.user == author.user && entry.host == author.host;
+         });
+}
+
+/// An entry without a record is of many: an import.
+bool RecordWindow::Concerns(const changes::Entry& entry) const {
+  const std::optional<ClientId> client = RecordClient();
+  const bool of_client = !client || !entry.client || entry.client == *client;
+  return of_client && (entry.table == RecordTable() || entry.table.empty() ||
+                       entry.table == changes::kEverything);
 }
 
 bool RecordWindow::MayClose() {

@@ -1,9 +1,13 @@
 #pragma once
 
 #include "controls/ChildWindow.h"
+#include "controls/EditWatch.h"
 #include "controls/Grid.h"
 
 #include <QElapsedTimer>
+
+#include <optional>
+#include <string_view>
 
 class QButtonGroup;
 class QHBoxLayout;
@@ -29,6 +33,10 @@ class RecordWindow : public ChildWindow {
 
   int CurrentId() const { return current_; }
   bool IsEditing() const { return editing_; }
+
+  /// Reads the list again when others changed a record of its kind; what is being edited stays as
+  /// it is, with a notice.
+  void LookAround(std::span<const changes::Entry> news) override;
   Grid& List() { return *list_; }
 
   /// Chooses the record in the list, also where the filter does not show it. A record under entry
@@ -49,6 +57,14 @@ class RecordWindow : public ChildWindow {
   QHBoxLayout* Buttons() { return buttons_; }
 
   void Start();
+
+  /// The table of the window's records, by which the log of changes knows them. While one is
+  /// edited, its save is refused when another program changed it meanwhile. Empty for records that
+  /// are not in the database.
+  virtual std::string_view RecordTable() const = 0;
+
+  /// The client whose records the window shows; nothing when they are of no client.
+  virtual std::optional<ClientId> RecordClient() const { return std::nullopt; }
 
   /// Puts all records into List().
   virtual void FillList() = 0;
@@ -150,6 +166,10 @@ class RecordWindow : public ChildWindow {
   void ShowRecord(int id);
   void Refill(int id);
   void FillAgain(int id);
+  void ReadAgain();
+  bool May(changes::Right right) const;
+  bool ShowsAlready(std::span<const changes::Entry> news) const;
+  bool Concerns(const changes::Entry& entry) const;
 
   Panels panels_;
   QWidget* details_;
@@ -164,6 +184,7 @@ class RecordWindow : public ChildWindow {
   QElapsedTimer since_filled_;
   bool reading_again_ = false;  ///< also after it failed
   QStringList begun_with_;      ///< contents of the form when editing began
+  EditWatch* watch_;
 };
 
 }  // namespace quorvane::controls

@@ -10,14 +10,6 @@ Contact ContactOf(const database::Recordset& row, std::size_t first) {
           row.Text(first + 6), row.Text(first + 7), row.Text(first + 8)};
 }
 
-void AppendValues(std::vector<database::Value>& values, const Contact& contact) {
-  for (const QString& text :
-       {contact.address, contact.city, contact.state, contact.pin, contact.std_code, contact.phone,
-        contact.mobile, contact.fax, contact.email}) {
-    values.emplace_back(text);
-  }
-}
-
 void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact) {
   const auto add = [&](std::string_view column, const char* label, const QString& text,
                        Field field) {
@@ -31,14 +23,6 @@ void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact)
   add("Mobile", QT_TRANSLATE_NOOP("Masters", "Mobile"), contact.mobile, Field::kMobile);
   add("Fax", QT_TRANSLATE_NOOP("Masters", "Fax"), contact.fax, Field::kFax);
   add("EMail", QT_TRANSLATE_NOOP("Masters", "E-Mail"), contact.email, Field::kEmail);
-}
-
-std::string Placeholders(std::size_t count) {
-  std::string list = "(";
-  for (std::size_t i = 0; i < count; ++i) {
-    list += i == 0 ? "?" : ",?";
-  }
-  return list + ")";
 }
 
 }  // namespace quorvane::masters

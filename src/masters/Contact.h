@@ -21,12 +21,7 @@ inline constexpr std::size_t kContactColumnCount = 9;
 /// Reads the columns above, which begin at `first`.
 Contact ContactOf(const database::Recordset& row, std::size_t first);
 
-void AppendValues(std::vector<database::Value>& values, const Contact& contact);
-
 /// Appends the texts, so that their lengths can be checked.
 void AppendCells(std::vector<database::TextCell>& cells, const Contact& contact);
-
-/// "(?,?,?)" for that many values.
-std::string Placeholders(std::size_t count);
 
 }  // namespace quorvane::masters

@@ -17,6 +17,7 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
   // The refusal rolls back; who reads it is told by the result.
   const Refusal nothing_written;
   const auto take_in = [&](database::Transaction& transaction) -> MaybeRefusal {
+    transaction.Changes().Summarise(changes::Kind::kImported, folder);
     result = {};
     ErrorList errors;
     const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);

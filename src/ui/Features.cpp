@@ -3,6 +3,7 @@
 #include "admin/backup/window/frmBackUpRestore.h"
 #include "admin/backup/window/frmrestoration.h"
 #include "admin/calculator/window/frmcalc.h"
+#include "admin/change_log/window/FrmChangeLog.h"
 #include "admin/documents/window/frmdocuments.h"
 #include "admin/repair/window/RepairTable.h"
 #include "admin/settings/window/frmsettings.h"
@@ -168,6 +169,10 @@ constexpr Feature kFeatures[] = {
     {"mnuTabs", QT_TRANSLATE_NOOP("MainMenu", "Windows as &Tabs"), kTabs, "mnuWindow"},
     {"mnuCloseAll", QT_TRANSLATE_NOOP("MainMenu", "Close &All Windows"), kCloseAll, "mnuWindow", "",
      "", nullptr, "Ctrl+Shift+W"},
+    {"mnuLineChanges", "", kSeparator, "mnuPortfolio"},
+    {"mnuUndo", QT_TRANSLATE_NOOP("MainMenu", "Take &Back the Last Change"), kUndo, "mnuPortfolio"},
+    {"mnuChangeLog", QT_TRANSLATE_NOOP("MainMenu", "&Log of Changes"), kOpenWindow, "mnuPortfolio",
+     "FrmChangeLog", "log-of-changes.md", Make<change_log::FrmChangeLog>},
     {"mnuLogOut", QT_TRANSLATE_NOOP("MainMenu", "&Log Out"), kLogOut, ""},
     {"mnuContact", QT_TRANSLATE_NOOP("MainMenu", "C&ontact Us"), kContact, ""},
     {"mnuQuit", QT_TRANSLATE_NOOP("MainMenu", "&Quit"), kQuit, ""},

@@ -29,6 +29,7 @@ enum class MenuAction {
   kClientBar,     ///< goes to the client and year in the main window
   kTabs,          ///< shows the windows behind tabs, or free again
   kCloseAll,      ///< closes every window that is open
+  kUndo,          ///< takes the user's last change back
   kLogOut,
   kContact,
   kQuit

@@ -18,6 +18,17 @@ FLOORS = [
 SIDE_BY_SIDE = FLOORS[2] | FLOORS[3]
 ALL_WINDOWS = {"controls", "ui"}
 SQL = re.compile(r'"(Select [^"]* From |Insert Into |Update \w+ Set |Delete From |Alter Table |Create Table )')
+# Records are written by records::Writer and deleted by records::Delete, which log what changes.
+RECORDS = ("LoginId|ClientInfo|ClientActDet|RemovedAccount|DepPart|DpIDs|Broker|Script|ScripIsin|ScriptType|"
+           "ScriptClass|Exchange|STTPer|TransTaxPer|CorpAction|CorpActionLot|Dividend|StkOpBal|BrOpBal|"
+           "SPMaster|SPTrans|ScrTransfer|BrPayment|BrRec|MarketRate|UserRight|"
+           "FairValue|TaxLoss")
+WRITES = re.compile(r'"(?:Insert (?:Ignore )?Into|Replace Into|Delete From|Delete \w+ From|Update) '
+                    r'`?(?:' + RECORDS + r'|\{\w*\})(?![A-Za-z])', re.IGNORECASE)
+# Works of many rows, each one entry of the log, and the schema's own.
+WRITING_PLACES = ("src/core/database/", "src/core/rates/RateBook.cpp", "src/core/rates/IsinBook.cpp",
+                  "src/masters/imports/ScripWriter.cpp", "src/masters/clients/ClientBook.cpp",
+                  "src/admin/repair/DoubleKeys.cpp", "src/admin/backup/")
 SYSTEM = re.compile(r"#include <(unistd|fcntl|signal|csignal|sys/[a-z]+|pwd)(\.h)?>")
 # The terminal is the command line's own business.
 SYSTEM_PLACES = ("src/core/platform/", "src/cli/TerminalProgress.cpp")
@@ -85,6 +96,8 @@ def check(root):
                    if not (root / one).exists()]
         if (is_window(name) or top_of(name) == "cli") and SQL.search(text):
             errors.append(f"{name} holds SQL; it belongs into a model")
+        if WRITES.search(text) and not name.startswith(WRITING_PLACES):
+            errors.append(f"{name} writes records past the log of changes")
         if SYSTEM.search(text) and not name.startswith(SYSTEM_PLACES):
             errors.append(f"{name} calls the system; that belongs into src/core/platform")
     return errors + [f"a circle of includes: {one}" for one in circles(graph)]

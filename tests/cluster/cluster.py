@@ -112,6 +112,7 @@ class Cluster(unittest.TestCase):
         print(f"written in {time.monotonic() - began:.1f} s", file=sys.stderr)
         self.assertEqual(self.failures, [])
         self.assert_every_document_stands_once()
+        self.assert_the_log_tells_all_of_it_once()
         self.assert_nodes_are_alike()
         for node in NODES:
             self.desks[node].run("check")
@@ -130,6 +131,19 @@ class Cluster(unittest.TestCase):
         self.assertEqual(found, {number: shares for number, shares in expected.items() if shares})
         moved = csv.DictReader(io.StringIO(self.desks[1].export()["transfers.csv"].decode()))
         self.assertEqual(sum(float(row["quantity"]) for row in moved), transferred)
+
+    def assert_the_log_tells_all_of_it_once(self):
+        """`check` follows the chain."""
+        added, deleted, imported = 1, 3, 6
+        counts = {(int(kind), table): int(count) for kind, table, count in sql(
+            1, "Select Kind,TableName,Count(*) From ChangeLog Group By Kind,TableName")}
+        writers = len(NODES)
+        self.assertEqual(counts[imported, ""], writers * self.imports + 1)
+        for table in ("SPMaster", "ScrTransfer"):
+            self.assertEqual(counts[added, table], writers * self.rounds)
+            self.assertEqual(counts[deleted, table], writers * (self.rounds // 4))
+        entries, last = sql(1, "Select Count(*),Max(Id) From ChangeLog")[0]
+        self.assertEqual(entries, last)
 
     def assert_nodes_are_alike(self):
         tables = [table for table, in sql(1, "Show Tables")]

@@ -48,6 +48,8 @@ class FrmSample : public RecordWindow {
     Start();
   }
 
+  std::string_view RecordTable() const override { return {}; }
+
   void FillList() override {
     std::vector<Row> rows;
     for (const auto& [id, text] : records) {

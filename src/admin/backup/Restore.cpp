@@ -3,6 +3,7 @@
 #include "admin/backup/BackupList.h"
 #include "admin/backup/RestoreFiles.h"
 #include "admin/backup/TableRows.h"
+#include "core/changes/Log.h"
 #include "core/database/Keys.h"
 #include "core/database/Transaction.h"
 #include "core/text/Tr.h"
@@ -97,17 +98,30 @@ void Compare(database::Connection& connection, const TableEntry& table, const Ma
   }
 }
 
+/// The log of changes goes on over a restore: only an empty one is taken from the backup.
+bool StaysAsItIs(const TableEntry& table, bool keeps_log) {
+  return keeps_log && (table.name == "ChangeLog" || table.name == "ChangeHead");
+}
+
 MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& backup,
                          const Manifest& manifest, const std::vector<TableEntry>& present,
                          Progress& progress) {
   RowCount count(progress, manifest);
   const database::KeyCounters given = database::ReadCounters(transaction.GetConnection());
+  const bool keeps_log = changes::LastEntry(transaction.GetConnection()) > 0;
+  transaction.Changes().Summarise(changes::Kind::kRestored, QFileInfo(backup).fileName(),
+                                  {.table = changes::kEverything});
   // A table that the backup does not name was not there yet and had no rows.
   for (const TableEntry& table : present) {
-    transaction.Execute("Delete From " + table.name);
+    if (!StaysAsItIs(table, keeps_log)) {
+      transaction.Execute("Delete From " + table.name);
+    }
     progress.ThrowIfCancelled();
   }
   for (const TableEntry& table : manifest.tables) {
+    if (StaysAsItIs(table, keeps_log)) {
+      continue;
+    }
     if (const MaybeRefusal refusal =
             InsertRows(transaction, table, QDir(backup).filePath(table.Path()),
                        [&](std::int64_t rows) { count(rows); })) {
@@ -115,8 +129,12 @@ MaybeRefusal ReplaceRows(database::Transaction& transaction, const QString& back
     }
   }
   for (const TableEntry& table : manifest.tables) {
-    Compare(transaction.GetConnection(), table, manifest, count);
+    if (!StaysAsItIs(table, keeps_log)) {
+      Compare(transaction.GetConnection(), table, manifest, count);
+    }
   }
+  // A backup of an older release has none.
+  transaction.Execute("Insert Ignore Into ChangeHead Values(1,0,'',0,'')");
   // A key that was given since the backup is not given again.
   database::RaiseCounters(transaction, given);
   return std::nullopt;
@@ -128,8 +146,9 @@ void CheckRestored(const database::ConnectionSettings& settings, const Manifest&
   database::Connection fresh(settings);
   for (const TableEntry& table : manifest.tables) {
     auto rows = fresh.Open(fmt::format("Select Count(*) From {}", table.name));
-    const bool is_counters = table.name == "RecordKey";  // has those of both by now
-    if (!rows.Next() || (rows.Int64(0) != table.rows && !is_counters)) {
+    // These have what both had by now.
+    const bool grows = table.name == "RecordKey" || StaysAsItIs(table, true);
+    if (!rows.Next() || (rows.Int64(0) != table.rows && !grows)) {
       throw std::runtime_error(
           Tr("Backup",
              "The backup was restored, but the table %1 has another number of rows now. What was "

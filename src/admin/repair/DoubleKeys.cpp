@@ -191,6 +191,7 @@ NewKeys GiveNewKeys(database::Connection& connection) {
       connection,
       [&](Transaction& transaction) {
         result = {};
+        transaction.Changes().Summarise(changes::Kind::kRepaired, Tr("DoubleKeys", "Double keys"));
         for (const std::string_view table : database::KeyedTables()) {
           GiveNewKeys(transaction, table, result);
         }

@@ -1,6 +1,7 @@
 #include "admin/repair/TableCheck.h"
 
 #include "core/actions/Application.h"
+#include "core/changes/Chain.h"
 #include "core/database/Schema.h"
 #include "core/database/Transaction.h"
 #include "core/text/Tr.h"
@@ -61,13 +62,13 @@ std::vector<TableSize> CountRows(database::Connection& connection) {
 namespace {
 
 /// One look through the database; two steps a table, one a key and a reference, and one each for
-/// lost lines, lots and corporate actions.
+/// lost lines, lots, corporate actions and the log.
 class Look {
  public:
   Look(database::Connection& connection, Progress& progress)
       : connection_(connection), progress_(progress) {
     const std::size_t steps =
-        2 * database::TableNames().size() + std::size(kKeys) + references_.size() + 3;
+        2 * database::TableNames().size() + std::size(kKeys) + references_.size() + 4;
     progress_.Begin(Tr("TableCheck", "Checking the tables"), static_cast<std::int64_t>(steps));
   }
 
@@ -103,6 +104,10 @@ class Look {
     LookInto("CorpAction", [&] {
       WithinStep step(progress_, done_);
       check_.outdated_actions = actions::OutdatedActions(connection_, step);
+    });
+    LookInto("ChangeLog", [&] {
+      WithinStep step(progress_, done_);
+      check_.log_faults = changes::CheckChain(connection_, step);
     });
   }
 

@@ -55,6 +55,7 @@ struct TableCheck {
   std::vector<DoubleKey> double_keys;
   // Faults between several tables; not looked for while one of the tables has a fault.
   std::vector<ledger::LotChange> wrong_lots;
+  QStringList log_faults;     ///< a sentence for each break in the log of changes
   QStringList record_faults;  ///< a sentence for each record that cannot count as it is written
   // For information: nothing is wrong with the table itself.
   std::vector<Dangling> dangling;
@@ -62,7 +63,8 @@ struct TableCheck {
   QStringList outdated_actions;  ///< a sentence for each that the books no longer agree with
 
   bool AllIsWell() const {
-    return faults.empty() && double_keys.empty() && wrong_lots.empty() && record_faults.isEmpty();
+    return faults.empty() && double_keys.empty() && wrong_lots.empty() && record_faults.isEmpty() &&
+           log_faults.isEmpty();
   }
 };
 

@@ -60,10 +60,17 @@ MaybeRefusal CheckEntries(const PasswordChange& change) {
 }  // namespace
 
 Login::Login(database::Connection& connection, app::MachineKey machine_key, Attempts& attempts)
-    : users_(connection), machine_key_(std::move(machine_key)), attempts_(attempts) {}
+    : connection_(connection),
+      users_(connection),
+      machine_key_(std::move(machine_key)),
+      attempts_(attempts) {}
 
 MaybeRefusal Login::LogIn(const QString& name, const QString& password) {
-  return Counted(name, CheckLogIn(name, password));
+  MaybeRefusal refusal = Counted(name, CheckLogIn(name, password));
+  if (!refusal) {
+    SetAuthor(name);
+  }
+  return refusal;
 }
 
 MaybeRefusal Login::EnterSetUp(const QString& name, const QString& password) {
@@ -73,6 +80,7 @@ MaybeRefusal Login::EnterSetUp(const QString& name, const QString& password) {
   if (!IsAdministratorPassword(password)) {
     return Counted(name, Refusal{Tr("Login", "Invalid Password."), Field::kPassword});
   }
+  SetAuthor(name);
   return Counted(name, std::nullopt);
 }
 
@@ -88,6 +96,14 @@ MaybeRefusal Login::ChangePassword(const PasswordChange& change) {
   }
   machine_key_.SetAdminPass(change.new_password);
   return std::nullopt;
+}
+
+void Login::SetAuthor(const QString& name) const {
+  changes::Author author = changes::SystemAuthor();
+  const std::optional<User> user = IsAdministrator(name) ? std::nullopt : users_.FindUser(name);
+  author.user = user ? user->name : AdministratorName();
+  author.rights = user ? user->rights : changes::kAllRights;
+  connection_.SetAuthor(author);
 }
 
 bool Login::IsAdministratorPassword(const QString& password) const {

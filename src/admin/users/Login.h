@@ -54,6 +54,8 @@ class Login {
   /// `attempts` outlives the object.
   Login(database::Connection& connection, app::MachineKey machine_key, Attempts& attempts);
 
+  /// Who was let in is the author of the connection's changes from then on, with their rights; so
+  /// is the administrator who was let in to the set-up.
   MaybeRefusal LogIn(const QString& name, const QString& password);
 
   /// Only the administrator may set users up.
@@ -71,6 +73,9 @@ class Login {
   MaybeRefusal StoreUserPassword(const PasswordChange& change);
   MaybeRefusal Counted(const QString& name, MaybeRefusal refusal);
 
+  void SetAuthor(const QString& name) const;
+
+  database::Connection& connection_;
   UserBook users_;
   app::MachineKey machine_key_;
   Attempts& attempts_;

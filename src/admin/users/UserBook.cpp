@@ -1,7 +1,8 @@
 #include "admin/users/UserBook.h"
 
-#include "core/database/Keys.h"
 #include "core/database/TextWidths.h"
+#include "core/records/Masters.h"
+#include "core/records/Writing.h"
 #include "core/text/PasswordCode.h"
 #include "core/text/Tr.h"
 
@@ -20,7 +21,8 @@ bool SameName(const QString& a, const QString& b) {
 }
 
 User UserOf(const Recordset& row) {
-  User user{row.Int(0), row.Text(1), std::nullopt};
+  User user{row.Int(0), row.Text(1), std::nullopt,
+            row.OptionalInt(3).value_or(changes::kAllRights)};
   if (const std::optional<QString> stored = row.OptionalText(2)) {
     user.password = text::DecodePassword(*stored);
   }
@@ -41,11 +43,27 @@ bool NameIsTaken(Transaction& transaction, const User& user) {
   return false;
 }
 
-void Insert(Transaction& transaction, int id, const QString& name, const QString& password) {
+/// The log of changes tells that a password was changed and never holds one.
+void SetStoredPassword(Transaction& transaction, int id, const QString& name,
+                       const QString& password) {
+  Recordset stored = transaction.Open("Select Password From LoginPassword Where id=?", id);
+  if (stored.Next() && stored.Text(0) != text::EncodePassword(password)) {
+    transaction.Changes().Is(changes::Kind::kPassword,
+                             {.table = "LoginId", .key = id, .year = {}, .title = name});
+  }
   transaction.Execute("Delete From LoginPassword Where id=?", id);
-  transaction.Execute("Insert Into LoginId(id,Name) Values(?,?)", id, name);
   transaction.Execute("Insert Into LoginPassword(id,Password) Values(?,?)", id,
                       text::EncodePassword(password));
+}
+
+/// A user without a row may do everything.
+void SetRights(Transaction& transaction, const User& user) {
+  records::Delete<records::UserRights>(transaction)
+      .Where(&records::UserRights::user, user.id)
+      .Run();
+  if (user.rights != changes::kAllRights) {
+    records::Insert(transaction, records::UserRights{user.id, user.rights});
+  }
 }
 
 std::optional<QString> NameOf(Transaction& transaction, int id) {
@@ -57,8 +75,10 @@ Result<int> SaveIn(Transaction& transaction, User user) {
   if (NameIsTaken(transaction, user)) {
     return Refusal{Tr("Users", "User Already Exits!"), Field::kName};
   }
-  user.id = database::ClaimKey(transaction, "LoginId", user.id);
-  Insert(transaction, user.id, user.name, *user.password);
+  user.id = records::ClaimKey(transaction, &records::User::id, user.id);
+  records::Insert(transaction, records::User{user.id, user.name});
+  SetStoredPassword(transaction, user.id, user.name, *user.password);
+  SetRights(transaction, user);
   return user.id;
 }
 
@@ -97,8 +117,9 @@ UserBook::UserBook(Connection& connection) : connection_(connection) {}
 std::vector<User> UserBook::List() const {
   std::vector<User> users;
   for (const auto& row : connection_.Open(
-           "Select id,Name,(Select P.Password From LoginPassword P Where P.id=L.id Limit 1) "
-           "From LoginId L Order By Name,id")) {
+           "Select id,Name,(Select P.Password From LoginPassword P Where P.id=L.id Limit "
+           "1),R.Rights "
+           "From LoginId L Left Join UserRight R On R.LoginId=L.id Order By Name,id")) {
     users.push_back(UserOf(row));
   }
   return users;
@@ -106,8 +127,8 @@ std::vector<User> UserBook::List() const {
 
 std::optional<User> UserBook::FindUser(const QString& name) const {
   Recordset rows = connection_.Open(
-      "Select id,Name,(Select P.Password From LoginPassword P Where P.id=L.id Limit 1) "
-      "From LoginId L Where Name=? Order By id",
+      "Select id,Name,(Select P.Password From LoginPassword P Where P.id=L.id Limit 1),R.Rights "
+      "From LoginId L Left Join UserRight R On R.LoginId=L.id Where Name=? Order By id",
       name);
   return rows.Next() ? std::optional(UserOf(rows)) : std::nullopt;
 }
@@ -126,8 +147,7 @@ bool UserBook::SetPassword(int id, const QString& password) {
     const std::optional<QString> name = NameOf(transaction, id);
     found = name.has_value();
     if (found) {
-      transaction.Execute("Delete From LoginId Where id=?", id);
-      Insert(transaction, id, *name, password);
+      SetStoredPassword(transaction, id, *name, password);
     }
   });
   return found;
@@ -135,9 +155,15 @@ bool UserBook::SetPassword(int id, const QString& password) {
 
 void UserBook::Delete(int id) {
   database::InTransaction(connection_, [&](Transaction& transaction) {
-    transaction.Execute("Delete From LoginId Where id=?", id);
+    records::Delete<records::User>(transaction).Where(&records::User::id, id).Run();
+    records::Delete<records::UserRights>(transaction).Where(&records::UserRights::user, id).Run();
     transaction.Execute("Delete From LoginPassword Where id=?", id);
   });
+}
+
+bool UserBook::HasLimitedUsers() const {
+  return connection_.Open("Select 1 From UserRight R Join LoginId L On L.id=R.LoginId Limit 1")
+      .Next();
 }
 
 QString AskDeleteUser() {

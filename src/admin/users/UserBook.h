@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Result.h"
+#include "core/changes/Author.h"
 #include "core/database/Transaction.h"
 
 #include <QString>
@@ -14,7 +15,8 @@ namespace quorvane::users {
 struct User {
   int id = 0;  ///< 0 until it is saved
   QString name;
-  std::optional<QString> password;  ///< none when no readable one is stored
+  std::optional<QString> password;   ///< none when no readable one is stored
+  int rights = changes::kAllRights;  ///< bits of changes::Right
 };
 
 /// Checks name and password, then the lengths of texts. The book checks that the name is free.
@@ -41,6 +43,9 @@ class UserBook {
   bool SetPassword(int id, const QString& password);
 
   void Delete(int id);
+
+  /// Whether a user has fewer rights than all. Then nobody may work without logging in.
+  bool HasLimitedUsers() const;
 
  private:
   database::Connection& connection_;

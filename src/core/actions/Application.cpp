@@ -132,7 +132,10 @@ Refusal LacksShares(Transaction& transaction, const Lots& lots, const Action& ac
 }
 
 void SetApplied(Transaction& transaction, const Action& action, bool applied) {
-  transaction.Execute("Update CorpAction Set Applied=? Where Id=?", applied ? 1 : 0, action.id);
+  Action changed = action;
+  changed.applied = applied;
+  records::Replace(transaction, changed);
+  transaction.Changes().Is(applied ? changes::Kind::kApplied : changes::Kind::kTakenBack);
 }
 
 /// Every holder of the ex-day's beginning gets the dividend. Tax is entered when it is known.
@@ -248,6 +251,24 @@ QStringList OutdatedActions(Connection& connection, Progress& progress) {
                       action.ex_day);
   }
   return texts;
+}
+
+MaybeRefusal CheckIsLast(Transaction& transaction, const Action& action) {
+  const auto day = text::ParseDmy(action.ex_day);
+  const auto touches = [&](const Action& other) {
+    const bool same = other.scrip == action.scrip || other.scrip == action.other ||
+                      (other.other && (other.other == action.scrip || other.other == action.other));
+    return other.applied && other.id != action.id && same;
+  };
+  for (const Action& other : records::Select<Action>(transaction.GetConnection()).All()) {
+    const auto other_day = text::ParseDmy(other.ex_day);
+    if (touches(other) && (other_day > day || (other_day == day && other.id > action.id))) {
+      return Refusal{Tr("Actions", "Take back the Later Action %1 of %2 First.")
+                         .arg(actions::Describe(other), other.ex_day),
+                     {}};
+    }
+  }
+  return std::nullopt;
 }
 
 Result<std::size_t> Apply(Transaction& transaction, const Action& action,

@@ -33,6 +33,9 @@ std::vector<AccountEffect> EffectsOf(database::Connection& connection, const Act
 /// What was subscribed or given when an action was applied.
 ChosenShares AppliedShares(database::Connection& connection, const Action& action);
 
+/// Refuses when an action of a later day, or one applied after it, touched lots of the same scrips.
+MaybeRefusal CheckIsLast(database::Transaction& transaction, const Action& action);
+
 /// Whether the records still give the holdings that an action was applied to. If not, because bills
 /// of earlier days were entered or deleted, it is to be taken back and applied again.
 bool IsCurrent(database::Connection& connection, const Action& action, Progress& progress);

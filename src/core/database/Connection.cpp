@@ -199,8 +199,8 @@ void Connection::LookForSharedTables() {
   if (!has_shared_tables_) {
     Recordset rows = Open(
         "Select Count(*) From information_schema.TABLES Where TABLE_SCHEMA=Database() And "
-        "TABLE_NAME In('Writers','CommitMark')");
-    has_shared_tables_ = rows.Next() && rows.Int(0) == 2;
+        "TABLE_NAME In('Writers','CommitMark','ChangeHead')");
+    has_shared_tables_ = rows.Next() && rows.Int(0) == 3;
   }
 }
 

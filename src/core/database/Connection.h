@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/changes/Author.h"
+#include "core/changes/Edits.h"
 #include "core/database/DatabaseError.h"
 #include "core/database/Recordset.h"
 #include "core/database/Value.h"
@@ -13,6 +15,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quorvane::database {
@@ -103,6 +106,20 @@ class Connection {
   /// The server in use.
   const ServerAddress& Address() const { return addresses_[address_]; }
 
+  /// Who works with it. Until a user logs in that is the user of the operating system.
+  const changes::Author& Author() const { return author_; }
+  void SetAuthor(changes::Author author) { author_ = std::move(author); }
+
+  /// What its program is editing at this moment.
+  changes::Edits& Edits() { return edits_; }
+
+  /// A text that no other connection has; stays the same when this one is opened again.
+  const std::string& Token() const { return token_; }
+
+  /// The tables that programs share (Writers, CommitMark, ChangeHead) existed at the last look.
+  bool HasSharedTables() const { return has_shared_tables_; }
+  void LookForSharedTables();
+
   /// The server is a node of a cluster whose nodes may all be written to.
   bool IsCluster() const { return is_cluster_; }
 
@@ -113,13 +130,7 @@ class Connection {
   friend class CommitMark;
   friend class Turns;
 
-  /// A text that no other connection has; stays the same when this one is opened again.
-  const std::string& Token() const { return token_; }
   std::int64_t NextSerial() { return ++serial_; }
-
-  /// The tables by which programs take turns (Writers, CommitMark) existed at the last look.
-  bool HasSharedTables() const { return has_shared_tables_; }
-  void LookForSharedTables();
 
   void OpenAnyServer(std::size_t first);
   void OpenHandles(const ServerAddress& address);
@@ -137,6 +148,8 @@ class Connection {
   std::vector<ServerAddress> addresses_;
   std::size_t address_ = 0;
   std::string token_;
+  changes::Author author_ = changes::SystemAuthor();
+  changes::Edits edits_;
   std::int64_t serial_ = 0;
   std::function<void()> revive_server_;
   void* environment_ = nullptr;

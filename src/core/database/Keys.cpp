@@ -124,10 +124,4 @@ void MakeCounters(Connection& connection) {
   }
 }
 
-int ClaimKey(Transaction& transaction, std::string_view table, int id) {
-  const bool stored =
-      id != 0 && transaction.Execute(fmt::format("Delete From {} Where Id=?", table), id) > 0;
-  return stored ? id : NextKey(transaction, table);
-}
-
 }  // namespace quorvane::database

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/Ids.h"
 #include "core/database/Transaction.h"
 
 #include <cstdint>
@@ -39,15 +38,5 @@ void RaiseCounters(Transaction& transaction, const KeyCounters& counters);
 /// Makes the counters that are missing. They start after every key in the database, also one that
 /// only lines of a deleted record name, so that no new record gets those lines.
 void MakeCounters(Connection& connection);
-
-/// Makes room for a record that is about to be written whole, and returns its key. A stored record
-/// of that key is removed and its key kept; a record without a key, or one that was deleted
-/// meanwhile, gets the table's next free key, because its own may be taken.
-int ClaimKey(Transaction& transaction, std::string_view table, int id);
-
-template <class Tag>
-Id<Tag> ClaimKey(Transaction& transaction, std::string_view table, Id<Tag> id) {
-  return Id<Tag>{ClaimKey(transaction, table, id.value)};
-}
 
 }  // namespace quorvane::database

@@ -175,10 +175,13 @@ std::vector<SkippedStatement> ExtendTables(Connection& connection) {
     if (!connection.Open("Select 1 From Writers Where Id=1").Next()) {
       connection.Execute("Insert Ignore Into Writers Values(1,0,'','2000-01-01')");
     }
+    if (!connection.Open("Select 1 From ChangeHead Where Id=1").Next()) {
+      connection.Execute("Insert Ignore Into ChangeHead Values(1,0,'',0,'')");
+    }
     MakeCounters(connection);
     CommitMark::RemoveOld(connection);
   } catch (const DatabaseError& error) {
-    set_up.Skip("the rows of RecordKey, Writers and CommitMark", error);
+    set_up.Skip("the rows of RecordKey, Writers, ChangeHead and CommitMark", error);
   }
   return set_up.Finish();
 }

@@ -133,7 +133,11 @@ constexpr auto kExtensionTables = std::to_array<ExtensionTable>({
     {"FairValue", true},
     {"TaxLoss", true},
     {"RemovedAccount", true},
+    {"UserRight", true},
     {"RecordKey", true},
+    {"ChangeLog", true},
+    {"ChangeHead", true},
+    {"OpenRecord", false},
     {"Writers", false},
     {"CommitMark", false},
     {"HomeClient", false},
@@ -186,6 +190,29 @@ constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
      "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "
      "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"UserRight", 1,
+     "Create Table if not Exists UserRight(LoginId int(11) Primary Key, Rights int(11) Not Null "
+     "Default 0) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"ChangeLog", 1,
+     "Create Table if not Exists ChangeLog(Id bigint Primary Key, MadeAt varchar(23) Not Null, "
+     "UserName varchar(255) Not Null, Host varchar(255) Not Null, Kind int(11) Not Null, TableName "
+     "varchar(64) Not Null, RecordId int(11) Not Null, ClientId int(11) Not Null, FYear "
+     "varchar(10) Not Null, Title varchar(255) Not Null, Undoes bigint Not Null, OldRows longtext "
+     "Not Null, NewRows longtext Not Null, Hash varchar(64) Not Null, Index "
+     "IxChangeLogRecord(TableName,RecordId), Index IxChangeLogClient(ClientId), Index "
+     "IxChangeLogUndoes(Undoes)) Engine=InnoDB Default Character Set utf8mb4 Collate "
+     "utf8mb4_general_ci"},
+    {"ChangeHead", 1,
+     "Create Table if not Exists ChangeHead(Id int(11) Primary Key, LastId bigint Not Null, "
+     "LastHash varchar(64) Not Null, BaseId bigint Not Null, BaseHash varchar(64) Not Null) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"OpenRecord", 1,
+     "Create Table if not Exists OpenRecord(Token varchar(40) Not Null, TableName varchar(64) Not "
+     "Null, RecordId int(11) Not Null, UserName varchar(255) Not Null, Host varchar(255) Not Null, "
+     "OpenedAt datetime Not Null, SeenAt datetime Not Null, Primary Key(Token,TableName,RecordId), "
+     "Index IxOpenRecordRecord(TableName,RecordId)) Engine=InnoDB Default Character Set utf8mb4 "
+     "Collate utf8mb4_general_ci"},
     {"RecordKey", 1,
      "Create Table if not Exists RecordKey(TableName varchar(64) Primary Key, LastKey bigint Not "
      "Null) Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
@@ -215,6 +242,7 @@ constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
 
 constexpr auto kReferences = std::to_array<KeyReference>({
     {"LoginPassword", "id", "LoginId"},
+    {"UserRight", "LoginId", "LoginId"},
     {"ClientActDet", "CId", "ClientInfo"},
     {"ClientActDet", "DMATAC", "DepPart"},
     {"ClientActDet", "DPID", "DpIDs"},

@@ -1,5 +1,6 @@
 #include "core/database/Transaction.h"
 
+#include "core/changes/Log.h"
 #include "core/database/CommitMark.h"
 #include "core/database/Turns.h"
 
@@ -94,6 +95,9 @@ class Tries {
     turns_.Take(transaction, turn);
     mark.Write(transaction);
     MaybeRefusal refusal = work_(transaction);
+    if (!refusal) {
+      refusal = changes::WriteEntry(transaction);
+    }
     mark.InsistOnTransaction(transaction);
     if (refusal) {
       return refusal;

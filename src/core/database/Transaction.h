@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/Result.h"
+#include "core/changes/Changes.h"
 #include "core/database/Connection.h"
 
 #include <cstdint>
 #include <functional>
+#include <stdexcept>
 #include <string_view>
 #include <type_traits>
 
@@ -32,13 +34,23 @@ class Transaction {
   void Commit();
   Connection& GetConnection() { return connection_; }
 
+  /// What it did to records so far.
+  changes::Changes& Changes() { return changes_; }
+
  private:
   Connection& connection_;
+  changes::Changes changes_;
   bool open_ = true;
 };
 
 /// What may run beside a transaction: with kShared all that are shared, with kAlone none.
 enum class Turn { kShared, kAlone };
+
+/// The log of changes refused work that itself refuses nothing; what() is the text to show.
+class NotAllowed : public std::runtime_error {
+ public:
+  explicit NotAllowed(const Refusal& refusal) : std::runtime_error(refusal.text.toStdString()) {}
+};
 
 /// Runs `work` in a transaction, commits when it returns without a refusal and then sends "Flush
 /// Tables" once; a refusal or an exception rolls back. Work that the server gave up because of
@@ -47,23 +59,29 @@ enum class Turn { kShared, kAlone };
 /// time. The later tries are made alone, so that no other one stops them. A commit whose answer was
 /// lost is looked up: it is done, or the work is done again.
 ///
+/// What the work did to records is written to the log of changes in the same transaction. That may
+/// refuse: a user who has no right to it, and a record that another program changed since it was
+/// opened for editing (changes::EditedRecord).
+///
 /// A Turn::kAlone waits for all others and keeps them waiting: what it reads stays as it is until
 /// it ends.
 MaybeRefusal InTransaction(Connection& connection,
                            const std::function<MaybeRefusal(Transaction&)>& work,
                            Turn turn = Turn::kShared);
 
-/// The same for work that is never refused.
+/// The same for work that refuses nothing itself. Throws NotAllowed when the log refuses it.
 template <class Work>
 requires std::is_void_v<std::invoke_result_t<Work&, Transaction&>>
 void InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {
-  static_cast<void>(InTransaction(
-      connection,
-      [&](Transaction& transaction) -> MaybeRefusal {
-        work(transaction);
-        return std::nullopt;
-      },
-      turn));
+  if (const MaybeRefusal refusal = InTransaction(
+          connection,
+          [&](Transaction& transaction) -> MaybeRefusal {
+            work(transaction);
+            return std::nullopt;
+          },
+          turn)) {
+    throw NotAllowed(*refusal);
+  }
 }
 
 /// The same for work that returns a value: that of the try that was committed.
@@ -71,13 +89,16 @@ template <class Work>
 requires kIsResult<std::invoke_result_t<Work&, Transaction&>>
 auto InTransaction(Connection& connection, Work work, Turn turn = Turn::kShared) {
   std::optional<std::invoke_result_t<Work&, Transaction&>> outcome;
-  static_cast<void>(InTransaction(
+  const MaybeRefusal refusal = InTransaction(
       connection,
       [&](Transaction& transaction) -> MaybeRefusal {
         outcome.emplace(work(transaction));
         return outcome->Refused();
       },
-      turn));
+      turn);
+  if (refusal && *outcome) {
+    return std::invoke_result_t<Work&, Transaction&>(*refusal);
+  }
   return *std::move(outcome);
 }
 

@@ -1,6 +1,7 @@
 #include "core/ledger/Rebuild.h"
 
 #include "core/database/BulkWriter.h"
+#include "core/text/Tr.h"
 
 #include <span>
 
@@ -62,6 +63,16 @@ bool SetAtOnce(Transaction& transaction, std::span<const LotChange> changes) {
   return true;
 }
 
+void Note(Transaction& transaction, const std::optional<ClientYear>& of, std::size_t changed) {
+  changes::Owner owner;
+  if (of) {
+    owner.client = of->client.value;
+    owner.year = of->year.Utf8();
+  }
+  transaction.Changes().Summarise(changes::Kind::kRebuilt, Tr("Rebuild", "Holdings"), owner);
+  transaction.Changes().Of("Stock").added_count = static_cast<std::int64_t>(changed);
+}
+
 }  // namespace
 
 std::size_t RebuildStock(Transaction& transaction, const std::optional<ClientYear>& of,
@@ -84,6 +95,9 @@ std::size_t RebuildStock(Connection& connection, const std::optional<ClientYear>
   std::size_t changed = 0;
   database::InTransaction(connection, [&](Transaction& transaction) {
     changed = RebuildStock(transaction, of, progress);
+    if (changed > 0) {
+      Note(transaction, of, changed);
+    }
   });
   return changed;
 }

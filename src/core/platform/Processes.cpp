@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -110,6 +111,11 @@ bool IsListening(const QString& socket) {
   QFile sockets(QStringLiteral("/proc/net/unix"));
   return sockets.open(QIODevice::ReadOnly) &&
          (sockets.readAll() + '\n').contains(' ' + QFile::encodeName(socket) + '\n');
+}
+
+QString UserName() {
+  const passwd* user = getpwuid(geteuid());
+  return user == nullptr ? QString::number(geteuid()) : QString::fromLocal8Bit(user->pw_name);
 }
 
 bool IsSuperuser() {

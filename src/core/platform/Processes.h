@@ -32,6 +32,9 @@ bool IsSuperuser();
 /// True for a file that the superuser owns and nobody else may change. False when there is none.
 bool IsOfSuperuser(const QString& file);
 
+/// The name by which the system knows who started this program.
+QString UserName();
+
 /// Makes a folder that nobody but this user can enter, or checks that an existing one is such a
 /// folder; throws std::runtime_error when it belongs to somebody else or cannot be made.
 void MakePrivateFolder(const QString& path);

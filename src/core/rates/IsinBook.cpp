@@ -1,6 +1,8 @@
 #include "core/rates/IsinBook.h"
 
 #include "core/database/BulkWriter.h"
+#include "core/records/Masters.h"
+#include "core/records/Writing.h"
 #include "core/text/Isin.h"
 #include "core/text/Tr.h"
 
@@ -92,11 +94,10 @@ MaybeRefusal CheckIsins(std::span<const DatedIsin> isins) {
 }
 
 void SetIsins(database::Transaction& transaction, ScripId scrip, std::span<const DatedIsin> isins) {
-  transaction.Execute("Delete From ScripIsin Where ScrId=?", scrip);
-  database::BulkWriter insert(transaction,
-                              "Insert Into ScripIsin(ScrId,Isin,FromDay) Values(?,?,?)", "itt");
+  records::Delete<records::ScripIsin>(transaction).Where(&records::ScripIsin::scrip, scrip).Run();
+  records::Writer<records::ScripIsin> insert(transaction);
   for (const DatedIsin& one : isins) {
-    insert.Int(scrip.value).Text(one.isin.toStdString()).Text(one.from_day.toStdString()).EndRow();
+    insert.Write({scrip, one.isin, one.from_day});
   }
   insert.Finish();
 }
@@ -110,6 +111,7 @@ void KeepIsins(database::Transaction& transaction, std::span<const SeenIsin> see
   for (const SeenIsin& one : seen) {
     if (!one.isin.empty() && !kept.Has(one.scrip, one.isin)) {
       insert.Int(one.scrip.value).Text(one.isin).Text(from).EndRow();
+      ++transaction.Changes().Of("ScripIsin").added_count;
     }
   }
   insert.Finish();

@@ -4,6 +4,8 @@
 #include "core/database/DateSql.h"
 #include "core/database/Keys.h"
 #include "core/database/Transaction.h"
+#include "core/records/Rates.h"
+#include "core/records/Writing.h"
 #include "core/text/FinancialYear.h"
 #include "core/text/Tr.h"
 
@@ -15,6 +17,7 @@ namespace {
 using database::BulkWriter;
 using database::Connection;
 using database::Transaction;
+using records::MarketRate;
 
 /// As SQL compares dates: "2011-06-15".
 QString SqlDay(text::Date date) {
@@ -24,23 +27,20 @@ QString SqlDay(text::Date date) {
 
 /// What a save does to the rows of one day.
 struct Changes {
-  std::vector<std::pair<int, double>> updates;  ///< row id and rate
-  std::vector<int> deletes;                     ///< row ids
+  std::vector<std::pair<MarketRate, double>> updates;  ///< as it is stored, and the new rate
+  std::vector<MarketRate> deletes;
   std::vector<ScripRate> inserts;
-};
 
-struct StoredRate {
-  int id = 0;
-  double rate = 0;
+  std::size_t Count() const { return updates.size() + deletes.size() + inserts.size(); }
 };
 
 Changes CompareWithStored(Transaction& transaction, const QString& day,
                           const std::map<ScripId, double>& rates) {
-  std::map<ScripId, StoredRate> stored;
-  for (const auto& row :
-       transaction.Open("Select ScrId,Id,Rate From MarketRate Where MDate=? For Update", day)) {
-    stored.try_emplace(ScripId{row.Int(0)}, StoredRate{row.Int(1), row.Double(2)});
-  }
+  std::map<ScripId, MarketRate> stored;
+  records::Select<MarketRate>(transaction.GetConnection())
+      .Where(&MarketRate::date, day)
+      .ForUpdate()
+      .Each([&](const MarketRate& rate) { stored.try_emplace(rate.scrip, rate); });
   Changes changes;
   for (const auto& [scrip, rate] : rates) {
     const auto found = stored.find(scrip);
@@ -49,26 +49,50 @@ Changes CompareWithStored(Transaction& transaction, const QString& day,
         changes.inserts.push_back({scrip, rate});
       }
     } else if (!(rate > 0)) {
-      changes.deletes.push_back(found->second.id);
+      changes.deletes.push_back(found->second);
     } else if (found->second.rate != rate) {
-      changes.updates.emplace_back(found->second.id, rate);
+      changes.updates.emplace_back(found->second, rate);
     }
   }
   return changes;
 }
 
+/// One entry of the log for all rates of the day: of a few that were typed with their values, of a
+/// file with their number. The new rows are noted as they are written.
+void NoteChanges(Transaction& transaction, const Changes& changes, const QString& day) {
+  constexpr std::size_t kByHand = 200;
+  if (changes.Count() == 0) {
+    return;
+  }
+  if (changes.Count() > kByHand) {
+    transaction.Changes().Summarise(changes::Kind::kRates, day);
+  }
+  records::Notes<MarketRate> notes(transaction.Changes(), "MarketRate",
+                                   records::Notes<MarketRate>::Of::kWriting);
+  for (const MarketRate& stored : changes.deletes) {
+    notes.Removed(stored);
+  }
+  for (const auto& [stored, rate] : changes.updates) {
+    notes.Removed(stored);
+    MarketRate changed = stored;
+    changed.rate = rate;
+    notes.Added(changed);
+  }
+  transaction.Changes().Is(changes::Kind::kRates);
+}
+
 void Update(Transaction& transaction, const Changes& changes) {
   if (!changes.updates.empty()) {
     BulkWriter writer(transaction, "Update MarketRate Set Rate=? Where Id=?", "di");
-    for (const auto& [id, rate] : changes.updates) {
-      writer.Double(rate).Int(id).EndRow();
+    for (const auto& [stored, rate] : changes.updates) {
+      writer.Double(rate).Int(stored.id).EndRow();
     }
     writer.Finish();
   }
   if (!changes.deletes.empty()) {
     BulkWriter writer(transaction, "Delete From MarketRate Where Id=?", "i");
-    for (const int id : changes.deletes) {
-      writer.Int(id).EndRow();
+    for (const MarketRate& stored : changes.deletes) {
+      writer.Int(stored.id).EndRow();
     }
     writer.Finish();
   }
@@ -78,18 +102,12 @@ void Insert(Transaction& transaction, text::Date date, const QString& day, const
   if (changes.inserts.empty()) {
     return;
   }
-  const std::string year = text::FinancialYear::Of(date).Utf8();
-  BulkWriter writer(transaction,
-                    "Insert Into MarketRate(Fyear,Id,MDate,ScrId,Rate) Values(?,?,?,?,?)", "titid");
+  const text::FinancialYear year = text::FinancialYear::Of(date);
+  records::Writer<MarketRate> writer(transaction);
   int next =
       database::NextKeys(transaction, "MarketRate", static_cast<int>(changes.inserts.size()));
   for (const ScripRate& rate : changes.inserts) {
-    writer.Text(year)
-        .Int(next++)
-        .Text(day.toStdString())
-        .Int(rate.scrip.value)
-        .Double(rate.rate)
-        .EndRow();
+    writer.Write({year, next++, day, rate.scrip, rate.rate});
   }
   writer.Finish();
 }
@@ -156,6 +174,7 @@ void RateBook::Save(text::Date date, std::span<const ScripRate> rates,
   const QString day = text::FormatDmy(date);
   database::InTransaction(connection_, [&](Transaction& transaction) {
     const Changes changes = CompareWithStored(transaction, day, by_scrip);
+    NoteChanges(transaction, changes, day);
     Update(transaction, changes);
     Insert(transaction, date, day, changes);
     if (!isins.empty()) {
@@ -168,6 +187,10 @@ std::int64_t RateBook::DeleteDate(text::Date date) {
   std::int64_t deleted = 0;
   database::InTransaction(connection_, [&](Transaction& transaction) {
     deleted = transaction.Execute("Delete From MarketRate Where MDate=?", text::FormatDmy(date));
+    if (deleted > 0) {
+      transaction.Changes().Summarise(changes::Kind::kRates, text::FormatDmy(date));
+      transaction.Changes().Of("MarketRate").removed_count += deleted;
+    }
   });
   return deleted;
 }

@@ -25,6 +25,8 @@ struct Lot {
 template <>
 struct Table<Lot> {
   static constexpr std::string_view kName = "Stock";
+  static constexpr bool kIsDerived = true;
+  static constexpr bool kNotesDeletes = true;
   static constexpr auto kColumns =
       std::tuple(Column{"Cid", &Lot::client}, Column{"Fyear", &Lot::year}, Column{"Id", &Lot::id},
                  Column{"AcId", &Lot::account}, Column{"ScriptId", &Lot::scrip},

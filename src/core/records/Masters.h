@@ -82,6 +82,13 @@ struct Scrip {
   QString second_code;  ///< the other exchange's; may be empty
 };
 
+/// An ISIN of a scrip.
+struct ScripIsin {
+  ScripId scrip;
+  QString isin;
+  QString from_day;  ///< dd/mm/yyyy, or empty when it is not known
+};
+
 struct ScripType {
   int id = 0;
   QString name;
@@ -95,6 +102,18 @@ struct ScripClass {
 struct Exchange {
   ExchangeId id;
   QString name;
+};
+
+/// Who may log in; the password is in a table that is not read as records.
+struct User {
+  int id = 0;
+  QString name;
+};
+
+/// What a user may do; one without a row may do everything.
+struct UserRights {
+  int user = 0;
+  int rights = 0;  ///< bits of changes::Right
 };
 
 /// A percentage of securities transaction tax to choose from.
@@ -150,6 +169,9 @@ struct Table<Account> {
                  Column{"ACNo", &Account::number});
 };
 
+/// Accounts that were removed while records name them, with the same columns as the others.
+inline constexpr std::string_view kRemovedAccounts = "RemovedAccount";
+
 template <>
 struct Table<Participant> {
   static constexpr std::string_view kName = "DepPart";
@@ -181,6 +203,27 @@ struct Table<Scrip> {
       std::tuple(Column{"Id", &Scrip::id}, Column{"Code", &Scrip::code},
                  Column{"Name", &Scrip::name}, Column{"Type", &Scrip::type},
                  Column{"ScrCls", &Scrip::scrip_class}, Column{"NCode", &Scrip::second_code});
+};
+
+template <>
+struct Table<ScripIsin> {
+  static constexpr std::string_view kName = "ScripIsin";
+  static constexpr auto kColumns =
+      std::tuple(Column{"ScrId", &ScripIsin::scrip}, Column{"Isin", &ScripIsin::isin},
+                 Column{"FromDay", &ScripIsin::from_day});
+};
+
+template <>
+struct Table<User> {
+  static constexpr std::string_view kName = "LoginId";
+  static constexpr auto kColumns = std::tuple(Column{"id", &User::id}, Column{"Name", &User::name});
+};
+
+template <>
+struct Table<UserRights> {
+  static constexpr std::string_view kName = "UserRight";
+  static constexpr auto kColumns =
+      std::tuple(Column{"LoginId", &UserRights::user}, Column{"Rights", &UserRights::rights});
 };
 
 template <>

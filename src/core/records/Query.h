@@ -62,6 +62,12 @@ class Select {
     return *this;
   }
 
+  /// These conditions in place of those before.
+  Select& With(const Conditions<Record>& conditions) {
+    conditions_ = conditions;
+    return *this;
+  }
+
   /// No condition when there is no value.
   template <class Field, class Wanted>
   Select& Where(Field Record::*member, const std::optional<Wanted>& value) {

@@ -38,6 +38,7 @@ struct Table<MarketRate> {
 template <>
 struct Table<AverageRate> {
   static constexpr std::string_view kName = "ScriptAvgRate";
+  static constexpr bool kIsDerived = true;
   static constexpr auto kColumns =
       std::tuple(Column{"Cid", &AverageRate::client}, Column{"Fyear", &AverageRate::year},
                  Column{"AcId", &AverageRate::account}, Column{"ScriptId", &AverageRate::scrip},

@@ -21,7 +21,9 @@ Column(const char*, Field Record::*) -> Column<Record, Field>;
 ///     static constexpr std::string_view kName = "StkOpBal";
 ///     static constexpr auto kColumns = std::tuple(Column{"CId", &Opening::client}, ...);
 ///
-/// This is the one list of the columns: everything that reads or writes the table uses it.
+/// This is the one list of the columns: everything that reads or writes the table uses it. A table
+/// that is computed from others has `static constexpr bool kIsDerived = true;` as well: its rows
+/// are not in the log of changes.
 template <class Record>
 struct Table;
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "core/database/Keys.h"
 #include "core/database/Transaction.h"
 #include "core/records/Query.h"
+#include "core/records/RowJson.h"
 
+#include <algorithm>
 #include <span>
 #include <string>
 
@@ -10,17 +13,22 @@ namespace quorvane::records {
 
 using database::Transaction;
 
+// Records are written and deleted here and nowhere else, so that each change of one is in the log
+// of changes (changes::Changes).
+
 /// Inserts records of a table, thousands at a time, in the order in which they are given. What was
 /// written after the last Finish is not sent.
 template <class Record>
 class Writer {
  public:
   explicit Writer(Transaction& transaction, std::string_view table = Table<Record>::kName)
-      : writer_(transaction, Statement(table), Types()) {}
+      : writer_(transaction, Statement(table), Types()),
+        notes_(transaction.Changes(), table, Notes<Record>::Of::kWriting) {}
 
   void Write(const Record& record) {
     ForEachColumn<Record>([&](const auto& column) { WriteCell(writer_, record.*(column.member)); });
     writer_.EndRow();
+    notes_.Added(record);
   }
   void Finish() { writer_.Finish(); }
 
@@ -44,6 +52,7 @@ class Writer {
   }
 
   BulkWriter writer_;
+  Notes<Record> notes_;
 };
 
 template <class Record>
@@ -85,8 +94,18 @@ class Delete {
     if (conditions_.text.empty()) {
       return 0;
     }
-    return transaction_.GetConnection().ExecuteValues(
+    Notes<Record> notes(transaction_.Changes(), table_, Notes<Record>::Of::kDeleting);
+    const bool by_row = notes.NeedRows();
+    if (by_row) {
+      Select<Record> doomed(transaction_.GetConnection(), table_);
+      doomed.With(conditions_).ForUpdate().Each([&](const Record& row) { notes.Removed(row); });
+    }
+    const std::int64_t count = transaction_.GetConnection().ExecuteValues(
         std::string("Delete From ").append(table_).append(conditions_.text), conditions_.values);
+    if (!by_row) {
+      notes.RemovedUnread(count);
+    }
+    return count;
   }
 
  private:
@@ -94,5 +113,35 @@ class Delete {
   std::string_view table_;
   Conditions<Record> conditions_;
 };
+
+/// Puts a record in the place of the one with its key.
+template <class Record>
+void Replace(Transaction& transaction, const Record& record,
+             std::string_view table = Table<Record>::kName) {
+  Delete<Record>(transaction, table).Where(&Record::id, record.id).Run();
+  Insert(transaction, record, table);
+}
+
+/// Deletes the records that name any of the keys, some hundred keys at a time.
+template <class Record, class Field>
+void DeleteNaming(Transaction& transaction, Field Record::*member,
+                  std::span<const std::type_identity_t<Field>> keys,
+                  std::string_view table = Table<Record>::kName) {
+  constexpr std::size_t kAtOnce = 500;
+  for (; !keys.empty(); keys = keys.subspan(std::min(kAtOnce, keys.size()))) {
+    Delete<Record>(transaction, table).In(member, keys.first(std::min(kAtOnce, keys.size()))).Run();
+  }
+}
+
+/// Makes room for a record that is about to be written whole, and returns its key. A stored record
+/// of that key is removed and its key kept; a record without a key, or one that was deleted
+/// meanwhile, gets the table's next free key, because its own may be taken.
+template <class Record, class Key>
+Key ClaimKey(Transaction& transaction, Key Record::*member, Key key,
+             std::string_view table = Table<Record>::kName) {
+  const bool stored =
+      KeyNumber(key) != 0 && Delete<Record>(transaction, table).Where(member, key).Run() > 0;
+  return stored ? key : Key{database::NextKey(transaction, table)};
+}
 
 }  // namespace quorvane::records

@@ -1,7 +1,8 @@
 #include "core/tax/FairValues.h"
 
-#include "core/database/BulkWriter.h"
 #include "core/database/DateSql.h"
+#include "core/records/Tax.h"
+#include "core/records/Writing.h"
 #include "core/text/Amounts.h"
 #include "core/text/FinancialYear.h"
 #include "core/text/Tr.h"
@@ -102,14 +103,14 @@ void SaveFairValue(Transaction& transaction, ScripId scrip, double rate) {
 }
 
 void SaveFairValues(Transaction& transaction, const FairValues& values) {
-  database::BulkWriter insert(
-      transaction,
-      "Insert Into FairValue(ScrId,Rate) Values(?,?) On Duplicate Key Update Rate=Values(Rate)",
-      "id");
+  std::vector<ScripId> scrips;
+  std::vector<records::FairValue> rows;
   for (const auto& [scrip, rate] : values) {
-    insert.Int(scrip.value).Double(rate).EndRow();
+    scrips.push_back(scrip);
+    rows.push_back({scrip, rate});
   }
-  insert.Finish();
+  RemoveFairValues(transaction, scrips);
+  records::Insert(transaction, std::span<const records::FairValue>(rows));
 }
 
 void RemoveFairValue(Transaction& transaction, ScripId scrip) {
@@ -117,11 +118,7 @@ void RemoveFairValue(Transaction& transaction, ScripId scrip) {
 }
 
 void RemoveFairValues(Transaction& transaction, const std::vector<ScripId>& scrips) {
-  database::BulkWriter remove(transaction, "Delete From FairValue Where ScrId=?", "i");
-  for (const ScripId scrip : scrips) {
-    remove.Int(scrip.value).EndRow();
-  }
-  remove.Finish();
+  records::DeleteNaming(transaction, &records::FairValue::scrip, std::span(scrips));
 }
 
 std::set<ScripId> ScripsAcquiredByFairValueDay(Connection& connection) {

@@ -1,6 +1,7 @@
 #include "core/tax/TaxLosses.h"
 
-#include "core/database/BulkWriter.h"
+#include "core/records/Tax.h"
+#include "core/records/Writing.h"
 #include "core/text/Tr.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace quorvane::tax {
 namespace {
 
 using database::Connection;
-using database::Recordset;
 using database::Transaction;
 using text::FinancialYear;
 
@@ -20,22 +20,18 @@ std::ptrdiff_t PlaceOf(LossKind kind) {
   return std::ranges::find(kLossKinds, kind, &LossKindName::kind) - kLossKinds.begin();
 }
 
-FinancialYear YearIn(const Recordset& row, std::size_t column) {
-  return FinancialYear::Parse(row.Utf8(column)).value_or(FinancialYear());
-}
-
-TaxLoss LossOf(const Recordset& row) {
-  return {ClientId{row.Int(0)}, YearIn(row, 1), YearIn(row, 2), static_cast<LossKind>(row.Int(3)),
-          text::Paise::OfRupees(row.Double(4))};
-}
-
-void Sort(std::vector<TaxLoss>& losses) {
+std::vector<TaxLoss> LossesOf(const std::vector<records::TaxLoss>& rows) {
+  std::vector<TaxLoss> losses;
+  losses.reserve(rows.size());
+  for (const records::TaxLoss& row : rows) {
+    losses.push_back({row.client, row.year, row.loss_year, static_cast<LossKind>(row.kind),
+                      text::Paise::OfRupees(row.amount)});
+  }
   std::ranges::sort(losses, {}, [](const TaxLoss& loss) {
     return std::tuple(loss.client, loss.year, loss.loss_year, PlaceOf(loss.kind));
   });
+  return losses;
 }
-
-constexpr std::string_view kColumns = "Select CId,Fyear,LossYear,Kind,Amount From TaxLoss";
 
 }  // namespace
 
@@ -50,22 +46,14 @@ std::optional<LossKind> LossKindOf(std::string_view file_name) {
 }
 
 std::vector<TaxLoss> ReadTaxLosses(Connection& connection, ClientId client, FinancialYear year) {
-  std::vector<TaxLoss> losses;
-  for (const auto& row :
-       connection.Open(std::string(kColumns) + " Where CId=? and Fyear=?", client, year.Utf8())) {
-    losses.push_back(LossOf(row));
-  }
-  Sort(losses);
-  return losses;
+  return LossesOf(records::Select<records::TaxLoss>(connection)
+                      .Where(&records::TaxLoss::client, client)
+                      .Where(&records::TaxLoss::year, year)
+                      .All());
 }
 
 std::vector<TaxLoss> ReadAllTaxLosses(Connection& connection) {
-  std::vector<TaxLoss> losses;
-  for (const auto& row : connection.Open(kColumns)) {
-    losses.push_back(LossOf(row));
-  }
-  Sort(losses);
-  return losses;
+  return LossesOf(records::Select<records::TaxLoss>(connection).All());
 }
 
 MaybeRefusal CheckTaxLoss(const TaxLoss& loss) {
@@ -103,7 +91,10 @@ MaybeRefusal CheckTaxLosses(std::span<const TaxLoss> losses) {
 
 void ReplaceTaxLosses(Transaction& transaction, ClientId client, FinancialYear year,
                       std::span<const TaxLoss> losses) {
-  transaction.Execute("Delete From TaxLoss Where CId=? and Fyear=?", client, year.Utf8());
+  records::Delete<records::TaxLoss>(transaction)
+      .Where(&records::TaxLoss::client, client)
+      .Where(&records::TaxLoss::year, year)
+      .Run();
   std::vector<TaxLoss> owned(losses.begin(), losses.end());
   for (TaxLoss& loss : owned) {
     loss.client = client;
@@ -113,18 +104,13 @@ void ReplaceTaxLosses(Transaction& transaction, ClientId client, FinancialYear y
 }
 
 void InsertTaxLosses(Transaction& transaction, std::span<const TaxLoss> losses) {
-  database::BulkWriter insert(
-      transaction, "Insert Into TaxLoss(CId,Fyear,LossYear,Kind,Amount) Values(?,?,?,?,?)",
-      "ittid");
+  std::vector<records::TaxLoss> rows;
+  rows.reserve(losses.size());
   for (const TaxLoss& loss : losses) {
-    insert.Int(loss.client.value)
-        .Text(loss.year.Utf8())
-        .Text(loss.loss_year.Utf8())
-        .Int(static_cast<int>(loss.kind))
-        .Double(loss.amount.Rupees())
-        .EndRow();
+    rows.push_back({loss.client, loss.year, loss.loss_year, static_cast<int>(loss.kind),
+                    loss.amount.Rupees()});
   }
-  insert.Finish();
+  records::Insert(transaction, std::span<const records::TaxLoss>(rows));
 }
 
 }  // namespace quorvane::tax

@@ -1,7 +1,10 @@
 #include "masters/brokers/BrokerBook.h"
 
-#include "core/database/Keys.h"
 #include "core/ledger/Rebuild.h"
+#include "core/records/Bill.h"
+#include "core/records/Masters.h"
+#include "core/records/Money.h"
+#include "core/records/Writing.h"
 #include "core/text/Tr.h"
 
 #include <fmt/format.h>
@@ -13,10 +16,8 @@ using database::Connection;
 using database::Recordset;
 using database::TextCell;
 using database::Transaction;
-using database::Value;
 
 constexpr std::size_t kFirstContactColumn = 2;
-constexpr std::size_t kColumnCount = kFirstContactColumn + masters::kContactColumnCount;
 
 std::string Columns() {
   return fmt::format("Id,Name,{}", masters::kContactColumns);
@@ -26,25 +27,29 @@ Broker BrokerOf(const Recordset& row) {
   return {BrokerId{row.Int(0)}, row.Text(1), masters::ContactOf(row, kFirstContactColumn)};
 }
 
-void Insert(Transaction& transaction, const Broker& broker) {
-  std::vector<Value> values{broker.id, broker.name};
-  masters::AppendValues(values, broker.contact);
-  transaction.GetConnection().ExecuteValues(
-      fmt::format("Insert Into Broker({}) Values{}", Columns(),
-                  masters::Placeholders(kColumnCount)),
-      values);
+records::Broker RecordOf(const Broker& broker) {
+  records::Broker record;
+  static_cast<records::Contact&>(record) = broker.contact;
+  record.id = broker.id;
+  record.name = broker.name;
+  return record;
 }
 
 void DeleteRows(Transaction& transaction, BrokerId id) {
-  transaction.Execute("Delete From Broker Where Id=?", id);
-  transaction.Execute("Delete From BrOpBal Where BrId=?", id);
-  transaction.Execute("Delete From BrPayment Where BrId=?", id);
-  transaction.Execute("Delete From BrRec Where BrId=?", id);
-  transaction.Execute(
-      "Delete SPTrans From SPMaster Join SPTrans On SPTrans.SID=SPMaster.ID "
-      "Where SPMaster.BrokId=?",
-      id);
-  transaction.Execute("Delete From SPMaster Where BrokId=?", id);
+  using records::Payment;
+  records::Delete<records::Broker>(transaction).Where(&records::Broker::id, id).Run();
+  records::Delete<records::BrokerOpening>(transaction)
+      .Where(&records::BrokerOpening::broker, id)
+      .Run();
+  records::Delete<Payment>(transaction).Where(&Payment::broker, id).Run();
+  records::Delete<Payment>(transaction, records::kReceipts).Where(&Payment::broker, id).Run();
+  std::vector<BillId> bills;
+  for (const auto& row :
+       transaction.Open("Select ID From SPMaster Where BrokId=? For Update", id)) {
+    bills.push_back(BillId{row.Int(0)});
+  }
+  records::DeleteNaming(transaction, &records::BillLine::bill, std::span<const BillId>(bills));
+  records::Delete<records::Bill>(transaction).Where(&records::Bill::broker, id).Run();
 }
 
 }  // namespace
@@ -80,8 +85,8 @@ Result<BrokerId> BrokerBook::Save(const Broker& broker) {
   }
   return database::InTransaction(connection_, [&](Transaction& transaction) -> Result<BrokerId> {
     Broker saved = broker;
-    saved.id = database::ClaimKey(transaction, "Broker", saved.id);
-    Insert(transaction, saved);
+    saved.id = records::ClaimKey(transaction, &records::Broker::id, saved.id);
+    records::Insert(transaction, RecordOf(saved));
     return saved.id;
   });
 }

@@ -2,6 +2,7 @@
 
 #include "core/database/Keys.h"
 #include "core/lookups/Directory.h"
+#include "core/records/Writing.h"
 #include "core/text/Tr.h"
 
 #include <fmt/format.h>
@@ -78,11 +79,14 @@ void KeepRemoved(Transaction& transaction, std::set<AccountId> gone, const Clien
     gone.erase(account.id);
   }
   for (const AccountId id : gone) {
-    if (!RecordsNaming(transaction.GetConnection(), id).IsNone()) {
-      transaction.Execute(
-          "Replace Into RemovedAccount(CId,id,DMATAC,DPID,ACNo) "
-          "Select CId,id,DMATAC,DPID,ACNo From ClientActDet Where id=? Limit 1",
-          id);
+    if (RecordsNaming(transaction.GetConnection(), id).IsNone()) {
+      continue;
+    }
+    const auto account = records::Select<records::Account>(transaction.GetConnection())
+                             .Where(&records::Account::id, id)
+                             .First();
+    if (account) {
+      records::Replace(transaction, *account, records::kRemovedAccounts);
     }
   }
 }
@@ -128,13 +132,18 @@ void ReplaceAccounts(Transaction& transaction, Client& client) {
   const std::set<AccountId> stored = StoredIds(transaction, client.id);
   NumberAccounts(transaction, stored, client);
   KeepRemoved(transaction, stored, client);
-  transaction.Execute("Delete From ClientActDet Where CId=?", client.id);
+  records::Delete<records::Account>(transaction).Where(&records::Account::client, client.id).Run();
+  std::vector<records::Account> rows;
+  std::vector<AccountId> kept;
   for (const Account& account : client.accounts) {
-    transaction.Execute("Insert Into ClientActDet(CId,id,DMATAC,DPID,ACNo) Values(?,?,?,?,?)",
-                        client.id, account.id, account.participant, account.dp_id, account.number);
+    rows.push_back({client.id, account.id, account.participant, account.dp_id, account.number});
+    kept.push_back(account.id);
   }
-  transaction.Execute(
-      "Delete R From RemovedAccount R Join ClientActDet A On A.id=R.id Where R.CId=?", client.id);
+  records::Insert(transaction, std::span<const records::Account>(rows));
+  records::Delete<records::Account>(transaction, records::kRemovedAccounts)
+      .Where(&records::Account::client, client.id)
+      .In(&records::Account::id, kept)
+      .Run();
 }
 
 }  // namespace quorvane::clients

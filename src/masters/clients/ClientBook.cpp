@@ -1,6 +1,11 @@
 #include "masters/clients/ClientBook.h"
 
-#include "core/database/Keys.h"
+#include "core/records/Bill.h"
+#include "core/records/Lot.h"
+#include "core/records/Money.h"
+#include "core/records/Opening.h"
+#include "core/records/Transfer.h"
+#include "core/records/Writing.h"
 #include "core/text/Tr.h"
 #include "masters/clients/AccountBook.h"
 
@@ -16,12 +21,10 @@ namespace {
 using database::Connection;
 using database::Recordset;
 using database::Transaction;
-using database::Value;
 
 constexpr std::string_view kColumns = "Id,Code,GCode,Name,{},DOB,PAN,Sex,MStatus,SignDoc";
 constexpr std::size_t kFirstContactColumn = 4;
 constexpr std::size_t kAfterContact = kFirstContactColumn + masters::kContactColumnCount;
-constexpr std::size_t kColumnCount = kAfterContact + 5;
 
 std::string Columns() {
   return fmt::format(kColumns, masters::kContactColumns);
@@ -54,23 +57,27 @@ Refusal CodeTaken() {
   return {Tr("Clients", "Client Code Already Exists."), Field::kCode};
 }
 
-void Insert(Transaction& transaction, const Client& client) {
-  std::vector<Value> values{client.id, client.code, client.group_code, client.name};
-  masters::AppendValues(values, client.contact);
-  values.insert(values.end(), {client.date_of_birth, client.pan, client.sex, client.marital_status,
-                               client.document});
-  transaction.GetConnection().ExecuteValues(
-      fmt::format("Insert Into ClientInfo({}) Values{}", Columns(),
-                  masters::Placeholders(kColumnCount)),
-      values);
+records::Client RecordOf(const Client& client) {
+  records::Client record;
+  static_cast<records::Contact&>(record) = client.contact;
+  record.id = client.id;
+  record.code = client.code;
+  record.group_code = client.group_code;
+  record.name = client.name;
+  record.date_of_birth = client.date_of_birth;
+  record.pan = client.pan;
+  record.sex = client.sex;
+  record.marital_status = client.marital_status;
+  record.document = client.document;
+  return record;
 }
 
 Result<Client> SaveIn(Transaction& transaction, Client client) {
   if (CodeIsTaken(transaction.GetConnection(), client)) {
     return CodeTaken();
   }
-  client.id = database::ClaimKey(transaction, "ClientInfo", client.id);
-  Insert(transaction, client);
+  client.id = records::ClaimKey(transaction, &records::Client::id, client.id);
+  records::Insert(transaction, RecordOf(client));
   ReplaceAccounts(transaction, client);
   return client;
 }
@@ -88,6 +95,27 @@ std::vector<std::string> ClientTables(Transaction& transaction) {
     tables.emplace_back(row.Utf8(0));
   }
   return tables;
+}
+
+template <class Record>
+void DeleteOf(Transaction& transaction, ClientId id,
+              std::string_view table = records::Table<Record>::kName) {
+  records::Delete<Record>(transaction, table).Where(&Record::client, id).Run();
+}
+
+/// What the log of changes keeps of a client that is deleted.
+void DeleteRecords(Transaction& transaction, ClientId id) {
+  records::Delete<records::Client>(transaction).Where(&records::Client::id, id).Run();
+  DeleteOf<records::Account>(transaction, id);
+  DeleteOf<records::Account>(transaction, id, records::kRemovedAccounts);
+  DeleteOf<records::Opening>(transaction, id);
+  DeleteOf<records::Bill>(transaction, id);
+  DeleteOf<records::BillLine>(transaction, id);
+  DeleteOf<records::Transfer>(transaction, id);
+  DeleteOf<records::BrokerOpening>(transaction, id);
+  DeleteOf<records::Payment>(transaction, id);
+  DeleteOf<records::Payment>(transaction, id, records::kReceipts);
+  DeleteOf<records::Lot>(transaction, id);
 }
 
 std::string AfterCommit(const QString& done, const std::runtime_error& error) {
@@ -158,7 +186,7 @@ void ClientBook::Delete(ClientId id) {
     return;
   }
   database::InTransaction(connection_, [&](Transaction& transaction) {
-    transaction.Execute("Delete From ClientInfo Where Id=?", id);
+    DeleteRecords(transaction, id);
     for (const std::string& table : ClientTables(transaction)) {
       transaction.Execute(fmt::format("Delete From `{}` Where Cid=?", table), id);
     }

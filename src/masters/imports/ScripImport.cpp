@@ -123,6 +123,7 @@ ImportCounts ImportScrips(database::Connection& connection, const PriceFile& fil
                           Progress& progress) {
   ImportCounts counts;
   database::InTransaction(connection, [&](Transaction& transaction) {
+    transaction.Changes().Summarise(changes::Kind::kImported, Tr("Imports", "Scrips"));
     // The key is asked for first: a second writer then waits until this one has ended.
     database::FirstFreeKey(transaction, "Script");
     const std::vector<ImportedScrip> plan = PlanImport(transaction.GetConnection(), file);

@@ -26,6 +26,7 @@ int NameKeys::KeyOf(const std::string& name) {
   if (is_new) {
     place->second = database::NextKey(transaction_, table_);
     transaction_.Execute(fmt::format("Insert Into {} Values(?,?)", table_), place->second, name);
+    ++transaction_.Changes().Of(table_).added_count;
   }
   return place->second;
 }
@@ -43,6 +44,9 @@ ScripWriter::ScripWriter(Transaction& transaction)
 void ScripWriter::Write(const ImportedScrip& scrip) {
   const int type = types_.KeyOf(scrip.type);
   const int scrip_class = classes_.KeyOf(scrip.scrip_class);
+  changes::TableChanges& count = transaction_.Changes().Of("Script");
+  ++count.added_count;
+  count.removed_count += scrip.state == ScripState::kNew ? 0 : 1;
   const ScripId id = scrip.state == ScripState::kNew ? ScripId{next_++} : scrip.id;
   if (scrip.state == ScripState::kNew) {
     insert_.Int(id.value).Text(scrip.code).Text(scrip.name).Int(type).Int(scrip_class);

@@ -1,6 +1,7 @@
 #include "masters/lookup_masters/LookupBook.h"
 
-#include "core/database/Keys.h"
+#include "core/records/Masters.h"
+#include "core/records/Writing.h"
 #include "core/text/Amounts.h"
 #include "core/text/Tr.h"
 
@@ -34,14 +35,27 @@ std::string ColumnNames(const LookupMaster& master) {
   return names;
 }
 
-void Insert(Transaction& transaction, const LookupMaster& master, const LookupRow& row) {
-  std::string sql = fmt::format("Insert Into {}({}) Values(?", master.table, ColumnNames(master));
-  std::vector<Value> values{row.id};
-  for (std::size_t i = 0; i < master.columns.size(); ++i) {
-    sql += ",?";
-    values.push_back(ValueOf(master.columns[i], row.values[i]));
+/// Calls `work` with the row as a record of its table.
+template <class Work>
+auto WithRecord(LookupKind kind, const LookupRow& row, const Work& work) {
+  const auto text = [&](std::size_t at) {
+    return at < row.values.size() ? row.values[at] : QString();
+  };
+  switch (kind) {
+    case LookupKind::kScripTypes:
+      return work(records::ScripType{row.id, text(0)});
+    case LookupKind::kScripClasses:
+      return work(records::ScripClass{row.id, text(0)});
+    case LookupKind::kExchanges:
+      return work(records::Exchange{ExchangeId{row.id}, text(0)});
+    case LookupKind::kSttPercentages:
+      return work(records::SttPercent{row.id, text::Val(text(0))});
+    case LookupKind::kTaxPercentages:
+      break;
   }
-  transaction.GetConnection().ExecuteValues(sql + ")", values);
+  return work(records::Percentage{
+      row.id, text::FinancialYear::Parse(text(0)).value_or(text::FinancialYear()), text(1),
+      text::Val(text(2)), text(3)});
 }
 
 }  // namespace
@@ -88,7 +102,9 @@ std::vector<LookupRow> LookupBook::AddMissing(const std::vector<LookupRow>& rows
 
 void LookupBook::Delete(int id) {
   database::InTransaction(connection_, [&](Transaction& transaction) {
-    transaction.Execute(fmt::format("Delete From {} Where Id=?", master_.table), id);
+    WithRecord(master_.kind, {id, {}}, [&]<class Record>(const Record& record) {
+      records::Delete<Record>(transaction).Where(&Record::id, record.id).Run();
+    });
   });
 }
 
@@ -96,8 +112,11 @@ Result<int> LookupBook::SaveIn(Transaction& transaction, LookupRow row) const {
   if (IsTaken(transaction, row)) {
     return Refusal{Tr("LookupMasters", master_.if_taken), master_.columns.front().field};
   }
-  row.id = database::ClaimKey(transaction, master_.table, row.id);
-  Insert(transaction, master_, row);
+  row.id = WithRecord(master_.kind, row, [&]<class Record>(Record record) {
+    record.id = records::ClaimKey(transaction, &Record::id, record.id);
+    records::Insert(transaction, record);
+    return records::KeyNumber(record.id);
+  });
   return row.id;
 }
 

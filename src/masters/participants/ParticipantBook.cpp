@@ -1,6 +1,8 @@
 #include "masters/participants/ParticipantBook.h"
 
 #include "core/database/Keys.h"
+#include "core/records/Masters.h"
+#include "core/records/Writing.h"
 #include "core/text/Tr.h"
 
 #include <fmt/format.h>
@@ -14,11 +16,9 @@ using database::Connection;
 using database::Recordset;
 using database::TextCell;
 using database::Transaction;
-using database::Value;
 
 constexpr std::size_t kFirstContactColumn = 2;
 constexpr std::size_t kAfterContact = kFirstContactColumn + masters::kContactColumnCount;
-constexpr std::size_t kColumnCount = kAfterContact + 3;
 
 std::string Columns() {
   return fmt::format("Id,Name,{},Person,Designation,Depository", masters::kContactColumns);
@@ -54,15 +54,15 @@ MaybeRefusal CheckDpIds(const Participant& participant) {
   return database::CheckTextWidths("DpIDs", cells);
 }
 
-void Insert(Transaction& transaction, const Participant& participant) {
-  std::vector<Value> values{participant.id, participant.name};
-  masters::AppendValues(values, participant.contact);
-  values.insert(values.end(),
-                {participant.person, participant.designation, participant.depository});
-  transaction.GetConnection().ExecuteValues(
-      fmt::format("Insert Into DepPart({}) Values{}", Columns(),
-                  masters::Placeholders(kColumnCount)),
-      values);
+records::Participant RecordOf(const Participant& participant) {
+  records::Participant record;
+  static_cast<records::Contact&>(record) = participant.contact;
+  record.id = participant.id;
+  record.name = participant.name;
+  record.person = participant.person;
+  record.designation = participant.designation;
+  record.depository = static_cast<records::Depository>(participant.depository);
+  return record;
 }
 
 /// DP ids that stand in the database keep their numbers; the others get new ones.
@@ -81,15 +81,20 @@ void NumberDpIds(Transaction& transaction, Participant& participant) {
   database::KeepKeys(transaction, "DpIDs", next);
 }
 
+void DeleteDpIds(Transaction& transaction, ParticipantId id) {
+  records::Delete<records::DpId>(transaction).Where(&records::DpId::participant, id).Run();
+}
+
 void ReplaceDpIds(Transaction& transaction, Participant& participant) {
   std::erase_if(participant.dp_ids,
                 [](const DpId& dp_id) { return !dp_id.id && dp_id.text.trimmed().isEmpty(); });
   NumberDpIds(transaction, participant);
-  transaction.Execute("Delete From DpIDs Where DepId=?", participant.id);
+  DeleteDpIds(transaction, participant.id);
+  std::vector<records::DpId> rows;
   for (const DpId& dp_id : participant.dp_ids) {
-    transaction.Execute("Insert Into DpIDs(DepId,id,DPID) Values(?,?,?)", participant.id, dp_id.id,
-                        dp_id.text);
+    rows.push_back({participant.id, dp_id.id, dp_id.text});
   }
+  records::Insert(transaction, std::span<const records::DpId>(rows));
 }
 
 }  // namespace
@@ -147,8 +152,8 @@ Result<Participant> ParticipantBook::Save(const Participant& participant) {
   }
   return database::InTransaction(connection_, [&](Transaction& transaction) -> Result<Participant> {
     Participant saved = participant;
-    saved.id = database::ClaimKey(transaction, "DepPart", saved.id);
-    Insert(transaction, saved);
+    saved.id = records::ClaimKey(transaction, &records::Participant::id, saved.id);
+    records::Insert(transaction, RecordOf(saved));
     ReplaceDpIds(transaction, saved);
     return saved;
   });
@@ -156,8 +161,8 @@ Result<Participant> ParticipantBook::Save(const Participant& participant) {
 
 void ParticipantBook::Delete(ParticipantId id) {
   database::InTransaction(connection_, [&](Transaction& transaction) {
-    transaction.Execute("Delete From DepPart Where Id=?", id);
-    transaction.Execute("Delete From DpIDs Where DepId=?", id);
+    records::Delete<records::Participant>(transaction).Where(&records::Participant::id, id).Run();
+    DeleteDpIds(transaction, id);
   });
 }
 

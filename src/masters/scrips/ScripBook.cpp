@@ -1,9 +1,16 @@
 #include "masters/scrips/ScripBook.h"
 
-#include "core/database/Keys.h"
 #include "core/database/TextWidths.h"
 #include "core/ledger/Lots.h"
 #include "core/ledger/Rebuild.h"
+#include "core/records/Bill.h"
+#include "core/records/Dividend.h"
+#include "core/records/Masters.h"
+#include "core/records/Opening.h"
+#include "core/records/Rates.h"
+#include "core/records/Tax.h"
+#include "core/records/Transfer.h"
+#include "core/records/Writing.h"
 #include "core/text/Tr.h"
 
 #include <array>
@@ -40,10 +47,9 @@ Result<ScripId> SaveIn(Transaction& transaction, Scrip scrip) {
   if (CodeIsTaken(transaction, scrip)) {
     return Refusal{Tr("Scrips", "Script Code Already Exists."), Field::kCode};
   }
-  scrip.id = database::ClaimKey(transaction, "Script", scrip.id);
-  transaction.Execute("Insert Into Script(Id,Code,Name,Type,ScrCls,NCode) Values(?,?,?,?,?,?)",
-                      scrip.id, scrip.code, scrip.name, scrip.type, scrip.scrip_class,
-                      scrip.second_code);
+  scrip.id = records::ClaimKey(transaction, &records::Scrip::id, scrip.id);
+  records::Insert(transaction, records::Scrip{scrip.id, scrip.code, scrip.name, scrip.type,
+                                              scrip.scrip_class, scrip.second_code});
   if (scrip.isins) {
     rates::SetIsins(transaction, scrip.id, *scrip.isins);
   }
@@ -67,25 +73,37 @@ std::vector<ClientYear> HoldersOf(Transaction& transaction, ScripId id) {
   return holders;
 }
 
+template <class Record>
+void DeleteOf(Transaction& transaction, ScripId id) {
+  records::Delete<Record>(transaction).Where(&Record::scrip, id).Run();
+}
+
+template <class Key>
+std::vector<Key> KeysOf(Transaction& transaction, std::string_view sql, ScripId id) {
+  std::vector<Key> keys;
+  for (const auto& row : transaction.Open(sql, id)) {
+    keys.push_back(Key{row.Int(0)});
+  }
+  return keys;
+}
+
 void DeleteRows(Transaction& transaction, ScripId id) {
-  transaction.Execute("Delete From Script Where Id=?", id);
-  transaction.Execute("Delete From ScrTransfer Where ScrId=?", id);
-  transaction.Execute(
-      "Delete SPMaster From SPTrans Join SPMaster On SPMaster.ID=SPTrans.SID "
-      "Where SPTrans.ScriptId=?",
-      id);
-  transaction.Execute("Delete From SPTrans Where ScriptId=?", id);
-  transaction.Execute("Delete From StkOpBal Where ScriptId=?", id);
-  transaction.Execute("Delete From Stock Where ScriptId=?", id);
-  transaction.Execute("Delete From MarketRate Where ScrId=?", id);
-  transaction.Execute("Delete From ScripIsin Where ScrId=?", id);
-  transaction.Execute("Delete From Dividend Where ScrId=?", id);
-  transaction.Execute("Delete From FairValue Where ScrId=?", id);
-  transaction.Execute(
-      "Delete CorpActionLot From CorpActionLot Join CorpAction On CorpAction.Id="
-      "CorpActionLot.ActionId Where CorpAction.ScrId=? Or CorpAction.OtherScrId=?",
-      id, id);
-  transaction.Execute("Delete From CorpAction Where ScrId=? Or OtherScrId=?", id, id);
+  records::Delete<records::Scrip>(transaction).Where(&records::Scrip::id, id).Run();
+  DeleteOf<records::Transfer>(transaction, id);
+  const auto bills = KeysOf<BillId>(
+      transaction, "Select Distinct SID From SPTrans Where ScriptId=? For Update", id);
+  records::DeleteNaming(transaction, &records::Bill::id, std::span(bills));
+  DeleteOf<records::BillLine>(transaction, id);
+  DeleteOf<records::Opening>(transaction, id);
+  DeleteOf<records::Lot>(transaction, id);
+  DeleteOf<records::MarketRate>(transaction, id);
+  DeleteOf<records::ScripIsin>(transaction, id);
+  DeleteOf<records::Dividend>(transaction, id);
+  DeleteOf<records::FairValue>(transaction, id);
+  const auto actions = KeysOf<ActionId>(
+      transaction, "Select Id From CorpAction Where ? In(ScrId,OtherScrId) For Update", id);
+  records::DeleteNaming(transaction, &records::ActionLot::action, std::span(actions));
+  records::DeleteNaming(transaction, &records::Action::id, std::span(actions));
 }
 
 /// All lots are locked before the first is read: a plain read fixes the instant that the later ones

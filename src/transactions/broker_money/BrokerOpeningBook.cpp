@@ -171,7 +171,8 @@ Result<BrokerOpeningId> BrokerOpeningBook::Save(const BrokerOpening& opening) {
           return Refusal{Tr("BrokerMoney", "Record Already Exists!"), Field::kBroker};
         }
         BrokerOpening saved = opening;
-        saved.id = database::ClaimKey(transaction, "BrOpBal", saved.id);
+        saved.id = BrokerOpeningId{
+            records::ClaimKey(transaction, &records::BrokerOpening::id, saved.id.value)};
         records::Insert(transaction, RecordOf(of_, saved));
         return saved.id;
       });
@@ -196,6 +197,9 @@ bool BrokerOpeningBook::HasBalancesToCarryForward() const {
 std::size_t BrokerOpeningBook::CarryForward() {
   std::size_t written = 0;
   database::InTransaction(connection_, [&](Transaction& transaction) {
+    transaction.Changes().Summarise(changes::Kind::kCarriedForward,
+                                    Tr("BrokerMoney", "Broker balances"),
+                                    {.client = of_.client.value, .year = of_.year.Utf8()});
     Balances balances = Closing(transaction, {of_.client, of_.year.Previous()}).Read();
     KeepOthers(transaction, of_, balances);
     DeleteRows(transaction, of_, balances);

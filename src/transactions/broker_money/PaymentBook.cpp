@@ -60,7 +60,8 @@ Result<PaymentId> PaymentBook::Save(const BrokerPayment& payment) {
   }
   return database::InTransaction(connection_, [&](Transaction& transaction) -> Result<PaymentId> {
     BrokerPayment saved = payment;
-    saved.id = database::ClaimKey(transaction, PaymentTable(kind_), saved.id);
+    saved.id = PaymentId{
+        records::ClaimKey(transaction, &records::Payment::id, saved.id.value, PaymentTable(kind_))};
     records::Insert(transaction, RecordOf(of_, saved), PaymentTable(kind_));
     return saved.id;
   });

@@ -61,7 +61,7 @@ Result<ActionId> SaveIn(Transaction& transaction, const Action& entered) {
     return *refusal;
   }
   action.applied = false;
-  action.id = database::ClaimKey(transaction, records::Table<Action>::kName, action.id);
+  action.id = records::ClaimKey(transaction, &Action::id, action.id);
   records::Insert(transaction, action);
   return action.id;
 }
@@ -73,25 +73,6 @@ Refusal Named(Transaction& transaction, const Action& action, const Refusal& ref
   return {QStringLiteral("%1, %2, %3: %4")
               .arg(scrip, actions::Describe(action), action.ex_day, refusal.text),
           refusal.field};
-}
-
-/// Whether an action of a later day, or one applied after it, touched lots of the same scrips.
-MaybeRefusal CheckIsLast(Transaction& transaction, const Action& action) {
-  const auto day = text::ParseDmy(action.ex_day);
-  const auto touches = [&](const Action& other) {
-    const bool same = other.scrip == action.scrip || other.scrip == action.other ||
-                      (other.other && (other.other == action.scrip || other.other == action.other));
-    return other.applied && other.id != action.id && same;
-  };
-  for (const Action& other : records::Select<Action>(transaction.GetConnection()).All()) {
-    const auto other_day = text::ParseDmy(other.ex_day);
-    if (touches(other) && (other_day > day || (other_day == day && other.id > action.id))) {
-      return Refusal{Tr("Actions", "Take back the Later Action %1 of %2 First.")
-                         .arg(actions::Describe(other), other.ex_day),
-                     {}};
-    }
-  }
-  return std::nullopt;
 }
 
 Result<std::size_t> ApplyIn(Transaction& transaction, std::vector<Action> chosen_actions,
@@ -109,7 +90,7 @@ Result<std::size_t> ApplyIn(Transaction& transaction, std::vector<Action> chosen
       return Named(transaction, action,
                    Refusal{Tr("Actions", "The Ex-Date is still to Come."), {}});
     }
-    if (MaybeRefusal refusal = CheckIsLast(transaction, action)) {
+    if (MaybeRefusal refusal = actions::CheckIsLast(transaction, action)) {
       return *refusal;
     }
     const Result<std::size_t> applied = actions::Apply(transaction, action, chosen, progress);
@@ -229,7 +210,7 @@ MaybeRefusal ActionBook::TakeBack(ActionId id) {
         if (!action || !action->applied) {
           return action ? std::nullopt : MaybeRefusal(Gone());
         }
-        if (MaybeRefusal refusal = CheckIsLast(transaction, *action)) {
+        if (MaybeRefusal refusal = actions::CheckIsLast(transaction, *action)) {
           return refusal;
         }
         return actions::TakeBack(transaction, *action);

@@ -98,7 +98,7 @@ Result<DividendId> DividendBook::Save(const Dividend& entered) {
           return broken;
         }
         written.action = old ? old->action : ActionId{};
-        written.id = database::ClaimKey(transaction, records::Table<Dividend>::kName, written.id);
+        written.id = records::ClaimKey(transaction, &Dividend::id, written.id);
         records::Insert(transaction, written);
         saved = written.id;
         return std::nullopt;

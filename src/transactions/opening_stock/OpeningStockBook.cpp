@@ -4,6 +4,7 @@
 #include "core/ledger/Lots.h"
 #include "core/ledger/Posting.h"
 #include "core/records/Writing.h"
+#include "core/text/Tr.h"
 #include "transactions/posting/Owner.h"
 
 #include <algorithm>
@@ -171,6 +172,9 @@ bool HasLotsToCarryForward(Connection& connection, const ClientYear& of) {
 Result<std::size_t> CarryForward(Connection& connection, const ClientYear& of, Progress& progress) {
   return database::InTransaction(connection, [&](Transaction& transaction) -> Result<std::size_t> {
     const ClientYear before{of.client, of.year.Previous()};
+    transaction.Changes().Summarise(changes::Kind::kCarriedForward,
+                                    Tr("OpeningStock", "Opening stock"),
+                                    {.client = of.client.value, .year = of.year.Utf8()});
     ledger::LockLots(transaction, before);
     ledger::LockLots(transaction, of);
     const std::vector<gains::RemainingLot> lots =

@@ -2,10 +2,13 @@
 
 #include "admin/backup/BackupList.h"
 #include "controls/ChildWindow.h"
+#include "controls/ProgressDialog.h"
+#include "controls/RecordWindow.h"
 #include "controls/WindowMemory.h"
 #include "controls/ZENButton.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
+#include "core/changes/Undo.h"
 #include "core/rates/QuoteDesk.h"
 #include "masters/client_list/ClientList.h"
 #include "reports/home/window/HomePane.h"
@@ -24,6 +27,7 @@
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
@@ -65,7 +69,8 @@ MDIForm1::MDIForm1(reporting::ReportDesk& desk)
       area_(new QMdiArea),
       feed_(FeedAddress(desk.session),
             desk.session.folders.application + QStringLiteral("/Sensex.xml")),
-      tools_(desk.session.folders.data) {
+      tools_(desk.session.folders.data),
+      news_(*desk.session.connection) {
   setObjectName(QStringLiteral("MDIForm1"));
   setWindowTitle(app::TitleText());
   BuildMenuBar();
@@ -199,6 +204,8 @@ void MDIForm1::Do(const Feature& item) {
       return ShowTabs(area_->viewMode() != QMdiArea::TabbedView);
     case MenuAction::kCloseAll:
       return CloseAll();
+    case MenuAction::kUndo:
+      return mnuUndo_Click();
     case MenuAction::kLogOut:
       return mnuLogOut_Click();
     case MenuAction::kContact:
@@ -221,6 +228,54 @@ void MDIForm1::StartTimers() {
 
 void MDIForm1::Timer1_Timer() {
   head_->ShowTime();
+  LookAround();
+}
+
+/// What this and other programs changed appears in the open windows. A question that is shown
+/// meanwhile keeps the timer alive, so one look does not begin within another.
+void MDIForm1::LookAround() {
+  constexpr qint64 kRestMs = 30'000;
+  const bool rests = since_failed_.isValid() && !since_failed_.hasExpired(kRestMs);
+  if (looks_around_ || rests || open_.empty() || desk_.session.read_only) {
+    return;
+  }
+  const QScopedValueRollback<bool> looking(looks_around_, true);
+  try {
+    const std::vector<changes::Entry> news = news_.Read();
+    for (controls::ChildWindow* child : findChildren<controls::ChildWindow*>()) {
+      child->LookAround(news);
+    }
+  } catch (const database::DatabaseError&) {
+    // The user's next step tells of it; a box or a wait each second would only be in the way.
+    since_failed_.start();
+  }
+}
+
+bool MDIForm1::IsEditing() const {
+  return std::ranges::any_of(findChildren<controls::RecordWindow*>(),
+                             &controls::RecordWindow::IsEditing);
+}
+
+void MDIForm1::mnuUndo_Click() {
+  if (IsEditing()) {
+    return desk_.messages.Refuse(tr("Save or Cancel the Record that is being Entered First."));
+  }
+  const Result<changes::Entry> last = changes::LastToUndo(*desk_.session.connection, std::nullopt);
+  if (!last) {
+    return desk_.messages.Refuse(last.Why().text);
+  }
+  if (!desk_.messages.Ask(changes::AskUndo(*last), Answer::kNo, Icon::kInformation)) {
+    return;
+  }
+  MaybeRefusal refusal;
+  {
+    controls::ProgressDialog progress(this);
+    refusal = changes::Undo(*desk_.session.connection, *last, progress);
+  }
+  if (refusal) {
+    desk_.messages.Refuse(refusal->text);
+  }
+  LookAround();
 }
 
 void MDIForm1::cmdSensex() {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "controls/Messages.h"
+#include "core/changes/Log.h"
 #include "reporting/window/ReportDesk.h"
 #include "ui/Features.h"
 #include "ui/main/MainHead.h"
 #include "ui/main/OutsideTools.h"
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QTimer>
@@ -76,6 +78,8 @@ class MDIForm1 : public QMainWindow {
   void ShowTabs(bool on);
   void ShowStartPage();
   void EnableButtons(bool enabled);
+  void LookAround();
+  bool IsEditing() const;
   bool ShowTool(const QString& name);
   void StartTool(const QString& name);
 
@@ -87,6 +91,7 @@ class MDIForm1 : public QMainWindow {
   void mnuBackUp_Click();
   void mnuMisc_Click();
   void mnuConverter_Click();
+  void mnuUndo_Click();
   void mnuLogOut_Click();
   void mnuContact_Click();
   void mnuQuit_Click();
@@ -104,6 +109,9 @@ class MDIForm1 : public QMainWindow {
   HeadlineFeed feed_;
   OutsideTools tools_;
   std::map<QString, controls::ChildWindow*> open_;  ///< by name
+  changes::News news_;                              ///< what programs changed
+  bool looks_around_ = false;
+  QElapsedTimer since_failed_;  ///< to ask for news
   bool closing_confirmed_ = false;
   bool has_clients_ = false;  ///< once there was one, the start page is not needed
   QRect opened_at_;           ///< before the user moved it

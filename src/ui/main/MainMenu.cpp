@@ -75,6 +75,9 @@ void BuildMenu(QMainWindow& window, const std::function<void(const Feature&)>& c
       action->setObjectName(QLatin1String(item.item));
       action->setShortcut(QKeySequence(QLatin1String(item.key)));
       action->setCheckable(item.action == MenuAction::kTabs);
+      if (item.action == MenuAction::kUndo) {
+        action->setShortcut(QKeySequence::Undo);
+      }
       QObject::connect(action, &QAction::triggered, &window, [chosen, &item] { chosen(item); });
     }
   }

@@ -17,13 +17,17 @@ class LoginTest : public test::DatabaseTest {
 
  private Q_SLOTS:
   void init() {
+    (*database_)->SetAuthor(changes::SystemAuthor());
     attempts_.emplace([] { return std::chrono::steady_clock::time_point(); });
     folder_ = std::make_unique<QTemporaryDir>();
     User user{0, "Ravi", "Secret"};
     QVERIFY(!test::Save(UserBook(**database_), user));
     (*database_)->Execute("Insert Into LoginId Values(2,'NoPassword')");
   }
-  void cleanup() { test::Empty(**database_, {"LoginId", "LoginPassword"}); }
+  void cleanup() {
+    test::Empty(**database_, {"LoginId", "LoginPassword"});
+    (*database_)->Execute("Delete From UserRight");
+  }
 
   void LogInAdmitsWhoKnowsThePassword_data() {
     const test::Table<QString, QString, QString, QString> row;
@@ -47,6 +51,31 @@ class LoginTest : public test::DatabaseTest {
     const MaybeRefusal refusal = NewLogin().LogIn(name, password);
     QCOMPARE(TextOf(refusal), text);
     QCOMPARE(test::FieldOf(refusal), refusal ? Field::kPassword : Field::kNone);
+  }
+
+  /// Who logged in writes the log, with the rights that are kept in the database.
+  void RightsFollowTheUser() {
+    QVERIFY(!UserBook(**database_).HasLimitedUsers());
+    User mira{0, "Mira", "two", changes::kEnter};
+    QVERIFY(!test::Save(UserBook(**database_), mira));
+    QVERIFY(UserBook(**database_).HasLimitedUsers());
+    const auto author = [&] { return (*database_)->Author(); };
+    QVERIFY(!NewLogin().LogIn("mira", "two"));
+    QCOMPARE(author().user, "Mira");
+    QCOMPARE(author().rights, int{changes::kEnter});
+    User another{0, "Another", "three"};
+    QCOMPARE(TextOf(test::Save(UserBook(**database_), another)),
+             "Only a User who may Administer can do this.");
+    QVERIFY(NewLogin().LogIn("Ravi", "wrong"));
+    QCOMPARE(author().user, "Mira");
+    QVERIFY(!NewLogin().EnterSetUp("Administrator", "tavel"));
+    QCOMPARE(author().rights, int{changes::kAllRights});
+    mira.rights = changes::kAllRights;
+    QVERIFY(!test::Save(UserBook(**database_), mira));
+    QVERIFY(!UserBook(**database_).HasLimitedUsers());
+    QVERIFY(test::Rows(**database_, "Select OldRows,NewRows From ChangeLog")
+                .filter(QStringLiteral("two"))
+                .isEmpty());
   }
 
   void FirstBrokenRuleOfAChangeIsNamed_data() {

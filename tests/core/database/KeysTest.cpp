@@ -2,6 +2,8 @@
 #include "core/database/Keys.h"
 #include "core/database/Schema.h"
 #include "core/database/SchemaTables.h"
+#include "core/records/Masters.h"
+#include "core/records/Writing.h"
 #include "support/Test.h"
 #include "support/TestDatabase.h"
 
@@ -9,6 +11,7 @@
 
 namespace test = quorvane::test;
 using quorvane::test::TestDatabase;
+using namespace quorvane;
 using namespace quorvane::database;
 
 namespace {
@@ -59,9 +62,12 @@ class KeysTest : public QObject {
   void ARecordDeletedMeanwhileGetsANewKey() {
     const int key = Taken(*database_, "Broker");
     Transaction transaction(**database_);
-    QCOMPARE(ClaimKey(transaction, "Broker", key), key + 1);
+    const auto claim = [&](int id) {
+      return records::ClaimKey(transaction, &records::Broker::id, BrokerId{id}).value;
+    };
+    QCOMPARE(claim(key), key + 1);
     transaction.Execute("Insert Into Broker(Id) Values(?)", key + 1);
-    QCOMPARE(ClaimKey(transaction, "Broker", key + 1), key + 1);
+    QCOMPARE(claim(key + 1), key + 1);
   }
 
   /// A program without counters wrote: the counter is not behind its table.

@@ -164,6 +164,9 @@ void RepairTable::ShowCheck(const TableCheck& check) {
   for (const QString& action : check.outdated_actions) {
     rows.push_back({.cells = {QStringLiteral("CorpAction"), QVariant(), tr("Note"), action}});
   }
+  for (const QString& fault : check.log_faults) {
+    rows.push_back({.cells = {tr("Log of Changes"), QVariant(), tr("Wrong"), fault}});
+  }
   const std::vector<DoubleRecord> doubles = check.double_keys.empty()
                                                 ? std::vector<DoubleRecord>()
                                                 : FindDoubleRecords(*Session().connection);
@@ -177,6 +180,9 @@ void RepairTable::ShowCheck(const TableCheck& check) {
 }
 
 QString RepairTable::Summary(const TableCheck& check) const {
+  if (!check.AllIsWell() && check.wrong_lots.empty() && !check.log_faults.isEmpty()) {
+    return tr("The log of changes was edited by other means: %1").arg(check.log_faults.front());
+  }
   if (!check.AllIsWell()) {
     return check.wrong_lots.empty()
                ? tr("Something is wrong. Make a BackUp before anything else.")

@@ -22,7 +22,7 @@ const QString kDots = QString(8, QChar(0x2022));
 }  // namespace
 
 frmLoginSetUp::frmLoginSetUp(controls::Desk& desk)
-    : ChildWindow(desk, QStringLiteral("frmLoginSetUp"), tr("User Set Up"), {420, 360}),
+    : ChildWindow(desk, QStringLiteral("frmLoginSetUp"), tr("User Set Up"), {460, 420}),
       book_(*desk.session.connection) {
   BuildControls();
   Hold({{Field::kName, "Text1_0"}, {Field::kPassword, "Text1_1"}});
@@ -35,7 +35,9 @@ void frmLoginSetUp::BuildControls() {
                              controls::kMargin);
   layout->setSpacing(controls::kSpacing);
   VSF = new controls::Grid(QStringLiteral("VSF"), tr("Users"));
-  VSF->SetColumns({{.heading = tr("Login Id")}, {.heading = tr("Password"), .upper_case = false}});
+  VSF->SetColumns({{.heading = tr("Login Id")},
+                   {.heading = tr("Password"), .upper_case = false},
+                   {.heading = tr("May")}});
   layout->addWidget(VSF, 1);
   auto* form = new QFormLayout;
   name_box_ = new TextBox();
@@ -50,6 +52,19 @@ void frmLoginSetUp::BuildControls() {
   ChkShow = new QCheckBox(tr("S&how passwords"));
   ChkShow->setObjectName(QStringLiteral("ChkShow"));
   form->addRow(QString(), ChkShow);
+  auto* rights = new QHBoxLayout;
+  const auto add_right = [&](const char* name, const QString& text) {
+    auto* box = new QCheckBox(text);
+    box->setObjectName(QLatin1String(name));
+    box->setChecked(true);
+    rights->addWidget(box);
+    return box;
+  };
+  ChkEnter = add_right("ChkEnter", tr("En&ter and change"));
+  ChkDelete = add_right("ChkDelete", tr("D&elete records"));
+  ChkAdminister = add_right("ChkAdminister", tr("Ad&minister"));
+  rights->addStretch();
+  form->addRow(tr("Beside looking, may"), rights);
   layout->addLayout(form);
   auto* buttons = new QHBoxLayout;
   const auto add = [&](const char* name, const QString& text, void (frmLoginSetUp::*handler)()) {
@@ -73,10 +88,36 @@ void frmLoginSetUp::FillList() {
   std::vector<controls::Row> rows;
   for (const User& user : users_) {
     const QString shown = ChkShow->isChecked() ? user.password.value_or(QString()) : kDots;
-    rows.push_back({.id = user.id, .cells = {user.name, shown}});
+    rows.push_back({.id = user.id, .cells = {user.name, shown, RightsText(user.rights)}});
   }
   const QScopedValueRollback<bool> filling(filling_, true);
   VSF->SetRows(std::move(rows));
+}
+
+QString frmLoginSetUp::RightsText(int rights) {
+  QStringList texts;
+  if ((rights & changes::kEnter) != 0) {
+    texts << tr("enter");
+  }
+  if ((rights & changes::kDelete) != 0) {
+    texts << tr("delete");
+  }
+  if ((rights & changes::kAdminister) != 0) {
+    texts << tr("administer");
+  }
+  return texts.isEmpty() ? tr("only look") : texts.join(QStringLiteral(", "));
+}
+
+int frmLoginSetUp::Rights() const {
+  return (ChkEnter->isChecked() ? changes::kEnter : 0) |
+         (ChkDelete->isChecked() ? changes::kDelete : 0) |
+         (ChkAdminister->isChecked() ? changes::kAdminister : 0);
+}
+
+void frmLoginSetUp::ShowRights(int rights) {
+  ChkEnter->setChecked((rights & changes::kEnter) != 0);
+  ChkDelete->setChecked((rights & changes::kDelete) != 0);
+  ChkAdminister->setChecked((rights & changes::kAdminister) != 0);
 }
 
 const User* frmLoginSetUp::Current() const {
@@ -91,6 +132,7 @@ void frmLoginSetUp::Clear() {
   current_ = 0;
   name_box_->clear();
   password_box_->clear();
+  ShowRights(changes::kAllRights);
   name_box_->setFocus();
 }
 
@@ -102,6 +144,7 @@ void frmLoginSetUp::VSF_RowColChange(int row) {
   if (const User* user = Current()) {
     name_box_->setText(user->name);
     password_box_->setText(user->password.value_or(QString()));
+    ShowRights(user->rights);
   }
 }
 
@@ -110,7 +153,7 @@ void frmLoginSetUp::cmdAdd_Click() {
 }
 
 void frmLoginSetUp::cmdUpdate_Click() {
-  const User user{current_, name_box_->text(), password_box_->text()};
+  const User user{current_, name_box_->text(), password_box_->text(), Rights()};
   if (const Result<int> saved = book_.Save(user); !saved) {
     Show(saved.Why());
     return;

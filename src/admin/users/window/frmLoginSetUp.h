@@ -28,6 +28,9 @@ class frmLoginSetUp : public controls::ChildWindow {
   void FillList();
   void Clear();
   const User* Current() const;
+  static QString RightsText(int rights);
+  int Rights() const;
+  void ShowRights(int rights);
   void VSF_RowColChange(int row);
   void cmdAdd_Click();
   void cmdUpdate_Click();
@@ -43,6 +46,9 @@ class frmLoginSetUp : public controls::ChildWindow {
   controls::TextBox* name_box_ = nullptr;
   controls::TextBox* password_box_ = nullptr;
   QCheckBox* ChkShow = nullptr;
+  QCheckBox* ChkEnter = nullptr;
+  QCheckBox* ChkDelete = nullptr;
+  QCheckBox* ChkAdminister = nullptr;
 };
 
 }  // namespace quorvane::users

@@ -16,6 +16,7 @@ class FrmBroker : public masters::FrmContact {
   explicit FrmBroker(controls::Desk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "Broker"; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

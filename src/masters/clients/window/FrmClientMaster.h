@@ -21,6 +21,7 @@ class FrmClientMaster : public controls::RecordWindow {
   explicit FrmClientMaster(controls::Desk& desk, documents::DocumentDialogs dialogs = {});
 
  protected:
+  std::string_view RecordTable() const override { return "ClientInfo"; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

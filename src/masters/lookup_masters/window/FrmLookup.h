@@ -18,6 +18,7 @@ class FrmLookup : public controls::RecordWindow {
   FrmLookup(controls::Desk& desk, LookupKind kind);
 
  protected:
+  std::string_view RecordTable() const override { return book_.Master().table; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

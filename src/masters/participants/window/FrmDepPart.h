@@ -13,6 +13,7 @@ class FrmDepPart : public masters::FrmContact {
   explicit FrmDepPart(controls::Desk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "DepPart"; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -18,6 +18,7 @@ class FrmScript : public controls::RecordWindow {
   explicit FrmScript(controls::Desk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "Script"; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -27,6 +27,8 @@ class FrmSalePurchase : public controls::RecordWindow {
   bool GoTo(int record) override;
 
  protected:
+  std::string_view RecordTable() const override { return records::Table<Bill>::kName; }
+  std::optional<ClientId> RecordClient() const override { return of_.client; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -16,6 +16,7 @@ class FrmBrOpBal : public controls::RecordWindow {
   explicit FrmBrOpBal(controls::Desk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "BrOpBal"; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -15,6 +15,7 @@ class FrmBrPayment : public controls::RecordWindow {
   FrmBrPayment(controls::Desk& desk, PaymentKind kind);
 
  protected:
+  std::string_view RecordTable() const override { return PaymentTable(kind_); }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -24,6 +24,7 @@ class FrmCorpAction : public controls::RecordWindow {
   explicit FrmCorpAction(controls::Desk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "CorpAction"; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -20,6 +20,8 @@ class FrmDividend : public controls::RecordWindow {
   explicit FrmDividend(controls::Desk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "Dividend"; }
+  std::optional<ClientId> RecordClient() const override { return of_.client; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -28,6 +28,8 @@ class FrmStkOpBalance : public controls::RecordWindow {
   explicit FrmStkOpBalance(reporting::ReportDesk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "StkOpBal"; }
+  std::optional<ClientId> RecordClient() const override { return of_.client; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

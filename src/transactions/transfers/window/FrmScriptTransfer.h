@@ -26,6 +26,8 @@ class FrmScriptTransfer : public controls::RecordWindow {
   explicit FrmScriptTransfer(controls::Desk& desk);
 
  protected:
+  std::string_view RecordTable() const override { return "ScrTransfer"; }
+  std::optional<ClientId> RecordClient() const override { return of_.client; }
   void FillList() override;
   void Clear() override;
   void Load(int id) override;

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "core/changes/Log.h"
+#include "core/records/Bill.h"
+#include "core/records/Dividend.h"
+#include "core/records/Lot.h"
+#include "core/records/Masters.h"
+#include "core/records/Money.h"
+#include "core/records/Opening.h"
+#include "core/records/Rates.h"
+#include "core/records/RowJson.h"
+#include "core/records/Tax.h"
+#include "core/records/Transfer.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
+
+namespace quorvane::changes {
+
+/// The rows of an entry as records: what it removed and what it added, table by table.
+template <class Record>
+struct RowsOf {
+  std::string_view table = records::Table<Record>::kName;
+  std::vector<Record> removed = {};
+  std::vector<Record> added = {};
+
+  bool IsEmpty() const { return removed.empty() && added.empty(); }
+};
+
+/// Every table whose rows can be put back, masters before what names them.
+struct EntryRows {
+  std::tuple<RowsOf<records::Client>, RowsOf<records::Participant>, RowsOf<records::DpId>,
+             RowsOf<records::Account>, RowsOf<records::Broker>, RowsOf<records::ScripType>,
+             RowsOf<records::ScripClass>, RowsOf<records::Scrip>, RowsOf<records::ScripIsin>,
+             RowsOf<records::Exchange>, RowsOf<records::SttPercent>, RowsOf<records::Percentage>,
+             RowsOf<records::Action>, RowsOf<records::ActionLot>, RowsOf<records::Dividend>,
+             RowsOf<records::Opening>, RowsOf<records::Bill>, RowsOf<records::BillLine>,
+             RowsOf<records::Transfer>, RowsOf<records::BrokerOpening>, RowsOf<records::Payment>,
+             RowsOf<records::FairValue>, RowsOf<records::TaxLoss>, RowsOf<records::MarketRate>,
+             RowsOf<records::Lot>>
+      tables;
+  RowsOf<records::Account> removed_accounts{.table = records::kRemovedAccounts};
+  RowsOf<records::Payment> receipts{.table = records::kReceipts};
+
+  template <class Record>
+  RowsOf<Record>& Of() {
+    return std::get<RowsOf<Record>>(tables);
+  }
+
+  template <class Visit>
+  void ForEach(const Visit& visit) {
+    std::apply([&](auto&... rows) { (visit(rows), ...); }, tables);
+    visit(removed_accounts);
+    visit(receipts);
+  }
+};
+
+namespace detail {
+
+template <class Record>
+std::vector<Record> Parsed(const QJsonObject& tables, std::string_view table) {
+  const QJsonObject rows = tables[QLatin1String(table.data(), std::ssize(table))].toObject();
+  const QJsonArray columns = rows[QLatin1String("columns")].toArray();
+  std::vector<Record> parsed;
+  for (const QJsonValue& values : rows[QLatin1String("rows")].toArray()) {
+    parsed.push_back(records::RecordOf<Record>(columns, values.toArray()));
+  }
+  return parsed;
+}
+
+}  // namespace detail
+
+/// Nothing for an entry that holds only counts or a table that this release does not know.
+inline std::optional<EntryRows> ReadRows(const Entry& entry) {
+  const QJsonObject before =
+      QJsonDocument::fromJson(QByteArray::fromStdString(entry.old_rows)).object();
+  const QJsonObject after =
+      QJsonDocument::fromJson(QByteArray::fromStdString(entry.new_rows)).object();
+  EntryRows rows;
+  qsizetype known = 0;
+  rows.ForEach([&]<class Record>(RowsOf<Record>& of) {
+    const QLatin1String name(of.table.data(), std::ssize(of.table));
+    known += (before.contains(name) ? 1 : 0) + (after.contains(name) ? 1 : 0);
+    of.removed = detail::Parsed<Record>(before, of.table);
+    of.added = detail::Parsed<Record>(after, of.table);
+  });
+  return known == before.size() + after.size() && known > 0 ? std::optional(std::move(rows))
+                                                            : std::nullopt;
+}
+
+}  // namespace quorvane::changes

@@ -1,0 +1,334 @@
+#include "core/changes/Chain.h"
+#include "core/changes/Undo.h"
+#include "core/ledger/Rebuild.h"
+#include "core/records/Masters.h"
+#include "core/records/Writing.h"
+#include "support/DatabaseTest.h"
+#include "support/Desk.h"
+#include "support/Records.h"
+#include "support/Save.h"
+#include "transactions/bills/BillBook.h"
+#include "transactions/broker_money/PaymentBook.h"
+#include "transactions/corporate_actions/ActionBook.h"
+#include "transactions/opening_stock/OpeningStockBook.h"
+#include "transactions/transfers/TransferBook.h"
+
+using namespace quorvane;
+using test::Desk;
+using test::TextOf;
+
+namespace {
+
+using Step = std::function<void(Desk&)>;
+
+/// The bill of the start, with its lines.
+bills::Bill Stored(Desk& desk) {
+  return bills::BillBook(desk.Connection(), desk.of).Load(BillId{1}).value();
+}
+
+void Resave(Desk& desk, const std::function<void(bills::Bill&)>& edit) {
+  bills::Bill bill = Stored(desk);
+  edit(bill);
+  const auto saved = bills::BillBook(desk.Connection(), desk.of).Save(bill);
+  QVERIFY2(saved, qPrintable(saved ? QString() : saved.Why().text));
+}
+
+void AddBill(Desk& desk, std::vector<records::BillLine> lines) {
+  bills::Bill bill = desk.NewBill(std::move(lines));
+  bill.number = QStringLiteral("B/2");
+  QCOMPARE(TextOf(test::Save(bills::BillBook(desk.Connection(), desk.of), bill)), test::kAccepted);
+}
+
+opening_stock::OpeningLot NewOpening(const Desk& desk) {
+  opening_stock::OpeningLot lot;
+  lot.scrip = desk.second_scrip;
+  lot.account = desk.account;
+  lot.quantity = text::Shares(30);
+  lot.rate = 55.5;
+  lot.total = 1665;
+  lot.purchase_date = QStringLiteral("10/06/2010");
+  return lot;
+}
+
+void AddOpening(Desk& desk) {
+  opening_stock::OpeningLot lot = NewOpening(desk);
+  QCOMPARE(TextOf(test::Save(opening_stock::OpeningStockBook(desk.Connection(), desk.of), lot)),
+           test::kAccepted);
+}
+
+void MoveSome(Desk& desk) {
+  records::Transfer transfer;
+  transfer.date = QStringLiteral("01/07/2011");
+  transfer.from = desk.account;
+  transfer.to = desk.other_account;
+  transfer.lot = desk.IdOfLot(100);
+  transfer.quantity = text::Shares(4);
+  QCOMPARE(TextOf(test::Save(transfers::TransferBook(desk.Connection(), desk.of), transfer)),
+           test::kAccepted);
+}
+
+void Pay(Desk& desk) {
+  broker_money::BrokerPayment payment;
+  payment.broker = desk.broker;
+  payment.transaction = 0;
+  payment.amount = 125.5;
+  payment.date = QStringLiteral("02/07/2011");
+  payment.mode = broker_money::PaymentMode::kCash;
+  QCOMPARE(TextOf(test::Save(broker_money::PaymentBook(
+                                 desk.Connection(), broker_money::PaymentKind::kReceipt, desk.of),
+                             payment)),
+           test::kAccepted);
+}
+
+void Bonus(Desk& desk) {
+  records::Action action;
+  action.kind = records::ActionKind::kBonus;
+  action.scrip = desk.scrip;
+  action.ex_day = QStringLiteral("01/09/2011");
+  action.new_shares = text::Shares(1);
+  action.old_shares = text::Shares(1);
+  Progress quiet;
+  corporate_actions::ActionBook book(desk.Connection());
+  const auto saved = book.Save(action);
+  QVERIFY2(saved, qPrintable(saved ? QString() : saved.Why().text));
+}
+
+void ApplyBonus(Desk& desk) {
+  Progress quiet;
+  corporate_actions::ActionBook book(desk.Connection());
+  const ActionId id = book.List().front().id;
+  const auto applied =
+      book.Apply(std::span(&id, 1), {}, text::Date{std::chrono::days(20000)}, quiet);
+  QVERIFY2(applied, qPrintable(applied ? QString() : applied.Why().text));
+}
+
+void TakeBonusBack(Desk& desk) {
+  corporate_actions::ActionBook book(desk.Connection());
+  QCOMPARE(TextOf(book.TakeBack(book.List().front().id)), test::kAccepted);
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Step)
+
+/// The desk begins with a bill: 10 shares bought at 100, 5 at 90, of which 2 were sold.
+class UndoTest : public test::DeskTest {
+  Q_OBJECT
+
+  QStringList Records() {
+    return test::Contents(desk_->Connection(),
+                          {"SPMaster", "SPTrans", "StkOpBal", "ScrTransfer", "BrRec", "CorpAction",
+                           "CorpActionLot", "Dividend"});
+  }
+
+  /// The quantities that are held, lots without shares left out.
+  QStringList Held() {
+    return test::Rows(desk_->Connection(),
+                      "Select Cid,Fyear,AcId,ScriptId,Rate,Qty From Stock Where Qty<>0 Order By "
+                      "Cid,AcId,ScriptId,Rate");
+  }
+
+  QString UndoLast() {
+    const Result<changes::Entry> last = changes::LastToUndo(desk_->Connection(), std::nullopt);
+    return last ? TextOf(changes::Undo(desk_->Connection(), *last, quiet_)) : last.Why().text;
+  }
+
+  QStringList Wrong() {
+    QStringList wrong = changes::CheckChain(desk_->Connection(), quiet_);
+    for (const auto& change :
+         ledger::CheckStock(desk_->Connection(), std::nullopt, quiet_).changes) {
+      wrong << QStringLiteral("lot %1").arg(change.lot.id.value);
+    }
+    return wrong;
+  }
+
+ private Q_SLOTS:
+  void init() {
+    desk_->Empty();
+    test::Empty(desk_->Connection(), {"CorpAction", "CorpActionLot", "Dividend", "ChangeLog"});
+    desk_->Connection().Execute("Update ChangeHead Set LastId=0,LastHash='',BaseId=0,BaseHash=''");
+    desk_->Connection().SetAuthor({QStringLiteral("ANITA"), QStringLiteral("desk-1")});
+    bills::Bill bill = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(5, 90)});
+    QVERIFY(!test::Save(bills::BillBook(desk_->Connection(), desk_->of), bill));
+    AddBill(*desk_, {desk_->Sale(2, 120, desk_->IdOfLot(90))});
+  }
+
+  void RecordsAndLotsAreAsTheyWere_data() {
+    const test::Table<Step, Step> row;  // what goes before, what is taken back
+    const Step nothing = [](Desk&) {};
+    row("bill added", nothing, [](Desk& desk) { AddBill(desk, {desk.Purchase(3, 70)}); });
+    row("sale added", nothing,
+        [](Desk& desk) { AddBill(desk, {desk.Sale(3, 130, desk.IdOfLot(100))}); });
+    row("quantity changed", nothing, [](Desk& desk) {
+      Resave(desk, [](bills::Bill& bill) { bill.lines[0].quantity = text::Shares(12); });
+    });
+    row("rate changed", nothing,
+        [](Desk& desk) { Resave(desk, [](bills::Bill& bill) { bill.lines[0].rate = 101.3; }); });
+    row("line dropped", nothing, [](Desk& desk) {
+      Resave(desk, [](bills::Bill& bill) { bill.lines.erase(bill.lines.begin()); });
+    });
+    row("line added", nothing, [](Desk& desk) {
+      Resave(desk, [&desk](bills::Bill& bill) { bill.lines.push_back(desk.Purchase(1, 66)); });
+    });
+    row("header changed", nothing, [](Desk& desk) {
+      Resave(desk, [](bills::Bill& bill) { bill.number = QStringLiteral("N/9"); });
+    });
+    row(
+        "bill deleted", [](Desk& desk) { AddBill(desk, {desk.Purchase(3, 70)}); },
+        [](Desk& desk) {
+          QCOMPARE(TextOf(bills::BillBook(desk.Connection(), desk.of).Delete(BillId{3})),
+                   test::kAccepted);
+        });
+    row("sale deleted", nothing, [](Desk& desk) {
+      QCOMPARE(TextOf(bills::BillBook(desk.Connection(), desk.of).Delete(BillId{2})),
+               test::kAccepted);
+    });
+    row(
+        "bill moved to another account", [](Desk& desk) { AddBill(desk, {desk.Purchase(3, 70)}); },
+        [](Desk& desk) {
+          bills::BillBook book(desk.Connection(), desk.of);
+          bills::Bill bill = book.Load(BillId{3}).value();
+          bill.account = desk.second_account;
+          QVERIFY(book.Save(bill));
+        });
+    row("opening added", nothing, AddOpening);
+    row("opening changed", AddOpening, [](Desk& desk) {
+      opening_stock::OpeningStockBook book(desk.Connection(), desk.of);
+      opening_stock::OpeningLot lot = book.List().front();
+      lot.quantity = text::Shares(7);
+      QVERIFY(book.Save(lot));
+    });
+    row("opening deleted", AddOpening, [](Desk& desk) {
+      QCOMPARE(
+          TextOf(opening_stock::OpeningStockBook(desk.Connection(), desk.of).Delete(OpeningId{1})),
+          test::kAccepted);
+    });
+    row("transfer added", nothing, MoveSome);
+    row("transfer deleted", MoveSome, [](Desk& desk) {
+      QCOMPARE(TextOf(transfers::TransferBook(desk.Connection(), desk.of).Delete(TransferId{1})),
+               test::kAccepted);
+    });
+    row("receipt added", nothing, Pay);
+    row("receipt deleted", Pay, [](Desk& desk) {
+      broker_money::PaymentBook(desk.Connection(), broker_money::PaymentKind::kReceipt, desk.of)
+          .Delete(broker_money::PaymentId{1});
+    });
+    row("action recorded", nothing, Bonus);
+    row("action applied", Bonus, ApplyBonus);
+    row(
+        "action taken back",
+        [](Desk& desk) {
+          Bonus(desk);
+          ApplyBonus(desk);
+        },
+        TakeBonusBack);
+  }
+  void RecordsAndLotsAreAsTheyWere() {
+    const auto [before, change] = test::Table<Step, Step>::Row();
+    before(*desk_);
+    const QStringList records = Records();
+    const QStringList held = Held();
+    change(*desk_);
+    QVERIFY(Records() != records);
+    QCOMPARE(UndoLast(), test::kAccepted);
+    QCOMPARE(Records(), records);
+    QCOMPARE(Held(), held);
+    QCOMPARE(Wrong(), QStringList());
+  }
+
+  void WhatLaterRecordsBuildOnStays_data() {
+    const test::Table<Step, Step, QString> row;
+    row(
+        "shares were sold", [](Desk& desk) { AddBill(desk, {desk.Purchase(3, 70)}); },
+        [](Desk& desk) {
+          desk.Connection().SetAuthor({QStringLiteral("RAVI"), {}});
+          AddBill(desk, {desk.Sale(1, 75, desk.IdOfLot(70))});
+        },
+        "It can't be Taken Back: Shares of RELIANCE that it Concerns were Sold or Transferred "
+        "Since.");
+    row(
+        "shares of a deleted sale were sold",
+        [](Desk& desk) { QVERIFY(!bills::BillBook(desk.Connection(), desk.of).Delete(BillId{2})); },
+        [](Desk& desk) {
+          desk.Connection().SetAuthor({QStringLiteral("RAVI"), {}});
+          AddBill(desk, {desk.Sale(5, 75, desk.IdOfLot(90))});
+        },
+        "It can't be Taken Back: Shares of RELIANCE that it Concerns were Sold or Transferred "
+        "Since.");
+    row(
+        "changed again",
+        [](Desk& desk) {
+          Resave(desk, [](bills::Bill& bill) { bill.lines[0].quantity = text::Shares(12); });
+        },
+        [](Desk& desk) {
+          desk.Connection().SetAuthor({QStringLiteral("RAVI"), {}});
+          Resave(desk, [](bills::Bill& bill) { bill.lines[0].quantity = text::Shares(13); });
+        },
+        "It can't be Taken Back: RAVI Changed it Again on ");
+    row(
+        "its broker was deleted",
+        [](Desk& desk) { QVERIFY(!bills::BillBook(desk.Connection(), desk.of).Delete(BillId{2})); },
+        [](Desk& desk) {
+          desk.Connection().SetAuthor({QStringLiteral("RAVI"), {}});
+          database::InTransaction(desk.Connection(), [&](database::Transaction& transaction) {
+            records::Delete<records::Broker>(transaction)
+                .Where(&records::Broker::id, desk.broker)
+                .Run();
+          });
+        },
+        "It can't be Taken Back: the Broker that it names was Deleted.");
+  }
+  void WhatLaterRecordsBuildOnStays() {
+    const auto [change, later, text] = test::Table<Step, Step, QString>::Row();
+    change(*desk_);
+    later(*desk_);
+    const QStringList records = Records();
+    const QStringList held = Held();
+    desk_->Connection().SetAuthor({QStringLiteral("ANITA"), {}});
+    const QString told = UndoLast();
+    QVERIFY2(told.startsWith(text), qPrintable(told));
+    QCOMPARE(Records(), records);
+    QCOMPARE(Held(), held);
+    if (text.contains(QLatin1String("Broker"))) {
+      desk_.emplace();
+    }
+  }
+
+  void UndoStepsBackThroughOwnChanges() {
+    AddBill(*desk_, {desk_->Purchase(3, 70)});
+    AddBill(*desk_, {desk_->Purchase(4, 60)});
+    desk_->Connection().SetAuthor({QStringLiteral("RAVI"), {}});
+    AddBill(*desk_, {desk_->Purchase(1, 50)});
+    desk_->Connection().SetAuthor({QStringLiteral("ANITA"), {}});
+    QCOMPARE(UndoLast(), test::kAccepted);
+    QCOMPARE(desk_->LotAt(60), "0@60");
+    QCOMPARE(UndoLast(), test::kAccepted);
+    QCOMPARE(desk_->LotAt(70), "0@70");
+    QCOMPARE(desk_->LotAt(50), "1@50");
+  }
+
+  void EntryIsTakenBackOnce() {
+    AddBill(*desk_, {desk_->Purchase(3, 70)});
+    const auto last = changes::LastToUndo(desk_->Connection(), desk_->client);
+    QVERIFY(last);
+    QCOMPARE(TextOf(changes::Undo(desk_->Connection(), *last, quiet_)), test::kAccepted);
+    QCOMPARE(TextOf(changes::Undo(desk_->Connection(), *last, quiet_)),
+             "It was Taken Back Already.");
+    QVERIFY(!changes::LastToUndo(desk_->Connection(), desk_->other_client));
+  }
+
+  void ComputedWorkIsNotTakenBack() {
+    QVERIFY(opening_stock::CarryForward(desk_->Connection(), {desk_->client, desk_->year.Next()},
+                                        quiet_));
+    const QString told = UndoLast();
+    QVERIFY2(told.startsWith(QLatin1String("The last change was computed from other records")),
+             qPrintable(told));
+  }
+
+ private:
+  Progress quiet_;
+};
+
+static const test::RegisterTest<UndoTest> kRegistered;
+
+#include "UndoTest.moc"

@@ -5,6 +5,13 @@
 
 namespace quorvane::portfolio {
 
+void TakeIn(database::Transaction& transaction, const Portfolio& portfolio, Movements movements,
+            ErrorList& errors, ImportResult& result, Progress& progress) {
+  const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
+  ImportMovements(transaction, portfolio, names, movements, errors, result, progress);
+  ImportMoney(transaction, portfolio, names, errors, result);
+}
+
 ImportResult ImportPortfolio(database::Connection& connection, const QString& folder, bool dry_run,
                              Progress& progress) {
   ErrorList reading;
@@ -19,9 +26,7 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
   const auto take_in = [&](database::Transaction& transaction) -> MaybeRefusal {
     result = {};
     ErrorList errors;
-    const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
-    ImportMovements(transaction, portfolio, names, errors, result, progress);
-    ImportMoney(transaction, portfolio, names, errors, result);
+    TakeIn(transaction, portfolio, Movements::kWritten, errors, result, progress);
     result.errors = errors.Take();
     return dry_run || !result.errors.empty() ? MaybeRefusal(nothing_written) : std::nullopt;
   };

@@ -14,6 +14,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <deque>
 #include <limits>
 #include <map>
 #include <memory>
@@ -37,7 +38,10 @@ class Interner {
     std::size_t line;
   };
 
-  Symbol Intern(std::string_view text, const CsvTable& table, FileKind file);
+  Symbol Intern(std::string_view text, const CsvTable& table, FileKind file) {
+    return Intern(text, file, table.Line());
+  }
+  Symbol Intern(std::string_view text, FileKind file, std::size_t line);
   const std::vector<Name>& Names() const { return names_; }
 
  private:
@@ -94,6 +98,7 @@ struct OpeningRow {
 
 inline constexpr std::string_view kDeliveryTypes[] = {"N.A.", "Delivery Based",
                                                       "Non Delivery Based"};
+inline constexpr std::uint8_t kDelivery = 1;
 inline constexpr std::uint8_t kNonDelivery = 2;
 
 struct BillLineRow {
@@ -198,7 +203,8 @@ struct DividendRow {
   std::size_t line = 0;
 };
 
-/// A portfolio folder in memory, checked row by row but not yet against a database.
+/// A portfolio folder in memory, checked row by row but not yet against a database. Bills of
+/// another origin have the same form and are taken in by the same rules.
 struct Portfolio {
   std::vector<MasterRow<records::Participant>> participants;
   std::vector<DpIdRow> dp_ids;
@@ -231,6 +237,9 @@ struct Portfolio {
 
   /// The files' contents, which views of the rows point into.
   std::vector<std::unique_ptr<CsvTable>> tables;
+
+  /// Texts that views of the rows point into when the portfolio was not read from files.
+  std::deque<std::string> texts;
 };
 
 // The words for coded numbers, each in the place of its code.

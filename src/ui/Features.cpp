@@ -15,6 +15,7 @@
 #include "masters/lookup_masters/window/FrmLookup.h"
 #include "masters/participants/window/FrmDepPart.h"
 #include "masters/scrips/window/FrmScript.h"
+#include "portfolio/trades/window/ImpTrades.h"
 #include "reports/Reports.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
@@ -131,6 +132,8 @@ constexpr Feature kFeatures[] = {
      "mnuPortfolio"},
     {"mnuImpSample", QT_TRANSLATE_NOOP("MainMenu", "Take In the &Sample Portfolio"), kImportSample,
      "mnuPortfolio"},
+    {"mnuImpTrades", QT_TRANSLATE_NOOP("MainMenu", "&Trade Books of Brokers"), kOpenWindow,
+     "mnuPortfolio", "ImpTrades", "trade-books.md", Make<portfolio::ImpTrades>},
     {"mnuLineActions", "", kSeparator, "mnuPortfolio"},
     {"mnuCorpAction", QT_TRANSLATE_NOOP("MainMenu", "&Corporate Actions"), kOpenWindow,
      "mnuPortfolio", "FrmCorpAction", "corporate-actions.md",

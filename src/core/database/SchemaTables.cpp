@@ -122,18 +122,20 @@ constexpr std::array<IndexDefinition, 29> kIndexes{{
     {"ScriptAvgRate", "IxScriptAvgRateAccount", "Cid,Fyear,AcId"},
 }};
 
-constexpr std::array<ExtensionTable, 8> kExtensionTables{{
+constexpr std::array<ExtensionTable, 10> kExtensionTables{{
     {"ScripIsin", true},
     {"CorpAction", true},
     {"CorpActionLot", true},
     {"Dividend", true},
     {"RemovedAccount", true},
+    {"ImportProfile", true},
+    {"TradeKey", true},
     {"RecordKey", true},
     {"Writers", false},
     {"CommitMark", false},
 }};
 
-constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
+constexpr std::array<UpgradeStep, 10> kExtensionSteps{{
     {"ScripIsin", 1,
      "Create Table if not Exists ScripIsin(ScrId int(11) Not Null, Isin varchar(12) Not Null, "
      "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
@@ -168,6 +170,16 @@ constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
      "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "
      "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"ImportProfile", 1,
+     "Create Table if not Exists ImportProfile(Kind varchar(40) Not Null, ProfileKey varchar(120) "
+     "Not Null, Header varchar(4000) Not Null, Mapping varchar(4000) Not Null, Primary "
+     "Key(Kind,ProfileKey)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"TradeKey", 1,
+     "Create Table if not Exists TradeKey(AcId int(11) Not Null, TradeKey varchar(120) Character "
+     "Set utf8mb4 Collate utf8mb4_bin Not Null, BillId int(11) Not Null, Primary "
+     "Key(AcId,TradeKey), Index IxTradeKeyBill(BillId)) Engine=InnoDB Default Character Set "
+     "utf8mb4 Collate utf8mb4_general_ci"},
     {"RecordKey", 1,
      "Create Table if not Exists RecordKey(TableName varchar(64) Primary Key, LastKey bigint Not "
      "Null) Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
@@ -234,6 +246,7 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"Dividend", "CId", "ClientInfo"},
     {"Dividend", "AcId", "ClientActDet"},
     {"Dividend", "ScrId", "Script"},
+    {"TradeKey", "BillId", "SPMaster"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(

@@ -44,6 +44,10 @@ void DeleteRows(Transaction& transaction, BrokerId id) {
       "Delete SPTrans From SPMaster Join SPTrans On SPTrans.SID=SPMaster.ID "
       "Where SPMaster.BrokId=?",
       id);
+  transaction.Execute(
+      "Delete TradeKey From SPMaster Join TradeKey On TradeKey.BillId=SPMaster.ID "
+      "Where SPMaster.BrokId=?",
+      id);
   transaction.Execute("Delete From SPMaster Where BrokId=?", id);
 }
 

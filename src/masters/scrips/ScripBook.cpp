@@ -71,6 +71,10 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   transaction.Execute("Delete From Script Where Id=?", id);
   transaction.Execute("Delete From ScrTransfer Where ScrId=?", id);
   transaction.Execute(
+      "Delete TradeKey From SPTrans Join TradeKey On TradeKey.BillId=SPTrans.SID "
+      "Where SPTrans.ScriptId=?",
+      id);
+  transaction.Execute(
       "Delete SPMaster From SPTrans Join SPMaster On SPMaster.ID=SPTrans.SID "
       "Where SPTrans.ScriptId=?",
       id);

@@ -186,6 +186,7 @@ MaybeRefusal BillBook::Delete(BillId id) {
       return refusal;
     }
     DeleteRows(transaction, *old);
+    transaction.Execute("Delete From TradeKey Where BillId=?", id);
     return std::nullopt;
   });
 }

@@ -729,6 +729,17 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>ColumnPane</name>
+    <message>
+        <source>Purchase</source>
+        <translation>ख़रीद</translation>
+    </message>
+    <message>
+        <source>Sale</source>
+        <translation>बिक्री</translation>
+    </message>
+</context>
+<context>
     <name>Database</name>
     <message>
         <source>The server tells table names apart by upper and lower case. Set lower_case_table_names=1 in its settings file (section [mysqld]), start it again and make the database after that.</source>
@@ -756,6 +767,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Choose a Folder</source>
         <translation>फ़ोल्डर चुनें</translation>
+    </message>
+    <message>
+        <source>Choose Files</source>
+        <translation>फ़ाइलें चुनें</translation>
     </message>
 </context>
 <context>
@@ -899,6 +914,17 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Saving scrips</source>
         <translation>शेयर सहेजे जा रहे हैं</translation>
+    </message>
+</context>
+<context>
+    <name>LinesPane</name>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
     </message>
 </context>
 <context>
@@ -1077,10 +1103,6 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Percent Detail Already Exists.</source>
         <translation>यह प्रतिशत विवरण पहले से है।</translation>
-    </message>
-    <message>
-        <source>Line %1 of levies.csv is no dated rate.</source>
-        <translation>levies.csv की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
     </message>
     <message>
         <source>Enter Proper Financial Year</source>
@@ -1311,6 +1333,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>&amp;Dividends</source>
         <translation>लाभांश (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Trade Books of Brokers</source>
+        <translation>ब्रोकरों की ट्रेड बुक (&amp;T)</translation>
     </message>
 </context>
 <context>
@@ -1865,12 +1891,271 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
         <source>Line %1 of advance-tax-windows.csv is no window.</source>
         <translation>advance-tax-windows.csv की पंक्ति %1 कोई अवधि नहीं है।</translation>
     </message>
+    <message>
+        <source>Line %1 of %2 is no dated rate.</source>
+        <translation>%2 की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
+    </message>
 </context>
 <context>
     <name>TemplateFolder</name>
     <message>
         <source>The template %1 is not there. Put it back, or name its folder in the settings.</source>
         <translation>साँचा %1 नहीं है। उसे वापस रखें, या सेटिंग में उसका फ़ोल्डर बताएँ।</translation>
+    </message>
+</context>
+<context>
+    <name>Trades</name>
+    <message>
+        <source>Nothing was taken in:</source>
+        <translation>कुछ भी आयात नहीं हुआ:</translation>
+    </message>
+    <message>
+        <source>%1 ends in the middle of line %2. Fetch the file again: trades may be missing.</source>
+        <translation>%1 पंक्ति %2 के बीच में समाप्त होती है। फ़ाइल फिर से लाएँ: सौदे छूट सकते हैं।</translation>
+    </message>
+    <message>
+        <source>There is no broker %1.</source>
+        <translation>%1 नाम का कोई ब्रोकर नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no client %1.</source>
+        <translation>%1 कोड का कोई ग्राहक नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no demat account %1.</source>
+        <translation>%1 नंबर का कोई डीमैट खाता नहीं है।</translation>
+    </message>
+    <message>
+        <source>Several clients have an account %1: name the client.</source>
+        <translation>कई ग्राहकों का खाता %1 है: ग्राहक बताएँ।</translation>
+    </message>
+    <message>
+        <source>Choose the demat account.</source>
+        <translation>डीमैट खाता चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose the broker.</source>
+        <translation>ब्रोकर चुनें।</translation>
+    </message>
+    <message>
+        <source>%1 has no row with the headings of a trade book that is known. Expected are those of one of these:
+%2</source>
+        <translation>%1 में किसी ज्ञात ट्रेड बुक के शीर्षकों वाली पंक्ति नहीं है। इनमें से किसी एक के शीर्षक अपेक्षित हैं:
+%2</translation>
+    </message>
+    <message>
+        <source>%1 is of the account %2, not of %3. Nothing was taken in.</source>
+        <translation>%1 खाते %2 की है, %3 की नहीं। कुछ भी आयात नहीं हुआ।</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 पढ़ी जा रही है</translation>
+    </message>
+    <message>
+        <source>There are no trades in the file.</source>
+        <translation>फ़ाइल में कोई सौदा नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1: %2 shares that were sold are missing</source>
+        <translation>%1: बेचे गए %2 शेयर नहीं हैं</translation>
+    </message>
+    <message>
+        <source>Nothing was saved. %1 lines cannot be saved as they are:
+%2</source>
+        <translation>कुछ भी सहेजा नहीं गया। %1 पंक्तियाँ ऐसे सहेजी नहीं जा सकतीं:
+%2</translation>
+    </message>
+    <message>
+        <source>There is nothing new to save.</source>
+        <translation>सहेजने को कुछ नया नहीं है।</translation>
+    </message>
+    <message>
+        <source>The script code %1 belongs to several scripts, or to none.</source>
+        <translation>स्क्रिप्ट कोड %1 कई स्क्रिप्ट का है, या किसी का नहीं।</translation>
+    </message>
+    <message>
+        <source>The opening stock of %1 is older than these trades: compare it.</source>
+        <translation>%1 का प्रारंभिक स्टॉक इन सौदों से पुराना है: मिलान करें।</translation>
+    </message>
+    <message>
+        <source>Line %1 of %2 is no rule of a layout.</source>
+        <translation>%2 की पंक्ति %1 किसी विन्यास का नियम नहीं है।</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>समय</translation>
+    </message>
+    <message>
+        <source>Purchase or Sale</source>
+        <translation>खरीद या बिक्री</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Price of Purchases</source>
+        <translation>खरीद का भाव</translation>
+    </message>
+    <message>
+        <source>Price of Sales</source>
+        <translation>बिक्री का भाव</translation>
+    </message>
+    <message>
+        <source>Quantity Bought</source>
+        <translation>खरीदी मात्रा</translation>
+    </message>
+    <message>
+        <source>Value Bought</source>
+        <translation>खरीद मूल्य</translation>
+    </message>
+    <message>
+        <source>Quantity Sold</source>
+        <translation>बेची मात्रा</translation>
+    </message>
+    <message>
+        <source>Value Sold</source>
+        <translation>बिक्री मूल्य</translation>
+    </message>
+    <message>
+        <source>Symbol (NSE)</source>
+        <translation>प्रतीक (NSE)</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Script Code (BSE)</source>
+        <translation>स्क्रिप्ट कोड (BSE)</translation>
+    </message>
+    <message>
+        <source>Token of the Exchange</source>
+        <translation>एक्सचेंज का टोकन</translation>
+    </message>
+    <message>
+        <source>The Broker&apos;s Own Code</source>
+        <translation>ब्रोकर का अपना कोड</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Segment</source>
+        <translation>खंड</translation>
+    </message>
+    <message>
+        <source>Series</source>
+        <translation>सीरीज़</translation>
+    </message>
+    <message>
+        <source>Trade No.</source>
+        <translation>सौदा नं.</translation>
+    </message>
+    <message>
+        <source>Order No.</source>
+        <translation>ऑर्डर नं.</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Settlement No.</source>
+        <translation>सेटलमेंट सं.</translation>
+    </message>
+    <message>
+        <source>Demat Account</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Brokerage a Share</source>
+        <translation>प्रति शेयर दलाली</translation>
+    </message>
+    <message>
+        <source>Brokerage with Tax</source>
+        <translation>कर सहित दलाली</translation>
+    </message>
+    <message>
+        <source>All Charges in One Sum</source>
+        <translation>सभी प्रभार एक राशि में</translation>
+    </message>
+    <message>
+        <source>Goods and Services Tax</source>
+        <translation>वस्तु एवं सेवा कर</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Exchange Charges</source>
+        <translation>एक्सचेंज प्रभार</translation>
+    </message>
+    <message>
+        <source>SEBI Fee</source>
+        <translation>सेबी शुल्क</translation>
+    </message>
+    <message>
+        <source>Stamp Duty</source>
+        <translation>स्टाम्प शुल्क</translation>
+    </message>
+    <message>
+        <source>Other Charges</source>
+        <translation>अन्य शुल्क</translation>
+    </message>
+    <message>
+        <source>All Charges but Brokerage</source>
+        <translation>दलाली छोड़कर सभी प्रभार</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>नया</translation>
+    </message>
+    <message>
+        <source>Taken In Already</source>
+        <translation>पहले से आयात</translation>
+    </message>
+    <message>
+        <source>Probably Entered by Hand</source>
+        <translation>शायद हाथ से दर्ज</translation>
+    </message>
+    <message>
+        <source>Script to be Confirmed</source>
+        <translation>स्क्रिप्ट की पुष्टि करें</translation>
+    </message>
+    <message>
+        <source>Unknown Script</source>
+        <translation>अज्ञात स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>Shares are Missing</source>
+        <translation>शेयर कम हैं</translation>
+    </message>
+    <message>
+        <source>Looking through the Trades</source>
+        <translation>सौदे जाँचे जा रहे हैं</translation>
     </message>
 </context>
 <context>
@@ -4431,6 +4716,311 @@ Save this one, too?</source>
     <message>
         <source>Remo&amp;ve Row</source>
         <translation>पंक्ति हटाएँ (&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::portfolio::ColumnPane</name>
+    <message>
+        <source>(not read)</source>
+        <translation>(नहीं पढ़ा जाता)</translation>
+    </message>
+    <message>
+        <source>The headings of this file are not known yet. Choose what its columns mean; the trades below show how it is then read. The choice is kept for the next file.</source>
+        <translation>इस फ़ाइल के शीर्षक अभी ज्ञात नहीं हैं। स्तंभों का अर्थ चुनें; नीचे के सौदे दिखाते हैं कि फ़ाइल कैसे पढ़ी जाएगी। चुनाव अगली फ़ाइल के लिए याद रहता है।</translation>
+    </message>
+    <message>
+        <source>Columns of the file</source>
+        <translation>फ़ाइल के स्तंभ</translation>
+    </message>
+    <message>
+        <source>Heading</source>
+        <translation>शीर्षक</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>पहली पंक्ति</translation>
+    </message>
+    <message>
+        <source>Second Row</source>
+        <translation>दूसरी पंक्ति</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>अर्थ</translation>
+    </message>
+    <message>
+        <source>First trades of the file</source>
+        <translation>फ़ाइल के पहले सौदे</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>Purchase or Sale</source>
+        <translation>खरीद या बिक्री</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>&amp;Month before Day</source>
+        <translation>दिन से पहले महीना (&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Use these Columns</source>
+        <translation>ये स्तंभ लें (&amp;U)</translation>
+    </message>
+    <message>
+        <source>Still missing: %1</source>
+        <translation>अभी बाकी: %1</translation>
+    </message>
+    <message>
+        <source>%1 trades in the first %2 rows.</source>
+        <translation>पहली %2 पंक्तियों में %1 सौदे।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::portfolio::ImpTrades</name>
+    <message>
+        <source>Trade Books of Brokers</source>
+        <translation>ब्रोकरों की ट्रेड बुक</translation>
+    </message>
+    <message>
+        <source>&amp;Files ...</source>
+        <translation>फ़ाइलें (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>Trade books: .csv, .xlsx, .xls or .ods; several files at once</source>
+        <translation>ट्रेड बुक: .csv, .xlsx, .xls या .ods; एक साथ कई फ़ाइलें</translation>
+    </message>
+    <message>
+        <source>Of trades whose file names none</source>
+        <translation>उन सौदों का जिनकी फ़ाइल एक्सचेंज नहीं बताती</translation>
+    </message>
+    <message>
+        <source>&amp;Join Fills of an Order</source>
+        <translation>एक ऑर्डर के सौदे जोड़ें (&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Account</source>
+        <translation>खाता (&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker</source>
+        <translation>ब्रोकर (&amp;B)</translation>
+    </message>
+    <message>
+        <source>E&amp;xchange</source>
+        <translation>एक्सचेंज (&amp;X)</translation>
+    </message>
+    <message>
+        <source>S&amp;cript</source>
+        <translation>स्क्रिप्ट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Assi&amp;gn</source>
+        <translation>जोड़ें (&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;New Script</source>
+        <translation>नई स्क्रिप्ट (&amp;N)</translation>
+    </message>
+    <message>
+        <source>The trades of the current line&apos;s script are trades of the chosen one</source>
+        <translation>वर्तमान पंक्ति की स्क्रिप्ट के सौदे चुनी हुई स्क्रिप्ट के सौदे हैं</translation>
+    </message>
+    <message>
+        <source>The current line&apos;s script is recorded with the trades</source>
+        <translation>वर्तमान पंक्ति की स्क्रिप्ट सौदों के साथ दर्ज होती है</translation>
+    </message>
+    <message>
+        <source>Confirm &amp;Probable Scripts</source>
+        <translation>संभावित स्क्रिप्ट पक्की करें (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Look Again</source>
+        <translation>फिर जाँचें (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Ticked</source>
+        <translation>चुने हुए सहेजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Exit</source>
+        <translation>बंद करें (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Trade Books (*.csv *.xlsx *.xls *.ods *.zip);;All Files (*)</source>
+        <translation>ट्रेड बुक (*.csv *.xlsx *.xls *.ods *.zip);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>%1 bills with %2 lines would be saved.</source>
+        <translation>%2 पंक्तियों के %1 बिल सहेजे जाएँगे।</translation>
+    </message>
+    <message>
+        <source>%1 lots are carried forward.</source>
+        <translation>%1 लॉट आगे ले जाए जाते हैं।</translation>
+    </message>
+    <message>
+        <source>Choose the demat account that the trades belong to.</source>
+        <translation>सौदों का डीमैट खाता चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose the broker of the trades.</source>
+        <translation>सौदों का ब्रोकर चुनें।</translation>
+    </message>
+    <message>
+        <source>Nothing to save yet.</source>
+        <translation>अभी सहेजने को कुछ नहीं।</translation>
+    </message>
+    <message>
+        <source>Choose the trade books of a broker, and the demat account and broker that they belong to.</source>
+        <translation>ब्रोकर की ट्रेड बुक चुनें, और उनका डीमैट खाता व ब्रोकर।</translation>
+    </message>
+    <message>
+        <source>Choose a line of the script.</source>
+        <translation>स्क्रिप्ट की एक पंक्ति चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose the script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>The script of this line is known.</source>
+        <translation>इस पंक्ति की स्क्रिप्ट ज्ञात है।</translation>
+    </message>
+    <message>
+        <source>Record all %1 unknown scripts as new?
+
+No records only that of the current line.</source>
+        <translation>सभी %1 अज्ञात स्क्रिप्ट नई दर्ज करें?
+
+&quot;नहीं&quot; केवल वर्तमान पंक्ति की दर्ज करता है।</translation>
+    </message>
+    <message>
+        <source>%1 Trades are Saved in %2 Bills.</source>
+        <translation>%2 बिलों में %1 सौदे सहेजे गए।</translation>
+    </message>
+    <message>
+        <source>%1 Scripts are New.</source>
+        <translation>%1 स्क्रिप्ट नई हैं।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::portfolio::LinesPane</name>
+    <message>
+        <source>Probably %1</source>
+        <translation>शायद %1</translation>
+    </message>
+    <message>
+        <source>%1 shares are missing on %2</source>
+        <translation>%2 को %1 शेयर कम हैं</translation>
+    </message>
+    <message>
+        <source>New script</source>
+        <translation>नई स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>Bill lines that the trades make</source>
+        <translation>सौदों से बनी बिल की पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Exch.</source>
+        <translation>एक्स.</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>P/S</source>
+        <translation>ख/बि</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>S.Tax</source>
+        <translation>सेवा कर सहित</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Delivery</source>
+        <translation>डिलीवरी</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>All lines</source>
+        <translation>सभी पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>To be saved</source>
+        <translation>सहेजी जाएँगी</translation>
+    </message>
+    <message>
+        <source>To be settled</source>
+        <translation>तय करनी हैं</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>छोड़ी गईं</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w</source>
+        <translation>दिखाएँ (&amp;W)</translation>
+    </message>
+    <message>
+        <source>%1 new, %2 taken in already, %3 probably entered by hand, %4 of scripts to be settled, %5 without shares. %6</source>
+        <translation>%1 नई, %2 पहले से आयात, %3 शायद हाथ से दर्ज, %4 की स्क्रिप्ट तय करनी है, %5 बिना शेयर। %6</translation>
+    </message>
+    <message>
+        <source>This trade is taken in already; correct its bill.</source>
+        <translation>यह सौदा पहले से आयात है; उसका बिल ठीक करें।</translation>
+    </message>
+    <message>
+        <source>Quantity and rate are above 0.</source>
+        <translation>मात्रा और भाव 0 से अधिक हों।</translation>
     </message>
 </context>
 <context>

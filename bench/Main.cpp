@@ -27,7 +27,7 @@ Choice ReadChoice() {
   parser.addHelpOption();
   parser.addPositionalArgument(
       QStringLiteral("works"),
-      QStringLiteral("start, matching, bill, pages, statement, import, desk; or all"));
+      QStringLiteral("start, matching, bill, pages, trades, statement, import, desk; or all"));
   const QCommandLineOption lines(QStringLiteral("lines"),
                                  QStringLiteral("bill lines of the portfolio; may be repeated"),
                                  QStringLiteral("N"));
@@ -86,6 +86,9 @@ int Run(const Choice& choice) {
   const Office office;
   if (choice.Has("bill")) {
     MeasureBill(table, office);
+  }
+  if (choice.Has("trades")) {
+    MeasureTrades(table, office);
   }
   for (const std::size_t lines : choice.line_counts) {
     MeasurePortfolio(table, choice, office, lines);

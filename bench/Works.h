@@ -19,6 +19,10 @@ void MeasureStatementAndRebuild(Table& table, const Office& office, const Portfo
 int StatementProcess(const QStringList& arguments);
 
 void MeasureImport(Table& table, const Office& office, const Portfolio& portfolio);
+
+/// 100,000 trades of a broker's file, read, looked through and saved.
+void MeasureTrades(Table& table, const Office& office);
+
 void MeasureMatching(Table& table, std::span<const std::size_t> line_counts);
 void MeasureBill(Table& table, const Office& office);
 void MeasureStart(Table& table);

@@ -45,6 +45,7 @@ const std::map<QString, QStringList> kPressed{
     {QStringLiteral("FrmCorpAction"), {QStringLiteral("CmdPreview")}},
     {QStringLiteral("ImpCorpAction"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("FrmFairValue"), {QStringLiteral("CmdFile")}},
+    {QStringLiteral("ImpTrades"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("FrmClientMaster"),
      {QStringLiteral("cmdModify"), QStringLiteral("CmdSource"), QStringLiteral("cmdUpdate")}},
 };
@@ -199,6 +200,9 @@ void RenderAll(const QStringList& arguments) {
   desk.ask_open_path = [&](QWidget* over, const QString&, const QString&) {
     const QDir in(QDir(arguments[5]).filePath(over->objectName()));
     return in.filePath(in.entryList(QDir::Files).value(0));
+  };
+  desk.ask_open_paths = [&](QWidget* over, const QString& filters) {
+    return QStringList{desk.ask_open_path(over, QString(), filters)};
   };
   reporting::RepView preview(desk);
   desk.show_report = [&](const reporting::ReportDocument& document, QWidget* over) {

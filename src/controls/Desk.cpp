@@ -60,6 +60,15 @@ QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters
   return last.Note(QFileInfo(path).absolutePath(), path);
 }
 
+QStringList AskOpenPaths(QWidget* over, const QString& filters, const LastFolder& last) {
+  const QStringList paths = QFileDialog::getOpenFileNames(over, Tr("DesktopFiles", "Choose Files"),
+                                                          last.Or(QDir::homePath()), filters);
+  if (!paths.isEmpty()) {
+    last.Note(QFileInfo(paths.front()).absolutePath(), paths.front());
+  }
+  return paths;
+}
+
 QString AskFolder(QWidget* over, const QString& start, const LastFolder& last) {
   const QString folder =
       QFileDialog::getExistingDirectory(over, Tr("DesktopFiles", "Choose a Folder"),
@@ -81,6 +90,9 @@ void AskWithDialogs(Desk& desk) {
   desk.ask_open_path = [last = LastFolder(memory, "Open")](QWidget* over, const QString& folder,
                                                            const QString& filters) {
     return AskOpenPath(over, folder, filters, last);
+  };
+  desk.ask_open_paths = [last = LastFolder(memory, "Open")](QWidget* over, const QString& filters) {
+    return AskOpenPaths(over, filters, last);
   };
   desk.ask_folder = [last = LastFolder(memory, "Folder")](QWidget* over, const QString& start) {
     return AskFolder(over, start, last);

@@ -6,6 +6,7 @@
 #include "core/text/Dates.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -49,6 +50,10 @@ struct Desk {
   /// "Comma separated (*.csv);;All files (*)".
   std::function<QString(QWidget* over, const QString& folder, const QString& filters)>
       ask_open_path = [](QWidget*, const QString&, const QString&) { return QString(); };
+
+  /// The same for one or several files; empty when the user cancels.
+  std::function<QStringList(QWidget* over, const QString& filters)> ask_open_paths =
+      [](QWidget*, const QString&) { return QStringList(); };
 
   /// Asks for a folder, starting with one; empty when the user cancels.
   std::function<QString(QWidget* over, const QString& start)> ask_folder =

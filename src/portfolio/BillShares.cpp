@@ -1,6 +1,5 @@
 #include "portfolio/BillShares.h"
 
-#include "core/text/Amounts.h"
 #include "core/text/Paise.h"
 
 #include <algorithm>
@@ -41,15 +40,21 @@ void BillShares::Receive(const BillRow& bill, const Place& place, bool non_deliv
 bool BillShares::TrySales(const BillRow& bill, const Place& place, Ahead ahead) {
   layers_.Mark();
   lines_.clear();
+  bool possible = true;
   for (const BillLineRow& row : LinesOf(bill)) {
     if (row.IsPurchase()) {
       AddWhole(row, purchase_lots_[PlaceOf(row)]);
     } else if (!TakeSale(row, bill.date, place, ahead)) {
-      layers_.GoBack();
-      return false;
+      possible = false;
+      if (ahead == Ahead::kNo) {
+        break;
+      }
     }
   }
-  return true;
+  if (!possible) {
+    layers_.GoBack();
+  }
+  return possible;
 }
 
 /// The lots of a sale: the one that it names, else those of the oldest purchases.
@@ -109,9 +114,8 @@ void BillShares::ReportAdvances() {
 
 void BillShares::ReportShortage(const BillLineRow& row, Shares available) {
   const bool named = row.lot_rate != BillLineRow::kNoLotRate;
-  errors_.Add(FileKind::kBills, row.line, named && available <= Shares() ? "lot_rate" : "quantity",
-              "You Can't Sale Scripts More than Balance. Maximum Allowed Value is: " +
-                  text::FormatAmount(available.Number()).toStdString());
+  errors_.AddShortage(row.line, named && available <= Shares() ? "lot_rate" : "quantity",
+                      available);
 }
 
 }  // namespace quorvane::portfolio

@@ -28,7 +28,7 @@ class BillShares {
   void ReceiveDelivered(const BillRow& bill, const ledger::Place& place);
 
   /// Whether sales may name a lot whose shares come in later, as in the bill window, which checks
-  /// the lot's balance and no date. Allowed in the last try, which reports what is missing.
+  /// the lot's balance and no date. Allowed in the last try, which reports what each sale misses.
   enum class Ahead : std::uint8_t { kNo, kAllowed };
 
   /// Takes out what the bill sells. False, and nothing taken, when shares are missing.

@@ -5,6 +5,14 @@
 
 namespace quorvane::portfolio {
 
+void TakeIn(database::Transaction& transaction, const Portfolio& portfolio, Movements movements,
+            ErrorList& errors, ImportResult& result, Progress& progress) {
+  const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
+  ImportMovements(transaction, portfolio, names, movements, errors, result, progress);
+  ImportMoney(transaction, portfolio, names, errors, result);
+  ImportTaxRecords(transaction, portfolio, names, errors, result);
+}
+
 ImportResult ImportPortfolio(database::Connection& connection, const QString& folder, bool dry_run,
                              Progress& progress) {
   ErrorList reading;
@@ -20,10 +28,7 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
     transaction.Changes().Summarise(changes::Kind::kImported, folder);
     result = {};
     ErrorList errors;
-    const ResolvedNames names = ImportMasters(transaction, portfolio, errors, result);
-    ImportMovements(transaction, portfolio, names, errors, result, progress);
-    ImportMoney(transaction, portfolio, names, errors, result);
-    ImportTaxRecords(transaction, portfolio, names, errors, result);
+    TakeIn(transaction, portfolio, Movements::kWritten, errors, result, progress);
     result.errors = errors.Take();
     return dry_run || !result.errors.empty() ? MaybeRefusal(nothing_written) : std::nullopt;
   };

@@ -6,11 +6,21 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+namespace quorvane::database {
+class Transaction;
+}
+
 namespace quorvane::portfolio {
+
+struct Portfolio;
+
+/// What becomes of the documents that move shares, once they are found to be right.
+enum class Movements : std::uint8_t { kWritten, kChecked };
 
 /// How many records of one table an import wrote.
 struct ImportCount {
@@ -38,5 +48,12 @@ struct ImportResult {
 /// std::runtime_error when a file cannot be read.
 ImportResult ImportPortfolio(database::Connection& connection, const QString& folder, bool dry_run,
                              Progress& progress);
+
+/// The same for a portfolio in memory, as a part of a caller's transaction, which runs alone. With
+/// errors the transaction must not be committed; bills, lots and all else but master records are
+/// then not written, so that the caller may try again without what is wrong. With `movements` only
+/// checked they are never written.
+void TakeIn(database::Transaction& transaction, const Portfolio& portfolio, Movements movements,
+            ErrorList& errors, ImportResult& result, Progress& progress);
 
 }  // namespace quorvane::portfolio

@@ -1,5 +1,7 @@
 #include "portfolio/ImportErrors.h"
 
+#include "core/text/Amounts.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -51,16 +53,27 @@ void ErrorList::Add(std::string_view file, std::size_t line, std::string_view co
     return;
   }
   Kind kind{std::string(file), FirstLetters(column), FaultOf(message)};
-  if (++kinds_[kind] <= kMostOfAKind) {
+  if (++kinds_[kind] <= most_of_a_kind_) {
     errors_.push_back({std::move(kind.file), line, std::move(kind.column), std::move(message)});
+  }
+}
+
+void ErrorList::AddShortage(std::size_t line, std::string_view column, text::Shares available) {
+  const std::size_t before = errors_.size();
+  Add(FileKind::kBills, line, column,
+      "You Can't Sale Scripts More than Balance. Maximum Allowed Value is: " +
+          text::FormatAmount(available.Number()).toStdString());
+  if (errors_.size() > before) {
+    errors_.back().available = available;
   }
 }
 
 std::vector<ImportError> ErrorList::Take() {
   for (const auto& [kind, count] : kinds_) {
-    if (count > kMostOfAKind) {
-      errors_.push_back({kind.file, 0, kind.column,
-                         fmt::format("{} more such errors: {}", count - kMostOfAKind, kind.fault)});
+    if (count > most_of_a_kind_) {
+      errors_.push_back(
+          {kind.file, 0, kind.column,
+           fmt::format("{} more such errors: {}", count - most_of_a_kind_, kind.fault)});
     }
   }
   kinds_.clear();

@@ -49,8 +49,8 @@ ResolvedNames ImportMasters(database::Transaction& transaction, const Portfolio&
 /// order, in a bill purchases before sales, then transfers; a bill that lacks shares is tried again
 /// after the date's transfers that are possible. Writes nothing when there is an error.
 void ImportMovements(database::Transaction& transaction, const Portfolio& portfolio,
-                     const ResolvedNames& names, ErrorList& errors, ImportResult& result,
-                     Progress& progress);
+                     const ResolvedNames& names, Movements movements, ErrorList& errors,
+                     ImportResult& result, Progress& progress);
 
 /// Takes in broker opening balances, payments to and receipts from brokers, market rates and ISINs.
 void ImportMoney(database::Transaction& transaction, const Portfolio& portfolio,

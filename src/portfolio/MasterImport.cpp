@@ -88,7 +88,11 @@ class MasterImport {
       }
     }
 
+    /// 0 for an empty name: none is chosen.
     int IdOf(const QString& name) {
+      if (name.isEmpty()) {
+        return 0;
+      }
       const auto [entry, is_new] = ids_.try_emplace(Folded(name), 0);
       if (is_new) {
         Record record{{}, name};

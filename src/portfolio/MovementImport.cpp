@@ -30,7 +30,7 @@ class MovementImport {
         transfers_(names, layers_, documents_, errors),
         actions_(portfolio, names, lots_, layers_, errors) {}
 
-  void Run() {
+  void Run(Movements movements) {
     // Each line is taken and then written.
     progress_.Begin(QStringLiteral("Import"),
                     2 * static_cast<std::int64_t>(portfolio_.bill_lines.size()));
@@ -46,8 +46,10 @@ class MovementImport {
     result_.Count("bills", portfolio_.bills.size());
     result_.Count("bill lines", documents_.LineCount());
     result_.Count("transfers", portfolio_.transfers.size());
-    documents_.Write(transaction_, lots_, progress_);
-    actions_.Write(transaction_, result_);
+    if (movements == Movements::kWritten) {
+      documents_.Write(transaction_, lots_, progress_);
+      actions_.Write(transaction_, result_);
+    }
   }
 
  private:
@@ -55,14 +57,16 @@ class MovementImport {
   void ReadRecorded() {
     database::Connection& connection = transaction_.GetConnection();
     const std::set<FinancialYear> years = TouchedYears(portfolio_);
-    recorded_openings_.Read(connection, years);
-    recorded_bills_.Read(connection, years);
+    const std::optional<ClientId> only = OnlyClient();
+    recorded_openings_.Read(connection, years, only);
+    recorded_bills_.Read(connection, years, only);
     transfers_.ReadRecorded(connection, years);
     for (const FinancialYear year : years) {
-      for (const records::Lot& lot : ledger::ReadLots(connection, {{}, year, {}})) {
+      for (const records::Lot& lot : ledger::ReadLots(connection, {only, year, {}})) {
         lots_.Load(lot);
       }
       records::MovementScope scope;
+      scope.client = only;
       scope.year = year;
       scope.charges = false;
       scope.delivery = true;
@@ -72,6 +76,13 @@ class MovementImport {
                              [this](const records::Movement& m) { layers_.Add(m); });
     }
     layers_.Arrange();
+  }
+
+  /// The client whose shares alone move, so that nothing of others need be read.
+  std::optional<ClientId> OnlyClient() const {
+    const bool alone =
+        names_.clients.size() == 1 && portfolio_.transfers.empty() && portfolio_.actions.empty();
+    return alone ? std::optional(names_.clients.front()) : std::nullopt;
   }
 
   /// Bills, and what a carry forward leaves of them, may stand without a demat account.
@@ -219,9 +230,9 @@ class MovementImport {
 }  // namespace
 
 void ImportMovements(Transaction& transaction, const Portfolio& portfolio,
-                     const ResolvedNames& names, ErrorList& errors, ImportResult& result,
-                     Progress& progress) {
-  MovementImport(transaction, portfolio, names, errors, result, progress).Run();
+                     const ResolvedNames& names, Movements movements, ErrorList& errors,
+                     ImportResult& result, Progress& progress) {
+  MovementImport(transaction, portfolio, names, errors, result, progress).Run(movements);
 }
 
 }  // namespace quorvane::portfolio

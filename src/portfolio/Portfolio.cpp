@@ -4,7 +4,7 @@
 
 namespace quorvane::portfolio {
 
-Symbol Interner::Intern(std::string_view text, const CsvTable& table, FileKind file) {
+Symbol Interner::Intern(std::string_view text, FileKind file, std::size_t line) {
   // Rows of one document stand together, so the last name is asked for most often.
   if (!names_.empty() && text == last_text_) {
     return last_;
@@ -12,7 +12,7 @@ Symbol Interner::Intern(std::string_view text, const CsvTable& table, FileKind f
   const auto [entry, fresh] =
       symbols_.try_emplace(lookups::Folded(text), static_cast<Symbol>(names_.size()));
   if (fresh) {
-    names_.push_back({std::string(text), file, table.Line()});
+    names_.push_back({std::string(text), file, line});
   }
   last_text_ = text;
   last_ = entry->second;

@@ -15,6 +15,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <deque>
 #include <limits>
 #include <map>
 #include <memory>
@@ -38,7 +39,10 @@ class Interner {
     std::size_t line;
   };
 
-  Symbol Intern(std::string_view text, const CsvTable& table, FileKind file);
+  Symbol Intern(std::string_view text, const CsvTable& table, FileKind file) {
+    return Intern(text, file, table.Line());
+  }
+  Symbol Intern(std::string_view text, FileKind file, std::size_t line);
   const std::vector<Name>& Names() const { return names_; }
 
  private:
@@ -95,6 +99,7 @@ struct OpeningRow {
 
 inline constexpr std::string_view kDeliveryTypes[] = {"N.A.", "Delivery Based",
                                                       "Non Delivery Based"};
+inline constexpr std::uint8_t kDelivery = 1;
 inline constexpr std::uint8_t kNonDelivery = 2;
 
 struct BillLineRow {
@@ -212,7 +217,8 @@ struct TaxLossRow {
   std::size_t line = 0;
 };
 
-/// A portfolio folder in memory, checked row by row but not yet against a database.
+/// A portfolio folder in memory, checked row by row but not yet against a database. Bills of
+/// another origin have the same form and are taken in by the same rules.
 struct Portfolio {
   std::vector<MasterRow<records::Participant>> participants;
   std::vector<DpIdRow> dp_ids;
@@ -247,6 +253,9 @@ struct Portfolio {
 
   /// The files' contents, which views of the rows point into.
   std::vector<std::unique_ptr<CsvTable>> tables;
+
+  /// Texts that views of the rows point into when the portfolio was not read from files.
+  std::deque<std::string> texts;
 };
 
 // The words for coded numbers, each in the place of its code.

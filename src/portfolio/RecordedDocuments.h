@@ -9,6 +9,7 @@
 #include "core/text/FinancialYear.h"
 #include "portfolio/Portfolio.h"
 
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_set>
@@ -37,6 +38,16 @@ class RecordedDocuments {
   void Read(database::Connection& connection, const std::set<text::FinancialYear>& years) {
     for (const text::FinancialYear year : years) {
       Read(records::Select<Record>(connection).Where(&Record::year, year));
+    }
+  }
+
+  /// The same of one client, when there is one.
+  void Read(database::Connection& connection, const std::set<text::FinancialYear>& years,
+            std::optional<ClientId> client) {
+    for (const text::FinancialYear year : years) {
+      Read(records::Select<Record>(connection)
+               .Where(&Record::year, year)
+               .Where(&Record::client, client));
     }
   }
 

@@ -17,6 +17,7 @@
 #include "masters/lookup_masters/window/FrmLookup.h"
 #include "masters/participants/window/FrmDepPart.h"
 #include "masters/scrips/window/FrmScript.h"
+#include "portfolio/trades/window/ImpTrades.h"
 #include "reports/Reports.h"
 #include "reports/broker_account/window/RptBrokerAccount.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
@@ -145,6 +146,8 @@ constexpr Feature kFeatures[] = {
      "mnuPortfolio"},
     {"mnuImpSample", QT_TRANSLATE_NOOP("MainMenu", "Take In the &Sample Portfolio"), kImportSample,
      "mnuPortfolio"},
+    {"mnuImpTrades", QT_TRANSLATE_NOOP("MainMenu", "&Trade Books of Brokers"), kOpenWindow,
+     "mnuPortfolio", "ImpTrades", "trade-books.md", Make<portfolio::ImpTrades>},
     {"mnuLineActions", "", kSeparator, "mnuPortfolio"},
     {"mnuCorpAction", QT_TRANSLATE_NOOP("MainMenu", "&Corporate Actions"), kOpenWindow,
      "mnuPortfolio", "FrmCorpAction", "corporate-actions.md",

@@ -138,7 +138,7 @@ class ShownWindow {
   RecordingMessages messages;
   QStringList opened;
   std::vector<reporting::ReportDocument> reports;
-  QString chosen;  ///< the file that the user chooses whenever one is asked for
+  QString chosen;  ///< the file that the user chooses whenever one is asked for; several on lines
   QTemporaryDir folder;
   QPointer<Window> window;
 
@@ -166,7 +166,11 @@ class ShownWindow {
        .messages = messages,
        .today = [this] { return today_; },
        .open = [this](const QString& name) { opened.append(name); },
-       .ask_open_path = [this](QWidget*, const QString&, const QString&) { return chosen; }},
+       .ask_open_path = [this](QWidget*, const QString&, const QString&) { return chosen; },
+       .ask_open_paths =
+           [this](QWidget*, const QString&) {
+             return chosen.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+           }},
       [this](const reporting::ReportDocument& document, QWidget*) { reports.push_back(document); }};
 
  private:

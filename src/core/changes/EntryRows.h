@@ -10,6 +10,7 @@
 #include "core/records/Rates.h"
 #include "core/records/RowJson.h"
 #include "core/records/Tax.h"
+#include "core/records/TradeKey.h"
 #include "core/records/Transfer.h"
 
 #include <QJsonArray>
@@ -42,8 +43,8 @@ struct EntryRows {
              RowsOf<records::Action>, RowsOf<records::ActionLot>, RowsOf<records::Dividend>,
              RowsOf<records::Opening>, RowsOf<records::Bill>, RowsOf<records::BillLine>,
              RowsOf<records::Transfer>, RowsOf<records::BrokerOpening>, RowsOf<records::Payment>,
-             RowsOf<records::FairValue>, RowsOf<records::TaxLoss>, RowsOf<records::MarketRate>,
-             RowsOf<records::Lot>>
+             RowsOf<records::TradeKey>, RowsOf<records::FairValue>, RowsOf<records::TaxLoss>,
+             RowsOf<records::MarketRate>, RowsOf<records::Lot>>
       tables;
   RowsOf<records::Account> removed_accounts{.table = records::kRemovedAccounts};
   RowsOf<records::Payment> receipts{.table = records::kReceipts};

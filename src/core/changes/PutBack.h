@@ -27,8 +27,13 @@ constexpr auto GroupMember() {
                          r.number;
                        }) {
     return &Record::action;
-  } else if constexpr (requires(Record r) { r.isin; }) {
+  } else if constexpr (
+      requires(Record r) { r.isin; } || requires(Record r) { r.fair_rate; }) {
     return &Record::scrip;
+  } else if constexpr (requires(Record r) { r.loss_year; }) {
+    return &Record::client;
+  } else if constexpr (requires(Record r) { r.trade_key; }) {
+    return &Record::bill;
   } else {
     return &Record::id;
   }
@@ -40,7 +45,13 @@ std::string IdentityOf(const Record& record) {
   std::string identity = std::to_string(records::KeyNumber(record.*GroupMember<Record>()));
   if constexpr (requires { record.isin; }) {
     identity += "/" + record.isin.toStdString();
-  } else if constexpr (requires { record.id; }) {
+  } else if constexpr (requires { record.trade_key; }) {
+    identity += "/" + record.trade_key.toStdString();
+  } else if constexpr (requires { record.loss_year; }) {
+    identity += "/" + record.year.Utf8() + "/" + record.loss_year.Utf8() + "/" +
+                std::to_string(record.kind);
+  } else if constexpr (
+      requires { record.id; } || requires { record.fair_rate; }) {
     return identity;
   } else {
     identity += "/" + std::to_string(record.number);
@@ -99,7 +110,14 @@ void DeleteAdded(database::Transaction& transaction, const RowsOf<Record>& rows)
     one.Where(GroupMember<Record>(), record.*GroupMember<Record>());
     if constexpr (requires { record.isin; }) {
       one.Where(&Record::isin, record.isin);
-    } else if constexpr (!requires { record.id; }) {
+    } else if constexpr (requires { record.trade_key; }) {
+      one.Where(&Record::trade_key, record.trade_key);
+    } else if constexpr (requires { record.loss_year; }) {
+      one.Where(&Record::year, record.year)
+          .Where(&Record::loss_year, record.loss_year)
+          .Where(&Record::kind, record.kind);
+    } else if constexpr (
+        !requires { record.id; } && !requires { record.fair_rate; }) {
       one.Where(&Record::number, record.number);
     }
     one.Run();

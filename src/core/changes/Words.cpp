@@ -72,6 +72,7 @@ constexpr auto kRecordNames = std::to_array<Word>({
     {"BrPayment", QT_TRANSLATE_NOOP("Changes", "Payment to Broker")},
     {"BrRec", QT_TRANSLATE_NOOP("Changes", "Receipt from Broker")},
     {"Dividend", QT_TRANSLATE_NOOP("Changes", "Dividend")},
+    {"TradeKey", QT_TRANSLATE_NOOP("Changes", "Trade of a Broker's File")},
     {"FairValue", QT_TRANSLATE_NOOP("Changes", "Fair Value of 31-Jan-2018")},
     {"TaxLoss", QT_TRANSLATE_NOOP("Changes", "Loss Brought Forward")},
     {"MarketRate", QT_TRANSLATE_NOOP("Changes", "Market Rate")},

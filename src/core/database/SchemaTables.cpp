@@ -126,22 +126,12 @@ constexpr std::array<IndexDefinition, 32> kIndexes{{
 }};
 
 constexpr auto kExtensionTables = std::to_array<ExtensionTable>({
-    {"ScripIsin", true},
-    {"CorpAction", true},
-    {"CorpActionLot", true},
-    {"Dividend", true},
-    {"FairValue", true},
-    {"TaxLoss", true},
-    {"RemovedAccount", true},
-    {"UserRight", true},
-    {"RecordKey", true},
-    {"ChangeLog", true},
-    {"ChangeHead", true},
-    {"OpenRecord", false},
-    {"Writers", false},
-    {"CommitMark", false},
-    {"HomeClient", false},
-    {"HomeHolding", false},
+    {"ScripIsin", true},      {"CorpAction", true},  {"CorpActionLot", true},
+    {"Dividend", true},       {"FairValue", true},   {"TaxLoss", true},
+    {"RemovedAccount", true}, {"UserRight", true},   {"ImportProfile", true},
+    {"TradeKey", true},       {"RecordKey", true},   {"ChangeLog", true},
+    {"ChangeHead", true},     {"OpenRecord", false}, {"Writers", false},
+    {"CommitMark", false},    {"HomeClient", false}, {"HomeHolding", false},
     {"HomeGain", false},
 });
 
@@ -213,6 +203,16 @@ constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
      "OpenedAt datetime Not Null, SeenAt datetime Not Null, Primary Key(Token,TableName,RecordId), "
      "Index IxOpenRecordRecord(TableName,RecordId)) Engine=InnoDB Default Character Set utf8mb4 "
      "Collate utf8mb4_general_ci"},
+    {"ImportProfile", 1,
+     "Create Table if not Exists ImportProfile(Kind varchar(40) Not Null, ProfileKey varchar(120) "
+     "Not Null, Header varchar(4000) Not Null, Mapping varchar(4000) Not Null, Primary "
+     "Key(Kind,ProfileKey)) "
+     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+    {"TradeKey", 1,
+     "Create Table if not Exists TradeKey(AcId int(11) Not Null, TradeKey varchar(120) Character "
+     "Set utf8mb4 Collate utf8mb4_bin Not Null, BillId int(11) Not Null, Primary "
+     "Key(AcId,TradeKey), Index IxTradeKeyBill(BillId)) Engine=InnoDB Default Character Set "
+     "utf8mb4 Collate utf8mb4_general_ci"},
     {"RecordKey", 1,
      "Create Table if not Exists RecordKey(TableName varchar(64) Primary Key, LastKey bigint Not "
      "Null) Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
@@ -296,6 +296,7 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"Dividend", "ScrId", "Script"},
     {"FairValue", "ScrId", "Script"},
     {"TaxLoss", "CId", "ClientInfo"},
+    {"TradeKey", "BillId", "SPMaster"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(

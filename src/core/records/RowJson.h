@@ -169,6 +169,9 @@ changes::Owner OwnerOf(const Record& record, std::string_view table) {
       requires { record.isin; } || requires { record.fair_rate; }) {
     owner.table = "Script";
     owner.key = record.scrip.value;
+  } else if constexpr (requires { record.trade_key; }) {
+    owner.table = "SPMaster";
+    owner.key = record.bill.value;
   } else if constexpr (requires { record.loss_year; }) {
     owner.key = record.client.value;
     owner.title = record.year.Text();

@@ -4,6 +4,7 @@
 #include "core/records/Bill.h"
 #include "core/records/Masters.h"
 #include "core/records/Money.h"
+#include "core/records/TradeKey.h"
 #include "core/records/Writing.h"
 #include "core/text/Tr.h"
 
@@ -48,6 +49,7 @@ void DeleteRows(Transaction& transaction, BrokerId id) {
        transaction.Open("Select ID From SPMaster Where BrokId=? For Update", id)) {
     bills.push_back(BillId{row.Int(0)});
   }
+  records::DeleteNaming(transaction, &records::TradeKey::bill, std::span<const BillId>(bills));
   records::DeleteNaming(transaction, &records::BillLine::bill, std::span<const BillId>(bills));
   records::Delete<records::Bill>(transaction).Where(&records::Bill::broker, id).Run();
 }

@@ -1,9 +1,12 @@
 #include "masters/clients/ClientBook.h"
 
+#include "core/records/Action.h"
 #include "core/records/Bill.h"
+#include "core/records/Dividend.h"
 #include "core/records/Lot.h"
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
+#include "core/records/Tax.h"
 #include "core/records/Transfer.h"
 #include "core/records/Writing.h"
 #include "core/text/Tr.h"
@@ -116,6 +119,9 @@ void DeleteRecords(Transaction& transaction, ClientId id) {
   DeleteOf<records::Payment>(transaction, id);
   DeleteOf<records::Payment>(transaction, id, records::kReceipts);
   DeleteOf<records::Lot>(transaction, id);
+  DeleteOf<records::Dividend>(transaction, id);
+  DeleteOf<records::ActionLot>(transaction, id);
+  DeleteOf<records::TaxLoss>(transaction, id);
 }
 
 std::string AfterCommit(const QString& done, const std::runtime_error& error) {

@@ -1,38 +1,12 @@
 #include "masters/lookup_masters/Levies.h"
 
-#include "core/files/TableFile.h"
 #include "core/text/Amounts.h"
-#include "core/text/Tr.h"
 
 #include <algorithm>
 #include <chrono>
-#include <optional>
 
 namespace quorvane::lookup_masters {
 namespace {
-
-enum Cell { kKind, kFrom, kPercent, kCells };
-
-[[noreturn]] void FailAt(std::size_t line) {
-  throw files::TableError(Tr("LookupMasters", "Line %1 of levies.csv is no dated rate.")
-                              .arg(static_cast<qulonglong>(line))
-                              .toStdString());
-}
-
-Levy LevyOf(const files::TextRow& row) {
-  if (row.cells.size() != kCells) {
-    FailAt(row.line);
-  }
-  Levy levy{.kind = QString::fromStdString(row.cells[kKind]), .from = {}};
-  const auto from = text::ParseDmy(row.cells[kFrom]);
-  const auto percent = text::ParseNumber(row.cells[kPercent]);
-  if (!PercentageKinds().contains(levy.kind) || !from || !percent || *percent < 0) {
-    FailAt(row.line);
-  }
-  levy.from = *from;
-  levy.percent = *percent;
-  return levy;
-}
 
 /// How many days of the year the levy holds; `until` is the day before which it does.
 int DaysIn(text::FinancialYear year, text::Date from, text::Date until) {
@@ -70,15 +44,6 @@ QString AsOn(const YearLevy& levy) {
 }
 
 }  // namespace
-
-std::vector<Levy> ReadLevies(const QString& path) {
-  const files::TextTable table = files::ReadTableFile(path);
-  std::vector<Levy> levies;
-  for (std::size_t row = 1; row < table.rows.size(); ++row) {
-    levies.push_back(LevyOf(table.rows[row]));
-  }
-  return levies;
-}
 
 std::vector<YearLevy> LeviesByYear(const std::vector<Levy>& levies, text::FinancialYear last) {
   std::vector<YearLevy> by_year;

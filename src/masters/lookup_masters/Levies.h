@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/tax/Levies.h"
 #include "core/text/FinancialYear.h"
 #include "masters/lookup_masters/LookupMaster.h"
 
@@ -7,16 +8,7 @@
 
 namespace quorvane::lookup_masters {
 
-/// A rate that the law set from a day on until the next one of its kind.
-struct Levy {
-  QString kind;  ///< one of PercentageKinds()
-  text::Date from;
-  double percent = 0;
-};
-
-/// The dated rates in a comma separated file with the columns kind, from and percent, in the order
-/// of the file. Throws files::TableError for a file that is missing or has other contents.
-std::vector<Levy> ReadLevies(const QString& path);
+using tax::Levy;
 
 /// The rate of a kind in a financial year: where it changed within the year, the one that held on
 /// most days of it.

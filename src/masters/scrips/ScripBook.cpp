@@ -9,6 +9,7 @@
 #include "core/records/Opening.h"
 #include "core/records/Rates.h"
 #include "core/records/Tax.h"
+#include "core/records/TradeKey.h"
 #include "core/records/Transfer.h"
 #include "core/records/Writing.h"
 #include "core/text/Tr.h"
@@ -92,6 +93,7 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   DeleteOf<records::Transfer>(transaction, id);
   const auto bills = KeysOf<BillId>(
       transaction, "Select Distinct SID From SPTrans Where ScriptId=? For Update", id);
+  records::DeleteNaming(transaction, &records::TradeKey::bill, std::span(bills));
   records::DeleteNaming(transaction, &records::Bill::id, std::span(bills));
   DeleteOf<records::BillLine>(transaction, id);
   DeleteOf<records::Opening>(transaction, id);

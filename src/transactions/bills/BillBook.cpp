@@ -4,6 +4,7 @@
 #include "core/ledger/Posting.h"
 #include "core/lookups/Choices.h"
 #include "core/records/Query.h"
+#include "core/records/TradeKey.h"
 #include "core/records/Writing.h"
 #include "transactions/bills/BillChecks.h"
 #include "transactions/posting/Owner.h"
@@ -186,6 +187,7 @@ MaybeRefusal BillBook::Delete(BillId id) {
       return refusal;
     }
     DeleteRows(transaction, *old);
+    records::Delete<records::TradeKey>(transaction).Where(&records::TradeKey::bill, id).Run();
     return std::nullopt;
   });
 }

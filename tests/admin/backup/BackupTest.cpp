@@ -149,11 +149,15 @@ class BackupTest : public QObject {
     }
     connection.Execute("Insert Into ClientInfo(Id,Address) Values(?,?)", ++id,
                        std::string(100000, 'x'));
+    connection.Execute("Insert Into TradeKey Values(1,'T|NSE|20260827|O1|t1',4)");
+    connection.Execute("Insert Into ImportProfile Values('columns','a','date|qty','date=0')");
     const QByteArrayList before = office.Everything();
     const QString made = office.BackUp();
     QCOMPARE(QFileInfo(made).fileName(), "Quorvane-2026-11-25-081500");
     connection.Execute("Delete From ClientInfo Where Id>3");
     connection.Execute("Update Stock Set Qty=1");
+    connection.Execute("Delete From TradeKey");
+    connection.Execute("Delete From ImportProfile");
     connection.Execute("Insert Into Broker(Id,Name) Values(1,'NEW')");
     WriteFile(office.folders.documents + QStringLiteral("/1/sign.png"), "another");
     WriteFile(office.folders.documents + QStringLiteral("/2/new.png"), "new");

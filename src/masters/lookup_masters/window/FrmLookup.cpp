@@ -309,7 +309,7 @@ void FrmLookup::CmdLevies_Click() {
     return;
   }
   const std::vector<YearLevy> levies =
-      LeviesByYear(ReadLevies(Session().folders.data + QStringLiteral("/levies.csv")),
+      LeviesByYear(tax::ReadLevies(Session().folders.data + QStringLiteral("/levies.csv")),
                    text::FinancialYear::Of(TheDesk().today()));
   const std::vector<LookupRow> added = book_.AddMissing(RowsOf(book_.Master().kind, levies));
   Refill();

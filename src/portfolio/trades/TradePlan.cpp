@@ -1,0 +1,330 @@
+#include "portfolio/trades/TradePlan.h"
+
+#include "core/records/BillAmounts.h"
+#include "core/text/Amounts.h"
+#include "core/text/Tr.h"
+#include "portfolio/trades/TradeDays.h"
+
+#include <QCryptographicHash>
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <tuple>
+#include <unordered_map>
+
+namespace quorvane::portfolio {
+namespace {
+
+using records::Side;
+using text::Shares;
+
+std::int64_t DayNumber(text::Date day) {
+  return day.time_since_epoch().count();
+}
+
+/// For each scrip the first place that means the same one.
+std::vector<std::uint32_t> SameScrips(const std::vector<TradedScrip>& scrips) {
+  std::vector<std::uint32_t> same(scrips.size());
+  std::map<std::string, std::uint32_t> first;
+  for (std::uint32_t place = 0; place < scrips.size(); ++place) {
+    const TradedScrip& scrip = scrips[place];
+    const std::string name = scrip.match == ScripMatch::kKnown ? std::to_string(scrip.scrip.value)
+                             : scrip.match == ScripMatch::kNew
+                                 ? "new " + NewCode(scrip.naming).toStdString()
+                                 : "place " + std::to_string(place);
+    same[place] = first.try_emplace(name, place).first->second;
+  }
+  return same;
+}
+
+/// The identity of a trade with a number of its own.
+std::string NumberedKey(const Trade& trade, const std::string& exchange) {
+  return fmt::format("T|{}|{}|{}|{}|{}", exchange, DayNumber(trade.day), trade.order_number,
+                     trade.trade_number, trade.side == Side::kPurchase ? 'P' : 'S');
+}
+
+/// What tells any other trade apart, but for a number among its equals.
+std::string ComposedKey(const Trade& trade, const std::string& exchange, const std::string& scrip) {
+  std::string key =
+      fmt::format("C|{}|{}|{}|{}|{}|", exchange, DayNumber(trade.day), scrip,
+                  trade.side == Side::kPurchase ? 'P' : 'S', trade.quantity.Millionths());
+  text::AppendExact(key, trade.rate);
+  return key;
+}
+
+std::string Bounded(std::string key) {
+  if (key.size() > kLongestTradeKey) {
+    key =
+        "H|" + QCryptographicHash::hash(QByteArray::fromStdString(key), QCryptographicHash::Sha256)
+                   .toHex()
+                   .toStdString();
+  }
+  return key;
+}
+
+using DayTotal = std::tuple<text::Date, ScripId, Side>;
+
+/// The charges that the file tells of the line's trades, in one sum.
+TradeCharges ToldOf(const TradeLine& line, const TradeFile& file) {
+  TradeCharges sum;
+  const auto add = [](std::optional<double>& to, const std::optional<double>& charge) {
+    if (charge) {
+      to = text::Tidy(to.value_or(0) + *charge);
+    }
+  };
+  for (const std::uint32_t place : line.trades) {
+    const TradeCharges& charges = file.trades[place].charges;
+    add(sum.brokerage, charges.brokerage);
+    add(sum.tax, charges.tax);
+    add(sum.stt, charges.stt);
+    add(sum.exchange_fee, charges.exchange_fee);
+    add(sum.others, charges.others);
+    add(sum.taxed_brokerage, charges.taxed_brokerage);
+    add(sum.taxes, charges.taxes);
+  }
+  return sum;
+}
+
+Shares QuantityOf(const TradeLine& line, const TradeFile& file) {
+  Shares quantity;
+  for (const std::uint32_t place : line.trades) {
+    quantity += file.trades[place].quantity;
+  }
+  return quantity;
+}
+
+/// The part of an amount, in paise, so that both parts add up to it: the delivered part gets the
+/// rest.
+double PartOf(double whole, double share, bool rest) {
+  const double first = text::RoundAmount(whole * (rest ? 1 - share : share));
+  return rest ? text::Tidy(whole - first) : first;
+}
+
+/// The charges of a line that is a part of its trades. `share` is its part of the shares, and
+/// `stt_share` its part of the securities transaction tax.
+TradeCharges PartOf(const TradeCharges& whole, double share, double stt_share, bool rest) {
+  const auto part = [&](const std::optional<double>& charge, double of) {
+    return charge ? std::optional(PartOf(*charge, of, rest)) : std::nullopt;
+  };
+  return {part(whole.brokerage, share), part(whole.tax, share),
+          part(whole.stt, stt_share),   part(whole.exchange_fee, share),
+          part(whole.others, share),    part(whole.taxed_brokerage, share),
+          part(whole.taxes, share)};
+}
+
+}  // namespace
+
+QString TextOf(LineState state) {
+  switch (state) {
+    case LineState::kNew:
+      return Tr("Trades", "New");
+    case LineState::kDoubled:
+      return Tr("Trades", "Taken In Already");
+    case LineState::kEntered:
+      return Tr("Trades", "Probably Entered by Hand");
+    case LineState::kLikely:
+      return Tr("Trades", "Script to be Confirmed");
+    case LineState::kUnknown:
+      return Tr("Trades", "Unknown Script");
+    case LineState::kImpossible:
+      return Tr("Trades", "Shares are Missing");
+  }
+  return {};
+}
+
+TradePlan::TradePlan(TradeFile file, std::vector<TradedScrip> scrips, RecordedTrades recorded,
+                     ChargeRates rates)
+    : file_(std::move(file)),
+      scrips_(std::move(scrips)),
+      recorded_(std::move(recorded)),
+      rates_(std::move(rates)) {}
+
+void TradePlan::Build(Fills fills, Progress& progress) {
+  progress.Begin(Tr("Trades", "Looking through the Trades"), 0);
+  const std::vector<std::string> keys = Keys(KnownScrips());
+  std::unordered_set<std::string_view> seen;
+  doubled_.assign(file_.trades.size(), false);
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    doubled_[i] = recorded_.taken.contains(keys[i]) || !seen.insert(keys[i]).second;
+  }
+  progress.Step(0);
+  progress.ThrowIfCancelled();
+  Join(fills);
+  SetStates();
+  SetCharges();
+  RoundStt();
+  Recall();
+  progress.Step(0);
+}
+
+void TradePlan::Join(Fills fills) {
+  const std::vector<std::uint32_t> same = SameScrips(scrips_);
+  lines_ = WithoutDelivery(JoinedLines(file_, same, doubled_, fills), file_);
+}
+
+void TradePlan::SetStates() {
+  std::map<DayTotal, Shares> totals;
+  for (const TradeLine& line : lines_) {
+    if (line.state != LineState::kDoubled && scrips_[line.scrip].match == ScripMatch::kKnown) {
+      totals[{line.day, scrips_[line.scrip].scrip, line.side}] += line.quantity;
+    }
+  }
+  std::map<DayTotal, Shares> entered;
+  for (const EnteredTotal& total : recorded_.entered) {
+    entered[{total.day, total.scrip, total.side}] += total.quantity;
+  }
+  for (TradeLine& line : lines_) {
+    const TradedScrip& scrip = scrips_[line.scrip];
+    if (line.state == LineState::kDoubled) {
+      continue;
+    }
+    if (!scrip.IsSettled()) {
+      line.state = scrip.match == ScripMatch::kLikely ? LineState::kLikely : LineState::kUnknown;
+    } else if (const DayTotal day{line.day, scrip.scrip, line.side};
+               scrip.match == ScripMatch::kKnown && entered.contains(day) &&
+               entered[day] == totals[day]) {
+      line.state = LineState::kEntered;
+    }
+    line.ticked = line.state != LineState::kEntered;
+  }
+}
+
+void TradePlan::SetCharges() {
+  for (TradeLine& line : lines_) {
+    const double share = line.quantity.Number() / QuantityOf(line, file_).Number();
+    TradeCharges told = ToldOf(line, file_);
+    if (share < 1) {
+      const double here = rates_->Stt(line.day, line.side, line.non_delivery) * share;
+      const double there = rates_->Stt(line.day, line.side, !line.non_delivery) * (1 - share);
+      const double stt_share = here + there > 0 ? here / (here + there) : share;
+      told = PartOf(told, share, stt_share, !line.non_delivery);
+    }
+    const ChargedLine charged{line.day, line.side, line.non_delivery, line.exchange,
+                              line.rate * line.quantity.Number()};
+    const bool has_charges = file_.trades[line.trades.front()].has_charges;
+    line.charges = ChargesOf(charged, told, has_charges, *rates_);
+    line.charges.tax = told.tax ? line.charges.tax : text::RoundAmount(line.charges.tax);
+  }
+}
+
+/// Proposed tax is in whole rupees a bill, and in paise a line.
+void TradePlan::RoundStt() {
+  const auto is_proposed = [](const TradeLine& line) {
+    return line.state != LineState::kDoubled && line.charges.stt_percent > 0;
+  };
+  for (std::size_t first = 0; first < lines_.size();) {
+    std::size_t end = first;
+    double sum = 0;
+    const auto bill = [&](std::size_t i) {
+      return std::tie(lines_[i].day, lines_[i].exchange, lines_[i].bill_number);
+    };
+    for (; end < lines_.size() && bill(end) == bill(first); ++end) {
+      sum += is_proposed(lines_[end]) ? lines_[end].charges.stt : 0;
+    }
+    const double whole = records::InWholeRupees(sum);
+    double so_far = 0;
+    double given = 0;
+    for (std::size_t i = first; i < end; ++i) {
+      if (is_proposed(lines_[i])) {
+        so_far += lines_[i].charges.stt;
+        const double up_to = text::RoundAmount(whole * so_far / sum);
+        lines_[i].charges.stt = text::Tidy(up_to - given);
+        given = up_to;
+      }
+    }
+    first = end;
+  }
+}
+
+/// The user's ticks and changes, on the lines that were built anew.
+void TradePlan::Recall() {
+  for (TradeLine& line : lines_) {
+    const LineName name{line.trades.front(), line.non_delivery};
+    if (const auto tick = ticks_.find(name); tick != ticks_.end()) {
+      line.ticked = tick->second && line.state != LineState::kDoubled;
+    }
+    if (const auto found = changes_.find(name); found != changes_.end()) {
+      const LineChange& change = found->second;
+      line.quantity = change.quantity;
+      line.rate = change.rate;
+      line.charges.brokerage = change.brokerage;
+      line.charges.tax = change.tax;
+      line.charges.stt = change.stt;
+    }
+  }
+}
+
+std::size_t TradePlan::Count(LineState state) const {
+  return static_cast<std::size_t>(std::ranges::count(lines_, state, &TradeLine::state));
+}
+
+void TradePlan::Settle(std::uint32_t place, ScripId scrip) {
+  scrips_[place].scrip = scrip;
+  scrips_[place].match = ScripMatch::kKnown;
+  scrips_[place].confirmed = true;
+}
+
+void TradePlan::SettleAsNew(std::uint32_t place) {
+  scrips_[place].scrip = {};
+  scrips_[place].match = ScripMatch::kNew;
+  scrips_[place].confirmed = true;
+}
+
+void TradePlan::Tick(std::size_t line, bool on) {
+  TradeLine& ticked = lines_[line];
+  ticked.ticked = on && ticked.state != LineState::kDoubled;
+  ticks_[{ticked.trades.front(), ticked.non_delivery}] = ticked.ticked;
+}
+
+void TradePlan::Change(std::size_t line, const LineChange& change) {
+  changes_[{lines_[line].trades.front(), lines_[line].non_delivery}] = change;
+  Recall();
+}
+
+void TradePlan::ForgetImpossible() {
+  for (TradeLine& line : lines_) {
+    if (line.state == LineState::kImpossible) {
+      line.state = LineState::kNew;
+      line.missing = {};
+    }
+  }
+}
+
+void TradePlan::MarkImpossible(std::size_t line, Shares missing) {
+  lines_[line].state = LineState::kImpossible;
+  lines_[line].missing = missing;
+}
+
+std::vector<ScripId> TradePlan::KnownScrips() const {
+  std::vector<ScripId> known;
+  known.reserve(scrips_.size());
+  for (const TradedScrip& scrip : scrips_) {
+    known.push_back(scrip.match == ScripMatch::kKnown ? scrip.scrip : ScripId{});
+  }
+  return known;
+}
+
+std::vector<std::string> TradePlan::Keys(std::span<const ScripId> scrips) const {
+  std::vector<std::string> keys;
+  keys.reserve(file_.trades.size());
+  std::unordered_map<std::string, int> counts;
+  for (const Trade& trade : file_.trades) {
+    const std::string& exchange = file_.exchanges[trade.exchange];
+    if (!trade.trade_number.empty()) {
+      keys.push_back(Bounded(NumberedKey(trade, exchange)));
+      continue;
+    }
+    const ScripId scrip = scrips[trade.scrip];
+    const std::string name =
+        scrip ? std::to_string(scrip.value) : "?" + std::to_string(trade.scrip);
+    std::string key = ComposedKey(trade, exchange, name);
+    const int count = ++counts[std::to_string(trade.file) + key];
+    keys.push_back(Bounded(key + "|" + std::to_string(count)));
+  }
+  return keys;
+}
+
+}  // namespace quorvane::portfolio

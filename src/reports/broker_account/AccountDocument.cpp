@@ -33,9 +33,11 @@ reporting::Column BalanceColumn(const QString& heading) {
 
 std::vector<Cell> CellsOf(Cell date, const QString& particulars, const NoteAmounts& note,
                           Paise debit, Paise credit, Paise balance) {
-  return {std::move(date),          particulars,         Amount(note.purchases), Amount(note.sales),
-          Amount(note.service_tax), Amount(note.stt),    Amount(note.charges),   Amount(debit),
-          Amount(credit),           BalanceText(balance)};
+  return {std::move(date),      particulars,
+          Amount(debit),        Amount(credit),
+          BalanceText(balance), Amount(note.purchases),
+          Amount(note.sales),   Amount(note.service_tax),
+          Amount(note.stt),     Amount(note.charges)};
 }
 
 void AddAccount(reporting::Table& table, const BrokerAccount& account) {
@@ -54,12 +56,13 @@ void AddAccount(reporting::Table& table, const BrokerAccount& account) {
 
 reporting::Table AccountTable(const BrokerAccounts& all) {
   reporting::Table table;
+  // The balance before what it is made of, so that a small screen has it in sight.
   table.columns = {
-      DateColumn(QStringLiteral("Date")),        TextColumn(QStringLiteral("Particulars")),
-      AmountColumn(QStringLiteral("Purchases")), AmountColumn(QStringLiteral("Sales")),
-      AmountColumn(QStringLiteral("S.Tax/GST")), AmountColumn(QStringLiteral("S.T.T.")),
-      AmountColumn(QStringLiteral("Charges")),   AmountColumn(QStringLiteral("Debit")),
-      AmountColumn(QStringLiteral("Credit")),    BalanceColumn(QStringLiteral("Balance"))};
+      DateColumn(QStringLiteral("Date")),       TextColumn(QStringLiteral("Particulars")),
+      AmountColumn(QStringLiteral("Debit")),    AmountColumn(QStringLiteral("Credit")),
+      BalanceColumn(QStringLiteral("Balance")), AmountColumn(QStringLiteral("Purchases")),
+      AmountColumn(QStringLiteral("Sales")),    AmountColumn(QStringLiteral("S.Tax/GST")),
+      AmountColumn(QStringLiteral("S.T.T.")),   AmountColumn(QStringLiteral("Charges"))};
   for (const BrokerAccount& account : all.accounts) {
     AddAccount(table, account);
   }

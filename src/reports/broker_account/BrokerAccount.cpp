@@ -255,7 +255,7 @@ class AccountMaker {
         opening.IsEntered() ? QStringLiteral("entered")
                             : QStringLiteral("closing of %1").arg(query_.of.year.Previous().Text());
     const QString text = more_before ? QStringLiteral("Brought Forward")
-                                     : QStringLiteral("Opening Balance (%1)").arg(source);
+                                     : QStringLiteral("Opening (%1)").arg(source);
     return SidesOf({query_.period.from, text, {}, {}, {}, balance_}, balance_);
   }
 

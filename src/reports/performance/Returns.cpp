@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <chrono>
 #include <map>
+#include <set>
 #include <tuple>
+#include <utility>
 
 namespace quorvane::performance {
 namespace {
@@ -310,19 +312,25 @@ class ReturnsReader {
     }
   }
 
+  /// One note a day and scrip, up to a number of them.
   void NoteFlowsAtCost() {
-    std::map<std::pair<Date, QString>, bool> noted;
+    constexpr std::size_t kMost = 20;
+    std::set<std::pair<Date, QString>> noted;
     for (const Flow& flow : flows_) {
-      const bool from = scope_.Has(flow.from);
-      if (!flow.IsAtCost() || flow.kind == FlowKind::kClosingValue ||
-          (!from && !scope_.Has(flow.to))) {
-        continue;
+      const bool counts = scope_.Has(flow.from) || scope_.Has(flow.to);
+      if (flow.IsAtCost() && flow.kind != FlowKind::kClosingValue && counts) {
+        noted.insert({flow.day, ScripName(flow.to ? flow.to->scrip : flow.from->scrip)});
       }
-      const QString scrip = ScripName(flow.to ? flow.to->scrip : flow.from->scrip);
-      if (noted.try_emplace({flow.day, scrip}, true).second) {
+    }
+    std::size_t count = 0;
+    for (const auto& [day, scrip] : noted) {
+      if (++count <= kMost) {
         result_.notes << QStringLiteral("%1 counts at cost on %2: no rate is stored.")
-                             .arg(scrip, text::FormatDmy(flow.day));
+                             .arg(scrip, text::FormatDmy(day));
       }
+    }
+    if (count > kMost) {
+      result_.notes << QStringLiteral("And %1 more at cost.").arg(count - kMost);
     }
   }
 

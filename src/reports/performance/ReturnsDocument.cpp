@@ -74,15 +74,15 @@ class GroupTable {
       : last_day_(last_day), with_rates_(with_rates) {
     table_.titles = {title};
     table_.columns = {TextColumn(heading),
+                      AmountColumn(QStringLiteral("% a Year")),
+                      AmountColumn(QStringLiteral("Gain")),
                       AmountColumn(QStringLiteral("Opening Value")),
                       AmountColumn(QStringLiteral("Bought")),
                       AmountColumn(QStringLiteral("Sold")),
                       AmountColumn(QStringLiteral("Dividends")),
                       AmountColumn(QStringLiteral("Tax Deducted")),
                       AmountColumn(QStringLiteral("Moved In")),
-                      AmountColumn(QStringLiteral("Closing Value")),
-                      AmountColumn(QStringLiteral("Gain")),
-                      AmountColumn(QStringLiteral("% a Year"))};
+                      AmountColumn(QStringLiteral("Closing Value"))};
     if (with_rates) {
       table_.columns.push_back(DateColumn(QStringLiteral("Rate Of")));
     }
@@ -91,12 +91,11 @@ class GroupTable {
   void Add(const GroupFigures& group, RowKind kind = RowKind::kData) {
     const Figures& of = group.figures;
     const std::vector<double> rates = MoneyWeightedReturns(of.flows);
-    reporting::Row row{.kind = kind, .cells = {group.name}};
+    reporting::Row row{.kind = kind, .cells = {group.name, ReturnCell(rates)}};
     for (const Paise amount :
-         {of.opening, of.bought, of.sold, of.dividends, of.tax, of.moved, of.closing, of.Gain()}) {
+         {of.Gain(), of.opening, of.bought, of.sold, of.dividends, of.tax, of.moved, of.closing}) {
       row.cells.emplace_back(amount.Rupees());
     }
-    row.cells.push_back(ReturnCell(rates));
     if (with_rates_) {
       row.cells.push_back(MarkOf(group.at_cost, group.rate_day, last_day_));
     }
@@ -156,9 +155,10 @@ reporting::Table MonthTable(const Returns& returns) {
 reporting::Table FlowTable(const Returns& returns) {
   reporting::Table table;
   table.titles = {QStringLiteral("Flows of Money and Value")};
+  // The script first, as in the tables above: on the screen the columns share their widths.
   table.columns = {
-      DateColumn(QStringLiteral("Date")),        TextColumn(QStringLiteral("Kind")),
-      TextColumn(QStringLiteral("Script Name")), TextColumn(QStringLiteral("Demat A/c No.")),
+      TextColumn(QStringLiteral("Script Name")), DateColumn(QStringLiteral("Date")),
+      TextColumn(QStringLiteral("Kind")),        TextColumn(QStringLiteral("Demat A/c No.")),
       AmountColumn(QStringLiteral("Put In")),    AmountColumn(QStringLiteral("Came Out")),
       DateColumn(QStringLiteral("Rate Of"))};
   Paise put_in;
@@ -168,11 +168,11 @@ reporting::Table FlowTable(const Returns& returns) {
     put_in += flow.put_in;
     came_out += flow.came_out;
     table.rows.push_back(
-        {.cells = {flow.day, KindText(flow.kind), flow.scrip, flow.account, amount(flow.put_in),
+        {.cells = {flow.scrip, flow.day, KindText(flow.kind), flow.account, amount(flow.put_in),
                    amount(flow.came_out), MarkOf(flow.at_cost, flow.rate_day, flow.day)}});
   }
   table.rows.push_back({.kind = RowKind::kNetTotal,
-                        .cells = {Cell(), QStringLiteral("Total"), Cell(), Cell(), put_in.Rupees(),
+                        .cells = {QStringLiteral("Total"), Cell(), Cell(), Cell(), put_in.Rupees(),
                                   came_out.Rupees()}});
   return table;
 }

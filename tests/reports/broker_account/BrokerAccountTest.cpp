@@ -84,14 +84,13 @@ class BrokerAccountTest : public test::DeskTest {
     Bill(2, 2011, "10/05/2011", 0, 400);
     Bill(1, 2011, "02/05/2011", 1, 1000, 3);
     const BrokerAccount account = Read(2011).accounts.at(0);
-    QCOMPARE(LinesOf(account),
-             QStringList({"01/04/2011 Opening Balance (entered) 0.00 100.00 -100.00",
-                          "02/05/2011 Bill No. B1 1003.75 0.00 903.75",
-                          "10/05/2011 Bill No. B2 0.00 399.25 504.50",
-                          "10/05/2011 Payment (Cash) 0.00 500.00 4.50",
-                          "10/05/2011 Dr. By Broker (Cheque) 20.00 0.00 24.50",
-                          "11/05/2011 Cr. By Broker (Cheque 77) 0.00 3.00 21.50",
-                          "12/05/2011 Receiving (Cash) 1.00 0.00 22.50"}));
+    QCOMPARE(LinesOf(account), QStringList({"01/04/2011 Opening (entered) 0.00 100.00 -100.00",
+                                            "02/05/2011 Bill No. B1 1003.75 0.00 903.75",
+                                            "10/05/2011 Bill No. B2 0.00 399.25 504.50",
+                                            "10/05/2011 Payment (Cash) 0.00 500.00 4.50",
+                                            "10/05/2011 Dr. By Broker (Cheque) 20.00 0.00 24.50",
+                                            "11/05/2011 Cr. By Broker (Cheque 77) 0.00 3.00 21.50",
+                                            "12/05/2011 Receiving (Cash) 1.00 0.00 22.50"}));
     QCOMPARE(account.Closing(), Paise(2250));
     QCOMPARE(account.open.size(), std::size_t{3});
     QCOMPARE(account.open[0].particulars, "Bill No. B1");
@@ -112,11 +111,11 @@ class BrokerAccountTest : public test::DeskTest {
   // The year before closes with 1000.75 owed less 900.00 paid: 100.75.
   void AYearOpensWithWhatWasEnteredOrTheClosingBefore_data() {
     const test::Table<double, QString, QString, QString> row;
-    row("nothing entered", 0.0, "Opening Balance (closing of 2011-12)", "100.75", "");
-    row("entered the same", 100.75, "Opening Balance (entered)", "100.75", "");
-    row("entered another one", 120.0, "Opening Balance (entered)", "120.00", "19.25");
+    row("nothing entered", 0.0, "Opening (closing of 2011-12)", "100.75", "");
+    row("entered the same", 100.75, "Opening (entered)", "100.75", "");
+    row("entered another one", 120.0, "Opening (entered)", "120.00", "19.25");
     // The broker ledger adds 1000.00, its stored total, and the payment.
-    row("carried from the broker ledger", 1900.0, "Opening Balance (closing of 2011-12)", "100.75",
+    row("carried from the broker ledger", 1900.0, "Opening (closing of 2011-12)", "100.75",
         "1799.25");
   }
   void AYearOpensWithWhatWasEnteredOrTheClosingBefore() {
@@ -188,7 +187,10 @@ class BrokerAccountTest : public test::DeskTest {
           sums[i] += amount;
         }
       }
-      QCOMPARE(std::get<QString>(table.rows.back().cells.back()), "302.67Dr");
+      const auto is_balance = [](const reporting::Cell& cell) {
+        return cell == reporting::Cell(QStringLiteral("302.67Dr"));
+      };
+      QVERIFY(std::ranges::any_of(table.rows.back().cells, is_balance));
     }
   }
 };

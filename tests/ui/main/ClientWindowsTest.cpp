@@ -60,7 +60,7 @@ class ClientWindowsTest : public QObject {
     }
     const QString other = make_current("ATH002", 2011);
     const auto windows = shown.main->findChildren<controls::ChildWindow*>();
-    QCOMPARE(windows.size(), 15);
+    QCOMPARE(windows.size(), 18);
     for (const controls::ChildWindow* window : windows) {
       QVERIFY2(window->windowTitle().contains(own), qPrintable(window->windowTitle()));
       if (auto* button = window->findChild<controls::ZENButton*>(QStringLiteral("CmdReport"))) {
@@ -70,7 +70,7 @@ class ClientWindowsTest : public QObject {
         printed << TitlesOf(screen->Model().Document());
       }
     }
-    QCOMPARE(printed.size(), 8);
+    QCOMPARE(printed.size(), 10);
     for (const QString& titles : printed) {
       QVERIFY2(titles.contains(own) && !titles.contains(other), qPrintable(titles));
     }

@@ -50,6 +50,8 @@ class RefusedFieldsTest : public QObject {
     AddDocuments();
     const Places period{{Field::kFromDate, "Text1_0"}, {Field::kToDate, "Text1_1"}};
     Add("RptBrokerLedger", With(period, {{Field::kBrokers, "VSB"}}));
+    Add("RptBrokerAccount", With(period, {{Field::kBrokers, "VSB"}}));
+    Add("RptReturns", period);
     Add("RptDMatStatement", With(period, {{Field::kAccounts, "VSF"}}));
     Add("RptTransaction", With(period, {{Field::kAccounts, "VSF"}}));
     const Places gains{{Field::kAccounts, "VSD"}, {Field::kScrips, "VSS"}};

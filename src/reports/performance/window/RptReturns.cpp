@@ -1,9 +1,8 @@
 #include "reports/performance/window/RptReturns.h"
 
+#include "controls/FieldLayout.h"
 #include "core/app/Session.h"
 #include "reporting/selection/ReportLists.h"
-
-#include <QLabel>
 
 namespace quorvane::performance {
 namespace {
@@ -16,31 +15,20 @@ RptReturns::RptReturns(reporting::ReportDesk& desk)
     : ReportWindow(desk, QStringLiteral("RptReturns"),
                    app::ClientTitle(tr("Returns"), desk.session), {790, 540}),
       of_(app::CurrentOf(desk.session)) {
-  AddPeriod();
-  auto* row = new QHBoxLayout();
-  CmbScript = MakeCombo(QStringLiteral("CmbScript"), tr("&Script Name"), *row);
-  CmbAccount = MakeCombo(QStringLiteral("CmbAccount"), tr("&Demat A/c No."), *row);
+  QBoxLayout* row = AddPeriodFrame();
+  auto* fields = new controls::FieldLayout;
+  CmbScript = fields->Add(tr("&Script Name"), QStringLiteral("CmbScript"), new controls::ComboBox);
+  CmbAccount =
+      fields->Add(tr("&Demat A/c No."), QStringLiteral("CmbAccount"), new controls::ComboBox);
+  row->addLayout(fields, 1);
   whose_ = MakeChoice(QStringLiteral("Frame1"), tr("Whose"), QStringLiteral("optW"),
                       {tr("&Client"), tr("&Family")});
   row->addWidget(whose_.frame);
-  AddOptions(row);
   chart_ = new charts::ChartPane(TheGuard(), TheDesk());
   AddPage(tr("Chart"), chart_);
   FillLists();
   On(whose_.group, &QButtonGroup::idClicked, &RptReturns::optW_Click, QStringLiteral("optW_Click"));
   Start();
-}
-
-controls::ComboBox* RptReturns::MakeCombo(const QString& name, const QString& label,
-                                          QBoxLayout& row) {
-  auto* combo = new controls::ComboBox();
-  combo->setObjectName(name);
-  combo->setAccessibleName(QString(label).remove(QLatin1Char('&')));
-  auto* caption = new QLabel(label);
-  caption->setBuddy(combo);
-  row.addWidget(caption);
-  row.addWidget(combo, 1);
-  return combo;
 }
 
 std::set<ClientId> RptReturns::Clients() const {

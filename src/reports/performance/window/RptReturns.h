@@ -21,7 +21,6 @@ class RptReturns : public reporting::ReportWindow {
   std::optional<reporting::ReportDocument> BuildDocument(Progress& progress) override;
 
  private:
-  controls::ComboBox* MakeCombo(const QString& name, const QString& label, QBoxLayout& row);
   void FillLists();
   std::set<ClientId> Clients() const;
 

@@ -4,6 +4,7 @@
 #include "core/text/Tr.h"
 #include "transactions/bills/window/BillContext.h"
 
+#include <QBoxLayout>
 #include <QCoreApplication>
 #include <QRegularExpressionValidator>
 
@@ -14,6 +15,8 @@ namespace quorvane::bills {
 namespace {
 
 using controls::TextBox;
+
+constexpr int kNetWidth = 180;
 
 struct Field {
   BillBox box;
@@ -38,8 +41,10 @@ QLabel* LabelOf(const QWidget& parent, const QWidget* box) {
 }  // namespace
 
 BillTotalsPane::BillTotalsPane(const BillContext& context) : context_(context) {
-  auto* fields = new controls::FieldLayout(static_cast<int>(kFields.size()) + 1, this);
-  fields->setContentsMargins(0, 0, 0, 0);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  auto* fields = new controls::FieldLayout(static_cast<int>(kFields.size()));
+  rows->addLayout(fields);
   static const QRegularExpression kTypable(QStringLiteral("-?[0-9,]*\\.?[0-9]*"));
   for (const Field& field : kFields) {
     auto* text = fields->Add(Tr("Bills", field.label), ControlName(field.box), new TextBox());
@@ -52,13 +57,24 @@ BillTotalsPane::BillTotalsPane(const BillContext& context) : context_(context) {
       context_.guard.Run(QStringLiteral("Text1_Validate"), [this, box] { Text1_Validate(box); });
     });
   }
+  AddNoteNet(*rows);
+  LblTotal = LabelOf(*this, Text1[BillBox::kGrandTotal]);
+  LblTotal->setObjectName(QStringLiteral("LblTotal"));
+}
+
+/// In a row of its own below the grand total: a screen of 800 has no room beside it.
+void BillTotalsPane::AddNoteNet(QVBoxLayout& rows) {
+  auto* row = new QHBoxLayout;
+  rows.addLayout(row);
+  row->addStretch(1);
+  auto* fields = new controls::FieldLayout;
+  row->addLayout(fields);
   TxtNoteNet =
       fields->Add(Tr("Bills", "Net as on the note"), QStringLiteral("TxtNoteNet"), new TextBox());
   TxtNoteNet->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   TxtNoteNet->setReadOnly(true);
   TxtNoteNet->setFocusPolicy(Qt::ClickFocus);
-  LblTotal = LabelOf(*this, Text1[BillBox::kGrandTotal]);
-  LblTotal->setObjectName(QStringLiteral("LblTotal"));
+  TxtNoteNet->setMinimumWidth(kNetWidth);
 }
 
 void BillTotalsPane::Show() {

@@ -10,6 +10,8 @@
 
 #include <map>
 
+class QVBoxLayout;
+
 namespace quorvane::bills {
 
 /// The foot of a bill: its totals, which follow from the lines, its charges, and the net of its
@@ -26,6 +28,7 @@ class BillTotalsPane : public QWidget {
   void Take();
 
  private:
+  void AddNoteNet(QVBoxLayout& rows);
   void Read();
   void ShowBoxes();
   void Text1_Validate(BillBox box);

@@ -7,6 +7,8 @@ using namespace quorvane::broker_account;
 
 namespace {
 
+constexpr std::size_t kBalance = 4;
+
 struct Shown : test::ShownReport<RptBrokerAccount> {
   explicit Shown(test::TestDatabase& database)
       : ShownReport(database, "RptBrokerAccount", "ATH001", 2012) {}
@@ -50,7 +52,7 @@ class RptBrokerAccountTest : public test::DatabaseTest {
       const reporting::Table& table = window.Screen().Document().tables.front();
       for (const reporting::Row& row : table.rows) {
         if (row.kind == reporting::RowKind::kTotal) {
-          texts << std::get<QString>(row.cells.back());
+          texts << std::get<QString>(row.cells[kBalance]);
         }
       }
       return texts;

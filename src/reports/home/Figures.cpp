@@ -114,10 +114,9 @@ std::vector<LargeHolding> Largest(Connection& connection,
       all, all.begin() + static_cast<std::ptrdiff_t>(count), std::greater(),
       [](const LargeHolding& one) { return std::pair(one.held.value, one.held.scrip.value); });
   all.resize(count);
-  std::vector<ScripId> scrips;
-  for (const LargeHolding& one : all) {
-    scrips.push_back(one.held.scrip);
-  }
+  std::vector<ScripId> scrips(all.size());
+  std::ranges::transform(all, scrips.begin(),
+                         [](const LargeHolding& one) { return one.held.scrip; });
   const auto names = ScripNames(connection, scrips);
   for (LargeHolding& one : all) {
     const auto name = names.find(one.held.scrip);

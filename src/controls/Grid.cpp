@@ -352,6 +352,7 @@ void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previou
 
 void Grid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  header_->ListResized();
   if (!fitted_by_hand_) {
     FitColumns();
   }

@@ -56,7 +56,7 @@ const QStringList kLeftUnsaved{QStringLiteral("FrmSalePurchase"),
                                QStringLiteral("FrmScriptTransfer"), QStringLiteral("ImpScrMaster"),
                                QStringLiteral("ImpScrRate"), QStringLiteral("FrmFairValue")};
 const QString kBill = QStringLiteral("KV/1112/0015");
-const QString kSearched = QStringLiteral("in");
+const QString kSearched = QStringLiteral("100");
 const QString kCalculation = QStringLiteral("1250*48=");
 
 template <class Widget>

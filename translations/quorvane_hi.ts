@@ -952,7 +952,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Value less cost</source>
-        <translation>मूल्य घटा लागत</translation>
+        <translation>मान घटा लागत</translation>
     </message>
     <message>
         <source>what has a rate</source>
@@ -4143,7 +4143,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Cost %1, value %2, day&apos;s change %3</source>
-        <translation>लागत %1, मूल्य %2, दिन का बदलाव %3</translation>
+        <translation>लागत %1, मान %2, दिन का बदलाव %3</translation>
     </message>
 </context>
 <context>
@@ -4166,7 +4166,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Value and Gains</source>
-        <translation>मूल्य और लाभ</translation>
+        <translation>मान और लाभ</translation>
     </message>
     <message>
         <source>Figure</source>

@@ -4,6 +4,7 @@
 #include "controls/Style.h"
 #include "controls/TextBox.h"
 
+#include <QAccessible>
 #include <QListView>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -125,6 +126,15 @@ void ComboBox::Settle() {
 }
 
 // A wheel that scrolls the window must not change a choice under the pointer.
+// The box within has the keyboard: a screen reader calls it as it calls the list, also when that
+// has its name of a label.
+void ComboBox::showEvent(QShowEvent* event) {
+  QComboBox::showEvent(event);
+  if (QAccessibleInterface* list = QAccessible::queryAccessibleInterface(this)) {
+    box_->setAccessibleName(list->text(QAccessible::Name));
+  }
+}
+
 void ComboBox::wheelEvent(QWheelEvent* event) {
   if (hasFocus()) {
     QComboBox::wheelEvent(event);

@@ -55,6 +55,7 @@ class ComboBox : public QComboBox {
 
  protected:
   void wheelEvent(QWheelEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void Settle();

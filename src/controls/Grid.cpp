@@ -19,6 +19,7 @@ namespace {
 constexpr int kSample = 200;  // rows that are measured
 constexpr int kCellPadding = 16;
 constexpr int kNarrowest = 40;
+constexpr int kNarrowestText = 130;
 constexpr int kWidest = 420;
 constexpr int kWidestByHand = 2000;
 constexpr int kRowPadding = 8;
@@ -351,6 +352,7 @@ void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previou
 
 void Grid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  header_->ListResized();
   if (!fitted_by_hand_) {
     FitColumns();
   }
@@ -416,8 +418,11 @@ void Grid::FitColumns() {
       widest = column;
     }
   }
-  if (widest >= 0 && taken < viewport()->width()) {
-    setColumnWidth(widest, columnWidth(widest) + viewport()->width() - taken);
+  // What is left over is the widest text's; where a little is missing it gives that, so that every
+  // figure is in sight.
+  const int wished = columnWidth(std::max(widest, 0)) + viewport()->width() - taken;
+  if (widest >= 0 && (taken < viewport()->width() || wished >= kNarrowestText)) {
+    setColumnWidth(widest, wished);
   }
 }
 

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kHandful = 8;  // rows from which on the box is shown
 constexpr int kBoxPadding = 6;
+constexpr int kLowList = 7 * kBoxHeight;
 
 }  // namespace
 
@@ -75,8 +76,8 @@ void ListHeader::RowsChanged(int rows) {
 }
 
 void ListHeader::ShowBox() {
-  const bool shown =
-      filterable_ && (rows_ >= kHandful || !box_->text().isEmpty() || box_->hasFocus());
+  const bool has_use = rows_ >= kHandful && list_.height() >= kLowList;
+  const bool shown = filterable_ && (has_use || !box_->text().isEmpty() || box_->hasFocus());
   if (shown != box_->isVisibleTo(this)) {
     box_->setVisible(shown);
     PlaceBox();

@@ -63,6 +63,9 @@ class ListHeader : public QHeaderView {
   /// The user chose that order.
   void Want(const Order& order);
 
+  /// The list has another height: a low one shows the box only while it is used.
+  void ListResized() { ShowBox(); }
+
   /// Opens the menu of the columns at a place of the screen.
   void OpenMenu(const QPoint& at);
 

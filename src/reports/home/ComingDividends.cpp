@@ -85,10 +85,8 @@ std::vector<ComingDividend> ReadComingDividends(Connection& connection, const Sc
   std::ranges::sort(found, {}, [](const Dated& one) {
     return std::tuple(one.day, one.scrip, one.dividend.action, one.dividend.dividend);
   });
-  std::vector<ScripId> scrips;
-  for (const Dated& one : found) {
-    scrips.push_back(one.scrip);
-  }
+  std::vector<ScripId> scrips(found.size());
+  std::ranges::transform(found, scrips.begin(), &Dated::scrip);
   const auto names = ScripNames(connection, scrips);
   std::vector<ComingDividend> dividends;
   for (Dated& one : found) {

@@ -5,7 +5,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <set>
+#include <iterator>
+#include <string>
 #include <unordered_map>
 
 namespace quorvane::home {
@@ -16,14 +17,68 @@ using database::Connection;
 constexpr std::size_t kLargest = 10;
 constexpr std::chrono::days kOldRate{7};
 
+/// What a client holds of a scrip, as it is kept.
+struct Row {
+  ClientId client;
+  ScripId scrip;
+  Shares quantity;
+  Paise cost;
+};
+
+std::vector<ClientId> ClientsOf(Connection& connection, const QString& family) {
+  std::vector<ClientId> clients;
+  for (const auto& row : connection.Open(
+           "Select Id From ClientInfo Where ?='' or GCode=? Order By Id", family, family)) {
+    clients.push_back(ClientId{row.Int(0)});
+  }
+  return clients;
+}
+
+/// By client and scrip. There may be hundreds of thousands: they come in the order of the table's
+/// key, without a join or a sort.
+std::vector<Row> ReadRows(Connection& connection, const QString& family) {
+  const std::vector<ClientId> clients = ClientsOf(connection, family);
+  std::string sql = "Select CId,ScrId,Qty,Cost From HomeHolding";
+  std::vector<database::Value> values;
+  if (!family.isEmpty()) {
+    std::string places;
+    for (const ClientId client : clients) {
+      places += places.empty() ? "?" : ",?";
+      values.emplace_back(client);
+    }
+    sql += " Where CId In (" + (places.empty() ? "NULL" : places) + ")";
+  }
+  std::vector<Row> rows;
+  auto client = clients.begin();
+  for (const auto& row : connection.OpenValues(sql + " Order By CId,ScrId", values)) {
+    const ClientId of{row.Int(0)};
+    client = std::find_if(client, clients.end(), [&](ClientId one) { return !(one < of); });
+    if (client != clients.end() && *client == of) {
+      rows.push_back(
+          {of, ScripId{row.Int(1)}, Shares::OfMillionths(row.Int64(2)), Paise(row.Int64(3))});
+    }
+  }
+  return rows;
+}
+
+NewestRates RatesOf(Connection& connection, const std::vector<Row>& rows, Date today) {
+  std::vector<ScripId> scrips;
+  scrips.reserve(rows.size());
+  std::ranges::transform(rows, std::back_inserter(scrips), &Row::scrip);
+  std::ranges::sort(scrips);
+  scrips.erase(std::unique(scrips.begin(), scrips.end()), scrips.end());
+  return ReadNewestRates(connection, {scrips.begin(), scrips.end()}, today);
+}
+
 Paise ValueAt(Shares quantity, const rates::DatedRate& rate) {
   return Paise::OfRupees(quantity.Number() * rate.rate);
 }
 
-void GiveRates(Held& held, const NewestRates& rates, Date today) {
+Held HeldOf(const Row& row, const NewestRates& rates, Date today) {
+  Held held{row.client, row.scrip, row.quantity, row.cost};
   const auto found = rates.of.find(held.scrip);
   if (found == rates.of.end()) {
-    return;
+    return held;
   }
   const RatePair& pair = found->second;
   held.rates = pair;
@@ -32,6 +87,7 @@ void GiveRates(Held& held, const NewestRates& rates, Date today) {
   if (pair.before && pair.newest.date == rates.market_day) {
     held.change = held.value - ValueAt(held.quantity, *pair.before);
   }
+  return held;
 }
 
 void Count(Connection& connection, const Scope& scope, Figures& figures) {
@@ -58,10 +114,9 @@ std::vector<LargeHolding> Largest(Connection& connection,
       all, all.begin() + static_cast<std::ptrdiff_t>(count), std::greater(),
       [](const LargeHolding& one) { return std::pair(one.held.value, one.held.scrip.value); });
   all.resize(count);
-  std::vector<ScripId> scrips;
-  for (const LargeHolding& one : all) {
-    scrips.push_back(one.held.scrip);
-  }
+  std::vector<ScripId> scrips(all.size());
+  std::ranges::transform(all, scrips.begin(),
+                         [](const LargeHolding& one) { return one.held.scrip; });
   const auto names = ScripNames(connection, scrips);
   for (LargeHolding& one : all) {
     const auto name = names.find(one.held.scrip);
@@ -82,23 +137,12 @@ QStringList Families(Connection& connection) {
 }
 
 Holdings ReadHoldings(Connection& connection, const Scope& scope) {
-  Holdings read;
-  std::set<ScripId> scrips;
-  for (const auto& row :
-       connection.Open("Select h.CId,h.ScrId,h.Qty,h.Cost From HomeHolding h Join ClientInfo c On "
-                       "c.Id=h.CId Where ?='' or c.GCode=? Order By h.CId,h.ScrId",
-                       scope.family, scope.family)) {
-    const ScripId scrip{row.Int(1)};
-    read.held.push_back({.client = ClientId{row.Int(0)},
-                         .scrip = scrip,
-                         .quantity = Shares::OfMillionths(row.Int64(2)),
-                         .cost = Paise(row.Int64(3))});
-    scrips.insert(scrip);
-  }
-  const NewestRates rates = ReadNewestRates(connection, scrips, scope.today);
-  read.market_day = rates.market_day;
-  for (Held& held : read.held) {
-    GiveRates(held, rates, scope.today);
+  const std::vector<Row> rows = ReadRows(connection, scope.family);
+  const NewestRates rates = RatesOf(connection, rows, scope.today);
+  Holdings read{rates.market_day, {}};
+  read.held.reserve(rows.size());
+  for (const Row& row : rows) {
+    read.held.push_back(HeldOf(row, rates, scope.today));
   }
   return read;
 }
@@ -120,10 +164,12 @@ std::vector<ClientGains> ReadGains(Connection& connection, const Scope& scope) {
 Figures ReadFigures(Connection& connection, const Scope& scope) {
   Figures figures;
   Count(connection, scope, figures);
-  const Holdings holdings = ReadHoldings(connection, scope);
-  figures.market_day = holdings.market_day;
+  const std::vector<Row> rows = ReadRows(connection, scope.family);
+  const NewestRates rates = RatesOf(connection, rows, scope.today);
+  figures.market_day = rates.market_day;
   std::unordered_map<ScripId, Held> by_scrip;
-  for (const Held& held : holdings.held) {
+  for (const Row& row : rows) {
+    const Held held = HeldOf(row, rates, scope.today);
     figures.value += held.value;
     figures.change += held.change;
     figures.cost += held.cost;

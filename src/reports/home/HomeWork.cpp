@@ -2,6 +2,8 @@
 
 #include "core/database/CommitMark.h"
 
+#include <QCoreApplication>
+
 #include <memory>
 #include <utility>
 

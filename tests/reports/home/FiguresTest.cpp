@@ -217,6 +217,10 @@ class HomeOfADeskTest : public test::DeskTest {
       Rate(rate.section(QLatin1Char(':'), 0, 0).toInt(), desk_->scrip,
            rate.section(QLatin1Char(':'), 1).toDouble());
     }
+    // So many days that the first of them are not read whole.
+    for (int day = 3; day <= 8; ++day) {
+      Rate(day, desk_->second_scrip, 40);
+    }
     Rate(12, desk_->second_scrip, 50);
     Rate(13, desk_->second_scrip, 51);
     const home::Figures figures = Read(Day(13, 6, 2011));

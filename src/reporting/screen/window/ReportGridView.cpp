@@ -261,6 +261,7 @@ void ReportGridView::keyPressEvent(QKeyEvent* event) {
 
 void ReportGridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  Headings().ListResized();
   FitColumns();
 }
 

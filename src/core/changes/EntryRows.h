@@ -69,7 +69,7 @@ std::vector<Record> Parsed(const QJsonObject& tables, std::string_view table) {
   const QJsonObject rows = tables[QLatin1String(table.data(), std::ssize(table))].toObject();
   const QJsonArray columns = rows[QLatin1String("columns")].toArray();
   std::vector<Record> parsed;
-  for (const QJsonValue& values : rows[QLatin1String("rows")].toArray()) {
+  for (const auto& values : rows[QLatin1String("rows")].toArray()) {
     parsed.push_back(records::RecordOf<Record>(columns, values.toArray()));
   }
   return parsed;

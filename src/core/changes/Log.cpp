@@ -243,8 +243,6 @@ std::int64_t LastEntry(Connection& connection) {
   return rows.Next() ? rows.Int64(0) : 0;
 }
 
-News::News(Connection& connection) : connection_(connection), seen_(LastEntry(connection)) {}
-
 std::vector<Entry> News::Read() {
   constexpr std::int64_t kMost = 1000;
   std::vector<Entry> entries;
@@ -252,9 +250,9 @@ std::vector<Entry> News::Read() {
     return entries;
   }
   const std::int64_t last = LastEntry(connection_);
-  if (last > seen_) {
+  if (last > seen_.value_or(last)) {
     Filter filter;
-    filter.after = std::max(seen_, last - kMost);
+    filter.after = std::max(*seen_, last - kMost);
     ReadEntries(connection_, filter, false, [&](const Entry& entry) { entries.push_back(entry); });
   }
   seen_ = last;

@@ -64,15 +64,15 @@ std::int64_t LastEntry(database::Connection& connection);
 /// costs one query of one row while nothing was.
 class News {
  public:
-  /// Begins at the end of the log.
-  explicit News(database::Connection& connection);
+  explicit News(database::Connection& connection) : connection_(connection) {}
 
-  /// The new entries without their rows; none within a transaction. Of very many the last ones.
+  /// None the first time. The new entries without their rows; none within a transaction. Of very
+  /// many the last ones.
   std::vector<Entry> Read();
 
  private:
   database::Connection& connection_;
-  std::int64_t seen_;
+  std::optional<std::int64_t> seen_;  ///< none before the first look
 };
 
 /// What to read of the log.

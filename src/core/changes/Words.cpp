@@ -191,10 +191,11 @@ QString IdentityOf(const QString& table, const Row& row) {
 Rows RowsOf(const QString& table, const QJsonObject& rows) {
   const QJsonArray columns = rows[QLatin1String("columns")].toArray();
   Rows by_identity;
-  for (const QJsonValue& values : rows[QLatin1String("rows")].toArray()) {
+  for (const auto& values : rows[QLatin1String("rows")].toArray()) {
+    const QJsonArray cells = values.toArray();
     Row row;
     for (qsizetype i = 0; i < columns.size(); ++i) {
-      row.emplace(columns[i].toString(), values.toArray()[i]);
+      row.emplace(columns[i].toString(), cells[i]);
     }
     by_identity.emplace(IdentityOf(table, row), std::move(row));
   }

@@ -235,6 +235,9 @@ void MDIForm1::Timer1_Timer() {
 /// meanwhile keeps the timer alive, so one look does not begin within another.
 void MDIForm1::LookAround() {
   constexpr qint64 kRestMs = 30'000;
+  if (desk_.session.connection->InTransaction()) {
+    return;
+  }
   const bool rests = since_failed_.isValid() && !since_failed_.hasExpired(kRestMs);
   if (looks_around_ || rests || open_.empty() || desk_.session.read_only) {
     return;

@@ -4808,26 +4808,6 @@ Save this one, too?</source>
         <translation>ट्रेड बुक: .csv, .xlsx, .xls या .ods; एक साथ कई फ़ाइलें</translation>
     </message>
     <message>
-        <source>Of trades whose file names none</source>
-        <translation>उन सौदों का जिनकी फ़ाइल एक्सचेंज नहीं बताती</translation>
-    </message>
-    <message>
-        <source>&amp;Join Fills of an Order</source>
-        <translation>एक ऑर्डर के सौदे जोड़ें (&amp;J)</translation>
-    </message>
-    <message>
-        <source>&amp;Account</source>
-        <translation>खाता (&amp;A)</translation>
-    </message>
-    <message>
-        <source>&amp;Broker</source>
-        <translation>ब्रोकर (&amp;B)</translation>
-    </message>
-    <message>
-        <source>E&amp;xchange</source>
-        <translation>एक्सचेंज (&amp;X)</translation>
-    </message>
-    <message>
         <source>S&amp;cript</source>
         <translation>स्क्रिप्ट (&amp;C)</translation>
     </message>
@@ -5021,6 +5001,29 @@ No records only that of the current line.</source>
     <message>
         <source>Quantity and rate are above 0.</source>
         <translation>मात्रा और भाव 0 से अधिक हों।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::portfolio::TargetPane</name>
+    <message>
+        <source>Of trades whose file names none</source>
+        <translation>उन सौदों का जिनकी फ़ाइल एक्सचेंज नहीं बताती</translation>
+    </message>
+    <message>
+        <source>&amp;Join Fills of an Order</source>
+        <translation>एक ऑर्डर के सौदे जोड़ें (&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Account</source>
+        <translation>खाता (&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker</source>
+        <translation>ब्रोकर (&amp;B)</translation>
+    </message>
+    <message>
+        <source>E&amp;xchange</source>
+        <translation>एक्सचेंज (&amp;X)</translation>
     </message>
 </context>
 <context>

@@ -142,6 +142,9 @@ void ColumnPane::Preview() {
   const ColumnMap map = Map();
   const auto missing = WhatIsMissing(map);
   CmdUse->setEnabled(!missing);
+  if (VSC->WidthsByHand().isEmpty()) {
+    VSC->FitColumns();  // for the meanings that were chosen
+  }
   if (missing) {
     LblMissing->setText(tr("Still missing: %1").arg(*missing));
     VSP->SetRows({});

@@ -8,7 +8,7 @@ using namespace quorvane::portfolio;
 
 namespace {
 
-const std::vector<TradeLayout>& Layouts() {
+const std::vector<TradeLayout>& ShippedLayouts() {
   static const std::vector<TradeLayout> kLayouts =
       ReadTradeLayouts(QStringLiteral(QUORVANE_DATA_FOLDER "/shipped/trades"));
   return kLayouts;
@@ -32,9 +32,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static_cast<void>(ColumnMap::Parse(bytes));
   try {
     const files::TextTable table = files::ReadCsvText(bytes);
-    if (const auto header = FindHeader(table, Layouts())) {
+    if (const auto header = FindHeader(table, ShippedLayouts())) {
       Read(table, *header);
-    } else if (const auto guess = GuessHeader(table, Layouts())) {
+    } else if (const auto guess = GuessHeader(table, ShippedLayouts())) {
       if (!WhatIsMissing(guess->map)) {
         Read(table, *guess);
       }

@@ -16,6 +16,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -109,6 +110,9 @@ void Fill(controls::ChildWindow& window) {
     date->setText(QStringLiteral("31/03/2012"));
   }
   ChooseRows(window);
+  if (name == QLatin1String("ImpTrades")) {
+    Named<QComboBox>(window, QStringLiteral("CboBroker")).setCurrentIndex(0);
+  }
   if (const auto pressed = kPressed.find(name); pressed != kPressed.end()) {
     for (const QString& button : pressed->second) {
       Named<QAbstractButton>(window, button).click();

@@ -179,7 +179,7 @@ MaybeRefusal Work(Context& context, const TradesOptions& options) {
   }
   portfolio::TradeOptions how;
   how.fills = options.keep_fills ? TradePlan::Fills::kKept : TradePlan::Fills::kJoined;
-  how.exchange = options.exchange;
+  how.exchange = portfolio::ExchangeIn(options.exchange);
   how.today = text::Today();
   const auto progress = context.MakeProgress();
   auto file = book.Read(opened, *target, how, *progress);

@@ -204,15 +204,15 @@ constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
      "Index IxOpenRecordRecord(TableName,RecordId)) Engine=InnoDB Default Character Set utf8mb4 "
      "Collate utf8mb4_general_ci"},
     {"ImportProfile", 1,
-     "Create Table if not Exists ImportProfile(Kind varchar(40) Not Null, ProfileKey varchar(120) "
-     "Not Null, Header varchar(4000) Not Null, Mapping varchar(4000) Not Null, Primary "
-     "Key(Kind,ProfileKey)) "
-     "Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+     "Create Table if not Exists ImportProfile(Kind varchar(40) Not Null Default '', ProfileKey "
+     "varchar(120) Not Null Default '', Header varchar(4000) Not Null Default '', Mapping "
+     "varchar(4000) Not Null Default '', Primary Key(Kind,ProfileKey)) Engine=InnoDB Default "
+     "Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"TradeKey", 1,
-     "Create Table if not Exists TradeKey(AcId int(11) Not Null, TradeKey varchar(120) Character "
-     "Set utf8mb4 Collate utf8mb4_bin Not Null, BillId int(11) Not Null, Primary "
-     "Key(AcId,TradeKey), Index IxTradeKeyBill(BillId)) Engine=InnoDB Default Character Set "
-     "utf8mb4 Collate utf8mb4_general_ci"},
+     "Create Table if not Exists TradeKey(AcId int(11) Not Null Default 0, TradeKey varchar(120) "
+     "Character Set utf8mb4 Collate utf8mb4_bin Not Null Default '', BillId int(11) Not Null "
+     "Default 0, Primary Key(AcId,TradeKey), Index IxTradeKeyBill(BillId)) Engine=InnoDB Default "
+     "Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"RecordKey", 1,
      "Create Table if not Exists RecordKey(TableName varchar(64) Primary Key, LastKey bigint Not "
      "Null) Engine=InnoDB Default Character Set utf8mb4 Collate utf8mb4_general_ci"},

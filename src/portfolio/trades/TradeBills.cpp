@@ -108,7 +108,7 @@ void BillPortfolio::Add(const PlannedBill& planned) {
 
 void BillPortfolio::AddLine(const TradeLine& line, std::uint32_t place) {
   BillLineRow row;
-  row.scrip = ScripOf(plan_.Scrips()[line.scrip]);
+  row.scrip = ScripOf(plan_.Scrips()[line.scrip], place);
   row.side = line.side;
   row.delivery = line.non_delivery ? kNonDelivery : kDelivery;
   row.quantity = line.quantity;
@@ -122,7 +122,8 @@ void BillPortfolio::AddLine(const TradeLine& line, std::uint32_t place) {
   portfolio_.bill_lines.push_back(row);
 }
 
-Symbol BillPortfolio::ScripOf(const TradedScrip& scrip) {
+/// `place` is that of the first line of the scrip.
+Symbol BillPortfolio::ScripOf(const TradedScrip& scrip, std::uint32_t place) {
   if (scrip.match == ScripMatch::kKnown) {
     return portfolio_.scrip_codes.Intern(directory_.Scrip(scrip.scrip).code, FileKind::kBills, 0);
   }
@@ -130,6 +131,7 @@ Symbol BillPortfolio::ScripOf(const TradedScrip& scrip) {
   if (new_codes_.insert(code).second) {
     const ScripNaming& naming = scrip.naming;
     ScripRow row;
+    row.line = place + 1;
     row.record.code = QString::fromStdString(code);
     row.record.name =
         QString::fromStdString(naming.name.empty() ? naming.Shown() : naming.name).toUpper();

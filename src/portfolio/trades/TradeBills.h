@@ -45,7 +45,7 @@ class BillPortfolio {
   bool IsEmpty() const { return portfolio_.bills.empty() && portfolio_.openings.empty(); }
 
  private:
-  Symbol ScripOf(const TradedScrip& scrip);
+  Symbol ScripOf(const TradedScrip& scrip, std::uint32_t place);
   void AddLine(const TradeLine& line, std::uint32_t place);
 
   const TradePlan& plan_;

@@ -65,6 +65,13 @@ MaybeRefusal RefuseOpen(const TradePlan& plan) {
   return std::nullopt;
 }
 
+/// Whether no ticked line waits for its scrip.
+bool IsSettled(const TradePlan& plan) {
+  return std::ranges::none_of(plan.Lines(), [](const TradeLine& line) {
+    return line.IsOpen() && line.state != LineState::kImpossible;
+  });
+}
+
 /// One import in its transaction, year by year.
 class TradePosting {
  public:
@@ -256,7 +263,11 @@ class TradePosting {
     QStringList others;
     for (const ImportError& error : errors.Errors()) {
       if (!error.available) {
-        others << QString::fromStdString(error.message);
+        const bool has_line = error.line > 0 && error.line <= plan_.Lines().size();
+        const QString name =
+            has_line ? NameOf(plan_, plan_.Lines()[error.line - 1]) + QStringLiteral(": ")
+                     : QString();
+        others << name + QString::fromStdString(error.message);
         continue;
       }
       const std::size_t place = error.line - 1;
@@ -360,9 +371,13 @@ Result<TradeOutcome> CheckTrades(database::Connection& connection, const TradeTa
 Result<TradeOutcome> SaveTrades(database::Connection& connection, const TradeTarget& target,
                                 TradePlan& plan, const std::vector<MappedHeader>& headers,
                                 Progress& progress) {
+  // Shares that were missing may have come in since the last look.
+  if (!IsSettled(plan)) {
+    return *RefuseOpen(plan);
+  }
   plan.ForgetImpossible();
-  if (const MaybeRefusal open = RefuseOpen(plan)) {
-    return *open;
+  if (const MaybeRefusal nothing = RefuseOpen(plan)) {
+    return *nothing;
   }
   const auto save = [&](Transaction& transaction) -> Result<TradeOutcome> {
     plan.ForgetImpossible();  // of an earlier try

@@ -5,6 +5,8 @@
 #include "core/database/Transaction.h"
 #include "portfolio/trades/TradePlan.h"
 
+#include <QStringList>
+
 #include <string>
 #include <vector>
 

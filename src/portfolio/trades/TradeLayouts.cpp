@@ -117,15 +117,20 @@ std::size_t CountOf(const ColumnMap& map) {
 
 using HeadingMeanings = std::map<std::string, Meaning>;
 
-/// What each heading means in the layout that has it first.
+/// What each heading means in most layouts.
 HeadingMeanings MeaningsIn(std::span<const TradeLayout> layouts) {
-  HeadingMeanings meanings;
+  std::map<std::string, std::array<int, kMeanings>> votes;
   for (const TradeLayout& layout : layouts) {
     for (const ColumnRule& rule : layout.columns) {
       for (const std::string& heading : rule.headings) {
-        meanings.try_emplace(heading, rule.meaning);
+        ++votes[heading][PlaceOf(rule.meaning)];
       }
     }
+  }
+  HeadingMeanings meanings;
+  for (const auto& [heading, counts] : votes) {
+    const auto* most = std::ranges::max_element(counts);
+    meanings.emplace(heading, static_cast<Meaning>(std::distance(counts.begin(), most)));
   }
   return meanings;
 }

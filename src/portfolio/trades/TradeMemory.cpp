@@ -32,8 +32,14 @@ std::optional<ColumnMap> RememberedColumns(database::Connection& connection,
 
 void RememberColumns(database::Transaction& transaction, const std::string& header_text,
                      const ColumnMap& map) {
+  constexpr std::size_t kLongest = 4000;
+  const std::string mapping = map.Text();
+  if (mapping.size() > kLongest) {
+    return;
+  }
+  // The header's text is for people alone; the hash tells headers apart.
   transaction.Execute("Replace Into ImportProfile(Kind,ProfileKey,Header,Mapping) Values(?,?,?,?)",
-                      kColumns, HashOf(header_text), header_text, map.Text());
+                      kColumns, HashOf(header_text), header_text.substr(0, kLongest), mapping);
 }
 
 ConfirmedScrips ConfirmedScripsOf(database::Connection& connection, BrokerId broker) {

@@ -28,14 +28,18 @@ TradeCharges Plus(const TradeCharges& a, const TradeCharges& b) {
           Plus(a.taxes, b.taxes)};
 }
 
-/// That part of each charge.
-TradeCharges PartOf(const TradeCharges& whole, double part) {
-  const auto times = [&](std::optional<double> charge) {
-    return charge ? std::optional(*charge * part) : std::nullopt;
-  };
-  return {times(whole.brokerage),    times(whole.tax),    times(whole.stt),
-          times(whole.exchange_fee), times(whole.others), times(whole.taxed_brokerage),
-          times(whole.taxes)};
+/// What `part` gives for each charge, in paise.
+template <class Part>
+TradeCharges Each(const TradeCharges& whole, const Part& part) {
+  TradeCharges parts;
+  for (const auto charge : {&TradeCharges::brokerage, &TradeCharges::tax, &TradeCharges::stt,
+                            &TradeCharges::exchange_fee, &TradeCharges::others,
+                            &TradeCharges::taxed_brokerage, &TradeCharges::taxes}) {
+    if (whole.*charge) {
+      parts.*charge = text::RoundAmount(part(*(whole.*charge), charge));
+    }
+  }
+  return parts;
 }
 
 /// The rate that the value gives, when the price is that rate rounded to the decimals that it is
@@ -59,6 +63,15 @@ double RateOf(std::optional<double> price, const std::string& price_text,
 /// sale of one day: 10 of what is delivered, 2.5 of a sale without delivery.
 constexpr double kDelivered = 10;
 constexpr double kNotDelivered = 2.5;
+
+/// Longer texts than the tables take.
+bool IsTooLong(const Trade& trade, const ScripNaming& naming, const std::string& exchange) {
+  constexpr std::size_t kLongest = 90;
+  const auto texts = {&naming.isin, &naming.symbol,     &naming.code,      &naming.own_code,
+                      &naming.name, &trade.bill_number, &trade.settlement, &exchange};
+  return std::ranges::any_of(texts,
+                             [](const std::string* text) { return text->size() > kLongest; });
+}
 
 bool HasWord(const std::string& words, const std::vector<std::string>& wanted) {
   return std::ranges::any_of(
@@ -169,19 +182,17 @@ void TradeRows::ReadTwoSided() {
   const double buy_stt = buy == 0 ? 0 : paid * kDelivered * (buy - matched) / buy;
   const double sale_stt =
       sale == 0 ? 0 : got * (kDelivered * (sale - matched) + kNotDelivered * matched) / sale;
-  const auto side_of = [&](double part, double stt_part) {
-    TradeCharges charges = PartOf(whole, part);
-    charges.stt = whole.stt ? std::optional(*whole.stt * stt_part) : std::nullopt;
-    return charges;
-  };
   const double buy_stt_part = buy_stt / (buy_stt + sale_stt);
+  const TradeCharges of_buy = Each(whole, [&](double charge, auto which) {
+    return charge * (which == &TradeCharges::stt ? buy_stt_part : buy_part);
+  });
+  const TradeCharges of_sale =
+      Each(whole, [&](double charge, auto which) { return charge - (of_buy.*which).value_or(0); });
   if (buy > 0) {
-    AddTrade(*moment, Side::kPurchase, buy, text::Tidy(paid / buy),
-             side_of(buy_part, buy_stt_part));
+    AddTrade(*moment, Side::kPurchase, buy, text::Tidy(paid / buy), of_buy);
   }
   if (sale > 0) {
-    AddTrade(*moment, Side::kSale, sale, text::Tidy(got / sale),
-             side_of(1 - buy_part, 1 - buy_stt_part));
+    AddTrade(*moment, Side::kSale, sale, text::Tidy(got / sale), of_sale);
   }
 }
 
@@ -294,6 +305,10 @@ void TradeRows::AddTrade(const Moment& moment, Side side, double quantity, doubl
   trade.has_charges = map_.HasCharges();
   trade.charges = charges;
   const ScripNaming& naming = file_.scrips[trade.scrip];
+  if (IsTooLong(trade, naming, file_.exchanges[trade.exchange])) {
+    return Fail(map_.Has(Meaning::kName) ? Meaning::kName : Meaning::kSymbol,
+                "names and numbers of at most 90 letters");
+  }
   if (naming == ScripNaming{}) {
     return Fail(map_.Has(Meaning::kIsin)     ? Meaning::kIsin
                 : map_.Has(Meaning::kSymbol) ? Meaning::kSymbol

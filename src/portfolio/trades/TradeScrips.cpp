@@ -40,48 +40,57 @@ std::string OneText(const Words& words) {
   return text;
 }
 
-/// Names by their first word, so that a name is compared with few others.
+/// Names in the order of their letters, so that those that begin alike are found quickly.
 class NameIndex {
  public:
   explicit NameIndex(const std::vector<ListedScrip>& scrips) {
     for (const ListedScrip& scrip : scrips) {
-      Words words = NameWords(scrip.name);
-      if (!words.empty()) {
-        const std::string first = words.front();
-        by_first_.emplace(first, Entry{scrip.id, OneText(words)});
+      if (std::string text = OneText(NameWords(scrip.name)); !text.empty()) {
+        names_.emplace_back(std::move(text), scrip.id);
       }
     }
+    std::ranges::sort(names_);
   }
 
   /// The scrip of the same name, or the only one that begins as the name does or the other way
   /// round; none when several do.
   ScripId Likely(const std::string& name) const {
-    const Words words = NameWords(name);
-    if (words.empty()) {
+    // Fewer letters begin too many names.
+    constexpr std::size_t kFewest = 4;
+    const std::string wanted = OneText(NameWords(name));
+    if (wanted.empty()) {
       return {};
     }
-    const std::string wanted = OneText(words);
-    const auto [first, last] = by_first_.equal_range(words.front());
-    std::vector<ScripId> beginning;
-    std::vector<ScripId> same;
-    for (auto entry = first; entry != last; ++entry) {
-      const auto& [scrip, text] = entry->second;
-      if (text == wanted) {
-        same.push_back(scrip);
-      } else if (text.starts_with(wanted) || wanted.starts_with(text)) {
-        beginning.push_back(scrip);
+    std::vector<ScripId> found = Same(wanted);
+    if (found.empty() && wanted.size() >= kFewest) {
+      found = Beginning(wanted);
+      for (std::size_t size = kFewest; size < wanted.size(); ++size) {
+        std::ranges::move(Same(wanted.substr(0, size)), std::back_inserter(found));
       }
     }
-    const std::vector<ScripId>& best = same.empty() ? beginning : same;
-    return best.size() == 1 ? best.front() : ScripId{};
+    return found.size() == 1 ? found.front() : ScripId{};
   }
 
  private:
-  struct Entry {
-    ScripId scrip;
-    std::string text;
-  };
-  std::unordered_multimap<std::string, Entry> by_first_;
+  std::vector<ScripId> Beginning(const std::string& wanted) const {
+    std::vector<ScripId> found;
+    for (auto name = std::ranges::lower_bound(names_, std::pair(wanted, ScripId{}));
+         name != names_.end() && name->first.starts_with(wanted); ++name) {
+      found.push_back(name->second);
+    }
+    return found;
+  }
+
+  std::vector<ScripId> Same(const std::string& wanted) const {
+    std::vector<ScripId> found;
+    for (auto name = std::ranges::lower_bound(names_, std::pair(wanted, ScripId{}));
+         name != names_.end() && name->first == wanted; ++name) {
+      found.push_back(name->second);
+    }
+    return found;
+  }
+
+  std::vector<std::pair<std::string, ScripId>> names_;
 };
 
 class Matcher {

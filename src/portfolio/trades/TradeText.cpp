@@ -231,7 +231,7 @@ std::optional<records::Side> SideIn(std::string_view text) {
 }
 
 std::string ExchangeIn(std::string_view text) {
-  const std::string capitals = Capitals(WithoutBlanks(text));
+  std::string capitals = Capitals(WithoutBlanks(text));
   for (const std::string_view name : {"NSE", "BSE"}) {
     if (Contains(capitals, name) || capitals == name.substr(0, 1)) {
       return std::string(name);

@@ -44,12 +44,12 @@ int MeaningAt(const ColumnMap& map, int column) {
 }
 
 controls::Row TradeRow(const TradeFile& file, const Trade& trade) {
-  return {.id = static_cast<int>(trade.line),
-          .cells = {text::FormatDmy(trade.day), Utf8(file.exchanges[trade.exchange]),
-                    Utf8(file.scrips[trade.scrip].Shown()),
-                    trade.side == records::Side::kPurchase ? ColumnPane::tr("Purchase")
-                                                           : ColumnPane::tr("Sale"),
-                    trade.quantity.Number(), trade.rate}};
+  const bool bought = trade.side == records::Side::kPurchase;
+  const QString side = bought ? ColumnPane::tr("Purchase") : ColumnPane::tr("Sale");
+  return {
+      .id = static_cast<int>(trade.line),
+      .cells = {text::FormatDmy(trade.day), Utf8(file.exchanges[trade.exchange]),
+                Utf8(file.scrips[trade.scrip].Shown()), side, trade.quantity.Number(), trade.rate}};
 }
 
 }  // namespace
@@ -113,6 +113,7 @@ void ColumnPane::FillColumns() {
   };
   const int columns =
       sample_.rows.empty() ? 0 : static_cast<int>(sample_.rows.front().cells.size());
+  rows.reserve(static_cast<std::size_t>(columns));
   for (int column = 0; column < columns; ++column) {
     rows.push_back({.id = column + 1,
                     .cells = {cell(0, column), cell(1, column), cell(2, column),
@@ -141,6 +142,9 @@ void ColumnPane::Preview() {
   const ColumnMap map = Map();
   const auto missing = WhatIsMissing(map);
   CmdUse->setEnabled(!missing);
+  if (VSC->WidthsByHand().isEmpty()) {
+    VSC->FitColumns();  // for the meanings that were chosen
+  }
   if (missing) {
     LblMissing->setText(tr("Still missing: %1").arg(*missing));
     VSP->SetRows({});

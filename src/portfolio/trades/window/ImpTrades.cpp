@@ -15,15 +15,7 @@
 namespace quorvane::portfolio {
 namespace {
 
-using controls::ComboBox;
 using controls::ZENButton;
-using lookups::DropDown;
-
-ComboBox* NewBox(const QString& name) {
-  auto* box = new ComboBox;
-  box->setObjectName(name);
-  return box;
-}
 
 }  // namespace
 
@@ -31,7 +23,8 @@ ImpTrades::ImpTrades(controls::Desk& desk)
     : ChildWindow(desk, QStringLiteral("ImpTrades"), tr("Trade Books of Brokers"), {790, 540}),
       book_(*desk.session.connection, desk.session.folders.data) {
   Build();
-  FillChoices();
+  Target->Offer(book_, Session());
+  CboScrip->SetItems(lookups::DropDownItems(*Session().connection, lookups::DropDown::kScrips));
   Fill();
   Hold({{Field::kAccount, QStringLiteral("CboAccount")},
         {Field::kBroker, QStringLiteral("CboBroker")},
@@ -54,13 +47,14 @@ void ImpTrades::Build() {
 }
 
 void ImpTrades::Connect() {
-  On(CboAccount, &QComboBox::currentIndexChanged, &ImpTrades::Choice_Changed,
+  On(Target->CboAccount, &QComboBox::currentIndexChanged, &ImpTrades::Choice_Changed,
      QStringLiteral("CboAccount_Changed"));
-  On(CboBroker, &QComboBox::currentIndexChanged, &ImpTrades::Choice_Changed,
+  On(Target->CboBroker, &QComboBox::currentIndexChanged, &ImpTrades::Choice_Changed,
      QStringLiteral("CboBroker_Changed"));
-  On(CboExchange, &QComboBox::currentIndexChanged, &ImpTrades::Choice_Changed,
+  On(Target->CboExchange, &QComboBox::currentIndexChanged, &ImpTrades::Choice_Changed,
      QStringLiteral("CboExchange_Changed"));
-  On(ChkJoin, &QCheckBox::toggled, &ImpTrades::Choice_Changed, QStringLiteral("ChkJoin_Click"));
+  On(Target->ChkJoin, &QCheckBox::toggled, &ImpTrades::Choice_Changed,
+     QStringLiteral("ChkJoin_Click"));
   On(Lines->CboShow, &QComboBox::currentIndexChanged, &ImpTrades::CboShow_Changed,
      QStringLiteral("CboShow_Changed"));
   On(Lines->VSF, &controls::Grid::CurrentRowChanged, &ImpTrades::VSF_RowChanged,
@@ -83,20 +77,9 @@ void ImpTrades::BuildHead(QVBoxLayout& rows) {
   LblFile->setWordWrap(true);
   files->addWidget(CmdFile);
   files->addWidget(LblFile, 1);
-  auto* choices = new QHBoxLayout;
-  CboAccount = NewBox(QStringLiteral("CboAccount"));
-  CboBroker = NewBox(QStringLiteral("CboBroker"));
-  CboExchange = NewBox(QStringLiteral("CboExchange"));
-  CboExchange->setToolTip(tr("Of trades whose file names none"));
-  ChkJoin = new QCheckBox(tr("&Join Fills of an Order"));
-  ChkJoin->setObjectName(QStringLiteral("ChkJoin"));
-  ChkJoin->setChecked(true);
-  AddLabelled(*choices, tr("&Account"), CboAccount);
-  AddLabelled(*choices, tr("&Broker"), CboBroker);
-  AddLabelled(*choices, tr("E&xchange"), CboExchange);
-  choices->addWidget(ChkJoin);
+  Target = new TargetPane;
   rows.addLayout(files);
-  rows.addLayout(choices);
+  rows.addWidget(Target);
   OnClick(CmdFile, &ImpTrades::CmdFile_Click);
 }
 
@@ -106,8 +89,7 @@ void ImpTrades::BuildFoot() {
   rows->setContentsMargins(0, 0, 0, 0);
   auto* scrips = new QHBoxLayout;
   CboScrip = NewBox(QStringLiteral("CboScrip"));
-  CboScrip->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  AddLabelled(*scrips, tr("S&cript"), CboScrip);
+  AddLabelled(*scrips, tr("S&cript"), CboScrip, 1);
   auto* buttons = new QHBoxLayout;
   const auto add = [&](QHBoxLayout* row, ZENButton*& button, const QString& name,
                        const QString& text, void (ImpTrades::*handler)()) {
@@ -129,53 +111,13 @@ void ImpTrades::BuildFoot() {
   rows->addLayout(buttons);
 }
 
-void ImpTrades::FillChoices() {
-  std::vector<lookups::Item> accounts;
-  for (const TradeAccount& account : book_.Accounts()) {
-    accounts.push_back({account.id.value, account.text});
-  }
-  const bool one_account = accounts.size() == 1;
-  CboAccount->SetItems(std::move(accounts));
-  std::vector<lookups::Item> brokers =
-      lookups::DropDownItems(*Session().connection, DropDown::kBrokers);
-  const bool one_broker = brokers.size() == 1;
-  CboBroker->SetItems(std::move(brokers));
-  CboExchange->SetTexts({QStringLiteral("NSE"), QStringLiteral("BSE")});
-  CboExchange->setCurrentIndex(0);
-  CboScrip->SetItems(lookups::DropDownItems(*Session().connection, DropDown::kScrips));
-  if (one_account) {
-    CboAccount->setCurrentIndex(0);
-  } else if (Session().current) {
-    const auto own = lookups::AccountItems(*Session().connection, Session().current->client);
-    CboAccount->ById(own.empty() ? 0 : own.front().id);
-  }
-  if (one_broker) {
-    CboBroker->setCurrentIndex(0);
-  }
-}
-
-/// The broker whose name the layout's has in it.
-void ImpTrades::ProposeBroker() {
-  for (const OpenedTrades& opened : opened_) {
-    if (CboBroker->HasChoice() || !opened.header || opened.header->broker.isEmpty()) {
-      continue;
-    }
-    for (int i = 0; i < CboBroker->count(); ++i) {
-      if (CboBroker->itemText(i).contains(opened.header->broker, Qt::CaseInsensitive)) {
-        CboBroker->setCurrentIndex(i);
-        break;
-      }
-    }
-  }
-}
-
 TradeOptions ImpTrades::Options() const {
-  return {ChkJoin->isChecked() ? TradePlan::Fills::kJoined : TradePlan::Fills::kKept,
-          CboExchange->currentText().toStdString(), TheDesk().today()};
+  return Target->Options(TheDesk().today());
 }
 
 TradeReading ImpTrades::Reading(const QString& path) const {
-  return {path, CboExchange->currentText().toStdString(), {}, TheDesk().today()};
+  const TradeOptions options = Options();
+  return {path, options.exchange, {}, options.today};
 }
 
 const OpenedTrades* ImpTrades::FirstUnknown() const {
@@ -198,8 +140,10 @@ void ImpTrades::CmdFile_Click() {
   } catch (const files::TableError& error) {
     return ShowAt(QString::fromUtf8(error.what()), CmdFile);
   }
+  // Without files a change of the broker does nothing.
+  opened_.clear();
+  Target->ProposeBroker(opened);
   opened_ = std::move(opened);
-  ProposeBroker();
   LookThrough();
 }
 
@@ -209,12 +153,15 @@ void ImpTrades::LookThrough() {
   Fill();
   if (const OpenedTrades* unknown = FirstUnknown()) {
     AskColumns(*unknown);
-  } else if (!opened_.empty() && CboAccount->HasChoice() && CboBroker->HasChoice()) {
+  } else if (!opened_.empty() && Target->IsChosen()) {
     if (MakePlan()) {
       Look();
     }
   }
   Fill();
+  if (FirstUnknown() != nullptr) {
+    Columns->VSC->setFocus();
+  }
 }
 
 void ImpTrades::AskColumns(const OpenedTrades& opened) {
@@ -224,33 +171,37 @@ void ImpTrades::AskColumns(const OpenedTrades& opened) {
     return ShowAt(text, CmdFile);
   }
   Columns->Ask(opened, book_.Layouts(), Reading(opened.path));
-  Columns->VSC->setFocus();
 }
 
 bool ImpTrades::MakePlan() {
-  controls::ProgressDialog progress(this);
-  Result<TradeTarget> target =
-      book_.TargetOf(AccountId{CboAccount->CurrentId()}, BrokerId{CboBroker->CurrentId()});
+  const Result<TradeTarget> target = book_.TargetOf(Target->Account(), Target->Broker());
   if (!target) {
     Show(target.Why());
     return false;
   }
   target_ = *target;
-  Result<TradeFile> file = book_.Read(opened_, *target_, Options(), progress);
-  if (!file) {
-    Show(file.Why());
-    return false;
+  const MaybeRefusal refusal = [&]() -> MaybeRefusal {
+    controls::ProgressDialog progress(this);
+    Result<TradeFile> file = book_.Read(opened_, *target_, Options(), progress);
+    if (file) {
+      plan_ = book_.Plan(std::move(*file), *target_, Options(), progress);
+    }
+    return file.Refused();
+  }();
+  if (refusal) {
+    Show(*refusal);
   }
-  plan_ = book_.Plan(std::move(*file), *target_, Options(), progress);
-  return true;
+  return !refusal;
 }
 
 /// Marks what cannot be saved.
 void ImpTrades::Look() {
-  controls::ProgressDialog progress(this);
-  const Result<TradeOutcome> outcome =
-      CheckTrades(*Session().connection, *target_, *plan_, progress);
+  const Result<TradeOutcome> outcome = [&] {
+    controls::ProgressDialog progress(this);
+    return CheckTrades(*Session().connection, *target_, *plan_, progress);
+  }();
   if (!outcome) {
+    outcome_ = outcome.Why().text;
     return Show(outcome.Why());
   }
   outcome_ = tr("%1 bills with %2 lines would be saved.").arg(outcome->bills).arg(outcome->lines);
@@ -263,8 +214,19 @@ void ImpTrades::Look() {
 }
 
 void ImpTrades::Fill() {
-  Lines->Show(plan_ ? &*plan_ : nullptr, *Session().connection, outcome_);
+  Lines->Show(plan_ ? &*plan_ : nullptr, *Session().connection, plan_ ? outcome_ : NextStep());
   SetEnabled();
+}
+
+/// What the user is to choose before there are lines.
+QString ImpTrades::NextStep() const {
+  if (!opened_.empty() && !Target->CboAccount->HasChoice()) {
+    return tr("Choose the demat account that the trades belong to.");
+  }
+  if (!opened_.empty() && !Target->CboBroker->HasChoice()) {
+    return tr("Choose the broker of the trades.");
+  }
+  return tr("Nothing to save yet.");
 }
 
 void ImpTrades::SetEnabled() {
@@ -305,7 +267,7 @@ void ImpTrades::CmdUse_Click() {
     }
   }
   LookThrough();
-  (CboAccount->HasChoice() ? static_cast<QWidget*>(Lines->VSF) : CboAccount)->setFocus();
+  (plan_ ? static_cast<QWidget*>(Lines->VSF) : Target->CboAccount)->setFocus();
 }
 
 void ImpTrades::Columns_Edited() {

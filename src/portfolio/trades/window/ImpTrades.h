@@ -5,10 +5,10 @@
 #include "portfolio/trades/TradeBook.h"
 #include "portfolio/trades/window/ColumnPane.h"
 #include "portfolio/trades/window/LinesPane.h"
+#include "portfolio/trades/window/TargetPane.h"
 
 #include <vector>
 
-class QCheckBox;
 class QLabel;
 class QVBoxLayout;
 
@@ -28,12 +28,11 @@ class ImpTrades : public controls::ChildWindow {
   void BuildHead(QVBoxLayout& rows);
   void BuildFoot();
   void Connect();
-  void FillChoices();
-  void ProposeBroker();
   void LookThrough();
   bool MakePlan();
   void Look();
   void Fill();
+  QString NextStep() const;
   void SetEnabled();
   void AskColumns(const OpenedTrades& opened);
   void Settled();
@@ -64,10 +63,7 @@ class ImpTrades : public controls::ChildWindow {
 
   controls::ZENButton* CmdFile = nullptr;
   QLabel* LblFile = nullptr;
-  controls::ComboBox* CboAccount = nullptr;
-  controls::ComboBox* CboBroker = nullptr;
-  controls::ComboBox* CboExchange = nullptr;
-  QCheckBox* ChkJoin = nullptr;
+  TargetPane* Target = nullptr;
   ColumnPane* Columns = nullptr;
   LinesPane* Lines = nullptr;  ///< while the columns are asked for, these are in its place
   QWidget* Foot = nullptr;     ///< what can be done with the lines

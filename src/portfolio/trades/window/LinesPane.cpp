@@ -53,13 +53,13 @@ QString RemarkOf(const TradeLine& line, const TradedScrip& scrip, const QString&
 controls::Row RowOf(int id, const TradeLine& line, const TradedScrip& scrip,
                     const QString& program_name) {
   const bool bought = line.side == records::Side::kPurchase;
-  return {
-      .id = id,
-      .cells = {line.ticked, TextOf(line.state), text::FormatDmy(line.day), Utf8(line.exchange),
-                Utf8(scrip.naming.Shown()), bought ? QStringLiteral("P") : QStringLiteral("S"),
-                line.quantity.Number(), line.rate, line.charges.brokerage, line.charges.tax,
-                line.charges.stt, line.non_delivery ? LinesPane::tr("No") : LinesPane::tr("Yes"),
-                Utf8(line.bill_number), RemarkOf(line, scrip, program_name)}};
+  const QString delivery = line.non_delivery ? LinesPane::tr("No") : LinesPane::tr("Yes");
+  return {.id = id,
+          .cells = {line.ticked, TextOf(line.state), text::FormatDmy(line.day), Utf8(line.exchange),
+                    Utf8(scrip.naming.Shown()), bought ? QStringLiteral("P") : QStringLiteral("S"),
+                    line.quantity.Number(), line.rate, line.charges.brokerage, line.charges.tax,
+                    line.charges.stt, delivery, Utf8(line.bill_number),
+                    RemarkOf(line, scrip, program_name)}};
 }
 
 }  // namespace
@@ -129,7 +129,7 @@ bool LinesPane::IsShown(const TradeLine& line) const {
 
 void LinesPane::Count(const QString& outcome) {
   if (plan_ == nullptr) {
-    return LblTotal->setText(tr("Nothing to save yet."));
+    return LblTotal->setText(outcome);
   }
   LblTotal->setText(tr("%1 new, %2 taken in already, %3 probably entered by hand, %4 of scripts to "
                        "be settled, %5 without shares. %6")
@@ -176,13 +176,14 @@ std::optional<std::uint32_t> LinesPane::CurrentScrip() const {
   return plan_->Lines()[static_cast<std::size_t>(VSF->CurrentId()) - 1].scrip;
 }
 
-void AddLabelled(QLayout& row, const QString& text, QWidget* control) {
+void AddLabelled(QBoxLayout& row, const QString& text, QWidget* control, int stretch) {
   auto* label = new QLabel(text);
   label->setBuddy(control);
+  label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
   QString plain = text;
   control->setAccessibleName(plain.remove(QLatin1Char('&')));
   row.addWidget(label);
-  row.addWidget(control);
+  row.addWidget(control, stretch);
 }
 
 }  // namespace quorvane::portfolio

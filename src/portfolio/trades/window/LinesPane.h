@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
 
 namespace quorvane::portfolio {
@@ -18,8 +19,8 @@ class LinesPane : public QWidget {
  public:
   explicit LinesPane(QWidget* parent = nullptr);
 
-  /// Shows the lines of a plan, which outlives its being shown; nullptr shows none. `names` are
-  /// the program's scrips, `outcome` is told behind the counts.
+  /// Shows the lines of a plan, which outlives its being shown; nullptr shows none and tells
+  /// `outcome`, which is otherwise told behind the counts.
   void Show(TradePlan* plan, database::Connection& connection, const QString& outcome);
 
   /// Gives the plan the ticks of the rows that are shown.
@@ -42,7 +43,8 @@ class LinesPane : public QWidget {
   QLabel* LblTotal = nullptr;
 };
 
-/// A label in front of a control, which its access key leads to.
-void AddLabelled(QLayout& row, const QString& text, QWidget* control);
+/// A label in front of a control, which its access key leads to. The control takes that part of the
+/// width that is left over.
+void AddLabelled(QBoxLayout& row, const QString& text, QWidget* control, int stretch = 0);
 
 }  // namespace quorvane::portfolio

@@ -52,6 +52,7 @@ void AddPortfolioCommands(CLI::App& app, Context& context);
 void AddHoldingsCommands(CLI::App& app, Context& context);
 void AddLayerCommands(CLI::App& app, Context& context);
 void AddActionCommands(CLI::App& app, Context& context);
+void AddPaperCommands(CLI::App& app, Context& context);
 void AddReportCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddRatesCommands(CLI::App& app, Context& context);

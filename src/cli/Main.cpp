@@ -47,8 +47,8 @@ int main(int argc, char** argv) {
   app.add_flag("--quiet", context.quiet, "No progress bar and no notices");
   for (const Registrar add :
        {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands, AddActionCommands,
-        AddReportCommands, AddLedgerCommands, AddRatesCommands, AddDatabaseCommands,
-        AddBackupCommands, AddDemoCommand}) {
+        AddPaperCommands, AddReportCommands, AddLedgerCommands, AddRatesCommands,
+        AddDatabaseCommands, AddBackupCommands, AddDemoCommand}) {
     add(app, context);
   }
   return Run(app, context, argc, argv);

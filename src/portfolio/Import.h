@@ -1,11 +1,15 @@
 #pragma once
 
 #include "core/Progress.h"
+#include "core/Result.h"
 #include "core/database/Connection.h"
+#include "core/database/Transaction.h"
 #include "portfolio/ImportErrors.h"
 
 #include <QString>
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,5 +42,18 @@ struct ImportResult {
 /// std::runtime_error when a file cannot be read.
 ImportResult ImportPortfolio(database::Connection& connection, const QString& folder, bool dry_run,
                              Progress& progress);
+
+/// What else belongs to the transaction of an import, before its records are read and after they
+/// are written. It may refuse, and nothing is written then.
+struct ImportWork {
+  std::function<MaybeRefusal(database::Transaction&)> before = {};
+  std::function<MaybeRefusal(database::Transaction&)> after = {};
+};
+
+/// Takes files of a portfolio folder that are in memory in, by the same rules. Refused by `work`
+/// alone. Throws DatabaseError and Cancellation.
+Result<ImportResult> ImportFiles(database::Connection& connection,
+                                 const std::map<FileKind, std::string>& contents, bool dry_run,
+                                 const ImportWork& work, Progress& progress);
 
 }  // namespace quorvane::portfolio

@@ -1,5 +1,6 @@
 #include "admin/repair/TableCheck.h"
 #include "cli/Command.h"
+#include "portfolio/reconcile/OpeningMarks.h"
 
 #include <fmt/format.h>
 
@@ -65,6 +66,10 @@ void Check(Context& context) {
   }
   for (const QString& action : check.outdated_actions) {
     report += fmt::format("note: {}\n", action.toStdString());
+  }
+  for (const QString& mark :
+       check.faults.empty() ? reconcile::OpenMarkTexts(context.Connection()) : QStringList()) {
+    report += fmt::format("note: {}\n", mark.toStdString());
   }
   for (const QString& fault : check.record_faults) {
     report += fmt::format("{}\n", fault.toStdString());

@@ -22,36 +22,27 @@ Answer AnswerOf(const QString& path, const QString& password, Progress& progress
   Answer answer;
   QEventLoop loop;
   bool done = false;
-  const auto end = [&] {
-    done = true;
-    loop.quit();
-  };
   DocumentReading reading(limits);
   QObject::connect(&reading, &DocumentReading::Finished, &loop, [&](const QByteArray& bytes) {
     answer.text = bytes;
-    end();
+    done = true;
   });
   QObject::connect(&reading, &DocumentReading::Failed, &loop, [&](const QString& text) {
     answer.refusal = text;
-    end();
+    done = true;
   });
   QObject::connect(&reading, &DocumentReading::Locked, &loop, [&] {
     answer.locked = true;
-    end();
-  });
-  QTimer beat;
-  QObject::connect(&beat, &QTimer::timeout, &loop, [&] {
-    progress.Step(0);
-    if (progress.Cancelled()) {
-      loop.quit();
-    }
+    done = true;
   });
   reading.StartText(path, password);
-  if (!done) {
-    beat.start(kBeat);
-    loop.exec();
+  // No key or click reaches a window meanwhile; the progress draws itself and hears "Cancel".
+  QTimer beat;
+  beat.start(kBeat);
+  while (!done && !progress.Cancelled()) {
+    loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    progress.Step(0);
   }
-  beat.stop();
   progress.ThrowIfCancelled();
   return answer;
 }

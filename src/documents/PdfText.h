@@ -14,8 +14,8 @@ namespace quorvane::documents {
 ReadingLimits TextLimits();
 
 /// The words of a PDF document, read by the reader program. The passwords are tried in their order,
-/// after none; they reach the reader by a pipe. Runs an event loop until it is done, so that
-/// windows live meanwhile. Refused with Field::kPassword when no password opens the document, and
+/// after none; they reach the reader by a pipe. Events are served until it is done, but no input
+/// of the user. Refused with Field::kPassword when no password opens the document, and
 /// with Field::kNone for one that is broken, too large or without any text. Throws Cancellation.
 Result<PrintedText> ReadPdfText(const QString& path, const QStringList& passwords,
                                 Progress& progress, const ReadingLimits& limits = TextLimits());

@@ -122,18 +122,19 @@ constexpr std::array<IndexDefinition, 29> kIndexes{{
     {"ScriptAvgRate", "IxScriptAvgRateAccount", "Cid,Fyear,AcId"},
 }};
 
-constexpr std::array<ExtensionTable, 8> kExtensionTables{{
+constexpr std::array<ExtensionTable, 9> kExtensionTables{{
     {"ScripIsin", true},
     {"CorpAction", true},
     {"CorpActionLot", true},
     {"Dividend", true},
+    {"OpeningMark", true},
     {"RemovedAccount", true},
     {"RecordKey", true},
     {"Writers", false},
     {"CommitMark", false},
 }};
 
-constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
+constexpr std::array<UpgradeStep, 9> kExtensionSteps{{
     {"ScripIsin", 1,
      "Create Table if not Exists ScripIsin(ScrId int(11) Not Null, Isin varchar(12) Not Null, "
      "FromDay varchar(10) Not Null, Primary Key(ScrId,Isin), Index IxScripIsinIsin(Isin)) "
@@ -164,6 +165,11 @@ constexpr std::array<UpgradeStep, 8> kExtensionSteps{{
      "Default 0, PerShare double Not Null Default 0, Tax double Not Null Default 0, Index "
      "IxDividendClient(CId), Index IxDividendAction(ActionId)) Engine=InnoDB Default Character Set "
      "utf8mb4 Collate utf8mb4_general_ci"},
+    {"OpeningMark", 1,
+     "Create Table if not Exists OpeningMark(CId int(11) Not Null, Fyear varchar(10) Not Null, "
+     "AcId "
+     "int(11) Not Null, ScrId int(11) Not Null, Primary Key(CId,Fyear,AcId,ScrId)) Engine=InnoDB "
+     "Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"RemovedAccount", 1,
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
      "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "
@@ -234,6 +240,9 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"Dividend", "CId", "ClientInfo"},
     {"Dividend", "AcId", "ClientActDet"},
     {"Dividend", "ScrId", "Script"},
+    {"OpeningMark", "CId", "ClientInfo"},
+    {"OpeningMark", "AcId", "ClientActDet"},
+    {"OpeningMark", "ScrId", "Script"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(

@@ -80,6 +80,7 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   transaction.Execute("Delete From MarketRate Where ScrId=?", id);
   transaction.Execute("Delete From ScripIsin Where ScrId=?", id);
   transaction.Execute("Delete From Dividend Where ScrId=?", id);
+  transaction.Execute("Delete From OpeningMark Where ScrId=?", id);
   transaction.Execute(
       "Delete CorpActionLot From CorpActionLot Join CorpAction On CorpAction.Id="
       "CorpActionLot.ActionId Where CorpAction.ScrId=? Or CorpAction.OtherScrId=?",

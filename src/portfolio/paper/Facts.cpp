@@ -84,6 +84,11 @@ std::optional<text::Date> DayFrom(const Piece& a, const Piece& b, const Piece& c
   if (a.text.size() == kYear && AllDigits(a.text) && month > 0 && is_short(c.text)) {
     return text::MakeDate(NumberIn(c.text), month, NumberIn(a.text));
   }
+  const bool written = c.before == b.before && (c.before == "-" || c.before == "/");
+  if (written && is_short(a.text) && month > 0 && c.text.size() == 2 && AllDigits(c.text)) {
+    constexpr int kCentury = 2000;
+    return text::MakeDate(NumberIn(a.text), month, kCentury + NumberIn(c.text));
+  }
   if (c.text.size() != kYear || !AllDigits(c.text)) {
     return std::nullopt;
   }

@@ -16,7 +16,7 @@ struct FoundDay {
 };
 
 /// Every day that a text names: "30-Jun-2026", "31-05-2026", "31/05/2026", "30 June 2026",
-/// "2026-06-30", "June 30, 2026", in the order of the text.
+/// "30-06-26", "2026-06-30", "June 30, 2026", in the order of the text.
 std::vector<FoundDay> DaysIn(std::string_view text);
 
 /// The day after the phrase, which is in capitals ("AS ON"); nullopt when there is none.

@@ -7,6 +7,7 @@
 #include "core/records/Query.h"
 
 #include <algorithm>
+#include <ranges>
 #include <set>
 
 namespace quorvane::reconcile {
@@ -148,9 +149,9 @@ Cause Causes::MovementOf(const ReconciledRow& row) const {
       return cause;
     };
     Shares sum;
-    for (auto each = own.rbegin(); each != own.rend(); ++each) {
-      if ((*each)->date <= day_ && (sum += Signed(**each)) == missing) {
-        return found(**each);
+    for (const Movement* movement : own | std::views::reverse) {
+      if (movement->date <= day_ && (sum += Signed(*movement)) == missing) {
+        return found(*movement);
       }
     }
     sum = {};

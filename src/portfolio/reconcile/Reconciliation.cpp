@@ -1,7 +1,6 @@
 #include "portfolio/reconcile/Reconciliation.h"
 
 #include "core/actions/Terms.h"
-#include "core/database/Transaction.h"
 #include "core/lookups/Directory.h"
 #include "core/positions/Positions.h"
 #include "core/rates/IsinBook.h"
@@ -121,9 +120,8 @@ namespace {
 /// Puts the two sides together.
 class Comparison {
  public:
-  Comparison(database::Connection& connection, const ReconcileQuery& query,
-             const StatementOwner& owner)
-      : directory_(connection), isins_(connection), query_(query), owner_(owner) {}
+  Comparison(database::Connection& connection, const StatementOwner& owner)
+      : directory_(connection), isins_(connection), owner_(owner) {}
 
   void TakeRecorded(const positions::Positions& positions) {
     for (const positions::Holding& holding : positions.holdings) {
@@ -138,24 +136,40 @@ class Comparison {
       const auto account = owner_.accounts.find(stated.account);
       if (account != owner_.accounts.end()) {
         Add(stated, account->second);
-      } else {
-        ++elsewhere_;
       }
     }
   }
 
   std::vector<ReconciledRow> Rows() {
     AddMissingThere();
+    for (ReconciledRow& row : rows_) {
+      row.agreement = AgreementOf(row);
+    }
+    std::erase_if(rows_, [](const ReconciledRow& row) {
+      return row.stated == Shares() && row.recorded == Shares();
+    });
     std::ranges::stable_sort(rows_, {}, [](const ReconciledRow& row) {
       return std::tuple(row.account_number, row.name.toLower(), row.isin);
     });
     return std::move(rows_);
   }
 
-  std::size_t Elsewhere() const { return elsewhere_; }
-
  private:
-  /// Two codes may share an ISIN: all shares of both count, under the one that is held.
+  static Agreement AgreementOf(const ReconciledRow& row) {
+    if (!row.scrip) {
+      return Agreement::kUnknown;
+    }
+    if (row.stated == row.recorded) {
+      return Agreement::kAgrees;
+    }
+    if (row.recorded == Shares()) {
+      return Agreement::kMissingHere;
+    }
+    return row.stated == Shares() ? Agreement::kMissingThere : Agreement::kDiffers;
+  }
+
+  /// Two codes may share an ISIN: all shares of both count, under the one that is held. A scrip may
+  /// have had two ISINs, of which a statement has both: they are one row.
   void Add(const StatedHolding& stated, AccountId account) {
     ReconciledRow row;
     row.account = account;
@@ -165,34 +179,32 @@ class Comparison {
     row.name = Utf8(stated.name);
     row.stated = stated.quantity;
     for (const ScripId scrip : isins_.ScripsOf(stated.isin)) {
+      if (const auto there = places_.find({account, scrip}); there != places_.end()) {
+        rows_[there->second].stated += stated.quantity;
+        return;
+      }
       const auto recorded = recorded_.find({account, scrip});
-      const bool held = recorded != recorded_.end() && taken_.insert({account, scrip}).second;
+      const bool held = recorded != recorded_.end();
       row.recorded += held ? recorded->second : Shares();
       row.scrip = held || !row.scrip ? scrip : row.scrip;
     }
-    if (row.stated == Shares() && row.recorded == Shares()) {
-      return;
+    for (const ScripId scrip : isins_.ScripsOf(stated.isin)) {
+      places_.emplace(std::pair(account, scrip), rows_.size());
     }
-    row.agreement = !row.scrip                   ? Agreement::kUnknown
-                    : row.stated == row.recorded ? Agreement::kAgrees
-                    : row.recorded == Shares()   ? Agreement::kMissingHere
-                    : row.stated == Shares()     ? Agreement::kMissingThere
-                                                 : Agreement::kDiffers;
     if (row.scrip) {
       row.name = Utf8(directory_.Scrip(row.scrip).name);
     }
     rows_.push_back(std::move(row));
   }
 
-  /// What is recorded in the statement's accounts and not in the statement. An older ISIN of a
-  /// scrip may have been stated, and a newer one as well.
+  /// What is recorded in the statement's accounts and not in the statement.
   void AddMissingThere() {
     std::set<AccountId> covered;
     for (const auto& [number, account] : owner_.accounts) {
       covered.insert(account);
     }
     for (const auto& [place, quantity] : recorded_) {
-      if (!covered.contains(place.first) || taken_.contains(place)) {
+      if (!covered.contains(place.first) || places_.contains(place)) {
         continue;
       }
       ReconciledRow row;
@@ -203,19 +215,16 @@ class Comparison {
       const std::vector<std::string> isins = isins_.Of(place.second);
       row.isin = isins.empty() ? QString() : Utf8(isins.front());
       row.recorded = quantity;
-      row.agreement = Agreement::kMissingThere;
       rows_.push_back(std::move(row));
     }
   }
 
   lookups::Directory directory_;
   rates::Isins isins_;
-  const ReconcileQuery& query_;
   const StatementOwner& owner_;
   std::map<std::pair<AccountId, ScripId>, Shares> recorded_;
-  std::set<std::pair<AccountId, ScripId>> taken_;
+  std::map<std::pair<AccountId, ScripId>, std::size_t> places_;  ///< in rows_, of what is stated
   std::vector<ReconciledRow> rows_;
-  std::size_t elsewhere_ = 0;
 };
 
 QStringList NotesOf(const Statement& statement, const StatementOwner& owner,
@@ -252,7 +261,7 @@ Result<Reconciliation> Reconcile(database::Connection& connection, const Stateme
   held.client = query.client;
   held.to = owner->day;
   const positions::Positions positions = positions::ReadPositions(connection, held, progress);
-  Comparison comparison(connection, query, *owner);
+  Comparison comparison(connection, *owner);
   comparison.TakeRecorded(positions);
   comparison.TakeStated(statement);
   Reconciliation result{
@@ -260,24 +269,6 @@ Result<Reconciliation> Reconcile(database::Connection& connection, const Stateme
   Causes(connection, query.client, owner->day, progress).Find(result.rows);
   result.notes = NotesOf(statement, *owner, positions);
   return result;
-}
-
-MaybeRefusal AssignIsin(database::Connection& connection, ScripId scrip, const QString& isin) {
-  return database::InTransaction(
-      connection, [&](database::Transaction& transaction) -> MaybeRefusal {
-        auto isins = rates::IsinsOf(transaction.GetConnection(), scrip);
-        isins.push_back({isin, {}});
-        if (MaybeRefusal refusal = rates::CheckIsins(isins)) {
-          return refusal;
-        }
-        const rates::Isins all(transaction.GetConnection());
-        if (!all.ScripsOf(isin.toStdString()).empty()) {
-          return Refusal{Tr("Reconcile", "Another Script has the ISIN %1.").arg(isin),
-                         Field::kScrip};
-        }
-        rates::SetIsins(transaction, scrip, isins);
-        return std::nullopt;
-      });
 }
 
 namespace {

@@ -99,9 +99,6 @@ Result<StatementOwner> OwnerOf(database::Connection& connection, const Statement
 Result<Reconciliation> Reconcile(database::Connection& connection, const Statement& statement,
                                  const ReconcileQuery& query, Progress& progress);
 
-/// Lets a scrip be known by an ISIN from now on. Refused when that is none or another scrip has it.
-MaybeRefusal AssignIsin(database::Connection& connection, ScripId scrip, const QString& isin);
-
 /// The words for them, in English for reports or in the user's language for windows.
 enum class Language : std::uint8_t { kEnglish, kOfUser };
 QString TextOf(Agreement agreement, Language language);

@@ -23,7 +23,10 @@ class FrmCorpAction : public controls::RecordWindow {
  public:
   explicit FrmCorpAction(controls::Desk& desk);
 
+  void AskedAgain() override;
+
  protected:
+  void FirstShown() override;
   void FillList() override;
   void Clear() override;
   void Load(int id) override;
@@ -48,6 +51,8 @@ class FrmCorpAction : public controls::RecordWindow {
   void FillAccounts(const std::vector<actions::AccountEffect>& effects);
   void TellOfEffects(const Action& action, std::size_t accounts);
   bool MayRun(const QString& question);
+  void TakeProposed();
+  void Fill(const Action& action);
 
   void Combo1_Click();
   void VSA_AfterEdit(int row, int column);
@@ -55,6 +60,7 @@ class FrmCorpAction : public controls::RecordWindow {
   void CmdApply_Click();
   void CmdTakeBack_Click();
   void CmdFile_Click();
+  void CmdStatement_Click();
 
   ActionBook book_;
   std::vector<Action> listed_;
@@ -73,6 +79,7 @@ class FrmCorpAction : public controls::RecordWindow {
   controls::ZENButton* CmdApply = nullptr;
   controls::ZENButton* CmdTakeBack = nullptr;
   controls::ZENButton* CmdFile = nullptr;
+  controls::ZENButton* CmdStatement = nullptr;
 };
 
 }  // namespace quorvane::corporate_actions

@@ -15,6 +15,8 @@
 #include "masters/lookup_masters/window/FrmLookup.h"
 #include "masters/participants/window/FrmDepPart.h"
 #include "masters/scrips/window/FrmScript.h"
+#include "portfolio/notes/window/ImpNotes.h"
+#include "portfolio/reconcile/window/FrmReconcile.h"
 #include "reports/Reports.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
@@ -135,6 +137,10 @@ constexpr Feature kFeatures[] = {
     {"mnuCorpAction", QT_TRANSLATE_NOOP("MainMenu", "&Corporate Actions"), kOpenWindow,
      "mnuPortfolio", "FrmCorpAction", "corporate-actions.md",
      Make<corporate_actions::FrmCorpAction>},
+    {"mnuReconcile", QT_TRANSLATE_NOOP("MainMenu", "Compare with S&tatement"), kOpenWindow,
+     "mnuPortfolio", "FrmReconcile", "statements.md", Make<reconcile::FrmReconcile>},
+    {"mnuNotes", QT_TRANSLATE_NOOP("MainMenu", "Contract &Notes"), kOpenWindow, "mnuPortfolio",
+     "ImpNotes", "contract-notes.md", Make<notes::ImpNotes>},
     {"mnuDividends", QT_TRANSLATE_NOOP("MainMenu", "&Dividends"), kClientSelection, "mnuPortfolio",
      "FrmDividend", "dividends.md", Make<dividends::FrmDividend>},
     ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),

@@ -16,6 +16,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -44,6 +45,8 @@ const std::map<QString, QStringList> kPressed{
     {QStringLiteral("FrmScriptTransfer"), {QStringLiteral("cmdModify")}},
     {QStringLiteral("FrmCorpAction"), {QStringLiteral("CmdPreview")}},
     {QStringLiteral("ImpCorpAction"), {QStringLiteral("CmdFile")}},
+    {QStringLiteral("FrmReconcile"), {QStringLiteral("CmdFile")}},
+    {QStringLiteral("ImpNotes"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("FrmClientMaster"),
      {QStringLiteral("cmdModify"), QStringLiteral("CmdSource"), QStringLiteral("cmdUpdate")}},
 };
@@ -97,8 +100,12 @@ void Fill(controls::ChildWindow& window) {
     ChangeSale(window);
     return;
   }
-  if (auto* date = window.findChild<controls::DateBox*>(QStringLiteral("TxtDate"))) {
+  auto* date = window.findChild<controls::DateBox*>(QStringLiteral("TxtDate"));
+  if (date != nullptr && name != QLatin1String("FrmReconcile")) {
     date->setText(QStringLiteral("31/03/2012"));
+  }
+  if (name == QLatin1String("ImpNotes")) {
+    Named<QComboBox>(window, QStringLiteral("Combo2")).setCurrentIndex(0);
   }
   ChooseRows(window);
   if (const auto pressed = kPressed.find(name); pressed != kPressed.end()) {

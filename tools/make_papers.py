@@ -53,7 +53,7 @@ def main(ctl: str, app: str, folder: Path):
         rows = [(isins[code], code, quantity) for (at, code), quantity in sorted(held.items())
                 if at == account]
         for place, (number, code, quantity) in enumerate(rows):
-            shown = {1: quantity * 2, 3: quantity * 1.5}.get(place, quantity)
+            shown = {1: quantity * 2, 3: quantity * 3 // 2}.get(place, quantity)
             if place != 5:
                 lines.append(f"{number}    {code:<28}    {shown:g}")
         lines.append(f"{isin(990)}    KRISHNA PAPER MILLS LTD         25")

@@ -4,6 +4,7 @@
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/lookups/Directory.h"
+#include "core/text/Amounts.h"
 #include "portfolio/paper/ScripIsins.h"
 
 #include <QFileInfo>
@@ -50,7 +51,7 @@ void ImpNotes::Build() {
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(controls::kMargin, controls::kMargin, controls::kMargin,
                            controls::kMargin);
-  LblFile = new QLabel(tr("Choose contract notes in PDF, as brokers send them by e-mail."));
+  LblFile = new QLabel();
   LblFile->setObjectName(QStringLiteral("LblFile"));
   LblFile->setWordWrap(true);
   VSF = new Grid(QStringLiteral("VSF"), tr("Contract notes in the files"));
@@ -287,7 +288,28 @@ void ImpNotes::FillLines() {
     }
   }
   VSL->SetRows(std::move(rows));
+  ShowSums(Current());
   Enable();
+}
+
+/// What the note charges beside brokerage, so that it can be held beside the paper.
+void ImpNotes::ShowSums(const PlannedNote* note) {
+  if (note == nullptr) {
+    LblFile->setText(tr("Choose contract notes in PDF, as brokers send them by e-mail."));
+    return;
+  }
+  const auto amount = [](const std::optional<Paise>& paise) {
+    return paise ? text::FormatAmount(paise->Rupees()) : tr("not read");
+  };
+  const Note& paper = note->note;
+  LblFile->setText(
+      tr("Obligation %1, exchange charges %2, tax %3, STT %4, SEBI fee, stamp duty and others %5; "
+         "net amount %6.")
+          .arg(
+              amount(paper.obligation), amount(paper.Of(Charge::kExchange)),
+              amount(paper.Of(Charge::kTax)), amount(paper.Of(Charge::kStt)),
+              amount(paper.Of(Charge::kSebi) + paper.Of(Charge::kStamp) + paper.Of(Charge::kOther)),
+              amount(paper.net)));
 }
 
 void ImpNotes::Enable() {

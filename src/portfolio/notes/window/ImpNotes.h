@@ -31,6 +31,7 @@ class ImpNotes : public controls::ChildWindow {
   void Plan();
   void FillNotes();
   void FillLines();
+  void ShowSums(const PlannedNote* note);
   void Enable();
   bool CheckChoice();
   NoteQuery Query() const;

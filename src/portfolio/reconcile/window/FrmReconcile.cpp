@@ -135,11 +135,12 @@ void FrmReconcile::FillRows() {
     if (ChkDiffer->isChecked() && row.agreement == Agreement::kAgrees) {
       continue;
     }
-    rows.push_back({.id = static_cast<int>(i) + 1,
-                    .cells = {row.account_number, row.name, row.isin, row.recorded.Number(),
-                              row.stated.Number(), row.Difference().Number(),
-                              TextOf(row.agreement, Language::kOfUser),
-                              TextOf(row.cause, Language::kOfUser)}});
+    const QVariant difference = row.Difference() ? QVariant(row.Difference().Number()) : QVariant();
+    rows.push_back(
+        {.id = static_cast<int>(i) + 1,
+         .cells = {row.account_number, row.name, row.recorded.Number(), row.stated.Number(),
+                   difference, TextOf(row.agreement, Language::kOfUser),
+                   TextOf(row.cause, Language::kOfUser), row.isin}});
   }
   VSF->SetRows(std::move(rows));
   if (result_) {

@@ -69,12 +69,12 @@ QWidget* FrmReconcile::BuildComparison() {
   VSF = new Grid(QStringLiteral("VSF"), tr("Holdings in the books and in the statement"));
   VSF->SetColumns({{.heading = tr("Demat A/c No.")},
                    {.heading = tr("Script Name")},
-                   {.heading = tr("ISIN")},
                    {.heading = tr("In the Books"), .mask = Mask::kQuantity},
                    {.heading = tr("In the Statement"), .mask = Mask::kQuantity},
                    {.heading = tr("Difference"), .mask = Mask::kQuantity},
                    {.heading = tr("Result")},
-                   {.heading = tr("Likely Cause")}});
+                   {.heading = tr("Likely Cause")},
+                   {.heading = tr("ISIN")}});
   auto* below = new QHBoxLayout();
   CmdOpen = new ZENButton(QStringLiteral("CmdOpen"), tr("Open the Ca&use"));
   CmdOpen->setToolTip(tr("The bill, the transfer, or the corporate action, ready to be entered"));

@@ -54,9 +54,9 @@ class FrmReconcileTest : public test::DeskTest {
     shown.Named<controls::ComboBox>("Combo2")->ById(desk_->account.value);
     shown.Click("CmdAgain");
     QCOMPARE(shown.RowsOf("VSF"),
-             QStringList({"1001|ALUM|INE999B01021|0.00|5.00|5.00|ISIN of no Script|",
-                          "1001|RELIANCE|INE999A01015|100.00|200.00|100.00|Differs|Suggests: "
-                          "Bonus 1:1 or Split 2:1"}));
+             QStringList({"1001|ALUM|0.00|5.00|5.00|ISIN of no Script||INE999B01021",
+                          "1001|RELIANCE|100.00|200.00|100.00|Differs|Suggests: Bonus 1:1 or Split "
+                          "2:1|INE999A01015"}));
   }
 
   void SuggestionIsHandedToTheCorporateActions() {
@@ -79,7 +79,7 @@ class FrmReconcileTest : public test::DeskTest {
     shown.Named<controls::Grid>("VSF")->SelectRow(0);
     shown.Named<controls::ComboBox>("Combo3")->ById(desk_->second_scrip.value);
     shown.Click("CmdAssign");
-    QCOMPARE(shown.RowsOf("VSF"), QStringList("1001|INFOSYS|INE999B01021|5.00|5.00|0.00|Agrees|"));
+    QCOMPARE(shown.RowsOf("VSF"), QStringList("1001|INFOSYS|5.00|5.00||Agrees||INE999B01021"));
     shown.Named<QCheckBox>("ChkDiffer")->click();
     QCOMPARE(shown.RowsOf("VSF"), QStringList());
   }

@@ -790,6 +790,25 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>Documents</name>
+    <message>
+        <source>None of the Passwords Opens the Document. It is Often the PAN of the First Holder in Capitals.</source>
+        <translation>किसी पासवर्ड से दस्तावेज़ नहीं खुलता। पासवर्ड प्रायः पहले धारक का पैन बड़े अक्षरों में होता है।</translation>
+    </message>
+    <message>
+        <source>The Document is Protected by a Password. It is Often the PAN of the First Holder in Capitals.</source>
+        <translation>दस्तावेज़ पासवर्ड से सुरक्षित है। पासवर्ड प्रायः पहले धारक का पैन बड़े अक्षरों में होता है।</translation>
+    </message>
+    <message>
+        <source>Reading the Document</source>
+        <translation>दस्तावेज़ पढ़ा जा रहा है</translation>
+    </message>
+    <message>
+        <source>The Document has no Text: it is a Picture of Paper. Ask for the File that was Sent by E-Mail, or for One as Comma Separated Text or Workbook.</source>
+        <translation>दस्तावेज़ में पाठ नहीं है: यह काग़ज़ का चित्र है। ई-मेल से भेजी गई फ़ाइल, या CSV अथवा वर्कबुक माँगें।</translation>
+    </message>
+</context>
+<context>
     <name>DoubleKeys</name>
     <message>
         <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Do not delete one of them in its window: both would go. Restore a BackUp.</source>
@@ -1312,6 +1331,14 @@ Maximum Allowed Value is: %1</source>
         <source>&amp;Dividends</source>
         <translation>लाभांश (&amp;D)</translation>
     </message>
+    <message>
+        <source>Compare with S&amp;tatement</source>
+        <translation>विवरण से मिलान करें (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Contract &amp;Notes</source>
+        <translation>अनुबंध नोट (&amp;N)</translation>
+    </message>
 </context>
 <context>
     <name>Masters</name>
@@ -1428,6 +1455,81 @@ All Related Data will be Deleted.</source>
     <message>
         <source>Settlement No.</source>
         <translation>सेटलमेंट सं.</translation>
+    </message>
+</context>
+<context>
+    <name>Notes</name>
+    <message>
+        <source>The Bill that is to be Replaced was Deleted Meanwhile.</source>
+        <translation>जिस बिल को बदलना है वह इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>Shares of %1 that the Replaced Bill Brought were Sold or Transferred. Delete the Later Records First, or Change the Bill by Hand.</source>
+        <translation>बदले जाने वाले बिल से आए %1 के शेयर बेचे या अंतरित किए जा चुके हैं। पहले बाद के रिकॉर्ड हटाएँ, या बिल हाथ से बदलें।</translation>
+    </message>
+    <message>
+        <source>The Note does not Add Up: %1</source>
+        <translation>नोट का जोड़ नहीं मिलता: %1</translation>
+    </message>
+    <message>
+        <source>There is no Script for %1.</source>
+        <translation>%1 के लिए कोई स्क्रिप्ट नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Note&apos;s Number cannot be Read.</source>
+        <translation>नोट की संख्या पढ़ी नहीं जा सकती।</translation>
+    </message>
+    <message>
+        <source>The Note&apos;s Day cannot be Read.</source>
+        <translation>नोट की तारीख़ पढ़ी नहीं जा सकती।</translation>
+    </message>
+    <message>
+        <source>The Note is of %1, a Day in the Future.</source>
+        <translation>नोट %1 का है, जो भविष्य की तारीख़ है।</translation>
+    </message>
+    <message>
+        <source>The Note has Another PAN than the Client.</source>
+        <translation>नोट पर ग्राहक से भिन्न पैन है।</translation>
+    </message>
+    <message>
+        <source>Select the Broker of the Note.</source>
+        <translation>नोट का ब्रोकर चुनें।</translation>
+    </message>
+    <message>
+        <source>The Note is Entered Already.</source>
+        <translation>नोट पहले से दर्ज है।</translation>
+    </message>
+    <message>
+        <source>A Bill of this Number is Entered with Other Contents.</source>
+        <translation>इस संख्या का बिल भिन्न विवरण के साथ दर्ज है।</translation>
+    </message>
+    <message>
+        <source>Another of the Files is the Same Note.</source>
+        <translation>दूसरी फ़ाइल में यही नोट है।</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>तैयार</translation>
+    </message>
+    <message>
+        <source>Replaces a Bill</source>
+        <translation>बिल बदलेगा</translation>
+    </message>
+    <message>
+        <source>Entered</source>
+        <translation>दर्ज</translation>
+    </message>
+    <message>
+        <source>Script Missing</source>
+        <translation>स्क्रिप्ट नहीं है</translation>
+    </message>
+    <message>
+        <source>Not Taken</source>
+        <translation>नहीं लिया गया</translation>
+    </message>
+    <message>
+        <source>The File is no Contract Note in PDF.</source>
+        <translation>फ़ाइल PDF में अनुबंध नोट नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -1691,6 +1793,123 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Line %1: %2.</source>
         <translation>पंक्ति %1: %2।</translation>
+    </message>
+</context>
+<context>
+    <name>Reconcile</name>
+    <message>
+        <source>Another Script has the ISIN %1.</source>
+        <translation>ISIN %1 दूसरी स्क्रिप्ट का है।</translation>
+    </message>
+    <message>
+        <source>Rows of the Statement could not be Understood:
+%1</source>
+        <translation>विवरण की ये पंक्तियाँ समझी नहीं जा सकीं:
+%1</translation>
+    </message>
+    <message>
+        <source>Enter these Demat Accounts of the Client First:
+%1</source>
+        <translation>पहले ग्राहक के ये डीमैट खाते दर्ज करें:
+%1</translation>
+    </message>
+    <message>
+        <source>These Securities are of no Script with a Code. Assign their ISINs, or Import the Scripts from an Exchange&apos;s Price File:
+%1</source>
+        <translation>इन प्रतिभूतियों की कोड वाली कोई स्क्रिप्ट नहीं है। उनके ISIN सौंपें, या एक्सचेंज की भाव फ़ाइल से स्क्रिप्ट आयात करें:
+%1</translation>
+    </message>
+    <message>
+        <source>The Statement has no Holdings to Take In.</source>
+        <translation>विवरण में लेने योग्य कोई होल्डिंग नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Client has Records Already. Opening Stock is Taken from a Statement for a New Client Only.</source>
+        <translation>ग्राहक के रिकॉर्ड पहले से हैं। विवरण से आरंभिक स्टॉक केवल नए ग्राहक के लिए लिया जाता है।</translation>
+    </message>
+    <message>
+        <source>The File is a %1, no Statement of Holdings.</source>
+        <translation>फ़ाइल %1 है, होल्डिंग का विवरण नहीं।</translation>
+    </message>
+    <message>
+        <source>The File has no Holdings that can be Read.</source>
+        <translation>फ़ाइल में पढ़ी जा सकने वाली कोई होल्डिंग नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Statement does not say of which Day it is. Enter the Day.</source>
+        <translation>विवरण में उसकी तारीख़ नहीं है। तारीख़ दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>The Statement is of %1, a Day in the Future.</source>
+        <translation>विवरण %1 का है, जो भविष्य की तारीख़ है।</translation>
+    </message>
+    <message>
+        <source>The Statement names no Account. Select the Demat A/c No.</source>
+        <translation>विवरण में खाता नहीं लिखा है। डीमैट खाता संख्या चुनें।</translation>
+    </message>
+    <message>
+        <source>The Client has no Demat A/c.</source>
+        <translation>ग्राहक का कोई डीमैट खाता नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Account %1 is of Another Client: %2.</source>
+        <translation>खाता %1 दूसरे ग्राहक का है: %2।</translation>
+    </message>
+    <message>
+        <source>No Account of the Statement is a Demat A/c of the Client: %1.</source>
+        <translation>विवरण का कोई खाता ग्राहक का डीमैट खाता नहीं है: %1।</translation>
+    </message>
+    <message>
+        <source>Agrees</source>
+        <translation>मिलता है</translation>
+    </message>
+    <message>
+        <source>Differs</source>
+        <translation>भिन्न है</translation>
+    </message>
+    <message>
+        <source>Missing in the Books</source>
+        <translation>बहियों में नहीं</translation>
+    </message>
+    <message>
+        <source>Missing in the Statement</source>
+        <translation>विवरण में नहीं</translation>
+    </message>
+    <message>
+        <source>ISIN of no Script</source>
+        <translation>ISIN की स्क्रिप्ट नहीं</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is recorded and not applied</source>
+        <translation>%2 का %1 दर्ज है, लागू नहीं किया गया</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is applied; its shares come later</source>
+        <translation>%2 का %1 लागू है; उसके शेयर बाद में आते हैं</translation>
+    </message>
+    <message>
+        <source>Suggests: %1</source>
+        <translation>संकेत: %1</translation>
+    </message>
+    <message>
+        <source>Suggests: %1 or %2</source>
+        <translation>संकेत: %1 या %2</translation>
+    </message>
+    <message>
+        <source>Bill %1 of %2 was not settled on that day</source>
+        <translation>%2 का बिल %1 उस दिन तक निपटा नहीं था</translation>
+    </message>
+    <message>
+        <source>A transfer of %1 is near that day</source>
+        <translation>%1 का अंतरण उस दिन के निकट है</translation>
+    </message>
+    <message>
+        <source>The other way round in account %1: a transfer?</source>
+        <translation>खाता %1 में उल्टा अंतर: क्या अंतरण है?</translation>
+    </message>
+    <message>
+        <source>The File has no Headings of a Statement of Holdings: a Column of ISINs and One of Balances.</source>
+        <translation>फ़ाइल में होल्डिंग विवरण के शीर्षक नहीं हैं: ISIN का और शेष का स्तंभ।</translation>
     </message>
 </context>
 <context>
@@ -3290,6 +3509,14 @@ Save this one, too?</source>
         <source>Dividend</source>
         <translation>लाभांश</translation>
     </message>
+    <message>
+        <source>From State&amp;ment ...</source>
+        <translation>विवरण से (&amp;M) ...</translation>
+    </message>
+    <message>
+        <source>Compares holdings with a depository&apos;s statement, which suggests actions that are missing</source>
+        <translation>होल्डिंग का डिपॉज़िटरी के विवरण से मिलान करता है, जिससे छूटी हुई कार्रवाइयों का संकेत मिलता है</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::corporate_actions::ImpCorpAction</name>
@@ -4264,6 +4491,213 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::notes::ImpNotes</name>
+    <message>
+        <source>Contract Notes</source>
+        <translation>अनुबंध नोट</translation>
+    </message>
+    <message>
+        <source>Contract notes in the files</source>
+        <translation>फ़ाइलों के अनुबंध नोट</translation>
+    </message>
+    <message>
+        <source>Note No.</source>
+        <translation>नोट संख्या</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Broker</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Net Amount</source>
+        <translation>शुद्ध राशि</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>फ़ाइल</translation>
+    </message>
+    <message>
+        <source>Lines of the chosen note</source>
+        <translation>चुने हुए नोट की पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>S/P</source>
+        <translation>S/P</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>STT</source>
+        <translation>एसटीटी</translation>
+    </message>
+    <message>
+        <source>Delivery</source>
+        <translation>डिलीवरी</translation>
+    </message>
+    <message>
+        <source>C&amp;lient</source>
+        <translation>ग्राहक (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c No.</source>
+        <translation>डीमैट खाता संख्या (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker</source>
+        <translation>ब्रोकर (&amp;B)</translation>
+    </message>
+    <message>
+        <source>Only for notes that do not have the broker&apos;s name as it is entered</source>
+        <translation>केवल उन नोटों के लिए जिन पर ब्रोकर का नाम दर्ज नाम जैसा नहीं है</translation>
+    </message>
+    <message>
+        <source>&amp;Exchange</source>
+        <translation>एक्सचेंज (&amp;E)</translation>
+    </message>
+    <message>
+        <source>For notes that name none; NSE without a choice</source>
+        <translation>जिन नोटों पर एक्सचेंज नहीं लिखा है उनके लिए; न चुनने पर NSE</translation>
+    </message>
+    <message>
+        <source>Pass&amp;word</source>
+        <translation>पासवर्ड (&amp;W)</translation>
+    </message>
+    <message>
+        <source>the client&apos;s PAN is tried by itself</source>
+        <translation>ग्राहक का पैन अपने आप आज़माया जाता है</translation>
+    </message>
+    <message>
+        <source>Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>&amp;Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Assign</source>
+        <translation>सौंपें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>The script is known by this ISIN from now on</source>
+        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
+    </message>
+    <message>
+        <source>&amp;New Script ...</source>
+        <translation>नई स्क्रिप्ट (&amp;N) ...</translation>
+    </message>
+    <message>
+        <source>Opens the scripts, to enter the one with this ISIN</source>
+        <translation>इस ISIN वाली स्क्रिप्ट दर्ज करने के लिए स्क्रिप्ट खोलता है</translation>
+    </message>
+    <message>
+        <source>Add a &amp;File ...</source>
+        <translation>फ़ाइल जोड़ें (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>&amp;Take Ticked In</source>
+        <translation>चिह्नित लें (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear the List</source>
+        <translation>सूची ख़ाली करें (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Select Client.</source>
+        <translation>ग्राहक चुनें।</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c No.</source>
+        <translation>डीमैट खाता सं. चुनें।</translation>
+    </message>
+    <message>
+        <source>Contract Notes (*.pdf);;All Files (*)</source>
+        <translation>अनुबंध नोट (*.pdf);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>ख़</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <translation>बि</translation>
+    </message>
+    <message>
+        <source>Non Delivery Based</source>
+        <translation>बिना डिलीवरी</translation>
+    </message>
+    <message>
+        <source>Delivery Based</source>
+        <translation>डिलीवरी आधारित</translation>
+    </message>
+    <message>
+        <source>Choose contract notes in PDF, as brokers send them by e-mail.</source>
+        <translation>PDF में अनुबंध नोट चुनें, जैसे ब्रोकर ई-मेल से भेजते हैं।</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>पढ़ा नहीं गया</translation>
+    </message>
+    <message>
+        <source>Obligation %1, exchange charges %2, tax %3, STT %4, SEBI fee, stamp duty and others %5; net amount %6.</source>
+        <translation>देयता %1, एक्सचेंज शुल्क %2, कर %3, एसटीटी %4, सेबी शुल्क, स्टांप शुल्क और अन्य %5; शुद्ध राशि %6।</translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>Replace the Recorded Bills %1 by these Notes?</source>
+        <translation>दर्ज बिल %1 को इन नोटों से बदलें?</translation>
+    </message>
+    <message>
+        <source>Tick a Note.</source>
+        <translation>कोई नोट चिह्नित करें।</translation>
+    </message>
+    <message>
+        <source>%1 Bills are Recorded.</source>
+        <translation>%1 बिल दर्ज किए गए।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::opening_stock::FrmStkOpBalance</name>
     <message>
         <source>Stock Opening Balance</source>
@@ -4589,6 +5023,201 @@ Save this one, too?</source>
     <message>
         <source>the server answered with the status %1</source>
         <translation>सर्वर ने स्थिति %1 के साथ उत्तर दिया</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::reconcile::FrmReconcile</name>
+    <message>
+        <source>Compare with Statement</source>
+        <translation>विवरण से मिलान</translation>
+    </message>
+    <message>
+        <source>Select Client.</source>
+        <translation>ग्राहक चुनें।</translation>
+    </message>
+    <message>
+        <source>Statements (*.pdf *.csv *.xlsx *.xls *.ods);;All Files (*)</source>
+        <translation>विवरण (*.pdf *.csv *.xlsx *.xls *.ods);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>%1, as on %2: %3 of %4 holdings do not agree.</source>
+        <translation>%1, %2 को: %4 में से %3 होल्डिंग नहीं मिलतीं।</translation>
+    </message>
+    <message>
+        <source>%1 is not compared.</source>
+        <translation>%1 का मिलान नहीं हुआ।</translation>
+    </message>
+    <message>
+        <source>Opening Stock without Cost</source>
+        <translation>बिना लागत का आरंभिक स्टॉक</translation>
+    </message>
+    <message>
+        <source>Opening Stock without Cost (%1)</source>
+        <translation>बिना लागत का आरंभिक स्टॉक (%1)</translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>Take the Quantities of the Statement In as Opening Stock of %1?</source>
+        <translation>विवरण की मात्राएँ %1 के आरंभिक स्टॉक के रूप में लें?</translation>
+    </message>
+    <message>
+        <source>%1 Opening Lots are Taken In. Enter the Cost and the Day of Purchase of Each.</source>
+        <translation>%1 आरंभिक लॉट लिए गए। प्रत्येक की लागत और ख़रीद की तारीख़ दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Choose a Statement First.</source>
+        <translation>पहले कोई विवरण चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose a statement of holdings of the depository or of its participant: PDF, comma separated text or workbook.</source>
+        <translation>डिपॉज़िटरी या उसके प्रतिभागी का होल्डिंग विवरण चुनें: PDF, CSV या वर्कबुक।</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>मिलान</translation>
+    </message>
+    <message>
+        <source>Opening stock that has no cost yet</source>
+        <translation>आरंभिक स्टॉक जिसकी लागत अभी नहीं है</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>वर्ष</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Enter &amp;Cost and Day</source>
+        <translation>लागत और तारीख़ दर्ज करें (&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;lient</source>
+        <translation>ग्राहक (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c No.</source>
+        <translation>डीमैट खाता संख्या (&amp;D)</translation>
+    </message>
+    <message>
+        <source>Only for a statement that names no account</source>
+        <translation>केवल उस विवरण के लिए जिसमें खाता नहीं लिखा है</translation>
+    </message>
+    <message>
+        <source>As O&amp;n</source>
+        <translation>तारीख़ को (&amp;N)</translation>
+    </message>
+    <message>
+        <source>Only for a statement that names no day, or to compare with another one</source>
+        <translation>केवल उस विवरण के लिए जिसमें तारीख़ नहीं है, या दूसरी तारीख़ से मिलान के लिए</translation>
+    </message>
+    <message>
+        <source>Pass&amp;word</source>
+        <translation>पासवर्ड (&amp;W)</translation>
+    </message>
+    <message>
+        <source>the client&apos;s PAN is tried by itself</source>
+        <translation>ग्राहक का पैन अपने आप आज़माया जाता है</translation>
+    </message>
+    <message>
+        <source>Only D&amp;ifferences</source>
+        <translation>केवल अंतर (&amp;I)</translation>
+    </message>
+    <message>
+        <source>Holdings in the books and in the statement</source>
+        <translation>बहियों और विवरण में होल्डिंग</translation>
+    </message>
+    <message>
+        <source>In the Books</source>
+        <translation>बहियों में</translation>
+    </message>
+    <message>
+        <source>In the Statement</source>
+        <translation>विवरण में</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>अंतर</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>परिणाम</translation>
+    </message>
+    <message>
+        <source>Likely Cause</source>
+        <translation>संभावित कारण</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>Open the Ca&amp;use</source>
+        <translation>कारण खोलें (&amp;U)</translation>
+    </message>
+    <message>
+        <source>The bill, the transfer, or the corporate action, ready to be entered</source>
+        <translation>बिल, अंतरण, या दर्ज करने के लिए तैयार कॉर्पोरेट कार्रवाई</translation>
+    </message>
+    <message>
+        <source>Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>&amp;Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Assign</source>
+        <translation>सौंपें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>The script is known by this ISIN from now on</source>
+        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
+    </message>
+    <message>
+        <source>From &amp;File ...</source>
+        <translation>फ़ाइल से (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>Reads a statement</source>
+        <translation>विवरण पढ़ता है</translation>
+    </message>
+    <message>
+        <source>Co&amp;mpare Again</source>
+        <translation>फिर मिलान करें (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Reads the same statement and the books once more</source>
+        <translation>वही विवरण और बहियाँ फिर पढ़ता है</translation>
+    </message>
+    <message>
+        <source>Take In as Openin&amp;g Stock</source>
+        <translation>आरंभिक स्टॉक के रूप में लें (&amp;G)</translation>
+    </message>
+    <message>
+        <source>For a new client: quantities from the statement, cost and day to be filled in later</source>
+        <translation>नए ग्राहक के लिए: मात्राएँ विवरण से, लागत और तारीख़ बाद में</translation>
+    </message>
+    <message>
+        <source>Out&amp;put</source>
+        <translation>आउटपुट (&amp;P)</translation>
+    </message>
+    <message>
+        <source>Pages, Word, Excel, PDF and CSV</source>
+        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
     </message>
 </context>
 <context>

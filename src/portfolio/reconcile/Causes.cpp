@@ -7,7 +7,6 @@
 #include "core/records/Query.h"
 
 #include <algorithm>
-#include <ranges>
 #include <set>
 
 namespace quorvane::reconcile {
@@ -149,7 +148,8 @@ Cause Causes::MovementOf(const ReconciledRow& row) const {
       return cause;
     };
     Shares sum;
-    for (const Movement* movement : own | std::views::reverse) {
+    const std::vector<const Movement*> latest(own.rbegin(), own.rend());
+    for (const Movement* movement : latest) {
       if (movement->date <= day_ && (sum += Signed(*movement)) == missing) {
         return found(*movement);
       }

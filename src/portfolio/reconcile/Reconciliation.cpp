@@ -25,7 +25,7 @@ MaybeRefusal CheckContents(const Statement& statement) {
     return Refusal{Tr("Reconcile", "The File is a %1, no Statement of Holdings.")
                        .arg(Utf8(statement.no_holdings))};
   }
-  if (statement.holdings.empty() && statement.accounts.empty()) {
+  if (statement.holdings.empty()) {
     return Refusal{Tr("Reconcile", "The File has no Holdings that can be Read.")};
   }
   return std::nullopt;

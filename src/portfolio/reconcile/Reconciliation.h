@@ -78,8 +78,8 @@ struct Reconciliation {
 /// What a statement is compared for.
 struct ReconcileQuery {
   ClientId client;
-  std::optional<text::Date> day;  ///< in place of the day that the statement names
-  AccountId account = {};         ///< of rows without an account number; may be none
+  std::optional<text::Date> day = {};  ///< in place of the day that the statement names
+  AccountId account = {};              ///< of rows without an account number; may be none
   text::Date today{};
 };
 

@@ -373,6 +373,7 @@ void ImpNotes::CmdTake_Click() {
   const std::vector<int> ticked = VSF->Model().TickedIds();
   Plan();
   std::vector<PlannedNote> chosen;
+  chosen.reserve(ticked.size());
   for (const int id : ticked) {
     chosen.push_back(notes_[static_cast<std::size_t>(id) - 1]);
   }

@@ -47,6 +47,8 @@ const std::map<QString, QStringList> kPressed{
     {QStringLiteral("ImpCorpAction"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("FrmFairValue"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("ImpTrades"), {QStringLiteral("CmdFile")}},
+    {QStringLiteral("FrmReconcile"), {QStringLiteral("CmdFile")}},
+    {QStringLiteral("ImpNotes"), {QStringLiteral("CmdFile")}},
     {QStringLiteral("FrmClientMaster"),
      {QStringLiteral("cmdModify"), QStringLiteral("CmdSource"), QStringLiteral("cmdUpdate")}},
 };
@@ -106,8 +108,12 @@ void Fill(controls::ChildWindow& window) {
     ChangeSale(window);
     return;
   }
-  if (auto* date = window.findChild<controls::DateBox*>(QStringLiteral("TxtDate"))) {
+  auto* date = window.findChild<controls::DateBox*>(QStringLiteral("TxtDate"));
+  if (date != nullptr && name != QLatin1String("FrmReconcile")) {
     date->setText(QStringLiteral("31/03/2012"));
+  }
+  if (name == QLatin1String("ImpNotes")) {
+    Named<QComboBox>(window, QStringLiteral("Combo2")).setCurrentIndex(0);
   }
   ChooseRows(window);
   if (name == QLatin1String("ImpTrades")) {

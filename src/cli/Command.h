@@ -53,6 +53,7 @@ void AddHoldingsCommands(CLI::App& app, Context& context);
 void AddLayerCommands(CLI::App& app, Context& context);
 void AddActionCommands(CLI::App& app, Context& context);
 void AddTradeCommands(CLI::App& app, Context& context);
+void AddPaperCommands(CLI::App& app, Context& context);
 void AddReportCommands(CLI::App& app, Context& context);
 void AddLedgerCommands(CLI::App& app, Context& context);
 void AddRatesCommands(CLI::App& app, Context& context);

@@ -1,6 +1,7 @@
 #include "admin/repair/TableCheck.h"
 #include "cli/Command.h"
 #include "core/changes/Chain.h"
+#include "portfolio/reconcile/OpeningMarks.h"
 
 #include <fmt/format.h>
 
@@ -72,6 +73,10 @@ void Check(Context& context) {
   }
   for (const QString& action : check.outdated_actions) {
     report += fmt::format("note: {}\n", action.toStdString());
+  }
+  for (const QString& mark :
+       check.faults.empty() ? reconcile::OpenMarkTexts(context.Connection()) : QStringList()) {
+    report += fmt::format("note: {}\n", mark.toStdString());
   }
   if (check.faults.empty()) {
     report += fmt::format("the log of changes ends at {}\n",

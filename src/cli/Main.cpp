@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
   app.add_flag("--quiet", context.quiet, "No progress bar and no notices");
   for (const Registrar add :
        {AddPortfolioCommands, AddHoldingsCommands, AddLayerCommands, AddActionCommands,
-        AddTradeCommands, AddReportCommands, AddLedgerCommands, AddRatesCommands,
+        AddTradeCommands, AddPaperCommands, AddReportCommands, AddLedgerCommands, AddRatesCommands,
         AddFairValueCommands, AddDatabaseCommands, AddLogCommands, AddBackupCommands,
         AddDemoCommand}) {
     add(app, context);

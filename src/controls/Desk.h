@@ -3,6 +3,7 @@
 #include "controls/Messages.h"
 #include "core/ClientYear.h"
 #include "core/app/Session.h"
+#include "core/records/Action.h"
 #include "core/text/Dates.h"
 
 #include <QString>
@@ -61,6 +62,10 @@ struct Desk {
 
   /// Opens a finished file with the desktop's own program; false when there is none for it.
   std::function<bool(const QString& path)> open_file = [](const QString&) { return true; };
+
+  /// A corporate action for the window "FrmCorpAction", which takes it when it opens or is asked
+  /// for again: a recorded one is shown, one without a key is begun as a new one.
+  std::optional<records::Action> proposed_action = std::nullopt;
 };
 
 /// Opens a file with the program that the desktop has for its kind; false when there is none.

@@ -55,18 +55,24 @@ DocumentReading::~DocumentReading() {
   Stop();
 }
 
-QStringList DocumentReading::Arguments(const QString& path, int page, int dots) const {
-  QStringList arguments{QStringLiteral("--page=%1").arg(page),
-                        QStringLiteral("--dots=%1").arg(dots),
-                        QStringLiteral("--seconds=%1").arg(limits_.process.cpu.count()),
+QStringList DocumentReading::Limits() const {
+  QStringList arguments{QStringLiteral("--seconds=%1").arg(limits_.process.cpu.count()),
                         QStringLiteral("--megabytes=%1").arg(limits_.process.bytes / kMegabyte)};
   if (const QString language = LanguageFile(); !language.isEmpty()) {
     arguments += QStringLiteral("--language=") + language;
   }
-  return arguments + QStringList{QStringLiteral("--"), QFileInfo(path).absoluteFilePath()};
+  return arguments;
 }
 
 void DocumentReading::Start(const QString& path, int page, int dots) {
+  Run({QStringLiteral("--page=%1").arg(page), QStringLiteral("--dots=%1").arg(dots)}, path, {});
+}
+
+void DocumentReading::StartText(const QString& path, const QString& password) {
+  Run({QStringLiteral("--text")}, path, password.toUtf8() + '\n');
+}
+
+void DocumentReading::Run(const QStringList& what, const QString& path, const QByteArray& input) {
   Stop();
   const QString reader = limits_.find_reader();
   if (reader.isEmpty()) {
@@ -78,7 +84,9 @@ void DocumentReading::Start(const QString& path, int page, int dots) {
   // Not a child of this object: a process that is to end is never waited for.
   process_ = new QProcess(QCoreApplication::instance());
   process_->setWorkingDirectory(QDir::tempPath());
-  process_->setStandardInputFile(QProcess::nullDevice());
+  if (input.isEmpty()) {
+    process_->setStandardInputFile(QProcess::nullDevice());
+  }
   process_->setStandardErrorFile(QProcess::nullDevice());
   connect(process_, &QProcess::readyReadStandardOutput, this, &DocumentReading::Take);
   connect(process_, &QProcess::finished, this, [this](int status, QProcess::ExitStatus how) {
@@ -90,7 +98,13 @@ void DocumentReading::Start(const QString& path, int page, int dots) {
     }
   });
   clock_.start(limits_.longest);
-  process_->start(reader, Arguments(path, page, dots), QIODevice::ReadOnly);
+  const QStringList arguments =
+      what + Limits() + QStringList{QStringLiteral("--"), QFileInfo(path).absoluteFilePath()};
+  process_->start(reader, arguments, input.isEmpty() ? QIODevice::ReadOnly : QIODevice::ReadWrite);
+  if (!input.isEmpty() && process_ != nullptr) {
+    process_->write(input);
+    process_->closeWriteChannel();
+  }
 }
 
 void DocumentReading::Stop() {
@@ -120,6 +134,9 @@ void DocumentReading::End(int status, bool crashed) {
     Fail(Tr("Clients", "The Document is Broken, or Showing it Needs too Much Memory."));
   } else if (status == kReaderUsedUp) {
     Fail(TooLong());
+  } else if (status == kReaderLocked) {
+    Stop();
+    Q_EMIT Locked();
   } else if (status != kReaderDone) {
     Fail(RefusalIn(answer));
   } else {

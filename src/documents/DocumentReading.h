@@ -18,7 +18,8 @@ namespace quorvane::documents {
 enum ReaderStatus {
   kReaderDone = 0,     ///< the page is on its standard output
   kReaderRefused = 1,  ///< a line for the user is on it
-  kReaderUsedUp = 3    ///< its CPU time is used up
+  kReaderUsedUp = 3,   ///< its CPU time is used up
+  kReaderLocked = 4    ///< no text without another password
 };
 
 /// Where the program "quorvane-reader" is: in the folder of the running program, in the folder
@@ -46,18 +47,26 @@ class DocumentReading : public QObject {
   /// reading is cancelled. Finished or Failed follows, once, possibly before this returns.
   void Start(const QString& path, int page, int dots);
 
+  /// Starts to read the text of all pages of a PDF document, as Start does. The password reaches
+  /// the reader by a pipe. Finished, Failed or Locked follows, once.
+  void StartText(const QString& path, const QString& password);
+
   /// Cancels the reading: neither signal follows any more.
   void Stop();
 
  Q_SIGNALS:
-  /// What the reader wrote, for PageOf.
+  /// What the reader wrote, for PageOf or TextOf.
   void Finished(const QByteArray& answer);
 
   /// A text for the user.
   void Failed(const QString& text);
 
+  /// The text of the document needs another password.
+  void Locked();
+
  private:
-  QStringList Arguments(const QString& path, int page, int dots) const;
+  QStringList Limits() const;
+  void Run(const QStringList& what, const QString& path, const QByteArray& input);
   void Take();
   void End(int status, bool crashed);
   void Fail(const QString& text);

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "core/Progress.h"
+#include "core/Result.h"
 #include "core/database/Connection.h"
+#include "core/database/Transaction.h"
 #include "portfolio/ImportErrors.h"
 
 #include <QString>
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,5 +59,18 @@ ImportResult ImportPortfolio(database::Connection& connection, const QString& fo
 /// checked they are never written.
 void TakeIn(database::Transaction& transaction, const Portfolio& portfolio, Movements movements,
             ErrorList& errors, ImportResult& result, Progress& progress);
+
+/// What else belongs to the transaction of an import, before its records are read and after they
+/// are written. It may refuse, and nothing is written then.
+struct ImportWork {
+  std::function<MaybeRefusal(database::Transaction&)> before = {};
+  std::function<MaybeRefusal(database::Transaction&)> after = {};
+};
+
+/// Takes files of a portfolio folder that are in memory in, by the same rules. Refused by `work`
+/// alone. Throws DatabaseError and Cancellation.
+Result<ImportResult> ImportFiles(database::Connection& connection,
+                                 const std::map<FileKind, std::string>& contents, bool dry_run,
+                                 const ImportWork& work, Progress& progress);
 
 }  // namespace quorvane::portfolio

@@ -276,4 +276,8 @@ inline constexpr std::string_view kPercentKinds[] = {
 /// then not to be used. Throws std::runtime_error when the folder or a file cannot be read.
 Portfolio ReadPortfolio(const QString& folder, ErrorList& errors);
 
+/// The same for files in memory, such as the bills that are made of contract notes: what comes from
+/// elsewhere meets the same rules.
+Portfolio ReadPortfolioFiles(const std::map<FileKind, std::string>& contents, ErrorList& errors);
+
 }  // namespace quorvane::portfolio

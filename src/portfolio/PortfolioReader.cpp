@@ -15,26 +15,32 @@ namespace {
 /// Reads the files; the rows of the documents that are no bills itself.
 class Reader {
  public:
-  Reader(const QString& folder, Portfolio& portfolio, ErrorList& errors)
-      : folder_(folder), portfolio_(portfolio), errors_(errors) {}
+  Reader(Portfolio& portfolio, ErrorList& errors) : portfolio_(portfolio), errors_(errors) {}
 
-  void Read() {
-    if (!folder_.exists()) {
-      throw std::runtime_error("there is no folder " + folder_.path().toStdString());
+  void ReadFolder(const QDir& folder) {
+    if (!folder.exists()) {
+      throw std::runtime_error("there is no folder " + folder.path().toStdString());
     }
     for (const FileLayout& layout : Layouts()) {
-      ReadFile(layout);
+      ReadFile(folder, layout);
     }
     if (portfolio_.tables.empty()) {
-      errors_.Add(folder_.path().toStdString(), 0, "",
+      errors_.Add(folder.path().toStdString(), 0, "",
                   "expected at least one file of a portfolio, such as bills.csv");
     }
     bills_.Group();
   }
 
+  void ReadFiles(const std::map<FileKind, std::string>& contents) {
+    for (const auto& [kind, content] : contents) {
+      ReadContent(LayoutOf(kind), content);
+    }
+    bills_.Group();
+  }
+
  private:
-  void ReadFile(const FileLayout& layout) {
-    QFile file(folder_.filePath(
+  void ReadFile(const QDir& folder, const FileLayout& layout) {
+    QFile file(folder.filePath(
         QString::fromUtf8(layout.name.data(), static_cast<qsizetype>(layout.name.size()))));
     if (!file.exists()) {
       return;
@@ -46,6 +52,10 @@ class Reader {
     std::string content(static_cast<std::size_t>(file.size()), '\0');
     const qint64 got = file.read(content.data(), file.size());
     content.resize(static_cast<std::size_t>(std::max<qint64>(got, 0)));
+    ReadContent(layout, std::move(content));
+  }
+
+  void ReadContent(const FileLayout& layout, std::string content) {
     CsvTable& table = *portfolio_.tables.emplace_back(
         std::make_unique<CsvTable>(layout, std::move(content), errors_));
     fields_.Begin(table, layout.kind);
@@ -205,7 +215,6 @@ class Reader {
     }
   }
 
-  QDir folder_;
   Portfolio& portfolio_;
   ErrorList& errors_;
   RowFields fields_{portfolio_};
@@ -219,7 +228,13 @@ class Reader {
 
 Portfolio ReadPortfolio(const QString& folder, ErrorList& errors) {
   Portfolio portfolio;
-  Reader(folder, portfolio, errors).Read();
+  Reader(portfolio, errors).ReadFolder(QDir(folder));
+  return portfolio;
+}
+
+Portfolio ReadPortfolioFiles(const std::map<FileKind, std::string>& contents, ErrorList& errors) {
+  Portfolio portfolio;
+  Reader(portfolio, errors).ReadFiles(contents);
   return portfolio;
 }
 

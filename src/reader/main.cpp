@@ -25,19 +25,25 @@ struct Order {
   QString path;
   int page = 0;
   int dots = 0;
+  bool text = false;
   platform::ProcessLimits limits;
   QString language_file;
 };
 
 Order OrderOf(const QGuiApplication& application) {
   QCommandLineParser parser;
-  parser.setApplicationDescription(QStringLiteral(
-      "Reads a page of a document for Quorvane and writes its picture to standard output."));
+  parser.setApplicationDescription(
+      QStringLiteral("Reads a page of a document for Quorvane and writes its picture, or the text "
+                     "of all pages, to "
+                     "standard output."));
   parser.addHelpOption();
   parser.addVersionOption();
   parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The document"));
   parser.addOptions({{QStringLiteral("page"), QStringLiteral("Counted from 0"), "N", "0"},
                      {QStringLiteral("dots"), QStringLiteral("To the inch"), "N", "192"},
+                     {QStringLiteral("text"),
+                      QStringLiteral("The text of a PDF document, whose password is the first line "
+                                     "of standard input")},
                      {QStringLiteral("seconds"), QStringLiteral("Of CPU time at most"), "N", "10"},
                      {QStringLiteral("megabytes"), QStringLiteral("At most"), "N", "1536"},
                      {QStringLiteral("language"), QStringLiteral("Texts of a language"), "FILE"}});
@@ -48,6 +54,7 @@ Order OrderOf(const QGuiApplication& application) {
   return {.path = parser.positionalArguments().constFirst(),
           .page = std::max(0, parser.value(QStringLiteral("page")).toInt()),
           .dots = std::clamp(parser.value(QStringLiteral("dots")).toInt(), 1, 1200),
+          .text = parser.isSet(QStringLiteral("text")),
           .limits = {.cpu = std::chrono::seconds(parser.value(QStringLiteral("seconds")).toInt()),
                      .bytes = kMegabyte * parser.value(QStringLiteral("megabytes")).toInt()},
           .language_file = parser.value(QStringLiteral("language"))};
@@ -72,12 +79,37 @@ int Write(const QByteArray& line, QFile& out) {
   return documents::kReaderRefused;
 }
 
+/// The first line of standard input.
+QByteArray Password() {
+  constexpr qint64 kLongest = 256;
+  QFile in;
+  if (!in.open(stdin, QIODevice::ReadOnly)) {
+    return {};
+  }
+  QByteArray line = in.readLine(kLongest);
+  if (line.endsWith('\n')) {
+    line.chop(1);
+  }
+  return line;
+}
+
+int AnswerWithText(const Order& order, QFile& out) {
+  const auto text = reader::ReadPdfText(order.path, Password());
+  if (!text) {
+    return documents::kReaderLocked;
+  }
+  return documents::WriteText(*text, out) ? documents::kReaderDone : documents::kReaderRefused;
+}
+
 int Answer(const Order& order) {
   QFile out;
   if (!out.open(stdout, QIODevice::WriteOnly)) {
     return documents::kReaderRefused;
   }
   try {
+    if (order.text) {
+      return AnswerWithText(order, out);
+    }
     return documents::WritePage(Read(order), out) ? documents::kReaderDone
                                                   : documents::kReaderRefused;
   } catch (const std::bad_alloc&) {

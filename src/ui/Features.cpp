@@ -17,6 +17,8 @@
 #include "masters/lookup_masters/window/FrmLookup.h"
 #include "masters/participants/window/FrmDepPart.h"
 #include "masters/scrips/window/FrmScript.h"
+#include "portfolio/notes/window/ImpNotes.h"
+#include "portfolio/reconcile/window/FrmReconcile.h"
 #include "portfolio/trades/window/ImpTrades.h"
 #include "reports/Reports.h"
 #include "reports/broker_account/window/RptBrokerAccount.h"
@@ -28,8 +30,8 @@
 #include "reports/performance/window/RptReturns.h"
 #include "reports/profit/window/RptProfitStatement.h"
 #include "reports/scrip_page/window/RptScripPage.h"
-#include "reports/tax/window/RptTaxYear.h"
 #include "reports/search/window/FrmSearch.h"
+#include "reports/tax/window/RptTaxYear.h"
 #include "transactions/bills/window/FrmSalePurchase.h"
 #include "transactions/broker_money/window/FrmBrOpBal.h"
 #include "transactions/broker_money/window/FrmBrPayment.h"
@@ -152,6 +154,10 @@ constexpr Feature kFeatures[] = {
     {"mnuCorpAction", QT_TRANSLATE_NOOP("MainMenu", "&Corporate Actions"), kOpenWindow,
      "mnuPortfolio", "FrmCorpAction", "corporate-actions.md",
      Make<corporate_actions::FrmCorpAction>},
+    {"mnuReconcile", QT_TRANSLATE_NOOP("MainMenu", "Compare with S&tatement"), kOpenWindow,
+     "mnuPortfolio", "FrmReconcile", "statements.md", Make<reconcile::FrmReconcile>},
+    {"mnuNotes", QT_TRANSLATE_NOOP("MainMenu", "Contract &Notes"), kOpenWindow, "mnuPortfolio",
+     "ImpNotes", "contract-notes.md", Make<notes::ImpNotes>},
     {"mnuDividends", QT_TRANSLATE_NOOP("MainMenu", "&Dividends"), kClientSelection, "mnuPortfolio",
      "FrmDividend", "dividends.md", Make<dividends::FrmDividend>},
     ReportOf(reports::kDividendWindow, Make<dividends::RptDividends>),

@@ -126,13 +126,13 @@ constexpr std::array<IndexDefinition, 32> kIndexes{{
 }};
 
 constexpr auto kExtensionTables = std::to_array<ExtensionTable>({
-    {"ScripIsin", true},      {"CorpAction", true},  {"CorpActionLot", true},
-    {"Dividend", true},       {"FairValue", true},   {"TaxLoss", true},
-    {"RemovedAccount", true}, {"UserRight", true},   {"ImportProfile", true},
-    {"TradeKey", true},       {"RecordKey", true},   {"ChangeLog", true},
-    {"ChangeHead", true},     {"OpenRecord", false}, {"Writers", false},
-    {"CommitMark", false},    {"HomeClient", false}, {"HomeHolding", false},
-    {"HomeGain", false},
+    {"ScripIsin", true},     {"CorpAction", true},     {"CorpActionLot", true},
+    {"Dividend", true},      {"FairValue", true},      {"TaxLoss", true},
+    {"OpeningMark", true},   {"RemovedAccount", true}, {"UserRight", true},
+    {"ImportProfile", true}, {"TradeKey", true},       {"RecordKey", true},
+    {"ChangeLog", true},     {"ChangeHead", true},     {"OpenRecord", false},
+    {"Writers", false},      {"CommitMark", false},    {"HomeClient", false},
+    {"HomeHolding", false},  {"HomeGain", false},
 });
 
 constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
@@ -176,6 +176,11 @@ constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
      "Amount double Not Null Default 0, Primary Key(CId,Fyear,LossYear,Kind)) Engine=InnoDB "
      "Default Character Set utf8mb4 Collate "
      "utf8mb4_general_ci"},
+    {"OpeningMark", 1,
+     "Create Table if not Exists OpeningMark(CId int(11) Not Null, Fyear varchar(10) Not Null, "
+     "AcId "
+     "int(11) Not Null, ScrId int(11) Not Null, Primary Key(CId,Fyear,AcId,ScrId)) Engine=InnoDB "
+     "Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"RemovedAccount", 1,
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
      "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "
@@ -297,6 +302,9 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"FairValue", "ScrId", "Script"},
     {"TaxLoss", "CId", "ClientInfo"},
     {"TradeKey", "BillId", "SPMaster"},
+    {"OpeningMark", "CId", "ClientInfo"},
+    {"OpeningMark", "AcId", "ClientActDet"},
+    {"OpeningMark", "ScrId", "Script"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(

@@ -106,6 +106,7 @@ void DeleteRows(Transaction& transaction, ScripId id) {
       transaction, "Select Id From CorpAction Where ? In(ScrId,OtherScrId) For Update", id);
   records::DeleteNaming(transaction, &records::ActionLot::action, std::span(actions));
   records::DeleteNaming(transaction, &records::Action::id, std::span(actions));
+  transaction.Execute("Delete From OpeningMark Where ScrId=?", id);
 }
 
 /// All lots are locked before the first is read: a plain read fixes the instant that the later ones

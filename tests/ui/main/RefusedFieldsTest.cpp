@@ -138,6 +138,16 @@ class RefusedFieldsTest : public QObject {
                           {Field::kPercent, "Text1_3"},
                           {Field::kDate, "Text2_0"},
                           {Field::kRecordDate, "Text2_1"}});
+    Add("FrmReconcile", {{Field::kClients, "Combo1"},
+                         {Field::kAccount, "Combo2"},
+                         {Field::kDate, "TxtDate"},
+                         {Field::kPassword, "TxtPassword"}});
+    Add("ImpNotes", {{Field::kClients, "Combo1"},
+                     {Field::kAccount, "Combo2"},
+                     {Field::kBroker, "Combo3"},
+                     {Field::kPassword, "TxtPassword"},
+                     {Field::kRecord, "VSF"},
+                     {Field::kLines, "VSL"}});
     Add("FrmDividend", {{Field::kScrip, "Combo1"},
                         {Field::kAccount, "Combo2"},
                         {Field::kDate, "Text1_0"},

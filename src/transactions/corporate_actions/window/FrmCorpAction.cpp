@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvane::corporate_actions {
 namespace {
@@ -133,6 +134,10 @@ void FrmCorpAction::BuildButtons() {
       tr("Makes the holdings as they were before the action"), &FrmCorpAction::CmdTakeBack_Click);
   add(CmdFile, QStringLiteral("CmdFile"), tr("From &File ..."),
       tr("Reads the corporate actions of an exchange's list"), &FrmCorpAction::CmdFile_Click);
+  add(CmdStatement, QStringLiteral("CmdStatement"), tr("From State&ment ..."),
+      tr("Compares holdings with a depository's statement, which suggests actions that are "
+         "missing"),
+      &FrmCorpAction::CmdStatement_Click);
 }
 
 void FrmCorpAction::SetListColumns() {
@@ -187,20 +192,23 @@ void FrmCorpAction::Clear() {
 
 void FrmCorpAction::Load(int id) {
   const auto found = std::ranges::find(listed_, ActionId{id}, &Action::id);
-  if (found == listed_.end()) {
-    return;
+  if (found != listed_.end()) {
+    Fill(*found);
   }
-  Combo1->ById(static_cast<int>(found->kind));
-  Combo2->ById(found->scrip.value);
-  Combo3->ById(found->other.value);
-  Text2[kExDay]->setText(found->ex_day);
-  Text2[kRecordDay]->setText(found->record_day);
-  Text2[kAllotment]->setText(found->allotment_day);
-  Text1[New]->setText(NumberOrNothing(found->new_shares.Number()));
-  Text1[Old]->setText(NumberOrNothing(found->old_shares.Number()));
-  Text1[Price]->setText(NumberOrNothing(found->price));
-  Text1[Percent]->setText(NumberOrNothing(found->cost_percent));
-  TxtNote->setText(found->note);
+}
+
+void FrmCorpAction::Fill(const Action& action) {
+  Combo1->ById(static_cast<int>(action.kind));
+  Combo2->ById(action.scrip.value);
+  Combo3->ById(action.other.value);
+  Text2[kExDay]->setText(action.ex_day);
+  Text2[kRecordDay]->setText(action.record_day);
+  Text2[kAllotment]->setText(action.allotment_day);
+  Text1[New]->setText(NumberOrNothing(action.new_shares.Number()));
+  Text1[Old]->setText(NumberOrNothing(action.old_shares.Number()));
+  Text1[Price]->setText(NumberOrNothing(action.price));
+  Text1[Percent]->setText(NumberOrNothing(action.cost_percent));
+  TxtNote->setText(action.note);
 }
 
 void FrmCorpAction::BeginEditing() {
@@ -277,6 +285,7 @@ void FrmCorpAction::StateChanged() {
   CmdApply->setEnabled(browses && !action.applied);
   CmdTakeBack->setEnabled(browses && action.applied);
   CmdFile->setEnabled(!IsEditing());
+  CmdStatement->setEnabled(!IsEditing());
 }
 
 /// The action chosen in the list; without a key when there is none.
@@ -419,6 +428,35 @@ void FrmCorpAction::CmdTakeBack_Click() {
 
 void FrmCorpAction::CmdFile_Click() {
   TheDesk().open(QStringLiteral("ImpCorpAction"));
+}
+
+void FrmCorpAction::CmdStatement_Click() {
+  TheDesk().open(QStringLiteral("FrmReconcile"));
+}
+
+void FrmCorpAction::FirstShown() {
+  RecordWindow::FirstShown();
+  TakeProposed();
+}
+
+void FrmCorpAction::AskedAgain() {
+  TakeProposed();
+}
+
+/// What another window proposes waits while an action is being entered here.
+void FrmCorpAction::TakeProposed() {
+  if (IsEditing() || !TheDesk().proposed_action) {
+    return;
+  }
+  const Action action = *std::exchange(TheDesk().proposed_action, std::nullopt);
+  if (action.id) {
+    Refill();
+    List().SelectId(action.id.value);
+    return;
+  }
+  cmdAdd->click();
+  Fill(action);
+  EnableTerms();
 }
 
 }  // namespace quorvane::corporate_actions

@@ -23,8 +23,11 @@ class FrmCorpAction : public controls::RecordWindow {
  public:
   explicit FrmCorpAction(controls::Desk& desk);
 
+  void AskedAgain() override;
+
  protected:
   std::string_view RecordTable() const override { return "CorpAction"; }
+  void FirstShown() override;
   void FillList() override;
   void Clear() override;
   void Load(int id) override;
@@ -49,6 +52,8 @@ class FrmCorpAction : public controls::RecordWindow {
   void FillAccounts(const std::vector<actions::AccountEffect>& effects);
   void TellOfEffects(const Action& action, std::size_t accounts);
   bool MayRun(const QString& question);
+  void TakeProposed();
+  void Fill(const Action& action);
 
   void Combo1_Click();
   void VSA_AfterEdit(int row, int column);
@@ -56,6 +61,7 @@ class FrmCorpAction : public controls::RecordWindow {
   void CmdApply_Click();
   void CmdTakeBack_Click();
   void CmdFile_Click();
+  void CmdStatement_Click();
 
   ActionBook book_;
   std::vector<Action> listed_;
@@ -74,6 +80,7 @@ class FrmCorpAction : public controls::RecordWindow {
   controls::ZENButton* CmdApply = nullptr;
   controls::ZENButton* CmdTakeBack = nullptr;
   controls::ZENButton* CmdFile = nullptr;
+  controls::ZENButton* CmdStatement = nullptr;
 };
 
 }  // namespace quorvane::corporate_actions

@@ -1,0 +1,214 @@
+#!/usr/bin/env python3
+"""Statements of depositories and contract notes of brokers: what is read of their PDF documents,
+what is told, and what is recorded."""
+
+import unittest
+from pathlib import Path
+
+import pdf
+from base import write
+from ctl import REFUSED, Case, rows
+
+PORTFOLIO = {
+    "participants.csv": "name,depository,dp_id\nNIDHI,NSDL,IN399901\n",
+    "clients.csv": "code,name,dob,pan\nAN,ANAND KAMDHENU,01/02/1970,ABCPK1234L\n"
+                   "BI,BINA KAMDHENU,,ABCPK4321L\nNEW,NEELA KAMDHENU,,\n",
+    "accounts.csv": "client_code,participant,dp_id,account_no\nAN,NIDHI,IN399901,10000001\n"
+                    "BI,NIDHI,IN399901,20000002\nNEW,NIDHI,IN399901,30000003\n",
+    "brokers.csv": "name,city\nLOTUS SECURITIES,MUMBAI\n",
+    "scrips.csv": "code,name,type,class\n600001,ZINC ALLOYS LTD,EQUITY,A\n"
+                  "600002,ALUM CASTINGS LTD,EQUITY,A\n",
+    "isins.csv": "scrip_code,isin,from_date\n600001,INE999A01015,\n600002,INE999B01021,\n",
+    "bills.csv": "client_code,account_no,bill_no,bill_date,broker,exchange,side,scrip_code,"
+                 "quantity,rate\n"
+                 "AN,10000001,1,02/05/2025,LOTUS SECURITIES,NSE,P,600001,100,50\n"
+                 "AN,10000001,2,29/10/2025,LOTUS SECURITIES,NSE,P,600002,50,10\n",
+}
+
+
+def statement(account="10000001", day="31-Oct-2025", zinc="200", extra="") -> str:
+    return f"""
+NSDL Consolidated Account Statement for the period from 01-Oct-2025 to {day}
+DP ID: IN399901   Client ID: {account}
+Holdings as on {day}
+Equities (E)
+ISIN            Company Name          Face Value    No. of     Market Price    Value
+Stock Symbol                          in Rs         Shares     in Rs           in Rs
+INE999A01015    ZINC ALLOYS LIMITED   10.00         {zinc:<8}   1,375.20        0.00
+ZINC.NSE
+{extra}
+"""
+
+
+UNKNOWN = "INE999C01037    COPPER WIRES LTD      1.00          30         10.00           300.00"
+
+
+def note(number="LT/1", net="(4126.84)", zinc="10 462.0000 0.0500 462.0500 4620.50 10 4620.50",
+         pan="ABCPK1234L", title="", day="03-Nov-2025", obligation="(4120.55)",
+         sold="INE999B01021    ALUM CASTINGS  5 100.0000 0.0100 99.9900 499.95 -5 499.95") -> str:
+    return f"""
+LOTUS SECURITIES LIMITED
+{title} CONTRACT NOTE CUM TAX INVOICE
+Contract Note No. : {number}      Trade Date : {day}
+PAN of Client : {pan}
+ISIN            Security Name  BUY                                      SELL
+INE999A01015    ZINC ALLOYS LTD  {zinc}
+{sold}
+Pay in/Pay out obligation  {obligation}
+Taxable value of Supply (Brokerage)  (0.55)
+Exchange transaction charges  (0.16)
+CGST (0.06)
+SGST (0.06)
+Securities transaction tax  (5.00)
+SEBI turnover fees  (0.01)
+Stamp duty  (1.00)
+Net amount receivable/(payable by client)  {net}
+"""
+
+
+class Papers(Case):
+    def setUp(self):
+        self.desk = self.new_desk()
+        self.folder = self.new_folder()
+        self.desk.take_in(write(self.folder / "portfolio", PORTFOLIO))
+        self.paper = self.folder / "paper.pdf"
+
+    def reconciled(self, *options) -> list[tuple]:
+        told = self.desk.run("reconcile", self.paper, "--client", "AN", "--format", "csv",
+                             *options).stdout
+        return [(row["name"], row["recorded"], row["stated"], row["result"], row["cause"])
+                for row in rows(told)]
+
+    def refused(self, told: str, *command):
+        before = self.desk.export()
+        self.assertIn(told, self.desk.run(*command, status=REFUSED).stderr)
+        self.assert_same_files(before, self.desk.export())
+
+    def test_differences_are_told_with_their_causes(self):
+        pdf.write(self.paper, statement(extra=UNKNOWN))
+        self.assertEqual([
+            ("ALUM CASTINGS LTD", "50", "0", "missing-there",
+             "Bill 2 of 29/10/2025 was not settled on that day"),
+            ("COPPER WIRES LTD", "0", "30", "unknown-isin", ""),
+            ("ZINC ALLOYS LTD", "100", "200", "differs", "Suggests: Bonus 1:1 or Split 2:1"),
+        ], self.reconciled())
+        self.assertEqual(["unknown-isin", "missing-here"],
+                         [row[3] for row in self.reconciled("--as-on", "01/05/2025")])
+
+    def test_recorded_action_is_named(self):
+        self.desk.sql("Insert Into CorpAction(Id,Kind,ScrId,ExDay,NewShares,OldShares) Select "
+                      "1,1,Id,'01/08/2025',2,1 From Script Where Code='600001'")
+        pdf.write(self.paper, statement())
+        self.assertIn("Split 2:1 of 01/08/2025 is recorded and not applied",
+                      [row[4] for row in self.reconciled()])
+
+    def test_report_has_every_format(self):
+        pdf.write(self.paper, statement())
+        for form in ("pdf", "xlsx"):
+            out = self.folder / f"report.{form}"
+            self.desk.run("reconcile", self.paper, "--client", "AN", "--format", form, "--out", out)
+            self.assertGreater(out.stat().st_size, 1000)
+        self.assertIn("2 of 2 holdings do not agree.",
+                      self.desk.run("reconcile", self.paper, "--client", "AN").stdout)
+
+    def test_passwords(self):
+        for bits in (128, 256):
+            with self.subTest(bits=bits):
+                pdf.write(self.paper, statement(), "ABCPK1234L", bits)
+                self.assertEqual(2, len(self.reconciled()))
+        pdf.write(self.paper, statement(), "other")
+        self.refused("None of the Passwords Opens the Document",
+                     "reconcile", self.paper, "--client", "AN")
+        (self.folder / "password").write_text("wrong\nother\n")
+        self.assertEqual(2, len(self.reconciled("--password-file", self.folder / "password")))
+
+    def test_bad_papers_change_nothing(self):
+        whole = pdf.document(statement())
+        cases = {
+            "picture of paper": (pdf.document(""), "The Document has no Text"),
+            "cut in the middle": (whole[:len(whole) // 3], ""),
+            "no PDF": (b"%PDF-1.4 nothing", "The PDF Document is Broken."),
+            "another client's": (pdf.document(statement("20000002")),
+                                 "The Account IN39990120000002 is of Another Client: BINA"),
+            "nobody's": (pdf.document(statement("40000004")),
+                         "No Account of the Statement is a Demat A/c of the Client"),
+            "of the future": (pdf.document(statement(day="31-Oct-2999")), "a Day in the Future"),
+            "no holdings": (pdf.document("Dear investor"), "no Holdings that can be Read"),
+            "empty table": (b"a,b\n1,2\n", "no Headings of a Statement of Holdings"),
+        }
+        for name, (content, told) in cases.items():
+            with self.subTest(name):
+                self.paper.write_bytes(content)
+                self.refused(told, "reconcile", self.paper, "--client", "AN")
+        self.paper.write_bytes(whole)
+        self.refused("The Client has Records Already", "reconcile", self.paper, "--client", "AN",
+                     "--opening")
+
+    def test_opening_stock_of_a_new_client(self):
+        pdf.write(self.paper, statement("30000003", extra=UNKNOWN))
+        take = ("reconcile", self.paper, "--client", "NEW", "--opening")
+        self.refused("These Securities are of no Script with a Code", *take)
+        pdf.write(self.paper, statement("30000003", day="31-Mar-2025"))
+        self.desk.run(*take)
+        self.assertEqual([("2025-26", "200", "0", "31/03/2025")],
+                         [(row["fyear"], row["quantity"], row["rate"], row["purchase_date"])
+                          for row in rows(self.desk.export()["opening.csv"].decode())])
+        self.assertIn("opening stock 2025-26 of client NEW was taken from a statement; 1 scrips",
+                      self.desk.run("check").stdout)
+        self.refused("The Client has Records Already", *take)
+        self.desk.sql("Update StkOpBal Set Rate=5")
+        self.assertNotIn("was taken from a statement", self.desk.run("check", status=None).stdout)
+
+    def take(self, *options, status=0):
+        return self.desk.run("note", self.paper, "--client", "AN", "--account", "10000001",
+                             *options, status=status)
+
+    def test_note_becomes_a_bill_once(self):
+        pdf.write(self.paper, note(), "ABCPK1234L")
+        self.take("--dry-run")
+        self.assertNotIn(b"LT/1", self.desk.export()["bills.csv"])
+        self.take()
+        bills = [row for row in rows(self.desk.export()["bills.csv"].decode())
+                 if row["bill_no"] == "LT/1"]
+        self.assertEqual([("P", "600001", "10", "462", "0.05"), ("S", "600002", "5", "100", "0.01")],
+                         [(row["side"], row["scrip_code"], row["quantity"], row["rate"],
+                           row["brokerage"]) for row in bills])
+        self.assertEqual(["10"], [row["lot_rate"] for row in bills if row["side"] == "S"])
+        self.check_is_well(self.desk)
+        self.refused("The Note is Entered Already", "note", self.paper, "--client", "AN",
+                     "--account", "10000001")
+
+    def test_revised_note_replaces_the_bill(self):
+        pdf.write(self.paper, note())
+        self.take()
+        pdf.write(self.paper, note(title="REVISED", obligation="(4582.60)", net="(4588.89)",
+                                   zinc="11 462.0000 0.0500 462.0500 5082.55 11 5082.55"))
+        self.refused("Give --replace", "note", self.paper, "--client", "AN", "--account",
+                     "10000001")
+        self.take("--replace")
+        bought = [row["quantity"] for row in rows(self.desk.export()["bills.csv"].decode())
+                  if row["bill_no"] == "LT/1" and row["side"] == "P"]
+        self.assertEqual(["11"], bought)
+        self.check_is_well(self.desk)
+
+    def test_bad_notes_change_nothing(self):
+        cases = {
+            "does not add up": (note(net="(4226.84)"), "The Note does not Add Up"),
+            "another's PAN": (note(pan="ABCPK4321L"), "Another PAN than the Client"),
+            "no such scrip": (note(sold=note().split("\n")[7].replace("999B01021", "999C01037")),
+                              "There is no Script for INE999C01037"),
+            "of the future": (note(day="03-Nov-2999"), "a Day in the Future"),
+            "no number": (note(number=""), "The Note's Number cannot be Read"),
+            "more than is held": (note(
+                sold="INE999B01021    ALUM  60 100.0000 0.0100 99.9900 5999.40 -60 5999.40",
+                obligation="1378.90", net="1372.61"),
+                "You Can't Sale Scripts More than Balance"),
+        }
+        for name, (text, told) in cases.items():
+            with self.subTest(name):
+                pdf.write(self.paper, text)
+                self.refused(told, "note", self.paper, "--client", "AN", "--account", "10000001")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -78,6 +78,9 @@ void MeasureHome(Table& table, database::Connection& connection, const Portfolio
             fmt::format("{:.1f} s", refresh()));
   AddMs(table, fmt::format("home, figures of {} clients shown, N = {}", portfolio.clients, lines),
         MedianMs([&] { home::ReadFigures(connection, scope); }), kMostHomeMs);
+  table.Add(fmt::format("home, {} holdings read, N = {}",
+                        home::ReadHoldings(connection, scope).held.size(), lines),
+            fmt::format("{:.1f} ms", MedianMs([&] { home::ReadHoldings(connection, scope); })));
 }
 
 }  // namespace

@@ -12,7 +12,9 @@
 #include <QShortcut>
 #include <QSplitter>
 
+#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 namespace quorvane::reporting {
 namespace {
@@ -189,8 +191,18 @@ void ReportWindow::AddBesideReport(QWidget* widget, int share) {
 // The Tab key goes from the options over the ticks to the report and the buttons, although these
 // were made first.
 void ReportWindow::Start() {
-  for (QWidget* last : std::initializer_list<QWidget*>{VS, CmdReport, CmdOutput, CmdExit}) {
-    setTabOrder(previousInFocusChain(), last);
+  const std::vector<QWidget*> last{VS, CmdReport, CmdOutput, CmdExit};
+  std::vector<QWidget*> order;
+  for (QWidget* each = nextInFocusChain(); each != this; each = each->nextInFocusChain()) {
+    // Only what takes the Tab key itself can be put into an order.
+    const bool takes_tab = (each->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+    if (takes_tab && each->focusProxy() == nullptr && std::ranges::find(last, each) == last.end()) {
+      order.push_back(each);
+    }
+  }
+  order.insert(order.end(), last.begin(), last.end());
+  for (std::size_t at = 1; at < order.size(); ++at) {
+    setTabOrder(order[at - 1], order[at]);
   }
   if (period_ != nullptr) {
     period_->Boxes().front()->setFocus();

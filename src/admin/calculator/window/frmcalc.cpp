@@ -22,6 +22,7 @@ frmcalc::frmcalc(controls::Desk& desk)
     : ChildWindow(desk, QStringLiteral("frmcalc"), tr("Calculator"), {440, 300}) {
   // The window itself has the keyboard, so that no button swallows Enter or Space.
   setFocusPolicy(Qt::StrongFocus);
+  setAccessibleName(windowTitle());
   auto* columns = new QHBoxLayout(this);
   columns->setContentsMargins(controls::kMargin, controls::kMargin, controls::kMargin,
                               controls::kMargin);

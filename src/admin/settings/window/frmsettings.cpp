@@ -73,6 +73,7 @@ frmsettings::frmsettings(controls::Desk& desk, FolderDialog choose_folder)
   rows->setSpacing(controls::kSpacing);
   pages_ = new QTabWidget();
   pages_->setObjectName(QStringLiteral("Frame1"));
+  pages_->setAccessibleName(windowTitle());
   pages_->addTab(DisplayPage(), tr("&Display"));
   pages_->addTab(FoldersPage(), tr("&Folders"));
   pages_->addTab(DatabasePage(), tr("Data&base"));

@@ -570,6 +570,10 @@ Maximum Allowed Value is: %1</source>
         <source>Remark</source>
         <translation>टिप्पणी</translation>
     </message>
+    <message>
+        <source>Broker balances</source>
+        <translation>ब्रोकर शेष</translation>
+    </message>
 </context>
 <context>
     <name>Calculator</name>
@@ -580,6 +584,469 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>The Number is too Large</source>
         <translation>संख्या बहुत बड़ी है</translation>
+    </message>
+</context>
+<context>
+    <name>Changes</name>
+    <message>
+        <source>Entry %1 of the log does not belong to it.</source>
+        <translation>लॉग की प्रविष्टि %1 उसकी नहीं है।</translation>
+    </message>
+    <message>
+        <source>Entry %1 of the log was edited: %2, %3 by %4.</source>
+        <translation>लॉग की प्रविष्टि %1 बदली गई: %2, %3, %4 द्वारा।</translation>
+    </message>
+    <message>
+        <source>The log does not end where it was ended, at entry %1.</source>
+        <translation>लॉग वहाँ समाप्त नहीं होता जहाँ उसे समाप्त किया गया था: प्रविष्टि %1।</translation>
+    </message>
+    <message>
+        <source>Entry %1 of the log was removed.</source>
+        <translation>लॉग की प्रविष्टि %1 हटाई गई।</translation>
+    </message>
+    <message>
+        <source>Entries %1 to %2 of the log were removed.</source>
+        <translation>लॉग की प्रविष्टियाँ %1 से %2 हटाई गईं।</translation>
+    </message>
+    <message>
+        <source>The log has no entry before that day.</source>
+        <translation>उस दिन से पहले लॉग में कोई प्रविष्टि नहीं है।</translation>
+    </message>
+    <message>
+        <source>The end of the log (table ChangeHead) was removed.</source>
+        <translation>लॉग का अंत (तालिका ChangeHead) हटाया गया।</translation>
+    </message>
+    <message>
+        <source>Entries up to %1</source>
+        <translation>%1 तक की प्रविष्टियाँ</translation>
+    </message>
+    <message>
+        <source>Open at %1 on %2 since %3</source>
+        <translation>%1 के पास %2 पर %3 से खुला है</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: Shares of %1 that it Concerns were Sold or Transferred Since.</source>
+        <translation>वापस नहीं लिया जा सकता: इससे जुड़े %1 के शेयर बाद में बेचे या स्थानांतरित किए गए।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: %1 records of &quot;%2&quot; name it.</source>
+        <translation>वापस नहीं लिया जा सकता: "%2" के %1 रिकॉर्ड इसका नाम लेते हैं।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: the %1 that it names was Deleted.</source>
+        <translation>वापस नहीं लिया जा सकता: जिस %1 का यह नाम लेता है वह हटाया गया।</translation>
+    </message>
+    <message>
+        <source>The last change was an import, which can&apos;t be Taken Back as a whole: %1. Restore the BackUp made before it, or Delete what it brought.</source>
+        <translation>पिछला बदलाव एक आयात था, जिसे पूरा वापस नहीं लिया जा सकता: %1। उससे पहले का बैकअप पुनर्स्थापित करें, या जो उसने लाया उसे हटाएँ।</translation>
+    </message>
+    <message>
+        <source>The last change was computed from other records and can&apos;t be Taken Back: %1. Correct those records and run it again.</source>
+        <translation>पिछला बदलाव अन्य रिकॉर्ड से गणना किया गया था और वापस नहीं लिया जा सकता: %1। वे रिकॉर्ड सुधारें और फिर चलाएँ।</translation>
+    </message>
+    <message>
+        <source>The last change can&apos;t be Taken Back: %1.</source>
+        <translation>पिछला बदलाव वापस नहीं लिया जा सकता: %1।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: %1 Changed it Again on %2.</source>
+        <translation>वापस नहीं लिया जा सकता: %1 ने इसे %2 को फिर बदला।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: the Records were Changed Since.</source>
+        <translation>वापस नहीं लिया जा सकता: रिकॉर्ड बाद में बदले गए।</translation>
+    </message>
+    <message>
+        <source>It was Taken Back Already.</source>
+        <translation>यह पहले ही वापस लिया जा चुका है।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: &quot;%1&quot; is used by another record now.</source>
+        <translation>वापस नहीं लिया जा सकता: "%1" अब दूसरे रिकॉर्ड में है।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: the Books were Changed Since. Apply the Corporate Action Anew.</source>
+        <translation>वापस नहीं लिया जा सकता: बहियाँ बाद में बदली गईं। कॉर्पोरेट कार्रवाई नए सिरे से लागू करें।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: Shares that it Concerns were Sold or Transferred Since.</source>
+        <translation>वापस नहीं लिया जा सकता: इससे जुड़े शेयर बाद में बेचे या स्थानांतरित किए गए।</translation>
+    </message>
+    <message>
+        <source>There is no Change of Yours to Take Back.</source>
+        <translation>आपका कोई बदलाव वापस लेने को नहीं है।</translation>
+    </message>
+    <message>
+        <source>Take this Change Back?</source>
+        <translation>यह बदलाव वापस लें?</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3 | %4</source>
+        <translation>%1, %2: %3 | %4</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>जोड़ा</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>बदला हुआ</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>हटाया</translation>
+    </message>
+    <message>
+        <source>Applied</source>
+        <translation>लागू</translation>
+    </message>
+    <message>
+        <source>Taken back</source>
+        <translation>वापस लिया</translation>
+    </message>
+    <message>
+        <source>Imported</source>
+        <translation>आयात किया</translation>
+    </message>
+    <message>
+        <source>Carried forward</source>
+        <translation>आगे ले जाया</translation>
+    </message>
+    <message>
+        <source>Rebuilt</source>
+        <translation>पुनर्गणना की</translation>
+    </message>
+    <message>
+        <source>Rates saved</source>
+        <translation>भाव सहेजे</translation>
+    </message>
+    <message>
+        <source>Password changed</source>
+        <translation>पासवर्ड बदला</translation>
+    </message>
+    <message>
+        <source>BackUp restored</source>
+        <translation>बैकअप पुनर्स्थापित</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>मरम्मत की</translation>
+    </message>
+    <message>
+        <source>Log cleared</source>
+        <translation>लॉग साफ़ किया</translation>
+    </message>
+    <message>
+        <source>Rights changed</source>
+        <translation>अधिकार बदले</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>उपयोगकर्ता</translation>
+    </message>
+    <message>
+        <source>User&apos;s Rights</source>
+        <translation>उपयोगकर्ता के अधिकार</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Demat A/c</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Removed Demat A/c</source>
+        <translation>हटाया गया डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Participant</source>
+        <translation>प्रतिभागी</translation>
+    </message>
+    <message>
+        <source>DP Id</source>
+        <translation>डीपी आईडी</translation>
+    </message>
+    <message>
+        <source>Broker</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>स्क्रिप</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>Script Type</source>
+        <translation>शेयर प्रकार</translation>
+    </message>
+    <message>
+        <source>Script Class</source>
+        <translation>शेयर श्रेणी</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>S.T.T. Percent</source>
+        <translation>एस.टी.टी. प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Percentage</source>
+        <translation>प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Corporate Action</source>
+        <translation>कॉरपोरेट एक्शन</translation>
+    </message>
+    <message>
+        <source>Shares of the Action</source>
+        <translation>कार्रवाई के शेयर</translation>
+    </message>
+    <message>
+        <source>Bill</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>Bill Line</source>
+        <translation>बिल पंक्ति</translation>
+    </message>
+    <message>
+        <source>Opening Stock</source>
+        <translation>प्रारंभिक स्टॉक</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>स्थानांतरण</translation>
+    </message>
+    <message>
+        <source>Broker&apos;s Opening Balance</source>
+        <translation>ब्रोकर का प्रारंभिक शेष</translation>
+    </message>
+    <message>
+        <source>Payment to Broker</source>
+        <translation>ब्रोकर को भुगतान</translation>
+    </message>
+    <message>
+        <source>Receipt from Broker</source>
+        <translation>ब्रोकर से प्राप्ति</translation>
+    </message>
+    <message>
+        <source>Dividend</source>
+        <translation>लाभांश</translation>
+    </message>
+    <message>
+        <source>Market Rate</source>
+        <translation>बाज़ार भाव</translation>
+    </message>
+    <message>
+        <source>Lot</source>
+        <translation>लॉट</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Group Code</source>
+        <translation>समूह कोड</translation>
+    </message>
+    <message>
+        <source>Second Code</source>
+        <translation>दूसरा कोड</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>STD Code</source>
+        <translation>एसटीडी कोड</translation>
+    </message>
+    <message>
+        <source>Date of Birth</source>
+        <translation>जन्म तिथि</translation>
+    </message>
+    <message>
+        <source>Marital Status</source>
+        <translation>वैवाहिक स्थिति</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>A/c No.</source>
+        <translation>खाता सं.</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>As On</source>
+        <translation>इस तारीख़ से</translation>
+    </message>
+    <message>
+        <source>Other Script</source>
+        <translation>दूसरी स्क्रिप</translation>
+    </message>
+    <message>
+        <source>From Demat A/c</source>
+        <translation>डीमैट खाते से</translation>
+    </message>
+    <message>
+        <source>To Demat A/c</source>
+        <translation>डीमैट खाते को</translation>
+    </message>
+    <message>
+        <source>To Client</source>
+        <translation>ग्राहक को</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Purchase Rate</source>
+        <translation>खरीद भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Net Rate</source>
+        <translation>शुद्ध भाव</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>राशि</translation>
+    </message>
+    <message>
+        <source>Dr/Cr</source>
+        <translation>नामे/जमा</translation>
+    </message>
+    <message>
+        <source>S. Tax</source>
+        <translation>सेवा कर</translation>
+    </message>
+    <message>
+        <source>Delivery Type</source>
+        <translation>डिलीवरी का प्रकार</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Settlement No.</source>
+        <translation>सेटलमेंट सं.</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Total of the Lines</source>
+        <translation>पंक्तियों का योग</translation>
+    </message>
+    <message>
+        <source>Other Charges</source>
+        <translation>अन्य शुल्क</translation>
+    </message>
+    <message>
+        <source>Transaction Charges</source>
+        <translation>लेनदेन प्रभार</translation>
+    </message>
+    <message>
+        <source>Transaction Mode</source>
+        <translation>लेनदेन का तरीक़ा</translation>
+    </message>
+    <message>
+        <source>Payment Mode</source>
+        <translation>भुगतान का तरीक़ा</translation>
+    </message>
+    <message>
+        <source>Cheque No.</source>
+        <translation>चेक सं.</translation>
+    </message>
+    <message>
+        <source>Cheque Date</source>
+        <translation>चेक की तारीख़</translation>
+    </message>
+    <message>
+        <source>Drawn On</source>
+        <translation>अदाकर्ता बैंक</translation>
+    </message>
+    <message>
+        <source>Ex-Date</source>
+        <translation>एक्स-डेट</translation>
+    </message>
+    <message>
+        <source>Record Date</source>
+        <translation>रिकॉर्ड तारीख</translation>
+    </message>
+    <message>
+        <source>Allotment Date</source>
+        <translation>आबंटन तारीख</translation>
+    </message>
+    <message>
+        <source>New Shares</source>
+        <translation>नए शेयर</translation>
+    </message>
+    <message>
+        <source>Old Shares</source>
+        <translation>पुराने शेयर</translation>
+    </message>
+    <message>
+        <source>Part of the Cost</source>
+        <translation>लागत का भाग</translation>
+    </message>
+    <message>
+        <source>Dividend per Share</source>
+        <translation>प्रति शेयर लाभांश</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>तारीख़ से</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>You have no Right to Delete Records.</source>
+        <translation>आपको रिकॉर्ड हटाने का अधिकार नहीं है।</translation>
+    </message>
+    <message>
+        <source>Only a User who may Administer can do this.</source>
+        <translation>यह केवल प्रशासन का अधिकार रखने वाला उपयोगकर्ता कर सकता है।</translation>
+    </message>
+    <message>
+        <source>You may Look at Records, not Enter or Change them.</source>
+        <translation>आप रिकॉर्ड देख सकते हैं, दर्ज या बदल नहीं सकते।</translation>
+    </message>
+    <message>
+        <source>%1 Changed this Record on %2 at %3 while You had it Open.</source>
+        <translation>जब यह रिकॉर्ड आपके पास खुला था, %1 ने %2 पर %3 को इसे बदला।</translation>
+    </message>
+    <message>
+        <source>What differs: as it is Stored, and as You Entered it.</source>
+        <translation>अंतर: जैसा सहेजा है, और जैसा आपने दर्ज किया।</translation>
+    </message>
+    <message>
+        <source>Save again to put Yours in its place, or cancel to keep what is Stored.</source>
+        <translation>अपना रखने के लिए फिर सहेजें, या सहेजा हुआ रखने के लिए रद्द करें।</translation>
     </message>
 </context>
 <context>
@@ -795,6 +1262,10 @@ Maximum Allowed Value is: %1</source>
         <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Do not delete one of them in its window: both would go. Restore a BackUp.</source>
         <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। इनमें से किसी को उसकी विंडो में न हटाएँ: दोनों हट जाएँगे। बैकअप पुनर्स्थापित करें।</translation>
     </message>
+    <message>
+        <source>Double keys</source>
+        <translation>दोहरी कुंजियाँ</translation>
+    </message>
 </context>
 <context>
     <name>Files</name>
@@ -899,6 +1370,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Saving scrips</source>
         <translation>शेयर सहेजे जा रहे हैं</translation>
+    </message>
+    <message>
+        <source>Scrips</source>
+        <translation>शेयर</translation>
     </message>
 </context>
 <context>
@@ -1312,6 +1787,14 @@ Maximum Allowed Value is: %1</source>
         <source>&amp;Dividends</source>
         <translation>लाभांश (&amp;D)</translation>
     </message>
+    <message>
+        <source>Take &amp;Back the Last Change</source>
+        <translation>पिछला बदलाव वापस लें (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Log of Changes</source>
+        <translation>बदलावों का लॉग (&amp;L)</translation>
+    </message>
 </context>
 <context>
     <name>Masters</name>
@@ -1451,6 +1934,10 @@ All Related Data will be Deleted.</source>
     <message>
         <source>Rate Can&apos;t be Negative.</source>
         <translation>दर ऋणात्मक नहीं हो सकती।</translation>
+    </message>
+    <message>
+        <source>Opening stock</source>
+        <translation>प्रारंभिक स्टॉक</translation>
     </message>
 </context>
 <context>
@@ -1691,6 +2178,13 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Line %1: %2.</source>
         <translation>पंक्ति %1: %2।</translation>
+    </message>
+</context>
+<context>
+    <name>Rebuild</name>
+    <message>
+        <source>Holdings</source>
+        <translation>होल्डिंग</translation>
     </message>
 </context>
 <context>
@@ -2727,6 +3221,133 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::change_log::FrmChangeLog</name>
+    <message>
+        <source>Log of Changes</source>
+        <translation>बदलावों का लॉग</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>बदलाव</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>सं.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>समय</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>उपयोगकर्ता</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>कंप्यूटर</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>क्या</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>वर्ष</translation>
+    </message>
+    <message>
+        <source>Takes Back</source>
+        <translation>वापस लेता है</translation>
+    </message>
+    <message>
+        <source>Before and after</source>
+        <translation>पहले और बाद</translation>
+    </message>
+    <message>
+        <source>Of</source>
+        <translation>किसका</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>पहले</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>बाद</translation>
+    </message>
+    <message>
+        <source>E&amp;xport and Remove Old Entries ...</source>
+        <translation>पुरानी प्रविष्टियाँ निर्यात कर हटाएँ (&amp;X) ...</translation>
+    </message>
+    <message>
+        <source>Writes the entries before the first day to a file and removes them</source>
+        <translation>पहले दिन से पहले की प्रविष्टियाँ फ़ाइल में लिखकर हटाता है</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>तारीख़ से (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>तारीख़ तक (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;User</source>
+        <translation>उपयोगकर्ता (&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;What</source>
+        <translation>क्या (&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Client</source>
+        <translation>क्लाइंट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>दिखाएँ (&amp;S)</translation>
+    </message>
+    <message>
+        <source>There is no such change.</source>
+        <translation>ऐसा कोई बदलाव नहीं है।</translation>
+    </message>
+    <message>
+        <source>The newest %1 changes; choose days, a user or a client for others.</source>
+        <translation>सबसे नए %1 बदलाव; अन्य के लिए दिन, उपयोगकर्ता या ग्राहक चुनें।</translation>
+    </message>
+    <message>
+        <source>%1 changes</source>
+        <translation>%1 बदलाव</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Enter the Day before which Entries are Removed.</source>
+        <translation>वह दिन दर्ज करें जिससे पहले की प्रविष्टियाँ हटानी हैं।</translation>
+    </message>
+    <message>
+        <source>The entries before %1 are in %2. Remove them from the log?</source>
+        <translation>%1 से पहले की प्रविष्टियाँ %2 में हैं। उन्हें लॉग से हटाएँ?</translation>
+    </message>
+    <message>
+        <source>%1 Entries were Removed.</source>
+        <translation>%1 प्रविष्टियाँ हटाई गईं।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::charts::ChartPane</name>
     <message>
         <source>The chart as a table</source>
@@ -3013,6 +3634,13 @@ Save this one, too?</source>
     <message>
         <source>Enter Proper Date.</source>
         <translation>सही तारीख़ भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::controls::EditWatch</name>
+    <message>
+        <source>%1 changed this record on %2 at %3. Saving shows what differs.</source>
+        <translation>%1 ने %2 पर %3 को यह रिकॉर्ड बदला। सहेजने पर अंतर दिखेगा।</translation>
     </message>
 </context>
 <context>
@@ -4731,6 +5359,14 @@ Lots changed: %1</source>
         <source>Copies of a record, equal in every field, that were removed: %1</source>
         <translation>किसी रिकॉर्ड की हर फ़ील्ड में समान प्रतियाँ जो हटाई गईं: %1</translation>
     </message>
+    <message>
+        <source>Log of Changes</source>
+        <translation>बदलावों का लॉग</translation>
+    </message>
+    <message>
+        <source>The log of changes was edited by other means: %1</source>
+        <translation>बदलावों का लॉग अन्य साधन से बदला गया: %1</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::reporting::MonthsPane</name>
@@ -5520,6 +6156,10 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <source>Do you want to take BackUp of Database?</source>
         <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
     </message>
+    <message>
+        <source>Save or Cancel the Record that is being Entered First.</source>
+        <translation>पहले दर्ज हो रहे रिकॉर्ड को सहेजें या रद्द करें।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::ui::MainHead</name>
@@ -5725,6 +6365,42 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>May</source>
+        <translation>अधिकार</translation>
+    </message>
+    <message>
+        <source>En&amp;ter and change</source>
+        <translation>दर्ज करना और बदलना (&amp;T)</translation>
+    </message>
+    <message>
+        <source>D&amp;elete records</source>
+        <translation>रिकॉर्ड हटाना (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Ad&amp;minister</source>
+        <translation>प्रशासन (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Beside looking, may</source>
+        <translation>देखने के अलावा</translation>
+    </message>
+    <message>
+        <source>enter</source>
+        <translation>दर्ज</translation>
+    </message>
+    <message>
+        <source>delete</source>
+        <translation>हटाना</translation>
+    </message>
+    <message>
+        <source>administer</source>
+        <translation>प्रशासन</translation>
+    </message>
+    <message>
+        <source>only look</source>
+        <translation>केवल देखना</translation>
     </message>
 </context>
 </TS>

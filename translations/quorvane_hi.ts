@@ -630,7 +630,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>It can&apos;t be Taken Back: %1 records of &quot;%2&quot; name it.</source>
-        <translation>वापस नहीं लिया जा सकता: "%2" के %1 रिकॉर्ड इसका नाम लेते हैं।</translation>
+        <translation>वापस नहीं लिया जा सकता: &quot;%2&quot; के %1 रिकॉर्ड इसका नाम लेते हैं।</translation>
     </message>
     <message>
         <source>It can&apos;t be Taken Back: the %1 that it names was Deleted.</source>
@@ -662,7 +662,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>It can&apos;t be Taken Back: &quot;%1&quot; is used by another record now.</source>
-        <translation>वापस नहीं लिया जा सकता: "%1" अब दूसरे रिकॉर्ड में है।</translation>
+        <translation>वापस नहीं लिया जा सकता: &quot;%1&quot; अब दूसरे रिकॉर्ड में है।</translation>
     </message>
     <message>
         <source>It can&apos;t be Taken Back: the Books were Changed Since. Apply the Corporate Action Anew.</source>
@@ -1047,6 +1047,22 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Save again to put Yours in its place, or cancel to keep what is Stored.</source>
         <translation>अपना रखने के लिए फिर सहेजें, या सहेजा हुआ रखने के लिए रद्द करें।</translation>
+    </message>
+    <message>
+        <source>Shares In</source>
+        <translation>आए शेयर</translation>
+    </message>
+    <message>
+        <source>Shares Out</source>
+        <translation>गए शेयर</translation>
+    </message>
+    <message>
+        <source>New Rate</source>
+        <translation>नया भाव</translation>
+    </message>
+    <message>
+        <source>F &amp; O</source>
+        <translation>एफ एंड ओ</translation>
     </message>
 </context>
 <context>

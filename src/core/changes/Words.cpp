@@ -106,6 +106,10 @@ constexpr auto kColumnNames = std::to_array<Word>({
     {"ExId", QT_TRANSLATE_NOOP("Changes", "Exchange")},
     {"StkId", QT_TRANSLATE_NOOP("Changes", "Lot")},
     {"Qty", QT_TRANSLATE_NOOP("Changes", "Quantity")},
+    {"InQty", QT_TRANSLATE_NOOP("Changes", "Shares In")},
+    {"OutQty", QT_TRANSLATE_NOOP("Changes", "Shares Out")},
+    {"ToRate", QT_TRANSLATE_NOOP("Changes", "New Rate")},
+    {"FO", QT_TRANSLATE_NOOP("Changes", "F & O")},
     {"PRate", QT_TRANSLATE_NOOP("Changes", "Purchase Rate")},
     {"Brk", QT_TRANSLATE_NOOP("Changes", "Brokerage")},
     {"Net", QT_TRANSLATE_NOOP("Changes", "Net Rate")},
@@ -225,7 +229,10 @@ class Comparison {
     for (const auto& [column, value] : any) {
       const QString was = TextIn(before, column);
       const QString is = TextIn(after, column);
-      if (!IsPlace(column) && was != is) {
+      // Of a row that came or went only what it holds.
+      const bool is_whole = before.empty() || after.empty();
+      const bool is_nothing = is_whole && was + is == QLatin1String("0");
+      if (!IsPlace(column) && was != is && !is_nothing) {
         into_.push_back({PlaceOf(any), TextOf(kColumnNames, column.toStdString()), was, is});
       }
     }

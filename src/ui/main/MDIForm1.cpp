@@ -223,6 +223,7 @@ void MDIForm1::StartTimers() {
   connect(&feed_, &HeadlineFeed::HeadlineRead, head_, &MainHead::ShowHeadline);
   Timer1.start(kClockMs);
   Timer2.start(kHeadlineMs);
+  LookAround();
   cmdSensex();
 }
 
@@ -239,7 +240,7 @@ void MDIForm1::LookAround() {
     return;
   }
   const bool rests = since_failed_.isValid() && !since_failed_.hasExpired(kRestMs);
-  if (looks_around_ || rests || open_.empty() || desk_.session.read_only) {
+  if (looks_around_ || rests || desk_.session.read_only) {
     return;
   }
   const QScopedValueRollback<bool> looking(looks_around_, true);

@@ -166,14 +166,14 @@ class UndoTest : public QObject {
     row(
         "code taken meanwhile",
         [](Office& office) {
-          scrips::ScripBook(office.Connection()).Delete(office.second_scrip, office.quiet);
+          scrips::ScripBook(office.Connection()).Delete(office.scrip, office.quiet);
         },
         [](Office& office) {
           office.Connection().SetAuthor({QStringLiteral("RAVI"), {}});
-          AddScrip(office, QStringLiteral("500209"));
+          AddScrip(office, QStringLiteral("500325"));
           office.Connection().SetAuthor({QStringLiteral("ANITA"), {}});
         },
-        "It can't be Taken Back: \"500209\" is used by another record now.");
+        "It can't be Taken Back: \"500325\" is used by another record now.");
   }
   void MasterInUseStays() {
     const auto [change, later, text] = test::Table<Step, Step, QString>::Row();

@@ -1,4 +1,5 @@
 #include "core/changes/Chain.h"
+#include "core/changes/EditedRecord.h"
 #include "core/changes/Undo.h"
 #include "core/ledger/Rebuild.h"
 #include "core/records/Masters.h"
@@ -305,6 +306,32 @@ class UndoTest : public test::DeskTest {
     QCOMPARE(UndoLast(), test::kAccepted);
     QCOMPARE(desk_->LotAt(70), "0@70");
     QCOMPARE(desk_->LotAt(50), "1@50");
+  }
+
+  /// Two programs have one bill open: bill, lines and lots stay those of the first save until the
+  /// second one has seen them.
+  void BillThatAnotherProgramSavedIsNotSavedOver() {
+    database::Connection other(desk_->database.Settings());
+    other.SetAuthor({QStringLiteral("RAVI"), QStringLiteral("desk-2")});
+    const changes::EditedRecord mine(desk_->Connection(), "SPMaster", 1);
+    bills::Bill entered = Stored(*desk_);
+    bills::Bill theirs = entered;
+    theirs.lines[0].quantity = text::Shares(11);
+    QVERIFY(bills::BillBook(other, desk_->of).Save(theirs));
+    const QStringList records = Records();
+    const QStringList held = Held();
+
+    entered.lines[0].quantity = text::Shares(12);
+    bills::BillBook book(desk_->Connection(), desk_->of);
+    const auto refused = book.Save(entered);
+    QVERIFY(!refused);
+    QVERIFY2(refused.Why().text.contains(QLatin1String("Bill Line 1, Quantity: 11 | 12")),
+             qPrintable(refused.Why().text));
+    QCOMPARE(Records(), records);
+    QCOMPARE(Held(), held);
+    QVERIFY(book.Save(entered));
+    QCOMPARE(desk_->LotAt(100), "12@100");
+    QCOMPARE(Wrong(), QStringList());
   }
 
   void EntryIsTakenBackOnce() {

@@ -177,10 +177,10 @@ constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
      "Default Character Set utf8mb4 Collate "
      "utf8mb4_general_ci"},
     {"OpeningMark", 1,
-     "Create Table if not Exists OpeningMark(CId int(11) Not Null, Fyear varchar(10) Not Null, "
-     "AcId "
-     "int(11) Not Null, ScrId int(11) Not Null, Primary Key(CId,Fyear,AcId,ScrId)) Engine=InnoDB "
-     "Default Character Set utf8mb4 Collate utf8mb4_general_ci"},
+     "Create Table if not Exists OpeningMark(CId int(11) Not Null Default 0, Fyear varchar(10) Not "
+     "Null Default '', AcId int(11) Not Null Default 0, ScrId int(11) Not Null Default 0, Primary "
+     "Key(CId,Fyear,AcId,ScrId)) Engine=InnoDB Default Character Set utf8mb4 Collate "
+     "utf8mb4_general_ci"},
     {"RemovedAccount", 1,
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
      "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "

@@ -120,6 +120,15 @@ class Planner {
     }
   }
 
+  /// A note has the broker's PAN, too, and the client's may be hidden in part. The fourth letter
+  /// says whether a person, a company or another holder has it.
+  bool IsOfAnother(const Note& note) const {
+    constexpr std::size_t kKind = 3;
+    return pan_.size() > kKind && std::ranges::find(note.pans, pan_) == note.pans.end() &&
+           std::ranges::any_of(
+               note.pans, [this](const std::string& pan) { return pan[kKind] == pan_[kKind]; });
+  }
+
   QString FaultOf(const PlannedNote& planned) const {
     const Note& note = planned.note;
     if (note.number.empty()) {
@@ -131,9 +140,7 @@ class Planner {
     if (*note.day > query_.today) {
       return Tr("Notes", "The Note is of %1, a Day in the Future.").arg(text::FormatDmy(*note.day));
     }
-    const bool others = !pan_.empty() && !note.pans.empty() &&
-                        std::ranges::find(note.pans, pan_) == note.pans.end();
-    if (others) {
+    if (IsOfAnother(note)) {
       return Tr("Notes", "The Note has Another PAN than the Client.");
     }
     return planned.broker ? QString() : Tr("Notes", "Select the Broker of the Note.");

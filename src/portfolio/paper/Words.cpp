@@ -285,7 +285,7 @@ std::optional<double> NumberOf(std::string_view word) {
     }
     plain += word[i];
   }
-  if (plain.size() > kLongest || plain.find_first_not_of('.') == std::string::npos) {
+  if (plain.size() > kLongest || std::ranges::none_of(word, IsDigit)) {
     return std::nullopt;
   }
   if (plain.back() == '.') {

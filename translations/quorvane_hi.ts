@@ -589,6 +589,10 @@ Maximum Allowed Value is: %1</source>
         <source>Remark</source>
         <translation>टिप्पणी</translation>
     </message>
+    <message>
+        <source>Broker balances</source>
+        <translation>ब्रोकर शेष</translation>
+    </message>
 </context>
 <context>
     <name>Calculator</name>
@@ -599,6 +603,501 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>The Number is too Large</source>
         <translation>संख्या बहुत बड़ी है</translation>
+    </message>
+</context>
+<context>
+    <name>Changes</name>
+    <message>
+        <source>Entry %1 of the log does not belong to it.</source>
+        <translation>लॉग की प्रविष्टि %1 उसकी नहीं है।</translation>
+    </message>
+    <message>
+        <source>Entry %1 of the log was edited: %2, %3 by %4.</source>
+        <translation>लॉग की प्रविष्टि %1 बदली गई: %2, %3, %4 द्वारा।</translation>
+    </message>
+    <message>
+        <source>The log does not end where it was ended, at entry %1.</source>
+        <translation>लॉग वहाँ समाप्त नहीं होता जहाँ उसे समाप्त किया गया था: प्रविष्टि %1।</translation>
+    </message>
+    <message>
+        <source>Entry %1 of the log was removed.</source>
+        <translation>लॉग की प्रविष्टि %1 हटाई गई।</translation>
+    </message>
+    <message>
+        <source>Entries %1 to %2 of the log were removed.</source>
+        <translation>लॉग की प्रविष्टियाँ %1 से %2 हटाई गईं।</translation>
+    </message>
+    <message>
+        <source>The log has no entry before that day.</source>
+        <translation>उस दिन से पहले लॉग में कोई प्रविष्टि नहीं है।</translation>
+    </message>
+    <message>
+        <source>The end of the log (table ChangeHead) was removed.</source>
+        <translation>लॉग का अंत (तालिका ChangeHead) हटाया गया।</translation>
+    </message>
+    <message>
+        <source>Entries up to %1</source>
+        <translation>%1 तक की प्रविष्टियाँ</translation>
+    </message>
+    <message>
+        <source>Open at %1 on %2 since %3</source>
+        <translation>%1 के पास %2 पर %3 से खुला है</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: Shares of %1 that it Concerns were Sold or Transferred Since.</source>
+        <translation>वापस नहीं लिया जा सकता: इससे जुड़े %1 के शेयर बाद में बेचे या स्थानांतरित किए गए।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: %1 records of &quot;%2&quot; name it.</source>
+        <translation>वापस नहीं लिया जा सकता: &quot;%2&quot; के %1 रिकॉर्ड इसका नाम लेते हैं।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: the %1 that it names was Deleted.</source>
+        <translation>वापस नहीं लिया जा सकता: जिस %1 का यह नाम लेता है वह हटाया गया।</translation>
+    </message>
+    <message>
+        <source>The last change was an import, which can&apos;t be Taken Back as a whole: %1. Restore the BackUp made before it, or Delete what it brought.</source>
+        <translation>पिछला बदलाव एक आयात था, जिसे पूरा वापस नहीं लिया जा सकता: %1। उससे पहले का बैकअप पुनर्स्थापित करें, या जो उसने लाया उसे हटाएँ।</translation>
+    </message>
+    <message>
+        <source>The last change was computed from other records and can&apos;t be Taken Back: %1. Correct those records and run it again.</source>
+        <translation>पिछला बदलाव अन्य रिकॉर्ड से गणना किया गया था और वापस नहीं लिया जा सकता: %1। वे रिकॉर्ड सुधारें और फिर चलाएँ।</translation>
+    </message>
+    <message>
+        <source>The last change can&apos;t be Taken Back: %1.</source>
+        <translation>पिछला बदलाव वापस नहीं लिया जा सकता: %1।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: %1 Changed it Again on %2.</source>
+        <translation>वापस नहीं लिया जा सकता: %1 ने इसे %2 को फिर बदला।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: the Records were Changed Since.</source>
+        <translation>वापस नहीं लिया जा सकता: रिकॉर्ड बाद में बदले गए।</translation>
+    </message>
+    <message>
+        <source>It was Taken Back Already.</source>
+        <translation>यह पहले ही वापस लिया जा चुका है।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: &quot;%1&quot; is used by another record now.</source>
+        <translation>वापस नहीं लिया जा सकता: &quot;%1&quot; अब दूसरे रिकॉर्ड में है।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: the Books were Changed Since. Apply the Corporate Action Anew.</source>
+        <translation>वापस नहीं लिया जा सकता: बहियाँ बाद में बदली गईं। कॉर्पोरेट कार्रवाई नए सिरे से लागू करें।</translation>
+    </message>
+    <message>
+        <source>It can&apos;t be Taken Back: Shares that it Concerns were Sold or Transferred Since.</source>
+        <translation>वापस नहीं लिया जा सकता: इससे जुड़े शेयर बाद में बेचे या स्थानांतरित किए गए।</translation>
+    </message>
+    <message>
+        <source>There is no Change of Yours to Take Back.</source>
+        <translation>आपका कोई बदलाव वापस लेने को नहीं है।</translation>
+    </message>
+    <message>
+        <source>Take this Change Back?</source>
+        <translation>यह बदलाव वापस लें?</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3 | %4</source>
+        <translation>%1, %2: %3 | %4</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>जोड़ा</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>बदला हुआ</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>हटाया</translation>
+    </message>
+    <message>
+        <source>Applied</source>
+        <translation>लागू</translation>
+    </message>
+    <message>
+        <source>Taken back</source>
+        <translation>वापस लिया</translation>
+    </message>
+    <message>
+        <source>Imported</source>
+        <translation>आयात किया</translation>
+    </message>
+    <message>
+        <source>Carried forward</source>
+        <translation>आगे ले जाया</translation>
+    </message>
+    <message>
+        <source>Rebuilt</source>
+        <translation>पुनर्गणना की</translation>
+    </message>
+    <message>
+        <source>Rates saved</source>
+        <translation>भाव सहेजे</translation>
+    </message>
+    <message>
+        <source>Password changed</source>
+        <translation>पासवर्ड बदला</translation>
+    </message>
+    <message>
+        <source>BackUp restored</source>
+        <translation>बैकअप पुनर्स्थापित</translation>
+    </message>
+    <message>
+        <source>Repaired</source>
+        <translation>मरम्मत की</translation>
+    </message>
+    <message>
+        <source>Log cleared</source>
+        <translation>लॉग साफ़ किया</translation>
+    </message>
+    <message>
+        <source>Rights changed</source>
+        <translation>अधिकार बदले</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>उपयोगकर्ता</translation>
+    </message>
+    <message>
+        <source>User&apos;s Rights</source>
+        <translation>उपयोगकर्ता के अधिकार</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Demat A/c</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Removed Demat A/c</source>
+        <translation>हटाया गया डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Participant</source>
+        <translation>प्रतिभागी</translation>
+    </message>
+    <message>
+        <source>DP Id</source>
+        <translation>डीपी आईडी</translation>
+    </message>
+    <message>
+        <source>Broker</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>स्क्रिप</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>Script Type</source>
+        <translation>शेयर प्रकार</translation>
+    </message>
+    <message>
+        <source>Script Class</source>
+        <translation>शेयर श्रेणी</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>S.T.T. Percent</source>
+        <translation>एस.टी.टी. प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Percentage</source>
+        <translation>प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Corporate Action</source>
+        <translation>कॉरपोरेट एक्शन</translation>
+    </message>
+    <message>
+        <source>Shares of the Action</source>
+        <translation>कार्रवाई के शेयर</translation>
+    </message>
+    <message>
+        <source>Bill</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>Bill Line</source>
+        <translation>बिल पंक्ति</translation>
+    </message>
+    <message>
+        <source>Opening Stock</source>
+        <translation>प्रारंभिक स्टॉक</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>स्थानांतरण</translation>
+    </message>
+    <message>
+        <source>Broker&apos;s Opening Balance</source>
+        <translation>ब्रोकर का प्रारंभिक शेष</translation>
+    </message>
+    <message>
+        <source>Payment to Broker</source>
+        <translation>ब्रोकर को भुगतान</translation>
+    </message>
+    <message>
+        <source>Receipt from Broker</source>
+        <translation>ब्रोकर से प्राप्ति</translation>
+    </message>
+    <message>
+        <source>Dividend</source>
+        <translation>लाभांश</translation>
+    </message>
+    <message>
+        <source>Trade of a Broker&apos;s File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fair Value of 31-Jan-2018</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loss Brought Forward</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Market Rate</source>
+        <translation>बाज़ार भाव</translation>
+    </message>
+    <message>
+        <source>Lot</source>
+        <translation>लॉट</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>कोड</translation>
+    </message>
+    <message>
+        <source>Group Code</source>
+        <translation>समूह कोड</translation>
+    </message>
+    <message>
+        <source>Second Code</source>
+        <translation>दूसरा कोड</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>STD Code</source>
+        <translation>एसटीडी कोड</translation>
+    </message>
+    <message>
+        <source>Date of Birth</source>
+        <translation>जन्म तिथि</translation>
+    </message>
+    <message>
+        <source>Marital Status</source>
+        <translation>वैवाहिक स्थिति</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>A/c No.</source>
+        <translation>खाता सं.</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>As On</source>
+        <translation>इस तारीख़ से</translation>
+    </message>
+    <message>
+        <source>Other Script</source>
+        <translation>दूसरी स्क्रिप</translation>
+    </message>
+    <message>
+        <source>From Demat A/c</source>
+        <translation>डीमैट खाते से</translation>
+    </message>
+    <message>
+        <source>To Demat A/c</source>
+        <translation>डीमैट खाते को</translation>
+    </message>
+    <message>
+        <source>To Client</source>
+        <translation>ग्राहक को</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Shares In</source>
+        <translation>आए शेयर</translation>
+    </message>
+    <message>
+        <source>Shares Out</source>
+        <translation>गए शेयर</translation>
+    </message>
+    <message>
+        <source>New Rate</source>
+        <translation>नया भाव</translation>
+    </message>
+    <message>
+        <source>F &amp; O</source>
+        <translation>एफ एंड ओ</translation>
+    </message>
+    <message>
+        <source>Purchase Rate</source>
+        <translation>खरीद भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Net Rate</source>
+        <translation>शुद्ध भाव</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>राशि</translation>
+    </message>
+    <message>
+        <source>Dr/Cr</source>
+        <translation>नामे/जमा</translation>
+    </message>
+    <message>
+        <source>S. Tax</source>
+        <translation>सेवा कर</translation>
+    </message>
+    <message>
+        <source>Delivery Type</source>
+        <translation>डिलीवरी का प्रकार</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Settlement No.</source>
+        <translation>सेटलमेंट सं.</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Total of the Lines</source>
+        <translation>पंक्तियों का योग</translation>
+    </message>
+    <message>
+        <source>Other Charges</source>
+        <translation>अन्य शुल्क</translation>
+    </message>
+    <message>
+        <source>Transaction Charges</source>
+        <translation>लेनदेन प्रभार</translation>
+    </message>
+    <message>
+        <source>Transaction Mode</source>
+        <translation>लेनदेन का तरीक़ा</translation>
+    </message>
+    <message>
+        <source>Payment Mode</source>
+        <translation>भुगतान का तरीक़ा</translation>
+    </message>
+    <message>
+        <source>Cheque No.</source>
+        <translation>चेक सं.</translation>
+    </message>
+    <message>
+        <source>Cheque Date</source>
+        <translation>चेक की तारीख़</translation>
+    </message>
+    <message>
+        <source>Drawn On</source>
+        <translation>अदाकर्ता बैंक</translation>
+    </message>
+    <message>
+        <source>Ex-Date</source>
+        <translation>एक्स-डेट</translation>
+    </message>
+    <message>
+        <source>Record Date</source>
+        <translation>रिकॉर्ड तारीख</translation>
+    </message>
+    <message>
+        <source>Allotment Date</source>
+        <translation>आबंटन तारीख</translation>
+    </message>
+    <message>
+        <source>New Shares</source>
+        <translation>नए शेयर</translation>
+    </message>
+    <message>
+        <source>Old Shares</source>
+        <translation>पुराने शेयर</translation>
+    </message>
+    <message>
+        <source>Part of the Cost</source>
+        <translation>लागत का भाग</translation>
+    </message>
+    <message>
+        <source>Dividend per Share</source>
+        <translation>प्रति शेयर लाभांश</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>तारीख़ से</translation>
+    </message>
+    <message>
+        <source>Year of the Loss</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>You have no Right to Delete Records.</source>
+        <translation>आपको रिकॉर्ड हटाने का अधिकार नहीं है।</translation>
+    </message>
+    <message>
+        <source>Only a User who may Administer can do this.</source>
+        <translation>यह केवल प्रशासन का अधिकार रखने वाला उपयोगकर्ता कर सकता है।</translation>
+    </message>
+    <message>
+        <source>You may Look at Records, not Enter or Change them.</source>
+        <translation>आप रिकॉर्ड देख सकते हैं, दर्ज या बदल नहीं सकते।</translation>
+    </message>
+    <message>
+        <source>%1 Changed this Record on %2 at %3 while You had it Open.</source>
+        <translation>जब यह रिकॉर्ड आपके पास खुला था, %1 ने %2 पर %3 को इसे बदला।</translation>
+    </message>
+    <message>
+        <source>What differs: as it is Stored, and as You Entered it.</source>
+        <translation>अंतर: जैसा सहेजा है, और जैसा आपने दर्ज किया।</translation>
+    </message>
+    <message>
+        <source>Save again to put Yours in its place, or cancel to keep what is Stored.</source>
+        <translation>अपना रखने के लिए फिर सहेजें, या सहेजा हुआ रखने के लिए रद्द करें।</translation>
     </message>
 </context>
 <context>
@@ -748,6 +1247,17 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>ColumnPane</name>
+    <message>
+        <source>Purchase</source>
+        <translation>ख़रीद</translation>
+    </message>
+    <message>
+        <source>Sale</source>
+        <translation>बिक्री</translation>
+    </message>
+</context>
+<context>
     <name>Database</name>
     <message>
         <source>The server tells table names apart by upper and lower case. Set lower_case_table_names=1 in its settings file (section [mysqld]), start it again and make the database after that.</source>
@@ -775,6 +1285,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Choose a Folder</source>
         <translation>फ़ोल्डर चुनें</translation>
+    </message>
+    <message>
+        <source>Choose Files</source>
+        <translation>फ़ाइलें चुनें</translation>
     </message>
 </context>
 <context>
@@ -809,17 +1323,40 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>Documents</name>
+    <message>
+        <source>None of the Passwords Opens the Document. It is Often the PAN of the First Holder in Capitals.</source>
+        <translation>किसी पासवर्ड से दस्तावेज़ नहीं खुलता। पासवर्ड प्रायः पहले धारक का पैन बड़े अक्षरों में होता है।</translation>
+    </message>
+    <message>
+        <source>The Document is Protected by a Password. It is Often the PAN of the First Holder in Capitals.</source>
+        <translation>दस्तावेज़ पासवर्ड से सुरक्षित है। पासवर्ड प्रायः पहले धारक का पैन बड़े अक्षरों में होता है।</translation>
+    </message>
+    <message>
+        <source>Reading the Document</source>
+        <translation>दस्तावेज़ पढ़ा जा रहा है</translation>
+    </message>
+    <message>
+        <source>The Document has no Text: it is a Picture of Paper. Ask for the File that was Sent by E-Mail, or for One as Comma Separated Text or Workbook.</source>
+        <translation>दस्तावेज़ में पाठ नहीं है: यह काग़ज़ का चित्र है। ई-मेल से भेजी गई फ़ाइल, या CSV अथवा वर्कबुक माँगें।</translation>
+    </message>
+</context>
+<context>
     <name>DoubleKeys</name>
     <message>
         <source>%1: the records of key %2 stay as they are, because records of %3 name the key and nothing tells which of them is meant. Do not delete one of them in its window: both would go. Restore a BackUp.</source>
         <translation>%1: कुंजी %2 के रिकॉर्ड जैसे हैं वैसे ही रहेंगे, क्योंकि %3 के रिकॉर्ड उस कुंजी का उपयोग करते हैं और यह पता नहीं चलता कि कौन-सा अभिप्रेत है। इनमें से किसी को उसकी विंडो में न हटाएँ: दोनों हट जाएँगे। बैकअप पुनर्स्थापित करें।</translation>
+    </message>
+    <message>
+        <source>Double keys</source>
+        <translation>दोहरी कुंजियाँ</translation>
     </message>
 </context>
 <context>
     <name>FairValues</name>
     <message>
         <source>A Script was Deleted Meanwhile. Open the Window Again.</source>
-        <translation>इस बीच एक शेयर हटा दिया गया। विंडो फिर से खोलें।</translation>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1029,6 +1566,21 @@ Maximum Allowed Value is: %1</source>
         <source>Saving scrips</source>
         <translation>शेयर सहेजे जा रहे हैं</translation>
     </message>
+    <message>
+        <source>Scrips</source>
+        <translation>शेयर</translation>
+    </message>
+</context>
+<context>
+    <name>LinesPane</name>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
 </context>
 <context>
     <name>Login</name>
@@ -1206,10 +1758,6 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Percent Detail Already Exists.</source>
         <translation>यह प्रतिशत विवरण पहले से है।</translation>
-    </message>
-    <message>
-        <source>Line %1 of levies.csv is no dated rate.</source>
-        <translation>levies.csv की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
     </message>
     <message>
         <source>Enter Proper Financial Year</source>
@@ -1442,12 +1990,8 @@ Maximum Allowed Value is: %1</source>
         <translation>लाभांश (&amp;D)</translation>
     </message>
     <message>
-        <source>&amp;Fair Values of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उचित मूल्य (&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Losses Brought Forward</source>
-        <translation>आगे लाई गई हानियाँ (&amp;L)</translation>
+        <source>&amp;Tax Year</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;Broker Account</source>
@@ -1456,6 +2000,26 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Ret&amp;urns</source>
         <translation>प्रतिफल (&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Trade Books of Brokers</source>
+        <translation>ब्रोकरों की ट्रेड बुक (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Compare with S&amp;tatement</source>
+        <translation>विवरण से मिलान करें (&amp;T)</translation>
+    </message>
+    <message>
+        <source>Contract &amp;Notes</source>
+        <translation>अनुबंध नोट (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Fair Values of 31-Jan-2018</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Losses Brought Forward</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;Window</source>
@@ -1476,6 +2040,14 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Close &amp;All Windows</source>
         <translation>सभी विंडो बंद करें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>Take &amp;Back the Last Change</source>
+        <translation>पिछला बदलाव वापस लें (&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Log of Changes</source>
+        <translation>बदलावों का लॉग (&amp;L)</translation>
     </message>
 </context>
 <context>
@@ -1596,6 +2168,81 @@ All Related Data will be Deleted.</source>
     </message>
 </context>
 <context>
+    <name>Notes</name>
+    <message>
+        <source>The Bill that is to be Replaced was Deleted Meanwhile.</source>
+        <translation>जिस बिल को बदलना है वह इस बीच हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>Shares of %1 that the Replaced Bill Brought were Sold or Transferred. Delete the Later Records First, or Change the Bill by Hand.</source>
+        <translation>बदले जाने वाले बिल से आए %1 के शेयर बेचे या अंतरित किए जा चुके हैं। पहले बाद के रिकॉर्ड हटाएँ, या बिल हाथ से बदलें।</translation>
+    </message>
+    <message>
+        <source>The Note does not Add Up: %1</source>
+        <translation>नोट का जोड़ नहीं मिलता: %1</translation>
+    </message>
+    <message>
+        <source>There is no Script for %1.</source>
+        <translation>%1 के लिए कोई स्क्रिप्ट नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Note&apos;s Number cannot be Read.</source>
+        <translation>नोट की संख्या पढ़ी नहीं जा सकती।</translation>
+    </message>
+    <message>
+        <source>The Note&apos;s Day cannot be Read.</source>
+        <translation>नोट की तारीख़ पढ़ी नहीं जा सकती।</translation>
+    </message>
+    <message>
+        <source>The Note is of %1, a Day in the Future.</source>
+        <translation>नोट %1 का है, जो भविष्य की तारीख़ है।</translation>
+    </message>
+    <message>
+        <source>The Note has Another PAN than the Client.</source>
+        <translation>नोट पर ग्राहक से भिन्न पैन है।</translation>
+    </message>
+    <message>
+        <source>Select the Broker of the Note.</source>
+        <translation>नोट का ब्रोकर चुनें।</translation>
+    </message>
+    <message>
+        <source>The Note is Entered Already.</source>
+        <translation>नोट पहले से दर्ज है।</translation>
+    </message>
+    <message>
+        <source>A Bill of this Number is Entered with Other Contents.</source>
+        <translation>इस संख्या का बिल भिन्न विवरण के साथ दर्ज है।</translation>
+    </message>
+    <message>
+        <source>Another of the Files is the Same Note.</source>
+        <translation>दूसरी फ़ाइल में यही नोट है।</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>तैयार</translation>
+    </message>
+    <message>
+        <source>Replaces a Bill</source>
+        <translation>बिल बदलेगा</translation>
+    </message>
+    <message>
+        <source>Entered</source>
+        <translation>दर्ज</translation>
+    </message>
+    <message>
+        <source>Script Missing</source>
+        <translation>स्क्रिप्ट नहीं है</translation>
+    </message>
+    <message>
+        <source>Not Taken</source>
+        <translation>नहीं लिया गया</translation>
+    </message>
+    <message>
+        <source>The File is no Contract Note in PDF.</source>
+        <translation>फ़ाइल PDF में अनुबंध नोट नहीं है।</translation>
+    </message>
+</context>
+<context>
     <name>OpeningStock</name>
     <message>
         <source>Select Script Name.</source>
@@ -1616,6 +2263,10 @@ All Related Data will be Deleted.</source>
     <message>
         <source>Rate Can&apos;t be Negative.</source>
         <translation>दर ऋणात्मक नहीं हो सकती।</translation>
+    </message>
+    <message>
+        <source>Opening stock</source>
+        <translation>प्रारंभिक स्टॉक</translation>
     </message>
 </context>
 <context>
@@ -1859,7 +2510,131 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>The file holds no highest prices of a day.</source>
-        <translation>फ़ाइल में किसी दिन के उच्चतम भाव नहीं हैं।</translation>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Rebuild</name>
+    <message>
+        <source>Holdings</source>
+        <translation>होल्डिंग</translation>
+    </message>
+</context>
+<context>
+    <name>Reconcile</name>
+    <message>
+        <source>Another Script has the ISIN %1.</source>
+        <translation>ISIN %1 दूसरी स्क्रिप्ट का है।</translation>
+    </message>
+    <message>
+        <source>Rows of the Statement could not be Understood:
+%1</source>
+        <translation>विवरण की ये पंक्तियाँ समझी नहीं जा सकीं:
+%1</translation>
+    </message>
+    <message>
+        <source>Enter these Demat Accounts of the Client First:
+%1</source>
+        <translation>पहले ग्राहक के ये डीमैट खाते दर्ज करें:
+%1</translation>
+    </message>
+    <message>
+        <source>These Securities are of no Script with a Code. Assign their ISINs, or Import the Scripts from an Exchange&apos;s Price File:
+%1</source>
+        <translation>इन प्रतिभूतियों की कोड वाली कोई स्क्रिप्ट नहीं है। उनके ISIN सौंपें, या एक्सचेंज की भाव फ़ाइल से स्क्रिप्ट आयात करें:
+%1</translation>
+    </message>
+    <message>
+        <source>The Statement has no Holdings to Take In.</source>
+        <translation>विवरण में लेने योग्य कोई होल्डिंग नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Client has Records Already. Opening Stock is Taken from a Statement for a New Client Only.</source>
+        <translation>ग्राहक के रिकॉर्ड पहले से हैं। विवरण से आरंभिक स्टॉक केवल नए ग्राहक के लिए लिया जाता है।</translation>
+    </message>
+    <message>
+        <source>The File is a %1, no Statement of Holdings.</source>
+        <translation>फ़ाइल %1 है, होल्डिंग का विवरण नहीं।</translation>
+    </message>
+    <message>
+        <source>The File has no Holdings that can be Read.</source>
+        <translation>फ़ाइल में पढ़ी जा सकने वाली कोई होल्डिंग नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Statement does not say of which Day it is. Enter the Day.</source>
+        <translation>विवरण में उसकी तारीख़ नहीं है। तारीख़ दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>The Statement is of %1, a Day in the Future.</source>
+        <translation>विवरण %1 का है, जो भविष्य की तारीख़ है।</translation>
+    </message>
+    <message>
+        <source>The Statement names no Account. Select the Demat A/c No.</source>
+        <translation>विवरण में खाता नहीं लिखा है। डीमैट खाता संख्या चुनें।</translation>
+    </message>
+    <message>
+        <source>The Client has no Demat A/c.</source>
+        <translation>ग्राहक का कोई डीमैट खाता नहीं है।</translation>
+    </message>
+    <message>
+        <source>The Account %1 is of Another Client: %2.</source>
+        <translation>खाता %1 दूसरे ग्राहक का है: %2।</translation>
+    </message>
+    <message>
+        <source>No Account of the Statement is a Demat A/c of the Client: %1.</source>
+        <translation>विवरण का कोई खाता ग्राहक का डीमैट खाता नहीं है: %1।</translation>
+    </message>
+    <message>
+        <source>Agrees</source>
+        <translation>मिलता है</translation>
+    </message>
+    <message>
+        <source>Differs</source>
+        <translation>भिन्न है</translation>
+    </message>
+    <message>
+        <source>Missing in the Books</source>
+        <translation>बहियों में नहीं</translation>
+    </message>
+    <message>
+        <source>Missing in the Statement</source>
+        <translation>विवरण में नहीं</translation>
+    </message>
+    <message>
+        <source>ISIN of no Script</source>
+        <translation>ISIN की स्क्रिप्ट नहीं</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is recorded and not applied</source>
+        <translation>%2 का %1 दर्ज है, लागू नहीं किया गया</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is applied; its shares come later</source>
+        <translation>%2 का %1 लागू है; उसके शेयर बाद में आते हैं</translation>
+    </message>
+    <message>
+        <source>Suggests: %1</source>
+        <translation>संकेत: %1</translation>
+    </message>
+    <message>
+        <source>Suggests: %1 or %2</source>
+        <translation>संकेत: %1 या %2</translation>
+    </message>
+    <message>
+        <source>Bill %1 of %2 was not settled on that day</source>
+        <translation>%2 का बिल %1 उस दिन तक निपटा नहीं था</translation>
+    </message>
+    <message>
+        <source>A transfer of %1 is near that day</source>
+        <translation>%1 का अंतरण उस दिन के निकट है</translation>
+    </message>
+    <message>
+        <source>The other way round in account %1: a transfer?</source>
+        <translation>खाता %1 में उल्टा अंतर: क्या अंतरण है?</translation>
+    </message>
+    <message>
+        <source>The File has no Headings of a Statement of Holdings: a Column of ISINs and One of Balances.</source>
+        <translation>फ़ाइल में होल्डिंग विवरण के शीर्षक नहीं हैं: ISIN का और शेष का स्तंभ।</translation>
     </message>
 </context>
 <context>
@@ -2063,35 +2838,47 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>Enter a Rate Above Zero, of at Most %1 Rupees.</source>
-        <translation>शून्य से अधिक और अधिकतम %1 रुपये का भाव दर्ज करें।</translation>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line %1 of %2 is no dated rate.</source>
+        <translation>%2 की पंक्ति %1 तारीख़ वाली दर नहीं है।</translation>
+    </message>
+    <message>
+        <source>Line %1 of tax/%2 cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The tax law of %1 is not in the data of this program.</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Enter a Year before %1.</source>
-        <translation>%1 से पहले का वर्ष दर्ज करें।</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>%1: a loss of %2 may be set off up to %3.</source>
-        <translation>%1: %2 की हानि %3 तक ही समायोजित हो सकती है।</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Enter an Amount Above Zero.</source>
-        <translation>शून्य से अधिक राशि दर्ज करें।</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>%1 of %2 is Entered Twice.</source>
-        <translation>%2 की %1 दो बार दर्ज है।</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Long-Term Capital Loss</source>
-        <translation>दीर्घकालिक पूँजी हानि</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Short-Term Capital Loss</source>
-        <translation>अल्पकालिक पूँजी हानि</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Speculation Loss</source>
-        <translation>सट्टा हानि</translation>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2099,6 +2886,261 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>The template %1 is not there. Put it back, or name its folder in the settings.</source>
         <translation>साँचा %1 नहीं है। उसे वापस रखें, या सेटिंग में उसका फ़ोल्डर बताएँ।</translation>
+    </message>
+</context>
+<context>
+    <name>Trades</name>
+    <message>
+        <source>Nothing was taken in:</source>
+        <translation>कुछ भी आयात नहीं हुआ:</translation>
+    </message>
+    <message>
+        <source>%1 ends in the middle of line %2. Fetch the file again: trades may be missing.</source>
+        <translation>%1 पंक्ति %2 के बीच में समाप्त होती है। फ़ाइल फिर से लाएँ: सौदे छूट सकते हैं।</translation>
+    </message>
+    <message>
+        <source>There is no broker %1.</source>
+        <translation>%1 नाम का कोई ब्रोकर नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no client %1.</source>
+        <translation>%1 कोड का कोई ग्राहक नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no demat account %1.</source>
+        <translation>%1 नंबर का कोई डीमैट खाता नहीं है।</translation>
+    </message>
+    <message>
+        <source>Several clients have an account %1: name the client.</source>
+        <translation>कई ग्राहकों का खाता %1 है: ग्राहक बताएँ।</translation>
+    </message>
+    <message>
+        <source>Choose the demat account.</source>
+        <translation>डीमैट खाता चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose the broker.</source>
+        <translation>ब्रोकर चुनें।</translation>
+    </message>
+    <message>
+        <source>%1 has no row with the headings of a trade book that is known. Expected are those of one of these:
+%2</source>
+        <translation>%1 में किसी ज्ञात ट्रेड बुक के शीर्षकों वाली पंक्ति नहीं है। इनमें से किसी एक के शीर्षक अपेक्षित हैं:
+%2</translation>
+    </message>
+    <message>
+        <source>%1 is of the account %2, not of %3. Nothing was taken in.</source>
+        <translation>%1 खाते %2 की है, %3 की नहीं। कुछ भी आयात नहीं हुआ।</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 पढ़ी जा रही है</translation>
+    </message>
+    <message>
+        <source>There are no trades in the file.</source>
+        <translation>फ़ाइल में कोई सौदा नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1: %2 shares that were sold are missing</source>
+        <translation>%1: बेचे गए %2 शेयर नहीं हैं</translation>
+    </message>
+    <message>
+        <source>Nothing was saved. %1 lines cannot be saved as they are:
+%2</source>
+        <translation>कुछ भी सहेजा नहीं गया। %1 पंक्तियाँ ऐसे सहेजी नहीं जा सकतीं:
+%2</translation>
+    </message>
+    <message>
+        <source>There is nothing new to save.</source>
+        <translation>सहेजने को कुछ नया नहीं है।</translation>
+    </message>
+    <message>
+        <source>The script code %1 belongs to several scripts, or to none.</source>
+        <translation>स्क्रिप्ट कोड %1 कई स्क्रिप्ट का है, या किसी का नहीं।</translation>
+    </message>
+    <message>
+        <source>The opening stock of %1 is older than these trades: compare it.</source>
+        <translation>%1 का प्रारंभिक स्टॉक इन सौदों से पुराना है: मिलान करें।</translation>
+    </message>
+    <message>
+        <source>Line %1 of %2 is no rule of a layout.</source>
+        <translation>%2 की पंक्ति %1 किसी विन्यास का नियम नहीं है।</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>समय</translation>
+    </message>
+    <message>
+        <source>Purchase or Sale</source>
+        <translation>खरीद या बिक्री</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Price of Purchases</source>
+        <translation>खरीद का भाव</translation>
+    </message>
+    <message>
+        <source>Price of Sales</source>
+        <translation>बिक्री का भाव</translation>
+    </message>
+    <message>
+        <source>Quantity Bought</source>
+        <translation>खरीदी मात्रा</translation>
+    </message>
+    <message>
+        <source>Value Bought</source>
+        <translation>खरीद मूल्य</translation>
+    </message>
+    <message>
+        <source>Quantity Sold</source>
+        <translation>बेची मात्रा</translation>
+    </message>
+    <message>
+        <source>Value Sold</source>
+        <translation>बिक्री मूल्य</translation>
+    </message>
+    <message>
+        <source>Symbol (NSE)</source>
+        <translation>प्रतीक (NSE)</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Script Code (BSE)</source>
+        <translation>स्क्रिप्ट कोड (BSE)</translation>
+    </message>
+    <message>
+        <source>Token of the Exchange</source>
+        <translation>एक्सचेंज का टोकन</translation>
+    </message>
+    <message>
+        <source>The Broker&apos;s Own Code</source>
+        <translation>ब्रोकर का अपना कोड</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Segment</source>
+        <translation>खंड</translation>
+    </message>
+    <message>
+        <source>Series</source>
+        <translation>सीरीज़</translation>
+    </message>
+    <message>
+        <source>Trade No.</source>
+        <translation>सौदा नं.</translation>
+    </message>
+    <message>
+        <source>Order No.</source>
+        <translation>ऑर्डर नं.</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Settlement No.</source>
+        <translation>सेटलमेंट सं.</translation>
+    </message>
+    <message>
+        <source>Demat Account</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Brokerage a Share</source>
+        <translation>प्रति शेयर दलाली</translation>
+    </message>
+    <message>
+        <source>Brokerage with Tax</source>
+        <translation>कर सहित दलाली</translation>
+    </message>
+    <message>
+        <source>All Charges in One Sum</source>
+        <translation>सभी प्रभार एक राशि में</translation>
+    </message>
+    <message>
+        <source>Goods and Services Tax</source>
+        <translation>वस्तु एवं सेवा कर</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Exchange Charges</source>
+        <translation>एक्सचेंज प्रभार</translation>
+    </message>
+    <message>
+        <source>SEBI Fee</source>
+        <translation>सेबी शुल्क</translation>
+    </message>
+    <message>
+        <source>Stamp Duty</source>
+        <translation>स्टाम्प शुल्क</translation>
+    </message>
+    <message>
+        <source>Other Charges</source>
+        <translation>अन्य शुल्क</translation>
+    </message>
+    <message>
+        <source>All Charges but Brokerage</source>
+        <translation>दलाली छोड़कर सभी प्रभार</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>नया</translation>
+    </message>
+    <message>
+        <source>Taken In Already</source>
+        <translation>पहले से आयात</translation>
+    </message>
+    <message>
+        <source>Probably Entered by Hand</source>
+        <translation>शायद हाथ से दर्ज</translation>
+    </message>
+    <message>
+        <source>Script to be Confirmed</source>
+        <translation>स्क्रिप्ट की पुष्टि करें</translation>
+    </message>
+    <message>
+        <source>Unknown Script</source>
+        <translation>अज्ञात स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>Shares are Missing</source>
+        <translation>शेयर कम हैं</translation>
+    </message>
+    <message>
+        <source>Looking through the Trades</source>
+        <translation>सौदे जाँचे जा रहे हैं</translation>
     </message>
 </context>
 <context>
@@ -2974,6 +4016,133 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::change_log::FrmChangeLog</name>
+    <message>
+        <source>Log of Changes</source>
+        <translation>बदलावों का लॉग</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>बदलाव</translation>
+    </message>
+    <message>
+        <source>No.</source>
+        <translation>सं.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>समय</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>उपयोगकर्ता</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>कंप्यूटर</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>क्या</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>वर्ष</translation>
+    </message>
+    <message>
+        <source>Takes Back</source>
+        <translation>वापस लेता है</translation>
+    </message>
+    <message>
+        <source>Before and after</source>
+        <translation>पहले और बाद</translation>
+    </message>
+    <message>
+        <source>Of</source>
+        <translation>किसका</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मान</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>पहले</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>बाद</translation>
+    </message>
+    <message>
+        <source>E&amp;xport and Remove Old Entries ...</source>
+        <translation>पुरानी प्रविष्टियाँ निर्यात कर हटाएँ (&amp;X) ...</translation>
+    </message>
+    <message>
+        <source>Writes the entries before the first day to a file and removes them</source>
+        <translation>पहले दिन से पहले की प्रविष्टियाँ फ़ाइल में लिखकर हटाता है</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>तारीख़ से (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To</source>
+        <translation>तारीख़ तक (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;User</source>
+        <translation>उपयोगकर्ता (&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;What</source>
+        <translation>क्या (&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Client</source>
+        <translation>क्लाइंट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Show</source>
+        <translation>दिखाएँ (&amp;S)</translation>
+    </message>
+    <message>
+        <source>There is no such change.</source>
+        <translation>ऐसा कोई बदलाव नहीं है।</translation>
+    </message>
+    <message>
+        <source>The newest %1 changes; choose days, a user or a client for others.</source>
+        <translation>सबसे नए %1 बदलाव; अन्य के लिए दिन, उपयोगकर्ता या ग्राहक चुनें।</translation>
+    </message>
+    <message>
+        <source>%1 changes</source>
+        <translation>%1 बदलाव</translation>
+    </message>
+    <message>
+        <source>Enter Proper Date.</source>
+        <translation>सही तारीख़ भरें।</translation>
+    </message>
+    <message>
+        <source>Enter the Day before which Entries are Removed.</source>
+        <translation>वह दिन दर्ज करें जिससे पहले की प्रविष्टियाँ हटानी हैं।</translation>
+    </message>
+    <message>
+        <source>The entries before %1 are in %2. Remove them from the log?</source>
+        <translation>%1 से पहले की प्रविष्टियाँ %2 में हैं। उन्हें लॉग से हटाएँ?</translation>
+    </message>
+    <message>
+        <source>%1 Entries were Removed.</source>
+        <translation>%1 प्रविष्टियाँ हटाई गईं।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::charts::ChartPane</name>
     <message>
         <source>The chart as a table</source>
@@ -3260,6 +4429,13 @@ Save this one, too?</source>
     <message>
         <source>Enter Proper Date.</source>
         <translation>सही तारीख़ भरें।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::controls::EditWatch</name>
+    <message>
+        <source>%1 changed this record on %2 at %3. Saving shows what differs.</source>
+        <translation>%1 ने %2 पर %3 को यह रिकॉर्ड बदला। सहेजने पर अंतर दिखेगा।</translation>
     </message>
 </context>
 <context>
@@ -3575,6 +4751,14 @@ Save this one, too?</source>
     <message>
         <source>Dividend</source>
         <translation>लाभांश</translation>
+    </message>
+    <message>
+        <source>From State&amp;ment ...</source>
+        <translation>विवरण से (&amp;M) ...</translation>
+    </message>
+    <message>
+        <source>Compares holdings with a depository&apos;s statement, which suggests actions that are missing</source>
+        <translation>होल्डिंग का डिपॉज़िटरी के विवरण से मिलान करता है, जिससे छूटी हुई कार्रवाइयों का संकेत मिलता है</translation>
     </message>
 </context>
 <context>
@@ -3933,37 +5117,19 @@ Save this one, too?</source>
     <name>quorvane::fair_values::FrmFairValue</name>
     <message>
         <source>Fair Values of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उचित मूल्य</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Take from &amp;File ...</source>
-        <translation>फ़ाइल से लें (&amp;F) ...</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Highest prices of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उच्चतम भाव</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;Update</source>
         <translation>सहेजें (&amp;U)</translation>
-    </message>
-    <message>
-    <name>quorvane::home::FrmFigures</name>
-    <message>
-        <source>Gains of the Year</source>
-        <translation>वर्ष का लाभ</translation>
-    </message>
-    <message>
-        <source>Holdings of Today</source>
-        <translation>आज की धारिता</translation>
-    </message>
-    <message>
-        <source>&amp;Open</source>
-        <translation>खोलें (&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Back</source>
-        <translation>पीछे (&amp;B)</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
@@ -3971,15 +5137,15 @@ Save this one, too?</source>
     </message>
     <message>
         <source>A daily price file of 31-Jan-2018 of the Bombay or the National exchange: of each scrip the higher price counts</source>
-        <translation>बॉम्बे या नेशनल एक्सचेंज की 31-Jan-2018 की दैनिक भाव फ़ाइल: हर शेयर का ऊँचा भाव गिना जाता है</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Scrips acquired up to that day</source>
-        <translation>उस दिन तक लिए गए शेयर</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Of these, without a value</source>
-        <translation>इनमें से बिना मूल्य वाले</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>All scrips</source>
@@ -4003,11 +5169,74 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Held Then</source>
-        <translation>तब थे</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Stored Rate</source>
         <translation>सहेजा हुआ भाव</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Files of the exchanges (*.csv *.CSV *.zip *.xls *.xlsx *.ods)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file %1 does not tell its day. Are its prices of %2?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 values are new, %2 are higher than before, %3 stay. %4 rows of the file belong to no scrip. Nothing is saved before Update.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No shares are recorded that were acquired up to %1. Choose All scrips to enter values for later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of the %2 scrips that were acquired up to %3 have a value: the highest price quoted on that day, in rupees a share.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>Update Successfully!</source>
+        <translation>सफलतापूर्वक सहेजा गया!</translation>
+    </message>
+    <message>
+        <source>The values are not saved. Close without saving them?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::home::FrmFigures</name>
+    <message>
+        <source>Gains of the Year</source>
+        <translation>वर्ष का लाभ</translation>
+    </message>
+    <message>
+        <source>Holdings of Today</source>
+        <translation>आज की धारिता</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>खोलें (&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>पीछे (&amp;B)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -4068,42 +5297,6 @@ Save this one, too?</source>
     <message>
         <source>Rate</source>
         <translation>भाव</translation>
-    </message>
-    <message>
-        <source>Files of the exchanges (*.csv *.CSV *.zip *.xls *.xlsx *.ods)</source>
-        <translation>एक्सचेंजों की फ़ाइलें (*.csv *.CSV *.zip *.xls *.xlsx *.ods)</translation>
-    </message>
-    <message>
-        <source>All Files (*)</source>
-        <translation>सभी फ़ाइलें (*)</translation>
-    </message>
-    <message>
-        <source>The file %1 does not tell its day. Are its prices of %2?</source>
-        <translation>फ़ाइल %1 अपना दिन नहीं बताती। क्या उसके भाव %2 के हैं?</translation>
-    </message>
-    <message>
-        <source>%1 values are new, %2 are higher than before, %3 stay. %4 rows of the file belong to no scrip. Nothing is saved before Update.</source>
-        <translation>%1 मूल्य नए हैं, %2 पहले से ऊँचे हैं, %3 वही रहे। फ़ाइल की %4 पंक्तियाँ किसी शेयर की नहीं हैं। &apos;सहेजें&apos; से पहले कुछ नहीं सहेजा जाता।</translation>
-    </message>
-    <message>
-        <source>No shares are recorded that were acquired up to %1. Choose All scrips to enter values for later.</source>
-        <translation>%1 तक लिए गए कोई शेयर दर्ज नहीं हैं। आगे के लिए मूल्य भरने हों तो &apos;सभी शेयर&apos; चुनें।</translation>
-    </message>
-    <message>
-        <source>%1 of the %2 scrips that were acquired up to %3 have a value: the highest price quoted on that day, in rupees a share.</source>
-        <translation>%3 तक लिए गए %2 शेयरों में से %1 के मूल्य हैं: उस दिन का उच्चतम भाव, रुपये प्रति शेयर।</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>हाँ</translation>
-    </message>
-    <message>
-        <source>Update Successfully!</source>
-        <translation>सफलतापूर्वक सहेजा गया!</translation>
-    </message>
-    <message>
-        <source>The values are not saved. Close without saving them?</source>
-        <translation>मूल्य सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
     <message>
         <source>Rate of</source>
@@ -4902,6 +6095,213 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::notes::ImpNotes</name>
+    <message>
+        <source>Contract Notes</source>
+        <translation>अनुबंध नोट</translation>
+    </message>
+    <message>
+        <source>Contract notes in the files</source>
+        <translation>फ़ाइलों के अनुबंध नोट</translation>
+    </message>
+    <message>
+        <source>Note No.</source>
+        <translation>नोट संख्या</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Broker</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Net Amount</source>
+        <translation>शुद्ध राशि</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>फ़ाइल</translation>
+    </message>
+    <message>
+        <source>Lines of the chosen note</source>
+        <translation>चुने हुए नोट की पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>S/P</source>
+        <translation>S/P</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>STT</source>
+        <translation>एसटीटी</translation>
+    </message>
+    <message>
+        <source>Delivery</source>
+        <translation>डिलीवरी</translation>
+    </message>
+    <message>
+        <source>C&amp;lient</source>
+        <translation>ग्राहक (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c No.</source>
+        <translation>डीमैट खाता संख्या (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker</source>
+        <translation>ब्रोकर (&amp;B)</translation>
+    </message>
+    <message>
+        <source>Only for notes that do not have the broker&apos;s name as it is entered</source>
+        <translation>केवल उन नोटों के लिए जिन पर ब्रोकर का नाम दर्ज नाम जैसा नहीं है</translation>
+    </message>
+    <message>
+        <source>&amp;Exchange</source>
+        <translation>एक्सचेंज (&amp;E)</translation>
+    </message>
+    <message>
+        <source>For notes that name none; NSE without a choice</source>
+        <translation>जिन नोटों पर एक्सचेंज नहीं लिखा है उनके लिए; न चुनने पर NSE</translation>
+    </message>
+    <message>
+        <source>Pass&amp;word</source>
+        <translation>पासवर्ड (&amp;W)</translation>
+    </message>
+    <message>
+        <source>the client&apos;s PAN is tried by itself</source>
+        <translation>ग्राहक का पैन अपने आप आज़माया जाता है</translation>
+    </message>
+    <message>
+        <source>Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>&amp;Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Assign</source>
+        <translation>सौंपें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>The script is known by this ISIN from now on</source>
+        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
+    </message>
+    <message>
+        <source>&amp;New Script ...</source>
+        <translation>नई स्क्रिप्ट (&amp;N) ...</translation>
+    </message>
+    <message>
+        <source>Opens the scripts, to enter the one with this ISIN</source>
+        <translation>इस ISIN वाली स्क्रिप्ट दर्ज करने के लिए स्क्रिप्ट खोलता है</translation>
+    </message>
+    <message>
+        <source>Add a &amp;File ...</source>
+        <translation>फ़ाइल जोड़ें (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>&amp;Take Ticked In</source>
+        <translation>चिह्नित लें (&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear the List</source>
+        <translation>सूची ख़ाली करें (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Select Client.</source>
+        <translation>ग्राहक चुनें।</translation>
+    </message>
+    <message>
+        <source>Select Demat A/c No.</source>
+        <translation>डीमैट खाता सं. चुनें।</translation>
+    </message>
+    <message>
+        <source>Contract Notes (*.pdf);;All Files (*)</source>
+        <translation>अनुबंध नोट (*.pdf);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>ख़</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <translation>बि</translation>
+    </message>
+    <message>
+        <source>Non Delivery Based</source>
+        <translation>बिना डिलीवरी</translation>
+    </message>
+    <message>
+        <source>Delivery Based</source>
+        <translation>डिलीवरी आधारित</translation>
+    </message>
+    <message>
+        <source>Choose contract notes in PDF, as brokers send them by e-mail.</source>
+        <translation>PDF में अनुबंध नोट चुनें, जैसे ब्रोकर ई-मेल से भेजते हैं।</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>पढ़ा नहीं गया</translation>
+    </message>
+    <message>
+        <source>Obligation %1, exchange charges %2, tax %3, STT %4, SEBI fee, stamp duty and others %5; net amount %6.</source>
+        <translation>देयता %1, एक्सचेंज शुल्क %2, कर %3, एसटीटी %4, सेबी शुल्क, स्टांप शुल्क और अन्य %5; शुद्ध राशि %6।</translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>Replace the Recorded Bills %1 by these Notes?</source>
+        <translation>दर्ज बिल %1 को इन नोटों से बदलें?</translation>
+    </message>
+    <message>
+        <source>Tick a Note.</source>
+        <translation>कोई नोट चिह्नित करें।</translation>
+    </message>
+    <message>
+        <source>%1 Bills are Recorded.</source>
+        <translation>%1 बिल दर्ज किए गए।</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::opening_stock::FrmStkOpBalance</name>
     <message>
         <source>Stock Opening Balance</source>
@@ -5115,6 +6515,314 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::portfolio::ColumnPane</name>
+    <message>
+        <source>(not read)</source>
+        <translation>(नहीं पढ़ा जाता)</translation>
+    </message>
+    <message>
+        <source>The headings of this file are not known yet. Choose what its columns mean; the trades below show how it is then read. The choice is kept for the next file.</source>
+        <translation>इस फ़ाइल के शीर्षक अभी ज्ञात नहीं हैं। स्तंभों का अर्थ चुनें; नीचे के सौदे दिखाते हैं कि फ़ाइल कैसे पढ़ी जाएगी। चुनाव अगली फ़ाइल के लिए याद रहता है।</translation>
+    </message>
+    <message>
+        <source>Columns of the file</source>
+        <translation>फ़ाइल के स्तंभ</translation>
+    </message>
+    <message>
+        <source>Heading</source>
+        <translation>शीर्षक</translation>
+    </message>
+    <message>
+        <source>First Row</source>
+        <translation>पहली पंक्ति</translation>
+    </message>
+    <message>
+        <source>Second Row</source>
+        <translation>दूसरी पंक्ति</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>अर्थ</translation>
+    </message>
+    <message>
+        <source>First trades of the file</source>
+        <translation>फ़ाइल के पहले सौदे</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Exchange</source>
+        <translation>एक्सचेंज</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>Purchase or Sale</source>
+        <translation>खरीद या बिक्री</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>&amp;Month before Day</source>
+        <translation>दिन से पहले महीना (&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Use these Columns</source>
+        <translation>ये स्तंभ लें (&amp;U)</translation>
+    </message>
+    <message>
+        <source>Still missing: %1</source>
+        <translation>अभी बाकी: %1</translation>
+    </message>
+    <message>
+        <source>%1 trades in the first %2 rows.</source>
+        <translation>पहली %2 पंक्तियों में %1 सौदे।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::portfolio::ImpTrades</name>
+    <message>
+        <source>Trade Books of Brokers</source>
+        <translation>ब्रोकरों की ट्रेड बुक</translation>
+    </message>
+    <message>
+        <source>&amp;Files ...</source>
+        <translation>फ़ाइलें (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>Trade books: .csv, .xlsx, .xls or .ods; several files at once</source>
+        <translation>ट्रेड बुक: .csv, .xlsx, .xls या .ods; एक साथ कई फ़ाइलें</translation>
+    </message>
+    <message>
+        <source>S&amp;cript</source>
+        <translation>स्क्रिप्ट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Assi&amp;gn</source>
+        <translation>जोड़ें (&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;New Script</source>
+        <translation>नई स्क्रिप्ट (&amp;N)</translation>
+    </message>
+    <message>
+        <source>The trades of the current line&apos;s script are trades of the chosen one</source>
+        <translation>वर्तमान पंक्ति की स्क्रिप्ट के सौदे चुनी हुई स्क्रिप्ट के सौदे हैं</translation>
+    </message>
+    <message>
+        <source>The current line&apos;s script is recorded with the trades</source>
+        <translation>वर्तमान पंक्ति की स्क्रिप्ट सौदों के साथ दर्ज होती है</translation>
+    </message>
+    <message>
+        <source>Confirm &amp;Probable Scripts</source>
+        <translation>संभावित स्क्रिप्ट पक्की करें (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Look Again</source>
+        <translation>फिर जाँचें (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Ticked</source>
+        <translation>चुने हुए सहेजें (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Exit</source>
+        <translation>बंद करें (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Trade Books (*.csv *.xlsx *.xls *.ods *.zip);;All Files (*)</source>
+        <translation>ट्रेड बुक (*.csv *.xlsx *.xls *.ods *.zip);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>%1 bills with %2 lines would be saved.</source>
+        <translation>%2 पंक्तियों के %1 बिल सहेजे जाएँगे।</translation>
+    </message>
+    <message>
+        <source>%1 lots are carried forward.</source>
+        <translation>%1 लॉट आगे ले जाए जाते हैं।</translation>
+    </message>
+    <message>
+        <source>Choose the demat account that the trades belong to.</source>
+        <translation>सौदों का डीमैट खाता चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose the broker of the trades.</source>
+        <translation>सौदों का ब्रोकर चुनें।</translation>
+    </message>
+    <message>
+        <source>Nothing to save yet.</source>
+        <translation>अभी सहेजने को कुछ नहीं।</translation>
+    </message>
+    <message>
+        <source>Choose the trade books of a broker, and the demat account and broker that they belong to.</source>
+        <translation>ब्रोकर की ट्रेड बुक चुनें, और उनका डीमैट खाता व ब्रोकर।</translation>
+    </message>
+    <message>
+        <source>Choose a line of the script.</source>
+        <translation>स्क्रिप्ट की एक पंक्ति चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose the script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>The script of this line is known.</source>
+        <translation>इस पंक्ति की स्क्रिप्ट ज्ञात है।</translation>
+    </message>
+    <message>
+        <source>Record all %1 unknown scripts as new?
+
+No records only that of the current line.</source>
+        <translation>सभी %1 अज्ञात स्क्रिप्ट नई दर्ज करें?
+
+&quot;नहीं&quot; केवल वर्तमान पंक्ति की दर्ज करता है।</translation>
+    </message>
+    <message>
+        <source>%1 Trades are Saved in %2 Bills.</source>
+        <translation>%2 बिलों में %1 सौदे सहेजे गए।</translation>
+    </message>
+    <message>
+        <source>%1 Scripts are New.</source>
+        <translation>%1 स्क्रिप्ट नई हैं।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::portfolio::LinesPane</name>
+    <message>
+        <source>Probably %1</source>
+        <translation>शायद %1</translation>
+    </message>
+    <message>
+        <source>%1 shares are missing on %2</source>
+        <translation>%2 को %1 शेयर कम हैं</translation>
+    </message>
+    <message>
+        <source>New script</source>
+        <translation>नई स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>Bill lines that the trades make</source>
+        <translation>सौदों से बनी बिल की पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Exch.</source>
+        <translation>एक्स.</translation>
+    </message>
+    <message>
+        <source>Script</source>
+        <translation>स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>P/S</source>
+        <translation>ख/बि</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Brokerage</source>
+        <translation>दलाली</translation>
+    </message>
+    <message>
+        <source>S.Tax</source>
+        <translation>सेवा कर सहित</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Delivery</source>
+        <translation>डिलीवरी</translation>
+    </message>
+    <message>
+        <source>Bill No.</source>
+        <translation>बिल सं.</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>All lines</source>
+        <translation>सभी पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>To be saved</source>
+        <translation>सहेजी जाएँगी</translation>
+    </message>
+    <message>
+        <source>To be settled</source>
+        <translation>तय करनी हैं</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>छोड़ी गईं</translation>
+    </message>
+    <message>
+        <source>Sho&amp;w</source>
+        <translation>दिखाएँ (&amp;W)</translation>
+    </message>
+    <message>
+        <source>%1 new, %2 taken in already, %3 probably entered by hand, %4 of scripts to be settled, %5 without shares. %6</source>
+        <translation>%1 नई, %2 पहले से आयात, %3 शायद हाथ से दर्ज, %4 की स्क्रिप्ट तय करनी है, %5 बिना शेयर। %6</translation>
+    </message>
+    <message>
+        <source>This trade is taken in already; correct its bill.</source>
+        <translation>यह सौदा पहले से आयात है; उसका बिल ठीक करें।</translation>
+    </message>
+    <message>
+        <source>Quantity and rate are above 0.</source>
+        <translation>मात्रा और भाव 0 से अधिक हों।</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::portfolio::TargetPane</name>
+    <message>
+        <source>Of trades whose file names none</source>
+        <translation>उन सौदों का जिनकी फ़ाइल एक्सचेंज नहीं बताती</translation>
+    </message>
+    <message>
+        <source>&amp;Join Fills of an Order</source>
+        <translation>एक ऑर्डर के सौदे जोड़ें (&amp;J)</translation>
+    </message>
+    <message>
+        <source>&amp;Account</source>
+        <translation>खाता (&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Broker</source>
+        <translation>ब्रोकर (&amp;B)</translation>
+    </message>
+    <message>
+        <source>E&amp;xchange</source>
+        <translation>एक्सचेंज (&amp;X)</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::profit::RptProfitStatement</name>
     <message>
         <source>Capital Gain Statement</source>
@@ -5281,6 +6989,201 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
+    <name>quorvane::reconcile::FrmReconcile</name>
+    <message>
+        <source>Compare with Statement</source>
+        <translation>विवरण से मिलान</translation>
+    </message>
+    <message>
+        <source>Select Client.</source>
+        <translation>ग्राहक चुनें।</translation>
+    </message>
+    <message>
+        <source>Statements (*.pdf *.csv *.xlsx *.xls *.ods);;All Files (*)</source>
+        <translation>विवरण (*.pdf *.csv *.xlsx *.xls *.ods);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>%1, as on %2: %3 of %4 holdings do not agree.</source>
+        <translation>%1, %2 को: %4 में से %3 होल्डिंग नहीं मिलतीं।</translation>
+    </message>
+    <message>
+        <source>%1 is not compared.</source>
+        <translation>%1 का मिलान नहीं हुआ।</translation>
+    </message>
+    <message>
+        <source>Opening Stock without Cost</source>
+        <translation>बिना लागत का आरंभिक स्टॉक</translation>
+    </message>
+    <message>
+        <source>Opening Stock without Cost (%1)</source>
+        <translation>बिना लागत का आरंभिक स्टॉक (%1)</translation>
+    </message>
+    <message>
+        <source>Select Script.</source>
+        <translation>स्क्रिप्ट चुनें।</translation>
+    </message>
+    <message>
+        <source>Take the Quantities of the Statement In as Opening Stock of %1?</source>
+        <translation>विवरण की मात्राएँ %1 के आरंभिक स्टॉक के रूप में लें?</translation>
+    </message>
+    <message>
+        <source>%1 Opening Lots are Taken In. Enter the Cost and the Day of Purchase of Each.</source>
+        <translation>%1 आरंभिक लॉट लिए गए। प्रत्येक की लागत और ख़रीद की तारीख़ दर्ज करें।</translation>
+    </message>
+    <message>
+        <source>Choose a Statement First.</source>
+        <translation>पहले कोई विवरण चुनें।</translation>
+    </message>
+    <message>
+        <source>Choose a statement of holdings of the depository or of its participant: PDF, comma separated text or workbook.</source>
+        <translation>डिपॉज़िटरी या उसके प्रतिभागी का होल्डिंग विवरण चुनें: PDF, CSV या वर्कबुक।</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>मिलान</translation>
+    </message>
+    <message>
+        <source>Opening stock that has no cost yet</source>
+        <translation>आरंभिक स्टॉक जिसकी लागत अभी नहीं है</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>वर्ष</translation>
+    </message>
+    <message>
+        <source>Demat A/c No.</source>
+        <translation>डीमैट खाता सं.</translation>
+    </message>
+    <message>
+        <source>Script Name</source>
+        <translation>शेयर का नाम</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Enter &amp;Cost and Day</source>
+        <translation>लागत और तारीख़ दर्ज करें (&amp;C)</translation>
+    </message>
+    <message>
+        <source>C&amp;lient</source>
+        <translation>ग्राहक (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c No.</source>
+        <translation>डीमैट खाता संख्या (&amp;D)</translation>
+    </message>
+    <message>
+        <source>Only for a statement that names no account</source>
+        <translation>केवल उस विवरण के लिए जिसमें खाता नहीं लिखा है</translation>
+    </message>
+    <message>
+        <source>As O&amp;n</source>
+        <translation>तारीख़ को (&amp;N)</translation>
+    </message>
+    <message>
+        <source>Only for a statement that names no day, or to compare with another one</source>
+        <translation>केवल उस विवरण के लिए जिसमें तारीख़ नहीं है, या दूसरी तारीख़ से मिलान के लिए</translation>
+    </message>
+    <message>
+        <source>Pass&amp;word</source>
+        <translation>पासवर्ड (&amp;W)</translation>
+    </message>
+    <message>
+        <source>the client&apos;s PAN is tried by itself</source>
+        <translation>ग्राहक का पैन अपने आप आज़माया जाता है</translation>
+    </message>
+    <message>
+        <source>Only D&amp;ifferences</source>
+        <translation>केवल अंतर (&amp;I)</translation>
+    </message>
+    <message>
+        <source>Holdings in the books and in the statement</source>
+        <translation>बहियों और विवरण में होल्डिंग</translation>
+    </message>
+    <message>
+        <source>In the Books</source>
+        <translation>बहियों में</translation>
+    </message>
+    <message>
+        <source>In the Statement</source>
+        <translation>विवरण में</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>अंतर</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>परिणाम</translation>
+    </message>
+    <message>
+        <source>Likely Cause</source>
+        <translation>संभावित कारण</translation>
+    </message>
+    <message>
+        <source>ISIN</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>Open the Ca&amp;use</source>
+        <translation>कारण खोलें (&amp;U)</translation>
+    </message>
+    <message>
+        <source>The bill, the transfer, or the corporate action, ready to be entered</source>
+        <translation>बिल, अंतरण, या दर्ज करने के लिए तैयार कॉर्पोरेट कार्रवाई</translation>
+    </message>
+    <message>
+        <source>Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट</translation>
+    </message>
+    <message>
+        <source>&amp;Script of the ISIN</source>
+        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Assign</source>
+        <translation>सौंपें (&amp;A)</translation>
+    </message>
+    <message>
+        <source>The script is known by this ISIN from now on</source>
+        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
+    </message>
+    <message>
+        <source>From &amp;File ...</source>
+        <translation>फ़ाइल से (&amp;F) ...</translation>
+    </message>
+    <message>
+        <source>Reads a statement</source>
+        <translation>विवरण पढ़ता है</translation>
+    </message>
+    <message>
+        <source>Co&amp;mpare Again</source>
+        <translation>फिर मिलान करें (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Reads the same statement and the books once more</source>
+        <translation>वही विवरण और बहियाँ फिर पढ़ता है</translation>
+    </message>
+    <message>
+        <source>Take In as Openin&amp;g Stock</source>
+        <translation>आरंभिक स्टॉक के रूप में लें (&amp;G)</translation>
+    </message>
+    <message>
+        <source>For a new client: quantities from the statement, cost and day to be filled in later</source>
+        <translation>नए ग्राहक के लिए: मात्राएँ विवरण से, लागत और तारीख़ बाद में</translation>
+    </message>
+    <message>
+        <source>Out&amp;put</source>
+        <translation>आउटपुट (&amp;P)</translation>
+    </message>
+    <message>
+        <source>Pages, Word, Excel, PDF and CSV</source>
+        <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
+    </message>
+</context>
+<context>
     <name>quorvane::repair::RepairTable</name>
     <message>
         <source>In order</source>
@@ -5419,6 +7322,14 @@ Lots changed: %1</source>
     <message>
         <source>Copies of a record, equal in every field, that were removed: %1</source>
         <translation>किसी रिकॉर्ड की हर फ़ील्ड में समान प्रतियाँ जो हटाई गईं: %1</translation>
+    </message>
+    <message>
+        <source>Log of Changes</source>
+        <translation>बदलावों का लॉग</translation>
+    </message>
+    <message>
+        <source>The log of changes was edited by other means: %1</source>
+        <translation>बदलावों का लॉग अन्य साधन से बदला गया: %1</translation>
     </message>
 </context>
 <context>
@@ -6070,11 +7981,11 @@ Lots changed: %1</source>
     <name>quorvane::tax_losses::FrmTaxLoss</name>
     <message>
         <source>Losses Brought Forward</source>
-        <translation>आगे लाई गई हानियाँ</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Losses of earlier years</source>
-        <translation>पिछले वर्षों की हानियाँ</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Add Ro&amp;w</source>
@@ -6082,7 +7993,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>&amp;Delete Row</source>
-        <translation>पंक्ति हटाएँ (&amp;D)</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>&amp;Update</source>
@@ -6094,15 +8005,15 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>What is left of losses of earlier years when %1 begins, as in the return of the year before.</source>
-        <translation>%1 के आरंभ में पिछले वर्षों की हानियों में से जो शेष है, जैसा पिछले वर्ष की विवरणी में है।</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Year of the Loss</source>
-        <translation>हानि का वर्ष</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Kind</source>
-        <translation>प्रकार</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Amount</source>
@@ -6110,7 +8021,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>No loss is brought forward into %1. Add Row enters one.</source>
-        <translation>%1 में कोई हानि आगे नहीं लाई गई है। &apos;पंक्ति जोड़ें&apos; से दर्ज करें।</translation>
+        <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Update Successfully!</source>
@@ -6118,7 +8029,94 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>The losses are not saved. Close without saving them?</source>
-        <translation>हानियाँ सहेजी नहीं गई हैं। क्या बिना सहेजे बंद करें?</translation>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::tax_year::RptTaxYear</name>
+    <message>
+        <source>Tax Year</source>
+        <translation>कर वर्ष</translation>
+    </message>
+    <message>
+        <source>Whose</source>
+        <translation>किसका</translation>
+    </message>
+    <message>
+        <source>&amp;Client</source>
+        <translation>क्लाइंट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Family</source>
+        <translation>परिवार (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Schedule 112&amp;A...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The upload file of schedule 112A of the return, of the client</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What stands before filing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Open the Window That Mends It</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>परिवार</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>खोलें</translation>
+    </message>
+    <message>
+        <source>Hint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check List (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Report: what stands before filing is then listed here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands before filing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The losses that %1 leaves are not brought forward into %2. Bring them forward now?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The check list has %1 open points, so the figures may be wrong. Write the file all the same?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved as %1.</source>
+        <translation>%1 के रूप में सहेजा गया।</translation>
     </message>
 </context>
 <context>
@@ -6321,6 +8319,10 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Do you want to take BackUp of Database?</source>
         <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
+    </message>
+    <message>
+        <source>Save or Cancel the Record that is being Entered First.</source>
+        <translation>पहले दर्ज हो रहे रिकॉर्ड को सहेजें या रद्द करें।</translation>
     </message>
     <message>
         <source>This record is not there any more.</source>
@@ -6535,6 +8537,42 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>E&amp;xit</source>
         <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>May</source>
+        <translation>अधिकार</translation>
+    </message>
+    <message>
+        <source>En&amp;ter and change</source>
+        <translation>दर्ज करना और बदलना (&amp;T)</translation>
+    </message>
+    <message>
+        <source>D&amp;elete records</source>
+        <translation>रिकॉर्ड हटाना (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Ad&amp;minister</source>
+        <translation>प्रशासन (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Beside looking, may</source>
+        <translation>देखने के अलावा</translation>
+    </message>
+    <message>
+        <source>enter</source>
+        <translation>दर्ज</translation>
+    </message>
+    <message>
+        <source>delete</source>
+        <translation>हटाना</translation>
+    </message>
+    <message>
+        <source>administer</source>
+        <translation>प्रशासन</translation>
+    </message>
+    <message>
+        <source>only look</source>
+        <translation>केवल देखना</translation>
     </message>
 </context>
 </TS>

@@ -229,6 +229,10 @@ class Trades(Case):
         self.assertIn(" 1 trades", self.trades(self.file(book(grown))))
         self.assertEqual("501", self.counts()[2])
         self.check_is_well(self.desk)
+        exported = self.desk.export()
+        again = self.new_desk()
+        again.take_in(write(self.new_folder(), exported))
+        self.assert_same_files(exported, again.export())
 
     def test_files_of_several_years_and_kinds_come_in_oldest_first(self):
         trades = made_up(60, 7)

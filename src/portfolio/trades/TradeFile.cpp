@@ -1,5 +1,6 @@
 #include "portfolio/trades/TradeFile.h"
 
+#include "core/text/Csv.h"
 #include "portfolio/trades/TradeRows.h"
 
 #include <QFile>
@@ -23,17 +24,22 @@ std::string Plain(std::string_view number) {
   return plain;
 }
 
-/// What a file ends with; 0 for one that cannot be read or is a workbook or an archive.
-char LastByte(const QString& path) {
+/// The text behind the last line end of a file; empty for one that cannot be read, for workbooks,
+/// archives, and text in two bytes a letter.
+std::string UnendedLine(const QString& path) {
+  constexpr qint64 kLongest = 64 << 10;
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly) || file.size() == 0) {
-    return 0;
+  if (!file.open(QIODevice::ReadOnly)) {
+    return {};
   }
   const QByteArray first = file.peek(2);
-  const bool packed = first == "PK" || first == "\xD0\xCF";
-  file.seek(file.size() - 1);
-  char last = 0;
-  return !packed && file.getChar(&last) ? last : '\0';
+  if (first == "PK" || first == "\xD0\xCF") {
+    return {};
+  }
+  file.seek(std::max<qint64>(0, file.size() - kLongest));
+  const std::string end = file.readAll().toStdString();
+  const bool two_bytes = end.find('\0') != std::string::npos;
+  return two_bytes ? std::string() : end.substr(end.find_last_of("\r\n") + 1);
 }
 
 /// The places of `added` among `names`, those that are new put at the end.
@@ -102,15 +108,21 @@ TradeFile TradesIn(const files::TextTable& table, const FoundHeader& header,
 }
 
 bool EndsWithinRow(const QString& path, const files::TextTable& table, const FoundHeader& header) {
-  const char last = LastByte(path);
-  if (last == 0 || last == '\n' || last == '\r' || table.rows.size() <= header.row + 1) {
+  const std::string line = UnendedLine(path);
+  if (line.empty() || table.rows.size() <= header.row + 1) {
     return false;
   }
-  const std::vector<std::string>& cells = table.rows.back().cells;
-  const std::vector<std::string>& usual = table.rows[table.rows.size() - 2].cells;
-  const bool sentence = cells.size() == 1 && cells.front().find(' ') != std::string::npos;
-  return !sentence && cells.size() < table.rows[header.row].cells.size() &&
-         cells.size() < usual.size();
+  try {
+    text::CsvReader reader(line);
+    if (!reader.Next()) {
+      return false;
+    }
+    const auto& fields = reader.Fields();
+    const bool sentence = fields.size() == 1 && fields.front().find(' ') != std::string::npos;
+    return !sentence && fields.size() < table.rows[header.row].cells.size();
+  } catch (const text::CsvError&) {
+    return true;
+  }
 }
 
 bool IsSameAccount(std::string_view a, std::string_view b) {

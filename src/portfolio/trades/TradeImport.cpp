@@ -122,6 +122,7 @@ class TradePosting {
     }
     RememberScrips(transaction_, target_.broker, confirmed);
     std::vector<quorvane::rates::SeenIsin> seen;
+    seen.reserve(isins.size());
     for (const auto& [scrip, isin] : isins) {
       seen.push_back({scrip, isin});
     }
@@ -330,6 +331,7 @@ class TradePosting {
       }
     }
     std::vector<TakenTrade> taken;
+    taken.reserve(of_trades.size());
     for (const auto& [trade, id] : of_trades) {
       taken.push_back({keys[trade], id});
     }

@@ -315,8 +315,11 @@ void TradeRows::AddTrade(const Moment& moment, Side side, double quantity, doubl
                                              : Meaning::kName,
                 "what names the scrip");
   }
-  if (!trade.quantity) {
-    return Fail(Meaning::kQuantity, "a number of shares");
+  // Larger ones are no trades, and their sums no numbers.
+  constexpr double kMost = 1e9;
+  if (!trade.quantity || quantity > kMost || rate > kMost) {
+    return Fail(map_.Has(Meaning::kQuantity) ? Meaning::kQuantity : Meaning::kBuyQuantity,
+                "a number of shares");
   }
   file_.trades.push_back(std::move(trade));
 }

@@ -181,6 +181,8 @@ class TradeFileTest : public QObject {
     row("cut within a row", head + "A,,2024-01-02,NSE,buy,1,2,T,O\nB,,2024-01-0", {"cut"});
     row("cut after the price", head + "A,,2024-01-02,NSE,buy,1,2,T,O\nB,,2024-01-02,NSE,buy,1,2",
         {"cut"});
+    row("numbers that are missing in the last row",
+        head + "A,,2024-01-02,NSE,buy,1,2,T,O\nB,,2024-01-02,NSE,buy,1,2,,", {});
     row("foot of the page without a line end",
         head + "A,,2024-01-02,NSE,buy,1,2,T,O\nThis report is no contract note.", {});
     row("another account",

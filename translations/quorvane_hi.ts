@@ -865,15 +865,15 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Trade of a Broker&apos;s File</source>
-        <translation type="unfinished"></translation>
+        <translation>ब्रोकर की फ़ाइल का सौदा</translation>
     </message>
     <message>
         <source>Fair Value of 31-Jan-2018</source>
-        <translation type="unfinished"></translation>
+        <translation>31-Jan-2018 का उचित मूल्य</translation>
     </message>
     <message>
         <source>Loss Brought Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>आगे लाई गई हानि</translation>
     </message>
     <message>
         <source>Market Rate</source>
@@ -1069,7 +1069,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Year of the Loss</source>
-        <translation type="unfinished"></translation>
+        <translation>हानि का वर्ष</translation>
     </message>
     <message>
         <source>Rows</source>
@@ -1356,7 +1356,7 @@ Maximum Allowed Value is: %1</source>
     <name>FairValues</name>
     <message>
         <source>A Script was Deleted Meanwhile. Open the Window Again.</source>
-        <translation type="unfinished"></translation>
+        <translation>इस बीच एक शेयर हटा दिया गया। विंडो फिर से खोलें।</translation>
     </message>
 </context>
 <context>
@@ -1991,7 +1991,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>&amp;Tax Year</source>
-        <translation type="unfinished"></translation>
+        <translation>कर वर्ष (&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Broker Account</source>
@@ -2015,11 +2015,11 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>&amp;Fair Values of 31-Jan-2018</source>
-        <translation type="unfinished"></translation>
+        <translation>31-Jan-2018 के उचित मूल्य (&amp;F)</translation>
     </message>
     <message>
         <source>&amp;Losses Brought Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>आगे लाई गई हानियाँ (&amp;L)</translation>
     </message>
     <message>
         <source>&amp;Window</source>
@@ -2510,7 +2510,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>The file holds no highest prices of a day.</source>
-        <translation type="unfinished"></translation>
+        <translation>फ़ाइल में किसी दिन के उच्चतम भाव नहीं हैं।</translation>
     </message>
 </context>
 <context>
@@ -2838,7 +2838,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>Enter a Rate Above Zero, of at Most %1 Rupees.</source>
-        <translation type="unfinished"></translation>
+        <translation>शून्य से अधिक और अधिकतम %1 रुपये का भाव दर्ज करें।</translation>
     </message>
     <message>
         <source>Line %1 of %2 is no dated rate.</source>
@@ -2846,39 +2846,39 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>Line %1 of tax/%2 cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>tax/%2 की पंक्ति %1 पढ़ी नहीं जा सकती।</translation>
     </message>
     <message>
         <source>The tax law of %1 is not in the data of this program.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 का कर कानून इस प्रोग्राम के डेटा में नहीं है।</translation>
     </message>
     <message>
         <source>Enter a Year before %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 से पहले का वर्ष दर्ज करें।</translation>
     </message>
     <message>
         <source>%1: a loss of %2 may be set off up to %3.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 की हानि %3 तक ही समायोजित हो सकती है।</translation>
     </message>
     <message>
         <source>Enter an Amount Above Zero.</source>
-        <translation type="unfinished"></translation>
+        <translation>शून्य से अधिक राशि दर्ज करें।</translation>
     </message>
     <message>
         <source>%1 of %2 is Entered Twice.</source>
-        <translation type="unfinished"></translation>
+        <translation>%2 की %1 दो बार दर्ज है।</translation>
     </message>
     <message>
         <source>Long-Term Capital Loss</source>
-        <translation type="unfinished"></translation>
+        <translation>दीर्घकालिक पूँजी हानि</translation>
     </message>
     <message>
         <source>Short-Term Capital Loss</source>
-        <translation type="unfinished"></translation>
+        <translation>अल्पकालिक पूँजी हानि</translation>
     </message>
     <message>
         <source>Speculation Loss</source>
-        <translation type="unfinished"></translation>
+        <translation>सट्टा हानि</translation>
     </message>
 </context>
 <context>
@@ -5117,15 +5117,15 @@ Save this one, too?</source>
     <name>quorvane::fair_values::FrmFairValue</name>
     <message>
         <source>Fair Values of 31-Jan-2018</source>
-        <translation type="unfinished"></translation>
+        <translation>31-Jan-2018 के उचित मूल्य</translation>
     </message>
     <message>
         <source>Take from &amp;File ...</source>
-        <translation type="unfinished"></translation>
+        <translation>फ़ाइल से लें (&amp;F) ...</translation>
     </message>
     <message>
         <source>Highest prices of 31-Jan-2018</source>
-        <translation type="unfinished"></translation>
+        <translation>31-Jan-2018 के उच्चतम भाव</translation>
     </message>
     <message>
         <source>&amp;Update</source>
@@ -5137,15 +5137,15 @@ Save this one, too?</source>
     </message>
     <message>
         <source>A daily price file of 31-Jan-2018 of the Bombay or the National exchange: of each scrip the higher price counts</source>
-        <translation type="unfinished"></translation>
+        <translation>बॉम्बे या नेशनल एक्सचेंज की 31-Jan-2018 की दैनिक भाव फ़ाइल: हर शेयर का ऊँचा भाव गिना जाता है</translation>
     </message>
     <message>
         <source>Scrips acquired up to that day</source>
-        <translation type="unfinished"></translation>
+        <translation>उस दिन तक लिए गए शेयर</translation>
     </message>
     <message>
         <source>Of these, without a value</source>
-        <translation type="unfinished"></translation>
+        <translation>इनमें से बिना मूल्य वाले</translation>
     </message>
     <message>
         <source>All scrips</source>
@@ -5169,7 +5169,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Held Then</source>
-        <translation type="unfinished"></translation>
+        <translation>तब थे</translation>
     </message>
     <message>
         <source>Stored Rate</source>
@@ -5181,27 +5181,27 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Files of the exchanges (*.csv *.CSV *.zip *.xls *.xlsx *.ods)</source>
-        <translation type="unfinished"></translation>
+        <translation>एक्सचेंजों की फ़ाइलें (*.csv *.CSV *.zip *.xls *.xlsx *.ods)</translation>
     </message>
     <message>
         <source>All Files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>सभी फ़ाइलें (*)</translation>
     </message>
     <message>
         <source>The file %1 does not tell its day. Are its prices of %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>फ़ाइल %1 अपना दिन नहीं बताती। क्या उसके भाव %2 के हैं?</translation>
     </message>
     <message>
         <source>%1 values are new, %2 are higher than before, %3 stay. %4 rows of the file belong to no scrip. Nothing is saved before Update.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 मूल्य नए हैं, %2 पहले से ऊँचे हैं, %3 वही रहे। फ़ाइल की %4 पंक्तियाँ किसी शेयर की नहीं हैं। &apos;सहेजें&apos; से पहले कुछ नहीं सहेजा जाता।</translation>
     </message>
     <message>
         <source>No shares are recorded that were acquired up to %1. Choose All scrips to enter values for later.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 तक लिए गए कोई शेयर दर्ज नहीं हैं। आगे के लिए मूल्य भरने हों तो &apos;सभी शेयर&apos; चुनें।</translation>
     </message>
     <message>
         <source>%1 of the %2 scrips that were acquired up to %3 have a value: the highest price quoted on that day, in rupees a share.</source>
-        <translation type="unfinished"></translation>
+        <translation>%3 तक लिए गए %2 शेयरों में से %1 के मूल्य हैं: उस दिन का उच्चतम भाव, रुपये प्रति शेयर।</translation>
     </message>
     <message>
         <source>Yes</source>
@@ -5213,7 +5213,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>The values are not saved. Close without saving them?</source>
-        <translation type="unfinished"></translation>
+        <translation>मूल्य सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
 </context>
 <context>
@@ -7981,11 +7981,11 @@ Lots changed: %1</source>
     <name>quorvane::tax_losses::FrmTaxLoss</name>
     <message>
         <source>Losses Brought Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>आगे लाई गई हानियाँ</translation>
     </message>
     <message>
         <source>Losses of earlier years</source>
-        <translation type="unfinished"></translation>
+        <translation>पिछले वर्षों की हानियाँ</translation>
     </message>
     <message>
         <source>Add Ro&amp;w</source>
@@ -7993,7 +7993,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>&amp;Delete Row</source>
-        <translation type="unfinished"></translation>
+        <translation>पंक्ति हटाएँ (&amp;D)</translation>
     </message>
     <message>
         <source>&amp;Update</source>
@@ -8005,15 +8005,15 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>What is left of losses of earlier years when %1 begins, as in the return of the year before.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 के आरंभ में पिछले वर्षों की हानियों में से जो शेष है, जैसा पिछले वर्ष की विवरणी में है।</translation>
     </message>
     <message>
         <source>Year of the Loss</source>
-        <translation type="unfinished"></translation>
+        <translation>हानि का वर्ष</translation>
     </message>
     <message>
         <source>Kind</source>
-        <translation type="unfinished"></translation>
+        <translation>प्रकार</translation>
     </message>
     <message>
         <source>Amount</source>
@@ -8021,7 +8021,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>No loss is brought forward into %1. Add Row enters one.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 में कोई हानि आगे नहीं लाई गई है। &apos;पंक्ति जोड़ें&apos; से दर्ज करें।</translation>
     </message>
     <message>
         <source>Update Successfully!</source>
@@ -8029,7 +8029,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>The losses are not saved. Close without saving them?</source>
-        <translation type="unfinished"></translation>
+        <translation>हानियाँ सहेजी नहीं गई हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
 </context>
 <context>
@@ -8052,19 +8052,19 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>Schedule 112&amp;A...</source>
-        <translation type="unfinished"></translation>
+        <translation>अनुसूची 112A (&amp;A)...</translation>
     </message>
     <message>
         <source>The upload file of schedule 112A of the return, of the client</source>
-        <translation type="unfinished"></translation>
+        <translation>क्लाइंट की रिटर्न की अनुसूची 112A की अपलोड फ़ाइल</translation>
     </message>
     <message>
         <source>Check List</source>
-        <translation type="unfinished"></translation>
+        <translation>जाँच सूची</translation>
     </message>
     <message>
         <source>What stands before filing</source>
-        <translation type="unfinished"></translation>
+        <translation>रिटर्न भरने से पहले क्या बाकी है</translation>
     </message>
     <message>
         <source>Client</source>
@@ -8072,15 +8072,15 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>Point</source>
-        <translation type="unfinished"></translation>
+        <translation>बिंदु</translation>
     </message>
     <message>
         <source>&amp;Open the Window That Mends It</source>
-        <translation type="unfinished"></translation>
+        <translation>ठीक करने वाली विंडो खोलें (&amp;O)</translation>
     </message>
     <message>
         <source>Family</source>
@@ -8088,31 +8088,31 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>Open</source>
-        <translation>खोलें</translation>
+        <translation>बाकी</translation>
     </message>
     <message>
         <source>Hint</source>
-        <translation type="unfinished"></translation>
+        <translation>संकेत</translation>
     </message>
     <message>
         <source>Check List (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>जाँच सूची (%1)</translation>
     </message>
     <message>
         <source>Press Report: what stands before filing is then listed here.</source>
-        <translation type="unfinished"></translation>
+        <translation>रिपोर्ट दबाएँ: तब यहाँ दिखेगा कि रिटर्न भरने से पहले क्या बाकी है।</translation>
     </message>
     <message>
         <source>Nothing stands before filing.</source>
-        <translation type="unfinished"></translation>
+        <translation>रिटर्न भरने से पहले कुछ बाकी नहीं है।</translation>
     </message>
     <message>
         <source>The losses that %1 leaves are not brought forward into %2. Bring them forward now?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 से बची हानियाँ %2 में आगे नहीं लाई गई हैं। अभी आगे लाएँ?</translation>
     </message>
     <message>
         <source>The check list has %1 open points, so the figures may be wrong. Write the file all the same?</source>
-        <translation type="unfinished"></translation>
+        <translation>जाँच सूची में %1 बिंदु बाकी हैं, इसलिए आँकड़े गलत हो सकते हैं। फिर भी फ़ाइल लिखें?</translation>
     </message>
     <message>
         <source>Saved as %1.</source>

@@ -1990,24 +1990,24 @@ Maximum Allowed Value is: %1</source>
         <translation>लाभांश (&amp;D)</translation>
     </message>
     <message>
-        <source>&amp;Tax Year</source>
-        <translation>कर वर्ष (&amp;T)</translation>
+        <source>Tax &amp;Year</source>
+        <translation>कर वर्ष (&amp;Y)</translation>
     </message>
     <message>
-        <source>&amp;Broker Account</source>
-        <translation>ब्रोकर खाता (&amp;B)</translation>
+        <source>Broker &amp;Account</source>
+        <translation>ब्रोकर खाता (&amp;A)</translation>
     </message>
     <message>
         <source>Ret&amp;urns</source>
         <translation>प्रतिफल (&amp;U)</translation>
     </message>
     <message>
-        <source>&amp;Trade Books of Brokers</source>
-        <translation>ब्रोकरों की ट्रेड बुक (&amp;T)</translation>
+        <source>Trade Boo&amp;ks of Brokers</source>
+        <translation>ब्रोकरों की ट्रेड बुक (&amp;K)</translation>
     </message>
     <message>
-        <source>Compare with S&amp;tatement</source>
-        <translation>विवरण से मिलान करें (&amp;T)</translation>
+        <source>Co&amp;mpare with Statement</source>
+        <translation>विवरण से मिलान करें (&amp;M)</translation>
     </message>
     <message>
         <source>Contract &amp;Notes</source>
@@ -2018,8 +2018,8 @@ Maximum Allowed Value is: %1</source>
         <translation>31-Jan-2018 के उचित मूल्य (&amp;F)</translation>
     </message>
     <message>
-        <source>&amp;Losses Brought Forward</source>
-        <translation>आगे लाई गई हानियाँ (&amp;L)</translation>
+        <source>L&amp;osses Brought Forward</source>
+        <translation>आगे लाई गई हानियाँ (&amp;O)</translation>
     </message>
     <message>
         <source>&amp;Window</source>
@@ -7181,6 +7181,10 @@ No records only that of the current line.</source>
     <message>
         <source>Pages, Word, Excel, PDF and CSV</source>
         <translation>पृष्ठ, वर्ड, एक्सेल, पीडीएफ़ और सीएसवी</translation>
+    </message>
+    <message>
+        <source>Pages of the comparison</source>
+        <translation>तुलना के पृष्ठ</translation>
     </message>
 </context>
 <context>

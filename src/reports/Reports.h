@@ -60,10 +60,10 @@ inline constexpr WindowEntry kScripPageWindow{"mnuScripPage",
                                               "mnuPortfolio"};
 
 inline constexpr WindowEntry kTaxYearWindow{
-    "mnuTaxYear",  QT_TRANSLATE_NOOP("MainMenu", "&Tax Year"), true, "RptTaxYear", "tax-year.md",
+    "mnuTaxYear",  QT_TRANSLATE_NOOP("MainMenu", "Tax &Year"), true, "RptTaxYear", "tax-year.md",
     "mnuPortfolio"};
 inline constexpr WindowEntry kBrokerAccountWindow{"mnuBrokerAccount",
-                                                  QT_TRANSLATE_NOOP("MainMenu", "&Broker Account"),
+                                                  QT_TRANSLATE_NOOP("MainMenu", "Broker &Account"),
                                                   true,
                                                   "RptBrokerAccount",
                                                   "broker-account.md",

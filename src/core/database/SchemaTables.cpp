@@ -301,7 +301,6 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"Dividend", "ScrId", "Script"},
     {"FairValue", "ScrId", "Script"},
     {"TaxLoss", "CId", "ClientInfo"},
-    {"TradeKey", "BillId", "SPMaster"},
     {"OpeningMark", "CId", "ClientInfo"},
     {"OpeningMark", "AcId", "ClientActDet"},
     {"OpeningMark", "ScrId", "Script"},

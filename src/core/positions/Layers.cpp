@@ -41,8 +41,8 @@ void Layers::TakeFrom(OpenLayer& layer, Shares& wanted, const TakePart& take) {
   OpenLayer part = layer;
   part.quantity = quantity;
   part.cost = text::PartOf(layer.cost, quantity, layer.quantity);
-  part.fair =
-      TakeOut(layer.fair, [&](Paise whole) { return text::PartOf(whole, quantity, layer.quantity); });
+  part.fair = TakeOut(layer.fair,
+                      [&](Paise whole) { return text::PartOf(whole, quantity, layer.quantity); });
   layer.quantity -= quantity;
   layer.cost -= part.cost;
   wanted -= quantity;

@@ -70,7 +70,7 @@ class ClientWindowsTest : public QObject {
         printed << TitlesOf(screen->Model().Document());
       }
     }
-    QCOMPARE(printed.size(), 10);
+    QCOMPARE(printed.size(), 11);
     for (const QString& titles : printed) {
       QVERIFY2(titles.contains(own) && !titles.contains(other), qPrintable(titles));
     }

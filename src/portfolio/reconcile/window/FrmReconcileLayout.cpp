@@ -26,6 +26,7 @@ void FrmReconcile::Build() {
   LblFile->setWordWrap(true);
   rows->addWidget(LblFile);
   pages_ = new QTabWidget();
+  pages_->setAccessibleName(tr("Pages of the comparison"));
   pages_->addTab(BuildComparison(), tr("Comparison"));
   VSM = new Grid(QStringLiteral("VSM"), tr("Opening stock that has no cost yet"));
   VSM->SetColumns({{.heading = tr("Year")},

@@ -113,7 +113,7 @@ class ReconciliationTest : public test::DeskTest {
 
   void StatementOfOtherAccountsIsRefused_data() {
     const test::Table<std::string, QString> row;
-    row("another client's", "2001", "The Account 2001 is of Another Client: .");
+    row("another client's", "2001", "The Account 2001 is of Another Client: C2.");
     row("nobody's", "9001", "No Account of the Statement is a Demat A/c of the Client: 9001.");
   }
   void StatementOfOtherAccountsIsRefused() {

@@ -25,6 +25,7 @@ struct ShownMain {
   explicit ShownMain(const LocalExchange::Reply& feed = {.status = 404}) {
     exchange.Answer(QLatin1String(kFeedPath), feed);
     session.folders = app::Folders::At(folder.path());
+    app::InstallShippedFiles(session.folders, QStringLiteral(QUORVANE_SOURCE_DIR "/data/shipped"));
     session.connection = std::make_unique<database::Connection>(database.Settings());
     WriteFile(session.folders.config_file,
               "[Internet]\nIndexFeed=" + exchange.Address().toEncoded() + kFeedPath + "\n");

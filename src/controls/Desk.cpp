@@ -61,8 +61,8 @@ QString AskOpenPath(QWidget* over, const QString& folder, const QString& filters
 }
 
 QStringList AskOpenPaths(QWidget* over, const QString& filters, const LastFolder& last) {
-  const QStringList paths = QFileDialog::getOpenFileNames(over, Tr("DesktopFiles", "Choose Files"),
-                                                          last.Or(QDir::homePath()), filters);
+  QStringList paths = QFileDialog::getOpenFileNames(over, Tr("DesktopFiles", "Choose Files"),
+                                                    last.Or(QDir::homePath()), filters);
   if (!paths.isEmpty()) {
     last.Note(QFileInfo(paths.front()).absolutePath(), paths.front());
   }

@@ -17,10 +17,12 @@ namespace quorvane::changes {
 /// The member by which stored rows of a table are looked up.
 template <class Record>
 constexpr auto GroupMember() {
-  if constexpr (requires(Record r) {
-                  r.bill;
-                  r.number;
-                }) {
+  if constexpr (
+      requires(Record r) {
+        r.bill;
+        r.number;
+      } ||
+      requires(Record r) { r.trade_key; }) {
     return &Record::bill;
   } else if constexpr (requires(Record r) {
                          r.action;
@@ -32,8 +34,6 @@ constexpr auto GroupMember() {
     return &Record::scrip;
   } else if constexpr (requires(Record r) { r.loss_year; }) {
     return &Record::client;
-  } else if constexpr (requires(Record r) { r.trade_key; }) {
-    return &Record::bill;
   } else {
     return &Record::id;
   }

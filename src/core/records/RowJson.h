@@ -144,10 +144,12 @@ QString TitleOf(const Record& record) {
 template <class Record>
 changes::Owner OwnerOf(const Record& record, std::string_view table) {
   changes::Owner owner{.table = table};
-  if constexpr (requires {
-                  record.bill;
-                  record.number;
-                }) {
+  if constexpr (
+      requires {
+        record.bill;
+        record.number;
+      } ||
+      requires { record.trade_key; }) {
     owner.table = "SPMaster";
     owner.key = record.bill.value;
   } else if constexpr (requires {
@@ -169,9 +171,6 @@ changes::Owner OwnerOf(const Record& record, std::string_view table) {
       requires { record.isin; } || requires { record.fair_rate; }) {
     owner.table = "Script";
     owner.key = record.scrip.value;
-  } else if constexpr (requires { record.trade_key; }) {
-    owner.table = "SPMaster";
-    owner.key = record.bill.value;
   } else if constexpr (requires { record.loss_year; }) {
     owner.key = record.client.value;
     owner.title = record.year.Text();

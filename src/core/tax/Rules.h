@@ -41,7 +41,7 @@ struct Section {
   std::optional<Percent> percent = {};  ///< none where the gain is taxed with other income
   bool exempt = false;
 
-  auto operator<=>(const Section&) const = default;
+  bool operator==(const Section&) const = default;
 };
 
 /// What the law makes of the money that a company pays for its own shares.

@@ -146,6 +146,7 @@ void FrmScript::AddIsins(controls::FieldLayout& fields) {
 
 void FrmScript::ShowIsins(const std::vector<rates::DatedIsin>& isins) {
   std::vector<controls::Row> rows;
+  rows.reserve(isins.size());
   for (const rates::DatedIsin& one : isins) {
     rows.push_back({.cells = {one.isin, one.from_day}});
   }

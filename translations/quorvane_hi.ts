@@ -1099,6 +1099,10 @@ Maximum Allowed Value is: %1</source>
         <source>Save again to put Yours in its place, or cancel to keep what is Stored.</source>
         <translation>अपना रखने के लिए फिर सहेजें, या सहेजा हुआ रखने के लिए रद्द करें।</translation>
     </message>
+    <message>
+        <source>It can&apos;t be Taken Back: Trades of it were Taken In Again.</source>
+        <translation>इसे वापस नहीं लिया जा सकता: इसके सौदे फिर से ले लिए गए हैं।</translation>
+    </message>
 </context>
 <context>
     <name>ClientList</name>
@@ -3141,6 +3145,14 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Looking through the Trades</source>
         <translation>सौदे जाँचे जा रहे हैं</translation>
+    </message>
+    <message>
+        <source>Trade book, %1 bills</source>
+        <translation>ट्रेड बुक, %1 बिल</translation>
+    </message>
+    <message>
+        <source>Nothing was saved: trades of the file, or bills of their days, were recorded meanwhile. Open the file again.</source>
+        <translation>कुछ भी सहेजा नहीं गया: इस बीच फ़ाइल के सौदे या उन दिनों के बिल दर्ज कर लिए गए। फ़ाइल फिर से खोलें।</translation>
     </message>
 </context>
 <context>

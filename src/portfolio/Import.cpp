@@ -25,6 +25,7 @@ MaybeRefusal TakeAllIn(database::Connection& connection, const Portfolio& portfo
     if (result.errors.empty() && work.after) {
       refusal = work.after(transaction);
     }
+    transaction.Changes().Is(changes::Kind::kImported);
     return dry_run || refusal || !result.errors.empty() ? MaybeRefusal(nothing_written)
                                                         : std::nullopt;
   };

@@ -191,6 +191,20 @@ class Papers(Case):
         self.assertEqual(["11"], bought)
         self.check_is_well(self.desk)
 
+    def test_revised_note_of_a_trade_book_keeps_its_trades(self):
+        book = self.folder / "book.csv"
+        book.write_text("symbol,isin,trade_date,exchange,segment,series,trade_type,auction,quantity,"
+                        "price,trade_id,order_id,order_execution_time\nZINC,INE999A01015,2025-11-03,"
+                        "NSE,EQ,EQ,buy,false,9,462,T1,O1,2025-11-03T10:00:00\n")
+        trades = ("trades", book, "--account", "10000001", "--broker", "LOTUS SECURITIES")
+        self.desk.run(*trades)
+        pdf.write(self.paper, note(number="NSE-20251103"))
+        self.take("--replace")
+        self.assertEqual("imported", rows(self.desk.run("log", "--format", "csv").stdout)[-1]["kind"])
+        before = self.desk.export()
+        self.assertIn("nothing was written", self.desk.run(*trades).stderr)
+        self.assert_same_files(before, self.desk.export())
+
     def test_bad_notes_change_nothing(self):
         cases = {
             "does not add up": (note(net="(4226.84)"), "The Note does not Add Up"),

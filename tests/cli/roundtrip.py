@@ -185,7 +185,8 @@ class Recorded(ComesAgain):
         self.assertEqual(desk.sql("Select Qty,StkId=0 From SPTrans Where SP=0 Order By Id,SID"),
                          [["4", "1"], ["3", "0"]])
         self.assertIn(["2011-12", "AN", "A1", "600002", "60", "7"], lots(desk))
-        self.assert_comes_again(desk, "sells shares from no lot of its account")
+        self.assert_comes_again(
+            desk, 'AN, dated "01/06/2011", sells shares from no lot of its account')
 
     def test_sale_dated_before_the_purchase_of_its_lot(self):
         line = "AN,A1,{},{},LOTUS,NSE,{},600002,{},60,0.25,1,2,0,{},"

@@ -13,7 +13,7 @@ from fractions import Fraction
 from xml.sax.saxutils import escape
 
 from base import BASE, write
-from ctl import DONE, REFUSED, WRONG_USAGE, Case
+from ctl import DONE, REFUSED, SECONDS, WRONG_USAGE, Case, rows, start
 
 import portfolio
 from exact import dmy, financial_year, rounded
@@ -152,13 +152,13 @@ def opening_of(ledger: Ledger) -> str:
     return "\n".join(lines) + "\n"
 
 
-def workbook(rows: list[list]) -> bytes:
+def workbook(lines: list[list]) -> bytes:
     """A workbook with one sheet, as small as it can be."""
     cells = "".join(
         f'<row r="{number}">' + "".join(
             f'<c r="{chr(65 + place)}{number}" t="inlineStr"><is><t>{escape(str(cell))}</t></is></c>'
             for place, cell in enumerate(row) if cell != "") + "</row>"
-        for number, row in enumerate(rows, 1))
+        for number, row in enumerate(lines, 1))
     main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
     relations = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
     package = "http://schemas.openxmlformats.org/package/2006/relationships"
@@ -239,8 +239,8 @@ class Trades(Case):
         later = self.file(book(trades[30:]), "a.csv")
         banner = [["Tradebook for Equity"], [], ["Client ID", "AB0001"]]
         titles = [name.replace("_", " ").title() for name in HEADER]
-        rows = banner + [titles] + [[""] * 13] + [list(one.values()) for one in trades[:30]]
-        earlier = self.file(workbook(rows), "b.xlsx")
+        cells = banner + [titles] + [[""] * 13] + [list(one.values()) for one in trades[:30]]
+        earlier = self.file(workbook(cells), "b.xlsx")
         self.assertIn("60 trades", self.trades(later, earlier))
 
     def test_what_is_refused_changes_nothing(self):
@@ -266,6 +266,38 @@ class Trades(Case):
                 self.assertIn(told, self.trades(self.file(content, name), options=options,
                                                 status=status))
         self.assertEqual(["0"] * 5, self.counts())
+
+    def test_programs_at_once_take_a_book_in_once(self):
+        path = self.file(book(made_up(60, 11)))
+        programs = [start(self.desk.folder, "trades", path, *OPTIONS) for _ in range(3)]
+        told = [program.communicate(timeout=SECONDS) + (program.returncode,)
+                for program in programs]
+        self.assertEqual(1, sum("60 trades" in err for _out, err, _status in told), told)
+        for _out, err, status in told:
+            self.assertIn(status, (DONE, REFUSED), err)
+            self.assertTrue(any(words in err for words in (
+                "60 trades", "nothing was written", "were recorded meanwhile")), err)
+        self.assertEqual("60", self.counts()[2])
+
+    def test_taking_back_leaves_nothing_of_new_scrips(self):
+        trades = [{**one, "symbol": "NOVEL", "isin": "INE999C01037"} for one in made_up(1, 3)]
+        path = self.file(book(trades))
+        before = self.desk.export()
+        self.trades(path, options=(*OPTIONS, "--new-scrips"))
+        taken_in = self.desk.export()
+        self.assertIn(b"INE999C01037", taken_in["isins.csv"])
+        told = self.desk.run("log", "--client", "AN", "--kind", "imported").stdout
+        self.assertIn("Trade book, 1 bills (AN ", told)
+        self.desk.run("undo", "--client", "AN")
+        self.assert_same_files(before, self.desk.export())
+        self.check_is_well(self.desk)
+        self.trades(path, options=(*OPTIONS, "--new-scrips"))
+        self.assert_same_files(taken_in, self.desk.export())
+
+    def test_taxes_are_whole_paise(self):
+        self.trades(self.file(book(made_up(60, 5))))
+        for row in rows(self.desk.export()["bills.csv"].decode()):
+            self.assertLessEqual(len(row["stt"].partition(".")[2]), 2, row)
 
     def test_columns_and_scrips_are_told_by_a_map_and_remembered(self):
         path = self.file("When,What,How,Many,At\n2024-07-23,METAL,buy,5,10\n"

@@ -7,6 +7,7 @@
 #include "core/records/Masters.h"
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
+#include "core/records/OpeningMark.h"
 #include "core/records/Rates.h"
 #include "core/records/RowJson.h"
 #include "core/records/Tax.h"
@@ -41,10 +42,10 @@ struct EntryRows {
              RowsOf<records::ScripClass>, RowsOf<records::Scrip>, RowsOf<records::ScripIsin>,
              RowsOf<records::Exchange>, RowsOf<records::SttPercent>, RowsOf<records::Percentage>,
              RowsOf<records::Action>, RowsOf<records::ActionLot>, RowsOf<records::Dividend>,
-             RowsOf<records::Opening>, RowsOf<records::Bill>, RowsOf<records::BillLine>,
-             RowsOf<records::Transfer>, RowsOf<records::BrokerOpening>, RowsOf<records::Payment>,
-             RowsOf<records::TradeKey>, RowsOf<records::FairValue>, RowsOf<records::TaxLoss>,
-             RowsOf<records::MarketRate>, RowsOf<records::Lot>>
+             RowsOf<records::Opening>, RowsOf<records::OpeningMark>, RowsOf<records::Bill>,
+             RowsOf<records::BillLine>, RowsOf<records::Transfer>, RowsOf<records::BrokerOpening>,
+             RowsOf<records::Payment>, RowsOf<records::TradeKey>, RowsOf<records::FairValue>,
+             RowsOf<records::TaxLoss>, RowsOf<records::MarketRate>, RowsOf<records::Lot>>
       tables;
   RowsOf<records::Account> removed_accounts{.table = records::kRemovedAccounts};
   RowsOf<records::Payment> receipts{.table = records::kReceipts};

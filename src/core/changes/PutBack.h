@@ -32,7 +32,8 @@ constexpr auto GroupMember() {
   } else if constexpr (
       requires(Record r) { r.isin; } || requires(Record r) { r.fair_rate; }) {
     return &Record::scrip;
-  } else if constexpr (requires(Record r) { r.loss_year; }) {
+  } else if constexpr (requires(Record r) { r.loss_year; } ||
+                       std::is_same_v<Record, records::OpeningMark>) {
     return &Record::client;
   } else {
     return &Record::id;
@@ -43,7 +44,10 @@ constexpr auto GroupMember() {
 template <class Record>
 std::string IdentityOf(const Record& record) {
   std::string identity = std::to_string(records::KeyNumber(record.*GroupMember<Record>()));
-  if constexpr (requires { record.isin; }) {
+  if constexpr (std::is_same_v<Record, records::OpeningMark>) {
+    identity += "/" + record.year.Utf8() + "/" + std::to_string(record.account.value) + "/" +
+                std::to_string(record.scrip.value);
+  } else if constexpr (requires { record.isin; }) {
     identity += "/" + record.isin.toStdString();
   } else if constexpr (requires { record.trade_key; }) {
     identity += "/" + record.trade_key.toStdString();
@@ -108,7 +112,11 @@ void DeleteAdded(database::Transaction& transaction, const RowsOf<Record>& rows)
   for (const Record& record : rows.added) {
     records::Delete<Record> one(transaction, rows.table);
     one.Where(GroupMember<Record>(), record.*GroupMember<Record>());
-    if constexpr (requires { record.isin; }) {
+    if constexpr (std::is_same_v<Record, records::OpeningMark>) {
+      one.Where(&Record::year, record.year)
+          .Where(&Record::account, record.account)
+          .Where(&Record::scrip, record.scrip);
+    } else if constexpr (requires { record.isin; }) {
       one.Where(&Record::isin, record.isin);
     } else if constexpr (requires { record.trade_key; }) {
       one.Where(&Record::trade_key, record.trade_key);
@@ -142,12 +150,16 @@ bool IsTaken(database::Transaction& transaction, const Record& record) {
     others.Where(&Record::client, record.client)
         .Where(&Record::year, record.year)
         .Where(&Record::broker, record.broker);
+  } else if constexpr (std::is_same_v<Record, records::TradeKey>) {
+    others.Where(&Record::account, record.account).Where(&Record::trade_key, record.trade_key);
   } else {
     return false;
   }
   bool taken = false;
   if constexpr (requires { record.id; }) {
     others.ForUpdate().Each([&](const Record& other) { taken |= other.id != record.id; });
+  } else if constexpr (requires { record.trade_key; }) {
+    others.ForUpdate().Each([&](const Record& other) { taken |= other.bill != record.bill; });
   }
   return taken;
 }

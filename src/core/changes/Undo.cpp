@@ -61,9 +61,15 @@ Refusal ChangedSince(Connection& connection, const Entry& entry) {
                          {}};
 }
 
-/// The delete of a master took documents of many clients along; their lots are computed anew.
-bool IsOfMaster(const Entry& entry) {
-  return entry.table == "ClientInfo" || entry.table == "Broker" || entry.table == "Script";
+template <class Record>
+Refusal IsUsed(const Record& record) {
+  if constexpr (std::is_same_v<Record, records::TradeKey>) {
+    return {Tr("Changes", "It can't be Taken Back: Trades of it were Taken In Again."), {}};
+  } else {
+    return {Tr("Changes", "It can't be Taken Back: \"%1\" is used by another record now.")
+                .arg(records::TitleOf(record)),
+            {}};
+  }
 }
 
 /// One entry that is taken back.
@@ -82,7 +88,7 @@ class Taking {
         client.document.clear();
       }
     }
-    if (!IsOfMaster(entry_)) {
+    if (!IsOfMaster()) {
       if (MaybeRefusal refusal = PutLotsBack(transaction_, rows_)) {
         return refusal;
       }
@@ -110,10 +116,7 @@ class Taking {
       }
       for (const Record& record : rows.removed) {
         if (rows.table == records::Table<Record>::kName && IsTaken(transaction_, record)) {
-          refusal =
-              Refusal{Tr("Changes", "It can't be Taken Back: \"%1\" is used by another record now.")
-                          .arg(records::TitleOf(record)),
-                      {}};
+          refusal = IsUsed(record);
         }
       }
     });
@@ -156,7 +159,14 @@ class Taking {
         }
       }
     }
-    return IsOfMaster(entry_) ? Rebuild() : std::nullopt;
+    return IsOfMaster() ? Rebuild() : std::nullopt;
+  }
+
+  /// The delete of a master took documents of many clients along, and a trade book may have brought
+  /// scrips; then lots are computed anew.
+  bool IsOfMaster() {
+    return entry_.table == "ClientInfo" || entry_.table == "Broker" || entry_.table == "Script" ||
+           !rows_.Of<records::Scrip>().IsEmpty();
   }
 
   MaybeRefusal Rebuild() {

@@ -67,6 +67,7 @@ constexpr auto kRecordNames = std::to_array<Word>({
     {"SPMaster", QT_TRANSLATE_NOOP("Changes", "Bill")},
     {"SPTrans", QT_TRANSLATE_NOOP("Changes", "Bill Line")},
     {"StkOpBal", QT_TRANSLATE_NOOP("Changes", "Opening Stock")},
+    {"OpeningMark", QT_TRANSLATE_NOOP("Changes", "Opening Stock")},
     {"ScrTransfer", QT_TRANSLATE_NOOP("Changes", "Transfer")},
     {"BrOpBal", QT_TRANSLATE_NOOP("Changes", "Broker's Opening Balance")},
     {"BrPayment", QT_TRANSLATE_NOOP("Changes", "Payment to Broker")},

@@ -2,6 +2,7 @@
 #include "core/records/Movements.h"
 
 #include <set>
+#include <string>
 #include <utility>
 
 namespace quorvane::ledger {
@@ -38,6 +39,12 @@ class Recount {
 
  private:
   using PlaceOfScrip = std::pair<Place, ScripId>;
+
+  struct SaleWithoutLot {
+    PlaceOfScrip place;
+    int bill = 0;
+    std::string date;  ///< dd/mm/yyyy
+  };
 
   static LotKey KeyOf(const Movement& m) {
     return {{m.client, m.year}, m.account, m.scrip, m.rate};
@@ -76,7 +83,8 @@ class Recount {
     if (lots_.Find(place, m.lot, m.scrip) != nullptr) {
       lots_.AdjustLotQty(Posting::kSubtract, m.lot, m.quantity);
     } else {
-      without_lot_.push_back({{place, m.scrip}, m.document});
+      without_lot_.push_back(
+          {{place, m.scrip}, m.document, m.dated ? text::FormatDmy(m.date).toStdString() : ""});
     }
   }
 
@@ -94,10 +102,10 @@ class Recount {
       }
       held.insert({{entry.lot.Of(), entry.lot.account}, entry.lot.scrip});
     }
-    for (const auto& [place, bill] : without_lot_) {
+    for (const auto& [place, bill, date] : without_lot_) {
       if (held.contains(place)) {
         check_.faults.push_back(
-            {records::FaultKind::kSaleWithoutLot, place.first.of.client, bill, {}, {}});
+            {records::FaultKind::kSaleWithoutLot, place.first.of.client, bill, {}, date});
       }
     }
   }
@@ -127,7 +135,7 @@ class Recount {
   std::optional<ClientYear> of_;
   Progress& progress_;
   Lots lots_;
-  std::vector<std::pair<PlaceOfScrip, int>> without_lot_;  ///< with their bills
+  std::vector<SaleWithoutLot> without_lot_;
   StockCheck check_;
 };
 

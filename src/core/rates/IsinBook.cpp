@@ -102,6 +102,22 @@ void SetIsins(database::Transaction& transaction, ScripId scrip, std::span<const
   insert.Finish();
 }
 
+namespace {
+
+/// A seen ISIN is told with the work in which it was seen: that is not named after the scrip.
+void NoteAdded(changes::Changes& changes, const records::ScripIsin& isin) {
+  using records::ScripIsin;
+  changes::TableChanges& table = changes.Of(records::Table<ScripIsin>::kName);
+  if (changes.KeepsRows()) {
+    changes.Added(table, {.table = table.table, .key = isin.scrip.value},
+                  records::ColumnsJson<ScripIsin>(), records::RowJson(isin));
+  } else {
+    ++table.added_count;
+  }
+}
+
+}  // namespace
+
 void KeepIsins(database::Transaction& transaction, std::span<const SeenIsin> seen,
                std::optional<text::Date> day) {
   const Isins kept(transaction.GetConnection());
@@ -111,7 +127,8 @@ void KeepIsins(database::Transaction& transaction, std::span<const SeenIsin> see
   for (const SeenIsin& one : seen) {
     if (!one.isin.empty() && !kept.Has(one.scrip, one.isin)) {
       insert.Int(one.scrip.value).Text(one.isin).Text(from).EndRow();
-      ++transaction.Changes().Of("ScripIsin").added_count;
+      NoteAdded(transaction.Changes(),
+                {one.scrip, QString::fromStdString(one.isin), QString::fromStdString(from)});
     }
   }
   insert.Finish();

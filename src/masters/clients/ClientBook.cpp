@@ -6,6 +6,7 @@
 #include "core/records/Lot.h"
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
+#include "core/records/OpeningMark.h"
 #include "core/records/Tax.h"
 #include "core/records/Transfer.h"
 #include "core/records/Writing.h"
@@ -112,6 +113,7 @@ void DeleteRecords(Transaction& transaction, ClientId id) {
   DeleteOf<records::Account>(transaction, id);
   DeleteOf<records::Account>(transaction, id, records::kRemovedAccounts);
   DeleteOf<records::Opening>(transaction, id);
+  DeleteOf<records::OpeningMark>(transaction, id);
   DeleteOf<records::Bill>(transaction, id);
   DeleteOf<records::BillLine>(transaction, id);
   DeleteOf<records::Transfer>(transaction, id);

@@ -7,6 +7,7 @@
 #include "core/records/Dividend.h"
 #include "core/records/Masters.h"
 #include "core/records/Opening.h"
+#include "core/records/OpeningMark.h"
 #include "core/records/Rates.h"
 #include "core/records/Tax.h"
 #include "core/records/TradeKey.h"
@@ -97,6 +98,7 @@ void DeleteRows(Transaction& transaction, ScripId id) {
   records::DeleteNaming(transaction, &records::Bill::id, std::span(bills));
   DeleteOf<records::BillLine>(transaction, id);
   DeleteOf<records::Opening>(transaction, id);
+  DeleteOf<records::OpeningMark>(transaction, id);
   DeleteOf<records::Lot>(transaction, id);
   DeleteOf<records::MarketRate>(transaction, id);
   DeleteOf<records::ScripIsin>(transaction, id);
@@ -106,7 +108,6 @@ void DeleteRows(Transaction& transaction, ScripId id) {
       transaction, "Select Id From CorpAction Where ? In(ScrId,OtherScrId) For Update", id);
   records::DeleteNaming(transaction, &records::ActionLot::action, std::span(actions));
   records::DeleteNaming(transaction, &records::Action::id, std::span(actions));
-  transaction.Execute("Delete From OpeningMark Where ScrId=?", id);
 }
 
 /// All lots are locked before the first is read: a plain read fixes the instant that the later ones

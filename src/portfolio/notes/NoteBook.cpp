@@ -3,6 +3,7 @@
 #include "core/ledger/Posting.h"
 #include "core/lookups/Directory.h"
 #include "core/records/Query.h"
+#include "core/records/TradeKey.h"
 #include "core/records/Writing.h"
 #include "core/text/Amounts.h"
 #include "core/text/Csv.h"
@@ -19,6 +20,7 @@ namespace {
 using database::Transaction;
 using records::Bill;
 using records::BillLine;
+using records::TradeKey;
 
 QString FileName(const PlannedNote& note) {
   return note.path.section(QLatin1Char('/'), -1);
@@ -105,6 +107,7 @@ class Replacement {
   MaybeRefusal Remove(Transaction& transaction) {
     lots_before_.clear();
     places_.clear();
+    replaced_.clear();
     for (const BillId id : bills_) {
       database::Connection& connection = transaction.GetConnection();
       std::optional<Bill> bill =
@@ -121,6 +124,30 @@ class Replacement {
       TakeBack(transaction, *bill);
     }
     return std::nullopt;
+  }
+
+  /// The trades of a trade book that a replaced bill had are in its successor: they do not come in
+  /// again.
+  void PassTradesOn(Transaction& transaction) const {
+    records::Writer<TradeKey> writer(transaction);
+    for (const Replaced& one : replaced_) {
+      const std::optional<Bill> bill = one.trades.empty()
+                                           ? std::nullopt
+                                           : records::Select<Bill>(transaction.GetConnection())
+                                                 .Where(&Bill::client, one.bill.client)
+                                                 .Where(&Bill::account, one.bill.account)
+                                                 .Where(&Bill::broker, one.bill.broker)
+                                                 .Where(&Bill::number, one.bill.number)
+                                                 .Where(&Bill::date, one.bill.date)
+                                                 .First();
+      if (bill) {
+        for (TradeKey trade : one.trades) {
+          trade.bill = bill->id;
+          writer.Write(trade);
+        }
+      }
+    }
+    writer.Finish();
   }
 
   /// Refused when shares that a replaced bill brought were sold and its successor does not bring
@@ -146,6 +173,11 @@ class Replacement {
   }
 
  private:
+  struct Replaced {
+    Bill bill;
+    std::vector<TradeKey> trades;
+  };
+
   void TakeBack(Transaction& transaction, const Bill& bill) {
     const ledger::Place place{bill.Of(), bill.account};
     ledger::Lots lots;
@@ -156,6 +188,11 @@ class Replacement {
     ledger::TakeBackLines(lots, place, bill.lines);
     lots.Write(transaction);
     places_.push_back(place);
+    replaced_.push_back({bill, records::Select<TradeKey>(transaction.GetConnection())
+                                   .Where(&TradeKey::bill, bill.id)
+                                   .ForUpdate()
+                                   .All()});
+    records::Delete<TradeKey>(transaction).Where(&TradeKey::bill, bill.id).Run();
     records::Delete<Bill>(transaction).Where(&Bill::id, bill.id).Run();
     records::Delete<BillLine>(transaction)
         .Where(&BillLine::bill, bill.id)
@@ -164,6 +201,7 @@ class Replacement {
   }
 
   std::vector<BillId> bills_;
+  std::vector<Replaced> replaced_;
   std::vector<ledger::Place> places_;
   std::map<LotId, Shares> lots_before_;
 };
@@ -182,7 +220,11 @@ Result<std::size_t> TakeIn(database::Connection& connection, const NoteQuery& qu
   Replacement replacement(notes);
   const portfolio::ImportWork work{
       .before = [&](Transaction& transaction) { return replacement.Remove(transaction); },
-      .after = [&](Transaction& transaction) { return replacement.Check(transaction); }};
+      .after =
+          [&](Transaction& transaction) {
+            replacement.PassTradesOn(transaction);
+            return replacement.Check(transaction);
+          }};
   const auto result = portfolio::ImportFiles(
       connection, {{portfolio::FileKind::kBills, file.Content()}}, dry_run, work, progress);
   if (!result) {

@@ -1,9 +1,12 @@
 #include "portfolio/reconcile/OpeningMarks.h"
 
-#include "core/database/BulkWriter.h"
 #include "core/lookups/Directory.h"
+#include "core/records/OpeningMark.h"
+#include "core/records/Writing.h"
 
 #include <map>
+#include <set>
+#include <tuple>
 #include <utility>
 
 namespace quorvane::reconcile {
@@ -37,16 +40,25 @@ std::vector<OpeningMark> OpenMarks(database::Connection& connection,
 }
 
 void WriteMarks(database::Transaction& transaction, std::span<const OpeningMark> marks) {
-  database::BulkWriter insert(
-      transaction, "Insert Ignore Into OpeningMark(CId,Fyear,AcId,ScrId) Values(?,?,?,?)", "itii");
+  std::set<ClientYear> books;
+  std::map<std::tuple<ClientId, text::FinancialYear, AccountId, ScripId>, records::OpeningMark>
+      rows;
   for (const OpeningMark& mark : marks) {
-    insert.Int(mark.client.value)
-        .Text(mark.year.Utf8())
-        .Int(mark.account.value)
-        .Int(mark.scrip.value)
-        .EndRow();
+    books.insert({mark.client, mark.year});
+    rows[{mark.client, mark.year, mark.account, mark.scrip}] = {mark.client, mark.year,
+                                                                mark.account, mark.scrip};
   }
-  insert.Finish();
+  for (const ClientYear& of : books) {
+    records::Delete<records::OpeningMark>(transaction)
+        .Where(&records::OpeningMark::client, of.client)
+        .Where(&records::OpeningMark::year, of.year)
+        .Run();
+  }
+  records::Writer<records::OpeningMark> writer(transaction);
+  for (const auto& [key, row] : rows) {
+    writer.Write(row);
+  }
+  writer.Finish();
 }
 
 QStringList OpenMarkTexts(database::Connection& connection) {

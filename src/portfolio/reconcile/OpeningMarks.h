@@ -26,7 +26,7 @@ struct OpeningMark {
 std::vector<OpeningMark> OpenMarks(database::Connection& connection,
                                    const std::optional<ClientId>& client);
 
-/// Writes marks; those that are there already stay.
+/// Writes marks in the place of those of the same clients and years.
 void WriteMarks(database::Transaction& transaction, std::span<const OpeningMark> marks);
 
 /// A sentence for each client that has such stock, in English.

@@ -130,6 +130,7 @@ class TradePosting {
     for (const MappedHeader& header : headers) {
       RememberColumns(transaction_, header.header_text, header.map);
     }
+    NameEntry();
   }
 
   const TradeOutcome& Outcome() const { return outcome_; }
@@ -297,6 +298,14 @@ class TradePosting {
     }
   }
 
+  /// The log is to name the whole file, not the first of its bills or a new scrip.
+  void NameEntry() {
+    const QString title = Tr("Trades", "Trade book, %1 bills").arg(qulonglong{bills_.size()});
+    const std::string year = FinancialYear::Of(bills_.front().day).Utf8();
+    transaction_.Changes().Is(changes::Kind::kImported,
+                              {.client = target_.client.value, .year = year, .title = title});
+  }
+
   /// The scrips by their places, those that were new with the keys that they got.
   std::vector<ScripId> WrittenScrips() {
     const lookups::Directory directory(transaction_.GetConnection());
@@ -382,6 +391,14 @@ Result<TradeOutcome> SaveTrades(database::Connection& connection, const TradeTar
     return *nothing;
   }
   const auto save = [&](Transaction& transaction) -> Result<TradeOutcome> {
+    database::Connection& stored = transaction.GetConnection();
+    if (plan.IsOutdated({TakenTrades(stored, target.account),
+                         EnteredTotals(stored, target.client, target.account)})) {
+      return Refusal{Tr("Trades",
+                        "Nothing was saved: trades of the file, or bills of their days, were "
+                        "recorded meanwhile. Open the file again."),
+                     Field::kLines};
+    }
     plan.ForgetImpossible();  // of an earlier try
     TradePosting posting(transaction, target, plan, Movements::kWritten, progress);
     if (const MaybeRefusal wrong = posting.Run()) {

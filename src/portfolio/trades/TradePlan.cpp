@@ -67,6 +67,14 @@ std::string Bounded(std::string key) {
 
 using DayTotal = std::tuple<text::Date, ScripId, Side>;
 
+std::map<DayTotal, Shares> TotalsOf(std::span<const EnteredTotal> entered) {
+  std::map<DayTotal, Shares> totals;
+  for (const EnteredTotal& total : entered) {
+    totals[{total.day, total.scrip, total.side}] += total.quantity;
+  }
+  return totals;
+}
+
 /// The charges that the file tells of the line's trades, in one sum.
 TradeCharges ToldOf(const TradeLine& line, const TradeFile& file) {
   TradeCharges sum;
@@ -165,6 +173,21 @@ void TradePlan::Join(Fills fills) {
   lines_ = WithoutDelivery(JoinedLines(file_, same, doubled_, fills), file_);
 }
 
+bool TradePlan::IsOutdated(const RecordedTrades& now) const {
+  const std::vector<std::string> keys = Keys(KnownScrips());
+  std::map<DayTotal, Shares> before = TotalsOf(recorded_.entered);
+  std::map<DayTotal, Shares> after = TotalsOf(now.entered);
+  return std::ranges::any_of(lines_, [&](const TradeLine& line) {
+    if (!line.IsToBeSaved()) {
+      return false;
+    }
+    const DayTotal day{line.day, scrips_[line.scrip].scrip, line.side};
+    return before[day] != after[day] || std::ranges::any_of(line.trades, [&](std::uint32_t trade) {
+             return now.taken.contains(keys[trade]);
+           });
+  });
+}
+
 void TradePlan::SetStates() {
   std::map<DayTotal, Shares> totals;
   for (const TradeLine& line : lines_) {
@@ -172,10 +195,7 @@ void TradePlan::SetStates() {
       totals[{line.day, scrips_[line.scrip].scrip, line.side}] += line.quantity;
     }
   }
-  std::map<DayTotal, Shares> entered;
-  for (const EnteredTotal& total : recorded_.entered) {
-    entered[{total.day, total.scrip, total.side}] += total.quantity;
-  }
+  std::map<DayTotal, Shares> entered = TotalsOf(recorded_.entered);
   for (TradeLine& line : lines_) {
     const TradedScrip& scrip = scrips_[line.scrip];
     if (line.state == LineState::kDoubled) {
@@ -231,7 +251,7 @@ void TradePlan::RoundStt() {
       if (is_proposed(lines_[i])) {
         so_far += lines_[i].charges.stt;
         const double up_to = text::RoundAmount(whole * so_far / sum);
-        lines_[i].charges.stt = text::Tidy(up_to - given);
+        lines_[i].charges.stt = text::RoundAmount(up_to - given);
         given = up_to;
       }
     }

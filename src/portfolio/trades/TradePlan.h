@@ -95,6 +95,10 @@ class TradePlan {
   void Tick(std::size_t line, bool on);
   void Change(std::size_t line, const LineChange& change);
 
+  /// Whether a line that is to be saved is recorded by now: by a trade of it, or by bills of its
+  /// day that were not there when the plan was made.
+  bool IsOutdated(const RecordedTrades& now) const;
+
   /// The lines that were impossible are to be saved again, until the next look.
   void ForgetImpossible();
   void MarkImpossible(std::size_t line, text::Shares missing);

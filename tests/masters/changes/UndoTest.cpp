@@ -2,6 +2,8 @@
 #include "core/changes/Undo.h"
 #include "core/ledger/Posting.h"
 #include "core/ledger/Rebuild.h"
+#include "core/records/OpeningMark.h"
+#include "core/records/TradeKey.h"
 #include "core/records/Writing.h"
 #include "masters/brokers/BrokerBook.h"
 #include "masters/clients/ClientBook.h"
@@ -63,6 +65,9 @@ struct Office : Desk {
       records::Insert(transaction, bill);
       records::Insert(transaction, std::span<const records::BillLine>(bill.lines));
       records::Insert(transaction, opening);
+      records::Insert(transaction, records::OpeningMark{client, year, account, scrip});
+      records::Insert(transaction, records::OpeningMark{client, year, account, second_scrip});
+      records::Insert(transaction, records::TradeKey{account, QStringLiteral("T|1"), bill.id});
     });
     Connection().SetAuthor({QStringLiteral("ANITA"), {}});
   }
@@ -71,7 +76,7 @@ struct Office : Desk {
     return test::Contents(
         Connection(), {"ClientInfo", "ClientActDet", "RemovedAccount", "DepPart", "DpIDs", "Broker",
                        "Script", "ScripIsin", "ScriptType", "Exchange", "STTPer", "TransTaxPer",
-                       "SPMaster", "SPTrans", "StkOpBal", "Stock"});
+                       "SPMaster", "SPTrans", "StkOpBal", "Stock", "OpeningMark", "TradeKey"});
   }
 
   QString UndoLast() {
@@ -174,6 +179,15 @@ class UndoTest : public QObject {
           office.Connection().SetAuthor({QStringLiteral("ANITA"), {}});
         },
         "It can't be Taken Back: \"500325\" is used by another record now.");
+    row(
+        "trade taken in again meanwhile",
+        [](Office& office) {
+          brokers::BrokerBook(office.Connection()).Delete(office.broker, office.quiet);
+        },
+        [](Office& office) {
+          office.Connection().Execute("Insert Into TradeKey Values(?,'T|1',99)", office.account);
+        },
+        "It can't be Taken Back: Trades of it were Taken In Again.");
   }
   void MasterInUseStays() {
     const auto [change, later, text] = test::Table<Step, Step, QString>::Row();

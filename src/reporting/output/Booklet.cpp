@@ -31,7 +31,7 @@ class BookletWriter {
   void Write(QIODevice& out) {
     LayOutParts();
     LayOutContents();
-    PdfFile file(out, kCoverPage, booklet_.cover);
+    PdfFile file(out, kCoverPage, booklet_.cover.mid(0, 2));
     progress_.Begin(Tr("ReportOutput", "Writing the pages"), static_cast<std::int64_t>(pages_));
     {
       const Canvas canvas(cairo_create(file.Pages()));

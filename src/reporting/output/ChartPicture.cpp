@@ -234,6 +234,7 @@ class Picture {
       const auto& paise = chart_.series[i].paise;
       SetColor(i);
       cairo_set_dash(page_, kDashes.data(), i % 2 == 0 ? 0 : static_cast<int>(kDashes.size()), 0);
+      cairo_new_path(page_);  // a text leaves its place as a beginning
       for (std::size_t at = 0; at < paise.size(); ++at) {
         cairo_line_to(page_, X(at), Y(text::FromPaise(paise[at])));
       }

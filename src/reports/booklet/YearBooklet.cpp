@@ -158,8 +158,8 @@ class BookletMaker {
       document.notes << QStringLiteral("No sale of the period gained or lost anything.");
     }
     document.notes << QStringLiteral(
-        "The gains are those of the capital-gain statement without charges. What the tax law makes "
-        "of them is in the part Tax Year.");
+        "The gains are those of the capital-gain statement without charges; the tax law counts "
+        "them otherwise.");
     document.notes += records::FaultTexts(connection_, read.faults);
     Add(Part::kGains, Whole(), std::move(document), {std::move(chart)});
   }
@@ -275,7 +275,9 @@ class BookletMaker {
   void AddMonths() {
     ReportDocument document = performance::MakeMonthsDocument(TheReturns());
     NoteOtherValue(document);
-    Add(Part::kMonths, Whole(), std::move(document), {performance::ValueChart(TheReturns())});
+    charts::ChartData chart = performance::ValueChart(TheReturns());
+    chart.subtitle.clear();  // whose it is stands above it
+    Add(Part::kMonths, Whole(), std::move(document), {std::move(chart)});
   }
 
   database::Connection& connection_;

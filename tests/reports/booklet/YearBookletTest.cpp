@@ -4,9 +4,11 @@
 #include "reports/booklet/YearBooklet.h"
 #include "reports/mis/MisReport.h"
 #include "reports/performance/Returns.h"
+#include "reports/tax/TaxDocument.h"
 #include "support/DatabaseTest.h"
 #include "support/Files.h"
 #include "support/StopAfter.h"
+#include "transactions/dividends/DividendBook.h"
 
 #include <QBuffer>
 #include <QProcess>
@@ -141,6 +143,76 @@ class YearBookletTest : public test::DatabaseTest {
              reporting::Cell(returns.whole.closing.Rupees()));
     const bool differs = returns.whole.closing != text::Paise::OfRupees(value);
     QCOMPARE(!DocumentOf(made, Part::kMonths).notes.filter("Value and Largest").isEmpty(), differs);
+  }
+
+  // What is printed is what was computed: the total of each part is on one of its pages.
+  void TotalsArePrinted() {
+    const reporting::Booklet made = Made(QueryOf(2012, true));
+    QStringList lines;
+    for (const QStringList& page : PagesOf(made)) {
+      lines += page;
+    }
+    int totals = 0;
+    for (const reporting::BookletPart& part : made.parts) {
+      for (const reporting::Table& table : part.document.tables) {
+        const reporting::Row& last = table.rows.back();
+        if (last.kind == reporting::RowKind::kNetTotal) {
+          QStringList cells;
+          for (std::size_t i = 0; i < last.cells.size(); ++i) {
+            cells << reporting::CellText(last.cells[i], table.columns[i].mask);
+          }
+          const QString wanted = cells.join(' ').simplified();
+          QVERIFY2(lines.contains(wanted), qPrintable(part.heading + ": " + wanted));
+          ++totals;
+        }
+      }
+    }
+    QVERIFY(totals > 10);
+  }
+
+  void TaxOfEveryMemberAddsUpToTheFamilys() {
+    BookletQuery query = QueryOf(2012, true);
+    query.parts = {Part::kTax};
+    const reporting::Booklet made = Made(query);
+    QCOMPARE(made.parts.size(), std::size_t{5});
+    text::Paise sum;
+    for (std::size_t i = 1; i < made.parts.size(); ++i) {
+      sum += text::Paise::OfRupees(LastTotal(made.parts[i].document.tables.front(), 8));
+    }
+    QVERIFY(sum > text::Paise());
+    QCOMPARE(LastTotal(made.parts.front().document.tables.front(), 11), sum.Rupees());
+  }
+
+  // Whoever received none has no page; with none at all one line says so.
+  void DividendsAreThoseOfTheYear() {
+    BookletQuery query = QueryOf(2012, true);
+    query.parts = {Part::kDividends};
+    reporting::Booklet made = Made(query);
+    QCOMPARE(made.parts.size(), std::size_t{1});
+    QCOMPARE(made.parts.front().document.notes,
+             QStringList("No dividend of the period is recorded."));
+    const lookups::Directory directory(**database_);
+    const ClientId other = directory.FindClient("ATH002")->id;
+    const auto account =
+        std::ranges::find(directory.Accounts(), other, &lookups::AccountEntry::client);
+    dividends::DividendBook book(**database_, {other, query.of.year});
+    const Result<DividendId> saved = book.Save({.id = {},
+                                                .action = {},
+                                                .client = other,
+                                                .account = account->id,
+                                                .scrip = directory.FindScrip("500312")->id,
+                                                .date = QStringLiteral("10/07/2012"),
+                                                .quantity = text::Shares(40),
+                                                .per_share = 2.5,
+                                                .tax_deducted = 10});
+    QVERIFY(saved);
+    made = Made(query);
+    book.Delete(*saved);
+    QCOMPARE(made.parts.size(), std::size_t{1});
+    QCOMPARE(made.parts.front().of_whom, "SUNANDA RAGHAV ATHALEKAR");
+    const reporting::Table& table = made.parts.front().document.tables.front();
+    QCOMPARE(LastTotal(table, 5), 100.0);
+    QCOMPARE(LastTotal(table, 7), 90.0);
   }
 
   void RunningYearEndsToday() {

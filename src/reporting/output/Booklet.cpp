@@ -106,27 +106,9 @@ class BookletWriter {
     PagePainter painter(of.document, layout, typesetter_, canvas, of.charts,
                         {.before = first_page - 1, .all = pages_});
     for (std::size_t i = 0; i < layout.pages.size(); ++i) {
-      if (&of.document == &contents_) {
-        AddLinks(canvas, layout, layout.pages[i]);
-      }
       painter.Paint(i);
       progress_.Step(static_cast<std::int64_t>(first_page + i));
       progress_.ThrowIfCancelled();
-    }
-  }
-
-  /// Each line of the contents leads to its part.
-  void AddLinks(cairo_t* canvas, const PageLayout& layout, const Page& page) {
-    const TableShape& shape = layout.tables.front();
-    for (const Item& item : page) {
-      if (item.kind == ItemKind::kRow) {
-        const std::string link = fmt::format(
-            "rect=[{:.1f} {:.1f} {:.1f} {:.1f}] {}", shape.lefts.front(), item.top,
-            shape.lefts.back() - shape.lefts.front(), layout.row_height * shape.lines[item.row],
-            LinkTo(parts_[item.row].first_page));
-        cairo_tag_begin(canvas, CAIRO_TAG_LINK, link.c_str());
-        cairo_tag_end(canvas, CAIRO_TAG_LINK);
-      }
     }
   }
 

@@ -55,6 +55,9 @@ class Desktop {
     desk_.show_report = [this](const reporting::ReportDocument& document, QWidget* over) {
       reporting::HandOver(document, reports_, over);
     };
+    desk_.show_pages = [this](const QStringList& titles, const QByteArray& pages, QWidget* over) {
+      reports_.Open(titles, pages, over);
+    };
     desk_.help = [this](const QString& window_name, QWidget* over) {
       help_.Show(window_name, over);
     };

@@ -218,6 +218,9 @@ void RenderAll(const QStringList& arguments) {
   desk.show_report = [&](const reporting::ReportDocument& document, QWidget* over) {
     reporting::HandOver(document, preview, over);
   };
+  desk.show_pages = [&](const QStringList& titles, const QByteArray& pages, QWidget* over) {
+    preview.Open(titles, pages, over);
+  };
   ui::MDIForm1 main(desk);
   main.setGeometry(QRect(QPoint(), screen));
   main.show();

@@ -502,6 +502,45 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
+    <name>Booklet</name>
+    <message>
+        <source>Value and Largest Holdings</source>
+        <translation>मूल्य और सबसे बड़ी होल्डिंग</translation>
+    </message>
+    <message>
+        <source>Holdings by Client</source>
+        <translation>ग्राहक के अनुसार होल्डिंग</translation>
+    </message>
+    <message>
+        <source>Gains by Kind</source>
+        <translation>प्रकार के अनुसार लाभ</translation>
+    </message>
+    <message>
+        <source>Tax Year</source>
+        <translation>कर वर्ष</translation>
+    </message>
+    <message>
+        <source>Dividends</source>
+        <translation>लाभांश</translation>
+    </message>
+    <message>
+        <source>Returns</source>
+        <translation>प्रतिफल</translation>
+    </message>
+    <message>
+        <source>Value by Month</source>
+        <translation>माह के अनुसार मूल्य</translation>
+    </message>
+    <message>
+        <source>Select a part of the booklet!</source>
+        <translation>पुस्तिका का कोई भाग चुनें!</translation>
+    </message>
+    <message>
+        <source>The year %1 has not begun.</source>
+        <translation>वर्ष %1 अभी शुरू नहीं हुआ है।</translation>
+    </message>
+</context>
+<context>
     <name>BrokerAccount</name>
     <message>
         <source>Reading the broker accounts</source>
@@ -2052,6 +2091,10 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>&amp;Log of Changes</source>
         <translation>बदलावों का लॉग (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Family Bookle&amp;t</source>
+        <translation>पारिवारिक पुस्तिका (&amp;T)</translation>
     </message>
 </context>
 <context>
@@ -3787,6 +3830,65 @@ Save this one, too?</source>
     <message>
         <source>Held Since</source>
         <translation>कब से</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::booklet::RptBooklet</name>
+    <message>
+        <source>Family Booklet</source>
+        <translation>पारिवारिक पुस्तिका</translation>
+    </message>
+    <message>
+        <source>&amp;Client</source>
+        <translation>क्लाइंट (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Family</source>
+        <translation>परिवार (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Whose</source>
+        <translation>किसका</translation>
+    </message>
+    <message>
+        <source>Parts of the booklet</source>
+        <translation>पुस्तिका के भाग</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>भाग</translation>
+    </message>
+    <message>
+        <source>The booklet reports the year up to %1. Each part begins on a page of its own, after a cover and the contents.</source>
+        <translation>पुस्तिका में %1 तक का वर्ष होता है। आवरण और विषय-सूची के बाद हर भाग नए पृष्ठ से शुरू होता है।</translation>
+    </message>
+    <message>
+        <source>&amp;Preview and Print</source>
+        <translation>पूर्वावलोकन और छपाई (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Write and Open PDF</source>
+        <translation>PDF लिखें और खोलें (&amp;W)</translation>
+    </message>
+    <message>
+        <source>Into the folder of reports</source>
+        <translation>रिपोर्टों के फ़ोल्डर में</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>Booklet</source>
+        <translation>पुस्तिका</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>परिवार</translation>
+    </message>
+    <message>
+        <source>The booklet lies in %1. No program that opens it was found.</source>
+        <translation>पुस्तिका %1 में है। उसे खोलने वाला कोई प्रोग्राम नहीं मिला।</translation>
     </message>
 </context>
 <context>

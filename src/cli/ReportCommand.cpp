@@ -97,6 +97,8 @@ void AddReport(CLI::App& group, Context& context, const reports::Report& report)
       return AddBrokerAccount(group, context, report);
     case kReturns:
       return AddReturns(group, context, report);
+    case kBooklet:
+      return AddBooklet(group, context, report);
     case kPosition:
       return AddMisReport(group, context, report, mis::ReportKind::kPosition);
     case kValuation:

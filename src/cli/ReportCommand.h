@@ -27,6 +27,7 @@ void AddScripPage(CLI::App& group, Context& context, const reports::Report& repo
 void AddTaxCommands(CLI::App& app, Context& context, const reports::Report& report);
 void AddBrokerAccount(CLI::App& group, Context& context, const reports::Report& report);
 void AddReturns(CLI::App& app, Context& context, const reports::Report& report);
+void AddBooklet(CLI::App& app, Context& context, const reports::Report& report);
 void AddMisReport(CLI::App& group, Context& context, const reports::Report& report,
                   mis::ReportKind kind);
 

@@ -72,6 +72,11 @@ inline constexpr WindowEntry kReturnsWindow{"mnuReturns", QT_TRANSLATE_NOOP("Mai
                                             true,         "RptReturns",
                                             "returns.md", "mnuPortfolio"};
 
+inline constexpr WindowEntry kBookletWindow{
+    "mnuBooklet", QT_TRANSLATE_NOOP("MainMenu", "Family Bookle&t"),
+    true,         "RptBooklet",
+    "booklet.md", "mnuPortfolio"};
+
 /// What a sample is made of: the whole of a year of every client.
 struct SampleQuery {
   database::Connection& connection;
@@ -106,6 +111,7 @@ enum class ReportId : std::uint8_t {
   kTaxYear,
   kBrokerAccount,
   kReturns,
+  kBooklet,
   kPosition,
   kValuation,
   kMarket,

@@ -21,6 +21,7 @@
 #include "portfolio/reconcile/window/FrmReconcile.h"
 #include "portfolio/trades/window/ImpTrades.h"
 #include "reports/Reports.h"
+#include "reports/booklet/window/RptBooklet.h"
 #include "reports/broker_account/window/RptBrokerAccount.h"
 #include "reports/broker_ledger/window/RptBrokerLedger.h"
 #include "reports/demat/window/RptDMatStatement.h"
@@ -172,6 +173,7 @@ constexpr Feature kFeatures[] = {
     {"mnuLineAccounts", "", kSeparator, "mnuPortfolio"},
     ReportOf(reports::kBrokerAccountWindow, Make<broker_account::RptBrokerAccount>),
     ReportOf(reports::kReturnsWindow, Make<performance::RptReturns>),
+    ReportOf(reports::kBookletWindow, Make<booklet::RptBooklet>),
     {"mnuLineChanges", "", kSeparator, "mnuPortfolio"},
     {"mnuUndo", QT_TRANSLATE_NOOP("MainMenu", "Take &Back the Last Change"), kUndo, "mnuPortfolio"},
     {"mnuChangeLog", QT_TRANSLATE_NOOP("MainMenu", "&Log of Changes"), kOpenWindow, "mnuPortfolio",

@@ -233,7 +233,11 @@ class Refusals(Case):
                 (("returns", "--client", "AN", "--account", "B1"), 'no demat account "B1"'),
                 (("returns", "--group", "KAM", "--scrip", "9"), 'no scrip "9"'),
                 (("returns", "--client", "AN", "--from", "02/06/2011", "--to", "01/06/2011"),
-                 "From Date Can't be Greater")):
+                 "From Date Can't be Greater"),
+                (("booklet", "--client", "ZZ", "--year", "2011-12", "--out", "{out}/b.pdf"),
+                 'no client "ZZ"'),
+                (("booklet", "--client", "AN", "--year", "2098-99", "--out", "{out}/b.pdf"),
+                 "2098-99 has not begun")):
             with self.subTest(" ".join(words)):
                 out = self.new_folder()
                 result = self.desk.run(*(word.format(out=out) for word in words), status=REFUSED)
@@ -257,6 +261,9 @@ class Refusals(Case):
                  "all"),
                 (("returns", "--to", "01/04/2012"), "--group"),
                 (("returns", "--client", "AN", "--group", "KAM"), "--client"),
+                (("booklet", "--client", "AN", "--year", "2011-12"), "--out"),
+                (("booklet", "--client", "AN", "--year", "2011-12", "--parts", "all", "--out",
+                  "b.pdf"), "all"),
                 (("rebuild",), "--all"),
                 (("carry-forward",), "subcommand"),
                 (("carry-forward", "stock", "--client", "AN"), "--year")):

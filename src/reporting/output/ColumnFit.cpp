@@ -114,10 +114,11 @@ void Loosen(const PageLayout& layout, std::vector<double>& widths) {
 }
 
 /// Gives columns room for a heading in one line as long as there is some.
-void UnbreakHeadings(const Widths& measured, const PageLayout& layout,
+void UnbreakHeadings(const Table& table, const Widths& measured, const PageLayout& layout,
                      std::vector<double>& widths) {
   for (std::size_t i = 0; i < widths.size(); ++i) {
-    const double missing = measured.headings[i] * layout.type + 2 * kCellGap - widths[i];
+    const double inset = StandsApart(table, i) ? kInset : 0;
+    const double missing = measured.headings[i] * layout.type + 2 * kCellGap + inset - widths[i];
     const double left_over = layout.Room() - Sum(widths);
     if (missing > 0 && missing <= left_over) {
       widths[i] += missing;
@@ -131,7 +132,7 @@ void Place(const Table& table, const Widths& measured, PageLayout& layout, Table
     const double inset = StandsApart(table, i) ? kInset : 0;
     widths.push_back(measured.widths[i] * layout.type + 2 * kCellGap + inset);
   }
-  UnbreakHeadings(measured, layout, widths);
+  UnbreakHeadings(table, measured, layout, widths);
   Loosen(layout, widths);
   const std::vector<double> shares = Shares(table, measured);
   const double all = Sum(shares);
@@ -151,7 +152,7 @@ double HeadingsHeight(const Table& table, const PageLayout& layout, const TableS
                       Typesetter& typesetter) {
   int lines = 1;
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    const double width = (shape.lefts[i + 1] - shape.lefts[i] - 2 * kCellGap) / layout.type;
+    const double width = RoomOf(table, shape, i) / layout.type;
     lines = std::max(
         lines, typesetter.Lines(table.columns[i].heading.toStdString(), Face::kBold, width + 0.01));
   }

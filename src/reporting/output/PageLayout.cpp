@@ -1,5 +1,7 @@
 #include "reporting/output/PageLayout.h"
 
+#include "reporting/output/ChartPicture.h"
+
 namespace quorvane::reporting {
 namespace {
 
@@ -9,8 +11,10 @@ constexpr std::size_t kLongestBlock = 8;  // rows that are kept together at most
 /// Fills page after page from top to bottom.
 class Pager {
  public:
-  Pager(const ReportDocument& document, Typesetter& typesetter, PageLayout& layout)
+  Pager(const ReportDocument& document, std::span<const charts::ChartData> charts,
+        Typesetter& typesetter, PageLayout& layout)
       : document_(document),
+        charts_(charts),
         typesetter_(typesetter),
         layout_(layout),
         line_(typesetter.LineHeight()) {}
@@ -18,6 +22,11 @@ class Pager {
   void Run() {
     NewPage();
     Add(ItemKind::kTitles, 0, 0, TitlesHeight());
+    for (std::uint32_t i = 0; i < charts_.size(); ++i) {
+      const double height = kTableGap + ChartHeight(charts_[i]);
+      BreakUnless(height);
+      Add(ItemKind::kChart, i, 0, height);
+    }
     for (std::uint32_t i = 0; i < document_.tables.size(); ++i) {
       AddTable(i);
     }
@@ -113,6 +122,7 @@ class Pager {
   }
 
   const ReportDocument& document_;
+  std::span<const charts::ChartData> charts_;
   Typesetter& typesetter_;
   PageLayout& layout_;
   double line_;
@@ -145,10 +155,11 @@ double TextHeight(Typesetter& typesetter, const QString& text, Face face, double
   return typesetter.Lines(text.toStdString(), face, room / size) * typesetter.LineHeight() * size;
 }
 
-PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress) {
+PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
+                  std::span<const charts::ChartData> charts) {
   PageLayout layout;
   FitColumns(document, typesetter, progress, layout);
-  Pager(document, typesetter, layout).Run();
+  Pager(document, charts, typesetter, layout).Run();
   return layout;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/Progress.h"
+#include "reporting/charts/ChartData.h"
 #include "reporting/document/ReportDocument.h"
 #include "reporting/output/Typesetter.h"
 
+#include <span>
 #include <vector>
 
 namespace quorvane::reporting {
@@ -32,12 +34,12 @@ struct TableShape {
   std::vector<std::uint8_t> lines;  ///< lines of text of each row
 };
 
-enum class ItemKind : std::uint8_t { kTitles, kTableTitles, kHeadings, kRow, kNotes };
+enum class ItemKind : std::uint8_t { kTitles, kChart, kTableTitles, kHeadings, kRow, kNotes };
 
 /// A part of a page; a page has its parts from top to bottom.
 struct Item {
   ItemKind kind = ItemKind::kRow;
-  std::uint32_t table = 0;
+  std::uint32_t table = 0;  ///< or chart
   std::uint32_t row = 0;
   double top = 0;
 };
@@ -72,8 +74,9 @@ double TextHeight(Typesetter& typesetter, const QString& text, Face face, double
 void FitColumns(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
                 PageLayout& layout);
 
-/// Lays the report out. Throws Cancellation.
-PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress);
+/// Lays the report out, with charts between its titles and its tables. Throws Cancellation.
+PageLayout LayOut(const ReportDocument& document, Typesetter& typesetter, Progress& progress,
+                  std::span<const charts::ChartData> charts = {});
 
 /// The face of a row's cells.
 Face FaceOf(RowKind kind);

@@ -1,6 +1,7 @@
 #include "reporting/output/PagePainter.h"
 
 #include "core/text/Tr.h"
+#include "reporting/output/ChartPicture.h"
 
 #include <algorithm>
 
@@ -18,8 +19,14 @@ constexpr double kPadding = 1.5;
 }  // namespace
 
 PagePainter::PagePainter(const ReportDocument& document, const PageLayout& layout,
-                         Typesetter& typesetter, cairo_t* page)
-    : document_(document), layout_(layout), typesetter_(typesetter), page_(page) {
+                         Typesetter& typesetter, cairo_t* page,
+                         std::span<const charts::ChartData> charts, PagePlace place)
+    : document_(document),
+      layout_(layout),
+      typesetter_(typesetter),
+      page_(page),
+      charts_(charts),
+      place_(place) {
   typesetter_.SetSize(layout.type);
   SetRunningHead();
 }
@@ -40,6 +47,8 @@ void PagePainter::PaintItem(const Item& item) {
   switch (item.kind) {
     case ItemKind::kTitles:
       return PaintTitles(item.top);
+    case ItemKind::kChart:
+      return PaintChart(item);
     case ItemKind::kTableTitles:
       return PaintTableTitles(document_.tables[item.table], item.top,
                               layout_.tables[item.table].lefts.front());
@@ -77,6 +86,14 @@ void PagePainter::PaintTableTitles(const Table& table, double top, double left) 
                      layout_.Room(), Alignment::kLeft);
     top += HeightOf(title, Face::kBold, kSubtitleSize);
   }
+}
+
+void PagePainter::PaintChart(const Item& item) {
+  constexpr double kGapAbove = 10;
+  const charts::ChartData& chart = charts_[item.table];
+  DrawChart(page_, typesetter_, chart,
+            {layout_.Left(), item.top + kGapAbove, layout_.Room(), ChartHeight(chart)});
+  Ink(kInk);
 }
 
 void PagePainter::PaintNotes(double top) {
@@ -183,10 +200,10 @@ void PagePainter::PaintCell(std::string_view text, Face face, double left, doubl
 
 void PagePainter::PaintMargins(std::size_t number) {
   constexpr double kFootOffset = 34;
-  const std::size_t pages = layout_.pages.size();
-  typesetter_.Draw(page_, PageNumber(number + 1, pages), Face::kRegular, kRunningHeadSize,
-                   layout_.Left(), layout_.page.height - kFootOffset, layout_.Room(),
-                   Alignment::kCentre);
+  const std::size_t pages = place_.all > 0 ? place_.all : layout_.pages.size();
+  typesetter_.Draw(page_, PageNumber(place_.before + number + 1, pages), Face::kRegular,
+                   kRunningHeadSize, layout_.Left(), layout_.page.height - kFootOffset,
+                   layout_.Room(), Alignment::kCentre);
   if (number > 0) {
     typesetter_.Draw(page_, running_head_, Face::kRegular, kRunningHeadSize, layout_.Left(),
                      kTopMargin - 2, layout_.Room(), Alignment::kLeft);

@@ -8,12 +8,18 @@
 
 namespace quorvane::reporting {
 
+/// Where the pages of a report are among those of a booklet.
+struct PagePlace {
+  std::size_t before = 0;  ///< pages before them
+  std::size_t all = 0;     ///< 0: there are no others
+};
+
 /// Draws the pages of a report that is laid out: titles, headings, rows with their rules, notes,
 /// and what is in the margins. The caller chooses the order of the pages.
 class PagePainter {
  public:
   PagePainter(const ReportDocument& document, const PageLayout& layout, Typesetter& typesetter,
-              cairo_t* page);
+              cairo_t* page, std::span<const charts::ChartData> charts = {}, PagePlace place = {});
 
   /// Page `number`, counted from 0.
   void Paint(std::size_t number);
@@ -25,6 +31,7 @@ class PagePainter {
   double HeightOf(const QString& text, Face face, double size);
   void PaintTitles(double top);
   void PaintTableTitles(const Table& table, double top, double left);
+  void PaintChart(const Item& item);
   void PaintNotes(double top);
   void PaintHeadings(const Table& table, const TableShape& shape, double top);
   void PaintGroups(const Table& table, const TableShape& shape, double top);
@@ -45,6 +52,8 @@ class PagePainter {
   const PageLayout& layout_;
   Typesetter& typesetter_;
   cairo_t* page_;
+  std::span<const charts::ChartData> charts_;
+  PagePlace place_;
   std::string text_;
   std::string running_head_;
 };

@@ -4,7 +4,10 @@
 #include "core/database/Connection.h"
 #include "reporting/charts/ChartData.h"
 #include "reporting/document/ReportDocument.h"
+#include "reports/mis/Holdings.h"
 #include "reports/mis/MisQuery.h"
+
+#include <span>
 
 namespace quorvane::mis {
 
@@ -48,5 +51,8 @@ charts::ChartData ValueByMonth(database::Connection& connection, const MisQuery&
 /// The gains of the period's sales by month and kind.
 charts::ChartData GainsByKind(database::Connection& connection, const MisQuery& query,
                               Progress& progress);
+
+/// The same of holdings that were read already.
+charts::ChartData GainsByKind(std::span<const Holding> holdings, const MisQuery& query);
 
 }  // namespace quorvane::mis

@@ -189,9 +189,12 @@ ChartData ValueByMonth(database::Connection& connection, const MisQuery& query,
 }
 
 ChartData GainsByKind(database::Connection& connection, const MisQuery& query, Progress& progress) {
+  return GainsByKind(ReadHoldings(connection, query, query.period, progress).holdings, query);
+}
+
+ChartData GainsByKind(std::span<const Holding> holdings, const MisQuery& query) {
   charts::GainsChart gains(query.period);
-  const auto read = ReadHoldings(connection, query, query.period, progress);
-  for (const Holding& holding : read.holdings) {
+  for (const Holding& holding : holdings) {
     for (const Movement& movement : holding.movements) {
       if (movement.kind == Movement::Kind::kSale && movement.purchase_rate) {
         gains.Add(movement.date, movement.gain_kind, movement.gain);

@@ -12,6 +12,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <vector>
@@ -89,8 +90,14 @@ struct ReturnsQuery {
 Returns ReadReturns(database::Connection& connection, const ReturnsQuery& query,
                     Progress& progress);
 
+enum class Months : std::uint8_t { kWith, kWithout };
+
 /// Everything as a document: by scrip, account and client, value by month, flows of money.
-reporting::ReportDocument MakeReturnsDocument(const Returns& returns);
+reporting::ReportDocument MakeReturnsDocument(const Returns& returns,
+                                              Months months = Months::kWith);
+
+/// The value by month alone.
+reporting::ReportDocument MakeMonthsDocument(const Returns& returns);
 
 /// Cost and value at the ends of the months; of a long period the last ten years.
 charts::ChartData ValueChart(const Returns& returns);

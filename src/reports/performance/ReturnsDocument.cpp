@@ -190,7 +190,7 @@ void AddNotes(reporting::ReportDocument& document, const Returns& returns) {
 
 }  // namespace
 
-reporting::ReportDocument MakeReturnsDocument(const Returns& returns) {
+reporting::ReportDocument MakeReturnsDocument(const Returns& returns, Months months) {
   reporting::ReportDocument document;
   document.titles = {
       QStringLiteral("Returns (From %1 To %2)")
@@ -207,9 +207,22 @@ reporting::ReportDocument MakeReturnsDocument(const Returns& returns) {
             returns.accounts, false);
   AddGroups(document, returns, QStringLiteral("By Client"), QStringLiteral("Client"),
             returns.clients, false);
-  document.tables.push_back(MonthTable(returns));
+  if (months == Months::kWith) {
+    document.tables.push_back(MonthTable(returns));
+  }
   document.tables.push_back(FlowTable(returns));
   AddNotes(document, returns);
+  return document;
+}
+
+reporting::ReportDocument MakeMonthsDocument(const Returns& returns) {
+  reporting::ReportDocument document;
+  document.titles = {
+      QStringLiteral("Value by Month (From %1 To %2)")
+          .arg(text::FormatDmy(returns.period.from), text::FormatDmy(returns.period.to))};
+  document.titles += returns.of_whom;
+  document.tables.push_back(MonthTable(returns));
+  document.tables.back().titles.clear();
   return document;
 }
 

@@ -60,7 +60,7 @@ class ClientWindowsTest : public QObject {
     }
     const QString other = make_current("ATH002", 2011);
     const auto windows = shown.main->findChildren<controls::ChildWindow*>();
-    QCOMPARE(windows.size(), 18);
+    QCOMPARE(windows.size(), 19);
     for (const controls::ChildWindow* window : windows) {
       QVERIFY2(window->windowTitle().contains(own), qPrintable(window->windowTitle()));
       if (auto* button = window->findChild<controls::ZENButton*>(QStringLiteral("CmdReport"))) {

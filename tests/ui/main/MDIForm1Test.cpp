@@ -46,7 +46,7 @@ class MDIForm1Test : public QObject {
       }
     }
     QCOMPARE(names, wanted);
-    QCOMPARE(wanted.size(), 70);
+    QCOMPARE(wanted.size(), 71);
     for (const reports::Report& report : reports::Reports()) {
       QVERIFY2(wanted.contains(QLatin1String(report.window.item)), report.command);
     }

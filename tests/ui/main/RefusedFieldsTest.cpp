@@ -52,6 +52,7 @@ class RefusedFieldsTest : public QObject {
     Add("RptBrokerLedger", With(period, {{Field::kBrokers, "VSB"}}));
     Add("RptBrokerAccount", With(period, {{Field::kBrokers, "VSB"}}));
     Add("RptReturns", period);
+    Add("RptBooklet", {{Field::kRecord, "VSF"}});
     Add("RptDMatStatement", With(period, {{Field::kAccounts, "VSF"}}));
     Add("RptTransaction", With(period, {{Field::kAccounts, "VSF"}}));
     const Places gains{{Field::kAccounts, "VSD"}, {Field::kScrips, "VSS"}};

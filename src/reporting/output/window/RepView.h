@@ -60,10 +60,12 @@ class RepView {
   /// throws Cancellation when the user stops it. The report is finished then.
   PreviewWindow* ShowReport(QWidget* over);
 
+  /// Shows pages that are made already, a whole PDF.
+  PreviewWindow* Open(const QStringList& titles, QByteArray pages, QWidget* over);
+
  private:
   void WriteBesideTables(std::span<const Cell> cells, const QString& note);
   QByteArray TakePages(QWidget* over);
-  PreviewWindow* Open(const QStringList& titles, QByteArray pages, QWidget* over);
 
   controls::Desk& desk_;
   QString folder_;

@@ -136,6 +136,7 @@ class Finder {
               .arg(tax_.year.of.year.Previous().Text()),
           "FrmTaxLoss");
     }
+    FindLossesOfNoYear();
     for (const OpenLoss& loss : tax_.year.set_off.ignored) {
       Add(PointKind::kLosses, {},
           QStringLiteral("The loss of %1 (Rs %2) is too old to be set off.")
@@ -214,6 +215,25 @@ class Finder {
                                             "(section 94(8)): ask before filing."));
       points_.back().kind = PointKind::kBonusStripping;
       points_.back().open = false;
+    }
+  }
+
+  /// Losses brought forward that the books of the year before do not leave: entered by hand, or
+  /// carried before these books were corrected.
+  void FindLossesOfNoYear() {
+    for (const tax::TaxLoss& loss : tax_.year.brought_forward) {
+      const bool left = std::ranges::any_of(tax_.left_before, [&](const OpenLoss& one) {
+        return one.loss_year == loss.loss_year && one.kind == loss.kind;
+      });
+      if (!left) {
+        Add(PointKind::kLosses, {},
+            QStringLiteral("The loss of %1 (Rs %2) is brought forward, and the books of %3 do not "
+                           "leave it.")
+                .arg(loss.loss_year.Text(), Money(loss.amount),
+                     tax_.year.of.year.Previous().Text()),
+            "FrmTaxLoss");
+        points_.back().open = false;
+      }
     }
   }
 

@@ -40,7 +40,7 @@ struct Owner {
 
 /// Rows of one table that a transaction removed and added, as JSON arrays of their columns.
 struct TableChanges {
-  std::string_view table;
+  std::string table;
   std::string columns;  ///< a JSON array of names
   std::vector<std::string> removed;
   std::vector<std::string> added;

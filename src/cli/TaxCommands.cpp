@@ -1,11 +1,10 @@
 #include "cli/ReportCommand.h"
-#include "core/database/Transaction.h"
 #include "reports/tax/Schedule112A.h"
 #include "reports/tax/TaxDocument.h"
 
 #include <fmt/format.h>
 
-#include <optional>
+#include <algorithm>
 
 namespace quorvane::cli {
 namespace {
@@ -28,14 +27,11 @@ class TaxDesk {
     }
     const text::FinancialYear year = YearOf(options.year);
     const QString& data = context.Session().folders.data;
-    Result<tax::Rules> rules = tax::Rules::Load(data, year);
-    if (!rules) {
-      return rules.Why();
+    Result<tax_year::Law> law = tax_year::Law::Load(data, year);
+    if (!law) {
+      return law.Why();
     }
-    auto desk = std::make_unique<TaxDesk>(context, std::move(*rules));
-    if (Result<tax::Rules> before = tax::Rules::Load(data, year.Previous())) {
-      desk->before_ = std::move(*before);
-    }
+    auto desk = std::make_unique<TaxDesk>(context, std::move(*law));
     if (options.all) {
       for (const lookups::ClientEntry& client : desk->directory.Clients()) {
         desk->clients.push_back(client.id);
@@ -52,21 +48,14 @@ class TaxDesk {
     return desk;
   }
 
-  TaxDesk(Context& context, tax::Rules the_rules)
+  TaxDesk(Context& context, tax_year::Law the_law)
       : directory(context.Connection()),
-        rules(std::move(the_rules)),
+        law(std::move(the_law)),
         connection_(context.Connection()),
         progress_(context.MakeProgress()) {}
 
   std::vector<tax_year::Member> Read() {
-    const tax_year::TaxBook book(connection_, directory, rules, before_ ? &*before_ : nullptr);
-    tax_year::CheckList list(connection_, directory);
-    std::vector<tax_year::Member> members;
-    for (tax_year::ClientTax& client : book.Of(clients, *progress_)) {
-      auto points = list.PointsOf(client, *progress_);
-      members.push_back({std::move(client), std::move(points)});
-    }
-    return members;
+    return tax_year::ReadMembers(connection_, directory, law, clients, *progress_);
   }
 
   const std::string& CodeOf(const tax_year::Member& member) const {
@@ -74,13 +63,12 @@ class TaxDesk {
   }
 
   const lookups::Directory directory;
-  const tax::Rules rules;
+  const tax_year::Law law;
   std::vector<ClientId> clients;
 
  private:
   database::Connection& connection_;
   std::unique_ptr<Progress> progress_;
-  std::optional<tax::Rules> before_;
 };
 
 std::string CsvOf(const tax_year::Member& member, const lookups::Directory& directory) {
@@ -109,7 +97,7 @@ MaybeRefusal PrintTax(Context& context, const TaxOptions& options) {
   ReportOutput output(context, options.output, options.all);
   const std::vector<tax_year::Member> members = (*desk)->Read();
   if (options.family) {
-    output.Take(tax_year::MakeFamilyDocument((*desk)->rules, members, (*desk)->directory),
+    output.Take(tax_year::MakeFamilyDocument((*desk)->law.rules, members, (*desk)->directory),
                 options.client);
     return std::nullopt;
   }
@@ -118,9 +106,9 @@ MaybeRefusal PrintTax(Context& context, const TaxOptions& options) {
     if (csv) {
       output.TakeText(CsvOf(member, (*desk)->directory), code);
     } else {
-      output.Take(
-          tax_year::MakeTaxDocument((*desk)->rules, member.tax, member.points, (*desk)->directory),
-          code);
+      output.Take(tax_year::MakeTaxDocument((*desk)->law.rules, member.tax, member.points,
+                                            (*desk)->directory),
+                  code);
     }
     TellOpenPoints(context, **desk, member);
   }
@@ -144,8 +132,9 @@ MaybeRefusal PrintUpload(Context& context, const TaxOptions& options) {
     }
     return RefusalOf(text);
   }
-  const Result<std::string> upload = tax_year::MakeSchedule112A(
-      (*desk)->rules, member.tax.year, (*desk)->directory, rates::AllIsins(context.Connection()));
+  const Result<std::string> upload =
+      tax_year::MakeSchedule112A((*desk)->law.rules, member.tax.year, (*desk)->directory,
+                                 rates::AllIsins(context.Connection()));
   if (!upload) {
     return upload.Why();
   }
@@ -178,15 +167,7 @@ MaybeRefusal CarryLosses(Context& context, const TaxOptions& options) {
   if (!desk) {
     return desk.Why();
   }
-  const std::vector<tax_year::Member> members = (*desk)->Read();
-  database::InTransaction(context.Connection(), [&](database::Transaction& transaction) {
-    for (const tax_year::Member& member : members) {
-      if (!tax_year::IsCarried(member.tax.year, member.tax.left_before)) {
-        tax::ReplaceTaxLosses(transaction, member.tax.year.of.client, (*desk)->rules.Year(),
-                              tax_year::Carried(member.tax.year, member.tax.left_before));
-      }
-    }
-  });
+  tax_year::CarryLosses(context.Connection(), (*desk)->Read());
   return std::nullopt;
 }
 

@@ -109,20 +109,22 @@ records::Faults MisSamples(const SampleQuery& of, const Sample::Give& give) {
 }
 
 records::Faults TaxSamples(const SampleQuery& of, const Sample::Give& give) {
-  const Result<tax::Rules> rules = tax::Rules::Load(of.data_folder, of.year);
-  const Result<tax::Rules> before = tax::Rules::Load(of.data_folder, of.year.Previous());
-  if (!rules) {
+  const Result<tax_year::Law> law = tax_year::Law::Load(of.data_folder, of.year);
+  if (!law) {
     return {};
   }
-  const tax_year::TaxBook book(of.connection, of.directory, *rules, before ? &*before : nullptr);
-  tax_year::CheckList list(of.connection, of.directory);
-  Progress progress;
+  std::vector<ClientId> clients;
   for (const lookups::ClientEntry& client : of.directory.Clients()) {
-    const tax_year::ClientTax tax = book.Of(client.id, progress);
-    SampleReport sample{client.id, tax_year::MakeTaxDocument(
-                                       *rules, tax, list.PointsOf(tax, progress), of.directory)};
+    clients.push_back(client.id);
+  }
+  Progress progress;
+  for (const tax_year::Member& member :
+       tax_year::ReadMembers(of.connection, of.directory, *law, clients, progress)) {
+    SampleReport sample{
+        member.tax.year.of.client,
+        tax_year::MakeTaxDocument(law->rules, member.tax, member.points, of.directory)};
     tax_year::AppendTaxCsvHeader(sample.csv.emplace());
-    tax_year::AppendTaxCsv(*sample.csv, tax, of.directory);
+    tax_year::AppendTaxCsv(*sample.csv, member.tax, of.directory);
     give(sample);
   }
   return {};

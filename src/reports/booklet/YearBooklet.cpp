@@ -190,28 +190,21 @@ class BookletMaker {
   }
 
   void AddTax() {
-    const Result<tax::Rules> rules = tax::Rules::Load(query_.data_folder, query_.of.year);
-    if (!rules) {
+    const Result<tax_year::Law> law = tax_year::Law::Load(query_.data_folder, query_.of.year);
+    if (!law) {
       ReportDocument document;
       document.titles = {QStringLiteral("Tax Year %1").arg(query_.of.year.Text())};
-      document.notes = {QStringLiteral("Left out: %1").arg(rules.Why().text)};
+      document.notes = {QStringLiteral("Left out: %1").arg(law.Why().text)};
       return Add(Part::kTax, Whole(), std::move(document));
     }
-    const Result<tax::Rules> before =
-        tax::Rules::Load(query_.data_folder, query_.of.year.Previous());
-    const tax_year::TaxBook book(connection_, directory_, *rules, before ? &*before : nullptr);
-    tax_year::CheckList list(connection_, directory_);
-    std::vector<tax_year::Member> members;
-    for (tax_year::ClientTax& client : book.Of(clients_, progress_)) {
-      auto points = list.PointsOf(client, progress_);
-      members.push_back({std::move(client), std::move(points)});
-    }
+    const std::vector<tax_year::Member> members =
+        tax_year::ReadMembers(connection_, directory_, *law, clients_, progress_);
     if (members.size() > 1) {
-      Add(Part::kTax, Whole(), tax_year::MakeFamilyDocument(*rules, members, directory_));
+      Add(Part::kTax, Whole(), tax_year::MakeFamilyDocument(law->rules, members, directory_));
     }
     for (const tax_year::Member& member : members) {
       Add(Part::kTax, NameOf(member.tax.year.of.client),
-          tax_year::MakeTaxDocument(*rules, member.tax, member.points, directory_));
+          tax_year::MakeTaxDocument(law->rules, member.tax, member.points, directory_));
     }
   }
 

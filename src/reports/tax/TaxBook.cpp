@@ -83,15 +83,16 @@ std::vector<ClientTax> TaxBook::Of(std::span<const ClientId> clients, Progress& 
   return result;
 }
 
-std::vector<tax::TaxLoss> Carried(const TaxYear& year, std::span<const OpenLoss> left_before) {
+std::vector<tax::TaxLoss> Carried(const ClientYear& of, std::span<const tax::TaxLoss> entered,
+                                  std::span<const OpenLoss> left_before) {
   std::vector<tax::TaxLoss> losses;
   for (const OpenLoss& left : left_before) {
-    losses.push_back({year.of.client, year.of.year, left.loss_year, left.kind, left.amount});
+    losses.push_back({of.client, of.year, left.loss_year, left.kind, left.amount});
   }
-  for (const tax::TaxLoss& entered : year.brought_forward) {
+  for (const tax::TaxLoss& loss : entered) {
     if (std::ranges::none_of(left_before,
-                             [&](const OpenLoss& left) { return IsSame(entered, left); })) {
-      losses.push_back(entered);
+                             [&](const OpenLoss& left) { return IsSame(loss, left); })) {
+      losses.push_back(loss);
     }
   }
   return losses;

@@ -45,8 +45,9 @@ class TaxBook {
 };
 
 /// The losses to bring forward into a year: those that the year before leaves, in place of the same
-/// ones entered by hand, and the others that were entered.
-std::vector<tax::TaxLoss> Carried(const TaxYear& year, std::span<const OpenLoss> left_before);
+/// ones that were entered, and the others that were entered.
+std::vector<tax::TaxLoss> Carried(const ClientYear& of, std::span<const tax::TaxLoss> entered,
+                                  std::span<const OpenLoss> left_before);
 
 /// Whether those that the year before leaves are what the year brings forward.
 bool IsCarried(const TaxYear& year, std::span<const OpenLoss> left_before);

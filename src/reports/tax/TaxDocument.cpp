@@ -49,6 +49,15 @@ Cell Money(std::optional<Paise> amount) {
   return amount ? Cell(amount->Rupees()) : Cell();
 }
 
+/// The sums of the columns behind the first one.
+Row TotalRow(std::span<const Paise> sums) {
+  Row row{.kind = RowKind::kNetTotal, .cells = {QStringLiteral("Total")}};
+  for (const Paise sum : sums) {
+    row.cells.push_back(Money(sum));
+  }
+  return row;
+}
+
 /// What stands before filing, a line a point.
 QStringList NotesOf(std::span<const Point> points) {
   QStringList notes;
@@ -163,11 +172,7 @@ Table SumTable(const TaxYear& year) {
     }
     table.rows.push_back(std::move(row));
   }
-  Row last{.kind = RowKind::kNetTotal, .cells = {QStringLiteral("Total")}};
-  for (const Paise sum : total) {
-    last.cells.push_back(Money(sum));
-  }
-  table.rows.push_back(std::move(last));
+  table.rows.push_back(TotalRow(total));
   return table;
 }
 
@@ -197,11 +202,7 @@ Table WindowTable(const tax::Rules& rules, const TaxYear& year) {
     }
     table.rows.push_back(std::move(row));
   }
-  Row last{.kind = RowKind::kNetTotal, .cells = {QStringLiteral("Total")}};
-  for (const Paise sum : total) {
-    last.cells.push_back(Money(sum));
-  }
-  table.rows.push_back(std::move(last));
+  table.rows.push_back(TotalRow(total));
   return table;
 }
 
@@ -331,10 +332,7 @@ reporting::ReportDocument MakeFamilyDocument(const tax::Rules& rules,
     open_points += open;
     table.rows.push_back(std::move(row));
   }
-  Row last{.kind = RowKind::kNetTotal, .cells = {QStringLiteral("Total")}};
-  for (const Paise sum : total) {
-    last.cells.push_back(Money(sum));
-  }
+  Row last = TotalRow(total);
   last.cells.emplace_back(static_cast<double>(open_points));
   table.rows.push_back(std::move(last));
   reporting::ReportDocument document;

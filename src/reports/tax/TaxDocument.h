@@ -2,7 +2,7 @@
 
 #include "core/lookups/Directory.h"
 #include "reporting/document/ReportDocument.h"
-#include "reports/tax/CheckList.h"
+#include "reports/tax/Members.h"
 
 #include <span>
 #include <string>
@@ -15,12 +15,6 @@ namespace quorvane::tax_year {
 reporting::ReportDocument MakeTaxDocument(const tax::Rules& rules, const ClientTax& tax,
                                           std::span<const Point> points,
                                           const lookups::Directory& directory);
-
-/// A member of a family with what stands before filing.
-struct Member {
-  ClientTax tax;
-  std::vector<Point> points;
-};
 
 /// A family on one page: a row a member. Nothing is pooled, for everyone is taxed alone.
 reporting::ReportDocument MakeFamilyDocument(const tax::Rules& rules,

@@ -2,7 +2,6 @@
 
 #include "controls/ProgressDialog.h"
 #include "core/app/Session.h"
-#include "core/database/Transaction.h"
 #include "core/platform/PrivateFile.h"
 #include "reporting/output/WriteReport.h"
 #include "reports/tax/Schedule112A.h"
@@ -69,40 +68,20 @@ QStringList RptTaxYear::Choices() const {
   return {IsFamily() ? tr("Family") : QString()};
 }
 
-Result<std::vector<Member>> RptTaxYear::Read(std::vector<ClientId> clients,
-                                             Progress& progress) const {
-  database::Connection& connection = *Session().connection;
-  const Result<tax::Rules> rules = tax::Rules::Load(Session().folders.data, of_.year);
-  if (!rules) {
-    return rules.Why();
-  }
-  const Result<tax::Rules> before = tax::Rules::Load(Session().folders.data, of_.year.Previous());
-  const lookups::Directory directory(connection);
-  const TaxBook book(connection, directory, *rules, before ? &*before : nullptr);
-  CheckList list(connection, directory);
-  std::vector<Member> members;
-  for (ClientTax& client : book.Of(clients, progress)) {
-    auto points = list.PointsOf(client, progress);
-    members.push_back({std::move(client), std::move(points)});
-  }
-  return members;
-}
-
 std::optional<reporting::ReportDocument> RptTaxYear::BuildDocument(Progress& progress) {
   database::Connection& connection = *Session().connection;
-  const lookups::Directory directory(connection);
-  Result<std::vector<Member>> members =
-      Read(IsFamily() ? FamilyByCode(connection, directory, of_.client) : std::vector{of_.client},
-           progress);
-  const Result<tax::Rules> rules = tax::Rules::Load(Session().folders.data, of_.year);
-  if (!members || !rules) {
-    Show(members ? rules.Why() : members.Why());
+  const Result<Law> law = Law::Load(Session().folders.data, of_.year);
+  if (!law) {
+    Show(law.Why());
     return std::nullopt;
   }
-  members_ = std::move(*members);
-  return IsFamily()
-             ? MakeFamilyDocument(*rules, members_, directory)
-             : MakeTaxDocument(*rules, members_.front().tax, members_.front().points, directory);
+  const lookups::Directory directory(connection);
+  const std::vector<ClientId> clients =
+      IsFamily() ? FamilyByCode(connection, directory, of_.client) : std::vector{of_.client};
+  members_ = ReadMembers(connection, directory, *law, clients, progress);
+  return IsFamily() ? MakeFamilyDocument(law->rules, members_, directory)
+                    : MakeTaxDocument(law->rules, members_.front().tax, members_.front().points,
+                                      directory);
 }
 
 void RptTaxYear::ReportShown(const reporting::ReportDocument& /*document*/) {
@@ -136,10 +115,7 @@ void RptTaxYear::ShowPoints() {
 
 /// Asks once, after the report that shows what is meant.
 void RptTaxYear::CarryLosses() {
-  const bool missing = std::ranges::any_of(members_, [](const Member& member) {
-    return !IsCarried(member.tax.year, member.tax.left_before);
-  });
-  if (asked_ || !missing) {
+  if (asked_ || !LacksLosses(members_)) {
     return;
   }
   asked_ = true;
@@ -149,29 +125,24 @@ void RptTaxYear::CarryLosses() {
                  controls::Answer::kYes, controls::Icon::kInformation)) {
     return;
   }
-  database::InTransaction(*Session().connection, [this](database::Transaction& transaction) {
-    for (const Member& member : members_) {
-      if (!IsCarried(member.tax.year, member.tax.left_before)) {
-        tax::ReplaceTaxLosses(transaction, member.tax.year.of.client, of_.year,
-                              Carried(member.tax.year, member.tax.left_before));
-      }
-    }
-  });
+  tax_year::CarryLosses(*Session().connection, members_);
   CmdReport_Click();
 }
 
 /// The upload file is of one taxpayer, also while the family is shown.
 void RptTaxYear::cmdUpload_Click() {
   controls::ProgressDialog progress(this);
-  const Result<std::vector<Member>> members = Read({of_.client}, progress);
-  const Result<tax::Rules> rules = tax::Rules::Load(Session().folders.data, of_.year);
-  if (!members || !rules) {
-    return Show(members ? rules.Why() : members.Why());
+  const Result<Law> law = Law::Load(Session().folders.data, of_.year);
+  if (!law) {
+    return Show(law.Why());
   }
-  const Member& member = members->front();
   database::Connection& connection = *Session().connection;
-  const Result<std::string> upload = MakeSchedule112A(
-      *rules, member.tax.year, lookups::Directory(connection), rates::AllIsins(connection));
+  const lookups::Directory directory(connection);
+  const std::vector<Member> members =
+      ReadMembers(connection, directory, *law, std::vector{of_.client}, progress);
+  const Member& member = members.front();
+  const Result<std::string> upload =
+      MakeSchedule112A(law->rules, member.tax.year, directory, rates::AllIsins(connection));
   if (!upload) {
     return Show(upload.Why());
   }

@@ -28,7 +28,6 @@ class RptTaxYear : public reporting::ReportWindow {
   QWidget* MakeCheckList();
   void ShowPoints();
   bool IsFamily() const;
-  Result<std::vector<Member>> Read(std::vector<ClientId> clients, Progress& progress) const;
   void CarryLosses();
 
   void cmdUpload_Click();

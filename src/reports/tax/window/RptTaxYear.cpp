@@ -90,14 +90,17 @@ void RptTaxYear::ReportShown(const reporting::ReportDocument& /*document*/) {
 }
 
 void RptTaxYear::ShowPoints() {
-  const lookups::Directory directory(*Session().connection);
   points_.clear();
   std::vector<controls::Row> rows;
+  // A window that opens has no points yet, and needs no names.
+  const auto directory =
+      members_.empty() ? std::nullopt
+                       : std::optional<lookups::Directory>(std::in_place, *Session().connection);
   for (const Member& member : members_) {
     for (const Point& point : member.points) {
       points_.push_back(point);
       rows.push_back({.id = static_cast<int>(points_.size()),
-                      .cells = {QString::fromStdString(directory.Client(point.of.client).name),
+                      .cells = {QString::fromStdString(directory->Client(point.of.client).name),
                                 point.open ? tr("Open") : tr("Hint"), point.text}});
     }
   }

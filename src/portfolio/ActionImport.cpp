@@ -138,6 +138,7 @@ void ActionImport::ApplyGiven(std::size_t action) {
       layers_.Receive({place.of, place.account, names_.scrips[*row->to_scrip], row->record.to_rate},
                       {.date = *row->acquired,
                        .quantity = row->record.in,
+                       .kind = records::MovementKind::kActionIn,
                        .entered = portfolio_.actions[action].ex_day});
     }
   }
@@ -173,7 +174,7 @@ std::vector<ActionImport::Holder> ActionImport::HoldersOf(const ActionRow& row) 
       continue;
     }
     for (const Layer& layer : layers_.ByEntry(lot.id)) {
-      if (!layer.fo && layer.entered < row.ex_day) {
+      if (!layer.fo && layer.IsThereFor(row.ex_day)) {
         held[{lot.Of(), lot.account}].push_back(layer);
       }
     }
@@ -211,6 +212,7 @@ void ActionImport::Move(const Place& place, const ActionLot& lot, text::Date ex_
     layers_.Receive({place.of, place.account, lot.to_scrip, lot.to_rate},
                     {.date = text::ParseDmy(lot.acquired).value_or(ex_day),
                      .quantity = lot.in,
+                     .kind = records::MovementKind::kActionIn,
                      .entered = ex_day});
   }
 }

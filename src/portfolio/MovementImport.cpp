@@ -120,7 +120,10 @@ class MovementImport {
     for (const auto& [row, opening] : taken) {
       layers_.Receive(
           {{opening.client, opening.year}, opening.account, opening.scrip, opening.rate},
-          {row->purchase_date, opening.quantity, false, opening.fo});
+          {.date = row->purchase_date,
+           .quantity = opening.quantity,
+           .fo = opening.fo,
+           .kind = records::MovementKind::kOpening});
     }
   }
 

@@ -190,7 +190,9 @@ class WithActions(Case):
         for n in range(self.portfolios):
             with self.subTest(seed=self.seed + n):
                 folder = generate(self.new_folder(), 500, self.seed + n, "--years", "3",
-                                  "--clients", "6", "--scrips", "14", "--actions", "9")
+                                  "--clients", "6", "--actions", "9",
+                                  *(["--scrips", "28", "--twice"] if n % 2 else
+                                    ["--scrips", "14"]))
                 self.check_portfolio(folder)
 
     def check_portfolio(self, folder):

@@ -2,11 +2,12 @@
 """Writes a random but legal portfolio folder: the same arguments give the same files.
 
     generate.py --lines N --seed S --out FOLDER [--clients C] [--scrips K] [--years Y]
-                [--first-year 2011] [--order date|client] [--actions A] [--tax]
+                [--first-year 2011] [--order date|client] [--actions A] [--twice] [--tax]
 
 N is the number of lines in bills.csv, A that of corporate actions a year. Files are written as they
 come up; memory follows the number of lots held, not N. With --order client the bills are sorted by
-client at the end, in memory. --tax makes what the tax of a year depends on (generate_tax.py).
+client at the end, in memory. With --twice a scrip with an action has another one on the same day.
+--tax makes what the tax of a year depends on (generate_tax.py).
 """
 
 import argparse
@@ -70,6 +71,7 @@ class Generator:
         self.out.mkdir(parents=True, exist_ok=True)
         self.lines = arguments.lines
         self.action_count = arguments.actions
+        self.twice = arguments.twice
         self.actions: list[str] = []
         self.applied: list[tuple[Action, dict[str, Effect]]] = []
         self.ended: set[str] = set()  # scrips that have gone into another one
@@ -364,6 +366,13 @@ class Generator:
 
     def act(self, when: date):
         action = self.new_action(when)
+        self.carry_out(action)
+        second = self.new_action(when)._replace(scrip=action.scrip) if self.twice else action
+        if action.scrip not in (*self.ended, second.other) and second != action:
+            self.carry_out(second)
+
+    def carry_out(self, action: Action):
+        when = action.ex_day
         kind, scrip = action.kind, action.scrip
         effects = {account: self.effect_on(account, action) for _client, account in self.accounts}
         if any(len(exact_text(piece.rate)) > 14 for done in effects.values()
@@ -474,6 +483,7 @@ def main():
     parser.add_argument("--first-year", type=int, default=2011)
     parser.add_argument("--order", choices=("date", "client"), default="date")
     parser.add_argument("--actions", type=int, default=0, help="corporate actions a year")
+    parser.add_argument("--twice", action="store_true", help="two actions on an ex-day")
     parser.add_argument("--tax", action="store_true", help="has corporate actions, too")
     arguments = parser.parse_args()
     generator = Generator

@@ -208,8 +208,6 @@ class History:
         for action in self.portfolio.actions:
             if action.ex_day == when:
                 self._apply(action)
-        for action in self.portfolio.actions:
-            if action.ex_day == when:
                 self._subscribe_or_give(action)
         bills = [bill for bill in self.portfolio.bills if bill.date == when]
         for bill in bills:

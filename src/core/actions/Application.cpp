@@ -45,6 +45,9 @@ std::vector<gains::RemainingLot> HeldBefore(Connection& connection, const Action
   query.from = query.year.FirstDay();
   query.to = ex_day - std::chrono::days(1);
   query.scrip = action.scrip;
+  if (action.kind != ActionKind::kDividend) {
+    query.before_action = action.id;
+  }
   std::vector<gains::RemainingLot> held = gains::RemainingLots(connection, query, progress);
   std::erase_if(held, [](const gains::RemainingLot& lot) { return lot.fo; });
   return held;

@@ -25,8 +25,9 @@ struct AccountEffect {
 using ChosenShares = std::map<std::pair<ClientId, AccountId>, Shares>;
 
 /// What the action does to every account that holds the scrip when its ex-day begins, by the
-/// records of that year; in the order of client code and account number. Changes nothing. One query
-/// a table. Throws DatabaseError and Cancellation.
+/// records of that year, in the order of client code and account number. Several actions of one
+/// ex-day are carried out in the order in which they were recorded; a dividend is for what was held
+/// before all of them. Changes nothing. One query a table. Throws DatabaseError and Cancellation.
 std::vector<AccountEffect> EffectsOf(database::Connection& connection, const Action& action,
                                      const ChosenShares& chosen, Progress& progress);
 

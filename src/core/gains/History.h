@@ -4,6 +4,7 @@
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "core/gains/Matching.h"
+#include "core/records/Action.h"
 #include "core/records/Movements.h"
 
 #include <cstddef>
@@ -52,6 +53,9 @@ struct HistoryQuery {
   Date to;    ///< nothing after it counts
   FoChoice fo = FoChoice::kAll;
   std::optional<ScripId> scrip = {};  ///< every scrip when there is none
+  /// Corporate actions of the day after `to` that were recorded before this one count, too; all of
+  /// that day before one that is not recorded.
+  std::optional<ActionId> before_action = {};
 };
 
 /// What happened to one scrip in one account: lots that came in and what left, in date order.

@@ -69,13 +69,23 @@ void HistoryReader::ReadLotRates() {
 
 bool HistoryReader::IsWanted(const records::Movement& movement) const {
   const HistoryQuery& query = history_.query_;
-  const bool too_late = movement.kind != MovementKind::kOpening && movement.date > query.to;
+  const bool too_late = movement.kind != MovementKind::kOpening && movement.date > query.to &&
+                        !IsBeforeAction(movement);
   const bool too_early =
       movement.kind == MovementKind::kPurchase && movement.date < query.year.FirstDay();
   if (!movement.dated || too_late || too_early) {
     return false;
   }
   return query.fo == FoChoice::kAll || movement.fo == (query.fo == FoChoice::kFo);
+}
+
+bool HistoryReader::IsBeforeAction(const records::Movement& movement) const {
+  const HistoryQuery& query = history_.query_;
+  const bool of_an_action =
+      movement.kind == MovementKind::kActionIn || movement.kind == MovementKind::kActionOut;
+  return of_an_action && query.before_action &&
+         movement.date == query.to + std::chrono::days(1) &&
+         (!*query.before_action || movement.document < query.before_action->value);
 }
 
 /// A sale of a lot that is gone from the ledger finds no purchase: no rate equals NaN.

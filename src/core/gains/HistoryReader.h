@@ -30,6 +30,7 @@ class HistoryReader {
   void ReadRanks(Ranks& ranks, std::vector<int>& ids, std::string_view sql);
   void ReadLotRates();
   bool IsWanted(const records::Movement& movement) const;
+  bool IsBeforeAction(const records::Movement& movement) const;
   void Take(const records::Movement& movement);
   double LotRateOf(const records::Movement& movement) const;
 

@@ -55,6 +55,7 @@ void Layers::Arrange() {
               .left = arrival.quantity - used_up,
               .non_delivery = arrival.non_delivery,
               .fo = arrival.fo,
+              .kind = arrival.kind,
               .entered = arrival.entered});
     }
   }
@@ -88,6 +89,7 @@ LotId Layers::Receive(const LotKey& key, const Receipt& receipt) {
             .left = left,
             .non_delivery = receipt.non_delivery,
             .fo = receipt.fo,
+            .kind = receipt.kind,
             .entered = receipt.entered.value_or(receipt.date)});
   }
   return lot;

@@ -22,8 +22,16 @@ struct Layer {
   Shares received = {};       ///< `left` before the first Take
   bool non_delivery = false;  ///< bought to be sold on the same day
   bool fo = false;            ///< futures and options
+  records::MovementKind kind = records::MovementKind::kPurchase;
   text::Date entered;         ///< `date`, but of shares from a corporate action its ex-day
   std::uint32_t arrival = 0;  ///< in the order in which layers were added
+
+  /// Whether a corporate action of that ex-day is of these shares: of opening stock, also when it
+  /// counts as held from a later day, and of what other actions of the day made.
+  bool IsThereFor(text::Date ex_day) const {
+    return entered < ex_day || kind == records::MovementKind::kOpening ||
+           (entered == ex_day && kind == records::MovementKind::kActionIn);
+  }
 };
 
 /// Shares that come in.
@@ -32,6 +40,7 @@ struct Receipt {
   Shares quantity;
   bool non_delivery = false;
   bool fo = false;
+  records::MovementKind kind = records::MovementKind::kPurchase;
   std::optional<text::Date> entered = {};  ///< `date` when there is none
 };
 

@@ -9,7 +9,8 @@
 
 namespace quorvane::positions {
 
-/// The kinds of events, in the order in which events of one day count.
+/// The kinds of events, in the order in which events of one day count; what corporate actions do
+/// counts in the order in which they were recorded.
 enum class EventKind : std::uint8_t {
   kOpening,
   kAction,

@@ -77,6 +77,17 @@ struct Key {
   std::int32_t line;
 };
 
+/// The place among the events of a scrip and day. Corporate actions of all kinds follow each other
+/// as they were recorded.
+std::int64_t OrderOf(const Event& event, std::span<const DatedAction> actions) {
+  const bool of_an_action = event.kind >= EventKind::kAction && event.kind <= EventKind::kBuyBack;
+  const EventKind kind = of_an_action ? EventKind::kAction : event.kind;
+  const int document = event.kind == EventKind::kAction
+                           ? actions[static_cast<std::size_t>(event.document)].terms.id.value
+                           : event.document;
+  return (std::int64_t{static_cast<int>(kind)} << 32) | static_cast<std::uint32_t>(document);
+}
+
 std::vector<Event> InOrder(EventList& list) {
   ScripGroups groups(list.actions);
   std::vector<Key> keys(list.events.size());
@@ -84,9 +95,7 @@ std::vector<Event> InOrder(EventList& list) {
     const Event& event = list.events[i];
     keys[i] = {(std::int64_t{groups.Of(event.scrip.value)} << 32) |
                    static_cast<std::uint32_t>(event.day.time_since_epoch().count() + (1 << 30)),
-               (std::int64_t{static_cast<int>(event.kind)} << 32) |
-                   static_cast<std::uint32_t>(event.document),
-               static_cast<std::uint32_t>(i), event.line};
+               OrderOf(event, list.actions), static_cast<std::uint32_t>(i), event.line};
   }
   std::ranges::sort(keys, {}, [](const Key& key) {
     return std::tuple(key.group_day, key.order, key.line, key.event);

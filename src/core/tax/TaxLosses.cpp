@@ -52,6 +52,16 @@ std::vector<TaxLoss> ReadTaxLosses(Connection& connection, ClientId client, Fina
                       .All());
 }
 
+LossesByClient ReadTaxLosses(Connection& connection, FinancialYear year) {
+  LossesByClient by_client;
+  for (const TaxLoss& loss : LossesOf(records::Select<records::TaxLoss>(connection)
+                                          .Where(&records::TaxLoss::year, year)
+                                          .All())) {
+    by_client[loss.client].push_back(loss);
+  }
+  return by_client;
+}
+
 std::vector<TaxLoss> ReadAllTaxLosses(Connection& connection) {
   return LossesOf(records::Select<records::TaxLoss>(connection).All());
 }

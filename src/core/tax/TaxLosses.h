@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -52,6 +53,11 @@ struct TaxLoss {
 /// By year of the loss, then long-term, short-term, speculation.
 std::vector<TaxLoss> ReadTaxLosses(database::Connection& connection, ClientId client,
                                    text::FinancialYear year);
+
+using LossesByClient = std::map<ClientId, std::vector<TaxLoss>>;
+
+/// Of every client that brings losses forward into the year.
+LossesByClient ReadTaxLosses(database::Connection& connection, text::FinancialYear year);
 
 /// Of every client and year, in the order of their keys, then as above.
 std::vector<TaxLoss> ReadAllTaxLosses(database::Connection& connection);

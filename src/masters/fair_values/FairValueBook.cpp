@@ -70,7 +70,7 @@ MaybeRefusal FairValueBook::Save(const FairValues& before, const FairValues& aft
 }
 
 Result<Taken> FairValueBook::Raise(const FairValues& values) {
-  return database::InTransaction(connection_, [&](Transaction& transaction) -> Result<Taken> {
+  const auto raise = [&](Transaction& transaction) -> Result<Taken> {
     const FairValues before = tax::ReadFairValues(transaction.GetConnection());
     FairValues after = before;
     const Taken taken = TakeHigher(after, values);
@@ -78,7 +78,9 @@ Result<Taken> FairValueBook::Raise(const FairValues& values) {
       return *refusal;
     }
     return taken;
-  });
+  };
+  // Alone: of two programs that raise one value the higher one stays.
+  return database::InTransaction(connection_, raise, database::Turn::kAlone);
 }
 
 Taken FairValueBook::WouldRaise(const FairValues& values) const {

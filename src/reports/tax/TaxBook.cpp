@@ -49,24 +49,31 @@ bool IsSame(const tax::TaxLoss& entered, const OpenLoss& left) {
 
 }  // namespace
 
-ClientTax TaxBook::Make(ClientId client, Positions history) const {
+TaxBook::Losses TaxBook::ReadLosses() const {
+  return {tax::ReadTaxLosses(connection_, rules_.Year()),
+          before_ == nullptr ? tax::LossesByClient()
+                             : tax::ReadTaxLosses(connection_, before_->Year())};
+}
+
+ClientTax TaxBook::Make(ClientId client, Positions history, Losses& losses) const {
   Sort(history.pieces, directory_);
   ClientTax result;
-  result.year = Compute(rules_, client, history.pieces,
-                        tax::ReadTaxLosses(connection_, client, rules_.Year()));
+  result.year = Compute(rules_, client, history.pieces, std::move(losses.of_year[client]));
   if (before_ != nullptr) {
-    result.left_before = Compute(*before_, client, history.pieces,
-                                 tax::ReadTaxLosses(connection_, client, before_->Year()))
-                             .set_off.carried;
+    result.left_before =
+        Compute(*before_, client, history.pieces, std::move(losses.of_year_before[client]))
+            .set_off.carried;
   }
   result.history = std::move(history);
   return result;
 }
 
 ClientTax TaxBook::Of(ClientId client, Progress& progress) const {
+  Losses losses = ReadLosses();
   return Make(client,
               positions::ReadPositions(
-                  connection_, {.client = client, .to = rules_.Year().LastDay()}, progress));
+                  connection_, {.client = client, .to = rules_.Year().LastDay()}, progress),
+              losses);
 }
 
 std::vector<ClientTax> TaxBook::Of(std::span<const ClientId> clients, Progress& progress) const {
@@ -75,10 +82,11 @@ std::vector<ClientTax> TaxBook::Of(std::span<const ClientId> clients, Progress& 
   if (clients.size() < kMany) {
     query.clients = {clients.begin(), clients.end()};
   }
+  Losses losses = ReadLosses();
   auto histories = ByClient(positions::ReadPositions(connection_, query, progress));
   for (const ClientId client : clients) {
     progress.ThrowIfCancelled();
-    result.push_back(Make(client, std::move(histories[client])));
+    result.push_back(Make(client, std::move(histories[client]), losses));
   }
   return result;
 }

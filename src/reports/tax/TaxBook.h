@@ -21,7 +21,7 @@ struct ClientTax {
   std::vector<OpenLoss> left_before;
 };
 
-/// Works out the tax year of clients, each with one query a table. Pieces come by account number,
+/// Works out the tax year of clients with one query a table, however many they are. Pieces come by account number,
 /// scrip code and day of sale. Throws DatabaseError and Cancellation.
 class TaxBook {
  public:
@@ -36,7 +36,14 @@ class TaxBook {
   std::vector<ClientTax> Of(std::span<const ClientId> clients, Progress& progress) const;
 
  private:
-  ClientTax Make(ClientId client, positions::Positions history) const;
+  /// Of every client; what was entered to be brought forward.
+  struct Losses {
+    tax::LossesByClient of_year;
+    tax::LossesByClient of_year_before;
+  };
+
+  Losses ReadLosses() const;
+  ClientTax Make(ClientId client, positions::Positions history, Losses& losses) const;
 
   database::Connection& connection_;
   const lookups::Directory& directory_;

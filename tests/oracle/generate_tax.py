@@ -9,8 +9,8 @@ from collections import Counter
 from datetime import date, timedelta
 from fractions import Fraction
 
-from actions import Piece, held_from
-from exact import financial_year, plain
+from actions import Piece
+from exact import plain
 from folder import Action, read
 from generate import ACTIONS, QUANTITY, RATE, Generator, Layer, year_text
 from ledger import Ledger
@@ -124,14 +124,6 @@ class TaxGenerator(Generator):
         turns = turning_days(first, days)
         few = self.random.sample(turns, min(len(turns), (self.action_count + 1) // 2))
         return sorted({*few, *self.random.sample(range(days), self.action_count // 2)})
-
-    def new_action(self, when: date) -> Action:
-        """Without bonus shares that count as held from a day of the next year: the books open it
-        with a lot of that later day."""
-        action = super().new_action(when)
-        while action.kind == "bonus" and financial_year(held_from(action)) != financial_year(when):
-            action = super().new_action(when)
-        return action
 
     def kind_of_action(self, when: date) -> tuple[str, int, int]:
         buy_back_changes = {(2019, 7), (2024, 9), (2024, 10), (2026, 3), (2026, 4)}

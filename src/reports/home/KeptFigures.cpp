@@ -44,12 +44,14 @@ struct Computed {
 class Refresher {
  public:
   Refresher(Connection& connection, text::FinancialYear year, Date today, Progress& progress,
-            const std::function<void()>& committed)
+            const std::function<void()>& committed,
+            const std::optional<std::set<ClientId>>& changed)
       : connection_(connection),
         year_(year),
         today_(today),
         progress_(progress),
-        committed_(committed) {}
+        committed_(committed),
+        changed_(changed) {}
 
   int Run() {
     Compare();
@@ -87,19 +89,25 @@ class Refresher {
     }
     std::map<ClientId, Kept> kept = ReadKept();
     RecordStamps stamps(connection_);
+    const auto wanted = changed_ ? stamps.TakersFrom(*changed_) : std::set<ClientId>();
     for (const ClientId client : clients_) {
       progress_.ThrowIfCancelled();
-      const Kept& figures = kept[client];
-      const std::string stamp = stamps.Of(client);
-      const bool holds = figures.stamp == stamp && (!figures.up_to || today_ < *figures.up_to);
-      if (!holds || figures.gain_stamp != stamp) {
-        stale_.push_back({.client = client, .stamp = stamp, .has_holdings = !holds});
-        parts_ += holds ? 0 : stamps.GiversTo(client).size();
+      if (!changed_ || wanted.contains(client)) {
+        CompareOne(client, kept[client], stamps);
       }
       kept.erase(client);
     }
     for (const auto& [client, figures] : kept) {
       gone_.push_back(client);
+    }
+  }
+
+  void CompareOne(ClientId client, const Kept& figures, RecordStamps& stamps) {
+    const std::string stamp = stamps.Of(client);
+    const bool holds = figures.stamp == stamp && (!figures.up_to || today_ < *figures.up_to);
+    if (!holds || figures.gain_stamp != stamp) {
+      stale_.push_back({.client = client, .stamp = stamp, .has_holdings = !holds});
+      parts_ += holds ? 0 : stamps.GiversTo(client).size();
     }
   }
 
@@ -285,6 +293,7 @@ class Refresher {
   Date today_;
   Progress& progress_;
   const std::function<void()>& committed_;
+  const std::optional<std::set<ClientId>>& changed_;
   std::vector<ClientId> clients_;
   std::vector<Computed> stale_;
   std::vector<ClientId> gone_;
@@ -297,8 +306,9 @@ class Refresher {
 }  // namespace
 
 int RefreshFigures(Connection& connection, text::FinancialYear year, Date today, Progress& progress,
-                   const std::function<void()>& committed) {
-  return Refresher(connection, year, today, progress, committed).Run();
+                   const std::function<void()>& committed,
+                   const std::optional<std::set<ClientId>>& changed) {
+  return Refresher(connection, year, today, progress, committed, changed).Run();
 }
 
 std::optional<QDateTime> LastRefresh(Connection& connection) {

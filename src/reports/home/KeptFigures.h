@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Ids.h"
 #include "core/Progress.h"
 #include "core/database/Connection.h"
 #include "core/text/Dates.h"
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 
 namespace quorvane::home {
 
@@ -31,11 +33,13 @@ struct Gains {
 /// Brings the kept figures up to date: each client's holdings of `today`, read over all years, and
 /// the gains of a year. Clients whose records did not change since are left as they are. Works in
 /// small steps, for a connection of its own in the background: `committed` is called after each
-/// transaction, at most about once a second. Returns how many clients were computed anew. Throws
+/// transaction, at most about once a second. With `changed`, only those clients and everyone to
+/// whom shares of theirs came are compared. Returns how many clients were computed anew. Throws
 /// DatabaseError and Cancellation; what was committed stays.
 int RefreshFigures(
     database::Connection& connection, text::FinancialYear year, Date today, Progress& progress,
-    const std::function<void()>& committed = [] {});
+    const std::function<void()>& committed = [] {},
+    const std::optional<std::set<ClientId>>& changed = std::nullopt);
 
 /// When RefreshFigures last came to its end; none when it never did. In local time.
 std::optional<QDateTime> LastRefresh(database::Connection& connection);

@@ -40,9 +40,25 @@ std::string TextOf(const QCryptographicHash& hash) {
   return hash.result().toHex().toStdString();
 }
 
+/// All who are reached from some over any number of steps, these included.
+std::set<ClientId> Reached(const std::multimap<ClientId, ClientId>& steps,
+                           std::set<ClientId> reached) {
+  std::vector<ClientId> open(reached.begin(), reached.end());
+  while (!open.empty()) {
+    const auto [first, last] = steps.equal_range(open.back());
+    open.pop_back();
+    for (auto each = first; each != last; ++each) {
+      if (reached.insert(each->second).second) {
+        open.push_back(each->second);
+      }
+    }
+  }
+  return reached;
+}
+
 }  // namespace
 
-RecordStamps::RecordStamps(Connection& connection) : connection_(connection) {
+std::string RecordStamps::Common(Connection& connection) {
   QCryptographicHash hash(QCryptographicHash::Sha1);
   Add(hash, kVersion);
   for (const auto& row : connection.Open(
@@ -54,26 +70,24 @@ RecordStamps::RecordStamps(Connection& connection) : connection_(connection) {
   for (const auto& row : connection.Open("Select Distinct Fyear From StkOpBal Order By Fyear")) {
     Add(hash, row.Utf8(0));
   }
-  common_ = TextOf(hash);
+  return TextOf(hash);
+}
+
+RecordStamps::RecordStamps(Connection& connection)
+    : connection_(connection), common_(Common(connection)) {
   for (const auto& row :
        connection.Open("Select Distinct ToClientID,Cid From ScrTransfer Where ToClientID<>Cid")) {
     givers_.emplace(ClientId{row.Int(0)}, ClientId{row.Int(1)});
+    takers_.emplace(ClientId{row.Int(1)}, ClientId{row.Int(0)});
   }
 }
 
 std::set<ClientId> RecordStamps::GiversTo(ClientId client) const {
-  std::set<ClientId> reached{client};
-  std::vector<ClientId> open{client};
-  while (!open.empty()) {
-    const auto [first, last] = givers_.equal_range(open.back());
-    open.pop_back();
-    for (auto each = first; each != last; ++each) {
-      if (reached.insert(each->second).second) {
-        open.push_back(each->second);
-      }
-    }
-  }
-  return reached;
+  return Reached(givers_, {client});
+}
+
+std::set<ClientId> RecordStamps::TakersFrom(const std::set<ClientId>& clients) const {
+  return Reached(takers_, clients);
 }
 
 const std::string& RecordStamps::OwnOf(ClientId client) {

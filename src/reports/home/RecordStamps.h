@@ -23,12 +23,19 @@ class RecordStamps {
   /// The client and everyone whose shares may have come to the client.
   std::set<ClientId> GiversTo(ClientId client) const;
 
+  /// The clients and everyone to whom shares of theirs may have come.
+  std::set<ClientId> TakersFrom(const std::set<ClientId>& clients) const;
+
+  /// Of what concerns all clients, by which every stamp is another one.
+  static std::string Common(database::Connection& connection);
+
  private:
   const std::string& OwnOf(ClientId client);
 
   database::Connection& connection_;
   std::string common_;
-  std::multimap<ClientId, ClientId> givers_;  ///< whose shares came to whom
+  std::multimap<ClientId, ClientId> givers_;  ///< to whom, whose shares
+  std::multimap<ClientId, ClientId> takers_;  ///< whose shares, to whom
   std::map<ClientId, std::string> own_;
 };
 

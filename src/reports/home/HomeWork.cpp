@@ -70,9 +70,9 @@ class HomeWork::Worker : public QObject {
     if (!checks) {
       return;
     }
-    const auto changed = since_.Begin(*connection_, scope.year, scope.today);
+    Known& known = since_.Begin(*connection_, scope.year, scope.today);
     RefreshFigures(
-        *connection_, scope.year, scope.today, until, [&] { Show(scope, true, until); }, changed);
+        *connection_, scope.year, scope.today, until, [&] { Show(scope, true, until); }, &known);
     since_.End();
     checked_state_ = state;
     checked_year_ = scope.year;

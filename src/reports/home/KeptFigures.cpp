@@ -44,14 +44,13 @@ struct Computed {
 class Refresher {
  public:
   Refresher(Connection& connection, text::FinancialYear year, Date today, Progress& progress,
-            const std::function<void()>& committed,
-            const std::optional<std::set<ClientId>>& changed)
+            const std::function<void()>& committed, Known& known)
       : connection_(connection),
         year_(year),
         today_(today),
         progress_(progress),
         committed_(committed),
-        changed_(changed) {}
+        known_(known) {}
 
   int Run() {
     Compare();
@@ -88,17 +87,29 @@ class Refresher {
       clients_.push_back(ClientId{row.Int(0)});
     }
     std::map<ClientId, Kept> kept = ReadKept();
-    RecordStamps stamps(connection_);
-    const auto wanted = changed_ ? stamps.TakersFrom(*changed_) : std::set<ClientId>();
+    ForgetChanged();
+    RecordStamps stamps(connection_, known_.stamps);
+    const auto& changed = known_.changed;
+    const auto wanted = changed ? stamps.TakersFrom(*changed) : std::set<ClientId>();
     for (const ClientId client : clients_) {
       progress_.ThrowIfCancelled();
-      if (!changed_ || wanted.contains(client)) {
+      if (!changed || wanted.contains(client)) {
         CompareOne(client, kept[client], stamps);
       }
       kept.erase(client);
     }
     for (const auto& [client, figures] : kept) {
       gone_.push_back(client);
+    }
+  }
+
+  void ForgetChanged() {
+    if (!known_.changed) {
+      known_.stamps.clear();
+      return;
+    }
+    for (const ClientId client : *known_.changed) {
+      known_.stamps.erase(client);
     }
   }
 
@@ -293,7 +304,7 @@ class Refresher {
   Date today_;
   Progress& progress_;
   const std::function<void()>& committed_;
-  const std::optional<std::set<ClientId>>& changed_;
+  Known& known_;
   std::vector<ClientId> clients_;
   std::vector<Computed> stale_;
   std::vector<ClientId> gone_;
@@ -306,9 +317,11 @@ class Refresher {
 }  // namespace
 
 int RefreshFigures(Connection& connection, text::FinancialYear year, Date today, Progress& progress,
-                   const std::function<void()>& committed,
-                   const std::optional<std::set<ClientId>>& changed) {
-  return Refresher(connection, year, today, progress, committed, changed).Run();
+                   const std::function<void()>& committed, Known* known) {
+  Known nothing;
+  return Refresher(connection, year, today, progress, committed,
+                   known == nullptr ? nothing : *known)
+      .Run();
 }
 
 std::optional<QDateTime> LastRefresh(Connection& connection) {

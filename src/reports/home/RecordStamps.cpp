@@ -73,8 +73,8 @@ std::string RecordStamps::Common(Connection& connection) {
   return TextOf(hash);
 }
 
-RecordStamps::RecordStamps(Connection& connection)
-    : connection_(connection), common_(Common(connection)) {
+RecordStamps::RecordStamps(Connection& connection, std::map<ClientId, std::string>& own)
+    : connection_(connection), common_(Common(connection)), own_(own) {
   for (const auto& row :
        connection.Open("Select Distinct ToClientID,Cid From ScrTransfer Where ToClientID<>Cid")) {
     givers_.emplace(ClientId{row.Int(0)}, ClientId{row.Int(1)});
@@ -91,21 +91,20 @@ std::set<ClientId> RecordStamps::TakersFrom(const std::set<ClientId>& clients) c
 }
 
 const std::string& RecordStamps::OwnOf(ClientId client) {
-  const auto [found, is_new] = own_.try_emplace(client);
-  if (is_new) {
-    std::vector<std::string> parts(kOwnParts);
-    const std::vector<database::Value> values(kOwnParts, database::Value(client));
-    for (const auto& row : connection_.OpenValues(kOwn, values)) {
-      parts[static_cast<std::size_t>(row.Int(0)) - 1] =
-          row.Text(1).toStdString() + ':' + row.Text(2).toStdString();
-    }
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    for (const std::string& part : parts) {
-      Add(hash, part);
-    }
-    found->second = TextOf(hash);
+  if (const auto known = own_.find(client); known != own_.end()) {
+    return known->second;
   }
-  return found->second;
+  std::vector<std::string> parts(kOwnParts);
+  const std::vector<database::Value> values(kOwnParts, database::Value(client));
+  for (const auto& row : connection_.OpenValues(kOwn, values)) {
+    parts[static_cast<std::size_t>(row.Int(0)) - 1] =
+        row.Text(1).toStdString() + ':' + row.Text(2).toStdString();
+  }
+  QCryptographicHash hash(QCryptographicHash::Sha1);
+  for (const std::string& part : parts) {
+    Add(hash, part);
+  }
+  return own_.emplace(client, TextOf(hash)).first->second;
 }
 
 std::string RecordStamps::Of(ClientId client) {

@@ -13,8 +13,9 @@ namespace quorvane::home {
 /// changed them and with which program: a stamp is another text when any of them is.
 class RecordStamps {
  public:
-  /// Reads what concerns all clients. Throws DatabaseError.
-  explicit RecordStamps(database::Connection& connection);
+  /// Reads what concerns all clients. `own` has the stamps of single clients' records that are
+  /// known already, and takes in those that are read; it outlives the object. Throws DatabaseError.
+  RecordStamps(database::Connection& connection, std::map<ClientId, std::string>& own);
 
   /// Of all records from which the client's holdings and gains are computed, those of clients
   /// included whose shares came to the client. Reads each client's records once.
@@ -36,7 +37,7 @@ class RecordStamps {
   std::string common_;
   std::multimap<ClientId, ClientId> givers_;  ///< to whom, whose shares
   std::multimap<ClientId, ClientId> takers_;  ///< whose shares, to whom
-  std::map<ClientId, std::string> own_;
+  std::map<ClientId, std::string>& own_;
 };
 
 }  // namespace quorvane::home

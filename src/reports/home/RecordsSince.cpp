@@ -72,14 +72,13 @@ std::optional<std::set<ClientId>> ClientsIn(const Entry& entry) {
   return clients;
 }
 
-std::optional<std::set<ClientId>> RecordsSince::Begin(database::Connection& connection,
-                                                      text::FinancialYear year, text::Date today) {
+Known& RecordsSince::Begin(database::Connection& connection, text::FinancialYear year,
+                           text::Date today) {
   begun_ = {changes::LastEntry(connection), RecordStamps::Common(connection), year, today};
-  if (!last_.entry || last_.common != begun_.common || last_.year != year || last_.today != today ||
-      *begun_.entry <= *last_.entry) {
-    return std::nullopt;
-  }
-  return ClientsOf(connection, *last_.entry, *begun_.entry);
+  const bool follows = last_.entry && last_.common == begun_.common && last_.year == year &&
+                       last_.today == today && *last_.entry < *begun_.entry;
+  known_.changed = follows ? ClientsOf(connection, *last_.entry, *begun_.entry) : std::nullopt;
+  return known_;
 }
 
 std::optional<std::set<ClientId>> RecordsSince::ClientsOf(database::Connection& connection,

@@ -5,6 +5,7 @@
 #include "core/database/Connection.h"
 #include "core/text/Dates.h"
 #include "core/text/FinancialYear.h"
+#include "reports/home/KeptFigures.h"
 
 #include <cstdint>
 #include <optional>
@@ -19,10 +20,8 @@ namespace quorvane::home {
 /// program, year and day.
 class RecordsSince {
  public:
-  /// Of a comparison that is about to begin. Nothing: all clients are to be compared. Throws
-  /// DatabaseError.
-  std::optional<std::set<ClientId>> Begin(database::Connection& connection,
-                                          text::FinancialYear year, text::Date today);
+  /// For a comparison that is about to begin. Throws DatabaseError.
+  Known& Begin(database::Connection& connection, text::FinancialYear year, text::Date today);
 
   /// The comparison came to its end.
   void End() { last_ = begun_; }
@@ -41,6 +40,7 @@ class RecordsSince {
   static std::optional<std::set<ClientId>> ClientsOf(database::Connection& connection,
                                                      std::int64_t after, std::int64_t last);
 
+  Known known_;
   Look begun_;
   Look last_;
 };

@@ -352,16 +352,18 @@ class HomeOfADeskTest : public test::DeskTest {
     database::Connection& connection = desk_->Connection();
     const text::Date today = Day(13, 6, 2011);
     home::RecordsSince since;
-    QVERIFY(!since.Begin(connection, desk_->year, today));
-    Read(today);
+    Progress progress;
+    home::Known& known = since.Begin(connection, desk_->year, today);
+    QVERIFY(!known.changed);
+    home::RefreshFigures(
+        connection, desk_->year, today, progress, [] {}, &known);
     since.End();
     database::InTransaction(connection,
                             [&](database::Transaction& transaction) { work(transaction, *desk_); });
-    const auto changed = since.Begin(connection, desk_->year, today);
-    QCOMPARE(Named(changed), expected);
-    Progress progress;
+    since.Begin(connection, desk_->year, today);
+    QCOMPARE(Named(known.changed), expected);
     home::RefreshFigures(
-        connection, desk_->year, today, progress, [] {}, changed);
+        connection, desk_->year, today, progress, [] {}, &known);
     QCOMPARE(home::RefreshFigures(connection, desk_->year, today, progress), 0);
     test::Empty(connection, {"MarketRate"});
   }

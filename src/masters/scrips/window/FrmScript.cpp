@@ -49,10 +49,6 @@ FrmScript::FrmScript(controls::Desk& desk)
 }
 
 void FrmScript::FillList() {
-  database::Connection& connection = *Session().connection;
-  FillCombos();
-  List().Model().SetChoices(kType, lookups::ChoiceList(connection, Choices::kScripTypes));
-  List().Model().SetChoices(kClass, lookups::ChoiceList(connection, Choices::kScripClasses));
   listed_ = book_.List();
   ShowScrips();
 }
@@ -69,6 +65,10 @@ bool FrmScript::ReadRecords(std::span<const int> keys) {
 }
 
 void FrmScript::ShowScrips() {
+  database::Connection& connection = *Session().connection;
+  FillCombos();
+  List().Model().SetChoices(kType, lookups::ChoiceList(connection, Choices::kScripTypes));
+  List().Model().SetChoices(kClass, lookups::ChoiceList(connection, Choices::kScripClasses));
   std::vector<controls::Row> rows;
   for (const Scrip& scrip : listed_) {
     rows.push_back(

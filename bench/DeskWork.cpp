@@ -76,6 +76,15 @@ void MeasureHome(Table& table, database::Connection& connection, const Portfolio
             fmt::format("{:.1f} s", refresh()));
   table.Add(fmt::format("home, all clients compared with their records, N = {}", lines),
             fmt::format("{:.1f} s", refresh()));
+  home::Known known;
+  home::RefreshFigures(
+      connection, scope.year, scope.today, progress, [] {}, &known);
+  known.changed = {ClientId{1}};
+  table.Add(fmt::format("home, the client of one changed bill compared, N = {}", lines),
+            fmt::format("{:.1f} ms", MedianMs([&] {
+                          home::RefreshFigures(
+                              connection, scope.year, scope.today, progress, [] {}, &known);
+                        })));
   AddMs(table, fmt::format("home, figures of {} clients shown, N = {}", portfolio.clients, lines),
         MedianMs([&] { home::ReadFigures(connection, scope); }), kMostHomeMs);
   table.Add(fmt::format("home, {} holdings read, N = {}",

@@ -1142,6 +1142,32 @@ Maximum Allowed Value is: %1</source>
         <source>It can&apos;t be Taken Back: Trades of it were Taken In Again.</source>
         <translation>इसे वापस नहीं लिया जा सकता: इसके सौदे फिर से ले लिए गए हैं।</translation>
     </message>
+    <message>
+        <source>Comparison with a Statement</source>
+        <translation>विवरण से तुलना</translation>
+    </message>
+    <message>
+        <source>Statement of</source>
+        <translation>विवरण का दिन</translation>
+    </message>
+    <message>
+        <source>Holdings Compared</source>
+        <translation>तुलना की गई होल्डिंग</translation>
+    </message>
+    <message>
+        <source>Holdings that Differ</source>
+        <translation>अलग होल्डिंग</translation>
+    </message>
+    <message>
+        <source>Compared On</source>
+        <translation>तुलना की तारीख</translation>
+    </message>
+    <message>
+        <source>%1 Deleted this Record on %2 at %3 while You had it Open.
+Save again to Enter it as a new one, or cancel.</source>
+        <translation>जब यह रिकॉर्ड आपके पास खुला था, %1 ने %2 पर %3 को इसे हटा दिया।
+इसे नए रिकॉर्ड के रूप में दर्ज करने के लिए फिर से सहेजें, या रद्द करें।</translation>
+    </message>
 </context>
 <context>
     <name>ClientList</name>
@@ -1601,6 +1627,34 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Transfer</source>
         <translation>अंतरण</translation>
+    </message>
+    <message>
+        <source>%1 demat accounts do not agree with their last statement.</source>
+        <translation>%1 डीमैट खाते अपने पिछले विवरण से नहीं मिलते।</translation>
+    </message>
+    <message>
+        <source>%1 demat accounts were never compared with a statement.</source>
+        <translation>%1 डीमैट खातों की किसी विवरण से कभी तुलना नहीं हुई।</translation>
+    </message>
+    <message>
+        <source>%1 demat accounts have no statement of the last six months.</source>
+        <translation>%1 डीमैट खातों का पिछले छह महीनों का कोई विवरण नहीं है।</translation>
+    </message>
+    <message>
+        <source>never compared</source>
+        <translation>कभी तुलना नहीं हुई</translation>
+    </message>
+    <message>
+        <source>does not agree</source>
+        <translation>नहीं मिलता</translation>
+    </message>
+    <message>
+        <source>older than six months</source>
+        <translation>छह महीने से पुराना</translation>
+    </message>
+    <message>
+        <source>agrees</source>
+        <translation>मिलता है</translation>
     </message>
 </context>
 <context>
@@ -5451,6 +5505,65 @@ Save this one, too?</source>
     <message>
         <source>Cost %1, value %2, day&apos;s change %3</source>
         <translation>लागत %1, मान %2, दिन का बदलाव %3</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::home::FrmStatements</name>
+    <message>
+        <source>Demat Accounts and Statements</source>
+        <translation>डीमैट खाते और विवरण</translation>
+    </message>
+    <message>
+        <source>&amp;Compare</source>
+        <translation>तुलना करें (&amp;C)</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>बंद करें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Demat A/c</source>
+        <translation>डीमैट खाता</translation>
+    </message>
+    <message>
+        <source>Statement of</source>
+        <translation>विवरण का दिन</translation>
+    </message>
+    <message>
+        <source>Compared On</source>
+        <translation>तुलना की तारीख</translation>
+    </message>
+    <message>
+        <source>Holdings</source>
+        <translation>होल्डिंग</translation>
+    </message>
+    <message>
+        <source>Do Not Agree</source>
+        <translation>नहीं मिलतीं</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>स्थिति</translation>
+    </message>
+    <message>
+        <source>&amp;Family</source>
+        <translation>परिवार (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Li&amp;st</source>
+        <translation>सूची (&amp;S)</translation>
+    </message>
+    <message>
+        <source>All clients</source>
+        <translation>सभी ग्राहक</translation>
+    </message>
+    <message>
+        <source>All accounts</source>
+        <translation>सभी खाते</translation>
     </message>
 </context>
 <context>

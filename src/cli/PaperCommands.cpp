@@ -3,6 +3,7 @@
 #include "core/lookups/Choices.h"
 #include "core/text/Csv.h"
 #include "portfolio/notes/NoteBook.h"
+#include "portfolio/reconcile/KeptChecks.h"
 #include "portfolio/reconcile/OpeningFromStatement.h"
 #include "portfolio/reconcile/ReconcileDocument.h"
 #include "portfolio/reconcile/StatementFile.h"
@@ -89,6 +90,9 @@ MaybeRefusal Reconcile(Context& context, const ReconcileOptions& options) {
   const auto result = reconcile::Reconcile(context.Connection(), *statement, query, *progress);
   if (!result) {
     return result.Why();
+  }
+  if (!context.Session().read_only) {
+    reconcile::KeepCheck(context.Connection(), *result, query.today);
   }
   if (options.output.Format() == reporting::OutputFormat::kCsv) {
     output.TakeText(reconcile::ReconcileCsv(*result, directory, options.differences), "reconcile");

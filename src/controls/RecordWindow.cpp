@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace quorvane::controls {
@@ -208,13 +209,14 @@ void RecordWindow::cmdUpdate_Click() {
   if (RefusesDate()) {
     return;
   }
+  const int before = current_;
   if (const MaybeRefusal refusal = Save()) {
     Show(*refusal);
     return;
   }
   SetEditing(false);
   ShowList();
-  Refill(current_);
+  Refill(current_, std::array{before, current_});
   // Enter begins the next record: in the list it would open the one just saved.
   cmdAdd->setFocus(Qt::OtherFocusReason);
 }
@@ -252,7 +254,7 @@ void RecordWindow::CmdDelete_Click() {
     return;
   }
   Remove(id);
-  Refill(0);
+  Refill(0, std::array{id});
   list_->SelectRow(std::min(row, list_->Model().RowCount() - 1));
 }
 
@@ -272,14 +274,17 @@ void RecordWindow::ImgBack_Click(int panel) {
   ShowPanel(panel);
 }
 
-void RecordWindow::Refill(int id) {
-  FillAgain(id);
+void RecordWindow::Refill(int id, std::span<const int> changed) {
+  FillAgain(id, changed);
   ShowRecord(list_->CurrentId());
 }
 
-void RecordWindow::FillAgain(int id) {
+/// Without any keys all records are read.
+void RecordWindow::FillAgain(int id, std::span<const int> changed) {
   const QScopedValueRollback<bool> filling(filling_, true);
-  FillList();
+  if (changed.empty() || !ReadRecords(changed)) {
+    FillList();
+  }
   since_filled_.start();
   list_->Reveal(id);
   if (list_->CurrentRow() < 0) {
@@ -380,12 +385,12 @@ void RecordWindow::Activated() {
   ReadAgain();
 }
 
-void RecordWindow::ReadAgain() {
+void RecordWindow::ReadAgain(std::span<const int> changed) {
   reading_again_ = true;
-  TheGuard().Run(QStringLiteral("Form_Activate"), [this] {
+  TheGuard().Run(QStringLiteral("Form_Activate"), [&] {
     const std::optional<Grid::Order> order = list_->SortedBy();
     const QString chosen = list_->SelectedText();
-    FillAgain(current_);
+    FillAgain(current_, changed);
     list_->SortBy(order);
     if (list_->CurrentId() != current_ || list_->SelectedText() != chosen) {
       ShowRecord(list_->CurrentId());
@@ -395,18 +400,45 @@ void RecordWindow::ReadAgain() {
 }
 
 void RecordWindow::LookAround(std::span<const changes::Entry> news) {
-  const auto concerns = [this](const changes::Entry& entry) { return Concerns(entry); };
   if (editing_) {
-    for (const changes::Entry& entry : news) {
-      if (entry.key == current_ && current_ != 0 && Concerns(entry)) {
-        watch_->ChangedBy(entry);
-      }
-    }
-    watch_->LookForOthers(false);
-  } else if (isVisible() && !reading_again_ && std::ranges::any_of(news, concerns) &&
-             !ShowsAlready(news)) {
-    ReadAgain();
+    return WatchFor(news);
   }
+  if (news.empty() || !isVisible() || reading_again_ || ShowsAlready(news)) {
+    return;
+  }
+  constexpr std::size_t kMost = 500;
+  const changes::Touched touched = TouchedBy(news);
+  const bool singly = !touched.IsUnnamed() && touched.keys.size() <= kMost;
+  if (!touched.IsNothing()) {
+    ReadAgain(singly ? std::span<const int>(touched.keys) : std::span<const int>());
+  }
+}
+
+void RecordWindow::WatchFor(std::span<const changes::Entry> news) {
+  for (const changes::Entry& entry : news) {
+    if (current_ != 0 && TouchedBy(std::span(&entry, 1)).MayHaveChanged(current_)) {
+      watch_->ChangedBy(entry);
+    }
+  }
+  watch_->LookForOthers(false);
+}
+
+/// Which records of the window's kind the entries changed. Of many entries the rows are not read.
+changes::Touched RecordWindow::TouchedBy(std::span<const changes::Entry> news) const {
+  constexpr std::size_t kMany = 50;
+  changes::Touched all;
+  all.everything = news.size() > kMany;
+  for (const changes::Entry& entry : news) {
+    if (all.everything || RecordTable().empty() || !IsOfClient(entry)) {
+      continue;
+    }
+    const changes::Touched one = changes::TouchedBy(*Session().connection, entry, RecordTable());
+    all.keys.insert(all.keys.end(), one.keys.begin(), one.keys.end());
+    all.went += one.went;
+    all.came += one.came;
+    all.everything = one.everything;
+  }
+  return all;
 }
 
 /// The list was filled after this window's own save.
@@ -419,12 +451,8 @@ bool RecordWindow::ShowsAlready(std::span<const changes::Entry> news) const {
          });
 }
 
-/// An entry without a record is of many: an import.
-bool RecordWindow::Concerns(const changes::Entry& entry) const {
-  const std::optional<ClientId> client = RecordClient();
-  const bool of_client = !client || !entry.client || entry.client == *client;
-  return of_client && (entry.table == RecordTable() || entry.table.empty() ||
-                       entry.table == changes::kEverything);
+bool RecordWindow::IsOfClient(const changes::Entry& entry) const {
+  return changes::IsOf(entry, RecordClient().value_or(ClientId()));
 }
 
 bool RecordWindow::MayClose() {

@@ -3,10 +3,12 @@
 #include "controls/ChildWindow.h"
 #include "controls/EditWatch.h"
 #include "controls/Grid.h"
+#include "core/changes/Touched.h"
 
 #include <QElapsedTimer>
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 class QButtonGroup;
@@ -68,6 +70,13 @@ class RecordWindow : public ChildWindow {
 
   /// Puts all records into List().
   virtual void FillList() = 0;
+
+  /// Reads only those records anew, which others or this window changed, added or deleted, and
+  /// shows them at their places in List(). False when FillList is to read all.
+  virtual bool ReadRecords(std::span<const int> keys) {
+    static_cast<void>(keys);
+    return false;
+  }
 
   /// Empties the form.
   virtual void Clear() = 0;
@@ -164,12 +173,14 @@ class RecordWindow : public ChildWindow {
   void Enable();
   void Rest();
   void ShowRecord(int id);
-  void Refill(int id);
-  void FillAgain(int id);
-  void ReadAgain();
+  void Refill(int id, std::span<const int> changed = {});
+  void FillAgain(int id, std::span<const int> changed);
+  void ReadAgain(std::span<const int> changed = {});
   bool May(changes::Right right) const;
   bool ShowsAlready(std::span<const changes::Entry> news) const;
-  bool Concerns(const changes::Entry& entry) const;
+  bool IsOfClient(const changes::Entry& entry) const;
+  changes::Touched TouchedBy(std::span<const changes::Entry> news) const;
+  void WatchFor(std::span<const changes::Entry> news);
 
   Panels panels_;
   QWidget* details_;

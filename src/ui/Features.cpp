@@ -27,6 +27,7 @@
 #include "reports/demat/window/RptDMatStatement.h"
 #include "reports/dividends/window/RptDividends.h"
 #include "reports/home/window/FrmFigures.h"
+#include "reports/home/window/FrmStatements.h"
 #include "reports/mis/window/RptVariousReport.h"
 #include "reports/performance/window/RptReturns.h"
 #include "reports/profit/window/RptProfitStatement.h"
@@ -197,6 +198,7 @@ constexpr Feature kFeatures[] = {
      Make<corporate_actions::ImpCorpAction>},
     {"", "", kNoItem, "", "FrmHoldings", "home.md", MakeFigures<FrmFigures::What::kHoldings>},
     {"", "", kNoItem, "", "FrmGains", "home.md", MakeFigures<FrmFigures::What::kGains>},
+    {"", "", kNoItem, "", "FrmStatements", "home.md", Make<home::FrmStatements>},
     {"", "", kNoItem, "", "FrmScriptType", "masters.md", MakeLookup<LookupKind::kScripTypes>},
     {"", "", kNoItem, "", "FrmScriptCls", "masters.md", MakeLookup<LookupKind::kScripClasses>},
     {"", "", kNoItem, "", "FrmTransPer", "masters.md", MakeLookup<LookupKind::kTaxPercentages>},

@@ -22,7 +22,7 @@ SQL = re.compile(r'"(Select [^"]* From |Insert Into |Update \w+ Set |Delete From
 RECORDS = ("LoginId|ClientInfo|ClientActDet|RemovedAccount|DepPart|DpIDs|Broker|Script|ScripIsin|ScriptType|"
            "ScriptClass|Exchange|STTPer|TransTaxPer|CorpAction|CorpActionLot|Dividend|StkOpBal|BrOpBal|"
            "SPMaster|SPTrans|ScrTransfer|BrPayment|BrRec|MarketRate|UserRight|"
-           "FairValue|TaxLoss|OpeningMark")
+           "FairValue|TaxLoss|OpeningMark|StatementCheck")
 WRITES = re.compile(r'"(?:Insert (?:Ignore )?Into|Replace Into|Delete From|Delete \w+ From|Update) '
                     r'`?(?:' + RECORDS + r'|\{\w*\})(?![A-Za-z])', re.IGNORECASE)
 # Works of many rows, each one entry of the log, and the schema's own.

@@ -21,12 +21,13 @@ inline Field FieldOf(const MaybeRefusal& refusal) {
 }
 
 /// The rows of a query as "a|b|c", in its order.
-inline QStringList Rows(database::Connection& connection, const std::string& sql) {
+inline QStringList Rows(database::Connection& connection, const std::string& sql,
+                        const QString& null = {}) {
   QStringList rows;
   for (const auto& row : connection.Open(sql)) {
     QStringList cells;
     for (std::size_t i = 0; i < row.ColumnCount(); ++i) {
-      cells += row.Text(i);
+      cells += row.IsNull(i) ? null : row.Text(i);
     }
     rows += cells.join(QLatin1Char('|'));
   }
@@ -38,7 +39,8 @@ inline QStringList Contents(database::Connection& connection,
                             std::initializer_list<const char*> tables) {
   QStringList rows;
   for (const char* table : tables) {
-    QStringList own = Rows(connection, fmt::format("Select '{0}',T.* From {0} T", table));
+    QStringList own =
+        Rows(connection, fmt::format("Select '{0}',T.* From {0} T", table), QStringLiteral("NULL"));
     own.sort();
     rows += own;
   }

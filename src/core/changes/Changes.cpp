@@ -14,9 +14,10 @@ namespace {
 // A change of several records is named after the first kind of these: the delete of a broker takes
 // its bills along.
 constexpr auto kOwners = std::to_array<std::string_view>(
-    {"LoginId", "ClientInfo", "DepPart", "Broker", "Script", "ScriptType", "ScriptClass",
-     "Exchange", "STTPer", "TransTaxPer", "CorpAction", "SPMaster", "StkOpBal", "ScrTransfer",
-     "BrOpBal", "BrPayment", "BrRec", "Dividend", "TaxLoss"});
+    {"LoginId",    "ClientInfo",  "DepPart",  "Broker",      "Script",
+     "ScriptType", "ScriptClass", "Exchange", "STTPer",      "TransTaxPer",
+     "CorpAction", "SPMaster",    "StkOpBal", "ScrTransfer", "BrOpBal",
+     "BrPayment",  "BrRec",       "Dividend", "TaxLoss",     "StatementCheck"});
 
 auto RankOf(std::string_view table) {
   return std::ranges::find(kOwners, table) - kOwners.begin();

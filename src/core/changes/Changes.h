@@ -81,6 +81,10 @@ class Changes {
   /// The transaction takes that entry of the log back.
   void Undoes(std::int64_t entry) { undoes_ = entry; }
 
+  /// A record that was to be replaced is stored no longer, and is written as a new one.
+  void Missed(std::string_view table, int key) { missed_ = {.table = table, .key = key}; }
+  const std::optional<Owner>& MissedRecord() const { return missed_; }
+
   /// Nothing when no record changed.
   std::optional<NewEntry> Entry() const;
 
@@ -98,6 +102,7 @@ class Changes {
   std::optional<Kind> kind_;
   QString text_;
   std::int64_t undoes_ = 0;
+  std::optional<Owner> missed_;
   std::size_t rows_ = 0;
   bool keeps_rows_ = true;
   bool is_summary_ = false;

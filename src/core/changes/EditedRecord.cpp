@@ -12,7 +12,7 @@ using database::DatabaseError;
 
 EditedRecord::EditedRecord(database::Connection& connection, std::string_view table, int key)
     : connection_(connection), table_(table), key_(key) {
-  connection_.Edits().Begin(table, key, LastChangeOf(connection, table, key));
+  connection_.Edits().Begin(table, key, LastEntry(connection));
   Beat();
 }
 

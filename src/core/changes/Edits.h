@@ -9,8 +9,8 @@
 
 namespace quorvane::changes {
 
-/// The records that a program has open for editing, each with the number of the last change that
-/// the program has seen of it. A save is refused when the log has a later one.
+/// The records that a program has open for editing, each with the number of the last entry of the
+/// log that there was when the program read it. A save is refused when the log has a later one.
 class Edits {
  public:
   void Begin(std::string_view table, int key, std::int64_t seen) {

@@ -10,6 +10,7 @@
 #include "core/records/OpeningMark.h"
 #include "core/records/Rates.h"
 #include "core/records/RowJson.h"
+#include "core/records/StatementCheck.h"
 #include "core/records/Tax.h"
 #include "core/records/TradeKey.h"
 #include "core/records/Transfer.h"
@@ -31,6 +32,7 @@ struct RowsOf {
   std::string_view table = records::Table<Record>::kName;
   std::vector<Record> removed = {};
   std::vector<Record> added = {};
+  std::vector<records::Nulls> removed_nulls = {};  ///< of each removed row
 
   bool IsEmpty() const { return removed.empty() && added.empty(); }
 };
@@ -45,7 +47,8 @@ struct EntryRows {
              RowsOf<records::Opening>, RowsOf<records::OpeningMark>, RowsOf<records::Bill>,
              RowsOf<records::BillLine>, RowsOf<records::Transfer>, RowsOf<records::BrokerOpening>,
              RowsOf<records::Payment>, RowsOf<records::TradeKey>, RowsOf<records::FairValue>,
-             RowsOf<records::TaxLoss>, RowsOf<records::MarketRate>, RowsOf<records::Lot>>
+             RowsOf<records::TaxLoss>, RowsOf<records::StatementCheck>, RowsOf<records::MarketRate>,
+             RowsOf<records::Lot>>
       tables;
   RowsOf<records::Account> removed_accounts{.table = records::kRemovedAccounts};
   RowsOf<records::Payment> receipts{.table = records::kReceipts};
@@ -65,15 +68,14 @@ struct EntryRows {
 
 namespace detail {
 
-template <class Record>
-std::vector<Record> Parsed(const QJsonObject& tables, std::string_view table) {
+/// Calls `take` with the columns and the values of each row of a table.
+template <class Take>
+void EachRow(const QJsonObject& tables, std::string_view table, const Take& take) {
   const QJsonObject rows = tables[QLatin1String(table.data(), std::ssize(table))].toObject();
   const QJsonArray columns = rows[QLatin1String("columns")].toArray();
-  std::vector<Record> parsed;
   for (const auto& values : rows[QLatin1String("rows")].toArray()) {
-    parsed.push_back(records::RecordOf<Record>(columns, values.toArray()));
+    take(columns, values.toArray());
   }
-  return parsed;
 }
 
 }  // namespace detail
@@ -89,8 +91,13 @@ inline std::optional<EntryRows> ReadRows(const Entry& entry) {
   rows.ForEach([&]<class Record>(RowsOf<Record>& of) {
     const QLatin1String name(of.table.data(), std::ssize(of.table));
     known += (before.contains(name) ? 1 : 0) + (after.contains(name) ? 1 : 0);
-    of.removed = detail::Parsed<Record>(before, of.table);
-    of.added = detail::Parsed<Record>(after, of.table);
+    detail::EachRow(before, of.table, [&](const QJsonArray& columns, const QJsonArray& values) {
+      of.removed.push_back(records::RecordOf<Record>(columns, values));
+      of.removed_nulls.push_back(records::NullsOf<Record>(columns, values));
+    });
+    detail::EachRow(after, of.table, [&](const QJsonArray& columns, const QJsonArray& values) {
+      of.added.push_back(records::RecordOf<Record>(columns, values));
+    });
   });
   return known == before.size() + after.size() && known > 0 ? std::optional(std::move(rows))
                                                             : std::nullopt;

@@ -1,5 +1,6 @@
 #include "core/changes/Log.h"
 
+#include "core/changes/Touched.h"
 #include "core/changes/Words.h"
 #include "core/database/Transaction.h"
 
@@ -89,37 +90,45 @@ Entry EntryOf(const database::Recordset& row, bool with_rows) {
   return entry;
 }
 
-/// `lock` has a transaction see what was committed since its first read.
-std::int64_t MaxOf(Connection& connection, std::string_view table, int key, std::string_view lock) {
+/// The last entry after one number that may have changed the record. Single records are found in
+/// the rows of entries of many, too. The lock shows what was committed since the transaction's
+/// first read.
+std::optional<Entry> LastChangeAfter(Connection& connection, std::int64_t seen,
+                                     const Owner& record) {
   auto rows = connection.Open(
-      fmt::format("Select Max(Id) From ChangeLog Where (TableName=? And RecordId=?) Or "
-                  "(TableName=? And RecordId=0){}",
-                  lock),
-      table, key, kEverything);
-  return rows.Next() ? rows.Int64(0) : 0;
+      fmt::format("Select {},OldRows,NewRows From ChangeLog Where Id>? Order By Id Desc Lock In "
+                  "Share Mode",
+                  kWithoutRows),
+      seen);
+  while (rows.Next()) {
+    Entry entry = EntryOf(rows, true);
+    const Touched touched = TouchedBy(entry, record.table);
+    const bool by_name = std::ranges::find(touched.keys, record.key) != touched.keys.end();
+    if (by_name || (touched.MayHaveChanged(record.key) && IsOf(entry, ClientId{record.client}))) {
+      return entry;
+    }
+  }
+  return std::nullopt;
 }
 
-std::optional<Entry> Load(Connection& connection, std::int64_t id, std::string_view lock) {
-  auto rows = connection.Open(
-      fmt::format("Select {},OldRows,NewRows From ChangeLog Where Id=?{}", kWithoutRows, lock), id);
-  return rows.Next() ? std::optional(EntryOf(rows, true)) : std::nullopt;
-}
-
-/// A record under edit that others changed since. What the user has been shown now counts as seen.
+/// A record under edit that others changed or deleted since. What the user has been shown now
+/// counts as seen.
 MaybeRefusal CheckIsCurrent(Transaction& transaction, const NewEntry& entry) {
   Connection& connection = transaction.GetConnection();
-  const auto seen = connection.Edits().Seen(entry.owner.table, entry.owner.key);
-  if (!seen) {
+  Owner record = entry.owner;
+  const std::optional<Owner>& missed = transaction.Changes().MissedRecord();
+  if (missed) {
+    record.table = missed->table;
+    record.key = missed->key;
+  }
+  const auto seen = connection.Edits().Seen(record.table, record.key);
+  const std::optional<Entry> theirs =
+      seen ? LastChangeAfter(connection, *seen, record) : std::nullopt;
+  if (!theirs) {
     return std::nullopt;
   }
-  constexpr std::string_view kLock = " Lock In Share Mode";
-  const std::int64_t last = MaxOf(connection, entry.owner.table, entry.owner.key, kLock);
-  if (last <= *seen) {
-    return std::nullopt;
-  }
-  connection.Edits().Begin(entry.owner.table, entry.owner.key, last);
-  const std::optional<Entry> theirs = Load(connection, last, kLock);
-  return theirs ? MaybeRefusal(ChangedMeanwhile(*theirs, entry)) : std::nullopt;
+  connection.Edits().Begin(record.table, record.key, theirs->id);
+  return missed ? DeletedMeanwhile(*theirs) : ChangedMeanwhile(*theirs, entry);
 }
 
 Entry EntryOf(const Author& author, NewEntry&& made, const Head& head) {
@@ -235,7 +244,11 @@ std::string HashOf(const std::string& before, const Entry& entry) {
 }
 
 std::int64_t LastChangeOf(Connection& connection, std::string_view table, int key) {
-  return MaxOf(connection, table, key, "");
+  auto rows = connection.Open(
+      "Select Max(Id) From ChangeLog Where (TableName=? And RecordId=?) Or (TableName=? And "
+      "RecordId=0)",
+      table, key, kEverything);
+  return rows.Next() ? rows.Int64(0) : 0;
 }
 
 std::int64_t LastEntry(Connection& connection) {
@@ -282,7 +295,9 @@ QStringList Users(Connection& connection) {
 }
 
 std::optional<Entry> LoadEntry(Connection& connection, std::int64_t id) {
-  return Load(connection, id, "");
+  auto rows = connection.Open(
+      fmt::format("Select {},OldRows,NewRows From ChangeLog Where Id=?", kWithoutRows), id);
+  return rows.Next() ? std::optional(EntryOf(rows, true)) : std::nullopt;
 }
 
 }  // namespace quorvane::changes

@@ -44,14 +44,17 @@ struct Entry {
 /// until the commit, puts the entries of all programs in one order; two nodes of a cluster that
 /// write at once change it both, so that one of them is given up and tries again. Refuses
 /// - a user without the right to it,
-/// - a change of a record that this program is editing and that another one changed since it was
-///   opened. The refusal shows both versions; the save that follows it is taken.
+/// - a change of a record that this program is editing and that another one changed or deleted
+/// since
+///   it was opened, by itself or as one of many. The refusal shows both versions; the save that
+///   follows it is taken.
 MaybeRefusal WriteEntry(database::Transaction& transaction);
 
 /// The hash of an entry that follows one of hash `before`.
 std::string HashOf(const std::string& before, const Entry& entry);
 
-/// The number of the last change that concerns a record; 0 when the log has none.
+/// The number of the last change of that record by itself or of all records; 0 when the log has
+/// none.
 std::int64_t LastChangeOf(database::Connection& connection, std::string_view table, int key);
 
 /// The table that stands for all records, in the entry of a restored backup.

@@ -80,16 +80,22 @@ std::vector<Place> PlacesOf(EntryRows& rows, const BillAccounts& accounts) {
   return places;
 }
 
-/// Calls `post` with the lines of each place. `lines` may come back in another order.
+/// Calls `post` with the lines of each place, which it may change.
 template <class PlaceOf, class Post>
 void ByPlace(std::vector<BillLine>& lines, const PlaceOf& place_of, const Post& post) {
-  std::ranges::stable_sort(lines, {}, place_of);
-  for (auto first = lines.begin(); first != lines.end();) {
-    const Place place = place_of(*first);
-    const auto last = std::find_if(first, lines.end(),
-                                   [&](const BillLine& line) { return place_of(line) != place; });
-    post(place, std::span<BillLine>(first, last));
-    first = last;
+  std::map<Place, std::vector<std::size_t>> places;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    places[place_of(lines[i])].push_back(i);
+  }
+  for (const auto& [place, numbers] : places) {
+    std::vector<BillLine> there;
+    for (const std::size_t number : numbers) {
+      there.push_back(lines[number]);
+    }
+    post(place, std::span<BillLine>(there));
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      lines[numbers[i]] = there[i];
+    }
   }
 }
 

@@ -35,6 +35,8 @@ constexpr auto GroupMember() {
   } else if constexpr (requires(Record r) { r.loss_year; } ||
                        std::is_same_v<Record, records::OpeningMark>) {
     return &Record::client;
+  } else if constexpr (requires(Record r) { r.statement_day; }) {
+    return &Record::account;
   } else {
     return &Record::id;
   }
@@ -54,6 +56,8 @@ std::string IdentityOf(const Record& record) {
   } else if constexpr (requires { record.loss_year; }) {
     identity += "/" + record.year.Utf8() + "/" + record.loss_year.Utf8() + "/" +
                 std::to_string(record.kind);
+  } else if constexpr (requires { record.statement_day; }) {
+    identity += "/" + record.statement_day.toStdString();
   } else if constexpr (
       requires { record.id; } || requires { record.fair_rate; }) {
     return identity;
@@ -124,6 +128,8 @@ void DeleteAdded(database::Transaction& transaction, const RowsOf<Record>& rows)
       one.Where(&Record::year, record.year)
           .Where(&Record::loss_year, record.loss_year)
           .Where(&Record::kind, record.kind);
+    } else if constexpr (requires { record.statement_day; }) {
+      one.Where(&Record::statement_day, record.statement_day);
     } else if constexpr (
         !requires { record.id; } && !requires { record.fair_rate; }) {
       one.Where(&Record::number, record.number);

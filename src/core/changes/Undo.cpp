@@ -51,7 +51,7 @@ Refusal NotUndoable(const Entry& entry) {
 }
 
 Refusal ChangedSince(Connection& connection, const Entry& entry) {
-  const std::int64_t last = LastChangeOf(connection, entry.table, entry.key);
+  const std::int64_t last = entry.key == 0 ? 0 : LastChangeOf(connection, entry.table, entry.key);
   const std::optional<Entry> later =
       last > entry.id ? LoadEntry(connection, last) : std::optional<Entry>();
   return later ? Refusal{Tr("Changes", "It can't be Taken Back: %1 Changed it Again on %2.")
@@ -141,7 +141,11 @@ class Taking {
     changes.Undoes(entry_.id);
     rows_.ForEach([&](const auto& rows) { DeleteAdded(transaction_, rows); });
     rows_.ForEach([&]<class Record>(const RowsOf<Record>& rows) {
-      records::Insert(transaction_, std::span<const Record>(rows.removed), rows.table);
+      records::Writer<Record> writer(transaction_, rows.table);
+      for (std::size_t i = 0; i < rows.removed.size(); ++i) {
+        writer.Write(rows.removed[i], rows.removed_nulls[i]);
+      }
+      writer.Finish();
     });
     if (entry_.kind == Kind::kApplied || entry_.kind == Kind::kTakenBack) {
       changes.Is(entry_.kind == Kind::kApplied ? Kind::kTakenBack : Kind::kApplied);

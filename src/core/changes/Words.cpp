@@ -76,6 +76,7 @@ constexpr auto kRecordNames = std::to_array<Word>({
     {"TradeKey", QT_TRANSLATE_NOOP("Changes", "Trade of a Broker's File")},
     {"FairValue", QT_TRANSLATE_NOOP("Changes", "Fair Value of 31-Jan-2018")},
     {"TaxLoss", QT_TRANSLATE_NOOP("Changes", "Loss Brought Forward")},
+    {"StatementCheck", QT_TRANSLATE_NOOP("Changes", "Comparison with a Statement")},
     {"MarketRate", QT_TRANSLATE_NOOP("Changes", "Market Rate")},
     {"Stock", QT_TRANSLATE_NOOP("Changes", "Lot")},
 });
@@ -143,6 +144,10 @@ constexpr auto kColumnNames = std::to_array<Word>({
     {"PerShare", QT_TRANSLATE_NOOP("Changes", "Dividend per Share")},
     {"FromDay", QT_TRANSLATE_NOOP("Changes", "From")},
     {"LossYear", QT_TRANSLATE_NOOP("Changes", "Year of the Loss")},
+    {"StatementDay", QT_TRANSLATE_NOOP("Changes", "Statement of")},
+    {"Compared", QT_TRANSLATE_NOOP("Changes", "Holdings Compared")},
+    {"Differing", QT_TRANSLATE_NOOP("Changes", "Holdings that Differ")},
+    {"CheckedOn", QT_TRANSLATE_NOOP("Changes", "Compared On")},
 });
 
 /// Columns that only say where a row belongs.
@@ -182,6 +187,11 @@ QString IdentityOf(const QString& table, const Row& row) {
     return QStringLiteral("%1/%2")
         .arg(row.at(QStringLiteral("LossYear")).toString())
         .arg(row.contains(QStringLiteral("Kind")) ? row.at(QStringLiteral("Kind")).toInt() : 0);
+  }
+  if (row.contains(QStringLiteral("StatementDay"))) {
+    return QStringLiteral("%1/%2")
+        .arg(row.at(QStringLiteral("AcId")).toInt())
+        .arg(row.at(QStringLiteral("StatementDay")).toString());
   }
   for (const auto& [column, value] : row) {
     if (column.compare(QLatin1String("Id"), Qt::CaseInsensitive) == 0) {
@@ -230,9 +240,10 @@ class Comparison {
     for (const auto& [column, value] : any) {
       const QString was = TextIn(before, column);
       const QString is = TextIn(after, column);
-      // Of a row that came or went only what it holds.
+      // Of a row that came or went only what it holds; and NULL shows as nothing, as 0 does.
       const bool is_whole = before.empty() || after.empty();
-      const bool is_nothing = is_whole && was + is == QLatin1String("0");
+      const bool is_nothing = (is_whole || IsNull(before, column) || IsNull(after, column)) &&
+                              was + is == QLatin1String("0");
       if (!IsPlace(column) && was != is && !is_nothing) {
         into_.push_back({PlaceOf(any), TextOf(kColumnNames, column.toStdString()), was, is});
       }
@@ -240,6 +251,11 @@ class Comparison {
   }
 
  private:
+  static bool IsNull(const Row& row, const QString& column) {
+    const auto found = row.find(column);
+    return found != row.end() && found->second.isNull();
+  }
+
   QString TextIn(const Row& row, const QString& column) const {
     const auto found = row.find(column);
     return found == row.end() ? QString() : ValueText(column, found->second, names_);
@@ -385,6 +401,14 @@ Refusal ChangedMeanwhile(const Entry& theirs, const NewEntry& ours) {
   }
   lines << Tr("Changes", "Save again to put Yours in its place, or cancel to keep what is Stored.");
   return {lines.join(QLatin1Char('\n')), Field::kNone};
+}
+
+Refusal DeletedMeanwhile(const Entry& theirs) {
+  return {Tr("Changes",
+             "%1 Deleted this Record on %2 at %3 while You had it Open.\nSave again to Enter it as "
+             "a new one, or cancel.")
+              .arg(theirs.user, theirs.host, TimeOf(theirs)),
+          Field::kNone};
 }
 
 }  // namespace quorvane::changes

@@ -58,5 +58,6 @@ std::vector<Difference> Differences(const std::string& old_rows, const std::stri
 /// The refusals of the log.
 Refusal NoRight(Right right);
 Refusal ChangedMeanwhile(const Entry& theirs, const NewEntry& ours);
+Refusal DeletedMeanwhile(const Entry& theirs);
 
 }  // namespace quorvane::changes

@@ -132,7 +132,7 @@ constexpr auto kExtensionTables = std::to_array<ExtensionTable>({
     {"ImportProfile", true}, {"TradeKey", true},       {"RecordKey", true},
     {"ChangeLog", true},     {"ChangeHead", true},     {"OpenRecord", false},
     {"Writers", false},      {"CommitMark", false},    {"HomeClient", false},
-    {"HomeHolding", false},  {"HomeGain", false},
+    {"HomeHolding", false},  {"HomeGain", false},      {"StatementCheck", true},
 });
 
 constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
@@ -181,6 +181,12 @@ constexpr auto kExtensionSteps = std::to_array<UpgradeStep>({
      "Null Default '', AcId int(11) Not Null Default 0, ScrId int(11) Not Null Default 0, Primary "
      "Key(CId,Fyear,AcId,ScrId)) Engine=InnoDB Default Character Set utf8mb4 Collate "
      "utf8mb4_general_ci"},
+    {"StatementCheck", 1,
+     "Create Table if not Exists StatementCheck(CId int(11) Not Null Default 0, AcId int(11) Not "
+     "Null Default 0, StatementDay varchar(10) Not Null Default '', Compared int(11) Not Null "
+     "Default 0, Differing int(11) Not Null Default 0, CheckedOn varchar(10) Not Null Default '', "
+     "Primary Key(AcId,StatementDay), Index IxStatementCheckClient(CId)) Engine=InnoDB Default "
+     "Character Set utf8mb4 Collate utf8mb4_general_ci"},
     {"RemovedAccount", 1,
      "Create Table if not Exists RemovedAccount(CId int(11) Not Null, id int(11) Primary Key, "
      "DMATAC int(11), DPID int(11), ACNo varchar(100), Index IxRemovedAccountClient(CId)) "
@@ -304,6 +310,8 @@ constexpr auto kReferences = std::to_array<KeyReference>({
     {"OpeningMark", "CId", "ClientInfo"},
     {"OpeningMark", "AcId", "ClientActDet"},
     {"OpeningMark", "ScrId", "Script"},
+    {"StatementCheck", "CId", "ClientInfo"},
+    {"StatementCheck", "AcId", "ClientActDet"},
 });
 
 constexpr auto kKeyed = std::to_array<std::string_view>(

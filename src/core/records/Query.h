@@ -129,6 +129,13 @@ class Select {
                Table<Record>::kColumns);
   }
 
+  /// Calls `visit` with each record and which of its columns are NULL.
+  template <class Visit>
+  void EachWithNulls(const Visit& visit) {
+    std::apply([&](const auto&... column) { EachRow(visit, column.member...); },
+               Table<Record>::kColumns);
+  }
+
   /// Reads these members only and leaves the others as they are when nothing was read.
   template <auto... Members, class Visit>
   void Only(const Visit& visit) {
@@ -144,18 +151,39 @@ class Select {
 
   template <class Visit, class... Fields>
   void EachOf(const Visit& visit, Fields Record::*... members) {
-    std::string sql = "Select ";
-    std::string_view comma;
-    ((sql.append(comma).append(ColumnOf(members)), comma = ","), ...);
-    sql.append(" From ").append(table_).append(conditions_.text).append(order_);
-    sql.append(limit_).append(lock_);
     Record record;
-    auto rows = connection_.OpenValues(sql, conditions_.values);
+    auto rows = Open(members...);
     while (rows.Next()) {
       std::size_t place = 0;
       (ReadCell(rows, place++, record.*members), ...);
       visit(static_cast<const Record&>(record));
     }
+  }
+
+  template <class Visit, class... Fields>
+  void EachRow(const Visit& visit, Fields Record::*... members) {
+    static_assert(sizeof...(members) <= Nulls().size());
+    Record record;
+    auto rows = Open(members...);
+    while (rows.Next()) {
+      std::size_t place = 0;
+      (ReadCell(rows, place++, record.*members), ...);
+      Nulls nulls;
+      for (place = 0; place < sizeof...(members); ++place) {
+        nulls[place] = rows.IsNull(place);
+      }
+      visit(static_cast<const Record&>(record), nulls);
+    }
+  }
+
+  template <class... Fields>
+  Recordset Open(Fields Record::*... members) {
+    std::string sql = "Select ";
+    std::string_view comma;
+    ((sql.append(comma).append(ColumnOf(members)), comma = ","), ...);
+    sql.append(" From ").append(table_).append(conditions_.text).append(order_);
+    sql.append(limit_).append(lock_);
+    return connection_.OpenValues(sql, conditions_.values);
   }
 
   database::Connection& connection_;

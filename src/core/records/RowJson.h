@@ -78,13 +78,18 @@ const std::string& ColumnsJson() {
   return json;
 }
 
-/// A JSON array of a record's values.
+/// A JSON array of a record's values, null for those that are NULL in the database.
 template <class Record>
-std::string RowJson(const Record& record) {
+std::string RowJson(const Record& record, const Nulls& nulls = {}) {
   std::string json;
+  std::size_t place = 0;
   ForEachColumn<Record>([&](const auto& column) {
     json += json.empty() ? "[" : ",";
-    AppendCell(json, record.*(column.member));
+    if (nulls[place++]) {
+      json += "null";
+    } else {
+      AppendCell(json, record.*(column.member));
+    }
   });
   return json + "]";
 }
@@ -103,6 +108,21 @@ Record RecordOf(const QJsonArray& columns, const QJsonArray& values) {
     }
   });
   return record;
+}
+
+/// Which columns of the record are null in such an array.
+template <class Record>
+Nulls NullsOf(const QJsonArray& columns, const QJsonArray& values) {
+  Nulls nulls;
+  std::size_t place = 0;
+  ForEachColumn<Record>([&](const auto& column) {
+    const QLatin1String name(column.name.data(), std::ssize(column.name));
+    for (qsizetype i = 0; i < columns.size() && i < values.size(); ++i) {
+      nulls[place] = nulls[place] || (columns[i].toString() == name && values[i].isNull());
+    }
+    ++place;
+  });
+  return nulls;
 }
 
 inline int KeyNumber(int key) {
@@ -174,6 +194,9 @@ changes::Owner OwnerOf(const Record& record, std::string_view table) {
   } else if constexpr (requires { record.loss_year; }) {
     owner.key = record.client.value;
     owner.title = record.year.Text();
+  } else if constexpr (requires { record.statement_day; }) {
+    owner.key = record.account.value;
+    owner.title = record.statement_day;
   } else if constexpr (requires { record.rights; }) {
     owner.table = "LoginId";
     owner.key = record.user;
@@ -209,20 +232,20 @@ class Notes {
   /// Whether a deleted row has to be read for its note.
   bool NeedRows() const { return table_ != nullptr && changes_.KeepsRows(); }
 
-  void Added(const Record& record) {
+  void Added(const Record& record, const Nulls& nulls = {}) {
     if constexpr (!kIsDerived<Record>) {
       if (changes_.KeepsRows()) {
         changes_.Added(*table_, OwnerOf(record, table_->table), ColumnsJson<Record>(),
-                       RowJson(record));
+                       RowJson(record, nulls));
       } else {
         ++table_->added_count;
       }
     }
   }
-  void Removed(const Record& record) {
+  void Removed(const Record& record, const Nulls& nulls = {}) {
     if constexpr (!kIsDerived<Record> || kNotesDeletes) {
       changes_.Removed(*table_, OwnerOf(record, table_->table), ColumnsJson<Record>(),
-                       RowJson(record));
+                       RowJson(record, nulls));
     }
   }
   void RemovedUnread(std::int64_t count) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
@@ -26,6 +27,10 @@ Column(const char*, Field Record::*) -> Column<Record, Field>;
 /// are not in the log of changes.
 template <class Record>
 struct Table;
+
+/// Which columns of a stored row are NULL, by their places in the list. A record reads them as 0 or
+/// as an empty text.
+using Nulls = std::bitset<64>;
 
 /// Calls `visit` for each column in the order of the list.
 template <class Record, class Visit>

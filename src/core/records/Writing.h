@@ -25,10 +25,18 @@ class Writer {
       : writer_(transaction, Statement(table), Types()),
         notes_(transaction.Changes(), table, Notes<Record>::Of::kWriting) {}
 
-  void Write(const Record& record) {
-    ForEachColumn<Record>([&](const auto& column) { WriteCell(writer_, record.*(column.member)); });
+  /// Columns that are among the `nulls` are written as NULL.
+  void Write(const Record& record, const Nulls& nulls = {}) {
+    std::size_t place = 0;
+    ForEachColumn<Record>([&](const auto& column) {
+      if (nulls[place++]) {
+        writer_.Null();
+      } else {
+        WriteCell(writer_, record.*(column.member));
+      }
+    });
     writer_.EndRow();
-    notes_.Added(record);
+    notes_.Added(record, nulls);
   }
   void Finish() { writer_.Finish(); }
 
@@ -98,7 +106,9 @@ class Delete {
     const bool by_row = notes.NeedRows();
     if (by_row) {
       Select<Record> doomed(transaction_.GetConnection(), table_);
-      doomed.With(conditions_).ForUpdate().Each([&](const Record& row) { notes.Removed(row); });
+      doomed.With(conditions_)
+          .ForUpdate()
+          .EachWithNulls([&](const Record& row, const Nulls& nulls) { notes.Removed(row, nulls); });
     }
     const std::int64_t count = transaction_.GetConnection().ExecuteValues(
         std::string("Delete From ").append(table_).append(conditions_.text), conditions_.values);
@@ -139,9 +149,14 @@ void DeleteNaming(Transaction& transaction, Field Record::*member,
 template <class Record, class Key>
 Key ClaimKey(Transaction& transaction, Key Record::*member, Key key,
              std::string_view table = Table<Record>::kName) {
-  const bool stored =
-      KeyNumber(key) != 0 && Delete<Record>(transaction, table).Where(member, key).Run() > 0;
-  return stored ? key : Key{database::NextKey(transaction, table)};
+  const bool is_new = KeyNumber(key) == 0;
+  if (!is_new && Delete<Record>(transaction, table).Where(member, key).Run() > 0) {
+    return key;
+  }
+  if (!is_new) {
+    transaction.Changes().Missed(table, KeyNumber(key));
+  }
+  return Key{database::NextKey(transaction, table)};
 }
 
 }  // namespace quorvane::records

@@ -2,6 +2,7 @@
 
 #include "core/database/Keys.h"
 #include "core/lookups/Directory.h"
+#include "core/records/StatementCheck.h"
 #include "core/records/Writing.h"
 #include "core/text/Tr.h"
 
@@ -91,6 +92,16 @@ void KeepRemoved(Transaction& transaction, std::set<AccountId> gone, const Clien
   }
 }
 
+/// Comparisons with statements go with their account.
+void DeleteChecks(Transaction& transaction, std::set<AccountId> gone,
+                  std::span<const AccountId> kept) {
+  for (const AccountId account : kept) {
+    gone.erase(account);
+  }
+  const std::vector<AccountId> accounts(gone.begin(), gone.end());
+  records::DeleteNaming(transaction, &records::StatementCheck::account, accounts);
+}
+
 }  // namespace
 
 AccountUse RecordsNaming(Connection& connection, AccountId account) {
@@ -144,6 +155,7 @@ void ReplaceAccounts(Transaction& transaction, Client& client) {
       .Where(&records::Account::client, client.id)
       .In(&records::Account::id, kept)
       .Run();
+  DeleteChecks(transaction, stored, kept);
 }
 
 }  // namespace quorvane::clients

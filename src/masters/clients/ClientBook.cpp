@@ -1,5 +1,6 @@
 #include "masters/clients/ClientBook.h"
 
+#include "core/lookups/Patch.h"
 #include "core/records/Action.h"
 #include "core/records/Bill.h"
 #include "core/records/Dividend.h"
@@ -7,6 +8,7 @@
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
 #include "core/records/OpeningMark.h"
+#include "core/records/StatementCheck.h"
 #include "core/records/Tax.h"
 #include "core/records/Transfer.h"
 #include "core/records/Writing.h"
@@ -124,6 +126,7 @@ void DeleteRecords(Transaction& transaction, ClientId id) {
   DeleteOf<records::Dividend>(transaction, id);
   DeleteOf<records::ActionLot>(transaction, id);
   DeleteOf<records::TaxLoss>(transaction, id);
+  DeleteOf<records::StatementCheck>(transaction, id);
 }
 
 std::string AfterCommit(const QString& done, const std::runtime_error& error) {
@@ -143,6 +146,17 @@ ClientBook::ClientBook(Connection& connection, documents::DocumentStore document
 std::vector<ClientRow> ClientBook::List() const {
   std::vector<ClientRow> clients;
   for (const auto& row : connection_.Open("Select Id,Code,Name From ClientInfo Order By Code,Id")) {
+    clients.push_back({ClientId{row.Int(0)}, row.Text(1), row.Text(2)});
+  }
+  return clients;
+}
+
+std::vector<ClientRow> ClientBook::List(std::span<const int> keys) const {
+  std::vector<ClientRow> clients;
+  const std::vector<database::Value> values(keys.begin(), keys.end());
+  for (const auto& row : connection_.OpenValues(
+           "Select Id,Code,Name From ClientInfo Where Id In (" + lookups::Places(keys.size()) + ")",
+           values)) {
     clients.push_back({ClientId{row.Int(0)}, row.Text(1), row.Text(2)});
   }
   return clients;

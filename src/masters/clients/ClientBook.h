@@ -6,6 +6,7 @@
 #include "masters/clients/Client.h"
 
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -41,6 +42,9 @@ class ClientBook {
 
   /// By code, then by id.
   std::vector<ClientRow> List() const;
+
+  /// Those of the keys that are there, in no order.
+  std::vector<ClientRow> List(std::span<const int> keys) const;
 
   /// A client with the accounts in the order of their ids.
   std::optional<Client> Load(ClientId id) const;

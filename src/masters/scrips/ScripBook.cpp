@@ -3,6 +3,7 @@
 #include "core/database/TextWidths.h"
 #include "core/ledger/Lots.h"
 #include "core/ledger/Rebuild.h"
+#include "core/lookups/Patch.h"
 #include "core/records/Bill.h"
 #include "core/records/Dividend.h"
 #include "core/records/Masters.h"
@@ -153,6 +154,18 @@ std::vector<Scrip> ScripBook::List() const {
   std::vector<Scrip> scrips;
   for (const auto& row :
        connection_.Open("Select Id,Code,Name,NCode,Type,ScrCls From Script Order By Name,Id")) {
+    scrips.push_back(ScripOf(row));
+  }
+  return scrips;
+}
+
+std::vector<Scrip> ScripBook::List(std::span<const int> keys) const {
+  std::vector<Scrip> scrips;
+  const std::vector<database::Value> values(keys.begin(), keys.end());
+  for (const auto& row :
+       connection_.OpenValues("Select Id,Code,Name,NCode,Type,ScrCls From Script Where Id In (" +
+                                  lookups::Places(keys.size()) + ")",
+                              values)) {
     scrips.push_back(ScripOf(row));
   }
   return scrips;

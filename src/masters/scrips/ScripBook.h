@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace quorvane::scrips {
@@ -38,6 +39,9 @@ class ScripBook {
 
   /// By name, then by id, without their ISINs.
   std::vector<Scrip> List() const;
+
+  /// Those of the keys that are there, in no order.
+  std::vector<Scrip> List(std::span<const int> keys) const;
 
   /// With its ISINs.
   std::optional<Scrip> Load(ScripId id) const;

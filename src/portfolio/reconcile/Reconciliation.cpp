@@ -227,6 +227,14 @@ class Comparison {
   std::vector<ReconciledRow> rows_;
 };
 
+std::vector<AccountId> AccountsOf(const StatementOwner& owner) {
+  std::set<AccountId> accounts;
+  for (const auto& [number, account] : owner.accounts) {
+    accounts.insert(account);
+  }
+  return {accounts.begin(), accounts.end()};
+}
+
 QStringList NotesOf(const Statement& statement, const StatementOwner& owner,
                     const positions::Positions& positions) {
   QStringList notes;
@@ -264,8 +272,12 @@ Result<Reconciliation> Reconcile(database::Connection& connection, const Stateme
   Comparison comparison(connection, *owner);
   comparison.TakeRecorded(positions);
   comparison.TakeStated(statement);
-  Reconciliation result{
-      .client = query.client, .day = owner->day, .rows = comparison.Rows(), .notes = {}};
+  Reconciliation result{.client = query.client,
+                        .day = owner->day,
+                        .accounts = AccountsOf(*owner),
+                        .rows = comparison.Rows(),
+                        .notes = {},
+                        .doubts = statement.doubts.size()};
   Causes(connection, query.client, owner->day, progress).Find(result.rows);
   result.notes = NotesOf(statement, *owner, positions);
   return result;

@@ -69,8 +69,10 @@ struct ReconciledRow {
 struct Reconciliation {
   ClientId client;
   text::Date day{};
+  std::vector<AccountId> accounts;  ///< that the statement covers, each once
   std::vector<ReconciledRow> rows;  ///< by account and name
   QStringList notes;                ///< what could not be compared, in English
+  std::size_t doubts = 0;           ///< rows of the statement that could not be understood
 
   std::size_t Differences() const;
 };

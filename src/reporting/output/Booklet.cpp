@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace quorvane::reporting {
 namespace {
@@ -36,12 +37,17 @@ class BookletWriter {
     {
       const Canvas canvas(cairo_create(file.Pages()));
       PaintCover(canvas.get());
-      Paint(file, canvas.get(), {contents_, {}}, contents_layout_, 2);
+      Paint(file, canvas.get(), {contents_, {}}, contents_layout_, 2,
+            [&](std::size_t page) { LinkRows(canvas.get(), contents_layout_.pages[page]); });
       for (std::size_t i = 0; i < parts_.size(); ++i) {
         const BookletPart& part = booklet_.parts[i];
         AddToOutline(file, part, parts_[i].first_page);
         Paint(file, canvas.get(), {part.document, part.charts}, parts_[i].layout,
-              parts_[i].first_page);
+              parts_[i].first_page, [&](std::size_t page) {
+                if (page == 0) {
+                  MarkPart(canvas.get(), i);
+                }
+              });
       }
     }
     file.Finish();
@@ -100,12 +106,44 @@ class BookletWriter {
 
   static std::string LinkTo(std::size_t page) { return fmt::format("page={} pos=[0 0]", page); }
 
+  /// The place to which the contents lead. By its name: cairo 1.16 leaves a link to the number of a
+  /// later page without its target.
+  static void MarkPart(cairo_t* canvas, std::size_t part) {
+    cairo_tag_begin(canvas, CAIRO_TAG_DEST, fmt::format("name='part{}' x=0 y=0", part).c_str());
+    cairo_tag_end(canvas, CAIRO_TAG_DEST);
+  }
+
+  /// A click on a row of the contents leads to its report. Links are parts of the structure of the
+  /// file, which cairo writes only for those that are within another part.
+  void LinkRows(cairo_t* canvas, const Page& page) const {
+    cairo_tag_begin(canvas, "TOC", nullptr);
+    for (const Item& item : page) {
+      if (item.kind == ItemKind::kRow) {
+        LinkRow(canvas, item);
+      }
+    }
+    cairo_tag_end(canvas, "TOC");
+  }
+
+  void LinkRow(cairo_t* canvas, const Item& row) const {
+    const TableShape& shape = contents_layout_.tables[row.table];
+    const double left = shape.lefts.front();
+    const double more_lines = (shape.lines[row.row] - 1) * typesetter_.LineHeight();
+    const std::string link =
+        fmt::format("rect=[{} {} {} {}] dest='part{}'", left, row.top, shape.lefts.back() - left,
+                    contents_layout_.row_height + more_lines * contents_layout_.type, row.row);
+    cairo_tag_begin(canvas, CAIRO_TAG_LINK, link.c_str());
+    cairo_tag_end(canvas, CAIRO_TAG_LINK);
+  }
+
+  /// Calls `before` with the number of each page, from 0 on, before it is drawn.
   void Paint(const PdfFile& file, cairo_t* canvas, const Contents& of, const PageLayout& layout,
-             std::size_t first_page) {
+             std::size_t first_page, const std::function<void(std::size_t page)>& before) {
     file.SetSize(layout.page);
     PagePainter painter(of.document, layout, typesetter_, canvas, of.charts,
                         {.before = first_page - 1, .all = pages_});
     for (std::size_t i = 0; i < layout.pages.size(); ++i) {
+      before(i);
       painter.Paint(i);
       progress_.Step(static_cast<std::int64_t>(first_page + i));
       progress_.ThrowIfCancelled();

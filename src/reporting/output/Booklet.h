@@ -27,8 +27,9 @@ struct Booklet {
 };
 
 /// Writes the booklet as a PDF. Each report begins on a page of its own, upright or lying as it
-/// needs; the pages are numbered through the whole. The outline that readers show beside the pages
-/// leads to the reports. Throws std::runtime_error or Cancellation.
+/// needs; the pages are numbered through the whole. The rows of the contents and the outline
+/// that readers show beside the pages lead to the reports. Throws std::runtime_error or
+/// Cancellation.
 void WriteBooklet(const Booklet& booklet, QIODevice& out, Progress& progress);
 
 /// The same into a file, whole or not at all, as WriteReport does.

@@ -190,6 +190,7 @@ Figures ReadFigures(Connection& connection, const Scope& scope) {
     figures.gains.speculation += one.gains.speculation;
   }
   figures.largest = Largest(connection, by_scrip);
+  figures.statements = CountStatements(connection, scope.family, scope.today);
   figures.dividends = ReadComingDividends(connection, scope, by_scrip);
   figures.last = ReadLastRecords(connection, scope.family);
   return figures;

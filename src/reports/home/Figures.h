@@ -6,6 +6,7 @@
 #include "reports/home/KeptFigures.h"
 #include "reports/home/LastRecords.h"
 #include "reports/home/NewestRates.h"
+#include "reports/home/StatementChecks.h"
 
 #include <QString>
 #include <QStringList>
@@ -68,6 +69,7 @@ struct Figures {
   Paise cost;            ///< of everything held
   Paise unrealised;      ///< value less cost of what has a rate
   int without_rate = 0;  ///< scrips held that have none of the last seven days
+  StatementCounts statements;
   Gains gains;
   std::vector<LargeHolding> largest;  ///< by value
   std::vector<ComingDividend> dividends;

@@ -1,6 +1,7 @@
 #include "reports/home/HomeWork.h"
 
 #include "core/database/CommitMark.h"
+#include "reports/home/RecordsSince.h"
 
 #include <QCoreApplication>
 
@@ -53,6 +54,7 @@ class HomeWork::Worker : public QObject {
       connection_ = std::make_unique<database::Connection>(settings_);
       checked_state_.clear();
       shown_state_.clear();
+      since_.Forget();
     }
     // What is committed from here on is looked at the next time.
     const std::string state = database::CommitMark::StateOfOthers(*connection_);
@@ -68,7 +70,10 @@ class HomeWork::Worker : public QObject {
     if (!checks) {
       return;
     }
-    RefreshFigures(*connection_, scope.year, scope.today, until, [&] { Show(scope, true, until); });
+    Known& known = since_.Begin(*connection_, scope.year, scope.today);
+    RefreshFigures(
+        *connection_, scope.year, scope.today, until, [&] { Show(scope, true, until); }, &known);
+    since_.End();
     checked_state_ = state;
     checked_year_ = scope.year;
     checked_day_ = scope.today;
@@ -90,6 +95,7 @@ class HomeWork::Worker : public QObject {
   std::string checked_state_;  ///< of the others' commits when all was up to date
   text::FinancialYear checked_year_;
   Date checked_day_;
+  RecordsSince since_;
 };
 
 HomeWork::HomeWork(database::ConnectionSettings settings, bool read_only, QObject* parent)

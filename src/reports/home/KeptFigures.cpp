@@ -44,12 +44,13 @@ struct Computed {
 class Refresher {
  public:
   Refresher(Connection& connection, text::FinancialYear year, Date today, Progress& progress,
-            const std::function<void()>& committed)
+            const std::function<void()>& committed, Known& known)
       : connection_(connection),
         year_(year),
         today_(today),
         progress_(progress),
-        committed_(committed) {}
+        committed_(committed),
+        known_(known) {}
 
   int Run() {
     Compare();
@@ -86,20 +87,38 @@ class Refresher {
       clients_.push_back(ClientId{row.Int(0)});
     }
     std::map<ClientId, Kept> kept = ReadKept();
-    RecordStamps stamps(connection_);
+    ForgetChanged();
+    RecordStamps stamps(connection_, known_.stamps);
+    const auto& changed = known_.changed;
+    const auto wanted = changed ? stamps.TakersFrom(*changed) : std::set<ClientId>();
     for (const ClientId client : clients_) {
       progress_.ThrowIfCancelled();
-      const Kept& figures = kept[client];
-      const std::string stamp = stamps.Of(client);
-      const bool holds = figures.stamp == stamp && (!figures.up_to || today_ < *figures.up_to);
-      if (!holds || figures.gain_stamp != stamp) {
-        stale_.push_back({.client = client, .stamp = stamp, .has_holdings = !holds});
-        parts_ += holds ? 0 : stamps.GiversTo(client).size();
+      if (!changed || wanted.contains(client)) {
+        CompareOne(client, kept[client], stamps);
       }
       kept.erase(client);
     }
     for (const auto& [client, figures] : kept) {
       gone_.push_back(client);
+    }
+  }
+
+  void ForgetChanged() {
+    if (!known_.changed) {
+      known_.stamps.clear();
+      return;
+    }
+    for (const ClientId client : *known_.changed) {
+      known_.stamps.erase(client);
+    }
+  }
+
+  void CompareOne(ClientId client, const Kept& figures, RecordStamps& stamps) {
+    const std::string stamp = stamps.Of(client);
+    const bool holds = figures.stamp == stamp && (!figures.up_to || today_ < *figures.up_to);
+    if (!holds || figures.gain_stamp != stamp) {
+      stale_.push_back({.client = client, .stamp = stamp, .has_holdings = !holds});
+      parts_ += holds ? 0 : stamps.GiversTo(client).size();
     }
   }
 
@@ -285,6 +304,7 @@ class Refresher {
   Date today_;
   Progress& progress_;
   const std::function<void()>& committed_;
+  Known& known_;
   std::vector<ClientId> clients_;
   std::vector<Computed> stale_;
   std::vector<ClientId> gone_;
@@ -297,8 +317,11 @@ class Refresher {
 }  // namespace
 
 int RefreshFigures(Connection& connection, text::FinancialYear year, Date today, Progress& progress,
-                   const std::function<void()>& committed) {
-  return Refresher(connection, year, today, progress, committed).Run();
+                   const std::function<void()>& committed, Known* known) {
+  Known nothing;
+  return Refresher(connection, year, today, progress, committed,
+                   known == nullptr ? nothing : *known)
+      .Run();
 }
 
 std::optional<QDateTime> LastRefresh(Connection& connection) {

@@ -40,9 +40,25 @@ std::string TextOf(const QCryptographicHash& hash) {
   return hash.result().toHex().toStdString();
 }
 
+/// All who are reached from some over any number of steps, these included.
+std::set<ClientId> Reached(const std::multimap<ClientId, ClientId>& steps,
+                           std::set<ClientId> reached) {
+  std::vector<ClientId> open(reached.begin(), reached.end());
+  while (!open.empty()) {
+    const auto [first, last] = steps.equal_range(open.back());
+    open.pop_back();
+    for (auto each = first; each != last; ++each) {
+      if (reached.insert(each->second).second) {
+        open.push_back(each->second);
+      }
+    }
+  }
+  return reached;
+}
+
 }  // namespace
 
-RecordStamps::RecordStamps(Connection& connection) : connection_(connection) {
+std::string RecordStamps::Common(Connection& connection) {
   QCryptographicHash hash(QCryptographicHash::Sha1);
   Add(hash, kVersion);
   for (const auto& row : connection.Open(
@@ -54,44 +70,41 @@ RecordStamps::RecordStamps(Connection& connection) : connection_(connection) {
   for (const auto& row : connection.Open("Select Distinct Fyear From StkOpBal Order By Fyear")) {
     Add(hash, row.Utf8(0));
   }
-  common_ = TextOf(hash);
+  return TextOf(hash);
+}
+
+RecordStamps::RecordStamps(Connection& connection, std::map<ClientId, std::string>& own)
+    : connection_(connection), common_(Common(connection)), own_(own) {
   for (const auto& row :
        connection.Open("Select Distinct ToClientID,Cid From ScrTransfer Where ToClientID<>Cid")) {
     givers_.emplace(ClientId{row.Int(0)}, ClientId{row.Int(1)});
+    takers_.emplace(ClientId{row.Int(1)}, ClientId{row.Int(0)});
   }
 }
 
 std::set<ClientId> RecordStamps::GiversTo(ClientId client) const {
-  std::set<ClientId> reached{client};
-  std::vector<ClientId> open{client};
-  while (!open.empty()) {
-    const auto [first, last] = givers_.equal_range(open.back());
-    open.pop_back();
-    for (auto each = first; each != last; ++each) {
-      if (reached.insert(each->second).second) {
-        open.push_back(each->second);
-      }
-    }
-  }
-  return reached;
+  return Reached(givers_, {client});
+}
+
+std::set<ClientId> RecordStamps::TakersFrom(const std::set<ClientId>& clients) const {
+  return Reached(takers_, clients);
 }
 
 const std::string& RecordStamps::OwnOf(ClientId client) {
-  const auto [found, is_new] = own_.try_emplace(client);
-  if (is_new) {
-    std::vector<std::string> parts(kOwnParts);
-    const std::vector<database::Value> values(kOwnParts, database::Value(client));
-    for (const auto& row : connection_.OpenValues(kOwn, values)) {
-      parts[static_cast<std::size_t>(row.Int(0)) - 1] =
-          row.Text(1).toStdString() + ':' + row.Text(2).toStdString();
-    }
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    for (const std::string& part : parts) {
-      Add(hash, part);
-    }
-    found->second = TextOf(hash);
+  if (const auto known = own_.find(client); known != own_.end()) {
+    return known->second;
   }
-  return found->second;
+  std::vector<std::string> parts(kOwnParts);
+  const std::vector<database::Value> values(kOwnParts, database::Value(client));
+  for (const auto& row : connection_.OpenValues(kOwn, values)) {
+    parts[static_cast<std::size_t>(row.Int(0)) - 1] =
+        row.Text(1).toStdString() + ':' + row.Text(2).toStdString();
+  }
+  QCryptographicHash hash(QCryptographicHash::Sha1);
+  for (const std::string& part : parts) {
+    Add(hash, part);
+  }
+  return own_.emplace(client, TextOf(hash)).first->second;
 }
 
 std::string RecordStamps::Of(ClientId client) {

@@ -3,9 +3,11 @@
 #include "core/database/Keys.h"
 #include "core/ledger/Posting.h"
 #include "core/lookups/Choices.h"
+#include "core/lookups/Patch.h"
 #include "core/records/Query.h"
 #include "core/records/TradeKey.h"
 #include "core/records/Writing.h"
+#include "core/text/Dates.h"
 #include "transactions/bills/BillChecks.h"
 #include "transactions/posting/Owner.h"
 
@@ -128,6 +130,9 @@ Result<Bill> SaveIn(Transaction& transaction, Bill bill) {
     DeleteRows(transaction, old);
   } else {
     // A bill that was deleted meanwhile is written as a new one.
+    if (bill.id) {
+      transaction.Changes().Missed("SPMaster", bill.id.value);
+    }
     bill.id = BillId{database::NextKey(transaction, "SPMaster")};
   }
   InsertRows(transaction, bill);
@@ -145,6 +150,14 @@ std::vector<Bill> BillBook::List() const {
       .Where(&Bill::year, of_.year)
       .OrderByDay(&Bill::date)
       .OrderBy(&Bill::id)
+      .All();
+}
+
+std::vector<Bill> BillBook::List(std::span<const int> keys) const {
+  return Select<Bill>(connection_)
+      .Where(&Bill::client, of_.client)
+      .Where(&Bill::year, of_.year)
+      .In(&Bill::id, keys)
       .All();
 }
 
@@ -204,6 +217,22 @@ QHash<int, QString> TextsById(const std::vector<lookups::Item>& items) {
   return texts;
 }
 
+std::vector<ListedBill> WithNames(database::Connection& connection, const ClientYear& of,
+                                  std::vector<Bill> bills) {
+  const auto brokers = TextsById(lookups::DropDownItems(connection, DropDown::kBrokers));
+  const auto exchanges = TextsById(lookups::DropDownItems(connection, DropDown::kExchanges));
+  const auto accounts = TextsById(lookups::AccountItems(connection, of.client));
+  std::vector<ListedBill> listed;
+  for (Bill& bill : bills) {
+    ListedBill& row = listed.emplace_back();
+    row.broker = brokers.value(bill.broker.value);
+    row.exchange = exchanges.value(bill.exchange.value);
+    row.account = accounts.value(bill.account.value);
+    row.bill = std::move(bill);
+  }
+  return listed;
+}
+
 }  // namespace
 
 bool ListedBill::Has(const QString& text) const {
@@ -212,18 +241,18 @@ bool ListedBill::Has(const QString& text) const {
 }
 
 std::vector<ListedBill> ListBills(database::Connection& connection, const ClientYear& of) {
-  const auto brokers = TextsById(lookups::DropDownItems(connection, DropDown::kBrokers));
-  const auto exchanges = TextsById(lookups::DropDownItems(connection, DropDown::kExchanges));
-  const auto accounts = TextsById(lookups::AccountItems(connection, of.client));
-  std::vector<ListedBill> listed;
-  for (Bill& bill : BillBook(connection, of).List()) {
-    ListedBill& row = listed.emplace_back();
-    row.broker = brokers.value(bill.broker.value);
-    row.exchange = exchanges.value(bill.exchange.value);
-    row.account = accounts.value(bill.account.value);
-    row.bill = std::move(bill);
-  }
-  return listed;
+  return WithNames(connection, of, BillBook(connection, of).List());
+}
+
+void ReadBills(database::Connection& connection, const ClientYear& of, std::span<const int> keys,
+               std::vector<ListedBill>& into) {
+  const auto order = [](const ListedBill& listed) {
+    return std::pair(text::ParseDmy(listed.bill.date), listed.bill.id);
+  };
+  lookups::Patch(
+      into, keys, WithNames(connection, of, BillBook(connection, of).List(keys)),
+      [](const ListedBill& listed) { return listed.bill.id.value; },
+      [&](const ListedBill& one, const ListedBill& other) { return order(one) < order(other); });
 }
 
 }  // namespace quorvane::bills

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace quorvane::bills {
@@ -25,6 +26,9 @@ class BillBook {
 
   /// The bills without their lines, by date and then by key.
   std::vector<Bill> List() const;
+
+  /// Those of the keys that are there, in no order.
+  std::vector<Bill> List(std::span<const int> keys) const;
 
   /// A bill with its lines in the order of entry.
   std::optional<Bill> Load(BillId id) const;
@@ -62,5 +66,9 @@ struct ListedBill {
 
 /// The bills of a client and year, by date and then by key.
 std::vector<ListedBill> ListBills(database::Connection& connection, const ClientYear& of);
+
+/// Reads only the bills of the keys anew and puts them into such a list.
+void ReadBills(database::Connection& connection, const ClientYear& of, std::span<const int> keys,
+               std::vector<ListedBill>& into);
 
 }  // namespace quorvane::bills

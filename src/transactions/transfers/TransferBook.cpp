@@ -103,6 +103,9 @@ Result<Transfer> SaveIn(Transaction& transaction, const ClientYear& of, Transfer
     DeleteRow(transaction, *old);
   } else {
     // A transfer that was deleted meanwhile is written as a new one.
+    if (transfer.id) {
+      transaction.Changes().Missed("ScrTransfer", transfer.id.value);
+    }
     transfer.id = TransferId{database::NextKey(transaction, "ScrTransfer")};
   }
   records::Insert(transaction, transfer);

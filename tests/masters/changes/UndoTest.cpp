@@ -29,10 +29,6 @@ struct Office : Desk {
   Progress quiet;
 
   Office() {
-    // An older program's missing values come back as 0.
-    Connection().Execute("Update ClientInfo Set Sex=0,MStatus=1");
-    Connection().Execute("Update ClientActDet Set DMATAC=0,DPID=0");
-    Connection().Execute("Update Script Set Type=1,ScrCls=1");
     Connection().SetAuthor({QStringLiteral("RAVI"), {}});
     records::Bill bill = NewBill({Purchase(10, 100), Purchase(6, 40)});
     bill.lines[1].scrip = second_scrip;
@@ -69,6 +65,13 @@ struct Office : Desk {
       records::Insert(transaction, records::OpeningMark{client, year, account, second_scrip});
       records::Insert(transaction, records::TradeKey{account, QStringLiteral("T|1"), bill.id});
     });
+    // An older program leaves values out.
+    Connection().Execute("Update ClientInfo Set Sex=NULL,MStatus=NULL,GCode=NULL,DOB=NULL");
+    Connection().Execute("Update Script Set Type=1,ScrCls=NULL,NCode=NULL");
+    Connection().Execute("Update Broker Set City=NULL");
+    Connection().Execute("Update SPMaster Set SettlNo=NULL,OthCharge=NULL,ExId=NULL");
+    Connection().Execute("Update SPTrans Set STax=NULL,FO=NULL,DelvType=NULL Where Id=2");
+    Connection().Execute("Update StkOpBal Set Brk=NULL,PDate=NULL");
     Connection().SetAuthor({QStringLiteral("ANITA"), {}});
   }
 

@@ -29,19 +29,23 @@ std::set<Part> Everything() {
   return parts;
 }
 
-/// The pages of a PDF as its readers find them, each as lines with single blanks.
-QList<QStringList> PagesOf(const reporting::Booklet& made) {
+/// What a reader of PDF files tells of the booklet; "%1" stands for the file. Empty when it finds
+/// a fault.
+QString Told(const reporting::Booklet& made, const QString& program, QStringList arguments) {
   const QTemporaryDir folder;
   const QString path = folder.filePath("booklet.pdf");
   Progress progress;
   reporting::WriteBooklet(made, path, progress);
   QProcess reader;
-  reader.start("pdftotext", {"-layout", path, "-"});
-  if (!reader.waitForFinished() || reader.exitCode() != 0) {
-    throw std::runtime_error("the pages cannot be read");
-  }
+  reader.start(program, arguments.replaceInStrings("%1", path));
+  const bool done = reader.waitForFinished() && reader.exitCode() == 0;
+  return done ? QString::fromUtf8(reader.readAllStandardOutput()) : QString();
+}
+
+/// The pages of a PDF as its readers find them, each as lines with single blanks.
+QList<QStringList> PagesOf(const reporting::Booklet& made) {
   QList<QStringList> pages;
-  const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+  const QString text = Told(made, "pdftotext", {"-layout", "%1", "-"});
   for (const QString& page : text.split('\f', Qt::SkipEmptyParts)) {
     QStringList lines;
     for (const QString& line : page.split('\n', Qt::SkipEmptyParts)) {
@@ -101,6 +105,20 @@ class YearBookletTest : public test::DatabaseTest {
       }
     }
     QCOMPARE(headings.size(), Parts().size());
+  }
+
+  // The number at the end of each line of the contents is a link to that page.
+  void ContentsLeadToTheParts() {
+    const reporting::Booklet made = Made(QueryOf(2012, true));
+    QVERIFY(!Told(made, "qpdf", {"--check", "%1"}).isEmpty());
+    const QString pages = Told(made, "pdftohtml", {"-xml", "-stdout", "-i", "%1"});
+    static const QRegularExpression link("<a href=\"[^\"]*#(\\d+)\">(\\d+)</a>");
+    std::size_t links = 0;
+    for (auto found = link.globalMatch(pages); found.hasNext(); ++links) {
+      const QRegularExpressionMatch one = found.next();
+      QCOMPARE(one.captured(1), one.captured(2));
+    }
+    QCOMPARE(links, made.parts.size());
   }
 
   // Each sum is also the one that the report by itself has.

@@ -1,8 +1,14 @@
 #include "core/positions/Positions.h"
 #include "core/rates/RateBook.h"
+#include "core/records/Opening.h"
+#include "core/records/Rates.h"
+#include "core/records/StatementCheck.h"
+#include "core/records/Transfer.h"
+#include "core/records/Writing.h"
 #include "reports/Sample.h"
 #include "reports/home/Figures.h"
 #include "reports/home/KeptFigures.h"
+#include "reports/home/RecordsSince.h"
 #include "reports/profit/ProfitStatement.h"
 #include "support/DatabaseTest.h"
 #include "transactions/bills/BillBook.h"
@@ -268,6 +274,127 @@ class HomeOfADeskTest : public test::DeskTest {
                                  "RELIANCE 30/06/2011 0 27.50"}));
   }
 
+  /// What a change tells of whose figures have to be computed, and that nothing else changed.
+  void ChangedClientsAreToldByTheLog_data() {
+    using Work = std::function<void(database::Transaction&, const test::Desk&)>;
+    const test::Table<Work, QString> row;
+    const auto own = [](const test::Desk& desk) {
+      return changes::Owner{.client = desk.client.value};
+    };
+    row(
+        "bills of two clients",
+        [](database::Transaction& transaction, const test::Desk& desk) {
+          for (const ClientId client : {desk.client, desk.other_client}) {
+            records::Bill bill = desk.NewBill({});
+            bill.id = BillId{70 + client.value};
+            bill.client = client;
+            bill.year = desk.year;
+            records::Insert(transaction, bill);
+          }
+        },
+        "the first and the second");
+    row(
+        "shares to another client",
+        [](database::Transaction& transaction, const test::Desk& desk) {
+          records::Transfer transfer;
+          transfer.id = TransferId{70};
+          transfer.client = desk.client;
+          transfer.year = desk.year;
+          transfer.date = QStringLiteral("03/06/2011");
+          transfer.from = desk.account;
+          transfer.to = desk.other_account;
+          transfer.to_client = desk.other_client;
+          transfer.kind = records::TransTo::kOtherClient;
+          transfer.scrip = desk.scrip;
+          transfer.rate = 100;
+          transfer.quantity = text::Shares(2);
+          records::Insert(transaction, transfer);
+        },
+        "the first and the second");
+    row(
+        "a rate",
+        [](database::Transaction& transaction, const test::Desk& desk) {
+          records::Insert(
+              transaction,
+              records::MarketRate{desk.year, 1, QStringLiteral("12/06/2011"), desk.scrip, 100});
+        },
+        "nobody");
+    row(
+        "lots of one client rebuilt",
+        [=](database::Transaction& transaction, const test::Desk& desk) {
+          transaction.Changes().Summarise(changes::Kind::kRebuilt, {}, own(desk));
+          transaction.Changes().Of("Stock").added_count = 1;
+        },
+        "the first");
+    row(
+        "a work of counts",
+        [=](database::Transaction& transaction, const test::Desk& desk) {
+          transaction.Changes().Summarise(changes::Kind::kImported, {}, own(desk));
+          transaction.Changes().Of("SPTrans").added_count = 1;
+        },
+        "all");
+    row(
+        "a new year's opening",
+        [](database::Transaction& transaction, const test::Desk& desk) {
+          records::Opening opening;
+          opening.client = desk.client;
+          opening.year = desk.year.Next();
+          records::Insert(transaction, opening);
+        },
+        "all");
+    row(
+        "nothing in the log", [](database::Transaction&, const test::Desk&) {}, "all");
+  }
+  void ChangedClientsAreToldByTheLog() {
+    const auto [work, expected] =
+        test::Table<std::function<void(database::Transaction&, const test::Desk&)>, QString>::Row();
+    Buy(desk_->scrip, QStringLiteral("01/06/2011"), 5);
+    database::Connection& connection = desk_->Connection();
+    const text::Date today = Day(13, 6, 2011);
+    home::RecordsSince since;
+    Progress progress;
+    home::Known& known = since.Begin(connection, desk_->year, today);
+    QVERIFY(!known.changed);
+    home::RefreshFigures(
+        connection, desk_->year, today, progress, [] {}, &known);
+    since.End();
+    database::InTransaction(connection,
+                            [&](database::Transaction& transaction) { work(transaction, *desk_); });
+    since.Begin(connection, desk_->year, today);
+    QCOMPARE(Named(known.changed), expected);
+    home::RefreshFigures(
+        connection, desk_->year, today, progress, [] {}, &known);
+    QCOMPARE(home::RefreshFigures(connection, desk_->year, today, progress), 0);
+    test::Empty(connection, {"MarketRate"});
+  }
+
+  void AccountsWithoutAGoodStatementAreCounted_data() {
+    const test::Table<QString, QString> row;  // statements of an account; never, differing, old
+    row("none", "", "2 0 0");
+    row("six months ago", "13/12/2010:0", "1 0 0");
+    row("a day before", "12/12/2010:0", "1 0 1");
+    row("differs", "12/12/2010:3", "1 1 0");
+    row("the last one counts", "12/06/2011:0 12/05/2011:3", "1 0 0");
+    row("and not the last one entered", "12/06/2011:1 12/05/2011:0", "1 1 0");
+  }
+  void AccountsWithoutAGoodStatementAreCounted() {
+    const auto [statements, expected] = test::Table<QString, QString>::Row();
+    Buy(desk_->scrip, QStringLiteral("01/06/2011"), 5);
+    database::InTransaction(desk_->Connection(), [&](database::Transaction& transaction) {
+      for (const QString& one : statements.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        records::Insert(transaction,
+                        records::StatementCheck{desk_->client, desk_->account,
+                                                one.section(QLatin1Char(':'), 0, 0), 5,
+                                                one.section(QLatin1Char(':'), 1).toInt(),
+                                                QStringLiteral("13/06/2011")});
+      }
+    });
+    const home::StatementCounts counts = Read(Day(13, 6, 2011)).statements;
+    test::Empty(desk_->Connection(), {"StatementCheck"});
+    QCOMPARE(QStringLiteral("%1 %2 %3").arg(counts.never).arg(counts.differing).arg(counts.old),
+             expected);
+  }
+
   void TheLastRecordsComeFirst() {
     for (int bill = 0; bill < 8; ++bill) {
       Buy(desk_->scrip, QStringLiteral("01/06/2011"), 1);
@@ -279,6 +406,16 @@ class HomeOfADeskTest : public test::DeskTest {
   }
 
  private:
+  QString Named(const std::optional<std::set<ClientId>>& clients) const {
+    QStringList names;
+    for (const ClientId client : clients.value_or(std::set<ClientId>())) {
+      names << (client == desk_->client         ? "the first"
+                : client == desk_->other_client ? "the second"
+                                                : "another");
+    }
+    return !clients ? "all" : names.isEmpty() ? "nobody" : names.join(QLatin1String(" and "));
+  }
+
   void Buy(ScripId scrip, const QString& day, double quantity) {
     records::BillLine line = desk_->Purchase(quantity, 100);
     line.scrip = scrip;

@@ -124,7 +124,9 @@ class DeskTest : public QObject {
                               20000);
     QCOMPARE(office.RowsOf("VSLargest"), QStringList("RELIANCE|20.00"));
     QCOMPARE(office.RowsOf("VSLast"), QStringList({"Bill|10/06/2010", "Bill|10/06/2011"}));
-    QCOMPARE(office.RowsOf("VSMissing"), QStringList("There is no backup.|"));
+    QCOMPARE(office.RowsOf("VSMissing"),
+             QStringList({"2 demat accounts were never compared with a statement.|",
+                          "There is no backup.|"}));
     auto* figures = office.Named<controls::Grid>("VSFigures");
     figures->setFocus();
     figures->SelectRow(0);

@@ -1,6 +1,7 @@
 #include "masters/clients/window/FrmClientMaster.h"
 
 #include "core/lookups/Choices.h"
+#include "core/lookups/Patch.h"
 #include "masters/Completions.h"
 #include "masters/Questions.h"
 #include "masters/window/BoxName.h"
@@ -157,10 +158,25 @@ void FrmClientMaster::Connect() {
 }
 
 void FrmClientMaster::FillList() {
-  const std::vector<ClientRow> clients = book_.List();
+  listed_ = book_.List();
+  ShowClients();
+}
+
+bool FrmClientMaster::ReadRecords(std::span<const int> keys) {
+  const auto order = [](const ClientRow& client) {
+    return std::pair(lookups::OrderOf(client.code), client.id);
+  };
+  lookups::Patch(
+      listed_, keys, book_.List(keys), [](const ClientRow& client) { return client.id.value; },
+      [&](const ClientRow& one, const ClientRow& other) { return order(one) < order(other); });
+  ShowClients();
+  return true;
+}
+
+void FrmClientMaster::ShowClients() {
   std::vector<Row> rows;
-  rows.reserve(clients.size());
-  for (const ClientRow& client : clients) {
+  rows.reserve(listed_.size());
+  for (const ClientRow& client : listed_) {
     rows.push_back({.id = client.id.value, .cells = {client.code, client.name}});
   }
   List().SetRows(std::move(rows));

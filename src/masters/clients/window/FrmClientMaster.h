@@ -23,6 +23,7 @@ class FrmClientMaster : public controls::RecordWindow {
  protected:
   std::string_view RecordTable() const override { return "ClientInfo"; }
   void FillList() override;
+  bool ReadRecords(std::span<const int> keys) override;
   void Clear() override;
   void Load(int id) override;
   MaybeRefusal Save() override;
@@ -61,6 +62,7 @@ class FrmClientMaster : public controls::RecordWindow {
   void Complete();
   void Connect();
 
+  void ShowClients();
   void ShowClient(const Client& client);
   Client Entered() const;
   masters::Contact EnteredContact() const;
@@ -77,6 +79,7 @@ class FrmClientMaster : public controls::RecordWindow {
   void Viewer_Failed(const QString& text);
 
   ClientBook book_;
+  std::vector<ClientRow> listed_;
   documents::DocumentDialogs dialogs_;
   QString new_document_;  ///< path of a document that was chosen and is not saved yet
   QString warned_pan_;    ///< the number that the user was warned of last

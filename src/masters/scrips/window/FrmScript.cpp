@@ -3,6 +3,7 @@
 #include "controls/FieldLayout.h"
 #include "controls/ProgressDialog.h"
 #include "core/lookups/Choices.h"
+#include "core/lookups/Patch.h"
 #include "masters/Questions.h"
 
 #include <QHBoxLayout>
@@ -48,12 +49,28 @@ FrmScript::FrmScript(controls::Desk& desk)
 }
 
 void FrmScript::FillList() {
+  listed_ = book_.List();
+  ShowScrips();
+}
+
+bool FrmScript::ReadRecords(std::span<const int> keys) {
+  const auto order = [](const Scrip& scrip) {
+    return std::pair(lookups::OrderOf(scrip.name), scrip.id);
+  };
+  lookups::Patch(
+      listed_, keys, book_.List(keys), [](const Scrip& scrip) { return scrip.id.value; },
+      [&](const Scrip& one, const Scrip& other) { return order(one) < order(other); });
+  ShowScrips();
+  return true;
+}
+
+void FrmScript::ShowScrips() {
   database::Connection& connection = *Session().connection;
   FillCombos();
   List().Model().SetChoices(kType, lookups::ChoiceList(connection, Choices::kScripTypes));
   List().Model().SetChoices(kClass, lookups::ChoiceList(connection, Choices::kScripClasses));
   std::vector<controls::Row> rows;
-  for (const Scrip& scrip : book_.List()) {
+  for (const Scrip& scrip : listed_) {
     rows.push_back(
         {.id = scrip.id.value,
          .cells = {scrip.code, scrip.name, scrip.second_code, scrip.type, scrip.scrip_class}});

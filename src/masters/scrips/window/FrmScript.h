@@ -20,6 +20,7 @@ class FrmScript : public controls::RecordWindow {
  protected:
   std::string_view RecordTable() const override { return "Script"; }
   void FillList() override;
+  bool ReadRecords(std::span<const int> keys) override;
   void Clear() override;
   void Load(int id) override;
   MaybeRefusal Save() override;
@@ -35,6 +36,7 @@ class FrmScript : public controls::RecordWindow {
   void ShowIsins(const std::vector<rates::DatedIsin>& isins);
   std::vector<rates::DatedIsin> EnteredIsins() const;
   void FillCombos();
+  void ShowScrips();
 
   void Combo1_GotFocus();
   void Combo2_GotFocus();
@@ -45,6 +47,7 @@ class FrmScript : public controls::RecordWindow {
   void VS_LastCellLeft();
 
   ScripBook book_;
+  std::vector<Scrip> listed_;
   std::array<controls::TextBox*, kBoxes> Text1{};
   controls::ComboBox* Combo1 = nullptr;
   controls::ComboBox* Combo2 = nullptr;

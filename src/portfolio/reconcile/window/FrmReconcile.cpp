@@ -3,6 +3,7 @@
 #include "controls/ProgressDialog.h"
 #include "core/lookups/Directory.h"
 #include "portfolio/paper/ScripIsins.h"
+#include "portfolio/reconcile/KeptChecks.h"
 #include "portfolio/reconcile/OpeningFromStatement.h"
 #include "portfolio/reconcile/ReconcileDocument.h"
 #include "portfolio/reconcile/StatementFile.h"
@@ -80,6 +81,19 @@ void FrmReconcile::Combo1_Click() {
   FillRows();
 }
 
+bool FrmReconcile::GoTo(int record) {
+  if (record == 0) {
+    return true;
+  }
+  const AccountId account{record};
+  const ClientId client = lookups::Directory(*Session().connection).Account(account).client;
+  if (!client || !Combo1->ById(client.value)) {
+    return false;
+  }
+  Combo1_Click();
+  return Combo2->ById(account.value);
+}
+
 void FrmReconcile::CmdFile_Click() {
   if (!Combo1->HasChoice()) {
     return Show(Refusal{tr("Select Client."), Field::kClients});
@@ -124,6 +138,9 @@ bool FrmReconcile::Compare() {
     return false;
   }
   result_ = std::move(*result);
+  if (!Session().read_only) {
+    KeepCheck(*Session().connection, *result_, TheDesk().today());
+  }
   return true;
 }
 

@@ -28,6 +28,9 @@ class FrmReconcile : public controls::ChildWindow, private reporting::ReportOutp
  public:
   explicit FrmReconcile(reporting::ReportDesk& desk);
 
+  /// Chooses a demat account and its client.
+  bool GoTo(int record) override;
+
  private:
   void Build();
   QLayout* BuildChoice();

@@ -19,7 +19,8 @@ constexpr int kLookMs = 60 * 1000;
 constexpr int kFirstYear = 2005;
 constexpr qint64 kOldBackupDays = 7;
 
-enum MissingLine { kRates = 1, kBackup, kNothing };
+/// The accounts without a statement are told by kStatements and the state that they are in.
+enum MissingLine { kRates = 1, kBackup, kNothing, kStatements = 10 };
 
 controls::Column Right(const QString& heading) {
   return {.heading = heading, .alignment = controls::Alignment::kRight};
@@ -273,6 +274,11 @@ void HomePane::ShowMissing() {
         {.id = kRates,
          .cells = {tr("%1 scrips held have no rate of the last seven days.").arg(without)}});
   }
+  if (shown_) {
+    for (const auto& [state, text] : StatementLines(shown_->figures.statements)) {
+      rows.push_back({.id = kStatements + static_cast<int>(state), .cells = {text}});
+    }
+  }
   if (!backup_) {
     rows.push_back({.id = kBackup, .cells = {tr("There is no backup.")}});
   } else if (const qint64 days = backup_->daysTo(QDateTime::currentDateTime());
@@ -340,7 +346,12 @@ void HomePane::VSDividends_DblClick(int row) {
 }
 
 void HomePane::VSMissing_DblClick(int row) {
-  switch (missing_.grid->Model().IdOf(row)) {
+  const int line = missing_.grid->Model().IdOf(row);
+  if (line >= kStatements) {
+    return desk_.open_record(
+        {.window = QLatin1String(kStatementsWindow), .record = line - kStatements});
+  }
+  switch (line) {
     case kRates:
       return desk_.open_record(
           {.window = QLatin1String(kHoldingsWindow), .record = FrmFigures::kOldRates});

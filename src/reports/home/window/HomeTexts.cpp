@@ -69,6 +69,36 @@ QString StateOf(const ComingDividend& dividend) {
   return dividend.amount ? Tr("Home", "announced") : Tr("Home", "not recorded yet");
 }
 
+std::vector<std::pair<CheckState, QString>> StatementLines(const StatementCounts& counts) {
+  std::vector<std::pair<CheckState, QString>> lines;
+  const auto add = [&](CheckState state, int count, const QString& text) {
+    if (count > 0) {
+      lines.emplace_back(state, text.arg(count));
+    }
+  };
+  add(CheckState::kDiffers, counts.differing,
+      Tr("Home", "%1 demat accounts do not agree with their last statement."));
+  add(CheckState::kNever, counts.never,
+      Tr("Home", "%1 demat accounts were never compared with a statement."));
+  add(CheckState::kOld, counts.old,
+      Tr("Home", "%1 demat accounts have no statement of the last six months."));
+  return lines;
+}
+
+QString NameOf(CheckState state) {
+  switch (state) {
+    case CheckState::kNever:
+      return Tr("Home", "never compared");
+    case CheckState::kDiffers:
+      return Tr("Home", "does not agree");
+    case CheckState::kOld:
+      return Tr("Home", "older than six months");
+    case CheckState::kAgrees:
+      return Tr("Home", "agrees");
+  }
+  return {};
+}
+
 QString NameOf(LastRecord::Kind kind) {
   switch (kind) {
     case LastRecord::Kind::kBill:

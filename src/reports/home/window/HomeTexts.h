@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace quorvane::home {
@@ -13,6 +14,7 @@ namespace quorvane::home {
 /// The windows that show what the figures are made of.
 inline constexpr char kHoldingsWindow[] = "FrmHoldings";
 inline constexpr char kGainsWindow[] = "FrmGains";
+inline constexpr char kStatementsWindow[] = "FrmStatements";
 
 /// Where the family that was chosen last is remembered.
 inline constexpr char kMemory[] = "Home";
@@ -47,6 +49,10 @@ QString StateText(const std::optional<Shown>& shown, const QString& failure);
 
 /// What is to be done about a dividend.
 QString StateOf(const ComingDividend& dividend);
+
+/// The lines that tell of accounts whose statements are missing, old or do not agree.
+std::vector<std::pair<CheckState, QString>> StatementLines(const StatementCounts& counts);
+QString NameOf(CheckState state);
 
 QString NameOf(LastRecord::Kind kind);
 const char* WindowOf(LastRecord::Kind kind);

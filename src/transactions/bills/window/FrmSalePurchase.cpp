@@ -78,6 +78,16 @@ void FrmSalePurchase::BuildSearch() {
 
 void FrmSalePurchase::FillList() {
   listed_ = ListBills(*Session().connection, of_);
+  ShowListed();
+}
+
+bool FrmSalePurchase::ReadRecords(std::span<const int> keys) {
+  ReadBills(*Session().connection, of_, keys, listed_);
+  ShowListed();
+  return true;
+}
+
+void FrmSalePurchase::ShowListed() {
   for (const ListedBill& listed : listed_) {
     if (listed.bill.id > last_.id) {
       last_ = listed.bill;

@@ -30,6 +30,7 @@ class FrmSalePurchase : public controls::RecordWindow {
   std::string_view RecordTable() const override { return records::Table<Bill>::kName; }
   std::optional<ClientId> RecordClient() const override { return of_.client; }
   void FillList() override;
+  bool ReadRecords(std::span<const int> keys) override;
   void Clear() override;
   void Load(int id) override;
   void BeginEditing() override;
@@ -43,6 +44,7 @@ class FrmSalePurchase : public controls::RecordWindow {
   void HoldFields();
   void BuildSearch();
   Bill NewBill() const;
+  void ShowListed();
   void ShowFound();
   bool AsksForTwin();
 

@@ -38,7 +38,7 @@ class FrmReconcileTest : public test::DeskTest {
  private Q_SLOTS:
   void init() {
     desk_->Empty();
-    test::Empty(desk_->Connection(), {"ScripIsin", "OpeningMark"});
+    test::Empty(desk_->Connection(), {"ScripIsin", "OpeningMark", "StatementCheck"});
     desk_->Connection().Execute("Insert Into ScripIsin(ScrId,Isin,FromDay) Values(?,?,'')",
                                 desk_->scrip, "INE999A01015");
   }
@@ -70,16 +70,25 @@ class FrmReconcileTest : public test::DeskTest {
     QCOMPARE(shown.opened, QStringList("FrmCorpAction"));
   }
 
+  /// The comparison is kept, and the one after the ISIN is known takes its place.
   void UnknownIsinIsAssignedAndCompared() {
     Record("C1,1001,1,02/05/2011,O'BRIEN & SONS,BSE,P,500209,5,50\n");
-    Shown shown(desk_->database, Client());
+    Shown shown(desk_->database);
+    QVERIFY(!shown->GoTo(999));
+    QVERIFY(shown->GoTo(desk_->account.value));
     shown.chosen = Statement(shown, "INE999B01021,ALUM,5\n");
-    shown.Named<controls::ComboBox>("Combo2")->ById(desk_->account.value);
     shown.Click("CmdFile");
+    const auto kept = [&] {
+      return test::Rows(desk_->Connection(),
+                        "Select AcId,StatementDay,Compared,Differing From StatementCheck");
+    };
+    const QString checked = QStringLiteral("%1|31/10/2011|%2").arg(desk_->account.value);
+    QCOMPARE(kept(), QStringList(checked.arg("2|2")));
     shown.Named<controls::Grid>("VSF")->SelectRow(0);
     shown.Named<controls::ComboBox>("Combo3")->ById(desk_->second_scrip.value);
     shown.Click("CmdAssign");
     QCOMPARE(shown.RowsOf("VSF"), QStringList("1001|INFOSYS|5.00|5.00||Agrees||INE999B01021"));
+    QCOMPARE(kept(), QStringList(checked.arg("1|0")));
     shown.Named<QCheckBox>("ChkDiffer")->click();
     QCOMPARE(shown.RowsOf("VSF"), QStringList());
   }

@@ -353,6 +353,36 @@ class FrmSalePurchaseTest : public test::DeskTest {
     QVERIFY(!(*shown_)->IsEditing());
   }
 
+  /// The list is as if all bills were read again, whatever the search shows.
+  void SingleBillsOfOthersComeToTheirPlaces() {
+    for (int day = 1; day <= 6; ++day) {
+      Bill bill = desk_->NewBill(QStringLiteral("%1/06/2011").arg(3 * day, 2, 10, QChar('0')), {});
+      QVERIFY(!test::Save(BillBook(desk_->Connection(), desk_->of), bill));
+    }
+    Open();
+    database::Connection other(desk_->database.Settings());
+    other.SetAuthor({QStringLiteral("RAVI"), QStringLiteral("desk-2")});
+    changes::News news(desk_->Connection());
+    news.Read();
+    BillBook book(other, desk_->of);
+    const std::vector<Bill> stored = book.List();
+    Bill moved = stored[1];
+    moved.date = QStringLiteral("30/06/2011");
+    QVERIFY(book.Save(moved));
+    QVERIFY(!book.Delete(stored[3].id));
+    QVERIFY(book.Save(desk_->NewBill(QStringLiteral("07/06/2011"), {})));
+    const std::vector<changes::Entry> read = news.Read();
+    QCOMPARE(read.size(), std::size_t{3});
+    // A bill that the window was not told of shows that it does not read the others.
+    other.Execute("Update SPMaster Set BillNo='UNREAD' Where ID=?", stored[0].id);
+    shown_->window->LookAround(read);
+    const QStringList rows = shown_->RowsOf("VSF");
+    QCOMPARE(rows.filter(QStringLiteral("UNREAD")).size(), qsizetype{0});
+    other.Execute("Update SPMaster Set BillNo='B/1' Where ID=?", stored[0].id);
+    Open();
+    QCOMPARE(rows, shown_->RowsOf("VSF"));
+  }
+
   void BillsAreSearched() {
     SavePurchase();
     Open();

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/Result.h"
+#include "portfolio/reconcile/Reconciliation.h"
+
+namespace quorvane::reconcile {
+
+/// Keeps that each account of a statement was compared today, in place of an earlier comparison
+/// with a statement of the same day. A user who may not enter records leaves none. Throws
+/// DatabaseError.
+void KeepCheck(database::Connection& connection, const Reconciliation& result, text::Date today);
+
+}  // namespace quorvane::reconcile

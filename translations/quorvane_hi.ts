@@ -65,7 +65,7 @@
     </message>
     <message>
         <source>ex-date</source>
-        <translation>एक्स-तारीख</translation>
+        <translation>एक्स-तारीख़</translation>
     </message>
     <message>
         <source>ratio</source>
@@ -104,7 +104,7 @@
     </message>
     <message>
         <source>%1 of %2, %3 Shares</source>
-        <translation>%1, तारीख %2, %3 शेयर</translation>
+        <translation>%1, तारीख़ %2, %3 शेयर</translation>
     </message>
     <message>
         <source>and %1 more</source>
@@ -132,11 +132,11 @@
     </message>
     <message>
         <source>Select the Script that the Shares Go to.</source>
-        <translation>वह स्क्रिप्ट चुनें जिसमें शेयर जाते हैं।</translation>
+        <translation>जिस कंपनी में शेयर जाते हैं वह चुनें।</translation>
     </message>
     <message>
         <source>The Two Scripts must Differ.</source>
-        <translation>दोनों स्क्रिप्ट अलग होनी चाहिए।</translation>
+        <translation>दोनों शेयर अलग होने चाहिए।</translation>
     </message>
     <message>
         <source>Enter a Price Above Zero.</source>
@@ -148,7 +148,7 @@
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Split</source>
@@ -216,7 +216,11 @@
     </message>
     <message>
         <source>%1 of %2, Ex-Date %3: the books were changed since it was applied. Take it back and apply it again.</source>
-        <translation>%2 का %1, एक्स-तारीख %3: लागू करने के बाद बहियाँ बदली गईं। इसे वापस लें और फिर लागू करें।</translation>
+        <translation>%2 का %1, एक्स-तारीख़ %3: लागू करने के बाद बहियाँ बदली गईं। इसे वापस लें और फिर लागू करें।</translation>
+    </message>
+    <message>
+        <source>Rs %1</source>
+        <translation>रु. %1</translation>
     </message>
 </context>
 <context>
@@ -1080,11 +1084,11 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Record Date</source>
-        <translation>रिकॉर्ड तारीख</translation>
+        <translation>रिकॉर्ड तारीख़</translation>
     </message>
     <message>
         <source>Allotment Date</source>
-        <translation>आबंटन तारीख</translation>
+        <translation>आबंटन तारीख़</translation>
     </message>
     <message>
         <source>New Shares</source>
@@ -1342,7 +1346,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Enter Proper Date.</source>
@@ -1350,7 +1354,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Enter a Date within the Financial Year.</source>
-        <translation>वित्तीय वर्ष के भीतर की तारीख दर्ज करें।</translation>
+        <translation>वित्तीय वर्ष के भीतर की तारीख़ दर्ज करें।</translation>
     </message>
     <message>
         <source>Enter Quantity.</source>
@@ -2022,7 +2026,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Script &amp;Page</source>
-        <translation>स्क्रिप्ट पृष्ठ (&amp;P)</translation>
+        <translation>शेयर का पृष्ठ (&amp;P)</translation>
     </message>
     <message>
         <source>&amp;Corporate Actions</source>
@@ -2095,6 +2099,13 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Family Bookle&amp;t</source>
         <translation>पारिवारिक पुस्तिका (&amp;T)</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Save or Cancel the Record that is being Entered First.</source>
+        <translation>पहले दर्ज हो रहे रिकॉर्ड को सहेजें या रद्द करें।</translation>
     </message>
 </context>
 <context>
@@ -2230,7 +2241,7 @@ All Related Data will be Deleted.</source>
     </message>
     <message>
         <source>There is no Script for %1.</source>
-        <translation>%1 के लिए कोई स्क्रिप्ट नहीं है।</translation>
+        <translation>%1 का कोई शेयर दर्ज नहीं है।</translation>
     </message>
     <message>
         <source>The Note&apos;s Number cannot be Read.</source>
@@ -2278,7 +2289,7 @@ All Related Data will be Deleted.</source>
     </message>
     <message>
         <source>Script Missing</source>
-        <translation>स्क्रिप्ट नहीं है</translation>
+        <translation>शेयर दर्ज नहीं</translation>
     </message>
     <message>
         <source>Not Taken</source>
@@ -2571,7 +2582,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <name>Reconcile</name>
     <message>
         <source>Another Script has the ISIN %1.</source>
-        <translation>ISIN %1 दूसरी स्क्रिप्ट का है।</translation>
+        <translation>ISIN %1 दूसरे शेयर का है।</translation>
     </message>
     <message>
         <source>Rows of the Statement could not be Understood:
@@ -2588,7 +2599,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>These Securities are of no Script with a Code. Assign their ISINs, or Import the Scripts from an Exchange&apos;s Price File:
 %1</source>
-        <translation>इन प्रतिभूतियों की कोड वाली कोई स्क्रिप्ट नहीं है। उनके ISIN सौंपें, या एक्सचेंज की भाव फ़ाइल से स्क्रिप्ट आयात करें:
+        <translation>इन प्रतिभूतियों का कोड वाला कोई शेयर दर्ज नहीं है। उनके ISIN सौंपें, या एक्सचेंज की भाव फ़ाइल से शेयर आयात करें:
 %1</translation>
     </message>
     <message>
@@ -2649,7 +2660,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>ISIN of no Script</source>
-        <translation>ISIN की स्क्रिप्ट नहीं</translation>
+        <translation>ISIN का शेयर दर्ज नहीं</translation>
     </message>
     <message>
         <source>%1 of %2 is recorded and not applied</source>
@@ -3003,7 +3014,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>The script code %1 belongs to several scripts, or to none.</source>
-        <translation>स्क्रिप्ट कोड %1 कई स्क्रिप्ट का है, या किसी का नहीं।</translation>
+        <translation>शेयर कोड %1 कई शेयरों का है, या किसी का नहीं।</translation>
     </message>
     <message>
         <source>The opening stock of %1 is older than these trades: compare it.</source>
@@ -3075,7 +3086,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>Script Code (BSE)</source>
-        <translation>स्क्रिप्ट कोड (BSE)</translation>
+        <translation>शेयर कोड (BSE)</translation>
     </message>
     <message>
         <source>Token of the Exchange</source>
@@ -3175,11 +3186,11 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>Script to be Confirmed</source>
-        <translation>स्क्रिप्ट की पुष्टि करें</translation>
+        <translation>शेयर की पुष्टि करें</translation>
     </message>
     <message>
         <source>Unknown Script</source>
-        <translation>अज्ञात स्क्रिप्ट</translation>
+        <translation>अज्ञात शेयर</translation>
     </message>
     <message>
         <source>Shares are Missing</source>
@@ -4661,18 +4672,14 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
-    <name>quorvane::corporate_actions::FrmCorpAction</name>
-    <message>
-        <source>Corporate Actions</source>
-        <translation>कॉरपोरेट एक्शन</translation>
-    </message>
+    <name>quorvane::corporate_actions::ActionFields</name>
     <message>
         <source>&amp;Kind</source>
         <translation>प्रकार (&amp;K)</translation>
     </message>
     <message>
         <source>&amp;Script</source>
-        <translation>स्क्रिप्ट (&amp;S)</translation>
+        <translation>शेयर (&amp;S)</translation>
     </message>
     <message>
         <source>E&amp;x-Date</source>
@@ -4680,7 +4687,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Record Date</source>
-        <translation>रिकॉर्ड तारीख (&amp;R)</translation>
+        <translation>रिकॉर्ड तारीख़ (&amp;R)</translation>
     </message>
     <message>
         <source>Ne&amp;w Shares</source>
@@ -4692,7 +4699,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;To Script</source>
-        <translation>नई स्क्रिप्ट (&amp;T)</translation>
+        <translation>नया शेयर (&amp;T)</translation>
     </message>
     <message>
         <source>Pr&amp;ice per Share</source>
@@ -4704,11 +4711,22 @@ Save this one, too?</source>
     </message>
     <message>
         <source>A&amp;llotment Date</source>
-        <translation>आवंटन तारीख (&amp;L)</translation>
+        <translation>आवंटन तारीख़ (&amp;L)</translation>
     </message>
     <message>
         <source>N&amp;ote</source>
         <translation>टिप्पणी (&amp;O)</translation>
+    </message>
+    <message>
+        <source>paid for a part of a share</source>
+        <translation>शेयर के अंश के लिए मिला</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::corporate_actions::FrmCorpAction</name>
+    <message>
+        <source>Corporate Actions</source>
+        <translation>कॉरपोरेट एक्शन</translation>
     </message>
     <message>
         <source>What the action makes of every account</source>
@@ -4764,7 +4782,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>To Script</source>
-        <translation>नई स्क्रिप्ट</translation>
+        <translation>नया शेयर</translation>
     </message>
     <message>
         <source>Applied</source>
@@ -4781,10 +4799,6 @@ Save this one, too?</source>
     <message>
         <source>No</source>
         <translation>नहीं</translation>
-    </message>
-    <message>
-        <source>paid for a part of a share</source>
-        <translation>शेयर के अंश के लिए मिला</translation>
     </message>
     <message>
         <source>Select the Kind of Action.</source>
@@ -4887,7 +4901,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Only Scripts that Somebody &amp;Holds or Held</source>
-        <translation>केवल वे स्क्रिप्ट जो किसी के पास हैं या थीं (&amp;H)</translation>
+        <translation>केवल वे शेयर जो किसी के पास हैं या थे (&amp;H)</translation>
     </message>
     <message>
         <source>Corporate actions in the file</source>
@@ -5021,7 +5035,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Da&amp;te</source>
-        <translation>तारीख (&amp;T)</translation>
+        <translation>तारीख़ (&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Quantity</source>
@@ -5041,7 +5055,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Date</source>
-        <translation>Date</translation>
+        <translation>तारीख़</translation>
     </message>
     <message>
         <source>Script Name</source>
@@ -5916,7 +5930,11 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
-    <name>quorvane::mis::RatesPane</name>
+    <name>quorvane::mis::RateList</name>
+    <message>
+        <source>Rates of the date</source>
+        <translation>तारीख़ के भाव</translation>
+    </message>
     <message>
         <source>Name</source>
         <translation>नाम</translation>
@@ -5937,6 +5955,9 @@ Save this one, too?</source>
         <source>ScrCls</source>
         <translation>श्रेणी</translation>
     </message>
+</context>
+<context>
+    <name>quorvane::mis::RatesPane</name>
     <message>
         <source>Dates</source>
         <translation>तारीख़ें</translation>
@@ -5948,10 +5969,6 @@ Save this one, too?</source>
     <message>
         <source>Dates with rates</source>
         <translation>भाव वाली तारीख़ें</translation>
-    </message>
-    <message>
-        <source>Rates of the date</source>
-        <translation>तारीख़ के भाव</translation>
     </message>
     <message>
         <source>Add</source>
@@ -6023,7 +6040,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>%1 rates were fetched; of %2 scripts none was found. Press Update to keep them.</source>
-        <translation>%1 दरें प्राप्त हुईं; %2 स्क्रिप्टों की कोई दर नहीं मिली। इन्हें रखने के लिए Update दबाएँ।</translation>
+        <translation>%1 भाव प्राप्त हुए; %2 शेयरों का कोई भाव नहीं मिला। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
     </message>
 </context>
 <context>
@@ -6324,11 +6341,11 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट</translation>
+        <translation>ISIN का शेयर</translation>
     </message>
     <message>
         <source>&amp;Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+        <translation>ISIN का शेयर (&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Assign</source>
@@ -6336,15 +6353,15 @@ Save this one, too?</source>
     </message>
     <message>
         <source>The script is known by this ISIN from now on</source>
-        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
+        <translation>अब से शेयर इस ISIN से जाना जाएगा</translation>
     </message>
     <message>
         <source>&amp;New Script ...</source>
-        <translation>नई स्क्रिप्ट (&amp;N) ...</translation>
+        <translation>नया शेयर (&amp;N) ...</translation>
     </message>
     <message>
         <source>Opens the scripts, to enter the one with this ISIN</source>
-        <translation>इस ISIN वाली स्क्रिप्ट दर्ज करने के लिए स्क्रिप्ट खोलता है</translation>
+        <translation>इस ISIN वाला शेयर दर्ज करने के लिए शेयरों की विंडो खोलता है</translation>
     </message>
     <message>
         <source>Add a &amp;File ...</source>
@@ -6400,7 +6417,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Replace the Recorded Bills %1 by these Notes?</source>
@@ -6672,7 +6689,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Script</source>
-        <translation>स्क्रिप्ट</translation>
+        <translation>शेयर</translation>
     </message>
     <message>
         <source>Purchase or Sale</source>
@@ -6719,7 +6736,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>S&amp;cript</source>
-        <translation>स्क्रिप्ट (&amp;C)</translation>
+        <translation>शेयर (&amp;C)</translation>
     </message>
     <message>
         <source>Assi&amp;gn</source>
@@ -6727,19 +6744,19 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;New Script</source>
-        <translation>नई स्क्रिप्ट (&amp;N)</translation>
+        <translation>नया शेयर (&amp;N)</translation>
     </message>
     <message>
         <source>The trades of the current line&apos;s script are trades of the chosen one</source>
-        <translation>वर्तमान पंक्ति की स्क्रिप्ट के सौदे चुनी हुई स्क्रिप्ट के सौदे हैं</translation>
+        <translation>वर्तमान पंक्ति के शेयर के सौदे चुने हुए शेयर के सौदे हैं</translation>
     </message>
     <message>
         <source>The current line&apos;s script is recorded with the trades</source>
-        <translation>वर्तमान पंक्ति की स्क्रिप्ट सौदों के साथ दर्ज होती है</translation>
+        <translation>वर्तमान पंक्ति का शेयर सौदों के साथ दर्ज होता है</translation>
     </message>
     <message>
         <source>Confirm &amp;Probable Scripts</source>
-        <translation>संभावित स्क्रिप्ट पक्की करें (&amp;P)</translation>
+        <translation>संभावित शेयर पक्के करें (&amp;P)</translation>
     </message>
     <message>
         <source>&amp;Look Again</source>
@@ -6783,23 +6800,23 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Choose a line of the script.</source>
-        <translation>स्क्रिप्ट की एक पंक्ति चुनें।</translation>
+        <translation>शेयर की एक पंक्ति चुनें।</translation>
     </message>
     <message>
         <source>Choose the script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>The script of this line is known.</source>
-        <translation>इस पंक्ति की स्क्रिप्ट ज्ञात है।</translation>
+        <translation>इस पंक्ति का शेयर ज्ञात है।</translation>
     </message>
     <message>
         <source>Record all %1 unknown scripts as new?
 
 No records only that of the current line.</source>
-        <translation>सभी %1 अज्ञात स्क्रिप्ट नई दर्ज करें?
+        <translation>सभी %1 अज्ञात शेयर नए दर्ज करें?
 
-&quot;नहीं&quot; केवल वर्तमान पंक्ति की दर्ज करता है।</translation>
+&quot;नहीं&quot; केवल वर्तमान पंक्ति का शेयर दर्ज करता है।</translation>
     </message>
     <message>
         <source>%1 Trades are Saved in %2 Bills.</source>
@@ -6807,7 +6824,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>%1 Scripts are New.</source>
-        <translation>%1 स्क्रिप्ट नई हैं।</translation>
+        <translation>%1 शेयर नए हैं।</translation>
     </message>
 </context>
 <context>
@@ -6822,7 +6839,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>New script</source>
-        <translation>नई स्क्रिप्ट</translation>
+        <translation>नया शेयर</translation>
     </message>
     <message>
         <source>Bill lines that the trades make</source>
@@ -6842,7 +6859,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>Script</source>
-        <translation>स्क्रिप्ट</translation>
+        <translation>शेयर</translation>
     </message>
     <message>
         <source>P/S</source>
@@ -6902,7 +6919,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>%1 new, %2 taken in already, %3 probably entered by hand, %4 of scripts to be settled, %5 without shares. %6</source>
-        <translation>%1 नई, %2 पहले से आयात, %3 शायद हाथ से दर्ज, %4 की स्क्रिप्ट तय करनी है, %5 बिना शेयर। %6</translation>
+        <translation>%1 नई, %2 पहले से आयात, %3 शायद हाथ से दर्ज, %4 के शेयर तय करने हैं, %5 बिना शेयर। %6</translation>
     </message>
     <message>
         <source>This trade is taken in already; correct its bill.</source>
@@ -7134,7 +7151,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Take the Quantities of the Statement In as Opening Stock of %1?</source>
@@ -7250,11 +7267,11 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट</translation>
+        <translation>ISIN का शेयर</translation>
     </message>
     <message>
         <source>&amp;Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+        <translation>ISIN का शेयर (&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Assign</source>
@@ -7262,7 +7279,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>The script is known by this ISIN from now on</source>
-        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
+        <translation>अब से शेयर इस ISIN से जाना जाएगा</translation>
     </message>
     <message>
         <source>From &amp;File ...</source>
@@ -7668,7 +7685,7 @@ Lots changed: %1</source>
     <name>quorvane::scrip_page::RptScripPage</name>
     <message>
         <source>Script Page</source>
-        <translation>स्क्रिप्ट पृष्ठ</translation>
+        <translation>शेयर का पृष्ठ</translation>
     </message>
     <message>
         <source>Script Name</source>
@@ -7704,7 +7721,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Family</source>
@@ -7767,7 +7784,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>ISINs of the script</source>
-        <translation>स्क्रिप्ट के ISIN</translation>
+        <translation>शेयर के ISIN</translation>
     </message>
     <message>
         <source>ISIN</source>
@@ -8391,22 +8408,10 @@ Lots changed: %1</source>
 <context>
     <name>quorvane::ui::MDIForm1</name>
     <message>
-        <source>%1 is running already.</source>
-        <translation>%1 पहले से चल रहा है।</translation>
-    </message>
-    <message>
-        <source>Couldn&apos;t start %1. Expected the program as %2.</source>
-        <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
-    </message>
-    <message>
         <source>This is %1.
 The program never goes to the internet by itself for another release; your supplier&apos;s page has the newest one.</source>
         <translation>यह %1 है।
 प्रोग्राम नए संस्करण के लिए अपने आप इंटरनेट पर नहीं जाता; नया संस्करण आपके आपूर्तिकर्ता के पृष्ठ पर है।</translation>
-    </message>
-    <message>
-        <source>There is no window %1.</source>
-        <translation>%1 नाम की कोई विंडो नहीं है।</translation>
     </message>
     <message>
         <source>Quorvane
@@ -8439,16 +8444,8 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
     </message>
     <message>
-        <source>Save or Cancel the Record that is being Entered First.</source>
-        <translation>पहले दर्ज हो रहे रिकॉर्ड को सहेजें या रद्द करें।</translation>
-    </message>
-    <message>
         <source>This record is not there any more.</source>
         <translation>यह रिकॉर्ड अब नहीं है।</translation>
-    </message>
-    <message>
-        <source>Open windows</source>
-        <translation>खुली विंडो</translation>
     </message>
 </context>
 <context>
@@ -8526,6 +8523,28 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Records in %1</source>
         <translation>%1 में रिकॉर्ड</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::OpenWindows</name>
+    <message>
+        <source>There is no window %1.</source>
+        <translation>%1 नाम की कोई विंडो नहीं है।</translation>
+    </message>
+    <message>
+        <source>Open windows</source>
+        <translation>खुली विंडो</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::OutsideTools</name>
+    <message>
+        <source>%1 is running already.</source>
+        <translation>%1 पहले से चल रहा है।</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t start %1. Expected the program as %2.</source>
+        <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
     </message>
 </context>
 <context>

@@ -201,6 +201,7 @@ void RenderTabs(ui::MDIForm1& main, const QDir& out) {
     main.Open(QLatin1String(window));
   }
   Save(main, QStringLiteral("Tabs"), out);
+  Named<QAction>(main, QStringLiteral("mnuCloseAll")).trigger();
   Named<QAction>(main, QStringLiteral("mnuTabs")).trigger();
 }
 

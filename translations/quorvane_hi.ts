@@ -504,6 +504,14 @@ Maximum Allowed Value is: %1</source>
         <source>Net as on the note</source>
         <translation>नोट के अनुसार शुद्ध राशि</translation>
     </message>
+    <message>
+        <source>Delivery Based</source>
+        <translation>डिलीवरी आधारित</translation>
+    </message>
+    <message>
+        <source>Non Delivery Based</source>
+        <translation>बिना डिलीवरी</translation>
+    </message>
 </context>
 <context>
     <name>Booklet</name>
@@ -912,7 +920,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Fair Value of 31-Jan-2018</source>
-        <translation>31-Jan-2018 का उचित मूल्य</translation>
+        <translation>31 जनवरी 2018 का उचित मूल्य</translation>
     </message>
     <message>
         <source>Loss Brought Forward</source>
@@ -1294,17 +1302,6 @@ Maximum Allowed Value is: %1</source>
     </message>
 </context>
 <context>
-    <name>ColumnPane</name>
-    <message>
-        <source>Purchase</source>
-        <translation>ख़रीद</translation>
-    </message>
-    <message>
-        <source>Sale</source>
-        <translation>बिक्री</translation>
-    </message>
-</context>
-<context>
     <name>Database</name>
     <message>
         <source>The server tells table names apart by upper and lower case. Set lower_case_table_names=1 in its settings file (section [mysqld]), start it again and make the database after that.</source>
@@ -1520,7 +1517,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Value</source>
-        <translation>मान</translation>
+        <translation>मूल्य</translation>
     </message>
     <message>
         <source>Day&apos;s change</source>
@@ -1532,11 +1529,11 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>all that is held</source>
-        <translation>जो भी धारित है</translation>
+        <translation>सारी होल्डिंग</translation>
     </message>
     <message>
         <source>Value less cost</source>
-        <translation>मान घटा लागत</translation>
+        <translation>मूल्य घटा लागत</translation>
     </message>
     <message>
         <source>what has a rate</source>
@@ -1616,17 +1613,6 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Scrips</source>
         <translation>शेयर</translation>
-    </message>
-</context>
-<context>
-    <name>LinesPane</name>
-    <message>
-        <source>No</source>
-        <translation>नहीं</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>हाँ</translation>
     </message>
 </context>
 <context>
@@ -2062,7 +2048,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>&amp;Fair Values of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उचित मूल्य (&amp;F)</translation>
+        <translation>31 जनवरी 2018 के उचित मूल्य (&amp;F)</translation>
     </message>
     <message>
         <source>L&amp;osses Brought Forward</source>
@@ -3654,7 +3640,7 @@ BSE %2   NSE %3</source>
     </message>
     <message>
         <source>S/P</source>
-        <translation>S/P</translation>
+        <translation>बि/ख़</translation>
     </message>
     <message>
         <source>Scrip</source>
@@ -3723,6 +3709,14 @@ BSE %2   NSE %3</source>
     <message>
         <source>Refresh Successfully!</source>
         <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <translation>बि</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>ख़</translation>
     </message>
 </context>
 <context>
@@ -3851,7 +3845,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -4207,10 +4201,6 @@ Save this one, too?</source>
         <translation>बाद</translation>
     </message>
     <message>
-        <source>E&amp;xport and Remove Old Entries ...</source>
-        <translation>पुरानी प्रविष्टियाँ निर्यात कर हटाएँ (&amp;X) ...</translation>
-    </message>
-    <message>
         <source>Writes the entries before the first day to a file and removes them</source>
         <translation>पहले दिन से पहले की प्रविष्टियाँ फ़ाइल में लिखकर हटाता है</translation>
     </message>
@@ -4232,7 +4222,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Show</source>
@@ -4245,10 +4235,6 @@ Save this one, too?</source>
     <message>
         <source>The newest %1 changes; choose days, a user or a client for others.</source>
         <translation>सबसे नए %1 बदलाव; अन्य के लिए दिन, उपयोगकर्ता या ग्राहक चुनें।</translation>
-    </message>
-    <message>
-        <source>%1 changes</source>
-        <translation>%1 बदलाव</translation>
     </message>
     <message>
         <source>Enter Proper Date.</source>
@@ -4265,6 +4251,14 @@ Save this one, too?</source>
     <message>
         <source>%1 Entries were Removed.</source>
         <translation>%1 प्रविष्टियाँ हटाई गईं।</translation>
+    </message>
+    <message>
+        <source>E&amp;xport and Remove Old Entries...</source>
+        <translation>पुरानी प्रविष्टियाँ निर्यात कर हटाएँ (&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Changes: %1</source>
+        <translation>बदलाव: %1</translation>
     </message>
 </context>
 <context>
@@ -4670,6 +4664,10 @@ Save this one, too?</source>
         <source>Another record is under entry here. Save it or cancel it first.</source>
         <translation>यहाँ दूसरा रिकॉर्ड दर्ज किया जा रहा है। पहले उसे सहेजें या रद्द करें।</translation>
     </message>
+    <message>
+        <source>No record is here yet. Add (Ctrl+N) begins the first.</source>
+        <translation>अभी कोई रिकॉर्ड नहीं है। &quot;जोड़ें&quot; (Ctrl+N) पहला रिकॉर्ड शुरू करता है।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::corporate_actions::ActionFields</name>
@@ -4695,7 +4693,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>for Shares &amp;Held</source>
-        <translation>धारित शेयरों पर (&amp;H)</translation>
+        <translation>रखे हुए शेयरों पर (&amp;H)</translation>
     </message>
     <message>
         <source>&amp;To Script</source>
@@ -4759,10 +4757,6 @@ Save this one, too?</source>
     <message>
         <source>Makes the holdings as they were before the action</source>
         <translation>होल्डिंग को एक्शन से पहले जैसा करता है</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>Reads the corporate actions of an exchange&apos;s list</source>
@@ -4881,12 +4875,16 @@ Save this one, too?</source>
         <translation>लाभांश</translation>
     </message>
     <message>
-        <source>From State&amp;ment ...</source>
-        <translation>विवरण से (&amp;M) ...</translation>
-    </message>
-    <message>
         <source>Compares holdings with a depository&apos;s statement, which suggests actions that are missing</source>
         <translation>होल्डिंग का डिपॉज़िटरी के विवरण से मिलान करता है, जिससे छूटी हुई कार्रवाइयों का संकेत मिलता है</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
+    </message>
+    <message>
+        <source>From State&amp;ment...</source>
+        <translation>विवरण से (&amp;M)...</translation>
     </message>
 </context>
 <context>
@@ -4921,7 +4919,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>As Written</source>
@@ -4930,10 +4928,6 @@ Save this one, too?</source>
     <message>
         <source>Open Points</source>
         <translation>अधूरी बातें</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>&amp;Record Ticked</source>
@@ -4962,6 +4956,10 @@ Save this one, too?</source>
     <message>
         <source>%1 Actions are Recorded and Applied.</source>
         <translation>%1 एक्शन दर्ज और लागू हुए।</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -5245,15 +5243,11 @@ Save this one, too?</source>
     <name>quorvane::fair_values::FrmFairValue</name>
     <message>
         <source>Fair Values of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उचित मूल्य</translation>
-    </message>
-    <message>
-        <source>Take from &amp;File ...</source>
-        <translation>फ़ाइल से लें (&amp;F) ...</translation>
+        <translation>31 जनवरी 2018 के उचित मूल्य</translation>
     </message>
     <message>
         <source>Highest prices of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उच्चतम भाव</translation>
+        <translation>31 जनवरी 2018 के उच्चतम भाव</translation>
     </message>
     <message>
         <source>&amp;Update</source>
@@ -5265,7 +5259,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>A daily price file of 31-Jan-2018 of the Bombay or the National exchange: of each scrip the higher price counts</source>
-        <translation>बॉम्बे या नेशनल एक्सचेंज की 31-Jan-2018 की दैनिक भाव फ़ाइल: हर शेयर का ऊँचा भाव गिना जाता है</translation>
+        <translation>बॉम्बे या नेशनल एक्सचेंज की 31 जनवरी 2018 की दैनिक भाव फ़ाइल: हर शेयर का ऊँचा भाव गिना जाता है</translation>
     </message>
     <message>
         <source>Scrips acquired up to that day</source>
@@ -5343,6 +5337,10 @@ Save this one, too?</source>
         <source>The values are not saved. Close without saving them?</source>
         <translation>मूल्य सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>Take from &amp;File...</source>
+        <translation>फ़ाइल से लें (&amp;F)...</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::home::FrmFigures</name>
@@ -5352,7 +5350,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Holdings of Today</source>
-        <translation>आज की धारिता</translation>
+        <translation>आज की होल्डिंग</translation>
     </message>
     <message>
         <source>&amp;Open</source>
@@ -5436,7 +5434,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Value</source>
-        <translation>मान</translation>
+        <translation>मूल्य</translation>
     </message>
     <message>
         <source>Day&apos;s Change</source>
@@ -5448,7 +5446,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Holdings of %1</source>
-        <translation>%1 की धारिता</translation>
+        <translation>%1 की होल्डिंग</translation>
     </message>
     <message>
         <source>Nothing was gained by sales of that year.</source>
@@ -5456,7 +5454,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Nothing is held.</source>
-        <translation>कुछ धारित नहीं है।</translation>
+        <translation>कोई होल्डिंग नहीं है।</translation>
     </message>
     <message>
         <source>Long term %1, short term %2, speculation %3, together %4</source>
@@ -5487,7 +5485,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Value and Gains</source>
-        <translation>मान और लाभ</translation>
+        <translation>मूल्य और लाभ</translation>
     </message>
     <message>
         <source>Figure</source>
@@ -5503,7 +5501,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Largest Holdings</source>
-        <translation>सबसे बड़ी धारिताएँ</translation>
+        <translation>सबसे बड़ी होल्डिंग</translation>
     </message>
     <message>
         <source>Script Name</source>
@@ -5515,7 +5513,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Value</source>
-        <translation>मान</translation>
+        <translation>मूल्य</translation>
     </message>
     <message>
         <source>Day&apos;s Change</source>
@@ -5575,15 +5573,11 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Nothing that is held has a rate.</source>
-        <translation>जो धारित है उसका कोई भाव नहीं है।</translation>
-    </message>
-    <message>
-        <source>None is announced or outstanding.</source>
-        <translation>कोई घोषित या बकाया नहीं है।</translation>
+        <translation>किसी होल्डिंग का भाव नहीं है।</translation>
     </message>
     <message>
         <source>%1 scrips held have no rate of the last seven days.</source>
-        <translation>धारित %1 शेयरों का पिछले सात दिनों का भाव नहीं है।</translation>
+        <translation>होल्डिंग के %1 शेयरों का पिछले सात दिनों का भाव नहीं है।</translation>
     </message>
     <message>
         <source>There is no backup.</source>
@@ -5600,6 +5594,10 @@ Save this one, too?</source>
     <message>
         <source>Nothing is entered yet.</source>
         <translation>अभी कुछ दर्ज नहीं है।</translation>
+    </message>
+    <message>
+        <source>None to come.</source>
+        <translation>कोई नहीं।</translation>
     </message>
 </context>
 <context>
@@ -5623,10 +5621,6 @@ Save this one, too?</source>
     <message>
         <source>Scrips in the file</source>
         <translation>फ़ाइल के शेयर</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>A scrip list or a daily price file: .xls, .xlsx, .ods, .csv or .zip</source>
@@ -5692,6 +5686,10 @@ Save this one, too?</source>
         <source>The scrips are not saved. Close without saving them?</source>
         <translation>शेयर सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::imports::ImpScrRate</name>
@@ -5730,10 +5728,6 @@ Save this one, too?</source>
     <message>
         <source>&amp;Date</source>
         <translation>तारीख़ (&amp;D)</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>A daily price file of an exchange: .csv, .xls, .xlsx, .ods or .zip</source>
@@ -5822,6 +5816,10 @@ Save this one, too?</source>
     <message>
         <source>The rates are not saved. Close without saving them?</source>
         <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -6257,7 +6255,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>Remark</source>
@@ -6281,7 +6279,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>S/P</source>
-        <translation>S/P</translation>
+        <translation>बि/ख़</translation>
     </message>
     <message>
         <source>Quantity</source>
@@ -6356,16 +6354,8 @@ Save this one, too?</source>
         <translation>अब से शेयर इस ISIN से जाना जाएगा</translation>
     </message>
     <message>
-        <source>&amp;New Script ...</source>
-        <translation>नया शेयर (&amp;N) ...</translation>
-    </message>
-    <message>
         <source>Opens the scripts, to enter the one with this ISIN</source>
         <translation>इस ISIN वाला शेयर दर्ज करने के लिए शेयरों की विंडो खोलता है</translation>
-    </message>
-    <message>
-        <source>Add a &amp;File ...</source>
-        <translation>फ़ाइल जोड़ें (&amp;F) ...</translation>
     </message>
     <message>
         <source>&amp;Take Ticked In</source>
@@ -6430,6 +6420,14 @@ Save this one, too?</source>
     <message>
         <source>%1 Bills are Recorded.</source>
         <translation>%1 बिल दर्ज किए गए।</translation>
+    </message>
+    <message>
+        <source>&amp;New Script...</source>
+        <translation>नया शेयर (&amp;N)...</translation>
+    </message>
+    <message>
+        <source>Add a &amp;File...</source>
+        <translation>फ़ाइल जोड़ें (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -6622,7 +6620,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -6719,16 +6717,20 @@ Save this one, too?</source>
         <source>%1 trades in the first %2 rows.</source>
         <translation>पहली %2 पंक्तियों में %1 सौदे।</translation>
     </message>
+    <message>
+        <source>Purchase</source>
+        <translation>ख़रीद</translation>
+    </message>
+    <message>
+        <source>Sale</source>
+        <translation>बिक्री</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::portfolio::ImpTrades</name>
     <message>
         <source>Trade Books of Brokers</source>
         <translation>ब्रोकरों की ट्रेड बुक</translation>
-    </message>
-    <message>
-        <source>&amp;Files ...</source>
-        <translation>फ़ाइलें (&amp;F) ...</translation>
     </message>
     <message>
         <source>Trade books: .csv, .xlsx, .xls or .ods; several files at once</source>
@@ -6826,6 +6828,10 @@ No records only that of the current line.</source>
         <source>%1 Scripts are New.</source>
         <translation>%1 शेयर नए हैं।</translation>
     </message>
+    <message>
+        <source>&amp;Files...</source>
+        <translation>फ़ाइलें (&amp;F)...</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::portfolio::LinesPane</name>
@@ -6847,7 +6853,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>Date</source>
@@ -6863,7 +6869,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>P/S</source>
-        <translation>ख/बि</translation>
+        <translation>ख़/बि</translation>
     </message>
     <message>
         <source>Quantity</source>
@@ -6879,7 +6885,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>S.Tax</source>
-        <translation>सेवा कर सहित</translation>
+        <translation>सेवा कर</translation>
     </message>
     <message>
         <source>S.T.T.</source>
@@ -6928,6 +6934,22 @@ No records only that of the current line.</source>
     <message>
         <source>Quantity and rate are above 0.</source>
         <translation>मात्रा और भाव 0 से अधिक हों।</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>ख़</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <translation>बि</translation>
     </message>
 </context>
 <context>
@@ -7097,7 +7119,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>From 2018-19 the return needs the Tax Year report: fair values of 31-Jan-2018, sections and set-off.</source>
-        <translation>2018-19 से आयकर विवरणी के लिए कर वर्ष रिपोर्ट चाहिए: 31-Jan-2018 के उचित मूल्य, धाराएँ और समायोजन।</translation>
+        <translation>2018-19 से आयकर विवरणी के लिए कर वर्ष रिपोर्ट चाहिए: 31 जनवरी 2018 के उचित मूल्य, धाराएँ और समायोजन।</translation>
     </message>
     <message>
         <source>Tax Year</source>
@@ -7282,10 +7304,6 @@ No records only that of the current line.</source>
         <translation>अब से शेयर इस ISIN से जाना जाएगा</translation>
     </message>
     <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
-    </message>
-    <message>
         <source>Reads a statement</source>
         <translation>विवरण पढ़ता है</translation>
     </message>
@@ -7316,6 +7334,10 @@ No records only that of the current line.</source>
     <message>
         <source>Pages of the comparison</source>
         <translation>तुलना के पृष्ठ</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -7701,7 +7723,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -8179,7 +8201,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -8191,15 +8213,11 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>The upload file of schedule 112A of the return, of the client</source>
-        <translation>क्लाइंट की रिटर्न की अनुसूची 112A की अपलोड फ़ाइल</translation>
+        <translation>ग्राहक की रिटर्न की अनुसूची 112A की अपलोड फ़ाइल</translation>
     </message>
     <message>
         <source>Check List</source>
         <translation>जाँच सूची</translation>
-    </message>
-    <message>
-        <source>What stands before filing</source>
-        <translation>रिटर्न भरने से पहले क्या बाकी है</translation>
     </message>
     <message>
         <source>Client</source>
@@ -8234,14 +8252,6 @@ Lots changed: %1</source>
         <translation>जाँच सूची (%1)</translation>
     </message>
     <message>
-        <source>Press Report: what stands before filing is then listed here.</source>
-        <translation>रिपोर्ट दबाएँ: तब यहाँ दिखेगा कि रिटर्न भरने से पहले क्या बाकी है।</translation>
-    </message>
-    <message>
-        <source>Nothing stands before filing.</source>
-        <translation>रिटर्न भरने से पहले कुछ बाकी नहीं है।</translation>
-    </message>
-    <message>
         <source>The losses that %1 leaves are not brought forward into %2. Bring them forward now?</source>
         <translation>%1 से बची हानियाँ %2 में आगे नहीं लाई गई हैं। अभी आगे लाएँ?</translation>
     </message>
@@ -8252,6 +8262,18 @@ Lots changed: %1</source>
     <message>
         <source>Saved as %1.</source>
         <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+    <message>
+        <source>What is open before filing</source>
+        <translation>रिटर्न भरने से पहले क्या बाकी है</translation>
+    </message>
+    <message>
+        <source>Press Report: what is open before filing is then listed here.</source>
+        <translation>&quot;रिपोर्ट&quot; दबाएँ: तब यहाँ दिखेगा कि रिटर्न भरने से पहले क्या बाकी है।</translation>
+    </message>
+    <message>
+        <source>Nothing is open before filing.</source>
+        <translation>रिटर्न भरने से पहले कुछ बाकी नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -8469,6 +8491,16 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Check For Updates</source>
         <translation>अद्यतन जाँचें</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The code of the language, in which the names of days and months are written.</extracomment>
+        <translation>hi</translation>
+    </message>
+    <message>
+        <source>dddd, MMMM d, yyyy</source>
+        <extracomment>The date as the language orders it; the letters stay as they are.</extracomment>
+        <translation>dddd, d MMMM yyyy</translation>
     </message>
 </context>
 <context>

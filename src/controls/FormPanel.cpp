@@ -4,9 +4,11 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollArea>
+#include <QVBoxLayout>
 
 namespace quorvane::controls {
 namespace {
@@ -46,6 +48,23 @@ QScrollArea* Scrolling(QWidget* panel) {
   area->setFrameShape(QFrame::NoFrame);
   area->setFocusPolicy(Qt::NoFocus);
   return area;
+}
+
+void HintWhenEmpty(Grid& list, const QString& text) {
+  auto* hint = new QLabel(text);
+  hint->setAlignment(Qt::AlignCenter);
+  hint->setWordWrap(true);
+  hint->setEnabled(false);
+  hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+  auto* box = new QVBoxLayout(list.viewport());
+  box->setSizeConstraint(QLayout::SetNoConstraint);
+  box->addWidget(hint);
+  const auto show = [&list, hint] { hint->setVisible(list.Model().CountOfAll() == 0); };
+  using Model = QAbstractItemModel;
+  QObject::connect(&list.Model(), &Model::modelReset, hint, show);
+  QObject::connect(&list.Model(), &Model::rowsInserted, hint, show);
+  QObject::connect(&list.Model(), &Model::rowsRemoved, hint, show);
+  show();
 }
 
 void FocusFirstField(QWidget& panel) {

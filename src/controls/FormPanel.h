@@ -7,6 +7,8 @@ class QWidget;
 
 namespace quorvane::controls {
 
+class Grid;
+
 /// What is entered in the controls of a panel at a moment, to see later whether it was changed:
 /// texts, choices, ticks and the cells of lists.
 class FormContents {
@@ -22,6 +24,9 @@ class FormContents {
 
 /// The panel of a form in an area that scrolls where the window is too small for it.
 QScrollArea* Scrolling(QWidget* panel);
+
+/// Shows a text in the middle of a list while it has no rows at all.
+void HintWhenEmpty(Grid& list, const QString& text);
 
 /// Gives the focus to the first control of a panel that Tab reaches and that is enabled and not
 /// hidden; leaves it where it is when there is none.

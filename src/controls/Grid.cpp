@@ -24,6 +24,16 @@ constexpr int kWidest = 420;
 constexpr int kWidestByHand = 2000;
 constexpr int kRowPadding = 8;
 
+/// Of an empty list no text is wider than another.
+void WidenTexts(QTableView& list, const std::vector<Column>& columns, int by) {
+  for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
+    if (columns[static_cast<std::size_t>(column)].mask == Mask::kText &&
+        !list.isColumnHidden(column)) {
+      list.setColumnWidth(column, list.columnWidth(column) + std::max(by, 0));
+    }
+  }
+}
+
 }  // namespace
 
 Grid::Grid(const QString& name, const QString& purpose, QWidget* parent)
@@ -98,10 +108,10 @@ void Grid::SetWidths(const QList<int>& widths) {
 
 void Grid::SetColumns(std::vector<Column> columns) {
   model_->SetColumns(std::move(columns));
-  fitted_by_hand_ = false;
   for (int column = 0; column < model_->columnCount(); ++column) {
     setColumnHidden(column, model_->Columns()[static_cast<std::size_t>(column)].hidden);
   }
+  fitted_by_hand_ = false;  // hiding and showing a column is no wish for a width
   horizontalHeader()->setSortIndicatorShown(false);
   sorted_column_ = -1;
   header_->SetArrangeable(sortable_ && std::ranges::none_of(model_->Columns(), &Column::editable));
@@ -407,6 +417,7 @@ void Grid::FitColumns() {
   const QScopedValueRollback<bool> fitting(fitting_, true);
   int taken = 0;
   int widest = -1;
+  int texts = 0;
   for (int column = 0; column < model_->columnCount(); ++column) {
     if (isColumnHidden(column)) {
       continue;
@@ -414,9 +425,13 @@ void Grid::FitColumns() {
     setColumnWidth(column, WidthOf(column));
     taken += columnWidth(column);
     const Mask mask = model_->Columns()[static_cast<std::size_t>(column)].mask;
+    texts += mask == Mask::kText ? 1 : 0;
     if (mask == Mask::kText && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
       widest = column;
     }
+  }
+  if (model_->RowCount() == 0 && texts > 1) {
+    return WidenTexts(*this, model_->Columns(), (viewport()->width() - taken) / texts);
   }
   // What is left over is the widest text's; where a little is missing it gives that, so that every
   // figure is in sight.

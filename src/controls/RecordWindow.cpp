@@ -16,9 +16,7 @@
 
 namespace quorvane::controls {
 namespace {
-
 enum Panel { kDetails, kList };
-
 }  // namespace
 
 RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title, QSize designed,
@@ -35,6 +33,7 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
       buttons_(new QHBoxLayout()),
       watch_(new EditWatch()) {
   list_->SetFilterable(true);
+  HintWhenEmpty(*list_, tr("No record is here yet. Add (Ctrl+N) begins the first."));
   auto* rows = new QVBoxLayout(this);
   if (panels == Panels::kTabs) {
     BuildTabs(*rows);

@@ -88,9 +88,9 @@ void FrmCorpAction::BuildButtons() {
       tr("Changes the holdings of every account shown"), &FrmCorpAction::CmdApply_Click);
   add(CmdTakeBack, QStringLiteral("CmdTakeBack"), tr("Ta&ke Back"),
       tr("Makes the holdings as they were before the action"), &FrmCorpAction::CmdTakeBack_Click);
-  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File ..."),
+  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File..."),
       tr("Reads the corporate actions of an exchange's list"), &FrmCorpAction::CmdFile_Click);
-  add(CmdStatement, QStringLiteral("CmdStatement"), tr("From State&ment ..."),
+  add(CmdStatement, QStringLiteral("CmdStatement"), tr("From State&ment..."),
       tr("Compares holdings with a depository's statement, which suggests actions that are "
          "missing"),
       &FrmCorpAction::CmdStatement_Click);

@@ -69,7 +69,7 @@ void ImpCorpAction::Build() {
     buttons->addWidget(button);
     OnClick(button, handler);
   };
-  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File ..."), &ImpCorpAction::CmdFile_Click);
+  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File..."), &ImpCorpAction::CmdFile_Click);
   add(CmdRecord, QStringLiteral("CmdRecord"), tr("&Record Ticked"),
       &ImpCorpAction::CmdRecord_Click);
   add(CmdApply, QStringLiteral("CmdApply"), tr("Record and &Apply Ticked"),

@@ -644,6 +644,38 @@ Maximum Allowed Value is: %1</source>
         <source>Broker balances</source>
         <translation>ब्रोकर शेष</translation>
     </message>
+    <message>
+        <source>Dr</source>
+        <translation>नामे</translation>
+    </message>
+    <message>
+        <source>Cr</source>
+        <translation>जमा</translation>
+    </message>
+    <message>
+        <source>Cash</source>
+        <translation>नक़द</translation>
+    </message>
+    <message>
+        <source>Cheque</source>
+        <translation>चेक</translation>
+    </message>
+    <message>
+        <source>Payment</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Cr. By Broker</source>
+        <translation>ब्रोकर द्वारा जमा</translation>
+    </message>
+    <message>
+        <source>Receving</source>
+        <translation>प्राप्ति</translation>
+    </message>
+    <message>
+        <source>Dr. By Broker</source>
+        <translation>ब्रोकर द्वारा नामे</translation>
+    </message>
 </context>
 <context>
     <name>Calculator</name>
@@ -1153,6 +1185,114 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>It can&apos;t be Taken Back: Trades of it were Taken In Again.</source>
         <translation>इसे वापस नहीं लिया जा सकता: इसके सौदे फिर से ले लिए गए हैं।</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>पता</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>शहर</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>PIN</source>
+        <translation>पिन</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Mobile</source>
+        <translation>मोबाइल</translation>
+    </message>
+    <message>
+        <source>Fax</source>
+        <translation>फ़ैक्स</translation>
+    </message>
+    <message>
+        <source>E-Mail</source>
+        <translation>ई-मेल</translation>
+    </message>
+    <message>
+        <source>PAN</source>
+        <translation>पैन</translation>
+    </message>
+    <message>
+        <source>Sex</source>
+        <translation>लिंग</translation>
+    </message>
+    <message>
+        <source>Contact Person</source>
+        <translation>संपर्क व्यक्ति</translation>
+    </message>
+    <message>
+        <source>Designation</source>
+        <translation>पदनाम</translation>
+    </message>
+    <message>
+        <source>Depository</source>
+        <translation>डिपॉज़िटरी</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Rights</source>
+        <translation>अधिकार</translation>
+    </message>
+    <message>
+        <source>Percent</source>
+        <translation>प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>मूल्य</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>योग</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Tax Deducted</source>
+        <translation>काटा गया कर</translation>
+    </message>
+    <message>
+        <source>Sale/Purchase</source>
+        <translation>बिक्री/ख़रीद</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>को</translation>
+    </message>
+    <message>
+        <source>Acquired</source>
+        <translation>लिए जाने का दिन</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
     </message>
 </context>
 <context>
@@ -6540,6 +6680,14 @@ Save this one, too?</source>
         <source>There is no Scrip of the Code %1.</source>
         <translation>कोड %1 का कोई शेयर नहीं है।</translation>
     </message>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::participants::FrmDepPart</name>
@@ -8333,6 +8481,14 @@ Lots changed: %1</source>
     <message>
         <source>To Client</source>
         <translation>ग्राहक को</translation>
+    </message>
+    <message>
+        <source>Own Account</source>
+        <translation>अपना खाता</translation>
+    </message>
+    <message>
+        <source>Another Client</source>
+        <translation>दूसरा ग्राहक</translation>
     </message>
 </context>
 <context>

@@ -52,11 +52,13 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
   Text2->SetToday(desk.today);
   CboExchange->setObjectName(QStringLiteral("CboExchange"));
   CboExchange->setAccessibleName(tr("Exchange"));
+  CboExchange->setToolTip(tr("Exchange"));
   CboExchange->SetTexts({QStringLiteral("BSE"), QStringLiteral("NSE")});
   CboExchange->setCurrentIndex(0);
   CmdFetch->setToolTip(tr("The closing prices of the chosen scripts, from the exchange"));
   cmdCancel->SetCancels(true);
   VSf1->SetColumns({{.heading = tr("Date"), .mask = controls::Mask::kDate}});
+  VSf1->setMinimumWidth(kDateWidth);
   VSf1->setMaximumWidth(kDatesWidth);
   VSf1->horizontalHeader()->setStretchLastSection(true);
   Arrange();
@@ -66,6 +68,8 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
 
 void RatesPane::Arrange() {
   auto* dates = new QVBoxLayout(FrmDtList);
+  dates->setContentsMargins(controls::kTightSpacing, controls::kTightSpacing,
+                            controls::kTightSpacing, controls::kTightSpacing);
   dates->addWidget(VSf1);
   auto* rates = new QVBoxLayout(FrmRates);
   auto* head = new QHBoxLayout;
@@ -74,9 +78,6 @@ void RatesPane::Arrange() {
   head->addWidget(label);
   head->addWidget(Text2);
   head->addStretch(1);
-  auto* exchange = new QLabel(tr("Exchange"));
-  exchange->setBuddy(CboExchange);
-  head->addWidget(exchange);
   head->addWidget(CboExchange);
   head->addWidget(CmdFetch);
   head->addWidget(CmdImportRate);

@@ -1,14 +1,22 @@
 // Opens every window of the program over a portfolio and saves a picture of each, for a look at
 // them and for the user guide: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER
-// IN_FOLDER. IN_FOLDER has the files that are opened, in a folder for each window.
+// [IN_FOLDER]. IN_FOLDER has the files that are opened, in a folder for each window. Without it the
+// windows are shown as they open, for a portfolio without records; the client may be missing then.
 
+#include "admin/users/UserBook.h"
+#include "admin/users/window/frmLoginSetUp.h"
 #include "controls/ChildWindow.h"
 #include "controls/DateBox.h"
 #include "controls/Grid.h"
+#include "controls/Messages.h"
+#include "controls/RecordWindow.h"
 #include "controls/Style.h"
 #include "core/app/AppInfo.h"
 #include "core/app/Ini.h"
 #include "core/lookups/Directory.h"
+#include "core/records/Masters.h"
+#include "core/records/Query.h"
+#include "core/records/Writing.h"
 #include "reporting/output/window/RepView.h"
 #include "support/RecordingMessages.h"
 #include "ui/Features.h"
@@ -24,6 +32,7 @@
 #include <QScreen>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 
 #include <iostream>
 #include <map>
@@ -33,6 +42,7 @@ namespace {
 
 using namespace quorvane;
 
+constexpr int kInFolder = 5;  // its place among the arguments
 constexpr int kSettleMs = 250;
 constexpr int kReadingMs = 2000;  // of a document, of the figures at first
 
@@ -60,6 +70,7 @@ const QStringList kLeftUnsaved{QStringLiteral("FrmSalePurchase"),
                                QStringLiteral("ImpScrRate"), QStringLiteral("FrmFairValue")};
 const QString kBill = QStringLiteral("KV/1112/0015");
 const QString kSearched = QStringLiteral("100");
+const QString kNowhere = QStringLiteral("NO SUCH RECORD");
 const QString kCalculation = QStringLiteral("1250*48=");
 
 template <class Widget>
@@ -129,12 +140,12 @@ void Fill(controls::ChildWindow& window) {
   }
 }
 
-void Save(ui::MDIForm1& main, const QString& name, const QDir& out) {
+void Save(QWidget& shown, const QString& name, const QDir& out) {
   QTest::qWait(kSettleMs);
   const QSize size = QGuiApplication::primaryScreen()->size();
   const QString file =
       QStringLiteral("%1-%2x%3.png").arg(name).arg(size.width()).arg(size.height());
-  if (!main.grab().save(out.filePath(file))) {
+  if (!shown.grab().save(out.filePath(file))) {
     throw std::runtime_error("cannot write " + out.filePath(file).toStdString());
   }
 }
@@ -170,6 +181,10 @@ void Render(ui::MDIForm1& main, reporting::ReportDesk& desk, test::RecordingMess
     RenderPanes(main, *window, out);
   } else if (name == QLatin1String("RptProfitStatement")) {
     RenderPreview(main, *window, out);
+  } else if (name == QLatin1String("FrmSearch")) {
+    Named<QLineEdit>(*window, QStringLiteral("TxtSearch")).setText(kNowhere);
+    QTest::qWait(kSettleMs);
+    Save(main, name + QStringLiteral("-none"), out);
   }
   if (kLeftUnsaved.contains(name)) {
     messages.WillAnswer(true);
@@ -186,7 +201,102 @@ void RenderTabs(ui::MDIForm1& main, const QDir& out) {
     main.Open(QLatin1String(window));
   }
   Save(main, QStringLiteral("Tabs"), out);
+  Named<QAction>(main, QStringLiteral("mnuCloseAll")).trigger();
   Named<QAction>(main, QStringLiteral("mnuTabs")).trigger();
+}
+
+/// The box with what a window refused.
+void RenderBox(const QString& text, const QString& name, const QDir& out) {
+  QTimer::singleShot(kSettleMs, [&] {
+    QWidget* box = QApplication::activeModalWidget();
+    Save(*box, name, out);
+    box->close();
+  });
+  controls::MessageBoxes().Refuse(text);
+}
+
+/// A record that somebody else saved while it was open here: the line that tells, and the refusal
+/// with both versions.
+void RenderRefused(ui::MDIForm1& main, reporting::ReportDesk& desk,
+                   test::RecordingMessages& messages, const QDir& out) {
+  main.Open(QStringLiteral("FrmDepPart"));
+  auto& window = Named<controls::RecordWindow>(main, QStringLiteral("FrmDepPart"));
+  window.List().SelectRow(0);
+  Named<QAbstractButton>(window, QStringLiteral("cmdModify")).click();
+  Named<QLineEdit>(window, QStringLiteral("Text1_0")).setText(QStringLiteral("SANCHAYIKA DP LTD"));
+  database::Connection& connection = *desk.session.connection;
+  records::Participant theirs =
+      records::Select<records::Participant>(connection)
+          .Where(&records::Participant::id, ParticipantId{window.CurrentId()})
+          .All()
+          .front();
+  theirs.name = QStringLiteral("SANCHAYIKA DEPOSITORY LTD");
+  const changes::Author author = connection.Author();
+  connection.SetAuthor({QStringLiteral("ANITA"), QStringLiteral("desk-2")});
+  database::InTransaction(connection, [&](database::Transaction& transaction) {
+    records::Replace(transaction, theirs);
+  });
+  connection.SetAuthor(author);
+  QTest::qWait(kReadingMs);
+  Save(main, QStringLiteral("Changed"), out);
+  Named<QAbstractButton>(window, QStringLiteral("cmdUpdate")).click();
+  RenderBox(messages.LastText(), QStringLiteral("Changed-refused"), out);
+  messages.WillAnswer(true);
+  window.close();
+}
+
+/// The users with their rights.
+void RenderUsers(reporting::ReportDesk& desk, const QDir& out) {
+  users::UserBook book(*desk.session.connection);
+  for (const auto& [name, rights] :
+       {std::pair{"ANITA", changes::kAllRights}, std::pair{"RAVI", 0}}) {
+    static_cast<void>(
+        book.Save({.name = QLatin1String(name), .password = kBill, .rights = rights}));
+  }
+  auto* window = new users::frmLoginSetUp(desk);
+  window->OpenModal(nullptr);
+  ChooseRows(*window);
+  Save(*window, window->objectName(), out);
+  window->close();
+}
+
+/// False when there is no such client.
+bool ChooseClient(app::Session& session, const QStringList& arguments) {
+  const lookups::Directory directory(*session.connection);
+  const lookups::ClientEntry* client = directory.FindClient(arguments[2].toStdString());
+  const auto year = text::FinancialYear::Parse(arguments[3]);
+  if (client == nullptr || !year) {
+    return false;
+  }
+  session.current = ClientYear{client->id, *year};
+  session.current_client_name = QString::fromStdString(client->name);
+  return true;
+}
+
+/// Every window as it opens.
+void RenderEmpty(ui::MDIForm1& main, reporting::ReportDesk& desk, const QDir& out) {
+  for (const ui::Feature& feature : ui::Features()) {
+    if (feature.make == nullptr) {
+      continue;
+    }
+    desk.session.target = QLatin1String(feature.name);
+    main.Open(QLatin1String(feature.name));
+    Save(main, QLatin1String(feature.name) + QStringLiteral("-empty"), out);
+    Named<QAction>(main, QStringLiteral("mnuCloseAll")).trigger();
+  }
+}
+
+/// Every window at work.
+void RenderFilled(ui::MDIForm1& main, reporting::ReportDesk& desk,
+                  test::RecordingMessages& messages, const QDir& out) {
+  for (const ui::Feature& feature : ui::Features()) {
+    if (feature.make != nullptr) {
+      Render(main, desk, messages, QLatin1String(feature.name), out);
+    }
+  }
+  RenderTabs(main, out);
+  RenderRefused(main, desk, messages, out);
+  RenderUsers(desk, out);
 }
 
 void RenderAll(const QStringList& arguments) {
@@ -197,18 +307,15 @@ void RenderAll(const QStringList& arguments) {
   const QSize screen = QGuiApplication::primaryScreen()->size();
   options.screen = app::ScreenSize{screen.width(), screen.height()};
   const auto session = app::StartUp(options);
-  const lookups::Directory directory(*session->connection);
-  const lookups::ClientEntry* client = directory.FindClient(arguments[2].toStdString());
-  const auto year = text::FinancialYear::Parse(arguments[3]);
-  if (client == nullptr || !year) {
+  const bool has_client = ChooseClient(*session, arguments);
+  const bool is_filled = arguments.size() > kInFolder;
+  if (is_filled && !has_client) {
     throw std::runtime_error("no such client or year");
   }
-  session->current = ClientYear{client->id, *year};
-  session->current_client_name = QString::fromStdString(client->name);
   test::RecordingMessages messages;
   reporting::ReportDesk desk{{*session, messages}};
   desk.ask_open_path = [&](QWidget* over, const QString&, const QString&) {
-    const QDir in(QDir(arguments[5]).filePath(over->objectName()));
+    const QDir in(QDir(arguments.value(kInFolder)).filePath(over->objectName()));
     return in.filePath(in.entryList(QDir::Files).value(0));
   };
   desk.ask_open_paths = [&](QWidget* over, const QString& filters) {
@@ -227,13 +334,12 @@ void RenderAll(const QStringList& arguments) {
   const QDir out(arguments[4]);
   out.mkpath(QStringLiteral("."));
   QTest::qWait(kReadingMs);  // the figures
-  Save(main, main.objectName(), out);
-  for (const ui::Feature& feature : ui::Features()) {
-    if (feature.make != nullptr) {
-      Render(main, desk, messages, QLatin1String(feature.name), out);
-    }
+  Save(main, main.objectName() + (is_filled ? "" : has_client ? "-empty" : "-start"), out);
+  if (is_filled) {
+    RenderFilled(main, desk, messages, out);
+  } else if (has_client) {
+    RenderEmpty(main, desk, out);
   }
-  RenderTabs(main, out);
   for (const QString& text : messages.Texts()) {
     std::cerr << text.toStdString() << '\n';
   }
@@ -244,8 +350,9 @@ void RenderAll(const QStringList& arguments) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setWindowIcon(controls::AppIcon());
-  if (argc != 6) {
-    std::cerr << "usage: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER IN_FOLDER\n";
+  if (argc != kInFolder && argc != kInFolder + 1) {
+    std::cerr
+        << "usage: render_windows APPLICATION_FOLDER CLIENT_CODE YEAR OUT_FOLDER [IN_FOLDER]\n";
     return 2;
   }
   try {

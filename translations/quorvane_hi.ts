@@ -65,7 +65,7 @@
     </message>
     <message>
         <source>ex-date</source>
-        <translation>एक्स-तारीख</translation>
+        <translation>एक्स-तारीख़</translation>
     </message>
     <message>
         <source>ratio</source>
@@ -104,7 +104,7 @@
     </message>
     <message>
         <source>%1 of %2, %3 Shares</source>
-        <translation>%1, तारीख %2, %3 शेयर</translation>
+        <translation>%1, तारीख़ %2, %3 शेयर</translation>
     </message>
     <message>
         <source>and %1 more</source>
@@ -132,11 +132,11 @@
     </message>
     <message>
         <source>Select the Script that the Shares Go to.</source>
-        <translation>वह स्क्रिप्ट चुनें जिसमें शेयर जाते हैं।</translation>
+        <translation>जिस कंपनी में शेयर जाते हैं वह चुनें।</translation>
     </message>
     <message>
         <source>The Two Scripts must Differ.</source>
-        <translation>दोनों स्क्रिप्ट अलग होनी चाहिए।</translation>
+        <translation>दोनों शेयर अलग होने चाहिए।</translation>
     </message>
     <message>
         <source>Enter a Price Above Zero.</source>
@@ -148,7 +148,7 @@
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Split</source>
@@ -216,7 +216,11 @@
     </message>
     <message>
         <source>%1 of %2, Ex-Date %3: the books were changed since it was applied. Take it back and apply it again.</source>
-        <translation>%2 का %1, एक्स-तारीख %3: लागू करने के बाद बहियाँ बदली गईं। इसे वापस लें और फिर लागू करें।</translation>
+        <translation>%2 का %1, एक्स-तारीख़ %3: लागू करने के बाद बहियाँ बदली गईं। इसे वापस लें और फिर लागू करें।</translation>
+    </message>
+    <message>
+        <source>Rs %1</source>
+        <translation>रु. %1</translation>
     </message>
 </context>
 <context>
@@ -500,6 +504,14 @@ Maximum Allowed Value is: %1</source>
         <source>Net as on the note</source>
         <translation>नोट के अनुसार शुद्ध राशि</translation>
     </message>
+    <message>
+        <source>Delivery Based</source>
+        <translation>डिलीवरी आधारित</translation>
+    </message>
+    <message>
+        <source>Non Delivery Based</source>
+        <translation>बिना डिलीवरी</translation>
+    </message>
 </context>
 <context>
     <name>Booklet</name>
@@ -631,6 +643,38 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>Broker balances</source>
         <translation>ब्रोकर शेष</translation>
+    </message>
+    <message>
+        <source>Dr</source>
+        <translation>नामे</translation>
+    </message>
+    <message>
+        <source>Cr</source>
+        <translation>जमा</translation>
+    </message>
+    <message>
+        <source>Cash</source>
+        <translation>नक़द</translation>
+    </message>
+    <message>
+        <source>Cheque</source>
+        <translation>चेक</translation>
+    </message>
+    <message>
+        <source>Payment</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Cr. By Broker</source>
+        <translation>ब्रोकर द्वारा जमा</translation>
+    </message>
+    <message>
+        <source>Receving</source>
+        <translation>प्राप्ति</translation>
+    </message>
+    <message>
+        <source>Dr. By Broker</source>
+        <translation>ब्रोकर द्वारा नामे</translation>
     </message>
 </context>
 <context>
@@ -908,7 +952,7 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Fair Value of 31-Jan-2018</source>
-        <translation>31-Jan-2018 का उचित मूल्य</translation>
+        <translation>31 जनवरी 2018 का उचित मूल्य</translation>
     </message>
     <message>
         <source>Loss Brought Forward</source>
@@ -1080,11 +1124,11 @@ Maximum Allowed Value is: %1</source>
     </message>
     <message>
         <source>Record Date</source>
-        <translation>रिकॉर्ड तारीख</translation>
+        <translation>रिकॉर्ड तारीख़</translation>
     </message>
     <message>
         <source>Allotment Date</source>
-        <translation>आबंटन तारीख</translation>
+        <translation>आबंटन तारीख़</translation>
     </message>
     <message>
         <source>New Shares</source>
@@ -1141,6 +1185,114 @@ Maximum Allowed Value is: %1</source>
     <message>
         <source>It can&apos;t be Taken Back: Trades of it were Taken In Again.</source>
         <translation>इसे वापस नहीं लिया जा सकता: इसके सौदे फिर से ले लिए गए हैं।</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>पता</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>शहर</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>PIN</source>
+        <translation>पिन</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Mobile</source>
+        <translation>मोबाइल</translation>
+    </message>
+    <message>
+        <source>Fax</source>
+        <translation>फ़ैक्स</translation>
+    </message>
+    <message>
+        <source>E-Mail</source>
+        <translation>ई-मेल</translation>
+    </message>
+    <message>
+        <source>PAN</source>
+        <translation>पैन</translation>
+    </message>
+    <message>
+        <source>Sex</source>
+        <translation>लिंग</translation>
+    </message>
+    <message>
+        <source>Contact Person</source>
+        <translation>संपर्क व्यक्ति</translation>
+    </message>
+    <message>
+        <source>Designation</source>
+        <translation>पदनाम</translation>
+    </message>
+    <message>
+        <source>Depository</source>
+        <translation>डिपॉज़िटरी</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Rights</source>
+        <translation>अधिकार</translation>
+    </message>
+    <message>
+        <source>Percent</source>
+        <translation>प्रतिशत</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>भाव</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>मूल्य</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>योग</translation>
+    </message>
+    <message>
+        <source>S.T.T.</source>
+        <translation>एस.टी.टी.</translation>
+    </message>
+    <message>
+        <source>Tax Deducted</source>
+        <translation>काटा गया कर</translation>
+    </message>
+    <message>
+        <source>Sale/Purchase</source>
+        <translation>बिक्री/ख़रीद</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>को</translation>
+    </message>
+    <message>
+        <source>Acquired</source>
+        <translation>लिए जाने का दिन</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <translation>टिप्पणी</translation>
     </message>
     <message>
         <source>Comparison with a Statement</source>
@@ -1316,17 +1468,6 @@ Save again to Enter it as a new one, or cancel.</source>
     </message>
 </context>
 <context>
-    <name>ColumnPane</name>
-    <message>
-        <source>Purchase</source>
-        <translation>ख़रीद</translation>
-    </message>
-    <message>
-        <source>Sale</source>
-        <translation>बिक्री</translation>
-    </message>
-</context>
-<context>
     <name>Database</name>
     <message>
         <source>The server tells table names apart by upper and lower case. Set lower_case_table_names=1 in its settings file (section [mysqld]), start it again and make the database after that.</source>
@@ -1368,7 +1509,7 @@ Save again to Enter it as a new one, or cancel.</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Enter Proper Date.</source>
@@ -1376,7 +1517,7 @@ Save again to Enter it as a new one, or cancel.</source>
     </message>
     <message>
         <source>Enter a Date within the Financial Year.</source>
-        <translation>वित्तीय वर्ष के भीतर की तारीख दर्ज करें।</translation>
+        <translation>वित्तीय वर्ष के भीतर की तारीख़ दर्ज करें।</translation>
     </message>
     <message>
         <source>Enter Quantity.</source>
@@ -1542,7 +1683,7 @@ Save again to Enter it as a new one, or cancel.</source>
     </message>
     <message>
         <source>Value</source>
-        <translation>मान</translation>
+        <translation>मूल्य</translation>
     </message>
     <message>
         <source>Day&apos;s change</source>
@@ -1554,11 +1695,11 @@ Save again to Enter it as a new one, or cancel.</source>
     </message>
     <message>
         <source>all that is held</source>
-        <translation>जो भी धारित है</translation>
+        <translation>सारी होल्डिंग</translation>
     </message>
     <message>
         <source>Value less cost</source>
-        <translation>मान घटा लागत</translation>
+        <translation>मूल्य घटा लागत</translation>
     </message>
     <message>
         <source>what has a rate</source>
@@ -1666,17 +1807,6 @@ Save again to Enter it as a new one, or cancel.</source>
     <message>
         <source>Scrips</source>
         <translation>शेयर</translation>
-    </message>
-</context>
-<context>
-    <name>LinesPane</name>
-    <message>
-        <source>No</source>
-        <translation>नहीं</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>हाँ</translation>
     </message>
 </context>
 <context>
@@ -2076,7 +2206,7 @@ Save again to Enter it as a new one, or cancel.</source>
     </message>
     <message>
         <source>Script &amp;Page</source>
-        <translation>स्क्रिप्ट पृष्ठ (&amp;P)</translation>
+        <translation>शेयर का पृष्ठ (&amp;P)</translation>
     </message>
     <message>
         <source>&amp;Corporate Actions</source>
@@ -2112,7 +2242,7 @@ Save again to Enter it as a new one, or cancel.</source>
     </message>
     <message>
         <source>&amp;Fair Values of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उचित मूल्य (&amp;F)</translation>
+        <translation>31 जनवरी 2018 के उचित मूल्य (&amp;F)</translation>
     </message>
     <message>
         <source>L&amp;osses Brought Forward</source>
@@ -2149,6 +2279,13 @@ Save again to Enter it as a new one, or cancel.</source>
     <message>
         <source>Family Bookle&amp;t</source>
         <translation>पारिवारिक पुस्तिका (&amp;T)</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Save or Cancel the Record that is being Entered First.</source>
+        <translation>पहले दर्ज हो रहे रिकॉर्ड को सहेजें या रद्द करें।</translation>
     </message>
 </context>
 <context>
@@ -2284,7 +2421,7 @@ All Related Data will be Deleted.</source>
     </message>
     <message>
         <source>There is no Script for %1.</source>
-        <translation>%1 के लिए कोई स्क्रिप्ट नहीं है।</translation>
+        <translation>%1 का कोई शेयर दर्ज नहीं है।</translation>
     </message>
     <message>
         <source>The Note&apos;s Number cannot be Read.</source>
@@ -2332,7 +2469,7 @@ All Related Data will be Deleted.</source>
     </message>
     <message>
         <source>Script Missing</source>
-        <translation>स्क्रिप्ट नहीं है</translation>
+        <translation>शेयर दर्ज नहीं</translation>
     </message>
     <message>
         <source>Not Taken</source>
@@ -2625,7 +2762,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <name>Reconcile</name>
     <message>
         <source>Another Script has the ISIN %1.</source>
-        <translation>ISIN %1 दूसरी स्क्रिप्ट का है।</translation>
+        <translation>ISIN %1 दूसरे शेयर का है।</translation>
     </message>
     <message>
         <source>Rows of the Statement could not be Understood:
@@ -2642,7 +2779,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>These Securities are of no Script with a Code. Assign their ISINs, or Import the Scripts from an Exchange&apos;s Price File:
 %1</source>
-        <translation>इन प्रतिभूतियों की कोड वाली कोई स्क्रिप्ट नहीं है। उनके ISIN सौंपें, या एक्सचेंज की भाव फ़ाइल से स्क्रिप्ट आयात करें:
+        <translation>इन प्रतिभूतियों का कोड वाला कोई शेयर दर्ज नहीं है। उनके ISIN सौंपें, या एक्सचेंज की भाव फ़ाइल से शेयर आयात करें:
 %1</translation>
     </message>
     <message>
@@ -2703,7 +2840,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>ISIN of no Script</source>
-        <translation>ISIN की स्क्रिप्ट नहीं</translation>
+        <translation>ISIN का शेयर दर्ज नहीं</translation>
     </message>
     <message>
         <source>%1 of %2 is recorded and not applied</source>
@@ -3057,7 +3194,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>The script code %1 belongs to several scripts, or to none.</source>
-        <translation>स्क्रिप्ट कोड %1 कई स्क्रिप्ट का है, या किसी का नहीं।</translation>
+        <translation>शेयर कोड %1 कई शेयरों का है, या किसी का नहीं।</translation>
     </message>
     <message>
         <source>The opening stock of %1 is older than these trades: compare it.</source>
@@ -3129,7 +3266,7 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>Script Code (BSE)</source>
-        <translation>स्क्रिप्ट कोड (BSE)</translation>
+        <translation>शेयर कोड (BSE)</translation>
     </message>
     <message>
         <source>Token of the Exchange</source>
@@ -3229,11 +3366,11 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     </message>
     <message>
         <source>Script to be Confirmed</source>
-        <translation>स्क्रिप्ट की पुष्टि करें</translation>
+        <translation>शेयर की पुष्टि करें</translation>
     </message>
     <message>
         <source>Unknown Script</source>
-        <translation>अज्ञात स्क्रिप्ट</translation>
+        <translation>अज्ञात शेयर</translation>
     </message>
     <message>
         <source>Shares are Missing</source>
@@ -3697,7 +3834,7 @@ BSE %2   NSE %3</source>
     </message>
     <message>
         <source>S/P</source>
-        <translation>S/P</translation>
+        <translation>बि/ख़</translation>
     </message>
     <message>
         <source>Scrip</source>
@@ -3766,6 +3903,14 @@ BSE %2   NSE %3</source>
     <message>
         <source>Refresh Successfully!</source>
         <translation>सफलतापूर्वक ताज़ा हुआ!</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <translation>बि</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>ख़</translation>
     </message>
 </context>
 <context>
@@ -3894,7 +4039,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -4250,10 +4395,6 @@ Save this one, too?</source>
         <translation>बाद</translation>
     </message>
     <message>
-        <source>E&amp;xport and Remove Old Entries ...</source>
-        <translation>पुरानी प्रविष्टियाँ निर्यात कर हटाएँ (&amp;X) ...</translation>
-    </message>
-    <message>
         <source>Writes the entries before the first day to a file and removes them</source>
         <translation>पहले दिन से पहले की प्रविष्टियाँ फ़ाइल में लिखकर हटाता है</translation>
     </message>
@@ -4275,7 +4416,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Show</source>
@@ -4288,10 +4429,6 @@ Save this one, too?</source>
     <message>
         <source>The newest %1 changes; choose days, a user or a client for others.</source>
         <translation>सबसे नए %1 बदलाव; अन्य के लिए दिन, उपयोगकर्ता या ग्राहक चुनें।</translation>
-    </message>
-    <message>
-        <source>%1 changes</source>
-        <translation>%1 बदलाव</translation>
     </message>
     <message>
         <source>Enter Proper Date.</source>
@@ -4308,6 +4445,14 @@ Save this one, too?</source>
     <message>
         <source>%1 Entries were Removed.</source>
         <translation>%1 प्रविष्टियाँ हटाई गईं।</translation>
+    </message>
+    <message>
+        <source>E&amp;xport and Remove Old Entries...</source>
+        <translation>पुरानी प्रविष्टियाँ निर्यात कर हटाएँ (&amp;X)...</translation>
+    </message>
+    <message>
+        <source>Changes: %1</source>
+        <translation>बदलाव: %1</translation>
     </message>
 </context>
 <context>
@@ -4713,20 +4858,20 @@ Save this one, too?</source>
         <source>Another record is under entry here. Save it or cancel it first.</source>
         <translation>यहाँ दूसरा रिकॉर्ड दर्ज किया जा रहा है। पहले उसे सहेजें या रद्द करें।</translation>
     </message>
+    <message>
+        <source>No record is here yet. Add (Ctrl+N) begins the first.</source>
+        <translation>अभी कोई रिकॉर्ड नहीं है। &quot;जोड़ें&quot; (Ctrl+N) पहला रिकॉर्ड शुरू करता है।</translation>
+    </message>
 </context>
 <context>
-    <name>quorvane::corporate_actions::FrmCorpAction</name>
-    <message>
-        <source>Corporate Actions</source>
-        <translation>कॉरपोरेट एक्शन</translation>
-    </message>
+    <name>quorvane::corporate_actions::ActionFields</name>
     <message>
         <source>&amp;Kind</source>
         <translation>प्रकार (&amp;K)</translation>
     </message>
     <message>
         <source>&amp;Script</source>
-        <translation>स्क्रिप्ट (&amp;S)</translation>
+        <translation>शेयर (&amp;S)</translation>
     </message>
     <message>
         <source>E&amp;x-Date</source>
@@ -4734,7 +4879,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Record Date</source>
-        <translation>रिकॉर्ड तारीख (&amp;R)</translation>
+        <translation>रिकॉर्ड तारीख़ (&amp;R)</translation>
     </message>
     <message>
         <source>Ne&amp;w Shares</source>
@@ -4742,11 +4887,11 @@ Save this one, too?</source>
     </message>
     <message>
         <source>for Shares &amp;Held</source>
-        <translation>धारित शेयरों पर (&amp;H)</translation>
+        <translation>रखे हुए शेयरों पर (&amp;H)</translation>
     </message>
     <message>
         <source>&amp;To Script</source>
-        <translation>नई स्क्रिप्ट (&amp;T)</translation>
+        <translation>नया शेयर (&amp;T)</translation>
     </message>
     <message>
         <source>Pr&amp;ice per Share</source>
@@ -4758,11 +4903,22 @@ Save this one, too?</source>
     </message>
     <message>
         <source>A&amp;llotment Date</source>
-        <translation>आवंटन तारीख (&amp;L)</translation>
+        <translation>आवंटन तारीख़ (&amp;L)</translation>
     </message>
     <message>
         <source>N&amp;ote</source>
         <translation>टिप्पणी (&amp;O)</translation>
+    </message>
+    <message>
+        <source>paid for a part of a share</source>
+        <translation>शेयर के अंश के लिए मिला</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::corporate_actions::FrmCorpAction</name>
+    <message>
+        <source>Corporate Actions</source>
+        <translation>कॉरपोरेट एक्शन</translation>
     </message>
     <message>
         <source>What the action makes of every account</source>
@@ -4797,10 +4953,6 @@ Save this one, too?</source>
         <translation>होल्डिंग को एक्शन से पहले जैसा करता है</translation>
     </message>
     <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
-    </message>
-    <message>
         <source>Reads the corporate actions of an exchange&apos;s list</source>
         <translation>एक्सचेंज की सूची से कॉरपोरेट एक्शन पढ़ता है</translation>
     </message>
@@ -4818,7 +4970,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>To Script</source>
-        <translation>नई स्क्रिप्ट</translation>
+        <translation>नया शेयर</translation>
     </message>
     <message>
         <source>Applied</source>
@@ -4835,10 +4987,6 @@ Save this one, too?</source>
     <message>
         <source>No</source>
         <translation>नहीं</translation>
-    </message>
-    <message>
-        <source>paid for a part of a share</source>
-        <translation>शेयर के अंश के लिए मिला</translation>
     </message>
     <message>
         <source>Select the Kind of Action.</source>
@@ -4921,12 +5069,16 @@ Save this one, too?</source>
         <translation>लाभांश</translation>
     </message>
     <message>
-        <source>From State&amp;ment ...</source>
-        <translation>विवरण से (&amp;M) ...</translation>
-    </message>
-    <message>
         <source>Compares holdings with a depository&apos;s statement, which suggests actions that are missing</source>
         <translation>होल्डिंग का डिपॉज़िटरी के विवरण से मिलान करता है, जिससे छूटी हुई कार्रवाइयों का संकेत मिलता है</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
+    </message>
+    <message>
+        <source>From State&amp;ment...</source>
+        <translation>विवरण से (&amp;M)...</translation>
     </message>
 </context>
 <context>
@@ -4941,7 +5093,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Only Scripts that Somebody &amp;Holds or Held</source>
-        <translation>केवल वे स्क्रिप्ट जो किसी के पास हैं या थीं (&amp;H)</translation>
+        <translation>केवल वे शेयर जो किसी के पास हैं या थे (&amp;H)</translation>
     </message>
     <message>
         <source>Corporate actions in the file</source>
@@ -4961,7 +5113,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>As Written</source>
@@ -4970,10 +5122,6 @@ Save this one, too?</source>
     <message>
         <source>Open Points</source>
         <translation>अधूरी बातें</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>&amp;Record Ticked</source>
@@ -5002,6 +5150,10 @@ Save this one, too?</source>
     <message>
         <source>%1 Actions are Recorded and Applied.</source>
         <translation>%1 एक्शन दर्ज और लागू हुए।</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -5075,7 +5227,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Da&amp;te</source>
-        <translation>तारीख (&amp;T)</translation>
+        <translation>तारीख़ (&amp;T)</translation>
     </message>
     <message>
         <source>&amp;Quantity</source>
@@ -5095,7 +5247,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Date</source>
-        <translation>Date</translation>
+        <translation>तारीख़</translation>
     </message>
     <message>
         <source>Script Name</source>
@@ -5285,15 +5437,11 @@ Save this one, too?</source>
     <name>quorvane::fair_values::FrmFairValue</name>
     <message>
         <source>Fair Values of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उचित मूल्य</translation>
-    </message>
-    <message>
-        <source>Take from &amp;File ...</source>
-        <translation>फ़ाइल से लें (&amp;F) ...</translation>
+        <translation>31 जनवरी 2018 के उचित मूल्य</translation>
     </message>
     <message>
         <source>Highest prices of 31-Jan-2018</source>
-        <translation>31-Jan-2018 के उच्चतम भाव</translation>
+        <translation>31 जनवरी 2018 के उच्चतम भाव</translation>
     </message>
     <message>
         <source>&amp;Update</source>
@@ -5305,7 +5453,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>A daily price file of 31-Jan-2018 of the Bombay or the National exchange: of each scrip the higher price counts</source>
-        <translation>बॉम्बे या नेशनल एक्सचेंज की 31-Jan-2018 की दैनिक भाव फ़ाइल: हर शेयर का ऊँचा भाव गिना जाता है</translation>
+        <translation>बॉम्बे या नेशनल एक्सचेंज की 31 जनवरी 2018 की दैनिक भाव फ़ाइल: हर शेयर का ऊँचा भाव गिना जाता है</translation>
     </message>
     <message>
         <source>Scrips acquired up to that day</source>
@@ -5383,6 +5531,10 @@ Save this one, too?</source>
         <source>The values are not saved. Close without saving them?</source>
         <translation>मूल्य सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>Take from &amp;File...</source>
+        <translation>फ़ाइल से लें (&amp;F)...</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::home::FrmFigures</name>
@@ -5392,7 +5544,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Holdings of Today</source>
-        <translation>आज की धारिता</translation>
+        <translation>आज की होल्डिंग</translation>
     </message>
     <message>
         <source>&amp;Open</source>
@@ -5476,7 +5628,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Value</source>
-        <translation>मान</translation>
+        <translation>मूल्य</translation>
     </message>
     <message>
         <source>Day&apos;s Change</source>
@@ -5488,7 +5640,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Holdings of %1</source>
-        <translation>%1 की धारिता</translation>
+        <translation>%1 की होल्डिंग</translation>
     </message>
     <message>
         <source>Nothing was gained by sales of that year.</source>
@@ -5496,7 +5648,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Nothing is held.</source>
-        <translation>कुछ धारित नहीं है।</translation>
+        <translation>कोई होल्डिंग नहीं है।</translation>
     </message>
     <message>
         <source>Long term %1, short term %2, speculation %3, together %4</source>
@@ -5586,7 +5738,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Value and Gains</source>
-        <translation>मान और लाभ</translation>
+        <translation>मूल्य और लाभ</translation>
     </message>
     <message>
         <source>Figure</source>
@@ -5602,7 +5754,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Largest Holdings</source>
-        <translation>सबसे बड़ी धारिताएँ</translation>
+        <translation>सबसे बड़ी होल्डिंग</translation>
     </message>
     <message>
         <source>Script Name</source>
@@ -5614,7 +5766,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Value</source>
-        <translation>मान</translation>
+        <translation>मूल्य</translation>
     </message>
     <message>
         <source>Day&apos;s Change</source>
@@ -5674,15 +5826,11 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Nothing that is held has a rate.</source>
-        <translation>जो धारित है उसका कोई भाव नहीं है।</translation>
-    </message>
-    <message>
-        <source>None is announced or outstanding.</source>
-        <translation>कोई घोषित या बकाया नहीं है।</translation>
+        <translation>किसी होल्डिंग का भाव नहीं है।</translation>
     </message>
     <message>
         <source>%1 scrips held have no rate of the last seven days.</source>
-        <translation>धारित %1 शेयरों का पिछले सात दिनों का भाव नहीं है।</translation>
+        <translation>होल्डिंग के %1 शेयरों का पिछले सात दिनों का भाव नहीं है।</translation>
     </message>
     <message>
         <source>There is no backup.</source>
@@ -5699,6 +5847,10 @@ Save this one, too?</source>
     <message>
         <source>Nothing is entered yet.</source>
         <translation>अभी कुछ दर्ज नहीं है।</translation>
+    </message>
+    <message>
+        <source>None to come.</source>
+        <translation>कोई नहीं।</translation>
     </message>
 </context>
 <context>
@@ -5722,10 +5874,6 @@ Save this one, too?</source>
     <message>
         <source>Scrips in the file</source>
         <translation>फ़ाइल के शेयर</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>A scrip list or a daily price file: .xls, .xlsx, .ods, .csv or .zip</source>
@@ -5791,6 +5939,10 @@ Save this one, too?</source>
         <source>The scrips are not saved. Close without saving them?</source>
         <translation>शेयर सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
     </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::imports::ImpScrRate</name>
@@ -5829,10 +5981,6 @@ Save this one, too?</source>
     <message>
         <source>&amp;Date</source>
         <translation>तारीख़ (&amp;D)</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
     </message>
     <message>
         <source>A daily price file of an exchange: .csv, .xls, .xlsx, .ods or .zip</source>
@@ -5921,6 +6069,10 @@ Save this one, too?</source>
     <message>
         <source>The rates are not saved. Close without saving them?</source>
         <translation>भाव सहेजे नहीं गए हैं। क्या बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -6029,7 +6181,11 @@ Save this one, too?</source>
     </message>
 </context>
 <context>
-    <name>quorvane::mis::RatesPane</name>
+    <name>quorvane::mis::RateList</name>
+    <message>
+        <source>Rates of the date</source>
+        <translation>तारीख़ के भाव</translation>
+    </message>
     <message>
         <source>Name</source>
         <translation>नाम</translation>
@@ -6050,6 +6206,9 @@ Save this one, too?</source>
         <source>ScrCls</source>
         <translation>श्रेणी</translation>
     </message>
+</context>
+<context>
+    <name>quorvane::mis::RatesPane</name>
     <message>
         <source>Dates</source>
         <translation>तारीख़ें</translation>
@@ -6061,10 +6220,6 @@ Save this one, too?</source>
     <message>
         <source>Dates with rates</source>
         <translation>भाव वाली तारीख़ें</translation>
-    </message>
-    <message>
-        <source>Rates of the date</source>
-        <translation>तारीख़ के भाव</translation>
     </message>
     <message>
         <source>Add</source>
@@ -6136,7 +6291,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>%1 rates were fetched; of %2 scripts none was found. Press Update to keep them.</source>
-        <translation>%1 दरें प्राप्त हुईं; %2 स्क्रिप्टों की कोई दर नहीं मिली। इन्हें रखने के लिए Update दबाएँ।</translation>
+        <translation>%1 भाव प्राप्त हुए; %2 शेयरों का कोई भाव नहीं मिला। भाव रखने के लिए &quot;सहेजें&quot; दबाएँ।</translation>
     </message>
 </context>
 <context>
@@ -6353,7 +6508,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>Remark</source>
@@ -6377,7 +6532,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>S/P</source>
-        <translation>S/P</translation>
+        <translation>बि/ख़</translation>
     </message>
     <message>
         <source>Quantity</source>
@@ -6437,11 +6592,11 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट</translation>
+        <translation>ISIN का शेयर</translation>
     </message>
     <message>
         <source>&amp;Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+        <translation>ISIN का शेयर (&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Assign</source>
@@ -6449,19 +6604,11 @@ Save this one, too?</source>
     </message>
     <message>
         <source>The script is known by this ISIN from now on</source>
-        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
-    </message>
-    <message>
-        <source>&amp;New Script ...</source>
-        <translation>नई स्क्रिप्ट (&amp;N) ...</translation>
+        <translation>अब से शेयर इस ISIN से जाना जाएगा</translation>
     </message>
     <message>
         <source>Opens the scripts, to enter the one with this ISIN</source>
-        <translation>इस ISIN वाली स्क्रिप्ट दर्ज करने के लिए स्क्रिप्ट खोलता है</translation>
-    </message>
-    <message>
-        <source>Add a &amp;File ...</source>
-        <translation>फ़ाइल जोड़ें (&amp;F) ...</translation>
+        <translation>इस ISIN वाला शेयर दर्ज करने के लिए शेयरों की विंडो खोलता है</translation>
     </message>
     <message>
         <source>&amp;Take Ticked In</source>
@@ -6513,7 +6660,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Replace the Recorded Bills %1 by these Notes?</source>
@@ -6526,6 +6673,14 @@ Save this one, too?</source>
     <message>
         <source>%1 Bills are Recorded.</source>
         <translation>%1 बिल दर्ज किए गए।</translation>
+    </message>
+    <message>
+        <source>&amp;New Script...</source>
+        <translation>नया शेयर (&amp;N)...</translation>
+    </message>
+    <message>
+        <source>Add a &amp;File...</source>
+        <translation>फ़ाइल जोड़ें (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -6638,6 +6793,14 @@ Save this one, too?</source>
         <source>There is no Scrip of the Code %1.</source>
         <translation>कोड %1 का कोई शेयर नहीं है।</translation>
     </message>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::participants::FrmDepPart</name>
@@ -6718,7 +6881,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -6785,7 +6948,7 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Script</source>
-        <translation>स्क्रिप्ट</translation>
+        <translation>शेयर</translation>
     </message>
     <message>
         <source>Purchase or Sale</source>
@@ -6815,6 +6978,14 @@ Save this one, too?</source>
         <source>%1 trades in the first %2 rows.</source>
         <translation>पहली %2 पंक्तियों में %1 सौदे।</translation>
     </message>
+    <message>
+        <source>Purchase</source>
+        <translation>ख़रीद</translation>
+    </message>
+    <message>
+        <source>Sale</source>
+        <translation>बिक्री</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::portfolio::ImpTrades</name>
@@ -6823,16 +6994,12 @@ Save this one, too?</source>
         <translation>ब्रोकरों की ट्रेड बुक</translation>
     </message>
     <message>
-        <source>&amp;Files ...</source>
-        <translation>फ़ाइलें (&amp;F) ...</translation>
-    </message>
-    <message>
         <source>Trade books: .csv, .xlsx, .xls or .ods; several files at once</source>
         <translation>ट्रेड बुक: .csv, .xlsx, .xls या .ods; एक साथ कई फ़ाइलें</translation>
     </message>
     <message>
         <source>S&amp;cript</source>
-        <translation>स्क्रिप्ट (&amp;C)</translation>
+        <translation>शेयर (&amp;C)</translation>
     </message>
     <message>
         <source>Assi&amp;gn</source>
@@ -6840,19 +7007,19 @@ Save this one, too?</source>
     </message>
     <message>
         <source>&amp;New Script</source>
-        <translation>नई स्क्रिप्ट (&amp;N)</translation>
+        <translation>नया शेयर (&amp;N)</translation>
     </message>
     <message>
         <source>The trades of the current line&apos;s script are trades of the chosen one</source>
-        <translation>वर्तमान पंक्ति की स्क्रिप्ट के सौदे चुनी हुई स्क्रिप्ट के सौदे हैं</translation>
+        <translation>वर्तमान पंक्ति के शेयर के सौदे चुने हुए शेयर के सौदे हैं</translation>
     </message>
     <message>
         <source>The current line&apos;s script is recorded with the trades</source>
-        <translation>वर्तमान पंक्ति की स्क्रिप्ट सौदों के साथ दर्ज होती है</translation>
+        <translation>वर्तमान पंक्ति का शेयर सौदों के साथ दर्ज होता है</translation>
     </message>
     <message>
         <source>Confirm &amp;Probable Scripts</source>
-        <translation>संभावित स्क्रिप्ट पक्की करें (&amp;P)</translation>
+        <translation>संभावित शेयर पक्के करें (&amp;P)</translation>
     </message>
     <message>
         <source>&amp;Look Again</source>
@@ -6896,23 +7063,23 @@ Save this one, too?</source>
     </message>
     <message>
         <source>Choose a line of the script.</source>
-        <translation>स्क्रिप्ट की एक पंक्ति चुनें।</translation>
+        <translation>शेयर की एक पंक्ति चुनें।</translation>
     </message>
     <message>
         <source>Choose the script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>The script of this line is known.</source>
-        <translation>इस पंक्ति की स्क्रिप्ट ज्ञात है।</translation>
+        <translation>इस पंक्ति का शेयर ज्ञात है।</translation>
     </message>
     <message>
         <source>Record all %1 unknown scripts as new?
 
 No records only that of the current line.</source>
-        <translation>सभी %1 अज्ञात स्क्रिप्ट नई दर्ज करें?
+        <translation>सभी %1 अज्ञात शेयर नए दर्ज करें?
 
-&quot;नहीं&quot; केवल वर्तमान पंक्ति की दर्ज करता है।</translation>
+&quot;नहीं&quot; केवल वर्तमान पंक्ति का शेयर दर्ज करता है।</translation>
     </message>
     <message>
         <source>%1 Trades are Saved in %2 Bills.</source>
@@ -6920,7 +7087,11 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>%1 Scripts are New.</source>
-        <translation>%1 स्क्रिप्ट नई हैं।</translation>
+        <translation>%1 शेयर नए हैं।</translation>
+    </message>
+    <message>
+        <source>&amp;Files...</source>
+        <translation>फ़ाइलें (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -6935,7 +7106,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>New script</source>
-        <translation>नई स्क्रिप्ट</translation>
+        <translation>नया शेयर</translation>
     </message>
     <message>
         <source>Bill lines that the trades make</source>
@@ -6943,7 +7114,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>State</source>
-        <translation>राज्य</translation>
+        <translation>स्थिति</translation>
     </message>
     <message>
         <source>Date</source>
@@ -6955,11 +7126,11 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>Script</source>
-        <translation>स्क्रिप्ट</translation>
+        <translation>शेयर</translation>
     </message>
     <message>
         <source>P/S</source>
-        <translation>ख/बि</translation>
+        <translation>ख़/बि</translation>
     </message>
     <message>
         <source>Quantity</source>
@@ -6975,7 +7146,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>S.Tax</source>
-        <translation>सेवा कर सहित</translation>
+        <translation>सेवा कर</translation>
     </message>
     <message>
         <source>S.T.T.</source>
@@ -7015,7 +7186,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>%1 new, %2 taken in already, %3 probably entered by hand, %4 of scripts to be settled, %5 without shares. %6</source>
-        <translation>%1 नई, %2 पहले से आयात, %3 शायद हाथ से दर्ज, %4 की स्क्रिप्ट तय करनी है, %5 बिना शेयर। %6</translation>
+        <translation>%1 नई, %2 पहले से आयात, %3 शायद हाथ से दर्ज, %4 के शेयर तय करने हैं, %5 बिना शेयर। %6</translation>
     </message>
     <message>
         <source>This trade is taken in already; correct its bill.</source>
@@ -7024,6 +7195,22 @@ No records only that of the current line.</source>
     <message>
         <source>Quantity and rate are above 0.</source>
         <translation>मात्रा और भाव 0 से अधिक हों।</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>ख़</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <translation>बि</translation>
     </message>
 </context>
 <context>
@@ -7193,7 +7380,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>From 2018-19 the return needs the Tax Year report: fair values of 31-Jan-2018, sections and set-off.</source>
-        <translation>2018-19 से आयकर विवरणी के लिए कर वर्ष रिपोर्ट चाहिए: 31-Jan-2018 के उचित मूल्य, धाराएँ और समायोजन।</translation>
+        <translation>2018-19 से आयकर विवरणी के लिए कर वर्ष रिपोर्ट चाहिए: 31 जनवरी 2018 के उचित मूल्य, धाराएँ और समायोजन।</translation>
     </message>
     <message>
         <source>Tax Year</source>
@@ -7247,7 +7434,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Take the Quantities of the Statement In as Opening Stock of %1?</source>
@@ -7363,11 +7550,11 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट</translation>
+        <translation>ISIN का शेयर</translation>
     </message>
     <message>
         <source>&amp;Script of the ISIN</source>
-        <translation>ISIN की स्क्रिप्ट (&amp;S)</translation>
+        <translation>ISIN का शेयर (&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Assign</source>
@@ -7375,11 +7562,7 @@ No records only that of the current line.</source>
     </message>
     <message>
         <source>The script is known by this ISIN from now on</source>
-        <translation>अब से स्क्रिप्ट इस ISIN से जानी जाएगी</translation>
-    </message>
-    <message>
-        <source>From &amp;File ...</source>
-        <translation>फ़ाइल से (&amp;F) ...</translation>
+        <translation>अब से शेयर इस ISIN से जाना जाएगा</translation>
     </message>
     <message>
         <source>Reads a statement</source>
@@ -7412,6 +7595,10 @@ No records only that of the current line.</source>
     <message>
         <source>Pages of the comparison</source>
         <translation>तुलना के पृष्ठ</translation>
+    </message>
+    <message>
+        <source>From &amp;File...</source>
+        <translation>फ़ाइल से (&amp;F)...</translation>
     </message>
 </context>
 <context>
@@ -7781,7 +7968,7 @@ Lots changed: %1</source>
     <name>quorvane::scrip_page::RptScripPage</name>
     <message>
         <source>Script Page</source>
-        <translation>स्क्रिप्ट पृष्ठ</translation>
+        <translation>शेयर का पृष्ठ</translation>
     </message>
     <message>
         <source>Script Name</source>
@@ -7797,7 +7984,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -7817,7 +8004,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>Select Script.</source>
-        <translation>स्क्रिप्ट चुनें।</translation>
+        <translation>शेयर चुनें।</translation>
     </message>
     <message>
         <source>Family</source>
@@ -7880,7 +8067,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>ISINs of the script</source>
-        <translation>स्क्रिप्ट के ISIN</translation>
+        <translation>शेयर के ISIN</translation>
     </message>
     <message>
         <source>ISIN</source>
@@ -8275,7 +8462,7 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>&amp;Client</source>
-        <translation>क्लाइंट (&amp;C)</translation>
+        <translation>ग्राहक (&amp;C)</translation>
     </message>
     <message>
         <source>&amp;Family</source>
@@ -8287,15 +8474,11 @@ Lots changed: %1</source>
     </message>
     <message>
         <source>The upload file of schedule 112A of the return, of the client</source>
-        <translation>क्लाइंट की रिटर्न की अनुसूची 112A की अपलोड फ़ाइल</translation>
+        <translation>ग्राहक की रिटर्न की अनुसूची 112A की अपलोड फ़ाइल</translation>
     </message>
     <message>
         <source>Check List</source>
         <translation>जाँच सूची</translation>
-    </message>
-    <message>
-        <source>What stands before filing</source>
-        <translation>रिटर्न भरने से पहले क्या बाकी है</translation>
     </message>
     <message>
         <source>Client</source>
@@ -8330,14 +8513,6 @@ Lots changed: %1</source>
         <translation>जाँच सूची (%1)</translation>
     </message>
     <message>
-        <source>Press Report: what stands before filing is then listed here.</source>
-        <translation>रिपोर्ट दबाएँ: तब यहाँ दिखेगा कि रिटर्न भरने से पहले क्या बाकी है।</translation>
-    </message>
-    <message>
-        <source>Nothing stands before filing.</source>
-        <translation>रिटर्न भरने से पहले कुछ बाकी नहीं है।</translation>
-    </message>
-    <message>
         <source>The losses that %1 leaves are not brought forward into %2. Bring them forward now?</source>
         <translation>%1 से बची हानियाँ %2 में आगे नहीं लाई गई हैं। अभी आगे लाएँ?</translation>
     </message>
@@ -8348,6 +8523,18 @@ Lots changed: %1</source>
     <message>
         <source>Saved as %1.</source>
         <translation>%1 के रूप में सहेजा गया।</translation>
+    </message>
+    <message>
+        <source>What is open before filing</source>
+        <translation>रिटर्न भरने से पहले क्या बाकी है</translation>
+    </message>
+    <message>
+        <source>Press Report: what is open before filing is then listed here.</source>
+        <translation>&quot;रिपोर्ट&quot; दबाएँ: तब यहाँ दिखेगा कि रिटर्न भरने से पहले क्या बाकी है।</translation>
+    </message>
+    <message>
+        <source>Nothing is open before filing.</source>
+        <translation>रिटर्न भरने से पहले कुछ बाकी नहीं है।</translation>
     </message>
 </context>
 <context>
@@ -8407,6 +8594,14 @@ Lots changed: %1</source>
     <message>
         <source>To Client</source>
         <translation>ग्राहक को</translation>
+    </message>
+    <message>
+        <source>Own Account</source>
+        <translation>अपना खाता</translation>
+    </message>
+    <message>
+        <source>Another Client</source>
+        <translation>दूसरा ग्राहक</translation>
     </message>
 </context>
 <context>
@@ -8504,22 +8699,10 @@ Lots changed: %1</source>
 <context>
     <name>quorvane::ui::MDIForm1</name>
     <message>
-        <source>%1 is running already.</source>
-        <translation>%1 पहले से चल रहा है।</translation>
-    </message>
-    <message>
-        <source>Couldn&apos;t start %1. Expected the program as %2.</source>
-        <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
-    </message>
-    <message>
         <source>This is %1.
 The program never goes to the internet by itself for another release; your supplier&apos;s page has the newest one.</source>
         <translation>यह %1 है।
 प्रोग्राम नए संस्करण के लिए अपने आप इंटरनेट पर नहीं जाता; नया संस्करण आपके आपूर्तिकर्ता के पृष्ठ पर है।</translation>
-    </message>
-    <message>
-        <source>There is no window %1.</source>
-        <translation>%1 नाम की कोई विंडो नहीं है।</translation>
     </message>
     <message>
         <source>Quorvane
@@ -8552,16 +8735,8 @@ For help turn to whoever gave you the program, or read the user guide that came 
         <translation>क्या आप डेटाबेस का बैकअप लेना चाहते हैं?</translation>
     </message>
     <message>
-        <source>Save or Cancel the Record that is being Entered First.</source>
-        <translation>पहले दर्ज हो रहे रिकॉर्ड को सहेजें या रद्द करें।</translation>
-    </message>
-    <message>
         <source>This record is not there any more.</source>
         <translation>यह रिकॉर्ड अब नहीं है।</translation>
-    </message>
-    <message>
-        <source>Open windows</source>
-        <translation>खुली विंडो</translation>
     </message>
 </context>
 <context>
@@ -8585,6 +8760,16 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Check For Updates</source>
         <translation>अद्यतन जाँचें</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <extracomment>The code of the language, in which the names of days and months are written.</extracomment>
+        <translation>hi</translation>
+    </message>
+    <message>
+        <source>dddd, MMMM d, yyyy</source>
+        <extracomment>The date as the language orders it; the letters stay as they are.</extracomment>
+        <translation>dddd, d MMMM yyyy</translation>
     </message>
 </context>
 <context>
@@ -8639,6 +8824,28 @@ For help turn to whoever gave you the program, or read the user guide that came 
     <message>
         <source>Records in %1</source>
         <translation>%1 में रिकॉर्ड</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::OpenWindows</name>
+    <message>
+        <source>There is no window %1.</source>
+        <translation>%1 नाम की कोई विंडो नहीं है।</translation>
+    </message>
+    <message>
+        <source>Open windows</source>
+        <translation>खुली विंडो</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::ui::OutsideTools</name>
+    <message>
+        <source>%1 is running already.</source>
+        <translation>%1 पहले से चल रहा है।</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t start %1. Expected the program as %2.</source>
+        <translation>%1 शुरू नहीं हो सका। प्रोग्राम %2 पर होना चाहिए।</translation>
     </message>
 </context>
 <context>

@@ -200,7 +200,7 @@ void AddTaxCommands(CLI::App& app, Context& context, const reports::Report& repo
   upload->add_option("--out", upload_options->output.out, "File");
   upload->add_flag("--with-open-points", upload_options->with_open_points,
                    "Also while the check list has open points");
-  AddCommand(*tax, context, "check", "What stands before filing; status 1 for open points",
+  AddCommand(*tax, context, "check", "What is open before filing; status 1 for open points",
              PrintPoints, true, std::make_shared<TaxOptions>());
   AddCommand(*tax, context, "carry-losses", "Bring forward what the year before leaves of losses",
              CarryLosses, true, std::make_shared<TaxOptions>());

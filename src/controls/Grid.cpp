@@ -1,5 +1,6 @@
 #include "controls/Grid.h"
 
+#include "controls/ColumnFit.h"
 #include "controls/ComboBox.h"
 #include "controls/GridDelegate.h"
 #include "controls/Style.h"
@@ -16,11 +17,6 @@
 namespace quorvane::controls {
 namespace {
 
-constexpr int kSample = 200;  // rows that are measured
-constexpr int kCellPadding = 16;
-constexpr int kNarrowest = 40;
-constexpr int kNarrowestText = 130;
-constexpr int kWidest = 420;
 constexpr int kWidestByHand = 2000;
 constexpr int kRowPadding = 8;
 
@@ -64,7 +60,7 @@ void Grid::SetLook() {
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
-  horizontalHeader()->setMinimumSectionSize(kNarrowest);
+  horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
   // Dragging a heading's edge is the user's wish for a width; from then on widths are left alone.
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, &Grid::SectionResized);
 }
@@ -79,7 +75,7 @@ void Grid::SectionResized(int column) {
 QList<int> Grid::WidthsByHand() const {
   QList<int> widths;
   for (int column = 0; fitted_by_hand_ && column < model_->columnCount(); ++column) {
-    widths << (isColumnHidden(column) ? kNarrowest : columnWidth(column));
+    widths << (isColumnHidden(column) ? kNarrowestColumn : columnWidth(column));
   }
   return widths;
 }
@@ -90,7 +86,7 @@ void Grid::SetWidths(const QList<int>& widths) {
   }
   for (int column = 0; column < model_->columnCount(); ++column) {
     if (!isColumnHidden(column)) {
-      setColumnWidth(column, std::clamp(widths[column], kNarrowest, kWidestByHand));
+      setColumnWidth(column, std::clamp(widths[column], kNarrowestColumn, kWidestByHand));
     }
   }
   fitted_by_hand_ = true;
@@ -98,10 +94,10 @@ void Grid::SetWidths(const QList<int>& widths) {
 
 void Grid::SetColumns(std::vector<Column> columns) {
   model_->SetColumns(std::move(columns));
-  fitted_by_hand_ = false;
   for (int column = 0; column < model_->columnCount(); ++column) {
     setColumnHidden(column, model_->Columns()[static_cast<std::size_t>(column)].hidden);
   }
+  fitted_by_hand_ = false;  // hiding and showing a column is no wish for a width
   horizontalHeader()->setSortIndicatorShown(false);
   sorted_column_ = -1;
   header_->SetArrangeable(sortable_ && std::ranges::none_of(model_->Columns(), &Column::editable));
@@ -392,38 +388,9 @@ QString Grid::SelectedText() const {
   return lines.join(QLatin1Char('\n'));
 }
 
-int Grid::WidthOf(int column) const {
-  const QFontMetrics metrics = fontMetrics();
-  const QString heading = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-  int width = metrics.horizontalAdvance(heading) + kSpacing;
-  const int step = std::max(1, model_->RowCount() / kSample);
-  for (int row = 0; row < model_->RowCount(); row += step) {
-    width = std::max(width, metrics.horizontalAdvance(model_->Text(row, column)));
-  }
-  return std::clamp(width + kCellPadding, kNarrowest, kWidest);
-}
-
 void Grid::FitColumns() {
   const QScopedValueRollback<bool> fitting(fitting_, true);
-  int taken = 0;
-  int widest = -1;
-  for (int column = 0; column < model_->columnCount(); ++column) {
-    if (isColumnHidden(column)) {
-      continue;
-    }
-    setColumnWidth(column, WidthOf(column));
-    taken += columnWidth(column);
-    const Mask mask = model_->Columns()[static_cast<std::size_t>(column)].mask;
-    if (mask == Mask::kText && (widest < 0 || columnWidth(column) > columnWidth(widest))) {
-      widest = column;
-    }
-  }
-  // What is left over is the widest text's; where a little is missing it gives that, so that every
-  // figure is in sight.
-  const int wished = columnWidth(std::max(widest, 0)) + viewport()->width() - taken;
-  if (widest >= 0 && (taken < viewport()->width() || wished >= kNarrowestText)) {
-    setColumnWidth(widest, wished);
-  }
+  ColumnFit(*this, *model_).Apply();
 }
 
 }  // namespace quorvane::controls

@@ -109,7 +109,6 @@ class Grid : public QTableView {
   void MoveOn(bool forward);
   QModelIndex NextEditable(const QModelIndex& from, bool forward) const;
   int FirstShownColumn() const;
-  int WidthOf(int column) const;
 
   GridModel* model_;
   ListHeader* header_;

@@ -4,9 +4,7 @@
 
 #include <QApplication>
 #include <QButtonGroup>
-#include <QComboBox>
 #include <QHBoxLayout>
-#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QSplitter>
@@ -19,58 +17,7 @@
 
 namespace quorvane::controls {
 namespace {
-
 enum Panel { kDetails, kList };
-
-QScrollArea* Scrolling(QWidget* contents) {
-  auto* area = new QScrollArea();
-  area->setWidget(contents);
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  return area;
-}
-
-QString ContentsOf(const Grid& grid) {
-  QStringList cells;
-  for (int row = 0; row < grid.Model().RowCount(); ++row) {
-    for (int column = 0; column < grid.Model().columnCount(); ++column) {
-      cells << grid.Model().Value(row, column).toString();
-    }
-  }
-  return cells.join(QChar::Tabulation);
-}
-
-/// What is entered in the controls of a panel, to see later whether it was changed.
-QStringList ContentsOf(const QWidget& panel) {
-  QStringList texts;
-  for (const QWidget* control : panel.findChildren<QWidget*>()) {
-    if (const auto* box = qobject_cast<const QLineEdit*>(control)) {
-      texts << box->text();
-    } else if (const auto* lines = qobject_cast<const QPlainTextEdit*>(control)) {
-      texts << lines->toPlainText();
-    } else if (const auto* list = qobject_cast<const QComboBox*>(control)) {
-      texts << list->currentText();
-    } else if (const auto* button = qobject_cast<const QAbstractButton*>(control)) {
-      texts << (button->isChecked() ? QStringLiteral("1") : QString());
-    } else if (const auto* grid = qobject_cast<const Grid*>(control)) {
-      texts << ContentsOf(*grid);
-    }
-  }
-  return texts;
-}
-
-void FocusFirstField(QWidget& panel) {
-  for (QWidget* field = panel.nextInFocusChain(); field != &panel;
-       field = field->nextInFocusChain()) {
-    const bool takes = (field->focusPolicy() & Qt::TabFocus) != 0 && field->isEnabled();
-    if (takes && panel.isAncestorOf(field) && field->isVisibleTo(&panel)) {
-      field->setFocus(Qt::TabFocusReason);
-      return;
-    }
-  }
-}
-
 }  // namespace
 
 RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title, QSize designed,
@@ -87,6 +34,7 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
       buttons_(new QHBoxLayout()),
       watch_(new EditWatch()) {
   list_->SetFilterable(true);
+  HintWhenEmpty(*list_, tr("No record is here yet. Add (Ctrl+N) begins the first."));
   auto* rows = new QVBoxLayout(this);
   if (panels == Panels::kTabs) {
     BuildTabs(*rows);
@@ -322,7 +270,7 @@ void RecordWindow::SetEditing(bool editing) {
   }
   Enable();
   if (editing) {
-    begun_with_ = ContentsOf(*details_);
+    begun_with_ = FormContents(*details_);
     ShowDetails();
     FocusFirstField(*details_);
   }
@@ -473,7 +421,7 @@ QString RecordWindow::GiveUpQuestion() const {
 }
 
 bool RecordWindow::IsChanged() const {
-  return editing_ && ContentsOf(*details_) != begun_with_;
+  return editing_ && FormContents(*details_) != begun_with_;
 }
 
 }  // namespace quorvane::controls

@@ -2,6 +2,7 @@
 
 #include "controls/ChildWindow.h"
 #include "controls/EditWatch.h"
+#include "controls/FormPanel.h"
 #include "controls/Grid.h"
 #include "core/changes/Touched.h"
 
@@ -194,7 +195,7 @@ class RecordWindow : public ChildWindow {
   bool filling_ = false;
   QElapsedTimer since_filled_;
   bool reading_again_ = false;  ///< also after it failed
-  QStringList begun_with_;      ///< contents of the form when editing began
+  FormContents begun_with_;     ///< when editing began
   EditWatch* watch_;
 };
 

@@ -195,6 +195,13 @@ class GridTest : public QObject {
     QCOMPARE(shown.grid.Model().Text(0, kDay), QStringLiteral("02/04/2011"));
   }
 
+  /// A hidden column is no wish of the user's for widths.
+  void ColumnsFillTheListWhenItGrows() {
+    Shown shown;
+    shown.grid.resize(900, 300);
+    QTRY_COMPARE(shown.grid.horizontalHeader()->length(), shown.grid.viewport()->width());
+  }
+
   void CopyTakesTheShownColumns() {
     Shown shown;
     shown.grid.SelectRow(0);

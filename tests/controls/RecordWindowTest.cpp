@@ -6,6 +6,7 @@
 #include "support/Test.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -204,9 +205,12 @@ class RecordWindowTest : public QObject {
     shown.Click("CmdDelete");
     QCOMPARE(shown.window->List().Model().RowCount(), 1);
     QCOMPARE(shown.window->CurrentId(), 4);
+    const auto* how_to_begin = shown.window->List().viewport()->findChild<QLabel*>();
+    QVERIFY(!how_to_begin->isVisible());
     shown.messages.WillAnswer(true);
     shown.Click("CmdDelete");
     QCOMPARE(shown.window->CurrentId(), 0);
+    QVERIFY(how_to_begin->isVisible());
     QCOMPARE(shown.Enabled(), QStringList{QStringLiteral("cmdAdd")});
     QCOMPARE(shown.window->name->text(), QString());
   }

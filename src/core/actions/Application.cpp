@@ -250,8 +250,8 @@ QStringList OutdatedActions(Connection& connection, Progress& progress) {
     texts << Tr("Actions",
                 "%1 of %2, Ex-Date %3: the books were changed since it was applied. Take it back "
                 "and apply it again.")
-                 .arg(Describe(action), QString::fromStdString(directory.Scrip(action.scrip).name),
-                      action.ex_day);
+                 .arg(DescribeForUser(action),
+                      QString::fromStdString(directory.Scrip(action.scrip).name), action.ex_day);
   }
   return texts;
 }
@@ -267,7 +267,7 @@ MaybeRefusal CheckIsLast(Transaction& transaction, const Action& action) {
     const auto other_day = text::ParseDmy(other.ex_day);
     if (touches(other) && (other_day > day || (other_day == day && other.id > action.id))) {
       return Refusal{Tr("Actions", "Take back the Later Action %1 of %2 First.")
-                         .arg(actions::Describe(other), other.ex_day),
+                         .arg(actions::DescribeForUser(other), other.ex_day),
                      {}};
     }
   }

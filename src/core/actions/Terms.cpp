@@ -68,6 +68,17 @@ QString RatioText(const Action& action) {
          text::NumberText(action.old_shares.Number());
 }
 
+QString Described(const Action& action, QString kind, const QString& rupees) {
+  const Terms terms = TermsOf(action.kind);
+  if ((terms.ratio || terms.any_ratio) && action.new_shares) {
+    kind += QLatin1Char(' ') + RatioText(action);
+  }
+  if (terms.price && action.price > 0) {
+    kind += QLatin1Char(' ') + rupees.arg(text::FormatAmount(action.price));
+  }
+  return kind;
+}
+
 }  // namespace
 
 const KindName& NameOf(ActionKind kind) {
@@ -116,15 +127,11 @@ MaybeRefusal Check(const Action& action) {
 }
 
 QString Describe(const Action& action) {
-  QString described = QString::fromLatin1(NameOf(action.kind).title);
-  const Terms terms = TermsOf(action.kind);
-  if ((terms.ratio || terms.any_ratio) && action.new_shares) {
-    described += QLatin1Char(' ') + RatioText(action);
-  }
-  if (terms.price && action.price > 0) {
-    described += QStringLiteral(" Rs ") + text::FormatAmount(action.price);
-  }
-  return described;
+  return Described(action, QString::fromLatin1(NameOf(action.kind).title), QStringLiteral("Rs %1"));
+}
+
+QString DescribeForUser(const Action& action) {
+  return Described(action, Tr("Actions", NameOf(action.kind).title), Tr("Actions", "Rs %1"));
 }
 
 }  // namespace quorvane::actions

@@ -52,8 +52,11 @@ Terms TermsOf(ActionKind kind);
 /// The first rule that the terms break: days, ratio, the other scrip, price, per cent.
 MaybeRefusal Check(const Action& action);
 
-/// In English, for statements: "Bonus 1:1", "Split 10:1", "Dividend Rs 12.50". Terms that are not
-/// filled are left out.
+/// "Bonus 1:1", "Split 10:1", "Dividend Rs 12.50". Terms that are not filled are left out. In
+/// English, for reports and files.
 QString Describe(const Action& action);
+
+/// The same in the user's language, for windows and refusals.
+QString DescribeForUser(const Action& action);
 
 }  // namespace quorvane::actions

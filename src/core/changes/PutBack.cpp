@@ -1,5 +1,6 @@
 #include "core/changes/PutBack.h"
 
+#include "core/changes/RecordWords.h"
 #include "core/changes/Words.h"
 #include "core/database/SchemaTables.h"
 #include "core/ledger/Posting.h"

@@ -25,10 +25,6 @@ std::optional<Kind> KindOf(std::string_view word);
 /// Every kind, in the order in which a list offers them.
 std::span<const Kind> Kinds();
 
-/// "Bill", "Client": the kind of record that a table holds; the table's own name for one that this
-/// release does not know.
-QString RecordName(std::string_view table);
-
 /// "Bill 17, 03/05/2011", or the text of a summary, such as the folder of an import.
 QString SubjectOf(const Entry& entry);
 

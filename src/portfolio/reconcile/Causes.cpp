@@ -182,7 +182,7 @@ Cause Causes::Suggested(const ReconciledRow& row) const {
   Cause cause{.kind = CauseKind::kSuggestedAction, .action = suggestions.front().Action()};
   cause.action.scrip = row.scrip;
   if (suggestions.size() > 1) {
-    cause.also = actions::Describe(suggestions[1].Action());
+    cause.also = suggestions[1].Action();
   }
   return cause;
 }

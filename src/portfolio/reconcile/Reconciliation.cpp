@@ -292,6 +292,11 @@ QString Said(const char* text, Language language) {
   return language == Language::kOfUser ? Tr(kContext, text) : QString::fromUtf8(text);
 }
 
+QString Said(const records::Action& action, Language language) {
+  return language == Language::kOfUser ? actions::DescribeForUser(action)
+                                       : actions::Describe(action);
+}
+
 constexpr std::array kAgreements{QT_TRANSLATE_NOOP("Reconcile", "Agrees"),
                                  QT_TRANSLATE_NOOP("Reconcile", "Differs"),
                                  QT_TRANSLATE_NOOP("Reconcile", "Missing in the Books"),
@@ -311,17 +316,16 @@ QString TextOf(const Cause& cause, Language language) {
       return {};
     case CauseKind::kActionToApply:
       return Said(QT_TRANSLATE_NOOP("Reconcile", "%1 of %2 is recorded and not applied"), language)
-          .arg(actions::Describe(cause.action), day);
+          .arg(Said(cause.action, language), day);
     case CauseKind::kActionOnItsWay:
       return Said(QT_TRANSLATE_NOOP("Reconcile", "%1 of %2 is applied; its shares come later"),
                   language)
-          .arg(actions::Describe(cause.action), day);
+          .arg(Said(cause.action, language), day);
     case CauseKind::kSuggestedAction:
-      return cause.also.isEmpty()
-                 ? Said(QT_TRANSLATE_NOOP("Reconcile", "Suggests: %1"), language)
-                       .arg(actions::Describe(cause.action))
-                 : Said(QT_TRANSLATE_NOOP("Reconcile", "Suggests: %1 or %2"), language)
-                       .arg(actions::Describe(cause.action), cause.also);
+      return cause.also ? Said(QT_TRANSLATE_NOOP("Reconcile", "Suggests: %1 or %2"), language)
+                              .arg(Said(cause.action, language), Said(*cause.also, language))
+                        : Said(QT_TRANSLATE_NOOP("Reconcile", "Suggests: %1"), language)
+                              .arg(Said(cause.action, language));
     case CauseKind::kBill:
       return Said(QT_TRANSLATE_NOOP("Reconcile", "Bill %1 of %2 was not settled on that day"),
                   language)

@@ -43,10 +43,10 @@ enum class CauseKind : std::uint8_t {
 /// The likely cause, and what would have to be opened to look at it.
 struct Cause {
   CauseKind kind = CauseKind::kNone;
-  records::Action action = {};  ///< recorded, or to be entered
-  QString also = {};            ///< another action of the same effect, "Split 2:1"
-  int document = 0;             ///< key of the bill or transfer
-  QString number = {};          ///< of the bill; of the other account
+  records::Action action = {};               ///< recorded, or to be entered
+  std::optional<records::Action> also = {};  ///< another action of the same effect
+  int document = 0;                          ///< key of the bill or transfer
+  QString number = {};                       ///< of the bill; of the other account
   std::optional<text::Date> day = {};
 };
 

@@ -132,6 +132,7 @@ TickGrid* ReportWindow::AddTickGrid(const QString& name, const QString& heading,
                                     const QString& purpose, int share) {
   auto* grid = new TickGrid(name, purpose, {{.heading = heading}});
   grid->horizontalHeader()->setSectionResizeMode(kTextColumn, QHeaderView::Stretch);
+  grid->setMinimumHeight(2 * controls::kBoxHeight);  // several are above each other
   AddBesideReport(grid, share);
   return grid;
 }

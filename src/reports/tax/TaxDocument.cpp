@@ -58,7 +58,7 @@ Row TotalRow(std::span<const Paise> sums) {
   return row;
 }
 
-/// What stands before filing, a line a point.
+/// What is open before filing, a line a point.
 QStringList NotesOf(std::span<const Point> points) {
   QStringList notes;
   for (const Point& point : points) {

@@ -2,6 +2,7 @@
 
 #include "core/app/Ini.h"
 #include "core/rates/QuoteDesk.h"
+#include "core/text/Tr.h"
 
 #include <memory>
 #include <utility>
@@ -53,6 +54,15 @@ class ExchangeDesk {
 QString DeliveryText(Delivery delivery) {
   return delivery == Delivery::kDeliveryBased ? QStringLiteral("Delivery Based")
                                               : QStringLiteral("Non Delivery Based");
+}
+
+QString ShownDelivery(const QString& stored) {
+  const std::optional<Delivery> delivery = DeliveryOf(stored);
+  if (!delivery) {
+    return stored;
+  }
+  return *delivery == Delivery::kDeliveryBased ? Tr("Bills", "Delivery Based")
+                                               : Tr("Bills", "Non Delivery Based");
 }
 
 std::optional<Delivery> DeliveryOf(const QString& text) {

@@ -20,8 +20,11 @@ namespace quorvane::bills {
 
 enum class Delivery : std::uint8_t { kDeliveryBased, kNonDeliveryBased };
 
-/// "Delivery Based" or "Non Delivery Based": what is shown and stored.
+/// "Delivery Based" or "Non Delivery Based": what is stored.
 QString DeliveryText(Delivery delivery);
+
+/// A stored text in the user's language; one that is no way of delivery as it is.
+QString ShownDelivery(const QString& stored);
 
 /// nullopt for any other text; old bills have some.
 std::optional<Delivery> DeliveryOf(const QString& text);

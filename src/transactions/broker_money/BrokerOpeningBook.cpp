@@ -10,6 +10,10 @@
 
 namespace quorvane::broker_money {
 
+QString SideChoices() {
+  return QStringLiteral("#0;%1|#1;%2").arg(Tr("BrokerMoney", "Dr"), Tr("BrokerMoney", "Cr"));
+}
+
 MaybeRefusal CheckBrokerOpening(const BrokerOpening& opening) {
   if (!opening.broker) {
     return Refusal{Tr("BrokerMoney", "Enter Broker Name."), Field::kBroker};

@@ -16,8 +16,8 @@ using BrokerOpeningId = Id<struct BrokerOpeningTag>;
 
 using LedgerSide = records::DebitCredit;
 
-/// The sides as a grid shows them.
-inline constexpr char kSideChoices[] = "#0;Dr|#1;Cr";
+/// The sides as a grid shows them, in the user's language: "#0;Dr|#1;Cr".
+QString SideChoices();
 
 /// What a client owed a broker, or had with the broker, when a financial year began.
 struct BrokerOpening {

@@ -20,11 +20,20 @@ MaybeRefusal CheckPaymentDate(const QString& date, text::FinancialYear year) {
   return std::nullopt;
 }
 
+QString Choices(const QString& first, const QString& second) {
+  return QStringLiteral("#0;%1|#1;%2").arg(first, second);
+}
+
 }  // namespace
 
+QString PaymentModeChoices() {
+  return Choices(Tr("BrokerMoney", "Cash"), Tr("BrokerMoney", "Cheque"));
+}
+
 QString TransactionChoices(PaymentKind kind) {
-  return kind == PaymentKind::kPayment ? QStringLiteral("#0;Payment|#1;Cr. By Broker")
-                                       : QStringLiteral("#0;Receving|#1;Dr. By Broker");
+  return kind == PaymentKind::kPayment
+             ? Choices(Tr("BrokerMoney", "Payment"), Tr("BrokerMoney", "Cr. By Broker"))
+             : Choices(Tr("BrokerMoney", "Receving"), Tr("BrokerMoney", "Dr. By Broker"));
 }
 
 QString KindTitle(PaymentKind kind) {

@@ -19,9 +19,9 @@ enum class PaymentKind : std::uint8_t { kPayment, kReceipt };
 /// As stored.
 enum class PaymentMode : std::uint8_t { kCash = 0, kCheque = 1 };
 
-inline constexpr char kPaymentModeChoices[] = "#0;Cash|#1;Cheque";
-
-/// "#0;Payment|#1;Cr. By Broker", or the list of receipts.
+/// Lists for grids, in the user's language: "#0;Cash|#1;Cheque" and "#0;Payment|#1;Cr. By Broker",
+/// or that of receipts.
+QString PaymentModeChoices();
 QString TransactionChoices(PaymentKind kind);
 
 /// "Payment To Broker" or "Received From Broker".

@@ -71,7 +71,7 @@ Refusal Named(Transaction& transaction, const Action& action, const Refusal& ref
   auto rows = transaction.Open("Select Name From Script Where Id=?", action.scrip);
   const QString scrip = rows.Next() ? rows.Text(0) : QString();
   return {QStringLiteral("%1, %2, %3: %4")
-              .arg(scrip, actions::Describe(action), action.ex_day, refusal.text),
+              .arg(scrip, actions::DescribeForUser(action), action.ex_day, refusal.text),
           refusal.field};
 }
 

@@ -85,7 +85,7 @@ class Lister {
     listed.action.other = OtherOf(row);
     listed.open = OpenPointsOf(listed.action);
     if (listed.purpose.isEmpty()) {
-      listed.purpose = actions::Describe(listed.action);
+      listed.purpose = actions::DescribeForUser(listed.action);
     }
     const MaybeRefusal broken =
         scrip && listed.open.empty() ? actions::Check(listed.action) : MaybeRefusal();

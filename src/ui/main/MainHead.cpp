@@ -83,9 +83,11 @@ void MainHead::ShowTexts() {
 
 void MainHead::ShowTime() {
   const QDateTime now = QDateTime::currentDateTime();
-  const QLocale english(QLocale::English);
-  LblTime->setText(english.toString(now.time(), QStringLiteral("hh:mm:ss AP")));
-  LblDate->setText(english.toString(now.date(), QStringLiteral("dddd, MMMM d, yyyy")));
+  //: The code of the language, in which the names of days and months are written.
+  const QLocale locale(tr("en"));
+  LblTime->setText(locale.toString(now.time(), QStringLiteral("hh:mm:ss AP")));
+  //: The date as the language orders it; the letters stay as they are.
+  LblDate->setText(locale.toString(now.date(), tr("dddd, MMMM d, yyyy")));
 }
 
 // A single "&" would be taken for the mark of an access key.

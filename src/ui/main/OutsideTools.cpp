@@ -24,14 +24,24 @@ bool OutsideTools::IsRunning(const QString& name) const {
   return found != running_.end() && found->second->state() != QProcess::NotRunning;
 }
 
-bool OutsideTools::Show(const QString& name) const {
-  return platform::ShowWindowTitled(name);
+bool OutsideTools::BringUp(const QString& name, controls::Messages& messages) const {
+  if (platform::ShowWindowTitled(name)) {
+    return true;
+  }
+  if (IsRunning(name)) {
+    messages.Inform(tr("%1 is running already.").arg(name));
+    return true;
+  }
+  return false;
+}
+
+void OutsideTools::Open(const QString& name, controls::Messages& messages) {
+  if (!BringUp(name, messages) && !Start(name)) {
+    messages.Refuse(tr("Couldn't start %1. Expected the program as %2.").arg(name, PathOf(name)));
+  }
 }
 
 bool OutsideTools::Start(const QString& name) {
-  if (IsRunning(name)) {
-    return true;
-  }
   const QString path = PathOf(name);
   if (!QFileInfo(path).isExecutable() || QFileInfo(path).isDir()) {
     return false;

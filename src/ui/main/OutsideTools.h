@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Messages.h"
+
 #include <QObject>
 #include <QProcess>
 #include <QString>
@@ -17,19 +19,19 @@ class OutsideTools : public QObject {
  public:
   explicit OutsideTools(const QString& data_folder, QObject* parent = nullptr);
 
-  bool IsRunning(const QString& name) const;
+  /// Brings the program to the front, or starts it. Says so when it is not installed or does not
+  /// start.
+  void Open(const QString& name, controls::Messages& messages);
 
-  /// Brings the program's window to the front; false when it does not run, or where the desktop
-  /// does not let one program show the window of another.
-  bool Show(const QString& name) const;
-
-  /// Starts the program unless it runs already. False when it is not installed or does not start.
-  bool Start(const QString& name);
-
-  /// Where the program is looked for; named in the message when it is missing.
-  QString PathOf(const QString& name) const;
+  /// Brings a program that runs to the front, or says that it runs where the desktop does not let
+  /// one program show the window of another. False when it does not run.
+  bool BringUp(const QString& name, controls::Messages& messages) const;
 
  private:
+  bool IsRunning(const QString& name) const;
+  bool Start(const QString& name);
+  QString PathOf(const QString& name) const;
+
   QString data_folder_;
   std::map<QString, std::unique_ptr<QProcess>> running_;
 };

@@ -67,7 +67,7 @@ void FrmChangeLog::Build() {
   rows->addWidget(halves, 1);
   LblCount = new QLabel();
   LblCount->setObjectName(QStringLiteral("LblCount"));
-  CmdRemove = new ZENButton(QStringLiteral("CmdRemove"), tr("E&xport and Remove Old Entries ..."));
+  CmdRemove = new ZENButton(QStringLiteral("CmdRemove"), tr("E&xport and Remove Old Entries..."));
   CmdRemove->setToolTip(tr("Writes the entries before the first day to a file and removes them"));
   auto* last = new QHBoxLayout();
   last->addWidget(LblCount, 1);
@@ -150,7 +150,7 @@ void FrmChangeLog::Fill() {
       rows.empty() ? tr("There is no such change.")
       : rows.size() == kMostShown
           ? tr("The newest %1 changes; choose days, a user or a client for others.").arg(kMostShown)
-          : tr("%1 changes").arg(rows.size()));
+          : tr("Changes: %1").arg(rows.size()));
   CmdRemove->setEnabled(Session().connection->Author().May(changes::kAdminister));
   VSF->SetRows(std::move(rows));
   if (VSF->CurrentRow() < 0) {

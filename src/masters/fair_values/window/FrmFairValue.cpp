@@ -39,7 +39,7 @@ FrmFairValue::FrmFairValue(controls::Desk& desk)
       held_(tax::ScripsAcquiredByFairValueDay(*desk.session.connection)),
       stored_(book_.Read()),
       entered_(stored_),
-      CmdFile(new ZENButton(QStringLiteral("CmdFile"), tr("Take from &File ..."))),
+      CmdFile(new ZENButton(QStringLiteral("CmdFile"), tr("Take from &File..."))),
       CboShow(new controls::ComboBox),
       LblCount(new QLabel),
       VSF(new Grid(QStringLiteral("VSF"), tr("Highest prices of 31-Jan-2018"))),

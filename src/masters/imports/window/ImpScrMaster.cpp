@@ -42,7 +42,7 @@ ImpScrMaster::ImpScrMaster(controls::Desk& desk)
     : ImpScrWindow(desk, QStringLiteral("ImpScrMaster"), tr("Import Script Master"), {760, 500}),
       VSF(new controls::Grid(QStringLiteral("VSF"), tr("Scrips in the file"))) {
   controls::ZENButton* import =
-      AddSource(QStringLiteral("CmdImport"), tr("From &File ..."),
+      AddSource(QStringLiteral("CmdImport"), tr("From &File..."),
                 tr("A scrip list or a daily price file: .xls, .xlsx, .ods, .csv or .zip"));
   controls::ZENButton* fetch = AddSource(QStringLiteral("CmdFetch"), tr("From the &Exchange"),
                                          tr("The Bombay exchange's newest daily price file"));

@@ -57,7 +57,7 @@ void ImpScrRate::BuildSources() {
   Sources()->addWidget(date);
   Sources()->addWidget(TxtDate);
   controls::ZENButton* import =
-      AddSource(QStringLiteral("CmdImport"), tr("From &File ..."),
+      AddSource(QStringLiteral("CmdImport"), tr("From &File..."),
                 tr("A daily price file of an exchange: .csv, .xls, .xlsx, .ods or .zip"));
   controls::ZENButton* site = AddSource(QStringLiteral("CmdSite"), tr("From the &Archive"),
                                         tr("The daily price file of the date"));

@@ -118,7 +118,7 @@ QLayout* ImpNotes::BuildAssignment() {
   label->setBuddy(Combo5);
   CmdAssign = new ZENButton(QStringLiteral("CmdAssign"), tr("&Assign"));
   CmdAssign->setToolTip(tr("The script is known by this ISIN from now on"));
-  CmdScript = new ZENButton(QStringLiteral("CmdScript"), tr("&New Script ..."));
+  CmdScript = new ZENButton(QStringLiteral("CmdScript"), tr("&New Script..."));
   CmdScript->setToolTip(tr("Opens the scripts, to enter the one with this ISIN"));
   row->addWidget(label);
   row->addWidget(Combo5, 1);
@@ -137,7 +137,7 @@ QLayout* ImpNotes::BuildButtons() {
     buttons->addWidget(button);
     OnClick(button, handler);
   };
-  add(CmdFile, QStringLiteral("CmdFile"), tr("Add a &File ..."), &ImpNotes::CmdFile_Click);
+  add(CmdFile, QStringLiteral("CmdFile"), tr("Add a &File..."), &ImpNotes::CmdFile_Click);
   add(CmdTake, QStringLiteral("CmdTake"), tr("&Take Ticked In"), &ImpNotes::CmdTake_Click);
   add(CmdClear, QStringLiteral("CmdClear"), tr("&Clear the List"), &ImpNotes::CmdClear_Click);
   buttons->addStretch();

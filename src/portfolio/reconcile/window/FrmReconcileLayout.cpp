@@ -113,7 +113,7 @@ QLayout* FrmReconcile::BuildButtons() {
     buttons->addWidget(button);
     OnClick(button, handler);
   };
-  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File ..."), tr("Reads a statement"),
+  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File..."), tr("Reads a statement"),
       &FrmReconcile::CmdFile_Click);
   add(CmdAgain, QStringLiteral("CmdAgain"), tr("Co&mpare Again"),
       tr("Reads the same statement and the books once more"), &FrmReconcile::CmdAgain_Click);

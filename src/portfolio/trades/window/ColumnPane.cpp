@@ -14,6 +14,7 @@ namespace quorvane::portfolio {
 namespace {
 
 using controls::Mask;
+using controls::Row;
 
 enum Column { kHeading, kFirst, kSecond, kMeaning };
 
@@ -43,7 +44,7 @@ int MeaningAt(const ColumnMap& map, int column) {
   return 0;
 }
 
-controls::Row TradeRow(const TradeFile& file, const Trade& trade) {
+Row TradeRow(const TradeFile& file, const Trade& trade) {
   const bool bought = trade.side == records::Side::kPurchase;
   const QString side = bought ? ColumnPane::tr("Purchase") : ColumnPane::tr("Sale");
   return {

@@ -70,7 +70,7 @@ void ImpTrades::Connect() {
 
 void ImpTrades::BuildHead(QVBoxLayout& rows) {
   auto* files = new QHBoxLayout;
-  CmdFile = new ZENButton(QStringLiteral("CmdFile"), tr("&Files ..."));
+  CmdFile = new ZENButton(QStringLiteral("CmdFile"), tr("&Files..."));
   CmdFile->setToolTip(tr("Trade books: .csv, .xlsx, .xls or .ods; several files at once"));
   LblFile = new QLabel;
   LblFile->setObjectName(QStringLiteral("LblFile"));

@@ -11,6 +11,7 @@ namespace quorvane::portfolio {
 namespace {
 
 using controls::Mask;
+using controls::Row;
 
 enum Column {
   kTick,
@@ -50,13 +51,12 @@ QString RemarkOf(const TradeLine& line, const TradedScrip& scrip, const QString&
   }
 }
 
-controls::Row RowOf(int id, const TradeLine& line, const TradedScrip& scrip,
-                    const QString& program_name) {
+Row RowOf(int id, const TradeLine& line, const TradedScrip& scrip, const QString& program_name) {
   const bool bought = line.side == records::Side::kPurchase;
   const QString delivery = line.non_delivery ? LinesPane::tr("No") : LinesPane::tr("Yes");
   return {.id = id,
           .cells = {line.ticked, TextOf(line.state), text::FormatDmy(line.day), Utf8(line.exchange),
-                    Utf8(scrip.naming.Shown()), bought ? QStringLiteral("P") : QStringLiteral("S"),
+                    Utf8(scrip.naming.Shown()), bought ? LinesPane::tr("P") : LinesPane::tr("S"),
                     line.quantity.Number(), line.rate, line.charges.brokerage, line.charges.tax,
                     line.charges.stt, delivery, Utf8(line.bill_number),
                     RemarkOf(line, scrip, program_name)}};

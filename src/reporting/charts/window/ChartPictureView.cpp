@@ -22,7 +22,7 @@
 namespace quorvane::charts {
 namespace {
 
-constexpr int kLongestName = 26;
+constexpr int kLongestName = 23;
 constexpr double kPaiseARupee = 100;
 constexpr double kLakh = 1e5;
 constexpr double kCrore = 1e7;

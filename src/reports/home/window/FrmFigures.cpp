@@ -3,6 +3,7 @@
 #include "controls/Style.h"
 #include "controls/WindowMemory.h"
 #include "core/lookups/Directory.h"
+#include "core/text/Amounts.h"
 #include "reports/home/window/HomeTexts.h"
 
 #include <QHBoxLayout>
@@ -262,7 +263,7 @@ void FrmFigures::ShowTotals() {
     for (int row = 0; row < model.RowCount(); ++row) {
       total += Paise::OfRupees(model.Number(row, column));
     }
-    return Rupees(total);
+    return text::FormatAmount(total.Rupees());
   };
   if (model.RowCount() == 0) {
     LblTotals->setText(what_ == What::kGains ? tr("Nothing was gained by sales of that year.")

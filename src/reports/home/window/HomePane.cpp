@@ -261,7 +261,7 @@ void HomePane::ShowDividends() {
                               one.amount ? Rupees(*one.amount) : QString(), StateOf(one)}});
   }
   if (rows.empty()) {
-    rows.push_back({.cells = {tr("None is announced or outstanding.")}});
+    rows.push_back({.cells = {tr("None to come.")}});
   }
   dividends_.grid->SetRows(std::move(rows));
 }

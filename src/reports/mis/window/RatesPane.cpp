@@ -14,28 +14,14 @@ namespace quorvane::mis {
 namespace {
 
 using controls::Grid;
-using controls::Mask;
 using controls::Row;
 using controls::ZENButton;
 
-enum Column { kName, kType, kNcode, kRate, kScrCls };
 constexpr int kDateWidth = 110;
 constexpr int kDatesWidth = 150;
 
 ZENButton* Button(const char* name, const QString& caption) {
   return new ZENButton(QLatin1String(name), caption);
-}
-
-QString Utf8(const std::string& text) {
-  return QString::fromStdString(text);
-}
-
-std::vector<controls::Column> RateColumns() {
-  return {{.heading = RatesPane::tr("Name")},
-          {.heading = RatesPane::tr("Type")},
-          {.heading = RatesPane::tr("Ncode")},
-          {.heading = RatesPane::tr("Rate"), .mask = Mask::kAmount, .editable = true},
-          {.heading = RatesPane::tr("ScrCls")}};
 }
 
 }  // namespace
@@ -48,7 +34,7 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
       FrmDtList(new QGroupBox(tr("Dates"))),
       FrmRates(new QGroupBox(tr("Market Rates"))),
       VSf1(new Grid(QStringLiteral("VSf1"), tr("Dates with rates"))),
-      VSF(new Grid(QStringLiteral("VSF"), tr("Rates of the date"))),
+      VSF(new RateList),
       Text2(new controls::DateBox),
       cmdAdd(Button("cmdAdd", tr("Add"))),
       cmdModify(Button("cmdModify", tr("Modify"))),
@@ -66,14 +52,15 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
   Text2->SetToday(desk.today);
   CboExchange->setObjectName(QStringLiteral("CboExchange"));
   CboExchange->setAccessibleName(tr("Exchange"));
+  CboExchange->setToolTip(tr("Exchange"));
   CboExchange->SetTexts({QStringLiteral("BSE"), QStringLiteral("NSE")});
   CboExchange->setCurrentIndex(0);
   CmdFetch->setToolTip(tr("The closing prices of the chosen scripts, from the exchange"));
   cmdCancel->SetCancels(true);
-  VSf1->SetColumns({{.heading = tr("Date"), .mask = Mask::kDate}});
+  VSf1->SetColumns({{.heading = tr("Date"), .mask = controls::Mask::kDate}});
+  VSf1->setMinimumWidth(kDateWidth);
   VSf1->setMaximumWidth(kDatesWidth);
   VSf1->horizontalHeader()->setStretchLastSection(true);
-  VSF->SetColumns(RateColumns());
   Arrange();
   Connect(guard);
   Edit(false);
@@ -81,6 +68,8 @@ RatesPane::RatesPane(const controls::Guard& guard, controls::Desk& desk)
 
 void RatesPane::Arrange() {
   auto* dates = new QVBoxLayout(FrmDtList);
+  dates->setContentsMargins(controls::kTightSpacing, controls::kTightSpacing,
+                            controls::kTightSpacing, controls::kTightSpacing);
   dates->addWidget(VSf1);
   auto* rates = new QVBoxLayout(FrmRates);
   auto* head = new QHBoxLayout;
@@ -89,9 +78,6 @@ void RatesPane::Arrange() {
   head->addWidget(label);
   head->addWidget(Text2);
   head->addStretch(1);
-  auto* exchange = new QLabel(tr("Exchange"));
-  exchange->setBuddy(CboExchange);
-  head->addWidget(exchange);
   head->addWidget(CboExchange);
   head->addWidget(CmdFetch);
   head->addWidget(CmdImportRate);
@@ -132,8 +118,6 @@ void RatesPane::Connect(const controls::Guard& guard) {
                 QStringLiteral("VSf1_DblClick"));
   guard.Connect(Text2, &controls::DateBox::Left, this, &RatesPane::Text2_Validate,
                 QStringLiteral("Text2_Validate"));
-  guard.Connect(&VSF->Model(), &controls::GridModel::CellEdited, this, &RatesPane::VSF_AfterEdit,
-                QStringLiteral("VSF_AfterEdit"));
   const auto press_on = [this](QKeySequence::StandardKey key, ZENButton* button) {
     auto* shortcut = new QShortcut(QKeySequence(key), this);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -165,8 +149,7 @@ void RatesPane::Edit(bool editing, bool new_date) {
   CmdFetch->setEnabled(editing);
   Text2->setReadOnly(!new_date);
   Text2->setFocusPolicy(new_date ? Qt::StrongFocus : Qt::ClickFocus);
-  VSF->setEditTriggers(editing ? Grid::EditKeyPressed | Grid::AnyKeyPressed | Grid::DoubleClicked
-                               : Grid::NoEditTriggers);
+  VSF->SetEditing(editing);
 }
 
 // Ten thousand scrips are read when rates are looked at, not when the window opens.
@@ -179,7 +162,7 @@ void RatesPane::showEvent(QShowEvent* event) {
 
 void RatesPane::Refresh() {
   const auto chosen = CurrentDate();
-  ReadScrips();
+  VSF->SetScrips(rates::ListScrips(*desk_.session.connection));
   std::vector<Row> rows;
   for (const text::Date date : book_.Dates()) {
     rows.push_back({.id = static_cast<int>(date.time_since_epoch().count()),
@@ -187,10 +170,6 @@ void RatesPane::Refresh() {
   }
   VSf1->SetRows(std::move(rows));
   SelectDate(chosen);
-}
-
-void RatesPane::ReadScrips() {
-  scrips_ = rates::ListScrips(*desk_.session.connection);
 }
 
 std::optional<text::Date> RatesPane::CurrentDate() const {
@@ -215,9 +194,8 @@ void RatesPane::VSf1_RowColChange() {
   }
   const auto date = CurrentDate();
   Text2->SetDate(date ? text::FormatDmy(*date) : QString());
-  recorded_ = date ? book_.RatesOf(*date) : std::unordered_map<ScripId, double>();
-  ShowRates(recorded_);
   Edit(false);
+  VSF->ShowRates(date ? book_.RatesOf(*date) : RateList::Rates());
 }
 
 void RatesPane::VSf1_DblClick() {
@@ -226,72 +204,24 @@ void RatesPane::VSf1_DblClick() {
   }
 }
 
-// While rates are looked at, scrips without one are left out.
-void RatesPane::ShowRates(const std::unordered_map<ScripId, double>& rates) {
-  std::vector<Row> rows;
-  rows.reserve(editing_ ? scrips_.size() : rates.size());
-  for (const rates::ListedScrip& scrip : scrips_) {
-    const auto rate = rates.find(scrip.id);
-    const bool has_rate = rate != rates.end() && rate->second != 0;
-    if (editing_ || has_rate) {
-      rows.push_back(
-          {.id = scrip.id.value,
-           .cells = {Utf8(scrip.name), Utf8(scrip.type), Utf8(scrip.symbol),
-                     has_rate ? QVariant(rate->second) : QVariant(), Utf8(scrip.scrip_class)}});
-    }
-  }
-  VSF->SetRows(std::move(rows));
-}
-
 void RatesPane::cmdAdd_Click() {
-  recorded_.clear();
   Edit(true, true);
-  ShowRates({});
+  VSF->ShowRates({});
   Text2->SetDate({});
   Text2->setFocus(Qt::OtherFocusReason);
 }
 
 void RatesPane::cmdModify_Click() {
   Edit(true);
-  ShowRates(recorded_);
-  if (VSF->Model().RowCount() > 0) {
-    VSF->setFocus(Qt::OtherFocusReason);
-    VSF->setCurrentIndex(VSF->model()->index(0, kRate));
-  }
+  VSF->ShowRates(VSF->Recorded());
+  VSF->FocusFirstRate();
 }
 
-// A date that has rates already shows them, so that they are changed and not doubled; what was
-// typed so far stays.
 void RatesPane::Text2_Validate() {
   const auto date = Text2->Date();
-  if (Text2->isReadOnly() || !date) {
-    return;
+  if (!Text2->isReadOnly() && date) {
+    VSF->ChangeRecorded(book_.RatesOf(*date));
   }
-  const auto found = book_.RatesOf(*date);
-  for (int row = 0; row < VSF->Model().RowCount(); ++row) {
-    const ScripId scrip{VSF->Model().IdOf(row)};
-    const auto before = recorded_.find(scrip);
-    const double shown = VSF->Model().Number(row, kRate);
-    if (shown != (before == recorded_.end() ? 0 : before->second)) {
-      continue;
-    }
-    const auto rate = found.find(scrip);
-    VSF->Model().SetValue(row, kRate, rate == found.end() ? QVariant() : QVariant(rate->second));
-  }
-  recorded_ = found;
-}
-
-std::vector<rates::ScripRate> RatesPane::Changed() const {
-  std::vector<rates::ScripRate> changed;
-  for (int row = 0; row < VSF->Model().RowCount(); ++row) {
-    const ScripId scrip{VSF->Model().IdOf(row)};
-    const auto before = recorded_.find(scrip);
-    const double rate = VSF->Model().Number(row, kRate);
-    if (rate != (before == recorded_.end() ? 0 : before->second)) {
-      changed.push_back({scrip, rate});
-    }
-  }
-  return changed;
 }
 
 void RatesPane::Refuse(const Refusal& refusal) {
@@ -315,7 +245,7 @@ void RatesPane::cmdUpdate_Click() {
     return;
   }
   Text2_Validate();
-  book_.Save(*date, Changed(), isins_);
+  book_.Save(*date, VSF->Changed(), isins_);
   Edit(false);
   Refresh();
   SelectDate(date);
@@ -358,39 +288,16 @@ void RatesPane::CmdImportRate_Click() {
     return;
   }
   isins_ = std::move(found->isins);
-  std::unordered_map<ScripId, double> by_scrip;
+  RateList::Rates read;
   for (const rates::ScripRate& rate : found->rates) {
-    by_scrip[rate.scrip] = rate.rate;
+    read[rate.scrip] = rate.rate;
   }
-  for (int row = 0; row < VSF->Model().RowCount(); ++row) {
-    const auto rate = by_scrip.find(ScripId{VSF->Model().IdOf(row)});
-    if (rate != by_scrip.end()) {
-      VSF->Model().SetValue(row, kRate, rate->second);
-    }
-  }
+  VSF->SetRates(read);
   desk_.messages.Inform(tr("%1 rates were read; %2 lines of the file belong to no script. Press "
                            "Update to keep them.")
-                            .arg(by_scrip.size())
+                            .arg(read.size())
                             .arg(found->unmatched.size()));
   VSF->setFocus(Qt::OtherFocusReason);
-}
-
-// What is shown is what is kept.
-void RatesPane::VSF_AfterEdit(int row, int column) {
-  if (column == kRate && !VSF->Model().Value(row, kRate).isNull()) {
-    VSF->Model().SetValue(row, kRate, text::RoundAmount(VSF->Model().Number(row, kRate)));
-  }
-}
-
-std::vector<rates::ListedScrip> RatesPane::ChosenScrips() const {
-  std::vector<rates::ListedScrip> chosen;
-  for (const rates::ListedScrip& scrip : scrips_) {
-    const int row = VSF->Model().RowOf(scrip.id.value);
-    if (row >= 0 && VSF->selectionModel()->isRowSelected(row)) {
-      chosen.push_back(scrip);
-    }
-  }
-  return chosen;
 }
 
 // The button stops the fetch that it began.
@@ -403,7 +310,7 @@ void RatesPane::CmdFetch_Click() {
   if (!date) {
     return;
   }
-  std::vector<rates::ListedScrip> scrips = ChosenScrips();
+  std::vector<rates::ListedScrip> scrips = VSF->Chosen();
   if (scrips.empty()) {
     desk_.messages.Inform(tr("Select Script Name!"));
     VSF->setFocus(Qt::OtherFocusReason);
@@ -425,10 +332,8 @@ void RatesPane::CmdFetch_Click() {
 
 void RatesPane::TakeFetched(ScripId scrip, double rate) {
   ++asked_;
-  const int row = VSF->Model().RowOf(scrip.value);
-  if (row >= 0 && rate > 0) {
+  if (rate > 0 && VSF->SetRate(scrip, text::RoundAmount(rate))) {
     ++fetched_;
-    VSF->Model().SetValue(row, kRate, text::RoundAmount(rate));
   }
 }
 

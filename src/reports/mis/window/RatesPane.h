@@ -9,12 +9,12 @@
 #include "core/Result.h"
 #include "core/rates/RateImport.h"
 #include "reports/mis/ExchangeRates.h"
+#include "reports/mis/window/RateList.h"
 
 #include <QGroupBox>
 #include <QWidget>
 
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 namespace quorvane::mis {
@@ -55,10 +55,7 @@ class RatesPane : public QWidget {
   QLayout* ButtonRow();
   void Connect(const controls::Guard& guard);
   void Edit(bool editing, bool new_date = false);
-  void ReadScrips();
-  void ShowRates(const std::unordered_map<ScripId, double>& rates);
   void SelectDate(std::optional<text::Date> date);
-  std::vector<rates::ScripRate> Changed() const;
   std::optional<text::Date> CheckedDate();
   void Refuse(const Refusal& refusal);
 
@@ -72,9 +69,7 @@ class RatesPane : public QWidget {
   void CmdDelete_Click();
   void CmdImportRate_Click();
   void CmdFetch_Click();
-  void VSF_AfterEdit(int row, int column);
 
-  std::vector<rates::ListedScrip> ChosenScrips() const;
   void TakeFetched(ScripId scrip, double rate);
   void FetchEnded();
   void StopFetch();
@@ -86,7 +81,7 @@ class RatesPane : public QWidget {
   QGroupBox* FrmDtList;
   QGroupBox* FrmRates;
   controls::Grid* VSf1;
-  controls::Grid* VSF;
+  RateList* VSF;
   controls::DateBox* Text2;
   controls::ZENButton* cmdAdd;
   controls::ZENButton* cmdModify;
@@ -96,11 +91,9 @@ class RatesPane : public QWidget {
   controls::ZENButton* CmdImportRate;
   controls::ZENButton* cmdUpdate;
   controls::ZENButton* cmdCancel;
-  std::vector<rates::ListedScrip> scrips_;
-  std::unordered_map<ScripId, double> recorded_;  ///< of the date that is shown
-  std::vector<rates::SeenIsin> isins_;            ///< of the file that was read in
-  std::size_t fetched_ = 0;                       ///< rates found by the running fetch
-  std::size_t asked_ = 0;                         ///< scrips of that fetch that were answered
+  std::vector<rates::SeenIsin> isins_;  ///< of the file that was read in
+  std::size_t fetched_ = 0;             ///< rates found by the running fetch
+  std::size_t asked_ = 0;               ///< scrips of that fetch that were answered
   bool editing_ = false;
   bool filling_ = false;
 };

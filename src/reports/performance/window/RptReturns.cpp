@@ -8,6 +8,7 @@ namespace quorvane::performance {
 namespace {
 
 enum Whose { kClient, kFamily };
+constexpr int kFrameTop = 27;  // the boxes are beside those in the period's frame
 
 }  // namespace
 
@@ -20,7 +21,9 @@ RptReturns::RptReturns(reporting::ReportDesk& desk)
   CmbScript = fields->Add(tr("&Script Name"), QStringLiteral("CmbScript"), new controls::ComboBox);
   CmbAccount =
       fields->Add(tr("&Demat A/c No."), QStringLiteral("CmbAccount"), new controls::ComboBox);
+  fields->setContentsMargins(0, kFrameTop, 0, 0);
   row->addLayout(fields, 1);
+  row->setAlignment(fields, Qt::AlignTop);
   whose_ = MakeChoice(QStringLiteral("Frame1"), tr("Whose"), QStringLiteral("optW"),
                       {tr("&Client"), tr("&Family")});
   row->addWidget(whose_.frame);

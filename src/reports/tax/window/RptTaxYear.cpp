@@ -43,7 +43,7 @@ RptTaxYear::RptTaxYear(reporting::ReportDesk& desk)
 QWidget* RptTaxYear::MakeCheckList() {
   auto* pane = new QWidget();
   auto* rows = new QVBoxLayout(pane);
-  VSF = new controls::Grid(QStringLiteral("VSF"), tr("What stands before filing"));
+  VSF = new controls::Grid(QStringLiteral("VSF"), tr("What is open before filing"));
   VSF->SetColumns({{.heading = tr("Client")}, {.heading = tr("State")}, {.heading = tr("Point")}});
   VSF->setWordWrap(true);
   cmdOpen =
@@ -109,9 +109,9 @@ void RptTaxYear::ShowPoints() {
   pages_->setTabText(1, open > 0 ? tr("Check List (%1)").arg(open) : tr("Check List"));
   if (rows.empty()) {
     rows.push_back({.cells = {QString(), QString(),
-                              members_.empty() ? tr("Press Report: what stands before filing is "
+                              members_.empty() ? tr("Press Report: what is open before filing is "
                                                     "then listed here.")
-                                               : tr("Nothing stands before filing.")}});
+                                               : tr("Nothing is open before filing.")}});
   }
   VSF->SetRows(std::move(rows));
 }

@@ -39,8 +39,8 @@ BillLineForm::BillLineForm()
   Combo3->setMinimumContentsLength(kLettersOfSide);
   Combo6->setMinimumContentsLength(kLettersOfDelivery);
   Combo3->SetTexts({tr("Sale"), tr("Purchase")});
-  Combo6->SetTexts(
-      {DeliveryText(Delivery::kDeliveryBased), DeliveryText(Delivery::kNonDeliveryBased)});
+  Combo6->SetTexts({ShownDelivery(DeliveryText(Delivery::kDeliveryBased)),
+                    ShownDelivery(DeliveryText(Delivery::kNonDeliveryBased))});
 }
 
 void BillLineForm::Arrange() {
@@ -97,7 +97,7 @@ void BillLineForm::ShowLine(const LineEntry& line, const ScripFound* scrip) {
   ShowScrip(scrip);
   const std::optional<Side> side = line.GetSide();
   Combo3->setCurrentIndex(!side ? -1 : *side == Side::kSale ? kSale : kPurchase);
-  if (!Combo6->ByText(line.DeliveryType())) {
+  if (!Combo6->ByText(ShownDelivery(line.DeliveryType()))) {
     Combo6->Clear();
   }
   ShowSttPercent(line);

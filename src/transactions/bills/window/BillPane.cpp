@@ -46,7 +46,7 @@ Row RowOf(const BillLine& line, int number, const ScripList& scrips) {
   return {.id = number,
           .cells = {static_cast<int>(line.side), scrips.NameOf(line.scrip), line.quantity.Number(),
                     line.rate, line.brokerage, line.net, line.amount, line.service_tax, line.stt,
-                    line.stt_percent, line.fo ? 1 : 0, line.delivery_type}};
+                    line.stt_percent, line.fo ? 1 : 0, ShownDelivery(line.delivery_type)}};
 }
 
 QString TextOf(std::span<const Piece> pieces) {
@@ -97,18 +97,19 @@ BillPane::BillPane(BillContext& context, RateSource rates, QWidget* window)
 
 QWidget* BillPane::BuildLists() {
   Vs1->SetSortable(false);
-  Vs1->SetColumns({{.heading = tr("S/P"), .choices = QStringLiteral("#0;S|#1;P")},
-                   {.heading = tr("Scrip")},
-                   {.heading = tr("Quantity"), .mask = Mask::kAmount},
-                   {.heading = tr("Rate"), .mask = Mask::kAmount},
-                   {.heading = tr("Brokerage"), .mask = Mask::kAmount},
-                   {.heading = tr("Net Rate"), .mask = Mask::kAmount},
-                   {.heading = tr("Amount"), .mask = Mask::kAmount},
-                   {.heading = tr("Service Tax"), .mask = Mask::kAmount},
-                   {.heading = tr("S.T.T."), .mask = Mask::kAmount},
-                   {.heading = tr("S.T.T. %"), .mask = Mask::kPercent},
-                   {.heading = tr("F&O"), .choices = QStringLiteral("#0;|#1;") + tr("Yes")},
-                   {.heading = tr("Delivery")}});
+  Vs1->SetColumns(
+      {{.heading = tr("S/P"), .choices = QStringLiteral("#0;%1|#1;%2").arg(tr("S"), tr("P"))},
+       {.heading = tr("Scrip")},
+       {.heading = tr("Quantity"), .mask = Mask::kAmount},
+       {.heading = tr("Rate"), .mask = Mask::kAmount},
+       {.heading = tr("Brokerage"), .mask = Mask::kAmount},
+       {.heading = tr("Net Rate"), .mask = Mask::kAmount},
+       {.heading = tr("Amount"), .mask = Mask::kAmount},
+       {.heading = tr("Service Tax"), .mask = Mask::kAmount},
+       {.heading = tr("S.T.T."), .mask = Mask::kAmount},
+       {.heading = tr("S.T.T. %"), .mask = Mask::kPercent},
+       {.heading = tr("F&O"), .choices = QStringLiteral("#0;|#1;") + tr("Yes")},
+       {.heading = tr("Delivery")}});
   auto* lists = new QSplitter(Qt::Horizontal);
   lists->setChildrenCollapsible(false);
   lists->addWidget(Vs1);

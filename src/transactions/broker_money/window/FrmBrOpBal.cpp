@@ -32,12 +32,12 @@ void FrmBrOpBal::BuildFields() {
   Text1_0 =
       fields->Add(tr("Openin&g Balance"), QStringLiteral("Text1_0"), new controls::AmountBox());
   Combo2 = fields->Add(tr("Dr/Cr"), QStringLiteral("Combo2"), new ComboBox());
-  Combo2->SetItems(controls::ValueList(QLatin1String(kSideChoices)).Items());
+  Combo2->SetItems(controls::ValueList(SideChoices()).Items());
   List().SetColumns(
       {{.heading = tr("Broker Name"),
         .choices = lookups::ChoiceList(*Session().connection, lookups::Choices::kBrokers)},
        {.heading = tr("Opening Balance"), .mask = controls::Mask::kAmount},
-       {.heading = tr("Dr/Cr"), .choices = QLatin1String(kSideChoices)}});
+       {.heading = tr("Dr/Cr"), .choices = SideChoices()}});
 }
 
 void FrmBrOpBal::FillList() {

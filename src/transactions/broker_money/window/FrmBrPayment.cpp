@@ -42,7 +42,7 @@ void FrmBrPayment::BuildFields() {
   Text1_0 = fields->Add(tr("Amount"), QStringLiteral("Text1_0"), new controls::AmountBox());
   Text1_1 = fields->Add(tr("Date"), QStringLiteral("Text1_1"), new DateBox());
   Combo3 = fields->Add(tr("Payment Mod&e"), QStringLiteral("Combo3"), new ComboBox());
-  Combo3->SetItems(controls::ValueList(QLatin1String(kPaymentModeChoices)).Items());
+  Combo3->SetItems(controls::ValueList(PaymentModeChoices()).Items());
   Text1_2 = fields->Add(tr("C&heque No."), QStringLiteral("Text1_2"), new TextBox());
   Text1_3 = fields->Add(tr("Cheque Date"), QStringLiteral("Text1_3"), new DateBox());
   Text1_4 = fields->Add(tr("Dra&wn On"), QStringLiteral("Text1_4"), new TextBox(), 2);
@@ -61,7 +61,7 @@ void FrmBrPayment::SetListColumns() {
         .choices = lookups::ChoiceList(*Session().connection, lookups::Choices::kBrokers)},
        {.heading = tr("Transaction Mode"), .choices = TransactionChoices(kind_)},
        {.heading = tr("Amount"), .mask = Mask::kAmount},
-       {.heading = tr("Payment Mode"), .choices = QLatin1String(kPaymentModeChoices)},
+       {.heading = tr("Payment Mode"), .choices = PaymentModeChoices()},
        {.heading = tr("Cheque No.")},
        {.heading = tr("Cheque Date"), .mask = Mask::kDate},
        {.heading = tr("Drawn On")},

@@ -19,33 +19,13 @@ namespace {
 
 using actions::AccountEffect;
 using actions::ActionKind;
-using controls::ComboBox;
 using controls::Mask;
-using controls::TextBox;
 using controls::ZENButton;
 
-enum Day { kExDay, kRecordDay, kAllotment };
 enum AccountColumn { kClient, kAccount, kBefore, kChosen };
-
-QString KindTitle(ActionKind kind) {
-  return Tr("Actions", actions::NameOf(kind).title);
-}
-
-std::vector<lookups::Item> KindItems() {
-  std::vector<lookups::Item> items;
-  items.reserve(actions::kKinds.size());
-  for (const actions::KindName& name : actions::kKinds) {
-    items.push_back({static_cast<int>(name.kind), KindTitle(name.kind)});
-  }
-  return items;
-}
 
 bool HasChoice(ActionKind kind) {
   return kind == ActionKind::kRights || kind == ActionKind::kBuyBack;
-}
-
-QString NumberOrNothing(double number) {
-  return number == 0 ? QString() : text::NumberText(number);
 }
 
 }  // namespace
@@ -53,8 +33,15 @@ QString NumberOrNothing(double number) {
 FrmCorpAction::FrmCorpAction(controls::Desk& desk)
     : RecordWindow(desk, QStringLiteral("FrmCorpAction"), tr("Corporate Actions"), {790, 520},
                    QStringLiteral("VSF")),
-      book_(*desk.session.connection) {
-  BuildFields();
+      book_(*desk.session.connection),
+      fields_(new ActionFields(Details())) {
+  for (controls::DateBox* day : fields_->Days()) {
+    Watch(day);
+  }
+  On(fields_->Kind(), &QComboBox::activated, &FrmCorpAction::Combo1_Click,
+     QStringLiteral("Combo1_Click"));
+  On(fields_->Kind(), &controls::ComboBox::Left, &FrmCorpAction::Combo1_Click,
+     QStringLiteral("Combo1_Click"));
   BuildAccounts();
   BuildButtons();
   SetListColumns();
@@ -68,37 +55,6 @@ FrmCorpAction::FrmCorpAction(controls::Desk& desk)
         {Field::kRecordDate, QStringLiteral("Text2_1")},
         {Field::kAllotmentDate, QStringLiteral("Text2_2")}});
   Start();
-}
-
-void FrmCorpAction::BuildFields() {
-  constexpr int kWhole = 2;
-  auto* fields = new controls::FieldLayout(2, Details());
-  Combo1 = fields->Add(tr("&Kind"), QStringLiteral("Combo1"), new ComboBox());
-  fields->NewRow();
-  Combo2 = fields->Add(tr("&Script"), QStringLiteral("Combo2"), new ComboBox(), kWhole);
-  const auto add_day = [&](Day day, const QString& label) {
-    Text2[day] = fields->Add(label, QStringLiteral("Text2_%1").arg(day), new controls::DateBox());
-    Watch(Text2[day]);
-  };
-  const auto add = [&](Box box, const QString& label, TextBox* control) {
-    Text1[box] = fields->Add(label, QStringLiteral("Text1_%1").arg(box), control);
-  };
-  add_day(kExDay, tr("E&x-Date"));
-  add_day(kRecordDay, tr("&Record Date"));
-  add(New, tr("Ne&w Shares"), new controls::NumberBox());
-  add(Old, tr("for Shares &Held"), new controls::NumberBox());
-  Combo3 = fields->Add(tr("&To Script"), QStringLiteral("Combo3"), new ComboBox(), kWhole);
-  add(Price, tr("Pr&ice per Share"), new controls::NumberBox());
-  add(Percent, tr("Cost Mo&ved (%)"), new controls::NumberBox());
-  add_day(kAllotment, tr("A&llotment Date"));
-  fields->NewRow();
-  TxtNote = fields->Add(tr("N&ote"), QStringLiteral("TxtNote"), new TextBox(), kWhole);
-  constexpr int kNoteLength = 255;
-  TxtNote->setMaxLength(kNoteLength);
-  fields->setRowStretch(fields->rowCount(), 1);
-  Combo1->SetItems(KindItems());
-  On(Combo1, &QComboBox::activated, &FrmCorpAction::Combo1_Click, QStringLiteral("Combo1_Click"));
-  On(Combo1, &ComboBox::Left, &FrmCorpAction::Combo1_Click, QStringLiteral("Combo1_Click"));
 }
 
 void FrmCorpAction::BuildAccounts() {
@@ -132,9 +88,9 @@ void FrmCorpAction::BuildButtons() {
       tr("Changes the holdings of every account shown"), &FrmCorpAction::CmdApply_Click);
   add(CmdTakeBack, QStringLiteral("CmdTakeBack"), tr("Ta&ke Back"),
       tr("Makes the holdings as they were before the action"), &FrmCorpAction::CmdTakeBack_Click);
-  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File ..."),
+  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File..."),
       tr("Reads the corporate actions of an exchange's list"), &FrmCorpAction::CmdFile_Click);
-  add(CmdStatement, QStringLiteral("CmdStatement"), tr("From State&ment ..."),
+  add(CmdStatement, QStringLiteral("CmdStatement"), tr("From State&ment..."),
       tr("Compares holdings with a depository's statement, which suggests actions that are "
          "missing"),
       &FrmCorpAction::CmdStatement_Click);
@@ -149,18 +105,8 @@ void FrmCorpAction::SetListColumns() {
                      {.heading = tr("Note")}});
 }
 
-void FrmCorpAction::FillScrips() {
-  const std::vector<lookups::Item> scrips =
-      lookups::DropDownItems(*Session().connection, lookups::DropDown::kScrips);
-  for (ComboBox* box : {Combo2, Combo3}) {
-    const int chosen = box->CurrentId();
-    box->SetItems(scrips);
-    box->ById(chosen);
-  }
-}
-
 void FrmCorpAction::FillList() {
-  FillScrips();
+  fields_->SetScrips(lookups::DropDownItems(*Session().connection, lookups::DropDown::kScrips));
   listed_ = book_.List();
   const lookups::Directory directory(*Session().connection);
   const auto name = [&](ScripId scrip) {
@@ -170,106 +116,41 @@ void FrmCorpAction::FillList() {
   for (const Action& action : listed_) {
     rows.push_back(
         {.id = action.id.value,
-         .cells = {action.ex_day, name(action.scrip), actions::Describe(action), name(action.other),
-                   action.applied ? tr("Yes") : tr("No"), action.note}});
+         .cells = {action.ex_day, name(action.scrip), actions::DescribeForUser(action),
+                   name(action.other), action.applied ? tr("Yes") : tr("No"), action.note}});
   }
   List().SetRows(std::move(rows));
 }
 
 void FrmCorpAction::Clear() {
-  for (ComboBox* box : {Combo1, Combo2, Combo3}) {
-    box->Clear();
-  }
-  for (TextBox* box : Text1) {
-    box->clear();
-  }
-  for (controls::DateBox* box : Text2) {
-    box->clear();
-  }
-  TxtNote->clear();
+  fields_->Clear();
   ClearEffects();
 }
 
 void FrmCorpAction::Load(int id) {
   const auto found = std::ranges::find(listed_, ActionId{id}, &Action::id);
   if (found != listed_.end()) {
-    Fill(*found);
+    fields_->Fill(*found);
   }
 }
 
-void FrmCorpAction::Fill(const Action& action) {
-  Combo1->ById(static_cast<int>(action.kind));
-  Combo2->ById(action.scrip.value);
-  Combo3->ById(action.other.value);
-  Text2[kExDay]->setText(action.ex_day);
-  Text2[kRecordDay]->setText(action.record_day);
-  Text2[kAllotment]->setText(action.allotment_day);
-  Text1[New]->setText(NumberOrNothing(action.new_shares.Number()));
-  Text1[Old]->setText(NumberOrNothing(action.old_shares.Number()));
-  Text1[Price]->setText(NumberOrNothing(action.price));
-  Text1[Percent]->setText(NumberOrNothing(action.cost_percent));
-  TxtNote->setText(action.note);
-}
-
 void FrmCorpAction::BeginEditing() {
-  EnableTerms();
-}
-
-/// Only the terms that the kind has can be entered.
-void FrmCorpAction::EnableTerms() {
-  const bool chosen = Combo1->HasChoice();
-  const actions::Terms terms =
-      chosen ? actions::TermsOf(static_cast<ActionKind>(Combo1->CurrentId())) : actions::Terms{};
-  const bool ratio = terms.ratio || terms.any_ratio;
-  Text1[New]->setEnabled(ratio);
-  Text1[Old]->setEnabled(ratio);
-  Combo3->setEnabled(terms.other || terms.any_other);
-  Text1[Price]->setEnabled(terms.price || terms.fraction);
-  Text1[Price]->setPlaceholderText(terms.fraction ? tr("paid for a part of a share") : QString());
-  Text1[Percent]->setEnabled(terms.percent);
-  Text2[kAllotment]->setEnabled(terms.allotment);
+  fields_->EnableTerms();
 }
 
 void FrmCorpAction::Combo1_Click() {
   if (IsEditing()) {
-    EnableTerms();
+    fields_->EnableTerms();
   }
-}
-
-Action FrmCorpAction::Entered() const {
-  Action action;
-  action.id = ActionId{CurrentId()};
-  action.kind = static_cast<ActionKind>(Combo1->CurrentId());
-  action.scrip = ScripId{Combo2->CurrentId()};
-  action.ex_day = Text2[kExDay]->DateText();
-  action.record_day = Text2[kRecordDay]->DateText();
-  action.note = TxtNote->text().trimmed();
-  const actions::Terms terms = actions::TermsOf(action.kind);
-  const auto number = [this](Box box) { return text::Val(Text1[box]->text()); };
-  if (terms.ratio || terms.any_ratio) {
-    action.new_shares = text::Shares(number(New));
-    action.old_shares = text::Shares(number(Old));
-  }
-  if (terms.other || terms.any_other) {
-    action.other = ScripId{Combo3->CurrentId()};
-  }
-  if (terms.price || terms.fraction) {
-    action.price = number(Price);
-  }
-  if (terms.percent) {
-    action.cost_percent = number(Percent);
-  }
-  if (terms.allotment) {
-    action.allotment_day = Text2[kAllotment]->DateText();
-  }
-  return action;
 }
 
 MaybeRefusal FrmCorpAction::Save() {
-  if (!Combo1->HasChoice()) {
+  if (!fields_->HasKind()) {
     return Refusal{tr("Select the Kind of Action."), Field::kKind};
   }
-  return Saved(book_.Save(Entered()));
+  Action action = fields_->Entered();
+  action.id = ActionId{CurrentId()};
+  return Saved(book_.Save(action));
 }
 
 void FrmCorpAction::Remove(int id) {
@@ -363,7 +244,7 @@ void FrmCorpAction::FillAccounts(const std::vector<AccountEffect>& effects) {
 void FrmCorpAction::TellOfEffects(const Action& action, std::size_t accounts) {
   const lookups::Directory directory(*Session().connection);
   QString text = tr("%1 of %2, Ex-Date %3. Accounts that hold the shares: %4.")
-                     .arg(actions::Describe(action),
+                     .arg(actions::DescribeForUser(action),
                           QString::fromStdString(directory.Scrip(action.scrip).name), action.ex_day)
                      .arg(accounts);
   if (action.applied && !book_.IsCurrent(action)) {
@@ -394,7 +275,7 @@ void FrmCorpAction::CmdApply_Click() {
   }
   if (effects_of_ != action.id.value ||
       !Say().Ask(tr("Apply %1 to the Holdings of %2 Accounts?")
-                     .arg(actions::Describe(action))
+                     .arg(actions::DescribeForUser(action))
                      .arg(effects_.size()),
                  controls::Answer::kNo, controls::Icon::kInformation)) {
     return;
@@ -415,7 +296,7 @@ void FrmCorpAction::CmdApply_Click() {
 
 void FrmCorpAction::CmdTakeBack_Click() {
   const Action action = Chosen();
-  if (!Say().Ask(tr("Take back %1 of %2?").arg(actions::Describe(action), action.ex_day),
+  if (!Say().Ask(tr("Take back %1 of %2?").arg(actions::DescribeForUser(action), action.ex_day),
                  controls::Answer::kNo, controls::Icon::kInformation)) {
     return;
   }
@@ -455,8 +336,8 @@ void FrmCorpAction::TakeProposed() {
     return;
   }
   cmdAdd->click();
-  Fill(action);
-  EnableTerms();
+  fields_->Fill(action);
+  fields_->EnableTerms();
 }
 
 }  // namespace quorvane::corporate_actions

@@ -1,13 +1,9 @@
 #pragma once
 
-#include "controls/ComboBox.h"
-#include "controls/DateBox.h"
-#include "controls/FieldLayout.h"
 #include "controls/RecordWindow.h"
-#include "controls/TextBox.h"
 #include "transactions/corporate_actions/ActionBook.h"
+#include "transactions/corporate_actions/window/ActionFields.h"
 
-#include <array>
 #include <vector>
 
 class QLabel;
@@ -37,23 +33,15 @@ class FrmCorpAction : public controls::RecordWindow {
   void StateChanged() override;
 
  private:
-  enum Box { New, Old, Price, Percent, kBoxes };
-
-  void BuildFields();
   void BuildAccounts();
   void BuildButtons();
   void SetListColumns();
-  void FillScrips();
-  void EnableTerms();
-  Action Entered() const;
   Action Chosen() const;
   void ShowEffects();
   void ClearEffects();
   void FillAccounts(const std::vector<actions::AccountEffect>& effects);
   void TellOfEffects(const Action& action, std::size_t accounts);
-  bool MayRun(const QString& question);
   void TakeProposed();
-  void Fill(const Action& action);
 
   void Combo1_Click();
   void VSA_AfterEdit(int row, int column);
@@ -64,16 +52,11 @@ class FrmCorpAction : public controls::RecordWindow {
   void CmdStatement_Click();
 
   ActionBook book_;
+  ActionFields* fields_;
   std::vector<Action> listed_;
   std::vector<actions::AccountEffect> effects_;  ///< as shown
   ChosenShares chosen_;                          ///< entered beside the accounts
   int effects_of_ = 0;                           ///< the action whose effects are shown
-  controls::ComboBox* Combo1 = nullptr;          ///< kind
-  controls::ComboBox* Combo2 = nullptr;          ///< scrip
-  controls::ComboBox* Combo3 = nullptr;          ///< the other scrip
-  std::array<controls::TextBox*, kBoxes> Text1{};
-  std::array<controls::DateBox*, 3> Text2{};  ///< ex-date, record date, allotment
-  controls::TextBox* TxtNote = nullptr;
   controls::Grid* VSA = nullptr;
   QLabel* LblEffect = nullptr;
   controls::ZENButton* CmdPreview = nullptr;

@@ -69,7 +69,7 @@ void ImpCorpAction::Build() {
     buttons->addWidget(button);
     OnClick(button, handler);
   };
-  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File ..."), &ImpCorpAction::CmdFile_Click);
+  add(CmdFile, QStringLiteral("CmdFile"), tr("From &File..."), &ImpCorpAction::CmdFile_Click);
   add(CmdRecord, QStringLiteral("CmdRecord"), tr("&Record Ticked"),
       &ImpCorpAction::CmdRecord_Click);
   add(CmdApply, QStringLiteral("CmdApply"), tr("Record and &Apply Ticked"),
@@ -113,10 +113,10 @@ void ImpCorpAction::Fill() {
     ready += ticked ? 1 : 0;
     rows.push_back(
         {.id = static_cast<int>(i) + 1,
-         .cells = {
-             ticked, row.scrip_name.isEmpty() ? row.name : row.scrip_name, row.action.ex_day,
-             row.state == ActionState::kNotUnderstood ? QString() : actions::Describe(row.action),
-             TextOf(row.state), row.purpose, RemarkOf(row)}});
+         .cells = {ticked, row.scrip_name.isEmpty() ? row.name : row.scrip_name, row.action.ex_day,
+                   row.state == ActionState::kNotUnderstood ? QString()
+                                                            : actions::DescribeForUser(row.action),
+                   TextOf(row.state), row.purpose, RemarkOf(row)}});
   }
   if (!path_.isEmpty()) {
     LblFile->setText(tr("%1: %2 actions, %3 of them ready to be recorded. %4 rows mean nothing "

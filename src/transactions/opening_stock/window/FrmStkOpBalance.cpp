@@ -21,8 +21,6 @@ using controls::Mask;
 using controls::TextBox;
 using controls::ZENButton;
 
-constexpr char kFoChoices[] = "#0;No|#1;Yes";
-
 /// For a number that follows from others.
 TextBox* ShownBox() {
   auto* box = new AmountBox();
@@ -144,18 +142,19 @@ void FrmStkOpBalance::BuildButtons() {
 
 void FrmStkOpBalance::SetListColumns() {
   database::Connection& connection = *Session().connection;
-  List().SetColumns({{.heading = tr("Script Name"),
-                      .choices = lookups::ChoiceList(connection, lookups::Choices::kScripNames)},
-                     {.heading = tr("Demat A/c No."),
-                      .choices = lookups::AccountChoiceList(connection, of_.client)},
-                     {.heading = tr("Rate"), .mask = Mask::kAmount},
-                     {.heading = tr("Quantity"), .mask = Mask::kAmount},
-                     {.heading = tr("Purchase Date"), .mask = Mask::kDate},
-                     {.heading = tr("Total"), .mask = Mask::kAmount},
-                     {.heading = tr("Service Tax"), .mask = Mask::kAmount},
-                     {.heading = tr("STT"), .mask = Mask::kAmount},
-                     {.heading = tr("F&O"), .choices = QLatin1String(kFoChoices)},
-                     {.heading = tr("Brokerage"), .mask = Mask::kAmount}});
+  List().SetColumns(
+      {{.heading = tr("Script Name"),
+        .choices = lookups::ChoiceList(connection, lookups::Choices::kScripNames)},
+       {.heading = tr("Demat A/c No."),
+        .choices = lookups::AccountChoiceList(connection, of_.client)},
+       {.heading = tr("Rate"), .mask = Mask::kAmount},
+       {.heading = tr("Quantity"), .mask = Mask::kAmount},
+       {.heading = tr("Purchase Date"), .mask = Mask::kDate},
+       {.heading = tr("Total"), .mask = Mask::kAmount},
+       {.heading = tr("Service Tax"), .mask = Mask::kAmount},
+       {.heading = tr("STT"), .mask = Mask::kAmount},
+       {.heading = tr("F&O"), .choices = QStringLiteral("#0;%1|#1;%2").arg(tr("No"), tr("Yes"))},
+       {.heading = tr("Brokerage"), .mask = Mask::kAmount}});
 }
 
 void FrmStkOpBalance::FillList() {

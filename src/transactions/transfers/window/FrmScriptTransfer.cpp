@@ -21,7 +21,6 @@ using controls::TextBox;
 using lookups::Choices;
 
 constexpr int kListScript = 5;
-constexpr char kDestinationChoices[] = "#0;Own Account|#1;Another Client|";
 
 /// Shows what the chosen lot says.
 template <class Box>
@@ -101,14 +100,16 @@ void FrmScriptTransfer::SetColumns() {
   VS->SetColumns({{.heading = tr("Script Name"), .choices = scrips},
                   {.heading = tr("Rate"), .mask = Mask::kAmount},
                   {.heading = tr("Quantity"), .mask = Mask::kAmount}});
-  List().SetColumns({{.heading = tr("Date"), .mask = Mask::kDate},
-                     {.heading = tr("From A/c"), .choices = accounts},
-                     {.heading = tr("To"), .choices = QLatin1String(kDestinationChoices)},
-                     {.heading = tr("To A/c"), .choices = accounts},
-                     {.heading = tr("To Client"), .choices = ClientChoiceList(connection)},
-                     {.heading = tr("Script Name"), .choices = scrips},
-                     {.heading = tr("Rate"), .mask = Mask::kAmount},
-                     {.heading = tr("Quantity"), .mask = Mask::kAmount}});
+  List().SetColumns(
+      {{.heading = tr("Date"), .mask = Mask::kDate},
+       {.heading = tr("From A/c"), .choices = accounts},
+       {.heading = tr("To"),
+        .choices = QStringLiteral("#0;%1|#1;%2").arg(tr("Own Account"), tr("Another Client"))},
+       {.heading = tr("To A/c"), .choices = accounts},
+       {.heading = tr("To Client"), .choices = ClientChoiceList(connection)},
+       {.heading = tr("Script Name"), .choices = scrips},
+       {.heading = tr("Rate"), .mask = Mask::kAmount},
+       {.heading = tr("Quantity"), .mask = Mask::kAmount}});
   Combo1->SetItems(lookups::AccountItems(connection, of_.client));
 }
 

@@ -1,7 +1,7 @@
+#include "core/text/Amounts.h"
 #include "reports/Sample.h"
 #include "reports/home/KeptFigures.h"
 #include "reports/home/window/FrmFigures.h"
-#include "reports/home/window/HomeTexts.h"
 #include "support/DatabaseTest.h"
 #include "support/ShownWindow.h"
 
@@ -93,7 +93,7 @@ class FrmFiguresTest : public QObject {
 
   void TotalsAreOfTheLinesThatAreShown() {
     ShownFigures shown(*database_, FrmFigures::What::kHoldings);
-    const auto text = [&] { return home::Rupees(shown.Sum(kCost)); };
+    const auto text = [&] { return text::FormatAmount(shown.Sum(kCost).Rupees()); };
     QVERIFY(Totals(shown).contains(text()));
     const QString whole = Totals(shown);
     shown.List().Header().findChild<QLineEdit*>()->setText(

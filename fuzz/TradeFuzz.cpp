@@ -1,5 +1,6 @@
 #include "core/files/TableReaders.h"
 #include "portfolio/trades/TradeFile.h"
+#include "portfolio/trades/TradeIdentity.h"
 
 #include <QCoreApplication>
 
@@ -30,6 +31,9 @@ void Read(const files::TextTable& table, const FoundHeader& header) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   static_cast<void>(ColumnMap::Parse(bytes));
+  if (ScripInIdentity(bytes) && WithScrip(WithScrip(bytes, {}), "7") != WithScrip(bytes, "7")) {
+    __builtin_trap();
+  }
   try {
     const files::TextTable table = files::ReadCsvText(bytes);
     if (const auto header = FindHeader(table, ShippedLayouts())) {

@@ -2475,10 +2475,6 @@ All Related Data will be Deleted.</source>
         <source>Not Taken</source>
         <translation>नहीं लिया गया</translation>
     </message>
-    <message>
-        <source>The File is no Contract Note in PDF.</source>
-        <translation>फ़ाइल PDF में अनुबंध नोट नहीं है।</translation>
-    </message>
 </context>
 <context>
     <name>OpeningStock</name>
@@ -2923,6 +2919,17 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>The date lies outside the financial year %1.</source>
         <translation>तारीख़ वित्तीय वर्ष %1 से बाहर है।</translation>
+    </message>
+</context>
+<context>
+    <name>SameDay</name>
+    <message>
+        <source>%1 of %2 that recorded bills of %3 bought become Non Delivery Based.</source>
+        <translation>%3 के दर्ज बिलों में खरीदे गए %2 के %1 शेयर बिना डिलीवरी वाले हो जाएँगे।</translation>
+    </message>
+    <message>
+        <source>%1 of %2 that recorded bills of %3 sold become Non Delivery Based.</source>
+        <translation>%3 के दर्ज बिलों में बेचे गए %2 के %1 शेयर बिना डिलीवरी वाले हो जाएँगे।</translation>
     </message>
 </context>
 <context>
@@ -6559,14 +6566,6 @@ Save this one, too?</source>
         <translation>डिलीवरी</translation>
     </message>
     <message>
-        <source>C&amp;lient</source>
-        <translation>ग्राहक (&amp;L)</translation>
-    </message>
-    <message>
-        <source>&amp;Demat A/c No.</source>
-        <translation>डीमैट खाता संख्या (&amp;D)</translation>
-    </message>
-    <message>
         <source>&amp;Broker</source>
         <translation>ब्रोकर (&amp;B)</translation>
     </message>
@@ -6581,14 +6580,6 @@ Save this one, too?</source>
     <message>
         <source>For notes that name none; NSE without a choice</source>
         <translation>जिन नोटों पर एक्सचेंज नहीं लिखा है उनके लिए; न चुनने पर NSE</translation>
-    </message>
-    <message>
-        <source>Pass&amp;word</source>
-        <translation>पासवर्ड (&amp;W)</translation>
-    </message>
-    <message>
-        <source>the client&apos;s PAN is tried by itself</source>
-        <translation>ग्राहक का पैन अपने आप आज़माया जाता है</translation>
     </message>
     <message>
         <source>Script of the ISIN</source>
@@ -6627,10 +6618,6 @@ Save this one, too?</source>
         <translation>डीमैट खाता सं. चुनें।</translation>
     </message>
     <message>
-        <source>Contract Notes (*.pdf);;All Files (*)</source>
-        <translation>अनुबंध नोट (*.pdf);;सभी फ़ाइलें (*)</translation>
-    </message>
-    <message>
         <source>P</source>
         <translation>ख़</translation>
     </message>
@@ -6645,10 +6632,6 @@ Save this one, too?</source>
     <message>
         <source>Delivery Based</source>
         <translation>डिलीवरी आधारित</translation>
-    </message>
-    <message>
-        <source>Choose contract notes in PDF, as brokers send them by e-mail.</source>
-        <translation>PDF में अनुबंध नोट चुनें, जैसे ब्रोकर ई-मेल से भेजते हैं।</translation>
     </message>
     <message>
         <source>not read</source>
@@ -6681,6 +6664,14 @@ Save this one, too?</source>
     <message>
         <source>Add a &amp;File...</source>
         <translation>फ़ाइल जोड़ें (&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Contract Notes (*.pdf *.htm *.html *.xlsx *.xls *.ods);;All Files (*)</source>
+        <translation>अनुबंध नोट (*.pdf *.htm *.html *.xlsx *.xls *.ods);;सभी फ़ाइलें (*)</translation>
+    </message>
+    <message>
+        <source>Choose contract notes as brokers send them by e-mail: PDF, web pages or workbooks.</source>
+        <translation>वे अनुबंध नोट चुनें जो ब्रोकर ई-मेल से भेजते हैं: PDF, वेब पृष्ठ या वर्कबुक।</translation>
     </message>
 </context>
 <context>
@@ -6800,6 +6791,25 @@ Save this one, too?</source>
     <message>
         <source>Yes</source>
         <translation>हाँ</translation>
+    </message>
+</context>
+<context>
+    <name>quorvane::paper::PaperFields</name>
+    <message>
+        <source>C&amp;lient</source>
+        <translation>ग्राहक (&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Demat A/c No.</source>
+        <translation>डीमैट खाता संख्या (&amp;D)</translation>
+    </message>
+    <message>
+        <source>Pass&amp;word</source>
+        <translation>पासवर्ड (&amp;W)</translation>
+    </message>
+    <message>
+        <source>the client&apos;s PAN is tried by itself</source>
+        <translation>ग्राहक का पैन अपने आप आज़माया जाता है</translation>
     </message>
 </context>
 <context>
@@ -7481,14 +7491,6 @@ No records only that of the current line.</source>
         <translation>लागत और तारीख़ दर्ज करें (&amp;C)</translation>
     </message>
     <message>
-        <source>C&amp;lient</source>
-        <translation>ग्राहक (&amp;L)</translation>
-    </message>
-    <message>
-        <source>&amp;Demat A/c No.</source>
-        <translation>डीमैट खाता संख्या (&amp;D)</translation>
-    </message>
-    <message>
         <source>Only for a statement that names no account</source>
         <translation>केवल उस विवरण के लिए जिसमें खाता नहीं लिखा है</translation>
     </message>
@@ -7499,14 +7501,6 @@ No records only that of the current line.</source>
     <message>
         <source>Only for a statement that names no day, or to compare with another one</source>
         <translation>केवल उस विवरण के लिए जिसमें तारीख़ नहीं है, या दूसरी तारीख़ से मिलान के लिए</translation>
-    </message>
-    <message>
-        <source>Pass&amp;word</source>
-        <translation>पासवर्ड (&amp;W)</translation>
-    </message>
-    <message>
-        <source>the client&apos;s PAN is tried by itself</source>
-        <translation>ग्राहक का पैन अपने आप आज़माया जाता है</translation>
     </message>
     <message>
         <source>Only D&amp;ifferences</source>

@@ -239,8 +239,9 @@ MaybeRefusal Notes(Context& context, const NoteOptions& options) {
 void AddNote(CLI::App& app, Context& context) {
   auto options = std::make_shared<NoteOptions>();
   CLI::App* command =
-      app.add_subcommand("note", "Record brokers' contract notes in PDF as bills, all or none");
-  command->add_option("files", options->files, "The notes: .pdf")->required();
+      app.add_subcommand("note", "Record brokers' contract notes as bills, all or none");
+  command->add_option("files", options->files, "The notes: PDF, web pages or workbooks")
+      ->required();
   command->add_option("--client", options->client, "Client code")->required();
   command->add_option("--account", options->account, "Demat account of the client")->required();
   command->add_option("--broker", options->broker,

@@ -24,11 +24,6 @@ text::Shares ActionRows::AnyShares(int column) {
   return text::Shares(fields_.Table().Number(static_cast<std::size_t>(column)));
 }
 
-std::optional<Symbol> ActionRows::OptionalScrip(int column) {
-  const bool named = !fields_.Table().Text(static_cast<std::size_t>(column)).empty();
-  return named ? std::optional(fields_.Scrip(column)) : std::nullopt;
-}
-
 /// The place in the list of actions that a number from 1 on means.
 std::optional<std::size_t> ActionRows::ActionAt(int column) {
   const double number = fields_.Table().Number(static_cast<std::size_t>(column));
@@ -62,7 +57,7 @@ void ActionRows::ReadAction() {
   row.scrip = fields_.Scrip(kScripCode);
   const int kind = fields_.Table().Choice(kKind, kKindWords);
   const auto ex_day = fields_.Table().DateOf(kExDate);
-  row.other = OptionalScrip(kOtherScripCode);
+  row.other = fields_.OptionalScrip(kOtherScripCode);
   records::Action& record = row.record;
   record.record_day = fields_.DayText(kRecordDate);
   record.new_shares = AnyShares(kNew);
@@ -89,7 +84,7 @@ void ActionRows::ReadActionLot() {
   row.client = fields_.Client(kClientCode);
   row.account = fields_.Account(kAccountNo);
   row.scrip = fields_.Scrip(kScripCode);
-  row.to_scrip = OptionalScrip(kToScripCode);
+  row.to_scrip = fields_.OptionalScrip(kToScripCode);
   row.acquired = fields_.Table().DateOf(kAcquired);
   records::ActionLot& record = row.record;
   record.rate = fields_.Table().Number(kRate);

@@ -7,6 +7,7 @@
 #include "core/text/Dates.h"
 #include "portfolio/ExportedNames.h"
 #include "portfolio/Portfolio.h"
+#include "portfolio/reconcile/OpeningMarks.h"
 
 #include <algorithm>
 #include <map>
@@ -28,6 +29,7 @@ class DocumentExport {
 
   void Write() {
     WriteOpenings();
+    WriteOpeningMarks();
     WriteTransfers();
     WriteBrokerOpenings();
     WritePayments(FileKind::kPayments, records::Table<records::Payment>::kName, kPaymentModes);
@@ -49,6 +51,30 @@ class DocumentExport {
           file.Row(names_.clients.Use(o.client), names_.accounts.Use(o.account), o.year,
                    names_.scrips.Use(o.scrip), o.quantity, o.rate, o.purchase_date, o.service_tax,
                    o.brokerage, o.stt, o.fo);
+        });
+    file.Finish();
+  }
+
+  /// The opening stock whose cost is still to be entered.
+  void WriteOpeningMarks() {
+    std::vector<reconcile::OpeningMark> marks = reconcile::OpenMarks(connection_, std::nullopt);
+    std::erase_if(marks, [this](const reconcile::OpeningMark& mark) {
+      return !names_.clients.Has(mark.client) || !names_.scrips.Has(mark.scrip) ||
+             !(names_.wanted_clients.empty() || names_.wanted_clients.contains(mark.client));
+    });
+    if (marks.empty()) {
+      return folder_.Remove(LayoutOf(FileKind::kOpeningMarks));
+    }
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kOpeningMarks));
+    InOrder(
+        marks,
+        [this](const reconcile::OpeningMark& mark) {
+          return std::tuple(names_.clients.Use(mark.client), names_.accounts.Use(mark.account),
+                            mark.year, names_.scrips.Use(mark.scrip));
+        },
+        [&](const reconcile::OpeningMark& mark) {
+          file.Row(names_.clients.Use(mark.client), names_.accounts.Use(mark.account), mark.year,
+                   names_.scrips.Use(mark.scrip));
         });
     file.Finish();
   }

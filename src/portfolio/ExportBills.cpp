@@ -1,12 +1,16 @@
 #include "core/records/Lot.h"
+#include "core/records/TradeKey.h"
 #include "core/text/Dates.h"
 #include "portfolio/ExportedNames.h"
 #include "portfolio/OutputFile.h"
 #include "portfolio/Portfolio.h"
+#include "portfolio/trades/TradeIdentity.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
+#include <set>
 #include <span>
 #include <tuple>
 #include <unordered_map>
@@ -16,6 +20,7 @@ namespace {
 
 using records::Bill;
 using records::BillLine;
+using records::TradeKey;
 
 /// A bill line in little room: there may be millions.
 struct Line {
@@ -51,16 +56,69 @@ class BillExport {
     file_ = &folder.Add(layout);
     progress_.Begin(QStringLiteral("bills.csv"), static_cast<std::int64_t>(lines_.size()));
     InOrder(
-        bills_,
-        [this](const Bill& bill) {
-          return std::tuple(names_.clients.Use(bill.client), names_.accounts.Use(bill.account),
-                            text::ParseDmy(bill.date));
-        },
+        bills_, [this](const Bill& bill) { return PlaceOf(bill); },
         [this](const Bill& bill) { WriteBill(bill); });
     file_->Finish();
   }
 
+  /// After Write: the trades of brokers' files that are in its bills.
+  void WriteTradeKeys(OutputFolder& folder) {
+    ReadTradeKeys();
+    if (keys_.empty()) {
+      return folder.Remove(LayoutOf(FileKind::kTradeKeys));
+    }
+    FileLayout layout = LayoutOf(FileKind::kTradeKeys);
+    if (parts_.empty()) {
+      layout.columns = layout.columns.first(trade_keys::kBillPart);
+    }
+    file_ = &folder.Add(layout);
+    InOrder(
+        bills_, [this](const Bill& bill) { return PlaceOf(bill); },
+        [this](const Bill& bill) { WriteTradeKeysOf(bill); });
+    file_->Finish();
+  }
+
  private:
+  /// What puts the bills of all files in order.
+  std::tuple<std::string_view, std::string_view, std::optional<text::Date>> PlaceOf(
+      const Bill& bill) const {
+    return {names_.clients.Use(bill.client), names_.accounts.Use(bill.account),
+            text::ParseDmy(bill.date)};
+  }
+
+  /// Of bills that are written. A trade of a scrip that is gone could not come in again.
+  void ReadTradeKeys() {
+    std::set<BillId> written;
+    for (const Bill& bill : bills_) {
+      if (bill.account) {
+        written.insert(bill.id);
+      }
+    }
+    records::Select<TradeKey>(connection_).Each([&](const TradeKey& trade) {
+      const std::string identity = trade.trade_key.toStdString();
+      const auto scrip = ScripInIdentity(identity);
+      if (written.contains(trade.bill) && (!scrip || names_.scrips.Has(*scrip))) {
+        const std::string_view code = scrip ? names_.scrips.Use(*scrip) : std::string_view();
+        keys_[trade.bill].emplace(WithScrip(identity, {}), code);
+      }
+    });
+  }
+
+  void WriteTradeKeysOf(const Bill& bill) {
+    const auto own = keys_.find(bill.id);
+    if (own == keys_.end()) {
+      return;
+    }
+    const std::string part = PartOf(bill.id);
+    std::string& out = file_->Buffer();
+    for (const auto& [key, code] : own->second) {
+      AppendFields(out, names_.clients.Use(bill.client), names_.accounts.Use(bill.account),
+                   bill.number, bill.date, names_.brokers.Use(bill.broker), key, code);
+      out.append(part) += '\n';
+    }
+    file_->WriteWhenLarge();
+  }
+
   void ReadLots() {
     using records::Lot;
     names_.Select(connection_, &Lot::client).Only<&Lot::id, &Lot::rate>([this](const Lot& lot) {
@@ -188,6 +246,7 @@ class BillExport {
   std::vector<Line> lines_;  ///< by bill
   std::vector<std::string> deliveries_{""};
   std::unordered_map<BillId, int> parts_;
+  std::unordered_map<BillId, std::set<std::pair<std::string, std::string>>> keys_;
   std::int64_t written_ = 0;
 };
 
@@ -195,7 +254,9 @@ class BillExport {
 
 void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportedNames& names,
                  Progress& progress) {
-  BillExport(connection, names, progress).Write(folder);
+  BillExport bills(connection, names, progress);
+  bills.Write(folder);
+  bills.WriteTradeKeys(folder);
 }
 
 }  // namespace quorvane::portfolio

@@ -100,7 +100,8 @@ struct ExportedNames {
 
 // Parts of ExportPortfolio, which use these names.
 
-/// Writes bills.csv: bills by client, account, date and key, each with its lines in order.
+/// Writes bills.csv, bills by client, account, date and key, each with its lines in order; and
+/// trade_keys.csv, the trades of brokers' files by their bills in that order.
 void ExportBills(database::Connection& connection, OutputFolder& folder, const ExportedNames& names,
                  Progress& progress);
 

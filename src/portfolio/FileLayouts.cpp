@@ -174,7 +174,21 @@ constexpr std::array<ColumnLayout, 5> kTaxLosses{{{"client_code", true, 100},
                                                   {"amount", true, 0},
                                                   {"loss_year", false, 0}}};
 
-constexpr std::array<FileLayout, 19> kLayouts{
+constexpr std::array<ColumnLayout, 4> kOpeningMarks{{{"client_code", true, 100},
+                                                     {"account_no", false, 100},
+                                                     {"fyear", true, 0},
+                                                     {"scrip_code", true, 255}}};
+
+constexpr std::array<ColumnLayout, 8> kTradeKeys{{{"client_code", true, 100},
+                                                  {"account_no", true, 100},
+                                                  {"bill_no", true, 100},
+                                                  {"bill_date", true, 0},
+                                                  {"broker", true, 255},
+                                                  {"trade_key", true, 120},
+                                                  {"scrip_code", false, 255},
+                                                  {"bill_part", false, 0}}};
+
+constexpr std::array<FileLayout, 21> kLayouts{
     {{FileKind::kParticipants, "participants.csv", kParticipants},
      {FileKind::kClients, "clients.csv", kClients},
      {FileKind::kAccounts, "accounts.csv", kAccounts},
@@ -193,7 +207,9 @@ constexpr std::array<FileLayout, 19> kLayouts{
      {FileKind::kActionLots, "corporate_action_lots.csv", kActionLots},
      {FileKind::kDividends, "dividends.csv", kDividends},
      {FileKind::kFairValues, "fair_values.csv", kFairValues},
-     {FileKind::kTaxLosses, "tax_losses.csv", kTaxLosses}}};
+     {FileKind::kTaxLosses, "tax_losses.csv", kTaxLosses},
+     {FileKind::kOpeningMarks, "opening_marks.csv", kOpeningMarks},
+     {FileKind::kTradeKeys, "trade_keys.csv", kTradeKeys}}};
 
 }  // namespace
 

@@ -26,7 +26,9 @@ enum class FileKind {
   kActionLots,
   kDividends,
   kFairValues,
-  kTaxLosses
+  kTaxLosses,
+  kOpeningMarks,
+  kTradeKeys
 };
 
 struct ColumnLayout {
@@ -225,6 +227,21 @@ enum {
   kKind,
   kAmount,
   kLossYear  ///< empty: the year before
+};
+}
+namespace opening_marks {
+enum { kClientCode, kAccountNo, kFyear, kScripCode };
+}
+namespace trade_keys {
+enum {
+  kClientCode,
+  kAccountNo,
+  kBillNo,
+  kBillDate,
+  kBroker,
+  kTradeKey,
+  kScripCode,  ///< where the key names a scrip, which it leaves out
+  kBillPart    ///< as in bills.csv
 };
 }
 

@@ -42,6 +42,9 @@ void TakeIn(database::Transaction& transaction, const Portfolio& portfolio, Move
   ImportMovements(transaction, portfolio, names, movements, errors, result, progress);
   ImportMoney(transaction, portfolio, names, errors, result);
   ImportTaxRecords(transaction, portfolio, names, errors, result);
+  if (errors.Empty()) {
+    ImportMarks(transaction, portfolio, names, errors, result);
+  }
 }
 
 ImportResult ImportPortfolio(database::Connection& connection, const QString& folder, bool dry_run,

@@ -23,6 +23,13 @@ struct ResolvedNames {
   /// The account of a client by its number; nullopt when the client has none of it.
   std::optional<AccountId> Account(ClientId client, Symbol number) const;
 
+  /// The same; none for an empty number, which bills and opening stock may have.
+  std::optional<AccountId> AccountOrNone(const Portfolio& portfolio, ClientId client,
+                                         Symbol number) const {
+    const bool none_named = portfolio.account_numbers.Names()[number].text.empty();
+    return client && none_named ? std::optional(AccountId{}) : Account(client, number);
+  }
+
   /// The lot of a scrip at a rate.
   ledger::LotKey LotKeyAt(const ledger::Place& place, Symbol scrip, double rate) const {
     return {place.of, place.account, scrips[scrip], rate};
@@ -59,5 +66,10 @@ void ImportMoney(database::Transaction& transaction, const Portfolio& portfolio,
 /// Takes in fair values and losses brought forward.
 void ImportTaxRecords(database::Transaction& transaction, const Portfolio& portfolio,
                       const ResolvedNames& names, ErrorList& errors, ImportResult& result);
+
+/// Takes in which opening stock has no cost yet and which trades are in bills, once opening stock
+/// and bills are written.
+void ImportMarks(database::Transaction& transaction, const Portfolio& portfolio,
+                 const ResolvedNames& names, ErrorList& errors, ImportResult& result);
 
 }  // namespace quorvane::portfolio

@@ -85,10 +85,8 @@ class MovementImport {
     return alone ? std::optional(names_.clients.front()) : std::nullopt;
   }
 
-  /// Bills, and what a carry forward leaves of them, may stand without a demat account.
   std::optional<AccountId> FindAccount(ClientId client, Symbol number) const {
-    const bool none_named = portfolio_.account_numbers.Names()[number].text.empty();
-    return client && none_named ? std::optional(AccountId{}) : names_.Account(client, number);
+    return names_.AccountOrNone(portfolio_, client, number);
   }
 
   std::optional<AccountId> AccountOf(ClientId client, Symbol number, FileKind file,

@@ -217,6 +217,28 @@ struct TaxLossRow {
   std::size_t line = 0;
 };
 
+/// Opening stock whose cost is still to be entered.
+struct OpeningMarkRow {
+  text::FinancialYear year;
+  Symbol client = 0;
+  Symbol account = 0;
+  Symbol scrip = 0;
+  std::size_t line = 0;
+};
+
+/// A trade of a broker's file that is in a bill.
+struct TradeKeyRow {
+  std::string key;  ///< without its scrip
+  std::string_view bill_number;
+  text::Date bill_date;
+  std::size_t bill_part = 1;
+  Symbol client = 0;
+  Symbol account = 0;
+  Symbol broker = 0;
+  std::optional<Symbol> scrip;
+  std::size_t line = 0;
+};
+
 /// A portfolio folder in memory, checked row by row but not yet against a database. Bills of
 /// another origin have the same form and are taken in by the same rules.
 struct Portfolio {
@@ -241,6 +263,8 @@ struct Portfolio {
   std::vector<DividendRow> dividends;
   std::vector<FairValueRow> fair_values;
   std::vector<TaxLossRow> tax_losses;
+  std::vector<OpeningMarkRow> opening_marks;
+  std::vector<TradeKeyRow> trade_keys;
 
   /// Whether the folder says what was applied; otherwise actions are applied as they are taken in.
   bool has_action_lots = false;

@@ -105,6 +105,10 @@ class Reader {
         return tax_.ReadFairValue();
       case FileKind::kTaxLosses:
         return tax_.ReadTaxLoss();
+      case FileKind::kOpeningMarks:
+        return marks_.ReadOpeningMark();
+      case FileKind::kTradeKeys:
+        return marks_.ReadTradeKey();
     }
   }
 
@@ -222,6 +226,7 @@ class Reader {
   BillRows bills_{portfolio_, fields_};
   ActionRows actions_{portfolio_, fields_};
   TaxRows tax_{portfolio_, fields_};
+  MarkRows marks_{portfolio_, fields_};
 };
 
 }  // namespace

@@ -31,6 +31,7 @@ class RowFields {
   std::optional<Symbol> OptionalClient(int column);  ///< nullopt for an empty field
   Symbol Account(int column) { return SymbolOf(portfolio_.account_numbers, column); }
   Symbol Scrip(int column) { return SymbolOf(portfolio_.scrip_codes, column); }
+  std::optional<Symbol> OptionalScrip(int column);  ///< nullopt for an empty field
   Symbol Broker(int column) { return SymbolOf(portfolio_.broker_names, column); }
   Symbol Exchange(int column) { return SymbolOf(portfolio_.exchange_names, column); }
 
@@ -112,7 +113,6 @@ class ActionRows {
 
  private:
   text::Shares AnyShares(int column);
-  std::optional<Symbol> OptionalScrip(int column);
   std::optional<std::size_t> ActionAt(int column);
 
   Portfolio& portfolio_;
@@ -127,6 +127,20 @@ class TaxRows {
   // Each reads the current row, which is of the file in its name.
   void ReadFairValue();
   void ReadTaxLoss();
+
+ private:
+  Portfolio& portfolio_;
+  RowFields& fields_;
+};
+
+/// Takes the rows of the files that tell what earlier imports left to be known.
+class MarkRows {
+ public:
+  MarkRows(Portfolio& portfolio, RowFields& fields) : portfolio_(portfolio), fields_(fields) {}
+
+  // Each reads the current row, which is of the file in its name.
+  void ReadOpeningMark();
+  void ReadTradeKey();
 
  private:
   Portfolio& portfolio_;

@@ -17,6 +17,11 @@ std::optional<Symbol> RowFields::OptionalClient(int column) {
   return named ? std::optional(Client(column)) : std::nullopt;
 }
 
+std::optional<Symbol> RowFields::OptionalScrip(int column) {
+  const bool named = !table_->Text(static_cast<std::size_t>(column)).empty();
+  return named ? std::optional(Scrip(column)) : std::nullopt;
+}
+
 QString RowFields::Text(int column) const {
   return QString::fromUtf8(table_->Text(static_cast<std::size_t>(column)));
 }

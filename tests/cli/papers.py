@@ -3,9 +3,12 @@
 what is told, and what is recorded."""
 
 import unittest
+from datetime import date
+from html import escape
 from pathlib import Path
 
 import pdf
+import workbook
 from base import write
 from ctl import REFUSED, Case, rows
 
@@ -63,6 +66,63 @@ Securities transaction tax  (5.00)
 SEBI turnover fees  (0.01)
 Stamp duty  (1.00)
 Net amount receivable/(payable by client)  {net}
+"""
+
+
+def note_table(net=-4126.84) -> list[list]:
+    """The same note as a table: what stands beside its heading, and what stands below it."""
+    return [
+        ["LOTUS SECURITIES LIMITED", None, "PAN :", "AAACL1234C"],
+        ["CONTRACT NOTE CUM TAX INVOICE"],
+        ["Contract Note No.", None, "Trade Date"],
+        ["LT/1", None, date(2025, 11, 3)],
+        ["PAN of Client", "ABCPK1234L"],
+        ["ISIN", "Security Name", "BUY", None, None, None, None, "SELL", None, None, None, None,
+         "Net Obligation"],
+        ["INE999A01015", "ZINC ALLOYS LTD", 10, 462, 0.05, 462.05, 4620.5, None, None, None, None,
+         None, 10, 4620.5],
+        ["INE999B01021", "ALUM CASTINGS", None, None, None, None, None, 5, "₹ 100.0000", 0.01, 99.99,
+         "499.95", 5, 499.95],
+        [], ["", "NCL-Cash", "NET TOTAL"],
+        ["Pay in/Pay out obligation (₹)", -4120.55, -4120.55],
+        ["Taxable value of Supply (Brokerage)", -0.55, -0.55],
+        ["Exchange transaction charges", -0.16, -0.16], ["CGST", -0.06, -0.06],
+        ["SGST", -0.06, -0.06], ["Securities transaction tax", -5, -5],
+        ["SEBI turnover fees", -0.01, -0.01], ["Stamp duty", -1, -1],
+        ["Net amount receivable/(payable by client)", net, net]]
+
+
+def web_page(table: list[list]) -> bytes:
+    """As brokers' programs write it: tables within a table, headings over several columns."""
+    def cell(value, span=1) -> str:
+        shown = value.strftime("%d-%b-%Y") if isinstance(value, date) else str(value or "")
+        return f'<td colspan="{span}"><font size=1>{escape(shown) or "&nbsp;"}</font></td>'
+
+    def row(values: list) -> str:
+        spans = {2: 5, 3: 5} if values[:1] == ["ISIN"] else {}
+        kept = [value for value in values if value is not None or not spans]
+        return "<tr>" + "".join(cell(value, spans.get(place, 1))
+                                for place, value in enumerate(kept)) + "</tr>"
+
+    inner = ["<table>" + "".join(map(row, part)) + "</table>"
+             for part in (table[:5], table[5:8], table[9:])]
+    return ("<!DOCTYPE html><html><head><style>td { color: black }</style></head><body>"
+            f"<table><tr><td>{inner[0]}<p>Dear investor,<br>your trades:</td></tr></table>"
+            f"{inner[1]}<div>{inner[2]}</div></body></html>").encode()
+
+
+def day_note(number: str, *lines) -> str:
+    """A note of one day without charges; of a line ISIN, shares (below 0 sold) and rate."""
+    net = sum(-shares * rate for _isin, shares, rate in lines)
+    printed = "\n".join(f"{isin}  SHARES  {abs(shares)} {rate:.3f} 0.00 {rate:.3f} "
+                        f"{abs(shares) * rate:.2f} {shares} {abs(shares) * rate:.2f}"
+                        for isin, shares, rate in lines)
+    return f"""
+LOTUS SECURITIES LIMITED
+Contract Note No. : {number}      Trade Date : 03-Nov-2025
+{printed}
+Pay in/Pay out obligation  {net:.2f}
+Net amount receivable/(payable by client)  {net:.2f}
 """
 
 
@@ -156,6 +216,12 @@ class Papers(Case):
         self.assertIn("opening stock 2025-26 of client NEW was taken from a statement; 1 scrips",
                       self.desk.run("check").stdout)
         self.refused("The Client has Records Already", *take)
+        exported = self.desk.export()
+        self.assertEqual([{"client_code": "NEW", "account_no": "30000003", "fyear": "2025-26",
+                           "scrip_code": "600001"}], rows(exported["opening_marks.csv"].decode()))
+        again = self.new_desk()
+        again.take_in(write(self.folder / "again", exported))
+        self.assert_same_files(exported, again.export())
         self.desk.sql("Update StkOpBal Set Rate=5")
         self.assertNotIn("was taken from a statement", self.desk.run("check", status=None).stdout)
 
@@ -177,6 +243,86 @@ class Papers(Case):
         self.check_is_well(self.desk)
         self.refused("The Note is Entered Already", "note", self.paper, "--client", "AN",
                      "--account", "10000001")
+
+    def test_notes_of_other_forms_become_the_same_bill(self):
+        pdf.write(self.paper, note())
+        self.take()
+        expected = self.desk.export()
+        for form, make in {"html": web_page, "xlsx": workbook.xlsx, "ods": workbook.ods,
+                           "xls": workbook.xls}.items():
+            with self.subTest(form):
+                self.desk = self.new_desk()
+                self.desk.take_in(write(self.folder / form, PORTFOLIO))
+                # The contents say what a file is.
+                self.paper.write_bytes(make(note_table(-4226.84)))
+                self.refused("obligation and charges come to 4126.84, its net amount is 4226.84",
+                             "note", self.paper, "--client", "AN", "--account", "10000001")
+                self.paper.write_bytes(make(note_table()))
+                self.take()
+                self.assert_same_files(expected, self.desk.export())
+
+    def test_what_two_notes_of_a_day_buy_and_sell_is_without_delivery(self):
+        zinc, alum = "INE999A01015", "INE999B01021"
+        bought = day_note("A1", (zinc, 10, 70.005), (alum, 5, 20))
+        sold = day_note("B1", (zinc, -4, 75), (zinc, -3, 76))
+        one, two = self.folder / "one.pdf", self.folder / "two.pdf"
+        seen = set()
+        for name, steps in {"bought first": ((one, bought), (two, sold)),
+                            "sold first": ((one, sold), (two, bought)),
+                            "at once": ((one, bought, two, sold),)}.items():
+            with self.subTest(name):
+                desk = self.new_desk()
+                desk.take_in(write(self.folder / name, PORTFOLIO))
+                for step in steps:
+                    for path, text in zip(step[::2], step[1::2]):
+                        pdf.write(path, text)
+                    command = ("note", *step[::2], "--client", "AN", "--account", "10000001")
+                    before = desk.export()
+                    planned = desk.run(*command, "--dry-run").stdout
+                    self.assert_same_files(before, desk.export())
+                    desk.run(*command)
+                told = "7.00 of ZINC ALLOYS LTD that recorded bills of 03/11/2025 "
+                self.assertEqual("at once" not in name, told in planned, planned)
+                bills = [row for row in rows(desk.export()["bills.csv"].decode())
+                         if row["bill_no"] in ("A1", "B1")]
+                seen.add(tuple(sorted(
+                    (row["bill_no"], row["side"], row["scrip_code"], row["quantity"],
+                     row["delivery_type"], row["lot_rate"]) for row in bills)))
+                self.check_is_well(desk)
+                # Amounts of divided lines are rounded, and the notes are still the same.
+                told = desk.run("note", one, two, "--client", "AN", "--account", "10000001",
+                                status=REFUSED).stdout
+                self.assertEqual(2, told.count("The Note is Entered Already"), told)
+                if name == "sold first":
+                    desk.run("undo", "--client", "AN")
+                    self.assert_same_files(before, desk.export())
+        self.assertEqual({(
+            ("A1", "P", "600001", "3", "Delivery Based", ""),
+            ("A1", "P", "600001", "7", "Non Delivery Based", ""),
+            ("A1", "P", "600002", "5", "Delivery Based", ""),
+            ("B1", "S", "600001", "3", "Non Delivery Based", "70.005"),
+            ("B1", "S", "600001", "4", "Non Delivery Based", "70.005"))}, seen)
+
+    def test_trade_book_meets_a_note_of_its_day(self):
+        pdf.write(self.paper, day_note("A1", ("INE999A01015", 10, 70)))
+        self.take()
+        book = self.folder / "book.csv"
+        book.write_text("symbol,isin,trade_date,exchange,segment,series,trade_type,auction,quantity,"
+                        "price,trade_id,order_id,order_execution_time\n" + "".join(
+                            f"ZINC,INE999A01015,2025-11-03,NSE,EQ,EQ,sell,false,{quantity},75,{trade},"
+                            f"O{trade},2025-11-03T1{trade}:00:00\n"
+                            for trade, quantity in ((1, 4), (2, 9))))
+        command = ("trades", book, "--account", "10000001", "--broker", "LOTUS SECURITIES")
+        told = "10.00 of ZINC ALLOYS LTD that recorded bills of 03/11/2025 bought become"
+        self.assertIn(told, self.desk.run(*command, "--dry-run").stderr)
+        self.desk.run(*command)
+        self.assertEqual(
+            [("P", "10", "Non Delivery Based", ""), ("S", "4", "Non Delivery Based", "70"),
+             ("S", "6", "Non Delivery Based", "70"), ("S", "3", "Delivery Based", "50")],
+            [(row["side"], row["quantity"], row["delivery_type"], row["lot_rate"])
+             for row in rows(self.desk.export()["bills.csv"].decode())
+             if row["bill_date"] == "03/11/2025"])
+        self.check_is_well(self.desk)
 
     def test_revised_note_replaces_the_bill(self):
         pdf.write(self.paper, note())

@@ -284,6 +284,55 @@ class TaxRecords(ComesAgain):
                 self.assert_same_files(before, desk.export())
 
 
+class Marks(ComesAgain):
+    """What imports of statements and trade books leave to be known."""
+
+    KEY = "AN,A1,1,02/05/2011,LOTUS,{},{},{}\n"
+    FILES = {"opening.csv": BASE["opening.csv"] + "AN,A1,2011-12,600002,5,0,31/03/2011\n",
+             "opening_marks.csv": "client_code,account_no,fyear,scrip_code\nAN,A1,2011-12,600002\n",
+             "bills.csv": f"{BILL_HEADER},bill_part\nAN,A1,1,02/05/2011,LOTUS,NSE,P,600001,10,60,0,"
+                          ",,0,,5,\nAN,A1,1,02/05/2011,LOTUS,NSE,P,600001,4,61,0,,,0,,,2\n",
+             "trade_keys.csv": "client_code,account_no,bill_no,bill_date,broker,trade_key,"
+                               "scrip_code,bill_part\n" +
+                               KEY.format("C|NSE|15096||P|10000000|60|1", "600001", "") +
+                               KEY.format("T|NSE|15096|O1|T1|P", "", "2")}
+
+    def test_they_come_out_and_in_again(self):
+        desk = self.new_desk()
+        desk.take_in(write(self.new_folder(), BASE | self.FILES))
+        self.assertEqual([["C|NSE|15096|1|P|10000000|60|1", "1"], ["T|NSE|15096|O1|T1|P", "2"]],
+                         desk.sql("Select TradeKey,BillId From TradeKey Order By BillId"))
+        out = desk.export("--client", "AN")
+        for name in ("opening_marks.csv", "trade_keys.csv"):
+            self.assertEqual(self.FILES[name], out[name].decode())
+        self.assert_comes_again(desk)
+        part = {name: self.FILES[name] for name in ("opening_marks.csv", "trade_keys.csv")}
+        desk.take_in(write(self.new_folder(), part))
+        self.assert_same_files(out, desk.export("--client", "AN"))
+        self.assertNotIn("trade_keys.csv", desk.export("--client", "BI"))
+
+    def test_what_cannot_be_is_refused(self):
+        desk = self.new_desk()
+        desk.take_in(write(self.new_folder(), BASE | self.FILES))
+        before = desk.export()
+        key = "T|NSE|15096|O1|T2|P"
+        for name, line, told in (
+                ("opening_marks.csv", "AN,A2,2011-12,600002", "expected opening stock of the scrip"),
+                ("opening_marks.csv", "AN,X9,2011-12,600002", "expected opening stock of the scrip"),
+                ("opening_marks.csv", "AN,A1,2011-12,699999", "expected a known scrip"),
+                ("trade_keys.csv", self.KEY.format(key, "", "3"), "bill_no: expected a bill of"),
+                ("trade_keys.csv", self.KEY.format(key, "", "0"), "expected a whole number from 1"),
+                ("trade_keys.csv", self.KEY.format(key, "", "").replace("A1", "B1"),
+                 "account_no: expected an account of the client"),
+                ("trade_keys.csv", self.KEY.format("T|NSE|15096|O1|T1|P", "", ""),
+                 "trade_key: this trade is in another bill already")):
+            with self.subTest(line):
+                header = self.FILES[name].splitlines()[0]
+                folder = write(self.new_folder(), {name: f"{header}\n{line}"})
+                self.assertIn(told, desk.take_in(folder, REFUSED))
+                self.assert_same_files(before, desk.export())
+
+
 class Generated(ComesAgain):
     def test_import_of_an_export_exports_the_same(self):
         for seed, options in ((11, ("--years", "2")), (12, ("--order", "client", "--scrips", "5")),

@@ -6,16 +6,15 @@ import csv
 import io
 import random
 import unittest
-import zipfile
 from collections import defaultdict
-from datetime import date, timedelta
+from datetime import date, datetime, time, timedelta
 from fractions import Fraction
-from xml.sax.saxutils import escape
 
 from base import BASE, write
 from ctl import DONE, REFUSED, SECONDS, WRONG_USAGE, Case, rows, start
 
 import portfolio
+import workbook
 from exact import dmy, financial_year, rounded
 from folder import read
 from ledger import Ledger
@@ -152,27 +151,80 @@ def opening_of(ledger: Ledger) -> str:
     return "\n".join(lines) + "\n"
 
 
-def workbook(lines: list[list]) -> bytes:
-    """A workbook with one sheet, as small as it can be."""
-    cells = "".join(
-        f'<row r="{number}">' + "".join(
-            f'<c r="{chr(65 + place)}{number}" t="inlineStr"><is><t>{escape(str(cell))}</t></is></c>'
-            for place, cell in enumerate(row) if cell != "") + "</row>"
-        for number, row in enumerate(lines, 1))
-    main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
-    relations = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
-    package = "http://schemas.openxmlformats.org/package/2006/relationships"
-    out = io.BytesIO()
-    with zipfile.ZipFile(out, "w") as archive:
-        archive.writestr("[Content_Types].xml", "<Types/>")
-        archive.writestr("xl/workbook.xml", f'<workbook xmlns="{main}" xmlns:r="{relations}">'
-                         '<sheets><sheet name="Equity" sheetId="1" r:id="rId1"/></sheets></workbook>')
-        archive.writestr("xl/_rels/workbook.xml.rels", f'<Relationships xmlns="{package}">'
-                         f'<Relationship Id="rId1" Type="{relations}/worksheet" '
-                         'Target="worksheets/sheet1.xml"/></Relationships>')
-        archive.writestr("xl/worksheets/sheet1.xml",
-                         f'<worksheet xmlns="{main}"><sheetData>{cells}</sheetData></worksheet>')
-    return out.getvalue()
+ANGEL = ("Scrip/Contract,Buy/Sell,Buy Price,Sell Price,Quantity,Brokerage,GST,STT,Sebi Tax,"
+         "Exchange Turnover Charges,Stamp Duty,Other Charges,IPFT Charges,Order Type,Segment,"
+         "Exchange,Order ID,Trade ID,Date").split(",")
+UPSTOX = ("Date,Company,Amount,Exchange,Segment,Scrip Code,Instrument Type,Strike Price,Expiry,"
+          "Trade Num,Trade Time,Side,Quantity,Price").split(",")
+GROWW = ("Stock name,Symbol,ISIN,Type,Quantity,Value,Exchange,Exchange Order Id,"
+         "Execution date and time,Order status").split(",")
+PAYTM = ("Date,Script,ISIN,Exchange,Product Type,Type,Quantity,Price,Brokerage,ETT,GST,STT,SEBI,"
+         "Stamp Duty,Order Number,Trade Number,Trade Time").split(",")
+ZINC, ALUM = "ZINC ALLOYS LTD", "ALUM CASTINGS LTD"
+DAY = date(2025, 5, 2)
+
+# Of each broker its workbook, and what of it is to be in the bills: exchange, side, scrip, quantity,
+# rate, brokerage a share, tax, STT, other and transaction charges.
+BOOKS = {
+    "Angel One": (
+        [["Angel One Limited"], ["Client Name", "SOMEBODY"], ["Client ID", "A100001"], [],
+         ["From", DAY, "To", DAY]] + [[]] * 26 + [ANGEL] + [
+            [ZINC, "Buy", 100.0, None, 10, 1.0, 0.18, 1, 0.01, 0.03, 0.15, 0, 0, "Delivery",
+             "CAPITAL", "NSE", 241202000123456, 50100001, DAY],
+            [ZINC, "Sell", None, 102.5, 4, 0, 0, 0, 0.01, 0.02, 0, 0, 0.01, "Delivery", "CAPITAL",
+             "NSE", 241202000123457, 50100002, date(2025, 5, 5)],
+            [ZINC, "Sell", None, 0, 0, 20, 3.6, 0, 0, 0, 0, 0, 0, "Delivery", "CAPITAL", "NSE",
+             241202000123457, None, date(2025, 5, 5)],
+            ["NIFTY 25JUN 24000 CE", "Buy", 10, None, 75, 0, 0, 0, 0, 0, 0, 0, 0, "", "FUTOPT",
+             "NSE", 241202000123458, 50100003, DAY],
+            ["Total", None, None, None, None, 21.0, 3.78]],
+        [("NSE", "P", ZINC, "10", "100", "0.1", "0.18", "1", "0.15", "0.04"),
+         ("NSE", "S", ZINC, "4", "102.5", "5", "3.6", "0", "0.01", "0.03")]),
+    "Upstox": (
+        [["UPSTOX SECURITIES PRIVATE LIMITED"], ["Trade Report"], ["UCC", "2TC123"]] + [[]] * 7
+        + [UPSTOX] + [
+            ["02-05-2025", ZINC, "₹ 12,345.00", "BSE", "EQ", 600001, "EQUITY", None, None, 77001,
+             "10:11:12", "Buy", 10, "₹ 1,234.50"],
+            [DAY, ALUM, 500.0, "NSE", "EQ", 13061, "EQUITY", None, None, 77002, time(10, 11, 13),
+             "Buy", 5, 100.0],
+            ["02-05-2025", "NIFTY", "₹ 10.00", "NFO", "FO", 1, "OPTIDX", "₹ 24,000.00", DAY, 77003,
+             "10:12:00", "Buy", 1, "₹ 10.00"]],
+        [("BSE", "P", ZINC, "10", "1234.5"), ("NSE", "P", ALUM, "5", "100")]),
+    "Groww": (
+        [["Name", "SOMEBODY"], ["Unique Client Code", 9876543210], [],
+         ["Order history for stocks from 02-05-2025 to 02-05-2025"], [], GROWW] + [
+            [ZINC, "ZINC", "INE999A01015", "BUY", 30, 3050.1, "NSE", "1300000000000001",
+             "02-05-2025 09:15 AM", "Executed"],
+            [ALUM, "ALUM", "INE999B01021", "BUY", 10, 1000, "BSE", "1300000000000002",
+             "02-05-2025 02:15 PM", "Cancelled"],
+            [ZINC, "ZINC", "INE999A01015", "SELL", 30, 3100.2, "NSE", 1300000000000003,
+             datetime(2025, 5, 5, 14, 15), "Executed"],
+            # Of a day in the order of its times.
+            [ZINC, "ZINC", "INE999A01015", "BUY", 2, 206, "NSE", 1300000000000005,
+             datetime(2025, 5, 6, 14, 15), "Executed"],
+            [ZINC, "ZINC", "INE999A01015", "BUY", 2, 204, "NSE", 1300000000000004,
+             datetime(2025, 5, 6, 9, 15), "Executed"]],
+        [("NSE", "P", ZINC, "30", "101.67"), ("NSE", "S", ZINC, "30", "103.34"),
+         ("NSE", "P", ZINC, "2", "102"), ("NSE", "P", ZINC, "2", "103")]),
+    "Paytm Money": (
+        [["Paytm Money Limited"], ["Transaction statement"], ["From", DAY], [], [], PAYTM] + [
+            [DAY, ZINC, "INE999A01015", "NSE", "CNC", "Buy", 10, 100, 2.5, 0.03, 0.46, 1, 0.01,
+             0.15, 1100000000000042, 0, time(10, 0)],
+            ["02-05-2025", ZINC, "INE999A01015", "NSE", "CNC", "Buy", 5, 100.5, 2.5, 0.02, 0.45,
+             0.5, 0.01, 0.08, 1100000000000043, 0, "10:00:01"]],
+        [("NSE", "P", ZINC, "10", "100", "0.25", "0.46", "1", "0.23", "0.07"),
+         ("NSE", "P", ZINC, "5", "100.5", "0.5", "0.45", "0.5", "", "")]),
+}
+BOOKS["5paisa"] = (
+    [["5paisa Capital Limited"], ["Equity Transaction Report"]] + [[]] * 5
+    + ["Transaction Date,Company Name,Exchange,Type,Quantity,Price,Tax/Charges,Brokerage,"
+       "Remarks".split(","),
+       ["May 02 2025", ZINC, "BSE", "Buy", 65, 324.25, 25.64, 20, "Buy Trade"],
+       ["May 05 2025", ZINC, "BSE", "Sell", 65, "324.75", 25.64, 20, "Sell Trade"],
+       ["May 06 2025", ZINC, "BSE", "Buy", 65, 0, 0, 0, "Bonus"]],
+    [("BSE", "P", ZINC, "65", "324.25"), ("BSE", "S", ZINC, "65", "324.75")])
+GIVEN_AS = {"Upstox": ("xlsx",), "Paytm Money": ("xlsx",), "5paisa": ("xls",)}
+FORMS = {"xlsx": workbook.xlsx, "ods": workbook.ods, "xls": workbook.xls}
 
 
 class Trades(Case):
@@ -233,6 +285,9 @@ class Trades(Case):
         again = self.new_desk()
         again.take_in(write(self.new_folder(), exported))
         self.assert_same_files(exported, again.export())
+        # Keys of scrips differ there, and still every trade is known.
+        told = again.run("trades", self.file(book(grown)), *OPTIONS).stderr
+        self.assertIn("nothing was written", told)
 
     def test_files_of_several_years_and_kinds_come_in_oldest_first(self):
         trades = made_up(60, 7)
@@ -240,8 +295,35 @@ class Trades(Case):
         banner = [["Tradebook for Equity"], [], ["Client ID", "AB0001"]]
         titles = [name.replace("_", " ").title() for name in HEADER]
         cells = banner + [titles] + [[""] * 13] + [list(one.values()) for one in trades[:30]]
-        earlier = self.file(workbook(cells), "b.xlsx")
+        earlier = self.file(workbook.xlsx(cells), "b.xlsx")
         self.assertIn("60 trades", self.trades(later, earlier))
+
+    def test_workbooks_of_brokers_are_read_with_their_banners_and_kinds_of_cells(self):
+        columns = ("exchange", "side", "scrip_code", "quantity", "rate", "brokerage", "service_tax",
+                   "stt", "other_charges", "transaction_charges")
+        names_of_scrips = self.file("layout,meaning,heading,words\n" + "".join(
+            f"own,scrip,{name},{code}\n" for code, (_symbol, name) in SCRIPS.items()), "map.csv")
+        for broker, (lines, wanted) in BOOKS.items():
+            for form in GIVEN_AS.get(broker, FORMS):
+                with self.subTest(broker=broker, form=form):
+                    desk = self.new_desk()
+                    desk.take_in(write(self.new_folder(), FOLDER))
+                    path = self.file(FORMS[form](lines), f"book.{form}")
+                    desk.run("trades", path, *OPTIONS, "--map", names_of_scrips)
+                    bills = desk.export()["bills.csv"].decode()
+                    names = {code: name for code, (_symbol, name) in SCRIPS.items()}
+                    self.assertEqual(wanted, [
+                        tuple(names.get(row[column], row[column])
+                              for column in columns[:len(wanted[0])]) for row in rows(bills)])
+                    told = desk.run("trades", path, *OPTIONS).stderr
+                    self.assertIn("nothing was written", told)
+            # Trades without numbers are known by scrips, whose keys are others in another database.
+            again = self.new_desk()
+            again.take_in(write(self.new_folder(), {
+                "scrips.csv": "code,name,type,class\n599999,FIRST LTD,EQUITY,A\n"}))
+            again.take_in(write(self.new_folder(), desk.export()))
+            told = again.run("trades", path, *OPTIONS, "--map", names_of_scrips).stderr
+            self.assertIn("nothing was written", told)
 
     def test_what_is_refused_changes_nothing(self):
         good = book(made_up(20, 3))

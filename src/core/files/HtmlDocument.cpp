@@ -1,8 +1,16 @@
 #include "core/files/HtmlDocument.h"
 
+#include "core/text/Tr.h"
+
+#include <QStringConverter>
+
 #include <libxml/HTMLparser.h>
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <functional>
+#include <initializer_list>
 
 namespace quorvane::files {
 namespace {
@@ -46,6 +54,140 @@ xmlNode* Find(xmlNode* root, const std::function<bool(const xmlNode*)>& wanted) 
   return nullptr;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  QStringDecoder decoder(QStringConverter::Utf8);
+  const QString text =
+      decoder.decode(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+  return !decoder.hasError() && !text.isEmpty();
+}
+
+bool IsAny(const xmlNode* node, std::initializer_list<const char*> elements) {
+  return std::ranges::any_of(elements, [node](const char* name) { return Is(node, name); });
+}
+
+/// The nearest element of those names around a node; nullptr when there is none.
+const xmlNode* Around(const xmlNode* node, std::initializer_list<const char*> elements) {
+  constexpr int kDeepest = 100;
+  const xmlNode* parent = node->parent;
+  for (int i = 0; i < kDeepest && parent != nullptr; ++i, parent = parent->parent) {
+    if (IsAny(parent, elements)) {
+      return parent;
+    }
+  }
+  return nullptr;
+}
+
+/// Puts what a page shows into rows, node by node in the order of the page.
+class PageRows {
+ public:
+  void Take(const xmlNode* node) {
+    if (IsAny(node, {"td", "th"})) {
+      BeginCell(node);
+    } else if (IsAny(node, {"tr", "table"})) {
+      EndRow();
+    } else if (IsAny(node, {"br", "p", "div", "li", "h1", "h2", "h3", "h4", "h5", "h6"})) {
+      BreakLine(node);
+    } else if (node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE) {
+      AddText(node);
+    }
+  }
+
+  TextTable Rows() {
+    EndRow();
+    return builder_.Take();
+  }
+
+ private:
+  void BeginCell(const xmlNode* node) {
+    const xmlNode* row = Around(node, {"tr"});
+    if (row != row_ || cell_ == nullptr) {
+      EndRow();
+    } else {
+      PutCell();
+      column_ += Span(cell_);
+    }
+    row_ = row;
+    cell_ = node;
+  }
+
+  static std::size_t Span(const xmlNode* cell) {
+    constexpr std::size_t kMost = 64;
+    const std::string text = Attribute(cell, "colspan");
+    std::size_t span = 1;
+    std::from_chars(text.data(), text.data() + text.size(), span);
+    return std::clamp<std::size_t>(span, 1, kMost);
+  }
+
+  /// In a cell the lines are one text.
+  void BreakLine(const xmlNode* node) {
+    if (cell_ != nullptr && Around(node, {"td", "th"}) == cell_) {
+      text_ += ' ';
+    } else {
+      EndRow();
+    }
+  }
+
+  void AddText(const xmlNode* node) {
+    const std::string_view text(
+        node->content == nullptr ? "" : reinterpret_cast<const char*>(node->content));
+    if (Trimmed(text).empty()) {
+      text_ += ' ';
+      return;
+    }
+    if (Around(node, {"script", "style", "title"}) != nullptr) {
+      return;
+    }
+    // Text behind a table is not in its last cell.
+    if (cell_ != nullptr && Around(node, {"td", "th"}) != cell_) {
+      EndRow();
+    }
+    for (const char one : text) {
+      const bool blank = one == '\n' || one == '\r' || one == '\t' || one == ' ';
+      if (text_.size() < kLongestCell && !(blank && text_.ends_with(' '))) {
+        text_ += blank ? ' ' : one;
+      }
+    }
+  }
+
+  void PutCell() {
+    if (text_.size() >= kLongestCell) {
+      CutLastLetter();
+    }
+    if (!Trimmed(text_).empty()) {
+      builder_.Put(count_, column_, text_);
+      any_ = true;
+    }
+    text_.clear();
+  }
+
+  /// A longer text was cut, perhaps within a letter.
+  void CutLastLetter() {
+    constexpr unsigned kHighBits = 0xC0;
+    constexpr unsigned kWithinLetter = 0x80;
+    while ((static_cast<unsigned char>(text_.back()) & kHighBits) == kWithinLetter) {
+      text_.pop_back();
+    }
+    text_.pop_back();
+  }
+
+  void EndRow() {
+    PutCell();
+    count_ += any_ ? 1 : 0;
+    any_ = false;
+    column_ = 0;
+    row_ = nullptr;
+    cell_ = nullptr;
+  }
+
+  TableBuilder builder_;
+  std::size_t count_ = 0;  ///< rows that are complete
+  std::size_t column_ = 0;
+  bool any_ = false;               ///< the row has a text
+  const xmlNode* row_ = nullptr;   ///< of the cell
+  const xmlNode* cell_ = nullptr;  ///< whose text it is; nullptr outside tables
+  std::string text_;
+};
+
 }  // namespace
 
 struct HtmlDocument::Document {
@@ -60,13 +202,37 @@ struct HtmlDocument::Document {
 HtmlDocument::HtmlDocument(std::string_view html) : document_(std::make_unique<Document>()) {
   if (html.size() <= kLargestFile) {
     document_->tree = htmlReadMemory(
-        html.data(), static_cast<int>(html.size()), nullptr, nullptr,
+        html.data(), static_cast<int>(html.size()), nullptr, IsUtf8(html) ? "UTF-8" : nullptr,
         HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET);
   }
 }
 
 HtmlDocument::~HtmlDocument() {
   xmlFreeDoc(document_->tree);
+}
+
+bool HtmlDocument::IsOne(std::string_view bytes) {
+  const std::string_view start =
+      Trimmed(bytes.starts_with("\xEF\xBB\xBF") ? bytes.substr(3) : bytes);
+  const std::string words =
+      QString::fromUtf8(start.data(), static_cast<qsizetype>(start.size())).toLower().toStdString();
+  return start.starts_with('<') &&
+         std::ranges::any_of(
+             std::array{"<!doctype html", "<html", "<head", "<body", "<table"},
+             [&](const char* sign) { return words.find(sign) != std::string::npos; });
+}
+
+TextTable HtmlDocument::Rows() const {
+  PageRows rows;
+  Find(document_->Root(), [&](const xmlNode* node) {
+    rows.Take(node);
+    return false;
+  });
+  TextTable table = rows.Rows();
+  if (table.rows.empty()) {
+    Fail(Tr("Files", "The file is empty."));
+  }
+  return table;
 }
 
 std::vector<std::string> HtmlDocument::Links() const {

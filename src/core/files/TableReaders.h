@@ -38,7 +38,7 @@ TextTable ReadXlsWorkbook(std::string_view bytes);
 /// An .xlsx workbook; a date is the days since 30 December 1899.
 TextTable ReadXlsx(std::span<const ArchiveEntry> parts);
 
-/// An .ods workbook; a date is "yyyy-mm-dd".
+/// An .ods workbook; a date is "yyyy-mm-dd", with a time behind midnight "yyyy-mm-ddThh:mm:ss".
 TextTable ReadOds(std::span<const ArchiveEntry> parts);
 
 /// The part of that name; nullptr when there is none.

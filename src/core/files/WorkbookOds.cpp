@@ -65,7 +65,10 @@ class SheetReader {
 
   std::string ValueOf(const std::string& type) const {
     if (type == "date") {
-      return xml_.Attribute("date-value").substr(0, 10);
+      constexpr std::size_t kDay = 10;  // letters of "yyyy-mm-dd"
+      const std::string moment = xml_.Attribute("date-value");
+      const bool midnight = moment.find_first_of("123456789", kDay) == std::string::npos;
+      return midnight ? moment.substr(0, kDay) : moment;
     }
     const bool number = type == "float" || type == "currency" || type == "percentage";
     return number ? ShortNumber(xml_.Attribute("value")) : std::string();

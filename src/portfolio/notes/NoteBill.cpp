@@ -32,28 +32,14 @@ void FitRate(Piece& piece) {
       text::Tidy(entry.side == Side::kPurchase ? exact - entry.brokerage : exact + entry.brokerage);
 }
 
-/// The note's lines, each in the part that was traded both ways and the part that was delivered.
-std::vector<Piece> PiecesOf(const Note& note) {
-  std::map<std::string, std::map<Side, Shares>> traded;
-  const auto key = [](const NoteLine& line) { return line.isin.empty() ? line.name : line.isin; };
-  for (const NoteLine& line : note.lines) {
-    traded[key(line)][line.side] += line.quantity;
-  }
-  std::map<std::pair<std::string, Side>, Shares> both_ways;
-  for (auto& [security, sides] : traded) {
-    const Shares both = std::min(sides[Side::kPurchase], sides[Side::kSale]);
-    both_ways[{security, Side::kPurchase}] = both_ways[{security, Side::kSale}] = both;
-  }
+/// The note's lines, each in the part that is without delivery and the part that was delivered.
+std::vector<Piece> PiecesOf(const Note& note, std::span<const Shares> undelivered) {
   std::vector<Piece> pieces;
   for (std::size_t i = 0; i < note.lines.size(); ++i) {
     const NoteLine& line = note.lines[i];
-    Shares& left = both_ways[{key(line), line.side}];
-    const Shares undelivered = std::min(left, line.quantity);
-    left -= undelivered;
-    const Paise part = text::PartOf(line.total, undelivered, line.quantity);
-    const bool fund = line.isin.starts_with("INF");
+    const Paise part = text::PartOf(line.total, undelivered[i], line.quantity);
     for (const bool non_delivery : {true, false}) {
-      const Shares quantity = non_delivery ? undelivered : line.quantity - undelivered;
+      const Shares quantity = non_delivery ? undelivered[i] : line.quantity - undelivered[i];
       if (quantity <= Shares()) {
         continue;
       }
@@ -63,7 +49,7 @@ std::vector<Piece> PiecesOf(const Note& note) {
       piece.entry.non_delivery = non_delivery;
       piece.entry.quantity = quantity;
       piece.total = non_delivery ? part : line.total - part;
-      piece.fund = fund;
+      piece.fund = line.isin.starts_with("INF");
       piece.entry.rate = line.rate;
       piece.entry.brokerage = line.brokerage;
       FitRate(piece);
@@ -109,8 +95,28 @@ std::int64_t Value(const Piece& piece) {
 
 }  // namespace
 
-NoteBill MakeBill(const Note& note, const NoteBalance& balance) {
-  std::vector<Piece> pieces = PiecesOf(note);
+std::vector<Shares> UndeliveredWithin(const Note& note) {
+  std::map<std::string, std::map<Side, Shares>> left;
+  const auto key = [](const NoteLine& line) { return line.isin.empty() ? line.name : line.isin; };
+  for (const NoteLine& line : note.lines) {
+    left[key(line)][line.side] += line.quantity;
+  }
+  for (auto& [security, sides] : left) {
+    sides[Side::kPurchase] = sides[Side::kSale] =
+        std::min(sides[Side::kPurchase], sides[Side::kSale]);
+  }
+  std::vector<Shares> undelivered;
+  for (const NoteLine& line : note.lines) {
+    Shares& open = left[key(line)][line.side];
+    undelivered.push_back(std::min(open, line.quantity));
+    open -= undelivered.back();
+  }
+  return undelivered;
+}
+
+NoteBill MakeBill(const Note& note, const NoteBalance& balance,
+                  std::span<const Shares> undelivered) {
+  std::vector<Piece> pieces = PiecesOf(note, undelivered);
   const auto stt_weight = [](const Piece& piece) { return piece.total.Count() * SttRate(piece); };
   const bool taxed =
       std::ranges::any_of(pieces, [&](const Piece& piece) { return stt_weight(piece) > 0; });

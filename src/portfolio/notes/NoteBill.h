@@ -2,6 +2,7 @@
 
 #include "portfolio/notes/Note.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -26,10 +27,14 @@ struct NoteBill {
   double other_charges = 0;
 };
 
-/// Makes the bill of a note that adds up. What was bought and sold of one security is without
-/// delivery as far as both are there. The amounts of the lines are the note's totals to the paisa,
-/// tax and STT are spread over them by their values, so that the bill comes to the note's net
-/// amount.
-NoteBill MakeBill(const Note& note, const NoteBalance& balance);
+/// Of each line of a note the shares that are without delivery: as far as the note itself buys and
+/// sells the security, the first lines first.
+std::vector<Shares> UndeliveredWithin(const Note& note);
+
+/// Makes the bill of a note that adds up. `undelivered` has for each of its lines the shares that
+/// are without delivery. The amounts of the lines are the note's totals to the paisa, tax and STT
+/// are spread over them by their values, so that the bill comes to the note's net amount.
+NoteBill MakeBill(const Note& note, const NoteBalance& balance,
+                  std::span<const Shares> undelivered);
 
 }  // namespace quorvane::notes

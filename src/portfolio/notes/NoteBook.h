@@ -38,7 +38,7 @@ struct PlannedNote {
   QString path;
   Note note;
   NoteState state = NoteState::kReady;
-  QString remark;  ///< why it is not ready
+  QString remark;  ///< why it is not ready, and what of recorded bills it changes
   NoteBill bill;
   BrokerId broker;
   QString broker_name;
@@ -49,9 +49,9 @@ struct PlannedNote {
   bool CanBeTaken() const { return state == NoteState::kReady || state == NoteState::kRevises; }
 };
 
-/// Reads a note in PDF with text. The client's PAN is tried as a password, after the entered ones.
-/// Refused with Field::kPassword when none opens it, and for what is no such file. Throws
-/// Cancellation.
+/// Reads a note: PDF with text, a web page or a workbook. The client's PAN is tried as a password,
+/// after the entered ones. Refused with Field::kPassword when none opens it, and for what is no
+/// such file. Throws Cancellation.
 Result<Note> ReadNote(database::Connection& connection, ClientId client, const QString& path,
                       const QStringList& entered, Progress& progress);
 
@@ -61,12 +61,16 @@ struct ReadFile {
   Note note;
 };
 
-/// What would become of notes, in their order. One query a table, changes nothing.
+/// What would become of notes, in their order, when all that can be are taken in together: what
+/// they and the recorded bills of a day buy and sell with one broker is without delivery. Changes
+/// nothing.
 std::vector<PlannedNote> PlanNotes(database::Connection& connection, const NoteQuery& query,
                                    std::vector<ReadFile> notes);
 
 /// Records notes as bills, in one transaction: all or none. Sales use up the account's lots first
-/// in, first out. A note that revises puts its bill in the place of the recorded one. Refused when
+/// in, first out; what was sold without delivery draws on what the day bought so. Recorded lines
+/// that this concerns are marked, as the remarks say. The notes are those of one PlanNotes. A note
+/// that revises puts its bill in the place of the recorded one. Refused when
 /// a note cannot be taken, when shares are missing, and when shares of a replaced bill were sold.
 /// With `dry_run` everything is checked and nothing written. Returns the number of bills.
 Result<std::size_t> TakeIn(database::Connection& connection, const NoteQuery& query,

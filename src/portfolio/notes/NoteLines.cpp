@@ -88,6 +88,9 @@ std::vector<double> AmountsIn(const Line& line) {
 std::string NumberAfter(const Line& line, std::string_view phrase) {
   static constexpr std::array<std::string_view, 6> kLabels{"TRADE",      "DATE",   "DATED",
                                                            "SETTLEMENT", "CLIENT", "PAN"};
+  if (!HasPhrase(paper::Upper(line.Text()), phrase)) {
+    return {};
+  }
   std::string before;
   for (const Word& word : line.words) {
     const bool follows = HasPhrase(paper::Upper(before), phrase);

@@ -8,9 +8,10 @@
 
 namespace quorvane::notes {
 
-/// Reads the printed lines of a contract note: the form of one average price a security, in use
-/// since 27 June 2025, and the older one of single trades. Where a note has both, the trades are an
-/// annexure and are left out. Trades of one security, side and rate are added up.
+/// Reads the printed lines of a contract note, or the rows of one that is a table: the form of one
+/// average price a security, in use since 27 June 2025, and the older one of single trades. Where a
+/// note has both, the trades are an annexure and are left out. Trades of one security, side and
+/// rate are added up.
 Note ReadNoteLines(std::span<const paper::Line> lines);
 
 /// A line of the form of one average price: up to one purchase and one sale; empty when it is no

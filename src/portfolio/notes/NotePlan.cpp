@@ -5,11 +5,14 @@
 #include "core/records/Query.h"
 #include "core/text/Tr.h"
 #include "portfolio/notes/NoteBook.h"
+#include "portfolio/notes/NoteDays.h"
 #include "portfolio/notes/NoteLines.h"
+#include "portfolio/notes/NoteTable.h"
 #include "portfolio/paper/PaperFile.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <map>
 #include <set>
 #include <tuple>
@@ -21,13 +24,30 @@ QString Utf8(const std::string& text) {
   return QString::fromStdString(text);
 }
 
+/// What was bought or sold of a scrip.
+struct SideSum {
+  Shares shares;
+  Paise amount;
+  std::int64_t lines = 0;
+};
+
 /// What makes a bill's lines the same, however they are divided.
-using Contents = std::map<std::tuple<int, int>, std::pair<Shares, Paise>>;
+using Contents = std::map<std::tuple<int, int>, SideSum>;
 
 void Add(Contents& contents, Side side, ScripId scrip, Shares quantity, Paise amount) {
-  auto& [shares, sum] = contents[{static_cast<int>(side), scrip.value}];
-  shares += quantity;
-  sum += amount;
+  SideSum& sum = contents[{static_cast<int>(side), scrip.value}];
+  sum.shares += quantity;
+  sum.amount += amount;
+  ++sum.lines;
+}
+
+/// A line that was divided has its amount rounded in each part.
+bool AreSame(const Contents& recorded, const Contents& planned) {
+  return std::ranges::equal(recorded, planned, [](const auto& a, const auto& b) {
+    const std::int64_t difference = (a.second.amount - b.second.amount).Count();
+    return a.first == b.first && a.second.shares == b.second.shares &&
+           std::abs(difference) < std::max(a.second.lines, b.second.lines);
+  });
 }
 
 /// Puts everything that notes are held against together once.
@@ -72,7 +92,7 @@ class Planner {
                            : fault;
       return;
     }
-    planned.bill = MakeBill(note, balance);
+    planned.bill = MakeBill(note, balance, UndeliveredWithin(note));
     if (const QStringList unknown = Unknown(planned); !unknown.isEmpty()) {
       planned.state = NoteState::kUnknown;
       planned.remark = Tr("Notes", "There is no Script for %1.").arg(unknown.join(", "));
@@ -176,7 +196,8 @@ class Planner {
         continue;
       }
       const auto recorded = recorded_.find(bill.id);
-      const bool same = recorded != recorded_.end() && recorded->second == ContentsOf(planned);
+      const bool same =
+          recorded != recorded_.end() && AreSame(recorded->second, ContentsOf(planned));
       planned.state = same ? NoteState::kDoubled : NoteState::kRevises;
       planned.recorded = bill.id;
       planned.remark = same ? Tr("Notes", "The Note is Entered Already.")
@@ -223,11 +244,9 @@ Result<Note> ReadNote(database::Connection& connection, ClientId client, const Q
   if (!content) {
     return content.Why();
   }
-  const auto* lines = std::get_if<std::vector<paper::Line>>(&*content);
-  if (lines == nullptr) {
-    return Refusal{Tr("Notes", "The File is no Contract Note in PDF.")};
-  }
-  return ReadNoteLines(*lines);
+  const auto* table = std::get_if<files::TextTable>(&*content);
+  return ReadNoteLines(table != nullptr ? LinesOfTable(*table)
+                                        : std::get<std::vector<paper::Line>>(*content));
 }
 
 std::vector<PlannedNote> PlanNotes(database::Connection& connection, const NoteQuery& query,
@@ -244,6 +263,7 @@ std::vector<PlannedNote> PlanNotes(database::Connection& connection, const NoteQ
     planner.Plan(one);
   }
   RefuseTwins(planned);
+  MatchDays(connection, query, planned);
   return planned;
 }
 

@@ -1,5 +1,6 @@
 #include "portfolio/paper/PaperFile.h"
 
+#include "core/files/HtmlDocument.h"
 #include "core/files/TableFile.h"
 #include "core/text/Tr.h"
 #include "documents/PdfText.h"
@@ -11,7 +12,17 @@ namespace {
 
 bool BeginsAsPdf(QFile& file) {
   constexpr qint64 kHeader = 1024;  // bytes within which the signature stands
-  return file.read(kHeader).contains("%PDF-");
+  return file.peek(kHeader).contains("%PDF-");
+}
+
+bool BeginsAsWebPage(QFile& file) {
+  constexpr qint64 kHead = 4096;
+  return files::HtmlDocument::IsOne(file.peek(kHead).toStdString());
+}
+
+files::TextTable ReadWebPage(QFile& file) {
+  const std::string page = file.readAll().toStdString();
+  return files::HtmlDocument(page).Rows();
 }
 
 }  // namespace
@@ -30,7 +41,7 @@ Result<PaperContent> ReadPaper(const QString& path, const QStringList& passwords
     return PaperContent(LinesOf(*text));
   }
   try {
-    return PaperContent(files::ReadTableFile(path));
+    return PaperContent(BeginsAsWebPage(file) ? ReadWebPage(file) : files::ReadTableFile(path));
   } catch (const files::TableError& error) {
     return Refusal{QString::fromUtf8(error.what())};
   }

@@ -13,13 +13,14 @@
 
 namespace quorvane::paper {
 
-/// What a statement or a note is read from: the printed lines of a PDF document, or a table.
+/// What a statement or a note is read from: the printed lines of a PDF document, or the table
+/// that a file is or a web page shows.
 using PaperContent = std::variant<std::vector<Line>, files::TextTable>;
 
-/// Reads a PDF document with text, or any file that files::ReadTableFile reads; the contents say
-/// which it is. The passwords are tried in their order. Refused with Field::kPassword when none
-/// opens the document, and for a file that cannot be read, is broken or has no text. Throws
-/// Cancellation.
+/// Reads a PDF document with text, a web page, or any file that files::ReadTableFile reads; the
+/// contents say which it is. The passwords are tried in their order. Refused with Field::kPassword
+/// when none opens the document, and for a file that cannot be read, is broken or has no text.
+/// Throws Cancellation.
 Result<PaperContent> ReadPaper(const QString& path, const QStringList& passwords,
                                Progress& progress);
 

@@ -11,7 +11,6 @@
 namespace quorvane::portfolio {
 namespace {
 
-using records::Side;
 using text::Shares;
 
 /// Trades of one text are one line.
@@ -58,30 +57,31 @@ void SetRate(TradeLine& line, const TradeFile& file) {
   }
 }
 
-/// What was bought and what was sold of a scrip on a day.
-struct DayTotals {
-  Shares bought;
-  Shares sold;
-};
+/// Lines that are matched with each other: of a day, a scrip and a state. What was entered by hand
+/// stands for itself, for the case that the user takes it in all the same.
+using Group = std::tuple<text::Date, std::uint32_t, LineState>;
 
-using DayScrip = std::pair<text::Date, std::uint32_t>;
+Group GroupOf(const TradeLine& line) {
+  return {line.day, line.scrip, line.state};
+}
 
 bool CanBeMatched(const TradeLine& line, const TradeFile& file) {
   return line.state != LineState::kDoubled && !file.trades[line.trades.front()].trade_for_trade;
 }
 
-/// Of a scrip and day as much is matched as was both bought and sold.
-std::map<DayScrip, DayTotals> MatchedTotals(const std::vector<TradeLine>& lines,
-                                            const TradeFile& file) {
-  std::map<DayScrip, DayTotals> totals;
+/// How much of each side of a group is without delivery.
+std::map<Group, DayMatch> MatchedTotals(const std::vector<TradeLine>& lines, const TradeFile& file,
+                                        const RecordedShares& recorded) {
+  std::map<Group, DayMatch> totals;
   for (const TradeLine& line : lines) {
     if (CanBeMatched(line, file)) {
-      DayTotals& total = totals[{line.day, line.scrip}];
-      (line.side == Side::kPurchase ? total.bought : total.sold) += line.quantity;
+      totals[GroupOf(line)].Of(line.side) += line.quantity;
     }
   }
-  for (auto& [day, total] : totals) {
-    total.bought = total.sold = std::min(total.bought, total.sold);
+  for (auto& [group, total] : totals) {
+    const auto& [day, scrip, state] = group;
+    const bool entered = state == LineState::kEntered;
+    total = MatchDay(entered ? DayShares() : recorded(day, scrip), total.bought, total.sold);
   }
   return totals;
 }
@@ -113,8 +113,9 @@ std::vector<TradeLine> JoinedLines(const TradeFile& file, std::span<const std::u
   return lines;
 }
 
-std::vector<TradeLine> WithoutDelivery(std::vector<TradeLine> lines, const TradeFile& file) {
-  std::map<DayScrip, DayTotals> left = MatchedTotals(lines, file);
+std::vector<TradeLine> WithoutDelivery(std::vector<TradeLine> lines, const TradeFile& file,
+                                       const RecordedShares& recorded) {
+  std::map<Group, DayMatch> left = MatchedTotals(lines, file, recorded);
   std::vector<TradeLine> divided;
   divided.reserve(lines.size());
   for (TradeLine& line : lines) {
@@ -122,8 +123,7 @@ std::vector<TradeLine> WithoutDelivery(std::vector<TradeLine> lines, const Trade
       divided.push_back(std::move(line));
       continue;
     }
-    DayTotals& total = left[{line.day, line.scrip}];
-    Shares& open = line.side == Side::kPurchase ? total.bought : total.sold;
+    Shares& open = left[GroupOf(line)].Of(line.side);
     const Shares matched = std::min(open, line.quantity);
     open -= matched;
     if (matched) {

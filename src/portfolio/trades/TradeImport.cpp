@@ -1,12 +1,10 @@
 #include "portfolio/trades/TradeImport.h"
 
 #include "core/rates/IsinBook.h"
-#include "core/records/Query.h"
 #include "core/text/Amounts.h"
 #include "core/text/Isin.h"
 #include "core/text/Tr.h"
-#include "portfolio/Import.h"
-#include "portfolio/trades/TradeBills.h"
+#include "portfolio/trades/TradePosting.h"
 
 #include <algorithm>
 #include <map>
@@ -18,18 +16,13 @@ namespace {
 
 using database::Transaction;
 using text::FinancialYear;
-using text::Shares;
 
 /// How many open or impossible lines a refusal names.
 constexpr int kMostNamed = 20;
 
-QString NameOf(const TradePlan& plan, const TradeLine& line) {
-  return QString::fromStdString(plan.Scrips()[line.scrip].naming.Shown());
-}
-
 /// "RELIANCE, 27/06/2022: 10.00 shares are missing".
 QString Told(const TradePlan& plan, const TradeLine& line) {
-  const QString where = NameOf(plan, line) + QStringLiteral(", ") + text::FormatDmy(line.day);
+  const QString where = plan.NameOf(line) + QStringLiteral(", ") + text::FormatDmy(line.day);
   return line.state == LineState::kImpossible
              ? Tr("Trades", "%1: %2 shares that were sold are missing")
                    .arg(where, text::FormatAmount(line.missing.Number()))
@@ -72,35 +65,14 @@ bool IsSettled(const TradePlan& plan) {
   });
 }
 
-/// One import in its transaction, year by year.
-class TradePosting {
+/// What later imports know the trades of this one by. To be kept after all its years were posted.
+class TradeTraces {
  public:
-  TradePosting(Transaction& transaction, const TradeTarget& target, TradePlan& plan,
-               Movements movements, Progress& progress)
-      : transaction_(transaction),
-        target_(target),
-        plan_(plan),
-        movements_(movements),
-        progress_(progress) {}
+  TradeTraces(Transaction& transaction, const TradeTarget& target, const TradePlan& plan,
+              const std::vector<PlannedBill>& bills)
+      : transaction_(transaction), target_(target), plan_(plan), bills_(bills) {}
 
-  MaybeRefusal Run() {
-    ReadNumbers();
-    GroupByYear();
-    if (by_year_.empty()) {
-      return std::nullopt;
-    }
-    const FinancialYear last = by_year_.rbegin()->first;
-    for (FinancialYear year = by_year_.begin()->first; year <= last; year = year.Next()) {
-      if (MaybeRefusal refusal = PostYear(year, year == last)) {
-        return refusal;
-      }
-    }
-    NoteLaterYears(last);
-    return std::nullopt;
-  }
-
-  /// After all years were written: what later imports know these trades by.
-  void Remember(const std::vector<MappedHeader>& headers) {
+  void Keep(const std::vector<MappedHeader>& headers) {
     const std::vector<ScripId> scrips = WrittenScrips();
     RememberTrades(transaction_, target_.account, WrittenTrades(plan_.Keys(scrips)));
     ConfirmedScrips confirmed;
@@ -133,171 +105,7 @@ class TradePosting {
     NameEntry();
   }
 
-  const TradeOutcome& Outcome() const { return outcome_; }
-
  private:
-  void ReadNumbers() {
-    for (const auto& row :
-         transaction_.Open("Select BDate,BillNo From SPMaster Where Cid=? and AcId=? and BrokId=?",
-                           target_.client, target_.account, target_.broker)) {
-      if (const auto day = text::ParseDmy(row.Utf8(0))) {
-        numbers_.emplace(*day, lookups::Folded(row.Utf8(1)));
-      }
-    }
-  }
-
-  void GroupByYear() {
-    const std::vector<TradeLine>& lines = plan_.Lines();
-    for (std::uint32_t place = 0; place < lines.size(); ++place) {
-      if (lines[place].IsToBeSaved()) {
-        by_year_[FinancialYear::Of(lines[place].day)].push_back(place);
-      }
-    }
-  }
-
-  /// Lots of the year before, of scrips that the year has no opening stock of. All of them where
-  /// the account has none at all; else those that the trades move.
-  std::vector<gains::RemainingLot> LotsInto(FinancialYear year) {
-    std::set<ScripId> opened;
-    records::Select<records::Opening>(transaction_.GetConnection())
-        .Where(&records::Opening::client, target_.client)
-        .Where(&records::Opening::year, year)
-        .Where(&records::Opening::account, target_.account)
-        .Only<&records::Opening::scrip>(
-            [&](const records::Opening& opening) { opened.insert(opening.scrip); });
-    WithinStep step(progress_, 0);
-    std::vector<gains::RemainingLot> lots =
-        gains::RemainingLots(transaction_.GetConnection(), target_.client, year.Previous(), step);
-    const std::set<ScripId> moved = MovedFrom(year);
-    std::erase_if(lots, [&](const gains::RemainingLot& lot) {
-      return lot.account != target_.account || opened.contains(lot.scrip) ||
-             (!opened.empty() && !moved.contains(lot.scrip));
-    });
-    return lots;
-  }
-
-  /// The scrips that the trades of the year and of later ones move.
-  std::set<ScripId> MovedFrom(FinancialYear year) const {
-    std::set<ScripId> moved;
-    for (auto own = by_year_.lower_bound(year); own != by_year_.end(); ++own) {
-      for (const std::uint32_t place : own->second) {
-        moved.insert(plan_.Scrips()[plan_.Lines()[place].scrip].scrip);
-      }
-    }
-    return moved;
-  }
-
-  MaybeRefusal PostYear(FinancialYear year, bool is_last) {
-    const std::vector<gains::RemainingLot> carried = LotsInto(year);
-    const Movements movements = is_last ? movements_ : Movements::kWritten;
-    const BillNumbers before = numbers_;
-    for (bool done = false; !done;) {
-      numbers_ = before;
-      const lookups::Directory directory(transaction_.GetConnection());
-      if (MaybeRefusal refusal = RefuseSharedCodes(directory)) {
-        return refusal;
-      }
-      BillPortfolio portfolio(target_, plan_, directory);
-      portfolio.AddCarried(carried, year);
-      const std::vector<PlannedBill> bills = BillsOf(plan_, PossibleLines(year), numbers_);
-      for (const PlannedBill& bill : bills) {
-        portfolio.Add(bill);
-      }
-      ErrorList errors(plan_.Lines().size() + ErrorList::kMost, plan_.Lines().size());
-      ImportResult result;
-      if (!portfolio.IsEmpty()) {
-        TakeIn(transaction_, portfolio.Get(), movements, errors, result, progress_);
-      }
-      done = errors.Empty();
-      if (done) {
-        Count(result, portfolio.Get());
-        bills_.insert(bills_.end(), bills.begin(), bills.end());
-      } else if (MaybeRefusal refusal = MarkShortages(errors)) {
-        return refusal;
-      }
-    }
-    return std::nullopt;
-  }
-
-  std::vector<std::uint32_t> PossibleLines(FinancialYear year) const {
-    const auto own = by_year_.find(year);
-    std::vector<std::uint32_t> lines;
-    if (own != by_year_.end()) {
-      std::ranges::copy_if(own->second, std::back_inserter(lines),
-                           [&](std::uint32_t place) { return plan_.Lines()[place].IsToBeSaved(); });
-    }
-    return lines;
-  }
-
-  /// Folders name scrips by their codes, so a code must name one scrip alone.
-  MaybeRefusal RefuseSharedCodes(const lookups::Directory& directory) const {
-    for (const TradedScrip& scrip : plan_.Scrips()) {
-      if (scrip.match != ScripMatch::kKnown) {
-        continue;
-      }
-      const std::string& code = directory.Scrip(scrip.scrip).code;
-      const lookups::ScripEntry* found = directory.FindScrip(code);
-      if (found == nullptr || found->id != scrip.scrip) {
-        return Refusal{Tr("Trades", "The script code %1 belongs to several scripts, or to none.")
-                           .arg(QString::fromStdString(code)),
-                       Field::kScrips};
-      }
-    }
-    return std::nullopt;
-  }
-
-  void Count(const ImportResult& result, const Portfolio& portfolio) {
-    outcome_.bills += portfolio.bills.size();
-    outcome_.carried += portfolio.openings.size();
-    std::set<std::uint32_t> trades;
-    for (const BillLineRow& row : portfolio.bill_lines) {
-      const TradeLine& line = plan_.Lines()[row.line - 1];
-      trades.insert(line.trades.begin(), line.trades.end());
-    }
-    outcome_.trades += trades.size();
-    outcome_.lines += portfolio.bill_lines.size();
-    for (const ImportCount& count : result.counts) {
-      outcome_.scrips += count.what == "scrips" ? count.added : 0;
-    }
-  }
-
-  MaybeRefusal MarkShortages(ErrorList& errors) {
-    QStringList others;
-    for (const ImportError& error : errors.Errors()) {
-      if (!error.available) {
-        const bool has_line = error.line > 0 && error.line <= plan_.Lines().size();
-        const QString name =
-            has_line ? NameOf(plan_, plan_.Lines()[error.line - 1]) + QStringLiteral(": ")
-                     : QString();
-        others << name + QString::fromStdString(error.message);
-        continue;
-      }
-      const std::size_t place = error.line - 1;
-      const Shares available = std::max(*error.available, Shares());
-      plan_.MarkImpossible(place, plan_.Lines()[place].quantity - available);
-    }
-    return others.isEmpty()
-               ? MaybeRefusal()
-               : Refusal{others.mid(0, kMostNamed).join(QLatin1Char('\n')), Field::kLines};
-  }
-
-  void NoteLaterYears(FinancialYear last) {
-    std::set<FinancialYear> later;
-    records::Select<records::Opening>(transaction_.GetConnection())
-        .Where(&records::Opening::client, target_.client)
-        .Where(&records::Opening::account, target_.account)
-        .Only<&records::Opening::year>([&](const records::Opening& opening) {
-          if (opening.year > last) {
-            later.insert(opening.year);
-          }
-        });
-    for (const FinancialYear year : later) {
-      outcome_.notes << Tr("Trades",
-                           "The opening stock of %1 is older than these trades: compare it.")
-                            .arg(year.Text());
-    }
-  }
-
   /// The log is to name the whole file, not the first of its bills or a new scrip.
   void NameEntry() {
     const QString title = Tr("Trades", "Trade book, %1 bills").arg(qulonglong{bills_.size()});
@@ -349,13 +157,8 @@ class TradePosting {
 
   Transaction& transaction_;
   const TradeTarget& target_;
-  TradePlan& plan_;
-  Movements movements_;
-  Progress& progress_;
-  BillNumbers numbers_;
-  std::map<FinancialYear, std::vector<std::uint32_t>> by_year_;  ///< places of lines
-  std::vector<PlannedBill> bills_;
-  TradeOutcome outcome_;
+  const TradePlan& plan_;
+  const std::vector<PlannedBill>& bills_;
 };
 
 }  // namespace
@@ -393,7 +196,8 @@ Result<TradeOutcome> SaveTrades(database::Connection& connection, const TradeTar
   const auto save = [&](Transaction& transaction) -> Result<TradeOutcome> {
     database::Connection& stored = transaction.GetConnection();
     if (plan.IsOutdated({TakenTrades(stored, target.account),
-                         EnteredTotals(stored, target.client, target.account)})) {
+                         EnteredTotals(stored, target.client, target.account),
+                         {}})) {
       return Refusal{Tr("Trades",
                         "Nothing was saved: trades of the file, or bills of their days, were "
                         "recorded meanwhile. Open the file again."),
@@ -407,7 +211,7 @@ Result<TradeOutcome> SaveTrades(database::Connection& connection, const TradeTar
     if (plan.Count(LineState::kImpossible) > 0) {
       return *RefuseOpen(plan);
     }
-    posting.Remember(headers);
+    TradeTraces(transaction, target, plan, posting.Bills()).Keep(headers);
     return posting.Outcome();
   };
   return database::InTransaction(connection, save, database::Turn::kAlone);

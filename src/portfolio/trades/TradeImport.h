@@ -22,6 +22,10 @@ struct TradeTarget {
   std::string broker_name;
 };
 
+inline DayOwner OwnerOf(const TradeTarget& target) {
+  return {target.client, target.account, target.broker};
+}
+
 /// What an import of trades wrote, or would write.
 struct TradeOutcome {
   std::size_t trades = 0;
@@ -48,7 +52,8 @@ Result<TradeOutcome> CheckTrades(database::Connection& connection, const TradeTa
 /// left of a year that the trades leave behind is carried forward where the next one has no opening
 /// stock of the account yet. The identities of the trades, ISINs, confirmed scrips and mapped
 /// headers are kept in the same transaction. Refused, and nothing written, while a ticked line is
-/// open or impossible. Throws DatabaseError and Cancellation.
+/// open or impossible. Recorded lines of the account and broker that are matched with new ones on
+/// their day become lines without delivery. Throws DatabaseError and Cancellation.
 Result<TradeOutcome> SaveTrades(database::Connection& connection, const TradeTarget& target,
                                 TradePlan& plan, const std::vector<MappedHeader>& headers,
                                 Progress& progress);

@@ -65,13 +65,21 @@ void RememberScrips(database::Transaction& transaction, BrokerId broker,
 
 std::unordered_set<std::string> TakenTrades(database::Connection& connection, AccountId account) {
   std::unordered_set<std::string> keys;
-  for (const auto& row :
-       connection.Open("Select T.TradeKey From TradeKey T Join SPMaster M On M.ID=T.BillId "
-                       "Where T.AcId=?",
-                       account)) {
-    keys.emplace(row.Utf8(0));
+  for (const auto& [key, bill] : TakenTradeBills(connection, account)) {
+    keys.insert(key);
   }
   return keys;
+}
+
+std::map<std::string, BillId> TakenTradeBills(database::Connection& connection, AccountId account) {
+  std::map<std::string, BillId> bills;
+  for (const auto& row : connection.Open(
+           "Select T.TradeKey,T.BillId From TradeKey T Join SPMaster M On M.ID=T.BillId "
+           "Where T.AcId=?",
+           account)) {
+    bills.emplace(std::string(row.Utf8(0)), BillId{row.Int(1)});
+  }
+  return bills;
 }
 
 void RememberTrades(database::Transaction& transaction, AccountId account,

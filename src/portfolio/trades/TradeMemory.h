@@ -5,6 +5,7 @@
 #include "portfolio/trades/TradeLayouts.h"
 #include "portfolio/trades/TradeScrips.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_set>
@@ -30,6 +31,9 @@ void RememberScrips(database::Transaction& transaction, BrokerId broker,
 /// Identities of the trades of an account that were taken in and whose bill is still there.
 std::unordered_set<std::string> TakenTrades(database::Connection& connection, AccountId account);
 
+/// The same with their bills.
+std::map<std::string, BillId> TakenTradeBills(database::Connection& connection, AccountId account);
+
 /// The identity of a trade and the bill that it came into.
 struct TakenTrade {
   std::string key;
@@ -49,8 +53,5 @@ struct EnteredTotal {
 
 std::vector<EnteredTotal> EnteredTotals(database::Connection& connection, ClientId client,
                                         AccountId account);
-
-/// The longest identity that is kept; a longer one is kept as its hash.
-inline constexpr std::size_t kLongestTradeKey = 120;
 
 }  // namespace quorvane::portfolio

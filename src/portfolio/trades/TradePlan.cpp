@@ -4,8 +4,7 @@
 #include "core/text/Amounts.h"
 #include "core/text/Tr.h"
 #include "portfolio/trades/TradeDays.h"
-
-#include <QCryptographicHash>
+#include "portfolio/trades/TradeIdentity.h"
 
 #include <fmt/format.h>
 
@@ -21,10 +20,6 @@ namespace {
 using records::Side;
 using text::Shares;
 
-std::int64_t DayNumber(text::Date day) {
-  return day.time_since_epoch().count();
-}
-
 /// For each scrip the first place that means the same one.
 std::vector<std::uint32_t> SameScrips(const std::vector<TradedScrip>& scrips) {
   std::vector<std::uint32_t> same(scrips.size());
@@ -38,31 +33,6 @@ std::vector<std::uint32_t> SameScrips(const std::vector<TradedScrip>& scrips) {
     same[place] = first.try_emplace(name, place).first->second;
   }
   return same;
-}
-
-/// The identity of a trade with a number of its own.
-std::string NumberedKey(const Trade& trade, const std::string& exchange) {
-  return fmt::format("T|{}|{}|{}|{}|{}", exchange, DayNumber(trade.day), trade.order_number,
-                     trade.trade_number, trade.side == Side::kPurchase ? 'P' : 'S');
-}
-
-/// What tells any other trade apart, but for a number among its equals.
-std::string ComposedKey(const Trade& trade, const std::string& exchange, const std::string& scrip) {
-  std::string key =
-      fmt::format("C|{}|{}|{}|{}|{}|", exchange, DayNumber(trade.day), scrip,
-                  trade.side == Side::kPurchase ? 'P' : 'S', trade.quantity.Millionths());
-  text::AppendExact(key, trade.rate);
-  return key;
-}
-
-std::string Bounded(std::string key) {
-  if (key.size() > kLongestTradeKey) {
-    key =
-        "H|" + QCryptographicHash::hash(QByteArray::fromStdString(key), QCryptographicHash::Sha256)
-                   .toHex()
-                   .toStdString();
-  }
-  return key;
 }
 
 using DayTotal = std::tuple<text::Date, ScripId, Side>;
@@ -170,7 +140,35 @@ void TradePlan::Build(Fills fills, Progress& progress) {
 
 void TradePlan::Join(Fills fills) {
   const std::vector<std::uint32_t> same = SameScrips(scrips_);
-  lines_ = WithoutDelivery(JoinedLines(file_, same, doubled_, fills), file_);
+  std::vector<TradeLine> lines = JoinedLines(file_, same, doubled_, fills);
+  // What was entered by hand is matched as it is recorded.
+  MarkEntered(lines);
+  lines_ = WithoutDelivery(std::move(lines), file_, [this](text::Date day, std::uint32_t place) {
+    return SharesOf(recorded_.days, {day, scrips_[place].scrip});
+  });
+}
+
+/// Lines of which bills of the day have as many shares as all lines of their scrip and side.
+void TradePlan::MarkEntered(std::vector<TradeLine>& lines) const {
+  std::map<DayTotal, Shares> totals;
+  const auto day_of = [this](const TradeLine& line) {
+    return DayTotal{line.day, scrips_[line.scrip].scrip, line.side};
+  };
+  const auto is_known = [this](const TradeLine& line) {
+    return line.state != LineState::kDoubled && scrips_[line.scrip].match == ScripMatch::kKnown;
+  };
+  for (const TradeLine& line : lines) {
+    if (is_known(line)) {
+      totals[day_of(line)] += line.quantity;
+    }
+  }
+  const std::map<DayTotal, Shares> entered = TotalsOf(recorded_.entered);
+  for (TradeLine& line : lines) {
+    const auto found = is_known(line) ? entered.find(day_of(line)) : entered.end();
+    if (found != entered.end() && found->second == totals[day_of(line)]) {
+      line.state = LineState::kEntered;
+    }
+  }
 }
 
 bool TradePlan::IsOutdated(const RecordedTrades& now) const {
@@ -189,13 +187,6 @@ bool TradePlan::IsOutdated(const RecordedTrades& now) const {
 }
 
 void TradePlan::SetStates() {
-  std::map<DayTotal, Shares> totals;
-  for (const TradeLine& line : lines_) {
-    if (line.state != LineState::kDoubled && scrips_[line.scrip].match == ScripMatch::kKnown) {
-      totals[{line.day, scrips_[line.scrip].scrip, line.side}] += line.quantity;
-    }
-  }
-  std::map<DayTotal, Shares> entered = TotalsOf(recorded_.entered);
   for (TradeLine& line : lines_) {
     const TradedScrip& scrip = scrips_[line.scrip];
     if (line.state == LineState::kDoubled) {
@@ -203,10 +194,6 @@ void TradePlan::SetStates() {
     }
     if (!scrip.IsSettled()) {
       line.state = scrip.match == ScripMatch::kLikely ? LineState::kLikely : LineState::kUnknown;
-    } else if (const DayTotal day{line.day, scrip.scrip, line.side};
-               scrip.match == ScripMatch::kKnown && entered.contains(day) &&
-               entered[day] == totals[day]) {
-      line.state = LineState::kEntered;
     }
     line.ticked = line.state != LineState::kEntered;
   }
@@ -334,15 +321,15 @@ std::vector<std::string> TradePlan::Keys(std::span<const ScripId> scrips) const 
   for (const Trade& trade : file_.trades) {
     const std::string& exchange = file_.exchanges[trade.exchange];
     if (!trade.trade_number.empty()) {
-      keys.push_back(Bounded(NumberedKey(trade, exchange)));
+      keys.push_back(IdentityOfNumbered(trade, exchange));
       continue;
     }
     const ScripId scrip = scrips[trade.scrip];
     const std::string name =
         scrip ? std::to_string(scrip.value) : "?" + std::to_string(trade.scrip);
-    std::string key = ComposedKey(trade, exchange, name);
-    const int count = ++counts[std::to_string(trade.file) + key];
-    keys.push_back(Bounded(key + "|" + std::to_string(count)));
+    const std::string likeness = LikenessOf(trade, exchange, name);
+    const int count = ++counts[std::to_string(trade.file) + likeness];
+    keys.push_back(IdentityAmongAlike(likeness, count));
   }
   return keys;
 }

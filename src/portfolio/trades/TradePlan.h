@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Progress.h"
+#include "portfolio/SameDay.h"
 #include "portfolio/trades/TradeCharges.h"
 #include "portfolio/trades/TradeMemory.h"
 #include "portfolio/trades/TradeScrips.h"
@@ -65,6 +66,7 @@ struct LineChange {
 struct RecordedTrades {
   std::unordered_set<std::string> taken;  ///< identities of trades
   std::vector<EnteredTotal> entered;
+  RecordedDays days;  ///< with the broker
 };
 
 /// The bill lines that the trades of files make, and what of them is new. Nothing is written here.
@@ -87,6 +89,11 @@ class TradePlan {
   const std::vector<TradedScrip>& Scrips() const { return scrips_; }
   const std::vector<TradeLine>& Lines() const { return lines_; }
   std::size_t Count(LineState state) const;
+
+  /// The line's scrip as the file calls it.
+  QString NameOf(const TradeLine& line) const {
+    return QString::fromStdString(scrips_[line.scrip].naming.Shown());
+  }
 
   // The lines are to be built again afterwards.
   void Settle(std::uint32_t place, ScripId scrip);
@@ -115,6 +122,7 @@ class TradePlan {
   using LineName = std::pair<std::uint32_t, bool>;
 
   void Join(Fills fills);
+  void MarkEntered(std::vector<TradeLine>& lines) const;
   void SetStates();
   void SetCharges();
   void RoundStt();

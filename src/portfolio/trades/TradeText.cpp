@@ -169,8 +169,8 @@ std::optional<int> TimeIn(std::string_view text) {
   constexpr int kDaySeconds = 24 * 60 * 60;
   text = WithoutBlanks(text);
   if (const auto part_of_day = text::ParseNumber(text); part_of_day && *part_of_day < 1) {
-    return *part_of_day < 0 ? std::nullopt
-                            : std::optional(static_cast<int>(*part_of_day * kDaySeconds));
+    const int seconds = static_cast<int>(std::lround(*part_of_day * kDaySeconds));
+    return *part_of_day < 0 ? std::nullopt : std::optional(seconds % kDaySeconds);
   }
   const auto part = text.find('.');
   const std::vector<std::string_view> pieces = PiecesOf(text.substr(0, part));
@@ -242,8 +242,9 @@ std::string ExchangeIn(std::string_view text) {
 
 bool IsDerivative(std::string_view segment) {
   const std::string words = HeadingWords(segment);
-  for (const std::string_view part : {"fo", "f o", "nfo", "bfo", "fno", "future", "option", "deriv",
-                                      "mcx", "comm", "curr", "cds", "bcd"}) {
+  for (const std::string_view part :
+       {"fo", "f o", "nfo", "bfo", "fno", "future", "option", "deriv", "futopt", "futidx", "futstk",
+        "optidx", "optstk", "mcx", "comm", "curr", "cds", "bcd"}) {
     const auto at = words.find(part);
     const bool whole = at != std::string::npos && (at == 0 || words[at - 1] == ' ');
     const bool ends = whole && (at + part.size() == words.size() || part.size() > 3 ||

@@ -159,7 +159,8 @@ class NoteLinesTest : public QObject {
     const Note note = Read(text);
     const NoteBalance balance = CheckNote(note);
     QCOMPARE(balance.why, std::string());
-    QCOMPARE(NetOf(MakeBill(note, balance)).Count(), Paise::OfRupees(net).Count());
+    QCOMPARE(NetOf(MakeBill(note, balance, UndeliveredWithin(note))).Count(),
+             Paise::OfRupees(net).Count());
   }
 
   void WhatIsSoldOnTheSameDayIsWithoutDelivery() {
@@ -169,7 +170,8 @@ class NoteLinesTest : public QObject {
              "560.00\n" +
              Sum("(560.00)", "0.00", "(566.29)"));
     QStringList told;
-    for (const BillEntry& entry : MakeBill(note, CheckNote(note)).entries) {
+    for (const BillEntry& entry :
+         MakeBill(note, CheckNote(note), UndeliveredWithin(note)).entries) {
       told << QStringLiteral("%1 %2 %3 stt %4")
                   .arg(entry.side == Side::kSale ? "S" : "P")
                   .arg(entry.quantity.Number())

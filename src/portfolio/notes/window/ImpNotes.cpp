@@ -1,6 +1,5 @@
 #include "portfolio/notes/window/ImpNotes.h"
 
-#include "controls/FieldLayout.h"
 #include "controls/ProgressDialog.h"
 #include "controls/Style.h"
 #include "core/lookups/Directory.h"
@@ -42,7 +41,7 @@ ImpNotes::ImpNotes(controls::Desk& desk)
         {Field::kPassword, QStringLiteral("TxtPassword")},
         {Field::kRecord, QStringLiteral("VSF")},
         {Field::kLines, QStringLiteral("VSL")}});
-  FillClients();
+  FillChoices();
   FillScrips();
   FillNotes();
 }
@@ -89,24 +88,19 @@ void ImpNotes::Build() {
 }
 
 QLayout* ImpNotes::BuildChoice() {
-  auto* fields = new controls::FieldLayout(2);
-  Combo1 = fields->Add(tr("C&lient"), QStringLiteral("Combo1"), new ComboBox());
-  Combo2 = fields->Add(tr("&Demat A/c No."), QStringLiteral("Combo2"), new ComboBox());
-  Combo3 = fields->Add(tr("&Broker"), QStringLiteral("Combo3"), new ComboBox());
+  fields_ = new paper::PaperFields(paper::PaperFields::Account::kAlways);
+  Combo3 = fields_->Add(tr("&Broker"), QStringLiteral("Combo3"), new ComboBox());
   Combo3->setToolTip(tr("Only for notes that do not have the broker's name as it is entered"));
-  Combo4 = fields->Add(tr("&Exchange"), QStringLiteral("Combo4"), new ComboBox());
+  Combo4 = fields_->Add(tr("&Exchange"), QStringLiteral("Combo4"), new ComboBox());
   Combo4->setToolTip(tr("For notes that name none; NSE without a choice"));
-  TxtPassword =
-      fields->Add(tr("Pass&word"), QStringLiteral("TxtPassword"), new controls::TextBox());
-  TxtPassword->SetUpperCase(false);
-  TxtPassword->setEchoMode(QLineEdit::Password);
-  TxtPassword->setPlaceholderText(tr("the client's PAN is tried by itself"));
-  On(Combo1, &QComboBox::activated, &ImpNotes::Combo1_Click, QStringLiteral("Combo1_Click"));
-  On(Combo1, &ComboBox::Left, &ImpNotes::Combo1_Click, QStringLiteral("Combo1_Click"));
-  for (ComboBox* box : {Combo2, Combo3, Combo4}) {
+  fields_->AddPassword();
+  On(fields_->Combo1, &QComboBox::activated, &ImpNotes::Combo1_Click,
+     QStringLiteral("Combo1_Click"));
+  On(fields_->Combo1, &ComboBox::Left, &ImpNotes::Combo1_Click, QStringLiteral("Combo1_Click"));
+  for (ComboBox* box : {fields_->Combo2, Combo3, Combo4}) {
     On(box, &QComboBox::activated, &ImpNotes::Combo_Click, box->objectName() + "_Click");
   }
-  return fields;
+  return fields_;
 }
 
 QLayout* ImpNotes::BuildAssignment() {
@@ -144,31 +138,10 @@ QLayout* ImpNotes::BuildButtons() {
   return buttons;
 }
 
-void ImpNotes::FillClients() {
-  const lookups::Directory directory(*Session().connection);
-  std::vector<lookups::Item> items;
-  for (const lookups::ClientEntry& client : directory.Clients()) {
-    items.push_back({client.id.value, Utf8(client.name) + QStringLiteral(" (") + Utf8(client.code) +
-                                          QLatin1Char(')')});
-  }
-  Combo1->SetItems(std::move(items));
-  if (Session().current) {
-    Combo1->ById(Session().current->client.value);
-  }
+void ImpNotes::FillChoices() {
+  fields_->Offer(Session());
   Combo3->SetItems(lookups::DropDownItems(*Session().connection, lookups::DropDown::kBrokers));
   Combo4->SetItems(lookups::DropDownItems(*Session().connection, lookups::DropDown::kExchanges));
-  FillAccounts();
-}
-
-void ImpNotes::FillAccounts() {
-  client_ = ClientId{Combo1->CurrentId()};
-  const auto items = Combo1->HasChoice() ? lookups::AccountItems(*Session().connection,
-                                                                 ClientId{Combo1->CurrentId()})
-                                         : std::vector<lookups::Item>();
-  Combo2->SetItems(items);
-  if (items.size() == 1) {
-    Combo2->ById(items.front().id);
-  }
 }
 
 void ImpNotes::FillScrips() {
@@ -176,19 +149,19 @@ void ImpNotes::FillScrips() {
 }
 
 NoteQuery ImpNotes::Query() const {
-  return {.client = ClientId{Combo1->CurrentId()},
-          .account = AccountId{Combo2->CurrentId()},
+  return {.client = fields_->Client(),
+          .account = fields_->ChosenAccount(),
           .broker = BrokerId{Combo3->CurrentId()},
           .exchange = Combo4->HasChoice() ? Combo4->currentText() : QString(),
           .today = TheDesk().today()};
 }
 
 bool ImpNotes::CheckChoice() {
-  if (!Combo1->HasChoice()) {
+  if (!fields_->Combo1->HasChoice()) {
     Show(Refusal{tr("Select Client."), Field::kClients});
     return false;
   }
-  if (!Combo2->HasChoice()) {
+  if (!fields_->Combo2->HasChoice()) {
     Show(Refusal{tr("Select Demat A/c No."), Field::kAccount});
     return false;
   }
@@ -197,12 +170,10 @@ bool ImpNotes::CheckChoice() {
 
 /// Another client: the notes of the one before are no longer shown.
 void ImpNotes::Combo1_Click() {
-  if (ClientId{Combo1->CurrentId()} == client_) {
-    return;
+  if (fields_->IsAnotherClient(Session())) {
+    notes_.clear();
+    FillNotes();
   }
-  FillAccounts();
-  notes_.clear();
-  FillNotes();
 }
 
 void ImpNotes::Combo_Click() {
@@ -213,15 +184,14 @@ void ImpNotes::CmdFile_Click() {
   if (!CheckChoice()) {
     return;
   }
-  const QString path =
-      TheDesk().ask_open_path(this, QString(), tr("Contract Notes (*.pdf);;All Files (*)"));
+  const QString path = TheDesk().ask_open_path(
+      this, QString(), tr("Contract Notes (*.pdf *.htm *.html *.xlsx *.xls *.ods);;All Files (*)"));
   if (path.isEmpty()) {
     return;
   }
   Result<Note> note = [&] {
     controls::ProgressDialog progress(this);
-    return ReadNote(*Session().connection, ClientId{Combo1->CurrentId()}, path,
-                    {TxtPassword->text()}, progress);
+    return ReadNote(*Session().connection, fields_->Client(), path, fields_->Passwords(), progress);
   }();
   if (!note) {
     return Show(note.Why());
@@ -295,7 +265,8 @@ void ImpNotes::FillLines() {
 /// What the note charges beside brokerage, so that it can be held beside the paper.
 void ImpNotes::ShowSums(const PlannedNote* note) {
   if (note == nullptr) {
-    LblFile->setText(tr("Choose contract notes in PDF, as brokers send them by e-mail."));
+    LblFile->setText(
+        tr("Choose contract notes as brokers send them by e-mail: PDF, web pages or workbooks."));
     return;
   }
   const auto amount = [](const std::optional<Paise>& paise) {
@@ -369,14 +340,14 @@ void ImpNotes::CmdTake_Click() {
   if (!CheckChoice()) {
     return;
   }
-  // Others may have recorded meanwhile; the order of the notes stays.
-  const std::vector<int> ticked = VSF->Model().TickedIds();
-  Plan();
-  std::vector<PlannedNote> chosen;
-  chosen.reserve(ticked.size());
-  for (const int id : ticked) {
-    chosen.push_back(notes_[static_cast<std::size_t>(id) - 1]);
+  std::vector<ReadFile> ticked;
+  for (const int id : VSF->Model().TickedIds()) {
+    const PlannedNote& one = notes_[static_cast<std::size_t>(id) - 1];
+    ticked.push_back({one.path, one.note});
   }
+  // Others may have recorded meanwhile, and a note that is not ticked counts for no day.
+  const std::vector<PlannedNote> chosen =
+      PlanNotes(*Session().connection, Query(), std::move(ticked));
   if (chosen.empty()) {
     return ShowAt(tr("Tick a Note."), VSF);
   }

@@ -3,8 +3,8 @@
 #include "controls/ChildWindow.h"
 #include "controls/ComboBox.h"
 #include "controls/Grid.h"
-#include "controls/TextBox.h"
 #include "portfolio/notes/NoteBook.h"
+#include "portfolio/window/PaperFields.h"
 
 #include <vector>
 
@@ -12,7 +12,7 @@ class QLabel;
 
 namespace quorvane::notes {
 
-/// "Contract Notes": reads brokers' notes in PDF, shows what was understood and whether it adds up,
+/// "Contract Notes": reads brokers' notes, shows what was understood and whether it adds up,
 /// and records those that are ticked as bills of a client and account.
 class ImpNotes : public controls::ChildWindow {
   Q_OBJECT
@@ -25,8 +25,7 @@ class ImpNotes : public controls::ChildWindow {
   QLayout* BuildChoice();
   QLayout* BuildAssignment();
   QLayout* BuildButtons();
-  void FillClients();
-  void FillAccounts();
+  void FillChoices();
   void FillScrips();
   void Plan();
   void FillNotes();
@@ -48,14 +47,11 @@ class ImpNotes : public controls::ChildWindow {
   void CmdTake_Click();
   void CmdClear_Click();
 
-  ClientId client_;  ///< whose accounts can be chosen
   std::vector<PlannedNote> notes_;
-  controls::ComboBox* Combo1 = nullptr;  ///< client
-  controls::ComboBox* Combo2 = nullptr;  ///< account
+  paper::PaperFields* fields_ = nullptr;
   controls::ComboBox* Combo3 = nullptr;  ///< broker
   controls::ComboBox* Combo4 = nullptr;  ///< exchange
   controls::ComboBox* Combo5 = nullptr;  ///< the scrip for an unknown ISIN
-  controls::TextBox* TxtPassword = nullptr;
   QLabel* LblFile = nullptr;
   controls::Grid* VSF = nullptr;  ///< notes
   controls::Grid* VSL = nullptr;  ///< lines of the current note

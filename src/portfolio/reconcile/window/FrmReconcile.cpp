@@ -33,30 +33,9 @@ FrmReconcile::FrmReconcile(reporting::ReportDesk& desk)
         {Field::kPassword, QStringLiteral("TxtPassword")},
         {Field::kScrip, QStringLiteral("Combo3")},
         {Field::kClients, QStringLiteral("Combo1")}});
-  FillClients();
+  fields_->Offer(Session());
   FillScrips();
   FillRows();
-}
-
-void FrmReconcile::FillClients() {
-  const lookups::Directory directory(*Session().connection);
-  std::vector<lookups::Item> items;
-  for (const lookups::ClientEntry& client : directory.Clients()) {
-    items.push_back({client.id.value, Utf8(client.name) + QStringLiteral(" (") + Utf8(client.code) +
-                                          QLatin1Char(')')});
-  }
-  Combo1->SetItems(std::move(items));
-  if (Session().current) {
-    Combo1->ById(Session().current->client.value);
-  }
-  FillAccounts();
-}
-
-void FrmReconcile::FillAccounts() {
-  client_ = ClientId{Combo1->CurrentId()};
-  Combo2->SetItems(Combo1->HasChoice()
-                       ? lookups::AccountItems(*Session().connection, ClientId{Combo1->CurrentId()})
-                       : std::vector<lookups::Item>());
 }
 
 void FrmReconcile::FillScrips() {
@@ -64,18 +43,17 @@ void FrmReconcile::FillScrips() {
 }
 
 ReconcileQuery FrmReconcile::Query() const {
-  return {.client = ClientId{Combo1->CurrentId()},
+  return {.client = fields_->Client(),
           .day = text::ParseDmy(TxtDate->DateText()),
-          .account = AccountId{Combo2->CurrentId()},
+          .account = fields_->ChosenAccount(),
           .today = TheDesk().today()};
 }
 
 /// Another client: what is shown is of the one before.
 void FrmReconcile::Combo1_Click() {
-  if (ClientId{Combo1->CurrentId()} == client_) {
+  if (!fields_->IsAnotherClient(Session())) {
     return;
   }
-  FillAccounts();
   statement_.reset();
   result_.reset();
   FillRows();
@@ -95,7 +73,7 @@ bool FrmReconcile::GoTo(int record) {
 }
 
 void FrmReconcile::CmdFile_Click() {
-  if (!Combo1->HasChoice()) {
+  if (!fields_->Combo1->HasChoice()) {
     return Show(Refusal{tr("Select Client."), Field::kClients});
   }
   const QString path = TheDesk().ask_open_path(
@@ -113,8 +91,8 @@ void FrmReconcile::CmdAgain_Click() {
 void FrmReconcile::Read() {
   Result<Statement> statement = [&] {
     controls::ProgressDialog progress(this);
-    return ReadStatementOf(*Session().connection, ClientId{Combo1->CurrentId()}, path_,
-                           {TxtPassword->text()}, progress);
+    return ReadStatementOf(*Session().connection, fields_->Client(), path_, fields_->Passwords(),
+                           progress);
   }();
   statement_.reset();
   result_.reset();
@@ -177,8 +155,8 @@ void FrmReconcile::FillRows() {
 
 void FrmReconcile::FillMarks() {
   marks_.clear();
-  if (Combo1->HasChoice()) {
-    marks_ = OpenMarks(*Session().connection, ClientId{Combo1->CurrentId()});
+  if (fields_->Combo1->HasChoice()) {
+    marks_ = OpenMarks(*Session().connection, fields_->Client());
   }
   const lookups::Directory directory(*Session().connection);
   std::vector<controls::Row> rows;
@@ -249,7 +227,7 @@ void FrmReconcile::Open(const Cause& cause) {
 
 /// A window of the client in a year, as the client list opens it.
 void FrmReconcile::OpenFor(const QString& window, text::FinancialYear year) {
-  const ClientId client{Combo1->CurrentId()};
+  const ClientId client = fields_->Client();
   Session().current = ClientYear{client, year};
   Session().current_client_name =
       Utf8(lookups::Directory(*Session().connection).Client(client).name);
@@ -271,7 +249,7 @@ void FrmReconcile::CmdAssign_Click() {
 
 void FrmReconcile::CmdOpening_Click() {
   if (!Say().Ask(tr("Take the Quantities of the Statement In as Opening Stock of %1?")
-                     .arg(Combo1->currentText()),
+                     .arg(fields_->Combo1->currentText()),
                  controls::Answer::kNo, controls::Icon::kInformation)) {
     return;
   }
@@ -314,7 +292,7 @@ std::optional<reporting::ReportDocument> FrmReconcile::MakeOutput(
 
 QString FrmReconcile::FileName(const reporting::ReportDocument& document) const {
   return reporting::FileStem(
-      {document.titles.value(0), Combo1->currentText(), text::FormatDmy(result_->day)});
+      {document.titles.value(0), fields_->Combo1->currentText(), text::FormatDmy(result_->day)});
 }
 
 void FrmReconcile::WriteWorkbook(const reporting::ReportDocument& document, const QString& path,

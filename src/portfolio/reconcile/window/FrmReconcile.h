@@ -4,9 +4,9 @@
 #include "controls/ComboBox.h"
 #include "controls/DateBox.h"
 #include "controls/Grid.h"
-#include "controls/TextBox.h"
 #include "portfolio/reconcile/OpeningMarks.h"
 #include "portfolio/reconcile/Reconciliation.h"
+#include "portfolio/window/PaperFields.h"
 #include "reporting/window/ReportDesk.h"
 #include "reporting/window/ReportOutputs.h"
 
@@ -36,8 +36,6 @@ class FrmReconcile : public controls::ChildWindow, private reporting::ReportOutp
   QLayout* BuildChoice();
   QLayout* BuildButtons();
   QWidget* BuildComparison();
-  void FillClients();
-  void FillAccounts();
   void FillRows();
   void FillMarks();
   void FillScrips();
@@ -70,15 +68,12 @@ class FrmReconcile : public controls::ChildWindow, private reporting::ReportOutp
 
   reporting::ReportDesk& desk_;
   reporting::ReportOutputs* outputs_;
-  ClientId client_;  ///< whose accounts can be chosen
   QString path_;
   std::optional<Statement> statement_;
   std::optional<Reconciliation> result_;
   std::vector<OpeningMark> marks_;
-  controls::ComboBox* Combo1 = nullptr;  ///< client
-  controls::ComboBox* Combo2 = nullptr;  ///< account of rows without a number
+  paper::PaperFields* fields_ = nullptr;
   controls::DateBox* TxtDate = nullptr;
-  controls::TextBox* TxtPassword = nullptr;
   QLabel* LblFile = nullptr;
   QCheckBox* ChkDiffer = nullptr;
   QTabWidget* pages_ = nullptr;

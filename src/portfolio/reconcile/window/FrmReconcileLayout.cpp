@@ -1,4 +1,3 @@
-#include "controls/FieldLayout.h"
 #include "controls/Style.h"
 #include "portfolio/reconcile/window/FrmReconcile.h"
 
@@ -45,21 +44,16 @@ void FrmReconcile::Build() {
 }
 
 QLayout* FrmReconcile::BuildChoice() {
-  auto* fields = new controls::FieldLayout(2);
-  Combo1 = fields->Add(tr("C&lient"), QStringLiteral("Combo1"), new ComboBox());
-  Combo2 = fields->Add(tr("&Demat A/c No."), QStringLiteral("Combo2"), new ComboBox());
-  Combo2->setToolTip(tr("Only for a statement that names no account"));
-  TxtDate = fields->Add(tr("As O&n"), QStringLiteral("TxtDate"), new controls::DateBox());
+  fields_ = new paper::PaperFields(paper::PaperFields::Account::kInDoubt);
+  fields_->Combo2->setToolTip(tr("Only for a statement that names no account"));
+  TxtDate = fields_->Add(tr("As O&n"), QStringLiteral("TxtDate"), new controls::DateBox());
   TxtDate->setToolTip(tr("Only for a statement that names no day, or to compare with another one"));
-  TxtPassword =
-      fields->Add(tr("Pass&word"), QStringLiteral("TxtPassword"), new controls::TextBox());
-  TxtPassword->SetUpperCase(false);
-  TxtPassword->setEchoMode(QLineEdit::Password);
-  TxtPassword->setPlaceholderText(tr("the client's PAN is tried by itself"));
+  fields_->AddPassword();
   Watch(TxtDate);
-  On(Combo1, &QComboBox::activated, &FrmReconcile::Combo1_Click, QStringLiteral("Combo1_Click"));
-  On(Combo1, &ComboBox::Left, &FrmReconcile::Combo1_Click, QStringLiteral("Combo1_Click"));
-  return fields;
+  On(fields_->Combo1, &QComboBox::activated, &FrmReconcile::Combo1_Click,
+     QStringLiteral("Combo1_Click"));
+  On(fields_->Combo1, &ComboBox::Left, &FrmReconcile::Combo1_Click, QStringLiteral("Combo1_Click"));
+  return fields_;
 }
 
 QWidget* FrmReconcile::BuildComparison() {

@@ -1,5 +1,6 @@
 #include "portfolio/notes/window/ImpNotes.h"
 #include "support/Desk.h"
+#include "support/Files.h"
 #include "support/ShownWindow.h"
 
 #include <QPainter>
@@ -37,6 +38,17 @@ class ImpNotesTest : public test::DeskTest {
             "Pay in/Pay out obligation " + total,
             "Stamp duty 1.00",
             "Net amount payable by client " + net};
+  }
+
+  /// The same as a web page, with the number and the security's line as given.
+  static QString Page(const Shown& shown, const QString& number, const QString& line,
+                      const QString& net) {
+    QStringList lines = Note("10", "500.00", net);
+    lines[2].replace("LT/1", number);
+    lines[3] = line;
+    const QString page = "<html><body>" + lines.join("<br>") + "</body></html>";
+    return test::WriteFile(shown.folder.filePath(QString(number).remove('/') + ".pdf"),
+                           page.toUtf8());
   }
 
  private Q_SLOTS:
@@ -79,6 +91,25 @@ class ImpNotesTest : public test::DeskTest {
     shown.Click("CmdTake");
     QCOMPARE(desk_->LotAt(50), QString("12@50"));
     QCOMPARE(desk_->Contents("SPMaster").size(), 1);
+  }
+
+  void NoteThatIsNotTickedCountsForNoDay() {
+    desk_->Connection().Execute("Insert Into ScripIsin(ScrId,Isin,FromDay) Values(?,?,'')",
+                                desk_->scrip, "INE999A01015");
+    Shown shown(desk_->database, test::ForClient{desk_->of});
+    shown.Named<controls::ComboBox>("Combo2")->ById(desk_->account.value);
+    shown.chosen =
+        Page(shown, "LT/1", "INE999A01015 ZINC 10 50.00 0.00 50.00 500.00 10 500.00", "501.00");
+    shown.Click("CmdFile");
+    shown.chosen =
+        Page(shown, "LT/2", "INE999A01015 ZINC 10 50.00 0.00 50.00 500.00 -10 500.00", "499.00");
+    shown.Click("CmdFile");
+    QVERIFY(shown.RowsOf("VSL").value(0).contains("Non Delivery Based"));
+    shown.Named<controls::Grid>("VSF")->Model().SetTicked(1, false);
+    shown.Click("CmdTake");
+    QCOMPARE(shown.messages.LastText(), QString("1 Bills are Recorded."));
+    QCOMPARE(test::Rows(desk_->Connection(), "Select SP,Qty,DelvType From SPTrans"),
+             QStringList({"1|10|Delivery Based"}));
   }
 };
 

@@ -1,0 +1,45 @@
+#include "portfolio/PortfolioRows.h"
+
+#include <cmath>
+
+namespace quorvane::portfolio {
+
+void MarkRows::ReadOpeningMark() {
+  using namespace opening_marks;
+  OpeningMarkRow row;
+  row.client = fields_.Client(kClientCode);
+  row.account = fields_.Account(kAccountNo);
+  const auto year = fields_.Table().YearOf(kFyear);
+  row.scrip = fields_.Scrip(kScripCode);
+  row.line = fields_.Table().Line();
+  if (year) {
+    row.year = *year;
+    portfolio_.opening_marks.push_back(row);
+  }
+}
+
+void MarkRows::ReadTradeKey() {
+  using namespace trade_keys;
+  constexpr double kMostParts = 1e6;
+  TradeKeyRow row;
+  row.client = fields_.Client(kClientCode);
+  row.account = fields_.Account(kAccountNo);
+  row.broker = fields_.Broker(kBroker);
+  row.bill_number = fields_.Table().Text(kBillNo);
+  row.key = fields_.Table().Text(kTradeKey);
+  row.scrip = fields_.OptionalScrip(kScripCode);
+  const auto date = fields_.Table().DateOf(kBillDate);
+  const double part = fields_.Table().OptionalNumber(kBillPart).value_or(1);
+  row.line = fields_.Table().Line();
+  if (!(part >= 1 && part <= kMostParts) || part != std::floor(part)) {
+    fields_.Table().Fail(kBillPart, "expected a whole number from 1 on");
+    return;
+  }
+  row.bill_part = static_cast<std::size_t>(part);
+  if (date) {
+    row.bill_date = *date;
+    portfolio_.trade_keys.push_back(std::move(row));
+  }
+}
+
+}  // namespace quorvane::portfolio

@@ -65,11 +65,11 @@ bool FrmReconcile::GoTo(int record) {
   }
   const AccountId account{record};
   const ClientId client = lookups::Directory(*Session().connection).Account(account).client;
-  if (!client || !Combo1->ById(client.value)) {
+  if (!client || !fields_->Combo1->ById(client.value)) {
     return false;
   }
   Combo1_Click();
-  return Combo2->ById(account.value);
+  return fields_->Combo2->ById(account.value);
 }
 
 void FrmReconcile::CmdFile_Click() {

@@ -60,7 +60,7 @@ void FrmDividend::SetListColumns() {
                      {.heading = tr("Demat A/c No."),
                       .choices = lookups::AccountChoiceList(connection, of_.client)},
                      {.heading = tr("Quantity"), .mask = Mask::kAmount},
-                     {.heading = tr("Rs a Share"), .mask = Mask::kNumber},
+                     {.heading = tr("Rs a Share"), .mask = Mask::kQuantity},
                      {.heading = tr("Dividend"), .mask = Mask::kAmount},
                      {.heading = tr("Tax Deducted"), .mask = Mask::kAmount},
                      {.heading = tr("Corporate Action")}});

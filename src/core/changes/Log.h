@@ -45,8 +45,7 @@ struct Entry {
 /// write at once change it both, so that one of them is given up and tries again. Refuses
 /// - a user without the right to it,
 /// - a change of a record that this program is editing and that another one changed or deleted
-/// since
-///   it was opened, by itself or as one of many. The refusal shows both versions; the save that
+///   meanwhile, by itself or as one of many. The refusal shows both versions; the save that
 ///   follows it is taken.
 MaybeRefusal WriteEntry(database::Transaction& transaction);
 

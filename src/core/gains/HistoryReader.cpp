@@ -83,8 +83,7 @@ bool HistoryReader::IsBeforeAction(const records::Movement& movement) const {
   const HistoryQuery& query = history_.query_;
   const bool of_an_action =
       movement.kind == MovementKind::kActionIn || movement.kind == MovementKind::kActionOut;
-  return of_an_action && query.before_action &&
-         movement.date == query.to + std::chrono::days(1) &&
+  return of_an_action && query.before_action && movement.date == query.to + std::chrono::days(1) &&
          (!*query.before_action || movement.document < query.before_action->value);
 }
 

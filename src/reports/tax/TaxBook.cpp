@@ -71,8 +71,8 @@ ClientTax TaxBook::Make(ClientId client, Positions history, Losses& losses) cons
 ClientTax TaxBook::Of(ClientId client, Progress& progress) const {
   Losses losses = ReadLosses();
   return Make(client,
-              positions::ReadPositions(
-                  connection_, {.client = client, .to = rules_.Year().LastDay()}, progress),
+              positions::ReadPositions(connection_,
+                                       {.client = client, .to = rules_.Year().LastDay()}, progress),
               losses);
 }
 

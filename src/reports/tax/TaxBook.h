@@ -21,8 +21,8 @@ struct ClientTax {
   std::vector<OpenLoss> left_before;
 };
 
-/// Works out the tax year of clients with one query a table, however many they are. Pieces come by account number,
-/// scrip code and day of sale. Throws DatabaseError and Cancellation.
+/// Works out the tax year of clients with one query a table, however many they are. Pieces come by
+/// account number, scrip code and day of sale. Throws DatabaseError and Cancellation.
 class TaxBook {
  public:
   /// `before` are the rules of the year before, where these are known. The rules outlive the book.

@@ -241,6 +241,10 @@ class NoteReader {
       return;
     }
     waiting_ = Label::kNone;
+    constexpr double kMost = 1e12;
+    if (std::abs(amounts.back()) > kMost) {
+      return;
+    }
     const Paise amount = Paise::OfRupees(std::abs(amounts.back()));
     switch (labelled.label) {
       case Label::kNone:

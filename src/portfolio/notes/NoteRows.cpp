@@ -23,7 +23,12 @@ std::vector<double> NumbersIn(std::span<const Word> words) {
 /// Whether five numbers are those of one side.
 bool AreSide(std::span<const double> n) {
   constexpr double kRounded = 0.0051;
+  // Larger ones are no trades, and their sums no numbers.
+  constexpr double kMost = 1e12;
   const double quantity = std::abs(n[0]);
+  if (quantity > kMost || std::abs(n[4]) > kMost) {
+    return false;
+  }
   const bool brokerage = std::abs(std::abs(n[1] - n[3]) - std::abs(n[2])) <= 2 * kRounded;
   return quantity > 0 && n[1] > 0 && brokerage &&
          std::abs(quantity * n[3] - std::abs(n[4])) <= quantity * kRounded + 0.011;

@@ -166,6 +166,12 @@ std::optional<RowNumbers> ByProduct(std::span<const double> numbers) {
   return std::nullopt;
 }
 
+/// Larger numbers are no shares, and their sums no numbers.
+bool IsQuantity(double number) {
+  constexpr double kMost = 1e10;
+  return std::abs(number) <= kMost;
+}
+
 /// The places of the columns of a kind; the first of several counts.
 struct Places {
   explicit Places(std::span<const ColumnKind> columns) : columns_(columns) {}
@@ -194,10 +200,10 @@ std::optional<RowNumbers> ByColumns(std::span<const double> cells,
     }
   }
   const auto free = places.Of(kFree);
-  if (!free) {
+  const auto pledged = places.Of(kPledged);
+  if (!free || !IsQuantity(cells[*free]) || (pledged && !IsQuantity(cells[*pledged]))) {
     return std::nullopt;
   }
-  const auto pledged = places.Of(kPledged);
   row.quantity =
       text::Shares(cells[*free]) + (pledged ? text::Shares(cells[*pledged]) : text::Shares());
   return row;
@@ -210,10 +216,8 @@ bool Disagrees(const RowNumbers& row, std::span<const double> cells,
          !Gives(row.quantity.Number(), row.price, cells[*value]);
 }
 
-}  // namespace
-
-std::optional<RowNumbers> ReadNumbers(std::span<const double> numbers,
-                                      std::span<const ColumnKind> columns) {
+std::optional<RowNumbers> Understood(std::span<const double> numbers,
+                                     std::span<const ColumnKind> columns) {
   const bool known = !columns.empty();
   if (known && numbers.size() >= columns.size()) {
     const auto cells = numbers.last(columns.size());
@@ -235,6 +239,14 @@ std::optional<RowNumbers> ReadNumbers(std::span<const double> numbers,
     return RowNumbers{text::Shares(numbers.front()), 0};
   }
   return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<RowNumbers> ReadNumbers(std::span<const double> numbers,
+                                      std::span<const ColumnKind> columns) {
+  const auto row = Understood(numbers, columns);
+  return row && IsQuantity(row->quantity.Number()) ? row : std::nullopt;
 }
 
 }  // namespace quorvane::reconcile

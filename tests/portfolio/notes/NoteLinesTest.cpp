@@ -126,6 +126,9 @@ class NoteLinesTest : public QObject {
         head + kAverage + "Pay in/Pay out obligation  (4120.55)  (100.00)  (4220.55)\n",
         lines + "it has trades of other segments than shares, such as futures");
     row("no sum", head + kAverage, lines + "its obligation or its net amount cannot be read");
+    row("numbers whose sum is none",
+        head + "INE999A01015 ZINC 9000000000000 1.00 0.00 1.00 9000000000000.00 0 0.00\n",
+        "LT/2526/000123|03/11/2025|it has no trades in shares that can be read");
     row("no note", "Dear investor,\nnothing to see\n",
         "|no day|it has no trades in shares that can be read");
   }

@@ -125,6 +125,10 @@ class StatementLinesTest : public QObject {
         "Holdings as on 30 June 2026\nISIN           Name    Free Qty   Pledged Qty   Rate   "
         "Value\nINE999A01015   ZINC    5.000      15.000        10.00  200.00",
         " INE999A01015 20|30/06/2026");
+    row("numbers whose sum is none",
+        "Holdings as on 30 June 2026\nISIN           Name    Free Qty             Pledged Qty\n"
+        "INE999A01015   ZINC    9000000000000.000    9000000000000.000",
+        "doubt line 3|30/06/2026");
     row("whole quantity at the end",
         "Holdings as on 30.06.2026\nISIN           Name    Free Qty   Pledged Qty   Tot "
         "Qty\nINE999A01015   ZINC    5.000      15.000        21.000",

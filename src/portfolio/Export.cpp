@@ -36,6 +36,7 @@ class DocumentExport {
     WritePayments(FileKind::kReceipts, records::kReceipts, kReceiptModes);
     WriteActions();
     WriteTaxLosses();
+    WriteStatementChecks();
   }
 
  private:
@@ -75,6 +76,31 @@ class DocumentExport {
         [&](const reconcile::OpeningMark& mark) {
           file.Row(names_.clients.Use(mark.client), names_.accounts.Use(mark.account), mark.year,
                    names_.scrips.Use(mark.scrip));
+        });
+    file.Finish();
+  }
+
+  void WriteStatementChecks() {
+    using records::StatementCheck;
+    std::vector<StatementCheck> checks =
+        names_.Select(connection_, &StatementCheck::client, records::Table<StatementCheck>::kName)
+            .All();
+    std::erase_if(
+        checks, [this](const StatementCheck& check) { return !names_.clients.Has(check.client); });
+    if (checks.empty()) {
+      return folder_.Remove(LayoutOf(FileKind::kStatementChecks));
+    }
+    OutputFile& file = folder_.Add(LayoutOf(FileKind::kStatementChecks));
+    InOrder(
+        checks,
+        [this](const StatementCheck& check) {
+          return std::tuple(names_.clients.Use(check.client), names_.accounts.Use(check.account),
+                            text::ParseDmy(check.statement_day));
+        },
+        [&](const StatementCheck& check) {
+          file.Row(names_.clients.Use(check.client), names_.accounts.Use(check.account),
+                   check.statement_day, std::to_string(check.compared),
+                   std::to_string(check.differing), check.checked_on);
         });
     file.Finish();
   }

@@ -188,7 +188,14 @@ constexpr std::array<ColumnLayout, 8> kTradeKeys{{{"client_code", true, 100},
                                                   {"scrip_code", false, 255},
                                                   {"bill_part", false, 0}}};
 
-constexpr std::array<FileLayout, 21> kLayouts{
+constexpr std::array<ColumnLayout, 6> kStatementChecks{{{"client_code", true, 100},
+                                                        {"account_no", true, 100},
+                                                        {"statement_day", true, 0},
+                                                        {"compared", true, 0},
+                                                        {"differing", true, 0},
+                                                        {"checked_on", true, 0}}};
+
+constexpr std::array<FileLayout, 22> kLayouts{
     {{FileKind::kParticipants, "participants.csv", kParticipants},
      {FileKind::kClients, "clients.csv", kClients},
      {FileKind::kAccounts, "accounts.csv", kAccounts},
@@ -209,7 +216,8 @@ constexpr std::array<FileLayout, 21> kLayouts{
      {FileKind::kFairValues, "fair_values.csv", kFairValues},
      {FileKind::kTaxLosses, "tax_losses.csv", kTaxLosses},
      {FileKind::kOpeningMarks, "opening_marks.csv", kOpeningMarks},
-     {FileKind::kTradeKeys, "trade_keys.csv", kTradeKeys}}};
+     {FileKind::kTradeKeys, "trade_keys.csv", kTradeKeys},
+     {FileKind::kStatementChecks, "statement_checks.csv", kStatementChecks}}};
 
 }  // namespace
 

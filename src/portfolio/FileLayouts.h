@@ -28,7 +28,8 @@ enum class FileKind {
   kFairValues,
   kTaxLosses,
   kOpeningMarks,
-  kTradeKeys
+  kTradeKeys,
+  kStatementChecks
 };
 
 struct ColumnLayout {
@@ -243,6 +244,9 @@ enum {
   kScripCode,  ///< where the key names a scrip, which it leaves out
   kBillPart    ///< as in bills.csv
 };
+}
+namespace statement_checks {
+enum { kClientCode, kAccountNo, kStatementDay, kCompared, kDiffering, kCheckedOn };
 }
 
 }  // namespace quorvane::portfolio

@@ -1,4 +1,5 @@
 #include "core/records/OpeningMark.h"
+#include "core/records/StatementCheck.h"
 #include "core/records/Writing.h"
 #include "portfolio/ImportSteps.h"
 #include "portfolio/RecordedDocuments.h"
@@ -174,6 +175,36 @@ class TradeKeyImport {
   std::map<AccountId, std::vector<TakenTrade>> taken_;
 };
 
+/// Of two comparisons with a statement of one account and day the recorded one stays.
+void ImportStatementChecks(Transaction& transaction, const Portfolio& portfolio,
+                           const ResolvedNames& names, ErrorList& errors, ImportResult& result) {
+  using records::StatementCheck;
+  std::set<std::pair<AccountId, QString>> known;
+  if (!portfolio.statement_checks.empty()) {
+    records::Select<StatementCheck>(transaction.GetConnection())
+        .Each([&](const StatementCheck& check) {
+          known.emplace(check.account, check.statement_day);
+        });
+  }
+  records::Writer<StatementCheck> writer(transaction);
+  std::size_t added = 0;
+  for (const StatementCheckRow& row : portfolio.statement_checks) {
+    StatementCheck check = row.record;
+    check.client = names.clients[row.client];
+    const auto account = names.Account(check.client, row.account);
+    if (!account) {
+      errors.Add(FileKind::kStatementChecks, row.line, "account_no",
+                 "expected an account of the client");
+    } else if (known.emplace(*account, check.statement_day).second) {
+      check.account = *account;
+      writer.Write(check);
+      ++added;
+    }
+  }
+  writer.Finish();
+  result.Count("comparisons with statements", added);
+}
+
 }  // namespace
 
 void ImportMarks(Transaction& transaction, const Portfolio& portfolio, const ResolvedNames& names,
@@ -181,6 +212,7 @@ void ImportMarks(Transaction& transaction, const Portfolio& portfolio, const Res
   ImportOpeningMarks(transaction, portfolio, names, errors, result);
   result.Count("trades of brokers' files",
                TradeKeyImport(transaction, portfolio, names, errors).Run());
+  ImportStatementChecks(transaction, portfolio, names, errors, result);
 }
 
 }  // namespace quorvane::portfolio

@@ -42,4 +42,32 @@ void MarkRows::ReadTradeKey() {
   }
 }
 
+void MarkRows::ReadStatementCheck() {
+  using namespace statement_checks;
+  constexpr double kMostHoldings = 1e9;
+  StatementCheckRow row;
+  row.client = fields_.Client(kClientCode);
+  row.account = fields_.Account(kAccountNo);
+  row.line = fields_.Table().Line();
+  const auto count = [&](std::size_t column, int& number) {
+    const double value = fields_.Table().Number(column);
+    const bool is_count = value >= 0 && value <= kMostHoldings && value == std::floor(value);
+    if (is_count) {
+      number = static_cast<int>(value);
+    } else {
+      fields_.Table().Fail(column, "expected a whole number from 0 on");
+    }
+    return is_count;
+  };
+  const auto statement_day = fields_.Table().DateOf(kStatementDay);
+  const auto checked_on = fields_.Table().DateOf(kCheckedOn);
+  const bool counted =
+      count(kCompared, row.record.compared) && count(kDiffering, row.record.differing);
+  if (statement_day && checked_on && counted) {
+    row.record.statement_day = text::FormatDmy(*statement_day);
+    row.record.checked_on = text::FormatDmy(*checked_on);
+    portfolio_.statement_checks.push_back(std::move(row));
+  }
+}
+
 }  // namespace quorvane::portfolio

@@ -8,6 +8,7 @@
 #include "core/records/Money.h"
 #include "core/records/Opening.h"
 #include "core/records/Rates.h"
+#include "core/records/StatementCheck.h"
 #include "core/records/Transfer.h"
 #include "core/tax/TaxLosses.h"
 #include "portfolio/CsvTable.h"
@@ -239,6 +240,14 @@ struct TradeKeyRow {
   std::size_t line = 0;
 };
 
+/// A comparison of an account with a statement of its holdings.
+struct StatementCheckRow {
+  records::StatementCheck record;  ///< without client and account
+  Symbol client = 0;
+  Symbol account = 0;
+  std::size_t line = 0;
+};
+
 /// A portfolio folder in memory, checked row by row but not yet against a database. Bills of
 /// another origin have the same form and are taken in by the same rules.
 struct Portfolio {
@@ -265,6 +274,7 @@ struct Portfolio {
   std::vector<TaxLossRow> tax_losses;
   std::vector<OpeningMarkRow> opening_marks;
   std::vector<TradeKeyRow> trade_keys;
+  std::vector<StatementCheckRow> statement_checks;
 
   /// Whether the folder says what was applied; otherwise actions are applied as they are taken in.
   bool has_action_lots = false;

@@ -109,6 +109,8 @@ class Reader {
         return marks_.ReadOpeningMark();
       case FileKind::kTradeKeys:
         return marks_.ReadTradeKey();
+      case FileKind::kStatementChecks:
+        return marks_.ReadStatementCheck();
     }
   }
 

@@ -141,6 +141,7 @@ class MarkRows {
   // Each reads the current row, which is of the file in its name.
   void ReadOpeningMark();
   void ReadTradeKey();
+  void ReadStatementCheck();
 
  private:
   Portfolio& portfolio_;

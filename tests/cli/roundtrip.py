@@ -295,7 +295,10 @@ class Marks(ComesAgain):
              "trade_keys.csv": "client_code,account_no,bill_no,bill_date,broker,trade_key,"
                                "scrip_code,bill_part\n" +
                                KEY.format("C|NSE|15096||P|10000000|60|1", "600001", "") +
-                               KEY.format("T|NSE|15096|O1|T1|P", "", "2")}
+                               KEY.format("T|NSE|15096|O1|T1|P", "", "2"),
+             "statement_checks.csv": "client_code,account_no,statement_day,compared,differing,"
+                                     "checked_on\nAN,A1,31/03/2012,12,4,05/04/2012\n"}
+    NAMES = ("opening_marks.csv", "trade_keys.csv", "statement_checks.csv")
 
     def test_they_come_out_and_in_again(self):
         desk = self.new_desk()
@@ -303,10 +306,10 @@ class Marks(ComesAgain):
         self.assertEqual([["C|NSE|15096|1|P|10000000|60|1", "1"], ["T|NSE|15096|O1|T1|P", "2"]],
                          desk.sql("Select TradeKey,BillId From TradeKey Order By BillId"))
         out = desk.export("--client", "AN")
-        for name in ("opening_marks.csv", "trade_keys.csv"):
+        for name in self.NAMES:
             self.assertEqual(self.FILES[name], out[name].decode())
         self.assert_comes_again(desk)
-        part = {name: self.FILES[name] for name in ("opening_marks.csv", "trade_keys.csv")}
+        part = {name: self.FILES[name] for name in self.NAMES}
         desk.take_in(write(self.new_folder(), part))
         self.assert_same_files(out, desk.export("--client", "AN"))
         self.assertNotIn("trade_keys.csv", desk.export("--client", "BI"))
@@ -325,7 +328,11 @@ class Marks(ComesAgain):
                 ("trade_keys.csv", self.KEY.format(key, "", "").replace("A1", "B1"),
                  "account_no: expected an account of the client"),
                 ("trade_keys.csv", self.KEY.format("T|NSE|15096|O1|T1|P", "", ""),
-                 "trade_key: this trade is in another bill already")):
+                 "trade_key: this trade is in another bill already"),
+                ("statement_checks.csv", "AN,B1,31/03/2012,1,0,05/04/2012",
+                 "account_no: expected an account of the client"),
+                ("statement_checks.csv", "AN,A1,31/03/2012,1.5,0,05/04/2012",
+                 "compared: expected a whole number from 0 on")):
             with self.subTest(line):
                 header = self.FILES[name].splitlines()[0]
                 folder = write(self.new_folder(), {name: f"{header}\n{line}"})

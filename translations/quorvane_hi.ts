@@ -2475,6 +2475,14 @@ All Related Data will be Deleted.</source>
         <source>Not Taken</source>
         <translation>नहीं लिया गया</translation>
     </message>
+    <message>
+        <source>Bills of the Day have as many Shares under other Numbers.</source>
+        <translation>उस दिन के बिलों में दूसरे नंबरों के तहत इतने ही शेयर हैं।</translation>
+    </message>
+    <message>
+        <source>Probably Entered</source>
+        <translation>संभवतः दर्ज</translation>
+    </message>
 </context>
 <context>
     <name>OpeningStock</name>
@@ -2924,12 +2932,16 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
 <context>
     <name>SameDay</name>
     <message>
-        <source>%1 of %2 that recorded bills of %3 bought become Non Delivery Based.</source>
-        <translation>%3 के दर्ज बिलों में खरीदे गए %2 के %1 शेयर बिना डिलीवरी वाले हो जाएँगे।</translation>
+        <source>Recorded bills of %1 bought %2 of %3: what was settled without delivery is to be marked Non Delivery Based in both bills.</source>
+        <translation>%1 के दर्ज बिलों में %3 के %2 शेयर खरीदे गए हैं: जो बिना डिलीवरी निपटा, उसे दोनों बिलों में Non Delivery Based चिह्नित करना है।</translation>
     </message>
     <message>
-        <source>%1 of %2 that recorded bills of %3 sold become Non Delivery Based.</source>
-        <translation>%3 के दर्ज बिलों में बेचे गए %2 के %1 शेयर बिना डिलीवरी वाले हो जाएँगे।</translation>
+        <source>Recorded bills of %1 sold %2 of %3: what was settled without delivery is to be marked Non Delivery Based in both bills.</source>
+        <translation>%1 के दर्ज बिलों में %3 के %2 शेयर बेचे गए हैं: जो बिना डिलीवरी निपटा, उसे दोनों बिलों में Non Delivery Based चिह्नित करना है।</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>और %1 अन्य</translation>
     </message>
 </context>
 <context>
@@ -3394,6 +3406,12 @@ Qunatity of %1 Script Can&apos;t be Negative Value.</source>
     <message>
         <source>Nothing was saved: trades of the file, or bills of their days, were recorded meanwhile. Open the file again.</source>
         <translation>कुछ भी सहेजा नहीं गया: इस बीच फ़ाइल के सौदे या उन दिनों के बिल दर्ज कर लिए गए। फ़ाइल फिर से खोलें।</translation>
+    </message>
+    <message>
+        <source>Nothing was saved. What was bought and what was sold without delivery must be of one quantity, and ticked together:
+%1</source>
+        <translation>कुछ भी सहेजा नहीं गया। बिना डिलीवरी की खरीद और बिक्री की मात्रा बराबर होनी चाहिए, और दोनों पर साथ निशान लगाना होगा:
+%1</translation>
     </message>
 </context>
 <context>
@@ -6672,6 +6690,10 @@ Save this one, too?</source>
     <message>
         <source>Choose contract notes as brokers send them by e-mail: PDF, web pages or workbooks.</source>
         <translation>वे अनुबंध नोट चुनें जो ब्रोकर ई-मेल से भेजते हैं: PDF, वेब पृष्ठ या वर्कबुक।</translation>
+    </message>
+    <message>
+        <source>Other Shares are Without Delivery than Shown, because not all Notes are Ticked. Take the Ticked Ones In?</source>
+        <translation>सभी नोट्स पर निशान न होने से बिना डिलीवरी वाले शेयर दिखाए गए से अलग हैं। निशान लगे नोट्स लें?</translation>
     </message>
 </context>
 <context>

@@ -135,6 +135,7 @@ struct NoteOptions {
   std::string password_file;
   bool dry_run = false;
   bool replace = false;
+  bool by_hand = false;
 };
 
 Result<BrokerId> OptionalBroker(database::Connection& connection, const std::string& name) {
@@ -226,6 +227,10 @@ MaybeRefusal Notes(Context& context, const NoteOptions& options) {
       return RefusalOf(fmt::format("{}: {} Give --replace to put the note in its place.",
                                    one.path.toStdString(), one.remark.toStdString()));
     }
+    if (one.state == notes::NoteState::kEntered && !options.by_hand) {
+      return RefusalOf(fmt::format("{}: {} Give --by-hand to take the note in all the same.",
+                                   one.path.toStdString(), one.remark.toStdString()));
+    }
   }
   const auto taken =
       notes::TakeIn(context.Connection(), *query, planned, options.dry_run, *progress);
@@ -250,6 +255,8 @@ void AddNote(CLI::App& app, Context& context) {
                       "Exchange of notes that name none; else NSE");
   command->add_option("--password-file", options->password_file,
                       "File with the password in it; the client's PAN is tried anyhow");
+  command->add_flag("--by-hand", options->by_hand,
+                    "Take in also what was probably entered under another number");
   command->add_flag("--replace", options->replace,
                     "Put revised notes in the place of the bills that are recorded");
   command->add_flag("--dry-run", options->dry_run, "Check only");

@@ -95,25 +95,6 @@ std::int64_t Value(const Piece& piece) {
 
 }  // namespace
 
-std::vector<Shares> UndeliveredWithin(const Note& note) {
-  std::map<std::string, std::map<Side, Shares>> left;
-  const auto key = [](const NoteLine& line) { return line.isin.empty() ? line.name : line.isin; };
-  for (const NoteLine& line : note.lines) {
-    left[key(line)][line.side] += line.quantity;
-  }
-  for (auto& [security, sides] : left) {
-    sides[Side::kPurchase] = sides[Side::kSale] =
-        std::min(sides[Side::kPurchase], sides[Side::kSale]);
-  }
-  std::vector<Shares> undelivered;
-  for (const NoteLine& line : note.lines) {
-    Shares& open = left[key(line)][line.side];
-    undelivered.push_back(std::min(open, line.quantity));
-    open -= undelivered.back();
-  }
-  return undelivered;
-}
-
 NoteBill MakeBill(const Note& note, const NoteBalance& balance,
                   std::span<const Shares> undelivered) {
   std::vector<Piece> pieces = PiecesOf(note, undelivered);

@@ -18,6 +18,8 @@ struct BillEntry {
   double brokerage = 0;    ///< a share
   double service_tax = 0;  ///< of the quantity
   double stt = 0;          ///< of the quantity
+
+  bool operator==(const BillEntry&) const = default;
 };
 
 /// A note as a bill: its lines with their parts of tax and STT, and the charges of the whole.
@@ -26,10 +28,6 @@ struct NoteBill {
   double transaction_charges = 0;
   double other_charges = 0;
 };
-
-/// Of each line of a note the shares that are without delivery: as far as the note itself buys and
-/// sells the security, the first lines first.
-std::vector<Shares> UndeliveredWithin(const Note& note);
 
 /// Makes the bill of a note that adds up. `undelivered` has for each of its lines the shares that
 /// are without delivery. The amounts of the lines are the note's totals to the paisa, tax and STT

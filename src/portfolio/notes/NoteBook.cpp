@@ -9,7 +9,6 @@
 #include "core/text/Csv.h"
 #include "core/text/Tr.h"
 #include "portfolio/Import.h"
-#include "portfolio/notes/NoteDays.h"
 
 #include <algorithm>
 #include <map>
@@ -219,24 +218,12 @@ Result<std::size_t> TakeIn(database::Connection& connection, const NoteQuery& qu
     file.Add(note);
   }
   Replacement replacement(notes);
-  std::vector<portfolio::SameDayMarks> marks;
-  const portfolio::ImportWork work{.before = [&](Transaction& transaction) -> MaybeRefusal {
-                                     if (MaybeRefusal refusal = replacement.Remove(transaction)) {
-                                       return refusal;
-                                     }
-                                     marks = MarksOf(transaction.GetConnection(), query, notes);
-                                     for (const portfolio::SameDayMarks& mark : marks) {
-                                       mark.Mark(transaction);
-                                     }
-                                     return std::nullopt;
-                                   },
-                                   .after = [&](Transaction& transaction) -> MaybeRefusal {
-                                     for (const portfolio::SameDayMarks& mark : marks) {
-                                       mark.Redraw(transaction);
-                                     }
-                                     replacement.PassTradesOn(transaction);
-                                     return replacement.Check(transaction);
-                                   }};
+  const portfolio::ImportWork work{
+      .before = [&](Transaction& transaction) { return replacement.Remove(transaction); },
+      .after = [&](Transaction& transaction) -> MaybeRefusal {
+        replacement.PassTradesOn(transaction);
+        return replacement.Check(transaction);
+      }};
   const auto result = portfolio::ImportFiles(
       connection, {{portfolio::FileKind::kBills, file.Content()}}, dry_run, work, progress);
   if (!result) {

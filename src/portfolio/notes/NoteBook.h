@@ -28,6 +28,7 @@ struct NoteQuery {
 enum class NoteState : std::uint8_t {
   kReady,
   kRevises,  ///< a bill of that number is recorded, with other contents
+  kEntered,  ///< bills of the day have as many shares: probably entered under another number
   kDoubled,  ///< the same bill is recorded
   kUnknown,  ///< of a security of which there is no scrip
   kRefused   ///< it does not add up, or is not the client's
@@ -38,7 +39,7 @@ struct PlannedNote {
   QString path;
   Note note;
   NoteState state = NoteState::kReady;
-  QString remark;  ///< why it is not ready, and what of recorded bills it changes
+  QString remark;  ///< why it is not ready, and what is to be looked at
   NoteBill bill;
   BrokerId broker;
   QString broker_name;
@@ -46,7 +47,10 @@ struct PlannedNote {
   std::vector<ScripId> scrips;  ///< of the note's lines; none where it is not known
   BillId recorded;              ///< the bill that it revises
 
-  bool CanBeTaken() const { return state == NoteState::kReady || state == NoteState::kRevises; }
+  bool CanBeTaken() const {
+    return state == NoteState::kReady || state == NoteState::kRevises ||
+           state == NoteState::kEntered;
+  }
 };
 
 /// Reads a note: PDF with text, a web page or a workbook. The client's PAN is tried as a password,
@@ -62,16 +66,15 @@ struct ReadFile {
 };
 
 /// What would become of notes, in their order, when all that can be are taken in together: what
-/// they and the recorded bills of a day buy and sell with one broker is without delivery. Changes
-/// nothing.
+/// they buy and sell on one day with one broker is without delivery. Changes nothing.
 std::vector<PlannedNote> PlanNotes(database::Connection& connection, const NoteQuery& query,
                                    std::vector<ReadFile> notes);
 
 /// Records notes as bills, in one transaction: all or none. Sales use up the account's lots first
-/// in, first out; what was sold without delivery draws on what the day bought so. Recorded lines
-/// that this concerns are marked, as the remarks say. The notes are those of one PlanNotes. A note
-/// that revises puts its bill in the place of the recorded one. Refused when
-/// a note cannot be taken, when shares are missing, and when shares of a replaced bill were sold.
+/// in, first out; what was sold without delivery draws on what the day bought so. The notes are
+/// those of one PlanNotes. A note that revises puts its bill in the place of the recorded one.
+/// Refused when a note cannot be taken, when shares are missing, and when shares of a replaced bill
+/// were sold.
 /// With `dry_run` everything is checked and nothing written. Returns the number of bills.
 Result<std::size_t> TakeIn(database::Connection& connection, const NoteQuery& query,
                            std::span<const PlannedNote> notes, bool dry_run, Progress& progress);

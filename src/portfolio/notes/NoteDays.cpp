@@ -1,6 +1,7 @@
 #include "portfolio/notes/NoteDays.h"
 
 #include "core/lookups/Directory.h"
+#include "portfolio/SameDay.h"
 
 #include <algorithm>
 #include <map>
@@ -9,76 +10,36 @@
 namespace quorvane::notes {
 namespace {
 
-using portfolio::DayMark;
-using portfolio::DayMatch;
-using portfolio::DayScrip;
+using portfolio::DayTotals;
 
-/// New shares by scrip and day.
-using FreshDays = std::map<DayScrip, DayMatch>;
-
-/// The notes of one broker that can be taken in, and what is recorded of their days.
-struct BrokerNotes {
-  portfolio::DayOwner owner;
-  std::vector<std::size_t> places;
-  portfolio::RecordedDays recorded;
-};
-
-std::vector<BrokerNotes> ByBroker(database::Connection& connection, const NoteQuery& query,
-                                  std::span<const PlannedNote> notes) {
-  std::map<BrokerId, BrokerNotes> brokers;
-  std::set<BillId> replaced;
-  for (std::size_t i = 0; i < notes.size(); ++i) {
-    if (notes[i].CanBeTaken()) {
-      brokers[notes[i].broker].places.push_back(i);
-      replaced.insert(notes[i].recorded);
+/// The notes that can be taken in, by their brokers.
+std::map<BrokerId, std::vector<PlannedNote*>> ByBroker(std::vector<PlannedNote>& notes) {
+  std::map<BrokerId, std::vector<PlannedNote*>> brokers;
+  for (PlannedNote& note : notes) {
+    if (note.CanBeTaken()) {
+      brokers[note.broker].push_back(&note);
     }
   }
-  std::vector<BrokerNotes> all;
-  for (auto& [broker, own] : brokers) {
-    own.owner = {query.client, query.account, broker};
-    own.recorded = portfolio::ReadDays(connection, own.owner, replaced);
-    all.push_back(std::move(own));
-  }
-  return all;
+  return brokers;
 }
 
-/// Everything that the notes buy and sell.
-FreshDays TradedIn(std::span<const PlannedNote> notes, std::span<const std::size_t> places) {
-  FreshDays traded;
-  for (const std::size_t place : places) {
-    const PlannedNote& note = notes[place];
-    for (std::size_t i = 0; i < note.scrips.size(); ++i) {
-      const NoteLine& line = note.note.lines[i];
-      traded[{*note.note.day, note.scrips[i]}].Of(line.side) += line.quantity;
+/// What the notes both buy and sell.
+DayTotals Matched(const std::vector<PlannedNote*>& notes) {
+  DayTotals totals;
+  for (const PlannedNote* note : notes) {
+    for (std::size_t i = 0; i < note->scrips.size(); ++i) {
+      const NoteLine& line = note->note.lines[i];
+      totals[{*note->note.day, note->scrips[i]}].Of(line.side) += line.quantity;
     }
   }
-  return traded;
-}
-
-FreshDays UndeliveredIn(std::span<const PlannedNote> notes, std::span<const std::size_t> places) {
-  FreshDays undelivered;
-  for (const std::size_t place : places) {
-    const PlannedNote& note = notes[place];
-    for (const BillEntry& entry : note.bill.entries) {
-      const DayScrip of{*note.note.day, note.scrips[entry.note_line]};
-      undelivered[of].Of(entry.side) += entry.non_delivery ? entry.quantity : Shares();
-    }
+  for (auto& [of, total] : totals) {
+    total.bought = total.sold = std::min(total.bought, total.sold);
   }
-  return undelivered;
-}
-
-std::vector<DayMark> MarksFor(const portfolio::RecordedDays& recorded, const FreshDays& fresh) {
-  std::vector<DayMark> marks;
-  for (const auto& [of, match] : fresh) {
-    if (const auto mark = portfolio::MarkFor(of, portfolio::SharesOf(recorded, of), match)) {
-      marks.push_back(*mark);
-    }
-  }
-  return marks;
+  return totals;
 }
 
 /// The note's bill, with what is still left of the day's shares without delivery.
-void MakeBillOf(PlannedNote& note, FreshDays& left) {
+void MakeBillOf(PlannedNote& note, DayTotals& left) {
   std::vector<Shares> undelivered;
   for (std::size_t i = 0; i < note.scrips.size(); ++i) {
     const NoteLine& line = note.note.lines[i];
@@ -89,17 +50,22 @@ void MakeBillOf(PlannedNote& note, FreshDays& left) {
   note.bill = MakeBill(note.note, CheckNote(note.note), undelivered);
 }
 
-bool Trades(const PlannedNote& note, const DayMark& mark) {
-  return note.note.day == mark.of.day &&
-         std::ranges::any_of(note.bill.entries, [&](const BillEntry& entry) {
-           return entry.non_delivery && entry.side != mark.side &&
-                  note.scrips[entry.note_line] == mark.of.scrip;
-         });
+DayTotals DeliveredIn(const PlannedNote& note) {
+  DayTotals delivered;
+  for (const BillEntry& entry : note.bill.entries) {
+    if (!entry.non_delivery) {
+      delivered[{*note.note.day, note.scrips[entry.note_line]}].Of(entry.side) += entry.quantity;
+    }
+  }
+  return delivered;
 }
 
-void Tell(PlannedNote& note, const DayMark& mark, const lookups::Directory& directory) {
-  const QString told = TextOf(mark, QString::fromStdString(directory.Scrip(mark.of.scrip).name));
-  note.remark += (note.remark.isEmpty() ? QString() : QStringLiteral(" ")) + told;
+std::set<BillId> ReplacedBy(const std::vector<PlannedNote*>& notes) {
+  std::set<BillId> replaced;
+  for (const PlannedNote* note : notes) {
+    replaced.insert(note->recorded);
+  }
+  return replaced;
 }
 
 }  // namespace
@@ -107,34 +73,19 @@ void Tell(PlannedNote& note, const DayMark& mark, const lookups::Directory& dire
 void MatchDays(database::Connection& connection, const NoteQuery& query,
                std::vector<PlannedNote>& notes) {
   const lookups::Directory directory(connection);
-  for (const BrokerNotes& broker : ByBroker(connection, query, notes)) {
-    FreshDays left;
-    for (auto [of, traded] : TradedIn(notes, broker.places)) {
-      left[of] =
-          portfolio::MatchDay(portfolio::SharesOf(broker.recorded, of), traded.bought, traded.sold);
-    }
-    for (const std::size_t place : broker.places) {
-      MakeBillOf(notes[place], left);
-    }
-    for (const DayMark& mark : MarksFor(broker.recorded, UndeliveredIn(notes, broker.places))) {
-      const auto first = std::ranges::find_if(
-          broker.places, [&](std::size_t place) { return Trades(notes[place], mark); });
-      if (first != broker.places.end()) {
-        Tell(notes[*first], mark, directory);
+  for (const auto& [broker, own] : ByBroker(notes)) {
+    const DayTotals recorded = portfolio::DeliveredInBills(
+        connection, {query.client, query.account, broker}, ReplacedBy(own));
+    DayTotals left = Matched(own);
+    for (PlannedNote* note : own) {
+      MakeBillOf(*note, left);
+      QStringList remarks = portfolio::OppositeInBills(DeliveredIn(*note), recorded, directory);
+      if (!note->remark.isEmpty()) {
+        remarks.prepend(note->remark);
       }
+      note->remark = remarks.join(QLatin1Char(' '));
     }
   }
-}
-
-std::vector<portfolio::SameDayMarks> MarksOf(database::Connection& connection,
-                                             const NoteQuery& query,
-                                             std::span<const PlannedNote> notes) {
-  std::vector<portfolio::SameDayMarks> marks;
-  for (const BrokerNotes& broker : ByBroker(connection, query, notes)) {
-    marks.emplace_back(broker.owner,
-                       MarksFor(broker.recorded, UndeliveredIn(notes, broker.places)));
-  }
-  return marks;
 }
 
 }  // namespace quorvane::notes

@@ -1,6 +1,6 @@
 #include "core/lookups/Directory.h"
 #include "core/rates/IsinBook.h"
-#include "core/records/Bill.h"
+#include "core/records/BillAmounts.h"
 #include "core/records/Masters.h"
 #include "core/records/Query.h"
 #include "core/text/Tr.h"
@@ -92,7 +92,7 @@ class Planner {
                            : fault;
       return;
     }
-    planned.bill = MakeBill(note, balance, UndeliveredWithin(note));
+    planned.bill = MakeBill(note, balance, std::vector<Shares>(note.lines.size()));
     if (const QStringList unknown = Unknown(planned); !unknown.isEmpty()) {
       planned.state = NoteState::kUnknown;
       planned.remark = Tr("Notes", "There is no Script for %1.").arg(unknown.join(", "));
@@ -180,9 +180,15 @@ class Planner {
 
   static Contents ContentsOf(const PlannedNote& planned) {
     Contents contents;
-    for (std::size_t i = 0; i < planned.scrips.size(); ++i) {
-      const NoteLine& line = planned.note.lines[i];
-      Add(contents, line.side, planned.scrips[i], line.quantity, line.total);
+    for (const BillEntry& entry : planned.bill.entries) {
+      records::BillLine line;
+      line.side = entry.side;
+      line.quantity = entry.quantity;
+      line.rate = entry.rate;
+      line.brokerage = entry.brokerage;
+      records::ComputeAmount(line);
+      Add(contents, entry.side, planned.scrips[entry.note_line], entry.quantity,
+          Paise::OfRupees(line.amount));
     }
     return contents;
   }
@@ -190,19 +196,34 @@ class Planner {
   void FindRecorded(PlannedNote& planned) const {
     const QString number = Utf8(planned.note.number);
     const QString day = text::FormatDmy(*planned.note.day);
+    const Contents contents = ContentsOf(planned);
+    Contents of_the_day;
     for (const records::Bill& bill : bills_) {
-      if (bill.broker != planned.broker || bill.date != day ||
-          bill.number.compare(number, Qt::CaseInsensitive) != 0) {
+      if (bill.broker != planned.broker || bill.date != day) {
         continue;
       }
-      const auto recorded = recorded_.find(bill.id);
-      const bool same =
-          recorded != recorded_.end() && AreSame(recorded->second, ContentsOf(planned));
-      planned.state = same ? NoteState::kDoubled : NoteState::kRevises;
-      planned.recorded = bill.id;
-      planned.remark = same ? Tr("Notes", "The Note is Entered Already.")
-                            : Tr("Notes", "A Bill of this Number is Entered with Other Contents.");
-      return;
+      const auto found = recorded_.find(bill.id);
+      const Contents recorded = found == recorded_.end() ? Contents() : found->second;
+      if (bill.number.compare(number, Qt::CaseInsensitive) == 0) {
+        const bool same = AreSame(recorded, contents);
+        planned.state = same ? NoteState::kDoubled : NoteState::kRevises;
+        planned.recorded = bill.id;
+        planned.remark = same
+                             ? Tr("Notes", "The Note is Entered Already.")
+                             : Tr("Notes", "A Bill of this Number is Entered with Other Contents.");
+        return;
+      }
+      for (const auto& [of, sum] : recorded) {
+        of_the_day[of].shares += sum.shares;
+      }
+    }
+    const bool entered = std::ranges::all_of(contents, [&](const auto& one) {
+      const auto found = of_the_day.find(one.first);
+      return found != of_the_day.end() && found->second.shares == one.second.shares;
+    });
+    if (entered && !contents.empty()) {
+      planned.state = NoteState::kEntered;
+      planned.remark = Tr("Notes", "Bills of the Day have as many Shares under other Numbers.");
     }
   }
 
@@ -220,17 +241,20 @@ void RefuseTwins(std::vector<PlannedNote>& notes) {
   std::set<std::tuple<int, std::string, std::optional<text::Date>>> seen;
   for (PlannedNote& planned : notes) {
     if (planned.CanBeTaken() &&
-        !seen.insert({planned.broker.value, planned.note.number, planned.note.day}).second) {
+        !seen.insert({planned.broker.value, lookups::Folded(planned.note.number), planned.note.day})
+             .second) {
       planned.state = NoteState::kDoubled;
       planned.remark = Tr("Notes", "Another of the Files is the Same Note.");
     }
   }
 }
 
-constexpr std::array kStates{
-    QT_TRANSLATE_NOOP("Notes", "Ready"), QT_TRANSLATE_NOOP("Notes", "Replaces a Bill"),
-    QT_TRANSLATE_NOOP("Notes", "Entered"), QT_TRANSLATE_NOOP("Notes", "Script Missing"),
-    QT_TRANSLATE_NOOP("Notes", "Not Taken")};
+constexpr std::array kStates{QT_TRANSLATE_NOOP("Notes", "Ready"),
+                             QT_TRANSLATE_NOOP("Notes", "Replaces a Bill"),
+                             QT_TRANSLATE_NOOP("Notes", "Probably Entered"),
+                             QT_TRANSLATE_NOOP("Notes", "Entered"),
+                             QT_TRANSLATE_NOOP("Notes", "Script Missing"),
+                             QT_TRANSLATE_NOOP("Notes", "Not Taken")};
 
 }  // namespace
 

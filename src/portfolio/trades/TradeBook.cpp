@@ -205,8 +205,7 @@ TradePlan TradeBook::Plan(TradeFile file, const TradeTarget& target, const Trade
       MatchScrips(file.scrips, quorvane::rates::ListScrips(connection_),
                   ConfirmedScripsOf(connection_, target.broker));
   RecordedTrades recorded{TakenTrades(connection_, target.account),
-                          EnteredTotals(connection_, target.client, target.account),
-                          ReadDays(connection_, OwnerOf(target), {})};
+                          EnteredTotals(connection_, target.client, target.account)};
   TradePlan plan(std::move(file), std::move(scrips), std::move(recorded),
                  ChargeRates(connection_, data_folder_));
   plan.Build(options.fills, progress);

@@ -1,6 +1,7 @@
 #include "portfolio/trades/TradeDays.h"
 
 #include "core/text/Amounts.h"
+#include "portfolio/SameDay.h"
 
 #include <fmt/format.h>
 
@@ -70,18 +71,16 @@ bool CanBeMatched(const TradeLine& line, const TradeFile& file) {
 }
 
 /// How much of each side of a group is without delivery.
-std::map<Group, DayMatch> MatchedTotals(const std::vector<TradeLine>& lines, const TradeFile& file,
-                                        const RecordedShares& recorded) {
-  std::map<Group, DayMatch> totals;
+std::map<Group, DayShares> MatchedTotals(const std::vector<TradeLine>& lines,
+                                         const TradeFile& file) {
+  std::map<Group, DayShares> totals;
   for (const TradeLine& line : lines) {
     if (CanBeMatched(line, file)) {
       totals[GroupOf(line)].Of(line.side) += line.quantity;
     }
   }
   for (auto& [group, total] : totals) {
-    const auto& [day, scrip, state] = group;
-    const bool entered = state == LineState::kEntered;
-    total = MatchDay(entered ? DayShares() : recorded(day, scrip), total.bought, total.sold);
+    total.bought = total.sold = std::min(total.bought, total.sold);
   }
   return totals;
 }
@@ -113,9 +112,8 @@ std::vector<TradeLine> JoinedLines(const TradeFile& file, std::span<const std::u
   return lines;
 }
 
-std::vector<TradeLine> WithoutDelivery(std::vector<TradeLine> lines, const TradeFile& file,
-                                       const RecordedShares& recorded) {
-  std::map<Group, DayMatch> left = MatchedTotals(lines, file, recorded);
+std::vector<TradeLine> WithoutDelivery(std::vector<TradeLine> lines, const TradeFile& file) {
+  std::map<Group, DayShares> left = MatchedTotals(lines, file);
   std::vector<TradeLine> divided;
   divided.reserve(lines.size());
   for (TradeLine& line : lines) {

@@ -2,7 +2,8 @@
 
 #include "portfolio/trades/TradePlan.h"
 
-#include <functional>
+#include <span>
+#include <vector>
 
 namespace quorvane::portfolio {
 
@@ -13,14 +14,10 @@ namespace quorvane::portfolio {
 std::vector<TradeLine> JoinedLines(const TradeFile& file, std::span<const std::uint32_t> scrips,
                                    const std::vector<bool>& doubled, TradePlan::Fills fills);
 
-/// What is recorded of a scrip of the file on a day, by its place.
-using RecordedShares = std::function<DayShares(text::Date, std::uint32_t)>;
-
 /// Marks what was bought and sold on one day as without delivery, the earliest trades first, and
-/// divides the lines of which that is a part. What recorded bills have more of one side counts,
-/// too; lines that were probably entered by hand are matched with each other alone. What is
-/// delivered trade by trade, and what was taken in before, is passed over.
-std::vector<TradeLine> WithoutDelivery(std::vector<TradeLine> lines, const TradeFile& file,
-                                       const RecordedShares& recorded);
+/// divides the lines of which that is a part. Lines that were probably entered by hand are matched
+/// with each other alone. What is delivered trade by trade, and what was taken in before, is passed
+/// over.
+std::vector<TradeLine> WithoutDelivery(std::vector<TradeLine> lines, const TradeFile& file);
 
 }  // namespace quorvane::portfolio

@@ -58,6 +58,31 @@ MaybeRefusal RefuseOpen(const TradePlan& plan) {
   return std::nullopt;
 }
 
+/// What was bought and sold without delivery comes in together, or not at all.
+MaybeRefusal RefuseUnpaired(const TradePlan& plan) {
+  std::map<std::pair<text::Date, std::uint32_t>, text::Shares> open;
+  for (const TradeLine& line : plan.Lines()) {
+    if (line.IsToBeSaved() && line.non_delivery) {
+      const bool bought = line.side == records::Side::kPurchase;
+      open[{line.day, line.scrip}] += bought ? line.quantity : -line.quantity;
+    }
+  }
+  QStringList named;
+  for (const auto& [of, shares] : open) {
+    if (shares && named.size() < kMostNamed) {
+      named << QString::fromStdString(plan.Scrips()[of.second].naming.Shown()) +
+                   QStringLiteral(", ") + text::FormatDmy(of.first);
+    }
+  }
+  return named.isEmpty()
+             ? MaybeRefusal()
+             : Refusal{Tr("Trades",
+                          "Nothing was saved. What was bought and what was sold without delivery "
+                          "must be of one quantity, and ticked together:\n%1")
+                           .arg(named.join(QLatin1Char('\n'))),
+                       Field::kLines};
+}
+
 /// Whether no ticked line waits for its scrip.
 bool IsSettled(const TradePlan& plan) {
   return std::ranges::none_of(plan.Lines(), [](const TradeLine& line) {
@@ -193,11 +218,13 @@ Result<TradeOutcome> SaveTrades(database::Connection& connection, const TradeTar
   if (const MaybeRefusal nothing = RefuseOpen(plan)) {
     return *nothing;
   }
+  if (const MaybeRefusal unpaired = RefuseUnpaired(plan)) {
+    return *unpaired;
+  }
   const auto save = [&](Transaction& transaction) -> Result<TradeOutcome> {
     database::Connection& stored = transaction.GetConnection();
     if (plan.IsOutdated({TakenTrades(stored, target.account),
-                         EnteredTotals(stored, target.client, target.account),
-                         {}})) {
+                         EnteredTotals(stored, target.client, target.account)})) {
       return Refusal{Tr("Trades",
                         "Nothing was saved: trades of the file, or bills of their days, were "
                         "recorded meanwhile. Open the file again."),

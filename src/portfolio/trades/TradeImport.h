@@ -22,10 +22,6 @@ struct TradeTarget {
   std::string broker_name;
 };
 
-inline DayOwner OwnerOf(const TradeTarget& target) {
-  return {target.client, target.account, target.broker};
-}
-
 /// What an import of trades wrote, or would write.
 struct TradeOutcome {
   std::size_t trades = 0;

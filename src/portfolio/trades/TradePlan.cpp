@@ -143,9 +143,7 @@ void TradePlan::Join(Fills fills) {
   std::vector<TradeLine> lines = JoinedLines(file_, same, doubled_, fills);
   // What was entered by hand is matched as it is recorded.
   MarkEntered(lines);
-  lines_ = WithoutDelivery(std::move(lines), file_, [this](text::Date day, std::uint32_t place) {
-    return SharesOf(recorded_.days, {day, scrips_[place].scrip});
-  });
+  lines_ = WithoutDelivery(std::move(lines), file_);
 }
 
 /// Lines of which bills of the day have as many shares as all lines of their scrip and side.

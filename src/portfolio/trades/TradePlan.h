@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/Progress.h"
-#include "portfolio/SameDay.h"
 #include "portfolio/trades/TradeCharges.h"
 #include "portfolio/trades/TradeMemory.h"
 #include "portfolio/trades/TradeScrips.h"
@@ -66,7 +65,6 @@ struct LineChange {
 struct RecordedTrades {
   std::unordered_set<std::string> taken;  ///< identities of trades
   std::vector<EnteredTotal> entered;
-  RecordedDays days;  ///< with the broker
 };
 
 /// The bill lines that the trades of files make, and what of them is new. Nothing is written here.

@@ -3,6 +3,7 @@
 #include "core/records/Query.h"
 #include "core/text/Tr.h"
 #include "portfolio/Import.h"
+#include "portfolio/SameDay.h"
 
 #include <algorithm>
 
@@ -21,11 +22,11 @@ constexpr int kMostNamed = 20;
 
 MaybeRefusal TradePosting::Run() {
   ReadNumbers();
-  recorded_ = ReadDays(transaction_.GetConnection(), OwnerOf(target_), {});
   GroupByYear();
   if (by_year_.empty()) {
     return std::nullopt;
   }
+  TellOpposite();
   const FinancialYear last = by_year_.rbegin()->first;
   for (FinancialYear year = by_year_.begin()->first; year <= last; year = year.Next()) {
     if (MaybeRefusal refusal = PostYear(year, year == last)) {
@@ -91,8 +92,6 @@ MaybeRefusal TradePosting::PostYear(FinancialYear year, bool is_last) {
   const std::vector<gains::RemainingLot> carried = LotsInto(year);
   const Movements movements = is_last ? movements_ : Movements::kWritten;
   const BillNumbers before = numbers_;
-  const SameDayMarks marks = MarksIn(year);
-  marks.Mark(transaction_);
   for (bool done = false; !done;) {
     numbers_ = before;
     const lookups::Directory directory(transaction_.GetConnection());
@@ -118,31 +117,22 @@ MaybeRefusal TradePosting::PostYear(FinancialYear year, bool is_last) {
       return refusal;
     }
   }
-  if (movements == Movements::kWritten) {
-    marks.Redraw(transaction_);
-  }
   return std::nullopt;
 }
 
-/// What recorded bills of the year have on the other side of lines without delivery.
-SameDayMarks TradePosting::MarksIn(FinancialYear year) {
-  std::map<DayScrip, DayMatch> fresh;
-  for (const std::uint32_t place : PossibleLines(year)) {
-    const TradeLine& line = plan_.Lines()[place];
+/// Where recorded bills of the same days have the other side of what is delivered.
+void TradePosting::TellOpposite() {
+  DayTotals fresh;
+  for (const TradeLine& line : plan_.Lines()) {
     const ScripId scrip = plan_.Scrips()[line.scrip].scrip;
-    if (line.non_delivery && scrip) {
+    if (line.IsToBeSaved() && !line.non_delivery && scrip) {
       fresh[{line.day, scrip}].Of(line.side) += line.quantity;
     }
   }
-  const lookups::Directory directory(transaction_.GetConnection());
-  std::vector<DayMark> marks;
-  for (const auto& [of, match] : fresh) {
-    if (const auto mark = MarkFor(of, SharesOf(recorded_, of), match)) {
-      outcome_.notes << TextOf(*mark, QString::fromStdString(directory.Scrip(of.scrip).name));
-      marks.push_back(*mark);
-    }
-  }
-  return {OwnerOf(target_), std::move(marks)};
+  database::Connection& connection = transaction_.GetConnection();
+  const DayTotals recorded =
+      DeliveredInBills(connection, {target_.client, target_.account, target_.broker}, {});
+  outcome_.notes << OppositeInBills(fresh, recorded, lookups::Directory(connection));
 }
 
 std::vector<std::uint32_t> TradePosting::PossibleLines(FinancialYear year) const {

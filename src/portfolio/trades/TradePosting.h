@@ -2,7 +2,6 @@
 
 #include "core/gains/RemainingLots.h"
 #include "portfolio/Import.h"
-#include "portfolio/SameDayMarks.h"
 #include "portfolio/trades/TradeBills.h"
 
 #include <map>
@@ -37,7 +36,7 @@ class TradePosting {
   std::set<ScripId> MovedFrom(text::FinancialYear year) const;
   MaybeRefusal PostYear(text::FinancialYear year, bool is_last);
   std::vector<std::uint32_t> PossibleLines(text::FinancialYear year) const;
-  SameDayMarks MarksIn(text::FinancialYear year);
+  void TellOpposite();
   MaybeRefusal RefuseSharedCodes(const lookups::Directory& directory) const;
   void Count(const ImportResult& result, const Portfolio& portfolio);
   MaybeRefusal MarkShortages(ErrorList& errors);
@@ -49,7 +48,6 @@ class TradePosting {
   Movements movements_;
   Progress& progress_;
   BillNumbers numbers_;
-  RecordedDays recorded_;                                              ///< before this import
   std::map<text::FinancialYear, std::vector<std::uint32_t>> by_year_;  ///< places of lines
   std::vector<PlannedBill> bills_;
   TradeOutcome outcome_;

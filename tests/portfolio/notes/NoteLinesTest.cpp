@@ -73,6 +73,19 @@ Paise NetOf(const NoteBill& bill) {
   return net;
 }
 
+/// Of each line what lines of the other side have of its security.
+std::vector<Shares> SoldOnTheDay(const Note& note) {
+  std::vector<Shares> shares;
+  for (const NoteLine& line : note.lines) {
+    Shares opposite;
+    for (const NoteLine& other : note.lines) {
+      opposite += other.isin == line.isin && other.side != line.side ? other.quantity : Shares();
+    }
+    shares.push_back(std::min(line.quantity, opposite));
+  }
+  return shares;
+}
+
 }  // namespace
 
 class NoteLinesTest : public QObject {
@@ -162,7 +175,7 @@ class NoteLinesTest : public QObject {
     const Note note = Read(text);
     const NoteBalance balance = CheckNote(note);
     QCOMPARE(balance.why, std::string());
-    QCOMPARE(NetOf(MakeBill(note, balance, UndeliveredWithin(note))).Count(),
+    QCOMPARE(NetOf(MakeBill(note, balance, SoldOnTheDay(note))).Count(),
              Paise::OfRupees(net).Count());
   }
 
@@ -173,8 +186,7 @@ class NoteLinesTest : public QObject {
              "560.00\n" +
              Sum("(560.00)", "0.00", "(566.29)"));
     QStringList told;
-    for (const BillEntry& entry :
-         MakeBill(note, CheckNote(note), UndeliveredWithin(note)).entries) {
+    for (const BillEntry& entry : MakeBill(note, CheckNote(note), SoldOnTheDay(note)).entries) {
       told << QStringLiteral("%1 %2 %3 stt %4")
                   .arg(entry.side == Side::kSale ? "S" : "P")
                   .arg(entry.quantity.Number())

@@ -243,6 +243,19 @@ class TradeImportTest : public test::DeskTest {
     QCOMPARE(Save(plan)->trades, std::size_t{2});
   }
 
+  void PairWithoutDeliveryIsTickedTogether() {
+    TradePlan plan =
+        Plan(Book({"2024-07-23 09:15 buy 10 100 T1 O1", "2024-07-23 10:15 sell 10 101 T2 O2"}));
+    plan.Tick(0, false);
+    const auto saved = Save(plan);
+    QVERIFY(!saved);
+    QVERIFY2(saved.Why().text.endsWith("ticked together:\nRELIANCE, 23/07/2024"),
+             qPrintable(saved.Why().text));
+    QCOMPARE(desk_->Everything(), QStringList());
+    plan.Tick(0, true);
+    QCOMPARE(Save(plan)->trades, std::size_t{2});
+  }
+
   void SharesLeftAreCarriedBetweenTheYears() {
     TradePlan plan =
         Plan(Book({"2022-07-22 09:15 buy 50 530 T1 O1", "2024-08-01 10:00 sell 20 540 T2 O2"}));

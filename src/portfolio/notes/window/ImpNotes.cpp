@@ -336,6 +336,17 @@ bool ImpNotes::AsksToReplace(const std::vector<PlannedNote>& chosen) {
                                         controls::Answer::kNo, controls::Icon::kInformation);
 }
 
+/// Without a note that is not ticked other shares may be without delivery than were shown.
+bool ImpNotes::AsksAboutDelivery(const std::vector<PlannedNote>& chosen) {
+  const bool as_shown = std::ranges::all_of(chosen, [this](const PlannedNote& one) {
+    const auto shown = std::ranges::find(notes_, one.path, &PlannedNote::path);
+    return shown != notes_.end() && shown->bill.entries == one.bill.entries;
+  });
+  return as_shown || Say().Ask(tr("Other Shares are Without Delivery than Shown, because not all "
+                                  "Notes are Ticked. Take the Ticked Ones In?"),
+                               controls::Answer::kNo, controls::Icon::kInformation);
+}
+
 void ImpNotes::CmdTake_Click() {
   if (!CheckChoice()) {
     return;
@@ -351,7 +362,7 @@ void ImpNotes::CmdTake_Click() {
   if (chosen.empty()) {
     return ShowAt(tr("Tick a Note."), VSF);
   }
-  if (!AsksToReplace(chosen)) {
+  if (!AsksToReplace(chosen) || !AsksAboutDelivery(chosen)) {
     return;
   }
   const Result<std::size_t> taken = [&] {

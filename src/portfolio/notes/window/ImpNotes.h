@@ -35,6 +35,7 @@ class ImpNotes : public controls::ChildWindow {
   bool CheckChoice();
   NoteQuery Query() const;
   const PlannedNote* Current() const;
+  bool AsksAboutDelivery(const std::vector<PlannedNote>& chosen);
   bool AsksToReplace(const std::vector<PlannedNote>& chosen);
 
   void Combo1_Click();

@@ -106,6 +106,10 @@ class ImpNotesTest : public test::DeskTest {
     shown.Click("CmdFile");
     QVERIFY(shown.RowsOf("VSL").value(0).contains("Non Delivery Based"));
     shown.Named<controls::Grid>("VSF")->Model().SetTicked(1, false);
+    shown.messages.WillAnswer(false);
+    shown.Click("CmdTake");
+    QVERIFY(desk_->Contents("SPMaster").isEmpty());
+    shown.messages.WillAnswer(true);
     shown.Click("CmdTake");
     QCOMPARE(shown.messages.LastText(), QString("1 Bills are Recorded."));
     QCOMPARE(test::Rows(desk_->Connection(), "Select SP,Qty,DelvType From SPTrans"),

@@ -344,12 +344,15 @@ class Papers(Case):
                         "NSE,EQ,EQ,buy,false,9,462,T1,O1,2025-11-03T10:00:00\n")
         trades = ("trades", book, "--account", "10000001", "--broker", "LOTUS SECURITIES")
         self.desk.run(*trades)
+        recorded = self.desk.export()
         pdf.write(self.paper, note(number="NSE-20251103"))
         self.take("--replace")
         self.assertEqual("imported", rows(self.desk.run("log", "--format", "csv").stdout)[-1]["kind"])
         before = self.desk.export()
         self.assertIn("nothing was written", self.desk.run(*trades).stderr)
         self.assert_same_files(before, self.desk.export())
+        self.desk.run("undo")
+        self.assert_same_files(recorded, self.desk.export())
 
     def test_bad_notes_change_nothing(self):
         cases = {

@@ -195,6 +195,7 @@ class Papers(Case):
             "of the future": (pdf.document(statement(day="31-Oct-2999")), "a Day in the Future"),
             "no holdings": (pdf.document("Dear investor"), "no Holdings that can be Read"),
             "empty table": (b"a,b\n1,2\n", "no Headings of a Statement of Holdings"),
+            "too large a page": (b"<html>" + bytes(64 << 20), "holds more than can be read"),
         }
         for name, (content, told) in cases.items():
             with self.subTest(name):
@@ -248,7 +249,10 @@ class Papers(Case):
         pdf.write(self.paper, note())
         self.take()
         expected = self.desk.export()
-        for form, make in {"html": web_page, "xlsx": workbook.xlsx, "ods": workbook.ods,
+        def behind_a_comment(table: list[list]) -> bytes:
+            return f"<!--{'x' * 70000}-->{web_page(table).decode()}".encode("utf-16")
+
+        for form, make in {"html": web_page, "comment": behind_a_comment, "xlsx": workbook.xlsx, "ods": workbook.ods,
                            "xls": workbook.xls}.items():
             with self.subTest(form):
                 self.desk = self.new_desk()

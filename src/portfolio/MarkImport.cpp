@@ -80,7 +80,7 @@ void ImportOpeningMarks(Transaction& transaction, const Portfolio& portfolio,
     }
   }
   writer.Finish();
-  result.Count("opening stock without cost", added);
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "opening stock without cost"), added);
 }
 
 class TradeKeyImport {
@@ -202,7 +202,7 @@ void ImportStatementChecks(Transaction& transaction, const Portfolio& portfolio,
     }
   }
   writer.Finish();
-  result.Count("comparisons with statements", added);
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "comparisons with statements"), added);
 }
 
 }  // namespace
@@ -210,7 +210,7 @@ void ImportStatementChecks(Transaction& transaction, const Portfolio& portfolio,
 void ImportMarks(Transaction& transaction, const Portfolio& portfolio, const ResolvedNames& names,
                  ErrorList& errors, ImportResult& result) {
   ImportOpeningMarks(transaction, portfolio, names, errors, result);
-  result.Count("trades of brokers' files",
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "trades of brokers' files"),
                TradeKeyImport(transaction, portfolio, names, errors).Run());
   ImportStatementChecks(transaction, portfolio, names, errors, result);
 }

@@ -2542,6 +2542,93 @@ All Related Data will be Deleted.</source>
     </message>
 </context>
 <context>
+    <name>Portfolio</name>
+    <message>
+        <source>corporate actions</source>
+        <translation>कॉरपोरेट एक्शन</translation>
+    </message>
+    <message>
+        <source>opening stock without cost</source>
+        <translation>बिना लागत का आरंभिक स्टॉक</translation>
+    </message>
+    <message>
+        <source>comparisons with statements</source>
+        <translation>विवरणों से तुलनाएँ</translation>
+    </message>
+    <message>
+        <source>trades of brokers&apos; files</source>
+        <translation>ब्रोकरों की फ़ाइलों के सौदे</translation>
+    </message>
+    <message>
+        <source>participants</source>
+        <translation>प्रतिभागी</translation>
+    </message>
+    <message>
+        <source>clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>brokers</source>
+        <translation>ब्रोकर</translation>
+    </message>
+    <message>
+        <source>scrips</source>
+        <translation>शेयर</translation>
+    </message>
+    <message>
+        <source>percentages</source>
+        <translation>प्रतिशत</translation>
+    </message>
+    <message>
+        <source>accounts</source>
+        <translation>खाते</translation>
+    </message>
+    <message>
+        <source>payments</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>receipts</source>
+        <translation>प्राप्तियाँ</translation>
+    </message>
+    <message>
+        <source>broker openings</source>
+        <translation>ब्रोकरों के प्रारंभिक शेष</translation>
+    </message>
+    <message>
+        <source>market rates</source>
+        <translation>बाज़ार भाव</translation>
+    </message>
+    <message>
+        <source>ISINs</source>
+        <translation>ISIN</translation>
+    </message>
+    <message>
+        <source>opening lots</source>
+        <translation>प्रारंभिक लॉट</translation>
+    </message>
+    <message>
+        <source>bills</source>
+        <translation>बिल</translation>
+    </message>
+    <message>
+        <source>bill lines</source>
+        <translation>बिल पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>transfers</source>
+        <translation>हस्तांतरण</translation>
+    </message>
+    <message>
+        <source>fair values</source>
+        <translation>उचित मूल्य</translation>
+    </message>
+    <message>
+        <source>losses brought forward</source>
+        <translation>आगे लाई गई हानियाँ</translation>
+    </message>
+</context>
+<context>
     <name>PortfolioFolders</name>
     <message>
         <source>The folder was taken in.</source>
@@ -7445,10 +7532,6 @@ No records only that of the current line.</source>
         <translation>ग्राहक चुनें।</translation>
     </message>
     <message>
-        <source>Statements (*.pdf *.csv *.xlsx *.xls *.ods);;All Files (*)</source>
-        <translation>विवरण (*.pdf *.csv *.xlsx *.xls *.ods);;सभी फ़ाइलें (*)</translation>
-    </message>
-    <message>
         <source>%1, as on %2: %3 of %4 holdings do not agree.</source>
         <translation>%1, %2 को: %4 में से %3 होल्डिंग नहीं मिलतीं।</translation>
     </message>
@@ -7615,6 +7698,10 @@ No records only that of the current line.</source>
     <message>
         <source>From &amp;File...</source>
         <translation>फ़ाइल से (&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Statements (*.pdf *.htm *.html *.csv *.xlsx *.xls *.ods);;All Files (*)</source>
+        <translation>विवरण (*.pdf *.htm *.html *.csv *.xlsx *.xls *.ods);;सभी फ़ाइलें (*)</translation>
     </message>
 </context>
 <context>

@@ -228,7 +228,7 @@ void ActionImport::Write(Transaction& transaction, ImportResult& result) {
     }
     records::Insert(transaction, std::span<const Action>(actions_));
   }
-  result.Count("corporate actions", actions_.size());
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "corporate actions"), actions_.size());
   WriteGivenLots(transaction, ids);
   WriteDividends(transaction, ids);
   Progress silent;

@@ -85,8 +85,9 @@ class DocumentExport {
     std::vector<StatementCheck> checks =
         names_.Select(connection_, &StatementCheck::client, records::Table<StatementCheck>::kName)
             .All();
-    std::erase_if(
-        checks, [this](const StatementCheck& check) { return !names_.clients.Has(check.client); });
+    std::erase_if(checks, [this](const StatementCheck& check) {
+      return !names_.clients.Has(check.client) || !names_.accounts.Has(check.account);
+    });
     if (checks.empty()) {
       return folder_.Remove(LayoutOf(FileKind::kStatementChecks));
     }

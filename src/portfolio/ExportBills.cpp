@@ -4,6 +4,7 @@
 #include "portfolio/ExportedNames.h"
 #include "portfolio/OutputFile.h"
 #include "portfolio/Portfolio.h"
+#include "portfolio/RecordedDocuments.h"
 #include "portfolio/trades/TradeIdentity.h"
 
 #include <fmt/format.h>
@@ -86,7 +87,8 @@ class BillExport {
             text::ParseDmy(bill.date)};
   }
 
-  /// Of bills that are written. A trade of a scrip that is gone could not come in again.
+  /// Of bills that are written. A trade of a scrip that is gone or was never told could not come in
+  /// again.
   void ReadTradeKeys() {
     std::set<BillId> written;
     for (const Bill& bill : bills_) {
@@ -97,7 +99,8 @@ class BillExport {
     records::Select<TradeKey>(connection_).Each([&](const TradeKey& trade) {
       const std::string identity = trade.trade_key.toStdString();
       const auto scrip = ScripInIdentity(identity);
-      if (written.contains(trade.bill) && (!scrip || names_.scrips.Has(*scrip))) {
+      const bool known = scrip ? names_.scrips.Has(*scrip) : !NamesScrip(identity);
+      if (written.contains(trade.bill) && known) {
         const std::string_view code = scrip ? names_.scrips.Use(*scrip) : std::string_view();
         keys_[trade.bill].emplace(WithScrip(identity, {}), code);
       }
@@ -165,9 +168,7 @@ class BillExport {
     for (Bill& bill : bills_) {
       // A deleted account is written as none.
       bill.account = names_.accounts.Has(bill.account) ? bill.account : AccountId{};
-      const int part = ++count[fmt::format("{} {} {} {} {}", bill.client.value, bill.account.value,
-                                           bill.broker.value, bill.date.toStdString(),
-                                           bill.number.toStdString())];
+      const int part = ++count[SharedByParts(bill)];
       if (part > 1) {
         parts_.emplace(bill.id, part);
       }

@@ -28,7 +28,7 @@ enum class Movements : std::uint8_t { kWritten, kChecked };
 
 /// How many records of one table an import wrote.
 struct ImportCount {
-  std::string what;
+  std::string what;  ///< in English; has a translation in the context "Portfolio"
   std::size_t added = 0;
 };
 

@@ -80,7 +80,7 @@ void ImportOpeningMarks(Transaction& transaction, const Portfolio& portfolio,
     }
   }
   writer.Finish();
-  result.Count("opening stock without cost", added);
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "opening stock without cost"), added);
 }
 
 class TradeKeyImport {
@@ -137,7 +137,7 @@ class TradeKeyImport {
     wanted.date = text::FormatDmy(row.bill_date);
     wanted.number = QString::fromUtf8(row.bill_number);
     ReadBills({wanted.client, FinancialYear::Of(row.bill_date)});
-    const auto found = bills_.find(IdentityOf(wanted));
+    const auto found = bills_.find(SharedByParts(wanted));
     return found == bills_.end() || row.bill_part > found->second.size()
                ? BillId{}
                : found->second[row.bill_part - 1];
@@ -152,7 +152,7 @@ class TradeKeyImport {
                                          .Where(&records::Bill::year, of.year)
                                          .OrderBy(&records::Bill::id)
                                          .All()) {
-      bills_[IdentityOf(bill)].push_back(bill.id);
+      bills_[SharedByParts(bill)].push_back(bill.id);
     }
   }
 
@@ -170,7 +170,7 @@ class TradeKeyImport {
   const ResolvedNames& names_;
   ErrorList& errors_;
   std::set<std::pair<ClientId, FinancialYear>> read_;
-  std::map<std::string, std::vector<BillId>> bills_;  ///< by identity, in the order of their keys
+  std::map<std::string, std::vector<BillId>> bills_;  ///< those told apart by parts, by key
   std::map<AccountId, Known> known_;
   std::map<AccountId, std::vector<TakenTrade>> taken_;
 };
@@ -202,7 +202,7 @@ void ImportStatementChecks(Transaction& transaction, const Portfolio& portfolio,
     }
   }
   writer.Finish();
-  result.Count("comparisons with statements", added);
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "comparisons with statements"), added);
 }
 
 }  // namespace
@@ -210,7 +210,7 @@ void ImportStatementChecks(Transaction& transaction, const Portfolio& portfolio,
 void ImportMarks(Transaction& transaction, const Portfolio& portfolio, const ResolvedNames& names,
                  ErrorList& errors, ImportResult& result) {
   ImportOpeningMarks(transaction, portfolio, names, errors, result);
-  result.Count("trades of brokers' files",
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "trades of brokers' files"),
                TradeKeyImport(transaction, portfolio, names, errors).Run());
   ImportStatementChecks(transaction, portfolio, names, errors, result);
 }

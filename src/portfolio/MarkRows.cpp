@@ -1,8 +1,13 @@
 #include "portfolio/PortfolioRows.h"
+#include "portfolio/trades/TradeIdentity.h"
 
 #include <cmath>
 
 namespace quorvane::portfolio {
+
+bool NamesScrip(std::string_view trade_key) {
+  return WithScrip(trade_key, "1") != WithScrip(trade_key, "2");
+}
 
 void MarkRows::ReadOpeningMark() {
   using namespace opening_marks;
@@ -26,13 +31,19 @@ void MarkRows::ReadTradeKey() {
   row.account = fields_.Account(kAccountNo);
   row.broker = fields_.Broker(kBroker);
   row.bill_number = fields_.Table().Text(kBillNo);
-  row.key = fields_.Table().Text(kTradeKey);
+  // Blanks at its end make no other key in the database.
+  const std::string_view key = fields_.Table().Text(kTradeKey);
+  row.key = key.substr(0, key.find_last_not_of(' ') + 1);
   row.scrip = fields_.OptionalScrip(kScripCode);
   const auto date = fields_.Table().DateOf(kBillDate);
   const double part = fields_.Table().OptionalNumber(kBillPart).value_or(1);
   row.line = fields_.Table().Line();
   if (!(part >= 1 && part <= kMostParts) || part != std::floor(part)) {
     fields_.Table().Fail(kBillPart, "expected a whole number from 1 on");
+    return;
+  }
+  if (!row.scrip && NamesScrip(row.key)) {
+    fields_.Table().Fail(kScripCode, "expected the scrip of the trade, found nothing");
     return;
   }
   row.bill_part = static_cast<std::size_t>(part);

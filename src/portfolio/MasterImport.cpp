@@ -18,13 +18,17 @@ struct MasterFile {
   std::string_view refusal;
 };
 
-constexpr MasterFile kParticipants{FileKind::kParticipants, "participants", "name",
+constexpr MasterFile kParticipants{FileKind::kParticipants,
+                                   QT_TRANSLATE_NOOP("Portfolio", "participants"), "name",
                                    "Name Already Exists with other details."};
-constexpr MasterFile kClients{FileKind::kClients, "clients", "code", "Client Code Already Exists."};
-constexpr MasterFile kBrokers{FileKind::kBrokers, "brokers", "name",
+constexpr MasterFile kClients{FileKind::kClients, QT_TRANSLATE_NOOP("Portfolio", "clients"), "code",
+                              "Client Code Already Exists."};
+constexpr MasterFile kBrokers{FileKind::kBrokers, QT_TRANSLATE_NOOP("Portfolio", "brokers"), "name",
                               "Broker Already Exists with other details."};
-constexpr MasterFile kScrips{FileKind::kScrips, "scrips", "code", "Script Code Already Exists."};
-constexpr MasterFile kPercentages{FileKind::kPercentages, "percentages", "name",
+constexpr MasterFile kScrips{FileKind::kScrips, QT_TRANSLATE_NOOP("Portfolio", "scrips"), "code",
+                             "Script Code Already Exists."};
+constexpr MasterFile kPercentages{FileKind::kPercentages,
+                                  QT_TRANSLATE_NOOP("Portfolio", "percentages"), "name",
                                   "Percent Detail Already Exists."};
 
 class MasterImport {
@@ -40,7 +44,8 @@ class MasterImport {
     accounts.ImportDpIds(portfolio_.dp_ids);
     ResolvedNames names;
     names.clients = Resolve<ClientId>(portfolio_.client_codes, clients, "client_code", "client");
-    result_.Count("accounts", accounts.ImportAccounts(portfolio_.accounts, names.clients));
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "accounts"),
+                  accounts.ImportAccounts(portfolio_.accounts, names.clients));
     const Ids brokers = Merge(kBrokers, portfolio_.brokers);
     const Ids scrips = Merge(kScrips, WithLookupIds(portfolio_.scrips));
     Merge(kPercentages, portfolio_.percentages);

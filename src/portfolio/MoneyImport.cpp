@@ -30,8 +30,9 @@ class MoneyImport {
   void Run() {
     ImportBrokerOpenings();
     ImportPayments(records::Table<Payment>::kName, FileKind::kPayments, portfolio_.payments,
-                   "payments");
-    ImportPayments(records::kReceipts, FileKind::kReceipts, portfolio_.receipts, "receipts");
+                   QT_TRANSLATE_NOOP("Portfolio", "payments"));
+    ImportPayments(records::kReceipts, FileKind::kReceipts, portfolio_.receipts,
+                   QT_TRANSLATE_NOOP("Portfolio", "receipts"));
     ImportRates();
     ImportIsins();
   }
@@ -67,7 +68,8 @@ class MoneyImport {
                                          "Record Already Exists!");
                            }
                          });
-    result_.Count("broker openings", portfolio_.broker_openings.size());
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "broker openings"),
+                  portfolio_.broker_openings.size());
   }
 
   void ImportPayments(std::string_view table, FileKind file, const std::vector<MoneyRow>& rows,
@@ -111,7 +113,7 @@ class MoneyImport {
     }
     writer.Finish();
     database::KeepKeys(transaction_, records::Table<MarketRate>::kName, next);
-    result_.Count("market rates", added);
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "market rates"), added);
   }
 
   void ImportIsins() {
@@ -135,7 +137,7 @@ class MoneyImport {
     for (const ScripId scrip : changed) {
       quorvane::rates::SetIsins(transaction_, scrip, known[scrip]);
     }
-    result_.Count("ISINs", added);
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "ISINs"), added);
   }
 
   Transaction& transaction_;

@@ -42,10 +42,10 @@ class MovementImport {
     if (!errors_.Empty()) {
       return;
     }
-    result_.Count("opening lots", portfolio_.openings.size());
-    result_.Count("bills", portfolio_.bills.size());
-    result_.Count("bill lines", documents_.LineCount());
-    result_.Count("transfers", portfolio_.transfers.size());
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "opening lots"), portfolio_.openings.size());
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "bills"), portfolio_.bills.size());
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "bill lines"), documents_.LineCount());
+    result_.Count(QT_TRANSLATE_NOOP("Portfolio", "transfers"), portfolio_.transfers.size());
     if (movements == Movements::kWritten) {
       documents_.Write(transaction_, lots_, progress_);
       actions_.Write(transaction_, result_);

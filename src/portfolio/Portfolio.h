@@ -240,6 +240,9 @@ struct TradeKeyRow {
   std::size_t line = 0;
 };
 
+/// Whether a trade is told from others by its scrip, too: its key has a place for it.
+bool NamesScrip(std::string_view trade_key);
+
 /// A comparison of an account with a statement of its holdings.
 struct StatementCheckRow {
   records::StatementCheck record;  ///< without client and account

@@ -6,9 +6,21 @@
 
 namespace quorvane::portfolio {
 
-std::string IdentityOf(const records::Bill& bill) {
+namespace {
+
+std::string BillNumbered(const records::Bill& bill, const std::string& number) {
   return fmt::format("{}|{}|{}|{}|{}", bill.client.value, bill.account.value, bill.broker.value,
-                     bill.date.toStdString(), lookups::Folded(bill.number.toStdString()));
+                     bill.date.toStdString(), number);
+}
+
+}  // namespace
+
+std::string IdentityOf(const records::Bill& bill) {
+  return BillNumbered(bill, lookups::Folded(bill.number.toStdString()));
+}
+
+std::string SharedByParts(const records::Bill& bill) {
+  return BillNumbered(bill, bill.number.toStdString());
 }
 
 std::string IdentityOf(const records::Opening& opening) {

@@ -25,6 +25,10 @@ std::string IdentityOf(const records::Payment& payment);
 std::string IdentityOf(const records::BrokerOpening& opening);
 std::string IdentityOf(const records::Dividend& dividend);
 
+/// What bills share that are told apart by their parts: as IdentityOf, but letters of the number
+/// count as they are written.
+std::string SharedByParts(const records::Bill& bill);
+
 /// The documents of a kind that are in the database before an import, so that a folder taken in
 /// twice is noticed.
 template <class Record>

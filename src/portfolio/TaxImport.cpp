@@ -30,7 +30,7 @@ void ImportFairValues(Transaction& transaction, const Portfolio& portfolio,
     }
   }
   tax::SaveFairValues(transaction, added);
-  result.Count("fair values", added.size());
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "fair values"), added.size());
 }
 
 void ImportTaxLosses(Transaction& transaction, const Portfolio& portfolio,
@@ -58,7 +58,7 @@ void ImportTaxLosses(Transaction& transaction, const Portfolio& portfolio,
     }
   }
   tax::InsertTaxLosses(transaction, added);
-  result.Count("losses brought forward", added.size());
+  result.Count(QT_TRANSLATE_NOOP("Portfolio", "losses brought forward"), added.size());
 }
 
 }  // namespace

@@ -195,6 +195,7 @@ class Papers(Case):
             "of the future": (pdf.document(statement(day="31-Oct-2999")), "a Day in the Future"),
             "no holdings": (pdf.document("Dear investor"), "no Holdings that can be Read"),
             "empty table": (b"a,b\n1,2\n", "no Headings of a Statement of Holdings"),
+            "too large a page": (b"<html>" + bytes(64 << 20), "holds more than can be read"),
         }
         for name, (content, told) in cases.items():
             with self.subTest(name):
@@ -248,7 +249,10 @@ class Papers(Case):
         pdf.write(self.paper, note())
         self.take()
         expected = self.desk.export()
-        for form, make in {"html": web_page, "xlsx": workbook.xlsx, "ods": workbook.ods,
+        def behind_a_comment(table: list[list]) -> bytes:
+            return f"<!--{'x' * 70000}-->{web_page(table).decode()}".encode("utf-16")
+
+        for form, make in {"html": web_page, "comment": behind_a_comment, "xlsx": workbook.xlsx, "ods": workbook.ods,
                            "xls": workbook.xls}.items():
             with self.subTest(form):
                 self.desk = self.new_desk()
@@ -337,12 +341,15 @@ class Papers(Case):
                         "NSE,EQ,EQ,buy,false,9,462,T1,O1,2025-11-03T10:00:00\n")
         trades = ("trades", book, "--account", "10000001", "--broker", "LOTUS SECURITIES")
         self.desk.run(*trades)
+        recorded = self.desk.export()
         pdf.write(self.paper, note(number="NSE-20251103"))
         self.take("--replace")
         self.assertEqual("imported", rows(self.desk.run("log", "--format", "csv").stdout)[-1]["kind"])
         before = self.desk.export()
         self.assertIn("nothing was written", self.desk.run(*trades).stderr)
         self.assert_same_files(before, self.desk.export())
+        self.desk.run("undo")
+        self.assert_same_files(recorded, self.desk.export())
 
     def test_bad_notes_change_nothing(self):
         cases = {

@@ -314,6 +314,22 @@ class Marks(ComesAgain):
         self.assert_same_files(out, desk.export("--client", "AN"))
         self.assertNotIn("trade_keys.csv", desk.export("--client", "BI"))
 
+    def test_bill_numbers_that_differ_in_capitals_keep_their_own_trades(self):
+        desk = self.new_desk()
+        line = "AN,A1,{},02/05/2011,LOTUS,NSE,P,600001,10,60,0,,,0,,5\n"
+        keys = ("client_code,account_no,bill_no,bill_date,broker,trade_key\n"
+                "AN,A1,A1,02/05/2011,LOTUS,T|NSE|15096|O1|T1|P\n")
+        desk.take_in(write(self.new_folder(), BASE | {
+            "bills.csv": f"{BILL_HEADER}\n{line.format('a1')}{line.format('A1')}",
+            "trade_keys.csv": keys}))
+        self.assertEqual([["A1"]], desk.sql("Select B.BillNo From SPMaster B Join TradeKey T On "
+                                            "T.BillId=B.ID"))
+        # A comparison of an account that is gone is left out.
+        desk.sql("Insert Into StatementCheck Select Id,99,'31/03/2012',1,0,'05/04/2012' From "
+                 "ClientInfo Where Code='AN'")
+        self.assertNotIn("statement_checks.csv", desk.export())
+        self.assert_comes_again(desk)
+
     def test_what_cannot_be_is_refused(self):
         desk = self.new_desk()
         desk.take_in(write(self.new_folder(), BASE | self.FILES))
@@ -329,6 +345,10 @@ class Marks(ComesAgain):
                  "account_no: expected an account of the client"),
                 ("trade_keys.csv", self.KEY.format("T|NSE|15096|O1|T1|P", "", ""),
                  "trade_key: this trade is in another bill already"),
+                ("trade_keys.csv", self.KEY.format("T|NSE|15096|O1|T1|P  ", "", ""),
+                 "trade_key: this trade is in another bill already"),
+                ("trade_keys.csv", self.KEY.format("C|NSE|15096||P|10000000|60|2", "", ""),
+                 "scrip_code: expected the scrip of the trade"),
                 ("statement_checks.csv", "AN,B1,31/03/2012,1,0,05/04/2012",
                  "account_no: expected an account of the client"),
                 ("statement_checks.csv", "AN,A1,31/03/2012,1.5,0,05/04/2012",

@@ -11,16 +11,19 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 namespace quorvane::changes {
 namespace {
 
 using database::Connection;
 using database::Transaction;
 
+/// That a statement was compared is in the log, but no change that a user means to take back.
 std::int64_t LastOf(Connection& connection, std::optional<ClientId> client) {
   constexpr std::string_view kLast =
       "Select Max(L.Id) From ChangeLog L Left Join ChangeLog U On U.Undoes=L.Id Where "
-      "L.UserName=? And L.Undoes=0 And U.Id Is Null";
+      "L.UserName=? And L.Undoes=0 And L.TableName<>'StatementCheck' And U.Id Is Null";
   auto rows = client ? connection.Open(std::string(kLast) + " And L.ClientId=?",
                                        connection.Author().user, *client)
                      : connection.Open(kLast, connection.Author().user);
@@ -72,6 +75,19 @@ Refusal IsUsed(const Record& record) {
   }
 }
 
+/// Whether the entry itself gave what the record had alone to another one: the trades of a replaced
+/// bill are passed on to its successor, which goes when the entry is taken back.
+template <class Record>
+bool IsPassedOn(const RowsOf<Record>& rows, const Record& record) {
+  if constexpr (std::is_same_v<Record, records::TradeKey>) {
+    return std::ranges::any_of(rows.added, [&](const Record& added) {
+      return added.account == record.account && added.trade_key == record.trade_key;
+    });
+  } else {
+    return false;
+  }
+}
+
 /// One entry that is taken back.
 class Taking {
  public:
@@ -115,7 +131,8 @@ class Taking {
         return;
       }
       for (const Record& record : rows.removed) {
-        if (rows.table == records::Table<Record>::kName && IsTaken(transaction_, record)) {
+        if (rows.table == records::Table<Record>::kName && !IsPassedOn(rows, record) &&
+            IsTaken(transaction_, record)) {
           refusal = IsUsed(record);
         }
       }

@@ -11,8 +11,8 @@
 namespace quorvane::changes {
 
 /// The last change that the connection's user made, of one client or of all, and has not taken
-/// back. Refused with the reason when there is none, and when it is a work that cannot be taken
-/// back, such as an import.
+/// back; a kept comparison with a statement is none. Refused with the reason when there is none,
+/// and when it is a work that cannot be taken back, such as an import.
 Result<Entry> LastToUndo(database::Connection& connection, std::optional<ClientId> client);
 
 /// "Take this back? Changed, Bill 17, 03/05/2011, 15/06/2011 15:00:12 ..."

@@ -61,6 +61,48 @@ bool IsUtf8(std::string_view bytes) {
   return !decoder.hasError() && !text.isEmpty();
 }
 
+bool IsUtf16(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
+
+std::string FromUtf16(std::string_view bytes) {
+  QStringDecoder decoder(QStringConverter::Utf16);
+  const QString text =
+      decoder.decode(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+  return text.toStdString();
+}
+
+/// The text behind the comments and processing instructions before a page; empty when one of them
+/// does not end.
+std::string_view BehindComments(std::string_view text) {
+  while (true) {
+    text = Trimmed(text);
+    const bool is_comment = text.starts_with("<!--");
+    if (!is_comment && !text.starts_with("<?")) {
+      return text;
+    }
+    const std::string_view ending = is_comment ? "-->" : ">";
+    const std::size_t end = text.find(ending);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + ending.size());
+  }
+}
+
+/// Whether a page may begin so: with `<`, and a sign of a page soon.
+bool BeginsAsPage(std::string_view text) {
+  constexpr std::size_t kSoon = 4096;
+  const std::string_view start = Trimmed(text.starts_with("\xEF\xBB\xBF") ? text.substr(3) : text);
+  const std::string_view page = BehindComments(start).substr(0, kSoon);
+  if (page.empty()) {
+    return start.find("<!--") != std::string_view::npos;
+  }
+  const std::string words =
+      QString::fromUtf8(page.data(), static_cast<qsizetype>(page.size())).toLower().toStdString();
+  return page.starts_with('<') &&
+         std::ranges::any_of(
+             std::array{"<!doctype html", "<html", "<head", "<body", "<table"},
+             [&](const char* sign) { return words.find(sign) != std::string::npos; });
+}
+
 bool IsAny(const xmlNode* node, std::initializer_list<const char*> elements) {
   return std::ranges::any_of(elements, [node](const char* name) { return Is(node, name); });
 }
@@ -130,8 +172,10 @@ class PageRows {
   void AddText(const xmlNode* node) {
     const std::string_view text(
         node->content == nullptr ? "" : reinterpret_cast<const char*>(node->content));
+    const xmlNode* lines = Around(node, {"pre"});
     if (Trimmed(text).empty()) {
       text_ += ' ';
+      line_ended_ |= lines != nullptr && text.find('\n') != std::string_view::npos;
       return;
     }
     if (Around(node, {"script", "style", "title"}) != nullptr) {
@@ -141,11 +185,28 @@ class PageRows {
     if (cell_ != nullptr && Around(node, {"td", "th"}) != cell_) {
       EndRow();
     }
+    if (lines != lines_ && cell_ != nullptr) {
+      AddLetter(' ');
+    }
+    line_ended_ |= lines != lines_ && cell_ == nullptr;
+    lines_ = lines;
     for (const char one : text) {
-      const bool blank = one == '\n' || one == '\r' || one == '\t' || one == ' ';
-      if (text_.size() < kLongestCell && !(blank && text_.ends_with(' '))) {
-        text_ += blank ? ' ' : one;
+      AddLetter(one);
+    }
+  }
+
+  /// Where line ends are shown, the text behind one is a row of its own.
+  void AddLetter(char one) {
+    const bool blank = one == '\n' || one == '\r' || one == '\t' || one == ' ';
+    line_ended_ |= one == '\n' && lines_ != nullptr;
+    if (line_ended_ && !blank) {
+      if (!Trimmed(text_).empty()) {
+        EndRow();
       }
+      line_ended_ = false;
+    }
+    if (text_.size() < kLongestCell && !(blank && text_.ends_with(' '))) {
+      text_ += blank ? ' ' : one;
     }
   }
 
@@ -158,6 +219,7 @@ class PageRows {
       any_ = true;
     }
     text_.clear();
+    line_ended_ = false;
   }
 
   /// A longer text was cut, perhaps within a letter.
@@ -182,9 +244,11 @@ class PageRows {
   TableBuilder builder_;
   std::size_t count_ = 0;  ///< rows that are complete
   std::size_t column_ = 0;
-  bool any_ = false;               ///< the row has a text
-  const xmlNode* row_ = nullptr;   ///< of the cell
-  const xmlNode* cell_ = nullptr;  ///< whose text it is; nullptr outside tables
+  bool any_ = false;                ///< the row has a text
+  const xmlNode* row_ = nullptr;    ///< of the cell
+  const xmlNode* cell_ = nullptr;   ///< whose text it is; nullptr outside tables
+  const xmlNode* lines_ = nullptr;  ///< of the last text: what shows line ends; nullptr for none
+  bool line_ended_ = false;         ///< the text that follows is on another line
   std::string text_;
 };
 
@@ -200,11 +264,15 @@ struct HtmlDocument::Document {
 };
 
 HtmlDocument::HtmlDocument(std::string_view html) : document_(std::make_unique<Document>()) {
-  if (html.size() <= kLargestFile) {
-    document_->tree = htmlReadMemory(
-        html.data(), static_cast<int>(html.size()), nullptr, IsUtf8(html) ? "UTF-8" : nullptr,
-        HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET);
+  if (html.size() > kLargestFile) {
+    return;
   }
+  // The letters that the page names are passed over where it is UTF-8.
+  const std::string in_utf8 = IsUtf16(html) ? FromUtf16(html) : std::string();
+  const std::string_view page = in_utf8.empty() ? html : in_utf8;
+  document_->tree = htmlReadMemory(
+      page.data(), static_cast<int>(page.size()), nullptr, IsUtf8(page) ? "UTF-8" : nullptr,
+      HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET);
 }
 
 HtmlDocument::~HtmlDocument() {
@@ -212,14 +280,7 @@ HtmlDocument::~HtmlDocument() {
 }
 
 bool HtmlDocument::IsOne(std::string_view bytes) {
-  const std::string_view start =
-      Trimmed(bytes.starts_with("\xEF\xBB\xBF") ? bytes.substr(3) : bytes);
-  const std::string words =
-      QString::fromUtf8(start.data(), static_cast<qsizetype>(start.size())).toLower().toStdString();
-  return start.starts_with('<') &&
-         std::ranges::any_of(
-             std::array{"<!doctype html", "<html", "<head", "<body", "<table"},
-             [&](const char* sign) { return words.find(sign) != std::string::npos; });
+  return BeginsAsPage(IsUtf16(bytes) ? FromUtf16(bytes) : bytes);
 }
 
 TextTable HtmlDocument::Rows() const {

@@ -7,20 +7,22 @@
 
 namespace quorvane::files {
 
-/// A web page in UTF-8 or in the letters that it names, read as browsers do: what is broken in it
-/// is passed over.
+/// A web page in UTF-8, UTF-16 or the letters that it names, read as browsers do: what is broken in
+/// it is passed over.
 class HtmlDocument {
  public:
   explicit HtmlDocument(std::string_view html);
   ~HtmlDocument();
   HtmlDocument(const HtmlDocument&) = delete;
 
-  /// Whether a text begins as a web page does, whatever the file is called.
+  /// Whether a text, or as much of it as is given, begins as a web page does, whatever the file is
+  /// called. Comments may stand before the page.
   static bool IsOne(std::string_view bytes);
 
   /// What the page shows, from top to bottom: a row for each row of its innermost tables, a cell
-  /// that spans several columns with empty ones behind it, and a row for each other line of text.
-  /// Throws TableError beyond the bounds of a table, and for a page that shows nothing.
+  /// that spans several columns with empty ones behind it, and a row for each other line of text,
+  /// preformatted text included. Throws TableError beyond the bounds of a table, and for a page
+  /// that shows nothing.
   TextTable Rows() const;
 
   /// The addresses that the page links to, in its order, as they are written.

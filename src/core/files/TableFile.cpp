@@ -13,18 +13,6 @@
 namespace quorvane::files {
 namespace {
 
-QByteArray BytesOf(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    Fail(Tr("Files", "%1: %2").arg(path, file.errorString()));
-  }
-  QByteArray bytes = file.read(static_cast<qint64>(kLargestFile) + 1);
-  if (static_cast<std::size_t>(bytes.size()) > kLargestFile) {
-    Fail(Tr("Files", "The file holds more than can be read."));
-  }
-  return bytes;
-}
-
 std::string_view View(const QByteArray& bytes) {
   return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
@@ -60,6 +48,18 @@ TextTable ReadArchived(std::string_view bytes) {
 }
 
 }  // namespace
+
+QByteArray BytesOf(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    Fail(Tr("Files", "%1: %2").arg(path, file.errorString()));
+  }
+  QByteArray bytes = file.read(static_cast<qint64>(kLargestFile) + 1);
+  if (static_cast<std::size_t>(bytes.size()) > kLargestFile) {
+    Fail(Tr("Files", "The file holds more than can be read."));
+  }
+  return bytes;
+}
 
 bool HasTableEnding(const QString& path) {
   static const QStringList kEndings{QStringLiteral("csv"), QStringLiteral("xls"),

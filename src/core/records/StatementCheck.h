@@ -11,8 +11,10 @@ struct StatementCheck {
   AccountId account;
   QString statement_day;  ///< at whose end, dd/mm/yyyy
   int compared = 0;       ///< holdings on either side
-  int differing = 0;      ///< those that do not agree, and rows that could not be understood
+  int differing = 0;      ///< those that do not agree, and its rows that could not be understood
   QString checked_on;     ///< dd/mm/yyyy
+
+  bool operator==(const StatementCheck&) const = default;
 };
 
 template <>

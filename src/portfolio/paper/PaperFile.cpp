@@ -16,13 +16,12 @@ bool BeginsAsPdf(QFile& file) {
 }
 
 bool BeginsAsWebPage(QFile& file) {
-  constexpr qint64 kHead = 4096;
+  constexpr qint64 kHead = 65'536;  // bytes, with comments before the page
   return files::HtmlDocument::IsOne(file.peek(kHead).toStdString());
 }
 
-files::TextTable ReadWebPage(QFile& file) {
-  const std::string page = file.readAll().toStdString();
-  return files::HtmlDocument(page).Rows();
+files::TextTable ReadWebPage(const QString& path) {
+  return files::HtmlDocument(files::BytesOf(path).toStdString()).Rows();
 }
 
 }  // namespace
@@ -41,7 +40,7 @@ Result<PaperContent> ReadPaper(const QString& path, const QStringList& passwords
     return PaperContent(LinesOf(*text));
   }
   try {
-    return PaperContent(BeginsAsWebPage(file) ? ReadWebPage(file) : files::ReadTableFile(path));
+    return PaperContent(BeginsAsWebPage(file) ? ReadWebPage(path) : files::ReadTableFile(path));
   } catch (const files::TableError& error) {
     return Refusal{QString::fromUtf8(error.what())};
   }

@@ -28,8 +28,8 @@ struct Lot {
 MaybeRefusal CheckWhole(const Statement& statement, const StatementOwner& owner) {
   if (!statement.doubts.empty()) {
     QStringList doubts;
-    for (const std::string& doubt : statement.doubts) {
-      doubts << QString::fromStdString(doubt);
+    for (const Doubt& doubt : statement.doubts) {
+      doubts << QString::fromStdString(doubt.text);
     }
     return Refusal{
         Tr("Reconcile", "Rows of the Statement could not be Understood:\n%1").arg(Listed(doubts))};

@@ -235,6 +235,18 @@ std::vector<AccountId> AccountsOf(const StatementOwner& owner) {
   return {accounts.begin(), accounts.end()};
 }
 
+/// Rows of an account that is not the client's are no doubt about those that are.
+std::vector<AccountId> DoubtsOf(const Statement& statement, const StatementOwner& owner) {
+  std::vector<AccountId> doubts;
+  for (const Doubt& doubt : statement.doubts) {
+    const auto account = owner.accounts.find(doubt.account);
+    if (account != owner.accounts.end() || doubt.account.empty()) {
+      doubts.push_back(account == owner.accounts.end() ? AccountId() : account->second);
+    }
+  }
+  return doubts;
+}
+
 QStringList NotesOf(const Statement& statement, const StatementOwner& owner,
                     const positions::Positions& positions) {
   QStringList notes;
@@ -242,8 +254,8 @@ QStringList NotesOf(const Statement& statement, const StatementOwner& owner,
     notes << QStringLiteral("Account %1 of the statement is no demat account of the client.")
                  .arg(account);
   }
-  for (const std::string& doubt : statement.doubts) {
-    notes << QStringLiteral("Not understood, ") + Utf8(doubt);
+  for (const Doubt& doubt : statement.doubts) {
+    notes << QStringLiteral("Not understood, ") + Utf8(doubt.text);
   }
   if (statement.folio_rows > 0) {
     notes << QStringLiteral("%1 folios of mutual funds are in no demat account and were left out.")
@@ -274,10 +286,11 @@ Result<Reconciliation> Reconcile(database::Connection& connection, const Stateme
   comparison.TakeStated(statement);
   Reconciliation result{.client = query.client,
                         .day = owner->day,
+                        .stated_day = statement.day.value_or(owner->day),
                         .accounts = AccountsOf(*owner),
                         .rows = comparison.Rows(),
                         .notes = {},
-                        .doubts = statement.doubts.size()};
+                        .doubts = DoubtsOf(statement, *owner)};
   Causes(connection, query.client, owner->day, progress).Find(result.rows);
   result.notes = NotesOf(statement, *owner, positions);
   return result;

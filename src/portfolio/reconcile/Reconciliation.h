@@ -68,11 +68,12 @@ struct ReconciledRow {
 
 struct Reconciliation {
   ClientId client;
-  text::Date day{};
+  text::Date day{};                 ///< at whose end the books were compared
+  text::Date stated_day{};          ///< that the statement names; as `day` when it names none
   std::vector<AccountId> accounts;  ///< that the statement covers, each once
   std::vector<ReconciledRow> rows;  ///< by account and name
   QStringList notes;                ///< what could not be compared, in English
-  std::size_t doubts = 0;           ///< rows of the statement that could not be understood
+  std::vector<AccountId> doubts;    ///< of each row not understood its account; none: not known
 
   std::size_t Differences() const;
 };

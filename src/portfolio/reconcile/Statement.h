@@ -21,15 +21,21 @@ struct StatedHolding {
   std::size_t line = 0;  ///< of the text, from 1 on
 };
 
+/// A row that could not be understood.
+struct Doubt {
+  std::string account;  ///< as StatedHolding::account
+  std::string text;     ///< "line 7: INE...: why", in English
+};
+
 /// What a depository or a participant says is held.
 struct Statement {
   std::optional<text::Date> day;      ///< at whose end
   std::vector<std::string> accounts;  ///< in the order in which they come, each once
   std::vector<StatedHolding> holdings;
 
-  std::vector<std::string> doubts;  ///< rows that could not be understood, in English
-  std::size_t folio_rows = 0;       ///< units of mutual funds that are in no demat account
-  std::string no_holdings;          ///< "MARGIN STATEMENT" when it is something else
+  std::vector<Doubt> doubts;   ///< in the order of the rows
+  std::size_t folio_rows = 0;  ///< units of mutual funds that are in no demat account
+  std::string no_holdings;     ///< "MARGIN STATEMENT" when it is something else
 };
 
 }  // namespace quorvane::reconcile

@@ -153,8 +153,9 @@ class LineReader {
     holding.isin = paper::IsinIn(line.words[place].text);
     holding.line = line.number;
     if (!text::IsValidIsin(holding.isin)) {
-      statement_.doubts.push_back(fmt::format("line {}: {} is no ISIN, its check digit is wrong",
-                                              line.number, holding.isin));
+      statement_.doubts.push_back(
+          {holding.account, fmt::format("line {}: {} is no ISIN, its check digit is wrong",
+                                        line.number, holding.isin)});
       return;
     }
     const auto rest = std::span(line.words).subspan(place + 1);
@@ -231,8 +232,8 @@ class LineReader {
   }
 
   void Doubt(const StatedHolding& holding, const char* why) {
-    statement_.doubts.push_back(
-        fmt::format("line {}: {} {}: {}", holding.line, holding.isin, holding.name, why));
+    statement_.doubts.push_back({holding.account, fmt::format("line {}: {} {}: {}", holding.line,
+                                                              holding.isin, holding.name, why)});
   }
 
   static constexpr int kLinesOfARow = 3;

@@ -70,10 +70,10 @@ void TakeRow(Statement& statement, const TextRow& row, const Columns& columns,
   const auto read = readable ? ReadNumbers(numbers, columns.kinds) : std::nullopt;
   if (!text::IsValidIsin(isin)) {
     statement.doubts.push_back(
-        fmt::format("line {}: {} is no ISIN, its check digit is wrong", row.line, isin));
+        {account, fmt::format("line {}: {} is no ISIN, its check digit is wrong", row.line, isin)});
   } else if (!read) {
     statement.doubts.push_back(
-        fmt::format("line {}: {}: its quantity is not clear", row.line, isin));
+        {account, fmt::format("line {}: {}: its quantity is not clear", row.line, isin)});
   } else {
     statement.holdings.push_back({.account = account,
                                   .isin = isin,

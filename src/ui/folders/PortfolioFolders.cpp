@@ -21,7 +21,7 @@ QString Told(const portfolio::ImportResult& result) {
     if (count.added > 0) {
       lines << QStringLiteral("%1 %2")
                    .arg(static_cast<qulonglong>(count.added))
-                   .arg(QString::fromStdString(count.what));
+                   .arg(Tr("Portfolio", count.what.c_str()));
     }
   }
   for (const std::string& note : result.notes) {

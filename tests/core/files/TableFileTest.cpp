@@ -113,6 +113,30 @@ class TableFileTest : public QObject {
              rows);
   }
 
+  void PageShowsItsRows_data() {
+    const test::Table<QByteArray, QStringList> row;
+    const QString utf16 = QString(QChar(0xFEFF)) + "<meta charset=utf-8><table><tr><td>₹ 5<td>x";
+    row("UTF-16, which names other letters",
+        QByteArray(reinterpret_cast<const char*>(utf16.utf16()), utf16.size() * 2),
+        QStringList("1:₹ 5|x"));
+    row("behind a long comment",
+        "\xEF\xBB\xBF<?xml version='1.0'?>\n<!--" + QByteArray(9000, '-') + "-->\n<html><p>x",
+        QStringList("1:x"));
+    row("lines of a preformatted text",
+        "<html>above<pre>\n a  1\r\n<b>b</b>\n\n\n<b>c</b> 2\n</pre>below",
+        QStringList({"1:above", "2:a 1", "3:b", "4:c 2", "5:below"}));
+    row("preformatted cells",
+        "<table><tr><td><pre>\na\n</pre><td>b: <pre>c\n</pre><tr><td><pre>d\ne</pre>",
+        QStringList({"1:a|b: c", "2:d", "3:e"}));
+  }
+  void PageShowsItsRows() {
+    const auto [bytes, rows] = test::Table<QByteArray, QStringList>::Row();
+    const std::string page = bytes.toStdString();
+    QVERIFY(HtmlDocument::IsOne(page));
+    QCOMPARE(RowsOf(HtmlDocument(page).Rows()), rows);
+    QVERIFY(!HtmlDocument::IsOne("<!-- no page --> but, text"));
+  }
+
   void PageGivesItsTablesAndLinks() {
     const HtmlDocument page(
         "<html><body><a href='x.htm'>x</a><table id=grd1><tr><th>Code<th>LTP<tr><td>5&#38;&#x36;"

@@ -1,8 +1,10 @@
 #include "portfolio/Import.h"
 #include "portfolio/paper/Owners.h"
+#include "portfolio/reconcile/KeptChecks.h"
 #include "portfolio/reconcile/Reconciliation.h"
 #include "support/DatabaseTest.h"
 #include "support/Desk.h"
+#include "support/Records.h"
 
 using namespace quorvane;
 using namespace quorvane::reconcile;
@@ -61,7 +63,8 @@ class ReconciliationTest : public test::DeskTest {
  private Q_SLOTS:
   void init() {
     desk_->Empty();
-    test::Empty(desk_->Connection(), {"ScripIsin", "CorpAction", "CorpActionLot"});
+    test::Empty(desk_->Connection(),
+                {"ScripIsin", "CorpAction", "CorpActionLot", "StatementCheck"});
     for (const auto& [scrip, isin] :
          {std::pair(desk_->scrip, "INE999A01015"), std::pair(desk_->scrip, "INE999C01037"),
           std::pair(desk_->second_scrip, "INE999B01021")}) {
@@ -109,6 +112,51 @@ class ReconciliationTest : public test::DeskTest {
     QCOMPARE(Told({Stated("1001", "INE999A01015", 100)}),
              QStringList("1001 RELIANCE 150 100: Differs (Bonus 1:2 of 28/10/2011 is applied; its "
                          "shares come later)"));
+  }
+
+  void ComparisonIsKeptOfEachAccountAndTheStatementsDay_data() {
+    // The statement's day and the one asked for, its accounts, those of its rows in doubt; what is
+    // kept: account, day, compared, differing.
+    const test::Table<QString, QString, QStringList, QStringList, QString> row;
+    const QStringList one("1001");
+    const QStringList two{"1001", "1002"};
+    row("doubts of one account", "31/10/2011", "", two, QStringList({"1002", "1002"}),
+        "1001 31/10/2011 1 1, 1002 31/10/2011 0 2");
+    row("doubts of no known account", "31/10/2011", "", two, QStringList({"", "9001"}),
+        "1001 31/10/2011 1 1, 1002 31/10/2011 0 0");
+    row("of the only account", "31/10/2011", "31/10/2011", one, QStringList({"", "9001"}),
+        "1001 31/10/2011 1 2");
+    row("no day in the statement", "", "30/10/2011", one, QStringList(), "1001 30/10/2011 1 1");
+    row("books of another day", "31/10/2011", "01/11/2011", one, QStringList(), "");
+  }
+  void ComparisonIsKeptOfEachAccountAndTheStatementsDay() {
+    const auto [day, asked, accounts, doubts, kept] =
+        test::Table<QString, QString, QStringList, QStringList, QString>::Row();
+    Statement statement;
+    statement.day = text::ParseDmy(day);
+    statement.holdings = {Stated("1001", "INE999A01015", 5)};
+    for (const QString& account : accounts) {
+      statement.accounts.push_back(account.toStdString());
+    }
+    for (const QString& account : doubts) {
+      statement.doubts.push_back({account.toStdString(), "line 1: not clear"});
+    }
+    const text::Date today = *text::MakeDate(15, 11, 2011);
+    Progress progress;
+    const auto result = Reconcile(
+        desk_->Connection(), statement,
+        {.client = desk_->client, .day = text::ParseDmy(asked), .today = today}, progress);
+    QVERIFY(result);
+    KeepCheck(desk_->Connection(), *result, today);
+    const std::string deletes = "Show Session Status Like 'Handler_delete'";
+    const QStringList before = test::Rows(desk_->Connection(), deletes);
+    KeepCheck(desk_->Connection(), *result, today);
+    QCOMPARE(test::Rows(desk_->Connection(), deletes), before);
+    QCOMPARE(test::Rows(desk_->Connection(),
+                        "Select Concat_Ws(' ',A.ACNo,S.StatementDay,S.Compared,S.Differing) From "
+                        "StatementCheck S Join ClientActDet A On A.id=S.AcId Order By A.ACNo")
+                 .join(QStringLiteral(", ")),
+             kept);
   }
 
   void StatementOfOtherAccountsIsRefused_data() {

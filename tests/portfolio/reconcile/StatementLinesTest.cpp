@@ -19,8 +19,8 @@ QString Told(const Statement& statement) {
     told << QStringList{Utf8(one.account), Utf8(one.isin), text::NumberText(one.quantity.Number())}
                 .join(QLatin1Char(' '));
   }
-  for (const std::string& doubt : statement.doubts) {
-    told << QStringLiteral("doubt ") + Utf8(doubt).section(QLatin1Char(':'), 0, 0);
+  for (const Doubt& doubt : statement.doubts) {
+    told << QStringLiteral("doubt ") + Utf8(doubt.text).section(QLatin1Char(':'), 0, 0);
   }
   told << (statement.day ? text::FormatDmy(*statement.day) : QStringLiteral("no day"));
   if (statement.folio_rows > 0) {

@@ -3,6 +3,7 @@
 #include "core/changes/Undo.h"
 #include "core/ledger/Rebuild.h"
 #include "core/records/Masters.h"
+#include "core/records/StatementCheck.h"
 #include "core/records/Writing.h"
 #include "support/DatabaseTest.h"
 #include "support/Desk.h"
@@ -156,7 +157,8 @@ class UndoTest : public test::DeskTest {
  private Q_SLOTS:
   void init() {
     desk_->Empty();
-    test::Empty(desk_->Connection(), {"CorpAction", "CorpActionLot", "Dividend", "ChangeLog"});
+    test::Empty(desk_->Connection(),
+                {"CorpAction", "CorpActionLot", "Dividend", "StatementCheck", "ChangeLog"});
     desk_->Connection().Execute("Update ChangeHead Set LastId=0,LastHash='',BaseId=0,BaseHash=''");
     desk_->Connection().SetAuthor({QStringLiteral("ANITA"), QStringLiteral("desk-1")});
     bills::Bill bill = desk_->NewBill({desk_->Purchase(10, 100), desk_->Purchase(5, 90)});
@@ -309,6 +311,12 @@ class UndoTest : public test::DeskTest {
   void UndoStepsBackThroughOwnChanges() {
     AddBill(*desk_, {desk_->Purchase(3, 70)});
     AddBill(*desk_, {desk_->Purchase(4, 60)});
+    database::InTransaction(desk_->Connection(), [&](database::Transaction& transaction) {
+      records::Insert(transaction, records::StatementCheck{.client = desk_->client,
+                                                           .account = desk_->account,
+                                                           .statement_day = {},
+                                                           .checked_on = {}});
+    });
     desk_->Connection().SetAuthor({QStringLiteral("RAVI"), {}});
     AddBill(*desk_, {desk_->Purchase(1, 50)});
     desk_->Connection().SetAuthor({QStringLiteral("ANITA"), {}});
@@ -317,6 +325,7 @@ class UndoTest : public test::DeskTest {
     QCOMPARE(UndoLast(), test::kAccepted);
     QCOMPARE(desk_->LotAt(70), "0@70");
     QCOMPARE(desk_->LotAt(50), "1@50");
+    QCOMPARE(test::Rows(desk_->Connection(), "Select AcId From StatementCheck").size(), 1);
   }
 
   /// Two programs have one bill open: bill, lines and lots stay those of the first save until the

@@ -9,6 +9,7 @@
 
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <QTranslator>
 
 using namespace quorvane;
 using test::ShownMain;
@@ -28,6 +29,16 @@ void AddItems(const QList<QAction*>& actions, QStringList& names) {
     }
   }
 }
+
+/// Knows one word of Hindi.
+class OneWord : public QTranslator {
+ public:
+  bool isEmpty() const override { return false; }
+  QString translate(const char* /*context*/, const char* text, const char* /*sense*/,
+                    int /*count*/) const override {
+    return qstrcmp(text, "brokers") == 0 ? QStringLiteral("ब्रोकर") : QString();
+  }
+};
 
 }  // namespace
 
@@ -185,8 +196,10 @@ class MDIForm1Test : public QObject {
     QCOMPARE(model.Text(0, 2), "name");
     errors->close();
     test::WriteFile(brokers, "name,city\nSHAH,PUNE\n");
+    OneWord hindi;
+    QCoreApplication::installTranslator(&hindi);
     shown.Choose("mnuImpFolder");
-    QVERIFY2(shown.messages.LastText().contains(QStringLiteral("1 broker")),
+    QVERIFY2(shown.messages.LastText().contains(QStringLiteral("1 ब्रोकर")),
              qPrintable(shown.messages.LastText()));
     const QTemporaryDir out;
     shown.desk.ask_folder = [&](QWidget*, const QString&) { return out.path(); };

@@ -77,7 +77,8 @@ void FrmReconcile::CmdFile_Click() {
     return Show(Refusal{tr("Select Client."), Field::kClients});
   }
   const QString path = TheDesk().ask_open_path(
-      this, QString(), tr("Statements (*.pdf *.csv *.xlsx *.xls *.ods);;All Files (*)"));
+      this, QString(),
+      tr("Statements (*.pdf *.htm *.html *.csv *.xlsx *.xls *.ods);;All Files (*)"));
   if (!path.isEmpty()) {
     path_ = path;
     Read();

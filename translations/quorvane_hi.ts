@@ -1320,6 +1320,16 @@ Save again to Enter it as a new one, or cancel.</source>
         <translation>जब यह रिकॉर्ड आपके पास खुला था, %1 ने %2 पर %3 को इसे हटा दिया।
 इसे नए रिकॉर्ड के रूप में दर्ज करने के लिए फिर से सहेजें, या रद्द करें।</translation>
     </message>
+    <message>
+        <source>%1 Changed many Records on %2 at %3 while You had this one Open. It may be among them.</source>
+        <translation>जब यह रिकॉर्ड आपके पास खुला था, %1 ने %2 पर %3 को बहुत से रिकॉर्ड बदले। यह उनमें हो सकता है।</translation>
+    </message>
+    <message>
+        <source>This Record was Deleted while You had it Open. %1 Changed many Records on %2 at %3.
+Save again to Enter it as a new one, or cancel.</source>
+        <translation>जब यह रिकॉर्ड आपके पास खुला था, इसे हटा दिया गया। %1 ने %2 पर %3 को बहुत से रिकॉर्ड बदले।
+इसे नए रिकॉर्ड के रूप में दर्ज करने के लिए फिर से सहेजें, या रद्द करें।</translation>
+    </message>
 </context>
 <context>
     <name>ClientList</name>
@@ -4862,6 +4872,10 @@ Save this one, too?</source>
         <source>%1 changed this record on %2 at %3. Saving shows what differs.</source>
         <translation>%1 ने %2 पर %3 को यह रिकॉर्ड बदला। सहेजने पर अंतर दिखेगा।</translation>
     </message>
+    <message>
+        <source>%1 changed many records on %2 at %3, this one perhaps among them. Saving shows what differs.</source>
+        <translation>%1 ने %2 पर %3 को बहुत से रिकॉर्ड बदले, शायद यह भी। सहेजने पर अंतर दिखेगा।</translation>
+    </message>
 </context>
 <context>
     <name>quorvane::controls::GridDelegate</name>
@@ -4973,6 +4987,10 @@ Save this one, too?</source>
     <message>
         <source>No record is here yet. Add (Ctrl+N) begins the first.</source>
         <translation>अभी कोई रिकॉर्ड नहीं है। &quot;जोड़ें&quot; (Ctrl+N) पहला रिकॉर्ड शुरू करता है।</translation>
+    </message>
+    <message>
+        <source>No record is here yet.</source>
+        <translation>अभी कोई रिकॉर्ड नहीं है।</translation>
     </message>
 </context>
 <context>

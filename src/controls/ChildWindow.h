@@ -5,12 +5,11 @@
 #include "controls/Messages.h"
 #include "controls/ZENButton.h"
 #include "core/Result.h"
-#include "core/changes/Log.h"
+#include "core/changes/Touched.h"
 
 #include <QWidget>
 
 #include <map>
-#include <span>
 #include <vector>
 
 class QKeySequence;
@@ -45,8 +44,8 @@ class ChildWindow : public QWidget {
   void StayOpen() { agreed_ = false; }
 
   /// Called about once a second while the window is open, with what this and other programs changed
-  /// since (rows are not read); mostly nothing.
-  virtual void LookAround(std::span<const changes::Entry> news) { static_cast<void>(news); }
+  /// since; mostly nothing.
+  virtual void LookAround(const changes::Novelties& news) { static_cast<void>(news); }
 
   /// The menu asked for the window, which is open already.
   virtual void AskedAgain() {}

@@ -18,12 +18,21 @@ void EditWatch::End() {
   record_.reset();
   others_.clear();
   changed_.clear();
+  is_certain_ = false;
   Tell();
 }
 
-void EditWatch::ChangedBy(const changes::Entry& entry) {
-  changed_ = tr("%1 changed this record on %2 at %3. Saving shows what differs.")
-                 .arg(entry.user, entry.host, changes::TimeOf(entry));
+void EditWatch::ChangedBy(const changes::Entry& entry, bool names_it) {
+  if (is_certain_ && !names_it) {
+    return;
+  }
+  is_certain_ = names_it;
+  const QString what =
+      names_it
+          ? tr("%1 changed this record on %2 at %3. Saving shows what differs.")
+          : tr("%1 changed many records on %2 at %3, this one perhaps among them. Saving shows "
+               "what differs.");
+  changed_ = what.arg(entry.user, entry.host, changes::TimeOf(entry));
   Tell();
 }
 

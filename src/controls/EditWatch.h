@@ -23,8 +23,8 @@ class EditWatch : public QLabel {
   void Begin(database::Connection& connection, std::string_view table, int key);
   void End();
 
-  /// Another program saved the record.
-  void ChangedBy(const changes::Entry& entry);
+  /// Another program changed the record, or many of which it may be one.
+  void ChangedBy(const changes::Entry& entry, bool names_it);
 
   /// Tells others that the record is still open and looks who has it, every few seconds at most
   /// unless `now`.
@@ -37,6 +37,7 @@ class EditWatch : public QLabel {
   QElapsedTimer since_look_;
   QString others_;
   QString changed_;
+  bool is_certain_ = false;  ///< that the record was changed
 };
 
 }  // namespace quorvane::controls

@@ -34,7 +34,9 @@ RecordWindow::RecordWindow(Desk& desk, const QString& name, const QString& title
       buttons_(new QHBoxLayout()),
       watch_(new EditWatch()) {
   list_->SetFilterable(true);
-  HintWhenEmpty(*list_, tr("No record is here yet. Add (Ctrl+N) begins the first."));
+  HintWhenEmpty(*list_, May(changes::kEnter)
+                            ? tr("No record is here yet. Add (Ctrl+N) begins the first.")
+                            : tr("No record is here yet."));
   auto* rows = new QVBoxLayout(this);
   if (panels == Panels::kTabs) {
     BuildTabs(*rows);
@@ -223,14 +225,17 @@ void RecordWindow::ImgBack_Click(int panel) {
 }
 
 void RecordWindow::Refill(int id, std::span<const int> changed) {
-  FillAgain(id, changed);
+  const std::int64_t last = LastEntry();
+  const bool is_whole = FillAgain(id, changed);
   ShowRecord(list_->CurrentId());
+  shows_up_to_ = is_whole ? last : shows_up_to_;
 }
 
-/// Without any keys all records are read.
-void RecordWindow::FillAgain(int id, std::span<const int> changed) {
+/// Without any keys all records are read. Returns whether all were.
+bool RecordWindow::FillAgain(int id, std::span<const int> changed) {
   const QScopedValueRollback<bool> filling(filling_, true);
-  if (changed.empty() || !ReadRecords(changed)) {
+  const bool is_whole = changed.empty() || !ReadRecords(changed);
+  if (is_whole) {
     FillList();
   }
   since_filled_.start();
@@ -238,6 +243,12 @@ void RecordWindow::FillAgain(int id, std::span<const int> changed) {
   if (list_->CurrentRow() < 0) {
     list_->SelectRow(0);
   }
+  return is_whole;
+}
+
+std::int64_t RecordWindow::LastEntry() const {
+  const bool has_log = Session().connection != nullptr && !Session().read_only;
+  return has_log && !RecordTable().empty() ? changes::LastEntry(*Session().connection) : 0;
 }
 
 bool RecordWindow::GoTo(int record) {
@@ -333,70 +344,69 @@ void RecordWindow::Activated() {
   ReadAgain();
 }
 
-void RecordWindow::ReadAgain(std::span<const int> changed) {
+void RecordWindow::ReadAgain(std::span<const int> changed, bool shows_chosen) {
   reading_again_ = true;
   TheGuard().Run(QStringLiteral("Form_Activate"), [&] {
     const std::optional<Grid::Order> order = list_->SortedBy();
     const QString chosen = list_->SelectedText();
     FillAgain(current_, changed);
     list_->SortBy(order);
-    if (list_->CurrentId() != current_ || list_->SelectedText() != chosen) {
+    if (shows_chosen || list_->CurrentId() != current_ || list_->SelectedText() != chosen) {
       ShowRecord(list_->CurrentId());
     }
     reading_again_ = false;
   });
 }
 
-void RecordWindow::LookAround(std::span<const changes::Entry> news) {
+void RecordWindow::LookAround(const changes::Novelties& news) {
   if (editing_) {
     return WatchFor(news);
   }
-  if (news.empty() || !isVisible() || reading_again_ || ShowsAlready(news)) {
+  if (news.Entries().empty() || !isVisible() || reading_again_) {
     return;
   }
   constexpr std::size_t kMost = 500;
   const changes::Touched touched = TouchedBy(news);
   const bool singly = !touched.IsUnnamed() && touched.keys.size() <= kMost;
   if (!touched.IsNothing()) {
-    ReadAgain(singly ? std::span<const int>(touched.keys) : std::span<const int>());
+    ReadAgain(singly ? std::span<const int>(touched.keys) : std::span<const int>(),
+              touched.MayHaveChanged(current_));
   }
 }
 
-void RecordWindow::WatchFor(std::span<const changes::Entry> news) {
-  for (const changes::Entry& entry : news) {
-    if (current_ != 0 && TouchedBy(std::span(&entry, 1)).MayHaveChanged(current_)) {
-      watch_->ChangedBy(entry);
+/// What it saved itself before the edit began is no news.
+void RecordWindow::WatchFor(const changes::Novelties& news) {
+  const auto seen = Session().connection->Edits().Seen(RecordTable(), current_);
+  for (const changes::Entry& entry : news.Entries()) {
+    if (!seen || entry.id <= *seen || !IsOfClient(entry)) {
+      continue;
+    }
+    const changes::Touched touched = news.TouchedBy(entry, RecordTable());
+    if (touched.MayHaveChanged(current_)) {
+      watch_->ChangedBy(entry, touched.Names(current_));
     }
   }
   watch_->LookForOthers(false);
 }
 
-/// Which records of the window's kind the entries changed. Of many entries the rows are not read.
-changes::Touched RecordWindow::TouchedBy(std::span<const changes::Entry> news) const {
+/// Which records of the window's kind the entries changed that the window does not show yet. Of
+/// many entries the rows are not read.
+changes::Touched RecordWindow::TouchedBy(const changes::Novelties& news) const {
   constexpr std::size_t kMany = 50;
   changes::Touched all;
-  all.everything = news.size() > kMany;
-  for (const changes::Entry& entry : news) {
-    if (all.everything || RecordTable().empty() || !IsOfClient(entry)) {
+  all.everything = news.Entries().size() > kMany && news.Entries().back().id > shows_up_to_;
+  for (const changes::Entry& entry : news.Entries()) {
+    const bool is_shown = RecordTable().empty() || entry.id <= shows_up_to_;
+    if (all.everything || is_shown || !IsOfClient(entry)) {
       continue;
     }
-    const changes::Touched one = changes::TouchedBy(*Session().connection, entry, RecordTable());
+    const changes::Touched one = news.TouchedBy(entry, RecordTable());
     all.keys.insert(all.keys.end(), one.keys.begin(), one.keys.end());
     all.went += one.went;
     all.came += one.came;
     all.everything = one.everything;
   }
   return all;
-}
-
-/// The list was filled after this window's own save.
-bool RecordWindow::ShowsAlready(std::span<const changes::Entry> news) const {
-  constexpr qint64 kSinceSaveMs = 1500;
-  const changes::Author& author = Session().connection->Author();
-  return since_filled_.isValid() && since_filled_.elapsed() < kSinceSaveMs &&
-         std::ranges::all_of(news, [&](const changes::Entry& entry) {
-           return entry.user == author.user && entry.host == author.host;
-         });
 }
 
 bool RecordWindow::IsOfClient(const changes::Entry& entry) const {

@@ -39,7 +39,7 @@ class RecordWindow : public ChildWindow {
 
   /// Reads the list again when others changed a record of its kind; what is being edited stays as
   /// it is, with a notice.
-  void LookAround(std::span<const changes::Entry> news) override;
+  void LookAround(const changes::Novelties& news) override;
   Grid& List() { return *list_; }
 
   /// Chooses the record in the list, also where the filter does not show it. A record under entry
@@ -175,13 +175,13 @@ class RecordWindow : public ChildWindow {
   void Rest();
   void ShowRecord(int id);
   void Refill(int id, std::span<const int> changed = {});
-  void FillAgain(int id, std::span<const int> changed);
-  void ReadAgain(std::span<const int> changed = {});
+  bool FillAgain(int id, std::span<const int> changed);
+  void ReadAgain(std::span<const int> changed = {}, bool shows_chosen = false);
+  std::int64_t LastEntry() const;
   bool May(changes::Right right) const;
-  bool ShowsAlready(std::span<const changes::Entry> news) const;
   bool IsOfClient(const changes::Entry& entry) const;
-  changes::Touched TouchedBy(std::span<const changes::Entry> news) const;
-  void WatchFor(std::span<const changes::Entry> news);
+  changes::Touched TouchedBy(const changes::Novelties& news) const;
+  void WatchFor(const changes::Novelties& news);
 
   Panels panels_;
   QWidget* details_;
@@ -194,8 +194,9 @@ class RecordWindow : public ChildWindow {
   bool editing_ = false;
   bool filling_ = false;
   QElapsedTimer since_filled_;
-  bool reading_again_ = false;  ///< also after it failed
-  FormContents begun_with_;     ///< when editing began
+  std::int64_t shows_up_to_ = 0;  ///< the last entry of the log before it read everything
+  bool reading_again_ = false;    ///< also after it failed
+  FormContents begun_with_;       ///< when editing began
   EditWatch* watch_;
 };
 

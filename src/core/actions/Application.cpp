@@ -256,12 +256,14 @@ QStringList OutdatedActions(Connection& connection, Progress& progress) {
   return texts;
 }
 
-MaybeRefusal CheckIsLast(Transaction& transaction, const Action& action) {
+MaybeRefusal CheckIsLast(Transaction& transaction, const Action& action,
+                         std::span<const Action> together) {
   const auto day = text::ParseDmy(action.ex_day);
   const auto touches = [&](const Action& other) {
     const bool same = other.scrip == action.scrip || other.scrip == action.other ||
                       (other.other && (other.other == action.scrip || other.other == action.other));
-    return other.applied && other.id != action.id && same;
+    return other.applied && other.id != action.id && same &&
+           std::ranges::find(together, other.id, &Action::id) == together.end();
   };
   for (const Action& other : records::Select<Action>(transaction.GetConnection()).All()) {
     const auto other_day = text::ParseDmy(other.ex_day);

@@ -35,7 +35,9 @@ std::vector<AccountEffect> EffectsOf(database::Connection& connection, const Act
 ChosenShares AppliedShares(database::Connection& connection, const Action& action);
 
 /// Refuses when an action of a later day, or one applied after it, touched lots of the same scrips.
-MaybeRefusal CheckIsLast(database::Transaction& transaction, const Action& action);
+/// Those of `together`, which are taken back with it, do not count.
+MaybeRefusal CheckIsLast(database::Transaction& transaction, const Action& action,
+                         std::span<const Action> together = {});
 
 /// Whether the records still give the holdings that an action was applied to. If not, because bills
 /// of earlier days were entered or deleted, it is to be taken back and applied again.

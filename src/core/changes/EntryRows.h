@@ -68,13 +68,17 @@ struct EntryRows {
 
 namespace detail {
 
-/// Calls `take` with the columns and the values of each row of a table.
-template <class Take>
+/// Calls `take` with a reader of the table's columns and the values of each row.
+template <class Record, class Take>
 void EachRow(const QJsonObject& tables, std::string_view table, const Take& take) {
-  const QJsonObject rows = tables[QLatin1String(table.data(), std::ssize(table))].toObject();
-  const QJsonArray columns = rows[QLatin1String("columns")].toArray();
+  const auto found = tables.find(QLatin1String(table.data(), std::ssize(table)));
+  if (found == tables.end()) {
+    return;
+  }
+  const QJsonObject rows = found->toObject();
+  const records::RowReader<Record> reader(rows[QLatin1String("columns")].toArray());
   for (const auto& values : rows[QLatin1String("rows")].toArray()) {
-    take(columns, values.toArray());
+    take(reader, values.toArray());
   }
 }
 
@@ -91,12 +95,12 @@ inline std::optional<EntryRows> ReadRows(const Entry& entry) {
   rows.ForEach([&]<class Record>(RowsOf<Record>& of) {
     const QLatin1String name(of.table.data(), std::ssize(of.table));
     known += (before.contains(name) ? 1 : 0) + (after.contains(name) ? 1 : 0);
-    detail::EachRow(before, of.table, [&](const QJsonArray& columns, const QJsonArray& values) {
-      of.removed.push_back(records::RecordOf<Record>(columns, values));
-      of.removed_nulls.push_back(records::NullsOf<Record>(columns, values));
+    detail::EachRow<Record>(before, of.table, [&](const auto& reader, const QJsonArray& values) {
+      of.removed.push_back(reader.RecordOf(values));
+      of.removed_nulls.push_back(reader.NullsOf(values));
     });
-    detail::EachRow(after, of.table, [&](const QJsonArray& columns, const QJsonArray& values) {
-      of.added.push_back(records::RecordOf<Record>(columns, values));
+    detail::EachRow<Record>(after, of.table, [&](const auto& reader, const QJsonArray& values) {
+      of.added.push_back(reader.RecordOf(values));
     });
   });
   return known == before.size() + after.size() && known > 0 ? std::optional(std::move(rows))

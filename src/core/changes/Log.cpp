@@ -90,25 +90,35 @@ Entry EntryOf(const database::Recordset& row, bool with_rows) {
   return entry;
 }
 
-/// The last entry after one number that may have changed the record. Single records are found in
-/// the rows of entries of many, too. The lock shows what was committed since the transaction's
-/// first read.
-std::optional<Entry> LastChangeAfter(Connection& connection, std::int64_t seen,
-                                     const Owner& record) {
+/// What others did to a record since it was read.
+struct Since {
+  std::int64_t last = 0;       ///< the last entry that may have changed it; 0: none
+  std::optional<Entry> entry;  ///< the one to tell of
+  bool names_it = false;       ///< surely changed it
+};
+
+/// The entries after one number that may have changed the record; of them the last one that names
+/// it is told, and one that only counts its rows when none does. Single records are found in the
+/// rows of entries of many, too. The lock shows what was committed since the transaction's first
+/// read.
+Since ChangesAfter(Connection& connection, std::int64_t seen, const Owner& record) {
+  Since since;
   auto rows = connection.Open(
       fmt::format("Select {},OldRows,NewRows From ChangeLog Where Id>? Order By Id Desc Lock In "
                   "Share Mode",
                   kWithoutRows),
       seen);
-  while (rows.Next()) {
+  while (!since.names_it && rows.Next()) {
     Entry entry = EntryOf(rows, true);
     const Touched touched = TouchedBy(entry, record.table);
-    const bool by_name = std::ranges::find(touched.keys, record.key) != touched.keys.end();
-    if (by_name || (touched.MayHaveChanged(record.key) && IsOf(entry, ClientId{record.client}))) {
-      return entry;
+    since.names_it = touched.Names(record.key);
+    const bool may_be = touched.MayHaveChanged(record.key) && IsOf(entry, ClientId{record.client});
+    if (since.names_it || (may_be && !since.entry)) {
+      since.last = std::max(since.last, entry.id);
+      since.entry = std::move(entry);
     }
   }
-  return std::nullopt;
+  return since;
 }
 
 /// A record under edit that others changed or deleted since. What the user has been shown now
@@ -122,13 +132,13 @@ MaybeRefusal CheckIsCurrent(Transaction& transaction, const NewEntry& entry) {
     record.key = missed->key;
   }
   const auto seen = connection.Edits().Seen(record.table, record.key);
-  const std::optional<Entry> theirs =
-      seen ? LastChangeAfter(connection, *seen, record) : std::nullopt;
-  if (!theirs) {
+  const Since since = seen ? ChangesAfter(connection, *seen, record) : Since();
+  if (!since.entry) {
     return std::nullopt;
   }
-  connection.Edits().Begin(record.table, record.key, theirs->id);
-  return missed ? DeletedMeanwhile(*theirs) : ChangedMeanwhile(*theirs, entry);
+  connection.Edits().Begin(record.table, record.key, since.last);
+  return missed ? DeletedMeanwhile(*since.entry, since.names_it)
+                : ChangedMeanwhile(*since.entry, since.names_it, entry);
 }
 
 Entry EntryOf(const Author& author, NewEntry&& made, const Head& head) {

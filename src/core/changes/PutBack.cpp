@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <map>
+#include <ranges>
 
 namespace quorvane::changes {
 namespace {
@@ -105,7 +106,8 @@ void Move(Lots& lots, const RowsOf<Record>& rows) {
   for (const Record& record : rows.removed) {
     ledger::Post(lots, record);
   }
-  for (const Record& record : rows.added) {
+  // The last one first: an action may have worked on the lots of another one.
+  for (const Record& record : rows.added | std::views::reverse) {
     ledger::TakeBack(lots, record);
   }
 }

@@ -3,33 +3,35 @@
 #include "core/changes/EntryRows.h"
 
 #include <algorithm>
-#include <set>
 
 namespace quorvane::changes {
 namespace {
 
-std::vector<int> KeysIn(EntryRows& rows, std::string_view table) {
-  std::set<int> keys;
+using KeysOfTables = std::map<std::string, std::set<int>, std::less<>>;
+
+void AddKeys(EntryRows& rows, KeysOfTables& keys) {
   rows.ForEach([&]<class Record>(const RowsOf<Record>& of) {
     for (const auto* list : {&of.removed, &of.added}) {
       for (const Record& record : *list) {
         const Owner owner = records::OwnerOf(record, of.table);
-        if (owner.table == table) {
-          keys.insert(owner.key);
+        auto known = keys.find(owner.table);
+        if (known == keys.end()) {
+          known = keys.try_emplace(std::string(owner.table)).first;
         }
+        known->second.insert(owner.key);
       }
     }
   });
-  return {keys.begin(), keys.end()};
 }
 
-/// Adds up what is counted of the table and of those whose rows belong to its records.
-void AddCounts(const QJsonObject& counts, std::string_view table, Touched& touched) {
+/// Adds up what is counted of each table and of those whose rows belong to its records.
+void AddCounts(const QJsonObject& counts, std::map<std::string, Touched, std::less<>>& tables) {
   EntryRows all;
   all.ForEach([&]<class Record>(const RowsOf<Record>& of) {
-    if (records::OwnerOf(Record(), of.table).table == table) {
-      const QJsonArray both =
-          counts[QLatin1String(of.table.data(), std::ssize(of.table))].toArray();
+    const auto found = counts.find(QLatin1String(of.table.data(), std::ssize(of.table)));
+    if (found != counts.end()) {
+      const QJsonArray both = found->toArray();
+      Touched& touched = tables[std::string(records::OwnerOf(Record(), of.table).table)];
       touched.went += both.at(0).toInteger();
       touched.came += both.at(1).toInteger();
     }
@@ -38,32 +40,48 @@ void AddCounts(const QJsonObject& counts, std::string_view table, Touched& touch
 
 }  // namespace
 
-bool Touched::MayHaveChanged(int key) const {
-  return everything || went > 0 || std::ranges::find(keys, key) != keys.end();
+bool Touched::Names(int key) const {
+  return std::ranges::find(keys, key) != keys.end();
 }
 
-Touched TouchedBy(const Entry& entry, std::string_view table) {
-  Touched touched;
-  if (entry.table == kEverything || entry.kind == Kind::kRepaired) {
-    touched.everything = true;
-    return touched;
+TouchedTables::TouchedTables(const Entry& entry)
+    : everything_(entry.table == kEverything || entry.kind == Kind::kRepaired) {
+  if (everything_) {
+    return;
   }
   if (std::optional<EntryRows> rows = ReadRows(entry)) {
-    touched.keys = KeysIn(*rows, table);
-    return touched;
+    AddKeys(*rows, keys_);
+    return;
   }
-  if (entry.table == table && entry.key != 0) {
-    touched.keys = {entry.key};
+  if (entry.key != 0) {
+    keys_[entry.table] = {entry.key};
   }
   const QJsonObject after =
       QJsonDocument::fromJson(QByteArray::fromStdString(entry.new_rows)).object();
-  AddCounts(after[QLatin1String("counts")].toObject(), table, touched);
+  AddCounts(after[QLatin1String("counts")].toObject(), counts_);
+}
+
+Touched TouchedTables::Of(std::string_view table) const {
+  const auto counted = counts_.find(table);
+  Touched touched = counted == counts_.end() ? Touched() : counted->second;
+  touched.everything = everything_;
+  if (const auto found = keys_.find(table); found != keys_.end()) {
+    touched.keys.assign(found->second.begin(), found->second.end());
+  }
   return touched;
 }
 
-Touched TouchedBy(database::Connection& connection, const Entry& listed, std::string_view table) {
-  const std::optional<Entry> entry = LoadEntry(connection, listed.id);
-  return TouchedBy(entry.value_or(listed), table);
+Touched Novelties::TouchedBy(const Entry& entry, std::string_view table) const {
+  auto known = read_.find(entry.id);
+  if (known == read_.end()) {
+    const std::optional<Entry> whole = LoadEntry(connection_, entry.id);
+    known = read_.emplace(entry.id, TouchedTables(whole.value_or(entry))).first;
+  }
+  return known->second.Of(table);
+}
+
+Touched TouchedBy(const Entry& entry, std::string_view table) {
+  return TouchedTables(entry).Of(table);
 }
 
 bool IsOf(const Entry& entry, ClientId client) {

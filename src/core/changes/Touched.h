@@ -3,6 +3,10 @@
 #include "core/changes/Log.h"
 
 #include <cstdint>
+#include <map>
+#include <set>
+#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -22,14 +26,48 @@ struct Touched {
   bool IsUnnamed() const { return everything || went + came > 0; }
 
   /// Whether a record that was there before may have been changed or deleted.
-  bool MayHaveChanged(int key) const;
+  bool MayHaveChanged(int key) const { return everything || went > 0 || Names(key); }
+
+  /// It surely was, or was added.
+  bool Names(int key) const;
+};
+
+/// Which records of any table one entry touched: its rows are read once for all tables.
+class TouchedTables {
+ public:
+  /// `entry` has its rows.
+  explicit TouchedTables(const Entry& entry);
+
+  Touched Of(std::string_view table) const;
+
+ private:
+  bool everything_ = false;
+  std::map<std::string, std::set<int>, std::less<>> keys_;
+  std::map<std::string, Touched, std::less<>> counts_;
+};
+
+/// New entries of the log that are told to many windows. What an entry touched is read from the
+/// database when somebody first asks, and only once.
+class Novelties {
+ public:
+  /// `connection` outlives the object. The entries may be without their rows, and are numbered
+  /// upwards.
+  Novelties(database::Connection& connection, std::vector<Entry> entries)
+      : connection_(connection), entries_(std::move(entries)) {}
+
+  std::span<const Entry> Entries() const { return entries_; }
+
+  /// `entry` is one of them. Throws DatabaseError.
+  Touched TouchedBy(const Entry& entry, std::string_view table) const;
+
+ private:
+  database::Connection& connection_;
+  std::vector<Entry> entries_;
+  mutable std::map<std::int64_t, TouchedTables> read_;  ///< by the numbers of entries
 };
 
 /// `entry` has its rows.
 Touched TouchedBy(const Entry& entry, std::string_view table);
-
-/// Reads the rows of an entry that was listed without them.
-Touched TouchedBy(database::Connection& connection, const Entry& listed, std::string_view table);
 
 /// Whether the entry is of that client or of no single one; every entry is when there is no client.
 bool IsOf(const Entry& entry, ClientId client);

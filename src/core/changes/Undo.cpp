@@ -145,8 +145,9 @@ class Taking {
     if (entry_.kind != Kind::kApplied && entry_.kind != Kind::kTakenBack) {
       return std::nullopt;
     }
-    for (const records::Action& action : rows_.Of<records::Action>().added) {
-      if (MaybeRefusal refusal = actions::CheckIsLast(transaction_, action)) {
+    const std::vector<records::Action>& all = rows_.Of<records::Action>().added;
+    for (const records::Action& action : all) {
+      if (MaybeRefusal refusal = actions::CheckIsLast(transaction_, action, all)) {
         return refusal;
       }
     }

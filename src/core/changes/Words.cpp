@@ -268,10 +268,14 @@ Refusal NoRight(Right right) {
   }
 }
 
-Refusal ChangedMeanwhile(const Entry& theirs, const NewEntry& ours) {
+Refusal ChangedMeanwhile(const Entry& theirs, bool names_it, const NewEntry& ours) {
   constexpr std::size_t kMost = 12;
-  QStringList lines{Tr("Changes", "%1 Changed this Record on %2 at %3 while You had it Open.")
-                        .arg(theirs.user, theirs.host, TimeOf(theirs)),
+  const QString who =
+      names_it ? Tr("Changes", "%1 Changed this Record on %2 at %3 while You had it Open.")
+               : Tr("Changes",
+                    "%1 Changed many Records on %2 at %3 while You had this one Open. It may be "
+                    "among them.");
+  QStringList lines{who.arg(theirs.user, theirs.host, TimeOf(theirs)),
                     Tr("Changes", "What differs: as it is Stored, and as You Entered it.")};
   const std::vector<Difference> differences = Differences(ours.old_rows, ours.new_rows);
   for (const Difference& one : std::span(differences).first(std::min(kMost, differences.size()))) {
@@ -284,12 +288,16 @@ Refusal ChangedMeanwhile(const Entry& theirs, const NewEntry& ours) {
   return {lines.join(QLatin1Char('\n')), Field::kNone};
 }
 
-Refusal DeletedMeanwhile(const Entry& theirs) {
-  return {Tr("Changes",
-             "%1 Deleted this Record on %2 at %3 while You had it Open.\nSave again to Enter it as "
-             "a new one, or cancel.")
-              .arg(theirs.user, theirs.host, TimeOf(theirs)),
-          Field::kNone};
+Refusal DeletedMeanwhile(const Entry& theirs, bool names_it) {
+  const QString who =
+      names_it
+          ? Tr("Changes",
+               "%1 Deleted this Record on %2 at %3 while You had it Open.\nSave again to Enter "
+               "it as a new one, or cancel.")
+          : Tr("Changes",
+               "This Record was Deleted while You had it Open. %1 Changed many Records on %2 "
+               "at %3.\nSave again to Enter it as a new one, or cancel.");
+  return {who.arg(theirs.user, theirs.host, TimeOf(theirs)), Field::kNone};
 }
 
 }  // namespace quorvane::changes

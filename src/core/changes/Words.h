@@ -51,9 +51,9 @@ KeyNames NamesIn(const lookups::Directory& directory);
 std::vector<Difference> Differences(const std::string& old_rows, const std::string& new_rows,
                                     const KeyNames& names = {});
 
-/// The refusals of the log.
+/// The refusals of the log. An entry that does not name the record is told as one of many records.
 Refusal NoRight(Right right);
-Refusal ChangedMeanwhile(const Entry& theirs, const NewEntry& ours);
-Refusal DeletedMeanwhile(const Entry& theirs);
+Refusal ChangedMeanwhile(const Entry& theirs, bool names_it, const NewEntry& ours);
+Refusal DeletedMeanwhile(const Entry& theirs, bool names_it);
 
 }  // namespace quorvane::changes

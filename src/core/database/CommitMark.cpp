@@ -67,16 +67,22 @@ bool CommitMark::IsThere() {
   return there;
 }
 
-std::string CommitMark::StateOfOthers(Connection& connection) {
+CommitMark::Others CommitMark::StateOfOthers(Connection& connection) {
   connection.LookForSharedTables();
+  Others others;
   if (!connection.HasSharedTables()) {
-    return {};
+    return others;
   }
-  auto rows = connection.Open(
-      "Select Count(*),Sum(Crc32(Concat(Token,':',Serial))) From CommitMark Where Token<>?",
-      connection.Token());
-  rows.Next();
-  return rows.Text(0).toStdString() + ':' + rows.Text(1).toStdString();
+  others.all = others.records = "-";
+  for (const auto& row : connection.Open(
+           "Select Left(Token,1)=?,Count(*),Sum(Crc32(Concat(Token,':',Serial))) From CommitMark "
+           "Where Token<>? Group By 1 Order By 1",
+           kFigures, connection.Token())) {
+    const std::string state = row.Text(1).toStdString() + ':' + row.Text(2).toStdString() + ';';
+    others.all += state;
+    others.records += row.Int(0) == 0 ? state : "";
+  }
+  return others;
 }
 
 void CommitMark::RemoveOld(Connection& connection) {

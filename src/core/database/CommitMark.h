@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace quorvane::database {
 
@@ -30,15 +31,25 @@ class CommitMark {
   /// be told. Waits some seconds for a server that comes back.
   std::optional<bool> WasCommitted();
 
-  /// A text that is another one after any other connection, of any program, has committed a
+  /// From now on the connection writes no records, only figures that are computed from them. To be
+  /// called before its first transaction.
+  static void WritesFiguresOnly(Connection& connection) { connection.token_.insert(0, kFigures); }
+
+  /// Texts that are other ones after any other connection, of any program, has committed a
   /// transaction. Empty where the database keeps no marks.
-  static std::string StateOfOthers(Connection& connection);
+  struct Others {
+    std::string all;
+    std::string records;  ///< without those that write figures only
+  };
+  static Others StateOfOthers(Connection& connection);
 
   /// Deletes the rows of programs of long ago.
   static void RemoveOld(Connection& connection);
 
  private:
   bool IsThere();
+
+  static constexpr std::string_view kFigures = "~";  ///< begins the token of such a connection
 
   Connection& connection_;
   bool is_kept_ = false;

@@ -9,6 +9,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cmath>
 #include <iterator>
 #include <string>
@@ -94,36 +95,48 @@ std::string RowJson(const Record& record, const Nulls& nulls = {}) {
   return json + "]";
 }
 
-/// The record of an array of values in the order of `columns`; a column that is not among them
-/// keeps what a new record has.
+/// Reads records out of arrays of values that come in the order of `columns`.
 template <class Record>
-Record RecordOf(const QJsonArray& columns, const QJsonArray& values) {
-  Record record;
-  ForEachColumn<Record>([&](const auto& column) {
-    const QLatin1String name(column.name.data(), std::ssize(column.name));
-    for (qsizetype i = 0; i < columns.size() && i < values.size(); ++i) {
-      if (columns[i].toString() == name) {
-        TakeCell(values[i], record.*(column.member));
+class RowReader {
+ public:
+  explicit RowReader(const QJsonArray& columns) {
+    auto place = places_.begin();
+    ForEachColumn<Record>([&](const auto& column) {
+      const QLatin1String name(column.name.data(), std::ssize(column.name));
+      *place = columns.size() - 1;
+      while (*place >= 0 && columns[*place].toString() != name) {
+        --*place;
       }
-    }
-  });
-  return record;
-}
+      ++place;
+    });
+  }
 
-/// Which columns of the record are null in such an array.
-template <class Record>
-Nulls NullsOf(const QJsonArray& columns, const QJsonArray& values) {
-  Nulls nulls;
-  std::size_t place = 0;
-  ForEachColumn<Record>([&](const auto& column) {
-    const QLatin1String name(column.name.data(), std::ssize(column.name));
-    for (qsizetype i = 0; i < columns.size() && i < values.size(); ++i) {
-      nulls[place] = nulls[place] || (columns[i].toString() == name && values[i].isNull());
+  /// A column that is not among the values keeps what a new record has.
+  Record RecordOf(const QJsonArray& values) const {
+    Record record;
+    auto place = places_.begin();
+    ForEachColumn<Record>([&](const auto& column) {
+      if (*place >= 0 && *place < values.size()) {
+        TakeCell(values[*place], record.*(column.member));
+      }
+      ++place;
+    });
+    return record;
+  }
+
+  /// Which columns of the record are null.
+  Nulls NullsOf(const QJsonArray& values) const {
+    Nulls nulls;
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+      nulls[i] = places_[i] >= 0 && places_[i] < values.size() && values[places_[i]].isNull();
     }
-    ++place;
-  });
-  return nulls;
-}
+    return nulls;
+  }
+
+ private:
+  /// Of each column of the record among the values; -1 where it is not.
+  std::array<qsizetype, std::tuple_size_v<decltype(Table<Record>::kColumns)>> places_{};
+};
 
 inline int KeyNumber(int key) {
   return key;

@@ -52,13 +52,14 @@ class HomeWork::Worker : public QObject {
   void Work(const Scope& scope, Progress& until) {
     if (connection_ == nullptr) {
       connection_ = std::make_unique<database::Connection>(settings_);
+      database::CommitMark::WritesFiguresOnly(*connection_);
       checked_state_.clear();
       shown_state_.clear();
       since_.Forget();
     }
     // What is committed from here on is looked at the next time.
-    const std::string state = database::CommitMark::StateOfOthers(*connection_);
-    const bool is_checked = !state.empty() && state == checked_state_ &&
+    const auto [state, records] = database::CommitMark::StateOfOthers(*connection_);
+    const bool is_checked = !records.empty() && records == checked_state_ &&
                             scope.year == checked_year_ && scope.today == checked_day_;
     const bool checks = !read_only_ && !is_checked;
     if (!checks && !state.empty() && state == shown_state_ && scope == shown_scope_) {
@@ -74,7 +75,7 @@ class HomeWork::Worker : public QObject {
     RefreshFigures(
         *connection_, scope.year, scope.today, until, [&] { Show(scope, true, until); }, &known);
     since_.End();
-    checked_state_ = state;
+    checked_state_ = records;
     checked_year_ = scope.year;
     checked_day_ = scope.today;
     Show(scope, false, until);
@@ -92,7 +93,7 @@ class HomeWork::Worker : public QObject {
   std::unique_ptr<database::Connection> connection_;
   std::string shown_state_;
   Scope shown_scope_;
-  std::string checked_state_;  ///< of the others' commits when all was up to date
+  std::string checked_state_;  ///< of the others' commits of records when all was up to date
   text::FinancialYear checked_year_;
   Date checked_day_;
   RecordsSince since_;

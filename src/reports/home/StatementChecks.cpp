@@ -56,6 +56,9 @@ std::vector<CheckedAccount> ReadCheckedAccounts(database::Connection& connection
   for (const auto& row : connection.Open(
            "Select A.id,A.CId,C.Name,A.ACNo From ClientActDet A Join ClientInfo C On C.Id=A.CId "
            "Where (?='' or C.GCode=?) and Exists(Select 1 From HomeHolding H Where H.CId=A.CId) "
+           // Lots of earlier years stay as they were when those years ended.
+           "and Exists(Select 1 From Stock S Where S.Cid=A.CId and S.AcId=A.id and S.Qty>0 and "
+           "S.Fyear=(Select Max(Y.Fyear) From Stock Y Where Y.Cid=A.CId and Y.AcId=A.id)) "
            "Order By C.Name,A.CId,A.ACNo,A.id",
            family, family)) {
     CheckedAccount account{.client = ClientId{row.Int(1)},

@@ -20,7 +20,7 @@ enum class CheckState : std::uint8_t {
   kAgrees
 };
 
-/// A demat account of a client who holds anything, and its last comparison with a statement.
+/// A demat account that holds anything, and its last comparison with a statement.
 struct CheckedAccount {
   ClientId client;
   AccountId account;

@@ -94,8 +94,9 @@ Result<OpeningId> SaveIn(Transaction& transaction, const ClientYear& of, Opening
                                 old.empty() ? AccountId{} : old.front().account, Field::kAccount)) {
     return *refusal;
   }
-  if (old.empty()) {
+  if (old.empty() && lot.id) {
     // A row that was deleted meanwhile is written as a new one.
+    transaction.Changes().Missed("StkOpBal", lot.id.value);
     lot.id = {};
   }
   DeleteRows(transaction, of, old);

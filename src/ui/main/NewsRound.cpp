@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <iterator>
 
 namespace quorvane::ui {
 
@@ -30,10 +31,12 @@ void NewsRound::LookAround() {
   }
   const QScopedValueRollback<bool> looking(looks_around_, true);
   try {
-    const std::vector<changes::Entry> news = news_.Read();
+    std::ranges::move(news_.Read(), std::back_inserter(untold_));
+    const changes::Novelties news(*desk_.session.connection, untold_);
     for (ChildWindow* child : main_.findChildren<ChildWindow*>()) {
       child->LookAround(news);
     }
+    untold_.clear();
   } catch (const database::DatabaseError&) {
     // The user's next step tells of it; a box or a wait each second would only be in the way.
     since_failed_.start();

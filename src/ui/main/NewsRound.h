@@ -17,7 +17,7 @@ class NewsRound {
 
   /// What this and other programs changed since the last look appears in the open windows. Nothing
   /// happens while a transaction is open, while the data is read-only and for half a minute after
-  /// the database failed.
+  /// the database failed; what a window was not told of by then is told to all of them after it.
   void LookAround();
 
   /// Takes the user's last change back, after a question. Refused while a record is under entry.
@@ -29,6 +29,7 @@ class NewsRound {
   controls::Desk& desk_;
   QWidget& main_;
   changes::News news_;
+  std::vector<changes::Entry> untold_;  ///< some windows do not know of yet
   bool looks_around_ = false;
   QElapsedTimer since_failed_;
 };

@@ -1,3 +1,4 @@
+#include "core/database/CommitMark.h"
 #include "core/database/Connection.h"
 #include "core/database/Schema.h"
 #include "core/database/Transaction.h"
@@ -241,6 +242,27 @@ class TransactionTest : public QObject {
         },
         Turn::kAlone);
     QCOMPARE(NumberOf(**database_, "Select Amount From T"), 1);
+  }
+
+  /// A computation that keeps figures is no reason for others to compute them, too.
+  void FiguresAreNoNewsOfRecords() {
+    Prepare();
+    Connection records(database_->Settings());
+    Connection figures(database_->Settings());
+    CommitMark::WritesFiguresOnly(figures);
+    const auto commit = [](Connection& connection, int id) {
+      InTransaction(connection, [&](Transaction& transaction) {
+        transaction.Execute("Insert Into T Values(?,1)", id);
+      });
+    };
+    commit(records, 1);
+    const CommitMark::Others before = CommitMark::StateOfOthers(**database_);
+    commit(figures, 2);
+    const CommitMark::Others then = CommitMark::StateOfOthers(**database_);
+    QVERIFY(then.all != before.all);
+    QCOMPARE(then.records, before.records);
+    commit(records, 3);
+    QVERIFY(CommitMark::StateOfOthers(**database_).records != then.records);
   }
 
   /// The network goes away at the commit: before it reaches the server, or with its answer.

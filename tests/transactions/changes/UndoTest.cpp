@@ -82,16 +82,18 @@ void Pay(Desk& desk) {
            test::kAccepted);
 }
 
-void Bonus(Desk& desk) {
+records::Action BonusOf(const Desk& desk) {
   records::Action action;
   action.kind = records::ActionKind::kBonus;
   action.scrip = desk.scrip;
   action.ex_day = QStringLiteral("01/09/2011");
   action.new_shares = text::Shares(1);
   action.old_shares = text::Shares(1);
-  Progress quiet;
-  corporate_actions::ActionBook book(desk.Connection());
-  const auto saved = book.Save(action);
+  return action;
+}
+
+void Bonus(Desk& desk) {
+  const auto saved = corporate_actions::ActionBook(desk.Connection()).Save(BonusOf(desk));
   QVERIFY2(saved, qPrintable(saved ? QString() : saved.Why().text));
 }
 
@@ -228,6 +230,16 @@ class UndoTest : public test::DeskTest {
     });
     row("action recorded", nothing, Bonus);
     row("action applied", Bonus, ApplyBonus);
+    row("actions of one day recorded and applied at once", nothing, [](Desk& desk) {
+      Progress quiet;
+      records::Action split = BonusOf(desk);
+      split.kind = records::ActionKind::kSplit;
+      split.new_shares = text::Shares(5);
+      const auto applied = corporate_actions::ActionBook(desk.Connection())
+                               .RecordAndApply(std::vector{split, BonusOf(desk)},
+                                               text::Date{std::chrono::days(20000)}, quiet);
+      QVERIFY2(applied, qPrintable(applied ? QString() : applied.Why().text));
+    });
     row(
         "action taken back",
         [](Desk& desk) {
@@ -371,7 +383,7 @@ class UndoTest : public test::DeskTest {
           transaction.Changes().Summarise(changes::Kind::kImported, QStringLiteral("book"));
           replace(transaction, book);
         },
-        "RAVI Changed this Record on desk-2");
+        "RAVI Changed many Records on desk-2");
     row(
         "work of counts of another client",
         [=](database::Transaction& transaction, std::vector<bills::Bill>& book) {
@@ -439,6 +451,35 @@ class UndoTest : public test::DeskTest {
       QCOMPARE(Records(), records);
       QCOMPARE(TextOf(bills.Save(entered).Refused()), test::kAccepted);
     }
+  }
+
+  void OpeningThatIsGoneIsNotSavedTwice_data() {
+    const test::Table<bool, QString> row;  // by a carry forward
+    row("deleted", false, "RAVI Deleted this Record on desk-2");
+    row("carried forward again", true,
+        "This Record was Deleted while You had it Open. RAVI Changed many Records on desk-2");
+  }
+  void OpeningThatIsGoneIsNotSavedTwice() {
+    const auto [carried, text] = test::Table<bool, QString>::Row();
+    const ClientYear next{desk_->client, desk_->year.Next()};
+    database::Connection other(desk_->database.Settings());
+    other.SetAuthor({QStringLiteral("RAVI"), QStringLiteral("desk-2")});
+    QVERIFY(opening_stock::CarryForward(other, next, quiet_));
+    opening_stock::OpeningStockBook book(desk_->Connection(), next);
+    const opening_stock::OpeningLot entered = book.List().front();
+    const changes::EditedRecord mine(desk_->Connection(), "StkOpBal", entered.id.value);
+    if (carried) {
+      QVERIFY(opening_stock::CarryForward(other, next, quiet_));
+    } else {
+      QCOMPARE(TextOf(opening_stock::OpeningStockBook(other, next).Delete(entered.id)),
+               test::kAccepted);
+    }
+    const QStringList records = Records();
+    const QStringList held = Held();
+    const QString told = TextOf(book.Save(entered).Refused());
+    QVERIFY2(told.startsWith(text), qPrintable(told));
+    QCOMPARE(Records(), records);
+    QCOMPARE(Held(), held);
   }
 
   void EntryIsTakenBackOnce() {

@@ -33,6 +33,9 @@ struct Office : ShownMain {
           "SPTrans(Cid,Fyear,SID,Id,SP,StkId,ScriptId,Qty,Rate,Brk,Net,Amt,STax,FO,STT) "
           "Values(?,?,?,1,1,?,?,10,100,0,100,1000,0,0,0)",
           of, year, id, id, scrip);
+      connection.Execute(
+          "Insert Into Stock(Cid,Fyear,Id,AcId,ScriptId,Rate,Qty) Values(?,?,?,?,?,100,10)", of,
+          year, id, account, scrip);
     };
     add(1, client, "2011-12", "10/06/2011");
     add(2, other, "2010-11", "10/06/2010");

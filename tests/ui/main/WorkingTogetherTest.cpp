@@ -1,6 +1,7 @@
 #include "controls/ComboBox.h"
 #include "controls/Grid.h"
 #include "controls/RecordWindow.h"
+#include "controls/TextBox.h"
 #include "core/changes/Log.h"
 #include "core/records/Masters.h"
 #include "core/records/Writing.h"
@@ -36,6 +37,10 @@ class WorkingTogetherTest : public QObject {
     Put(QStringLiteral("ROSE"));
     QTRY_COMPARE_WITH_TIMEOUT(window->List().Model().Text(0, 0), QStringLiteral("ROSE"),
                               test::kPatience);
+    // What the list does not show.
+    Put(QStringLiteral("ROSE"), QStringLiteral("1 MILL LANE"));
+    QTRY_COMPARE_WITH_TIMEOUT(shown_->Named<controls::LinesBox>("Text1_1")->text(),
+                              QStringLiteral("1 MILL LANE"), test::kPatience);
     QCOMPARE(shown_->messages.Texts(), QStringList());
   }
 
@@ -82,7 +87,8 @@ class WorkingTogetherTest : public QObject {
 
   void UserWhoMayOnlyLookFindsButtonsAtRest() {
     shown_->session.connection->SetAuthor({QStringLiteral("ANITA"), {}, 0});
-    OpenBrokers();
+    controls::RecordWindow* window = OpenBrokers();
+    QCOMPARE(window->List().viewport()->findChild<QLabel*>()->text(), "No record is here yet.");
     for (const char* button : {"cmdAdd", "cmdModify", "CmdDelete"}) {
       QVERIFY2(!shown_->Named<controls::ZENButton>(button)->isEnabled(), button);
     }
@@ -103,8 +109,9 @@ class WorkingTogetherTest : public QObject {
   }
 
  private:
-  void Put(const QString& name) {
+  void Put(const QString& name, const QString& address = {}) {
     records::Broker broker;
+    broker.address = address;
     broker.id = BrokerId{1};
     broker.name = name;
     database::InTransaction(*other_, [&](database::Transaction& transaction) {

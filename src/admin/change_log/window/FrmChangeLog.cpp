@@ -171,8 +171,8 @@ void FrmChangeLog::ShowDifferences() {
   VSFRows->SetRows(std::move(rows));
 }
 
-void FrmChangeLog::LookAround(std::span<const changes::Entry> news) {
-  if (!news.empty()) {
+void FrmChangeLog::LookAround(const changes::Novelties& news) {
+  if (!news.Entries().empty()) {
     TheGuard().Run(QStringLiteral("LookAround"), [this] { Fill(); });
   }
 }

@@ -23,7 +23,7 @@ class FrmChangeLog : public controls::ChildWindow {
  public:
   explicit FrmChangeLog(controls::Desk& desk);
 
-  void LookAround(std::span<const changes::Entry> news) override;
+  void LookAround(const changes::Novelties& news) override;
 
  private:
   void Build();

@@ -32,7 +32,8 @@ FrmStatements::FrmStatements(controls::Desk& desk)
       cmdOpen(new controls::ZENButton(QStringLiteral("cmdOpen"), tr("&Compare"))),
       cmdExit(new controls::ZENButton(QStringLiteral("cmdExit"), tr("E&xit"))) {
   Build();
-  FillChoices();
+  FillFamilies();
+  FillStates();
   Read();
 }
 
@@ -73,7 +74,7 @@ void FrmStatements::Build() {
   OnClick(cmdExit, &FrmStatements::cmdExit_Click);
 }
 
-void FrmStatements::FillChoices() {
+void FrmStatements::FillFamilies() {
   QStringList families{tr("All clients")};
   families += Families(*Session().connection);
   CboFamily->SetTexts(families);
@@ -81,6 +82,9 @@ void FrmStatements::FillChoices() {
   if (!CboFamily->ByText(memory.Text(QLatin1String(kMemory), QLatin1String(kFamilyKey)))) {
     CboFamily->setCurrentIndex(0);
   }
+}
+
+void FrmStatements::FillStates() {
   QStringList states{tr("All accounts")};
   for (const CheckState state :
        {CheckState::kDiffers, CheckState::kNever, CheckState::kOld, CheckState::kAgrees}) {
@@ -127,6 +131,11 @@ bool FrmStatements::GoTo(int record) {
   ShowLines();
   VSF->setFocus(Qt::OtherFocusReason);
   return true;
+}
+
+void FrmStatements::AskedAgain() {
+  FillFamilies();
+  Read();
 }
 
 /// An account may have been compared meanwhile; the program is not in the middle of anything.

@@ -20,14 +20,16 @@ class FrmStatements : public controls::ChildWindow {
   /// Lists the accounts that are in a CheckState; 0: all.
   bool GoTo(int record) override;
 
-  void AskedAgain() override { Read(); }
+  /// With the family that the home page shows.
+  void AskedAgain() override;
 
  protected:
   void Activated() override;
 
  private:
   void Build();
-  void FillChoices();
+  void FillFamilies();
+  void FillStates();
   void Read();
   void ShowLines();
 

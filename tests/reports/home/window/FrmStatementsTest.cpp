@@ -1,8 +1,12 @@
+#include "controls/WindowMemory.h"
 #include "core/records/StatementCheck.h"
 #include "core/records/Writing.h"
 #include "reports/home/window/FrmStatements.h"
+#include "reports/home/window/HomeTexts.h"
 #include "support/Desk.h"
 #include "support/ShownWindow.h"
+
+#include <QTemporaryDir>
 
 using namespace quorvane;
 using home::CheckState;
@@ -12,12 +16,16 @@ namespace {
 
 struct Shown : test::ShownWindow<FrmStatements> {
   explicit Shown(test::TestDatabase& database) {
+    Session().folders.application = folder_.path();
     desk_.open_record = [this](const controls::RecordPlace& place) { places.push_back(place); };
     today_ = *text::MakeDate(13, 6, 2011);
     Open(database);
   }
 
   std::vector<controls::RecordPlace> places;
+
+ private:
+  QTemporaryDir folder_;
 };
 
 }  // namespace
@@ -29,6 +37,11 @@ class FrmStatementsTest : public test::DeskTest {
   void AccountsOfAStateLeadToTheirComparison() {
     desk_->Connection().Execute("Insert Into HomeHolding Values(?,?,1,1)", desk_->client,
                                 desk_->scrip);
+    for (const AccountId account : {desk_->account, desk_->second_account}) {
+      desk_->Connection().Execute(
+          "Insert Into Stock(Cid,Fyear,AcId,ScriptId,Rate,Qty) Values(?,?,?,?,100,1)",
+          desk_->client, desk_->year.Utf8(), account, desk_->scrip);
+    }
     database::InTransaction(desk_->Connection(), [&](database::Transaction& transaction) {
       records::Insert(transaction, records::StatementCheck{desk_->client, desk_->second_account,
                                                            QStringLiteral("31/05/2011"), 5, 2,
@@ -45,6 +58,12 @@ class FrmStatementsTest : public test::DeskTest {
     QCOMPARE(shown.places[0].window, "FrmReconcile");
     QCOMPARE(shown.places[0].record, desk_->second_account.value);
     QCOMPARE(shown.places[0].of->client.value, desk_->client.value);
+    // The home page shows another family now.
+    controls::WindowMemory(shown.Session().folders)
+        .Keep(QLatin1String(home::kMemory), QLatin1String(home::kFamilyKey), QStringLiteral("C2"));
+    shown->AskedAgain();
+    shown->GoTo(0);
+    QCOMPARE(shown.RowsOf("VSF"), QStringList());
   }
 };
 

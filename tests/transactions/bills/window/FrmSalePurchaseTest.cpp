@@ -361,7 +361,8 @@ class FrmSalePurchaseTest : public test::DeskTest {
     }
     Open();
     database::Connection other(desk_->database.Settings());
-    other.SetAuthor({QStringLiteral("RAVI"), QStringLiteral("desk-2")});
+    // A second program of the same user on the same computer.
+    other.SetAuthor(desk_->Connection().Author());
     changes::News news(desk_->Connection());
     news.Read();
     BillBook book(other, desk_->of);
@@ -375,7 +376,7 @@ class FrmSalePurchaseTest : public test::DeskTest {
     QCOMPARE(read.size(), std::size_t{3});
     // A bill that the window was not told of shows that it does not read the others.
     other.Execute("Update SPMaster Set BillNo='UNREAD' Where ID=?", stored[0].id);
-    shown_->window->LookAround(read);
+    shown_->window->LookAround(changes::Novelties(desk_->Connection(), read));
     const QStringList rows = shown_->RowsOf("VSF");
     QCOMPARE(rows.filter(QStringLiteral("UNREAD")).size(), qsizetype{0});
     other.Execute("Update SPMaster Set BillNo='B/1' Where ID=?", stored[0].id);

@@ -42,7 +42,7 @@ std::optional<bool> CommitMark::WasCommitted() {
     try {
       return IsThere();
     } catch (const DatabaseError&) {
-      QThread::msleep(kFirstWait * static_cast<unsigned>(look));
+      QThread::msleep(kFirstWait * static_cast<unsigned long>(look));
     }
   }
   return std::nullopt;

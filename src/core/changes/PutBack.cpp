@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 
 namespace quorvane::changes {
 namespace {
@@ -107,8 +106,8 @@ void Move(Lots& lots, const RowsOf<Record>& rows) {
     ledger::Post(lots, record);
   }
   // The last one first: an action may have worked on the lots of another one.
-  for (const Record& record : rows.added | std::views::reverse) {
-    ledger::TakeBack(lots, record);
+  for (auto record = rows.added.rbegin(); record != rows.added.rend(); ++record) {
+    ledger::TakeBack(lots, *record);
   }
 }
 

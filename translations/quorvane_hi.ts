@@ -1807,6 +1807,10 @@ Save again to Enter it as a new one, or cancel.</source>
         <source>agrees</source>
         <translation>मिलता है</translation>
     </message>
+    <message>
+        <source>All clients</source>
+        <translation>सभी ग्राहक</translation>
+    </message>
 </context>
 <context>
     <name>Imports</name>
@@ -5713,10 +5717,6 @@ Save this one, too?</source>
         <translation>पिछले सात दिनों के भाव के बिना (&amp;W)</translation>
     </message>
     <message>
-        <source>All clients</source>
-        <translation>सभी ग्राहक</translation>
-    </message>
-    <message>
         <source>Client</source>
         <translation>ग्राहक</translation>
     </message>
@@ -5840,10 +5840,6 @@ Save this one, too?</source>
         <translation>सूची (&amp;S)</translation>
     </message>
     <message>
-        <source>All clients</source>
-        <translation>सभी ग्राहक</translation>
-    </message>
-    <message>
         <source>All accounts</source>
         <translation>सभी खाते</translation>
     </message>
@@ -5949,10 +5945,6 @@ Save this one, too?</source>
     <message>
         <source>Client</source>
         <translation>ग्राहक</translation>
-    </message>
-    <message>
-        <source>All clients</source>
-        <translation>सभी ग्राहक</translation>
     </message>
     <message>
         <source>Nothing that is held has a rate.</source>

@@ -1,9 +1,9 @@
 #include "reports/home/window/FrmFigures.h"
 
 #include "controls/Style.h"
-#include "controls/WindowMemory.h"
 #include "core/lookups/Directory.h"
 #include "core/text/Amounts.h"
+#include "reports/home/window/FamilyChoice.h"
 #include "reports/home/window/HomeTexts.h"
 
 #include <QHBoxLayout>
@@ -28,13 +28,6 @@ QString TitleOf(FrmFigures::What what) {
                                           : FrmFigures::tr("Holdings of Today");
 }
 
-void AddLabelled(QLayout& line, const QString& text, QWidget* box) {
-  auto* label = new QLabel(text);
-  label->setBuddy(box);
-  line.addWidget(label);
-  line.addWidget(box);
-}
-
 }  // namespace
 
 FrmFigures::FrmFigures(controls::Desk& desk, What what)
@@ -47,7 +40,7 @@ FrmFigures::FrmFigures(controls::Desk& desk, What what)
       cmdBack(new controls::ZENButton(QStringLiteral("cmdBack"), tr("&Back"))),
       cmdExit(new controls::ZENButton(QStringLiteral("cmdExit"), tr("E&xit"))) {
   Build();
-  FillFamilies();
+  OfferFamilies(*CboFamily, Session());
   SetColumns();
   Read();
 }
@@ -109,16 +102,6 @@ void FrmFigures::AddChoices(QLayout& line) {
   }
 }
 
-void FrmFigures::FillFamilies() {
-  QStringList texts{tr("All clients")};
-  texts += Families(*Session().connection);
-  CboFamily->SetTexts(texts);
-  const controls::WindowMemory memory(Session().folders);
-  if (!CboFamily->ByText(memory.Text(QLatin1String(kMemory), QLatin1String(kFamilyKey)))) {
-    CboFamily->setCurrentIndex(0);
-  }
-}
-
 void FrmFigures::FillYears() {
   const auto last = text::FinancialYear::Of(TheDesk().today());
   QStringList texts;
@@ -156,8 +139,8 @@ bool FrmFigures::ListsClients() const {
 Scope FrmFigures::TheScope() const {
   const auto year =
       CboYear == nullptr ? std::nullopt : text::FinancialYear::Parse(CboYear->currentText());
-  return {CboFamily->CurrentPosition() > 0 ? CboFamily->currentText() : QString(),
-          year.value_or(text::FinancialYear::Of(TheDesk().today())), TheDesk().today()};
+  return {ChosenFamily(*CboFamily), year.value_or(text::FinancialYear::Of(TheDesk().today())),
+          TheDesk().today()};
 }
 
 void FrmFigures::Read() {
@@ -293,7 +276,7 @@ bool FrmFigures::GoTo(int record) {
 }
 
 void FrmFigures::AskedAgain() {
-  FillFamilies();
+  OfferFamilies(*CboFamily, Session());
   Read();
 }
 
@@ -306,8 +289,7 @@ void FrmFigures::Activated() {
 }
 
 void FrmFigures::Cbo_Click() {
-  controls::WindowMemory(Session().folders)
-      .Keep(QLatin1String(kMemory), QLatin1String(kFamilyKey), TheScope().family);
+  KeepFamily(Session(), TheScope().family);
   scrip_ = {};
   client_ = {};
   SetColumns();

@@ -44,7 +44,6 @@ class FrmFigures : public controls::ChildWindow {
 
   void Build();
   void AddChoices(QLayout& line);
-  void FillFamilies();
   void FillYears();
   void SetColumns();
   void Read();

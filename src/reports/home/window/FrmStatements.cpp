@@ -1,28 +1,16 @@
 #include "reports/home/window/FrmStatements.h"
 
 #include "controls/Style.h"
-#include "controls/WindowMemory.h"
 #include "reports/home/Figures.h"
+#include "reports/home/window/FamilyChoice.h"
 #include "reports/home/window/HomeTexts.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace quorvane::home {
-namespace {
-
-void AddLabelled(QLayout& line, const QString& text, QWidget* box) {
-  auto* label = new QLabel(text);
-  label->setBuddy(box);
-  line.addWidget(label);
-  line.addWidget(box);
-}
-
-}  // namespace
-
 FrmStatements::FrmStatements(controls::Desk& desk)
     : ChildWindow(desk, QLatin1String(kStatementsWindow), tr("Demat Accounts and Statements"),
                   {720, 460}),
@@ -32,7 +20,7 @@ FrmStatements::FrmStatements(controls::Desk& desk)
       cmdOpen(new controls::ZENButton(QStringLiteral("cmdOpen"), tr("&Compare"))),
       cmdExit(new controls::ZENButton(QStringLiteral("cmdExit"), tr("E&xit"))) {
   Build();
-  FillFamilies();
+  OfferFamilies(*CboFamily, Session());
   FillStates();
   Read();
 }
@@ -74,16 +62,6 @@ void FrmStatements::Build() {
   OnClick(cmdExit, &FrmStatements::cmdExit_Click);
 }
 
-void FrmStatements::FillFamilies() {
-  QStringList families{tr("All clients")};
-  families += Families(*Session().connection);
-  CboFamily->SetTexts(families);
-  const controls::WindowMemory memory(Session().folders);
-  if (!CboFamily->ByText(memory.Text(QLatin1String(kMemory), QLatin1String(kFamilyKey)))) {
-    CboFamily->setCurrentIndex(0);
-  }
-}
-
 void FrmStatements::FillStates() {
   QStringList states{tr("All accounts")};
   for (const CheckState state :
@@ -95,8 +73,8 @@ void FrmStatements::FillStates() {
 }
 
 void FrmStatements::Read() {
-  const QString family = CboFamily->CurrentPosition() > 0 ? CboFamily->currentText() : QString();
-  accounts_ = ReadCheckedAccounts(*Session().connection, family, TheDesk().today());
+  accounts_ =
+      ReadCheckedAccounts(*Session().connection, ChosenFamily(*CboFamily), TheDesk().today());
   since_read_.start();
   ShowLines();
 }
@@ -134,7 +112,7 @@ bool FrmStatements::GoTo(int record) {
 }
 
 void FrmStatements::AskedAgain() {
-  FillFamilies();
+  OfferFamilies(*CboFamily, Session());
   Read();
 }
 

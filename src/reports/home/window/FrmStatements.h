@@ -28,7 +28,6 @@ class FrmStatements : public controls::ChildWindow {
 
  private:
   void Build();
-  void FillFamilies();
   void FillStates();
   void Read();
   void ShowLines();

@@ -1,7 +1,7 @@
 #include "reports/home/window/HomePane.h"
 
 #include "controls/Style.h"
-#include "controls/WindowMemory.h"
+#include "reports/home/window/FamilyChoice.h"
 #include "reports/home/window/FrmFigures.h"
 #include "reports/home/window/HomeTexts.h"
 
@@ -159,19 +159,9 @@ void HomePane::SetBackup(const std::optional<QDateTime>& made) {
 }
 
 void HomePane::FillChoices() {
-  FillFamilies();
+  OfferFamilies(*CboFamily, desk_.session);
   if (!CboYear->HasChoice()) {
     FillYears();
-  }
-}
-
-void HomePane::FillFamilies() {
-  const controls::WindowMemory memory(desk_.session.folders);
-  QStringList texts{tr("All clients")};
-  texts += Families(*desk_.session.connection);
-  CboFamily->SetTexts(texts);
-  if (!CboFamily->ByText(memory.Text(QLatin1String(kMemory), QLatin1String(kFamilyKey)))) {
-    CboFamily->setCurrentIndex(0);
   }
 }
 
@@ -187,8 +177,8 @@ void HomePane::FillYears() {
 
 Scope HomePane::Wanted() const {
   const auto year = text::FinancialYear::Parse(CboYear->currentText());
-  return {CboFamily->CurrentPosition() > 0 ? CboFamily->currentText() : QString(),
-          year.value_or(text::FinancialYear::Of(desk_.today())), desk_.today()};
+  return {ChosenFamily(*CboFamily), year.value_or(text::FinancialYear::Of(desk_.today())),
+          desk_.today()};
 }
 
 void HomePane::Ask() {
@@ -310,8 +300,7 @@ void HomePane::ShowLast() {
 
 void HomePane::Cbo_Click() {
   const Scope wanted = Wanted();
-  controls::WindowMemory(desk_.session.folders)
-      .Keep(QLatin1String(kMemory), QLatin1String(kFamilyKey), wanted.family);
+  KeepFamily(desk_.session, wanted.family);
   if (!shown_ || shown_->scope != wanted) {
     Ask();
   }

@@ -52,7 +52,6 @@ class HomePane : public QWidget {
   QWidget* Head();
   Part AddPart(QGridLayout& layout, const QString& name, int row, int column, int span);
   void FillChoices();
-  void FillFamilies();
   void FillYears();
   void Ask();
   Scope Wanted() const;

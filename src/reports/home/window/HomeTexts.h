@@ -16,10 +16,6 @@ inline constexpr char kHoldingsWindow[] = "FrmHoldings";
 inline constexpr char kGainsWindow[] = "FrmGains";
 inline constexpr char kStatementsWindow[] = "FrmStatements";
 
-/// Where the family that was chosen last is remembered.
-inline constexpr char kMemory[] = "Home";
-inline constexpr char kFamilyKey[] = "Family";
-
 /// A line of the figures.
 struct FigureLine {
   enum class Kind : std::uint8_t {

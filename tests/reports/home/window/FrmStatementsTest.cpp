@@ -1,8 +1,7 @@
-#include "controls/WindowMemory.h"
 #include "core/records/StatementCheck.h"
 #include "core/records/Writing.h"
+#include "reports/home/window/FamilyChoice.h"
 #include "reports/home/window/FrmStatements.h"
-#include "reports/home/window/HomeTexts.h"
 #include "support/Desk.h"
 #include "support/ShownWindow.h"
 
@@ -59,8 +58,7 @@ class FrmStatementsTest : public test::DeskTest {
     QCOMPARE(shown.places[0].record, desk_->second_account.value);
     QCOMPARE(shown.places[0].of->client.value, desk_->client.value);
     // The home page shows another family now.
-    controls::WindowMemory(shown.Session().folders)
-        .Keep(QLatin1String(home::kMemory), QLatin1String(home::kFamilyKey), QStringLiteral("C2"));
+    home::KeepFamily(shown.Session(), QStringLiteral("C2"));
     shown->AskedAgain();
     shown->GoTo(0);
     QCOMPARE(shown.RowsOf("VSF"), QStringList());

@@ -72,7 +72,7 @@ class RecordWindow : public ChildWindow {
   /// Puts all records into List().
   virtual void FillList() = 0;
 
-  /// Reads only those records anew, which others or this window changed, added or deleted, and
+  /// Reads only those records again that others or this window changed, added or deleted, and
   /// shows them at their places in List(). False when FillList is to read all.
   virtual bool ReadRecords(std::span<const int> keys) {
     static_cast<void>(keys);

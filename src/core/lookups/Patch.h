@@ -12,7 +12,7 @@
 namespace quorvane::lookups {
 
 /// Brings single records of a list up to date: those of the keys leave it, and what was read of
-/// them anew comes to its place in the order of `less`. `key_of` gives the key of an item.
+/// them again comes to its place in the order of `less`. `key_of` gives the key of an item.
 template <class Item, class KeyOf, class Less>
 void Patch(std::vector<Item>& list, std::span<const int> keys, std::vector<Item> read,
            const KeyOf& key_of, const Less& less) {

@@ -21,7 +21,7 @@ struct Shown {
 };
 
 /// Works in the background with a connection of its own: shows what is kept at once, compares it
-/// with the records, computes anew what changed, and shows that. Nothing waits for it.
+/// with the records, recomputes what changed, and shows that. Nothing waits for it.
 class HomeWork : public QObject {
   Q_OBJECT
 

@@ -44,7 +44,7 @@ struct Known {
 /// small steps, for a connection of its own in the background: `committed` is called after each
 /// transaction, at most about once a second. With `known` only the changed clients and everyone to
 /// whom shares of theirs came are compared; it takes in what was read. Returns how many clients
-/// were computed anew. Throws DatabaseError and Cancellation; what was committed stays.
+/// were recomputed. Throws DatabaseError and Cancellation; what was committed stays.
 int RefreshFigures(
     database::Connection& connection, text::FinancialYear year, Date today, Progress& progress,
     const std::function<void()>& committed = [] {}, Known* known = nullptr);
